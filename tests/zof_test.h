@@ -1,0 +1,9 @@
+// What every test program includes.
+#ifndef ZOF_TEST_H
+#define ZOF_TEST_H
+
+#include <doctest/doctest.h>
+
+#include "zof.h"
+
+#endif

@@ -1,0 +1,17 @@
+// What the control layer needs of the host protocol above it. Filled in zof_src/zof_wiring.cpp.
+#ifndef ZOF_CTRL_UP_H
+#define ZOF_CTRL_UP_H
+
+#include "zof_lib/zof_type.h"
+
+ZOF_C_BEGIN
+
+typedef struct {
+    s32 (*ctrl_all_event)(u32 view_id, u32 ctrl_id, u32 event); // touch tones and reports
+} zof_ctrl_up_t;
+
+extern const zof_ctrl_up_t zof_ctrl_up;
+
+ZOF_C_END
+
+#endif

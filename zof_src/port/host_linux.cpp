@@ -1,0 +1,117 @@
+// Linux: clock, folders, files and the desktop's size. The serial line is host_linux_serial.cpp.
+#include <dirent.h>
+#include <errno.h>
+#include <fcntl.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <time.h>
+
+#include <atomic>
+
+#include <SDL.h>
+
+#include "port/zof_host.h"
+#include "zof_lib/zof_stdio.h"
+
+struct zof_host_dir {
+    DIR *dir;
+};
+
+// The test's clock, or null for the host's own; read by every thread.
+static std::atomic<const zof_clock_t *> g_clock{nullptr};
+
+static u64 monotonic_ms()
+{
+    timespec now;
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return (u64)now.tv_sec * 1000 + (u64)now.tv_nsec / 1000000;
+}
+
+void zof_clock_set(const zof_clock_t *clock)
+{
+    g_clock = clock;
+}
+
+u32 zof_host_time_ms(void)
+{
+    static const u64 start = monotonic_ms();
+    const zof_clock_t *clock = g_clock;
+    return clock ? clock->now_ms() : (u32)(monotonic_ms() - start);
+}
+
+void zof_host_delay_ms(u32 ms)
+{
+    const zof_clock_t *clock = g_clock;
+    if (clock) {
+        clock->delay_ms(ms);
+        return;
+    }
+    timespec left = {(time_t)(ms / 1000), (long)(ms % 1000) * 1000000};
+    while (nanosleep(&left, &left) != 0 && errno == EINTR) {
+    }
+}
+
+zof_host_dir_t *zof_host_dir_open(const char *path)
+{
+    DIR *dir = path ? opendir(path) : nullptr;
+    if (!dir) {
+        return nullptr;
+    }
+    auto *d = (zof_host_dir_t *)zof_malloc(sizeof(zof_host_dir_t));
+    if (!d) {
+        closedir(dir);
+        return nullptr;
+    }
+    d->dir = dir;
+    return d;
+}
+
+s32 zof_host_dir_read(zof_host_dir_t *dir, zof_host_dirent_t *out)
+{
+    const dirent *entry = dir ? readdir(dir->dir) : nullptr;
+    if (!entry) {
+        return -1;
+    }
+    struct stat st = {};
+    const bool known = fstatat(dirfd(dir->dir), entry->d_name, &st, 0) == 0;
+    out->is_dir = known && S_ISDIR(st.st_mode);
+    out->size = known && S_ISREG(st.st_mode) ? (u64)st.st_size : 0;
+    out->name = entry->d_name;
+    return 0;
+}
+
+void zof_host_dir_close(zof_host_dir_t *dir)
+{
+    if (dir) {
+        closedir(dir->dir);
+        zof_free(dir);
+    }
+}
+
+s32 zof_host_mkdir(const char *path)
+{
+    if (mkdir(path, 0777) == 0) {
+        return 0;
+    }
+    return errno == EEXIST ? 1 : -1;
+}
+
+s64 zof_host_file_size(const char *path)
+{
+    struct stat st;
+    return path && stat(path, &st) == 0 ? (s64)st.st_size : -1;
+}
+
+s32 zof_host_rename(const char *from, const char *to)
+{
+    return rename(from, to) == 0 ? 0 : -1;
+}
+
+void zof_host_screen_size(s32 *w, s32 *h)
+{
+    SDL_Rect bounds = {};
+    const bool known = SDL_GetDisplayBounds(0, &bounds) == 0;
+    *w = known ? bounds.w : 0;
+    *h = known ? bounds.h : 0;
+}

@@ -1,0 +1,249 @@
+// Linux serial lines over termios2, so that any rate can be set, not only those with a constant. One lock guards the
+// descriptor: the reader thread takes it only to swap the descriptor of a device that went away and came back.
+#include <asm/termbits.h>
+#include <errno.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/eventfd.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <mutex>
+#include <new>
+
+#include "port/host_linux_line.h"
+#include "port/zof_host.h"
+#include "zof_lib/zof_stdio.h"
+
+enum { RETRY_MS = 300, SEND_WAIT_MS = 50 };
+
+struct zof_host_serial {
+    std::mutex lock; // guards fd, line and choked
+    std::atomic<int> users; // the owner, and each thread inside receive; the last one out releases it
+    int fd;          // -1 while the device is away
+    int wake;        // readable once the line is closed
+    bool choked;     // the far end does not read: no waiting until it does
+    zof_host_line_t line;
+    char path[256];
+};
+
+u32 host_line_cflag(const zof_host_line_t *line)
+{
+    u32 flag = CREAD | CLOCAL | BOTHER | (BOTHER << IBSHIFT);
+    flag |= line->data_bits == 7 ? CS7 : CS8;
+    flag |= line->stop_bits == 2 ? (u32)CSTOPB : 0;
+    flag |= line->parity ? (u32)PARENB : 0;
+    flag |= line->parity == 1 ? (u32)PARODD : 0;
+    return flag;
+}
+
+static bool port_path(s32 port, char *out, size_t size)
+{
+    char name[32];
+    snprintf(name, sizeof(name), "ZOF_COM%d", port);
+    const char *given = getenv(name);
+    const int need = given && *given ? snprintf(out, size, "%s", given) : snprintf(out, size, "/dev/ttyS%d", port - 1);
+    return need > 0 && (size_t)need < size;
+}
+
+// A pseudo-terminal takes 8N1 only and drops the other bits without a word, so a difference is no failure.
+static bool line_apply(int fd, const zof_host_line_t *line)
+{
+    struct termios2 t;
+    if (ioctl(fd, TCGETS2, &t) != 0) {
+        return false;
+    }
+    t.c_iflag = line->parity ? (u32)INPCK : 0;
+    t.c_oflag = 0;
+    t.c_lflag = 0;
+    t.c_cflag = host_line_cflag(line);
+    t.c_ispeed = t.c_ospeed = line->baud;
+    t.c_cc[VMIN] = 1;
+    t.c_cc[VTIME] = 0;
+    return ioctl(fd, TCSETS2, &t) == 0;
+}
+
+// Opens, locks and sets the device; -1 with errno told through `why`.
+static int device_open(const char *path, const zof_host_line_t *line, const char **why)
+{
+    const int fd = open(path, O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0) {
+        *why = errno == EACCES ? "no permission; is this user in the group that owns it (often dialout)?"
+                               : strerror(errno);
+        return -1;
+    }
+    if (flock(fd, LOCK_EX | LOCK_NB) != 0) {
+        *why = "another program has it";
+    } else if (!line_apply(fd, line)) {
+        *why = errno == ENOTTY ? "it is no serial line" : strerror(errno);
+    } else {
+        ioctl(fd, TIOCEXCL);
+        ioctl(fd, TCFLSH, TCIOFLUSH);
+        return fd;
+    }
+    close(fd);
+    return -1;
+}
+
+static void line_release(zof_host_serial_t *s)
+{
+    if (s->users.fetch_sub(1) != 1) {
+        return;
+    }
+    if (s->fd >= 0) {
+        close(s->fd);
+    }
+    if (s->wake >= 0) {
+        close(s->wake);
+    }
+    delete s;
+}
+
+zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line)
+{
+    auto *s = new (std::nothrow) zof_host_serial_t{};
+    if (!s) {
+        return nullptr;
+    }
+    s->users = 1;
+    s->fd = -1;
+    s->wake = -1;
+    s->line = *line;
+    const char *why = "its name is too long";
+    if (port_path(port, s->path, sizeof(s->path))) {
+        s->fd = device_open(s->path, line, &why);
+    }
+    if (s->fd >= 0) {
+        s->wake = eventfd(0, EFD_CLOEXEC);
+        why = strerror(errno);
+    }
+    if (s->wake < 0) {
+        zof_printf("serial port %d: cannot open %s: %s", port, s->path, why);
+        line_release(s);
+        return nullptr;
+    }
+    zof_printf("serial port %d: %s at %u baud, %u%c%u", port, s->path, line->baud, line->data_bits,
+               "NOE"[line->parity], line->stop_bits);
+    return s;
+}
+
+s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line)
+{
+    std::lock_guard guard(s->lock);
+    if (s->fd >= 0 && !line_apply(s->fd, line)) {
+        zof_printf("serial line %s: cannot change it: %s", s->path, strerror(errno));
+        line_apply(s->fd, &s->line);
+        return -1;
+    }
+    s->line = *line;
+    return 0;
+}
+
+// The caller holds the graphics lock, so a far end that does not read may cost SEND_WAIT_MS once and nothing after.
+s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size)
+{
+    std::lock_guard guard(s->lock);
+    u32 sent = 0;
+    while (s->fd >= 0 && sent < size) {
+        const ssize_t n = write(s->fd, data + sent, size - sent);
+        if (n > 0) {
+            sent += (u32)n;
+            s->choked = false;
+            continue;
+        }
+        if (n < 0 && errno == EINTR) {
+            continue;
+        }
+        pollfd p = {s->fd, POLLOUT, 0};
+        if (n < 0 && errno == EAGAIN && !s->choked && poll(&p, 1, SEND_WAIT_MS) > 0 && (p.revents & POLLOUT)) {
+            continue;
+        }
+        if (!s->choked) {
+            zof_printf("serial line %s: the far end does not read; %u of %u bytes are lost", s->path, size - sent, size);
+            s->choked = true;
+        }
+        return -1;
+    }
+    return sent == size ? (s32)size : -1;
+}
+
+static bool closing(zof_host_serial_t *s, int wait_ms)
+{
+    pollfd p = {s->wake, POLLIN, 0};
+    return poll(&p, 1, wait_ms) > 0;
+}
+
+static void device_lost(zof_host_serial_t *s)
+{
+    std::lock_guard guard(s->lock);
+    close(s->fd);
+    s->fd = -1;
+    zof_printf("serial line %s: the device is gone; waiting for it", s->path);
+}
+
+// Blocks until the device is there again; false when the line is closed meanwhile.
+static bool device_wait(zof_host_serial_t *s)
+{
+    while (!closing(s, RETRY_MS)) {
+        std::lock_guard guard(s->lock);
+        const char *why;
+        s->fd = device_open(s->path, &s->line, &why);
+        if (s->fd >= 0) {
+            s->choked = false;
+            zof_printf("serial line %s: the device is back", s->path);
+            return true;
+        }
+    }
+    return false;
+}
+
+static s32 line_read(zof_host_serial_t *s, u8 *buffer, u32 size)
+{
+    for (;;) {
+        if (s->fd < 0 && !device_wait(s)) { // only this thread changes fd once the line is open
+            return 0;
+        }
+        pollfd p[2] = {{s->fd, POLLIN, 0}, {s->wake, POLLIN, 0}};
+        if (poll(p, 2, -1) < 0 && errno != EINTR) {
+            return 0;
+        }
+        if (p[1].revents) {
+            return 0;
+        }
+        if (!p[0].revents) {
+            continue;
+        }
+        const ssize_t n = read(s->fd, buffer, size);
+        if (n > 0) {
+            return (s32)n;
+        }
+        if (n == 0 || (errno != EAGAIN && errno != EINTR)) {
+            device_lost(s);
+        }
+    }
+}
+
+s32 zof_host_serial_receive(zof_host_serial_t *s, u8 *buffer, u32 size)
+{
+    s->users++;
+    const s32 n = line_read(s, buffer, size);
+    line_release(s);
+    return n;
+}
+
+void zof_host_serial_close(zof_host_serial_t *s)
+{
+    if (!s) {
+        return;
+    }
+    const u64 one = 1;
+    if (write(s->wake, &one, sizeof(one)) != (ssize_t)sizeof(one)) {
+        zof_printf("serial line %s: its reader cannot be woken: %s", s->path, strerror(errno));
+    }
+    line_release(s);
+}

@@ -1,0 +1,15 @@
+// The one list of the port's drivers, in the order in which they come up.
+#include "drv/zof_drv.h"
+#include "port/zof_port.h"
+
+void win_drv_init(void)
+{
+    static constexpr void (*drivers[])(void) = {
+        win_disp_init, // first: it takes size and title from the project
+        win_touch_init,
+        win_uart_init,
+    };
+    for (auto *init : drivers) {
+        init();
+    }
+}

@@ -1,0 +1,21 @@
+// The control record. It stays in its view's list for the life of the process; attribute record and LVGL object come
+// and go. Here and not with the controls, because leaving a view has to tell its records apart.
+#ifndef ZOF_PARA_H
+#define ZOF_PARA_H
+
+#include "lvgl.h"
+#include "project/zof_prj_attr.h"
+
+ZOF_C_BEGIN
+
+typedef struct para {
+    lv_obj_t *obj;        // null while the control does not exist
+    void *parent;         // the parent's para_t, or the zof_view_node_t: both begin with their object
+    zof_pub_attr_t *attr; // the head of the type's attribute record; owned from creation to zof_ctrl_delete
+    u16 id;
+    u8 is_created;
+} para_t;
+
+ZOF_C_END
+
+#endif

@@ -1,0 +1,21 @@
+// What the project runtime needs of the control layer above it. Filled in zof_src/zof_wiring.cpp.
+#ifndef ZOF_PRJ_UP_H
+#define ZOF_PRJ_UP_H
+
+#include "project/zof_prj.h"
+
+ZOF_C_BEGIN
+
+typedef struct {
+    db_list *(*ctrl_list_init)(void);
+    s32 (*ctrl_list_create)(zof_view_node_t *view);
+    // The view's `pub` controls go, others are parked: zof_view_delete's walk needs the control records.
+    s32 (*ctrl_delete)(void *record);
+    s32 (*ctrl_txt_update)(void);
+} zof_prj_up_t;
+
+extern const zof_prj_up_t zof_prj_up;
+
+ZOF_C_END
+
+#endif

@@ -1,0 +1,24 @@
+// The arrows that point upwards: what a lower room needs of a higher one, in the one place where all can be seen.
+#include "control/zof_ctrl_create.h"
+#include "control/zof_ctrl_up.h"
+#include "control/zof_text.h"
+#include "drv/zof_drv_up.h"
+#include "hmi/zof_hmi.h"
+#include "project/zof_prj_up.h"
+
+const zof_drv_up_t zof_drv_up = {
+    .set_prj_path = zof_drv_set_prj_path,
+    .prj_facts = zof_prj_facts,
+    .touch = zof_hmi_touch_evevt,
+};
+
+const zof_prj_up_t zof_prj_up = {
+    .ctrl_list_init = zof_ctrl_list_init,
+    .ctrl_list_create = zof_ctrl_list_create,
+    .ctrl_delete = [](void *record) { return zof_ctrl_delete((para_t *)record); },
+    .ctrl_txt_update = zof_ctrl_txt_update,
+};
+
+const zof_ctrl_up_t zof_ctrl_up = {
+    .ctrl_all_event = zof_hmi_ctrl_all_event,
+};
