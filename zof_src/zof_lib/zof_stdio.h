@@ -1,4 +1,4 @@
-// Console log and the two counted allocator families.
+// Console log and the two counted allocator families. Every function here may be called on any thread.
 #ifndef ZOF_STDIO_H
 #define ZOF_STDIO_H
 
@@ -12,18 +12,29 @@ ZOF_C_BEGIN
 #define ZOF_PRINTF_LIKE(fmt, args)
 #endif
 
+// Prints to standard output, then one line end more, then flushes; lines of different threads do not mix. A message
+// that brings its own "\n" is thus followed by an empty line. Returns the bytes of the text itself, -1 for null.
 s32 zof_printf(const char *fmt, ...) ZOF_PRINTF_LIKE(1, 2);
 
+// The runtime's family: memory is zeroed, also what a zof_realloc adds. n 0 gives null, and so does a size that no
+// block can have. A failed zof_realloc leaves the old block; zof_realloc(p, 0) releases it and gives null. Blocks are
+// aligned to 16 bytes. Null may be released.
 void *zof_malloc(size_t n);
 void *zof_realloc(void *p, size_t n);
 void zof_free(void *p);
 
+// LVGL's family: the same, but memory is not zeroed.
 void *zof_lv_malloc(size_t n);
 void *zof_lv_realloc(void *p, size_t n);
 void zof_lv_free(void *p);
 
+// Bytes in use by both families together; logs one line at each call.
 u32 zof_mem_get_used(void);
+
+// What is left of the assumed total; 0 when more is in use than that.
 u32 zof_mem_get_free(void);
+
+// The memory that the device is assumed to have, in megabytes; 10 at start. 0 is ignored.
 void zof_win_mem_total_set(u32 mb);
 
 // Bytes alive in each family, exact at any moment; for displays and for tests that prove memory flat.

@@ -1,4 +1,4 @@
-// Bytes and text.
+// Bytes and text. Pure functions, any thread.
 #ifndef ZOF_UTIL_H
 #define ZOF_UTIL_H
 
@@ -6,10 +6,20 @@
 
 ZOF_C_BEGIN
 
+// Reverses `len` bytes in place; nothing for null or a length below 2.
 void byte_rev(u8 *buf, u32 len);
+
+// Swaps the two low bytes; the high half stays as it is.
 u32 zof_rev16(u32 v);
+
+// Swaps all four bytes.
 u32 zof_rev32(u32 v);
+
+// How many bytes of the text equal `c`; 0 for null.
 u32 charCount(const char *text, char c);
+
+// A decimal number with an optional sign, up to the first character that is no digit. Blanks are not skipped: they, like
+// any other first character, give 0. Saturates at the ends of s32. Null gives 0.
 s32 zof_atoi(const char *text);
 
 ZOF_C_END

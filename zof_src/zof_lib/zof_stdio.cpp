@@ -1,0 +1,147 @@
+// Console log and accounted memory. Each block carries a header with its size and its family's counter: the usable size
+// that a system reports is rounded, and counters fed from it drift; these stay exact, so "memory is flat" can be proved.
+#include "zof_lib/zof_stdio.h"
+
+#include <atomic>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <mutex>
+
+namespace {
+
+struct alignas(16) block_head_t {
+    size_t size;
+    std::atomic<size_t> *counter; // the block's family, so that the count is right whichever function releases it
+};
+static_assert(sizeof(block_head_t) == 16, "the header must not spoil the block's alignment");
+
+struct {
+    std::atomic<size_t> zof_mem_size{0};
+    std::atomic<size_t> zof_mem_size1{0};
+    std::atomic<u32> g_win_mem_total{10};
+    std::mutex print;
+} memory; // counters of the two families, and the lock that keeps lines whole
+
+block_head_t *head_of(void *p) {
+    return static_cast<block_head_t *>(p) - 1;
+}
+
+void *block_new(size_t n, bool zeroed, std::atomic<size_t> *counter) {
+    if (n == 0 || n > PTRDIFF_MAX - sizeof(block_head_t)) {
+        return nullptr;
+    }
+    size_t whole = n + sizeof(block_head_t);
+    void *raw = zeroed ? std::calloc(whole, 1) : std::malloc(whole);
+    if (!raw) {
+        return nullptr;
+    }
+    auto *head = static_cast<block_head_t *>(raw);
+    head->size = n;
+    head->counter = counter;
+    *counter += n;
+    return head + 1;
+}
+
+void block_free(void *p) {
+    if (!p) {
+        return;
+    }
+    block_head_t *head = head_of(p);
+    *head->counter -= head->size;
+    std::free(head);
+}
+
+void *block_resize(void *p, size_t n, bool zeroed, std::atomic<size_t> *counter) {
+    if (!p) {
+        return block_new(n, zeroed, counter);
+    }
+    if (n == 0) {
+        block_free(p);
+        return nullptr;
+    }
+    if (n > PTRDIFF_MAX - sizeof(block_head_t)) {
+        return nullptr;
+    }
+    size_t old = head_of(p)->size;
+    auto *head = static_cast<block_head_t *>(std::realloc(head_of(p), n + sizeof(block_head_t)));
+    if (!head) {
+        return nullptr;
+    }
+    *head->counter += n - old; // unsigned wrap makes this a subtraction when the block shrinks
+    head->size = n;
+    if (zeroed && n > old) {
+        std::memset(reinterpret_cast<u8 *>(head + 1) + old, 0, n - old);
+    }
+    return head + 1;
+}
+
+} // namespace
+
+s32 zof_printf(const char *fmt, ...) {
+    if (!fmt) {
+        return -1;
+    }
+    std::lock_guard<std::mutex> guard(memory.print);
+    va_list args;
+    va_start(args, fmt);
+    s32 count = std::vprintf(fmt, args);
+    va_end(args);
+    std::putchar('\n');
+    std::fflush(stdout);
+    return count;
+}
+
+void *zof_malloc(size_t n) {
+    return block_new(n, true, &memory.zof_mem_size);
+}
+
+void *zof_realloc(void *p, size_t n) {
+    return block_resize(p, n, true, &memory.zof_mem_size);
+}
+
+void zof_free(void *p) {
+    block_free(p);
+}
+
+void *zof_lv_malloc(size_t n) {
+    return block_new(n, false, &memory.zof_mem_size1);
+}
+
+void *zof_lv_realloc(void *p, size_t n) {
+    return block_resize(p, n, false, &memory.zof_mem_size1);
+}
+
+void zof_lv_free(void *p) {
+    block_free(p);
+}
+
+u32 zof_mem_count(void) {
+    return static_cast<u32>(memory.zof_mem_size.load());
+}
+
+u32 zof_lv_mem_count(void) {
+    return static_cast<u32>(memory.zof_mem_size1.load());
+}
+
+u32 zof_mem_get_used(void) {
+    u32 own = zof_mem_count();
+    u32 lv = zof_lv_mem_count();
+    zof_printf("zof memory get used zof mem=%d mem=%d total=%d\n", static_cast<int>(own), static_cast<int>(lv),
+               static_cast<int>(own + lv));
+    return own + lv;
+}
+
+u32 zof_mem_get_free(void) {
+    u64 total = static_cast<u64>(memory.g_win_mem_total.load()) << 20;
+    u64 used = static_cast<u64>(memory.zof_mem_size.load()) + memory.zof_mem_size1.load();
+    u64 left = total > used ? total - used : 0;
+    return left > UINT32_MAX ? UINT32_MAX : static_cast<u32>(left);
+}
+
+void zof_win_mem_total_set(u32 mb) {
+    if (mb) {
+        memory.g_win_mem_total = mb;
+    }
+}

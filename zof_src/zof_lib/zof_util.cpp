@@ -1,0 +1,48 @@
+// Byte order and small text helpers. zof_atoi is our own because the C library's is undefined where this saturates.
+#include "zof_lib/zof_util.h"
+
+void byte_rev(u8 *buf, u32 len) {
+    if (!buf || len < 2) {
+        return;
+    }
+    for (u32 a = 0, b = len - 1; a < b; a++, b--) {
+        u8 t = buf[a];
+        buf[a] = buf[b];
+        buf[b] = t;
+    }
+}
+
+u32 zof_rev16(u32 v) {
+    return (v & 0xFFFF0000u) | (v & 0xFFu) << 8 | (v >> 8 & 0xFFu);
+}
+
+u32 zof_rev32(u32 v) {
+    return v << 24 | (v & 0xFF00u) << 8 | (v >> 8 & 0xFF00u) | v >> 24;
+}
+
+u32 charCount(const char *text, char c) {
+    u32 count = 0;
+    for (; text && *text; text++) {
+        count += *text == c;
+    }
+    return count;
+}
+
+s32 zof_atoi(const char *text) {
+    if (!text) {
+        return 0;
+    }
+    bool negative = *text == '-';
+    if (*text == '-' || *text == '+') {
+        text++;
+    }
+    s32 value = 0;
+    for (; *text >= '0' && *text <= '9'; text++) {
+        s32 digit = *text - '0';
+        if (value > (INT32_MAX - digit) / 10) {
+            return negative ? INT32_MIN : INT32_MAX;
+        }
+        value = value * 10 + digit;
+    }
+    return negative ? -value : value;
+}
