@@ -1,4 +1,5 @@
-// The JSON reflection engine: constant tables map JSON objects to plain records and back.
+// The JSON reflection engine: constant tables map JSON objects to plain records and back. One table serves decoding,
+// encoding, printing and releasing. The engine holds no state: any thread may use it on a tree and record of its own.
 #ifndef ZOF_CSON_H
 #define ZOF_CSON_H
 
@@ -8,19 +9,46 @@
 
 ZOF_C_BEGIN
 
-enum { CSON_OBJECT, CSON_ARRAY, CSON_STRING, CSON_INTEGER, CSON_REAL, CSON_TRUE, CSON_FALSE, CSON_NULL, CSON_TYPE_COUNT };
+// Kinds of JSON values and of fields; also the index of the engine's dispatch tables.
+enum {
+    CSON_OBJECT,  // nested record, inside its parent
+    CSON_ARRAY,   // pointer to an allocated array; its count is a field of its own
+    CSON_STRING,  // pointer to an allocated copy
+    CSON_INTEGER, // 1, 2, 4 or 8 bytes
+    CSON_REAL,    // double
+    CSON_TRUE,    // 1, 2, 4 or 8 bytes, 1 or 0
+    CSON_FALSE,   // as CSON_TRUE
+    CSON_NULL,    // JSON null and whatever is unknown; no field can be of this kind
+    CSON_TYPE_COUNT
+};
 
-enum { CSON_NULLABLE = 1, CSON_SKIP_DECODE = 2, CSON_SKIP_ENCODE = 4 };
+enum {
+    CSON_NULLABLE = 1,    // a failure of this row does not stop the record
+    CSON_SKIP_DECODE = 2, // the row is for encoding only
+    CSON_SKIP_ENCODE = 4  // the row is for decoding only
+};
 
+// What the entries below return.
+enum {
+    CSON_OK = 0,
+    CSON_ERR_MEMORY = -1,
+    CSON_ERR_TYPE = -2,    // the JSON value's kind does not fit the row
+    CSON_ERR_MISSING = -3, // no such key, no count row, or an array without one good element
+    CSON_ERR_NO_JSON = -4,
+    CSON_ERR_ARGUMENT = -5, // null record or table, or a value of an unexpected kind
+    CSON_ERR_RANGE = -6     // number out of range, or a width that the engine does not support
+};
+
+// A row of a table; the table ends with a row without key. Keys match without regard to case.
 typedef struct reflect_item {
     const char *key;
-    size_t offset;
-    size_t size;
-    size_t type;
-    const struct reflect_item *table;
-    size_t item_size;
-    const char *count_key;
-    size_t flags;
+    size_t offset;                    // of the field in the record
+    size_t size;                      // of the field; of the pointer for texts and arrays
+    size_t type;                      // CSON_OBJECT ...
+    const struct reflect_item *table; // object: the nested record's; array: the element's
+    size_t item_size;                 // array: bytes of one element
+    const char *count_key;            // array: key of the row in the same table that holds the count
+    size_t flags;                     // CSON_NULLABLE ...
 } reflect_item_t;
 
 // One row of a table: the record's type, the field, which is also the key. All but one row of the project are nullable.
@@ -34,12 +62,13 @@ typedef struct reflect_item {
     {#field, offsetof(T, field), sizeof(((T *)0)->field), CSON_ARRAY, tbl, item, count, CSON_NULLABLE}
 #define CSON_END {0, 0, 0, 0, 0, 0, 0, 0}
 
+// Element tables of arrays whose elements are bare values. Their keys begin with "0", which no field's name does.
 extern const reflect_item_t boolReflectTbl[];
 extern const reflect_item_t integerReflectTbl[];
 extern const reflect_item_t stringReflectTbl[];
 extern const reflect_item_t realReflectTbl[];
 
-// The JSON library behind the engine; `csomImpl` is filled with cJSON.
+// The JSON library behind the engine, so that it can be exchanged. All slots MANDATORY; `csomImpl` is filled with cJSON.
 typedef struct {
     void *(*object_get)(const void *obj, const char *key);
     s32 (*type_of)(const void *v);
@@ -67,11 +96,29 @@ extern const cson_interface csomImpl;
 
 typedef void (*cson_visit)(void *field, const reflect_item_t *row);
 
+// Fills `record` from a parsed JSON object, row by row. A key that is absent or does not fit leaves its field exactly as
+// it was, which is what lets one object overlay another. Numbers are truncated towards zero; 2147483647 reads as 0. Texts
+// and arrays are allocated with zof_malloc and belong to the record; what a field pointed at before is not released.
+// Bad elements of an array are dropped and the following close up. The tree may be deleted afterwards.
+// CSON_OK, or the code of the first failing row that is not nullable; the rows after it are then not read.
 s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *table);
+
+// Adds the record's fields to an existing JSON object. A nullable row that fails is left out with a line; the code of the
+// first failing row that is not nullable is returned, and the object is then as it was.
 s32 csonStruct2JsonObj(void *json, void *record, const reflect_item_t *table);
+
+// The record as unformatted JSON text, which the caller releases with cJSON_free. On failure *text is not touched.
 s32 csonStruct2JsonStr(char **text, void *record, const reflect_item_t *table);
+
+// Calls `visit` for every field, depth first: the elements of an array before the array, the fields of a nested record
+// before the record. 0, or CSON_ERR_ARGUMENT for null.
 s32 csonLoopProperty(void *record, const reflect_item_t *table, cson_visit visit);
+
+// Prints every number, boolean and text of the record, one line each.
 s32 csonPrintProperty(void *record, const reflect_item_t *table);
+
+// Releases every text and array of the record and sets the pointers to null: twice is as good as once. The record itself
+// stays the caller's.
 s32 csonFreePointer(void *record, const reflect_item_t *table);
 
 ZOF_C_END

@@ -1,0 +1,160 @@
+// The ground of the reflection engine: the tables of bare elements, the access to fields, and the walk over a record that
+// printing and releasing share.
+#include "zof_lib/zof_cson.h"
+
+#include <cstring>
+
+#include "zof_lib/zof_cson_impl.h"
+#include "zof_lib/zof_stdio.h"
+
+const reflect_item_t boolReflectTbl[] = {{"0Bool", 0, 4, CSON_TRUE, 0, 0, 0, 0}, CSON_END};
+const reflect_item_t integerReflectTbl[] = {{"0Integer", 0, 4, CSON_INTEGER, 0, 0, 0, 0}, CSON_END};
+const reflect_item_t stringReflectTbl[] = {{"0String", 0, sizeof(char *), CSON_STRING, 0, 0, 0, 0}, CSON_END};
+const reflect_item_t realReflectTbl[] = {{"0Real", 0, sizeof(double), CSON_REAL, 0, 0, 0, 0}, CSON_END};
+
+bool cson_table_is_basic(const reflect_item_t *table) {
+    return table->key && table->key[0] == '0';
+}
+
+const reflect_item_t *cson_row_find(const reflect_item_t *table, const char *key) {
+    for (const reflect_item_t *row = table; row->key; row++) {
+        if (std::strcmp(row->key, key) == 0) {
+            return row;
+        }
+    }
+    zof_printf("Can not find field:%s.", key);
+    return nullptr;
+}
+
+template <typename T> static s64 read_as(const void *field) {
+    T value;
+    std::memcpy(&value, field, sizeof value);
+    return value;
+}
+
+bool cson_integer_read(const void *field, size_t width, s64 *out) {
+    switch (width) {
+    case 1:
+        *out = read_as<s8>(field);
+        return true;
+    case 2:
+        *out = read_as<s16>(field);
+        return true;
+    case 4:
+        *out = read_as<s32>(field);
+        return true;
+    case 8:
+        *out = read_as<s64>(field);
+        return true;
+    default:
+        return false;
+    }
+}
+
+template <typename T> static void write_as(s64 value, void *out) {
+    T narrow = static_cast<T>(value);
+    std::memcpy(out, &narrow, sizeof narrow);
+}
+
+s32 convertInteger(s64 value, size_t width, void *out) {
+    // The largest 32-bit number is what the project tools write for "not set".
+    if (value == INT32_MAX) {
+        value = 0;
+    }
+    if (width == 1 && value >= INT8_MIN && value <= UINT8_MAX) {
+        write_as<u8>(value, out);
+    } else if (width == 2 && value >= INT16_MIN && value <= UINT16_MAX) {
+        write_as<u16>(value, out);
+    } else if (width == 4 && value >= INT32_MIN && value <= static_cast<s64>(UINT32_MAX)) {
+        write_as<u32>(value, out);
+    } else if (width == 8) {
+        write_as<u64>(value, out);
+    } else {
+        return CSON_ERR_RANGE;
+    }
+    return CSON_OK;
+}
+
+void *cson_pointer_read(const void *field) {
+    void *pointer;
+    std::memcpy(&pointer, field, sizeof pointer);
+    return pointer;
+}
+
+void cson_pointer_write(void *field, const void *pointer) {
+    std::memcpy(field, &pointer, sizeof pointer);
+}
+
+// A null array has no elements, whatever its count says: that is the state after a release.
+static void visit_elements(void *record, const reflect_item_t *row, const reflect_item_t *count_row, cson_visit visit) {
+    s64 count = 0;
+    if (!cson_integer_read(cson_field(record, count_row), count_row->size, &count)) {
+        zof_printf("Unsupported size(=%d) of integer.\n", static_cast<int>(count_row->size));
+        return;
+    }
+    auto *elements = static_cast<u8 *>(cson_pointer_read(cson_field(record, row)));
+    for (s64 k = 0; elements && k < count; k++) {
+        csonLoopProperty(elements + row->item_size * static_cast<size_t>(k), row->table, visit);
+    }
+}
+
+s32 csonLoopProperty(void *record, const reflect_item_t *table, cson_visit visit) {
+    if (!record || !table || !visit) {
+        return CSON_ERR_ARGUMENT;
+    }
+    for (const reflect_item_t *row = table; row->key; row++) {
+        if (row->type == CSON_ARRAY) {
+            const reflect_item_t *count_row = row->count_key ? cson_row_find(table, row->count_key) : nullptr;
+            if (!count_row) {
+                continue;
+            }
+            visit_elements(record, row, count_row, visit);
+        } else if (row->type == CSON_OBJECT) {
+            csonLoopProperty(cson_field(record, row), row->table, visit);
+        }
+        visit(cson_field(record, row), row);
+    }
+    return CSON_OK;
+}
+
+static void printPropertySub(void *field, const reflect_item_t *row) {
+    s64 number = 0;
+    double real = 0;
+    const char *text = nullptr;
+    switch (row->type) {
+    case CSON_INTEGER:
+    case CSON_TRUE:
+    case CSON_FALSE:
+        if (cson_integer_read(field, row->size, &number)) {
+            zof_printf("%s:%lld\n", row->key, static_cast<long long>(number));
+        }
+        break;
+    case CSON_REAL:
+        if (row->size == sizeof real) {
+            std::memcpy(&real, field, sizeof real);
+            zof_printf("%s:%f\n", row->key, real);
+        }
+        break;
+    case CSON_STRING:
+        text = static_cast<const char *>(cson_pointer_read(field));
+        zof_printf("%s:%s\n", row->key, text ? text : "");
+        break;
+    default:
+        break;
+    }
+}
+
+s32 csonPrintProperty(void *record, const reflect_item_t *table) {
+    return csonLoopProperty(record, table, printPropertySub);
+}
+
+static void freePointerSub(void *field, const reflect_item_t *row) {
+    if (row->type == CSON_ARRAY || row->type == CSON_STRING) {
+        zof_free(cson_pointer_read(field));
+        cson_pointer_write(field, nullptr);
+    }
+}
+
+s32 csonFreePointer(void *record, const reflect_item_t *table) {
+    return csonLoopProperty(record, table, freePointerSub);
+}

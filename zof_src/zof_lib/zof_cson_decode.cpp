@@ -1,0 +1,242 @@
+// From JSON to records. A row that fails leaves its field alone: a control's style is decoded over a copy of its theme's
+// style and must change only the keys that it names.
+#include <cstring>
+
+#include "zof_lib/zof_cson_impl.h"
+#include "zof_lib/zof_stdio.h"
+
+static s32 parseJsonObject(const void *json, void *record, const reflect_item_t *table, s32 index);
+static s32 parseJsonArray(const void *json, void *record, const reflect_item_t *table, s32 index);
+static s32 parseJsonString(const void *json, void *record, const reflect_item_t *table, s32 index);
+static s32 parseJsonInteger(const void *json, void *record, const reflect_item_t *table, s32 index);
+static s32 parseJsonReal(const void *json, void *record, const reflect_item_t *table, s32 index);
+static s32 parseJsonBool(const void *json, void *record, const reflect_item_t *table, s32 index);
+
+static void parseJsonObjectDefault(void *record, const reflect_item_t *table, s32 index);
+static void parseJsonArrayDefault(void *record, const reflect_item_t *table, s32 index);
+static void parseJsonStringDefault(void *record, const reflect_item_t *table, s32 index);
+static void parseJsonIntegerDefault(void *record, const reflect_item_t *table, s32 index);
+static void parseJsonRealDefault(void *record, const reflect_item_t *table, s32 index);
+
+const cson_decode_fn jsonObjProcTbl[CSON_TYPE_COUNT] = {
+    parseJsonObject, parseJsonArray, parseJsonString, parseJsonInteger,
+    parseJsonReal,   parseJsonBool,  parseJsonBool,   nullptr,
+};
+
+// Zeroes a field. Not used by the decoding loop: a missing key must not reset what was there.
+const cson_default_fn jsonObjDefaultTbl[CSON_TYPE_COUNT] = {
+    parseJsonObjectDefault, parseJsonArrayDefault,   parseJsonStringDefault,  parseJsonIntegerDefault,
+    parseJsonRealDefault,   parseJsonIntegerDefault, parseJsonIntegerDefault, nullptr,
+};
+
+s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *table) {
+    return json ? csonJsonObj2Struct(json, record, table) : CSON_ERR_NO_JSON;
+}
+
+// Numbers of either kind fit either number row, and true and false fit either boolean row; nothing else mixes.
+static bool row_accepts(size_t row_type, s32 json_type) {
+    auto is_number = [](size_t type) { return type == CSON_INTEGER || type == CSON_REAL; };
+    auto is_bool = [](size_t type) { return type == CSON_TRUE || type == CSON_FALSE; };
+    auto type = static_cast<size_t>(json_type);
+    return row_type == type || (is_number(row_type) && is_number(type)) || (is_bool(row_type) && is_bool(type));
+}
+
+static s32 decode_row(const void *json, void *record, const reflect_item_t *table, s32 index) {
+    const reflect_item_t *row = &table[index];
+    const void *value = csomImpl.object_get(json, row->key);
+    if (!value) {
+        return CSON_ERR_MISSING;
+    }
+    if (row->type >= CSON_NULL || !row_accepts(row->type, csomImpl.type_of(value))) {
+        return CSON_ERR_TYPE;
+    }
+    return jsonObjProcTbl[row->type](value, record, table, index);
+}
+
+s32 csonJsonObj2Struct(const void *json, void *record, const reflect_item_t *table) {
+    if (!json || !record || !table) {
+        return CSON_ERR_ARGUMENT;
+    }
+    for (s32 index = 0; table[index].key; index++) {
+        if (table[index].flags & CSON_SKIP_DECODE) {
+            continue;
+        }
+        s32 result = decode_row(json, record, table, index);
+        if (result != CSON_OK && !(table[index].flags & CSON_NULLABLE)) {
+            return result;
+        }
+    }
+    return CSON_OK;
+}
+
+static s32 parseJsonObject(const void *json, void *record, const reflect_item_t *table, s32 index) {
+    return csonJsonObj2Struct(json, cson_field(record, &table[index]), table[index].table);
+}
+
+static s32 parseJsonString(const void *json, void *record, const reflect_item_t *table, s32 index) {
+    const char *text = csomImpl.string_value(json);
+    if (!text) {
+        return CSON_ERR_MISSING;
+    }
+    size_t length = csomImpl.string_length(json);
+    auto *copy = static_cast<char *>(zof_malloc(length + 1));
+    if (!copy) {
+        return CSON_ERR_MEMORY;
+    }
+    std::memcpy(copy, text, length);
+    cson_pointer_write(cson_field(record, &table[index]), copy);
+    return CSON_OK;
+}
+
+// The double 2^63 itself has no place in 64 bits; every comparison with a NaN is false, so it is refused too.
+static s32 integer_of(const void *json, s64 *out) {
+    double real = 0;
+    switch (csomImpl.type_of(json)) {
+    case CSON_INTEGER:
+        *out = csomImpl.integer_value(json);
+        return CSON_OK;
+    case CSON_TRUE:
+        *out = 1;
+        return CSON_OK;
+    case CSON_FALSE:
+        *out = 0;
+        return CSON_OK;
+    case CSON_REAL:
+        real = csomImpl.real_value(json);
+        if (!(real >= -9223372036854775808.0 && real < 9223372036854775808.0)) {
+            return CSON_ERR_RANGE;
+        }
+        *out = static_cast<s64>(real);
+        return CSON_OK;
+    default:
+        return CSON_ERR_ARGUMENT;
+    }
+}
+
+static s32 parseJsonInteger(const void *json, void *record, const reflect_item_t *table, s32 index) {
+    s64 value = 0;
+    s32 result = integer_of(json, &value);
+    return result != CSON_OK ? result : convertInteger(value, table[index].size, cson_field(record, &table[index]));
+}
+
+static s32 parseJsonBool(const void *json, void *record, const reflect_item_t *table, s32 index) {
+    return parseJsonInteger(json, record, table, index);
+}
+
+static s32 parseJsonReal(const void *json, void *record, const reflect_item_t *table, s32 index) {
+    const reflect_item_t *row = &table[index];
+    if (row->size != sizeof(double)) {
+        zof_printf("Unsupported size(=%ld) of real.\n", static_cast<long>(row->size));
+        zof_printf("Please check if the type of field %s is double!\n", row->key);
+        return CSON_ERR_RANGE;
+    }
+    s32 type = csomImpl.type_of(json);
+    if (type != CSON_REAL && type != CSON_INTEGER && type != CSON_TRUE && type != CSON_FALSE) {
+        return CSON_ERR_ARGUMENT;
+    }
+    double value = type == CSON_REAL ? csomImpl.real_value(json) : static_cast<double>(csomImpl.integer_value(json));
+    std::memcpy(cson_field(record, row), &value, sizeof value);
+    return CSON_OK;
+}
+
+static s32 decode_element(const void *json, void *slot, const reflect_item_t *table) {
+    if (!cson_table_is_basic(table)) {
+        return csonJsonObj2Struct(json, slot, table);
+    }
+    return table->type < CSON_NULL ? jsonObjProcTbl[table->type](json, slot, table, 0) : CSON_ERR_TYPE;
+}
+
+// What a failed element had allocated goes, and the slot is zero again before the next element uses it.
+static void element_reset(void *slot, const reflect_item_t *row) {
+    csonFreePointer(slot, row->table);
+    for (s32 i = 0; row->table[i].key; i++) {
+        if (row->table[i].type < CSON_NULL) {
+            jsonObjDefaultTbl[row->table[i].type](slot, row->table, i);
+        }
+    }
+}
+
+// Good elements close up: the slot is numbered by the successes so far.
+static size_t decode_elements(const void *json, u8 *elements, size_t count, const reflect_item_t *row) {
+    size_t done = 0;
+    for (size_t i = 0; i < count; i++) {
+        const void *item = csomImpl.array_get(json, i);
+        u8 *slot = elements + row->item_size * done;
+        if (!item) {
+            continue;
+        }
+        if (decode_element(item, slot, row->table) == CSON_OK) {
+            done++;
+        } else {
+            element_reset(slot, row);
+        }
+    }
+    return done;
+}
+
+static s32 array_empty(void *record, const reflect_item_t *table, const reflect_item_t *row) {
+    const reflect_item_t *count_row = row->count_key ? cson_row_find(table, row->count_key) : nullptr;
+    if (count_row) {
+        convertInteger(0, count_row->size, cson_field(record, count_row));
+    }
+    return CSON_OK;
+}
+
+static s32 parseJsonArray(const void *json, void *record, const reflect_item_t *table, s32 index) {
+    const reflect_item_t *row = &table[index];
+    size_t size = csomImpl.array_size(json);
+    if (size == 0) {
+        return array_empty(record, table, row);
+    }
+    const reflect_item_t *count_row = row->count_key ? cson_row_find(table, row->count_key) : nullptr;
+    if (!count_row || !row->table) {
+        return CSON_ERR_MISSING;
+    }
+    if (row->item_size == 0 || size > SIZE_MAX / row->item_size) {
+        return CSON_ERR_MEMORY;
+    }
+    auto *elements = static_cast<u8 *>(zof_malloc(size * row->item_size));
+    if (!elements) {
+        return CSON_ERR_MEMORY;
+    }
+    size_t done = decode_elements(json, elements, size, row);
+    void *count_field = cson_field(record, count_row);
+    if (done == 0 || convertInteger(static_cast<s64>(done), count_row->size, count_field) != CSON_OK) {
+        for (size_t i = 0; i < done; i++) {
+            csonFreePointer(elements + row->item_size * i, row->table);
+        }
+        zof_free(elements);
+        convertInteger(0, count_row->size, count_field);
+        cson_pointer_write(cson_field(record, row), nullptr);
+        return CSON_ERR_MISSING;
+    }
+    cson_pointer_write(cson_field(record, row), elements);
+    return CSON_OK;
+}
+
+static void parseJsonObjectDefault(void *record, const reflect_item_t *table, s32 index) {
+    const reflect_item_t *nested = table[index].table;
+    for (s32 i = 0; nested && nested[i].key; i++) {
+        if (nested[i].type < CSON_NULL) {
+            jsonObjDefaultTbl[nested[i].type](cson_field(record, &table[index]), nested, i);
+        }
+    }
+}
+
+static void parseJsonArrayDefault(void *record, const reflect_item_t *table, s32 index) {
+    cson_pointer_write(cson_field(record, &table[index]), nullptr);
+}
+
+static void parseJsonStringDefault(void *record, const reflect_item_t *table, s32 index) {
+    cson_pointer_write(cson_field(record, &table[index]), nullptr);
+}
+
+static void parseJsonIntegerDefault(void *record, const reflect_item_t *table, s32 index) {
+    convertInteger(0, table[index].size, cson_field(record, &table[index]));
+}
+
+static void parseJsonRealDefault(void *record, const reflect_item_t *table, s32 index) {
+    if (table[index].size == sizeof(double)) {
+        std::memset(cson_field(record, &table[index]), 0, sizeof(double));
+    }
+}
