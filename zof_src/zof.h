@@ -37,4 +37,6 @@
 #include "func/zof_func.h"
 #include "hmi/zof_hmi.h"
 
+#include "zof_start.h"
+
 #endif

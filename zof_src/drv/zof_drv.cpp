@@ -32,5 +32,9 @@ void zof_drv_init(void)
     dis_mutex = zof_mutex_create();
     zof_drv_up.set_prj_path();
     zof_drv_def_param_init();
+    zof_prj_facts_t facts;
+    if (zof_drv_up.prj_facts(&facts) != 0) {
+        return; // without a project there is nothing to open a window for
+    }
     win_drv_init();
 }

@@ -1,0 +1,126 @@
+// The register link: both ends see an image of 16-bit registers, and either side updates it by frames without checksum,
+// acknowledgement or repetition. The program never polls; the board pushes what it knows.
+#include <string.h>
+
+#include "hardware/uart/zof_hw_uart.h"
+
+enum { HEAD0 = 0x5A, HEAD1 = 0xA5, CMD_WRITE = 0x82, CMD_READ = 0x83 };
+enum { RX_SIZE = 1024, FRAME_MIN = 6, REPORT_WORDS_MAX = 125, REPORT_SIZE = 257 };
+enum { WORDS_MAX = 255 }; // of one write frame
+
+// The image, with room for a burst that starts at the last address that passes.
+static u16 ctrlreg[REG_MAX + WORDS_MAX + 1];
+
+// Bytes kept from earlier chunks, then the joined data while it is analysed. Behind it lie zeros for a frame that asks
+// for more words than it holds.
+static u8 RX_HAND_BUF[RX_SIZE + FRAME_MIN + 2 * WORDS_MAX];
+
+zof_drv_t *drv_uart;
+
+void zof_uart_init(void)
+{
+    zof_lang_on_change(panel_lang_changed);
+    zof_uart_cfg_t cfg = {
+        .win_port = -1,
+        .port = 6,
+        .speed_e = UART_SPEED_115200,
+        .bit_e = UART_BIT_8,
+        .parity_e = UART_PARITY_NONE,
+        .stop_e = UART_STOP_1,
+    };
+    drv_uart = zof_drv_uart_open(&cfg);
+    if (drv_uart) {
+        zof_drv_uart_rev_set_bfun(drv_uart, recive_data_handle, RX_SIZE);
+    }
+}
+
+s32 zof_reg_set(u16 addr, u16 data)
+{
+    if (addr > REG_MAX) {
+        return -1;
+    }
+    ctrlreg[addr] = data;
+    return 0;
+}
+
+s32 zof_reg_get(u16 addr)
+{
+    return addr > REG_MAX ? -1 : ctrlreg[addr];
+}
+
+s32 zof_reg_com_send(u16 addr, u16 len)
+{
+    if (addr > REG_MAX) {
+        return -1;
+    }
+    const u8 count = (u8)((len & 0xFF) > REPORT_WORDS_MAX ? REPORT_WORDS_MAX : len & 0xFF);
+    u8 frame[REPORT_SIZE] = {HEAD0, HEAD1, (u8)(2 * (count + 2)), CMD_READ, (u8)(addr >> 8), (u8)addr, count};
+    u32 size = 7;
+    for (u32 k = 0; k < count; k++) {
+        frame[size++] = (u8)(ctrlreg[addr + k] >> 8);
+        frame[size++] = (u8)ctrlreg[addr + k];
+    }
+    return zof_drv_uart_send(drv_uart, frame, size);
+}
+
+s32 zof_reg_report(u16 addr, u16 value)
+{
+    return zof_reg_set(addr, value) == 0 ? zof_reg_com_send(addr, 1) : -1;
+}
+
+// The handler gets the frame's base address for every word: a frame of several words runs the first register's handler
+// once for each, and only fills the others.
+static s32 zof_reg_s_set(u16 addr, const u8 *data, u8 len)
+{
+    if (addr > REG_MAX) {
+        return -1;
+    }
+    for (u32 k = 0; k < len; k++) {
+        ctrlreg[addr + k] = (u16)(data[2 * k] << 8 | data[2 * k + 1]);
+        zof_reg_set_user(addr, &ctrlreg[addr + k], 1);
+    }
+    return 0;
+}
+
+s32 zof_comm_handle(u8 *data)
+{
+    if (!data) {
+        return -1;
+    }
+    const u16 addr = (u16)(data[4] << 8 | data[5]);
+    if (addr > REG_MAX) {
+        return -1;
+    }
+    if (data[3] == CMD_WRITE) {
+        return zof_reg_s_set(addr, data + 6, (u8)((data[2] - 3) >> 1));
+    }
+    if (data[3] == CMD_READ) {
+        zof_reg_com_send(addr, data[6]);
+    }
+    return 0;
+}
+
+// A frame that is not complete is walked over byte by byte, and only what is left behind the walk is kept: the driver
+// delivers whole bursts, so a frame cut later than its fifth byte is a broken one.
+void recive_data_handle(u8 *databuf, u32 datalen)
+{
+    static u16 last_data_num; // bytes kept from the last chunk
+    if (!databuf) {
+        return;
+    }
+    const u32 room = RX_SIZE - last_data_num;
+    const u32 fresh = datalen > room ? room : datalen;
+    memcpy(RX_HAND_BUF + last_data_num, databuf, fresh);
+    const u16 n = (u16)(last_data_num + fresh);
+    memset(RX_HAND_BUF + n, 0, sizeof(RX_HAND_BUF) - n);
+    u16 i = 0;
+    while (n >= FRAME_MIN && i <= n - FRAME_MIN) {
+        u8 *frame = RX_HAND_BUF + i;
+        if (frame[0] == HEAD0 && frame[1] == HEAD1 && frame[2] <= n - i - 3 && zof_comm_handle(frame) == 0) {
+            i = (u16)(i + frame[2] + 2);
+        }
+        i++;
+    }
+    last_data_num = i < n ? (u16)(n - i) : 0;
+    memmove(RX_HAND_BUF, RX_HAND_BUF + i, last_data_num);
+}

@@ -1,0 +1,102 @@
+// All logic of the panel: the register link to the controller board, the register map, and what the four views do.
+// Everything here runs under dis_mutex: control events on the main thread, frames on the link's client thread.
+#ifndef ZOF_HW_UART_H
+#define ZOF_HW_UART_H
+
+#include "zof.h"
+
+ZOF_C_BEGIN
+
+// Registers, 16-bit words. The comment tells who writes one: the board (in), the panel (out) or both.
+enum {
+    REG_LIVE_MV = 16,          // in: measured voltage, mV
+    REG_LIVE_MA = 17,          // in: measured current, mA
+    REG_LIVE_DW = 18,          // in: measured power, 0.1 W
+    REG_SESS_MWH_LO = 19,      // in: session energy, mWh, low half
+    REG_SESS_MWH_HI = 20,      // in: high half
+    REG_OUT_STATE = 22,        // in: output, low byte 0 off
+    REG_RAIL_ACTIVE = 23,      // in: rail in force, 0 to 12; above: none
+    REG_ADJ_MV = 32,           // out: voltage chosen for an adjustable rail, mV
+    REG_ADJ_MA = 33,           // out: current limit chosen, mA
+    REG_OUT_REQ = 34,          // out: 1 on, 0 off
+    REG_RAIL_SELECT = 35,      // out: rail to apply
+    REG_RAIL_REQUEST = 36,     // out: always 1; asks for the rail table
+    REG_SESS_RESET = 37,       // out: always 1
+    REG_BRIGHT = 48,           // both: percent, 10 to 100
+    REG_BOOT_STATE = 49,       // both: 1 output as last used at power-on
+    REG_AUTO_ARM = 50,         // both
+    REG_SETTINGS_REQUEST = 51, // out: always 1; asks for 48 to 50
+    REG_RAIL_COUNT = 256,      // in: rails in the table, 0 to 13
+    REG_RAIL_COMMIT = 257,     // in: any value; rebuilds the list
+    REG_RAIL_BASE = 272,       // in: four words a rail: type, vmin, vmax, imax
+    REG_MAX = 2048             // the highest address that passes
+};
+
+enum { RAIL_MAX = 13, RAIL_NONE = 255 };
+
+// One PD profile. `vmin` equals `vmax` for a single voltage.
+typedef struct {
+    u16 type; // 1 PPS, 2 AVS, 3 EPR, anything else FIX
+    u16 vmin; // mV
+    u16 vmax; // mV
+    u16 imax; // mA
+} prof_t;
+
+extern u32 g_sess_mWh;
+extern u8 g_out_on, g_applied, g_arm_pending;
+extern u8 g_v4_bright, g_v4_boot, g_v4_autoarm, g_bright_guard;
+extern prof_t g_prof[RAIL_MAX];
+extern u8 g_prof_n, g_sel, g_panel_up;
+extern zof_drv_t *drv_uart;
+
+// The link. Results: 0, or -1 for an address above REG_MAX; the sender's result is the driver's.
+void zof_uart_init(void);
+s32 zof_reg_set(u16 addr, u16 data);
+s32 zof_reg_get(u16 addr);
+s32 zof_reg_com_send(u16 addr, u16 len);
+// The program's usual way to hand over one value: into the image first, the report takes it from there.
+s32 zof_reg_report(u16 addr, u16 value);
+void recive_data_handle(u8 *databuf, u32 datalen);
+// `data` holds a frame and at least 510 readable bytes behind its sixth: a LEN below 3 asks for words it does not hold.
+s32 zof_comm_handle(u8 *data);
+void zof_reg_set_user(u16 addr, u16 *data, u8 datalen);
+
+// Rebuilds the list of rails from the image; what the board's commit does.
+void rail_commit(void);
+// Paints again what the code wrote into labels, after a language change.
+void panel_lang_changed(void);
+
+// View 1.
+void view1_set_output_btn(u8 on);
+void view1_sync_armed(void);
+void view1_toggle_output(void);
+void view1_reset_press(u8 down);
+void view1_reset_session(void);
+
+// View 2.
+void show_row(u8 i, u8 vis);
+void highlight_row(u8 i, u8 on);
+void fill_row(u8 i, prof_t *p);
+void use_btn_set(u8 enabled, const char *txt);
+void adj_labels(u16 mv, u16 ma);
+void adj_panel(u8 show);
+void update_adjust(u8 i);
+void select_row_by_bg(zof_ctrl_t *ctrl);
+void view2_slider_changed(u8 which);
+void view2_use_apply(void);
+void view2_reset_panel(void);
+
+// View 4.
+void boot_state_paint(u8 last_used);
+void bright_label(u8 pct);
+void bright_backlight(u8 pct);
+void bright_slider(u8 pct);
+void view4_apply_settings(void);
+void view4_set_boot_state(u8 last_used);
+void view4_set_autoarm(u8 on);
+void view4_set_bright(u8 pct);
+void view4_request_settings(void);
+
+ZOF_C_END
+
+#endif

@@ -1,0 +1,312 @@
+// View 2: the list of rails. The board writes it into the register image and commits it; a person picks a row, on an
+// adjustable rail sets voltage and current limit, and applies it.
+#include <stdio.h>
+
+#include "bench_ids.h"
+#include "hardware/uart/zof_hw_text.h"
+#include "hardware/uart/zof_hw_uart.h"
+#include "zof_main.h"
+
+prof_t g_prof[RAIL_MAX]; // the table as last committed
+u8 g_prof_n;
+u8 g_sel = RAIL_NONE;
+u8 g_panel_up; // the adjust panel is believed to be shown
+
+enum row_column_e { COL_BADGE, COL_VOLT, COL_META, COL_CURR, COL_CHECK, COL_BG, COL_COUNT };
+
+// The rows were laid out by hand; the ids follow no rule.
+static constexpr u16 ROW_ID[RAIL_MAX][COL_COUNT] = {
+    {6, 2, 3, 4, 5, 67},      {10, 9, 8, 7, 1, 68},     {12, 11, 13, 14, 15, 79}, {26, 27, 28, 29, 30, 78},
+    {25, 24, 18, 22, 21, 77}, {16, 17, 23, 19, 20, 76}, {55, 54, 43, 42, 31, 69}, {56, 53, 44, 41, 32, 70},
+    {57, 52, 45, 40, 33, 71}, {58, 51, 46, 39, 34, 72}, {59, 50, 47, 38, 35, 73}, {60, 49, 48, 37, 36, 75},
+    {65, 64, 63, 62, 61, 74},
+};
+
+static constexpr struct {
+    const char *text;
+    zof_color_t bg, ink;
+} badges[] = {
+    {"FIX", 0xFF2C2C2E, 0xFF8E8E93}, // 0 and every type without a row
+    {"PPS", 0xFF64D2FF, 0xFF062A30},
+    {"AVS", 0xFFFF9F0A, 0xFF2A1800},
+    {"EPR", 0xFFBF5AF2, 0xFF1E0C33},
+};
+enum { TYPE_PPS = 1, TYPE_AVS = 2, TYPE_COUNT = 4 };
+
+enum : zof_color_t {
+    ROW_SELECTED = 0xFF3A2A10,
+    ROW_PLAIN = 0xFF1C1C1E,
+    AMBER = 0xFFFF9F0A,
+    AMBER_INK = 0xFF231300,
+    DISABLED = 0xFF2C2C2E,
+    DISABLED_INK = 0xFF8E8E93
+};
+
+// What the apply button says, to say it again in another language.
+static struct {
+    panel_text_e text;
+    u16 mv;
+    u8 enabled;
+} button = {TEXT_SELECT, 0, 0};
+
+static para_t *view2(u32 id)
+{
+    return zof_ctrl_get_form_id(ZOF_VIEW2_ID, id);
+}
+
+static para_t *cell(u8 row, row_column_e column)
+{
+    return view2(ROW_ID[row][column]);
+}
+
+static bool is_ranged(const prof_t *p)
+{
+    return p->vmin != p->vmax;
+}
+
+static bool is_adjustable(const prof_t *p)
+{
+    return is_ranged(p) && (p->type == TYPE_PPS || p->type == TYPE_AVS);
+}
+
+void show_row(u8 i, u8 vis)
+{
+    if (i >= RAIL_MAX) {
+        return;
+    }
+    for (u16 id : ROW_ID[i]) {
+        zof_ctrl_set_hidden(view2(id), vis == 0);
+    }
+}
+
+void highlight_row(u8 i, u8 on)
+{
+    if (i >= RAIL_MAX) {
+        return;
+    }
+    para_t *bg = cell(i, COL_BG);
+    para_t *box = view2(VIEW2_SELBOX_ID);
+    zof_ctrl_set_hidden(cell(i, COL_CHECK), on == 0);
+    zof_ctrl_style_set_bg_color(bg, on ? ROW_SELECTED : ROW_PLAIN, 0);
+    if (on && bg) {
+        zof_ctrl_set_pos(box, zof_ctrl_get_x(bg), zof_ctrl_get_y(bg));
+        zof_ctrl_set_size(box, zof_ctrl_get_width(bg), zof_ctrl_get_height(bg));
+        zof_ctrl_move_forground(box);
+    }
+    zof_ctrl_set_hidden(box, on == 0);
+}
+
+void fill_row(u8 i, prof_t *p)
+{
+    if (i >= RAIL_MAX || !p) {
+        return;
+    }
+    const auto &badge = badges[p->type < TYPE_COUNT ? p->type : 0];
+    zof_label_set_txt(cell(i, COL_BADGE), badge.text);
+    zof_ctrl_style_set_bg_color(cell(i, COL_BADGE), badge.bg, 0);
+    zof_label_set_txt_color(cell(i, COL_BADGE), badge.ink);
+    char volt[20];
+    if (is_ranged(p)) {
+        snprintf(volt, sizeof(volt), "%u.%u-%u.%u V", p->vmin / 1000u, p->vmin % 1000u / 100, p->vmax / 1000u,
+                 p->vmax % 1000u / 100);
+    } else {
+        snprintf(volt, sizeof(volt), "%u.%02u V", p->vmin / 1000u, p->vmin % 1000u / 10);
+    }
+    zof_label_set_txt(cell(i, COL_VOLT), volt);
+    zof_label_set_txt(cell(i, COL_META), panel_text(is_ranged(p) ? TEXT_ADJUSTABLE : TEXT_FIXED));
+    char curr[16];
+    snprintf(curr, sizeof(curr), "%u.%u A", p->imax / 1000u, p->imax % 1000u / 100);
+    zof_label_set_txt(cell(i, COL_CURR), curr);
+    zof_label_set_txt(cell(i, COL_CHECK), "✓");
+    zof_label_set_txt_color(cell(i, COL_CHECK), AMBER);
+    show_row(i, 1);
+}
+
+void use_btn_set(u8 enabled, const char *txt)
+{
+    para_t *use = view2(VIEW2_LABEL84_ID);
+    zof_label_set_txt(use, txt);
+    zof_ctrl_style_set_bg_color(use, enabled ? AMBER : DISABLED, 0);
+    zof_label_set_txt_color(use, enabled ? AMBER_INK : DISABLED_INK);
+}
+
+static void button_paint()
+{
+    char text[48];
+    if (button.text == TEXT_USE) {
+        panel_use_text(text, sizeof(text), button.mv);
+        use_btn_set(button.enabled, text);
+    } else {
+        use_btn_set(button.enabled, panel_text(button.text));
+    }
+}
+
+static void button_say(u8 enabled, panel_text_e text, u16 mv = 0)
+{
+    button = {text, mv, enabled};
+    button_paint();
+}
+
+void adj_labels(u16 mv, u16 ma)
+{
+    char text[16];
+    snprintf(text, sizeof(text), "%u.%02u V", mv / 1000u, mv % 1000u / 10);
+    zof_label_set_txt(view2(VIEW2_LABEL82_ID), text);
+    snprintf(text, sizeof(text), "%u.%u A", ma / 1000u, ma % 1000u / 100);
+    zof_label_set_txt(view2(VIEW2_LABEL83_ID), text);
+}
+
+void adj_panel(u8 show)
+{
+    if (show != g_panel_up) {
+        zof_ctrl_set_hidden(view2(VIEW2_CONTAINER1_ID), show == 0);
+        g_panel_up = show;
+    }
+}
+
+// An adjustable rail opens at its maximum, not at its last value.
+void update_adjust(u8 i)
+{
+    if (i >= RAIL_MAX) {
+        return;
+    }
+    const prof_t *p = &g_prof[i];
+    if (is_adjustable(p)) {
+        zof_slider_set_range(view2(VIEW2_SLIDER0_ID), (s16)p->vmin, (s16)p->vmax);
+        zof_slider_set_value(view2(VIEW2_SLIDER0_ID), (s16)p->vmax);
+        zof_slider_set_range(view2(VIEW2_SLIDER1_ID), 0, (s16)p->imax);
+        zof_slider_set_value(view2(VIEW2_SLIDER1_ID), (s16)p->imax);
+        adj_labels(p->vmax, p->imax);
+        adj_panel(1);
+        button_say(1, TEXT_USE, p->vmax);
+    } else {
+        adj_panel(0);
+        button_say(1, TEXT_USE, p->vmin);
+    }
+}
+
+static void deselect()
+{
+    if (g_sel != RAIL_NONE) {
+        highlight_row(g_sel, 0);
+    }
+    g_sel = RAIL_NONE;
+}
+
+void select_row_by_bg(zof_ctrl_t *ctrl)
+{
+    if (g_panel_up) { // while the panel is up a tap on any row only puts it away
+        deselect();
+        adj_panel(0);
+        button_say(0, TEXT_SELECT);
+        return;
+    }
+    for (u8 row = 0; row < RAIL_MAX; row++) {
+        if (ctrl && ctrl == cell(row, COL_BG)) {
+            deselect();
+            g_sel = row;
+            highlight_row(row, 1);
+            update_adjust(row);
+            return;
+        }
+    }
+}
+
+void view2_slider_changed(u8 which)
+{
+    (void)which; // both are read, whichever moved
+    const u16 mv = (u16)zof_slider_get_value(view2(VIEW2_SLIDER0_ID));
+    const u16 ma = (u16)zof_slider_get_value(view2(VIEW2_SLIDER1_ID));
+    adj_labels(mv, ma);
+    button_say(1, TEXT_USE, mv);
+}
+
+void view2_use_apply(void)
+{
+    if (g_sel == RAIL_NONE) {
+        return;
+    }
+    if (is_adjustable(&g_prof[g_sel])) {
+        zof_reg_report(REG_ADJ_MV, (u16)zof_slider_get_value(view2(VIEW2_SLIDER0_ID)));
+        zof_reg_report(REG_ADJ_MA, (u16)zof_slider_get_value(view2(VIEW2_SLIDER1_ID)));
+    }
+    zof_reg_report(REG_RAIL_SELECT, g_sel);
+    button_say(1, TEXT_APPLIED);
+    g_applied = g_sel;
+    g_arm_pending = 1;
+    zof_view_set_dis_view_anim(ZOF_VIEW1_ID, ZOF_SCR_LOAD_ANIM_MOVE_RIGHT, 250, 0, ZOF_ANIM_PATH_END_SLOW);
+}
+
+void view2_reset_panel(void)
+{
+    zof_label_set_txt(view2(VIEW2_LABEL82_ID), "0.00 V");
+    zof_label_set_txt(view2(VIEW2_LABEL83_ID), "0.0 A");
+    zof_ctrl_set_hidden(view2(VIEW2_CONTAINER1_ID), ZOF_TRUE);
+    zof_ctrl_set_hidden(view2(VIEW2_SELBOX_ID), ZOF_TRUE);
+    g_panel_up = 0;
+    zof_ctrl_set_ext_click_area(view2(VIEW2_SLIDER0_ID), 24);
+    zof_ctrl_set_ext_click_area(view2(VIEW2_SLIDER1_ID), 24);
+    button_say(0, TEXT_SELECT);
+    zof_reg_report(REG_RAIL_REQUEST, 1);
+}
+
+// The sliders count in signed 16 bits. Such a rail is shown all the same, and its slider said not to be trusted.
+static void check_slider(u8 i, const prof_t *p)
+{
+    const char *why = p->vmin > p->vmax    ? "its lowest voltage is above its highest"
+                      : p->vmax > INT16_MAX ? "its voltage is above 32767 mV"
+                      : p->imax > INT16_MAX ? "its current is above 32767 mA"
+                      : p->imax == 0        ? "its current limit is 0"
+                                            : nullptr;
+    if (why && is_adjustable(p)) {
+        zof_printf("register link: rail %u (%u to %u mV, %u mA): %s, so its slider cannot be trusted", i, p->vmin,
+                   p->vmax, p->imax, why);
+    }
+}
+
+static void read_rail(u8 i)
+{
+    const u16 base = (u16)(REG_RAIL_BASE + 4 * i);
+    g_prof[i] = {(u16)zof_reg_get(base), (u16)zof_reg_get((u16)(base + 1)), (u16)zof_reg_get((u16)(base + 2)),
+                 (u16)zof_reg_get((u16)(base + 3))};
+}
+
+// The board has written the table and commits it. `g_panel_up` stays: a panel that was up is put away by the next tap.
+void rail_commit(void)
+{
+    const u8 count = (u8)zof_reg_get(REG_RAIL_COUNT);
+    g_prof_n = count > RAIL_MAX ? (u8)RAIL_MAX : count;
+    g_sel = RAIL_NONE;
+    zof_ctrl_set_hidden(view2(VIEW2_CONTAINER1_ID), ZOF_TRUE);
+    button_say(0, TEXT_SELECT);
+    zof_ctrl_set_hidden(view2(VIEW2_LABEL78_ID), g_prof_n != 0);
+    zof_ctrl_set_hidden(view2(VIEW2_LABEL79_ID), g_prof_n != 0);
+    for (u8 i = 0; i < RAIL_MAX; i++) {
+        if (i < g_prof_n) {
+            read_rail(i);
+            check_slider(i, &g_prof[i]);
+            fill_row(i, &g_prof[i]);
+            zof_ctrl_set_hidden(cell(i, COL_CHECK), ZOF_TRUE);
+        } else {
+            show_row(i, 0);
+        }
+    }
+    if (g_prof_n == 0) {
+        g_applied = RAIL_NONE;
+    }
+    if (g_applied != RAIL_NONE && g_applied < g_prof_n) {
+        g_sel = g_applied;
+        highlight_row(g_applied, 1);
+    }
+}
+
+// Texts that the language's own sweep over the controls does not know: formatted ones, and all that was painted while
+// no language had them.
+void panel_lang_changed(void)
+{
+    view1_set_output_btn(g_out_on);
+    for (u8 i = 0; i < g_prof_n; i++) {
+        zof_label_set_txt(cell(i, COL_META), panel_text(is_ranged(&g_prof[i]) ? TEXT_ADJUSTABLE : TEXT_FIXED));
+    }
+    button_paint();
+}

@@ -1,0 +1,13 @@
+// Start of the box's hardware as the panel sees it.
+#ifndef ZOF_HW_H
+#define ZOF_HW_H
+
+#include "zof_lib/zof_type.h"
+
+ZOF_C_BEGIN
+
+void zof_hw_init(void);
+
+ZOF_C_END
+
+#endif

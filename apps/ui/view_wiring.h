@@ -1,0 +1,59 @@
+// A view's control table: one row an id, empty where nothing is wired. The ids of a view are small and dense, so the
+// table is written as its wired rows and filled up with empty ones at compile time.
+#ifndef VIEW_WIRING_H
+#define VIEW_WIRING_H
+
+#include <array>
+
+#include "zof.h"
+
+// Controls without a function of their own still get a row, and by it press tone and hook.
+inline void no_event(zof_ctrl_t *, zof_event_e)
+{
+}
+
+// Rows for ids 1 to N + gaps, in order, without the ids in `skip`.
+template <size_t N, size_t W>
+constexpr std::array<zof_ctrl_fun_t, N> view_rows(const zof_ctrl_fun_t (&wired)[W], u32 skip = 0)
+{
+    std::array<zof_ctrl_fun_t, N> rows{};
+    u32 id = 0;
+    for (zof_ctrl_fun_t &row : rows) {
+        id += id + 1 == skip ? 2 : 1;
+        row = {id, no_event};
+        for (const zof_ctrl_fun_t &w : wired) {
+            row = w.ctrl_id == id ? w : row;
+        }
+    }
+    return rows;
+}
+
+// What a link to another view does: slides, slow at the end; tabs jump.
+enum { SLIDE_MS = 250 };
+inline void tab_to(u32 view)
+{
+    zof_view_set_dis_view_anim(view, ZOF_SCR_LOAD_ANIM_NONE, 0, 0, ZOF_ANIM_PATH_END_SLOW);
+}
+
+template <u32 VIEW> void tab_event(zof_ctrl_t *, zof_event_e event)
+{
+    if (event == ZOF_EVENT_CLICKED) {
+        tab_to(VIEW);
+    }
+}
+
+// A link label: bright under the finger, amber at rest.
+inline void link_event(zof_ctrl_t *ctrl, zof_event_e event, u32 view, u32 transition)
+{
+    enum : zof_color_t { AT_REST = 0xFFFF9F0A, UNDER_FINGER = 0xFFFFE680 };
+    if (event == ZOF_EVENT_PRESSED) {
+        zof_label_set_txt_color(ctrl, UNDER_FINGER);
+    } else if (event == ZOF_EVENT_PRESS_LOST || event == ZOF_EVENT_CLICKED) {
+        zof_label_set_txt_color(ctrl, AT_REST);
+    }
+    if (event == ZOF_EVENT_CLICKED) {
+        zof_view_set_dis_view_anim(view, transition, SLIDE_MS, 0, ZOF_ANIM_PATH_END_SLOW);
+    }
+}
+
+#endif

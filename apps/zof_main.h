@@ -1,0 +1,15 @@
+// The views of the bench panel.
+#ifndef ZOF_MAIN_H
+#define ZOF_MAIN_H
+
+#include "project/zof_event.h"
+
+ZOF_C_BEGIN
+
+enum { ZOF_NULL = 0, ZOF_VIEW1_ID = 1, ZOF_VIEW2_ID = 2, ZOF_VIEW3_ID = 3, ZOF_VIEW4_ID = 4, ZOF_VIEW_COUNT = 4 };
+
+extern const zof_view_fun_t zof_views_fun[ZOF_VIEW_COUNT];
+
+ZOF_C_END
+
+#endif

@@ -1,0 +1,323 @@
+// Serial ports above the port's lines: one reader thread a port, and up to two client threads, each fed through a
+// ping-pong buffer. A message ends with a silence of `timeout` ms. Ports live for the whole run; closing one only
+// silences its clients.
+#include <atomic>
+
+#include "drv/zof_drv_uart.h"
+#include "drv/zof_lock.h"
+#include "drv/zof_pipo_buff.h"
+#include "zof_lib/zof_stdio.h"
+
+enum { PORT_COUNT = 256, BUF_LEN = 2048, BUF_LEN_MIN = 1024, BUF_LEN_MAX = 1024 * 1024 };
+enum { CLIENT_BUF_MIN = 2048, CLIENT_BUF_MAX = 102400, TIMEOUT_MIN = 5, TIMEOUT_MAX = 1000 };
+
+// The receive context of one open port. What two threads look at is atomic; buffers have their own lock. A client's
+// `run` is raised last, when its buffer and semaphore stand.
+struct uart_client {
+    zof_thread_t *thread;
+    zof_sem_t sem;
+    pipo_buff *buf;
+    std::atomic<u8> run;
+    u32 lost;      // bytes that found no room since the last line about it; reader thread only
+    u32 lost_said; // time of that line
+};
+
+struct uart_context {
+    zof_thread_t *thread;
+    u32 buf_len;
+    std::atomic<u16> timeout;
+    uart_client ui;
+    std::atomic<uart_rev_bfun> ui_bfun;
+    uart_client hmi;
+    std::atomic<uart_hmi_rev_bfun> hmi_bfun;
+    std::atomic<void *> hmi_arg;
+    std::atomic<u8> open_flag;
+};
+
+const zof_drv_uart_ops_t *drv_uart_t;
+
+// Open ports by number. A slot is never emptied: a port is opened once and its threads live for the whole run.
+static std::atomic<zof_drv_t *> uart_drvs_t[PORT_COUNT];
+
+static u32 clamp(u32 v, u32 lo, u32 hi)
+{
+    return v < lo ? lo : v > hi ? hi : v;
+}
+
+static uart_context *context_of(zof_drv_t *handle)
+{
+    return handle && handle->type == ZOF_DRV_UART ? (uart_context *)handle->context : nullptr;
+}
+
+static bool port_stands(const zof_drv_t *handle)
+{
+    return uart_drvs_t[handle->port] == handle;
+}
+
+// The port's number, or -1. The desktop's number wins, then the number given, then the hardware's default.
+static s32 resolve_port(const zof_uart_cfg_t *cfg)
+{
+    s32 port = cfg->port;
+    if (port == -1) {
+        const u8 def = zof_hw_get_def_param()[ZOF_HW_UART_PORT];
+        if (def != ZOF_HW_UNSET) {
+            zof_printf("get default uart port %d \n", def);
+            port = def;
+        }
+    }
+    if (cfg->win_port > 0) {
+        port = cfg->win_port;
+    }
+    if (port >= PORT_COUNT) {
+        zof_printf("serial port %d: there are only ports below %d", port, PORT_COUNT);
+        return -1;
+    }
+    return port < 0 ? -1 : port;
+}
+
+// A chunk that finds no room is lost whole. A peer that never falls silent would fill the log with that, so the loss is
+// added up and told once a second.
+static void feed(uart_client *client, const zof_drv_t *handle, const u8 *data, u32 size)
+{
+    const u32 now = zof_sys_time_ms();
+    const bool tell = client->lost == 0 || now - client->lost_said >= 1000;
+    const bool fits = size <= client->buf->size - pipo_buf_get_pi_len(client->buf);
+    if ((fits || tell) && pipo_buff_set_pi(client->buf, data, size) == 0) {
+        client->lost = 0;
+    } else {
+        client->lost += size;
+        if (tell) {
+            zof_printf("serial port %d: its peer leaves no silence between frames; %u bytes are lost so far",
+                       handle->port, client->lost);
+            client->lost_said = now;
+        }
+    }
+    zof_sem_release(client->sem);
+}
+
+static void zof_uart_recive_data_th(void *arg)
+{
+    auto *handle = (zof_drv_t *)arg;
+    auto *ctx = (uart_context *)handle->context;
+    if (ctx->buf_len > BUF_LEN_MAX) {
+        zof_printf("max buflen must be less than 1MB\n");
+        return;
+    }
+    if (ctx->buf_len < BUF_LEN_MIN) {
+        zof_printf("The value must be larger than 1024. Set the value to 1024\n");
+        ctx->buf_len = BUF_LEN_MIN;
+    }
+    auto *buf = (u8 *)zof_malloc(ctx->buf_len);
+    if (!buf) {
+        zof_printf("zof_malloc buf fail\n");
+        return;
+    }
+    while (port_stands(handle)) {
+        const s32 n = zof_drv_uart_recive(handle, buf, ctx->buf_len);
+        if (n <= 0) {
+            zof_delay(1);
+            continue;
+        }
+        if (ctx->hmi.run && ctx->open_flag) {
+            feed(&ctx->hmi, handle, buf, (u32)n);
+        }
+        if (ctx->ui.run && ctx->ui_bfun) {
+            feed(&ctx->ui, handle, buf, (u32)n);
+        }
+    }
+    zof_free(buf);
+    ctx->buf_len = 0;
+}
+
+// Returns when the peer has fallen silent behind at least one chunk.
+static void wait_for_message(uart_client *client, uart_context *ctx)
+{
+    zof_sem_take(client->sem, 0);
+    while (zof_sem_take(client->sem, ctx->timeout) == 0) {
+    }
+}
+
+static void zof_uart_hmi_recive_data_th(void *arg)
+{
+    auto *handle = (zof_drv_t *)arg;
+    auto *ctx = (uart_context *)handle->context;
+    while (port_stands(handle)) {
+        wait_for_message(&ctx->hmi, ctx);
+        pipo_half *half = pipo_buff_get_pi_and_switch(ctx->hmi.buf);
+        const uart_hmi_rev_bfun fun = ctx->hmi_bfun;
+        if (half->len && fun) {
+            fun(half->read, half->len + half->t_len, ctx->hmi_arg);
+        }
+    }
+}
+
+// The register link's client holds the graphics lock around its callback: that is how frames may touch controls.
+static void zof_uart_ui_recive_data_th(void *arg)
+{
+    auto *handle = (zof_drv_t *)arg;
+    auto *ctx = (uart_context *)handle->context;
+    while (ctx->ui.run && port_stands(handle)) {
+        wait_for_message(&ctx->ui, ctx);
+        zof_lock gui(dis_mutex);
+        pipo_half *half = pipo_buff_get_pi_and_switch(ctx->ui.buf);
+        const uart_rev_bfun fun = ctx->ui_bfun;
+        if (half->len && fun) {
+            fun(half->data, half->len);
+        }
+    }
+    ctx->ui_bfun = nullptr;
+}
+
+static zof_drv_t *open_new(zof_uart_cfg_t *cfg, s32 port)
+{
+    if (!drv_uart_t || !drv_uart_t->open) {
+        return nullptr;
+    }
+    cfg->port = port;
+    zof_drv_t *handle = drv_uart_t->open(cfg);
+    if (!handle) {
+        return nullptr;
+    }
+    auto *ctx = (uart_context *)zof_malloc(sizeof(uart_context));
+    if (!ctx) {
+        drv_uart_t->close(handle);
+        return nullptr;
+    }
+    handle->type = ZOF_DRV_UART;
+    handle->port = (u8)port;
+    handle->context = ctx;
+    ctx->buf_len = BUF_LEN;
+    uart_drvs_t[port] = handle;
+    ctx->thread = zof_thread_create("zof uart", zof_uart_recive_data_th, handle, 2048, 1);
+    return handle;
+}
+
+zof_drv_t *zof_drv_uart_open(zof_uart_cfg_t *cfg)
+{
+    if (!cfg) {
+        return nullptr;
+    }
+    zof_printf("zof uart port=%d speed_e=%d,bit_e=%d,parity_e=%d,stop_e=%d\n", cfg->port, cfg->speed_e, cfg->bit_e,
+               cfg->parity_e, cfg->stop_e);
+    const s32 port = resolve_port(cfg);
+    if (port < 0) {
+        return nullptr;
+    }
+    zof_drv_t *handle = uart_drvs_t[port];
+    if (handle) {
+        if (zof_drv_uart_set_cfg(handle, cfg->speed_e, cfg->bit_e, cfg->parity_e, cfg->stop_e) != 0) {
+            return nullptr;
+        }
+    } else {
+        handle = open_new(cfg, port);
+    }
+    if (handle) {
+        context_of(handle)->open_flag = 1;
+    }
+    return handle;
+}
+
+s32 zof_drv_uart_close(zof_drv_t *handle)
+{
+    uart_context *ctx = context_of(handle);
+    if (!ctx) {
+        return -1;
+    }
+    ctx->ui_bfun = nullptr;
+    pipo_buf_clear(ctx->ui.buf);
+    ctx->open_flag = 0;
+    pipo_buf_clear(ctx->hmi.buf);
+    return 0;
+}
+
+s32 zof_drv_uart_send(zof_drv_t *handle, const u8 *data, u32 size)
+{
+    if (!context_of(handle) || !data || !drv_uart_t || !drv_uart_t->send) {
+        return -1;
+    }
+    return drv_uart_t->send(handle, data, size);
+}
+
+s32 zof_drv_uart_recive(zof_drv_t *handle, u8 *buffer, u32 size)
+{
+    if (!context_of(handle) || !buffer || !drv_uart_t || !drv_uart_t->receive) {
+        return 0;
+    }
+    return drv_uart_t->receive(handle, buffer, size);
+}
+
+s32 zof_drv_uart_set_cfg(zof_drv_t *handle, u32 speed, u32 bit, u32 parity, u32 stop)
+{
+    if (!context_of(handle) || !drv_uart_t || !drv_uart_t->set_cfg) {
+        return -1;
+    }
+    zof_printf("uart%d modify speed=%d,bit=%d,parity=%d,stop=%d\n", handle->port, speed, bit, parity, stop);
+    const zof_uart_cfg_t cfg = {
+        .win_port = 0, .port = handle->port, .speed_e = speed, .bit_e = bit, .parity_e = parity, .stop_e = stop};
+    return drv_uart_t->set_cfg(handle, &cfg);
+}
+
+void zof_drv_uart_rev_set_timeout(zof_drv_t *handle, u32 ms)
+{
+    uart_context *ctx = context_of(handle);
+    if (ctx) {
+        ctx->timeout = (u16)clamp(ms, TIMEOUT_MIN, TIMEOUT_MAX);
+    }
+}
+
+// Buffer, semaphore and thread of a client, made at its first registration; 0 or -1.
+static s32 client_start(uart_client *client, uart_context *ctx, u32 size, u32 t_size)
+{
+    if (client->run) {
+        return 0;
+    }
+    client->buf = client->buf ? client->buf : pipo_buff_create(clamp(size, CLIENT_BUF_MIN, CLIENT_BUF_MAX), t_size);
+    client->sem = client->sem ? client->sem : zof_sem_create(0);
+    ctx->timeout = (u16)clamp(ctx->timeout, TIMEOUT_MIN, TIMEOUT_MAX);
+    if (!client->buf || !client->sem) {
+        return -1;
+    }
+    client->run = 1;
+    return 1;
+}
+
+s32 zof_drv_uart_rev_set_bfun(zof_drv_t *handle, uart_rev_bfun fun, u32 size)
+{
+    uart_context *ctx = context_of(handle);
+    if (!ctx) {
+        return -1;
+    }
+    const s32 started = client_start(&ctx->ui, ctx, size, 0);
+    if (started < 0) {
+        return -1;
+    }
+    ctx->ui_bfun = fun;
+    if (started) {
+        ctx->ui.thread = zof_thread_create("zof uart ui", zof_uart_ui_recive_data_th, handle, 102400, 2);
+    }
+    return 0;
+}
+
+s32 zof_drv_uart_hmi_rev_set_bfun(zof_drv_t *handle, uart_hmi_rev_bfun fun, void *arg, u32 size, u32 t_size)
+{
+    uart_context *ctx = context_of(handle);
+    if (!ctx) {
+        return -1;
+    }
+    const s32 started = client_start(&ctx->hmi, ctx, size, t_size);
+    if (started < 0) {
+        return -1;
+    }
+    ctx->hmi_arg = arg;
+    ctx->hmi_bfun = fun;
+    if (started) {
+        ctx->hmi.thread = zof_thread_create("zof uart hmi", zof_uart_hmi_recive_data_th, handle, 20480, 2);
+    }
+    return 0;
+}
+
+s32 zof_drv_uart_hmi_tbuf_set(zof_drv_t *handle, const u8 *data, u32 size)
+{
+    uart_context *ctx = context_of(handle);
+    return ctx ? pipo_buff_set_pi_topbuf(ctx->hmi.buf, data, size) : -1;
+}

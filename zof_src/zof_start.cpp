@@ -1,0 +1,40 @@
+// The fixed order in which the runtime comes up, and the endless loop that drives it. After zof_main everything happens
+// inside lv_timer_handler or under the same lock; the pause of 5 ms is when other threads get it.
+#include "zof_start.h"
+
+#include "drv/zof_lock.h"
+#include "func/zof_func.h"
+#include "func/zof_script.h"
+#include "hmi/zof_hmi.h"
+#include "lvgl.h"
+#include "project/zof_prj.h"
+#include "project/zof_ver.h"
+
+enum { LOOP_PAUSE_MS = 5 };
+
+int zof_run(int argc, char **argv)
+{
+    if (zof_win_cmd(argc, argv) == 0) {
+        return 0;
+    }
+    zof_ver_printf();
+    lv_init();
+    zof_drv_init();
+    if (!zof_prj_get_cur()) {
+        return 1;
+    }
+    zof_func_pwon();
+    zof_hmi_init();
+    {
+        zof_lock gui(dis_mutex);
+        zof_main();
+        zof_script_start();
+    }
+    for (;;) {
+        {
+            zof_lock gui(dis_mutex);
+            lv_timer_handler();
+        }
+        zof_delay(LOOP_PAUSE_MS);
+    }
+}
