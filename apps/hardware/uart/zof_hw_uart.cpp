@@ -4,16 +4,15 @@
 
 #include "hardware/uart/zof_hw_uart.h"
 
-enum { HEAD0 = 0x5A, HEAD1 = 0xA5, CMD_WRITE = 0x82, CMD_READ = 0x83 };
 enum { RX_SIZE = 1024, FRAME_MIN = 6, REPORT_WORDS_MAX = 125, REPORT_SIZE = 257 };
 enum { WORDS_MAX = 255 }; // of one write frame
 
 // The image, with room for a burst that starts at the last address that passes.
-static u16 ctrlreg[REG_MAX + WORDS_MAX + 1];
+static u16 ctrlreg[(u32)REG_MAX + WORDS_MAX + 1];
 
 // Bytes kept from earlier chunks, then the joined data while it is analysed. Behind it lie zeros for a frame that asks
 // for more words than it holds.
-static u8 RX_HAND_BUF[RX_SIZE + FRAME_MIN + 2 * WORDS_MAX];
+static u8 RX_HAND_BUF[RX_SIZE + 6 + 2 * WORDS_MAX];
 
 zof_drv_t *drv_uart;
 
@@ -54,7 +53,7 @@ s32 zof_reg_com_send(u16 addr, u16 len)
         return -1;
     }
     const u8 count = (u8)((len & 0xFF) > REPORT_WORDS_MAX ? REPORT_WORDS_MAX : len & 0xFF);
-    u8 frame[REPORT_SIZE] = {HEAD0, HEAD1, (u8)(2 * (count + 2)), CMD_READ, (u8)(addr >> 8), (u8)addr, count};
+    u8 frame[REPORT_SIZE] = {REG_HEAD0, REG_HEAD1, (u8)(2 * (count + 2)), REG_CMD_READ, (u8)(addr >> 8), (u8)addr, count};
     u32 size = 7;
     for (u32 k = 0; k < count; k++) {
         frame[size++] = (u8)(ctrlreg[addr + k] >> 8);
@@ -91,10 +90,10 @@ s32 zof_comm_handle(u8 *data)
     if (addr > REG_MAX) {
         return -1;
     }
-    if (data[3] == CMD_WRITE) {
+    if (data[3] == REG_CMD_WRITE) {
         return zof_reg_s_set(addr, data + 6, (u8)((data[2] - 3) >> 1));
     }
-    if (data[3] == CMD_READ) {
+    if (data[3] == REG_CMD_READ) {
         zof_reg_com_send(addr, data[6]);
     }
     return 0;
@@ -116,7 +115,7 @@ void recive_data_handle(u8 *databuf, u32 datalen)
     u16 i = 0;
     while (n >= FRAME_MIN && i <= n - FRAME_MIN) {
         u8 *frame = RX_HAND_BUF + i;
-        if (frame[0] == HEAD0 && frame[1] == HEAD1 && frame[2] <= n - i - 3 && zof_comm_handle(frame) == 0) {
+        if (frame[0] == REG_HEAD0 && frame[1] == REG_HEAD1 && frame[2] <= n - i - 3 && zof_comm_handle(frame) == 0) {
             i = (u16)(i + frame[2] + 2);
         }
         i++;

@@ -31,7 +31,7 @@ static constexpr struct {
     {"AVS", 0xFFFF9F0A, 0xFF2A1800},
     {"EPR", 0xFFBF5AF2, 0xFF1E0C33},
 };
-enum { TYPE_PPS = 1, TYPE_AVS = 2, TYPE_COUNT = 4 };
+enum { BADGE_COUNT = sizeof(badges) / sizeof(badges[0]) };
 
 enum : zof_color_t {
     ROW_SELECTED = 0xFF3A2A10,
@@ -66,7 +66,7 @@ static bool is_ranged(const prof_t *p)
 
 static bool is_adjustable(const prof_t *p)
 {
-    return is_ranged(p) && (p->type == TYPE_PPS || p->type == TYPE_AVS);
+    return is_ranged(p) && (p->type == RAIL_PPS || p->type == RAIL_AVS);
 }
 
 void show_row(u8 i, u8 vis)
@@ -101,7 +101,7 @@ void fill_row(u8 i, prof_t *p)
     if (i >= RAIL_MAX || !p) {
         return;
     }
-    const auto &badge = badges[p->type < TYPE_COUNT ? p->type : 0];
+    const auto &badge = badges[p->type < BADGE_COUNT ? p->type : 0];
     zof_label_set_txt(cell(i, COL_BADGE), badge.text);
     zof_ctrl_style_set_bg_color(cell(i, COL_BADGE), badge.bg, 0);
     zof_label_set_txt_color(cell(i, COL_BADGE), badge.ink);

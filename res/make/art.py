@@ -1,0 +1,91 @@
+#!/usr/bin/python3
+"""Draws the panel's pictures.   usage: art.py FONT_FOLDER OUTPUT_FOLDER      Needs: apt install python3-pil"""
+import math
+import os
+import sys
+from PIL import Image, ImageDraw, ImageFont
+
+FONTS, OUT = sys.argv[1:3]
+S = 8                                        # supersampling
+GREY, TRACK, WHITE, AMBER = (0x98, 0x98, 0x9F), (0x2C, 0x2C, 0x2E), (255, 255, 255), (0xFF, 0x9F, 0x0A)
+
+
+def font(name, px):
+    return ImageFont.truetype(os.path.join(FONTS, name), px)
+
+
+def polar(cx, cy, r, deg):
+    a = math.radians(deg)
+    return cx + r * math.cos(a), cy + r * math.sin(a)
+
+
+def save(im, name):
+    os.makedirs(OUT, exist_ok=True)
+    im.save(os.path.join(OUT, name), optimize=True)
+
+
+def dial(full=48, marks=(0, 5, 9, 15, 20, 28, 36, 48), size=320, r0=129):
+    """Scale of the voltage arc: a short tick each volt, a long one with its number at the usual steps."""
+    im = Image.new("RGBA", (size * S, size * S), (*GREY, 0))
+    d, c = ImageDraw.Draw(im), size * S / 2
+    for v in range(full + 1):
+        deg = 135 + 270 * v / full
+        long = v in marks
+        d.line([polar(c, c, r0 * S, deg), polar(c, c, (r0 + (8 if long else 4)) * S, deg)],
+               fill=(*GREY, 255 if long else 120), width=round((2 if long else 1.25) * S))
+    im = im.resize((size, size), Image.LANCZOS)
+    f = font("bench-text.ttf", 16 * S)
+    over = Image.new("RGBA", (size * S, size * S), (*GREY, 0))
+    d = ImageDraw.Draw(over)
+    for v in marks:
+        x, y = polar(c, c, (r0 + 21) * S, 135 + 270 * v / full)
+        d.text((x, y), str(v), font=f, fill=(*GREY, 255), anchor="mm")
+        if v == full:                       # one number carries the unit for all
+            d.text((x + 13 * S, y), "V", font=f, fill=(*GREY, 255), anchor="lm")
+    save(Image.alpha_composite(im, over.resize((size, size), Image.LANCZOS)), "dial.png")
+
+
+def toggle(size=184, ring=6, shade=128):
+    """Lies on the toggle's state colour and under its words: darkens the disc, leaves a ring and the sign pure."""
+    im = Image.new("L", (size * S, size * S), 0)
+    d, c = ImageDraw.Draw(im), size * S / 2
+    r = (size / 2 - ring) * S
+    d.ellipse([c - r, c - r, c + r, c + r], fill=shade)
+    im = im.resize((size, size), Image.LANCZOS)
+    black = Image.new("RGBA", (size, size), (0, 0, 0, 0))
+    black.putalpha(im)
+    sign = Image.new("L", (size * S, size * S), 0)   # the power sign, in white
+    d = ImageDraw.Draw(sign)
+    cy, rr, w = 65 * S, 17 * S, 4.5 * S
+    d.arc([c - rr, cy - rr, c + rr, cy + rr], -90 + 38, 270 - 38, fill=255, width=round(w))
+    for deg in (-90 + 38, 270 - 38):
+        x, y = polar(c, cy, rr - w / 2, deg)
+        d.ellipse([x - w / 2, y - w / 2, x + w / 2, y + w / 2], fill=255)
+    d.rounded_rectangle([c - w / 2, cy - 21 * S, c + w / 2, cy - 2 * S], w / 2, fill=255)
+    sign = sign.resize((size, size), Image.LANCZOS)
+    white = Image.new("RGBA", (size, size), (255, 255, 255, 0))
+    white.putalpha(sign)
+    save(Image.alpha_composite(black, white), "toggle.png")
+
+
+def logo(name, size):
+    """The dial as a sign: large at power-on, small on the page about the panel."""
+    k = S * size / 160                           # drawn on a sheet of 160
+    im = Image.new("RGBA", (size * S, size * S), (0, 0, 0, 0))
+    d, c, r, w = ImageDraw.Draw(im), size * S / 2, 72 * k, round(12 * k)
+    d.arc([c - r, c - r, c + r, c + r], 135, 405, fill=(*TRACK, 255), width=w)
+    d.arc([c - r, c - r, c + r, c + r], 135, 247.5, fill=(*WHITE, 255), width=w)
+    rr, ww = 24 * k, round(6 * k)
+    d.arc([c - rr, c - rr, c + rr, c + rr], -52, 232, fill=(*AMBER, 255), width=ww)
+    for deg in (-52, 232):
+        x, y = polar(c, c, rr - ww / 2, deg)
+        d.ellipse([x - ww / 2, y - ww / 2, x + ww / 2, y + ww / 2], fill=(*AMBER, 255))
+    d.rounded_rectangle([c - ww / 2, c - 30 * k, c + ww / 2, c - 4 * k], ww / 2, fill=(*AMBER, 255))
+    save(im.resize((size, size), Image.LANCZOS), name)
+
+
+if __name__ == "__main__":
+    dial()
+    toggle()
+    logo("logo.png", 160)
+    logo("logo_small.png", 80)

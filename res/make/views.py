@@ -1,0 +1,161 @@
+#!/usr/bin/python3
+"""Writes panel.py as the project folder's view, theme, language and project files.
+
+usage: views.py OUTPUT_FOLDER APP_VERSION COMP_TIME
+"""
+import json
+import os
+import sys
+import panel as P
+
+OUT, APP_VER, COMP_TIME = sys.argv[1:4]
+TYPES = {"label": 0, "container": 2, "arc": 5, "slider": 7, "switch": 8, "image": 19}
+MAIN, INDICATOR, KNOB = 0, 0x020000, 0x030000
+CHECKED, PRESSED = 0x01, 0x20
+WRAP, CLIP = 0, 4
+ALIGN = {"left": 1, "center": 2, "right": 3}
+TOP, MIDDLE = 0x10, 0x20
+SIDES = {"top": 2, "all": 15}
+FULL = 4294967295
+BITMAP_SIZES = (112, 56, 36)
+
+
+def colour(c, opa=255):
+    return c if isinstance(c, tuple) else (c, opa)
+
+
+def body(c=None, opa=255, radius=0, border=None, pad=(0, 0, 0, 0)):
+    rgb, opa = colour(c, opa) if c is not None else (0, 0)
+    side, width, line = border or ("all", 0, 0)
+    top, right, bottom, left = pad
+    return {"main_color": rgb, "opa": opa, "radius": radius,
+            "border": {"color": line, "width": width, "part": SIDES[side], "opa": 255 if width else 0},
+            "padding": {"top": top, "right": right, "bottom": bottom, "left": left}}
+
+
+def style(body_t, txt_t=None, img=None, part=MAIN, state=0):
+    out = {"style_part": part, "style_state": state, "style_sect": 0, "body_t": body_t}
+    if txt_t:
+        out["txt_t"] = txt_t
+    if img:
+        out["img_t"] = {"bg_img": img}
+    return out
+
+
+def text(font, size, color):
+    bitmap = font == P.NUM and size in BITMAP_SIZES
+    return {"color": color, "opa": 255, "font_lib": f"{font}-{size}.bin" if bitmap else f"{font}.ttf", "font_size": size}
+
+
+def pressed(c):
+    """What a control shows under the finger, as changes of its look; nothing for most."""
+    role = c.get("role")
+    if role == "toggle":
+        return dict(bg=P.DIM)
+    if role == "tab" or (c.get("click") and c.get("bg") == P.CARD):
+        return dict(bg=P.RAISED)
+    if role == "option":
+        return dict(bg=P.WHITE, opa=20, color=P.WHITE)
+    return None
+
+
+def label(c):
+    def look(c, state):
+        words = text(c["font"], c["size"], c["color"]) if "font" in c else text(P.TEXT, 20, P.WHITE)
+        return style(body(c.get("bg"), c.get("opa", 255), c.get("radius", 0), c.get("border"), c.get("pad", (0, 0, 0, 0))),
+                     words, c.get("overlay"), state=state)
+
+    styles = [look(c, 0)]
+    if pressed(c):
+        styles.append(look({**c, **pressed(c)}, PRESSED))
+    wrap = c.get("wrap")
+    return {"auto_hight": 1, "dis_mode_e": WRAP if wrap else CLIP, "animspeed": 0,
+            "align_e": ALIGN[c.get("align", "left")] | (TOP if wrap else MIDDLE), "txt": c.get("txt", ""), "styles": styles}
+
+
+def container(c):
+    return {"styles": [style(body(c.get("bg"), 255, c.get("radius", 0)))]}
+
+
+def image(c):
+    return {"init_img": c["src"], "rotate_pt": {"x": 0, "y": 0}, "init_angel": 0, "img_mode_e": 1}
+
+
+def line(c, width):
+    rgb, opa = colour(c)
+    return {"color": rgb, "width": width, "opa": opa, "rounded": 0}
+
+
+def arc(c):
+    start, end = c["span"]
+    low, high = c["range"]
+    return {"angle_t": {"start_angle": start % 360, "end_angle": end % 360}, "arc_value": c["value"], "mode_e": 0,
+            "range_t": {"minValue": low, "maxValue": high}, "know_dis_en": False,
+            "arc_t_main": line(c["track"], c["width"]), "arc_t_inc": line(c["fill"], c["width"]),
+            "styles": [style(body())]}
+
+
+def slider(c):
+    pad = (c["knob"] - c["track_h"]) // 2
+    return {"minValue": c["range"][0], "maxValue": c["range"][1], "anim_time": 0,
+            "styles": [style(body(c["track"], radius=FULL)), style(body(c["fill"], radius=FULL), part=INDICATOR),
+                       style(body(c["knob_color"], radius=FULL, pad=(pad,) * 4), part=KNOB)]}
+
+
+def switch(c):
+    return {"anim_time": 120,
+            "styles": [style(body(c["off"], radius=FULL)), style(body(radius=FULL), part=INDICATOR),
+                       style(body(c["on"], radius=FULL), part=INDICATOR, state=CHECKED),
+                       style(body(P.WHITE, radius=FULL, pad=(-4,) * 4), part=KNOB)]}
+
+
+PROPERTY = {"label": label, "container": container, "image": image, "arc": arc, "slider": slider, "switch": switch}
+
+
+def pub(view, c, parent):
+    x, y, w, h = c["box"]
+    click = c.get("click", c["type"] in ("slider", "switch"))
+    area = click if click is not True else 0
+    return {"name": P.NAMES[view].get(c["id"], f"{c['type']}_{c['id']}"), "id": c["id"], "parent_id": parent, "pub": False,
+            "pt": {"x": x, "y": y}, "size": {"width": w, "height": h}, "click_area": int(area), "t_mode": 1 if click else 0,
+            "scrollbar_t": {"mode_e": 0, "dir_e": 0, "chain_e": 0, "momentum": False, "elastic": False, "scroll_one": False},
+            "hidden": bool(c.get("hidden")), "alpha": 255}
+
+
+def controls(view, rows, parent=0):
+    for c in rows:
+        if "txt" in c:
+            c = dict(c, txt={"@app_ver": APP_VER, "@comp_time": COMP_TIME}.get(c["txt"], c["txt"]))
+        yield {"type": TYPES[c["type"]], "theme": "night", "property": {"pub_t": pub(view, c, parent), **PROPERTY[c["type"]](c)}}
+        yield from controls(view, c.get("kids", []), c["id"])
+
+
+def write(path, data):
+    path = os.path.join(OUT, "config", path)
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    with open(path, "w", encoding="utf-8") as f:
+        json.dump(data, f, ensure_ascii=False, indent=1)
+        f.write("\n")
+
+
+def main():
+    names = {1: "output", 2: "rails", 3: "about", 4: "settings"}
+    for view, rows in P.VIEWS.items():
+        entries = list(controls(view, rows))
+        ids = [e["property"]["pub_t"]["id"] for e in entries]
+        assert len(ids) == len(set(ids)), f"view {view}: an id stands twice"
+        write(f"view/{names[view]}.g", {
+            "view": {"v_name": names[view], "v_id": view, "bg_scale": 255, "bg_color": P.BLACK, "layer": 0, "model_en": False},
+            "controls": entries})
+    write("languages/en.g", P.EN)
+    write("languages/de.g", P.DE)
+    assert P.EN.keys() == P.DE.keys()
+    write("project/zofprj.g", {
+        "p_name": "USB-PD bench box", "version": APP_VER, "width": P.W, "height": P.H, "language": "en", "start_page": 1,
+        "cacheImg": 8, "app_ver": APP_VER, "comp_time": COMP_TIME, "init_allview": 1, "rotate": 0, "show_en": 0,
+        "win_mem": 64, "views": [{"pageId": view, "pageName": name + ".g"} for view, name in names.items()],
+        "hw_t": {"dis_t": {"off_x": 0, "off_y": 0, "dis_mode": 0}, "touch_t": {"th_en": 0, "long_press_time": 0}}})
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,17 @@
+#include "drv/zof_drv_aid.h"
+
+const zof_drv_aid_ops_t *drv_aid_t;
+
+s32 zof_drv_aid_pointer(s32 x, s32 y, zof_bool pressed)
+{
+    if (!drv_aid_t || !drv_aid_t->pointer) {
+        return -1;
+    }
+    drv_aid_t->pointer(x, y, pressed);
+    return 0;
+}
+
+s32 zof_drv_aid_shot(const char *path)
+{
+    return path && drv_aid_t && drv_aid_t->shot ? drv_aid_t->shot(path) : -1;
+}

@@ -1,0 +1,245 @@
+#include "func/zof_script.h"
+
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include "control/zof_ctrl.h"
+#include "control/zof_text.h"
+#include "drv/zof_drv.h"
+#include "drv/zof_drv_aid.h"
+#include "project/zof_j2s.h"
+#include "project/zof_lang.h"
+#include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_task.h"
+
+enum { STEP_MS = 10, TAP_MS = 60, LINE_SIZE = 512, ARG_COUNT = 6 };
+
+// The session under way. `deadline` is when the present command is over; `again` repeats it at the next step.
+static struct {
+    const char *path;
+    char *text; // what is left of the file
+    char *next;
+    u32 line;
+    char words[LINE_SIZE]; // the present line, cut into args
+    char *args[ARG_COUNT];
+    s32 argc;
+    u32 started;
+    s32 x, y; // of the pointer
+} script;
+
+enum step_e { DONE, AGAIN };
+
+[[noreturn]] static void leave(int status)
+{
+    fflush(stdout);
+    _Exit(status); // threads still run: nothing is torn down, as when the window is closed
+}
+
+[[noreturn]] static void fault(const char *what)
+{
+    zof_printf("%s:%u: %s", script.path, script.line, what);
+    leave(2);
+}
+
+static s32 number(s32 index)
+{
+    char *end;
+    const long v = strtol(script.args[index], &end, 10);
+    if (*end) {
+        fault("a number was expected");
+    }
+    return (s32)v;
+}
+
+static u32 elapsed()
+{
+    return zof_sys_time_ms() - script.started;
+}
+
+static void pointer(s32 x, s32 y, zof_bool pressed)
+{
+    script.x = x;
+    script.y = y;
+    zof_drv_aid_pointer(x, y, pressed);
+}
+
+static step_e cmd_wait()
+{
+    return elapsed() >= (u32)number(1) ? DONE : AGAIN;
+}
+
+static step_e cmd_press()
+{
+    pointer(number(1), number(2), ZOF_TRUE);
+    return DONE;
+}
+
+static step_e cmd_release()
+{
+    pointer(script.x, script.y, ZOF_FALSE);
+    return DONE;
+}
+
+static step_e cmd_tap()
+{
+    const bool over = elapsed() >= TAP_MS;
+    pointer(number(1), number(2), !over);
+    return over ? DONE : AGAIN;
+}
+
+static step_e cmd_drag()
+{
+    const s32 time = number(5) > 0 ? number(5) : 1;
+    const s32 now = (s32)elapsed() < time ? (s32)elapsed() : time;
+    pointer(number(1) + (number(3) - number(1)) * now / time, number(2) + (number(4) - number(2)) * now / time, ZOF_TRUE);
+    if (now < time) {
+        return AGAIN;
+    }
+    pointer(number(3), number(4), ZOF_FALSE);
+    return DONE;
+}
+
+static step_e cmd_shot()
+{
+    lv_refr_now(nullptr);
+    if (zof_drv_aid_shot(script.args[1]) != 0) {
+        fault("the picture cannot be written");
+    }
+    return DONE;
+}
+
+static step_e cmd_lang()
+{
+    if (zof_lang_set(script.args[1]) != 0) {
+        fault("there is no such language");
+    }
+    return DONE;
+}
+
+static step_e cmd_view()
+{
+    zof_view_set_dis_view((u32)number(1));
+    return DONE;
+}
+
+static const char *label_text(s32 view, s32 ctrl)
+{
+    para_t *label = zof_ctrl_get_form_id((u32)view, (u32)ctrl);
+    if (!label || !label->obj || !lv_obj_check_type(label->obj, &lv_label_class)) {
+        fault("there is no such label");
+    }
+    return lv_label_get_text(label->obj);
+}
+
+static step_e cmd_print()
+{
+    zof_printf("%s/%s: %s", script.args[1], script.args[2], label_text(number(1), number(2)));
+    return DONE;
+}
+
+static step_e cmd_until()
+{
+    const char *now = label_text(number(2), number(3));
+    const char *want = script.args[4];
+    if (strcmp(want, "*") == 0 ? !strchr(now, '-') : strcmp(want, now) == 0) {
+        return DONE;
+    }
+    if (elapsed() > (u32)number(1)) {
+        zof_printf("%s:%u: after %s ms the text is \"%s\", not \"%s\"", script.path, script.line, script.args[1], now, want);
+        leave(3);
+    }
+    return AGAIN;
+}
+
+static step_e cmd_quit()
+{
+    leave(0);
+}
+
+static constexpr struct {
+    const char *name;
+    s32 argc; // with the name; the last takes the rest of the line
+    step_e (*run)();
+} commands[] = {
+    {"wait", 2, cmd_wait},   {"tap", 3, cmd_tap},   {"press", 3, cmd_press}, {"move", 3, cmd_press},
+    {"release", 1, cmd_release}, {"drag", 6, cmd_drag}, {"shot", 2, cmd_shot},   {"lang", 2, cmd_lang},
+    {"view", 2, cmd_view},   {"print", 3, cmd_print}, {"until", 5, cmd_until}, {"quit", 1, cmd_quit},
+};
+
+// Cuts the next line that holds a command into args; false at the end of the file.
+static bool next_line()
+{
+    while (script.next && *script.next) {
+        char *line = script.next;
+        char *end = strchr(line, '\n');
+        script.next = end ? end + 1 : nullptr;
+        script.line++;
+        const size_t size = end ? (size_t)(end - line) : strlen(line);
+        if (size >= LINE_SIZE) {
+            fault("the line is too long");
+        }
+        memcpy(script.words, line, size);
+        script.words[size] = 0;
+        script.argc = 0;
+        char *rest = script.words + strspn(script.words, " \t");
+        if (*rest && *rest != '#') {
+            script.args[script.argc++] = rest;
+            return true;
+        }
+    }
+    return false;
+}
+
+// Blanks part the words; the last of a command's words takes the rest of its line.
+static void split(s32 count)
+{
+    while (script.argc < count) {
+        char *gap = strpbrk(script.args[script.argc - 1], " \t");
+        if (!gap) {
+            fault("a word is missing");
+        }
+        *gap++ = 0;
+        script.args[script.argc++] = gap + strspn(gap, " \t");
+    }
+}
+
+static step_e (*command())()
+{
+    const size_t name = strcspn(script.args[0], " \t");
+    for (const auto &row : commands) {
+        if (strlen(row.name) == name && strncmp(row.name, script.args[0], name) == 0) {
+            split(row.argc);
+            return row.run;
+        }
+    }
+    fault("there is no such command");
+}
+
+static void script_task(zof_task_t *task)
+{
+    static step_e (*run)();
+    while (!run || run() == DONE) {
+        if (!next_line()) {
+            zof_task_del(task);
+            return;
+        }
+        run = command();
+        script.started = zof_sys_time_ms();
+    }
+}
+
+void zof_script_start(void)
+{
+    script.path = getenv("ZOF_SCRIPT");
+    if (!script.path || !*script.path) {
+        return;
+    }
+    script.text = GetJsonFile(script.path);
+    if (!script.text) {
+        zof_printf("%s: the script cannot be read", script.path);
+        leave(2);
+    }
+    script.next = script.text;
+    zof_task_create(script_task, STEP_MS, nullptr);
+}
