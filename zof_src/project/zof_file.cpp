@@ -1,0 +1,107 @@
+// Small questions about files on the host, by plain paths.
+#include <cstdio>
+#include <cstring>
+
+#include "drv/zof_drv.h"
+#include "project/zof_res.h"
+#include "zof_lib/zof_stdio.h"
+
+// "r+" on purpose: a project that cannot be written back is passed over when the work path is looked for.
+zof_bool FileExist(const char *path) {
+    FILE *file = path ? std::fopen(path, "r+") : nullptr;
+    if (!file) {
+        return ZOF_FALSE;
+    }
+    std::fclose(file);
+    return ZOF_TRUE;
+}
+
+zof_bool PathExist(const char *path) {
+    zof_dir_t *dir = path ? zof_opendir(path) : nullptr;
+    if (!dir) {
+        return ZOF_FALSE;
+    }
+    zof_closedir(dir);
+    return ZOF_TRUE;
+}
+
+s32 zof_file_get_size(const char *path) {
+    s64 size = path ? zof_file_size(path) : -1;
+    return size > INT32_MAX ? -1 : static_cast<s32>(size);
+}
+
+static bool write_all(const char *path, const void *data, size_t size) {
+    FILE *file = std::fopen(path, "wb");
+    if (!file) {
+        return false;
+    }
+    bool written = std::fwrite(data, 1, size, file) == size;
+    return (std::fclose(file) == 0) && written;
+}
+
+s32 zof_file_write(const char *path, const void *data, size_t size) {
+    static const char suffix[] = ".new";
+    if (!path || !data) {
+        return -1;
+    }
+    size_t length = std::strlen(path);
+    auto *beside = static_cast<char *>(zof_malloc(length + sizeof suffix));
+    if (!beside) {
+        return -1;
+    }
+    std::memcpy(beside, path, length);
+    std::memcpy(beside + length, suffix, sizeof suffix);
+    bool done = write_all(beside, data, size) && zof_rename(beside, path) == 0;
+    if (!done) {
+        std::remove(beside);
+    }
+    zof_free(beside);
+    return done ? 0 : -1;
+}
+
+u32 get_file_content(const char *path, void *buf) {
+    FILE *file = path && buf ? std::fopen(path, "rb") : nullptr;
+    if (!file) {
+        return 0;
+    }
+    u32 count = 0;
+    for (size_t n; (n = std::fread(static_cast<u8 *>(buf) + count, 1, 4096, file)) > 0;) {
+        count += static_cast<u32>(n);
+    }
+    std::fclose(file);
+    return count;
+}
+
+static bool suffix_is(const char *name, const char *a, const char *b) {
+    const char *suffix = name ? std::strrchr(name, '.') : nullptr;
+    return suffix && (std::strcmp(suffix, a) == 0 || std::strcmp(suffix, b) == 0);
+}
+
+zof_bool IsBinFile(const char *name) {
+    return suffix_is(name, ".BIN", ".bin");
+}
+
+zof_bool IsMp3File(const char *name) {
+    return suffix_is(name, ".mp3", ".MP3");
+}
+
+zof_bool IsMp4File(const char *name) {
+    return suffix_is(name, ".mp4", ".MP4");
+}
+
+zof_bool IsTTFFile(const char *name) {
+    return suffix_is(name, ".TTF", ".ttf");
+}
+
+zof_bool IsPNGFile(const char *name) {
+    return suffix_is(name, ".PNG", ".png");
+}
+
+zof_bool IsBMPFile(const char *name) {
+    return suffix_is(name, ".BMP", ".bmp");
+}
+
+// ".jpeg" is deliberately not one: the device's decoder goes by the three letters.
+zof_bool IsJPGFile(const char *name) {
+    return suffix_is(name, ".JPG", ".jpg");
+}

@@ -1,0 +1,127 @@
+// Drive letters, and files through LVGL's file layer. The media of a device, D, E, T and U, are folders beside the project
+// here, and P is the folder above the project's files.
+#include <cstdio>
+#include <cstring>
+
+#include "drv/zof_drv.h"
+#include "project/zof_res.h"
+#include "zof_lib/zof_stdio.h"
+
+static char fs_path[500]; // the latest drive path
+
+s32 zof_fs_path_check(const char *path) {
+    return path && path[0] != '\0' && path[1] == ':' ? 0 : -1;
+}
+
+static const char *drive_base(char letter) {
+    switch (letter) {
+    case 'D':
+        return zof_res_get_prjfile_path("../disk/", "D/");
+    case 'E':
+        return zof_res_get_prjfile_path("../disk/", "E/");
+    case 'T':
+        return zof_res_get_prjfile_path("../disk/", "T/");
+    case 'U':
+        return zof_res_get_prjfile_path("../disk/", "U/");
+    case 'P':
+        return zof_res_get_prj_path();
+    default:
+        return nullptr;
+    }
+}
+
+// Makes every folder on the first `length` bytes of fs_path, cutting it at each separator for a moment.
+static void folders_make(size_t length) {
+    for (size_t i = 1; i < length; i++) {
+        char separator = fs_path[i];
+        if (separator != '/' && separator != '\\') {
+            continue;
+        }
+        fs_path[i] = '\0';
+        s32 made = zof_mkdir(fs_path);
+        fs_path[i] = separator;
+        if (made < 0) {
+            return;
+        }
+    }
+}
+
+const char *zof_fs_get_real_path(const char *path) {
+    // The colon is looked at first: building the base overwrites the path buffer, in which a plain path may lie.
+    const char *base = zof_fs_path_check(path) == 0 ? drive_base(path[0]) : nullptr;
+    if (!base) {
+        return path;
+    }
+    char whole[sizeof fs_path];
+    int length = std::snprintf(whole, sizeof whole, "%s%s%s", base, path[0] == 'P' ? "/../" : "", path + 2);
+    if (length < 0 || static_cast<size_t>(length) >= sizeof whole) {
+        zof_printf("path too long: %.80s...\n", path);
+        return nullptr;
+    }
+    std::memcpy(fs_path, whole, static_cast<size_t>(length) + 1);
+    folders_make(std::strlen(base));
+    return fs_path;
+}
+
+static s32 count_or_error(lv_fs_res_t result, u32 count) {
+    return result == LV_FS_RES_OK ? static_cast<s32>(count) : -static_cast<s32>(result);
+}
+
+lv_fs_file_t *zof_fs_open(const char *path, lv_fs_mode_t mode) {
+    auto *f = path ? static_cast<lv_fs_file_t *>(zof_malloc(sizeof(lv_fs_file_t))) : nullptr;
+    if (f && lv_fs_open(f, path, mode) != LV_FS_RES_OK) {
+        zof_free(f);
+        f = nullptr;
+    }
+    return f;
+}
+
+s32 zof_fs_close(lv_fs_file_t *f) {
+    if (!f) {
+        return 0;
+    }
+    lv_fs_res_t result = lv_fs_close(f);
+    zof_free(f);
+    return count_or_error(result, 0);
+}
+
+s32 zof_fs_read(lv_fs_file_t *f, void *buf, u32 n) {
+    u32 count = 0;
+    return f && buf ? count_or_error(lv_fs_read(f, buf, n, &count), count) : -1;
+}
+
+s32 zof_fs_write(lv_fs_file_t *f, const void *buf, u32 n) {
+    u32 count = 0;
+    return f && buf ? count_or_error(lv_fs_write(f, buf, n, &count), count) : -1;
+}
+
+s32 zof_fs_seek(lv_fs_file_t *f, u32 pos, lv_fs_whence_t whence) {
+    return f ? count_or_error(lv_fs_seek(f, pos, whence), 0) : -1;
+}
+
+s32 zof_fs_tell(lv_fs_file_t *f) {
+    u32 pos = 0;
+    return f ? count_or_error(lv_fs_tell(f, &pos), pos) : -1;
+}
+
+lv_fs_dir_t *zof_fs_dir_open(const char *path) {
+    auto *d = path ? static_cast<lv_fs_dir_t *>(zof_malloc(sizeof(lv_fs_dir_t))) : nullptr;
+    if (d && lv_fs_dir_open(d, path) != LV_FS_RES_OK) {
+        zof_free(d);
+        d = nullptr;
+    }
+    return d;
+}
+
+s32 zof_fs_dir_read(lv_fs_dir_t *d, char *name) {
+    return d && name ? count_or_error(lv_fs_dir_read(d, name), 0) : -1;
+}
+
+s32 zof_fs_dir_close(lv_fs_dir_t *d) {
+    if (!d) {
+        return 0;
+    }
+    lv_fs_res_t result = lv_fs_dir_close(d);
+    zof_free(d);
+    return count_or_error(result, 0);
+}

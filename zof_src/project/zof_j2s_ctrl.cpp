@@ -1,0 +1,250 @@
+// The cursor over the `controls` of a view file, and the making and releasing of one control's attribute record. An entry
+// from which no control can come is told with its place and stepped over, so that one slip does not empty a view.
+#include <cstring>
+
+#include "project/zof_j2s.h"
+#include "project/zof_res.h"
+#include "project/zof_style.h"
+#include "zof_lib/zof_stdio.h"
+
+static struct {
+    zof_rootjson_t json; // the one file that is open
+    cJSON *entry;        // under the cursor; null at the end
+    s32 index;           // of that entry, for messages
+    char *path;          // own copy: the path buffer changes while controls are made
+} sc;
+
+// Parts of records, read with the engine's own rules, so that a peek never disagrees with the decoded record. An id must
+// be there, so its row is not nullable.
+static const reflect_item_t id_tbl[] = {{"id", offsetof(zof_pub_attr_t, id), sizeof(u16), CSON_INTEGER, 0, 0, 0, 0},
+                                        CSON_END};
+static const reflect_item_t style_key_tbl[] = {CSON_INT(zof_style_attr_t, style_part),
+                                               CSON_INT(zof_style_attr_t, style_state),
+                                               CSON_INT(zof_style_attr_t, style_sect), CSON_END};
+
+s32 zof_j2s_ctrl_start(const char *path) {
+    zof_j2s_ctrl_end();
+    if (!path) {
+        return -1;
+    }
+    sc.json = zof_j2s_open(path);
+    cJSON *controls = cJSON_GetObjectItem(sc.json.root, "controls");
+    if (!cJSON_IsArray(controls)) {
+        if (sc.json.root) {
+            zof_printf("%s: controls is missing\n", path);
+        }
+        zof_j2s_ctrl_end();
+        return -1;
+    }
+    sc.path = zof_res_path_zof_malloc(path);
+    sc.entry = controls->child;
+    return 0;
+}
+
+void zof_j2s_ctrl_end(void) {
+    RootJsonDel(&sc.json);
+    zof_res_path_free(sc.path);
+    sc = {};
+}
+
+void zof_j2s_ctrl_init(void) {
+}
+
+void zof_j2s_ctrl_run_next(void) {
+    if (sc.entry) {
+        sc.entry = sc.entry->next;
+        sc.index++;
+    }
+}
+
+// -1 for a type that is there and is none of ours.
+static s32 type_of(cJSON *entry) {
+    cJSON *type = cJSON_GetObjectItem(entry, "type");
+    if (!type) {
+        return 0;
+    }
+    bool known = cJSON_IsNumber(type) && type->valueint >= 0 && type->valueint < ZOF_CTRL_TYPE_COUNT;
+    return known ? type->valueint : -1;
+}
+
+// What is wrong with an entry; null when a control can be made of it.
+static const char *entry_fault(cJSON *entry, cJSON *pub_t, zof_pub_attr_t *head) {
+    if (!cJSON_IsObject(pub_t)) {
+        return "property.pub_t is missing";
+    }
+    if (csonJsonStr2Struct(pub_t, head, id_tbl) != CSON_OK) {
+        return "property.pub_t.id is no number from 0 to 65535";
+    }
+    return type_of(entry) < 0 ? "type is no control type" : nullptr;
+}
+
+// A number counts here, though the decoded record takes only true and false: such a control is put off while its view is
+// only loaded, and stays when the view is left.
+static u32 pub_of(cJSON *pub_t) {
+    cJSON *pub = cJSON_GetObjectItem(pub_t, "pub");
+    return cJSON_IsTrue(pub) || (cJSON_IsNumber(pub) && pub->valueint != 0);
+}
+
+s32 zof_j2s_ctrl_get_para(u32 *id, u32 *pub) {
+    for (; id && pub && sc.entry; zof_j2s_ctrl_run_next()) {
+        cJSON *pub_t = cJSON_GetObjectItem(cJSON_GetObjectItem(sc.entry, "property"), "pub_t");
+        zof_pub_attr_t head = {};
+        const char *fault = entry_fault(sc.entry, pub_t, &head);
+        if (!fault) {
+            *id = head.id;
+            *pub = pub_of(pub_t);
+            return 0;
+        }
+        zof_printf("%s: controls[%d]: %s; it is left out\n", sc.path, sc.index, fault);
+    }
+    return -1;
+}
+
+zof_pub_attr_t *zof_j2s_ctrl_create(cJSON *property, u32 type) {
+    u32 size = zof_j2s_get_ctrl_size(type);
+    if (!property || size == 0) {
+        return nullptr;
+    }
+    auto *record = static_cast<zof_pub_attr_t *>(zof_malloc(size));
+    if (!record) {
+        zof_printf("attr_t zof_malloc fail");
+        return nullptr;
+    }
+    s32 result = zof_j2s_get_ctrl_struct(property, record, type);
+    if (result != 0) {
+        zof_printf("ret = %d\n", result);
+        zof_j2s_free_ctrl_struct(record, type);
+        zof_free(record);
+        return nullptr;
+    }
+    record->ctrl_type = type;
+    return record;
+}
+
+// A text that is now replaced is released, unless it is the theme's: then the style only borrowed it.
+static void release_replaced(char *before, const char *after, const char *theme) {
+    if (before != after && before != theme) {
+        zof_free(before);
+    }
+}
+
+// The theme's style that the record's style `index` was copied from; null when it is the control's own.
+static const zof_style_attr_t *theme_style(const zof_pub_attr_t *theme, u32 index) {
+    return theme && theme->style_list && index < theme->style_num ? theme->style_list[index] : nullptr;
+}
+
+static u32 style_index(const zof_pub_attr_t *record, const zof_style_attr_t *style) {
+    u32 index = 0;
+    while (index < record->style_num && record->style_list[index] != style) {
+        index++;
+    }
+    return index;
+}
+
+// Decoding writes only the keys that are there, over what the style has inherited.
+static void style_overlay(cJSON *json, zof_pub_attr_t *record, const zof_pub_attr_t *theme) {
+    zof_style_attr_t key = {};
+    csonJsonStr2Struct(json, &key, style_key_tbl);
+    zof_style_attr_t *style = zof_theme_style_check(key.style_part, key.style_state, key.style_sect, record);
+    if (!style) {
+        return;
+    }
+    char *font_lib = style->txt_t.font_lib;
+    char *bg_img = style->img_t.bg_img;
+    s32 result = GetStyleStruct(json, style);
+    if (result != 0) {
+        zof_printf("GetStyleStruct ret=%d\n", result);
+    }
+    const zof_style_attr_t *origin = theme_style(theme, style_index(record, style));
+    release_replaced(font_lib, style->txt_t.font_lib, origin ? origin->txt_t.font_lib : nullptr);
+    release_replaced(bg_img, style->img_t.bg_img, origin ? origin->img_t.bg_img : nullptr);
+}
+
+static void styles_add(zof_pub_attr_t *record, const char *theme_name, cJSON *styles) {
+    zof_pub_attr_t *theme = theme_name ? zof_theme_get_ctrl(theme_name, record->ctrl_type) : nullptr;
+    if (theme) {
+        zof_theme_style_copy_new(record, theme);
+    }
+    cJSON *style = nullptr;
+    cJSON_ArrayForEach(style, styles) {
+        style_overlay(style, record, theme);
+    }
+}
+
+zof_pub_attr_t *zof_j2s_ctrl_get(void) {
+    cJSON *entry = sc.entry;
+    if (!entry) {
+        return nullptr;
+    }
+    s32 index = sc.index;
+    zof_j2s_ctrl_run_next();
+    s32 type = type_of(entry);
+    cJSON *property = cJSON_GetObjectItem(entry, "property");
+    cJSON *theme = cJSON_GetObjectItem(entry, "theme");
+    if (!property || !theme || type < 0) {
+        zof_printf("%s: controls[%d]: %s; the view ends here\n", sc.path, index,
+                   !property ? "property is missing" : !theme ? "theme is missing" : "type is no control type");
+        return nullptr;
+    }
+    zof_pub_attr_t *record = zof_j2s_ctrl_create(property, static_cast<u32>(type));
+    if (record) {
+        styles_add(record, cJSON_GetStringValue(theme), cJSON_GetObjectItem(property, "styles"));
+    }
+    return record;
+}
+
+// The theme's record is found by type alone, so any name gives the one that was used, if one was.
+static void styles_delete(zof_pub_attr_t *record, u32 type) {
+    zof_pub_attr_t *theme = record->style_num ? zof_theme_get_ctrl(zof_theme_name[0], type) : nullptr;
+    for (u32 i = 0; record->style_list && i < record->style_num; i++) {
+        zof_style_attr_t *style = record->style_list[i];
+        if (!style) {
+            continue;
+        }
+        if (style->lv_style) {
+            zof_style_del(nullptr, style);
+        }
+        const zof_style_attr_t *origin = theme_style(theme, i);
+        release_replaced(style->txt_t.font_lib, nullptr, origin ? origin->txt_t.font_lib : nullptr);
+        release_replaced(style->img_t.bg_img, nullptr, origin ? origin->img_t.bg_img : nullptr);
+        zof_free(style);
+    }
+    zof_free(record->style_list);
+}
+
+void zof_j2s_ctrl_delete(zof_pub_attr_t *record, u32 type) {
+    u32 size = zof_j2s_get_ctrl_size(type);
+    if (!record || size == 0) {
+        return;
+    }
+    styles_delete(record, type);
+    zof_j2s_free_ctrl_struct(record, type);
+    // Whoever still holds the record by mistake shall find zeros rather than old pointers.
+    std::memset(static_cast<void *>(record), 0, size);
+    zof_free(record);
+}
+
+void zof_j2s_get_style(cJSON *root, zof_pub_attr_t *record) {
+    cJSON *styles = cJSON_GetObjectItem(root, "styles");
+    s32 count = cJSON_IsArray(styles) ? cJSON_GetArraySize(styles) : 0;
+    if (!record || count == 0) {
+        return;
+    }
+    if (count > UINT8_MAX) {
+        zof_printf("styles: %d of them, only the first %d count\n", count, UINT8_MAX);
+        count = UINT8_MAX;
+    }
+    auto **list = static_cast<zof_style_attr_t **>(zof_malloc(static_cast<size_t>(count) * sizeof(zof_style_attr_t *)));
+    for (cJSON *json = styles->child; list && json && record->style_num < count; json = json->next) {
+        auto *style = static_cast<zof_style_attr_t *>(zof_malloc(sizeof(zof_style_attr_t)));
+        if (!style) {
+            break;
+        }
+        s32 result = GetStyleStruct(json, style);
+        if (result != 0) {
+            zof_printf("GetStyleStruct ret=%d\n", result);
+        }
+        list[record->style_num++] = style;
+    }
+    record->style_list = list;
+}

@@ -1,0 +1,108 @@
+// Reading a project file whole and parsing it. Whoever wrote a broken file is told where: path, line and column.
+#include <cstdio>
+
+#include "project/zof_j2s.h"
+#include "zof_lib/zof_stdio.h"
+
+// The file's size; -1 for what is no plain file: a folder can be opened on some systems, and has a huge size or none.
+static long size_of(FILE *file) {
+    if (std::fseek(file, 0, SEEK_END) != 0) {
+        return -1;
+    }
+    long size = std::ftell(file);
+    std::rewind(file);
+    return size > INT32_MAX ? -1 : size;
+}
+
+static char *read_all(FILE *file, const char *path) {
+    long size = size_of(file);
+    if (size < 0) {
+        zof_printf("%s: read error!\n", path);
+        return nullptr;
+    }
+    // One byte more than the file, and zeroed: the text carries its terminator.
+    auto *text = static_cast<char *>(zof_malloc(static_cast<size_t>(size) + 1));
+    if (!text) {
+        zof_printf("%s: err:zof_malloc error!\n", path);
+        return nullptr;
+    }
+    if (std::fread(text, 1, static_cast<size_t>(size), file) < 1) {
+        zof_printf("%s: read error!\n", path);
+        zof_free(text);
+        return nullptr;
+    }
+    return text;
+}
+
+char *GetJsonFile(const char *path) {
+    FILE *file = path ? std::fopen(path, "rb") : nullptr;
+    if (!file) {
+        return nullptr;
+    }
+    char *text = read_all(file, path);
+    std::fclose(file);
+    return text;
+}
+
+void Freebuff(void *buf) {
+    zof_free(buf);
+}
+
+static void print_place(const char *path, const char *text, const char *at) {
+    int line = 1;
+    const char *line_start = text;
+    for (const char *c = text; c < at && *c; c++) {
+        if (*c == '\n') {
+            line++;
+            line_start = c + 1;
+        }
+    }
+    zof_printf("%s:%d:%d: parse error\n", path ? path : "", line, static_cast<int>(at - line_start) + 1);
+}
+
+cJSON *zof_j2s_parse(const char *path, const char *text) {
+    if (!text) {
+        return nullptr;
+    }
+    const char *at = text;
+    cJSON *root = cJSON_ParseWithOpts(text, &at, 0);
+    if (root && !cJSON_IsObject(root)) {
+        cJSON_Delete(root);
+        root = nullptr;
+        at = text;
+    }
+    if (!root) {
+        print_place(path, text, at);
+    }
+    return root;
+}
+
+static zof_rootjson_t root_of(const char *path, char *text) {
+    zof_rootjson_t json = {text, zof_j2s_parse(path, text)};
+    if (!json.root) {
+        Freebuff(json.content);
+        json.content = nullptr;
+    }
+    return json;
+}
+
+zof_rootjson_t RootJsonGet(const char *path) {
+    return root_of(path, GetJsonFile(path));
+}
+
+zof_rootjson_t zof_j2s_open(const char *path) {
+    char *text = GetJsonFile(path);
+    if (!text) {
+        zof_printf("%s: cannot be read\n", path ? path : "");
+    }
+    return root_of(path, text);
+}
+
+void RootJsonDel(zof_rootjson_t *json) {
+    if (!json) {
+        return;
+    }
+    cJSON_Delete(json->root);
+    Freebuff(json->content);
+    *json = {};
+}

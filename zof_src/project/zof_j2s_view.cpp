@@ -1,0 +1,97 @@
+// The project file and the `view` object of a view file. The project file's tree is kept between the two steps that need
+// it: its record is decoded first, and the list of its views is made only when the lists of the project object exist.
+#include <cstring>
+
+#include "project/zof_j2s.h"
+#include "project/zof_res.h"
+#include "project/zof_view.h"
+#include "zof_lib/zof_stdio.h"
+
+static struct {
+    zof_rootjson_t json; // from zof_j2s_get_prj_attr until the view names are read
+} g_prj;
+
+// A zeroed record, decoded: the shape of every whole-file reader.
+template <typename T> static T *record_of(cJSON *json, s32 (*decode)(cJSON *, T *)) {
+    auto *record = static_cast<T *>(zof_malloc(sizeof(T)));
+    if (!record) {
+        return nullptr;
+    }
+    s32 result = decode(json, record);
+    if (result != 0) {
+        zof_printf("ret = %d\n", result);
+    }
+    return record;
+}
+
+zof_view_attr_t *zof_j2s_view(const char *path) {
+    if (!path) {
+        return nullptr;
+    }
+    zof_rootjson_t file = zof_j2s_open(path);
+    cJSON *view = cJSON_GetObjectItem(file.root, "view");
+    zof_view_attr_t *record = nullptr;
+    if (cJSON_IsObject(view)) {
+        record = record_of(view, GetViewStruct);
+    } else if (file.root) {
+        zof_printf("%s: view is missing\n", path);
+    }
+    RootJsonDel(&file);
+    return record;
+}
+
+zof_prj_attr_t *zof_j2s_get_prj_attr(const char *path) {
+    if (!path) {
+        return nullptr;
+    }
+    RootJsonDel(&g_prj.json);
+    g_prj.json = zof_j2s_open(path);
+    if (!g_prj.json.root) {
+        return nullptr;
+    }
+    return record_of(g_prj.json.root, GetPrjStruct);
+}
+
+static zof_view_name_t *view_name_of(cJSON *entry) {
+    cJSON *id = cJSON_GetObjectItem(entry, "pageId");
+    const char *name = cJSON_GetStringValue(cJSON_GetObjectItem(entry, "pageName"));
+    if (!cJSON_IsNumber(id) || !name) {
+        return nullptr;
+    }
+    auto *made = static_cast<zof_view_name_t *>(zof_malloc(sizeof(zof_view_name_t)));
+    if (!made) {
+        return nullptr;
+    }
+    made->id = static_cast<u32>(id->valueint);
+    made->name = zof_res_path_zof_malloc(name);
+    return made;
+}
+
+static void view_names_read(cJSON *views, db_list *list) {
+    s32 index = 0;
+    cJSON *entry = nullptr;
+    cJSON_ArrayForEach(entry, views) {
+        zof_view_name_t *name = view_name_of(entry);
+        if (!name) {
+            zof_printf("zofprj.g: views[%d] needs pageId, a number, and pageName, a text; it is left out\n", index);
+        } else if (zof_view_name_list_add(list, name) != 0) {
+            zof_res_path_free(name->name);
+            zof_free(name);
+        }
+        index++;
+    }
+}
+
+s32 zof_j2s_view_name_list_get(db_list *list) {
+    if (!list || !g_prj.json.root) {
+        return -1;
+    }
+    cJSON *views = cJSON_GetObjectItem(g_prj.json.root, "views");
+    if (cJSON_IsArray(views)) {
+        view_names_read(views, list);
+    } else {
+        zof_printf("zofprj.g: views is missing: the project has no view\n");
+    }
+    RootJsonDel(&g_prj.json);
+    return 0;
+}

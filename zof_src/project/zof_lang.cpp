@@ -1,0 +1,105 @@
+// The current language: a flat table of texts, looked up at each use. Controls keep the reference, not the text, so that a
+// change of language can renew them. Changes live in memory until they are saved.
+#include "project/zof_lang.h"
+
+#include <cjson/cJSON.h>
+
+#include <cstring>
+
+#include "project/zof_j2s.h"
+#include "project/zof_prj_up.h"
+#include "project/zof_res.h"
+#include "zof_lib/zof_stdio.h"
+
+#define LANG_DIR "config/languages/"
+
+enum { LANG_VALUE_SIZE = 256 };
+
+void zof_lang_del(cJSON *root) {
+    if (root) {
+        cJSON_Delete(root);
+    }
+}
+
+// Changes belong to the table that goes: kept, they would be written into the next language's file.
+static void table_drop(zof_prj_t *prj) {
+    if (prj->lang_root && prj->lang_dirty) {
+        zof_printf("language %s: changes that were not saved are dropped\n", prj->lang_name ? prj->lang_name : "");
+    }
+    zof_lang_del(prj->lang_root);
+    prj->lang_root = nullptr;
+    prj->lang_dirty = 0;
+}
+
+s32 zof_lang_set(const char *name) {
+    zof_prj_t *prj = zof_prj_get_cur();
+    if (!name || !prj) {
+        return -1;
+    }
+    table_drop(prj);
+    const char *path = zof_res_get_g_file_path(LANG_DIR, name);
+    zof_rootjson_t file = path ? zof_j2s_open(path) : zof_rootjson_t{};
+    Freebuff(file.content);
+    if (!file.root) {
+        return -1;
+    }
+    prj->lang_root = file.root;
+    char *copy = zof_res_path_zof_malloc(name);
+    zof_res_path_free(prj->lang_name); // after the copy: `name` may be this very text
+    prj->lang_name = copy;
+    if (zof_prj_up.ctrl_txt_update) {
+        zof_prj_up.ctrl_txt_update();
+    }
+    return 0;
+}
+
+s32 zof_lang_check_str(const char *text) {
+    return text && text[0] == '#';
+}
+
+// The entry of a reference; null without table, without the entry, or when it is not a text.
+static cJSON *entry_of(const char *reference) {
+    zof_prj_t *prj = zof_prj_get_cur();
+    cJSON *entry = prj && prj->lang_root ? cJSON_GetObjectItem(prj->lang_root, reference + 1) : nullptr;
+    return cJSON_IsString(entry) ? entry : nullptr;
+}
+
+const char *zof_lang_get_cur_str(const char *text) {
+    cJSON *entry = zof_lang_check_str(text) ? entry_of(text) : nullptr;
+    return entry ? entry->valuestring : text;
+}
+
+s32 zof_lang_set_cur_str(const char *reference, const char *value) {
+    zof_prj_t *prj = zof_prj_get_cur();
+    if (!zof_lang_check_str(reference) || !value || std::strlen(value) >= LANG_VALUE_SIZE || !prj || !prj->lang_root) {
+        return 0;
+    }
+    cJSON *entry = entry_of(reference);
+    if (!entry) {
+        return -1;
+    }
+    char copy[LANG_VALUE_SIZE]; // `value` may be the text that is about to be overwritten
+    std::strcpy(copy, value);
+    prj->lang_dirty = 1;
+    return cJSON_SetValuestring(entry, copy) ? 0 : -1;
+}
+
+s32 zof_lang_save_cur_to_flash(void) {
+    zof_prj_t *prj = zof_prj_get_cur();
+    if (!prj || !prj->lang_root) {
+        return 0;
+    }
+    if (!prj->lang_dirty) {
+        return 1;
+    }
+    char *text = cJSON_Print(prj->lang_root);
+    const char *path = zof_res_get_g_file_path(LANG_DIR, prj->lang_name);
+    bool written = text && zof_file_write(path, text, std::strlen(text)) == 0;
+    cJSON_free(text);
+    if (!written) {
+        zof_printf("%s: create json fail!\n", path ? path : "");
+        return -1;
+    }
+    prj->lang_dirty = 0;
+    return 1;
+}

@@ -1,0 +1,161 @@
+// The project object: made when the work path is found, before the display, which takes size and title from it; brought
+// to life with the application's view table.
+#include "project/zof_prj.h"
+
+#include <cstring>
+
+#include "drv/zof_drv.h"
+#include "drv/zof_drv_touch.h"
+#include "project/zof_font.h"
+#include "project/zof_j2s.h"
+#include "project/zof_lang.h"
+#include "project/zof_res.h"
+#include "project/zof_view.h"
+#include "zof_lib/zof_stdio.h"
+
+enum { IMG_CACHE_MAX = 100, WH_UNKNOWN = 255 };
+
+static struct {
+    zof_prj_t *cur_prj_obj; // the one that is current; lives to the end of the process
+} prj_state;
+
+void zof_prj_set_cur(zof_prj_t *prj) {
+    prj_state.cur_prj_obj = prj;
+}
+
+zof_prj_t *zof_prj_get_cur(void) {
+    return prj_state.cur_prj_obj;
+}
+
+// Every path is this text with a name behind it, so it has to end in a separator.
+static char *folder_copy(const char *path) {
+    size_t length = path ? std::strlen(path) : 0;
+    auto *copy = length ? static_cast<char *>(zof_malloc(length + 2)) : nullptr;
+    if (copy) {
+        std::memcpy(copy, path, length);
+        char last = path[length - 1];
+        copy[length] = last == '/' || last == '\\' ? '\0' : '/';
+    }
+    return copy;
+}
+
+static zof_prj_t *prj_give_up(zof_prj_t *prj) {
+    zof_prj_set_cur(nullptr);
+    zof_free(prj->path);
+    zof_free(prj);
+    return nullptr;
+}
+
+zof_prj_t *zof_prj_obj_create(const char *path) {
+    auto *prj = static_cast<zof_prj_t *>(zof_malloc(sizeof(zof_prj_t)));
+    if (!prj) {
+        return nullptr;
+    }
+    prj->path = folder_copy(path);
+    if (!prj->path) {
+        zof_free(prj);
+        return nullptr;
+    }
+    zof_prj_set_cur(prj); // first of all: every path is relative to the current project
+    prj->attr = zof_j2s_get_prj_attr(zof_res_get_prjfile_path("config/project/", "zofprj.g"));
+    if (!prj->attr) {
+        return prj_give_up(prj);
+    }
+    prj->view_list = zof_view_list_create();
+    prj->view_names = zof_view_name_list_get(nullptr);
+    prj->font_list = zof_font_list_create();
+    if (prj->attr->language) {
+        zof_lang_set(prj->attr->language);
+    }
+    zof_win_mem_total_set(prj->attr->win_mem);
+    return prj;
+}
+
+s32 zof_prj_hw_init(void) {
+    zof_prj_t *prj = zof_prj_get_cur();
+    if (!prj || !prj->attr) {
+        return -1;
+    }
+    if (prj->attr->hw_t.touch_t.th_en & 1) {
+        zof_drv_touch_pause(0);
+    }
+    return 0;
+}
+
+static void all_views_load(zof_prj_t *prj) {
+    zof_view_name_t *name = nullptr;
+    for (s32 i = 0; (name = static_cast<zof_view_name_t *>(__db_list_visit(prj->view_names, i))); i++) {
+        zof_view_load(name->id);
+    }
+}
+
+s32 zof_prj_create(const zof_view_fun_t *views, u32 count) {
+    zof_prj_t *prj = zof_prj_get_cur();
+    if (!prj || zof_prj_hw_init() != 0) {
+        return -1;
+    }
+    prj->view_fun = views;
+    prj->view_fun_cnt = views ? count : 0;
+    u8 cache = prj->attr->cacheImg;
+    if (cache) {
+        lv_img_cache_set_size(cache < IMG_CACHE_MAX ? cache : static_cast<u8>(IMG_CACHE_MAX));
+    }
+    zof_prj_show_power_on_logo();
+    zof_view_set_dis_view(prj->attr->start_page);
+    if (prj->attr->init_allview) {
+        all_views_load(prj);
+    }
+    lv_timer_handler();
+    return 0;
+}
+
+// LVGL draws when its refresh timer is due, and the logo lives for one turn only: so it is drawn here and now.
+void zof_prj_show_power_on_logo(void) {
+    const char *logo = zof_res_path_check("logo.png", "image/");
+    if (!FileExist(logo) || !lv_disp_get_default()) {
+        return;
+    }
+    lv_obj_t *img = lv_img_create(lv_scr_act());
+    lv_img_set_src(img, logo);
+    lv_obj_center(img);
+    lv_refr_now(nullptr);
+    zof_view_force_refresh();
+    lv_obj_del(img);
+}
+
+// Areas, not sides: the panel is a block of memory. Asked at each turn of the display, so the first answer is kept.
+s32 zof_prj_check_wh_avlid(void) {
+    static s32 ret = WH_UNKNOWN;
+    if (ret != WH_UNKNOWN) {
+        return ret;
+    }
+    zof_prj_t *prj = zof_prj_get_cur();
+    if (!prj || !prj->attr) {
+        return -1;
+    }
+    u32 w = 0;
+    u32 h = 0;
+    zof_drv_get_wh_max_value(&w, &h);
+    s64 area = static_cast<s64>(prj->attr->width) * prj->attr->height;
+    ret = area > 0 && static_cast<u64>(w) * h < static_cast<u64>(area);
+    return ret;
+}
+
+s32 zof_prj_facts(zof_prj_facts_t *facts) {
+    zof_prj_t *prj = zof_prj_get_cur();
+    if (!facts || !prj || !prj->attr) {
+        return -1;
+    }
+    const zof_prj_dis_t *dis = &prj->attr->hw_t.dis_t;
+    *facts = {
+        .width = prj->attr->width,
+        .height = prj->attr->height,
+        .rotate = prj->attr->rotate,
+        .off_x = dis->off_x,
+        .off_y = dis->off_y,
+        .dis_mode = dis->dis_mode,
+        .title = prj->attr->p_name,
+        .wh_avlid = zof_prj_check_wh_avlid(),
+    };
+    return 0;
+}

@@ -1,0 +1,200 @@
+// The reflection tables of the project's files: project, host protocol, view, the head of all controls, and styles. Row
+// order is the order of decoding.
+#include "project/zof_prj_attr.h"
+
+const reflect_item_t zof_point_t_tbl[] = {
+    CSON_INT(zof_point_t, x),
+    CSON_INT(zof_point_t, y),
+    CSON_END,
+};
+
+const reflect_item_t zof_size_t_tbl[] = {
+    CSON_INT(zof_size_t, width),
+    CSON_INT(zof_size_t, height),
+    CSON_END,
+};
+
+const reflect_item_t zof_prj_dis_t_tbl[] = {
+    CSON_INT(zof_prj_dis_t, off_x),
+    CSON_INT(zof_prj_dis_t, off_y),
+    CSON_INT(zof_prj_dis_t, dis_mode),
+    CSON_END,
+};
+
+const reflect_item_t zof_prj_tone_t_tbl[] = {
+    CSON_INT(zof_prj_tone_t, type),
+    CSON_INT(zof_prj_tone_t, time),
+    CSON_TEXT(zof_prj_tone_t, sound),
+    CSON_INT(zof_prj_tone_t, volum),
+    CSON_END,
+};
+
+const reflect_item_t zof_prj_touch_t_tbl[] = {
+    CSON_INT(zof_prj_touch_t, th_en),
+    CSON_INT(zof_prj_touch_t, long_press_time),
+    CSON_END,
+};
+
+const reflect_item_t zof_prj_hw_attr_t_tbl[] = {
+    CSON_OBJ(zof_prj_hw_attr_t, dis_t, zof_prj_dis_t_tbl),
+    CSON_OBJ(zof_prj_hw_attr_t, tone_t, zof_prj_tone_t_tbl),
+    CSON_OBJ(zof_prj_hw_attr_t, touch_t, zof_prj_touch_t_tbl),
+    CSON_END,
+};
+
+const reflect_item_t zof_func_standby_t_tbl[] = {
+    CSON_INT(zof_func_standby_t, stdby_view),
+    CSON_INT(zof_func_standby_t, stdby_time),
+    CSON_INT(zof_func_standby_t, stdby_bright),
+    CSON_INT(zof_func_standby_t, off_time),
+    CSON_INT(zof_func_standby_t, off_bright),
+    CSON_INT(zof_func_standby_t, on_bright),
+    CSON_INT(zof_func_standby_t, on_view),
+    CSON_END,
+};
+
+const reflect_item_t zof_func_t_tbl[] = {
+    CSON_OBJ(zof_func_t, standby_t, zof_func_standby_t_tbl),
+    CSON_END,
+};
+
+const reflect_item_t zof_prj_attr_t_tbl[] = {
+    CSON_TEXT(zof_prj_attr_t, p_name),
+    CSON_INT(zof_prj_attr_t, width),
+    CSON_INT(zof_prj_attr_t, height),
+    CSON_TEXT(zof_prj_attr_t, language),
+    CSON_INT(zof_prj_attr_t, start_page),
+    CSON_INT(zof_prj_attr_t, cacheImg),
+    CSON_TEXT(zof_prj_attr_t, app_ver),
+    CSON_TEXT(zof_prj_attr_t, comp_time),
+    CSON_INT(zof_prj_attr_t, init_allview),
+    CSON_INT(zof_prj_attr_t, rotate),
+    CSON_INT(zof_prj_attr_t, show_en),
+    CSON_INT(zof_prj_attr_t, win_mem),
+    CSON_OBJ(zof_prj_attr_t, hw_t, zof_prj_hw_attr_t_tbl),
+    CSON_OBJ(zof_prj_attr_t, func_t, zof_func_t_tbl),
+    CSON_END,
+};
+
+const reflect_item_t zof_uart_cfg_t_tbl[] = {
+    CSON_INT(zof_uart_cfg_t, win_port),
+    CSON_INT(zof_uart_cfg_t, port),
+    CSON_INT(zof_uart_cfg_t, speed_e),
+    CSON_INT(zof_uart_cfg_t, bit_e),
+    CSON_INT(zof_uart_cfg_t, parity_e),
+    CSON_INT(zof_uart_cfg_t, stop_e),
+    CSON_END,
+};
+
+const reflect_item_t zof_hmi_attr_t_tbl[] = {
+    CSON_INT(zof_hmi_attr_t, hmi_en),
+    CSON_OBJ(zof_hmi_attr_t, uart, zof_uart_cfg_t_tbl),
+    CSON_INT(zof_hmi_attr_t, head_fh),
+    CSON_INT(zof_hmi_attr_t, head_fl),
+    CSON_INT(zof_hmi_attr_t, buffsize),
+    CSON_INT(zof_hmi_attr_t, timeout),
+    CSON_INT(zof_hmi_attr_t, resend_en),
+    CSON_INT(zof_hmi_attr_t, crc_en),
+    CSON_END,
+};
+
+const reflect_item_t zof_view_attr_t_tbl[] = {
+    CSON_TEXT(zof_view_attr_t, v_name),
+    CSON_INT(zof_view_attr_t, v_id),
+    CSON_INT(zof_view_attr_t, bg_scale),
+    CSON_INT(zof_view_attr_t, bg_color),
+    CSON_TEXT(zof_view_attr_t, bg_image),
+    CSON_INT(zof_view_attr_t, layer),
+    CSON_BOOL(zof_view_attr_t, model_en),
+    CSON_END,
+};
+
+const reflect_item_t zof_scrollbar_t_tbl[] = {
+    CSON_INT(zof_scrollbar_t, mode_e),
+    CSON_INT(zof_scrollbar_t, dir_e),
+    CSON_INT(zof_scrollbar_t, chain_e),
+    CSON_BOOL(zof_scrollbar_t, momentum),
+    CSON_BOOL(zof_scrollbar_t, elastic),
+    CSON_BOOL(zof_scrollbar_t, scroll_one),
+    CSON_END,
+};
+
+// `alpha` is the one row of all tables that is not nullable. It is the last row, so nothing is lost by it, and every
+// record holds this one in a nullable row.
+const reflect_item_t zof_pub_attr_t_tbl[] = {
+    CSON_TEXT(zof_pub_attr_t, name),
+    CSON_INT(zof_pub_attr_t, id),
+    CSON_INT(zof_pub_attr_t, parent_id),
+    CSON_BOOL(zof_pub_attr_t, pub),
+    CSON_INT(zof_pub_attr_t, ctrl_type),
+    CSON_OBJ(zof_pub_attr_t, pt, zof_point_t_tbl),
+    CSON_OBJ(zof_pub_attr_t, size, zof_size_t_tbl),
+    CSON_INT(zof_pub_attr_t, click_area),
+    CSON_INT(zof_pub_attr_t, t_mode),
+    CSON_OBJ(zof_pub_attr_t, scrollbar_t, zof_scrollbar_t_tbl),
+    CSON_BOOL(zof_pub_attr_t, hidden),
+    {"alpha", offsetof(zof_pub_attr_t, alpha), sizeof(u8), CSON_INTEGER, 0, 0, 0, 0},
+    CSON_END,
+};
+
+const reflect_item_t zof_border_t_tbl[] = {
+    CSON_INT(zof_border_t, color),
+    CSON_INT(zof_border_t, width),
+    CSON_INT(zof_border_t, part),
+    CSON_INT(zof_border_t, opa),
+    CSON_END,
+};
+
+const reflect_item_t zof_shadow_t_tbl[] = {
+    CSON_INT(zof_shadow_t, color),
+    CSON_INT(zof_shadow_t, width),
+    CSON_INT(zof_shadow_t, type),
+    CSON_END,
+};
+
+const reflect_item_t zof_padding_t_tbl[] = {
+    CSON_INT(zof_padding_t, top),
+    CSON_INT(zof_padding_t, bottom),
+    CSON_INT(zof_padding_t, left),
+    CSON_INT(zof_padding_t, right),
+    CSON_INT(zof_padding_t, inner),
+    CSON_END,
+};
+
+const reflect_item_t zof_body_dis_t_tbl[] = {
+    CSON_INT(zof_body_dis_t, main_color),
+    CSON_INT(zof_body_dis_t, grad_color),
+    CSON_INT(zof_body_dis_t, grad_dir_e),
+    CSON_INT(zof_body_dis_t, radius),
+    CSON_INT(zof_body_dis_t, opa),
+    CSON_OBJ(zof_body_dis_t, border, zof_border_t_tbl),
+    CSON_OBJ(zof_body_dis_t, shadow, zof_shadow_t_tbl),
+    CSON_OBJ(zof_body_dis_t, padding, zof_padding_t_tbl),
+    CSON_END,
+};
+
+const reflect_item_t zof_text_dis_t_tbl[] = {
+    CSON_INT(zof_text_dis_t, color),
+    CSON_INT(zof_text_dis_t, sel_color),
+    CSON_TEXT(zof_text_dis_t, font_lib),
+    CSON_INT(zof_text_dis_t, font_size),
+    CSON_INT(zof_text_dis_t, char_space),
+    CSON_INT(zof_text_dis_t, line_space),
+    CSON_INT(zof_text_dis_t, opa),
+    CSON_END,
+};
+
+const reflect_item_t zof_img_dis_t_tbl[] = {
+    CSON_TEXT(zof_img_dis_t, bg_img),
+    CSON_END,
+};
+
+const reflect_item_t zof_style_attr_t_tbl[] = {
+    CSON_INT(zof_style_attr_t, style_part),
+    CSON_INT(zof_style_attr_t, style_state),
+    CSON_INT(zof_style_attr_t, style_sect),
+    CSON_OBJ(zof_style_attr_t, body_t, zof_body_dis_t_tbl),
+    CSON_OBJ(zof_style_attr_t, txt_t, zof_text_dis_t_tbl),
+    CSON_OBJ(zof_style_attr_t, img_t, zof_img_dis_t_tbl),
+    CSON_END,
+};

@@ -1,0 +1,23 @@
+// Where the project folder lies: a few places relative to where the program was started.
+#include "project/zof_prj.h"
+#include "project/zof_res.h"
+#include "zof_lib/zof_stdio.h"
+
+enum { PATH_SIZE = 500 };
+
+static const char *const candidates[] = {"../../", "./", "./zof_src/zof_test/", "../zof_src/zof_test/"};
+
+const char *zof_drv_get_prj_path(void) {
+    zof_res_set_path_cache(PATH_SIZE);
+    return zof_res_check_prj_path(candidates, sizeof(candidates) / sizeof(candidates[0]));
+}
+
+void zof_drv_set_prj_path(void) {
+    const char *path = zof_drv_get_prj_path();
+    if (!path) {
+        zof_printf("No work path found\n");
+        return;
+    }
+    zof_printf("find work path , %s\n", path);
+    zof_prj_obj_create(path);
+}

@@ -1,0 +1,145 @@
+// From resource names to paths. All paths are built in one shared buffer, so that a lookup never allocates; whoever keeps
+// a path copies it. Behind the buffer lies a second half in which a path is put together first: a name may itself lie in
+// the buffer, and a path that does not fit leaves the former one whole.
+#include "project/zof_res.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "project/zof_ctrl_attr.h"
+#include "project/zof_prj.h"
+#include "zof_lib/zof_stdio.h"
+
+#define PRJ_FILE "config/project/zofprj.g"
+
+enum { LOCAL_NAME_SIZE = 50 };
+
+static struct {
+    char *res_path_buf; // twice the size: path, and the place where it is put together
+    u32 res_path_len;   // bytes of one half
+} res;
+
+const char *const themeFileName[30] = {
+    "label",   "button",   "container", "image_button", "line",      "arc",     "bar",        "slider",
+    "sw",      "cb",       "mbox",      "tileview",     "txtbox",    "list",    "droplist",   "rollist",
+    "chart",   "table",    "spinbox",   "img",          "gif",       "qrcode",  "video",      "keyboard",
+    "tile",    "sketchpad", "btnmatrix", "animimg",     "scrollcont", "scrollcont_obj",
+};
+static_assert(sizeof(themeFileName) / sizeof(themeFileName[0]) == ZOF_CTRL_TYPE_COUNT, "one file name a control type");
+
+s32 zof_res_set_path_cache(u32 n) {
+    if (n == 0) {
+        return -1;
+    }
+    auto *buffer = static_cast<char *>(zof_malloc(2 * (static_cast<size_t>(n) + 1)));
+    if (!buffer) {
+        return -1;
+    }
+    zof_free(res.res_path_buf);
+    res.res_path_buf = buffer;
+    res.res_path_len = n + 1;
+    return 0;
+}
+
+// Null parts are skipped. Null, with a line, when the whole does not fit.
+static char *join(const char *a, const char *b, const char *c) {
+    if (!res.res_path_buf) {
+        return nullptr;
+    }
+    const char *parts[] = {a ? a : "", b ? b : "", c ? c : ""};
+    char *whole = res.res_path_buf + res.res_path_len;
+    int length = std::snprintf(whole, res.res_path_len, "%s%s%s", parts[0], parts[1], parts[2]);
+    if (length < 0 || static_cast<u32>(length) >= res.res_path_len) {
+        zof_printf("path too long: %.80s...%.80s\n", parts[0], parts[2]);
+        return nullptr;
+    }
+    std::memcpy(res.res_path_buf, whole, static_cast<size_t>(length) + 1);
+    return res.res_path_buf;
+}
+
+char *zof_res_file_path(const char *a, const char *b, const char *c) {
+    return a ? join(a, b, c) : nullptr;
+}
+
+const char *zof_res_check_prj_path(const char *const *candidates, u32 count) {
+    for (u32 i = 0; candidates && i < count; i++) {
+        if (candidates[i] && FileExist(zof_res_file_path(candidates[i], "./", "res/" PRJ_FILE))) {
+            return zof_res_file_path(candidates[i], "./", "res/");
+        }
+    }
+    return nullptr;
+}
+
+const char *zof_res_get_prj_path(void) {
+    zof_prj_t *prj = zof_prj_get_cur();
+    return prj ? prj->path : nullptr;
+}
+
+char *zof_res_get_prjfile_path(const char *dir, const char *name) {
+    return zof_res_file_path(zof_res_get_prj_path(), dir, name);
+}
+
+// True when the pieces fit the local buffer; a line when they do not.
+static bool local_name(char *out, const char *a, const char *b, const char *c) {
+    int length = std::snprintf(out, LOCAL_NAME_SIZE, "%s%s%s", a, b, c);
+    if (length >= 0 && length < LOCAL_NAME_SIZE) {
+        return true;
+    }
+    zof_printf("name too long: %.80s%s%s\n", a, b, c);
+    return false;
+}
+
+char *zof_res_get_g_file_path(const char *dir, const char *name) {
+    char file[LOCAL_NAME_SIZE];
+    return name && local_name(file, name, ".g", "") ? zof_res_get_prjfile_path(dir, file) : nullptr;
+}
+
+char *zof_res_get_theme_path(const char *theme, u32 type) {
+    char file[LOCAL_NAME_SIZE];
+    if (!theme || type >= ZOF_CTRL_TYPE_COUNT || !local_name(file, theme, "/", themeFileName[type])) {
+        return nullptr;
+    }
+    char whole[LOCAL_NAME_SIZE];
+    return local_name(whole, file, ".g", "") ? zof_res_get_prjfile_path("config/theme/", whole) : nullptr;
+}
+
+char *zof_res_path_check(const char *name, const char *dir) {
+    if (!name) {
+        return nullptr;
+    }
+    return zof_fs_path_check(name) == 0 ? const_cast<char *>(zof_fs_get_real_path(name))
+                                        : zof_res_get_prjfile_path(dir, name);
+}
+
+void zof_res_check_path(char *text) {
+    for (; text && *text; text++) {
+        if (*text == '\\') {
+            *text = '/';
+        }
+    }
+}
+
+const char *zof_res_get_file_name(const char *dir, const char *full) {
+    const char *path = zof_res_get_prj_path();
+    if (!path || !dir || !full) {
+        return nullptr;
+    }
+    size_t skip = std::strlen(path) + std::strlen(dir);
+    return std::strlen(full) > skip ? full + skip : nullptr;
+}
+
+char *zof_res_path_zof_malloc(const char *text) {
+    if (!text) {
+        return nullptr;
+    }
+    size_t size = std::strlen(text) + 1;
+    auto *copy = static_cast<char *>(zof_malloc(size));
+    return copy ? static_cast<char *>(std::memcpy(copy, text, size)) : nullptr;
+}
+
+void zof_res_path_free(void *copy) {
+    zof_free(copy);
+}
+
+void zof_res_update(void) {
+}
