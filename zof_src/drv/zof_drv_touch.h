@@ -1,4 +1,5 @@
-// Touch: the hook between the input device and the widgets, and the counters of a panel check.
+// Touch: the hook between the input device and the widgets, and the counters of a panel check. Graphics thread only,
+// except the counters' zof_touch_count_set_irq.
 #ifndef ZOF_DRV_TOUCH_H
 #define ZOF_DRV_TOUCH_H
 
@@ -10,30 +11,43 @@ ZOF_C_BEGIN
 enum { ZOF_TOUCH_RELEASED = 0, ZOF_TOUCH_PRESS = 1, ZOF_TOUCH_HELD = 2 };
 
 typedef struct {
-    u8 state;
-    u16 x, y;
+    u8 state; // ZOF_TOUCH_RELEASED ...
+    u16 x, y; // pixels, as the input device gives them
 } zof_touch_t;
 
 typedef struct {
-    s32 (*get_tp_type)(void); // MANDATORY: 2 means resistive
-    void (*rtp_cal)(void);    // OPTIONAL
+    s32 (*get_tp_type)(void); // MANDATORY: 1 capacitive, 2 resistive
+    void (*rtp_cal)(void);    // OPTIONAL: starts the calibration of a resistive panel
 } zof_drv_touch_ops_t;
 
+// The port stores its table and its registered input device here.
 extern const zof_drv_touch_ops_t *drv_touch_t;
 extern lv_indev_t *touch_indev;
 
+// The hook. A port's read callback calls it last, with the data that it is about to give to the widgets; a press that
+// the host protocol takes for itself is changed to a release. 0, or -1 when a release changed nothing.
 s32 zof_touch_event(lv_indev_data_t *data);
+
+// The current touch with the display's rotation applied; -1 without `out` or an input device.
 s32 zof_touch_get(zof_touch_t *out);
+
+// From a point of the picture to one of the project; for panels that report their own coordinates. -1 with no point or
+// project, and for a point beyond the picture.
 s32 zof_touch_rotate(zof_point_t *point);
+
+// Non-zero stops the reading of the input device, zero resumes it.
 void zof_drv_touch_pause(s32 flag);
-s32 zof_drv_touch_get_tp_type(void);
+
+s32 zof_drv_touch_get_tp_type(void); // -1 without operation
 void zof_drv_touch_rtp_cal(void);
 const zof_drv_touch_ops_t *zof_drv_get_touch_t(void);
 
+// A panel check compares what the interrupt saw with what the widgets saw. Start makes the record or goes on with it;
+// stop keeps the counts; clear zeroes all and stops. All -1 without a record, the two setters also while stopped.
 s32 zof_touch_count_start(void);
 s32 zof_touch_count_stop(void);
 s32 zof_touch_count_clear(void);
-s32 zof_touch_count_set_irq(u32 state);
+s32 zof_touch_count_set_irq(u32 state); // 1 pressed
 s32 zof_touch_count_set_ui(u32 state);
 s32 zof_touch_count_get_irq(u32 *press, u32 *release);
 s32 zof_touch_count_get_ui(u32 *press, u32 *release);

@@ -1,0 +1,392 @@
+// The window: one texture fed from a frame store, and the events of mouse, touch and keyboard. Without a display SDL
+// draws off the screen; without SDL at all the frame store alone goes on, so screenshots work everywhere.
+#include <SDL.h>
+
+#include <stdlib.h>
+#include <string.h>
+
+#include <atomic>
+
+#include "drv/zof_drv_up.h"
+#include "port/zof_host.h"
+#include "port/zof_port.h"
+#include "zof_lib/zof_stdio.h"
+
+enum { EVENT_PERIOD_MS = 10, KEY_BUFFER = 32, BRIGHT_FULL = 255 };
+
+// The window and its picture.
+static struct {
+    SDL_Window *window;
+    SDL_Renderer *renderer;
+    SDL_Texture *texture;
+    u8 refr_qry;
+    u32 *tft_fb;
+    SDL_threadID thread; // the graphics thread: the only one that may touch the renderer
+} monitor;
+
+static float zoom = 1.0f;
+static std::atomic<u8> sdl_quit_qry;
+static std::atomic<u8> bright_wanted{BRIGHT_FULL}; // set by any thread
+static u8 bright_shown = BRIGHT_FULL;              // applied by the graphics thread
+
+// What mouse, wheel and keyboard did last.
+static u8 left_button_down;
+static u8 press_unread; // a press that was over before the widgets looked: they still get it once
+static s16 last_x, last_y;
+static u8 wheel_state;
+static s16 wheel_diff;
+static char key_buffer[KEY_BUFFER];
+static u8 key_down;
+
+// Runs on the thread that raises the event, so it only leaves a mark.
+static int quit_filter(void *, SDL_Event *event)
+{
+    if (event->type == SDL_QUIT ||
+        (event->type == SDL_WINDOWEVENT && event->window.event == SDL_WINDOWEVENT_CLOSE)) {
+        sdl_quit_qry = 1;
+    }
+    return 1;
+}
+
+static bool memory_driver(const char *name)
+{
+    return name && (strcmp(name, "offscreen") == 0 || strcmp(name, "dummy") == 0);
+}
+
+// The display of the environment, else SDL's drivers that need none.
+static bool video_start()
+{
+    const char *asked = SDL_getenv("SDL_VIDEODRIVER");
+    if (SDL_Init(SDL_INIT_VIDEO) == 0) {
+        if (memory_driver(SDL_GetCurrentVideoDriver()) && !memory_driver(asked)) {
+            zof_printf("window: no display was found; drawing off the screen");
+        }
+        return true;
+    }
+    for (const char *driver : {"offscreen", "dummy"}) {
+        const char *why = SDL_GetError();
+        char reason[128];
+        SDL_strlcpy(reason, why, sizeof(reason));
+        SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, driver, SDL_HINT_OVERRIDE);
+        if (SDL_Init(SDL_INIT_VIDEO) == 0) {
+            zof_printf("window: %s; drawing off the screen", reason);
+            return true;
+        }
+    }
+    return false;
+}
+
+static void zoom_choose()
+{
+    s32 w = 0;
+    s32 h = 0;
+    zof_host_screen_size(&w, &h);
+    const bool unknown = w <= 0 || h <= 0;
+    zoom = unknown || (SDL_HOR_RES < w && SDL_VER_RES < h) ? 1.0f : 0.5f;
+}
+
+static s32 software_driver()
+{
+    const int count = SDL_GetNumRenderDrivers();
+    for (int i = 0; i < count; i++) {
+        SDL_RendererInfo info;
+        if (SDL_GetRenderDriverInfo(i, &info) == 0 && (info.flags & SDL_RENDERER_SOFTWARE)) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+static void window_drop()
+{
+    if (monitor.texture) {
+        SDL_DestroyTexture(monitor.texture);
+    }
+    if (monitor.renderer) {
+        SDL_DestroyRenderer(monitor.renderer);
+    }
+    if (monitor.window) {
+        SDL_DestroyWindow(monitor.window);
+    }
+    monitor.texture = nullptr;
+    monitor.renderer = nullptr;
+    monitor.window = nullptr;
+}
+
+static bool window_open()
+{
+    zof_prj_facts_t facts = {};
+    const char *title = zof_drv_up.prj_facts(&facts) == 0 && facts.title ? facts.title : "";
+    monitor.window = SDL_CreateWindow(title, SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
+                                      (int)((float)SDL_HOR_RES * zoom), (int)((float)SDL_VER_RES * zoom), 0);
+    if (monitor.window) {
+        monitor.renderer = SDL_CreateRenderer(monitor.window, software_driver(), SDL_RENDERER_SOFTWARE);
+    }
+    if (monitor.renderer) {
+        monitor.texture = SDL_CreateTexture(monitor.renderer, SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STATIC,
+                                            SDL_HOR_RES, SDL_VER_RES);
+    }
+    if (!monitor.texture) {
+        return false;
+    }
+    SDL_SetTextureBlendMode(monitor.texture, SDL_BLENDMODE_BLEND);
+    return true;
+}
+
+void sdl_init(void)
+{
+    monitor.thread = SDL_ThreadID();
+    const bool video = video_start();
+    if (video) {
+        SDL_SetEventFilter(quit_filter, nullptr);
+        zoom_choose();
+    }
+    if (!video || !window_open()) {
+        zof_printf("window: %s; going on without one", SDL_GetError());
+        window_drop();
+    }
+    const size_t bytes = (size_t)SDL_HOR_RES * (size_t)SDL_VER_RES * sizeof(u32);
+    monitor.tft_fb = (u32 *)zof_malloc(bytes);
+    if (monitor.tft_fb) {
+        memset(monitor.tft_fb, 0xFF, bytes);
+    }
+    monitor.refr_qry = 1;
+    if (monitor.window) {
+        SDL_StartTextInput();
+    }
+    lv_timer_create(sdl_event_handler, EVENT_PERIOD_MS, nullptr);
+}
+
+static void window_update()
+{
+    if (!monitor.texture || !monitor.tft_fb) {
+        return;
+    }
+    const SDL_Rect picture = {0, 0, SDL_HOR_RES, SDL_VER_RES};
+    SDL_UpdateTexture(monitor.texture, nullptr, monitor.tft_fb, SDL_HOR_RES * (int)sizeof(u32));
+    SDL_RenderClear(monitor.renderer);
+    SDL_SetRenderDrawColor(monitor.renderer, 0, 0, 0, SDL_ALPHA_OPAQUE);
+    SDL_RenderDrawRect(monitor.renderer, &picture);
+    SDL_RenderCopy(monitor.renderer, monitor.texture, nullptr, nullptr);
+    SDL_RenderPresent(monitor.renderer);
+}
+
+void sdl_display_flush(lv_disp_drv_t *drv, const lv_area_t *area, lv_color_t *pixels)
+{
+    const bool outside = area->x2 < 0 || area->y2 < 0 || area->x1 >= SDL_HOR_RES || area->y1 >= SDL_VER_RES;
+    if (outside || !monitor.tft_fb) {
+        lv_disp_flush_ready(drv);
+        return;
+    }
+    const s32 row = area->x2 - area->x1 + 1;
+    const s32 left = LV_MAX(area->x1, 0);
+    const s32 width = LV_MIN(area->x2, SDL_HOR_RES - 1) - left + 1;
+    const s32 bottom = LV_MIN(area->y2, SDL_VER_RES - 1);
+    for (s32 y = LV_MAX(area->y1, 0); y <= bottom; y++) {
+        const lv_color_t *from = pixels + (size_t)(y - area->y1) * (size_t)row + (left - area->x1);
+        memcpy(monitor.tft_fb + (size_t)y * (size_t)SDL_HOR_RES + left, from, (size_t)width * sizeof(u32));
+    }
+    monitor.refr_qry = 1;
+    if (lv_disp_flush_is_last(drv)) {
+        monitor.refr_qry = 0;
+        window_update();
+    }
+    lv_disp_flush_ready(drv);
+}
+
+static void bright_apply()
+{
+    const u8 level = bright_wanted;
+    if (level == bright_shown) {
+        return;
+    }
+    bright_shown = level;
+    if (monitor.texture) {
+        SDL_SetTextureColorMod(monitor.texture, level, level, level);
+        SDL_RenderCopy(monitor.renderer, monitor.texture, nullptr, nullptr);
+        SDL_RenderPresent(monitor.renderer);
+    }
+}
+
+void zof_win_set_dis_bright(u8 level)
+{
+    bright_wanted = (u8)(level * 255 / 100);
+    if (SDL_ThreadID() == monitor.thread) {
+        bright_apply();
+    }
+}
+
+u8 sdl_bright_get(void)
+{
+    return bright_shown;
+}
+
+static void pointer_at(float x, float y)
+{
+    last_x = (s16)LV_CLAMP(-32768.0f, x, 32767.0f);
+    last_y = (s16)LV_CLAMP(-32768.0f, y, 32767.0f);
+}
+
+static void mouse_at(s32 x, s32 y)
+{
+    pointer_at((float)x / zoom, (float)y / zoom);
+}
+
+static void finger_at(const SDL_TouchFingerEvent *finger)
+{
+    pointer_at((float)SDL_HOR_RES * finger->x / zoom, (float)SDL_VER_RES * finger->y / zoom);
+}
+
+static void press()
+{
+    left_button_down = 1;
+    press_unread = 1;
+}
+
+static void button_event(const SDL_MouseButtonEvent *button)
+{
+    const bool down = button->type == SDL_MOUSEBUTTONDOWN;
+    if (button->button == SDL_BUTTON_LEFT) {
+        if (down) {
+            press();
+            mouse_at(button->x, button->y);
+        } else {
+            left_button_down = 0;
+        }
+    } else if (button->button == SDL_BUTTON_MIDDLE) {
+        wheel_state = down;
+    }
+}
+
+// Any event of the window lifts the finger, so that a drag out of it does not stick.
+static void window_event(const SDL_WindowEvent *window)
+{
+    left_button_down = 0;
+    press_unread = 0;
+    if (window->event == SDL_WINDOWEVENT_EXPOSED || window->event == SDL_WINDOWEVENT_TAKE_FOCUS) {
+        window_update();
+    }
+}
+
+static void text_event(const char *text)
+{
+    const size_t used = strlen(key_buffer);
+    if (used + strlen(text) < sizeof(key_buffer)) {
+        strcpy(key_buffer + used, text);
+    }
+}
+
+static void event_take(const SDL_Event *event)
+{
+    switch (event->type) {
+    case SDL_MOUSEMOTION:
+        mouse_at(event->motion.x, event->motion.y);
+        break;
+    case SDL_MOUSEBUTTONDOWN:
+    case SDL_MOUSEBUTTONUP:
+        button_event(&event->button);
+        break;
+    case SDL_MOUSEWHEEL:
+        wheel_diff = (s16)-event->wheel.y;
+        break;
+    case SDL_FINGERDOWN:
+        press();
+        finger_at(&event->tfinger);
+        break;
+    case SDL_FINGERUP:
+        left_button_down = 0;
+        finger_at(&event->tfinger);
+        break;
+    case SDL_FINGERMOTION:
+        finger_at(&event->tfinger);
+        break;
+    case SDL_TEXTINPUT:
+        text_event(event->text.text);
+        break;
+    case SDL_WINDOWEVENT:
+        window_event(&event->window);
+        break;
+    default:
+        break;
+    }
+}
+
+void sdl_event_handler(lv_timer_t *)
+{
+    SDL_Event event;
+    while (SDL_PollEvent(&event)) {
+        event_take(&event);
+    }
+    bright_apply();
+    if (sdl_quit_qry) {
+        window_drop();
+        SDL_Quit();
+        exit(0);
+    }
+}
+
+void sdl_mouse_read(lv_indev_drv_t *, lv_indev_data_t *data)
+{
+    data->point.x = last_x;
+    data->point.y = last_y;
+    data->state = left_button_down || press_unread ? LV_INDEV_STATE_PRESSED : LV_INDEV_STATE_RELEASED;
+    press_unread = 0;
+}
+
+void sdl_mousewheel_read(lv_indev_drv_t *, lv_indev_data_t *data)
+{
+    data->state = wheel_state ? LV_INDEV_STATE_PRESSED : LV_INDEV_STATE_RELEASED;
+    data->enc_diff = wheel_diff;
+    wheel_diff = 0;
+}
+
+// Each character is a press, and at the next read its release; the bytes of one character go together.
+void sdl_keyboard_read(lv_indev_drv_t *, lv_indev_data_t *data)
+{
+    if (key_down) {
+        key_down = 0;
+        data->state = LV_INDEV_STATE_RELEASED;
+    } else if (key_buffer[0]) {
+        u32 length = 0;
+        data->key = _lv_txt_encoded_next(key_buffer, &length);
+        memmove(key_buffer, key_buffer + length, sizeof(key_buffer) - length);
+        key_down = 1;
+        data->state = LV_INDEV_STATE_PRESSED;
+    } else {
+        data->state = LV_INDEV_STATE_RELEASED;
+    }
+    data->continue_reading = key_down || key_buffer[0];
+}
+
+const u32 *sdl_frame_get(s32 *width, s32 *height)
+{
+    if (width) {
+        *width = SDL_HOR_RES;
+    }
+    if (height) {
+        *height = SDL_VER_RES;
+    }
+    return monitor.tft_fb;
+}
+
+void sdl_pointer_inject(s32 x, s32 y, zof_bool pressed)
+{
+    static bool injected_down;
+    const bool down = pressed != ZOF_FALSE;
+    SDL_Event event = {};
+    event.motion.type = SDL_MOUSEMOTION;
+    event.motion.x = (s32)((float)x * zoom);
+    event.motion.y = (s32)((float)y * zoom);
+    SDL_PushEvent(&event);
+    if (down == injected_down) {
+        return;
+    }
+    injected_down = down;
+    SDL_Event button = {};
+    button.button.type = down ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
+    button.button.button = SDL_BUTTON_LEFT;
+    button.button.state = down ? SDL_PRESSED : SDL_RELEASED;
+    button.button.x = event.motion.x;
+    button.button.y = event.motion.y;
+    SDL_PushEvent(&button);
+}
