@@ -15,6 +15,13 @@
 
 enum { LANG_VALUE_SIZE = 256 };
 
+// The application's own texts after a change; set before events flow.
+static void (*lang_changed)(void);
+
+void zof_lang_on_change(void (*fn)(void)) {
+    lang_changed = fn;
+}
+
 void zof_lang_del(cJSON *root) {
     if (root) {
         cJSON_Delete(root);
@@ -49,6 +56,9 @@ s32 zof_lang_set(const char *name) {
     prj->lang_name = copy;
     if (zof_prj_up.ctrl_txt_update) {
         zof_prj_up.ctrl_txt_update();
+    }
+    if (lang_changed) {
+        lang_changed();
     }
     return 0;
 }

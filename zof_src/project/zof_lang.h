@@ -28,6 +28,10 @@ s32 zof_lang_save_cur_to_flash(void);
 
 void zof_lang_del(struct cJSON *root);
 
+// Installs a function that runs at the end of every successful zof_lang_set, behind the sweep over all controls: an
+// application formats texts itself ("Use 12.04 V") and has to say them again. Null removes it. Graphics thread.
+void zof_lang_on_change(void (*fn)(void));
+
 ZOF_C_END
 
 #endif

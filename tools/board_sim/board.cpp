@@ -1,0 +1,223 @@
+#include "board.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+static constexpr double SLEW_MV_PER_MS = 40;  // a source's ramp, up and down
+static constexpr double PUSH_MS = 100;        // live values
+static constexpr double STATE_MS = 1000;      // output state again, for a panel that came up late
+
+std::vector<board_rail> board_default_rails()
+{
+    return {
+        {RAIL_FIX, 5000, 5000, 5000},   {RAIL_FIX, 9000, 9000, 5000},   {RAIL_FIX, 12000, 12000, 5000},
+        {RAIL_FIX, 15000, 15000, 5000}, {RAIL_FIX, 20000, 20000, 5000}, {RAIL_PPS, 3300, 11000, 5000},
+        {RAIL_PPS, 3300, 16000, 5000},  {RAIL_PPS, 3300, 21000, 5000},  {RAIL_EPR, 28000, 28000, 5000},
+        {RAIL_EPR, 36000, 36000, 5000}, {RAIL_EPR, 48000, 48000, 5000}, {RAIL_AVS, 9000, 20000, 3250},
+        {RAIL_AVS, 15000, 28000, 5000},
+    };
+}
+
+// One row a setting: its name in the file and its place. Loading, saving and the register reports walk these rows.
+static constexpr struct {
+    const char *name;
+    uint16_t board_settings::*field;
+    uint16_t lo, hi;
+    uint16_t reg; // 0: the panel does not set it
+} settings_rows[] = {
+    {"brightness", &board_settings::bright, 10, 100, REG_BRIGHT},
+    {"boot_last", &board_settings::boot_last, 0, 1, REG_BOOT_STATE},
+    {"auto_arm", &board_settings::auto_arm, 0, 1, REG_AUTO_ARM},
+    {"last_on", &board_settings::last_on, 0, 1, 0},
+    {"last_rail", &board_settings::last_rail, 0, RAIL_NONE, 0},
+};
+
+static void settings_load(board &b)
+{
+    FILE *f = b.settings_file.empty() ? nullptr : fopen(b.settings_file.c_str(), "r");
+    if (!f) {
+        return;
+    }
+    char name[32];
+    unsigned value;
+    while (fscanf(f, " %31[a-z_] = %u", name, &value) == 2) {
+        for (const auto &row : settings_rows) {
+            if (std::string(name) == row.name) {
+                b.settings.*row.field = (uint16_t)std::clamp<unsigned>(value, row.lo, row.hi);
+            }
+        }
+    }
+    fclose(f);
+}
+
+static void settings_save(const board &b)
+{
+    FILE *f = b.settings_file.empty() ? nullptr : fopen(b.settings_file.c_str(), "w");
+    if (!f) {
+        return;
+    }
+    for (const auto &row : settings_rows) {
+        fprintf(f, "%s = %u\n", row.name, b.settings.*row.field);
+    }
+    fclose(f);
+}
+
+static void push(board &b, uint16_t addr, uint16_t value)
+{
+    if (b.write) {
+        b.write(addr, {value});
+    }
+}
+
+static void push_live(board &b)
+{
+    std::normal_distribution<double> noise(0, b.noise && b.mv > 50 ? 1.5 : 0);
+    const double mv = std::max(0.0, b.mv + noise(b.random));
+    const double ma = b.ma > 0 ? std::max(0.0, b.ma + noise(b.random)) : 0;
+    const auto mwh = (uint32_t)(b.energy_uwh / 1000);
+    push(b, REG_LIVE_MV, (uint16_t)std::lround(std::min(mv, 65535.0)));
+    push(b, REG_LIVE_MA, (uint16_t)std::lround(std::min(ma, 65535.0)));
+    push(b, REG_LIVE_DW, (uint16_t)std::lround(std::min(mv * ma / 1e5, 65535.0)));
+    push(b, REG_SESS_MWH_LO, (uint16_t)mwh);
+    push(b, REG_SESS_MWH_HI, (uint16_t)(mwh >> 16));
+}
+
+// Ohm's law behind a source that folds back at its current limit.
+static void flow(board &b, double ms)
+{
+    const double want = b.on ? b.target_mv : 0;
+    const double step = SLEW_MV_PER_MS * ms;
+    b.mv += std::clamp(want - b.mv, -step, step);
+    if (!b.on || b.mv <= 0) {
+        b.ma = 0;
+        return;
+    }
+    b.ma = b.load.amperes > 0 ? b.load.amperes * 1000 : b.mv / b.load.ohms;
+    if (b.ma > b.limit_ma) {
+        b.ma = b.limit_ma;
+        b.mv = b.load.amperes > 0 ? std::min(b.mv, 500.0) : b.ma * b.load.ohms;
+    }
+    b.energy_uwh += b.mv * b.ma / 1e3 * ms / 3.6e6; // mV * mA is nW * 1000; a ms is a 3.6 millionth of an hour
+}
+
+void board_step(board &b, double ms)
+{
+    for (double left = ms; left > 0; left -= 20) {
+        flow(b, std::min(left, 20.0));
+    }
+    b.since_push_ms += ms;
+    b.since_state_ms += ms;
+    if (b.since_push_ms >= PUSH_MS) {
+        b.since_push_ms = 0;
+        push_live(b);
+    }
+    if (b.since_state_ms >= STATE_MS) {
+        b.since_state_ms = 0;
+        push(b, REG_OUT_STATE, b.on);
+    }
+}
+
+void board_output(board &b, bool on)
+{
+    b.on = on && b.rail != RAIL_NONE;
+    b.settings.last_on = b.on;
+    settings_save(b);
+    push(b, REG_OUT_STATE, b.on);
+}
+
+static bool is_adjustable(const board_rail &r)
+{
+    return (r.type == RAIL_PPS || r.type == RAIL_AVS) && r.vmin != r.vmax;
+}
+
+bool board_select(board &b, uint16_t rail)
+{
+    if (rail >= b.rails.size()) {
+        return false;
+    }
+    const board_rail &r = b.rails[rail];
+    b.rail = rail;
+    b.target_mv = is_adjustable(r) && b.adj_mv ? std::clamp(b.adj_mv, r.vmin, r.vmax) : r.vmax;
+    b.limit_ma = is_adjustable(r) && b.adj_ma ? std::min(b.adj_ma, r.imax) : r.imax;
+    b.settings.last_rail = rail;
+    settings_save(b);
+    push(b, REG_RAIL_ACTIVE, rail);
+    if (b.settings.auto_arm) {
+        board_output(b, true);
+    }
+    return true;
+}
+
+void board_send_rails(board &b)
+{
+    std::vector<uint16_t> words;
+    for (const board_rail &r : b.rails) {
+        words.insert(words.end(), {r.type, r.vmin, r.vmax, r.imax});
+    }
+    if (b.write && !words.empty()) {
+        b.write(REG_RAIL_BASE, words);
+    }
+    push(b, REG_RAIL_COUNT, (uint16_t)b.rails.size());
+    if (b.rail != RAIL_NONE) {
+        push(b, REG_RAIL_ACTIVE, b.rail);
+    }
+    push(b, REG_RAIL_COMMIT, 1);
+}
+
+void board_send_settings(board &b)
+{
+    for (const auto &row : settings_rows) {
+        if (row.reg) {
+            push(b, row.reg, b.settings.*row.field);
+        }
+    }
+}
+
+void board_report(board &b, uint16_t addr, uint16_t value)
+{
+    for (const auto &row : settings_rows) {
+        if (row.reg == addr) {
+            b.settings.*row.field = std::clamp(value, row.lo, row.hi);
+            settings_save(b);
+        }
+    }
+    switch (addr) {
+    case REG_ADJ_MV:
+        b.adj_mv = value;
+        break;
+    case REG_ADJ_MA:
+        b.adj_ma = value;
+        break;
+    case REG_OUT_REQ:
+        board_output(b, value != 0);
+        break;
+    case REG_RAIL_SELECT:
+        board_select(b, value);
+        break;
+    case REG_RAIL_REQUEST:
+        board_send_rails(b);
+        break;
+    case REG_SESS_RESET:
+        b.energy_uwh = 0;
+        push(b, REG_SESS_MWH_LO, 0);
+        push(b, REG_SESS_MWH_HI, 0);
+        break;
+    case REG_SETTINGS_REQUEST:
+        board_send_settings(b);
+        break;
+    }
+}
+
+// A box with nothing chosen starts on its first rail, as every source does.
+void board_power_up(board &b)
+{
+    settings_load(b);
+    const uint16_t rail = b.settings.last_rail < b.rails.size() ? b.settings.last_rail : 0;
+    const bool on = b.settings.boot_last && b.settings.last_on;
+    const uint16_t auto_arm = b.settings.auto_arm;
+    b.settings.auto_arm = 0; // power-on is no choice of a rail
+    board_select(b, rail);
+    b.settings.auto_arm = auto_arm;
+    board_output(b, on);
+}

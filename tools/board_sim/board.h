@@ -1,0 +1,67 @@
+// The simulated box: rails, output, load, energy and settings. Knows registers and time, nothing of lines and frames.
+#ifndef BOARD_H
+#define BOARD_H
+
+#include <cstdint>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "hardware/uart/zof_hw_map.h"
+
+struct board_rail {
+    uint16_t type, vmin, vmax, imax; // mV, mA
+};
+
+struct board_load {
+    double ohms = 10;     // used when amperes is 0
+    double amperes = 0;   // constant current
+};
+
+// What the box keeps when its power goes.
+struct board_settings {
+    uint16_t bright = 100;
+    uint16_t boot_last = 0;
+    uint16_t auto_arm = 0;
+    uint16_t last_on = 0;
+    uint16_t last_rail = RAIL_NONE;
+};
+
+struct board {
+    std::vector<board_rail> rails;
+    board_load load;
+    board_settings settings;
+    std::string settings_file; // empty: nothing is kept
+    bool noise = true;
+    std::mt19937 random;
+
+    bool on = false;
+    uint16_t rail = RAIL_NONE;
+    uint16_t adj_mv = 0, adj_ma = 0; // asked for by the panel, taken over when a rail is selected
+    double target_mv = 0, limit_ma = 0;
+    double mv = 0, ma = 0;           // at the terminals
+    double energy_uwh = 0;
+    double since_push_ms = 1e9, since_state_ms = 1e9;
+
+    // Hands over registers to be written to the panel, each call one frame.
+    std::function<void(uint16_t addr, const std::vector<uint16_t> &words)> write;
+};
+
+std::vector<board_rail> board_default_rails();
+
+// Loads the settings and powers up: output and rail as the settings say.
+void board_power_up(board &b);
+
+// Lets time pass, at most 20 ms a call for a smooth ramp, and pushes what is due.
+void board_step(board &b, double ms);
+
+// The panel has reported a register.
+void board_report(board &b, uint16_t addr, uint16_t value);
+
+void board_output(board &b, bool on);
+bool board_select(board &b, uint16_t rail);
+void board_send_rails(board &b);
+void board_send_settings(board &b);
+
+#endif

@@ -1,0 +1,305 @@
+// The virtual board: the other end of the panel's register link, as a program.
+#include <CLI/CLI.hpp>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <poll.h>
+#include <sstream>
+#include <unistd.h>
+
+#include "board.h"
+#include "wire.h"
+
+struct script_line {
+    double at_ms;
+    std::vector<std::string> words;
+    std::string place; // file:line
+};
+
+struct options {
+    std::vector<std::string> faults;
+    std::string load = "10", script;
+    unsigned seed = 0;
+    int rails = RAIL_MAX;
+    double seconds = 0;
+    bool trace = false, quiet_noise = false;
+};
+
+static struct {
+    board box;
+    wire line;
+    frame_finder finder;
+    options opt;
+    std::deque<script_line> script;
+    double plugged_ms = 0, flooded_ms = 0;
+} sim;
+
+static volatile sig_atomic_t stop;
+
+static double now_ms()
+{
+    using clock = std::chrono::steady_clock;
+    static const clock::time_point start = clock::now();
+    return std::chrono::duration<double, std::milli>(clock::now() - start).count();
+}
+
+static void say(const char *who, const std::string &what)
+{
+    printf("%9.3f  %-14s %s\n", now_ms() / 1000, who, what.c_str());
+    fflush(stdout);
+}
+
+static bool parse_load(const std::string &text, board_load &load)
+{
+    char *end;
+    const double v = strtod(text.c_str(), &end);
+    const std::string unit = end;
+    if (end == text.c_str() || v <= 0 || (!unit.empty() && unit != "ohm" && unit != "A")) {
+        return false;
+    }
+    load = unit == "A" ? board_load{10, v} : board_load{v, 0};
+    return true;
+}
+
+static bool take_fault(const std::string &text)
+{
+    const size_t at = text.find('=');
+    for (const fault_row &row : fault_rows) {
+        if (text.substr(0, at) == row.name) {
+            char *end = nullptr;
+            const char *amount = at == std::string::npos ? nullptr : text.c_str() + at + 1;
+            sim.line.faults.*row.amount = amount ? strtod(amount, &end) : row.normal;
+            return !amount || (end != amount && *end == 0);
+        }
+    }
+    return false;
+}
+
+static std::string faults_help()
+{
+    std::string out = "Faults (--fault NAME or --fault NAME=AMOUNT, as often as you like):\n";
+    for (const fault_row &row : fault_rows) {
+        char line[160];
+        snprintf(line, sizeof(line), "  %-8s %-7g %s\n", row.name, row.normal, row.help);
+        out += line;
+    }
+    return out + "\nScript: lines \"MS COMMAND\", MS counted from the start; commands:\n"
+                 "  load 4.7 | load 2A     rail N     output on|off     rails N (table changes)     unplug | plug\n"
+                 "  fault NAME=AMOUNT      read ADDR COUNT (asks the panel)      quit\n\n"
+                 "Example:  board_sim --link /tmp/board --trace        then:  ZOF_COM6=/tmp/board zof_bench\n";
+}
+
+static bool read_script(const std::string &path)
+{
+    std::ifstream in(path);
+    std::string text;
+    for (int line = 1; std::getline(in, text); line++) {
+        std::istringstream words(text.substr(0, text.find('#')));
+        script_line s{0, {}, path + ":" + std::to_string(line)};
+        std::string word;
+        if (!(words >> s.at_ms)) {
+            if (text.find_first_not_of(" \t\r") != std::string::npos && text[text.find_first_not_of(" \t")] != '#') {
+                fprintf(stderr, "board_sim: %s: a time in ms was expected\n", s.place.c_str());
+                return false;
+            }
+            continue;
+        }
+        while (words >> word) {
+            s.words.push_back(word);
+        }
+        sim.script.push_back(s);
+    }
+    return in.eof();
+}
+
+static void rails_count(int n)
+{
+    sim.box.rails = board_default_rails();
+    sim.box.rails.resize((size_t)std::clamp(n, 0, (int)RAIL_MAX));
+}
+
+// One script command; false when it cannot be understood.
+static bool run_command(const std::vector<std::string> &w)
+{
+    const std::string arg = w.size() > 1 ? w[1] : "";
+    if (w.empty()) {
+        return false;
+    }
+    if (w[0] == "load") {
+        return parse_load(arg, sim.box.load);
+    }
+    if (w[0] == "rail") {
+        return board_select(sim.box, (uint16_t)atoi(arg.c_str()));
+    }
+    if (w[0] == "output") {
+        board_output(sim.box, arg == "on");
+        return arg == "on" || arg == "off";
+    }
+    if (w[0] == "rails") {
+        rails_count(atoi(arg.c_str()));
+        board_send_rails(sim.box);
+        return true;
+    }
+    if (w[0] == "unplug") {
+        wire_unplug(sim.line);
+        return true;
+    }
+    if (w[0] == "plug") {
+        return wire_plug(sim.line);
+    }
+    if (w[0] == "fault") {
+        return take_fault(arg);
+    }
+    if (w[0] == "read" && w.size() == 3) {
+        wire_send(sim.line, frame_read((uint16_t)atoi(arg.c_str()), (uint8_t)atoi(w[2].c_str())), now_ms());
+        return true;
+    }
+    stop = w[0] == "quit";
+    return stop;
+}
+
+static void run_script(double now)
+{
+    while (!sim.script.empty() && sim.script.front().at_ms <= now && !stop) {
+        const script_line s = sim.script.front();
+        sim.script.pop_front();
+        if (!run_command(s.words)) {
+            fprintf(stderr, "board_sim: %s: it cannot be done\n", s.place.c_str());
+        }
+    }
+}
+
+static void on_write(uint16_t addr, const std::vector<uint16_t> &words)
+{
+    const bytes frame = frame_write(addr, words);
+    if (sim.opt.trace) {
+        say("board > panel", frame_tell(frame));
+    }
+    wire_send(sim.line, frame, now_ms());
+}
+
+static void on_frame(const bytes &frame)
+{
+    if (sim.opt.trace) {
+        say("panel > board", frame_tell(frame));
+    }
+    frame_report_words(frame, [](uint16_t addr, uint16_t value) { board_report(sim.box, addr, value); });
+}
+
+// Bursts of readings with a silence behind each: a line that is full, but still one on which messages end.
+static void flood(double now)
+{
+    const double period = 20;
+    if (sim.line.faults.flood <= 0 || now - sim.flooded_ms < period) {
+        return;
+    }
+    size_t left = (size_t)(sim.line.faults.flood * (now - std::max(sim.flooded_ms, now - 2 * period)) / 1000);
+    sim.flooded_ms = now;
+    static uint16_t count;
+    bytes burst;
+    for (; left >= 8; left -= 8) {
+        const bytes f = frame_write(REG_LIVE_MA, {count++});
+        burst.insert(burst.end(), f.begin(), f.end());
+    }
+    wire_send(sim.line, burst, now);
+}
+
+static void replug(double now)
+{
+    const double period = sim.line.faults.replug * 1000;
+    if (period <= 0) {
+        return;
+    }
+    const double since = now - sim.plugged_ms;
+    if (sim.line.fd >= 0 && since > period) {
+        say("line", "unplugged");
+        wire_unplug(sim.line);
+    } else if (sim.line.fd < 0 && since > period + 1000 && wire_plug(sim.line)) {
+        say("line", "plugged in as " + sim.line.slave_name);
+        sim.plugged_ms = now;
+    }
+}
+
+static void receive()
+{
+    uint8_t buffer[1024];
+    for (;;) {
+        const ssize_t n = sim.line.fd >= 0 ? read(sim.line.fd, buffer, sizeof(buffer)) : -1;
+        if (n <= 0) {
+            return;
+        }
+        frame_feed(sim.finder, buffer, (size_t)n);
+    }
+}
+
+static void loop()
+{
+    double last = now_ms();
+    while (!stop && (sim.opt.seconds <= 0 || last < sim.opt.seconds * 1000)) {
+        const double due = wire_flush(sim.line, last);
+        pollfd p = {sim.line.fd, POLLIN, 0};
+        poll(&p, sim.line.fd >= 0 ? 1 : 0, due >= 0 && due < 10 ? (int)due + 1 : 10);
+        receive();
+        const double now = now_ms();
+        run_script(now);
+        board_step(sim.box, now - last);
+        flood(now);
+        replug(now);
+        last = now;
+    }
+}
+
+int main(int argc, char **argv)
+{
+    CLI::App app("The virtual board: simulates the bench box at the far end of the panel's serial line.");
+    options &opt = sim.opt;
+    app.footer(faults_help());
+    app.add_option("--link", sim.line.link, "make the pseudo-terminal known under this path")->type_name("PATH");
+    app.add_option("--tty", sim.line.tty, "use this serial line instead of a pseudo-terminal")->type_name("PATH");
+    app.add_option("--load", opt.load, "load at the output: 10 (ohms) or 2A (constant current)")->type_name("LOAD");
+    app.add_option("--rails", opt.rails, "how many of the 13 rails the box offers")->check(CLI::Range(0, (int)RAIL_MAX));
+    app.add_option("--state", sim.box.settings_file, "keep the box's settings in this file")->type_name("FILE");
+    app.add_option("--fault", opt.faults, "spoil the line, see below")->type_name("NAME[=AMOUNT]");
+    app.add_option("--script", opt.script, "do what this file says, see below")->type_name("FILE");
+    app.add_option("--seed", opt.seed, "seed of noise and faults");
+    app.add_option("--seconds", opt.seconds, "stop after so many seconds");
+    app.add_flag("--trace", opt.trace, "print every frame in words");
+    app.add_flag("--no-noise", opt.quiet_noise, "readings without noise");
+    CLI11_PARSE(app, argc, argv);
+    for (const std::string &f : opt.faults) {
+        if (!take_fault(f)) {
+            fprintf(stderr, "board_sim: --fault knows no \"%s\"; see --help\n", f.c_str());
+            return 2;
+        }
+    }
+    if (!parse_load(opt.load, sim.box.load)) {
+        fprintf(stderr, "board_sim: --load wants ohms (10) or amperes (2A), not \"%s\"\n", opt.load.c_str());
+        return 2;
+    }
+    if (!opt.script.empty() && !read_script(opt.script)) {
+        fprintf(stderr, "board_sim: %s: the script cannot be read\n", opt.script.c_str());
+        return 2;
+    }
+    sim.box.random.seed(opt.seed);
+    sim.line.random.seed(opt.seed);
+    sim.box.noise = !opt.quiet_noise;
+    sim.box.write = on_write;
+    sim.finder.found = on_frame;
+    rails_count(opt.rails);
+    if (!wire_plug(sim.line)) {
+        return 1;
+    }
+    for (int sig : {SIGINT, SIGTERM, SIGHUP}) {
+        signal(sig, [](int) { stop = 1; });
+    }
+    const std::string where = !sim.line.link.empty() ? sim.line.link : !sim.line.tty.empty() ? sim.line.tty : sim.line.slave_name;
+    say("line", "the board is at " + where);
+    board_power_up(sim.box);
+    loop();
+    wire_unplug(sim.line);
+    say("line", std::to_string(sim.line.sent) + " bytes sent, " + std::to_string(sim.line.dropped) + " fell off a full line");
+    return 0;
+}

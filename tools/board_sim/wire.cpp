@@ -1,0 +1,140 @@
+#include "wire.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
+const std::vector<fault_row> fault_rows = {
+    {"lose", &wire_faults::lose, 0.5, "each byte is lost with this many percent"},
+    {"garbage", &wire_faults::garbage, 20, "before a frame, with this many percent, up to 30 bytes of rubbish"},
+    {"split", &wire_faults::split, 20, "every frame comes in two pieces, this many ms apart"},
+    {"late", &wire_faults::late, 300, "every frame comes this many ms late"},
+    {"flood", &wire_faults::flood, 11520, "readings fill the line with this many bytes a second"},
+    {"replug", &wire_faults::replug, 5, "the cable is pulled every so many seconds, for one second"},
+    {"mute", &wire_faults::mute, 1, "the board never sends anything"},
+};
+
+static void make_raw(int fd)
+{
+    termios t;
+    if (tcgetattr(fd, &t) == 0) {
+        cfmakeraw(&t);
+        cfsetspeed(&t, B115200);
+        tcsetattr(fd, TCSANOW, &t);
+    }
+}
+
+static bool fail(const std::string &what)
+{
+    fprintf(stderr, "board_sim: %s: %s\n", what.c_str(), strerror(errno));
+    return false;
+}
+
+static bool plug_pty(wire &w)
+{
+    w.fd = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (w.fd < 0 || grantpt(w.fd) != 0 || unlockpt(w.fd) != 0) {
+        return fail("no pseudo-terminal");
+    }
+    w.slave_name = ptsname(w.fd);
+    w.slave = open(w.slave_name.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    if (w.slave < 0) {
+        return fail(w.slave_name);
+    }
+    make_raw(w.slave);
+    if (!w.link.empty()) {
+        unlink(w.link.c_str());
+        if (symlink(w.slave_name.c_str(), w.link.c_str()) != 0) {
+            return fail(w.link);
+        }
+    }
+    return true;
+}
+
+bool wire_plug(wire &w)
+{
+    if (w.fd >= 0) {
+        return true;
+    }
+    if (w.tty.empty()) {
+        return plug_pty(w);
+    }
+    w.fd = open(w.tty.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (w.fd < 0) {
+        return fail(w.tty);
+    }
+    make_raw(w.fd);
+    return true;
+}
+
+void wire_unplug(wire &w)
+{
+    for (int *fd : {&w.fd, &w.slave}) {
+        if (*fd >= 0) {
+            close(*fd);
+            *fd = -1;
+        }
+    }
+    if (!w.link.empty()) {
+        unlink(w.link.c_str());
+    }
+    w.queue.clear();
+}
+
+static bool chance(wire &w, double percent)
+{
+    return std::uniform_real_distribution<double>(0, 100)(w.random) < percent;
+}
+
+static bytes spoil(wire &w, const bytes &data)
+{
+    bytes out;
+    if (chance(w, w.faults.garbage)) {
+        const size_t n = w.random() % 30 + 1;
+        for (size_t k = 0; k < n; k++) {
+            out.push_back((uint8_t)w.random());
+        }
+    }
+    for (uint8_t byte : data) {
+        if (!chance(w, w.faults.lose)) {
+            out.push_back(byte);
+        }
+    }
+    return out;
+}
+
+void wire_send(wire &w, const bytes &data, double now_ms)
+{
+    if (w.fd < 0 || w.faults.mute > 0) {
+        return;
+    }
+    const bytes out = spoil(w, data);
+    const double due = now_ms + w.faults.late;
+    if (w.faults.split > 0 && out.size() > 1) {
+        const long cut = 1 + (long)(w.random() % (out.size() - 1));
+        w.queue.push_back({due, bytes(out.begin(), out.begin() + cut)});
+        w.queue.push_back({due + w.faults.split, bytes(out.begin() + cut, out.end())});
+    } else {
+        w.queue.push_back({due, out});
+    }
+}
+
+double wire_flush(wire &w, double now_ms)
+{
+    while (!w.queue.empty() && w.queue.front().due_ms <= now_ms) {
+        const bytes data = std::move(w.queue.front().data);
+        w.queue.pop_front();
+        if (w.fd < 0) {
+            continue;
+        }
+        const ssize_t n = write(w.fd, data.data(), data.size()); // nobody reads a full line: the rest falls off its end
+        w.sent += n > 0 ? (uint64_t)n : 0;
+        w.dropped += data.size() - (n > 0 ? (uint64_t)n : 0);
+    }
+    return w.queue.empty() ? -1 : w.queue.front().due_ms - now_ms;
+}

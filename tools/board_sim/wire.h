@@ -1,0 +1,54 @@
+// The line's far end: a pseudo-terminal of our own or a given tty, and the faults that a real line has.
+#ifndef WIRE_H
+#define WIRE_H
+
+#include <cstdint>
+#include <deque>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "frames.h"
+
+// Amounts of the faults; 0 is a good line.
+struct wire_faults {
+    double lose = 0, garbage = 0, split = 0, late = 0, flood = 0, replug = 0, mute = 0;
+};
+
+// A fault is a row; its amount is what stands behind "=" on the command line, or `normal` without it.
+struct fault_row {
+    const char *name;
+    double wire_faults::*amount;
+    double normal;
+    const char *help;
+};
+extern const std::vector<fault_row> fault_rows;
+
+struct wire {
+    int fd = -1;       // the pseudo-terminal's master, or the tty
+    int slave = -1;    // kept open, so that a panel that leaves does not end the line
+    std::string link;  // the name under which the panel finds the pseudo-terminal
+    std::string tty;   // a given line instead
+    std::string slave_name;
+    wire_faults faults;
+    std::mt19937 random;
+
+    struct piece {
+        double due_ms;
+        bytes data;
+    };
+    std::deque<piece> queue; // bytes on their way, in order
+    uint64_t sent = 0, dropped = 0;
+};
+
+// Opens the line, or plugs it in again; false after a message.
+bool wire_plug(wire &w);
+void wire_unplug(wire &w);
+
+// Gives bytes to the line, which treats them as its faults demand. `now_ms` is any clock that goes on.
+void wire_send(wire &w, const bytes &data, double now_ms);
+
+// Writes what is due; returns when the next piece is due, or -1.
+double wire_flush(wire &w, double now_ms);
+
+#endif
