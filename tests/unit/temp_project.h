@@ -1,0 +1,85 @@
+// A project folder of a test's own, removed with its drives when the test ends; and what the runtime printed meanwhile.
+//
+//     temp_project_t project;
+//     project.write("config/project/zofprj.g", R"({"width": 320, "height": 240})");
+//     zof_prj_t *prj = project.open();
+#ifndef TEMP_PROJECT_H
+#define TEMP_PROJECT_H
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "zof.h"
+
+inline std::string file_text(const std::string &path) {
+    std::ifstream in(path, std::ios::binary);
+    std::stringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+struct temp_project_t {
+    std::string top;    // the temporary folder; drives are made in it
+    std::string folder; // the project folder, with its "/"
+
+    temp_project_t() {
+        char name[] = "/tmp/zof_test_XXXXXX";
+        top = mkdtemp(name) ? name : "";
+        folder = top + "/res/";
+        zof_res_set_path_cache(500);
+        write("config/project/zofprj.g", R"({"p_name": "test", "width": 320, "height": 240, "views": []})");
+    }
+
+    ~temp_project_t() {
+        std::error_code ignored;
+        std::filesystem::remove_all(top, ignored);
+    }
+
+    temp_project_t(const temp_project_t &) = delete;
+    temp_project_t &operator=(const temp_project_t &) = delete;
+
+    std::string path(const std::string &name) const {
+        return folder + name;
+    }
+
+    // Writes a file of the project, and the folders on its way.
+    void write(const std::string &name, const std::string &text) const {
+        std::filesystem::create_directories(std::filesystem::path(path(name)).parent_path());
+        std::ofstream(path(name), std::ios::binary) << text;
+    }
+
+    // Makes it the current project; null as zof_prj_obj_create.
+    zof_prj_t *open() const {
+        return zof_prj_obj_create(folder.c_str());
+    }
+};
+
+// What `work` printed to standard output.
+template <typename F> std::string printed(F work) {
+    char name[] = "/tmp/zof_printed_XXXXXX";
+    int file = mkstemp(name);
+    std::fflush(stdout);
+    int console = dup(STDOUT_FILENO);
+    dup2(file, STDOUT_FILENO);
+    work();
+    std::fflush(stdout);
+    dup2(console, STDOUT_FILENO);
+    close(console);
+    close(file);
+    std::string text = file_text(name);
+    unlink(name);
+    return text;
+}
+
+inline bool contains(const std::string &text, const std::string &part) {
+    return text.find(part) != std::string::npos;
+}
+
+#endif
