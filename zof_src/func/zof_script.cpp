@@ -102,8 +102,11 @@ static step_e cmd_drag()
 
 static step_e cmd_shot()
 {
+    const char *folder = getenv("ZOF_SHOTS");
+    char path[LINE_SIZE];
+    const int need = snprintf(path, sizeof(path), "%s%s%s", folder ? folder : "", folder ? "/" : "", script.args[1]);
     lv_refr_now(nullptr);
-    if (zof_drv_aid_shot(script.args[1]) != 0) {
+    if (need >= LINE_SIZE || zof_drv_aid_shot(path) != 0) {
         fault("the picture cannot be written");
     }
     return DONE;
