@@ -45,7 +45,10 @@ typedef enum {
 lv_anim_path_cb_t zof_anim_path_get(u32 path);
 
 // Loads a screen with a transition, its time and delay in milliseconds, along a path. Our own: LVGL's numbers differ,
-// and it has neither the path nor the zooms.
+// and it has neither the path nor the zooms. With time and delay 0 the screen is there at once, whatever the transition;
+// numbers above the table wait the delay and show it. A transition that is under way is brought to its end first.
+// LV_EVENT_SCREEN_UNLOADED goes to the old screen when it has gone; input is off while both are seen. Nothing happens
+// with a null screen or path, nor with the screen that is shown already.
 void zof_scr_load_anim(lv_obj_t *scr, u32 transition, u32 time, u32 delay, lv_anim_path_cb_t path);
 
 db_list *zof_view_name_list_get(void *arg);
