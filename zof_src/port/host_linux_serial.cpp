@@ -20,7 +20,7 @@
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
-enum { RETRY_MS = 300, SEND_WAIT_MS = 50 };
+enum { RETRY_MS = 100, SEND_WAIT_MS = 50 };
 
 struct zof_host_serial {
     std::mutex lock; // guards fd, line and choked

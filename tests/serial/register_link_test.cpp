@@ -1,0 +1,200 @@
+#include "zof_test.h"
+
+#include <random>
+#include <vector>
+
+#include "frames.h"
+#include "hardware/uart/zof_hw_uart.h"
+
+// A line that keeps what is sent.
+static bytes sent;
+static s32 line_send(zof_drv_t *, const u8 *data, u32 size) {
+    sent.insert(sent.end(), data, data + size);
+    return (s32)size;
+}
+
+static void line_up() {
+    static const zof_drv_uart_ops_t ops = {.send = line_send};
+    static int context;
+    static zof_drv_t handle = {.type = ZOF_DRV_UART, .port = 6, .context = &context};
+    drv_uart_t = &ops;
+    drv_uart = &handle;
+    sent.clear();
+}
+
+static void receive(bytes data) {
+    recive_data_handle(data.data(), (u32)data.size());
+}
+
+static bytes join(std::initializer_list<bytes> parts) {
+    bytes out;
+    for (const bytes &p : parts) {
+        out.insert(out.end(), p.begin(), p.end());
+    }
+    return out;
+}
+
+TEST_CASE("register link: a value goes out as the board expects it, byte by byte") {
+    line_up();
+    CHECK(zof_reg_report(48, 80) == 9);
+    CHECK(sent == bytes{0x5A, 0xA5, 0x06, 0x83, 0x00, 0x30, 0x01, 0x00, 0x50});
+    sent.clear();
+    zof_reg_set(49, 0x1234);
+    receive(frame_read(48, 2));
+    CHECK(sent == bytes{0x5A, 0xA5, 0x08, 0x83, 0x00, 0x30, 0x02, 0x00, 0x50, 0x12, 0x34});
+    drv_uart = nullptr;
+    CHECK(zof_reg_report(48, 80) == -1);
+}
+
+TEST_CASE("register link: a report that would not fit is cut to 125 words and the frame stays well formed") {
+    line_up();
+    receive(frame_read(2000, 255));
+    CHECK(sent.size() == 257);
+    CHECK(sent[2] == 254);
+    CHECK(sent[6] == 125);
+    sent.clear();
+    receive(frame_read(2048, 125));
+    CHECK(sent.size() == 257);
+    CHECK(zof_reg_com_send(2049, 1) == -1);
+    sent.clear();
+    receive(frame_read(16, 0));
+    CHECK(sent == bytes{0x5A, 0xA5, 0x04, 0x83, 0x00, 0x10, 0x00});
+}
+
+TEST_CASE("register link: the last address that passes is 2048, for both ends") {
+    line_up();
+    CHECK(zof_reg_set(2048, 7) == 0);
+    CHECK(zof_reg_get(2048) == 7);
+    CHECK(zof_reg_set(2049, 7) == -1);
+    CHECK(zof_reg_get(2049) == -1);
+    receive(frame_write(2049, {1}));
+    receive(frame_write(2048, std::vector<u16>(126, 0xBEEF)));
+    CHECK(zof_reg_get(2048) == 0xBEEF);
+}
+
+// Whether a frame cut behind its first `cut` bytes is joined again: what the walk leaves of the first piece is five
+// bytes at most.
+static bool survives(size_t cut) {
+    return cut <= 5;
+}
+
+TEST_CASE("register link: every frame kind cut at every byte is found or lost by the rule, and the next one is found") {
+    line_up();
+    const struct {
+        bytes frame;
+        const char *kind;
+    } kinds[] = {
+        {frame_write(100, {0x1111}), "write of one word"},
+        {frame_write(100, {0x1111, 0x2222, 0x3333}), "write of three words"},
+        {frame_read(100, 1), "read"},
+        {{0x5A, 0xA5, 0x05, 0x99, 0x00, 0x64, 0x11, 0x11}, "unknown command"},
+    };
+    for (const auto &kind : kinds) {
+        for (size_t cut = 1; cut < kind.frame.size(); cut++) {
+            CAPTURE(kind.kind);
+            CAPTURE(cut);
+            zof_reg_set(100, 0);
+            zof_reg_set(200, 0);
+            sent.clear();
+            receive({kind.frame.begin(), kind.frame.begin() + (long)cut});
+            receive({kind.frame.begin() + (long)cut, kind.frame.end()});
+            const bool write = kind.frame[3] == 0x82;
+            const bool read = kind.frame[3] == 0x83;
+            CHECK(zof_reg_get(100) == (write && survives(cut) ? 0x1111 : 0));
+            CHECK(sent.empty() == !(read && survives(cut)));
+            receive(frame_write(200, {0x4444}));
+            CHECK(zof_reg_get(200) == 0x4444);
+            receive(bytes(6, 0)); // what is kept of this is zeros
+        }
+    }
+}
+
+TEST_CASE("register link: two frames in one chunk are handled in order, with rubbish around and between them") {
+    line_up();
+    const bytes rubbish = {0x5A, 0x00, 0xA5, 0x5A, 0x5A, 0xA5, 0xFF, 0x82};
+    receive(join({rubbish, frame_write(100, {1}), {0x5A}, frame_write(100, {2}), frame_read(100, 1), {0x33}}));
+    CHECK(zof_reg_get(100) == 2);
+    CHECK(sent.size() == 9);
+    // A frame that is refused is searched for a head inside it.
+    receive(join({{0x5A, 0xA5, 0x0A, 0x82, 0xFF, 0xFF}, frame_write(101, {9})}));
+    CHECK(zof_reg_get(101) == 9);
+}
+
+TEST_CASE("register link: a frame without data stores nothing, and one too short for its command reads zeros") {
+    line_up();
+    zof_reg_set(100, 5);
+    receive({0x5A, 0xA5, 0x03, 0x82, 0x00, 0x64});
+    CHECK(zof_reg_get(100) == 5);
+    for (u8 len : {0, 1, 2}) {
+        for (u16 reg = 100; reg < 400; reg++) {
+            zof_reg_set(reg, 0xAAAA);
+        }
+        // The length says that the frame ends inside its own head; its address lies behind.
+        receive({0x5A, 0xA5, len, 0x82, 0x00, 0x64});
+        const u32 words = len == 0 ? 254 : 255;
+        CHECK(zof_reg_get(100) == 0);
+        CHECK(zof_reg_get((u16)(100 + words - 1)) == 0);
+        CHECK(zof_reg_get((u16)(100 + words)) == 0xAAAA);
+    }
+}
+
+TEST_CASE("register link: a burst fills registers, but runs only the first one's handler, once for each word") {
+    line_up();
+    receive(frame_write(REG_OUT_STATE, {1, 5, 0}));
+    CHECK(g_out_on == 0); // the third word, through the handler of the first register
+    CHECK(g_applied == RAIL_NONE);
+    CHECK(zof_reg_get(23) == 5);
+    receive(frame_write(REG_LIVE_MV, {1, 2, 3}));
+    CHECK(zof_reg_get(18) == 3);
+}
+
+TEST_CASE("register link: what does not fit beside the kept bytes is cut off, and the link goes on") {
+    line_up();
+    bytes flood(5000, 0x5A);
+    receive(flood);
+    receive(frame_write(100, {77}));
+    receive(frame_write(101, {78}));
+    CHECK(zof_reg_get(101) == 78);
+}
+
+TEST_CASE("register link: the board's values are kept as told") {
+    line_up();
+    const auto write = [](u16 addr, u16 value) { receive(frame_write(addr, {value})); };
+    for (const auto &[value, want] : std::vector<std::pair<u16, u8>>{{0, 10}, {9, 10}, {10, 10}, {100, 100}, {101, 100}, {65535, 100}}) {
+        write(REG_BRIGHT, value);
+        CHECK(g_v4_bright == want);
+    }
+    write(REG_RAIL_ACTIVE, 12);
+    CHECK(g_applied == 12);
+    write(REG_RAIL_ACTIVE, 13);
+    CHECK(g_applied == RAIL_NONE);
+    write(REG_OUT_STATE, 0x0100);
+    CHECK(g_out_on == 0);
+    write(REG_OUT_STATE, 2);
+    CHECK(g_out_on == 2);
+    write(REG_SESS_MWH_LO, 0xFFFF);
+    write(REG_SESS_MWH_HI, 1);
+    CHECK(g_sess_mWh == 0x1FFFF);
+    u16 row[4] = {3, 28000, 28000, 5000};
+    zof_reg_set_user(REG_RAIL_BASE + 4, row, 4);
+    CHECK(g_prof[1].vmin == 28000);
+}
+
+TEST_CASE("register link: no stream of bytes can hurt it") {
+    line_up();
+    const u32 seed = std::random_device{}();
+    CAPTURE(seed);
+    std::mt19937 random(seed);
+    for (int round = 0; round < 20000; round++) {
+        bytes chunk(random() % 40);
+        for (u8 &b : chunk) {
+            // Heads and commands often, so that the walk gets somewhere.
+            static const u8 likely[] = {0x5A, 0xA5, 0x82, 0x83, 0x00, 0xFF, 0x08};
+            b = random() % 3 ? likely[random() % sizeof(likely)] : (u8)random();
+        }
+        receive(chunk);
+    }
+    receive(bytes(6, 0));
+    receive(frame_write(100, {4321}));
+    CHECK(zof_reg_get(100) == 4321);
+}

@@ -1,0 +1,185 @@
+#include "zof_test.h"
+
+#include <atomic>
+#include <mutex>
+
+#include "port/host_linux_line.h"
+#include "port/zof_port.h"
+#include "serial_pty.h"
+
+#include <asm/termbits.h>
+
+// What the callback has been given, message by message.
+static struct {
+    std::mutex lock;
+    std::vector<bytes> messages;
+    size_t total;
+} got;
+
+static void on_message(u8 *data, u32 size) {
+    std::lock_guard guard(got.lock);
+    got.messages.emplace_back(data, data + size);
+    got.total += size;
+}
+
+static size_t got_bytes() {
+    std::lock_guard guard(got.lock);
+    return got.total;
+}
+
+static size_t got_messages() {
+    std::lock_guard guard(got.lock);
+    return got.messages.size();
+}
+
+static zof_uart_cfg_t settings(s32 port) {
+    return {.win_port = port, .port = -1, .speed_e = UART_SPEED_115200, .bit_e = UART_BIT_8,
+            .parity_e = UART_PARITY_NONE, .stop_e = UART_STOP_1};
+}
+
+// The services without a window: the lock and the port's table.
+static void services_up() {
+    zof_drv_def_param_init();
+    dis_mutex = zof_mutex_create();
+    win_uart_init();
+}
+
+static zof_drv_t *open_port(serial_pty &pty, s32 port) {
+    services_up();
+    pty_open(pty, port);
+    zof_uart_cfg_t cfg = settings(port);
+    return zof_drv_uart_open(&cfg);
+}
+
+TEST_CASE("serial: a burst reaches the client as one message, and the answer reaches the line") {
+    serial_pty pty;
+    zof_drv_t *port = open_port(pty, 31);
+    REQUIRE(port);
+    CHECK(zof_drv_uart_rev_set_bfun(port, on_message, 1024) == 0);
+    const bytes burst(700, 0x42);
+    pty_write(pty, burst);
+    REQUIRE(eventually([] { return got_bytes() == 700; }));
+    CHECK(got.messages.size() == 1);
+    CHECK(zof_drv_uart_send(port, (const u8 *)"pong", 4) == 4);
+    CHECK(pty_read(pty, 4) == bytes{'p', 'o', 'n', 'g'});
+}
+
+TEST_CASE("serial: two clients of one port both get every byte, the second with its tail in front") {
+    static std::atomic<u32> hmi_bytes, hmi_first;
+    serial_pty pty;
+    zof_drv_t *port = open_port(pty, 32);
+    REQUIRE(port);
+    auto on_hmi = [](u8 *data, u32 size, void *arg) {
+        hmi_first = data[0];
+        hmi_bytes += size;
+        *(std::atomic<u32> *)arg += 1;
+    };
+    static std::atomic<u32> calls;
+    CHECK(zof_drv_uart_rev_set_bfun(port, on_message, 0) == 0);
+    CHECK(zof_drv_uart_hmi_rev_set_bfun(port, on_hmi, &calls, 0, 16) == 0);
+    CHECK(zof_drv_uart_hmi_tbuf_set(port, (const u8 *)"tail", 4) == 0);
+    pty_write(pty, {'a', 'b'});
+    REQUIRE(eventually([] { return got_bytes() == 2 && calls == 1; }));
+    CHECK(hmi_bytes == 6);
+    CHECK(hmi_first == 't');
+}
+
+TEST_CASE("serial: a port is opened once, and what no line has is refused and leaves it as it was") {
+    serial_pty pty;
+    zof_drv_t *port = open_port(pty, 33);
+    REQUIRE(port);
+    zof_uart_cfg_t again = settings(33);
+    again.speed_e = 921600;
+    CHECK(zof_drv_uart_open(&again) == port);
+    CHECK(zof_drv_uart_set_cfg(port, UART_SPEED_9600, 2, 0, 0) == -1);
+    CHECK(zof_drv_uart_set_cfg(port, UART_SPEED_9600, 0, 3, 0) == -1);
+    CHECK(zof_drv_uart_set_cfg(port, 10000001, 0, 0, 0) == -1);
+    CHECK(zof_drv_uart_set_cfg(port, UART_SPEED_9600, UART_BIT_8, UART_PARITY_EVEN, UART_STOP_2) == 0);
+    struct termios2 t;
+    REQUIRE(ioctl(pty.line.slave, TCGETS2, &t) == 0);
+    CHECK(t.c_ospeed == 9600);
+    CHECK((t.c_cflag & CSTOPB) != 0);
+    CHECK((t.c_lflag & (ICANON | ECHO)) == 0);
+    const zof_host_line_t line = {38400, 7, 1, 2};
+    CHECK((host_line_cflag(&line) & (CSIZE | PARENB | PARODD | CSTOPB)) == (CS7 | PARENB | PARODD | CSTOPB));
+}
+
+TEST_CASE("serial: numbers choose the port as told, and what cannot be opened gives no handle") {
+    services_up();
+    zof_uart_cfg_t cfg = settings(0);
+    cfg.port = -1;
+    CHECK(zof_drv_uart_open(&cfg) == nullptr); // no number, no default
+    cfg.port = -7;
+    CHECK(zof_drv_uart_open(&cfg) == nullptr);
+    cfg.port = 256;
+    CHECK(zof_drv_uart_open(&cfg) == nullptr);
+    setenv("ZOF_COM34", "/nowhere/tty", 1);
+    cfg = settings(34);
+    CHECK(zof_drv_uart_open(&cfg) == nullptr);
+    setenv("ZOF_COM35", "/dev/null", 1); // it opens, but it is no line
+    cfg = settings(35);
+    CHECK(zof_drv_uart_open(&cfg) == nullptr);
+    serial_pty pty;
+    pty_open(pty, 36);
+    zof_hw_get_def_param()[ZOF_HW_UART_PORT] = 36;
+    cfg = settings(0);
+    CHECK(zof_drv_uart_open(&cfg) != nullptr);
+    CHECK(zof_drv_uart_open(nullptr) == nullptr);
+    zof_drv_t other = {.type = 9, .port = 36, .context = nullptr};
+    CHECK(zof_drv_uart_send(&other, (const u8 *)"x", 1) == -1);
+    CHECK(zof_drv_uart_close(&other) == -1);
+    CHECK(zof_drv_uart_rev_set_bfun(nullptr, on_message, 0) == -1);
+}
+
+TEST_CASE("serial: a device that is unplugged and plugged in a hundred times is taken up again each time") {
+    serial_pty pty;
+    zof_drv_t *port = open_port(pty, 37);
+    REQUIRE(port);
+    zof_drv_uart_rev_set_bfun(port, on_message, 1024);
+    for (int i = 0; i < 100; i++) {
+        wire_unplug(pty.line);
+        REQUIRE(wire_plug(pty.line));
+        // The far end cannot see when it is heard: it calls until it is.
+        const size_t before = got_messages();
+        REQUIRE(eventually([&] {
+            pty_write(pty, {'!'});
+            usleep(2000);
+            return got_messages() > before;
+        }));
+    }
+    wire_unplug(pty.line);
+    CHECK(eventually([&] { return zof_drv_uart_send(port, (const u8 *)"x", 1) == -1; }));
+}
+
+TEST_CASE("serial: a far end that does not read costs a moment once, and the line works when it reads again") {
+    serial_pty pty;
+    zof_drv_t *port = open_port(pty, 38);
+    REQUIRE(port);
+    const bytes block(1024, 7);
+    s32 result = 0;
+    for (int i = 0; i < 100 && result >= 0; i++) {
+        result = zof_drv_uart_send(port, block.data(), (u32)block.size());
+    }
+    CHECK(result == -1);
+    const u32 start = zof_sys_time_ms();
+    for (int i = 0; i < 50; i++) {
+        zof_drv_uart_send(port, block.data(), (u32)block.size());
+    }
+    CHECK(zof_sys_time_ms() - start < 1000); // fifty waits would be two and a half seconds
+    while (!pty_read(pty, 4096).empty() && zof_drv_uart_send(port, (const u8 *)"again", 5) != 5) {
+    }
+    CHECK(zof_drv_uart_send(port, (const u8 *)"again", 5) == 5);
+}
+
+TEST_CASE("serial: closing silences the clients and a later open gives them their voice back") {
+    serial_pty pty;
+    zof_drv_t *port = open_port(pty, 39);
+    REQUIRE(port);
+    zof_drv_uart_rev_set_bfun(port, on_message, 1024);
+    CHECK(zof_drv_uart_close(port) == 0);
+    zof_uart_cfg_t cfg = settings(39);
+    CHECK(zof_drv_uart_open(&cfg) == port);
+    zof_drv_uart_rev_set_bfun(port, on_message, 1024);
+    pty_write(pty, {'b', 'a', 'c', 'k'});
+    CHECK(eventually([] { return got_bytes() == 4; }));
+}

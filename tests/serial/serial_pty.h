@@ -1,0 +1,56 @@
+// A pseudo-terminal under a port number: the test holds the far end, the runtime opens the near one.
+#ifndef SERIAL_PTY_H
+#define SERIAL_PTY_H
+
+#include <chrono>
+#include <cstdlib>
+#include <functional>
+#include <poll.h>
+#include <string>
+#include <unistd.h>
+
+#include "wire.h"
+
+struct serial_pty {
+    wire line;
+};
+
+inline void pty_open(serial_pty &p, int port) {
+    p.line.link = std::string(ZOF_BUILD_DIR) + "/pty-" + std::to_string(getpid()) + "-" + std::to_string(port);
+    setenv(("ZOF_COM" + std::to_string(port)).c_str(), p.line.link.c_str(), 1);
+    REQUIRE(wire_plug(p.line));
+}
+
+inline void pty_write(serial_pty &p, const bytes &data) {
+    REQUIRE(write(p.line.fd, data.data(), data.size()) == (ssize_t)data.size());
+}
+
+// What the runtime has sent, up to `size` bytes, waiting for it at most two seconds.
+inline bytes pty_read(serial_pty &p, size_t size) {
+    bytes out(size);
+    size_t have = 0;
+    pollfd f = {p.line.fd, POLLIN, 0};
+    while (have < size && poll(&f, 1, 2000) > 0) {
+        const ssize_t n = read(p.line.fd, out.data() + have, size - have);
+        if (n <= 0) {
+            break;
+        }
+        have += (size_t)n;
+    }
+    out.resize(have);
+    return out;
+}
+
+// Waits for another thread to have done something: ends as soon as it has, fails after ten seconds.
+inline bool eventually(const std::function<bool()> &done) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!done()) {
+        if (std::chrono::steady_clock::now() > end) {
+            return false;
+        }
+        usleep(500);
+    }
+    return true;
+}
+
+#endif

@@ -1,0 +1,14 @@
+#!/bin/sh
+# Every public header compiles alone, in C and in C++.   usage: headers.sh SOURCE_FOLDER COMPILE_FLAGS...
+set -eu
+top=$1
+shift
+status=0
+for header in $(cd "$top/zof_src" && find . -name '*.h' ! -path './port/*' ! -name 'zof_lock.h' ! -name '*_in.h' | sort); do
+    for language in c c++; do
+        case $language in c) std=c11 ;; *) std=c++20 ;; esac
+        echo "#include \"${header#./}\"" | cc -x $language -std=$std -Wall -Wextra -Wno-missing-field-initializers -Werror \
+            -fsyntax-only -I"$top/zof_src" "$@" - || { echo "$header does not compile alone in $language" >&2; status=1; }
+    done
+done
+exit $status
