@@ -91,6 +91,7 @@ typedef struct {
     u32 align_e;
     char *txt;
     u32 align_label;
+    s32 txt_y; // no key: how far below the top the text is drawn
 } zof_label_attr_t;
 
 typedef struct {

@@ -30,35 +30,6 @@ s32 zof_file_get_size(const char *path) {
     return size > INT32_MAX ? -1 : static_cast<s32>(size);
 }
 
-static bool write_all(const char *path, const void *data, size_t size) {
-    FILE *file = std::fopen(path, "wb");
-    if (!file) {
-        return false;
-    }
-    bool written = std::fwrite(data, 1, size, file) == size;
-    return (std::fclose(file) == 0) && written;
-}
-
-s32 zof_file_write(const char *path, const void *data, size_t size) {
-    static const char suffix[] = ".new";
-    if (!path || !data) {
-        return -1;
-    }
-    size_t length = std::strlen(path);
-    auto *beside = static_cast<char *>(zof_malloc(length + sizeof suffix));
-    if (!beside) {
-        return -1;
-    }
-    std::memcpy(beside, path, length);
-    std::memcpy(beside + length, suffix, sizeof suffix);
-    bool done = write_all(beside, data, size) && zof_rename(beside, path) == 0;
-    if (!done) {
-        std::remove(beside);
-    }
-    zof_free(beside);
-    return done ? 0 : -1;
-}
-
 u32 get_file_content(const char *path, void *buf) {
     FILE *file = path && buf ? std::fopen(path, "rb") : nullptr;
     if (!file) {

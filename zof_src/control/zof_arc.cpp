@@ -1,0 +1,91 @@
+// Arcs: a background arc, an indicator arc that shows the value, and a knob to turn it with.
+#include "control/zof_ctrl_in.h"
+#include "control/zof_value.h"
+#include "project/zof_res.h"
+#include "project/zof_style.h"
+
+// A narrow range needs a higher rate, or dragging the knob would be sluggish.
+static void change_rate_set(lv_obj_t *obj, s32 span) {
+    if (span >= 1 && span <= 9)
+        lv_arc_set_change_rate(obj, 6000);
+    if (span >= 10 && span <= 20)
+        lv_arc_set_change_rate(obj, 2000);
+}
+
+s32 zof_arc_create(para_t *record, lv_obj_t *parent, void *attr) {
+    zof_arc_attr_t *arc = (zof_arc_attr_t *)attr;
+    if (!record || !arc)
+        return -1;
+    lv_obj_t *obj = record->obj = lv_arc_create(parent);
+    if (!obj)
+        return -1;
+    zof_ctrl_pub_attr(record, &arc->pub_t);
+    zof_arc_set_angles(record, (u16)arc->angle_t.start_angle, (u16)arc->angle_t.end_angle);
+    lv_arc_set_mode(obj, (lv_arc_mode_t)arc->mode_e);
+    lv_arc_set_range(obj, arc->range_t.minValue, arc->range_t.maxValue);
+    lv_arc_set_value(obj, (s16)LV_CLAMP(INT16_MIN, arc->arc_value, INT16_MAX));
+    zof_arc_set_dis(record, 0, &arc->arc_t_main);
+    zof_arc_set_dis(record, 1, &arc->arc_t_inc);
+    arc->main_img_path = zof_img_path_copy(arc->arc_main_img);
+    arc->inc_img_path = zof_img_path_copy(arc->arc_inc_img);
+    lv_obj_set_style_arc_img_src(obj, arc->main_img_path, LV_PART_MAIN);
+    lv_obj_set_style_arc_img_src(obj, arc->inc_img_path, LV_PART_INDICATOR);
+    lv_obj_add_flag(obj, LV_OBJ_FLAG_ADV_HITTEST);
+    change_rate_set(obj, arc->range_t.maxValue - arc->range_t.minValue);
+    zof_ctrl_style_add(record, arc->pub_t.style_list, arc->pub_t.style_num, 0);
+    if (!arc->know_dis_en)
+        lv_obj_remove_style(obj, nullptr, LV_PART_KNOB); // no look at all: the knob is not drawn
+    return 0;
+}
+
+s32 zof_arc_del(para_t *record) {
+    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_ARC)
+        return -1;
+    zof_arc_attr_t *arc = (zof_arc_attr_t *)record->attr;
+    zof_res_path_free(arc->main_img_path);
+    zof_res_path_free(arc->inc_img_path);
+    arc->main_img_path = nullptr;
+    arc->inc_img_path = nullptr;
+    return 0;
+}
+
+s32 zof_arc_set_dis(zof_ctrl_t *ctrl, u32 part, const zof_line_disp_t *dis) {
+    if (!dis)
+        return -1;
+    return zof_on(ctrl, [=](lv_obj_t *obj) {
+        if (part > 1)
+            return;
+        u32 selector = part == 0 ? LV_PART_MAIN : LV_PART_INDICATOR;
+        lv_obj_set_style_arc_color(obj, zof_color_to_lv(dis->color), selector);
+        lv_obj_set_style_arc_width(obj, (lv_coord_t)dis->width, selector);
+        lv_obj_set_style_arc_rounded(obj, dis->rounded != 0, selector);
+        lv_obj_set_style_arc_opa(obj, dis->opa, selector);
+    });
+}
+
+s32 zof_arc_set_knob(zof_ctrl_t *ctrl, zof_color_t color) {
+    return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_set_style_bg_color(obj, zof_color_to_lv(color), LV_PART_KNOB); });
+}
+
+s32 zof_arc_set_value_range(zof_ctrl_t *ctrl, s16 min, s16 max) {
+    return zof_on(ctrl, &lv_arc_class, [=](lv_obj_t *obj) { lv_arc_set_range(obj, min, max); });
+}
+
+s32 zof_arc_set_value(zof_ctrl_t *ctrl, s16 value) {
+    return zof_on(ctrl, &lv_arc_class, [=](lv_obj_t *obj) { lv_arc_set_value(obj, value); });
+}
+
+s32 zof_arc_get_value(zof_ctrl_t *ctrl) {
+    return zof_on(ctrl, &lv_arc_class, lv_arc_get_value);
+}
+
+s32 zof_arc_set_rotation(zof_ctrl_t *ctrl, u16 angle) {
+    return zof_on(ctrl, &lv_arc_class, [=](lv_obj_t *obj) { lv_arc_set_rotation(obj, angle); });
+}
+
+s32 zof_arc_set_angles(zof_ctrl_t *ctrl, u16 start, u16 end) {
+    return zof_on(ctrl, &lv_arc_class, [=](lv_obj_t *obj) {
+        lv_arc_set_angles(obj, start, end);
+        lv_arc_set_bg_angles(obj, start, end);
+    });
+}

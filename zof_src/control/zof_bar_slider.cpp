@@ -1,0 +1,65 @@
+// Bars and sliders. LVGL's slider is a bar with a knob, so one set of operations serves both.
+#include "control/zof_ctrl_in.h"
+#include "control/zof_value.h"
+#include "project/zof_style.h"
+
+static s32 bar_set_up(para_t *record, zof_pub_attr_t *pub, s32 min, s32 max, u32 anim_time) {
+    if (!record->obj)
+        return -1;
+    zof_ctrl_pub_attr(record, pub);
+    lv_bar_set_range(record->obj, min, max);
+    lv_obj_set_style_anim_time(record->obj, anim_time, LV_PART_MAIN);
+    zof_ctrl_style_add(record, pub->style_list, pub->style_num, 0);
+    return 0;
+}
+
+s32 zof_bar_create(para_t *record, lv_obj_t *parent, void *attr) {
+    zof_bar_attr_t *bar = (zof_bar_attr_t *)attr;
+    if (!record || !bar || bar->minValue == bar->maxValue)
+        return -1;
+    record->obj = lv_bar_create(parent);
+    return bar_set_up(record, &bar->pub_t, bar->minValue, bar->maxValue, bar->anim_time);
+}
+
+s32 zof_bar_set_bar_color(zof_ctrl_t *ctrl, zof_color_t color) {
+    return zof_ctrl_style_set_bg_color(ctrl, color, LV_PART_INDICATOR);
+}
+
+s32 zof_bar_set_value(zof_ctrl_t *ctrl, s16 value) {
+    return zof_on(ctrl, &lv_bar_class, [=](lv_obj_t *obj) {
+        bool slides = lv_obj_get_style_anim_time(obj, LV_PART_MAIN) != 0;
+        lv_bar_set_value(obj, value, slides ? LV_ANIM_ON : LV_ANIM_OFF);
+    });
+}
+
+s32 zof_bar_set_range(zof_ctrl_t *ctrl, s16 min, s16 max) {
+    return zof_on(ctrl, &lv_bar_class, [=](lv_obj_t *obj) { lv_bar_set_range(obj, min, max); });
+}
+
+s32 zof_bar_get_value(zof_ctrl_t *ctrl) {
+    return zof_on(ctrl, &lv_bar_class, lv_bar_get_value);
+}
+
+s32 zof_slider_create(para_t *record, lv_obj_t *parent, void *attr) {
+    zof_slider_attr_t *slider = (zof_slider_attr_t *)attr;
+    if (!record || !slider)
+        return -1;
+    record->obj = lv_slider_create(parent);
+    return bar_set_up(record, &slider->pub_t, slider->minValue, slider->maxValue, slider->anim_time);
+}
+
+s32 zof_slider_set_bar_color(zof_ctrl_t *ctrl, zof_color_t color) {
+    return zof_bar_set_bar_color(ctrl, color);
+}
+
+s32 zof_slider_set_value(zof_ctrl_t *ctrl, s16 value) {
+    return zof_bar_set_value(ctrl, value);
+}
+
+s32 zof_slider_set_range(zof_ctrl_t *ctrl, s16 min, s16 max) {
+    return zof_bar_set_range(ctrl, min, max);
+}
+
+s32 zof_slider_get_value(zof_ctrl_t *ctrl) {
+    return zof_bar_get_value(ctrl);
+}

@@ -1,0 +1,138 @@
+// The registry of controls, the bridge from LVGL's events to the application's functions, and deletion. A record stays
+// in its view's list; its object and its attributes come and go, and every function takes a record without them.
+#include "control/zof_ctrl.h"
+
+#include "control/zof_ctrl_create.h"
+#include "control/zof_ctrl_in.h"
+#include "control/zof_ctrl_up.h"
+#include "control/zof_image.h"
+#include "project/zof_j2s.h"
+#include "project/zof_lang.h"
+#include "project/zof_res.h"
+#include "project/zof_style.h"
+#include "zof_lib/zof_stdio.h"
+
+// The application's hook for all events of all controls.
+static zof_all_event_fn zof_all_event_cb;
+
+s32 zof_ctrl_list_search_compare(void *record, void *key) {
+    return record && key && ((const para_t *)record)->id == *(const u32 *)key ? 0 : 1;
+}
+
+db_list *zof_ctrl_list_init(void) {
+    db_list *list = db_list_create();
+    if (list)
+        list->compare = zof_ctrl_list_search_compare;
+    return list;
+}
+
+para_t *zof_ctrl_get_form_id(u32 view_id, u32 ctrl_id) {
+    return (para_t *)__db_list_search_node(zof_view_list_get_ctrl_list(view_id), &ctrl_id);
+}
+
+void *zof_ctrl_get_attr_from_ctrl(zof_ctrl_t *ctrl) {
+    if (!zof_ctrl_obj(ctrl))
+        return (void *)(intptr_t)-1;
+    const para_t *record = zof_ctrl_record(ctrl);
+    return record ? record->attr : nullptr;
+}
+
+s32 zof_ctrl_get_id_form_ctrl(zof_ctrl_t *ctrl) {
+    const para_t *record = zof_ctrl_record(ctrl);
+    return record ? record->id : -1;
+}
+
+void zof_event_cb_t(lv_event_t *e) {
+    para_t *record = e ? (para_t *)lv_event_get_user_data(e) : nullptr;
+    if (!record)
+        return;
+    lv_event_code_t code = lv_event_get_code(e);
+    if (record->attr) {
+        u32 view_id = record->attr->view_id;
+        u32 id = record->attr->id;
+        if (zof_all_event_cb)
+            zof_all_event_cb(view_id, id, (u8)code);
+        if (zof_ctrl_up.ctrl_all_event)
+            zof_ctrl_up.ctrl_all_event(view_id, id, code);
+    }
+    // Read again: the hook may have deleted the control.
+    if (record->attr && record->attr->zof_ctrl_event)
+        record->attr->zof_ctrl_event(record, (zof_event_e)code);
+}
+
+u8 zof_event_send(zof_ctrl_t *ctrl, u32 code, void *param) {
+    return (u8)zof_on(ctrl, [=](lv_obj_t *obj) { return lv_event_send(obj, (lv_event_code_t)code, param); });
+}
+
+void zof_ctrl_set_event_all(zof_all_event_fn fn) {
+    zof_all_event_cb = fn;
+}
+
+static void press_lost(lv_event_t *e) {
+    // LVGL would go on to press whatever the pointer slid onto. Where that cannot be the start of a scroll, the press
+    // ends here: whoever slides off a control to give it up must not set off its neighbour.
+    lv_indev_t *indev = (lv_indev_t *)lv_event_get_param(e);
+    if (!indev || indev->proc.state != LV_INDEV_STATE_PRESSED || indev->proc.wait_until_release)
+        return;
+    for (lv_obj_t *obj = lv_event_get_target(e); obj; obj = lv_obj_get_parent(obj)) {
+        bool scrolls = lv_obj_has_flag(obj, LV_OBJ_FLAG_SCROLLABLE) && lv_obj_get_scroll_dir(obj) != LV_DIR_NONE;
+        if (scrolls)
+            return;
+    }
+    lv_indev_reset(indev, nullptr);
+    lv_indev_wait_release(indev);
+}
+
+void zof_obj_press_unlock(lv_obj_t *obj) {
+    lv_obj_clear_flag(obj, LV_OBJ_FLAG_PRESS_LOCK);
+    lv_obj_add_event_cb(obj, press_lost, LV_EVENT_PRESS_LOST, nullptr);
+}
+
+char *zof_img_path_copy(const char *name) {
+    const char *path = zof_res_path_check(zof_lang_get_cur_str(name), "image/");
+    // LVGL takes a text that begins with a control character for a picture in memory.
+    return zof_img_get_src_type(path) == 1 ? zof_res_path_zof_malloc(path) : nullptr;
+}
+
+// What the object pointed at goes after it: it may still read its texts, paths and styles while it is deleted.
+void zof_ctrl_release(para_t *record) {
+    zof_pub_attr_t *attr = record->attr;
+    if (!attr)
+        return;
+    u32 type = attr->ctrl_type;
+    record->is_created = 1; // a family's release takes real records only, and this one was real
+    if (type < ZOF_CTRL_TYPE_COUNT && zof_ctrl_classes[type].del)
+        zof_ctrl_classes[type].del(record);
+    for (u32 i = 0; i < attr->style_num; i++)
+        zof_style_del(record, attr->style_list[i]);
+    record->parent = nullptr;
+    record->attr = nullptr;
+    record->is_created = 0;
+    zof_j2s_ctrl_delete(attr, type);
+}
+
+s32 zof_ctrl_delete(para_t *record) {
+    if (!record)
+        return -1;
+    lv_obj_t *obj = record->obj;
+    if (!obj) {
+        zof_ctrl_release(record); // its object went with a parent's
+        return -1;
+    }
+    if (record->attr && record->attr->ctrl_type == ZOF_CTRL_VIDEO)
+        return 0; // the object is the driver's
+    record->obj = nullptr;
+    lv_obj_del(obj);
+    zof_ctrl_release(record);
+    record->parent = nullptr;
+    record->is_created = 0;
+    return 0;
+}
+
+s32 zof_ctrl_del(u32 view_id, u32 ctrl_id) {
+    return zof_ctrl_delete((para_t *)__db_list_search_and_pop(zof_view_list_get_ctrl_list(view_id), &ctrl_id));
+}
+
+void zof_ctrl_obj_del(para_t *record) {
+    zof_free(record);
+}

@@ -1,0 +1,273 @@
+// From attribute records to LVGL objects: the walk over a view's file, and the one table of all control types.
+#include "control/zof_ctrl_create.h"
+
+#include <string.h>
+
+#include "control/zof_ctrl_in.h"
+#include "control/zof_image.h"
+#include "control/zof_text.h"
+#include "control/zof_value.h"
+#include "project/zof_j2s.h"
+#include "project/zof_res.h"
+#include "project/zof_style.h"
+#include "zof_lib/zof_stdio.h"
+
+// In the order of the type numbers. A row without a creator is a type that is not built yet.
+const zof_ctrl_class_t zof_ctrl_classes[] = {
+    {ZOF_CTRL_LABEL, "label", zof_label_create, zof_label_update_txt},
+    {ZOF_CTRL_BTN, "button", zof_btn_create, zof_btn_update_txt},
+    {ZOF_CTRL_OBJ, "container", zof_obj_create},
+    {ZOF_CTRL_IMGBTN, "image_button", zof_imgbtn_create, zof_imgbtn_update_txt},
+    {ZOF_CTRL_LINE, "line", zof_line_create},
+    {ZOF_CTRL_ARC, "arc", zof_arc_create, nullptr, zof_arc_del},
+    {ZOF_CTRL_BAR, "bar", zof_bar_create},
+    {ZOF_CTRL_SLIDER, "slider", zof_slider_create},
+    {ZOF_CTRL_SW, "sw", zof_sw_create},
+    {ZOF_CTRL_CB, "cb", zof_cb_create, zof_cb_update_txt},
+    {ZOF_CTRL_MBOX, "mbox"},
+    {ZOF_CTRL_TILEVIEW, "tileview", zof_tileview_create},
+    {ZOF_CTRL_TXTBOX, "txtbox"},
+    {ZOF_CTRL_LIST, "list"},
+    {ZOF_CTRL_DROPLIST, "droplist"},
+    {ZOF_CTRL_ROLLIST, "rollist"},
+    {ZOF_CTRL_CHART, "chart"},
+    {ZOF_CTRL_TABLE, "table"},
+    {ZOF_CTRL_SPINBOX, "spinbox", zof_spinbox_create},
+    {ZOF_CTRL_IMG, "img", zof_img_create, zof_img_update_src},
+    {ZOF_CTRL_GIF, "gif"},
+    {ZOF_CTRL_QRCODE, "qrcode"},
+    {ZOF_CTRL_VIDEO, "video"},
+    {ZOF_CTRL_KEYBOARD, "keyboard"},
+    {ZOF_CTRL_TILE, "tile", zof_tile_create},
+    {ZOF_CTRL_SKETCHPAD, "sketchpad"},
+    {ZOF_CTRL_BTNMATRIX, "btnmatrix"},
+    {ZOF_CTRL_ANIMIMG, "animimg"},
+    {ZOF_CTRL_SCROLLCONT, "scrollcont"},
+    {ZOF_CTRL_SCROLLCONT_OBJ, "scrollcont_obj"},
+};
+static_assert(sizeof(zof_ctrl_classes) / sizeof(zof_ctrl_classes[0]) == ZOF_CTRL_TYPE_COUNT);
+
+// One view is built at a time; during its walk, layouts are kept to single objects.
+static bool walking;
+
+void zof_obj_layout(lv_obj_t *obj) {
+    if (!walking) {
+        lv_obj_update_layout(obj);
+        return;
+    }
+    lv_obj_refr_size(obj);
+    lv_obj_refr_pos(obj);
+}
+
+s32 zof_ctrl_pub_attr(zof_ctrl_t *ctrl, zof_pub_attr_t *attr) {
+    if (!zof_ctrl_obj(ctrl) || !attr)
+        return -1;
+    zof_ctrl_set_pos(ctrl, attr->pt.x, attr->pt.y);
+    zof_ctrl_set_size(ctrl, attr->size.width, attr->size.height);
+    zof_ctrl_set_ext_click_area(ctrl, attr->click_area);
+    zof_ctrl_set_touch(ctrl, attr->t_mode);
+    zof_ctrl_set_hidden(ctrl, attr->hidden);
+    zof_ctrl_set_alpha(ctrl, attr->alpha);
+    zof_ctrl_set_scrollbar(ctrl, &attr->scrollbar_t);
+    return 0;
+}
+
+s32 zof_obj_create(para_t *record, lv_obj_t *parent, void *attr) {
+    zof_pub_attr_t *pub = (zof_pub_attr_t *)attr;
+    if (!record || !pub)
+        return -1;
+    record->obj = lv_obj_create(parent);
+    if (!record->obj)
+        return -1;
+    zof_obj_press_unlock(record->obj);
+    zof_ctrl_pub_attr(record, pub);
+    zof_ctrl_style_add(record, pub->style_list, pub->style_num, 0);
+    return 0;
+}
+
+s32 zof_ctrl_create(lv_obj_t *parent_obj, para_t *record, void *attr, u32 ctrl_type) {
+    if (!record || !attr || ctrl_type >= ZOF_CTRL_TYPE_COUNT || !zof_ctrl_classes[ctrl_type].create)
+        return -1;
+    return zof_ctrl_classes[ctrl_type].create(record, parent_obj, attr);
+}
+
+static para_t *created_record(zof_view_node_t *view, s32 id) {
+    if (id < 1)
+        return nullptr;
+    para_t *record = (para_t *)__db_list_search_node(view->ctrl_list, &id);
+    return record && record->is_created && record->obj ? record : nullptr;
+}
+
+// An object that goes with its parent's leaves a record that must not point at it.
+static void event_deleted(lv_event_t *e) {
+    para_t *record = (para_t *)lv_event_get_user_data(e);
+    if (record->obj != lv_event_get_target(e))
+        return;
+    record->obj = nullptr;
+    record->parent = nullptr;
+    record->is_created = 0;
+}
+
+static void events_add(para_t *record) {
+    static const u8 passed_on[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 28, 46, 47, 48};
+    lv_obj_add_event_cb(record->obj, event_deleted, LV_EVENT_DELETE, record);
+    if (!record->attr->zof_ctrl_event)
+        return;
+    for (u8 code : passed_on)
+        lv_obj_add_event_cb(record->obj, zof_event_cb_t, (lv_event_code_t)code, record);
+}
+
+static void failure_report(const zof_view_node_t *view, const para_t *record) {
+    const zof_pub_attr_t *attr = record->attr;
+    if (attr->ctrl_type < ZOF_CTRL_TYPE_COUNT && !zof_ctrl_classes[attr->ctrl_type].create) {
+        const char *file = zof_view_name_get(view->attr->v_id);
+        zof_printf("config/view/%s: control %u: control type %u (%s) is not yet built", file ? file : "", attr->id,
+                   attr->ctrl_type, zof_ctrl_classes[attr->ctrl_type].name);
+    } else {
+        zof_printf("err: create ctrl[%s,%d] fail\n", attr->name ? attr->name : "", attr->id);
+    }
+}
+
+s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record) {
+    if (!view || !record || !record->attr)
+        return -1;
+    para_t *parent = created_record(view, record->attr->parent_id);
+    record->parent = parent ? (void *)parent : (void *)view;
+    s32 result = zof_ctrl_create(*(lv_obj_t **)record->parent, record, record->attr, record->attr->ctrl_type);
+    if (result == -1 || !record->obj) {
+        if (record->obj)
+            lv_obj_del(record->obj);
+        record->obj = nullptr;
+        failure_report(view, record);
+        return -1;
+    }
+    record->attr->view_id = (u16)view->attr->v_id;
+    record->is_created = 1;
+    lv_obj_set_user_data(record->obj, record);
+    events_add(record);
+    return 0;
+}
+
+static zof_ctrl_event_fn event_fn_find(const zof_view_node_t *view, u32 ctrl_id) {
+    for (u32 i = 0; i < view->ctrl_fun_cnt; i++) {
+        if (view->ctrl_fun[i].ctrl_id == ctrl_id)
+            return view->ctrl_fun[i].zof_ctrl_event;
+    }
+    return nullptr;
+}
+
+static para_t *record_new(zof_view_node_t *view, u32 id) {
+    para_t *record = (para_t *)zof_malloc(sizeof(para_t));
+    if (!record) {
+        zof_printf("para_t zof_malloc fail");
+        return nullptr;
+    }
+    memset(record, 0, sizeof(*record));
+    record->id = (u16)id;
+    if (__db_list_put_tail(view->ctrl_list, record) == 0)
+        return record;
+    zof_free(record);
+    return nullptr;
+}
+
+static bool lies_within(const lv_obj_t *obj, const lv_obj_t *tree) {
+    while (obj && obj != tree)
+        obj = lv_obj_get_parent(obj);
+    return obj != nullptr;
+}
+
+// Restores the drawing order of the file, and takes a control back that was parked on the view when its parent went.
+static void restack(zof_view_node_t *view, para_t *record) {
+    para_t *parent = nullptr;
+    if (record->parent == view)
+        parent = created_record(view, record->attr->parent_id);
+    if (parent && lies_within(parent->obj, record->obj)) {
+        zof_printf("control %u: its parent %u lies within it", record->id, parent->id);
+        parent = nullptr;
+    }
+    if (parent) {
+        lv_obj_set_parent(record->obj, parent->obj);
+        record->parent = parent;
+    } else {
+        lv_obj_move_foreground(record->obj);
+    }
+}
+
+// A control that could not be made leaves no record behind.
+static void record_drop(zof_view_node_t *view, para_t *record, bool any_new) {
+    u32 id = record->id;
+    zof_ctrl_release(record);
+    __db_list_search_and_pop(view->ctrl_list, &id);
+    if (any_new)
+        zof_free(record);
+}
+
+// Builds the control under the file's cursor; false at an entry that ends the walk.
+static bool control_build(zof_view_node_t *view, para_t *record, bool any_new) {
+    zof_ctrl_release(record); // left over when its object went with a parent's
+    record->attr = zof_j2s_ctrl_get();
+    if (!record->attr)
+        return false;
+    record->attr->zof_ctrl_event = event_fn_find(view, record->attr->id);
+    zof_ctrl_create_from_attr(view, record);
+    if (!record->obj)
+        record_drop(view, record, any_new);
+    return true;
+}
+
+static void controls_walk(zof_view_node_t *view) {
+    u32 id = 0;
+    u32 pub = 0;
+    bool any_new = false;
+    while (zof_j2s_ctrl_get_para(&id, &pub) == 0) {
+        id = (u16)id; // as wide as the record's
+        para_t *record = (para_t *)__db_list_search_node(view->ctrl_list, &id);
+        if (record && record->is_created) {
+            restack(view, record);
+            zof_j2s_ctrl_run_next();
+            continue;
+        }
+        if (!record) {
+            record = record_new(view, id);
+            any_new = true;
+        }
+        if (!record)
+            return;
+        if (!view->displaying && pub == 1) {
+            view->ctrl_ready = 0;
+            zof_j2s_ctrl_run_next();
+        } else if (!control_build(view, record, any_new)) {
+            return;
+        }
+    }
+}
+
+s32 zof_ctrl_list_create(zof_view_node_t *view) {
+    if (!view || !view->attr)
+        return -1;
+    if (view->ctrl_ready)
+        return 0;
+    const char *name = zof_view_name_get(view->attr->v_id);
+    if (!name || zof_j2s_ctrl_start(zof_res_get_prjfile_path("config/view/", name)) != 0)
+        return -1;
+    view->ctrl_ready = 1;
+    walking = true;
+    controls_walk(view);
+    walking = false;
+    zof_j2s_ctrl_end();
+    if (view->obj)
+        lv_obj_update_layout(view->obj);
+    return 0;
+}
+
+para_t *zof_ctrl_show(u32 view_id, u32 ctrl_id) {
+    zof_view_node_t *view = zof_view_list_get(view_id);
+    para_t *record = zof_ctrl_get_form_id(view_id, ctrl_id);
+    if (!view || !record)
+        return nullptr;
+    if (!record->obj && record->attr)
+        zof_ctrl_create_from_attr(view, record);
+    if (record->obj)
+        zof_ctrl_set_hidden(record, ZOF_FALSE);
+    return record;
+}

@@ -1,0 +1,65 @@
+// What the files of the control layer share: from a handle to its object, record and attributes. Internal, C++ only.
+#ifndef ZOF_CTRL_IN_H
+#define ZOF_CTRL_IN_H
+
+#include <type_traits>
+#include <utility>
+
+#include "control/zof_ctrl_create.h"
+
+// Runs `fn` on the handle's object: -1 without one, else what `fn` gives, 0 if it gives nothing. With a widget class,
+// an object of another kind counts as none: which kind stands behind an id is decided by a file, not by the program.
+template <typename F> s32 zof_on(zof_ctrl_t *ctrl, const lv_obj_class_t *kind, F &&fn) {
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    if (!obj || (kind && !lv_obj_has_class(obj, kind)))
+        return -1;
+    if constexpr (std::is_void_v<decltype(fn(obj))>) {
+        fn(obj);
+        return 0;
+    } else {
+        return (s32)fn(obj);
+    }
+}
+
+template <typename F> s32 zof_on(zof_ctrl_t *ctrl, F &&fn) {
+    return zof_on(ctrl, nullptr, std::forward<F>(fn));
+}
+
+// The record behind a handle; null for child objects that are no control.
+static inline para_t *zof_ctrl_record(const zof_ctrl_t *ctrl) {
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    return obj ? (para_t *)lv_obj_get_user_data(obj) : nullptr;
+}
+
+// The attributes behind a handle if they are of this type, else null.
+template <typename T> T *zof_ctrl_attr(const zof_ctrl_t *ctrl, zof_ctrl_type_e type) {
+    const para_t *record = zof_ctrl_record(ctrl);
+    return record && record->attr && record->attr->ctrl_type == type ? (T *)record->attr : nullptr;
+}
+
+// Adds or clears an LVGL flag, only when it differs: each change costs a redraw.
+static inline void zof_obj_flag_set(lv_obj_t *obj, lv_obj_flag_t flag, bool on) {
+    if (lv_obj_has_flag(obj, flag) == on)
+        return;
+    if (on) {
+        lv_obj_add_flag(obj, flag);
+    } else {
+        lv_obj_clear_flag(obj, flag);
+    }
+}
+
+// Releases what a record whose object is gone still owns: attributes, styles, and what its family keeps beside them.
+void zof_ctrl_release(para_t *record);
+
+// Brings an object's size and place up to date. While a view's controls are being built it does so for this object
+// alone, as a layout of the whole view for each control would make loading a view quadratic.
+void zof_obj_layout(lv_obj_t *obj);
+
+// Lets a press go when the pointer leaves the object; LVGL would keep it locked, and a press that slid off would click.
+void zof_obj_press_unlock(lv_obj_t *obj);
+
+// An image name of a project (or a language key) as a path of its own, which zof_res_path_free takes back; null for
+// null and for names that LVGL would not take for a file.
+char *zof_img_path_copy(const char *name);
+
+#endif

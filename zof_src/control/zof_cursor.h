@@ -1,0 +1,15 @@
+// The look of a text cursor, for the controls whose text can be edited. Internal.
+#ifndef ZOF_CURSOR_H
+#define ZOF_CURSOR_H
+
+#include "control/zof_ctrl.h"
+
+ZOF_C_BEGIN
+
+// Sets border side, colour, width, opacity and blink time of the cursor on `selector`, an LVGL part with state; with
+// `with_bg` also its background colour. 0, or -1 without object or description.
+s32 zof_cursor_style_set(lv_obj_t *obj, const zof_cursor_style_attr_t *cursor, u32 selector, zof_bool with_bg);
+
+ZOF_C_END
+
+#endif

@@ -1,0 +1,85 @@
+// Images: one file, shown at its own size, once in the middle of a box, or repeated over the box.
+#include "control/zof_ctrl_in.h"
+#include "control/zof_image.h"
+#include "project/zof_lang.h"
+#include "project/zof_res.h"
+#include "project/zof_style.h"
+
+enum { IMG_NATURAL, IMG_CENTRED, IMG_TILED };
+
+static void shown_set(lv_obj_t *obj, const zof_img_attr_t *img) {
+    if (img->img_mode_e > IMG_TILED)
+        return;
+    if (img->img_mode_e == IMG_NATURAL) {
+        lv_obj_set_size(obj, LV_SIZE_CONTENT, LV_SIZE_CONTENT);
+    } else {
+        lv_obj_set_size(obj, img->pub_t.size.width, img->pub_t.size.height);
+    }
+    if (img->img_mode_e != IMG_CENTRED)
+        kvy_img_set_flatten(obj, 1);
+    zof_img_set_src(obj, img->init_img);
+    if (img->img_mode_e != IMG_CENTRED)
+        return;
+    zof_obj_layout(obj);
+    KVY_img_set_center(obj);
+}
+
+s32 zof_img_create(para_t *record, lv_obj_t *parent, void *attr) {
+    zof_img_attr_t *img = (zof_img_attr_t *)attr;
+    if (!record || !img)
+        return -1;
+    lv_obj_t *obj = record->obj = lv_img_create(parent);
+    if (!obj)
+        return -1;
+    zof_obj_press_unlock(obj);
+    zof_ctrl_pub_attr(record, &img->pub_t);
+    shown_set(obj, img);
+    lv_img_set_pivot(obj, img->rotate_pt.x, img->rotate_pt.y);
+    lv_img_set_angle(obj, img->init_angel);
+    return 0;
+}
+
+s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name) {
+    return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) {
+        const char *path = zof_res_path_check(zof_lang_get_cur_str(name), "image/");
+        lv_img_set_src(obj, zof_img_get_src_type(path) == 1 ? path : nullptr);
+    });
+}
+
+const char *zof_img_get_src(zof_ctrl_t *ctrl) {
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    if (!obj || !lv_obj_has_class(obj, &lv_img_class))
+        return nullptr;
+    return zof_res_get_file_name("image/", (const char *)lv_img_get_src(obj));
+}
+
+s32 zof_img_update_src(zof_ctrl_t *ctrl) {
+    return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) {
+        const zof_img_attr_t *img = zof_ctrl_attr<zof_img_attr_t>(ctrl, ZOF_CTRL_IMG);
+        if (img && zof_lang_check_str(img->init_img))
+            shown_set(obj, img);
+    });
+}
+
+s32 zof_img_recolor(zof_ctrl_t *ctrl, zof_color_t color, u8 opa) {
+    return zof_on(ctrl, [=](lv_obj_t *obj) {
+        lv_obj_set_style_img_recolor(obj, zof_color_to_lv(color), LV_PART_MAIN);
+        lv_obj_set_style_img_recolor_opa(obj, opa, LV_PART_MAIN);
+    });
+}
+
+s32 zof_img_set_rotate_angel(zof_ctrl_t *ctrl, s32 angle) {
+    return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) { lv_img_set_angle(obj, (s16)(angle % 3600)); });
+}
+
+s32 zof_img_zoom_setting(zof_ctrl_t *ctrl, u32 zoom) {
+    return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) { lv_img_set_zoom(obj, (u16)LV_MIN(zoom, UINT16_MAX)); });
+}
+
+s32 zof_img_set_pivot(zof_ctrl_t *ctrl, s32 x, s32 y) {
+    return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) { lv_img_set_pivot(obj, x, y); });
+}
+
+s32 zof_img_get_src_type(const char *text) {
+    return text && (s8)text[0] > 31 ? 1 : 0;
+}

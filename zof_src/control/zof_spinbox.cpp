@@ -1,0 +1,56 @@
+// Spin boxes: a number with a fixed count of digits, changed by a step that the cursor chooses.
+#include "control/zof_ctrl_in.h"
+#include "control/zof_cursor.h"
+#include "control/zof_value.h"
+#include "project/zof_style.h"
+#include "zof_lib/zof_stdio.h"
+
+// LVGL counts with 32 bits and never ends on a box without digits, so both are kept where it can work.
+static void format_set(lv_obj_t *obj, const zof_spinbox_attr_t *box) {
+    u8 digits = (u8)(box->int_cnt + box->dec_cnt);
+    if (digits == 0)
+        zof_printf("spin box %u: no digits, one is shown", box->pub_t.id);
+    lv_spinbox_set_range(obj, LV_MAX(box->range_min, -INT32_MAX), box->range_max);
+    lv_spinbox_set_step(obj, LV_MIN(box->step, (u32)INT32_MAX));
+    lv_spinbox_set_digit_format(obj, LV_MAX(digits, 1), box->int_cnt);
+}
+
+s32 zof_spinbox_create(para_t *record, lv_obj_t *parent, void *attr) {
+    zof_spinbox_attr_t *box = (zof_spinbox_attr_t *)attr;
+    if (!record || !box)
+        return -1;
+    lv_obj_t *obj = record->obj = lv_spinbox_create(parent);
+    if (!obj)
+        return -1;
+    zof_ctrl_pub_attr(record, &box->pub_t);
+    lv_obj_set_height(obj, LV_SIZE_CONTENT);
+    format_set(obj, box);
+    zof_ctrl_style_add(record, box->pub_t.style_list, box->pub_t.style_num, 0);
+    zof_cursor_style_set(obj, &box->cursor_style, LV_PART_CURSOR, ZOF_TRUE);
+    lv_spinbox_set_value(obj, box->i_value); // last, so that it is shown in the final format
+    return 0;
+}
+
+s32 zof_spinbox_set_value(zof_ctrl_t *ctrl, s32 value) {
+    return zof_on(ctrl, &lv_spinbox_class, [=](lv_obj_t *obj) { lv_spinbox_set_value(obj, value); });
+}
+
+s32 zof_spinbox_get_value(zof_ctrl_t *ctrl) {
+    return zof_on(ctrl, &lv_spinbox_class, lv_spinbox_get_value);
+}
+
+s32 zof_spinbox_step_next(zof_ctrl_t *ctrl) {
+    return zof_on(ctrl, &lv_spinbox_class, lv_spinbox_step_next);
+}
+
+s32 zof_spinbox_step_prev(zof_ctrl_t *ctrl) {
+    return zof_on(ctrl, &lv_spinbox_class, lv_spinbox_step_prev);
+}
+
+s32 zof_spinbox_increment(zof_ctrl_t *ctrl) {
+    return zof_on(ctrl, &lv_spinbox_class, lv_spinbox_increment);
+}
+
+s32 zof_spinbox_decrement(zof_ctrl_t *ctrl) {
+    return zof_on(ctrl, &lv_spinbox_class, lv_spinbox_decrement);
+}

@@ -1,0 +1,88 @@
+// Texts of controls: replacing them, and renewing all of them after a change of language.
+#include "control/zof_txt.h"
+
+#include <string.h>
+
+#include "control/zof_ctrl_create.h"
+#include "control/zof_ctrl_in.h"
+#include "project/zof_font.h"
+#include "project/zof_lang.h"
+#include "zof_lib/zof_stdio.h"
+
+s32 zof_txt_change(char **slot, const char *text) {
+    if (!slot || !text)
+        return -1;
+    if (*slot && (*slot == text || strcmp(*slot, text) == 0))
+        return -1;
+    size_t size = strlen(text) + 2;
+    char *copy = (char *)zof_malloc(size); // not grown in place: `text` may lie within the former one
+    if (!copy)
+        return -1;
+    memset(copy, 0, size);
+    memcpy(copy, text, size - 2);
+    zof_free(*slot);
+    *slot = copy;
+    return 0;
+}
+
+bool zof_txt_show(lv_obj_t *obj, const char *text, zof_txt_show_fn show) {
+    const char *shown = zof_lang_get_cur_str(text);
+    show(obj, shown ? shown : "");
+    return shown != text;
+}
+
+lv_obj_t *zof_txt_inner_label(const zof_ctrl_t *ctrl) {
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    lv_obj_t *label = obj ? lv_obj_get_child(obj, 0) : nullptr;
+    return label && lv_obj_has_class(label, &lv_label_class) ? label : nullptr;
+}
+
+lv_obj_t *zof_txt_inner_create(lv_obj_t *btn, const char *text) {
+    lv_obj_t *label = lv_label_create(btn);
+    if (!label)
+        return nullptr;
+    lv_obj_set_width(label, lv_obj_get_width(btn));
+    lv_label_set_long_mode(label, LV_LABEL_LONG_WRAP);
+    lv_obj_clear_flag(label, LV_OBJ_FLAG_CLICKABLE);
+    zof_txt_show(label, text, lv_label_set_text);
+    lv_obj_set_style_text_align(label, LV_TEXT_ALIGN_CENTER, LV_PART_MAIN);
+    lv_obj_align(label, LV_ALIGN_CENTER, 0, 0);
+    return label;
+}
+
+lv_font_t *zof_txt_font(const zof_pub_attr_t *attr, u32 size) {
+    if (!attr || attr->style_num == 0 || !attr->style_list || !attr->style_list[0])
+        return nullptr;
+    const char *file = attr->style_list[0]->txt_t.font_lib;
+    return file ? zof_font_create_lvfont(file, size) : nullptr;
+}
+
+s32 zof_txt_inner_set_size(zof_ctrl_t *ctrl, u32 size) {
+    const para_t *record = zof_ctrl_record(ctrl);
+    return zof_on(zof_txt_inner_label(ctrl), [=](lv_obj_t *label) {
+        const lv_font_t *font = record ? zof_txt_font(record->attr, size) : nullptr;
+        if (font)
+            lv_obj_set_style_text_font(label, font, LV_PART_MAIN);
+    });
+}
+
+static void view_update(void *view) {
+    const db_list *list = ((const zof_view_node_t *)view)->ctrl_list;
+    const db_node *head = list ? list->head : nullptr;
+    for (const db_node *at = head ? head->next : head; at != head; at = at->next) {
+        para_t *record = (para_t *)at->data;
+        if (!record || !record->attr || record->attr->ctrl_type >= ZOF_CTRL_TYPE_COUNT)
+            continue;
+        s32 (*update)(zof_ctrl_t *) = zof_ctrl_classes[record->attr->ctrl_type].update_txt;
+        if (update)
+            update(record);
+    }
+}
+
+s32 zof_ctrl_txt_update(void) {
+    const zof_prj_t *prj = zof_prj_get_cur();
+    if (!prj || !prj->view_list)
+        return -1;
+    __db_list_travel(prj->view_list, view_update);
+    return 0;
+}

@@ -1,0 +1,160 @@
+// Style records become LVGL styles. A record is a complete look: it sets every property, also those that its file left
+// at 0, so that what a control shows depends on its project and not on LVGL's built-in theme.
+#include "project/zof_style.h"
+
+#include "project/zof_font.h"
+#include "project/zof_lang.h"
+#include "project/zof_para.h"
+#include "project/zof_res.h"
+#include "zof_lib/zof_stdio.h"
+
+lv_color_t zof_color_to_lv(zof_color_t color) {
+    return lv_color_hex(color & 0xFFFFFF);
+}
+
+// The path of the background image is a copy of ours, which the LVGL style only points at.
+static void path_release(lv_style_t *lv_style) {
+    lv_style_value_t value;
+    if (lv_style_get_prop(lv_style, LV_STYLE_BG_IMG_SRC, &value) == LV_STYLE_RES_FOUND) {
+        zof_res_path_free((void *)value.ptr);
+    }
+}
+
+static void body_fill(lv_style_t *lv, const zof_body_dis_t *body) {
+    lv_style_set_bg_color(lv, zof_color_to_lv(body->main_color));
+    lv_style_set_bg_grad_color(lv, zof_color_to_lv(body->grad_color));
+    lv_style_set_bg_grad_dir(lv, (lv_grad_dir_t)body->grad_dir_e);
+    lv_style_set_radius(lv, body->radius == UINT32_MAX ? LV_RADIUS_CIRCLE : (lv_coord_t)body->radius);
+    lv_style_set_bg_opa(lv, body->opa);
+    lv_style_set_border_color(lv, zof_color_to_lv(body->border.color));
+    lv_style_set_border_width(lv, (lv_coord_t)body->border.width);
+    lv_style_set_border_side(lv, (lv_border_side_t)body->border.part);
+    lv_style_set_border_opa(lv, body->border.opa);
+    lv_style_set_shadow_color(lv, zof_color_to_lv(body->shadow.color));
+    lv_style_set_shadow_width(lv, (lv_coord_t)body->shadow.width);
+    lv_style_set_pad_top(lv, (lv_coord_t)body->padding.top);
+    lv_style_set_pad_bottom(lv, (lv_coord_t)body->padding.bottom);
+    lv_style_set_pad_left(lv, (lv_coord_t)body->padding.left);
+    lv_style_set_pad_right(lv, (lv_coord_t)body->padding.right);
+}
+
+static void text_fill(lv_style_t *lv, const zof_text_dis_t *text) {
+    lv_font_t *font = text->font_lib ? zof_font_create_lvfont(text->font_lib, text->font_size) : nullptr;
+    if (font)
+        lv_style_set_text_font(lv, font);
+    lv_style_set_text_color(lv, zof_color_to_lv(text->color));
+    lv_style_set_text_opa(lv, text->opa);
+}
+
+static void image_fill(lv_style_t *lv, const zof_img_dis_t *image) {
+    if (!image->bg_img)
+        return;
+    const char *path = zof_res_path_check(zof_lang_get_cur_str(image->bg_img), "image/");
+    // LVGL takes a text that begins with a control character for a picture in memory.
+    if (!path || (s8)path[0] <= 31)
+        return;
+    char *copy = zof_res_path_zof_malloc(path);
+    if (copy)
+        lv_style_set_bg_img_src(lv, copy);
+}
+
+s32 zof_style_get_lv_value(zof_style_attr_t *style, lv_style_t *lv_style) {
+    if (!style || !lv_style)
+        return -1;
+    if (lv_style == style->lv_style) {
+        path_release(lv_style);
+        lv_style_reset(lv_style);
+    }
+    lv_style_init(lv_style);
+    body_fill(lv_style, &style->body_t);
+    text_fill(lv_style, &style->txt_t);
+    image_fill(lv_style, &style->img_t);
+    return 0;
+}
+
+lv_style_t *zof_style_create(zof_style_attr_t *style) {
+    if (!style)
+        return nullptr;
+    if (!style->lv_style) {
+        style->lv_style = (lv_style_t *)zof_malloc(sizeof(lv_style_t));
+        if (!style->lv_style)
+            return nullptr;
+        lv_style_init(style->lv_style);
+    }
+    zof_style_get_lv_value(style, style->lv_style);
+    return style->lv_style;
+}
+
+zof_style_attr_t *zof_style_get_default(void) {
+    return nullptr;
+}
+
+static lv_obj_tree_walk_res_t detach(lv_obj_t *obj, void *style) {
+    lv_obj_remove_style(obj, (lv_style_t *)style, (u32)LV_PART_ANY | LV_STATE_ANY);
+    return LV_OBJ_TREE_WALK_NEXT;
+}
+
+s32 zof_style_del(zof_ctrl_t *ctrl, zof_style_attr_t *style) {
+    if (!style || !style->lv_style)
+        return -1;
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    if (obj && style->style_sect == 0) {
+        lv_obj_remove_style(obj, style->lv_style, style->style_part | style->style_state);
+    } else if (obj) {
+        // Another section is on objects that only their control knows, some of them outside its tree (the open list of
+        // a drop list lies on the screen), so it is taken off wherever it is.
+        lv_obj_tree_walk(nullptr, detach, style->lv_style);
+    }
+    path_release(style->lv_style);
+    lv_style_reset(style->lv_style);
+    zof_free(style->lv_style);
+    style->lv_style = nullptr;
+    return 0;
+}
+
+s32 zof_ctrl_style_add(zof_ctrl_t *ctrl, zof_style_attr_t **styles, u8 count, u32 sect) {
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    if (!obj || !styles)
+        return -1;
+    for (u32 i = 0; i < count; i++) {
+        zof_style_attr_t *style = styles[i];
+        if (!style || style->style_sect != sect)
+            continue;
+        if (!style->lv_style && !zof_style_create(style))
+            continue;
+        lv_obj_add_style(obj, style->lv_style, style->style_part | style->style_state);
+    }
+    return 0;
+}
+
+s32 zof_ctrl_style_set_bg_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector) {
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    if (!obj)
+        return -1;
+    lv_obj_set_style_bg_color(obj, zof_color_to_lv(color), selector);
+    return 0;
+}
+
+s32 zof_ctrl_style_set_bg_grad_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector) {
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    if (!obj)
+        return -1;
+    lv_obj_set_style_bg_grad_color(obj, zof_color_to_lv(color), selector);
+    return 0;
+}
+
+s32 zof_ctrl_style_set_bg_opa(zof_ctrl_t *ctrl, u8 opa, u32 selector) {
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    if (!obj)
+        return -1;
+    lv_obj_set_style_bg_opa(obj, opa, selector);
+    return 0;
+}
+
+s32 zof_ctrl_style_set_bg_grad_dir(zof_ctrl_t *ctrl, u32 dir, u32 selector) {
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    if (!obj)
+        return -1;
+    lv_obj_set_style_bg_grad_dir(obj, (lv_grad_dir_t)(dir < 3 ? dir : 0), selector);
+    return 0;
+}

@@ -1,0 +1,188 @@
+// Bringing views up and taking them down. The order of the calls is a contract with the application: exit of the old
+// view, deletion of its short-lived controls, init of the new one (once), its controls, the screen, entry.
+#include "project/zof_view.h"
+
+#include "project/zof_para.h"
+#include "project/zof_prj_up.h"
+#include "project/zof_style.h"
+#include "project/zof_view_layer.h"
+#include "zof_lib/zof_stdio.h"
+
+static void init_run(zof_view_node_t *node) {
+    if (node->view_fun->zof_view_init) {
+        node->view_fun->zof_view_init();
+    } else {
+        zof_printf("view %u: the program gives it no init function", node->attr->v_id);
+    }
+}
+
+static bool view_is_current(u32 id) {
+    const zof_prj_t *prj = zof_prj_get_cur();
+    for (const zof_view_node_t *node : prj->cur_view) {
+        if (node && node->obj && node->attr->v_id == id)
+            return true;
+    }
+    return false;
+}
+
+// The display's own roots can be had only as long as no view has replaced one.
+static bool views_ready(u32 id) {
+    const zof_prj_t *prj = zof_prj_get_cur();
+    if (id == 0 || !prj || !prj->view_list)
+        return false;
+    if (is_list_empty(prj->view_list))
+        zof_view_layers_capture();
+    return true;
+}
+
+s32 zof_view_load(u32 id) {
+    if (!views_ready(id) || view_is_current(id))
+        return -1;
+    if (zof_view_list_get(id))
+        return 0;
+    zof_view_node_t *node = zof_view_node_create(id);
+    if (!node)
+        return -1;
+    node->displaying = 0;
+    if (!node->obj)
+        init_run(node);
+    return 0;
+}
+
+static void event_del_view(lv_event_t *e) {
+    const zof_view_node_t *node = (const zof_view_node_t *)lv_event_get_user_data(e);
+    if (node->del_on_unload)
+        zof_view_delete(node->attr->v_id);
+}
+
+s32 zof_view_create(u32 id, const zof_ctrl_fun_t *ctrls, u32 count) {
+    zof_view_node_t *node = zof_view_list_get(id);
+    if (!node || node->obj)
+        return -1;
+    node->obj = lv_obj_create(nullptr);
+    if (!node->obj)
+        return -1;
+    lv_obj_add_event_cb(node->obj, event_del_view, LV_EVENT_SCREEN_UNLOADED, node);
+    lv_obj_set_scroll_dir(node->obj, LV_DIR_NONE);
+    lv_obj_clear_flag(node->obj, LV_OBJ_FLAG_HIDDEN);
+    node->ctrl_fun = ctrls;
+    node->ctrl_fun_cnt = ctrls ? count : 0;
+    zof_prj_up.ctrl_list_create(node);
+    return 0;
+}
+
+// A control that stays would go with the object of a parent that does not: it waits on the view's own object.
+static void park(zof_view_node_t *node, para_t *record) {
+    const para_t *parent = (const para_t *)record->parent;
+    if (record->attr->parent_id < 1 || !parent || record->parent == node)
+        return;
+    if (!parent->obj || !parent->attr || !parent->attr->pub)
+        return;
+    lv_obj_set_parent(record->obj, node->obj);
+    record->parent = node;
+}
+
+s32 zof_view_delete(u32 id) {
+    zof_view_node_t *node = zof_view_list_get(id);
+    if (!node) {
+        zof_printf("view %u: nothing to delete, it was never loaded", id);
+        return -1;
+    }
+    if (!node->ctrl_ready || !node->ctrl_list)
+        return -1;
+    const db_node *head = node->ctrl_list->head;
+    for (const db_node *at = head->prev; at != head; at = at->prev) { // children come before their parents this way
+        para_t *record = (para_t *)at->data;
+        if (!record || !record->attr)
+            continue;
+        if (record->attr->pub) {
+            zof_prj_up.ctrl_delete(record);
+            node->ctrl_ready = 0;
+        } else if (record->is_created) {
+            park(node, record);
+        }
+    }
+    if (!node->ctrl_ready && node->bg_obj) {
+        lv_obj_del(node->bg_obj);
+        node->bg_obj = nullptr;
+    }
+    return 0;
+}
+
+static void leave(zof_view_node_t *node, bool at_once) {
+    if (!node || !node->obj || !node->view_fun || !node->view_fun->zof_view_exit)
+        return;
+    node->view_fun->zof_view_exit();
+    node->del_on_unload = !at_once;
+    if (at_once)
+        zof_view_delete(node->attr->v_id);
+}
+
+static void show_on_screen(zof_view_node_t *node, u32 transition, u32 time, u32 delay, u32 path) {
+    zof_prj_t *prj = zof_prj_get_cur();
+    u8 opa = prj->cur_view[ZOF_LAYER_BG] ? node->attr->bg_scale : 255;
+    lv_obj_set_style_bg_opa(node->obj, opa, LV_PART_MAIN);
+    zof_view_set_bg_img(node, node->attr->bg_image);
+    lv_anim_path_cb_t path_cb = zof_anim_path_get(path);
+    if (path_cb)
+        zof_scr_load_anim(node->obj, transition, time, delay, path_cb);
+}
+
+static void show_on_layer(zof_view_node_t *node, zof_layer_se layer) {
+    if (layer == ZOF_LAYER_BG || !node->attr->model_en)
+        lv_obj_clear_flag(node->obj, LV_OBJ_FLAG_CLICKABLE);
+    if (layer == ZOF_LAYER_BG) {
+        lv_obj_set_style_bg_opa(node->obj, LV_OPA_COVER, LV_PART_MAIN);
+        zof_view_set_bg_img(node, node->attr->bg_image);
+    }
+    zof_view_layer_set_root(layer, node->obj);
+}
+
+static void background_set(zof_view_node_t *node) {
+    lv_obj_set_style_bg_opa(node->obj, node->attr->bg_scale, LV_PART_MAIN);
+    lv_obj_set_style_bg_color(node->obj, zof_color_to_lv(node->attr->bg_color), LV_PART_MAIN);
+    lv_obj_set_scrollbar_mode(node->obj, LV_SCROLLBAR_MODE_OFF);
+}
+
+s32 zof_view_set_dis_view_anim(u32 id, u32 transition, u32 time, u32 delay, u32 path) {
+    if (!views_ready(id))
+        return -1;
+    if (view_is_current(id))
+        return 0;
+    zof_view_node_t *node = zof_view_list_get(id);
+    if (!node)
+        node = zof_view_node_create(id);
+    if (!node)
+        return -1;
+
+    zof_prj_t *prj = zof_prj_get_cur();
+    zof_layer_se layer = zof_view_layer_of(node);
+    leave(prj->cur_view[layer], transition == 0 && time == 0 && delay == 0);
+
+    node->displaying = 1;
+    node->del_on_unload = 0; // still set when the view returns before its screen was unloaded: its controls are wanted
+    if (!node->obj) {
+        init_run(node);
+    } else if (!node->ctrl_ready) {
+        zof_prj_up.ctrl_list_create(node);
+    }
+    if (node->view_fun->zof_view_entry) {
+        if (node->obj) {
+            background_set(node);
+            if (layer == ZOF_LAYER_UI) {
+                show_on_screen(node, transition, time, delay, path);
+            } else {
+                show_on_layer(node, layer);
+            }
+            prj->cur_view[layer] = node;
+        }
+        node->view_fun->zof_view_entry();
+    }
+    node->displaying = 0;
+    return 0;
+}
+
+s32 zof_view_set_dis_view(u32 id) {
+    zof_view_set_dis_view_anim(id, ZOF_SCR_LOAD_ANIM_NONE, 0, 0, ZOF_ANIM_PATH_LINEAR);
+    return 0;
+}
