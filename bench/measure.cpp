@@ -1,0 +1,42 @@
+// usage: zof_measure redraw|load|link|start|bare      prints rows of a table: what, ours, compared with, ratio
+#include "measure.h"
+
+#include <cstring>
+#include <unistd.h>
+
+#include "zof_main.h"
+
+void panel_up() {
+    setenv("SDL_VIDEODRIVER", "offscreen", 0);
+    if (chdir(ZOF_PANEL_DIR) != 0) {
+        perror(ZOF_PANEL_DIR);
+        _exit(1);
+    }
+    lv_init();
+    zof_drv_init();
+    zof_func_pwon();
+    zof_mutex_lock(dis_mutex);
+    zof_prj_create(zof_views_fun, ZOF_VIEW_COUNT);
+}
+
+int main(int argc, char **argv) {
+    static constexpr struct {
+        const char *name;
+        void (*run)();
+    } rows[] = {
+        {"redraw", measure_redraw},
+        {"load", measure_load},
+        {"link", measure_link},
+        {"start", [] { measure_start(false); }},
+        {"bare", [] { measure_start(true); }},
+    };
+    for (const auto &row : rows) {
+        if (argc == 2 && strcmp(argv[1], row.name) == 0) {
+            row.run();
+            fflush(stdout);
+            _exit(0); // threads of the runtime still run
+        }
+    }
+    fprintf(stderr, "usage: zof_measure redraw|load|link|start|bare\n");
+    return 2;
+}

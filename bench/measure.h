@@ -1,0 +1,33 @@
+// Measuring: medians of repeated runs, on the host's own clock.
+#ifndef MEASURE_H
+#define MEASURE_H
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+#include "zof.h"
+
+// Milliseconds of one call, as the median of `times` calls.
+inline double median_ms(int times, const std::function<void()> &call) {
+    std::vector<double> took;
+    for (int i = 0; i < times; i++) {
+        const auto start = std::chrono::steady_clock::now();
+        call();
+        took.push_back(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
+    }
+    std::nth_element(took.begin(), took.begin() + times / 2, took.end());
+    return took[(size_t)times / 2];
+}
+
+// Brings the runtime up on the panel's project, off the screen.
+void panel_up();
+
+void measure_start(bool bare);
+void measure_redraw();
+void measure_load();
+void measure_link();
+
+#endif
