@@ -1,4 +1,8 @@
-// Fonts by file and size, shared by reference count.
+// Fonts by file and size, shared by reference count. Graphics thread only.
+//
+//     lv_font_t *font = zof_font_create_lvfont("inter.ttf", 24); // res/font/inter.ttf
+//     ...
+//     zof_font_delete("inter.ttf", 24);
 #ifndef ZOF_FONT_H
 #define ZOF_FONT_H
 
@@ -8,20 +12,23 @@
 
 ZOF_C_BEGIN
 
-// The 16 bytes that a bitmap font file begins with; little-endian in the file.
+// The 16 bytes that a bitmap font file begins with; little-endian in the file. Behind it: `count` code points of 16
+// bits, then for each the 32-bit offset of its glyph record from the start of the file, 0 for none. A record is the 5
+// bytes of zof_glyph_dsc_t and then the bitmap, rows without padding. Where codes between code_min and code_max are
+// missing, a zero word ends the offsets: it is read as the offset of a missing code.
 typedef struct {
     u16 code_min, code_max;
-    u16 bitmap_size; // of the largest glyph
+    u16 bitmap_size; // bytes of the largest glyph's bitmap
     u16 count;
-    u8 bpp;
+    u8 bpp; // 1, 2, 4 or 8; 0: the file is no font
     u8 line_height;
     s8 base_line;
     u8 reserved[5];
 } zof_font_header_t;
 
 typedef struct {
-    u8 adv_w, box_w, box_h;
-    s8 ofs_x, ofs_y;
+    u8 adv_w, box_w, box_h; // pixels
+    s8 ofs_x, ofs_y;        // of the box from pen and base line, upwards
 } zof_glyph_dsc_t;
 
 typedef struct {
@@ -32,8 +39,8 @@ typedef struct {
 
 typedef struct {
     u32 size;
-    lv_font_t *font;
-    u32 ref;
+    lv_font_t *font; // owned; null for a file that was refused, so that it is refused once
+    u32 ref;         // users
 } zof_fontsize_t;
 
 typedef struct {
@@ -41,29 +48,43 @@ typedef struct {
     db_list *sizes; // of zof_fontsize_t
 } zof_font_t;
 
+// The font of a file below font/ in pixels; takes a reference. Size 0 means 16. Null without a name, project or file,
+// and with one line for a file that cannot be used: the style then keeps its font. A file that is neither .ttf nor .bin
+// gives a font that draws nothing. The font is owned by the list.
 lv_font_t *zof_font_create_lvfont(const char *name, u32 size);
+// Gives a reference back; the last one releases the font. Unknown names and sizes do nothing.
 void zof_font_delete(const char *name, u32 size);
+
+// A bitmap font's object, owned by the caller; null when the file cannot be read, is no font, or memory fails.
 zof_binfont_t *zof_font_creat(const char *path);
+// Fills a font of the caller from a bitmap font file, 0 or -1; and releases what was filled in, 0, or -1 for null.
 s32 zof_binfont_create(lv_font_t *font, const char *path);
 s32 zof_binfont_delete(lv_font_t *font);
+// Releases whatever is behind a font of either kind; a TrueType one goes with it. 0, or -1 for null.
 s32 zof_lvfont_delete(lv_font_t *font);
+
+// LVGL's callbacks of a bitmap font: false and null where there is no glyph. The file is read at each call.
 bool zof_font_get_glyph_dsc(const lv_font_t *font, lv_font_glyph_dsc_t *dsc, u32 code, u32 next);
 const u8 *zof_font_get_bitmap(const lv_font_t *font, u32 code);
+
+// Raw reads: the header, the 5 bytes of a glyph record, any stretch. Always 0; `out` is left alone when the file does
+// not open, and filled as far as the file goes.
 s32 zof_get_f_header(const char *path, void *out);
 s32 zof_get_glyph_dsc(const char *path, u32 offset, void *out);
 s32 _font_getdata(const char *path, u32 offset, u32 size, void *out);
 
+// The lists. Keys: the name, and a pointer to the size.
 db_list *zof_font_list_create(void);
-s32 zof_font_list_add(const char *name);
-zof_font_t *zof_font_list_get(const char *name);
-s32 zof_font_list_pop(const char *name);
-s32 zof_font_list_search_compare(void *data, void *key);
+s32 zof_font_list_add(const char *name);         // 0, or -1 without a project or memory
+zof_font_t *zof_font_list_get(const char *name); // null when unknown
+s32 zof_font_list_pop(const char *name);         // releases the entry with all its fonts; 0
+s32 zof_font_list_search_compare(void *data, void *key); // 0 when equal
 db_list *zof_fontsize_list_create(void);
-zof_fontsize_t *zof_fontsize_list_add(db_list *list, u32 size, lv_font_t *font);
+zof_fontsize_t *zof_fontsize_list_add(db_list *list, u32 size, lv_font_t *font); // ref 0; the font is the list's now
 zof_fontsize_t *zof_fontsize_list_get(db_list *list, u32 size);
-s32 zof_fontsize_list_pop(db_list *list, u32 size);
-s32 zof_fontsize_del(zof_fontsize_t *entry);
-s32 zof_fontsize_list_search_compare(void *data, void *key);
+s32 zof_fontsize_list_pop(db_list *list, u32 size); // releases entry and font; 0 for a null list, else -1
+s32 zof_fontsize_del(zof_fontsize_t *entry);        // the same for an entry outside its list; -1 for null, else 0
+s32 zof_fontsize_list_search_compare(void *data, void *key); // 0 when equal
 
 ZOF_C_END
 

@@ -1,0 +1,252 @@
+// Fonts in use, by file and size. A pair exists once, however many styles name it, and goes with its last user.
+#include "project/zof_font.h"
+
+#include <string.h>
+
+#include "project/zof_prj.h"
+#include "project/zof_res.h"
+#include "zof_lib/zof_stdio.h"
+
+// Above the last size a glyph's bitmap alone would take megabytes; no panel has room for one.
+enum { FONT_SIZE_DEFAULT = 16, FONT_SIZE_MAX = 2000 };
+
+static db_list *font_list()
+{
+    const zof_prj_t *prj = zof_prj_get_cur();
+    return prj ? prj->font_list : nullptr;
+}
+
+static db_list *list_with(int (*compare)(void *data, void *key))
+{
+    db_list *list = db_list_create();
+    if (list) {
+        list->compare = compare;
+    }
+    return list;
+}
+
+s32 zof_font_list_search_compare(void *data, void *key)
+{
+    return data && key ? strcmp(((zof_font_t *)data)->name, (const char *)key) : -1;
+}
+
+s32 zof_fontsize_list_search_compare(void *data, void *key)
+{
+    return data && key && ((zof_fontsize_t *)data)->size == *(const u32 *)key ? 0 : -1;
+}
+
+db_list *zof_font_list_create(void)
+{
+    return list_with(zof_font_list_search_compare);
+}
+
+db_list *zof_fontsize_list_create(void)
+{
+    return list_with(zof_fontsize_list_search_compare);
+}
+
+static void font_entry_free(zof_font_t *entry)
+{
+    if (!entry) {
+        return;
+    }
+    while (entry->sizes && !is_list_empty(entry->sizes)) {
+        zof_fontsize_del((zof_fontsize_t *)__db_list_visit_and_pop(entry->sizes, 0));
+    }
+    if (entry->sizes) {
+        __db_list_destory(entry->sizes, nullptr);
+    }
+    zof_free(entry->name);
+    zof_free(entry);
+}
+
+s32 zof_font_list_add(const char *name)
+{
+    db_list *list = font_list();
+    auto *entry = name && list ? (zof_font_t *)zof_malloc(sizeof(zof_font_t)) : nullptr;
+    if (!entry) {
+        return -1;
+    }
+    entry->name = zof_res_path_zof_malloc(name);
+    entry->sizes = zof_fontsize_list_create();
+    if (!entry->name || !entry->sizes || __db_list_put_tail(list, entry) != 0) {
+        font_entry_free(entry);
+        return -1;
+    }
+    return 0;
+}
+
+zof_font_t *zof_font_list_get(const char *name)
+{
+    db_list *list = font_list();
+    return name && list ? (zof_font_t *)__db_list_search_node(list, (void *)name) : nullptr;
+}
+
+s32 zof_font_list_pop(const char *name)
+{
+    db_list *list = font_list();
+    if (name && list) {
+        font_entry_free((zof_font_t *)__db_list_search_and_pop(list, (void *)name));
+    }
+    return 0;
+}
+
+zof_fontsize_t *zof_fontsize_list_add(db_list *list, u32 size, lv_font_t *font)
+{
+    auto *entry = list ? (zof_fontsize_t *)zof_malloc(sizeof(zof_fontsize_t)) : nullptr;
+    if (!entry) {
+        return nullptr;
+    }
+    *entry = {size, font, 0};
+    if (__db_list_put_tail(list, entry) != 0) {
+        zof_free(entry);
+        return nullptr;
+    }
+    return entry;
+}
+
+zof_fontsize_t *zof_fontsize_list_get(db_list *list, u32 size)
+{
+    return list ? (zof_fontsize_t *)__db_list_search_node(list, &size) : nullptr;
+}
+
+s32 zof_fontsize_list_pop(db_list *list, u32 size)
+{
+    if (!list) {
+        return 0;
+    }
+    zof_fontsize_del((zof_fontsize_t *)__db_list_search_and_pop(list, &size));
+    return -1;
+}
+
+s32 zof_lvfont_delete(lv_font_t *font)
+{
+    if (!font) {
+        return -1;
+    }
+    if (font->dsc) {
+        lv_ft_font_destroy(font); // the font lies inside what this releases: it must not be looked at again
+        return 0;
+    }
+    return zof_binfont_delete(font);
+}
+
+static void font_free(lv_font_t *font)
+{
+    const bool own_block = font && !font->dsc;
+    zof_lvfont_delete(font);
+    if (own_block) {
+        zof_free(font);
+    }
+}
+
+s32 zof_fontsize_del(zof_fontsize_t *entry)
+{
+    if (!entry) {
+        return -1;
+    }
+    font_free(entry->font);
+    zof_free(entry);
+    return 0;
+}
+
+static lv_font_t *ttf_create(const char *path, u32 size)
+{
+    lv_ft_info_t info = {};
+    info.name = path;
+    info.weight = (u16)size;
+    if (size > FONT_SIZE_MAX || !lv_ft_font_init(&info) || !info.font) {
+        return nullptr;
+    }
+    info.font->line_height = LV_MAX(info.font->line_height, 1);
+    return info.font;
+}
+
+// What draws nothing: a glyph without extent rather than a missing one, for which LVGL draws a box.
+static bool no_glyph_dsc(const lv_font_t *, lv_font_glyph_dsc_t *dsc, u32, u32)
+{
+    *dsc = {};
+    return true;
+}
+
+static const u8 *no_glyph_bitmap(const lv_font_t *, u32)
+{
+    return nullptr;
+}
+
+static lv_font_t *bin_create(const char *path, const char *name)
+{
+    auto *font = (lv_font_t *)zof_malloc(sizeof(lv_font_t));
+    if (!font || (IsBinFile(name) && zof_binfont_create(font, path) == 0)) {
+        return font;
+    }
+    zof_printf("font %s: no font; its text draws nothing", path);
+    font->get_glyph_dsc = no_glyph_dsc;
+    font->get_glyph_bitmap = no_glyph_bitmap;
+    font->line_height = 1; // widgets divide by it
+    return font;
+}
+
+static lv_font_t *font_open(const char *path, const char *name, u32 size)
+{
+    if (!IsTTFFile(name) || !FileExist(path)) {
+        return bin_create(path, name);
+    }
+    lv_font_t *font = ttf_create(path, size);
+    if (!font) {
+        zof_printf("font %s: refused at size %u; the default font is used", path, size);
+    }
+    return font;
+}
+
+// The entry of a file that is there; made when it is the first of its name.
+static zof_font_t *font_entry(const char *path, const char *name)
+{
+    zof_font_t *entry = zof_font_list_get(name);
+    if (entry || !FileExist(path)) {
+        return entry;
+    }
+    zof_font_list_add(name);
+    return zof_font_list_get(name);
+}
+
+lv_font_t *zof_font_create_lvfont(const char *name, u32 size)
+{
+    if (!name || !name[0]) {
+        return nullptr;
+    }
+    size = size ? size : (u32)FONT_SIZE_DEFAULT;
+    char *path = zof_res_path_zof_malloc(zof_res_get_prjfile_path("font/", name));
+    zof_font_t *entry = path ? font_entry(path, name) : nullptr;
+    zof_fontsize_t *sized = entry ? zof_fontsize_list_get(entry->sizes, size) : nullptr;
+    if (entry && !sized) {
+        lv_font_t *font = font_open(path, name, size);
+        sized = zof_fontsize_list_add(entry->sizes, size, font);
+        if (!sized) {
+            font_free(font);
+        }
+    }
+    zof_res_path_free(path);
+    if (!sized) {
+        return nullptr;
+    }
+    sized->ref++;
+    return sized->font;
+}
+
+void zof_font_delete(const char *name, u32 size)
+{
+    zof_font_t *entry = zof_font_list_get(name);
+    zof_fontsize_t *sized = entry ? zof_fontsize_list_get(entry->sizes, size) : nullptr;
+    if (!sized) {
+        return;
+    }
+    if (sized->ref > 1) {
+        sized->ref--;
+        return;
+    }
+    zof_fontsize_list_pop(entry->sizes, size);
+    if (is_list_empty(entry->sizes)) {
+        zof_font_list_pop(name);
+    }
+}
