@@ -63,8 +63,12 @@ const char *zof_fs_get_real_path(const char *path) {
     return fs_path;
 }
 
-static s32 count_or_error(lv_fs_res_t result, u32 count) {
-    return result == LV_FS_RES_OK ? static_cast<s32>(count) : -static_cast<s32>(result);
+static s32 done_or_error(lv_fs_res_t result) {
+    return -static_cast<s32>(result); // LVGL's good result is 0
+}
+
+static s32 count_or_error(lv_fs_res_t result, const u32 *count) {
+    return result == LV_FS_RES_OK ? static_cast<s32>(*count) : done_or_error(result);
 }
 
 lv_fs_file_t *zof_fs_open(const char *path, lv_fs_mode_t mode) {
@@ -82,26 +86,26 @@ s32 zof_fs_close(lv_fs_file_t *f) {
     }
     lv_fs_res_t result = lv_fs_close(f);
     zof_free(f);
-    return count_or_error(result, 0);
+    return done_or_error(result);
 }
 
 s32 zof_fs_read(lv_fs_file_t *f, void *buf, u32 n) {
     u32 count = 0;
-    return f && buf ? count_or_error(lv_fs_read(f, buf, n, &count), count) : -1;
+    return f && buf ? count_or_error(lv_fs_read(f, buf, n, &count), &count) : -1;
 }
 
 s32 zof_fs_write(lv_fs_file_t *f, const void *buf, u32 n) {
     u32 count = 0;
-    return f && buf ? count_or_error(lv_fs_write(f, buf, n, &count), count) : -1;
+    return f && buf ? count_or_error(lv_fs_write(f, buf, n, &count), &count) : -1;
 }
 
 s32 zof_fs_seek(lv_fs_file_t *f, u32 pos, lv_fs_whence_t whence) {
-    return f ? count_or_error(lv_fs_seek(f, pos, whence), 0) : -1;
+    return f ? done_or_error(lv_fs_seek(f, pos, whence)) : -1;
 }
 
 s32 zof_fs_tell(lv_fs_file_t *f) {
     u32 pos = 0;
-    return f ? count_or_error(lv_fs_tell(f, &pos), pos) : -1;
+    return f ? count_or_error(lv_fs_tell(f, &pos), &pos) : -1;
 }
 
 lv_fs_dir_t *zof_fs_dir_open(const char *path) {
@@ -114,7 +118,7 @@ lv_fs_dir_t *zof_fs_dir_open(const char *path) {
 }
 
 s32 zof_fs_dir_read(lv_fs_dir_t *d, char *name) {
-    return d && name ? count_or_error(lv_fs_dir_read(d, name), 0) : -1;
+    return d && name ? done_or_error(lv_fs_dir_read(d, name)) : -1;
 }
 
 s32 zof_fs_dir_close(lv_fs_dir_t *d) {
@@ -123,5 +127,5 @@ s32 zof_fs_dir_close(lv_fs_dir_t *d) {
     }
     lv_fs_res_t result = lv_fs_dir_close(d);
     zof_free(d);
-    return count_or_error(result, 0);
+    return done_or_error(result);
 }

@@ -1,0 +1,127 @@
+// The list: ends, positions, the cursor, and searching.
+#include "zof_test.h"
+
+#include <vector>
+
+static int values[5] = {10, 20, 30, 40, 50};
+
+static int compare_value(void *data, void *key) {
+    return data && *static_cast<int *>(data) == *static_cast<int *>(key) ? 0 : 1;
+}
+
+static db_list *list_of(int count) {
+    db_list *list = db_list_create();
+    for (int i = 0; i < count; i++) {
+        __db_list_put_tail(list, &values[i]);
+    }
+    return list;
+}
+
+// Forwards, after checking that the links backwards tell the same.
+static std::vector<int> content(db_list *list) {
+    std::vector<int> out;
+    for (db_node *node = list->head->next; node != list->head; node = node->next) {
+        CHECK(node->next->prev == node);
+        out.push_back(*static_cast<int *>(node->data));
+    }
+    CHECK(list->count == static_cast<s32>(out.size()));
+    return out;
+}
+
+TEST_CASE("a list keeps order at both ends and at positions") {
+    db_list *list = db_list_create();
+    CHECK(is_list_empty(list));
+    CHECK(__db_list_insert_before(list, 1, &values[0]) == -1);
+    CHECK(__db_list_insert_after(list, 0, &values[1]) == 0);
+    CHECK(__db_list_put_tail(list, &values[2]) == 0);
+    CHECK(__db_list_put_head(list, &values[0]) == 0);
+    CHECK(content(list) == std::vector<int>{10, 20, 30});
+
+    CHECK(__db_list_insert_after(list, 1, &values[3]) == 0);
+    CHECK(content(list) == std::vector<int>{40, 10, 20, 30});
+    CHECK(__db_list_insert_before(list, 4, &values[4]) == 0);
+    CHECK(content(list) == std::vector<int>{40, 10, 20, 50, 30});
+    CHECK(__db_list_insert_before(list, 0, &values[0]) == -1);
+    CHECK(__db_list_insert_after(list, 6, &values[0]) == -1);
+    CHECK(__db_list_insert_after(list, 1, nullptr) == -1);
+
+    for (s32 i = 0; i < 5; i++) {
+        CHECK(__db_list_visit(list, i) == __db_list_visit_node(list, i)->data);
+    }
+    CHECK(__db_list_visit(list, 5) == nullptr);
+    CHECK(__db_list_visit(list, -1) == nullptr);
+    CHECK(__db_list_visit_and_pop(list, 4) == &values[2]);
+    CHECK(__db_list_pop(list) == &values[3]);
+    CHECK(content(list) == std::vector<int>{10, 20, 50});
+    __db_list_destory(list, nullptr);
+}
+
+TEST_CASE("searching needs a compare function and finds the first match") {
+    db_list *list = list_of(3);
+    int key = 20;
+    CHECK(__db_list_search_node(list, &key) == nullptr);
+    CHECK(__db_list_search(list, &key) == -1);
+    CHECK(__db_list_search_and_pop(list, &key) == nullptr);
+    list->compare = compare_value;
+    CHECK(__db_list_search_node(list, &key) == &values[1]);
+    // Counted from the sentinel, and the last element is never looked at.
+    CHECK(__db_list_search(list, &key) == 2);
+    CHECK(__db_list_search(list, &values[0]) == 1);
+    CHECK(__db_list_search(list, &values[2]) == -1);
+    CHECK(__db_list_search_and_pop(list, nullptr) == nullptr);
+    CHECK(__db_list_search_and_pop(list, &key) == &values[1]);
+    CHECK(content(list) == std::vector<int>{10, 30});
+    __db_list_destory(list, nullptr);
+
+    db_list *one = list_of(1);
+    one->compare = compare_value;
+    CHECK(__db_list_search(one, &values[0]) == -1);
+    one->compare = [](void *data, void *) { return data ? 1 : 0; };
+    CHECK(__db_list_search(one, &values[0]) == 0);
+    __db_list_destory(one, nullptr);
+}
+
+TEST_CASE("the cursor cycles, is placed by position, and steps back when its element goes") {
+    db_list *list = list_of(3);
+    auto next = [&] { return *static_cast<int *>(get_current_data(list)); };
+    CHECK(std::vector<int>{next(), next(), next(), next()} == std::vector<int>{10, 20, 30, 10});
+    put_current_in_position(list, 2);
+    CHECK(next() == 30);
+    put_current_in_position(list, 4);
+    put_current_in_position(list, 0);
+    CHECK(next() == 10);
+    put_current_in_position(list, -1);
+    CHECK(next() == 10);
+    CHECK(next() == 20);
+    __db_list_visit_and_pop(list, 1);
+    CHECK(next() == 30);
+    __db_list_clear(list);
+    CHECK(is_list_empty(list));
+    CHECK(get_current_data(list) == nullptr);
+    __db_list_put_tail(list, &values[4]);
+    CHECK(next() == 50);
+    __db_list_destory(list, nullptr);
+}
+
+TEST_CASE("nodes go, data stays, and null is harmless everywhere") {
+    u32 before = zof_mem_count();
+    db_list *list = list_of(5);
+    static int sum;
+    sum = 0;
+    __db_list_travel(list, [](void *data) { sum += *static_cast<int *>(data); });
+    __db_list_travel(list, nullptr);
+    __db_list_destory(list, [](void *data) { sum += *static_cast<int *>(data); });
+    CHECK(sum == 300);
+    CHECK(zof_mem_count() == before);
+
+    __db_list_destory(nullptr, nullptr);
+    __db_list_clear(nullptr);
+    __db_list_travel(nullptr, nullptr);
+    put_current_in_position(nullptr, 1);
+    CHECK(__db_list_put_tail(nullptr, &values[0]) == -1);
+    CHECK(__db_list_put_head(nullptr, &values[0]) == -1);
+    CHECK(__db_list_pop(nullptr) == nullptr);
+    CHECK(__db_list_search(nullptr, &values[0]) == -1);
+    CHECK(get_current_data(nullptr) == nullptr);
+    CHECK(is_list_empty(nullptr));
+}

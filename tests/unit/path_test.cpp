@@ -1,0 +1,198 @@
+// Resource paths, drives, and files.
+#include "temp_project.h"
+#include "zof_test.h"
+
+#include <filesystem>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+static std::string str(const char *text) {
+    return text ? text : "(null)";
+}
+
+TEST_CASE("names become paths below the project folder") {
+    temp_project_t project;
+    CHECK(zof_res_get_prj_path() == nullptr);
+    CHECK(zof_res_path_check("a.png", "image/") == nullptr);
+    REQUIRE(project.open());
+    CHECK(str(zof_res_get_prj_path()) == project.folder);
+    CHECK(str(zof_res_file_path("a", nullptr, "c")) == "ac");
+    CHECK(zof_res_file_path(nullptr, "b", "c") == nullptr);
+    CHECK(str(zof_res_get_prjfile_path(nullptr, nullptr)) == project.folder);
+    CHECK(str(zof_res_get_g_file_path("config/languages/", "en")) == project.path("config/languages/en.g"));
+    CHECK(zof_res_get_g_file_path("config/languages/", nullptr) == nullptr);
+    CHECK(str(zof_res_get_theme_path("youth", ZOF_CTRL_SCROLLCONT_OBJ)) ==
+          project.path("config/theme/youth/scrollcont_obj.g"));
+    CHECK(zof_res_get_theme_path("youth", ZOF_CTRL_TYPE_COUNT) == nullptr);
+    CHECK(zof_res_get_theme_path(nullptr, 0) == nullptr);
+    CHECK(str(zof_res_path_check("a.png", "image/")) == project.path("image/a.png"));
+    CHECK(zof_res_path_check(nullptr, "image/") == nullptr);
+
+    // A name that lies in the path buffer itself.
+    char *inside = zof_res_file_path("x.png", nullptr, nullptr);
+    CHECK(str(zof_res_path_check(inside, "image/")) == project.path("image/x.png"));
+
+    std::string full = project.path("image/a.png");
+    CHECK(str(zof_res_get_file_name("image/", full.c_str())) == "a.png");
+    CHECK(zof_res_get_file_name("image/", project.path("image/").c_str()) == nullptr);
+    CHECK(zof_res_get_file_name("image/", "short") == nullptr);
+    CHECK(zof_res_get_file_name("image/", nullptr) == nullptr);
+    CHECK(zof_res_get_file_name(nullptr, full.c_str()) == nullptr);
+
+    char text[] = "a\\b\\\\c";
+    zof_res_check_path(text);
+    CHECK(str(text) == "a/b//c");
+    zof_res_check_path(nullptr);
+    CHECK(zof_res_path_zof_malloc(nullptr) == nullptr);
+    char *copy = zof_res_path_zof_malloc("keep");
+    CHECK(str(copy) == "keep");
+    zof_res_path_free(copy);
+    zof_res_path_free(nullptr);
+}
+
+TEST_CASE("a path that is too long is refused with a line and never cut") {
+    temp_project_t project;
+    REQUIRE(project.open());
+    std::string fits(500 - project.folder.size(), 'n');
+    CHECK(str(zof_res_get_prjfile_path(nullptr, fits.c_str())) == project.folder + fits);
+    std::string log = printed([&] {
+        CHECK(zof_res_get_prjfile_path("x", fits.c_str()) == nullptr);
+        CHECK(zof_res_get_g_file_path("d/", std::string(48, 'n').c_str()) == nullptr);
+        CHECK(zof_res_get_theme_path(std::string(42, 'n').c_str(), ZOF_CTRL_LABEL) == nullptr);
+        CHECK(zof_fs_get_real_path(("D:" + fits).c_str()) == nullptr);
+        CHECK(zof_fs_get_real_path(("P:" + std::string(100000, 'n')).c_str()) == nullptr);
+        CHECK(zof_fs_open(("P:" + std::string(600, 'n')).c_str(), LV_FS_MODE_RD) == nullptr);
+    });
+    CHECK(contains(log, "path too long: "));
+    CHECK(contains(log, "name too long: nnn"));
+    CHECK(str(zof_res_get_prj_path()) == project.folder);
+    CHECK(str(zof_res_get_g_file_path("d/", std::string(47, 'n').c_str())) == project.path("d/" + std::string(47, 'n') + ".g"));
+    CHECK(zof_res_get_theme_path(std::string(41, 'n').c_str(), ZOF_CTRL_LABEL) != nullptr);
+    CHECK(zof_res_set_path_cache(0) == -1);
+    CHECK(zof_res_set_path_cache(20) == 0);
+    CHECK(zof_res_get_prjfile_path("image/", "much too long for this") == nullptr);
+}
+
+TEST_CASE("a drive letter leads beside the project, and naming it makes the folder") {
+    temp_project_t project;
+    CHECK(zof_fs_path_check("D:") == 0);
+    for (const char *path : {"", "D", "a.png", (const char *)nullptr}) {
+        CHECK(zof_fs_path_check(path) == -1);
+    }
+    CHECK(str(zof_fs_get_real_path("D:a.png")) == "D:a.png"); // no project yet
+    REQUIRE(project.open());
+    for (std::string drive : {"D", "E", "T", "U"}) {
+        CAPTURE(drive);
+        std::string folder = project.top + "/disk/" + drive;
+        CHECK(!fs::exists(folder));
+        CHECK(str(zof_res_path_check((drive + ":a/b.png").c_str(), "image/")) ==
+              project.folder + "../disk/" + drive + "/a/b.png");
+        CHECK(fs::is_directory(folder));
+        CHECK(!fs::exists(folder + "/a"));
+    }
+    CHECK(str(zof_fs_get_real_path("P:x")) == project.folder + "/../x");
+    const char *unknown = "X:a.png";
+    CHECK(zof_fs_get_real_path(unknown) == unknown);
+    CHECK(zof_res_path_check(unknown, "image/") == unknown);
+    CHECK(zof_fs_get_real_path(nullptr) == nullptr);
+
+    // A plain path that begins with a drive's letter, in the buffer in which a drive's base is built.
+    char *plain = zof_res_file_path("D", "isk/", "x");
+    CHECK(str(zof_fs_get_real_path(plain)) == "Disk/x");
+}
+
+TEST_CASE("files are read and written through the file layer, on drives and on plain paths") {
+    lv_init();
+    temp_project_t project;
+    REQUIRE(project.open());
+    lv_fs_file_t *f = zof_fs_open("D:new.bin", LV_FS_MODE_WR);
+    REQUIRE(f);
+    CHECK(zof_fs_write(f, "0123456789", 10) == 10);
+    CHECK(zof_fs_close(f) == 0);
+    CHECK(file_text(project.top + "/disk/D/new.bin") == "0123456789");
+    f = zof_fs_open((project.folder + "../disk/D/new.bin").c_str(), LV_FS_MODE_RD);
+    REQUIRE(f);
+    char buf[20] = {};
+    CHECK(zof_fs_seek(f, 4, LV_FS_SEEK_SET) == 0);
+    CHECK(zof_fs_read(f, buf, sizeof buf) == 6);
+    CHECK(std::string(buf) == "456789");
+    CHECK(zof_fs_tell(f) == 10);
+    zof_fs_close(f);
+
+    lv_fs_dir_t *dir = zof_fs_dir_open("D:");
+    REQUIRE(dir);
+    char name[256] = {};
+    std::vector<std::string> names;
+    while (zof_fs_dir_read(dir, name) == 0 && name[0]) {
+        names.push_back(name);
+    }
+    CHECK(names == std::vector<std::string>{"new.bin"});
+    CHECK(zof_fs_dir_close(dir) == 0);
+
+    u32 before = zof_mem_count();
+    CHECK(zof_fs_open("D:none.bin", LV_FS_MODE_RD) == nullptr);
+    CHECK(zof_fs_dir_open("D:none/") == nullptr);
+    CHECK(zof_mem_count() == before);
+    CHECK(zof_fs_open(nullptr, LV_FS_MODE_RD) == nullptr);
+    CHECK(zof_fs_close(nullptr) == 0);
+    CHECK(zof_fs_dir_close(nullptr) == 0);
+    CHECK(zof_fs_read(nullptr, buf, 1) == -1);
+    CHECK(zof_fs_write(nullptr, buf, 1) == -1);
+    CHECK(zof_fs_seek(nullptr, 0, LV_FS_SEEK_SET) == -1);
+    CHECK(zof_fs_tell(nullptr) == -1);
+    CHECK(zof_fs_dir_open(nullptr) == nullptr);
+    CHECK(zof_fs_dir_read(nullptr, name) == -1);
+}
+
+TEST_CASE("questions about files, and writing one whole or not at all") {
+    temp_project_t project;
+    std::string path = project.path("a/b.txt");
+    CHECK(zof_file_write(path.c_str(), "x", 1) == -1);
+    project.write("a/b.txt", "old");
+    CHECK(zof_file_write(path.c_str(), "newer", 5) == 0);
+    CHECK(file_text(path) == "newer");
+    CHECK(zof_file_get_size(path.c_str()) == 5);
+    char buf[16] = {};
+    CHECK(get_file_content(path.c_str(), buf) == 5);
+    CHECK(std::string(buf) == "newer");
+    // The folder stands where the file would be renamed to: nothing changes and nothing is left behind.
+    fs::create_directories(project.path("a/folder/inside"));
+    CHECK(zof_file_write(project.path("a/folder").c_str(), "x", 1) == -1);
+    CHECK(std::distance(fs::directory_iterator(project.path("a")), fs::directory_iterator()) == 2);
+
+    CHECK(FileExist(path.c_str()));
+    CHECK(!FileExist(project.path("a").c_str()));
+    CHECK(PathExist(project.path("a").c_str()));
+    CHECK(!PathExist(path.c_str()));
+    CHECK(zof_file_get_size(project.path("none").c_str()) == -1);
+    for (const char *none : {(const char *)nullptr, "/none/at/all"}) {
+        CHECK(!FileExist(none));
+        CHECK(!PathExist(none));
+        CHECK(zof_file_get_size(none) == -1);
+        CHECK(get_file_content(none, buf) == 0);
+        CHECK(zof_file_write(none, "x", 1) == -1);
+    }
+    if (geteuid() != 0) {
+        fs::permissions(path, fs::perms::owner_read);
+        CHECK(!FileExist(path.c_str()));
+    }
+}
+
+TEST_CASE("a file's kind is its suffix, all upper or all lower") {
+    struct {
+        zof_bool (*is)(const char *);
+        const char *yes[2];
+    } kinds[] = {{IsBinFile, {"a.bin", "b.c.BIN"}}, {IsMp3File, {"a.mp3", "a.MP3"}}, {IsMp4File, {"a.mp4", "a.MP4"}},
+                 {IsTTFFile, {"a.ttf", "a.TTF"}},   {IsPNGFile, {"a.png", "a.PNG"}}, {IsBMPFile, {"a.bmp", "a.BMP"}},
+                 {IsJPGFile, {"a.jpg", "a.JPG"}}};
+    for (size_t i = 0; i < 7; i++) {
+        for (size_t k = 0; k < 7; k++) {
+            CHECK(kinds[i].is(kinds[k].yes[0]) == (i == k));
+            CHECK(kinds[i].is(kinds[k].yes[1]) == (i == k));
+        }
+        for (const char *no : {(const char *)nullptr, "", "bin", "./dir/name", "a.Png", "a.jpeg", "a.JPEG", "a.bin.gz"}) {
+            CHECK(!kinds[i].is(no));
+        }
+    }
+}
