@@ -1,0 +1,195 @@
+// A panel for tests: an off-screen window on a clock that the test moves. Presses go through the window's own events.
+//
+//     TEST_CASE("a button is pressed") {
+//         screen_open(320, 240);
+//         ... build objects ...
+//         screen_click(100, 50);
+//         CHECK(screen_is_golden("button_clicked"));
+//     }
+//
+// Goldens lie in tests/screen/golden. A missing one is a failure; ZOF_GOLDEN=write makes them anew from what is drawn.
+#ifndef SCREEN_FIXTURE_H
+#define SCREEN_FIXTURE_H
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "port/zof_host.h"
+#include "port/zof_port.h"
+#include "zof_test.h"
+
+extern "C" unsigned lodepng_decode24(unsigned char **out, unsigned *w, unsigned *h, const unsigned char *in,
+                                     size_t insize);
+
+// The longest that a press takes to reach the widgets: a look at the window's events and a read of the input device.
+enum { SCREEN_STEP_MS = 5, SCREEN_INPUT_MS = 45 };
+
+inline u32 screen_now; // milliseconds of the test's clock
+
+// Opens the window and the drivers of display and touch. With a project (zof_prj_obj_create) its size counts.
+inline void screen_open(s32 width, s32 height)
+{
+    static const zof_clock_t clock = {[] { return screen_now; }, [](u32 ms) { screen_now += ms; }};
+    zof_clock_set(&clock);
+    setenv("SDL_VIDEODRIVER", "offscreen", 0);
+    lv_init();
+    dis_mutex = zof_mutex_create();
+    SDL_HOR_RES = width;
+    SDL_VER_RES = height;
+    win_disp_init();
+    win_touch_init();
+}
+
+// Lets time pass as the main loop does.
+inline void screen_step(u32 ms)
+{
+    const u32 end = screen_now + ms;
+    while ((s32)(end - screen_now) > 0) {
+        screen_now += LV_MIN(end - screen_now, (u32)SCREEN_STEP_MS);
+        lv_timer_handler();
+    }
+}
+
+inline void screen_press(s32 x, s32 y)
+{
+    sdl_pointer_inject(x, y, ZOF_TRUE);
+    screen_step(SCREEN_INPUT_MS);
+}
+
+// Moves the finger; pressed or not stays as it is.
+inline void screen_move(s32 x, s32 y)
+{
+    zof_touch_t touch = {};
+    zof_touch_get(&touch);
+    sdl_pointer_inject(x, y, touch.state != ZOF_TOUCH_RELEASED);
+    screen_step(SCREEN_INPUT_MS);
+}
+
+inline void screen_release(s32 x, s32 y)
+{
+    sdl_pointer_inject(x, y, ZOF_FALSE);
+    screen_step(SCREEN_INPUT_MS);
+}
+
+inline void screen_click(s32 x, s32 y)
+{
+    screen_press(x, y);
+    screen_release(x, y);
+}
+
+// From one point to another in `steps` moves, finger down all the way and lifted at the end.
+inline void screen_drag(s32 x1, s32 y1, s32 x2, s32 y2, s32 steps)
+{
+    screen_press(x1, y1);
+    for (s32 i = 1; i <= steps; i++) {
+        screen_move(x1 + (x2 - x1) * i / steps, y1 + (y2 - y1) * i / steps);
+    }
+    screen_release(x2, y2);
+}
+
+struct screen_picture {
+    s32 width = 0;
+    s32 height = 0;
+    std::vector<u32> pixels; // 0xRRGGBB
+
+    u32 at(s32 x, s32 y) const
+    {
+        return x >= 0 && y >= 0 && x < width && y < height ? pixels[(size_t)y * (size_t)width + (size_t)x] : 0xFFFFFFFF;
+    }
+};
+
+// What the panel shows now; everything that waits to be drawn is drawn first.
+inline screen_picture screen_shot()
+{
+    lv_refr_now(nullptr);
+    screen_picture p;
+    const u32 *frame = sdl_frame_get(&p.width, &p.height);
+    for (size_t i = 0; frame && i < (size_t)p.width * (size_t)p.height; i++) {
+        p.pixels.push_back(frame[i] & 0xFFFFFF);
+    }
+    return p;
+}
+
+inline u32 screen_pixel(s32 x, s32 y)
+{
+    return screen_shot().at(x, y);
+}
+
+inline bool screen_png_read(const std::string &path, screen_picture *out)
+{
+    std::ifstream in(path, std::ios::binary);
+    const std::vector<char> bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    unsigned char *rgb = nullptr;
+    unsigned w = 0;
+    unsigned h = 0;
+    if (bytes.empty() || lodepng_decode24(&rgb, &w, &h, (const unsigned char *)bytes.data(), bytes.size()) != 0) {
+        return false;
+    }
+    *out = {(s32)w, (s32)h, {}};
+    for (size_t i = 0; i < (size_t)w * h; i++) {
+        out->pixels.push_back((u32)rgb[i * 3] << 16 | (u32)rgb[i * 3 + 1] << 8 | rgb[i * 3 + 2]);
+    }
+    zof_lv_free(rgb);
+    return true;
+}
+
+inline void screen_png_write(const std::string &path, const screen_picture &p)
+{
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+    zof_shot_png_write(path.c_str(), p.pixels.data(), p.width, p.height);
+}
+
+// Says where two pictures differ first; true when they do not.
+inline bool screen_same(const screen_picture &got, const screen_picture &want)
+{
+    if (got.width != want.width || got.height != want.height) {
+        MESSAGE("the picture is " << got.width << " x " << got.height << ", wanted " << want.width << " x " << want.height);
+        return false;
+    }
+    size_t wrong = 0;
+    size_t first = 0;
+    for (size_t i = 0; i < got.pixels.size(); i++) {
+        if (got.pixels[i] != want.pixels[i]) {
+            first = wrong++ ? first : i;
+        }
+    }
+    if (wrong) {
+        char text[128];
+        snprintf(text, sizeof(text), "%zu pixels differ, the first at (%d, %d): %06X, wanted %06X", wrong,
+                 (int)(first % (size_t)got.width), (int)(first / (size_t)got.width), got.pixels[first],
+                 want.pixels[first]);
+        MESSAGE(text);
+    }
+    return wrong == 0;
+}
+
+inline bool screen_is_golden(const std::string &name)
+{
+    const std::string golden = std::string(ZOF_SOURCE_DIR "/tests/screen/golden/") + name + ".png";
+    const std::string kept = std::string(ZOF_BUILD_DIR "/golden/") + name;
+    const screen_picture got = screen_shot();
+    const char *mode = getenv("ZOF_GOLDEN");
+    if (mode && std::string(mode) == "write") {
+        screen_png_write(golden, got);
+    }
+    screen_picture want;
+    if (!screen_png_read(golden, &want)) {
+        screen_png_write(kept + ".got.png", got);
+        MESSAGE("there is no golden " << golden << "; look at " << kept << ".got.png, then run with ZOF_GOLDEN=write");
+        return false;
+    }
+    if (screen_same(got, want)) {
+        return true;
+    }
+    screen_png_write(kept + ".got.png", got);
+    screen_png_write(kept + ".want.png", want);
+    MESSAGE("both pictures are kept: " << kept << ".got.png and .want.png");
+    return false;
+}
+
+#endif
