@@ -10,7 +10,7 @@ set(ZOF_BENCH_IDS_DIR ${PROJECT_BINARY_DIR}/ids)
 set(res_make ${PROJECT_SOURCE_DIR}/res/make)
 set(res_test ${PROJECT_BINARY_DIR}/test-panel)
 
-set(fonts bench-num.ttf bench-rail.ttf bench-text.ttf bench-bold.ttf bench-num-112.bin bench-num-56.bin bench-num-36.bin)
+set(fonts bench-num.ttf bench-rail.ttf bench-text.ttf bench-bold.ttf bench-num-112.bin bench-num-56.bin bench-num-36.bin bench-num-26.bin)
 set(pictures dial.png toggle.png logo.png logo_small.png)
 list(TRANSFORM fonts PREPEND ${ZOF_BENCH_STAGE}/res/font/)
 list(TRANSFORM pictures PREPEND ${ZOF_BENCH_STAGE}/res/image/)

@@ -115,6 +115,12 @@ def make(name, cfg):
         else:                           # range of a rail: an en dash with air
             redraw(font, (hy, en), source, 0.8, 0.06 * upm, 0.02 * upm,
                    source["hmtx"][en][0] * 0.8 + 0.12 * upm)
+    if "unit" not in cfg:               # at 16 px the line rounds to 20 then, and its middle to the middle of its box
+        font["hhea"].lineGap = round(0.012 * upm)
+    else:                               # the point of an unknown reading, faint like its dashes
+        for table in font["cmap"].tables:
+            if table.isUnicode():
+                table.cmap[0x2024] = cmap[ord(".")]
     family = "Bench " + name[6:-4].capitalize()
     for rec in font["name"].names:
         rec.string = {1: family, 2: "Regular", 4: family, 6: family.replace(" ", ""), 3: family}.get(rec.nameID, rec.toUnicode())
@@ -134,7 +140,7 @@ def bitmap(ttf, size, fade=None):
     The board's amperes and watts come with the unit in the same text, so only the font can set it back.
     """
     from PIL import Image, ImageFont
-    fade = fade or {"A": 0.7, "V": 0.7, "W": 0.7, "h": 0.7, "-": 0.5}
+    fade = fade or {"A": 0.7, "V": 0.7, "W": 0.7, "h": 0.7, "-": 0.5, "\u2024": 0.5}
     font = ImageFont.truetype(os.path.join(OUT, ttf), size)
     ascent, descent = font.getmetrics()
     codes = sorted(TTFont(os.path.join(OUT, ttf)).getBestCmap())
@@ -165,5 +171,5 @@ def bitmap(ttf, size, fade=None):
 if __name__ == "__main__":
     for key, value in FONTS.items():
         make(key, value)
-    for px in (112, 56, 36):
+    for px in (112, 56, 36, 26):
         bitmap("bench-num.ttf", px)

@@ -32,7 +32,7 @@ DE = {
     "adjust_hint": "PPS- und AVS-Profile öffnen hier ihre Regler.",
     "brightness": "Helligkeit", "power_on": "Ausgang beim Einschalten", "boot_off": "Aus", "boot_last": "Wie zuletzt",
     "auto_arm": "Auto-Aktivierung", "auto_arm_hint": "Nachdem ein Profil gewählt ist",
-    "turn_on": "Ausgang ein", "turn_off": "Ausgang aus", "select": "Profil wählen", "use": "%u.%02u V setzen",
+    "turn_on": "Ausgang einschalten", "turn_off": "Ausgang ausschalten", "select": "Profil wählen", "use": "%u.%02u V setzen",
     "applied": "Gesetzt", "fixed_rail": "Festes Profil", "adjustable_rail": "Einstellbar",
 }
 
@@ -80,15 +80,16 @@ def right_edge(size, decimals, unit=""):
 
 
 BIG, MID = 112, 56
+# A reading that is not known yet has U+2024 for its point: the fonts draw that one as faint as the dashes.
 V1 = [
-    label(1, 16, 18, right_edge(BIG, 2) - 16, 136, "-.--", NUM, BIG, WHITE, "right", role="volts"),
+    label(1, 16, 18, right_edge(BIG, 2) - 16, 136, "-․--", NUM, BIG, WHITE, "right", role="volts"),
     label(2, right_edge(BIG, 2) + 11, 18, 48, 136, "V", NUM, BIG, WHITE, "left", role="unit", dimunit=True),
-    label(3, 16, 164, right_edge(BIG, 3, "A") - 16, 136, "-.--- A", NUM, BIG, WHITE, "right", role="amperes", dimunit=True),
-    label(5, 16, 346, right_edge(MID, 1, "W") - 16, 68, "-.- W", NUM, MID, WHITE, "right", role="watts", dimunit=True),
+    label(3, 16, 164, right_edge(BIG, 3, "A") - 16, 136, "-․--- A", NUM, BIG, WHITE, "right", role="amperes", dimunit=True),
+    label(5, 16, 346, right_edge(MID, 1, "W") - 16, 68, "-․- W", NUM, MID, WHITE, "right", role="watts", dimunit=True),
     box(25, 344, 369, 104, 48, bg=RAISED, radius=12, hidden=True, role="press mark"),
     label(16, 344, 369, 104, 48, "#reset", TEXT, 20, AMBER, "center", click=True),
     label(17, 464, 370, 96, 48, "#session", TEXT, 16, GREY, "right"),
-    label(4, 568, 363, 184, 48, "-.---", NUM, 36, WHITE, "right", role="energy"),
+    label(4, 568, 363, 184, 48, "-․---", NUM, 36, WHITE, "right", role="energy"),
     label(10, 759, 363, 40, 48, "Wh", NUM, 36, WHITE, dimunit=True),
     image(9, 472, 8, 320, 320, "dial.png"),
     dict(id=7, type="arc", box=(506, 42, 252, 252), width=12, track=TRACK, fill=WHITE, span=(135, 405),
@@ -144,18 +145,19 @@ V2 = [
 ] + tabs(1, {0: 93, 3: 95, 2: 96}, 92)
 
 # view 3: about -------------------------------------------------------------------------------------
+# A label is placed by the height of its key as it stands in the file: a key must fit its label in one line.
 EN |= {
-    "about_title": "USB Power Delivery bench box", "about_sub": "Front panel", "about_version": "Version",
-    "about_built": "Built", "about_link": "Board link", "about_link_is": "serial, 115 200 baud, 8N1",
-    "about_licences": "Licences", "about_licences_are": "in the folder of this program", "about_kinds": "Kinds of rail",
+    "about_title": "USB Power Delivery bench box", "about_sub": "Front panel", "about_ver": "Version",
+    "about_time": "Built", "about_link": "Board link", "about_link_is": "serial, 115 200 baud, 8N1",
+    "about_lic": "Licences", "about_lic_are": "in the folder of this program", "about_kinds": "Kinds of rail",
     "about_fix": "one fixed voltage", "about_pps": "adjustable in fine steps",
     "about_avs": "adjustable over a wide range", "about_epr": "extended range, above 20 V", "about_colours": "Colours",
     "about_measured": "measured", "about_set": "set by you", "about_unknown": "not known yet",
 }
 DE |= {
-    "about_title": "USB-Power-Delivery-Netzteil", "about_sub": "Bedienfeld", "about_version": "Version",
-    "about_built": "Erstellt", "about_link": "Verbindung", "about_link_is": "seriell, 115 200 Baud, 8N1",
-    "about_licences": "Lizenzen", "about_licences_are": "im Ordner dieses Programms", "about_kinds": "Arten von Profilen",
+    "about_title": "USB-Power-Delivery-Netzteil", "about_sub": "Bedienfeld", "about_ver": "Version",
+    "about_time": "Erstellt", "about_link": "Verbindung", "about_link_is": "seriell, 115 200 Baud, 8N1",
+    "about_lic": "Lizenzen", "about_lic_are": "im Ordner dieses Programms", "about_kinds": "Arten von Profilen",
     "about_fix": "eine feste Spannung", "about_pps": "in feinen Stufen einstellbar",
     "about_avs": "in weitem Bereich einstellbar", "about_epr": "erweiterter Bereich, über 20 V", "about_colours": "Farben",
     "about_measured": "gemessen", "about_set": "eingestellt", "about_unknown": "noch unbekannt",
@@ -173,8 +175,8 @@ def about():
 
     out += [label(next(ids), 128, 18, 264, 58, "#about_title", BOLD, 24, WHITE, "left", wrap=True, line=29),
             put(128, 96, 264, "#about_sub", size=20)]
-    rows = [("#about_version", "@app_ver"), ("#about_built", "@comp_time"), ("#about_link", "#about_link_is"),
-            ("#about_licences", "#about_licences_are")]
+    rows = [("#about_ver", "@app_ver"), ("#about_time", "@comp_time"), ("#about_link", "#about_link_is"),
+            ("#about_lic", "#about_lic_are")]
     for i, (key, value) in enumerate(rows):
         out += [box(next(ids), 32, 126 + 56 * i, 352, 1, bg=RAISED), put(32, 162 + 56 * i, 100, key),
                 put(136, 162 + 56 * i, 256, value, color=WHITE)]
@@ -184,7 +186,7 @@ def about():
         out += [put(432, y, 44, kind, BOLD, 16, ink, "center", bg=bg, radius=6),
                 put(492, y, 284, "#about_" + kind.lower())]
     out += [box(next(ids), 416, 244, 368, 172, bg=CARD, radius=12), put(432, 278, 336, "#about_colours", size=20, color=WHITE)]
-    for i, (sample, col, what) in enumerate((("12.04", WHITE, "measured"), ("12.04", AMBER, "set"), ("-.--", WHITE, "unknown"))):
+    for i, (sample, col, what) in enumerate((("12.04", WHITE, "measured"), ("12.04", AMBER, "set"), ("-․--", WHITE, "unknown"))):
         out += [put(428, 318 + 36 * i, 80, sample, NUM, 26, col, "right"), put(524, 318 + 36 * i, 252, "#about_" + what)]
     return out
 

@@ -17,7 +17,7 @@ ALIGN = {"left": 1, "center": 2, "right": 3}
 TOP, MIDDLE = 0x10, 0x20
 SIDES = {"top": 2, "all": 15}
 FULL = 4294967295
-BITMAP_SIZES = (112, 56, 36)
+BITMAP_SIZES = (112, 56, 36, 26)
 
 
 def colour(c, opa=255):
@@ -28,6 +28,8 @@ def body(c=None, opa=255, radius=0, border=None, pad=(0, 0, 0, 0)):
     rgb, opa = colour(c, opa) if c is not None else (0, 0)
     side, width, line = border or ("all", 0, 0)
     top, right, bottom, left = pad
+    if side == "top":                   # a border on one side moves the text; its padding moves it back
+        top -= width
     return {"main_color": rgb, "opa": opa, "radius": radius,
             "border": {"color": line, "width": width, "part": SIDES[side], "opa": 255 if width else 0},
             "padding": {"top": top, "right": right, "bottom": bottom, "left": left}}
@@ -106,7 +108,8 @@ def switch(c):
     return {"anim_time": 120,
             "styles": [style(body(c["off"], radius=FULL)), style(body(radius=FULL), part=INDICATOR),
                        style(body(c["on"], radius=FULL), part=INDICATOR, state=CHECKED),
-                       style(body(P.WHITE, radius=FULL, pad=(-4,) * 4), part=KNOB)]}
+                       # LVGL draws the knob a pixel wider than high
+                       style(body(P.WHITE, radius=FULL, pad=(-4, -5, -4, -4)), part=KNOB)]}
 
 
 PROPERTY = {"label": label, "container": container, "image": image, "arc": arc, "slider": slider, "switch": switch}

@@ -75,17 +75,17 @@ static step_e cmd_press()
     return DONE;
 }
 
+// Lasts as long as a tap, so that the widgets see the finger up before the next command puts it down again.
 static step_e cmd_release()
 {
     pointer(script.x, script.y, ZOF_FALSE);
-    return DONE;
+    return elapsed() >= TAP_MS ? DONE : AGAIN;
 }
 
 static step_e cmd_tap()
 {
-    const bool over = elapsed() >= TAP_MS;
-    pointer(number(1), number(2), !over);
-    return over ? DONE : AGAIN;
+    pointer(number(1), number(2), elapsed() < TAP_MS);
+    return elapsed() >= 2 * TAP_MS ? DONE : AGAIN;
 }
 
 static step_e cmd_drag()
