@@ -109,7 +109,7 @@ s32 zof_prj_create(const zof_view_fun_t *views, u32 count) {
     return 0;
 }
 
-// LVGL draws when its refresh timer is due, and the logo lives for one turn only: so it is drawn here and now.
+// The logo lives for the one turn that the forced refresh takes, and stays on the panel until the first view draws.
 void zof_prj_show_power_on_logo(void) {
     const char *logo = zof_res_path_check("logo.png", "image/");
     if (!FileExist(logo) || !lv_disp_get_default()) {
@@ -118,7 +118,6 @@ void zof_prj_show_power_on_logo(void) {
     lv_obj_t *img = lv_img_create(lv_scr_act());
     lv_img_set_src(img, logo);
     lv_obj_center(img);
-    lv_refr_now(nullptr);
     zof_view_force_refresh();
     lv_obj_del(img);
 }
