@@ -55,7 +55,7 @@ TEST_CASE("the logo is on the screen before the first view, and the views are lo
     project.write("image/logo.png", std::string(png, png + size));
     REQUIRE(project.open());
     screen_open(320, 240);
-    screen_step(100); // the next refresh is not due: the logo has to force its own
+    screen_step(10); // drawn just now, so that the next refresh is not due: the logo has to force one
     std::string log = printed([] { CHECK(zof_prj_create(views, 3) == 0); });
     CHECK(seen.calls == std::vector<int>{1, 10, 3});
     CHECK(contains(log, "two.g: cannot be read"));
