@@ -94,6 +94,7 @@ static void scr_restore(const scr_saved *saved)
     lv_obj_remove_local_style_prop(obj, LV_STYLE_TRANSFORM_ZOOM, LV_PART_MAIN);
     lv_obj_remove_local_style_prop(obj, LV_STYLE_TRANSFORM_PIVOT_X, LV_PART_MAIN);
     lv_obj_remove_local_style_prop(obj, LV_STYLE_TRANSFORM_PIVOT_Y, LV_PART_MAIN);
+    lv_obj_update_layout(obj); // a screen that is not shown is not laid out by itself
 }
 
 static void move_x(void *obj, s32 v)
@@ -196,15 +197,16 @@ static void tr_end(lv_anim_t *)
     tr.active = false;
     const auto done = tr;
     lv_disp_t *disp = lv_obj_get_disp(done.in.obj);
-    disp->scr_to_load = nullptr;
     scr_restore(&done.in);
     scr_restore(&done.out);
     if (!done.started) {
         if (disp->act_scr != done.in.obj) {
+            disp->scr_to_load = nullptr; // else LVGL has just loaded it itself, and still looks at this
             load_now(disp, done.in.obj);
         }
         return;
     }
+    disp->scr_to_load = nullptr;
     disp->prev_scr = nullptr;
     disp->draw_prev_over_act = false;
     lv_obj_invalidate(done.in.obj);

@@ -1,0 +1,318 @@
+// Screen transitions: where both screens are at the start, in the middle and at the end, and what an interruption leaves.
+#include "screen_fixture.h"
+
+enum { W = 100, H = 60, TIME = 200 };
+
+// Two screens of one colour each, and what they were told.
+static lv_obj_t *red;
+static lv_obj_t *blue;
+static std::string events;
+
+static lv_obj_t *make_screen(u32 color)
+{
+    lv_obj_t *scr = lv_obj_create(nullptr);
+    lv_obj_remove_style_all(scr);
+    lv_obj_set_style_bg_color(scr, lv_color_hex(color), 0);
+    lv_obj_set_style_bg_opa(scr, LV_OPA_COVER, 0);
+    return scr;
+}
+
+static void event_note(lv_event_t *e)
+{
+    static constexpr const char *names[] = {"unload ", "load ", "loaded ", "unloaded "};
+    const u32 i = (u32)lv_event_get_code(e) - LV_EVENT_SCREEN_UNLOAD_START;
+    if (i < 4) {
+        events += std::string(lv_event_get_target(e) == red ? "red " : "blue ") + names[i];
+    }
+}
+
+static void two_screens()
+{
+    screen_open(W, H);
+    red = make_screen(0xFF0000);
+    blue = make_screen(0x0000FF);
+    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_NONE, 0, 0, lv_anim_path_linear);
+    screen_step(50);
+    lv_obj_add_event_cb(red, event_note, LV_EVENT_ALL, nullptr);
+    lv_obj_add_event_cb(blue, event_note, LV_EVENT_ALL, nullptr);
+}
+
+static s32 opa(lv_obj_t *scr)
+{
+    return lv_obj_get_style_opa(scr, 0);
+}
+
+static s32 zoom(lv_obj_t *scr)
+{
+    return lv_obj_get_style_transform_zoom(scr, 0);
+}
+
+struct expectation {
+    u32 transition;
+    s32 in_x, in_y, out_x, out_y;    // at the start and the end, in pixels
+    s32 in_opa, out_opa_start, out_opa_end;
+    s32 in_zoom, out_zoom_end;
+    bool over;
+};
+
+static constexpr expectation table[] = {
+    {ZOF_SCR_LOAD_ANIM_NONE, 0, 0, 0, 0, 255, 255, 255, 256, 256, false},
+    {ZOF_SCR_LOAD_ANIM_OVER_LEFT, W, 0, 0, 0, 255, 255, 255, 256, 256, false},
+    {ZOF_SCR_LOAD_ANIM_OVER_RIGHT, -W, 0, 0, 0, 255, 255, 255, 256, 256, false},
+    {ZOF_SCR_LOAD_ANIM_OVER_TOP, 0, H, 0, 0, 255, 255, 255, 256, 256, false},
+    {ZOF_SCR_LOAD_ANIM_OVER_BOTTOM, 0, -H, 0, 0, 255, 255, 255, 256, 256, false},
+    {ZOF_SCR_LOAD_ANIM_MOVE_LEFT, W, 0, -W, 0, 255, 255, 255, 256, 256, false},
+    {ZOF_SCR_LOAD_ANIM_MOVE_RIGHT, -W, 0, W, 0, 255, 255, 255, 256, 256, false},
+    {ZOF_SCR_LOAD_ANIM_MOVE_TOP, 0, H, 0, -H, 255, 255, 255, 256, 256, false},
+    {ZOF_SCR_LOAD_ANIM_MOVE_BOTTOM, 0, -H, 0, H, 255, 255, 255, 256, 256, false},
+    {ZOF_SCR_LOAD_ANIM_FADE_IN, 0, 0, 0, 0, 0, 0, 0, 256, 256, false},
+    {ZOF_SCR_LOAD_ANIM_FADE_ON, 0, 0, 0, 0, 0, 255, 255, 256, 256, false},
+    {ZOF_SCR_LOAD_ANIM_FADE_OUT, 0, 0, 0, 0, 255, 255, 0, 256, 256, true},
+    {ZOF_SCR_LOAD_ANIM_OUT_LEFT, 0, 0, -W, 0, 255, 255, 255, 256, 256, true},
+    {ZOF_SCR_LOAD_ANIM_OUT_RIGHT, 0, 0, W, 0, 255, 255, 255, 256, 256, true},
+    {ZOF_SCR_LOAD_ANIM_OUT_TOP, 0, 0, 0, -H, 255, 255, 255, 256, 256, true},
+    {ZOF_SCR_LOAD_ANIM_OUT_BOTTOM, 0, 0, 0, H, 255, 255, 255, 256, 256, true},
+    {ZOF_SCR_LOAD_ANIM_IN_ZOOM, 0, 0, 0, 0, 255, 255, 255, 1, 256, false},
+    {ZOF_SCR_LOAD_ANIM_IN_ZOOM_WITH_BG, 0, 0, 0, 0, 255, 0, 0, 1, 256, false},
+    {ZOF_SCR_LOAD_ANIM_OUT_ZOOM, 0, 0, 0, 0, 255, 255, 255, 256, 1, true},
+};
+
+// Half way: the middle of both ends, two frames more or less.
+static void check_middle(s32 at, s32 from, s32 to)
+{
+    CHECK(at >= (from + to) / 2 - abs(to - from) / 5 - 1);
+    CHECK(at <= (from + to) / 2 + abs(to - from) / 5 + 1);
+}
+
+TEST_CASE("each transition moves, fades and zooms both screens between its two ends")
+{
+    two_screens();
+    lv_disp_t *disp = lv_disp_get_default();
+    for (const expectation &e : table) {
+        CAPTURE(e.transition);
+        zof_scr_load_anim(red, 0, 0, 0, lv_anim_path_linear);
+        events.clear();
+        zof_scr_load_anim(blue, e.transition, TIME, 0, lv_anim_path_linear);
+        lv_obj_update_layout(blue);
+        CHECK(lv_obj_get_x(blue) == e.in_x);
+        CHECK(lv_obj_get_y(blue) == e.in_y);
+        CHECK(opa(blue) == e.in_opa);
+        CHECK(zoom(blue) == e.in_zoom);
+        CHECK(lv_scr_act() == red);
+
+        screen_step(TIME / 2);
+        CHECK(lv_scr_act() == blue);
+        CHECK(disp->prev_scr == red);
+        CHECK((disp->draw_prev_over_act != 0) == e.over);
+        check_middle(lv_obj_get_x(blue), e.in_x, 0);
+        check_middle(lv_obj_get_y(blue), e.in_y, 0);
+        check_middle(lv_obj_get_x(red), 0, e.out_x);
+        check_middle(lv_obj_get_y(red), 0, e.out_y);
+        check_middle(opa(blue), e.in_opa, 255);
+        check_middle(opa(red), e.out_opa_start, e.out_opa_end);
+        check_middle(zoom(blue), e.in_zoom, 256);
+        check_middle(zoom(red), 256, e.out_zoom_end);
+
+        screen_step(TIME / 2 + 40);
+        CHECK(disp->prev_scr == nullptr);
+        CHECK(!disp->draw_prev_over_act);
+        for (lv_obj_t *scr : {red, blue}) {
+            CHECK(lv_obj_get_x(scr) == 0);
+            CHECK(lv_obj_get_y(scr) == 0);
+            CHECK(opa(scr) == 255);
+            CHECK(zoom(scr) == 256);
+        }
+        CHECK(events == "red unload blue load blue loaded red unloaded ");
+        CHECK(screen_pixel(W / 2, H / 2) == 0x0000FF);
+    }
+}
+
+TEST_CASE("the panel shows both screens while they move, fade and zoom")
+{
+    two_screens();
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME / 2);
+    CHECK(screen_pixel(5, 30) == 0xFF0000);
+    CHECK(screen_pixel(W - 5, 30) == 0x0000FF);
+    screen_step(TIME);
+
+    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_OUT_BOTTOM, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME / 2);
+    CHECK(screen_pixel(50, 3) == 0xFF0000);
+    CHECK(screen_pixel(50, H - 3) == 0x0000FF);
+    screen_step(TIME);
+
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_ON, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME / 2);
+    const u32 mixed = screen_pixel(50, 30);
+    CHECK((mixed >> 16) > 0x40);
+    CHECK((mixed & 0xFF) > 0x40);
+    screen_step(TIME);
+
+    // The finger was last at the left, so the new screen grows from there.
+    screen_click(10, 30);
+    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_IN_ZOOM, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME / 2);
+    CHECK(screen_pixel(10, 30) == 0xFF0000);
+    CHECK(screen_pixel(W - 5, 30) == 0x0000FF);
+    screen_step(TIME);
+
+    // What disappears at once leaves the panel's black.
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_IN_ZOOM_WITH_BG, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME / 2);
+    CHECK(screen_pixel(10, 30) == 0x0000FF);
+    CHECK(screen_pixel(W - 5, 30) == 0x000000);
+}
+
+TEST_CASE("time and delay count: at once, after the delay, and along the path")
+{
+    two_screens();
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 0, 0, lv_anim_path_linear);
+    CHECK(lv_scr_act() == blue);
+    CHECK(events == "red unload blue load blue loaded red unloaded ");
+
+    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_FADE_IN, TIME, 100, lv_anim_path_linear);
+    screen_step(80);
+    CHECK(lv_scr_act() == blue);
+    CHECK(screen_pixel(50, 30) == 0x0000FF);
+    screen_step(60);
+    CHECK(lv_scr_act() == red);
+    screen_step(TIME + 50);
+
+    zof_scr_load_anim(blue, 99, 0, 100, lv_anim_path_linear);
+    CHECK(lv_scr_act() == red);
+    screen_step(150);
+    CHECK(lv_scr_act() == blue);
+    CHECK(lv_disp_get_scr_prev(nullptr) == nullptr);
+
+    // The end is on the path for all of them, the way is not.
+    for (u32 path = 1; path < ZOF_ANIM_PATH_COUNT; path++) {
+        lv_obj_t *to = path % 2 ? red : blue;
+        zof_scr_load_anim(to, ZOF_SCR_LOAD_ANIM_OVER_LEFT, TIME, 0, zof_anim_path_get(path));
+        screen_step(TIME / 2);
+        if (path == ZOF_ANIM_PATH_END_BREAK) {
+            CHECK(lv_obj_get_x(to) == W);
+        }
+        if (path == ZOF_ANIM_PATH_START_SLOW) {
+            CHECK(lv_obj_get_x(to) > W / 2 + 5);
+        }
+        if (path == ZOF_ANIM_PATH_END_SLOW) {
+            CHECK(lv_obj_get_x(to) < W / 2 - 5);
+        }
+        screen_step(TIME);
+        CHECK(lv_obj_get_x(to) == 0);
+        CHECK(lv_scr_act() == to);
+    }
+    CHECK(!zof_anim_path_get(ZOF_ANIM_PATH_NONE));
+    CHECK(!zof_anim_path_get(ZOF_ANIM_PATH_COUNT));
+    CHECK(!zof_anim_path_get(0xFFFFFFFF));
+}
+
+TEST_CASE("paths that overshoot stay within what opacity and zoom can be")
+{
+    two_screens();
+    for (u32 transition : {ZOF_SCR_LOAD_ANIM_FADE_ON, ZOF_SCR_LOAD_ANIM_FADE_OUT, ZOF_SCR_LOAD_ANIM_IN_ZOOM,
+                           ZOF_SCR_LOAD_ANIM_OUT_ZOOM}) {
+        lv_obj_t *to = lv_scr_act() == red ? blue : red;
+        zof_scr_load_anim(to, transition, TIME, 0, lv_anim_path_overshoot);
+        for (u32 t = 0; t < TIME; t += SCREEN_STEP_MS) {
+            screen_step(SCREEN_STEP_MS);
+            for (lv_obj_t *scr : {red, blue}) {
+                CHECK(zoom(scr) >= 1);
+                CHECK(zoom(scr) <= 400);
+            }
+        }
+        screen_step(50);
+    }
+}
+
+// Each begins with the red screen shown and ends on the way to the green one.
+static void by_another(lv_obj_t *green)
+{
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME / 2);
+    zof_scr_load_anim(green, ZOF_SCR_LOAD_ANIM_OUT_ZOOM, TIME, 0, lv_anim_path_linear);
+    CHECK(events == "red unload blue load blue loaded red unloaded blue unload ");
+}
+
+static void by_one_that_is_there_at_once(lv_obj_t *green)
+{
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_IN, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME / 2);
+    zof_scr_load_anim(green, 0, 0, 0, lv_anim_path_linear);
+}
+
+static void during_its_delay(lv_obj_t *green)
+{
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_IN, TIME, 500, lv_anim_path_linear);
+    screen_step(50);
+    zof_scr_load_anim(green, 0, 0, 0, lv_anim_path_linear);
+    CHECK(events == "red unload red unload blue load blue loaded red unloaded blue unload blue unloaded ");
+}
+
+static void by_lvgl(lv_obj_t *green)
+{
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_TOP, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME / 2);
+    lv_disp_load_scr(green);
+}
+
+static void by_lvgl_during_its_delay(lv_obj_t *green)
+{
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_TOP, TIME, 500, lv_anim_path_linear);
+    screen_step(50);
+    lv_disp_load_scr(green);
+}
+
+static void by_the_way_back(lv_obj_t *green)
+{
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_OUT, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME / 2);
+    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_FADE_OUT, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME + 50);
+    CHECK(lv_scr_act() == red);
+    zof_scr_load_anim(green, 0, 0, 0, lv_anim_path_linear);
+}
+
+TEST_CASE("an interrupted transition ends first, and the panel takes presses again")
+{
+    two_screens();
+    lv_obj_t *green = make_screen(0x00FF00);
+    static s32 presses;
+    lv_obj_add_event_cb(green, [](lv_event_t *) { presses++; }, LV_EVENT_PRESSED, nullptr);
+    for (auto *interrupt : {by_another, by_one_that_is_there_at_once, during_its_delay, by_lvgl,
+                            by_lvgl_during_its_delay, by_the_way_back}) {
+        zof_scr_load_anim(red, 0, 0, 0, lv_anim_path_linear);
+        screen_step(50);
+        events.clear();
+        presses = 0;
+        interrupt(green);
+        screen_step(2 * TIME);
+        CHECK(lv_scr_act() == green);
+        CHECK(lv_disp_get_scr_prev(nullptr) == nullptr);
+        CHECK(screen_pixel(50, 30) == 0x00FF00);
+        for (lv_obj_t *scr : {red, blue, green}) {
+            CHECK(opa(scr) == 255);
+            CHECK(zoom(scr) == 256);
+        }
+        screen_click(50, 30);
+        CHECK(presses == 1);
+    }
+}
+
+TEST_CASE("a screen keeps its own opacity, and what cannot be loaded changes nothing")
+{
+    two_screens();
+    lv_obj_set_style_opa(blue, 128, 0);
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_ON, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME + 50);
+    CHECK(opa(blue) == 128);
+
+    events.clear();
+    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, lv_anim_path_linear); // shown already
+    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, nullptr);
+    zof_scr_load_anim(nullptr, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, lv_anim_path_linear);
+    screen_step(TIME);
+    CHECK(lv_scr_act() == blue);
+    CHECK(events.empty());
+}
