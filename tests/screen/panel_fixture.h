@@ -1,0 +1,89 @@
+// The bench panel for tests: its real project folder, a line that keeps what is sent, and frames as the board sends them.
+#ifndef PANEL_FIXTURE_H
+#define PANEL_FIXTURE_H
+
+#include <unistd.h>
+
+#include "bench_ids.h"
+#include "frames.h"
+#include "hardware/uart/zof_hw_uart.h"
+#include "screen_fixture.h"
+#include "zof_main.h"
+
+inline std::vector<std::pair<u16, u16>> panel_sent; // registers that the panel has reported, in order
+
+inline s32 panel_send(zof_drv_t *, const u8 *data, u32 size) {
+    frame_report_words(bytes(data, data + size), [](u16 addr, u16 value) { panel_sent.emplace_back(addr, value); });
+    return (s32)size;
+}
+
+// Brings the panel up as its program does, but on the test's clock and with a line of its own.
+inline void panel_open() {
+    static const zof_clock_t clock = {[] { return screen_now; }, [](u32 ms) { screen_now += ms; }};
+    static const zof_drv_uart_ops_t ops = {.send = panel_send};
+    static int context;
+    static zof_drv_t handle = {.type = ZOF_DRV_UART, .port = 6, .context = &context};
+    zof_clock_set(&clock);
+    setenv("SDL_VIDEODRIVER", "offscreen", 0);
+    REQUIRE(chdir(ZOF_PANEL_DIR) == 0);
+    lv_init();
+    zof_drv_init();
+    zof_func_pwon();
+    zof_lang_on_change(panel_lang_changed);
+    zof_prj_create(zof_views_fun, ZOF_VIEW_COUNT);
+    drv_uart_t = &ops;
+    drv_uart = &handle;
+    screen_step(50);
+    panel_sent.clear();
+}
+
+// The board writes registers, one frame each call.
+inline void board_write(u16 addr, const std::vector<u16> &words) {
+    bytes f = frame_write(addr, words);
+    recive_data_handle(f.data(), (u32)f.size());
+}
+
+inline void board_readings(u16 mv, u16 ma, u16 dw, u32 mwh) {
+    board_write(REG_LIVE_MV, {mv});
+    board_write(REG_LIVE_MA, {ma});
+    board_write(REG_LIVE_DW, {dw});
+    board_write(REG_SESS_MWH_LO, {(u16)mwh});
+    board_write(REG_SESS_MWH_HI, {(u16)(mwh >> 16)});
+}
+
+inline void board_rails(const std::vector<prof_t> &rails, u16 in_force = RAIL_NONE) {
+    std::vector<u16> words;
+    for (const prof_t &r : rails) {
+        words.insert(words.end(), {r.type, r.vmin, r.vmax, r.imax});
+    }
+    board_write(REG_RAIL_BASE, words);
+    board_write(REG_RAIL_COUNT, {(u16)rails.size()});
+    board_write(REG_RAIL_ACTIVE, {in_force});
+    board_write(REG_RAIL_COMMIT, {1});
+    screen_step(20);
+}
+
+inline std::vector<prof_t> thirteen_rails() {
+    return {{0, 5000, 5000, 5000},   {0, 9000, 9000, 5000},   {0, 12000, 12000, 5000}, {0, 15000, 15000, 5000}, {0, 20000, 20000, 5000},
+            {1, 3300, 11000, 5000},  {1, 3300, 16000, 5000},  {1, 3300, 21000, 5000},  {3, 28000, 28000, 5000}, {3, 36000, 36000, 5000},
+            {3, 48000, 48000, 5000}, {2, 9000, 20000, 3250},  {2, 15000, 28000, 5000}};
+}
+
+inline std::string text_of(u32 view, u32 ctrl) {
+    para_t *c = zof_ctrl_get_form_id(view, ctrl);
+    return c && c->obj ? lv_label_get_text(c->obj) : "(no label)";
+}
+
+inline bool is_shown(u32 view, u32 ctrl) {
+    return zof_ctrl_get_hidden(zof_ctrl_get_form_id(view, ctrl)) == 0;
+}
+
+inline void go_to(u32 view) {
+    zof_view_set_dis_view(view);
+    screen_step(50);
+    panel_sent.clear();
+}
+
+using reports = std::vector<std::pair<u16, u16>>;
+
+#endif
