@@ -123,11 +123,11 @@ inline u32 screen_pixel(s32 x, s32 y)
 inline bool screen_png_read(const std::string &path, screen_picture *out)
 {
     std::ifstream in(path, std::ios::binary);
-    const std::vector<char> bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    const std::vector<char> raw{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     unsigned char *rgb = nullptr;
     unsigned w = 0;
     unsigned h = 0;
-    if (bytes.empty() || lodepng_decode24(&rgb, &w, &h, (const unsigned char *)bytes.data(), bytes.size()) != 0) {
+    if (raw.empty() || lodepng_decode24(&rgb, &w, &h, (const unsigned char *)raw.data(), raw.size()) != 0) {
         return false;
     }
     *out = {(s32)w, (s32)h, {}};

@@ -8,6 +8,7 @@
 #include "serial_pty.h"
 
 #include <asm/termbits.h>
+#include <sys/ioctl.h>
 
 // What the callback has been given, message by message.
 static struct {
