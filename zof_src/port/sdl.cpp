@@ -76,6 +76,16 @@ static bool video_start()
     return false;
 }
 
+// SDL would hand our finished picture to OpenGL, which without a graphics card costs more than drawing it did. Other
+// drivers than these have no other way to show it.
+static void plain_framebuffer()
+{
+    const char *driver = SDL_GetCurrentVideoDriver();
+    if (memory_driver(driver) || (driver && strcmp(driver, "x11") == 0)) {
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    }
+}
+
 static void zoom_choose()
 {
     s32 w = 0;
@@ -139,6 +149,7 @@ void sdl_init(void)
     const bool video = video_start();
     if (video) {
         SDL_SetEventFilter(quit_filter, nullptr);
+        plain_framebuffer();
         zoom_choose();
     }
     if (!video || !window_open()) {
