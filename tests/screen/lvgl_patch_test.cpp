@@ -1,0 +1,351 @@
+// What LVGL does here beyond its published interface: one case for each patch of third_party/lvgl/patches.
+#include <cmath>
+
+#include "screen_fixture.h"
+#include "temp_project.h"
+
+extern "C" {
+#include "src/misc/lv_gc.h"
+}
+
+static lv_obj_t *plain(lv_obj_t *parent, s32 w, s32 h, u32 color)
+{
+    lv_obj_t *obj = lv_obj_create(parent);
+    lv_obj_remove_style_all(obj);
+    lv_obj_set_size(obj, w, h);
+    lv_obj_set_style_bg_color(obj, lv_color_hex(color), 0);
+    lv_obj_set_style_bg_opa(obj, LV_OPA_COVER, 0);
+    return obj;
+}
+
+static void *first_word(lv_obj_t *obj)
+{
+    return *(void **)obj;
+}
+
+TEST_CASE("an object's first word is its own address, written when its initialisation is over")
+{
+    screen_open(100, 100);
+    static void *early = &early;
+    lv_obj_add_event_cb(
+        lv_scr_act(), [](lv_event_t *e) { early = first_word((lv_obj_t *)lv_event_get_param(e)); },
+        LV_EVENT_CHILD_CREATED, nullptr);
+    lv_obj_t *btn = lv_btn_create(lv_scr_act());
+    CHECK(early == nullptr);
+    CHECK(first_word(btn) == btn);
+    lv_obj_t *label = lv_label_create(btn);
+    CHECK(first_word(label) == label);
+    CHECK(first_word(lv_scr_act()) == lv_scr_act());
+}
+
+static std::string scroll_events;
+static bool param_is_indev;
+
+static void scroll_note(lv_event_t *e)
+{
+    const u32 code = lv_event_get_code(e);
+    if (code == LV_EVENT_SCROLL_END || (code >= 46 && code <= 48)) {
+        scroll_events += std::to_string(code) + " ";
+        param_is_indev = lv_event_get_param(e) == touch_indev;
+    }
+}
+
+// A page of 100 x 100 with ten times as much below.
+static lv_obj_t *scrolled()
+{
+    lv_obj_t *page = plain(lv_scr_act(), 100, 100, 0x202020);
+    plain(page, 50, 1000, 0x404040);
+    lv_obj_add_event_cb(page, scroll_note, LV_EVENT_ALL, nullptr);
+    screen_step(50);
+    return page;
+}
+
+TEST_CASE("the end of a scroll says what ended, directly after SCROLL_END")
+{
+    screen_open(100, 100);
+    lv_obj_t *page = scrolled();
+    lv_obj_scroll_to_y(page, 30, LV_ANIM_OFF);
+    CHECK(scroll_events == "10 48 ");
+    scroll_events.clear();
+    lv_obj_scroll_to_y(page, 200, LV_ANIM_ON);
+    CHECK(scroll_events == "");
+    screen_step(2000);
+    CHECK(scroll_events == "10 47 ");
+    scroll_events.clear();
+    screen_drag(20, 80, 20, 20, 6);
+    screen_step(3000);
+    REQUIRE(scroll_events.size() >= 6);
+    CHECK(scroll_events.substr(scroll_events.size() - 6) == "10 46 ");
+    CHECK(param_is_indev);
+
+    // Whoever hears the end may delete what scrolled.
+    lv_obj_add_event_cb(page, [](lv_event_t *e) { lv_obj_del(lv_event_get_target(e)); }, LV_EVENT_SCROLL_END, nullptr);
+    screen_drag(20, 80, 20, 20, 6);
+    screen_step(3000);
+    CHECK(lv_obj_get_child_cnt(lv_scr_act()) == 0);
+}
+
+static s32 throw_distance(lv_obj_t *page, float momentum)
+{
+    kvy_lv_set_scroll_momentum(momentum);
+    lv_obj_scroll_to_y(page, 0, LV_ANIM_OFF);
+    screen_drag(20, 90, 20, 50, 4);
+    const s32 released = lv_obj_get_scroll_y(page);
+    screen_step(4000);
+    return lv_obj_get_scroll_y(page) - released;
+}
+
+TEST_CASE("the factor of a scroll throw decides how far it goes")
+{
+    screen_open(100, 100);
+    lv_obj_t *page = scrolled();
+    const s32 none = throw_distance(page, 0.0f);
+    const s32 stock = throw_distance(page, 0.5f);
+    const s32 more = throw_distance(page, 0.8f);
+    CHECK(none == 0);
+    CHECK(stock > 0);
+    CHECK(more > 2 * stock);
+    throw_distance(page, 1e30f);
+    throw_distance(page, NAN);
+    CHECK(lv_obj_get_scroll_y(page) <= 900);
+}
+
+static std::string read_by_lvgl(const std::string &path)
+{
+    lv_fs_file_t f;
+    char text[32] = {};
+    u32 got = 0;
+    if (lv_fs_open(&f, path.c_str(), LV_FS_MODE_RD) != LV_FS_RES_OK) {
+        return "-";
+    }
+    lv_fs_read(&f, text, sizeof(text) - 1, &got);
+    lv_fs_close(&f);
+    return text;
+}
+
+TEST_CASE("LVGL opens plain paths and project drives alike, long ones whole")
+{
+    temp_project_t project;
+    screen_open(10, 10);
+    REQUIRE(project.open());
+    project.write("image/a.txt", "plain");
+    project.write("../disk/D/b.txt", "drive");
+    CHECK(read_by_lvgl(project.path("image/a.txt")) == "plain");
+    CHECK(read_by_lvgl("D:b.txt") == "drive");
+    CHECK(read_by_lvgl("S:/b.txt") == "-");
+    CHECK(read_by_lvgl("no/such") == "-");
+    lv_fs_file_t f;
+    CHECK(lv_fs_open(&f, nullptr, LV_FS_MODE_RD) != LV_FS_RES_OK);
+
+    const std::string deep = "image/" + std::string(120, 'd') + "/" + std::string(120, 'e') + "/";
+    project.write(deep + "f", "cut");
+    project.write(deep + "file.txt", "whole");
+    CHECK(read_by_lvgl(project.path(deep + "file.txt")) == "whole");
+
+    lv_fs_dir_t dir;
+    REQUIRE(lv_fs_dir_open(&dir, "D:") == LV_FS_RES_OK);
+    char name[256] = {};
+    bool found = false;
+    while (lv_fs_dir_read(&dir, name) == LV_FS_RES_OK && name[0]) {
+        found = found || std::string(name) == "b.txt";
+    }
+    lv_fs_dir_close(&dir);
+    CHECK(found);
+}
+
+TEST_CASE("the background layer is drawn first, seen through, and searched last")
+{
+    screen_open(100, 60);
+    lv_disp_t *disp = lv_disp_get_default();
+    lv_obj_t *bg = lv_disp_get_layer_bg(nullptr);
+    REQUIRE(bg);
+    CHECK(!lv_obj_has_flag(bg, LV_OBJ_FLAG_CLICKABLE));
+    CHECK(lv_obj_get_scrollbar_mode(bg) == LV_SCROLLBAR_MODE_OFF);
+    lv_obj_t *scr = lv_scr_act();
+    lv_obj_remove_style_all(scr);
+    CHECK(screen_pixel(5, 5) == 0x000000); // nothing covers the panel
+    lv_obj_t *back = plain(bg, 60, 60, 0x00FF00);
+    CHECK(screen_pixel(5, 5) == 0x00FF00);
+    CHECK(screen_pixel(80, 5) == 0x000000);
+    lv_obj_t *half = plain(scr, 30, 60, 0xFF0000);
+    lv_obj_set_style_bg_opa(half, LV_OPA_50, 0);
+    const u32 mixed = screen_pixel(5, 5);
+    CHECK((mixed >> 16) == doctest::Approx(0x80).epsilon(0.02));
+    CHECK((mixed >> 8 & 0xFF) == doctest::Approx(0x7F).epsilon(0.02));
+    CHECK(screen_pixel(40, 5) == 0x00FF00);
+    lv_obj_set_style_bg_color(back, lv_color_hex(0x0000FF), 0); // a change behind the screen is seen
+    CHECK(screen_pixel(40, 5) == 0x0000FF);
+    lv_obj_set_style_bg_opa(scr, LV_OPA_COVER, 0);
+    lv_obj_set_style_bg_color(scr, lv_color_hex(0xABCDEF), 0);
+    CHECK(screen_pixel(40, 5) == 0xABCDEF);
+
+    static std::string pressed;
+    auto note = [](lv_event_t *e) { pressed += (const char *)lv_event_get_user_data(e); };
+    lv_obj_add_event_cb(back, note, LV_EVENT_PRESSED, (void *)"back ");
+    lv_obj_add_event_cb(scr, note, LV_EVENT_PRESSED, (void *)"screen ");
+    screen_click(40, 30);
+    lv_obj_clear_flag(scr, LV_OBJ_FLAG_CLICKABLE);
+    screen_click(40, 30);
+    CHECK(pressed == "screen back ");
+
+    disp->driver->hor_res = 50;
+    lv_disp_drv_update(disp, disp->driver);
+    CHECK(lv_obj_get_width(bg) == 50);
+    lv_disp_set_rotation(disp, LV_DISP_ROT_90);
+    CHECK(lv_obj_get_width(bg) == 60);
+    CHECK(lv_obj_get_height(bg) == 50);
+}
+
+// 4 x 2 pixels, each of its own colour.
+static const lv_color_t picture_pixels[] = {
+    LV_COLOR_MAKE(255, 0, 0),   LV_COLOR_MAKE(0, 255, 0),   LV_COLOR_MAKE(0, 0, 255),   LV_COLOR_MAKE(255, 255, 0),
+    LV_COLOR_MAKE(0, 255, 255), LV_COLOR_MAKE(255, 0, 255), LV_COLOR_MAKE(128, 0, 0), LV_COLOR_MAKE(0, 128, 0)};
+
+static const lv_img_dsc_t *picture()
+{
+    static lv_img_dsc_t dsc;
+    dsc.header.cf = LV_IMG_CF_TRUE_COLOR;
+    dsc.header.w = 4;
+    dsc.header.h = 2;
+    dsc.data_size = sizeof(picture_pixels);
+    dsc.data = (const u8 *)picture_pixels;
+    return &dsc;
+}
+
+static u32 picture_at(s32 x, s32 y)
+{
+    return lv_color_to32(picture_pixels[y * 4 + x]) & 0xFFFFFF;
+}
+
+// The picture once at (x0, y0), the screen's colour everywhere else.
+static bool drawn_once(s32 x0, s32 y0)
+{
+    const screen_picture p = screen_shot();
+    for (s32 y = 0; y < p.height; y++) {
+        for (s32 x = 0; x < p.width; x++) {
+            const bool in = x >= x0 && x < x0 + 4 && y >= y0 && y < y0 + 2;
+            const u32 want = in ? picture_at(x - x0, y - y0) : 0x101010;
+            if (p.at(x, y) != want) {
+                MESSAGE("pixel " << x << ", " << y << " is " << p.at(x, y) << ", wanted " << want);
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+TEST_CASE("an image is drawn once in the middle of its object, or repeated over it")
+{
+    screen_open(40, 30);
+    lv_obj_set_style_bg_color(lv_scr_act(), lv_color_hex(0x101010), 0);
+    lv_obj_t *img = lv_img_create(lv_scr_act());
+    CHECK(((lv_img_t *)img)->flatten == 0);
+    lv_img_set_src(img, picture());
+    for (s32 w : {4, 5, 12, 13, 17}) {
+        for (s32 h : {2, 3, 9, 10}) {
+            CAPTURE(w);
+            CAPTURE(h);
+            lv_obj_set_pos(img, 3, 5);
+            lv_obj_set_size(img, w, h);
+            KVY_img_set_center(img);
+            CHECK(drawn_once(3 + (w - 4) / 2, 5 + (h - 2) / 2));
+        }
+    }
+    lv_obj_set_size(img, 10, 6);
+    lv_img_set_offset_x(img, 0);
+    lv_img_set_offset_y(img, 0);
+    kvy_img_set_flatten(img, 1);
+    CHECK(screen_pixel(3, 5) == picture_at(0, 0));
+    CHECK(screen_pixel(3 + 9, 5 + 5) == picture_at(1, 1));
+    kvy_img_set_flatten(img, 0);
+    CHECK(screen_pixel(3, 5) == 0x101010); // what lies behind is drawn again
+
+    // Larger than its object: the middle of the picture, cut.
+    lv_obj_set_size(img, 2, 2);
+    KVY_img_set_center(img);
+    CHECK(lv_img_get_offset_x(img) == -1);
+    CHECK(screen_pixel(3, 5) == picture_at(1, 0));
+    CHECK(screen_pixel(5, 5) == 0x101010);
+
+    // Turned by half a turn about its middle it stays there.
+    lv_obj_set_size(img, 12, 10);
+    KVY_img_set_center(img);
+    lv_img_set_pivot(img, 2, 1);
+    lv_img_set_angle(img, 1800);
+    lv_img_set_antialias(img, false);
+    const screen_picture turned = screen_shot();
+    s32 seen = 0;
+    for (u32 pixel : turned.pixels) {
+        seen += pixel != 0x101010;
+    }
+    CHECK(seen >= 6);
+    CHECK(seen <= 8);
+
+    lv_obj_t *broken = lv_img_create(lv_scr_act());
+    lv_img_set_src(broken, "no/such.png");
+    KVY_img_set_center(broken);
+    KVY_img_set_center(lv_img_create(lv_scr_act()));
+}
+
+TEST_CASE("a cached image lives as long as the limit lets it")
+{
+    screen_open(40, 30);
+    CHECK(img_cache_max_life == 200);
+    kvy_lv_img_cache_max_life_set(5000);
+    CHECK(img_cache_max_life == 1000);
+    kvy_lv_img_cache_max_life_set(-3);
+    CHECK(img_cache_max_life == 0);
+    kvy_lv_img_cache_max_life_set(200);
+    CHECK(lv_get_img_cache_free() == -1);
+
+    lv_obj_t *img = lv_img_create(lv_scr_act());
+    lv_img_set_src(img, picture());
+    screen_shot();
+    _lv_img_cache_entry_t *cache = LV_GC_ROOT(_lv_img_cache_array);
+    _lv_img_cache_entry_t *entry = nullptr;
+    for (s32 i = 0; i < LV_IMG_CACHE_DEF_SIZE; i++) {
+        entry = cache[i].dec_dsc.src == picture() ? &cache[i] : entry;
+    }
+    REQUIRE(entry);
+    entry->dec_dsc.time_to_open = 150;
+    lv_obj_invalidate(img);
+    screen_shot();
+    CHECK(entry->life == 149); // one less with each image that is asked for, then what opening it took
+    lv_obj_invalidate(img);
+    screen_shot();
+    CHECK(entry->life == 200);
+}
+
+static s32 band_height(lv_obj_t *roller)
+{
+    lv_obj_invalidate(roller);
+    const screen_picture p = screen_shot();
+    s32 rows = 0;
+    for (s32 y = 0; y < p.height; y++) {
+        rows += p.at(2, y) == 0x00FF00;
+    }
+    return rows;
+}
+
+TEST_CASE("the selected band of a roller grows above and below")
+{
+    screen_open(100, 160);
+    lv_obj_t *roller = lv_roller_create(lv_scr_act());
+    lv_obj_set_style_radius(roller, 0, 0);
+    lv_obj_set_style_border_width(roller, 0, 0);
+    lv_obj_set_style_bg_color(roller, lv_color_hex(0x00FF00), LV_PART_SELECTED);
+    lv_obj_set_style_bg_opa(roller, LV_OPA_COVER, LV_PART_SELECTED);
+    lv_obj_set_size(roller, 100, 150);
+    auto *r = (lv_roller_t *)roller;
+    CHECK(r->ext_sel_width == 0);
+    const s32 stock = band_height(roller);
+    CHECK(stock > 10);
+    r->ext_sel_width = 7;
+    CHECK(band_height(roller) == stock + 14);
+    r->ext_sel_width = -4;
+    CHECK(band_height(roller) == stock - 8);
+    for (s32 absurd : {INT32_MAX, INT32_MIN}) {
+        r->ext_sel_width = absurd;
+        band_height(roller);
+    }
+}
