@@ -35,14 +35,21 @@ s32 zof_img_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_ctrl_pub_attr(record, &img->pub_t);
     shown_set(obj, img);
     lv_img_set_pivot(obj, img->rotate_pt.x, img->rotate_pt.y);
-    lv_img_set_angle(obj, img->init_angel);
+    zof_img_set_rotate_angel(obj, img->init_angel);
     return 0;
 }
 
 s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name) {
     return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) {
         const char *path = zof_res_path_check(zof_lang_get_cur_str(name), "image/");
-        lv_img_set_src(obj, zof_img_get_src_type(path) == 1 ? path : nullptr);
+        bool is_file = zof_img_get_src_type(path) == 1;
+        lv_img_set_src(obj, is_file ? path : nullptr);
+        if (is_file)
+            return;
+        // Of no image LVGL keeps the former size, and paints "No data" there.
+        ((lv_img_t *)obj)->w = 0;
+        ((lv_img_t *)obj)->h = 0;
+        lv_obj_refresh_self_size(obj);
     });
 }
 
@@ -69,7 +76,8 @@ s32 zof_img_recolor(zof_ctrl_t *ctrl, zof_color_t color, u8 opa) {
 }
 
 s32 zof_img_set_rotate_angel(zof_ctrl_t *ctrl, s32 angle) {
-    return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) { lv_img_set_angle(obj, (s16)(angle % 3600)); });
+    return zof_on(ctrl, &lv_img_class,
+                  [=](lv_obj_t *obj) { lv_img_set_angle(obj, (s16)((angle % 3600 + 3600) % 3600)); });
 }
 
 s32 zof_img_zoom_setting(zof_ctrl_t *ctrl, u32 zoom) {

@@ -47,10 +47,23 @@ s32 zof_spinbox_step_prev(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, &lv_spinbox_class, lv_spinbox_step_prev);
 }
 
+// LVGL adds in 32 bits: past their end the box goes to its own end.
+static s32 step_by(zof_ctrl_t *ctrl, s32 sign) {
+    return zof_on(ctrl, &lv_spinbox_class, [=](lv_obj_t *obj) {
+        s64 next = (s64)lv_spinbox_get_value(obj) + (s64)sign * lv_spinbox_get_step(obj);
+        if (next > INT32_MAX || next < INT32_MIN)
+            lv_spinbox_set_value(obj, sign > 0 ? INT32_MAX : INT32_MIN);
+        else if (sign > 0)
+            lv_spinbox_increment(obj);
+        else
+            lv_spinbox_decrement(obj);
+    });
+}
+
 s32 zof_spinbox_increment(zof_ctrl_t *ctrl) {
-    return zof_on(ctrl, &lv_spinbox_class, lv_spinbox_increment);
+    return step_by(ctrl, 1);
 }
 
 s32 zof_spinbox_decrement(zof_ctrl_t *ctrl) {
-    return zof_on(ctrl, &lv_spinbox_class, lv_spinbox_decrement);
+    return step_by(ctrl, -1);
 }

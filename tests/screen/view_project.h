@@ -1,0 +1,102 @@
+// A project of a few views in a temporary folder, and a program for it that writes down what is called.
+//
+//     view_project_t project;
+//     project.view(1, {ctrl(ZOF_CTRL_LABEL, 5, R"("txt": "hello")")});
+//     project.open(320, 240);
+//     zof_view_set_dis_view(1);
+#ifndef VIEW_PROJECT_H
+#define VIEW_PROJECT_H
+
+#include <string>
+#include <vector>
+
+#include "screen_fixture.h"
+#include "temp_project.h"
+#include "zof_test.h"
+
+inline std::string calls;  // " init1 entry1 exit1"
+inline std::string events; // " 5:1 5:8": control and event, without the stream of "still pressing"
+
+inline void on_event(zof_ctrl_t *ctrl, zof_event_e event) {
+    if (event != ZOF_EVENT_PRESSING) {
+        events += " " + std::to_string(zof_ctrl_get_id_form_ctrl(ctrl)) + ":" + std::to_string(event);
+    }
+}
+
+// What has been written down since the last look.
+inline std::string taken(std::string &text) {
+    std::string out = text;
+    text.clear();
+    return out;
+}
+
+inline std::vector<zof_ctrl_fun_t> ctrl_funs; // of all views of the test
+
+template <u32 ID> zof_view_fun_t view_row() {
+    static const std::string name = std::to_string(ID);
+    return {ID,
+            [] {
+                calls += " init" + name;
+                zof_view_create(ID, ctrl_funs.data(), (u32)ctrl_funs.size());
+            },
+            [] { calls += " entry" + name; }, [] { calls += " exit" + name; }};
+}
+
+// One entry of a view's controls. Keys given in `own` (the type's) and `pub` (the common ones) come before the
+// defaults.
+inline std::string ctrl(u32 type, u32 id, const std::string &own = "", const std::string &pub = "",
+                        const std::string &styles = "") {
+    const std::string number = std::to_string(id);
+    return R"({"type": )" + std::to_string(type) + R"(, "theme": "youth", "property": {"pub_t": {)" + pub +
+           (pub.empty() ? "" : ", ") + R"("name": "c)" + number + R"(", "id": )" + number +
+           R"(, "pt": {"x": 0, "y": 0}, "size": {"width": 100, "height": 40}, "t_mode": 1, "alpha": 255})" +
+           (own.empty() ? "" : ", ") + own + R"(, "styles": [)" + styles + "]}}";
+}
+
+inline std::string box(s32 x, s32 y, s32 width, s32 height) {
+    return R"("pt": {"x": )" + std::to_string(x) + R"(, "y": )" + std::to_string(y) + R"(}, "size": {"width": )" +
+           std::to_string(width) + R"(, "height": )" + std::to_string(height) + "}";
+}
+
+// A style of the main part in its normal state that only fills.
+inline std::string filled(u32 color) {
+    return R"({"style_part": 0, "style_state": 0, "style_sect": 0, "body_t": {"opa": 255, "main_color": )" +
+           std::to_string(color) + "}}";
+}
+
+struct view_project_t : temp_project_t {
+    std::string pages;
+    std::string more = R"(, "start_page": 0)"; // keys of the project file
+
+    void view(u32 id, const std::vector<std::string> &controls, const std::string &keys = "") {
+        const std::string number = std::to_string(id);
+        std::string list;
+        for (const std::string &control : controls) {
+            list += (list.empty() ? "" : ",\n") + control;
+        }
+        write("config/view/v" + number + ".g", R"({"view": {"v_id": )" + number + (keys.empty() ? "" : ", ") + keys +
+                                                   R"(}, "controls": [)" + list + "]}");
+        pages += (pages.empty() ? "" : ", ") + (R"({"pageId": )" + number) + R"(, "pageName": "v)" + number + R"(.g"})";
+    }
+
+    // Paints a picture of one colour.
+    void image(const std::string &name, s32 width, s32 height, u32 color) const {
+        screen_png_write(path("image/" + name),
+                         {width, height, std::vector<u32>((size_t)width * (size_t)height, color)});
+    }
+
+    // Opens window and project, shows no view yet.
+    zof_prj_t *open(s32 width, s32 height) {
+        write("config/project/zofprj.g", R"({"p_name": "t", "width": )" + std::to_string(width) + R"(, "height": )" +
+                                             std::to_string(height) + more + R"(, "views": [)" + pages + "]}");
+        zof_prj_t *prj = temp_project_t::open();
+        REQUIRE(prj);
+        screen_open(width, height);
+        static const zof_view_fun_t rows[] = {view_row<1>(), view_row<2>(), view_row<3>(),
+                                              view_row<4>(), view_row<5>(), view_row<6>()};
+        zof_prj_create(rows, 6);
+        return prj;
+    }
+};
+
+#endif

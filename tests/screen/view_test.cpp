@@ -1,0 +1,297 @@
+// Views: the order of the program's calls, what lives how long, and what each layer does.
+#include "view_project.h"
+
+static const char *on_view = R"("pub": true)";
+
+static para_t *at(u32 view, u32 id) {
+    para_t *record = zof_ctrl_get_form_id(view, id);
+    REQUIRE(record);
+    return record;
+}
+
+static bool there(u32 view, u32 id) {
+    const para_t *record = zof_ctrl_get_form_id(view, id);
+    return record && record->obj && record->is_created;
+}
+
+static s32 place(u32 view, u32 id) {
+    return (s32)lv_obj_get_index(at(view, id)->obj);
+}
+
+static std::string plain(u32 id) {
+    return ctrl(ZOF_CTRL_OBJ, id);
+}
+
+static std::string brief(u32 id, const std::string &more = "") {
+    return ctrl(ZOF_CTRL_OBJ, id, "", std::string(on_view) + more);
+}
+
+TEST_CASE("a switch leaves the old view, clears it, and builds and enters the new one") {
+    view_project_t project;
+    project.view(1, {plain(1), brief(2)});
+    project.view(2, {plain(1), brief(2), plain(3)});
+    project.open(320, 240);
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == -1);
+    CHECK(zof_view_set_dis_view(1) == 0);
+    CHECK(taken(calls) == " init1 entry1");
+    CHECK(lv_scr_act() == zof_view_list_get(1)->obj);
+    CHECK(zof_view_set_dis_view(1) == 0);
+    CHECK(taken(calls) == "");
+
+    CHECK(zof_view_load(2) == 0);
+    CHECK(taken(calls) == " init2");
+    CHECK_FALSE(there(2, 2));
+    CHECK(there(2, 3));
+    CHECK(zof_view_load(2) == 0);
+    CHECK(zof_view_load(1) == -1);
+    zof_ctrl_set_x(at(2, 1), 33);
+
+    CHECK(zof_view_set_dis_view(2) == 0);
+    CHECK(taken(calls) == " exit1 entry2");
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
+    CHECK_FALSE(there(1, 2));
+    CHECK(there(1, 1));
+    CHECK(there(2, 2));
+    CHECK(place(2, 1) == 0);
+    CHECK(place(2, 2) == 1); // made later, yet where the file has it
+    CHECK(place(2, 3) == 2);
+
+    CHECK(zof_view_set_dis_view(1) == 0);
+    CHECK(zof_view_set_dis_view(2) == 0);
+    CHECK(taken(calls) == " exit2 entry1 exit1 entry2");
+    zof_ctrl_update_location(at(2, 1));
+    CHECK(zof_ctrl_get_x(at(2, 1)) == 33); // what is not short-lived keeps its state
+    CHECK(zof_view_delete(2) == 0);
+    CHECK(zof_view_delete(2) == -1);
+}
+
+TEST_CASE("views that are not there are told, and change nothing") {
+    view_project_t project;
+    project.view(1, {plain(1)});
+    project.pages += R"(, {"pageId": 2, "pageName": "gone.g"}, {"pageId": 3, "pageName": "broken.g"})"
+                     R"(, {"pageId": 4, "pageName": "v1.g"}, {"pageId": 77, "pageName": "v77.g"})";
+    project.write("config/view/broken.g", "{\"view\": {\n\"v_id\" 3}}");
+    project.write("config/view/v77.g", R"({"view": {"v_id": 77}, "controls": []})");
+    project.more = R"(, "start_page": 9)";
+    std::string said = printed([&] { project.open(320, 240); });
+    CHECK(contains(said, "view 9: the project file names no such view"));
+    lv_obj_t *empty = lv_scr_act();
+    CHECK(taken(calls) == "");
+
+    struct {
+        u32 id;
+        const char *line;
+    } rows[] = {{2, "gone.g"}, {3, "broken.g:2:"}, {77, "no functions for v_id 77"}};
+    for (const auto &row : rows) {
+        CAPTURE(row.id);
+        CHECK(contains(printed([&] { CHECK(zof_view_load(row.id) == -1); }), row.line));
+        CHECK(contains(printed([&] { CHECK(zof_view_set_dis_view_anim(row.id, 0, 0, 0, 1) == -1); }), row.line));
+        printed([&] { CHECK(zof_view_set_dis_view(row.id) == 0); });
+        CHECK(contains(printed([&] { CHECK(zof_view_delete(row.id) == -1); }), "nothing to delete"));
+    }
+    CHECK(lv_scr_act() == empty);
+    CHECK(zof_view_load(0) == -1);
+    CHECK(zof_view_set_dis_view_anim(0, 0, 0, 0, 1) == -1);
+    CHECK(zof_view_attr_get(123) == nullptr);
+    CHECK(zof_view_name_get(123) == nullptr);
+    CHECK(zof_view_create(1, nullptr, 0) == -1);
+    CHECK(zof_view_set_bg(1, "a.png") == -1);
+    CHECK(zof_view_set_bgcolor(1, 0) == -1);
+    CHECK(zof_view_set_layer(1, 0) == -1);
+
+    printed([] { zof_view_set_dis_view(4); }); // a file whose own id is 1: view 1 is what it gives, once
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 1);
+    printed([] { zof_view_set_dis_view(4); });
+    CHECK(zof_prj_get_cur()->view_list->count == 1);
+    CHECK(zof_view_set_layer(1, 3) == 0);
+    CHECK(zof_view_create(1, nullptr, 0) == -1);
+}
+
+TEST_CASE("with a transition the short-lived controls go when the screen is unloaded") {
+    view_project_t project;
+    project.view(1, {brief(1)});
+    project.view(2, {brief(1)});
+    project.open(320, 240);
+    zof_view_set_dis_view(1);
+
+    zof_view_set_dis_view_anim(2, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 200, 0, ZOF_ANIM_PATH_LINEAR);
+    CHECK(there(1, 1));
+    screen_step(100);
+    CHECK(there(1, 1));
+    screen_step(200);
+    CHECK_FALSE(there(1, 1));
+    CHECK(there(2, 1));
+
+    zof_view_set_dis_view_anim(1, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 0, 0, ZOF_ANIM_PATH_LINEAR); // loads at once
+    CHECK_FALSE(there(2, 1));
+
+    // Back before the old screen was gone: it is wanted again, so it keeps its controls.
+    zof_view_set_dis_view_anim(2, ZOF_SCR_LOAD_ANIM_FADE_ON, 200, 0, ZOF_ANIM_PATH_LINEAR);
+    screen_step(50);
+    zof_view_set_dis_view_anim(1, ZOF_SCR_LOAD_ANIM_FADE_ON, 200, 0, ZOF_ANIM_PATH_LINEAR);
+    screen_step(500);
+    CHECK(there(1, 1));
+    CHECK_FALSE(there(2, 1));
+    CHECK(lv_scr_act() == zof_view_list_get(1)->obj);
+
+    taken(calls);
+    zof_view_set_dis_view_anim(2, 0, 0, 0, ZOF_ANIM_PATH_NONE); // entered, but the screen stays
+    CHECK(taken(calls) == " exit1 entry2");
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
+    CHECK(lv_scr_act() == zof_view_list_get(1)->obj);
+}
+
+TEST_CASE("a control that stays is parked while its short-lived parent is gone") {
+    view_project_t project;
+    project.view(1, {brief(1), ctrl(ZOF_CTRL_OBJ, 2, "", R"("parent_id": 1)"), plain(3)});
+    project.view(2, {});
+    project.open(320, 240);
+    zof_view_set_dis_view(1);
+    lv_obj_t *child = at(1, 2)->obj;
+    CHECK(lv_obj_get_parent(child) == at(1, 1)->obj);
+    for (int i = 0; i < 3; i++) {
+        zof_view_set_dis_view(2);
+        CHECK(lv_obj_get_parent(child) == zof_view_list_get(1)->obj);
+        CHECK_FALSE(there(1, 1));
+        zof_view_set_dis_view(1);
+        CHECK(at(1, 2)->obj == child);
+        CHECK(lv_obj_get_parent(child) == at(1, 1)->obj);
+        CHECK(at(1, 2)->parent == at(1, 1));
+        CHECK(place(1, 1) == 0);
+        CHECK(place(1, 3) == 1);
+    }
+}
+
+TEST_CASE("leaving and returning a hundred times keeps the memory flat") {
+    view_project_t project;
+    project.image("a.png", 10, 10, 0xFF0000);
+    std::vector<std::string> controls;
+    for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
+        if (zof_ctrl_classes[type].create && type != ZOF_CTRL_TILE) {
+            std::string own = R"("txt": "t", "minValue": 0, "maxValue": 9, "int_cnt": 3, "init_img": "a.png",
+                "img_rel": "a.png", "arc_main_img": "a.png", "count": 2, "unlimited_scroll": 1)";
+            controls.push_back(ctrl(type, 100 + type, own, on_view,
+                                    R"({"img_t": {"bg_img": "a.png"}, "txt_t": {"font_lib": "none.ttf"}})"));
+        }
+    }
+    project.view(1, controls, R"("bg_image": "a.png")");
+    project.view(2, {});
+    project.open(320, 240);
+    auto round = [] {
+        zof_view_set_dis_view(1);
+        screen_step(40);
+        zof_view_set_dis_view(2);
+        screen_step(40);
+    };
+    u32 used = 0;
+    printed([&] {
+        round();
+        round();
+        used = zof_mem_count() + zof_lv_mem_count();
+        for (int i = 0; i < 100; i++) {
+            round();
+        }
+    });
+    CHECK(zof_mem_count() + zof_lv_mem_count() == used);
+}
+
+TEST_CASE("a view above takes touches only if it is modal, and hiding it brings the display's own layer back") {
+    view_project_t project;
+    ctrl_funs = {{1, on_event}};
+    project.view(1, {ctrl(ZOF_CTRL_BTN, 1, "", box(0, 0, 320, 240))});
+    project.view(2, {ctrl(ZOF_CTRL_LABEL, 2, R"("txt": "x")", R"("t_mode": 0)")}, R"("layer": 1, "model_en": false)");
+    project.view(3, {}, R"("layer": 2, "model_en": true)");
+    project.open(320, 240);
+    lv_obj_t *top = lv_layer_top();
+    lv_obj_t *sys = lv_layer_sys();
+    CHECK(zof_view_hide_layer(ZOF_LAYER_STATE) == -1);
+    zof_view_set_dis_view(1);
+    zof_view_set_dis_view(2);
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 1);
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_STATE) == 2);
+    CHECK(lv_layer_top() == zof_view_list_get(2)->obj);
+    screen_click(200, 200);
+    CHECK(contains(taken(events), " 1:7"));
+
+    zof_view_set_dis_view(3);
+    CHECK(lv_layer_sys() == zof_view_list_get(3)->obj);
+    screen_click(200, 200);
+    CHECK_FALSE(contains(taken(events), " 1:7"));
+
+    taken(calls);
+    CHECK(zof_view_hide_layer(ZOF_LAYER_TOP) == 0);
+    CHECK(zof_view_hide_layer(ZOF_LAYER_STATE) == 0);
+    CHECK(zof_view_hide_layer(4) == -1);
+    CHECK(taken(calls) == "");
+    CHECK(lv_layer_top() == top);
+    CHECK(lv_layer_sys() == sys);
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_TOP) == -1);
+    CHECK(zof_view_get_cur_id(4) == -1);
+    screen_click(200, 200);
+    CHECK(contains(taken(events), " 1:7"));
+}
+
+TEST_CASE("a layer without screens keeps the short-lived controls of a view that leaves in time") {
+    view_project_t project;
+    project.view(1, {brief(1)}, R"("layer": 1)");
+    project.view(2, {}, R"("layer": 1)");
+    project.open(320, 240);
+    zof_view_set_dis_view(1);
+    zof_view_set_dis_view_anim(2, 0, 100, 0, 1);
+    screen_step(300);
+    CHECK(there(1, 1));
+    CHECK(zof_view_list_get(1)->del_on_unload == 1);
+    zof_view_set_dis_view(1);
+    zof_view_set_dis_view(2);
+    CHECK_FALSE(there(1, 1));
+}
+
+TEST_CASE("backgrounds show their colour, opacity and picture where they can") {
+    view_project_t project;
+    project.image("red.png", 20, 20, 0xFF0000);
+    project.view(1, {}, R"("bg_color": 65280, "bg_scale": 128, "bg_image": "red.png")");
+    project.view(2, {}, R"("layer": 3, "bg_color": 255)");
+    project.view(3, {}, R"("layer": 1, "bg_color": 16777215, "bg_scale": 0)");
+    project.open(320, 240);
+    zof_view_set_dis_view(1);
+    CHECK(screen_pixel(10, 10) == 0xFF0000);
+    CHECK(screen_pixel(100, 100) == 0x00FF00); // nothing behind it: opaque whatever the file says
+
+    zof_view_set_dis_view(2);
+    CHECK(screen_pixel(100, 100) == 0x00FF00);
+    zof_view_set_bg_opa(1, 128);
+    u32 mixed = screen_pixel(100, 100);
+    CHECK((mixed & 0xFF00) > 0x7000);
+    CHECK((mixed & 0xFF) > 0x70);
+    CHECK(zof_view_set_bgcolor(1, 0xFF102030) == 0);
+    CHECK(screen_pixel(100, 100) == 0x102030);
+
+    CHECK(zof_view_set_bg(1, zof_view_list_get(1)->attr->bg_image) == 0); // its own name
+    CHECK(screen_pixel(10, 10) == 0xFF0000);
+    zof_view_set_dis_view(3);
+    CHECK(zof_view_set_bg(3, "red.png") == 0);
+    CHECK(std::string(zof_view_list_get(3)->attr->bg_image) == "red.png");
+    CHECK(zof_view_list_get(3)->bg_obj == nullptr);
+    zof_view_set_bg(1, "missing.png");
+    CHECK(screen_pixel(10, 10) == 0x102030);
+
+    zof_size_t size = {};
+    CHECK(zof_view_get_dis_wh(&size) == -1);
+    CHECK(size.width == 320);
+    CHECK(size.height == 240);
+    CHECK(zof_view_all_set_rotate(1) == 0);
+    CHECK(zof_prj_get_cur()->attr->rotate == 1);
+}
+
+TEST_CASE("a forced refresh draws at once, also while the caller holds the lock") {
+    view_project_t project;
+    project.view(1, {}, R"("bg_color": 1193046)");
+    project.open(320, 240);
+    zof_view_set_dis_view(1);
+    zof_mutex_lock(dis_mutex);
+    CHECK(zof_view_force_refresh() == 0);
+    zof_mutex_unlock(dis_mutex);
+    s32 width = 0;
+    s32 height = 0;
+    CHECK((sdl_frame_get(&width, &height)[0] & 0xFFFFFF) == 0x123456);
+}
