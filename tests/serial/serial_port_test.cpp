@@ -10,12 +10,13 @@
 #include <asm/termbits.h>
 #include <sys/ioctl.h>
 
-// What the callback has been given, message by message.
-static struct {
+// What the callback has been given, message by message. Never released: the runtime's threads outlive the test.
+struct received {
     std::mutex lock;
     std::vector<bytes> messages;
     size_t total;
-} got;
+};
+static received &got = *new received{};
 
 static void on_message(u8 *data, u32 size) {
     std::lock_guard guard(got.lock);
@@ -140,11 +141,11 @@ TEST_CASE("serial: a device that is unplugged and plugged in a hundred times is 
     for (int i = 0; i < 100; i++) {
         wire_unplug(pty.line);
         REQUIRE(wire_plug(pty.line));
-        // The far end cannot see when it is heard: it calls until it is.
+        // The far end cannot see when it is heard: it calls until it is, with a silence behind each call.
         const size_t before = got_messages();
         REQUIRE(eventually([&] {
             pty_write(pty, {'!'});
-            usleep(2000);
+            usleep(20000);
             return got_messages() > before;
         }));
     }
