@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "zof_lib/zof_cson_impl.h"
+#include "zof_lib/zof_cson_in.h"
 
 struct item_t {
     char *text;

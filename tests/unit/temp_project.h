@@ -15,6 +15,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "zof.h"
 
@@ -24,6 +25,9 @@ inline std::string file_text(const std::string &path) {
     text << in.rdbuf();
     return text.str();
 }
+
+// Projects live to the end of the process. A test that opens several must not make the earlier ones look lost.
+inline std::vector<zof_prj_t *> opened_projects;
 
 struct temp_project_t {
     std::string top;    // the temporary folder; drives are made in it
@@ -57,7 +61,8 @@ struct temp_project_t {
 
     // Makes it the current project; null as zof_prj_obj_create.
     zof_prj_t *open() const {
-        return zof_prj_obj_create(folder.c_str());
+        opened_projects.push_back(zof_prj_obj_create(folder.c_str()));
+        return opened_projects.back();
     }
 };
 

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "zof_lib/zof_cson_impl.h"
+#include "zof_lib/zof_cson_in.h"
 #include "zof_lib/zof_stdio.h"
 
 const reflect_item_t boolReflectTbl[] = {{"0Bool", 0, 4, CSON_TRUE, 0, 0, 0, 0}, CSON_END};
@@ -12,7 +12,7 @@ const reflect_item_t integerReflectTbl[] = {{"0Integer", 0, 4, CSON_INTEGER, 0, 
 const reflect_item_t stringReflectTbl[] = {{"0String", 0, sizeof(char *), CSON_STRING, 0, 0, 0, 0}, CSON_END};
 const reflect_item_t realReflectTbl[] = {{"0Real", 0, sizeof(double), CSON_REAL, 0, 0, 0, 0}, CSON_END};
 
-bool cson_table_is_basic(const reflect_item_t *table) {
+zof_bool cson_table_is_basic(const reflect_item_t *table) {
     return table->key && table->key[0] == '0';
 }
 
@@ -32,22 +32,22 @@ template <typename T> static s64 read_as(const void *field) {
     return value;
 }
 
-bool cson_integer_read(const void *field, size_t width, s64 *out) {
+zof_bool cson_integer_read(const void *field, size_t width, s64 *out) {
     switch (width) {
     case 1:
         *out = read_as<s8>(field);
-        return true;
+        return ZOF_TRUE;
     case 2:
         *out = read_as<s16>(field);
-        return true;
+        return ZOF_TRUE;
     case 4:
         *out = read_as<s32>(field);
-        return true;
+        return ZOF_TRUE;
     case 8:
         *out = read_as<s64>(field);
-        return true;
+        return ZOF_TRUE;
     default:
-        return false;
+        return ZOF_FALSE;
     }
 }
 

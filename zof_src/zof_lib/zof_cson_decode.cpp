@@ -2,7 +2,7 @@
 // style and must change only the keys that it names.
 #include <cstring>
 
-#include "zof_lib/zof_cson_impl.h"
+#include "zof_lib/zof_cson_in.h"
 #include "zof_lib/zof_stdio.h"
 
 static s32 parseJsonObject(const void *json, void *record, const reflect_item_t *table, s32 index);

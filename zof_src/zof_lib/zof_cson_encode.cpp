@@ -2,7 +2,7 @@
 // failure leaves the caller's tree as it was.
 #include <cstring>
 
-#include "zof_lib/zof_cson_impl.h"
+#include "zof_lib/zof_cson_in.h"
 #include "zof_lib/zof_stdio.h"
 
 static s32 getJsonObject(void *record, const reflect_item_t *table, s32 index, void **out);

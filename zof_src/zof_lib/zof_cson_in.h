@@ -1,8 +1,10 @@
 // What the files of the reflection engine share. Not a public header.
-#ifndef ZOF_CSON_IMPL_H
-#define ZOF_CSON_IMPL_H
+#ifndef ZOF_CSON_IN_H
+#define ZOF_CSON_IN_H
 
 #include "zof_lib/zof_cson.h"
+
+ZOF_C_BEGIN
 
 // Every worker takes the record, its table and the row's index, because an array has to find its count among its
 // sibling rows.
@@ -10,30 +12,33 @@ typedef s32 (*cson_decode_fn)(const void *json, void *record, const reflect_item
 typedef s32 (*cson_pack_fn)(void *record, const reflect_item_t *table, s32 index, void **out);
 typedef void (*cson_default_fn)(void *record, const reflect_item_t *table, s32 index);
 
+// By the kind of the field; null for CSON_NULL, so a kind is compared with that before the call.
 extern const cson_decode_fn jsonObjProcTbl[CSON_TYPE_COUNT];
 extern const cson_pack_fn jsonPackTbl[CSON_TYPE_COUNT];
 extern const cson_default_fn jsonObjDefaultTbl[CSON_TYPE_COUNT];
 
 s32 csonJsonObj2Struct(const void *json, void *record, const reflect_item_t *table);
 
-inline void *cson_field(void *record, const reflect_item_t *row) {
-    return static_cast<u8 *>(record) + row->offset;
+static inline void *cson_field(void *record, const reflect_item_t *row) {
+    return (u8 *)record + row->offset;
 }
 
 // True for the table of a bare element, which is told by its first key.
-bool cson_table_is_basic(const reflect_item_t *table);
+zof_bool cson_table_is_basic(const reflect_item_t *table);
 
 // The row with this key; null, and one line, when there is none.
 const reflect_item_t *cson_row_find(const reflect_item_t *table, const char *key);
 
 // 1, 2, 4 or 8 bytes in native order, sign-extended; false for any other width.
-bool cson_integer_read(const void *field, size_t width, s64 *out);
+zof_bool cson_integer_read(const void *field, size_t width, s64 *out);
 
 // Stores a value in 1, 2, 4 or 8 bytes. Signed and unsigned fields share one range, so that a colour fits 4 bytes.
 s32 convertInteger(s64 value, size_t width, void *out);
 
-// The array behind a pointer field.
+// The pointer that a text or array field holds.
 void *cson_pointer_read(const void *field);
 void cson_pointer_write(void *field, const void *pointer);
+
+ZOF_C_END
 
 #endif
