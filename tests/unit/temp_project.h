@@ -26,8 +26,9 @@ inline std::string file_text(const std::string &path) {
     return text.str();
 }
 
-// Projects live to the end of the process. A test that opens several must not make the earlier ones look lost.
-inline std::vector<zof_prj_t *> opened_projects;
+// Projects live to the end of the process. A test that opens several must not make the earlier ones look lost, so this
+// is never destroyed either.
+inline std::vector<zof_prj_t *> &opened_projects = *new std::vector<zof_prj_t *>;
 
 struct temp_project_t {
     std::string top;    // the temporary folder; drives are made in it
