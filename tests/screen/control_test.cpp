@@ -151,6 +151,17 @@ TEST_CASE("a list can be flung by its rows, however fast the finger") {
     CHECK_FALSE(contains(taken(events), ":7"));
 }
 
+TEST_CASE("a swipe that begins on a small control reaches the one that waits for it") {
+    view_project_t project;
+    ctrl_funs = {{1, on_event}, {2, on_event}};
+    const std::string inside = R"("parent_id": 1, "scrollbar_t": {"dir_e": 0}, )";
+    show(project, {ctrl(ZOF_CTRL_OBJ, 1, "", box(0, 0, 300, 200) + R"(, "scrollbar_t": {"dir_e": 0})"),
+                   ctrl(ZOF_CTRL_OBJ, 2, "", inside + box(10, 10, 40, 40))});
+    CHECK(zof_ctrl_set_gesture_bubble(at(1), ZOF_FALSE) == 0);
+    screen_drag(40, 40, 280, 40, 4);
+    CHECK(contains(taken(events), " 1:12"));
+}
+
 TEST_CASE("a control may be deleted in its own event, by its function or by the hook") {
     view_project_t project;
     ctrl_funs = {{1,

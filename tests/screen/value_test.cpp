@@ -144,6 +144,7 @@ TEST_CASE("a spin box keeps its format, its step, and its end") {
     zof_spinbox_increment(at(2));
     CHECK(zof_spinbox_get_value(at(2)) == 2147483646);
     zof_spinbox_decrement(at(2));
+    CHECK(zof_spinbox_get_value(at(2)) == -1);
     screen_click(50, 120);
     screen_click(50, 180); // one digit: a click finds it, and ends
     CHECK(zof_spinbox_get_value(at(3)) == 0);

@@ -55,7 +55,8 @@ void zof_event_cb_t(lv_event_t *e) {
         if (zof_ctrl_up.ctrl_all_event)
             zof_ctrl_up.ctrl_all_event(view_id, id, code);
     }
-    // Read again: the hook may have deleted the control.
+    if (e->deleted) // by the hook; the record may be gone too
+        return;
     if (record->attr && record->attr->zof_ctrl_event)
         record->attr->zof_ctrl_event(record, (zof_event_e)code);
 }
@@ -68,17 +69,25 @@ void zof_ctrl_set_event_all(zof_all_event_fn fn) {
     zof_all_event_cb = fn;
 }
 
+// Whether sliding on may be the start of something that an object further out waits for.
+static bool slide_is_wanted(const lv_obj_t *obj) {
+    for (; obj; obj = lv_obj_get_parent(obj)) {
+        if (lv_obj_has_flag(obj, LV_OBJ_FLAG_SCROLLABLE) && lv_obj_get_scroll_dir(obj) != LV_DIR_NONE)
+            return true;
+        if (lv_obj_get_parent(obj) && !lv_obj_has_flag(obj, LV_OBJ_FLAG_GESTURE_BUBBLE))
+            return true;
+    }
+    return false;
+}
+
+// LVGL would go on to press whatever the pointer slid onto. Whoever slides off a control to give it up must not set off
+// its neighbour, so the press ends here, unless it can still become a scroll or a gesture.
 static void press_lost(lv_event_t *e) {
-    // LVGL would go on to press whatever the pointer slid onto. Where that cannot be the start of a scroll, the press
-    // ends here: whoever slides off a control to give it up must not set off its neighbour.
-    lv_indev_t *indev = (lv_indev_t *)lv_event_get_param(e);
+    lv_indev_t *indev = lv_indev_get_act();
     if (!indev || indev->proc.state != LV_INDEV_STATE_PRESSED || indev->proc.wait_until_release)
         return;
-    for (lv_obj_t *obj = lv_event_get_target(e); obj; obj = lv_obj_get_parent(obj)) {
-        bool scrolls = lv_obj_has_flag(obj, LV_OBJ_FLAG_SCROLLABLE) && lv_obj_get_scroll_dir(obj) != LV_DIR_NONE;
-        if (scrolls)
-            return;
-    }
+    if (slide_is_wanted(lv_event_get_target(e)))
+        return;
     lv_indev_reset(indev, nullptr);
     lv_indev_wait_release(indev);
 }

@@ -47,16 +47,18 @@ s32 zof_spinbox_step_prev(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, &lv_spinbox_class, lv_spinbox_step_prev);
 }
 
-// LVGL adds in 32 bits: past their end the box goes to its own end.
+// LVGL adds in 32 bits, and on its way through zero it mirrors the value, which may put it outside of the range.
 static s32 step_by(zof_ctrl_t *ctrl, s32 sign) {
     return zof_on(ctrl, &lv_spinbox_class, [=](lv_obj_t *obj) {
-        s64 next = (s64)lv_spinbox_get_value(obj) + (s64)sign * lv_spinbox_get_step(obj);
-        if (next > INT32_MAX || next < INT32_MIN)
-            lv_spinbox_set_value(obj, sign > 0 ? INT32_MAX : INT32_MIN);
+        s64 value = lv_spinbox_get_value(obj);
+        s64 step = lv_spinbox_get_step(obj);
+        if (LV_ABS(value) + step > INT32_MAX)
+            lv_spinbox_set_value(obj, (s32)LV_CLAMP(INT32_MIN, value + sign * step, INT32_MAX));
         else if (sign > 0)
             lv_spinbox_increment(obj);
         else
             lv_spinbox_decrement(obj);
+        lv_spinbox_set_value(obj, lv_spinbox_get_value(obj));
     });
 }
 
