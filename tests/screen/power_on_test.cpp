@@ -1,0 +1,157 @@
+// Power-on: the overlay of diagnostic values, and the refusal of a project that is too large.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "screen_fixture.h"
+#include "temp_project.h"
+
+static zof_prj_t *project_showing(temp_project_t *project, u32 show_en)
+{
+    project->write("config/project/zofprj.g",
+                   R"({"p_name": "t", "width": 320, "height": 240, "views": [], "version": "fw 9", "app_ver": "2.5",
+                       "comp_time": "noon", "show_en": )" +
+                       std::to_string(show_en) + "}");
+    REQUIRE(chdir(project->top.c_str()) == 0); // where the version is looked for
+    zof_prj_t *prj = project->open();
+    screen_open(0, 0);
+    printed([] { zof_func_pwon(); });
+    return prj;
+}
+
+// The overlay's text; "-" when there is none.
+static std::string overlay()
+{
+    if (lv_obj_get_child_cnt(lv_scr_act()) == 0) {
+        return "-";
+    }
+    return lv_label_get_text(lv_obj_get_child(lv_obj_get_child(lv_scr_act(), -1), 0));
+}
+
+TEST_CASE("the overlay comes after half a second, its text after a second, and it follows the active screen")
+{
+    temp_project_t project;
+    REQUIRE(project_showing(&project, ZOF_SHOW_FW_VER | ZOF_SHOW_SDK_VER | ZOF_SHOW_APP_VER | ZOF_SHOW_BOTTOM));
+    screen_step(480);
+    CHECK(overlay() == "-");
+    screen_step(40);
+    CHECK(overlay() == "");
+    screen_step(520);
+    CHECK(overlay() == std::string("fw ver: fw 9\nsdk ver: ") + zof_sdk_get_version() + "\napp ver: 2.5 noon\n");
+    lv_obj_t *cont = lv_obj_get_child(lv_scr_act(), -1);
+    lv_obj_update_layout(cont);
+    CHECK(lv_obj_get_y2(cont) == 240);
+    CHECK(abs(2 * lv_obj_get_x(cont) + lv_obj_get_width(cont) - 320) <= 1);
+    CHECK(!lv_obj_has_flag(cont, LV_OBJ_FLAG_CLICKABLE));
+
+    lv_obj_t *next = lv_obj_create(nullptr);
+    zof_scr_load_anim(next, 0, 0, 0, lv_anim_path_linear);
+    screen_step(520);
+    CHECK(lv_obj_get_parent(cont) == next);
+}
+
+TEST_CASE("the overlay's rate is refreshes over the time of the runs that made them")
+{
+    temp_project_t project;
+    REQUIRE(project_showing(&project, ZOF_SHOW_FPS | ZOF_SHOW_MEM));
+    // Each run with a refresh takes 20 ms, each other one 3 ms.
+    static lv_obj_t *restless = lv_obj_create(lv_scr_act());
+    static bool drawing;
+    lv_timer_create(
+        [](lv_timer_t *) {
+            drawing = !drawing;
+            screen_now += drawing ? 20 : 3;
+            if (drawing) {
+                lv_obj_set_x(restless, lv_obj_get_x(restless) ^ 1);
+                lv_refr_now(nullptr);
+            }
+        },
+        50, nullptr);
+    std::string log = printed([] { screen_step(1600); });
+    CHECK(contains(log, "fps = "));
+    CHECK(contains(log, " usedmem = "));
+    CHECK(contains(log, " freemem = "));
+    int time_sum = 0;
+    int refr_cnt = 0;
+    int fps = 0;
+    const size_t last = log.rfind(" time_sum=");
+    REQUIRE(last != std::string::npos);
+    REQUIRE(sscanf(log.c_str() + last, " time_sum=%d refr_cnt=%d fps = %d", &time_sum, &refr_cnt, &fps) == 3);
+    CHECK(time_sum > 0);
+    CHECK(time_sum % 20 == 0); // runs without a refresh do not count
+    CHECK(fps == refr_cnt * 1000 / time_sum);
+    const std::string text = overlay();
+    CHECK(text.substr(0, text.find('\n') + 1) == "fps: " + std::to_string(fps) + " \n");
+    CHECK(contains(text, "usedmem: "));
+    CHECK(contains(text, " B\nsim freemem: "));
+}
+
+TEST_CASE("nothing is shown without a bit of its own, and a missing version is no line")
+{
+    temp_project_t project;
+    zof_prj_t *prj = project_showing(&project, ZOF_SHOW_BOTTOM);
+    screen_step(2000);
+    CHECK(overlay() == "-");
+    prj->attr->show_en = ZOF_SHOW_APP_VER;
+    zof_free(prj->attr->comp_time);
+    prj->attr->comp_time = nullptr;
+    zof_func_show_prj_para();
+    screen_step(1100);
+    CHECK(overlay() == "");
+}
+
+TEST_CASE("numbers are grouped by thousands, sign kept")
+{
+    const struct {
+        s32 value;
+        const char *text;
+    } rows[] = {{0, "0"},           {999, "999"},           {1000, "1,000"},          {1000000, "1,000,000"},
+                {2000005, "2,000,005"}, {-1500, "-1,500"}, {-7, "-7"}, {INT32_MIN, "-2147,483,648"}};
+    for (const auto &row : rows) {
+        char text[16] = {};
+        _memsize_format(row.value, text);
+        CHECK(std::string(text) == row.text);
+    }
+    _memsize_format(1, nullptr);
+}
+
+static s32 limit_of(s32 width, s32 height)
+{
+    temp_project_t project;
+    project.write("config/project/zofprj.g", "{\"p_name\": \"t\", \"views\": [], \"width\": " + std::to_string(width) +
+                                                 ", \"height\": " + std::to_string(height) + "}");
+    return project.open() ? zof_func_check_wh_vaild() : -2;
+}
+
+TEST_CASE("a project within the area of the limit passes, and none at all is no fault")
+{
+    CHECK(zof_func_check_wh_vaild() == -1);
+    CHECK(limit_of(4096, 4096) == 0);
+}
+
+TEST_CASE("a project that is too large is refused on the screen, for ever, with one line")
+{
+    const std::string log = printed([] {
+        const pid_t child = fork();
+        if (child == 0) {
+            temp_project_t project;
+            project.write("config/project/zofprj.g", R"({"p_name": "t", "width": 4097, "height": 4096, "views": []})");
+            project.open();
+            screen_open(480, 272);
+            static const zof_clock_t clock = {[] { return screen_now; },
+                                              [](u32 ms) {
+                                                  screen_now += ms;
+                                                  if (screen_now > 5000) {
+                                                      fflush(stdout);
+                                                      _exit(screen_is_golden("power_on_refused") ? 3 : 4);
+                                                  }
+                                              }};
+            zof_clock_set(&clock);
+            zof_func_pwon();
+            _exit(5);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        CHECK(WEXITSTATUS(status) == 3);
+    });
+    CHECK(contains(log, "The maximum width and height are 4096x4096\n"));
+}
