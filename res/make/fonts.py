@@ -126,6 +126,7 @@ def make(name, cfg):
         rec.string = {1: family, 2: "Regular", 4: family, 6: family.replace(" ", ""), 3: family}.get(rec.nameID, rec.toUnicode())
     font["OS/2"].usWeightClass = 400
     font["head"].macStyle = 0
+    font.recalcTimestamp = False        # the same input gives the same bytes
     os.makedirs(OUT, exist_ok=True)
     font.save(os.path.join(OUT, name))
     hh = font["hhea"]

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <mutex>
+#include <thread>
 
 #include "port/host_linux_line.h"
 #include "port/zof_port.h"
@@ -184,4 +185,34 @@ TEST_CASE("serial: closing silences the clients and a later open gives them thei
     zof_drv_uart_rev_set_bfun(port, on_message, 1024);
     pty_write(pty, {'b', 'a', 'c', 'k'});
     CHECK(eventually([] { return got_bytes() == 4; }));
+}
+
+TEST_CASE("serial: a minute at the full rate of the line loses nothing") {
+    serial_pty pty;
+    zof_drv_t *port = open_port(pty, 40);
+    REQUIRE(port);
+    zof_drv_uart_rev_set_bfun(port, on_message, 1024);
+    // As a board fills a line of 115200 baud: bursts with a silence behind each.
+    enum { RATE = 11520, PERIOD_MS = 20, SECONDS = 60, BURST = RATE * PERIOD_MS / 1000 };
+    bytes burst(BURST);
+    u8 count = 0;
+    size_t total = 0;
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 1; i <= SECONDS * 1000 / PERIOD_MS; i++) {
+        for (u8 &b : burst) {
+            b = count++;
+        }
+        pty_write(pty, burst);
+        total += burst.size();
+        std::this_thread::sleep_until(start + std::chrono::milliseconds(PERIOD_MS) * i);
+    }
+    CHECK(eventually([total] { return got_bytes() == total; }));
+    count = 0;
+    size_t wrong = 0;
+    for (const bytes &m : got.messages) {
+        for (u8 b : m) {
+            wrong += b != count++;
+        }
+    }
+    CHECK(wrong == 0);
 }

@@ -98,7 +98,7 @@ static void flow(board &b, double ms)
         b.ma = b.limit_ma;
         b.mv = b.load.amperes > 0 ? std::min(b.mv, 500.0) : b.ma * b.load.ohms;
     }
-    b.energy_uwh += b.mv * b.ma / 1e3 * ms / 3.6e6; // mV * mA is nW * 1000; a ms is a 3.6 millionth of an hour
+    b.energy_uwh += b.mv * b.ma * ms / 3.6e6; // mV * mA is uW; an hour has 3.6 million ms
 }
 
 void board_step(board &b, double ms)

@@ -1,0 +1,39 @@
+#!/bin/sh
+# The panel on a bad line: with every fault of the virtual board it lives, and its readings come as soon as anything comes.
+# usage: faults.sh BUILD_FOLDER
+set -eu
+build=$1
+work=$(mktemp -d)
+board=""
+trap '[ -z "$board" ] || kill "$board" 2>/dev/null || true; rm -rf "$work"' EXIT
+
+# One run: the fault, and the session that the panel plays.
+run() {
+    rm -f "$work/line"
+    "$build/tools/board_sim" --link "$work/line" --seed 7 --no-noise --fault "$1" >"$work/board.log" 2>&1 &
+    board=$!
+    tries=0
+    until [ -e "$work/line" ] || [ $tries -gt 100 ]; do sleep 0.05; tries=$((tries + 1)); done
+    printf '%b' "$2" >"$work/session"
+    status=0
+    (cd "$build/panel" && SDL_VIDEODRIVER=offscreen ZOF_COM6=$work/line ZOF_SCRIPT=$work/session timeout 60 ./zof_bench) \
+        >"$work/panel.log" 2>&1 || status=$?
+    kill "$board" 2>/dev/null || true
+    wait "$board" 2>/dev/null || true
+    board=""
+    if [ $status -ne 0 ]; then
+        echo "with fault $1 the panel ended with status $status" >&2
+        tail -20 "$work/panel.log" >&2
+        exit 1
+    fi
+}
+
+readings='until 20000 1 1 *\nuntil 20000 1 3 *\nview 2\nuntil 20000 2 2 5.00 V\nwait 500\nquit\n'
+for fault in garbage=50 late=300 flood=11520; do
+    run $fault "$readings"
+done
+# A lost request is not repeated, nor its answer: only what the board pushes comes all the same.
+for fault in lose=0.5 split=20 replug=1; do
+    run $fault 'until 20000 1 1 *\nwait 2500\nuntil 20000 1 3 *\nquit\n'
+done
+run mute 'wait 1500\ntap 632 168\ntap 632 300\nwait 500\nquit\n'
