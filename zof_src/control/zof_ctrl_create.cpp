@@ -47,7 +47,8 @@ const zof_ctrl_class_t zof_ctrl_classes[] = {
 };
 static_assert(sizeof(zof_ctrl_classes) / sizeof(zof_ctrl_classes[0]) == ZOF_CTRL_TYPE_COUNT);
 
-// One view is built at a time; during its walk, layouts are kept to single objects.
+// One view is built at a time. During its walk layouts are kept to single objects, and each object takes its styles over
+// once, when it is complete, and not at each of its properties.
 static bool walking;
 
 void zof_obj_layout(lv_obj_t *obj) {
@@ -62,6 +63,7 @@ void zof_obj_layout(lv_obj_t *obj) {
 s32 zof_ctrl_pub_attr(zof_ctrl_t *ctrl, zof_pub_attr_t *attr) {
     if (!zof_ctrl_obj(ctrl) || !attr)
         return -1;
+    lv_obj_enable_style_refresh(!walking); // the object exists by now; creating one switches it on
     zof_ctrl_set_pos(ctrl, attr->pt.x, attr->pt.y);
     zof_ctrl_set_size(ctrl, attr->size.width, attr->size.height);
     zof_ctrl_set_ext_click_area(ctrl, attr->click_area);
@@ -134,6 +136,7 @@ s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record) {
     para_t *parent = created_record(view, record->attr->parent_id);
     record->parent = parent ? (void *)parent : (void *)view;
     s32 result = zof_ctrl_create(*(lv_obj_t **)record->parent, record, record->attr, record->attr->ctrl_type);
+    lv_obj_enable_style_refresh(true);
     if (result == -1 || !record->obj) {
         if (record->obj)
             lv_obj_del(record->obj);
@@ -144,6 +147,8 @@ s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record) {
     record->attr->view_id = (u16)view->attr->v_id;
     record->is_created = 1;
     lv_obj_set_user_data(record->obj, record);
+    if (walking)
+        lv_obj_refresh_style(record->obj, LV_PART_ANY, LV_STYLE_PROP_ANY);
     events_add(record);
     return 0;
 }
