@@ -3,7 +3,8 @@
 #include "temp_project.h"
 #include "zof_test.h"
 
-extern "C" unsigned lodepng_encode32(unsigned char **out, size_t *size, const unsigned char *image, unsigned w, unsigned h);
+extern "C" unsigned lodepng_encode32(unsigned char **out, size_t *size, const unsigned char *image, unsigned w,
+                                     unsigned h);
 
 static struct {
     u32 logo_pixel;         // in the middle of the panel, when the first view is made
@@ -35,9 +36,8 @@ static const char *view_text(int id) {
 
 // The project's own keys, and three views of which the second has no file.
 static void write_project(const temp_project_t &project, const std::string &keys) {
-    project.write("config/project/zofprj.g", R"({"width": 320, "height": 240, "views": [
-        {"pageId": 3, "pageName": "three.g"}, {"pageId": 2, "pageName": "two.g"}, {"pageId": 1, "pageName": "one.g"}], )" +
-                                                 keys + "}");
+    project.write("config/project/zofprj.g", R"({"width": 320, "height": 240, "views": [{"pageId": 3, "pageName":
+        "three.g"}, {"pageId": 2, "pageName": "two.g"}, {"pageId": 1, "pageName": "one.g"}], )" + keys + "}");
     project.write("config/view/one.g", view_text(1));
     project.write("config/view/three.g", view_text(3));
 }
@@ -53,6 +53,7 @@ TEST_CASE("the logo is on the screen before the first view, and the views are lo
     size_t size = 0;
     REQUIRE(lodepng_encode32(&png, &size, red.data(), 20, 20) == 0);
     project.write("image/logo.png", std::string(png, png + size));
+    lv_mem_free(png);
     REQUIRE(project.open());
     screen_open(320, 240);
     screen_step(10); // drawn just now, so that the next refresh is not due: the logo has to force one

@@ -91,7 +91,8 @@ static s32 row_result(const char *key, const char *text, record_t *record) {
     s32 rows = 0;
     for (const reflect_item_t *row = record_tbl; row->key; row++) {
         bool wanted = std::strcmp(row->key, key) == 0;
-        if (wanted || (std::strlen(key) > 1 && std::strstr(row->key, "_count") && std::strncmp(row->key, key, 4) == 0)) {
+        bool count = std::strstr(row->key, "_count") && std::strncmp(row->key, key, 4) == 0;
+        if (wanted || count) {
             table[rows] = *row;
             table[rows++].flags = wanted ? 0 : static_cast<size_t>(CSON_SKIP_DECODE);
         }

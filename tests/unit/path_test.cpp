@@ -67,7 +67,8 @@ TEST_CASE("a path that is too long is refused with a line and never cut") {
     CHECK(contains(log, "path too long: "));
     CHECK(contains(log, "name too long: nnn"));
     CHECK(str(zof_res_get_prj_path()) == project.folder);
-    CHECK(str(zof_res_get_g_file_path("d/", std::string(47, 'n').c_str())) == project.path("d/" + std::string(47, 'n') + ".g"));
+    std::string name(47, 'n');
+    CHECK(str(zof_res_get_g_file_path("d/", name.c_str())) == project.path("d/" + name + ".g"));
     CHECK(zof_res_get_theme_path(std::string(41, 'n').c_str(), ZOF_CTRL_LABEL) != nullptr);
     CHECK(zof_res_set_path_cache(0) == -1);
     CHECK(zof_res_set_path_cache(20) == 0);
@@ -191,7 +192,7 @@ TEST_CASE("a file's kind is its suffix, all upper or all lower") {
             CHECK(kinds[i].is(kinds[k].yes[0]) == (i == k));
             CHECK(kinds[i].is(kinds[k].yes[1]) == (i == k));
         }
-        for (const char *no : {(const char *)nullptr, "", "bin", "./dir/name", "a.Png", "a.jpeg", "a.JPEG", "a.bin.gz"}) {
+        for (const char *no : {(const char *)nullptr, "", "bin", "./dir/name", "a.Png", "a.jpeg", "a.JPEG", "a.bin.x"}) {
             CHECK(!kinds[i].is(no));
         }
     }

@@ -29,10 +29,10 @@ TEST_CASE("the project file fills the record and the list of views") {
     temp_project_t project;
     project.write("config/project/zofprj.g", R"({"P_NAME": "bench", "width": 800, "height": 480, "start_page": 2,
         "cacheImg": 250, "rotate": 1, "show_en": 63, "app_ver": "1", "unknown": [1, 2],
-        "hw_t": {"dis_t": {"off_x": 3, "dis_mode": 1}, "tone_t": {"sound": "k.wav", "time": 50}, "touch_t": {"th_en": 7}},
+        "hw_t": {"dis_t": {"off_x": 3, "dis_mode": 1}, "tone_t": {"sound": "k.wav"}, "touch_t": {"th_en": 7}},
         "func_t": {"standby_t": {"stdby_time": 60, "on_bright": 100}},
-        "views": [{"pageId": 2, "pageName": "two.g"}, {"pageId": 3}, {"pageName": "x"}, {"pageId": "4", "pageName": "x"},
-                  7, {"pageId": 1, "pageName": "one.g"}]})");
+        "views": [{"pageId": 2, "pageName": "two.g"}, {"pageId": 3}, {"pageName": "x"},
+                  {"pageId": "4", "pageName": "x"}, 7, {"pageId": 1, "pageName": "one.g"}]})");
     zof_prj_t *prj = nullptr;
     std::string log = printed([&] { prj = project.open(); });
     REQUIRE(prj);
@@ -115,8 +115,8 @@ TEST_CASE("a view file gives its view, or a line and nothing") {
     temp_project_t project;
     REQUIRE(project.open());
     u32 before = zof_mem_count();
-    project.write("config/view/one.g", R"({"view": {"v_name": "one", "v_id": 7, "bg_color": 4294967295, "bg_image": "b.png",
-                                           "layer": 2, "model_en": true, "bg_scale": 300}})");
+    project.write("config/view/one.g", R"({"view": {"v_name": "one", "v_id": 7, "bg_color": 4294967295,
+                                           "bg_image": "b.png", "layer": 2, "model_en": true, "bg_scale": 300}})");
     zof_view_attr_t *view = zof_j2s_view(project.path("config/view/one.g").c_str());
     REQUIRE(view);
     CHECK(view->v_id == 7);
@@ -170,8 +170,9 @@ TEST_CASE("the cursor walks the controls and steps over entries that cannot be o
     struct {
         int index;
         const char *line;
-    } faults[] = {{1, "property.pub_t is missing"},   {2, "property.pub_t is missing"}, {3, "property.pub_t.id is no number"},
-                  {4, "type is no control type"},     {5, "type is no control type"},   {6, "property.pub_t.id is no number"},
+    } faults[] = {{1, "property.pub_t is missing"},      {2, "property.pub_t is missing"},
+                  {3, "property.pub_t.id is no number"}, {4, "type is no control type"},
+                  {5, "type is no control type"},        {6, "property.pub_t.id is no number"},
                   {7, "property.pub_t.id is no number"}};
     for (const auto &fault : faults) {
         CHECK(contains(log, "one.g: controls[" + std::to_string(fault.index) + "]: " + fault.line));
@@ -228,7 +229,8 @@ TEST_CASE("own styles change only the keys they name, over the theme's, and rele
     for (int round = 0; round < 3; round++) {
         zof_pub_attr_t *record = only_control(project, control("5", R"(, "styles": [
             {"style_part": 0, "body_t": {"main_color": 99}, "txt_t": {"font_lib": "own.ttf"}},
-            {"style_part": 0, "style_sect": 2147483647, "txt_t": {"font_lib": "again.ttf"}, "img_t": {"bg_img": "own.png"}},
+            {"style_part": 0, "style_sect": 2147483647, "txt_t": {"font_lib": "again.ttf"},
+             "img_t": {"bg_img": "own.png"}},
             {"style_part": 131072, "txt_t": {"font_lib": "new.ttf"}},
             {"style_part": 65536, "style_state": 2, "body_t": {"opa": 9}}])"));
         REQUIRE(record->style_num == 3);
@@ -358,13 +360,13 @@ TEST_CASE("damaged view files cost their entries and not a byte more") {
     project.write("config/theme/youth/label.g", label_theme);
     REQUIRE(zof_theme_get_ctrl("youth", ZOF_CTRL_LABEL));
     std::string sound = view_file(
-        control("5", R"(, "txt": "t", "styles": [{"style_part": 0, "txt_t": {"font_lib": "o"}, "img_t": {"bg_img": "b"}},
+        control("5", R"(, "txt": "t", "styles": [{"txt_t": {"font_lib": "o"}, "img_t": {"bg_img": "b"}},
                         {"style_part": 7, "body_t": {"border": {"width": 2}}}])") +
         R"(,{"type": 10, "theme": "night", "property": {"pub_t": {"id": 6, "pt": {"x": 1, "y": 2}, "pub": true},
             "title": "t", "btn_num": 2, "btn_txt": ["a", "b"]}},
            {"type": 13, "theme": "youth", "property": {"pub_t": {"id": 7, "alpha": 255}, "list_count": 1,
             "btns_t": [{"image_num": "i", "txt": "x"}, {"txt": "y"}]}},
-           {"type": 17, "theme": "youth", "property": {"pub_t": {"id": 8, "parent_id": 5}, "row_cnt": 3, "col_cnt": 4}})");
+           {"type": 17, "theme": "youth", "property": {"pub_t": {"id": 8, "parent_id": 5}, "row_cnt": 3}})");
     u32 seed = std::random_device()();
     CAPTURE(seed);
     std::mt19937 random(seed);

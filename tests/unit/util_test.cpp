@@ -37,7 +37,8 @@ TEST_CASE("a task runs by its period, pauses, runs when it is made ready, and on
     lv_init();
     static int runs;
     runs = 0;
-    zof_task_t *task = zof_task_create([](zof_task_t *t) { ++*static_cast<int *>(zof_task_get_user_data(t)); }, 10000, &runs);
+    zof_task_t *task = zof_task_create(
+        [](zof_task_t *t) { ++*static_cast<int *>(zof_task_get_user_data(t)); }, 10000, &runs);
     REQUIRE(task);
     lv_timer_handler();
     CHECK(runs == 0);

@@ -1,5 +1,5 @@
-// Drive letters, and files through LVGL's file layer. The media of a device, D, E, T and U, are folders beside the project
-// here, and P is the folder above the project's files.
+// Drive letters, and files through LVGL's file layer. The media of a device, D, E, T and U, are folders beside the
+// project here, and P is the folder above the project's files.
 #include <cstdio>
 #include <cstring>
 

@@ -1,5 +1,5 @@
-// From project files to records: reading, the cursor over a view's controls, and releasing what was read. Graphics thread
-// only. Records and texts are the caller's, unless it says otherwise.
+// From project files to records: reading, the cursor over a view's controls, and releasing what was read. Graphics
+// thread only. Records and texts are the caller's, unless it says otherwise.
 #ifndef ZOF_J2S_H
 #define ZOF_J2S_H
 
@@ -15,8 +15,8 @@ typedef struct {
     cJSON *root;
 } zof_rootjson_t;
 
-// The whole file as a terminated text, for Freebuff. Null for a file that does not open, silently: not every file has to
-// be there; null with a line for one that is empty or cannot be read.
+// The whole file as a terminated text, for Freebuff. Null for a file that does not open, silently: not every file has
+// to be there; null with a line for one that is empty or cannot be read.
 char *GetJsonFile(const char *path);
 void Freebuff(void *buf);
 
@@ -37,8 +37,8 @@ cJSON *zof_j2s_parse(const char *path, const char *text);
 // Start: 0 with the cursor on the first entry, -1 with a line when there are no controls to walk.
 s32 zof_j2s_ctrl_start(const char *path);
 
-// The id and `pub` of the entry under the cursor; -1 at the end. Entries without property, id or known type are told and
-// stepped over. `pub` is 1 for true and for a number that is not 0.
+// The id and `pub` of the entry under the cursor; -1 at the end. Entries without property, id or known type are told
+// and stepped over. `pub` is 1 for true and for a number that is not 0.
 s32 zof_j2s_ctrl_get_para(u32 *id, u32 *pub);
 
 // Decodes the entry under the cursor, its theme's styles and over them its own, and moves on. Null, with a line, for an

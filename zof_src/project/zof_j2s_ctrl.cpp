@@ -1,5 +1,5 @@
-// The cursor over the `controls` of a view file, and the making and releasing of one control's attribute record. An entry
-// from which no control can come is told with its place and stepped over, so that one slip does not empty a view.
+// The cursor over the `controls` of a view file, and the making and releasing of one control's attribute record. An
+// entry from which no control can come is told with its place and stepped over, so that one slip does not empty a view.
 #include <cstring>
 
 #include "project/zof_j2s.h"
@@ -14,8 +14,8 @@ static struct {
     char *path;          // own copy: the path buffer changes while controls are made
 } sc;
 
-// Parts of records, read with the engine's own rules, so that a peek never disagrees with the decoded record. An id must
-// be there, so its row is not nullable.
+// Parts of records, read with the engine's own rules, so that a peek never disagrees with the decoded record. An id
+// must be there, so its row is not nullable.
 static const reflect_item_t id_tbl[] = {{"id", offsetof(zof_pub_attr_t, id), sizeof(u16), CSON_INTEGER, 0, 0, 0, 0},
                                         CSON_END};
 static const reflect_item_t style_key_tbl[] = {CSON_INT(zof_style_attr_t, style_part),
@@ -78,8 +78,8 @@ static const char *entry_fault(cJSON *entry, cJSON *pub_t, zof_pub_attr_t *head)
     return type_of(entry) < 0 ? "type is no control type" : nullptr;
 }
 
-// A number counts here, though the decoded record takes only true and false: such a control is put off while its view is
-// only loaded, and stays when the view is left.
+// A number counts here, though the decoded record takes only true and false: such a control is put off while its view
+// is only loaded, and stays when the view is left.
 static u32 pub_of(cJSON *pub_t) {
     cJSON *pub = cJSON_GetObjectItem(pub_t, "pub");
     return cJSON_IsTrue(pub) || (cJSON_IsNumber(pub) && pub->valueint != 0);

@@ -1,5 +1,6 @@
-// The project file and the `view` object of a view file. The project file's tree is kept between the two steps that need
-// it: its record is decoded first, and the list of its views is made only when the lists of the project object exist.
+// The project file and the `view` object of a view file. The project file's tree is kept between the two steps that
+// need it: its record is decoded first, and the list of its views is made only when the lists of the project object
+// exist.
 #include <cstring>
 
 #include "project/zof_j2s.h"

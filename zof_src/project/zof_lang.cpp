@@ -1,5 +1,5 @@
-// The current language: a flat table of texts, looked up at each use. Controls keep the reference, not the text, so that a
-// change of language can renew them. Changes live in memory until they are saved.
+// The current language: a flat table of texts, looked up at each use. Controls keep the reference, not the text, so
+// that a change of language can renew them. Changes live in memory until they are saved.
 #include "project/zof_lang.h"
 
 #include <cjson/cJSON.h>

@@ -9,7 +9,8 @@ ZOF_C_BEGIN
 struct cJSON;
 
 // Makes config/languages/<name>.g the current language and renews every text on the screen. Changes of the former table
-// that were not saved are lost. -1, and no table at all, when the file is not to be had: references then show as they are.
+// that were not saved are lost. -1, and no table at all, when the file is not to be had: references then show as they
+// are.
 s32 zof_lang_set(const char *name);
 
 // 1 for a reference, else 0.
@@ -19,8 +20,9 @@ s32 zof_lang_check_str(const char *text);
 // reference, or the table does not know it. Keys match without regard to case.
 const char *zof_lang_get_cur_str(const char *text);
 
-// Changes an entry in memory; whoever wants to see it renews the controls. 0 when done, and when there is nothing to do it
-// with: no reference, no table, a null value or one of 256 bytes or more. -1 for an entry that the table does not have.
+// Changes an entry in memory; whoever wants to see it renews the controls. 0 when done, and when there is nothing to do
+// it with: no reference, no table, a null value or one of 256 bytes or more. -1 for an entry that the table does not
+// have.
 s32 zof_lang_set_cur_str(const char *reference, const char *value);
 
 // Writes the table back into its file. 1 when the file is as the table, 0 without a table, -1 with a line on failure.

@@ -52,8 +52,8 @@ typedef struct {
 // there is none to read; then no project is current.
 zof_prj_t *zof_prj_obj_create(const char *path);
 
-// Brings the current project up: touch, image cache, logo, start view, and the other views when the project asks for them.
-// `views` is kept. 0, or -1 without a project; a start view that does not exist leaves the screen as it is.
+// Brings the current project up: touch, image cache, logo, start view, and the other views when the project asks for
+// them. `views` is kept. 0, or -1 without a project; a start view that does not exist leaves the screen as it is.
 s32 zof_prj_create(const zof_view_fun_t *views, u32 count);
 
 void zof_prj_set_cur(zof_prj_t *prj);

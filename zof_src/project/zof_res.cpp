@@ -1,6 +1,6 @@
-// From resource names to paths. All paths are built in one shared buffer, so that a lookup never allocates; whoever keeps
-// a path copies it. Behind the buffer lies a second half in which a path is put together first: a name may itself lie in
-// the buffer, and a path that does not fit leaves the former one whole.
+// From resource names to paths. All paths are built in one shared buffer, so that a lookup never allocates; whoever
+// keeps a path copies it. Behind the buffer lies a second half in which a path is put together first: a name may itself
+// lie in the buffer, and a path that does not fit leaves the former one whole.
 #include "project/zof_res.h"
 
 #include <cstdio>

@@ -1,6 +1,6 @@
-// Resource paths, drive letters, and files. Graphics thread only. Paths are built in one shared buffer: a path lasts until
-// the next call that gives one, and who needs it longer copies it with zof_res_path_zof_malloc. A path that does not fit
-// its buffer is never cut: the result is null, with one line.
+// Resource paths, drive letters, and files. Graphics thread only. Paths are built in one shared buffer: a path lasts
+// until the next call that gives one, and who needs it longer copies it with zof_res_path_zof_malloc. A path that does
+// not fit its buffer is never cut: the result is null, with one line.
 //
 //     char *keep = zof_res_path_zof_malloc(zof_res_path_check("logo.png", "image/"));
 #ifndef ZOF_RES_H
@@ -33,8 +33,8 @@ char *zof_res_get_g_file_path(const char *dir, const char *name);
 // The theme file of a control type; null for a null theme or an unknown type.
 char *zof_res_get_theme_path(const char *theme, u32 type);
 
-// The entry for every resource that a project names: "D:x" and its like through the drives, anything else from the folder
-// of its kind, for instance "image/". Null for null.
+// The entry for every resource that a project names: "D:x" and its like through the drives, anything else from the
+// folder of its kind, for instance "image/". Null for null.
 char *zof_res_path_check(const char *name, const char *dir);
 
 // Makes every backslash a "/", in place.
@@ -55,13 +55,14 @@ extern const char *const themeFileName[30];
 // 0 when the second character is a colon, else -1.
 s32 zof_fs_path_check(const char *path);
 
-// Where a drive path really lies: "D:x" is ../disk/D/x beside the project folder, and so are E, T and U; "P:x" is x in the
-// folder above. Naming a drive makes its folder. Any other path comes back as it is. Another buffer than the paths above,
-// 500 bytes; null, with a line, when that is too small: whoever opens files has to expect it.
+// Where a drive path really lies: "D:x" is ../disk/D/x beside the project folder, and so are E, T and U; "P:x" is x in
+// the folder above. Naming a drive makes its folder. Any other path comes back as it is. Another buffer than the paths
+// above, 500 bytes; null, with a line, when that is too small: whoever opens files has to expect it.
 const char *zof_fs_get_real_path(const char *path);
 
-// Files through LVGL's file layer, on plain and drive paths. Opened handles are released by the close. Open gives null on
-// failure; read and write give the bytes done, tell the position, the others 0; failures are negative. Closing null is 0.
+// Files through LVGL's file layer, on plain and drive paths. Opened handles are released by the close. Open gives null
+// on failure; read and write give the bytes done, tell the position, the others 0; failures are negative. Closing null
+// is 0.
 lv_fs_file_t *zof_fs_open(const char *path, lv_fs_mode_t mode);
 s32 zof_fs_close(lv_fs_file_t *f);
 s32 zof_fs_read(lv_fs_file_t *f, void *buf, u32 n);

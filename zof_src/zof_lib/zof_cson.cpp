@@ -1,5 +1,5 @@
-// The ground of the reflection engine: the tables of bare elements, the access to fields, and the walk over a record that
-// printing and releasing share.
+// The ground of the reflection engine: the tables of bare elements, the access to fields, and the walk over a record
+// that printing and releasing share.
 #include "zof_lib/zof_cson.h"
 
 #include <cstring>

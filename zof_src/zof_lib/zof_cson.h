@@ -57,7 +57,8 @@ typedef struct reflect_item {
 #define CSON_BOOL(T, field) CSON_SCALAR(T, field, CSON_TRUE)
 #define CSON_TEXT(T, field) CSON_SCALAR(T, field, CSON_STRING)
 #define CSON_DOUBLE(T, field) CSON_SCALAR(T, field, CSON_REAL)
-#define CSON_OBJ(T, field, tbl) {#field, offsetof(T, field), sizeof(((T *)0)->field), CSON_OBJECT, tbl, 0, 0, CSON_NULLABLE}
+#define CSON_OBJ(T, field, tbl) \
+    {#field, offsetof(T, field), sizeof(((T *)0)->field), CSON_OBJECT, tbl, 0, 0, CSON_NULLABLE}
 #define CSON_ARR(T, field, tbl, item, count) \
     {#field, offsetof(T, field), sizeof(((T *)0)->field), CSON_ARRAY, tbl, item, count, CSON_NULLABLE}
 #define CSON_END {0, 0, 0, 0, 0, 0, 0, 0}
@@ -68,7 +69,8 @@ extern const reflect_item_t integerReflectTbl[];
 extern const reflect_item_t stringReflectTbl[];
 extern const reflect_item_t realReflectTbl[];
 
-// The JSON library behind the engine, so that it can be exchanged. All slots MANDATORY; `csomImpl` is filled with cJSON.
+// The JSON library behind the engine, so that it can be exchanged. All slots MANDATORY; `csomImpl` is filled with
+// cJSON.
 typedef struct {
     void *(*object_get)(const void *obj, const char *key);
     s32 (*type_of)(const void *v);
@@ -96,15 +98,15 @@ extern const cson_interface csomImpl;
 
 typedef void (*cson_visit)(void *field, const reflect_item_t *row);
 
-// Fills `record` from a parsed JSON object, row by row. A key that is absent or does not fit leaves its field exactly as
-// it was, which is what lets one object overlay another. Numbers are truncated towards zero; 2147483647 reads as 0. Texts
-// and arrays are allocated with zof_malloc and belong to the record; what a field pointed at before is not released.
-// Bad elements of an array are dropped and the following close up. The tree may be deleted afterwards.
+// Fills `record` from a parsed JSON object, row by row. A key that is absent or does not fit leaves its field exactly
+// as it was, which is what lets one object overlay another. Numbers are truncated towards zero; 2147483647 reads as 0.
+// Texts and arrays are allocated with zof_malloc and belong to the record; what a field pointed at before is not
+// released. Bad elements of an array are dropped and the following close up. The tree may be deleted afterwards.
 // CSON_OK, or the code of the first failing row that is not nullable; the rows after it are then not read.
 s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *table);
 
-// Adds the record's fields to an existing JSON object. A nullable row that fails is left out with a line; the code of the
-// first failing row that is not nullable is returned, and the object is then as it was.
+// Adds the record's fields to an existing JSON object. A nullable row that fails is left out with a line; the code of
+// the first failing row that is not nullable is returned, and the object is then as it was.
 s32 csonStruct2JsonObj(void *json, void *record, const reflect_item_t *table);
 
 // The record as unformatted JSON text, which the caller releases with cJSON_free. On failure *text is not touched.
@@ -117,8 +119,8 @@ s32 csonLoopProperty(void *record, const reflect_item_t *table, cson_visit visit
 // Prints every number, boolean and text of the record, one line each.
 s32 csonPrintProperty(void *record, const reflect_item_t *table);
 
-// Releases every text and array of the record and sets the pointers to null: twice is as good as once. The record itself
-// stays the caller's.
+// Releases every text and array of the record and sets the pointers to null: twice is as good as once. The record
+// itself stays the caller's.
 s32 csonFreePointer(void *record, const reflect_item_t *table);
 
 ZOF_C_END

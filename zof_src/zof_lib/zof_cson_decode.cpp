@@ -1,5 +1,5 @@
-// From JSON to records. A row that fails leaves its field alone: a control's style is decoded over a copy of its theme's
-// style and must change only the keys that it names.
+// From JSON to records. A row that fails leaves its field alone: a control's style is decoded over a copy of its
+// theme's style and must change only the keys that it names.
 #include <cstring>
 
 #include "zof_lib/zof_cson_in.h"

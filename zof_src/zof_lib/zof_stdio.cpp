@@ -1,5 +1,6 @@
 // Console log and accounted memory. Each block carries a header with its size and its family's counter: the usable size
-// that a system reports is rounded, and counters fed from it drift; these stay exact, so "memory is flat" can be proved.
+// that a system reports is rounded, and counters fed from it drift; these stay exact, so "memory is flat" can be
+// proved.
 #include "zof_lib/zof_stdio.h"
 
 #include <atomic>

@@ -18,8 +18,8 @@ u32 zof_rev32(u32 v);
 // How many bytes of the text equal `c`; 0 for null.
 u32 charCount(const char *text, char c);
 
-// A decimal number with an optional sign, up to the first character that is no digit. Blanks are not skipped: they, like
-// any other first character, give 0. Saturates at the ends of s32. Null gives 0.
+// A decimal number with an optional sign, up to the first character that is no digit. Blanks are not skipped: they,
+// like any other first character, give 0. Saturates at the ends of s32. Null gives 0.
 s32 zof_atoi(const char *text);
 
 ZOF_C_END

@@ -1,4 +1,5 @@
-// The list behind every collection of the runtime. Circular through a sentinel, so that no operation has an end to test.
+// The list behind every collection of the runtime. Circular through a sentinel, so that no operation has an end to
+// test.
 #include "zof_lib/dblist/db_list.h"
 
 #include "zof_lib/zof_stdio.h"

@@ -17,7 +17,8 @@ typedef struct {
     s32 count;
     db_node *current; // cursor of get_current_data; steps back when its node is removed
     db_node *head;    // sentinel: holds no data
-    // 0 for a match; called with null data it must not fail. Set by the owner after creation; without it nothing is found.
+    // 0 for a match; called with null data it must not fail. Set by the owner after creation; without it nothing is
+    // found.
     int (*compare)(void *data, void *key);
 } db_list;
 
@@ -28,8 +29,8 @@ db_list *db_list_create(void);
 s32 __db_list_put_tail(db_list *list, void *data);
 s32 __db_list_put_head(db_list *list, void *data);
 
-// Both make `data` the element at position `pos`, which must be in 1 to `count`; an empty list takes 0 only. -1 for null
-// data or any other position: the list then stays as it was.
+// Both make `data` the element at position `pos`, which must be in 1 to `count`; an empty list takes 0 only. -1 for
+// null data or any other position: the list then stays as it was.
 s32 __db_list_insert_before(db_list *list, s32 pos, void *data);
 s32 __db_list_insert_after(db_list *list, s32 pos, void *data);
 
