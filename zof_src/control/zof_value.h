@@ -19,7 +19,7 @@ s32 zof_arc_create(para_t *record, lv_obj_t *parent, void *attr);
 // Frees the paths of an arc's pictures, once its object is gone: 0, or -1 for a record that was not created.
 s32 zof_arc_del(para_t *record);
 
-// Part 0 is the background, 1 the indicator; others have no effect.
+// `part`: 0 is the background, 1 the indicator; others have no effect.
 s32 zof_arc_set_dis(zof_ctrl_t *ctrl, u32 part, const zof_line_disp_t *dis);
 s32 zof_arc_set_knob(zof_ctrl_t *ctrl, zof_color_t color);
 s32 zof_arc_set_value_range(zof_ctrl_t *ctrl, s16 min, s16 max);
