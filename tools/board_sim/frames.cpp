@@ -114,8 +114,13 @@ std::string frame_tell(const bytes &f)
     }
     std::string out = (write ? "write " : "report ") + register_tell(addr) + " =";
     for (size_t at = write ? 6 : 7; at + 1 < f.size(); at += 2) {
-        out += " " + std::to_string(f[at] << 8 | f[at + 1]);
+        out += ' ';
+        out += std::to_string(f[at] << 8 | f[at + 1]);
     }
-    const std::string unit = unit_of(addr);
-    return unit.empty() ? out : out + " " + unit;
+    const char *unit = unit_of(addr);
+    if (*unit) {
+        out += ' ';
+        out += unit;
+    }
+    return out;
 }
