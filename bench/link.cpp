@@ -8,7 +8,7 @@
 
 void measure_link() {
     panel_up();
-    enum { FRAMES = 20000 };
+    static constexpr int FRAMES = 20000;
     u16 value = 0;
     const double frames = median_ms(5, [&value] {
         for (int i = 0; i < FRAMES; i++) {
