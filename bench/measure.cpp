@@ -1,4 +1,5 @@
 // usage: zof_measure redraw|load|link|start|bare      prints rows of a table: what, ours, compared with, ratio
+//        zof_measure ours|plain VIEW                  one full redraw, for an instruction counter
 #include "measure.h"
 
 #include <cstring>
@@ -14,6 +15,7 @@ void panel_up() {
     }
     lv_init();
     zof_drv_init();
+    measure_first_frame();
     zof_func_pwon();
     zof_mutex_lock(dis_mutex);
     zof_prj_create(zof_views_fun, ZOF_VIEW_COUNT);
@@ -36,6 +38,10 @@ int main(int argc, char **argv) {
             fflush(stdout);
             _exit(0); // threads of the runtime still run
         }
+    }
+    if (argc == 3) {
+        measure_count((u32)atoi(argv[2]), strcmp(argv[1], "plain") == 0);
+        _exit(0);
     }
     fprintf(stderr, "usage: zof_measure redraw|load|link|start|bare\n");
     return 2;

@@ -25,8 +25,10 @@ inline double median_ms(int times, const std::function<void()> &call) {
 // Brings the runtime up on the panel's project, off the screen.
 void panel_up();
 
+void measure_first_frame();
 void measure_start(bool bare);
 void measure_redraw();
+void measure_count(u32 view, bool plain);
 void measure_load();
 void measure_link();
 
