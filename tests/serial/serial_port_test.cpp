@@ -4,9 +4,11 @@
 #include <mutex>
 #include <thread>
 
+#include "drv/zof_lock.h"
 #include "port/host_linux_line.h"
 #include "port/zof_port.h"
 #include "serial_pty.h"
+#include "temp_project.h"
 
 #include <asm/termbits.h>
 #include <sys/ioctl.h>
@@ -172,6 +174,77 @@ TEST_CASE("serial: a far end that does not read costs a moment once, and the lin
     while (!pty_read(pty, 4096).empty() && zof_drv_uart_send(port, (const u8 *)"again", 5) != 5) {
     }
     CHECK(zof_drv_uart_send(port, (const u8 *)"again", 5) == 5);
+}
+
+// Milliseconds of the longest of many sends, while `far_end` does what it does.
+static u32 longest_send(zof_drv_t *port, u32 during_ms, const std::function<void()> &far_end) {
+    const bytes frame(200, 7);
+    u32 longest = 0;
+    for (const u32 start = zof_sys_time_ms(); zof_sys_time_ms() - start < during_ms;) {
+        const u32 before = zof_sys_time_ms();
+        zof_drv_uart_send(port, frame.data(), (u32)frame.size());
+        longest = std::max(longest, zof_sys_time_ms() - before);
+        far_end();
+    }
+    return longest;
+}
+
+TEST_CASE("serial: a far end that reads drop by drop, or goes away while the panel sends, never holds the panel up") {
+    serial_pty pty;
+    zof_drv_t *port = open_port(pty, 41);
+    REQUIRE(port);
+    size_t lines = 0;
+    const std::string log = printed([&] {
+        u8 drop;
+        CHECK(longest_send(port, 1500, [&] { (void)!read(pty.line.fd, &drop, 1); }) < 500); // 50, and a busy machine
+    });
+    for (size_t at = 0; (at = log.find("does not read", at)) != std::string::npos; at++) {
+        lines++;
+    }
+    CHECK(lines >= 1);
+    CHECK(lines <= 2); // once a second at most
+    // The cable goes and comes, again and again, in the middle of it all.
+    std::atomic<bool> over{false};
+    std::thread far_end([&] {
+        while (!over) {
+            wire_unplug(pty.line);
+            usleep(30000);
+            wire_plug(pty.line);
+            usleep(150000);
+        }
+    });
+    CHECK(longest_send(port, 2000, [] { usleep(2000); }) < 500);
+    over = true;
+    far_end.join();
+    CHECK(eventually([&] { return zof_drv_uart_send(port, (const u8 *)"x", 1) == 1; }));
+}
+
+TEST_CASE("serial: of what a client has no room for one line tells, once a second at most") {
+    serial_pty pty;
+    zof_drv_t *port = open_port(pty, 42);
+    REQUIRE(port);
+    zof_drv_uart_rev_set_bfun(port, on_message, 0);
+    u32 waited = 0;
+    std::string log;
+    {
+        zof_lock gui(dis_mutex); // the client cannot take anything over
+        log = printed([&] {
+            const u32 start = zof_sys_time_ms();
+            // Large pieces that do not fit, and small ones that do.
+            for (int i = 0; i < 200; i++) {
+                pty_write(pty, bytes(i < 12 || i % 2 ? 170 : 1, 9));
+                usleep(8000);
+            }
+            waited = zof_sys_time_ms() - start;
+        });
+    }
+    size_t lines = 0;
+    for (size_t at = 0; (at = log.find("bytes are lost", at)) != std::string::npos; at++) {
+        lines++;
+    }
+    CHECK(lines >= 1);
+    CHECK(lines <= waited / 1000 + 1);
+    CHECK(eventually([] { return got_bytes() > 0; }));
 }
 
 TEST_CASE("serial: closing silences the clients and a later open gives them their voice back") {

@@ -2,6 +2,7 @@
 // ping-pong buffer. A message ends with a silence of `timeout` ms. Ports live for the whole run; closing one only
 // silences its clients.
 #include <atomic>
+#include <mutex>
 
 #include "drv/zof_drv_uart.h"
 #include "drv/zof_lock.h"
@@ -9,7 +10,7 @@
 #include "zof_lib/zof_stdio.h"
 
 enum { PORT_COUNT = 256, BUF_LEN = 2048, BUF_LEN_MIN = 1024, BUF_LEN_MAX = 1024 * 1024 };
-enum { CLIENT_BUF_MIN = 2048, CLIENT_BUF_MAX = 102400, TIMEOUT_MIN = 5, TIMEOUT_MAX = 1000 };
+enum { CLIENT_BUF_MIN = 2048, CLIENT_BUF_MAX = 102400, TIMEOUT_MIN = 5, TIMEOUT_MAX = 1000, TELL_MS = 1000 };
 
 // The receive context of one open port. What two threads look at is atomic; buffers have their own lock. A client's
 // `run` is raised last, when its buffer and semaphore stand.
@@ -20,6 +21,7 @@ struct uart_client {
     std::atomic<u8> run;
     u32 lost;      // bytes that found no room since the last line about it; reader thread only
     u32 lost_said; // time of that line
+    bool told;     // there has been one
 };
 
 struct uart_context {
@@ -29,8 +31,8 @@ struct uart_context {
     uart_client ui;
     std::atomic<uart_rev_bfun> ui_bfun;
     uart_client hmi;
-    std::atomic<uart_hmi_rev_bfun> hmi_bfun;
-    std::atomic<void *> hmi_arg;
+    uart_hmi_rev_bfun hmi_bfun; // under hmi_lock, so that no callback meets another one's argument
+    void *hmi_arg;
     std::atomic<u8> open_flag;
 };
 
@@ -38,6 +40,8 @@ const zof_drv_uart_ops_t *drv_uart_t;
 
 // Open ports by number. A slot is never emptied: a port is opened once and its threads live for the whole run.
 static std::atomic<zof_drv_t *> uart_drvs_t[PORT_COUNT];
+
+static std::mutex hmi_lock;
 
 static u32 clamp(u32 v, u32 lo, u32 hi)
 {
@@ -75,21 +79,21 @@ static s32 resolve_port(const zof_uart_cfg_t *cfg)
     return port < 0 ? -1 : port;
 }
 
-// A chunk that finds no room is lost whole. A peer that never falls silent would fill the log with that, so the loss is
-// added up and told once a second.
+// A chunk that finds no room is lost whole. A peer that never falls silent would fill the log with that, so what is
+// lost is added up and told once a second at most.
 static void feed(uart_client *client, const zof_drv_t *handle, const u8 *data, u32 size)
 {
     const u32 now = zof_sys_time_ms();
-    const bool tell = client->lost == 0 || now - client->lost_said >= 1000;
+    const bool tell = !client->told || now - client->lost_said >= TELL_MS;
     const bool fits = size <= client->buf->size - pipo_buf_get_pi_len(client->buf);
-    if ((fits || tell) && pipo_buff_set_pi(client->buf, data, size) == 0) {
-        client->lost = 0;
-    } else {
+    if (!(fits || tell) || pipo_buff_set_pi(client->buf, data, size) != 0) {
         client->lost += size;
         if (tell) {
-            zof_printf("serial port %d: its peer leaves no silence between frames; %u bytes are lost so far",
-                       handle->port, client->lost);
+            zof_printf("serial port %d: its peer leaves no silence between frames; %u bytes are lost", handle->port,
+                       client->lost);
+            client->told = true;
             client->lost_said = now;
+            client->lost = 0;
         }
     }
     zof_sem_release(client->sem);
@@ -144,9 +148,15 @@ static void zof_uart_hmi_recive_data_th(void *arg)
     while (port_stands(handle)) {
         wait_for_message(&ctx->hmi, ctx);
         pipo_half *half = pipo_buff_get_pi_and_switch(ctx->hmi.buf);
-        const uart_hmi_rev_bfun fun = ctx->hmi_bfun;
+        uart_hmi_rev_bfun fun;
+        void *fun_arg;
+        {
+            std::lock_guard guard(hmi_lock);
+            fun = ctx->hmi_bfun;
+            fun_arg = ctx->hmi_arg;
+        }
         if (half->len && fun) {
-            fun(half->read, half->len + half->t_len, ctx->hmi_arg);
+            fun(half->read, half->len + half->t_len, fun_arg);
         }
     }
 }
@@ -168,6 +178,16 @@ static void zof_uart_ui_recive_data_th(void *arg)
     ctx->ui_bfun = nullptr;
 }
 
+// A port that cannot be used leaves no trace.
+static zof_drv_t *open_undo(zof_drv_t *handle)
+{
+    zof_free(handle->context);
+    if (drv_uart_t->close) {
+        drv_uart_t->close(handle);
+    }
+    return nullptr;
+}
+
 static zof_drv_t *open_new(zof_uart_cfg_t *cfg, s32 port)
 {
     if (!drv_uart_t || !drv_uart_t->open) {
@@ -179,16 +199,20 @@ static zof_drv_t *open_new(zof_uart_cfg_t *cfg, s32 port)
         return nullptr;
     }
     auto *ctx = (uart_context *)zof_malloc(sizeof(uart_context));
-    if (!ctx) {
-        drv_uart_t->close(handle);
-        return nullptr;
-    }
     handle->type = ZOF_DRV_UART;
     handle->port = (u8)port;
     handle->context = ctx;
+    if (!ctx) {
+        return open_undo(handle);
+    }
     ctx->buf_len = BUF_LEN;
-    uart_drvs_t[port] = handle;
+    uart_drvs_t[port] = handle; // first: the reader runs for as long as its port stands here
     ctx->thread = zof_thread_create("zof uart", zof_uart_recive_data_th, handle, 2048, 1);
+    if (!ctx->thread) {
+        zof_printf("serial port %d: its reader thread cannot be started", port);
+        uart_drvs_t[port] = nullptr;
+        return open_undo(handle);
+    }
     return handle;
 }
 
@@ -265,54 +289,49 @@ void zof_drv_uart_rev_set_timeout(zof_drv_t *handle, u32 ms)
     }
 }
 
-// Buffer, semaphore and thread of a client, made at its first registration; 0 or -1.
-static s32 client_start(uart_client *client, uart_context *ctx, u32 size, u32 t_size)
+// Buffer, semaphore and thread of a client, made at its first registration; 0 or -1. What was made stays for another try.
+static s32 client_start(uart_client *client, zof_drv_t *handle, u32 size, u32 t_size, const char *name,
+                        void (*body)(void *), u32 stack)
 {
-    if (client->run) {
+    if (client->thread) {
         return 0;
     }
+    uart_context *ctx = context_of(handle);
     client->buf = client->buf ? client->buf : pipo_buff_create(clamp(size, CLIENT_BUF_MIN, CLIENT_BUF_MAX), t_size);
     client->sem = client->sem ? client->sem : zof_sem_create(0);
     ctx->timeout = (u16)clamp(ctx->timeout, TIMEOUT_MIN, TIMEOUT_MAX);
     if (!client->buf || !client->sem) {
         return -1;
     }
-    client->run = 1;
-    return 1;
+    client->run = 1; // before the thread, which looks at it
+    client->thread = zof_thread_create(name, body, handle, stack, 2);
+    if (!client->thread) {
+        zof_printf("serial port %d: the thread \"%s\" cannot be started", handle->port, name);
+        client->run = 0;
+        return -1;
+    }
+    return 0;
 }
 
 s32 zof_drv_uart_rev_set_bfun(zof_drv_t *handle, uart_rev_bfun fun, u32 size)
 {
     uart_context *ctx = context_of(handle);
-    if (!ctx) {
-        return -1;
-    }
-    const s32 started = client_start(&ctx->ui, ctx, size, 0);
-    if (started < 0) {
+    if (!ctx || client_start(&ctx->ui, handle, size, 0, "zof uart ui", zof_uart_ui_recive_data_th, 102400) != 0) {
         return -1;
     }
     ctx->ui_bfun = fun;
-    if (started) {
-        ctx->ui.thread = zof_thread_create("zof uart ui", zof_uart_ui_recive_data_th, handle, 102400, 2);
-    }
     return 0;
 }
 
 s32 zof_drv_uart_hmi_rev_set_bfun(zof_drv_t *handle, uart_hmi_rev_bfun fun, void *arg, u32 size, u32 t_size)
 {
     uart_context *ctx = context_of(handle);
-    if (!ctx) {
+    if (!ctx || client_start(&ctx->hmi, handle, size, t_size, "zof uart hmi", zof_uart_hmi_recive_data_th, 20480) != 0) {
         return -1;
     }
-    const s32 started = client_start(&ctx->hmi, ctx, size, t_size);
-    if (started < 0) {
-        return -1;
-    }
-    ctx->hmi_arg = arg;
+    std::lock_guard guard(hmi_lock);
     ctx->hmi_bfun = fun;
-    if (started) {
-        ctx->hmi.thread = zof_thread_create("zof uart hmi", zof_uart_hmi_recive_data_th, handle, 20480, 2);
-    }
+    ctx->hmi_arg = arg;
     return 0;
 }
 

@@ -56,7 +56,7 @@ s32 pipo_buff_delete(pipo_buff *b)
 
 s32 pipo_buff_set_pi(pipo_buff *b, const u8 *data, u32 size)
 {
-    if (!b || !data || size == 0) {
+    if (!b || !data) {
         return -1;
     }
     zof_lock guard(b->mutex);

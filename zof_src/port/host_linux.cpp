@@ -11,6 +11,7 @@
 
 #include <SDL.h>
 
+#include "port/host_linux_line.h"
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -21,7 +22,7 @@ struct zof_host_dir {
 // The test's clock, or null for the host's own; read by every thread.
 static std::atomic<const zof_clock_t *> g_clock{nullptr};
 
-static u64 monotonic_ms()
+u64 host_monotonic_ms(void)
 {
     timespec now;
     clock_gettime(CLOCK_MONOTONIC, &now);
@@ -35,9 +36,9 @@ void zof_clock_set(const zof_clock_t *clock)
 
 u32 zof_host_time_ms(void)
 {
-    static const u64 start = monotonic_ms();
+    static const u64 start = host_monotonic_ms();
     const zof_clock_t *clock = g_clock;
-    return clock ? clock->now_ms() : (u32)(monotonic_ms() - start);
+    return clock ? clock->now_ms() : (u32)(host_monotonic_ms() - start);
 }
 
 void zof_host_delay_ms(u32 ms)

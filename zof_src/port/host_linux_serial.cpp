@@ -1,5 +1,6 @@
 // Linux serial lines over termios2, so that any rate can be set, not only those with a constant. One lock guards the
-// descriptor: the reader thread takes it only to swap the descriptor of a device that went away and came back.
+// descriptor: the reader thread takes it only to swap the descriptor of a device that went away and came back, never
+// while it opens or closes one, because senders wait for it with the graphics lock in hand.
 #include <asm/termbits.h>
 #include <errno.h>
 #include <fcntl.h>
@@ -20,14 +21,15 @@
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
-enum { RETRY_MS = 100, SEND_WAIT_MS = 50 };
+enum { RETRY_MS = 100, SEND_WAIT_MS = 50, CHOKED_MS = 1000 };
 
 struct zof_host_serial {
-    std::mutex lock; // guards fd, line and choked
+    std::mutex lock; // guards fd, line, choked and patience
     std::atomic<int> users; // the owner, and each thread inside receive; the last one out releases it
     int fd;          // -1 while the device is away
     int wake;        // readable once the line is closed
     bool choked;     // the far end does not read: no waiting until it does
+    u64 patience;    // nor before this time
     zof_host_line_t line;
     char path[256];
 };
@@ -82,7 +84,7 @@ static int device_open(const char *path, const zof_host_line_t *line, const char
     } else if (!line_apply(fd, line)) {
         *why = errno == ENOTTY ? "it is no serial line" : strerror(errno);
     } else {
-        ioctl(fd, TIOCEXCL);
+        // No TIOCEXCL: a pseudo-terminal that its far end keeps open would stay locked after this process has ended.
         ioctl(fd, TCFLSH, TCIOFLUSH);
         return fd;
     }
@@ -144,32 +146,45 @@ s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line)
     return 0;
 }
 
-// The caller holds the graphics lock, so a far end that does not read may cost SEND_WAIT_MS once and nothing after.
+static bool room_wait(const zof_host_serial_t *s, u64 deadline)
+{
+    const u64 now = host_monotonic_ms();
+    pollfd p = {s->fd, POLLOUT, 0};
+    return now < deadline && poll(&p, 1, (int)(deadline - now)) > 0 && (p.revents & POLLOUT);
+}
+
+// The caller holds the graphics lock, so a far end that does not read may cost SEND_WAIT_MS once and nothing after, and
+// one that reads drop by drop the same once in CHOKED_MS. Of a device that is gone the reader tells.
 s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size)
 {
     std::lock_guard guard(s->lock);
+    const u64 start = host_monotonic_ms();
+    const bool patient = !s->choked && start >= s->patience;
     u32 sent = 0;
     while (s->fd >= 0 && sent < size) {
         const ssize_t n = write(s->fd, data + sent, size - sent);
         if (n > 0) {
             sent += (u32)n;
-            s->choked = false;
-            continue;
-        }
-        if (n < 0 && errno == EINTR) {
-            continue;
-        }
-        pollfd p = {s->fd, POLLOUT, 0};
-        if (n < 0 && errno == EAGAIN && !s->choked && poll(&p, 1, SEND_WAIT_MS) > 0 && (p.revents & POLLOUT)) {
-            continue;
-        }
-        if (!s->choked) {
-            zof_printf("serial line %s: the far end does not read; %u of %u bytes are lost", s->path, size - sent, size);
+        } else if (n < 0 && errno == EAGAIN) {
+            if (patient && room_wait(s, start + SEND_WAIT_MS)) {
+                continue;
+            }
+            if (patient) {
+                zof_printf("serial line %s: the far end does not read; %u of %u bytes are lost", s->path, size - sent,
+                           size);
+                s->patience = start + CHOKED_MS;
+            }
             s->choked = true;
+            return -1;
+        } else if (n == 0 || errno != EINTR) {
+            return -1;
         }
+    }
+    if (sent < size) {
         return -1;
     }
-    return sent == size ? (s32)size : -1;
+    s->choked = false;
+    return (s32)size;
 }
 
 static bool closing(zof_host_serial_t *s, int wait_ms)
@@ -180,21 +195,37 @@ static bool closing(zof_host_serial_t *s, int wait_ms)
 
 static void device_lost(zof_host_serial_t *s)
 {
-    std::lock_guard guard(s->lock);
-    close(s->fd);
-    s->fd = -1;
+    int gone;
+    {
+        std::lock_guard guard(s->lock);
+        gone = s->fd;
+        s->fd = -1;
+    }
+    close(gone);
     zof_printf("serial line %s: the device is gone; waiting for it", s->path);
+}
+
+static zof_host_line_t line_now(zof_host_serial_t *s)
+{
+    std::lock_guard guard(s->lock);
+    return s->line;
 }
 
 // Blocks until the device is there again; false when the line is closed meanwhile.
 static bool device_wait(zof_host_serial_t *s)
 {
     while (!closing(s, RETRY_MS)) {
-        std::lock_guard guard(s->lock);
         const char *why;
-        s->fd = device_open(s->path, &s->line, &why);
-        if (s->fd >= 0) {
-            s->choked = false;
+        const zof_host_line_t line = line_now(s);
+        const int fd = device_open(s->path, &line, &why);
+        if (fd >= 0) {
+            {
+                std::lock_guard guard(s->lock);
+                line_apply(fd, &s->line); // it may have been changed meanwhile
+                s->fd = fd;
+                s->choked = false;
+                s->patience = 0;
+            }
             zof_printf("serial line %s: the device is back", s->path);
             return true;
         }
