@@ -31,6 +31,8 @@ static constexpr struct {
     {"auto_arm", &board_settings::auto_arm, 0, 1, REG_AUTO_ARM},
     {"last_on", &board_settings::last_on, 0, 1, 0},
     {"last_rail", &board_settings::last_rail, 0, RAIL_NONE, 0},
+    {"last_mv", &board_settings::last_mv, 0, 65535, 0},
+    {"last_ma", &board_settings::last_ma, 0, 65535, 0},
 };
 
 static void settings_load(board &b)
@@ -51,16 +53,26 @@ static void settings_load(board &b)
     fclose(f);
 }
 
+// Beside and renamed: a box whose power goes in the middle keeps what it had.
 static void settings_save(const board &b)
 {
-    FILE *f = b.settings_file.empty() ? nullptr : fopen(b.settings_file.c_str(), "w");
-    if (!f) {
+    if (b.settings_file.empty()) {
         return;
     }
+    const std::string beside = b.settings_file + ".new";
+    FILE *f = fopen(beside.c_str(), "w");
+    bool good = f != nullptr;
     for (const auto &row : settings_rows) {
-        fprintf(f, "%s = %u\n", row.name, b.settings.*row.field);
+        good = good && fprintf(f, "%s = %u\n", row.name, b.settings.*row.field) > 0;
     }
-    fclose(f);
+    if (f) {
+        good = fclose(f) == 0 && good;
+    }
+    static bool told;
+    if ((!good || rename(beside.c_str(), b.settings_file.c_str()) != 0) && !told) {
+        told = true;
+        fprintf(stderr, "board_sim: %s: the settings cannot be kept\n", b.settings_file.c_str());
+    }
 }
 
 static void push(board &b, uint16_t addr, uint16_t value)
@@ -141,12 +153,25 @@ bool board_select(board &b, uint16_t rail)
     b.target_mv = is_adjustable(r) && b.adj_mv ? std::clamp(b.adj_mv, r.vmin, r.vmax) : r.vmax;
     b.limit_ma = is_adjustable(r) && b.adj_ma ? std::min(b.adj_ma, r.imax) : r.imax;
     b.settings.last_rail = rail;
+    b.settings.last_mv = b.adj_mv;
+    b.settings.last_ma = b.adj_ma;
     settings_save(b);
     push(b, REG_RAIL_ACTIVE, rail);
     if (b.settings.auto_arm) {
         board_output(b, true);
     }
     return true;
+}
+
+void board_set_rails(board &b, std::vector<board_rail> rails)
+{
+    b.rails = std::move(rails);
+    if (b.rail != RAIL_NONE && b.rail >= b.rails.size()) {
+        b.rail = RAIL_NONE;
+        push(b, REG_RAIL_ACTIVE, RAIL_NONE);
+        board_output(b, false);
+    }
+    board_send_rails(b);
 }
 
 void board_send_rails(board &b)
@@ -213,6 +238,8 @@ void board_report(board &b, uint16_t addr, uint16_t value)
 void board_power_up(board &b)
 {
     settings_load(b);
+    b.adj_mv = b.settings.last_mv;
+    b.adj_ma = b.settings.last_ma;
     const uint16_t rail = b.settings.last_rail < b.rails.size() ? b.settings.last_rail : 0;
     const bool on = b.settings.boot_last && b.settings.last_on;
     const uint16_t auto_arm = b.settings.auto_arm;

@@ -26,6 +26,7 @@ struct board_settings {
     uint16_t auto_arm = 0;
     uint16_t last_on = 0;
     uint16_t last_rail = RAIL_NONE;
+    uint16_t last_mv = 0, last_ma = 0; // what an adjustable rail was set to
 };
 
 struct board {
@@ -58,6 +59,9 @@ void board_step(board &b, double ms);
 
 // The panel has reported a register.
 void board_report(board &b, uint16_t addr, uint16_t value);
+
+// Another source is plugged in. A rail in force that the new table does not have is given up, and the output with it.
+void board_set_rails(board &b, std::vector<board_rail> rails);
 
 void board_output(board &b, bool on);
 bool board_select(board &b, uint16_t rail);

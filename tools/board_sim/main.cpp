@@ -57,26 +57,114 @@ static bool parse_load(const std::string &text, board_load &load)
     char *end;
     const double v = strtod(text.c_str(), &end);
     const std::string unit = end;
-    if (end == text.c_str() || v <= 0 || (!unit.empty() && unit != "ohm" && unit != "A")) {
+    if (end == text.c_str() || !(v > 0 && v < 1e9) || (!unit.empty() && unit != "ohm" && unit != "A")) {
         return false;
     }
     load = unit == "A" ? board_load{10, v} : board_load{v, 0};
     return true;
 }
 
-static bool take_fault(const std::string &text)
+static std::vector<board_rail> first_rails(int n)
 {
-    const size_t at = text.find('=');
-    for (const fault_row &row : fault_rows) {
-        if (text.substr(0, at) == row.name) {
-            char *end = nullptr;
-            const char *amount = at == std::string::npos ? nullptr : text.c_str() + at + 1;
-            sim.line.faults.*row.amount = amount ? strtod(amount, &end) : row.normal;
-            return !amount || (end != amount && *end == 0);
-        }
-    }
-    return false;
+    std::vector<board_rail> rails = board_default_rails();
+    rails.resize((size_t)n);
+    return rails;
 }
+
+static bool number(const std::string &text, int &out)
+{
+    char *end;
+    const long v = strtol(text.c_str(), &end, 10);
+    out = (int)v;
+    return end != text.c_str() && *end == 0 && v >= 0 && v <= 65535;
+}
+
+using word_list = std::vector<std::string>;
+
+static bool cmd_load(const word_list &w)
+{
+    return parse_load(w[1], sim.box.load);
+}
+
+static bool cmd_rail(const word_list &w)
+{
+    int rail;
+    return number(w[1], rail) && board_select(sim.box, (uint16_t)rail);
+}
+
+static bool cmd_output(const word_list &w)
+{
+    if (w[1] != "on" && w[1] != "off") {
+        return false;
+    }
+    board_output(sim.box, w[1] == "on");
+    return true;
+}
+
+static bool cmd_rails(const word_list &w)
+{
+    int count;
+    if (!number(w[1], count) || count > RAIL_MAX) {
+        return false;
+    }
+    board_set_rails(sim.box, first_rails(count));
+    return true;
+}
+
+static void unplug()
+{
+    wire_unplug(sim.line);
+    sim.finder.kept.clear(); // a frame that was cut by it never ends
+}
+
+static bool cmd_unplug(const word_list &)
+{
+    unplug();
+    return true;
+}
+
+static bool cmd_plug(const word_list &)
+{
+    return wire_plug(sim.line);
+}
+
+static bool cmd_fault(const word_list &w)
+{
+    return fault_take(sim.line.faults, w[1]);
+}
+
+static bool cmd_read(const word_list &w)
+{
+    int addr, count;
+    if (!number(w[1], addr) || !number(w[2], count) || count > 255) {
+        return false;
+    }
+    wire_send(sim.line, frame_read((uint16_t)addr, (uint8_t)count), now_ms());
+    return true;
+}
+
+static bool cmd_quit(const word_list &)
+{
+    stop = 1;
+    return true;
+}
+
+static constexpr struct {
+    const char *name;
+    size_t count; // of words, with the name
+    const char *help;
+    bool (*run)(const word_list &w); // false: it cannot be done
+} commands[] = {
+    {"load", 2, "load 4.7 | load 2A", cmd_load},
+    {"rail", 2, "rail N               puts a rail in force", cmd_rail},
+    {"output", 2, "output on | output off", cmd_output},
+    {"rails", 2, "rails N              another source with N rails", cmd_rails},
+    {"unplug", 1, "unplug", cmd_unplug},
+    {"plug", 1, "plug", cmd_plug},
+    {"fault", 2, "fault NAME=AMOUNT    as on the command line; 0 ends it", cmd_fault},
+    {"read", 3, "read ADDR COUNT      asks the panel for registers", cmd_read},
+    {"quit", 1, "quit", cmd_quit},
+};
 
 static std::string faults_help()
 {
@@ -86,79 +174,59 @@ static std::string faults_help()
         snprintf(line, sizeof(line), "  %-8s %-7g %s\n", row.name, row.normal, row.help);
         out += line;
     }
-    return out + "\nScript: lines \"MS COMMAND\", MS counted from the start; commands:\n"
-                 "  load 4.7 | load 2A     rail N     output on|off     rails N (table changes)     unplug | plug\n"
-                 "  fault NAME=AMOUNT      read ADDR COUNT (asks the panel)      quit\n\n"
-                 "Example:  board_sim --link /tmp/board --trace        then:  ZOF_COM6=/tmp/board zof_bench\n";
+    out += "\nScript: lines \"MS COMMAND\", MS counted from the start and never falling; commands:\n";
+    for (const auto &row : commands) {
+        out += std::string("  ") + row.help + "\n";
+    }
+    return out + "\nExample:  board_sim --link /tmp/board --trace        then:  ZOF_COM6=/tmp/board zof_bench\n";
+}
+
+static bool script_fault(const std::string &place, const std::string &what)
+{
+    fprintf(stderr, "board_sim: %s: %s\n", place.c_str(), what.c_str());
+    return false;
+}
+
+// What can be seen without doing it: that there is such a command and that it has its words.
+static bool command_is(const script_line &s)
+{
+    for (const auto &row : commands) {
+        if (!s.words.empty() && s.words[0] == row.name) {
+            return s.words.size() == row.count || script_fault(s.place, std::string("wanted: ") + row.help);
+        }
+    }
+    return script_fault(s.place, "there is no such command");
 }
 
 static bool read_script(const std::string &path)
 {
     std::ifstream in(path);
+    if (!in) {
+        return script_fault(path, "the script cannot be read");
+    }
     std::string text;
+    double last = 0;
     for (int line = 1; std::getline(in, text); line++) {
-        std::istringstream words(text.substr(0, text.find('#')));
-        script_line s{0, {}, path + ":" + std::to_string(line)};
+        text.resize(std::min(text.find('#'), text.size()));
+        std::istringstream rest(text);
         std::string word;
-        if (!(words >> s.at_ms)) {
-            if (text.find_first_not_of(" \t\r") != std::string::npos && text[text.find_first_not_of(" \t")] != '#') {
-                fprintf(stderr, "board_sim: %s: a time in ms was expected\n", s.place.c_str());
-                return false;
-            }
+        script_line s{0, {}, path + ":" + std::to_string(line)};
+        if (text.find_first_not_of(" \t\r") == std::string::npos) {
             continue;
         }
-        while (words >> word) {
+        if (!(rest >> s.at_ms) || s.at_ms < last) {
+            return script_fault(s.place, "a time in ms was expected, not before the line above");
+        }
+        while (rest >> word) {
             s.words.push_back(word);
         }
+        if (!command_is(s)) {
+            return false;
+        }
+        last = s.at_ms;
         sim.script.push_back(s);
     }
-    return in.eof();
-}
-
-static void rails_count(int n)
-{
-    sim.box.rails = board_default_rails();
-    sim.box.rails.resize((size_t)std::clamp(n, 0, (int)RAIL_MAX));
-}
-
-// One script command; false when it cannot be understood.
-static bool run_command(const std::vector<std::string> &w)
-{
-    const std::string arg = w.size() > 1 ? w[1] : "";
-    if (w.empty()) {
-        return false;
-    }
-    if (w[0] == "load") {
-        return parse_load(arg, sim.box.load);
-    }
-    if (w[0] == "rail") {
-        return board_select(sim.box, (uint16_t)atoi(arg.c_str()));
-    }
-    if (w[0] == "output") {
-        board_output(sim.box, arg == "on");
-        return arg == "on" || arg == "off";
-    }
-    if (w[0] == "rails") {
-        rails_count(atoi(arg.c_str()));
-        board_send_rails(sim.box);
-        return true;
-    }
-    if (w[0] == "unplug") {
-        wire_unplug(sim.line);
-        return true;
-    }
-    if (w[0] == "plug") {
-        return wire_plug(sim.line);
-    }
-    if (w[0] == "fault") {
-        return take_fault(arg);
-    }
-    if (w[0] == "read" && w.size() == 3) {
-        wire_send(sim.line, frame_read((uint16_t)atoi(arg.c_str()), (uint8_t)atoi(w[2].c_str())), now_ms());
-        return true;
-    }
-    stop = w[0] == "quit";
-    return stop;
+    return true;
 }
 
 static void run_script(double now)
@@ -166,8 +234,10 @@ static void run_script(double now)
     while (!sim.script.empty() && sim.script.front().at_ms <= now && !stop) {
         const script_line s = sim.script.front();
         sim.script.pop_front();
-        if (!run_command(s.words)) {
-            fprintf(stderr, "board_sim: %s: it cannot be done\n", s.place.c_str());
+        for (const auto &row : commands) {
+            if (s.words[0] == row.name && !row.run(s.words)) {
+                script_fault(s.place, "it cannot be done");
+            }
         }
     }
 }
@@ -216,10 +286,12 @@ static void replug(double now)
     const double since = now - sim.plugged_ms;
     if (sim.line.fd >= 0 && since > period) {
         say("line", "unplugged");
-        wire_unplug(sim.line);
-    } else if (sim.line.fd < 0 && since > period + 1000 && wire_plug(sim.line)) {
-        say("line", "plugged in as " + sim.line.slave_name);
-        sim.plugged_ms = now;
+        unplug();
+    } else if (sim.line.fd < 0 && since > period + 1000) {
+        sim.plugged_ms = now; // also when it fails: it is tried again after the next pause
+        if (wire_plug(sim.line)) {
+            say("line", "plugged in as " + sim.line.slave_name);
+        }
     }
 }
 
@@ -228,10 +300,15 @@ static void receive()
     uint8_t buffer[1024];
     for (;;) {
         const ssize_t n = sim.line.fd >= 0 ? read(sim.line.fd, buffer, sizeof(buffer)) : -1;
-        if (n <= 0) {
-            return;
+        if (n > 0) {
+            frame_feed(sim.finder, buffer, (size_t)n);
+            continue;
         }
-        frame_feed(sim.finder, buffer, (size_t)n);
+        if (sim.line.fd >= 0 && (n == 0 || (errno != EAGAIN && errno != EINTR))) {
+            say("line", "it is gone");
+            unplug();
+        }
+        return;
     }
 }
 
@@ -258,7 +335,7 @@ int main(int argc, char **argv)
     options &opt = sim.opt;
     app.footer(faults_help());
     app.add_option("--link", sim.line.link, "make the pseudo-terminal known under this path")->type_name("PATH");
-    app.add_option("--tty", sim.line.tty, "use this serial line instead of a pseudo-terminal")->type_name("PATH");
+    app.add_option("--tty", sim.line.tty, "use this serial line instead of a pseudo-terminal")->type_name("PATH")->excludes("--link");
     app.add_option("--load", opt.load, "load at the output: 10 (ohms) or 2A (constant current)")->type_name("LOAD");
     app.add_option("--rails", opt.rails, "how many of the 13 rails the box offers")->check(CLI::Range(0, (int)RAIL_MAX));
     app.add_option("--state", sim.box.settings_file, "keep the box's settings in this file")->type_name("FILE");
@@ -270,7 +347,7 @@ int main(int argc, char **argv)
     app.add_flag("--no-noise", opt.quiet_noise, "readings without noise");
     CLI11_PARSE(app, argc, argv);
     for (const std::string &f : opt.faults) {
-        if (!take_fault(f)) {
+        if (!fault_take(sim.line.faults, f)) {
             fprintf(stderr, "board_sim: --fault knows no \"%s\"; see --help\n", f.c_str());
             return 2;
         }
@@ -280,7 +357,6 @@ int main(int argc, char **argv)
         return 2;
     }
     if (!opt.script.empty() && !read_script(opt.script)) {
-        fprintf(stderr, "board_sim: %s: the script cannot be read\n", opt.script.c_str());
         return 2;
     }
     sim.box.random.seed(opt.seed);
@@ -288,7 +364,7 @@ int main(int argc, char **argv)
     sim.box.noise = !opt.quiet_noise;
     sim.box.write = on_write;
     sim.finder.found = on_frame;
-    rails_count(opt.rails);
+    sim.box.rails = first_rails(opt.rails);
     if (!wire_plug(sim.line)) {
         return 1;
     }

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -18,6 +19,30 @@ const std::vector<fault_row> fault_rows = {
     {"replug", &wire_faults::replug, 5, "the cable is pulled every so many seconds, for one second"},
     {"mute", &wire_faults::mute, 1, "the board never sends anything"},
 };
+
+static constexpr double AMOUNT_MAX = 1e6;
+
+bool fault_take(wire_faults &faults, const std::string &text)
+{
+    const size_t at = text.find('=');
+    for (const fault_row &row : fault_rows) {
+        if (text.substr(0, at) != row.name) {
+            continue;
+        }
+        double amount = row.normal;
+        if (at != std::string::npos) {
+            const char *number = text.c_str() + at + 1;
+            char *end;
+            amount = strtod(number, &end);
+            if (end == number || *end || !(amount >= 0 && amount <= AMOUNT_MAX)) {
+                return false;
+            }
+        }
+        faults.*row.amount = amount;
+        return true;
+    }
+    return false;
+}
 
 static void make_raw(int fd)
 {
@@ -35,6 +60,30 @@ static bool fail(const std::string &what)
     return false;
 }
 
+// Only a link is replaced, left over or another board's; a file that happens to bear the name stays.
+static bool link_set(wire &w)
+{
+    if (w.link.empty()) {
+        return true;
+    }
+    struct stat st;
+    if (lstat(w.link.c_str(), &st) == 0 && S_ISLNK(st.st_mode)) {
+        unlink(w.link.c_str());
+    }
+    w.linked = symlink(w.slave_name.c_str(), w.link.c_str()) == 0;
+    return w.linked || fail(w.link);
+}
+
+static void link_remove(wire &w)
+{
+    char now[256];
+    const ssize_t n = w.linked ? readlink(w.link.c_str(), now, sizeof(now)) : -1;
+    if (n > 0 && std::string(now, (size_t)n) == w.slave_name) { // else another board has taken the name over
+        unlink(w.link.c_str());
+    }
+    w.linked = false;
+}
+
 static bool plug_pty(wire &w)
 {
     w.fd = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
@@ -47,13 +96,7 @@ static bool plug_pty(wire &w)
         return fail(w.slave_name);
     }
     make_raw(w.slave);
-    if (!w.link.empty()) {
-        unlink(w.link.c_str());
-        if (symlink(w.slave_name.c_str(), w.link.c_str()) != 0) {
-            return fail(w.link);
-        }
-    }
-    return true;
+    return link_set(w);
 }
 
 bool wire_plug(wire &w)
@@ -62,7 +105,11 @@ bool wire_plug(wire &w)
         return true;
     }
     if (w.tty.empty()) {
-        return plug_pty(w);
+        if (!plug_pty(w)) {
+            wire_unplug(w);
+            return false;
+        }
+        return true;
     }
     w.fd = open(w.tty.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (w.fd < 0) {
@@ -80,9 +127,7 @@ void wire_unplug(wire &w)
             *fd = -1;
         }
     }
-    if (!w.link.empty()) {
-        unlink(w.link.c_str());
-    }
+    link_remove(w);
     w.queue.clear();
 }
 

@@ -24,12 +24,16 @@ struct fault_row {
 };
 extern const std::vector<fault_row> fault_rows;
 
+// Takes "NAME" or "NAME=AMOUNT"; false for a name without a row and for an amount below 0 or beyond reason.
+bool fault_take(wire_faults &faults, const std::string &text);
+
 struct wire {
     int fd = -1;       // the pseudo-terminal's master, or the tty
     int slave = -1;    // kept open, so that a panel that leaves does not end the line
     std::string link;  // the name under which the panel finds the pseudo-terminal
     std::string tty;   // a given line instead
     std::string slave_name;
+    bool linked = false; // `link` is ours to remove
     wire_faults faults;
     std::mt19937 random;
 

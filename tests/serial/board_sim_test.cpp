@@ -1,0 +1,237 @@
+// The virtual board: its box as pure functions, and its program as people start it.
+#include "zof_test.h"
+
+#include <sys/wait.h>
+
+#include <map>
+
+#include "board.h"
+#include "temp_project.h"
+#include "wire.h"
+
+// A quiet box whose registers the test sees.
+struct seen_board {
+    board box;
+    std::map<u16, std::vector<u16>> regs; // every value written to a register, in order
+
+    seen_board()
+    {
+        box.rails = board_default_rails();
+        box.noise = false;
+        box.write = [this](u16 addr, const std::vector<u16> &words) {
+            for (u16 word : words) {
+                regs[addr].push_back(word);
+            }
+        };
+    }
+};
+
+static void settle(board &box, double ms)
+{
+    for (; ms > 0; ms -= 100) {
+        board_step(box, 100);
+    }
+}
+
+TEST_CASE("board: a rail ramps up behind its load, and energy is power over time")
+{
+    seen_board s;
+    board_power_up(s.box);
+    board_report(s.box, REG_RAIL_SELECT, 4);
+    board_step(s.box, 100);
+    CHECK(s.box.mv == 0); // chosen, but off
+    board_report(s.box, REG_OUT_REQ, 1);
+    board_step(s.box, 100);
+    CHECK(s.box.mv > 0);
+    CHECK(s.box.mv < 20000); // on its way
+    settle(s.box, 1000);
+    CHECK(s.regs[REG_LIVE_MV].back() == 20000);
+    CHECK(s.regs[REG_LIVE_MA].back() == 2000);
+    CHECK(s.regs[REG_LIVE_DW].back() == 400);
+    board_report(s.box, REG_SESS_RESET, 1);
+    CHECK(s.regs[REG_SESS_MWH_LO].back() == 0);
+    settle(s.box, 3600e3 * 2); // 40 W for two hours
+    const u32 mwh = s.regs[REG_SESS_MWH_LO].back() | (u32)s.regs[REG_SESS_MWH_HI].back() << 16;
+    CHECK(mwh >= 79999);
+    CHECK(mwh <= 80000);
+    board_report(s.box, REG_OUT_REQ, 0);
+    CHECK(s.regs[REG_OUT_STATE].back() == 0);
+    settle(s.box, 1000);
+    CHECK(s.regs[REG_LIVE_MV].back() == 0);
+    CHECK(s.regs[REG_LIVE_MA].back() == 0);
+}
+
+TEST_CASE("board: at its current limit a source folds back, and what an adjustable rail was asked for is kept to its range")
+{
+    seen_board s;
+    board_power_up(s.box);
+    board_report(s.box, REG_ADJ_MV, 12000);
+    board_report(s.box, REG_ADJ_MA, 1000);
+    board_report(s.box, REG_RAIL_SELECT, 7);
+    board_output(s.box, true);
+    s.box.load.ohms = 6;
+    settle(s.box, 2000);
+    CHECK(s.regs[REG_LIVE_MA].back() == 1000);
+    CHECK(s.regs[REG_LIVE_MV].back() == 6000);
+    s.box.load.amperes = 3; // a constant current that the source cannot give pulls it down
+    settle(s.box, 2000);
+    CHECK(s.regs[REG_LIVE_MA].back() == 1000);
+    CHECK(s.regs[REG_LIVE_MV].back() <= 500);
+    s.box.load = {100, 0};
+    board_report(s.box, REG_ADJ_MV, 60000);
+    board_report(s.box, REG_RAIL_SELECT, 7);
+    settle(s.box, 2000);
+    CHECK(s.regs[REG_LIVE_MV].back() == 21000);
+    CHECK(!board_select(s.box, 13));
+    CHECK(s.box.rail == 7);
+}
+
+TEST_CASE("board: settings outlive the box, and its output comes back only when it is asked to")
+{
+    temp_project_t folder;
+    const std::string file = folder.path("box.state");
+    const auto box_again = [&](seen_board &s) {
+        s.box.settings_file = file;
+        board_power_up(s.box);
+    };
+    {
+        seen_board s;
+        box_again(s);
+        CHECK(s.box.rail == 0);
+        board_report(s.box, REG_BRIGHT, 5); // below what it takes
+        board_report(s.box, REG_ADJ_MV, 12000);
+        board_report(s.box, REG_ADJ_MA, 2500);
+        board_report(s.box, REG_RAIL_SELECT, 7);
+        board_report(s.box, REG_OUT_REQ, 1);
+    }
+    {
+        seen_board s;
+        box_again(s);
+        CHECK(s.box.rail == 7);
+        CHECK(s.box.target_mv == 12000); // not the rail's maximum
+        CHECK(s.box.limit_ma == 2500);
+        CHECK(!s.box.on);
+        board_report(s.box, REG_SETTINGS_REQUEST, 1);
+        CHECK(s.regs[REG_BRIGHT].back() == 10);
+        board_report(s.box, REG_BOOT_STATE, 1);
+        board_report(s.box, REG_OUT_REQ, 1);
+    }
+    {
+        seen_board s;
+        box_again(s);
+        CHECK(s.box.on);
+        board_report(s.box, REG_OUT_REQ, 0);
+        board_report(s.box, REG_AUTO_ARM, 1);
+    }
+    seen_board s;
+    box_again(s);
+    CHECK(!s.box.on); // power-on is no choice of a rail
+    board_report(s.box, REG_RAIL_SELECT, 1);
+    CHECK(s.box.on);
+    std::ofstream(file) << "brightness = 70\nlast_rail = 99999\nnonsense";
+    seen_board broken;
+    box_again(broken);
+    CHECK(broken.box.settings.bright == 70);
+    CHECK(broken.box.rail == 0);
+}
+
+TEST_CASE("board: the rail table comes before its commit, and a rail that it lost is given up with the output")
+{
+    seen_board s;
+    std::vector<u16> order;
+    board_power_up(s.box);
+    board_select(s.box, 7);
+    board_output(s.box, true);
+    s.box.write = [&](u16 addr, const std::vector<u16> &words) {
+        order.push_back(addr);
+        s.regs[addr] = words;
+    };
+    board_report(s.box, REG_RAIL_REQUEST, 1);
+    CHECK(order == std::vector<u16>{REG_RAIL_BASE, REG_RAIL_COUNT, REG_RAIL_ACTIVE, REG_RAIL_COMMIT});
+    CHECK(s.regs[REG_RAIL_BASE].size() == 13 * 4);
+    board_set_rails(s.box, {{RAIL_FIX, 5000, 5000, 3000}});
+    CHECK(s.regs[REG_RAIL_ACTIVE][0] == RAIL_NONE);
+    CHECK(!s.box.on);
+    CHECK(order.back() == REG_RAIL_COMMIT);
+    board_output(s.box, true); // nothing to switch on
+    CHECK(!s.box.on);
+}
+
+TEST_CASE("board: faults are taken by name, with sensible amounts")
+{
+    wire_faults f;
+    for (const fault_row &row : fault_rows) {
+        CHECK(fault_take(f, row.name));
+        CHECK(f.*row.amount == row.normal);
+        CHECK(fault_take(f, std::string(row.name) + "=2.5"));
+        CHECK(f.*row.amount == 2.5);
+    }
+    for (const char *bad : {"", "=1", "smoke", "lose=", "lose=much", "lose=-1", "flood=1e12", "late=nan", "lose=1x"}) {
+        CHECK_MESSAGE(!fault_take(f, bad), bad);
+    }
+}
+
+// What the program prints, on both channels, and how it ends.
+static std::string board_sim(const std::string &arguments, int *status)
+{
+    std::string text;
+    FILE *pipe = popen((ZOF_BUILD_DIR "/tools/board_sim " + arguments + " 2>&1").c_str(), "r");
+    REQUIRE(pipe);
+    char part[512];
+    for (size_t n; (n = fread(part, 1, sizeof(part), pipe)) > 0;) {
+        text.append(part, n);
+    }
+    *status = WEXITSTATUS(pclose(pipe));
+    return text;
+}
+
+TEST_CASE("board: --help tells every fault, and what it cannot do is refused with its place")
+{
+    int status;
+    const std::string help = board_sim("--help", &status);
+    CHECK(status == 0);
+    for (const fault_row &row : fault_rows) {
+        CHECK(contains(help, row.help));
+    }
+    CHECK(contains(board_sim("--fault smoke", &status), "knows no \"smoke\""));
+    CHECK(status == 2);
+    CHECK(contains(board_sim("--load nan", &status), "--load wants"));
+    CHECK(status == 2);
+
+    temp_project_t folder;
+    const std::string script = folder.path("script");
+    const struct {
+        const char *text, *line;
+    } scripts[] = {{"0 load 5\nsoon quit\n", ":2: a time"},
+                   {"# first\n100 load 5\n50 quit\n", ":3: a time"},
+                   {"0 explode\n", ":1: there is no such command"},
+                   {"0\n", ":1: there is no such command"},
+                   {"0 read 16\n", ":1: wanted: read ADDR COUNT"}};
+    for (const auto &row : scripts) {
+        folder.write("script", row.text);
+        CHECK(contains(board_sim("--script " + script, &status), script + row.line));
+        CHECK(status == 2);
+    }
+    CHECK(contains(board_sim("--script " + script + ".not", &status), "cannot be read"));
+    CHECK(status == 2);
+    // What can only be seen when it is done is said then, and the rest goes on.
+    folder.write("script", "0 rail 13\r\n0 load 2A # amperes\n\n0 output up\n10 quit\n");
+    const std::string done = board_sim("--script " + script, &status);
+    CHECK(contains(done, ":1: it cannot be done"));
+    CHECK(contains(done, ":4: it cannot be done"));
+    CHECK(status == 0);
+}
+
+TEST_CASE("board: a file that bears the name of the link stays, and an old link is taken over")
+{
+    temp_project_t folder;
+    int status;
+    folder.write("file", "mine");
+    CHECK(contains(board_sim("--seconds 0.05 --link " + folder.path("file"), &status), "File exists"));
+    CHECK(status == 1);
+    CHECK(file_text(folder.path("file")) == "mine");
+    REQUIRE(symlink("/nowhere", folder.path("old").c_str()) == 0);
+    board_sim("--seconds 0.05 --link " + folder.path("old"), &status);
+    CHECK(status == 0);
+    CHECK(!std::filesystem::is_symlink(folder.path("old"))); // and is gone with the board
+}
