@@ -13,7 +13,7 @@
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_task.h"
 
-enum { STEP_MS = 10, TAP_MS = 60, LINE_SIZE = 512, ARG_COUNT = 6 };
+enum { STEP_MS = 10, TAP_MS = 60, LINE_SIZE = 512, ARG_COUNT = 6, NUMBER_MAX = 1000000000 };
 
 // The session under way. `deadline` is when the present command is over; `again` repeats it at the next step.
 static struct {
@@ -46,7 +46,7 @@ static s32 number(s32 index)
 {
     char *end;
     const long v = strtol(script.args[index], &end, 10);
-    if (*end) {
+    if (end == script.args[index] || *end || v < -NUMBER_MAX || v > NUMBER_MAX) {
         fault("a number was expected");
     }
     return (s32)v;
@@ -90,9 +90,10 @@ static step_e cmd_tap()
 
 static step_e cmd_drag()
 {
-    const s32 time = number(5) > 0 ? number(5) : 1;
-    const s32 now = (s32)elapsed() < time ? (s32)elapsed() : time;
-    pointer(number(1) + (number(3) - number(1)) * now / time, number(2) + (number(4) - number(2)) * now / time, ZOF_TRUE);
+    const s64 time = number(5) > 0 ? number(5) : 1;
+    const s64 now = elapsed() < time ? elapsed() : time;
+    pointer((s32)(number(1) + (number(3) - number(1)) * now / time),
+            (s32)(number(2) + (number(4) - number(2)) * now / time), ZOF_TRUE);
     if (now < time) {
         return AGAIN;
     }
@@ -170,6 +171,14 @@ static constexpr struct {
     {"view", 2, cmd_view},   {"print", 3, cmd_print}, {"until", 5, cmd_until}, {"quit", 1, cmd_quit},
 };
 
+static void trim_end(char *text)
+{
+    size_t size = strlen(text);
+    while (size && strchr(" \t\r", text[size - 1])) {
+        text[--size] = 0;
+    }
+}
+
 // Cuts the next line that holds a command into args; false at the end of the file.
 static bool next_line()
 {
@@ -184,6 +193,7 @@ static bool next_line()
         }
         memcpy(script.words, line, size);
         script.words[size] = 0;
+        trim_end(script.words);
         script.argc = 0;
         char *rest = script.words + strspn(script.words, " \t");
         if (*rest && *rest != '#') {

@@ -22,10 +22,10 @@ static void stamp(cJSON *root, const char *time)
 
 s32 zof_win_cmd(int argc, char **argv)
 {
-    if (argc < 3) {
+    if (argc < 3 || !argv) {
         return -1;
     }
-    if (argv[1][0] != 't' || strlen(argv[2]) < 2) {
+    if (!argv[1] || !argv[2] || argv[1][0] != 't' || strlen(argv[2]) < 2) {
         return 0;
     }
     char *text = GetJsonFile(prj_file);

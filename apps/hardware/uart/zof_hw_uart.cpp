@@ -52,7 +52,7 @@ s32 zof_reg_com_send(u16 addr, u16 len)
     if (addr > REG_MAX) {
         return -1;
     }
-    const u8 count = (u8)((len & 0xFF) > REPORT_WORDS_MAX ? REPORT_WORDS_MAX : len & 0xFF);
+    const u8 count = (u8)(len > REPORT_WORDS_MAX ? (u16)REPORT_WORDS_MAX : len); // what would not fit is cut
     u8 frame[REPORT_SIZE] = {REG_HEAD0, REG_HEAD1, (u8)(2 * (count + 2)), REG_CMD_READ, (u8)(addr >> 8), (u8)addr, count};
     u32 size = 7;
     for (u32 k = 0; k < count; k++) {

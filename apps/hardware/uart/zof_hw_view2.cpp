@@ -264,11 +264,17 @@ static void check_slider(u8 i, const prof_t *p)
     }
 }
 
+// A board commits the same table again and again; a rail's line comes only with new numbers.
 static void read_rail(u8 i)
 {
     const u16 base = (u16)(REG_RAIL_BASE + 4 * i);
-    g_prof[i] = {(u16)zof_reg_get(base), (u16)zof_reg_get((u16)(base + 1)), (u16)zof_reg_get((u16)(base + 2)),
-                 (u16)zof_reg_get((u16)(base + 3))};
+    const prof_t old = g_prof[i];
+    prof_t *p = &g_prof[i];
+    *p = {(u16)zof_reg_get(base), (u16)zof_reg_get((u16)(base + 1)), (u16)zof_reg_get((u16)(base + 2)),
+          (u16)zof_reg_get((u16)(base + 3))};
+    if (old.type != p->type || old.vmin != p->vmin || old.vmax != p->vmax || old.imax != p->imax) {
+        check_slider(i, p);
+    }
 }
 
 // The board has written the table and commits it. `g_panel_up` stays: a panel that was up is put away by the next tap.
@@ -284,7 +290,6 @@ void rail_commit(void)
     for (u8 i = 0; i < RAIL_MAX; i++) {
         if (i < g_prof_n) {
             read_rail(i);
-            check_slider(i, &g_prof[i]);
             fill_row(i, &g_prof[i]);
             zof_ctrl_set_hidden(cell(i, COL_CHECK), ZOF_TRUE);
         } else {
