@@ -10,9 +10,13 @@
 #include "zof_lib/zof_util.h"
 
 #include "drv/zof_drv.h"
+#include "drv/zof_drv_beep.h"
 #include "drv/zof_drv_disp.h"
+#include "drv/zof_drv_gpio.h"
+#include "drv/zof_drv_rtc.h"
 #include "drv/zof_drv_touch.h"
 #include "drv/zof_drv_uart.h"
+#include "drv/zof_drv_wdt.h"
 #include "drv/zof_pipo_buff.h"
 
 #include "project/zof_ctrl_attr.h"
@@ -35,7 +39,9 @@
 #include "control/zof_value.h"
 
 #include "func/zof_func.h"
+#include "func/zof_func_stdby.h"
 #include "hmi/zof_hmi.h"
+#include "hmi/zof_hmi_tone.h"
 
 #include "zof_start.h"
 

@@ -16,7 +16,7 @@ MAY = {
     "project": {"drv", "zof_lib"},
     "control": {"project", "drv", "zof_lib"},
     "func": {"control", "project", "drv", "zof_lib"},
-    "hmi": {"control", "project", "drv", "zof_lib"},
+    "hmi": {"func", "control", "project", "drv", "zof_lib"},
 }
 FREE = {"zof.h", "zof_start.h", "zof_start.cpp", "zof_wiring.cpp"}      # the face, the start and the wiring see all
 SYSTEM = re.compile(r"^(SDL|windows|unistd|fcntl|termios|dirent|poll|pthread|sys/|asm/|linux/)")

@@ -8,6 +8,7 @@
 #include <string.h>
 
 #include "drv/zof_drv.h"
+#include "func/zof_func_stdby.h"
 #include "lvgl.h"
 #include "project/zof_prj.h"
 #include "project/zof_ver.h"
@@ -212,4 +213,8 @@ void zof_func_pwon(void)
 {
     zof_func_show_prj_para();
     zof_func_check_wh_vaild();
+    const zof_prj_t *prj = zof_prj_get_cur();
+    if (prj && prj->attr) {
+        zof_func_stdby_set_param(&prj->attr->func_t.standby_t);
+    }
 }

@@ -1,7 +1,9 @@
-// The serial host protocol is not built yet. Until it is, a project that asks for it is told so, and touches and events
-// pass untouched.
+// Touches and events on their way: tones, waking from standby, and reports to a host. The serial host protocol itself is
+// not built yet; a project that asks for it is told so.
 #include "hmi/zof_hmi.h"
 
+#include "func/zof_func_stdby.h"
+#include "hmi/zof_hmi_tone.h"
 #include "project/zof_j2s.h"
 #include "project/zof_prj.h"
 #include "project/zof_res.h"
@@ -24,16 +26,35 @@ s32 zof_hmi_init(void)
     return result;
 }
 
-s32 zof_hmi_touch_evevt(const zof_touch_t *touch)
-{
-    (void)touch;
+// A press that wakes the display is taken from the controls until the finger lifts.
+static s32 touch_press() {
+    zof_hmi_touch_rtp_cal_check(1);
+    zof_hmi_touch_tone(1, 0);
+    const s64 woken = zof_func_stdby_touch_click();
+    return woken == 0 ? -2 : (s32)woken;
+}
+
+s32 zof_hmi_touch_evevt(const zof_touch_t *touch) {
+    if (!touch) {
+        return -1;
+    }
+    if (touch->state == ZOF_TOUCH_PRESS) {
+        return touch_press();
+    }
+    if (touch->state == ZOF_TOUCH_RELEASED) {
+        zof_hmi_touch_tone(1, 1);
+    }
     return 0;
 }
 
-s32 zof_hmi_ctrl_all_event(u32 view_id, u32 ctrl_id, u32 event)
-{
+s32 zof_hmi_ctrl_all_event(u32 view_id, u32 ctrl_id, u32 event) {
     (void)view_id;
     (void)ctrl_id;
-    (void)event;
+    if (event == ZOF_EVENT_PRESSED) {
+        zof_hmi_touch_rtp_cal_check(0);
+        zof_hmi_touch_tone(0, 0);
+    } else if (event == ZOF_EVENT_CLICKED) {
+        zof_hmi_touch_tone(0, 1);
+    }
     return 0;
 }

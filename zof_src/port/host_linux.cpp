@@ -53,6 +53,18 @@ void zof_host_delay_ms(u32 ms)
     }
 }
 
+s32 zof_host_local_time(zof_rtc_time_t *out)
+{
+    const time_t now = time(nullptr);
+    tm local;
+    if (!localtime_r(&now, &local)) {
+        return -1;
+    }
+    *out = {(u16)(local.tm_year + 1900), (u8)(local.tm_mon + 1), (u8)local.tm_mday,
+            (u8)local.tm_hour,           (u8)local.tm_min,       (u8)local.tm_sec};
+    return 0;
+}
+
 zof_host_dir_t *zof_host_dir_open(const char *path)
 {
     DIR *dir = path ? opendir(path) : nullptr;

@@ -7,6 +7,7 @@
 
 #include <atomic>
 
+#include "drv/zof_drv_gpio.h"
 #include "drv/zof_drv_up.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"
@@ -310,6 +311,10 @@ static void event_take(const SDL_Event *event)
         break;
     case SDL_FINGERMOTION:
         finger_at(&event->tfinger);
+        break;
+    case SDL_KEYDOWN:
+    case SDL_KEYUP:
+        zof_drv_win_key_set_value(event->type == SDL_KEYDOWN, (u32)event->key.keysym.sym);
         break;
     case SDL_TEXTINPUT:
         text_event(event->text.text);

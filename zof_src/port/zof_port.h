@@ -14,6 +14,9 @@ void win_disp_init(void);
 void win_disp_get_wh(s32 *w, s32 *h);
 void win_touch_init(void);
 void win_uart_init(void);
+void win_rtc_init(void);
+void win_gpio_init(void);
+void win_aid_init(void);
 
 // Size of the picture in pixels, set by win_disp_init before sdl_init.
 extern s32 SDL_HOR_RES, SDL_VER_RES;

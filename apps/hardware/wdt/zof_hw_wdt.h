@@ -1,0 +1,17 @@
+// The panel's watchdog task. Nothing starts it by itself: an application that wants it calls win_wdt_init and
+// zof_wdt_task_create.
+#ifndef ZOF_HW_WDT_H
+#define ZOF_HW_WDT_H
+
+#include "zof.h"
+
+ZOF_C_BEGIN
+
+// Opens the watchdog with five seconds and feeds it every half second from the main loop, so that a hang of the user
+// interface starves it. Graphics thread; a second call does nothing.
+void zof_wdt_task_create(void);
+void zof_wdt_task_cb(zof_task_t *task);
+
+ZOF_C_END
+
+#endif

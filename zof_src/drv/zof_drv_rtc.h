@@ -1,0 +1,29 @@
+// The clock on the wall.
+#ifndef ZOF_DRV_RTC_H
+#define ZOF_DRV_RTC_H
+
+#include "zof_lib/zof_type.h"
+
+ZOF_C_BEGIN
+
+typedef struct {
+    u16 year;
+    u8 month; // from 1
+    u8 day, hour, minute, second;
+} zof_rtc_time_t;
+
+typedef struct {
+    s32 (*get_time)(zof_rtc_time_t *time);       // MANDATORY
+    s32 (*set_time)(const zof_rtc_time_t *time); // OPTIONAL
+} zof_drv_rtc_ops_t;
+
+extern const zof_drv_rtc_ops_t *zof_rtc_t;
+
+// Local time, read and set. -1 for a null record or a missing driver, else the driver's result; a desktop prints what it
+// was asked to set, leaves its clock alone and gives 0. Any thread.
+s32 zof_rtc_get_time(zof_rtc_time_t *time);
+s32 zof_rtc_set_time(const zof_rtc_time_t *time);
+
+ZOF_C_END
+
+#endif

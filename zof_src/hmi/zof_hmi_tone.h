@@ -1,0 +1,27 @@
+// Tones of touches and controls, and series of tones. Graphics thread.
+#ifndef ZOF_HMI_TONE_H
+#define ZOF_HMI_TONE_H
+
+#include "project/zof_prj_attr.h"
+
+ZOF_C_BEGIN
+
+// Copies a tone record into the project; the stored one, or null without a project. `sound` is copied, the record stays
+// the caller's.
+zof_prj_tone_t *zof_hmi_tone_set(const zof_prj_tone_t *tone);
+
+// Plays one tone of `time` ms: the beeper, or the sound that the project's tone record names.
+void zof_hmi_tone_on(u16 time);
+
+// Plays `count` tones of `tone` ms with pauses of `pause` ms; a new series takes the place of one that plays.
+void zof_hmi_tone_mult_on(u8 count, u16 pause, u16 tone);
+
+// Plays the project's touch tone if its flags say so: for raw touches (1) or controls (0), at release (1) or press (0).
+void zof_hmi_touch_tone(u8 touch, u8 release);
+
+// Counts taps on empty ground (1) towards the calibration of a resistive panel; a tap on a control (0) breaks the count.
+void zof_hmi_touch_rtp_cal_check(u8 touch);
+
+ZOF_C_END
+
+#endif

@@ -1,0 +1,53 @@
+// The tone of the beeper through SDL's audio. Runs on the beeper's thread alone.
+#include <SDL.h>
+
+#include <math.h>
+
+#include "drv/zof_drv_beep.h"
+#include "zof_lib/zof_stdio.h"
+
+static constexpr u32 RATE = 44100, TONE_HZ = 2000, FLOOR_MS = 400, CHUNK = 441, RAMP = 220;
+
+// The sound device; 0 when there is none, which is said once.
+static SDL_AudioDeviceID device() {
+    static const SDL_AudioDeviceID opened = [] {
+        SDL_AudioSpec want = {};
+        want.freq = RATE;
+        want.format = AUDIO_S16SYS;
+        want.channels = 1;
+        want.samples = 1024;
+        const bool audio = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+        const SDL_AudioDeviceID id = audio ? SDL_OpenAudioDevice(nullptr, 0, &want, nullptr, 0) : 0;
+        if (!id) {
+            zof_printf("beeper: no sound device (%s); tones are silent", SDL_GetError());
+        }
+        return id;
+    }();
+    return opened;
+}
+
+// Sample `at` of `count`: a sine that swells and fades in a few ms, so that it begins and ends without a click.
+static Sint16 sample(u32 at, u32 count) {
+    const u32 edge = at < count - at ? at : count - at;
+    const double swell = edge < RAMP ? (double)edge / RAMP : 1;
+    return (Sint16)(8000 * swell * sin(2 * 3.14159265358979 * TONE_HZ * at / RATE));
+}
+
+s32 win_beep_on(u16 time) {
+    const u32 ms = (u32)time + FLOOR_MS;
+    const SDL_AudioDeviceID id = device();
+    if (id) {
+        const u32 count = (u32)((u64)RATE * ms / 1000);
+        Sint16 chunk[CHUNK];
+        for (u32 at = 0; at < count;) {
+            u32 n = 0;
+            for (; n < CHUNK && at < count; n++, at++) {
+                chunk[n] = sample(at, count);
+            }
+            SDL_QueueAudio(id, chunk, n * sizeof(chunk[0]));
+        }
+        SDL_PauseAudioDevice(id, 0);
+    }
+    SDL_Delay(ms);
+    return id ? 0 : -1;
+}
