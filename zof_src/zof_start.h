@@ -6,16 +6,19 @@
 
 ZOF_C_BEGIN
 
-// Supplied by the application. Called once under dis_mutex, when the drivers stand: hands over the view table with
-// zof_prj_create and opens what the application needs.
+// Supplied by the application. Called once, on the main thread under dis_mutex, when the drivers stand: hands over the
+// view table with zof_prj_create and opens what the application needs. From then on the application lives in callbacks.
 void zof_main(void);
 
-// Handles the command line, brings the runtime up in its fixed order, calls zof_main and runs the main loop. Main
-// thread only. Returns 0 when the command line was a build call, 1 when there is no project; otherwise never.
+// Handles the command line, brings the runtime up in its fixed order, calls zof_main and runs the main loop: one turn
+// of lv_timer_handler under dis_mutex, then 5 ms in which other threads get the lock. Main thread only, once. Returns 0
+// when the command line was a build call, 1 when there is no project to show; otherwise never: closing the window ends
+// the process.
 int zof_run(int argc, char **argv);
 
-// The build call `t <switch><stamp>`: writes argv[2] less its first two characters as "comp_time" into the project file
-// at ../../res. Returns -1 when the user interface is to run (fewer than two arguments), 0 when the process is to stop.
+// The build call `t <switch><stamp>`: argv[2] less its first two characters becomes "comp_time" of the project file at
+// ../../res; every other key stays. Prints nothing but faults of that file, which is then left as it was. -1: fewer
+// than two arguments, the user interface is to run. 0: the process is to stop, whatever came of it.
 s32 zof_win_cmd(int argc, char **argv);
 
 ZOF_C_END

@@ -1,4 +1,5 @@
-// System services: locks, threads, time, folders, hardware defaults, and the start of the drivers.
+// System services: locks, threads, time, folders, hardware defaults, and the start of the drivers. Any thread may call
+// them, except where a function says otherwise. A null handle is harmless: -1, null, or nothing happens.
 #ifndef ZOF_DRV_H
 #define ZOF_DRV_H
 
@@ -11,10 +12,10 @@ typedef void *zof_sem_t;
 typedef struct zof_thread zof_thread_t;
 typedef struct zof_dir zof_dir_t;
 
-// One entry of a folder walk. One static record: the next zof_readdir overwrites it.
+// One entry of a folder walk.
 typedef struct {
     u32 is_dir; // 1 for a folder, else 0
-    u32 size;   // low half of the file's size
+    u32 size;   // low half of the file's size in bytes; 0 for a folder
     const char *name;
 } zof_dirent_t;
 
@@ -22,19 +23,28 @@ typedef struct {
 typedef struct {
     u8 type; // ZOF_DRV_UART ...
     u8 port;
-    void *context;
+    void *context; // the driver's own record
 } zof_drv_t;
 
 enum { ZOF_DRV_UART = 2 };
 
-// The one lock over LVGL and all that lies above it. Recursive. Lock order: this first, then a buffer's own lock.
+// The one lock over LVGL and all that lies above it. Recursive. Made by zof_drv_init. Lock order: this first, then a
+// buffer's own lock. The main loop holds it inside lv_timer_handler; another thread takes it before it touches a
+// control.
 extern zof_mutex_t dis_mutex;
 
+// Recursive mutexes. Create gives null when the system has none left. Lock waits without limit; lock and unlock return
+// 0, or a negative number for a handle that is none. One thread's locks and unlocks come in pairs.
 zof_mutex_t zof_mutex_create(void);
 void zof_mutex_destory(zof_mutex_t m);
 s32 zof_mutex_lock(zof_mutex_t m);
 s32 zof_mutex_unlock(zof_mutex_t m);
 
+// Counting semaphores. Take waits `ms` milliseconds, 0 without limit, and trytake not at all: 0 when taken, not 0 when
+// the time ran out. Release adds one and never waits: 0, or a negative number. Delete returns 0; nobody may be waiting.
+//
+//     zof_sem_take(sem, 0);                       // the first piece of a message
+//     while (zof_sem_take(sem, gap_ms) == 0) {}   // ... and every other, until the line is silent for gap_ms
 zof_sem_t zof_sem_create(u32 initial);
 s32 zof_sem_take(zof_sem_t sem, u32 ms);
 s32 zof_sem_trytake(zof_sem_t sem);
@@ -42,27 +52,47 @@ s32 zof_sem_release(zof_sem_t sem);
 s32 zof_sem_get_value(zof_sem_t sem);
 s32 zof_sem_delete(zof_sem_t sem);
 
+// Sleeps for so many milliseconds. Not for the graphics thread: nothing is drawn meanwhile.
 void zof_delay(u32 ms);
+
+// Milliseconds since the start; wraps after 49 days, so compare differences. Also LVGL's clock.
 u32 zof_sys_time_ms(void);
+
+// The desktop cannot reboot: says so and returns -1.
 s32 zof_reboot(void);
+
+// The name of the port; lives for ever.
 const char *zof_system_get_name(void);
 
+// Starts a thread and returns when it runs; null when it cannot be started. `name` is for debuggers. `stack`, in bytes,
+// is not used on the desktop. `prio`: 1 or less runs high, 2 to 6 low, 7 or more normal. The record belongs to the
+// caller, who may keep it for ever or give it to zof_thread_del; the thread does not need it.
 zof_thread_t *zof_thread_create(const char *name, void (*fn)(void *arg), void *arg, u32 stack, s32 prio);
+
+// Lets go of a thread, which runs on by itself, and releases its record.
 void zof_thread_del(zof_thread_t *t);
 
+// A walk through a folder, with or without a separator at the end of its path; "." and ".." are given too. Open gives
+// null for what is no folder, read null at the end. There is one record for all walks, overwritten by the next read:
+// only one walk at a time, in the whole process. The walk is released by zof_closedir.
 zof_dir_t *zof_opendir(const char *path);
 const zof_dirent_t *zof_readdir(zof_dir_t *dir);
 void zof_closedir(zof_dir_t *dir);
 
-// Files, as far as systems differ: 0 made, 1 exists already, -1; replaces `to`, 0 or -1; bytes, or -1.
-s32 zof_mkdir(const char *path);
-s32 zof_rename(const char *from, const char *to);
-s64 zof_file_size(const char *path);
+// Files, as far as systems differ. Paths are the host's own.
+s32 zof_mkdir(const char *path);                     // 0 made, 1 there is one of that name already, -1
+s32 zof_rename(const char *from, const char *to);    // replaces `to`, in one step; 0 or -1
+s64 zof_file_size(const char *path);                 // bytes, or -1
 
+// Memory for pictures is not counted on the desktop: -1, and 1 for "there is enough".
 s32 zof_ram_get_img_free(void);
 s32 zof_ram_get_img_check(void);
+
+// The largest panel that the port can drive, in pixels. 0, or -1 when either is null.
 s32 zof_drv_get_wh_max_value(u32 *w, u32 *h);
 
+// Hardware defaults: one byte each, ZOF_HW_UNSET for not set. The array lives for ever and may be written, before the
+// drivers that ask it are opened. zof_drv_def_param_init unsets all. The last two do nothing on the desktop.
 #define ZOF_HW_PARAM_COUNT 30
 enum { ZOF_HW_BEEP_PORT = 22, ZOF_HW_BEEP_PIN = 24, ZOF_HW_UART_PORT = 26, ZOF_HW_UNSET = 0xFF };
 u8 *zof_hw_get_def_param(void);
@@ -70,8 +100,13 @@ void zof_drv_def_param_init(void);
 void zof_drv_set_def_param(void);
 void zof_drv_hw_init(void);
 
+// Main thread, once, after lv_init: makes dis_mutex, finds the project, unsets the hardware defaults, and brings the
+// port's drivers up, the display first, which takes its size from the project. Without a project no driver comes up;
+// zof_prj_get_cur tells.
 void zof_drv_init(void);
-void win_drv_init(void); // the port's list of drivers (port/win_drv.cpp)
+
+// The port's list of drivers (port/win_drv.cpp); for zof_drv_init alone.
+void win_drv_init(void);
 
 ZOF_C_END
 

@@ -18,36 +18,66 @@ typedef enum { UART_STOP_1, UART_STOP_2 } zof_uart_stop_e;
 
 typedef struct {
     s32 win_port; // desktop port number; above 0 it overrides `port`
-    s32 port;     // -1: the hardware default
-    u32 speed_e;  // zof_uart_speed_e; numbers above the enumeration are literal rates
-    u32 bit_e;
-    u32 parity_e;
-    u32 stop_e;
+    s32 port;     // 0 to 255; -1: the hardware default
+    u32 speed_e;  // zof_uart_speed_e; numbers above the enumeration are literal rates, up to 10,000,000 baud
+    u32 bit_e;    // zof_uart_bit_e
+    u32 parity_e; // zof_uart_parity_e
+    u32 stop_e;   // zof_uart_stop_e
 } zof_uart_cfg_t;
 
-// What a port supplies. A handle's first member is zof_drv_t.
+// What a port supplies. A handle's first member is zof_drv_t. Handles given to it are its own and not null.
 typedef struct {
-    zof_drv_t *(*open)(zof_uart_cfg_t *cfg);                          // MANDATORY: null on failure
-    s32 (*set_cfg)(zof_drv_t *handle, const zof_uart_cfg_t *cfg);     // OPTIONAL: 0 or -1
-    s32 (*send)(zof_drv_t *handle, const u8 *data, u32 size);         // MANDATORY: bytes sent or -1
-    s32 (*receive)(zof_drv_t *handle, u8 *buffer, u32 size);          // MANDATORY: blocks; bytes, 0 when gone
+    zof_drv_t *(*open)(zof_uart_cfg_t *cfg);                      // MANDATORY: opens cfg->port; null on failure
+    s32 (*set_cfg)(zof_drv_t *handle, const zof_uart_cfg_t *cfg); // OPTIONAL: 0, or -1 and the line is as it was
+    s32 (*send)(zof_drv_t *handle, const u8 *data, u32 size);     // MANDATORY: bytes sent or -1; never waits long
+    s32 (*receive)(zof_drv_t *handle, u8 *buffer, u32 size);      // MANDATORY: blocks; bytes, 0 when gone
     void *reserved[2];
-    s32 (*close)(zof_drv_t *handle);                                  // OPTIONAL
+    s32 (*close)(zof_drv_t *handle); // OPTIONAL: of a port that was opened and cannot be used
 } zof_drv_uart_ops_t;
 
+// Set by the port before the first open, and never again.
 extern const zof_drv_uart_ops_t *drv_uart_t;
 
-typedef void (*uart_rev_bfun)(u8 *data, u32 size);
-typedef void (*uart_hmi_rev_bfun)(u8 *data, u32 size, void *arg);
+// A message: what came in up to a silence of the receive time-out. `data` may be written and is valid until the
+// callback returns; `size` is above 0.
+typedef void (*uart_rev_bfun)(u8 *data, u32 size);                // thread "zof uart ui", dis_mutex held
+typedef void (*uart_hmi_rev_bfun)(u8 *data, u32 size, void *arg); // thread "zof uart hmi", no lock held
 
+// Opens a port and starts its reader thread, or gives the open port's handle with the new line settings; its threads
+// and clients are kept. `cfg->port` becomes the number chosen. Null for no port number, one above 255, settings out of
+// range (an open line stays as it was), and a line that cannot be opened. The handle lives for ever. Opening and the
+// registrations below belong to one thread, the main one.
 zof_drv_t *zof_drv_uart_open(zof_uart_cfg_t *cfg);
+
+// Silences both clients; line, threads and handle stay for a later open, after which the register link's callback must
+// be set again. 0, or -1 for a bad handle.
 s32 zof_drv_uart_close(zof_drv_t *handle);
+
+// Hands bytes to the line at once; any thread, but senders of one port must not mix their frames: the panel's hold
+// dis_mutex. A far end that does not read costs 50 ms once, not each time. `size`, or -1: bad handle, no device, no
+// room.
 s32 zof_drv_uart_send(zof_drv_t *handle, const u8 *data, u32 size);
+
+// Waits for at least one byte; for the reader thread. Bytes read, 0 for a bad handle or a line that is gone.
 s32 zof_drv_uart_recive(zof_drv_t *handle, u8 *buffer, u32 size);
+
+// Changes the line, by the numbers of zof_uart_cfg_t. 0, or -1 and the line is as it was.
 s32 zof_drv_uart_set_cfg(zof_drv_t *handle, u32 speed, u32 bit, u32 parity, u32 stop);
+
+// The silence that ends a message, for all clients of the port: 5 to 1000 ms, others are clamped. 5 unless set.
 void zof_drv_uart_rev_set_timeout(zof_drv_t *handle, u32 ms);
+
+// The register link's client. The first call makes its buffer (`size` bytes, clamped to 2048 to 102400) and its thread;
+// later calls only replace `fun`; null silences it. A piece that finds no room is lost whole, with a line once a second
+// at most. 0 or -1.
 s32 zof_drv_uart_rev_set_bfun(zof_drv_t *handle, uart_rev_bfun fun, u32 size);
+
+// The host link's client, the same, with `t_size` bytes of room for a tail in front of the data. `arg` stays the
+// caller's.
 s32 zof_drv_uart_hmi_rev_set_bfun(zof_drv_t *handle, uart_hmi_rev_bfun fun, void *arg, u32 size, u32 t_size);
+
+// What the host link's callback could not use yet: put in front of its next message. One tail at a time, the last one
+// given. From inside the callback. 0, or -1: bad handle, no client, nothing given, more than `t_size`.
 s32 zof_drv_uart_hmi_tbuf_set(zof_drv_t *handle, const u8 *data, u32 size);
 
 ZOF_C_END

@@ -1,4 +1,5 @@
-// Ping-pong buffer: one thread fills a half while another works on the other one.
+// Ping-pong buffer: one thread fills a half while another works on the other one. Every function takes the buffer's own
+// lock, so any thread may call it; only one thread, the client, may switch. Null is -1, null or 0.
 #ifndef ZOF_PIPO_BUFF_H
 #define ZOF_PIPO_BUFF_H
 
@@ -16,19 +17,32 @@ typedef struct {
 
 typedef struct {
     pipo_half half[2];
-    u32 size;
-    u32 t_size;
-    pipo_half *cur;
-    pipo_half *other;
+    u32 size;         // data bytes of each half
+    u32 t_size;       // room for a tail in front of them
+    pipo_half *cur;   // being written
+    pipo_half *other; // with the client
     zof_mutex_t mutex;
 } pipo_buff;
 
+// Null for size 0, or when memory fails. Released by pipo_buff_delete, when no thread uses it any more.
 pipo_buff *pipo_buff_create(u32 size, u32 t_size);
-s32 pipo_buff_delete(pipo_buff *buffer);
+s32 pipo_buff_delete(pipo_buff *buffer); // 0
+
+// Appends to the current half. 0, or -1 with a line when it does not fit as a whole: nothing is stored then.
 s32 pipo_buff_set_pi(pipo_buff *buffer, const u8 *data, u32 size);
+
+// Puts bytes right in front of the current half's data, in place of a tail that stands there. 0, or -1: size 0, or,
+// with a line, more than t_size.
 s32 pipo_buff_set_pi_topbuf(pipo_buff *buffer, const u8 *data, u32 size);
+
+// Makes the other half, emptied, the current one and returns the one that was: t_len + len bytes from `read` on. It is
+// the client's until its next switch.
 pipo_half *pipo_buff_get_pi_and_switch(pipo_buff *buffer);
+
+// Data bytes in the current half, without its tail.
 u32 pipo_buf_get_pi_len(pipo_buff *buffer);
+
+// Empties the current half, its tail too. 0.
 s32 pipo_buf_clear(pipo_buff *buffer);
 
 ZOF_C_END
