@@ -5,6 +5,7 @@
 
 #include "frames.h"
 #include "hardware/uart/zof_hw_uart.h"
+#include "temp_project.h"
 
 // A line that keeps what is sent.
 static bytes sent;
@@ -56,6 +57,7 @@ TEST_CASE("register link: a report that would not fit is cut to 125 words and th
     receive(frame_read(2048, 125));
     CHECK(sent.size() == 257);
     CHECK(zof_reg_com_send(2049, 1) == -1);
+    CHECK(zof_reg_com_send(16, 256) == 257);
     sent.clear();
     receive(frame_read(16, 0));
     CHECK(sent == bytes{0x5A, 0xA5, 0x04, 0x83, 0x00, 0x10, 0x00});
@@ -178,6 +180,24 @@ TEST_CASE("register link: the board's values are kept as told") {
     u16 row[4] = {3, 28000, 28000, 5000};
     zof_reg_set_user(REG_RAIL_BASE + 4, row, 4);
     CHECK(g_prof[1].vmin == 28000);
+}
+
+TEST_CASE("register link: a rail that its slider cannot hold is told once, with the reason, until its numbers change") {
+    line_up();
+    const auto commit = [](std::vector<u16> rail) {
+        return printed([&] {
+            receive(frame_write(REG_RAIL_BASE, rail));
+            receive(frame_write(REG_RAIL_COUNT, {1}));
+            receive(frame_write(REG_RAIL_COMMIT, {1}));
+        });
+    };
+    CHECK(contains(commit({RAIL_PPS, 3300, 40000, 5000}), "rail 0 (3300 to 40000 mV, 5000 mA): its voltage is above 32767"));
+    CHECK(commit({RAIL_PPS, 3300, 40000, 5000}).empty());
+    CHECK(contains(commit({RAIL_AVS, 9000, 3300, 5000}), "lowest voltage is above its highest"));
+    CHECK(contains(commit({RAIL_PPS, 3300, 11000, 0}), "current limit is 0"));
+    CHECK(contains(commit({RAIL_PPS, 3300, 11000, 40000}), "current is above 32767"));
+    CHECK(commit({RAIL_EPR, 3300, 40000, 0}).empty()); // it has no slider
+    CHECK(commit({RAIL_PPS, 3300, 11000, 5000}).empty());
 }
 
 TEST_CASE("register link: no stream of bytes can hurt it") {

@@ -88,17 +88,14 @@ static step_e cmd_tap()
     return elapsed() >= 2 * TAP_MS ? DONE : AGAIN;
 }
 
+// The finger rests at the end before it lifts, so that the widgets have seen it there.
 static step_e cmd_drag()
 {
     const s64 time = number(5) > 0 ? number(5) : 1;
     const s64 now = elapsed() < time ? elapsed() : time;
     pointer((s32)(number(1) + (number(3) - number(1)) * now / time),
-            (s32)(number(2) + (number(4) - number(2)) * now / time), ZOF_TRUE);
-    if (now < time) {
-        return AGAIN;
-    }
-    pointer(number(3), number(4), ZOF_FALSE);
-    return DONE;
+            (s32)(number(2) + (number(4) - number(2)) * now / time), elapsed() < time + TAP_MS);
+    return elapsed() < time + TAP_MS ? AGAIN : DONE;
 }
 
 static step_e cmd_shot()
