@@ -1,35 +1,47 @@
-// Touches and events on their way: tones, waking from standby, and reports to a host. The serial host protocol itself is
-// not built yet; a project that asks for it is told so.
+// Touches and events on their way: tones, waking from standby, and reports to a host.
 #include "hmi/zof_hmi.h"
 
+#include "drv/zof_drv.h"
 #include "func/zof_func_stdby.h"
+#include "hmi/zof_hmi_analys.h"
+#include "hmi/zof_hmi_sync.h"
 #include "hmi/zof_hmi_tone.h"
-#include "project/zof_j2s.h"
 #include "project/zof_prj.h"
-#include "project/zof_res.h"
-#include "zof_lib/zof_stdio.h"
 
-s32 zof_hmi_init(void)
-{
-    const char *path = zof_res_get_g_file_path("config/project/", "zofhmi");
-    if (!path || !FileExist(path)) {
-        return -1;
+// Bits of the project's `th_en`.
+enum { REPORT_PRESS = 0x10, REPORT_RELEASE = 0x20, REPORT_HOLD = 0x40 };
+
+static u32 reported_press; // ms of the last press that was reported; it is not renewed while the finger stays
+
+static void report_send() {
+    static const u8 type_key[] = {1, 0xB0};
+    static const u8 param_key[] = {2, 0x04, 0x01};
+    zof_hmi_sync_refresh(); // the frame tells of this touch, not of the last look
+    zof_hmi_cmd_read_send(ui_cmd_analys, type_key, nullptr, param_key, nullptr);
+}
+
+void zof_hmi_touch_cmd_send(u8 press, u8 release, u8 hold) {
+    const zof_prj_t *prj = zof_prj_get_cur();
+    if (!ui_cmd_analys || !prj || !prj->attr) {
+        return;
     }
-    zof_rootjson_t file = RootJsonGet(path);
-    zof_hmi_attr_t attr = {};
-    const s32 result = file.root ? GetHmiStruct(file.root, &attr) : -1;
-    if (result == 0 && attr.hmi_en) {
-        zof_printf("config/project/zofhmi.g: the serial host protocol (hmi_en) is not built yet; no link is opened");
+    const zof_prj_touch_t *touch = &prj->attr->hw_t.touch_t;
+    const u32 now = zof_sys_time_ms();
+    if (press && (touch->th_en & REPORT_PRESS)) {
+        reported_press = now;
+        report_send();
+    } else if (release && (touch->th_en & REPORT_RELEASE)) {
+        report_send();
+    } else if (hold && (touch->th_en & REPORT_HOLD) && now - reported_press >= touch->long_press_time) {
+        report_send();
     }
-    FreeHmiStruct(&attr);
-    RootJsonDel(&file);
-    return result;
 }
 
 // A press that wakes the display is taken from the controls until the finger lifts.
 static s32 touch_press() {
     zof_hmi_touch_rtp_cal_check(1);
     zof_hmi_touch_tone(1, 0);
+    zof_hmi_touch_cmd_send(1, 0, 0);
     const s64 woken = zof_func_stdby_touch_click();
     return woken == 0 ? -2 : (s32)woken;
 }
@@ -41,8 +53,11 @@ s32 zof_hmi_touch_evevt(const zof_touch_t *touch) {
     if (touch->state == ZOF_TOUCH_PRESS) {
         return touch_press();
     }
-    if (touch->state == ZOF_TOUCH_RELEASED) {
+    if (touch->state == ZOF_TOUCH_HELD) {
+        zof_hmi_touch_cmd_send(0, 0, 1);
+    } else {
         zof_hmi_touch_tone(1, 1);
+        zof_hmi_touch_cmd_send(0, 1, 0);
     }
     return 0;
 }

@@ -1,0 +1,57 @@
+// The command tables of the host protocol: constant rows from which frames are executed, and documents and host
+// libraries are made. A row holds all that is known of a command.
+#ifndef ZOF_HMI_CMD_H
+#define ZOF_HMI_CMD_H
+
+#include "hmi/zof_hmi_codec.h"
+
+ZOF_C_BEGIN
+
+// What a handler returns beside ZOF_HMI_DONE is told in zof_hmi_cmd_rev_analys; other numbers count as ZOF_HMI_DONE.
+enum { ZOF_HMI_FAIL = -1, ZOF_HMI_DONE = 0, ZOF_HMI_SILENT = 1, ZOF_HMI_AGAIN = 2 };
+
+// Handlers get the analyser's records, ZOF_HMI_RECORD_SIZE bytes each: decoded type fields, decoded request fields, and
+// the value. Get fills the value. Set applies it and writes the acknowledgement, one signed byte, which keeps what the
+// last command left if nothing is written. Texts in records are valid during the call only.
+typedef s32 (*zof_hmi_get_fun)(void *type_param, void *req_param, void *value_param);
+typedef s32 (*zof_hmi_set_fun)(void *type_param, void *req_param, void *value_param, void *reply_param);
+
+// A parameter. Names of fields are separated by blanks, one for each field, in wire order.
+typedef struct {
+    u8 len; // code bytes that count, 1 or 2
+    u8 code[7];
+    const char *name;           // unique in its table
+    const char *help;           // one line
+    const char *req_names;      // OPTIONAL: of `rw->req`
+    const char *value_names;    // of `value`
+    const zof_hmi_rec_t *value; // what a read returns and a write carries
+    const zof_hmi_rw_t *rw;
+    zof_hmi_get_fun get_fun; // OPTIONAL
+    zof_hmi_set_fun set_fun; // OPTIONAL
+} zof_hmi_param_type_t;
+
+// A type: a family of parameters, addressed alike.
+typedef struct {
+    u8 len; // code bytes that count, 1 or 2
+    u8 code[7];
+    const char *name;
+    const char *help;
+    const char *rec_names;    // OPTIONAL: of `rec`
+    const zof_hmi_rec_t *rec; // fields in front of every request
+    u16 param_count;
+    const zof_hmi_param_type_t *params;
+} zof_hmi_cmd_type_t;
+
+// The system's types, executed on the receive thread, and those executed on the graphics thread. The latter begin with
+// the system's too, for frames that the runtime sends by itself.
+extern const zof_hmi_cmd_type_t zof_sys_cmd_types[];
+extern const u32 zof_sys_cmd_type_count;
+extern const zof_hmi_cmd_type_t zof_ui_cmd_types[];
+extern const u32 zof_ui_cmd_type_count;
+
+enum { ZOF_SYS_PARAM_COUNT = 10 };
+extern const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT];
+
+ZOF_C_END
+
+#endif

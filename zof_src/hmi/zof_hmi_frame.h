@@ -1,0 +1,57 @@
+// Frames of the host protocol: head, length, operation code, payload and an optional CRC. Numbers are big-endian. The
+// short form has one length byte, the long form two, marked by bit 7 of the first.
+#ifndef ZOF_HMI_FRAME_H
+#define ZOF_HMI_FRAME_H
+
+#include "hmi/zof_hmi_cmd.h"
+
+ZOF_C_BEGIN
+
+enum { ZOF_HMI_OP_GET = 0x11, ZOF_HMI_OP_SET = 0x22 };
+enum { ZOF_HMI_LEN_MAX = 0x7FFF, ZOF_HMI_SEND_HEAD = 5, ZOF_HMI_SEND_SIZE = 512, ZOF_HMI_SEND_GROWN = 4096 };
+
+// What one analyser works with; each belongs to one thread. `send_buf` keeps ZOF_HMI_SEND_HEAD bytes in front of
+// `send_cursor` free for head, length and code, so that payload never moves.
+typedef struct {
+    u8 head_fh, head_fl;
+    u8 type_count;
+    const zof_hmi_cmd_type_t *types;
+    u32 param_size; // of each of the four records
+    u8 crc_en;
+    u8 resend_en; // writes and failed reads are acknowledged
+    u8 *send_buf, *send_cursor;
+    u16 send_size;
+    void *type_param, *req_param, *value_param, *reply_param;
+} zof_hmi_cmd_analys_t;
+
+// The parts of a frame that zof_hmi_cmd_check_data has passed.
+typedef struct {
+    u32 len;   // the number in the length field
+    u32 total; // bytes of the whole frame
+    u8 op;
+    const u8 *payload; // into the frame
+    u32 size;          // bytes of payload
+} zof_hmi_frame_t;
+
+// CRC-16: polynomial 0x1021, from 0, bit 15 first. 0 for null.
+u16 zof_hmi_crc16(const u8 *data, u32 size);
+
+// Looks at one frame at `data`. The whole frame's length; 0 without analyser or data; -1 for a wrong head; -2 when
+// `size` bytes are not all of it; -3 for a wrong CRC, or a length that has no room for a command.
+s32 zof_hmi_cmd_check_data(const zof_hmi_cmd_analys_t *analys, const u8 *data, u32 size);
+
+// Takes a frame apart that has been checked with this analyser.
+zof_hmi_frame_t zof_hmi_frame_parse(const zof_hmi_cmd_analys_t *analys, const u8 *data);
+
+// Makes `send_buf` ready for a payload of so many bytes: cleared, and grown when it is too small. 0; -1 when no frame
+// is as long, or without memory.
+s32 zof_hmi_frame_send_clear(zof_hmi_cmd_analys_t *analys, u32 payload);
+
+// Puts head, length, code and CRC around the `n` bytes that lie at `send_cursor`. The frame's length, its first byte in
+// `frame`; 0 for null and for what does not fit. Payloads of 127 and 128 bytes come out as older firmware lays them,
+// which a receiver cannot read back: hosts know them as they are.
+u32 zof_hmi_frame_build(zof_hmi_cmd_analys_t *analys, u8 op, u32 n, const u8 **frame);
+
+ZOF_C_END
+
+#endif

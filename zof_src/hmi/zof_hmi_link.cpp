@@ -1,0 +1,80 @@
+// The host protocol's line: its settings, opening it, and sending. Two threads send, so whole frames go under a lock.
+#include "hmi/zof_hmi.h"
+
+#include <atomic>
+#include <mutex>
+
+#include "hmi/zof_hmi_analys.h"
+#include "hmi/zof_hmi_sync.h"
+#include "project/zof_j2s.h"
+#include "project/zof_res.h"
+#include "zof_lib/zof_stdio.h"
+
+#define HMI_FILE "config/project/zofhmi.g"
+
+enum { RECEIVE_SIZE = 4096, TAIL_SIZE = 256 };
+
+static zof_hmi_attr_t *g_hmi_attr; // null until the file was read
+static std::atomic<zof_drv_t *> hmi_drv_uart;
+static std::mutex send_lock;
+
+s32 zof_hmi_attr_init(void) {
+    g_hmi_attr = g_hmi_attr ? g_hmi_attr : (zof_hmi_attr_t *)zof_malloc(sizeof(zof_hmi_attr_t));
+    const char *path = zof_res_get_g_file_path("config/project/", "zofhmi");
+    if (!path || !g_hmi_attr) {
+        return -1;
+    }
+    zof_rootjson_t file = RootJsonGet(path);
+    const s32 result = file.root ? GetHmiStruct(file.root, g_hmi_attr) : -1;
+    RootJsonDel(&file);
+    if (result == 0 && g_hmi_attr->hmi_en && g_hmi_attr->head_fh == g_hmi_attr->head_fl) {
+        zof_printf(HMI_FILE ": head_fh and head_fl are both %d; they must differ, so no link is opened",
+                   g_hmi_attr->head_fh);
+        g_hmi_attr->hmi_en = 0;
+        return -1;
+    }
+    return result;
+}
+
+const zof_hmi_attr_t *zof_hmi_attr_get(void) {
+    return g_hmi_attr;
+}
+
+s32 zof_hmi_uart_init(void) {
+    if (!g_hmi_attr || !g_hmi_attr->hmi_en || (g_hmi_attr->uart.win_port == 0 && g_hmi_attr->uart.port == 0)) {
+        return -1;
+    }
+    zof_hmi_sync_init();
+    zof_hmi_cmd_sys_analys_init(g_hmi_attr);
+    zof_hmi_cmd_ui_analys_init(g_hmi_attr);
+    zof_uart_cfg_t cfg = g_hmi_attr->uart;
+    zof_drv_t *line = zof_drv_uart_open(&cfg);
+    hmi_drv_uart = line; // before anything can come in
+    if (!line) {
+        return 0;
+    }
+    zof_drv_uart_rev_set_timeout(line, g_hmi_attr->timeout);
+    zof_drv_uart_hmi_rev_set_bfun(line, zof_hmi_recive_data_handle, nullptr, RECEIVE_SIZE, TAIL_SIZE);
+    zof_hmi_cmd_power_on_send();
+    return 0;
+}
+
+s32 zof_hmi_init(void) {
+    const s32 result = zof_hmi_attr_init();
+    return result == 0 ? zof_hmi_uart_init() : result;
+}
+
+s32 zof_hmi_uart_send(const u8 *data, u32 size) {
+    std::lock_guard guard(send_lock);
+    return zof_drv_uart_send(hmi_drv_uart, data, size);
+}
+
+s32 zof_hmi_uart_tail_set(const u8 *data, u32 size) {
+    return zof_drv_uart_hmi_tbuf_set(hmi_drv_uart, data, size);
+}
+
+void zof_hmi_cmd_power_on_send(void) {
+    static const u8 type_key[] = {1, 0xB0};
+    static const u8 param_key[] = {1, 0x01};
+    zof_hmi_cmd_read_send(ui_cmd_analys, type_key, nullptr, param_key, nullptr);
+}
