@@ -57,7 +57,7 @@ s32 zof_arc_set_dis(zof_ctrl_t *ctrl, u32 part, const zof_line_disp_t *dis) {
             return;
         u32 selector = part == 0 ? LV_PART_MAIN : LV_PART_INDICATOR;
         lv_obj_set_style_arc_color(obj, zof_color_to_lv(dis->color), selector);
-        lv_obj_set_style_arc_width(obj, (lv_coord_t)dis->width, selector);
+        lv_obj_set_style_arc_width(obj, zof_length_to_lv(dis->width), selector);
         lv_obj_set_style_arc_rounded(obj, dis->rounded != 0, selector);
         lv_obj_set_style_arc_opa(obj, dis->opa, selector);
     });

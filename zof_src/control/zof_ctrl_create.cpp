@@ -130,11 +130,24 @@ static void failure_report(const zof_view_node_t *view, const para_t *record) {
     }
 }
 
+// LVGL adds and multiplies coordinates in 32 bits, so a file's numbers end far beyond any screen. LVGL's own special
+// values, such as the size of the content, stay.
+static void coords_limit(zof_pub_attr_t *attr) {
+    enum { FARTHEST = 1 << 22 };
+    for (s32 *at : {&attr->pt.x, &attr->pt.y, &attr->size.width, &attr->size.height, &attr->click_area}) {
+        if (!LV_COORD_IS_SPEC(*at))
+            *at = LV_CLAMP(-FARTHEST, *at, FARTHEST);
+    }
+    attr->size.width = LV_MAX(attr->size.width, 0);
+    attr->size.height = LV_MAX(attr->size.height, 0);
+}
+
 s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record) {
     if (!view || !record || !record->attr)
         return -1;
     para_t *parent = created_record(view, record->attr->parent_id);
     record->parent = parent ? (void *)parent : (void *)view;
+    coords_limit(record->attr);
     s32 result = zof_ctrl_create(*(lv_obj_t **)record->parent, record, record->attr, record->attr->ctrl_type);
     lv_obj_enable_style_refresh(true);
     if (result == -1 || !record->obj) {

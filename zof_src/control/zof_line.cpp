@@ -17,8 +17,8 @@ s32 zof_line_create(para_t *record, lv_obj_t *parent, void *attr) {
 
 s32 zof_line_set_dash(zof_ctrl_t *ctrl, u32 width, u32 gap) {
     return zof_on(ctrl, [=](lv_obj_t *obj) {
-        lv_obj_set_style_line_dash_width(obj, (lv_coord_t)width, LV_PART_MAIN);
-        lv_obj_set_style_line_dash_gap(obj, (lv_coord_t)gap, LV_PART_MAIN);
+        lv_obj_set_style_line_dash_width(obj, zof_length_to_lv(width), LV_PART_MAIN);
+        lv_obj_set_style_line_dash_gap(obj, zof_length_to_lv(gap), LV_PART_MAIN);
     });
 }
 
@@ -27,7 +27,7 @@ s32 zof_line_set_dis(zof_ctrl_t *ctrl, const zof_line_disp_t *dis) {
         return -1;
     return zof_on(ctrl, [=](lv_obj_t *obj) {
         lv_obj_set_style_line_color(obj, zof_color_to_lv(dis->color), LV_PART_MAIN);
-        lv_obj_set_style_line_width(obj, (lv_coord_t)dis->width, LV_PART_MAIN);
+        lv_obj_set_style_line_width(obj, zof_length_to_lv(dis->width), LV_PART_MAIN);
         lv_obj_set_style_line_rounded(obj, dis->rounded != 0, LV_PART_MAIN);
         lv_obj_set_style_line_opa(obj, dis->opa, LV_PART_MAIN);
     });

@@ -20,22 +20,29 @@ static void path_release(lv_style_t *lv_style) {
     }
 }
 
+// LVGL paints a shadow in memory first, in a square of its width.
+enum { LENGTH_MAX = 4095, SHADOW_MAX = 255 };
+
+lv_coord_t zof_length_to_lv(u32 pixels) {
+    return LV_CLAMP(-LENGTH_MAX, (s32)pixels, LENGTH_MAX);
+}
+
 static void body_fill(lv_style_t *lv, const zof_body_dis_t *body) {
     lv_style_set_bg_color(lv, zof_color_to_lv(body->main_color));
     lv_style_set_bg_grad_color(lv, zof_color_to_lv(body->grad_color));
     lv_style_set_bg_grad_dir(lv, (lv_grad_dir_t)body->grad_dir_e);
-    lv_style_set_radius(lv, body->radius == UINT32_MAX ? LV_RADIUS_CIRCLE : (lv_coord_t)body->radius);
+    lv_style_set_radius(lv, (lv_coord_t)LV_MIN(body->radius, (u32)LV_RADIUS_CIRCLE));
     lv_style_set_bg_opa(lv, body->opa);
     lv_style_set_border_color(lv, zof_color_to_lv(body->border.color));
-    lv_style_set_border_width(lv, (lv_coord_t)body->border.width);
+    lv_style_set_border_width(lv, zof_length_to_lv(body->border.width));
     lv_style_set_border_side(lv, (lv_border_side_t)body->border.part);
     lv_style_set_border_opa(lv, body->border.opa);
     lv_style_set_shadow_color(lv, zof_color_to_lv(body->shadow.color));
-    lv_style_set_shadow_width(lv, (lv_coord_t)body->shadow.width);
-    lv_style_set_pad_top(lv, (lv_coord_t)body->padding.top);
-    lv_style_set_pad_bottom(lv, (lv_coord_t)body->padding.bottom);
-    lv_style_set_pad_left(lv, (lv_coord_t)body->padding.left);
-    lv_style_set_pad_right(lv, (lv_coord_t)body->padding.right);
+    lv_style_set_shadow_width(lv, (lv_coord_t)LV_MIN(body->shadow.width, (u32)SHADOW_MAX));
+    lv_style_set_pad_top(lv, zof_length_to_lv(body->padding.top));
+    lv_style_set_pad_bottom(lv, zof_length_to_lv(body->padding.bottom));
+    lv_style_set_pad_left(lv, zof_length_to_lv(body->padding.left));
+    lv_style_set_pad_right(lv, zof_length_to_lv(body->padding.right));
 }
 
 static void text_fill(lv_style_t *lv, const zof_text_dis_t *text) {

@@ -54,6 +54,10 @@ s32 zof_ctrl_style_set_bg_grad_dir(zof_ctrl_t *ctrl, u32 dir, u32 selector);
 // 0xRRGGBB to LVGL, full alpha.
 lv_color_t zof_color_to_lv(zof_color_t color);
 
+// A width or padding from a file to LVGL, which reckons with them as if they were small and writes beyond its buffers
+// with others: what no screen could show is cut to 4095. Paddings may be negative, which the unsigned field holds too.
+lv_coord_t zof_length_to_lv(u32 pixels);
+
 ZOF_C_END
 
 #endif
