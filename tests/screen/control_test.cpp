@@ -127,6 +127,9 @@ TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
         CHECK_FALSE(contains(got, ":7"));
         CHECK_FALSE(contains(got, ":8"));
         CHECK(zof_ctrl_state_judge(at(i + 1), LV_STATE_PRESSED) == 0);
+        CHECK(got.find(id + ":3") == got.rfind(id + ":3")); // told once
+        screen_click(160, 230);                             // elsewhere: it no longer has the focus
+        CHECK(zof_ctrl_state_judge(at(i + 1), LV_STATE_FOCUSED) == 0);
         screen_click(50, middles[i]); // the next press is heard
         CHECK(contains(taken(events), id + ":7"));
     }

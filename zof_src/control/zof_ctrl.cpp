@@ -88,7 +88,7 @@ static void press_lost(lv_event_t *e) {
         return;
     if (slide_is_wanted(lv_event_get_target(e)))
         return;
-    lv_indev_reset(indev, nullptr);
+    indev->proc.reset_query = 1; // lv_indev_reset would also forget which control has the focus, and it would keep it
     lv_indev_wait_release(indev);
 }
 

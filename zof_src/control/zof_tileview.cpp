@@ -171,7 +171,9 @@ static void ring_close(lv_obj_t *obj, zof_tileview_attr_t *view, u32 dir) {
         view->limit_end =
             (s16)(tile_pos(&ring, tile_at(&ring, -1)) - tile_pos(&ring, tile_at(&ring, view->start_id + 1)));
     }
-    lv_obj_remove_event_cb(obj, event_new_obj); // a last tile that is made again must not add it twice
+    while (lv_obj_remove_event_cb(obj, event_new_obj)) {
+        // a last tile that is made again must not add it twice
+    }
     lv_obj_add_event_cb(obj, event_new_obj, LV_EVENT_SCROLL, nullptr);
     lv_obj_add_event_cb(obj, event_new_obj, LV_EVENT_SCROLL_END, nullptr);
 }
