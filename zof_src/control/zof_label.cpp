@@ -88,7 +88,8 @@ s32 zof_label_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_label_set_txt(record, label->txt);
     zof_ctrl_style_add(record, label->pub_t.style_list, label->pub_t.style_num, 0);
     zof_label_set_align(record, label->align_e);
-    zof_obj_layout(obj);
+    if (label->auto_hight != 1)
+        zof_obj_layout(obj); // else the alignment has done so
     place_keep(obj);
     if (label->auto_hight == 1) {
         lv_obj_add_event_cb(obj, event_place_keep, LV_EVENT_STYLE_CHANGED, nullptr);

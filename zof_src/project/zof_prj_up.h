@@ -9,9 +9,8 @@ ZOF_C_BEGIN
 typedef struct {
     db_list *(*ctrl_list_init)(void);
     s32 (*ctrl_list_create)(zof_view_node_t *view);
-    // The view's `pub` controls go, others are parked: zof_view_delete's walk needs the control records.
-    s32 (*ctrl_delete)(void *record);
-    s32 (*ctrl_txt_update)(void);
+    s32 (*ctrl_delete)(void *record); // a para_t, when its view is left
+    s32 (*ctrl_txt_update)(void);     // after a change of language
 } zof_prj_up_t;
 
 extern const zof_prj_up_t zof_prj_up;

@@ -4,7 +4,6 @@
 
 #include "project/zof_para.h"
 #include "project/zof_prj_up.h"
-#include "project/zof_style.h"
 #include "project/zof_view_layer.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -64,6 +63,7 @@ s32 zof_view_create(u32 id, const zof_ctrl_fun_t *ctrls, u32 count) {
         return -1;
     lv_obj_add_event_cb(node->obj, event_del_view, LV_EVENT_SCREEN_UNLOADED, node);
     lv_obj_set_scroll_dir(node->obj, LV_DIR_NONE);
+    lv_obj_set_scrollbar_mode(node->obj, LV_SCROLLBAR_MODE_OFF); // else each new control measures all of them
     lv_obj_clear_flag(node->obj, LV_OBJ_FLAG_HIDDEN);
     node->ctrl_fun = ctrls;
     node->ctrl_fun_cnt = ctrls ? count : 0;
@@ -138,12 +138,6 @@ static void show_on_layer(zof_view_node_t *node, zof_layer_se layer) {
     zof_view_layer_set_root(layer, node->obj);
 }
 
-static void background_set(zof_view_node_t *node) {
-    lv_obj_set_style_bg_opa(node->obj, node->attr->bg_scale, LV_PART_MAIN);
-    lv_obj_set_style_bg_color(node->obj, zof_color_to_lv(node->attr->bg_color), LV_PART_MAIN);
-    lv_obj_set_scrollbar_mode(node->obj, LV_SCROLLBAR_MODE_OFF);
-}
-
 s32 zof_view_set_dis_view_anim(u32 id, u32 transition, u32 time, u32 delay, u32 path) {
     if (!views_ready(id))
         return -1;
@@ -168,7 +162,8 @@ s32 zof_view_set_dis_view_anim(u32 id, u32 transition, u32 time, u32 delay, u32 
     }
     if (node->view_fun->zof_view_entry) {
         if (node->obj) {
-            background_set(node);
+            zof_view_bg_paint(node);
+            lv_obj_set_scrollbar_mode(node->obj, LV_SCROLLBAR_MODE_OFF);
             if (layer == ZOF_LAYER_UI) {
                 show_on_screen(node, transition, time, delay, path);
             } else {

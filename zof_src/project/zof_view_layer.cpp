@@ -115,7 +115,7 @@ s32 zof_view_set_bg(u32 id, const char *image) {
     return 0;
 }
 
-static void bg_paint(zof_view_node_t *node) {
+void zof_view_bg_paint(zof_view_node_t *node) {
     lv_obj_set_style_bg_opa(node->obj, node->attr->bg_scale, LV_PART_MAIN);
     lv_obj_set_style_bg_color(node->obj, zof_color_to_lv(node->attr->bg_color), LV_PART_MAIN);
 }
@@ -126,7 +126,7 @@ s32 zof_view_set_bgcolor(u32 id, u32 argb) {
         return -1;
     node->attr->bg_scale = (u8)(argb >> 24);
     node->attr->bg_color = argb;
-    bg_paint(node);
+    zof_view_bg_paint(node);
     return 0;
 }
 
@@ -135,7 +135,7 @@ s32 zof_view_set_bg_opa(u32 id, u8 opa) {
     if (!node || !node->obj)
         return -1;
     node->attr->bg_scale = opa;
-    bg_paint(node);
+    zof_view_bg_paint(node);
     return 0;
 }
 

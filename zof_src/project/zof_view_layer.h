@@ -19,6 +19,9 @@ void zof_view_layer_set_root(zof_layer_se layer, lv_obj_t *root);
 // The layer on which a view is current, or ZOF_LAYER_COUNT.
 u32 zof_view_layer_showing(const zof_view_node_t *node);
 
+// Gives the view's object the colour and opacity of its record.
+void zof_view_bg_paint(zof_view_node_t *node);
+
 // Draws the background image: JPEG and PNG as an image object of the view, anything else by the display driver.
 void zof_view_set_bg_img(zof_view_node_t *node, const char *image);
 
