@@ -24,6 +24,7 @@ s32 zof_hmi_attr_init(void) {
     if (!path || !g_hmi_attr) {
         return -1;
     }
+    *g_hmi_attr = {};
     zof_rootjson_t file = RootJsonGet(path);
     const s32 result = file.root ? GetHmiStruct(file.root, g_hmi_attr) : -1;
     RootJsonDel(&file);

@@ -1,0 +1,267 @@
+// The host protocol over a real pseudo-terminal, with its receive thread on one side and the graphics loop on the
+// other.
+#include "zof_test.h"
+
+#include <random>
+#include <string>
+
+#include "drv/zof_lock.h"
+#include "hmi/zof_hmi.h"
+#include "hmi/zof_hmi_analys.h"
+#include "port/zof_port.h"
+#include "serial_pty.h"
+#include "view_project.h"
+
+enum { PORT = 41, GAP_MS = 5 };
+
+// A panel with a host at the far end of its line. Time is the host's own: two threads meet here.
+struct panel {
+    view_project_t project;
+    serial_pty pty;
+};
+
+static void panel_up(panel &p, const std::string &link, const std::string &more = "") {
+    pty_open(p.pty, PORT);
+    p.project.more = R"(, "start_page": 1, "app_ver": "A1.2", "language": "en")" + more;
+    for (u32 id : {1, 2}) {
+        p.project.view(id, {ctrl(ZOF_CTRL_LABEL, 5, R"("auto_hight": 1, "txt": "#hello")", box(0, 0, 200, 100))});
+    }
+    p.project.write("config/languages/en.g", R"({"hello": "hello"})");
+    p.project.write("config/languages/de.g", R"({"hello": "hallo"})");
+    p.project.write("config/project/zofhmi.g", R"({"hmi_en": 1, "uart": {"win_port": )" + std::to_string(PORT) +
+                                                   R"(, "speed_e": 6, "bit_e": 1}, "head_fh": 90, "head_fl": 165,
+                                                   "buffsize": 4096, "timeout": 5)" +
+                                                   link + "}");
+    REQUIRE(p.project.open(320, 240));
+    zof_clock_set(nullptr);
+    win_uart_init();
+    win_rtc_init();
+    zof_func_pwon();
+    REQUIRE(zof_hmi_init() == 0);
+}
+
+static bytes frame(u8 op, const bytes &payload) {
+    bytes out = {0x5A, 0xA5, (u8)(payload.size() + 1), op};
+    out.insert(out.end(), payload.begin(), payload.end());
+    return out;
+}
+
+static bytes get(const bytes &payload) {
+    return frame(ZOF_HMI_OP_GET, payload);
+}
+
+static bytes set(const bytes &payload) {
+    return frame(ZOF_HMI_OP_SET, payload);
+}
+
+// One turn of the program's loop.
+static void loop_turn() {
+    {
+        zof_lock gui(dis_mutex);
+        lv_timer_handler();
+    }
+    usleep(1000);
+}
+
+static bool line_has_bytes(panel &p) {
+    pollfd f = {p.pty.line.fd, POLLIN, 0};
+    return poll(&f, 1, 0) > 0;
+}
+
+// What the panel sends next, up to `size` bytes, while its loop turns.
+static bytes read_while_looping(panel &p, size_t size) {
+    eventually([&] {
+        loop_turn();
+        return line_has_bytes(p);
+    });
+    return pty_read(p.pty, size);
+}
+
+// Sends a frame and wants exactly this answer.
+static void answers(panel &p, const bytes &request, const bytes &answer) {
+    pty_write(p.pty, request);
+    CHECK(read_while_looping(p, answer.size()) == answer);
+}
+
+// Whether nothing is on its way: a read is answered by its own answer and nothing in front of it.
+static void silent(panel &p) {
+    usleep(3 * GAP_MS * 1000);
+    answers(p, get({0xB0, 0x01}), get({0xB0, 0x01, 0xAA, 0xBB}));
+}
+
+static void power_on(panel &p) {
+    CHECK(pty_read(p.pty, 8) == bytes{0x5A, 0xA5, 0x05, 0x11, 0xB0, 0x01, 0xAA, 0xBB});
+}
+
+static std::string label_text() {
+    para_t *label = zof_ctrl_get_form_id(1, 5);
+    return label && label->obj ? lv_label_get_text(label->obj) : "(none)";
+}
+
+TEST_CASE("host link: every system command is written and read through the line, and does what it says") {
+    panel p;
+    panel_up(p, R"(, "resend_en": 1)");
+    power_on(p);
+    answers(p, get({0xB0, 0x00, 0x00}), get({0xB0, 0x00, 0x00, 'A', '1', '.', '2', 0}));
+    answers(p, set({0xB0, 0x01, 0xCC, 0xDD}), set({0xB0, 0x01, 0}));
+    usleep(600 * 1000); // the panel "reboots"
+    answers(p, set({0xB0, 0x02, 40}), set({0xB0, 0x02, 0}));
+    CHECK(eventually([] { return loop_turn(), sdl_bright_get() == 40 * 255 / 100; }));
+    answers(p, set({0xB0, 0x03, 2, 0, 10, 0, 20}), set({0xB0, 0x03, 0}));
+    CHECK(eventually([] { return loop_turn(), zof_prj_get_cur()->attr->hw_t.tone_t.time == 20; }));
+    answers(p, set({0xB0, 0x04, 0x00, 0x70}), set({0xB0, 0x04, 0x00, 0}));
+    answers(p, get({0xB0, 0x04, 0x00}),
+            get({0xB0, 0x04, 0x00, 0x70})); // at once, though the project may not have it yet
+    CHECK(eventually([] { return loop_turn(), zof_prj_get_cur()->attr->hw_t.touch_t.th_en == 0x70; }));
+    answers(p, get({0xB0, 0x04, 0x01}), get({0xB0, 0x04, 0x01, 0, 0, 0, 0, 0}));
+    answers(p, set({0xB0, 0x05, 0x07, 0xE8, 1, 2, 3, 4, 5}), set({0xB0, 0x05, 0}));
+    pty_write(p.pty, get({0xB0, 0x05}));
+    const bytes clock = read_while_looping(p, 13);
+    REQUIRE(clock.size() == 13);
+    CHECK((clock[6] << 8 | clock[7]) >= 2024);
+    const bytes times = {0x00, 0x02, 0x00, 0x3C, 30, 0x00, 0x05, 5, 80, 0x00, 0x01};
+    bytes standby = {0xB0, 0x06, 0x00};
+    standby.insert(standby.end(), times.begin(), times.end());
+    answers(p, set(standby), set({0xB0, 0x06, 0x00, 0}));
+    answers(p, get({0xB0, 0x06, 0x00}), get(standby));
+    answers(p, set({0xB0, 0x06, 0x01, 1}), set({0xB0, 0x06, 0x01, 0}));
+    answers(p, get({0xB0, 0x06, 0x01}), get({0xB0, 0x06, 0x01, 1}));
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
+    answers(p, set({0xB0, 0x06, 0x01, 1}), set({0xB0, 0x06, 0x01, 1})); // in force already
+    answers(p, set({0xB0, 0x06, 0x01, 9}), set({0xB0, 0x06, 0x01, 1}));
+    answers(p, set({0xB0, 0x06, 0x01, 0}), set({0xB0, 0x06, 0x01, 0}));
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 1);
+    CHECK(label_text() == "hello");
+    answers(p, set({0xB0, 0x07, 0x00, 'd', 'e', 0}), set({0xB0, 0x07, 0x00, 0}));
+    CHECK(label_text() == "hallo");
+    answers(p, set({0xB0, 0x07, 0x00, 'f', 'r', 0}), set({0xB0, 0x07, 0x00, 1}));
+    pty_write(p.pty, get({0xB0, 0x02})); // nothing to read there
+    silent(p);
+}
+
+TEST_CASE("host link: without acknowledgements a write is silent and still done") {
+    panel p;
+    panel_up(p, "");
+    power_on(p);
+    pty_write(p.pty, set({0xB0, 0x02, 50}));
+    CHECK(eventually([] { return loop_turn(), sdl_bright_get() == 50 * 255 / 100; }));
+    pty_write(p.pty, set({0xB0, 0x07, 0x00, 'd', 'e', 0}));
+    CHECK(eventually([] { return loop_turn(), label_text() == "hallo"; }));
+    silent(p);
+}
+
+TEST_CASE("host link: a frame cut anywhere is joined with its rest, in both forms, and noise around it does no harm") {
+    panel p;
+    panel_up(p, "");
+    power_on(p);
+    const bytes answer = get({0xB0, 0x01, 0xAA, 0xBB});
+    const bytes forms[] = {get({0xB0, 0x01}), {0x5A, 0xA5, 0x80, 0x03, 0x11, 0xB0, 0x01}};
+    for (const bytes &request : forms) {
+        for (size_t cut = 1; cut < request.size(); cut++) {
+            CAPTURE(cut);
+            pty_write(p.pty, {request.begin(), request.begin() + (long)cut});
+            usleep(4 * GAP_MS * 1000);
+            answers(p, {request.begin() + (long)cut, request.end()}, answer);
+        }
+        bytes noisy = {0x00, 0x5A, 0x5A, 0xA5, 0x01, 0xB0, 0x5A};
+        noisy.insert(noisy.end(), request.begin(), request.end());
+        answers(p, noisy, answer);
+    }
+    bytes two = forms[0];
+    two.insert(two.end(), forms[0].begin(), forms[0].end());
+    pty_write(p.pty, two);
+    CHECK(read_while_looping(p, 8) == answer);
+    silent(p);                       // the second of two in one read is lost
+    two.resize(forms[0].size() + 5); // ... unless so little of it is there that it is kept
+    pty_write(p.pty, two);
+    CHECK(read_while_looping(p, 8) == answer);
+    usleep(4 * GAP_MS * 1000);
+    answers(p, {0x01}, answer);
+    silent(p);
+}
+
+TEST_CASE("host link: touches are reported as the flags ask, and those that wake the display as well") {
+    panel p;
+    panel_up(p, "", R"(, "hw_t": {"touch_t": {"th_en": 48}})");
+    power_on(p);
+    sdl_pointer_inject(12, 34, ZOF_TRUE);
+    CHECK(read_while_looping(p, 12) == get({0xB0, 0x04, 0x01, ZOF_TOUCH_PRESS, 0, 12, 0, 34}));
+    sdl_pointer_inject(300, 34, ZOF_TRUE); // held, which was not asked for
+    for (int i = 0; i < 100; i++) {
+        loop_turn();
+    }
+    CHECK(!line_has_bytes(p));
+    sdl_pointer_inject(300, 34, ZOF_FALSE);
+    CHECK(read_while_looping(p, 12) == get({0xB0, 0x04, 0x01, ZOF_TOUCH_RELEASED, 1, 44, 0, 34}));
+    pty_write(p.pty, set({0xB0, 0x04, 0x00, 0x40}));
+    CHECK(eventually([] { return loop_turn(), zof_prj_get_cur()->attr->hw_t.touch_t.th_en == 0x40; }));
+    sdl_pointer_inject(5, 6, ZOF_TRUE); // every hold sends, with no interval set
+    const bytes held = get({0xB0, 0x04, 0x01, ZOF_TOUCH_HELD, 0, 5, 0, 6});
+    CHECK(read_while_looping(p, 12) == held);
+    CHECK(read_while_looping(p, 12) == held);
+}
+
+// Writes without waiting for room, so that a line that is full cannot stop the test.
+static void hammer(panel &p, const bytes &data) {
+    pollfd f = {p.pty.line.fd, POLLOUT, 0};
+    if (poll(&f, 1, 0) > 0) {
+        (void)!write(p.pty.line.fd, data.data(), data.size());
+    }
+}
+
+static void drain(panel &p) {
+    while (line_has_bytes(p)) {
+        bytes any(4096);
+        if (read(p.pty.line.fd, any.data(), any.size()) <= 0) {
+            return;
+        }
+    }
+}
+
+static bytes random_frame(std::mt19937 &random) {
+    bytes payload = {0xB0};
+    if (random() % 8 == 0) {
+        payload[0] = (u8)random();
+    }
+    for (u32 n = random() % 14; n > 0; n--) {
+        payload.push_back((u8)(random() % 9));
+    }
+    if (payload.size() > 1 && payload[1] == 0x01) {
+        payload[1] = 0x04; // no reboots: each waits half a second
+    }
+    bytes out = frame(random() % 2 ? ZOF_HMI_OP_SET : ZOF_HMI_OP_GET, payload);
+    if (random() % 6 == 0) {
+        out[random() % out.size()] = (u8)random();
+    }
+    return out;
+}
+
+TEST_CASE("host link: a host that hammers with good, bad and random frames leaves the panel whole") {
+    const u32 seed = std::random_device{}();
+    CAPTURE(seed);
+    std::mt19937 random(seed);
+    panel p;
+    panel_up(p, R"(, "resend_en": 1)");
+    power_on(p);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(3);
+    while (std::chrono::steady_clock::now() < end) {
+        for (u32 n = random() % 6; n > 0; n--) {
+            hammer(p, random_frame(random));
+        }
+        if (random() % 3 == 0) { // a silence, so that some frames stand alone
+            usleep(8 * 1000);
+        }
+        loop_turn();
+        drain(p);
+    }
+    hammer(p, bytes(400, 0)); // whatever is kept as the beginning of a frame ends here
+    CHECK(eventually([&] {
+        usleep(20 * 1000);
+        drain(p);
+        pty_write(p.pty, get({0xB0, 0x01}));
+        for (int i = 0; i < 40 && !line_has_bytes(p); i++) {
+            loop_turn();
+        }
+        return line_has_bytes(p) && pty_read(p.pty, 8) == get({0xB0, 0x01, 0xAA, 0xBB});
+    }));
+}
