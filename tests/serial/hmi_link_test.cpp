@@ -201,6 +201,48 @@ TEST_CASE("host link: touches are reported as the flags ask, and those that wake
     CHECK(read_while_looping(p, 12) == held);
 }
 
+static s8 acknowledged() {
+    return *(s8 *)ui_cmd_analys->reply_param;
+}
+
+// A write that is never answered; the read behind it, in its own message, comes back when it is done.
+static s8 view_write(panel &p, const bytes &payload) {
+    pty_write(p.pty, set(payload));
+    usleep(4 * GAP_MS * 1000);
+    answers(p, get({0xB1, 0x06}), get({0xB1, 0x06, 1, 64, 0, 240}));
+    return acknowledged();
+}
+
+TEST_CASE("host link: every view command is written and read through the line; writes are done and never answered") {
+    panel p;
+    panel_up(p, R"(, "resend_en": 1)");
+    power_on(p);
+    answers(p, get({0xB1, 0x01, 0}), get({0xB1, 0x01, 0, 0, 1}));
+    answers(p, get({0xB1, 0x01, 1}), get({0xB1, 0x01, 1, 0xFF, 0xFF}));
+    CHECK(view_write(p, {0xB1, 0x04, 0, 2}) == 0);
+    CHECK(zof_view_list_get(2) != nullptr);
+    CHECK(view_write(p, {0xB1, 0x04, 0, 9}) == 1);
+    CHECK(view_write(p, {0xB1, 0x00, 0, 2}) == 0);
+    answers(p, get({0xB1, 0x01, 0}), get({0xB1, 0x01, 0, 0, 2}));
+    CHECK(view_write(p, {0xB1, 0x00, 0, 9}) == 1);
+    CHECK(view_write(p, {0xB1, 0x02, 0, 0, 2}) == 0);
+    CHECK(view_write(p, {0xB1, 0x02, 9, 0, 2}) == 1);
+    CHECK(view_write(p, {0xB1, 0x05, 0, 2, 0xFF, 0x10, 0x20, 0x30}) == 0);
+    CHECK(screen_pixel(300, 200) == 0x102030);
+    p.project.image("red.png", 320, 240, 0xFF0000);
+    bytes image = {0xB1, 0x07, 0xDE, 0xAD, 0, 2, 'r', 'e', 'd', '.', 'p', 'n', 'g', 0};
+    CHECK(view_write(p, image) == 0);
+    CHECK(screen_pixel(300, 200) == 0xFF0000);
+    CHECK(view_write(p, {0xB1, 0x03, 0}) == 0);
+    answers(p, get({0xB1, 0x01, 0}), get({0xB1, 0x01, 0, 0xFF, 0xFF}));
+    CHECK(view_write(p, {0xB1, 0x03, 4}) == 1);
+    pty_write(p.pty, get({0xB1, 0x01, 3})); // there is no such layer to read, and nobody is told
+    usleep(4 * GAP_MS * 1000);
+    pty_write(p.pty, frame(0x33, {0xB1, 0x06})); // consumed whole in the queue
+    silent(p);
+    answers(p, get({0xB1, 0x06}), get({0xB1, 0x06, 1, 64, 0, 240}));
+}
+
 // Writes without waiting for room, so that a line that is full cannot stop the test.
 static void hammer(panel &p, const bytes &data) {
     pollfd f = {p.pty.line.fd, POLLOUT, 0};
@@ -220,7 +262,9 @@ static void drain(panel &p) {
 
 static bytes random_frame(std::mt19937 &random) {
     bytes payload = {0xB0};
-    if (random() % 8 == 0) {
+    if (random() % 4 == 0) {
+        payload[0] = 0xB1;
+    } else if (random() % 8 == 0) {
         payload[0] = (u8)random();
     }
     for (u32 n = random() % 14; n > 0; n--) {

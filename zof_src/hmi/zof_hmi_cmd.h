@@ -49,8 +49,9 @@ extern const u32 zof_sys_cmd_type_count;
 extern const zof_hmi_cmd_type_t zof_ui_cmd_types[];
 extern const u32 zof_ui_cmd_type_count;
 
-enum { ZOF_SYS_PARAM_COUNT = 10 };
+enum { ZOF_SYS_PARAM_COUNT = 10, ZOF_VIEW_PARAM_COUNT = 8 };
 extern const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_view_params[ZOF_VIEW_PARAM_COUNT];
 
 ZOF_C_END
 

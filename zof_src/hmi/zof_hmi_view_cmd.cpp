@@ -1,0 +1,85 @@
+// View commands (type B1), on the graphics thread. Their acknowledgement has the system's sense, 0 for done; it stays
+// in the analyser's record, because only system writes are answered.
+#include "hmi/zof_hmi_cmd.h"
+#include "project/zof_view.h"
+
+enum { LAYERS_READ = 3 }; // the background layer has no view of its own to tell of
+
+static s32 acknowledge(void *reply, s32 result) {
+    *(s8 *)reply = result == 0 ? 0 : 1;
+    return ZOF_HMI_DONE;
+}
+
+// Showing a view cannot fail by itself, so an unknown one is told apart here.
+static s32 view_set_dis(void *, void *, void *value, void *reply) {
+    const u16 id = *(u16 *)value;
+    return acknowledge(reply, zof_view_name_get(id) ? zof_view_set_dis_view(id) : -1);
+}
+
+static s32 view_get_dis(void *, void *req, void *value) {
+    const u8 layer = *(u8 *)req;
+    if (layer >= LAYERS_READ) {
+        return ZOF_HMI_FAIL;
+    }
+    *(u16 *)value = (u16)zof_view_get_cur_id(layer);
+    return ZOF_HMI_DONE;
+}
+
+static s32 view_set_layer(void *, void *, void *value, void *reply) {
+    const auto *v = (const zof_hmi_u8u16_t *)value;
+    return acknowledge(reply, v->a < ZOF_LAYER_COUNT ? zof_view_set_layer(v->b, v->a) : -1);
+}
+
+static s32 view_hide_layer(void *, void *, void *value, void *reply) {
+    return acknowledge(reply, zof_view_hide_layer(*(u8 *)value));
+}
+
+static s32 view_load(void *, void *, void *value, void *reply) {
+    return acknowledge(reply, zof_view_load(*(u16 *)value));
+}
+
+static s32 view_bg_color(void *, void *, void *value, void *reply) {
+    const auto *v = (const zof_hmi_u16u32_t *)value;
+    return acknowledge(reply, zof_view_set_bgcolor(v->a, v->b));
+}
+
+static s32 view_get_size(void *, void *, void *value) {
+    zof_size_t size = {};
+    zof_view_get_dis_wh(&size); // its result says nothing
+    *(zof_hmi_u16u16_t *)value = {(u16)size.width, (u16)size.height};
+    return ZOF_HMI_DONE;
+}
+
+static s32 view_bg(void *, void *, void *value, void *reply) {
+    const auto *v = (const zof_hmi_u16str_t *)value;
+    return acknowledge(reply, zof_view_set_bg(v->a, v->text));
+}
+
+// clang-format off
+const zof_hmi_param_type_t zof_view_params[ZOF_VIEW_PARAM_COUNT] = {
+    {.len = 1, .code = {0x00}, .name = "display", .help = "Shows a view on the layer of its file.",
+     .value_names = "view",
+     .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = view_set_dis},
+    {.len = 1, .code = {0x01}, .name = "displayed", .help = "The view on a layer: 0 interface, 1 state, 2 top; 65535 for none.",
+     .req_names = "layer", .value_names = "view",
+     .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_s8_s8_rw_t_tbl, .get_fun = view_get_dis},
+    {.len = 1, .code = {0x02}, .name = "layer", .help = "Kept for old hosts: a view's layer is that of its file.",
+     .value_names = "layer view",
+     .value = &zof_hmi_param_u8u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = view_set_layer},
+    {.len = 1, .code = {0x03}, .name = "hide_layer", .help = "Takes the view off a layer: 0 interface, 1 state, 2 top, 3 background.",
+     .value_names = "layer",
+     .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = view_hide_layer},
+    {.len = 1, .code = {0x04}, .name = "load", .help = "Makes a view ready without showing it.",
+     .value_names = "view",
+     .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = view_load},
+    {.len = 1, .code = {0x05}, .name = "bg_color", .help = "Background of a view: opacity in the top byte, then red, green, blue.",
+     .value_names = "view argb",
+     .value = &zof_hmi_param_u16u32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = view_bg_color},
+    {.len = 1, .code = {0x06}, .name = "size", .help = "The project's width and height in pixels.",
+     .value_names = "width height",
+     .value = &zof_hmi_param_u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = view_get_size},
+    {.len = 1, .code = {0x07}, .name = "bg_image", .help = "Background image of a view; the request field is not used.",
+     .req_names = "unused", .value_names = "view image",
+     .value = &zof_hmi_param_u16str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl, .set_fun = view_bg},
+};
+// clang-format on
