@@ -15,8 +15,7 @@ const zof_view_fun_t zof_views_fun[ZOF_VIEW_COUNT] = {
     {ZOF_VIEW4_ID, view4_init, view4_entry, view4_exit},
 };
 
-void zof_main(void)
-{
+void zof_main(void) {
     zof_prj_create(zof_views_fun, ZOF_VIEW_COUNT);
     zof_hw_init();
 }

@@ -23,6 +23,7 @@ void measure_link() {
             lv_label_set_text_fmt(label, "%u.%03u A", value / 1000u, value % 1000u);
         }
     });
-    printf("| a frame of the link to its label | %.2f us, %.0f frames a second | %.2f us, plain lv_label_set_text | %.2f |\n",
+    printf("| a frame of the link to its label | %.2f us, %.0f frames a second | %.2f us, plain lv_label_set_text | "
+           "%.2f |\n",
            frames * 1000 / FRAMES, FRAMES * 1000.0 / frames, plain * 1000 / FRAMES, frames / plain);
 }

@@ -13,8 +13,9 @@ static lv_obj_t *plain_copy(lv_obj_t *from, lv_obj_t *parent) {
             lv_obj_add_style(to, from->styles[i].style, from->styles[i].selector);
         }
     }
-    for (lv_style_prop_t prop : {LV_STYLE_BG_COLOR, LV_STYLE_BG_OPA, LV_STYLE_TEXT_COLOR, LV_STYLE_TEXT_ALIGN, LV_STYLE_OPA,
-                                 LV_STYLE_ARC_COLOR, LV_STYLE_ARC_WIDTH, LV_STYLE_ARC_OPA, LV_STYLE_ARC_ROUNDED}) {
+    for (lv_style_prop_t prop :
+         {LV_STYLE_BG_COLOR, LV_STYLE_BG_OPA, LV_STYLE_TEXT_COLOR, LV_STYLE_TEXT_ALIGN, LV_STYLE_OPA,
+          LV_STYLE_ARC_COLOR, LV_STYLE_ARC_WIDTH, LV_STYLE_ARC_OPA, LV_STYLE_ARC_ROUNDED}) {
         for (lv_style_selector_t part : {(u32)LV_PART_MAIN, (u32)LV_PART_INDICATOR}) {
             lv_style_value_t value;
             if (lv_obj_get_local_style_prop(from, prop, &value, part) == LV_RES_OK) {
@@ -86,6 +87,7 @@ void measure_redraw() {
             us = std::min(us, redraw_ms(ours));
             them = std::min(them, redraw_ms(plain));
         }
-        printf("| full redraw of view %u | %.2f ms | %.2f ms, the same widgets in plain LVGL | %.3f |\n", view, us, them, us / them);
+        printf("| full redraw of view %u | %.2f ms | %.2f ms, the same widgets in plain LVGL | %.3f |\n", view, us,
+               them, us / them);
     }
 }

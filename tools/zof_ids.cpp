@@ -10,22 +10,19 @@
 #include <sstream>
 #include <string>
 
-static std::string read_file(const std::string &path)
-{
+static std::string read_file(const std::string &path) {
     std::ifstream in(path, std::ios::binary);
     std::ostringstream text;
     text << in.rdbuf();
     return in ? text.str() : std::string();
 }
 
-static int fail(const std::string &place, const char *what)
-{
+static int fail(const std::string &place, const char *what) {
     fprintf(stderr, "zof_ids: %s: %s\n", place.c_str(), what);
     return 1;
 }
 
-static std::string enumerator(int view, const char *name)
-{
+static std::string enumerator(int view, const char *name) {
     std::string out = "VIEW" + std::to_string(view) + "_";
     for (const char *c = name; *c; c++) {
         out += isalnum((unsigned char)*c) ? (char)toupper((unsigned char)*c) : '_';
@@ -34,8 +31,7 @@ static std::string enumerator(int view, const char *name)
 }
 
 // One view's enumeration; false after a line about what is wrong.
-static bool write_view(const std::string &path, int view, std::ostream &out)
-{
+static bool write_view(const std::string &path, int view, std::ostream &out) {
     cJSON *root = cJSON_Parse(read_file(path).c_str());
     const cJSON *controls = cJSON_GetObjectItem(root, "controls");
     std::map<std::string, int> seen;
@@ -43,8 +39,7 @@ static bool write_view(const std::string &path, int view, std::ostream &out)
     out << "enum {\n";
     bool good = cJSON_IsArray(controls);
     const cJSON *entry = nullptr;
-    cJSON_ArrayForEach(entry, controls)
-    {
+    cJSON_ArrayForEach(entry, controls) {
         const cJSON *pub = cJSON_GetObjectItem(cJSON_GetObjectItem(entry, "property"), "pub_t");
         const cJSON *id = cJSON_GetObjectItem(pub, "id");
         const char *name = cJSON_GetStringValue(cJSON_GetObjectItem(pub, "name"));
@@ -72,8 +67,7 @@ static bool write_view(const std::string &path, int view, std::ostream &out)
     return good;
 }
 
-int main(int argc, char **argv)
-{
+int main(int argc, char **argv) {
     if (argc != 3) {
         fprintf(stderr, "usage: zof_ids PROJECT_FOLDER OUTPUT.h\n");
         return 2;
@@ -88,8 +82,7 @@ int main(int argc, char **argv)
         fail(folder + "project/zofprj.g", "it is no JSON, or has no `views`");
     }
     const cJSON *view = nullptr;
-    cJSON_ArrayForEach(view, views)
-    {
+    cJSON_ArrayForEach(view, views) {
         const cJSON *id = cJSON_GetObjectItem(view, "pageId");
         const char *name = cJSON_GetStringValue(cJSON_GetObjectItem(view, "pageName"));
         if (!cJSON_IsNumber(id) || !name) {

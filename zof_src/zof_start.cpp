@@ -12,8 +12,7 @@
 
 enum { LOOP_PAUSE_MS = 5 };
 
-int zof_run(int argc, char **argv)
-{
+int zof_run(int argc, char **argv) {
     if (zof_win_cmd(argc, argv) == 0) {
         return 0;
     }

@@ -2,7 +2,6 @@
 
 #include "hardware/uart/zof_hw_uart.h"
 
-void zof_hw_init(void)
-{
+void zof_hw_init(void) {
     zof_uart_init();
 }

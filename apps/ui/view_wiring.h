@@ -8,14 +8,12 @@
 #include "zof.h"
 
 // Controls without a function of their own still get a row, and by it press tone and hook.
-inline void no_event(zof_ctrl_t *, zof_event_e)
-{
+inline void no_event(zof_ctrl_t *, zof_event_e) {
 }
 
 // Rows for ids 1 to N + gaps, in order, without the ids in `skip`.
 template <size_t N, size_t W>
-constexpr std::array<zof_ctrl_fun_t, N> view_rows(const zof_ctrl_fun_t (&wired)[W], u32 skip = 0)
-{
+constexpr std::array<zof_ctrl_fun_t, N> view_rows(const zof_ctrl_fun_t (&wired)[W], u32 skip = 0) {
     std::array<zof_ctrl_fun_t, N> rows{};
     u32 id = 0;
     for (zof_ctrl_fun_t &row : rows) {
@@ -30,21 +28,18 @@ constexpr std::array<zof_ctrl_fun_t, N> view_rows(const zof_ctrl_fun_t (&wired)[
 
 // What a link to another view does: slides, slow at the end; tabs jump.
 enum { SLIDE_MS = 250 };
-inline void tab_to(u32 view)
-{
+inline void tab_to(u32 view) {
     zof_view_set_dis_view_anim(view, ZOF_SCR_LOAD_ANIM_NONE, 0, 0, ZOF_ANIM_PATH_END_SLOW);
 }
 
-template <u32 VIEW> void tab_event(zof_ctrl_t *, zof_event_e event)
-{
+template <u32 VIEW> void tab_event(zof_ctrl_t *, zof_event_e event) {
     if (event == ZOF_EVENT_CLICKED) {
         tab_to(VIEW);
     }
 }
 
 // A link label: bright under the finger, amber at rest.
-inline void link_event(zof_ctrl_t *ctrl, zof_event_e event, u32 view, u32 transition)
-{
+inline void link_event(zof_ctrl_t *ctrl, zof_event_e event, u32 view, u32 transition) {
     enum : zof_color_t { AT_REST = 0xFFFF9F0A, UNDER_FINGER = 0xFFFFE680 };
     if (event == ZOF_EVENT_PRESSED) {
         zof_label_set_txt_color(ctrl, UNDER_FINGER);

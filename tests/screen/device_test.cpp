@@ -29,7 +29,8 @@ TEST_CASE("standby: the display dims, goes dark, and comes back in two presses t
                             "on_bright": 90, "on_view": 3})");
     screen_step(4000);
     screen_click(100, 50);
-    CHECK(taken(events).find("5:7") != std::string::npos); // awake: the press is the control's, and the count starts anew
+    CHECK(taken(events).find("5:7") !=
+          std::string::npos); // awake: the press is the control's, and the count starts anew
     screen_step(4500);
     CHECK(zof_func_stdby_get_statue() == ZOF_STDBY_NORMAL);
     screen_step(1000);
@@ -175,8 +176,16 @@ TEST_CASE("watchdog: without a driver every call fails, and a task feeds one tha
     static const zof_drv_wdt_ops_t ops = {
         .open = [] { return 0; },
         .close = [] { return 0; },
-        .set_timeout = [](u32 s) { seconds = s; return 0; },
-        .keepalive = [] { fed++; return 0; },
+        .set_timeout =
+            [](u32 s) {
+                seconds = s;
+                return 0;
+            },
+        .keepalive =
+            [] {
+                fed++;
+                return 0;
+            },
     };
     screen_open(100, 100);
     CHECK(zof_drv_wdt_reg(&ops) == 0);

@@ -8,8 +8,7 @@ extern "C" {
 #include "src/misc/lv_gc.h"
 }
 
-static lv_obj_t *plain(lv_obj_t *parent, s32 w, s32 h, u32 color)
-{
+static lv_obj_t *plain(lv_obj_t *parent, s32 w, s32 h, u32 color) {
     lv_obj_t *obj = lv_obj_create(parent);
     lv_obj_remove_style_all(obj);
     lv_obj_set_size(obj, w, h);
@@ -18,13 +17,11 @@ static lv_obj_t *plain(lv_obj_t *parent, s32 w, s32 h, u32 color)
     return obj;
 }
 
-static void *first_word(lv_obj_t *obj)
-{
+static void *first_word(lv_obj_t *obj) {
     return *(void **)obj;
 }
 
-TEST_CASE("an object's first word is its own address, written when its initialisation is over")
-{
+TEST_CASE("an object's first word is its own address, written when its initialisation is over") {
     screen_open(100, 100);
     static void *early = &early;
     lv_obj_add_event_cb(
@@ -41,8 +38,7 @@ TEST_CASE("an object's first word is its own address, written when its initialis
 static std::string scroll_events;
 static bool param_is_indev;
 
-static void scroll_note(lv_event_t *e)
-{
+static void scroll_note(lv_event_t *e) {
     const u32 code = lv_event_get_code(e);
     if (code == LV_EVENT_SCROLL_END || (code >= 46 && code <= 48)) {
         scroll_events += std::to_string(code) + " ";
@@ -51,8 +47,7 @@ static void scroll_note(lv_event_t *e)
 }
 
 // A page of 100 x 100 with ten times as much below.
-static lv_obj_t *scrolled()
-{
+static lv_obj_t *scrolled() {
     lv_obj_t *page = plain(lv_scr_act(), 100, 100, 0x202020);
     plain(page, 50, 1000, 0x404040);
     lv_obj_add_event_cb(page, scroll_note, LV_EVENT_ALL, nullptr);
@@ -60,8 +55,7 @@ static lv_obj_t *scrolled()
     return page;
 }
 
-TEST_CASE("the end of a scroll says what ended, directly after SCROLL_END")
-{
+TEST_CASE("the end of a scroll says what ended, directly after SCROLL_END") {
     screen_open(100, 100);
     lv_obj_t *page = scrolled();
     lv_obj_scroll_to_y(page, 30, LV_ANIM_OFF);
@@ -79,14 +73,14 @@ TEST_CASE("the end of a scroll says what ended, directly after SCROLL_END")
     CHECK(param_is_indev);
 
     // Whoever hears the end may delete what scrolled.
-    lv_obj_add_event_cb(page, [](lv_event_t *e) { lv_obj_del(lv_event_get_target(e)); }, LV_EVENT_SCROLL_END, nullptr);
+    lv_obj_add_event_cb(
+        page, [](lv_event_t *e) { lv_obj_del(lv_event_get_target(e)); }, LV_EVENT_SCROLL_END, nullptr);
     screen_drag(20, 80, 20, 20, 6);
     screen_step(3000);
     CHECK(lv_obj_get_child_cnt(lv_scr_act()) == 0);
 }
 
-static s32 throw_distance(lv_obj_t *page, float momentum)
-{
+static s32 throw_distance(lv_obj_t *page, float momentum) {
     kvy_lv_set_scroll_momentum(momentum);
     lv_obj_scroll_to_y(page, 0, LV_ANIM_OFF);
     screen_drag(20, 90, 20, 50, 4);
@@ -95,8 +89,7 @@ static s32 throw_distance(lv_obj_t *page, float momentum)
     return lv_obj_get_scroll_y(page) - released;
 }
 
-TEST_CASE("the factor of a scroll throw decides how far it goes")
-{
+TEST_CASE("the factor of a scroll throw decides how far it goes") {
     screen_open(100, 100);
     lv_obj_t *page = scrolled();
     const s32 none = throw_distance(page, 0.0f);
@@ -110,8 +103,7 @@ TEST_CASE("the factor of a scroll throw decides how far it goes")
     CHECK(lv_obj_get_scroll_y(page) <= 900);
 }
 
-static std::string read_by_lvgl(const std::string &path)
-{
+static std::string read_by_lvgl(const std::string &path) {
     lv_fs_file_t f;
     char text[32] = {};
     u32 got = 0;
@@ -123,8 +115,7 @@ static std::string read_by_lvgl(const std::string &path)
     return text;
 }
 
-TEST_CASE("LVGL opens plain paths and project drives alike, long ones whole")
-{
+TEST_CASE("LVGL opens plain paths and project drives alike, long ones whole") {
     temp_project_t project;
     screen_open(10, 10);
     REQUIRE(project.open());
@@ -153,8 +144,7 @@ TEST_CASE("LVGL opens plain paths and project drives alike, long ones whole")
     CHECK(found);
 }
 
-TEST_CASE("the background layer is drawn first, seen through, and searched last")
-{
+TEST_CASE("the background layer is drawn first, seen through, and searched last") {
     screen_open(100, 60);
     lv_disp_t *disp = lv_disp_get_default();
     lv_obj_t *bg = lv_disp_get_layer_bg(nullptr);
@@ -198,11 +188,10 @@ TEST_CASE("the background layer is drawn first, seen through, and searched last"
 
 // 4 x 2 pixels, each of its own colour.
 static const lv_color_t picture_pixels[] = {
-    LV_COLOR_MAKE(255, 0, 0),   LV_COLOR_MAKE(0, 255, 0),   LV_COLOR_MAKE(0, 0, 255),   LV_COLOR_MAKE(255, 255, 0),
+    LV_COLOR_MAKE(255, 0, 0),   LV_COLOR_MAKE(0, 255, 0),   LV_COLOR_MAKE(0, 0, 255), LV_COLOR_MAKE(255, 255, 0),
     LV_COLOR_MAKE(0, 255, 255), LV_COLOR_MAKE(255, 0, 255), LV_COLOR_MAKE(128, 0, 0), LV_COLOR_MAKE(0, 128, 0)};
 
-static const lv_img_dsc_t *picture()
-{
+static const lv_img_dsc_t *picture() {
     static lv_img_dsc_t dsc;
     dsc.header.cf = LV_IMG_CF_TRUE_COLOR;
     dsc.header.w = 4;
@@ -212,14 +201,12 @@ static const lv_img_dsc_t *picture()
     return &dsc;
 }
 
-static u32 picture_at(s32 x, s32 y)
-{
+static u32 picture_at(s32 x, s32 y) {
     return lv_color_to32(picture_pixels[y * 4 + x]) & 0xFFFFFF;
 }
 
 // The picture once at (x0, y0), the screen's colour everywhere else.
-static bool drawn_once(s32 x0, s32 y0)
-{
+static bool drawn_once(s32 x0, s32 y0) {
     const screen_picture p = screen_shot();
     for (s32 y = 0; y < p.height; y++) {
         for (s32 x = 0; x < p.width; x++) {
@@ -234,8 +221,7 @@ static bool drawn_once(s32 x0, s32 y0)
     return true;
 }
 
-TEST_CASE("an image is drawn once in the middle of its object, or repeated over it")
-{
+TEST_CASE("an image is drawn once in the middle of its object, or repeated over it") {
     screen_open(40, 30);
     lv_obj_set_style_bg_color(lv_scr_act(), lv_color_hex(0x101010), 0);
     lv_obj_t *img = lv_img_create(lv_scr_act());
@@ -287,8 +273,7 @@ TEST_CASE("an image is drawn once in the middle of its object, or repeated over 
     KVY_img_set_center(lv_img_create(lv_scr_act()));
 }
 
-TEST_CASE("a cached image lives as long as the limit lets it")
-{
+TEST_CASE("a cached image lives as long as the limit lets it") {
     screen_open(40, 30);
     CHECK(img_cache_max_life == 200);
     kvy_lv_img_cache_max_life_set(5000);
@@ -316,8 +301,7 @@ TEST_CASE("a cached image lives as long as the limit lets it")
     CHECK(entry->life == 200);
 }
 
-static s32 band_height(lv_obj_t *roller)
-{
+static s32 band_height(lv_obj_t *roller) {
     lv_obj_invalidate(roller);
     const screen_picture p = screen_shot();
     s32 rows = 0;
@@ -327,8 +311,7 @@ static s32 band_height(lv_obj_t *roller)
     return rows;
 }
 
-TEST_CASE("the selected band of a roller grows above and below")
-{
+TEST_CASE("the selected band of a roller grows above and below") {
     screen_open(100, 160);
     lv_obj_t *roller = lv_roller_create(lv_scr_act());
     lv_obj_set_style_radius(roller, 0, 0);
@@ -356,8 +339,7 @@ static const std::string gif("GIF89a\x02\x00\x02\x00\x80\x00\x00\x00\x00\x00\xFF
                              13 + 6 + 10 + 6 + 1);
 enum { GIF_WIDTH = 6 };
 
-static void gif_show(const temp_project_t &project, const std::string &bytes)
-{
+static void gif_show(const temp_project_t &project, const std::string &bytes) {
     project.write("image/a.gif", bytes);
     lv_obj_t *obj = lv_gif_create(lv_scr_act());
     lv_gif_set_src(obj, project.path("image/a.gif").c_str());
@@ -368,8 +350,7 @@ static void gif_show(const temp_project_t &project, const std::string &bytes)
     lv_obj_del(obj);
 }
 
-TEST_CASE("damaged and missing pictures do no harm")
-{
+TEST_CASE("damaged and missing pictures do no harm") {
     temp_project_t project;
     project.open();
     screen_open(40, 30);

@@ -1,4 +1,5 @@
-// The bench panel for tests: its real project folder, a line that keeps what is sent, and frames as the board sends them.
+// The bench panel for tests: its real project folder, a line that keeps what is sent, and frames as the board sends
+// them.
 #ifndef PANEL_FIXTURE_H
 #define PANEL_FIXTURE_H
 
@@ -64,9 +65,10 @@ inline void board_rails(const std::vector<prof_t> &rails, u16 in_force = RAIL_NO
 }
 
 inline std::vector<prof_t> thirteen_rails() {
-    return {{0, 5000, 5000, 5000},   {0, 9000, 9000, 5000},   {0, 12000, 12000, 5000}, {0, 15000, 15000, 5000}, {0, 20000, 20000, 5000},
-            {1, 3300, 11000, 5000},  {1, 3300, 16000, 5000},  {1, 3300, 21000, 5000},  {3, 28000, 28000, 5000}, {3, 36000, 36000, 5000},
-            {3, 48000, 48000, 5000}, {2, 9000, 20000, 3250},  {2, 15000, 28000, 5000}};
+    return {{0, 5000, 5000, 5000},   {0, 9000, 9000, 5000},   {0, 12000, 12000, 5000}, {0, 15000, 15000, 5000},
+            {0, 20000, 20000, 5000}, {1, 3300, 11000, 5000},  {1, 3300, 16000, 5000},  {1, 3300, 21000, 5000},
+            {3, 28000, 28000, 5000}, {3, 36000, 36000, 5000}, {3, 48000, 48000, 5000}, {2, 9000, 20000, 3250},
+            {2, 15000, 28000, 5000}};
 }
 
 inline std::string text_of(u32 view, u32 ctrl) {

@@ -5,8 +5,7 @@
 #include "screen_fixture.h"
 #include "temp_project.h"
 
-static zof_prj_t *project_showing(temp_project_t *project, u32 show_en)
-{
+static zof_prj_t *project_showing(temp_project_t *project, u32 show_en) {
     project->write("config/project/zofprj.g",
                    R"({"p_name": "t", "width": 320, "height": 240, "views": [], "version": "fw 9", "app_ver": "2.5",
                        "comp_time": "noon", "show_en": )" +
@@ -19,16 +18,14 @@ static zof_prj_t *project_showing(temp_project_t *project, u32 show_en)
 }
 
 // The overlay's text; "-" when there is none.
-static std::string overlay()
-{
+static std::string overlay() {
     if (lv_obj_get_child_cnt(lv_scr_act()) == 0) {
         return "-";
     }
     return lv_label_get_text(lv_obj_get_child(lv_obj_get_child(lv_scr_act(), -1), 0));
 }
 
-TEST_CASE("the overlay comes after half a second, its text after a second, and it follows the active screen")
-{
+TEST_CASE("the overlay comes after half a second, its text after a second, and it follows the active screen") {
     temp_project_t project;
     REQUIRE(project_showing(&project, ZOF_SHOW_FW_VER | ZOF_SHOW_SDK_VER | ZOF_SHOW_APP_VER | ZOF_SHOW_BOTTOM));
     screen_step(480);
@@ -49,8 +46,7 @@ TEST_CASE("the overlay comes after half a second, its text after a second, and i
     CHECK(lv_obj_get_parent(cont) == next);
 }
 
-TEST_CASE("the overlay's rate is refreshes over the time of the runs that made them")
-{
+TEST_CASE("the overlay's rate is refreshes over the time of the runs that made them") {
     temp_project_t project;
     REQUIRE(project_showing(&project, ZOF_SHOW_FPS | ZOF_SHOW_MEM));
     // Each run with a refresh takes 20 ms, each other one 3 ms.
@@ -85,8 +81,7 @@ TEST_CASE("the overlay's rate is refreshes over the time of the runs that made t
     CHECK(contains(text, " B\nsim freemem: "));
 }
 
-TEST_CASE("nothing is shown without a bit of its own, and a missing version is no line")
-{
+TEST_CASE("nothing is shown without a bit of its own, and a missing version is no line") {
     temp_project_t project;
     zof_prj_t *prj = project_showing(&project, ZOF_SHOW_BOTTOM);
     screen_step(2000);
@@ -99,13 +94,18 @@ TEST_CASE("nothing is shown without a bit of its own, and a missing version is n
     CHECK(overlay() == "");
 }
 
-TEST_CASE("numbers are grouped by thousands, sign kept")
-{
+TEST_CASE("numbers are grouped by thousands, sign kept") {
     const struct {
         s32 value;
         const char *text;
-    } rows[] = {{0, "0"},           {999, "999"},           {1000, "1,000"},          {1000000, "1,000,000"},
-                {2000005, "2,000,005"}, {-1500, "-1,500"}, {-7, "-7"}, {INT32_MIN, "-2147,483,648"}};
+    } rows[] = {{0, "0"},
+                {999, "999"},
+                {1000, "1,000"},
+                {1000000, "1,000,000"},
+                {2000005, "2,000,005"},
+                {-1500, "-1,500"},
+                {-7, "-7"},
+                {INT32_MIN, "-2147,483,648"}};
     for (const auto &row : rows) {
         char text[16] = {};
         _memsize_format(row.value, text);
@@ -114,22 +114,19 @@ TEST_CASE("numbers are grouped by thousands, sign kept")
     _memsize_format(1, nullptr);
 }
 
-static s32 limit_of(s32 width, s32 height)
-{
+static s32 limit_of(s32 width, s32 height) {
     temp_project_t project;
     project.write("config/project/zofprj.g", "{\"p_name\": \"t\", \"views\": [], \"width\": " + std::to_string(width) +
                                                  ", \"height\": " + std::to_string(height) + "}");
     return project.open() ? zof_func_check_wh_vaild() : -2;
 }
 
-TEST_CASE("a project within the area of the limit passes, and none at all is no fault")
-{
+TEST_CASE("a project within the area of the limit passes, and none at all is no fault") {
     CHECK(zof_func_check_wh_vaild() == -1);
     CHECK(limit_of(4096, 4096) == 0);
 }
 
-TEST_CASE("a project that is too large is refused on the screen, for ever, with one line")
-{
+TEST_CASE("a project that is too large is refused on the screen, for ever, with one line") {
     const std::string log = printed([] {
         const pid_t child = fork();
         if (child == 0) {

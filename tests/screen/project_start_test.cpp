@@ -37,7 +37,8 @@ static const char *view_text(int id) {
 // The project's own keys, and three views of which the second has no file.
 static void write_project(const temp_project_t &project, const std::string &keys) {
     project.write("config/project/zofprj.g", R"({"width": 320, "height": 240, "views": [{"pageId": 3, "pageName":
-        "three.g"}, {"pageId": 2, "pageName": "two.g"}, {"pageId": 1, "pageName": "one.g"}], )" + keys + "}");
+        "three.g"}, {"pageId": 2, "pageName": "two.g"}, {"pageId": 1, "pageName": "one.g"}], )" +
+                                                 keys + "}");
     project.write("config/view/one.g", view_text(1));
     project.write("config/view/three.g", view_text(3));
 }

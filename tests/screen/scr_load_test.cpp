@@ -1,4 +1,5 @@
-// Screen transitions: where both screens are at the start, in the middle and at the end, and what an interruption leaves.
+// Screen transitions: where both screens are at the start, in the middle and at the end, and what an interruption
+// leaves.
 #include "screen_fixture.h"
 
 enum { W = 100, H = 60, TIME = 200 };
@@ -8,8 +9,7 @@ static lv_obj_t *red;
 static lv_obj_t *blue;
 static std::string events;
 
-static lv_obj_t *make_screen(u32 color)
-{
+static lv_obj_t *make_screen(u32 color) {
     lv_obj_t *scr = lv_obj_create(nullptr);
     lv_obj_remove_style_all(scr);
     lv_obj_set_style_bg_color(scr, lv_color_hex(color), 0);
@@ -17,8 +17,7 @@ static lv_obj_t *make_screen(u32 color)
     return scr;
 }
 
-static void event_note(lv_event_t *e)
-{
+static void event_note(lv_event_t *e) {
     static constexpr const char *names[] = {"unload ", "load ", "loaded ", "unloaded "};
     const u32 i = (u32)lv_event_get_code(e) - LV_EVENT_SCREEN_UNLOAD_START;
     if (i < 4) {
@@ -26,8 +25,7 @@ static void event_note(lv_event_t *e)
     }
 }
 
-static void two_screens()
-{
+static void two_screens() {
     screen_open(W, H);
     red = make_screen(0xFF0000);
     blue = make_screen(0x0000FF);
@@ -37,19 +35,17 @@ static void two_screens()
     lv_obj_add_event_cb(blue, event_note, LV_EVENT_ALL, nullptr);
 }
 
-static s32 opa(lv_obj_t *scr)
-{
+static s32 opa(lv_obj_t *scr) {
     return lv_obj_get_style_opa(scr, 0);
 }
 
-static s32 zoom(lv_obj_t *scr)
-{
+static s32 zoom(lv_obj_t *scr) {
     return lv_obj_get_style_transform_zoom(scr, 0);
 }
 
 struct expectation {
     u32 transition;
-    s32 in_x, in_y, out_x, out_y;    // at the start and the end, in pixels
+    s32 in_x, in_y, out_x, out_y; // at the start and the end, in pixels
     s32 in_opa, out_opa_start, out_opa_end;
     s32 in_zoom, out_zoom_end;
     bool over;
@@ -78,14 +74,12 @@ static constexpr expectation table[] = {
 };
 
 // Half way: the middle of both ends, two frames more or less.
-static void check_middle(s32 at, s32 from, s32 to)
-{
+static void check_middle(s32 at, s32 from, s32 to) {
     CHECK(at >= (from + to) / 2 - abs(to - from) / 5 - 1);
     CHECK(at <= (from + to) / 2 + abs(to - from) / 5 + 1);
 }
 
-TEST_CASE("each transition moves, fades and zooms both screens between its two ends")
-{
+TEST_CASE("each transition moves, fades and zooms both screens between its two ends") {
     two_screens();
     lv_disp_t *disp = lv_disp_get_default();
     for (const expectation &e : table) {
@@ -127,8 +121,7 @@ TEST_CASE("each transition moves, fades and zooms both screens between its two e
     }
 }
 
-TEST_CASE("the panel shows both screens while they move, fade and zoom")
-{
+TEST_CASE("the panel shows both screens while they move, fade and zoom") {
     two_screens();
     zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, lv_anim_path_linear);
     screen_step(TIME / 2);
@@ -164,8 +157,7 @@ TEST_CASE("the panel shows both screens while they move, fade and zoom")
     CHECK(screen_pixel(W - 5, 30) == 0x000000);
 }
 
-TEST_CASE("time and delay count: at once, after the delay, and along the path")
-{
+TEST_CASE("time and delay count: at once, after the delay, and along the path") {
     two_screens();
     zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 0, 0, lv_anim_path_linear);
     CHECK(lv_scr_act() == blue);
@@ -208,8 +200,7 @@ TEST_CASE("time and delay count: at once, after the delay, and along the path")
     CHECK(!zof_anim_path_get(0xFFFFFFFF));
 }
 
-TEST_CASE("paths that overshoot stay within what opacity and zoom can be")
-{
+TEST_CASE("paths that overshoot stay within what opacity and zoom can be") {
     two_screens();
     for (u32 transition : {ZOF_SCR_LOAD_ANIM_FADE_ON, ZOF_SCR_LOAD_ANIM_FADE_OUT, ZOF_SCR_LOAD_ANIM_IN_ZOOM,
                            ZOF_SCR_LOAD_ANIM_OUT_ZOOM}) {
@@ -227,45 +218,39 @@ TEST_CASE("paths that overshoot stay within what opacity and zoom can be")
 }
 
 // Each begins with the red screen shown and ends on the way to the green one.
-static void by_another(lv_obj_t *green)
-{
+static void by_another(lv_obj_t *green) {
     zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, lv_anim_path_linear);
     screen_step(TIME / 2);
     zof_scr_load_anim(green, ZOF_SCR_LOAD_ANIM_OUT_ZOOM, TIME, 0, lv_anim_path_linear);
     CHECK(events == "red unload blue load blue loaded red unloaded blue unload ");
 }
 
-static void by_one_that_is_there_at_once(lv_obj_t *green)
-{
+static void by_one_that_is_there_at_once(lv_obj_t *green) {
     zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_IN, TIME, 0, lv_anim_path_linear);
     screen_step(TIME / 2);
     zof_scr_load_anim(green, 0, 0, 0, lv_anim_path_linear);
 }
 
-static void during_its_delay(lv_obj_t *green)
-{
+static void during_its_delay(lv_obj_t *green) {
     zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_IN, TIME, 500, lv_anim_path_linear);
     screen_step(50);
     zof_scr_load_anim(green, 0, 0, 0, lv_anim_path_linear);
     CHECK(events == "red unload red unload blue load blue loaded red unloaded blue unload blue unloaded ");
 }
 
-static void by_lvgl(lv_obj_t *green)
-{
+static void by_lvgl(lv_obj_t *green) {
     zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_TOP, TIME, 0, lv_anim_path_linear);
     screen_step(TIME / 2);
     lv_disp_load_scr(green);
 }
 
-static void by_lvgl_during_its_delay(lv_obj_t *green)
-{
+static void by_lvgl_during_its_delay(lv_obj_t *green) {
     zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_TOP, TIME, 500, lv_anim_path_linear);
     screen_step(50);
     lv_disp_load_scr(green);
 }
 
-static void by_the_way_back(lv_obj_t *green)
-{
+static void by_the_way_back(lv_obj_t *green) {
     zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_OUT, TIME, 0, lv_anim_path_linear);
     screen_step(TIME / 2);
     zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_FADE_OUT, TIME, 0, lv_anim_path_linear);
@@ -274,12 +259,12 @@ static void by_the_way_back(lv_obj_t *green)
     zof_scr_load_anim(green, 0, 0, 0, lv_anim_path_linear);
 }
 
-TEST_CASE("an interrupted transition ends first, and the panel takes presses again")
-{
+TEST_CASE("an interrupted transition ends first, and the panel takes presses again") {
     two_screens();
     lv_obj_t *green = make_screen(0x00FF00);
     static s32 presses;
-    lv_obj_add_event_cb(green, [](lv_event_t *) { presses++; }, LV_EVENT_PRESSED, nullptr);
+    lv_obj_add_event_cb(
+        green, [](lv_event_t *) { presses++; }, LV_EVENT_PRESSED, nullptr);
     for (auto *interrupt : {by_another, by_one_that_is_there_at_once, during_its_delay, by_lvgl,
                             by_lvgl_during_its_delay, by_the_way_back}) {
         zof_scr_load_anim(red, 0, 0, 0, lv_anim_path_linear);
@@ -300,8 +285,7 @@ TEST_CASE("an interrupted transition ends first, and the panel takes presses aga
     }
 }
 
-TEST_CASE("a screen keeps its own opacity, and what cannot be loaded changes nothing")
-{
+TEST_CASE("a screen keeps its own opacity, and what cannot be loaded changes nothing") {
     two_screens();
     lv_obj_set_style_opa(blue, 128, 0);
     zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_ON, TIME, 0, lv_anim_path_linear);

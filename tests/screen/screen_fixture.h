@@ -32,8 +32,7 @@ enum { SCREEN_STEP_MS = 5, SCREEN_INPUT_MS = 45 };
 inline u32 screen_now; // milliseconds of the test's clock
 
 // Opens the window and the drivers of display and touch. With a project (zof_prj_obj_create) its size counts.
-inline void screen_open(s32 width, s32 height)
-{
+inline void screen_open(s32 width, s32 height) {
     static const zof_clock_t clock = {[] { return screen_now; }, [](u32 ms) { screen_now += ms; }};
     zof_clock_set(&clock);
     setenv("SDL_VIDEODRIVER", "offscreen", 0);
@@ -46,8 +45,7 @@ inline void screen_open(s32 width, s32 height)
 }
 
 // Lets time pass as the main loop does.
-inline void screen_step(u32 ms)
-{
+inline void screen_step(u32 ms) {
     const u32 end = screen_now + ms;
     while ((s32)(end - screen_now) > 0) {
         screen_now += LV_MIN(end - screen_now, (u32)SCREEN_STEP_MS);
@@ -55,36 +53,31 @@ inline void screen_step(u32 ms)
     }
 }
 
-inline void screen_press(s32 x, s32 y)
-{
+inline void screen_press(s32 x, s32 y) {
     sdl_pointer_inject(x, y, ZOF_TRUE);
     screen_step(SCREEN_INPUT_MS);
 }
 
 // Moves the finger; pressed or not stays as it is.
-inline void screen_move(s32 x, s32 y)
-{
+inline void screen_move(s32 x, s32 y) {
     zof_touch_t touch = {};
     zof_touch_get(&touch);
     sdl_pointer_inject(x, y, touch.state != ZOF_TOUCH_RELEASED);
     screen_step(SCREEN_INPUT_MS);
 }
 
-inline void screen_release(s32 x, s32 y)
-{
+inline void screen_release(s32 x, s32 y) {
     sdl_pointer_inject(x, y, ZOF_FALSE);
     screen_step(SCREEN_INPUT_MS);
 }
 
-inline void screen_click(s32 x, s32 y)
-{
+inline void screen_click(s32 x, s32 y) {
     screen_press(x, y);
     screen_release(x, y);
 }
 
 // From one point to another in `steps` moves, finger down all the way and lifted at the end.
-inline void screen_drag(s32 x1, s32 y1, s32 x2, s32 y2, s32 steps)
-{
+inline void screen_drag(s32 x1, s32 y1, s32 x2, s32 y2, s32 steps) {
     screen_press(x1, y1);
     for (s32 i = 1; i <= steps; i++) {
         screen_move(x1 + (x2 - x1) * i / steps, y1 + (y2 - y1) * i / steps);
@@ -97,15 +90,13 @@ struct screen_picture {
     s32 height = 0;
     std::vector<u32> pixels; // 0xRRGGBB
 
-    u32 at(s32 x, s32 y) const
-    {
+    u32 at(s32 x, s32 y) const {
         return x >= 0 && y >= 0 && x < width && y < height ? pixels[(size_t)y * (size_t)width + (size_t)x] : 0xFFFFFFFF;
     }
 };
 
 // What the panel shows now; everything that waits to be drawn is drawn first.
-inline screen_picture screen_shot()
-{
+inline screen_picture screen_shot() {
     lv_refr_now(nullptr);
     screen_picture p;
     const u32 *frame = sdl_frame_get(&p.width, &p.height);
@@ -115,13 +106,11 @@ inline screen_picture screen_shot()
     return p;
 }
 
-inline u32 screen_pixel(s32 x, s32 y)
-{
+inline u32 screen_pixel(s32 x, s32 y) {
     return screen_shot().at(x, y);
 }
 
-inline bool screen_png_read(const std::string &path, screen_picture *out)
-{
+inline bool screen_png_read(const std::string &path, screen_picture *out) {
     std::ifstream in(path, std::ios::binary);
     const std::vector<char> raw{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     unsigned char *rgb = nullptr;
@@ -138,17 +127,16 @@ inline bool screen_png_read(const std::string &path, screen_picture *out)
     return true;
 }
 
-inline void screen_png_write(const std::string &path, const screen_picture &p)
-{
+inline void screen_png_write(const std::string &path, const screen_picture &p) {
     std::filesystem::create_directories(std::filesystem::path(path).parent_path());
     zof_shot_png_write(path.c_str(), p.pixels.data(), p.width, p.height);
 }
 
 // Says where two pictures differ first; true when they do not.
-inline bool screen_same(const screen_picture &got, const screen_picture &want)
-{
+inline bool screen_same(const screen_picture &got, const screen_picture &want) {
     if (got.width != want.width || got.height != want.height) {
-        MESSAGE("the picture is " << got.width << " x " << got.height << ", wanted " << want.width << " x " << want.height);
+        MESSAGE("the picture is " << got.width << " x " << got.height << ", wanted " << want.width << " x "
+                                  << want.height);
         return false;
     }
     size_t wrong = 0;
@@ -168,8 +156,7 @@ inline bool screen_same(const screen_picture &got, const screen_picture &want)
     return wrong == 0;
 }
 
-inline bool screen_is_golden(const std::string &name)
-{
+inline bool screen_is_golden(const std::string &name) {
     const std::string golden = std::string(ZOF_SOURCE_DIR "/tests/screen/golden/") + name + ".png";
     const std::string kept = std::string(ZOF_BUILD_DIR "/golden/") + name;
     const screen_picture got = screen_shot();

@@ -9,8 +9,7 @@
 #include "screen_fixture.h"
 #include "temp_project.h"
 
-static lv_obj_t *box(lv_obj_t *parent, s32 x, s32 y, s32 w, s32 h, u32 color)
-{
+static lv_obj_t *box(lv_obj_t *parent, s32 x, s32 y, s32 w, s32 h, u32 color) {
     lv_obj_t *obj = lv_obj_create(parent);
     lv_obj_remove_style_all(obj);
     lv_obj_set_pos(obj, x, y);
@@ -20,8 +19,7 @@ static lv_obj_t *box(lv_obj_t *parent, s32 x, s32 y, s32 w, s32 h, u32 color)
     return obj;
 }
 
-TEST_CASE("the window opens white, shows what is drawn, and a screenshot is the same picture")
-{
+TEST_CASE("the window opens white, shows what is drawn, and a screenshot is the same picture") {
     screen_open(120, 80);
     s32 w = 0;
     s32 h = 0;
@@ -46,8 +44,7 @@ TEST_CASE("the window opens white, shows what is drawn, and a screenshot is the 
     CHECK(zof_shot_png("/nowhere/at/all.png") == -1);
 }
 
-static void flush_part(s32 x1, s32 y1, s32 x2, s32 y2, u32 color)
-{
+static void flush_part(s32 x1, s32 y1, s32 x2, s32 y2, u32 color) {
     std::vector<lv_color_t> pixels((size_t)(x2 - x1 + 1) * (size_t)(y2 - y1 + 1), lv_color_hex(color));
     const lv_area_t area = {x1, y1, x2, y2};
     lv_disp_draw_buf_t *buf = lv_disp_get_default()->driver->draw_buf;
@@ -56,8 +53,7 @@ static void flush_part(s32 x1, s32 y1, s32 x2, s32 y2, u32 color)
     CHECK(!buf->flushing);
 }
 
-TEST_CASE("a flush beyond an edge is clipped, one outside only reports ready")
-{
+TEST_CASE("a flush beyond an edge is clipped, one outside only reports ready") {
     screen_open(40, 30);
     screen_step(40);
     auto raw = [](s32 x, s32 y) { return sdl_frame_get(nullptr, nullptr)[y * 40 + x] & 0xFFFFFF; };
@@ -78,14 +74,12 @@ TEST_CASE("a flush beyond an edge is clipped, one outside only reports ready")
     CHECK(raw(0, 2) == (before[0] & 0xFFFFFF));
 }
 
-static void push(SDL_Event event)
-{
+static void push(SDL_Event event) {
     SDL_PushEvent(&event);
     screen_step(SCREEN_INPUT_MS);
 }
 
-static SDL_Event mouse(u32 type, u8 button, s32 x, s32 y)
-{
+static SDL_Event mouse(u32 type, u8 button, s32 x, s32 y) {
     SDL_Event e = {};
     e.button.type = type;
     e.button.button = button;
@@ -94,16 +88,14 @@ static SDL_Event mouse(u32 type, u8 button, s32 x, s32 y)
     return e;
 }
 
-static SDL_Event window_event(u8 what)
-{
+static SDL_Event window_event(u8 what) {
     SDL_Event e = {};
     e.window.type = SDL_WINDOWEVENT;
     e.window.event = what;
     return e;
 }
 
-static SDL_Event finger(u32 type, float x, float y)
-{
+static SDL_Event finger(u32 type, float x, float y) {
     SDL_Event e = {};
     e.tfinger.type = type;
     e.tfinger.x = x;
@@ -118,15 +110,13 @@ struct pointer_state {
     bool operator==(const pointer_state &) const = default;
 };
 
-static pointer_state pointer()
-{
+static pointer_state pointer() {
     lv_indev_data_t data = {};
     sdl_mouse_read(nullptr, &data);
     return {data.state == LV_INDEV_STATE_PRESSED, data.point.x, data.point.y};
 }
 
-TEST_CASE("mouse, finger and wheel reach the input devices; any window event lifts the finger")
-{
+TEST_CASE("mouse, finger and wheel reach the input devices; any window event lifts the finger") {
     screen_open(200, 100);
     push(mouse(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_LEFT, 50, 60));
     CHECK(pointer() == pointer_state{true, 50, 60});
@@ -182,14 +172,14 @@ TEST_CASE("mouse, finger and wheel reach the input devices; any window event lif
     CHECK(keys[0] == 'a');
 }
 
-TEST_CASE("a click that is over before the widgets look is still a click")
-{
+TEST_CASE("a click that is over before the widgets look is still a click") {
     screen_open(200, 100);
     static s32 clicks;
     lv_obj_t *btn = lv_btn_create(lv_scr_act());
     lv_obj_set_pos(btn, 20, 20);
     lv_obj_set_size(btn, 60, 30);
-    lv_obj_add_event_cb(btn, [](lv_event_t *) { clicks++; }, LV_EVENT_CLICKED, nullptr);
+    lv_obj_add_event_cb(
+        btn, [](lv_event_t *) { clicks++; }, LV_EVENT_CLICKED, nullptr);
     screen_step(100);
     SDL_Event down = mouse(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_LEFT, 40, 30);
     SDL_Event up = mouse(SDL_MOUSEBUTTONUP, SDL_BUTTON_LEFT, 40, 30);
@@ -203,8 +193,7 @@ TEST_CASE("a click that is over before the widgets look is still a click")
     CHECK(clicks == 2);
 }
 
-TEST_CASE("a picture as large as the screen opens at half scale, and positions are taken back")
-{
+TEST_CASE("a picture as large as the screen opens at half scale, and positions are taken back") {
     SDL_SetHint(SDL_HINT_VIDEODRIVER, "offscreen");
     SDL_Init(SDL_INIT_VIDEO);
     SDL_Rect bounds = {};
@@ -217,8 +206,7 @@ TEST_CASE("a picture as large as the screen opens at half scale, and positions a
     CHECK(pointer() == pointer_state{true, 300, 100});
 }
 
-TEST_CASE("brightness dims by percent, from any thread, and leaves screenshots alone")
-{
+TEST_CASE("brightness dims by percent, from any thread, and leaves screenshots alone") {
     screen_open(60, 40);
     screen_step(40);
     const u32 before = screen_pixel(5, 5);
@@ -240,8 +228,7 @@ TEST_CASE("brightness dims by percent, from any thread, and leaves screenshots a
     CHECK(zof_drv_disp_set_bg("x") == -1);
 }
 
-TEST_CASE("closing the window ends the process with status 0")
-{
+TEST_CASE("closing the window ends the process with status 0") {
     const pid_t child = fork();
     if (child == 0) {
         screen_open(60, 40);
@@ -257,16 +244,14 @@ TEST_CASE("closing the window ends the process with status 0")
     CHECK(WEXITSTATUS(status) == 0);
 }
 
-static lv_indev_data_t touch(bool down, s32 x, s32 y)
-{
+static lv_indev_data_t touch(bool down, s32 x, s32 y) {
     lv_indev_data_t data = {};
     data.state = down ? LV_INDEV_STATE_PRESSED : LV_INDEV_STATE_RELEASED;
     data.point = {x, y};
     return data;
 }
 
-TEST_CASE("the touch hook tells press, hold and release, and nothing without a press")
-{
+TEST_CASE("the touch hook tells press, hold and release, and nothing without a press") {
     screen_open(100, 50);
     screen_step(50);
     zof_touch_t now = {};
@@ -317,8 +302,7 @@ TEST_CASE("the touch hook tells press, hold and release, and nothing without a p
     CHECK(printed([] { zof_drv_touch_rtp_cal(); }) == "rtp calibration is not supported in windows\n\n");
 }
 
-TEST_CASE("a panel check counts presses and releases of both sides")
-{
+TEST_CASE("a panel check counts presses and releases of both sides") {
     screen_open(10, 10);
     u32 press = 0;
     u32 release = 0;
@@ -344,8 +328,7 @@ TEST_CASE("a panel check counts presses and releases of both sides")
     CHECK(zof_touch_count_get_irq(&press, &release) == -1);
 }
 
-TEST_CASE("the picture's place follows the project's size, turn, margins and mode")
-{
+TEST_CASE("the picture's place follows the project's size, turn, margins and mode") {
     temp_project_t project;
     zof_prj_t *prj = project.open();
     REQUIRE(prj);

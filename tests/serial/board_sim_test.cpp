@@ -14,8 +14,7 @@ struct seen_board {
     board box;
     std::map<u16, std::vector<u16>> regs; // every value written to a register, in order
 
-    seen_board()
-    {
+    seen_board() {
         box.rails = board_default_rails();
         box.noise = false;
         box.write = [this](u16 addr, const std::vector<u16> &words) {
@@ -26,15 +25,13 @@ struct seen_board {
     }
 };
 
-static void settle(board &box, double ms)
-{
+static void settle(board &box, double ms) {
     for (; ms > 0; ms -= 100) {
         board_step(box, 100);
     }
 }
 
-TEST_CASE("board: a rail ramps up behind its load, and energy is power over time")
-{
+TEST_CASE("board: a rail ramps up behind its load, and energy is power over time") {
     seen_board s;
     board_power_up(s.box);
     board_report(s.box, REG_RAIL_SELECT, 4);
@@ -61,8 +58,8 @@ TEST_CASE("board: a rail ramps up behind its load, and energy is power over time
     CHECK(s.regs[REG_LIVE_MA].back() == 0);
 }
 
-TEST_CASE("board: at its current limit a source folds back, and what an adjustable rail was asked for is kept to its range")
-{
+TEST_CASE(
+    "board: at its current limit a source folds back, and what an adjustable rail was asked for is kept to its range") {
     seen_board s;
     board_power_up(s.box);
     board_report(s.box, REG_ADJ_MV, 12000);
@@ -86,8 +83,7 @@ TEST_CASE("board: at its current limit a source folds back, and what an adjustab
     CHECK(s.box.rail == 7);
 }
 
-TEST_CASE("board: settings outlive the box, and its output comes back only when it is asked to")
-{
+TEST_CASE("board: settings outlive the box, and its output comes back only when it is asked to") {
     temp_project_t folder;
     const std::string file = folder.path("box.state");
     const auto box_again = [&](seen_board &s) {
@@ -135,8 +131,7 @@ TEST_CASE("board: settings outlive the box, and its output comes back only when 
     CHECK(broken.box.rail == 0);
 }
 
-TEST_CASE("board: the rail table comes before its commit, and a rail that it lost is given up with the output")
-{
+TEST_CASE("board: the rail table comes before its commit, and a rail that it lost is given up with the output") {
     seen_board s;
     std::vector<u16> order;
     board_power_up(s.box);
@@ -157,8 +152,7 @@ TEST_CASE("board: the rail table comes before its commit, and a rail that it los
     CHECK(!s.box.on);
 }
 
-TEST_CASE("board: faults are taken by name, with sensible amounts")
-{
+TEST_CASE("board: faults are taken by name, with sensible amounts") {
     wire_faults f;
     for (const fault_row &row : fault_rows) {
         CHECK(fault_take(f, row.name));
@@ -172,8 +166,7 @@ TEST_CASE("board: faults are taken by name, with sensible amounts")
 }
 
 // What the program prints, on both channels, and how it ends.
-static std::string board_sim(const std::string &arguments, int *status)
-{
+static std::string board_sim(const std::string &arguments, int *status) {
     std::string text;
     FILE *pipe = popen((ZOF_BUILD_DIR "/tools/board_sim " + arguments + " 2>&1").c_str(), "r");
     REQUIRE(pipe);
@@ -185,8 +178,7 @@ static std::string board_sim(const std::string &arguments, int *status)
     return text;
 }
 
-TEST_CASE("board: --help tells every fault, and what it cannot do is refused with its place")
-{
+TEST_CASE("board: --help tells every fault, and what it cannot do is refused with its place") {
     int status;
     const std::string help = board_sim("--help", &status);
     CHECK(status == 0);
@@ -222,8 +214,7 @@ TEST_CASE("board: --help tells every fault, and what it cannot do is refused wit
     CHECK(status == 0);
 }
 
-TEST_CASE("board: a file that bears the name of the link stays, and an old link is taken over")
-{
+TEST_CASE("board: a file that bears the name of the link stays, and an old link is taken over") {
     temp_project_t folder;
     int status;
     folder.write("file", "mine");

@@ -162,7 +162,8 @@ TEST_CASE("register link: what does not fit beside the kept bytes is cut off, an
 TEST_CASE("register link: the board's values are kept as told") {
     line_up();
     const auto write = [](u16 addr, u16 value) { receive(frame_write(addr, {value})); };
-    for (const auto &[value, want] : std::vector<std::pair<u16, u8>>{{0, 10}, {9, 10}, {10, 10}, {100, 100}, {101, 100}, {65535, 100}}) {
+    for (const auto &[value, want] :
+         std::vector<std::pair<u16, u8>>{{0, 10}, {9, 10}, {10, 10}, {100, 100}, {101, 100}, {65535, 100}}) {
         write(REG_BRIGHT, value);
         CHECK(g_v4_bright == want);
     }
@@ -191,7 +192,8 @@ TEST_CASE("register link: a rail that its slider cannot hold is told once, with 
             receive(frame_write(REG_RAIL_COMMIT, {1}));
         });
     };
-    CHECK(contains(commit({RAIL_PPS, 3300, 40000, 5000}), "rail 0 (3300 to 40000 mV, 5000 mA): its voltage is above 32767"));
+    CHECK(contains(commit({RAIL_PPS, 3300, 40000, 5000}),
+                   "rail 0 (3300 to 40000 mV, 5000 mA): its voltage is above 32767"));
     CHECK(commit({RAIL_PPS, 3300, 40000, 5000}).empty());
     CHECK(contains(commit({RAIL_AVS, 9000, 3300, 5000}), "lowest voltage is above its highest"));
     CHECK(contains(commit({RAIL_PPS, 3300, 11000, 0}), "current limit is 0"));

@@ -38,8 +38,12 @@ static size_t got_messages() {
 }
 
 static zof_uart_cfg_t settings(s32 port) {
-    return {.win_port = port, .port = -1, .speed_e = UART_SPEED_115200, .bit_e = UART_BIT_8,
-            .parity_e = UART_PARITY_NONE, .stop_e = UART_STOP_1};
+    return {.win_port = port,
+            .port = -1,
+            .speed_e = UART_SPEED_115200,
+            .bit_e = UART_BIT_8,
+            .parity_e = UART_PARITY_NONE,
+            .stop_e = UART_STOP_1};
 }
 
 // The services without a window: the lock and the port's table.

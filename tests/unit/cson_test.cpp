@@ -268,10 +268,10 @@ TEST_CASE("null, odd widths and the null kind are failures, not faults") {
                                                  CSON_END};
     static const reflect_item_t odd_bool[] = {{"real", offsetof(record_t, i32), 3, CSON_TRUE, 0, 0, 0, 0}, CSON_END};
     static const reflect_item_t null_element[] = {{"0Null", 0, 4, CSON_NULL, 0, 0, 0, 0}, CSON_END};
-    static const reflect_item_t null_array[] = {CSON_INT(record_t, number_count),
-                                                {"numbers", offsetof(record_t, numbers), 8, CSON_ARRAY, null_element, 4,
-                                                 "number_count", 0},
-                                                CSON_END};
+    static const reflect_item_t null_array[] = {
+        CSON_INT(record_t, number_count),
+        {"numbers", offsetof(record_t, numbers), 8, CSON_ARRAY, null_element, 4, "number_count", 0},
+        CSON_END};
     CHECK(csonJsonStr2Struct(json, &record, null_row) == CSON_ERR_TYPE);
     CHECK(csonJsonStr2Struct(json, &record, three_bytes) == CSON_ERR_RANGE);
     CHECK(csonJsonStr2Struct(json, &record, null_array) == CSON_ERR_MISSING);
@@ -331,9 +331,10 @@ TEST_CASE("what cannot be encoded is left out, or ends the call and leaves the t
 
     static const reflect_item_t strict[] = {CSON_INT(record_t, i32),
                                             {"text", offsetof(record_t, text), 8, CSON_STRING, 0, 0, 0, 0},
-                                            CSON_INT(record_t, i64), CSON_END};
-    static const reflect_item_t outer[] = {CSON_INT(record_t, i8), {"inner", 0, 0, CSON_OBJECT, strict, 0, 0, 0},
-                                           CSON_END};
+                                            CSON_INT(record_t, i64),
+                                            CSON_END};
+    static const reflect_item_t outer[] = {
+        CSON_INT(record_t, i8), {"inner", 0, 0, CSON_OBJECT, strict, 0, 0, 0}, CSON_END};
     json = cJSON_CreateObject();
     cJSON_AddNumberToObject(json, "own", 1);
     printed([&] { CHECK(csonStruct2JsonObj(json, &record, outer) == CSON_ERR_MISSING); });

@@ -13,16 +13,14 @@ struct test_glyph {
     bool no_record = false;
 };
 
-static void put(std::string *out, u32 value, u32 bytes)
-{
+static void put(std::string *out, u32 value, u32 bytes) {
     for (u32 i = 0; i < bytes; i++) {
         *out += (char)(value >> (8 * i));
     }
 }
 
 // The layout of a bitmap font file. `gap_word` ends the offsets: the record of codes that are missing.
-static std::string font_bytes(const std::vector<test_glyph> &glyphs, u8 bpp, u32 bitmap_size, u32 gap_word = 0)
-{
+static std::string font_bytes(const std::vector<test_glyph> &glyphs, u8 bpp, u32 bitmap_size, u32 gap_word = 0) {
     u16 low = 0xFFFF;
     u16 high = 0;
     for (const test_glyph &g : glyphs) {
@@ -63,20 +61,17 @@ static const std::vector<test_glyph> letters = {
 struct open_font {
     temp_project_t project;
     lv_font_t font = {};
-    explicit open_font(const std::string &bytes)
-    {
+    explicit open_font(const std::string &bytes) {
         project.write("font/t.bin", bytes);
         screen_open(100, 60);
         REQUIRE(zof_binfont_create(&font, project.path("font/t.bin").c_str()) == 0);
     }
-    ~open_font()
-    {
+    ~open_font() {
         zof_binfont_delete(&font);
     }
 };
 
-TEST_CASE("a bitmap font gives the glyphs of its file, and none where there is none")
-{
+TEST_CASE("a bitmap font gives the glyphs of its file, and none where there is none") {
     open_font f(font_bytes(letters, 8, 4));
     CHECK(f.font.line_height == 20);
     CHECK(f.font.base_line == -4);
@@ -106,8 +101,7 @@ TEST_CASE("a bitmap font gives the glyphs of its file, and none where there is n
     CHECK(!zof_font_get_glyph_dsc(&f.font, &dsc, 'a', 0));
 }
 
-TEST_CASE("the word behind the offsets is the record of codes that are missing")
-{
+TEST_CASE("the word behind the offsets is the record of codes that are missing") {
     const u32 record_of_e = 16 + 4 * 2 + 4 * 4 + 4;
     open_font f(font_bytes(letters, 8, 4, record_of_e));
     lv_font_glyph_dsc_t dsc = {};
@@ -115,8 +109,7 @@ TEST_CASE("the word behind the offsets is the record of codes that are missing")
     CHECK(dsc.adv_w == 9);
 }
 
-TEST_CASE("a bitmap font that lies about its sizes, or ends early, has no glyph and does no harm")
-{
+TEST_CASE("a bitmap font that lies about its sizes, or ends early, has no glyph and does no harm") {
     screen_open(100, 60);
     temp_project_t project;
     const std::string path = project.path("font/t.bin");
@@ -131,7 +124,7 @@ TEST_CASE("a bitmap font that lies about its sizes, or ends early, has no glyph 
             files.back()[at] = value;
         }
     }
-    files.push_back(font_bytes(letters, 8, 3));   // a glyph larger than the buffer
+    files.push_back(font_bytes(letters, 8, 3)); // a glyph larger than the buffer
     files.push_back(font_bytes(letters, 8, 0));
     files.push_back(font_bytes(letters, 255, 65535));
     files.push_back(font_bytes({}, 8, 4) + whole);
@@ -172,8 +165,7 @@ TEST_CASE("a bitmap font that lies about its sizes, or ends early, has no glyph 
 }
 
 // Draws one letter in white on black and gives the brightness of the pixels from its top left corner.
-static std::vector<u32> drawn(const lv_font_t *font, const char *text, s32 w, s32 h)
-{
+static std::vector<u32> drawn(const lv_font_t *font, const char *text, s32 w, s32 h) {
     lv_obj_clean(lv_scr_act());
     lv_obj_set_style_bg_color(lv_scr_act(), lv_color_black(), 0);
     lv_obj_t *label = lv_label_create(lv_scr_act());
@@ -190,8 +182,7 @@ static std::vector<u32> drawn(const lv_font_t *font, const char *text, s32 w, s3
     return out;
 }
 
-TEST_CASE("each depth is drawn with all its levels, half bytes included")
-{
+TEST_CASE("each depth is drawn with all its levels, half bytes included") {
     screen_open(100, 60);
     temp_project_t project;
     const struct {
@@ -209,7 +200,8 @@ TEST_CASE("each depth is drawn with all its levels, half bytes included")
     for (const auto &row : rows) {
         CAPTURE(row.bpp);
         // Line height 20 with the base line at -4: the glyph's bottom is 24 pixels below the top.
-        project.write("font/t.bin", font_bytes({{'a', 9, row.box_w, 1, 0, 23, row.bits}}, row.bpp, (u32)row.bits.size()));
+        project.write("font/t.bin",
+                      font_bytes({{'a', 9, row.box_w, 1, 0, 23, row.bits}}, row.bpp, (u32)row.bits.size()));
         lv_font_t font = {};
         REQUIRE(zof_binfont_create(&font, project.path("font/t.bin").c_str()) == 0);
         const std::vector<u32> got = drawn(&font, "a", row.box_w, 1);
@@ -223,8 +215,7 @@ TEST_CASE("each depth is drawn with all its levels, half bytes included")
 
 static const char ttf[] = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 
-static void project_with_fonts(temp_project_t *project)
-{
+static void project_with_fonts(temp_project_t *project) {
     project->write("font/text.ttf", file_text(ttf));
     project->write("font/t.bin", font_bytes(letters, 8, 4));
     project->write("font/t.dat", "no font");
@@ -238,15 +229,13 @@ static void project_with_fonts(temp_project_t *project)
     screen_open(100, 60);
 }
 
-static u32 refs(const char *name, u32 size)
-{
+static u32 refs(const char *name, u32 size) {
     zof_font_t *entry = zof_font_list_get(name);
     zof_fontsize_t *sized = entry ? zof_fontsize_list_get(entry->sizes, size) : nullptr;
     return sized ? sized->ref : 0;
 }
 
-TEST_CASE("a pair of file and size is one font, whoever asks, and goes with its last user")
-{
+TEST_CASE("a pair of file and size is one font, whoever asks, and goes with its last user") {
     temp_project_t project;
     project_with_fonts(&project);
     lv_font_t *font = zof_font_create_lvfont("text.ttf", 16);
@@ -298,8 +287,7 @@ TEST_CASE("a pair of file and size is one font, whoever asks, and goes with its 
     CHECK(zof_lv_mem_count() == lvgl);
 }
 
-TEST_CASE("a file that is no font gives one line, and text goes on without it")
-{
+TEST_CASE("a file that is no font gives one line, and text goes on without it") {
     temp_project_t project;
     project_with_fonts(&project);
     lv_font_t *font = nullptr;
@@ -340,8 +328,7 @@ TEST_CASE("a file that is no font gives one line, and text goes on without it")
     }
 }
 
-TEST_CASE("TrueType text has the size that was asked for, and the width of its letters")
-{
+TEST_CASE("TrueType text has the size that was asked for, and the width of its letters") {
     temp_project_t project;
     project_with_fonts(&project);
     lv_font_t *small = zof_font_create_lvfont("text.ttf", 12);

@@ -192,7 +192,8 @@ TEST_CASE("a file's kind is its suffix, all upper or all lower") {
             CHECK(kinds[i].is(kinds[k].yes[0]) == (i == k));
             CHECK(kinds[i].is(kinds[k].yes[1]) == (i == k));
         }
-        for (const char *no : {(const char *)nullptr, "", "bin", "./dir/name", "a.Png", "a.jpeg", "a.JPEG", "a.bin.x"}) {
+        for (const char *no :
+             {(const char *)nullptr, "", "bin", "./dir/name", "a.Png", "a.jpeg", "a.JPEG", "a.bin.x"}) {
             CHECK(!kinds[i].is(no));
         }
     }

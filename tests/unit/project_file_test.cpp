@@ -132,8 +132,10 @@ TEST_CASE("a view file gives its view, or a line and nothing") {
     project.write("config/view/bad.g", "{\"view\": {\"v_id\": 1,}}");
     struct {
         const char *name, *line;
-    } rows[] = {{"none.g", "none.g: view is missing"}, {"bad.g", "bad.g:1:22: parse error"},
-                {"gone.g", "gone.g: cannot be read"}, {"", "config/view/: "}};
+    } rows[] = {{"none.g", "none.g: view is missing"},
+                {"bad.g", "bad.g:1:22: parse error"},
+                {"gone.g", "gone.g: cannot be read"},
+                {"", "config/view/: "}};
     for (const auto &row : rows) {
         std::string path = project.path(std::string("config/view/") + row.name);
         CHECK(contains(printed([&] { CHECK(zof_j2s_view(path.c_str()) == nullptr); }), row.line));
@@ -148,12 +150,12 @@ TEST_CASE("the cursor walks the controls and steps over entries that cannot be o
     temp_project_t project;
     REQUIRE(project.open());
     u32 before = zof_mem_count();
-    project.write("config/view/one.g",
-                  view_file(control("5") + R"(, {"type": 0, "theme": "youth"}, 3,
+    project.write("config/view/one.g", view_file(control("5") + R"(, {"type": 0, "theme": "youth"}, 3,
         {"type": 0, "theme": "youth", "property": {"pub_t": {"name": "no id"}}},
         {"type": 77, "theme": "youth", "property": {"pub_t": {"id": 1}}},
-        {"type": "label", "theme": "youth", "property": {"pub_t": {"id": 1}}},)" + control("70000") + "," +
-                            control("\"6\"") + R"(, {"theme": "night", "property": {"pub_t": {"id": 8, "pub": true}}},
+        {"type": "label", "theme": "youth", "property": {"pub_t": {"id": 1}}},)" +
+                                                 control("70000") + "," + control("\"6\"") +
+                                                 R"(, {"theme": "night", "property": {"pub_t": {"id": 8, "pub": true}}},
         {"type": 1, "theme": 1, "property": {"pub_t": {"id": 9, "pub": 1}, "txt": "go", "mode": 1}},
         {"type": 1, "property": {"pub_t": {"id": 10, "pub": false}}})"));
     std::string path = project.path("config/view/one.g");
@@ -325,8 +327,21 @@ static void nodes_of(cJSON *node, std::vector<cJSON *> &out) {
 
 // The text with one of its values replaced by another, or with the end torn off.
 static std::string damaged(const std::string &text, std::mt19937 &random) {
-    static const char *values[] = {"null", "true", "0", "-1", "70000", "2147483647", "1e999", "-1e30", "3.7",
-                                   "\"\"", "\"#x\"", "[]", "{}", "[1,[2],{\"a\":3}]", "[\"a\",null,\"b\"]"};
+    static const char *values[] = {"null",
+                                   "true",
+                                   "0",
+                                   "-1",
+                                   "70000",
+                                   "2147483647",
+                                   "1e999",
+                                   "-1e30",
+                                   "3.7",
+                                   "\"\"",
+                                   "\"#x\"",
+                                   "[]",
+                                   "{}",
+                                   "[1,[2],{\"a\":3}]",
+                                   "[\"a\",null,\"b\"]"};
     if (random() % 20 == 0) {
         return text.substr(0, random() % text.size());
     }

@@ -22,10 +22,20 @@ TEST_CASE("a number stops at the first character that is none and saturates") {
         const char *text;
         s32 value;
     } rows[] = {
-        {"0", 0},        {"-17", -17},       {"+5x9", 5},           {" 5", 0},
-        {"--5", 0},      {"", 0},            {"-", 0},              {"2147483647", INT32_MAX},
-        {"-2147483647", -INT32_MAX},         {"2147483648", INT32_MAX}, {"-2147483648", INT32_MIN},
-        {"99999999999", INT32_MAX},          {"-99999999999", INT32_MIN}, {nullptr, 0},
+        {"0", 0},
+        {"-17", -17},
+        {"+5x9", 5},
+        {" 5", 0},
+        {"--5", 0},
+        {"", 0},
+        {"-", 0},
+        {"2147483647", INT32_MAX},
+        {"-2147483647", -INT32_MAX},
+        {"2147483648", INT32_MAX},
+        {"-2147483648", INT32_MIN},
+        {"99999999999", INT32_MAX},
+        {"-99999999999", INT32_MIN},
+        {nullptr, 0},
     };
     for (const auto &row : rows) {
         CAPTURE(row.text);
@@ -37,8 +47,8 @@ TEST_CASE("a task runs by its period, pauses, runs when it is made ready, and on
     lv_init();
     static int runs;
     runs = 0;
-    zof_task_t *task = zof_task_create(
-        [](zof_task_t *t) { ++*static_cast<int *>(zof_task_get_user_data(t)); }, 10000, &runs);
+    zof_task_t *task =
+        zof_task_create([](zof_task_t *t) { ++*static_cast<int *>(zof_task_get_user_data(t)); }, 10000, &runs);
     REQUIRE(task);
     lv_timer_handler();
     CHECK(runs == 0);

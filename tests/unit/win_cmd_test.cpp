@@ -8,9 +8,8 @@ static s32 call(const temp_project_t &project, std::vector<const char *> argumen
     REQUIRE(chdir((project.top + "/a/b").c_str()) == 0);
     arguments.insert(arguments.begin(), "zof_bench");
     s32 result = 0;
-    std::string log = printed([&] {
-        result = zof_win_cmd(static_cast<int>(arguments.size()), const_cast<char **>(arguments.data()));
-    });
+    std::string log = printed(
+        [&] { result = zof_win_cmd(static_cast<int>(arguments.size()), const_cast<char **>(arguments.data())); });
     CAPTURE(log);
     return result;
 }
@@ -21,8 +20,9 @@ TEST_CASE("the build call replaces the build time, and every other key stays in 
     temp_project_t project;
     project.write(file, R"({"z": 1, "comp_time": "old", "a": [1.5, "é", null, true], "COMP_TIME": "other"})");
     CHECK(call(project, {"t", "-t2026-11-21 12:00"}) == 0);
-    const char *stamped = "{\n\t\"z\":\t1,\n\t\"comp_time\":\t\"2026-11-21 12:00\",\n\t\"a\":\t[1.5, \"é\", null, true],\n"
-                          "\t\"COMP_TIME\":\t\"other\"\n}";
+    const char *stamped =
+        "{\n\t\"z\":\t1,\n\t\"comp_time\":\t\"2026-11-21 12:00\",\n\t\"a\":\t[1.5, \"é\", null, true],\n"
+        "\t\"COMP_TIME\":\t\"other\"\n}";
     CHECK(file_text(project.path(file)) == stamped);
     CHECK(call(project, {"tidy", "-t2026-11-21 12:00", "more"}) == 0);
     CHECK(file_text(project.path(file)) == stamped);

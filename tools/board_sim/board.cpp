@@ -4,12 +4,11 @@
 #include <cmath>
 #include <cstdio>
 
-static constexpr double SLEW_MV_PER_MS = 40;  // a source's ramp, up and down
-static constexpr double PUSH_MS = 100;        // live values
-static constexpr double STATE_MS = 1000;      // output state again, for a panel that came up late
+static constexpr double SLEW_MV_PER_MS = 40; // a source's ramp, up and down
+static constexpr double PUSH_MS = 100;       // live values
+static constexpr double STATE_MS = 1000;     // output state again, for a panel that came up late
 
-std::vector<board_rail> board_default_rails()
-{
+std::vector<board_rail> board_default_rails() {
     return {
         {RAIL_FIX, 5000, 5000, 5000},   {RAIL_FIX, 9000, 9000, 5000},   {RAIL_FIX, 12000, 12000, 5000},
         {RAIL_FIX, 15000, 15000, 5000}, {RAIL_FIX, 20000, 20000, 5000}, {RAIL_PPS, 3300, 11000, 5000},
@@ -35,8 +34,7 @@ static constexpr struct {
     {"last_ma", &board_settings::last_ma, 0, 65535, 0},
 };
 
-static void settings_load(board &b)
-{
+static void settings_load(board &b) {
     FILE *f = b.settings_file.empty() ? nullptr : fopen(b.settings_file.c_str(), "r");
     if (!f) {
         return;
@@ -54,8 +52,7 @@ static void settings_load(board &b)
 }
 
 // Beside and renamed: a box whose power goes in the middle keeps what it had.
-static void settings_save(const board &b)
-{
+static void settings_save(const board &b) {
     if (b.settings_file.empty()) {
         return;
     }
@@ -75,15 +72,13 @@ static void settings_save(const board &b)
     }
 }
 
-static void push(board &b, uint16_t addr, uint16_t value)
-{
+static void push(board &b, uint16_t addr, uint16_t value) {
     if (b.write) {
         b.write(addr, {value});
     }
 }
 
-static void push_live(board &b)
-{
+static void push_live(board &b) {
     std::normal_distribution<double> noise(0, b.noise && b.mv > 50 ? 1.5 : 0);
     const double mv = std::max(0.0, b.mv + noise(b.random));
     const double ma = b.ma > 0 ? std::max(0.0, b.ma + noise(b.random)) : 0;
@@ -96,8 +91,7 @@ static void push_live(board &b)
 }
 
 // Ohm's law behind a source that folds back at its current limit.
-static void flow(board &b, double ms)
-{
+static void flow(board &b, double ms) {
     const double want = b.on ? b.target_mv : 0;
     const double step = SLEW_MV_PER_MS * ms;
     b.mv += std::clamp(want - b.mv, -step, step);
@@ -113,8 +107,7 @@ static void flow(board &b, double ms)
     b.energy_uwh += b.mv * b.ma * ms / 3.6e6; // mV * mA is uW; an hour has 3.6 million ms
 }
 
-void board_step(board &b, double ms)
-{
+void board_step(board &b, double ms) {
     for (double left = ms; left > 0; left -= 20) {
         flow(b, std::min(left, 20.0));
     }
@@ -130,21 +123,18 @@ void board_step(board &b, double ms)
     }
 }
 
-void board_output(board &b, bool on)
-{
+void board_output(board &b, bool on) {
     b.on = on && b.rail != RAIL_NONE;
     b.settings.last_on = b.on;
     settings_save(b);
     push(b, REG_OUT_STATE, b.on);
 }
 
-static bool is_adjustable(const board_rail &r)
-{
+static bool is_adjustable(const board_rail &r) {
     return (r.type == RAIL_PPS || r.type == RAIL_AVS) && r.vmin != r.vmax;
 }
 
-bool board_select(board &b, uint16_t rail)
-{
+bool board_select(board &b, uint16_t rail) {
     if (rail >= b.rails.size()) {
         return false;
     }
@@ -163,8 +153,7 @@ bool board_select(board &b, uint16_t rail)
     return true;
 }
 
-void board_set_rails(board &b, std::vector<board_rail> rails)
-{
+void board_set_rails(board &b, std::vector<board_rail> rails) {
     b.rails = std::move(rails);
     if (b.rail != RAIL_NONE && b.rail >= b.rails.size()) {
         b.rail = RAIL_NONE;
@@ -174,8 +163,7 @@ void board_set_rails(board &b, std::vector<board_rail> rails)
     board_send_rails(b);
 }
 
-void board_send_rails(board &b)
-{
+void board_send_rails(board &b) {
     std::vector<uint16_t> words;
     for (const board_rail &r : b.rails) {
         words.insert(words.end(), {r.type, r.vmin, r.vmax, r.imax});
@@ -190,8 +178,7 @@ void board_send_rails(board &b)
     push(b, REG_RAIL_COMMIT, 1);
 }
 
-void board_send_settings(board &b)
-{
+void board_send_settings(board &b) {
     for (const auto &row : settings_rows) {
         if (row.reg) {
             push(b, row.reg, b.settings.*row.field);
@@ -199,8 +186,7 @@ void board_send_settings(board &b)
     }
 }
 
-void board_report(board &b, uint16_t addr, uint16_t value)
-{
+void board_report(board &b, uint16_t addr, uint16_t value) {
     for (const auto &row : settings_rows) {
         if (row.reg == addr) {
             b.settings.*row.field = std::clamp(value, row.lo, row.hi);
@@ -235,8 +221,7 @@ void board_report(board &b, uint16_t addr, uint16_t value)
 }
 
 // A box with nothing chosen starts on its first rail, as every source does.
-void board_power_up(board &b)
-{
+void board_power_up(board &b) {
     settings_load(b);
     b.adj_mv = b.settings.last_mv;
     b.adj_ma = b.settings.last_ma;

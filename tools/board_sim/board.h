@@ -15,8 +15,8 @@ struct board_rail {
 };
 
 struct board_load {
-    double ohms = 10;     // used when amperes is 0
-    double amperes = 0;   // constant current
+    double ohms = 10;   // used when amperes is 0
+    double amperes = 0; // constant current
 };
 
 // What the box keeps when its power goes.
@@ -41,7 +41,7 @@ struct board {
     uint16_t rail = RAIL_NONE;
     uint16_t adj_mv = 0, adj_ma = 0; // asked for by the panel, taken over when a rail is selected
     double target_mv = 0, limit_ma = 0;
-    double mv = 0, ma = 0;           // at the terminals
+    double mv = 0, ma = 0; // at the terminals
     double energy_uwh = 0;
     double since_push_ms = 1e9, since_state_ms = 1e9;
 

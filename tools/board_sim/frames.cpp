@@ -32,8 +32,7 @@ static constexpr struct {
     {REG_RAIL_BASE, "RAIL_TABLE", ""},
 };
 
-bytes frame_write(uint16_t addr, const std::vector<uint16_t> &words)
-{
+bytes frame_write(uint16_t addr, const std::vector<uint16_t> &words) {
     const size_t n = std::min<size_t>(words.size(), WORDS_MAX);
     bytes f = {REG_HEAD0, REG_HEAD1, (uint8_t)(3 + 2 * n), REG_CMD_WRITE, (uint8_t)(addr >> 8), (uint8_t)addr};
     for (size_t k = 0; k < n; k++) {
@@ -43,13 +42,11 @@ bytes frame_write(uint16_t addr, const std::vector<uint16_t> &words)
     return f;
 }
 
-bytes frame_read(uint16_t addr, uint8_t count)
-{
+bytes frame_read(uint16_t addr, uint8_t count) {
     return {REG_HEAD0, REG_HEAD1, 4, REG_CMD_READ, (uint8_t)(addr >> 8), (uint8_t)addr, count};
 }
 
-void frame_feed(frame_finder &finder, const uint8_t *data, size_t size)
-{
+void frame_feed(frame_finder &finder, const uint8_t *data, size_t size) {
     bytes &b = finder.kept;
     b.insert(b.end(), data, data + size);
     size_t i = 0;
@@ -68,8 +65,7 @@ void frame_feed(frame_finder &finder, const uint8_t *data, size_t size)
     b.erase(b.begin(), b.begin() + (long)i);
 }
 
-void frame_report_words(const bytes &f, const std::function<void(uint16_t, uint16_t)> &word)
-{
+void frame_report_words(const bytes &f, const std::function<void(uint16_t, uint16_t)> &word) {
     if (f.size() < 7 || f[3] != REG_CMD_READ) {
         return;
     }
@@ -79,8 +75,7 @@ void frame_report_words(const bytes &f, const std::function<void(uint16_t, uint1
     }
 }
 
-static std::string register_tell(uint16_t addr)
-{
+static std::string register_tell(uint16_t addr) {
     for (const auto &row : registers) {
         if (row.addr == addr) {
             return std::to_string(addr) + " " + row.name;
@@ -89,8 +84,7 @@ static std::string register_tell(uint16_t addr)
     return std::to_string(addr);
 }
 
-static const char *unit_of(uint16_t addr)
-{
+static const char *unit_of(uint16_t addr) {
     for (const auto &row : registers) {
         if (row.addr == addr) {
             return row.unit;
@@ -99,8 +93,7 @@ static const char *unit_of(uint16_t addr)
     return "";
 }
 
-std::string frame_tell(const bytes &f)
-{
+std::string frame_tell(const bytes &f) {
     if (f.size() < 6) {
         return "short frame of " + std::to_string(f.size()) + " bytes";
     }

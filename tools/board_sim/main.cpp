@@ -39,21 +39,18 @@ static struct {
 
 static volatile sig_atomic_t stop;
 
-static double now_ms()
-{
+static double now_ms() {
     using clock = std::chrono::steady_clock;
     static const clock::time_point start = clock::now();
     return std::chrono::duration<double, std::milli>(clock::now() - start).count();
 }
 
-static void say(const char *who, const std::string &what)
-{
+static void say(const char *who, const std::string &what) {
     printf("%9.3f  %-14s %s\n", now_ms() / 1000, who, what.c_str());
     fflush(stdout);
 }
 
-static bool parse_load(const std::string &text, board_load &load)
-{
+static bool parse_load(const std::string &text, board_load &load) {
     char *end;
     const double v = strtod(text.c_str(), &end);
     const std::string unit = end;
@@ -64,15 +61,13 @@ static bool parse_load(const std::string &text, board_load &load)
     return true;
 }
 
-static std::vector<board_rail> first_rails(int n)
-{
+static std::vector<board_rail> first_rails(int n) {
     std::vector<board_rail> rails = board_default_rails();
     rails.resize((size_t)n);
     return rails;
 }
 
-static bool number(const std::string &text, int &out)
-{
+static bool number(const std::string &text, int &out) {
     char *end;
     const long v = strtol(text.c_str(), &end, 10);
     out = (int)v;
@@ -81,19 +76,16 @@ static bool number(const std::string &text, int &out)
 
 using word_list = std::vector<std::string>;
 
-static bool cmd_load(const word_list &w)
-{
+static bool cmd_load(const word_list &w) {
     return parse_load(w[1], sim.box.load);
 }
 
-static bool cmd_rail(const word_list &w)
-{
+static bool cmd_rail(const word_list &w) {
     int rail;
     return number(w[1], rail) && board_select(sim.box, (uint16_t)rail);
 }
 
-static bool cmd_output(const word_list &w)
-{
+static bool cmd_output(const word_list &w) {
     if (w[1] != "on" && w[1] != "off") {
         return false;
     }
@@ -101,8 +93,7 @@ static bool cmd_output(const word_list &w)
     return true;
 }
 
-static bool cmd_rails(const word_list &w)
-{
+static bool cmd_rails(const word_list &w) {
     int count;
     if (!number(w[1], count) || count > RAIL_MAX) {
         return false;
@@ -111,30 +102,25 @@ static bool cmd_rails(const word_list &w)
     return true;
 }
 
-static void unplug()
-{
+static void unplug() {
     wire_unplug(sim.line);
     sim.finder.kept.clear(); // a frame that was cut by it never ends
 }
 
-static bool cmd_unplug(const word_list &)
-{
+static bool cmd_unplug(const word_list &) {
     unplug();
     return true;
 }
 
-static bool cmd_plug(const word_list &)
-{
+static bool cmd_plug(const word_list &) {
     return wire_plug(sim.line);
 }
 
-static bool cmd_fault(const word_list &w)
-{
+static bool cmd_fault(const word_list &w) {
     return fault_take(sim.line.faults, w[1]);
 }
 
-static bool cmd_read(const word_list &w)
-{
+static bool cmd_read(const word_list &w) {
     int addr, count;
     if (!number(w[1], addr) || !number(w[2], count) || count > 255) {
         return false;
@@ -143,8 +129,7 @@ static bool cmd_read(const word_list &w)
     return true;
 }
 
-static bool cmd_quit(const word_list &)
-{
+static bool cmd_quit(const word_list &) {
     stop = 1;
     return true;
 }
@@ -166,8 +151,7 @@ static constexpr struct {
     {"quit", 1, "quit", cmd_quit},
 };
 
-static std::string faults_help()
-{
+static std::string faults_help() {
     std::string out = "Faults (--fault NAME or --fault NAME=AMOUNT, as often as you like):\n";
     for (const fault_row &row : fault_rows) {
         char line[160];
@@ -181,15 +165,13 @@ static std::string faults_help()
     return out + "\nExample:  board_sim --link /tmp/board --trace        then:  ZOF_COM6=/tmp/board zof_bench\n";
 }
 
-static bool script_fault(const std::string &place, const std::string &what)
-{
+static bool script_fault(const std::string &place, const std::string &what) {
     fprintf(stderr, "board_sim: %s: %s\n", place.c_str(), what.c_str());
     return false;
 }
 
 // What can be seen without doing it: that there is such a command and that it has its words.
-static bool command_is(const script_line &s)
-{
+static bool command_is(const script_line &s) {
     for (const auto &row : commands) {
         if (!s.words.empty() && s.words[0] == row.name) {
             return s.words.size() == row.count || script_fault(s.place, std::string("wanted: ") + row.help);
@@ -198,8 +180,7 @@ static bool command_is(const script_line &s)
     return script_fault(s.place, "there is no such command");
 }
 
-static bool read_script(const std::string &path)
-{
+static bool read_script(const std::string &path) {
     std::ifstream in(path);
     if (!in) {
         return script_fault(path, "the script cannot be read");
@@ -229,8 +210,7 @@ static bool read_script(const std::string &path)
     return true;
 }
 
-static void run_script(double now)
-{
+static void run_script(double now) {
     while (!sim.script.empty() && sim.script.front().at_ms <= now && !stop) {
         const script_line s = sim.script.front();
         sim.script.pop_front();
@@ -242,8 +222,7 @@ static void run_script(double now)
     }
 }
 
-static void on_write(uint16_t addr, const std::vector<uint16_t> &words)
-{
+static void on_write(uint16_t addr, const std::vector<uint16_t> &words) {
     const bytes frame = frame_write(addr, words);
     if (sim.opt.trace) {
         say("board > panel", frame_tell(frame));
@@ -251,8 +230,7 @@ static void on_write(uint16_t addr, const std::vector<uint16_t> &words)
     wire_send(sim.line, frame, now_ms());
 }
 
-static void on_frame(const bytes &frame)
-{
+static void on_frame(const bytes &frame) {
     if (sim.opt.trace) {
         say("panel > board", frame_tell(frame));
     }
@@ -260,8 +238,7 @@ static void on_frame(const bytes &frame)
 }
 
 // Bursts of readings with a silence behind each: a line that is full, but still one on which messages end.
-static void flood(double now)
-{
+static void flood(double now) {
     const double period = 20;
     if (sim.line.faults.flood <= 0 || now - sim.flooded_ms < period) {
         return;
@@ -277,8 +254,7 @@ static void flood(double now)
     wire_send(sim.line, burst, now);
 }
 
-static void replug(double now)
-{
+static void replug(double now) {
     const double period = sim.line.faults.replug * 1000;
     if (period <= 0) {
         return;
@@ -295,8 +271,7 @@ static void replug(double now)
     }
 }
 
-static void receive()
-{
+static void receive() {
     uint8_t buffer[1024];
     for (;;) {
         const ssize_t n = sim.line.fd >= 0 ? read(sim.line.fd, buffer, sizeof(buffer)) : -1;
@@ -312,8 +287,7 @@ static void receive()
     }
 }
 
-static void loop()
-{
+static void loop() {
     double last = now_ms();
     while (!stop && (sim.opt.seconds <= 0 || last < sim.opt.seconds * 1000)) {
         const double due = wire_flush(sim.line, last);
@@ -329,15 +303,17 @@ static void loop()
     }
 }
 
-int main(int argc, char **argv)
-{
+int main(int argc, char **argv) {
     CLI::App app("The virtual board: simulates the bench box at the far end of the panel's serial line.");
     options &opt = sim.opt;
     app.footer(faults_help());
     app.add_option("--link", sim.line.link, "make the pseudo-terminal known under this path")->type_name("PATH");
-    app.add_option("--tty", sim.line.tty, "use this serial line instead of a pseudo-terminal")->type_name("PATH")->excludes("--link");
+    app.add_option("--tty", sim.line.tty, "use this serial line instead of a pseudo-terminal")
+        ->type_name("PATH")
+        ->excludes("--link");
     app.add_option("--load", opt.load, "load at the output: 10 (ohms) or 2A (constant current)")->type_name("LOAD");
-    app.add_option("--rails", opt.rails, "how many of the 13 rails the box offers")->check(CLI::Range(0, (int)RAIL_MAX));
+    app.add_option("--rails", opt.rails, "how many of the 13 rails the box offers")
+        ->check(CLI::Range(0, (int)RAIL_MAX));
     app.add_option("--state", sim.box.settings_file, "keep the box's settings in this file")->type_name("FILE");
     app.add_option("--fault", opt.faults, "spoil the line, see below")->type_name("NAME[=AMOUNT]");
     app.add_option("--script", opt.script, "do what this file says, see below")->type_name("FILE");
@@ -371,11 +347,14 @@ int main(int argc, char **argv)
     for (int sig : {SIGINT, SIGTERM, SIGHUP}) {
         signal(sig, [](int) { stop = 1; });
     }
-    const std::string where = !sim.line.link.empty() ? sim.line.link : !sim.line.tty.empty() ? sim.line.tty : sim.line.slave_name;
+    const std::string where = !sim.line.link.empty()  ? sim.line.link
+                              : !sim.line.tty.empty() ? sim.line.tty
+                                                      : sim.line.slave_name;
     say("line", "the board is at " + where);
     board_power_up(sim.box);
     loop();
     wire_unplug(sim.line);
-    say("line", std::to_string(sim.line.sent) + " bytes sent, " + std::to_string(sim.line.dropped) + " fell off a full line");
+    say("line",
+        std::to_string(sim.line.sent) + " bytes sent, " + std::to_string(sim.line.dropped) + " fell off a full line");
     return 0;
 }

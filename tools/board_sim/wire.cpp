@@ -22,8 +22,7 @@ const std::vector<fault_row> fault_rows = {
 
 static constexpr double AMOUNT_MAX = 1e6;
 
-bool fault_take(wire_faults &faults, const std::string &text)
-{
+bool fault_take(wire_faults &faults, const std::string &text) {
     const size_t at = text.find('=');
     for (const fault_row &row : fault_rows) {
         if (text.substr(0, at) != row.name) {
@@ -44,8 +43,7 @@ bool fault_take(wire_faults &faults, const std::string &text)
     return false;
 }
 
-static void make_raw(int fd)
-{
+static void make_raw(int fd) {
     termios t;
     if (tcgetattr(fd, &t) == 0) {
         cfmakeraw(&t);
@@ -54,15 +52,13 @@ static void make_raw(int fd)
     }
 }
 
-static bool fail(const std::string &what)
-{
+static bool fail(const std::string &what) {
     fprintf(stderr, "board_sim: %s: %s\n", what.c_str(), strerror(errno));
     return false;
 }
 
 // Only a link is replaced, left over or another board's; a file that happens to bear the name stays.
-static bool link_set(wire &w)
-{
+static bool link_set(wire &w) {
     if (w.link.empty()) {
         return true;
     }
@@ -74,8 +70,7 @@ static bool link_set(wire &w)
     return w.linked || fail(w.link);
 }
 
-static void link_remove(wire &w)
-{
+static void link_remove(wire &w) {
     char now[256];
     const ssize_t n = w.linked ? readlink(w.link.c_str(), now, sizeof(now)) : -1;
     if (n > 0 && std::string(now, (size_t)n) == w.slave_name) { // else another board has taken the name over
@@ -84,8 +79,7 @@ static void link_remove(wire &w)
     w.linked = false;
 }
 
-static bool plug_pty(wire &w)
-{
+static bool plug_pty(wire &w) {
     w.fd = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (w.fd < 0 || grantpt(w.fd) != 0 || unlockpt(w.fd) != 0) {
         return fail("no pseudo-terminal");
@@ -99,8 +93,7 @@ static bool plug_pty(wire &w)
     return link_set(w);
 }
 
-bool wire_plug(wire &w)
-{
+bool wire_plug(wire &w) {
     if (w.fd >= 0) {
         return true;
     }
@@ -119,8 +112,7 @@ bool wire_plug(wire &w)
     return true;
 }
 
-void wire_unplug(wire &w)
-{
+void wire_unplug(wire &w) {
     for (int *fd : {&w.fd, &w.slave}) {
         if (*fd >= 0) {
             close(*fd);
@@ -131,13 +123,11 @@ void wire_unplug(wire &w)
     w.queue.clear();
 }
 
-static bool chance(wire &w, double percent)
-{
+static bool chance(wire &w, double percent) {
     return std::uniform_real_distribution<double>(0, 100)(w.random) < percent;
 }
 
-static bytes spoil(wire &w, const bytes &data)
-{
+static bytes spoil(wire &w, const bytes &data) {
     bytes out;
     if (chance(w, w.faults.garbage)) {
         const size_t n = w.random() % 30 + 1;
@@ -153,8 +143,7 @@ static bytes spoil(wire &w, const bytes &data)
     return out;
 }
 
-void wire_send(wire &w, const bytes &data, double now_ms)
-{
+void wire_send(wire &w, const bytes &data, double now_ms) {
     if (w.fd < 0 || w.faults.mute > 0) {
         return;
     }
@@ -169,8 +158,7 @@ void wire_send(wire &w, const bytes &data, double now_ms)
     }
 }
 
-double wire_flush(wire &w, double now_ms)
-{
+double wire_flush(wire &w, double now_ms) {
     while (!w.queue.empty() && w.queue.front().due_ms <= now_ms) {
         const bytes data = std::move(w.queue.front().data);
         w.queue.pop_front();

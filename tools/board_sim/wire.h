@@ -28,10 +28,10 @@ extern const std::vector<fault_row> fault_rows;
 bool fault_take(wire_faults &faults, const std::string &text);
 
 struct wire {
-    int fd = -1;       // the pseudo-terminal's master, or the tty
-    int slave = -1;    // kept open, so that a panel that leaves does not end the line
-    std::string link;  // the name under which the panel finds the pseudo-terminal
-    std::string tty;   // a given line instead
+    int fd = -1;      // the pseudo-terminal's master, or the tty
+    int slave = -1;   // kept open, so that a panel that leaves does not end the line
+    std::string link; // the name under which the panel finds the pseudo-terminal
+    std::string tty;  // a given line instead
     std::string slave_name;
     bool linked = false; // `link` is ours to remove
     wire_faults faults;

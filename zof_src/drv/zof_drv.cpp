@@ -9,26 +9,21 @@ zof_mutex_t dis_mutex;
 // Every byte 0xFF: not set. The places with a meaning are enumerated in the header.
 static u8 hw_param[ZOF_HW_PARAM_COUNT];
 
-u8 *zof_hw_get_def_param(void)
-{
+u8 *zof_hw_get_def_param(void) {
     return hw_param;
 }
 
-void zof_drv_def_param_init(void)
-{
+void zof_drv_def_param_init(void) {
     memset(hw_param, ZOF_HW_UNSET, sizeof(hw_param));
 }
 
-void zof_drv_set_def_param(void)
-{
+void zof_drv_set_def_param(void) {
 }
 
-void zof_drv_hw_init(void)
-{
+void zof_drv_hw_init(void) {
 }
 
-void zof_drv_init(void)
-{
+void zof_drv_init(void) {
     dis_mutex = zof_mutex_create();
     zof_drv_up.set_prj_path();
     zof_drv_def_param_init();

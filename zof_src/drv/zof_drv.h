@@ -80,9 +80,9 @@ const zof_dirent_t *zof_readdir(zof_dir_t *dir);
 void zof_closedir(zof_dir_t *dir);
 
 // Files, as far as systems differ. Paths are the host's own.
-s32 zof_mkdir(const char *path);                     // 0 made, 1 there is one of that name already, -1
-s32 zof_rename(const char *from, const char *to);    // replaces `to`, in one step; 0 or -1
-s64 zof_file_size(const char *path);                 // bytes, or -1
+s32 zof_mkdir(const char *path);                  // 0 made, 1 there is one of that name already, -1
+s32 zof_rename(const char *from, const char *to); // replaces `to`, in one step; 0 or -1
+s64 zof_file_size(const char *path);              // bytes, or -1
 
 // Memory for pictures is not counted on the desktop: -1, and 1 for "there is enough".
 s32 zof_ram_get_img_free(void);

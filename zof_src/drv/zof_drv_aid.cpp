@@ -2,8 +2,7 @@
 
 const zof_drv_aid_ops_t *drv_aid_t;
 
-s32 zof_drv_aid_pointer(s32 x, s32 y, zof_bool pressed)
-{
+s32 zof_drv_aid_pointer(s32 x, s32 y, zof_bool pressed) {
     if (!drv_aid_t || !drv_aid_t->pointer) {
         return -1;
     }
@@ -11,7 +10,6 @@ s32 zof_drv_aid_pointer(s32 x, s32 y, zof_bool pressed)
     return 0;
 }
 
-s32 zof_drv_aid_shot(const char *path)
-{
+s32 zof_drv_aid_shot(const char *path) {
     return path && drv_aid_t && drv_aid_t->shot ? drv_aid_t->shot(path) : -1;
 }

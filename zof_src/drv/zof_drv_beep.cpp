@@ -1,5 +1,5 @@
-// One thread for the life of the program plays all tones; it is woken by a semaphore and takes the length that was asked
-// for last.
+// One thread for the life of the program plays all tones; it is woken by a semaphore and takes the length that was
+// asked for last.
 #include "drv/zof_drv_beep.h"
 
 #include <atomic>

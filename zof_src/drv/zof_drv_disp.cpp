@@ -5,29 +5,24 @@
 
 static zof_disp_t *zof_disp; // the port's record, null until it registers
 
-s32 zof_drv_disp_reg(zof_disp_t *disp)
-{
+s32 zof_drv_disp_reg(zof_disp_t *disp) {
     zof_disp = disp;
     return 0;
 }
 
-zof_disp_t *zof_drv_get_disp_t(void)
-{
+zof_disp_t *zof_drv_get_disp_t(void) {
     return zof_disp;
 }
 
-s32 zof_drv_disp_set_bg(const char *path)
-{
+s32 zof_drv_disp_set_bg(const char *path) {
     return zof_disp && zof_disp->set_bg ? zof_disp->set_bg(path) : -1;
 }
 
-s32 zof_drv_disp_set_bgcolor(zof_color_t color)
-{
+s32 zof_drv_disp_set_bgcolor(zof_color_t color) {
     return zof_disp && zof_disp->set_bgcolor ? zof_disp->set_bgcolor(color) : -1;
 }
 
-s32 zof_disp_set_bright(u8 level)
-{
+s32 zof_disp_set_bright(u8 level) {
     if (!zof_disp || !zof_disp->set_bright) {
         return -1;
     }
@@ -35,8 +30,7 @@ s32 zof_disp_set_bright(u8 level)
     return 0;
 }
 
-s32 zof_disp_get_scn_size(zof_wh_t *out)
-{
+s32 zof_disp_get_scn_size(zof_wh_t *out) {
     if (!zof_disp || !out) {
         return -1;
     }
@@ -44,8 +38,7 @@ s32 zof_disp_get_scn_size(zof_wh_t *out)
     return 0;
 }
 
-s32 zof_disp_init_scn_size(zof_disp_t *disp)
-{
+s32 zof_disp_init_scn_size(zof_disp_t *disp) {
     if (!disp) {
         return -1;
     }
@@ -54,19 +47,16 @@ s32 zof_disp_init_scn_size(zof_disp_t *disp)
     return disp->get_scn_size ? disp->get_scn_size(disp) : -1;
 }
 
-s32 zof_disp_get_rotate(void)
-{
+s32 zof_disp_get_rotate(void) {
     zof_prj_facts_t facts = {};
     return zof_drv_up.prj_facts(&facts) == 0 ? (u8)facts.rotate : 0;
 }
 
-zof_wh_t *zof_disp_get_draw_size(void)
-{
+zof_wh_t *zof_disp_get_draw_size(void) {
     return zof_disp ? (zof_wh_t *)&zof_disp->draw_w : nullptr;
 }
 
-void zof_disp_init_draw_size(void)
-{
+void zof_disp_init_draw_size(void) {
     if (!zof_disp) {
         return;
     }
@@ -81,8 +71,7 @@ void zof_disp_init_draw_size(void)
     zof_disp->draw_h = (u32)(turned ? facts.width : facts.height);
 }
 
-s32 zof_disp_get_screen_pos(zof_wh_t *pos, zof_wh_t *size)
-{
+s32 zof_disp_get_screen_pos(zof_wh_t *pos, zof_wh_t *size) {
     const zof_disp_t *d = zof_disp;
     if (!d) {
         return -1;
@@ -98,13 +87,11 @@ s32 zof_disp_get_screen_pos(zof_wh_t *pos, zof_wh_t *size)
 }
 
 // What two margins leave of a side; margins wider than the screen leave nothing.
-static u32 inner(u32 side, u16 margin)
-{
+static u32 inner(u32 side, u16 margin) {
     return side > 2u * margin ? side - 2u * margin : 0;
 }
 
-s32 zof_disp_init_screen_pos(void)
-{
+s32 zof_disp_init_screen_pos(void) {
     zof_prj_facts_t facts = {};
     if (!zof_disp || zof_drv_up.prj_facts(&facts) != 0) {
         return -1;
@@ -129,8 +116,7 @@ s32 zof_disp_init_screen_pos(void)
     return 0;
 }
 
-void zof_disp_init(zof_disp_t *disp)
-{
+void zof_disp_init(zof_disp_t *disp) {
     zof_disp_init_scn_size(disp);
     zof_disp_init_draw_size();
     zof_disp_init_screen_pos();

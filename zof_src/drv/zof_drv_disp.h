@@ -9,14 +9,14 @@ ZOF_C_BEGIN
 
 // One for a program, owned by the port and published with zof_drv_disp_reg. All sizes and places are pixels.
 typedef struct zof_disp {
-    u32 scn_w, scn_h;   // physical screen
-    u32 pos_x, pos_y;   // picture on the screen
-    u32 size_w, size_h; // picture size on the screen
-    u32 draw_w, draw_h; // drawing size: the project's after rotation
-    s32 (*set_bgcolor)(zof_color_t color);    // OPTIONAL: 0 or -1
-    s32 (*set_bg)(const char *path);          // OPTIONAL: 0 when the driver shows the picture itself, else -1
-    s32 (*set_bright)(u8 level);              // OPTIONAL: percent; called from any thread
-    s32 (*get_scn_size)(struct zof_disp *d);  // MANDATORY: fills scn_w and scn_h
+    u32 scn_w, scn_h;                        // physical screen
+    u32 pos_x, pos_y;                        // picture on the screen
+    u32 size_w, size_h;                      // picture size on the screen
+    u32 draw_w, draw_h;                      // drawing size: the project's after rotation
+    s32 (*set_bgcolor)(zof_color_t color);   // OPTIONAL: 0 or -1
+    s32 (*set_bg)(const char *path);         // OPTIONAL: 0 when the driver shows the picture itself, else -1
+    s32 (*set_bright)(u8 level);             // OPTIONAL: percent; called from any thread
+    s32 (*get_scn_size)(struct zof_disp *d); // MANDATORY: fills scn_w and scn_h
 } zof_disp_t;
 
 typedef struct {

@@ -47,8 +47,8 @@ s32 zof_gpio_group_get_irq_mode(u8 group);
 typedef struct zof_win_key_param {
     db_list *list;
     void (*callback)(struct zof_win_key_param *param, u32 key); // for every key event; may be null
-    u32 status;                                                  // of the last key event: 1 down, 0 up
-    u32 value;                                                   // its key code
+    u32 status;                                                 // of the last key event: 1 down, 0 up
+    u32 value;                                                  // its key code
 } zof_win_key_param_t;
 
 // Ties a key (its code) to a pin; tying again replaces the key. 0, or -1 without memory.

@@ -15,8 +15,7 @@ static zof_touch_t g_touch_t; // the last touch that was told upwards
 static u8 last_state;         // what the finger did, also while it is hidden
 static u8 ignore_once;        // hide until the finger lifts
 
-s32 zof_touch_event(lv_indev_data_t *data)
-{
+s32 zof_touch_event(lv_indev_data_t *data) {
     if (!data) {
         return -1;
     }
@@ -39,8 +38,7 @@ s32 zof_touch_event(lv_indev_data_t *data)
     return 0;
 }
 
-s32 zof_touch_get(zof_touch_t *out)
-{
+s32 zof_touch_get(zof_touch_t *out) {
     if (!out || !touch_indev) {
         return -1;
     }
@@ -61,8 +59,7 @@ s32 zof_touch_get(zof_touch_t *out)
     return 0;
 }
 
-s32 zof_touch_rotate(zof_point_t *point)
-{
+s32 zof_touch_rotate(zof_point_t *point) {
     zof_prj_facts_t facts = {};
     const zof_disp_t *d = zof_drv_get_disp_t();
     if (!point || !d || zof_drv_up.prj_facts(&facts) != 0) {
@@ -88,8 +85,7 @@ s32 zof_touch_rotate(zof_point_t *point)
     return 0;
 }
 
-void zof_drv_touch_pause(s32 flag)
-{
+void zof_drv_touch_pause(s32 flag) {
     if (!touch_indev) {
         return;
     }
@@ -100,20 +96,17 @@ void zof_drv_touch_pause(s32 flag)
     }
 }
 
-s32 zof_drv_touch_get_tp_type(void)
-{
+s32 zof_drv_touch_get_tp_type(void) {
     return drv_touch_t && drv_touch_t->get_tp_type ? drv_touch_t->get_tp_type() : -1;
 }
 
-void zof_drv_touch_rtp_cal(void)
-{
+void zof_drv_touch_rtp_cal(void) {
     if (drv_touch_t && drv_touch_t->rtp_cal) {
         drv_touch_t->rtp_cal();
     }
 }
 
-const zof_drv_touch_ops_t *zof_drv_get_touch_t(void)
-{
+const zof_drv_touch_ops_t *zof_drv_get_touch_t(void) {
     return drv_touch_t;
 }
 
@@ -128,8 +121,7 @@ struct touch_test {
 
 static touch_test *g_test_t; // made by the first start of a panel check
 
-s32 zof_touch_count_start(void)
-{
+s32 zof_touch_count_start(void) {
     if (!g_test_t) {
         g_test_t = (touch_test *)zof_malloc(sizeof(touch_test));
     }
@@ -140,8 +132,7 @@ s32 zof_touch_count_start(void)
     return 0;
 }
 
-s32 zof_touch_count_stop(void)
-{
+s32 zof_touch_count_stop(void) {
     if (!g_test_t) {
         return -1;
     }
@@ -150,8 +141,7 @@ s32 zof_touch_count_stop(void)
     return 0;
 }
 
-s32 zof_touch_count_clear(void)
-{
+s32 zof_touch_count_clear(void) {
     if (!g_test_t) {
         return -1;
     }
@@ -159,8 +149,7 @@ s32 zof_touch_count_clear(void)
     return 0;
 }
 
-static s32 count_set(touch_counter touch_test::*which, u32 state)
-{
+static s32 count_set(touch_counter touch_test::*which, u32 state) {
     if (!g_test_t || !g_test_t->enable) {
         return -1;
     }
@@ -174,8 +163,7 @@ static s32 count_set(touch_counter touch_test::*which, u32 state)
     return 0;
 }
 
-static s32 count_get(touch_counter touch_test::*which, u32 *press, u32 *release)
-{
+static s32 count_get(touch_counter touch_test::*which, u32 *press, u32 *release) {
     if (!g_test_t || !press || !release) {
         return -1;
     }
@@ -184,28 +172,23 @@ static s32 count_get(touch_counter touch_test::*which, u32 *press, u32 *release)
     return 0;
 }
 
-s32 zof_touch_count_set_irq(u32 state)
-{
+s32 zof_touch_count_set_irq(u32 state) {
     return count_set(&touch_test::irq, state);
 }
 
-s32 zof_touch_count_set_ui(u32 state)
-{
+s32 zof_touch_count_set_ui(u32 state) {
     return count_set(&touch_test::ui, state);
 }
 
-s32 zof_touch_count_get_irq(u32 *press, u32 *release)
-{
+s32 zof_touch_count_get_irq(u32 *press, u32 *release) {
     return count_get(&touch_test::irq, press, release);
 }
 
-s32 zof_touch_count_get_ui(u32 *press, u32 *release)
-{
+s32 zof_touch_count_get_ui(u32 *press, u32 *release) {
     return count_get(&touch_test::ui, press, release);
 }
 
-void zof_touch_count_free(void)
-{
+void zof_touch_count_free(void) {
     zof_free(g_test_t);
     g_test_t = nullptr;
 }

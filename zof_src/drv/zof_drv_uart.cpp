@@ -43,24 +43,20 @@ static std::atomic<zof_drv_t *> uart_drvs_t[PORT_COUNT];
 
 static std::mutex hmi_lock;
 
-static u32 clamp(u32 v, u32 lo, u32 hi)
-{
+static u32 clamp(u32 v, u32 lo, u32 hi) {
     return v < lo ? lo : v > hi ? hi : v;
 }
 
-static uart_context *context_of(zof_drv_t *handle)
-{
+static uart_context *context_of(zof_drv_t *handle) {
     return handle && handle->type == ZOF_DRV_UART ? (uart_context *)handle->context : nullptr;
 }
 
-static bool port_stands(const zof_drv_t *handle)
-{
+static bool port_stands(const zof_drv_t *handle) {
     return uart_drvs_t[handle->port] == handle;
 }
 
 // The port's number, or -1. The desktop's number wins, then the number given, then the hardware's default.
-static s32 resolve_port(const zof_uart_cfg_t *cfg)
-{
+static s32 resolve_port(const zof_uart_cfg_t *cfg) {
     s32 port = cfg->port;
     if (port == -1) {
         const u8 def = zof_hw_get_def_param()[ZOF_HW_UART_PORT];
@@ -81,8 +77,7 @@ static s32 resolve_port(const zof_uart_cfg_t *cfg)
 
 // A chunk that finds no room is lost whole. A peer that never falls silent would fill the log with that, so what is
 // lost is added up and told once a second at most.
-static void feed(uart_client *client, const zof_drv_t *handle, const u8 *data, u32 size)
-{
+static void feed(uart_client *client, const zof_drv_t *handle, const u8 *data, u32 size) {
     const u32 now = zof_sys_time_ms();
     const bool tell = !client->told || now - client->lost_said >= TELL_MS;
     const bool fits = size <= client->buf->size - pipo_buf_get_pi_len(client->buf);
@@ -99,8 +94,7 @@ static void feed(uart_client *client, const zof_drv_t *handle, const u8 *data, u
     zof_sem_release(client->sem);
 }
 
-static void zof_uart_recive_data_th(void *arg)
-{
+static void zof_uart_recive_data_th(void *arg) {
     auto *handle = (zof_drv_t *)arg;
     auto *ctx = (uart_context *)handle->context;
     if (ctx->buf_len > BUF_LEN_MAX) {
@@ -134,15 +128,13 @@ static void zof_uart_recive_data_th(void *arg)
 }
 
 // Returns when the peer has fallen silent behind at least one chunk.
-static void wait_for_message(uart_client *client, uart_context *ctx)
-{
+static void wait_for_message(uart_client *client, uart_context *ctx) {
     zof_sem_take(client->sem, 0);
     while (zof_sem_take(client->sem, ctx->timeout) == 0) {
     }
 }
 
-static void zof_uart_hmi_recive_data_th(void *arg)
-{
+static void zof_uart_hmi_recive_data_th(void *arg) {
     auto *handle = (zof_drv_t *)arg;
     auto *ctx = (uart_context *)handle->context;
     while (port_stands(handle)) {
@@ -162,8 +154,7 @@ static void zof_uart_hmi_recive_data_th(void *arg)
 }
 
 // The register link's client holds the graphics lock around its callback: that is how frames may touch controls.
-static void zof_uart_ui_recive_data_th(void *arg)
-{
+static void zof_uart_ui_recive_data_th(void *arg) {
     auto *handle = (zof_drv_t *)arg;
     auto *ctx = (uart_context *)handle->context;
     while (ctx->ui.run && port_stands(handle)) {
@@ -179,8 +170,7 @@ static void zof_uart_ui_recive_data_th(void *arg)
 }
 
 // A port that cannot be used leaves no trace.
-static zof_drv_t *open_undo(zof_drv_t *handle)
-{
+static zof_drv_t *open_undo(zof_drv_t *handle) {
     zof_free(handle->context);
     if (drv_uart_t->close) {
         drv_uart_t->close(handle);
@@ -188,8 +178,7 @@ static zof_drv_t *open_undo(zof_drv_t *handle)
     return nullptr;
 }
 
-static zof_drv_t *open_new(zof_uart_cfg_t *cfg, s32 port)
-{
+static zof_drv_t *open_new(zof_uart_cfg_t *cfg, s32 port) {
     if (!drv_uart_t || !drv_uart_t->open) {
         return nullptr;
     }
@@ -216,8 +205,7 @@ static zof_drv_t *open_new(zof_uart_cfg_t *cfg, s32 port)
     return handle;
 }
 
-zof_drv_t *zof_drv_uart_open(zof_uart_cfg_t *cfg)
-{
+zof_drv_t *zof_drv_uart_open(zof_uart_cfg_t *cfg) {
     if (!cfg) {
         return nullptr;
     }
@@ -241,8 +229,7 @@ zof_drv_t *zof_drv_uart_open(zof_uart_cfg_t *cfg)
     return handle;
 }
 
-s32 zof_drv_uart_close(zof_drv_t *handle)
-{
+s32 zof_drv_uart_close(zof_drv_t *handle) {
     uart_context *ctx = context_of(handle);
     if (!ctx) {
         return -1;
@@ -254,24 +241,21 @@ s32 zof_drv_uart_close(zof_drv_t *handle)
     return 0;
 }
 
-s32 zof_drv_uart_send(zof_drv_t *handle, const u8 *data, u32 size)
-{
+s32 zof_drv_uart_send(zof_drv_t *handle, const u8 *data, u32 size) {
     if (!context_of(handle) || !data || !drv_uart_t || !drv_uart_t->send) {
         return -1;
     }
     return drv_uart_t->send(handle, data, size);
 }
 
-s32 zof_drv_uart_recive(zof_drv_t *handle, u8 *buffer, u32 size)
-{
+s32 zof_drv_uart_recive(zof_drv_t *handle, u8 *buffer, u32 size) {
     if (!context_of(handle) || !buffer || !drv_uart_t || !drv_uart_t->receive) {
         return 0;
     }
     return drv_uart_t->receive(handle, buffer, size);
 }
 
-s32 zof_drv_uart_set_cfg(zof_drv_t *handle, u32 speed, u32 bit, u32 parity, u32 stop)
-{
+s32 zof_drv_uart_set_cfg(zof_drv_t *handle, u32 speed, u32 bit, u32 parity, u32 stop) {
     if (!context_of(handle) || !drv_uart_t || !drv_uart_t->set_cfg) {
         return -1;
     }
@@ -281,18 +265,17 @@ s32 zof_drv_uart_set_cfg(zof_drv_t *handle, u32 speed, u32 bit, u32 parity, u32 
     return drv_uart_t->set_cfg(handle, &cfg);
 }
 
-void zof_drv_uart_rev_set_timeout(zof_drv_t *handle, u32 ms)
-{
+void zof_drv_uart_rev_set_timeout(zof_drv_t *handle, u32 ms) {
     uart_context *ctx = context_of(handle);
     if (ctx) {
         ctx->timeout = (u16)clamp(ms, TIMEOUT_MIN, TIMEOUT_MAX);
     }
 }
 
-// Buffer, semaphore and thread of a client, made at its first registration; 0 or -1. What was made stays for another try.
+// Buffer, semaphore and thread of a client, made at its first registration; 0 or -1. What was made stays for another
+// try.
 static s32 client_start(uart_client *client, zof_drv_t *handle, u32 size, u32 t_size, const char *name,
-                        void (*body)(void *), u32 stack)
-{
+                        void (*body)(void *), u32 stack) {
     if (client->thread) {
         return 0;
     }
@@ -313,8 +296,7 @@ static s32 client_start(uart_client *client, zof_drv_t *handle, u32 size, u32 t_
     return 0;
 }
 
-s32 zof_drv_uart_rev_set_bfun(zof_drv_t *handle, uart_rev_bfun fun, u32 size)
-{
+s32 zof_drv_uart_rev_set_bfun(zof_drv_t *handle, uart_rev_bfun fun, u32 size) {
     uart_context *ctx = context_of(handle);
     if (!ctx || client_start(&ctx->ui, handle, size, 0, "zof uart ui", zof_uart_ui_recive_data_th, 102400) != 0) {
         return -1;
@@ -323,10 +305,10 @@ s32 zof_drv_uart_rev_set_bfun(zof_drv_t *handle, uart_rev_bfun fun, u32 size)
     return 0;
 }
 
-s32 zof_drv_uart_hmi_rev_set_bfun(zof_drv_t *handle, uart_hmi_rev_bfun fun, void *arg, u32 size, u32 t_size)
-{
+s32 zof_drv_uart_hmi_rev_set_bfun(zof_drv_t *handle, uart_hmi_rev_bfun fun, void *arg, u32 size, u32 t_size) {
     uart_context *ctx = context_of(handle);
-    if (!ctx || client_start(&ctx->hmi, handle, size, t_size, "zof uart hmi", zof_uart_hmi_recive_data_th, 20480) != 0) {
+    if (!ctx ||
+        client_start(&ctx->hmi, handle, size, t_size, "zof uart hmi", zof_uart_hmi_recive_data_th, 20480) != 0) {
         return -1;
     }
     std::lock_guard guard(hmi_lock);
@@ -335,8 +317,7 @@ s32 zof_drv_uart_hmi_rev_set_bfun(zof_drv_t *handle, uart_hmi_rev_bfun fun, void
     return 0;
 }
 
-s32 zof_drv_uart_hmi_tbuf_set(zof_drv_t *handle, const u8 *data, u32 size)
-{
+s32 zof_drv_uart_hmi_tbuf_set(zof_drv_t *handle, const u8 *data, u32 size) {
     uart_context *ctx = context_of(handle);
     return ctx ? pipo_buff_set_pi_topbuf(ctx->hmi.buf, data, size) : -1;
 }

@@ -17,14 +17,15 @@ typedef struct {
 // Publishes a port's watchdog; null removes it. 0.
 s32 zof_drv_wdt_reg(const zof_drv_wdt_ops_t *ops);
 
-// -1 without a watchdog, else the driver's result. A time-out that is set before the watchdog is opened holds from then.
+// -1 without a watchdog, else the driver's result. A time-out that is set before the watchdog is opened holds from
+// then.
 s32 zof_wdt_open(void);
 s32 zof_wdt_close(void);
 s32 zof_wdt_set_timeout(u32 seconds);
 s32 zof_wdt_keepalive(void);
 
-// Publishes the host's watchdog (/dev/watchdog on Linux), for an application that asks for it. 0, or -1 when the host has
-// none. Once it is open, a program that hangs or dies restarts the machine.
+// Publishes the host's watchdog (/dev/watchdog on Linux), for an application that asks for it. 0, or -1 when the host
+// has none. Once it is open, a program that hangs or dies restarts the machine.
 s32 win_wdt_init(void);
 
 ZOF_C_END

@@ -6,12 +6,10 @@
 
 struct zof_lock {
     zof_mutex_t mutex;
-    explicit zof_lock(zof_mutex_t m) : mutex(m)
-    {
+    explicit zof_lock(zof_mutex_t m) : mutex(m) {
         zof_mutex_lock(mutex);
     }
-    ~zof_lock()
-    {
+    ~zof_lock() {
         zof_mutex_unlock(mutex);
     }
     zof_lock(const zof_lock &) = delete;

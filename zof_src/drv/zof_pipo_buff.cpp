@@ -2,21 +2,19 @@
 // it got until it swaps again, so its callback needs no lock.
 #include <string.h>
 
-#include "drv/zof_pipo_buff.h"
 #include "drv/zof_lock.h"
+#include "drv/zof_pipo_buff.h"
 #include "zof_lib/zof_stdio.h"
 
 // Old bytes behind `size` in the data area stay; they cannot be reached through `len`.
-static void half_reset(pipo_buff *b, pipo_half *half)
-{
+static void half_reset(pipo_buff *b, pipo_half *half) {
     half->read = half->data;
     half->len = 0;
     half->t_len = 0;
     memset(half->base, 0, b->size);
 }
 
-pipo_buff *pipo_buff_create(u32 size, u32 t_size)
-{
+pipo_buff *pipo_buff_create(u32 size, u32 t_size) {
     auto *b = (pipo_buff *)zof_malloc(sizeof(pipo_buff));
     if (!b) {
         return nullptr;
@@ -39,8 +37,7 @@ pipo_buff *pipo_buff_create(u32 size, u32 t_size)
     return b;
 }
 
-s32 pipo_buff_delete(pipo_buff *b)
-{
+s32 pipo_buff_delete(pipo_buff *b) {
     if (!b) {
         return -1;
     }
@@ -54,8 +51,7 @@ s32 pipo_buff_delete(pipo_buff *b)
     return 0;
 }
 
-s32 pipo_buff_set_pi(pipo_buff *b, const u8 *data, u32 size)
-{
+s32 pipo_buff_set_pi(pipo_buff *b, const u8 *data, u32 size) {
     if (!b || !data) {
         return -1;
     }
@@ -70,8 +66,7 @@ s32 pipo_buff_set_pi(pipo_buff *b, const u8 *data, u32 size)
     return 0;
 }
 
-s32 pipo_buff_set_pi_topbuf(pipo_buff *b, const u8 *data, u32 size)
-{
+s32 pipo_buff_set_pi_topbuf(pipo_buff *b, const u8 *data, u32 size) {
     if (!b || !data || size == 0) {
         return -1;
     }
@@ -86,8 +81,7 @@ s32 pipo_buff_set_pi_topbuf(pipo_buff *b, const u8 *data, u32 size)
     return 0;
 }
 
-pipo_half *pipo_buff_get_pi_and_switch(pipo_buff *b)
-{
+pipo_half *pipo_buff_get_pi_and_switch(pipo_buff *b) {
     if (!b) {
         return nullptr;
     }
@@ -99,8 +93,7 @@ pipo_half *pipo_buff_get_pi_and_switch(pipo_buff *b)
     return full;
 }
 
-u32 pipo_buf_get_pi_len(pipo_buff *b)
-{
+u32 pipo_buf_get_pi_len(pipo_buff *b) {
     if (!b) {
         return 0;
     }
@@ -108,8 +101,7 @@ u32 pipo_buf_get_pi_len(pipo_buff *b)
     return b->cur->len;
 }
 
-s32 pipo_buf_clear(pipo_buff *b)
-{
+s32 pipo_buf_clear(pipo_buff *b) {
     if (!b) {
         return -1;
     }

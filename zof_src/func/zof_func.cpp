@@ -35,8 +35,7 @@ struct text_buf {
 
 static void text_add(text_buf *buf, const char *fmt, ...) ZOF_PRINTF_LIKE(2, 3);
 
-static void text_add(text_buf *buf, const char *fmt, ...)
-{
+static void text_add(text_buf *buf, const char *fmt, ...) {
     const size_t room = sizeof(buf->text) - buf->used;
     va_list args;
     va_start(args, fmt);
@@ -49,8 +48,7 @@ static void text_add(text_buf *buf, const char *fmt, ...)
     }
 }
 
-void _memsize_format(s32 value, char *out)
-{
+void _memsize_format(s32 value, char *out) {
     if (!out) {
         return;
     }
@@ -68,27 +66,23 @@ void _memsize_format(s32 value, char *out)
     }
 }
 
-void zof_monitor_refr_buy_time(u32 ms)
-{
+void zof_monitor_refr_buy_time(u32 ms) {
     if (refr_cnt != last_refr_cnt) {
         time_sum += ms;
         last_refr_cnt = refr_cnt;
     }
 }
 
-static void monitor_cb(lv_disp_drv_t *, uint32_t, uint32_t)
-{
+static void monitor_cb(lv_disp_drv_t *, uint32_t, uint32_t) {
     refr_cnt++;
 }
 
-static u16 show_en()
-{
+static u16 show_en() {
     const zof_prj_t *prj = zof_prj_get_cur();
     return prj && prj->attr ? prj->attr->show_en : 0;
 }
 
-static void overlay_build(u16 show)
-{
+static void overlay_build(u16 show) {
     lv_style_init(&style);
     lv_style_set_bg_opa(&style, 90);
     lv_style_set_bg_color(&style, lv_color_hex(0xFF808080));
@@ -113,8 +107,7 @@ static void overlay_build(u16 show)
     }
 }
 
-static void add_versions(text_buf *buf, u16 show)
-{
+static void add_versions(text_buf *buf, u16 show) {
     const char *fw = show & ZOF_SHOW_FW_VER ? zof_fw_get_version() : nullptr;
     if (fw) {
         text_add(buf, "fw ver: %s\n", fw);
@@ -129,8 +122,7 @@ static void add_versions(text_buf *buf, u16 show)
     }
 }
 
-static void add_fps(text_buf *buf)
-{
+static void add_fps(text_buf *buf) {
     const s32 fps = time_sum ? (s32)((u64)refr_cnt * 1000 / time_sum) : 0;
     zof_printf("\n time_sum=%d refr_cnt=%d fps = %d \n", (s32)(time_sum ? time_sum : 1), (s32)refr_cnt, fps);
     time_sum = 0;
@@ -140,8 +132,7 @@ static void add_fps(text_buf *buf)
 }
 
 // What a device of more than 2 GB has left is shown as the most that the number holds.
-static void add_memory(text_buf *buf)
-{
+static void add_memory(text_buf *buf) {
     char number[NUMBER_TEXT];
     const s32 used = (s32)zof_mem_get_used();
     _memsize_format(used, number);
@@ -154,8 +145,7 @@ static void add_memory(text_buf *buf)
     zof_printf(" freemem = %ld \n", (long)left);
 }
 
-static void zof_func_show_prjpara_task_cb(zof_task_t *)
-{
+static void zof_func_show_prjpara_task_cb(zof_task_t *) {
     const u16 show = show_en();
     if (!cont) {
         overlay_build(show);
@@ -175,16 +165,14 @@ static void zof_func_show_prjpara_task_cb(zof_task_t *)
     lv_obj_set_parent(cont, lv_scr_act()); // the screen changes with the view; this keeps it on top
 }
 
-void zof_func_show_prj_para(void)
-{
+void zof_func_show_prj_para(void) {
     if (show_en() & ~ZOF_SHOW_BOTTOM) {
         zof_task_create(zof_func_show_prjpara_task_cb, OVERLAY_PERIOD_MS, nullptr);
     }
 }
 
 // No other thread runs yet, so the lock is not taken.
-[[noreturn]] static void refuse_size()
-{
+[[noreturn]] static void refuse_size() {
     u32 w = 0;
     u32 h = 0;
     zof_drv_get_wh_max_value(&w, &h);
@@ -200,8 +188,7 @@ void zof_func_show_prj_para(void)
     }
 }
 
-s32 zof_func_check_wh_vaild(void)
-{
+s32 zof_func_check_wh_vaild(void) {
     const s32 state = zof_prj_check_wh_avlid();
     if (state == 1) {
         refuse_size();
@@ -209,8 +196,7 @@ s32 zof_func_check_wh_vaild(void)
     return state;
 }
 
-void zof_func_pwon(void)
-{
+void zof_func_pwon(void) {
     zof_func_show_prj_para();
     zof_func_check_wh_vaild();
     const zof_prj_t *prj = zof_prj_get_cur();

@@ -11,9 +11,9 @@
 enum { PERIOD_MS = 200, LAYERS = 3 };
 
 static u8 g_cur_statue;
-static u32 g_last_time;            // of the last activity, ms; 0 until the task has run
-static zof_task_t *g_stdby_task;   // made when first needed
-static s32 g_active_view[LAYERS];  // views to come back to, by layer; 0 or less: none
+static u32 g_last_time;           // of the last activity, ms; 0 until the task has run
+static zof_task_t *g_stdby_task;  // made when first needed
+static s32 g_active_view[LAYERS]; // views to come back to, by layer; 0 or less: none
 
 static zof_func_standby_t *record() {
     zof_prj_t *prj = zof_prj_get_cur();

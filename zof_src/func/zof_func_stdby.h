@@ -8,8 +8,9 @@ ZOF_C_BEGIN
 
 enum { ZOF_STDBY_NORMAL = 0, ZOF_STDBY_DIMMED = 1, ZOF_STDBY_OFF = 2 };
 
-// Takes new times (seconds; 0 disables a step), brightness levels (percent) and views into the project's record and counts
-// from now. With both times 0 the counting is paused and nothing else changes. 0, or -1 for null or without a project.
+// Takes new times (seconds; 0 disables a step), brightness levels (percent) and views into the project's record and
+// counts from now. With both times 0 the counting is paused and nothing else changes. 0, or -1 for null or without a
+// project.
 s32 zof_func_stdby_set_param(const zof_func_standby_t *param);
 
 // Goes to a state. 0 when it changed; -1 for the state already in force or none of ours, both of which renew the idle

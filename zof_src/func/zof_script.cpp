@@ -30,20 +30,17 @@ static struct {
 
 enum step_e { DONE, AGAIN };
 
-[[noreturn]] static void leave(int status)
-{
+[[noreturn]] static void leave(int status) {
     fflush(stdout);
     _Exit(status); // threads still run: nothing is torn down, as when the window is closed
 }
 
-[[noreturn]] static void fault(const char *what)
-{
+[[noreturn]] static void fault(const char *what) {
     zof_printf("%s:%u: %s", script.path, script.line, what);
     leave(2);
 }
 
-static s32 number(s32 index)
-{
+static s32 number(s32 index) {
     char *end;
     const long v = strtol(script.args[index], &end, 10);
     if (end == script.args[index] || *end || v < -NUMBER_MAX || v > NUMBER_MAX) {
@@ -52,45 +49,38 @@ static s32 number(s32 index)
     return (s32)v;
 }
 
-static u32 elapsed()
-{
+static u32 elapsed() {
     return zof_sys_time_ms() - script.started;
 }
 
-static void pointer(s32 x, s32 y, zof_bool pressed)
-{
+static void pointer(s32 x, s32 y, zof_bool pressed) {
     script.x = x;
     script.y = y;
     zof_drv_aid_pointer(x, y, pressed);
 }
 
-static step_e cmd_wait()
-{
+static step_e cmd_wait() {
     return elapsed() >= (u32)number(1) ? DONE : AGAIN;
 }
 
-static step_e cmd_press()
-{
+static step_e cmd_press() {
     pointer(number(1), number(2), ZOF_TRUE);
     return DONE;
 }
 
 // Lasts as long as a tap, so that the widgets see the finger up before the next command puts it down again.
-static step_e cmd_release()
-{
+static step_e cmd_release() {
     pointer(script.x, script.y, ZOF_FALSE);
     return elapsed() >= TAP_MS ? DONE : AGAIN;
 }
 
-static step_e cmd_tap()
-{
+static step_e cmd_tap() {
     pointer(number(1), number(2), elapsed() < TAP_MS);
     return elapsed() >= 2 * TAP_MS ? DONE : AGAIN;
 }
 
 // The finger rests at the end before it lifts, so that the widgets have seen it there.
-static step_e cmd_drag()
-{
+static step_e cmd_drag() {
     const s64 time = number(5) > 0 ? number(5) : 1;
     const s64 now = elapsed() < time ? elapsed() : time;
     pointer((s32)(number(1) + (number(3) - number(1)) * now / time),
@@ -98,8 +88,7 @@ static step_e cmd_drag()
     return elapsed() < time + TAP_MS ? AGAIN : DONE;
 }
 
-static step_e cmd_shot()
-{
+static step_e cmd_shot() {
     const char *folder = getenv("ZOF_SHOTS");
     char path[LINE_SIZE];
     const int need = snprintf(path, sizeof(path), "%s%s%s", folder ? folder : "", folder ? "/" : "", script.args[1]);
@@ -110,22 +99,19 @@ static step_e cmd_shot()
     return DONE;
 }
 
-static step_e cmd_lang()
-{
+static step_e cmd_lang() {
     if (zof_lang_set(script.args[1]) != 0) {
         fault("there is no such language");
     }
     return DONE;
 }
 
-static step_e cmd_view()
-{
+static step_e cmd_view() {
     zof_view_set_dis_view((u32)number(1));
     return DONE;
 }
 
-static const char *label_text(s32 view, s32 ctrl)
-{
+static const char *label_text(s32 view, s32 ctrl) {
     para_t *label = zof_ctrl_get_form_id((u32)view, (u32)ctrl);
     if (!label || !label->obj || !lv_obj_check_type(label->obj, &lv_label_class)) {
         fault("there is no such label");
@@ -133,28 +119,26 @@ static const char *label_text(s32 view, s32 ctrl)
     return lv_label_get_text(label->obj);
 }
 
-static step_e cmd_print()
-{
+static step_e cmd_print() {
     zof_printf("%s/%s: %s", script.args[1], script.args[2], label_text(number(1), number(2)));
     return DONE;
 }
 
-static step_e cmd_until()
-{
+static step_e cmd_until() {
     const char *now = label_text(number(2), number(3));
     const char *want = script.args[4];
     if (strcmp(want, "*") == 0 ? !strchr(now, '-') : strcmp(want, now) == 0) {
         return DONE;
     }
     if (elapsed() > (u32)number(1)) {
-        zof_printf("%s:%u: after %s ms the text is \"%s\", not \"%s\"", script.path, script.line, script.args[1], now, want);
+        zof_printf("%s:%u: after %s ms the text is \"%s\", not \"%s\"", script.path, script.line, script.args[1], now,
+                   want);
         leave(3);
     }
     return AGAIN;
 }
 
-static step_e cmd_quit()
-{
+static step_e cmd_quit() {
     leave(0);
 }
 
@@ -163,13 +147,12 @@ static constexpr struct {
     s32 argc; // with the name; the last takes the rest of the line
     step_e (*run)();
 } commands[] = {
-    {"wait", 2, cmd_wait},   {"tap", 3, cmd_tap},   {"press", 3, cmd_press}, {"move", 3, cmd_press},
-    {"release", 1, cmd_release}, {"drag", 6, cmd_drag}, {"shot", 2, cmd_shot},   {"lang", 2, cmd_lang},
-    {"view", 2, cmd_view},   {"print", 3, cmd_print}, {"until", 5, cmd_until}, {"quit", 1, cmd_quit},
+    {"wait", 2, cmd_wait},       {"tap", 3, cmd_tap},     {"press", 3, cmd_press}, {"move", 3, cmd_press},
+    {"release", 1, cmd_release}, {"drag", 6, cmd_drag},   {"shot", 2, cmd_shot},   {"lang", 2, cmd_lang},
+    {"view", 2, cmd_view},       {"print", 3, cmd_print}, {"until", 5, cmd_until}, {"quit", 1, cmd_quit},
 };
 
-static void trim_end(char *text)
-{
+static void trim_end(char *text) {
     size_t size = strlen(text);
     while (size && strchr(" \t\r", text[size - 1])) {
         text[--size] = 0;
@@ -177,8 +160,7 @@ static void trim_end(char *text)
 }
 
 // Cuts the next line that holds a command into args; false at the end of the file.
-static bool next_line()
-{
+static bool next_line() {
     while (script.next && *script.next) {
         char *line = script.next;
         char *end = strchr(line, '\n');
@@ -202,8 +184,7 @@ static bool next_line()
 }
 
 // Blanks part the words; the last of a command's words takes the rest of its line.
-static void split(s32 count)
-{
+static void split(s32 count) {
     while (script.argc < count) {
         char *gap = strpbrk(script.args[script.argc - 1], " \t");
         if (!gap) {
@@ -214,8 +195,7 @@ static void split(s32 count)
     }
 }
 
-static step_e (*command())()
-{
+static step_e (*command())() {
     const size_t name = strcspn(script.args[0], " \t");
     for (const auto &row : commands) {
         if (strlen(row.name) == name && strncmp(row.name, script.args[0], name) == 0) {
@@ -226,8 +206,7 @@ static step_e (*command())()
     fault("there is no such command");
 }
 
-static void script_task(zof_task_t *task)
-{
+static void script_task(zof_task_t *task) {
     static step_e (*run)();
     while (!run || run() == DONE) {
         if (!next_line()) {
@@ -239,8 +218,7 @@ static void script_task(zof_task_t *task)
     }
 }
 
-void zof_script_start(void)
-{
+void zof_script_start(void) {
     script.path = getenv("ZOF_SCRIPT");
     if (!script.path || !*script.path) {
         return;

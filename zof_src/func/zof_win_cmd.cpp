@@ -10,8 +10,7 @@
 static const char prj_file[] = "../../res/config/project/zofprj.g";
 
 // Only a key of exactly this name counts: cJSON's own look-up would take COMP_TIME for it and leave two.
-static void stamp(cJSON *root, const char *time)
-{
+static void stamp(cJSON *root, const char *time) {
     cJSON *value = cJSON_CreateString(time);
     if (cJSON_GetObjectItemCaseSensitive(root, "comp_time")) {
         cJSON_ReplaceItemInObjectCaseSensitive(root, "comp_time", value);
@@ -20,8 +19,7 @@ static void stamp(cJSON *root, const char *time)
     }
 }
 
-s32 zof_win_cmd(int argc, char **argv)
-{
+s32 zof_win_cmd(int argc, char **argv) {
     if (argc < 3 || !argv) {
         return -1;
     }

@@ -22,27 +22,23 @@ struct zof_host_dir {
 // The test's clock, or null for the host's own; read by every thread.
 static std::atomic<const zof_clock_t *> g_clock{nullptr};
 
-u64 host_monotonic_ms(void)
-{
+u64 host_monotonic_ms(void) {
     timespec now;
     clock_gettime(CLOCK_MONOTONIC, &now);
     return (u64)now.tv_sec * 1000 + (u64)now.tv_nsec / 1000000;
 }
 
-void zof_clock_set(const zof_clock_t *clock)
-{
+void zof_clock_set(const zof_clock_t *clock) {
     g_clock = clock;
 }
 
-u32 zof_host_time_ms(void)
-{
+u32 zof_host_time_ms(void) {
     static const u64 start = host_monotonic_ms();
     const zof_clock_t *clock = g_clock;
     return clock ? clock->now_ms() : (u32)(host_monotonic_ms() - start);
 }
 
-void zof_host_delay_ms(u32 ms)
-{
+void zof_host_delay_ms(u32 ms) {
     const zof_clock_t *clock = g_clock;
     if (clock) {
         clock->delay_ms(ms);
@@ -53,8 +49,7 @@ void zof_host_delay_ms(u32 ms)
     }
 }
 
-s32 zof_host_local_time(zof_rtc_time_t *out)
-{
+s32 zof_host_local_time(zof_rtc_time_t *out) {
     const time_t now = time(nullptr);
     tm local;
     if (!localtime_r(&now, &local)) {
@@ -65,8 +60,7 @@ s32 zof_host_local_time(zof_rtc_time_t *out)
     return 0;
 }
 
-zof_host_dir_t *zof_host_dir_open(const char *path)
-{
+zof_host_dir_t *zof_host_dir_open(const char *path) {
     DIR *dir = path ? opendir(path) : nullptr;
     if (!dir) {
         return nullptr;
@@ -80,8 +74,7 @@ zof_host_dir_t *zof_host_dir_open(const char *path)
     return d;
 }
 
-s32 zof_host_dir_read(zof_host_dir_t *dir, zof_host_dirent_t *out)
-{
+s32 zof_host_dir_read(zof_host_dir_t *dir, zof_host_dirent_t *out) {
     const dirent *entry = dir ? readdir(dir->dir) : nullptr;
     if (!entry) {
         return -1;
@@ -94,35 +87,30 @@ s32 zof_host_dir_read(zof_host_dir_t *dir, zof_host_dirent_t *out)
     return 0;
 }
 
-void zof_host_dir_close(zof_host_dir_t *dir)
-{
+void zof_host_dir_close(zof_host_dir_t *dir) {
     if (dir) {
         closedir(dir->dir);
         zof_free(dir);
     }
 }
 
-s32 zof_host_mkdir(const char *path)
-{
+s32 zof_host_mkdir(const char *path) {
     if (mkdir(path, 0777) == 0) {
         return 0;
     }
     return errno == EEXIST ? 1 : -1;
 }
 
-s64 zof_host_file_size(const char *path)
-{
+s64 zof_host_file_size(const char *path) {
     struct stat st;
     return path && stat(path, &st) == 0 ? (s64)st.st_size : -1;
 }
 
-s32 zof_host_rename(const char *from, const char *to)
-{
+s32 zof_host_rename(const char *from, const char *to) {
     return rename(from, to) == 0 ? 0 : -1;
 }
 
-void zof_host_screen_size(s32 *w, s32 *h)
-{
+void zof_host_screen_size(s32 *w, s32 *h) {
     SDL_Rect bounds = {};
     const bool known = SDL_GetDisplayBounds(0, &bounds) == 0;
     *w = known ? bounds.w : 0;

@@ -24,18 +24,17 @@
 enum { RETRY_MS = 100, SEND_WAIT_MS = 50, CHOKED_MS = 1000 };
 
 struct zof_host_serial {
-    std::mutex lock; // guards fd, line, choked and patience
+    std::mutex lock;        // guards fd, line, choked and patience
     std::atomic<int> users; // the owner, and each thread inside receive; the last one out releases it
-    int fd;          // -1 while the device is away
-    int wake;        // readable once the line is closed
-    bool choked;     // the far end does not read: no waiting until it does
-    u64 patience;    // nor before this time
+    int fd;                 // -1 while the device is away
+    int wake;               // readable once the line is closed
+    bool choked;            // the far end does not read: no waiting until it does
+    u64 patience;           // nor before this time
     zof_host_line_t line;
     char path[256];
 };
 
-u32 host_line_cflag(const zof_host_line_t *line)
-{
+u32 host_line_cflag(const zof_host_line_t *line) {
     u32 flag = CREAD | CLOCAL | BOTHER | (BOTHER << IBSHIFT);
     flag |= line->data_bits == 7 ? CS7 : CS8;
     flag |= line->stop_bits == 2 ? (u32)CSTOPB : 0;
@@ -44,8 +43,7 @@ u32 host_line_cflag(const zof_host_line_t *line)
     return flag;
 }
 
-static bool port_path(s32 port, char *out, size_t size)
-{
+static bool port_path(s32 port, char *out, size_t size) {
     char name[32];
     snprintf(name, sizeof(name), "ZOF_COM%d", port);
     const char *given = getenv(name);
@@ -54,8 +52,7 @@ static bool port_path(s32 port, char *out, size_t size)
 }
 
 // A pseudo-terminal takes 8N1 only and drops the other bits without a word, so a difference is no failure.
-static bool line_apply(int fd, const zof_host_line_t *line)
-{
+static bool line_apply(int fd, const zof_host_line_t *line) {
     struct termios2 t;
     if (ioctl(fd, TCGETS2, &t) != 0) {
         return false;
@@ -71,8 +68,7 @@ static bool line_apply(int fd, const zof_host_line_t *line)
 }
 
 // Opens, locks and sets the device; -1 with errno told through `why`.
-static int device_open(const char *path, const zof_host_line_t *line, const char **why)
-{
+static int device_open(const char *path, const zof_host_line_t *line, const char **why) {
     const int fd = open(path, O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0) {
         *why = errno == EACCES ? "no permission; is this user in the group that owns it (often dialout)?"
@@ -92,8 +88,7 @@ static int device_open(const char *path, const zof_host_line_t *line, const char
     return -1;
 }
 
-static void line_release(zof_host_serial_t *s)
-{
+static void line_release(zof_host_serial_t *s) {
     if (s->users.fetch_sub(1) != 1) {
         return;
     }
@@ -106,8 +101,7 @@ static void line_release(zof_host_serial_t *s)
     delete s;
 }
 
-zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line)
-{
+zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
     auto *s = new (std::nothrow) zof_host_serial_t{};
     if (!s) {
         return nullptr;
@@ -129,13 +123,12 @@ zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line)
         line_release(s);
         return nullptr;
     }
-    zof_printf("serial port %d: %s at %u baud, %u%c%u", port, s->path, line->baud, line->data_bits,
-               "NOE"[line->parity], line->stop_bits);
+    zof_printf("serial port %d: %s at %u baud, %u%c%u", port, s->path, line->baud, line->data_bits, "NOE"[line->parity],
+               line -> stop_bits);
     return s;
 }
 
-s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line)
-{
+s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line) {
     std::lock_guard guard(s->lock);
     if (s->fd >= 0 && !line_apply(s->fd, line)) {
         zof_printf("serial line %s: cannot change it: %s", s->path, strerror(errno));
@@ -146,8 +139,7 @@ s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line)
     return 0;
 }
 
-static bool room_wait(const zof_host_serial_t *s, u64 deadline)
-{
+static bool room_wait(const zof_host_serial_t *s, u64 deadline) {
     const u64 now = host_monotonic_ms();
     pollfd p = {s->fd, POLLOUT, 0};
     return now < deadline && poll(&p, 1, (int)(deadline - now)) > 0 && (p.revents & POLLOUT);
@@ -155,8 +147,7 @@ static bool room_wait(const zof_host_serial_t *s, u64 deadline)
 
 // The caller holds the graphics lock, so a far end that does not read may cost SEND_WAIT_MS once and nothing after, and
 // one that reads drop by drop the same once in CHOKED_MS. Of a device that is gone the reader tells.
-s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size)
-{
+s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size) {
     std::lock_guard guard(s->lock);
     const u64 start = host_monotonic_ms();
     const bool patient = !s->choked && start >= s->patience;
@@ -187,14 +178,12 @@ s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size)
     return (s32)size;
 }
 
-static bool closing(zof_host_serial_t *s, int wait_ms)
-{
+static bool closing(zof_host_serial_t *s, int wait_ms) {
     pollfd p = {s->wake, POLLIN, 0};
     return poll(&p, 1, wait_ms) > 0;
 }
 
-static void device_lost(zof_host_serial_t *s)
-{
+static void device_lost(zof_host_serial_t *s) {
     int gone;
     {
         std::lock_guard guard(s->lock);
@@ -205,15 +194,13 @@ static void device_lost(zof_host_serial_t *s)
     zof_printf("serial line %s: the device is gone; waiting for it", s->path);
 }
 
-static zof_host_line_t line_now(zof_host_serial_t *s)
-{
+static zof_host_line_t line_now(zof_host_serial_t *s) {
     std::lock_guard guard(s->lock);
     return s->line;
 }
 
 // Blocks until the device is there again; false when the line is closed meanwhile.
-static bool device_wait(zof_host_serial_t *s)
-{
+static bool device_wait(zof_host_serial_t *s) {
     while (!closing(s, RETRY_MS)) {
         const char *why;
         const zof_host_line_t line = line_now(s);
@@ -233,8 +220,7 @@ static bool device_wait(zof_host_serial_t *s)
     return false;
 }
 
-static s32 line_read(zof_host_serial_t *s, u8 *buffer, u32 size)
-{
+static s32 line_read(zof_host_serial_t *s, u8 *buffer, u32 size) {
     for (;;) {
         if (s->fd < 0 && !device_wait(s)) { // only this thread changes fd once the line is open
             return 0;
@@ -259,16 +245,14 @@ static s32 line_read(zof_host_serial_t *s, u8 *buffer, u32 size)
     }
 }
 
-s32 zof_host_serial_receive(zof_host_serial_t *s, u8 *buffer, u32 size)
-{
+s32 zof_host_serial_receive(zof_host_serial_t *s, u8 *buffer, u32 size) {
     s->users++;
     const s32 n = line_read(s, buffer, size);
     line_release(s);
     return n;
 }
 
-void zof_host_serial_close(zof_host_serial_t *s)
-{
+void zof_host_serial_close(zof_host_serial_t *s) {
     if (!s) {
         return;
     }

@@ -40,23 +40,19 @@ static char key_buffer[KEY_BUFFER];
 static u8 key_down;
 
 // Runs on the thread that raises the event, so it only leaves a mark.
-static int quit_filter(void *, SDL_Event *event)
-{
-    if (event->type == SDL_QUIT ||
-        (event->type == SDL_WINDOWEVENT && event->window.event == SDL_WINDOWEVENT_CLOSE)) {
+static int quit_filter(void *, SDL_Event *event) {
+    if (event->type == SDL_QUIT || (event->type == SDL_WINDOWEVENT && event->window.event == SDL_WINDOWEVENT_CLOSE)) {
         sdl_quit_qry = 1;
     }
     return 1;
 }
 
-static bool memory_driver(const char *name)
-{
+static bool memory_driver(const char *name) {
     return name && (strcmp(name, "offscreen") == 0 || strcmp(name, "dummy") == 0);
 }
 
 // The display of the environment, else SDL's drivers that need none.
-static bool video_start()
-{
+static bool video_start() {
     const char *asked = SDL_getenv("SDL_VIDEODRIVER");
     if (SDL_Init(SDL_INIT_VIDEO) == 0) {
         if (memory_driver(SDL_GetCurrentVideoDriver()) && !memory_driver(asked)) {
@@ -79,16 +75,14 @@ static bool video_start()
 
 // SDL would hand our finished picture to OpenGL, which without a graphics card costs more than drawing it did. Other
 // drivers than these have no other way to show it.
-static void plain_framebuffer()
-{
+static void plain_framebuffer() {
     const char *driver = SDL_GetCurrentVideoDriver();
     if (memory_driver(driver) || (driver && strcmp(driver, "x11") == 0)) {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     }
 }
 
-static void zoom_choose()
-{
+static void zoom_choose() {
     s32 w = 0;
     s32 h = 0;
     zof_host_screen_size(&w, &h);
@@ -96,8 +90,7 @@ static void zoom_choose()
     zoom = unknown || (SDL_HOR_RES < w && SDL_VER_RES < h) ? 1.0f : 0.5f;
 }
 
-static s32 software_driver()
-{
+static s32 software_driver() {
     const int count = SDL_GetNumRenderDrivers();
     for (int i = 0; i < count; i++) {
         SDL_RendererInfo info;
@@ -108,8 +101,7 @@ static s32 software_driver()
     return -1;
 }
 
-static void window_drop()
-{
+static void window_drop() {
     if (monitor.texture) {
         SDL_DestroyTexture(monitor.texture);
     }
@@ -124,8 +116,7 @@ static void window_drop()
     monitor.window = nullptr;
 }
 
-static bool window_open()
-{
+static bool window_open() {
     zof_prj_facts_t facts = {};
     const char *title = zof_drv_up.prj_facts(&facts) == 0 && facts.title ? facts.title : "";
     monitor.window = SDL_CreateWindow(title, SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
@@ -144,8 +135,7 @@ static bool window_open()
     return true;
 }
 
-void sdl_init(void)
-{
+void sdl_init(void) {
     monitor.thread = SDL_ThreadID();
     const bool video = video_start();
     if (video) {
@@ -169,8 +159,7 @@ void sdl_init(void)
     lv_timer_create(sdl_event_handler, EVENT_PERIOD_MS, nullptr);
 }
 
-static void window_update()
-{
+static void window_update() {
     if (!monitor.texture || !monitor.tft_fb) {
         return;
     }
@@ -183,8 +172,7 @@ static void window_update()
     SDL_RenderPresent(monitor.renderer);
 }
 
-void sdl_display_flush(lv_disp_drv_t *drv, const lv_area_t *area, lv_color_t *pixels)
-{
+void sdl_display_flush(lv_disp_drv_t *drv, const lv_area_t *area, lv_color_t *pixels) {
     const bool outside = area->x2 < 0 || area->y2 < 0 || area->x1 >= SDL_HOR_RES || area->y1 >= SDL_VER_RES;
     if (outside || !monitor.tft_fb) {
         lv_disp_flush_ready(drv);
@@ -206,8 +194,7 @@ void sdl_display_flush(lv_disp_drv_t *drv, const lv_area_t *area, lv_color_t *pi
     lv_disp_flush_ready(drv);
 }
 
-static void bright_apply()
-{
+static void bright_apply() {
     const u8 level = bright_wanted;
     if (level == bright_shown) {
         return;
@@ -220,43 +207,36 @@ static void bright_apply()
     }
 }
 
-void zof_win_set_dis_bright(u8 level)
-{
+void zof_win_set_dis_bright(u8 level) {
     bright_wanted = (u8)(level * 255 / 100);
     if (SDL_ThreadID() == monitor.thread) {
         bright_apply();
     }
 }
 
-u8 sdl_bright_get(void)
-{
+u8 sdl_bright_get(void) {
     return bright_shown;
 }
 
-static void pointer_at(float x, float y)
-{
+static void pointer_at(float x, float y) {
     last_x = (s16)LV_CLAMP(-32768.0f, x, 32767.0f);
     last_y = (s16)LV_CLAMP(-32768.0f, y, 32767.0f);
 }
 
-static void mouse_at(s32 x, s32 y)
-{
+static void mouse_at(s32 x, s32 y) {
     pointer_at((float)x / zoom, (float)y / zoom);
 }
 
-static void finger_at(const SDL_TouchFingerEvent *finger)
-{
+static void finger_at(const SDL_TouchFingerEvent *finger) {
     pointer_at((float)SDL_HOR_RES * finger->x / zoom, (float)SDL_VER_RES * finger->y / zoom);
 }
 
-static void press()
-{
+static void press() {
     left_button_down = 1;
     press_unread = 1;
 }
 
-static void button_event(const SDL_MouseButtonEvent *button)
-{
+static void button_event(const SDL_MouseButtonEvent *button) {
     const bool down = button->type == SDL_MOUSEBUTTONDOWN;
     if (button->button == SDL_BUTTON_LEFT) {
         if (down) {
@@ -271,8 +251,7 @@ static void button_event(const SDL_MouseButtonEvent *button)
 }
 
 // Any event of the window lifts the finger, so that a drag out of it does not stick.
-static void window_event(const SDL_WindowEvent *window)
-{
+static void window_event(const SDL_WindowEvent *window) {
     left_button_down = 0;
     press_unread = 0;
     if (window->event == SDL_WINDOWEVENT_EXPOSED || window->event == SDL_WINDOWEVENT_TAKE_FOCUS) {
@@ -280,16 +259,14 @@ static void window_event(const SDL_WindowEvent *window)
     }
 }
 
-static void text_event(const char *text)
-{
+static void text_event(const char *text) {
     const size_t used = strlen(key_buffer);
     if (used + strlen(text) < sizeof(key_buffer)) {
         strcpy(key_buffer + used, text);
     }
 }
 
-static void event_take(const SDL_Event *event)
-{
+static void event_take(const SDL_Event *event) {
     switch (event->type) {
     case SDL_MOUSEMOTION:
         mouse_at(event->motion.x, event->motion.y);
@@ -327,8 +304,7 @@ static void event_take(const SDL_Event *event)
     }
 }
 
-void sdl_event_handler(lv_timer_t *)
-{
+void sdl_event_handler(lv_timer_t *) {
     SDL_Event event;
     while (SDL_PollEvent(&event)) {
         event_take(&event);
@@ -341,24 +317,21 @@ void sdl_event_handler(lv_timer_t *)
     }
 }
 
-void sdl_mouse_read(lv_indev_drv_t *, lv_indev_data_t *data)
-{
+void sdl_mouse_read(lv_indev_drv_t *, lv_indev_data_t *data) {
     data->point.x = last_x;
     data->point.y = last_y;
     data->state = left_button_down || press_unread ? LV_INDEV_STATE_PRESSED : LV_INDEV_STATE_RELEASED;
     press_unread = 0;
 }
 
-void sdl_mousewheel_read(lv_indev_drv_t *, lv_indev_data_t *data)
-{
+void sdl_mousewheel_read(lv_indev_drv_t *, lv_indev_data_t *data) {
     data->state = wheel_state ? LV_INDEV_STATE_PRESSED : LV_INDEV_STATE_RELEASED;
     data->enc_diff = wheel_diff;
     wheel_diff = 0;
 }
 
 // Each character is a press, and at the next read its release; the bytes of one character go together.
-void sdl_keyboard_read(lv_indev_drv_t *, lv_indev_data_t *data)
-{
+void sdl_keyboard_read(lv_indev_drv_t *, lv_indev_data_t *data) {
     if (key_down) {
         key_down = 0;
         data->state = LV_INDEV_STATE_RELEASED;
@@ -374,8 +347,7 @@ void sdl_keyboard_read(lv_indev_drv_t *, lv_indev_data_t *data)
     data->continue_reading = key_down || key_buffer[0];
 }
 
-const u32 *sdl_frame_get(s32 *width, s32 *height)
-{
+const u32 *sdl_frame_get(s32 *width, s32 *height) {
     if (width) {
         *width = SDL_HOR_RES;
     }
@@ -385,8 +357,7 @@ const u32 *sdl_frame_get(s32 *width, s32 *height)
     return monitor.tft_fb;
 }
 
-void sdl_pointer_inject(s32 x, s32 y, zof_bool pressed)
-{
+void sdl_pointer_inject(s32 x, s32 y, zof_bool pressed) {
     static bool injected_down;
     const bool down = pressed != ZOF_FALSE;
     SDL_Event event = {};

@@ -2,8 +2,7 @@
 #include "drv/zof_drv_aid.h"
 #include "port/zof_port.h"
 
-void win_aid_init(void)
-{
+void win_aid_init(void) {
     static constexpr zof_drv_aid_ops_t ops = {.pointer = sdl_pointer_inject, .shot = zof_shot_png};
     drv_aid_t = &ops;
 }

@@ -10,8 +10,7 @@ s32 SDL_VER_RES = 272;
 
 static zof_disp_t win_disp_t;
 
-void win_disp_get_wh(s32 *w, s32 *h)
-{
+void win_disp_get_wh(s32 *w, s32 *h) {
     if (!w || !h) {
         return;
     }
@@ -21,28 +20,24 @@ void win_disp_get_wh(s32 *w, s32 *h)
     *h = usable ? facts.height : SDL_VER_RES;
 }
 
-static s32 win_disp_get_scn_size(zof_disp_t *disp)
-{
+static s32 win_disp_get_scn_size(zof_disp_t *disp) {
     disp->scn_w = (u32)SDL_HOR_RES;
     disp->scn_h = (u32)SDL_VER_RES;
     return 0;
 }
 
-static s32 win_disp_set_bright(u8 level)
-{
+static s32 win_disp_set_bright(u8 level) {
     zof_win_set_dis_bright(level);
     return 0;
 }
 
 // Our touch hook runs after the mouse and before the widgets.
-static void win_pointer_read(lv_indev_drv_t *drv, lv_indev_data_t *data)
-{
+static void win_pointer_read(lv_indev_drv_t *drv, lv_indev_data_t *data) {
     sdl_mouse_read(drv, data);
     zof_touch_event(data);
 }
 
-static void register_display()
-{
+static void register_display() {
     static lv_disp_draw_buf_t draw_buf;
     static lv_disp_drv_t drv;
     const size_t pixels = (size_t)SDL_HOR_RES * (size_t)SDL_VER_RES;
@@ -63,8 +58,7 @@ static void register_display()
     lv_disp_set_bg_opa(disp, LV_OPA_COVER);
 }
 
-static void register_touch()
-{
+static void register_touch() {
     static lv_indev_drv_t drv;
     lv_indev_drv_init(&drv);
     drv.type = LV_INDEV_TYPE_POINTER;
@@ -72,8 +66,7 @@ static void register_touch()
     touch_indev = lv_indev_drv_register(&drv);
 }
 
-void win_disp_init(void)
-{
+void win_disp_init(void) {
     win_disp_get_wh(&SDL_HOR_RES, &SDL_VER_RES);
     win_disp_t.set_bright = win_disp_set_bright;
     win_disp_t.get_scn_size = win_disp_get_scn_size;

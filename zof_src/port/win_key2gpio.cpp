@@ -28,7 +28,8 @@ static int win_key_list_compare(void *data, void *key) {
     if (!node || !search) {
         return -1;
     }
-    const bool same = search->by_key ? node->key == search->key : node->port == search->port && node->pin == search->pin;
+    const bool same =
+        search->by_key ? node->key == search->key : node->port == search->port && node->pin == search->pin;
     return same ? 0 : -1;
 }
 

@@ -19,89 +19,73 @@ struct zof_dir {
     zof_host_dir_t *host;
 };
 
-zof_mutex_t zof_mutex_create(void)
-{
+zof_mutex_t zof_mutex_create(void) {
     return SDL_CreateMutex(); // SDL's are recursive
 }
 
-void zof_mutex_destory(zof_mutex_t m)
-{
+void zof_mutex_destory(zof_mutex_t m) {
     SDL_DestroyMutex((SDL_mutex *)m);
 }
 
-s32 zof_mutex_lock(zof_mutex_t m)
-{
+s32 zof_mutex_lock(zof_mutex_t m) {
     return SDL_LockMutex((SDL_mutex *)m);
 }
 
-s32 zof_mutex_unlock(zof_mutex_t m)
-{
+s32 zof_mutex_unlock(zof_mutex_t m) {
     return SDL_UnlockMutex((SDL_mutex *)m);
 }
 
-zof_sem_t zof_sem_create(u32 initial)
-{
+zof_sem_t zof_sem_create(u32 initial) {
     return SDL_CreateSemaphore(initial);
 }
 
-s32 zof_sem_take(zof_sem_t sem, u32 ms)
-{
+s32 zof_sem_take(zof_sem_t sem, u32 ms) {
     return ms == 0 ? SDL_SemWait((SDL_sem *)sem) : SDL_SemWaitTimeout((SDL_sem *)sem, ms);
 }
 
-s32 zof_sem_trytake(zof_sem_t sem)
-{
+s32 zof_sem_trytake(zof_sem_t sem) {
     return SDL_SemTryWait((SDL_sem *)sem);
 }
 
-s32 zof_sem_release(zof_sem_t sem)
-{
+s32 zof_sem_release(zof_sem_t sem) {
     return SDL_SemPost((SDL_sem *)sem);
 }
 
-s32 zof_sem_get_value(zof_sem_t sem)
-{
+s32 zof_sem_get_value(zof_sem_t sem) {
     return (s32)SDL_SemValue((SDL_sem *)sem);
 }
 
-s32 zof_sem_delete(zof_sem_t sem)
-{
+s32 zof_sem_delete(zof_sem_t sem) {
     SDL_DestroySemaphore((SDL_sem *)sem);
     return 0;
 }
 
-void zof_delay(u32 ms)
-{
+void zof_delay(u32 ms) {
     zof_host_delay_ms(ms);
 }
 
-u32 zof_sys_time_ms(void)
-{
+u32 zof_sys_time_ms(void) {
     return zof_host_time_ms();
 }
 
-s32 zof_reboot(void)
-{
+s32 zof_reboot(void) {
     zof_printf("windows app reboot\n");
     return -1;
 }
 
-const char *zof_system_get_name(void)
-{
+const char *zof_system_get_name(void) {
     return "windows";
 }
 
 // Not monotonic, on purpose: the reader of a serial line (1) runs high, all others low.
-static SDL_ThreadPriority sdl_priority(s32 prio)
-{
+static SDL_ThreadPriority sdl_priority(s32 prio) {
     if (prio <= 1) {
         return SDL_THREAD_PRIORITY_HIGH;
     }
     return prio <= 6 ? SDL_THREAD_PRIORITY_LOW : SDL_THREAD_PRIORITY_NORMAL;
 }
 
-static int sdl_thread_public_fun(void *arg)
-{
+static int sdl_thread_public_fun(void *arg) {
     auto *t = (zof_thread_t *)arg;
     SDL_SetThreadPriority(sdl_priority(t->prio));
     // Once the flag is up the creator may release the record.
@@ -112,8 +96,7 @@ static int sdl_thread_public_fun(void *arg)
     return 0;
 }
 
-zof_thread_t *zof_thread_create(const char *name, void (*fn)(void *arg), void *arg, u32 stack, s32 prio)
-{
+zof_thread_t *zof_thread_create(const char *name, void (*fn)(void *arg), void *arg, u32 stack, s32 prio) {
     (void)stack; // the desktop's own size is ample
     auto *t = fn ? (zof_thread_t *)zof_malloc(sizeof(zof_thread_t)) : nullptr;
     if (!t) {
@@ -133,16 +116,14 @@ zof_thread_t *zof_thread_create(const char *name, void (*fn)(void *arg), void *a
     return t;
 }
 
-void zof_thread_del(zof_thread_t *t)
-{
+void zof_thread_del(zof_thread_t *t) {
     if (t) {
         SDL_DetachThread(t->handle);
         zof_free(t);
     }
 }
 
-zof_dir_t *zof_opendir(const char *path)
-{
+zof_dir_t *zof_opendir(const char *path) {
     zof_host_dir_t *host = zof_host_dir_open(path);
     auto *dir = host ? (zof_dir_t *)zof_malloc(sizeof(zof_dir_t)) : nullptr;
     if (!dir) {
@@ -153,8 +134,7 @@ zof_dir_t *zof_opendir(const char *path)
     return dir;
 }
 
-const zof_dirent_t *zof_readdir(zof_dir_t *dir)
-{
+const zof_dirent_t *zof_readdir(zof_dir_t *dir) {
     static zof_dirent_t entry; // one record for all: only one walk at a time
     zof_host_dirent_t found;
     if (!dir || zof_host_dir_read(dir->host, &found) != 0) {
@@ -164,41 +144,34 @@ const zof_dirent_t *zof_readdir(zof_dir_t *dir)
     return &entry;
 }
 
-void zof_closedir(zof_dir_t *dir)
-{
+void zof_closedir(zof_dir_t *dir) {
     if (dir) {
         zof_host_dir_close(dir->host);
         zof_free(dir);
     }
 }
 
-s32 zof_mkdir(const char *path)
-{
+s32 zof_mkdir(const char *path) {
     return path ? zof_host_mkdir(path) : -1;
 }
 
-s32 zof_rename(const char *from, const char *to)
-{
+s32 zof_rename(const char *from, const char *to) {
     return from && to ? zof_host_rename(from, to) : -1;
 }
 
-s64 zof_file_size(const char *path)
-{
+s64 zof_file_size(const char *path) {
     return path ? zof_host_file_size(path) : -1;
 }
 
-s32 zof_ram_get_img_free(void)
-{
+s32 zof_ram_get_img_free(void) {
     return -1; // no image memory is counted on the desktop
 }
 
-s32 zof_ram_get_img_check(void)
-{
+s32 zof_ram_get_img_check(void) {
     return 1;
 }
 
-s32 zof_drv_get_wh_max_value(u32 *w, u32 *h)
-{
+s32 zof_drv_get_wh_max_value(u32 *w, u32 *h) {
     if (!w || !h) {
         return -1;
     }

@@ -11,26 +11,23 @@ struct win_uart {
 
 enum { BAUD_MAX = 10000000 };
 
-static constexpr u32 speeds[] = {2400,   4800,   9600,   19200,  38400,  57600,   115200, 230400,
+static constexpr u32 speeds[] = {2400,   4800,   9600,   19200,  38400,   57600,   115200, 230400,
                                  460800, 500000, 576000, 921600, 1000000, 1152000, 1500000};
 static_assert(sizeof(speeds) / sizeof(speeds[0]) == UART_SPEED_COUNT);
 
 // Numbers above the enumeration are literal rates. False for settings that no line has.
-static bool line_settings(const zof_uart_cfg_t *cfg, zof_host_line_t *line)
-{
+static bool line_settings(const zof_uart_cfg_t *cfg, zof_host_line_t *line) {
     const u32 baud = cfg->speed_e < UART_SPEED_COUNT ? speeds[cfg->speed_e] : cfg->speed_e;
     if (baud > BAUD_MAX || cfg->bit_e > UART_BIT_8 || cfg->parity_e > UART_PARITY_EVEN || cfg->stop_e > UART_STOP_2) {
         zof_printf("serial port %d: settings speed=%u,bit=%u,parity=%u,stop=%u are out of range", cfg->port,
                    cfg->speed_e, cfg->bit_e, cfg->parity_e, cfg->stop_e);
         return false;
     }
-    *line = {baud, (u8)(cfg->bit_e == UART_BIT_7 ? 7 : 8), (u8)cfg->parity_e,
-             (u8)(cfg->stop_e == UART_STOP_2 ? 2 : 1)};
+    *line = {baud, (u8)(cfg->bit_e == UART_BIT_7 ? 7 : 8), (u8)cfg->parity_e, (u8)(cfg->stop_e == UART_STOP_2 ? 2 : 1)};
     return true;
 }
 
-static zof_drv_t *win_uart_open(zof_uart_cfg_t *cfg)
-{
+static zof_drv_t *win_uart_open(zof_uart_cfg_t *cfg) {
     zof_host_line_t line;
     if (!line_settings(cfg, &line)) {
         return nullptr;
@@ -47,31 +44,26 @@ static zof_drv_t *win_uart_open(zof_uart_cfg_t *cfg)
     return &uart->drv;
 }
 
-static s32 win_uart_set_cfg(zof_drv_t *handle, const zof_uart_cfg_t *cfg)
-{
+static s32 win_uart_set_cfg(zof_drv_t *handle, const zof_uart_cfg_t *cfg) {
     zof_host_line_t line;
     return line_settings(cfg, &line) ? zof_host_serial_set(((win_uart *)handle)->line, &line) : -1;
 }
 
-static s32 win_uart_send(zof_drv_t *handle, const u8 *data, u32 size)
-{
+static s32 win_uart_send(zof_drv_t *handle, const u8 *data, u32 size) {
     return zof_host_serial_send(((win_uart *)handle)->line, data, size);
 }
 
-static s32 win_uart_receive(zof_drv_t *handle, u8 *buffer, u32 size)
-{
+static s32 win_uart_receive(zof_drv_t *handle, u8 *buffer, u32 size) {
     return zof_host_serial_receive(((win_uart *)handle)->line, buffer, size);
 }
 
-static s32 win_uart_close(zof_drv_t *handle)
-{
+static s32 win_uart_close(zof_drv_t *handle) {
     zof_host_serial_close(((win_uart *)handle)->line);
     zof_free(handle);
     return 0;
 }
 
-void win_uart_init(void)
-{
+void win_uart_init(void) {
     static constexpr zof_drv_uart_ops_t ops = {
         .open = win_uart_open,
         .set_cfg = win_uart_set_cfg,

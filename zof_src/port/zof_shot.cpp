@@ -8,8 +8,7 @@
 extern "C" unsigned lodepng_encode24(unsigned char **out, size_t *outsize, const unsigned char *image, unsigned w,
                                      unsigned h);
 
-static s32 file_write(const char *path, const u8 *data, size_t size)
-{
+static s32 file_write(const char *path, const u8 *data, size_t size) {
     FILE *f = fopen(path, "wb");
     const bool written = f && fwrite(data, 1, size, f) == size;
     if (f && fclose(f) == 0 && written) {
@@ -19,8 +18,7 @@ static s32 file_write(const char *path, const u8 *data, size_t size)
     return -1;
 }
 
-s32 zof_shot_png_write(const char *path, const u32 *pixels, s32 width, s32 height)
-{
+s32 zof_shot_png_write(const char *path, const u32 *pixels, s32 width, s32 height) {
     if (!path || !pixels || width <= 0 || height <= 0) {
         return -1;
     }
@@ -43,8 +41,7 @@ s32 zof_shot_png_write(const char *path, const u32 *pixels, s32 width, s32 heigh
     return result;
 }
 
-s32 zof_shot_png(const char *path)
-{
+s32 zof_shot_png(const char *path) {
     s32 width = 0;
     s32 height = 0;
     const u32 *pixels = sdl_frame_get(&width, &height);

@@ -16,11 +16,9 @@ enum { TABLE_CHUNK = 256 };
 struct font_file {
     lv_fs_file_t fs;
     bool open;
-    explicit font_file(const char *path) : open(path && lv_fs_open(&fs, path, LV_FS_MODE_RD) == LV_FS_RES_OK)
-    {
+    explicit font_file(const char *path) : open(path && lv_fs_open(&fs, path, LV_FS_MODE_RD) == LV_FS_RES_OK) {
     }
-    ~font_file()
-    {
+    ~font_file() {
         if (open) {
             lv_fs_close(&fs);
         }
@@ -30,21 +28,18 @@ struct font_file {
 };
 
 // Bytes that were read.
-static u32 read_at(font_file *file, u32 offset, u32 size, void *out)
-{
+static u32 read_at(font_file *file, u32 offset, u32 size, void *out) {
     u32 got = 0;
     const bool read = file->open && lv_fs_seek(&file->fs, offset, LV_FS_SEEK_SET) == LV_FS_RES_OK &&
                       lv_fs_read(&file->fs, out, size, &got) == LV_FS_RES_OK;
     return read ? got : 0;
 }
 
-static bool read_all(font_file *file, u32 offset, u32 size, void *out)
-{
+static bool read_all(font_file *file, u32 offset, u32 size, void *out) {
     return read_at(file, offset, size, out) == size;
 }
 
-s32 _font_getdata(const char *path, u32 offset, u32 size, void *out)
-{
+s32 _font_getdata(const char *path, u32 offset, u32 size, void *out) {
     if (out) {
         font_file file(path);
         read_at(&file, offset, size, out);
@@ -52,19 +47,16 @@ s32 _font_getdata(const char *path, u32 offset, u32 size, void *out)
     return 0;
 }
 
-s32 zof_get_f_header(const char *path, void *out)
-{
+s32 zof_get_f_header(const char *path, void *out) {
     return _font_getdata(path, 0, sizeof(zof_font_header_t), out);
 }
 
-s32 zof_get_glyph_dsc(const char *path, u32 offset, void *out)
-{
+s32 zof_get_glyph_dsc(const char *path, u32 offset, void *out) {
     return _font_getdata(path, offset, sizeof(zof_glyph_dsc_t), out);
 }
 
 // The place of a code in the table; `count` when it is not there, so that the word behind the offsets is taken.
-static bool code_index(font_file *file, u32 count, u32 code, u32 *index)
-{
+static bool code_index(font_file *file, u32 count, u32 code, u32 *index) {
     u16 chunk[TABLE_CHUNK];
     for (u32 first = 0; first < count; first += TABLE_CHUNK) {
         const u32 n = LV_MIN(count - first, (u32)TABLE_CHUNK);
@@ -82,14 +74,12 @@ static bool code_index(font_file *file, u32 count, u32 code, u32 *index)
     return true;
 }
 
-static u32 bitmap_bytes(const zof_binfont_t *font, const zof_glyph_dsc_t *glyph)
-{
+static u32 bitmap_bytes(const zof_binfont_t *font, const zof_glyph_dsc_t *glyph) {
     return (u32)glyph->box_w * glyph->box_h * font->header.bpp / 8;
 }
 
 // Finds the record of a code and the place of its bitmap.
-static bool glyph_find(const zof_binfont_t *font, font_file *file, u32 code, zof_glyph_dsc_t *glyph, u32 *bitmap)
-{
+static bool glyph_find(const zof_binfont_t *font, font_file *file, u32 code, zof_glyph_dsc_t *glyph, u32 *bitmap) {
     const u32 tables = sizeof(zof_font_header_t);
     u16 count = 0;
     u32 index = 0;
@@ -104,14 +94,12 @@ static bool glyph_find(const zof_binfont_t *font, font_file *file, u32 code, zof
     return true;
 }
 
-static zof_binfont_t *binfont_for(const lv_font_t *font, u32 code)
-{
+static zof_binfont_t *binfont_for(const lv_font_t *font, u32 code) {
     auto *bin = font ? (zof_binfont_t *)font->user_data : nullptr;
     return bin && code >= bin->header.code_min && code <= bin->header.code_max ? bin : nullptr;
 }
 
-bool zof_font_get_glyph_dsc(const lv_font_t *font, lv_font_glyph_dsc_t *dsc, u32 code, u32)
-{
+bool zof_font_get_glyph_dsc(const lv_font_t *font, lv_font_glyph_dsc_t *dsc, u32 code, u32) {
     const zof_binfont_t *bin = binfont_for(font, code);
     if (!bin || !dsc) {
         return false;
@@ -137,8 +125,7 @@ bool zof_font_get_glyph_dsc(const lv_font_t *font, lv_font_glyph_dsc_t *dsc, u32
     return true;
 }
 
-const u8 *zof_font_get_bitmap(const lv_font_t *font, u32 code)
-{
+const u8 *zof_font_get_bitmap(const lv_font_t *font, u32 code) {
     const zof_binfont_t *bin = binfont_for(font, code);
     if (!bin) {
         return nullptr;
@@ -158,8 +145,7 @@ const u8 *zof_font_get_bitmap(const lv_font_t *font, u32 code)
     return bin->bitmap;
 }
 
-static void binfont_free(zof_binfont_t *bin)
-{
+static void binfont_free(zof_binfont_t *bin) {
     if (bin) {
         zof_free(bin->bitmap);
         zof_res_path_free(bin->path);
@@ -167,8 +153,7 @@ static void binfont_free(zof_binfont_t *bin)
     }
 }
 
-zof_binfont_t *zof_font_creat(const char *path)
-{
+zof_binfont_t *zof_font_creat(const char *path) {
     zof_font_header_t header;
     font_file file(path);
     if (!read_all(&file, 0, sizeof(header), &header) || header.bpp == 0) {
@@ -188,8 +173,7 @@ zof_binfont_t *zof_font_creat(const char *path)
     return bin;
 }
 
-s32 zof_binfont_create(lv_font_t *font, const char *path)
-{
+s32 zof_binfont_create(lv_font_t *font, const char *path) {
     zof_binfont_t *bin = font ? zof_font_creat(path) : nullptr;
     if (!bin) {
         return -1;
@@ -202,8 +186,7 @@ s32 zof_binfont_create(lv_font_t *font, const char *path)
     return 0;
 }
 
-s32 zof_binfont_delete(lv_font_t *font)
-{
+s32 zof_binfont_delete(lv_font_t *font) {
     if (!font) {
         return -1;
     }

@@ -10,14 +10,12 @@
 // Above the last size a glyph's bitmap alone would take megabytes; no panel has room for one.
 enum { FONT_SIZE_DEFAULT = 16, FONT_SIZE_MAX = 2000 };
 
-static db_list *font_list()
-{
+static db_list *font_list() {
     const zof_prj_t *prj = zof_prj_get_cur();
     return prj ? prj->font_list : nullptr;
 }
 
-static db_list *list_with(int (*compare)(void *data, void *key))
-{
+static db_list *list_with(int (*compare)(void *data, void *key)) {
     db_list *list = db_list_create();
     if (list) {
         list->compare = compare;
@@ -25,28 +23,23 @@ static db_list *list_with(int (*compare)(void *data, void *key))
     return list;
 }
 
-s32 zof_font_list_search_compare(void *data, void *key)
-{
+s32 zof_font_list_search_compare(void *data, void *key) {
     return data && key ? strcmp(((zof_font_t *)data)->name, (const char *)key) : -1;
 }
 
-s32 zof_fontsize_list_search_compare(void *data, void *key)
-{
+s32 zof_fontsize_list_search_compare(void *data, void *key) {
     return data && key && ((zof_fontsize_t *)data)->size == *(const u32 *)key ? 0 : -1;
 }
 
-db_list *zof_font_list_create(void)
-{
+db_list *zof_font_list_create(void) {
     return list_with(zof_font_list_search_compare);
 }
 
-db_list *zof_fontsize_list_create(void)
-{
+db_list *zof_fontsize_list_create(void) {
     return list_with(zof_fontsize_list_search_compare);
 }
 
-static void font_entry_free(zof_font_t *entry)
-{
+static void font_entry_free(zof_font_t *entry) {
     if (!entry) {
         return;
     }
@@ -60,8 +53,7 @@ static void font_entry_free(zof_font_t *entry)
     zof_free(entry);
 }
 
-s32 zof_font_list_add(const char *name)
-{
+s32 zof_font_list_add(const char *name) {
     db_list *list = font_list();
     auto *entry = name && list ? (zof_font_t *)zof_malloc(sizeof(zof_font_t)) : nullptr;
     if (!entry) {
@@ -76,14 +68,12 @@ s32 zof_font_list_add(const char *name)
     return 0;
 }
 
-zof_font_t *zof_font_list_get(const char *name)
-{
+zof_font_t *zof_font_list_get(const char *name) {
     db_list *list = font_list();
     return name && list ? (zof_font_t *)__db_list_search_node(list, (void *)name) : nullptr;
 }
 
-s32 zof_font_list_pop(const char *name)
-{
+s32 zof_font_list_pop(const char *name) {
     db_list *list = font_list();
     if (name && list) {
         font_entry_free((zof_font_t *)__db_list_search_and_pop(list, (void *)name));
@@ -91,8 +81,7 @@ s32 zof_font_list_pop(const char *name)
     return 0;
 }
 
-zof_fontsize_t *zof_fontsize_list_add(db_list *list, u32 size, lv_font_t *font)
-{
+zof_fontsize_t *zof_fontsize_list_add(db_list *list, u32 size, lv_font_t *font) {
     auto *entry = list ? (zof_fontsize_t *)zof_malloc(sizeof(zof_fontsize_t)) : nullptr;
     if (!entry) {
         return nullptr;
@@ -105,13 +94,11 @@ zof_fontsize_t *zof_fontsize_list_add(db_list *list, u32 size, lv_font_t *font)
     return entry;
 }
 
-zof_fontsize_t *zof_fontsize_list_get(db_list *list, u32 size)
-{
+zof_fontsize_t *zof_fontsize_list_get(db_list *list, u32 size) {
     return list ? (zof_fontsize_t *)__db_list_search_node(list, &size) : nullptr;
 }
 
-s32 zof_fontsize_list_pop(db_list *list, u32 size)
-{
+s32 zof_fontsize_list_pop(db_list *list, u32 size) {
     if (!list) {
         return 0;
     }
@@ -119,8 +106,7 @@ s32 zof_fontsize_list_pop(db_list *list, u32 size)
     return -1;
 }
 
-s32 zof_lvfont_delete(lv_font_t *font)
-{
+s32 zof_lvfont_delete(lv_font_t *font) {
     if (!font) {
         return -1;
     }
@@ -131,8 +117,7 @@ s32 zof_lvfont_delete(lv_font_t *font)
     return zof_binfont_delete(font);
 }
 
-static void font_free(lv_font_t *font)
-{
+static void font_free(lv_font_t *font) {
     const bool own_block = font && !font->dsc;
     zof_lvfont_delete(font);
     if (own_block) {
@@ -140,8 +125,7 @@ static void font_free(lv_font_t *font)
     }
 }
 
-s32 zof_fontsize_del(zof_fontsize_t *entry)
-{
+s32 zof_fontsize_del(zof_fontsize_t *entry) {
     if (!entry) {
         return -1;
     }
@@ -150,8 +134,7 @@ s32 zof_fontsize_del(zof_fontsize_t *entry)
     return 0;
 }
 
-static lv_font_t *ttf_create(const char *path, u32 size)
-{
+static lv_font_t *ttf_create(const char *path, u32 size) {
     lv_ft_info_t info = {};
     info.name = path;
     info.weight = (u16)size;
@@ -163,19 +146,16 @@ static lv_font_t *ttf_create(const char *path, u32 size)
 }
 
 // What draws nothing: a glyph without extent rather than a missing one, for which LVGL draws a box.
-static bool no_glyph_dsc(const lv_font_t *, lv_font_glyph_dsc_t *dsc, u32, u32)
-{
+static bool no_glyph_dsc(const lv_font_t *, lv_font_glyph_dsc_t *dsc, u32, u32) {
     *dsc = {};
     return true;
 }
 
-static const u8 *no_glyph_bitmap(const lv_font_t *, u32)
-{
+static const u8 *no_glyph_bitmap(const lv_font_t *, u32) {
     return nullptr;
 }
 
-static lv_font_t *bin_create(const char *path, const char *name)
-{
+static lv_font_t *bin_create(const char *path, const char *name) {
     auto *font = (lv_font_t *)zof_malloc(sizeof(lv_font_t));
     if (!font || (IsBinFile(name) && zof_binfont_create(font, path) == 0)) {
         return font;
@@ -187,8 +167,7 @@ static lv_font_t *bin_create(const char *path, const char *name)
     return font;
 }
 
-static lv_font_t *font_open(const char *path, const char *name, u32 size)
-{
+static lv_font_t *font_open(const char *path, const char *name, u32 size) {
     if (!IsTTFFile(name) || !FileExist(path)) {
         return bin_create(path, name);
     }
@@ -200,8 +179,7 @@ static lv_font_t *font_open(const char *path, const char *name, u32 size)
 }
 
 // The entry of a file that is there; made when it is the first of its name.
-static zof_font_t *font_entry(const char *path, const char *name)
-{
+static zof_font_t *font_entry(const char *path, const char *name) {
     zof_font_t *entry = zof_font_list_get(name);
     if (entry || !FileExist(path)) {
         return entry;
@@ -210,8 +188,7 @@ static zof_font_t *font_entry(const char *path, const char *name)
     return zof_font_list_get(name);
 }
 
-lv_font_t *zof_font_create_lvfont(const char *name, u32 size)
-{
+lv_font_t *zof_font_create_lvfont(const char *name, u32 size) {
     if (!name || !name[0]) {
         return nullptr;
     }
@@ -234,8 +211,7 @@ lv_font_t *zof_font_create_lvfont(const char *name, u32 size)
     return sized->font;
 }
 
-void zof_font_delete(const char *name, u32 size)
-{
+void zof_font_delete(const char *name, u32 size) {
     zof_font_t *entry = zof_font_list_get(name);
     zof_fontsize_t *sized = entry ? zof_fontsize_list_get(entry->sizes, size) : nullptr;
     if (!sized) {

@@ -1,5 +1,5 @@
-// Screen transitions. LVGL's own have other numbers, no path and no zoom, and an interrupted one of theirs keeps the old
-// screen drawn and the input off for ever; here whatever ends a transition brings everything to its end state.
+// Screen transitions. LVGL's own have other numbers, no path and no zoom, and an interrupted one of theirs keeps the
+// old screen drawn and the input off for ever; here whatever ends a transition brings everything to its end state.
 #include <initializer_list>
 
 #include "project/zof_view.h"
@@ -59,8 +59,7 @@ static struct {
     lv_point_t pivot;
 } tr;
 
-lv_anim_path_cb_t zof_anim_path_get(u32 path)
-{
+lv_anim_path_cb_t zof_anim_path_get(u32 path) {
     static constexpr lv_anim_path_cb_t paths[] = {
         nullptr,
         lv_anim_path_linear,
@@ -75,15 +74,13 @@ lv_anim_path_cb_t zof_anim_path_get(u32 path)
     return path < ZOF_ANIM_PATH_COUNT ? paths[path] : nullptr;
 }
 
-static scr_saved scr_save(lv_obj_t *obj)
-{
+static scr_saved scr_save(lv_obj_t *obj) {
     scr_saved saved = {obj, false, {}};
     saved.has_opa = lv_obj_get_local_style_prop(obj, LV_STYLE_OPA, &saved.opa, LV_PART_MAIN) == LV_RES_OK;
     return saved;
 }
 
-static void scr_restore(const scr_saved *saved)
-{
+static void scr_restore(const scr_saved *saved) {
     lv_obj_t *obj = saved->obj;
     lv_obj_set_pos(obj, 0, 0);
     if (saved->has_opa) {
@@ -97,25 +94,21 @@ static void scr_restore(const scr_saved *saved)
     lv_obj_update_layout(obj); // a screen that is not shown is not laid out by itself
 }
 
-static void move_x(void *obj, s32 v)
-{
+static void move_x(void *obj, s32 v) {
     lv_obj_set_x((lv_obj_t *)obj, v);
 }
 
-static void move_y(void *obj, s32 v)
-{
+static void move_y(void *obj, s32 v) {
     lv_obj_set_y((lv_obj_t *)obj, v);
 }
 
 // Paths that overshoot leave the range for a moment.
-static void fade(void *obj, s32 v)
-{
+static void fade(void *obj, s32 v) {
     lv_obj_set_style_opa((lv_obj_t *)obj, (lv_opa_t)LV_CLAMP(LV_OPA_TRANSP, v, LV_OPA_COVER), LV_PART_MAIN);
 }
 
 // Outside of an input event no device is the active one; the finger that was there last is meant all the same.
-static void pivot_find()
-{
+static void pivot_find() {
     if (tr.pivot_known) {
         return;
     }
@@ -127,16 +120,14 @@ static void pivot_find()
     }
 }
 
-static void zoom(void *obj, s32 v)
-{
+static void zoom(void *obj, s32 v) {
     pivot_find();
     lv_obj_set_style_transform_pivot_x((lv_obj_t *)obj, tr.pivot.x, LV_PART_MAIN);
     lv_obj_set_style_transform_pivot_y((lv_obj_t *)obj, tr.pivot.y, LV_PART_MAIN);
     lv_obj_set_style_transform_zoom((lv_obj_t *)obj, (s16)LV_CLAMP(1, v, 1024), LV_PART_MAIN);
 }
 
-static s32 side_value(lv_disp_t *disp, scr_move move, s8 at)
-{
+static s32 side_value(lv_disp_t *disp, scr_move move, s8 at) {
     switch (move) {
     case MOVE_X:
         return at * lv_disp_get_hor_res(disp);
@@ -151,8 +142,7 @@ static s32 side_value(lv_disp_t *disp, scr_move move, s8 at)
     }
 }
 
-static lv_anim_t side_anim(lv_disp_t *disp, lv_obj_t *obj, const scr_side *side)
-{
+static lv_anim_t side_anim(lv_disp_t *disp, lv_obj_t *obj, const scr_side *side) {
     static constexpr lv_anim_exec_xcb_t exec[] = {nullptr, move_x, move_y, fade, zoom};
     lv_anim_t a;
     lv_anim_init(&a);
@@ -162,8 +152,7 @@ static lv_anim_t side_anim(lv_disp_t *disp, lv_obj_t *obj, const scr_side *side)
     return a;
 }
 
-static void load_now(lv_disp_t *disp, lv_obj_t *scr)
-{
+static void load_now(lv_disp_t *disp, lv_obj_t *scr) {
     lv_obj_t *old = disp->act_scr;
     lv_event_send(old, LV_EVENT_SCREEN_UNLOAD_START, nullptr);
     lv_event_send(scr, LV_EVENT_SCREEN_LOAD_START, nullptr);
@@ -173,8 +162,7 @@ static void load_now(lv_disp_t *disp, lv_obj_t *scr)
     lv_event_send(old, LV_EVENT_SCREEN_UNLOADED, nullptr);
 }
 
-static void tr_start(lv_anim_t *)
-{
+static void tr_start(lv_anim_t *) {
     lv_disp_t *disp = lv_obj_get_disp(tr.in.obj);
     tr.started = true;
     disp->prev_scr = tr.out.obj;
@@ -189,8 +177,7 @@ static void tr_start(lv_anim_t *)
 
 // The incoming screen's animation has gone, at its end or because something else came. The state is settled before the
 // events, as their receivers may start the next transition.
-static void tr_end(lv_anim_t *)
-{
+static void tr_end(lv_anim_t *) {
     if (!tr.active) {
         return;
     }
@@ -214,16 +201,14 @@ static void tr_end(lv_anim_t *)
     lv_event_send(done.out.obj, LV_EVENT_SCREEN_UNLOADED, nullptr);
 }
 
-static void tr_cut_short()
-{
+static void tr_cut_short() {
     if (tr.active) {
         lv_anim_del(tr.out.obj, nullptr);
         lv_anim_del(tr.in.obj, nullptr); // ends in tr_end
     }
 }
 
-static void tr_begin(lv_disp_t *disp, lv_obj_t *scr, const scr_row *row)
-{
+static void tr_begin(lv_disp_t *disp, lv_obj_t *scr, const scr_row *row) {
     tr = {};
     tr.active = true;
     tr.row = row;
@@ -233,8 +218,7 @@ static void tr_begin(lv_disp_t *disp, lv_obj_t *scr, const scr_row *row)
     disp->del_prev = false;
 }
 
-void zof_scr_load_anim(lv_obj_t *scr, u32 transition, u32 time, u32 delay, lv_anim_path_cb_t path)
-{
+void zof_scr_load_anim(lv_obj_t *scr, u32 transition, u32 time, u32 delay, lv_anim_path_cb_t path) {
     lv_disp_t *disp = scr ? lv_obj_get_disp(scr) : nullptr;
     if (!disp || !path) {
         return;

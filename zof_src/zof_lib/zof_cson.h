@@ -52,16 +52,18 @@ typedef struct reflect_item {
 } reflect_item_t;
 
 // One row of a table: the record's type, the field, which is also the key. All but one row of the project are nullable.
-#define CSON_SCALAR(T, field, code) {#field, offsetof(T, field), sizeof(((T *)0)->field), code, 0, 0, 0, CSON_NULLABLE}
+#define CSON_SCALAR(T, field, code) \
+    { #field, offsetof(T, field), sizeof(((T *)0)->field), code, 0, 0, 0, CSON_NULLABLE }
 #define CSON_INT(T, field) CSON_SCALAR(T, field, CSON_INTEGER)
 #define CSON_BOOL(T, field) CSON_SCALAR(T, field, CSON_TRUE)
 #define CSON_TEXT(T, field) CSON_SCALAR(T, field, CSON_STRING)
 #define CSON_DOUBLE(T, field) CSON_SCALAR(T, field, CSON_REAL)
 #define CSON_OBJ(T, field, tbl) \
-    {#field, offsetof(T, field), sizeof(((T *)0)->field), CSON_OBJECT, tbl, 0, 0, CSON_NULLABLE}
+    { #field, offsetof(T, field), sizeof(((T *)0)->field), CSON_OBJECT, tbl, 0, 0, CSON_NULLABLE }
 #define CSON_ARR(T, field, tbl, item, count) \
-    {#field, offsetof(T, field), sizeof(((T *)0)->field), CSON_ARRAY, tbl, item, count, CSON_NULLABLE}
-#define CSON_END {0, 0, 0, 0, 0, 0, 0, 0}
+    { #field, offsetof(T, field), sizeof(((T *)0)->field), CSON_ARRAY, tbl, item, count, CSON_NULLABLE }
+#define CSON_END \
+    { 0, 0, 0, 0, 0, 0, 0, 0 }
 
 // Element tables of arrays whose elements are bare values. Their keys begin with "0", which no field's name does.
 extern const reflect_item_t boolReflectTbl[];

@@ -12,70 +12,59 @@ u8 g_v4_bright = 100, g_v4_boot, g_v4_autoarm;
 
 enum { TEXT_SIZE = 16 };
 
-static para_t *view1(u32 id)
-{
+static para_t *view1(u32 id) {
     return zof_ctrl_get_form_id(ZOF_VIEW1_ID, id);
 }
 
-static bool view4_shown()
-{
+static bool view4_shown() {
     return zof_view_get_cur_id(ZOF_LAYER_UI) == ZOF_VIEW4_ID;
 }
 
-static void live_mv(u16 mv)
-{
+static void live_mv(u16 mv) {
     char text[TEXT_SIZE];
     snprintf(text, sizeof(text), "%u.%02u", mv / 1000u, mv % 1000u / 10);
     zof_label_set_txt(view1(VIEW1_LABEL0_ID), text);
     zof_arc_set_value(view1(VIEW1_ARC0_ID), (s16)(mv / 100));
 }
 
-static void live_ma(u16 ma)
-{
+static void live_ma(u16 ma) {
     char text[TEXT_SIZE];
     snprintf(text, sizeof(text), "%u.%03u A", ma / 1000u, ma % 1000u);
     zof_label_set_txt(view1(VIEW1_LABEL2_ID), text);
 }
 
-static void live_dw(u16 dw)
-{
+static void live_dw(u16 dw) {
     char text[TEXT_SIZE];
     snprintf(text, sizeof(text), "%u.%u W", dw / 10u, dw % 10u);
     zof_label_set_txt(view1(VIEW1_LABEL4_ID), text);
 }
 
-static void wh_paint()
-{
+static void wh_paint() {
     char text[TEXT_SIZE];
     snprintf(text, sizeof(text), "%u.%03u", g_sess_mWh / 1000, g_sess_mWh % 1000);
     zof_label_set_txt(view1(VIEW1_LABEL3_ID), text);
 }
 
-static void energy_low(u16 value)
-{
+static void energy_low(u16 value) {
     g_sess_mWh = (g_sess_mWh & 0xFFFF0000u) | value;
     wh_paint();
 }
 
-static void energy_high(u16 value)
-{
+static void energy_high(u16 value) {
     g_sess_mWh = (g_sess_mWh & 0xFFFFu) | (u32)value << 16;
     wh_paint();
 }
 
-static void out_state(u16 value)
-{
+static void out_state(u16 value) {
     g_out_on = (u8)value;
     view1_set_output_btn(g_out_on);
 }
 
-static void rail_active(u16 value)
-{
+static void rail_active(u16 value) {
     g_applied = value < RAIL_MAX ? (u8)value : (u8)RAIL_NONE;
 }
 
-static void bright(u16 value)
-{
+static void bright(u16 value) {
     g_v4_bright = (u8)(value <= 9 ? 10 : value > 100 ? 100 : value);
     bright_backlight(g_v4_bright);
     if (view4_shown()) {
@@ -84,16 +73,14 @@ static void bright(u16 value)
     }
 }
 
-static void boot_state(u16 value)
-{
+static void boot_state(u16 value) {
     g_v4_boot = (u8)value;
     if (view4_shown()) {
         boot_state_paint(g_v4_boot);
     }
 }
 
-static void auto_arm(u16 value)
-{
+static void auto_arm(u16 value) {
     g_v4_autoarm = (u8)value;
     if (view4_shown()) {
         zof_sw_set_state(zof_ctrl_get_form_id(ZOF_VIEW4_ID, VIEW4_SW0_ID), g_v4_autoarm);
@@ -118,8 +105,7 @@ static constexpr struct {
 };
 
 // The link passes one word at a time, so a whole row comes only from a caller that has it in hand.
-static bool whole_rail(u16 addr, const u16 *data, u8 datalen)
-{
+static bool whole_rail(u16 addr, const u16 *data, u8 datalen) {
     if (addr < REG_RAIL_BASE || addr >= REG_RAIL_BASE + 4 * RAIL_MAX || datalen < 4) {
         return false;
     }
@@ -127,8 +113,7 @@ static bool whole_rail(u16 addr, const u16 *data, u8 datalen)
     return true;
 }
 
-void zof_reg_set_user(u16 addr, u16 *data, u8 datalen)
-{
+void zof_reg_set_user(u16 addr, u16 *data, u8 datalen) {
     if (!data || whole_rail(addr, data, datalen)) {
         return;
     }

@@ -19,27 +19,23 @@ static constexpr struct {
 };
 static_assert(sizeof(texts) / sizeof(texts[0]) == TEXT_COUNT);
 
-const char *panel_text(panel_text_e id)
-{
+const char *panel_text(panel_text_e id) {
     const char *key = texts[id].key;
     return zof_lang_get_cur_str(key) == key ? texts[id].english : key;
 }
 
-const char *panel_words(panel_text_e id)
-{
+const char *panel_words(panel_text_e id) {
     return zof_lang_get_cur_str(panel_text(id));
 }
 
 // A language file is data: what it gives as a format must ask for two numbers and nothing else.
-static bool is_use_format(const char *text)
-{
+static bool is_use_format(const char *text) {
     const char *first = strstr(text, "%u");
     const char *second = first ? strstr(first + 2, "%02u") : nullptr;
     return second && charCount(text, '%') == 2;
 }
 
-void panel_use_text(char *out, size_t size, u16 mv)
-{
+void panel_use_text(char *out, size_t size, u16 mv) {
     const char *format = panel_words(TEXT_USE);
     if (!is_use_format(format)) {
         format = texts[TEXT_USE].english;

@@ -16,8 +16,7 @@ static u8 RX_HAND_BUF[RX_SIZE + 6 + 2 * WORDS_MAX];
 
 zof_drv_t *drv_uart;
 
-void zof_uart_init(void)
-{
+void zof_uart_init(void) {
     zof_lang_on_change(panel_lang_changed);
     zof_uart_cfg_t cfg = {
         .win_port = -1,
@@ -33,8 +32,7 @@ void zof_uart_init(void)
     }
 }
 
-s32 zof_reg_set(u16 addr, u16 data)
-{
+s32 zof_reg_set(u16 addr, u16 data) {
     if (addr > REG_MAX) {
         return -1;
     }
@@ -42,18 +40,17 @@ s32 zof_reg_set(u16 addr, u16 data)
     return 0;
 }
 
-s32 zof_reg_get(u16 addr)
-{
+s32 zof_reg_get(u16 addr) {
     return addr > REG_MAX ? -1 : ctrlreg[addr];
 }
 
-s32 zof_reg_com_send(u16 addr, u16 len)
-{
+s32 zof_reg_com_send(u16 addr, u16 len) {
     if (addr > REG_MAX) {
         return -1;
     }
     const u8 count = (u8)(len > REPORT_WORDS_MAX ? (u16)REPORT_WORDS_MAX : len); // what would not fit is cut
-    u8 frame[REPORT_SIZE] = {REG_HEAD0, REG_HEAD1, (u8)(2 * (count + 2)), REG_CMD_READ, (u8)(addr >> 8), (u8)addr, count};
+    u8 frame[REPORT_SIZE] = {REG_HEAD0, REG_HEAD1, (u8)(2 * (count + 2)), REG_CMD_READ, (u8)(addr >> 8),
+                             (u8)addr,  count};
     u32 size = 7;
     for (u32 k = 0; k < count; k++) {
         frame[size++] = (u8)(ctrlreg[addr + k] >> 8);
@@ -62,15 +59,13 @@ s32 zof_reg_com_send(u16 addr, u16 len)
     return zof_drv_uart_send(drv_uart, frame, size);
 }
 
-s32 zof_reg_report(u16 addr, u16 value)
-{
+s32 zof_reg_report(u16 addr, u16 value) {
     return zof_reg_set(addr, value) == 0 ? zof_reg_com_send(addr, 1) : -1;
 }
 
 // The handler gets the frame's base address for every word: a frame of several words runs the first register's handler
 // once for each, and only fills the others.
-static s32 zof_reg_s_set(u16 addr, const u8 *data, u8 len)
-{
+static s32 zof_reg_s_set(u16 addr, const u8 *data, u8 len) {
     if (addr > REG_MAX) {
         return -1;
     }
@@ -81,8 +76,7 @@ static s32 zof_reg_s_set(u16 addr, const u8 *data, u8 len)
     return 0;
 }
 
-s32 zof_comm_handle(u8 *data)
-{
+s32 zof_comm_handle(u8 *data) {
     if (!data) {
         return -1;
     }
@@ -101,8 +95,7 @@ s32 zof_comm_handle(u8 *data)
 
 // A frame that is not complete is walked over byte by byte, and only what is left behind the walk is kept: the driver
 // delivers whole bursts, so a frame cut later than its fifth byte is a broken one.
-void recive_data_handle(u8 *databuf, u32 datalen)
-{
+void recive_data_handle(u8 *databuf, u32 datalen) {
     static u16 last_data_num; // bytes kept from the last chunk
     if (!databuf) {
         return;

@@ -49,28 +49,23 @@ static struct {
     u8 enabled;
 } button = {TEXT_SELECT, 0, 0};
 
-static para_t *view2(u32 id)
-{
+static para_t *view2(u32 id) {
     return zof_ctrl_get_form_id(ZOF_VIEW2_ID, id);
 }
 
-static para_t *cell(u8 row, row_column_e column)
-{
+static para_t *cell(u8 row, row_column_e column) {
     return view2(ROW_ID[row][column]);
 }
 
-static bool is_ranged(const prof_t *p)
-{
+static bool is_ranged(const prof_t *p) {
     return p->vmin != p->vmax;
 }
 
-static bool is_adjustable(const prof_t *p)
-{
+static bool is_adjustable(const prof_t *p) {
     return is_ranged(p) && (p->type == RAIL_PPS || p->type == RAIL_AVS);
 }
 
-void show_row(u8 i, u8 vis)
-{
+void show_row(u8 i, u8 vis) {
     if (i >= RAIL_MAX) {
         return;
     }
@@ -79,8 +74,7 @@ void show_row(u8 i, u8 vis)
     }
 }
 
-void highlight_row(u8 i, u8 on)
-{
+void highlight_row(u8 i, u8 on) {
     if (i >= RAIL_MAX) {
         return;
     }
@@ -96,8 +90,7 @@ void highlight_row(u8 i, u8 on)
     zof_ctrl_set_hidden(box, on == 0);
 }
 
-void fill_row(u8 i, prof_t *p)
-{
+void fill_row(u8 i, prof_t *p) {
     if (i >= RAIL_MAX || !p) {
         return;
     }
@@ -122,16 +115,14 @@ void fill_row(u8 i, prof_t *p)
     show_row(i, 1);
 }
 
-void use_btn_set(u8 enabled, const char *txt)
-{
+void use_btn_set(u8 enabled, const char *txt) {
     para_t *use = view2(VIEW2_LABEL84_ID);
     zof_label_set_txt(use, txt);
     zof_ctrl_style_set_bg_color(use, enabled ? AMBER : DISABLED, 0);
     zof_label_set_txt_color(use, enabled ? AMBER_INK : DISABLED_INK);
 }
 
-static void button_paint()
-{
+static void button_paint() {
     char text[48];
     if (button.text == TEXT_USE) {
         panel_use_text(text, sizeof(text), button.mv);
@@ -141,14 +132,12 @@ static void button_paint()
     }
 }
 
-static void button_say(u8 enabled, panel_text_e text, u16 mv = 0)
-{
+static void button_say(u8 enabled, panel_text_e text, u16 mv = 0) {
     button = {text, mv, enabled};
     button_paint();
 }
 
-void adj_labels(u16 mv, u16 ma)
-{
+void adj_labels(u16 mv, u16 ma) {
     char text[16];
     snprintf(text, sizeof(text), "%u.%02u V", mv / 1000u, mv % 1000u / 10);
     zof_label_set_txt(view2(VIEW2_LABEL82_ID), text);
@@ -156,8 +145,7 @@ void adj_labels(u16 mv, u16 ma)
     zof_label_set_txt(view2(VIEW2_LABEL83_ID), text);
 }
 
-void adj_panel(u8 show)
-{
+void adj_panel(u8 show) {
     if (show != g_panel_up) {
         zof_ctrl_set_hidden(view2(VIEW2_CONTAINER1_ID), show == 0);
         g_panel_up = show;
@@ -165,8 +153,7 @@ void adj_panel(u8 show)
 }
 
 // An adjustable rail opens at its maximum, not at its last value.
-void update_adjust(u8 i)
-{
+void update_adjust(u8 i) {
     if (i >= RAIL_MAX) {
         return;
     }
@@ -185,16 +172,14 @@ void update_adjust(u8 i)
     }
 }
 
-static void deselect()
-{
+static void deselect() {
     if (g_sel != RAIL_NONE) {
         highlight_row(g_sel, 0);
     }
     g_sel = RAIL_NONE;
 }
 
-void select_row_by_bg(zof_ctrl_t *ctrl)
-{
+void select_row_by_bg(zof_ctrl_t *ctrl) {
     if (g_panel_up) { // while the panel is up a tap on any row only puts it away
         deselect();
         adj_panel(0);
@@ -212,8 +197,7 @@ void select_row_by_bg(zof_ctrl_t *ctrl)
     }
 }
 
-void view2_slider_changed(u8 which)
-{
+void view2_slider_changed(u8 which) {
     (void)which; // both are read, whichever moved
     const u16 mv = (u16)zof_slider_get_value(view2(VIEW2_SLIDER0_ID));
     const u16 ma = (u16)zof_slider_get_value(view2(VIEW2_SLIDER1_ID));
@@ -221,8 +205,7 @@ void view2_slider_changed(u8 which)
     button_say(1, TEXT_USE, mv);
 }
 
-void view2_use_apply(void)
-{
+void view2_use_apply(void) {
     if (g_sel == RAIL_NONE) {
         return;
     }
@@ -237,8 +220,7 @@ void view2_use_apply(void)
     zof_view_set_dis_view_anim(ZOF_VIEW1_ID, ZOF_SCR_LOAD_ANIM_MOVE_RIGHT, 250, 0, ZOF_ANIM_PATH_END_SLOW);
 }
 
-void view2_reset_panel(void)
-{
+void view2_reset_panel(void) {
     zof_label_set_txt(view2(VIEW2_LABEL82_ID), "0.00 V");
     zof_label_set_txt(view2(VIEW2_LABEL83_ID), "0.0 A");
     zof_ctrl_set_hidden(view2(VIEW2_CONTAINER1_ID), ZOF_TRUE);
@@ -251,9 +233,8 @@ void view2_reset_panel(void)
 }
 
 // The sliders count in signed 16 bits. Such a rail is shown all the same, and its slider said not to be trusted.
-static void check_slider(u8 i, const prof_t *p)
-{
-    const char *why = p->vmin > p->vmax    ? "its lowest voltage is above its highest"
+static void check_slider(u8 i, const prof_t *p) {
+    const char *why = p->vmin > p->vmax     ? "its lowest voltage is above its highest"
                       : p->vmax > INT16_MAX ? "its voltage is above 32767 mV"
                       : p->imax > INT16_MAX ? "its current is above 32767 mA"
                       : p->imax == 0        ? "its current limit is 0"
@@ -265,8 +246,7 @@ static void check_slider(u8 i, const prof_t *p)
 }
 
 // A board commits the same table again and again; a rail's line comes only with new numbers.
-static void read_rail(u8 i)
-{
+static void read_rail(u8 i) {
     const u16 base = (u16)(REG_RAIL_BASE + 4 * i);
     const prof_t old = g_prof[i];
     prof_t *p = &g_prof[i];
@@ -278,8 +258,7 @@ static void read_rail(u8 i)
 }
 
 // The board has written the table and commits it. `g_panel_up` stays: a panel that was up is put away by the next tap.
-void rail_commit(void)
-{
+void rail_commit(void) {
     const u8 count = (u8)zof_reg_get(REG_RAIL_COUNT);
     g_prof_n = count > RAIL_MAX ? (u8)RAIL_MAX : count;
     g_sel = RAIL_NONE;
@@ -307,8 +286,7 @@ void rail_commit(void)
 
 // Texts that the language's own sweep over the controls does not know: formatted ones, and all that was painted while
 // no language had them.
-void panel_lang_changed(void)
-{
+void panel_lang_changed(void) {
     view1_set_output_btn(g_out_on);
     for (u8 i = 0; i < g_prof_n; i++) {
         zof_label_set_txt(cell(i, COL_META), panel_text(is_ranged(&g_prof[i]) ? TEXT_ADJUSTABLE : TEXT_FIXED));

@@ -6,21 +6,18 @@
 #include "ui/view_wiring.h"
 #include "zof_main.h"
 
-static void to_rails_event(zof_ctrl_t *ctrl, zof_event_e event)
-{
+static void to_rails_event(zof_ctrl_t *ctrl, zof_event_e event) {
     link_event(ctrl, event, ZOF_VIEW2_ID, ZOF_SCR_LOAD_ANIM_MOVE_LEFT);
 }
 
-static void toggle_event(zof_ctrl_t *, zof_event_e event)
-{
+static void toggle_event(zof_ctrl_t *, zof_event_e event) {
     if (event == ZOF_EVENT_CLICKED) {
         view1_toggle_output();
     }
 }
 
 // The mark follows the finger; the reset comes at the click, which comes after the release.
-static void reset_event(zof_ctrl_t *, zof_event_e event)
-{
+static void reset_event(zof_ctrl_t *, zof_event_e event) {
     if (event == ZOF_EVENT_PRESSED) {
         view1_reset_press(1);
     } else if (event == ZOF_EVENT_RELEASED || event == ZOF_EVENT_PRESS_LOST) {
@@ -39,17 +36,14 @@ static constexpr auto view_ctrls_fun_t = view_rows<25>({
     {VIEW1_LABEL13_ID, reset_event},
 });
 
-void view1_init(void)
-{
+void view1_init(void) {
     zof_view_create(ZOF_VIEW1_ID, view_ctrls_fun_t.data(), view_ctrls_fun_t.size());
 }
 
-void view1_entry(void)
-{
+void view1_entry(void) {
     view1_sync_armed();
     view4_request_settings();
 }
 
-void view1_exit(void)
-{
+void view1_exit(void) {
 }

@@ -6,29 +6,25 @@
 #include "ui/view_wiring.h"
 #include "zof_main.h"
 
-static void row_event(zof_ctrl_t *ctrl, zof_event_e event)
-{
+static void row_event(zof_ctrl_t *ctrl, zof_event_e event) {
     if (event == ZOF_EVENT_CLICKED) {
         select_row_by_bg(ctrl);
     }
 }
 
-static void use_event(zof_ctrl_t *, zof_event_e event)
-{
+static void use_event(zof_ctrl_t *, zof_event_e event) {
     if (event == ZOF_EVENT_CLICKED) {
         view2_use_apply();
     }
 }
 
-template <u8 WHICH> static void slider_event(zof_ctrl_t *, zof_event_e event)
-{
+template <u8 WHICH> static void slider_event(zof_ctrl_t *, zof_event_e event) {
     if (event == ZOF_EVENT_VALUE_CHANGED) {
         view2_slider_changed(WHICH);
     }
 }
 
-static void to_output_event(zof_ctrl_t *ctrl, zof_event_e event)
-{
+static void to_output_event(zof_ctrl_t *ctrl, zof_event_e event) {
     link_event(ctrl, event, ZOF_VIEW1_ID, ZOF_SCR_LOAD_ANIM_MOVE_RIGHT);
 }
 
@@ -57,16 +53,13 @@ static constexpr auto view_ctrls_fun_t = view_rows<95>(
     },
     94); // there never was a control 94
 
-void view2_init(void)
-{
+void view2_init(void) {
     zof_view_create(ZOF_VIEW2_ID, view_ctrls_fun_t.data(), view_ctrls_fun_t.size());
 }
 
-void view2_entry(void)
-{
+void view2_entry(void) {
     view2_reset_panel();
 }
 
-void view2_exit(void)
-{
+void view2_exit(void) {
 }

@@ -12,15 +12,12 @@ static constexpr zof_ctrl_fun_t view_ctrls_fun_t[] = {
     {VIEW3_LABEL3_ID, tab_event<ZOF_VIEW4_ID>},
 };
 
-void view3_init(void)
-{
+void view3_init(void) {
     zof_view_create(ZOF_VIEW3_ID, view_ctrls_fun_t, 4);
 }
 
-void view3_entry(void)
-{
+void view3_entry(void) {
 }
 
-void view3_exit(void)
-{
+void view3_exit(void) {
 }

@@ -8,22 +8,19 @@
 
 enum { OPTION_CLICK_AREA = 12 };
 
-template <u8 LAST_USED> static void option_event(zof_ctrl_t *, zof_event_e event)
-{
+template <u8 LAST_USED> static void option_event(zof_ctrl_t *, zof_event_e event) {
     if (event == ZOF_EVENT_CLICKED) {
         view4_set_boot_state(LAST_USED);
     }
 }
 
-static void auto_arm_event(zof_ctrl_t *ctrl, zof_event_e event)
-{
+static void auto_arm_event(zof_ctrl_t *ctrl, zof_event_e event) {
     if (event == ZOF_EVENT_VALUE_CHANGED) {
         view4_set_autoarm((u8)zof_sw_get_state(ctrl));
     }
 }
 
-static void bright_event(zof_ctrl_t *ctrl, zof_event_e event)
-{
+static void bright_event(zof_ctrl_t *ctrl, zof_event_e event) {
     if (event == ZOF_EVENT_VALUE_CHANGED) {
         view4_set_bright((u8)zof_slider_get_value(ctrl));
     }
@@ -39,19 +36,16 @@ static constexpr auto view_ctrls_fun_t = view_rows<23>({
     {VIEW4_SLIDER0_ID, bright_event},
 });
 
-void view4_init(void)
-{
+void view4_init(void) {
     zof_view_create(ZOF_VIEW4_ID, view_ctrls_fun_t.data(), view_ctrls_fun_t.size());
 }
 
-void view4_entry(void)
-{
+void view4_entry(void) {
     view4_apply_settings();
     zof_ctrl_set_ext_click_area(zof_ctrl_get_form_id(ZOF_VIEW4_ID, VIEW4_LABEL8_ID), OPTION_CLICK_AREA);
     zof_ctrl_set_ext_click_area(zof_ctrl_get_form_id(ZOF_VIEW4_ID, VIEW4_LABEL9_ID), OPTION_CLICK_AREA);
     view4_request_settings();
 }
 
-void view4_exit(void)
-{
+void view4_exit(void) {
 }
