@@ -49,9 +49,39 @@ extern const u32 zof_sys_cmd_type_count;
 extern const zof_hmi_cmd_type_t zof_ui_cmd_types[];
 extern const u32 zof_ui_cmd_type_count;
 
-enum { ZOF_SYS_PARAM_COUNT = 10, ZOF_VIEW_PARAM_COUNT = 8 };
+// Rows of each table; the look-ups end there.
+enum {
+    ZOF_SYS_PARAM_COUNT = 10,
+    ZOF_VIEW_PARAM_COUNT = 8,
+    ZOF_CTRL_PUB_PARAM_COUNT = 14,
+    ZOF_CTRL_LABEL_PARAM_COUNT = 6,
+    ZOF_CTRL_BTN_PARAM_COUNT = 5,
+    ZOF_CTRL_IMG_PARAM_COUNT = 4,
+    ZOF_CTRL_IMGBTN_PARAM_COUNT = 5,
+    ZOF_CTRL_LINE_PARAM_COUNT = 1,
+    ZOF_CTRL_ARC_PARAM_COUNT = 6,
+    ZOF_CTRL_BAR_PARAM_COUNT = 3,
+    ZOF_CTRL_SLIDER_PARAM_COUNT = 3,
+    ZOF_CTRL_SW_PARAM_COUNT = 1,
+    ZOF_CTRL_CB_PARAM_COUNT = 3,
+    ZOF_CTRL_TILEVIEW_PARAM_COUNT = 2,
+    ZOF_CTRL_SPINBOX_PARAM_COUNT = 3
+};
 extern const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_view_params[ZOF_VIEW_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_pub_params[ZOF_CTRL_PUB_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_label_params[ZOF_CTRL_LABEL_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_btn_params[ZOF_CTRL_BTN_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_img_params[ZOF_CTRL_IMG_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_imgbtn_params[ZOF_CTRL_IMGBTN_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_line_params[ZOF_CTRL_LINE_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_arc_params[ZOF_CTRL_ARC_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_bar_params[ZOF_CTRL_BAR_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_slider_params[ZOF_CTRL_SLIDER_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_sw_params[ZOF_CTRL_SW_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_cb_params[ZOF_CTRL_CB_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_tileview_params[ZOF_CTRL_TILEVIEW_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_spinbox_params[ZOF_CTRL_SPINBOX_PARAM_COUNT];
 
 ZOF_C_END
 
