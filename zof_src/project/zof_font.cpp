@@ -178,11 +178,25 @@ static lv_font_t *font_open(const char *path, const char *name, u32 size) {
     return font;
 }
 
+// Styles of a view ask for the same file one after the other: what is missing is told once, not once a style.
+static void missing_tell(const char *path) {
+    static char told[128];
+    if (strncmp(told, path, sizeof(told) - 1) == 0) {
+        return;
+    }
+    strncpy(told, path, sizeof(told) - 1);
+    zof_printf("font %s: cannot be opened; the default font is used", path);
+}
+
 // The entry of a file that is there; made when it is the first of its name.
 static zof_font_t *font_entry(const char *path, const char *name) {
     zof_font_t *entry = zof_font_list_get(name);
-    if (entry || !FileExist(path)) {
+    if (entry) {
         return entry;
+    }
+    if (!FileExist(path)) {
+        missing_tell(path);
+        return nullptr;
     }
     zof_font_list_add(name);
     return zof_font_list_get(name);
