@@ -1,0 +1,146 @@
+// The page about project folders: it names every key, its example works, and its messages are the real ones.
+#include <fstream>
+#include <sstream>
+
+#include "project/zof_j2s.h"
+#include "view_project.h"
+
+static const std::string &page() {
+    static const std::string text = [] {
+        std::ifstream in(ZOF_SOURCE_DIR "/docs/project.md");
+        std::ostringstream out;
+        out << in.rdbuf();
+        return out.str();
+    }();
+    return text;
+}
+
+// From a heading to the next one of any depth; empty without such a heading.
+static std::string section(const std::string &heading) {
+    size_t at = page().find("\n### " + heading + "\n");
+    return at == std::string::npos ? "" : page().substr(at, page().find("\n#", at + 1) - at);
+}
+
+static void keys_check(const reflect_item_t *table, const std::string &text) {
+    for (; table->key; table++) {
+        CAPTURE(table->key);
+        if (table->table == zof_pub_attr_t_tbl || table->key[0] == '0') { // has its own section; bare elements of arrays
+            continue;
+        }
+        CHECK(contains(text, std::string("`") + table->key + "`"));
+        if (table->table) {
+            keys_check(table->table, text);
+        }
+    }
+}
+
+TEST_CASE("the page about projects names every key") {
+    REQUIRE(page() != "");
+    keys_check(zof_prj_attr_t_tbl, section("zofprj.g"));
+    keys_check(zof_hmi_attr_t_tbl, section("zofhmi.g"));
+    keys_check(zof_view_attr_t_tbl, section("view"));
+    keys_check(zof_pub_attr_t_tbl, section("pub_t"));
+    keys_check(zof_style_attr_t_tbl, section("styles"));
+    for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
+        const char *name = zof_ctrl_classes[type].name;
+        CAPTURE(name);
+        std::string own = section(name);
+        std::string unbuilt = section("Types that are not built yet");
+        CHECK((own != "") == (zof_ctrl_classes[type].create != nullptr));
+        CHECK(contains(own != "" ? own : unbuilt, own != "" ? "Type " + std::to_string(type)
+                                                             : "| " + std::to_string(type) + " | " + name + " |"));
+        // Line looks and cursors are described once.
+        keys_check(get_ctrl_struct_reflect(type), own + (own != "" ? section("line") : unbuilt + section("spinbox") +
+                                                                                         section("line")));
+    }
+}
+
+// The example's files, by their place in the project.
+static std::vector<std::pair<std::string, std::string>> example() {
+    std::vector<std::pair<std::string, std::string>> files;
+    const std::string fence = "```json ";
+    for (size_t at = page().find(fence); at != std::string::npos; at = page().find(fence, at + 1)) {
+        size_t name = at + fence.size();
+        size_t body = page().find('\n', name);
+        files.emplace_back(page().substr(name, body - name),
+                           page().substr(body + 1, page().find("```", body) - body - 1));
+    }
+    return files;
+}
+
+struct mistake_t {
+    const char *what;       // as in the page's table
+    const char *file;       // of the example
+    const char *from, *to;  // the text in it that is replaced; null: the file is not there
+};
+
+static const mistake_t mistakes[] = {
+    {"no project file", "config/project/zofprj.g", nullptr, nullptr},
+    {"a comma too few in the project file", "config/project/zofprj.g", "320,", "320"},
+    {"the start page is not in `views`", "config/project/zofprj.g", "\"start_page\": 1", "\"start_page\": 7"},
+    {"an entry of `views` without its file", "config/project/zofprj.g", ", \"pageName\": \"main.g\"", ""},
+    {"no view file of that name", "config/view/main.g", nullptr, nullptr},
+    {"a comma too few in the view file", "config/view/main.g", "\"v_name\": \"main\",", "\"v_name\": \"main\""},
+    {"`v_id` is not the view's id", "config/view/main.g", "\"v_id\": 1", "\"v_id\": 2"},
+    {"no `controls`", "config/view/main.g", "\"controls\"", "\"control\""},
+    {"a control type that does not exist", "config/view/main.g", "\"type\": 1", "\"type\": 31"},
+    {"a control type that is not built yet", "config/view/main.g", "\"type\": 1,", "\"type\": 16,"},
+    {"a control without `property`", "config/view/main.g", "\"property\"", "\"properties\""},
+    {"a control without `id`", "config/view/main.g", "\"id\": 1", "\"no\": 1"},
+    {"a control without `theme`", "config/view/main.g", "\"theme\": \"night\", ", ""},
+    {"a bar whose ends are equal", "config/view/main.g", "\"type\": 1,", "\"type\": 6,"},
+    {"a font that is not there", "config/view/main.g", "\"txt_t\": {", "\"txt_t\": {\"font_lib\": \"none.ttf\", "},
+    {"no file of the language", "config/languages/en.g", nullptr, nullptr},
+};
+
+// Starts the example in a folder of its own, as a program does; what was printed.
+static std::string example_run(const mistake_t *mistake) {
+    temp_project_t project;
+    for (auto [name, text] : example()) {
+        if (mistake && name == mistake->file && mistake->from) {
+            size_t at = text.find(mistake->from);
+            REQUIRE(at != std::string::npos);
+            text.replace(at, strlen(mistake->from), mistake->to);
+        }
+        project.write(name, text);
+        if (mistake && name == mistake->file && !mistake->from) {
+            std::filesystem::remove(project.path(name));
+        }
+    }
+    REQUIRE(chdir(project.top.c_str()) == 0);
+    static const zof_view_fun_t rows[] = {view_row<1>()};
+    return printed([&] {
+        zof_prj_set_cur(nullptr);
+        zof_drv_set_prj_path();
+        opened_projects.push_back(zof_prj_get_cur());
+        zof_prj_create(rows, 1);
+        screen_step(40);
+    });
+}
+
+TEST_CASE("the example of the page about projects works as it stands") {
+    REQUIRE(example().size() == 4);
+    screen_open(320, 240);
+    ctrl_funs = {{2, on_event}};
+    CHECK(example_run(nullptr) == "find work path , ././res/\n\n");
+    CHECK(std::string(zof_label_get_text(zof_ctrl_get_child(zof_ctrl_get_form_id(1, 2), 0))) == "One more");
+    screen_click(160, 160);
+    CHECK(contains(taken(events), " 2:7"));
+}
+
+TEST_CASE("the messages of the page about projects are the real ones") {
+    screen_open(320, 240);
+    for (const mistake_t &mistake : mistakes) {
+        std::string said = example_run(&mistake);
+        const std::string found = "find work path , ././res/\n";
+        said = said.rfind(found, 0) == 0 ? said.substr(found.size()) : said;
+        std::string row = std::string("| ") + mistake.what + " | ";
+        std::istringstream lines(said);
+        for (std::string line; std::getline(lines, line);) {
+            row += line.empty() ? "" : (row.back() == '`' ? "<br>`" : "`") + line + "`";
+        }
+        row += " |\n";
+        CAPTURE(row);
+        CHECK(contains(page(), row));
+    }
+}
