@@ -95,6 +95,19 @@ TEST_CASE("host link: a frame cut anywhere is joined with its rest, in both form
     silent(p);
 }
 
+TEST_CASE("host link: a false head with a large length swallows no more than the tail holds") {
+    panel p;
+    panel_up(p, "");
+    power_on(p);
+    pty_write(p.pty, {0x5A, 0xA5, 0xFF, 0xFF});
+    usleep(4 * GAP_MS * 1000);
+    pty_write(p.pty, get({0xB0, 0x01})); // taken for a part of it
+    usleep(4 * GAP_MS * 1000);
+    CHECK(!line_has_bytes(p));
+    pty_write(p.pty, bytes(300, 0));
+    silent(p);
+}
+
 TEST_CASE("host link: touches are reported as the flags ask, and those that wake the display as well") {
     panel p;
     panel_up(p, "", R"(, "hw_t": {"touch_t": {"th_en": 48}})");
@@ -177,8 +190,11 @@ static void drain(panel &p) {
 
 static bytes random_frame(std::mt19937 &random) {
     bytes payload = {0xB0};
-    if (random() % 4 == 0) {
+    const u32 kind = random() % 4;
+    if (kind == 0) {
         payload[0] = 0xB1;
+    } else if (kind == 1) { // of the label, or nearly
+        payload = {0xB2, (u8)(random() % 2 ? 0xF0 : 0x00), (u8)(random() % 15), 0, 1, 0, 5};
     } else if (random() % 8 == 0) {
         payload[0] = (u8)random();
     }

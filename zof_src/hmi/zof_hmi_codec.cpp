@@ -47,7 +47,8 @@ static constexpr zof_hmi_field_t u16u32[] = {U16(zof_hmi_u16u32_t, a), U32(zof_h
 static constexpr zof_hmi_field_t u8s16s16[] = {
     U8(zof_hmi_u8s16s16_t, a), S16(zof_hmi_u8s16s16_t, b), S16(zof_hmi_u8s16s16_t, c)};
 static constexpr zof_hmi_field_t u32u16u8u8[] = {
-    U32(zof_hmi_u32u16u8u8_t, a), U16(zof_hmi_u32u16u8u8_t, b), U8(zof_hmi_u32u16u8u8_t, c), U8(zof_hmi_u32u16u8u8_t, d)};
+    U32(zof_hmi_u32u16u8u8_t, a), U16(zof_hmi_u32u16u8u8_t, b), U8(zof_hmi_u32u16u8u8_t, c),
+    U8(zof_hmi_u32u16u8u8_t, d)};
 static constexpr zof_hmi_field_t u16u16u16u16[] = {
     U16(zof_hmi_u16u16u16u16_t, a), U16(zof_hmi_u16u16u16u16_t, b),
     U16(zof_hmi_u16u16u16u16_t, c), U16(zof_hmi_u16u16u16u16_t, d)};

@@ -44,7 +44,8 @@ static s32 spinbox_value_ctrl(void *type, void *, void *value, void *reply) {
 
 // clang-format off
 const zof_hmi_param_type_t zof_ctrl_line_params[ZOF_CTRL_LINE_PARAM_COUNT] = {
-    {.len = 1, .code = {0x00}, .name = "look", .help = "Colour 0xRRGGBB, width, opacity, and whether the ends are round.", .value_names = "rgb width opa rounded",
+    {.len = 1, .code = {0x00}, .name = "look",
+     .help = "Colour 0xRRGGBB, width, opacity, and whether the ends are round.", .value_names = "rgb width opa rounded",
      .value = &zof_hmi_param_u32u16u8u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = line_set_dis},
 };
 
@@ -53,47 +54,67 @@ const zof_hmi_param_type_t zof_ctrl_arc_params[ZOF_CTRL_ARC_PARAM_COUNT] = {
      .req_names = "part", .value_names = "rgb width opa rounded",
      .value = &zof_hmi_param_u32u16u8u8_t_tbl, .rw = &zof_hmi_s8_s8_rw_t_tbl, .set_fun = arc_set_dis},
     {.len = 1, .code = {0x01}, .name = "knob_color", .help = "Colour of the knob, 0xRRGGBB.", .value_names = "rgb",
-     .value = &zof_hmi_one_u32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = hmi_set<u32, ZOF_CTRL_ARC, zof_arc_set_knob>},
+     .value = &zof_hmi_one_u32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .set_fun = hmi_set<u32, ZOF_CTRL_ARC, zof_arc_set_knob>},
     {.len = 1, .code = {0x02}, .name = "range", .help = "The values of both ends.", .value_names = "min max",
-     .value = &zof_hmi_param_s16s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = hmi_set_pair<s16, ZOF_CTRL_ARC, zof_arc_set_value_range>},
+     .value = &zof_hmi_param_s16s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .set_fun = hmi_set_pair<s16, ZOF_CTRL_ARC, zof_arc_set_value_range>},
     {.len = 1, .code = {0x03}, .name = "value", .help = "The value, kept within the range.", .value_names = "value",
-     .value = &zof_hmi_one_s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = hmi_get<s16, ZOF_CTRL_ARC, zof_arc_get_value>, .set_fun = hmi_set<s16, ZOF_CTRL_ARC, zof_arc_set_value>},
+     .value = &zof_hmi_one_s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .get_fun = hmi_get<s16, ZOF_CTRL_ARC, zof_arc_get_value>,
+     .set_fun = hmi_set<s16, ZOF_CTRL_ARC, zof_arc_set_value>},
     {.len = 1, .code = {0x04}, .name = "rotation", .help = "Turns the whole arc, in degrees.", .value_names = "degrees",
-     .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = hmi_set<u16, ZOF_CTRL_ARC, zof_arc_set_rotation>},
-    {.len = 1, .code = {0x05}, .name = "angles", .help = "Angles of both ends, clockwise from the right, in degrees.", .value_names = "start end",
-     .value = &zof_hmi_param_u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = hmi_set_pair<u16, ZOF_CTRL_ARC, zof_arc_set_angles>},
+     .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .set_fun = hmi_set<u16, ZOF_CTRL_ARC, zof_arc_set_rotation>},
+    {.len = 1, .code = {0x05}, .name = "angles", .help = "Angles of both ends, clockwise from the right, in degrees.",
+     .value_names = "start end",
+     .value = &zof_hmi_param_u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .set_fun = hmi_set_pair<u16, ZOF_CTRL_ARC, zof_arc_set_angles>},
 };
 
 const zof_hmi_param_type_t zof_ctrl_bar_params[ZOF_CTRL_BAR_PARAM_COUNT] = {
     {.len = 1, .code = {0x00}, .name = "color", .help = "Colour of the indicator, 0xRRGGBB.", .value_names = "rgb",
-     .value = &zof_hmi_one_u32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = hmi_set<u32, ZOF_CTRL_BAR, zof_bar_set_bar_color>},
+     .value = &zof_hmi_one_u32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .set_fun = hmi_set<u32, ZOF_CTRL_BAR, zof_bar_set_bar_color>},
     {.len = 1, .code = {0x01}, .name = "value", .help = "The value, kept within the range.", .value_names = "value",
-     .value = &zof_hmi_one_s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = hmi_get<s16, ZOF_CTRL_BAR, zof_bar_get_value>, .set_fun = hmi_set<s16, ZOF_CTRL_BAR, zof_bar_set_value>},
+     .value = &zof_hmi_one_s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .get_fun = hmi_get<s16, ZOF_CTRL_BAR, zof_bar_get_value>,
+     .set_fun = hmi_set<s16, ZOF_CTRL_BAR, zof_bar_set_value>},
     {.len = 1, .code = {0x02}, .name = "range", .help = "The values of both ends.", .value_names = "min max",
-     .value = &zof_hmi_param_s16s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = hmi_set_pair<s16, ZOF_CTRL_BAR, zof_bar_set_range>},
+     .value = &zof_hmi_param_s16s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .set_fun = hmi_set_pair<s16, ZOF_CTRL_BAR, zof_bar_set_range>},
 };
 
 const zof_hmi_param_type_t zof_ctrl_slider_params[ZOF_CTRL_SLIDER_PARAM_COUNT] = {
     {.len = 1, .code = {0x00}, .name = "color", .help = "Colour of the indicator, 0xRRGGBB.", .value_names = "rgb",
-     .value = &zof_hmi_one_u32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = hmi_set<u32, ZOF_CTRL_SLIDER, zof_slider_set_bar_color>},
+     .value = &zof_hmi_one_u32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .set_fun = hmi_set<u32, ZOF_CTRL_SLIDER, zof_slider_set_bar_color>},
     {.len = 1, .code = {0x01}, .name = "value", .help = "The value, kept within the range.", .value_names = "value",
-     .value = &zof_hmi_one_s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = hmi_get<s16, ZOF_CTRL_SLIDER, zof_slider_get_value>, .set_fun = hmi_set<s16, ZOF_CTRL_SLIDER, zof_slider_set_value>},
+     .value = &zof_hmi_one_s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .get_fun = hmi_get<s16, ZOF_CTRL_SLIDER, zof_slider_get_value>,
+     .set_fun = hmi_set<s16, ZOF_CTRL_SLIDER, zof_slider_set_value>},
     {.len = 1, .code = {0x02}, .name = "range", .help = "The values of both ends.", .value_names = "min max",
-     .value = &zof_hmi_param_s16s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = hmi_set_pair<s16, ZOF_CTRL_SLIDER, zof_slider_set_range>},
+     .value = &zof_hmi_param_s16s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .set_fun = hmi_set_pair<s16, ZOF_CTRL_SLIDER, zof_slider_set_range>},
 };
 
 // Both rows bear one code: hosts know that a read of it is silent, so the second row is never reached and stays.
 const zof_hmi_param_type_t zof_ctrl_tileview_params[ZOF_CTRL_TILEVIEW_PARAM_COUNT] = {
-    {.len = 1, .code = {0x00}, .name = "tile", .help = "Goes to a tile, at once (0) or in an animation (1).", .value_names = "animate row column",
+    {.len = 1, .code = {0x00}, .name = "tile", .help = "Goes to a tile, at once (0) or in an animation (1).",
+     .value_names = "animate row column",
      .value = &zof_hmi_param_u8u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = tileview_set_tile_id},
-    {.len = 1, .code = {0x00}, .name = "tile_read", .help = "Cannot be reached: the code is that of the row in front.", .value_names = "row column",
+    {.len = 1, .code = {0x00}, .name = "tile_read", .help = "Cannot be reached: the code is that of the row in front.",
+     .value_names = "row column",
      .value = &zof_hmi_param_u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = tileview_get_tile_id},
 };
 
 const zof_hmi_param_type_t zof_ctrl_spinbox_params[ZOF_CTRL_SPINBOX_PARAM_COUNT] = {
     {.len = 1, .code = {0x00}, .name = "value", .help = "The value, without its decimal point.", .value_names = "value",
-     .value = &zof_hmi_one_s32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = hmi_get<s32, ZOF_CTRL_SPINBOX, zof_spinbox_get_value>, .set_fun = hmi_set<s32, ZOF_CTRL_SPINBOX, zof_spinbox_set_value>},
-    {.len = 1, .code = {0x01}, .name = "step", .help = "Chooses the digit to change: 0 the one before, 1 the next.", .value_names = "which",
+     .value = &zof_hmi_one_s32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .get_fun = hmi_get<s32, ZOF_CTRL_SPINBOX, zof_spinbox_get_value>,
+     .set_fun = hmi_set<s32, ZOF_CTRL_SPINBOX, zof_spinbox_set_value>},
+    {.len = 1, .code = {0x01}, .name = "step", .help = "Chooses the digit to change: 0 the one before, 1 the next.",
+     .value_names = "which",
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = spinbox_step},
     {.len = 1, .code = {0x02}, .name = "count", .help = "Counts by one step: 0 down, 1 up.", .value_names = "which",
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = spinbox_value_ctrl},
