@@ -2,11 +2,11 @@
 #ifndef ZOF_H
 #define ZOF_H
 
-#include "zof_lib/zof_type.h"
 #include "zof_lib/dblist/db_list.h"
 #include "zof_lib/zof_cson.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_task.h"
+#include "zof_lib/zof_type.h"
 #include "zof_lib/zof_util.h"
 
 #include "drv/zof_drv.h"
@@ -41,6 +41,11 @@
 #include "func/zof_func.h"
 #include "func/zof_func_stdby.h"
 #include "hmi/zof_hmi.h"
+#include "hmi/zof_hmi_analys.h"
+#include "hmi/zof_hmi_cmd.h"
+#include "hmi/zof_hmi_codec.h"
+#include "hmi/zof_hmi_frame.h"
+#include "hmi/zof_hmi_sync.h"
 #include "hmi/zof_hmi_tone.h"
 
 #include "zof_start.h"

@@ -24,7 +24,8 @@ static std::string section(const std::string &heading) {
 static void keys_check(const reflect_item_t *table, const std::string &text) {
     for (; table->key; table++) {
         CAPTURE(table->key);
-        if (table->table == zof_pub_attr_t_tbl || table->key[0] == '0') { // has its own section; bare elements of arrays
+        if (table->table == zof_pub_attr_t_tbl ||
+            table->key[0] == '0') { // has its own section; bare elements of arrays
             continue;
         }
         CHECK(contains(text, std::string("`") + table->key + "`"));
@@ -47,11 +48,11 @@ TEST_CASE("the page about projects names every key") {
         std::string own = section(name);
         std::string unbuilt = section("Types that are not built yet");
         CHECK((own != "") == (zof_ctrl_classes[type].create != nullptr));
-        CHECK(contains(own != "" ? own : unbuilt, own != "" ? "Type " + std::to_string(type)
-                                                             : "| " + std::to_string(type) + " | " + name + " |"));
+        CHECK(contains(own != "" ? own : unbuilt,
+                       own != "" ? "Type " + std::to_string(type) : "| " + std::to_string(type) + " | " + name + " |"));
         // Line looks and cursors are described once.
-        keys_check(get_ctrl_struct_reflect(type), own + (own != "" ? section("line") : unbuilt + section("spinbox") +
-                                                                                         section("line")));
+        keys_check(get_ctrl_struct_reflect(type),
+                   own + (own != "" ? section("line") : unbuilt + section("spinbox") + section("line")));
     }
 }
 
@@ -69,9 +70,9 @@ static std::vector<std::pair<std::string, std::string>> example() {
 }
 
 struct mistake_t {
-    const char *what;       // as in the page's table
-    const char *file;       // of the example
-    const char *from, *to;  // the text in it that is replaced; null: the file is not there
+    const char *what;      // as in the page's table
+    const char *file;      // of the example
+    const char *from, *to; // the text in it that is replaced; null: the file is not there
 };
 
 static const mistake_t mistakes[] = {

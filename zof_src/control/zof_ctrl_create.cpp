@@ -47,8 +47,8 @@ const zof_ctrl_class_t zof_ctrl_classes[] = {
 };
 static_assert(sizeof(zof_ctrl_classes) / sizeof(zof_ctrl_classes[0]) == ZOF_CTRL_TYPE_COUNT);
 
-// One view is built at a time. During its walk layouts are kept to single objects, and each object takes its styles over
-// once, when it is complete, and not at each of its properties.
+// One view is built at a time. During its walk layouts are kept to single objects, and each object takes its styles
+// over once, when it is complete, and not at each of its properties.
 static bool walking;
 
 void zof_obj_layout(lv_obj_t *obj) {

@@ -19,7 +19,8 @@ void zof_hmi_tone_mult_on(u8 count, u16 pause, u16 tone);
 // Plays the project's touch tone if its flags say so: for raw touches (1) or controls (0), at release (1) or press (0).
 void zof_hmi_touch_tone(u8 touch, u8 release);
 
-// Counts taps on empty ground (1) towards the calibration of a resistive panel; a tap on a control (0) breaks the count.
+// Counts taps on empty ground (1) towards the calibration of a resistive panel; a tap on a control (0) breaks the
+// count.
 void zof_hmi_touch_rtp_cal_check(u8 touch);
 
 ZOF_C_END

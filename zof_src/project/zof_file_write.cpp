@@ -6,8 +6,7 @@
 #include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
-s32 zof_file_write(const char *path, const void *data, size_t size)
-{
+s32 zof_file_write(const char *path, const void *data, size_t size) {
     char beside[520];
     if (!path || (!data && size) || (size_t)snprintf(beside, sizeof(beside), "%s.new", path) >= sizeof(beside)) {
         return -1;

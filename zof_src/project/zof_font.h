@@ -75,9 +75,9 @@ s32 _font_getdata(const char *path, u32 offset, u32 size, void *out);
 
 // The lists. Keys: the name, and a pointer to the size.
 db_list *zof_font_list_create(void);
-s32 zof_font_list_add(const char *name);         // 0, or -1 without a project or memory
-zof_font_t *zof_font_list_get(const char *name); // null when unknown
-s32 zof_font_list_pop(const char *name);         // releases the entry with all its fonts; 0
+s32 zof_font_list_add(const char *name);                 // 0, or -1 without a project or memory
+zof_font_t *zof_font_list_get(const char *name);         // null when unknown
+s32 zof_font_list_pop(const char *name);                 // releases the entry with all its fonts; 0
 s32 zof_font_list_search_compare(void *data, void *key); // 0 when equal
 db_list *zof_fontsize_list_create(void);
 zof_fontsize_t *zof_fontsize_list_add(db_list *list, u32 size, lv_font_t *font); // ref 0; the font is the list's now

@@ -183,7 +183,9 @@ zof_pub_attr_t *zof_j2s_ctrl_get(void) {
     cJSON *theme = cJSON_GetObjectItem(entry, "theme");
     if (!property || !theme || type < 0) {
         zof_printf("%s: controls[%d]: %s; the view ends here\n", sc.path, index,
-                   !property ? "property is missing" : !theme ? "theme is missing" : "type is no control type");
+                   !property ? "property is missing"
+                   : !theme  ? "theme is missing"
+                             : "type is no control type");
         return nullptr;
     }
     zof_pub_attr_t *record = zof_j2s_ctrl_create(property, static_cast<u32>(type));

@@ -17,8 +17,7 @@ typedef struct para {
 } para_t;
 
 // The LVGL object behind a handle; null for a null handle and for a record whose object does not exist.
-static inline lv_obj_t *zof_ctrl_obj(const zof_ctrl_t *ctrl)
-{
+static inline lv_obj_t *zof_ctrl_obj(const zof_ctrl_t *ctrl) {
     return ctrl ? *(lv_obj_t *const *)ctrl : NULL;
 }
 

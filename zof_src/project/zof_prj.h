@@ -36,13 +36,13 @@ struct cJSON;
 // Everything in it is its own, but for the view table. It lives to the end of the process.
 typedef struct {
     zof_prj_attr_t *attr;
-    char *path; // with its trailing "/"
+    char *path;                     // with its trailing "/"
     const zof_view_fun_t *view_fun; // the application's view table; not owned
     u32 view_fun_cnt;
     zof_view_node_t *cur_view[ZOF_LAYER_COUNT]; // on display, by layer; null for none
-    db_list *view_names; // of zof_view_name_t
-    db_list *view_list;  // of zof_view_node_t
-    db_list *font_list;  // of zof_font_t
+    db_list *view_names;                        // of zof_view_name_t
+    db_list *view_list;                         // of zof_view_node_t
+    db_list *font_list;                         // of zof_font_t
     char *lang_name;
     struct cJSON *lang_root; // null while there is no language
     u8 lang_dirty;           // the table has changes that are not in its file

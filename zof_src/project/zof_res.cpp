@@ -20,10 +20,11 @@ static struct {
 } res;
 
 const char *const themeFileName[30] = {
-    "label",   "button",   "container", "image_button", "line",      "arc",     "bar",        "slider",
-    "sw",      "cb",       "mbox",      "tileview",     "txtbox",    "list",    "droplist",   "rollist",
-    "chart",   "table",    "spinbox",   "img",          "gif",       "qrcode",  "video",      "keyboard",
-    "tile",    "sketchpad", "btnmatrix", "animimg",     "scrollcont", "scrollcont_obj",
+    "label",   "button",    "container", "image_button", "line",       "arc",
+    "bar",     "slider",    "sw",        "cb",           "mbox",       "tileview",
+    "txtbox",  "list",      "droplist",  "rollist",      "chart",      "table",
+    "spinbox", "img",       "gif",       "qrcode",       "video",      "keyboard",
+    "tile",    "sketchpad", "btnmatrix", "animimg",      "scrollcont", "scrollcont_obj",
 };
 static_assert(sizeof(themeFileName) / sizeof(themeFileName[0]) == ZOF_CTRL_TYPE_COUNT, "one file name a control type");
 
