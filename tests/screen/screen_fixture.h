@@ -110,6 +110,21 @@ inline u32 screen_pixel(s32 x, s32 y) {
     return screen_shot().at(x, y);
 }
 
+struct screen_spot {
+    s32 x, y;
+    u32 color;
+};
+
+// The colours of single pixels.
+inline void screen_check(const std::vector<screen_spot> &spots) {
+    const screen_picture p = screen_shot();
+    for (const screen_spot &spot : spots) {
+        CAPTURE(spot.x);
+        CAPTURE(spot.y);
+        CHECK(p.at(spot.x, spot.y) == spot.color);
+    }
+}
+
 inline bool screen_png_read(const std::string &path, screen_picture *out) {
     std::ifstream in(path, std::ios::binary);
     const std::vector<char> raw{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};

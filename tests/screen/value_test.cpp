@@ -1,20 +1,6 @@
 // Arcs, bars, sliders, spin boxes and lines.
 #include "view_project.h"
 
-static para_t *at(u32 id) {
-    para_t *record = zof_ctrl_get_form_id(1, id);
-    REQUIRE(record);
-    return record;
-}
-
-static std::string show(view_project_t &project, const std::vector<std::string> &controls) {
-    project.view(1, controls);
-    return printed([&] {
-        project.open(320, 240);
-        zof_view_set_dis_view(1);
-    });
-}
-
 static std::string range(s32 min, s32 max) {
     return R"("minValue": )" + std::to_string(min) + R"(, "maxValue": )" + std::to_string(max);
 }
@@ -23,15 +9,13 @@ TEST_CASE("equal ends are drawn and dragged as one value") {
     view_project_t project;
     const std::string arc = R"("angle_t": {"start_angle": 0, "end_angle": 270}, "arc_t_inc": {"width": 10},
         "arc_t_main": {"width": 10}, "know_dis_en": true, "range_t": {"minValue": 5, "maxValue": 5})";
-    std::string said =
-        show(project, {ctrl(ZOF_CTRL_BAR, 1, range(5, 5)), ctrl(ZOF_CTRL_SLIDER, 2, range(5, 5), box(0, 0, 200, 20)),
-                       ctrl(ZOF_CTRL_ARC, 3, arc, box(0, 50, 100, 100)),
-                       ctrl(ZOF_CTRL_BAR, 4, range(0, 9), box(0, 160, 100, 20)),
-                       ctrl(ZOF_CTRL_SLIDER, 5, range(10, 0), box(0, 190, 200, 20)),
-                       ctrl(ZOF_CTRL_SLIDER, 6, range(0, 9), box(0, 215, 20, 20),
-                            R"({"body_t": {"padding": {"left": 10, "right": 10}}})")}); // no room between its ends
+    std::string said = project.show(
+        {ctrl(ZOF_CTRL_BAR, 1, range(5, 5)), ctrl(ZOF_CTRL_SLIDER, 2, range(5, 5), box(0, 0, 200, 20)),
+         ctrl(ZOF_CTRL_ARC, 3, arc, box(0, 50, 100, 100)), ctrl(ZOF_CTRL_BAR, 4, range(0, 9), box(0, 160, 100, 20)),
+         ctrl(ZOF_CTRL_SLIDER, 5, range(10, 0), box(0, 190, 200, 20)),
+         ctrl(ZOF_CTRL_SLIDER, 6, range(0, 9), box(0, 215, 20, 20),
+              R"({"body_t": {"padding": {"left": 10, "right": 10}}})")}); // no room between its ends
     CHECK(contains(said, "err: create ctrl[c1,1] fail"));
-    CHECK(zof_ctrl_get_form_id(1, 1) == nullptr);
     CHECK(zof_bar_set_range(at(4), 7, 7) == 0);
     screen_step(50);
     screen_drag(100, 10, 190, 10, 3);
@@ -46,25 +30,19 @@ TEST_CASE("equal ends are drawn and dragged as one value") {
 
 TEST_CASE("a value slides only with an animation time, and stays within the range") {
     view_project_t project;
-    show(project, {ctrl(ZOF_CTRL_SLIDER, 1, range(0, 100) + R"(, "anim_time": 200)"),
-                   ctrl(ZOF_CTRL_SLIDER, 2, range(0, 100)), ctrl(ZOF_CTRL_BAR, 3, range(-32768, 32767))});
+    project.show(
+        {ctrl(ZOF_CTRL_SLIDER, 1, range(0, 100) + R"(, "anim_time": 200)"), ctrl(ZOF_CTRL_SLIDER, 2, range(0, 100))});
+    auto slides = [](u32 id) { return ((lv_bar_t *)at(id)->obj)->cur_value_anim.anim_state >= 0; };
     zof_slider_set_value(at(1), 100);
-    zof_slider_set_value(at(2), 100);
-    CHECK(((lv_bar_t *)at(1)->obj)->cur_value_anim.anim_state >= 0);
-    CHECK(((lv_bar_t *)at(2)->obj)->cur_value_anim.anim_state == -1);
+    zof_slider_set_value(at(2), 500);
+    CHECK(slides(1));
+    CHECK_FALSE(slides(2));
     CHECK(zof_slider_get_value(at(2)) == 100);
     screen_step(300);
     CHECK(zof_slider_get_value(at(1)) == 100);
-    CHECK(((lv_bar_t *)at(1)->obj)->cur_value_anim.anim_state == -1);
-    zof_slider_set_value(at(2), 500);
-    CHECK(zof_slider_get_value(at(2)) == 100);
+    CHECK_FALSE(slides(1));
     CHECK(zof_slider_set_range(at(2), 0, 50) == 0);
     CHECK(zof_slider_get_value(at(2)) == 50);
-    zof_bar_set_value(at(3), -32768);
-    CHECK(zof_bar_get_value(at(3)) == -32768);
-    CHECK(zof_slider_set_bar_color(at(1), 0x123456) == 0);
-    CHECK(lv_obj_get_style_bg_color(at(1)->obj, LV_PART_INDICATOR).full == 0xFF123456);
-    screen_step(50);
 }
 
 TEST_CASE("an arc has its change rate from its range, its pictures as copies, and a knob only if it wants one") {
@@ -75,72 +53,48 @@ TEST_CASE("an arc has its change rate from its range, its pictures as copies, an
     view_project_t project;
     project.image("ring.png", 60, 60, 0x00FF00);
     std::vector<std::string> controls;
-    for (u32 i = 0; i < 6; i++) {
-        controls.push_back(ctrl(ZOF_CTRL_ARC, 10 + i, R"("range_t": {)" + range(spans[i].min, spans[i].max) + "}"));
+    for (const auto &span : spans) {
+        controls.push_back(
+            ctrl(ZOF_CTRL_ARC, (u32)controls.size(), R"("range_t": {)" + range(span.min, span.max) + "}"));
     }
-    controls.push_back(
-        ctrl(ZOF_CTRL_ARC, 1,
-             R"("angle_t": {"start_angle": 0, "end_angle": 360}, "range_t": {"minValue": 0, "maxValue": 100},
-                               "arc_value": 70000, "arc_main_img": "ring.png", "arc_inc_img": "none.png",
-                               "arc_t_main": {"width": 10, "opa": 255, "color": 255}, "arc_t_inc": {"width": 10, "rounded": 1})",
-             box(200, 100, 60, 60)));
-    show(project, controls);
-    for (u32 i = 0; i < 6; i++) {
-        CHECK(((lv_arc_t *)at(10 + i)->obj)->chg_rate == spans[i].rate);
-        zof_ctrl_set_hidden(at(10 + i), ZOF_TRUE);
+    controls.push_back(ctrl(ZOF_CTRL_ARC, 10, R"("range_t": {"minValue": 0, "maxValue": 100}, "arc_value": 70000,
+        "arc_main_img": "ring.png", "arc_inc_img": "none.png", "arc_t_main": {"width": 10, "opa": 255})"));
+    project.show(controls);
+    for (u32 id = 0; id < 6; id++) {
+        CHECK(((lv_arc_t *)at(id)->obj)->chg_rate == spans[id].rate);
     }
-    para_t *arc = at(1);
+    para_t *arc = at(10);
     CHECK(zof_arc_get_value(arc) == 100);
-    const zof_arc_attr_t *attr = (const zof_arc_attr_t *)arc->attr;
+    const auto *attr = (const zof_arc_attr_t *)arc->attr;
     CHECK(std::string(attr->main_img_path) == project.path("image/ring.png"));
     CHECK(lv_obj_get_style_arc_img_src(arc->obj, LV_PART_MAIN) == attr->main_img_path);
     CHECK(lv_obj_get_style_bg_opa(arc->obj, LV_PART_KNOB) == 0);
-    screen_step(50);
-    CHECK(zof_arc_set_value(arc, -3) == 0);
-    CHECK(zof_arc_get_value(arc) == 0);
-    CHECK(screen_pixel(230, 155) == 0x00FF00);
-    zof_line_disp_t line = {0x00AABBCC, 4, 99, 0};
-    CHECK(zof_arc_set_dis(arc, 1, &line) == 0);
-    CHECK(lv_obj_get_style_arc_width(arc->obj, LV_PART_INDICATOR) == 4);
-    CHECK(zof_arc_set_dis(arc, 2, &line) == 0);
-    CHECK(zof_arc_set_dis(arc, 0, nullptr) == -1);
-    CHECK(lv_obj_get_style_arc_width(arc->obj, LV_PART_MAIN) == 10);
-    CHECK(zof_arc_set_angles(arc, 30, 200) == 0);
-    CHECK(lv_arc_get_bg_angle_end(arc->obj) == 200);
-    CHECK(zof_arc_set_rotation(arc, 90) == 0);
     CHECK(zof_arc_set_value_range(arc, 0, 5) == 0);
-    CHECK(zof_arc_set_value(arc, 9) == 0);
     CHECK(zof_arc_get_value(arc) == 5);
     screen_step(50);
 }
 
 TEST_CASE("a spin box keeps its format, its step, and its end") {
     view_project_t project;
-    std::string said = show(
-        project, {ctrl(ZOF_CTRL_SPINBOX, 1,
-                       R"("range_min": 0, "range_max": 2100, "step": 10, "int_cnt": 2, "dec_cnt": 2, "i_value": 500,
-             "cursor_style": {"cursor_e": 1, "color": 255, "zof_cursor_width": 3, "zof_cursor_opa": 200})"),
-                  ctrl(ZOF_CTRL_SPINBOX, 2,
-                       R"("range_min": -2147483648, "range_max": 2147483646, "step": 4000000000, "int_cnt": 200,
-             "i_value": 2147483646)",
-                       box(0, 100, 200, 40)),
-                  ctrl(ZOF_CTRL_SPINBOX, 3, R"("range_min": 0, "range_max": 9, "step": 1)", box(0, 160, 100, 40))});
+    std::string said = project.show(
+        {ctrl(ZOF_CTRL_SPINBOX, 1,
+              R"("range_min": 0, "range_max": 2100, "step": 10, "int_cnt": 2, "dec_cnt": 2, "i_value": 500)"),
+         ctrl(ZOF_CTRL_SPINBOX, 2,
+              R"("range_min": -2147483648, "range_max": 2147483646, "step": 4000000000, "int_cnt": 200,
+                 "i_value": 2147483646)",
+              box(0, 100, 200, 40)),
+         ctrl(ZOF_CTRL_SPINBOX, 3, R"("range_min": 0, "range_max": 9, "step": 1)", box(0, 160, 100, 40))});
     CHECK(contains(said, "spin box 3: no digits"));
     auto text = [](u32 id) { return std::string(lv_textarea_get_text(at(id)->obj)); };
     CHECK(text(1) == "05.00");
-    CHECK(zof_spinbox_increment(at(1)) == 0);
-    CHECK(zof_spinbox_get_value(at(1)) == 510);
-    CHECK(zof_spinbox_step_prev(at(1)) == 0);
-    CHECK(zof_spinbox_decrement(at(1)) == 0);
-    CHECK(zof_spinbox_get_value(at(1)) == 410);
-    CHECK(zof_spinbox_step_next(at(1)) == 0);
+    zof_spinbox_increment(at(1));
+    CHECK(text(1) == "05.10");
+    zof_spinbox_step_prev(at(1)); // ten times the step
+    zof_spinbox_decrement(at(1));
+    CHECK(text(1) == "04.10");
     zof_spinbox_set_value(at(1), 9999);
+    zof_spinbox_increment(at(1));
     CHECK(text(1) == "21.00");
-    CHECK(zof_spinbox_increment(at(1)) == 0);
-    CHECK(zof_spinbox_get_value(at(1)) == 2100);
-    CHECK(lv_obj_get_style_border_width(at(1)->obj, LV_PART_CURSOR) == 3);
-    CHECK(lv_obj_get_style_opa(at(1)->obj, LV_PART_CURSOR) == 200);
-    CHECK(lv_obj_get_style_bg_color(at(1)->obj, LV_PART_CURSOR).full == 0xFF0000FF);
     zof_spinbox_increment(at(2));
     CHECK(zof_spinbox_get_value(at(2)) == 2147483646);
     zof_spinbox_decrement(at(2));
@@ -152,19 +106,11 @@ TEST_CASE("a spin box keeps its format, its step, and its end") {
 
 TEST_CASE("a line shows the points that it is given") {
     view_project_t project;
-    show(project,
-         {ctrl(ZOF_CTRL_LINE, 1, R"("dis_t": {"color": 16711680, "width": 4, "opa": 255})", box(10, 10, 5, 5))});
-    CHECK(screen_pixel(30, 20) == 0);
+    project.show(
+        {ctrl(ZOF_CTRL_LINE, 1, R"("dis_t": {"color": 16711680, "width": 4, "opa": 255})", box(10, 10, 5, 5))});
     static const lv_point_t points[] = {{0, 10}, {100, 10}};
     CHECK(zof_line_set_points(at(1), points, 2) == 0);
     CHECK(screen_pixel(60, 20) == 0xFF0000);
-    CHECK(zof_line_set_dash(at(1), 10, 10) == 0);
-    u32 lit = 0;
-    for (s32 x = 10; x < 110; x++) {
-        lit += screen_pixel(x, 20) == 0xFF0000;
-    }
-    CHECK(lit > 30);
-    CHECK(lit < 70);
     CHECK(zof_line_set_points(at(1), nullptr, 2) == -1);
     CHECK(zof_line_set_points(at(1), nullptr, 0) == 0);
     CHECK(screen_pixel(60, 20) == 0);

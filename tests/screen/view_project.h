@@ -97,6 +97,22 @@ struct view_project_t : temp_project_t {
         zof_prj_create(rows, 6);
         return prj;
     }
+
+    // Opens with view 1 of these controls and shows it; what was printed.
+    std::string show(const std::vector<std::string> &controls) {
+        view(1, controls);
+        return printed([&] {
+            open(320, 240);
+            zof_view_set_dis_view(1);
+        });
+    }
 };
+
+// A control that has to be there.
+inline para_t *at(u32 id, u32 view = 1) {
+    para_t *record = zof_ctrl_get_form_id(view, id);
+    REQUIRE(record);
+    return record;
+}
 
 #endif
