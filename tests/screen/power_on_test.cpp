@@ -62,10 +62,7 @@ TEST_CASE("the overlay's rate is refreshes over the time of the runs that made t
             }
         },
         50, nullptr);
-    std::string log = printed([] { screen_step(1600); });
-    CHECK(contains(log, "fps = "));
-    CHECK(contains(log, " usedmem = "));
-    CHECK(contains(log, " freemem = "));
+    const std::string log = printed([] { screen_step(1600); });
     int time_sum = 0;
     int refr_cnt = 0;
     int fps = 0;
@@ -75,10 +72,7 @@ TEST_CASE("the overlay's rate is refreshes over the time of the runs that made t
     CHECK(time_sum > 0);
     CHECK(time_sum % 20 == 0); // runs without a refresh do not count
     CHECK(fps == refr_cnt * 1000 / time_sum);
-    const std::string text = overlay();
-    CHECK(text.substr(0, text.find('\n') + 1) == "fps: " + std::to_string(fps) + " \n");
-    CHECK(contains(text, "usedmem: "));
-    CHECK(contains(text, " B\nsim freemem: "));
+    CHECK(contains(overlay(), "fps: " + std::to_string(fps) + " \nusedmem: "));
 }
 
 TEST_CASE("nothing is shown without a bit of its own, and a missing version is no line") {
@@ -94,36 +88,12 @@ TEST_CASE("nothing is shown without a bit of its own, and a missing version is n
     CHECK(overlay() == "");
 }
 
-TEST_CASE("numbers are grouped by thousands, sign kept") {
-    const struct {
-        s32 value;
-        const char *text;
-    } rows[] = {{0, "0"},
-                {999, "999"},
-                {1000, "1,000"},
-                {1000000, "1,000,000"},
-                {2000005, "2,000,005"},
-                {-1500, "-1,500"},
-                {-7, "-7"},
-                {INT32_MIN, "-2147,483,648"}};
-    for (const auto &row : rows) {
-        char text[16] = {};
-        _memsize_format(row.value, text);
-        CHECK(std::string(text) == row.text);
+static void refused_at_the_end(u32 ms) {
+    screen_now += ms;
+    if (screen_now > 5000) {
+        fflush(stdout);
+        _exit(screen_is_golden("power_on_refused") ? 3 : 4);
     }
-    _memsize_format(1, nullptr);
-}
-
-static s32 limit_of(s32 width, s32 height) {
-    temp_project_t project;
-    project.write("config/project/zofprj.g", "{\"p_name\": \"t\", \"views\": [], \"width\": " + std::to_string(width) +
-                                                 ", \"height\": " + std::to_string(height) + "}");
-    return project.open() ? zof_func_check_wh_vaild() : -2;
-}
-
-TEST_CASE("a project within the area of the limit passes, and none at all is no fault") {
-    CHECK(zof_func_check_wh_vaild() == -1);
-    CHECK(limit_of(4096, 4096) == 0);
 }
 
 TEST_CASE("a project that is too large is refused on the screen, for ever, with one line") {
@@ -134,14 +104,7 @@ TEST_CASE("a project that is too large is refused on the screen, for ever, with 
             project.write("config/project/zofprj.g", R"({"p_name": "t", "width": 4097, "height": 4096, "views": []})");
             project.open();
             screen_open(480, 272);
-            static const zof_clock_t clock = {[] { return screen_now; },
-                                              [](u32 ms) {
-                                                  screen_now += ms;
-                                                  if (screen_now > 5000) {
-                                                      fflush(stdout);
-                                                      _exit(screen_is_golden("power_on_refused") ? 3 : 4);
-                                                  }
-                                              }};
+            static const zof_clock_t clock = {[] { return screen_now; }, refused_at_the_end};
             zof_clock_set(&clock);
             zof_func_pwon();
             _exit(5);

