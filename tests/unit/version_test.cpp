@@ -15,10 +15,7 @@ TEST_CASE("without a project there is no version, and the banner says none") {
     CHECK(contains(printed(zof_drv_set_prj_path), "No work path found\n"));
     CHECK(zof_prj_get_cur() == nullptr);
     CHECK(zof_user_app_version() == nullptr);
-    CHECK(zof_user_app_comp_time() == nullptr);
-    std::string banner = printed(zof_ver_printf);
-    CHECK(contains(banner, "fw:none\nsdk:1.4.12-251024090648\n"));
-    CHECK(std::string(zof_ver_get_str()) == zof_sdk_get_version());
+    CHECK(contains(printed(zof_ver_printf), "fw:none\nsdk:1.4.12-251024090648\n"));
 }
 
 TEST_CASE("the work path is the first place with a project that can be written") {
