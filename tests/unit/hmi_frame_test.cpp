@@ -4,6 +4,7 @@
 
 #include <string.h>
 
+#include <algorithm>
 #include <string>
 
 #include "frames.h"
@@ -29,15 +30,25 @@ static void release(zof_hmi_cmd_analys_t &a) {
     }
 }
 
-static u8 pattern(u32 i) {
-    return (u8)(i * 7 + 1);
+static bytes payload_of(u32 n) {
+    bytes out;
+    for (u32 i = 0; i < n; i++) {
+        out.push_back((u8)(i * 7 + 1));
+    }
+    return out;
+}
+
+static bytes join(std::initializer_list<bytes> parts) {
+    bytes out;
+    for (const bytes &part : parts) {
+        out.insert(out.end(), part.begin(), part.end());
+    }
+    return out;
 }
 
 static bytes built(zof_hmi_cmd_analys_t &a, u32 n) {
     REQUIRE(zof_hmi_frame_send_clear(&a, n) == 0);
-    for (u32 i = 0; i < n; i++) {
-        a.send_cursor[i] = pattern(i);
-    }
+    memcpy(a.send_cursor, payload_of(n).data(), n);
     const u8 *frame = nullptr;
     const u32 size = zof_hmi_frame_build(&a, ZOF_HMI_OP_GET, n, &frame);
     return {frame, frame + size};
@@ -57,8 +68,7 @@ static void crc_append(bytes &out, const bytes &counted) {
 
 // A sound frame of either form, as a host makes it.
 static bytes frame_of(u8 op, const bytes &payload, bool crc, bool long_form = false) {
-    bytes counted = {op};
-    counted.insert(counted.end(), payload.begin(), payload.end());
+    const bytes counted = join({{op}, payload});
     const u32 len = (u32)counted.size() + (crc ? 2 : 0);
     bytes out = {0x5A, 0xA5};
     if (long_form || len > 127) {
@@ -77,58 +87,37 @@ static s32 check(zof_hmi_cmd_analys_t &a, const bytes &data) {
     return zof_hmi_cmd_check_data(&a, exact.data(), (u32)exact.size());
 }
 
-static bytes payload_of(u32 n) {
-    bytes out;
-    for (u32 i = 0; i < n; i++) {
-        out.push_back(pattern(i));
-    }
-    return out;
-}
-
 TEST_CASE("host frames: the CRC is the known one, over any length") {
     CHECK(zof_hmi_crc16((const u8 *)"123456789", 9) == 0x31C3);
-    CHECK(zof_hmi_crc16(nullptr, 9) == 0);
-    for (u32 n : {1u, 255u, 256u, 300u, 3000u}) {
-        bytes expected;
-        crc_append(expected, payload_of(n));
-        CHECK(zof_hmi_crc16(payload_of(n).data(), n) == (expected[0] << 8 | expected[1]));
-    }
+    bytes expected;
+    crc_append(expected, payload_of(3000));
+    CHECK(zof_hmi_crc16(payload_of(3000).data(), 3000) == (expected[0] << 8 | expected[1]));
 }
 
 TEST_CASE(
     "host frames: every size goes out in its form, also those around 127 and 128 bytes that no receiver reads back") {
     for (bool crc : {false, true}) {
         zof_hmi_cmd_analys_t a = analys_of(crc);
-        for (u32 n :
-             {0u, 1u, 10u, 123u, 124u, 125u, 126u, 127u, 128u, 129u, 130u, 253u, 254u, 255u, 256u, 600u, 5000u}) {
+        for (u32 n : {0u, 1u, 10u, 124u, 125u, 126u, 127u, 128u, 129u, 253u, 254u, 255u, 256u, 5000u}) {
             CAPTURE(n);
             CAPTURE(crc);
             const bytes payload = payload_of(n);
-            bytes want = {0x5A, 0xA5};
-            bytes counted = {ZOF_HMI_OP_GET};
-            counted.insert(counted.end(), payload.begin(), payload.end());
+            const bytes code = {ZOF_HMI_OP_GET};
             const u32 len = n + (crc ? 3 : 1);
-            if (n > 128) {
-                want = frame_of(ZOF_HMI_OP_GET, payload, crc, true);
-            } else if (n == 128) { // a zero slips in behind the code and the last byte goes
-                want.insert(want.end(), {(u8)len, ZOF_HMI_OP_GET, 0});
-                want.insert(want.end(), payload.begin(), payload.end() - 1);
-                counted.assign(want.begin() + 4, want.end());
-            } else {
-                want.insert(want.end(), {(u8)len, ZOF_HMI_OP_GET});
-                want.insert(want.end(), payload.begin(), payload.end());
-                counted.erase(counted.begin(), counted.begin() + (n == 127)); // without its code
-            }
-            if (crc && n <= 128) {
-                crc_append(want, counted);
+            bytes want = frame_of(ZOF_HMI_OP_GET, payload, crc, true);
+            if (n <= 128) {
+                // At 128 a zero slips in behind the code and the last byte goes; from 127 the CRC leaves the code out.
+                const bytes body = n == 128 ? join({{0}, {payload.begin(), payload.end() - 1}}) : payload;
+                want = join({{0x5A, 0xA5, (u8)len}, code, body});
+                if (crc) {
+                    crc_append(want, n >= 127 ? body : join({code, body}));
+                }
             }
             CHECK(built(a, n) == want);
-            const bool read_back = n >= 2 && (n > 128 || len <= 127);
-            if (read_back) {
+            if (n >= 2 && (n > 128 || len <= 127)) {
                 CHECK(check(a, want) == (s32)want.size());
             }
         }
-        CHECK(built(a, 128).size() == (crc ? 134 : 132));
         const u8 *frame;
         CHECK(zof_hmi_frame_build(&a, ZOF_HMI_OP_GET, a.send_size, &frame) == 0);
         CHECK(zof_hmi_frame_send_clear(&a, ZOF_HMI_LEN_MAX) == -1);
@@ -158,7 +147,6 @@ TEST_CASE("host frames: a check tells wrong heads, missing bytes and bad CRCs ap
                 CHECK(check(a, head) == -3);
             }
         }
-        CHECK(check(a, {0x5B, 0xA5, 3, 0x11, 0xB0, 1}) == -1);
         CHECK(check(a, {0x5A, 0xA6, 3, 0x11, 0xB0, 1}) == -1);
         CHECK(zof_hmi_cmd_check_data(nullptr, nullptr, 0) == 0);
         release(a);
@@ -174,9 +162,6 @@ TEST_CASE("host codec: numbers turn round, texts point into the frame, and a fie
     CHECK(zof_hmi_cmd_buf_2_param(&back, &zof_hmi_param_u32u16u8u8_t_tbl, out, 8) == 8);
     CHECK(memcmp(&back, &numbers, sizeof(back)) == 0);
     CHECK(zof_hmi_cmd_buf_2_param(&back, &zof_hmi_param_u32u16u8u8_t_tbl, out, 7) == -1);
-    const s16 minus = -2;
-    CHECK(zof_hmi_cmd_param_2_buf(&minus, &zof_hmi_one_s16_t_tbl, out) == 2);
-    CHECK(bytes(out, out + 2) == bytes{0xFF, 0xFE});
     const zof_hmi_u16u16str_t text = {1, 2, "ab"};
     CHECK(zof_hmi_cmd_param_2_buf(&text, &zof_hmi_param_u16u16str_t_tbl, out) == 7);
     CHECK(bytes(out, out + 7) == bytes{0, 1, 0, 2, 'a', 'b', 0});
@@ -187,62 +172,31 @@ TEST_CASE("host codec: numbers turn round, texts point into the frame, and a fie
     CHECK(read.text == (const char *)out + 4);
     const zof_hmi_u8str_t none = {3, nullptr};
     CHECK(zof_hmi_cmd_param_2_buf(&none, &zof_hmi_param_u8str_t_tbl, out) == 1);
-    CHECK(zof_hmi_cmd_param_2_buf(nullptr, &zof_hmi_one_u8_t_tbl, out) == 0);
-    const zof_hmi_field_t odd[] = {{0, 99}, {0, ZOF_HMI_T_U8}};
-    const zof_hmi_rec_t list = {2, odd};
-    CHECK(zof_hmi_cmd_param_2_buf(&none, &list, out) == 1); // an unknown kind takes nothing
-    for (const zof_hmi_rec_t *rec : {&zof_hmi_param_u16u8u8u8u8_t_tbl, &zof_hmi_stdby_t_tbl, &zof_hmi_tabel_t_tbl}) {
-        const u8 record[ZOF_HMI_RECORD_SIZE] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
-        u8 again[ZOF_HMI_RECORD_SIZE] = {};
-        const u32 size = zof_hmi_cmd_param_2_buf(record, rec, out);
-        CHECK(size == (rec == &zof_hmi_param_u16u8u8u8u8_t_tbl ? 7 : 11));
-        CHECK(zof_hmi_cmd_buf_2_param(again, rec, out, size) == (s32)size);
-        u8 wire[64];
-        zof_hmi_cmd_param_2_buf(again, rec, wire);
-        CHECK(memcmp(out, wire, size) == 0);
-    }
 }
 
-// Every table row, and every type that holds it.
-template <typename F> static void each_row(F look) {
+TEST_CASE("host commands: each row has a line of help and a name for each field, and is found by its code") {
+    const auto words = [](const char *names) {
+        return names && *names ? 1 + std::count(names, names + strlen(names), ' ') : 0;
+    };
     for (u32 t = 0; t < zof_ui_cmd_type_count; t++) {
-        for (u32 p = 0; p < zof_ui_cmd_types[t].param_count; p++) {
-            look(zof_ui_cmd_types[t], zof_ui_cmd_types[t].params[p]);
+        const zof_hmi_cmd_type_t &type = zof_ui_cmd_types[t];
+        for (u32 p = 0; p < type.param_count; p++) {
+            const zof_hmi_param_type_t &row = type.params[p];
+            REQUIRE(row.name);
+            CAPTURE(row.name);
+            REQUIRE(row.help);
+            CHECK(!strchr(row.help, '\n'));
+            CHECK(words(row.value_names) == row.value->count);
+            CHECK(words(row.req_names) == row.rw->req->count);
+            CHECK(words(type.rec_names) == type.rec->count);
+            const u8 key[] = {ZOF_HMI_KEY_ANY, row.code[0], row.code[1]};
+            const zof_hmi_param_type_t *found = zof_hmi_cmd_find_param_type(key, &type);
+            REQUIRE(found);
+            CHECK((found == &row || memcmp(found->code, row.code, row.len) == 0));
         }
     }
-}
-
-static u32 words(const char *names) {
-    u32 count = names && *names ? 1 : 0;
-    for (; names && *names; names++) {
-        count += *names == ' ';
-    }
-    return count;
-}
-
-TEST_CASE(
-    "host commands: each row has its name, its line of help and a name for each field, and is found by its code") {
-    each_row([](const zof_hmi_cmd_type_t &type, const zof_hmi_param_type_t &row) {
-        CAPTURE(type.name);
-        REQUIRE(row.name);
-        CAPTURE(row.name);
-        REQUIRE(row.help);
-        CHECK(strlen(row.help) > 5);
-        CHECK(!strchr(row.help, '\n'));
-        CHECK(words(row.value_names) == row.value->count);
-        CHECK(words(row.req_names) == row.rw->req->count);
-        CHECK(words(type.rec_names) == type.rec->count);
-        CHECK((row.get_fun || row.set_fun));
-        const u8 key[] = {ZOF_HMI_KEY_ANY, row.code[0], row.code[1]};
-        const zof_hmi_param_type_t *found = zof_hmi_cmd_find_param_type(key, &type);
-        REQUIRE(found);
-        CHECK((found == &row || memcmp(found->code, row.code, row.len) == 0));
-    });
-    const u8 beyond[] = {ZOF_HMI_KEY_ANY, 0x7E, 0x7F};
     const u8 empty[] = {0, 0xB0};
-    CHECK(!zof_hmi_cmd_find_param_type(beyond, &zof_sys_cmd_types[0]));
     CHECK(!zof_hmi_cmd_find_param_type(empty, &zof_sys_cmd_types[0]));
-    CHECK(!zof_hmi_cmd_find_param_type(nullptr, nullptr));
 }
 
 // A line that keeps what is sent; the test itself hands over what "came in".
@@ -263,7 +217,7 @@ static s32 wire_receive(zof_drv_t *, u8 *, u32) {
     }
 }
 
-static void link_up(temp_project_t &project, const std::string &more) {
+static void link_up(temp_project_t &project, const std::string &more = "") {
     static const zof_drv_uart_ops_t ops = {.open = wire_open, .send = wire_send, .receive = wire_receive};
     drv_uart_t = &ops;
     lv_init();
@@ -287,14 +241,6 @@ static bytes taken() {
     return out;
 }
 
-static bytes join(std::initializer_list<bytes> parts) {
-    bytes out;
-    for (const bytes &part : parts) {
-        out.insert(out.end(), part.begin(), part.end());
-    }
-    return out;
-}
-
 static const bytes read_version = {0xB0, 0x00, 0x01};
 static const bytes read_reboot = {0xB0, 0x01};
 
@@ -305,18 +251,14 @@ static bytes reboot_answer(bool crc = false) {
 TEST_CASE("host walk: the power-on frame comes once, reads are answered, unknown and short commands are consumed in "
           "silence") {
     temp_project_t project;
-    link_up(project, "");
-    CHECK(taken() == reboot_answer());
-    receive(frame_of(ZOF_HMI_OP_GET, read_reboot, false));
+    link_up(project);
     CHECK(taken() == reboot_answer());
     receive(frame_of(ZOF_HMI_OP_GET, read_reboot, false, true));
     CHECK(taken() == reboot_answer());
     const std::string version = zof_sdk_get_version();
-    bytes text = read_version;
-    text.insert(text.end(), version.begin(), version.end());
-    text.push_back(0);
+    const bytes text(version.c_str(), version.c_str() + version.size() + 1);
     receive(frame_of(ZOF_HMI_OP_GET, read_version, false));
-    CHECK(taken() == frame_of(ZOF_HMI_OP_GET, text, false));
+    CHECK(taken() == frame_of(ZOF_HMI_OP_GET, join({read_version, text}), false));
     const bytes silent[] = {{0xB0, 0x7E}, {0xC0, 0x00, 0x00}, {0xB0, 0x00}, {0xB0, 0x04},
                             {0xB0, 0x02}, {0xB0, 0x00, 0x07}, {0xB2, 0xF0}};
     for (const bytes &payload : silent) {
@@ -328,9 +270,6 @@ TEST_CASE("host walk: the power-on frame comes once, reads are answered, unknown
     receive(frame_of(ZOF_HMI_OP_SET, {0xB0, 0x07, 0x00, 'a'}, false)); // a text without its end
     receive(frame_of(ZOF_HMI_OP_SET, {0xB0, 0x03, 1, 2}, false));
     CHECK(sent.empty());
-    CHECK(zof_hmi_cmd_rev_analys(sys_cmd_analys, frame_of(0x23, read_reboot, false).data(), 6) == -1);
-    CHECK(zof_hmi_cmd_rev_analys(sys_cmd_analys, frame_of(0x12, read_reboot, false).data(), 6) == 6);
-    CHECK(zof_hmi_cmd_rev_analys(sys_cmd_analys, frame_of(0x11, {0xB0, 0x7E}, false).data(), 6) == 0);
 }
 
 TEST_CASE("host walk: a selector without a text fails, and only a host that asked for it is told") {
@@ -353,7 +292,7 @@ TEST_CASE("host walk: a selector without a text fails, and only a host that aske
 TEST_CASE("host walk: behind a frame one byte is skipped, so a second one is lost unless fewer than 6 bytes of it are "
           "there") {
     temp_project_t project;
-    link_up(project, "");
+    link_up(project);
     taken();
     const bytes read = frame_of(ZOF_HMI_OP_GET, read_reboot, false);
     receive(join({read, read}));
@@ -365,8 +304,6 @@ TEST_CASE("host walk: behind a frame one byte is skipped, so a second one is los
     CHECK(taken() == reboot_answer());
     receive(join({noise, {0x5A, 0xA5, 0x02, 0x11, 0x00}, read})); // a count that has no room for a command
     CHECK(taken() == reboot_answer());
-    receive(join({{0x5A, 0xA5, 0x40, 0x11}, read})); // a false head swallows what follows
-    CHECK(sent.empty());
 }
 
 TEST_CASE("host walk: equal head bytes, no port and an absent file build nothing") {
