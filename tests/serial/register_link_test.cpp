@@ -53,11 +53,8 @@ TEST_CASE("register link: a report that would not fit is cut to 125 words and th
     CHECK(sent.size() == 257);
     CHECK(sent[2] == 254);
     CHECK(sent[6] == 125);
-    sent.clear();
-    receive(frame_read(2048, 125));
-    CHECK(sent.size() == 257);
+    CHECK(zof_reg_com_send(2048, 255) == 257);
     CHECK(zof_reg_com_send(2049, 1) == -1);
-    CHECK(zof_reg_com_send(16, 256) == 257);
     sent.clear();
     receive(frame_read(16, 0));
     CHECK(sent == bytes{0x5A, 0xA5, 0x04, 0x83, 0x00, 0x10, 0x00});
@@ -74,36 +71,29 @@ TEST_CASE("register link: the last address that passes is 2048, for both ends") 
     CHECK(zof_reg_get(2048) == 0xBEEF);
 }
 
-// Whether a frame cut behind its first `cut` bytes is joined again: what the walk leaves of the first piece is five
-// bytes at most.
-static bool survives(size_t cut) {
-    return cut <= 5;
-}
-
 TEST_CASE("register link: every frame kind cut at every byte is found or lost by the rule, and the next one is found") {
     line_up();
     const struct {
         bytes frame;
-        const char *kind;
+        bool write, read;
     } kinds[] = {
-        {frame_write(100, {0x1111}), "write of one word"},
-        {frame_write(100, {0x1111, 0x2222, 0x3333}), "write of three words"},
-        {frame_read(100, 1), "read"},
-        {{0x5A, 0xA5, 0x05, 0x99, 0x00, 0x64, 0x11, 0x11}, "unknown command"},
+        {frame_write(100, {0x1111}), true, false},
+        {frame_write(100, {0x1111, 0x2222, 0x3333}), true, false},
+        {frame_read(100, 1), false, true},
+        {{0x5A, 0xA5, 0x05, 0x99, 0x00, 0x64, 0x11, 0x11}, false, false}, // an unknown command
     };
     for (const auto &kind : kinds) {
         for (size_t cut = 1; cut < kind.frame.size(); cut++) {
-            CAPTURE(kind.kind);
+            CAPTURE(kind.frame[3]);
             CAPTURE(cut);
             zof_reg_set(100, 0);
             zof_reg_set(200, 0);
             sent.clear();
             receive({kind.frame.begin(), kind.frame.begin() + (long)cut});
             receive({kind.frame.begin() + (long)cut, kind.frame.end()});
-            const bool write = kind.frame[3] == 0x82;
-            const bool read = kind.frame[3] == 0x83;
-            CHECK(zof_reg_get(100) == (write && survives(cut) ? 0x1111 : 0));
-            CHECK(sent.empty() == !(read && survives(cut)));
+            // What the walk leaves of the first piece is five bytes at most.
+            CHECK(zof_reg_get(100) == (kind.write && cut <= 5 ? 0x1111 : 0));
+            CHECK(sent.empty() == !(kind.read && cut <= 5));
             receive(frame_write(200, {0x4444}));
             CHECK(zof_reg_get(200) == 0x4444);
             receive(bytes(6, 0)); // what is kept of this is zeros
@@ -146,14 +136,11 @@ TEST_CASE("register link: a burst fills registers, but runs only the first one's
     CHECK(g_out_on == 0); // the third word, through the handler of the first register
     CHECK(g_applied == RAIL_NONE);
     CHECK(zof_reg_get(23) == 5);
-    receive(frame_write(REG_LIVE_MV, {1, 2, 3}));
-    CHECK(zof_reg_get(18) == 3);
 }
 
 TEST_CASE("register link: what does not fit beside the kept bytes is cut off, and the link goes on") {
     line_up();
-    bytes flood(5000, 0x5A);
-    receive(flood);
+    receive(bytes(5000, 0x5A));
     receive(frame_write(100, {77}));
     receive(frame_write(101, {78}));
     CHECK(zof_reg_get(101) == 78);
@@ -162,25 +149,17 @@ TEST_CASE("register link: what does not fit beside the kept bytes is cut off, an
 TEST_CASE("register link: the board's values are kept as told") {
     line_up();
     const auto write = [](u16 addr, u16 value) { receive(frame_write(addr, {value})); };
-    for (const auto &[value, want] :
-         std::vector<std::pair<u16, u8>>{{0, 10}, {9, 10}, {10, 10}, {100, 100}, {101, 100}, {65535, 100}}) {
-        write(REG_BRIGHT, value);
-        CHECK(g_v4_bright == want);
-    }
-    write(REG_RAIL_ACTIVE, 12);
-    CHECK(g_applied == 12);
+    write(REG_BRIGHT, 9);
+    CHECK(g_v4_bright == 10);
+    write(REG_BRIGHT, 101);
+    CHECK(g_v4_bright == 100);
     write(REG_RAIL_ACTIVE, 13);
     CHECK(g_applied == RAIL_NONE);
     write(REG_OUT_STATE, 0x0100);
     CHECK(g_out_on == 0);
-    write(REG_OUT_STATE, 2);
-    CHECK(g_out_on == 2);
     write(REG_SESS_MWH_LO, 0xFFFF);
     write(REG_SESS_MWH_HI, 1);
     CHECK(g_sess_mWh == 0x1FFFF);
-    u16 row[4] = {3, 28000, 28000, 5000};
-    zof_reg_set_user(REG_RAIL_BASE + 4, row, 4);
-    CHECK(g_prof[1].vmin == 28000);
 }
 
 TEST_CASE("register link: a rail that its slider cannot hold is told once, with the reason, until its numbers change") {
@@ -197,9 +176,7 @@ TEST_CASE("register link: a rail that its slider cannot hold is told once, with 
     CHECK(commit({RAIL_PPS, 3300, 40000, 5000}).empty());
     CHECK(contains(commit({RAIL_AVS, 9000, 3300, 5000}), "lowest voltage is above its highest"));
     CHECK(contains(commit({RAIL_PPS, 3300, 11000, 0}), "current limit is 0"));
-    CHECK(contains(commit({RAIL_PPS, 3300, 11000, 40000}), "current is above 32767"));
     CHECK(commit({RAIL_EPR, 3300, 40000, 0}).empty()); // it has no slider
-    CHECK(commit({RAIL_PPS, 3300, 11000, 5000}).empty());
 }
 
 TEST_CASE("register link: no stream of bytes can hurt it") {
