@@ -30,7 +30,6 @@ TEST_CASE("a switch leaves the old view, clears it, and builds and enters the ne
     CHECK(lv_scr_act() == zof_view_list_get(1)->obj);
     CHECK(zof_view_set_dis_view(1) == 0);
     CHECK(taken(calls) == "");
-
     CHECK(zof_view_load(2) == 0);
     CHECK(taken(calls) == " init2");
     CHECK_FALSE(there(2, 2));
