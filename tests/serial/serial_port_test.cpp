@@ -39,12 +39,19 @@ static size_t got_messages() {
 }
 
 static zof_uart_cfg_t settings(s32 port) {
-    return {.win_port = port,
-            .port = -1,
-            .speed_e = UART_SPEED_115200,
-            .bit_e = UART_BIT_8,
-            .parity_e = UART_PARITY_NONE,
-            .stop_e = UART_STOP_1};
+    return {.win_port = port, .port = -1, .speed_e = UART_SPEED_115200, .bit_e = UART_BIT_8};
+}
+
+static s32 send(zof_drv_t *port, const std::string &text) {
+    return zof_drv_uart_send(port, (const u8 *)text.data(), (u32)text.size());
+}
+
+static size_t count_of(const std::string &text, const std::string &part) {
+    size_t count = 0;
+    for (size_t at = 0; (at = text.find(part, at)) != std::string::npos; at++) {
+        count++;
+    }
+    return count;
 }
 
 // The services without a window: the lock and the port's table.
@@ -58,33 +65,32 @@ static zof_drv_t *open_port(serial_pty &pty, s32 port) {
     services_up();
     pty_open(pty, port);
     zof_uart_cfg_t cfg = settings(port);
-    return zof_drv_uart_open(&cfg);
+    zof_drv_t *handle = zof_drv_uart_open(&cfg);
+    REQUIRE(handle);
+    return handle;
 }
 
 TEST_CASE("serial: a burst reaches the client as one message, and the answer reaches the line") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 31);
-    REQUIRE(port);
     CHECK(zof_drv_uart_rev_set_bfun(port, on_message, 1024) == 0);
     const bytes burst(700, 0x42);
     pty_write(pty, burst);
     REQUIRE(eventually([] { return got_bytes() == 700; }));
     CHECK(got.messages.size() == 1);
-    CHECK(zof_drv_uart_send(port, (const u8 *)"pong", 4) == 4);
+    CHECK(send(port, "pong") == 4);
     CHECK(pty_read(pty, 4) == bytes{'p', 'o', 'n', 'g'});
 }
 
 TEST_CASE("serial: two clients of one port both get every byte, the second with its tail in front") {
-    static std::atomic<u32> hmi_bytes, hmi_first;
+    static std::atomic<u32> hmi_bytes, hmi_first, calls;
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 32);
-    REQUIRE(port);
     auto on_hmi = [](u8 *data, u32 size, void *arg) {
         hmi_first = data[0];
         hmi_bytes += size;
         *(std::atomic<u32> *)arg += 1;
     };
-    static std::atomic<u32> calls;
     CHECK(zof_drv_uart_rev_set_bfun(port, on_message, 0) == 0);
     CHECK(zof_drv_uart_hmi_rev_set_bfun(port, on_hmi, &calls, 0, 16) == 0);
     CHECK(zof_drv_uart_hmi_tbuf_set(port, (const u8 *)"tail", 4) == 0);
@@ -97,7 +103,6 @@ TEST_CASE("serial: two clients of one port both get every byte, the second with 
 TEST_CASE("serial: a port is opened once, and what no line has is refused and leaves it as it was") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 33);
-    REQUIRE(port);
     zof_uart_cfg_t again = settings(33);
     again.speed_e = 921600;
     CHECK(zof_drv_uart_open(&again) == port);
@@ -116,27 +121,23 @@ TEST_CASE("serial: a port is opened once, and what no line has is refused and le
 
 TEST_CASE("serial: numbers choose the port as told, and what cannot be opened gives no handle") {
     services_up();
-    zof_uart_cfg_t cfg = settings(0);
-    cfg.port = -1;
-    CHECK(zof_drv_uart_open(&cfg) == nullptr); // no number, no default
-    cfg.port = -7;
-    CHECK(zof_drv_uart_open(&cfg) == nullptr);
-    cfg.port = 256;
-    CHECK(zof_drv_uart_open(&cfg) == nullptr);
     setenv("ZOF_COM34", "/nowhere/tty", 1);
-    cfg = settings(34);
-    CHECK(zof_drv_uart_open(&cfg) == nullptr);
     setenv("ZOF_COM35", "/dev/null", 1); // it opens, but it is no line
-    cfg = settings(35);
-    CHECK(zof_drv_uart_open(&cfg) == nullptr);
+    const auto open = [](s32 win_port, s32 port) {
+        zof_uart_cfg_t cfg = settings(win_port);
+        cfg.port = port;
+        return zof_drv_uart_open(&cfg);
+    };
+    CHECK(open(0, -1) == nullptr); // no number, no default
+    CHECK(open(0, 256) == nullptr);
+    CHECK(open(34, -1) == nullptr);
+    CHECK(open(35, -1) == nullptr);
     serial_pty pty;
     pty_open(pty, 36);
     zof_hw_get_def_param()[ZOF_HW_UART_PORT] = 36;
-    cfg = settings(0);
-    CHECK(zof_drv_uart_open(&cfg) != nullptr);
-    CHECK(zof_drv_uart_open(nullptr) == nullptr);
+    CHECK(open(0, -1) != nullptr);
     zof_drv_t other = {.type = 9, .port = 36, .context = nullptr};
-    CHECK(zof_drv_uart_send(&other, (const u8 *)"x", 1) == -1);
+    CHECK(send(&other, "x") == -1);
     CHECK(zof_drv_uart_close(&other) == -1);
     CHECK(zof_drv_uart_rev_set_bfun(nullptr, on_message, 0) == -1);
 }
@@ -144,7 +145,6 @@ TEST_CASE("serial: numbers choose the port as told, and what cannot be opened gi
 TEST_CASE("serial: a device that is unplugged and plugged in a hundred times is taken up again each time") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 37);
-    REQUIRE(port);
     zof_drv_uart_rev_set_bfun(port, on_message, 1024);
     for (int i = 0; i < 100; i++) {
         wire_unplug(pty.line);
@@ -158,36 +158,35 @@ TEST_CASE("serial: a device that is unplugged and plugged in a hundred times is 
         }));
     }
     wire_unplug(pty.line);
-    CHECK(eventually([&] { return zof_drv_uart_send(port, (const u8 *)"x", 1) == -1; }));
+    CHECK(eventually([&] { return send(port, "x") == -1; }));
 }
 
 TEST_CASE("serial: a far end that does not read costs a moment once, and the line works when it reads again") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 38);
-    REQUIRE(port);
-    const bytes block(1024, 7);
+    const std::string block(1024, 7);
     s32 result = 0;
     for (int i = 0; i < 100 && result >= 0; i++) {
-        result = zof_drv_uart_send(port, block.data(), (u32)block.size());
+        result = send(port, block);
     }
     CHECK(result == -1);
     const u32 start = zof_sys_time_ms();
     for (int i = 0; i < 50; i++) {
-        zof_drv_uart_send(port, block.data(), (u32)block.size());
+        send(port, block);
     }
     CHECK(zof_sys_time_ms() - start < 1000); // fifty waits would be two and a half seconds
-    while (!pty_read(pty, 4096).empty() && zof_drv_uart_send(port, (const u8 *)"again", 5) != 5) {
+    while (!pty_read(pty, 4096).empty() && send(port, "again") != 5) {
     }
-    CHECK(zof_drv_uart_send(port, (const u8 *)"again", 5) == 5);
+    CHECK(send(port, "again") == 5);
 }
 
 // Milliseconds of the longest of many sends, while `far_end` does what it does.
 static u32 longest_send(zof_drv_t *port, u32 during_ms, const std::function<void()> &far_end) {
-    const bytes frame(200, 7);
+    const std::string frame(200, 7);
     u32 longest = 0;
     for (const u32 start = zof_sys_time_ms(); zof_sys_time_ms() - start < during_ms;) {
         const u32 before = zof_sys_time_ms();
-        zof_drv_uart_send(port, frame.data(), (u32)frame.size());
+        send(port, frame);
         longest = std::max(longest, zof_sys_time_ms() - before);
         far_end();
     }
@@ -197,15 +196,11 @@ static u32 longest_send(zof_drv_t *port, u32 during_ms, const std::function<void
 TEST_CASE("serial: a far end that reads drop by drop, or goes away while the panel sends, never holds the panel up") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 41);
-    REQUIRE(port);
-    size_t lines = 0;
     const std::string log = printed([&] {
         u8 drop;
         CHECK(longest_send(port, 1500, [&] { (void)!read(pty.line.fd, &drop, 1); }) < 500); // 50, and a busy machine
     });
-    for (size_t at = 0; (at = log.find("does not read", at)) != std::string::npos; at++) {
-        lines++;
-    }
+    const size_t lines = count_of(log, "does not read");
     CHECK(lines >= 1);
     CHECK(lines <= 2); // once a second at most
     // The cable goes and comes, again and again, in the middle of it all.
@@ -221,13 +216,12 @@ TEST_CASE("serial: a far end that reads drop by drop, or goes away while the pan
     CHECK(longest_send(port, 2000, [] { usleep(2000); }) < 500);
     over = true;
     far_end.join();
-    CHECK(eventually([&] { return zof_drv_uart_send(port, (const u8 *)"x", 1) == 1; }));
+    CHECK(eventually([&] { return send(port, "x") == 1; }));
 }
 
 TEST_CASE("serial: of what a client has no room for one line tells, once a second at most") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 42);
-    REQUIRE(port);
     zof_drv_uart_rev_set_bfun(port, on_message, 0);
     u32 waited = 0;
     std::string log;
@@ -243,10 +237,7 @@ TEST_CASE("serial: of what a client has no room for one line tells, once a secon
             waited = zof_sys_time_ms() - start;
         });
     }
-    size_t lines = 0;
-    for (size_t at = 0; (at = log.find("bytes are lost", at)) != std::string::npos; at++) {
-        lines++;
-    }
+    const size_t lines = count_of(log, "bytes are lost");
     CHECK(lines >= 1);
     CHECK(lines <= waited / 1000 + 1);
     CHECK(eventually([] { return got_bytes() > 0; }));
@@ -255,7 +246,6 @@ TEST_CASE("serial: of what a client has no room for one line tells, once a secon
 TEST_CASE("serial: closing silences the clients and a later open gives them their voice back") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 39);
-    REQUIRE(port);
     zof_drv_uart_rev_set_bfun(port, on_message, 1024);
     CHECK(zof_drv_uart_close(port) == 0);
     zof_uart_cfg_t cfg = settings(39);
@@ -268,7 +258,6 @@ TEST_CASE("serial: closing silences the clients and a later open gives them thei
 TEST_CASE("serial: a minute at the full rate of the line loses nothing") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 40);
-    REQUIRE(port);
     zof_drv_uart_rev_set_bfun(port, on_message, 1024);
     // As a board fills a line of 115200 baud: bursts with a silence behind each.
     enum { RATE = 11520, PERIOD_MS = 20, SECONDS = 60, BURST = RATE * PERIOD_MS / 1000 };
