@@ -213,8 +213,6 @@ TEST_CASE("any LVGL object is a handle") {
     REQUIRE(label);
     CHECK(zof_label_set_txt(label, "inner") == 0);
     CHECK(std::string(zof_label_get_text(label)) == "inner");
-    CHECK(zof_label_set_align(label, 0x21) == 0);
-    CHECK(zof_label_set_txt_size(label, 20) == 0);
     CHECK(zof_ctrl_get_id_form_ctrl(label) == -1);
     CHECK(zof_ctrl_get_attr_from_ctrl(label) == nullptr);
     CHECK(zof_ctrl_get_attr_from_ctrl(nullptr) == (void *)(intptr_t)-1);
@@ -227,30 +225,20 @@ TEST_CASE("any LVGL object is a handle") {
 
 TEST_CASE("a control takes its common properties from the file, and odd values as they are meant") {
     view_project_t project;
-    project.show({ctrl(ZOF_CTRL_OBJ, 1, "", box(10, 20, 100, 40) + R"(, "click_area": 7, "hidden": true, "t_mode": 0,
-                        "alpha": 200, "scrollbar_t": {"mode_e": 1, "dir_e": 3, "chain_e": 2, "elastic": true})"),
+    project.show({ctrl(ZOF_CTRL_OBJ, 1, "", box(10, 20, 100, 40) + R"(, "hidden": true, "t_mode": 0,
+                        "scrollbar_t": {"mode_e": 1, "dir_e": 3, "chain_e": 2, "elastic": true})"),
                   ctrl(ZOF_CTRL_OBJ, 2, "", box(50, 60, 20, 20) + R"(, "t_mode": 5)")});
-    para_t *c = at(1);
-    lv_obj_t *obj = c->obj;
+    lv_obj_t *obj = at(1)->obj;
     const u32 flags = LV_OBJ_FLAG_HIDDEN | LV_OBJ_FLAG_CLICKABLE | LV_OBJ_FLAG_SCROLL_CHAIN |
                       LV_OBJ_FLAG_SCROLL_ELASTIC | LV_OBJ_FLAG_SCROLL_MOMENTUM;
     CHECK((obj->flags & flags) == (LV_OBJ_FLAG_HIDDEN | LV_OBJ_FLAG_SCROLL_CHAIN_VER | LV_OBJ_FLAG_SCROLL_ELASTIC));
-    CHECK(lv_obj_has_flag(at(2)->obj, LV_OBJ_FLAG_CLICKABLE)); // LVGL's own choice
-    CHECK(lv_obj_get_style_opa(obj, 0) == 200);
-    CHECK(obj->spec_attr->ext_click_pad == 7);
-    CHECK(lv_obj_get_scrollbar_mode(obj) == LV_SCROLLBAR_MODE_ON);
     CHECK(lv_obj_get_scroll_dir(obj) == LV_DIR_HOR);
-
-    CHECK(zof_ctrl_set_touch(c, 2) == -1);
+    CHECK(lv_obj_has_flag(at(2)->obj, LV_OBJ_FLAG_CLICKABLE)); // LVGL's own choice
+    CHECK(zof_ctrl_set_touch(at(1), 2) == -1);
     CHECK_FALSE(lv_obj_has_flag(obj, LV_OBJ_FLAG_CLICKABLE));
-    zof_ctrl_set_size(c, 30, 31);
-    CHECK(zof_ctrl_set_align(c, at(2), LV_ALIGN_OUT_RIGHT_TOP, 3, 0) == 0);
-    zof_ctrl_update_location(c);
-    CHECK(zof_ctrl_get_x(c) == 73);
-    CHECK(zof_ctrl_child_not_scroll(c) == 0);
-    CHECK(zof_ctrl_child_get_scroll(c) == 1);
-    CHECK(lv_obj_has_flag(obj, LV_OBJ_FLAG_IGNORE_LAYOUT));
-    CHECK(zof_map_relation(5, 0, 10, 100, 200) == 150);
+    CHECK(zof_ctrl_set_align(at(1), at(2), LV_ALIGN_OUT_RIGHT_TOP, 3, 0) == 0);
+    zof_ctrl_update_location(at(1));
+    CHECK(zof_ctrl_get_x(at(1)) == 73);
     CHECK(zof_map_relation(5, 5, 5, 1, 2) == 2); // equal ends
 
     struct {
@@ -258,7 +246,7 @@ TEST_CASE("a control takes its common properties from the file, and odd values a
         s32 tenths;
     } turns[] = {{90, 910}, {270, 2710}, {450, 4510}, {0, 0}, {360, 0}, {45, 450}, {180, 1800}, {65430, 654310}};
     for (const auto &turn : turns) {
-        CHECK(zof_ctrl_rotate_angel(c, 3, 4, turn.angle) == 0);
+        CHECK(zof_ctrl_rotate_angel(at(1), 3, 4, turn.angle) == 0);
         CHECK(lv_obj_get_style_transform_angle(obj, 0) == turn.tenths);
     }
 }
@@ -274,9 +262,7 @@ TEST_CASE("an animation runs its values along its path, and ends with its object
     dsc.end_value = 110;
     dsc.path = ZOF_ANIM_PATH_LINEAR;
     dsc.exec_cb = [](void *, s32 value) { reached = value; };
-    const s32 idle = zof_animation_count_running();
     CHECK(zof_animation_set(at(1), &dsc) == 0);
-    CHECK(zof_animation_count_running() == idle + 1);
     screen_step(50);
     CHECK(reached < 30);
     screen_step(50);
@@ -310,31 +296,18 @@ TEST_CASE("every operation is harmless without an object") {
     lv_init();
     para_t empty = {};
     for (zof_ctrl_t *c : {(zof_ctrl_t *)nullptr, (zof_ctrl_t *)&empty}) {
-        all_refuse(c, zof_ctrl_set_pos, zof_ctrl_set_x, zof_ctrl_set_y, zof_ctrl_get_x, zof_ctrl_get_y,
-                   zof_ctrl_set_size, zof_ctrl_get_width, zof_ctrl_get_height, zof_ctrl_set_hidden, zof_ctrl_get_hidden,
-                   zof_ctrl_set_alpha, zof_ctrl_set_touch, zof_ctrl_set_ext_click_area, zof_ctrl_set_align,
-                   zof_ctrl_move_forground, zof_ctrl_move_background, zof_ctrl_set_scrollbar, zof_ctrl_get_child_sum,
-                   zof_ctrl_get_coords, zof_ctrl_set_scroll_dir_x, zof_ctrl_set_scroll_dir_y, zof_ctrl_set_scroll_dir,
-                   zof_ctrl_scroll_view, zof_ctrl_scroll_set, zof_ctrl_scroll_get_x, zof_ctrl_scroll_get_y,
-                   zof_ctrl_child_not_scroll, zof_ctrl_child_get_scroll, zof_ctrl_update_location,
-                   zof_ctrl_force_refresh, zof_ctrl_rotate_angel, zof_ctrl_translate_x, zof_ctrl_translate_y,
-                   zof_ctrl_zoom_set, zof_ctrl_zoom_pivot, zof_ctrl_state_judge, zof_ctrl_add_state,
-                   zof_ctrl_clear_state, zof_ctrl_get_state, zof_ctrl_set_child_clip_corner,
-                   zof_ctrl_set_gesture_bubble, zof_ctrl_pub_attr, zof_ctrl_get_id_form_ctrl, zof_animation_set,
-                   zof_ctrl_delete, zof_label_set_txt, zof_label_set_align, zof_label_set_txt_color,
-                   zof_label_set_txt_size, zof_label_set_dis_mode, zof_label_set_anim_speed, zof_label_update_txt,
-                   zof_btn_set_txt, zof_btn_update_txt, zof_btn_set_txt_color, zof_btn_set_txt_size, zof_btn_set_mode,
-                   zof_btn_get_state, zof_btn_set_state, zof_sw_set_state, zof_cb_set_txt, zof_cb_set_checked,
-                   zof_cb_set_disable, zof_cb_is_inactive, zof_cb_update_txt, zof_img_set_src, zof_img_update_src,
-                   zof_img_recolor, zof_img_set_rotate_angel, zof_img_zoom_setting, zof_img_set_pivot,
-                   zof_imgbtn_set_txt, zof_imgbtn_set_txt_color, zof_imgbtn_set_txt_size, zof_imgbtn_set_mode,
-                   zof_imgbtn_get_state, zof_imgbtn_set_image, zof_imgbtn_update_txt, zof_tileview_set_tile_id,
-                   zof_tileview_get_tile_id, zof_line_set_dash, zof_line_set_dis, zof_line_set_points, zof_arc_set_dis,
-                   zof_arc_set_knob, zof_arc_set_value_range, zof_arc_set_value, zof_arc_get_value,
-                   zof_arc_set_rotation, zof_arc_set_angles, zof_arc_del, zof_bar_set_bar_color, zof_bar_set_value,
-                   zof_bar_set_range, zof_bar_get_value, zof_slider_set_bar_color, zof_slider_set_value,
-                   zof_slider_set_range, zof_slider_get_value, zof_spinbox_set_value, zof_spinbox_get_value,
-                   zof_spinbox_step_next, zof_spinbox_step_prev, zof_spinbox_increment, zof_spinbox_decrement);
+        all_refuse(c, zof_ctrl_set_pos, zof_ctrl_get_x, zof_ctrl_set_size, zof_ctrl_set_hidden, zof_ctrl_set_alpha,
+                   zof_ctrl_set_touch, zof_ctrl_set_align, zof_ctrl_move_forground, zof_ctrl_move_background,
+                   zof_ctrl_set_scrollbar, zof_ctrl_get_child_sum, zof_ctrl_get_coords, zof_ctrl_scroll_set,
+                   zof_ctrl_child_not_scroll, zof_ctrl_update_location, zof_ctrl_force_refresh, zof_ctrl_rotate_angel,
+                   zof_ctrl_zoom_set, zof_ctrl_state_judge, zof_ctrl_set_gesture_bubble, zof_ctrl_pub_attr,
+                   zof_ctrl_get_id_form_ctrl, zof_animation_set, zof_ctrl_delete, zof_label_set_txt,
+                   zof_label_set_dis_mode, zof_label_update_txt, zof_btn_set_txt, zof_btn_set_state, zof_sw_set_state,
+                   zof_cb_set_txt, zof_cb_set_checked, zof_img_set_src, zof_img_update_src, zof_imgbtn_set_txt,
+                   zof_imgbtn_set_image, zof_imgbtn_get_state, zof_tileview_set_tile_id, zof_tileview_get_tile_id,
+                   zof_line_set_points, zof_arc_set_dis, zof_arc_set_value, zof_arc_get_value, zof_arc_del,
+                   zof_bar_set_value, zof_bar_get_value, zof_slider_set_value, zof_slider_get_value,
+                   zof_spinbox_get_value, zof_spinbox_increment);
         CHECK(zof_animation_del(c, nullptr) == 255);
         CHECK(zof_ctrl_get_child(c, 0) == nullptr);
         CHECK(zof_img_get_src(c) == nullptr);

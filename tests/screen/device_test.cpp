@@ -1,4 +1,4 @@
-// Standby, keys that stand for pins, the beeper, the watchdog and the tones of touches.
+// Standby, keys that stand for pins, the beeper and the tones of touches.
 #include "view_project.h"
 
 #include <cmath>
@@ -134,21 +134,6 @@ TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for") {
     const double seconds = 0.5;
     CHECK(std::abs((double)crossings - 2 * 2000 * seconds) < 20);
     CHECK(samples > (size_t)(44100 * seconds * 0.95));
-}
-
-TEST_CASE("watchdog: without a driver every call fails, and a task feeds one that is there") {
-    CHECK(zof_wdt_open() == -1);
-    CHECK(zof_wdt_keepalive() == -1);
-    static u32 fed;
-    static const zof_drv_wdt_ops_t ops = {.keepalive = [] {
-        fed++;
-        return 0;
-    }};
-    screen_open(100, 100);
-    CHECK(zof_drv_wdt_reg(&ops) == 0);
-    zof_task_create([](zof_task_t *) { zof_wdt_keepalive(); }, 500, nullptr);
-    screen_step(5000);
-    CHECK(fed >= 9);
 }
 
 TEST_CASE("tones: flags say which touches sound, and a series counts down") {

@@ -13,6 +13,7 @@
 
 #include <stdlib.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -154,21 +155,16 @@ inline bool screen_same(const screen_picture &got, const screen_picture &want) {
                                   << want.height);
         return false;
     }
-    size_t wrong = 0;
-    size_t first = 0;
-    for (size_t i = 0; i < got.pixels.size(); i++) {
-        if (got.pixels[i] != want.pixels[i]) {
-            first = wrong++ ? first : i;
-        }
+    const auto [wrong, right] = std::mismatch(got.pixels.begin(), got.pixels.end(), want.pixels.begin());
+    if (wrong == got.pixels.end()) {
+        return true;
     }
-    if (wrong) {
-        char text[128];
-        snprintf(text, sizeof(text), "%zu pixels differ, the first at (%d, %d): %06X, wanted %06X", wrong,
-                 (int)(first % (size_t)got.width), (int)(first / (size_t)got.width), got.pixels[first],
-                 want.pixels[first]);
-        MESSAGE(text);
-    }
-    return wrong == 0;
+    const s32 i = (s32)(wrong - got.pixels.begin());
+    char text[128];
+    snprintf(text, sizeof(text), "the first pixel that differs, (%d, %d), is %06X, wanted %06X", i % got.width,
+             i / got.width, *wrong, *right);
+    MESSAGE(text);
+    return false;
 }
 
 inline bool screen_is_golden(const std::string &name) {

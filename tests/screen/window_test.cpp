@@ -133,24 +133,13 @@ TEST_CASE("mouse and finger reach the input device; any window event lifts the f
     }
 }
 
-TEST_CASE("wheel and keyboard have input devices of their own") {
+TEST_CASE("typed text is handed on letter by letter") {
     screen_open(200, 100);
-    SDL_Event wheel = {};
-    wheel.wheel.type = SDL_MOUSEWHEEL;
-    wheel.wheel.y = 3;
-    push(wheel);
-    push(mouse(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_MIDDLE, 0, 0));
-    lv_indev_data_t data = {};
-    sdl_mousewheel_read(nullptr, &data);
-    CHECK(data.enc_diff == -3);
-    CHECK(data.state == LV_INDEV_STATE_PRESSED);
-    sdl_mousewheel_read(nullptr, &data);
-    CHECK(data.enc_diff == 0);
-
     SDL_Event text = {};
     text.text.type = SDL_TEXTINPUT;
     SDL_strlcpy(text.text.text, "a\xC3\xA9", sizeof(text.text.text));
     push(text);
+    lv_indev_data_t data = {};
     std::vector<u32> keys;
     do {
         sdl_keyboard_read(nullptr, &data);
@@ -274,23 +263,6 @@ TEST_CASE("the touch hook tells press, hold and release, and nothing without a p
     screen_step(50);
     zof_touch_get(&now);
     CHECK(now.x == 30);
-}
-
-TEST_CASE("a panel check counts presses and releases") {
-    u32 press = 0;
-    u32 release = 0;
-    CHECK(zof_touch_count_set_irq(1) == -1); // not begun
-    CHECK(zof_touch_count_start() == 0);
-    for (u32 state : {1, 1, 0, 0, 1}) {
-        CHECK(zof_touch_count_set_irq(state) == 0);
-    }
-    CHECK(zof_touch_count_get_irq(&press, &release) == 0);
-    CHECK(press == 3);
-    CHECK(release == 1);
-    zof_touch_count_clear();
-    CHECK(zof_touch_count_set_irq(1) == -1); // clearing stops, too
-    zof_touch_count_free();
-    CHECK(zof_touch_count_get_irq(&press, &release) == -1);
 }
 
 TEST_CASE("the picture's place follows the project's size, turn, margins and mode") {
