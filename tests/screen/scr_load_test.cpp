@@ -2,7 +2,7 @@
 // leaves.
 #include "screen_fixture.h"
 
-enum { W = 100, H = 60, TIME = 200, BY_LVGL = 1000 };
+enum { W = 100, H = 60, TIME = 200, BY_LVGL = 1000, THE_WAY_BACK };
 
 // Two screens of one colour each, and what they were told.
 static lv_obj_t *red;
@@ -39,48 +39,53 @@ static void two_screens() {
     lv_obj_add_event_cb(blue, event_note, LV_EVENT_ALL, nullptr);
 }
 
-static s32 opa(lv_obj_t *scr) {
-    return lv_obj_get_style_opa(scr, 0);
-}
+// How a screen stands: at its place, with its opacity, in its size.
+struct stand {
+    s32 x = 0, y = 0, opa = 255, zoom = 256;
+    bool operator==(const stand &) const = default;
+};
 
-static s32 zoom(lv_obj_t *scr) {
-    return lv_obj_get_style_transform_zoom(scr, 0);
+static stand stand_of(lv_obj_t *scr) {
+    return {lv_obj_get_x(scr), lv_obj_get_y(scr), lv_obj_get_style_opa(scr, 0),
+            lv_obj_get_style_transform_zoom(scr, 0)};
 }
 
 struct expectation {
     u32 transition;
-    s32 in_x, in_y, out_x, out_y; // at the start and the end, in pixels
-    bool over = false;
-    s32 in_opa = 255, out_opa_start = 255, out_opa_end = 255;
-    s32 in_zoom = 256, out_zoom_end = 256;
+    stand in_start, out_end; // where the new screen begins and the old one ends
+    bool over = false;       // the old one is drawn above the new one
+    s32 out_opa_start = 255;
 };
 
 static constexpr expectation table[] = {
-    {ZOF_SCR_LOAD_ANIM_NONE, 0, 0, 0, 0},
-    {ZOF_SCR_LOAD_ANIM_OVER_LEFT, W, 0, 0, 0},
-    {ZOF_SCR_LOAD_ANIM_OVER_RIGHT, -W, 0, 0, 0},
-    {ZOF_SCR_LOAD_ANIM_OVER_TOP, 0, H, 0, 0},
-    {ZOF_SCR_LOAD_ANIM_OVER_BOTTOM, 0, -H, 0, 0},
-    {ZOF_SCR_LOAD_ANIM_MOVE_LEFT, W, 0, -W, 0},
-    {ZOF_SCR_LOAD_ANIM_MOVE_RIGHT, -W, 0, W, 0},
-    {ZOF_SCR_LOAD_ANIM_MOVE_TOP, 0, H, 0, -H},
-    {ZOF_SCR_LOAD_ANIM_MOVE_BOTTOM, 0, -H, 0, H},
-    {ZOF_SCR_LOAD_ANIM_FADE_IN, 0, 0, 0, 0, false, 0, 0, 0},
-    {ZOF_SCR_LOAD_ANIM_FADE_ON, 0, 0, 0, 0, false, 0},
-    {ZOF_SCR_LOAD_ANIM_FADE_OUT, 0, 0, 0, 0, true, 255, 255, 0},
-    {ZOF_SCR_LOAD_ANIM_OUT_LEFT, 0, 0, -W, 0, true},
-    {ZOF_SCR_LOAD_ANIM_OUT_RIGHT, 0, 0, W, 0, true},
-    {ZOF_SCR_LOAD_ANIM_OUT_TOP, 0, 0, 0, -H, true},
-    {ZOF_SCR_LOAD_ANIM_OUT_BOTTOM, 0, 0, 0, H, true},
-    {ZOF_SCR_LOAD_ANIM_IN_ZOOM, 0, 0, 0, 0, false, 255, 255, 255, 1},
-    {ZOF_SCR_LOAD_ANIM_IN_ZOOM_WITH_BG, 0, 0, 0, 0, false, 255, 0, 0, 1},
-    {ZOF_SCR_LOAD_ANIM_OUT_ZOOM, 0, 0, 0, 0, true, 255, 255, 255, 256, 1},
+    {ZOF_SCR_LOAD_ANIM_NONE, {}, {}},
+    {ZOF_SCR_LOAD_ANIM_OVER_LEFT, {W, 0}, {}},
+    {ZOF_SCR_LOAD_ANIM_OVER_RIGHT, {-W, 0}, {}},
+    {ZOF_SCR_LOAD_ANIM_OVER_TOP, {0, H}, {}},
+    {ZOF_SCR_LOAD_ANIM_OVER_BOTTOM, {0, -H}, {}},
+    {ZOF_SCR_LOAD_ANIM_MOVE_LEFT, {W, 0}, {-W, 0}},
+    {ZOF_SCR_LOAD_ANIM_MOVE_RIGHT, {-W, 0}, {W, 0}},
+    {ZOF_SCR_LOAD_ANIM_MOVE_TOP, {0, H}, {0, -H}},
+    {ZOF_SCR_LOAD_ANIM_MOVE_BOTTOM, {0, -H}, {0, H}},
+    {ZOF_SCR_LOAD_ANIM_FADE_IN, {0, 0, 0}, {0, 0, 0}, false, 0},
+    {ZOF_SCR_LOAD_ANIM_FADE_ON, {0, 0, 0}, {}},
+    {ZOF_SCR_LOAD_ANIM_FADE_OUT, {}, {0, 0, 0}, true},
+    {ZOF_SCR_LOAD_ANIM_OUT_LEFT, {}, {-W, 0}, true},
+    {ZOF_SCR_LOAD_ANIM_OUT_RIGHT, {}, {W, 0}, true},
+    {ZOF_SCR_LOAD_ANIM_OUT_TOP, {}, {0, -H}, true},
+    {ZOF_SCR_LOAD_ANIM_OUT_BOTTOM, {}, {0, H}, true},
+    {ZOF_SCR_LOAD_ANIM_IN_ZOOM, {0, 0, 255, 1}, {}},
+    {ZOF_SCR_LOAD_ANIM_IN_ZOOM_WITH_BG, {0, 0, 255, 1}, {0, 0, 0}, false, 0},
+    {ZOF_SCR_LOAD_ANIM_OUT_ZOOM, {}, {0, 0, 255, 1}, true},
 };
 
 // Half way: the middle of both ends, two frames more or less.
-static void check_middle(s32 at, s32 from, s32 to) {
-    CHECK(at >= (from + to) / 2 - abs(to - from) / 5 - 1);
-    CHECK(at <= (from + to) / 2 + abs(to - from) / 5 + 1);
+static void check_middle(const stand &got, const stand &from, const stand &to) {
+    const s32 rows[][3] = {
+        {got.x, from.x, to.x}, {got.y, from.y, to.y}, {got.opa, from.opa, to.opa}, {got.zoom, from.zoom, to.zoom}};
+    for (const auto &[value, start, end] : rows) {
+        CHECK(abs(value - (start + end) / 2) <= abs(end - start) / 5 + 1);
+    }
 }
 
 TEST_CASE("each transition moves, fades and zooms both screens between its two ends") {
@@ -92,34 +97,21 @@ TEST_CASE("each transition moves, fades and zooms both screens between its two e
         events.clear();
         load(blue, e.transition, TIME);
         lv_obj_update_layout(blue);
-        CHECK(lv_obj_get_x(blue) == e.in_x);
-        CHECK(lv_obj_get_y(blue) == e.in_y);
-        CHECK(opa(blue) == e.in_opa);
-        CHECK(zoom(blue) == e.in_zoom);
+        CHECK(stand_of(blue) == e.in_start);
         CHECK(lv_scr_act() == red);
 
         screen_step(TIME / 2);
         CHECK(lv_scr_act() == blue);
         CHECK(disp->prev_scr == red);
         CHECK((disp->draw_prev_over_act != 0) == e.over);
-        check_middle(lv_obj_get_x(blue), e.in_x, 0);
-        check_middle(lv_obj_get_y(blue), e.in_y, 0);
-        check_middle(lv_obj_get_x(red), 0, e.out_x);
-        check_middle(lv_obj_get_y(red), 0, e.out_y);
-        check_middle(opa(blue), e.in_opa, 255);
-        check_middle(opa(red), e.out_opa_start, e.out_opa_end);
-        check_middle(zoom(blue), e.in_zoom, 256);
-        check_middle(zoom(red), 256, e.out_zoom_end);
+        check_middle(stand_of(blue), e.in_start, {});
+        check_middle(stand_of(red), {0, 0, e.out_opa_start}, e.out_end);
 
         screen_step(TIME / 2 + 40);
         CHECK(disp->prev_scr == nullptr);
         CHECK(!disp->draw_prev_over_act);
-        for (lv_obj_t *scr : {red, blue}) {
-            CHECK(lv_obj_get_x(scr) == 0);
-            CHECK(lv_obj_get_y(scr) == 0);
-            CHECK(opa(scr) == 255);
-            CHECK(zoom(scr) == 256);
-        }
+        CHECK(stand_of(red) == stand());
+        CHECK(stand_of(blue) == stand());
         CHECK(events == "red unload blue load blue loaded red unloaded ");
         CHECK(screen_pixel(W / 2, H / 2) == 0x0000FF);
     }
@@ -193,8 +185,7 @@ TEST_CASE("paths that overshoot stay within what opacity and zoom can be") {
         for (u32 t = 0; t < TIME; t += SCREEN_STEP_MS) {
             screen_step(SCREEN_STEP_MS);
             for (lv_obj_t *scr : {red, blue}) {
-                CHECK(zoom(scr) >= 1);
-                CHECK(zoom(scr) <= 400);
+                CHECK(abs(stand_of(scr).zoom - 200) < 200);
             }
         }
         screen_step(50);
@@ -209,12 +200,12 @@ TEST_CASE("an interrupted transition ends first, and the panel takes presses aga
         green, [](lv_event_t *) { presses++; }, LV_EVENT_PRESSED, nullptr);
     const struct {
         u32 first, delay; // from red to blue
-        u32 next, time;   // then to green, by LVGL itself where the transition is BY_LVGL
+        u32 next, time;   // then to green, two of them in a way of their own
         const char *told; // until then
     } rows[] = {
         {ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 0, ZOF_SCR_LOAD_ANIM_OUT_ZOOM, TIME,
          "red unload blue load blue loaded red unloaded blue unload "},
-        {ZOF_SCR_LOAD_ANIM_FADE_OUT, 0, ZOF_SCR_LOAD_ANIM_FADE_OUT, TIME, nullptr},
+        {ZOF_SCR_LOAD_ANIM_FADE_OUT, 0, THE_WAY_BACK, 0, nullptr},
         {ZOF_SCR_LOAD_ANIM_FADE_IN, 0, ZOF_SCR_LOAD_ANIM_NONE, 0, nullptr},
         {ZOF_SCR_LOAD_ANIM_FADE_IN, 500, ZOF_SCR_LOAD_ANIM_NONE, 0,
          "red unload red unload blue load blue loaded red unloaded blue unload blue unloaded "},
@@ -231,6 +222,11 @@ TEST_CASE("an interrupted transition ends first, and the panel takes presses aga
         screen_step(TIME / 2);
         if (row.next == BY_LVGL) {
             lv_disp_load_scr(green);
+        } else if (row.next == THE_WAY_BACK) {
+            load(red, row.first, TIME);
+            screen_step(TIME + 50);
+            CHECK(lv_scr_act() == red);
+            load(green);
         } else {
             load(green, row.next, row.time);
         }
@@ -240,8 +236,7 @@ TEST_CASE("an interrupted transition ends first, and the panel takes presses aga
         CHECK(lv_disp_get_scr_prev(nullptr) == nullptr);
         CHECK(screen_pixel(50, 30) == 0x00FF00);
         for (lv_obj_t *scr : {red, blue, green}) {
-            CHECK(opa(scr) == 255);
-            CHECK(zoom(scr) == 256);
+            CHECK(stand_of(scr) == stand());
         }
         screen_click(50, 30);
         CHECK(presses == 1);
@@ -253,7 +248,7 @@ TEST_CASE("a screen keeps its own opacity, and what cannot be loaded changes not
     lv_obj_set_style_opa(blue, 128, 0);
     load(blue, ZOF_SCR_LOAD_ANIM_FADE_ON, TIME);
     screen_step(TIME + 50);
-    CHECK(opa(blue) == 128);
+    CHECK(stand_of(blue).opa == 128);
 
     events.clear();
     load(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME); // shown already
