@@ -79,7 +79,6 @@ static void controls_up(panel &p) {
     p.project.image("red.png", 20, 20, 0xFF0000);
     p.project.image("blue.png", 20, 20, 0x0000FF);
     panel_up(p, R"(, "resend_en": 1)", "", one_of_each());
-    power_on(p);
 }
 
 static u32 text_color(lv_obj_t *of) {

@@ -37,6 +37,7 @@ inline void panel_up(panel &p, const std::string &link, const std::string &more 
     win_rtc_init();
     zof_func_pwon();
     REQUIRE(zof_hmi_init() == 0);
+    CHECK(pty_read(p.pty, 8) == bytes{0x5A, 0xA5, 0x05, 0x11, 0xB0, 0x01, 0xAA, 0xBB}); // "switched on"
 }
 
 inline bytes frame(u8 op, const bytes &payload) {
@@ -99,10 +100,6 @@ inline void answers(panel &p, const bytes &request, const bytes &answer) {
 inline void silent(panel &p) {
     usleep(3 * GAP_MS * 1000);
     answers(p, get({0xB0, 0x01}), get({0xB0, 0x01, 0xAA, 0xBB}));
-}
-
-inline void power_on(panel &p) {
-    CHECK(pty_read(p.pty, 8) == bytes{0x5A, 0xA5, 0x05, 0x11, 0xB0, 0x01, 0xAA, 0xBB});
 }
 
 #endif
