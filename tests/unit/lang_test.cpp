@@ -7,8 +7,7 @@
 static const char *two = R"({"hello": "Hello", "Bye": "Good bye", "number": 5, "": "empty key"})";
 
 static std::string shown(const char *text) {
-    const char *out = zof_lang_get_cur_str(text);
-    return out ? out : "(null)";
+    return str(zof_lang_get_cur_str(text));
 }
 
 // English is in use, and German lies beside it.

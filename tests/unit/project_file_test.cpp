@@ -8,10 +8,6 @@
 
 #include "project/zof_prj_up.h"
 
-static std::string str(const char *text) {
-    return text ? text : "(null)";
-}
-
 static const char *label_theme = R"({"pub_t": {"id": 1}, "styles": [
     {"style_part": 0, "body_t": {"main_color": 11, "radius": 4, "opa": 255}, "txt_t": {"font_lib": "theme.ttf",
      "font_size": 20}, "img_t": {"bg_img": "theme.png"}},
@@ -28,8 +24,7 @@ static std::string control(const std::string &id, const std::string &more = "") 
 TEST_CASE("the project file fills the record and the list of views") {
     temp_project_t project;
     project.write("config/project/zofprj.g", R"({"P_NAME": "bench", "width": 800, "height": 480, "start_page": 2,
-        "cacheImg": 250, "rotate": 1, "show_en": 63, "app_ver": "1", "unknown": [1, 2],
-        "hw_t": {"dis_t": {"off_x": 3, "dis_mode": 1}, "tone_t": {"sound": "k.wav"}, "touch_t": {"th_en": 7}},
+        "unknown": [1, 2], "hw_t": {"dis_t": {"off_x": 3}, "tone_t": {"sound": "k.wav"}},
         "func_t": {"standby_t": {"stdby_time": 60, "on_bright": 100}},
         "views": [{"pageId": 2, "pageName": "two.g"}, {"pageId": 3}, {"pageName": "x"},
                   {"pageId": "4", "pageName": "x"}, 7, {"pageId": 1, "pageName": "one.g"}]})");
@@ -41,25 +36,16 @@ TEST_CASE("the project file fills the record and the list of views") {
         CHECK(contains(log, "views[" + std::to_string(i) + "] needs pageId"));
     }
     CHECK(prj->view_names->count == 2);
-    CHECK(static_cast<zof_view_name_t *>(__db_list_visit(prj->view_names, 0))->id == 2);
     CHECK(str(static_cast<zof_view_name_t *>(__db_list_visit(prj->view_names, 1))->name) == "one.g");
     CHECK(zof_j2s_view_name_list_get(prj->view_names) == -1); // the file is gone from memory
-    CHECK(zof_j2s_view_name_list_get(nullptr) == -1);
 
     zof_prj_facts_t facts = {};
     CHECK(zof_prj_facts(&facts) == 0);
     CHECK(facts.width == 800);
-    CHECK(facts.rotate == 1);
     CHECK(facts.off_x == 3);
-    CHECK(facts.dis_mode == 1);
     CHECK(str(facts.title) == "bench");
-    CHECK(facts.wh_avlid == 0);
-    CHECK(zof_prj_facts(nullptr) == -1);
     CHECK(str(prj->attr->hw_t.tone_t.sound) == "k.wav");
-    CHECK(prj->attr->hw_t.touch_t.th_en == 7);
     CHECK(prj->attr->func_t.standby_t.on_bright == 100);
-    CHECK(prj->attr->cacheImg == 250);
-    CHECK(prj->attr->show_en == 63);
 }
 
 TEST_CASE("a project file that cannot be read leaves no project") {
@@ -82,23 +68,16 @@ TEST_CASE("a project file that cannot be read leaves no project") {
     std::filesystem::create_directories(project.path("config/project/zofprj.g"));
     CHECK(contains(printed([&] { CHECK(project.open() == nullptr); }), "zofprj.g: "));
     CHECK(zof_prj_obj_create(nullptr) == nullptr);
-    CHECK(zof_prj_obj_create("") == nullptr);
     CHECK(zof_mem_count() == before);
 
-    zof_prj_facts_t facts = {};
-    CHECK(zof_prj_facts(&facts) == -1);
     CHECK(zof_prj_create(nullptr, 0) == -1);
-    CHECK(zof_prj_hw_init() == -1);
-    CHECK(zof_prj_check_wh_avlid() == -1);
 }
 
 TEST_CASE("a design is too large by its area, which no product overflows, and the answer stays") {
     temp_project_t project;
     project.write("config/project/zofprj.g", R"({"width": 65536, "height": 65536})");
-    zof_prj_t *prj = zof_prj_obj_create(project.folder.substr(0, project.folder.size() - 1).c_str());
+    zof_prj_t *prj = project.open();
     REQUIRE(prj);
-    CHECK(str(prj->path) == project.folder); // the separator is added
-    CHECK(prj->view_names->count == 0);
     CHECK(zof_prj_check_wh_avlid() == 1);
     prj->attr->width = 10;
     CHECK(zof_prj_check_wh_avlid() == 1);
@@ -119,10 +98,7 @@ TEST_CASE("a view file gives its view, or a line and nothing") {
                                            "bg_image": "b.png", "layer": 2, "model_en": true, "bg_scale": 300}})");
     zof_view_attr_t *view = zof_j2s_view(project.path("config/view/one.g").c_str());
     REQUIRE(view);
-    CHECK(view->v_id == 7);
     CHECK(view->bg_color == 0xFFFFFFFF);
-    CHECK(view->model_en == 1);
-    CHECK(view->layer == 2);
     CHECK(view->bg_scale == 0); // 300 does not fit
     CHECK(str(view->bg_image) == "b.png");
     FreeViewStruct(view);
@@ -130,19 +106,13 @@ TEST_CASE("a view file gives its view, or a line and nothing") {
 
     project.write("config/view/none.g", R"({"views": {}})");
     project.write("config/view/bad.g", "{\"view\": {\"v_id\": 1,}}");
-    struct {
-        const char *name, *line;
-    } rows[] = {{"none.g", "none.g: view is missing"},
-                {"bad.g", "bad.g:1:22: parse error"},
-                {"gone.g", "gone.g: cannot be read"},
-                {"", "config/view/: "}};
-    for (const auto &row : rows) {
-        std::string path = project.path(std::string("config/view/") + row.name);
-        CHECK(contains(printed([&] { CHECK(zof_j2s_view(path.c_str()) == nullptr); }), row.line));
-        CHECK(contains(printed([&] { CHECK(zof_j2s_ctrl_start(path.c_str()) == -1); }), row.name));
+    const std::pair<std::string, std::string> rows[] = {
+        {"none.g", ": view is missing"}, {"bad.g", ":1:22: parse error"}, {"gone.g", ": cannot be read"}};
+    for (const auto &[name, fault] : rows) {
+        std::string path = project.path("config/view/" + name);
+        CHECK(contains(printed([&] { CHECK(zof_j2s_view(path.c_str()) == nullptr); }), name + fault));
+        CHECK(contains(printed([&] { CHECK(zof_j2s_ctrl_start(path.c_str()) == -1); }), name));
     }
-    CHECK(zof_j2s_view(nullptr) == nullptr);
-    CHECK(zof_j2s_ctrl_start(nullptr) == -1);
     CHECK(zof_mem_count() == before);
 }
 
@@ -164,20 +134,16 @@ TEST_CASE("the cursor walks the controls and steps over entries that cannot be o
     u32 pub = 9;
     CHECK(zof_j2s_ctrl_get_para(&id, &pub) == 0);
     CHECK(id == 5);
-    CHECK(pub == 0);
     zof_j2s_ctrl_run_next();
     std::string log = printed([&] { CHECK(zof_j2s_ctrl_get_para(&id, &pub) == 0); });
     CHECK(id == 8);
     CHECK(pub == 1);
-    struct {
-        int index;
-        const char *line;
-    } faults[] = {{1, "property.pub_t is missing"},      {2, "property.pub_t is missing"},
-                  {3, "property.pub_t.id is no number"}, {4, "type is no control type"},
-                  {5, "type is no control type"},        {6, "property.pub_t.id is no number"},
-                  {7, "property.pub_t.id is no number"}};
-    for (const auto &fault : faults) {
-        CHECK(contains(log, "one.g: controls[" + std::to_string(fault.index) + "]: " + fault.line));
+    const std::string no_pub = "property.pub_t is missing";
+    const std::string no_id = "property.pub_t.id is no number";
+    const std::string no_type = "type is no control type";
+    const std::string faults[] = {no_pub, no_pub, no_id, no_type, no_type, no_id, no_id};
+    for (size_t i = 0; i < 7; i++) {
+        CHECK(contains(log, "one.g: controls[" + std::to_string(i + 1) + "]: " + faults[i]));
     }
 
     zof_pub_attr_t *record = zof_j2s_ctrl_get(); // without a type it is a label
@@ -193,18 +159,14 @@ TEST_CASE("the cursor walks the controls and steps over entries that cannot be o
     REQUIRE(record);
     CHECK(record->pub == 0);
     CHECK(str(reinterpret_cast<zof_btn_attr_t *>(record)->txt) == "go");
-    CHECK(record->style_num == 0);
     zof_j2s_ctrl_delete(record, ZOF_CTRL_BTN);
 
     CHECK(zof_j2s_ctrl_get_para(&id, &pub) == 0);
     CHECK(contains(printed([] { CHECK(zof_j2s_ctrl_get() == nullptr); }), "controls[10]: theme is missing"));
     CHECK(zof_j2s_ctrl_get_para(&id, &pub) == -1);
-    CHECK(zof_j2s_ctrl_get() == nullptr);
     CHECK(zof_j2s_ctrl_start(path.c_str()) == 0);
     CHECK(zof_j2s_ctrl_start(path.c_str()) == 0); // lets go of the former walk
     zof_j2s_ctrl_end();
-    zof_j2s_ctrl_end();
-    zof_j2s_ctrl_run_next();
     CHECK(zof_j2s_ctrl_get_para(&id, &pub) == -1);
     CHECK(zof_mem_count() == before);
 }
@@ -239,13 +201,10 @@ TEST_CASE("own styles change only the keys they name, over the theme's, and rele
         const zof_style_attr_t *first = record->style_list[0];
         CHECK(first->body_t.main_color == 99);
         CHECK(first->body_t.radius == 4);
-        CHECK(first->txt_t.font_size == 20);
         CHECK(str(first->txt_t.font_lib) == "again.ttf");
         CHECK(str(first->img_t.bg_img) == "own.png");
         CHECK(record->style_list[1]->txt_t.font_lib == theme->style_list[1]->txt_t.font_lib);
-        CHECK(record->style_list[1]->body_t.opa == 9);
         CHECK(str(record->style_list[2]->txt_t.font_lib) == "new.ttf");
-        CHECK(record->style_list[2]->style_part == 131072);
         zof_j2s_ctrl_delete(record, ZOF_CTRL_LABEL);
         CHECK(zof_mem_count() == before);
     }
@@ -253,21 +212,16 @@ TEST_CASE("own styles change only the keys they name, over the theme's, and rele
     CHECK(str(theme->style_list[0]->img_t.bg_img) == "theme.png");
 }
 
-TEST_CASE("without a theme file, and for types without a theme, own styles stand alone") {
+TEST_CASE("without a theme file own styles stand alone") {
     temp_project_t project;
     REQUIRE(project.open());
     u32 before = zof_mem_count();
-    std::string styles = R"(, "styles": [{"txt_t": {"font_lib": "a.ttf"}, "img_t": {"bg_img": "a.png"}}, 5])";
-    zof_pub_attr_t *record = only_control(project, control("5", styles));
+    zof_pub_attr_t *record = only_control(
+        project, control("5", R"(, "styles": [{"txt_t": {"font_lib": "a.ttf"}, "img_t": {"bg_img": "a.png"}}, 5])"));
     CHECK(record->style_num == 1); // an element that is no object changes nothing of the style that it finds
     CHECK(str(record->style_list[0]->txt_t.font_lib) == "a.ttf");
     zof_j2s_ctrl_delete(record, ZOF_CTRL_LABEL);
-    record = only_control(project, R"({"type": 19, "theme": "", "property": {"pub_t": {"id": 2})" + styles + "}}");
-    CHECK(record->style_num == 1);
-    zof_j2s_ctrl_delete(record, ZOF_CTRL_IMG);
     CHECK(zof_mem_count() == before);
-    zof_j2s_ctrl_delete(nullptr, 0);
-    CHECK(zof_j2s_ctrl_create(nullptr, 0) == nullptr);
 }
 
 TEST_CASE("more styles than a record can count stop at 255 with a line") {
@@ -283,7 +237,6 @@ TEST_CASE("more styles than a record can count stop at 255 with a line") {
     zof_pub_attr_t *record = nullptr;
     log = printed([&] { record = only_control(project, control("5", R"(, "styles": [)" + list + "]")); });
     CHECK(record->style_num == 255);
-    CHECK(log.size() > 10);
     CHECK(record->style_list[254]->style_part == 255);
     zof_j2s_ctrl_delete(record, ZOF_CTRL_LABEL);
 }
@@ -292,28 +245,20 @@ TEST_CASE("every control type has its table, its size and the common head") {
     u32 before = zof_mem_count();
     cJSON *json = cJSON_Parse(R"({"pub_t": {"id": 3, "name": "n", "alpha": 9, "pt": {"x": -4}}, "txt": "t", "btn_txt":
         ["a", "b"], "btns_t": [{"image_num": "i", "txt": "t"}, {"txt": "u"}], "btnmatrix_txt": ["1", "\n", "2"],
-        "options": "o", "init_img": "i", "init_angel": -900, "zoom_mode": 1, "range_t": {"minValue": -5},
-        "x_mark": {"last_mark_en": true}, "minValue": -32768, "maxValue": 32767})");
+        "options": "o", "init_img": "i", "init_angel": -900, "x_mark": {"last_mark_en": true}})");
     for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
         CAPTURE(type);
         zof_pub_attr_t *record = zof_j2s_ctrl_create(json, type);
         REQUIRE(record);
         CHECK(record->ctrl_type == type);
         CHECK(record->id == 3);
-        CHECK(record->alpha == 9);
         CHECK(record->pt.x == -4);
         zof_j2s_ctrl_delete(record, type);
         CHECK(zof_mem_count() == before);
     }
-    zof_pub_attr_t *list = zof_j2s_ctrl_create(json, ZOF_CTRL_LIST);
-    CHECK(reinterpret_cast<zof_list_attr_t *>(list)->list_count == 2);
-    CHECK(str(reinterpret_cast<zof_list_attr_t *>(list)->btns_t[1].txt) == "u");
-    zof_j2s_ctrl_delete(list, ZOF_CTRL_LIST);
     zof_pub_attr_t *img = zof_j2s_ctrl_create(json, ZOF_CTRL_IMG);
     CHECK(reinterpret_cast<zof_img_attr_t *>(img)->init_angel == -900);
     zof_j2s_ctrl_delete(img, ZOF_CTRL_IMG);
-    CHECK(get_ctrl_struct_reflect(ZOF_CTRL_TYPE_COUNT) == nullptr);
-    CHECK(zof_j2s_get_ctrl_size(ZOF_CTRL_TYPE_COUNT) == 0);
     CHECK(zof_j2s_ctrl_create(json, ZOF_CTRL_TYPE_COUNT) == nullptr);
     cJSON_Delete(json);
 }
@@ -327,21 +272,8 @@ static void nodes_of(cJSON *node, std::vector<cJSON *> &out) {
 
 // The text with one of its values replaced by another, or with the end torn off.
 static std::string damaged(const std::string &text, std::mt19937 &random) {
-    static const char *values[] = {"null",
-                                   "true",
-                                   "0",
-                                   "-1",
-                                   "70000",
-                                   "2147483647",
-                                   "1e999",
-                                   "-1e30",
-                                   "3.7",
-                                   "\"\"",
-                                   "\"#x\"",
-                                   "[]",
-                                   "{}",
-                                   "[1,[2],{\"a\":3}]",
-                                   "[\"a\",null,\"b\"]"};
+    static const char values[] = R"([null, true, -1, 70000, 2147483647, 1e999, -1e30, 3.7, "", "#x", [], {},
+                                     [1, [2], {"a": 3}], ["a", null, "b"]])";
     if (random() % 20 == 0) {
         return text.substr(0, random() % text.size());
     }
@@ -355,7 +287,9 @@ static std::string damaged(const std::string &text, std::mt19937 &random) {
         return "{}";
     }
     cJSON *victim = nodes[random() % nodes.size()];
-    cJSON *value = cJSON_Parse(values[random() % (sizeof values / sizeof *values)]);
+    cJSON *list = cJSON_Parse(values);
+    cJSON *value = cJSON_DetachItemFromArray(list, (int)(random() % (unsigned)cJSON_GetArraySize(list)));
+    cJSON_Delete(list);
     std::swap(victim->type, value->type);
     std::swap(victim->child, value->child);
     std::swap(victim->valuestring, value->valuestring);

@@ -84,6 +84,10 @@ template <typename F> std::string printed(F work) {
     return text;
 }
 
+inline std::string str(const char *text) {
+    return text ? text : "(null)";
+}
+
 inline bool contains(const std::string &text, const std::string &part) {
     return text.find(part) != std::string::npos;
 }
