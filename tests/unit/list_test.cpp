@@ -96,7 +96,5 @@ TEST_CASE("nodes go, data stays, and null is harmless") {
     CHECK(sum == 150);
     CHECK(zof_mem_count() == before);
     __db_list_destory(nullptr, nullptr);
-    CHECK(__db_list_put_tail(nullptr, &values[0]) == -1);
     CHECK(__db_list_search(nullptr, &values[0]) == -1);
-    CHECK(get_current_data(nullptr) == nullptr);
 }
