@@ -1,12 +1,5 @@
-// Bytes, texts and periodic tasks.
+// Numbers in texts, and periodic tasks.
 #include "zof_test.h"
-
-TEST_CASE("an odd number of bytes turns round, and a word swaps its inner or all its bytes") {
-    u8 odd[] = {1, 2, 3};
-    byte_rev(odd, 3);
-    CHECK(odd[0] + odd[1] * 10 + odd[2] * 100 == 123);
-    CHECK(zof_rev16(0x11223344) == 0x11224433);
-}
 
 TEST_CASE("a number stops at the first character that is none and saturates") {
     const struct {
