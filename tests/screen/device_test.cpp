@@ -58,7 +58,6 @@ TEST_CASE("standby: without a time nothing happens by itself, and requests follo
     times = {}; // the caller's record may go
     screen_step(30000);
     CHECK(zof_func_stdby_get_statue() == ZOF_STDBY_NORMAL);
-    CHECK(zof_func_stdby_set_statue(ZOF_STDBY_NORMAL) == -1);
     CHECK(zof_func_stdby_set_statue(ZOF_STDBY_DIMMED) == 0);
     CHECK(sdl_bright_get() == 30 * 255 / 100);
     screen_step(3000);

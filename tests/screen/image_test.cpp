@@ -60,9 +60,7 @@ TEST_CASE("an image button shows the picture of its state, in the middle of its 
     CHECK(screen_pixel(130, 130) == BLUE);
     CHECK(zof_imgbtn_set_image(at(1), 0, "red.png") == 0);
     CHECK(screen_pixel(130, 130) == RED);
-    CHECK(zof_imgbtn_set_mode(at(1), 6) == -1);
     CHECK(zof_imgbtn_set_image(at(1), 6, "red.png") == -1);
-    CHECK(zof_imgbtn_set_txt_color(at(1), 0xFF00FF, 6) == -1);
     screen_click(210, 110); // drawn without a picture, and checkable all the same
 }
 

@@ -38,7 +38,6 @@ TEST_CASE("the overlay comes after half a second, its text after a second, and i
     lv_obj_update_layout(cont);
     CHECK(lv_obj_get_y2(cont) == 240);
     CHECK(abs(2 * lv_obj_get_x(cont) + lv_obj_get_width(cont) - 320) <= 1);
-    CHECK(!lv_obj_has_flag(cont, LV_OBJ_FLAG_CLICKABLE));
 
     lv_obj_t *next = lv_obj_create(nullptr);
     zof_scr_load_anim(next, 0, 0, 0, lv_anim_path_linear);

@@ -133,24 +133,6 @@ TEST_CASE("mouse and finger reach the input device; any window event lifts the f
     }
 }
 
-TEST_CASE("typed text is handed on letter by letter") {
-    screen_open(200, 100);
-    SDL_Event text = {};
-    text.text.type = SDL_TEXTINPUT;
-    SDL_strlcpy(text.text.text, "a\xC3\xA9", sizeof(text.text.text));
-    push(text);
-    lv_indev_data_t data = {};
-    std::vector<u32> keys;
-    do {
-        sdl_keyboard_read(nullptr, &data);
-        if (data.state == LV_INDEV_STATE_PRESSED) {
-            keys.push_back(data.key);
-        }
-    } while (data.continue_reading);
-    REQUIRE(keys.size() == 2);
-    CHECK(keys[0] == 'a');
-}
-
 TEST_CASE("a click that is over before the widgets look is still a click") {
     screen_open(200, 100);
     static s32 clicks;
@@ -254,15 +236,6 @@ TEST_CASE("the touch hook tells press, hold and release, and nothing without a p
         CHECK(now.y == t.y);
     }
     drv->rotated = LV_DISP_ROT_NONE;
-
-    zof_drv_touch_pause(1);
-    screen_press(30, 30);
-    zof_touch_get(&now);
-    CHECK(now.x == 10);
-    zof_drv_touch_pause(0);
-    screen_step(50);
-    zof_touch_get(&now);
-    CHECK(now.x == 30);
 }
 
 TEST_CASE("the picture's place follows the project's size, turn, margins and mode") {
@@ -307,21 +280,4 @@ TEST_CASE("the picture's place follows the project's size, turn, margins and mod
         CHECK(size.w == p.w);
         CHECK(size.h == p.h);
     }
-
-    d->size_w = 160;
-    d->size_h = 120;
-    prj->attr->width = 320;
-    const struct {
-        u32 rotate;
-        s32 x, y;
-    } touches[] = {{0, 80, 60}, {3, (160 - 40 - 1) * 240 / 160, (120 - 30 - 1) * 320 / 120}};
-    for (const auto &t : touches) {
-        prj->attr->rotate = t.rotate;
-        zof_point_t p = {40, 30};
-        CHECK(zof_touch_rotate(&p) == 0);
-        CHECK(p.x == t.x);
-        CHECK(p.y == t.y);
-    }
-    zof_point_t outside = {161, 0};
-    CHECK(zof_touch_rotate(&outside) == -1);
 }
