@@ -26,7 +26,8 @@ TEST_CASE("what cannot be built is told and left out, and the view goes on") {
     CHECK(at(5)->attr->ctrl_type == ZOF_CTRL_LABEL);
     CHECK(lv_obj_get_parent(at(6)->obj) == at(5)->obj);
     CHECK(zof_view_list_get(1)->ctrl_list->count == 3);
-    CHECK(zof_ctrl_list_create(zof_view_list_get(1)) == 0); // complete: nothing happens
+    CHECK(zof_ctrl_list_create(zof_view_list_get(1)) == 0);             // complete: nothing happens
+    CHECK(zof_ctrl_create(lv_scr_act(), at(5), at(5)->attr, 30) == -1); // above the table of types
 }
 
 TEST_CASE("parents are found in the file's order, at the latest at the next walk, and never within themselves") {
@@ -182,6 +183,7 @@ TEST_CASE("deleting a control leaves an empty record, and its children's records
     }
     CHECK(at(3) == child);
     CHECK(zof_label_set_txt(child, "y") == -1);
+    CHECK(zof_ctrl_txt_update() == 0);
     CHECK(zof_ctrl_delete(at(1)) == -1);
     CHECK(zof_ctrl_show(1, 1) == at(1)); // nothing is left to make it from
 

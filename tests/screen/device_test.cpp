@@ -1,4 +1,4 @@
-// Standby, keys that stand for pins, the beeper and the tones of touches.
+// Standby, keys that stand for pins, the beeper, the clock and the tones of touches.
 #include "view_project.h"
 
 #include <cmath>
@@ -58,6 +58,7 @@ TEST_CASE("standby: without a time nothing happens by itself, and requests follo
     times = {}; // the caller's record may go
     screen_step(30000);
     CHECK(zof_func_stdby_get_statue() == ZOF_STDBY_NORMAL);
+    CHECK(zof_func_stdby_set_statue(ZOF_STDBY_NORMAL) == -1);
     CHECK(zof_func_stdby_set_statue(ZOF_STDBY_DIMMED) == 0);
     CHECK(sdl_bright_get() == 30 * 255 / 100);
     screen_step(3000);
@@ -112,6 +113,7 @@ TEST_CASE("keys: a key stands for a pin, edges and modes choose what is heard, r
     CHECK(key_event(SDL_KEYDOWN, 'z') == " key122=1"); // tied to nothing
     CHECK(zof_win_key_sim_gpio_reg(1, 2, 'b') == 0);   // a pin is found by its number: pin 3 keeps its own key
     CHECK(zof_gpio_readInputPin(1, 3) == 0);
+    CHECK(zof_gpio_setPin(1, 2, 1) == -1);
 }
 
 TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for") {
@@ -133,6 +135,16 @@ TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for") {
     const double seconds = 0.5;
     CHECK(std::abs((double)crossings - 2 * 2000 * seconds) < 20);
     CHECK(samples > (size_t)(44100 * seconds * 0.95));
+    CHECK(zof_beep_off() == -1);
+}
+
+TEST_CASE("clock: setting it changes nothing") {
+    win_rtc_init();
+    const zof_rtc_time_t past = {2001, 2, 3, 4, 5, 6};
+    CHECK(zof_rtc_set_time(&past) == 0);
+    zof_rtc_time_t now = {};
+    CHECK(zof_rtc_get_time(&now) == 0);
+    CHECK(now.year >= 2024);
 }
 
 TEST_CASE("tones: flags say which touches sound, and a series counts down") {

@@ -33,6 +33,7 @@ TEST_CASE("an image is shown at its size, once in the middle, or all over its bo
     CHECK(screen_pixel(10, 10) == RED);
     CHECK(zof_img_set_src(at(1), "\x05:x") == 0); // would be read as a picture in memory
     CHECK(screen_pixel(10, 10) == 0);
+    CHECK(zof_img_get_src_type("\xC3\xA4") == 0);
     CHECK(zof_img_recolor(at(3), GREEN, 255) == 0);
     CHECK(screen_pixel(210, 10) == GREEN);
 }

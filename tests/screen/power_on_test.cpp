@@ -87,6 +87,24 @@ TEST_CASE("nothing is shown without a bit of its own, and a missing version is n
     CHECK(overlay() == "");
 }
 
+TEST_CASE("numbers are grouped by thousands, sign kept") {
+    const std::pair<s32, const char *> rows[] = {
+        {999, "999"}, {1000, "1,000"}, {2000005, "2,000,005"}, {-1500, "-1,500"}, {INT32_MIN, "-2147,483,648"}};
+    for (const auto &[value, want] : rows) {
+        char text[16] = {};
+        _memsize_format(value, text);
+        CHECK(std::string(text) == want);
+    }
+}
+
+TEST_CASE("a project of just the limit passes, and none at all is no fault") {
+    CHECK(zof_func_check_wh_vaild() == -1);
+    temp_project_t project;
+    project.write("config/project/zofprj.g", R"({"p_name": "t", "width": 4096, "height": 4096, "views": []})");
+    REQUIRE(project.open());
+    CHECK(zof_func_check_wh_vaild() == 0);
+}
+
 static void refused_at_the_end(u32 ms) {
     screen_now += ms;
     if (screen_now > 5000) {

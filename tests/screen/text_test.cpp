@@ -5,6 +5,15 @@ static std::string white_text(const std::string &more = "") {
     return R"({"txt_t": {"color": 16777215, "opa": 255}})" + more;
 }
 
+TEST_CASE("a slot keeps a private copy, and only a change counts") {
+    char *slot = nullptr;
+    CHECK(zof_txt_change(&slot, "abc") == 0);
+    CHECK(zof_txt_change(&slot, "abc") == -1);
+    CHECK(zof_txt_change(&slot, slot + 1) == 0); // a part of itself
+    CHECK(std::string(slot) == "bc");
+    zof_free(slot);
+}
+
 // The text of a label, of a check box, or of the label in a button.
 static std::string shown(u32 id) {
     lv_obj_t *obj = at(id)->obj;

@@ -50,6 +50,7 @@ TEST_CASE("a switch leaves the old view, clears it, and builds and enters the ne
     CHECK(taken(calls) == " exit2 entry1 exit1 entry2");
     zof_ctrl_update_location(at(1, 2));
     CHECK(zof_ctrl_get_x(at(1, 2)) == 33); // what is not short-lived keeps its state
+    CHECK(zof_view_delete(2) == 0);
 }
 
 TEST_CASE("views that are not there are told, and change nothing") {
@@ -240,6 +241,9 @@ TEST_CASE("backgrounds show their colour, opacity and picture where they can") {
     CHECK(zof_view_list_get(3)->bg_obj == nullptr);
     zof_view_set_bg(1, "missing.png");
     CHECK(screen_pixel(10, 10) == 0x102030);
+    zof_size_t size = {};
+    CHECK(zof_view_get_dis_wh(&size) == -1); // and yet it tells
+    CHECK(size.width == 320);
 }
 
 TEST_CASE("a forced refresh draws at once, also while the caller holds the lock") {

@@ -133,6 +133,19 @@ TEST_CASE("mouse and finger reach the input device; any window event lifts the f
     }
 }
 
+TEST_CASE("the wheel turns the other way round, and its button is pressed") {
+    screen_open(200, 100);
+    SDL_Event wheel = {};
+    wheel.wheel.type = SDL_MOUSEWHEEL;
+    wheel.wheel.y = 3;
+    push(wheel);
+    push(mouse(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_MIDDLE, 0, 0));
+    lv_indev_data_t data = {};
+    sdl_mousewheel_read(nullptr, &data);
+    CHECK(data.enc_diff == -3);
+    CHECK(data.state == LV_INDEV_STATE_PRESSED);
+}
+
 TEST_CASE("a click that is over before the widgets look is still a click") {
     screen_open(200, 100);
     static s32 clicks;
@@ -236,6 +249,21 @@ TEST_CASE("the touch hook tells press, hold and release, and nothing without a p
         CHECK(now.y == t.y);
     }
     drv->rotated = LV_DISP_ROT_NONE;
+}
+
+TEST_CASE("a count of presses ends when it is cleared") {
+    CHECK(zof_touch_count_start() == 0);
+    for (u32 state : {1, 1, 0, 0, 1}) {
+        CHECK(zof_touch_count_set_irq(state) == 0);
+    }
+    u32 press = 0;
+    u32 release = 0;
+    CHECK(zof_touch_count_get_irq(&press, &release) == 0);
+    CHECK(press == 3);
+    CHECK(release == 1);
+    zof_touch_count_clear();
+    CHECK(zof_touch_count_set_irq(1) == -1);
+    zof_touch_count_free();
 }
 
 TEST_CASE("the picture's place follows the project's size, turn, margins and mode") {
