@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <mutex>
 #include <thread>
 
 #include "drv/zof_lock.h"
@@ -16,26 +15,14 @@
 
 // What the callback has been given, message by message. Never released: the runtime's threads outlive the test.
 struct received {
-    std::mutex lock;
     std::vector<bytes> messages;
-    size_t total;
+    std::atomic<size_t> total; // makes the messages so far visible to the test
 };
 static received &got = *new received{};
 
 static void on_message(u8 *data, u32 size) {
-    std::lock_guard guard(got.lock);
     got.messages.emplace_back(data, data + size);
     got.total += size;
-}
-
-static size_t got_bytes() {
-    std::lock_guard guard(got.lock);
-    return got.total;
-}
-
-static size_t got_messages() {
-    std::lock_guard guard(got.lock);
-    return got.messages.size();
 }
 
 static zof_uart_cfg_t settings(s32 port) {
@@ -76,7 +63,7 @@ TEST_CASE("serial: a burst reaches the client as one message, and the answer rea
     CHECK(zof_drv_uart_rev_set_bfun(port, on_message, 1024) == 0);
     const bytes burst(700, 0x42);
     pty_write(pty, burst);
-    REQUIRE(eventually([] { return got_bytes() == 700; }));
+    REQUIRE(eventually([] { return got.total == 700; }));
     CHECK(got.messages.size() == 1);
     CHECK(send(port, "pong") == 4);
     CHECK(pty_read(pty, 4) == bytes{'p', 'o', 'n', 'g'});
@@ -95,7 +82,7 @@ TEST_CASE("serial: two clients of one port both get every byte, the second with 
     CHECK(zof_drv_uart_hmi_rev_set_bfun(port, on_hmi, &calls, 0, 16) == 0);
     CHECK(zof_drv_uart_hmi_tbuf_set(port, (const u8 *)"tail", 4) == 0);
     pty_write(pty, {'a', 'b'});
-    REQUIRE(eventually([] { return got_bytes() == 2 && calls == 1; }));
+    REQUIRE(eventually([] { return got.total == 2 && calls == 1; }));
     CHECK(hmi_bytes == 6);
     CHECK(hmi_first == 't');
 }
@@ -150,11 +137,11 @@ TEST_CASE("serial: a device that is unplugged and plugged in a hundred times is 
         wire_unplug(pty.line);
         REQUIRE(wire_plug(pty.line));
         // The far end cannot see when it is heard: it calls until it is, with a silence behind each call.
-        const size_t before = got_messages();
+        const size_t before = got.total;
         REQUIRE(eventually([&] {
             pty_write(pty, {'!'});
             usleep(20000);
-            return got_messages() > before;
+            return got.total > before;
         }));
     }
     wire_unplug(pty.line);
@@ -240,7 +227,7 @@ TEST_CASE("serial: of what a client has no room for one line tells, once a secon
     const size_t lines = count_of(log, "bytes are lost");
     CHECK(lines >= 1);
     CHECK(lines <= waited / 1000 + 1);
-    CHECK(eventually([] { return got_bytes() > 0; }));
+    CHECK(eventually([] { return got.total > 0; }));
 }
 
 TEST_CASE("serial: closing silences the clients and a later open gives them their voice back") {
@@ -252,7 +239,7 @@ TEST_CASE("serial: closing silences the clients and a later open gives them thei
     CHECK(zof_drv_uart_open(&cfg) == port);
     zof_drv_uart_rev_set_bfun(port, on_message, 1024);
     pty_write(pty, {'b', 'a', 'c', 'k'});
-    CHECK(eventually([] { return got_bytes() == 4; }));
+    CHECK(eventually([] { return got.total == 4; }));
 }
 
 TEST_CASE("serial: a minute at the full rate of the line loses nothing") {
@@ -275,7 +262,7 @@ TEST_CASE("serial: a minute at the full rate of the line loses nothing") {
         const auto silence = std::chrono::steady_clock::now() + std::chrono::milliseconds(PERIOD_MS / 2);
         std::this_thread::sleep_until(std::max(start + std::chrono::milliseconds(PERIOD_MS) * i, silence));
     }
-    CHECK(eventually([total] { return got_bytes() == total; }));
+    CHECK(eventually([total] { return got.total == total; }));
     count = 0;
     size_t wrong = 0;
     for (const bytes &m : got.messages) {
