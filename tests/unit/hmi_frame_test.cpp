@@ -289,3 +289,27 @@ TEST_CASE("host walk: equal head bytes, no port and an absent file build nothing
     CHECK(sys_cmd_analys == nullptr);
     receive({1, 2, 3, 4, 5, 6, 7, 8});
 }
+
+static u32 words(const char *names) {
+    return names && *names ? charCount(names, ' ') + 1 : 0;
+}
+
+// The protocol reference and the host libraries are made from the rows: one without its words leaves a gap in them.
+static void check_rows(const zof_hmi_cmd_type_t &type) {
+    CAPTURE(type.name);
+    for (u32 p = 0; p < type.param_count; p++) {
+        const zof_hmi_param_type_t &row = type.params[p];
+        REQUIRE((row.name && row.help));
+        CAPTURE(row.name);
+        CHECK(strlen(row.help) > 5);
+        CHECK(words(row.value_names) == row.value->count);
+        CHECK(words(row.req_names) == row.rw->req->count);
+    }
+}
+
+TEST_CASE("host commands: each row has its name, its line of help and a name for each field") {
+    check_rows(zof_sys_cmd_types[0]);
+    for (u32 t = 0; t < zof_ui_cmd_type_count; t++) {
+        check_rows(zof_ui_cmd_types[t]);
+    }
+}
