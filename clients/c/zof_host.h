@@ -1,0 +1,921 @@
+// rows: begin
+
+// The device itself.
+
+// Version text: selector 0 application, 1 runtime, 2 firmware.
+// Answers: text text
+#define ZOF_HOST_SYSTEM_VERSION 0x02B00000ul
+static inline int zof_host_get_system_version(zof_host_t *host, int8_t selector) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SYSTEM_VERSION);
+    zof_host_put_u8(host, (uint8_t)selector);
+    return zof_host_end(host);
+}
+
+// Reads 0xAABB; the same comes unasked at power-on. Writing 0xCCDD reboots.
+// Answers: u16 word
+#define ZOF_HOST_SYSTEM_REBOOT 0x02B00100ul
+static inline int zof_host_get_system_reboot(zof_host_t *host) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SYSTEM_REBOOT);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_system_reboot(zof_host_t *host, uint16_t word) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SYSTEM_REBOOT);
+    zof_host_put_u16(host, word);
+    return zof_host_end(host);
+}
+
+// Brightness of the display in percent.
+// Carries: u8 percent
+#define ZOF_HOST_SYSTEM_BRIGHT 0x02B00200ul
+static inline int zof_host_set_system_bright(zof_host_t *host, uint8_t percent) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SYSTEM_BRIGHT);
+    zof_host_put_u8(host, percent);
+    return zof_host_end(host);
+}
+
+// A series of tones; its tone time becomes that of touches too.
+// Carries: u8 count, u16 pause_ms, u16 tone_ms
+#define ZOF_HOST_SYSTEM_TONE 0x02B00300ul
+static inline int zof_host_set_system_tone(zof_host_t *host, uint8_t count, uint16_t pause_ms, uint16_t tone_ms) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SYSTEM_TONE);
+    zof_host_put_u8(host, count);
+    zof_host_put_u16(host, pause_ms);
+    zof_host_put_u16(host, tone_ms);
+    return zof_host_end(host);
+}
+
+// Touch flags: bit 0 pauses the panel, 1 tones on, 2 for raw touch, 3 at release, 4 report press, 5 release, 6 hold, 7
+// calibration taps.
+// Answers: u8 flags
+#define ZOF_HOST_SYSTEM_TOUCH_CONFIG 0x03B00400ul
+static inline int zof_host_get_system_touch_config(zof_host_t *host) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SYSTEM_TOUCH_CONFIG);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_system_touch_config(zof_host_t *host, uint8_t flags) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SYSTEM_TOUCH_CONFIG);
+    zof_host_put_u8(host, flags);
+    return zof_host_end(host);
+}
+
+// The touch as it is: state 0 released, 1 pressed, 2 held, and its point. Also comes unasked, as touch_config says.
+// Answers: u8 state, u16 x, u16 y
+#define ZOF_HOST_SYSTEM_TOUCH 0x03B00401ul
+static inline int zof_host_get_system_touch(zof_host_t *host) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SYSTEM_TOUCH);
+    return zof_host_end(host);
+}
+
+// Date and time.
+// Answers: u16 year, u8 month, u8 day, u8 hour, u8 minute, u8 second
+#define ZOF_HOST_SYSTEM_RTC 0x02B00500ul
+static inline int zof_host_get_system_rtc(zof_host_t *host) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SYSTEM_RTC);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_system_rtc(zof_host_t *host, uint16_t year, uint8_t month, uint8_t day, uint8_t hour, uint8_t minute, uint8_t second) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SYSTEM_RTC);
+    zof_host_put_u16(host, year);
+    zof_host_put_u8(host, month);
+    zof_host_put_u8(host, day);
+    zof_host_put_u8(host, hour);
+    zof_host_put_u8(host, minute);
+    zof_host_put_u8(host, second);
+    return zof_host_end(host);
+}
+
+// Standby: times in seconds, 0 for never; brightness in percent; views, 0 for none.
+// Answers: u16 stdby_view, u16 stdby_time, u8 stdby_bright, u16 off_time, u8 off_bright, u8 on_bright, u16 on_view
+#define ZOF_HOST_SYSTEM_STANDBY 0x03B00600ul
+static inline int zof_host_get_system_standby(zof_host_t *host) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SYSTEM_STANDBY);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_system_standby(zof_host_t *host, uint16_t stdby_view, uint16_t stdby_time, uint8_t stdby_bright, uint16_t off_time, uint8_t off_bright, uint8_t on_bright, uint16_t on_view) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SYSTEM_STANDBY);
+    zof_host_put_u16(host, stdby_view);
+    zof_host_put_u16(host, stdby_time);
+    zof_host_put_u8(host, stdby_bright);
+    zof_host_put_u16(host, off_time);
+    zof_host_put_u8(host, off_bright);
+    zof_host_put_u8(host, on_bright);
+    zof_host_put_u16(host, on_view);
+    return zof_host_end(host);
+}
+
+// State of standby: 0 normal, 1 dimmed, 2 off.
+// Answers: u8 state
+#define ZOF_HOST_SYSTEM_STANDBY_STATE 0x03B00601ul
+static inline int zof_host_get_system_standby_state(zof_host_t *host) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SYSTEM_STANDBY_STATE);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_system_standby_state(zof_host_t *host, uint8_t state) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SYSTEM_STANDBY_STATE);
+    zof_host_put_u8(host, state);
+    return zof_host_end(host);
+}
+
+// Makes a language of the project the current one and renews all texts.
+// Carries: text name
+#define ZOF_HOST_SYSTEM_LANGUAGE 0x03B00700ul
+static inline int zof_host_set_system_language(zof_host_t *host, const char *name) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SYSTEM_LANGUAGE);
+    zof_host_put_text(host, name);
+    return zof_host_end(host);
+}
+
+// Views and their layers.
+
+// Shows a view on the layer of its file.
+// Carries: u16 view
+#define ZOF_HOST_VIEW_DISPLAY 0x02B10000ul
+static inline int zof_host_set_view_display(zof_host_t *host, uint16_t view) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_VIEW_DISPLAY);
+    zof_host_put_u16(host, view);
+    return zof_host_end(host);
+}
+
+// The view on a layer: 0 interface, 1 state, 2 top; 65535 for none.
+// Answers: u16 view
+#define ZOF_HOST_VIEW_DISPLAYED 0x02B10100ul
+static inline int zof_host_get_view_displayed(zof_host_t *host, int8_t layer) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_VIEW_DISPLAYED);
+    zof_host_put_u8(host, (uint8_t)layer);
+    return zof_host_end(host);
+}
+
+// Kept for old hosts: a view's layer is that of its file.
+// Carries: u8 layer, u16 view
+#define ZOF_HOST_VIEW_LAYER 0x02B10200ul
+static inline int zof_host_set_view_layer(zof_host_t *host, uint8_t layer, uint16_t view) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_VIEW_LAYER);
+    zof_host_put_u8(host, layer);
+    zof_host_put_u16(host, view);
+    return zof_host_end(host);
+}
+
+// Takes the view off a layer: 0 interface, 1 state, 2 top, 3 background.
+// Carries: u8 layer
+#define ZOF_HOST_VIEW_HIDE_LAYER 0x02B10300ul
+static inline int zof_host_set_view_hide_layer(zof_host_t *host, uint8_t layer) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_VIEW_HIDE_LAYER);
+    zof_host_put_u8(host, layer);
+    return zof_host_end(host);
+}
+
+// Makes a view ready without showing it.
+// Carries: u16 view
+#define ZOF_HOST_VIEW_LOAD 0x02B10400ul
+static inline int zof_host_set_view_load(zof_host_t *host, uint16_t view) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_VIEW_LOAD);
+    zof_host_put_u16(host, view);
+    return zof_host_end(host);
+}
+
+// Background of a view: opacity in the top byte, then red, green, blue.
+// Carries: u16 view, u32 argb
+#define ZOF_HOST_VIEW_BG_COLOR 0x02B10500ul
+static inline int zof_host_set_view_bg_color(zof_host_t *host, uint16_t view, uint32_t argb) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_VIEW_BG_COLOR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u32(host, argb);
+    return zof_host_end(host);
+}
+
+// The project's width and height in pixels.
+// Answers: u16 width, u16 height
+#define ZOF_HOST_VIEW_SIZE 0x02B10600ul
+static inline int zof_host_get_view_size(zof_host_t *host) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_VIEW_SIZE);
+    return zof_host_end(host);
+}
+
+// Background image of a view; the request field is not used.
+// Carries: u16 view, text image
+#define ZOF_HOST_VIEW_BG_IMAGE 0x02B10700ul
+static inline int zof_host_set_view_bg_image(zof_host_t *host, uint16_t unused, uint16_t view, const char *image) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_VIEW_BG_IMAGE);
+    zof_host_put_u16(host, unused);
+    zof_host_put_u16(host, view);
+    zof_host_put_text(host, image);
+    return zof_host_end(host);
+}
+
+// What every control has.
+
+// Whether the control is hidden: 1 or 0.
+// Answers: s8 hidden
+#define ZOF_HOST_CONTROL_HIDDEN 0x03B2F000ul
+static inline int zof_host_get_control_hidden(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CONTROL_HIDDEN);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_control_hidden(zof_host_t *host, uint16_t view, uint16_t control, int8_t hidden) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_HIDDEN);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, (uint8_t)hidden);
+    return zof_host_end(host);
+}
+
+// Width in pixels.
+// Answers: u16 width
+#define ZOF_HOST_CONTROL_WIDTH 0x03B2F001ul
+static inline int zof_host_get_control_width(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CONTROL_WIDTH);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
+// Height in pixels.
+// Answers: u16 height
+#define ZOF_HOST_CONTROL_HEIGHT 0x03B2F002ul
+static inline int zof_host_get_control_height(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CONTROL_HEIGHT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
+// Moves the control within its parent.
+// Carries: s16 x, s16 y
+#define ZOF_HOST_CONTROL_POS 0x03B2F003ul
+static inline int zof_host_set_control_pos(zof_host_t *host, uint16_t view, uint16_t control, int16_t x, int16_t y) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_POS);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, (uint16_t)x);
+    zof_host_put_u16(host, (uint16_t)y);
+    return zof_host_end(host);
+}
+
+// Width and height in pixels.
+// Carries: u16 width, u16 height
+#define ZOF_HOST_CONTROL_SIZE 0x03B2F004ul
+static inline int zof_host_set_control_size(zof_host_t *host, uint16_t view, uint16_t control, uint16_t width, uint16_t height) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_SIZE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, width);
+    zof_host_put_u16(host, height);
+    return zof_host_end(host);
+}
+
+// Opacity, 255 for opaque.
+// Carries: u8 alpha
+#define ZOF_HOST_CONTROL_ALPHA 0x03B2F005ul
+static inline int zof_host_set_control_alpha(zof_host_t *host, uint16_t view, uint16_t control, uint8_t alpha) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_ALPHA);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, alpha);
+    return zof_host_end(host);
+}
+
+// To the bottom (0) or the top (1) of its parent's children.
+// Carries: u8 where
+#define ZOF_HOST_CONTROL_MOVE 0x03B2F006ul
+static inline int zof_host_set_control_move(zof_host_t *host, uint16_t view, uint16_t control, uint8_t where) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_MOVE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, where);
+    return zof_host_end(host);
+}
+
+// 1 takes touches, 0 lets them through.
+// Carries: u8 touch
+#define ZOF_HOST_CONTROL_TOUCH 0x03B2F007ul
+static inline int zof_host_set_control_touch(zof_host_t *host, uint16_t view, uint16_t control, uint8_t touch) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_TOUCH);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, touch);
+    return zof_host_end(host);
+}
+
+// Widens the area that takes touches by so many pixels.
+// Carries: u16 pixels
+#define ZOF_HOST_CONTROL_CLICK_AREA 0x03B2F008ul
+static inline int zof_host_set_control_click_area(zof_host_t *host, uint16_t view, uint16_t control, uint16_t pixels) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_CLICK_AREA);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, pixels);
+    return zof_host_end(host);
+}
+
+// Places the control at another one of its view.
+// Carries: u8 align, s16 x, s16 y
+#define ZOF_HOST_CONTROL_ALIGN 0x03B2F009ul
+static inline int zof_host_set_control_align(zof_host_t *host, uint16_t view, uint16_t control, uint16_t base, uint8_t align, int16_t x, int16_t y) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_ALIGN);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, base);
+    zof_host_put_u8(host, align);
+    zof_host_put_u16(host, (uint16_t)x);
+    zof_host_put_u16(host, (uint16_t)y);
+    return zof_host_end(host);
+}
+
+// How many children the control has.
+// Answers: u16 count
+#define ZOF_HOST_CONTROL_CHILDREN 0x03B2F00Aul
+static inline int zof_host_get_control_children(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CONTROL_CHILDREN);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
+// Where the control stands within its parent.
+// Answers: u16 x, u16 y
+#define ZOF_HOST_CONTROL_XY 0x03B2F00Bul
+static inline int zof_host_get_control_xy(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CONTROL_XY);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
+// Scrolls the contents, at once (0) or in an animation (1).
+// Carries: u8 animate, s16 x, s16 y
+#define ZOF_HOST_CONTROL_SCROLL_TO 0x03B2F00Cul
+static inline int zof_host_set_control_scroll_to(zof_host_t *host, uint16_t view, uint16_t control, uint8_t animate, int16_t x, int16_t y) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_SCROLL_TO);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, animate);
+    zof_host_put_u16(host, (uint16_t)x);
+    zof_host_put_u16(host, (uint16_t)y);
+    return zof_host_end(host);
+}
+
+// How far the contents are scrolled.
+// Answers: s16 x, s16 y
+#define ZOF_HOST_CONTROL_SCROLL 0x03B2F00Dul
+static inline int zof_host_get_control_scroll(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CONTROL_SCROLL);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
+// Labels.
+
+// The text; one that begins with # is looked up in the language.
+// Answers: text text
+#define ZOF_HOST_LABEL_TEXT 0x03B20000ul
+static inline int zof_host_get_label_text(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_LABEL_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_label_text(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LABEL_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Colour of the text, 0xRRGGBB.
+// Carries: u32 rgb
+#define ZOF_HOST_LABEL_COLOR 0x03B20001ul
+static inline int zof_host_set_label_color(zof_host_t *host, uint16_t view, uint16_t control, uint32_t rgb) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LABEL_COLOR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u32(host, rgb);
+    return zof_host_end(host);
+}
+
+// Size of the text in pixels, 1 to 512.
+// Carries: u16 pixels
+#define ZOF_HOST_LABEL_FONT_SIZE 0x03B20002ul
+static inline int zof_host_set_label_font_size(zof_host_t *host, uint16_t view, uint16_t control, uint16_t pixels) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LABEL_FONT_SIZE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, pixels);
+    return zof_host_end(host);
+}
+
+// What a long text does: 0 wraps, 1 ends in dots, 2 scrolls, 3 scrolls in circles, 4 is cut.
+// Carries: u8 mode
+#define ZOF_HOST_LABEL_LONG_MODE 0x03B20003ul
+static inline int zof_host_set_label_long_mode(zof_host_t *host, uint16_t view, uint16_t control, uint8_t mode) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LABEL_LONG_MODE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, mode);
+    return zof_host_end(host);
+}
+
+// Speed of a scrolling text in pixels a second.
+// Carries: u16 speed
+#define ZOF_HOST_LABEL_SCROLL_SPEED 0x03B20004ul
+static inline int zof_host_set_label_scroll_speed(zof_host_t *host, uint16_t view, uint16_t control, uint16_t speed) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LABEL_SCROLL_SPEED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, speed);
+    return zof_host_end(host);
+}
+
+// Low half: alignment of the lines; high half: 1 top, 2 middle, 3 bottom.
+// Carries: u8 align
+#define ZOF_HOST_LABEL_ALIGN 0x03B20005ul
+static inline int zof_host_set_label_align(zof_host_t *host, uint16_t view, uint16_t control, uint8_t align) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LABEL_ALIGN);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, align);
+    return zof_host_end(host);
+}
+
+// Buttons.
+
+// The text on the button.
+// Carries: text text
+#define ZOF_HOST_BUTTON_TEXT 0x03B20100ul
+static inline int zof_host_set_button_text(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Colour of the text in a state, 0xRRGGBB.
+// Carries: u8 selector, u32 rgb
+#define ZOF_HOST_BUTTON_COLOR 0x03B20101ul
+static inline int zof_host_set_button_color(zof_host_t *host, uint16_t view, uint16_t control, uint8_t selector, uint32_t rgb) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_COLOR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, selector);
+    zof_host_put_u32(host, rgb);
+    return zof_host_end(host);
+}
+
+// Size of the text in pixels, 1 to 512.
+// Carries: u16 pixels
+#define ZOF_HOST_BUTTON_FONT_SIZE 0x03B20102ul
+static inline int zof_host_set_button_font_size(zof_host_t *host, uint16_t view, uint16_t control, uint16_t pixels) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_FONT_SIZE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, pixels);
+    return zof_host_end(host);
+}
+
+// 0 springs back, 1 stays down at every other click.
+// Carries: u8 mode
+#define ZOF_HOST_BUTTON_MODE 0x03B20103ul
+static inline int zof_host_set_button_mode(zof_host_t *host, uint16_t view, uint16_t control, uint8_t mode) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_MODE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, mode);
+    return zof_host_end(host);
+}
+
+// State bits: 1 checked, 32 pressed, 128 disabled.
+// Answers: u8 state
+#define ZOF_HOST_BUTTON_STATE 0x03B20104ul
+static inline int zof_host_get_button_state(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_BUTTON_STATE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_button_state(zof_host_t *host, uint16_t view, uint16_t control, uint8_t state) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_STATE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, state);
+    return zof_host_end(host);
+}
+
+// Pictures.
+
+// The picture, a file of the project.
+// Answers: text name
+#define ZOF_HOST_IMAGE_IMAGE 0x03B20200ul
+static inline int zof_host_get_image_image(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_IMAGE_IMAGE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_image_image(zof_host_t *host, uint16_t view, uint16_t control, const char *name) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_IMAGE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, name);
+    return zof_host_end(host);
+}
+
+// Turns the picture, in tenths of a degree.
+// Carries: u16 angle
+#define ZOF_HOST_IMAGE_ANGLE 0x03B20201ul
+static inline int zof_host_set_image_angle(zof_host_t *host, uint16_t view, uint16_t control, uint16_t angle) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_ANGLE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, angle);
+    return zof_host_end(host);
+}
+
+// The point around which the picture turns.
+// Carries: s16 x, s16 y
+#define ZOF_HOST_IMAGE_PIVOT 0x03B20202ul
+static inline int zof_host_set_image_pivot(zof_host_t *host, uint16_t view, uint16_t control, int16_t x, int16_t y) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_PIVOT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, (uint16_t)x);
+    zof_host_put_u16(host, (uint16_t)y);
+    return zof_host_end(host);
+}
+
+// Zoom, 256 is 100 %.
+// Carries: u16 zoom
+#define ZOF_HOST_IMAGE_ZOOM 0x03B20203ul
+static inline int zof_host_set_image_zoom(zof_host_t *host, uint16_t view, uint16_t control, uint16_t zoom) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_ZOOM);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, zoom);
+    return zof_host_end(host);
+}
+
+// Buttons made of pictures.
+
+// The text on the button.
+// Carries: text text
+#define ZOF_HOST_IMAGE_BUTTON_TEXT 0x03B20300ul
+static inline int zof_host_set_image_button_text(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_BUTTON_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Colour of the text in a state, 0xRRGGBB.
+// Carries: u8 state, u32 rgb
+#define ZOF_HOST_IMAGE_BUTTON_COLOR 0x03B20301ul
+static inline int zof_host_set_image_button_color(zof_host_t *host, uint16_t view, uint16_t control, uint8_t state, uint32_t rgb) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_BUTTON_COLOR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, state);
+    zof_host_put_u32(host, rgb);
+    return zof_host_end(host);
+}
+
+// Size of the text in pixels, 1 to 512.
+// Carries: u16 pixels
+#define ZOF_HOST_IMAGE_BUTTON_FONT_SIZE 0x03B20302ul
+static inline int zof_host_set_image_button_font_size(zof_host_t *host, uint16_t view, uint16_t control, uint16_t pixels) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_BUTTON_FONT_SIZE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, pixels);
+    return zof_host_end(host);
+}
+
+// 0 released, 1 pressed, 2 disabled, 3 checked, 4 checked and pressed, 5 checked and disabled.
+// Carries: u8 state
+#define ZOF_HOST_IMAGE_BUTTON_STATE 0x03B20303ul
+static inline int zof_host_set_image_button_state(zof_host_t *host, uint16_t view, uint16_t control, uint8_t state) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_BUTTON_STATE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, state);
+    return zof_host_end(host);
+}
+
+// The picture of a state.
+// Carries: u8 state, text name
+#define ZOF_HOST_IMAGE_BUTTON_IMAGE 0x03B20304ul
+static inline int zof_host_set_image_button_image(zof_host_t *host, uint16_t view, uint16_t control, uint8_t state, const char *name) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_BUTTON_IMAGE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, state);
+    zof_host_put_text(host, name);
+    return zof_host_end(host);
+}
+
+// Lines.
+
+// Colour 0xRRGGBB, width, opacity, and whether the ends are round.
+// Carries: u32 rgb, u16 width, u8 opa, u8 rounded
+#define ZOF_HOST_LINE_LOOK 0x03B20400ul
+static inline int zof_host_set_line_look(zof_host_t *host, uint16_t view, uint16_t control, uint32_t rgb, uint16_t width, uint8_t opa, uint8_t rounded) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LINE_LOOK);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u32(host, rgb);
+    zof_host_put_u16(host, width);
+    zof_host_put_u8(host, opa);
+    zof_host_put_u8(host, rounded);
+    return zof_host_end(host);
+}
+
+// Arcs.
+
+// Look of a part: 0 background, 1 indicator.
+// Carries: u32 rgb, u16 width, u8 opa, u8 rounded
+#define ZOF_HOST_ARC_LOOK 0x03B20500ul
+static inline int zof_host_set_arc_look(zof_host_t *host, uint16_t view, uint16_t control, int8_t part, uint32_t rgb, uint16_t width, uint8_t opa, uint8_t rounded) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ARC_LOOK);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, (uint8_t)part);
+    zof_host_put_u32(host, rgb);
+    zof_host_put_u16(host, width);
+    zof_host_put_u8(host, opa);
+    zof_host_put_u8(host, rounded);
+    return zof_host_end(host);
+}
+
+// Colour of the knob, 0xRRGGBB.
+// Carries: u32 rgb
+#define ZOF_HOST_ARC_KNOB_COLOR 0x03B20501ul
+static inline int zof_host_set_arc_knob_color(zof_host_t *host, uint16_t view, uint16_t control, uint32_t rgb) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ARC_KNOB_COLOR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u32(host, rgb);
+    return zof_host_end(host);
+}
+
+// The values of both ends.
+// Carries: s16 min, s16 max
+#define ZOF_HOST_ARC_RANGE 0x03B20502ul
+static inline int zof_host_set_arc_range(zof_host_t *host, uint16_t view, uint16_t control, int16_t min, int16_t max) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ARC_RANGE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, (uint16_t)min);
+    zof_host_put_u16(host, (uint16_t)max);
+    return zof_host_end(host);
+}
+
+// The value, kept within the range.
+// Answers: s16 value
+#define ZOF_HOST_ARC_VALUE 0x03B20503ul
+static inline int zof_host_get_arc_value(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_ARC_VALUE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_arc_value(zof_host_t *host, uint16_t view, uint16_t control, int16_t value) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ARC_VALUE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, (uint16_t)value);
+    return zof_host_end(host);
+}
+
+// Turns the whole arc, in degrees.
+// Carries: u16 degrees
+#define ZOF_HOST_ARC_ROTATION 0x03B20504ul
+static inline int zof_host_set_arc_rotation(zof_host_t *host, uint16_t view, uint16_t control, uint16_t degrees) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ARC_ROTATION);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, degrees);
+    return zof_host_end(host);
+}
+
+// Angles of both ends, clockwise from the right, in degrees.
+// Carries: u16 start, u16 end
+#define ZOF_HOST_ARC_ANGLES 0x03B20505ul
+static inline int zof_host_set_arc_angles(zof_host_t *host, uint16_t view, uint16_t control, uint16_t start, uint16_t end) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ARC_ANGLES);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, start);
+    zof_host_put_u16(host, end);
+    return zof_host_end(host);
+}
+
+// Bars.
+
+// Colour of the indicator, 0xRRGGBB.
+// Carries: u32 rgb
+#define ZOF_HOST_BAR_COLOR 0x03B20600ul
+static inline int zof_host_set_bar_color(zof_host_t *host, uint16_t view, uint16_t control, uint32_t rgb) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BAR_COLOR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u32(host, rgb);
+    return zof_host_end(host);
+}
+
+// The value, kept within the range.
+// Answers: s16 value
+#define ZOF_HOST_BAR_VALUE 0x03B20601ul
+static inline int zof_host_get_bar_value(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_BAR_VALUE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_bar_value(zof_host_t *host, uint16_t view, uint16_t control, int16_t value) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BAR_VALUE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, (uint16_t)value);
+    return zof_host_end(host);
+}
+
+// The values of both ends.
+// Carries: s16 min, s16 max
+#define ZOF_HOST_BAR_RANGE 0x03B20602ul
+static inline int zof_host_set_bar_range(zof_host_t *host, uint16_t view, uint16_t control, int16_t min, int16_t max) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BAR_RANGE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, (uint16_t)min);
+    zof_host_put_u16(host, (uint16_t)max);
+    return zof_host_end(host);
+}
+
+// Sliders.
+
+// Colour of the indicator, 0xRRGGBB.
+// Carries: u32 rgb
+#define ZOF_HOST_SLIDER_COLOR 0x03B20700ul
+static inline int zof_host_set_slider_color(zof_host_t *host, uint16_t view, uint16_t control, uint32_t rgb) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SLIDER_COLOR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u32(host, rgb);
+    return zof_host_end(host);
+}
+
+// The value, kept within the range.
+// Answers: s16 value
+#define ZOF_HOST_SLIDER_VALUE 0x03B20701ul
+static inline int zof_host_get_slider_value(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SLIDER_VALUE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_slider_value(zof_host_t *host, uint16_t view, uint16_t control, int16_t value) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SLIDER_VALUE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, (uint16_t)value);
+    return zof_host_end(host);
+}
+
+// The values of both ends.
+// Carries: s16 min, s16 max
+#define ZOF_HOST_SLIDER_RANGE 0x03B20702ul
+static inline int zof_host_set_slider_range(zof_host_t *host, uint16_t view, uint16_t control, int16_t min, int16_t max) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SLIDER_RANGE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, (uint16_t)min);
+    zof_host_put_u16(host, (uint16_t)max);
+    return zof_host_end(host);
+}
+
+// Switches.
+
+// Whether the switch is on.
+// Answers: u8 on
+#define ZOF_HOST_SWITCH_ON 0x03B20800ul
+static inline int zof_host_get_switch_on(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SWITCH_ON);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_switch_on(zof_host_t *host, uint16_t view, uint16_t control, uint8_t on) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SWITCH_ON);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, on);
+    return zof_host_end(host);
+}
+
+// Check boxes.
+
+// The text beside the box.
+// Carries: text text
+#define ZOF_HOST_CHECK_BOX_TEXT 0x03B20900ul
+static inline int zof_host_set_check_box_text(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CHECK_BOX_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Whether the box is checked.
+// Answers: u8 checked
+#define ZOF_HOST_CHECK_BOX_CHECKED 0x03B20901ul
+static inline int zof_host_get_check_box_checked(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CHECK_BOX_CHECKED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_check_box_checked(zof_host_t *host, uint16_t view, uint16_t control, uint8_t checked) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CHECK_BOX_CHECKED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, checked);
+    return zof_host_end(host);
+}
+
+// Whether the box takes no touches.
+// Answers: u8 disabled
+#define ZOF_HOST_CHECK_BOX_DISABLED 0x03B20902ul
+static inline int zof_host_get_check_box_disabled(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CHECK_BOX_DISABLED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_check_box_disabled(zof_host_t *host, uint16_t view, uint16_t control, uint8_t disabled) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CHECK_BOX_DISABLED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, disabled);
+    return zof_host_end(host);
+}
+
+// Tile views.
+
+// Goes to a tile, at once (0) or in an animation (1).
+// Carries: u8 animate, u16 row, u16 column
+#define ZOF_HOST_TILE_VIEW_TILE 0x03B20B00ul
+static inline int zof_host_set_tile_view_tile(zof_host_t *host, uint16_t view, uint16_t control, uint8_t animate, uint16_t row, uint16_t column) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TILE_VIEW_TILE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, animate);
+    zof_host_put_u16(host, row);
+    zof_host_put_u16(host, column);
+    return zof_host_end(host);
+}
+
+// Spin boxes.
+
+// The value, without its decimal point.
+// Answers: s32 value
+#define ZOF_HOST_SPIN_BOX_VALUE 0x03B21400ul
+static inline int zof_host_get_spin_box_value(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SPIN_BOX_VALUE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_spin_box_value(zof_host_t *host, uint16_t view, uint16_t control, int32_t value) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SPIN_BOX_VALUE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u32(host, (uint32_t)value);
+    return zof_host_end(host);
+}
+
+// Chooses the digit to change: 0 the one before, 1 the next.
+// Carries: u8 which
+#define ZOF_HOST_SPIN_BOX_STEP 0x03B21401ul
+static inline int zof_host_set_spin_box_step(zof_host_t *host, uint16_t view, uint16_t control, uint8_t which) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SPIN_BOX_STEP);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, which);
+    return zof_host_end(host);
+}
+
+// Counts by one step: 0 down, 1 up.
+// Carries: u8 which
+#define ZOF_HOST_SPIN_BOX_COUNT 0x03B21402ul
+static inline int zof_host_set_spin_box_count(zof_host_t *host, uint16_t view, uint16_t control, uint8_t which) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SPIN_BOX_COUNT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, which);
+    return zof_host_end(host);
+}
+
+// rows: end

@@ -1,0 +1,688 @@
+# What a panel understands, a row each. Made from the panel's command tables; nothing here is written by hand but this
+# head. Build the panel's target `protocol` to renew it.
+from typing import NamedTuple
+
+from .row import Row
+
+# rows: begin
+
+SYSTEM_VERSION: Row[str] = Row(
+    "system.version", bytes.fromhex("B0 00"),
+    (), (("selector", "s8"),),
+    (("text", "text"),),
+    str, True, False,
+    "Version text: selector 0 application, 1 runtime, 2 firmware.")
+
+SYSTEM_REBOOT: Row[int] = Row(
+    "system.reboot", bytes.fromhex("B0 01"),
+    (), (),
+    (("word", "u16"),),
+    int, True, True,
+    "Reads 0xAABB; the same comes unasked at power-on. Writing 0xCCDD reboots.")
+
+SYSTEM_BRIGHT: Row[int] = Row(
+    "system.bright", bytes.fromhex("B0 02"),
+    (), (),
+    (("percent", "u8"),),
+    int, False, True,
+    "Brightness of the display in percent.")
+
+
+class SystemTone(NamedTuple):
+    count: int
+    pause_ms: int
+    tone_ms: int
+
+
+SYSTEM_TONE: Row[SystemTone] = Row(
+    "system.tone", bytes.fromhex("B0 03"),
+    (), (),
+    (("count", "u8"), ("pause_ms", "u16"), ("tone_ms", "u16")),
+    SystemTone, False, True,
+    "A series of tones; its tone time becomes that of touches too.")
+
+SYSTEM_TOUCH_CONFIG: Row[int] = Row(
+    "system.touch_config", bytes.fromhex("B0 04 00"),
+    (), (),
+    (("flags", "u8"),),
+    int, True, True,
+    "Touch flags: bit 0 pauses the panel, 1 tones on, 2 for raw touch, 3 at release, 4 report press, 5 release, 6 hold, 7 calibration taps.")
+
+
+class SystemTouch(NamedTuple):
+    state: int
+    x: int
+    y: int
+
+
+SYSTEM_TOUCH: Row[SystemTouch] = Row(
+    "system.touch", bytes.fromhex("B0 04 01"),
+    (), (),
+    (("state", "u8"), ("x", "u16"), ("y", "u16")),
+    SystemTouch, True, False,
+    "The touch as it is: state 0 released, 1 pressed, 2 held, and its point. Also comes unasked, as touch_config says.")
+
+
+class SystemRtc(NamedTuple):
+    year: int
+    month: int
+    day: int
+    hour: int
+    minute: int
+    second: int
+
+
+SYSTEM_RTC: Row[SystemRtc] = Row(
+    "system.rtc", bytes.fromhex("B0 05"),
+    (), (),
+    (("year", "u16"), ("month", "u8"), ("day", "u8"), ("hour", "u8"), ("minute", "u8"), ("second", "u8")),
+    SystemRtc, True, True,
+    "Date and time.")
+
+
+class SystemStandby(NamedTuple):
+    stdby_view: int
+    stdby_time: int
+    stdby_bright: int
+    off_time: int
+    off_bright: int
+    on_bright: int
+    on_view: int
+
+
+SYSTEM_STANDBY: Row[SystemStandby] = Row(
+    "system.standby", bytes.fromhex("B0 06 00"),
+    (), (),
+    (("stdby_view", "u16"), ("stdby_time", "u16"), ("stdby_bright", "u8"), ("off_time", "u16"), ("off_bright", "u8"), ("on_bright", "u8"), ("on_view", "u16")),
+    SystemStandby, True, True,
+    "Standby: times in seconds, 0 for never; brightness in percent; views, 0 for none.")
+
+SYSTEM_STANDBY_STATE: Row[int] = Row(
+    "system.standby_state", bytes.fromhex("B0 06 01"),
+    (), (),
+    (("state", "u8"),),
+    int, True, True,
+    "State of standby: 0 normal, 1 dimmed, 2 off.")
+
+SYSTEM_LANGUAGE: Row[str] = Row(
+    "system.language", bytes.fromhex("B0 07 00"),
+    (), (),
+    (("name", "text"),),
+    str, False, True,
+    "Makes a language of the project the current one and renews all texts.")
+
+VIEW_DISPLAY: Row[int] = Row(
+    "view.display", bytes.fromhex("B1 00"),
+    (), (),
+    (("view", "u16"),),
+    int, False, True,
+    "Shows a view on the layer of its file.")
+
+VIEW_DISPLAYED: Row[int] = Row(
+    "view.displayed", bytes.fromhex("B1 01"),
+    (), (("layer", "s8"),),
+    (("view", "u16"),),
+    int, True, False,
+    "The view on a layer: 0 interface, 1 state, 2 top; 65535 for none.")
+
+
+class ViewLayer(NamedTuple):
+    layer: int
+    view: int
+
+
+VIEW_LAYER: Row[ViewLayer] = Row(
+    "view.layer", bytes.fromhex("B1 02"),
+    (), (),
+    (("layer", "u8"), ("view", "u16")),
+    ViewLayer, False, True,
+    "Kept for old hosts: a view's layer is that of its file.")
+
+VIEW_HIDE_LAYER: Row[int] = Row(
+    "view.hide_layer", bytes.fromhex("B1 03"),
+    (), (),
+    (("layer", "u8"),),
+    int, False, True,
+    "Takes the view off a layer: 0 interface, 1 state, 2 top, 3 background.")
+
+VIEW_LOAD: Row[int] = Row(
+    "view.load", bytes.fromhex("B1 04"),
+    (), (),
+    (("view", "u16"),),
+    int, False, True,
+    "Makes a view ready without showing it.")
+
+
+class ViewBgColor(NamedTuple):
+    view: int
+    argb: int
+
+
+VIEW_BG_COLOR: Row[ViewBgColor] = Row(
+    "view.bg_color", bytes.fromhex("B1 05"),
+    (), (),
+    (("view", "u16"), ("argb", "u32")),
+    ViewBgColor, False, True,
+    "Background of a view: opacity in the top byte, then red, green, blue.")
+
+
+class ViewSize(NamedTuple):
+    width: int
+    height: int
+
+
+VIEW_SIZE: Row[ViewSize] = Row(
+    "view.size", bytes.fromhex("B1 06"),
+    (), (),
+    (("width", "u16"), ("height", "u16")),
+    ViewSize, True, False,
+    "The project's width and height in pixels.")
+
+
+class ViewBgImage(NamedTuple):
+    view: int
+    image: str
+
+
+VIEW_BG_IMAGE: Row[ViewBgImage] = Row(
+    "view.bg_image", bytes.fromhex("B1 07"),
+    (), (("unused", "u16"),),
+    (("view", "u16"), ("image", "text")),
+    ViewBgImage, False, True,
+    "Background image of a view; the request field is not used.")
+
+CONTROL_HIDDEN: Row[int] = Row(
+    "control.hidden", bytes.fromhex("B2 F0 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("hidden", "s8"),),
+    int, True, True,
+    "Whether the control is hidden: 1 or 0.")
+
+CONTROL_WIDTH: Row[int] = Row(
+    "control.width", bytes.fromhex("B2 F0 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("width", "u16"),),
+    int, True, False,
+    "Width in pixels.")
+
+CONTROL_HEIGHT: Row[int] = Row(
+    "control.height", bytes.fromhex("B2 F0 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("height", "u16"),),
+    int, True, False,
+    "Height in pixels.")
+
+
+class ControlPos(NamedTuple):
+    x: int
+    y: int
+
+
+CONTROL_POS: Row[ControlPos] = Row(
+    "control.pos", bytes.fromhex("B2 F0 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("x", "s16"), ("y", "s16")),
+    ControlPos, False, True,
+    "Moves the control within its parent.")
+
+
+class ControlSize(NamedTuple):
+    width: int
+    height: int
+
+
+CONTROL_SIZE: Row[ControlSize] = Row(
+    "control.size", bytes.fromhex("B2 F0 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("width", "u16"), ("height", "u16")),
+    ControlSize, False, True,
+    "Width and height in pixels.")
+
+CONTROL_ALPHA: Row[int] = Row(
+    "control.alpha", bytes.fromhex("B2 F0 05"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("alpha", "u8"),),
+    int, False, True,
+    "Opacity, 255 for opaque.")
+
+CONTROL_MOVE: Row[int] = Row(
+    "control.move", bytes.fromhex("B2 F0 06"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("where", "u8"),),
+    int, False, True,
+    "To the bottom (0) or the top (1) of its parent's children.")
+
+CONTROL_TOUCH: Row[int] = Row(
+    "control.touch", bytes.fromhex("B2 F0 07"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("touch", "u8"),),
+    int, False, True,
+    "1 takes touches, 0 lets them through.")
+
+CONTROL_CLICK_AREA: Row[int] = Row(
+    "control.click_area", bytes.fromhex("B2 F0 08"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("pixels", "u16"),),
+    int, False, True,
+    "Widens the area that takes touches by so many pixels.")
+
+
+class ControlAlign(NamedTuple):
+    align: int
+    x: int
+    y: int
+
+
+CONTROL_ALIGN: Row[ControlAlign] = Row(
+    "control.align", bytes.fromhex("B2 F0 09"),
+    (("view", "u16"), ("control", "u16")), (("base", "u16"),),
+    (("align", "u8"), ("x", "s16"), ("y", "s16")),
+    ControlAlign, False, True,
+    "Places the control at another one of its view.")
+
+CONTROL_CHILDREN: Row[int] = Row(
+    "control.children", bytes.fromhex("B2 F0 0A"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("count", "u16"),),
+    int, True, False,
+    "How many children the control has.")
+
+
+class ControlXy(NamedTuple):
+    x: int
+    y: int
+
+
+CONTROL_XY: Row[ControlXy] = Row(
+    "control.xy", bytes.fromhex("B2 F0 0B"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("x", "u16"), ("y", "u16")),
+    ControlXy, True, False,
+    "Where the control stands within its parent.")
+
+
+class ControlScrollTo(NamedTuple):
+    animate: int
+    x: int
+    y: int
+
+
+CONTROL_SCROLL_TO: Row[ControlScrollTo] = Row(
+    "control.scroll_to", bytes.fromhex("B2 F0 0C"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("animate", "u8"), ("x", "s16"), ("y", "s16")),
+    ControlScrollTo, False, True,
+    "Scrolls the contents, at once (0) or in an animation (1).")
+
+
+class ControlScroll(NamedTuple):
+    x: int
+    y: int
+
+
+CONTROL_SCROLL: Row[ControlScroll] = Row(
+    "control.scroll", bytes.fromhex("B2 F0 0D"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("x", "s16"), ("y", "s16")),
+    ControlScroll, True, False,
+    "How far the contents are scrolled.")
+
+LABEL_TEXT: Row[str] = Row(
+    "label.text", bytes.fromhex("B2 00 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, True, True,
+    "The text; one that begins with # is looked up in the language.")
+
+LABEL_COLOR: Row[int] = Row(
+    "label.color", bytes.fromhex("B2 00 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("rgb", "u32"),),
+    int, False, True,
+    "Colour of the text, 0xRRGGBB.")
+
+LABEL_FONT_SIZE: Row[int] = Row(
+    "label.font_size", bytes.fromhex("B2 00 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("pixels", "u16"),),
+    int, False, True,
+    "Size of the text in pixels, 1 to 512.")
+
+LABEL_LONG_MODE: Row[int] = Row(
+    "label.long_mode", bytes.fromhex("B2 00 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("mode", "u8"),),
+    int, False, True,
+    "What a long text does: 0 wraps, 1 ends in dots, 2 scrolls, 3 scrolls in circles, 4 is cut.")
+
+LABEL_SCROLL_SPEED: Row[int] = Row(
+    "label.scroll_speed", bytes.fromhex("B2 00 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("speed", "u16"),),
+    int, False, True,
+    "Speed of a scrolling text in pixels a second.")
+
+LABEL_ALIGN: Row[int] = Row(
+    "label.align", bytes.fromhex("B2 00 05"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("align", "u8"),),
+    int, False, True,
+    "Low half: alignment of the lines; high half: 1 top, 2 middle, 3 bottom.")
+
+BUTTON_TEXT: Row[str] = Row(
+    "button.text", bytes.fromhex("B2 01 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, False, True,
+    "The text on the button.")
+
+
+class ButtonColor(NamedTuple):
+    selector: int
+    rgb: int
+
+
+BUTTON_COLOR: Row[ButtonColor] = Row(
+    "button.color", bytes.fromhex("B2 01 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("selector", "u8"), ("rgb", "u32")),
+    ButtonColor, False, True,
+    "Colour of the text in a state, 0xRRGGBB.")
+
+BUTTON_FONT_SIZE: Row[int] = Row(
+    "button.font_size", bytes.fromhex("B2 01 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("pixels", "u16"),),
+    int, False, True,
+    "Size of the text in pixels, 1 to 512.")
+
+BUTTON_MODE: Row[int] = Row(
+    "button.mode", bytes.fromhex("B2 01 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("mode", "u8"),),
+    int, False, True,
+    "0 springs back, 1 stays down at every other click.")
+
+BUTTON_STATE: Row[int] = Row(
+    "button.state", bytes.fromhex("B2 01 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("state", "u8"),),
+    int, True, True,
+    "State bits: 1 checked, 32 pressed, 128 disabled.")
+
+IMAGE_IMAGE: Row[str] = Row(
+    "image.image", bytes.fromhex("B2 02 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("name", "text"),),
+    str, True, True,
+    "The picture, a file of the project.")
+
+IMAGE_ANGLE: Row[int] = Row(
+    "image.angle", bytes.fromhex("B2 02 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("angle", "u16"),),
+    int, False, True,
+    "Turns the picture, in tenths of a degree.")
+
+
+class ImagePivot(NamedTuple):
+    x: int
+    y: int
+
+
+IMAGE_PIVOT: Row[ImagePivot] = Row(
+    "image.pivot", bytes.fromhex("B2 02 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("x", "s16"), ("y", "s16")),
+    ImagePivot, False, True,
+    "The point around which the picture turns.")
+
+IMAGE_ZOOM: Row[int] = Row(
+    "image.zoom", bytes.fromhex("B2 02 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("zoom", "u16"),),
+    int, False, True,
+    "Zoom, 256 is 100 %.")
+
+IMAGE_BUTTON_TEXT: Row[str] = Row(
+    "image_button.text", bytes.fromhex("B2 03 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, False, True,
+    "The text on the button.")
+
+
+class ImageButtonColor(NamedTuple):
+    state: int
+    rgb: int
+
+
+IMAGE_BUTTON_COLOR: Row[ImageButtonColor] = Row(
+    "image_button.color", bytes.fromhex("B2 03 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("state", "u8"), ("rgb", "u32")),
+    ImageButtonColor, False, True,
+    "Colour of the text in a state, 0xRRGGBB.")
+
+IMAGE_BUTTON_FONT_SIZE: Row[int] = Row(
+    "image_button.font_size", bytes.fromhex("B2 03 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("pixels", "u16"),),
+    int, False, True,
+    "Size of the text in pixels, 1 to 512.")
+
+IMAGE_BUTTON_STATE: Row[int] = Row(
+    "image_button.state", bytes.fromhex("B2 03 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("state", "u8"),),
+    int, False, True,
+    "0 released, 1 pressed, 2 disabled, 3 checked, 4 checked and pressed, 5 checked and disabled.")
+
+
+class ImageButtonImage(NamedTuple):
+    state: int
+    name: str
+
+
+IMAGE_BUTTON_IMAGE: Row[ImageButtonImage] = Row(
+    "image_button.image", bytes.fromhex("B2 03 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("state", "u8"), ("name", "text")),
+    ImageButtonImage, False, True,
+    "The picture of a state.")
+
+
+class LineLook(NamedTuple):
+    rgb: int
+    width: int
+    opa: int
+    rounded: int
+
+
+LINE_LOOK: Row[LineLook] = Row(
+    "line.look", bytes.fromhex("B2 04 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("rgb", "u32"), ("width", "u16"), ("opa", "u8"), ("rounded", "u8")),
+    LineLook, False, True,
+    "Colour 0xRRGGBB, width, opacity, and whether the ends are round.")
+
+
+class ArcLook(NamedTuple):
+    rgb: int
+    width: int
+    opa: int
+    rounded: int
+
+
+ARC_LOOK: Row[ArcLook] = Row(
+    "arc.look", bytes.fromhex("B2 05 00"),
+    (("view", "u16"), ("control", "u16")), (("part", "s8"),),
+    (("rgb", "u32"), ("width", "u16"), ("opa", "u8"), ("rounded", "u8")),
+    ArcLook, False, True,
+    "Look of a part: 0 background, 1 indicator.")
+
+ARC_KNOB_COLOR: Row[int] = Row(
+    "arc.knob_color", bytes.fromhex("B2 05 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("rgb", "u32"),),
+    int, False, True,
+    "Colour of the knob, 0xRRGGBB.")
+
+
+class ArcRange(NamedTuple):
+    min: int
+    max: int
+
+
+ARC_RANGE: Row[ArcRange] = Row(
+    "arc.range", bytes.fromhex("B2 05 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("min", "s16"), ("max", "s16")),
+    ArcRange, False, True,
+    "The values of both ends.")
+
+ARC_VALUE: Row[int] = Row(
+    "arc.value", bytes.fromhex("B2 05 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("value", "s16"),),
+    int, True, True,
+    "The value, kept within the range.")
+
+ARC_ROTATION: Row[int] = Row(
+    "arc.rotation", bytes.fromhex("B2 05 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("degrees", "u16"),),
+    int, False, True,
+    "Turns the whole arc, in degrees.")
+
+
+class ArcAngles(NamedTuple):
+    start: int
+    end: int
+
+
+ARC_ANGLES: Row[ArcAngles] = Row(
+    "arc.angles", bytes.fromhex("B2 05 05"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("start", "u16"), ("end", "u16")),
+    ArcAngles, False, True,
+    "Angles of both ends, clockwise from the right, in degrees.")
+
+BAR_COLOR: Row[int] = Row(
+    "bar.color", bytes.fromhex("B2 06 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("rgb", "u32"),),
+    int, False, True,
+    "Colour of the indicator, 0xRRGGBB.")
+
+BAR_VALUE: Row[int] = Row(
+    "bar.value", bytes.fromhex("B2 06 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("value", "s16"),),
+    int, True, True,
+    "The value, kept within the range.")
+
+
+class BarRange(NamedTuple):
+    min: int
+    max: int
+
+
+BAR_RANGE: Row[BarRange] = Row(
+    "bar.range", bytes.fromhex("B2 06 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("min", "s16"), ("max", "s16")),
+    BarRange, False, True,
+    "The values of both ends.")
+
+SLIDER_COLOR: Row[int] = Row(
+    "slider.color", bytes.fromhex("B2 07 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("rgb", "u32"),),
+    int, False, True,
+    "Colour of the indicator, 0xRRGGBB.")
+
+SLIDER_VALUE: Row[int] = Row(
+    "slider.value", bytes.fromhex("B2 07 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("value", "s16"),),
+    int, True, True,
+    "The value, kept within the range.")
+
+
+class SliderRange(NamedTuple):
+    min: int
+    max: int
+
+
+SLIDER_RANGE: Row[SliderRange] = Row(
+    "slider.range", bytes.fromhex("B2 07 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("min", "s16"), ("max", "s16")),
+    SliderRange, False, True,
+    "The values of both ends.")
+
+SWITCH_ON: Row[int] = Row(
+    "switch.on", bytes.fromhex("B2 08 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("on", "u8"),),
+    int, True, True,
+    "Whether the switch is on.")
+
+CHECK_BOX_TEXT: Row[str] = Row(
+    "check_box.text", bytes.fromhex("B2 09 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, False, True,
+    "The text beside the box.")
+
+CHECK_BOX_CHECKED: Row[int] = Row(
+    "check_box.checked", bytes.fromhex("B2 09 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("checked", "u8"),),
+    int, True, True,
+    "Whether the box is checked.")
+
+CHECK_BOX_DISABLED: Row[int] = Row(
+    "check_box.disabled", bytes.fromhex("B2 09 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("disabled", "u8"),),
+    int, True, True,
+    "Whether the box takes no touches.")
+
+
+class TileViewTile(NamedTuple):
+    animate: int
+    row: int
+    column: int
+
+
+TILE_VIEW_TILE: Row[TileViewTile] = Row(
+    "tile_view.tile", bytes.fromhex("B2 0B 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("animate", "u8"), ("row", "u16"), ("column", "u16")),
+    TileViewTile, False, True,
+    "Goes to a tile, at once (0) or in an animation (1).")
+
+SPIN_BOX_VALUE: Row[int] = Row(
+    "spin_box.value", bytes.fromhex("B2 14 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("value", "s32"),),
+    int, True, True,
+    "The value, without its decimal point.")
+
+SPIN_BOX_STEP: Row[int] = Row(
+    "spin_box.step", bytes.fromhex("B2 14 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("which", "u8"),),
+    int, False, True,
+    "Chooses the digit to change: 0 the one before, 1 the next.")
+
+SPIN_BOX_COUNT: Row[int] = Row(
+    "spin_box.count", bytes.fromhex("B2 14 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("which", "u8"),),
+    int, False, True,
+    "Counts by one step: 0 down, 1 up.")
+
+# rows: end

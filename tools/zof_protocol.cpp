@@ -1,0 +1,271 @@
+// Writes what is known of the host protocol's commands into the files of those who write hosts: the reference in docs/,
+// the constants and calls of the C library, the rows of the Python library. The command tables are the one source.
+// Everything between a file's line with "rows: begin" and its line with "rows: end" is written anew.
+// usage: zof_protocol [--check] FILE.md|FILE.h|FILE.py...     --check writes nothing, and fails if something would
+// change
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "hmi/zof_hmi_cmd.h"
+
+struct field_type_t {
+    const char *wire, *c, *put;
+};
+
+static constexpr field_type_t field_types[] = {{"text", "const char *", "text"}, {"s8", "int8_t ", "u8"},
+                                               {"u8", "uint8_t ", "u8"},         {"s16", "int16_t ", "u16"},
+                                               {"u16", "uint16_t ", "u16"},      {"s32", "int32_t ", "u32"},
+                                               {"u32", "uint32_t ", "u32"}};
+static_assert(sizeof(field_types) / sizeof(field_types[0]) == ZOF_HMI_T_COUNT);
+
+struct field_t {
+    std::string name;
+    const field_type_t *type;
+};
+
+// A row with all its fields by name.
+struct row_t {
+    const zof_hmi_cmd_type_t *type;
+    const zof_hmi_param_type_t *param;
+    std::vector<field_t> address, request, value; // in wire order
+    bool hidden;                                  // behind a row of the same code: no frame reaches it
+};
+
+static std::vector<field_t> fields(const zof_hmi_rec_t *list, const char *names) {
+    std::vector<field_t> out;
+    std::istringstream words(names ? names : "");
+    for (u32 i = 0; i < list->count; i++) {
+        std::string name;
+        words >> name;
+        out.push_back({name, &field_types[list->fields[i].type]});
+    }
+    return out;
+}
+
+static std::vector<row_t> rows_of(const zof_hmi_cmd_type_t &type) {
+    std::vector<row_t> out;
+    for (u32 i = 0; i < type.param_count; i++) {
+        const zof_hmi_param_type_t &p = type.params[i];
+        bool hidden = false;
+        for (u32 k = 0; k < i; k++) {
+            hidden = hidden || memcmp(type.params[k].code, p.code, type.params[k].len) == 0;
+        }
+        out.push_back({&type, &p, fields(type.rec, type.rec_names), fields(p.rw->req, p.req_names),
+                       fields(p.value, p.value_names), hidden});
+    }
+    return out;
+}
+
+static std::vector<u8> code_of(const row_t &row) {
+    std::vector<u8> out(row.type->code, row.type->code + row.type->len);
+    out.insert(out.end(), row.param->code, row.param->code + row.param->len);
+    return out;
+}
+
+static std::string hex(const u8 *code, u32 len, const char *gap) {
+    std::string out;
+    for (u32 i = 0; i < len; i++) {
+        char text[8];
+        snprintf(text, sizeof(text), "%s%02X", i ? gap : "", code[i]);
+        out += text;
+    }
+    return out;
+}
+
+static std::string upper(std::string text) {
+    for (char &c : text) {
+        c = (char)toupper((unsigned char)c);
+    }
+    return text;
+}
+
+// "system_touch" -> "SystemTouch"
+static std::string camel(const std::string &text) {
+    std::string out;
+    bool up = true;
+    for (char c : text) {
+        out += c == '_' ? std::string() : std::string(1, up ? (char)toupper((unsigned char)c) : c);
+        up = c == '_';
+    }
+    return out;
+}
+
+static std::string name_of(const row_t &row) {
+    return std::string(row.type->name) + "_" + row.param->name;
+}
+
+// Reference
+// ------------------------------------------------------------------------------------------------------------
+static std::string field_words(const std::vector<field_t> &list) {
+    std::string out;
+    for (const field_t &f : list) {
+        out += (out.empty() ? "" : ", ") + std::string(f.type->wire) + " " + f.name;
+    }
+    return out.empty() ? "-" : out;
+}
+
+static void markdown(const zof_hmi_cmd_type_t &type, std::ostream &out) {
+    out << "\n### " << hex(type.code, type.len, " ") << " " << type.name << "\n\n" << type.help << "\n\n";
+    out << "| Code | Name | Host may | Request | Value | What it does |\n|---|---|---|---|---|---|\n";
+    for (const row_t &r : rows_of(type)) {
+        const bool reads = r.param->get_fun && !r.hidden, writes = r.param->set_fun && !r.hidden;
+        out << "| " << hex(r.param->code, r.param->len, " ") << " | `" << type.name << "." << r.param->name << "` | "
+            << (reads && writes ? "read, write"
+                : reads         ? "read"
+                : writes        ? "write"
+                                : "-")
+            << " | " << field_words(r.request) << " | " << field_words(r.value) << " | " << r.param->help << " |\n";
+    }
+}
+
+// Comment lines of at most 120 columns.
+static std::string comment(const std::string &text) {
+    std::istringstream words(text);
+    std::string out = "//", word;
+    size_t column = out.size();
+    while (words >> word) {
+        if (column + 1 + word.size() > 120) {
+            out += "\n//";
+            column = 2;
+        }
+        out += " " + word;
+        column += 1 + word.size();
+    }
+    return out + "\n";
+}
+
+// C library
+// ------------------------------------------------------------------------------------------------------------ One
+// call: arguments and what puts them into the frame.
+static void c_call(const row_t &row, const char *verb, const char *op,
+                   const std::vector<const std::vector<field_t> *> &lists, std::ostream &out) {
+    std::string args, puts;
+    for (const auto *list : lists) {
+        for (const field_t &f : *list) {
+            args += ", " + std::string(f.type->c) + f.name;
+            puts += "    zof_host_put_" + std::string(f.type->put) + "(host, " +
+                    (f.type->c[0] == 'i' ? "(u" + std::string(f.type->c, strlen(f.type->c) - 1) + ")" : "") + f.name +
+                    ");\n";
+        }
+    }
+    out << "static inline int zof_host_" << verb << "_" << name_of(row) << "(zof_host_t *host" << args << ") {\n"
+        << "    zof_host_begin(host, " << op << ", ZOF_HOST_" << upper(name_of(row)) << ");\n"
+        << puts << "    return zof_host_end(host);\n}\n";
+}
+
+static void c_header(const zof_hmi_cmd_type_t &type, std::ostream &out) {
+    out << "\n// " << type.help << "\n";
+    for (const row_t &r : rows_of(type)) {
+        if (r.hidden) {
+            continue;
+        }
+        const std::vector<u8> code = code_of(r);
+        std::vector<u8> packed = {(u8)code.size(), 0, 0, 0};
+        std::copy(code.begin(), code.end(), packed.begin() + 1);
+        out << "\n"
+            << comment(r.param->help) << comment((r.param->get_fun ? "Answers: " : "Carries: ") + field_words(r.value))
+            << "#define ZOF_HOST_" << upper(name_of(r)) << " 0x" << hex(packed.data(), 4, "") << "ul\n";
+        if (r.param->get_fun) {
+            c_call(r, "get", "ZOF_HOST_READ", {&r.address, &r.request}, out);
+        }
+        if (r.param->set_fun) {
+            c_call(r, "set", "ZOF_HOST_WRITE", {&r.address, &r.request, &r.value}, out);
+        }
+    }
+}
+
+// Python library
+// -------------------------------------------------------------------------------------------------------
+static std::string py_type(const field_t &f) {
+    return f.type == &field_types[ZOF_HMI_T_STR] ? "str" : "int";
+}
+
+static std::string py_fields(const std::vector<field_t> &list) {
+    std::string out = "(";
+    for (const field_t &f : list) {
+        out += "(\"" + f.name + "\", \"" + f.type->wire + "\"), ";
+    }
+    return (list.size() > 1 ? out.substr(0, out.size() - 2) : out.substr(0, out.size() - (list.empty() ? 0 : 1))) + ")";
+}
+
+static void python(const zof_hmi_cmd_type_t &type, std::ostream &out) {
+    for (const row_t &r : rows_of(type)) {
+        if (r.hidden) {
+            continue;
+        }
+        std::string value = py_type(r.value[0]);
+        if (r.value.size() > 1) {
+            value = camel(name_of(r));
+            out << "\n\nclass " << value << "(NamedTuple):\n";
+            for (const field_t &f : r.value) {
+                out << "    " << f.name << ": " << py_type(f) << "\n";
+            }
+            out << "\n";
+        }
+        const std::vector<u8> code = code_of(r);
+        out << "\n"
+            << upper(name_of(r)) << ": Row[" << value << "] = Row(\n    \"" << type.name << "." << r.param->name
+            << "\", bytes.fromhex(\"" << hex(code.data(), (u32)code.size(), " ") << "\"),\n    " << py_fields(r.address)
+            << ", " << py_fields(r.request) << ",\n    " << py_fields(r.value) << ",\n    " << value << ", "
+            << (r.param->get_fun ? "True" : "False") << ", " << (r.param->set_fun ? "True" : "False") << ",\n    \""
+            << r.param->help << "\")\n";
+    }
+}
+
+// Files
+// ----------------------------------------------------------------------------------------------------------------
+static int fail(const std::string &file, const char *what) {
+    fprintf(stderr, "zof_protocol: %s: %s\n", file.c_str(), what);
+    return 1;
+}
+
+static bool ends_with(const std::string &text, const char *end) {
+    const size_t len = strlen(end);
+    return text.size() >= len && text.compare(text.size() - len, len, end) == 0;
+}
+
+static std::string all_rows(const std::string &file) {
+    const auto write = ends_with(file, ".md") ? markdown : ends_with(file, ".h") ? c_header : python;
+    std::ostringstream out;
+    for (u32 i = 0; i < zof_ui_cmd_type_count; i++) {
+        write(zof_ui_cmd_types[i], out);
+    }
+    return out.str() + "\n";
+}
+
+static int refresh(const std::string &file, bool check) {
+    std::ifstream in(file, std::ios::binary);
+    std::ostringstream content;
+    content << in.rdbuf();
+    const std::string old = content.str();
+    size_t begin = old.find("rows: begin");
+    begin = begin == std::string::npos ? begin : old.find('\n', begin);
+    const size_t mark = old.find("rows: end");
+    if (!in || begin == std::string::npos || mark == std::string::npos || mark < begin) {
+        return fail(file, "no lines with \"rows: begin\" and \"rows: end\"");
+    }
+    const size_t end = old.rfind('\n', mark) + 1;
+    const std::string now = old.substr(0, begin + 1) + all_rows(file) + old.substr(end);
+    if (now == old) {
+        return 0;
+    }
+    if (check) {
+        return fail(file, "does not hold the command rows as they are; build the target `protocol`");
+    }
+    std::ofstream to(file, std::ios::binary);
+    to << now;
+    return to.flush() ? 0 : fail(file, "cannot be written");
+}
+
+int main(int argc, char **argv) {
+    const bool check = argc > 1 && strcmp(argv[1], "--check") == 0;
+    int result = argc > 1 ? 0 : 2;
+    for (int i = check ? 2 : 1; i < argc; i++) {
+        result |= refresh(argv[i], check);
+    }
+    return result;
+}
