@@ -43,17 +43,29 @@ bool fault_take(wire_faults &faults, const std::string &text) {
     return false;
 }
 
-static void make_raw(int fd) {
+static constexpr struct {
+    unsigned baud;
+    speed_t code;
+} speeds[] = {{2400, B2400},     {4800, B4800},     {9600, B9600},       {19200, B19200},     {38400, B38400},
+              {57600, B57600},   {115200, B115200}, {230400, B230400},   {460800, B460800},   {500000, B500000},
+              {576000, B576000}, {921600, B921600}, {1000000, B1000000}, {1152000, B1152000}, {1500000, B1500000}};
+
+static void make_raw(int fd, unsigned baud) {
     termios t;
-    if (tcgetattr(fd, &t) == 0) {
-        cfmakeraw(&t);
-        cfsetspeed(&t, B115200);
-        tcsetattr(fd, TCSANOW, &t);
+    if (tcgetattr(fd, &t) != 0) {
+        return;
     }
+    cfmakeraw(&t);
+    for (const auto &speed : speeds) {
+        if (speed.baud == baud) {
+            cfsetspeed(&t, speed.code);
+        }
+    }
+    tcsetattr(fd, TCSANOW, &t);
 }
 
 static bool fail(const std::string &what) {
-    fprintf(stderr, "board_sim: %s: %s\n", what.c_str(), strerror(errno));
+    fprintf(stderr, "%s: %s: %s\n", program_invocation_short_name, what.c_str(), strerror(errno));
     return false;
 }
 
@@ -89,7 +101,7 @@ static bool plug_pty(wire &w) {
     if (w.slave < 0) {
         return fail(w.slave_name);
     }
-    make_raw(w.slave);
+    make_raw(w.slave, w.baud);
     return link_set(w);
 }
 
@@ -108,7 +120,7 @@ bool wire_plug(wire &w) {
     if (w.fd < 0) {
         return fail(w.tty);
     }
-    make_raw(w.fd);
+    make_raw(w.fd, w.baud);
     return true;
 }
 

@@ -32,6 +32,7 @@ struct wire {
     int slave = -1;   // kept open, so that a panel that leaves does not end the line
     std::string link; // the name under which the panel finds the pseudo-terminal
     std::string tty;  // a given line instead
+    unsigned baud = 115200;
     std::string slave_name;
     bool linked = false; // `link` is ours to remove
     wire_faults faults;
