@@ -4,32 +4,9 @@
 
 #include <functional>
 
+#include "every_control.h"
 #include "hmi/zof_hmi_analys.h"
 #include "hmi_panel.h"
-
-enum { LABEL = 5, BTN, IMG, IMGBTN, LINE, ARC, BAR, SLIDER, SWITCH, CHECK_BOX, TILES, SPIN, TILE_A, TILE_B };
-
-static std::vector<std::string> one_of_each() {
-    const auto tile = [](u32 id, u32 col) {
-        return ctrl(ZOF_CTRL_TILE, id, R"("col_id": )" + std::to_string(col) + R"(, "row_id": 0, "dir": 3)",
-                    R"("parent_id": )" + std::to_string(TILES));
-    };
-    return {ctrl(ZOF_CTRL_LABEL, LABEL, R"("auto_hight": 1, "txt": "#hello")", box(10, 20, 200, 30)),
-            ctrl(ZOF_CTRL_BTN, BTN, R"("txt": "b")", box(0, 60, 80, 30)),
-            ctrl(ZOF_CTRL_IMG, IMG, R"("init_img": "red.png")", box(200, 60, 20, 20)),
-            ctrl(ZOF_CTRL_IMGBTN, IMGBTN, R"("img_rel": "red.png", "txt": "i")", box(240, 60, 20, 20)),
-            ctrl(ZOF_CTRL_LINE, LINE, "", box(0, 100, 50, 10)),
-            ctrl(ZOF_CTRL_ARC, ARC, R"("minValue": 0, "maxValue": 100)", box(0, 120, 60, 60)),
-            ctrl(ZOF_CTRL_BAR, BAR, R"("minValue": 0, "maxValue": 100)", box(80, 120, 60, 10)),
-            ctrl(ZOF_CTRL_SLIDER, SLIDER, R"("minValue": 0, "maxValue": 100)", box(80, 140, 60, 10)),
-            ctrl(ZOF_CTRL_SW, SWITCH, "", box(160, 120, 60, 30)),
-            ctrl(ZOF_CTRL_CB, CHECK_BOX, R"("txt": "c")", box(160, 160, 60, 30)),
-            ctrl(ZOF_CTRL_TILEVIEW, TILES, R"("anim_time": 0, "count": 2)", box(240, 120, 60, 60), "{}"),
-            ctrl(ZOF_CTRL_SPINBOX, SPIN, R"("range_min": -999, "range_max": 999, "int_cnt": 3, "step": 1)",
-                 box(0, 190, 100, 40)),
-            tile(TILE_A, 0),
-            tile(TILE_B, 1)};
-}
 
 static lv_obj_t *obj(u32 id) {
     para_t *c = zof_ctrl_get_form_id(1, id);
