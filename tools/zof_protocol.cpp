@@ -202,7 +202,9 @@ static void python(const zof_hmi_cmd_type_t &type, std::ostream &out) {
             value = camel(name_of(r));
             out << "\n\nclass " << value << "(NamedTuple):\n";
             for (const field_t &f : r.value) {
-                out << "    " << f.name << ": " << py_type(f) << "\n";
+                // Every tuple has methods of these names.
+                const bool hides = f.name == "count" || f.name == "index";
+                out << "    " << f.name << ": " << py_type(f) << (hides ? "  # type: ignore[assignment]" : "") << "\n";
             }
             out << "\n";
         }

@@ -29,7 +29,7 @@ SYSTEM_BRIGHT: Row[int] = Row(
 
 
 class SystemTone(NamedTuple):
-    count: int
+    count: int  # type: ignore[assignment]
     pause_ms: int
     tone_ms: int
 

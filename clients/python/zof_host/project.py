@@ -1,0 +1,93 @@
+"""A panel's project folder: ids by name, and the line's settings. Only reads."""
+from __future__ import annotations
+
+import json
+from pathlib import Path
+from typing import Any, NamedTuple
+
+from .errors import PanelError, UnknownName
+from .line import Settings
+
+SPEEDS = (2400, 4800, 9600, 19200, 38400, 57600, 115200, 230400, 460800, 500000, 576000, 921600, 1000000, 1152000,
+          1500000)
+TYPES = ("label", "button", "container", "image_button", "line", "arc", "bar", "slider", "sw", "cb", "mbox", "tileview",
+         "txtbox", "list", "droplist", "rollist", "chart", "table", "spinbox", "img", "gif", "qrcode", "video",
+         "keyboard", "tile", "sketchpad", "btnmatrix", "animimg", "scrollcont", "scrollcont_obj")
+QUEUE_MORE = 1024
+
+
+class Control(NamedTuple):
+    id: int
+    name: str
+    type: str
+
+
+class View(NamedTuple):
+    id: int
+    name: str
+    controls: list[Control]
+
+
+class Project:
+    def __init__(self, folder: str | Path) -> None:
+        """PanelError, with the file, when the folder is no project."""
+        config = Path(folder) / "config"
+        project = _load(config / "project" / "zofprj.g")
+        self.views = [_view(config / "view", entry) for entry in project.get("views") or []]
+        link = config / "project" / "zofhmi.g"
+        self.settings = _settings(_load(link)) if link.exists() else Settings()
+
+    def ids(self, view: int | str | None, control: int | str | None) -> tuple[int | None, int | None]:
+        """Numbers of a view and of a control in it; numbers stay as they are, known or not."""
+        view_id = self.view_id(view) if isinstance(view, str) else view
+        if not isinstance(control, str):
+            return view_id, control
+        if view_id is None:
+            raise UnknownName(f"the control {control} needs its view")
+        here = [v for v in self.views if v.id == view_id]
+        for one in here[0].controls if here else []:
+            if one.name.lower() == control.lower():
+                return view_id, one.id
+        raise UnknownName(f"the view {view} has no control {control}")
+
+    def view_id(self, name: str) -> int:
+        for view in self.views:
+            if view.name.lower() == name.lower():
+                return view.id
+        raise UnknownName(f"the project has no view {name}; it has {', '.join(v.name for v in self.views)}")
+
+
+def _lower(value: Any) -> Any:
+    """Keys match without regard to case, as they do in the panel."""
+    if isinstance(value, dict):
+        return {key.lower(): _lower(inner) for key, inner in value.items()}
+    return [_lower(inner) for inner in value] if isinstance(value, list) else value
+
+
+def _load(path: Path) -> dict[str, Any]:
+    try:
+        data = _lower(json.loads(path.read_text(encoding="utf-8-sig")))
+    except (OSError, ValueError) as why:
+        raise PanelError(f"{path}: {why}") from None
+    if not isinstance(data, dict):
+        raise PanelError(f"{path}: its root is no object")
+    return data
+
+
+def _view(folder: Path, entry: dict[str, Any]) -> View:
+    name = str(entry.get("pagename", ""))
+    controls = []
+    for control in _load(folder / name).get("controls") or []:
+        pub = control.get("property", {}).get("pub_t", {})
+        kind = control.get("type", 0)
+        controls.append(Control(pub.get("id", 0), pub.get("name", ""), TYPES[kind] if kind < len(TYPES) else str(kind)))
+    return View(entry.get("pageid", 0), Path(name).stem, controls)
+
+
+def _settings(hmi: dict[str, Any]) -> Settings:
+    uart = hmi.get("uart", {})
+    speed = uart.get("speed_e", 0)
+    return Settings(baud=SPEEDS[speed] if speed < len(SPEEDS) else speed, head=(hmi.get("head_fh", 0), hmi.get("head_fl", 0)),
+                    crc=bool(hmi.get("crc_en", 0)), silence_ms=hmi.get("timeout", 0),
+                    queue_bytes=hmi.get("buffsize", 0) + QUEUE_MORE, bits=8 if uart.get("bit_e", 0) else 7,
+                    parity="NOE"[uart.get("parity_e", 0)], stop_bits=2 if uart.get("stop_e", 0) else 1)

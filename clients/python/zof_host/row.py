@@ -1,0 +1,106 @@
+"""One command row of the panel, and how its fields look on the wire."""
+from __future__ import annotations
+
+import struct
+from dataclasses import dataclass
+from typing import Callable, Generic, Iterable, Mapping, Tuple, TypeVar, Union
+
+T = TypeVar("T")
+
+Field = Tuple[str, str]  # name and type, in wire order
+Plain = Union[int, str]  # what a field holds
+
+_NUMBERS = {"u8": ">B", "s8": ">b", "u16": ">H", "s16": ">h", "u32": ">I", "s32": ">i"}
+
+
+def encode(fields: Iterable[Field], values: Iterable[Plain]) -> bytes:
+    """Fields as bytes. ValueError, naming the field, for a value that does not fit it."""
+    out = b""
+    for (name, kind), value in zip(fields, values):
+        if kind == "text":
+            if not isinstance(value, str):
+                raise ValueError(f"{name} is a text, not {value!r}")
+            if "\0" in value:
+                raise ValueError(f"{name}: a text cannot hold a zero, which is its end on the wire")
+            out += value.encode() + b"\0"
+            continue
+        try:
+            out += struct.pack(_NUMBERS[kind], value)
+        except struct.error:
+            raise ValueError(f"{name} is a number of type {kind}, not {value!r}") from None
+    return out
+
+
+def size(fields: Iterable[Field]) -> int:
+    """Bytes of fields that are all numbers, as those of addresses and requests are."""
+    return sum(struct.calcsize(_NUMBERS[kind]) for _, kind in fields)
+
+
+def decode(fields: Iterable[Field], data: bytes) -> tuple[list[Plain], bytes]:
+    """The fields' values, and the bytes behind them. ValueError when they are not all there."""
+    values: list[Plain] = []
+    for name, kind in fields:
+        if kind == "text":
+            text, zero, data = data.partition(b"\0")
+            if not zero:
+                raise ValueError(f"{name} has no end")
+            values.append(text.decode(errors="replace"))
+            continue
+        form = _NUMBERS[kind]
+        if len(data) < struct.calcsize(form):
+            raise ValueError(f"{name} is not all there")
+        values.append(int(struct.unpack_from(form, data)[0]))
+        data = data[struct.calcsize(form):]
+    return values, data
+
+
+@dataclass(frozen=True)
+class Row(Generic[T]):
+    """What a host may read or write. T is the value's type: an int, a str, or a named tuple of several fields."""
+
+    name: str
+    code: bytes
+    address: tuple[Field, ...]  # view and control, or nothing
+    request: tuple[Field, ...]
+    value: tuple[Field, ...]
+    make: Callable[..., T]
+    readable: bool
+    writable: bool
+    help: str
+
+    @property
+    def system(self) -> bool:
+        """Executed when it comes; all other rows wait in the panel's queue."""
+        return self.code[0] == 0xB0
+
+    @property
+    def key_size(self) -> int:
+        """Bytes in front of the value: they come back in every answer as they were sent."""
+        return len(self.code) + size(self.address) + size(self.request)
+
+    def key(self, view: int | None, control: int | None, request: Mapping[str, int]) -> bytes:
+        """Code, ids and request fields. TypeError when one is missing, or given to a row that has none."""
+        given: dict[str, int] = {n: v for n, v in (("view", view), ("control", control)) if v is not None}
+        for name in request:
+            if name in given:
+                raise TypeError(f"{self.name}: {name} is given twice")
+        given.update(request)
+        wanted = self.address + self.request
+        names = [name for name, _ in wanted]
+        if sorted(names) != sorted(given):
+            raise TypeError(f"{self.name} is asked with {', '.join(names) or 'nothing'}, not with "
+                            f"{', '.join(given) or 'nothing'}")
+        return self.code + encode(wanted, [given[name] for name in names])
+
+    def encode_value(self, value: T) -> bytes:
+        parts = tuple(value) if isinstance(value, tuple) else (value,)
+        if len(parts) != len(self.value):
+            raise ValueError(f"{self.name} has {len(self.value)} values, not {len(parts)}")
+        return encode(self.value, parts)
+
+    def decode_value(self, data: bytes) -> T:
+        """ValueError when the bytes are not exactly this row's value."""
+        values, rest = decode(self.value, data)
+        if rest:
+            raise ValueError(f"{len(rest)} bytes too many")
+        return self.make(*values)
