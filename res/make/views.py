@@ -18,6 +18,7 @@ TOP, MIDDLE = 0x10, 0x20
 SIDES = {"top": 2, "all": 15}
 FULL = 4294967295
 BITMAP_SIZES = (112, 56, 36, 26)
+HOST_PORT, BAUD_921600 = 5, 11
 
 
 def colour(c, opa=255):
@@ -158,6 +159,9 @@ def main():
         "cacheImg": 8, "app_ver": APP_VER, "comp_time": COMP_TIME, "init_allview": 1, "rotate": 0, "show_en": 0,
         "win_mem": 64, "views": [{"pageId": view, "pageName": name + ".g"} for view, name in names.items()],
         "hw_t": {"dis_t": {"off_x": 0, "off_y": 0, "dis_mode": 0}, "touch_t": {"th_en": 0, "long_press_time": 0}}})
+    write("project/zofhmi.g", {
+        "hmi_en": 1, "uart": {"win_port": HOST_PORT, "speed_e": BAUD_921600, "bit_e": 1, "parity_e": 0, "stop_e": 0},
+        "head_fh": 0x5A, "head_fl": 0xA5, "buffsize": 4096, "timeout": 5, "resend_en": 1, "crc_en": 0})
 
 
 if __name__ == "__main__":
