@@ -35,6 +35,7 @@
 #include "control/zof_ctrl.h"
 #include "control/zof_ctrl_create.h"
 #include "control/zof_image.h"
+#include "control/zof_list.h"
 #include "control/zof_text.h"
 #include "control/zof_value.h"
 

@@ -67,6 +67,7 @@ inline std::string filled(u32 color) {
 struct view_project_t : temp_project_t {
     std::string pages;
     std::string more = R"(, "start_page": 0)"; // keys of the project file
+    std::string shown_keys;                    // keys of the view that `show` makes
 
     void view(u32 id, const std::vector<std::string> &controls, const std::string &keys = "") {
         const std::string number = std::to_string(id);
@@ -100,7 +101,7 @@ struct view_project_t : temp_project_t {
 
     // Opens with view 1 of these controls and shows it; what was printed.
     std::string show(const std::vector<std::string> &controls) {
-        view(1, controls);
+        view(1, controls, shown_keys);
         return printed([&] {
             open(320, 240);
             zof_view_set_dis_view(1);

@@ -5,6 +5,7 @@
 
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
+#include "control/zof_list.h"
 #include "control/zof_text.h"
 #include "control/zof_value.h"
 #include "project/zof_j2s.h"
@@ -27,9 +28,9 @@ const zof_ctrl_class_t zof_ctrl_classes[] = {
     {ZOF_CTRL_MBOX, "mbox"},
     {ZOF_CTRL_TILEVIEW, "tileview", zof_tileview_create},
     {ZOF_CTRL_TXTBOX, "txtbox"},
-    {ZOF_CTRL_LIST, "list"},
-    {ZOF_CTRL_DROPLIST, "droplist"},
-    {ZOF_CTRL_ROLLIST, "rollist"},
+    {ZOF_CTRL_LIST, "list", zof_list_create, zof_list_update_txt, zof_list_del},
+    {ZOF_CTRL_DROPLIST, "droplist", zof_droplist_create, zof_droplist_update_txt, zof_droplist_del},
+    {ZOF_CTRL_ROLLIST, "rollist", zof_rollist_create, zof_rollist_update_txt, zof_rollist_del},
     {ZOF_CTRL_CHART, "chart"},
     {ZOF_CTRL_TABLE, "table"},
     {ZOF_CTRL_SPINBOX, "spinbox", zof_spinbox_create},

@@ -65,6 +65,9 @@ enum {
     ZOF_CTRL_SW_PARAM_COUNT = 1,
     ZOF_CTRL_CB_PARAM_COUNT = 3,
     ZOF_CTRL_TILEVIEW_PARAM_COUNT = 2,
+    ZOF_CTRL_LIST_PARAM_COUNT = 3,
+    ZOF_CTRL_DROPLIST_PARAM_COUNT = 4,
+    ZOF_CTRL_ROLLIST_PARAM_COUNT = 3,
     ZOF_CTRL_SPINBOX_PARAM_COUNT = 3
 };
 extern const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT];
@@ -81,6 +84,9 @@ extern const zof_hmi_param_type_t zof_ctrl_slider_params[ZOF_CTRL_SLIDER_PARAM_C
 extern const zof_hmi_param_type_t zof_ctrl_sw_params[ZOF_CTRL_SW_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_cb_params[ZOF_CTRL_CB_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_tileview_params[ZOF_CTRL_TILEVIEW_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_list_params[ZOF_CTRL_LIST_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_droplist_params[ZOF_CTRL_DROPLIST_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_rollist_params[ZOF_CTRL_ROLLIST_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_spinbox_params[ZOF_CTRL_SPINBOX_PARAM_COUNT];
 
 ZOF_C_END

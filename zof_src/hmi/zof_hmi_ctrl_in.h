@@ -22,6 +22,9 @@ s32 hmi_ctrl_refuse(void *reply);
 s32 hmi_ctrl_choose(const void *type_param, s32 ctrl_type, u8 which, s32 (*first)(zof_ctrl_t *),
                     s32 (*second)(zof_ctrl_t *), void *reply);
 
+// Gives a text as the value. One that is not there, the layer's null or its -1 as an address, fails.
+s32 hmi_ctrl_give_text(void *value, const char *text);
+
 // Handlers of rows that are one call with one value.
 template <typename V, s32 TYPE, auto CALL> s32 hmi_get(void *type, void *, void *value) {
     *(V *)value = (V)CALL(hmi_ctrl(type, TYPE));

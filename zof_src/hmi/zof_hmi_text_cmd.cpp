@@ -4,15 +4,8 @@
 #include "control/zof_text.h"
 #include "hmi/zof_hmi_ctrl_in.h"
 
-// A text that is not there is the layer's null, or its -1 as an address.
-static s32 text_give(void *value, const char *text) {
-    const bool there = text && text != (const char *)-1;
-    *(const char **)value = there ? text : nullptr;
-    return there ? ZOF_HMI_DONE : ZOF_HMI_FAIL;
-}
-
 static s32 label_get_txt(void *type, void *, void *value) {
-    return text_give(value, zof_label_get_text(hmi_ctrl(type, ZOF_CTRL_LABEL)));
+    return hmi_ctrl_give_text(value, zof_label_get_text(hmi_ctrl(type, ZOF_CTRL_LABEL)));
 }
 
 static s32 label_set_dis_mode(void *type, void *, void *value, void *reply) {
@@ -33,7 +26,7 @@ static s32 btn_set_mode(void *type, void *, void *value, void *reply) {
 }
 
 static s32 img_get_src(void *type, void *, void *value) {
-    return text_give(value, zof_img_get_src(hmi_ctrl(type, ZOF_CTRL_IMG)));
+    return hmi_ctrl_give_text(value, zof_img_get_src(hmi_ctrl(type, ZOF_CTRL_IMG)));
 }
 
 static s32 imgbtn_set_txt_color(void *type, void *, void *value, void *reply) {

@@ -74,6 +74,12 @@ typedef struct {
     char *txt;
 } zof_list_btn_t;
 
+// What a button of a list was given, keys of the language included; both may be null.
+typedef struct {
+    char *image;
+    char *txt;
+} zof_list_item_t;
+
 typedef struct {
     u8 major_tick_len;
     u8 minor_tick_len;
@@ -199,7 +205,7 @@ typedef struct {
     u16 list_count;
     zof_list_btn_t *btns_t;
     u16 anim_time;
-    db_list *items; // no key
+    db_list *opt_list; // no key: of zof_list_item_t, one a button
 } zof_list_attr_t;
 
 typedef struct {
@@ -208,7 +214,7 @@ typedef struct {
     u32 dir_t;
     u16 anim_time;
     u32 txt_align_e;
-    db_list *items; // no key
+    db_list *opt_list; // no key: of texts as they were given; `options` becomes what is shown
 } zof_droplist_attr_t;
 
 typedef struct {
@@ -219,7 +225,7 @@ typedef struct {
     u8 anim_time;
     u32 txt_align_e;
     u32 ext_sel_width;
-    db_list *items; // no key
+    db_list *opt_list; // no key: as of a drop list
 } zof_rollist_attr_t;
 
 typedef struct {
@@ -244,7 +250,7 @@ typedef struct {
     u16 row_cnt;
     u16 col_cnt;
     u32 align_table;
-    u32 *cell_color; // no key: one colour a cell
+    u32 *cell_colors; // no key: one 0xRRGGBB a cell, row by row
 } zof_table_attr_t;
 
 typedef struct {

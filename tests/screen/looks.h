@@ -1,0 +1,54 @@
+// What controls wear in golden pictures: a light and a night palette, and style records made of them.
+//
+//     look{.state = LV_STATE_PRESSED, .bg = day.press}.json()
+#ifndef LOOKS_H
+#define LOOKS_H
+
+#include "view_project.h"
+
+struct palette {
+    u32 view, card, line, text, mute, accent, accent_text, press;
+};
+
+inline const palette day = {0xECEFF4, 0xFFFFFF, 0xC8D0DC, 0x1E2A3A, 0x7A8699, 0x1F6FEB, 0xFFFFFF, 0xD8E6FD};
+inline const palette night = {0x10141B, 0x1B222D, 0x364152, 0xE6EBF2, 0x8793A6, 0x4DA3FF, 0x0B1220, 0x28364A};
+
+// One style record. Sides without a number of their own have `pad`.
+struct look {
+    u32 part = LV_PART_MAIN, state = LV_STATE_DEFAULT, sect = 0;
+    u32 bg = 0, opa = 255, radius = 0;
+    u32 text = 0, size = 16;
+    u32 border = 0, border_color = 0, sides = 15;
+    s32 pad = 0, top = -1;
+    u32 shadow = 0;
+
+    std::string json() const {
+        char out[640];
+        snprintf(out, sizeof(out),
+                 R"({"style_part": %u, "style_state": %u, "style_sect": %u, "body_t": {"main_color": %u, "opa": %u,
+                 "radius": %u, "border": {"color": %u, "width": %u, "opa": 255, "part": %u},
+                 "shadow": {"color": 0, "width": %u},
+                 "padding": {"top": %d, "bottom": %d, "left": %d, "right": %d}},
+                 "txt_t": {"color": %u, "opa": 255, "font_lib": "text.ttf", "font_size": %u}})",
+                 part, state, sect, bg, opa, radius, border_color, border, sides, shadow, top < 0 ? pad : top,
+                 top < 0 ? pad : top, pad, pad, text, size);
+        return out;
+    }
+};
+
+inline std::string looks(const std::vector<look> &all) {
+    std::string out;
+    for (const look &one : all) {
+        out += (out.empty() ? "" : ", ") + one.json();
+    }
+    return out;
+}
+
+// The font that the looks name, and the view's colour.
+inline void looks_open(view_project_t &project, const palette &colors = day) {
+    std::filesystem::create_directories(project.path("font"));
+    std::filesystem::copy_file(ZOF_PANEL_DIR "/res/font/bench-text.ttf", project.path("font/text.ttf"));
+    project.shown_keys = R"("bg_color": )" + std::to_string(colors.view) + R"(, "bg_scale": 255)";
+}
+
+#endif

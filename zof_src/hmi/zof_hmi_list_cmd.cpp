@@ -1,0 +1,72 @@
+// Commands of lists of texts (types B2 0D to B2 0F): list, drop list, roller list.
+#include "control/zof_list.h"
+#include "hmi/zof_hmi_ctrl_in.h"
+
+static s32 list_del_all(void *type, void *, void *, void *reply) {
+    return hmi_ctrl_answer(reply, zof_list_remove_all(hmi_ctrl(type, ZOF_CTRL_LIST)));
+}
+
+static s32 list_btn_get_text(void *type, void *req, void *value) {
+    return hmi_ctrl_give_text(value, zof_list_get_index_str(hmi_ctrl(type, ZOF_CTRL_LIST), *(u16 *)req));
+}
+
+static s32 list_btn_set_text(void *type, void *req, void *value, void *reply) {
+    para_t *list = hmi_ctrl(type, ZOF_CTRL_LIST);
+    return hmi_ctrl_answer(reply, zof_list_set_index_str(list, *(u16 *)req, *(const char **)value));
+}
+
+static s32 droplist_ctrl(void *type, void *, void *value, void *reply) {
+    return hmi_ctrl_choose(type, ZOF_CTRL_DROPLIST, *(u8 *)value, zof_droplist_close, zof_droplist_open, reply);
+}
+
+// A text for a position.
+template <s32 TYPE, auto CALL> static s32 set_text_at(void *type, void *req, void *value, void *reply) {
+    return hmi_ctrl_answer(reply, CALL(hmi_ctrl(type, TYPE), *(const char **)value, *(u16 *)req));
+}
+
+// clang-format off
+const zof_hmi_param_type_t zof_ctrl_list_params[ZOF_CTRL_LIST_PARAM_COUNT] = {
+    {.len = 1, .code = {0x00}, .name = "remove", .help = "Takes a button away, counted from 0.", .value_names = "index",
+     .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .set_fun = hmi_set<u16, ZOF_CTRL_LIST, zof_list_del_btn>},
+    {.len = 1, .code = {0x01}, .name = "clear", .help = "Takes all buttons away; the value does not matter.",
+     .value_names = "any",
+     .value = &zof_hmi_one_s8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = list_del_all},
+    {.len = 1, .code = {0x02}, .name = "text", .help = "The text of a button, counted from 0.", .req_names = "index",
+     .value_names = "text",
+     .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
+     .get_fun = list_btn_get_text, .set_fun = list_btn_set_text},
+};
+
+const zof_hmi_param_type_t zof_ctrl_droplist_params[ZOF_CTRL_DROPLIST_PARAM_COUNT] = {
+    {.len = 1, .code = {0x00}, .name = "add", .help = "Puts an option ahead of a position, or at the end beyond it.",
+     .req_names = "position", .value_names = "text",
+     .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
+     .set_fun = set_text_at<ZOF_CTRL_DROPLIST, zof_droplist_add_option>},
+    {.len = 1, .code = {0x01}, .name = "modify", .help = "Replaces an option, counted from 0.",
+     .req_names = "position", .value_names = "text",
+     .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
+     .set_fun = set_text_at<ZOF_CTRL_DROPLIST, zof_droplist_modify_option>},
+    {.len = 1, .code = {0x02}, .name = "remove", .help = "Takes an option away, counted from 0.",
+     .value_names = "position",
+     .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .set_fun = hmi_set<u16, ZOF_CTRL_DROPLIST, zof_droplist_del_option>},
+    {.len = 1, .code = {0x03}, .name = "open", .help = "Closes (0) or opens (1) the list.", .value_names = "open",
+     .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = droplist_ctrl},
+};
+
+const zof_hmi_param_type_t zof_ctrl_rollist_params[ZOF_CTRL_ROLLIST_PARAM_COUNT] = {
+    {.len = 1, .code = {0x00}, .name = "add", .help = "Puts an option ahead of a position, or at the end beyond it.",
+     .req_names = "position", .value_names = "text",
+     .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
+     .set_fun = set_text_at<ZOF_CTRL_ROLLIST, zof_rollist_add_option>},
+    {.len = 1, .code = {0x01}, .name = "modify", .help = "Replaces an option, counted from 0.",
+     .req_names = "position", .value_names = "text",
+     .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
+     .set_fun = set_text_at<ZOF_CTRL_ROLLIST, zof_rollist_modify_option>},
+    {.len = 1, .code = {0x02}, .name = "remove", .help = "Takes an option away, counted from 0.",
+     .value_names = "position",
+     .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .set_fun = hmi_set<u16, ZOF_CTRL_ROLLIST, zof_rollist_del_option>},
+};
+// clang-format on
