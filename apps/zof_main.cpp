@@ -18,4 +18,5 @@ const zof_view_fun_t zof_views_fun[ZOF_VIEW_COUNT] = {
 void zof_main(void) {
     zof_prj_create(zof_views_fun, ZOF_VIEW_COUNT);
     zof_hw_init();
+    zof_func_schedule(); // new data from a card or a USB disk, in the first minute
 }

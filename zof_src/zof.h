@@ -12,6 +12,7 @@
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_beep.h"
 #include "drv/zof_drv_disp.h"
+#include "drv/zof_drv_file.h"
 #include "drv/zof_drv_gpio.h"
 #include "drv/zof_drv_rtc.h"
 #include "drv/zof_drv_touch.h"
@@ -40,7 +41,9 @@
 #include "control/zof_value.h"
 
 #include "func/zof_func.h"
+#include "func/zof_dir_copy.h"
 #include "func/zof_func_stdby.h"
+#include "func/zof_func_update.h"
 #include "hmi/zof_hmi.h"
 #include "hmi/zof_hmi_analys.h"
 #include "hmi/zof_hmi_cmd.h"

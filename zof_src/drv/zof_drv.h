@@ -73,13 +73,13 @@ zof_thread_t *zof_thread_create(const char *name, void (*fn)(void *arg), void *a
 void zof_thread_del(zof_thread_t *t);
 
 // A walk through a folder, with or without a separator at the end of its path; "." and ".." are given too. Open gives
-// null for what is no folder, read null at the end. There is one record for all walks, overwritten by the next read:
-// only one walk at a time, in the whole process. The walk is released by zof_closedir.
+// null for what is no folder, read null at the end. There is one record a thread, overwritten by its next read of any
+// folder; the name lasts until the next read of the same walk. The walk is released by zof_closedir.
 zof_dir_t *zof_opendir(const char *path);
 const zof_dirent_t *zof_readdir(zof_dir_t *dir);
 void zof_closedir(zof_dir_t *dir);
 
-// Files, as far as systems differ. Paths are the host's own.
+// Files, as far as systems differ; more in zof_drv_file.h. Paths are the host's own.
 s32 zof_mkdir(const char *path);                  // 0 made, 1 there is one of that name already, -1
 s32 zof_rename(const char *from, const char *to); // replaces `to`, in one step; 0 or -1
 s64 zof_file_size(const char *path);              // bytes, or -1

@@ -135,7 +135,7 @@ zof_dir_t *zof_opendir(const char *path) {
 }
 
 const zof_dirent_t *zof_readdir(zof_dir_t *dir) {
-    static zof_dirent_t entry; // one record for all: only one walk at a time
+    static thread_local zof_dirent_t entry; // one record a thread, overwritten by its next read
     zof_host_dirent_t found;
     if (!dir || zof_host_dir_read(dir->host, &found) != 0) {
         return nullptr;
@@ -149,18 +149,6 @@ void zof_closedir(zof_dir_t *dir) {
         zof_host_dir_close(dir->host);
         zof_free(dir);
     }
-}
-
-s32 zof_mkdir(const char *path) {
-    return path ? zof_host_mkdir(path) : -1;
-}
-
-s32 zof_rename(const char *from, const char *to) {
-    return from && to ? zof_host_rename(from, to) : -1;
-}
-
-s64 zof_file_size(const char *path) {
-    return path ? zof_host_file_size(path) : -1;
 }
 
 s32 zof_ram_get_img_free(void) {

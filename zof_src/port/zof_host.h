@@ -3,6 +3,7 @@
 #ifndef ZOF_HOST_H
 #define ZOF_HOST_H
 
+#include "drv/zof_drv_file.h"
 #include "drv/zof_drv_rtc.h"
 #include "zof_lib/zof_type.h"
 
@@ -36,6 +37,21 @@ void zof_host_dir_close(zof_host_dir_t *dir);
 s32 zof_host_mkdir(const char *path);                  // 0, 1 when there is one of that name already, -1
 s64 zof_host_file_size(const char *path);              // bytes, or -1 when it cannot be had
 s32 zof_host_rename(const char *from, const char *to); // replaces `to` in one step; 0 or -1
+// The host's part of drv/zof_drv_file.h, to the same contracts; sync leaves the file open.
+u32 zof_host_file_kind(const char *path);
+FILE *zof_host_file_open(const char *path);
+FILE *zof_host_file_create(const char *path);
+s32 zof_host_file_sync(FILE *f);
+void zof_host_folder_sync(const char *path);
+s32 zof_host_exchange(const char *a, const char *b);
+s32 zof_host_remove(const char *path);
+const char *zof_host_error(void);
+
+// For tests: asked before each change of the disk ("create", "write", "sync", "rename", "exchange", "mkdir", "remove");
+// true lets it fail. Null, as at the start: nothing fails. Any thread.
+typedef zof_bool (*zof_file_fault_t)(const char *what, const char *path);
+void zof_file_fault_set(zof_file_fault_t fault);
+
 void zof_host_screen_size(s32 *w, s32 *h);             // the desktop's size in pixels; 0, 0 when unknown
 
 // Serial line. Port P is the path in the environment variable ZOF_COM<P>, else the system's own name for it; one line

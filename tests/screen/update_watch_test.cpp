@@ -1,0 +1,144 @@
+// The watch for an update disk and its progress screen, on the test's clock; the copy's thread runs in real time.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "screen_fixture.h"
+#include "temp_project.h"
+
+static std::string disk;
+
+static void put(const std::string &name, const std::string &text) {
+    std::filesystem::create_directories(std::filesystem::path(disk + name).parent_path());
+    std::ofstream(disk + name) << text;
+}
+
+static void watch_open(temp_project_t *project) {
+    project->write("config/project/zofprj.g", R"({"p_name": "t", "width": 480, "height": 272, "views": []})");
+    REQUIRE(project->open());
+    disk = project->top + "/disk/";
+    screen_open(0, 0);
+    zof_func_bar_set_value(1, 0, 1); // before the bar is there: nothing
+    CHECK(zof_func_schedule() == 0);
+    CHECK(zof_func_schedule() == 0);
+}
+
+static void copy_wait() {
+    while (zof_dir_copy_async_statue() == 0) {
+        usleep(1000);
+    }
+}
+
+// The texts of the progress screen: percent, what, result; "-" when it is not shown.
+static std::string shown() {
+    lv_obj_t *bar = lv_obj_get_child(lv_scr_act(), 0);
+    if (!bar || !lv_obj_check_type(bar, &lv_bar_class)) {
+        return "-";
+    }
+    return std::to_string(lv_bar_get_value(bar)) + "|" + lv_label_get_text(lv_obj_get_child(bar, 0)) + "|" +
+           lv_label_get_text(lv_obj_get_child(lv_scr_act(), 1)) + "|" +
+           lv_label_get_text(lv_obj_get_child(lv_scr_act(), 2));
+}
+
+static const char begun[] = "0||upgrading ./,pls don't turn off the power|";
+static const char done[] =
+    "100|100 %|upgrading ./,pls don't turn off the power|upgraded,success 3 , fail 1,pls restart power";
+
+static u32 timers() {
+    u32 count = 0;
+    for (lv_timer_t *t = nullptr; (t = lv_timer_get_next(t));) {
+        count++;
+    }
+    return count;
+}
+
+TEST_CASE("without a medium the watch shows nothing and ends after a minute") {
+    temp_project_t project;
+    watch_open(&project);
+    const u32 watching = timers();
+    put("U/other/zof_update/a", "not at the top");
+    std::filesystem::create_directory_symlink(disk + "U/other", disk + "U/zof_update"); // a link is no update
+    screen_step(60300);
+    CHECK(timers() == watching);
+    CHECK(shown() == "-");
+    screen_step(200);
+    CHECK(timers() == watching - 1);
+    CHECK(zof_func_check_res_exist(nullptr, nullptr) == nullptr);
+    CHECK(str(zof_func_check_res_exist("other/", nullptr)) == project.folder + "../disk/U/other/");
+    CHECK(str(zof_func_check_res_exist("other/zof_update/", "a")) == project.folder + "../disk/U/other/zof_update/a");
+    CHECK(zof_func_check_res_exist("other/", "none") == nullptr);
+}
+
+TEST_CASE("a USB disk's data is copied by a thread while the bar shows how far it is") {
+    temp_project_t project;
+    watch_open(&project);
+    for (const char *name : {"zof_update/a", "zof_update/sub/b", "zof_update/sub/deep/c", "zof_update/d"}) {
+        put(std::string("U/") + name, name);
+    }
+    put("D/d/in the way", "of one file");
+    put("D/sub/gone", "x");
+    put("D/stays", "x");
+    screen_step(200);
+    CHECK(shown() == begun);
+    copy_wait();
+    std::string log = printed([] { screen_step(200); });
+    CHECK(shown() == done);
+    CHECK(contains(log, "filenum=1 sucnum=3 sumnum=4 \n\nwait reboot\n\n"));
+    CHECK(screen_is_golden("update_done"));
+    CHECK(file_text(disk + "D/sub/deep/c") == "zof_update/sub/deep/c");
+    CHECK(!std::filesystem::exists(disk + "D/sub/gone"));
+    CHECK(file_text(disk + "D/stays") == "x");
+    // It is not done twice; a count that has not changed paints nothing.
+    put("D/a", "by hand");
+    lv_label_set_text(lv_obj_get_child(lv_scr_act(), 2), "");
+    log = printed([] { screen_step(1000); });
+    CHECK(contains(log, "wait reboot"));
+    CHECK(file_text(disk + "D/a") == "by hand");
+    CHECK(str(lv_label_get_text(lv_obj_get_child(lv_scr_act(), 2))) == "");
+    zof_func_bar_set_value(0x80000000u, 1, 0xFFFFFFFFu); // sums beyond 32 bits
+    CHECK(lv_bar_get_value(lv_obj_get_child(lv_scr_act(), 0)) == 50);
+}
+
+TEST_CASE(
+    "a card's data is copied without a count, an empty folder shows an empty bar, and a disk may renew the card") {
+    const std::pair<std::string, std::string> rows[] = {
+        {"T/zof_update/a", "D/a"}, {"U/zof_update/.nothing", ""}, {"U/zof_update_t/a", "T/a"}};
+    for (const auto &[from, to] : rows) {
+        const pid_t child = fork(); // one copy in the life of a program
+        if (child == 0) {
+            temp_project_t project;
+            watch_open(&project);
+            put(from, "new");
+            put("T/x", "the card is there");
+            printed([] {
+                screen_step(200);
+                copy_wait();
+                screen_step(400);
+            });
+            const std::string want = to == "T/a" ? "100|100 %|upgrading ./,pls don't turn off the power|upgraded,"
+                                                   "success 1 , fail 0,pls restart power"
+                                                 : begun;
+            const bool good = shown() == want && (to.empty() || file_text(disk + to) == "new");
+            std::filesystem::remove_all(project.top);
+            _exit(good ? 0 : 1);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        CAPTURE(from);
+        CHECK(status == 0);
+    }
+}
+
+TEST_CASE("what a power cut left of a folder's change of places is put right at the next start") {
+    temp_project_t project;
+    disk = project.top + "/disk/";
+    put("D/.zof_dir.old~sub/a", "old");
+    put("D/.zof_dir.old~there/a", "old");
+    put("D/there/a", "new");
+    put("T/.zof_dir.new/half", "x");
+    put("T/.zof_file.new", "half");
+    printed([&] { watch_open(&project); });
+    CHECK(file_text(disk + "D/sub/a") == "old");
+    CHECK(file_text(disk + "D/there/a") == "new");
+    CHECK(!std::filesystem::exists(disk + "D/.zof_dir.old~there"));
+    CHECK(std::filesystem::is_empty(disk + "T"));
+}

@@ -1,0 +1,267 @@
+// The copy of update folders: what is on disk after any failure and any power cut, hostile disks, and the log.
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <map>
+
+#include "port/zof_host.h"
+#include "temp_project.h"
+#include "zof_test.h"
+
+namespace fs = std::filesystem;
+using tree_t = std::map<std::string, std::string>; // files by path, links as "-> target"
+
+static tree_t tree_of(const fs::path &top) {
+    tree_t tree;
+    for (const auto &e : fs::recursive_directory_iterator(top)) {
+        const std::string name = fs::relative(e.path(), top).string();
+        if (e.is_symlink()) {
+            tree[name] = "-> " + fs::read_symlink(e.path()).string();
+        } else if (e.is_regular_file()) {
+            tree[name] = file_text(e.path());
+        }
+    }
+    return tree;
+}
+
+static void tree_make(const fs::path &top, const tree_t &tree) {
+    fs::remove_all(top);
+    fs::create_directories(top);
+    for (const auto &[name, text] : tree) {
+        fs::create_directories((top / name).parent_path());
+        std::ofstream(top / name, std::ios::binary) << text;
+    }
+}
+
+static u32 told_good, told_bad;
+static void told(const char *, u8 ok) {
+    told_good -= ok == ZOF_COPY_UNDONE;
+    (ok == ZOF_COPY_DONE ? told_good : told_bad)++;
+}
+
+// The copy as the watch makes it, counted.
+static void update(const std::string &from, const std::string &into) {
+    told_good = told_bad = 0;
+    zof_dir_set_schedule_cbfun(told);
+    zof_dir_copyfile(into.c_str(), (from + "./").c_str(), ZOF_TRUE);
+    zof_dir_set_schedule_cbfun(nullptr);
+}
+
+// Which change of the disk fails. From the failure on for ever nothing changes any more: that is also a power cut.
+enum how_t { NEVER, ONCE, FOR_EVER };
+static struct {
+    how_t how;
+    u32 at, seen;
+    bool no_exchange; // a medium on which two names cannot change places
+} fault;
+
+static zof_bool fault_hook(const char *what, const char *) {
+    const u32 number = fault.seen++;
+    return (fault.how == ONCE && number == fault.at) || (fault.how == FOR_EVER && number >= fault.at) ||
+           (fault.no_exchange && std::string(what) == "exchange");
+}
+
+static const std::string big(5000, 'n');
+static const tree_t before = {{"a", "old a"},           {"mine", "no update has this"}, {"sub/s1", "old s1"},
+                              {"sub/s2", "old s2"},     {"sub/gone", "old gone"},       {"sub/.hidden", "kept"},
+                              {"sub/deep/d1", "old d1"}};
+static const tree_t fresh = {{"a", "new a"},  {"b", big},          {"sub/s1", "new s1"}, {"sub/s2", big},
+                             {"sub/s3", "3"}, {"sub/deep/d1", ""}, {"sub/deep/d2", "2"}, {"new/f", "f"}};
+
+// Every file wholly old or wholly new; gives how many are new.
+static u32 wholly(const tree_t &got) {
+    u32 renewed = 0;
+    for (const auto &[name, text] : fresh) {
+        const auto is = got.find(name);
+        const bool was = before.count(name);
+        const bool now_new = is != got.end() && is->second == text;
+        INFO(name);
+        CHECK((now_new || (was ? is != got.end() && is->second == before.at(name) : is == got.end())));
+        renewed += now_new;
+    }
+    CHECK(got.at("mine") == before.at("mine"));
+    CHECK(got.at("sub/.hidden") == "kept");
+    for (const auto &[name, text] : got) {
+        INFO(name);
+        CHECK((before.count(name) || fresh.count(name) || name == "new/.zof_file.new"));
+    }
+    return renewed;
+}
+
+TEST_CASE("a failure or a power cut at any change of the disk leaves every file old or new, and the counts true") {
+    char memory[] = "/dev/shm/zof_test_XXXXXX"; // where waiting for the disk takes no time
+    REQUIRE(mkdtemp(memory));
+    const std::string top = memory, from = top + "/U/", into = top + "/D/";
+    tree_make(from, fresh);
+    zof_file_fault_set(fault_hook);
+    u32 points = 0;
+    for (const bool no_exchange : {false, true}) {
+        for (const how_t how : {NEVER, ONCE, FOR_EVER}) {
+            for (u32 at = 0; at < (how == NEVER ? 1 : points); at++) {
+                CAPTURE(no_exchange);
+                CAPTURE((int)how);
+                CAPTURE(at);
+                tree_make(into, before);
+                fault = {how, at, 0, no_exchange};
+                printed([&] { update(from, into); });
+                points = how == NEVER ? fault.seen : points;
+                fault = {};
+                printed([&] { zof_dir_copy_mend(into.c_str()); }); // as the next start does
+                CHECK(told_good == wholly(tree_of(into)));
+                CHECK(told_good + told_bad == fresh.size());
+                CHECK((how != NEVER || told_bad == 0));
+            }
+            CHECK(points >= 48);
+        }
+    }
+    zof_file_fault_set(nullptr);
+    fs::remove_all(top);
+}
+
+TEST_CASE("an update replaces folders whole and the rest file by file, and what cannot be made stays as it was") {
+    temp_project_t project;
+    const std::string from = project.top + "/U/", into = project.top + "/D/";
+    tree_make(from, fresh);
+    tree_make(into, before);
+    fs::remove(from + "sub/s1");
+    fs::create_directories(from + "sub/s1"); // a folder takes the place of a file
+    std::ofstream(from + "sub/s1/in") << "in";
+    std::ofstream(into + "new") << "a file where a folder is due";
+    fs::create_directories(into + "b");
+    printed([&] { update(from, into); });
+    tree_t want = fresh;
+    want.erase("sub/s1");
+    want["sub/s1/in"] = "in";
+    want["mine"] = before.at("mine");
+    want["sub/.hidden"] = "kept";
+    want["new"] = "a file where a folder is due";
+    want.erase("new/f");
+    want.erase("b");
+    CHECK(tree_of(into) == want);
+    CHECK(told_bad == 2);
+    CHECK(told_good == 6);
+    // Without `remove`, into the folder under its own name.
+    CHECK(printed([&] { zof_dir_copyfile((project.top + "/E").c_str(), "", ZOF_FALSE); }) ==
+          "src dir  does not exist\n\n");
+    fs::create_directories(project.top + "/E/sub");
+    std::ofstream(project.top + "/E/sub/gone") << "stays";
+    const std::string log = printed([&] { zof_dir_copyfile((project.top + "/E").c_str(), (from + "sub").c_str(), 0); });
+    CHECK(file_text(project.top + "/E/sub/gone") == "stays");
+    CHECK((file_text(project.top + "/E/sub/s2") == big));
+    CHECK(contains(log, "mkdir " + project.top + "/E/sub/deep/ \n\n"));
+    CHECK(contains(log, "copy " + from + "sub/s3 to " + project.top + "/E/sub/s3 \nsuccess \n\n"));
+    CHECK(contains(log, "copy dir end \n\n"));
+    CHECK(printed([] { CHECK(zof_dir_copyfile(nullptr, "x", 0) == -1); }) == "dir dst name is NULL\n\n");
+}
+
+TEST_CASE("a hostile disk writes nothing outside its target, and is counted as it is copied") {
+    temp_project_t project;
+    const std::string from = project.top + "/U/", into = project.top + "/D/", outside = project.top + "/outside/";
+    tree_make(
+        from,
+        {{"ok", "1"}, {".dot", "x"}, {"System Volume Information/x", "x"}, {"lead/x", "evil"}, {"x\x1b[2J", "x"}});
+    tree_make(into, {{"ok", "0"}});
+    tree_make(outside, {{"secret", "s"}});
+    fs::create_symlink(outside + "secret", from + "link");
+    fs::create_symlink(outside, from + "folder");
+    fs::create_symlink(outside, into + "lead"); // what is in the target may not lead out either
+    fs::create_symlink(outside + "made", into + ".zof_file.new");
+    REQUIRE(mkfifo((from + "pipe").c_str(), 0600) == 0);
+    std::string deep = from;
+    for (int i = 0; i < 4; i++) { // one file's path is too long on the disk, another's only in the target
+        deep += std::string(45, (char)('a' + i)) + "/";
+        fs::create_directories(deep);
+    }
+    std::ofstream(deep + std::string(240 - deep.size(), 'f')) << "in";
+    std::ofstream(deep + std::string(290 - deep.size(), 'g')) << "too long";
+    for (const zof_bool remove : {ZOF_TRUE, ZOF_FALSE}) {
+        const std::string target = remove ? into : project.top + "/" + std::string(30, 't') + "/";
+        const std::string log = printed([&] {
+            told_good = told_bad = 0;
+            zof_dir_set_schedule_cbfun(told);
+            zof_dir_copyfile(target.c_str(), (from + "./").c_str(), remove);
+        });
+        tree_t got = tree_of(target);
+        CHECK(got.count("lead/x") == 1);
+        CHECK(got.count("link") + got.count("folder") + got.count("pipe") + got.count(".dot") == 0);
+        CHECK(contains(log, from + "./link: neither file nor folder, skipped"));
+        CHECK(contains(log, "path too long, not copied: "));
+        CHECK(!contains(log, "\x1b"));
+        CHECK(told_good == (remove ? 3 : 2));
+        CHECK(told_good + told_bad == zof_dir_get_fileNum(from.c_str()));
+    }
+    CHECK(tree_of(outside) == tree_t{{"secret", "s"}});
+    fs::remove_all(into + "lead");
+    fs::create_symlink(outside, into + "lead");
+    CHECK(contains(printed([&] { zof_dir_copyfile(into.c_str(), (from + "./").c_str(), 0); }),
+                   "a link, not copied into"));
+    CHECK(contains(printed([&] { zof_dir_remove(into.c_str()); }), "remove dirName = " + into + "lead\n"));
+    CHECK(tree_of(outside) == tree_t{{"secret", "s"}});
+    CHECK(!fs::exists(fs::symlink_status(into + "lead")));
+    zof_dir_set_schedule_cbfun(nullptr);
+}
+
+TEST_CASE("one file is copied with a dot a block, and a target that cannot be written stays") {
+    temp_project_t project;
+    const std::string a = project.top + "/a", b = project.top + "/b";
+    std::ofstream(a) << big;
+    CHECK(printed([&] { CHECK(zof_file_copy(b.c_str(), a.c_str(), 2000) == 0); }) ==
+          "copy " + a + " to " + b + "  \n.\n.\n.\n succeed\n\n");
+    CHECK(file_text(b) == big);
+    CHECK(contains(printed([&] { CHECK(zof_file_copy(b.c_str(), project.top.c_str(), 2000) == -1); }),
+                   "creat file fail srcfile=" + project.top + "\n"));
+    CHECK(contains(printed([&] { CHECK(zof_file_copy((a + "/x").c_str(), b.c_str(), 9) == -1); }),
+                   "creat file fail destfp=" + a + "/x\n\n" + a + "/x: not made: Not a directory\n"));
+    CHECK(zof_file_copy(b.c_str(), a.c_str(), 0) == -1);
+    CHECK(zof_file_copy(b.c_str(), nullptr, 9) == -1);
+    CHECK(zof_dir_get_fileNum(nullptr) == 0);
+}
+
+static zof_sem_t gate_reached, gate_open;
+
+TEST_CASE("while the copy's thread runs a second start is refused and its paths are left alone") {
+    temp_project_t project;
+    const std::string from = project.top + "/U/", into = project.top + "/D/";
+    tree_make(from, fresh);
+    gate_reached = zof_sem_create(0);
+    gate_open = zof_sem_create(0);
+    zof_file_fault_set([](const char *what, const char *) -> zof_bool {
+        if (std::string(what) == "rename") {
+            zof_sem_release(gate_reached);
+            zof_sem_take(gate_open, 0);
+        }
+        return ZOF_FALSE;
+    });
+    CHECK(zof_dir_copy_async_statue() == -1);
+    CHECK(zof_dir_copy_async(into.c_str(), nullptr, 0) == -1);
+    CHECK(zof_dir_copy_async(nullptr, from.c_str(), 0) == 0);
+    CHECK(zof_dir_copy_async_start() == -1);
+    printed([&] {
+        for (int round = 0; round < 2; round++) {
+            CHECK(zof_dir_copy_async(into.c_str(), (from + "./").c_str(), ZOF_TRUE) == 0);
+            CHECK(zof_dir_copy_async_start() == 0);
+            zof_sem_take(gate_reached, 0);
+            u32 suc = 9, fail = 9;
+            zof_dir_copy_get_progress(&suc, &fail);
+            CHECK(suc + fail == 0);
+            CHECK(zof_dir_copy_async_statue() == 0);
+            CHECK(zof_dir_copy_async("elsewhere", "other", 0) == -1);
+            CHECK(zof_dir_copy_async_start() == -1);
+            for (size_t i = 0; i < fresh.size(); i++) {
+                zof_sem_release(gate_open);
+            }
+            while (zof_dir_copy_async_statue() == 0) {
+                zof_dir_copy_get_progress(&suc, nullptr);
+                usleep(1000);
+            }
+            zof_dir_copy_get_progress(&suc, &fail);
+            CHECK(suc == fresh.size());
+            CHECK(fail == 0);
+            while (zof_sem_trytake(gate_reached) == 0) {
+            }
+        }
+    });
+    CHECK(tree_of(into) == fresh);
+    zof_file_fault_set(nullptr);
+}

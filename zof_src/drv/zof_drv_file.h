@@ -1,0 +1,43 @@
+// Files for those who must not be fooled or cut short: nothing here follows a link or waits for a pipe. Paths are the
+// host's own, a folder's with or without a separator at its end. Any thread. Null paths and files give the failure.
+#ifndef ZOF_DRV_FILE_H
+#define ZOF_DRV_FILE_H
+
+#include <stdio.h>
+
+#include "zof_lib/zof_type.h"
+
+ZOF_C_BEGIN
+
+// ZOF_FILE_*: what stands under a name. Links, pipes, devices and sockets are ZOF_FILE_OTHER. A path that ends in a
+// separator asks for what a link leads to.
+enum { ZOF_FILE_NONE = 0, ZOF_FILE_PLAIN = 1, ZOF_FILE_FOLDER = 2, ZOF_FILE_OTHER = 3 };
+u32 zof_file_kind(const char *path);
+
+// A plain file for reading; the caller closes it with fclose. Null for anything else.
+FILE *zof_file_open(const char *path);
+
+// A new file for writing, for zof_file_finish; null also when there is anything of that name already.
+FILE *zof_file_create(const char *path);
+
+// Writes all of it: 0 or -1.
+s32 zof_file_put(FILE *f, const void *data, size_t size);
+
+// Waits until the content is on the medium and closes the file in any case: 0, or -1 when the content may be missing.
+s32 zof_file_finish(FILE *f);
+
+// Waits until the names in a folder are on the medium, as far as the system can do it.
+void zof_file_finish_folder(const char *path);
+
+// Lets two names, both there, change places in one step. 0, or -1 with nothing changed: not every medium can.
+s32 zof_file_exchange(const char *a, const char *b);
+
+// Removes a file, a link (not what it leads to), or an empty folder: 0 or -1.
+s32 zof_file_remove(const char *path);
+
+// Why the latest call on this thread failed, in words.
+const char *zof_file_error(void);
+
+ZOF_C_END
+
+#endif

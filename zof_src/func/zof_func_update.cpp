@@ -1,0 +1,185 @@
+// The watch for an update disk, and its progress screen. The copy itself runs on its own thread and touches no control.
+#include "func/zof_func_update.h"
+
+#include <stdio.h>
+
+#include "drv/zof_drv.h"
+#include "drv/zof_drv_disp.h"
+#include "drv/zof_drv_file.h"
+#include "func/zof_dir_copy.h"
+#include "lvgl.h"
+#include "project/zof_res.h"
+#include "project/zof_view.h"
+#include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_task.h"
+
+#define MEDIA "../disk/"
+
+enum { PERIOD_MS = 200, WATCH_MS = 60000, BAR_HEIGHT = 50, PATH_SIZE = 256, NOTHING_PAINTED = 255 };
+
+static struct {
+    zof_task_t *schedule_task;
+    u32 schedule_time; // ms the watch has run
+    u8 down_start;     // a copy was started; there is no second one in the life of the program
+    u32 filesum;       // files to copy; 0: not counted, and no progress is painted
+    u32 last_schedule; // percent last painted
+} watch = {.last_schedule = NOTHING_PAINTED};
+
+static struct {
+    lv_obj_t *sch_screen;
+    lv_obj_t *bar1;
+    lv_obj_t *label1; // percent, on the bar
+    lv_obj_t *label2; // what is renewed
+    lv_obj_t *label3; // result
+} screen;
+
+static lv_obj_t *red_label(lv_obj_t *parent) {
+    lv_obj_t *label = lv_label_create(parent);
+    lv_obj_set_style_text_color(label, lv_color_hex(0xFFFF0000), LV_PART_MAIN);
+    return label;
+}
+
+static void screen_build() {
+    const s32 width = lv_disp_get_hor_res(nullptr);
+    const s32 height = lv_disp_get_ver_res(nullptr);
+    screen.sch_screen = lv_obj_create(nullptr);
+    screen.bar1 = lv_bar_create(screen.sch_screen);
+    lv_obj_set_size(screen.bar1, (lv_coord_t)(2 * (width / 3)), BAR_HEIGHT);
+    lv_obj_set_pos(screen.bar1, (lv_coord_t)(width / 6), (lv_coord_t)(height / 2 - BAR_HEIGHT / 2));
+    lv_bar_set_range(screen.bar1, 0, 100);
+    lv_obj_set_style_radius(screen.bar1, LV_RADIUS_CIRCLE, LV_PART_MAIN);
+    lv_obj_set_style_radius(screen.bar1, LV_RADIUS_CIRCLE, LV_PART_INDICATOR);
+    screen.label1 = red_label(screen.bar1);
+    lv_obj_center(screen.label1);
+    screen.label2 = red_label(screen.sch_screen);
+    lv_obj_align_to(screen.label2, screen.bar1, LV_ALIGN_OUT_TOP_LEFT, 0, -40);
+    screen.label3 = red_label(screen.sch_screen);
+    lv_obj_align_to(screen.label3, screen.bar1, LV_ALIGN_OUT_TOP_LEFT, 0, -20);
+}
+
+static void views_hide() {
+    zof_view_hide_layer(ZOF_LAYER_BG);
+    zof_view_hide_layer(ZOF_LAYER_STATE);
+    zof_view_hide_layer(ZOF_LAYER_TOP);
+}
+
+void zof_func_bar_show(const char *name) {
+    if (!screen.sch_screen) {
+        screen_build();
+    }
+    lv_scr_load(screen.sch_screen);
+    lv_label_set_text(screen.label1, "");
+    lv_label_set_text(screen.label3, "");
+    lv_label_set_text_fmt(screen.label2, "upgrading %s,pls don't turn off the power", name ? name : "");
+    lv_bar_set_value(screen.bar1, 0, LV_ANIM_OFF);
+    watch.last_schedule = 0;
+    views_hide();
+}
+
+void zof_func_bar_set_value(u32 suc, u32 fail, u32 sum) {
+    if (!screen.bar1 || sum == 0) {
+        return;
+    }
+    const u64 done = (u64)suc + fail;
+    const u32 percent = (u32)(done * 100 / sum);
+    zof_printf("filenum=%d sucnum=%d sumnum=%d \n", (s32)fail, (s32)suc, (s32)sum);
+    if (percent == watch.last_schedule) {
+        return;
+    }
+    lv_bar_set_value(screen.bar1, (s32)percent, LV_ANIM_OFF);
+    lv_label_set_text_fmt(screen.label1, "%d %%", (s32)percent);
+    if (done == sum) {
+        lv_label_set_text_fmt(screen.label3, "upgraded,success %d , fail %d,pls restart power", (s32)suc, (s32)fail);
+    }
+    lv_scr_load(screen.sch_screen);
+    watch.last_schedule = percent;
+    views_hide();
+}
+
+char *zof_func_check_res_exist(const char *dir, const char *file) {
+    static const char *const media[] = {"T/", "U/"};
+    if (!dir && !file) {
+        return nullptr;
+    }
+    for (const char *medium : media) {
+        char *path = zof_res_file_path(zof_res_get_prjfile_path(MEDIA, medium), dir, file);
+        if (file ? FileExist(path) : PathExist(path)) {
+            return path;
+        }
+    }
+    return nullptr;
+}
+
+// Starts the copy of a folder on a medium over another medium, if there is such a folder; a link does not count as one.
+static void update_try(const char *medium, const char *folder, const char *target, bool counted) {
+    char src[PATH_SIZE];
+    const char *disk = zof_res_get_prjfile_path(MEDIA, medium);
+    const s32 n = disk ? snprintf(src, sizeof(src), "%s%s", disk, folder) : -1;
+    if (n < 0 || n + 4 >= PATH_SIZE || zof_file_kind(src) != ZOF_FILE_FOLDER) {
+        return;
+    }
+    if (zof_dir_copy_async_statue() == 0) {
+        zof_printf("%s is left alone: another copy runs\n", src);
+        return;
+    }
+    // The third element lets the copy go into the target itself.
+    snprintf(src + n, sizeof(src) - (size_t)n, "/./");
+    zof_func_bar_show("./");
+    if (counted) {
+        watch.filesum = zof_dir_get_fileNum(src);
+    }
+    zof_dir_copy_async(zof_res_get_prjfile_path(MEDIA, target), src, ZOF_TRUE);
+    zof_dir_copy_async_start();
+    watch.down_start = 1;
+}
+
+static void media_look() {
+    update_try("T/", "zof_update", "D/", false);
+    update_try("U/", "zof_update", "D/", true);
+    if (PathExist(zof_res_get_prjfile_path(MEDIA, "T/"))) {
+        update_try("U/", "zof_update_t", "T/", true);
+    }
+}
+
+static void progress_paint() {
+    u32 suc = 0;
+    u32 fail = 0;
+    zof_dir_copy_get_progress(&suc, &fail);
+    zof_func_bar_set_value(suc, fail, watch.filesum);
+}
+
+static void zof_func_schedule_udisk(zof_task_t *task) {
+    if (watch.schedule_time <= WATCH_MS) {
+        watch.schedule_time += PERIOD_MS;
+    } else {
+        zof_task_del(task); // a copy that still runs goes on to its end
+        watch.schedule_task = nullptr;
+    }
+    if (zof_dir_copy_async_statue() == 0) {
+        progress_paint();
+    } else if (!watch.down_start) {
+        media_look();
+    } else if (watch.filesum) {
+        progress_paint();
+        zof_printf("wait reboot\n");
+        zof_delay(100);
+    }
+}
+
+static void media_mend(const char *medium) {
+    const char *path = zof_res_get_prjfile_path(MEDIA, medium);
+    if (path && PathExist(path)) {
+        zof_dir_copy_mend(path);
+    }
+}
+
+s32 zof_func_schedule(void) {
+    static bool started;
+    if (!started) {
+        started = true;
+        media_mend("D/");
+        media_mend("T/");
+        watch.schedule_task = zof_task_create(zof_func_schedule_udisk, PERIOD_MS, nullptr);
+    }
+    return 0;
+}
