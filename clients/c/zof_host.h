@@ -1,3 +1,140 @@
+// A host of the panel's serial protocol for firmware: it queues frames, keeps the silence between them, waits for
+// answers, and tells events apart from answers. No allocation, no waiting, no clock and no line of its own: the user
+// gives buffers, two functions, and the time. C99, and C++ as it stands. README.md beside this file shows how to begin.
+//
+// Everything here is called from ONE context, as a rule the main loop. An interrupt only fills or empties the user's own
+// ring of bytes, which the `read` and `write` functions use; nothing here is called from an interrupt. All functions are
+// safe with a null `host`. Callbacks come from within zof_host_feed and zof_host_poll only; they may queue frames, and a
+// feed or poll called from within one does nothing.
+#ifndef ZOF_HOST_CLIENT_H
+#define ZOF_HOST_CLIENT_H
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+// Operations of a frame.
+enum { ZOF_HOST_READ = 0x11, ZOF_HOST_WRITE = 0x22 };
+
+// Results. The negative ones up to ZOF_HOST_REFUSED come from the calls that queue a frame: then nothing was queued and
+// nothing will be sent. The others tell how a request ended.
+enum {
+    ZOF_HOST_FULL = -1,    // no room in `tx` now: poll, and try again
+    ZOF_HOST_BAD = -2,     // never fits: into `tx`, or into the panel's queue; or null, or not initialised
+    ZOF_HOST_REFUSED = -3, // a read of `system.touch` while touches are reported: an event could pass for its answer
+    ZOF_HOST_TIMEOUT = -4, // no answer: refused, lost, or the panel is off
+    ZOF_HOST_DONE = 0,     // answered: `data` are the value fields
+    ZOF_HOST_NO = 1        // only with `acks`: the panel has refused a write of a `system` row
+};
+
+// What the panel says unasked, and what the library has to say.
+enum {
+    ZOF_HOST_POWER_ON = 1, // the panel has started: it shows its start view, and what it was sent before is gone
+    ZOF_HOST_TOUCH = 2,    // `state`, `x` and `y` are set
+    ZOF_HOST_SILENT = 3    // a barrier of the library's own was not answered in time; it is sent again until it is
+};
+
+typedef struct zof_host zof_host_t;
+
+// The end of one request. Lives until the callback returns, as do `data` and texts from it.
+typedef struct {
+    int request;         // what the call that queued it has returned
+    int8_t result;       // ZOF_HOST_DONE, ZOF_HOST_NO, ZOF_HOST_TIMEOUT
+    uint8_t bad;         // set by a reader below that finds fewer bytes than it needs
+    uint32_t code;       // ZOF_HOST_<ROW>
+    uint16_t view;       // of control rows: ids of the control that was asked
+    uint16_t control;    //
+    const uint8_t *data; // value fields not read yet
+    uint16_t size;       // bytes of them
+} zof_host_reply_t;
+
+typedef struct {
+    uint8_t kind;  // ZOF_HOST_POWER_ON, ZOF_HOST_TOUCH, ZOF_HOST_SILENT
+    uint8_t state; // of a touch: 0 released, 1 pressed, 2 held
+    uint16_t x, y; // of a touch: pixels
+} zof_host_event_t;
+
+// A host. The first part is the user's, set before zof_host_init and kept while it is in use; the second is the
+// library's. Buffers stay the user's and must outlive the host.
+struct zof_host {
+    uint8_t head_fh, head_fl; // as in the panel's zofhmi.g; they differ
+    uint8_t crc;              // its `crc_en`: 0 or 1
+    uint8_t acks;             // its `resend_en`: 1 waits for the acknowledgement of each write of a `system` row
+    uint16_t silence_ms;      // its `timeout`, 5 to 1000, and more where the line collects bytes, as USB adapters do (20)
+    uint16_t buffsize;        // its `buffsize`: bytes of the panel's queue, less 1024
+    uint16_t timeout_ms;      // for an answer, from the end of its request; more than the panel's longest pause (1000)
+    uint16_t byte_us;         // microseconds of one byte on the line, 87 at 115200 baud; 0 when `write` returns only
+                              // when its bytes are out, or for a pipe
+    uint8_t *rx;              // MANDATORY, for the largest answer: 9 bytes around its address and value fields
+    uint16_t rx_size;         // 16 to 32767; larger frames are passed over as noise
+    uint8_t *tx;              // MANDATORY, the queue of frames: each takes its bytes and 1 or 2 more
+    uint16_t tx_size;         // 16 to 32767
+    void *user;               // for the functions below; not looked at
+
+    // MANDATORY. Sends what it can at once, without waiting: returns how many bytes it has taken, 0 to `size`.
+    uint16_t (*write)(void *user, const uint8_t *bytes, uint16_t size);
+    // OPTIONAL. Takes what has come in, without waiting: returns how many bytes it has laid at `bytes`, 0 to `size`.
+    // Without it the user calls zof_host_feed.
+    uint16_t (*read)(void *user, uint8_t *bytes, uint16_t size);
+    // OPTIONAL. The end of each read, and with `acks` of each write of a `system` row, in the order they were queued.
+    void (*on_reply)(zof_host_t *host, zof_host_reply_t *reply);
+    // OPTIONAL. Power-on and touches, whenever they come.
+    void (*on_event)(zof_host_t *host, const zof_host_event_t *event);
+
+    // The library's own. Counters may be read; they wrap.
+    uint16_t noise; // bytes passed over while looking for a frame
+    uint16_t late;  // frames that answered nothing that was open
+
+    uint16_t rx_have, tx_head, tx_used, build, cur_at, cur_size, sent, in_flight, limit;
+    int next, first;
+    uint8_t ready, state, own, inside, reports, build_op, build_bad;
+    uint32_t now, rx_at, since, started, quiet, wait, build_code;
+    uint8_t own_frame[10];
+};
+
+// Checks the settings and forgets all that was queued or open. ZOF_HOST_DONE; ZOF_HOST_BAD without a buffer or `write`,
+// for sizes out of range and for equal head bytes: then every other call does nothing.
+int zof_host_init(zof_host_t *host);
+
+// Hands in bytes as they came from the line, any number, cut anywhere. `now_ms`: the user's milliseconds, any start,
+// wrapping at 32 bits. Answers and events that are complete are given from within.
+void zof_host_feed(zof_host_t *host, const uint8_t *bytes, uint16_t size, uint32_t now_ms);
+
+// The library's turn: fetches bytes if there is a `read`, ends what is over time, sends what may be sent. Call it every
+// few milliseconds; it never waits. 1 while something is queued, open or kept silent, else 0.
+int zof_host_poll(zof_host_t *host, uint32_t now_ms);
+
+// Queues a read of `view.size`, which stands in the panel's queue behind all view and control commands sent before: its
+// answer says that they have been executed. A request number, or ZOF_HOST_FULL, ZOF_HOST_BAD.
+int zof_host_barrier(zof_host_t *host);
+
+// The same for `system` rows, by a read of `system.standby_state`.
+int zof_host_barrier_system(zof_host_t *host);
+
+// Bytes of `tx` that are free.
+uint16_t zof_host_room(const zof_host_t *host);
+
+// Value fields of an answer, one after the other in the order of the row; signed fields are cast, as in
+// (int16_t)zof_host_reply_u16(reply). Where bytes are missing they give 0 or "" and set `bad`. A text ends with a zero.
+uint8_t zof_host_reply_u8(zof_host_reply_t *reply);
+uint16_t zof_host_reply_u16(zof_host_reply_t *reply);
+uint32_t zof_host_reply_u32(zof_host_reply_t *reply);
+const char *zof_host_reply_text(zof_host_reply_t *reply);
+
+// What the calls of the rows below are made of: begin, fields in the order of the row, end. `code` is a ZOF_HOST_<ROW>:
+// the count of code bytes on top, then the bytes. Numbers go out big-endian; a null text is an empty one. The text is
+// copied. End gives the request number, 1 to 32767 and round again, or ZOF_HOST_FULL, ZOF_HOST_BAD, ZOF_HOST_REFUSED.
+void zof_host_begin(zof_host_t *host, uint8_t operation, uint32_t code);
+void zof_host_put_u8(zof_host_t *host, uint8_t value);
+void zof_host_put_u16(zof_host_t *host, uint16_t value);
+void zof_host_put_u32(zof_host_t *host, uint32_t value);
+void zof_host_put_text(zof_host_t *host, const char *text);
+int zof_host_end(zof_host_t *host);
+
+// One call for each operation of each row, as the protocol's reference tells them: zof_host_get_<row> queues a read,
+// zof_host_set_<row> a write. Results as zof_host_end.
 // rows: begin
 
 // The device itself.
@@ -877,6 +1014,134 @@ static inline int zof_host_set_tile_view_tile(zof_host_t *host, uint16_t view, u
     return zof_host_end(host);
 }
 
+// Lists of buttons.
+
+// Takes a button away, counted from 0.
+// Carries: u16 index
+#define ZOF_HOST_LIST_REMOVE 0x03B20D00ul
+static inline int zof_host_set_list_remove(zof_host_t *host, uint16_t view, uint16_t control, uint16_t index) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LIST_REMOVE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, index);
+    return zof_host_end(host);
+}
+
+// Takes all buttons away; the value does not matter.
+// Carries: s8 any
+#define ZOF_HOST_LIST_CLEAR 0x03B20D01ul
+static inline int zof_host_set_list_clear(zof_host_t *host, uint16_t view, uint16_t control, int8_t any) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LIST_CLEAR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, (uint8_t)any);
+    return zof_host_end(host);
+}
+
+// The text of a button, counted from 0.
+// Answers: text text
+#define ZOF_HOST_LIST_TEXT 0x03B20D02ul
+static inline int zof_host_get_list_text(zof_host_t *host, uint16_t view, uint16_t control, uint16_t index) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_LIST_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, index);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_list_text(zof_host_t *host, uint16_t view, uint16_t control, uint16_t index, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LIST_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, index);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Drop-down lists.
+
+// Puts an option ahead of a position, or at the end beyond it.
+// Carries: text text
+#define ZOF_HOST_DROP_LIST_ADD 0x03B20E00ul
+static inline int zof_host_set_drop_list_add(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_DROP_LIST_ADD);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, position);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Replaces an option, counted from 0.
+// Carries: text text
+#define ZOF_HOST_DROP_LIST_MODIFY 0x03B20E01ul
+static inline int zof_host_set_drop_list_modify(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_DROP_LIST_MODIFY);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, position);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Takes an option away, counted from 0.
+// Carries: u16 position
+#define ZOF_HOST_DROP_LIST_REMOVE 0x03B20E02ul
+static inline int zof_host_set_drop_list_remove(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_DROP_LIST_REMOVE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, position);
+    return zof_host_end(host);
+}
+
+// Closes (0) or opens (1) the list.
+// Carries: u8 open
+#define ZOF_HOST_DROP_LIST_OPEN 0x03B20E03ul
+static inline int zof_host_set_drop_list_open(zof_host_t *host, uint16_t view, uint16_t control, uint8_t open) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_DROP_LIST_OPEN);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, open);
+    return zof_host_end(host);
+}
+
+// Roller lists.
+
+// Puts an option ahead of a position, or at the end beyond it.
+// Carries: text text
+#define ZOF_HOST_ROLLER_ADD 0x03B20F00ul
+static inline int zof_host_set_roller_add(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ROLLER_ADD);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, position);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Replaces an option, counted from 0.
+// Carries: text text
+#define ZOF_HOST_ROLLER_MODIFY 0x03B20F01ul
+static inline int zof_host_set_roller_modify(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ROLLER_MODIFY);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, position);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Takes an option away, counted from 0.
+// Carries: u16 position
+#define ZOF_HOST_ROLLER_REMOVE 0x03B20F02ul
+static inline int zof_host_set_roller_remove(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ROLLER_REMOVE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, position);
+    return zof_host_end(host);
+}
+
 // Spin boxes.
 
 // The value, without its decimal point.
@@ -919,3 +1184,9 @@ static inline int zof_host_set_spin_box_count(zof_host_t *host, uint16_t view, u
 }
 
 // rows: end
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

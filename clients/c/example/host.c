@@ -1,0 +1,93 @@
+// Shows a value that changes on a label of a running panel, and prints touches.   usage: host PORT VIEW CONTROL [COUNT]
+// PORT is the other end of the panel's line: its cable, or one of a pair of pseudo-terminals. Its zofhmi.g is taken to
+// say head_fh 90, head_fl 165 and no CRC, as the bench panel's does. With COUNT it ends after so many values were read
+// back as shown.
+#define _DEFAULT_SOURCE
+#include <fcntl.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <termios.h>
+#include <time.h>
+#include <unistd.h>
+
+#include "zof_host.h"
+
+static int line;      // file descriptor
+static char text[32]; // what the label should show
+static int shown;     // values read back as they were written
+
+static uint16_t line_write(void *user, const uint8_t *bytes, uint16_t size) {
+    const ssize_t n = write(*(int *)user, bytes, size);
+    return n > 0 ? (uint16_t)n : 0;
+}
+
+static uint16_t line_read(void *user, uint8_t *bytes, uint16_t size) {
+    const ssize_t n = read(*(int *)user, bytes, size);
+    return n > 0 ? (uint16_t)n : 0;
+}
+
+static void on_reply(zof_host_t *host, zof_host_reply_t *reply) {
+    (void)host;
+    if (reply->result != ZOF_HOST_DONE) {
+        printf("no answer\n");
+    } else if (reply->code == ZOF_HOST_LABEL_TEXT) {
+        const char *now = zof_host_reply_text(reply);
+        printf("label %u/%u: %s\n", reply->view, reply->control, now);
+        shown += strcmp(now, text) == 0;
+    }
+}
+
+static void on_event(zof_host_t *host, const zof_host_event_t *event) {
+    if (event->kind == ZOF_HOST_TOUCH) {
+        printf("%s at %u, %u\n", event->state ? "pressed" : "released", event->x, event->y);
+    } else if (event->kind == ZOF_HOST_POWER_ON) {
+        zof_host_set_system_touch_config(host, 0x32); // tones, and reports of press and release
+    }
+}
+
+static uint32_t now_ms(void) {
+    struct timespec t;
+    clock_gettime(CLOCK_MONOTONIC, &t);
+    return (uint32_t)((uint64_t)t.tv_sec * 1000 + (uint64_t)t.tv_nsec / 1000000);
+}
+
+static int line_open(const char *port) {
+    struct termios t;
+    line = open(port, O_RDWR | O_NOCTTY | O_NONBLOCK);
+    if (line < 0 || tcgetattr(line, &t) != 0) {
+        return -1;
+    }
+    cfmakeraw(&t);
+    cfsetspeed(&t, B921600);
+    return tcsetattr(line, TCSANOW, &t);
+}
+
+int main(int argc, char **argv) {
+    static uint8_t rx[256], tx[256];
+    zof_host_t host;
+    if (argc < 4 || line_open(argv[1]) != 0) {
+        fprintf(stderr, argc < 4 ? "usage: host PORT VIEW CONTROL [COUNT]\n" : "The port cannot be opened.\n");
+        return 2;
+    }
+    const uint16_t view = (uint16_t)atoi(argv[2]), control = (uint16_t)atoi(argv[3]);
+    const int count = argc > 4 ? atoi(argv[4]) : 0;
+    memset(&host, 0, sizeof(host));
+    host.head_fh = 90, host.head_fl = 165;
+    host.silence_ms = 20, host.timeout_ms = 1000, host.byte_us = 11;
+    host.rx = rx, host.rx_size = sizeof(rx), host.tx = tx, host.tx_size = sizeof(tx);
+    host.user = &line, host.write = line_write, host.read = line_read;
+    host.on_reply = on_reply, host.on_event = on_event;
+    zof_host_init(&host);
+    setvbuf(stdout, NULL, _IOLBF, 0);
+    zof_host_set_system_touch_config(&host, 0x32);
+    for (int value = 0; count == 0 || shown < count; usleep(1000)) {
+        if (!zof_host_poll(&host, now_ms())) { // all is sent and answered
+            snprintf(text, sizeof(text), "%d.%02d V", value / 100, value % 100);
+            value++;
+            zof_host_set_label_text(&host, view, control, text);
+            zof_host_get_label_text(&host, view, control);
+        }
+    }
+    return 0;
+}

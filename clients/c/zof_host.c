@@ -1,0 +1,521 @@
+// Three machines that meet in one structure: the receiver cuts frames out of bytes, the queue holds what is to be sent,
+// and the pace lets one frame out at a time. A frame that is answered stays at the queue's head until it is, so that
+// its own bytes are what an answer is compared with; nothing is sent behind it. That costs a few milliseconds for each
+// read and buys an order that cannot be mistaken: the panel numbers nothing.
+#include "zof_host.h"
+
+#include <string.h>
+
+enum { IDLE, SENDING, WAITING };
+enum { OWN_NONE, OWN_VIEW, OWN_SYSTEM }; // barriers of the library's own
+enum { BUFFER_MIN = 16, BUFFER_MAX = 0x7FFF, QUEUE_MORE = 1024, BARRIER_SIZE = 8 };
+enum { SYSTEM_TYPE = 0xB0, VIEW_TYPE = 0xB1, CONTROL_TYPE = 0xB2, POWER_ON = 0x01, TOUCH = 0x04 };
+enum { LONG_FORM = 0x80, SHORT_MAX = 0x7F, CRC_SIZE = 2, READ_CHUNK = 16, GAP_MS = 50, REPORT_FLAGS = 0x70 };
+
+// A frame in `tx`: one byte of what is known of it, then the frame. Its operation always lies 5 bytes in, whatever its
+// form, so a frame can be laid down before its length is known; the short form leaves one byte in front unused.
+enum { META_CODE = 0x0F, META_SHORT = 0x80, OP_AT = 5 };
+
+int zof_host_init(zof_host_t *h) {
+    if (!h) {
+        return ZOF_HOST_BAD;
+    }
+    h->noise = h->late = 0;
+    h->now = h->rx_at = h->since = h->started = h->quiet = h->wait = h->build_code = 0;
+    h->rx_have = h->tx_head = h->tx_used = h->build = h->cur_at = h->cur_size = h->sent = h->in_flight = 0;
+    h->limit = h->buffsize > 0xFFFF - QUEUE_MORE ? 0xFFFF : (uint16_t)(h->buffsize + QUEUE_MORE);
+    h->next = h->first = 1;
+    h->state = IDLE;
+    h->own = OWN_NONE;
+    h->inside = h->reports = h->build_op = h->build_bad = 0;
+    h->ready = h->rx && h->tx && h->write && h->rx_size >= BUFFER_MIN && h->rx_size <= BUFFER_MAX &&
+               h->tx_size >= BUFFER_MIN && h->tx_size <= BUFFER_MAX && h->head_fh != h->head_fl;
+    return h->ready ? ZOF_HOST_DONE : ZOF_HOST_BAD;
+}
+
+static uint16_t pair(uint8_t high, uint8_t low) {
+    return (uint16_t)((uint16_t)high << 8 | low);
+}
+
+static uint16_t crc_step(uint16_t crc, uint8_t byte) {
+    crc ^= (uint16_t)((uint16_t)byte << 8);
+    for (uint8_t bit = 0; bit < 8; bit++) {
+        crc = (uint16_t)(crc & 0x8000 ? (crc << 1) ^ 0x1021 : crc << 1);
+    }
+    return crc;
+}
+
+// Place in `tx` so many bytes behind another one; both sizes are below 32768, so the sum holds.
+static uint16_t ring(const zof_host_t *h, uint16_t from, uint16_t behind) {
+    const uint16_t at = (uint16_t)(from + behind);
+    return at >= h->tx_size ? (uint16_t)(at - h->tx_size) : at;
+}
+
+// Place of a byte of the record that is being laid down behind all others.
+static uint8_t *laid(zof_host_t *h, uint16_t behind) {
+    return &h->tx[ring(h, ring(h, h->tx_head, h->tx_used), behind)];
+}
+
+// A byte of the frame that is sent or waits for its answer, counted from its head.
+static uint8_t current(const zof_host_t *h, uint16_t i) {
+    return h->own ? h->own_frame[i] : h->tx[ring(h, h->cur_at, i)];
+}
+
+static uint16_t current_head(const zof_host_t *h) {
+    return current(h, 2) & LONG_FORM ? 4 : 3;
+}
+
+static uint8_t current_op(const zof_host_t *h) {
+    return current(h, current_head(h));
+}
+
+static uint8_t current_payload(const zof_host_t *h, uint16_t i) {
+    return current(h, (uint16_t)(current_head(h) + 1 + i));
+}
+
+static uint16_t current_payload_size(const zof_host_t *h) {
+    return (uint16_t)(h->cur_size - current_head(h) - 1 - (h->crc ? CRC_SIZE : 0));
+}
+
+static int number_after(int number) {
+    return number == 0x7FFF ? 1 : number + 1;
+}
+
+// Queue
+static void put(zof_host_t *h, uint8_t byte) {
+    const uint16_t at = (uint16_t)(OP_AT + h->build);
+    if (h->build_bad || at >= h->tx_size - h->tx_used) {
+        h->build_bad = 1;
+        return;
+    }
+    *laid(h, at) = byte;
+    h->build++;
+}
+
+void zof_host_begin(zof_host_t *h, uint8_t operation, uint32_t code) {
+    if (!h || !h->ready) {
+        return;
+    }
+    h->build = 0;
+    h->build_bad = 0;
+    h->build_op = operation;
+    h->build_code = code;
+    put(h, operation);
+    for (uint8_t count = (uint8_t)(code >> 24); count > 0; count--, code <<= 8) {
+        put(h, (uint8_t)(code >> 16));
+    }
+}
+
+void zof_host_put_u8(zof_host_t *h, uint8_t value) {
+    if (h && h->ready) {
+        put(h, value);
+    }
+}
+
+void zof_host_put_u16(zof_host_t *h, uint16_t value) {
+    zof_host_put_u8(h, (uint8_t)(value >> 8));
+    zof_host_put_u8(h, (uint8_t)value);
+}
+
+void zof_host_put_u32(zof_host_t *h, uint32_t value) {
+    zof_host_put_u16(h, (uint16_t)(value >> 16));
+    zof_host_put_u16(h, (uint16_t)value);
+}
+
+void zof_host_put_text(zof_host_t *h, const char *text) {
+    for (; text && *text; text++) {
+        zof_host_put_u8(h, (uint8_t)*text);
+    }
+    zof_host_put_u8(h, 0);
+}
+
+static void put_crc(zof_host_t *h) {
+    uint16_t crc = 0;
+    for (uint16_t i = 0; i < h->build; i++) {
+        crc = crc_step(crc, *laid(h, (uint16_t)(OP_AT + i)));
+    }
+    put(h, (uint8_t)(crc >> 8));
+    put(h, (uint8_t)crc);
+}
+
+// Lays down what stands in front of the operation and gives the frame to the queue.
+static int queue(zof_host_t *h) {
+    const uint16_t size = h->build;
+    const uint8_t gap = size <= SHORT_MAX; // the unused byte of a short form
+    const int number = h->next;
+    *laid(h, 0) = (uint8_t)(h->build_code >> 24 | (gap ? META_SHORT : 0));
+    *laid(h, (uint16_t)(1 + gap)) = h->head_fh;
+    *laid(h, (uint16_t)(2 + gap)) = h->head_fl;
+    if (!gap) {
+        *laid(h, 3) = (uint8_t)(LONG_FORM | size >> 8);
+    }
+    *laid(h, OP_AT - 1) = (uint8_t)size;
+    h->tx_used = (uint16_t)(h->tx_used + OP_AT + size);
+    h->next = number_after(number);
+    return number;
+}
+
+int zof_host_end(zof_host_t *h) {
+    if (!h || !h->ready || !(h->build || h->build_bad)) {
+        return ZOF_HOST_BAD;
+    }
+    const uint8_t last = h->build ? *laid(h, (uint16_t)(OP_AT + h->build - 1)) : 0;
+    if (h->crc) {
+        put_crc(h);
+    }
+    int result = ZOF_HOST_FULL;
+    if (h->build + OP_AT + BARRIER_SIZE > h->limit || (h->build_bad && !h->tx_used)) {
+        result = ZOF_HOST_BAD;
+    } else if (h->build_code == ZOF_HOST_SYSTEM_TOUCH && h->reports) {
+        result = ZOF_HOST_REFUSED; // their frames and its answer are alike
+    } else if (!h->build_bad) {
+        if (h->build_code == ZOF_HOST_SYSTEM_TOUCH_CONFIG && h->build_op == ZOF_HOST_WRITE) {
+            h->reports = last & REPORT_FLAGS;
+        }
+        result = queue(h);
+    }
+    h->build = h->build_bad = 0;
+    return result;
+}
+
+int zof_host_barrier(zof_host_t *h) {
+    return zof_host_get_view_size(h);
+}
+
+int zof_host_barrier_system(zof_host_t *h) {
+    return zof_host_get_system_standby_state(h);
+}
+
+uint16_t zof_host_room(const zof_host_t *h) {
+    return h && h->ready ? (uint16_t)(h->tx_size - h->tx_used) : 0;
+}
+
+// The oldest frame leaves the queue.
+static void pop(zof_host_t *h) {
+    const uint16_t size = (uint16_t)(h->cur_size + (h->tx[h->tx_head] & META_SHORT ? 2u : 1u));
+    h->tx_head = ring(h, h->tx_head, size);
+    h->tx_used = (uint16_t)(h->tx_used - size);
+    h->first = number_after(h->first);
+}
+
+// Callbacks
+static void tell(zof_host_t *h, uint8_t kind, const uint8_t *touch) {
+    zof_host_event_t event = {kind, 0, 0, 0};
+    if (touch) {
+        event.state = touch[0];
+        event.x = pair(touch[1], touch[2]);
+        event.y = pair(touch[3], touch[4]);
+    }
+    if (h->on_event) {
+        h->inside = 1;
+        h->on_event(h, &event);
+        h->inside = 0;
+    }
+}
+
+// The oldest frame has come to its end.
+static void report(zof_host_t *h, int8_t result, const uint8_t *data, uint16_t size) {
+    zof_host_reply_t reply = {h->first, result, 0, 0, 0, 0, data, size};
+    const uint16_t count = h->tx[h->tx_head] & META_CODE;
+    for (uint8_t i = 0; i < 3; i++) {
+        reply.code = reply.code << 8 | (i < count ? current_payload(h, i) : 0u);
+    }
+    reply.code |= (uint32_t)count << 24;
+    if (current_payload(h, 0) == CONTROL_TYPE) {
+        reply.view = pair(current_payload(h, count), current_payload(h, (uint16_t)(count + 1)));
+        reply.control = pair(current_payload(h, (uint16_t)(count + 2)), current_payload(h, (uint16_t)(count + 3)));
+    }
+    pop(h);
+    if (h->on_reply) {
+        h->inside = 1;
+        h->on_reply(h, &reply);
+        h->inside = 0;
+    }
+}
+
+// Receiver
+enum { RX_NOISE, RX_PART, RX_FRAME };
+
+// What stands at the start of `rx`; for a frame, where its operation is and what the length field says.
+static uint8_t rx_look(const zof_host_t *h, uint16_t *head, uint16_t *len) {
+    const uint8_t *b = h->rx;
+    if (b[0] != h->head_fh || (h->rx_have > 1 && b[1] != h->head_fl)) {
+        return RX_NOISE;
+    }
+    if (h->rx_have < 4) {
+        return RX_PART;
+    }
+    *head = b[2] & LONG_FORM ? 4 : 3;
+    *len = b[2] & LONG_FORM ? (uint16_t)((b[2] & SHORT_MAX) << 8 | b[3]) : b[2];
+    if (*len < (h->crc ? 3 + CRC_SIZE : 3) || *len > h->rx_size - *head) {
+        return RX_NOISE;
+    }
+    if (h->rx_have > *head && b[*head] != ZOF_HOST_READ && b[*head] != ZOF_HOST_WRITE) {
+        return RX_NOISE;
+    }
+    if (h->rx_have < *head + *len) {
+        return RX_PART;
+    }
+    uint16_t crc = 0;
+    for (uint16_t i = 0; h->crc && i < *len; i++) {
+        crc = crc_step(crc, b[*head + i]); // over its own two bytes it comes to 0
+    }
+    return crc ? RX_NOISE : RX_FRAME;
+}
+
+static void rx_drop(zof_host_t *h, uint16_t size) {
+    h->rx_have = (uint16_t)(h->rx_have - size);
+    memmove(h->rx, h->rx + size, h->rx_have);
+}
+
+// Up to the next byte that may begin a frame.
+static void rx_drop_noise(zof_host_t *h) {
+    uint16_t size = 1;
+    while (size < h->rx_have && h->rx[size] != h->head_fh) {
+        size++;
+    }
+    h->noise = (uint16_t)(h->noise + size);
+    rx_drop(h, size);
+}
+
+// Bytes of the answer that repeat the open request; 0 when this frame is not its answer.
+static uint16_t echo_of(const zof_host_t *h, uint8_t op, const uint8_t *payload, uint16_t size) {
+    if (h->state != WAITING || op != current_op(h)) {
+        return 0;
+    }
+    const uint16_t echo = op == ZOF_HOST_READ ? current_payload_size(h) : h->tx[h->tx_head] & META_CODE;
+    if (size < echo || (op == ZOF_HOST_WRITE && size != echo + 1)) {
+        return 0;
+    }
+    for (uint16_t i = 0; i < echo; i++) {
+        if (payload[i] != current_payload(h, i)) {
+            return 0;
+        }
+    }
+    return echo;
+}
+
+static void answered(zof_host_t *h, uint8_t op, const uint8_t *data, uint16_t size) {
+    h->state = IDLE;
+    if (current_payload(h, 0) != SYSTEM_TYPE) {
+        h->in_flight = 0; // it stood behind them all
+    }
+    if (h->own) {
+        h->own = OWN_NONE;
+    } else {
+        report(h, op == ZOF_HOST_WRITE && data[0] ? ZOF_HOST_NO : ZOF_HOST_DONE, data, size);
+    }
+}
+
+static void powered_on(zof_host_t *h) {
+    h->in_flight = 0;
+    if (h->own && h->state != SENDING) { // there is nothing left to ask for
+        h->own = OWN_NONE;
+        h->state = IDLE;
+    }
+    tell(h, ZOF_HOST_POWER_ON, 0);
+}
+
+static void rx_frame(zof_host_t *h, uint8_t op, const uint8_t *payload, uint16_t size) {
+    const uint16_t echo = echo_of(h, op, payload, size);
+    const uint8_t event = op == ZOF_HOST_READ && payload[0] == SYSTEM_TYPE;
+    if (echo) {
+        answered(h, op, payload + echo, (uint16_t)(size - echo));
+    } else if (event && size == 4 && payload[1] == POWER_ON && pair(payload[2], payload[3]) == 0xAABB) {
+        powered_on(h);
+    } else if (event && size == 8 && payload[1] == TOUCH && payload[2] == 1) {
+        h->reports = 1;
+        tell(h, ZOF_HOST_TOUCH, payload + 3);
+    } else {
+        h->late++;
+    }
+}
+
+// Takes all frames and noise from the start of `rx`; what is left is the beginning of a frame.
+static void rx_run(zof_host_t *h) {
+    uint16_t head = 0, len = 0;
+    while (h->rx_have) {
+        const uint8_t found = rx_look(h, &head, &len);
+        if (found == RX_PART) {
+            return;
+        }
+        if (found == RX_NOISE) {
+            rx_drop_noise(h);
+            continue;
+        }
+        rx_frame(h, h->rx[head], h->rx + head + 1, (uint16_t)(len - 1 - (h->crc ? CRC_SIZE : 0)));
+        rx_drop(h, (uint16_t)(head + len));
+    }
+}
+
+void zof_host_feed(zof_host_t *h, const uint8_t *bytes, uint16_t size, uint32_t now_ms) {
+    if (!h || !h->ready || h->inside || !bytes) {
+        return;
+    }
+    h->now = now_ms;
+    for (uint16_t i = 0; i < size; i++) {
+        h->rx_at = now_ms;
+        h->rx[h->rx_have++] = bytes[i]; // there is room: what cannot fit was passed over as noise
+        rx_run(h);
+    }
+}
+
+// At most one buffer's worth, so that a line that never ends cannot hold the caller.
+static void rx_fetch(zof_host_t *h) {
+    uint8_t chunk[READ_CHUNK];
+    for (uint16_t have = 0; h->read && have < h->rx_size; have = (uint16_t)(have + READ_CHUNK)) {
+        const uint16_t got = h->read(h->user, chunk, READ_CHUNK);
+        zof_host_feed(h, chunk, got > READ_CHUNK ? (uint16_t)READ_CHUNK : got, h->now);
+        if (got < READ_CHUNK) {
+            return;
+        }
+    }
+}
+
+// Pace
+static void own_lay(zof_host_t *h) {
+    const uint8_t size = h->own == OWN_VIEW ? 3 : 4; // view.size, or system.standby_state
+    uint16_t crc = 0;
+    h->own_frame[0] = h->head_fh;
+    h->own_frame[1] = h->head_fl;
+    h->own_frame[2] = (uint8_t)(size + (h->crc ? CRC_SIZE : 0));
+    h->own_frame[3] = ZOF_HOST_READ;
+    h->own_frame[4] = h->own == OWN_VIEW ? VIEW_TYPE : SYSTEM_TYPE;
+    h->own_frame[5] = 0x06;
+    h->own_frame[6] = 0x01;
+    for (uint8_t i = 0; i < size; i++) {
+        crc = crc_step(crc, h->own_frame[3 + i]);
+    }
+    h->own_frame[3 + size] = (uint8_t)(crc >> 8);
+    h->own_frame[4 + size] = (uint8_t)crc;
+    h->cur_size = (uint16_t)(3 + h->own_frame[2]);
+}
+
+static void start(zof_host_t *h) {
+    if (!h->own) {
+        h->cur_at = ring(h, h->tx_head, h->tx[h->tx_head] & META_SHORT ? 2 : 1);
+        const uint8_t l = current(h, 2);
+        h->cur_size = l & LONG_FORM ? (uint16_t)(((l & SHORT_MAX) << 8 | current(h, 3)) + 4) : (uint16_t)(l + 3);
+        if (current_payload(h, 0) != SYSTEM_TYPE && (uint32_t)h->in_flight + h->cur_size + BARRIER_SIZE > h->limit) {
+            h->own = OWN_VIEW;
+        }
+    }
+    if (h->own) {
+        own_lay(h);
+    }
+    h->sent = 0;
+    h->started = h->now;
+    h->state = SENDING;
+}
+
+static void sent_all(zof_host_t *h) {
+    const uint32_t needs = (uint32_t)h->cur_size * h->byte_us / 1000, spent = h->now - h->started;
+    const uint8_t is_system = current_payload(h, 0) == SYSTEM_TYPE;
+    h->since = h->now;
+    h->quiet = (needs > spent ? needs - spent : 0) + h->silence_ms + 1; // the clock may be about to tick
+    h->wait = h->quiet + h->timeout_ms;
+    h->state = WAITING;
+    if (!h->own && !is_system) {
+        h->in_flight = (uint16_t)(h->in_flight + h->cur_size);
+    }
+    if (!h->own && current_op(h) != ZOF_HOST_READ && !(is_system && h->acks)) {
+        pop(h);
+        h->state = IDLE;
+        // The panel carries out a `system` write before it looks at what comes next; two frames that came in the
+        // meantime would be one block to it, and the second be lost. So it is asked whether it is done.
+        h->own = is_system ? OWN_SYSTEM : OWN_NONE;
+    }
+}
+
+static void push(zof_host_t *h) {
+    while (h->sent < h->cur_size) {
+        const uint16_t from = h->own ? h->sent : ring(h, h->cur_at, h->sent);
+        uint16_t size = (uint16_t)(h->cur_size - h->sent);
+        if (!h->own && size > h->tx_size - from) {
+            size = (uint16_t)(h->tx_size - from);
+        }
+        const uint16_t took = h->write(h->user, (h->own ? h->own_frame : h->tx) + from, size);
+        h->sent = (uint16_t)(h->sent + (took > size ? size : took));
+        if (took < size) {
+            return;
+        }
+    }
+    sent_all(h);
+}
+
+static void over_time(zof_host_t *h) {
+    // As long again nothing is asked: an answer that comes now must not meet the next request of the same row.
+    h->since = h->now;
+    h->quiet = h->timeout_ms;
+    h->state = IDLE;
+    if (h->own) {
+        tell(h, ZOF_HOST_SILENT, 0);
+    } else {
+        report(h, ZOF_HOST_TIMEOUT, 0, 0);
+    }
+}
+
+int zof_host_poll(zof_host_t *h, uint32_t now_ms) {
+    if (!h || !h->ready || h->inside) {
+        return 0;
+    }
+    h->now = now_ms;
+    rx_fetch(h);
+    while (h->rx_have && h->now - h->rx_at >= GAP_MS) { // the beginning of a frame that never ended
+        rx_drop_noise(h);
+        rx_run(h);
+    }
+    if (h->state == WAITING && h->now - h->since >= h->wait) {
+        over_time(h);
+    }
+    if (h->quiet && h->now - h->since >= h->quiet) {
+        h->quiet = 0;
+    }
+    if (h->state == IDLE && !h->quiet && (h->own || h->tx_used)) {
+        start(h);
+    }
+    if (h->state == SENDING) {
+        push(h);
+    }
+    return h->state != IDLE || h->quiet || h->own || h->tx_used;
+}
+
+// Answers
+static uint32_t take(zof_host_reply_t *r, uint8_t size) {
+    uint32_t value = 0;
+    if (!r || r->size < size) {
+        if (r) {
+            r->bad = 1;
+            r->size = 0;
+        }
+        return 0;
+    }
+    r->size = (uint16_t)(r->size - size);
+    for (; size > 0; size--) {
+        value = value << 8 | *r->data++;
+    }
+    return value;
+}
+
+uint8_t zof_host_reply_u8(zof_host_reply_t *reply) {
+    return (uint8_t)take(reply, 1);
+}
+
+uint16_t zof_host_reply_u16(zof_host_reply_t *reply) {
+    return (uint16_t)take(reply, 2);
+}
+
+uint32_t zof_host_reply_u32(zof_host_reply_t *reply) {
+    return take(reply, 4);
+}
+
+const char *zof_host_reply_text(zof_host_reply_t *reply) {
+    const char *text = reply ? (const char *)reply->data : "";
+    while (reply && reply->size) {
+        if (take(reply, 1) == 0) {
+            return text;
+        }
+    }
+    take(reply, 1);
+    return "";
+}
