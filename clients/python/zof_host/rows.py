@@ -664,6 +664,76 @@ TILE_VIEW_TILE: Row[TileViewTile] = Row(
     TileViewTile, False, True,
     "Goes to a tile, at once (0) or in an animation (1).")
 
+LIST_REMOVE: Row[int] = Row(
+    "list.remove", bytes.fromhex("B2 0D 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("index", "u16"),),
+    int, False, True,
+    "Takes a button away, counted from 0.")
+
+LIST_CLEAR: Row[int] = Row(
+    "list.clear", bytes.fromhex("B2 0D 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("any", "s8"),),
+    int, False, True,
+    "Takes all buttons away; the value does not matter.")
+
+LIST_TEXT: Row[str] = Row(
+    "list.text", bytes.fromhex("B2 0D 02"),
+    (("view", "u16"), ("control", "u16")), (("index", "u16"),),
+    (("text", "text"),),
+    str, True, True,
+    "The text of a button, counted from 0.")
+
+DROP_LIST_ADD: Row[str] = Row(
+    "drop_list.add", bytes.fromhex("B2 0E 00"),
+    (("view", "u16"), ("control", "u16")), (("position", "u16"),),
+    (("text", "text"),),
+    str, False, True,
+    "Puts an option ahead of a position, or at the end beyond it.")
+
+DROP_LIST_MODIFY: Row[str] = Row(
+    "drop_list.modify", bytes.fromhex("B2 0E 01"),
+    (("view", "u16"), ("control", "u16")), (("position", "u16"),),
+    (("text", "text"),),
+    str, False, True,
+    "Replaces an option, counted from 0.")
+
+DROP_LIST_REMOVE: Row[int] = Row(
+    "drop_list.remove", bytes.fromhex("B2 0E 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("position", "u16"),),
+    int, False, True,
+    "Takes an option away, counted from 0.")
+
+DROP_LIST_OPEN: Row[int] = Row(
+    "drop_list.open", bytes.fromhex("B2 0E 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("open", "u8"),),
+    int, False, True,
+    "Closes (0) or opens (1) the list.")
+
+ROLLER_ADD: Row[str] = Row(
+    "roller.add", bytes.fromhex("B2 0F 00"),
+    (("view", "u16"), ("control", "u16")), (("position", "u16"),),
+    (("text", "text"),),
+    str, False, True,
+    "Puts an option ahead of a position, or at the end beyond it.")
+
+ROLLER_MODIFY: Row[str] = Row(
+    "roller.modify", bytes.fromhex("B2 0F 01"),
+    (("view", "u16"), ("control", "u16")), (("position", "u16"),),
+    (("text", "text"),),
+    str, False, True,
+    "Replaces an option, counted from 0.")
+
+ROLLER_REMOVE: Row[int] = Row(
+    "roller.remove", bytes.fromhex("B2 0F 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("position", "u16"),),
+    int, False, True,
+    "Takes an option away, counted from 0.")
+
 SPIN_BOX_VALUE: Row[int] = Row(
     "spin_box.value", bytes.fromhex("B2 14 00"),
     (("view", "u16"), ("control", "u16")), (),
