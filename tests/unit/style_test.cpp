@@ -93,3 +93,37 @@ TEST_CASE("styles of a section are put on the object that is given, and come off
     CHECK(zof_ctrl_style_set_bg_grad_dir(a, 5, LV_PART_MAIN) == 0);
     CHECK(lv_obj_get_style_bg_grad_dir(a, LV_PART_MAIN) == LV_GRAD_DIR_NONE);
 }
+
+TEST_CASE("another theme changes what controls have from their theme and nothing else") {
+    view_project_t project;
+    project.view(1, {ctrl(ZOF_CTRL_OBJ, 5,
+                          R"("styles": [{"body_t": {"radius": 7}}, {"style_state": 2, "body_t": {"opa": 9}}])")});
+    project.write(
+        "config/theme/youth/container.g",
+        R"({"styles": [{"body_t": {"main_color": 1, "radius": 3, "opa": 255}, "txt_t": {"font_lib": "no.ttf"}},
+                                 {"style_state": 32, "body_t": {"main_color": 5}}]})");
+    project.write("config/theme/night/container.g",
+                  R"({"styles": [{"style_state": 1, "body_t": {"main_color": 4}},
+                                 {"body_t": {"main_color": 2, "radius": 4, "opa": 200}, "txt_t": {"font_lib": "so.ttf"}}]})");
+    REQUIRE(project.open(320, 240));
+    REQUIRE(zof_view_set_dis_view(1) == 0);
+    const para_t *record = zof_ctrl_get_form_id(1, 5);
+    REQUIRE(record);
+    const auto own = [&](u32 i) { return record->attr->style_list[i]; };
+    CHECK(zof_theme_set("none") == -1);
+    for (const char *name : {"night", "youth", "night", "night"}) {
+        const bool night = name[0] == 'n';
+        REQUIRE(zof_theme_set(name) == 0);
+        CHECK(own(0)->body_t.main_color == (night ? 2 : 1));
+        CHECK(own(0)->body_t.opa == (night ? 200 : 255));
+        CHECK(own(0)->body_t.radius == 7);
+        CHECK(own(0)->txt_t.font_lib == std::string(night ? "so.ttf" : "no.ttf"));
+        CHECK(own(1)->body_t.main_color == 5); // the pressed look is one theme's only
+        CHECK(own(2)->body_t.opa == 9);
+        CHECK(lv_obj_get_style_bg_opa(record->obj, LV_PART_MAIN) == (night ? 200 : 255));
+    }
+    const u32 used = zof_mem_count();
+    zof_theme_set("night");
+    CHECK(zof_mem_count() == used);
+    zof_ctrl_del(1, 5);
+}

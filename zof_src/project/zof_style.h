@@ -13,6 +13,13 @@ extern const char *const zof_theme_name[2];
 // is not there.
 zof_pub_attr_t *zof_theme_get_ctrl(const char *theme, u32 type);
 
+// Changes the look of every control of the running project, made or yet to be made, to another theme's; theme keys of
+// view files no longer count. Styles are matched by part, state and section: the theme before decides which of them a
+// type has. A control keeps what its own file says differently from its old theme, and a type that the new theme does
+// not have keeps its look. 0; -1 for null, without a
+// project, and for a theme that has none of the types in use. Graphics thread.
+s32 zof_theme_set(const char *theme);
+
 // Copies the style records of `src` over those of the same index in `dst`. Flat: font, picture and LVGL style are
 // shared. 0, or -1 for null.
 s32 zof_theme_style_copy(zof_pub_attr_t *dst, const zof_pub_attr_t *src);

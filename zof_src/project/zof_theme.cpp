@@ -2,9 +2,13 @@
 // styles are laid key by key.
 #include <string.h>
 
+#include "project/zof_ctrl_attr.h"
 #include "project/zof_j2s.h"
+#include "project/zof_para.h"
+#include "project/zof_prj.h"
 #include "project/zof_res.h"
 #include "project/zof_style.h"
+#include "project/zof_view.h"
 #include "zof_lib/zof_stdio.h"
 
 const char *const zof_theme_name[2] = {"youth", "night"};
@@ -95,4 +99,106 @@ zof_style_attr_t *zof_theme_style_check(u32 part, u32 state, u32 sect, zof_pub_a
             return style;
     }
     return style_append(record);
+}
+
+// What a control shows of its old theme becomes what the new one has; what the control says for itself stays. A field
+// that says the same as its old theme is taken for inherited.
+static void fields_follow(u8 *field, const u8 *before, const u8 *now, const reflect_item_t *table) {
+    for (; table->key; table++) {
+        const size_t at = table->offset;
+        if (table->table)
+            fields_follow(field + at, before + at, now + at, table->table);
+        else if (memcmp(field + at, before + at, table->size) == 0)
+            memcpy(field + at, now + at, table->size);
+    }
+}
+
+static bool same_style(const zof_style_attr_t *a, const zof_style_attr_t *b) {
+    return a && b && a->style_part == b->style_part && a->style_state == b->style_state &&
+           a->style_sect == b->style_sect;
+}
+
+// Controls know their theme's styles by their place, so the new theme gets the places of the old one. A style that it
+// does not have it takes over from there; one that it has besides would stand where controls keep their own.
+static void theme_align(const char *name, const zof_pub_attr_t *before, zof_pub_attr_t *now) {
+    auto **list = (zof_style_attr_t **)zof_malloc((before->style_num + 1u) * sizeof(zof_style_attr_t *));
+    for (u32 n = 0; list && n < before->style_num; n++) {
+        list[n] = before->style_list[n];
+        for (u32 i = 0; i < now->style_num; i++) {
+            if (same_style(list[n], now->style_list[i])) {
+                list[n] = now->style_list[i];
+                now->style_list[i] = nullptr;
+                break;
+            }
+        }
+    }
+    for (u32 i = 0; i < now->style_num; i++) {
+        zof_style_attr_t *rest = now->style_list[i];
+        if (!rest)
+            continue;
+        zof_printf(
+            "theme %s: %s: the style of part %u, state %u, section %u is not in the theme before and is left out", name,
+            themeFileName[now->ctrl_type], rest->style_part, rest->style_state, rest->style_sect);
+        FreeStyleStruct(rest);
+        zof_free(rest);
+    }
+    zof_free(now->style_list);
+    now->style_list = list;
+    now->style_num = list ? before->style_num : 0;
+}
+
+// Lets go of the old theme but for the styles that the new one took over.
+static void theme_replace(u32 type, zof_pub_attr_t *now) {
+    zof_pub_attr_t *before = self.zof_theme[type];
+    for (u32 i = 0; i < before->style_num && i < now->style_num; i++) {
+        if (before->style_list[i] == now->style_list[i])
+            before->style_list[i] = nullptr;
+    }
+    self.zof_theme[type] = now;
+    zof_j2s_ctrl_delete(before, type);
+}
+
+static zof_pub_attr_t *new_themes[ZOF_CTRL_TYPE_COUNT]; // during zof_theme_set
+
+static void view_follow(void *view) {
+    const db_list *list = ((const zof_view_node_t *)view)->ctrl_list;
+    const db_node *head = list ? list->head : nullptr;
+    for (const db_node *at = head ? head->next : head; at != head; at = at->next) {
+        const para_t *record = (const para_t *)at->data;
+        zof_pub_attr_t *attr = record ? record->attr : nullptr;
+        const zof_pub_attr_t *before = attr && attr->style_list ? self.zof_theme[attr->ctrl_type] : nullptr;
+        const zof_pub_attr_t *now = before ? new_themes[attr->ctrl_type] : nullptr;
+        for (u32 i = 0; now && i < before->style_num && i < attr->style_num; i++) {
+            zof_style_attr_t *style = attr->style_list[i];
+            if (!style || !before->style_list[i])
+                continue;
+            fields_follow((u8 *)style, (const u8 *)before->style_list[i], (const u8 *)now->style_list[i],
+                          zof_style_attr_t_tbl);
+            if (style->lv_style)
+                zof_style_get_lv_value(style, style->lv_style);
+        }
+    }
+}
+
+s32 zof_theme_set(const char *theme) {
+    const zof_prj_t *prj = zof_prj_get_cur();
+    if (!theme || !prj || !prj->view_list)
+        return -1;
+    s32 result = -1;
+    for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
+        const u8 broken = self.broken[type];
+        new_themes[type] = self.zof_theme[type] ? theme_read(theme, type) : nullptr;
+        self.broken[type] = broken;
+        if (new_themes[type]) {
+            theme_align(theme, self.zof_theme[type], new_themes[type]);
+            result = 0;
+        }
+    }
+    __db_list_travel(prj->view_list, view_follow);
+    for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
+        if (new_themes[type])
+            theme_replace(type, new_themes[type]);
+    }
+    lv_obj_report_style_change(nullptr);
+    return result;
 }
