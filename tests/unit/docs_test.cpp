@@ -85,7 +85,7 @@ static const mistake_t mistakes[] = {
     {"`v_id` is not the view's id", "config/view/main.g", "\"v_id\": 1", "\"v_id\": 2"},
     {"no `controls`", "config/view/main.g", "\"controls\"", "\"control\""},
     {"a control type that does not exist", "config/view/main.g", "\"type\": 1", "\"type\": 31"},
-    {"a control type that is not built yet", "config/view/main.g", "\"type\": 1,", "\"type\": 16,"},
+    {"a control type that is not built yet", "config/view/main.g", "\"type\": 1,", "\"type\": 22,"},
     {"a control without `property`", "config/view/main.g", "\"property\"", "\"properties\""},
     {"a control without `id`", "config/view/main.g", "\"id\": 1", "\"no\": 1"},
     {"a control without `theme`", "config/view/main.g", "\"theme\": \"night\", ", ""},

@@ -6,6 +6,7 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
 #include "control/zof_list.h"
+#include "control/zof_table_chart.h"
 #include "control/zof_text.h"
 #include "control/zof_value.h"
 #include "project/zof_j2s.h"
@@ -31,8 +32,8 @@ const zof_ctrl_class_t zof_ctrl_classes[] = {
     {ZOF_CTRL_LIST, "list", zof_list_create, zof_list_update_txt, zof_list_del},
     {ZOF_CTRL_DROPLIST, "droplist", zof_droplist_create, zof_droplist_update_txt, zof_droplist_del},
     {ZOF_CTRL_ROLLIST, "rollist", zof_rollist_create, zof_rollist_update_txt, zof_rollist_del},
-    {ZOF_CTRL_CHART, "chart"},
-    {ZOF_CTRL_TABLE, "table"},
+    {ZOF_CTRL_CHART, "chart", zof_chart_create},
+    {ZOF_CTRL_TABLE, "table", zof_table_create, nullptr, zof_table_del},
     {ZOF_CTRL_SPINBOX, "spinbox", zof_spinbox_create},
     {ZOF_CTRL_IMG, "img", zof_img_create, zof_img_update_src},
     {ZOF_CTRL_GIF, "gif"},

@@ -68,7 +68,8 @@ enum {
     ZOF_CTRL_LIST_PARAM_COUNT = 3,
     ZOF_CTRL_DROPLIST_PARAM_COUNT = 4,
     ZOF_CTRL_ROLLIST_PARAM_COUNT = 3,
-    ZOF_CTRL_SPINBOX_PARAM_COUNT = 3
+    ZOF_CTRL_SPINBOX_PARAM_COUNT = 3,
+    ZOF_CTRL_TABLE_PARAM_COUNT = 4
 };
 extern const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_view_params[ZOF_VIEW_PARAM_COUNT];
@@ -88,6 +89,7 @@ extern const zof_hmi_param_type_t zof_ctrl_list_params[ZOF_CTRL_LIST_PARAM_COUNT
 extern const zof_hmi_param_type_t zof_ctrl_droplist_params[ZOF_CTRL_DROPLIST_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_rollist_params[ZOF_CTRL_ROLLIST_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_spinbox_params[ZOF_CTRL_SPINBOX_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_table_params[ZOF_CTRL_TABLE_PARAM_COUNT];
 
 ZOF_C_END
 
