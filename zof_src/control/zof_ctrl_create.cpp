@@ -7,6 +7,7 @@
 #include "control/zof_image.h"
 #include "control/zof_list.h"
 #include "control/zof_table_chart.h"
+#include "control/zof_scrollcont.h"
 #include "control/zof_text.h"
 #include "control/zof_value.h"
 #include "project/zof_j2s.h"
@@ -44,8 +45,8 @@ const zof_ctrl_class_t zof_ctrl_classes[] = {
     {ZOF_CTRL_SKETCHPAD, "sketchpad"},
     {ZOF_CTRL_BTNMATRIX, "btnmatrix"},
     {ZOF_CTRL_ANIMIMG, "animimg"},
-    {ZOF_CTRL_SCROLLCONT, "scrollcont"},
-    {ZOF_CTRL_SCROLLCONT_OBJ, "scrollcont_obj"},
+    {ZOF_CTRL_SCROLLCONT, "scrollcont", zof_scrollcont_create},
+    {ZOF_CTRL_SCROLLCONT_OBJ, "scrollcont_obj", zof_scrollcont_obj_create},
 };
 static_assert(sizeof(zof_ctrl_classes) / sizeof(zof_ctrl_classes[0]) == ZOF_CTRL_TYPE_COUNT);
 
@@ -208,22 +209,21 @@ static void restack(zof_view_node_t *view, para_t *record) {
     if (parent) {
         lv_obj_set_parent(record->obj, parent->obj);
         record->parent = parent;
-    } else {
+    } else if (record->attr->ctrl_type != ZOF_CTRL_SCROLLCONT_OBJ) { // a wheel has turned its items into an order
         lv_obj_move_foreground(record->obj);
     }
 }
 
 // A control that could not be made leaves no record behind.
-static void record_drop(zof_view_node_t *view, para_t *record, bool any_new) {
+static void record_drop(zof_view_node_t *view, para_t *record) {
     u32 id = record->id;
     zof_ctrl_release(record);
     __db_list_search_and_pop(view->ctrl_list, &id);
-    if (any_new)
-        zof_free(record);
+    zof_free(record);
 }
 
 // Builds the control under the file's cursor; false at an entry that ends the walk.
-static bool control_build(zof_view_node_t *view, para_t *record, bool any_new) {
+static bool control_build(zof_view_node_t *view, para_t *record) {
     zof_ctrl_release(record); // left over when its object went with a parent's
     record->attr = zof_j2s_ctrl_get();
     if (!record->attr)
@@ -231,14 +231,13 @@ static bool control_build(zof_view_node_t *view, para_t *record, bool any_new) {
     record->attr->zof_ctrl_event = event_fn_find(view, record->attr->id);
     zof_ctrl_create_from_attr(view, record);
     if (!record->obj)
-        record_drop(view, record, any_new);
+        record_drop(view, record);
     return true;
 }
 
 static void controls_walk(zof_view_node_t *view) {
     u32 id = 0;
     u32 pub = 0;
-    bool any_new = false;
     while (zof_j2s_ctrl_get_para(&id, &pub) == 0) {
         id = (u16)id; // as wide as the record's
         para_t *record = (para_t *)__db_list_search_node(view->ctrl_list, &id);
@@ -247,16 +246,13 @@ static void controls_walk(zof_view_node_t *view) {
             zof_j2s_ctrl_run_next();
             continue;
         }
-        if (!record) {
-            record = record_new(view, id);
-            any_new = true;
-        }
+        record = record ? record : record_new(view, id);
         if (!record)
             return;
         if (!view->displaying && pub == 1) {
             view->ctrl_ready = 0;
             zof_j2s_ctrl_run_next();
-        } else if (!control_build(view, record, any_new)) {
+        } else if (!control_build(view, record)) {
             return;
         }
     }
