@@ -4,6 +4,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <thread>
 
 #include "func/zof_func_stdby.h"
 #include "hmi/zof_hmi_tone.h"
@@ -32,6 +33,7 @@ struct shared_t {
     left_to_do left;
     bool calling; // the graphics thread has begun with the call
     s32 result;
+    std::thread::id graphics; // set once, before the link opens
 };
 
 // Never destroyed: the receive thread may wait in it when the process ends.
@@ -120,6 +122,7 @@ s32 zof_hmi_sync_init(void) {
     static bool made;
     {
         std::lock_guard guard(shared.lock);
+        shared.graphics = std::this_thread::get_id();
         shared.seen.version[ZOF_HMI_VERSION_APP] = zof_user_app_version();
         shared.seen.version[ZOF_HMI_VERSION_SDK] = zof_sdk_get_version();
         shared.seen.version[ZOF_HMI_VERSION_FW] = zof_fw_get_version();
@@ -155,6 +158,11 @@ void zof_hmi_sync_standby(const zof_func_standby_t *times) {
 }
 
 s32 zof_hmi_sync_call(s32 (*fn)(void *arg), void *arg) {
+    if (std::this_thread::get_id() == shared.graphics) { // it would wait for itself
+        const s32 result = fn(arg);
+        zof_hmi_sync_refresh();
+        return result;
+    }
     std::unique_lock guard(shared.lock);
     shared.left.call = fn;
     shared.left.arg = arg;

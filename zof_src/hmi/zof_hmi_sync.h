@@ -35,8 +35,9 @@ void zof_hmi_sync_tone(u8 count, u16 pause, u16 tone);
 void zof_hmi_sync_th_en(u8 flags);
 void zof_hmi_sync_standby(const zof_func_standby_t *times);
 
-// Receive thread only: has the graphics thread call `fn` and waits for its result, because the acknowledgement needs
-// it. -1 when the graphics thread has not begun with it in five seconds; it is then not done at all.
+// Receive thread: has the graphics thread call `fn` and waits for its result, because the acknowledgement needs it. -1
+// when the graphics thread has not begun with it in five seconds; it is then not done at all. The graphics thread
+// itself calls it at once.
 s32 zof_hmi_sync_call(s32 (*fn)(void *arg), void *arg);
 
 ZOF_C_END
