@@ -1,0 +1,52 @@
+// The bitmap font: the input is the file. Glyphs of all codes that the header claims, and a text drawn with it.
+#include "fuzz.h"
+
+#include "project/zof_font.h"
+#include "screen_fixture.h"
+#include "temp_project.h"
+
+enum { CODES = 24 };
+
+static temp_project_t &project = *new temp_project_t;
+static lv_obj_t *label;
+
+extern "C" int LLVMFuzzerInitialize(int *, char ***) {
+    fuzz_quiet();
+    atexit([] { project.~temp_project_t(); });
+    project.open();
+    std::filesystem::create_directories(project.path("font"));
+    screen_open(64, 48);
+    label = lv_label_create(lv_scr_act());
+    lv_label_set_text(label, "abc\nZ\xE4\xB8\xAD#");
+    return 0;
+}
+
+static void glyphs_read(const lv_font_t *font, const zof_font_header_t *header) {
+    static volatile u8 sum;
+    for (u32 i = 0; i < CODES; i++) {
+        const u32 code = header->code_min + i;
+        lv_font_glyph_dsc_t glyph = {};
+        const u8 *bits = nullptr;
+        if (zof_font_get_glyph_dsc(font, &glyph, code, 0)) {
+            bits = zof_font_get_bitmap(font, code);
+        }
+        for (u32 k = 0; bits && k < (u32)glyph.box_w * glyph.box_h * glyph.bpp / 8; k++) {
+            sum = (u8)(sum + bits[k]);
+        }
+    }
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+    static const std::string path = project.path("font/x.bin");
+    FILE *file = fopen(path.c_str(), "wb");
+    fuzz_must(file && fwrite(data, 1, size, file) == size && fclose(file) == 0, "the file can be written");
+    lv_font_t font = {};
+    if (zof_binfont_create(&font, path.c_str()) == 0) {
+        glyphs_read(&font, &((zof_binfont_t *)font.user_data)->header);
+        lv_obj_set_style_text_font(label, &font, 0);
+        lv_refr_now(nullptr);
+        lv_obj_set_style_text_font(label, LV_FONT_DEFAULT, 0);
+        zof_binfont_delete(&font);
+    }
+    return 0;
+}

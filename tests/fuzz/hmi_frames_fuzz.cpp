@@ -1,0 +1,78 @@
+// Frames and codec of the host protocol without a project: as fast as can be. The first byte chooses: the receive
+// handler with a series of messages, or one record of the codec there and back, or one frame built and read again.
+#include "hmi_line.h"
+#include "hmi/zof_hmi_sync.h"
+#include "port/zof_host.h"
+
+enum { BUILD_MAX = 300 };
+
+static const zof_hmi_rec_t *const records[] = {
+    &zof_hmi_none_t_tbl,           &zof_hmi_one_s8_t_tbl,           &zof_hmi_one_u16_t_tbl,
+    &zof_hmi_one_s16_t_tbl,        &zof_hmi_one_u32_t_tbl,          &zof_hmi_one_s32_t_tbl,
+    &zof_hmi_one_str_t_tbl,        &zof_hmi_param_u8str_t_tbl,      &zof_hmi_param_u8u16_t_tbl,
+    &zof_hmi_param_u16str_t_tbl,   &zof_hmi_param_u16u16str_t_tbl,  &zof_hmi_param_u8u32_t_tbl,
+    &zof_hmi_param_u8u16u16_t_tbl, &zof_hmi_param_u16u16_t_tbl,     &zof_hmi_param_s16s16_t_tbl,
+    &zof_hmi_param_u16u32_t_tbl,   &zof_hmi_param_u8s16s16_t_tbl,   &zof_hmi_param_u32u16u8u8_t_tbl,
+    &zof_hmi_ctrl_id_t_tbl,        &zof_hmi_param_u16u16u16u16_t_tbl, &zof_hmi_param_u16u8u8u8u8_t_tbl,
+    &zof_hmi_stdby_t_tbl,          &zof_hmi_tabel_t_tbl,
+};
+
+// What was read from the wire goes out as the same bytes.
+static void there_and_back(fuzz_input &in) {
+    const zof_hmi_rec_t *list = records[fuzz_byte(in) % (sizeof(records) / sizeof(records[0]))];
+    const std::vector<u8> wire = fuzz_bytes(in, in.size);
+    alignas(8) u8 record[ZOF_HMI_RECORD_SIZE] = {};
+    const s32 taken = zof_hmi_cmd_buf_2_param(record, list, wire.data(), (u32)wire.size());
+    if (taken <= 0) {
+        return;
+    }
+    fuzz_must(zof_hmi_cmd_param_size(record, list) == (u32)taken, "a record is as long as what it was read from");
+    std::vector<u8> out((size_t)taken);
+    zof_hmi_cmd_param_2_buf(record, list, out.data());
+    fuzz_must(memcmp(out.data(), wire.data(), out.size()) == 0, "a record goes out as it came in");
+}
+
+static void build_and_read(fuzz_input &in) {
+    const bool crc = fuzz_byte(in) & 1;
+    const u32 n = (u32)(fuzz_byte(in) << 8 | fuzz_byte(in)) % BUILD_MAX;
+    zof_hmi_cmd_analys_t *a = ui_cmd_analys;
+    a->crc_en = crc;
+    fuzz_must(zof_hmi_frame_send_clear(a, n) == 0, "there is room for a frame");
+    if (in.size) {
+        memcpy(a->send_cursor, in.at, in.size < n ? in.size : n);
+    }
+    const u8 *frame = nullptr;
+    const u32 size = zof_hmi_frame_build(a, ZOF_HMI_OP_GET, n, &frame);
+    const std::vector<u8> exact(frame, frame + size);
+    const u32 len = n + (crc ? 3 : 1);
+    if (n >= 2 && (n > 128 || len <= 127)) { // the sizes between are laid out as old hosts know them
+        fuzz_must(zof_hmi_cmd_check_data(a, exact.data(), size) == (s32)size, "a frame that is sent can be read");
+    }
+}
+
+extern "C" int LLVMFuzzerInitialize(int *, char ***) {
+    static const zof_clock_t still = {[] { return 0u; }, [](u32) {}};
+    fuzz_quiet();
+    zof_clock_set(&still);
+    lv_init();
+    dis_mutex = zof_mutex_create();
+    zof_hmi_sync_init();
+    hmi_analysers_make();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+    fuzz_input in = {data, size};
+    hmi_tail.clear();
+    const u8 what = fuzz_byte(in) % 4;
+    if (what == 0) {
+        there_and_back(in);
+    } else if (what == 1) {
+        build_and_read(in);
+    } else {
+        while (in.size) {
+            hmi_message(in);
+        }
+    }
+    return 0;
+}

@@ -1,0 +1,79 @@
+// The host protocol's receive handler without a line: messages of the input go in, what is kept as a tail stands in
+// front of the next one as the line would put it, and answers are looked at and dropped. Linked with --wrap for the two
+// functions of the line.
+//
+// A message: a byte of HMI_* flags, a byte for its length, its bytes. A sealed one is code and payload only and gets
+// head, length and CRC here, which no search would find.
+#ifndef HMI_LINE_H
+#define HMI_LINE_H
+
+#include "fuzz.h"
+#include "hmi/zof_hmi_analys.h"
+
+enum { HMI_CRC = 1, HMI_SEALED = 2, HMI_LONG = 4, HMI_DRAW = 8 };
+enum { HMI_TAIL_SIZE = 256, HMI_HEAD0 = 0x5A, HMI_HEAD1 = 0xA5 };
+
+inline std::vector<u8> hmi_tail;
+inline volatile u8 hmi_answer_sum; // every byte of an answer is read, so that one that was never written is seen
+
+extern "C" __attribute__((used)) inline s32 __wrap_zof_hmi_uart_tail_set(const u8 *data, u32 size) {
+    if (size == 0 || size > HMI_TAIL_SIZE) {
+        return -1;
+    }
+    hmi_tail.assign(data, data + size);
+    return 0;
+}
+
+extern "C" __attribute__((used)) inline s32 __wrap_zof_hmi_uart_send(const u8 *data, u32 size) {
+    u8 sum = 0;
+    for (u32 i = 0; i < size; i++) {
+        sum = (u8)(sum + data[i]);
+    }
+    hmi_answer_sum = sum;
+    return (s32)size;
+}
+
+inline void hmi_analysers_make() {
+    zof_hmi_attr_t attr = {};
+    attr.head_fh = HMI_HEAD0;
+    attr.head_fl = HMI_HEAD1;
+    attr.resend_en = 1;
+    attr.buffsize = 4096;
+    fuzz_must(zof_hmi_cmd_sys_analys_init(&attr) == 0 && zof_hmi_cmd_ui_analys_init(&attr) == 0, "the analysers stand");
+}
+
+inline std::vector<u8> hmi_sealed(const std::vector<u8> &counted, bool crc, bool long_form) {
+    const u32 len = (u32)counted.size() + (crc ? 2 : 0);
+    std::vector<u8> out = {HMI_HEAD0, HMI_HEAD1};
+    if (long_form || len > 127) {
+        out.push_back((u8)(0x80 | len >> 8));
+    }
+    out.push_back((u8)len);
+    out.insert(out.end(), counted.begin(), counted.end());
+    if (crc) {
+        const u16 sum = zof_hmi_crc16(counted.data(), (u32)counted.size());
+        out.insert(out.end(), {(u8)(sum >> 8), (u8)sum});
+    }
+    return out;
+}
+
+// Receives one message behind what was kept; true when the panel is to draw.
+inline bool hmi_message(fuzz_input &in) {
+    const u8 flags = fuzz_byte(in);
+    std::vector<u8> fresh = fuzz_bytes(in, fuzz_byte(in));
+    const bool crc = flags & HMI_CRC;
+    if (flags & HMI_SEALED) {
+        fresh = hmi_sealed(fresh, crc, flags & HMI_LONG);
+    }
+    sys_cmd_analys->crc_en = ui_cmd_analys->crc_en = crc;
+    std::vector<u8> whole;
+    whole.reserve(hmi_tail.size() + fresh.size());
+    whole.insert(whole.end(), hmi_tail.begin(), hmi_tail.end());
+    whole.insert(whole.end(), fresh.begin(), fresh.end());
+    hmi_tail.clear();
+    zof_hmi_recive_data_handle(whole.data(), (u32)whole.size(), nullptr);
+    zof_hmi_cmd_ui_data_run();
+    return flags & HMI_DRAW;
+}
+
+#endif

@@ -1,0 +1,173 @@
+#!/usr/bin/env python3
+"""Writes the seeds and dictionaries of the fuzzers anew: seeds/<fuzzer>/* and <fuzzer>.dict, all small.
+
+Names of keys and codes of commands are read from the sources, so run it when tables have changed, and commit the result."""
+import json
+import pathlib
+import re
+import shutil
+import struct
+
+HERE = pathlib.Path(__file__).resolve().parent
+SRC = HERE.parent.parent / "zof_src"
+HMI_SEALED, HMI_CRC, HMI_LONG, HMI_DRAW = 2, 1, 4, 8
+GET, SET = 0x11, 0x22
+
+
+def seed(fuzzer, name, data):
+    folder = HERE / "seeds" / fuzzer
+    folder.mkdir(parents=True, exist_ok=True)
+    (folder / name).write_bytes(data.encode() if isinstance(data, str) else bytes(data))
+
+
+def dictionary(fuzzer, words):
+    lines = {'"' + "".join(f"\\x{b:02X}" for b in word) + '"' for word in words}
+    (HERE / f"{fuzzer}.dict").write_text("\n".join(sorted(lines)) + "\n")
+
+
+# The register link ------------------------------------------------------------------------------------------------
+def register_write(addr, *words):
+    return bytes([0x5A, 0xA5, 3 + 2 * len(words), 0x82]) + struct.pack(f">H{len(words)}H", addr, *words)
+
+
+def register_read(addr, count):
+    return bytes([0x5A, 0xA5, 4, 0x83]) + struct.pack(">HB", addr, count)
+
+
+def messages(*parts):
+    return b"".join(bytes([len(part)]) + part for part in parts)
+
+
+def registers():
+    names = re.findall(r"\b(REG_\w+) = (\d+),", (SRC.parent / "apps/hardware/uart/zof_hw_map.h").read_text())
+    singles = [register_write(int(at), 1234) for name, at in names]
+    rails = register_write(272, 0, 5000, 5000, 3000, 1, 3300, 11000, 5000, 2, 9000, 20000, 5000)
+    every = b"".join(messages(frame) for frame in singles)
+    seed("register_link", "every_register", every + b"\xff")
+    seed("register_link", "rails", messages(rails, register_write(256, 3), register_write(257, 1)) + b"\xff")
+    seed("register_link", "reads", messages(register_read(16, 5), register_read(0, 255), register_read(2048, 255)))
+    seed("register_link", "cut_and_noise", messages(singles[0][:4], singles[0][4:], b"\x5a\xa5\x5a" + singles[1]))
+    dictionary("register_link", [b"\x5A\xA5", b"\x5A\xA5\x05\x82", b"\x5A\xA5\x04\x83"] +
+               [struct.pack(">H", int(at)) for name, at in names])
+
+
+# The host protocol --------------------------------------------------------------------------------------------------
+def hmi(flags, counted):
+    return bytes([flags, len(counted)]) + bytes(counted)
+
+
+def type_codes():
+    text = (SRC / "hmi/zof_hmi_cmd.cpp").read_text()
+    return [bytes([0xB0]), bytes([0xB1])] + [bytes([0xB2, int(x, 16)]) for x in re.findall(r"CTRL_TYPE\((0x\w+),", text)]
+
+
+def hosts():
+    panel = []
+    for code in type_codes():
+        frames = b""
+        for param in range(16):
+            for control in range(5, 17) if code == b"\xb2\xf0" else (2 * len(panel), 5 + len(panel) % 14):
+                address = bytes([0, 1, 0, control]) if len(code) == 2 else b""
+                body = code + bytes([param]) + address
+                frames += hmi(HMI_SEALED, bytes([GET]) + body + bytes(2))
+                frames += hmi(HMI_SEALED | HMI_CRC, bytes([SET]) + body + b"\0\x02\0\x30\0\x40\0\x10\0")
+        panel.append(frames)
+        seed("hmi_panel", "type_" + code.hex(), frames[:1500] + hmi(HMI_DRAW, b"")[:1] + b"\x80\x81")
+    text = bytes([SET]) + bytes.fromhex("b200000001000568656c6c6f00")
+    picture = bytes([SET]) + bytes.fromhex("b2020000010007") + b"blue.png\0"
+    plain = bytes.fromhex("5aa50311b0015aa5800311b001")
+    walk = hmi(0, plain[:4]) + hmi(0, plain[4:]) + hmi(HMI_SEALED | HMI_LONG, text) + hmi(HMI_SEALED, picture)
+    seed("hmi_panel", "texts", walk + hmi(HMI_SEALED | HMI_DRAW, bytes([SET, 0xB1, 0, 0, 2])))
+    seed("hmi_frames", "walk", b"\x02" + walk)
+    seed("hmi_frames", "reads", b"\x02" + b"".join(hmi(HMI_SEALED, bytes([GET, 0xB0, p, 0])) for p in range(10)))
+    for size in (2, 124, 126, 129, 256):
+        seed("hmi_frames", f"build_{size}", b"\x01\x01" + struct.pack(">H", size))
+    for record in range(0, 23, 4):
+        seed("hmi_frames", f"record_{record}", bytes([0, record]) + b"\x01\x02\x03\x04abc\0\x05\x06")
+    words = type_codes() + [bytes([0x5A, 0xA5]), b"\x5A\xA5\x80", bytes([GET]), bytes([SET]), b"blue.png\0", b"red.png\0",
+                            b"#hello\0", b"de\0", b"\0\x01\0\x05", b"\xff\xff", b"\x7f\xff", b"\x80\0"]
+    dictionary("hmi_panel", words)
+    dictionary("hmi_frames", words)
+
+
+# Project files ------------------------------------------------------------------------------------------------------
+def record_keys():
+    """Keys of each record, from its table: name -> [(kind, key, table)]."""
+    tables = {}
+    for file in ("zof_ctrl_attr.cpp", "zof_prj_attr.cpp"):
+        text = (SRC / "project" / file).read_text()
+        for name, body in re.findall(r"const reflect_item_t (\w+)_tbl\[\] = \{(.*?)\};", text, re.S):
+            rows = re.findall(r"CSON_(\w+)\(\w+,\s*([\w.]+)(?:,\s*(\w+))?(?:,\s*(\w+))?", body)
+            tables[name] = rows
+    return tables
+
+
+def example(tables, name, depth=0):
+    out = {}
+    for kind, key, *more in tables.get(name, []):
+        inner = next((m[:-4] for m in more if m.endswith("_tbl")), None)
+        if inner and depth < 4:
+            value = example(tables, inner, depth + 1)
+            out[key] = [value] if "ARRAY" in kind else value
+        else:
+            out[key] = "#hello" if kind == "TEXT" else 1
+    return out
+
+
+def control(number, record, **pub):
+    record["pub_t"] = dict(record.get("pub_t", {}), id=number + 10, parent_id=0, hidden=False, alpha=255,
+                           pt={"x": 5 * number, "y": 4 * number}, size={"width": 60, "height": 40}, **pub)
+    fill = {"style_part": 0, "style_state": 0, "style_sect": 0, "body_t": {"opa": 255, "main_color": 255},
+            "txt_t": {"font_lib": "t.ttf", "font_size": 16, "opa": 255}}
+    return {"type": number, "theme": "youth", "property": dict(record, styles=[fill])}
+
+
+def files():
+    tables = record_keys()
+    text = (SRC / "project/zof_j2s_struct.cpp").read_text()
+    types = re.findall(r"\{ZOF_CTRL_\w+, (\w+)_tbl,", text)
+    view = example(tables, "zof_view_attr_t") | {"v_id": 2, "layer": 0}
+    for number, name in enumerate(types):
+        one = control(number, example(tables, name), pub=number % 2 == 0)
+        seed("project_files", f"view_{number:02}_{name}", "\x04" + json.dumps({"view": view, "controls": [one]}))
+        if number % 8 == 0:
+            seed("project_files", f"control_{name}", chr(3 + 8 * number)[:1] + json.dumps(one["property"])
+                 if 3 + 8 * number < 128 else "\x03" + json.dumps(one["property"]))
+    project = example(tables, "zof_prj_attr_t") | {"views": [{"pageId": 1, "pageName": "v1.g"}, {"pageId": "x"}]}
+    seed("project_files", "project", "\x00" + json.dumps(project))
+    seed("project_files", "language", "\x01" + json.dumps({"hello": "hallo", "n": 1}))
+    seed("project_files", "link", "\x02" + json.dumps(example(tables, "zof_hmi_attr_t")))
+    keys = {row[1] for rows in tables.values() for row in rows} | {
+        "view", "controls", "type", "theme", "property", "styles", "views", "pageId", "pageName"}
+    numbers = [b"-1", b"255", b"65535", b"2147483647", b"-2147483648", b"4294967295", b"1e9", b"true", b"null", b"[]", b"{}"]
+    dictionary("project_files", [b'"' + key.encode() + b'":' for key in keys] + numbers +
+               [b'"#hello"', b'"t.ttf"', b'"red.png"', b'"youth"'])
+
+
+# The bitmap font ----------------------------------------------------------------------------------------------------
+def font(bpp, glyphs, count=None, bitmap_size=64):
+    codes = [code for code, *rest in glyphs]
+    head = struct.pack("<HHHHBBb5x", min(codes), max(codes), bitmap_size, len(glyphs) if count is None else count, bpp, 20, -4)
+    table = b"".join(struct.pack("<H", code) for code in codes)
+    at = len(head) + 6 * len(glyphs) + 4
+    offsets, records = b"", b""
+    for code, width, height in glyphs:
+        offsets += struct.pack("<I", at + len(records))
+        records += struct.pack("<BBBbb", width + 1, width, height, 0, 0) + bytes(range(1, width * height * bpp // 8 + 1))
+    return head + table + offsets + bytes(4) + records
+
+
+def fonts():
+    letters = [(ord("a"), 4, 4), (ord("b"), 8, 2), (ord("Z"), 3, 5), (0x4E2D, 6, 6)]
+    for bpp in (1, 2, 3, 4, 8):
+        seed("binfont", f"bpp_{bpp}", font(bpp, letters))
+    seed("binfont", "count", font(8, letters, count=900))
+    dictionary("binfont", [b"\xff\xff", b"\xff\xff\xff\xff", b"\0\0\0\x80", b"\x08\x14\xfc", b"a\0", b"\x2d\x4e"])
+
+
+if __name__ == "__main__":
+    shutil.rmtree(HERE / "seeds", ignore_errors=True)
+    registers()
+    hosts()
+    files()
+    fonts()

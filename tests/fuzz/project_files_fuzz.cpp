@@ -1,0 +1,137 @@
+// The loader of project files, and a view's file up to its controls on the screen. The first byte chooses the kind of
+// file, the rest is its text.
+#include "fuzz.h"
+
+#include "project/zof_j2s.h"
+#include "project/zof_lang.h"
+#include "project/zof_prj_up.h"
+#include "project/zof_view.h"
+#include "view_project.h"
+
+enum { HOME = 1, SHOWN_MS = 40 };
+enum { PROJECT, LANGUAGE, LINK, CONTROL, VIEW, KINDS = 8 }; // the rest are views too
+
+static view_project_t &project = *new view_project_t;
+
+extern "C" int LLVMFuzzerInitialize(int *, char ***) {
+    fuzz_quiet();
+    atexit([] { project.~view_project_t(); });
+    project.more = R"(, "start_page": 1, "language": "en")";
+    project.write("config/languages/en.g", R"({"hello": "hello"})");
+    project.image("red.png", 20, 20, 0xFF0000);
+    project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
+    project.view(HOME, {});
+    project.view(2, {});
+    project.open(160, 120);
+    return 0;
+}
+
+static void name_free(void *entry) {
+    zof_res_path_free(((zof_view_name_t *)entry)->name);
+    zof_free(entry);
+}
+
+static void project_read(const std::string &path) {
+    zof_prj_attr_t *attr = zof_j2s_get_prj_attr(path.c_str());
+    db_list *names = zof_view_name_list_get(nullptr);
+    __db_list_destory(names, name_free);
+    if (attr) {
+        FreePrjStruct(attr);
+        zof_free(attr);
+    }
+}
+
+static void language_read() {
+    zof_lang_set("x");
+    zof_lang_set_cur_str("#hello", "a longer text than before");
+    zof_lang_get_cur_str("#hello");
+    zof_lang_set("en");
+}
+
+static void link_read(const std::string &path) {
+    zof_hmi_attr_t attr = {};
+    zof_rootjson_t file = RootJsonGet(path.c_str());
+    if (file.root) {
+        GetHmiStruct(file.root, &attr);
+        FreeHmiStruct(&attr);
+    }
+    RootJsonDel(&file);
+}
+
+// A control's record of any type, as from a theme.
+static void control_read(const std::string &path, u32 type) {
+    zof_rootjson_t file = RootJsonGet(path.c_str());
+    zof_pub_attr_t *record = zof_j2s_ctrl_create(file.root, type);
+    if (record) {
+        zof_j2s_get_style(file.root, record);
+    }
+    zof_j2s_ctrl_delete(record, type);
+    RootJsonDel(&file);
+}
+
+// Views live for ever; this one has to make room for the next.
+static void view_forget(zof_view_node_t *node) {
+    while (auto *record = (para_t *)__db_list_pop(node->ctrl_list)) {
+        zof_prj_up.ctrl_delete(record);
+        zof_free(record);
+    }
+    __db_list_destory(node->ctrl_list, nullptr);
+    if (node->obj) {
+        lv_obj_del(node->obj);
+    }
+    FreeViewStruct(node->attr);
+    zof_free(node->attr);
+    zof_free(node);
+}
+
+// Loaded, shown, left and shown again.
+static void view_show() {
+    zof_prj_t *prj = zof_prj_get_cur();
+    if (zof_view_load(2) == 0) {
+        zof_view_node_t *node = (zof_view_node_t *)__db_list_visit(prj->view_list, 1);
+        const u32 id = node ? node->attr->v_id : 0;
+        for (int i = 0; i < 2; i++) {
+            zof_view_set_dis_view(id);
+            screen_step(SHOWN_MS);
+            zof_view_set_dis_view(HOME);
+            for (u32 layer = 1; layer < ZOF_LAYER_COUNT; layer++) {
+                zof_view_hide_layer(layer);
+            }
+        }
+    }
+    while (auto *node = (zof_view_node_t *)__db_list_visit_and_pop(prj->view_list, 1)) {
+        for (zof_view_node_t *&shown : prj->cur_view) {
+            shown = shown == node ? nullptr : shown;
+        }
+        view_forget(node);
+    }
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+    fuzz_input in = {data, size};
+    const u8 kind = fuzz_byte(in);
+    const std::string text((const char *)in.at, in.size);
+    const std::string scratch = "config/project/x.g";
+    switch (kind % KINDS) {
+    case PROJECT:
+        project.write(scratch, text);
+        project_read(project.path(scratch));
+        break;
+    case LANGUAGE:
+        project.write("config/languages/x.g", text);
+        language_read();
+        break;
+    case LINK:
+        project.write(scratch, text);
+        link_read(project.path(scratch));
+        break;
+    case CONTROL:
+        project.write(scratch, text);
+        control_read(project.path(scratch), kind / KINDS);
+        break;
+    default:
+        project.write("config/view/v2.g", text);
+        view_show();
+    }
+    return 0;
+}

@@ -1,0 +1,31 @@
+// The register link with the panel behind it: what a board, or noise, may send. The input is a series of messages, each
+// a byte for its length and then its bytes; a length of 255 lets the panel draw.
+#include "fuzz.h"
+
+#include "panel_fixture.h"
+
+enum { DRAW = 255, SETTLE = 8 };
+
+extern "C" int LLVMFuzzerInitialize(int *, char ***) {
+    fuzz_quiet();
+    fuzz_must(chdir(ZOF_PANEL_DIR) == 0, "the panel's project is there");
+    panel_open();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+    fuzz_input in = {data, size};
+    while (in.size) {
+        const u8 n = fuzz_byte(in);
+        if (n == DRAW) {
+            screen_step(SCREEN_STEP_MS);
+            continue;
+        }
+        std::vector<u8> message = fuzz_bytes(in, n);
+        recive_data_handle(message.data(), (u32)message.size());
+    }
+    u8 zeros[SETTLE] = {}; // whatever is kept as the beginning of a frame ends here, so each input stands alone
+    recive_data_handle(zeros, SETTLE);
+    panel_sent.clear();
+    return 0;
+}
