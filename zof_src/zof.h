@@ -40,6 +40,7 @@
 #include "control/zof_table_chart.h"
 #include "control/zof_text.h"
 #include "control/zof_value.h"
+#include "control/zof_scrollcont.h"
 
 #include "func/zof_func.h"
 #include "func/zof_dir_copy.h"

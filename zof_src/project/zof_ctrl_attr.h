@@ -346,7 +346,7 @@ typedef struct {
     u8 arc_dir;
     u8 zoom_mode;
     u8 opa_mode;
-    u8 loaded; // no key: 1 from creation on
+    u8 need_init; // no key: 1 until the wheel has been put in its place
 } zof_scrollcont_attr_t;
 
 typedef struct {

@@ -1,0 +1,220 @@
+// Scroll containers: the order of the wheel after each turn, and how items are dressed by their distance.
+#include "view_project.h"
+
+enum : u32 { WHEEL = 1, ITEM = 10, CAPTION = 30 };
+
+struct wheel_sort {
+    u32 items, shown;
+    bool vertical;
+    std::string own; // more keys
+};
+
+static const u32 colors[] = {0xE04040, 0x40B040, 0x4060E0, 0xD0A020, 0xA040C0, 0x20A0A0};
+
+// A wheel of 240 x 120, or turned by a quarter, with a number on each item.
+static std::vector<std::string> wheel_of(const wheel_sort &sort, u32 missing = 0) {
+    const std::string keys = R"("child_cnt": )" + std::to_string(sort.items) + R"(, "display_count": )" +
+                             std::to_string(sort.shown) + R"(, "dir": )" + std::to_string(sort.vertical) + sort.own;
+    std::vector<std::string> out = {ctrl(ZOF_CTRL_SCROLLCONT, WHEEL, keys,
+                                         (sort.vertical ? box(100, 0, 120, 240) : box(40, 60, 240, 120)) +
+                                             R"(, "scrollbar_t": {"dir_e": 15, "elastic": true, "momentum": true})",
+                                         filled(0x202830))};
+    for (u32 i = 0; i < sort.items - missing; i++) {
+        out.push_back(ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM + i, R"("create_num": )" + std::to_string(i),
+                           R"("parent_id": 1, "scrollbar_t": {"chain_e": 3})", filled(colors[i % 6])));
+        out.push_back(ctrl(ZOF_CTRL_LABEL, CAPTION + i,
+                           R"("auto_hight": 1, "align_e": 34, "txt": ")" + std::to_string(i) + "\"",
+                           R"("t_mode": 0, "parent_id": )" + std::to_string(ITEM + i) + ", " + box(5, 10, 40, 30),
+                           R"({"txt_t": {"color": 16777215, "opa": 255}})"));
+    }
+    return out;
+}
+
+static u32 shown = 1; // the view with the wheel that is looked at
+
+static lv_obj_t *wheel() {
+    return at(WHEEL, shown)->obj;
+}
+
+static lv_obj_t *item(u32 number) {
+    return at(ITEM + number, shown)->obj;
+}
+
+// The items in the order of the wheel, as their numbers.
+static std::string order() {
+    std::string out;
+    for (u32 i = 0; i < lv_obj_get_child_cnt(wheel()); i++) {
+        const para_t *record = (para_t *)lv_obj_get_user_data(lv_obj_get_child(wheel(), (s32)i));
+        out += std::to_string(record->id - ITEM);
+    }
+    return out;
+}
+
+static bool in_the_middle(u32 number) {
+    const lv_area_t *w = &wheel()->coords;
+    const lv_area_t *i = &item(number)->coords;
+    return (w->x1 + w->x2) / 2 == (i->x1 + i->x2) / 2 && (w->y1 + w->y2) / 2 == (i->y1 + i->y2) / 2;
+}
+
+// The finger pulls the wheel by one item, on or back.
+static void turn(const wheel_sort &sort, bool on) {
+    const s32 by = 240 / (s32)sort.shown * (on ? -1 : 1);
+    const s32 from = 120 - by / 2;
+    sort.vertical ? screen_drag(160, from, 160, from + by, 8) : screen_drag(40 + from, 120, 40 + from + by, 120, 8);
+    screen_step(2000);
+}
+
+TEST_CASE("a wheel turns for ever, odd or even, sideways and up and down") {
+    const struct {
+        wheel_sort sort;
+        const char *first; // order at rest on item 0
+    } wheels[] = {{{5, 3, false}, "34012"}, {{4, 3, false}, "3012"}, {{6, 3, true}, "450123"},
+                  {{5, 1, true}, "34012"},  {{3, 1, false}, "201"},  {{1, 1, false}, "0"}};
+    view_project_t project;
+    for (const auto &w : wheels) {
+        project.view(shown++, wheel_of(w.sort));
+    }
+    project.open(320, 240);
+    shown = 0;
+    for (const auto &w : wheels) {
+        zof_view_set_dis_view(++shown);
+        CAPTURE(shown);
+        screen_step(40);
+        CHECK(order() == w.first);
+        const u32 count = w.sort.items;
+        std::string wanted = w.first;
+        for (u32 i = 1; i <= 2 * count; i++) {
+            turn(w.sort, true);
+            std::rotate(wanted.begin(), wanted.begin() + 1, wanted.end());
+            CHECK(order() == wanted);
+            CHECK(in_the_middle(i % count));
+            CHECK(zof_scrollcont_get_display_index(at(WHEEL, shown)) == (s32)(i % count));
+        }
+        for (u32 i = 1; i <= 2 * count; i++) {
+            turn(w.sort, false);
+            CHECK(in_the_middle((4 * count - i) % count));
+        }
+        CHECK(order() == w.first);
+    }
+}
+
+struct look {
+    s32 zoom, opa, across;
+};
+
+static bool dressed(u32 number, const look &want, bool vertical) {
+    lv_obj_t *obj = item(number);
+    const look got = {lv_obj_get_style_transform_zoom(obj, 0), lv_obj_get_style_opa(obj, 0),
+                      vertical ? lv_obj_get_style_translate_x(obj, 0) : lv_obj_get_style_translate_y(obj, 0)};
+    CAPTURE(number);
+    CAPTURE(got.zoom);
+    CAPTURE(got.opa);
+    CAPTURE(got.across);
+    CHECK(got.zoom == want.zoom);
+    CHECK(got.opa == want.opa);
+    CHECK(got.across == want.across);
+    return lv_obj_get_style_transform_pivot_x(obj, 0) == lv_obj_get_width(obj) / 2;
+}
+
+TEST_CASE("items sink, shrink and fade by their distance") {
+    // Five items of 80 pixels: at rest the distances are 0, 80 and 160; pulled by 30 they are 30, 50, 110, 130 and 190.
+    const struct {
+        const char *name, *own;
+        bool vertical;
+        look rest[3], pulled[3]; // at 0, 80, 160; at 30, 50, 110
+    } wheels[] = {
+        {"plain",
+         "",
+         false,
+         {{256, 255, 0}, {256, 255, 0}, {256, 255, 0}},
+         {{256, 255, 0}, {256, 255, 0}, {256, 255, 0}}},
+        {"fade",
+         R"(, "opa_mode": 1, "zoom": 56)",
+         true,
+         {{256, 255, 0}, {122, 85, 0}, {56, 0, 0}},
+         {{206, 192, 0}, {172, 149, 0}, {72, 22, 0}}},
+        {"arc",
+         R"(, "arc_r": 100, "opa_mode": 1, "zoom": 56)",
+         false,
+         {{256, 255, 0}, {96, 51, 40}, {56, 0, 100}},
+         {{196, 179, 5}, {156, 128, 14}, {56, 0, 100}}},
+        {"wide_arc",
+         R"(, "arc_r": 200, "arc_dir": 1, "zoom": 56)",
+         true,
+         {{256, 255, 0}, {122, 255, -17}, {56, 255, -80}},
+         {{206, 255, -3}, {172, 255, -7}, {72, 255, -33}}},
+        {"pixels",
+         R"(, "zoom": 156, "zoom_mode": 1, "pad": 0)",
+         false,
+         {{256, 255, 0}, {176, 255, 0}, {156, 255, 0}},
+         {{226, 255, 0}, {206, 255, 0}, {156, 255, 0}}},
+    };
+    view_project_t project;
+    for (const auto &w : wheels) {
+        project.view(shown++, wheel_of({5, 3, w.vertical, w.own}));
+    }
+    project.open(320, 240);
+    shown = 0;
+    for (const auto &w : wheels) {
+        CAPTURE(w.name);
+        zof_view_set_dis_view(++shown);
+        screen_step(40);
+        const u32 at_rest[] = {0, 1, 2};
+        for (u32 i = 0; i < 3; i++) {
+            CHECK(dressed(at_rest[i], w.rest[i], w.vertical));
+        }
+        CHECK(screen_is_golden("scrollcont_" + std::string(w.name)));
+        zof_ctrl_scroll_set(at(WHEEL, shown), w.vertical ? 0 : 110, w.vertical ? 110 : 0, 0);
+        const u32 pulled[] = {0, 1, 4};
+        for (u32 i = 0; i < 3; i++) {
+            CHECK(dressed(pulled[i], w.pulled[i], w.vertical));
+        }
+        CHECK(screen_is_golden("scrollcont_" + std::string(w.name) + "_pulled"));
+        CHECK(order() == "34012"); // between two items nothing is put in order
+    }
+}
+
+TEST_CASE("wheels that are wrong or unfinished do no harm") {
+    view_project_t project;
+    std::vector<std::string> controls = wheel_of({5, 3, false}, 1);
+    controls.push_back(ctrl(ZOF_CTRL_SCROLLCONT_OBJ, 50)); // straight on the view
+    controls.push_back(ctrl(ZOF_CTRL_SCROLLCONT, 51, R"("child_cnt": 1)"));
+    controls.push_back(ctrl(ZOF_CTRL_SCROLLCONT, 52, R"("child_cnt": 1, "display_count": 1, "arc_r": 65535, "dir": 9)",
+                            box(0, 0, 0, 0)));
+    controls.push_back(ctrl(ZOF_CTRL_SCROLLCONT_OBJ, 53, "", R"("parent_id": 52)"));
+    controls.push_back(ctrl(ZOF_CTRL_LABEL, 54, R"("txt": "pub")", R"("pub": 1)"));
+    const std::string said = project.show(controls);
+    CHECK(said == "err: create ctrl[c50,50] fail\n\n"
+                  "control 51: display_count is 0; a scroll container shows one item at least\n"
+                  "err: create ctrl[c51,51] fail\n\n");
+    screen_step(40);
+    CHECK(order() == "0123");
+    CHECK(lv_obj_get_style_transform_zoom(item(3), 0) == 256);
+    CHECK(zof_scrollcont_get_display_index(at(52)) == 0);
+    CHECK(zof_scrollcont_get_display_index(at(54)) == -1);
+    CHECK(zof_scrollcont_get_display_index(nullptr) == -1);
+    CHECK(scroll_inf(at(52)) == -1);
+    CHECK(scroll_inf(at(WHEEL)) == 0); // by hand it is put in order all the same
+}
+
+TEST_CASE("a wheel that comes back with its view stands where it was left") {
+    view_project_t project;
+    const wheel_sort sort = {5, 3, false, R"(, "opa_mode": 1)"};
+    std::vector<std::string> controls = wheel_of(sort);
+    controls.push_back(ctrl(ZOF_CTRL_LABEL, 54, R"("txt": "pub")", R"("pub": 1)"));
+    project.view(2, {ctrl(ZOF_CTRL_LABEL, 1, R"("txt": "other")")});
+    project.show(controls);
+    screen_step(40);
+    turn(sort, true);
+    CHECK(order() == "40123");
+    const screen_picture left = screen_shot();
+    zof_view_set_dis_view(2);
+    screen_step(40);
+    zof_view_set_dis_view(1);
+    screen_step(40);
+    CHECK(order() == "40123");
+    CHECK(screen_same(screen_shot(), left));
+    zof_ctrl_delete(at(ITEM + 4)); // makes way for one of the same number
+    zof_ctrl_delete(at(WHEEL));    // and what is on its way to it is called off
+    screen_step(40);
+}

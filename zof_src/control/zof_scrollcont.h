@@ -1,0 +1,32 @@
+// Scroll containers: a wheel of equal items that turns for ever and dresses each item by its distance from the middle.
+// Graphics thread, or under dis_mutex.
+#ifndef ZOF_SCROLLCONT_H
+#define ZOF_SCROLLCONT_H
+
+#include "control/zof_ctrl.h"
+
+ZOF_C_BEGIN
+
+// The container. Refused with a line when `display_count` is 0.
+s32 zof_scrollcont_create(para_t *record, lv_obj_t *parent, void *attr);
+
+// An item; -1 unless the parent is a container. The one that completes `child_cnt` sets the wheel going: before the
+// next frame the first item stands in the middle, and the container has had LV_EVENT_SCROLL_END and LV_EVENT_SCROLL.
+s32 zof_scrollcont_obj_create(para_t *record, lv_obj_t *parent, void *attr);
+
+// `create_num` of the item in the middle; -1 without one.
+s32 zof_scrollcont_get_display_index(zof_ctrl_t *ctrl);
+
+// Brings the item that stands in the middle of a horizontal wheel to the middle of the order too, so that there is as
+// much to scroll to on either side. Nothing moves while no item stands exactly there. 0, or -1 for any other control.
+s32 scroll_inf(zof_ctrl_t *ctrl);
+
+// LVGL callbacks of a complete container; user data is its zof_scrollcont_attr_t.
+void scroll_init_event_cb(lv_event_t *e);     // the first turn, once; on LV_EVENT_REFRESH
+void scroll_infinite_event_cb(lv_event_t *e); // as scroll_inf, in both directions
+void scroll_arc_event_cb(lv_event_t *e);      // sinks, zooms and fades along the arc
+void scroll_zoom_event_cb(lv_event_t *e);     // zooms by pixels
+
+ZOF_C_END
+
+#endif
