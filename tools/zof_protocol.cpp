@@ -139,20 +139,41 @@ static std::string comment(const std::string &text) {
 }
 
 // C library
-// ------------------------------------------------------------------------------------------------------------ One
-// call: arguments and what puts them into the frame.
+// ------------------------------------------------------------------------------------------------------------
+// A prototype of at most 120 columns, its arguments under each other's.
+static std::string prototype(const std::string &name, const std::vector<std::string> &args) {
+    std::string out = name + "(";
+    const size_t indent = out.size();
+    size_t column = indent;
+    for (size_t i = 0; i < args.size(); i++) {
+        const std::string word = args[i] + (i + 1 < args.size() ? "," : ") {");
+        if (i && column + 1 + word.size() > 120) {
+            out += "\n" + std::string(indent, ' ');
+            column = indent;
+        } else if (i) {
+            out += " ";
+            column++;
+        }
+        out += word;
+        column += word.size();
+    }
+    return out + "\n";
+}
+
+// One call: arguments and what puts them into the frame.
 static void c_call(const row_t &row, const char *verb, const char *op,
                    const std::vector<const std::vector<field_t> *> &lists, std::ostream &out) {
-    std::string args, puts;
+    std::vector<std::string> args = {"zof_host_t *host"};
+    std::string puts;
     for (const auto *list : lists) {
         for (const field_t &f : *list) {
-            args += ", " + std::string(f.type->c) + f.name;
+            args.push_back(std::string(f.type->c) + f.name);
             puts += "    zof_host_put_" + std::string(f.type->put) + "(host, " +
                     (f.type->c[0] == 'i' ? "(u" + std::string(f.type->c, strlen(f.type->c) - 1) + ")" : "") + f.name +
                     ");\n";
         }
     }
-    out << "static inline int zof_host_" << verb << "_" << name_of(row) << "(zof_host_t *host" << args << ") {\n"
+    out << prototype(std::string("static inline int zof_host_") + verb + "_" + name_of(row), args)
         << "    zof_host_begin(host, " << op << ", ZOF_HOST_" << upper(name_of(row)) << ");\n"
         << puts << "    return zof_host_end(host);\n}\n";
 }

@@ -2,10 +2,10 @@
 // answers, and tells events apart from answers. No allocation, no waiting, no clock and no line of its own: the user
 // gives buffers, two functions, and the time. C99, and C++ as it stands. README.md beside this file shows how to begin.
 //
-// Everything here is called from ONE context, as a rule the main loop. An interrupt only fills or empties the user's own
-// ring of bytes, which the `read` and `write` functions use; nothing here is called from an interrupt. All functions are
-// safe with a null `host`. Callbacks come from within zof_host_feed and zof_host_poll only; they may queue frames, and a
-// feed or poll called from within one does nothing.
+// Everything here is called from ONE context, as a rule the main loop. An interrupt only fills or empties the user's
+// own ring of bytes, which the `read` and `write` functions use; nothing here is called from an interrupt. All functions
+// are safe with a null `host`. Callbacks come from within zof_host_feed and zof_host_poll only; they may queue frames,
+// and a feed or poll called from within one does nothing.
 #ifndef ZOF_HOST_CLIENT_H
 #define ZOF_HOST_CLIENT_H
 
@@ -62,7 +62,7 @@ struct zof_host {
     uint8_t head_fh, head_fl; // as in the panel's zofhmi.g; they differ
     uint8_t crc;              // its `crc_en`: 0 or 1
     uint8_t acks;             // its `resend_en`: 1 waits for the acknowledgement of each write of a `system` row
-    uint16_t silence_ms;      // its `timeout`, 5 to 1000, and more where the line collects bytes, as USB adapters do (20)
+    uint16_t silence_ms;      // its `timeout`, 5 to 1000; more where the line collects bytes, as USB adapters do: 20
     uint16_t buffsize;        // its `buffsize`: bytes of the panel's queue, less 1024
     uint16_t timeout_ms;      // for an answer, from the end of its request; more than the panel's longest pause (1000)
     uint16_t byte_us;         // microseconds of one byte on the line, 87 at 115200 baud; 0 when `write` returns only
@@ -210,7 +210,8 @@ static inline int zof_host_get_system_rtc(zof_host_t *host) {
     zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SYSTEM_RTC);
     return zof_host_end(host);
 }
-static inline int zof_host_set_system_rtc(zof_host_t *host, uint16_t year, uint8_t month, uint8_t day, uint8_t hour, uint8_t minute, uint8_t second) {
+static inline int zof_host_set_system_rtc(zof_host_t *host, uint16_t year, uint8_t month, uint8_t day, uint8_t hour,
+                                          uint8_t minute, uint8_t second) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SYSTEM_RTC);
     zof_host_put_u16(host, year);
     zof_host_put_u8(host, month);
@@ -228,7 +229,9 @@ static inline int zof_host_get_system_standby(zof_host_t *host) {
     zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_SYSTEM_STANDBY);
     return zof_host_end(host);
 }
-static inline int zof_host_set_system_standby(zof_host_t *host, uint16_t stdby_view, uint16_t stdby_time, uint8_t stdby_bright, uint16_t off_time, uint8_t off_bright, uint8_t on_bright, uint16_t on_view) {
+static inline int zof_host_set_system_standby(zof_host_t *host, uint16_t stdby_view, uint16_t stdby_time,
+                                              uint8_t stdby_bright, uint16_t off_time, uint8_t off_bright,
+                                              uint8_t on_bright, uint16_t on_view) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SYSTEM_STANDBY);
     zof_host_put_u16(host, stdby_view);
     zof_host_put_u16(host, stdby_time);
@@ -393,7 +396,8 @@ static inline int zof_host_set_control_pos(zof_host_t *host, uint16_t view, uint
 // Width and height in pixels.
 // Carries: u16 width, u16 height
 #define ZOF_HOST_CONTROL_SIZE 0x03B2F004ul
-static inline int zof_host_set_control_size(zof_host_t *host, uint16_t view, uint16_t control, uint16_t width, uint16_t height) {
+static inline int zof_host_set_control_size(zof_host_t *host, uint16_t view, uint16_t control, uint16_t width,
+                                            uint16_t height) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_SIZE);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -449,7 +453,8 @@ static inline int zof_host_set_control_click_area(zof_host_t *host, uint16_t vie
 // Places the control at another one of its view.
 // Carries: u8 align, s16 x, s16 y
 #define ZOF_HOST_CONTROL_ALIGN 0x03B2F009ul
-static inline int zof_host_set_control_align(zof_host_t *host, uint16_t view, uint16_t control, uint16_t base, uint8_t align, int16_t x, int16_t y) {
+static inline int zof_host_set_control_align(zof_host_t *host, uint16_t view, uint16_t control, uint16_t base,
+                                             uint8_t align, int16_t x, int16_t y) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_ALIGN);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -483,7 +488,8 @@ static inline int zof_host_get_control_xy(zof_host_t *host, uint16_t view, uint1
 // Scrolls the contents, at once (0) or in an animation (1).
 // Carries: u8 animate, s16 x, s16 y
 #define ZOF_HOST_CONTROL_SCROLL_TO 0x03B2F00Cul
-static inline int zof_host_set_control_scroll_to(zof_host_t *host, uint16_t view, uint16_t control, uint8_t animate, int16_t x, int16_t y) {
+static inline int zof_host_set_control_scroll_to(zof_host_t *host, uint16_t view, uint16_t control, uint8_t animate,
+                                                 int16_t x, int16_t y) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_SCROLL_TO);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -593,7 +599,8 @@ static inline int zof_host_set_button_text(zof_host_t *host, uint16_t view, uint
 // Colour of the text in a state, 0xRRGGBB.
 // Carries: u8 selector, u32 rgb
 #define ZOF_HOST_BUTTON_COLOR 0x03B20101ul
-static inline int zof_host_set_button_color(zof_host_t *host, uint16_t view, uint16_t control, uint8_t selector, uint32_t rgb) {
+static inline int zof_host_set_button_color(zof_host_t *host, uint16_t view, uint16_t control, uint8_t selector,
+                                            uint32_t rgb) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_COLOR);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -710,7 +717,8 @@ static inline int zof_host_set_image_button_text(zof_host_t *host, uint16_t view
 // Colour of the text in a state, 0xRRGGBB.
 // Carries: u8 state, u32 rgb
 #define ZOF_HOST_IMAGE_BUTTON_COLOR 0x03B20301ul
-static inline int zof_host_set_image_button_color(zof_host_t *host, uint16_t view, uint16_t control, uint8_t state, uint32_t rgb) {
+static inline int zof_host_set_image_button_color(zof_host_t *host, uint16_t view, uint16_t control, uint8_t state,
+                                                  uint32_t rgb) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_BUTTON_COLOR);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -722,7 +730,8 @@ static inline int zof_host_set_image_button_color(zof_host_t *host, uint16_t vie
 // Size of the text in pixels, 1 to 512.
 // Carries: u16 pixels
 #define ZOF_HOST_IMAGE_BUTTON_FONT_SIZE 0x03B20302ul
-static inline int zof_host_set_image_button_font_size(zof_host_t *host, uint16_t view, uint16_t control, uint16_t pixels) {
+static inline int zof_host_set_image_button_font_size(zof_host_t *host, uint16_t view, uint16_t control,
+                                                      uint16_t pixels) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_BUTTON_FONT_SIZE);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -744,7 +753,8 @@ static inline int zof_host_set_image_button_state(zof_host_t *host, uint16_t vie
 // The picture of a state.
 // Carries: u8 state, text name
 #define ZOF_HOST_IMAGE_BUTTON_IMAGE 0x03B20304ul
-static inline int zof_host_set_image_button_image(zof_host_t *host, uint16_t view, uint16_t control, uint8_t state, const char *name) {
+static inline int zof_host_set_image_button_image(zof_host_t *host, uint16_t view, uint16_t control, uint8_t state,
+                                                  const char *name) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_IMAGE_BUTTON_IMAGE);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -758,7 +768,8 @@ static inline int zof_host_set_image_button_image(zof_host_t *host, uint16_t vie
 // Colour 0xRRGGBB, width, opacity, and whether the ends are round.
 // Carries: u32 rgb, u16 width, u8 opa, u8 rounded
 #define ZOF_HOST_LINE_LOOK 0x03B20400ul
-static inline int zof_host_set_line_look(zof_host_t *host, uint16_t view, uint16_t control, uint32_t rgb, uint16_t width, uint8_t opa, uint8_t rounded) {
+static inline int zof_host_set_line_look(zof_host_t *host, uint16_t view, uint16_t control, uint32_t rgb,
+                                         uint16_t width, uint8_t opa, uint8_t rounded) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LINE_LOOK);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -774,7 +785,8 @@ static inline int zof_host_set_line_look(zof_host_t *host, uint16_t view, uint16
 // Look of a part: 0 background, 1 indicator.
 // Carries: u32 rgb, u16 width, u8 opa, u8 rounded
 #define ZOF_HOST_ARC_LOOK 0x03B20500ul
-static inline int zof_host_set_arc_look(zof_host_t *host, uint16_t view, uint16_t control, int8_t part, uint32_t rgb, uint16_t width, uint8_t opa, uint8_t rounded) {
+static inline int zof_host_set_arc_look(zof_host_t *host, uint16_t view, uint16_t control, int8_t part, uint32_t rgb,
+                                        uint16_t width, uint8_t opa, uint8_t rounded) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ARC_LOOK);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -840,7 +852,8 @@ static inline int zof_host_set_arc_rotation(zof_host_t *host, uint16_t view, uin
 // Angles of both ends, clockwise from the right, in degrees.
 // Carries: u16 start, u16 end
 #define ZOF_HOST_ARC_ANGLES 0x03B20505ul
-static inline int zof_host_set_arc_angles(zof_host_t *host, uint16_t view, uint16_t control, uint16_t start, uint16_t end) {
+static inline int zof_host_set_arc_angles(zof_host_t *host, uint16_t view, uint16_t control, uint16_t start,
+                                          uint16_t end) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ARC_ANGLES);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -924,7 +937,8 @@ static inline int zof_host_set_slider_value(zof_host_t *host, uint16_t view, uin
 // The values of both ends.
 // Carries: s16 min, s16 max
 #define ZOF_HOST_SLIDER_RANGE 0x03B20702ul
-static inline int zof_host_set_slider_range(zof_host_t *host, uint16_t view, uint16_t control, int16_t min, int16_t max) {
+static inline int zof_host_set_slider_range(zof_host_t *host, uint16_t view, uint16_t control, int16_t min,
+                                            int16_t max) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_SLIDER_RANGE);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -1004,7 +1018,8 @@ static inline int zof_host_set_check_box_disabled(zof_host_t *host, uint16_t vie
 // Goes to a tile, at once (0) or in an animation (1).
 // Carries: u8 animate, u16 row, u16 column
 #define ZOF_HOST_TILE_VIEW_TILE 0x03B20B00ul
-static inline int zof_host_set_tile_view_tile(zof_host_t *host, uint16_t view, uint16_t control, uint8_t animate, uint16_t row, uint16_t column) {
+static inline int zof_host_set_tile_view_tile(zof_host_t *host, uint16_t view, uint16_t control, uint8_t animate,
+                                              uint16_t row, uint16_t column) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TILE_VIEW_TILE);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -1048,7 +1063,8 @@ static inline int zof_host_get_list_text(zof_host_t *host, uint16_t view, uint16
     zof_host_put_u16(host, index);
     return zof_host_end(host);
 }
-static inline int zof_host_set_list_text(zof_host_t *host, uint16_t view, uint16_t control, uint16_t index, const char *text) {
+static inline int zof_host_set_list_text(zof_host_t *host, uint16_t view, uint16_t control, uint16_t index,
+                                         const char *text) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LIST_TEXT);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -1062,7 +1078,8 @@ static inline int zof_host_set_list_text(zof_host_t *host, uint16_t view, uint16
 // Puts an option ahead of a position, or at the end beyond it.
 // Carries: text text
 #define ZOF_HOST_DROP_LIST_ADD 0x03B20E00ul
-static inline int zof_host_set_drop_list_add(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position, const char *text) {
+static inline int zof_host_set_drop_list_add(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position,
+                                             const char *text) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_DROP_LIST_ADD);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -1074,7 +1091,8 @@ static inline int zof_host_set_drop_list_add(zof_host_t *host, uint16_t view, ui
 // Replaces an option, counted from 0.
 // Carries: text text
 #define ZOF_HOST_DROP_LIST_MODIFY 0x03B20E01ul
-static inline int zof_host_set_drop_list_modify(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position, const char *text) {
+static inline int zof_host_set_drop_list_modify(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position,
+                                                const char *text) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_DROP_LIST_MODIFY);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -1110,7 +1128,8 @@ static inline int zof_host_set_drop_list_open(zof_host_t *host, uint16_t view, u
 // Puts an option ahead of a position, or at the end beyond it.
 // Carries: text text
 #define ZOF_HOST_ROLLER_ADD 0x03B20F00ul
-static inline int zof_host_set_roller_add(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position, const char *text) {
+static inline int zof_host_set_roller_add(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position,
+                                          const char *text) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ROLLER_ADD);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -1122,7 +1141,8 @@ static inline int zof_host_set_roller_add(zof_host_t *host, uint16_t view, uint1
 // Replaces an option, counted from 0.
 // Carries: text text
 #define ZOF_HOST_ROLLER_MODIFY 0x03B20F01ul
-static inline int zof_host_set_roller_modify(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position, const char *text) {
+static inline int zof_host_set_roller_modify(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position,
+                                             const char *text) {
     zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ROLLER_MODIFY);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
@@ -1180,6 +1200,64 @@ static inline int zof_host_set_spin_box_count(zof_host_t *host, uint16_t view, u
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
     zof_host_put_u8(host, which);
+    return zof_host_end(host);
+}
+
+// Tables.
+
+// The text of a cell; beyond the end the table grows.
+// Carries: u16 row, u16 column, text text
+#define ZOF_HOST_TABLE_TEXT 0x03B21500ul
+static inline int zof_host_set_table_text(zof_host_t *host, uint16_t view, uint16_t control, uint16_t row,
+                                          uint16_t column, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TABLE_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, row);
+    zof_host_put_u16(host, column);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Width of a column in pixels.
+// Carries: u16 column, u16 width
+#define ZOF_HOST_TABLE_COLUMN_WIDTH 0x03B21501ul
+static inline int zof_host_set_table_column_width(zof_host_t *host, uint16_t view, uint16_t control, uint16_t column,
+                                                  uint16_t width) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TABLE_COLUMN_WIDTH);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, column);
+    zof_host_put_u16(host, width);
+    return zof_host_end(host);
+}
+
+// Joins a cell with the one to its right, or parts them.
+// Carries: u16 row, u16 column
+#define ZOF_HOST_TABLE_MERGE_RIGHT 0x03B21502ul
+static inline int zof_host_set_table_merge_right(zof_host_t *host, uint16_t view, uint16_t control, uint16_t row,
+                                                 uint16_t column) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TABLE_MERGE_RIGHT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, row);
+    zof_host_put_u16(host, column);
+    return zof_host_end(host);
+}
+
+// Borders and background of all cells; colours 0xRRGGBB.
+// Carries: u32 border_rgb, u8 border_width, u8 border_opacity, u8 opacity, u32 rgb
+#define ZOF_HOST_TABLE_LOOK 0x03B21503ul
+static inline int zof_host_set_table_look(zof_host_t *host, uint16_t view, uint16_t control, uint32_t border_rgb,
+                                          uint8_t border_width, uint8_t border_opacity, uint8_t opacity, uint32_t rgb) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TABLE_LOOK);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u32(host, border_rgb);
+    zof_host_put_u8(host, border_width);
+    zof_host_put_u8(host, border_opacity);
+    zof_host_put_u8(host, opacity);
+    zof_host_put_u32(host, rgb);
     return zof_host_end(host);
 }
 

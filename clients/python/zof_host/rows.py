@@ -755,4 +755,60 @@ SPIN_BOX_COUNT: Row[int] = Row(
     int, False, True,
     "Counts by one step: 0 down, 1 up.")
 
+
+class TableText(NamedTuple):
+    row: int
+    column: int
+    text: str
+
+
+TABLE_TEXT: Row[TableText] = Row(
+    "table.text", bytes.fromhex("B2 15 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("row", "u16"), ("column", "u16"), ("text", "text")),
+    TableText, False, True,
+    "The text of a cell; beyond the end the table grows.")
+
+
+class TableColumnWidth(NamedTuple):
+    column: int
+    width: int
+
+
+TABLE_COLUMN_WIDTH: Row[TableColumnWidth] = Row(
+    "table.column_width", bytes.fromhex("B2 15 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("column", "u16"), ("width", "u16")),
+    TableColumnWidth, False, True,
+    "Width of a column in pixels.")
+
+
+class TableMergeRight(NamedTuple):
+    row: int
+    column: int
+
+
+TABLE_MERGE_RIGHT: Row[TableMergeRight] = Row(
+    "table.merge_right", bytes.fromhex("B2 15 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("row", "u16"), ("column", "u16")),
+    TableMergeRight, False, True,
+    "Joins a cell with the one to its right, or parts them.")
+
+
+class TableLook(NamedTuple):
+    border_rgb: int
+    border_width: int
+    border_opacity: int
+    opacity: int
+    rgb: int
+
+
+TABLE_LOOK: Row[TableLook] = Row(
+    "table.look", bytes.fromhex("B2 15 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("border_rgb", "u32"), ("border_width", "u8"), ("border_opacity", "u8"), ("opacity", "u8"), ("rgb", "u32")),
+    TableLook, False, True,
+    "Borders and background of all cells; colours 0xRRGGBB.")
+
 # rows: end
