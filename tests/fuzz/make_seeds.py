@@ -90,6 +90,26 @@ def hosts():
     dictionary("hmi_frames", words)
 
 
+# The firmware library -------------------------------------------------------------------------------------------------
+def firmware():
+    raw, sealed, echo, wait, write, read, system = range(7)
+    on, touch = bytes.fromhex("b001aabb"), bytes.fromhex("b0040101005000280000")[:8]
+    events = bytes([sealed, len(on)]) + on + bytes([sealed, len(touch)]) + touch
+    answered = bytes([read, 2, wait, 30, echo, 3]) + b"hi\0" + bytes([read, 1, wait, 30, echo, 4, 1, 64, 0, 240])
+    head = bytes.fromhex("5aa58020115a5a5aa50711b0")  # false heads, and a frame that stops
+    noise = bytes([raw, len(head)]) + head + bytes([wait, 200])
+    fill = bytes([write, 60, wait, 20]) * 18 + bytes([wait, 90, echo, 4, 1, 64, 0, 240, wait, 30])
+    for crc in (0, 1):
+        for more in (0, 2, 4 + 8, 16):
+            name = f"mode_{crc + more}"
+            seed("zof_host", name, bytes([crc + more]) + answered + events + noise + answered)
+        seed("zof_host", f"full_{crc}", bytes([crc]) + fill + fill)
+        seed("zof_host", f"system_{crc}", bytes([crc + 2, system, 1, wait, 20, echo, 1, 0, system, 3, wait, 200]))
+        seed("zof_host", f"silent_{crc}", bytes([crc]) + bytes([system, 5, write, 70] + [wait, 255] * 3) + events)
+    dictionary("zof_host", [b"\x5A\xA5", b"\x5A\xA5\x80", bytes([1, 4]) + on, bytes([1, 8]) + touch,
+                            bytes([2, 3]) + b"x\0", bytes([4, 60, 3, 20]), bytes([3, 255])])
+
+
 # Project files ------------------------------------------------------------------------------------------------------
 def record_keys():
     """Keys of each record, from its table: name -> [(kind, key, table)]."""
@@ -169,5 +189,6 @@ if __name__ == "__main__":
     shutil.rmtree(HERE / "seeds", ignore_errors=True)
     registers()
     hosts()
+    firmware()
     files()
     fonts()
