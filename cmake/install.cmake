@@ -9,7 +9,8 @@ install(FILES ${lvgl_room}/lv_conf.h DESTINATION ${zof_headers}/lvgl)
 
 install(PROGRAMS $<TARGET_FILE:zof_bench> DESTINATION ${CMAKE_INSTALL_DATADIR}/zof/panel)
 install(DIRECTORY ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_STAGE}/licences DESTINATION ${CMAKE_INSTALL_DATADIR}/zof/panel)
-install(TARGETS board_sim zof_ids)
+install(TARGETS board_sim)
+install(TARGETS zof_ids EXPORT zofTargets)
 
 install(EXPORT zofTargets NAMESPACE zof:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zof)
 file(WRITE ${PROJECT_BINARY_DIR}/zofConfig.cmake [=[
@@ -19,6 +20,7 @@ find_dependency(Threads)
 find_dependency(Freetype)
 pkg_check_modules(SDL2 REQUIRED IMPORTED_TARGET sdl2)
 pkg_check_modules(CJSON REQUIRED IMPORTED_TARGET libcjson)
+pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET libavformat libavcodec libswscale libswresample libavutil)
 include(${CMAKE_CURRENT_LIST_DIR}/zofTargets.cmake)
 ]=])
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/zofConfigVersion.cmake COMPATIBILITY SameMajorVersion)
