@@ -97,14 +97,14 @@ def firmware():
     events = bytes([sealed, len(on)]) + on + bytes([sealed, len(touch)]) + touch
     answered = bytes([read, 2, wait, 30, echo, 3]) + b"hi\0" + bytes([read, 1, wait, 30, echo, 4, 1, 64, 0, 240])
     head = bytes.fromhex("5aa58020115a5a5aa50711b0")  # false heads, and a frame that stops
-    noise = bytes([raw, len(head)]) + head + bytes([wait, 200])
+    noise = bytes([raw, len(head)]) + head + bytes([wait, 255])
     fill = bytes([write, 60, wait, 20]) * 18 + bytes([wait, 90, echo, 4, 1, 64, 0, 240, wait, 30])
     for crc in (0, 1):
         for more in (0, 2, 4 + 8, 16):
             name = f"mode_{crc + more}"
             seed("zof_host", name, bytes([crc + more]) + answered + events + noise + answered)
         seed("zof_host", f"full_{crc}", bytes([crc]) + fill + fill)
-        seed("zof_host", f"system_{crc}", bytes([crc + 2, system, 1, wait, 20, echo, 1, 0, system, 3, wait, 200]))
+        seed("zof_host", f"system_{crc}", bytes([crc + 2, system, 1, wait, 20, echo, 1, 0, system, 3, wait, 255]))
         seed("zof_host", f"silent_{crc}", bytes([crc]) + bytes([system, 5, write, 70] + [wait, 255] * 3) + events)
     dictionary("zof_host", [b"\x5A\xA5", b"\x5A\xA5\x80", bytes([1, 4]) + on, bytes([1, 8]) + touch,
                             bytes([2, 3]) + b"x\0", bytes([4, 60, 3, 20]), bytes([3, 255])])

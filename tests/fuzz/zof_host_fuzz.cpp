@@ -93,8 +93,9 @@ static void step(zof_host_t &host, fuzz_input &in, uint32_t &now) {
     } else if (what == STEP_ECHO) {
         feed_echo(host, fuzz_bytes(in, amount & 0x1F), now);
     } else if (what == STEP_WAIT) {
-        for (u32 i = 0; i <= amount; i++) {
-            zof_host_poll(&host, now++);
+        for (u32 i = 0; i <= amount / 8u; i++) {
+            zof_host_poll(&host, now);
+            now += 1 + amount % 8;
         }
     } else if (what == STEP_WRITE) {
         zof_host_set_label_text(&host, amount, 5, std::string(amount % (TX_SIZE + 8), 'x').c_str());
