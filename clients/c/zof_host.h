@@ -67,7 +67,7 @@ struct zof_host {
     uint16_t timeout_ms;      // for an answer, from the end of its request; more than the panel's longest pause (1000)
     uint16_t byte_us;         // microseconds of one byte on the line, 87 at 115200 baud; 0 when `write` returns only
                               // when its bytes are out, or for a pipe
-    uint8_t *rx;              // MANDATORY, for the largest answer: 9 bytes around its address and value fields
+    uint8_t *rx;              // MANDATORY, for the largest answer: 10 bytes and its address and value fields
     uint16_t rx_size;         // 16 to 32767; larger frames are passed over as noise
     uint8_t *tx;              // MANDATORY, the queue of frames: each takes its bytes and 1 or 2 more
     uint16_t tx_size;         // 16 to 32767
