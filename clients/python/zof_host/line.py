@@ -4,7 +4,7 @@ from __future__ import annotations
 from dataclasses import dataclass
 from typing import Protocol
 
-POLL_S = 0.05  # a silence of this length ends whatever looks like the begin of a frame
+POLL_S = 0.05
 
 
 @dataclass(frozen=True)

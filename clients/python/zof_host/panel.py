@@ -24,7 +24,9 @@ from .row import Row
 T = TypeVar("T")
 
 MARGIN_S = 0.001  # on top of the silence between frames, for clocks that are not quite the same
+IDLE_S = 0.2  # a silence of this length ends whatever looks like the begin of a frame
 BLOCK_BYTES = 4096  # the panel takes no more between two silences
+TAIL_BYTES = 256  # nor does it keep more of a frame whose rest has not come
 REPORTS = 0x70  # flags of system.touch_config that make touches come unasked
 READ_BACK_GIVES_OTHERS = {"system.rtc"}  # it goes on by itself
 NEVER_CONFIRMED = {"system.reboot"}  # the panel goes
@@ -79,13 +81,14 @@ class Panel:
         self.project = project
         self.timeout_s = timeout_ms / 1000
         self.tries = max(tries, 1)
-        self.counts: Counter[str] = Counter()  # sent, frames, noise, crc, strays, repeats: what the line was like
+        self.counts: Counter[str] = Counter()  # what the line was like: sent, frames, noise, crc, strays, late, repeats
         self._stream, self._trace = stream, trace
         self._parser = Parser(settings.head, settings.crc)
         self._pad = b"\xff" if settings.head[0] == 0 else b"\0"
         self._events: queue.SimpleQueue[Event | None] = queue.SimpleQueue()
         self._lock = threading.Lock()  # guards what follows
         self._waiting: dict[tuple[int, bytes], deque[_Waiter]] = {}
+        self._late: Counter[bytes] = Counter()  # answers that nobody waits for any more, by key
         self._sent = self._answered = 0  # numbers of frames
         self._queued = self._executed = 0  # bytes for the panel's queue
         self._lost: Exception | None = None
@@ -149,13 +152,11 @@ class Panel:
             self._make_room(len(self._frame(WRITE, payload)))
         if not confirm or row.name in NEVER_CONFIRMED:
             self._send(WRITE, payload, row)
-        elif row.system:
-            self._write_system(row, key, payload, what, value)
-        elif row.readable:
+        elif row.readable and row.name not in READ_BACK_GIVES_OTHERS:
             self._write_back(row, key, payload, what, value)
         else:
-            self._send(WRITE, payload, row)
-            self.barrier()
+            self._write_once(row, key, payload, what, *((rows.SYSTEM_STANDBY_STATE, rows.SYSTEM_STANDBY_STATE.code)
+                                                        if row.system else (rows.VIEW_SIZE, rows.VIEW_SIZE.code)))
 
     def barrier(self) -> None:
         """Returns when everything that was sent has been executed."""
@@ -203,6 +204,7 @@ class Panel:
         """The answer to a read."""
         # An answer that comes after its time must not be taken for an event, so such a read is not repeated.
         looks_like_event = row is rows.SYSTEM_TOUCH or row is rows.SYSTEM_REBOOT
+        self._late_let_pass(row, key)
         begin = time.monotonic()
         tries = 1 if looks_like_event else self.tries
         waiter = None
@@ -223,6 +225,21 @@ class Panel:
             return waiter.answer
         raise NoAnswer(what, waited, tries, alive)
 
+    def _late_let_pass(self, row: Row[Any], key: bytes) -> None:
+        """Answers to earlier tries may still come, and with a value from before: another row is asked first, whose answer
+        comes behind them all."""
+        with self._lock:
+            late = self._late.pop(key, 0)
+        if not late:
+            return
+        if row.system:
+            other = rows.SYSTEM_TOUCH_CONFIG if key == rows.SYSTEM_STANDBY_STATE.code else rows.SYSTEM_STANDBY_STATE
+            self._ask(other, other.code, f"read {other.name}")
+        elif key == rows.VIEW_SIZE.code:
+            self.read(rows.VIEW_DISPLAYED, layer=0)
+        else:
+            self.barrier()
+
     def _alive(self) -> bool:
         row = rows.SYSTEM_STANDBY_STATE
         probe = self._send_waiting(READ, READ, row.code, b"", row)
@@ -234,30 +251,25 @@ class Panel:
         # A key of the language is read back as its text.
         comparable = not (isinstance(value, str) and value.startswith("#"))
         now: T | None = None
-        for i in range(2):
-            self._send(WRITE, payload, row)
-            now = self._value(row, what, self._ask(row, key, what))
+        for again in range(self.tries):
+            self.counts["repeats"] += again > 0
+            now = self._value(row, what, self._write_once(row, key, payload, what, row, key))
             if not comparable or now == value:
                 return
-            self.counts["repeats"] += 1
         raise NotTaken(what, value, now)
 
-    def _write_system(self, row: Row[T], key: bytes, payload: bytes, what: str, value: T) -> None:
-        """System rows run one after the other, so an acknowledgement, if the panel gives any, comes before the answer
-        to the read behind it."""
+    def _write_once(self, row: Row[Any], key: bytes, payload: bytes, what: str, behind: Row[Any],
+                    behind_key: bytes) -> bytes:
+        """Gives the answer to the read behind the write. Requests of one kind are executed one after the other, so an
+        acknowledgement, if the panel gives any, has come by then."""
         waiter = self._send_waiting(WRITE, WRITE, key, payload[len(key):], row)
         try:
-            back = row.readable and row.name not in READ_BACK_GIVES_OTHERS
-            behind: Row[Any] = row if back else rows.SYSTEM_STANDBY_STATE
-            answer = self._ask(behind, key if back else behind.code, what)
+            answer = self._ask(behind, behind_key, what)
         finally:
             self._forget(waiter)
         if waiter.answer and waiter.answer != b"\0":
             raise Refused(f"the panel refuses to {what}")
-        if back:
-            now = self._value(row, what, answer)
-            if now != value:
-                raise NotTaken(what, value, now)
+        return answer
 
     # Sending -------------------------------------------------------------------------------------------------------
 
@@ -299,19 +311,23 @@ class Panel:
                 waiter.queued = repeats.queued if repeats else self._queued
                 if waiter.op:
                     self._waiting.setdefault((waiter.op, waiter.key), deque()).append(waiter)
-            if not proven:
-                time.sleep(max(self._quiet_at - time.monotonic(), 0))
-            data = frame if proven else self._pad + frame
-            try:
-                self._stream.write(data)
-            except OSError as why:
-                raise LineLost(f"the line is gone: {why}") from why
-            now = time.monotonic()
-            self._quiet_at = now + len(data) * self.settings.byte_s + self.settings.silence_s + MARGIN_S
+            if repeats:
+                # The panel may have seen a head in some noise, and wait for the rest of a frame that is none.
+                self._put(self._pad * TAIL_BYTES, False)
+            self._put(frame if proven else self._pad + frame, proven)
             self.counts["sent"] += 1
             if self._trace:
-                self._trace(now, False, Frame(op, payload, frame))
+                self._trace(time.monotonic(), False, Frame(op, payload, frame))
         return waiter
+
+    def _put(self, data: bytes, at_once: bool) -> None:
+        if not at_once:
+            time.sleep(max(self._quiet_at - time.monotonic(), 0))
+        try:
+            self._stream.write(data)
+        except OSError as why:
+            raise LineLost(f"the line is gone: {why}") from why
+        self._quiet_at = time.monotonic() + len(data) * self.settings.byte_s + self.settings.silence_s + MARGIN_S
 
     # What comes in -------------------------------------------------------------------------------------------------
 
@@ -330,13 +346,17 @@ class Panel:
             waiters = self._waiting.get((waiter.op, waiter.key))
             if waiters and waiter in waiters:
                 waiters.remove(waiter)
+                if waiter.op == READ:
+                    self._late[waiter.key] += 1
 
     def _read_line(self) -> None:
         try:
+            last = 0.0
             while not self._closed:
                 data = self._stream.read()
                 now = time.monotonic()
-                for found in self._parser.feed(data) if data else self._parser.idle():
+                last = now if data else last
+                for found in self._parser.idle() if now - last > IDLE_S else self._parser.feed(data):
                     self._arrived(found, now)
         except Exception as why:  # of a port that went away pyserial tells in many ways; no reader, no line
             self._lost = why
@@ -370,11 +390,11 @@ class Panel:
             waiter.answer = value
             waiter.done.set()
         elif found.op == READ:
-            self._unasked(row, value, now)
+            self._unasked(row, key, value, now)
         else:
             self.counts["strays"] += 1
 
-    def _unasked(self, row: Row[Any], value: bytes, now: float) -> None:
+    def _unasked(self, row: Row[Any], key: bytes, value: bytes, now: float) -> None:
         try:
             if row is rows.SYSTEM_TOUCH:
                 state, x, y = rows.SYSTEM_TOUCH.decode_value(value)
@@ -387,4 +407,7 @@ class Panel:
                 return
         except ValueError:
             pass
-        self.counts["strays"] += 1
+        with self._lock:
+            late = self._late[key] > 0
+            self._late[key] -= late
+        self.counts["late" if late else "strays"] += 1

@@ -1,0 +1,101 @@
+#!/usr/bin/python3
+"""The bench panel as a program of its own, at the far end of a paced line, with or without its virtual board.
+
+usage: bench_panel.py BUILD_FOLDER      starts both and prints the path of the host's end, until it is interrupted
+"""
+from __future__ import annotations
+
+import json
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+from pathlib import Path
+
+sys.path[:0] = [str(Path(__file__).parent), str(Path(__file__).parents[2] / "clients" / "python")]
+from paced_line import PacedLine  # noqa: E402
+from zof_host import Panel  # noqa: E402
+
+
+class BenchPanel:
+    """`hmi`: keys of zofhmi.g that differ. `moves` holds the time of each "print 1 16" of the session."""
+
+    def __init__(self, build: str, script: str = "", board: bool = False, hmi: dict[str, int] | None = None,
+                 window: bool = False) -> None:
+        self.build = Path(build).resolve()
+        self.line = PacedLine()
+        self.moves: list[float] = []
+        self.log: list[str] = []
+        self._window = window
+        self._folder = tempfile.TemporaryDirectory()
+        self.project = Path(self._folder.name) / "res"
+        shutil.copytree(self.build / "panel" / "res", self.project)
+        link = self.project / "config" / "project" / "zofhmi.g"
+        link.write_text(json.dumps({**json.loads(link.read_text()), **(hmi or {})}))
+        self._script = Path(self._folder.name) / "session"
+        self._script.write_text(script or "wait 1\n")
+        self._board = self._start_board() if board else None
+        self.start()
+
+    def start(self) -> None:
+        """Also once more, after `stop`, as a panel that was switched off and on."""
+        link = f"{self._folder.name}/board"
+        hidden = {} if self._window else {"SDL_VIDEODRIVER": "offscreen", "SDL_AUDIODRIVER": "dummy"}
+        env = dict(os.environ, ZOF_SCRIPT=str(self._script), ZOF_COM5=self.line.panel, ZOF_COM6=link, **hidden)
+        self._panel = subprocess.Popen([self.build / "panel" / "zof_bench"], cwd=self._folder.name, env=env,
+                                       stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        self._logger = threading.Thread(target=self._read_log, daemon=True)
+        self._logger.start()
+
+    def stop(self) -> None:
+        if self._panel.poll() is not None:
+            print("the panel ended by itself:", *self.log[-20:], sep="\n", file=sys.stderr)
+        self._panel.kill()
+        self._panel.wait()
+        self._logger.join()
+        self._panel.stdout.close()
+
+    def open(self, **more) -> Panel:
+        """Answers may take long under sanitizers."""
+        return Panel.open(self.line.host, project=str(self.project), timeout_ms=more.pop("timeout_ms", 5000), **more)
+
+    def __enter__(self) -> BenchPanel:
+        return self
+
+    def __exit__(self, *_: object) -> None:
+        self.stop()
+        if self._board:
+            self._board.kill()
+            self._board.wait()
+        self.line.close()
+        self._folder.cleanup()
+
+    def _read_log(self) -> None:
+        for text in self._panel.stdout:
+            if text.startswith("1/16:"):
+                self.moves.append(time.monotonic())
+            self.log.append(text)
+            if self._window:
+                print(text, end="")
+
+    def _start_board(self) -> subprocess.Popen:
+        link = Path(self._folder.name) / "board"
+        board = subprocess.Popen([self.build / "tools" / "board_sim", "--link", link], stdout=subprocess.DEVNULL)
+        while not link.exists() and board.poll() is None:
+            time.sleep(0.02)
+        return board
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 2:
+        sys.exit(__doc__)
+    display = "DISPLAY" in os.environ or "WAYLAND_DISPLAY" in os.environ
+    with BenchPanel(sys.argv[1], board=True, window=display) as bench:
+        print(f"python3 -m zof_host --port {bench.line.host} --project {bench.project} get view.size", flush=True)
+        try:
+            bench._panel.wait()
+        except KeyboardInterrupt:
+            pass
