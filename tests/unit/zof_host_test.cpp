@@ -236,7 +236,7 @@ TEST_CASE("the queue takes only whole frames, at any place of its ring") {
     CHECK(r.told == "");
 }
 
-TEST_CASE("an answer ends its own request and no other; one that comes too late ends none") {
+TEST_CASE("an answer ends its own request and no other, and one that comes too late ends none") {
     rig r;
     set_up(r);
     CHECK(zof_host_get_label_text(&r.host, 1, 5) == 1);
