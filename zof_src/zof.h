@@ -36,6 +36,7 @@
 #include "control/zof_ctrl.h"
 #include "control/zof_ctrl_create.h"
 #include "control/zof_image.h"
+#include "control/zof_input.h"
 #include "control/zof_list.h"
 #include "control/zof_table_chart.h"
 #include "control/zof_text.h"

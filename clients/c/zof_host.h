@@ -1013,6 +1013,52 @@ static inline int zof_host_set_check_box_disabled(zof_host_t *host, uint16_t vie
     return zof_host_end(host);
 }
 
+// Message boxes.
+
+// The title.
+// Carries: text text
+#define ZOF_HOST_MESSAGE_BOX_TITLE 0x03B20A00ul
+static inline int zof_host_set_message_box_title(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_MESSAGE_BOX_TITLE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// The text.
+// Carries: text text
+#define ZOF_HOST_MESSAGE_BOX_TEXT 0x03B20A01ul
+static inline int zof_host_set_message_box_text(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_MESSAGE_BOX_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Closes the box after a time in milliseconds.
+// Carries: u16 ms
+#define ZOF_HOST_MESSAGE_BOX_AUTO_CLOSE 0x03B20A02ul
+static inline int zof_host_set_message_box_auto_close(zof_host_t *host, uint16_t view, uint16_t control, uint16_t ms) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_MESSAGE_BOX_AUTO_CLOSE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, ms);
+    return zof_host_end(host);
+}
+
+// Closes (0) or opens (1) the box.
+// Carries: u8 open
+#define ZOF_HOST_MESSAGE_BOX_OPEN 0x03B20A03ul
+static inline int zof_host_set_message_box_open(zof_host_t *host, uint16_t view, uint16_t control, uint8_t open) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_MESSAGE_BOX_OPEN);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, open);
+    return zof_host_end(host);
+}
+
 // Tile views.
 
 // Goes to a tile, at once (0) or in an animation (1).
@@ -1026,6 +1072,81 @@ static inline int zof_host_set_tile_view_tile(zof_host_t *host, uint16_t view, u
     zof_host_put_u8(host, animate);
     zof_host_put_u16(host, row);
     zof_host_put_u16(host, column);
+    return zof_host_end(host);
+}
+
+// Text boxes.
+
+// Adds a text at the cursor.
+// Carries: text text
+#define ZOF_HOST_TEXT_BOX_ADD_TEXT 0x03B20C00ul
+static inline int zof_host_set_text_box_add_text(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TEXT_BOX_ADD_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Adds a character at the cursor: its UTF-8 bytes, the first one in the lowest byte.
+// Carries: u32 character
+#define ZOF_HOST_TEXT_BOX_ADD_CHAR 0x03B20C01ul
+static inline int zof_host_set_text_box_add_char(zof_host_t *host, uint16_t view, uint16_t control,
+                                                 uint32_t character) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TEXT_BOX_ADD_CHAR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u32(host, character);
+    return zof_host_end(host);
+}
+
+// Deletes the character in front of the cursor (0) or behind it (1).
+// Carries: u8 forward
+#define ZOF_HOST_TEXT_BOX_DELETE 0x03B20C02ul
+static inline int zof_host_set_text_box_delete(zof_host_t *host, uint16_t view, uint16_t control, uint8_t forward) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TEXT_BOX_DELETE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, forward);
+    return zof_host_end(host);
+}
+
+// The whole text.
+// Answers: text text
+#define ZOF_HOST_TEXT_BOX_TEXT 0x03B20C03ul
+static inline int zof_host_get_text_box_text(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_TEXT_BOX_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_text_box_text(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TEXT_BOX_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Whether the text is shown as bullets.
+// Carries: u8 on
+#define ZOF_HOST_TEXT_BOX_PASSWORD 0x03B20C04ul
+static inline int zof_host_set_text_box_password(zof_host_t *host, uint16_t view, uint16_t control, uint8_t on) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TEXT_BOX_PASSWORD);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, on);
+    return zof_host_end(host);
+}
+
+// Moves the cursor: 0 right, 1 left, 2 down, 3 up.
+// Carries: u8 where
+#define ZOF_HOST_TEXT_BOX_CURSOR 0x03B20C05ul
+static inline int zof_host_set_text_box_cursor(zof_host_t *host, uint16_t view, uint16_t control, uint8_t where) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_TEXT_BOX_CURSOR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, where);
     return zof_host_end(host);
 }
 
@@ -1162,6 +1283,144 @@ static inline int zof_host_set_roller_remove(zof_host_t *host, uint16_t view, ui
     return zof_host_end(host);
 }
 
+// GIFs.
+
+// 0 plays from the start on, 1 pauses, 2 goes on.
+// Carries: u8 which
+#define ZOF_HOST_GIF_PLAY 0x03B21000ul
+static inline int zof_host_set_gif_play(zof_host_t *host, uint16_t view, uint16_t control, uint8_t which) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_GIF_PLAY);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, which);
+    return zof_host_end(host);
+}
+
+// Plays so many times from the start on; 0 plays for ever.
+// Carries: u16 count
+#define ZOF_HOST_GIF_COUNT 0x03B21001ul
+static inline int zof_host_set_gif_count(zof_host_t *host, uint16_t view, uint16_t control, uint16_t count) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_GIF_COUNT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, count);
+    return zof_host_end(host);
+}
+
+// A file under image/, which plays at once.
+// Carries: text name
+#define ZOF_HOST_GIF_SOURCE 0x03B21002ul
+static inline int zof_host_set_gif_source(zof_host_t *host, uint16_t view, uint16_t control, const char *name) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_GIF_SOURCE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, name);
+    return zof_host_end(host);
+}
+
+// QR codes.
+
+// What the code says.
+// Carries: text text
+#define ZOF_HOST_QR_CODE_TEXT 0x03B21100ul
+static inline int zof_host_set_qr_code_text(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_QR_CODE_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// Video players.
+
+// A file under video/ that ends in .mp4; it plays at once.
+// Carries: text name
+#define ZOF_HOST_VIDEO_SOURCE 0x03B21200ul
+static inline int zof_host_set_video_source(zof_host_t *host, uint16_t view, uint16_t control, const char *name) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_VIDEO_SOURCE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, name);
+    return zof_host_end(host);
+}
+
+// 0 plays from the start on, 1 stops, 2 pauses, 3 goes on.
+// Answers: u8 state
+#define ZOF_HOST_VIDEO_STATE 0x03B21201ul
+static inline int zof_host_get_video_state(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_VIDEO_STATE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_video_state(zof_host_t *host, uint16_t view, uint16_t control, uint8_t state) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_VIDEO_STATE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, state);
+    return zof_host_end(host);
+}
+
+// 128 is the file's own, 0 is silent.
+// Carries: u8 volume
+#define ZOF_HOST_VIDEO_VOLUME 0x03B21202ul
+static inline int zof_host_set_video_volume(zof_host_t *host, uint16_t view, uint16_t control, uint8_t volume) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_VIDEO_VOLUME);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, volume);
+    return zof_host_end(host);
+}
+
+// Place and size in pixels.
+// Carries: u16 x, u16 y, u16 width, u16 height
+#define ZOF_HOST_VIDEO_BOX 0x03B21203ul
+static inline int zof_host_set_video_box(zof_host_t *host, uint16_t view, uint16_t control, uint16_t x, uint16_t y,
+                                         uint16_t width, uint16_t height) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_VIDEO_BOX);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, x);
+    zof_host_put_u16(host, y);
+    zof_host_put_u16(host, width);
+    zof_host_put_u16(host, height);
+    return zof_host_end(host);
+}
+
+// Plays once (0), or again and again (1).
+// Carries: u8 on
+#define ZOF_HOST_VIDEO_REPLAY 0x03B21204ul
+static inline int zof_host_set_video_replay(zof_host_t *host, uint16_t view, uint16_t control, uint8_t on) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_VIDEO_REPLAY);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, on);
+    return zof_host_end(host);
+}
+
+// Keyboards.
+
+// The key pressed last, counted from 0; 65535 for none.
+// Answers: u32 key
+#define ZOF_HOST_KEYBOARD_KEY 0x03B21300ul
+static inline int zof_host_get_keyboard_key(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_KEYBOARD_KEY);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
+// The caption of a key.
+// Answers: text text
+#define ZOF_HOST_KEYBOARD_CAPTION 0x03B21301ul
+static inline int zof_host_get_keyboard_caption(zof_host_t *host, uint16_t view, uint16_t control, uint16_t key) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_KEYBOARD_CAPTION);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, key);
+    return zof_host_end(host);
+}
+
 // Spin boxes.
 
 // The value, without its decimal point.
@@ -1258,6 +1517,91 @@ static inline int zof_host_set_table_look(zof_host_t *host, uint16_t view, uint1
     zof_host_put_u8(host, border_opacity);
     zof_host_put_u8(host, opacity);
     zof_host_put_u32(host, rgb);
+    return zof_host_end(host);
+}
+
+// Button matrices.
+
+// The caption of a button, counted from 0.
+// Answers: text text
+#define ZOF_HOST_BUTTON_MATRIX_CAPTION 0x03B21600ul
+static inline int zof_host_get_button_matrix_caption(zof_host_t *host, uint16_t view, uint16_t control,
+                                                     uint16_t button) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_BUTTON_MATRIX_CAPTION);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, button);
+    return zof_host_end(host);
+}
+
+// Clears (0) or sets (1) flags of a button: 8 hidden, 32 disabled, 64 checkable, 128 checked.
+// Carries: u8 set, u16 button, u16 flags
+#define ZOF_HOST_BUTTON_MATRIX_BUTTON_FLAGS 0x03B21601ul
+static inline int zof_host_set_button_matrix_button_flags(zof_host_t *host, uint16_t view, uint16_t control,
+                                                          uint8_t set, uint16_t button, uint16_t flags) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_MATRIX_BUTTON_FLAGS);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, set);
+    zof_host_put_u16(host, button);
+    zof_host_put_u16(host, flags);
+    return zof_host_end(host);
+}
+
+// Clears (0) or sets (1) flags of all buttons.
+// Carries: u8 set, u16 flags
+#define ZOF_HOST_BUTTON_MATRIX_FLAGS 0x03B21602ul
+static inline int zof_host_set_button_matrix_flags(zof_host_t *host, uint16_t view, uint16_t control, uint8_t set,
+                                                   uint16_t flags) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_MATRIX_FLAGS);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, set);
+    zof_host_put_u16(host, flags);
+    return zof_host_end(host);
+}
+
+// Whether a button has all of these flags.
+// Answers: u8 has
+#define ZOF_HOST_BUTTON_MATRIX_HAS_FLAGS 0x03B21603ul
+static inline int zof_host_get_button_matrix_has_flags(zof_host_t *host, uint16_t view, uint16_t control,
+                                                       uint16_t button, uint16_t flags) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_BUTTON_MATRIX_HAS_FLAGS);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, button);
+    zof_host_put_u16(host, flags);
+    return zof_host_end(host);
+}
+
+// Makes a button 1 to 7 times as wide as others of its row.
+// Carries: u8 width, u16 button
+#define ZOF_HOST_BUTTON_MATRIX_WIDTH 0x03B21604ul
+static inline int zof_host_set_button_matrix_width(zof_host_t *host, uint16_t view, uint16_t control, uint8_t width,
+                                                   uint16_t button) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_MATRIX_WIDTH);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, width);
+    zof_host_put_u16(host, button);
+    return zof_host_end(host);
+}
+
+// Whether checking a button unchecks the others.
+// Answers: u8 on
+#define ZOF_HOST_BUTTON_MATRIX_ONE_CHECKED 0x03B21605ul
+static inline int zof_host_get_button_matrix_one_checked(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_BUTTON_MATRIX_ONE_CHECKED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_button_matrix_one_checked(zof_host_t *host, uint16_t view, uint16_t control,
+                                                         uint8_t on) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_MATRIX_ONE_CHECKED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, on);
     return zof_host_end(host);
 }
 

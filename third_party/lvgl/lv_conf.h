@@ -68,7 +68,12 @@
 #define LV_FREETYPE_CACHE_FT_FACES 64
 #define LV_FREETYPE_CACHE_FT_SIZES 64
 
+// The runtime has a widget of this name of its own.
+#define LV_USE_ANIMIMG 0
+
+// The mode of nine keys would give all keyboards of the program one shared map.
 #define LV_USE_IME_PINYIN 1
+#define LV_IME_PINYIN_USE_K9_MODE 0
 
 #define LV_BUILD_EXAMPLES 0
 

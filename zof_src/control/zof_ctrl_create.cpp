@@ -5,6 +5,7 @@
 
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
+#include "control/zof_input.h"
 #include "control/zof_list.h"
 #include "control/zof_table_chart.h"
 #include "control/zof_scrollcont.h"
@@ -27,9 +28,9 @@ const zof_ctrl_class_t zof_ctrl_classes[] = {
     {ZOF_CTRL_SLIDER, "slider", zof_slider_create},
     {ZOF_CTRL_SW, "sw", zof_sw_create},
     {ZOF_CTRL_CB, "cb", zof_cb_create, zof_cb_update_txt},
-    {ZOF_CTRL_MBOX, "mbox"},
+    {ZOF_CTRL_MBOX, "mbox", zof_mbox_create, zof_mbox_update_txt, zof_mbox_del},
     {ZOF_CTRL_TILEVIEW, "tileview", zof_tileview_create},
-    {ZOF_CTRL_TXTBOX, "txtbox"},
+    {ZOF_CTRL_TXTBOX, "txtbox", zof_txtbox_create},
     {ZOF_CTRL_LIST, "list", zof_list_create, zof_list_update_txt, zof_list_del},
     {ZOF_CTRL_DROPLIST, "droplist", zof_droplist_create, zof_droplist_update_txt, zof_droplist_del},
     {ZOF_CTRL_ROLLIST, "rollist", zof_rollist_create, zof_rollist_update_txt, zof_rollist_del},
@@ -40,10 +41,10 @@ const zof_ctrl_class_t zof_ctrl_classes[] = {
     {ZOF_CTRL_GIF, "gif"},
     {ZOF_CTRL_QRCODE, "qrcode"},
     {ZOF_CTRL_VIDEO, "video"},
-    {ZOF_CTRL_KEYBOARD, "keyboard"},
+    {ZOF_CTRL_KEYBOARD, "keyboard", zof_keyboard_create},
     {ZOF_CTRL_TILE, "tile", zof_tile_create},
     {ZOF_CTRL_SKETCHPAD, "sketchpad"},
-    {ZOF_CTRL_BTNMATRIX, "btnmatrix"},
+    {ZOF_CTRL_BTNMATRIX, "btnmatrix", zof_btnmatrix_create, nullptr, zof_btnmatrix_del},
     {ZOF_CTRL_ANIMIMG, "animimg"},
     {ZOF_CTRL_SCROLLCONT, "scrollcont", zof_scrollcont_create},
     {ZOF_CTRL_SCROLLCONT_OBJ, "scrollcont_obj", zof_scrollcont_obj_create},

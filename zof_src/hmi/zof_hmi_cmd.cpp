@@ -30,12 +30,16 @@ const zof_hmi_cmd_type_t zof_ui_cmd_types[] = {
     CTRL_TYPE(0x07, "slider", "Sliders.", zof_ctrl_slider_params),
     CTRL_TYPE(0x08, "switch", "Switches.", zof_ctrl_sw_params),
     CTRL_TYPE(0x09, "check_box", "Check boxes.", zof_ctrl_cb_params),
+    CTRL_TYPE(0x0A, "message_box", "Message boxes.", zof_ctrl_mbox_params),
     CTRL_TYPE(0x0B, "tile_view", "Tile views.", zof_ctrl_tileview_params),
+    CTRL_TYPE(0x0C, "text_box", "Text boxes.", zof_ctrl_txtbox_params),
     CTRL_TYPE(0x0D, "list", "Lists of buttons.", zof_ctrl_list_params),
     CTRL_TYPE(0x0E, "drop_list", "Drop-down lists.", zof_ctrl_droplist_params),
     CTRL_TYPE(0x0F, "roller", "Roller lists.", zof_ctrl_rollist_params),
+    CTRL_TYPE(0x13, "keyboard", "Keyboards.", zof_ctrl_keyboard_params),
     CTRL_TYPE(0x14, "spin_box", "Spin boxes.", zof_ctrl_spinbox_params),
     CTRL_TYPE(0x15, "table", "Tables.", zof_ctrl_table_params),
+    CTRL_TYPE(0x16, "button_matrix", "Button matrices.", zof_ctrl_btnm_params),
 };
 const u32 zof_ui_cmd_type_count = sizeof(zof_ui_cmd_types) / sizeof(zof_ui_cmd_types[0]);
 // clang-format on

@@ -64,12 +64,16 @@ enum {
     ZOF_CTRL_SLIDER_PARAM_COUNT = 3,
     ZOF_CTRL_SW_PARAM_COUNT = 1,
     ZOF_CTRL_CB_PARAM_COUNT = 3,
+    ZOF_CTRL_MBOX_PARAM_COUNT = 4,
     ZOF_CTRL_TILEVIEW_PARAM_COUNT = 2,
+    ZOF_CTRL_TXTBOX_PARAM_COUNT = 6,
     ZOF_CTRL_LIST_PARAM_COUNT = 3,
     ZOF_CTRL_DROPLIST_PARAM_COUNT = 4,
     ZOF_CTRL_ROLLIST_PARAM_COUNT = 3,
+    ZOF_CTRL_KEYBOARD_PARAM_COUNT = 2,
     ZOF_CTRL_SPINBOX_PARAM_COUNT = 3,
-    ZOF_CTRL_TABLE_PARAM_COUNT = 4
+    ZOF_CTRL_TABLE_PARAM_COUNT = 4,
+    ZOF_CTRL_BTNM_PARAM_COUNT = 6
 };
 extern const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_view_params[ZOF_VIEW_PARAM_COUNT];
@@ -84,12 +88,16 @@ extern const zof_hmi_param_type_t zof_ctrl_bar_params[ZOF_CTRL_BAR_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_slider_params[ZOF_CTRL_SLIDER_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_sw_params[ZOF_CTRL_SW_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_cb_params[ZOF_CTRL_CB_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_mbox_params[ZOF_CTRL_MBOX_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_tileview_params[ZOF_CTRL_TILEVIEW_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_txtbox_params[ZOF_CTRL_TXTBOX_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_list_params[ZOF_CTRL_LIST_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_droplist_params[ZOF_CTRL_DROPLIST_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_rollist_params[ZOF_CTRL_ROLLIST_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_keyboard_params[ZOF_CTRL_KEYBOARD_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_spinbox_params[ZOF_CTRL_SPINBOX_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_table_params[ZOF_CTRL_TABLE_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_btnm_params[ZOF_CTRL_BTNM_PARAM_COUNT];
 
 ZOF_C_END
 

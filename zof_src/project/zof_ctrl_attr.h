@@ -174,7 +174,7 @@ typedef struct {
     u32 btn_num;
     char **btn_txt;
     u32 anim_time;
-    char **map; // no key: captions as shown, btn_num of them and an empty one
+    char **btn_map; // no key: the button map as shown
 } zof_mbox_attr_t;
 
 typedef struct {
@@ -303,6 +303,7 @@ typedef struct {
     zof_bool popovers;
     char *cn_font_lib;
     u32 cn_font_size;
+    lv_obj_t *pinyin; // no key: LVGL's input method, as long as it is there
 } zof_keyboard_attr_t;
 
 typedef struct {
@@ -322,7 +323,7 @@ typedef struct {
     zof_pub_attr_t pub_t;
     u16 btnmatrix_num;
     char **btnmatrix_txt;
-    char **map; // no key: the button map as shown
+    char **txt_map; // no key: the button map as shown
 } zof_btnmatrix_attr_t;
 
 typedef struct {

@@ -650,6 +650,34 @@ CHECK_BOX_DISABLED: Row[int] = Row(
     int, True, True,
     "Whether the box takes no touches.")
 
+MESSAGE_BOX_TITLE: Row[str] = Row(
+    "message_box.title", bytes.fromhex("B2 0A 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, False, True,
+    "The title.")
+
+MESSAGE_BOX_TEXT: Row[str] = Row(
+    "message_box.text", bytes.fromhex("B2 0A 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, False, True,
+    "The text.")
+
+MESSAGE_BOX_AUTO_CLOSE: Row[int] = Row(
+    "message_box.auto_close", bytes.fromhex("B2 0A 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("ms", "u16"),),
+    int, False, True,
+    "Closes the box after a time in milliseconds.")
+
+MESSAGE_BOX_OPEN: Row[int] = Row(
+    "message_box.open", bytes.fromhex("B2 0A 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("open", "u8"),),
+    int, False, True,
+    "Closes (0) or opens (1) the box.")
+
 
 class TileViewTile(NamedTuple):
     animate: int
@@ -663,6 +691,48 @@ TILE_VIEW_TILE: Row[TileViewTile] = Row(
     (("animate", "u8"), ("row", "u16"), ("column", "u16")),
     TileViewTile, False, True,
     "Goes to a tile, at once (0) or in an animation (1).")
+
+TEXT_BOX_ADD_TEXT: Row[str] = Row(
+    "text_box.add_text", bytes.fromhex("B2 0C 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, False, True,
+    "Adds a text at the cursor.")
+
+TEXT_BOX_ADD_CHAR: Row[int] = Row(
+    "text_box.add_char", bytes.fromhex("B2 0C 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("character", "u32"),),
+    int, False, True,
+    "Adds a character at the cursor: its UTF-8 bytes, the first one in the lowest byte.")
+
+TEXT_BOX_DELETE: Row[int] = Row(
+    "text_box.delete", bytes.fromhex("B2 0C 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("forward", "u8"),),
+    int, False, True,
+    "Deletes the character in front of the cursor (0) or behind it (1).")
+
+TEXT_BOX_TEXT: Row[str] = Row(
+    "text_box.text", bytes.fromhex("B2 0C 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, True, True,
+    "The whole text.")
+
+TEXT_BOX_PASSWORD: Row[int] = Row(
+    "text_box.password", bytes.fromhex("B2 0C 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("on", "u8"),),
+    int, False, True,
+    "Whether the text is shown as bullets.")
+
+TEXT_BOX_CURSOR: Row[int] = Row(
+    "text_box.cursor", bytes.fromhex("B2 0C 05"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("where", "u8"),),
+    int, False, True,
+    "Moves the cursor: 0 right, 1 left, 2 down, 3 up.")
 
 LIST_REMOVE: Row[int] = Row(
     "list.remove", bytes.fromhex("B2 0D 00"),
@@ -733,6 +803,91 @@ ROLLER_REMOVE: Row[int] = Row(
     (("position", "u16"),),
     int, False, True,
     "Takes an option away, counted from 0.")
+
+GIF_PLAY: Row[int] = Row(
+    "gif.play", bytes.fromhex("B2 10 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("which", "u8"),),
+    int, False, True,
+    "0 plays from the start on, 1 pauses, 2 goes on.")
+
+GIF_COUNT: Row[int] = Row(
+    "gif.count", bytes.fromhex("B2 10 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("count", "u16"),),
+    int, False, True,
+    "Plays so many times from the start on; 0 plays for ever.")
+
+GIF_SOURCE: Row[str] = Row(
+    "gif.source", bytes.fromhex("B2 10 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("name", "text"),),
+    str, False, True,
+    "A file under image/, which plays at once.")
+
+QR_CODE_TEXT: Row[str] = Row(
+    "qr_code.text", bytes.fromhex("B2 11 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, False, True,
+    "What the code says.")
+
+VIDEO_SOURCE: Row[str] = Row(
+    "video.source", bytes.fromhex("B2 12 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("name", "text"),),
+    str, False, True,
+    "A file under video/ that ends in .mp4; it plays at once.")
+
+VIDEO_STATE: Row[int] = Row(
+    "video.state", bytes.fromhex("B2 12 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("state", "u8"),),
+    int, True, True,
+    "0 plays from the start on, 1 stops, 2 pauses, 3 goes on.")
+
+VIDEO_VOLUME: Row[int] = Row(
+    "video.volume", bytes.fromhex("B2 12 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("volume", "u8"),),
+    int, False, True,
+    "128 is the file's own, 0 is silent.")
+
+
+class VideoBox(NamedTuple):
+    x: int
+    y: int
+    width: int
+    height: int
+
+
+VIDEO_BOX: Row[VideoBox] = Row(
+    "video.box", bytes.fromhex("B2 12 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("x", "u16"), ("y", "u16"), ("width", "u16"), ("height", "u16")),
+    VideoBox, False, True,
+    "Place and size in pixels.")
+
+VIDEO_REPLAY: Row[int] = Row(
+    "video.replay", bytes.fromhex("B2 12 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("on", "u8"),),
+    int, False, True,
+    "Plays once (0), or again and again (1).")
+
+KEYBOARD_KEY: Row[int] = Row(
+    "keyboard.key", bytes.fromhex("B2 13 00"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("key", "u32"),),
+    int, True, False,
+    "The key pressed last, counted from 0; 65535 for none.")
+
+KEYBOARD_CAPTION: Row[str] = Row(
+    "keyboard.caption", bytes.fromhex("B2 13 01"),
+    (("view", "u16"), ("control", "u16")), (("key", "u16"),),
+    (("text", "text"),),
+    str, True, False,
+    "The caption of a key.")
 
 SPIN_BOX_VALUE: Row[int] = Row(
     "spin_box.value", bytes.fromhex("B2 14 00"),
@@ -810,5 +965,66 @@ TABLE_LOOK: Row[TableLook] = Row(
     (("border_rgb", "u32"), ("border_width", "u8"), ("border_opacity", "u8"), ("opacity", "u8"), ("rgb", "u32")),
     TableLook, False, True,
     "Borders and background of all cells; colours 0xRRGGBB.")
+
+BUTTON_MATRIX_CAPTION: Row[str] = Row(
+    "button_matrix.caption", bytes.fromhex("B2 16 00"),
+    (("view", "u16"), ("control", "u16")), (("button", "u16"),),
+    (("text", "text"),),
+    str, True, False,
+    "The caption of a button, counted from 0.")
+
+
+class ButtonMatrixButtonFlags(NamedTuple):
+    set: int
+    button: int
+    flags: int
+
+
+BUTTON_MATRIX_BUTTON_FLAGS: Row[ButtonMatrixButtonFlags] = Row(
+    "button_matrix.button_flags", bytes.fromhex("B2 16 01"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("set", "u8"), ("button", "u16"), ("flags", "u16")),
+    ButtonMatrixButtonFlags, False, True,
+    "Clears (0) or sets (1) flags of a button: 8 hidden, 32 disabled, 64 checkable, 128 checked.")
+
+
+class ButtonMatrixFlags(NamedTuple):
+    set: int
+    flags: int
+
+
+BUTTON_MATRIX_FLAGS: Row[ButtonMatrixFlags] = Row(
+    "button_matrix.flags", bytes.fromhex("B2 16 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("set", "u8"), ("flags", "u16")),
+    ButtonMatrixFlags, False, True,
+    "Clears (0) or sets (1) flags of all buttons.")
+
+BUTTON_MATRIX_HAS_FLAGS: Row[int] = Row(
+    "button_matrix.has_flags", bytes.fromhex("B2 16 03"),
+    (("view", "u16"), ("control", "u16")), (("button", "u16"), ("flags", "u16")),
+    (("has", "u8"),),
+    int, True, False,
+    "Whether a button has all of these flags.")
+
+
+class ButtonMatrixWidth(NamedTuple):
+    width: int
+    button: int
+
+
+BUTTON_MATRIX_WIDTH: Row[ButtonMatrixWidth] = Row(
+    "button_matrix.width", bytes.fromhex("B2 16 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("width", "u8"), ("button", "u16")),
+    ButtonMatrixWidth, False, True,
+    "Makes a button 1 to 7 times as wide as others of its row.")
+
+BUTTON_MATRIX_ONE_CHECKED: Row[int] = Row(
+    "button_matrix.one_checked", bytes.fromhex("B2 16 05"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("on", "u8"),),
+    int, True, True,
+    "Whether checking a button unchecks the others.")
 
 # rows: end

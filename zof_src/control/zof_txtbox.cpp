@@ -1,0 +1,153 @@
+// Text boxes. LVGL sorts out what a box accepts one character after the other, each with a layout and an event, and in
+// password mode forgets to; so texts are sorted here, in one go, and handed over with the limits lifted.
+#include <string.h>
+
+#include "control/zof_ctrl_in.h"
+#include "control/zof_cursor.h"
+#include "control/zof_input.h"
+#include "project/zof_style.h"
+#include "zof_lib/zof_stdio.h"
+
+// Spin boxes are text areas too, with texts of their own.
+template <typename F> static s32 on_box(zof_ctrl_t *ctrl, F &&fn) {
+    const lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    return obj && lv_obj_check_type(obj, &lv_textarea_class) ? zof_on(ctrl, std::forward<F>(fn)) : -1;
+}
+
+// Bytes of the UTF-8 character that `at` points at, 0 for none. LVGL reads on by the first byte alone.
+static u32 char_size(const char *at) {
+    const u8 first = (u8)*at;
+    u32 size = first < 0x80 ? first != 0 : first < 0xC0 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : first < 0xF8 ? 4 : 0;
+    for (u32 i = 1; i < size; i++) {
+        if (((u8)at[i] & 0xC0) != 0x80)
+            return 0;
+    }
+    return size;
+}
+
+static bool is_accepted(lv_obj_t *obj, const char *at, u32 size) {
+    if (lv_textarea_get_one_line(obj) && (*at == '\n' || *at == '\r'))
+        return false;
+    const char *accepted = lv_textarea_get_accepted_chars(obj);
+    char one[5] = {};
+    memcpy(one, at, size);
+    return !accepted || !accepted[0] || strstr(accepted, one);
+}
+
+// What the box takes of a text, besides `length` characters that it has; null without memory.
+static char *text_taken(lv_obj_t *obj, const char *text, u32 length) {
+    const u32 max = lv_textarea_get_max_length(obj);
+    char *taken = (char *)zof_malloc(strlen(text) + 1);
+    char *end = taken;
+    while (taken && *text && (max == 0 || length < max)) {
+        const u32 size = char_size(text);
+        if (size && is_accepted(obj, text, size)) {
+            memcpy(end, text, size);
+            end += size;
+            length++;
+        }
+        text += size ? size : 1;
+    }
+    if (end)
+        *end = 0;
+    return taken;
+}
+
+static void event_gone(lv_event_t *e) {
+    *(bool *)lv_event_get_user_data(e) = true;
+}
+
+// Hands a text over that has been sorted. Events come of it, at which the application may delete the box.
+static s32 text_hand_over(lv_obj_t *obj, const char *text, u32 length, void (*put)(lv_obj_t *, const char *)) {
+    char *taken = text_taken(obj, text, length);
+    if (!taken)
+        return -1;
+    const char *accepted = lv_textarea_get_accepted_chars(obj);
+    const u32 max = lv_textarea_get_max_length(obj);
+    bool gone = false;
+    lv_obj_add_event_cb(obj, event_gone, LV_EVENT_DELETE, &gone);
+    lv_textarea_set_accepted_chars(obj, nullptr);
+    lv_textarea_set_max_length(obj, 0);
+    put(obj, taken);
+    zof_free(taken);
+    if (gone)
+        return 0;
+    lv_textarea_set_accepted_chars(obj, accepted);
+    lv_textarea_set_max_length(obj, max);
+    lv_obj_remove_event_cb_with_user_data(obj, event_gone, &gone);
+    return 0;
+}
+
+s32 zof_txtbox_create(para_t *record, lv_obj_t *parent, void *attr) {
+    zof_txtbox_attr_t *box = (zof_txtbox_attr_t *)attr;
+    if (!record || !box)
+        return -1;
+    lv_obj_t *obj = record->obj = lv_textarea_create(parent);
+    if (!obj)
+        return -1;
+    zof_ctrl_pub_attr(record, &box->pub_t);
+    lv_textarea_set_one_line(obj, box->line_mode != 1);
+    lv_obj_set_style_text_align(obj, (lv_text_align_t)(box->txt_align_e & 3), LV_PART_MAIN);
+    lv_obj_set_style_text_align(obj, (lv_text_align_t)(box->holder_txt_align_e & 3), LV_PART_TEXTAREA_PLACEHOLDER);
+    lv_textarea_set_accepted_chars(obj, box->accept_txt); // LVGL points at it; the record outlives the object
+    lv_textarea_set_max_length(obj, box->max_txt_len);
+    lv_textarea_set_placeholder_text(obj, box->p_holder_txt ? box->p_holder_txt : "");
+    lv_textarea_set_password_mode(obj, box->pwd_mode_en);
+    lv_textarea_set_password_show_time(obj, box->pwd_char_show_time);
+    zof_txtbox_set_text(record, box->init_txt);
+    const u32 focused = (u32)LV_PART_CURSOR | LV_STATE_FOCUSED;
+    zof_cursor_style_set(obj, &box->cursor_style_t, focused, ZOF_FALSE);
+    zof_ctrl_style_add(record, box->pub_t.style_list, box->pub_t.style_num, 0);
+    lv_textarea_set_cursor_pos(obj, LV_TEXTAREA_CURSOR_LAST);
+    return 0;
+}
+
+s32 zof_txtbox_add_txt(zof_ctrl_t *ctrl, const char *text) {
+    if (!text)
+        return -1;
+    return on_box(ctrl, [=](lv_obj_t *obj) {
+        return text_hand_over(obj, text, _lv_txt_get_encoded_length(lv_textarea_get_text(obj)), lv_textarea_add_text);
+    });
+}
+
+s32 zof_txtbox_add_char(zof_ctrl_t *ctrl, u32 character) {
+    const char text[] = {(char)character, (char)(character >> 8), (char)(character >> 16), (char)(character >> 24), 0};
+    return char_size(text) && char_size(text) == strlen(text) ? zof_txtbox_add_txt(ctrl, text) : -1;
+}
+
+s32 zof_txtbox_del_char(zof_ctrl_t *ctrl) {
+    return on_box(ctrl, lv_textarea_del_char);
+}
+
+s32 zof_txtbox_del_char_forward(zof_ctrl_t *ctrl) {
+    return on_box(ctrl, lv_textarea_del_char_forward);
+}
+
+s32 zof_txtbox_set_text(zof_ctrl_t *ctrl, const char *text) {
+    return text ? on_box(ctrl, [=](lv_obj_t *obj) { return text_hand_over(obj, text, 0, lv_textarea_set_text); }) : -1;
+}
+
+const char *zof_txtbox_get_text(zof_ctrl_t *ctrl) {
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    return obj && lv_obj_check_type(obj, &lv_textarea_class) ? lv_textarea_get_text(obj) : (const char *)(intptr_t)-1;
+}
+
+s32 zof_txtbox_pwd_mode(zof_ctrl_t *ctrl, zof_bool on) {
+    return on_box(ctrl, [=](lv_obj_t *obj) { lv_textarea_set_password_mode(obj, on); });
+}
+
+s32 zof_txtbox_cursor_move(zof_ctrl_t *ctrl, u32 where) {
+    static void (*const moves[])(lv_obj_t *) = {lv_textarea_cursor_right, lv_textarea_cursor_left,
+                                                lv_textarea_cursor_down, lv_textarea_cursor_up};
+    return on_box(ctrl, [=](lv_obj_t *obj) {
+        if (where < sizeof(moves) / sizeof(moves[0]))
+            moves[where](obj);
+    });
+}
+
+s32 zof_txtbox_set_cursor_type(zof_ctrl_t *ctrl, u32 cursor_e, zof_color_t color, u8 width, u8 opa, u32 animtime,
+                               u32 selector, zof_bool with_bg) {
+    const zof_cursor_style_attr_t cursor = {cursor_e, color, width, opa, animtime};
+    return zof_on(ctrl, &lv_textarea_class,
+                  [&](lv_obj_t *obj) { return zof_cursor_style_set(obj, &cursor, selector, with_bg); });
+}
