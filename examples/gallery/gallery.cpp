@@ -20,8 +20,7 @@ static void say_number(u32 view, u32 label, const char *form, double value) {
     zof_label_set_txt(at(view, label), text);
 }
 
-// Which page
-// ------------------------------------------------------------------------------------------------------------
+// Which page ---------------------------------------------------------------------------------------------------------
 static void go(u32 view, u32 transition) {
     zof_view_set_dis_view_anim(view, transition, SLIDE_MS, 0, ZOF_ANIM_PATH_END_SLOW);
 }
@@ -50,8 +49,7 @@ static void next_event(zof_ctrl_t *, zof_event_e event) {
         NEXT, next_event                      \
     }
 
-// Index
-// -----------------------------------------------------------------------------------------------------------------
+// Index --------------------------------------------------------------------------------------------------------------
 static void page_event(zof_ctrl_t *ctrl, zof_event_e event) {
     if (event == ZOF_EVENT_CLICKED)
         go(FIRST_PAGE + (u32)zof_ctrl_get_id_form_ctrl(ctrl) - VIEW1_TO_LABELS_ID, ZOF_SCR_LOAD_ANIM_MOVE_LEFT);
@@ -105,15 +103,14 @@ static void index_init(void) {
     language_show(VIEW1_LANG_EN_ID);
 }
 
-// Pages that do without the program
+// Pages that do without the program ----------------------------------------------------------------------------------
 static const zof_ctrl_fun_t plain_events[] = {PAGE_EVENTS};
 
 template <u32 VIEW> static void plain_init(void) {
     zof_view_create(VIEW, plain_events, sizeof(plain_events) / sizeof(plain_events[0]));
 }
 
-// Buttons
-// ---------------------------------------------------------------------------------------------------------------
+// Buttons ------------------------------------------------------------------------------------------------------------
 static void count_event(zof_ctrl_t *ctrl, zof_event_e event) {
     static int count;
     char text[16];
@@ -130,8 +127,7 @@ static void buttons_init(void) {
     zof_btn_set_state(at(3, VIEW3_DISABLED_ID), LV_STATE_DISABLED);
 }
 
-// Pictures
-// --------------------------------------------------------------------------------------------------------------
+// Pictures -----------------------------------------------------------------------------------------------------------
 static const zof_ctrl_fun_t pictures_events[] = {PAGE_EVENTS};
 
 static void pictures_init(void) {
@@ -145,8 +141,7 @@ static void pictures_init(void) {
     zof_line_set_dash(at(4, VIEW4_DASHES_ID), 10, 6);
 }
 
-// Values
-// ----------------------------------------------------------------------------------------------------------------
+// Values -------------------------------------------------------------------------------------------------------------
 static void arc_event(zof_ctrl_t *ctrl, zof_event_e event) {
     if (event == ZOF_EVENT_VALUE_CHANGED) {
         say_number(5, VIEW5_ARC_VALUE_ID, "%.0f", zof_arc_get_value(ctrl));
@@ -178,8 +173,7 @@ static void values_init(void) {
     zof_arc_set_value(at(5, VIEW5_GAUGE_ID), 65);
 }
 
-// Switches and numbers
-// --------------------------------------------------------------------------------------------------
+// Switches and numbers -----------------------------------------------------------------------------------------------
 static void spin_show(void) {
     say_number(6, VIEW6_SPIN_VALUE_ID, "%.2f V", zof_spinbox_get_value(at(6, VIEW6_SPIN_ID)) / 100.0);
 }
@@ -212,9 +206,8 @@ static void switches_init(void) {
     zof_cb_set_disable(at(6, VIEW6_CB_OFF_ID), 1);
 }
 
-// Lists
-// ----------------------------------------------------------------------------------------------------------------- The
-// list's events come from its buttons, which bubble them up; the one that has the focus was touched.
+// Lists --------------------------------------------------------------------------------------------------------------
+// The list's events come from its buttons, which bubble them up; the one that has the focus was touched.
 static void list_event(zof_ctrl_t *ctrl, zof_event_e event) {
     if (event != ZOF_EVENT_CLICKED)
         return;
@@ -229,9 +222,8 @@ static void lists_init(void) {
     zof_view_create(7, lists_events, sizeof(lists_events) / sizeof(lists_events[0]));
 }
 
-// Tables
-// ---------------------------------------------------------------------------------------------------------------- A
-// touched cell is marked, and unmarked at the next touch.
+// Tables -------------------------------------------------------------------------------------------------------------
+// A touched cell is marked, and unmarked at the next touch.
 static void table_event(zof_ctrl_t *ctrl, zof_event_e event) {
     if (event == ZOF_EVENT_CLICKED)
         zof_table_set_value_changed_color(ctrl, 0x2F8FE8, 0);
@@ -257,10 +249,14 @@ static void table_fill(zof_ctrl_t *table) {
 static void tables_init(void) {
     zof_view_create(8, tables_events, sizeof(tables_events) / sizeof(tables_events[0]));
     table_fill(at(8, VIEW8_TABLE_ID));
+    zof_btnmatrix_set_btn_ctrl_all(at(8, VIEW8_ONE_ID), LV_BTNMATRIX_CTRL_CHECKABLE);
+    zof_btnmatrix_set_one_checked(at(8, VIEW8_ONE_ID), ZOF_TRUE);
+    zof_btnmatrix_set_btn_ctrl(at(8, VIEW8_ONE_ID), 1, LV_BTNMATRIX_CTRL_CHECKED);
+    zof_btnmatrix_set_btn_ctrl(at(8, VIEW8_MATRIX_ID), 10, LV_BTNMATRIX_CTRL_DISABLED);
+    zof_btnmatrix_set_btn_width(at(8, VIEW8_MATRIX_ID), 11, 2);
 }
 
-// Charts
-// ----------------------------------------------------------------------------------------------------------------
+// Charts -------------------------------------------------------------------------------------------------------------
 static void charts_init(void) {
     zof_view_create(9, plain_events, sizeof(plain_events) / sizeof(plain_events[0]));
     zof_ctrl_t *lines = at(9, VIEW9_LINES_ID), *columns = at(9, VIEW9_COLUMNS_ID), *points = at(9, VIEW9_POINTS_ID);
@@ -280,8 +276,75 @@ static void charts_init(void) {
     zof_chart_set_line_width(points, 5, 0);
 }
 
-// Transitions
-// -----------------------------------------------------------------------------------------------------------
+// Typing -------------------------------------------------------------------------------------------------------------
+// Both keyboards write into the box that was touched last; one of them is on the screen.
+static void box_event(zof_ctrl_t *ctrl, zof_event_e event) {
+    if (event == ZOF_EVENT_FOCUSED || event == ZOF_EVENT_CLICKED) {
+        zof_keyboard_set_txtbox(at(11, VIEW11_KEYBOARD_ID), ctrl);
+        zof_keyboard_set_txtbox(at(11, VIEW11_PINYIN_ID), ctrl);
+    }
+}
+
+static void spell_event(zof_ctrl_t *ctrl, zof_event_e event) {
+    if (event != ZOF_EVENT_VALUE_CHANGED)
+        return;
+    const bool pinyin = zof_ctrl_state_judge(ctrl, LV_STATE_CHECKED) == 1;
+    zof_ctrl_set_hidden(at(11, VIEW11_KEYBOARD_ID), pinyin ? ZOF_TRUE : ZOF_FALSE);
+    zof_ctrl_set_hidden(at(11, VIEW11_PINYIN_ID), pinyin ? ZOF_FALSE : ZOF_TRUE);
+}
+
+static const zof_ctrl_fun_t typing_events[] = {PAGE_EVENTS,
+                                               {VIEW11_LINE_ID, box_event},
+                                               {VIEW11_LINES_ID, box_event},
+                                               {VIEW11_SECRET_ID, box_event},
+                                               {VIEW11_SPELL_ID, spell_event}};
+
+static void typing_init(void) {
+    zof_view_create(11, typing_events, sizeof(typing_events) / sizeof(typing_events[0]));
+    box_event(at(11, VIEW11_LINE_ID), ZOF_EVENT_FOCUSED);
+}
+
+// Messages -----------------------------------------------------------------------------------------------------------
+static void open_ask_event(zof_ctrl_t *, zof_event_e event) {
+    if (event == ZOF_EVENT_CLICKED)
+        zof_mbox_s_open(at(12, VIEW12_ASK_ID));
+}
+
+static void open_tell_event(zof_ctrl_t *, zof_event_e event) {
+    if (event == ZOF_EVENT_CLICKED)
+        zof_mbox_s_open(at(12, VIEW12_TELL_ID));
+}
+
+static void open_soon_event(zof_ctrl_t *, zof_event_e event) {
+    if (event == ZOF_EVENT_CLICKED) {
+        zof_mbox_s_open(at(12, VIEW12_TELL_ID));
+        zof_mbox_start_auto_close(at(12, VIEW12_TELL_ID), 1500);
+    }
+}
+
+// Any of its buttons closes a box; one without buttons goes at a touch.
+static void ask_event(zof_ctrl_t *ctrl, zof_event_e event) {
+    if (event == ZOF_EVENT_VALUE_CHANGED)
+        zof_mbox_s_close(ctrl);
+}
+
+static void tell_event(zof_ctrl_t *ctrl, zof_event_e event) {
+    if (event == ZOF_EVENT_CLICKED)
+        zof_mbox_s_close(ctrl);
+}
+
+static const zof_ctrl_fun_t messages_events[] = {PAGE_EVENTS,
+                                                 {VIEW12_OPEN_ASK_ID, open_ask_event},
+                                                 {VIEW12_OPEN_TELL_ID, open_tell_event},
+                                                 {VIEW12_OPEN_SOON_ID, open_soon_event},
+                                                 {VIEW12_ASK_ID, ask_event},
+                                                 {VIEW12_TELL_ID, tell_event}};
+
+static void messages_init(void) {
+    zof_view_create(12, messages_events, sizeof(messages_events) / sizeof(messages_events[0]));
+}
+
+// Transitions --------------------------------------------------------------------------------------------------------
 static struct {
     u32 path; // of all transitions; the button "path" goes through them
 } transition = {ZOF_ANIM_PATH_END_SLOW};
@@ -317,7 +380,7 @@ static const zof_view_fun_t views[] = {
     {5, values_init, nothing, nothing},       {6, switches_init, nothing, nothing},
     {7, lists_init, nothing, nothing},        {8, tables_init, nothing, nothing},
     {9, charts_init, nothing, nothing},       {10, plain_init<10>, nothing, nothing},
-    {11, plain_init<11>, nothing, nothing},   {12, plain_init<12>, nothing, nothing},
+    {11, typing_init, nothing, nothing},      {12, messages_init, nothing, nothing},
     {13, plain_init<13>, nothing, nothing},   {14, plain_init<14>, nothing, nothing},
     {15, plain_init<15>, nothing, nothing},   {16, plain_init<16>, nothing, nothing},
     {17, transitions_init, nothing, nothing},

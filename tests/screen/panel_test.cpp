@@ -228,7 +228,7 @@ TEST_CASE("panel: a change of language leaves no English word on the running pan
     CHECK(text_of(2, VIEW2_LABEL84_ID) == "Select a rail");
 }
 
-TEST_CASE("panel: a link slides and its colour follows the finger; the tabs jump") {
+TEST_CASE("panel: a link slides and its colour follows the finger, the tabs jump") {
     panel_open();
     screen_press(632, 300);
     const u32 amber = 0xFF9F0A, bright = 0xFFE680;

@@ -105,7 +105,7 @@ static pointer_state pointer() {
     return {data.state == LV_INDEV_STATE_PRESSED, data.point.x, data.point.y};
 }
 
-TEST_CASE("mouse and finger reach the input device; any window event lifts the finger") {
+TEST_CASE("mouse and finger reach the input device, and any window event lifts the finger") {
     const struct {
         SDL_Event event;
         pointer_state then;

@@ -24,7 +24,7 @@ def make(out):
     os.makedirs(os.path.join(out, "font"), exist_ok=True)
     shutil.copyfile(find(CHINESE), os.path.join(out, "font", "cn.ttf"))     # whole, for the Pinyin candidates
     gallery.views()
-    want = sorted({c for text in gallery.languages["zh"].values() for c in text if ord(c) > 0x2FFF} | set("中文"))
+    want = sorted({c for text in gallery.languages["zh"].values() for c in text if ord(c) > 0x2FFF} | set("中文名字"))
     font = instantiateVariableFont(TTFont(find(LATIN)), {"wght": 500}, inplace=False)
     opt = Options()
     opt.layout_features = []

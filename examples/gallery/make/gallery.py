@@ -37,6 +37,7 @@ def themes(p):
     scrollbar = style(SCROLLBAR, bg=p["line"], radius=ROUND)
     button = dict(bg=p["raised"], radius=10, **words)
     key = dict(bg=p["raised"], radius=6, **words)
+    plain_key = dict(bg=p["raised"], radius=6, color=p["text"], text_opa=255)
     lit = dict(bg=p["accent"], **{**words, "color": p["on"]})
     return {
         "label": [plain],
@@ -54,7 +55,7 @@ def themes(p):
                style(INDICATOR, CHECKED, radius=5, pad=3, img="check.png", border=(p["accent"], 2), **lit),
                style(state=DISABLED, opa=0, **{**words, "text_opa": 110})],
         "mbox": [style(bg=p["card"], radius=14, pad=20, border=(p["line"], 1), shadow=(0, 40), **words),
-                 style(sect=1, opa=0, pad=4, **words), style(ITEMS, sect=1, **key),
+                 style(sect=1, opa=0, **words), style(ITEMS, sect=1, **key),
                  style(ITEMS, PRESSED, sect=1, radius=6, **lit)],
         "tileview": [style(bg=p["raised"], radius=12)],
         "tile": [style(opa=0, **words)],
@@ -70,9 +71,10 @@ def themes(p):
                   style(INDICATOR, radius=ROUND, opa=255)],
         "table": [style(opa=0, radius=10, **words), style(ITEMS, bg=p["raised"], border=(p["line"], 1), pad=9, **words), scrollbar],
         "spinbox": [style(**field)],
-        "keyboard": [style(bg=p["card"], pad=4, **words), style(ITEMS, **{**key, "size": 15}), style(ITEMS, PRESSED, radius=6, **lit),
-                     style(ITEMS, CHECKED, **{**key, "bg": p["line"]})],
-        "sketchpad": [style(bg=p["raised"], radius=10, **words)],
+        # Without a font of its own: LVGL's has the symbols.
+        "keyboard": [style(bg=p["card"], pad=4), style(ITEMS, **plain_key), style(ITEMS, PRESSED, **{**plain_key, "bg": p["accent"]}),
+                     style(ITEMS, CHECKED, **{**plain_key, "bg": p["line"]})],
+        "sketchpad": [style(bg=p["raised"], radius=10, color=p["text"], text_opa=255)],
         "btnmatrix": [style(bg=p["card"], pad=2, **words), style(ITEMS, **key), style(ITEMS, PRESSED, radius=6, **lit),
                       style(ITEMS, CHECKED, radius=6, **lit), style(ITEMS, DISABLED, **{**key, "text_opa": 90, "opa": 110})],
         "scrollcont": [style(bg=p["raised"], radius=12)],
@@ -294,17 +296,22 @@ def tiles():
 
 
 def typing():
-    p = Page(t("Typing", "Eingabe", "文字输入"), t("types 12 and 23", "Typen 12 und 23", "类型 12 和 23"), "typing")
+    p = Page(t("Typing", "Eingabe", "文字输入"), "", "typing")
+    p.label(280, 10, 230, 40, t("types 12 and 23", "Typen 12 und 23", "类型 12 和 23"), size=13, opa=170, align=RIGHT | MIDDLE)
+    p.add("button", 530, 10, 134, 40, name="spell", mode=1, txt=t("Pinyin", "Pinyin", "拼音"), styles=[style(size=15)])
     cursor = {"cursor_e": 4, "color": ACCENT, "zof_cursor_width": 2, "zof_cursor_opa": 255, "zof_cursor_animtime": 400}
+    any_sign = [style(font="cn.ttf"), style(state=2, font="cn.ttf")]    # what Pinyin gives is in no small font
     c = p.card(16, 64, 248, 164, t("One line", "Eine Zeile", "单行"), "line_mode 0   p_holder_txt")
-    p.add("txtbox", 14, 24, 220, 46, name="line", parent=c, line_mode=0, max_txt_len=40, p_holder_txt=t("Your name", "Dein Name", "你的名字"), cursor_style_t=cursor)
+    p.add("txtbox", 14, 24, 220, 46, name="line", parent=c, line_mode=0, max_txt_len=40, p_holder_txt="Name · 名字", cursor_style_t=cursor,
+          styles=any_sign)
     c = p.card(276, 64, 248, 164, t("Several lines", "Mehrere Zeilen", "多行"), "line_mode 1   max_txt_len")
-    p.add("txtbox", 14, 12, 220, 96, name="lines", parent=c, line_mode=1, max_txt_len=200, init_txt="One\nTwo\nThree", cursor_style_t=cursor)
+    p.add("txtbox", 14, 12, 220, 96, name="lines", parent=c, line_mode=1, max_txt_len=200, init_txt="One\nTwo\nThree", cursor_style_t=cursor,
+          styles=any_sign)
     c = p.card(536, 64, 248, 164, t("Secret", "Geheim", "密码"), "pwd_mode_en   accept_txt")
     p.add("txtbox", 14, 24, 220, 46, name="secret", parent=c, line_mode=0, max_txt_len=12, pwd_mode_en=True, pwd_char_show_time=800,
           accept_txt="0123456789", init_txt="2026", cursor_style_t=cursor)
-    p.add("keyboard", 16, 240, 768, 230, name="keyboard", keyboard_spell=True, mode=0, popovers=True)
-    p.add("keyboard", 16, 240, 768, 230, name="pinyin", hidden=True, keyboard_spell=False, mode=0, cn_font_lib="cn.ttf", cn_font_size=18)
+    p.add("keyboard", 16, 266, 768, 206, name="keyboard", keyboard_spell=True, mode=0, popovers=True)
+    p.add("keyboard", 16, 266, 768, 206, name="pinyin", hidden=True, keyboard_spell=False, mode=0, cn_font_lib="cn.ttf", cn_font_size=18)
 
 
 def messages():
@@ -314,7 +321,7 @@ def messages():
             ("soon", t("Gone soon", "Gleich wieder weg", "自动关闭"), "zof_mbox_start_auto_close"))):
         c = p.card(16 + 260 * i, 64, 248, 140, title, keys)
         p.add("button", 44, 18, 160, 56, name=f"open_{name}", parent=c, txt=title)
-    p.add("mbox", 200, 210, 400, 190, name="ask", hidden=True, title=t("Switch the output on?", "Ausgang einschalten?", "打开输出？"),
+    p.add("mbox", 220, 230, 360, 150, name="ask", hidden=True, title=t("Switch the output on?", "Ausgang einschalten?", "打开输出？"),
           txt=t("20.00 V at up to 3.00 A.", "20,00 V mit bis zu 3,00 A.", "20.00 V，最大 3.00 A。"),
           btn_txt=[t("Yes", "Ja", "是"), t("No", "Nein", "否"), ""])
     p.add("mbox", 240, 230, 320, 110, name="tell", hidden=True, title="", txt=t("Nothing is connected.", "Nichts ist angeschlossen.", "未连接任何设备。"))
