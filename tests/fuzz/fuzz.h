@@ -1,6 +1,6 @@
-// What every fuzzer shares. Each file *_fuzz.cpp is one: it takes any bytes and must neither crash, hang nor leak. Built
-// by clang it is a program that looks for such bytes (./test fuzz); built by the tests it replays its seeds and all
-// inputs that ever made it fail.
+// What every fuzzer shares. Each file *_fuzz.cpp is one: it takes any bytes and must neither crash, hang nor leak.
+// Built by clang it is a program that looks for such bytes (./test fuzz); built by the tests it replays its seeds and
+// all inputs that ever made it fail.
 #ifndef FUZZ_H
 #define FUZZ_H
 

@@ -1,20 +1,35 @@
 // Frames and codec of the host protocol without a project: as fast as can be. The first byte chooses: the receive
 // handler with a series of messages, or one record of the codec there and back, or one frame built and read again.
-#include "hmi_line.h"
 #include "hmi/zof_hmi_sync.h"
+#include "hmi_line.h"
 #include "port/zof_host.h"
 
 enum { BUILD_MAX = 300 };
 
 static const zof_hmi_rec_t *const records[] = {
-    &zof_hmi_none_t_tbl,           &zof_hmi_one_s8_t_tbl,           &zof_hmi_one_u16_t_tbl,
-    &zof_hmi_one_s16_t_tbl,        &zof_hmi_one_u32_t_tbl,          &zof_hmi_one_s32_t_tbl,
-    &zof_hmi_one_str_t_tbl,        &zof_hmi_param_u8str_t_tbl,      &zof_hmi_param_u8u16_t_tbl,
-    &zof_hmi_param_u16str_t_tbl,   &zof_hmi_param_u16u16str_t_tbl,  &zof_hmi_param_u8u32_t_tbl,
-    &zof_hmi_param_u8u16u16_t_tbl, &zof_hmi_param_u16u16_t_tbl,     &zof_hmi_param_s16s16_t_tbl,
-    &zof_hmi_param_u16u32_t_tbl,   &zof_hmi_param_u8s16s16_t_tbl,   &zof_hmi_param_u32u16u8u8_t_tbl,
-    &zof_hmi_ctrl_id_t_tbl,        &zof_hmi_param_u16u16u16u16_t_tbl, &zof_hmi_param_u16u8u8u8u8_t_tbl,
-    &zof_hmi_stdby_t_tbl,          &zof_hmi_tabel_t_tbl,
+    &zof_hmi_none_t_tbl,
+    &zof_hmi_one_s8_t_tbl,
+    &zof_hmi_one_u16_t_tbl,
+    &zof_hmi_one_s16_t_tbl,
+    &zof_hmi_one_u32_t_tbl,
+    &zof_hmi_one_s32_t_tbl,
+    &zof_hmi_one_str_t_tbl,
+    &zof_hmi_param_u8str_t_tbl,
+    &zof_hmi_param_u8u16_t_tbl,
+    &zof_hmi_param_u16str_t_tbl,
+    &zof_hmi_param_u16u16str_t_tbl,
+    &zof_hmi_param_u8u32_t_tbl,
+    &zof_hmi_param_u8u16u16_t_tbl,
+    &zof_hmi_param_u16u16_t_tbl,
+    &zof_hmi_param_s16s16_t_tbl,
+    &zof_hmi_param_u16u32_t_tbl,
+    &zof_hmi_param_u8s16s16_t_tbl,
+    &zof_hmi_param_u32u16u8u8_t_tbl,
+    &zof_hmi_ctrl_id_t_tbl,
+    &zof_hmi_param_u16u16u16u16_t_tbl,
+    &zof_hmi_param_u16u8u8u8u8_t_tbl,
+    &zof_hmi_stdby_t_tbl,
+    &zof_hmi_tabel_t_tbl,
 };
 
 // What was read from the wire goes out as the same bytes.

@@ -19,12 +19,10 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     project.write("config/languages/de.g", R"({"hello": "hallo"})");
     project.image("red.png", 20, 20, 0xFF0000);
     project.image("blue.png", 20, 20, 0x0000FF);
-    const std::string font = R"({"style_part": 0, "style_state": 0, "style_sect": 0,
-                                 "txt_t": {"font_lib": "t.ttf", "font_size": 16, "opa": 255}})";
     project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
     for (u32 id : {1, 2}) { // those of the second view go and come with it
         auto controls = one_of_each("\"pub\": " + std::string(id == 2 ? "1" : "0"));
-        controls.push_back(ctrl(ZOF_CTRL_LABEL, 4, R"("txt": "with a font")", box(0, 0, 200, 20), font));
+        controls.push_back(ctrl(ZOF_CTRL_LABEL, 4, R"("txt": "with a font")", box(0, 0, 200, 20), text_style));
         project.view(id, controls);
     }
     project.open(320, 240);

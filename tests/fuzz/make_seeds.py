@@ -130,7 +130,7 @@ def example(tables, name, depth=0):
             value = example(tables, inner, depth + 1)
             out[key] = [value] if "ARRAY" in kind else value
         else:
-            out[key] = "#hello" if kind == "TEXT" else 1
+            out[key] = {"TEXT": "#hello", "BOOL": True}.get(kind, 1)
     return out
 
 

@@ -93,6 +93,7 @@ TEST_CASE("host link: a false head with a large length swallows no more than the
     usleep(4 * GAP_MS * 1000);
     CHECK(!line_has_bytes(p));
     pty_write(p.pty, bytes(300, 0));
+    usleep(4 * GAP_MS * 1000); // else the read would go the same way
     silent(p);
 }
 
@@ -119,8 +120,7 @@ TEST_CASE("host link: touches are reported as the flags ask, and those that wake
 // A write that is never answered; the read behind it, in its own message, comes back when it is done.
 static s8 view_write(panel &p, const bytes &payload) {
     pty_write(p.pty, set(payload));
-    usleep(4 * GAP_MS * 1000);
-    answers(p, get({0xB1, 0x06}), get({0xB1, 0x06, 1, 64, 0, 240}));
+    silent(p);
     return *(s8 *)ui_cmd_analys->reply_param;
 }
 

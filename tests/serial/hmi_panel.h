@@ -96,10 +96,13 @@ inline void answers(panel &p, const bytes &request, const bytes &answer) {
     CHECK(got == answer);
 }
 
-// Whether nothing is on its way: a read is answered by its own answer and nothing in front of it.
+// Waits until all that was sent is done, and sees that nothing of it was answered: a read of the graphics thread is
+// answered by its own answer and nothing in front of it. The byte ahead is the one that is lost where a frame follows
+// another without a silence.
 inline void silent(panel &p) {
-    usleep(3 * GAP_MS * 1000);
-    answers(p, get({0xB0, 0x01}), get({0xB0, 0x01, 0xAA, 0xBB}));
+    bytes read = get({0xB1, 0x06});
+    read.insert(read.begin(), 0x00);
+    answers(p, read, get({0xB1, 0x06, 1, 64, 0, 240}));
 }
 
 #endif
