@@ -203,10 +203,8 @@ static void answer(zof_hmi_cmd_analys_t *a, const zof_hmi_param_type_t *param, c
     }
 }
 
-s32 zof_hmi_cmd_rev_analys(zof_hmi_cmd_analys_t *a, const u8 *data, u32 size) {
-    if (zof_hmi_cmd_check_data(a, data, size) <= 0) {
-        return 0;
-    }
+// Executes a frame that has passed its check: checking costs more than all the rest, so it is done once.
+static s32 frame_run(zof_hmi_cmd_analys_t *a, const u8 *data) {
     const zof_hmi_frame_t frame = zof_hmi_frame_parse(a, data);
     if (frame.op > ZOF_HMI_OP_SET) {
         return -1;
@@ -236,6 +234,10 @@ s32 zof_hmi_cmd_rev_analys(zof_hmi_cmd_analys_t *a, const u8 *data, u32 size) {
         handler_run(a, param, frame.op);
     }
     return (s32)frame.total;
+}
+
+s32 zof_hmi_cmd_rev_analys(zof_hmi_cmd_analys_t *a, const u8 *data, u32 size) {
+    return zof_hmi_cmd_check_data(a, data, size) > 0 ? frame_run(a, data) : 0;
 }
 
 void zof_hmi_cmd_read_send(zof_hmi_cmd_analys_t *a, const u8 *type_key, void *type_param, const u8 *param_key,
@@ -285,19 +287,16 @@ void zof_hmi_cmd_ui_data_run(void) {
     const pipo_half *half = pipo_buff_get_pi_and_switch(ui_queue);
     // Only whole checked frames are in the queue, so the walk goes by their real lengths.
     for (u32 i = 0; i < half->len;) {
-        const s32 total = zof_hmi_cmd_check_data(ui_cmd_analys, half->data + i, half->len - i);
-        if (total <= 0) {
-            return;
-        }
-        zof_hmi_cmd_rev_analys(ui_cmd_analys, half->data + i, half->len - i);
-        i += (u32)total;
+        const u32 total = zof_hmi_frame_parse(ui_cmd_analys, half->data + i).total;
+        frame_run(ui_cmd_analys, half->data + i);
+        i += total;
     }
 }
 
 // Bytes to step on behind a checked frame of `total` bytes; the walk adds one to each step.
 static u32 frame_take(const u8 *data, u32 total) {
     if (zof_hmi_cmd_check_cmd(sys_cmd_analys, data)) {
-        return zof_hmi_cmd_rev_analys(sys_cmd_analys, data, total) >= 0 ? total : 0;
+        return frame_run(sys_cmd_analys, data) >= 0 ? total : 0;
     }
     if (zof_hmi_cmd_check_cmd(ui_cmd_analys, data)) {
         zof_hmi_cmd_ui_data_write(data, total);

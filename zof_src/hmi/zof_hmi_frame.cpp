@@ -8,15 +8,29 @@
 enum { LONG_FORM = 0x80, CRC_SIZE = 2, SHORT_MAX = 127, ODD_PAYLOAD = 128 };
 enum { LEN_MIN = 3 }; // code, type and parameter
 
-u16 zof_hmi_crc16(const u8 *data, u32 size) {
-    u32 crc = 0;
-    for (u32 i = 0; data && i < size; i++) {
-        crc ^= (u32)data[i] << 8;
+struct crc_table {
+    u16 of[256];
+};
+
+// What each byte does to the CRC.
+static constexpr crc_table crc_steps = [] {
+    crc_table table = {};
+    for (u32 byte = 0; byte < 256; byte++) {
+        u32 crc = byte << 8;
         for (u32 bit = 0; bit < 8; bit++) {
             crc = (crc << 1) ^ (crc & 0x8000 ? 0x1021 : 0);
         }
+        table.of[byte] = (u16)crc;
     }
-    return (u16)crc;
+    return table;
+}();
+
+u16 zof_hmi_crc16(const u8 *data, u32 size) {
+    u16 crc = 0;
+    for (u32 i = 0; data && i < size; i++) {
+        crc = (u16)(crc << 8 ^ crc_steps.of[crc >> 8 ^ data[i]]);
+    }
+    return crc;
 }
 
 // The length field of a frame whose first four bytes are there.
