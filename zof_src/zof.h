@@ -35,13 +35,15 @@
 
 #include "control/zof_ctrl.h"
 #include "control/zof_ctrl_create.h"
+#include "control/lv_animimg.h"
 #include "control/zof_image.h"
 #include "control/zof_input.h"
 #include "control/zof_list.h"
 #include "control/zof_table_chart.h"
 #include "control/zof_text.h"
-#include "control/zof_value.h"
+#include "control/zof_media.h"
 #include "control/zof_scrollcont.h"
+#include "control/zof_value.h"
 
 #include "func/zof_func.h"
 #include "func/zof_dir_copy.h"

@@ -7,6 +7,7 @@
 #include "control/zof_image.h"
 #include "control/zof_input.h"
 #include "control/zof_list.h"
+#include "control/zof_media.h"
 #include "control/zof_table_chart.h"
 #include "control/zof_scrollcont.h"
 #include "control/zof_text.h"
@@ -38,14 +39,14 @@ const zof_ctrl_class_t zof_ctrl_classes[] = {
     {ZOF_CTRL_TABLE, "table", zof_table_create, nullptr, zof_table_del},
     {ZOF_CTRL_SPINBOX, "spinbox", zof_spinbox_create},
     {ZOF_CTRL_IMG, "img", zof_img_create, zof_img_update_src},
-    {ZOF_CTRL_GIF, "gif"},
-    {ZOF_CTRL_QRCODE, "qrcode"},
-    {ZOF_CTRL_VIDEO, "video"},
+    {ZOF_CTRL_GIF, "gif", zof_gif_create},
+    {ZOF_CTRL_QRCODE, "qrcode", zof_QR_code_create},
+    {ZOF_CTRL_VIDEO, "video", zof_video_create},
     {ZOF_CTRL_KEYBOARD, "keyboard", zof_keyboard_create},
     {ZOF_CTRL_TILE, "tile", zof_tile_create},
     {ZOF_CTRL_SKETCHPAD, "sketchpad"},
     {ZOF_CTRL_BTNMATRIX, "btnmatrix", zof_btnmatrix_create, nullptr, zof_btnmatrix_del},
-    {ZOF_CTRL_ANIMIMG, "animimg"},
+    {ZOF_CTRL_ANIMIMG, "animimg", zof_animimg_create},
     {ZOF_CTRL_SCROLLCONT, "scrollcont", zof_scrollcont_create},
     {ZOF_CTRL_SCROLLCONT_OBJ, "scrollcont_obj", zof_scrollcont_obj_create},
 };

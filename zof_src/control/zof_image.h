@@ -26,6 +26,9 @@ s32 zof_img_set_pivot(zof_ctrl_t *ctrl, s32 x, s32 y);
 // 1 for a text that can be a path: its first character is printing ASCII.
 s32 zof_img_get_src_type(const char *text);
 
+// Says once of each path that there is no picture behind it; with null, that none is named.
+void zof_img_missing(const char *path);
+
 // Image buttons. `state`: 0 released, 1 pressed, 2 disabled, 3 checked, 4 checked pressed, 5 checked disabled; others
 // give -1. Texts as for buttons.
 s32 zof_imgbtn_create(para_t *record, lv_obj_t *parent, void *attr);

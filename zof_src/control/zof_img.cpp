@@ -4,6 +4,7 @@
 #include "project/zof_lang.h"
 #include "project/zof_res.h"
 #include "project/zof_style.h"
+#include "zof_lib/zof_stdio.h"
 
 enum { IMG_NATURAL, IMG_CENTRED, IMG_TILED };
 
@@ -39,11 +40,32 @@ s32 zof_img_create(para_t *record, lv_obj_t *parent, void *attr) {
     return 0;
 }
 
+// Of pictures that change all the time, such as a sequence's, one line must not become thousands.
+void zof_img_missing(const char *path) {
+    enum { TOLD_MAX = 64 };
+    static struct {
+        u32 hash[TOLD_MAX];
+        u32 count;
+    } told;
+    const char *text = path ? path : "a picture without a name";
+    u32 hash = 2166136261u; // FNV-1a
+    for (const char *c = text; *c; c++)
+        hash = (hash ^ (u8)*c) * 16777619u;
+    for (u32 known : told.hash) {
+        if (known == hash)
+            return;
+    }
+    told.hash[told.count++ % TOLD_MAX] = hash;
+    zof_printf("%s: cannot be read", text);
+}
+
 s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name) {
     return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) {
         const char *path = zof_res_path_check(zof_lang_get_cur_str(name), "image/");
         bool is_file = zof_img_get_src_type(path) == 1;
         lv_img_set_src(obj, is_file ? path : nullptr);
+        if (is_file && ((lv_img_t *)obj)->w == 0)
+            zof_img_missing(path);
         if (is_file)
             return;
         // Of no image LVGL keeps the former size, and paints "No data" there.

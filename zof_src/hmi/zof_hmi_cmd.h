@@ -71,6 +71,9 @@ enum {
     ZOF_CTRL_DROPLIST_PARAM_COUNT = 4,
     ZOF_CTRL_ROLLIST_PARAM_COUNT = 3,
     ZOF_CTRL_KEYBOARD_PARAM_COUNT = 2,
+    ZOF_CTRL_GIF_PARAM_COUNT = 3,
+    ZOF_CTRL_QRCODE_PARAM_COUNT = 1,
+    ZOF_CTRL_VIDEO_PARAM_COUNT = 5,
     ZOF_CTRL_SPINBOX_PARAM_COUNT = 3,
     ZOF_CTRL_TABLE_PARAM_COUNT = 4,
     ZOF_CTRL_BTNM_PARAM_COUNT = 6
@@ -95,6 +98,9 @@ extern const zof_hmi_param_type_t zof_ctrl_list_params[ZOF_CTRL_LIST_PARAM_COUNT
 extern const zof_hmi_param_type_t zof_ctrl_droplist_params[ZOF_CTRL_DROPLIST_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_rollist_params[ZOF_CTRL_ROLLIST_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_keyboard_params[ZOF_CTRL_KEYBOARD_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_gif_params[ZOF_CTRL_GIF_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_qrcode_params[ZOF_CTRL_QRCODE_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_video_params[ZOF_CTRL_VIDEO_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_spinbox_params[ZOF_CTRL_SPINBOX_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_table_params[ZOF_CTRL_TABLE_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_btnm_params[ZOF_CTRL_BTNM_PARAM_COUNT];

@@ -278,6 +278,7 @@ typedef struct {
     zof_bool play_en;
     u16 num;
 } zof_gif_attr_t;
+    u16 plays; // no key: how often it plays from a restart on, 0 for ever
 
 typedef struct {
     zof_pub_attr_t pub_t;
@@ -335,6 +336,7 @@ typedef struct {
     u16 start_id;
     u16 end_id;
 } zof_animimg_attr_t;
+    u32 play_mark; // no key: 2 while paused by the program, else 0
 
 typedef struct {
     zof_pub_attr_t pub_t;

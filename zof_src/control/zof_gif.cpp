@@ -1,0 +1,100 @@
+// GIFs. The decoder counts a loop count down and forgets it; how often a GIF is to play is kept here, and so is what
+// its timer does at the end.
+#include "control/zof_ctrl_in.h"
+#include "control/zof_image.h"
+#include "control/zof_media.h"
+#include "project/zof_res.h"
+
+// Runs `fn` on the decoder and timer of a GIF that has a picture. Without one there is nothing to be done.
+template <typename F> static s32 on_gif(zof_ctrl_t *ctrl, F &&fn) {
+    return zof_on(ctrl, &lv_gif_class, [&](lv_obj_t *obj) {
+        lv_gif_t *gif = (lv_gif_t *)obj;
+        if (gif->gif)
+            fn(gif);
+        return 0;
+    });
+}
+
+// 0 plays for ever, for the decoder too. It takes the count of a file only once, and this one in its place.
+static void plays_set(lv_gif_t *gif, u16 plays) {
+    gif->gif->loop_count = plays;
+    gif->gif->loop_known = 1;
+}
+
+static void rewind_and_play(lv_gif_t *gif) {
+    lv_gif_restart(&gif->img.obj);
+    gif->gif->gce.delay = 0; // the first picture now, not when the one on the screen has had its time
+    lv_timer_resume(gif->timer);
+    lv_timer_reset(gif->timer);
+}
+
+static void event_played_out(lv_event_t *e) {
+    lv_gif_t *gif = (lv_gif_t *)lv_event_get_current_target(e);
+    lv_timer_pause(gif->timer);
+}
+
+// The count of a source that has just been set becomes the control's.
+static void src_set(lv_obj_t *obj, const char *name) {
+    const char *path = zof_res_path_check(name, "image/");
+    lv_gif_t *gif = (lv_gif_t *)obj;
+    // LVGL takes a text that begins with a control character for a picture in memory.
+    lv_gif_set_src(obj, zof_img_get_src_type(path) == 1 ? path : nullptr);
+    if (!gif->gif) {
+        zof_img_missing(path);
+        return;
+    }
+    zof_gif_attr_t *attr = zof_ctrl_attr<zof_gif_attr_t>(obj, ZOF_CTRL_GIF);
+    if (attr)
+        attr->plays = gif->gif->loop_count;
+}
+
+s32 zof_gif_create(para_t *record, lv_obj_t *parent, void *attr) {
+    auto *own = (zof_gif_attr_t *)attr;
+    if (!record || !own)
+        return -1;
+    lv_obj_t *obj = record->obj = lv_gif_create(parent);
+    if (!obj)
+        return -1;
+    lv_obj_add_event_cb(obj, event_played_out, LV_EVENT_READY, nullptr);
+    src_set(obj, own->init_gif);
+    lv_obj_set_pos(obj, own->pub_t.pt.x, own->pub_t.pt.y);
+    zof_ctrl_set_hidden(obj, own->pub_t.hidden);
+    zof_obj_flag_set(obj, LV_OBJ_FLAG_CLICKABLE, own->pub_t.t_mode != 0);
+    return on_gif(obj, [&](lv_gif_t *gif) {
+        own->plays = own->num ? own->num : gif->gif->loop_count;
+        plays_set(gif, own->plays);
+        if (!own->play_en)
+            lv_timer_pause(gif->timer);
+    });
+}
+
+s32 zof_gif_reset_play(zof_ctrl_t *ctrl) {
+    const auto *attr = zof_ctrl_attr<zof_gif_attr_t>(ctrl, ZOF_CTRL_GIF);
+    return on_gif(ctrl, [=](lv_gif_t *gif) {
+        if (attr)
+            plays_set(gif, attr->plays);
+        rewind_and_play(gif);
+    });
+}
+
+s32 zof_gif_pause(zof_ctrl_t *ctrl) {
+    return on_gif(ctrl, [](lv_gif_t *gif) { lv_timer_pause(gif->timer); });
+}
+
+s32 zof_gif_resume(zof_ctrl_t *ctrl) {
+    return on_gif(ctrl, [](lv_gif_t *gif) { lv_timer_resume(gif->timer); });
+}
+
+s32 zof_gif_play_count(zof_ctrl_t *ctrl, u16 n) {
+    auto *attr = zof_ctrl_attr<zof_gif_attr_t>(ctrl, ZOF_CTRL_GIF);
+    return on_gif(ctrl, [=](lv_gif_t *gif) {
+        if (attr)
+            attr->plays = n;
+        plays_set(gif, n);
+        rewind_and_play(gif);
+    });
+}
+
+s32 zof_gif_set_src(zof_ctrl_t *ctrl, const char *name) {
+    return zof_on(ctrl, &lv_gif_class, [=](lv_obj_t *obj) { src_set(obj, name); });
+}

@@ -1,0 +1,67 @@
+// Video and sound: names become paths, the rest is the drivers'.
+#include <string.h>
+
+#include "control/zof_ctrl_in.h"
+#include "control/zof_media.h"
+#include "drv/zof_drv_audio.h"
+#include "drv/zof_drv_video.h"
+#include "project/zof_res.h"
+
+s32 zof_video_create(para_t *record, lv_obj_t *parent, void *attr) {
+    const auto *video = (const zof_video_attr_t *)attr;
+    if (!record || !video)
+        return -1;
+    lv_obj_t *obj = record->obj = zof_drv_video_create(parent);
+    if (!obj)
+        return -1;
+    const zof_pub_attr_t *pub = &video->pub_t;
+    memset(&obj->coords, 0, sizeof(obj->coords));
+    lv_obj_set_user_data(obj, record);
+    zof_drv_video_set_pos(obj, pub->pt.x, pub->pt.y, (u32)pub->size.width, (u32)pub->size.height);
+    zof_drv_video_set_volum(obj, video->volume);
+    zof_drv_video_set_state(obj, video->state);
+    zof_drv_video_set_one_replay(obj, video->play_en);
+    return 0;
+}
+
+s32 zof_video_set_src(zof_ctrl_t *ctrl, const char *name) {
+    if (!IsMp4File(name))
+        return -1;
+    return zof_on(ctrl, [=](lv_obj_t *obj) { return zof_drv_video_set_src(obj, zof_res_path_check(name, "video/")); });
+}
+
+s32 zof_video_set_pos(zof_ctrl_t *ctrl, u16 x, u16 y, u16 width, u16 height) {
+    return zof_on(ctrl, [=](lv_obj_t *obj) { return zof_drv_video_set_pos(obj, x, y, width, height); });
+}
+
+s32 zof_video_set_volum(zof_ctrl_t *ctrl, u8 volume) {
+    return zof_on(ctrl, [=](lv_obj_t *obj) { return zof_drv_video_set_volum(obj, volume); });
+}
+
+s32 zof_video_set_state(zof_ctrl_t *ctrl, u32 state) {
+    return zof_on(ctrl, [=](lv_obj_t *obj) { return zof_drv_video_set_state(obj, state); });
+}
+
+s32 zof_video_set_one_replay(zof_ctrl_t *ctrl, zof_bool replay) {
+    return zof_on(ctrl, [=](lv_obj_t *obj) { return zof_drv_video_set_one_replay(obj, replay); });
+}
+
+s32 zof_video_get_state(zof_ctrl_t *ctrl) {
+    return zof_on(ctrl, zof_drv_video_get_state);
+}
+
+s32 zof_audio_set_src(const char *name) {
+    return zof_drv_audio_set_src(zof_res_path_check(name, "sound/"));
+}
+
+s32 zof_audio_set_state(u32 state) {
+    return zof_drv_audio_set_state(state);
+}
+
+s32 zof_audio_get_state(void) {
+    return zof_drv_audio_get_state();
+}
+
+s32 zof_audio_set_volum(u8 volume) {
+    return zof_drv_audio_set_volum(volume);
+}
