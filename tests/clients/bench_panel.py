@@ -5,9 +5,11 @@ usage: bench_panel.py BUILD_FOLDER      starts both and prints the path of the h
 """
 from __future__ import annotations
 
+import contextlib
 import json
 import os
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -45,36 +47,40 @@ class BenchPanel:
         link = f"{self._folder.name}/board"
         hidden = {} if self._window else {"SDL_VIDEODRIVER": "offscreen", "SDL_AUDIODRIVER": "dummy"}
         env = dict(os.environ, ZOF_SCRIPT=str(self._script), ZOF_COM5=self.line.panel, ZOF_COM6=link, **hidden)
-        self._panel = subprocess.Popen([self.build / "panel" / "zof_bench"], cwd=self._folder.name, env=env,
+        self.panel = subprocess.Popen([self.build / "panel" / "zof_bench"], cwd=self._folder.name, env=env,
                                        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         self._logger = threading.Thread(target=self._read_log, daemon=True)
         self._logger.start()
 
     def stop(self) -> None:
-        if self._panel.poll() is not None:
-            print("the panel ended by itself:", *self.log[-20:], sep="\n", file=sys.stderr)
-        self._panel.kill()
-        self._panel.wait()
+        """Fails when the panel has ended by itself, or has said what a sanitizer says."""
+        ended = self.panel.poll() is not None
+        self.panel.kill()
+        self.panel.wait()
         self._logger.join()
-        self._panel.stdout.close()
+        self.panel.stdout.close()
+        if ended or any("Sanitizer" in line or "runtime error" in line for line in self.log):
+            raise AssertionError("the panel is not well:\n" + "".join(self.log[-80:]))
 
     def open(self, **more) -> Panel:
         """Answers may take long under sanitizers."""
-        return Panel.open(self.line.host, project=str(self.project), timeout_ms=more.pop("timeout_ms", 5000), **more)
+        return Panel.open(self.line.host, project=self.project, timeout_ms=more.pop("timeout_ms", 5000), **more)
 
     def __enter__(self) -> BenchPanel:
         return self
 
     def __exit__(self, *_: object) -> None:
-        self.stop()
-        if self._board:
-            self._board.kill()
-            self._board.wait()
-        self.line.close()
-        self._folder.cleanup()
+        try:
+            self.stop()
+        finally:
+            if self._board:
+                self._board.kill()
+                self._board.wait()
+            self.line.close()
+            self._folder.cleanup()
 
     def _read_log(self) -> None:
-        for text in self._panel.stdout:
+        for text in self.panel.stdout:
             if text.startswith("1/16:"):
                 self.moves.append(time.monotonic())
             self.log.append(text)
@@ -92,10 +98,10 @@ class BenchPanel:
 if __name__ == "__main__":
     if len(sys.argv) != 2:
         sys.exit(__doc__)
+    for number in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, signal.default_int_handler)
     display = "DISPLAY" in os.environ or "WAYLAND_DISPLAY" in os.environ
-    with BenchPanel(sys.argv[1], board=True, window=display) as bench:
-        print(f"python3 -m zof_host --port {bench.line.host} --project {bench.project} get view.size", flush=True)
-        try:
-            bench._panel.wait()
-        except KeyboardInterrupt:
-            pass
+    with contextlib.suppress(AssertionError, KeyboardInterrupt):  # ending it is the user's right
+        with BenchPanel(sys.argv[1], board=True, window=display) as bench:
+            print(f"python3 -m zof_host --port {bench.line.host} --project {bench.project} get view.size", flush=True)
+            bench.panel.wait()

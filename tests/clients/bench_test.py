@@ -103,7 +103,9 @@ class Bench(unittest.TestCase):
             luck = dice.random()
             if luck < 0.01:
                 return data[:-1]
-            return b"\xAA\x55\x7F" + data if luck < 0.02 else bytes([data[0] ^ 0x10]) + data[1:] if luck < 0.03 else data
+            if luck < 0.02:
+                return b"\xAA\x55\x7F" + data
+            return bytes([data[0] ^ 0x10]) + data[1:] if luck < 0.03 else data
 
         bench.line.taint = taint
         for length in [*range(112, 123), 300]:

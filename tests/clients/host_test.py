@@ -15,7 +15,7 @@ sys.path.insert(0, str(SOURCE / "clients" / "python"))
 from zof_host import (LineLost, NoAnswer, NotTaken, Panel, PanelError, PowerOn, Refused, Settings, Touch,  # noqa: E402
                       TouchState, rows)
 from zof_host.catalogue import ROWS, row_of, words  # noqa: E402
-from zof_host.frame import READ, WRITE, Frame, Noise, Parser, build, crc16  # noqa: E402
+from zof_host.frame import READ, WRITE, Frame, Parser, build, crc16  # noqa: E402
 from zof_host.row import decode, encode  # noqa: E402
 
 HEAD = bytes([0x5A, 0xA5])
@@ -61,8 +61,8 @@ class Codec(unittest.TestCase):
             for end in (0, 1):
                 value = row.make(*[ends[kind][end] for _, kind in row.value])
                 self.assertEqual(row.decode_value(row.encode_value(value)), value)
-        for fields, value in (([("a", "u8")], 256), ([("a", "s16")], "1"), ([("a", "text")], 1), ([("a", "text")], "\0")):
-            self.assertRaisesRegex(ValueError, "^a", encode, fields, [value])
+        for kind, value in (("u8", 256), ("s16", "1"), ("text", 1), ("text", "\0")):
+            self.assertRaisesRegex(ValueError, "^a", encode, [("a", kind)], [value])
         self.assertRaises(TypeError, rows.LABEL_TEXT.key, 1, None, {})
         self.assertRaises(TypeError, rows.VIEW_SIZE.key, 1, 2, {})
 
@@ -167,7 +167,8 @@ class Requests(unittest.TestCase):
         self.assertEqual(panel.read(rows.CONTROL_WIDTH, view=1, control=7), 0)
         self.assertEqual(len(fake.frames), 3)
         panel, fake = self.panel(lambda *_: [])
-        with self.assertRaisesRegex(NoAnswer, r"read label.text of view 1, control 5 after \d\.\d\d s and 3 tries.*answers nothing"):
+        said = r"read label.text of view 1, control 5 after \d\.\d\d s and 3 tries.*answers nothing"
+        with self.assertRaisesRegex(NoAnswer, said):
             panel.read(rows.LABEL_TEXT, view=1, control=5)
         panel, fake = self.panel(lambda f, frame: [] if frame.payload[0] == 0xB2 else store()(f, frame))
         with self.assertRaisesRegex(NoAnswer, "silent about this") as caught:
@@ -187,7 +188,7 @@ class Requests(unittest.TestCase):
         self.assertEqual(panel.read(rows.SYSTEM_REBOOT), 0xAABB)
         self.assertIsNone(panel.event(0.1))
         # An answer that is too late for its own read is not that to the next one, which asks behind a write.
-        keep, held, key = store(), [], rows.SLIDER_VALUE.code + bytes([0, 1, 0, 7])
+        keep, held = store(), []
 
         def behind(fake, frame):
             answers = keep(fake, frame)
@@ -218,7 +219,8 @@ class Requests(unittest.TestCase):
                                  "read system.touch_config"])
         # A value that is not taken is written again, for it may have been lost; a count never, for it may have arrived.
         panel, fake = self.panel(lambda f, frame: store()(f, frame) if frame.op == READ else [])
-        self.assertRaisesRegex(NotTaken, "wrote 42, the panel has 0", panel.write, rows.SLIDER_VALUE, 42, view=1, control=7)
+        with self.assertRaisesRegex(NotTaken, "wrote 42, the panel has 0"):
+            panel.write(rows.SLIDER_VALUE, 42, view=1, control=7)
         self.assertEqual([f.op for f in fake.frames], [WRITE, READ] * 3)
         panel, fake = self.panel(lambda f, frame: [])
         self.assertRaises(NoAnswer, panel.write, rows.SPIN_BOX_COUNT, 1, view=1, control=7)
@@ -270,7 +272,8 @@ class Requests(unittest.TestCase):
         self.assertRaisesRegex(LineLost, "closed", panel.read, rows.VIEW_SIZE)
 
     def test_many_threads_get_their_own_answers(self) -> None:
-        panel, _ = self.panel(store(kept={rows.SLIDER_VALUE.code + bytes([0, 1, 0, i]): bytes([0, i]) for i in range(8)}))
+        kept = {rows.SLIDER_VALUE.code + bytes([0, 1, 0, i]): bytes([0, i]) for i in range(8)}
+        panel, _ = self.panel(store(kept=kept))
         wrong = []
 
         def work(i: int) -> None:

@@ -45,10 +45,9 @@ class Run:
 
     def write_all(self, panel: Panel) -> None:
         for i in range(self.writes):
-            if i % 2:
-                self.timed("write", lambda: panel.write(rows.LABEL_TEXT, f"{i} " + "x" * (i % 150), view=1, control=SESSION))
-            else:
-                self.timed("write", lambda: panel.write(rows.SLIDER_VALUE, 10 + i // 2 % 91, view=4, control=BRIGHTNESS))
+            text, value = f"{i} " + "x" * (i % 150), 10 + i // 2 % 91
+            self.timed("write", (lambda: panel.write(rows.LABEL_TEXT, text, view=1, control=SESSION)) if i % 2 else
+                                (lambda: panel.write(rows.SLIDER_VALUE, value, view=4, control=BRIGHTNESS)))
 
     def read_all(self, panel: Panel) -> None:
         asked = [(lambda: panel.read(rows.VIEW_SIZE), (800, 480)), (lambda: panel.read(rows.SYSTEM_TOUCH_CONFIG), 0x30),
@@ -84,8 +83,8 @@ class Run:
             panel.write(rows.SYSTEM_TOUCH_CONFIG, 0x30)
             panel.write(rows.LABEL_TEXT, "go", view=1, control=SESSION)
             begin = time.monotonic()
-            work = [threading.Thread(target=self.write_all, args=(panel,)), threading.Thread(target=self.read_all, args=(panel,)),
-                    threading.Thread(target=self.touch_all, args=(panel, bench.moves))]
+            work = [threading.Thread(target=kind, args=(panel, *more)) for kind, *more in
+                    ((self.write_all,), (self.read_all,), (self.touch_all, bench.moves))]
             for thread in work:
                 thread.start()
             for thread in work:
@@ -94,12 +93,12 @@ class Run:
 
     def report(self, took_s: float, panel: Panel) -> None:
         done = {kind: len(times) for kind, times in self.took.items()}
-        print(f"{sum(done.values())} operations in {took_s:.1f} s: " + ", ".join(f"{n} {kind}{'es' if kind == 'touch' else 's'}" for kind, n in done.items()))
+        print(f"{sum(done.values())} in {took_s:.1f} s, by kind: {done}")
         print("milliseconds      min  median     99 %     max")
         for kind, times in self.took.items():
             ms = sorted(1000 * t for t in times) or [0.0]
             print(f"{kind:12}{ms[0]:9.1f}{ms[len(ms) // 2]:8.1f}{ms[len(ms) * 99 // 100]:9.1f}{ms[-1]:8.1f}")
-        print(f"lost: {len(self.failures)}; requests asked again: {panel.counts['repeats']}; noise: {panel.counts['noise']}")
+        print(f"lost: {len(self.failures)}; asked again: {panel.counts['repeats']}; noise: {panel.counts['noise']}")
 
 
 def main() -> int:

@@ -11,6 +11,7 @@ import threading
 import time
 from collections import Counter, deque
 from dataclasses import dataclass, field, replace
+from pathlib import Path
 from typing import Any, Callable, Iterator, TypeVar, Union
 
 from . import rows
@@ -101,10 +102,10 @@ class Panel:
     @classmethod
     def open(cls, device: str, baud: int | None = None, *, head: tuple[int, int] | None = None, crc: bool | None = None,
              silence_ms: int | None = None, queue_bytes: int | None = None, timeout_ms: int = 1000, tries: int = 3,
-             project: Project | str | None = None, trace: Trace | None = None) -> Panel:
+             project: Project | str | Path | None = None, trace: Trace | None = None) -> Panel:
         """A panel on a serial port. What is not given is as in the project's `zofhmi.g`, and without a project as in
         `Settings`."""
-        known = Project(project) if isinstance(project, str) else project
+        known = Project(project) if isinstance(project, (str, Path)) else project
         given = {"baud": baud, "head": head, "crc": crc, "silence_ms": silence_ms, "queue_bytes": queue_bytes}
         changes: dict[str, Any] = {name: value for name, value in given.items() if value is not None}
         settings = replace(known.settings if known else Settings(), **changes)
@@ -226,7 +227,7 @@ class Panel:
         raise NoAnswer(what, waited, tries, alive)
 
     def _late_let_pass(self, row: Row[Any], key: bytes) -> None:
-        """Answers to earlier tries may still come, and with a value from before: another row is asked first, whose answer
+        """Answers to earlier tries may still come, with a value from before: another row is asked first, whose answer
         comes behind them all."""
         with self._lock:
             late = self._late.pop(key, 0)

@@ -87,7 +87,8 @@ def _view(folder: Path, entry: dict[str, Any]) -> View:
 def _settings(hmi: dict[str, Any]) -> Settings:
     uart = hmi.get("uart", {})
     speed = uart.get("speed_e", 0)
-    return Settings(baud=SPEEDS[speed] if speed < len(SPEEDS) else speed, head=(hmi.get("head_fh", 0), hmi.get("head_fl", 0)),
-                    crc=bool(hmi.get("crc_en", 0)), silence_ms=hmi.get("timeout", 0),
+    return Settings(baud=SPEEDS[speed] if speed < len(SPEEDS) else speed,
+                    head=(hmi.get("head_fh", 0), hmi.get("head_fl", 0)), crc=bool(hmi.get("crc_en", 0)),
+                    silence_ms=hmi.get("timeout", 0),
                     queue_bytes=hmi.get("buffsize", 0) + QUEUE_MORE, bits=8 if uart.get("bit_e", 0) else 7,
                     parity="NOE"[uart.get("parity_e", 0)], stop_bits=2 if uart.get("stop_e", 0) else 1)
