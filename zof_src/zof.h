@@ -10,6 +10,7 @@
 #include "zof_lib/zof_util.h"
 
 #include "drv/zof_drv.h"
+#include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_beep.h"
 #include "drv/zof_drv_disp.h"
 #include "drv/zof_drv_file.h"
@@ -17,6 +18,7 @@
 #include "drv/zof_drv_rtc.h"
 #include "drv/zof_drv_touch.h"
 #include "drv/zof_drv_uart.h"
+#include "drv/zof_drv_video.h"
 #include "drv/zof_drv_wdt.h"
 #include "drv/zof_pipo_buff.h"
 
@@ -33,16 +35,18 @@
 #include "project/zof_ver.h"
 #include "project/zof_view.h"
 
+#include "control/lv_animimg.h"
+#include "control/lv_sketchpad.h"
 #include "control/zof_ctrl.h"
 #include "control/zof_ctrl_create.h"
-#include "control/lv_animimg.h"
 #include "control/zof_image.h"
 #include "control/zof_input.h"
 #include "control/zof_list.h"
-#include "control/zof_table_chart.h"
-#include "control/zof_text.h"
 #include "control/zof_media.h"
 #include "control/zof_scrollcont.h"
+#include "control/zof_sketchpad.h"
+#include "control/zof_table_chart.h"
+#include "control/zof_text.h"
 #include "control/zof_value.h"
 
 #include "func/zof_func.h"

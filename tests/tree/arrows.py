@@ -19,7 +19,7 @@ MAY = {
     "hmi": {"func", "control", "project", "drv", "zof_lib"},
 }
 FREE = {"zof.h", "zof_start.h", "zof_start.cpp", "zof_wiring.cpp"}      # the face, the start and the wiring see all
-SYSTEM = re.compile(r"^(SDL|windows|unistd|fcntl|termios|dirent|poll|pthread|sys/|asm/|linux/)")
+SYSTEM = re.compile(r"^(SDL|libav|libsw|windows|unistd|fcntl|termios|dirent|poll|pthread|sys/|asm/|linux/)")
 
 faults = []
 for path in sorted((TOP / "zof_src").rglob("*.[ch]*")):

@@ -1,6 +1,8 @@
 #include "hmi/zof_hmi_tone.h"
 
+#include "control/zof_media.h"
 #include "drv/zof_drv.h"
+#include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_beep.h"
 #include "drv/zof_drv_touch.h"
 #include "project/zof_prj.h"
@@ -46,11 +48,8 @@ void zof_hmi_tone_on(u16 time) {
         zof_beep_on(time);
         return;
     }
-    static bool told;
-    if (!told) {
-        zof_printf("tone %s: playing sound files is not built yet; it is silent",
-                   hw->tone_t.sound ? hw->tone_t.sound : "(no file)");
-        told = true;
+    if (zof_audio_set_src(hw->tone_t.sound) == 0) {
+        zof_audio_set_state(ZOF_MEDIA_PLAY);
     }
 }
 

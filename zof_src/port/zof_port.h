@@ -16,6 +16,10 @@ void win_touch_init(void);
 void win_uart_init(void);
 void win_rtc_init(void);
 void win_gpio_init(void);
+void win_video_init(void);
+void win_audio_init(void);
+// LVGL's decoder of PNG and JPEG files by FFmpeg, in front of its own; FFmpeg's log is shut.
+void zof_ffmpeg_init(void);
 void win_aid_init(void);
 
 // Size of the picture in pixels, set by win_disp_init before sdl_init.
@@ -40,6 +44,20 @@ void sdl_event_handler(lv_timer_t *timer);
 void zof_win_set_dis_bright(u8 level);
 // The factor that is in force, 0 to 255; for tests.
 u8 sdl_bright_get(void);
+
+// True while this file is the sound that plays, or played last.
+zof_bool win_audio_src_is(const char *path);
+
+// The player of clips: an image whose pixels a timer renews. `set_src` gives 1, or 0 and there is no picture. The
+// clip is scaled to the object's size at that moment. Commands are ZOF_MEDIA_*; without a clip they do nothing.
+lv_obj_t *lv_ffmpeg_player_create(lv_obj_t *parent);
+u32 lv_ffmpeg_player_set_src(lv_obj_t *player, const char *path);
+void lv_ffmpeg_player_set_cmd(lv_obj_t *player, u32 command);
+void lv_ffmpeg_player_set_auto_restart(lv_obj_t *player, zof_bool restart);
+zof_bool lv_ffmpeg_player_runs(lv_obj_t *player);
+extern const lv_obj_class_t lv_ffmpeg_player_class;
+// The frames that a file says it has; -1 when it cannot be opened.
+s32 lv_ffmpeg_get_frame_num(const char *path);
 
 // The picture that the window shows, 0x??RRGGBB (the top byte is not kept), width x height; null before the window is
 // open. Undimmed. For screenshots; owned by the window.

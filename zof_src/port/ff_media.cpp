@@ -1,0 +1,237 @@
+// Opening media files with nothing but our own reading under FFmpeg, and within bounds.
+#include "port/ff_media.h"
+
+#include <stdio.h>
+#include <string.h>
+#include <strings.h>
+
+#include "lvgl.h"
+#include "zof_lib/zof_stdio.h"
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+enum { IO_BLOCK = 32768, STREAMS_MOST = 16, PROBE_BYTES = 1 << 20, LOOK_US = 2000000, FOREIGN_PACKETS = 4000 };
+enum { RATE_MOST = 192000, CHANNELS_MOST = 8 };
+
+// The one demuxer for each name: a file is what it is called, and is not guessed at.
+static const struct {
+    const char *extension, *demuxer;
+} demuxers[] = {{".mp4", "mov"},      {".mp3", "mp3"},       {".aac", "aac"},
+                {".png", "png_pipe"}, {".jpg", "jpeg_pipe"}, {".jpeg", "jpeg_pipe"}};
+
+static const AVInputFormat *demuxer_of(const char *extension) {
+    for (const auto &row : demuxers) {
+        if (extension && strcasecmp(extension, row.extension) == 0) {
+            return av_find_input_format(row.demuxer);
+        }
+    }
+    return nullptr;
+}
+
+ff_source ff_source_host(const char *path) {
+    FILE *file = path ? fopen(path, "rb") : nullptr;
+    if (!file) {
+        return {};
+    }
+    fseek(file, 0, SEEK_END);
+    const s64 size = ftell(file);
+    fseek(file, 0, SEEK_SET);
+    return {file, [](void *h, u8 *buf, int n) { return (int)fread(buf, 1, (size_t)n, (FILE *)h); },
+            [](void *h, s64 pos) { return (s64)fseek((FILE *)h, pos, SEEK_SET); }, [](void *h) { fclose((FILE *)h); },
+            size};
+}
+
+ff_source ff_source_lvgl(const char *path) {
+    auto *file = (lv_fs_file_t *)zof_malloc(sizeof(lv_fs_file_t));
+    if (!file || lv_fs_open(file, path, LV_FS_MODE_RD) != LV_FS_RES_OK) {
+        zof_free(file);
+        return {};
+    }
+    u32 size = 0;
+    lv_fs_seek(file, 0, LV_FS_SEEK_END);
+    lv_fs_tell(file, &size);
+    lv_fs_seek(file, 0, LV_FS_SEEK_SET);
+    return {file,
+            [](void *h, u8 *buf, int n) {
+                u32 got = 0;
+                return lv_fs_read((lv_fs_file_t *)h, buf, (u32)n, &got) == LV_FS_RES_OK ? (int)got : -1;
+            },
+            [](void *h, s64 pos) {
+                return lv_fs_seek((lv_fs_file_t *)h, (u32)pos, LV_FS_SEEK_SET) == LV_FS_RES_OK ? (s64)0 : (s64)-1;
+            },
+            [](void *h) {
+                lv_fs_close((lv_fs_file_t *)h);
+                zof_free(h);
+            },
+            size};
+}
+
+static bool is_stopped(const ff_media *m) {
+    return m->stop && *m->stop;
+}
+
+static int io_read(void *opaque, u8 *buf, int size) {
+    auto *m = (ff_media *)opaque;
+    const int n = is_stopped(m) ? 0 : m->source.read(m->source.handle, buf, size);
+    if (n <= 0) {
+        return AVERROR_EOF;
+    }
+    m->at += n;
+    return n;
+}
+
+static s64 io_seek(void *opaque, s64 offset, int whence) {
+    auto *m = (ff_media *)opaque;
+    if (whence & AVSEEK_SIZE) {
+        return m->source.size;
+    }
+    const int from = whence & ~AVSEEK_FORCE;
+    const s64 base = from == SEEK_CUR ? m->at : from == SEEK_END ? m->source.size : 0;
+    if (offset < -base || offset > m->source.size - base || m->source.seek(m->source.handle, base + offset) != 0) {
+        return AVERROR(EINVAL);
+    }
+    m->at = base + offset;
+    return m->at;
+}
+
+static int io_refuse(AVFormatContext *, AVIOContext **, const char *, int, AVDictionary **) {
+    return AVERROR(EACCES);
+}
+
+static int io_interrupted(void *opaque) {
+    return is_stopped((ff_media *)opaque);
+}
+
+static bool format_alloc(ff_media *m) {
+    auto *block = (u8 *)av_malloc(IO_BLOCK);
+    m->io = block ? avio_alloc_context(block, IO_BLOCK, 0, m, io_read, nullptr, io_seek) : nullptr;
+    if (!m->io) {
+        av_free(block);
+        return false;
+    }
+    m->format = avformat_alloc_context();
+    if (!m->format) {
+        return false;
+    }
+    m->format->pb = m->io;
+    m->format->flags |= AVFMT_FLAG_CUSTOM_IO;
+    m->format->io_open = io_refuse;
+    m->format->interrupt_callback = {io_interrupted, m};
+    m->format->max_streams = STREAMS_MOST;
+    m->format->probesize = PROBE_BYTES;
+    m->format->max_analyze_duration = LOOK_US;
+    return true;
+}
+
+// What a stream says of itself, before a decoder allocates by it.
+static bool within_bounds(const AVCodecParameters *p) {
+    switch (p->codec_type) {
+    case AVMEDIA_TYPE_VIDEO:
+        return p->width >= 0 && p->height >= 0 && p->width <= FF_SIDE_MOST && p->height <= FF_SIDE_MOST;
+    case AVMEDIA_TYPE_AUDIO:
+        return p->sample_rate >= 0 && p->sample_rate <= RATE_MOST && p->ch_layout.nb_channels <= CHANNELS_MOST;
+    default:
+        return true;
+    }
+}
+
+static bool streams_look(ff_media *m) {
+    AVDictionary *options[STREAMS_MOST] = {};
+    for (u32 i = 0; i < m->format->nb_streams && i < STREAMS_MOST; i++) {
+        if (!within_bounds(m->format->streams[i]->codecpar)) {
+            return false;
+        }
+        av_dict_set_int(&options[i], "max_pixels", (s64)FF_SIDE_MOST * FF_SIDE_MOST, 0);
+    }
+    const u32 count = m->format->nb_streams;
+    const bool good = count > 0 && avformat_find_stream_info(m->format, options) >= 0;
+    for (AVDictionary *&one : options) {
+        av_dict_free(&one);
+    }
+    return good;
+}
+
+bool ff_open(ff_media *m, ff_source source, const char *extension, bool look) {
+    m->source = source;
+    m->at = 0;
+    const AVInputFormat *demuxer = demuxer_of(extension);
+    if (!source.handle || !demuxer || !format_alloc(m) ||
+        avformat_open_input(&m->format, nullptr, demuxer, nullptr) < 0 || (look && !streams_look(m))) {
+        ff_close(m);
+        return false;
+    }
+    return true;
+}
+
+const char *ff_codec_open(ff_media *m, AVMediaType type) {
+    m->stream = av_find_best_stream(m->format, type, -1, -1, nullptr, 0);
+    if (m->stream < 0) {
+        return "there is no such stream\n";
+    }
+    const AVCodecParameters *p = m->format->streams[m->stream]->codecpar;
+    if (!within_bounds(p)) {
+        return "too large, or too many channels\n";
+    }
+    const AVCodec *decoder = avcodec_find_decoder(p->codec_id);
+    if (!decoder) {
+        return "Unsupported codec!\n";
+    }
+    m->codec = avcodec_alloc_context3(decoder);
+    if (!m->codec || avcodec_parameters_to_context(m->codec, p) < 0) {
+        return "Couldn't copy codec context";
+    }
+    m->codec->max_pixels = (s64)FF_SIDE_MOST * FF_SIDE_MOST;
+    return avcodec_open2(m->codec, decoder, nullptr) < 0 ? "Failed to open decoder!\n" : nullptr;
+}
+
+bool ff_packet_read(ff_media *m, AVPacket *packet) {
+    for (u32 foreign = 0; foreign < FOREIGN_PACKETS && !is_stopped(m); foreign++) {
+        if (av_read_frame(m->format, packet) < 0) {
+            return false;
+        }
+        if (packet->stream_index == m->stream) {
+            return true;
+        }
+        av_packet_unref(packet);
+    }
+    return false;
+}
+
+void ff_close(ff_media *m) {
+    avcodec_free_context(&m->codec);
+    avformat_close_input(&m->format);
+    if (m->io) {
+        av_freep(&m->io->buffer);
+        avio_context_free(&m->io);
+    }
+    if (m->source.handle) {
+        m->source.close(m->source.handle);
+    }
+    m->source = {};
+}
+
+bool ff_has_alpha(int pixel_format) {
+    const AVPixFmtDescriptor *d = av_pix_fmt_desc_get((AVPixelFormat)pixel_format);
+    return d && (d->flags & (AV_PIX_FMT_FLAG_ALPHA | AV_PIX_FMT_FLAG_PAL));
+}
+
+SwsContext *ff_scaler(int from_w, int from_h, int from_format, int w, int h, bool alpha) {
+    const AVPixFmtDescriptor *d = av_pix_fmt_desc_get((AVPixelFormat)from_format);
+    if (!d || from_w <= 0 || from_h <= 0 || w <= 0 || h <= 0) {
+        return nullptr;
+    }
+    int flags = SWS_BILINEAR;
+    if (!(d->flags & AV_PIX_FMT_FLAG_RGB) && d->nb_components >= 2 && ((from_w | from_h) & 7)) {
+        flags |= SWS_ACCURATE_RND;
+    }
+    return sws_getContext(from_w, from_h, (AVPixelFormat)from_format, w, h, alpha ? AV_PIX_FMT_BGRA : AV_PIX_FMT_BGR0,
+                          flags, nullptr, nullptr, nullptr);
+}
+
+bool ff_scale(SwsContext *scaler, const AVFrame *frame, u8 *pixels, int w, int h) {
+    u8 *const planes[4] = {pixels};
+    const int row[4] = {w * 4};
+    return scaler && sws_scale(scaler, frame->data, frame->linesize, 0, frame->height, planes, row) == h;
+}

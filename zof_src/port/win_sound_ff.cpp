@@ -1,0 +1,120 @@
+// MP3, AAC and the sound of clips, by FFmpeg: every frame becomes 16 bit stereo at the file's own rate.
+#include <string.h>
+
+#include "port/ff_media.h"
+#include "port/win_sound.h"
+#include "zof_lib/zof_stdio.h"
+
+extern "C" {
+#include <libswresample/swresample.h>
+}
+
+enum { STEREO = 2, SAMPLES_MOST = 19200, EMPTY_PAUSE_MS = 20 };
+
+// What one run through the file needs.
+struct sound_run {
+    ff_media media;
+    SwrContext *swr;
+    AVPacket *packet;
+    AVFrame *frame;
+    s16 *buffer;
+    AVSampleFormat format; // of the decoder when the converter was made; a frame of another would be misread
+    int rate, channels;
+    bool any; // something was played
+};
+
+static const char *converter_make(sound_run *r) {
+    AVCodecContext *codec = r->media.codec;
+    if (codec->sample_rate <= 0 || codec->ch_layout.nb_channels <= 0 || codec->sample_fmt == AV_SAMPLE_FMT_NONE) {
+        return "its samples have no form\n";
+    }
+    r->format = codec->sample_fmt;
+    r->rate = codec->sample_rate;
+    r->channels = codec->ch_layout.nb_channels;
+    AVChannelLayout in, out;
+    av_channel_layout_default(&in, r->channels);
+    av_channel_layout_default(&out, STEREO);
+    const int set = swr_alloc_set_opts2(&r->swr, &out, AV_SAMPLE_FMT_S16, r->rate, &in, r->format, r->rate, 0, nullptr);
+    r->buffer = (s16 *)zof_malloc(SAMPLES_MOST * STEREO * sizeof(s16));
+    r->packet = av_packet_alloc();
+    r->frame = av_frame_alloc();
+    return set == 0 && swr_init(r->swr) == 0 && r->buffer && r->packet && r->frame ? nullptr : "no memory\n";
+}
+
+// Null, or what went wrong.
+static const char *run_open(sound_run *r) {
+    const char *extension = strrchr(sound.audio_file, '.');
+    r->media.stop = &sound.type_p;
+    const bool look = strcasecmp(extension, ".mp4") != 0; // its container says all
+    if (!ff_open(&r->media, ff_source_host(sound.audio_file), extension, look)) {
+        return "Failed to open file!";
+    }
+    const char *wrong = ff_codec_open(&r->media, AVMEDIA_TYPE_AUDIO);
+    if (wrong) {
+        return r->media.stream < 0 ? "" : wrong; // a clip without sound is no fault
+    }
+    wrong = converter_make(r);
+    if (wrong) {
+        return wrong;
+    }
+    return sound_device_open(r->rate, AUDIO_S16SYS, STEREO) ? nullptr : "can't open audio.\n";
+}
+
+// False when the thread is to end, or the file's form changes.
+static bool frame_play(sound_run *r) {
+    const AVFrame *f = r->frame;
+    if (f->format != r->format || f->sample_rate != r->rate || f->ch_layout.nb_channels != r->channels) {
+        return false;
+    }
+    u8 *out[] = {(u8 *)r->buffer};
+    int n = swr_convert(r->swr, out, SAMPLES_MOST, (const u8 **)f->extended_data, f->nb_samples);
+    for (; n > 0; n = n == SAMPLES_MOST ? swr_convert(r->swr, out, SAMPLES_MOST, nullptr, 0) : 0) {
+        r->any = true;
+        if (!sound_feed((u8 *)r->buffer, (u32)n * STEREO * sizeof(s16))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+static void run_play(sound_run *r) {
+    bool on = true;
+    while (on && ff_packet_read(&r->media, r->packet)) {
+        avcodec_send_packet(r->media.codec, r->packet); // a broken piece is passed over
+        while (on && avcodec_receive_frame(r->media.codec, r->frame) == 0) {
+            on = frame_play(r);
+        }
+        av_packet_unref(r->packet);
+    }
+    sound_drain();
+}
+
+static void run_close(sound_run *r) {
+    sound_device_close();
+    av_frame_free(&r->frame);
+    av_packet_free(&r->packet);
+    swr_free(&r->swr);
+    zof_free(r->buffer);
+    ff_close(&r->media);
+}
+
+int mythread_others(void *) {
+    bool again = true;
+    while (again) {
+        sound_run r = {};
+        const char *wrong = run_open(&r);
+        if (wrong && *wrong && !sound.type_p) {
+            zof_printf("sound %s: %s", sound.audio_file, wrong);
+        }
+        if (!wrong) {
+            run_play(&r);
+        }
+        run_close(&r);
+        again = !wrong && sound.cycle && !sound.type_p;
+        if (again && !r.any) {
+            sound_stop_wait(EMPTY_PAUSE_MS);
+        }
+    }
+    sound.play_state = 0;
+    return 0;
+}

@@ -1,0 +1,99 @@
+// WAV files, by SDL. A file that has played out stays in the state "playing", silent, until it is stopped: whoever
+// started it is to end it.
+#include <stdio.h>
+
+#include "port/win_sound.h"
+#include "zof_lib/zof_stdio.h"
+
+enum { FILE_MOST = 64 << 20, RIFF_HEAD = 12, CHUNK_HEAD = 8, RATE_MOST = 192000, EMPTY_PAUSE_MS = 20 };
+
+static u32 le32(const u8 *p) {
+    return (u32)p[0] | (u32)p[1] << 8 | (u32)p[2] << 16 | (u32)p[3] << 24;
+}
+
+// A chunk that claims more than the file has is cut to it: SDL would allocate what it claims.
+static void lengths_bound(u8 *file, u32 size) {
+    for (u64 at = RIFF_HEAD; at + CHUNK_HEAD <= size;) {
+        u8 *length = file + at + 4;
+        const u32 left = size - (u32)at - CHUNK_HEAD;
+        const u32 claimed = le32(length);
+        if (claimed > left) {
+            for (u32 i = 0; i < 4; i++) {
+                length[i] = (u8)(left >> 8 * i);
+            }
+            return;
+        }
+        at += CHUNK_HEAD + (u64)claimed + (claimed & 1);
+    }
+}
+
+// The whole file, for zof_free; null with *why.
+static u8 *file_read(const char *path, u32 *size, const char **why) {
+    FILE *f = fopen(path, "rb");
+    *why = "cannot be opened";
+    if (!f) {
+        return nullptr;
+    }
+    fseek(f, 0, SEEK_END);
+    const long n = ftell(f);
+    fseek(f, 0, SEEK_SET);
+    u8 *file = nullptr;
+    *why = "too short or too long";
+    if (n > 0 && n <= FILE_MOST) {
+        file = (u8 *)zof_malloc((size_t)n);
+        *size = file ? (u32)fread(file, 1, (size_t)n, f) : 0;
+    }
+    fclose(f);
+    return file;
+}
+
+static bool wav_load(SDL_AudioSpec *spec, u8 **data, u32 *size) {
+    u32 length = 0;
+    const char *why = nullptr;
+    u8 *file = file_read(sound.audio_file, &length, &why);
+    bool good = file;
+    if (file) {
+        lengths_bound(file, length);
+        SDL_ClearError();
+        good = SDL_LoadWAV_RW(SDL_RWFromConstMem(file, (int)length), 1, spec, data, size);
+        why = SDL_GetError();
+    }
+    if (good && (spec->freq <= 0 || spec->freq > RATE_MOST)) {
+        SDL_FreeWAV(*data);
+        good = false;
+        why = "its rate makes no sense";
+    }
+    if (!good) {
+        zof_printf("sound %s: %s\n", sound.audio_file, why);
+    }
+    zof_free(file);
+    return good;
+}
+
+// False when there is nothing more to play.
+static bool wav_play() {
+    SDL_AudioSpec spec = {};
+    u8 *data = nullptr;
+    u32 size = 0;
+    if (!wav_load(&spec, &data, &size)) {
+        return false;
+    }
+    const bool opened = sound_device_open(spec.freq, spec.format, spec.channels);
+    if (!opened) {
+        zof_printf("can't open audio.\n");
+    } else if (size == 0) {
+        sound_stop_wait(EMPTY_PAUSE_MS); // and once more, if asked for
+    } else if (sound_feed(data, size) && sound_drain()) {
+        sound_stop_wait(0);
+    }
+    sound_device_close();
+    SDL_FreeWAV(data);
+    return opened && size == 0;
+}
+
+int mythread_wav(void *) {
+    while (wav_play() && sound.cycle && !sound.type_p) {
+    }
+    sound.play_state = 0;
+    return 0;
+}
