@@ -1,4 +1,4 @@
-// usage: zof_measure redraw|load|link|start|bare      prints rows of a table: what, ours, compared with, ratio
+// usage: zof_measure redraw|load|link|hmi|start|bare  prints rows of a table: what, ours, compared with, ratio
 //        zof_measure ours|plain VIEW                  one full redraw, for an instruction counter
 #include "measure.h"
 
@@ -29,6 +29,7 @@ int main(int argc, char **argv) {
         {"redraw", measure_redraw},
         {"load", measure_load},
         {"link", measure_link},
+        {"hmi", measure_hmi},
         {"start", [] { measure_start(false); }},
         {"bare", [] { measure_start(true); }},
     };
@@ -43,6 +44,6 @@ int main(int argc, char **argv) {
         measure_count((u32)atoi(argv[2]), strcmp(argv[1], "plain") == 0);
         _exit(0);
     }
-    fprintf(stderr, "usage: zof_measure redraw|load|link|start|bare\n");
+    fprintf(stderr, "usage: zof_measure redraw|load|link|hmi|start|bare\n");
     return 2;
 }

@@ -31,5 +31,6 @@ void measure_redraw();
 void measure_count(u32 view, bool plain);
 void measure_load();
 void measure_link();
+void measure_hmi();
 
 #endif
