@@ -10,6 +10,7 @@
 #include "control/zof_media.h"
 #include "control/zof_table_chart.h"
 #include "control/zof_scrollcont.h"
+#include "control/zof_sketchpad.h"
 #include "control/zof_text.h"
 #include "control/zof_value.h"
 #include "project/zof_j2s.h"
@@ -44,7 +45,7 @@ const zof_ctrl_class_t zof_ctrl_classes[] = {
     {ZOF_CTRL_VIDEO, "video", zof_video_create},
     {ZOF_CTRL_KEYBOARD, "keyboard", zof_keyboard_create},
     {ZOF_CTRL_TILE, "tile", zof_tile_create},
-    {ZOF_CTRL_SKETCHPAD, "sketchpad"},
+    {ZOF_CTRL_SKETCHPAD, "sketchpad", zof_sketchpad_create},
     {ZOF_CTRL_BTNMATRIX, "btnmatrix", zof_btnmatrix_create, nullptr, zof_btnmatrix_del},
     {ZOF_CTRL_ANIMIMG, "animimg", zof_animimg_create},
     {ZOF_CTRL_SCROLLCONT, "scrollcont", zof_scrollcont_create},

@@ -1,0 +1,150 @@
+// Sketchpads: strokes, dots, and the toolbar above.
+#include "view_project.h"
+
+enum { X = 20, Y = 40, W = 200, H = 120 }; // of the pad
+
+static std::string pad(u32 id, const std::string &own, const std::string &place = box(X, Y, W, H)) {
+    return ctrl(ZOF_CTRL_SKETCHPAD, id, own, place, filled(0xF4F0E0));
+}
+
+static lv_sketchpad_t *widget(u32 id = 1) {
+    return (lv_sketchpad_t *)at(id)->obj;
+}
+
+// How opaque a pixel of the pad is, 0 to 3.
+static u32 ink(s32 x, s32 y, u32 id = 1) {
+    const u8 *row = widget(id)->canvas.dsc.data + (size_t)y * ((widget(id)->canvas.dsc.header.w + 3) >> 2);
+    return row[x >> 2] >> (6 - (x & 3) * 2) & 3;
+}
+
+static bool blank(u32 id = 1) {
+    for (s32 y = 0; y < H; y++) {
+        for (s32 x = 0; x < W; x++) {
+            if (ink(x, y, id)) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+// Middle of a toolbar button, 0 to 3.
+static void tool(u32 button) {
+    const lv_area_t *a = &lv_obj_get_child(lv_obj_get_child(at(1)->obj, 0), (s32)button)->coords;
+    screen_click((a->x1 + a->x2) / 2, (a->y1 + a->y2) / 2);
+}
+
+static std::string symbol() {
+    return lv_label_get_text(lv_obj_get_child(lv_obj_get_child(at(1)->obj, 0), 0));
+}
+
+TEST_CASE("a stroke on a sketchpad has no gaps, and the next one begins anew") {
+    view_project_t project;
+    project.show({pad(1, R"("toolbar": 1, "line_width": 9)")});
+    const lv_area_t *toolbar = &lv_obj_get_child(at(1)->obj, 0)->coords;
+    CHECK(toolbar->y2 + 1 == Y); // above, and covering nothing
+    CHECK(toolbar->y2 - toolbar->y1 + 1 == 20);
+    CHECK((toolbar->x1 + toolbar->x2) / 2 - (X + W / 2) <= 1);
+    screen_drag(X + 20, Y + 20, X + 180, Y + 100, 4);
+    screen_drag(X + 20, Y + 100, X + 100, Y + 110, 2);
+    for (s32 i = 0; i <= 80; i++) {
+        CHECK(ink(20 + 2 * i, 20 + i) == 3);
+    }
+    CHECK(ink(100, 100) == 0); // no line from the end of one to the start of the next
+    screen_press(X + 180, Y + 20);
+    screen_step(100); // does not move: a dot, a ring as long as nobody has set the width
+    screen_release(X + 180, Y + 20);
+    CHECK(widget()->arc_dsc.width == 1);
+    CHECK(ink(180, 20) == 0);
+    CHECK(zof_sketchpad_set_width(at(1), 12) == 0);
+    screen_press(X + 150, Y + 20);
+    screen_step(100);
+    screen_release(X + 150, Y + 20);
+    CHECK(ink(150, 20) == 3);
+    CHECK(zof_sketchpad_set_transp(at(1), ZOF_TRUE) == 0);
+    screen_drag(X + 20, Y + 60, X + 180, Y + 60, 3);
+    CHECK(ink(40, 60) == 1);
+    CHECK(screen_is_golden("sketchpad"));
+    screen_drag(X + 190, Y + 50, X + W + 60, Y + H + 60, 3); // off the pad and on
+    CHECK(zof_sketchpad_clean_bg(at(1)) == 0);
+    CHECK(blank());
+}
+
+TEST_CASE("a dot of one pixel is drawn on the pad and nowhere else") {
+    view_project_t project;
+    project.show({pad(1, R"("line_width": 1)"), pad(2, R"("line_width": 1)", box(250, 200, 1, 1))});
+    screen_press(X + W - 1, Y + H - 1);
+    screen_step(100);
+    CHECK(ink(W - 1, H - 1) == 3);
+    widget()->line_rect_dsc.width = 0; // lines draw nothing
+    for (s32 x : {X - 1, X + W, 0, 319}) {
+        for (s32 y : {Y - 1, Y + H, 0, 239}) {
+            screen_move(x, y);
+            screen_step(100);
+        }
+    }
+    screen_release(0, 0);
+    CHECK(zof_sketchpad_clean_bg(at(1)) == 0);
+    CHECK(blank());
+    screen_press(250, 200);
+    screen_step(100);
+    screen_release(250, 200);
+    CHECK(ink(0, 0, 2) == 3);
+}
+
+TEST_CASE("the toolbar switches drawing, width, translucency, and clears") {
+    view_project_t project;
+    project.show({pad(1, R"("toolbar": 1, "line_width": 4)"),
+                  pad(2, R"("toolbar": 0, "line_width": 9)", box(20, 190, 100, 40))});
+    CHECK(screen_is_golden("sketchpad_toolbar"));
+    CHECK(lv_obj_has_flag(lv_obj_get_child(at(2)->obj, 0), LV_OBJ_FLAG_HIDDEN));
+    CHECK(symbol() == "   " LV_SYMBOL_OK "   ");
+    tool(0);
+    CHECK(symbol() == "   " LV_SYMBOL_CLOSE "   ");
+    screen_drag(X + 20, Y + 20, X + 180, Y + 100, 4);
+    CHECK(blank());
+    tool(0);
+    tool(2);
+    CHECK(widget()->arc_dsc.opa == 100);
+    screen_drag(X + 20, Y + 50, X + 180, Y + 100, 4);
+    CHECK(ink(40, 56) == 1);
+    tool(1);
+    CHECK(widget()->popup_open == 1);
+    tool(1); // one is enough
+    CHECK(lv_obj_get_child_cnt(at(1)->obj) == 2);
+    CHECK(screen_is_golden("sketchpad_popup"));
+    const lv_area_t *slider = &lv_obj_get_child(at(1)->obj, 1)->coords;
+    const s32 y = (slider->y1 + slider->y2) / 2;
+    screen_drag(slider->x1 + 20, y, slider->x2 + 20, y, 5);
+    CHECK(widget()->popup_open == 0);
+    CHECK(widget()->line_rect_dsc.width == 40);
+    CHECK(widget()->arc_dsc.width == 20);
+    tool(2);
+    CHECK(widget()->line_rect_dsc.opa == 255);
+    widget()->line_rect_dsc.opa = 7; // of another than its own two
+    tool(2);
+    CHECK(widget()->line_rect_dsc.opa == 7);
+    tool(3);
+    CHECK(blank());
+}
+
+TEST_CASE("sketchpads of impossible sizes are refused, and a deleted one leaves nothing behind") {
+    view_project_t project;
+    const std::string said = project.show({pad(1, R"("line_width": 4)"), pad(2, "", box(0, 0, 0, 9)),
+                                           pad(3, "", box(0, 0, 9, 100000)), ctrl(ZOF_CTRL_LABEL, 4)});
+    CHECK(said == "control 2: a sketchpad has 1 to 2047 pixels on a side, not 0 x 9\nerr: create ctrl[c2,2] fail\n\n"
+                  "control 3: a sketchpad has 1 to 2047 pixels on a side, not 9 x 100000\n"
+                  "err: create ctrl[c3,3] fail\n\n");
+    screen_press(X + 20, Y + 20);
+    screen_move(X + 40, Y + 40);
+    CHECK(zof_ctrl_delete(at(1)) == 0); // in the middle of a stroke
+    screen_release(X + 90, Y + 90);
+    CHECK(zof_sketchpad_clean_bg(at(1)) == -1);
+    CHECK(zof_sketchpad_set_width(at(4), 3) == -1); // a label is none
+
+    lv_obj_t *bare = lv_sketchpad_create(lv_scr_act()); // nobody gave it pixels
+    lv_obj_set_size(bare, 100, 100);
+    lv_sketchpad_clean_bg(bare);
+    screen_drag(10, 10, 90, 90, 3);
+    lv_obj_del(bare);
+}
