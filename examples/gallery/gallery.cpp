@@ -344,6 +344,105 @@ static void messages_init(void) {
     zof_view_create(12, messages_events, sizeof(messages_events) / sizeof(messages_events[0]));
 }
 
+// Moving pictures ----------------------------------------------------------------------------------------------------
+static void gif_play_event(zof_ctrl_t *, zof_event_e event) {
+    if (event == ZOF_EVENT_CLICKED)
+        zof_gif_play_count(at(14, VIEW14_GIF_WAITING_ID), 3);
+}
+
+static void again_event(zof_ctrl_t *, zof_event_e event) {
+    if (event != ZOF_EVENT_CLICKED)
+        return;
+    zof_animimg_reset_play(at(14, VIEW14_THRICE_ID)); // which forgets the count
+    zof_animimg_set_repeat_count(at(14, VIEW14_THRICE_ID), 3);
+}
+
+static const zof_ctrl_fun_t moving_events[] = {
+    PAGE_EVENTS, {VIEW14_GIF_PLAY_ID, gif_play_event}, {VIEW14_AGAIN_ID, again_event}};
+
+static void moving_init(void) {
+    zof_view_create(14, moving_events, sizeof(moving_events) / sizeof(moving_events[0]));
+}
+
+// Video and sound ----------------------------------------------------------------------------------------------------
+enum { PLAY = 0, STOP = 1, PAUSE = 2, RESUME = 3 };
+
+static void play_event(zof_ctrl_t *, zof_event_e event) {
+    zof_ctrl_t *video = at(15, VIEW15_VIDEO_ID);
+    if (event == ZOF_EVENT_CLICKED)
+        zof_video_set_state(video, zof_video_get_state(video) == PAUSE ? RESUME : PLAY);
+}
+
+static void pause_event(zof_ctrl_t *, zof_event_e event) {
+    if (event == ZOF_EVENT_CLICKED)
+        zof_video_set_state(at(15, VIEW15_VIDEO_ID), PAUSE);
+}
+
+static void stop_event(zof_ctrl_t *, zof_event_e event) {
+    if (event == ZOF_EVENT_CLICKED)
+        zof_video_set_state(at(15, VIEW15_VIDEO_ID), STOP);
+}
+
+static void sound_event(zof_ctrl_t *ctrl, zof_event_e event) {
+    if (event != ZOF_EVENT_CLICKED)
+        return;
+    zof_audio_set_src(ctrl == at(15, VIEW15_CHIME_ID) ? "chime.wav" : "scale.wav");
+    zof_audio_set_state(PLAY);
+}
+
+static void beep_event(zof_ctrl_t *, zof_event_e event) {
+    if (event == ZOF_EVENT_CLICKED)
+        zof_beep_on(150);
+}
+
+static void volume_event(zof_ctrl_t *ctrl, zof_event_e event) {
+    if (event == ZOF_EVENT_VALUE_CHANGED)
+        zof_video_set_volum(at(15, VIEW15_VIDEO_ID), (u8)zof_slider_get_value(ctrl));
+}
+
+static const zof_ctrl_fun_t media_events[] = {PAGE_EVENTS,
+                                              {VIEW15_PLAY_ID, play_event},
+                                              {VIEW15_PAUSE_ID, pause_event},
+                                              {VIEW15_STOP_ID, stop_event},
+                                              {VIEW15_CHIME_ID, sound_event},
+                                              {VIEW15_SCALE_ID, sound_event},
+                                              {VIEW15_BEEP_ID, beep_event},
+                                              {VIEW15_VOLUME_ID, volume_event}};
+
+// The file is chosen here: a video's record has none that is read.
+static void media_init(void) {
+    zof_view_create(15, media_events, sizeof(media_events) / sizeof(media_events[0]));
+    zof_video_set_src(at(15, VIEW15_VIDEO_ID), "clip.mp4");
+    zof_slider_set_value(at(15, VIEW15_VOLUME_ID), 80);
+}
+
+static void media_exit(void) {
+    zof_video_set_state(at(15, VIEW15_VIDEO_ID), STOP);
+}
+
+// Drawing ------------------------------------------------------------------------------------------------------------
+template <u8 WIDTH> static void width_event(zof_ctrl_t *, zof_event_e event) {
+    if (event == ZOF_EVENT_CLICKED)
+        zof_sketchpad_set_width(at(16, VIEW16_PAD_ID), WIDTH);
+}
+
+static void clean_event(zof_ctrl_t *, zof_event_e event) {
+    if (event == ZOF_EVENT_CLICKED)
+        zof_sketchpad_clean_bg(at(16, VIEW16_PAD_ID));
+}
+
+static const zof_ctrl_fun_t drawing_events[] = {PAGE_EVENTS,
+                                                {VIEW16_WIDTH2_ID, width_event<2>},
+                                                {VIEW16_WIDTH4_ID, width_event<4>},
+                                                {VIEW16_WIDTH8_ID, width_event<8>},
+                                                {VIEW16_WIDTH16_ID, width_event<16>},
+                                                {VIEW16_CLEAN_ID, clean_event}};
+
+static void drawing_init(void) {
+    zof_view_create(16, drawing_events, sizeof(drawing_events) / sizeof(drawing_events[0]));
+    zof_img_recolor(at(16, VIEW16_PAD_ID), 0x2F8FE8, 255); // what is drawn is one colour's opacity
+}
+
 // Transitions --------------------------------------------------------------------------------------------------------
 static struct {
     u32 path; // of all transitions; the button "path" goes through them
@@ -381,8 +480,8 @@ static const zof_view_fun_t views[] = {
     {7, lists_init, nothing, nothing},        {8, tables_init, nothing, nothing},
     {9, charts_init, nothing, nothing},       {10, plain_init<10>, nothing, nothing},
     {11, typing_init, nothing, nothing},      {12, messages_init, nothing, nothing},
-    {13, plain_init<13>, nothing, nothing},   {14, plain_init<14>, nothing, nothing},
-    {15, plain_init<15>, nothing, nothing},   {16, plain_init<16>, nothing, nothing},
+    {13, plain_init<13>, nothing, nothing},   {14, moving_init, nothing, nothing},
+    {15, media_init, nothing, media_exit},    {16, drawing_init, nothing, nothing},
     {17, transitions_init, nothing, nothing},
 };
 static_assert(sizeof(views) / sizeof(views[0]) == PAGES + 1);

@@ -8,21 +8,24 @@
 
 static constexpr u32 RATE = 44100, TONE_HZ = 2000, FLOOR_MS = 400, CHUNK = 441, RAMP = 220;
 
-// The sound device; 0 when there is none, which is said once.
+// The sound device, kept open; 0 when there is none, which is said once. A device that somebody else has is asked for
+// again at the next tone.
 static SDL_AudioDeviceID device() {
-    static const SDL_AudioDeviceID opened = [] {
-        SDL_AudioSpec want = {};
-        want.freq = RATE;
-        want.format = AUDIO_S16SYS;
-        want.channels = 1;
-        want.samples = 1024;
-        const bool audio = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
-        const SDL_AudioDeviceID id = audio ? SDL_OpenAudioDevice(nullptr, 0, &want, nullptr, 0) : 0;
-        if (!id) {
-            zof_printf("beeper: no sound device (%s); tones are silent", SDL_GetError());
-        }
-        return id;
-    }();
+    static SDL_AudioDeviceID opened;
+    static bool said;
+    if (opened) {
+        return opened;
+    }
+    SDL_AudioSpec want = {};
+    want.freq = RATE;
+    want.format = AUDIO_S16SYS;
+    want.channels = 1;
+    want.samples = 1024;
+    opened = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0 ? SDL_OpenAudioDevice(nullptr, 0, &want, nullptr, 0) : 0;
+    if (!opened && !said) {
+        zof_printf("beeper: no sound device (%s); tones are silent", SDL_GetError());
+        said = true;
+    }
     return opened;
 }
 

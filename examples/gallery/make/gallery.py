@@ -74,7 +74,7 @@ def themes(p):
         # Without a font of its own: LVGL's has the symbols.
         "keyboard": [style(bg=p["card"], pad=4), style(ITEMS, **plain_key), style(ITEMS, PRESSED, **{**plain_key, "bg": p["accent"]}),
                      style(ITEMS, CHECKED, **{**plain_key, "bg": p["line"]})],
-        "sketchpad": [style(bg=p["raised"], radius=10, color=p["text"], text_opa=255)],
+        "sketchpad": [style(bg=p["raised"], radius=10, color=p["text"], text_opa=255)],    # the toolbar's symbols are LVGL's, too
         "btnmatrix": [style(bg=p["card"], pad=2, **words), style(ITEMS, **key), style(ITEMS, PRESSED, radius=6, **lit),
                       style(ITEMS, CHECKED, radius=6, **lit), style(ITEMS, DISABLED, **{**key, "text_opa": 90, "opa": 110})],
         "scrollcont": [style(bg=p["raised"], radius=12)],
@@ -353,7 +353,7 @@ def moving():
     p.add("button", 146, 46, 84, 48, name="gif_play", parent=c, txt=t("Play", "Start", "播放"))
     c = p.card(536, 64, 248, 194, t("QR code", "QR-Code", "二维码"), "txt   color   bg_color   width")
     p.add("qrcode", 64, 12, 120, 120, name="qr", parent=c, txt="20.00 V 3.00 A", color=0x101820, bg_color=0xFFFFFF, width=4, border_color=0xFFFFFF)
-    c = p.card(16, 270, 378, 194, t("Image sequence", "Bildfolge", "图片序列"), "img_dsc_t   start_id 0   end_id 11   frame_rate 60   repeat_open 1")
+    c = p.card(16, 270, 378, 194, t("Image sequence", "Bildfolge", "图片序列"), "img_dsc_t   start_id   end_id   frame_rate 60   repeat_open")
     p.add("animimg", 141, 24, 96, 96, name="sequence", parent=c, img_dsc_t="wave", start_id=0, end_id=11, frame_rate=60, repeat_open=1)
     c = p.card(406, 270, 378, 194, t("Three times", "Dreimal", "播放三次"), "repeat_count 3   repeat_open 0")
     p.add("animimg", 60, 24, 96, 96, name="thrice", parent=c, img_dsc_t="wave", start_id=0, end_id=11, frame_rate=60, repeat_count=3)
