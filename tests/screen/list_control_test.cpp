@@ -1,54 +1,41 @@
 // Lists, drop lists and roller lists: their texts, how they follow touch and language, and how they look.
 #include "looks.h"
 
+// clang-format off
 static std::string list_looks(const palette &c) {
-    return looks(
-        {{.bg = c.card, .radius = 8, .border = 1, .border_color = c.line, .pad = 4},
-         {.sect = 1,
-          .bg = c.card,
-          .radius = 5,
-          .text = c.text,
-          .border = 1,
-          .border_color = c.line,
-          .sides = LV_BORDER_SIDE_BOTTOM,
-          .pad = 8},
-         {.state = LV_STATE_PRESSED, .sect = 1, .bg = c.press, .radius = 5, .text = c.text, .pad = 8},
-         {.state = LV_STATE_CHECKED, .sect = 1, .bg = c.accent, .radius = 5, .text = c.accent_text, .pad = 8}});
+    return looks({
+        {.bg = c.card, .radius = 8, .border = 1, .border_color = c.line, .pad = 4},
+        {.sect = 1, .bg = c.card, .radius = 5, .text = c.text, .border = 1, .border_color = c.line,
+         .sides = LV_BORDER_SIDE_BOTTOM, .pad = 8},
+        {.state = LV_STATE_PRESSED, .sect = 1, .bg = c.press, .radius = 5, .text = c.text, .border = 1,
+         .border_color = c.press, .pad = 8},
+        {.state = LV_STATE_CHECKED, .sect = 1, .bg = c.accent, .radius = 5, .text = c.accent_text, .border = 1,
+         .border_color = c.accent, .pad = 8},
+    });
 }
 
 static std::string drop_looks(const palette &c) {
-    return looks(
-        {{.bg = c.card, .radius = 6, .text = c.text, .border = 1, .border_color = c.line, .pad = 10, .top = 9},
-         {.state = LV_STATE_CHECKED,
-          .bg = c.press,
-          .radius = 6,
-          .text = c.text,
-          .border = 2,
-          .border_color = c.accent,
-          .pad = 10,
-          .top = 8},
-         {.sect = 1,
-          .bg = c.card,
-          .radius = 6,
-          .text = c.text,
-          .border = 1,
-          .border_color = c.line,
-          .pad = 10,
-          .top = 6,
-          .shadow = 12},
-         {.part = LV_PART_SELECTED, .state = LV_STATE_CHECKED, .sect = 1, .bg = c.accent, .text = c.accent_text},
-         {.part = LV_PART_SELECTED, .state = LV_STATE_PRESSED, .sect = 1, .bg = c.press, .text = c.text},
-         {.part = LV_PART_SELECTED,
-          .state = LV_STATE_CHECKED | LV_STATE_PRESSED,
-          .sect = 1,
-          .bg = c.accent,
-          .text = c.accent_text}});
+    const u32 selected = LV_PART_SELECTED;
+    return looks({
+        {.bg = c.card, .radius = 6, .text = c.text, .border = 1, .border_color = c.line, .pad = 10, .top = 9},
+        {.state = LV_STATE_CHECKED, .bg = c.press, .radius = 6, .text = c.text, .border = 2, .border_color = c.accent,
+         .pad = 10, .top = 8},
+        {.sect = 1, .bg = c.card, .radius = 6, .text = c.text, .border = 1, .border_color = c.line, .pad = 10,
+         .top = 6, .shadow = 12},
+        {.part = selected, .state = LV_STATE_CHECKED, .sect = 1, .bg = c.accent, .text = c.accent_text},
+        {.part = selected, .state = LV_STATE_PRESSED, .sect = 1, .bg = c.press, .text = c.text},
+        {.part = selected, .state = LV_STATE_CHECKED | LV_STATE_PRESSED, .sect = 1, .bg = c.accent,
+         .text = c.accent_text},
+    });
 }
 
 static std::string roll_looks(const palette &c) {
-    return looks({{.bg = c.card, .radius = 8, .text = c.mute, .border = 1, .border_color = c.line, .pad = 10},
-                  {.part = LV_PART_SELECTED, .bg = c.accent, .text = c.accent_text}});
+    return looks({
+        {.bg = c.card, .radius = 8, .text = c.mute, .border = 1, .border_color = c.line, .pad = 10},
+        {.part = LV_PART_SELECTED, .bg = c.accent, .radius = 7, .text = c.accent_text},
+    });
 }
+// clang-format on
 
 static void languages(view_project_t &project) {
     project.more += R"(, "language": "en")";
@@ -286,4 +273,127 @@ TEST_CASE("hostile numbers and texts of lists are drawn, touched and deleted lik
         CHECK(zof_ctrl_delete(at(id)) == 0);
     }
     screen_step(50);
+}
+
+// One picture; what is told of the control's state is in its name.
+static void picture(const std::string &name) {
+    screen_step(400); // LVGL's theme changes colours in steps
+    CHECK(screen_is_golden(name));
+}
+
+TEST_CASE("pictures of lists") {
+    view_project_t project;
+    looks_open(project);
+    languages(project);
+    looks_theme(project, ZOF_CTRL_LIST, list_looks);
+    project.image("dot.png", 16, 16, 0xF2A33A);
+    project.show({ctrl(ZOF_CTRL_LIST, 1, list_of({{"", "#off"}, {"", "#low"}, {"", "#high"}, {"", "Custom"}}),
+                       box(40, 20, 220, 200) + scrolls),
+                  ctrl(ZOF_CTRL_LIST, 2,
+                       list_of({{"dot.png", "#off"}, {"dot.png", "#low"}, {"", "No picture"}, {"dot.png", "#high"},
+                                {"dot.png", "A text that is far too long for its line"}, {"dot.png", "Last"}}),
+                       box(40, 20, 220, 200) + scrolls)});
+    looks_only(1, 2);
+    picture("list_plain");
+    screen_press(100, 70);
+    picture("list_pressed");
+    screen_release(100, 70);
+    CHECK(zof_list_set_select_index(at(1), zof_list_get_index_btn(at(1), 2)) == 0);
+    picture("list_checked");
+    CHECK(zof_list_add_btns_style(at(1), 3, LV_PART_MAIN, 0xF9E2C0, 12, 200) == 0);
+    picture("list_styled_button");
+    looks_only(2, 2);
+    picture("list_icons");
+    CHECK(zof_lang_set("de") == 0);
+    picture("list_icons_de");
+    CHECK(zof_list_focus(at(2), 5) == 0);
+    screen_step(1000);
+    picture("list_scrolled_to_end");
+    looks_night();
+    picture("list_night");
+    CHECK(zof_list_remove_all(at(2)) == 0);
+    picture("list_empty");
+}
+
+TEST_CASE("pictures of drop lists") {
+    view_project_t project;
+    looks_open(project);
+    languages(project);
+    looks_theme(project, ZOF_CTRL_DROPLIST, drop_looks);
+    const char *many = R"("options": "1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11\n12", "dir_t": 8)";
+    auto drop = [](u32 id, u32 dir, u32 align, s32 x, s32 y) {
+        return ctrl(ZOF_CTRL_DROPLIST, id,
+                    modes + R"(, "dir_t": )" + std::to_string(dir) + R"(, "txt_align_e": )" + std::to_string(align),
+                    box(x, y, 150, 38));
+    };
+    project.show({drop(1, LV_DIR_BOTTOM, 1, 80, 30), drop(2, LV_DIR_TOP, 2, 80, 180), drop(3, LV_DIR_LEFT, 3, 160, 60),
+                  drop(4, LV_DIR_RIGHT, 1, 20, 60), drop(5, LV_DIR_BOTTOM, 1, 80, 190),
+                  ctrl(ZOF_CTRL_DROPLIST, 6, many, box(80, 60, 150, 38))});
+    looks_only(1, 6);
+    picture("droplist_closed");
+    const char *names[] = {"down", "up_middle", "left_end", "right", "no_room_below", "scrolls"};
+    for (u32 id = 1; id <= 6; id++) {
+        looks_only(id, 6);
+        CHECK(zof_droplist_open(at(id)) == 0);
+        picture(std::string("droplist_open_") + names[id - 1]);
+        CHECK(zof_droplist_close(at(id)) == 0);
+    }
+    CHECK(zof_droplist_set_selected(at(6), 10) == 0);
+    CHECK(zof_droplist_open(at(6)) == 0);
+    picture("droplist_open_at_eleventh");
+    CHECK(zof_droplist_close(at(6)) == 0);
+    looks_only(1, 6);
+    CHECK(zof_droplist_set_selected(at(1), 2) == 0);
+    CHECK(zof_droplist_open(at(1)) == 0);
+    picture("droplist_open_third");
+    screen_press(100, 105);
+    picture("droplist_open_pressed");
+    CHECK(zof_lang_set("de") == 0);
+    picture("droplist_open_pressed_de");
+    screen_release(100, 105);
+    picture("droplist_chosen_de");
+    CHECK(zof_droplist_open(at(1)) == 0);
+    looks_night();
+    picture("droplist_open_night");
+    CHECK(zof_droplist_close(at(1)) == 0);
+    picture("droplist_closed_night");
+}
+
+TEST_CASE("pictures of rollers") {
+    view_project_t project;
+    looks_open(project);
+    languages(project);
+    looks_theme(project, ZOF_CTRL_ROLLIST, roll_looks);
+    auto roller = [](u32 id, const std::string &keys) {
+        return ctrl(ZOF_CTRL_ROLLIST, id, modes + keys, box(80, 20, 160, 200));
+    };
+    project.show({roller(1, R"(, "row_cnt": 3, "txt_align_e": 2)"),
+                  roller(2, R"(, "row_cnt": 5, "rol_mode": 1, "txt_align_e": 2)"),
+                  roller(3, R"(, "row_cnt": 5, "ext_sel_width": 8, "txt_align_e": 2)"),
+                  roller(4, R"(, "row_cnt": 4, "txt_align_e": 1)"), roller(5, R"(, "row_cnt": 4, "txt_align_e": 3)"),
+                  roller(6, R"(, "row_cnt": 1, "txt_align_e": 2)")});
+    const char *names[] = {"rows_3", "endless", "high_band", "left", "right", "row_1"};
+    for (u32 id = 1; id <= 6; id++) {
+        looks_only(id, 6);
+        picture(std::string("roller_") + names[id - 1]);
+    }
+    looks_only(2, 6);
+    CHECK(zof_rollist_set_selected(at(2), 2, 1) == 0);
+    screen_step(100);
+    CHECK(screen_is_golden("roller_endless_turning"));
+    picture("roller_endless_third");
+    s32 y = at(2)->obj->coords.y1 + 50;
+    screen_press(160, y);
+    screen_move(160, y - 12);
+    picture("roller_endless_dragged");
+    screen_release(160, y - 12);
+    CHECK(zof_lang_set("de") == 0);
+    picture("roller_endless_de");
+    looks_only(1, 6);
+    CHECK(zof_rollist_set_selected(at(1), 3, 0) == 0);
+    picture("roller_rows_3_last");
+    CHECK(zof_rollist_set_line_space(at(1), 30) == 0);
+    picture("roller_line_space");
+    looks_night();
+    picture("roller_night");
 }

@@ -45,10 +45,31 @@ inline std::string looks(const std::vector<look> &all) {
 }
 
 // The font that the looks name, and the view's colour.
-inline void looks_open(view_project_t &project, const palette &colors = day) {
+inline void looks_open(view_project_t &project) {
     std::filesystem::create_directories(project.path("font"));
     std::filesystem::copy_file(ZOF_PANEL_DIR "/res/font/bench-text.ttf", project.path("font/text.ttf"));
-    project.shown_keys = R"("bg_color": )" + std::to_string(colors.view) + R"(, "bg_scale": 255)";
+    project.shown_keys = R"("bg_color": )" + std::to_string(day.view) + R"(, "bg_scale": 255)";
+}
+
+// The day and the night look of a control type, as themes. Controls of the tests ask for "youth".
+inline void looks_theme(const view_project_t &project, u32 type, std::string (*look_of)(const palette &)) {
+    for (const auto &[theme, colors] : {std::pair{"youth", &day}, {"night", &night}}) {
+        project.write(std::string("config/theme/") + theme + "/" + themeFileName[type] + ".g",
+                      R"({"styles": [)" + look_of(*colors) + "]}");
+    }
+}
+
+inline void looks_night() {
+    CHECK(zof_theme_set("night") == 0);
+    zof_view_set_bgcolor(1, 0xFF000000 | night.view);
+}
+
+// Controls 1 to `count` of the view stand for one picture each.
+inline void looks_only(u32 id, u32 count) {
+    for (u32 i = 1; i <= count; i++) {
+        zof_ctrl_set_hidden(at(i), i != id);
+    }
+    screen_step(50);
 }
 
 #endif

@@ -1,11 +1,21 @@
 // Tables and charts: colours of cells, growth, axes and ranges, and how they look.
 #include "looks.h"
 
+// clang-format off
 static std::string table_looks(const palette &c) {
-    return looks(
-        {{.bg = c.card, .text = c.text, .border = 1, .border_color = c.line},
-         {.part = LV_PART_ITEMS, .bg = c.card, .text = c.text, .border = 1, .border_color = c.line, .pad = 8}});
+    return looks({
+        {.bg = c.card, .text = c.text, .border = 1, .border_color = c.line},
+        {.part = LV_PART_ITEMS, .bg = c.card, .text = c.text, .border = 1, .border_color = c.line, .pad = 8},
+    });
 }
+
+static std::string chart_looks(const palette &c) {
+    return looks({
+        {.bg = c.card, .radius = 4, .text = c.text, .border = 1, .border_color = c.line, .pad = 6},
+        {.part = LV_PART_TICKS, .opa = 0, .text = c.mute, .size = 12, .pad = 4},
+    });
+}
+// clang-format on
 
 static std::string table(u32 rows, u32 cols) {
     return R"("row_cnt": )" + std::to_string(rows) + R"(, "col_cnt": )" + std::to_string(cols);
@@ -195,4 +205,141 @@ TEST_CASE("a chart of any numbers is drawn and pressed") {
         screen_drag(5, y, 290, y, 6);
     }
     CHECK(zof_ctrl_list_create(zof_view_list_get(1)) == 0);
+}
+
+static const std::string y_marks =
+    R"(, "y_mark": {"major_tick_len": 8, "minor_tick_len": 4, "major_cnt": 5, "minor_cnt": 2, "draw_size": 50,
+    "last_mark_en": true})";
+static const std::string x_marks =
+    R"(, "x_mark": {"major_tick_len": 8, "minor_tick_len": 4, "major_cnt": 5, "minor_cnt": 2, "draw_size": 40,
+    "last_mark_en": true})";
+
+static std::string lines(const palette &c) {
+    const std::string color = R"({"color": )" + std::to_string(c.line) + R"(, "opa": 255, "width": 1})";
+    return R"(, "divline_hdiv": 5, "divline_vdiv": 5, "chart_line_style": )" + color +
+           R"(, "chart_line_tick_style": )" + color;
+}
+
+static void picture(const std::string &name) {
+    screen_step(400);
+    CHECK(screen_is_golden(name));
+}
+
+TEST_CASE("pictures of tables") {
+    view_project_t project;
+    looks_open(project);
+    looks_theme(project, ZOF_CTRL_TABLE, table_looks);
+    auto sized = [](u32 id, u32 align) {
+        return ctrl(ZOF_CTRL_TABLE, id, table(4, 3) + R"(, "align_table": )" + std::to_string(align),
+                    box(20, 20, 280, 10));
+    };
+    project.show({sized(1, 1), sized(2, 2), sized(3, 3)});
+    const char *texts[4][3] = {{"Rail", "Voltage", "Current"}, {"1", "5.00 V", "3.0 A"}, {"2", "9.00 V", "3.0 A"},
+                               {"3", "20.0 V", "5.0 A"}};
+    const char *names[] = {"left", "middle", "right"};
+    for (u32 id = 1; id <= 3; id++) {
+        for (u32 i = 0; i < 12; i++) {
+            CHECK(zof_table_set_cell_value(at(id), i / 3, i % 3, texts[i / 3][i % 3]) == 0);
+        }
+        looks_only(id, 3);
+        picture(std::string("table_") + names[id - 1]);
+    }
+    looks_only(1, 3);
+    const char *modes[] = {"cell", "row", "column"};
+    for (u32 mode = 0; mode < 3; mode++) {
+        screen_press(160, 80);
+        CHECK(zof_table_set_value_changed_color(at(1), 0xFFE2A8, mode) == 0);
+        screen_release(160, 80);
+        picture(std::string("table_marked_") + modes[mode]);
+        screen_press(160, 80);
+        CHECK(zof_table_set_value_changed_color(at(1), 0xFFE2A8, mode) == 0);
+        screen_release(160, 80);
+    }
+    screen_press(160, 80);
+    CHECK(zof_table_set_value_changed_color(at(1), 0xFFE2A8, 0) == 0);
+    picture("table_pressed");
+    screen_release(160, 80);
+    CHECK(zof_table_set_col_width(at(1), 2, 86) == 0);
+    CHECK(zof_table_set_cell_value(at(1), 3, 2, "5.0 A for a while") == 0);
+    CHECK(zof_table_set_cell_merge_right(at(1), 1, 1) == 0);
+    picture("table_merged_and_wrapped");
+    CHECK(zof_table_set_cell_value(at(1), 4, 1, "more") == 0);
+    picture("table_grown");
+    zof_table_set_col_width(at(2), 0, 60);
+    looks_only(2, 3);
+    CHECK(zof_table_set_cell_wrap(at(2), day.accent, 2, 255, 255, day.press) == 0);
+    picture("table_wrap");
+    looks_night();
+    looks_only(1, 3);
+    CHECK(screen_pixel(100, 60) == night.card); // cells that nobody painted follow the theme
+    picture("table_night");
+}
+
+TEST_CASE("pictures of charts") {
+    view_project_t project;
+    looks_open(project);
+    looks_theme(project, ZOF_CTRL_CHART, chart_looks);
+    auto sized = [](u32 id, u32 type, u32 points, const std::string &more) {
+        return ctrl(ZOF_CTRL_CHART, id, chart(type, points, lines(day) + more), box(60, 20, 240, 170));
+    };
+    project.show({sized(1, 1, 9, y_marks + x_marks), sized(2, 2, 6, y_marks + R"(, "x_mark": {"major_tick_len": 6, "major_cnt": 6, "draw_size": 40,
+                      "last_mark_en": true})"),
+                  sized(3, 3, 12, y_marks + x_marks), sized(4, 1, 9, R"(, "dis_mode_e": 1)"), sized(5, 1, 1000, ""),
+                  sized(6, 0, 9, y_marks)});
+    auto fill = [](u32 id, u32 color, u32 count, u32 phase) {
+        lv_chart_series_t *series = zof_chart_add_series(at(id), color, 0);
+        for (u32 i = 0; i < count; i++) {
+            s32 value = 50 + 40 * lv_trigo_sin((s16)((i * 360 / count + phase) % 360)) / 32768;
+            CHECK(zof_chart_set_next(at(id), series, value) == 0);
+        }
+        return series;
+    };
+    looks_only(1, 6);
+    picture("chart_without_series");
+    lv_chart_series_t *first = fill(1, day.accent, 9, 0);
+    picture("chart_line");
+    CHECK(zof_chart_set_line_width(at(1), 0, 4) == 0);
+    picture("chart_line_without_points");
+    CHECK(zof_chart_set_line_width(at(1), 8, 2) == 0);
+    fill(1, 0xE8590C, 9, 90);
+    CHECK(zof_chart_set_value_by_id(at(1), first, 4, LV_CHART_POINT_NONE) == 0);
+    picture("chart_two_lines_with_gap");
+    CHECK(zof_chart_set_next(at(1), first, 5) == 0);
+    CHECK(zof_chart_set_next(at(1), first, 95) == 0);
+    picture("chart_line_shifted");
+    for (u32 i = 0; i < 9; i++) {
+        zof_chart_set_value_by_id(at(1), first, i, 1000 + (s32)i * 100);
+    }
+    CHECK(zof_chart_set_range_auto(at(1), first) == 0);
+    picture("chart_auto_range");
+    looks_only(2, 6);
+    fill(2, day.accent, 6, 0);
+    picture("chart_bars");
+    lv_chart_series_t *second = fill(2, 0xE8590C, 6, 120);
+    picture("chart_two_bars");
+    CHECK(zof_chart_series_remove(at(2), second) == 0);
+    picture("chart_bars_removed");
+    looks_only(3, 6);
+    lv_chart_series_t *dots = zof_chart_add_series(at(3), 0xE8590C, 0);
+    for (s32 i = 0; i < 12; i++) {
+        CHECK(zof_chart_set_next_value2(at(3), dots, 5 + i * 8, (i * 37 + 11) % 100) == 0);
+    }
+    picture("chart_scatter");
+    looks_only(4, 6);
+    lv_chart_series_t *round = fill(4, day.accent, 9, 0);
+    CHECK(zof_chart_set_next(at(4), round, 5) == 0);
+    CHECK(zof_chart_set_next(at(4), round, 95) == 0);
+    picture("chart_line_circular");
+    looks_only(5, 6);
+    lv_chart_series_t *crowd = fill(5, day.accent, 1000, 0);
+    for (u32 i = 400; i < 440; i++) {
+        zof_chart_set_value_by_id(at(5), crowd, i, LV_CHART_POINT_NONE);
+    }
+    picture("chart_thousand_points");
+    looks_only(6, 6);
+    fill(6, day.accent, 9, 0);
+    picture("chart_type_none");
+    looks_only(2, 6);
+    looks_night();
+    picture("chart_night");
 }

@@ -75,6 +75,7 @@ static lv_obj_t *btn_add(lv_obj_t *list, zof_list_attr_t *attr, const char *imag
     }
     zof_obj_press_unlock(btn);
     lv_obj_add_flag(btn, LV_OBJ_FLAG_EVENT_BUBBLE);
+    lv_obj_set_style_transform_width(btn, 0, LV_STATE_PRESSED); // LVGL's theme widens it over the list's own border
     zof_ctrl_style_add(btn, attr->pub_t.style_list, attr->pub_t.style_num, 1);
     lv_obj_refresh_ext_draw_size(btn); // while a view is built styles are taken over by controls only
     return btn;

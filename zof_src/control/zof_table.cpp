@@ -41,7 +41,19 @@ static void colors_fill(zof_table_attr_t *attr, u32 color) {
 static void colors_renew(lv_obj_t *obj, zof_table_attr_t *attr) {
     zof_free(attr->cell_colors);
     attr->cell_colors = (u32 *)zof_malloc((size_t)attr->row_cnt * attr->col_cnt * sizeof(u32));
-    colors_fill(attr, default_color(obj));
+    attr->default_color = default_color(obj);
+    colors_fill(attr, attr->default_color);
+}
+
+// Cells without a mark follow a change of theme.
+static void event_style_changed(lv_event_t *e) {
+    zof_table_attr_t *attr = (zof_table_attr_t *)lv_event_get_user_data(e);
+    u32 before = attr->default_color;
+    attr->default_color = default_color(lv_event_get_target(e));
+    for (u32 i = 0; i < color_count(attr); i++) {
+        if (attr->cell_colors[i] == before)
+            attr->cell_colors[i] = attr->default_color;
+    }
 }
 
 // LVGL counts cells with 16 bits, and grows by whatever cell it is asked for.
@@ -85,6 +97,7 @@ s32 zof_table_create(para_t *record, lv_obj_t *parent, void *attr) {
     lv_obj_set_style_text_align(obj, (lv_text_align_t)(table->align_table & 3), LV_PART_MAIN);
     colors_renew(obj, table);
     lv_obj_add_event_cb(obj, table_draw_part_event_cb, LV_EVENT_DRAW_PART_BEGIN, table);
+    lv_obj_add_event_cb(obj, event_style_changed, LV_EVENT_STYLE_CHANGED, table);
     return 0;
 }
 
@@ -148,8 +161,10 @@ s32 zof_table_set_cell_wrap(zof_ctrl_t *ctrl, zof_color_t border_color, u32 bord
         lv_obj_set_style_border_opa(obj, border_opa, LV_PART_ITEMS);
         lv_obj_set_style_bg_color(obj, zof_color_to_lv(bg_color), LV_PART_ITEMS);
         zof_table_attr_t *attr = table_attr(ctrl);
-        if (attr)
+        if (attr) {
+            attr->default_color = bg_color & COLOR_MASK;
             colors_fill(attr, bg_color);
+        }
         lv_obj_set_style_bg_opa(obj, bg_opa, LV_PART_ITEMS);
     });
 }

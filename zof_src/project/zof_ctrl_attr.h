@@ -250,7 +250,8 @@ typedef struct {
     u16 row_cnt;
     u16 col_cnt;
     u32 align_table;
-    u32 *cell_colors; // no key: one 0xRRGGBB a cell, row by row
+    u32 *cell_colors;  // no key: one 0xRRGGBB a cell, row by row
+    u32 default_color; // no key: of cells that nobody painted
 } zof_table_attr_t;
 
 typedef struct {
