@@ -1,5 +1,5 @@
-// Button maps as LVGL takes them: texts, "\n" for a row break, an empty text at the end. LVGL points at a map as long as
-// it shows it, so maps own their texts: translations go when the language changes. Internal.
+// Button maps as LVGL takes them: texts, "\n" for a row break, an empty text at the end. LVGL points at a map as long
+// as it shows it, so maps own their texts: translations go when the language changes. Internal.
 #ifndef ZOF_BTN_MAP_H
 #define ZOF_BTN_MAP_H
 

@@ -124,15 +124,13 @@ s32 zof_btnmatrix_get_selected_btn(zof_ctrl_t *ctrl) {
 }
 
 s32 zof_btnmatrix_set_btn_ctrl(zof_ctrl_t *ctrl, u32 id, u32 flags) {
-    return zof_on(ctrl, &lv_btnmatrix_class, [=](lv_obj_t *obj) {
-        lv_btnmatrix_set_btn_ctrl(obj, id_to_lv(id), (lv_btnmatrix_ctrl_t)flags);
-    });
+    return zof_on(ctrl, &lv_btnmatrix_class,
+                  [=](lv_obj_t *obj) { lv_btnmatrix_set_btn_ctrl(obj, id_to_lv(id), (lv_btnmatrix_ctrl_t)flags); });
 }
 
 s32 zof_btnmatrix_clear_btn_ctrl(zof_ctrl_t *ctrl, u32 id, u32 flags) {
-    return zof_on(ctrl, &lv_btnmatrix_class, [=](lv_obj_t *obj) {
-        lv_btnmatrix_clear_btn_ctrl(obj, id_to_lv(id), (lv_btnmatrix_ctrl_t)flags);
-    });
+    return zof_on(ctrl, &lv_btnmatrix_class,
+                  [=](lv_obj_t *obj) { lv_btnmatrix_clear_btn_ctrl(obj, id_to_lv(id), (lv_btnmatrix_ctrl_t)flags); });
 }
 
 s32 zof_btnmatrix_set_btn_ctrl_all(zof_ctrl_t *ctrl, u32 flags) {

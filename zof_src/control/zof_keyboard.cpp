@@ -116,17 +116,37 @@ static void pinyin_create(lv_obj_t *keyboard, lv_obj_t *parent, zof_keyboard_att
     lv_obj_refresh_ext_draw_size(keyboard);
 }
 
-// Keys such as Enter are drawn checked: a darker shade of the others, whatever theme comes.
+static bool styles_checked(const lv_obj_t *obj) {
+    const zof_keyboard_attr_t *attr = keyboard_attr((const zof_ctrl_t *)obj);
+    for (u32 i = 0; attr && i < attr->pub_t.style_num; i++) {
+        const zof_style_attr_t *style = attr->pub_t.style_list[i];
+        if (style && style->style_part == LV_PART_ITEMS && (style->style_state & LV_STATE_CHECKED))
+            return true;
+    }
+    return false;
+}
+
+static void color_set(lv_obj_t *obj, lv_style_prop_t prop, lv_color_t color, u32 selector) {
+    lv_style_value_t value;
+    const bool has = lv_obj_get_local_style_prop(obj, prop, &value, selector) == LV_RES_OK;
+    if (has && value.color.full == color.full)
+        return; // a style that is set is a change of style
+    value.color = color;
+    lv_obj_set_local_style_prop(obj, prop, value, selector);
+}
+
+// Keys such as Enter are drawn checked: a darker shade of the others, whatever theme comes. Their captions are as those
+// of the others, unless the project says something else; LVGL would draw them for a light theme.
 static void checked_darken(lv_obj_t *obj) {
     const lv_state_t state = obj->state;
     obj->state = LV_STATE_DEFAULT;
-    lv_color_t color = lv_color_darken(lv_obj_get_style_bg_color(obj, LV_PART_ITEMS), CHECKED_DARKER);
+    const lv_color_t key = lv_obj_get_style_bg_color(obj, LV_PART_ITEMS);
+    const lv_color_t caption = lv_obj_get_style_text_color(obj, LV_PART_ITEMS);
     obj->state = state;
     const u32 checked = (u32)LV_PART_ITEMS | LV_STATE_CHECKED;
-    lv_style_value_t former;
-    const lv_res_t had = lv_obj_get_local_style_prop(obj, LV_STYLE_BG_COLOR, &former, checked);
-    if (had != LV_RES_OK || former.color.full != color.full)
-        lv_obj_set_style_bg_color(obj, color, checked);
+    color_set(obj, LV_STYLE_BG_COLOR, lv_color_darken(key, CHECKED_DARKER), checked);
+    if (!styles_checked(obj))
+        color_set(obj, LV_STYLE_TEXT_COLOR, caption, checked);
 }
 
 static void event_style_changed(lv_event_t *e) {
@@ -159,6 +179,7 @@ s32 zof_keyboard_create(para_t *record, lv_obj_t *parent, void *attr) {
     else if (keyboard->cn_font_lib)
         pinyin_create(obj, parent, keyboard);
     zof_ctrl_style_add(record, keyboard->pub_t.style_list, keyboard->pub_t.style_num, 0);
+    lv_obj_set_user_data(obj, record); // needed by the next step already
     checked_darken(obj);
     lv_obj_add_event_cb(obj, event_style_changed, LV_EVENT_STYLE_CHANGED, nullptr);
     lv_obj_set_style_text_opa(obj, LV_OPA_COVER, LV_PART_ITEMS);

@@ -55,8 +55,8 @@ s32 zof_mbox_create(para_t *record, lv_obj_t *parent, void *attr) {
         return -1;
     // For a map without captions LVGL would leave room for buttons.
     const char **map = mbox->btn_map[0][0] ? (const char **)mbox->btn_map : nullptr;
-    lv_obj_t *obj = record->obj = lv_msgbox_create(parent, zof_lang_get_cur_str(mbox->title),
-                                                   zof_lang_get_cur_str(mbox->txt), map, false);
+    lv_obj_t *obj = record->obj =
+        lv_msgbox_create(parent, zof_lang_get_cur_str(mbox->title), zof_lang_get_cur_str(mbox->txt), map, false);
     if (!obj)
         return -1;
     zof_ctrl_pub_attr(record, &mbox->pub_t);

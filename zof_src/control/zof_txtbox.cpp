@@ -17,7 +17,12 @@ template <typename F> static s32 on_box(zof_ctrl_t *ctrl, F &&fn) {
 // Bytes of the UTF-8 character that `at` points at, 0 for none. LVGL reads on by the first byte alone.
 static u32 char_size(const char *at) {
     const u8 first = (u8)*at;
-    u32 size = first < 0x80 ? first != 0 : first < 0xC0 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : first < 0xF8 ? 4 : 0;
+    u32 size = first < 0x80   ? first != 0
+               : first < 0xC0 ? 0
+               : first < 0xE0 ? 2
+               : first < 0xF0 ? 3
+               : first < 0xF8 ? 4
+                              : 0;
     for (u32 i = 1; i < size; i++) {
         if (((u8)at[i] & 0xC0) != 0x80)
             return 0;
@@ -78,6 +83,18 @@ static s32 text_hand_over(lv_obj_t *obj, const char *text, u32 length, void (*pu
     return 0;
 }
 
+// Puts the cursor to the end and scrolls there, for which the box needs its size and font by now. LVGL would scroll in
+// an animation, which ends when the box is laid out next.
+static void end_show(lv_obj_t *obj) {
+    lv_obj_enable_style_refresh(true);
+    lv_obj_refresh_style(obj, LV_PART_ANY, LV_STYLE_PROP_ANY);
+    zof_obj_layout(obj);
+    zof_obj_layout(lv_textarea_get_label(obj));
+    lv_textarea_set_cursor_pos(obj, LV_TEXTAREA_CURSOR_LAST);
+    lv_obj_scroll_by(obj, -LV_MAX(lv_obj_get_scroll_right(obj), 0), -LV_MAX(lv_obj_get_scroll_bottom(obj), 0),
+                     LV_ANIM_OFF);
+}
+
 s32 zof_txtbox_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_txtbox_attr_t *box = (zof_txtbox_attr_t *)attr;
     if (!record || !box)
@@ -98,7 +115,7 @@ s32 zof_txtbox_create(para_t *record, lv_obj_t *parent, void *attr) {
     const u32 focused = (u32)LV_PART_CURSOR | LV_STATE_FOCUSED;
     zof_cursor_style_set(obj, &box->cursor_style_t, focused, ZOF_FALSE);
     zof_ctrl_style_add(record, box->pub_t.style_list, box->pub_t.style_num, 0);
-    lv_textarea_set_cursor_pos(obj, LV_TEXTAREA_CURSOR_LAST);
+    end_show(obj);
     return 0;
 }
 
