@@ -275,6 +275,79 @@ TEST_CASE("hostile numbers and texts of lists are drawn, touched and deleted lik
     screen_step(50);
 }
 
+static const std::string gone_with_view = R"("pub": true, )";
+
+// One of each of the families of lists, tables and charts, 300 by 40 pixels below each other.
+static std::vector<std::string> one_of_each_list() {
+    const std::string own[] = {list_of({{"dot.png", "#off"}, {"", "#low"}}), modes + R"(, "dir_t": 8)",
+                               modes + R"(, "row_cnt": 2, "rol_mode": 1)", R"("row_cnt": 1, "col_cnt": 2)",
+                               R"("dis_type_e": 3, "point_cnt": 5, "y_max": 9)"};
+    const u32 types[] = {ZOF_CTRL_LIST, ZOF_CTRL_DROPLIST, ZOF_CTRL_ROLLIST, ZOF_CTRL_TABLE, ZOF_CTRL_CHART};
+    std::vector<std::string> out;
+    for (u32 i = 0; i < 5; i++) {
+        out.push_back(ctrl(types[i], i + 1, own[i], gone_with_view + box(0, (s32)i * 48, 300, 40)));
+    }
+    return out;
+}
+
+TEST_CASE("lists, tables and charts come and go with their view and leave nothing behind") {
+    view_project_t project;
+    looks_open(project);
+    languages(project);
+    looks_theme(project, ZOF_CTRL_DROPLIST, drop_looks);
+    project.image("dot.png", 16, 16, 0xF2A33A);
+    project.view(2, {});
+    project.show(one_of_each_list());
+    u32 memory[2] = {};
+    for (u32 turn = 0; turn < 40; turn++) {
+        zof_list_add_btn(at(1), "dot.png", "#high");
+        zof_droplist_add_option(at(2), "more", 1);
+        zof_droplist_open(at(2));
+        zof_rollist_add_option(at(3), "more", 1);
+        zof_rollist_set_selected(at(3), 3, 1);
+        zof_table_set_cell_value(at(4), 3, 3, "more");
+        zof_chart_set_next_value2(at(5), zof_chart_add_series(at(5), 0, 0), 1, 1);
+        screen_step(60);
+        zof_lang_set(turn % 2 ? "en" : "de");
+        zof_view_set_dis_view(2);
+        screen_step(60);
+        CHECK(at(2)->obj == nullptr);
+        u32 now = zof_mem_get_used();
+        if (turn >= 20) {
+            CHECK(now == memory[turn % 2]);
+        }
+        memory[turn % 2] = now;
+        zof_view_set_dis_view(1);
+    }
+}
+
+TEST_CASE("lists, tables and charts may be deleted in their own events") {
+    view_project_t project;
+    project.view(2, {});
+    ctrl_funs.clear();
+    for (u32 id = 1; id <= 5; id++) {
+        ctrl_funs.push_back({id, [](zof_ctrl_t *ctrl, zof_event_e event) {
+                                 if (event == ZOF_EVENT_VALUE_CHANGED ||
+                                     (event == ZOF_EVENT_CLICKED && ctrl == at(1))) {
+                                     CHECK(zof_ctrl_delete((para_t *)ctrl) == 0);
+                                 }
+                             }});
+    }
+    project.show(one_of_each_list());
+    screen_step(50);
+    screen_click(100, 12); // the list's first button
+    screen_click(100, 60); // opens the drop list
+    screen_click(100, 110);
+    screen_click(100, 108);
+    screen_click(50, 155);
+    screen_click(100, 210);
+    for (u32 id = 1; id <= 5; id++) {
+        CAPTURE(id);
+        CHECK(at(id)->obj == nullptr);
+    }
+    screen_step(50);
+}
+
 // One picture; what is told of the control's state is in its name.
 static void picture(const std::string &name) {
     screen_step(400); // LVGL's theme changes colours in steps
@@ -290,8 +363,12 @@ TEST_CASE("pictures of lists") {
     project.show({ctrl(ZOF_CTRL_LIST, 1, list_of({{"", "#off"}, {"", "#low"}, {"", "#high"}, {"", "Custom"}}),
                        box(40, 20, 220, 200) + scrolls),
                   ctrl(ZOF_CTRL_LIST, 2,
-                       list_of({{"dot.png", "#off"}, {"dot.png", "#low"}, {"", "No picture"}, {"dot.png", "#high"},
-                                {"dot.png", "A text that is far too long for its line"}, {"dot.png", "Last"}}),
+                       list_of({{"dot.png", "#off"},
+                                {"dot.png", "#low"},
+                                {"", "No picture"},
+                                {"dot.png", "#high"},
+                                {"dot.png", "A text that is far too long for its line"},
+                                {"dot.png", "Last"}}),
                        box(40, 20, 220, 200) + scrolls)});
     looks_only(1, 2);
     picture("list_plain");

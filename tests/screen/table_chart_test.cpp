@@ -234,8 +234,8 @@ TEST_CASE("pictures of tables") {
                     box(20, 20, 280, 10));
     };
     project.show({sized(1, 1), sized(2, 2), sized(3, 3)});
-    const char *texts[4][3] = {{"Rail", "Voltage", "Current"}, {"1", "5.00 V", "3.0 A"}, {"2", "9.00 V", "3.0 A"},
-                               {"3", "20.0 V", "5.0 A"}};
+    const char *texts[4][3] = {
+        {"Rail", "Voltage", "Current"}, {"1", "5.00 V", "3.0 A"}, {"2", "9.00 V", "3.0 A"}, {"3", "20.0 V", "5.0 A"}};
     const char *names[] = {"left", "middle", "right"};
     for (u32 id = 1; id <= 3; id++) {
         for (u32 i = 0; i < 12; i++) {
@@ -271,7 +271,11 @@ TEST_CASE("pictures of tables") {
     picture("table_wrap");
     looks_night();
     looks_only(1, 3);
-    CHECK(screen_pixel(100, 60) == night.card); // cells that nobody painted follow the theme
+    screen_press(160, 80);
+    CHECK(zof_table_set_value_changed_color(at(1), 0xFFE2A8, 0) == 0);
+    CHECK(zof_table_set_value_changed_color(at(1), 0x6B4A12, 1) == 0);
+    screen_release(160, 80);
+    CHECK(screen_pixel(100, 115) == night.card); // cells that nobody painted follow the theme
     picture("table_night");
 }
 
@@ -282,7 +286,8 @@ TEST_CASE("pictures of charts") {
     auto sized = [](u32 id, u32 type, u32 points, const std::string &more) {
         return ctrl(ZOF_CTRL_CHART, id, chart(type, points, lines(day) + more), box(60, 20, 240, 170));
     };
-    project.show({sized(1, 1, 9, y_marks + x_marks), sized(2, 2, 6, y_marks + R"(, "x_mark": {"major_tick_len": 6, "major_cnt": 6, "draw_size": 40,
+    project.show({sized(1, 1, 9, y_marks + x_marks),
+                  sized(2, 2, 6, y_marks + R"(, "x_mark": {"major_tick_len": 6, "major_cnt": 6, "draw_size": 40,
                       "last_mark_en": true})"),
                   sized(3, 3, 12, y_marks + x_marks), sized(4, 1, 9, R"(, "dis_mode_e": 1)"), sized(5, 1, 1000, ""),
                   sized(6, 0, 9, y_marks)});
