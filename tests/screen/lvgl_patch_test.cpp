@@ -256,6 +256,69 @@ TEST_CASE("a cached image lives as long as the limit lets it") {
     }
 }
 
+static s32 image_memory = -1; // of all images; not counted unless a test says so
+
+// The files that lie decoded in the cache.
+static std::string cached_files(s32 *bytes) {
+    const _lv_img_cache_entry_t *cache = LV_GC_ROOT(_lv_img_cache_array);
+    std::string names;
+    for (s32 i = 0; i < LV_IMG_CACHE_DEF_SIZE; i++) {
+        const lv_img_decoder_dsc_t &dsc = cache[i].dec_dsc;
+        if (dsc.src && lv_img_src_get_type(dsc.src) == LV_IMG_SRC_FILE) {
+            names += std::filesystem::path((const char *)dsc.src).stem();
+            *bytes += dsc.header.w * dsc.header.h * 4;
+        }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+static std::string cached() {
+    s32 bytes = 0;
+    return cached_files(&bytes);
+}
+
+// Linked in place of the port's, which counts nothing.
+extern "C" s32 __wrap_zof_ram_get_img_free(void) {
+    s32 used = 0;
+    cached_files(&used);
+    return image_memory < 0 ? -1 : image_memory - used;
+}
+
+TEST_CASE("where image memory is counted, the cached files used least make room for one that would not fit") {
+    temp_project_t project;
+    project.open();
+    screen_open(100, 100);
+    lv_obj_t *img = lv_img_create(lv_scr_act());
+    const auto show = [&](const std::string &name) {
+        lv_img_set_src(img, project.path(name + ".png").c_str());
+        return screen_pixel(5, 5);
+    };
+    for (const auto &[name, side] : {std::pair{"a", 20}, {"b", 20}, {"c", 20}, {"d", 90}}) {
+        screen_png_write(project.path(std::string(name) + ".png"),
+                         {side, side, std::vector<u32>((size_t)(side * side), (u32)name[0])});
+    }
+    for (const char *name : {"a", "b", "c"}) {
+        CHECK(show(name) == (u32)name[0]);
+    }
+    CHECK(cached() == "abc"); // not counted: nothing goes
+    lv_img_cache_invalidate_src(nullptr);
+    image_memory = 2 * 20 * 20 * 4 + 100; // for two of them
+    show("a");
+    for (s32 i = 0; i < LV_IMG_CACHE_DEF_SIZE; i++) {
+        LV_GC_ROOT(_lv_img_cache_array)[i].dec_dsc.time_to_open = 50;
+    }
+    lv_obj_invalidate(img);
+    screen_shot(); // once more, so that it is worth more than the next
+    show("b");
+    CHECK(cached() == "ab");
+    CHECK(show("c") == 'c');
+    CHECK(cached() == "ac");
+    CHECK(show("d") == 'd'); // fits beside nothing, and is shown all the same
+    CHECK(cached() == "d");
+    image_memory = -1;
+}
+
 static s32 band_height(lv_obj_t *roller, s32 more) {
     ((lv_roller_t *)roller)->ext_sel_width = more;
     lv_obj_invalidate(roller);
