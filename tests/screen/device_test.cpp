@@ -147,15 +147,42 @@ TEST_CASE("clock: setting it changes nothing") {
     CHECK(now.year >= 2024);
 }
 
-TEST_CASE("tones: flags say which touches sound, and a series counts down") {
+static std::string sounds; // what the sound driver was asked for
+static const zof_drv_audio_ops_t sound_driver = {
+    .set_src = [](const char *path) -> s32 {
+        const std::string name = path;
+        sounds += " " + name.substr(name.rfind("sound/"));
+        return name.ends_with(".wav") ? 0 : -1;
+    },
+    .set_state = [](u32 state) -> s32 {
+        sounds += ":" + std::to_string(state);
+        return 0;
+    },
+};
+
+TEST_CASE("tones: flags say which touches sound, and a series of sound files counts down") {
     view_project_t project;
     standby_up(project, R"({})");
+    zof_drv_audio_reg(&sound_driver);
     zof_prj_get_cur()->attr->hw_t.touch_t.th_en = 0x02 | 0x04; // on, for raw touch, at press
-    zof_prj_tone_t tone = {.type = 1, .time = 50, .sound = nullptr, .volum = 0};
+    char name[] = "a.wav";
+    zof_prj_tone_t tone = {.type = 1, .time = 50, .sound = name, .volum = 0};
     CHECK(zof_hmi_tone_set(zof_hmi_tone_set(&tone)) != nullptr); // its own record again
-    CHECK(contains(printed([] { screen_click(100, 50); }), "is not built yet"));
+    screen_click(100, 50);
+    CHECK(taken(sounds) == " sound/a.wav:0");
     zof_hmi_tone_mult_on(3, 100, 50);
+    screen_step(300);
+    CHECK(taken(sounds) == " sound/a.wav:0 sound/a.wav:0");
     screen_step(1000);
+    CHECK(taken(sounds) == " sound/a.wav:0");
     zof_hmi_tone_mult_on(0, 0, 0);
-    screen_step(100);
+    char wrong[] = "a.xyz"; // refused: not started either
+    tone.sound = wrong;
+    zof_hmi_tone_set(&tone);
+    screen_click(100, 50);
+    CHECK(taken(sounds) == " sound/a.xyz");
+    tone.sound = nullptr;
+    zof_hmi_tone_set(&tone);
+    screen_click(100, 50);
+    CHECK(taken(sounds) == "");
 }
