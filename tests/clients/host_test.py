@@ -271,23 +271,6 @@ class Requests(unittest.TestCase):
         self.assertEqual(len(list(panel.events())), 1)
         self.assertRaisesRegex(LineLost, "closed", panel.read, rows.VIEW_SIZE)
 
-    def test_many_threads_get_their_own_answers(self) -> None:
-        kept = {rows.SLIDER_VALUE.code + bytes([0, 1, 0, i]): bytes([0, i]) for i in range(8)}
-        panel, _ = self.panel(store(kept=kept))
-        wrong = []
-
-        def work(i: int) -> None:
-            for _ in range(20):
-                if panel.read(rows.SLIDER_VALUE, view=1, control=i) != i:
-                    wrong.append(i)
-
-        threads = [threading.Thread(target=work, args=(i,)) for i in range(8)]
-        for thread in threads:
-            thread.start()
-        for thread in threads:
-            thread.join()
-        self.assertEqual((wrong, panel.counts["strays"]), ([], 0))
-
 
 class CommandLine(unittest.TestCase):
     def test_wrong_words_end_with_a_line_and_status_2(self) -> None:

@@ -29,7 +29,7 @@ IDLE_S = 0.2  # a silence of this length ends whatever looks like the begin of a
 BLOCK_BYTES = 4096  # the panel takes no more between two silences
 TAIL_BYTES = 256  # nor does it keep more of a frame whose rest has not come
 REPORTS = 0x70  # flags of system.touch_config that make touches come unasked
-READ_BACK_GIVES_OTHERS = {"system.rtc"}  # it goes on by itself
+READ_BACK_GIVES_OTHERS = {"system.rtc", "video.state", "button.state"}  # read back, they may differ
 NEVER_CONFIRMED = {"system.reboot"}  # the panel goes
 
 

@@ -33,9 +33,12 @@ class Project:
         """PanelError, with the file, when the folder is no project."""
         config = Path(folder) / "config"
         project = _load(config / "project" / "zofprj.g")
-        self.views = [_view(config / "view", entry) for entry in project.get("views") or []]
         link = config / "project" / "zofhmi.g"
-        self.settings = _settings(_load(link)) if link.exists() else Settings()
+        try:
+            self.views = [_view(config / "view", entry) for entry in project.get("views") or []]
+            self.settings = _settings(_load(link)) if link.exists() else Settings()
+        except (AttributeError, IndexError, TypeError, ValueError) as why:
+            raise PanelError(f"{folder}: a value in its project files is not of its kind: {why}") from None
 
     def ids(self, view: int | str | None, control: int | str | None) -> tuple[int | None, int | None]:
         """Numbers of a view and of a control in it; numbers stay as they are, known or not."""
@@ -80,7 +83,7 @@ def _view(folder: Path, entry: dict[str, Any]) -> View:
     for control in _load(folder / name).get("controls") or []:
         pub = control.get("property", {}).get("pub_t", {})
         kind = control.get("type", 0)
-        controls.append(Control(pub.get("id", 0), pub.get("name", ""), TYPES[kind] if kind < len(TYPES) else str(kind)))
+        controls.append(Control(pub.get("id", 0), pub.get("name", ""), TYPES[kind] if 0 <= kind < len(TYPES) else str(kind)))
     return View(entry.get("pageid", 0), Path(name).stem, controls)
 
 
