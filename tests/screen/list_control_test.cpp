@@ -241,6 +241,19 @@ TEST_CASE("a roller turns to what is asked or touched, and keeps its mode and it
     screen_step(600);
 }
 
+TEST_CASE("a touch in the padding above the options of an open list chooses the first") {
+    view_project_t project;
+    looks_open(project);
+    languages(project);
+    project.show({ctrl(ZOF_CTRL_DROPLIST, 1, modes, box(20, 20, 160, 36),
+                       looks({{.sect = 1, .bg = day.card, .text = day.text, .pad = 40}}))});
+    CHECK(zof_droplist_set_selected(at(1), 2) == 0);
+    CHECK(zof_droplist_open(at(1)) == 0);
+    screen_step(50);
+    screen_click(60, lv_dropdown_get_list(at(1)->obj)->coords.y1 + 4);
+    CHECK(zof_droplist_get_selected(at(1)) == 0);
+}
+
 TEST_CASE("hostile numbers and texts of lists are drawn, touched and deleted like any other") {
     view_project_t project;
     std::string many;
