@@ -6,7 +6,7 @@
 #include "view_project.h"
 
 enum { LABEL = 5, BTN, IMG, IMGBTN, LINE, ARC, BAR, SLIDER, SWITCH, CHECK_BOX, TILES, SPIN, TILE_A, TILE_B };
-enum { LIST = TILE_B + 1, DROP, ROLLER, TABLE };
+enum { LIST = TILE_B + 1, DROP, ROLLER, TABLE, MBOX, TXTBOX, KEYBOARD, MATRIX };
 
 // A style with a font that is a file, so that texts can change their size; the file is the caller's to put there.
 inline const std::string text_style = R"({"style_part": 0, "style_state": 0, "style_sect": 0,
@@ -39,7 +39,11 @@ inline std::vector<std::string> one_of_each(const std::string &pub = "\"pub\": 0
             one(ZOF_CTRL_LIST, LIST, R"("btns_t": [{"txt": "first"}, {"txt": "second"}])", box(100, 180, 60, 60)),
             one(ZOF_CTRL_DROPLIST, DROP, R"("options": "one\ntwo")", box(170, 200, 60, 30)),
             one(ZOF_CTRL_ROLLIST, ROLLER, R"("options": "one\ntwo")", box(240, 190, 60, 40)),
-            one(ZOF_CTRL_TABLE, TABLE, "", box(300, 0, 20, 20))};
+            one(ZOF_CTRL_TABLE, TABLE, "", box(300, 0, 20, 20)),
+            one(ZOF_CTRL_MBOX, MBOX, R"("title": "#hello", "txt": "t", "btn_txt": ["b", ""])", box(400, 0, 100, 60)),
+            one(ZOF_CTRL_TXTBOX, TXTBOX, R"("init_txt": "text", "max_txt_len": 9)", box(400, 70, 100, 30)),
+            one(ZOF_CTRL_KEYBOARD, KEYBOARD, R"("keyboard_spell": true, "mode": 3)", box(400, 110, 100, 60)),
+            one(ZOF_CTRL_BTNMATRIX, MATRIX, R"("btnmatrix_txt": ["a", "\n", "b", ""])", box(400, 180, 100, 60))};
 }
 
 #endif

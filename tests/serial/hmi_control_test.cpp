@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "control/zof_input.h"
 #include "control/zof_list.h"
 #include "control/zof_table_chart.h"
 #include "every_control.h"
@@ -96,6 +97,30 @@ static std::string list_text(u32 index) {
     return text == (const char *)-1 ? "(none)" : text;
 }
 
+static std::string label_text(const lv_obj_t *label) {
+    return label ? lv_label_get_text(label) : "(none)";
+}
+
+static std::string typed() {
+    return lv_textarea_get_text(obj(TXTBOX));
+}
+
+static bool btn_flag(u32 id, u32 flags) {
+    return zof_btnmatrix_has_btn_ctrl(obj(MATRIX), id, flags) == 1;
+}
+
+static s32 btn_width(u32 id) {
+    return lv_area_get_width(&((const lv_btnmatrix_t *)obj(MATRIX))->button_areas[id]);
+}
+
+// By itself, on the host's own clock.
+static bool box_closes() {
+    return eventually([] {
+        loop_turn();
+        return flag(MBOX, LV_OBJ_FLAG_HIDDEN);
+    });
+}
+
 // A write: the type's second byte, the control, the parameter's code with what follows it, and what must hold then. The
 // rows run in this order, and one builds on those before it. `says` is the acknowledgement: what chooses between two
 // calls says 0 when it was one of them.
@@ -180,7 +205,21 @@ static const std::vector<write_row> writes = {
     {0x09, CHECK_BOX, {0x00, 'x', 0}, [] { return lv_checkbox_get_text(obj(CHECK_BOX)) == std::string("x"); }},
     {0x09, CHECK_BOX, {0x01, 1}, [] { return state(CHECK_BOX, LV_STATE_CHECKED); }},
     {0x09, CHECK_BOX, {0x02, 1}, [] { return state(CHECK_BOX, LV_STATE_DISABLED); }},
+    {0x0A, MBOX, {0x00, 'T', 0}, [] { return label_text(lv_msgbox_get_title(obj(MBOX))) == "T"; }},
+    {0x0A, MBOX, {0x01, 'x', 0}, [] { return label_text(lv_msgbox_get_text(obj(MBOX))) == "x"; }},
+    {0x0A, MBOX, {0x03, 0}, [] { return flag(MBOX, LV_OBJ_FLAG_HIDDEN); }},
+    {0x0A, MBOX, {0x03, 9}, [] { return flag(MBOX, LV_OBJ_FLAG_HIDDEN); }}, // says so as well
+    {0x0A, MBOX, {0x03, 1}, [] { return !flag(MBOX, LV_OBJ_FLAG_HIDDEN); }},
+    {0x0A, MBOX, {0x02, 0, 1}, box_closes},
     {0x0B, TILES, {0x00, 0, 0, 0, 0, 1}, second_tile},
+    {0x0C, TXTBOX, {0x03, 'a', 'b', 0}, [] { return typed() == "ab"; }},
+    {0x0C, TXTBOX, {0x05, 1}, [] { return lv_textarea_get_cursor_pos(obj(TXTBOX)) == 1; }},
+    {0x0C, TXTBOX, {0x00, 'x', 'y', 0}, [] { return typed() == "axyb"; }},
+    {0x0C, TXTBOX, {0x01, 0, 0, 0xA4, 0xC3}, [] { return typed() == "axyäb"; }},
+    {0x0C, TXTBOX, {0x02, 0}, [] { return typed() == "axyb"; }, 0},
+    {0x0C, TXTBOX, {0x02, 1}, [] { return typed() == "axy"; }, 0},
+    {0x0C, TXTBOX, {0x04, 1}, [] { return lv_textarea_get_password_mode(obj(TXTBOX)) && typed() == "axy"; }},
+    {0x0C, TXTBOX, {0x00, '1', '2', '3', '4', '5', '6', '7', 0}, [] { return typed() == "axy123456"; }},
     {0x0D, LIST, {0x02, 0, 1, '2', 0}, [] { return list_text(1) == "2"; }},
     {0x0D, LIST, {0x00, 0, 0}, [] { return list_text(0) == "2" && list_text(1) == "(none)"; }},
     {0x0D, LIST, {0x01, 0}, [] { return list_text(0) == "(none)"; }},
@@ -206,6 +245,12 @@ static const std::vector<write_row> writes = {
      {0x02, 0, 0, 0, 1},
      [] { return lv_table_has_cell_ctrl(obj(TABLE), 0, 1, LV_TABLE_CELL_CTRL_MERGE_RIGHT); }},
     {0x15, TABLE, {0x03, 0, 1, 1, 9, 0, 255, 255, 0, 2, 2, 9}, [] { return rows_of(TABLE, 0x020209) > 10; }},
+    {0x16, MATRIX, {0x02, 1, 0, 0xC0}, [] { return btn_flag(0, 0xC0) && btn_flag(1, 0xC0); }},
+    {0x16, MATRIX, {0x02, 0, 0, 0x80}, [] { return !btn_flag(0, 0x80) && btn_flag(1, 0x40); }},
+    {0x16, MATRIX, {0x01, 1, 0, 1, 0, 0x20}, [] { return btn_flag(1, 0x60) && !btn_flag(0, 0x20); }},
+    {0x16, MATRIX, {0x01, 0, 0, 1, 0, 0x20}, [] { return !btn_flag(1, 0x20); }},
+    {0x16, MATRIX, {0x04, 7, 0, 1}, [] { return btn_flag(1, 7) && btn_width(1) == btn_width(0); }}, // alone in its row
+    {0x16, MATRIX, {0x05, 1}, [] { return zof_btnmatrix_get_one_checked(obj(MATRIX)) == 1; }},
 };
 
 // A read: as above, and the value that comes behind what was asked. What a row needs to be in place is written first.
@@ -233,8 +278,14 @@ static const std::vector<read_row> reads = {
     {0x08, SWITCH, {0x00}, {0}},
     {0x09, CHECK_BOX, {0x01}, {0}},
     {0x09, CHECK_BOX, {0x02}, {1}, {{0x02, 1}}},
+    {0x0C, TXTBOX, {0x03}, {'t', 'e', 'x', 't', 0}},
     {0x0D, LIST, {0x02, 0, 1}, {'s', 'e', 'c', 'o', 'n', 'd', 0}},
+    {0x13, KEYBOARD, {0x00}, {0, 0, 0xFF, 0xFF}},
+    {0x13, KEYBOARD, {0x01, 0, 4}, {'4', 0}},
     {0x14, SPIN, {0x00}, {0xFF, 0xFF, 0xFF, 0xF0}, {{0x00, 0xFF, 0xFF, 0xFF, 0xF0}}},
+    {0x16, MATRIX, {0x00, 0, 1}, {'b', 0}},
+    {0x16, MATRIX, {0x03, 0, 1, 0, 0x48}, {1}, {{0x01, 1, 0, 1, 0, 0x48}}},
+    {0x16, MATRIX, {0x05}, {1}, {{0x05, 1}}},
 };
 
 TEST_CASE("host controls: every write does to its control what it says, and is acknowledged") {
@@ -264,7 +315,12 @@ TEST_CASE("host controls: every read gives what the control has") {
     }
     // The tile view's second row bears the code of its first, which cannot be read: silence. So has a write without
     // handler, and a text of a control that is not there.
-    const bytes silent_reads[] = {command(0x0B, TILES, {0x00}), command(0x00, 99, {0x00}), command(0x00, BTN, {0x00})};
+    const bytes silent_reads[] = {command(0x0B, TILES, {0x00}),
+                                  command(0x00, 99, {0x00}),
+                                  command(0x00, BTN, {0x00}),
+                                  command(0x0C, SPIN, {0x03}),
+                                  command(0x13, KEYBOARD, {0x01, 0, 99}),
+                                  command(0x16, MATRIX, {0x00, 0, 2})};
     for (const bytes &payload : silent_reads) {
         pty_write(p.pty, get(payload));
         silent(p);
@@ -312,6 +368,17 @@ TEST_CASE("host controls: a wrong selector, an absent control and one of another
     CHECK(write_ctrl(p, command(0xF0, LABEL, {0x00, 2})) == 1);
     CHECK(!lv_obj_has_flag(obj(LABEL), LV_OBJ_FLAG_HIDDEN));
     CHECK(write_ctrl(p, command(0xF0, LABEL, {0x06, 2})) == 1);
+    const bytes wrong_selectors[] = {command(0x0C, TXTBOX, {0x02, 2}), command(0x0C, TXTBOX, {0x04, 2}),
+                                     command(0x0C, TXTBOX, {0x05, 4}), command(0x16, MATRIX, {0x01, 2, 0, 0, 0, 0x80}),
+                                     command(0x16, MATRIX, {0x02, 2, 0, 0x80})};
+    for (const bytes &payload : wrong_selectors) {
+        CAPTURE(payload[1]);
+        CAPTURE(payload[2]);
+        CHECK(write_ctrl(p, payload) == 1);
+    }
+    CHECK(typed() == "text");
+    CHECK(!lv_textarea_get_password_mode(obj(TXTBOX)));
+    CHECK(!btn_flag(0, 0x80));
     const bytes refused[] = {
         command(0xF0, 99, {0x05, 1}),
         command(0xF0, BTN, {0x07, 2}),
@@ -324,6 +391,10 @@ TEST_CASE("host controls: a wrong selector, an absent control and one of another
         command(0x03, IMGBTN, {0x03, 9}),
         command(0x05, ARC, {0x00, 2, 0, 9, 8, 7, 0, 6, 200, 1}),
         command(0x00, LABEL, {0x00, 'x'}), // a text without its end
+        command(0x0A, BTN, {0x00, 'x', 0}),
+        command(0x0C, TXTBOX, {0x01, 0, 0, 0x4F, 0x60}), // no UTF-8 character
+        command(0x0C, SPIN, {0x03, 'x', 0}),             // a text box's to a spin box, which LVGL takes for one
+        command(0x16, KEYBOARD, {0x05, 1}),              // a matrix's to a keyboard
     };
     for (const bytes &payload : refused) {
         CAPTURE(payload[1]);
