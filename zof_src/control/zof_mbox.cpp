@@ -63,6 +63,7 @@ s32 zof_mbox_create(para_t *record, lv_obj_t *parent, void *attr) {
     lv_obj_set_style_anim_time(obj, mbox->anim_time, LV_PART_MAIN);
     label_center(lv_msgbox_get_title(obj));
     label_center(lv_msgbox_get_text(obj));
+    lv_obj_set_flex_align(obj, LV_FLEX_ALIGN_CENTER, LV_FLEX_ALIGN_START, LV_FLEX_ALIGN_START); // the buttons as well
     zof_ctrl_style_add(record, mbox->pub_t.style_list, mbox->pub_t.style_num, 0);
     lv_obj_t *btns = lv_msgbox_get_btns(obj);
     if (btns) {
