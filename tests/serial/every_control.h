@@ -7,6 +7,7 @@
 
 enum { LABEL = 5, BTN, IMG, IMGBTN, LINE, ARC, BAR, SLIDER, SWITCH, CHECK_BOX, TILES, SPIN, TILE_A, TILE_B };
 enum { LIST = TILE_B + 1, DROP, ROLLER, TABLE, MBOX, TXTBOX, KEYBOARD, MATRIX };
+enum { GIF = 60, QR, VIDEO }; // a player only where a test plugs a driver in
 
 // A style with a font that is a file, so that texts can change their size; the file is the caller's to put there.
 inline const std::string text_style = R"({"style_part": 0, "style_state": 0, "style_sect": 0,
@@ -36,6 +37,9 @@ inline std::vector<std::string> one_of_each(const std::string &pub = "\"pub\": 0
                 box(0, 190, 100, 40)),
             tile(TILE_A, 0),
             tile(TILE_B, 1),
+            one(ZOF_CTRL_GIF, GIF, R"("init_gif": "ever.gif", "play_en": true)", box(520, 0, 40, 30)),
+            one(ZOF_CTRL_QRCODE, QR, R"("txt": "#hello", "bg_color": 16777215)", box(520, 40, 60, 60)),
+            one(ZOF_CTRL_VIDEO, VIDEO, R"("volume": 128)", box(520, 120, 60, 60)),
             one(ZOF_CTRL_LIST, LIST, R"("btns_t": [{"txt": "first"}, {"txt": "second"}])", box(100, 180, 60, 60)),
             one(ZOF_CTRL_DROPLIST, DROP, R"("options": "one\ntwo")", box(170, 200, 60, 30)),
             one(ZOF_CTRL_ROLLIST, ROLLER, R"("options": "one\ntwo")", box(240, 190, 60, 40)),

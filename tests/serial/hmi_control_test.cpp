@@ -7,7 +7,9 @@
 
 #include "control/zof_input.h"
 #include "control/zof_list.h"
+#include "control/zof_media.h"
 #include "control/zof_table_chart.h"
+#include "drv/zof_drv_video.h"
 #include "every_control.h"
 #include "hmi/zof_hmi_analys.h"
 #include "hmi_panel.h"
@@ -42,7 +44,37 @@ static s8 write_ctrl(panel &p, const bytes &payload) {
     return acknowledgement();
 }
 
+// A video driver that notes what it is asked for.
+static std::string video_asked;
+static s32 video_state;
+
+static s32 video_note(const std::string &what) {
+    video_asked = what;
+    return 0;
+}
+
+static const zof_drv_video_ops_t video_ops = {
+    .create = [](lv_obj_t *parent) { return lv_obj_create(parent); },
+    .set_pos =
+        [](lv_obj_t *player, s32 x, s32 y, u32 w, u32 h) {
+            lv_obj_set_pos(player, x, y);
+            return video_note("pos " + std::to_string(x) + " " + std::to_string(y) + " " + std::to_string(w) + " " +
+                              std::to_string(h));
+        },
+    .set_src = [](lv_obj_t *, const char *path) { return video_note(zof_res_get_file_name("", path)); },
+    .set_state =
+        [](lv_obj_t *, u32 s) {
+            video_state = (s32)s;
+            return video_note("state " + std::to_string(s));
+        },
+    .get_state = [](lv_obj_t *) { return video_state; },
+    .set_one_replay = [](lv_obj_t *, u32 on) { return video_note("replay " + std::to_string(on)); },
+    .set_volum = [](lv_obj_t *, u8 volume) { return video_note("volume " + std::to_string(volume)); },
+};
+
 static void controls_up(panel &p) {
+    zof_drv_video_reg(&video_ops);
+    p.project.write("image/ever.gif", file_text(ZOF_MEDIA_DIR "/ever.gif"));
     p.project.image("red.png", 20, 20, 0xFF0000);
     p.project.image("blue.png", 20, 20, 0x0000FF);
     p.project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
@@ -119,6 +151,20 @@ static bool box_closes() {
         loop_turn();
         return flag(MBOX, LV_OBJ_FLAG_HIDDEN);
     });
+}
+
+static const lv_gif_t *gif() {
+    return (const lv_gif_t *)obj(GIF);
+}
+
+// Whether the code shown is that of a text.
+static bool qr_says(const char *text) {
+    lv_obj_t *want = lv_qrcode_create(lv_scr_act(), 60, lv_color_black(), lv_color_white());
+    lv_qrcode_update(want, text, (u32)strlen(text));
+    const bool same = memcmp(lv_canvas_get_img(obj(QR))->data, lv_canvas_get_img(want)->data,
+                             LV_CANVAS_BUF_SIZE_INDEXED_1BIT(60, 60)) == 0;
+    lv_obj_del(want);
+    return same;
 }
 
 // A write: the type's second byte, the control, the parameter's code with what follows it, and what must hold then. The
@@ -231,6 +277,18 @@ static const std::vector<write_row> writes = {
     {0x0F, ROLLER, {0x00, 0, 9, 'e', 0}, [] { return lv_roller_get_option_cnt(obj(ROLLER)) == 3; }},
     {0x0F, ROLLER, {0x01, 0, 0, '1', 0}, [] { return lv_roller_get_options(obj(ROLLER)) == std::string("1\ntwo\ne"); }},
     {0x0F, ROLLER, {0x02, 0, 0}, [] { return lv_roller_get_option_cnt(obj(ROLLER)) == 2; }},
+    {0x10, GIF, {0x00, 1}, [] { return gif()->timer->paused == 1; }, 0},
+    {0x10, GIF, {0x00, 2}, [] { return gif()->timer->paused == 0; }, 0},
+    {0x10, GIF, {0x00, 1}, [] { return gif()->timer->paused == 1; }, 0},
+    {0x10, GIF, {0x00, 0}, [] { return gif()->timer->paused == 0; }, 0},
+    {0x10, GIF, {0x01, 0xFF, 0x00}, [] { return gif()->gif->loop_count > 0xFE00; }},
+    {0x10, GIF, {0x02, 'n', '.', 'g', 'i', 'f', 0}, [] { return gif()->gif == nullptr; }},
+    {0x11, QR, {0x00, 'h', 'i', 0}, [] { return qr_says("hi"); }},
+    {0x12, VIDEO, {0x00, 'a', '.', 'm', 'p', '4', 0}, [] { return video_asked == "video/a.mp4"; }},
+    {0x12, VIDEO, {0x01, 2}, [] { return video_asked == "state 2"; }},
+    {0x12, VIDEO, {0x02, 99}, [] { return video_asked == "volume 99"; }},
+    {0x12, VIDEO, {0x03, 2, 0, 0, 1, 0, 3, 1, 4}, [] { return video_asked == "pos 512 1 3 260"; }},
+    {0x12, VIDEO, {0x04, 1}, [] { return video_asked == "replay 1"; }},
     {0x14, SPIN, {0x00, 0, 0, 0, 42}, [] { return zof_spinbox_get_value(obj(SPIN)) == 42; }},
     {0x14, SPIN, {0x02, 1}, [] { return zof_spinbox_get_value(obj(SPIN)) == 43; }, 0},
     {0x14, SPIN, {0x01, 0}, [] { return zof_spinbox_get_value(obj(SPIN)) == 43; }, 0},
@@ -282,6 +340,7 @@ static const std::vector<read_row> reads = {
     {0x0D, LIST, {0x02, 0, 1}, {'s', 'e', 'c', 'o', 'n', 'd', 0}},
     {0x13, KEYBOARD, {0x00}, {0, 0, 0xFF, 0xFF}},
     {0x13, KEYBOARD, {0x01, 0, 4}, {'4', 0}},
+    {0x12, VIDEO, {0x01}, {2}, {{0x01, 2}}},
     {0x14, SPIN, {0x00}, {0xFF, 0xFF, 0xFF, 0xF0}, {{0x00, 0xFF, 0xFF, 0xFF, 0xF0}}},
     {0x16, MATRIX, {0x00, 0, 1}, {'b', 0}},
     {0x16, MATRIX, {0x03, 0, 1, 0, 0x48}, {1}, {{0x01, 1, 0, 1, 0, 0x48}}},
@@ -368,8 +427,13 @@ TEST_CASE("host controls: a wrong selector, an absent control and one of another
     CHECK(write_ctrl(p, command(0xF0, LABEL, {0x00, 2})) == 1);
     CHECK(!lv_obj_has_flag(obj(LABEL), LV_OBJ_FLAG_HIDDEN));
     CHECK(write_ctrl(p, command(0xF0, LABEL, {0x06, 2})) == 1);
-    const bytes wrong_selectors[] = {command(0x0C, TXTBOX, {0x02, 2}), command(0x0C, TXTBOX, {0x04, 2}),
-                                     command(0x0C, TXTBOX, {0x05, 4}), command(0x16, MATRIX, {0x01, 2, 0, 0, 0, 0x80}),
+    const bytes wrong_selectors[] = {command(0x10, GIF, {0x00, 3}),
+                                     command(0x12, VIDEO, {0x01, 4}),
+                                     command(0x12, VIDEO, {0x04, 2}),
+                                     command(0x0C, TXTBOX, {0x02, 2}),
+                                     command(0x0C, TXTBOX, {0x04, 2}),
+                                     command(0x0C, TXTBOX, {0x05, 4}),
+                                     command(0x16, MATRIX, {0x01, 2, 0, 0, 0, 0x80}),
                                      command(0x16, MATRIX, {0x02, 2, 0, 0x80})};
     for (const bytes &payload : wrong_selectors) {
         CAPTURE(payload[1]);
@@ -380,6 +444,9 @@ TEST_CASE("host controls: a wrong selector, an absent control and one of another
     CHECK(!lv_textarea_get_password_mode(obj(TXTBOX)));
     CHECK(!btn_flag(0, 0x80));
     const bytes refused[] = {
+        command(0x12, VIDEO, {0x00, 'a', '.', 'a', 'v', 'i', 0}),
+        command(0x12, QR, {0x04, 1}),
+        command(0x10, IMG, {0x01, 0, 1}),
         command(0xF0, 99, {0x05, 1}),
         command(0xF0, BTN, {0x07, 2}),
         command(0xF0, BTN, {0x09, 0, 99, 1, 0, 0, 0, 0}),   // no such base
