@@ -67,6 +67,38 @@ TEST_CASE("standby: without a time nothing happens by itself, and requests follo
     CHECK(shown() == 1);
 }
 
+TEST_CASE("standby: from every state to every other one, and the time of the state that is reached runs") {
+    view_project_t project;
+    standby_up(project, R"({"stdby_time": 1, "off_time": 1})");
+    const s32 percent[] = {90, 40, 5};
+    for (u16 stdby_time : {0, 2}) {
+        for (u16 off_time : {0, 2}) {
+            if (!stdby_time && !off_time) {
+                continue; // the count is paused, see above
+            }
+            const zof_func_standby_t times = {
+                .stdby_time = stdby_time, .stdby_bright = 40, .off_time = off_time, .off_bright = 5, .on_bright = 90};
+            CHECK(zof_func_stdby_set_param(&times) == 0);
+            const u32 next[] = {stdby_time ? 1u : 0u, off_time ? 2u : 1u, 2u};
+            for (u32 i = 0; i < 9; i++) {
+                const u32 from = i / 3;
+                const u32 to = i % 3;
+                CAPTURE(stdby_time);
+                CAPTURE(off_time);
+                CAPTURE(from);
+                CAPTURE(to);
+                zof_func_stdby_set_statue(from);
+                CHECK(zof_func_stdby_set_statue(to) == (from == to ? -1 : 0));
+                CHECK(zof_func_stdby_set_statue(3) == -1);
+                CHECK(zof_func_stdby_get_statue() == to);
+                CHECK((from == to || sdl_bright_get() == percent[to] * 255 / 100));
+                screen_step(3000);
+                CHECK(zof_func_stdby_get_statue() == next[to]);
+            }
+        }
+    }
+}
+
 // A pin's callback and the every-key callback write down what they are called with.
 static std::string keys;
 
