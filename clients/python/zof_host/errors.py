@@ -1,6 +1,8 @@
 """What can go wrong between a host and a panel."""
 from __future__ import annotations
 
+import reprlib
+
 
 class PanelError(Exception):
     """All errors of this library but wrong arguments, which are TypeError and ValueError."""
@@ -29,7 +31,7 @@ class NotTaken(PanelError):
 
     def __init__(self, what: str, wrote: object, reads: object) -> None:
         self.what, self.wrote, self.reads = what, wrote, reads
-        super().__init__(f"{what}: wrote {wrote!r}, the panel has {reads!r}")
+        super().__init__(f"{what}: wrote {reprlib.repr(wrote)}, the panel has {reprlib.repr(reads)}")
 
 
 class LineLost(PanelError, ConnectionError):
