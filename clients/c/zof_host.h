@@ -1333,7 +1333,7 @@ static inline int zof_host_set_qr_code_text(zof_host_t *host, uint16_t view, uin
 
 // Video players.
 
-// A file under video/ that ends in .mp4; it plays at once.
+// A file under video/ that ends in .mp4; its sound begins.
 // Carries: text name
 #define ZOF_HOST_VIDEO_SOURCE 0x03B21200ul
 static inline int zof_host_set_video_source(zof_host_t *host, uint16_t view, uint16_t control, const char *name) {
@@ -1344,7 +1344,7 @@ static inline int zof_host_set_video_source(zof_host_t *host, uint16_t view, uin
     return zof_host_end(host);
 }
 
-// 0 plays from the start on, 1 stops, 2 pauses, 3 goes on.
+// Picture and sound: 0 plays from the start on, 1 stops, 2 pauses, 3 goes on.
 // Answers: u8 state
 #define ZOF_HOST_VIDEO_STATE 0x03B21201ul
 static inline int zof_host_get_video_state(zof_host_t *host, uint16_t view, uint16_t control) {

@@ -8,9 +8,9 @@
 #include "control/zof_input.h"
 #include "control/zof_list.h"
 #include "control/zof_media.h"
-#include "control/zof_table_chart.h"
 #include "control/zof_scrollcont.h"
 #include "control/zof_sketchpad.h"
+#include "control/zof_table_chart.h"
 #include "control/zof_text.h"
 #include "control/zof_value.h"
 #include "project/zof_j2s.h"
@@ -18,7 +18,7 @@
 #include "project/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
-// In the order of the type numbers. A row without a creator is a type that is not built yet.
+// In the order of the type numbers.
 const zof_ctrl_class_t zof_ctrl_classes[] = {
     {ZOF_CTRL_LABEL, "label", zof_label_create, zof_label_update_txt},
     {ZOF_CTRL_BTN, "button", zof_btn_create, zof_btn_update_txt},
@@ -94,7 +94,7 @@ s32 zof_obj_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_ctrl_create(lv_obj_t *parent_obj, para_t *record, void *attr, u32 ctrl_type) {
-    if (!record || !attr || ctrl_type >= ZOF_CTRL_TYPE_COUNT || !zof_ctrl_classes[ctrl_type].create)
+    if (!record || !attr || ctrl_type >= ZOF_CTRL_TYPE_COUNT)
         return -1;
     return zof_ctrl_classes[ctrl_type].create(record, parent_obj, attr);
 }
@@ -125,17 +125,6 @@ static void events_add(para_t *record) {
         lv_obj_add_event_cb(record->obj, zof_event_cb_t, (lv_event_code_t)code, record);
 }
 
-static void failure_report(const zof_view_node_t *view, const para_t *record) {
-    const zof_pub_attr_t *attr = record->attr;
-    if (attr->ctrl_type < ZOF_CTRL_TYPE_COUNT && !zof_ctrl_classes[attr->ctrl_type].create) {
-        const char *file = zof_view_name_get(view->attr->v_id);
-        zof_printf("config/view/%s: control %u: control type %u (%s) is not yet built", file ? file : "", attr->id,
-                   attr->ctrl_type, zof_ctrl_classes[attr->ctrl_type].name);
-    } else {
-        zof_printf("err: create ctrl[%s,%d] fail\n", attr->name ? attr->name : "", attr->id);
-    }
-}
-
 // LVGL adds and multiplies coordinates in 32 bits, so a file's numbers end far beyond any screen. LVGL's own special
 // values, such as the size of the content, stay.
 static void coords_limit(zof_pub_attr_t *attr) {
@@ -160,7 +149,7 @@ s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record) {
         if (record->obj)
             lv_obj_del(record->obj);
         record->obj = nullptr;
-        failure_report(view, record);
+        zof_printf("err: create ctrl[%s,%d] fail\n", record->attr->name ? record->attr->name : "", record->attr->id);
         return -1;
     }
     record->attr->view_id = (u16)view->attr->v_id;

@@ -15,7 +15,7 @@ s32 zof_ctrl_list_create(zof_view_node_t *view);
 // events. 0, or -1 with a line.
 s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record);
 
-// Calls the type's creator: its result, or -1 for null, types above the table and types without creator.
+// Calls the type's creator: its result, or -1 for null and types above the table.
 s32 zof_ctrl_create(lv_obj_t *parent_obj, para_t *record, void *attr, u32 ctrl_type);
 
 // Makes the control if its attributes are there and its object is not, and shows it if it is hidden. The record, or
@@ -35,7 +35,7 @@ s32 zof_obj_create(para_t *record, lv_obj_t *parent, void *attr);
 typedef struct {
     u32 type;
     const char *name;                                            // as in theme file names
-    s32 (*create)(para_t *record, lv_obj_t *parent, void *attr); // null: not yet built
+    s32 (*create)(para_t *record, lv_obj_t *parent, void *attr); // MANDATORY
     s32 (*update_txt)(zof_ctrl_t *ctrl);                         // OPTIONAL
     s32 (*del)(para_t *record);                                  // OPTIONAL
 } zof_ctrl_class_t;

@@ -49,7 +49,8 @@ s32 zof_animimg_set_repeat_infinite(zof_ctrl_t *ctrl, zof_bool infinite);
 s32 zof_animimg_get_state(zof_ctrl_t *ctrl);
 
 // Video players. The object is the driver's and goes with its parent only; see drv/zof_drv_video.h for states and
-// volumes. Nothing plays before a source is set: a project's file under video/, -1 unless it ends in ".mp4" or ".MP4".
+// volumes. A source is a project's file under video/, -1 unless it ends in ".mp4" or ".MP4"; its sound begins at once,
+// its picture with the next state that plays.
 s32 zof_video_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_video_set_src(zof_ctrl_t *ctrl, const char *name);
 s32 zof_video_set_pos(zof_ctrl_t *ctrl, u16 x, u16 y, u16 width, u16 height);

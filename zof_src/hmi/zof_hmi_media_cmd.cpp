@@ -58,11 +58,11 @@ const zof_hmi_param_type_t zof_ctrl_qrcode_params[ZOF_CTRL_QRCODE_PARAM_COUNT] =
 };
 
 const zof_hmi_param_type_t zof_ctrl_video_params[ZOF_CTRL_VIDEO_PARAM_COUNT] = {
-    {.len = 1, .code = {0x00}, .name = "source", .help = "A file under video/ that ends in .mp4; it plays at once.",
+    {.len = 1, .code = {0x00}, .name = "source", .help = "A file under video/ that ends in .mp4; its sound begins.",
      .value_names = "name",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<const char *, ZOF_CTRL_VIDEO, zof_video_set_src>},
-    {.len = 1, .code = {0x01}, .name = "state", .help = "0 plays from the start on, 1 stops, 2 pauses, 3 goes on.",
+    {.len = 1, .code = {0x01}, .name = "state", .help = "Picture and sound: 0 plays from the start on, 1 stops, 2 pauses, 3 goes on.",
      .value_names = "state",
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .get_fun = hmi_get<u8, ZOF_CTRL_VIDEO, zof_video_get_state>, .set_fun = video_state_set},

@@ -837,14 +837,14 @@ VIDEO_SOURCE: Row[str] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("name", "text"),),
     str, False, True,
-    "A file under video/ that ends in .mp4; it plays at once.")
+    "A file under video/ that ends in .mp4; its sound begins.")
 
 VIDEO_STATE: Row[int] = Row(
     "video.state", bytes.fromhex("B2 12 01"),
     (("view", "u16"), ("control", "u16")), (),
     (("state", "u8"),),
     int, True, True,
-    "0 plays from the start on, 1 stops, 2 pauses, 3 goes on.")
+    "Picture and sound: 0 plays from the start on, 1 stops, 2 pauses, 3 goes on.")
 
 VIDEO_VOLUME: Row[int] = Row(
     "video.volume", bytes.fromhex("B2 12 02"),

@@ -1,0 +1,91 @@
+// The video control, with the desktop's driver, and the calls for sounds, by what their driver is asked for.
+#include "media.h"
+#include "view_project.h"
+
+static u32 shade(s32 n) {
+    return (u32)(4 * n) << 16 | 0x2060;
+}
+
+// A second of 60 x 40, each frame of a colour of its own.
+static void clip_write(const view_project_t &project, const char *name) {
+    media_clip clip;
+    clip.width = 60;
+    clip.height = 40;
+    clip.frames = 25;
+    clip.codec = "png";
+    clip.paint = [](u32 *pixels, s32 w, s32 h, s32 n) { std::fill_n(pixels, w * h, 0xFF000000 | shade(n)); };
+    std::filesystem::create_directories(project.path("video"));
+    REQUIRE(media_write(project.path(name).c_str(), clip));
+}
+
+TEST_CASE("a video control plays the project's clips in its box, and goes with its view") {
+    view_project_t project;
+    clip_write(project, "video/a.mp4");
+    project.view(2, {ctrl(ZOF_CTRL_LABEL, 1)});
+    project.view(1,
+                 {ctrl(ZOF_CTRL_OBJ, 9, "", box(0, 0, 320, 240), filled(0x406060)),
+                  ctrl(ZOF_CTRL_VIDEO, 1, R"("volume": 99, "play_en": true)", box(20, 30, 120, 80) + R"(, "pub": 1)")});
+    project.open(320, 240);
+    zof_ffmpeg_init();
+    win_video_init();
+    CHECK(printed([] { zof_view_set_dis_view(1); }) == "");
+    CHECK(zof_video_get_state(at(1)) == ZOF_MEDIA_STOP);
+    CHECK(screen_pixel(30, 40) == 0x406060);
+    for (const char *name : {"a.avi", "a", "", (const char *)nullptr}) {
+        CHECK(zof_video_set_src(at(1), name) == -1);
+    }
+    zof_video_set_src(at(1), "a.mp4");
+    zof_video_set_state(at(1), ZOF_MEDIA_PLAY);
+    screen_step(420);
+    CHECK(zof_video_get_state(at(1)) == ZOF_MEDIA_PLAY);
+    CHECK(screen_pixel(20, 30) == shade(10));
+    CHECK(screen_is_golden("video"));
+    zof_video_set_state(at(1), ZOF_MEDIA_PAUSE);
+    screen_step(1000);
+    CHECK(screen_pixel(139, 109) == shade(10));
+    zof_video_set_state(at(1), ZOF_MEDIA_RESUME);
+    screen_step(1600); // over its end: it replays
+    CHECK(zof_video_get_state(at(1)) == ZOF_MEDIA_PLAY);
+    CHECK(zof_video_set_pos(at(1), 200, 100, 30, 20) == 0);
+    screen_step(200);
+    CHECK(screen_pixel(20, 30) == 0x406060);
+    CHECK(screen_pixel(229, 119) != 0x406060);
+    CHECK(zof_ctrl_delete(at(1)) == 0); // nothing: the object is the driver's
+    CHECK(at(1)->obj != nullptr);
+    for (u32 view : {2, 1, 2, 1}) {
+        zof_view_set_dis_view(view);
+        screen_step(200);
+    }
+    CHECK(zof_video_set_src(nullptr, "a.mp4") == -1);
+    CHECK(zof_video_set_state(at(9), ZOF_MEDIA_PLAY) == -1); // no player
+}
+
+TEST_CASE("without a video driver the control is refused, and the view goes on") {
+    view_project_t project;
+    CHECK(project.show({ctrl(ZOF_CTRL_VIDEO, 1), ctrl(ZOF_CTRL_LABEL, 2)}) == "err: create ctrl[c1,1] fail\n\n");
+    CHECK(at(2)->obj != nullptr);
+}
+
+static std::string asked;
+
+TEST_CASE("sounds are found under sound/, and their states and volumes are the driver's") {
+    view_project_t project;
+    project.open(320, 240);
+    CHECK(zof_audio_set_src("a.wav") == -1); // no driver yet
+    static const zof_drv_audio_ops_t ops = {
+        .set_src = [](const char *path) { return asked = path, 0; },
+        .set_state = [](u32 state) { return state < 4 ? 0 : -1; },
+        .get_state = [] { return (s32)ZOF_MEDIA_PAUSE; },
+        .set_volum = [](u8 volume) { return (s32)volume; },
+    };
+    zof_drv_audio_reg(&ops);
+    CHECK(zof_audio_set_src("a.wav") == 0);
+    CHECK(asked == project.path("sound/a.wav"));
+    CHECK(zof_audio_set_src("D:b.wav") == 0);
+    CHECK(contains(asked, "/disk/D/b.wav"));
+    CHECK(zof_audio_set_src(nullptr) == -1);
+    CHECK(zof_audio_set_state(ZOF_MEDIA_STOP) == 0);
+    CHECK(zof_audio_set_state(9) == -1);
+    CHECK(zof_audio_get_state() == ZOF_MEDIA_PAUSE);
+    CHECK(zof_audio_set_volum(77) == 77);
+}
