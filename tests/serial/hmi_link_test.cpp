@@ -58,11 +58,9 @@ TEST_CASE("host link: without acknowledgements a write is silent and still done"
     silent(p);
 }
 
-TEST_CASE("host link: a frame cut anywhere is joined with its rest, in both forms, and noise around it does no harm") {
-    panel p;
-    panel_up(p, "");
-    const bytes answer = get({0xB0, 0x01, 0xAA, 0xBB});
-    const bytes forms[] = {get({0xB0, 0x01}), {0x5A, 0xA5, 0x80, 0x03, 0x11, 0xB0, 0x01}};
+static void cuts_and_noise(panel &p, bool crc) {
+    const bytes answer = frame(ZOF_HMI_OP_GET, {0xB0, 0x01, 0xAA, 0xBB}, crc);
+    const bytes forms[] = {frame(ZOF_HMI_OP_GET, {0xB0, 0x01}, crc), frame(ZOF_HMI_OP_GET, {0xB0, 0x01}, crc, true)};
     for (const bytes &request : forms) {
         for (size_t cut = 1; cut < request.size(); cut++) {
             CAPTURE(cut);
@@ -70,7 +68,7 @@ TEST_CASE("host link: a frame cut anywhere is joined with its rest, in both form
             usleep(4 * GAP_MS * 1000);
             answers(p, {request.begin() + (long)cut, request.end()}, answer);
         }
-        bytes noisy = {0x00, 0x5A, 0x5A, 0xA5, 0x01, 0xB0, 0x5A};
+        bytes noisy = {0x00, 0x5A, 0x5A, 0xA5, 0x01, 0xB0, 0xA5, 0x5A, 0x5A}; // half heads, and one of no length
         noisy.insert(noisy.end(), request.begin(), request.end());
         answers(p, noisy, answer);
     }
@@ -78,10 +76,53 @@ TEST_CASE("host link: a frame cut anywhere is joined with its rest, in both form
     bytes two = forms[0];
     two.insert(two.end(), forms[0].begin(), forms[0].begin() + 5);
     pty_write(p.pty, two);
-    CHECK(read_while_looping(p, 8) == answer);
+    CHECK(read_while_looping(p, answer.size()) == answer);
     usleep(4 * GAP_MS * 1000);
-    answers(p, {0x01}, answer);
+    answers(p, {forms[0].begin() + 5, forms[0].end()}, answer);
+    two = forms[1]; // of 7 bytes or more: one of 6 is still kept
+    two.insert(two.end(), forms[1].begin(), forms[1].end());
+    answers(p, two, answer);
+}
+
+// Short frames end at a count of 127, long ones may be of any.
+static void borders(panel &p, bool crc) {
+    for (size_t counted : {126, 127, 128, 129, 255, 256, 300}) {
+        for (bool long_form : {false, true}) {
+            if (!long_form && counted > 127) {
+                continue;
+            }
+            CAPTURE(counted);
+            CAPTURE(long_form);
+            bytes payload = {0xB2, 0x00, 0x00, 0, 1, 0, 5};
+            payload.resize(counted - (crc ? 4 : 2), (u8)('a' + counted % 16 + long_form));
+            const std::string text(payload.begin() + 7, payload.end());
+            payload.push_back(0);
+            pty_write(p.pty, frame(ZOF_HMI_OP_SET, payload, crc, long_form));
+            CHECK(eventually([&] { return loop_turn(), label_text() == text; }));
+        }
+    }
+}
+
+TEST_CASE("host link: a frame cut anywhere is joined with its rest, in both forms, and noise around it does no harm") {
+    panel p;
+    panel_up(p, "");
+    cuts_and_noise(p, false);
+    usleep(4 * GAP_MS * 1000);
     silent(p);
+    borders(p, false);
+}
+
+TEST_CASE("host link: the same with a CRC, and a frame whose CRC is wrong is noise") {
+    panel p;
+    panel_up(p, R"(, "crc_en": 1)");
+    cuts_and_noise(p, true);
+    usleep(4 * GAP_MS * 1000);
+    borders(p, true);
+    bytes bad = frame(ZOF_HMI_OP_GET, {0xB0, 0x01}, true);
+    bad.back() ^= 1;
+    const bytes good = frame(ZOF_HMI_OP_GET, {0xB0, 0x00, 0x00}, true);
+    bad.insert(bad.end(), good.begin(), good.end());
+    answers(p, bad, frame(ZOF_HMI_OP_GET, {0xB0, 0x00, 0x00, 'A', '1', '.', '2', 0}, true));
 }
 
 TEST_CASE("host link: a false head with a large length swallows no more than the tail holds") {

@@ -4,6 +4,7 @@
 
 #include "drv/zof_lock.h"
 #include "hmi/zof_hmi.h"
+#include "hmi/zof_hmi_frame.h"
 #include "port/zof_port.h"
 #include "serial_pty.h"
 #include "view_project.h"
@@ -15,6 +16,23 @@ struct panel {
     view_project_t project;
     serial_pty pty;
 };
+
+inline bytes frame(u8 op, const bytes &payload, bool crc = false, bool long_form = false) {
+    bytes counted = {op};
+    counted.insert(counted.end(), payload.begin(), payload.end());
+    if (crc) {
+        const u16 sum = zof_hmi_crc16(counted.data(), (u32)counted.size());
+        counted.push_back((u8)(sum >> 8));
+        counted.push_back((u8)sum);
+    }
+    bytes out = {0x5A, 0xA5};
+    if (long_form) {
+        out.push_back((u8)(0x80 | counted.size() >> 8));
+    }
+    out.push_back((u8)counted.size());
+    out.insert(out.end(), counted.begin(), counted.end());
+    return out;
+}
 
 // Two views of the same controls; `link` and `more` are keys of the protocol's file and of the project's.
 inline void panel_up(panel &p, const std::string &link, const std::string &more = "",
@@ -37,13 +55,8 @@ inline void panel_up(panel &p, const std::string &link, const std::string &more 
     win_rtc_init();
     zof_func_pwon();
     REQUIRE(zof_hmi_init() == 0);
-    CHECK(pty_read(p.pty, 8) == bytes{0x5A, 0xA5, 0x05, 0x11, 0xB0, 0x01, 0xAA, 0xBB}); // "switched on"
-}
-
-inline bytes frame(u8 op, const bytes &payload) {
-    bytes out = {0x5A, 0xA5, (u8)(payload.size() + 1), op};
-    out.insert(out.end(), payload.begin(), payload.end());
-    return out;
+    const bytes on = frame(ZOF_HMI_OP_GET, {0xB0, 0x01, 0xAA, 0xBB}, zof_hmi_attr_get()->crc_en); // "switched on"
+    CHECK(pty_read(p.pty, on.size()) == on);
 }
 
 inline bytes get(const bytes &payload) {
