@@ -43,12 +43,13 @@ def registers():
     singles = [register_write(int(at), 1234) for name, at in names]
     rails = register_write(272, 0, 5000, 5000, 3000, 1, 3300, 11000, 5000, 2, 9000, 20000, 5000)
     every = b"".join(messages(frame) for frame in singles)
-    seed("register_link", "every_register", every + b"\xff")
-    seed("register_link", "rails", messages(rails, register_write(256, 3), register_write(257, 1)) + b"\xff")
-    seed("register_link", "reads", messages(register_read(16, 5), register_read(0, 255), register_read(2048, 255)))
-    seed("register_link", "cut_and_noise", messages(singles[0][:4], singles[0][4:], b"\x5a\xa5\x5a" + singles[1]))
-    dictionary("register_link", [b"\x5A\xA5", b"\x5A\xA5\x05\x82", b"\x5A\xA5\x04\x83"] +
-               [struct.pack(">H", int(at)) for name, at in names])
+    for link in ("register_link", "register_frames"):
+        seed(link, "every_register", every + b"\xff")
+        seed(link, "rails", messages(rails, register_write(256, 3), register_write(257, 1)) + b"\xff")
+        seed(link, "reads", messages(register_read(16, 5), register_read(0, 255), register_read(2048, 255)))
+        seed(link, "cut_and_noise", messages(singles[0][:4], singles[0][4:], b"\x5a\xa5\x5a" + singles[1]))
+        dictionary(link, [b"\x5A\xA5", b"\x5A\xA5\x05\x82", b"\x5A\xA5\x04\x83"] +
+                   [struct.pack(">H", int(at)) for name, at in names])
 
 
 # The host protocol --------------------------------------------------------------------------------------------------
