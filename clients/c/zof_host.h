@@ -1344,7 +1344,7 @@ static inline int zof_host_set_video_source(zof_host_t *host, uint16_t view, uin
     return zof_host_end(host);
 }
 
-// Picture and sound: 0 plays from the start on, 1 stops, 2 pauses, 3 goes on.
+// Of picture and sound: 0 plays anew, 1 stops, 2 pauses, 3 goes on.
 // Answers: u8 state
 #define ZOF_HOST_VIDEO_STATE 0x03B21201ul
 static inline int zof_host_get_video_state(zof_host_t *host, uint16_t view, uint16_t control) {

@@ -225,3 +225,58 @@ TEST_CASE("image sequences without a folder, or with one too long, and pictures 
     lv_animimg_set_src(nullptr, "x", 1);
     lv_obj_del(bare);
 }
+
+TEST_CASE("GIFs, codes, sequences, wheels and pads come and go with their view and leave nothing behind") {
+    const std::string pub = R"("pub": true, )";
+    view_project_t project;
+    media_copy(project);
+    project.view(2, {});
+    project.show({ctrl(ZOF_CTRL_GIF, 1, R"("init_gif": "ever.gif", "play_en": true)", pub + box(0, 0, 1, 1)),
+                  ctrl(ZOF_CTRL_QRCODE, 2, R"("txt": "come and go")", pub + box(50, 0, 50, 50)),
+                  ctrl(ZOF_CTRL_ANIMIMG, 3, R"("img_dsc_t": "png", "frame_rate": 20, "end_id": 3, "repeat_count": 9)",
+                       pub + box(0, 60, 1, 1)),
+                  ctrl(ZOF_CTRL_SKETCHPAD, 4, R"("toolbar": 1, "line_width": 3)", pub + box(200, 60, 100, 100)),
+                  ctrl(ZOF_CTRL_SCROLLCONT, 5, R"("child_cnt": 2, "display_count": 1)",
+                       pub + box(100, 60, 80, 80) + R"(, "scrollbar_t": {"dir_e": 3})"),
+                  ctrl(ZOF_CTRL_SCROLLCONT_OBJ, 6, "", pub + R"("parent_id": 5)"),
+                  ctrl(ZOF_CTRL_SCROLLCONT_OBJ, 7, R"("create_num": 1)", pub + R"("parent_id": 5)")});
+    u32 memory = 0;
+    for (u32 turn = 0; turn < 40; turn++) {
+        screen_drag(210, 70, 280, 140, 2);
+        if (turn % 3 == 0) {
+            zof_gif_set_src(at(1), "spots.gif");
+            zof_qrcode_updata_data(at(2), "another text");
+        }
+        screen_step(60);
+        zof_view_set_dis_view(2);
+        screen_step(60);
+        CHECK(at(6)->obj == nullptr);
+        u32 now = 0;
+        printed([&] { now = zof_mem_get_used(); }); // it says so too
+        CHECK((turn < 20 || now == memory));
+        memory = now;
+        zof_view_set_dis_view(1);
+    }
+}
+
+TEST_CASE("GIFs, codes, sequences and pads may be deleted in their own events") {
+    view_project_t project;
+    media_copy(project);
+    ctrl_funs.clear();
+    for (u32 id = 1; id <= 4; id++) {
+        ctrl_funs.push_back({id, [](zof_ctrl_t *ctrl, zof_event_e event) {
+                                 if (event == (ctrl == at(4) ? ZOF_EVENT_PRESSING : ZOF_EVENT_CLICKED)) {
+                                     CHECK(zof_ctrl_delete((para_t *)ctrl) == 0);
+                                 }
+                             }});
+    }
+    project.show({gif(1, "ever.gif", R"(, "play_en": true)", 0), ctrl(ZOF_CTRL_QRCODE, 2, "", box(50, 0, 40, 40)),
+                  series(3, 100, "png", R"(, "end_id": 3, "repeat_count": 9)"),
+                  ctrl(ZOF_CTRL_SKETCHPAD, 4, R"("line_width": 9)", box(150, 0, 40, 40))});
+    lv_obj_add_flag(at(2)->obj, LV_OBJ_FLAG_CLICKABLE);
+    for (u32 id = 1; id <= 4; id++) {
+        screen_click(50 * (s32)id - 40, 10);
+        CHECK(at(id)->obj == nullptr);
+    }
+    screen_step(500);
+}

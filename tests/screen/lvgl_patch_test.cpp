@@ -398,3 +398,67 @@ TEST_CASE("damaged and missing pictures do no harm") {
         lv_img_cache_invalidate_src(nullptr);
     }
 }
+
+// The 40 x 30 pixels of a GIF that begins every pass with a spot in its left part.
+static bool spot_at(s32 x) {
+    return screen_pixel(x, 12) != screen_pixel(0, 0);
+}
+
+TEST_CASE("a GIF plays as often as it was told, each time from a clear canvas, and damage ends it") {
+    temp_project_t project;
+    project.open();
+    screen_open(40, 30);
+    std::string spots = file_text(ZOF_MEDIA_DIR "/spots.gif");
+    lv_obj_t *obj = lv_gif_create(lv_scr_act());
+    lv_gif_set_src(obj, ZOF_MEDIA_DIR "/spots.gif");
+    for (u32 i = 0; i < 12; i++) {
+        const s32 x = 8 + 8 * (s32)(i % 4);
+        CAPTURE(i);
+        CHECK(spot_at(x));
+        CHECK(!spot_at(x < 20 ? 38 : 4)); // nothing of what came before
+        screen_step(100);
+    }
+    lv_obj_del(obj);
+
+    static u32 ends;
+    u32 ended = 0;
+    for (size_t n = spots.find(','); n < spots.size(); n += 7) {
+        spots[n] ^= 0x55;
+        project.write("image/a.gif", spots);
+        spots[n] ^= 0x55;
+        obj = lv_gif_create(lv_scr_act());
+        lv_obj_add_event_cb(
+            obj,
+            [](lv_event_t *e) {
+                ends++;
+                lv_gif_set_src(lv_event_get_target(e), "no/such.gif"); // may be done in the event itself
+            },
+            LV_EVENT_READY, nullptr);
+        lv_gif_set_src(obj, project.path("image/a.gif").c_str());
+        lv_gif_t *player = (lv_gif_t *)obj;
+        if (player->gif) {
+            player->gif->loop_count = 2;
+            player->gif->loop_known = 1;
+            ends = 0;
+            screen_step(2000);
+            ended += ends;
+            CAPTURE(n);
+            CHECK(ends <= 1); // not yet, when it is a picture's time that is damaged
+        }
+        lv_obj_del(obj);
+    }
+    CHECK(ended > 10);
+}
+
+TEST_CASE("a picture that is larger than its header can say is refused") {
+    screen_open(40, 30);
+    for (const char *name : {"wide.png", "high.jpg", "wide.gif"}) {
+        CAPTURE(name);
+        const std::string path = std::string(ZOF_MEDIA_DIR "/") + name;
+        lv_obj_t *obj = strstr(name, ".gif") ? lv_gif_create(lv_scr_act()) : lv_img_create(lv_scr_act());
+        strstr(name, ".gif") ? lv_gif_set_src(obj, path.c_str()) : lv_img_set_src(obj, path.c_str());
+        CHECK(((lv_img_t *)obj)->w == 0);
+        screen_shot();
+        lv_obj_del(obj);
+    }
+}

@@ -1,5 +1,5 @@
 // Scroll containers: the order of the wheel after each turn, and how items are dressed by their distance.
-#include "view_project.h"
+#include "looks.h"
 
 enum : u32 { WHEEL = 1, ITEM = 10, CAPTION = 30 };
 
@@ -98,13 +98,13 @@ TEST_CASE("a wheel turns for ever, odd or even, sideways and up and down") {
     }
 }
 
-struct look {
+struct worn {
     s32 zoom, opa, across;
 };
 
-static bool dressed(u32 number, const look &want, bool vertical) {
+static bool dressed(u32 number, const worn &want, bool vertical) {
     lv_obj_t *obj = item(number);
-    const look got = {lv_obj_get_style_transform_zoom(obj, 0), lv_obj_get_style_opa(obj, 0),
+    const worn got = {lv_obj_get_style_transform_zoom(obj, 0), lv_obj_get_style_opa(obj, 0),
                       vertical ? lv_obj_get_style_translate_x(obj, 0) : lv_obj_get_style_translate_y(obj, 0)};
     CAPTURE(number);
     CAPTURE(got.zoom);
@@ -121,7 +121,7 @@ TEST_CASE("items sink, shrink and fade by their distance") {
     const struct {
         const char *name, *own;
         bool vertical;
-        look rest[3], pulled[3]; // at 0, 80, 160; at 30, 50, 110
+        worn rest[3], pulled[3]; // at 0, 80, 160; at 30, 50, 110
     } wheels[] = {
         {"plain",
          "",
@@ -217,4 +217,67 @@ TEST_CASE("a wheel that comes back with its view stands where it was left") {
     zof_ctrl_delete(at(ITEM + 4)); // makes way for one of the same number
     zof_ctrl_delete(at(WHEEL));    // and what is on its way to it is called off
     screen_step(40);
+}
+
+static std::string rail_looks(const palette &c) {
+    return looks({{.bg = c.view}});
+}
+
+static std::string card_looks(const palette &c) {
+    return looks({{.bg = c.card, .radius = 12, .text = c.text, .border = 1, .border_color = c.line},
+                  {.state = LV_STATE_PRESSED,
+                   .bg = c.press,
+                   .radius = 12,
+                   .text = c.text,
+                   .border = 2,
+                   .border_color = c.accent}});
+}
+
+static std::string name_looks(const palette &c) {
+    return looks({{.opa = 0, .text = c.text, .size = 20}});
+}
+
+TEST_CASE("a wheel wears the themes, and its item under the finger shows it") {
+    view_project_t project;
+    looks_open(project);
+    looks_theme(project, ZOF_CTRL_SCROLLCONT, rail_looks);
+    looks_theme(project, ZOF_CTRL_SCROLLCONT_OBJ, card_looks);
+    looks_theme(project, ZOF_CTRL_LABEL, name_looks);
+    std::vector<std::string> controls = {
+        ctrl(ZOF_CTRL_SCROLLCONT, WHEEL,
+             R"("child_cnt": 5, "display_count": 4, "pad": 12, "arc_r": 260, "opa_mode": 1, "zoom": 110)",
+             box(0, 60, 320, 110) + R"(, "scrollbar_t": {"dir_e": 3})")};
+    for (u32 i = 0; i < 5; i++) {
+        controls.push_back(ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM + i, R"("create_num": )" + std::to_string(i),
+                                R"("parent_id": 1, "scrollbar_t": {"chain_e": 1})"));
+        controls.push_back(ctrl(
+            ZOF_CTRL_LABEL, CAPTION + i, R"("auto_hight": 1, "align_e": 34, "txt": ")" + std::to_string(i * 5) + " V\"",
+            R"("t_mode": 0, "parent_id": )" + std::to_string(ITEM + i) + ", " + box(4, 30, 70, 30)));
+    }
+    project.show(controls);
+    screen_step(100);
+    CHECK(screen_is_golden("scrollcont_day"));
+    screen_press(160, 110);
+    CHECK(screen_is_golden("scrollcont_pressed"));
+    screen_release(160, 110);
+    looks_night();
+    screen_step(100);
+    CHECK(screen_is_golden("scrollcont_night"));
+}
+
+TEST_CASE("a wheel may be deleted in its own events") {
+    for (u32 event : {ZOF_EVENT_SCROLL, ZOF_EVENT_SCROLL_END, ZOF_EVENT_SCROLL_END_ANIM_OFF}) {
+        static u32 deadly;
+        deadly = event;
+        ctrl_funs = {{WHEEL, [](zof_ctrl_t *wheel, zof_event_e e) {
+                          if (e == deadly) {
+                              CHECK(zof_ctrl_delete((para_t *)wheel) == 0);
+                          }
+                      }}};
+        view_project_t project;
+        project.show(wheel_of({5, 3, false, R"(, "arc_r": 200)"}));
+        screen_step(100);
+        CHECK(at(WHEEL)->obj == nullptr);
+        zof_view_delete(1);
+    }
 }

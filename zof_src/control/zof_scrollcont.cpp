@@ -87,6 +87,8 @@ void scroll_init_event_cb(lv_event_t *e) {
     lv_obj_t *first = lv_obj_get_child(obj, 0);
     if (first)
         lv_obj_scroll_to_view(first, LV_ANIM_OFF);
+    if (!lv_obj_is_valid(obj)) // whoever heard of the scroll deleted it
+        return;
     if (lv_event_send(obj, LV_EVENT_SCROLL_END, nullptr) == LV_RES_OK)
         lv_event_send(obj, LV_EVENT_SCROLL, nullptr);
 }
@@ -194,8 +196,14 @@ static void wheel_start(void *obj) {
     lv_event_send((lv_obj_t *)obj, LV_EVENT_REFRESH, nullptr);
 }
 
+// LVGL frees a call that is cancelled while it runs twice; what it started may end up here.
+static void start_cancel(lv_obj_t *obj, const zof_scrollcont_attr_t *attr) {
+    if (attr->need_init == 1)
+        lv_async_call_cancel(wheel_start, obj);
+}
+
 static void event_deleted(lv_event_t *e) {
-    lv_async_call_cancel(wheel_start, lv_event_get_current_target(e));
+    start_cancel(lv_event_get_current_target(e), (const zof_scrollcont_attr_t *)lv_event_get_user_data(e));
 }
 
 static void events_add(lv_obj_t *obj, zof_scrollcont_attr_t *attr) {
@@ -226,8 +234,8 @@ static void wheel_complete(lv_obj_t *obj, zof_scrollcont_attr_t *attr) {
         lv_obj_set_style_pad_row(obj, attr->pad, LV_PART_MAIN);
     }
     events_add(obj, attr);
+    start_cancel(obj, attr);
     attr->need_init = 1;
-    lv_async_call_cancel(wheel_start, obj);
     lv_async_call(wheel_start, obj);
 }
 

@@ -844,7 +844,7 @@ VIDEO_STATE: Row[int] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("state", "u8"),),
     int, True, True,
-    "Picture and sound: 0 plays from the start on, 1 stops, 2 pauses, 3 goes on.")
+    "Of picture and sound: 0 plays anew, 1 stops, 2 pauses, 3 goes on.")
 
 VIDEO_VOLUME: Row[int] = Row(
     "video.volume", bytes.fromhex("B2 12 02"),
