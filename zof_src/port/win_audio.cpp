@@ -1,5 +1,6 @@
 // Sound: one file at a time, played by a thread that hands its bytes to SDL's device. The thread and the device wait
 // for each other by a semaphore; whoever ends the sound posts it too, and joins the thread.
+#include <stdlib.h>
 #include <string.h>
 #include <strings.h>
 
@@ -150,6 +151,7 @@ static void sound_stop() {
 static void sound_start() {
     if (!sound.wake) {
         sound.wake = SDL_CreateSemaphore(0);
+        atexit(sound_stop); // no thread outlives what it reads
     }
     pause_set(0);
     sound.heard = false;
