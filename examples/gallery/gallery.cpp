@@ -246,6 +246,11 @@ static void table_fill(zof_ctrl_t *table) {
     }
 }
 
+// A matrix keeps its captions at a change of language.
+static void language_changed(void) {
+    zof_btnmatrix_set_btn_txt(at(8, VIEW8_MATRIX_ID), 11, "#done");
+}
+
 static void tables_init(void) {
     zof_view_create(8, tables_events, sizeof(tables_events) / sizeof(tables_events[0]));
     table_fill(at(8, VIEW8_TABLE_ID));
@@ -487,5 +492,6 @@ static const zof_view_fun_t views[] = {
 static_assert(sizeof(views) / sizeof(views[0]) == PAGES + 1);
 
 void zof_main(void) {
+    zof_lang_on_change(language_changed);
     zof_prj_create(views, sizeof(views) / sizeof(views[0]));
 }

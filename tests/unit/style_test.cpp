@@ -98,6 +98,9 @@ TEST_CASE("another theme changes what controls have from their theme and nothing
     view_project_t project;
     project.view(1, {ctrl(ZOF_CTRL_OBJ, 5,
                           R"("styles": [{"body_t": {"radius": 7}}, {"style_state": 2, "body_t": {"opa": 9}}])")});
+    project.view(2, {ctrl(ZOF_CTRL_SLIDER, 6)});
+    project.write("config/theme/night/slider.g", R"({"styles": [{"body_t": {"main_color": 8}}]})");
+    project.write("config/theme/youth/slider.g", R"({"styles": [{"body_t": {"main_color": 9}}]})");
     project.write(
         "config/theme/youth/container.g",
         R"({"styles": [{"body_t": {"main_color": 1, "radius": 3, "opa": 255}, "txt_t": {"font_lib": "no.ttf"}},
@@ -126,4 +129,11 @@ TEST_CASE("another theme changes what controls have from their theme and nothing
     zof_theme_set("night");
     CHECK(zof_mem_count() == used);
     zof_ctrl_del(1, 5);
+
+    // A type that is first used afterwards follows too, whatever theme its file names.
+    REQUIRE(zof_view_set_dis_view(2) == 0);
+    const zof_style_attr_t *late = zof_ctrl_get_form_id(2, 6)->attr->style_list[0];
+    CHECK(late->body_t.main_color == 8);
+    REQUIRE(zof_theme_set("youth") == 0);
+    CHECK(late->body_t.main_color == 9);
 }

@@ -1,5 +1,6 @@
 // Themes: the style records that a control type starts with. A control gets flat copies of them, over which its own
 // styles are laid key by key.
+#include <stdio.h>
 #include <string.h>
 
 #include "project/zof_ctrl_attr.h"
@@ -17,6 +18,7 @@ const char *const zof_theme_name[2] = {"youth", "night"};
 static struct {
     zof_pub_attr_t *zof_theme[ZOF_CTRL_TYPE_COUNT];
     u8 broken[ZOF_CTRL_TYPE_COUNT]; // its file does not parse: said once, not once a control
+    char chosen[64];                // by zof_theme_set: counts more than what view files name
 } self;
 
 static zof_pub_attr_t *theme_read(const char *theme, u32 type) {
@@ -37,6 +39,8 @@ zof_pub_attr_t *zof_theme_get_ctrl(const char *theme, u32 type) {
         return nullptr;
     if (type == ZOF_CTRL_IMG || type == ZOF_CTRL_GIF || type == ZOF_CTRL_QRCODE)
         return nullptr;
+    if (!self.zof_theme[type] && self.chosen[0])
+        self.zof_theme[type] = theme_read(self.chosen, type);
     if (!self.zof_theme[type] && !self.broken[type])
         self.zof_theme[type] = theme_read(theme, type);
     return self.zof_theme[type];
@@ -182,7 +186,7 @@ static void view_follow(void *view) {
 
 s32 zof_theme_set(const char *theme) {
     const zof_prj_t *prj = zof_prj_get_cur();
-    if (!theme || !prj || !prj->view_list)
+    if (!theme || strlen(theme) >= sizeof(self.chosen) || !prj || !prj->view_list)
         return -1;
     s32 result = -1;
     for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
@@ -199,6 +203,8 @@ s32 zof_theme_set(const char *theme) {
         if (new_themes[type])
             theme_replace(type, new_themes[type]);
     }
+    if (result == 0)
+        snprintf(self.chosen, sizeof(self.chosen), "%s", theme);
     lv_obj_report_style_change(nullptr);
     return result;
 }

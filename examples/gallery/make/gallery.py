@@ -4,7 +4,7 @@
 usage: gallery.py OUTPUT_FOLDER
 """
 import sys
-from kit import (BOTTOM, CENTER, CHECKED, CURSOR, DISABLED, INDICATOR, ITEMS, KNOB, LEFT, MAIN, MIDDLE, PRESSED, RIGHT, ROUND,
+from kit import (BOTTOM, CENTER, CHECKED, CURSOR, DISABLED, INDICATOR, ITEMS, KNOB, LEFT, MAIN, MIDDLE, PLACEHOLDER, PRESSED, RIGHT, ROUND,
                  SCROLLBAR, SELECTED, TICKS, TOP, View, style, write, write_theme, write_view)
 
 WIDTH, HEIGHT, FONT = 800, 480, "gallery.ttf"
@@ -43,7 +43,7 @@ def themes(p):
         "label": [plain],
         "container": [style(bg=p["card"], radius=12, **words), scrollbar],
         "button": [style(**button), style(state=PRESSED, **{**button, "bg": p["line"]}), style(state=CHECKED, radius=10, **lit),
-                   style(state=CHECKED | PRESSED, radius=10, **lit), style(state=DISABLED, **{**button, "opa": 110, "text_opa": 110})],
+                   style(state=CHECKED | PRESSED, radius=10, **lit), style(state=DISABLED, **{**button, "opa": 110})],
         "image_button": [plain, style(state=PRESSED, opa=0, **words)],
         "arc": [style(opa=0), style(KNOB, bg=p["knob"], radius=ROUND, pad=3, border=(ACCENT, 3))],
         "bar": bar,
@@ -53,14 +53,14 @@ def themes(p):
                style(INDICATOR, CHECKED, bg=p["accent"], radius=ROUND), style(KNOB, bg=p["knob"], radius=ROUND, pad=(-3, -4, -3, -3))],
         "cb": [plain, style(INDICATOR, bg=p["raised"], radius=5, pad=3, border=(p["line"], 2), **words),
                style(INDICATOR, CHECKED, radius=5, pad=3, img="check.png", border=(p["accent"], 2), **lit),
-               style(state=DISABLED, opa=0, **{**words, "text_opa": 110})],
+               style(state=DISABLED, opa=0, **{**words, "text_opa": 200})],
         "mbox": [style(bg=p["card"], radius=14, pad=20, border=(p["line"], 1), shadow=(0, 40), **words),
                  style(sect=1, opa=0, **words), style(ITEMS, sect=1, **key),
                  style(ITEMS, PRESSED, sect=1, radius=6, **lit)],
         "tileview": [style(bg=p["raised"], radius=12)],
         "tile": [style(opa=0, **words)],
         "txtbox": [style(**field), style(state=2, **{**field, "border": (p["accent"], 2)}),
-                   style(TICKS, opa=0, **{**words, "text_opa": 120}), scrollbar],
+                   style(PLACEHOLDER, opa=0, **{**words, "text_opa": 150}), scrollbar],
         "list": [style(bg=p["raised"], radius=10, pad=4, **words), scrollbar, style(sect=1, opa=0, pad=9, **words),
                  style(state=PRESSED, sect=1, bg=p["line"], radius=6, pad=9, **words), style(state=CHECKED, sect=1, radius=6, pad=9, **lit)],
         "droplist": [style(**field), style(state=CHECKED, **{**field, "border": (p["accent"], 2)}),
@@ -76,7 +76,7 @@ def themes(p):
                      style(ITEMS, CHECKED, **{**plain_key, "bg": p["line"]})],
         "sketchpad": [style(bg=p["raised"], radius=10, color=p["text"], text_opa=255)],    # the toolbar's symbols are LVGL's, too
         "btnmatrix": [style(bg=p["card"], pad=2, **words), style(ITEMS, **key), style(ITEMS, PRESSED, radius=6, **lit),
-                      style(ITEMS, CHECKED, radius=6, **lit), style(ITEMS, DISABLED, **{**key, "text_opa": 90, "opa": 110})],
+                      style(ITEMS, CHECKED, radius=6, **lit), style(ITEMS, DISABLED, **{**key, "opa": 110})],
         "scrollcont": [style(bg=p["raised"], radius=12)],
         "scrollcont_obj": [style(opa=0, **words)],
     }
@@ -135,7 +135,7 @@ def labels():
              (4, t("Clipped", "Abgeschnitten", "裁剪")))
     for i, (mode, title) in enumerate(modes):
         c = p.card(16 + 260 * (i % 3), 64 + 206 * (i // 3), 248, 194, title, f"dis_mode_e {mode}   animspeed 40")
-        p.add("label", 14, 18, 220, 100 if mode < 2 else 40, parent=c, auto_hight=1, dis_mode_e=mode, animspeed=40,
+        p.add("label", 14, 18, 220, 100 if mode == 0 else 40, parent=c, auto_hight=1, dis_mode_e=mode, animspeed=40,
               align_e=LEFT | TOP, txt=text)
     c = p.card(536, 270, 248, 194, t("Nine places", "Neun Plätze", "九个位置"), "auto_hight 1   align_e 0x11 … 0x33")
     for i in range(9):
@@ -321,7 +321,8 @@ def messages():
             ("soon", t("Gone soon", "Gleich wieder weg", "自动关闭"), "zof_mbox_start_auto_close"))):
         c = p.card(16 + 260 * i, 64, 248, 140, title, keys)
         p.add("button", 44, 18, 160, 56, name=f"open_{name}", parent=c, txt=title)
-    p.add("mbox", 220, 230, 360, 150, name="ask", hidden=True, title=t("Switch the output on?", "Ausgang einschalten?", "打开输出？"),
+    # Made anew whenever the page is shown: buttons of a box keep the language in which they were made.
+    p.add("mbox", 220, 230, 360, 150, name="ask", pub=True, hidden=True, title=t("Switch the output on?", "Ausgang einschalten?", "打开输出？"),
           txt=t("20.00 V at up to 3.00 A.", "20,00 V mit bis zu 3,00 A.", "20.00 V，最大 3.00 A。"),
           btn_txt=[t("Yes", "Ja", "是"), t("No", "Nein", "否"), ""])
     p.add("mbox", 240, 230, 320, 110, name="tell", hidden=True, title="", txt=t("Nothing is connected.", "Nichts ist angeschlossen.", "未连接任何设备。"))

@@ -8,7 +8,7 @@ import os
 TYPES = ("label", "button", "container", "image_button", "line", "arc", "bar", "slider", "sw", "cb", "mbox", "tileview", "txtbox",
          "list", "droplist", "rollist", "chart", "table", "spinbox", "img", "gif", "qrcode", "video", "keyboard", "tile",
          "sketchpad", "btnmatrix", "animimg", "scrollcont", "scrollcont_obj")
-MAIN, SCROLLBAR, INDICATOR, KNOB, SELECTED, ITEMS, TICKS, CURSOR = (n << 16 for n in range(8))
+MAIN, SCROLLBAR, INDICATOR, KNOB, SELECTED, ITEMS, TICKS, CURSOR, PLACEHOLDER = (n << 16 for n in range(9))
 CHECKED, FOCUSED, PRESSED, DISABLED = 1, 2, 32, 128
 LEFT, CENTER, RIGHT, TOP, MIDDLE, BOTTOM = 1, 2, 3, 0x10, 0x20, 0x30
 ROUND = 4294967295

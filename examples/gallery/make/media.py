@@ -77,9 +77,16 @@ def spin_frame(n):
         for i in range(12):
             a = 2 * math.pi * i / 12
             age = (n - i) % 12
-            tint = tuple(c + (255 - c) * 0 for c in BLUE) if age == 0 else tuple(int(c * (1 - age / 14)) + int(24 * age / 14) for c in BLUE)
-            d.ellipse(s(48 + 36 * math.cos(a) - 7, 48 + 36 * math.sin(a) - 7, 48 + 36 * math.cos(a) + 7, 48 + 36 * math.sin(a) + 7), fill=tint)
+            tint = tuple(int(c + (124 - c) * age / 14) for c in BLUE)
+            x, y, r = 48 + 36 * math.cos(a), 48 + 36 * math.sin(a), 8 - age * 0.4
+            d.ellipse(s(x - r, y - r, x + r, y + r), fill=tint)
     return paint
+
+
+def sharp(picture):
+    """A GIF knows seen and unseen only, and pictures of both themes stand on grounds of their own."""
+    picture.putalpha(picture.getchannel("A").point(lambda a: 255 if a > 127 else 0))
+    return picture
 
 
 def pictures():
@@ -97,8 +104,8 @@ def pictures():
     frames = folder("image/wave")
     for n in range(12):
         draw(96, 96, wave_frame(n)).save(os.path.join(frames, f"{n}.png"))
-    spin = [draw(96, 96, spin_frame(n), (24, 29, 38, 255)).convert("P", palette=Image.ADAPTIVE, colors=64) for n in range(12)]
-    spin[0].save(os.path.join(image, "spin.gif"), save_all=True, append_images=spin[1:], duration=80, loop=0)
+    spin = [sharp(draw(96, 96, spin_frame(n))) for n in range(12)]
+    spin[0].save(os.path.join(image, "spin.gif"), save_all=True, append_images=spin[1:], duration=80, loop=0, disposal=2)
 
 
 def sound(name, notes, rate=22050):
