@@ -266,18 +266,22 @@ TEST_CASE("a wheel wears the themes, and its item under the finger shows it") {
 }
 
 TEST_CASE("a wheel may be deleted in its own events") {
+    static u32 deadly;
+    ctrl_funs = {{WHEEL, [](zof_ctrl_t *wheel, zof_event_e event) {
+                      if (event == deadly) {
+                          CHECK(zof_ctrl_delete((para_t *)wheel) == 0);
+                      }
+                  }}};
+    view_project_t project;
+    for (u32 id : {1, 2, 3}) {
+        project.view(id, wheel_of({5, 3, false, R"(, "arc_r": 200)"}));
+    }
+    project.open(320, 240);
+    shown = 0;
     for (u32 event : {ZOF_EVENT_SCROLL, ZOF_EVENT_SCROLL_END, ZOF_EVENT_SCROLL_END_ANIM_OFF}) {
-        static u32 deadly;
         deadly = event;
-        ctrl_funs = {{WHEEL, [](zof_ctrl_t *wheel, zof_event_e e) {
-                          if (e == deadly) {
-                              CHECK(zof_ctrl_delete((para_t *)wheel) == 0);
-                          }
-                      }}};
-        view_project_t project;
-        project.show(wheel_of({5, 3, false, R"(, "arc_r": 200)"}));
+        zof_view_set_dis_view(++shown);
         screen_step(100);
-        CHECK(at(WHEEL)->obj == nullptr);
-        zof_view_delete(1);
+        CHECK(at(WHEEL, shown)->obj == nullptr);
     }
 }

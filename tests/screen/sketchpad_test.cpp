@@ -1,5 +1,5 @@
 // Sketchpads: strokes, dots, and the toolbar above.
-#include "view_project.h"
+#include "looks.h"
 
 enum { X = 20, Y = 40, W = 200, H = 120 }; // of the pad
 
@@ -126,6 +126,27 @@ TEST_CASE("the toolbar switches drawing, width, translucency, and clears") {
     CHECK(widget()->line_rect_dsc.opa == 7);
     tool(3);
     CHECK(blank());
+}
+
+static std::string paper_looks(const palette &c) {
+    return looks({{.bg = c.card, .radius = 6, .text = c.accent, .border = 3, .border_color = c.line, .pad = 9}});
+}
+
+TEST_CASE("strokes are of the theme's text colour") {
+    view_project_t project;
+    looks_open(project);
+    looks_theme(project, ZOF_CTRL_SKETCHPAD, paper_looks);
+    project.show({ctrl(ZOF_CTRL_SKETCHPAD, 1, R"("toolbar": 1, "line_width": 6)", box(X, Y, W, H))});
+    CHECK(lv_obj_get_child(at(1)->obj, 0)->coords.y2 + 1 == Y);
+    screen_drag(X + 20, Y + 20, X + 180, Y + 100, 4);
+    screen_drag(X + 20, Y + 100, X + 180, Y + 20, 4);
+    tool(0);
+    CHECK(screen_pixel(X + 20, Y + 20) == day.accent);
+    CHECK(screen_is_golden("sketchpad_day_off"));
+    looks_night();
+    screen_step(50);
+    CHECK(screen_pixel(X + 20, Y + 20) == night.accent);
+    CHECK(screen_is_golden("sketchpad_night_off"));
 }
 
 TEST_CASE("sketchpads of impossible sizes are refused, and a deleted one leaves nothing behind") {

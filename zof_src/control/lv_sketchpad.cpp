@@ -51,12 +51,36 @@ static void stroke_on(lv_sketchpad_t *pad) {
     }
 }
 
+// The pixels say how opaque they are, LVGL takes the colour from the object: here it is the style's text colour, so
+// that strokes are seen in every theme.
+static void colour_follow(lv_obj_t *obj) {
+    const lv_color_t text = lv_obj_get_style_text_color(obj, LV_PART_MAIN);
+    if (text.full != lv_obj_get_style_img_recolor(obj, LV_PART_MAIN).full)
+        lv_obj_set_style_img_recolor(obj, text, LV_PART_MAIN);
+}
+
+// LVGL places picture and children within border and padding. But strokes have to be under the finger, and the toolbar
+// above the pad, of which it covers nothing.
+static void places_follow(lv_obj_t *obj) {
+    const lv_coord_t border = lv_obj_get_style_border_width(obj, LV_PART_MAIN);
+    const lv_coord_t left = border + lv_obj_get_style_pad_left(obj, LV_PART_MAIN);
+    const lv_coord_t top = border + lv_obj_get_style_pad_top(obj, LV_PART_MAIN);
+    ((lv_img_t *)obj)->offset = {-left, -top}; // LVGL's setters divide by the size, which may still be 0
+    lv_obj_t *toolbar = lv_obj_get_child(obj, 0);
+    if (toolbar && lv_obj_get_style_y(toolbar, LV_PART_MAIN) != -TOOLBAR_HEIGHT - top)
+        lv_obj_align(toolbar, LV_ALIGN_TOP_MID, 0, -TOOLBAR_HEIGHT - top);
+}
+
 static void lv_sketchpad_event(const lv_obj_class_t *, lv_event_t *e) {
     if (lv_obj_event_base(&lv_sketchpad_class, e) != LV_RES_OK)
         return;
     switch (lv_event_get_code(e)) {
     case LV_EVENT_PRESSING:
         stroke_on((lv_sketchpad_t *)lv_event_get_target(e));
+        break;
+    case LV_EVENT_STYLE_CHANGED:
+        colour_follow(lv_event_get_target(e));
+        places_follow(lv_event_get_target(e));
         break;
     case LV_EVENT_PRESSED: // the stroke before may have lost its end, with its pad or its view
     case LV_EVENT_RELEASED:
@@ -176,7 +200,6 @@ static void lv_sketchpad_toolbar_constructor(const lv_obj_class_t *, lv_obj_t *o
     lv_obj_add_flag(obj, LV_OBJ_FLAG_CLICKABLE);
     lv_obj_clear_flag(obj, LV_OBJ_FLAG_SCROLLABLE);
     lv_obj_set_height(obj, TOOLBAR_HEIGHT);
-    lv_obj_align(obj, LV_ALIGN_TOP_MID, 0, -TOOLBAR_HEIGHT); // above the pad, of which it covers nothing
     lv_obj_set_flex_grow(obj, 1);
     lv_obj_set_flex_flow(obj, LV_FLEX_FLOW_ROW);
     toolbar_dress(obj);
@@ -218,10 +241,12 @@ static void lv_sketchpad_constructor(const lv_obj_class_t *, lv_obj_t *obj) {
     pad->canvas.dsc.header.cf = LV_IMG_CF_ALPHA_2BIT;
     lv_img_set_src(obj, &pad->canvas.dsc);
     lv_obj_add_flag(obj, (lv_obj_flag_t)(LV_OBJ_FLAG_CLICKABLE | LV_OBJ_FLAG_OVERFLOW_VISIBLE));
+    lv_obj_set_style_img_recolor_opa(obj, LV_OPA_COVER, LV_PART_MAIN); // the colour is not looked at otherwise
     lv_obj_clear_flag(obj, LV_OBJ_FLAG_SCROLLABLE); // a stroke is no scroll, though the toolbar lies outside
     lv_obj_t *toolbar = lv_obj_class_create_obj(&lv_sketchpad_toolbar_class, obj);
     if (toolbar)
         lv_obj_class_init_obj(toolbar);
+    places_follow(obj);
 }
 
 static void lv_sketchpad_destructor(const lv_obj_class_t *, lv_obj_t *obj) {
