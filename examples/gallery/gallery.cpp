@@ -374,8 +374,12 @@ enum { PLAY = 0, STOP = 1, PAUSE = 2, RESUME = 3 };
 
 static void play_event(zof_ctrl_t *, zof_event_e event) {
     zof_ctrl_t *video = at(15, VIEW15_VIDEO_ID);
-    if (event == ZOF_EVENT_CLICKED)
-        zof_video_set_state(video, zof_video_get_state(video) == PAUSE ? RESUME : PLAY);
+    if (event != ZOF_EVENT_CLICKED)
+        return;
+    const bool paused = zof_video_get_state(video) == PAUSE;
+    if (!paused)
+        zof_video_set_src(video, "clip.mp4"); // not before: the sound begins with it
+    zof_video_set_state(video, paused ? RESUME : PLAY);
 }
 
 static void pause_event(zof_ctrl_t *, zof_event_e event) {
@@ -414,10 +418,8 @@ static const zof_ctrl_fun_t media_events[] = {PAGE_EVENTS,
                                               {VIEW15_BEEP_ID, beep_event},
                                               {VIEW15_VOLUME_ID, volume_event}};
 
-// The file is chosen here: a video's record has none that is read.
 static void media_init(void) {
     zof_view_create(15, media_events, sizeof(media_events) / sizeof(media_events[0]));
-    zof_video_set_src(at(15, VIEW15_VIDEO_ID), "clip.mp4");
     zof_slider_set_value(at(15, VIEW15_VOLUME_ID), 80);
 }
 

@@ -462,3 +462,14 @@ TEST_CASE("a picture that is larger than its header can say is refused") {
         lv_obj_del(obj);
     }
 }
+
+TEST_CASE("a finger on a child that is drawn smaller than it is scrolls its parent") {
+    screen_open(100, 100);
+    lv_obj_t *page = scrolled();
+    lv_obj_t *child = lv_obj_get_child(page, 0);
+    lv_obj_set_style_transform_zoom(child, 128, 0);
+    lv_obj_set_style_transform_zoom(plain(child, 50, 1000, 0x808080), 1, 0);
+    screen_step(50);
+    screen_drag(20, 90, 20, 20, 4);
+    CHECK(lv_obj_get_scroll_y(page) > 0);
+}

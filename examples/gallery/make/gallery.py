@@ -9,8 +9,8 @@ from kit import (BOTTOM, CENTER, CHECKED, CURSOR, DISABLED, INDICATOR, ITEMS, KN
 
 WIDTH, HEIGHT, FONT = 800, 480, "gallery.ttf"
 BACK, PREV, NEXT = 1, 2, 3          # of every page but the first; the program knows these ids
-NIGHT = dict(bg=0x0E1116, card=0x181D26, raised=0x252C38, line=0x39424F, text=0xE8ECF1, accent=0x3DA9FC, on=0x06131F, knob=0xFFFFFF)
-YOUTH = dict(bg=0xEDF0F5, card=0xFFFFFF, raised=0xE3E8EF, line=0xC3CBD6, text=0x1B2430, accent=0x1769D2, on=0xFFFFFF, knob=0xFFFFFF)
+NIGHT = dict(bg=0x0E1116, card=0x181D26, raised=0x252C38, line=0x39424F, text=0xE8ECF1, accent=0x3DA9FC, on=0x06131F, knob=0xFFFFFF, shade=0x000000)
+YOUTH = dict(bg=0xEDF0F5, card=0xFFFFFF, raised=0xE3E8EF, line=0xC3CBD6, text=0x1B2430, accent=0x1769D2, on=0xFFFFFF, knob=0xFFFFFF, shade=0xB4BECB)
 ACCENT, WARM, GREEN, GREY = 0x2F8FE8, 0xE8862F, 0x2FA36B, 0x7C8794   # for controls whose colours are keys of their own
 
 languages = {"en": {}, "de": {}, "zh": {}}
@@ -54,7 +54,7 @@ def themes(p):
         "cb": [plain, style(INDICATOR, bg=p["raised"], radius=5, pad=3, border=(p["line"], 2), **words),
                style(INDICATOR, CHECKED, radius=5, pad=3, img="check.png", border=(p["accent"], 2), **lit),
                style(state=DISABLED, opa=0, **{**words, "text_opa": 200})],
-        "mbox": [style(bg=p["card"], radius=14, pad=20, border=(p["line"], 1), shadow=(0, 40), **words),
+        "mbox": [style(bg=p["card"], radius=14, pad=20, border=(p["line"], 1), shadow=(p["shade"], 40), **words),
                  style(sect=1, opa=0, **words), style(ITEMS, sect=1, **key),
                  style(ITEMS, PRESSED, sect=1, radius=6, **lit)],
         "tileview": [style(bg=p["raised"], radius=12)],
@@ -64,7 +64,7 @@ def themes(p):
         "list": [style(bg=p["raised"], radius=10, pad=4, **words), scrollbar, style(sect=1, opa=0, pad=9, **words),
                  style(state=PRESSED, sect=1, bg=p["line"], radius=6, pad=9, **words), style(state=CHECKED, sect=1, radius=6, pad=9, **lit)],
         "droplist": [style(**field), style(state=CHECKED, **{**field, "border": (p["accent"], 2)}),
-                     style(sect=1, **{**field, "shadow": (0, 24)}), style(SELECTED, CHECKED, sect=1, **lit),
+                     style(sect=1, **{**field, "shadow": (p["shade"], 24)}), style(SELECTED, CHECKED, sect=1, **lit),
                      style(SELECTED, PRESSED, sect=1, bg=p["line"], **words), style(SCROLLBAR, sect=1, bg=p["line"], radius=ROUND)],
         "rollist": [style(bg=p["raised"], radius=10, **{**words, "text_opa": 130}), style(SELECTED, radius=6, **lit)],
         "chart": [style(bg=p["raised"], radius=10, pad=10, border=(p["line"], 1), **words), style(TICKS, **{**words, "size": 12}),
@@ -72,7 +72,7 @@ def themes(p):
         "table": [style(opa=0, radius=10, **words), style(ITEMS, bg=p["raised"], border=(p["line"], 1), pad=9, **words), scrollbar],
         "spinbox": [style(**field)],
         # Without a font of its own: LVGL's has the symbols.
-        "keyboard": [style(bg=p["card"], pad=4), style(ITEMS, **plain_key), style(ITEMS, PRESSED, **{**plain_key, "bg": p["accent"]}),
+        "keyboard": [style(bg=p["card"], pad=4), style(ITEMS, **plain_key), style(ITEMS, PRESSED, **{**plain_key, "bg": p["accent"], "color": p["on"]}),
                      style(ITEMS, CHECKED, **{**plain_key, "bg": p["line"]})],
         "sketchpad": [style(bg=p["raised"], radius=10, color=p["text"], text_opa=255)],    # the toolbar's symbols are LVGL's, too
         "btnmatrix": [style(bg=p["card"], pad=2, **words), style(ITEMS, **key), style(ITEMS, PRESSED, radius=6, **lit),
@@ -322,23 +322,25 @@ def messages():
         c = p.card(16 + 260 * i, 64, 248, 140, title, keys)
         p.add("button", 44, 18, 160, 56, name=f"open_{name}", parent=c, txt=title)
     # Made anew whenever the page is shown: buttons of a box keep the language in which they were made.
-    p.add("mbox", 220, 230, 360, 150, name="ask", pub=True, hidden=True, title=t("Switch the output on?", "Ausgang einschalten?", "打开输出？"),
+    p.add("mbox", 220, 250, 360, 128, name="ask", pub=True, hidden=True, title=t("Switch the output on?", "Ausgang einschalten?", "打开输出？"),
           txt=t("20.00 V at up to 3.00 A.", "20,00 V mit bis zu 3,00 A.", "20.00 V，最大 3.00 A。"),
           btn_txt=[t("Yes", "Ja", "是"), t("No", "Nein", "否"), ""])
-    p.add("mbox", 240, 230, 320, 110, name="tell", hidden=True, title="", txt=t("Nothing is connected.", "Nichts ist angeschlossen.", "未连接任何设备。"))
+    p.add("mbox", 240, 260, 320, 64, name="tell", hidden=True, title="", txt=t("Nothing is connected.", "Nichts ist angeschlossen.", "未连接任何设备。"))
 
 
 def wheels():
     p = Page(t("Wheels", "Räder", "转轮"), t("types 28 and 29", "Typen 28 und 29", "类型 28 和 29"), "wheels")
 
     def wheel(parent, name, x, y, w, h, count, texts, **keys):
-        v = p.add("scrollcont", x, y, w, h, name=name, parent=parent, child_cnt=len(texts), display_count=count, **keys)
+        # A finger on an item turns the wheel: the wheel scrolls, and its items hand the movement on.
+        turns = dict(mode_e=0, dir_e=15, chain_e=0, momentum=True, elastic=True, scroll_one=False)
+        v = p.add("scrollcont", x, y, w, h, name=name, parent=parent, scroll=turns, child_cnt=len(texts), display_count=count, **keys)
         for i, text in enumerate(texts):
-            item = p.add("scrollcont_obj", 0, 0, 10, 10, parent=v, create_num=i)
-            p.label(w // count // 2 - 36 if keys["dir"] == 0 else w // 2 - 36, 8 if keys["dir"] == 1 else h // 2 - 50, 72, h // count - 16 if keys["dir"] == 1 else 64, text,
-                    size=24, parent=item, align=CENTER | MIDDLE, bg=(ACCENT, GREEN, WARM)[i % 3], radius=14, color=0xFFFFFF)
+            item = p.add("scrollcont_obj", 0, 0, 10, 10, parent=v, create_num=i, scroll=dict(turns, dir_e=0, chain_e=3))
+            upright = keys["dir"] == 1
+            p.label(w // 2 - 36 if upright else w // count // 2 - 36, 8 if upright else h // 2 - 50, 72, h // count - 16 if upright else 64,
+                    text, size=24, parent=item, align=CENTER | MIDDLE, bg=(ACCENT, GREEN, WARM)[i % 3], radius=14, color=0xFFFFFF)
 
-    flow = dict(mode_e=0, dir_e=3, chain_e=0, momentum=True, elastic=True, scroll_one=False)
     c = p.card(16, 64, 516, 400, t("On an arc", "Auf einem Bogen", "沿圆弧"), "dir 0   display_count 5   arc_r 300   zoom 120   opa_mode 1")
     wheel(c, "arc", 12, 12, 492, 326, 5, [str(n) for n in range(1, 10)], dir=0, pad=0, arc_r=300, arc_dir=0, zoom=120, zoom_mode=0, opa_mode=1)
     c = p.card(544, 64, 240, 400, t("Upright", "Aufrecht", "竖直"), "dir 1   zoom_mode 1   opa_mode 1")
@@ -364,6 +366,7 @@ def moving():
 def media():
     p = Page(t("Video and sound", "Film und Ton", "视频与声音"), t("type 22", "Typ 22", "类型 22"), "media")
     c = p.card(16, 64, 508, 400, t("Video", "Film", "视频"), "volume   state   zof_video_set_src")
+    p.add("container", 16, 16, 476, 268, parent=c, styles=[style(bg=0x000000, radius=0)])    # a stopped player draws nothing
     p.add("video", 16, 16, 476, 268, name="video", parent=c, txt="clip.mp4", volume=80, state=0, play_en=False)
     for i, (name, text) in enumerate((("play", t("Play", "Start", "播放")), ("pause", t("Pause", "Pause", "暂停")), ("stop", t("Stop", "Stopp", "停止")))):
         p.add("button", 16 + 120 * i, 296, 110, 42, name=name, parent=c, txt=text)
