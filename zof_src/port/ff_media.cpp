@@ -139,14 +139,14 @@ static bool within_bounds(const AVCodecParameters *p) {
 
 static bool streams_look(ff_media *m) {
     AVDictionary *options[STREAMS_MOST] = {};
-    for (u32 i = 0; i < m->format->nb_streams && i < STREAMS_MOST; i++) {
-        if (!within_bounds(m->format->streams[i]->codecpar)) {
-            return false;
-        }
+    const u32 count = m->format->nb_streams;
+    bool good = count > 0 && count <= STREAMS_MOST;
+    for (u32 i = 0; good && i < count; i++) {
+        good = within_bounds(m->format->streams[i]->codecpar);
         av_dict_set_int(&options[i], "max_pixels", (s64)FF_SIDE_MOST * FF_SIDE_MOST, 0);
     }
-    const u32 count = m->format->nb_streams;
-    const bool good = count > 0 && avformat_find_stream_info(m->format, options) >= 0;
+    // A file may have no streams before it is looked into.
+    good = (good || count == 0) && avformat_find_stream_info(m->format, options) >= 0 && m->format->nb_streams > 0;
     for (AVDictionary *&one : options) {
         av_dict_free(&one);
     }
