@@ -274,10 +274,7 @@ static void file_copy_into(copy_run *r, const char *into, const char *src, const
     zof_printf("copy %s to %s ", src, shown);
     const bool ok = file_replace(dst, src, shown, r->block, BLOCK, false);
     if (ok) {
-        if (!r->stage) {
-            zof_file_finish_folder(into);
-        }
-        zof_printf("success \n");
+        zof_printf("success \n"); // the new name reaches the disk with its folder, at the folder's end
     }
     file_told(r, name, ok);
 }
