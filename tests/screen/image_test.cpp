@@ -42,9 +42,12 @@ TEST_CASE("an image button shows the picture of its state, in the middle of its 
     view_project_t project;
     flags_up(project);
     project.image("down.png", 40, 40, GREEN);
-    project.show({ctrl(ZOF_CTRL_IMGBTN, 1, R"("pos_mode_e": 1, "img_rel": "#flag", "img_pr": "down.png")",
-                       box(100, 100, 60, 60)),
-                  ctrl(ZOF_CTRL_IMGBTN, 2, R"("img_rel": "none.png", "mode": 1)", box(200, 100, 60, 60))});
+    const std::string said =
+        project.show({ctrl(ZOF_CTRL_IMGBTN, 1, R"("pos_mode_e": 1, "img_rel": "#flag", "img_pr": "down.png")",
+                           box(100, 100, 60, 60)),
+                      ctrl(ZOF_CTRL_IMGBTN, 2, R"("img_rel": "none.png", "mode": 1)", box(200, 100, 60, 60)),
+                      ctrl(ZOF_CTRL_IMGBTN, 3, R"("img_rel": "none.png", "img_pr": "none.png")", box(0, 0, 60, 60))});
+    CHECK(said == project.path("image/none.png") + ": cannot be read\n"); // once
     screen_check({{130, 130, RED}, {113, 130, 0}});
     screen_press(130, 130);
     screen_check({{113, 130, GREEN}, {108, 130, 0}});

@@ -85,6 +85,8 @@ static const mistake_t mistakes[] = {
     {"a control without `id`", "config/view/main.g", "\"id\": 1", "\"no\": 1"},
     {"a control without `theme`", "config/view/main.g", "\"theme\": \"night\", ", ""},
     {"a bar whose ends are equal", "config/view/main.g", "\"type\": 1,", "\"type\": 6,"},
+    {"a picture that is not there", "config/view/main.g", "\"type\": 1, \"theme\": \"night\", \"property\": {",
+     "\"type\": 3, \"theme\": \"night\", \"property\": {\"img_rel\": \"none.png\","},
     {"a font that is not there", "config/view/main.g", "\"txt_t\": {", "\"txt_t\": {\"font_lib\": \"none.ttf\", "},
     {"no file of the language", "config/languages/en.g", nullptr, nullptr},
 };
