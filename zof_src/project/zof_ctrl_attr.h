@@ -278,8 +278,8 @@ typedef struct {
     char *init_gif;
     zof_bool play_en;
     u16 num;
-} zof_gif_attr_t;
     u16 plays; // no key: how often it plays from a restart on, 0 for ever
+} zof_gif_attr_t;
 
 typedef struct {
     zof_pub_attr_t pub_t;
@@ -336,8 +336,8 @@ typedef struct {
     u16 repeat_count;
     u16 start_id;
     u16 end_id;
-} zof_animimg_attr_t;
     u32 play_mark; // no key: 2 while paused by the program, else 0
+} zof_animimg_attr_t;
 
 typedef struct {
     zof_pub_attr_t pub_t;
