@@ -32,5 +32,6 @@ void measure_count(u32 view, bool plain);
 void measure_load();
 void measure_link();
 void measure_hmi();
+void measure_video();
 
 #endif
