@@ -1,0 +1,78 @@
+// Memory over many openings of the gallery's views, with controls that stay and with controls that come and go. The
+// suite opens each view a hundred times or so; ZOF_OPENINGS=10000 is for each of them as often as that.
+#include "gallery_fixture.h"
+#include "temp_project.h"
+
+struct holdings {
+    u32 own, lvgl, timers, fonts;
+    bool operator==(const holdings &) const = default;
+};
+
+static std::ostream &operator<<(std::ostream &out, const holdings &h) {
+    return out << h.own << " + " << h.lvgl << " bytes, " << h.timers << " timers, " << h.fonts<< " fonts";
+}
+
+static holdings held() {
+    static holdings h;
+    lv_img_cache_invalidate_src(nullptr); // which pictures it holds depends on where their sequence stood
+    h = {zof_mem_count(), zof_lv_mem_count()};
+    for (const lv_timer_t *t = lv_timer_get_next(nullptr); t; t = lv_timer_get_next((lv_timer_t *)t)) {
+        h.timers++;
+    }
+    __db_list_travel(zof_prj_get_cur()->font_list, [](void *font) {
+        __db_list_travel(((zof_font_t *)font)->sizes, [](void *) { h.fonts++; }); // whose users are never given back
+    });
+    return h;
+}
+
+// Each view is shown and left by the next; the last to be left is the first of the next round.
+static void open_all(u32 step_ms) {
+    for (u32 view = GALLERY_INDEX; view <= GALLERY_VIEWS; view++) {
+        zof_view_set_dis_view(view);
+        screen_now += step_ms;
+        lv_timer_handler();
+    }
+    zof_view_set_dis_view(GALLERY_INDEX);
+}
+
+static void open_often(u32 rounds) {
+    const char *wanted = getenv("ZOF_OPENINGS");
+    rounds = wanted ? (u32)atoi(wanted) : rounds;
+    for (u32 i = 0; i < 3; i++) {
+        open_all(20);
+    }
+    screen_step(2000);
+    const holdings before = held();
+    for (u32 i = 0; i < rounds; i++) {
+        open_all(20);
+    }
+    screen_step(2000);
+    CHECK(held() == before);
+}
+
+// A copy of the gallery whose controls are all made anew whenever their view is shown.
+static std::string fleeting_gallery() {
+    namespace fs = std::filesystem;
+    static temp_project_t project;
+    const fs::path res = fs::path(ZOF_GALLERY_DIR) / "res";
+    fs::copy(res, project.folder, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+    for (const auto &file : fs::directory_iterator(project.folder + "config/view")) {
+        std::ifstream in(file.path());
+        std::string text((std::istreambuf_iterator<char>(in)), {});
+        for (size_t at = 0; (at = text.find("\"pub\": false", at)) != text.npos;) {
+            text.replace(at, 12, "\"pub\": true");
+        }
+        std::ofstream(file.path()) << text;
+    }
+    return project.top;
+}
+
+TEST_CASE("views are opened and left a thousand times, and memory, timers and fonts are as before") {
+    gallery_open();
+    open_often(60);
+}
+
+TEST_CASE("views whose controls come and go with them leave nothing behind") {
+    gallery_open(fleeting_gallery().c_str());
+    open_often(20);
+}
