@@ -117,6 +117,14 @@ bool sound_drain(void) {
     return !sound.type_p;
 }
 
+void sound_complain(const char *why) {
+    static char told[AUDIO_PATH];
+    if (strcmp(told, sound.audio_file) != 0) {
+        strcpy(told, sound.audio_file);
+        zof_printf("sound %s: %s", sound.audio_file, why);
+    }
+}
+
 void sound_stop_wait(u32 ms) {
     while (!sound.type_p) {
         if (ms == 0) {

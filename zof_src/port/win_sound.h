@@ -33,6 +33,9 @@ void sound_device_close(void);
 bool sound_feed(const u8 *data, u32 size);
 bool sound_drain(void);
 
+// Tells why the file is not heard; once, though every touch may ask for it again.
+void sound_complain(const char *why);
+
 // Waits to be asked to end, `ms` at most, 0 without limit.
 void sound_stop_wait(u32 ms);
 

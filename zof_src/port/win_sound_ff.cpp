@@ -104,7 +104,7 @@ int mythread_others(void *) {
         sound_run r = {};
         const char *wrong = run_open(&r);
         if (wrong && *wrong && !sound.type_p) {
-            zof_printf("sound %s: %s", sound.audio_file, wrong);
+            sound_complain(wrong);
         }
         if (!wrong) {
             run_play(&r);

@@ -64,7 +64,7 @@ static bool wav_load(SDL_AudioSpec *spec, u8 **data, u32 *size) {
         why = "its rate makes no sense";
     }
     if (!good) {
-        zof_printf("sound %s: %s\n", sound.audio_file, why);
+        sound_complain(why);
     }
     zof_free(file);
     return good;
@@ -80,7 +80,7 @@ static bool wav_play() {
     }
     const bool opened = sound_device_open(spec.freq, spec.format, spec.channels);
     if (!opened) {
-        zof_printf("can't open audio.\n");
+        sound_complain("can't open audio.\n");
     } else if (size == 0) {
         sound_stop_wait(EMPTY_PAUSE_MS); // and once more, if asked for
     } else if (sound_feed(data, size) && sound_drain()) {
