@@ -11,8 +11,8 @@
 enum : u32 { GALLERY_INDEX = 1, GALLERY_VIEWS = 17, GALLERY_SETTLE_MS = 700 };
 
 inline const char *const gallery_names[GALLERY_VIEWS + 1] = {
-    "",      "index",  "labels",   "buttons", "pictures", "values", "switches", "lists",   "tables",
-    "charts", "tiles", "typing", "messages", "wheels",  "moving",   "media",  "drawing",  "transitions"};
+    "",       "index", "labels", "buttons",  "pictures", "values", "switches", "lists",   "tables",
+    "charts", "tiles", "typing", "messages", "wheels",   "moving", "media",    "drawing", "transitions"};
 
 // Brings the gallery up as its own main does. `folder` holds another `res` than the staged one.
 inline void gallery_open(const char *folder = ZOF_GALLERY_DIR) {

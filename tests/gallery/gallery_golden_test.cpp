@@ -17,7 +17,8 @@ static void every_page(bool light) {
         gallery_tap(GALLERY_INDEX, language.button);
         for (u32 view = GALLERY_INDEX; view <= GALLERY_VIEWS; view++) {
             gallery_show(view);
-            CHECK(gallery_is_golden(std::string(gallery_names[view]) + "_" + language.name + (light ? "_youth" : "_night")));
+            CHECK(gallery_is_golden(std::string(gallery_names[view]) + "_" + language.name +
+                                    (light ? "_youth" : "_night")));
         }
     }
 }

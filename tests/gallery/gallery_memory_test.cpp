@@ -9,7 +9,7 @@ struct holdings {
 };
 
 static std::ostream &operator<<(std::ostream &out, const holdings &h) {
-    return out << h.own << " + " << h.lvgl << " bytes, " << h.timers << " timers, " << h.fonts<< " fonts";
+    return out << h.own << " + " << h.lvgl << " bytes, " << h.timers << " timers, " << h.fonts << " fonts";
 }
 
 static holdings held() {

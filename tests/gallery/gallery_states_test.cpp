@@ -193,7 +193,8 @@ static void every_state(bool light) {
         gallery_tap(GALLERY_INDEX, VIEW1_LANG_DE_ID);
         gallery_tap(GALLERY_INDEX, VIEW1_THEME_ID);
     }
-    for (void (*page)() : {buttons, values, switches, lists, tables, tiles, typing, messages, wheels, moving, drawing}) {
+    for (void (*page)() :
+         {buttons, values, switches, lists, tables, tiles, typing, messages, wheels, moving, drawing}) {
         page();
     }
     picture_pressed(16, 1, "back_pressed");
