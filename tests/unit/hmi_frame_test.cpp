@@ -7,9 +7,9 @@
 #include <algorithm>
 #include <string>
 
-#include "frames.h"
 #include "hmi/zof_hmi.h"
 #include "hmi/zof_hmi_analys.h"
+#include "host_frame.h"
 #include "temp_project.h"
 
 static zof_hmi_cmd_analys_t analys_of(bool crc) {
@@ -38,14 +38,6 @@ static bytes payload_of(u32 n) {
     return out;
 }
 
-static bytes join(std::initializer_list<bytes> parts) {
-    bytes out;
-    for (const bytes &part : parts) {
-        out.insert(out.end(), part.begin(), part.end());
-    }
-    return out;
-}
-
 static bytes built(zof_hmi_cmd_analys_t &a, u32 n) {
     REQUIRE(zof_hmi_frame_send_clear(&a, n) == 0);
     const bytes payload = payload_of(n);
@@ -55,34 +47,6 @@ static bytes built(zof_hmi_cmd_analys_t &a, u32 n) {
     return {frame, frame + size};
 }
 
-static void crc_append(bytes &out, const bytes &counted) {
-    u32 crc = 0;
-    for (u8 byte : counted) { // division by the polynomial, bit by bit, as on paper
-        for (int bit = 7; bit >= 0; bit--) {
-            const u32 top = (crc >> 15 & 1) ^ (byte >> bit & 1u);
-            crc = (crc << 1 & 0xFFFF) ^ (top ? 0x1021 : 0);
-        }
-    }
-    out.push_back((u8)(crc >> 8));
-    out.push_back((u8)crc);
-}
-
-// A sound frame of either form, as a host makes it.
-static bytes frame_of(u8 op, const bytes &payload, bool crc, bool long_form = false) {
-    const bytes counted = join({{op}, payload});
-    const u32 len = (u32)counted.size() + (crc ? 2 : 0);
-    bytes out = {0x5A, 0xA5};
-    if (long_form || len > 127) {
-        out.push_back((u8)(0x80 | len >> 8));
-    }
-    out.push_back((u8)len);
-    out.insert(out.end(), counted.begin(), counted.end());
-    if (crc) {
-        crc_append(out, counted);
-    }
-    return out;
-}
-
 static s32 check(zof_hmi_cmd_analys_t &a, const bytes &data) {
     const bytes exact(data); // of its own size, so that a look beyond it is seen
     return zof_hmi_cmd_check_data(&a, exact.data(), (u32)exact.size());
@@ -90,9 +54,8 @@ static s32 check(zof_hmi_cmd_analys_t &a, const bytes &data) {
 
 TEST_CASE("host frames: the CRC is the known one, over any length") {
     CHECK(zof_hmi_crc16((const u8 *)"123456789", 9) == 0x31C3);
-    bytes expected;
-    crc_append(expected, payload_of(3000));
-    CHECK(zof_hmi_crc16(payload_of(3000).data(), 3000) == (expected[0] << 8 | expected[1]));
+    const bytes want = crc_of(payload_of(3000));
+    CHECK(zof_hmi_crc16(payload_of(3000).data(), 3000) == (want[0] << 8 | want[1]));
 }
 
 TEST_CASE(
@@ -103,16 +66,13 @@ TEST_CASE(
             CAPTURE(n);
             CAPTURE(crc);
             const bytes payload = payload_of(n);
-            const bytes code = {ZOF_HMI_OP_GET};
             const u32 len = n + (crc ? 3 : 1);
             bytes want = frame_of(ZOF_HMI_OP_GET, payload, crc, true);
             if (n <= 128) {
                 // At 128 a zero slips in behind the code and the last byte goes; from 127 the CRC leaves the code out.
                 const bytes body = n == 128 ? join({{0}, {payload.begin(), payload.end() - 1}}) : payload;
-                want = join({{0x5A, 0xA5, (u8)len}, code, body});
-                if (crc) {
-                    crc_append(want, n >= 127 ? body : join({code, body}));
-                }
+                const bytes counted = join({{ZOF_HMI_OP_GET}, body});
+                want = join({{0x5A, 0xA5, (u8)len}, counted, crc ? crc_of(n >= 127 ? body : counted) : bytes()});
             }
             CHECK(built(a, n) == want);
             if (n >= 2 && (n > 128 || len <= 127)) {

@@ -1,28 +1,20 @@
 // The line's traffic in words: what a person looks for when host and panel do not understand each other.
 #include "decode.h"
+#include "host_frame.h"
 #include "temp_project.h"
 #include "zof_test.h"
 
 static const bytes read_size = {0x5A, 0xA5, 0x03, 0x11, 0xB1, 0x06};
 static const bytes size_is = {0x5A, 0xA5, 0x07, 0x11, 0xB1, 0x06, 0x01, 0x40, 0x00, 0xF0};
 
-static bytes plus(bytes a, const bytes &b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
-
 // What a stream says, a line a piece.
 static std::string said(const bytes &data, bool from_host, bool crc = false, size_t cut_at = 0) {
     const zof_hmi_cmd_analys_t settings = decode_settings(0x5A, 0xA5, crc);
     splitter s = {.from_host = from_host};
     std::string out;
-    const bytes first(data.begin(), data.begin() + (long)cut_at), second(data.begin() + (long)cut_at, data.end());
+    const bytes parts[] = {{data.begin(), data.begin() + (long)cut_at}, {data.begin() + (long)cut_at, data.end()}, {}};
     for (int step = 0; step < 3; step++) {
-        for (const piece &p : split(s, settings,
-                                    step == 0   ? first
-                                    : step == 1 ? second
-                                                : bytes(),
-                                    step * 10, step == 2)) {
+        for (const piece &p : split(s, settings, parts[step], step * 10, step == 2)) {
             out += p.text + "\n";
         }
     }
@@ -48,21 +40,21 @@ TEST_CASE("the monitor marks what a panel would not take") {
     CHECK(said({0x5A, 0xA5, 0x04, 0x22, 0xB1, 0x00, 0x01}, true) == "write view.display  !! fields are missing\n");
     CHECK(said({0x5A, 0xA5, 0x04, 0x11, 0xB1, 0x06, 0x01}, true) == "read  view.size  !! bytes behind the fields\n");
     CHECK(said({0x5A, 0xA5, 0x01, 0x11}, true) == "!! length 1 has no room for a command\nnoise, 1 bytes\n");
-    CHECK(said(plus({1, 2, 0x5A}, read_size), true) == "noise, 3 bytes\nread  view.size\n");
+    CHECK(said(join({{1, 2, 0x5A}, read_size}), true) == "noise, 3 bytes\nread  view.size\n");
     const bytes with_crc = {0x5A, 0xA5, 0x05, 0x11, 0xB1, 0x06, 0x39, 0xA9};
     CHECK(said(with_crc, true, true) == "read  view.size\n");
     bytes wrong = with_crc;
     wrong[5] ^= 1;
-    CHECK(said(plus(wrong, with_crc), true, true) == "!! CRC is 39A9, should be 2988\nread  view.size\n");
+    CHECK(said(join({wrong, with_crc}), true, true) == "!! CRC is 39A9, should be 2988\nread  view.size\n");
     wrong = with_crc;
     wrong[2] = 0x0C; // swallows the next one's head
-    CHECK(contains(said(plus(wrong, with_crc), true, true), "\nread  view.size\n"));
+    CHECK(contains(said(join({wrong, with_crc}), true, true), "\nread  view.size\n"));
     wrong[2] = 0x40; // more than comes
-    CHECK(said(plus(wrong, with_crc), true, true) == "!! cut short: length says 64, 8 bytes came\nread  view.size\n");
+    CHECK(said(join({wrong, with_crc}), true, true) == "!! cut short: length says 64, 8 bytes came\nread  view.size\n");
 }
 
 TEST_CASE("the monitor puts frames together from any two pieces") {
-    const bytes stream = plus(plus({9, 9}, read_size), size_is);
+    const bytes stream = join({{9, 9}, read_size, size_is});
     const std::string whole = said(stream, false);
     for (size_t at = 0; at <= stream.size(); at++) {
         CAPTURE(at);

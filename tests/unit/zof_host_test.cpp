@@ -5,31 +5,20 @@
 #include <string>
 #include <vector>
 
+#include "host_frame.h"
 #include "zof_host.h"
 #include "zof_test.h"
-
-using bytes_t = std::vector<uint8_t>;
 
 // A host, the line it writes to, and what it was told.
 struct rig {
     zof_host_t host;
-    bytes_t rx = bytes_t(64), tx = bytes_t(256);
-    bytes_t sent;
+    bytes rx = bytes(64), tx = bytes(256);
+    bytes sent;
     std::vector<uint32_t> sent_at; // of each byte
     uint16_t takes = 1000;         // bytes the line takes at once
     uint32_t now = 1000;
     std::string told;
 };
-
-static std::string hex_of(const bytes_t &data) {
-    std::string out;
-    for (uint8_t byte : data) {
-        char text[4];
-        snprintf(text, sizeof(text), "%02X ", byte);
-        out += text;
-    }
-    return out;
-}
 
 static uint16_t line_write(void *user, const uint8_t *data, uint16_t size) {
     rig &r = *(rig *)user;
@@ -66,21 +55,20 @@ static void on_event(zof_host_t *host, const zof_host_event_t *event) {
 }
 
 static void set_up(rig &r, uint8_t crc = 0, uint8_t acks = 0) {
-    r.host = {};
-    r.host.head_fh = 0x5A;
-    r.host.head_fl = 0xA5;
-    r.host.crc = crc;
-    r.host.acks = acks;
-    r.host.silence_ms = 5;
-    r.host.timeout_ms = 200;
-    r.host.rx = r.rx.data();
-    r.host.rx_size = (uint16_t)r.rx.size();
-    r.host.tx = r.tx.data();
-    r.host.tx_size = (uint16_t)r.tx.size();
-    r.host.user = &r;
-    r.host.write = line_write;
-    r.host.on_reply = on_reply;
-    r.host.on_event = on_event;
+    r.host = {.head_fh = 0x5A,
+              .head_fl = 0xA5,
+              .crc = crc,
+              .acks = acks,
+              .silence_ms = 5,
+              .timeout_ms = 200,
+              .rx = r.rx.data(),
+              .rx_size = (uint16_t)r.rx.size(),
+              .tx = r.tx.data(),
+              .tx_size = (uint16_t)r.tx.size(),
+              .user = &r,
+              .write = line_write,
+              .on_reply = on_reply,
+              .on_event = on_event};
     REQUIRE(zof_host_init(&r.host) == ZOF_HOST_DONE);
 }
 
@@ -91,58 +79,25 @@ static void run_ms(rig &r, uint32_t ms) {
     }
 }
 
-static uint16_t crc16(const uint8_t *data, size_t size) {
-    uint16_t crc = 0;
-    for (size_t i = 0; i < size * 8; i++) {
-        const bool bit = data[i / 8] >> (7 - i % 8) & 1, top = crc >> 15;
-        crc = (uint16_t)(crc << 1 ^ (bit != top ? 0x1021 : 0));
-    }
-    return crc;
-}
-
-static bytes_t frame_of(uint8_t op, const bytes_t &payload, bool crc = false, bool long_form = false) {
-    bytes_t counted = {op};
-    counted.insert(counted.end(), payload.begin(), payload.end());
-    if (crc) {
-        const uint16_t sum = crc16(counted.data(), counted.size());
-        counted.insert(counted.end(), {(uint8_t)(sum >> 8), (uint8_t)sum});
-    }
-    bytes_t out = {0x5A, 0xA5};
-    if (long_form || counted.size() > 127) {
-        out.push_back((uint8_t)(0x80 | counted.size() >> 8));
-    }
-    out.push_back((uint8_t)counted.size());
-    out.insert(out.end(), counted.begin(), counted.end());
-    return out;
-}
-
-static void feed(rig &r, const bytes_t &data) {
+static void feed(rig &r, const bytes &data) {
     zof_host_feed(&r.host, data.data(), (uint16_t)data.size(), r.now);
 }
 
-static const bytes_t LABEL = {0xB2, 0, 0, 0, 1, 0, 5}, SIZE = {0xB1, 6}, STANDBY = {0xB0, 6, 1};
-
-static bytes_t joined(std::initializer_list<bytes_t> parts) {
-    bytes_t out;
-    for (const bytes_t &part : parts) {
-        out.insert(out.end(), part.begin(), part.end());
-    }
-    return out;
-}
+static const bytes LABEL = {0xB2, 0, 0, 0, 1, 0, 5}, SIZE = {0xB1, 6}, STANDBY = {0xB0, 6, 1};
 
 TEST_CASE("what a host may see comes out right at every cut of its bytes, with and without CRC, in both forms") {
     for (bool crc : {false, true}) {
         for (bool long_form : {false, true}) {
-            const auto panel = [&](const bytes_t &payload) { return frame_of(0x11, payload, crc, long_form); };
-            bytes_t wrong = panel(joined({LABEL, {'n', 'o', 0}}));
+            const auto panel = [&](const bytes &payload) { return frame_of(0x11, payload, crc, long_form); };
+            bytes wrong = panel(join({LABEL, {'n', 'o', 0}}));
             wrong[crc ? wrong.size() - 1 : 1] ^= 1; // its CRC, or its head
             // An event in front of the answer, noise with half a head, a false frame, the answer, two events.
-            const bytes_t line = joined({panel({0xB0, 4, 1, 1, 0, 80, 0, 40}),
-                                         {0x5A, 0x5A, 0x11, 0x5A, 0xA5, 2, 0x11},
-                                         wrong,
-                                         panel(joined({LABEL, {'h', 'i', 0}})),
-                                         panel({0xB0, 1, 0xAA, 0xBB}),
-                                         panel({0xB0, 4, 1, 0, 1, 2, 3, 4})});
+            const bytes line = join({panel({0xB0, 4, 1, 1, 0, 80, 0, 40}),
+                                     {0x5A, 0x5A, 0x11, 0x5A, 0xA5, 2, 0x11},
+                                     wrong,
+                                     panel(join({LABEL, {'h', 'i', 0}})),
+                                     panel({0xB0, 1, 0xAA, 0xBB}),
+                                     panel({0xB0, 4, 1, 0, 1, 2, 3, 4})});
             for (size_t cut = 0; cut <= line.size(); cut++) {
                 rig r;
                 set_up(r, crc);
@@ -162,16 +117,16 @@ TEST_CASE("what a host may see comes out right at every cut of its bytes, with a
 TEST_CASE("a false head that promises more than comes holds nothing up for long") {
     rig r;
     set_up(r);
-    const bytes_t answer = frame_of(0x11, joined({SIZE, {1, 64, 0, 240}}));
+    const bytes answer = frame_of(0x11, join({SIZE, {1, 64, 0, 240}}));
     zof_host_barrier(&r.host);
     run_ms(r, 10);
-    feed(r, joined({{0x5A, 0xA5, 60, 0x11}, answer})); // fits the buffer, so it is waited for
+    feed(r, join({{0x5A, 0xA5, 60, 0x11}, answer})); // fits the buffer, so it is waited for
     CHECK(r.told == "");
     run_ms(r, 60);
     CHECK(r.told == "1=320x240 ");
     zof_host_barrier(&r.host);
     run_ms(r, 10);
-    feed(r, joined({{0x5A, 0xA5, 0x80, 61, 0x11}, answer})); // does not, and is noise at once
+    feed(r, join({{0x5A, 0xA5, 0x80, 61, 0x11}, answer})); // does not, and is noise at once
     CHECK(r.told == "1=320x240 2=320x240 ");
 }
 
@@ -184,13 +139,11 @@ TEST_CASE("frames go out whole with a silence between them, however slow the lin
             r.host.byte_us = byte_us;
             r.now = 0xFFFFFFF0u; // wraps within the first frames
             const std::string text(120, 'x');
-            bytes_t all;
+            bytes all;
             std::vector<size_t> ends;
             for (const std::string &t : {std::string("a"), text, std::string("b")}) {
                 CHECK(zof_host_set_label_text(&r.host, 1, 5, t.c_str()) > 0);
-                bytes_t payload = LABEL;
-                payload.insert(payload.end(), t.c_str(), t.c_str() + t.size() + 1);
-                all = joined({all, frame_of(0x22, payload, true)});
+                all = join({all, frame_of(0x22, join({LABEL, {t.c_str(), t.c_str() + t.size() + 1}}), true)});
                 ends.push_back(all.size());
             }
             run_ms(r, 1000);
@@ -209,25 +162,23 @@ TEST_CASE("the queue takes only whole frames, at any place of its ring") {
     rig r;
     r.tx.resize(40);
     set_up(r);
-    bytes_t all;
+    bytes all;
     for (int i = 0; i < 200; i++) {
         const std::string text(i % 23, (char)('a' + i % 26));
         const int result = zof_host_set_label_text(&r.host, 1, 5, text.c_str());
         CHECK((result > 0 || result == ZOF_HOST_FULL));
         if (result > 0) {
-            bytes_t payload = LABEL;
-            payload.insert(payload.end(), text.c_str(), text.c_str() + text.size() + 1);
-            all = joined({all, frame_of(0x22, payload)});
+            all = join({all, frame_of(0x22, join({LABEL, {text.c_str(), text.c_str() + text.size() + 1}}))});
         }
         run_ms(r, (uint32_t)(i % 9));
         if (r.host.own) { // asked for in between, answered at once
             run_ms(r, 20);
-            feed(r, frame_of(0x11, joined({SIZE, {1, 64, 0, 240}})));
+            feed(r, frame_of(0x11, join({SIZE, {1, 64, 0, 240}})));
         }
     }
     run_ms(r, 100);
-    bytes_t writes = r.sent;
-    for (size_t at; (at = hex_of(writes).find("5A A5 03 11 B1 06")) != std::string::npos;) {
+    bytes writes = r.sent;
+    for (size_t at; (at = hex(writes).find("5A A5 03 11 B1 06")) != std::string::npos;) {
         writes.erase(writes.begin() + (long)at / 3, writes.begin() + (long)at / 3 + 6);
     }
     CHECK(writes == all);
@@ -244,21 +195,21 @@ TEST_CASE("an answer ends its own request and no other, and one that comes too l
     run_ms(r, 20);
     CHECK(r.sent == frame_of(0x11, LABEL)); // the second waits for the first
     feed(r, frame_of(0x11, {0xB2, 0x14, 0, 0, 1, 0, 6, 0, 0, 0, 9}));
-    feed(r, frame_of(0x22, joined({LABEL, {'x', 0}})));
+    feed(r, frame_of(0x22, join({LABEL, {'x', 0}})));
     feed(r, frame_of(0x11, {0xB2, 0, 0, 0, 1, 0, 4, 'x', 0}));
     CHECK(r.told == "");
     CHECK(r.host.late == 3);
     run_ms(r, 200);
     CHECK(r.told == "1 timeout ");
     run_ms(r, 100);
-    feed(r, frame_of(0x11, joined({LABEL, {'x', 0}}))); // nothing is asked while it may still come
+    feed(r, frame_of(0x11, join({LABEL, {'x', 0}}))); // nothing is asked while it may still come
     CHECK(r.sent == frame_of(0x11, LABEL));
     run_ms(r, 200);
     feed(r, frame_of(0x11, {0xB2, 0x14, 0, 0, 1, 0, 6, 0xFF, 0xFF, 0xFF, 0xFE}));
     CHECK(r.told == "1 timeout 2=-2 ");
     zof_host_get_label_text(&r.host, 1, 5);
     run_ms(r, 20);
-    feed(r, frame_of(0x11, joined({LABEL, {'x', 'y'}}))); // no zero
+    feed(r, frame_of(0x11, join({LABEL, {'x', 'y'}}))); // no zero
     CHECK(r.told == "1 timeout 2=-2 3=1/5: bad ");
 }
 
@@ -276,11 +227,11 @@ TEST_CASE("a barrier is asked for before the panel's queue would overflow, again
     write_until_silent(); // 13 bytes each
     const size_t before = (1024 - 8) / 13 * 13;
     CHECK(r.sent.size() == before + 6);
-    CHECK(bytes_t(r.sent.end() - 6, r.sent.end()) == frame_of(0x11, SIZE));
+    CHECK(bytes(r.sent.end() - 6, r.sent.end()) == frame_of(0x11, SIZE));
     run_ms(r, 400); // no answer: said, and asked again after as long a pause
     CHECK(r.told == "silent ");
     CHECK(r.sent.size() == before + 12);
-    feed(r, frame_of(0x11, joined({SIZE, {1, 64, 0, 240}})));
+    feed(r, frame_of(0x11, join({SIZE, {1, 64, 0, 240}})));
     run_ms(r, 20);
     CHECK(r.told == "silent "); // its own answer is nobody else's
     CHECK(r.sent.size() == before + 12 + 2 * 13);
@@ -288,7 +239,7 @@ TEST_CASE("a barrier is asked for before the panel's queue would overflow, again
     feed(r, frame_of(0x11, {0xB0, 1, 0xAA, 0xBB})); // a panel that has just started has an empty queue
     run_ms(r, 20);
     CHECK(r.told == "silent on ");
-    CHECK(bytes_t(r.sent.end() - 13, r.sent.end())[4] == 0xB2);
+    CHECK(bytes(r.sent.end() - 13, r.sent.end())[4] == 0xB2);
 }
 
 TEST_CASE("nothing follows a system write before the panel is done with it") {
@@ -297,11 +248,11 @@ TEST_CASE("nothing follows a system write before the panel is done with it") {
     zof_host_set_system_language(&r.host, "de");
     zof_host_set_bar_value(&r.host, 1, 7, 50);
     run_ms(r, 50);
-    const bytes_t language = frame_of(0x22, {0xB0, 7, 0, 'd', 'e', 0});
-    CHECK(r.sent == joined({language, frame_of(0x11, STANDBY)}));
+    const bytes language = frame_of(0x22, {0xB0, 7, 0, 'd', 'e', 0});
+    CHECK(r.sent == join({language, frame_of(0x11, STANDBY)}));
     feed(r, frame_of(0x22, {0xB0, 7, 0, 0})); // a panel that acknowledges although nobody asked for it
     run_ms(r, 20);
-    feed(r, frame_of(0x11, joined({STANDBY, {0}})));
+    feed(r, frame_of(0x11, join({STANDBY, {0}})));
     run_ms(r, 10);
     CHECK(r.sent.size() == language.size() + 7 + 13);
     CHECK(r.told == "");
@@ -349,7 +300,7 @@ TEST_CASE("bad settings and null are refused, and a host that is not initialised
         CHECK(zof_host_barrier(&r.host) == ZOF_HOST_BAD);
         feed(r, frame_of(0x11, {0xB0, 1, 0xAA, 0xBB}));
         CHECK(zof_host_poll(&r.host, 0) == 0);
-        CHECK(r.told + hex_of(r.sent) == "");
+        CHECK(r.told + hex(r.sent) == "");
     }
     CHECK(zof_host_reply_u32(nullptr) == 0);
     CHECK(std::string(zof_host_reply_text(nullptr)) == "");
