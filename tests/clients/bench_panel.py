@@ -25,6 +25,8 @@ from zof_host import Panel  # noqa: E402
 class BenchPanel:
     """`hmi`: keys of zofhmi.g that differ. `moves` holds the time of each "print 1 16" of the session."""
 
+    FOLDER, PROGRAM, PORT = "panel", "zof_bench", 5
+
     def __init__(self, build: str, script: str = "", board: bool = False, hmi: dict[str, int] | None = None,
                  window: bool = False) -> None:
         self.build = Path(build).resolve()
@@ -34,7 +36,7 @@ class BenchPanel:
         self._window = window
         self._folder = tempfile.TemporaryDirectory()
         self.project = Path(self._folder.name) / "res"
-        shutil.copytree(self.build / "panel" / "res", self.project)
+        shutil.copytree(self.build / self.FOLDER / "res", self.project)
         link = self.project / "config" / "project" / "zofhmi.g"
         link.write_text(json.dumps({**json.loads(link.read_text()), **(hmi or {})}))
         self._script = Path(self._folder.name) / "session"
@@ -46,8 +48,9 @@ class BenchPanel:
         """Also once more, after `stop`, as a panel that was switched off and on."""
         link = f"{self._folder.name}/board"
         hidden = {} if self._window else {"SDL_VIDEODRIVER": "offscreen", "SDL_AUDIODRIVER": "dummy"}
-        env = dict(os.environ, ZOF_SCRIPT=str(self._script), ZOF_COM5=self.line.panel, ZOF_COM6=link, **hidden)
-        self.panel = subprocess.Popen([self.build / "panel" / "zof_bench"], cwd=self._folder.name, env=env,
+        env = dict(os.environ, ZOF_SCRIPT=str(self._script), ZOF_COM6=link, **hidden)
+        env[f"ZOF_COM{self.PORT}"] = self.line.panel
+        self.panel = subprocess.Popen([self.build / self.FOLDER / self.PROGRAM], cwd=self._folder.name, env=env,
                                        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         self._logger = threading.Thread(target=self._read_log, daemon=True)
         self._logger.start()
