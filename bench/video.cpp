@@ -1,5 +1,5 @@
-// A clip of the panel's size in our player, against `ffmpeg -f null` decoding the same file on one thread. Processor time
-// of all frames behind the first: opening, and starting a program, are not the frames'.
+// A clip of the panel's size in our player, against `ffmpeg -f null` decoding the same file on one thread. Processor
+// time of all frames behind the first: opening, and starting a program, are not the frames'.
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>

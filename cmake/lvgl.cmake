@@ -91,6 +91,11 @@ if(ZOF_SANITIZE MATCHES undefined)
   # Its PNG decoder copies nothing from nowhere, which is harmless and not ours to mend.
   target_compile_options(zof_lvgl PRIVATE -fno-sanitize=nonnull-attribute)
 endif()
+if(ZOF_FUZZ) # what reads files is looked into, all else would only be noise
+  set(lvgl_readers ${lvgl_sources})
+  list(FILTER lvgl_readers INCLUDE REGEX "/src/extra/libs/(gif|png|sjpg)/")
+  set_source_files_properties(${lvgl_readers} PROPERTIES COMPILE_OPTIONS -fsanitize=fuzzer-no-link)
+endif()
 if(CMAKE_BUILD_TYPE STREQUAL Debug)
   target_compile_options(zof_lvgl PRIVATE -O1)
 endif()

@@ -31,14 +31,37 @@ for mode in ("L", "LA", "P", "RGB", "RGBA"):
 seed("pictures", "png_laced", 0, picture("RGB", "PNG", interlace=1))
 for name, how in (("plain", {}), ("progressive", {"progressive": True}), ("full", {"subsampling": 0})):
     seed("pictures", "jpg_" + name, 1, picture("RGB", "JPEG", quality=60, **how))
-frames = [Image.new("P", (9, 7), n) for n in range(3)]
+for name, how in (("plain", {"loop": 2}), ("once", {}), ("kept", {"loop": 0, "disposal": 3}), ("laced", {"interlace": 1})):
+    frames = [Image.new("P", (9, 7), n) for n in range(3)]
+    file = io.BytesIO()
+    frames[0].save(file, "GIF", save_all=True, append_images=frames[1:], duration=20, **how)
+    seed("pictures", "gif_" + name, 2, file.getvalue())
+clear = [Image.new("RGBA", (9, 7), (0, 0, 0, 0)) for n in range(3)]
+for n, frame in enumerate(clear):
+    frame.paste((90 * n, 200, 0, 255), (n, n, n + 4, n + 3))
 file = io.BytesIO()
-frames[0].save(file, "GIF", save_all=True, append_images=frames[1:], duration=20, loop=2)
-seed("pictures", "gif", 2, file.getvalue())
+clear[0].save(file, "GIF", save_all=True, append_images=clear[1:], duration=20, loop=0, disposal=2)
+seed("pictures", "gif_clear", 2 + 3 * 2, file.getvalue())
 
+
+def run(*command):
+    subprocess.run([*map(str, command)], check=True, stderr=subprocess.DEVNULL)
+
+
+REPLAY, RESIZE, PAUSE, REWIND = 4, 8, 16, 32  # as in media_fuzz.cpp
 with tempfile.TemporaryDirectory() as folder:
-    for kind, end in enumerate(("wav", "mp3", "aac", "mp4")):
-        path = pathlib.Path(folder) / ("x." + end)
-        what = ["clip", path, "16", "16", "0.12", "440"] if end == "mp4" else ["tone", path, "440", "20"]
-        subprocess.run([program, *map(str, what)], check=True, stderr=subprocess.DEVNULL)
-        seed("media", end, kind, path.read_bytes())
+    folder = pathlib.Path(folder)
+    for kind, end in enumerate(("wav", "mp3", "aac")):
+        run(program, "tone", folder / ("x." + end), 440, 20)
+        seed("media", end, kind + REPLAY * (kind % 2), (folder / ("x." + end)).read_bytes())
+    for codec in ("pcm_u8", "pcm_s24le", "pcm_f32le", "pcm_alaw", "adpcm_ms", "adpcm_ima_wav"):
+        run("ffmpeg", "-f", "lavfi", "-i", "sine=d=0.03:r=8000", "-bitexact", "-c:a", codec, "-y", folder / "x.wav")
+        seed("media", "wav_" + codec, 0, (folder / "x.wav").read_bytes())
+    clip = folder / "x.mp4"
+    for name, how, *more in (("mpeg4", REPLAY + REWIND, "mpeg4"), ("png", PAUSE + RESIZE, "png"),
+                             ("mjpeg", REPLAY + RESIZE, "mjpeg"), ("smaller", REPLAY + REWIND, "mjpeg", 2)):
+        run(program, "clip", clip, 16, 16, 0.16, 440, *more)
+        seed("media", "mp4_" + name, 3 + how, clip.read_bytes())
+    run("ffmpeg", "-f", "lavfi", "-i", "testsrc=s=16x16:r=25:d=0.16", "-bitexact", "-c:v", "libx264", "-pix_fmt", "yuv420p",
+        "-y", clip)
+    seed("media", "mp4_h264", 3 + REPLAY + PAUSE, clip.read_bytes())

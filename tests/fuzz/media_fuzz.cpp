@@ -1,45 +1,62 @@
-// Sounds and clips: the first byte chooses the kind, the rest is the file. A clip is also shown.
+// Sounds and clips: the first byte chooses the kind and what is done to a clip, the rest is the file. Nothing waits and
+// no other thread runs: the body of the playing thread runs where it would be started, and the device takes a block
+// whenever that body would wait for it.
 #include <SDL.h>
 
-#include <thread>
-
 #include "fuzz.h"
+#include "port/win_sound.h"
 #include "screen_fixture.h"
 #include "temp_project.h"
 
-// A sound device that takes everything at once: SDL's own wait for the time that it would be heard.
+enum { WIDTH = 64, HEIGHT = 48, PASSES = 3, CHANNELS_MOST = 8 };
+enum { REPLAY = 1, RESIZE = 2, PAUSE = 4, REWIND = 8 }; // of a clip, after the kind
+
 static struct {
     SDL_AudioSpec spec;
-    std::thread taker;
-    std::atomic<bool> on;
+    std::vector<u8> block;
+    u32 passes; // through a file that is played again and again
 } device;
+
+extern "C" SDL_Thread *__wrap_SDL_CreateThread(SDL_ThreadFunction body, const char *, void *data) {
+    device.passes = 0;
+    body(data);
+    return (SDL_Thread *)&device;
+}
+
+extern "C" void __wrap_SDL_WaitThread(SDL_Thread *, int *) {
+}
 
 extern "C" SDL_AudioDeviceID __wrap_SDL_OpenAudioDevice(const char *, int, const SDL_AudioSpec *want,
                                                         SDL_AudioSpec *got, int) {
+    if (want->channels < 1 || want->channels > CHANNELS_MOST) {
+        return 0;
+    }
     *got = *want;
     got->silence = want->format == AUDIO_U8 ? 0x80 : 0;
     device.spec = *got;
+    device.block.resize((size_t)want->samples * want->channels * SDL_AUDIO_BITSIZE(want->format) / 8);
+    if (++device.passes > PASSES) {
+        sound.type_p = true;
+    }
     return 2;
 }
 
-extern "C" void __wrap_SDL_PauseAudioDevice(SDL_AudioDeviceID, int paused) {
-    if (paused || device.on.exchange(true)) {
-        return;
-    }
-    device.taker = std::thread([] {
-        std::vector<u8> block((size_t)device.spec.samples * device.spec.channels *
-                              SDL_AUDIO_BITSIZE(device.spec.format) / 8);
-        while (device.on && !block.empty()) {
-            device.spec.callback(device.spec.userdata, block.data(), (int)block.size());
-            std::this_thread::yield();
-        }
-    });
+extern "C" void __wrap_SDL_PauseAudioDevice(SDL_AudioDeviceID, int) {
+}
+extern "C" void __wrap_SDL_CloseAudioDevice(SDL_AudioDeviceID) {
 }
 
-extern "C" void __wrap_SDL_CloseAudioDevice(SDL_AudioDeviceID) {
-    if (device.on.exchange(false)) {
-        device.taker.join();
+extern "C" int __wrap_SDL_SemWait(SDL_sem *) {
+    if (sound.put == sound.taken) { // a sound that has played out waits to be stopped
+        sound.type_p = true;
+    } else {
+        device.spec.callback(device.spec.userdata, device.block.data(), (int)device.block.size());
     }
+    return 0;
+}
+
+extern "C" int __wrap_SDL_SemWaitTimeout(SDL_sem *, u32) {
+    return SDL_MUTEX_TIMEDOUT;
 }
 
 static temp_project_t &project = *new temp_project_t;
@@ -48,32 +65,52 @@ static lv_obj_t *player;
 extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     fuzz_quiet();
     atexit([] { project.~temp_project_t(); });
-    screen_open(64, 48);
+    screen_open(WIDTH, HEIGHT);
     zof_ffmpeg_init();
     win_audio_init();
     win_video_init();
     player = zof_drv_video_create(lv_scr_act());
-    zof_drv_video_set_pos(player, 0, 0, 64, 48);
     return 0;
+}
+
+static void clip_play(const std::string &path, u32 how) {
+    enum { STEP_MS = 150 }; // some frames
+    zof_drv_video_set_pos(player, 0, 0, WIDTH, HEIGHT);
+    zof_drv_video_set_one_replay(player, how & REPLAY);
+    zof_drv_video_set_src(player, path.c_str());
+    zof_drv_video_set_state(player, ZOF_MEDIA_PLAY);
+    screen_step(STEP_MS);
+    if (how & PAUSE) {
+        zof_drv_video_set_state(player, ZOF_MEDIA_PAUSE);
+        screen_step(STEP_MS);
+        zof_drv_video_set_state(player, ZOF_MEDIA_RESUME);
+        screen_step(STEP_MS);
+    }
+    if (how & REWIND) {
+        zof_drv_video_set_state(player, ZOF_MEDIA_STOP);
+        zof_drv_video_set_state(player, ZOF_MEDIA_PLAY);
+        screen_step(STEP_MS);
+    }
+    if (how & RESIZE) {
+        zof_drv_video_set_pos(player, 5, 5, HEIGHT - 1, WIDTH + 1);
+        screen_step(STEP_MS);
+    }
+    fuzz_must(zof_drv_video_get_state(player) != -1, "a player stays one");
+    zof_drv_video_set_src(player, nullptr);
+    zof_drv_video_set_one_replay(player, 0);
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     static const char *const ends[] = {"x.wav", "x.mp3", "x.aac", "x.mp4"};
     fuzz_input in = {data, size};
-    const u32 kind = fuzz_byte(in) % 4;
-    project.write(ends[kind], std::string((const char *)in.at, in.size));
-    const std::string path = project.path(ends[kind]);
-    if (kind == 3) {
-        zof_drv_video_set_src(player, path.c_str());
-        zof_drv_video_set_state(player, ZOF_MEDIA_PLAY);
-        screen_step(400);
-        fuzz_must(zof_drv_video_get_state(player) != -1, "a player stays one");
-        zof_drv_video_set_src(player, "");
+    const u32 first = fuzz_byte(in);
+    const char *name = ends[first % 4];
+    project.write(name, std::string((const char *)in.at, in.size));
+    if (first % 4 == 3) {
+        clip_play(project.path(name), first / 4);
     } else {
-        zof_drv_audio_set_src(path.c_str());
-    }
-    for (u32 i = 0; i < 40 && zof_drv_audio_get_state() == ZOF_MEDIA_PLAY; i++) {
-        SDL_Delay(1);
+        zof_drv_audio_set_one_replay(first / 4 & REPLAY);
+        zof_drv_audio_set_src(project.path(name).c_str());
     }
     zof_drv_audio_set_state(ZOF_MEDIA_STOP);
     fuzz_must(zof_drv_audio_get_state() == ZOF_MEDIA_STOP, "a stop stops");

@@ -1,44 +1,57 @@
-// Pictures: the first byte chooses the kind, the rest is the file. Each is read by FFmpeg and, where LVGL has one, by
-// LVGL's own decoder, and drawn; a GIF plays.
+// Pictures: the first byte chooses the kind and how often a GIF plays, the rest is the file. An image is drawn by
+// LVGL's own decoders and by FFmpeg; a GIF is paused, resumed and begun anew.
 #include "fuzz.h"
-#include "screen_fixture.h"
 #include "src/misc/lv_gc.h"
-#include "temp_project.h"
+#include "view_project.h"
 
-static temp_project_t &project = *new temp_project_t;
+enum { VIEW = 1, IMAGE = 1, GIF = 2 };
+
+static view_project_t &project = *new view_project_t;
 
 extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     fuzz_quiet();
-    atexit([] { project.~temp_project_t(); });
-    project.open();
-    screen_open(64, 48);
+    atexit([] { project.~view_project_t(); });
+    project.view(VIEW, {ctrl(ZOF_CTRL_IMG, IMAGE), ctrl(ZOF_CTRL_GIF, GIF, R"("play_en": true)")});
+    project.open(64, 48);
+    zof_view_set_dis_view(VIEW);
     return 0;
 }
 
-static void image_show(const std::string &path) {
-    lv_obj_t *image = lv_img_create(lv_scr_act());
-    lv_img_set_src(image, path.c_str());
+static void image_show(const char *name) {
+    zof_img_set_src(at(IMAGE)->obj, name);
     lv_refr_now(nullptr);
-    lv_obj_del(image);
+    zof_img_set_src(at(IMAGE)->obj, nullptr);
     lv_img_cache_invalidate_src(nullptr);
 }
 
+static void gif_play(const char *name, u32 plays) {
+    enum { STEP_MS = 100 };
+    lv_obj_t *gif = at(GIF)->obj;
+    zof_gif_set_src(gif, name);
+    screen_step(STEP_MS);
+    zof_gif_play_count(gif, (u16)plays);
+    screen_step(STEP_MS);
+    zof_gif_pause(gif);
+    screen_step(STEP_MS / 5);
+    zof_gif_resume(gif);
+    zof_gif_reset_play(gif);
+    screen_step(STEP_MS);
+    zof_gif_set_src(gif, nullptr);
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-    static const char *const ends[] = {"image/x.png", "image/x.jpg", "image/x.gif"};
+    static const char *const names[] = {"x.png", "x.jpg", "x.gif"};
     fuzz_input in = {data, size};
-    const u32 kind = fuzz_byte(in) % 3;
-    project.write(ends[kind], std::string((const char *)in.at, in.size));
-    const std::string path = project.path(ends[kind]);
-    if (kind == 2) {
-        lv_obj_t *gif = lv_gif_create(lv_scr_act());
-        lv_gif_set_src(gif, path.c_str());
-        screen_step(100);
-        lv_obj_del(gif);
+    const u32 first = fuzz_byte(in);
+    const char *name = names[first % 3];
+    project.write(std::string("image/") + name, std::string((const char *)in.at, in.size));
+    if (first % 3 == 2) {
+        gif_play(name, first / 3 % 4);
         return 0;
     }
-    image_show(path); // by LVGL
+    image_show(name); // by LVGL
     zof_ffmpeg_init();
-    image_show(path); // by FFmpeg, and if it refuses, by LVGL
+    image_show(name); // by FFmpeg, and if it refuses, by LVGL
     lv_img_decoder_delete((lv_img_decoder_t *)_lv_ll_get_head(&LV_GC_ROOT(_lv_img_decoder_ll)));
     return 0;
 }

@@ -6,9 +6,12 @@
 #include "media.h"
 
 static int usage() {
-    fprintf(stderr,
-            "usage: zof_media clip FILE.mp4 WIDTH HEIGHT SECONDS [HZ]    a ball over slow colours, with a tone\n"
-            "       zof_media tone FILE.wav|mp3|aac HZ MS\n");
+    fprintf(
+        stderr,
+        "usage: zof_media clip FILE.mp4 WIDTH HEIGHT SECONDS [HZ [CODEC [FRAME]]]\n"
+        "           a ball over slow colours, with a tone; CODEC is mpeg4, png or mjpeg, and with the latter two the\n"
+        "           clip is half as large from a frame on\n"
+        "       zof_media tone FILE.wav|mp3|aac HZ MS\n");
     return 2;
 }
 
@@ -19,6 +22,8 @@ int main(int argc, char **argv) {
         clip.height = atoi(argv[4]);
         clip.frames = (s32)(atof(argv[5]) * clip.rate_num);
         clip.tone_hz = argc > 6 ? atoi(argv[6]) : 0;
+        clip.codec = argc > 7 ? argv[7] : clip.codec;
+        clip.resize_at = argc > 8 ? atoi(argv[8]) : clip.resize_at;
         if (clip.width < 2 || clip.height < 2 || clip.width > 2000 || clip.height > 2000 || clip.frames < 1) {
             return usage();
         }
