@@ -1,4 +1,4 @@
-// usage: zof_measure redraw|load|link|hmi|video|start|bare  prints rows of a table: what, ours, compared with, ratio
+// usage: zof_measure redraw|load|link|hmi|controls|video|start|bare   rows of a table: what, ours, compared with, ratio
 //        zof_measure ours|plain VIEW                  one full redraw, for an instruction counter
 #include "measure.h"
 
@@ -30,6 +30,7 @@ int main(int argc, char **argv) {
         {"load", measure_load},
         {"link", measure_link},
         {"hmi", measure_hmi},
+        {"controls", measure_controls},
         {"video", measure_video},
         {"start", [] { measure_start(false); }},
         {"bare", [] { measure_start(true); }},
@@ -45,6 +46,6 @@ int main(int argc, char **argv) {
         measure_count((u32)atoi(argv[2]), strcmp(argv[1], "plain") == 0);
         _exit(0);
     }
-    fprintf(stderr, "usage: zof_measure redraw|load|link|hmi|video|start|bare\n");
+    fprintf(stderr, "usage: zof_measure redraw|load|link|hmi|controls|video|start|bare\n");
     return 2;
 }

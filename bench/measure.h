@@ -32,6 +32,7 @@ void measure_count(u32 view, bool plain);
 void measure_load();
 void measure_link();
 void measure_hmi();
+void measure_controls();
 void measure_video();
 
 #endif

@@ -8,7 +8,7 @@ static lv_obj_t *plain_copy(lv_obj_t *from, lv_obj_t *parent) {
     lv_obj_t *to = lv_obj_class_create_obj(from->class_p, parent);
     lv_obj_class_init_obj(to);
     lv_obj_remove_style_all(to);
-    for (u32 i = 0; i < from->style_cnt; i++) {
+    for (u32 i = from->style_cnt; i-- > 0;) { // the one added last counts most
         if (!from->styles[i].is_local && !from->styles[i].is_trans) {
             lv_obj_add_style(to, from->styles[i].style, from->styles[i].selector);
         }
