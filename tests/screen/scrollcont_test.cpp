@@ -264,24 +264,3 @@ TEST_CASE("a wheel wears the themes, and its item under the finger shows it") {
     screen_step(100);
     CHECK(screen_is_golden("scrollcont_night"));
 }
-
-TEST_CASE("a wheel may be deleted in its own events") {
-    static u32 deadly;
-    ctrl_funs = {{WHEEL, [](zof_ctrl_t *wheel, zof_event_e event) {
-                      if (event == deadly) {
-                          CHECK(zof_ctrl_delete((para_t *)wheel) == 0);
-                      }
-                  }}};
-    view_project_t project;
-    for (u32 id : {1, 2, 3}) {
-        project.view(id, wheel_of({5, 3, false, R"(, "arc_r": 200)"}));
-    }
-    project.open(320, 240);
-    shown = 0;
-    for (u32 event : {ZOF_EVENT_SCROLL, ZOF_EVENT_SCROLL_END, ZOF_EVENT_SCROLL_END_ANIM_OFF}) {
-        deadly = event;
-        zof_view_set_dis_view(++shown);
-        screen_step(100);
-        CHECK(at(WHEEL, shown)->obj == nullptr);
-    }
-}

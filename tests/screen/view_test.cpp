@@ -137,39 +137,6 @@ TEST_CASE("a control that stays is parked while its short-lived parent is gone")
     }
 }
 
-TEST_CASE("leaving and returning a hundred times keeps the memory flat") {
-    view_project_t project;
-    project.image("a.png", 10, 10, 0xFF0000);
-    std::vector<std::string> controls;
-    for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
-        if (zof_ctrl_classes[type].create && type != ZOF_CTRL_TILE) {
-            std::string own = R"("txt": "t", "minValue": 0, "maxValue": 9, "int_cnt": 3, "init_img": "a.png",
-                "img_rel": "a.png", "arc_main_img": "a.png", "count": 2, "unlimited_scroll": 1)";
-            controls.push_back(ctrl(type, 100 + type, own, on_view,
-                                    R"({"img_t": {"bg_img": "a.png"}, "txt_t": {"font_lib": "none.ttf"}})"));
-        }
-    }
-    project.view(1, controls, R"("bg_image": "a.png")");
-    project.view(2, {});
-    project.open(320, 240);
-    auto round = [] {
-        zof_view_set_dis_view(1);
-        screen_step(40);
-        zof_view_set_dis_view(2);
-        screen_step(40);
-    };
-    u32 used = 0;
-    printed([&] {
-        round();
-        round();
-        used = zof_mem_count() + zof_lv_mem_count();
-        for (int i = 0; i < 100; i++) {
-            round();
-        }
-    });
-    CHECK(zof_mem_count() + zof_lv_mem_count() == used);
-}
-
 TEST_CASE("a view above takes touches only if it is modal, and hiding it brings the display's own layer back") {
     view_project_t project;
     ctrl_funs = {{1, on_event}};

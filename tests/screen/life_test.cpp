@@ -1,0 +1,118 @@
+// The life of every control: it comes and goes with its view and leaves nothing behind, and it may be deleted in any of
+// its own events.
+#include "every_control.h"
+
+enum { CHART = 70, SEQUENCE, PAD, WHEEL, ITEM_A, ITEM_B, END };
+
+static void life_up(view_project_t &project) {
+    std::filesystem::copy(ZOF_MEDIA_DIR, project.path("image"), std::filesystem::copy_options::recursive);
+    project.image("red.png", 20, 20, 0xFF0000);
+    project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
+    project.write("config/languages/en.g", R"({"hello": "hello"})");
+    project.write("config/languages/de.g", R"({"hello": "a longer hello"})");
+    project.more += R"(, "language": "en")";
+    const std::string fleeting = R"("pub": true, )", item = fleeting + R"("parent_id": 73)";
+    std::vector<std::string> all = one_of_each(R"("pub": true)");
+    all.insert(
+        all.end(),
+        {ctrl(ZOF_CTRL_CHART, CHART, R"("dis_type_e": 3, "point_cnt": 5, "y_max": 9)", fleeting + box(320, 60, 60, 60)),
+         ctrl(ZOF_CTRL_ANIMIMG, SEQUENCE, R"("img_dsc_t": "png", "frame_rate": 20, "end_id": 3, "repeat_count": 9)",
+              fleeting + box(320, 130, 1, 1)),
+         ctrl(ZOF_CTRL_SKETCHPAD, PAD, R"("toolbar": 1, "line_width": 3)", fleeting + box(320, 190, 60, 50)),
+         ctrl(ZOF_CTRL_SCROLLCONT, WHEEL, R"("child_cnt": 2, "display_count": 1)",
+              fleeting + box(560, 180, 80, 50) + R"(, "scrollbar_t": {"dir_e": 3})"),
+         ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM_A, "", item),
+         ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM_B, R"("create_num": 1)", item)});
+    project.view(1, all, R"("bg_image": "red.png")");
+    project.view(2, {});
+    project.open(640, 240);
+}
+
+// Calls what is given for each control that is there.
+template <typename F> static void each(F action) {
+    for (u32 id = LABEL; id < END; id++) {
+        para_t *c = zof_ctrl_get_form_id(1, id);
+        if (c && c->obj) {
+            action(c);
+        }
+    }
+}
+
+// A finger on each control that slides a little on it, and one on an option of the open list.
+static void touch_all() {
+    each([](para_t *c) {
+        const lv_area_t a = c->obj->coords;
+        const s32 x = (a.x1 + a.x2) / 2, y = (a.y1 + a.y2) / 2;
+        screen_drag(x, y, x + 15, y - 12, 2);
+    });
+    if (at(DROP)->obj && zof_droplist_open(at(DROP)) == 0) {
+        screen_step(40);
+        const lv_area_t a = lv_dropdown_get_list(at(DROP)->obj)->coords;
+        screen_click((a.x1 + a.x2) / 2, a.y2 - 12);
+    }
+}
+
+TEST_CASE("controls come and go with their view and leave nothing behind") {
+    view_project_t project;
+    u32 memory[2] = {};
+    printed([&] { // no driver plays the video, which is told
+        life_up(project);
+        for (u32 turn = 0; turn < 40; turn++) {
+            zof_view_set_dis_view(1);
+            touch_all();
+            zof_list_add_btn(at(LIST), "red.png", "#hello");
+            zof_droplist_add_option(at(DROP), "more", 1);
+            zof_droplist_open(at(DROP));
+            zof_rollist_add_option(at(ROLLER), "more", 1);
+            zof_rollist_set_selected(at(ROLLER), 2, 1);
+            zof_table_set_cell_value(at(TABLE), 3, 3, "more");
+            zof_chart_set_next_value2(at(CHART), zof_chart_add_series(at(CHART), 0, 0), 1, 1);
+            zof_keyboard_set_txtbox(at(KEYBOARD), at(TXTBOX));
+            zof_mbox_start_auto_close(at(MBOX), 20);
+            zof_gif_set_src(at(GIF), turn % 3 ? "spots.gif" : "ever.gif");
+            zof_qrcode_updata_data(at(QR), "another text");
+            screen_step(60);
+            zof_lang_set(turn % 2 ? "en" : "de");
+            zof_view_set_dis_view(2);
+            screen_step(60);
+            each([](para_t *) { CHECK(false); });
+            const u32 now = zof_mem_get_used();
+            CHECK((turn < 20 || now == memory[turn % 2]));
+            memory[turn % 2] = now;
+        }
+    });
+}
+
+static u32 deadly;
+
+TEST_CASE("controls may be deleted in their own events") {
+    const struct {
+        u32 event;
+        u32 gone; // of all controls, at least
+    } rows[] = {{ZOF_EVENT_PRESSED, 27},  {ZOF_EVENT_PRESSING, 27},      {ZOF_EVENT_RELEASED, 21},
+                {ZOF_EVENT_CLICKED, 20},  {ZOF_EVENT_VALUE_CHANGED, 12}, {ZOF_EVENT_SCROLL, 3},
+                {ZOF_EVENT_SCROLL_END, 6}};
+    view_project_t project;
+    ctrl_funs.clear();
+    for (u32 id = LABEL; id < END; id++) {
+        ctrl_funs.push_back({id, [](zof_ctrl_t *ctrl, zof_event_e event) {
+                                 if (event == deadly) {
+                                     CHECK(zof_ctrl_delete((para_t *)ctrl) == 0);
+                                 }
+                             }});
+    }
+    printed([&] { life_up(project); });
+    for (const auto &row : rows) {
+        deadly = 0;
+        printed([] { zof_view_set_dis_view(1); });
+        u32 gone = 0;
+        each([&](para_t *) { gone++; });
+        deadly = row.event;
+        touch_all();
+        screen_step(600);
+        each([&](para_t *) { gone--; });
+        CAPTURE(row.event);
+        CHECK(gone >= row.gone);
+        zof_view_set_dis_view(2);
+    }
+}
