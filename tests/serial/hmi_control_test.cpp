@@ -31,9 +31,7 @@ static s8 &acknowledgement() {
 
 // The command of a control in view 1: type, view, control; the parameter and what follows it are in `tail`.
 static bytes command(u8 type, u32 id, const bytes &tail) {
-    bytes out = {0xB2, type, tail[0], 0, 1, 0, (u8)id};
-    out.insert(out.end(), tail.begin() + 1, tail.end());
-    return out;
+    return join({{0xB2, type, tail[0], 0, 1, 0, (u8)id}, {tail.begin() + 1, tail.end()}});
 }
 
 // A write, and a read behind it that comes back when it is done. The mark tells an acknowledgement from none.
@@ -368,9 +366,8 @@ TEST_CASE("host controls: every read gives what the control has") {
         for (const bytes &write : row.first) {
             write_ctrl(p, command(row.type, row.id, write));
         }
-        bytes answer = row.tail;
-        answer.insert(answer.end(), row.value.begin(), row.value.end());
-        answers(p, get(command(row.type, row.id, row.tail)), get(command(row.type, row.id, answer)));
+        answers(p, get(command(row.type, row.id, row.tail)),
+                get(command(row.type, row.id, join({row.tail, row.value}))));
     }
     // The tile view's second row bears the code of its first, which cannot be read: silence. So has a write without
     // handler, and a text of a control that is not there.
@@ -434,7 +431,8 @@ TEST_CASE("host controls: a wrong selector, an absent control and one of another
                                      command(0x0C, TXTBOX, {0x04, 2}),
                                      command(0x0C, TXTBOX, {0x05, 4}),
                                      command(0x16, MATRIX, {0x01, 2, 0, 0, 0, 0x80}),
-                                     command(0x16, MATRIX, {0x02, 2, 0, 0x80})};
+                                     command(0x16, MATRIX, {0x02, 2, 0, 0x80}),
+                                     command(0x0E, DROP, {0x03, 2})};
     for (const bytes &payload : wrong_selectors) {
         CAPTURE(payload[1]);
         CAPTURE(payload[2]);
@@ -462,6 +460,15 @@ TEST_CASE("host controls: a wrong selector, an absent control and one of another
         command(0x0C, TXTBOX, {0x01, 0, 0, 0x4F, 0x60}), // no UTF-8 character
         command(0x0C, SPIN, {0x03, 'x', 0}),             // a text box's to a spin box, which LVGL takes for one
         command(0x16, KEYBOARD, {0x05, 1}),              // a matrix's to a keyboard
+        command(0x0D, LIST, {0x00, 0, 2}),
+        command(0x0D, LIST, {0x02, 0xFF, 0xFF, 'x', 0}),
+        command(0x0D, DROP, {0x01, 0}),            // a list's to a drop list
+        command(0x0E, DROP, {0x01, 0, 2, 'x', 0}), // as many as there are is one too far
+        command(0x0E, DROP, {0x02, 0, 2}),
+        command(0x0F, ROLLER, {0x02, 0xFF, 0xFF}),
+        command(0x15, TABLE, {0x00, 0xFF, 0xFF, 0, 0, 'x', 0}), // more cells than a table has
+        command(0x15, TABLE, {0x01, 0xFF, 0xFF, 0, 9}),
+        command(0x15, TABLE, {0x02, 0x7F, 0xFF, 0, 9}),
     };
     for (const bytes &payload : refused) {
         CAPTURE(payload[1]);
@@ -469,4 +476,26 @@ TEST_CASE("host controls: a wrong selector, an absent control and one of another
         CHECK(write_ctrl(p, payload) == 77);
     }
     CHECK(inner(BTN) == "b");
+    CHECK(list_text(1) == "second");
+    CHECK(std::string(lv_dropdown_get_options(obj(DROP))) == "one\ntwo");
+    CHECK(lv_roller_get_option_cnt(obj(ROLLER)) == 2);
+}
+
+TEST_CASE("host controls: options change under an open list, and everything follows the language") {
+    panel p;
+    controls_up(p);
+    const bytes key = {'#', 'h', 'e', 'l', 'l', 'o', 0};
+    CHECK(write_ctrl(p, command(0x0E, DROP, {0x03, 1})) == 0);
+    CHECK(write_ctrl(p, command(0x0E, DROP, join({{0x00, 0, 9}, key}))) == 1);
+    CHECK(write_ctrl(p, command(0x0F, ROLLER, join({{0x01, 0, 1}, key}))) == 1);
+    CHECK(write_ctrl(p, command(0x0D, LIST, join({{0x02, 0, 1}, key}))) == 1);
+    answers(p, set({0xB0, 0x07, 0x00, 'd', 'e', 0}), set({0xB0, 0x07, 0x00, 0}));
+    lv_obj_t *open_list = lv_dropdown_get_list(obj(DROP));
+    CHECK(std::string(lv_label_get_text(lv_obj_get_child(open_list, 0))) == "one\ntwo\nhallo");
+    CHECK(list_text(1) == "hallo");
+    CHECK(std::string(lv_roller_get_options(obj(ROLLER))) == "one\nhallo");
+    for (const s8 says : {1, 1, 77}) { // the last one stays to be seen
+        CHECK(write_ctrl(p, command(0x0E, DROP, {0x02, 0, 0})) == says);
+    }
+    CHECK(std::string(lv_dropdown_get_options(obj(DROP))) == "hallo");
 }

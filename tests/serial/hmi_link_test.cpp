@@ -17,6 +17,8 @@ TEST_CASE("host link: every system command is written and read through the line,
     panel p;
     panel_up(p, R"(, "resend_en": 1)");
     answers(p, get({0xB0, 0x00, 0x00}), get({0xB0, 0x00, 0x00, 'A', '1', '.', '2', 0}));
+    const std::string sdk = zof_sdk_get_version();
+    answers(p, get({0xB0, 0x00, 0x01}), get(join({{0xB0, 0x00, 0x01}, {sdk.c_str(), sdk.c_str() + sdk.size() + 1}})));
     answers(p, set({0xB0, 0x01, 0xCC, 0xDD}), set({0xB0, 0x01, 0}));
     usleep(600 * 1000); // the panel "reboots"
     answers(p, set({0xB0, 0x02, 40}), set({0xB0, 0x02, 0}));
@@ -45,22 +47,41 @@ TEST_CASE("host link: every system command is written and read through the line,
     CHECK(label_text() == "hello");
     answers(p, set({0xB0, 0x07, 0x00, 'd', 'e', 0}), set({0xB0, 0x07, 0x00, 0}));
     CHECK(label_text() == "hallo");
+    answers(p, get({0xB0, 0x00, 0x07}), get({0xB0, 0x00, 0x07, 0})); // no such text: the last acknowledgement
     answers(p, set({0xB0, 0x07, 0x00, 'f', 'r', 0}), set({0xB0, 0x07, 0x00, 1}));
+    answers(p, set({0xB0, 0x07, 0x00, '.', '.', '/', 'e', 'n', 0}),
+            set({0xB0, 0x07, 0x00, 1})); // not out of the project
     pty_write(p.pty, get({0xB0, 0x02})); // nothing to read there
     silent(p);
 }
 
-TEST_CASE("host link: without acknowledgements a write is silent and still done") {
+TEST_CASE(
+    "host link: without acknowledgements a write is silent and still done, and so are unknown and short commands") {
     panel p;
     panel_up(p, "");
     pty_write(p.pty, set({0xB0, 0x02, 50}));
     CHECK(eventually([] { return loop_turn(), sdl_bright_get() == 50 * 255 / 100; }));
-    silent(p);
+    for (const bytes &payload : {bytes{0xB0, 0x7E},
+                                 {0xC0, 0x00, 0x00},
+                                 {0xB0, 0x00},
+                                 {0xB0, 0x04},
+                                 {0xB0, 0x02},
+                                 {0xB0, 0x00, 0x07},
+                                 {0xB2, 0xF0}}) {
+        pty_write(p.pty, get(payload));
+        silent(p);
+    }
+    for (const bytes &request : {frame_of(0x12, {0xB0, 0x01}), frame_of(0x23, {0xB0, 0x01}), // no such codes
+                                 set({0xB0, 0x07, 0x00, 'a'}), set({0xB0, 0x03, 1, 2})}) {
+        pty_write(p.pty, request);
+        silent(p);
+    }
 }
 
 static void cuts_and_noise(panel &p, bool crc) {
-    const bytes answer = frame(ZOF_HMI_OP_GET, {0xB0, 0x01, 0xAA, 0xBB}, crc);
-    const bytes forms[] = {frame(ZOF_HMI_OP_GET, {0xB0, 0x01}, crc), frame(ZOF_HMI_OP_GET, {0xB0, 0x01}, crc, true)};
+    const bytes answer = frame_of(ZOF_HMI_OP_GET, {0xB0, 0x01, 0xAA, 0xBB}, crc);
+    const bytes forms[] = {frame_of(ZOF_HMI_OP_GET, {0xB0, 0x01}, crc),
+                           frame_of(ZOF_HMI_OP_GET, {0xB0, 0x01}, crc, true)};
     for (const bytes &request : forms) {
         for (size_t cut = 1; cut < request.size(); cut++) {
             CAPTURE(cut);
@@ -68,20 +89,16 @@ static void cuts_and_noise(panel &p, bool crc) {
             usleep(4 * GAP_MS * 1000);
             answers(p, {request.begin() + (long)cut, request.end()}, answer);
         }
-        bytes noisy = {0x00, 0x5A, 0x5A, 0xA5, 0x01, 0xB0, 0xA5, 0x5A, 0x5A}; // half heads, and one of no length
-        noisy.insert(noisy.end(), request.begin(), request.end());
-        answers(p, noisy, answer);
+        const bytes noise = {0x00, 0x5A, 0x5A, 0xA5, 0x01, 0xB0, 0xA5, 0x5A, 0x5A}; // half heads, and one of no length
+        answers(p, join({noise, request}), answer);
+        answers(p, join({request, {0x00}, request}), join({answer, answer}));
     }
     // The second of two in one read is lost, unless so little of it is there that it is kept.
-    bytes two = forms[0];
-    two.insert(two.end(), forms[0].begin(), forms[0].begin() + 5);
-    pty_write(p.pty, two);
+    pty_write(p.pty, join({forms[0], {forms[0].begin(), forms[0].begin() + 5}}));
     CHECK(read_while_looping(p, answer.size()) == answer);
     usleep(4 * GAP_MS * 1000);
     answers(p, {forms[0].begin() + 5, forms[0].end()}, answer);
-    two = forms[1]; // of 7 bytes or more: one of 6 is still kept
-    two.insert(two.end(), forms[1].begin(), forms[1].end());
-    answers(p, two, answer);
+    answers(p, join({forms[1], forms[1]}), answer); // of 7 bytes or more: one of 6 is still kept
 }
 
 // Short frames end at a count of 127, long ones may be of any.
@@ -97,7 +114,7 @@ static void borders(panel &p, bool crc) {
             payload.resize(counted - (crc ? 4 : 2), (u8)('a' + counted % 16 + long_form));
             const std::string text(payload.begin() + 7, payload.end());
             payload.push_back(0);
-            pty_write(p.pty, frame(ZOF_HMI_OP_SET, payload, crc, long_form));
+            pty_write(p.pty, frame_of(ZOF_HMI_OP_SET, payload, crc, long_form));
             CHECK(eventually([&] { return loop_turn(), label_text() == text; }));
         }
     }
@@ -118,11 +135,10 @@ TEST_CASE("host link: the same with a CRC, and a frame whose CRC is wrong is noi
     cuts_and_noise(p, true);
     usleep(4 * GAP_MS * 1000);
     borders(p, true);
-    bytes bad = frame(ZOF_HMI_OP_GET, {0xB0, 0x01}, true);
+    bytes bad = frame_of(ZOF_HMI_OP_GET, {0xB0, 0x01}, true);
     bad.back() ^= 1;
-    const bytes good = frame(ZOF_HMI_OP_GET, {0xB0, 0x00, 0x00}, true);
-    bad.insert(bad.end(), good.begin(), good.end());
-    answers(p, bad, frame(ZOF_HMI_OP_GET, {0xB0, 0x00, 0x00, 'A', '1', '.', '2', 0}, true));
+    const bytes good = frame_of(ZOF_HMI_OP_GET, {0xB0, 0x00, 0x00}, true);
+    answers(p, join({bad, good}), frame_of(ZOF_HMI_OP_GET, {0xB0, 0x00, 0x00, 'A', '1', '.', '2', 0}, true));
 }
 
 TEST_CASE("host link: a false head with a large length swallows no more than the tail holds") {
@@ -221,7 +237,7 @@ static bytes random_frame(std::mt19937 &random) {
     if (payload.size() > 1 && payload[1] == 0x01) {
         payload[1] = 0x04; // no reboots: each waits half a second
     }
-    bytes out = frame(random() % 2 ? ZOF_HMI_OP_SET : ZOF_HMI_OP_GET, payload);
+    bytes out = frame_of(random() % 2 ? ZOF_HMI_OP_SET : ZOF_HMI_OP_GET, payload);
     if (random() % 6 == 0) {
         out[random() % out.size()] = (u8)random();
     }

@@ -5,6 +5,7 @@
 #include "drv/zof_lock.h"
 #include "hmi/zof_hmi.h"
 #include "hmi/zof_hmi_frame.h"
+#include "host_frame.h"
 #include "port/zof_port.h"
 #include "serial_pty.h"
 #include "view_project.h"
@@ -16,23 +17,6 @@ struct panel {
     view_project_t project;
     serial_pty pty;
 };
-
-inline bytes frame(u8 op, const bytes &payload, bool crc = false, bool long_form = false) {
-    bytes counted = {op};
-    counted.insert(counted.end(), payload.begin(), payload.end());
-    if (crc) {
-        const u16 sum = zof_hmi_crc16(counted.data(), (u32)counted.size());
-        counted.push_back((u8)(sum >> 8));
-        counted.push_back((u8)sum);
-    }
-    bytes out = {0x5A, 0xA5};
-    if (long_form) {
-        out.push_back((u8)(0x80 | counted.size() >> 8));
-    }
-    out.push_back((u8)counted.size());
-    out.insert(out.end(), counted.begin(), counted.end());
-    return out;
-}
 
 // Two views of the same controls; `link` and `more` are keys of the protocol's file and of the project's.
 inline void panel_up(panel &p, const std::string &link, const std::string &more = "",
@@ -55,16 +39,16 @@ inline void panel_up(panel &p, const std::string &link, const std::string &more 
     win_rtc_init();
     zof_func_pwon();
     REQUIRE(zof_hmi_init() == 0);
-    const bytes on = frame(ZOF_HMI_OP_GET, {0xB0, 0x01, 0xAA, 0xBB}, zof_hmi_attr_get()->crc_en); // "switched on"
+    const bytes on = frame_of(ZOF_HMI_OP_GET, {0xB0, 0x01, 0xAA, 0xBB}, zof_hmi_attr_get()->crc_en); // "switched on"
     CHECK(pty_read(p.pty, on.size()) == on);
 }
 
 inline bytes get(const bytes &payload) {
-    return frame(ZOF_HMI_OP_GET, payload);
+    return frame_of(ZOF_HMI_OP_GET, payload);
 }
 
 inline bytes set(const bytes &payload) {
-    return frame(ZOF_HMI_OP_SET, payload);
+    return frame_of(ZOF_HMI_OP_SET, payload);
 }
 
 // One turn of the program's loop.
@@ -90,16 +74,6 @@ inline bytes read_while_looping(panel &p, size_t size) {
     return pty_read(p.pty, size);
 }
 
-inline std::string hex(const bytes &data) {
-    std::string out;
-    for (u8 byte : data) {
-        char text[4];
-        snprintf(text, sizeof(text), " %02X", byte);
-        out += text;
-    }
-    return out;
-}
-
 // Sends a frame and wants exactly this answer.
 inline void answers(panel &p, const bytes &request, const bytes &answer) {
     pty_write(p.pty, request);
@@ -113,9 +87,7 @@ inline void answers(panel &p, const bytes &request, const bytes &answer) {
 // answered by its own answer and nothing in front of it. The byte ahead is the one that is lost where a frame follows
 // another without a silence.
 inline void silent(panel &p) {
-    bytes read = get({0xB1, 0x06});
-    read.insert(read.begin(), 0x00);
-    answers(p, read, get({0xB1, 0x06, 1, 64, 0, 240}));
+    answers(p, join({{0x00}, get({0xB1, 0x06})}), get({0xB1, 0x06, 1, 64, 0, 240}));
 }
 
 #endif

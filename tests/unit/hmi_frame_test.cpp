@@ -131,113 +131,7 @@ TEST_CASE("host codec: numbers turn round, texts point into the frame, and a fie
     CHECK(zof_hmi_cmd_param_2_buf(&none, &zof_hmi_param_u8str_t_tbl, out) == 1);
 }
 
-// A line that keeps what is sent; the test itself hands over what "came in".
-static bytes &sent = *new bytes;
-
-static s32 wire_send(zof_drv_t *, const u8 *data, u32 size) {
-    sent.insert(sent.end(), data, data + size);
-    return (s32)size;
-}
-
-static zof_drv_t *wire_open(zof_uart_cfg_t *) {
-    return (zof_drv_t *)zof_malloc(sizeof(zof_drv_t));
-}
-
-static s32 wire_receive(zof_drv_t *, u8 *, u32) {
-    for (;;) {
-        zof_delay(1000);
-    }
-}
-
-static void link_up(temp_project_t &project, const std::string &more = "") {
-    static const zof_drv_uart_ops_t ops = {.open = wire_open, .send = wire_send, .receive = wire_receive};
-    drv_uart_t = &ops;
-    lv_init();
-    dis_mutex = zof_mutex_create();
-    project.write("config/project/zofhmi.g",
-                  R"({"hmi_en": 1, "uart": {"win_port": 7}, "head_fh": 90, "head_fl": 165, "buffsize": 1024)" + more +
-                      "}");
-    REQUIRE(project.open());
-    REQUIRE(zof_hmi_init() == 0);
-}
-
-// Gives the callback one message in a block of its own size.
-static void receive(const bytes &data) {
-    bytes exact(data);
-    zof_hmi_recive_data_handle(exact.data(), (u32)exact.size(), nullptr);
-}
-
-static bytes taken() {
-    bytes out = sent;
-    sent.clear();
-    return out;
-}
-
-static const bytes read_version = {0xB0, 0x00, 0x01};
-static const bytes read_reboot = {0xB0, 0x01};
-
-static bytes reboot_answer(bool crc = false) {
-    return frame_of(ZOF_HMI_OP_GET, {0xB0, 0x01, 0xAA, 0xBB}, crc);
-}
-
-TEST_CASE("host walk: the power-on frame comes once, reads are answered, unknown and short commands are consumed in "
-          "silence") {
-    temp_project_t project;
-    link_up(project);
-    CHECK(taken() == reboot_answer());
-    receive(frame_of(ZOF_HMI_OP_GET, read_reboot, false, true));
-    CHECK(taken() == reboot_answer());
-    const std::string version = zof_sdk_get_version();
-    const bytes text(version.c_str(), version.c_str() + version.size() + 1);
-    receive(frame_of(ZOF_HMI_OP_GET, read_version, false));
-    CHECK(taken() == frame_of(ZOF_HMI_OP_GET, join({read_version, text}), false));
-    const bytes silent[] = {{0xB0, 0x7E}, {0xC0, 0x00, 0x00}, {0xB0, 0x00}, {0xB0, 0x04},
-                            {0xB0, 0x02}, {0xB0, 0x00, 0x07}, {0xB2, 0xF0}};
-    for (const bytes &payload : silent) {
-        receive(frame_of(ZOF_HMI_OP_GET, payload, false));
-    }
-    receive(frame_of(0x12, read_reboot, false));                       // a code between the two does nothing
-    receive(frame_of(0x23, read_reboot, false));                       // above: slid over
-    receive(frame_of(ZOF_HMI_OP_SET, {0xB0, 0x07, 0x00, 'a'}, false)); // a text without its end
-    receive(frame_of(ZOF_HMI_OP_SET, {0xB0, 0x03, 1, 2}, false));
-    CHECK(sent.empty());
-}
-
-TEST_CASE("host walk: a selector without a text fails, and only a host that asked for it is told") {
-    temp_project_t project;
-    link_up(project, R"(, "resend_en": 1, "crc_en": 1)");
-    CHECK(taken() == reboot_answer(true));
-    receive(frame_of(ZOF_HMI_OP_SET, {0xB0, 0x03, 0, 0, 1, 0, 1}, true));
-    CHECK(taken() == frame_of(ZOF_HMI_OP_SET, {0xB0, 0x03, 0}, true));
-    receive(frame_of(ZOF_HMI_OP_GET, {0xB0, 0x00, 0x07}, true));
-    CHECK(taken() == frame_of(ZOF_HMI_OP_GET, {0xB0, 0x00, 0x07, 0}, true)); // the acknowledgement of the last command
-    bytes bad = frame_of(ZOF_HMI_OP_GET, read_reboot, true);
-    bad[bad.size() - 1] ^= 0x40;
-    receive(bad);
-    CHECK(sent.empty());
-    // The name of a language must not lead out of the project; it is refused before the graphics thread is asked.
-    receive(frame_of(ZOF_HMI_OP_SET, {0xB0, 0x07, 0x00, '.', '.', '/', 'x', 0}, true));
-    CHECK(taken() == frame_of(ZOF_HMI_OP_SET, {0xB0, 0x07, 0x00, 1}, true));
-}
-
-TEST_CASE("host walk: behind a frame one byte is skipped, so a second one is lost unless fewer than 6 bytes of it are "
-          "there") {
-    temp_project_t project;
-    link_up(project);
-    taken();
-    const bytes read = frame_of(ZOF_HMI_OP_GET, read_reboot, false);
-    receive(join({read, read}));
-    CHECK(taken() == reboot_answer());
-    receive(join({read, {0x00}, read}));
-    CHECK(taken() == join({reboot_answer(), reboot_answer()}));
-    const bytes noise = {0x5A, 0x5A, 0xA5, 0x01, 0x00, 0x5A, 0x33};
-    receive(join({noise, read}));
-    CHECK(taken() == reboot_answer());
-    receive(join({noise, {0x5A, 0xA5, 0x02, 0x11, 0x00}, read})); // a count that has no room for a command
-    CHECK(taken() == reboot_answer());
-}
-
-TEST_CASE("host walk: equal head bytes, no port and an absent file build nothing") {
+TEST_CASE("host link: equal head bytes, no port and an absent file build nothing") {
     temp_project_t project;
     CHECK(zof_hmi_init() == -1);
     REQUIRE(project.open());
@@ -247,7 +141,8 @@ TEST_CASE("host walk: equal head bytes, no port and an absent file build nothing
     project.write("config/project/zofhmi.g", R"({"hmi_en": 1, "uart": {}, "head_fh": 9, "head_fl": 8})");
     CHECK(zof_hmi_init() == -1);
     CHECK(sys_cmd_analys == nullptr);
-    receive({1, 2, 3, 4, 5, 6, 7, 8});
+    u8 nobody[8] = {1, 2, 3, 4, 5, 6, 7, 8};
+    zof_hmi_recive_data_handle(nobody, sizeof(nobody), nullptr);
 }
 
 static u32 words(const char *names) {
