@@ -22,17 +22,12 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
 }
 
 static void glyphs_read(const lv_font_t *font, const zof_font_header_t *header) {
-    static volatile u8 sum;
     for (u32 i = 0; i < CODES; i++) {
         const u32 code = header->code_min + i;
         lv_font_glyph_dsc_t glyph = {};
-        const u8 *bits = nullptr;
-        if (zof_font_get_glyph_dsc(font, &glyph, code, 0)) {
-            bits = zof_font_get_bitmap(font, code);
-        }
-        for (u32 k = 0; bits && k < (u32)glyph.box_w * glyph.box_h * glyph.bpp / 8; k++) {
-            sum = (u8)(sum + bits[k]);
-        }
+        const bool is = zof_font_get_glyph_dsc(font, &glyph, code, 0);
+        const u8 *bits = is ? zof_font_get_bitmap(font, code) : nullptr;
+        fuzz_read(bits, bits ? (size_t)glyph.box_w * glyph.box_h * glyph.bpp / 8 : 0);
     }
 }
 

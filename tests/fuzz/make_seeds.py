@@ -1,28 +1,35 @@
 #!/usr/bin/env python3
-"""Writes the seeds and dictionaries of the fuzzers anew: seeds/<fuzzer>/* and <fuzzer>.dict, all small.
+"""Makes the seeds and dictionaries of the fuzzers: OUT/<fuzzer>/* and OUT/<fuzzer>.dict, all small. Names of keys and codes
+of commands are read from the sources, so that new ones are tried without being told of.
 
-Names of keys and codes of commands are read from the sources, so run it when tables have changed, and commit the result."""
+usage: make_seeds.py ZOF_MEDIA_PROGRAM OUT"""
+import io
 import json
 import pathlib
 import re
-import shutil
 import struct
+import subprocess
+import sys
+import tempfile
 
-HERE = pathlib.Path(__file__).resolve().parent
-SRC = HERE.parent.parent / "zof_src"
+from PIL import Image
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+SRC = ROOT / "zof_src"
+PROGRAM, OUT = sys.argv[1], pathlib.Path(sys.argv[2])
 HMI_SEALED, HMI_CRC, HMI_LONG, HMI_DRAW = 2, 1, 4, 8
 GET, SET = 0x11, 0x22
 
 
 def seed(fuzzer, name, data):
-    folder = HERE / "seeds" / fuzzer
+    folder = OUT / fuzzer
     folder.mkdir(parents=True, exist_ok=True)
     (folder / name).write_bytes(data.encode() if isinstance(data, str) else bytes(data))
 
 
 def dictionary(fuzzer, words):
     lines = {'"' + "".join(f"\\x{b:02X}" for b in word) + '"' for word in words}
-    (HERE / f"{fuzzer}.dict").write_text("\n".join(sorted(lines)) + "\n")
+    (OUT / f"{fuzzer}.dict").write_text("\n".join(sorted(lines)) + "\n")
 
 
 # The register link ------------------------------------------------------------------------------------------------
@@ -39,7 +46,7 @@ def messages(*parts):
 
 
 def registers():
-    names = re.findall(r"\b(REG_\w+) = (\d+),", (SRC.parent / "apps/hardware/uart/zof_hw_map.h").read_text())
+    names = re.findall(r"\b(REG_\w+) = (\d+),", (ROOT / "apps/hardware/uart/zof_hw_map.h").read_text())
     singles = [register_write(int(at), 1234) for name, at in names]
     rails = register_write(272, 0, 5000, 5000, 3000, 1, 3300, 11000, 5000, 2, 9000, 20000, 5000)
     every = b"".join(messages(frame) for frame in singles)
@@ -186,10 +193,82 @@ def fonts():
     dictionary("binfont", [b"\xff\xff", b"\xff\xff\xff\xff", b"\0\0\0\x80", b"\x08\x14\xfc", b"a\0", b"\x2d\x4e"])
 
 
+# Pictures -----------------------------------------------------------------------------------------------------------
+def picture(mode, form, **how):
+    image = Image.new("RGB", (9, 7))
+    image.putdata([(x * 28, y * 36, (x * y * 5) % 256) for y in range(7) for x in range(9)])
+    file = io.BytesIO()
+    image.convert(mode).save(file, form, **how)
+    return file.getvalue()
+
+
+def gif(frames, **how):
+    file = io.BytesIO()
+    frames[0].save(file, "GIF", save_all=True, append_images=frames[1:], duration=20, **how)
+    return file.getvalue()
+
+
+def made(file, *command):
+    subprocess.run([*map(str, command)], check=True, stderr=subprocess.DEVNULL)
+    return file.read_bytes()
+
+
+def pictures(folder):
+    png, jpg, gifs, twice, as_it_is = 0, 1, 2, 6, 3  # as in pictures_fuzz.cpp
+    for mode in ("1", "L", "LA", "P", "RGB", "RGBA", "I"):
+        seed("pictures", "png_" + mode, bytes([png]) + picture(mode, "PNG"))
+    laced = made(folder / "x.png", "ffmpeg", "-f", "lavfi", "-i", "testsrc=s=9x7", "-frames:v", 1, "-flags", "+ildct",
+                 folder / "x.png")
+    seed("pictures", "png_laced", bytes([png]) + laced)
+    seed("pictures", "png_wrong_sum", bytes([png + as_it_is]) + laced[:-1] + b"x")
+    for name, how in (("plain", {}), ("progressive", {"progressive": True}), ("full", {"subsampling": 0})):
+        seed("pictures", "jpg_" + name, bytes([jpg]) + picture("RGB", "JPEG", quality=60, **how))
+    full = [Image.new("P", (9, 7), n) for n in range(3)]
+    for name, how in (("plain", {"loop": 2}), ("once", {}), ("kept", {"loop": 0, "disposal": 3}), ("laced", {"interlace": 1})):
+        seed("pictures", "gif_" + name, bytes([gifs]) + gif(full, **how))
+    clear = [Image.new("RGBA", (9, 7), (0, 0, 0, 0)) for n in range(3)]
+    for n, frame in enumerate(clear):
+        frame.paste((90 * n, 200, 0, 255), (n, n, n + 4, n + 3))
+    seed("pictures", "gif_clear", bytes([gifs + twice]) + gif(clear, loop=0, disposal=2))
+    chunks = "IHDR PLTE tRNS IDAT IEND iCCP acTL JFIF Exif GIF89a NETSCAPE2.0"
+    dictionary("pictures", [word.encode() for word in chunks.split()] +
+               [b"\x89PNG\r\n\x1a\n", b"\x21\xf9\x04", b"\x21\xff\x0bNETSCAPE2.0\x03\x01", b"\x2c", b"\x3b"] +
+               [bytes([0xFF, marker]) for marker in (0xC0, 0xC2, 0xC4, 0xD8, 0xD9, 0xDA, 0xDD, 0xFF)])
+
+
+# Sounds and clips ---------------------------------------------------------------------------------------------------
+def media(folder):
+    wav, mp3, aac, mp4 = range(4)
+    replay, resize, pause, rewind = 4, 8, 16, 32  # as in media_fuzz.cpp
+    for kind, end in ((wav, "wav"), (mp3 + replay, "mp3"), (aac, "aac")):
+        file = folder / ("x." + end)
+        seed("media", end, bytes([kind]) + made(file, PROGRAM, "tone", file, 440, 20))
+    file = folder / "x.wav"
+    for codec in ("pcm_u8", "pcm_s24le", "pcm_f32le", "pcm_alaw", "adpcm_ms", "adpcm_ima_wav"):
+        command = ("ffmpeg", "-f", "lavfi", "-i", "sine=d=0.03:r=8000", "-bitexact", "-c:a", codec, "-y", file)
+        seed("media", "wav_" + codec, bytes([wav]) + made(file, *command))
+    file = folder / "x.mp4"
+    for name, how, *clip in (("mpeg4", replay + rewind, 16, 16, 0.16, 440, "mpeg4"),
+                             ("png", pause + resize, 16, 16, 0.16, 440, "png"),
+                             ("mjpeg", replay + resize, 16, 16, 0.16, 440, "mjpeg"),
+                             ("smaller", replay + rewind, 16, 16, 0.16, 440, "mjpeg", 2),
+                             ("long", replay + rewind, 120, 80, 0.4, 0, "png")):  # longer than what is read at once
+        seed("media", "mp4_" + name, bytes([mp4 + how]) + made(file, PROGRAM, "clip", file, *clip))
+    command = ("ffmpeg", "-f", "lavfi", "-i", "testsrc=s=16x16:r=25:d=0.16", "-bitexact", "-c:v", "libx264", "-pix_fmt",
+               "yuv420p", "-y", file)
+    seed("media", "mp4_h264", bytes([mp4 + replay + pause]) + made(file, *command))
+    marks = "ftyp moov mvhd trak tkhd mdia stbl stsd stts stsz stco elst dref esds mdat mp4a mp4v avc1 avcC " \
+            "RIFF WAVE fact data LIST ID3 TAG Xing"
+    dictionary("media", [mark.encode() for mark in marks.split()] +
+               [b"fmt ", b"\xff\xfb\x90\x64", b"\xff\xf1", b"\x7f\xff\xff\xff", b"\xff\xff\xff\xff"])
+
+
 if __name__ == "__main__":
-    shutil.rmtree(HERE / "seeds", ignore_errors=True)
     registers()
     hosts()
     firmware()
     files()
     fonts()
+    with tempfile.TemporaryDirectory() as scratch:
+        pictures(pathlib.Path(scratch))
+        media(pathlib.Path(scratch))

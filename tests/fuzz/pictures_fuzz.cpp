@@ -1,10 +1,13 @@
-// Pictures: the first byte chooses the kind and how often a GIF plays, the rest is the file. An image is drawn by
-// LVGL's own decoders and by FFmpeg; a GIF is paused, resumed and begun anew.
+// Pictures: the first byte chooses the kind, how often a GIF plays and whether the sums in a PNG are made right, the
+// rest is the file. An image is drawn by LVGL's own decoders and by FFmpeg; a GIF is paused, resumed and begun anew.
 #include "fuzz.h"
 #include "src/misc/lv_gc.h"
 #include "view_project.h"
 
 enum { VIEW = 1, IMAGE = 1, GIF = 2 };
+enum { KIND_PNG, KIND_JPG, KIND_GIF, KINDS };
+
+extern "C" unsigned lodepng_crc32(const unsigned char *data, size_t size);
 
 static view_project_t &project = *new view_project_t;
 
@@ -15,6 +18,23 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     project.open(64, 48);
     zof_view_set_dis_view(VIEW);
     return 0;
+}
+
+// Gives each chunk of a PNG file its right CRC, which no search would find.
+static void png_seal(std::string &file) {
+    enum { HEAD = 8, LENGTH = 4, AROUND = 12 }; // of the file; of a chunk's length; of all but a chunk's data
+    u8 *p = (u8 *)file.data();
+    for (size_t at = HEAD; at + AROUND <= file.size();) {
+        const u32 n = (u32)p[at] << 24 | (u32)p[at + 1] << 16 | (u32)p[at + 2] << 8 | p[at + 3];
+        if (n > file.size() - at - AROUND) {
+            return;
+        }
+        const u32 crc = lodepng_crc32(p + at + LENGTH, n + 4);
+        at += AROUND + n;
+        for (u32 i = 0; i < 4; i++) {
+            p[at - 1 - i] = (u8)(crc >> 8 * i);
+        }
+    }
 }
 
 static void image_show(const char *name) {
@@ -43,10 +63,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     static const char *const names[] = {"x.png", "x.jpg", "x.gif"};
     fuzz_input in = {data, size};
     const u32 first = fuzz_byte(in);
-    const char *name = names[first % 3];
-    project.write(std::string("image/") + name, std::string((const char *)in.at, in.size));
-    if (first % 3 == 2) {
-        gif_play(name, first / 3 % 4);
+    const u32 how = first / KINDS;
+    const char *name = names[first % KINDS];
+    std::string file((const char *)in.at, in.size);
+    if (first % KINDS == KIND_PNG && how % 2 == 0) {
+        png_seal(file);
+    }
+    project.write(std::string("image/") + name, file);
+    if (first % KINDS == KIND_GIF) {
+        gif_play(name, how % 4);
         return 0;
     }
     image_show(name); // by LVGL
