@@ -67,6 +67,9 @@ bool sound_device_open(int rate, SDL_AudioFormat format, u8 channels) {
     const std::lock_guard<std::mutex> guard(audio.lock);
     audio.primed = false;
     audio.device = SDL_OpenAudioDevice(nullptr, 0, &want, &audio.spec, 0); // paused
+    if (!audio.device && win_beep_yield()) {
+        audio.device = SDL_OpenAudioDevice(nullptr, 0, &want, &audio.spec, 0);
+    }
     return audio.device != 0;
 }
 

@@ -28,6 +28,9 @@ extern win_sound sound;
 bool sound_device_open(int rate, SDL_AudioFormat format, u8 channels);
 void sound_device_close(void);
 
+// Takes the beeper's device, which asks for one again at its next tone; false when it had none. Any thread.
+bool win_beep_yield(void);
+
 // Hands over so many bytes, as there is room; the drain waits until the device has taken all. False when the thread is
 // to end.
 bool sound_feed(const u8 *data, u32 size);
