@@ -128,7 +128,6 @@ TEST_CASE("another theme changes what controls have from their theme and nothing
     const u32 used = zof_mem_count();
     zof_theme_set("night");
     CHECK(zof_mem_count() == used);
-    zof_ctrl_del(1, 5);
 
     // A type that is first used afterwards follows too, whatever theme its file names.
     REQUIRE(zof_view_set_dis_view(2) == 0);
