@@ -2,6 +2,8 @@
 #include "gallery_fixture.h"
 #include "temp_project.h"
 
+enum : u32 { SLIDE_MS = 280, TRANSITION_MS = 620 }; // as long as the gallery's, and a little more
+
 static s32 shown_view() {
     return zof_view_get_cur_id(ZOF_LAYER_UI);
 }
@@ -33,7 +35,7 @@ static void walk() {
     for (u32 view = 2; view <= GALLERY_VIEWS; view++) {
         CAPTURE(view);
         gallery_tap(GALLERY_INDEX, VIEW1_TO_LABELS_ID + view - 2);
-        screen_step(400);
+        screen_step(SLIDE_MS);
         REQUIRE(shown_view() == (s32)view);
         for (const para_t *record :
              controls_of(view, {ZOF_CTRL_BTN, ZOF_CTRL_IMGBTN, ZOF_CTRL_SW, ZOF_CTRL_CB, ZOF_CTRL_MBOX, ZOF_CTRL_TABLE,
@@ -43,27 +45,27 @@ static void walk() {
             }
             tap_if_seen(record);
             if (shown_view() != (s32)view) { // by a transition
-                screen_step(800);
+                screen_step(TRANSITION_MS);
                 CHECK(shown_view() == GALLERY_INDEX);
                 gallery_tap(GALLERY_INDEX, VIEW1_TO_LABELS_ID + view - 2);
-                screen_step(400);
+                screen_step(SLIDE_MS);
             }
         }
         gallery_tap(view, 1);
-        screen_step(400);
+        screen_step(SLIDE_MS);
         REQUIRE(shown_view() == GALLERY_INDEX);
     }
     gallery_tap(GALLERY_INDEX, VIEW1_TO_LABELS_ID);
-    screen_step(400);
+    screen_step(SLIDE_MS);
     for (u32 i = 1; i < GALLERY_VIEWS; i++) { // round by "next" and back by "previous"
         CHECK(shown_view() == (s32)(i + 1));
         gallery_tap(i + 1, 3);
-        screen_step(400);
+        screen_step(SLIDE_MS);
     }
     CHECK(shown_view() == 2);
     for (u32 i = GALLERY_VIEWS; i >= 2; i--) {
         gallery_tap(i == GALLERY_VIEWS ? 2 : i + 1, 2);
-        screen_step(400);
+        screen_step(SLIDE_MS);
         CHECK(shown_view() == (s32)i);
     }
 }
