@@ -57,7 +57,7 @@ TEST_CASE("controls come and go with their view and leave nothing behind") {
     u32 memory[2] = {};
     printed([&] { // no driver plays the video, which is told
         life_up(project);
-        for (u32 turn = 0; turn < 40; turn++) {
+        for (u32 turn = 0; turn < 20; turn++) {
             zof_view_set_dis_view(1);
             touch_all();
             zof_list_add_btn(at(LIST), "red.png", "#hello");
@@ -77,7 +77,7 @@ TEST_CASE("controls come and go with their view and leave nothing behind") {
             screen_step(60);
             each([](para_t *) { CHECK(false); });
             const u32 now = zof_mem_get_used();
-            CHECK((turn < 20 || now == memory[turn % 2]));
+            CHECK((turn < 10 || now == memory[turn % 2]));
             memory[turn % 2] = now;
         }
     });
