@@ -596,12 +596,6 @@ TEST_CASE("hostile numbers and texts of these controls are drawn, touched and de
     screen_step(50);
 }
 
-// One picture; what is told of the control's state is in its name.
-static void picture(const std::string &name) {
-    screen_step(400); // LVGL's theme changes colours in steps
-    CHECK(screen_is_golden(name));
-}
-
 TEST_CASE("pictures of message boxes") {
     view_project_t project;
     looks_open(project);
@@ -615,10 +609,7 @@ TEST_CASE("pictures of message boxes") {
          ctrl(ZOF_CTRL_MBOX, 4, mbox("Title only", "", ""), box(40, 40, 240, 60))});
     looks_only(1, 4);
     picture("mbox_whole");
-    const lv_point_t yes = middle(lv_msgbox_get_btns(at(1)->obj), 0);
-    screen_press(yes.x, yes.y);
-    picture("mbox_pressed");
-    screen_release(yes.x, yes.y);
+    picture_pressed("mbox_pressed", middle(lv_msgbox_get_btns(at(1)->obj), 0));
     CHECK(zof_lang_set("de") == 0);
     picture("mbox_de"); // the captions stay
     for (u32 id : {2, 3, 4}) {
@@ -695,19 +686,13 @@ TEST_CASE("pictures of keyboards") {
     for (u32 id : {1, 2, 3, 4}) {
         looks_only(id, 5);
         picture(std::string("keyboard_") + names[id - 1]);
-        const lv_point_t key = middle(at(id)->obj, 2);
-        screen_press(key.x, key.y);
-        picture(std::string("keyboard_pressed_") + names[id - 1]);
-        screen_release(key.x, key.y);
+        picture_pressed(std::string("keyboard_pressed_") + names[id - 1], middle(at(id)->obj, 2));
     }
     looks_only(5, 5);
     picture("keyboard_pinyin");
     type({"s", "h", "i"}, 5);
     picture("keyboard_candidates");
-    const lv_point_t next = middle(candidates(5), 7);
-    screen_press(next.x, next.y);
-    picture("keyboard_candidates_next");
-    screen_release(next.x, next.y);
+    picture_pressed("keyboard_candidates_next", middle(candidates(5), 7));
     looks_night();
     picture("keyboard_night");
 }
@@ -725,10 +710,7 @@ TEST_CASE("pictures of button matrices") {
                   ctrl(ZOF_CTRL_BTNMATRIX, 3, "", box(40, 30, 240, 180))});
     looks_only(1, 3);
     picture("btnmatrix_plain");
-    const lv_point_t five = middle(at(1)->obj, 4);
-    screen_press(five.x, five.y);
-    picture("btnmatrix_pressed");
-    screen_release(five.x, five.y);
+    picture_pressed("btnmatrix_pressed", middle(at(1)->obj, 4));
     zof_btnmatrix_set_btn_ctrl(at(1), 0, LV_BTNMATRIX_CTRL_DISABLED);
     zof_btnmatrix_set_btn_ctrl(at(1), 1, LV_BTNMATRIX_CTRL_HIDDEN);
     zof_btnmatrix_set_btn_ctrl(at(1), 3, LV_BTNMATRIX_CTRL_CHECKED);

@@ -288,12 +288,6 @@ TEST_CASE("hostile numbers and texts of lists are drawn, touched and deleted lik
     screen_step(50);
 }
 
-// One picture; what is told of the control's state is in its name.
-static void picture(const std::string &name) {
-    screen_step(400); // LVGL's theme changes colours in steps
-    CHECK(screen_is_golden(name));
-}
-
 TEST_CASE("pictures of lists") {
     view_project_t project;
     looks_open(project);
@@ -312,9 +306,7 @@ TEST_CASE("pictures of lists") {
                        box(40, 20, 220, 200) + scrolls)});
     looks_only(1, 2);
     picture("list_plain");
-    screen_press(100, 70);
-    picture("list_pressed");
-    screen_release(100, 70);
+    picture_pressed("list_pressed", {100, 70});
     CHECK(zof_list_set_select_index(at(1), zof_list_get_index_btn(at(1), 2)) == 0);
     picture("list_checked");
     CHECK(zof_list_add_btns_style(at(1), 3, LV_PART_MAIN, 0xF9E2C0, 12, 200) == 0);

@@ -72,4 +72,17 @@ inline void looks_only(u32 id, u32 count) {
     screen_step(50);
 }
 
+// One picture; what is told of the control's state is in its name.
+inline void picture(const std::string &name) {
+    screen_step(400); // LVGL's theme changes colours in steps
+    CHECK(screen_is_golden(name));
+}
+
+// A picture while a finger is there.
+inline void picture_pressed(const std::string &name, lv_point_t at) {
+    screen_press(at.x, at.y);
+    picture(name);
+    screen_release(at.x, at.y);
+}
+
 #endif

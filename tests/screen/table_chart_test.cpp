@@ -220,11 +220,6 @@ static std::string lines(const palette &c) {
            R"(, "chart_line_tick_style": )" + color;
 }
 
-static void picture(const std::string &name) {
-    screen_step(400);
-    CHECK(screen_is_golden(name));
-}
-
 TEST_CASE("pictures of tables") {
     view_project_t project;
     looks_open(project);
@@ -245,15 +240,16 @@ TEST_CASE("pictures of tables") {
         picture(std::string("table_") + names[id - 1]);
     }
     looks_only(1, 3);
+    const auto mark = [](u32 color, u32 mode) {
+        screen_press(160, 80);
+        CHECK(zof_table_set_value_changed_color(at(1), color, mode) == 0);
+        screen_release(160, 80);
+    };
     const char *modes[] = {"cell", "row", "column"};
     for (u32 mode = 0; mode < 3; mode++) {
-        screen_press(160, 80);
-        CHECK(zof_table_set_value_changed_color(at(1), 0xFFE2A8, mode) == 0);
-        screen_release(160, 80);
+        mark(0xFFE2A8, mode);
         picture(std::string("table_marked_") + modes[mode]);
-        screen_press(160, 80);
-        CHECK(zof_table_set_value_changed_color(at(1), 0xFFE2A8, mode) == 0);
-        screen_release(160, 80);
+        mark(0xFFE2A8, mode);
     }
     screen_press(160, 80);
     CHECK(zof_table_set_value_changed_color(at(1), 0xFFE2A8, 0) == 0);
@@ -271,10 +267,8 @@ TEST_CASE("pictures of tables") {
     picture("table_wrap");
     looks_night();
     looks_only(1, 3);
-    screen_press(160, 80);
-    CHECK(zof_table_set_value_changed_color(at(1), 0xFFE2A8, 0) == 0);
-    CHECK(zof_table_set_value_changed_color(at(1), 0x6B4A12, 1) == 0);
-    screen_release(160, 80);
+    mark(0xFFE2A8, 0);
+    mark(0x6B4A12, 1);
     CHECK(screen_pixel(100, 115) == night.card); // cells that nobody painted follow the theme
     picture("table_night");
 }
