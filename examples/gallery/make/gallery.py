@@ -135,7 +135,7 @@ def labels():
              (4, t("Clipped", "Abgeschnitten", "裁剪")))
     for i, (mode, title) in enumerate(modes):
         c = p.card(16 + 260 * (i % 3), 64 + 206 * (i // 3), 248, 194, title, f"dis_mode_e {mode}   animspeed 40")
-        p.add("label", 14, 18, 220, 100 if mode == 0 else 40, parent=c, auto_hight=1, dis_mode_e=mode, animspeed=40,
+        p.add("label", 14, 18, 220, (100, 24, 40, 40, 40)[mode], parent=c, auto_hight=1, dis_mode_e=mode, animspeed=40,
               align_e=LEFT | TOP, txt=text)
     c = p.card(536, 270, 248, 194, t("Nine places", "Neun Plätze", "九个位置"), "auto_hight 1   align_e 0x11 … 0x33")
     for i in range(9):
