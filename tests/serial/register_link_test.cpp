@@ -1,10 +1,9 @@
 #include "zof_test.h"
 
 #include <random>
-#include <vector>
 
-#include "frames.h"
 #include "hardware/uart/zof_hw_uart.h"
+#include "host_frame.h"
 #include "temp_project.h"
 
 // A line that keeps what is sent.
@@ -25,14 +24,6 @@ static void line_up() {
 
 static void receive(bytes data) {
     recive_data_handle(data.data(), (u32)data.size());
-}
-
-static bytes join(std::initializer_list<bytes> parts) {
-    bytes out;
-    for (const bytes &p : parts) {
-        out.insert(out.end(), p.begin(), p.end());
-    }
-    return out;
 }
 
 TEST_CASE("register link: a value goes out as the board expects it, byte by byte") {

@@ -3,8 +3,6 @@
 #include "zof_test.h"
 
 #include <filesystem>
-#include <random>
-#include <vector>
 
 #include "project/zof_prj_up.h"
 
@@ -261,83 +259,4 @@ TEST_CASE("every control type has its table, its size and the common head") {
     zof_j2s_ctrl_delete(img, ZOF_CTRL_IMG);
     CHECK(zof_j2s_ctrl_create(json, ZOF_CTRL_TYPE_COUNT) == nullptr);
     cJSON_Delete(json);
-}
-
-static void nodes_of(cJSON *node, std::vector<cJSON *> &out) {
-    for (cJSON *child = node->child; child; child = child->next) {
-        out.push_back(child);
-        nodes_of(child, out);
-    }
-}
-
-// The text with one of its values replaced by another, or with the end torn off.
-static std::string damaged(const std::string &text, std::mt19937 &random) {
-    static const char values[] = R"([null, true, -1, 70000, 2147483647, 1e999, -1e30, 3.7, "", "#x", [], {},
-                                     [1, [2], {"a": 3}], ["a", null, "b"]])";
-    if (random() % 20 == 0) {
-        return text.substr(0, random() % text.size());
-    }
-    cJSON *root = cJSON_Parse(text.c_str());
-    std::vector<cJSON *> nodes;
-    if (root) {
-        nodes_of(root, nodes);
-    }
-    if (nodes.empty()) {
-        cJSON_Delete(root);
-        return "{}";
-    }
-    cJSON *victim = nodes[random() % nodes.size()];
-    cJSON *list = cJSON_Parse(values);
-    cJSON *value = cJSON_DetachItemFromArray(list, (int)(random() % (unsigned)cJSON_GetArraySize(list)));
-    cJSON_Delete(list);
-    std::swap(victim->type, value->type);
-    std::swap(victim->child, value->child);
-    std::swap(victim->valuestring, value->valuestring);
-    std::swap(victim->valueint, value->valueint);
-    std::swap(victim->valuedouble, value->valuedouble);
-    cJSON_Delete(value);
-    char *out = cJSON_PrintUnformatted(root);
-    std::string result = out;
-    cJSON_free(out);
-    cJSON_Delete(root);
-    return result;
-}
-
-TEST_CASE("damaged view files cost their entries and not a byte more") {
-    temp_project_t project;
-    REQUIRE(project.open());
-    project.write("config/theme/youth/label.g", label_theme);
-    REQUIRE(zof_theme_get_ctrl("youth", ZOF_CTRL_LABEL));
-    std::string sound = view_file(
-        control("5", R"(, "txt": "t", "styles": [{"txt_t": {"font_lib": "o"}, "img_t": {"bg_img": "b"}},
-                        {"style_part": 7, "body_t": {"border": {"width": 2}}}])") +
-        R"(,{"type": 10, "theme": "night", "property": {"pub_t": {"id": 6, "pt": {"x": 1, "y": 2}, "pub": true},
-            "title": "t", "btn_num": 2, "btn_txt": ["a", "b"]}},
-           {"type": 13, "theme": "youth", "property": {"pub_t": {"id": 7, "alpha": 255}, "list_count": 1,
-            "btns_t": [{"image_num": "i", "txt": "x"}, {"txt": "y"}]}},
-           {"type": 17, "theme": "youth", "property": {"pub_t": {"id": 8, "parent_id": 5}, "row_cnt": 3}})");
-    u32 seed = std::random_device()();
-    CAPTURE(seed);
-    std::mt19937 random(seed);
-    std::string path = project.path("config/view/damaged.g");
-    u32 before = zof_mem_count();
-    for (int round = 0; round < 2000; round++) {
-        std::string text = damaged(damaged(sound, random), random);
-        CAPTURE(text);
-        project.write("config/view/damaged.g", text);
-        printed([&] {
-            zof_view_attr_t *view = zof_j2s_view(path.c_str());
-            FreeViewStruct(view);
-            zof_free(view);
-            u32 id = 0;
-            u32 pub = 0;
-            zof_j2s_ctrl_start(path.c_str());
-            while (zof_j2s_ctrl_get_para(&id, &pub) == 0) {
-                zof_pub_attr_t *record = zof_j2s_ctrl_get();
-                zof_j2s_ctrl_delete(record, record ? record->ctrl_type : 0);
-            }
-            zof_j2s_ctrl_end();
-        });
-        REQUIRE(zof_mem_count() == before);
-    }
 }
