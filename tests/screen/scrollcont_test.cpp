@@ -98,22 +98,17 @@ TEST_CASE("a wheel turns for ever, odd or even, sideways and up and down") {
     }
 }
 
-struct worn {
-    s32 zoom, opa, across;
-};
-
-static bool dressed(u32 number, const worn &want, bool vertical) {
-    lv_obj_t *obj = item(number);
-    const worn got = {lv_obj_get_style_transform_zoom(obj, 0), lv_obj_get_style_opa(obj, 0),
-                      vertical ? lv_obj_get_style_translate_x(obj, 0) : lv_obj_get_style_translate_y(obj, 0)};
-    CAPTURE(number);
-    CAPTURE(got.zoom);
-    CAPTURE(got.opa);
-    CAPTURE(got.across);
-    CHECK(got.zoom == want.zoom);
-    CHECK(got.opa == want.opa);
-    CHECK(got.across == want.across);
-    return lv_obj_get_style_transform_pivot_x(obj, 0) == lv_obj_get_width(obj) / 2;
+// How three items are drawn: zoom, opacity and the way across, each turned about its middle.
+static std::string dressed(const u32 (&numbers)[3], bool vertical) {
+    std::string out;
+    for (u32 number : numbers) {
+        lv_obj_t *obj = item(number);
+        const s32 across = vertical ? lv_obj_get_style_translate_x(obj, 0) : lv_obj_get_style_translate_y(obj, 0);
+        out += (out.empty() ? "" : " ") + std::to_string(lv_obj_get_style_transform_zoom(obj, 0)) + "/" +
+               std::to_string(lv_obj_get_style_opa(obj, 0)) + "/" + std::to_string(across);
+        CHECK(lv_obj_get_style_transform_pivot_x(obj, 0) == lv_obj_get_width(obj) / 2);
+    }
+    return out;
 }
 
 TEST_CASE("items sink, shrink and fade by their distance") {
@@ -121,33 +116,16 @@ TEST_CASE("items sink, shrink and fade by their distance") {
     const struct {
         const char *name, *own;
         bool vertical;
-        worn rest[3], pulled[3]; // at 0, 80, 160; at 30, 50, 110
+        const char *rest, *pulled; // at 0, 80, 160; at 30, 50, 110
     } wheels[] = {
-        {"plain",
-         "",
-         false,
-         {{256, 255, 0}, {256, 255, 0}, {256, 255, 0}},
-         {{256, 255, 0}, {256, 255, 0}, {256, 255, 0}}},
-        {"fade",
-         R"(, "opa_mode": 1, "zoom": 56)",
-         true,
-         {{256, 255, 0}, {122, 85, 0}, {56, 0, 0}},
-         {{206, 192, 0}, {172, 149, 0}, {72, 22, 0}}},
-        {"arc",
-         R"(, "arc_r": 100, "opa_mode": 1, "zoom": 56)",
-         false,
-         {{256, 255, 0}, {96, 51, 40}, {56, 0, 100}},
-         {{196, 179, 5}, {156, 128, 14}, {56, 0, 100}}},
-        {"wide_arc",
-         R"(, "arc_r": 200, "arc_dir": 1, "zoom": 56)",
-         true,
-         {{256, 255, 0}, {122, 255, -17}, {56, 255, -80}},
-         {{206, 255, -3}, {172, 255, -7}, {72, 255, -33}}},
-        {"pixels",
-         R"(, "zoom": 156, "zoom_mode": 1, "pad": 0)",
-         false,
-         {{256, 255, 0}, {176, 255, 0}, {156, 255, 0}},
-         {{226, 255, 0}, {206, 255, 0}, {156, 255, 0}}},
+        {"plain", "", false, "256/255/0 256/255/0 256/255/0", "256/255/0 256/255/0 256/255/0"},
+        {"fade", R"(, "opa_mode": 1, "zoom": 56)", true, "256/255/0 122/85/0 56/0/0", "206/192/0 172/149/0 72/22/0"},
+        {"arc", R"(, "arc_r": 100, "opa_mode": 1, "zoom": 56)", false, "256/255/0 96/51/40 56/0/100",
+         "196/179/5 156/128/14 56/0/100"},
+        {"wide_arc", R"(, "arc_r": 200, "arc_dir": 1, "zoom": 56)", true, "256/255/0 122/255/-17 56/255/-80",
+         "206/255/-3 172/255/-7 72/255/-33"},
+        {"pixels", R"(, "zoom": 156, "zoom_mode": 1, "pad": 0)", false, "256/255/0 176/255/0 156/255/0",
+         "226/255/0 206/255/0 156/255/0"},
     };
     view_project_t project;
     for (const auto &w : wheels) {
@@ -159,16 +137,10 @@ TEST_CASE("items sink, shrink and fade by their distance") {
         CAPTURE(w.name);
         zof_view_set_dis_view(++shown);
         screen_step(40);
-        const u32 at_rest[] = {0, 1, 2};
-        for (u32 i = 0; i < 3; i++) {
-            CHECK(dressed(at_rest[i], w.rest[i], w.vertical));
-        }
+        CHECK(dressed({0, 1, 2}, w.vertical) == w.rest);
         CHECK(screen_is_golden("scrollcont_" + std::string(w.name)));
         zof_ctrl_scroll_set(at(WHEEL, shown), w.vertical ? 0 : 110, w.vertical ? 110 : 0, 0);
-        const u32 pulled[] = {0, 1, 4};
-        for (u32 i = 0; i < 3; i++) {
-            CHECK(dressed(pulled[i], w.pulled[i], w.vertical));
-        }
+        CHECK(dressed({0, 1, 4}, w.vertical) == w.pulled);
         CHECK(screen_is_golden("scrollcont_" + std::string(w.name) + "_pulled"));
         CHECK(order() == "34012"); // between two items nothing is put in order
     }
