@@ -21,17 +21,13 @@ static std::string txtbox_looks(const palette &c) {
     });
 }
 
-// Without a font of a file: that of the keyboard has its signs.
 static std::string keyboard_looks(const palette &c) {
-    std::string all = looks({
-        {.bg = c.line, .pad = 4},
-        {.part = LV_PART_ITEMS, .bg = c.card, .radius = 5, .text = c.text},
-        {.part = LV_PART_ITEMS, .state = LV_STATE_PRESSED, .bg = c.accent, .radius = 5, .text = c.accent_text},
+    return looks({
+        {.bg = c.line, .size = 0, .pad = 4},
+        {.part = LV_PART_ITEMS, .bg = c.card, .radius = 5, .text = c.text, .size = 0},
+        {.part = LV_PART_ITEMS, .state = LV_STATE_PRESSED, .bg = c.accent, .radius = 5, .text = c.accent_text,
+         .size = 0},
     });
-    const std::string font = R"(, "font_lib": "text.ttf", "font_size": 16)";
-    for (size_t at = all.find(font); at != std::string::npos; at = all.find(font))
-        all.erase(at, font.size());
-    return all;
 }
 
 static std::string matrix_looks(const palette &c) {
@@ -44,13 +40,6 @@ static std::string matrix_looks(const palette &c) {
     });
 }
 // clang-format on
-
-static void languages(view_project_t &project) {
-    project.more += R"(, "language": "en")";
-    project.write("config/languages/en.g",
-                  R"({"yes": "Yes", "no": "No", "ask": "Delete it?", "none": "", "cut": "\n"})");
-    project.write("config/languages/de.g", R"({"yes": "Ja", "no": "Nein", "ask": "Löschen?", "none": "x"})");
-}
 
 static std::string text(zof_ctrl_t *box) {
     return zof_txtbox_get_text(box);
@@ -71,32 +60,30 @@ static void press(const lv_obj_t *obj, u32 id) {
     screen_click(at.x, at.y);
 }
 
-static const char *const nine = R"("btnmatrix_txt": ["\n", "#yes", "#no", "\n", "\n", "three", "\n", "#none", ""])";
-
 TEST_CASE("buttons of a matrix are counted without row breaks, whatever rows it has, and own their captions") {
     view_project_t project;
-    languages(project);
-    ctrl_funs = {{1, on_event}};
-    project.show({ctrl(ZOF_CTRL_BTNMATRIX, 1, nine, box(20, 20, 200, 160))});
+    looks_open(project);
+    project.show({ctrl(ZOF_CTRL_BTNMATRIX, 1,
+                       R"("btnmatrix_txt": ["\n", "#yes", "#no", "\n", "\n", "three", "\n", "#none", ""])",
+                       box(20, 20, 200, 160))});
     para_t *matrix = at(1);
-    CHECK(caption(matrix, 0) == "Yes");
-    CHECK(caption(matrix, 2) == "three");
-    CHECK(caption(matrix, 3) == " "); // shown as nothing it would end the map
+    const auto captions = [&] {
+        return caption(matrix, 0) + "|" + caption(matrix, 1) + "|" + caption(matrix, 2) + "|" + caption(matrix, 3);
+    };
+    CHECK(captions() == "Yes|No|three| "); // shown as nothing the last one would end the map
     CHECK(caption(matrix, 4) == "(null)");
     CHECK(caption(matrix, 65535) == "(null)");
     CHECK(zof_lang_set("de") == 0); // the table of the captions is gone
     screen_step(50);
-    CHECK(caption(matrix, 0) == "Yes");
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 2, "#ask") == 0);
-    CHECK(caption(matrix, 2) == "Löschen?");
-    CHECK(zof_btnmatrix_set_btn_txt(matrix, 1, "#cut") == 0);
+    CHECK(captions() == "Yes|No|Löschen?| ");
     CHECK(zof_lang_set("en") == 0);
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 1, "#cut") == 0); // shown as a row break it would not be a button
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 0, "") == 0);
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 0, "\n") == -1);
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 4, "x") == -1);
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 0, nullptr) == -1);
-    CHECK(caption(matrix, 0) + caption(matrix, 1) + caption(matrix, 2) == "  Löschen?");
+    CHECK(captions() == " | |Löschen?| ");
     // Its object may go with its parent's and be made again; captions of its own life come again.
     lv_obj_del(matrix->obj);
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 2, "x") == -1);
@@ -105,8 +92,6 @@ TEST_CASE("buttons of a matrix are counted without row breaks, whatever rows it 
     CHECK(zof_btnmatrix_del(matrix) == 0); // still there, but without buttons
     screen_step(50);
     CHECK(caption(matrix, 0) == "(null)");
-    CHECK(zof_btnmatrix_del(nullptr) == -1);
-    CHECK(zof_ctrl_delete(matrix) == 0);
 }
 
 TEST_CASE("a press that hits no button reports none, and checking follows the flags") {
@@ -124,22 +109,16 @@ TEST_CASE("a press that hits no button reports none, and checking follows the fl
     CHECK(!contains(taken(events), " 1:28"));
     CHECK(zof_btnmatrix_clear_btn_ctrl(matrix, 1, LV_BTNMATRIX_CTRL_DISABLED) == 0);
     CHECK(zof_btnmatrix_set_btn_ctrl_all(matrix, LV_BTNMATRIX_CTRL_CHECKABLE) == 0);
-    CHECK(zof_btnmatrix_get_one_checked(matrix) == 0);
     CHECK(zof_btnmatrix_set_one_checked(matrix, ZOF_TRUE) == 0);
-    CHECK(zof_btnmatrix_get_one_checked(matrix) == 1);
     press(matrix->obj, 1);
     press(matrix->obj, 2);
     CHECK(zof_btnmatrix_has_btn_ctrl(matrix, 1, LV_BTNMATRIX_CTRL_CHECKED) == 0);
     CHECK(zof_btnmatrix_has_btn_ctrl(matrix, 2, LV_BTNMATRIX_CTRL_CHECKED | LV_BTNMATRIX_CTRL_CHECKABLE) == 1);
     CHECK(zof_btnmatrix_has_btn_ctrl(matrix, 70000, 0) == 0);
-    CHECK(zof_btnmatrix_clear_btn_ctrl_all(matrix, 0xFFFF) == 0);
-    CHECK(zof_btnmatrix_has_btn_ctrl(matrix, 2, LV_BTNMATRIX_CTRL_CHECKED) == 0);
     const s32 before = middle(matrix->obj, 2).x;
     CHECK(zof_btnmatrix_set_btn_width(matrix, 0, 200) == 0); // as wide as can be
     CHECK(middle(matrix->obj, 2).x > before);
     CHECK(zof_btnmatrix_set_selected_btn(matrix, 70000) == 0);
-    CHECK(zof_btnmatrix_set_selected_btn(matrix, 2) == 0);
-    CHECK(zof_btnmatrix_get_selected_btn(matrix) == 2);
     CHECK(zof_btnmatrix_get_selected_btn(nullptr) == -1);
 }
 
@@ -147,13 +126,17 @@ static std::string mbox(const std::string &title, const std::string &txt, const 
     return R"("title": ")" + title + R"(", "txt": ")" + txt + R"(", "btn_txt": [)" + captions + "]";
 }
 
-static std::string label_text(const lv_obj_t *label) {
-    return label ? lv_label_get_text(label) : "(none)";
+// Title, text and the number of buttons that a message box shows.
+static std::string said_by(u32 id) {
+    const lv_obj_t *title = lv_msgbox_get_title(at(id)->obj), *text = lv_msgbox_get_text(at(id)->obj);
+    const lv_obj_t *btns = lv_msgbox_get_btns(at(id)->obj);
+    return (title ? lv_label_get_text(title) : "-") + std::string("|") + (text ? lv_label_get_text(text) : "-") + "|" +
+           std::to_string(btns ? ((const lv_btnmatrix_t *)btns)->btn_cnt : 0);
 }
 
 TEST_CASE("message boxes work with and without title, text and buttons, which follow the language as told") {
     view_project_t project;
-    languages(project);
+    looks_open(project);
     ctrl_funs = {{1, on_event}};
     project.show({ctrl(ZOF_CTRL_MBOX, 1, mbox("#ask", "plain", R"("#yes", "#no", "")"), box(20, 10, 240, 120)),
                   ctrl(ZOF_CTRL_MBOX, 2, "", box(20, 140, 100, 90)),
@@ -161,79 +144,65 @@ TEST_CASE("message boxes work with and without title, text and buttons, which fo
                   ctrl(ZOF_CTRL_MBOX, 4, R"("btn_num": 3, "btn_txt": 7)", box(260, 140, 50, 90)),
                   ctrl(ZOF_CTRL_MBOX, 5, mbox("", "", R"("only")"), box(260, 10, 50, 90))});
     screen_step(50);
-    para_t *ask = at(1);
-    lv_obj_t *btns = lv_msgbox_get_btns(ask->obj);
-    CHECK(((lv_btnmatrix_t *)btns)->btn_cnt == 2);
-    CHECK(((lv_btnmatrix_t *)lv_msgbox_get_btns(at(5)->obj))->btn_cnt == 1); // its file forgot the end
-    CHECK(zof_mbox_get_clicked_btn_num(ask) == LV_BTNMATRIX_BTN_NONE);
+    CHECK(said_by(1) == "Delete it?|plain|2");
+    CHECK(said_by(5).back() == '1'); // its file forgot the end
+    lv_obj_t *btns = lv_msgbox_get_btns(at(1)->obj);
+    CHECK(zof_mbox_get_clicked_btn_num(at(1)) == LV_BTNMATRIX_BTN_NONE);
     taken(events);
     press(btns, 1);
     CHECK(contains(taken(events), " 1:28"));
-    CHECK(zof_mbox_get_clicked_btn_num(ask) == 1);
-    CHECK(zof_mbox_set_txt(ask, "changed") == 0);
+    CHECK(zof_mbox_get_clicked_btn_num(at(1)) == 1);
+    CHECK(zof_mbox_set_txt(at(1), "changed") == 0);
     for (u32 id : {2, 3, 4}) {
-        CHECK(lv_msgbox_get_btns(at(id)->obj) == nullptr);
         CHECK(zof_mbox_get_clicked_btn_num(at(id)) == LV_BTNMATRIX_BTN_NONE);
         CHECK(zof_title_set_txt(at(id), nullptr) == 0);
-        CHECK(label_text(lv_msgbox_get_title(at(id)->obj)) == "(none)");
+        CHECK(said_by(id)[0] == '-');
         CHECK(zof_title_set_txt(at(id), "#ask") == 0); // gets a title now
         CHECK(zof_mbox_set_txt(at(id), "text") == 0);
+        CHECK(said_by(id) == "Delete it?|text|0");
         CHECK(lv_obj_get_index(lv_msgbox_get_title(at(id)->obj)) == 0);
     }
     CHECK(zof_lang_set("de") == 0);
-    CHECK(label_text(lv_msgbox_get_title(ask->obj)) == "Löschen?");
-    CHECK(label_text(lv_msgbox_get_text(ask->obj)) == "changed");
+    CHECK(said_by(1) == "Löschen?|changed|2");
     CHECK(std::string(lv_btnmatrix_get_btn_text(btns, 0)) == "Yes");
-    CHECK(label_text(lv_msgbox_get_title(at(2)->obj)) == "Löschen?");
-    CHECK(label_text(lv_msgbox_get_text(at(3)->obj)) == "x"); // its file has a key, which comes back
+    CHECK(said_by(2) == "Löschen?|text|0");
+    CHECK(said_by(3) == "Löschen?|x|0"); // its file has a key, which comes back
     // Functions take the control, and no object of it but for opening.
-    CHECK(zof_title_set_txt(ask->obj, "x") == -1);
-    CHECK(zof_mbox_get_clicked_btn_num(ask->obj) == UINT32_MAX);
-    CHECK(zof_mbox_s_close(ask->obj) == -1);
-    CHECK(zof_mbox_s_open(ask->obj) == 0);
-    CHECK(zof_mbox_del(at(5)) == 0);
-    screen_step(50);
-    for (u32 id = 1; id <= 5; id++) {
-        CHECK(zof_ctrl_delete(at(id)) == 0);
-    }
-    CHECK(zof_mbox_set_txt(ask, "x") == -1);
-    CHECK(zof_mbox_get_clicked_btn_num(nullptr) == UINT32_MAX);
+    CHECK(zof_title_set_txt(at(1)->obj, "x") == -1);
+    CHECK(zof_mbox_get_clicked_btn_num(at(1)->obj) == UINT32_MAX);
+    CHECK(zof_mbox_s_close(at(1)->obj) == -1);
+    CHECK(zof_mbox_s_open(at(1)->obj) == 0);
 }
 
-TEST_CASE(
-    "a message box closes by itself, twice if asked twice, and opens again, and deleted meanwhile it does neither") {
+TEST_CASE("a message box closes by itself, twice if asked twice, and opens again, but not when it is deleted") {
     view_project_t project;
     project.show({ctrl(ZOF_CTRL_MBOX, 1, mbox("t", "x", ""), box(20, 10, 200, 100)),
                   ctrl(ZOF_CTRL_MBOX, 2, mbox("t", "x", ""), box(20, 120, 200, 100))});
-    const lv_obj_t *obj = at(1)->obj;
-    CHECK(zof_mbox_start_auto_close(at(1), 500) == 0);
-    CHECK(zof_mbox_start_auto_close(at(1), 1000) == 0);
+    const auto hidden = [](u32 id) { return lv_obj_has_flag(at(id)->obj, LV_OBJ_FLAG_HIDDEN); };
+    for (u32 ms : {500, 1000}) {
+        CHECK(zof_mbox_start_auto_close(at(1), ms) == 0);
+    }
     CHECK(zof_mbox_start_auto_close(at(2), UINT32_MAX) == 0);
-    screen_step(400);
-    CHECK(!lv_obj_has_flag(obj, LV_OBJ_FLAG_HIDDEN));
-    screen_step(200);
-    CHECK(lv_obj_has_flag(obj, LV_OBJ_FLAG_HIDDEN));
-    CHECK(zof_mbox_s_open(at(1)) == 0);
-    screen_step(300);
-    CHECK(!lv_obj_has_flag(obj, LV_OBJ_FLAG_HIDDEN));
-    screen_step(300);
-    CHECK(lv_obj_has_flag(obj, LV_OBJ_FLAG_HIDDEN));
-    CHECK(!lv_obj_has_flag(at(2)->obj, LV_OBJ_FLAG_HIDDEN));
-    CHECK(zof_mbox_s_open(at(1)) == 0);
+    for (u32 turn = 0; turn < 2; turn++) {
+        screen_step(turn ? 300 : 400);
+        CHECK(!hidden(1));
+        screen_step(turn ? 300 : 200);
+        CHECK(hidden(1));
+        CHECK(zof_mbox_s_open(at(1)) == 0);
+    }
     CHECK(zof_mbox_start_auto_close(at(1), 0) == 0);
     screen_step(20);
-    CHECK(lv_obj_has_flag(obj, LV_OBJ_FLAG_HIDDEN));
+    CHECK(hidden(1));
+    CHECK(!hidden(2));
     CHECK(zof_mbox_start_auto_close(at(2), 10) == 0);
     CHECK(zof_ctrl_delete(at(2)) == 0);
     screen_step(100);
 }
 
-struct taken_row {
-    const char *keys, *given, *has;
-};
-
 TEST_CASE("a text box takes of a text what it accepts, in every mode") {
-    const taken_row rows[] = {
+    const struct {
+        const char *keys, *given, *has;
+    } rows[] = {
         {R"("line_mode": 0)", "one\ntwo\r", "onetwo"},
         {R"("line_mode": 1)", "one\ntwo", "one\ntwo"},
         {R"("max_txt_len": 3)", "äöüß", "äöü"},
@@ -243,9 +212,9 @@ TEST_CASE("a text box takes of a text what it accepts, in every mode") {
         {"", "a\xF0z\xC3\xE4\xBD\xA0\x80", "az\xE4\xBD\xA0"}, // whole characters only
     };
     view_project_t project;
-    languages(project);
+    looks_open(project);
     std::vector<std::string> boxes;
-    for (const taken_row &row : rows) {
+    for (const auto &row : rows) {
         boxes.push_back(ctrl(ZOF_CTRL_TXTBOX, (u32)boxes.size() + 1, row.keys, box(10, 10, 150, 30)));
     }
     project.show(boxes);
@@ -256,52 +225,46 @@ TEST_CASE("a text box takes of a text what it accepts, in every mode") {
         CHECK(text(box) == rows[i].has);
         CHECK(zof_txtbox_set_text(box, "") == 0);
         CHECK(zof_txtbox_add_txt(box, rows[i].given) == 0);
-        CHECK(text(box) == rows[i].has);
         CHECK(zof_txtbox_pwd_mode(box, ZOF_FALSE) == 0);
         CHECK(text(box) == rows[i].has);
-        screen_step(20);
     }
-    // The limits count for what is typed later too.
-    CHECK(zof_txtbox_add_txt(at(3), "x") == 0);
-    CHECK(text(at(3)) == "äöü");
-    lv_textarea_add_text(at(3)->obj, "x");
+    lv_textarea_add_text(at(3)->obj, "x"); // the limits count for what is typed later too
     CHECK(text(at(3)) == "äöü");
 }
 
 TEST_CASE("a text box is edited at its cursor, by single characters too") {
     view_project_t project;
-    project.show({ctrl(ZOF_CTRL_TXTBOX, 1, R"("line_mode": 1, "init_txt": "#ab\ncd", "p_holder_txt": "p")",
-                       box(20, 20, 200, 90)),
+    project.show({ctrl(ZOF_CTRL_TXTBOX, 1, R"("line_mode": 1, "init_txt": "#ab\ncd")", box(20, 20, 200, 90)),
                   ctrl(ZOF_CTRL_SPINBOX, 2, R"("int_cnt": 3, "range_max": 100)", box(20, 120, 90, 40))});
     para_t *box = at(1);
+    const auto moved = [&](std::initializer_list<u8> ways) {
+        for (u8 way : ways) {
+            CHECK(zof_txtbox_cursor_move(box, way) == 0);
+        }
+    };
     CHECK(text(box) == "#ab\ncd"); // no key: shown as it is
-    CHECK(lv_textarea_get_cursor_pos(box->obj) == 6);
-    CHECK(zof_txtbox_cursor_move(box, 1) == 0);
+    moved({1});
     CHECK(zof_txtbox_add_char(box, 'x') == 0);
     CHECK(zof_txtbox_add_char(box, 0xA4C3) == 0);
     CHECK(text(box) == "#ab\ncxäd");
     for (u32 none : {0u, 0xA0BDu, 0x80u, 0x4F60u, UINT32_MAX}) {
         CHECK(zof_txtbox_add_char(box, none) == -1);
     }
-    CHECK(zof_txtbox_cursor_move(box, 3) == 0);
+    moved({3});
     CHECK(zof_txtbox_del_char_forward(box) == 0);
-    CHECK(zof_txtbox_cursor_move(box, 2) == 0);
-    CHECK(zof_txtbox_cursor_move(box, 0) == 0);
-    CHECK(zof_txtbox_cursor_move(box, 9) == 0);
+    moved({2, 0, 9});
     CHECK(zof_txtbox_del_char(box) == 0);
     CHECK(text(box) == "#a\ncxd");
     CHECK(zof_txtbox_set_text(box, nullptr) == -1);
     CHECK(zof_txtbox_add_txt(box, nullptr) == -1);
     CHECK(zof_txtbox_get_text(nullptr) == (const char *)-1);
     CHECK(zof_txtbox_set_text(at(2), "x") == -1); // a spin box is none
-    CHECK(zof_txtbox_set_cursor_type(at(2), 15, 0xFF0000, 2, 255, 0, LV_PART_CURSOR, ZOF_TRUE) == 0);
-    CHECK(lv_obj_get_style_border_width(at(2)->obj, LV_PART_CURSOR) == 2);
+    CHECK(zof_txtbox_set_cursor_type(at(2), 15, 0xFF0000, 2, 255, 0, LV_PART_CURSOR, ZOF_TRUE) == 0); // but has one
 }
 
 // Two text boxes and a keyboard below them; more keys for the keyboard.
 static std::string typing(view_project_t &project, const std::string &keys, const std::string &box_keys = "") {
-    std::filesystem::create_directories(project.path("font"));
-    std::filesystem::copy_file(ZOF_BUILD_DIR "/test-fonts/cn.ttf", project.path("font/cn.ttf"));
+    looks_open(project);
     ctrl_funs = {{3, on_event}};
     return project.show({ctrl(ZOF_CTRL_TXTBOX, 1, box_keys, box(10, 10, 140, 30)),
                          ctrl(ZOF_CTRL_TXTBOX, 2, R"("line_mode": 1)", box(160, 10, 140, 50)),
@@ -322,20 +285,16 @@ static void type(const std::vector<std::string> &keys, u32 keyboard = 3, u32 vie
     }
 }
 
-static void event_delete(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event == ZOF_EVENT_VALUE_CHANGED)
-        zof_ctrl_delete((para_t *)ctrl);
+static lv_obj_t *typed_into(u32 keyboard = 3) {
+    return lv_keyboard_get_textarea(at(keyboard)->obj);
 }
 
 TEST_CASE("a text box may be deleted by what its own change sets off") {
     view_project_t project;
-    project.show({ctrl(ZOF_CTRL_TXTBOX, 1, R"("max_txt_len": 9)", box(20, 20, 200, 40)),
-                  ctrl(ZOF_CTRL_TXTBOX, 2, R"("line_mode": 1)", box(20, 70, 200, 40)),
-                  ctrl(ZOF_CTRL_KEYBOARD, 3, R"("keyboard_spell": true)", box(5, 110, 310, 125))});
+    typing(project, R"("keyboard_spell": true)", R"("max_txt_len": 9)");
     for (u32 id : {1, 2}) {
         lv_obj_add_event_cb(
-            at(id)->obj,
-            [](lv_event_t *e) { event_delete((zof_ctrl_t *)lv_event_get_user_data(e), ZOF_EVENT_VALUE_CHANGED); },
+            at(id)->obj, [](lv_event_t *e) { zof_ctrl_delete((para_t *)lv_event_get_user_data(e)); },
             LV_EVENT_VALUE_CHANGED, at(id));
     }
     CHECK(zof_keyboard_set_txtbox(at(3), at(2)) == 0);
@@ -343,12 +302,8 @@ TEST_CASE("a text box may be deleted by what its own change sets off") {
     CHECK(at(1)->obj == nullptr);
     type({LV_SYMBOL_NEW_LINE});
     CHECK(at(2)->obj == nullptr);
-    CHECK(lv_keyboard_get_textarea(at(3)->obj) == nullptr);
+    CHECK(typed_into() == nullptr);
     type({"a", LV_SYMBOL_NEW_LINE, LV_SYMBOL_BACKSPACE, LV_SYMBOL_OK, LV_SYMBOL_KEYBOARD});
-}
-
-static lv_obj_t *typed_into(u32 keyboard = 3) {
-    return lv_keyboard_get_textarea(at(keyboard)->obj);
 }
 
 TEST_CASE("a keyboard stands where its file says, types into its text box, and forgets one that goes") {
@@ -364,8 +319,6 @@ TEST_CASE("a keyboard stands where its file says, types into its text box, and f
     type({"h", "ABC", "I", "abc", " ", "1#", "2", "abc", LV_SYMBOL_LEFT, LV_SYMBOL_BACKSPACE});
     CHECK(text(at(1)) == "hI2");
     CHECK(contains(taken(events), " 3:28"));
-    type({"m"});
-    CHECK(caption(keyboard, (u32)zof_keyboard_get_selected_btn(keyboard)) == "m");
     CHECK(zof_keyboard_get_btn_text(keyboard, 40) == nullptr);
     CHECK(zof_keyboard_set_txtbox(keyboard, at(2)) == 0);
     CHECK(zof_ctrl_delete(at(1)) == 0);
@@ -376,15 +329,14 @@ TEST_CASE("a keyboard stands where its file says, types into its text box, and f
     CHECK(zof_keyboard_set_txtbox(keyboard, at(2)) == -1);
     CHECK(zof_keyboard_set_txtbox(nullptr, keyboard) == -1);
     CHECK(zof_keyboard_set_txtbox(keyboard, keyboard) == -1);
-    CHECK(zof_keyboard_get_selected_btn(nullptr) == -1);
 }
 
 TEST_CASE("keyboards may share a text box, and go before it") {
     view_project_t project;
-    project.show(
-        {ctrl(ZOF_CTRL_TXTBOX, 1, "", box(10, 10, 140, 30)),
-         ctrl(ZOF_CTRL_KEYBOARD, 2, R"("keyboard_spell": true, "mode": 3)", box(0, 60, 150, 100) + R"(, "t_mode": 0)"),
-         ctrl(ZOF_CTRL_KEYBOARD, 3, R"("keyboard_spell": true, "mode": 3)", box(160, 60, 150, 100))});
+    const std::string numbers = R"("keyboard_spell": true, "mode": 3)";
+    project.show({ctrl(ZOF_CTRL_TXTBOX, 1, "", box(10, 10, 140, 30)),
+                  ctrl(ZOF_CTRL_KEYBOARD, 2, numbers, box(0, 60, 150, 100) + R"(, "t_mode": 0)"),
+                  ctrl(ZOF_CTRL_KEYBOARD, 3, numbers, box(160, 60, 150, 100))});
     for (u32 id : {2, 3, 3}) {
         CHECK(zof_keyboard_set_txtbox(at(id), at(1)) == 0);
     }
@@ -397,7 +349,6 @@ TEST_CASE("keyboards may share a text box, and go before it") {
     CHECK(text(at(1)) == "+15");
     CHECK(zof_ctrl_delete(at(1)) == 0);
     CHECK(typed_into() == nullptr);
-    CHECK(zof_ctrl_delete(at(3)) == 0);
 }
 
 // The candidates of a keyboard: its only child.
@@ -425,7 +376,6 @@ TEST_CASE("Pinyin replaces what was typed by the character that is chosen") {
     const lv_obj_t *panel = candidates();
     CHECK(panel->coords.y2 == at(3)->obj->coords.y1 - 1);
     CHECK(lv_obj_get_height(panel) == 33);
-    CHECK(lv_obj_get_width(panel) == 310);
     CHECK(caption(candidates(), 1) == "你");
     press(panel, 6); // an empty place
     CHECK(text(at(1)) == "x ni");
@@ -469,15 +419,10 @@ TEST_CASE("Pinyin lives with any input: long, capital, without a match, without 
     type({"n", "i", "x"});
     CHECK(!open()); // no such syllable
     press(candidates(), 0);
-    for (u32 i = 0; i < 40; i++) {
-        type({"a"});
-    }
-    for (u32 i = 0; i < 40; i++) {
-        type({LV_SYMBOL_BACKSPACE});
-    }
+    type(std::vector<std::string>(40, "a"));
+    type(std::vector<std::string>(40, LV_SYMBOL_BACKSPACE));
     CHECK(text(at(2)) == "nix");
     type({LV_SYMBOL_BACKSPACE});
-    CHECK(open());
     press(candidates(), 1);
     CHECK(text(at(2)) == "你");
     type({"i", "u", "v", "h"});
@@ -502,13 +447,11 @@ TEST_CASE("Pinyin lives with any input: long, capital, without a match, without 
 
 static u32 objects() {
     u32 count = 0;
-    lv_obj_tree_walk(
-        nullptr,
-        [](lv_obj_t *, void *n) {
-            (*(u32 *)n)++;
-            return LV_OBJ_TREE_WALK_NEXT;
-        },
-        &count);
+    const auto count_one = [](lv_obj_t *, void *n) {
+        (*(u32 *)n)++;
+        return LV_OBJ_TREE_WALK_NEXT;
+    };
+    lv_obj_tree_walk(nullptr, count_one, &count);
     return count;
 }
 
@@ -520,12 +463,11 @@ TEST_CASE("an input method is made once for its keyboard, on its layer, and goes
                     R"("parent_id": )" + std::to_string(parent) + ", " + box(0, 0, 290, 80));
     };
     project.view(2, {in_a_box(4, 0), keyboard(5, 4), in_a_box(6, 120), keyboard(7, 6)}, R"("layer": 2)");
-    project.view(3, {ctrl(ZOF_CTRL_TXTBOX, 1, "", box(0, 0, 100, 30)),
-                     ctrl(ZOF_CTRL_KEYBOARD, 2, pinyin, R"("pub": true, )" + box(0, 100, 300, 100))});
+    project.view(3, {ctrl(ZOF_CTRL_TXTBOX, 1), ctrl(ZOF_CTRL_KEYBOARD, 2, pinyin, R"("pub": true)")});
     typing(project, pinyin);
-    zof_view_set_dis_view(3);
-    zof_view_set_dis_view(1);
-    zof_view_set_dis_view(2);
+    for (u32 view : {3, 1, 2}) {
+        zof_view_set_dis_view(view);
+    }
     screen_step(50);
     CHECK(lv_obj_get_screen(candidates(5, 2)) == lv_layer_sys());
     CHECK(lv_obj_get_child_cnt(at(4, 2)->obj) == 2); // keyboard and input method
@@ -551,42 +493,34 @@ TEST_CASE("an input method is made once for its keyboard, on its layer, and goes
     }
 }
 
-TEST_CASE("hostile numbers and texts of these controls are drawn, touched and deleted like any other") {
+TEST_CASE("long texts and maps of these controls are drawn, touched and deleted like any other") {
     view_project_t project;
     std::string rows, text;
     for (u32 i = 0; i < 3000; i++) {
         rows += R"("a", "\n", )";
         text += "äb\\n";
     }
-    const std::string huge = box(10, 10, 2000000000, 2000000000);
-    const std::string cursor =
-        R"(, "cursor_style_t": {"cursor_e": 4294967295, "zof_cursor_width": 255, "zof_cursor_opa": 255, "zof_cursor_animtime": 4294967295})";
-    const std::string said = project.show({
-        ctrl(ZOF_CTRL_BTNMATRIX, 1, R"("btnmatrix_txt": [)" + rows + R"("", "behind the end"])", box(0, 0, 50, 50)),
-        ctrl(ZOF_CTRL_BTNMATRIX, 2, R"("btnmatrix_num": 65535, "btnmatrix_txt": [])", huge),
-        ctrl(ZOF_CTRL_BTNMATRIX, 3, R"("btnmatrix_txt": [)" + rows + R"("\n"])", huge),
-        ctrl(ZOF_CTRL_TXTBOX, 4,
-             R"("max_txt_len": 65535, "line_mode": 1, "txt_align_e": 4294967295, "init_txt": ")" + text + "\"" + cursor,
-             box(0, 0, 0, 0)),
-        ctrl(ZOF_CTRL_TXTBOX, 5,
-             R"("accept_txt": ")" + text + R"(", "pwd_mode_en": true, "pwd_char_show_time": 65535, "init_txt": ")" +
-                 text + "\"" + cursor,
-             huge),
-        ctrl(ZOF_CTRL_KEYBOARD, 6, R"("keyboard_spell": true, "mode": 8, "popovers": true)", box(100, 0, 0, 0)),
-        ctrl(ZOF_CTRL_KEYBOARD, 7, R"("keyboard_spell": true, "mode": 4294967295)", huge),
-        ctrl(ZOF_CTRL_KEYBOARD, 8, R"("cn_font_lib": "../../none.ttf", "cn_font_size": 4294967295)", huge),
-        ctrl(ZOF_CTRL_KEYBOARD, 9, R"("cn_font_lib": "")", box(100, 100, 100, 0)),
-        ctrl(ZOF_CTRL_MBOX, 10, mbox(text, text, rows + "\"x\"") + R"(, "anim_time": 4294967295)", box(200, 0, 0, 0)),
-        ctrl(ZOF_CTRL_MBOX, 11, mbox(text, text, rows + "\"x\""), huge),
-    });
+    const std::string
+        huge = box(10, 10, 2000000000, 2000000000),
+        said = project.show({
+            ctrl(ZOF_CTRL_BTNMATRIX, 1, R"("btnmatrix_txt": [)" + rows + R"("", "behind the end"])", box(0, 0, 50, 50)),
+            ctrl(ZOF_CTRL_BTNMATRIX, 2, R"("btnmatrix_num": 65535, "btnmatrix_txt": [])", huge),
+            ctrl(ZOF_CTRL_BTNMATRIX, 3, R"("btnmatrix_txt": [)" + rows + R"("\n"])", huge),
+            ctrl(ZOF_CTRL_TXTBOX, 4, R"("max_txt_len": 65535, "line_mode": 1, "init_txt": ")" + text + "\""),
+            ctrl(ZOF_CTRL_TXTBOX, 5,
+                 R"("accept_txt": ")" + text + R"(", "pwd_mode_en": true, "init_txt": ")" + text + "\"", huge),
+            ctrl(ZOF_CTRL_KEYBOARD, 6, R"("keyboard_spell": true, "mode": 8, "popovers": true)", box(100, 0, 0, 0)),
+            ctrl(ZOF_CTRL_KEYBOARD, 7, R"("cn_font_lib": "../../none.ttf", "cn_font_size": 4294967295)", huge),
+            ctrl(ZOF_CTRL_KEYBOARD, 8, R"("cn_font_lib": "")", box(100, 100, 100, 0)),
+            ctrl(ZOF_CTRL_MBOX, 9, mbox(text, text, rows + "\"x\""), huge),
+        });
     CHECK(contains(said, "keyboard 6: there is no mode 8"));
-    CHECK(contains(said, "keyboard 7: there is no mode 4294967295"));
     CHECK(caption(at(1), 2999) == "a");
     CHECK(caption(at(1), 3000) == "(null)");
     CHECK(zof_btnmatrix_set_btn_ctrl_all(at(3), 0xFFFF) == 0);
     CHECK(zof_btnmatrix_set_btn_width(at(3), 1, 7) == 0);
     CHECK(zof_keyboard_set_txtbox(at(7), at(5)) == 0);
-    for (u32 id = 11; id > 0; id--) {
+    for (u32 id = 9; id > 0; id--) {
         zof_ctrl_move_forground(at(id));
         screen_step(50);
         screen_drag(20, 20, 200, 200, 3);
@@ -596,84 +530,76 @@ TEST_CASE("hostile numbers and texts of these controls are drawn, touched and de
     screen_step(50);
 }
 
+static void finger(const lv_obj_t *obj, u32 button) {
+    screen_press(middle(obj, button).x, middle(obj, button).y);
+}
+
 TEST_CASE("pictures of message boxes") {
-    view_project_t project;
-    looks_open(project);
-    languages(project);
-    looks_theme(project, ZOF_CTRL_MBOX, mbox_looks);
     const char *few = "Several lines of a text that is too long for one of them, as it comes.";
-    project.show(
+    looks_of(
+        ZOF_CTRL_MBOX, mbox_looks,
         {ctrl(ZOF_CTRL_MBOX, 1, mbox("#ask", few, R"("#yes", "#no", "")"), box(40, 40, 240, 160)),
          ctrl(ZOF_CTRL_MBOX, 2, mbox("", few, R"("OK", "")"), box(40, 40, 240, 130)),
          ctrl(ZOF_CTRL_MBOX, 3, mbox("A title that is longer than its box is wide", "Text", ""), box(40, 40, 240, 90)),
-         ctrl(ZOF_CTRL_MBOX, 4, mbox("Title only", "", ""), box(40, 40, 240, 60))});
-    looks_only(1, 4);
-    picture("mbox_whole");
-    picture_pressed("mbox_pressed", middle(lv_msgbox_get_btns(at(1)->obj), 0));
-    CHECK(zof_lang_set("de") == 0);
-    picture("mbox_de"); // the captions stay
-    for (u32 id : {2, 3, 4}) {
-        looks_only(id, 4);
-        picture(std::vector<std::string>{"mbox_no_title", "mbox_no_buttons", "mbox_title_only"}[id - 2]);
-    }
-    looks_only(1, 4);
-    looks_night();
-    picture("mbox_night");
+         ctrl(ZOF_CTRL_MBOX, 4, mbox("Title only", "", ""), box(40, 40, 240, 60))},
+        {{"mbox_whole", 1},
+         {"mbox_pressed", 1, [] { finger(lv_msgbox_get_btns(at(1)->obj), 0); }},
+         {"mbox_de", 1, [] { zof_lang_set("de"); }}, // the captions stay
+         {"mbox_no_title", 2},
+         {"mbox_no_buttons", 3},
+         {"mbox_title_only", 4},
+         {"mbox_night", 1, looks_night}});
 }
 
 TEST_CASE("pictures of text boxes") {
     view_project_t project;
     looks_open(project);
     looks_theme(project, ZOF_CTRL_TXTBOX, txtbox_looks);
-    std::filesystem::copy_file(ZOF_BUILD_DIR "/test-fonts/cn.ttf", project.path("font/cn.ttf"));
     const auto cursor = [](u32 side, u32 color) {
         return R"(, "cursor_style_t": {"cursor_e": )" + std::to_string(side) + R"(, "color": )" +
                std::to_string(color) + R"(, "zof_cursor_width": 2, "zof_cursor_opa": 255})";
     };
+    const std::string red = cursor(4, 0xFF0000);
     const std::string cn = look{.bg = day.card, .radius = 6, .text = day.text, .size = 22, .pad = 8}.json();
-    const std::string in_cn = std::string(cn).replace(cn.find("text.ttf"), 8, "cn.ttf");
     const auto one = [](u32 id, const std::string &keys, s32 y, s32 height, const std::string &styles = "") {
         return ctrl(ZOF_CTRL_TXTBOX, id, keys, box(30, y, 260, height), styles);
     };
-    project.show(
-        {one(1, R"("p_holder_txt": "Your name")" + cursor(4, 0xFF0000), 10, 36),
-         one(2, R"("init_txt": "right", "txt_align_e": 3)" + cursor(15, 0x00A000), 60, 36),
-         one(3,
-             R"("line_mode": 1, "txt_align_e": 2, "init_txt": "two\nlines, of which one is too long for its box")" +
-                 cursor(1, 0xFF0000),
-             105, 80),
-         one(4, R"("init_txt": "secret", "pwd_mode_en": true, "pwd_char_show_time": 1000)" + cursor(4, 0xFF0000), 195,
-             36),
-         one(5, R"("p_holder_txt": "in the middle", "holder_txt_align_e": 2)", 10, 36),
-         one(6, R"("init_txt": "中文字体 and Latin")" + cursor(4, 0xFF0000), 60, 40, in_cn),
-         one(7, R"("init_txt": "a text of one line that goes on and on, to the end", "max_txt_len": 60)", 120, 36)});
-    for (u32 id : {5, 6, 7}) {
-        zof_ctrl_set_hidden(at(id), ZOF_TRUE);
-    }
-    picture("txtbox_first_shown"); // the password is still seen
-    screen_step(1000);
-    picture("txtbox_plain");
-    for (u32 id : {1, 2, 3, 4}) {
+    static const auto shown = [](u32 first, u32 last) {
+        for (u32 id = 1; id <= 7; id++) {
+            zof_ctrl_set_hidden(at(id), id < first || id > last);
+        }
+    };
+    static const auto focused = [](u32 id) {
         screen_click(280, at(id)->obj->coords.y1 + 18);
         zof_txtbox_add_txt(at(id), id == 4 ? "x" : "");
-        picture("txtbox_focused_" + std::to_string(id));
-    }
-    for (u32 id = 1; id <= 7; id++) {
-        zof_ctrl_set_hidden(at(id), id < 5);
-    }
-    picture("txtbox_more");
-    for (u32 id = 1; id <= 7; id++) {
-        zof_ctrl_set_hidden(at(id), id >= 5);
-    }
-    looks_night();
-    picture("txtbox_night");
+    };
+    const char *two =
+        R"("line_mode": 1, "txt_align_e": 2, "init_txt": "two\nlines, of which one is too long for its box")";
+    project.show(
+        {one(1, R"("p_holder_txt": "Your name")" + red, 10, 36),
+         one(2, R"("init_txt": "right", "txt_align_e": 3)" + cursor(15, 0x00A000), 60, 36),
+         one(3, two + cursor(1, 0xFF0000), 105, 80),
+         one(4, R"("init_txt": "secret", "pwd_mode_en": true, "pwd_char_show_time": 1000)" + red, 195, 36),
+         one(5, R"("p_holder_txt": "in the middle", "holder_txt_align_e": 2)", 10, 36),
+         one(6, R"("init_txt": "中文字体 and Latin")" + red, 60, 40, std::string(cn).replace(cn.find("text"), 4, "cn")),
+         one(7, R"("init_txt": "a text of one line that goes on and on, to the end", "max_txt_len": 60)", 120, 36)});
+    shown(1, 4);
+    looks_pictures({{"txtbox_first_shown", 0}, // the password is still seen
+                    {"txtbox_plain", 0, [] { screen_step(1000); }},
+                    {"txtbox_focused_1", 0, [] { focused(1); }},
+                    {"txtbox_focused_2", 0, [] { focused(2); }},
+                    {"txtbox_focused_3", 0, [] { focused(3); }},
+                    {"txtbox_focused_4", 0, [] { focused(4); }},
+                    {"txtbox_more", 0, [] { shown(5, 7); }},
+                    {"txtbox_night", 0,
+                     [] {
+                         shown(1, 4);
+                         looks_night();
+                     }}},
+                   7);
 }
 
 TEST_CASE("pictures of keyboards") {
-    view_project_t project;
-    looks_open(project);
-    looks_theme(project, ZOF_CTRL_KEYBOARD, keyboard_looks);
-    std::filesystem::copy_file(ZOF_BUILD_DIR "/test-fonts/cn.ttf", project.path("font/cn.ttf"));
     std::vector<std::string> all;
     for (u32 mode = 0; mode < 4; mode++) {
         all.push_back(ctrl(ZOF_CTRL_KEYBOARD, mode + 1,
@@ -681,51 +607,49 @@ TEST_CASE("pictures of keyboards") {
                            box(0, 100, 320, 140)));
     }
     all.push_back(ctrl(ZOF_CTRL_KEYBOARD, 5, pinyin, box(0, 100, 320, 140)));
-    project.show(all);
-    const char *names[] = {"small", "capital", "signs", "numbers"};
-    for (u32 id : {1, 2, 3, 4}) {
-        looks_only(id, 5);
-        picture(std::string("keyboard_") + names[id - 1]);
-        picture_pressed(std::string("keyboard_pressed_") + names[id - 1], middle(at(id)->obj, 2));
-    }
-    looks_only(5, 5);
-    picture("keyboard_pinyin");
-    type({"s", "h", "i"}, 5);
-    picture("keyboard_candidates");
-    picture_pressed("keyboard_candidates_next", middle(candidates(5), 7));
-    looks_night();
-    picture("keyboard_night");
+    looks_of(ZOF_CTRL_KEYBOARD, keyboard_looks, all,
+             {{"keyboard_small", 1},
+              {"keyboard_pressed_small", 1, [] { finger(at(1)->obj, 2); }},
+              {"keyboard_capital", 2},
+              {"keyboard_pressed_capital", 2, [] { finger(at(2)->obj, 2); }},
+              {"keyboard_signs", 3},
+              {"keyboard_pressed_signs", 3, [] { finger(at(3)->obj, 2); }},
+              {"keyboard_numbers", 4},
+              {"keyboard_pressed_numbers", 4, [] { finger(at(4)->obj, 2); }},
+              {"keyboard_pinyin", 5},
+              {"keyboard_candidates", 5,
+               [] {
+                   type({"s", "h", "i"}, 5);
+               }},
+              {"keyboard_candidates_next", 5, [] { finger(candidates(5), 7); }},
+              {"keyboard_night", 5, looks_night}});
 }
 
 TEST_CASE("pictures of button matrices") {
-    view_project_t project;
-    looks_open(project);
-    languages(project);
-    looks_theme(project, ZOF_CTRL_BTNMATRIX, matrix_looks);
-    project.show({ctrl(ZOF_CTRL_BTNMATRIX, 1,
-                       R"("btnmatrix_txt": ["1", "2", "3", "\n", "4", "5", "6", "\n", "#yes", "#no", ""])",
-                       box(40, 30, 240, 180)),
-                  ctrl(ZOF_CTRL_BTNMATRIX, 2, R"("btnmatrix_txt": ["one", "\n", "two", "\n", "\n", "four", ""])",
-                       box(40, 30, 240, 180)),
-                  ctrl(ZOF_CTRL_BTNMATRIX, 3, "", box(40, 30, 240, 180))});
-    looks_only(1, 3);
-    picture("btnmatrix_plain");
-    picture_pressed("btnmatrix_pressed", middle(at(1)->obj, 4));
-    zof_btnmatrix_set_btn_ctrl(at(1), 0, LV_BTNMATRIX_CTRL_DISABLED);
-    zof_btnmatrix_set_btn_ctrl(at(1), 1, LV_BTNMATRIX_CTRL_HIDDEN);
-    zof_btnmatrix_set_btn_ctrl(at(1), 3, LV_BTNMATRIX_CTRL_CHECKED);
-    zof_btnmatrix_set_btn_width(at(1), 6, 3);
-    zof_btnmatrix_set_btn_txt(at(1), 7, "#none");
-    picture("btnmatrix_flags");
-    zof_btnmatrix_set_one_checked(at(1), ZOF_TRUE);
-    zof_btnmatrix_set_btn_ctrl(at(1), 5, LV_BTNMATRIX_CTRL_CHECKED);
-    zof_lang_set("de");
-    zof_btnmatrix_set_btn_txt(at(1), 7, "#no");
-    picture("btnmatrix_one_checked");
-    looks_night();
-    picture("btnmatrix_night");
-    looks_only(2, 3);
-    picture("btnmatrix_rows");
-    looks_only(3, 3);
-    picture("btnmatrix_empty");
+    const std::string place = box(40, 30, 240, 180);
+    looks_of(ZOF_CTRL_BTNMATRIX, matrix_looks,
+             {ctrl(ZOF_CTRL_BTNMATRIX, 1,
+                   R"("btnmatrix_txt": ["1", "2", "3", "\n", "4", "5", "6", "\n", "#yes", "#no", ""])", place),
+              ctrl(ZOF_CTRL_BTNMATRIX, 2, R"("btnmatrix_txt": ["one", "\n", "two", "\n", "\n", "four", ""])", place),
+              ctrl(ZOF_CTRL_BTNMATRIX, 3, "", place)},
+             {{"btnmatrix_plain", 1},
+              {"btnmatrix_pressed", 1, [] { finger(at(1)->obj, 4); }},
+              {"btnmatrix_flags", 1,
+               [] {
+                   zof_btnmatrix_set_btn_ctrl(at(1), 0, LV_BTNMATRIX_CTRL_DISABLED);
+                   zof_btnmatrix_set_btn_ctrl(at(1), 1, LV_BTNMATRIX_CTRL_HIDDEN);
+                   zof_btnmatrix_set_btn_ctrl(at(1), 3, LV_BTNMATRIX_CTRL_CHECKED);
+                   zof_btnmatrix_set_btn_width(at(1), 6, 3);
+                   zof_btnmatrix_set_btn_txt(at(1), 7, "#none");
+               }},
+              {"btnmatrix_one_checked", 1,
+               [] {
+                   zof_btnmatrix_set_one_checked(at(1), ZOF_TRUE);
+                   zof_btnmatrix_set_btn_ctrl(at(1), 5, LV_BTNMATRIX_CTRL_CHECKED);
+                   zof_lang_set("de");
+                   zof_btnmatrix_set_btn_txt(at(1), 7, "#no");
+               }},
+              {"btnmatrix_night", 1, looks_night},
+              {"btnmatrix_rows", 2},
+              {"btnmatrix_empty", 3}});
 }

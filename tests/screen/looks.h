@@ -32,7 +32,9 @@ struct look {
                  "txt_t": {"color": %u, "opa": 255, "font_lib": "text.ttf", "font_size": %u}})",
                  part, state, sect, bg, opa, radius, border_color, border, sides, shadow, top < 0 ? pad : top,
                  top < 0 ? pad : top, pad, pad, text, size);
-        return out;
+        // Keyboards go without a font of a file: LVGL's own has the signs of their keys.
+        const std::string all = out, font = R"(, "font_lib")";
+        return size ? all : all.substr(0, all.find(font)) + "}}";
     }
 };
 
@@ -44,10 +46,19 @@ inline std::string looks(const std::vector<look> &all) {
     return out;
 }
 
-// The font that the looks name, and the view's colour.
+// The fonts that the looks name, two languages, and the view's colour.
 inline void looks_open(view_project_t &project) {
     std::filesystem::create_directories(project.path("font"));
     std::filesystem::copy_file(ZOF_PANEL_DIR "/res/font/bench-text.ttf", project.path("font/text.ttf"));
+    std::filesystem::copy_file(ZOF_BUILD_DIR "/test-fonts/cn.ttf", project.path("font/cn.ttf"));
+    project.more += R"(, "language": "en")";
+    project.write(
+        "config/languages/en.g",
+        R"({"yes": "Yes", "no": "No", "ask": "Delete it?", "none": "", "cut": "\n", "off": "Off", "low": "Low",
+                      "high": "High power"})");
+    project.write("config/languages/de.g",
+                  R"({"yes": "Ja", "no": "Nein", "ask": "Löschen?", "none": "x", "off": "Aus", "low": "Niedrig",
+                      "high": "Hohe Leistung"})");
     project.shown_keys = R"("bg_color": )" + std::to_string(day.view) + R"(, "bg_scale": 255)";
 }
 
@@ -64,25 +75,63 @@ inline void looks_night() {
     zof_view_set_bgcolor(1, 0xFF000000 | night.view);
 }
 
-// Controls 1 to `count` of the view stand for one picture each.
+// TEMP
 inline void looks_only(u32 id, u32 count) {
     for (u32 i = 1; i <= count; i++) {
         zof_ctrl_set_hidden(at(i), i != id);
     }
     screen_step(50);
 }
-
-// One picture; what is told of the control's state is in its name.
 inline void picture(const std::string &name) {
     screen_step(400); // LVGL's theme changes colours in steps
     CHECK(screen_is_golden(name));
 }
-
-// A picture while a finger is there.
 inline void picture_pressed(const std::string &name, lv_point_t at) {
     screen_press(at.x, at.y);
     picture(name);
     screen_release(at.x, at.y);
+}
+// TEMP END
+
+// One picture: what was done before it, and which control stands for it alone (0: the view as it is). A finger that `first`
+// puts down is lifted afterwards.
+struct picture_row {
+    const char *name;
+    u32 only;
+    void (*first)() = nullptr;
+};
+
+inline void looks_pictures(const std::vector<picture_row> &rows, u32 controls) {
+    u32 seen = 0;
+    for (const picture_row &row : rows) {
+        if (seen != row.only) {
+            for (u32 i = 1; i <= controls; i++) {
+                zof_ctrl_set_hidden(at(i), i != row.only);
+            }
+            screen_step(50);
+        }
+        seen = row.only;
+        if (row.first) {
+            row.first();
+        }
+        screen_step(400); // LVGL's theme changes colours in steps
+        CHECK(screen_is_golden(row.name));
+        zof_touch_t touch = {};
+        if (zof_touch_get(&touch) == 0 && touch.state != ZOF_TOUCH_RELEASED) {
+            screen_release(touch.x, touch.y);
+        }
+    }
+}
+
+// All pictures of a type, whose controls have the numbers from 1 on.
+inline void looks_of(u32 type, std::string (*look_of)(const palette &), const std::vector<std::string> &controls,
+                     const std::vector<picture_row> &rows) {
+    view_project_t project;
+    looks_open(project);
+    looks_theme(project, type, look_of);
+    project.image("dot.png", 16, 16, 0xF2A33A);
+    project.show(controls);
+    looks_pictures(rows, (u32)controls.size());
 }
 
 #endif
