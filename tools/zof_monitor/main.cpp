@@ -320,6 +320,15 @@ static void collect(std::vector<piece> &answers) {
     }
 }
 
+// What the panel answered before the host went on, it has to have answered now; how many answers have not come in time.
+static size_t answers_wait(std::vector<piece> &now, size_t count) {
+    const int64_t end = now_us() + (int64_t)(monitor.opt.wait_ms * 1000);
+    while (!stop && now.size() < count && now_us() < end) {
+        collect(now);
+    }
+    return now.size() < count ? count - now.size() : 0;
+}
+
 static int replay() {
     std::vector<line_of_file> lines;
     if (!read_recording(lines)) {
@@ -337,7 +346,8 @@ static int replay() {
             collect(now);
         }
     }
-    const int64_t start = now_us();
+    int64_t sent_us = now_us(), then_us = lines.empty() ? 0 : lines[0].at_us;
+    size_t absent = 0;
     for (const line_of_file &line : lines) {
         if (!line.from_host) {
             piece p = described(line);
@@ -346,11 +356,14 @@ static int replay() {
             }
             continue;
         }
-        const int64_t due = start + (int64_t)((double)(line.at_us - lines[0].at_us) / monitor.opt.speed);
+        absent += answers_wait(now, then.size() - absent);
+        const int64_t due = sent_us + (int64_t)((double)(line.at_us - then_us) / monitor.opt.speed);
         while (!stop && now_us() < due) {
             collect(now);
         }
         give(monitor.panel, line.data.data(), line.data.size());
+        sent_us = now_us(); // a panel needs the silence between two frames, however late this one was
+        then_us = line.at_us;
     }
     const int64_t end = now_us() + (int64_t)(monitor.opt.wait_ms * 1000);
     while (!stop && now_us() < end) {
@@ -401,7 +414,7 @@ int main(int argc, char **argv) {
     r->add_option("file", o.file, "the recording")->required();
     r->add_option("--not", o.without, "rows that may differ, such as system.rtc");
     r->add_option("--speed", o.speed, "2 is twice as fast")->capture_default_str()->check(CLI::Range(0.01, 100.0));
-    r->add_option("--wait", o.wait_ms, "ms to wait for answers behind the last line")->capture_default_str();
+    r->add_option("--wait", o.wait_ms, "ms to wait for an answer that does not come")->capture_default_str();
     panel_line(r);
     CLI11_PARSE(app, argc, argv);
 
