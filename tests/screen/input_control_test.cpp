@@ -418,6 +418,8 @@ static void finger(const lv_obj_t *obj, u32 button) {
     screen_press(middle(obj, button).x, middle(obj, button).y);
 }
 
+// One row a picture.
+// clang-format off
 TEST_CASE("pictures of message boxes") {
     const char *few = "Several lines of a text that is too long for one of them, as it comes.";
     looks_of(
@@ -475,11 +477,7 @@ TEST_CASE("pictures of text boxes") {
                     {"txtbox_focused_3", 0, [] { focused(3); }},
                     {"txtbox_focused_4", 0, [] { focused(4); }},
                     {"txtbox_more", 0, [] { shown(5, 7); }},
-                    {"txtbox_night", 0,
-                     [] {
-                         shown(1, 4);
-                         looks_night();
-                     }}},
+                    {"txtbox_night", 0, [] { shown(1, 4); looks_night(); }}},
                    7);
 }
 
@@ -501,10 +499,7 @@ TEST_CASE("pictures of keyboards") {
               {"keyboard_numbers", 4},
               {"keyboard_pressed_numbers", 4, [] { finger(at(4)->obj, 2); }},
               {"keyboard_pinyin", 5},
-              {"keyboard_candidates", 5,
-               [] {
-                   type({"s", "h", "i"}, 5);
-               }},
+              {"keyboard_candidates", 5, [] { type({"s", "h", "i"}, 5); }},
               {"keyboard_candidates_next", 5, [] { finger(candidates(5), 7); }},
               {"keyboard_night", 5, looks_night}});
 }
@@ -537,3 +532,4 @@ TEST_CASE("pictures of button matrices") {
               {"btnmatrix_rows", 2},
               {"btnmatrix_empty", 3}});
 }
+// clang-format on

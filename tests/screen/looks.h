@@ -75,26 +75,8 @@ inline void looks_night() {
     zof_view_set_bgcolor(1, 0xFF000000 | night.view);
 }
 
-// TEMP
-inline void looks_only(u32 id, u32 count) {
-    for (u32 i = 1; i <= count; i++) {
-        zof_ctrl_set_hidden(at(i), i != id);
-    }
-    screen_step(50);
-}
-inline void picture(const std::string &name) {
-    screen_step(400); // LVGL's theme changes colours in steps
-    CHECK(screen_is_golden(name));
-}
-inline void picture_pressed(const std::string &name, lv_point_t at) {
-    screen_press(at.x, at.y);
-    picture(name);
-    screen_release(at.x, at.y);
-}
-// TEMP END
-
-// One picture: what was done before it, and which control stands for it alone (0: the view as it is). A finger that `first`
-// puts down is lifted afterwards.
+// One picture: what was done before it, and which control stands for it alone (0: the view as it is). A finger that
+// `first` puts down is lifted afterwards.
 struct picture_row {
     const char *name;
     u32 only;
