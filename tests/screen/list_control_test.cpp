@@ -205,26 +205,26 @@ TEST_CASE("a roller turns to what is asked or touched, and keeps its mode and it
 // One row a picture.
 // clang-format off
 TEST_CASE("pictures of lists") {
-    const std::string place = box(40, 20, 220, 200) + scrolls;
-    const char *dot = "dot.png";
-    looks_of(ZOF_CTRL_LIST, list_looks,
-             {ctrl(ZOF_CTRL_LIST, 1, list_of({"#off", "#low", "#high", "Custom"}, {}), place),
-              ctrl(ZOF_CTRL_LIST, 2,
-                   list_of({"#off", "#low", "No picture", "#high", "A text that is far too long for its line", "Last"},
-                           {dot, dot, "", dot, dot, dot}),
-                   place)},
-             {{"list_plain", 1},
-              {"list_pressed", 1, [] { screen_press(100, 70); }},
-              {"list_checked", 1, [] { zof_list_set_select_index(at(1), zof_list_get_index_btn(at(1), 2)); }},
-              {"list_styled_button", 1, [] { zof_list_add_btns_style(at(1), 3, LV_PART_MAIN, 0xF9E2C0, 12, 200); }},
-              {"list_icons", 2},
-              {"list_icons_de", 2, [] { zof_lang_set("de"); }},
-              {"list_scrolled_to_end", 2, [] { zof_list_focus(at(2), 5); screen_step(1000); }},
-              {"list_night", 2, looks_night},
-              {"list_empty", 2, [] { zof_list_remove_all(at(2)); }}});
+    const std::string place = box(40, 20, 220, 200) + scrolls, dot = "dot.png";
+    const std::vector<std::string> few = {"#off", "#low", "#high", "Custom"};
+    const std::vector<std::string> more = {"#off", "#low", "No picture", "#high",
+                                           "A text that is far too long for its line", "Last"};
+    looks_of(ZOF_CTRL_LIST, list_looks, {
+        ctrl(ZOF_CTRL_LIST, 1, list_of(few, {}), place),
+        ctrl(ZOF_CTRL_LIST, 2, list_of(more, {dot, dot, "", dot, dot, dot}), place),
+    }, {
+        {"list_plain", 1},
+        {"list_pressed", 1, [] { screen_press(100, 70); }},
+        {"list_checked", 1, [] { zof_list_set_select_index(at(1), zof_list_get_index_btn(at(1), 2)); }},
+        {"list_styled_button", 1, [] { zof_list_add_btns_style(at(1), 3, LV_PART_MAIN, 0xF9E2C0, 12, 200); }},
+        {"list_icons", 2},
+        {"list_icons_de", 2, [] { zof_lang_set("de"); }},
+        {"list_scrolled_to_end", 2, [] { zof_list_focus(at(2), 5); screen_step(1000); }},
+        {"list_night", 2, looks_night},
+        {"list_empty", 2, [] { zof_list_remove_all(at(2)); }},
+    });
 }
 
-// The list of the control that is open, which closes what was open before.
 static void drop_open(u32 id, u32 selected = 0) {
     for (u32 other = 1; other <= 6; other++) {
         zof_droplist_close(at(other));
@@ -238,52 +238,62 @@ TEST_CASE("pictures of drop lists") {
         const std::string keys = R"(, "dir_t": )" + std::to_string(dir) + R"(, "txt_align_e": )" + std::to_string(align);
         return ctrl(ZOF_CTRL_DROPLIST, id, options + keys, box(x, y, 150, 38));
     };
-    looks_of(ZOF_CTRL_DROPLIST, drop_looks,
-             {drop(1, LV_DIR_BOTTOM, 1, 80, 30), drop(2, LV_DIR_TOP, 2, 80, 180), drop(3, LV_DIR_LEFT, 3, 160, 60),
-              drop(4, LV_DIR_RIGHT, 1, 20, 60), drop(5, LV_DIR_BOTTOM, 1, 80, 190),
-              drop(6, LV_DIR_BOTTOM, 0, 80, 60, R"("options": "1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11\n12")")},
-             {{"droplist_closed", 1},
-              {"droplist_open_down", 1, [] { drop_open(1); }},
-              {"droplist_open_up_middle", 2, [] { drop_open(2); }},
-              {"droplist_open_left_end", 3, [] { drop_open(3); }},
-              {"droplist_open_right", 4, [] { drop_open(4); }},
-              {"droplist_open_no_room_below", 5, [] { drop_open(5); }},
-              {"droplist_open_scrolls", 6, [] { drop_open(6); }},
-              {"droplist_open_at_eleventh", 6, [] { drop_open(6, 10); }},
-              {"droplist_open_third", 1, [] { drop_open(1, 2); }},
-              {"droplist_open_pressed_de", 1, [] { screen_press(100, 105); zof_lang_set("de"); }},
-              {"droplist_chosen_de", 1},
-              {"droplist_open_night", 1, [] { zof_droplist_open(at(1)); looks_night(); }},
-              {"droplist_closed_night", 1, [] { zof_droplist_close(at(1)); }}});
+    looks_of(ZOF_CTRL_DROPLIST, drop_looks, {
+        drop(1, LV_DIR_BOTTOM, 1, 80, 30), drop(2, LV_DIR_TOP, 2, 80, 180), drop(3, LV_DIR_LEFT, 3, 160, 60),
+        drop(4, LV_DIR_RIGHT, 1, 20, 60), drop(5, LV_DIR_BOTTOM, 1, 80, 190),
+        drop(6, LV_DIR_BOTTOM, 0, 80, 60, R"("options": "1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11\n12")"),
+    }, {
+        {"droplist_closed", 1},
+        {"droplist_open_down", 1, [] { drop_open(1); }},
+        {"droplist_open_up_middle", 2, [] { drop_open(2); }},
+        {"droplist_open_left_end", 3, [] { drop_open(3); }},
+        {"droplist_open_right", 4, [] { drop_open(4); }},
+        {"droplist_open_no_room_below", 5, [] { drop_open(5); }},
+        {"droplist_open_scrolls", 6, [] { drop_open(6); }},
+        {"droplist_open_at_eleventh", 6, [] { drop_open(6, 10); }},
+        {"droplist_open_third", 1, [] { drop_open(1, 2); }},
+        {"droplist_open_pressed_de", 1, [] { screen_press(100, 105); zof_lang_set("de"); }},
+        {"droplist_chosen_de", 1},
+        {"droplist_open_night", 1, [] { zof_droplist_open(at(1)); looks_night(); }},
+        {"droplist_closed_night", 1, [] { zof_droplist_close(at(1)); }},
+    });
+}
+
+static void roller_turning() {
+    zof_rollist_set_selected(at(2), 2, 1);
+    screen_step(100);
+    CHECK(screen_is_golden("roller_endless_turning"));
+}
+
+static void roller_dragged() {
+    screen_press(160, at(2)->obj->coords.y1 + 50);
+    screen_move(160, at(2)->obj->coords.y1 + 38);
 }
 
 TEST_CASE("pictures of rollers") {
     const auto roller = [](u32 id, const std::string &keys) {
         return ctrl(ZOF_CTRL_ROLLIST, id, modes + keys, box(80, 20, 160, 200));
     };
-    looks_of(ZOF_CTRL_ROLLIST, roll_looks,
-             {roller(1, R"(, "row_cnt": 3, "txt_align_e": 2)"),
-              roller(2, R"(, "row_cnt": 5, "rol_mode": 1, "txt_align_e": 2)"),
-              roller(3, R"(, "row_cnt": 5, "ext_sel_width": 8, "txt_align_e": 2)"),
-              roller(4, R"(, "row_cnt": 4, "txt_align_e": 1)"), roller(5, R"(, "row_cnt": 4, "txt_align_e": 3)"),
-              roller(6, R"(, "row_cnt": 1, "txt_align_e": 2)")},
-             {{"roller_rows_3", 1},
-              {"roller_endless", 2},
-              {"roller_high_band", 3},
-              {"roller_left", 4},
-              {"roller_right", 5},
-              {"roller_row_1", 6},
-              {"roller_endless_third", 2,
-               [] {
-                   zof_rollist_set_selected(at(2), 2, 1);
-                   screen_step(100);
-                   CHECK(screen_is_golden("roller_endless_turning"));
-               }},
-              {"roller_endless_dragged", 2,
-               [] { screen_press(160, at(2)->obj->coords.y1 + 50); screen_move(160, at(2)->obj->coords.y1 + 38); }},
-              {"roller_endless_de", 2, [] { zof_lang_set("de"); }},
-              {"roller_rows_3_last", 1, [] { zof_rollist_set_selected(at(1), 3, 0); }},
-              {"roller_line_space", 1, [] { zof_rollist_set_line_space(at(1), 30); }},
-              {"roller_night", 1, looks_night}});
+    looks_of(ZOF_CTRL_ROLLIST, roll_looks, {
+        roller(1, R"(, "row_cnt": 3, "txt_align_e": 2)"),
+        roller(2, R"(, "row_cnt": 5, "rol_mode": 1, "txt_align_e": 2)"),
+        roller(3, R"(, "row_cnt": 5, "ext_sel_width": 8, "txt_align_e": 2)"),
+        roller(4, R"(, "row_cnt": 4, "txt_align_e": 1)"),
+        roller(5, R"(, "row_cnt": 4, "txt_align_e": 3)"),
+        roller(6, R"(, "row_cnt": 1, "txt_align_e": 2)"),
+    }, {
+        {"roller_rows_3", 1},
+        {"roller_endless", 2},
+        {"roller_high_band", 3},
+        {"roller_left", 4},
+        {"roller_right", 5},
+        {"roller_row_1", 6},
+        {"roller_endless_third", 2, roller_turning},
+        {"roller_endless_dragged", 2, roller_dragged},
+        {"roller_endless_de", 2, [] { zof_lang_set("de"); }},
+        {"roller_rows_3_last", 1, [] { zof_rollist_set_selected(at(1), 3, 0); }},
+        {"roller_line_space", 1, [] { zof_rollist_set_line_space(at(1), 30); }},
+        {"roller_night", 1, looks_night},
+    });
 }
 // clang-format on

@@ -171,57 +171,60 @@ static void mark(u32 color, u32 mode) {
     screen_release(160, 80);
 }
 
-// Takes the last mark back and sets another.
 static void mark_instead(u32 old, u32 mode) {
     mark(0xFFE2A8, old);
     mark(0xFFE2A8, mode);
+}
+
+static void tables_fill() {
+    const char *texts[] = {"Rail", "Voltage", "Current", "1", "5.00 V", "3.0 A",
+                           "2",    "9.00 V",  "3.0 A",   "3", "20.0 V", "5.0 A"};
+    for (u32 i = 0; i < 36; i++) {
+        CHECK(zof_table_set_cell_value(at(1 + i / 12), i % 12 / 3, i % 3, texts[i % 12]) == 0);
+    }
+}
+
+static void table_press() {
+    mark(0xFFE2A8, 2);
+    screen_press(160, 80);
+    zof_table_set_value_changed_color(at(1), 0xFFE2A8, 0);
+}
+
+static void table_merge() {
+    zof_table_set_col_width(at(1), 2, 86);
+    zof_table_set_cell_value(at(1), 3, 2, "5.0 A for a while");
+    zof_table_set_cell_merge_right(at(1), 1, 1);
+}
+
+static void table_wrap() {
+    zof_table_set_col_width(at(2), 0, 60);
+    zof_table_set_cell_wrap(at(2), day.accent, 2, 255, 255, day.press);
 }
 
 // One row a picture.
 // clang-format off
 TEST_CASE("pictures of tables") {
     const auto sized = [](u32 id) {
-        return ctrl(ZOF_CTRL_TABLE, id, table(4, 3) + R"(, "align_table": )" + std::to_string(id),
-                    box(20, 20, 280, 10));
+        return ctrl(ZOF_CTRL_TABLE, id, table(4, 3) + R"(, "align_table": )" + std::to_string(id), box(20, 20, 280, 10));
     };
-    static const auto filled_in = [] {
-        const char *texts[] = {"Rail", "Voltage", "Current", "1", "5.00 V", "3.0 A",
-                               "2",    "9.00 V",  "3.0 A",   "3", "20.0 V", "5.0 A"};
-        for (u32 i = 0; i < 36; i++) {
-            CHECK(zof_table_set_cell_value(at(1 + i / 12), i % 12 / 3, i % 3, texts[i % 12]) == 0);
-        }
-    };
-    looks_of(ZOF_CTRL_TABLE, table_looks, {sized(1), sized(2), sized(3)},
-             {{"table_left", 1, filled_in},
-              {"table_middle", 2},
-              {"table_right", 3},
-              {"table_marked_cell", 1, [] { mark(0xFFE2A8, 0); }},
-              {"table_marked_row", 1, [] { mark_instead(0, 1); }},
-              {"table_marked_column", 1, [] { mark_instead(1, 2); }},
-              {"table_pressed", 1,
-               [] {
-                   mark(0xFFE2A8, 2);
-                   screen_press(160, 80);
-                   zof_table_set_value_changed_color(at(1), 0xFFE2A8, 0);
-               }},
-              {"table_merged_and_wrapped", 1,
-               [] {
-                   zof_table_set_col_width(at(1), 2, 86);
-                   zof_table_set_cell_value(at(1), 3, 2, "5.0 A for a while");
-                   zof_table_set_cell_merge_right(at(1), 1, 1);
-               }},
-              {"table_grown", 1, [] { zof_table_set_cell_value(at(1), 4, 1, "more"); }},
-              {"table_wrap", 2,
-               [] {
-                   zof_table_set_col_width(at(2), 0, 60);
-                   zof_table_set_cell_wrap(at(2), day.accent, 2, 255, 255, day.press);
-               }},
-              {"table_night", 1, [] { // cells that nobody painted follow the theme
-                   looks_night();
-                   mark(0xFFE2A8, 0);
-                   mark(0x6B4A12, 1);
-               }}});
+    looks_of(ZOF_CTRL_TABLE, table_looks, {sized(1), sized(2), sized(3)}, {
+        {"table_left", 1, tables_fill},
+        {"table_middle", 2},
+        {"table_right", 3},
+        {"table_marked_cell", 1, [] { mark(0xFFE2A8, 0); }},
+        {"table_marked_row", 1, [] { mark_instead(0, 1); }},
+        {"table_marked_column", 1, [] { mark_instead(1, 2); }},
+        {"table_pressed", 1, table_press},
+        {"table_merged_and_wrapped", 1, table_merge},
+        {"table_grown", 1, [] { zof_table_set_cell_value(at(1), 4, 1, "more"); }},
+        {"table_wrap", 2, table_wrap},
+        // Cells that nobody painted follow the theme.
+        {"table_night", 1, [] { looks_night(); mark(0xFFE2A8, 0); mark(0x6B4A12, 1); }},
+    });
 }
+// clang-format on
+
+static lv_chart_series_t *first, *second; // of charts 1 and 2
 
 static lv_chart_series_t *curve(u32 id, u32 color, u32 count, u32 phase = 0) {
     lv_chart_series_t *series = zof_chart_add_series(at(id), color, 0);
@@ -232,65 +235,68 @@ static lv_chart_series_t *curve(u32 id, u32 color, u32 count, u32 phase = 0) {
     return series;
 }
 
-static lv_chart_series_t *first, *second; // of charts 1 and 2
+static void chart_gap() {
+    zof_chart_set_line_width(at(1), 8, 2);
+    zof_chart_set_value_by_id(at(1), first, 4, LV_CHART_POINT_NONE);
+    curve(1, 0xE8590C, 9, 90);
+}
 
+static void chart_shift(u32 id, lv_chart_series_t *series) {
+    zof_chart_set_next(at(id), series, 5);
+    zof_chart_set_next(at(id), series, 95);
+}
+
+static void chart_range() {
+    for (u32 i = 0; i < 9; i++) {
+        zof_chart_set_value_by_id(at(1), first, i, 1000 + (s32)i * 100);
+    }
+    CHECK(zof_chart_set_range_auto(at(1), first) == 0);
+}
+
+static void chart_dots() {
+    lv_chart_series_t *dots = zof_chart_add_series(at(3), 0xE8590C, 0);
+    for (s32 i = 0; i < 12; i++) {
+        zof_chart_set_next_value2(at(3), dots, 5 + i * 8, (i * 37 + 11) % 100);
+    }
+}
+
+static void chart_crowd() {
+    lv_chart_series_t *crowd = curve(5, day.accent, 1000);
+    for (u32 i = 400; i < 440; i++) {
+        zof_chart_set_value_by_id(at(5), crowd, i, LV_CHART_POINT_NONE);
+    }
+}
+
+// clang-format off
 TEST_CASE("pictures of charts") {
     const std::string marks = R"({"major_tick_len": 8, "minor_tick_len": 4, "major_cnt": 5, "minor_cnt": 2,
                                   "last_mark_en": true, "draw_size": )";
     const std::string y = R"(, "y_mark": )" + marks + "50}", both = y + R"(, "x_mark": )" + marks + "40}";
-    const std::string bars =
-        y + R"(, "x_mark": {"major_tick_len": 6, "major_cnt": 6, "draw_size": 40, "last_mark_en": true})";
+    const std::string six = R"(, "x_mark": {"major_tick_len": 6, "major_cnt": 6, "draw_size": 40, "last_mark_en": true})";
     const std::string line = R"({"opa": 255, "width": 1, "color": )" + std::to_string(day.line) + "}";
     const std::string lines = R"(, "divline_hdiv": 5, "divline_vdiv": 5, "chart_line_style": )" + line +
                               R"(, "chart_line_tick_style": )" + line;
     const auto sized = [&](u32 id, u32 type, u32 points, const std::string &more) {
         return ctrl(ZOF_CTRL_CHART, id, chart(type, points, lines + more), box(60, 20, 240, 170));
     };
-    looks_of(ZOF_CTRL_CHART, chart_looks,
-             {sized(1, 1, 9, both), sized(2, 2, 6, bars), sized(3, 3, 12, both), sized(4, 1, 9, R"(, "dis_mode_e": 1)"),
-              sized(5, 1, 1000, ""), sized(6, 0, 9, y)},
-             {{"chart_without_series", 1},
-              {"chart_line", 1, [] { first = curve(1, day.accent, 9); }},
-              {"chart_line_without_points", 1, [] { zof_chart_set_line_width(at(1), 0, 4); }},
-              {"chart_two_lines_with_gap", 1,
-               [] {
-                   zof_chart_set_line_width(at(1), 8, 2);
-                   zof_chart_set_value_by_id(at(1), first, 4, LV_CHART_POINT_NONE);
-                   curve(1, 0xE8590C, 9, 90);
-               }},
-              {"chart_line_shifted", 1,
-               [] { zof_chart_set_next(at(1), first, 5); zof_chart_set_next(at(1), first, 95); }},
-              {"chart_auto_range", 1,
-               [] {
-                   for (u32 i = 0; i < 9; i++) {
-                       zof_chart_set_value_by_id(at(1), first, i, 1000 + (s32)i * 100);
-                   }
-                   CHECK(zof_chart_set_range_auto(at(1), first) == 0);
-               }},
-              {"chart_bars", 2, [] { curve(2, day.accent, 6); }},
-              {"chart_two_bars", 2, [] { second = curve(2, 0xE8590C, 6, 120); }},
-              {"chart_bars_removed", 2, [] { zof_chart_series_remove(at(2), second); }},
-              {"chart_scatter", 3,
-               [] {
-                   lv_chart_series_t *dots = zof_chart_add_series(at(3), 0xE8590C, 0);
-                   for (s32 i = 0; i < 12; i++) {
-                       zof_chart_set_next_value2(at(3), dots, 5 + i * 8, (i * 37 + 11) % 100);
-                   }
-               }},
-              {"chart_line_circular", 4,
-               [] {
-                   lv_chart_series_t *round = curve(4, day.accent, 9);
-                   zof_chart_set_next(at(4), round, 5);
-                   zof_chart_set_next(at(4), round, 95);
-               }},
-              {"chart_thousand_points", 5,
-               [] {
-                   lv_chart_series_t *crowd = curve(5, day.accent, 1000);
-                   for (u32 i = 400; i < 440; i++) {
-                       zof_chart_set_value_by_id(at(5), crowd, i, LV_CHART_POINT_NONE);
-                   }
-               }},
-              {"chart_type_none", 6, [] { curve(6, day.accent, 9); }},
-              {"chart_night", 2, looks_night}});
+    looks_of(ZOF_CTRL_CHART, chart_looks, {
+        sized(1, 1, 9, both), sized(2, 2, 6, y + six), sized(3, 3, 12, both), sized(4, 1, 9, R"(, "dis_mode_e": 1)"),
+        sized(5, 1, 1000, ""), sized(6, 0, 9, y),
+    }, {
+        {"chart_without_series", 1},
+        {"chart_line", 1, [] { first = curve(1, day.accent, 9); }},
+        {"chart_line_without_points", 1, [] { zof_chart_set_line_width(at(1), 0, 4); }},
+        {"chart_two_lines_with_gap", 1, chart_gap},
+        {"chart_line_shifted", 1, [] { chart_shift(1, first); }},
+        {"chart_auto_range", 1, chart_range},
+        {"chart_bars", 2, [] { curve(2, day.accent, 6); }},
+        {"chart_two_bars", 2, [] { second = curve(2, 0xE8590C, 6, 120); }},
+        {"chart_bars_removed", 2, [] { zof_chart_series_remove(at(2), second); }},
+        {"chart_scatter", 3, chart_dots},
+        {"chart_line_circular", 4, [] { chart_shift(4, curve(4, day.accent, 9)); }},
+        {"chart_thousand_points", 5, chart_crowd},
+        {"chart_type_none", 6, [] { curve(6, day.accent, 9); }},
+        {"chart_night", 2, looks_night},
+    });
 }
 // clang-format on
