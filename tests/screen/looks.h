@@ -32,9 +32,7 @@ struct look {
                  "txt_t": {"color": %u, "opa": 255, "font_lib": "text.ttf", "font_size": %u}})",
                  part, state, sect, bg, opa, radius, border_color, border, sides, shadow, top < 0 ? pad : top,
                  top < 0 ? pad : top, pad, pad, text, size);
-        // Keyboards go without a font of a file: LVGL's own has the signs of their keys.
-        const std::string all = out, font = R"(, "font_lib")";
-        return size ? all : all.substr(0, all.find(font)) + "}}";
+        return out;
     }
 };
 
