@@ -1,5 +1,5 @@
 // Scroll containers: the order of the wheel after each turn, and how items are dressed by their distance.
-#include "looks.h"
+#include "view_project.h"
 
 enum : u32 { WHEEL = 1, ITEM = 10, CAPTION = 30 };
 
@@ -180,45 +180,4 @@ TEST_CASE("a wheel that comes back with its view stands where it was left") {
     zof_ctrl_delete(at(ITEM + 4)); // makes way for one of the same number
     zof_ctrl_delete(at(WHEEL));    // and what is on its way to it is called off
     screen_step(40);
-}
-
-static std::string rail_looks(const palette &c) {
-    return looks({{.bg = c.view}});
-}
-
-static std::string card_looks(const palette &c) {
-    look rest = {.bg = c.card, .radius = 12, .text = c.text, .border = 1, .border_color = c.line}, pressed = rest;
-    pressed.state = LV_STATE_PRESSED;
-    pressed.bg = c.press;
-    pressed.border = 2;
-    pressed.border_color = c.accent;
-    return looks({rest, pressed});
-}
-
-static std::string name_looks(const palette &c) {
-    return looks({{.opa = 0, .text = c.text, .size = 20}});
-}
-
-TEST_CASE("a wheel wears the themes, and its item under the finger shows it") {
-    view_project_t project;
-    looks_open(project);
-    looks_theme(project, ZOF_CTRL_SCROLLCONT, rail_looks);
-    looks_theme(project, ZOF_CTRL_SCROLLCONT_OBJ, card_looks);
-    looks_theme(project, ZOF_CTRL_LABEL, name_looks);
-    std::vector<std::string> controls = {
-        ctrl(ZOF_CTRL_SCROLLCONT, WHEEL,
-             R"("child_cnt": 5, "display_count": 4, "pad": 12, "arc_r": 260, "opa_mode": 1, "zoom": 110)",
-             box(0, 60, 320, 110) + R"(, "scrollbar_t": {"dir_e": 3})")};
-    for (u32 i = 0; i < 5; i++) {
-        controls.push_back(ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM + i, R"("create_num": )" + std::to_string(i),
-                                R"("parent_id": 1, "scrollbar_t": {"chain_e": 1})"));
-        controls.push_back(ctrl(
-            ZOF_CTRL_LABEL, CAPTION + i, R"("auto_hight": 1, "align_e": 34, "txt": ")" + std::to_string(i * 5) + " V\"",
-            R"("t_mode": 0, "parent_id": )" + std::to_string(ITEM + i) + ", " + box(4, 30, 70, 30)));
-    }
-    project.show(controls);
-    looks_pictures({{"scrollcont_day", 0},
-                    {"scrollcont_pressed", 0, [] { screen_press(160, 110); }},
-                    {"scrollcont_night", 0, looks_night}},
-                   0);
 }

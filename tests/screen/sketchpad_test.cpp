@@ -111,14 +111,12 @@ TEST_CASE("the toolbar switches drawing, width, translucency, and clears") {
     CHECK(blank());
 }
 
-static std::string paper_looks(const palette &c) {
-    return looks({{.bg = c.card, .radius = 6, .text = c.accent, .border = 3, .border_color = c.line, .pad = 9}});
-}
-
 TEST_CASE("strokes are of the theme's text colour") {
     view_project_t project;
     looks_open(project);
-    looks_theme(project, ZOF_CTRL_SKETCHPAD, paper_looks);
+    looks_theme(project, ZOF_CTRL_SKETCHPAD, [](const palette &c) {
+        return looks({{.bg = c.card, .radius = 6, .text = c.accent, .border = 3, .border_color = c.line, .pad = 9}});
+    });
     project.show({ctrl(ZOF_CTRL_SKETCHPAD, 1, R"("toolbar": 1, "line_width": 6)", box(X, Y, W, H))});
     screen_drag(X + 20, Y + 20, X + 180, Y + 100, 4);
     screen_drag(X + 20, Y + 100, X + 180, Y + 20, 4);
