@@ -50,13 +50,10 @@ inline void looks_open(view_project_t &project) {
     std::filesystem::copy_file(ZOF_PANEL_DIR "/res/font/bench-text.ttf", project.path("font/text.ttf"));
     std::filesystem::copy_file(ZOF_BUILD_DIR "/test-fonts/cn.ttf", project.path("font/cn.ttf"));
     project.more += R"(, "language": "en")";
-    project.write(
-        "config/languages/en.g",
-        R"({"yes": "Yes", "no": "No", "ask": "Delete it?", "none": "", "cut": "\n", "off": "Off", "low": "Low",
-                      "high": "High power"})");
-    project.write("config/languages/de.g",
-                  R"({"yes": "Ja", "no": "Nein", "ask": "Löschen?", "none": "x", "off": "Aus", "low": "Niedrig",
-                      "high": "Hohe Leistung"})");
+    project.write("config/languages/en.g", R"({"yes": "Yes", "no": "No", "ask": "Delete it?", "none": "", "cut": "\n",
+                                               "off": "Off", "low": "Low", "high": "High power"})");
+    project.write("config/languages/de.g", R"({"yes": "Ja", "no": "Nein", "ask": "Löschen?", "none": "x",
+                                               "off": "Aus", "low": "Niedrig", "high": "Hohe Leistung"})");
     project.shown_keys = R"("bg_color": )" + std::to_string(day.view) + R"(, "bg_scale": 255)";
 }
 
@@ -81,11 +78,18 @@ struct picture_row {
     void (*first)() = nullptr;
 };
 
-inline void looks_pictures(const std::vector<picture_row> &rows, u32 controls) {
+// All pictures of a type, whose controls have the numbers from 1 on.
+inline void looks_of(u32 type, std::string (*look_of)(const palette &), const std::vector<std::string> &controls,
+                     const std::vector<picture_row> &rows) {
+    view_project_t project;
+    looks_open(project);
+    looks_theme(project, type, look_of);
+    project.image("dot.png", 16, 16, 0xF2A33A);
+    project.show(controls);
     u32 seen = 0;
     for (const picture_row &row : rows) {
         if (seen != row.only) {
-            for (u32 i = 1; i <= controls; i++) {
+            for (u32 i = 1; i <= controls.size(); i++) {
                 zof_ctrl_set_hidden(at(i), i != row.only);
             }
             screen_step(50);
@@ -101,17 +105,6 @@ inline void looks_pictures(const std::vector<picture_row> &rows, u32 controls) {
             screen_release(touch.x, touch.y);
         }
     }
-}
-
-// All pictures of a type, whose controls have the numbers from 1 on.
-inline void looks_of(u32 type, std::string (*look_of)(const palette &), const std::vector<std::string> &controls,
-                     const std::vector<picture_row> &rows) {
-    view_project_t project;
-    looks_open(project);
-    looks_theme(project, type, look_of);
-    project.image("dot.png", 16, 16, 0xF2A33A);
-    project.show(controls);
-    looks_pictures(rows, (u32)controls.size());
 }
 
 #endif
