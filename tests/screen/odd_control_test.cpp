@@ -55,6 +55,8 @@ TEST_CASE("odd texts, maps, files and sizes of controls are told or lived with")
         {ZOF_CTRL_IMG, R"("init_img": "wide.png")", small, "image/wide.png: cannot be read\n"}, // once
         {ZOF_CTRL_IMG, R"("init_img": "wide.png")", small},
         {ZOF_CTRL_IMG, R"("init_img": "high.jpg")", small, "image/high.jpg: cannot be read\n"},
+        {ZOF_CTRL_TABLE, R"("row_cnt": 3, "col_cnt": 300)", box(0, 0, 100, 10)},
+        {ZOF_CTRL_TABLE, R"("row_cnt": 2, "col_cnt": 2)", box(0, 100, 4194304, 10)},
     };
     view_project_t project;
     std::filesystem::copy(ZOF_MEDIA_DIR, project.path("image"), std::filesystem::copy_options::recursive);
