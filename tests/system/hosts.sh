@@ -25,8 +25,9 @@ until_there() {
     done
 }
 
+# A second of silence ends a frame: on a busy machine the bytes of one may come far apart.
 monitor() {
-    "$build/tools/zof_monitor" watch --panel-link "$work/$1.panel" --host-link "$work/$1.host" --record "$work/$1.rec" \
+    "$build/tools/zof_monitor" watch --panel-link "$work/$1.panel" --host-link "$work/$1.host" --gap 1000 --record "$work/$1.rec" \
         >"$work/$1.monitor.log" 2>&1 &
     pids="$pids $!"
     until_there "$work/$1.host"
