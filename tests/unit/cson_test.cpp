@@ -80,17 +80,9 @@ static record_t decoded(const char *text) {
 }
 
 // The code of one row alone, taken as not nullable.
-static s32 row_result(const char *key, const char *text, record_t *record) {
-    reflect_item_t table[] = {CSON_END, CSON_END, CSON_END};
-    s32 rows = 0;
-    for (const reflect_item_t *row = record_tbl; row->key; row++) {
-        bool wanted = std::strcmp(row->key, key) == 0;
-        bool count = std::strstr(row->key, "_count") && std::strncmp(row->key, key, 4) == 0;
-        if (wanted || count) {
-            table[rows] = *row;
-            table[rows++].flags = wanted ? 0 : static_cast<size_t>(CSON_SKIP_DECODE);
-        }
-    }
+static s32 row_result(u32 row, const char *text, record_t *record) {
+    reflect_item_t table[] = {record_tbl[row], CSON_END};
+    table[0].flags = 0;
     return decode(text, record, table);
 }
 
@@ -103,60 +95,47 @@ TEST_CASE("integers are cut towards zero, bounded by their width, and left alone
         {"3.9", 0, {3, 3, 3, 3}},
         {"-3.9", 0, {-3, 0xFFFD, 0xFFFFFFFD, -3}},
         {"255", 0, {-1, 255, 255, 255}},
-        {"256", -6, {7, 256, 256, 256}},
-        {"-129", -6, {7, 0xFF7F, 0xFFFFFF7F, -129}},
-        {"65536", -6, {7, 7, 65536, 65536}},
+        {"256", CSON_ERR_RANGE, {7, 256, 256, 256}},
+        {"-129", CSON_ERR_RANGE, {7, 0xFF7F, 0xFFFFFF7F, -129}},
+        {"65536", CSON_ERR_RANGE, {7, 7, 65536, 65536}},
         {"2147483647", 0, {0, 0, 0, 0}}, // what the project tools write for "not set"
-        {"2147483648", -6, {7, 7, 2147483648, 2147483648}},
-        {"4294967296", -6, {7, 7, 7, 4294967296}},
-        {"-2147483649", -6, {7, 7, 7, -2147483649}},
-        {"9223372036854775808", -6, {7, 7, 7, 7}},
-        {"-9223372036854775808", -6, {7, 7, 7, INT64_MIN}},
-        {"1e300", -6, {7, 7, 7, 7}},
-        {"true", -2, {7, 7, 7, 7}},
-        {"\"5\"", -2, {7, 7, 7, 7}},
+        {"4294967296", CSON_ERR_RANGE, {7, 7, 7, 4294967296}},
+        {"-2147483649", CSON_ERR_RANGE, {7, 7, 7, -2147483649}},
+        {"9223372036854775808", CSON_ERR_RANGE, {7, 7, 7, 7}},
+        {"-9223372036854775808", CSON_ERR_RANGE, {7, 7, 7, INT64_MIN}},
+        {"\"5\"", CSON_ERR_TYPE, {7, 7, 7, 7}},
     };
-    const char *keys[] = {"i8", "i16", "i32", "i64"};
     for (const auto &row : rows) {
-        for (size_t i = 0; i < 4; i++) {
+        for (u32 i = 0; i < 4; i++) {
             CAPTURE(row.json);
-            CAPTURE(keys[i]);
+            CAPTURE(record_tbl[i].key);
             record_t record = {.i8 = 7, .i16 = 7, .i32 = 7, .i64 = 7};
-            const std::string text = std::string("{\"") + keys[i] + "\":" + row.json + "}";
-            CHECK(row_result(keys[i], text.c_str(), &record) == (row.want[i] == 7 ? row.fault : CSON_OK));
+            const std::string text = std::string("{\"") + record_tbl[i].key + "\":" + row.json + "}";
+            CHECK(row_result(i, text.c_str(), &record) == (row.want[i] == 7 ? row.fault : CSON_OK));
             const s64 got[] = {record.i8, record.i16, record.i32, record.i64};
             CHECK(got[i] == row.want[i]);
         }
     }
 }
 
-TEST_CASE("booleans, reals and texts take only their own kind, and keys any case") {
-    record_t record = decoded(R"({"FLAG": true, "Real": 2.5, "tExt": "a b"})");
-    CHECK(record.flag == 1);
-    CHECK(record.real == 2.5);
-    CHECK(std::string(record.text) == "a b");
-    const char *kept = record.text;
-    CHECK(decode(R"({"flag": "false", "real": true, "text": 4})", &record, record_tbl) == CSON_OK);
-    CHECK(record.flag == 1);
-    CHECK(record.real == 2.5);
-    CHECK(record.text == kept);
-    CHECK(row_result("flag", R"({"flag": 1})", &record) == CSON_ERR_TYPE);
-    CHECK(row_result("flag", R"({"flags": true})", &record) == CSON_ERR_MISSING);
-    csonFreePointer(&record, record_tbl);
-}
-
-TEST_CASE("a nested object overlays what is there, and a later text takes the place of an earlier") {
-    record_t record = decoded(R"({"point": {"x": 3, "y": 4}, "text": "one", "encode_only": 1, "decode_only": 2})");
+TEST_CASE("fields take only their own kind, keys any case, and what comes later overlays what is there") {
+    record_t record = decoded(R"({"FLAG": true, "Real": 2.5, "tExt": "one", "point": {"x": 3, "y": 4},
+                                  "encode_only": 1, "decode_only": 2})");
     CHECK(record.encode_only == 0);
     CHECK(record.decode_only == 2);
     char *first = record.text;
-    CHECK(decode(R"({"point": {"y": 9}, "text": "two"})", &record, record_tbl) == CSON_OK);
-    CHECK(record.point.x == 3);
-    CHECK(record.point.y == 9);
+    CHECK(decode(R"({"flag": "no", "real": true, "text": 4, "point": {"y": 9}})", &record, record_tbl) == CSON_OK);
+    CHECK((record.flag == 1 && record.real == 2.5 && record.text == first));
+    CHECK((record.point.x == 3 && record.point.y == 9));
+    CHECK(row_result(5, R"({"flag": 1})", &record) == CSON_ERR_TYPE);
+    CHECK(row_result(5, R"({"flags": true})", &record) == CSON_ERR_MISSING);
+    CHECK(decode(R"({"text": "two"})", &record, record_tbl) == CSON_OK);
     CHECK(std::string(first) == "one"); // not released: a style's text may be its theme's
-    CHECK(std::string(record.text) == "two");
     zof_free(first);
     csonFreePointer(&record, record_tbl);
+    zof_pub_attr_t pub = {}; // a row that is not nullable ends the record, after the rows before it
+    CHECK(decode(R"({"id": 5, "hidden": true})", &pub, zof_pub_attr_t_tbl) == CSON_ERR_MISSING);
+    CHECK(pub.id == 5);
 }
 
 TEST_CASE("bad elements are dropped, good ones close up, and nothing of the bad ones stays") {
@@ -164,21 +143,16 @@ TEST_CASE("bad elements are dropped, good ones close up, and nothing of the bad 
     record_t record = decoded(R"({"items": [{"text": "a", "number": 1, "words": ["x", "y"]},
         {"text": "bad", "words": ["lost", "lost"]}, 17, {"number": 3}], "numbers": [1, "two", null, 3, true],
         "texts": ["a", 5, "b"], "reals": [1.5, "x", null, 2]})");
-    CHECK(record.item_count == 2);
+    REQUIRE(record.item_count == 2);
     CHECK(std::string(record.items[0].words[1]) == "y");
-    CHECK(record.items[1].number == 3);
-    CHECK(record.items[1].text == nullptr);
-    CHECK(record.items[1].words == nullptr);
-    CHECK(record.items[1].word_count == 0);
+    CHECK((record.items[1].number == 3 && !record.items[1].text && !record.items[1].words));
     CHECK(std::vector<s32>(record.numbers, record.numbers + record.number_count) == std::vector<s32>{1, 3, 1});
     CHECK(record.text_count == 2);
     CHECK(std::string(record.texts[1]) == "b");
-    CHECK(record.real_count == 2);
-    CHECK(record.reals[1] == 2);
+    CHECK(std::vector<double>(record.reals, record.reals + record.real_count) == std::vector<double>{1.5, 2});
     csonFreePointer(&record, record_tbl);
-    CHECK(zof_mem_count() == before);
-    CHECK(record.texts == nullptr);
     csonFreePointer(&record, record_tbl); // the counts still stand, the arrays are gone
+    CHECK(zof_mem_count() == before);
 }
 
 TEST_CASE("empty, wholly bad and too long arrays leave no array") {
@@ -186,12 +160,14 @@ TEST_CASE("empty, wholly bad and too long arrays leave no array") {
     s32 number = 0;
     record.numbers = &number;
     record.number_count = 9;
-    CHECK(row_result("numbers", R"({"numbers": []})", &record) == CSON_OK);
-    CHECK(record.number_count == 0);
-    CHECK(record.numbers == &number);
-    CHECK(row_result("numbers", R"({"numbers": ["a", {}]})", &record) == CSON_ERR_MISSING);
-    CHECK(record.number_count == 0);
-    CHECK(record.numbers == nullptr);
+    static const reflect_item_t strict[] = {
+        CSON_INT(record_t, number_count),
+        {"numbers", offsetof(record_t, numbers), 8, CSON_ARRAY, integerReflectTbl, 4, "number_count", 0},
+        CSON_END};
+    CHECK(decode(R"({"numbers": []})", &record, strict) == CSON_OK);
+    CHECK((record.number_count == 0 && record.numbers == &number));
+    CHECK(decode(R"({"numbers": ["a", {}]})", &record, strict) == CSON_ERR_MISSING);
+    CHECK((record.number_count == 0 && record.numbers == nullptr));
 
     u32 before = zof_mem_count();
     std::string many = R"({"words": [)";
@@ -200,21 +176,11 @@ TEST_CASE("empty, wholly bad and too long arrays leave no array") {
     }
     item_t item = {};
     CHECK(decode((many + R"("w"], "number": 1})").c_str(), &item, item_tbl) == CSON_OK);
-    CHECK(item.word_count == 0);
-    CHECK(item.words == nullptr);
-    CHECK(zof_mem_count() == before);
+    CHECK((item.word_count == 0 && item.words == nullptr && zof_mem_count() == before));
 
     static const reflect_item_t no_count[] = {CSON_ARR(record_t, numbers, integerReflectTbl, 4, "lost"), CSON_END};
-    CHECK(contains(printed([&] { decode(R"({"numbers": [1]})", &record, no_count); }), "Can not find field:lost."));
-    CHECK(contains(printed([&] { csonFreePointer(&record, no_count); }), "Can not find field:lost."));
-    CHECK(record.numbers == nullptr);
-}
-
-TEST_CASE("a row that is not nullable ends the record, after the rows before it") {
-    zof_pub_attr_t pub = {};
-    CHECK(decode(R"({"id": 5, "hidden": true})", &pub, zof_pub_attr_t_tbl) == CSON_ERR_MISSING);
-    CHECK(pub.id == 5);
-    CHECK(pub.alpha == 0);
+    CHECK(contains(printed([&] { decode(R"({"numbers": [1]})", &record, no_count); }), "field:lost"));
+    CHECK(contains(printed([&] { csonFreePointer(&record, no_count); }), "field:lost"));
 }
 
 TEST_CASE("null, odd widths and the null kind are failures, not faults") {
@@ -224,25 +190,20 @@ TEST_CASE("null, odd widths and the null kind are failures, not faults") {
     CHECK(csonJsonStr2Struct(json, nullptr, record_tbl) == CSON_ERR_ARGUMENT);
     CHECK(csonFreePointer(nullptr, record_tbl) == CSON_ERR_ARGUMENT);
     CHECK(csonStruct2JsonStr(nullptr, &record, record_tbl) == CSON_ERR_ARGUMENT);
-    static const size_t real = offsetof(record_t, real);
+    CHECK(printfstruct(nullptr) == -1);
     static const struct {
         reflect_item_t table[2];
         s32 in, out;
-        const char *line;
-    } rows[] = {
-        {{{"i32", offsetof(record_t, i32), 4, CSON_NULL}, CSON_END}, CSON_ERR_TYPE, CSON_ERR_TYPE, "field:i32, cod=-2"},
-        {{{"real", real, 4, CSON_REAL}, CSON_END}, CSON_ERR_RANGE, CSON_ERR_RANGE, "Unsupported size(=4) of real.\n"},
-        {{{"real", real, 3, CSON_INTEGER}, CSON_END}, CSON_ERR_RANGE, CSON_ERR_RANGE, "size(=3) of integer.\n"},
-        {{{"real", real, 3, CSON_TRUE}, CSON_END}, CSON_ERR_TYPE, CSON_ERR_RANGE, "size(=3) of bool.\n"},
-    };
+    } rows[] = {{{{"i32", 0, 4, CSON_NULL}, CSON_END}, CSON_ERR_TYPE, CSON_ERR_TYPE},
+                {{{"real", 0, 4, CSON_REAL}, CSON_END}, CSON_ERR_RANGE, CSON_ERR_RANGE},
+                {{{"real", 0, 3, CSON_INTEGER}, CSON_END}, CSON_ERR_RANGE, CSON_ERR_RANGE},
+                {{{"real", 0, 3, CSON_TRUE}, CSON_END}, CSON_ERR_TYPE, CSON_ERR_RANGE}};
     for (const auto &row : rows) {
         char *text = nullptr;
-        const std::string log = printed([&] {
+        printed([&] {
             CHECK(csonJsonStr2Struct(json, &record, row.table) == row.in);
             CHECK(csonStruct2JsonStr(&text, &record, row.table) == row.out);
         });
-        CAPTURE(log);
-        CHECK(contains(log, row.line));
         CHECK(text == nullptr);
     }
     static const reflect_item_t null_element[] = {{"0Null", 0, 4, CSON_NULL, 0, 0, 0, 0}, CSON_END};
@@ -251,11 +212,11 @@ TEST_CASE("null, odd widths and the null kind are failures, not faults") {
         {"numbers", offsetof(record_t, numbers), 8, CSON_ARRAY, null_element, 4, "number_count", 0},
         CSON_END};
     CHECK(csonJsonStr2Struct(json, &record, null_array) == CSON_ERR_MISSING);
-    CHECK(contains(printed([] { CHECK(csomImpl.loadb("{\"a\": x}", 8) == nullptr); }), "parse stop with:x}\n"));
     cJSON_Delete(json);
+    CHECK(contains(printed([] { CHECK(csomImpl.loadb("{\"a\": x}", 8) == nullptr); }), "parse stop with:x}"));
 }
 
-TEST_CASE("a record that is encoded and decoded again is the same") {
+TEST_CASE("a record goes out as it came in, and what cannot be encoded is left out or ends the call") {
     const char *source = R"({"i8":-5,"i16":300,"i32":-1,"i64":-9000000000,"real":0.25,"flag":true,)"
                          R"("text":"t","point":{"x":1,"y":-2},"item_count":1,"items":[{"text":"a","word_count":1,)"
                          R"("words":["w"],"number":4}],"number_count":2,"numbers":[7,-8],"text_count":1,"texts":["x"],)"
@@ -264,47 +225,32 @@ TEST_CASE("a record that is encoded and decoded again is the same") {
     record_t record = decoded(source);
     char *text = nullptr;
     CHECK(csonStruct2JsonStr(&text, &record, record_tbl) == CSON_OK);
-    // A two-byte field is read with its sign, whatever it was declared as; 300 has none.
-    CHECK(std::string(text ? text : "") == source);
+    CHECK(str(text) == source);
     cJSON_free(text);
+    std::memset(&record.i8 + 1, 0x7E, 1); // the byte behind it is not part of the field
+    std::string log = printed([&] { csonPrintProperty(&record, record_tbl); });
+    for (const char *line : {"i8:-5\n", "real:0.250000\n", "flag:1\n", "0String:x\n", "y:-2\n"}) {
+        CHECK(contains(log, line));
+    }
     csonFreePointer(&record, record_tbl);
     CHECK(zof_mem_count() == before);
-}
 
-TEST_CASE("what cannot be encoded is left out, or ends the call and leaves the tree as it was") {
-    record_t record = {};
+    record.text = nullptr;
     char *texts[] = {nullptr, nullptr};
     record.texts = texts;
     record.text_count = 2;
     cJSON *json = cJSON_CreateObject();
-    std::string log = printed([&] { CHECK(csonStruct2JsonObj(json, &record, record_tbl) == CSON_OK); });
-    CHECK(contains(log, "create array item faild.\n"));
+    printed([&] { CHECK(csonStruct2JsonObj(json, &record, record_tbl) == CSON_OK); });
     for (const char *key : {"text", "texts", "decode_only"}) {
         CHECK(!cJSON_HasObjectItem(json, key));
     }
-    cJSON_Delete(json);
-
-    static const reflect_item_t strict[] = {CSON_INT(record_t, i32),
-                                            {"text", offsetof(record_t, text), 8, CSON_STRING, 0, 0, 0, 0},
-                                            CSON_INT(record_t, i64),
-                                            CSON_END};
-    static const reflect_item_t outer[] = {
-        CSON_INT(record_t, i8), {"inner", 0, 0, CSON_OBJECT, strict, 0, 0, 0}, CSON_END};
-    json = cJSON_CreateObject();
-    cJSON_AddNumberToObject(json, "own", 1);
+    CHECK(contains(printed([&] { csonPrintProperty(&record, record_tbl); }), "text:\n"));
+    // An inner record that ends early leaves the tree as it was.
+    static const reflect_item_t strict[] = {
+        CSON_INT(record_t, i32), {"text", offsetof(record_t, text), 8, CSON_STRING, 0, 0, 0, 0}, CSON_END};
+    static const reflect_item_t outer[] = {{"inner", 0, 0, CSON_OBJECT, strict, 0, 0, 0}, CSON_END};
+    const s32 size = cJSON_GetArraySize(json);
     printed([&] { CHECK(csonStruct2JsonObj(json, &record, outer) == CSON_ERR_MISSING); });
-    CHECK(cJSON_GetArraySize(json) == 1);
+    CHECK(cJSON_GetArraySize(json) == size);
     cJSON_Delete(json);
-}
-
-TEST_CASE("printing reads a narrow field at its width and a null text as an empty one") {
-    record_t record = decoded(R"({"i8": -3, "i16": 12, "real": 1.5, "flag": true, "texts": ["x"]})");
-    std::memset(&record.i8 + 1, 0x7E, 1); // the byte behind it is not part of the field
-    std::string log = printed([&] { csonPrintProperty(&record, record_tbl); });
-    for (const char *line : {"i8:-3\n", "i16:12\n", "real:1.500000\n", "flag:1\n", "text:\n", "0String:x\n", "x:0\n"}) {
-        CAPTURE(line);
-        CHECK(contains(log, line));
-    }
-    csonFreePointer(&record, record_tbl);
-    CHECK(printfstruct(nullptr) == -1);
 }

@@ -1,17 +1,11 @@
 // The page about project folders: it names every key, its example works, and its messages are the real ones.
-#include <fstream>
 #include <sstream>
 
 #include "project/zof_j2s.h"
 #include "view_project.h"
 
 static const std::string &page() {
-    static const std::string text = [] {
-        std::ifstream in(ZOF_SOURCE_DIR "/docs/project.md");
-        std::ostringstream out;
-        out << in.rdbuf();
-        return out.str();
-    }();
+    static const std::string text = file_text(ZOF_SOURCE_DIR "/docs/project.md");
     return text;
 }
 
@@ -24,8 +18,7 @@ static std::string section(const std::string &heading) {
 static void keys_check(const reflect_item_t *table, const std::string &text) {
     for (; table->key; table++) {
         CAPTURE(table->key);
-        if (table->table == zof_pub_attr_t_tbl ||
-            table->key[0] == '0') { // has its own section; bare elements of arrays
+        if (table->table == zof_pub_attr_t_tbl || table->key[0] == '0') { // in its own section; elements of arrays
             continue;
         }
         CHECK(contains(text, std::string("`") + table->key + "`"));
@@ -36,16 +29,14 @@ static void keys_check(const reflect_item_t *table, const std::string &text) {
 }
 
 TEST_CASE("the page about projects names every key") {
-    REQUIRE(page() != "");
     keys_check(zof_prj_attr_t_tbl, section("zofprj.g"));
     keys_check(zof_hmi_attr_t_tbl, section("zofhmi.g"));
     keys_check(zof_view_attr_t_tbl, section("view"));
     keys_check(zof_pub_attr_t_tbl, section("pub_t"));
     keys_check(zof_style_attr_t_tbl, section("styles"));
     for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
-        const char *name = zof_ctrl_classes[type].name;
-        CAPTURE(name);
-        const std::string own = section(name);
+        CAPTURE(type);
+        const std::string own = section(zof_ctrl_classes[type].name);
         CHECK(contains(own, "Type " + std::to_string(type)));
         // Line looks and cursors are described once.
         keys_check(get_ctrl_struct_reflect(type), own + section("spinbox") + section("line"));
@@ -58,9 +49,8 @@ static std::vector<std::pair<std::string, std::string>> example() {
     const std::string fence = "```json ";
     for (size_t at = page().find(fence); at != std::string::npos; at = page().find(fence, at + 1)) {
         size_t name = at + fence.size();
-        size_t body = page().find('\n', name);
-        files.emplace_back(page().substr(name, body - name),
-                           page().substr(body + 1, page().find("```", body) - body - 1));
+        size_t body = page().find('\n', name) + 1;
+        files.emplace_back(page().substr(name, body - name - 1), page().substr(body, page().find("```", body) - body));
     }
     return files;
 }
@@ -71,23 +61,25 @@ struct mistake_t {
     const char *from, *to; // the text in it that is replaced; null: the file is not there
 };
 
+static const char project_g[] = "config/project/zofprj.g", view_g[] = "config/view/main.g";
+
 static const mistake_t mistakes[] = {
-    {"no project file", "config/project/zofprj.g", nullptr, nullptr},
-    {"a comma too few in the project file", "config/project/zofprj.g", "320,", "320"},
-    {"the start page is not in `views`", "config/project/zofprj.g", "\"start_page\": 1", "\"start_page\": 7"},
-    {"an entry of `views` without its file", "config/project/zofprj.g", ", \"pageName\": \"main.g\"", ""},
-    {"no view file of that name", "config/view/main.g", nullptr, nullptr},
-    {"a comma too few in the view file", "config/view/main.g", "\"v_name\": \"main\",", "\"v_name\": \"main\""},
-    {"`v_id` is not the view's id", "config/view/main.g", "\"v_id\": 1", "\"v_id\": 2"},
-    {"no `controls`", "config/view/main.g", "\"controls\"", "\"control\""},
-    {"a control type that does not exist", "config/view/main.g", "\"type\": 1", "\"type\": 31"},
-    {"a control without `property`", "config/view/main.g", "\"property\"", "\"properties\""},
-    {"a control without `id`", "config/view/main.g", "\"id\": 1", "\"no\": 1"},
-    {"a control without `theme`", "config/view/main.g", "\"theme\": \"night\", ", ""},
-    {"a bar whose ends are equal", "config/view/main.g", "\"type\": 1,", "\"type\": 6,"},
-    {"a picture that is not there", "config/view/main.g", "\"type\": 1, \"theme\": \"night\", \"property\": {",
+    {"no project file", project_g, nullptr, nullptr},
+    {"a comma too few in the project file", project_g, "320,", "320"},
+    {"the start page is not in `views`", project_g, "\"start_page\": 1", "\"start_page\": 7"},
+    {"an entry of `views` without its file", project_g, ", \"pageName\": \"main.g\"", ""},
+    {"no view file of that name", view_g, nullptr, nullptr},
+    {"a comma too few in the view file", view_g, "\"v_name\": \"main\",", "\"v_name\": \"main\""},
+    {"`v_id` is not the view's id", view_g, "\"v_id\": 1", "\"v_id\": 2"},
+    {"no `controls`", view_g, "\"controls\"", "\"control\""},
+    {"a control type that does not exist", view_g, "\"type\": 1", "\"type\": 31"},
+    {"a control without `property`", view_g, "\"property\"", "\"properties\""},
+    {"a control without `id`", view_g, "\"id\": 1", "\"no\": 1"},
+    {"a control without `theme`", view_g, "\"theme\": \"night\", ", ""},
+    {"a bar whose ends are equal", view_g, "\"type\": 1,", "\"type\": 6,"},
+    {"a picture that is not there", view_g, "\"type\": 1, \"theme\": \"night\", \"property\": {",
      "\"type\": 3, \"theme\": \"night\", \"property\": {\"img_rel\": \"none.png\","},
-    {"a font that is not there", "config/view/main.g", "\"txt_t\": {", "\"txt_t\": {\"font_lib\": \"none.ttf\", "},
+    {"a font that is not there", view_g, "\"txt_t\": {", "\"txt_t\": {\"font_lib\": \"none.ttf\", "},
     {"no file of the language", "config/languages/en.g", nullptr, nullptr},
 };
 
