@@ -52,6 +52,13 @@ static u16 block_of(int rate) {
     return samples;
 }
 
+SDL_AudioDeviceID win_audio_open(const SDL_AudioSpec *want, SDL_AudioSpec *got) {
+    static std::mutex lock;
+    const std::lock_guard<std::mutex> guard(lock);
+    const bool ready = SDL_WasInit(SDL_INIT_AUDIO) || SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+    return ready ? SDL_OpenAudioDevice(nullptr, 0, want, got, 0) : 0;
+}
+
 bool sound_device_open(int rate, SDL_AudioFormat format, u8 channels) {
     SDL_AudioSpec want = {};
     want.freq = rate;
@@ -61,14 +68,11 @@ bool sound_device_open(int rate, SDL_AudioFormat format, u8 channels) {
     want.callback = device_fill;
     sound.put = 0;
     sound.taken = 0;
-    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
-        return false;
-    }
     const std::lock_guard<std::mutex> guard(audio.lock);
     audio.primed = false;
-    audio.device = SDL_OpenAudioDevice(nullptr, 0, &want, &audio.spec, 0); // paused
+    audio.device = win_audio_open(&want, &audio.spec);
     if (!audio.device && win_beep_yield()) {
-        audio.device = SDL_OpenAudioDevice(nullptr, 0, &want, &audio.spec, 0);
+        audio.device = win_audio_open(&want, &audio.spec);
     }
     return audio.device != 0;
 }

@@ -30,7 +30,7 @@ static SDL_AudioDeviceID device() {
     want.format = AUDIO_S16SYS;
     want.channels = 1;
     want.samples = 1024;
-    beep.opened = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0 ? SDL_OpenAudioDevice(nullptr, 0, &want, nullptr, 0) : 0;
+    beep.opened = win_audio_open(&want, nullptr);
     if (!beep.opened && !beep.said) {
         zof_printf("beeper: no sound device (%s); tones are silent", SDL_GetError());
         beep.said = true;

@@ -24,6 +24,10 @@ struct win_sound {
 };
 extern win_sound sound;
 
+// Opens a device, paused; 0 with SDL's reason. Tones and sounds come here: SDL counts its starts in eight bits, and two
+// threads that open at once may be given the same device.
+SDL_AudioDeviceID win_audio_open(const SDL_AudioSpec *want, SDL_AudioSpec *got);
+
 // For the playing thread. Opens the device for these samples; false with SDL's reason. Close lets go of it.
 bool sound_device_open(int rate, SDL_AudioFormat format, u8 channels);
 void sound_device_close(void);

@@ -1,4 +1,5 @@
 // MP3, AAC and the sound of clips, by FFmpeg: every frame becomes 16 bit stereo at the file's own rate.
+#include <stdio.h>
 #include <string.h>
 
 #include "port/ff_media.h"
@@ -41,6 +42,16 @@ static const char *converter_make(sound_run *r) {
     return set == 0 && swr_init(r->swr) == 0 && r->buffer && r->packet && r->frame ? nullptr : "no memory\n";
 }
 
+// Why there is no device.
+static const char *device_missing() {
+    static char why[160];
+    if (SDL_WasInit(SDL_INIT_AUDIO)) {
+        return "can't open audio.\n";
+    }
+    snprintf(why, sizeof(why), "Could not initialize SDL - %s\n", SDL_GetError());
+    return why;
+}
+
 // Null, or what went wrong.
 static const char *run_open(sound_run *r) {
     const char *extension = strrchr(sound.audio_file, '.');
@@ -57,7 +68,7 @@ static const char *run_open(sound_run *r) {
     if (wrong) {
         return wrong;
     }
-    return sound_device_open(r->rate, AUDIO_S16SYS, STEREO) ? nullptr : "can't open audio.\n";
+    return sound_device_open(r->rate, AUDIO_S16SYS, STEREO) ? nullptr : device_missing();
 }
 
 // False when the thread is to end, or the file's form changes.
