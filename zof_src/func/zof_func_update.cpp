@@ -118,8 +118,8 @@ static void update_try(const char *medium, const char *folder, const char *targe
     if (n < 0 || n + 4 >= PATH_SIZE || zof_file_kind(src) != ZOF_FILE_FOLDER) {
         return;
     }
-    if (zof_dir_copy_async_statue() == 0) {
-        zof_printf("%s is left alone: another copy runs\n", src);
+    if (watch.down_start) { // also when that copy is over by now
+        zof_printf("%s is left alone: another medium came first\n", src);
         return;
     }
     // The third element lets the copy go into the target itself.
