@@ -41,6 +41,10 @@ TEST_CASE("a video control plays the project's clips in its box, and goes with i
     zof_video_set_state(at(1), ZOF_MEDIA_PAUSE);
     screen_step(1000);
     CHECK(screen_pixel(139, 109) == shade(10));
+    CHECK(((zof_video_attr_t *)at(1)->attr)->state == ZOF_MEDIA_PAUSE);
+    zof_video_set_state(at(1), ZOF_MEDIA_PAUSE); // asked twice it is a stop
+    CHECK(((zof_video_attr_t *)at(1)->attr)->state == ZOF_MEDIA_STOP);
+    CHECK(zof_video_get_state(at(1)) == ZOF_MEDIA_STOP);
     zof_video_set_state(at(1), ZOF_MEDIA_RESUME);
     screen_step(1600); // over its end: it replays
     CHECK(zof_video_get_state(at(1)) == ZOF_MEDIA_PLAY);

@@ -7,8 +7,17 @@
 #include "drv/zof_drv_video.h"
 #include "project/zof_res.h"
 
+// The attributes say what was asked for, except that a pause of what does not play is a stop.
+static s32 state_set(zof_video_attr_t *video, lv_obj_t *obj, u32 state) {
+    const bool idle = zof_drv_video_get_state(obj) != ZOF_MEDIA_PLAY;
+    if (video) {
+        video->state = state == ZOF_MEDIA_PAUSE && idle ? (u32)ZOF_MEDIA_STOP : state;
+    }
+    return zof_drv_video_set_state(obj, state);
+}
+
 s32 zof_video_create(para_t *record, lv_obj_t *parent, void *attr) {
-    const auto *video = (const zof_video_attr_t *)attr;
+    auto *video = (zof_video_attr_t *)attr;
     if (!record || !video)
         return -1;
     lv_obj_t *obj = record->obj = zof_drv_video_create(parent);
@@ -19,7 +28,7 @@ s32 zof_video_create(para_t *record, lv_obj_t *parent, void *attr) {
     lv_obj_set_user_data(obj, record);
     zof_drv_video_set_pos(obj, pub->pt.x, pub->pt.y, (u32)pub->size.width, (u32)pub->size.height);
     zof_drv_video_set_volum(obj, video->volume);
-    zof_drv_video_set_state(obj, video->state);
+    state_set(video, obj, video->state);
     zof_drv_video_set_one_replay(obj, video->play_en);
     return 0;
 }
@@ -39,7 +48,8 @@ s32 zof_video_set_volum(zof_ctrl_t *ctrl, u8 volume) {
 }
 
 s32 zof_video_set_state(zof_ctrl_t *ctrl, u32 state) {
-    return zof_on(ctrl, [=](lv_obj_t *obj) { return zof_drv_video_set_state(obj, state); });
+    auto *video = zof_ctrl_attr<zof_video_attr_t>(ctrl, ZOF_CTRL_VIDEO);
+    return zof_on(ctrl, [=](lv_obj_t *obj) { return state_set(video, obj, state); });
 }
 
 s32 zof_video_set_one_replay(zof_ctrl_t *ctrl, zof_bool replay) {
