@@ -310,19 +310,25 @@ static void typing_init(void) {
 }
 
 // Messages -----------------------------------------------------------------------------------------------------------
+// In place of the other one.
+static void box_open(u32 box) {
+    zof_mbox_s_close(at(12, box == VIEW12_ASK_ID ? VIEW12_TELL_ID : VIEW12_ASK_ID));
+    zof_mbox_s_open(at(12, box));
+}
+
 static void open_ask_event(zof_ctrl_t *, zof_event_e event) {
     if (event == ZOF_EVENT_CLICKED)
-        zof_mbox_s_open(at(12, VIEW12_ASK_ID));
+        box_open(VIEW12_ASK_ID);
 }
 
 static void open_tell_event(zof_ctrl_t *, zof_event_e event) {
     if (event == ZOF_EVENT_CLICKED)
-        zof_mbox_s_open(at(12, VIEW12_TELL_ID));
+        box_open(VIEW12_TELL_ID);
 }
 
 static void open_soon_event(zof_ctrl_t *, zof_event_e event) {
     if (event == ZOF_EVENT_CLICKED) {
-        zof_mbox_s_open(at(12, VIEW12_TELL_ID));
+        box_open(VIEW12_TELL_ID);
         zof_mbox_start_auto_close(at(12, VIEW12_TELL_ID), 1500);
     }
 }

@@ -69,7 +69,8 @@ def themes(p):
         "rollist": [style(bg=p["raised"], radius=10, **{**words, "text_opa": 130}), style(SELECTED, radius=6, **lit)],
         "chart": [style(bg=p["raised"], radius=10, pad=10, border=(p["line"], 1), **words), style(TICKS, **{**words, "size": 12}),
                   style(INDICATOR, radius=ROUND, opa=255)],
-        "table": [style(opa=0, radius=10, **words), style(ITEMS, bg=p["raised"], border=(p["line"], 1), pad=9, **words), scrollbar],
+        # LVGL makes a table a pixel smaller than its cells, which would cost their last lines.
+        "table": [style(opa=0, radius=10, border=(p["line"], 0), pad=(0, 1, 1, 0), **words), style(ITEMS, bg=p["raised"], border=(p["line"], 1), pad=9, **words), scrollbar],
         "spinbox": [style(**field)],
         # Without a font of its own: LVGL's has the symbols.
         "keyboard": [style(bg=p["card"], pad=4), style(ITEMS, **plain_key), style(ITEMS, PRESSED, **{**plain_key, "bg": p["accent"], "color": p["on"]}),
