@@ -4,6 +4,7 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
 #include "project/zof_style.h"
+#include "zof_lib/zof_stdio.h"
 
 // One axis of an endless view during one event.
 typedef struct {
@@ -185,8 +186,14 @@ static lv_obj_t *endless_tile_add(lv_obj_t *parent, zof_tileview_attr_t *view, c
         return nullptr;
     u8 col = (u8)(tile->col_id + (ahead && tile->dir == LV_DIR_HOR));
     u8 row = (u8)(tile->row_id + (ahead && tile->dir == LV_DIR_VER));
+    bool last = lv_obj_get_child_cnt(parent) + 1 == (u32)view->count + ahead;
+    if (last && view->start_id + 1u >= (u32)view->count + ahead) {
+        zof_printf("tile view %u: no page lies behind start_id %u, where an endless view stands", view->pub_t.id,
+                   view->start_id);
+        return nullptr;
+    }
     lv_obj_t *obj = lv_tileview_add_tile(parent, col, row, tile->dir);
-    if (obj && lv_obj_get_index(obj) + 1 == (u32)view->count + ahead)
+    if (obj && last)
         ring_close(parent, view, tile->dir);
     return obj;
 }
