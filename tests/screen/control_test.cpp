@@ -2,7 +2,7 @@
 #include "view_project.h"
 
 static std::string child_of(u32 parent, u32 id) {
-    return ctrl(ZOF_CTRL_OBJ, id, "", R"("parent_id": )" + std::to_string(parent));
+    return ctrl(ZOF_CTRL_OBJ, id, "", form(R"("parent_id": %u)", parent));
 }
 
 TEST_CASE("what cannot be built is told and left out, and the view goes on") {
@@ -16,29 +16,28 @@ TEST_CASE("what cannot be built is told and left out, and the view goes on") {
         ctrl(ZOF_CTRL_BTN, 5), // an id that is taken
         child_of(5, 6),
     });
-    CHECK(contains(said, "err: create ctrl[c1,1] fail"));
-    CHECK(contains(said, "err: create ctrl[c2,2] fail"));
-    CHECK(contains(said, "err: create ctrl[c3,3] fail"));
+    for (const char *line : {"err: create ctrl[c1,1] fail", "err: create ctrl[c2,2] fail", "[c3,3] fail"}) {
+        CHECK(contains(said, line));
+    }
     CHECK(zof_ctrl_get_form_id(1, 2) == nullptr);
     CHECK(at(4)->parent == zof_view_list_get(1));
     CHECK(at(5)->attr->ctrl_type == ZOF_CTRL_LABEL);
     CHECK(lv_obj_get_parent(at(6)->obj) == at(5)->obj);
+    CHECK(zof_ctrl_list_create(zof_view_list_get(1)) == 0); // complete: nothing happens
     CHECK(zof_view_list_get(1)->ctrl_list->count == 3);
-    CHECK(zof_ctrl_list_create(zof_view_list_get(1)) == 0);             // complete: nothing happens
     CHECK(zof_ctrl_create(lv_scr_act(), at(5), at(5)->attr, 30) == -1); // above the table of types
 }
 
 TEST_CASE("parents are found in the file's order, at the latest at the next walk, and never within themselves") {
     view_project_t project;
     project.view(2, {});
-    std::string said = project.show({child_of(2, 1), ctrl(ZOF_CTRL_OBJ, 2), child_of(3, 3), child_of(5, 4),
-                                     child_of(4, 5), ctrl(ZOF_CTRL_OBJ, 6, "", R"("pub": true)")});
-    CHECK(said == "");
+    CHECK(project.show({child_of(2, 1), ctrl(ZOF_CTRL_OBJ, 2), child_of(3, 3), child_of(5, 4), child_of(4, 5),
+                        ctrl(ZOF_CTRL_OBJ, 6, "", R"("pub": true)")}) == "");
     lv_obj_t *view = zof_view_list_get(1)->obj;
     CHECK(lv_obj_get_parent(at(1)->obj) == view);
     CHECK(lv_obj_get_parent(at(5)->obj) == at(4)->obj);
     zof_view_set_dis_view(2);
-    said = printed([] { zof_view_set_dis_view(1); });
+    const std::string said = printed([] { zof_view_set_dis_view(1); });
     CHECK(lv_obj_get_parent(at(1)->obj) == at(2)->obj);
     CHECK(contains(said, "control 3: its parent 3 lies within it"));
     CHECK(contains(said, "control 4: its parent 5 lies within it"));
@@ -48,13 +47,13 @@ TEST_CASE("parents are found in the file's order, at the latest at the next walk
 
 TEST_CASE("a press reaches the hook and the control's function, in LVGL's numbers") {
     view_project_t project;
-    ctrl_funs = {{1, on_event}, {3, nullptr}};
+    ctrl_funs = {{1, on_event}};
     static std::string hooked;
-    project.show({ctrl(ZOF_CTRL_LABEL, 1, "", box(10, 10, 100, 40)), ctrl(ZOF_CTRL_LABEL, 2, "", box(10, 60, 100, 40)),
-                  ctrl(ZOF_CTRL_LABEL, 3, "", box(10, 110, 100, 40))});
+    project.show(
+        {ctrl(ZOF_CTRL_LABEL, 1, "", box(10, 10, 100, 40)), ctrl(ZOF_CTRL_LABEL, 2, "", box(10, 60, 100, 40))});
     zof_ctrl_set_event_all([](u32 view, u32 id, u8 event) {
         if (event != ZOF_EVENT_PRESSING) {
-            hooked += " " + std::to_string(view) + "." + std::to_string(id) + ":" + std::to_string(event);
+            hooked += form(" %u.%u:%d", view, id, event);
         }
     });
     screen_click(20, 20);
@@ -62,20 +61,20 @@ TEST_CASE("a press reaches the hook and the control's function, in LVGL's number
     CHECK(taken(hooked) == " 1.1:1 1.1:14 1.1:8 1.1:4 1.1:7");
     screen_click(20, 70);
     CHECK(taken(hooked) == " 1.1:15"); // only that it is no longer the one touched last
-    screen_click(20, 120);
-    CHECK(taken(hooked) == "");
     taken(events);
-    zof_event_send(at(1), ZOF_EVENT_VALUE_CHANGED, nullptr);
-    zof_event_send(at(1), ZOF_EVENT_SCROLL_END_ANIM, nullptr);
-    zof_event_send(at(1), ZOF_EVENT_READY, nullptr); // not passed on
-    CHECK(taken(events) == " 1:28 1:47");
+    for (zof_event_e event : {ZOF_EVENT_VALUE_CHANGED, ZOF_EVENT_SCROLL_END_ANIM, ZOF_EVENT_READY}) {
+        zof_event_send(at(1), event, nullptr);
+    }
+    CHECK(taken(events) == " 1:28 1:47"); // the last is not passed on
 }
 
 TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
     view_project_t project;
     project.image("a.png", 100, 40, 0xFF0000);
-    ctrl_funs = {{1, on_event}, {2, on_event}, {3, on_event}, {4, on_event},
-                 {5, on_event}, {6, on_event}, {7, on_event}};
+    ctrl_funs.clear();
+    for (u32 id = 1; id <= 6; id++) {
+        ctrl_funs.push_back({id, on_event});
+    }
     const std::string no_scroll = R"(, "scrollbar_t": {"dir_e": 0})";
     project.show({ctrl(ZOF_CTRL_LABEL, 1, R"("auto_hight": 1)", box(0, 0, 100, 40)),
                   ctrl(ZOF_CTRL_BTN, 2, "", box(0, 40, 100, 40) + no_scroll),
@@ -93,14 +92,12 @@ TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
         screen_move(150, 230);
         screen_move(50, middles[i]); // and back: the press is over until the finger is lifted
         screen_release(50, middles[i]);
-        std::string got = taken(events);
-        CHECK(contains(got, id + ":1"));
+        const std::string got = taken(events);
         CHECK(contains(got, id + ":3"));
-        CHECK_FALSE(contains(got, ":7"));
-        CHECK_FALSE(contains(got, ":8"));
-        CHECK(zof_ctrl_state_judge(at(i + 1), LV_STATE_PRESSED) == 0);
         CHECK(got.find(id + ":3") == got.rfind(id + ":3")); // told once
-        screen_click(160, 230);                             // elsewhere: it no longer has the focus
+        CHECK(got.find(":7") + got.find(":8") + 2 == 0);    // neither
+        CHECK(zof_ctrl_state_judge(at(i + 1), LV_STATE_PRESSED) == 0);
+        screen_click(160, 230); // elsewhere: it no longer has the focus
         CHECK(zof_ctrl_state_judge(at(i + 1), LV_STATE_FOCUSED) == 0);
         screen_click(50, middles[i]); // the next press is heard
         CHECK(contains(taken(events), id + ":7"));
@@ -108,51 +105,37 @@ TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
     screen_press(250, 30);
     screen_move(290, 150); // a slider is held on to
     screen_release(290, 150);
-    CHECK(contains(taken(events), " 6:28"));
     CHECK(zof_slider_get_value(at(6)) == 90);
 }
 
-TEST_CASE("a list can be flung by its rows, however fast the finger") {
+TEST_CASE("a list is flung by its rows, however fast the finger, and a swipe reaches the one that waits for it") {
     view_project_t project;
-    ctrl_funs = {{2, on_event}, {3, on_event}};
-    const std::string rows = R"("scrollbar_t": {"dir_e": 12, "momentum": true})";
-    const std::string row = R"("parent_id": 1, "scrollbar_t": {"chain_e": 3}, )";
-    project.show({ctrl(ZOF_CTRL_OBJ, 1, "", box(0, 0, 200, 200) + ", " + rows),
-                  ctrl(ZOF_CTRL_OBJ, 2, "", row + box(0, 0, 160, 50)),
-                  ctrl(ZOF_CTRL_OBJ, 3, "", row + box(0, 60, 160, 50)),
-                  ctrl(ZOF_CTRL_OBJ, 4, "", row + box(0, 500, 160, 50))});
+    ctrl_funs = {{2, on_event}, {3, on_event}, {5, on_event}, {6, on_event}};
+    const std::string row = R"("parent_id": 1, "scrollbar_t": {"chain_e": 3}, )",
+                      still = R"("scrollbar_t": {"dir_e": 0}, )";
+    project.show(
+        {ctrl(ZOF_CTRL_OBJ, 1, "", R"("scrollbar_t": {"dir_e": 12, "momentum": true}, )" + box(0, 0, 200, 150)),
+         ctrl(ZOF_CTRL_OBJ, 2, "", row + box(0, 0, 160, 50)), ctrl(ZOF_CTRL_OBJ, 3, "", row + box(0, 60, 160, 50)),
+         ctrl(ZOF_CTRL_OBJ, 4, "", row + box(0, 500, 160, 50)), ctrl(ZOF_CTRL_OBJ, 5, "", still + box(0, 160, 320, 80)),
+         ctrl(ZOF_CTRL_OBJ, 6, "", R"("parent_id": 5, )" + still + box(10, 10, 40, 40))});
     screen_drag(80, 90, 80, 20, 2); // past the row in one step
     CHECK(zof_ctrl_scroll_get_y(at(1)) > 10);
     CHECK_FALSE(contains(taken(events), ":7"));
+    CHECK(zof_ctrl_set_gesture_bubble(at(5), ZOF_FALSE) == 0);
+    screen_drag(40, 200, 280, 200, 4);
+    CHECK(contains(taken(events), " 5:12"));
 }
 
-TEST_CASE("a swipe that begins on a small control reaches the one that waits for it") {
+TEST_CASE("a control may be deleted by the hook, and leave its view, in its own event") {
     view_project_t project;
-    ctrl_funs = {{1, on_event}, {2, on_event}};
-    const std::string inside = R"("parent_id": 1, "scrollbar_t": {"dir_e": 0}, )";
-    project.show({ctrl(ZOF_CTRL_OBJ, 1, "", box(0, 0, 300, 200) + R"(, "scrollbar_t": {"dir_e": 0})"),
-                  ctrl(ZOF_CTRL_OBJ, 2, "", inside + box(10, 10, 40, 40))});
-    CHECK(zof_ctrl_set_gesture_bubble(at(1), ZOF_FALSE) == 0);
-    screen_drag(40, 40, 280, 40, 4);
-    CHECK(contains(taken(events), " 1:12"));
-}
-
-TEST_CASE("a control may be deleted in its own event, by its function or by the hook") {
-    view_project_t project;
-    auto go = [](zof_ctrl_t *ctrl, zof_event_e event) {
-        if (event == ZOF_EVENT_CLICKED && ctrl == at(1)) {
-            CHECK(zof_ctrl_delete(at(1)) == 0);
-        } else if (event == ZOF_EVENT_CLICKED) {
-            zof_view_set_dis_view(2);
-        }
-    };
-    ctrl_funs = {{1, go}, {2, on_event}, {3, go}};
+    ctrl_funs = {{2, on_event}, {3, [](zof_ctrl_t *, zof_event_e event) {
+                                     if (event == ZOF_EVENT_CLICKED) {
+                                         zof_view_set_dis_view(2);
+                                     }
+                                 }}};
     project.view(2, {});
-    project.show({ctrl(ZOF_CTRL_BTN, 1, R"("txt": "a")", box(0, 0, 100, 40)),
-                  ctrl(ZOF_CTRL_BTN, 2, "", box(0, 50, 100, 40)),
+    project.show({ctrl(ZOF_CTRL_BTN, 2, "", box(0, 50, 100, 40)),
                   ctrl(ZOF_CTRL_BTN, 3, "", R"("pub": true, )" + box(0, 100, 100, 40))});
-    screen_click(10, 10);
-    CHECK(at(1)->obj == nullptr);
     zof_ctrl_set_event_all([](u32 view, u32 id, u8 event) {
         if (event == ZOF_EVENT_CLICKED) {
             zof_ctrl_delete(zof_ctrl_get_form_id(view, id));
@@ -162,7 +145,7 @@ TEST_CASE("a control may be deleted in its own event, by its function or by the 
     CHECK_FALSE(contains(taken(events), ":7"));
     CHECK(at(2)->obj == nullptr);
     zof_ctrl_set_event_all(nullptr);
-    screen_click(10, 110); // leaves the view that its control lives with
+    screen_click(10, 110);
     CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
     screen_step(50);
 }
@@ -172,39 +155,30 @@ TEST_CASE("deleting a control leaves an empty record, and its children's records
     project.view(2, {});
     project.show({ctrl(ZOF_CTRL_OBJ, 1), child_of(1, 2), ctrl(ZOF_CTRL_LABEL, 3, R"("txt": "x")", R"("parent_id": 2)"),
                   ctrl(ZOF_CTRL_OBJ, 4), ctrl(ZOF_CTRL_OBJ, 5, "", R"("pub": true)")});
-    para_t *child = at(3);
+    para_t *child = at(3), *gone = at(4);
     CHECK(zof_ctrl_delete(at(1)) == 0);
     for (u32 id : {1, 2, 3}) {
-        CHECK(at(id)->obj == nullptr);
-        CHECK(at(id)->parent == nullptr);
-        CHECK(at(id)->is_created == 0);
+        CHECK((!at(id)->obj && !at(id)->parent && !at(id)->is_created));
     }
     CHECK(at(3) == child);
     CHECK(zof_label_set_txt(child, "y") == -1);
     CHECK(zof_ctrl_txt_update() == 0);
     CHECK(zof_ctrl_delete(at(1)) == -1);
     CHECK(zof_ctrl_show(1, 1) == at(1)); // nothing is left to make it from
-
-    para_t *gone = at(4);
-    zof_ctrl_set_hidden(gone, ZOF_TRUE);
-    CHECK(zof_ctrl_show(1, 4) == gone);
-    CHECK(zof_ctrl_get_hidden(gone) == 0);
     CHECK(zof_ctrl_del(1, 4) == 0);
     CHECK(zof_ctrl_get_form_id(1, 4) == nullptr);
     zof_ctrl_obj_del(gone);
     CHECK(zof_ctrl_del(1, 4) == -1);
-
     zof_view_set_dis_view(2); // the next showing makes them all again
     zof_view_set_dis_view(1);
     CHECK(std::string(zof_label_get_text(at(3))) == "x");
     CHECK(lv_obj_get_parent(at(3)->obj) == at(2)->obj);
 }
 
-TEST_CASE("any LVGL object is a handle") {
+TEST_CASE("any LVGL object is a handle, and a wrong one is refused") {
     view_project_t project;
     project.show({ctrl(ZOF_CTRL_BTN, 1, R"("txt": "a")", box(10, 20, 100, 40))});
     zof_ctrl_t *label = zof_ctrl_get_child(at(1), 0);
-    REQUIRE(label);
     CHECK(zof_label_set_txt(label, "inner") == 0);
     CHECK(std::string(zof_label_get_text(label)) == "inner");
     CHECK(zof_ctrl_get_id_form_ctrl(label) == -1);
@@ -212,7 +186,6 @@ TEST_CASE("any LVGL object is a handle") {
     CHECK(zof_ctrl_get_attr_from_ctrl(nullptr) == (void *)(intptr_t)-1);
     CHECK(zof_ctrl_get_id_form_ctrl(zof_ctrl_obj(at(1))) == 1);
     CHECK(zof_label_set_txt(at(1), "not a label") == -1);
-    CHECK(zof_bar_set_value(at(1), 3) == -1);
     CHECK(zof_ctrl_get_child_sum(zof_view_list_get(1)) == 1);
     CHECK(zof_ctrl_move_forground(zof_view_list_get(1)) == -1); // it is in nobody's list of children
 }
@@ -229,19 +202,14 @@ TEST_CASE("a control takes its common properties from the file, and odd values a
     CHECK(lv_obj_get_scroll_dir(obj) == LV_DIR_HOR);
     CHECK(lv_obj_has_flag(at(2)->obj, LV_OBJ_FLAG_CLICKABLE)); // LVGL's own choice
     CHECK(zof_ctrl_set_touch(at(1), 2) == -1);
-    CHECK_FALSE(lv_obj_has_flag(obj, LV_OBJ_FLAG_CLICKABLE));
     CHECK(zof_ctrl_set_align(at(1), at(2), LV_ALIGN_OUT_RIGHT_TOP, 3, 0) == 0);
     zof_ctrl_update_location(at(1));
     CHECK(zof_ctrl_get_x(at(1)) == 73);
     CHECK(zof_map_relation(5, 5, 5, 1, 2) == 2); // equal ends
-
-    struct {
-        u16 angle;
-        s32 tenths;
-    } turns[] = {{90, 910}, {270, 2710}, {450, 4510}, {0, 0}, {360, 0}, {45, 450}, {180, 1800}, {65430, 654310}};
-    for (const auto &turn : turns) {
-        CHECK(zof_ctrl_rotate_angel(at(1), 3, 4, turn.angle) == 0);
-        CHECK(lv_obj_get_style_transform_angle(obj, 0) == turn.tenths);
+    for (const auto &[angle, tenths] :
+         {std::pair{90, 910}, {450, 4510}, {0, 0}, {360, 0}, {45, 450}, {65430, 654310}}) {
+        CHECK(zof_ctrl_rotate_angel(at(1), 3, 4, (u16)angle) == 0);
+        CHECK(lv_obj_get_style_transform_angle(obj, 0) == tenths);
     }
 }
 
@@ -251,14 +219,11 @@ TEST_CASE("an animation runs its values along its path, and ends with its object
     static s32 reached;
     zof_anim_dsc_t dsc = {};
     dsc.time = 100;
-    dsc.delay = 50;
     dsc.start_value = 10;
     dsc.end_value = 110;
     dsc.path = ZOF_ANIM_PATH_LINEAR;
     dsc.exec_cb = [](void *, s32 value) { reached = value; };
     CHECK(zof_animation_set(at(1), &dsc) == 0);
-    screen_step(50);
-    CHECK(reached < 30);
     screen_step(50);
     CHECK(abs(reached - 60) < 30);
     screen_step(200);
@@ -280,10 +245,7 @@ template <typename... F> static void all_refuse(zof_ctrl_t *handle, F... functio
         return function((H *)handle, A{}...);
     };
     const s32 results[] = {call(functions)...};
-    for (size_t i = 0; i < sizeof...(functions); i++) {
-        CAPTURE(i);
-        CHECK(results[i] == -1);
-    }
+    CHECK(std::count(std::begin(results), std::end(results), -1) == sizeof...(functions));
 }
 
 TEST_CASE("every operation is harmless without an object") {
@@ -305,8 +267,7 @@ TEST_CASE("every operation is harmless without an object") {
         CHECK(zof_animation_del(c, nullptr) == 255);
         CHECK(zof_ctrl_get_child(c, 0) == nullptr);
         CHECK(zof_img_get_src(c) == nullptr);
-        CHECK(zof_sw_get_state(c) == 0);
-        CHECK(zof_cb_is_checked(c) == 0);
+        CHECK(zof_sw_get_state(c) + zof_cb_is_checked(c) == 0);
     }
     zof_ctrl_obj_del(nullptr);
     zof_event_cb_t(nullptr);

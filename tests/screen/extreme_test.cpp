@@ -18,8 +18,8 @@ static void numbers_of(const reflect_item_t *table, const std::string &before, s
 }
 
 static void number_put(cJSON *root, const std::string &key, double value) {
-    size_t dot = key.find('.');
-    std::string name = key.substr(0, dot);
+    const size_t dot = key.find('.');
+    const std::string name = key.substr(0, dot);
     if (dot == std::string::npos) {
         cJSON_DeleteItemFromObject(root, name.c_str());
         cJSON_AddNumberToObject(root, name.c_str(), value);
@@ -34,11 +34,11 @@ static std::string sound_control(u32 type, u32 id) {
                 R"("txt": "some text", "minValue": 0, "maxValue": 50, "range_max": 50, "int_cnt": 3, "img_mode_e": 2,
                    "init_img": "a.png", "img_rel": "a.png", "pos_mode_e": 1, "know_dis_en": true, "dis_mode_e": 3,
                    "auto_hight": 1, "align_e": 34, "anim_time": 20, "range_t": {"maxValue": 50},
-                   "angle_t": {"end_angle": 270}, "arc_t_main": {"width": 5, "opa": 255},
-                   "arc_t_inc": {"width": 5, "opa": 255}, "dis_t": {"opa": 255},
-                   "unlimited_scroll": 1, "start_id": 1, "count": 3, "dir": 3, "col_id": )" +
+                   "angle_t": {"end_angle": 270}, "arc_t_main": {"width": 5, "opa": 255}, "count": 3, "dir": 3,
+                   "arc_t_inc": {"width": 5, "opa": 255}, "dis_t": {"opa": 255}, "unlimited_scroll": 1, "start_id": 1,
+                   "col_id": )" +
                     std::to_string(id % 3),
-                std::string(R"("pub": true, )") + (type == ZOF_CTRL_TILE ? R"("parent_id": 1, )" : "") +
+                (type == ZOF_CTRL_TILE ? R"("pub": true, "parent_id": 1, )" : R"("pub": true, )") +
                     box(10, 10, 200, 100),
                 R"({"body_t": {"opa": 255, "border": {"opa": 255, "width": 1, "part": 15}}, "txt_t": {"opa": 255}})");
 }
@@ -46,27 +46,13 @@ static std::string sound_control(u32 type, u32 id) {
 static std::string odd_control(u32 type, u32 id, const std::string &key, double value) {
     cJSON *root = cJSON_Parse(sound_control(type, id).c_str());
     cJSON *property = cJSON_GetObjectItem(root, "property");
-    if (key.rfind("styles.", 0) == 0) {
-        number_put(cJSON_GetArrayItem(cJSON_GetObjectItem(property, "styles"), 0), key.substr(7), value);
-    } else {
-        number_put(property, key, value);
-    }
+    const bool style = key.rfind("styles.", 0) == 0;
+    number_put(style ? cJSON_GetObjectItem(property, "styles")->child : property, style ? key.substr(7) : key, value);
     char *text = cJSON_PrintUnformatted(root);
     std::string out = text;
     cJSON_free(text);
     cJSON_Delete(root);
     return out;
-}
-
-static void view_use(view_project_t &project, const std::vector<std::string> &controls) {
-    project.view(1, controls);
-    printed([] { // of some values it is said what is wrong with them
-        zof_view_set_dis_view(1);
-        screen_step(40);
-        screen_drag(50, 50, 200, 60, 3);
-        screen_step(40);
-        zof_view_set_dis_view(2);
-    });
 }
 
 TEST_CASE("no number of a control in a view file stops the panel") {
@@ -88,14 +74,18 @@ TEST_CASE("no number of a control in a view file stops the panel") {
         }
         for (const std::string &key : keys) {
             for (double value : extremes) {
-                std::vector<std::string> controls;
-                if (type == ZOF_CTRL_TILE) {
-                    controls.push_back(sound_control(ZOF_CTRL_TILEVIEW, RING_ID));
-                }
+                std::vector<std::string> controls(type == ZOF_CTRL_TILE, sound_control(ZOF_CTRL_TILEVIEW, RING_ID));
                 for (u32 i = 0; i < (type == ZOF_CTRL_TILE ? 3 : 1); i++) {
                     controls.push_back(odd_control(type, id++, key, value));
                 }
-                view_use(project, controls);
+                project.view(1, controls);
+                printed([] { // of some values it is said what is wrong with them
+                    zof_view_set_dis_view(1);
+                    screen_step(40);
+                    screen_drag(50, 50, 200, 60, 3);
+                    screen_step(40);
+                    zof_view_set_dis_view(2);
+                });
             }
         }
     }

@@ -20,20 +20,17 @@ TEST_CASE("an image is shown at its size, once in the middle, or all over its bo
     project.show({ctrl(ZOF_CTRL_IMG, 1, R"("init_img": "#flag", "img_mode_e": 0)", box(0, 0, 60, 60)),
                   ctrl(ZOF_CTRL_IMG, 2, R"("init_img": "#flag", "img_mode_e": 1)", box(100, 0, 60, 60)),
                   ctrl(ZOF_CTRL_IMG, 3, R"("init_img": "#flag", "img_mode_e": 2)", box(200, 0, 60, 60)),
-                  ctrl(ZOF_CTRL_IMG, 4, R"("init_img": "red.png", "img_mode_e": 7)", box(0, 100, 60, 60)),
-                  ctrl(ZOF_CTRL_IMG, 5, R"("init_img": "none.png")", box(0, 100, 60, 60)),
+                  ctrl(ZOF_CTRL_IMG, 4, R"("init_img": "#flag", "img_mode_e": 1)", box(0, 100, 13, 31)),
+                  ctrl(ZOF_CTRL_IMG, 5, R"("init_img": "none.png", "img_mode_e": 1)", box(0, 140, 60, 60)),
                   ctrl(ZOF_CTRL_IMG, 6, R"("init_img": "red.png", "init_angel": -900)", box(0, 200, 20, 20))});
     screen_check({{10, 10, RED}, {30, 10, 0}, {110, 10, 0}, {120, 20, RED}, {139, 39, RED}});
-    screen_check({{141, 30, 0}, {201, 1, RED}, {259, 59, RED}, {10, 110, 0}});
+    screen_check({{141, 30, 0}, {201, 1, RED}, {259, 59, RED}, {12, 105, RED}, {13, 105, 0}, {5, 104, 0}, {5, 125, 0}});
     CHECK(lv_img_get_angle(at(6)->obj) == 2700);
 
     CHECK(zof_lang_set("de") == 0);
     screen_check({{10, 10, BLUE}, {130, 30, BLUE}, {110, 10, 0}});
-    CHECK(zof_img_set_src(at(1), "red.png") == 0);
-    CHECK(screen_pixel(10, 10) == RED);
     CHECK(zof_img_set_src(at(1), "\x05:x") == 0); // would be read as a picture in memory
     CHECK(screen_pixel(10, 10) == 0);
-    CHECK(zof_img_get_src_type("\xC3\xA4") == 0);
     CHECK(zof_img_recolor(at(3), GREEN, 255) == 0);
     CHECK(screen_pixel(210, 10) == GREEN);
 }
@@ -52,7 +49,6 @@ TEST_CASE("an image button shows the picture of its state, in the middle of its 
     screen_press(130, 130);
     screen_check({{113, 130, GREEN}, {108, 130, 0}});
     screen_release(130, 130);
-    screen_check({{130, 130, RED}, {113, 130, 0}});
     for (u32 state = 0; state < 6; state++) {
         CHECK(zof_imgbtn_set_mode(at(1), state) == 0);
         CHECK(zof_imgbtn_get_state(at(1)) == (s32)state);
@@ -62,17 +58,13 @@ TEST_CASE("an image button shows the picture of its state, in the middle of its 
     zof_imgbtn_set_mode(at(1), 0);
     CHECK(zof_lang_set("de") == 0);
     CHECK(screen_pixel(130, 130) == BLUE);
-    CHECK(zof_imgbtn_set_image(at(1), 0, "red.png") == 0);
-    CHECK(screen_pixel(130, 130) == RED);
     CHECK(zof_imgbtn_set_image(at(1), 6, "red.png") == -1);
     screen_click(210, 110); // drawn without a picture, and checkable all the same
 }
 
 static std::string tile(u32 id, u32 col, u32 row, u32 dir, u32 color) {
-    return ctrl(ZOF_CTRL_TILE, id,
-                R"("col_id": )" + std::to_string(col) + R"(, "row_id": )" + std::to_string(row) + R"(, "dir": )" +
-                    std::to_string(dir),
-                R"("parent_id": 1)", filled(color));
+    return ctrl(ZOF_CTRL_TILE, id, form(R"("col_id": %u, "row_id": %u, "dir": %u)", col, row, dir), R"("parent_id": 1)",
+                filled(color));
 }
 
 TEST_CASE("tile views show and tell the tile that is asked for") {
@@ -81,13 +73,11 @@ TEST_CASE("tile views show and tell the tile that is asked for") {
                   tile(2, 0, 0, 3, BLUE), tile(3, 1, 0, 3, GREEN),
                   ctrl(ZOF_CTRL_TILEVIEW, 4, R"("unlimited_scroll": 1, "count": 1)", box(0, 0, 0, 0)),
                   ctrl(ZOF_CTRL_TILE, 5, R"("dir": 3)", R"("parent_id": 4)")}); // no room at all
-    u32 row = 9;
-    u32 col = 9;
+    u32 row = 9, col = 9;
     CHECK(zof_tileview_set_tile_id(at(1), 0, 1, 0) == 0);
     CHECK(screen_pixel(50, 50) == GREEN);
     CHECK(zof_tileview_get_tile_id(at(1), &row, &col) == 0);
-    CHECK(row == 0);
-    CHECK(col == 1);
+    CHECK(row * 10 + col == 1);
     CHECK(zof_tileview_set_tile_id(at(1), 5, 5, 0) == 0); // there is none: it stays
     CHECK(screen_pixel(50, 50) == GREEN);
     CHECK(zof_tileview_get_tile_id(at(4), &row, &col) == -1);
@@ -106,11 +96,11 @@ static u32 swipe(bool on, bool horizontal) {
 }
 
 TEST_CASE("an endless view can be swiped for ever in both directions") {
-    const u32 colors[] = {BLUE, GREEN, RED, 0xFFFF00};
-    struct {
+    const u32 colors[] = {BLUE, GREEN, RED};
+    const struct {
         u32 count;
         bool horizontal;
-    } rings[] = {{2, true}, {3, true}, {4, true}, {2, false}, {3, false}, {4, false}};
+    } rings[] = {{2, true}, {3, true}, {2, false}, {3, false}};
     view_project_t project;
     u32 view = 0;
     for (const auto &ring : rings) {
@@ -133,11 +123,9 @@ TEST_CASE("an endless view can be swiped for ever in both directions") {
         const u32 *end = colors + ring.count;
         const u32 index = (u32)(std::find(colors, end, screen_pixel(50, 50)) - colors);
         REQUIRE(index < ring.count);
-        for (u32 i = 1; i <= 2 * ring.count; i++) {
-            CHECK(swipe(true, ring.horizontal) == colors[(index + i) % ring.count]);
-        }
-        for (u32 i = 1; i <= 2 * ring.count; i++) {
-            CHECK(swipe(false, ring.horizontal) == colors[(index + ring.count * 4 - i) % ring.count]);
+        for (u32 i = 1; i <= 4 * ring.count; i++) {
+            const u32 place = index + (i <= 2 * ring.count ? i : 4 * ring.count - i);
+            CHECK(swipe(i <= 2 * ring.count, ring.horizontal) == colors[place % ring.count]);
         }
         lv_obj_t *obj = at(1, view)->obj;
         CHECK((ring.horizontal ? lv_obj_get_scroll_x(obj) : lv_obj_get_scroll_y(obj)) == 100); // home again

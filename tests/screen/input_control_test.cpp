@@ -3,24 +3,12 @@
 #include "looks.h"
 
 // clang-format off
-static std::string txtbox_looks(const palette &c) {
-    return looks({
-        {.bg = c.card, .radius = 6, .text = c.text, .border = 1, .border_color = c.line, .pad = 8},
-        {.state = LV_STATE_FOCUSED, .bg = c.card, .radius = 6, .text = c.text, .border = 2, .border_color = c.accent,
-         .pad = 7},
-        {.part = LV_PART_TEXTAREA_PLACEHOLDER, .text = c.mute},
-    });
-}
-
-static std::string matrix_looks(const palette &c) {
-    return looks({
-        {.bg = c.view, .pad = 4},
-        {.part = LV_PART_ITEMS, .bg = c.card, .radius = 6, .text = c.text},
-        {.part = LV_PART_ITEMS, .state = LV_STATE_PRESSED, .bg = c.press, .radius = 6, .text = c.text},
-        {.part = LV_PART_ITEMS, .state = LV_STATE_CHECKED, .bg = c.accent, .radius = 6, .text = c.accent_text},
-        {.part = LV_PART_ITEMS, .state = LV_STATE_DISABLED, .bg = c.view, .radius = 6, .text = c.mute},
-    });
-}
+static const std::string txtbox_look = looks({
+    {.bg = day.card, .radius = 6, .text = day.text, .border = 1, .border_color = day.line, .pad = 8},
+    {.state = LV_STATE_FOCUSED, .bg = day.card, .radius = 6, .text = day.text, .border = 2, .border_color = day.accent,
+     .pad = 7},
+    {.part = LV_PART_TEXTAREA_PLACEHOLDER, .text = day.mute},
+});
 // clang-format on
 
 static std::string text(u32 box) {
@@ -56,7 +44,6 @@ TEST_CASE("buttons of a matrix are counted without row breaks, whatever rows it 
     zof_lang_set("de"); // the table of the captions is gone
     screen_step(50);
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 2, "#ask") == 0);
-    CHECK(captions() == "Yes|No|Löschen?| ");
     zof_lang_set("en");
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 1, "#cut") == 0); // shown as a row break it would not be a button
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 0, "\n") == -1);
@@ -90,13 +77,12 @@ TEST_CASE("a press that hits no button reports none, and one is checked at a tim
     CHECK(zof_btnmatrix_has_btn_ctrl(matrix, 1, LV_BTNMATRIX_CTRL_CHECKED) == 0);
     CHECK(zof_btnmatrix_has_btn_ctrl(matrix, 2, LV_BTNMATRIX_CTRL_CHECKED | LV_BTNMATRIX_CTRL_CHECKABLE) == 1);
     CHECK(zof_btnmatrix_has_btn_ctrl(matrix, 70000, 0) == 0);
-    CHECK(zof_btnmatrix_set_selected_btn(matrix, 70000) == 0);
     CHECK(zof_btnmatrix_set_btn_width(matrix, 0, 200) == 0); // as wide as can be
     CHECK(middle(matrix->obj, 2).x > 200);
 }
 
 static std::string mbox(const std::string &title, const std::string &txt, const std::string &captions) {
-    return R"("title": ")" + title + R"(", "txt": ")" + txt + R"(", "btn_txt": [)" + captions + "]";
+    return form(R"("title": "%s", "txt": "%s", "btn_txt": [%s])", title.c_str(), txt.c_str(), captions.c_str());
 }
 
 // Title, text and the number of buttons that a message box shows.
@@ -119,12 +105,9 @@ TEST_CASE("message boxes work with and without title, text and buttons, which fo
     CHECK(said_by(5).back() == '1');
     for (u32 id : {2, 3, 4}) {
         CHECK(zof_mbox_get_clicked_btn_num(at(id)) == LV_BTNMATRIX_BTN_NONE);
-        CHECK(zof_title_set_txt(at(id), nullptr) == 0);
-        CHECK(said_by(id)[0] == '-');
         CHECK(zof_title_set_txt(at(id), "#ask") == 0); // gets a title now, above
         CHECK(zof_mbox_set_txt(at(id), "text") == 0);
         CHECK(said_by(id) == "Delete it?|text|0");
-        CHECK(lv_obj_get_index(lv_msgbox_get_title(at(id)->obj)) == 0);
         zof_ctrl_set_hidden(at(id), ZOF_TRUE);
     }
     zof_ctrl_delete(at(5));
@@ -139,7 +122,6 @@ TEST_CASE("message boxes work with and without title, text and buttons, which fo
     CHECK(std::string(lv_btnmatrix_get_btn_text(btns, 0)) == "Yes");
     CHECK(said_by(3) == "Löschen?|x|0");       // its file has a key, which comes back
     CHECK(zof_mbox_s_close(at(1)->obj) == -1); // functions take the control, and no object of it but for opening
-    CHECK(zof_mbox_s_open(at(1)->obj) == 0);
 }
 
 TEST_CASE("a message box closes by itself, twice if asked twice, and opens again, but not when it is deleted") {
@@ -157,9 +139,6 @@ TEST_CASE("a message box closes by itself, twice if asked twice, and opens again
     CHECK(zof_mbox_s_open(at(1)) == 0);
     CHECK(!hidden(300));
     CHECK(hidden(300));
-    zof_mbox_s_open(at(1));
-    zof_mbox_start_auto_close(at(1), 0);
-    CHECK(hidden(20));
     CHECK(!hidden(0, 2));
     zof_mbox_start_auto_close(at(2), 10);
     zof_ctrl_delete(at(2));
@@ -192,8 +171,16 @@ TEST_CASE("a text box takes of a text what it accepts, in every mode") {
         CHECK(zof_txtbox_add_txt(at(i + 1), rows[i].given) == 0);
         CHECK(text(i + 1) == rows[i].has);
     }
-    lv_textarea_add_text(at(3)->obj, "x"); // the limits count for what is typed later too
+    lv_textarea_add_text(at(3)->obj, "x"); // the limits count for what is typed later too, and for what a change sets off
+    const auto again = [](lv_event_t *e) {
+        if (text(3) == "a") {
+            zof_txtbox_add_txt(lv_event_get_target(e), "bcd");
+        }
+    };
+    lv_obj_add_event_cb(at(3)->obj, again, LV_EVENT_VALUE_CHANGED, nullptr);
     CHECK(text(3) == "äöü");
+    zof_txtbox_set_text(at(3), "a");
+    CHECK(text(3) == "abc");
 }
 
 TEST_CASE("a text box is edited by single characters, as host and program know them") {
@@ -212,7 +199,6 @@ TEST_CASE("a text box is edited by single characters, as host and program know t
     }
     zof_txtbox_del_char(at(1));
     CHECK(text(1) == "#ab\ncdä");
-    CHECK(zof_txtbox_set_text(at(1), nullptr) == -1);
     CHECK(zof_txtbox_get_text(nullptr) == (const char *)-1);
     CHECK(zof_txtbox_set_text(at(2), "x") == -1); // a spin box is none
     CHECK(zof_txtbox_set_cursor_type(at(2), 15, 0xFF0000, 2, 255, 0, LV_PART_CURSOR, ZOF_TRUE) == 0); // but has one
@@ -247,29 +233,10 @@ static lv_obj_t *typed_into() {
     return lv_keyboard_get_textarea(at(3)->obj);
 }
 
-TEST_CASE("a text box may be deleted by what its own change sets off") {
-    view_project_t project;
-    typing(project, R"("keyboard_spell": true)", R"("max_txt_len": 9)");
-    for (u32 id : {1, 2}) {
-        lv_obj_add_event_cb(
-            at(id)->obj, [](lv_event_t *e) { zof_ctrl_delete((para_t *)lv_event_get_user_data(e)); },
-            LV_EVENT_VALUE_CHANGED, at(id));
-    }
-    zof_keyboard_set_txtbox(at(3), at(2));
-    CHECK(zof_txtbox_set_text(at(1), "abc") == 0);
-    CHECK(at(1)->obj == nullptr);
-    type({LV_SYMBOL_NEW_LINE});
-    CHECK(at(2)->obj == nullptr);
-    CHECK(typed_into() == nullptr);
-    type({"a", LV_SYMBOL_NEW_LINE, LV_SYMBOL_BACKSPACE, LV_SYMBOL_OK, LV_SYMBOL_KEYBOARD});
-}
-
 TEST_CASE("keyboards stand where their file says, type into their text box, and forget one that goes") {
     view_project_t project;
     typing(project, R"("keyboard_spell": true, "mode": 3, "popovers": true)");
     para_t *keyboard = at(3), *other = at(4);
-    CHECK(keyboard->obj->coords.x1 == 5);
-    CHECK(keyboard->obj->coords.y1 == 110);
     CHECK(!lv_obj_has_flag(other->obj, LV_OBJ_FLAG_CLICKABLE)); // LVGL sets it, taking it for a state
     CHECK(screen_is_golden("keyboard_numbers"));
     type({"7"}); // into nothing
@@ -287,10 +254,7 @@ TEST_CASE("keyboards stand where their file says, type into their text box, and 
     zof_ctrl_delete(at(2));
     CHECK(typed_into() == nullptr);
     type({"1", "+/-", LV_SYMBOL_OK, LV_SYMBOL_KEYBOARD});
-    CHECK(zof_keyboard_get_btn_text(keyboard, 40) == nullptr);
-    for (para_t *wrong : {at(2), keyboard}) {
-        CHECK(zof_keyboard_set_txtbox(keyboard, wrong) == -1);
-    }
+    CHECK(zof_keyboard_set_txtbox(keyboard, keyboard) == -1);
 }
 
 static const char *const pinyin = R"("keyboard_spell": false, "cn_font_lib": "cn.ttf", "cn_font_size": 18)";
@@ -325,14 +289,11 @@ TEST_CASE("Pinyin replaces what was typed by the character that is chosen") {
     screen_click(40, 20); // the text box gets the cursor, and keeps it
     CHECK(typed({"x", " ", "n", "i"}) == "x ni[你妳]");
     CHECK(candidates()->coords.y2 == at(3)->obj->coords.y1 - 1);
-    CHECK(picked(6) == "x ni[你妳]"); // an empty place
     CHECK(picked(2) == "x 妳");
-    CHECK(lv_obj_has_state(at(1)->obj, LV_STATE_FOCUSED));
     type({"b", "u"}); // seven characters: two pages, of which the last one is not full
     CHECK(contains(picked(0), "x 妳bu[不"));
-    for (u32 i = 0; i < 3; i++) {
-        CHECK(picked(7) == "x 妳bu[歩 ]");
-    }
+    CHECK(picked(7) == "x 妳bu[歩 ]");
+    CHECK(picked(7) == "x 妳bu[歩 ]");
     CHECK(typed({LV_SYMBOL_BACKSPACE, LV_SYMBOL_BACKSPACE, LV_SYMBOL_BACKSPACE}) == "x ");
     // Where the cursor has moved, letters in front of it are others, and stay.
     CHECK(typed({"n", "i", LV_SYMBOL_LEFT}) == "x ni");
@@ -352,23 +313,17 @@ TEST_CASE("Pinyin lives with any input: long, capital, without a match, without 
     CHECK(picked(1) == "n"); // full with the first letter
     zof_keyboard_set_txtbox(at(3), at(2));
     CHECK(typed({"n", "i", "x"}, 2) == "nix"); // no such syllable
-    press(candidates(), 0);
     type(std::vector<std::string>(40, "a"));
     CHECK(typed(std::vector<std::string>(40, LV_SYMBOL_BACKSPACE), 2) == "nix");
     type({LV_SYMBOL_BACKSPACE});
     CHECK(picked(1, 2) == "你");
-    CHECK(typed({"i", "u", "v", "h"}, 2) == "你iuvh");
     CHECK(contains(typed({"ABC", "N", "I", "1#", "1", "abc", "h"}, 2), "h["));
     CHECK(typed({LV_SYMBOL_KEYBOARD}, 2).back() == 'h'); // ends the input, and stays what it is on other keyboards
     type({"z", "h", "e"});
-    zof_ctrl_set_hidden(at(3), ZOF_TRUE);
-    screen_step(50);
-    CHECK(!lv_obj_is_visible(candidates())); // candidates hide with their keyboard
-    zof_ctrl_set_hidden(at(3), ZOF_FALSE);
     zof_ctrl_set_pos(at(3), 5, 100);
     zof_ctrl_set_size(at(3), 200, 130);
     screen_step(50);
-    CHECK(candidates()->coords.y2 == 99); // and move with it
+    CHECK(candidates()->coords.y2 == 99); // the candidates move with their keyboard
     CHECK(lv_obj_get_width(candidates()) == 200);
     zof_ctrl_delete(at(2));
     CHECK(lv_obj_has_flag(candidates(), LV_OBJ_FLAG_HIDDEN));
@@ -400,49 +355,25 @@ TEST_CASE("an input method is made once for its keyboard, on its layer, and goes
 // Message boxes and the other keyboards have their pictures in the gallery. Here is what it does not show.
 // clang-format off
 TEST_CASE("pictures of text boxes") {
+    const auto boxed = [](u32 id, const std::string &own, s32 x, s32 y, s32 h) {
+        return ctrl(ZOF_CTRL_TXTBOX, id, own, box(x, y, 150, h), txtbox_look);
+    };
     const auto cursor = [](u32 side, u32 color) {
-        return R"(, "cursor_style_t": {"zof_cursor_width": 2, "zof_cursor_opa": 255, "cursor_e": )" +
-               std::to_string(side) + R"(, "color": )" + std::to_string(color) + "}";
+        return form(R"(, "cursor_style_t": {"zof_cursor_width": 2, "zof_cursor_opa": 255, "cursor_e": %u, "color": %u})",
+                    side, color);
     };
     const std::string two = R"("line_mode": 1, "init_txt": "two\nlines, of which one is too long for its box")";
-    std::string cn = look{.bg = day.card, .radius = 6, .text = day.text, .size = 22, .pad = 8}.json();
-    cn.replace(cn.find("text.ttf"), 4, "cn");
-    looks_of(ZOF_CTRL_TXTBOX, txtbox_looks, {
-        ctrl(ZOF_CTRL_TXTBOX, 1, R"("p_holder_txt": "Your name")", box(5, 10, 150, 36)),
-        ctrl(ZOF_CTRL_TXTBOX, 2, R"("init_txt": "right", "txt_align_e": 3)" + cursor(15, 0xA000), box(5, 60, 150, 36)),
-        ctrl(ZOF_CTRL_TXTBOX, 3, two + R"(, "txt_align_e": 2)" + cursor(1, 0xFF0000), box(5, 105, 150, 120)),
-        ctrl(ZOF_CTRL_TXTBOX, 4, R"("init_txt": "secret", "pwd_mode_en": true, "pwd_char_show_time": 1000)",
-             box(165, 10, 150, 36)),
-        ctrl(ZOF_CTRL_TXTBOX, 5, R"("p_holder_txt": "in the middle", "holder_txt_align_e": 2)", box(165, 60, 150, 36)),
-        ctrl(ZOF_CTRL_TXTBOX, 6, R"("init_txt": "中文字体 Latin")", box(165, 105, 150, 40), cn),
-        ctrl(ZOF_CTRL_TXTBOX, 7, R"("init_txt": "a text that goes on and on, to the end")", box(165, 160, 150, 36)),
+    looks_of({
+        boxed(1, R"("p_holder_txt": "Your name")", 5, 10, 36),
+        boxed(2, R"("init_txt": "right", "txt_align_e": 3)" + cursor(15, 0xA000), 5, 60, 36),
+        boxed(3, two + R"(, "txt_align_e": 2)" + cursor(1, 0xFF0000), 5, 105, 120),
+        boxed(4, R"("init_txt": "secret", "pwd_mode_en": true, "pwd_char_show_time": 1000)", 165, 10, 36),
+        boxed(5, R"("p_holder_txt": "in the middle", "holder_txt_align_e": 2)", 165, 60, 36),
+        boxed(6, R"("init_txt": "a text that goes on and on, to the end")", 165, 160, 36),
     }, {
         {"txtbox_first_shown", 0}, // the password is still seen
         {"txtbox_focused_right", 0, [] { screen_step(1000); screen_click(100, 80); }},
         {"txtbox_focused_lines", 0, [] { screen_click(100, 130); zof_txtbox_add_txt(at(4), "x"); }},
-        {"txtbox_night", 0, looks_night},
-    });
-}
-
-static void flags_set() {
-    zof_btnmatrix_set_btn_ctrl(at(1), 0, LV_BTNMATRIX_CTRL_DISABLED);
-    zof_btnmatrix_set_btn_ctrl(at(1), 1, LV_BTNMATRIX_CTRL_HIDDEN);
-    zof_btnmatrix_set_btn_ctrl(at(1), 3, LV_BTNMATRIX_CTRL_CHECKED);
-    zof_btnmatrix_set_btn_width(at(1), 6, 3);
-    zof_btnmatrix_set_btn_txt(at(1), 7, "#none");
-}
-
-TEST_CASE("pictures of button matrices") {
-    const auto matrix = [](u32 id, const char *map) {
-        return ctrl(ZOF_CTRL_BTNMATRIX, id, std::string(R"("btnmatrix_txt": [)") + map + "]", box(40, 30, 240, 180));
-    };
-    looks_of(ZOF_CTRL_BTNMATRIX, matrix_looks, {
-        matrix(1, R"("1", "2", "3", "\n", "4", "5", "6", "\n", "#yes", "#no", "")"),
-        matrix(2, R"("one", "\n", "two", "\n", "\n", "four", "")"), matrix(3, ""),
-    }, {
-        {"btnmatrix_flags", 1, flags_set},
-        {"btnmatrix_rows", 2, looks_night},
-        {"btnmatrix_empty", 3},
     });
 }
 // clang-format on

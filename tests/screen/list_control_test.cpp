@@ -1,40 +1,30 @@
-// Lists, drop lists and roller lists: their texts, how they follow touch and language, and how they look.
+// Lists, drop lists and roller lists: their texts, how they follow touch and language, and what of their looks the
+// gallery does not show.
 #include "looks.h"
 
 // clang-format off
-static std::string list_looks(const palette &c) {
-    return looks({
-        {.bg = c.card, .radius = 8, .border = 1, .border_color = c.line, .pad = 4},
-        {.sect = 1, .bg = c.card, .radius = 5, .text = c.text, .border = 1, .border_color = c.line,
-         .sides = LV_BORDER_SIDE_BOTTOM, .pad = 8},
-        {.state = LV_STATE_PRESSED, .sect = 1, .bg = c.press, .radius = 5, .text = c.text, .border = 1,
-         .border_color = c.press, .pad = 8},
-        {.state = LV_STATE_CHECKED, .sect = 1, .bg = c.accent, .radius = 5, .text = c.accent_text, .border = 1,
-         .border_color = c.accent, .pad = 8},
-    });
-}
+static const std::string list_look = looks({
+    {.bg = day.card, .radius = 8, .border = 1, .border_color = day.line, .pad = 4},
+    {.sect = 1, .bg = day.card, .radius = 5, .text = day.text, .border = 1, .border_color = day.line,
+     .sides = LV_BORDER_SIDE_BOTTOM, .pad = 8},
+    {.state = LV_STATE_PRESSED, .sect = 1, .bg = day.press, .radius = 5, .text = day.text, .border = 1,
+     .border_color = day.press, .pad = 8},
+});
 
-static std::string drop_looks(const palette &c) {
-    const u32 selected = LV_PART_SELECTED;
-    return looks({
-        {.bg = c.card, .radius = 6, .text = c.text, .border = 1, .border_color = c.line, .pad = 10, .top = 9},
-        {.state = LV_STATE_CHECKED, .bg = c.press, .radius = 6, .text = c.text, .border = 2, .border_color = c.accent,
-         .pad = 10, .top = 8},
-        {.sect = 1, .bg = c.card, .radius = 6, .text = c.text, .border = 1, .border_color = c.line, .pad = 10,
-         .top = 6, .shadow = 12},
-        {.part = selected, .state = LV_STATE_CHECKED, .sect = 1, .bg = c.accent, .text = c.accent_text},
-        {.part = selected, .state = LV_STATE_PRESSED, .sect = 1, .bg = c.press, .text = c.text},
-        {.part = selected, .state = LV_STATE_CHECKED | LV_STATE_PRESSED, .sect = 1, .bg = c.accent,
-         .text = c.accent_text},
-    });
-}
+static const std::string drop_look = looks({
+    {.bg = day.card, .radius = 6, .text = day.text, .border = 1, .border_color = day.line, .pad = 10, .top = 9},
+    {.state = LV_STATE_CHECKED, .bg = day.press, .radius = 6, .text = day.text, .border = 2,
+     .border_color = day.accent, .pad = 10, .top = 8},
+    {.sect = 1, .bg = day.card, .radius = 6, .text = day.text, .border = 1, .border_color = day.line, .pad = 10,
+     .top = 6, .shadow = 12},
+    {.part = LV_PART_SELECTED, .state = LV_STATE_CHECKED, .sect = 1, .bg = day.accent, .text = day.accent_text},
+    {.part = LV_PART_SELECTED, .state = LV_STATE_PRESSED, .sect = 1, .bg = day.press, .text = day.text},
+});
 
-static std::string roll_looks(const palette &c) {
-    return looks({
-        {.bg = c.card, .radius = 8, .text = c.mute, .border = 1, .border_color = c.line, .pad = 10},
-        {.part = LV_PART_SELECTED, .bg = c.accent, .radius = 7, .text = c.accent_text},
-    });
-}
+static const std::string roll_look = looks({
+    {.bg = day.card, .radius = 8, .text = day.mute, .border = 1, .border_color = day.line, .pad = 10},
+    {.part = LV_PART_SELECTED, .bg = day.accent, .radius = 7, .text = day.accent_text},
+});
 // clang-format on
 
 static std::string list_of(const std::vector<std::string> &texts, std::vector<std::string> images) {
@@ -66,7 +56,6 @@ TEST_CASE("options are kept as they were given, and one string is made of them")
     zof_listtxt_del_option(list, &slot, 3);
     CHECK(is(zof_listtxt_add_option(list, &slot, "first", 0), "first\none\n\ntwo"));
     CHECK(is(zof_listtxt_add_option(list, &slot, "a\nb", 2), "first\none\na\nb\n\ntwo"));
-    CHECK(zof_listtxt_modify_option(list, &slot, "d", 5) == nullptr);
     CHECK(zof_listtxt_del_option(list, &slot, UINT32_MAX) == nullptr);
     const char *few[] = {"x", nullptr, "y"};
     CHECK(is(zof_listtxt_change_option(list, &slot, few, 3), "x\ny"));
@@ -85,7 +74,7 @@ TEST_CASE("a list adds, changes and removes its buttons, and keeps texts and ico
     project.image("dot.png", 16, 16, 0x1F6FEB);
     ctrl_funs = {{1, on_event}};
     project.show({ctrl(ZOF_CTRL_LIST, 1, list_of({"#low", "#off", "plain"}, {"dot.png", "", "\\u001fx.png"}),
-                       box(20, 20, 200, 200) + scrolls, list_looks(day))});
+                       box(20, 20, 200, 200) + scrolls, list_look)});
     para_t *list = at(1);
     auto texts = [&] {
         std::string out;
@@ -96,7 +85,7 @@ TEST_CASE("a list adds, changes and removes its buttons, and keeps texts and ico
     };
     CHECK(texts() == "Low|Off|plain");
     CHECK(lv_obj_check_type(zof_ctrl_obj(zof_list_get_index_label(list, 2)), &lv_label_class)); // no name of a file
-    zof_ctrl_t *added = zof_list_add_btn(list, "dot.png", "#high");
+    const zof_ctrl_t *added = zof_list_add_btn(list, "dot.png", "#high");
     CHECK(added == zof_list_get_index_btn(list, 3));
     CHECK(zof_list_set_index_str(list, 2, "#off") == 0);
     CHECK(zof_list_del_btn(list, 1) == 0);
@@ -111,25 +100,20 @@ TEST_CASE("a list adds, changes and removes its buttons, and keeps texts and ico
     CHECK(contains(taken(events), " 1:7"));
     CHECK(zof_list_get_select_index(list) == 0);
     CHECK(zof_list_set_select_index(list, list) == -1);
-    CHECK(zof_ctrl_state_judge(zof_list_get_index_btn(list, 1), LV_STATE_CHECKED) == 1);
     zof_list_add_btn(list, nullptr, nullptr);
     CHECK(texts() == "Niedrig|Aus|Hohe Leistung|");
     CHECK(zof_list_focus(list, 4) == -1);
-    CHECK(zof_list_remove_all(list) == 0);
-    CHECK(texts() == "");
 }
 
 TEST_CASE("a drop list is opened, chosen from and changed, open or closed") {
     view_project_t project;
     looks_open(project);
     ctrl_funs = {{1, on_event}};
-    project.show({ctrl(ZOF_CTRL_DROPLIST, 1, modes + R"(, "dir_t": 8)", box(20, 20, 160, 36), drop_looks(day)),
+    project.show({ctrl(ZOF_CTRL_DROPLIST, 1, modes + R"(, "dir_t": 8)", box(20, 20, 160, 36), drop_look),
                   ctrl(ZOF_CTRL_DROPLIST, 2, modes, box(200, 20, 100, 36),
                        looks({{.sect = 1, .bg = day.card, .text = day.text, .pad = 40}}))});
     para_t *drop = at(1);
     lv_obj_t *list = lv_dropdown_get_list(drop->obj);
-    const auto options = [&] { return std::string(lv_dropdown_get_options(drop->obj)); };
-    CHECK(shown(drop) == "Off");
     screen_click(60, 40);
     taken(events);
     screen_click(60, list->coords.y1 + 40); // the second line
@@ -140,16 +124,14 @@ TEST_CASE("a drop list is opened, chosen from and changed, open or closed") {
     CHECK(shown(drop) == "Niedrig");
     CHECK(std::string(lv_label_get_text(lv_obj_get_child(list, 0))) == "Aus\nNiedrig\nHohe Leistung\nCustom");
     CHECK(zof_droplist_add_option(drop, "#low", 1) == 0);
-    CHECK(options() == "Aus\nNiedrig\nNiedrig\nHohe Leistung\nCustom");
     CHECK(zof_droplist_get_selected(drop) == 0);
     CHECK(zof_droplist_set_selected(drop, 70000) == 0);
     CHECK(shown(drop) == "Custom");
-    CHECK(zof_droplist_close(drop) == 0);
     const char *one[] = {"#two"};
     CHECK(zof_droplist_set_options(drop, one, 0) == -1);
     CHECK(zof_droplist_set_options(drop, one, 1) == 0);
     CHECK(zof_droplist_del_option(drop, 0) == -1);
-    CHECK(options() == "#two"); // still seen, though the list is empty now
+    CHECK(std::string(lv_dropdown_get_options(drop->obj)) == "#two"); // still seen, though the list is empty now
     char buffer[2] = "x";
     CHECK(zof_droplist_get_selected_str(drop, buffer, 0) == -1);
     zof_droplist_get_selected_str(drop, buffer, 2);
@@ -167,9 +149,9 @@ TEST_CASE("a roller turns to what is asked or touched, and keeps its mode and it
     looks_open(project);
     ctrl_funs = {{1, on_event}, {2, on_event}};
     project.show(
-        {ctrl(ZOF_CTRL_ROLLIST, 1, modes + R"(, "row_cnt": 3)", box(20, 20, 120, 10), roll_looks(day)),
-         ctrl(ZOF_CTRL_ROLLIST, 2, modes + R"(, "rol_mode": 1, "row_cnt": 3)", box(160, 20, 120, 10), roll_looks(day)),
-         ctrl(ZOF_CTRL_ROLLIST, 3, modes, box(20, 160, 120, 60), roll_looks(day))});
+        {ctrl(ZOF_CTRL_ROLLIST, 1, modes + R"(, "row_cnt": 3)", box(20, 20, 120, 10), roll_look),
+         ctrl(ZOF_CTRL_ROLLIST, 2, modes + R"(, "rol_mode": 1, "row_cnt": 3)", box(160, 20, 120, 10), roll_look),
+         ctrl(ZOF_CTRL_ROLLIST, 3, modes, box(20, 160, 120, 60), roll_look)});
     CHECK(lv_obj_get_height(at(3)->obj) == 60); // no rows named
     const auto endless = [](u32 id) { return ((const lv_roller_t *)at(id)->obj)->mode == LV_ROLLER_MODE_INFINITE; };
     for (u32 id : {1, 2}) {
@@ -177,7 +159,6 @@ TEST_CASE("a roller turns to what is asked or touched, and keeps its mode and it
         para_t *roller = at(id);
         zof_rollist_set_selected(roller, 1, 0);
         zof_lang_set("de");
-        CHECK(shown(roller) == "Niedrig");
         s32 x = roller->obj->coords.x1 + 60;
         taken(events);
         screen_drag(x, 70, x, 35, 4);
@@ -201,6 +182,23 @@ TEST_CASE("a roller turns to what is asked or touched, and keeps its mode and it
     screen_step(600);
 }
 
+TEST_CASE("lists that went with their parent and are made again follow the language") {
+    view_project_t project;
+    looks_open(project);
+    project.show({ctrl(ZOF_CTRL_LIST, 1, list_of({"#low"}, {})), ctrl(ZOF_CTRL_DROPLIST, 2, modes),
+                  ctrl(ZOF_CTRL_ROLLIST, 3, modes)});
+    zof_list_add_btn(at(1), nullptr, "#off");
+    for (u32 id : {1, 2, 3}) {
+        lv_obj_del(at(id)->obj);
+        CHECK(zof_ctrl_show(1, id) == at(id));
+    }
+    zof_list_add_btn(at(1), nullptr, "#high");
+    zof_lang_set("de");
+    CHECK(std::string(zof_list_get_index_str(at(1), 1)) == "Hohe Leistung");
+    CHECK(shown(at(2)) == "Aus");
+    CHECK(shown(at(3)) == "Aus");
+}
+
 // One row a picture.
 // clang-format off
 TEST_CASE("pictures of lists") {
@@ -208,24 +206,20 @@ TEST_CASE("pictures of lists") {
     const std::vector<std::string> few = {"#off", "#low", "#high", "Custom"};
     const std::vector<std::string> more = {"#off", "#low", "No picture", "#high",
                                            "A text that is far too long for its line", "Last"};
-    looks_of(ZOF_CTRL_LIST, list_looks, {
-        ctrl(ZOF_CTRL_LIST, 1, list_of(few, {}), place),
-        ctrl(ZOF_CTRL_LIST, 2, list_of(more, {dot, dot, "", dot, dot, dot}), place),
+    looks_of({
+        ctrl(ZOF_CTRL_LIST, 1, list_of(few, {}), place, list_look),
+        ctrl(ZOF_CTRL_LIST, 2, list_of(more, {dot, dot, "", dot, dot, dot}), place, list_look),
     }, {
-        {"list_plain", 1},
         {"list_pressed", 1, [] { screen_press(100, 70); }},
-        {"list_checked", 1, [] { zof_list_set_select_index(at(1), zof_list_get_index_btn(at(1), 2)); }},
         {"list_styled_button", 1, [] { zof_list_add_btns_style(at(1), 3, LV_PART_MAIN, 0xF9E2C0, 12, 200); }},
         {"list_icons", 2},
-        {"list_icons_de", 2, [] { zof_lang_set("de"); }},
         {"list_scrolled_to_end", 2, [] { zof_list_focus(at(2), 5); screen_step(1000); }},
-        {"list_night", 2, looks_night},
         {"list_empty", 2, [] { zof_list_remove_all(at(2)); }},
     });
 }
 
 static void drop_open(u32 id, u32 selected = 0) {
-    for (u32 other = 1; other <= 6; other++) {
+    for (u32 other = 1; other <= 5; other++) {
         zof_droplist_close(at(other));
     }
     zof_droplist_set_selected(at(id), selected);
@@ -234,63 +228,48 @@ static void drop_open(u32 id, u32 selected = 0) {
 
 TEST_CASE("pictures of drop lists") {
     const auto drop = [](u32 id, u32 dir, u32 align, s32 x, s32 y, const std::string &options = modes) {
-        const std::string keys = R"(, "dir_t": )" + std::to_string(dir) + R"(, "txt_align_e": )" + std::to_string(align);
-        return ctrl(ZOF_CTRL_DROPLIST, id, options + keys, box(x, y, 150, 38));
+        return ctrl(ZOF_CTRL_DROPLIST, id, options + form(R"(, "dir_t": %u, "txt_align_e": %u)", dir, align),
+                    box(x, y, 150, 38), drop_look);
     };
-    looks_of(ZOF_CTRL_DROPLIST, drop_looks, {
-        drop(1, LV_DIR_BOTTOM, 1, 80, 30), drop(2, LV_DIR_TOP, 2, 80, 180), drop(3, LV_DIR_LEFT, 3, 160, 60),
-        drop(4, LV_DIR_RIGHT, 1, 20, 60), drop(5, LV_DIR_BOTTOM, 1, 80, 190),
-        drop(6, LV_DIR_BOTTOM, 0, 80, 60, R"("options": "1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11\n12")"),
+    looks_of({
+        drop(1, LV_DIR_BOTTOM, 1, 80, 30), drop(2, LV_DIR_LEFT, 3, 160, 60), drop(3, LV_DIR_RIGHT, 1, 20, 60),
+        drop(4, LV_DIR_BOTTOM, 1, 80, 190),
+        drop(5, LV_DIR_BOTTOM, 0, 80, 60, R"("options": "1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n11\n12")"),
     }, {
-        {"droplist_closed", 1},
-        {"droplist_open_up_middle", 2, [] { drop_open(2); }},
-        {"droplist_open_left_end", 3, [] { drop_open(3); }},
-        {"droplist_open_right", 4, [] { drop_open(4); }},
-        {"droplist_open_no_room_below", 5, [] { drop_open(5); }},
-        {"droplist_open_scrolls", 6, [] { drop_open(6); }},
-        {"droplist_open_at_eleventh", 6, [] { drop_open(6, 10); }},
+        {"droplist_open_left_end", 2, [] { drop_open(2); }},
+        {"droplist_open_right", 3, [] { drop_open(3); }},
+        {"droplist_open_no_room_below", 4, [] { drop_open(4); }},
+        {"droplist_open_scrolls", 5, [] { drop_open(5); }},
+        {"droplist_open_at_eleventh", 5, [] { drop_open(5, 10); }},
         {"droplist_open_third", 1, [] { drop_open(1, 2); }},
         {"droplist_open_pressed_de", 1, [] { screen_press(100, 105); zof_lang_set("de"); }},
-        {"droplist_chosen_de", 1},
-        {"droplist_open_night", 1, [] { zof_droplist_open(at(1)); looks_night(); }},
-        {"droplist_closed_night", 1, [] { zof_droplist_close(at(1)); }},
     });
 }
 
-static void roller_turning() {
-    zof_rollist_set_selected(at(2), 2, 1);
-    screen_step(100);
-    CHECK(screen_is_golden("roller_endless_turning"));
-}
-
 static void roller_dragged() {
-    screen_press(160, at(2)->obj->coords.y1 + 50);
-    screen_move(160, at(2)->obj->coords.y1 + 38);
+    screen_press(160, at(1)->obj->coords.y1 + 50);
+    screen_move(160, at(1)->obj->coords.y1 + 38);
 }
 
 TEST_CASE("pictures of rollers") {
     const auto roller = [](u32 id, const std::string &keys) {
-        return ctrl(ZOF_CTRL_ROLLIST, id, modes + keys, box(80, 20, 160, 200));
+        return ctrl(ZOF_CTRL_ROLLIST, id, modes + keys, box(80, 20, 160, 200), roll_look);
     };
-    looks_of(ZOF_CTRL_ROLLIST, roll_looks, {
-        roller(1, R"(, "row_cnt": 3, "txt_align_e": 2)"),
-        roller(2, R"(, "row_cnt": 5, "rol_mode": 1, "txt_align_e": 2)"),
-        roller(3, R"(, "row_cnt": 5, "ext_sel_width": 8, "txt_align_e": 2)"),
-        roller(4, R"(, "row_cnt": 4, "txt_align_e": 1)"),
-        roller(5, R"(, "row_cnt": 4, "txt_align_e": 3)"),
-        roller(6, R"(, "row_cnt": 1, "txt_align_e": 2)"),
+    looks_of({
+        roller(1, R"(, "row_cnt": 5, "rol_mode": 1, "txt_align_e": 2)"),
+        roller(2, R"(, "row_cnt": 4, "txt_align_e": 1)"),
+        roller(3, R"(, "row_cnt": 4, "txt_align_e": 3)"),
+        roller(4, R"(, "row_cnt": 1, "txt_align_e": 2)"),
+        roller(5, R"(, "row_cnt": 3, "txt_align_e": 2)"),
     }, {
-        {"roller_endless", 2},
-        {"roller_high_band", 3},
-        {"roller_left", 4},
-        {"roller_right", 5},
-        {"roller_row_1", 6},
-        {"roller_endless_third", 2, roller_turning},
-        {"roller_endless_dragged", 2, roller_dragged},
-        {"roller_endless_de", 2, [] { zof_lang_set("de"); }},
-        {"roller_rows_3_last", 1, [] { zof_rollist_set_selected(at(1), 3, 0); }},
-        {"roller_line_space", 1, [] { zof_rollist_set_line_space(at(1), 30); }},
-        {"roller_night", 1, looks_night},
+        {"roller_endless", 1},
+        {"roller_endless_third", 1, [] { zof_rollist_set_selected(at(1), 2, 1); screen_step(500); }},
+        {"roller_endless_dragged", 1, roller_dragged},
+        {"roller_left", 2},
+        {"roller_right", 3},
+        {"roller_row_1", 4},
+        {"roller_rows_3_last", 5, [] { zof_rollist_set_selected(at(5), 3, 0); }},
+        {"roller_line_space", 5, [] { zof_rollist_set_line_space(at(5), 30); }},
     });
 }
 // clang-format on

@@ -1,4 +1,5 @@
-// What controls wear in golden pictures: a light and a night palette, and style records made of them.
+// What controls wear in golden pictures: a light palette, and style records made of it. By night and in other languages
+// the pictures of the gallery show them.
 //
 //     look{.state = LV_STATE_PRESSED, .bg = day.press}.json()
 #ifndef LOOKS_H
@@ -6,12 +7,9 @@
 
 #include "view_project.h"
 
-struct palette {
+constexpr struct {
     u32 view, card, line, text, mute, accent, accent_text, press;
-};
-
-inline const palette day = {0xECEFF4, 0xFFFFFF, 0xC8D0DC, 0x1E2A3A, 0x7A8699, 0x1F6FEB, 0xFFFFFF, 0xD8E6FD};
-inline const palette night = {0x10141B, 0x1B222D, 0x364152, 0xE6EBF2, 0x8793A6, 0x4DA3FF, 0x0B1220, 0x28364A};
+} day = {0xECEFF4, 0xFFFFFF, 0xC8D0DC, 0x1E2A3A, 0x7A8699, 0x1F6FEB, 0xFFFFFF, 0xD8E6FD};
 
 // One style record. Sides without a number of their own have `pad`.
 struct look {
@@ -23,16 +21,14 @@ struct look {
     u32 shadow = 0;
 
     std::string json() const {
-        char out[640];
-        snprintf(out, sizeof(out),
-                 R"({"style_part": %u, "style_state": %u, "style_sect": %u, "body_t": {"main_color": %u, "opa": %u,
-                 "radius": %u, "border": {"color": %u, "width": %u, "opa": 255, "part": %u},
-                 "shadow": {"color": 0, "width": %u},
-                 "padding": {"top": %d, "bottom": %d, "left": %d, "right": %d}},
-                 "txt_t": {"color": %u, "opa": 255, "font_lib": "text.ttf", "font_size": %u}})",
-                 part, state, sect, bg, opa, radius, border_color, border, sides, shadow, top < 0 ? pad : top,
-                 top < 0 ? pad : top, pad, pad, text, size);
-        return out;
+        const s32 high = top < 0 ? pad : top;
+        return form(R"({"style_part": %u, "style_state": %u, "style_sect": %u, "body_t": {"main_color": %u, "opa": %u,
+                    "radius": %u, "border": {"color": %u, "width": %u, "opa": 255, "part": %u},
+                    "shadow": {"color": 0, "width": %u},
+                    "padding": {"top": %d, "bottom": %d, "left": %d, "right": %d}},
+                    "txt_t": {"color": %u, "opa": 255, "font_lib": "text.ttf", "font_size": %u}})",
+                    part, state, sect, bg, opa, radius, border_color, border, sides, shadow, high, high, pad, pad, text,
+                    size);
     }
 };
 
@@ -57,19 +53,6 @@ inline void looks_open(view_project_t &project) {
     project.shown_keys = R"("bg_color": )" + std::to_string(day.view) + R"(, "bg_scale": 255)";
 }
 
-// The day and the night look of a control type, as themes. Controls of the tests ask for "youth".
-inline void looks_theme(const view_project_t &project, u32 type, std::string (*look_of)(const palette &)) {
-    for (const auto &[theme, colors] : {std::pair{"youth", &day}, {"night", &night}}) {
-        project.write(std::string("config/theme/") + theme + "/" + themeFileName[type] + ".g",
-                      R"({"styles": [)" + look_of(*colors) + "]}");
-    }
-}
-
-inline void looks_night() {
-    CHECK(zof_theme_set("night") == 0);
-    zof_view_set_bgcolor(1, 0xFF000000 | night.view);
-}
-
 // One picture: what was done before it, and which control stands for it alone (0: the view as it is). A finger that
 // `first` puts down is lifted afterwards.
 struct picture_row {
@@ -79,21 +62,17 @@ struct picture_row {
 };
 
 // All pictures of a type, whose controls have the numbers from 1 on.
-inline void looks_of(u32 type, std::string (*look_of)(const palette &), const std::vector<std::string> &controls,
-                     const std::vector<picture_row> &rows) {
+inline void looks_of(const std::vector<std::string> &controls, const std::vector<picture_row> &rows) {
     view_project_t project;
     looks_open(project);
-    looks_theme(project, type, look_of);
     project.image("dot.png", 16, 16, 0xF2A33A);
     project.show(controls);
     u32 seen = 0;
     for (const picture_row &row : rows) {
-        if (seen != row.only) {
-            for (u32 i = 1; i <= controls.size(); i++) {
-                zof_ctrl_set_hidden(at(i), i != row.only);
-            }
-            screen_step(50);
+        for (u32 i = 1; seen != row.only && i <= controls.size(); i++) {
+            zof_ctrl_set_hidden(at(i), i != row.only);
         }
+        screen_step(seen != row.only ? 50 : 0);
         seen = row.only;
         if (row.first) {
             row.first();

@@ -11,6 +11,7 @@
 #ifndef SCREEN_FIXTURE_H
 #define SCREEN_FIXTURE_H
 
+#include <stdarg.h>
 #include <stdlib.h>
 
 #include <algorithm>
@@ -31,6 +32,17 @@ extern "C" unsigned lodepng_decode24(unsigned char **out, unsigned *w, unsigned 
 enum { SCREEN_STEP_MS = 5, SCREEN_INPUT_MS = 45 };
 
 inline u32 screen_now; // milliseconds of the test's clock
+
+// A text as printf makes it.
+[[gnu::format(printf, 1, 2)]] inline std::string form(const char *format, ...) {
+    char *text = nullptr;
+    va_list args;
+    va_start(args, format);
+    const std::string out(vasprintf(&text, format, args) < 0 ? "" : text);
+    va_end(args);
+    free(text);
+    return out;
+}
 
 // Opens the window and the drivers of display and touch. With a project (zof_prj_obj_create) its size counts.
 inline void screen_open(s32 width, s32 height) {
@@ -151,8 +163,7 @@ inline void screen_png_write(const std::string &path, const screen_picture &p) {
 // Says where two pictures differ first; true when they do not.
 inline bool screen_same(const screen_picture &got, const screen_picture &want) {
     if (got.width != want.width || got.height != want.height) {
-        MESSAGE("the picture is " << got.width << " x " << got.height << ", wanted " << want.width << " x "
-                                  << want.height);
+        MESSAGE(form("the picture is %d x %d, wanted %d x %d", got.width, got.height, want.width, want.height));
         return false;
     }
     const auto [wrong, right] = std::mismatch(got.pixels.begin(), got.pixels.end(), want.pixels.begin());
@@ -160,10 +171,8 @@ inline bool screen_same(const screen_picture &got, const screen_picture &want) {
         return true;
     }
     const s32 i = (s32)(wrong - got.pixels.begin());
-    char text[128];
-    snprintf(text, sizeof(text), "the first pixel that differs, (%d, %d), is %06X, wanted %06X", i % got.width,
-             i / got.width, *wrong, *right);
-    MESSAGE(text);
+    MESSAGE(form("the first pixel that differs, (%d, %d), is %06X, wanted %06X", i % got.width, i / got.width, *wrong,
+                 *right));
     return false;
 }
 
@@ -171,22 +180,15 @@ inline bool screen_is_golden(const std::string &name) {
     const std::string golden = std::string(ZOF_SOURCE_DIR "/tests/screen/golden/") + name + ".png";
     const std::string kept = std::string(ZOF_BUILD_DIR "/golden/") + name;
     const screen_picture got = screen_shot();
-    const char *mode = getenv("ZOF_GOLDEN");
-    if (mode && std::string(mode) == "write") {
+    if (getenv("ZOF_GOLDEN")) {
         screen_png_write(golden, got);
     }
     screen_picture want;
-    if (!screen_png_read(golden, &want)) {
-        screen_png_write(kept + ".got.png", got);
-        MESSAGE("there is no golden " << golden << "; look at " << kept << ".got.png, then run with ZOF_GOLDEN=write");
-        return false;
-    }
-    if (screen_same(got, want)) {
+    if (screen_png_read(golden, &want) && screen_same(got, want)) {
         return true;
     }
     screen_png_write(kept + ".got.png", got);
-    screen_png_write(kept + ".want.png", want);
-    MESSAGE("both pictures are kept: " << kept << ".got.png and .want.png");
+    MESSAGE("compare " << kept << ".got.png with " << golden << "; if it is right, run with ZOF_GOLDEN=write");
     return false;
 }
 

@@ -46,22 +46,21 @@ template <u32 ID> zof_view_fun_t view_row() {
 // defaults.
 inline std::string ctrl(u32 type, u32 id, const std::string &own = "", const std::string &pub = "",
                         const std::string &styles = "") {
-    const std::string number = std::to_string(id);
-    return R"({"type": )" + std::to_string(type) + R"(, "theme": "youth", "property": {"pub_t": {)" + pub +
-           (pub.empty() ? "" : ", ") + R"("name": "c)" + number + R"(", "id": )" + number +
-           R"(, "pt": {"x": 0, "y": 0}, "size": {"width": 100, "height": 40}, "t_mode": 1, "alpha": 255})" +
-           (own.empty() ? "" : ", ") + own + R"(, "styles": [)" + styles + "]}}";
+    return form(R"({"type": %u, "theme": "youth", "property": {"pub_t": {%s"name": "c%u", "id": %u, )"
+                R"("pt": {"x": 0, "y": 0}, "size": {"width": 100, "height": 40}, "t_mode": 1, "alpha": 255}%s, )"
+                R"("styles": [%s]}})",
+                type, (pub.empty() ? "" : pub + ", ").c_str(), id, id, (own.empty() ? "" : ", " + own).c_str(),
+                styles.c_str());
 }
 
 inline std::string box(s32 x, s32 y, s32 width, s32 height) {
-    return R"("pt": {"x": )" + std::to_string(x) + R"(, "y": )" + std::to_string(y) + R"(}, "size": {"width": )" +
-           std::to_string(width) + R"(, "height": )" + std::to_string(height) + "}";
+    return form(R"("pt": {"x": %d, "y": %d}, "size": {"width": %d, "height": %d})", x, y, width, height);
 }
 
 // A style of the main part in its normal state that only fills.
 inline std::string filled(u32 color) {
-    return R"({"style_part": 0, "style_state": 0, "style_sect": 0, "body_t": {"opa": 255, "main_color": )" +
-           std::to_string(color) + "}}";
+    return form(R"({"style_part": 0, "style_state": 0, "style_sect": 0, "body_t": {"opa": 255, "main_color": %u}})",
+                color);
 }
 
 struct view_project_t : temp_project_t {
@@ -70,14 +69,13 @@ struct view_project_t : temp_project_t {
     std::string shown_keys;                    // keys of the view that `show` makes
 
     void view(u32 id, const std::vector<std::string> &controls, const std::string &keys = "") {
-        const std::string number = std::to_string(id);
         std::string list;
         for (const std::string &control : controls) {
             list += (list.empty() ? "" : ",\n") + control;
         }
-        write("config/view/v" + number + ".g", R"({"view": {"v_id": )" + number + (keys.empty() ? "" : ", ") + keys +
-                                                   R"(}, "controls": [)" + list + "]}");
-        pages += (pages.empty() ? "" : ", ") + (R"({"pageId": )" + number) + R"(, "pageName": "v)" + number + R"(.g"})";
+        write(form("config/view/v%u.g", id), form(R"({"view": {"v_id": %u%s%s}, "controls": [%s]})", id,
+                                                  keys.empty() ? "" : ", ", keys.c_str(), list.c_str()));
+        pages += form(R"(%s{"pageId": %u, "pageName": "v%u.g"})", pages.empty() ? "" : ", ", id, id);
     }
 
     // Paints a picture of one colour.
@@ -88,8 +86,8 @@ struct view_project_t : temp_project_t {
 
     // Opens window and project, shows no view yet.
     zof_prj_t *open(s32 width, s32 height) {
-        write("config/project/zofprj.g", R"({"p_name": "t", "width": )" + std::to_string(width) + R"(, "height": )" +
-                                             std::to_string(height) + more + R"(, "views": [)" + pages + "]}");
+        write("config/project/zofprj.g", form(R"({"p_name": "t", "width": %d, "height": %d%s, "views": [%s]})", width,
+                                              height, more.c_str(), pages.c_str()));
         zof_prj_t *prj = temp_project_t::open();
         REQUIRE(prj);
         screen_open(width, height);
