@@ -7,6 +7,7 @@
 
 #include <atomic>
 
+#include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_gpio.h"
 #include "drv/zof_drv_up.h"
 #include "port/zof_host.h"
@@ -311,6 +312,7 @@ void sdl_event_handler(lv_timer_t *) {
     }
     bright_apply();
     if (sdl_quit_qry) {
+        zof_drv_audio_set_state(ZOF_MEDIA_STOP); // its thread may be opening a device that SDL_Quit takes away
         window_drop();
         SDL_Quit();
         exit(0);
