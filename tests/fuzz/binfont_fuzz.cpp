@@ -7,18 +7,14 @@
 
 enum { CODES = 24 };
 
-static temp_project_t &project = *new temp_project_t;
+static temp_project_t project;
 static lv_obj_t *label;
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    fuzz_quiet();
-    atexit([] { project.~temp_project_t(); });
+void fuzz_open() {
     project.open();
-    std::filesystem::create_directories(project.path("font"));
     screen_open(64, 48);
     label = lv_label_create(lv_scr_act());
     lv_label_set_text(label, "abc\nZ\xE4\xB8\xAD#");
-    return 0;
 }
 
 static void glyphs_read(const lv_font_t *font, const zof_font_header_t *header) {
@@ -31,17 +27,15 @@ static void glyphs_read(const lv_font_t *font, const zof_font_header_t *header) 
     }
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-    static const std::string path = project.path("font/x.bin");
-    FILE *file = fopen(path.c_str(), "wb");
-    fuzz_must(file && fwrite(data, 1, size, file) == size && fclose(file) == 0, "the file can be written");
+void fuzz_one(fuzz_input &in) {
+    static const std::string name = "font/x.bin";
+    project.write(name, fuzz_text(in));
     lv_font_t font = {};
-    if (zof_binfont_create(&font, path.c_str()) == 0) {
+    if (zof_binfont_create(&font, project.path(name).c_str()) == 0) {
         glyphs_read(&font, &((zof_binfont_t *)font.user_data)->header);
         lv_obj_set_style_text_font(label, &font, 0);
         lv_refr_now(nullptr);
         lv_obj_set_style_text_font(label, LV_FONT_DEFAULT, 0);
         zof_binfont_delete(&font);
     }
-    return 0;
 }

@@ -11,16 +11,35 @@
 #include <string>
 #include <vector>
 
+#include "hmi/zof_hmi_frame.h"
 #include "zof.h"
 
-extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv);
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
+enum { FUZZ_HEAD0 = 0x5A, FUZZ_HEAD1 = 0xA5 }; // of frames, those of hosts and those of boards
 
 // What is left of an input.
 struct fuzz_input {
     const u8 *at;
     size_t size;
 };
+
+// Each fuzzer's own: called once, and for each input.
+void fuzz_open();
+void fuzz_one(fuzz_input &in);
+
+// The runtime tells every fault of its input: not here.
+extern "C" __attribute__((used)) inline int LLVMFuzzerInitialize(int *, char ***) {
+    if (!getenv("ZOF_FUZZ_LOUD") && !freopen("/dev/null", "w", stdout)) {
+        abort();
+    }
+    fuzz_open();
+    return 0;
+}
+
+extern "C" __attribute__((used)) inline int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+    fuzz_input in = {data, size};
+    fuzz_one(in);
+    return 0;
+}
 
 inline u8 fuzz_byte(fuzz_input &in) {
     if (in.size == 0) {
@@ -39,19 +58,33 @@ inline std::vector<u8> fuzz_bytes(fuzz_input &in, size_t size) {
     return out;
 }
 
+// All that is left, as a file's text.
+inline std::string fuzz_text(const fuzz_input &in) {
+    return std::string((const char *)in.at, in.size);
+}
+
 // Looks at every byte, so that one that is not there is seen.
-inline void fuzz_read(const u8 *data, size_t size) {
+inline s32 fuzz_read(const u8 *data, size_t size) {
     static volatile u8 sum;
     for (size_t i = 0; i < size; i++) {
         sum = (u8)(sum + data[i]);
     }
+    return (s32)size;
 }
 
-// The runtime tells every fault of its input: not here.
-inline void fuzz_quiet() {
-    if (!getenv("ZOF_FUZZ_LOUD") && !freopen("/dev/null", "w", stdout)) {
-        abort();
+// Code and payload with the head, length and CRC around them that no search would find.
+inline std::vector<u8> fuzz_sealed(std::vector<u8> counted, bool crc, bool long_form = false) {
+    if (crc) {
+        const u16 sum = zof_hmi_crc16(counted.data(), (u32)counted.size());
+        counted.insert(counted.end(), {(u8)(sum >> 8), (u8)sum});
     }
+    std::vector<u8> out = {FUZZ_HEAD0, FUZZ_HEAD1};
+    if (long_form || counted.size() > 127) {
+        out.push_back((u8)(0x80 | counted.size() >> 8));
+    }
+    out.push_back((u8)counted.size());
+    out.insert(out.end(), counted.begin(), counted.end());
+    return out;
 }
 
 // Stops as a fault does. For rules that no sanitizer knows.

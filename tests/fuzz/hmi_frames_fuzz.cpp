@@ -1,40 +1,15 @@
 // Frames and codec of the host protocol without a project: as fast as can be. The first byte chooses: the receive
 // handler with a series of messages, or one record of the codec there and back, or one frame built and read again.
-#include "hmi/zof_hmi_sync.h"
 #include "hmi_line.h"
 #include "port/zof_host.h"
 
 enum { BUILD_MAX = 300 };
 
-static const zof_hmi_rec_t *const records[] = {
-    &zof_hmi_none_t_tbl,
-    &zof_hmi_one_s8_t_tbl,
-    &zof_hmi_one_u16_t_tbl,
-    &zof_hmi_one_s16_t_tbl,
-    &zof_hmi_one_u32_t_tbl,
-    &zof_hmi_one_s32_t_tbl,
-    &zof_hmi_one_str_t_tbl,
-    &zof_hmi_param_u8str_t_tbl,
-    &zof_hmi_param_u8u16_t_tbl,
-    &zof_hmi_param_u16str_t_tbl,
-    &zof_hmi_param_u16u16str_t_tbl,
-    &zof_hmi_param_u8u32_t_tbl,
-    &zof_hmi_param_u8u16u16_t_tbl,
-    &zof_hmi_param_u16u16_t_tbl,
-    &zof_hmi_param_s16s16_t_tbl,
-    &zof_hmi_param_u16u32_t_tbl,
-    &zof_hmi_param_u8s16s16_t_tbl,
-    &zof_hmi_param_u32u16u8u8_t_tbl,
-    &zof_hmi_ctrl_id_t_tbl,
-    &zof_hmi_param_u16u16u16u16_t_tbl,
-    &zof_hmi_param_u16u8u8u8u8_t_tbl,
-    &zof_hmi_stdby_t_tbl,
-    &zof_hmi_tabel_t_tbl,
-};
+static std::vector<const zof_hmi_rec_t *> records; // of all rows
 
 // What was read from the wire goes out as the same bytes.
 static void there_and_back(fuzz_input &in) {
-    const zof_hmi_rec_t *list = records[fuzz_byte(in) % (sizeof(records) / sizeof(records[0]))];
+    const zof_hmi_rec_t *list = records[fuzz_byte(in) % records.size()];
     const std::vector<u8> wire = fuzz_bytes(in, in.size);
     alignas(8) u8 record[ZOF_HMI_RECORD_SIZE] = {};
     const s32 taken = zof_hmi_cmd_buf_2_param(record, list, wire.data(), (u32)wire.size());
@@ -65,19 +40,22 @@ static void build_and_read(fuzz_input &in) {
     }
 }
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
+void fuzz_open() {
     static const zof_clock_t still = {[] { return 0u; }, [](u32) {}};
-    fuzz_quiet();
     zof_clock_set(&still);
     lv_init();
     dis_mutex = zof_mutex_create();
-    zof_hmi_sync_init();
-    hmi_analysers_make();
-    return 0;
+    hmi_open();
+    for (u32 i = 0; i < zof_ui_cmd_type_count; i++) {
+        const zof_hmi_cmd_type_t &type = zof_ui_cmd_types[i];
+        records.push_back(type.rec);
+        for (u32 k = 0; k < type.param_count; k++) {
+            records.insert(records.end(), {type.params[k].value, type.params[k].rw->req});
+        }
+    }
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-    fuzz_input in = {data, size};
+void fuzz_one(fuzz_input &in) {
     hmi_tail.clear();
     const u8 what = fuzz_byte(in) % 4;
     if (what == 0) {
@@ -89,5 +67,4 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
             hmi_message(in);
         }
     }
-    return 0;
 }

@@ -2,16 +2,15 @@
 // front of the next one as the line would put it, and answers are looked at and dropped. Linked with --wrap for the two
 // functions of the line.
 //
-// A message: a byte of HMI_* flags, a byte for its length, its bytes. A sealed one is code and payload only and gets
-// head, length and CRC here, which no search would find.
+// A message: a byte of HMI_* flags, a byte for its length, its bytes. A sealed one is code and payload only.
 #ifndef HMI_LINE_H
 #define HMI_LINE_H
 
 #include "fuzz.h"
 #include "hmi/zof_hmi_analys.h"
+#include "hmi/zof_hmi_sync.h"
 
-enum { HMI_CRC = 1, HMI_SEALED = 2, HMI_LONG = 4, HMI_DRAW = 8 };
-enum { HMI_TAIL_SIZE = 256, HMI_HEAD0 = 0x5A, HMI_HEAD1 = 0xA5 };
+enum { HMI_CRC = 1, HMI_SEALED = 2, HMI_LONG = 4, HMI_DRAW = 8, HMI_TAIL_SIZE = 256 };
 
 inline std::vector<u8> hmi_tail;
 
@@ -24,32 +23,17 @@ extern "C" __attribute__((used)) inline s32 __wrap_zof_hmi_uart_tail_set(const u
 }
 
 extern "C" __attribute__((used)) inline s32 __wrap_zof_hmi_uart_send(const u8 *data, u32 size) {
-    fuzz_read(data, size);
-    return (s32)size;
+    return fuzz_read(data, size);
 }
 
-inline void hmi_analysers_make() {
+inline void hmi_open() {
+    zof_hmi_sync_init();
     zof_hmi_attr_t attr = {};
-    attr.head_fh = HMI_HEAD0;
-    attr.head_fl = HMI_HEAD1;
+    attr.head_fh = FUZZ_HEAD0;
+    attr.head_fl = FUZZ_HEAD1;
     attr.resend_en = 1;
     attr.buffsize = 4096;
     fuzz_must(zof_hmi_cmd_sys_analys_init(&attr) == 0 && zof_hmi_cmd_ui_analys_init(&attr) == 0, "the analysers stand");
-}
-
-inline std::vector<u8> hmi_sealed(const std::vector<u8> &counted, bool crc, bool long_form) {
-    const u32 len = (u32)counted.size() + (crc ? 2 : 0);
-    std::vector<u8> out = {HMI_HEAD0, HMI_HEAD1};
-    if (long_form || len > 127) {
-        out.push_back((u8)(0x80 | len >> 8));
-    }
-    out.push_back((u8)len);
-    out.insert(out.end(), counted.begin(), counted.end());
-    if (crc) {
-        const u16 sum = zof_hmi_crc16(counted.data(), (u32)counted.size());
-        out.insert(out.end(), {(u8)(sum >> 8), (u8)sum});
-    }
-    return out;
 }
 
 // Receives one message behind what was kept; true when the panel is to draw.
@@ -58,11 +42,11 @@ inline bool hmi_message(fuzz_input &in) {
     std::vector<u8> fresh = fuzz_bytes(in, fuzz_byte(in));
     const bool crc = flags & HMI_CRC;
     if (flags & HMI_SEALED) {
-        fresh = hmi_sealed(fresh, crc, flags & HMI_LONG);
+        fresh = fuzz_sealed(fresh, crc, flags & HMI_LONG);
     }
     sys_cmd_analys->crc_en = ui_cmd_analys->crc_en = crc;
     std::vector<u8> whole;
-    whole.reserve(hmi_tail.size() + fresh.size());
+    whole.reserve(hmi_tail.size() + fresh.size()); // no byte more, so that a look beyond is seen
     whole.insert(whole.end(), hmi_tail.begin(), hmi_tail.end());
     whole.insert(whole.end(), fresh.begin(), fresh.end());
     hmi_tail.clear();

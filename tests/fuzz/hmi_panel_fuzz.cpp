@@ -5,15 +5,12 @@
 
 #include "every_control.h"
 #include "hmi/zof_hmi.h"
-#include "hmi/zof_hmi_sync.h"
 #include "port/zof_port.h"
 
+static view_project_t project;
 static int history = -1;
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    fuzz_quiet();
-    static auto &project = *new view_project_t;
-    atexit([] { project.~view_project_t(); });
+void fuzz_open() {
     project.more = R"(, "start_page": 1, "language": "en", "app_ver": "A1.2", "hw_t": {"touch_t": {"th_en": 112}})";
     project.write("config/languages/en.g", R"({"hello": "hello"})");
     project.write("config/languages/de.g", R"({"hello": "hallo"})");
@@ -28,11 +25,9 @@ extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     project.open(320, 240);
     win_rtc_init();
     zof_func_pwon();
-    zof_hmi_sync_init();
-    hmi_analysers_make();
+    hmi_open();
     const char *file = getenv("ZOF_FUZZ_HISTORY");
     history = file ? open(file, O_WRONLY | O_CREAT | O_TRUNC, 0644) : -1;
-    return 0;
 }
 
 // A draw without a message is a touch, or its end, where its bytes say.
@@ -44,8 +39,7 @@ static void touch(fuzz_input &in) {
     }
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-    fuzz_input in = {data, size};
+void fuzz_one(fuzz_input &in) {
     hmi_tail.clear();
     while (in.size) {
         const fuzz_input from = in;
@@ -59,5 +53,4 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
             (void)!write(history, from.at, from.size - in.size);
         }
     }
-    return 0;
 }

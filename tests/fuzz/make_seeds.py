@@ -12,125 +12,82 @@ import subprocess
 import sys
 import tempfile
 
-from PIL import Image
-
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
-SRC = ROOT / "zof_src"
+sys.path[:0] = [str(ROOT / "clients/python"), str(ROOT / "tests/media")]
+from make import gif, picture, spots  # noqa: E402
+from zof_host.catalogue import ROWS  # noqa: E402
+from zof_host.frame import READ, WRITE, build  # noqa: E402
+from zof_host.row import encode  # noqa: E402
+
 PROGRAM, OUT = sys.argv[1], pathlib.Path(sys.argv[2])
-HMI_SEALED, HMI_CRC, HMI_LONG, HMI_DRAW = 2, 1, 4, 8
-GET, SET = 0x11, 0x22
+HMI_CRC, HMI_SEALED, HMI_LONG, HMI_DRAW = 1, 2, 4, 8  # as in hmi_line.h
 
 
-def seed(fuzzer, name, data):
-    folder = OUT / fuzzer
-    folder.mkdir(parents=True, exist_ok=True)
-    (folder / name).write_bytes(data.encode() if isinstance(data, str) else bytes(data))
-
-
-def dictionary(fuzzer, words):
+def seeds(fuzzer, files, words):
+    """`files`: name -> bytes. `words` are those of the dictionary."""
+    (OUT / fuzzer).mkdir(parents=True)
+    for name, data in files.items():
+        (OUT / fuzzer / name).write_bytes(data)
     lines = {'"' + "".join(f"\\x{b:02X}" for b in word) + '"' for word in words}
     (OUT / f"{fuzzer}.dict").write_text("\n".join(sorted(lines)) + "\n")
 
 
-# The register link ------------------------------------------------------------------------------------------------
-def register_write(addr, *words):
-    return bytes([0x5A, 0xA5, 3 + 2 * len(words), 0x82]) + struct.pack(f">H{len(words)}H", addr, *words)
-
-
-def register_read(addr, count):
-    return bytes([0x5A, 0xA5, 4, 0x83]) + struct.pack(">HB", addr, count)
-
-
-def messages(*parts):
-    return b"".join(bytes([len(part)]) + part for part in parts)
-
-
 def registers():
-    names = re.findall(r"\b(REG_\w+) = (\d+),", (ROOT / "apps/hardware/uart/zof_hw_map.h").read_text())
-    singles = [register_write(int(at), 1234) for name, at in names]
-    rails = register_write(272, 0, 5000, 5000, 3000, 1, 3300, 11000, 5000, 2, 9000, 20000, 5000)
-    every = b"".join(messages(frame) for frame in singles)
-    for link in ("register_link", "register_frames"):
-        seed(link, "every_register", every + b"\xff")
-        seed(link, "rails", messages(rails, register_write(256, 3), register_write(257, 1)) + b"\xff")
-        seed(link, "reads", messages(register_read(16, 5), register_read(0, 255), register_read(2048, 255)))
-        seed(link, "cut_and_noise", messages(singles[0][:4], singles[0][4:], b"\x5a\xa5\x5a" + singles[1]))
-        dictionary(link, [b"\x5A\xA5", b"\x5A\xA5\x05\x82", b"\x5A\xA5\x04\x83"] +
-                   [struct.pack(">H", int(at)) for name, at in names])
+    names = re.findall(r"\bREG_\w+ = (\d+),", (ROOT / "apps/hardware/uart/zof_hw_map.h").read_text())
+    every = [struct.pack(">H", int(at)) for at in names]
+    writes = [build(0x82, at + b"\x04\xD2") for at in every]
+    rails = build(0x82, struct.pack(">13H", 272, 0, 5000, 5000, 3000, 1, 3300, 11000, 5000, 2, 9000, 20000, 5000))
+    reads = [build(0x83, struct.pack(">HB", *what)) for what in ((16, 5), (0, 255), (2048, 255))]
+    files = {"every_register": writes, "rails": [rails, *(build(0x82, bytes(b)) for b in ((1, 0, 0, 3), (1, 1, 0, 1)))],
+             "reads": reads, "cut_and_noise": [writes[0][:4], writes[0][4:], b"\x5A\xA5\x5A" + writes[1]]}
+    draw = b"\xff"
+    files = {name: b"".join(bytes([len(one)]) + one for one in parts) + draw for name, parts in files.items()}
+    for fuzzer in ("register_link", "register_frames"):
+        seeds(fuzzer, files, [b"\x5A\xA5", b"\x5A\xA5\x05\x82", b"\x5A\xA5\x04\x83", *every])
 
 
-# The host protocol --------------------------------------------------------------------------------------------------
-def hmi(flags, counted):
-    return bytes([flags, len(counted)]) + bytes(counted)
-
-
-def type_codes():
-    text = (SRC / "hmi/zof_hmi_cmd.cpp").read_text()
-    return [bytes([0xB0]), bytes([0xB1])] + [bytes([0xB2, int(x, 16)]) for x in re.findall(r"CTRL_TYPE\((0x\w+),", text)]
+def hmi(flags, *counted):
+    return b"".join(bytes([flags, len(one)]) + one for one in counted)
 
 
 def hosts():
-    panel = []
-    for code in type_codes():
-        frames = b""
-        for param in range(16):
-            for control in range(5, 17) if code == b"\xb2\xf0" else (2 * len(panel), 5 + len(panel) % 14):
-                address = bytes([0, 1, 0, control]) if len(code) == 2 else b""
-                body = code + bytes([param]) + address
-                frames += hmi(HMI_SEALED, bytes([GET]) + body + bytes(2))
-                frames += hmi(HMI_SEALED | HMI_CRC, bytes([SET]) + body + b"\0\x02\0\x30\0\x40\0\x10\0")
-        panel.append(frames)
-        seed("hmi_panel", "type_" + code.hex(), frames[:1500] + hmi(HMI_DRAW, b"")[:1] + b"\x80\x81")
-    text = bytes([SET]) + bytes.fromhex("b200000001000568656c6c6f00")
-    picture = bytes([SET]) + bytes.fromhex("b2020000010007") + b"blue.png\0"
-    plain = bytes.fromhex("5aa50311b0015aa5800311b001")
-    walk = hmi(0, plain[:4]) + hmi(0, plain[4:]) + hmi(HMI_SEALED | HMI_LONG, text) + hmi(HMI_SEALED, picture)
-    seed("hmi_panel", "texts", walk + hmi(HMI_SEALED | HMI_DRAW, bytes([SET, 0xB1, 0, 0, 2])))
-    seed("hmi_frames", "walk", b"\x02" + walk)
-    seed("hmi_frames", "reads", b"\x02" + b"".join(hmi(HMI_SEALED, bytes([GET, 0xB0, p, 0])) for p in range(10)))
-    for size in (2, 124, 126, 129, 256):
-        seed("hmi_frames", f"build_{size}", b"\x01\x01" + struct.pack(">H", size))
-    for record in range(0, 23, 4):
-        seed("hmi_frames", f"record_{record}", bytes([0, record]) + b"\x01\x02\x03\x04abc\0\x05\x06")
-    words = type_codes() + [bytes([0x5A, 0xA5]), b"\x5A\xA5\x80", bytes([GET]), bytes([SET]), b"blue.png\0", b"red.png\0",
-                            b"#hello\0", b"de\0", b"\0\x01\0\x05", b"\xff\xff", b"\x7f\xff", b"\x80\0"]
-    dictionary("hmi_panel", words)
-    dictionary("hmi_frames", words)
+    panel = {}
+    for name, row in ROWS.items():
+        value = encode(row.value, ["blue.png" if kind == "text" else 2 for _, kind in row.value])
+        keys = [row.code + encode(row.address + row.request, [1, control, 0, 0] if row.address else [1, 1])
+                for control in ([*range(5, 28), 60, 61, 62] if row.address else [0])]
+        panel[name] = b"".join(hmi(HMI_SEALED, bytes([READ]) + key) + hmi(HMI_SEALED | HMI_CRC, bytes([WRITE]) + key + value)
+                               for key in keys) + bytes([HMI_DRAW, 0x80, 0x81])
+    size = build(READ, ROWS["view.size"].code)
+    walk = hmi(0, size[:4], size[4:], bytes.fromhex("5aa5800311b106")) + hmi(
+        HMI_SEALED | HMI_LONG, bytes([WRITE]) + bytes.fromhex("b200000001000568656c6c6f00"))
+    frames = {name: b"\x02" + made[:126] for name, made in panel.items()} | {"walk": b"\x02" + walk}
+    frames |= {f"build_{size}": b"\x01\x01" + struct.pack(">H", size) for size in (2, 124, 126, 129, 256)}
+    frames |= {f"record_{n}": bytes([0, n]) + b"\x01\x02\x03\x04abc\0\x05\x06" for n in range(0, 240, 16)}
+    words = [row.code for row in ROWS.values()] + [
+        b"\x5A\xA5", b"\x5A\xA5\x80", bytes([READ]), bytes([WRITE]), b"blue.png\0", b"red.png\0", b"#hello\0", b"de\0",
+        b"\0\x01\0\x05", b"\xff\xff", b"\x7f\xff", b"\x80\0"]
+    seeds("hmi_panel", panel | {"walk": walk}, words)
+    seeds("hmi_frames", frames, words)
 
 
-# The firmware library -------------------------------------------------------------------------------------------------
 def firmware():
-    raw, sealed, echo, wait, write, read, system = range(7)
-    on, touch = bytes.fromhex("b001aabb"), bytes.fromhex("b0040101005000280000")[:8]
+    raw, sealed, echo, wait, write, read, system = range(7)  # steps, as in zof_host_fuzz.cpp
+    on, touch, size = bytes.fromhex("b001aabb"), bytes.fromhex("b004010100500028"), bytes([echo, 4, 1, 64, 0, 240])
     events = bytes([sealed, len(on)]) + on + bytes([sealed, len(touch)]) + touch
-    answered = bytes([read, 2, wait, 30, echo, 3]) + b"hi\0" + bytes([read, 1, wait, 30, echo, 4, 1, 64, 0, 240])
-    head = bytes.fromhex("5aa58020115a5a5aa50711b0")  # false heads, and a frame that stops
-    noise = bytes([raw, len(head)]) + head + bytes([wait, 255])
-    fill = bytes([write, 60, wait, 20]) * 18 + bytes([wait, 90, echo, 4, 1, 64, 0, 240, wait, 30])
-    for crc in (0, 1):
-        for more in (0, 2, 4 + 8, 16):
-            name = f"mode_{crc + more}"
-            seed("zof_host", name, bytes([crc + more]) + answered + events + noise + answered)
-        seed("zof_host", f"full_{crc}", bytes([crc]) + fill + fill)
-        seed("zof_host", f"system_{crc}", bytes([crc + 2, system, 1, wait, 20, echo, 1, 0, system, 3, wait, 255]))
-        seed("zof_host", f"silent_{crc}", bytes([crc]) + bytes([system, 5, write, 70] + [wait, 255] * 3) + events)
-    dictionary("zof_host", [b"\x5A\xA5", b"\x5A\xA5\x80", bytes([1, 4]) + on, bytes([1, 8]) + touch,
-                            bytes([2, 3]) + b"x\0", bytes([4, 60, 3, 20]), bytes([3, 255])])
-
-
-# Project files ------------------------------------------------------------------------------------------------------
-def record_keys():
-    """Keys of each record, from its table: name -> [(kind, key, table)]."""
-    tables = {}
-    for file in ("zof_ctrl_attr.cpp", "zof_prj_attr.cpp"):
-        text = (SRC / "project" / file).read_text()
-        for name, body in re.findall(r"const reflect_item_t (\w+)_tbl\[\] = \{(.*?)\};", text, re.S):
-            rows = re.findall(r"CSON_(\w+)\(\w+,\s*([\w.]+)(?:,\s*(\w+))?(?:,\s*(\w+))?", body)
-            tables[name] = rows
-    return tables
+    answered = bytes([read, 2, wait, 30, echo, 3]) + b"hi\0" + bytes([read, 1, wait, 30]) + size
+    noise = bytes([raw, 12]) + bytes.fromhex("5aa58020115a5a5aa50711b0") + bytes([wait, 255])  # false heads, and a cut frame
+    steps = {"talk": answered + events + noise + answered,
+             "full": (bytes([write, 60, wait, 20]) * 18 + bytes([wait, 90]) + size + bytes([wait, 30])) * 2,
+             "system": bytes([system, 1, wait, 20, echo, 1, 0, system, 3, wait, 255]),
+             "silent": bytes([system, 5, write, 70] + [wait, 255] * 3) + events}
+    files = {f"{name}_{mode}": bytes([mode]) + made for name, made in steps.items() for mode in (0, 1, 2, 3, 13, 17)}
+    seeds("zof_host", files, [b"\x5A\xA5", b"\x5A\xA5\x80", bytes([1, 4]) + on, bytes([1, 8]) + touch,
+                              bytes([2, 3]) + b"x\0", bytes([4, 60, 3, 20]), bytes([3, 255])])
 
 
 def example(tables, name, depth=0):
+    """A record with every key of its table."""
     out = {}
     for kind, key, *more in tables.get(name, []):
         inner = next((m[:-4] for m in more if m.endswith("_tbl")), None)
@@ -142,133 +99,96 @@ def example(tables, name, depth=0):
     return out
 
 
-def control(number, record, **pub):
-    record["pub_t"] = dict(record.get("pub_t", {}), id=number + 10, parent_id=0, hidden=False, alpha=255,
-                           pt={"x": 5 * number, "y": 4 * number}, size={"width": 60, "height": 40}, **pub)
+def project_files():
+    folder = ROOT / "zof_src/project"
+    text = "".join((folder / name).read_text() for name in ("zof_ctrl_attr.cpp", "zof_prj_attr.cpp", "zof_j2s_struct.cpp"))
+    tables = {name: re.findall(r"CSON_(\w+)\(\w+,\s*([\w.]+)(?:,\s*(\w+))?(?:,\s*(\w+))?", rows)
+              for name, rows in re.findall(r"const reflect_item_t (\w+)_tbl\[\] = \{(.*?)\};", text, re.S)}
+    project = example(tables, "zof_prj_attr_t") | {"views": [{"pageId": 1, "pageName": "v1.g"}, {"pageId": "x"}]}
+    files = {"project": (0, project), "language": (1, {"hello": "hallo", "n": 1}),
+             "link": (2, example(tables, "zof_hmi_attr_t"))}
     fill = {"style_part": 0, "style_state": 0, "style_sect": 0, "body_t": {"opa": 255, "main_color": 255},
             "txt_t": {"font_lib": "t.ttf", "font_size": 16, "opa": 255}}
-    return {"type": number, "theme": "youth", "property": dict(record, styles=[fill])}
-
-
-def files():
-    tables = record_keys()
-    text = (SRC / "project/zof_j2s_struct.cpp").read_text()
-    types = re.findall(r"\{ZOF_CTRL_\w+, (\w+)_tbl,", text)
-    view = example(tables, "zof_view_attr_t") | {"v_id": 2, "layer": 0}
-    for number, name in enumerate(types):
-        one = control(number, example(tables, name), pub=number % 2 == 0)
-        seed("project_files", f"view_{number:02}_{name}", "\x04" + json.dumps({"view": view, "controls": [one]}))
-        if number % 8 == 0:
-            seed("project_files", f"control_{name}", chr(3 + 8 * number)[:1] + json.dumps(one["property"])
-                 if 3 + 8 * number < 128 else "\x03" + json.dumps(one["property"]))
-    project = example(tables, "zof_prj_attr_t") | {"views": [{"pageId": 1, "pageName": "v1.g"}, {"pageId": "x"}]}
-    seed("project_files", "project", "\x00" + json.dumps(project))
-    seed("project_files", "language", "\x01" + json.dumps({"hello": "hallo", "n": 1}))
-    seed("project_files", "link", "\x02" + json.dumps(example(tables, "zof_hmi_attr_t")))
+    for number, name in enumerate(re.findall(r"\{ZOF_CTRL_\w+, (\w+)_tbl,", text)):
+        place = {"id": number + 10, "parent_id": 0, "hidden": False, "alpha": 255, "pub": number % 2 == 0,
+                 "pt": {"x": 5 * number, "y": 4 * number}, "size": {"width": 60, "height": 40}}
+        record = example(tables, name)
+        record |= {"pub_t": record.get("pub_t", {}) | place, "styles": [fill]}
+        view = {"view": example(tables, "zof_view_attr_t") | {"v_id": 2, "layer": 0},
+                "controls": [{"type": number, "theme": "youth", "property": record}]}
+        files |= {f"view_{name}": (4, view), f"control_{name}": (3 + 8 * number, record)}
     keys = {row[1] for rows in tables.values() for row in rows} | {
         "view", "controls", "type", "theme", "property", "styles", "views", "pageId", "pageName"}
-    numbers = [b"-1", b"255", b"65535", b"2147483647", b"-2147483648", b"4294967295", b"1e9", b"true", b"null", b"[]", b"{}"]
-    dictionary("project_files", [b'"' + key.encode() + b'":' for key in keys] + numbers +
-               [b'"#hello"', b'"t.ttf"', b'"red.png"', b'"youth"'])
+    values = '-1 255 65535 2147483647 -2147483648 4294967295 1e9 true null [] {} "#hello" "t.ttf" "red.png" "youth"'.split()
+    seeds("project_files", {name: bytes([kind]) + json.dumps(record).encode() for name, (kind, record) in files.items()},
+          [word.encode() for word in [f'"{key}":' for key in keys] + values])
 
 
-# The bitmap font ----------------------------------------------------------------------------------------------------
-def font(bpp, glyphs, count=None, bitmap_size=64):
-    codes = [code for code, *rest in glyphs]
-    head = struct.pack("<HHHHBBb5x", min(codes), max(codes), bitmap_size, len(glyphs) if count is None else count, bpp, 20, -4)
-    table = b"".join(struct.pack("<H", code) for code in codes)
-    at = len(head) + 6 * len(glyphs) + 4
-    offsets, records = b"", b""
+def font(bpp, count=4):
+    glyphs = [(ord("a"), 4, 4), (ord("b"), 8, 2), (ord("Z"), 3, 5), (0x4E2D, 6, 6)]
+    head = struct.pack("<HHHHBBb5x", ord("Z"), 0x4E2D, 64, count, bpp, 20, -4)
+    codes, offsets, records = b"", b"", b""
     for code, width, height in glyphs:
-        offsets += struct.pack("<I", at + len(records))
+        codes += struct.pack("<H", code)
+        offsets += struct.pack("<I", len(head) + 6 * len(glyphs) + 4 + len(records))
         records += struct.pack("<BBBbb", width + 1, width, height, 0, 0) + bytes(range(1, width * height * bpp // 8 + 1))
-    return head + table + offsets + bytes(4) + records
+    return head + codes + offsets + bytes(4) + records
 
 
-def fonts():
-    letters = [(ord("a"), 4, 4), (ord("b"), 8, 2), (ord("Z"), 3, 5), (0x4E2D, 6, 6)]
-    for bpp in (1, 2, 3, 4, 8):
-        seed("binfont", f"bpp_{bpp}", font(bpp, letters))
-    seed("binfont", "count", font(8, letters, count=900))
-    dictionary("binfont", [b"\xff\xff", b"\xff\xff\xff\xff", b"\0\0\0\x80", b"\x08\x14\xfc", b"a\0", b"\x2d\x4e"])
-
-
-# Pictures -----------------------------------------------------------------------------------------------------------
-def picture(mode, form, **how):
-    image = Image.new("RGB", (9, 7))
-    image.putdata([(x * 28, y * 36, (x * y * 5) % 256) for y in range(7) for x in range(9)])
-    file = io.BytesIO()
-    image.convert(mode).save(file, form, **how)
-    return file.getvalue()
-
-
-def gif(frames, **how):
-    file = io.BytesIO()
-    frames[0].save(file, "GIF", save_all=True, append_images=frames[1:], duration=20, **how)
-    return file.getvalue()
-
-
-def made(file, *command):
-    subprocess.run([*map(str, command)], check=True, stderr=subprocess.DEVNULL)
+def made(file, command):
+    """What a command makes; in it FILE stands for the file and zof_media for our own program."""
+    words = [str({"FILE": file, "zof_media": PROGRAM}.get(word, word)) for word in command.split()]
+    subprocess.run(words, check=True, stderr=subprocess.DEVNULL)
     return file.read_bytes()
 
 
 def pictures(folder):
-    png, jpg, gifs, twice, as_it_is = 0, 1, 2, 6, 3  # as in pictures_fuzz.cpp
-    for mode in ("1", "L", "LA", "P", "RGB", "RGBA", "I"):
-        seed("pictures", "png_" + mode, bytes([png]) + picture(mode, "PNG"))
-    laced = made(folder / "x.png", "ffmpeg", "-f", "lavfi", "-i", "testsrc=s=9x7", "-frames:v", 1, "-flags", "+ildct",
-                 folder / "x.png")
-    seed("pictures", "png_laced", bytes([png]) + laced)
-    seed("pictures", "png_wrong_sum", bytes([png + as_it_is]) + laced[:-1] + b"x")
-    for name, how in (("plain", {}), ("progressive", {"progressive": True}), ("full", {"subsampling": 0})):
-        seed("pictures", "jpg_" + name, bytes([jpg]) + picture("RGB", "JPEG", quality=60, **how))
-    full = [Image.new("P", (9, 7), n) for n in range(3)]
-    for name, how in (("plain", {"loop": 2}), ("once", {}), ("kept", {"loop": 0, "disposal": 3}), ("laced", {"interlace": 1})):
-        seed("pictures", "gif_" + name, bytes([gifs]) + gif(full, **how))
-    clear = [Image.new("RGBA", (9, 7), (0, 0, 0, 0)) for n in range(3)]
-    for n, frame in enumerate(clear):
-        frame.paste((90 * n, 200, 0, 255), (n, n, n + 4, n + 3))
-    seed("pictures", "gif_clear", bytes([gifs + twice]) + gif(clear, loop=0, disposal=2))
+    png, jpg, gifs, as_it_is, twice = 0, 1, 2, 3, 6  # as in pictures_fuzz.cpp
+    laced = made(folder / "x.png", "ffmpeg -f lavfi -i testsrc=s=9x7 -frames:v 1 -flags +ildct FILE")
+    files = {"laced": bytes([png]) + laced, "wrong_sum": bytes([png + as_it_is]) + laced[:-1] + b"x"}
+    for kind, form, mode, how in (*((png, "PNG", mode, {}) for mode in ("1", "L", "LA", "P", "RGB", "RGBA", "I")),
+                                  (jpg, "JPEG", "RGB", {}), (jpg, "JPEG", "L", {"progressive": True})):
+        file = io.BytesIO()
+        picture(1, (9, 7), "RGB").convert(mode).save(file, form, **how)
+        files[form + mode] = bytes([kind]) + file.getvalue()
+    for name, how in (("twice", {"loop": 2}), ("once", {}), ("kept", {"loop": 0, "disposal": 3}), ("laced", {"interlace": 1})):
+        gif(folder / f"{name}.gif", 3, **how)
+    spots(folder / "spots.gif")
+    files |= {file.name: bytes([gifs + twice]) + file.read_bytes() for file in folder.glob("*.gif")}
     chunks = "IHDR PLTE tRNS IDAT IEND iCCP acTL JFIF Exif GIF89a NETSCAPE2.0"
-    dictionary("pictures", [word.encode() for word in chunks.split()] +
-               [b"\x89PNG\r\n\x1a\n", b"\x21\xf9\x04", b"\x21\xff\x0bNETSCAPE2.0\x03\x01", b"\x2c", b"\x3b"] +
-               [bytes([0xFF, marker]) for marker in (0xC0, 0xC2, 0xC4, 0xD8, 0xD9, 0xDA, 0xDD, 0xFF)])
+    seeds("pictures", files, [word.encode() for word in chunks.split()] + [
+        b"\x89PNG\r\n\x1a\n", b"\x21\xf9\x04", b"\x21\xff\x0bNETSCAPE2.0\x03\x01", b"\x2c", b"\x3b",
+        *(bytes([0xFF, marker]) for marker in (0xC0, 0xC2, 0xC4, 0xD8, 0xD9, 0xDA, 0xDD, 0xFF))])
 
 
-# Sounds and clips ---------------------------------------------------------------------------------------------------
 def media(folder):
-    wav, mp3, aac, mp4 = range(4)
-    replay, resize, pause, rewind = 4, 8, 16, 32  # as in media_fuzz.cpp
-    for kind, end in ((wav, "wav"), (mp3 + replay, "mp3"), (aac, "aac")):
-        file = folder / ("x." + end)
-        seed("media", end, bytes([kind]) + made(file, PROGRAM, "tone", file, 440, 20))
-    file = folder / "x.wav"
-    for codec in ("pcm_u8", "pcm_s24le", "pcm_f32le", "pcm_alaw", "adpcm_ms", "adpcm_ima_wav"):
-        command = ("ffmpeg", "-f", "lavfi", "-i", "sine=d=0.03:r=8000", "-bitexact", "-c:a", codec, "-y", file)
-        seed("media", "wav_" + codec, bytes([wav]) + made(file, *command))
-    file = folder / "x.mp4"
-    for name, how, *clip in (("mpeg4", replay + rewind, 16, 16, 0.16, 440, "mpeg4"),
-                             ("png", pause + resize, 16, 16, 0.16, 440, "png"),
-                             ("mjpeg", replay + resize, 16, 16, 0.16, 440, "mjpeg"),
-                             ("smaller", replay + rewind, 16, 16, 0.16, 440, "mjpeg", 2),
-                             ("long", replay + rewind, 120, 80, 0.4, 0, "png")):  # longer than what is read at once
-        seed("media", "mp4_" + name, bytes([mp4 + how]) + made(file, PROGRAM, "clip", file, *clip))
-    command = ("ffmpeg", "-f", "lavfi", "-i", "testsrc=s=16x16:r=25:d=0.16", "-bitexact", "-c:v", "libx264", "-pix_fmt",
-               "yuv420p", "-y", file)
-    seed("media", "mp4_h264", bytes([mp4 + replay + pause]) + made(file, *command))
+    wav, mp3, aac, mp4, replay, resize, pause, rewind = 0, 1, 2, 3, 4, 8, 16, 32  # as in media_fuzz.cpp
+    table = [(wav, "x.wav", "zof_media tone FILE 440 20"), (mp3 + replay, "x.mp3", "zof_media tone FILE 440 20"),
+             (aac, "x.aac", "zof_media tone FILE 440 20"),
+             (mp4 + replay + rewind, "mpeg4.mp4", "zof_media clip FILE 16 16 0.16 440 mpeg4"),
+             (mp4 + pause + resize, "png.mp4", "zof_media clip FILE 16 16 0.16 440 png"),
+             (mp4 + replay + resize, "mjpeg.mp4", "zof_media clip FILE 16 16 0.16 440 mjpeg"),
+             (mp4 + replay + rewind, "smaller.mp4", "zof_media clip FILE 16 16 0.16 440 mjpeg 2"),
+             # Longer than what is read at once.
+             (mp4 + replay + rewind, "long.mp4", "zof_media clip FILE 120 80 0.4 0 png"),
+             (mp4 + replay + pause, "h264.mp4",
+              "ffmpeg -f lavfi -i testsrc=s=16x16:r=25:d=0.16 -bitexact -c:v libx264 -pix_fmt yuv420p FILE")]
+    table += [(wav, codec + ".wav", f"ffmpeg -f lavfi -i sine=d=0.03:r=8000 -bitexact -c:a {codec} FILE")
+              for codec in ("pcm_u8", "pcm_s24le", "pcm_f32le", "pcm_alaw", "adpcm_ms", "adpcm_ima_wav")]
     marks = "ftyp moov mvhd trak tkhd mdia stbl stsd stts stsz stco elst dref esds mdat mp4a mp4v avc1 avcC " \
             "RIFF WAVE fact data LIST ID3 TAG Xing"
-    dictionary("media", [mark.encode() for mark in marks.split()] +
-               [b"fmt ", b"\xff\xfb\x90\x64", b"\xff\xf1", b"\x7f\xff\xff\xff", b"\xff\xff\xff\xff"])
+    seeds("media", {name: bytes([kind]) + made(folder / name, command) for kind, name, command in table},
+          [mark.encode() for mark in marks.split()] +
+          [b"fmt ", b"\xff\xfb\x90\x64", b"\xff\xf1", b"\x7f\xff\xff\xff", b"\xff\xff\xff\xff"])
 
 
 if __name__ == "__main__":
     registers()
     hosts()
     firmware()
-    files()
-    fonts()
+    project_files()
+    seeds("binfont", {f"bpp_{bpp}": font(bpp) for bpp in (1, 2, 3, 4, 8)} | {"count": font(8, count=900)},
+          [b"\xff\xff", b"\xff\xff\xff\xff", b"\0\0\0\x80", b"\x08\x14\xfc", b"a\0", b"\x2d\x4e"])
     with tempfile.TemporaryDirectory() as scratch:
         pictures(pathlib.Path(scratch))
         media(pathlib.Path(scratch))

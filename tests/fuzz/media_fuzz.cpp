@@ -8,8 +8,8 @@
 #include "screen_fixture.h"
 #include "temp_project.h"
 
-enum { WIDTH = 64, HEIGHT = 48, PASSES = 3, CHANNELS_MOST = 8 };
-enum { REPLAY = 1, RESIZE = 2, PAUSE = 4, REWIND = 8 }; // of a clip, after the kind
+enum { WIDTH = 64, HEIGHT = 48, PASSES = 3, CHANNELS_MOST = 8, STEP_MS = 150 }; // some frames
+enum { REPLAY = 1, RESIZE = 2, PAUSE = 4, REWIND = 8 };                         // of a clip, after the kind
 
 static struct {
     SDL_AudioSpec spec;
@@ -59,37 +59,34 @@ extern "C" int __wrap_SDL_SemWaitTimeout(SDL_sem *, u32) {
     return SDL_MUTEX_TIMEDOUT;
 }
 
-static temp_project_t &project = *new temp_project_t;
+static temp_project_t project;
 static lv_obj_t *player;
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    fuzz_quiet();
-    atexit([] { project.~temp_project_t(); });
+void fuzz_open() {
     screen_open(WIDTH, HEIGHT);
     zof_ffmpeg_init();
     win_audio_init();
     win_video_init();
     player = zof_drv_video_create(lv_scr_act());
-    return 0;
+}
+
+static void clip_state(u32 state) {
+    zof_drv_video_set_state(player, state);
+    screen_step(STEP_MS);
 }
 
 static void clip_play(const std::string &path, u32 how) {
-    enum { STEP_MS = 150 }; // some frames
     zof_drv_video_set_pos(player, 0, 0, WIDTH, HEIGHT);
     zof_drv_video_set_one_replay(player, how & REPLAY);
     zof_drv_video_set_src(player, path.c_str());
-    zof_drv_video_set_state(player, ZOF_MEDIA_PLAY);
-    screen_step(STEP_MS);
+    clip_state(ZOF_MEDIA_PLAY);
     if (how & PAUSE) {
-        zof_drv_video_set_state(player, ZOF_MEDIA_PAUSE);
-        screen_step(STEP_MS);
-        zof_drv_video_set_state(player, ZOF_MEDIA_RESUME);
-        screen_step(STEP_MS);
+        clip_state(ZOF_MEDIA_PAUSE);
+        clip_state(ZOF_MEDIA_RESUME);
     }
     if (how & REWIND) {
-        zof_drv_video_set_state(player, ZOF_MEDIA_STOP);
-        zof_drv_video_set_state(player, ZOF_MEDIA_PLAY);
-        screen_step(STEP_MS);
+        clip_state(ZOF_MEDIA_STOP);
+        clip_state(ZOF_MEDIA_PLAY);
     }
     if (how & RESIZE) {
         zof_drv_video_set_pos(player, 5, 5, HEIGHT - 1, WIDTH + 1);
@@ -100,12 +97,11 @@ static void clip_play(const std::string &path, u32 how) {
     zof_drv_video_set_one_replay(player, 0);
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+void fuzz_one(fuzz_input &in) {
     static const char *const ends[] = {"x.wav", "x.mp3", "x.aac", "x.mp4"};
-    fuzz_input in = {data, size};
     const u32 first = fuzz_byte(in);
     const char *name = ends[first % 4];
-    project.write(name, std::string((const char *)in.at, in.size));
+    project.write(name, fuzz_text(in));
     if (first % 4 == 3) {
         clip_play(project.path(name), first / 4);
     } else {
@@ -114,5 +110,4 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     }
     zof_drv_audio_set_state(ZOF_MEDIA_STOP);
     fuzz_must(zof_drv_audio_get_state() == ZOF_MEDIA_STOP, "a stop stops");
-    return 0;
 }

@@ -9,15 +9,12 @@ enum { KIND_PNG, KIND_JPG, KIND_GIF, KINDS };
 
 extern "C" unsigned lodepng_crc32(const unsigned char *data, size_t size);
 
-static view_project_t &project = *new view_project_t;
+static view_project_t project;
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    fuzz_quiet();
-    atexit([] { project.~view_project_t(); });
+void fuzz_open() {
     project.view(VIEW, {ctrl(ZOF_CTRL_IMG, IMAGE), ctrl(ZOF_CTRL_GIF, GIF, R"("play_en": true)")});
     project.open(64, 48);
     zof_view_set_dis_view(VIEW);
-    return 0;
 }
 
 // Gives each chunk of a PNG file its right CRC, which no search would find.
@@ -59,24 +56,22 @@ static void gif_play(const char *name, u32 plays) {
     zof_gif_set_src(gif, nullptr);
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+void fuzz_one(fuzz_input &in) {
     static const char *const names[] = {"x.png", "x.jpg", "x.gif"};
-    fuzz_input in = {data, size};
     const u32 first = fuzz_byte(in);
     const u32 how = first / KINDS;
     const char *name = names[first % KINDS];
-    std::string file((const char *)in.at, in.size);
+    std::string file = fuzz_text(in);
     if (first % KINDS == KIND_PNG && how % 2 == 0) {
         png_seal(file);
     }
     project.write(std::string("image/") + name, file);
     if (first % KINDS == KIND_GIF) {
         gif_play(name, how % 4);
-        return 0;
+        return;
     }
     image_show(name); // by LVGL
     zof_ffmpeg_init();
     image_show(name); // by FFmpeg, and if it refuses, by LVGL
     lv_img_decoder_delete((lv_img_decoder_t *)_lv_ll_get_head(&LV_GC_ROOT(_lv_img_decoder_ll)));
-    return 0;
 }

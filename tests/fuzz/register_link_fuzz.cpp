@@ -6,15 +6,12 @@
 
 enum { DRAW = 255, SETTLE = 8 };
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    fuzz_quiet();
+void fuzz_open() {
     fuzz_must(chdir(ZOF_PANEL_DIR) == 0, "the panel's project is there");
     panel_open();
-    return 0;
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-    fuzz_input in = {data, size};
+void fuzz_one(fuzz_input &in) {
     while (in.size) {
         const u8 n = fuzz_byte(in);
         if (n == DRAW) {
@@ -27,5 +24,4 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     u8 zeros[SETTLE] = {}; // whatever is kept as the beginning of a frame ends here, so each input stands alone
     recive_data_handle(zeros, SETTLE);
     panel_sent.clear();
-    return 0;
 }

@@ -1,4 +1,4 @@
-// Gives the files that are named, and those in folders that are named, to a fuzzer, one after the other; then the same
+// Gives the files in the folders that are named to a fuzzer, one after the other; then the same
 // damaged in many ways, always the same ones. This is where every reader of files and frames meets hostile input.
 #include <algorithm>
 #include <chrono>
@@ -43,10 +43,6 @@ int main(int argc, char **argv) {
     LLVMFuzzerInitialize(&argc, &argv);
     std::vector<std::string> files;
     for (int i = 1; i < argc; i++) {
-        if (!std::filesystem::is_directory(argv[i])) {
-            files.push_back(argv[i]);
-            continue;
-        }
         for (const auto &entry : std::filesystem::directory_iterator(argv[i])) {
             files.push_back(entry.path());
         }

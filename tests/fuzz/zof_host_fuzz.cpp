@@ -6,28 +6,22 @@
 #include "../../clients/c/zof_host.c" // inside, so that the search follows it
 
 enum { STEP_RAW, STEP_SEALED, STEP_ECHO, STEP_WAIT, STEP_WRITE, STEP_READ, STEP_SYSTEM, STEP_TAKES, STEP_COUNT };
-enum { RX_SIZE = 48, TX_SIZE = 80, LOOK_MIN = 4 };
+enum { RX_SIZE = 48, TX_SIZE = 80, LOOK_MIN = 5, NOT_ALL = -2 };
 
-static std::vector<u8> sent;  // not yet seen to be whole
-static uint16_t takes;        // bytes the line takes at once
-static volatile u8 reply_sum; // every byte of an answer is read
+static std::vector<u8> sent; // not yet seen to be whole
+static uint16_t takes;       // bytes the line takes at once
 
 // Takes whole frames from the front of what was sent; what is left must be the beginning of one.
 static void sent_check(const zof_host_t &host) {
+    const zof_hmi_cmd_analys_t panel = {.head_fh = FUZZ_HEAD0, .head_fl = FUZZ_HEAD1, .crc_en = host.crc};
     while (sent.size() >= LOOK_MIN) {
-        const bool long_form = sent[2] & 0x80;
-        const size_t head = long_form ? 4 : 3;
-        const size_t len = long_form ? (size_t)(sent[2] & 0x7F) << 8 | sent[3] : sent[2];
-        fuzz_must(sent[0] == host.head_fh && sent[1] == host.head_fl && len <= TX_SIZE, "frames go out one by one");
-        if (sent.size() < head + len) {
+        const s32 size = zof_hmi_cmd_check_data(&panel, sent.data(), (u32)sent.size());
+        fuzz_must(size > 0 || (size == NOT_ALL && sent.size() < TX_SIZE),
+                  "whole frames go out, one by one, as a panel reads them");
+        if (size == NOT_ALL) {
             return;
         }
-        uint16_t crc = 0;
-        for (size_t i = 0; host.crc && i < len; i++) {
-            crc = crc_step(crc, sent[head + i]);
-        }
-        fuzz_must(crc == 0, "a frame that is sent has the right CRC");
-        sent.erase(sent.begin(), sent.begin() + (long)(head + len));
+        sent.erase(sent.begin(), sent.begin() + size);
     }
 }
 
@@ -38,13 +32,11 @@ static uint16_t line_write(void *, const uint8_t *bytes, uint16_t size) {
 }
 
 static void on_reply(zof_host_t *host, zof_host_reply_t *reply) {
+    static volatile u32 sum; // so that every byte of an answer is read
     const uint8_t mode = reply->size ? reply->data[0] : 0;
-    u32 sum = reply->result == ZOF_HOST_TIMEOUT;
-    for (const char *text = zof_host_reply_text(reply); *text; text++) {
-        sum += (u8)*text;
-    }
-    sum += zof_host_reply_u8(reply) + zof_host_reply_u16(reply) + zof_host_reply_u32(reply);
-    reply_sum = (u8)sum;
+    const char *text = zof_host_reply_text(reply);
+    fuzz_read((const u8 *)text, strlen(text));
+    sum = zof_host_reply_u8(reply) + zof_host_reply_u16(reply) + zof_host_reply_u32(reply);
     if (mode & 1) {
         zof_host_get_label_text(host, reply->view, reply->control); // asks again from within
     }
@@ -57,16 +49,9 @@ static void on_event(zof_host_t *host, const zof_host_event_t *event) {
     zof_host_poll(host, 0); // of no effect
 }
 
-static void feed_sealed(zof_host_t &host, u8 op, const std::vector<u8> &payload, uint32_t now) {
-    std::vector<u8> frame = {host.head_fh, host.head_fl, (u8)(payload.size() + (host.crc ? 3 : 1)), op};
-    frame.insert(frame.end(), payload.begin(), payload.end());
-    uint16_t crc = 0;
-    for (size_t i = 3; host.crc && i < frame.size(); i++) {
-        crc = crc_step(crc, frame[i]);
-    }
-    if (host.crc) {
-        frame.insert(frame.end(), {(u8)(crc >> 8), (u8)crc});
-    }
+static void feed_sealed(zof_host_t &host, u8 op, std::vector<u8> payload, uint32_t now) {
+    payload.insert(payload.begin(), op);
+    const std::vector<u8> frame = fuzz_sealed(payload, host.crc);
     zof_host_feed(&host, frame.data(), (uint16_t)frame.size(), now);
 }
 
@@ -108,16 +93,14 @@ static void step(zof_host_t &host, fuzz_input &in, uint32_t &now) {
     }
 }
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    return 0;
+void fuzz_open() {
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
-    fuzz_input in = {data, size};
+void fuzz_one(fuzz_input &in) {
     const u8 mode = fuzz_byte(in);
     std::vector<u8> rx(RX_SIZE), tx(TX_SIZE);
     zof_host_t host = {};
-    host.head_fh = 0x5A, host.head_fl = 0xA5;
+    host.head_fh = FUZZ_HEAD0, host.head_fl = FUZZ_HEAD1;
     host.crc = mode & 1, host.acks = mode >> 1 & 1;
     host.silence_ms = 5, host.timeout_ms = 40, host.byte_us = (uint16_t)(mode & 4 ? 1042 : 0);
     host.rx = rx.data(), host.rx_size = RX_SIZE, host.tx = tx.data(), host.tx_size = TX_SIZE;
@@ -132,5 +115,4 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
                   "nothing holds more than it can");
         sent_check(host);
     }
-    return 0;
 }

@@ -55,4 +55,5 @@ def main(folder):
     Image.new("P", (2048, 2)).save(folder / "wide.gif")
 
 
-main(Path(sys.argv[1]))
+if __name__ == "__main__":
+    main(Path(sys.argv[1]))
