@@ -43,12 +43,7 @@ s32 zof_droplist_create(para_t *record, lv_obj_t *parent, void *attr) {
     if (!obj)
         return -1;
     zof_ctrl_pub_attr(record, &drop->pub_t);
-    if (!drop->opt_list)
-        drop->opt_list = db_list_create();
-    if (drop->options) {
-        zof_listtxt_str2list(drop->options, drop->opt_list);
-        options_show(obj, zof_listtxt_list2str(drop->opt_list, &drop->options));
-    }
+    options_show(obj, zof_listtxt_start(&drop->opt_list, &drop->options));
     lv_dropdown_set_dir(obj, dir_of(drop));
     lv_obj_set_style_anim_time(obj, drop->anim_time, LV_PART_SELECTED);
     lv_dropdown_set_symbol(obj, nullptr);

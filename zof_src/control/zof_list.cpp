@@ -36,6 +36,11 @@ static s32 item_append(db_list *items, const char *image, const char *text) {
     return -1;
 }
 
+static void items_clear(zof_list_attr_t *attr) {
+    __db_list_travel(attr->opt_list, item_free);
+    __db_list_clear(attr->opt_list);
+}
+
 static zof_list_item_t *item_at(const zof_ctrl_t *ctrl, u32 index) {
     zof_list_attr_t *attr = list_attr(ctrl);
     return attr ? (zof_list_item_t *)__db_list_visit(attr->opt_list, (s32)index) : nullptr;
@@ -89,6 +94,7 @@ s32 zof_list_create(para_t *record, lv_obj_t *parent, void *attr) {
     if (!obj)
         return -1;
     zof_ctrl_pub_attr(record, &list->pub_t);
+    items_clear(list); // it may be made again, after it went with its parent
     if (!list->opt_list)
         list->opt_list = db_list_create();
     lv_obj_set_style_anim_time(obj, list->anim_time, LV_PART_MAIN);
@@ -114,11 +120,6 @@ s32 zof_list_del_btn(zof_ctrl_t *ctrl, u32 index) {
         lv_obj_del(btn);
         return 0;
     });
-}
-
-static void items_clear(zof_list_attr_t *attr) {
-    __db_list_travel(attr->opt_list, item_free);
-    __db_list_clear(attr->opt_list);
 }
 
 s32 zof_list_remove_all(zof_ctrl_t *ctrl) {
@@ -180,10 +181,10 @@ s32 zof_list_get_select_index(zof_ctrl_t *ctrl) {
 s32 zof_list_set_index_str(zof_ctrl_t *ctrl, u32 index, const char *text) {
     return zof_on(zof_list_get_index_btn(ctrl, index), [=](lv_obj_t *btn) {
         zof_list_item_t *item = item_at(ctrl, index);
-        s32 result = zof_label_set_txt(btn_part(btn, &lv_label_class), text);
-        if (result == 0 && item)
-            zof_txt_change(&item->txt, text);
-        return result;
+        lv_obj_t *label = btn_part(btn, &lv_label_class);
+        if (label && item)
+            zof_txt_change(&item->txt, text); // first, as `text` may be the label's own
+        return zof_label_set_txt(label, text);
     });
 }
 

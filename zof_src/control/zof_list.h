@@ -17,6 +17,10 @@ enum { ZOF_LISTTXT_LINES = 4096 };
 void zof_listtxt_str2list(const char *text, db_list *list);
 char *zof_listtxt_list2str(db_list *list, char **slot);
 
+// For a widget that is being made: its list, made of the slot's lines. Where there is a list already the widget went
+// with its parent and is made again; the slot then holds translations, and the list stays. What to show, or null.
+char *zof_listtxt_start(db_list **list, char **slot);
+
 // Puts a copy ahead of the element at `position`; at or beyond the end it is appended.
 char *zof_listtxt_add_option(db_list *list, char **slot, const char *text, u32 position);
 

@@ -79,6 +79,17 @@ char *zof_listtxt_list2str(db_list *list, char **slot) {
     return text;
 }
 
+char *zof_listtxt_start(db_list **list, char **slot) {
+    if (!list || !slot)
+        return nullptr;
+    if (!*list) {
+        *list = db_list_create();
+        zof_listtxt_str2list(*slot, *list);
+    }
+    char *text = zof_listtxt_list2str(*list, slot);
+    return text ? text : *slot;
+}
+
 char *zof_listtxt_add_option(db_list *list, char **slot, const char *text, u32 position) {
     if (!list || !text)
         return nullptr;

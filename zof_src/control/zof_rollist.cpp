@@ -30,12 +30,7 @@ s32 zof_rollist_create(para_t *record, lv_obj_t *parent, void *attr) {
     if (!obj)
         return -1;
     zof_ctrl_pub_attr(record, &roll->pub_t);
-    if (!roll->opt_list)
-        roll->opt_list = db_list_create();
-    if (roll->options) {
-        zof_listtxt_str2list(roll->options, roll->opt_list);
-        options_show(obj, roll, zof_listtxt_list2str(roll->opt_list, &roll->options));
-    }
+    options_show(obj, roll, zof_listtxt_start(&roll->opt_list, &roll->options));
     zof_ctrl_style_add(record, roll->pub_t.style_list, roll->pub_t.style_num, 0);
     lv_obj_set_style_anim_time(obj, roll->anim_time, LV_PART_MAIN);
     lv_obj_set_style_text_align(obj, (lv_text_align_t)(roll->txt_align_e & 3), LV_PART_MAIN);
