@@ -8,6 +8,16 @@
 #include "project/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
+// A box that is being handed a text, with the limits that are lifted meanwhile: at its events it may be handed another.
+typedef struct lift {
+    lv_obj_t *obj; // null once it is deleted
+    const char *accepted;
+    u32 max;
+    const struct lift *outer;
+} lift_t;
+
+static const lift_t *lifts;
+
 // Spin boxes are text areas too, with texts of their own.
 template <typename F> static s32 on_box(zof_ctrl_t *ctrl, F &&fn) {
     const lv_obj_t *obj = zof_ctrl_obj(ctrl);
@@ -30,23 +40,21 @@ static u32 char_size(const char *at) {
     return size;
 }
 
-static bool is_accepted(lv_obj_t *obj, const char *at, u32 size) {
-    if (lv_textarea_get_one_line(obj) && (*at == '\n' || *at == '\r'))
+static bool is_accepted(const lift_t *box, const char *at, u32 size) {
+    if (lv_textarea_get_one_line(box->obj) && (*at == '\n' || *at == '\r'))
         return false;
-    const char *accepted = lv_textarea_get_accepted_chars(obj);
     char one[5] = {};
     memcpy(one, at, size);
-    return !accepted || !accepted[0] || strstr(accepted, one);
+    return !box->accepted || !box->accepted[0] || strstr(box->accepted, one);
 }
 
 // What the box takes of a text, besides `length` characters that it has; null without memory.
-static char *text_taken(lv_obj_t *obj, const char *text, u32 length) {
-    const u32 max = lv_textarea_get_max_length(obj);
+static char *text_taken(const lift_t *box, const char *text, u32 length) {
     char *taken = (char *)zof_malloc(strlen(text) + 1);
     char *end = taken;
-    while (taken && *text && (max == 0 || length < max)) {
+    while (taken && *text && (box->max == 0 || length < box->max)) {
         const u32 size = char_size(text);
-        if (size && is_accepted(obj, text, size)) {
+        if (size && is_accepted(box, text, size)) {
             memcpy(end, text, size);
             end += size;
             length++;
@@ -59,27 +67,35 @@ static char *text_taken(lv_obj_t *obj, const char *text, u32 length) {
 }
 
 static void event_gone(lv_event_t *e) {
-    *(bool *)lv_event_get_user_data(e) = true;
+    ((lift_t *)lv_event_get_user_data(e))->obj = nullptr;
+}
+
+static lift_t lift_of(lv_obj_t *obj) {
+    for (const lift_t *at = lifts; at; at = at->outer) {
+        if (at->obj == obj)
+            return {obj, at->accepted, at->max, lifts};
+    }
+    return {obj, lv_textarea_get_accepted_chars(obj), lv_textarea_get_max_length(obj), lifts};
 }
 
 // Hands a text over that has been sorted. Events come of it, at which the application may delete the box.
 static s32 text_hand_over(lv_obj_t *obj, const char *text, u32 length, void (*put)(lv_obj_t *, const char *)) {
-    char *taken = text_taken(obj, text, length);
+    lift_t lift = lift_of(obj);
+    char *taken = text_taken(&lift, text, length);
     if (!taken)
         return -1;
-    const char *accepted = lv_textarea_get_accepted_chars(obj);
-    const u32 max = lv_textarea_get_max_length(obj);
-    bool gone = false;
-    lv_obj_add_event_cb(obj, event_gone, LV_EVENT_DELETE, &gone);
+    lifts = &lift;
+    lv_obj_add_event_cb(obj, event_gone, LV_EVENT_DELETE, &lift);
     lv_textarea_set_accepted_chars(obj, nullptr);
     lv_textarea_set_max_length(obj, 0);
     put(obj, taken);
     zof_free(taken);
-    if (gone)
+    lifts = lift.outer;
+    if (!lift.obj)
         return 0;
-    lv_textarea_set_accepted_chars(obj, accepted);
-    lv_textarea_set_max_length(obj, max);
-    lv_obj_remove_event_cb_with_user_data(obj, event_gone, &gone);
+    lv_textarea_set_accepted_chars(obj, lift.accepted);
+    lv_textarea_set_max_length(obj, lift.max);
+    lv_obj_remove_event_cb_with_user_data(obj, event_gone, &lift);
     return 0;
 }
 
