@@ -67,7 +67,9 @@ static void places_follow(lv_obj_t *obj) {
     const lv_coord_t top = border + lv_obj_get_style_pad_top(obj, LV_PART_MAIN);
     ((lv_img_t *)obj)->offset = {-left, -top}; // LVGL's setters divide by the size, which may still be 0
     lv_obj_t *toolbar = lv_obj_get_child(obj, 0);
-    if (toolbar && lv_obj_get_style_y(toolbar, LV_PART_MAIN) != -TOOLBAR_HEIGHT - top)
+    if (!toolbar || !lv_obj_check_type(toolbar, &lv_sketchpad_toolbar_class)) // a child was moved behind it
+        return;
+    if (lv_obj_get_style_y(toolbar, LV_PART_MAIN) != -TOOLBAR_HEIGHT - top)
         lv_obj_align(toolbar, LV_ALIGN_TOP_MID, 0, -TOOLBAR_HEIGHT - top);
 }
 
