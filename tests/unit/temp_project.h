@@ -88,6 +88,15 @@ inline std::string str(const char *text) {
     return text ? text : "(null)";
 }
 
+// A number's bytes in a file, the least significant first.
+inline std::string le(u32 value, int bytes) {
+    std::string out;
+    for (; bytes > 0; bytes--, value >>= 8) {
+        out += (char)value;
+    }
+    return out;
+}
+
 inline bool contains(const std::string &text, const std::string &part) {
     return text.find(part) != std::string::npos;
 }
