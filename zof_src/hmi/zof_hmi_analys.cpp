@@ -82,6 +82,10 @@ s32 zof_hmi_cmd_sys_analys_init(const zof_hmi_attr_t *attr) {
     return 0;
 }
 
+static void ui_data_task(zof_task_t *) {
+    zof_hmi_cmd_ui_data_run();
+}
+
 s32 zof_hmi_cmd_ui_analys_init(const zof_hmi_attr_t *attr) {
     if (!attr || ui_cmd_analys) {
         return attr ? 0 : -1;
@@ -98,7 +102,7 @@ s32 zof_hmi_cmd_ui_analys_init(const zof_hmi_attr_t *attr) {
         return -1;
     }
     ui_cmd_analys = a;
-    zof_task_create([](zof_task_t *) { zof_hmi_cmd_ui_data_run(); }, UI_PERIOD_MS, nullptr);
+    zof_task_create(ui_data_task, UI_PERIOD_MS, nullptr);
     return 0;
 }
 
@@ -249,7 +253,7 @@ void zof_hmi_cmd_read_send(zof_hmi_cmd_analys_t *a, const u8 *type_key, void *ty
     }
     memset(a->value_param, 0, a->param_size);
     if (param->get_fun) {
-        param->get_fun(type_param, req_param, a->value_param);
+        param->get_fun(type_param ? type_param : a->type_param, req_param ? req_param : a->req_param, a->value_param);
     }
     const u32 n = type->len + param->len + zof_hmi_cmd_param_size(type_param, type->rec) +
                   zof_hmi_cmd_param_size(req_param, param->rw->req) +

@@ -72,6 +72,9 @@ s32 zof_hmi_cmd_check_data(const zof_hmi_cmd_analys_t *analys, const u8 *data, u
 }
 
 zof_hmi_frame_t zof_hmi_frame_parse(const zof_hmi_cmd_analys_t *analys, const u8 *data) {
+    if (!analys || !data) {
+        return {};
+    }
     const u32 len = len_of(data);
     const u32 head = head_size(data);
     const u32 around = analys->crc_en ? 1 + CRC_SIZE : 1;

@@ -152,12 +152,18 @@ void zof_hmi_sync_th_en(u8 flags) {
 }
 
 void zof_hmi_sync_standby(const zof_func_standby_t *times) {
+    if (!times) {
+        return;
+    }
     std::lock_guard guard(shared.lock);
     shared.left.standby = shared.seen.standby = *times;
     shared.left.todo |= DO_STANDBY;
 }
 
 s32 zof_hmi_sync_call(s32 (*fn)(void *arg), void *arg) {
+    if (!fn) {
+        return -1;
+    }
     if (std::this_thread::get_id() == shared.graphics) { // it would wait for itself
         const s32 result = fn(arg);
         zof_hmi_sync_refresh();

@@ -53,7 +53,7 @@ void zof_hmi_tone_on(u16 time) {
     }
 }
 
-static void series_task(zof_task_t *task) {
+static void zof_hmi_tone_mult_task(zof_task_t *task) {
     if (series.count > 0) {
         zof_hmi_tone_on(series.tone);
         zof_task_set_period(task, (u32)series.pause + series.tone);
@@ -69,7 +69,7 @@ void zof_hmi_tone_mult_on(u8 count, u16 pause, u16 tone) {
     series.pause = pause;
     series.tone = tone;
     if (!series.task) {
-        series.task = zof_task_create(series_task, SERIES_MS, nullptr);
+        series.task = zof_task_create(zof_hmi_tone_mult_task, SERIES_MS, nullptr);
         return;
     }
     zof_task_set_period(series.task, SERIES_MS);
