@@ -197,6 +197,9 @@ TEST_CASE("host link: every view command is written and read through the line, a
     p.project.image("red.png", 320, 240, 0xFF0000);
     CHECK(view_write(p, {0xB1, 0x07, 0xDE, 0xAD, 0, 2, 'r', 'e', 'd', '.', 'p', 'n', 'g', 0}) == 0);
     CHECK(screen_pixel(300, 200) == 0xFF0000);
+    CHECK(view_write(p, {0xB1, 0x02, 1, 0, 2}) == 0);
+    answers(p, get({0xB1, 0x01, 1}), get({0xB1, 0x01, 1, 0xFF, 0xFF})); // its layer stays that of its file
+    CHECK(view_write(p, {0xB1, 0x02, 4, 0, 2}) == 1);
     CHECK(view_write(p, {0xB1, 0x03, 0}) == 0);
     answers(p, get({0xB1, 0x01, 0}), get({0xB1, 0x01, 0, 0xFF, 0xFF}));
     CHECK(view_write(p, {0xB1, 0x03, 4}) == 1);
