@@ -14,7 +14,8 @@ static s32 mbox_ctrl(void *type, void *, void *value, void *reply) {
 }
 
 static s32 txtbox_del_char(void *type, void *, void *value, void *reply) {
-    return hmi_ctrl_choose(type, ZOF_CTRL_TXTBOX, *(u8 *)value, zof_txtbox_del_char, zof_txtbox_del_char_forward, reply);
+    return hmi_ctrl_choose(type, ZOF_CTRL_TXTBOX, *(u8 *)value, zof_txtbox_del_char, zof_txtbox_del_char_forward,
+                           reply);
 }
 
 static s32 txtbox_get_text(void *type, void *, void *value) {
@@ -43,8 +44,8 @@ static s32 btnm_set_ctrl(void *type, void *, void *value, void *reply) {
     const auto *v = (const zof_hmi_u8u16_t *)value;
     if (v->a > 1)
         return hmi_ctrl_refuse(reply);
-    return hmi_ctrl_answer(reply, (v->a ? zof_btnmatrix_set_btn_ctrl_all : zof_btnmatrix_clear_btn_ctrl_all)(
-                                      hmi_ctrl(type, ZOF_CTRL_BTNMATRIX), v->b));
+    return hmi_ctrl_answer(reply, (v->a ? zof_btnmatrix_set_btn_ctrl_all
+                                        : zof_btnmatrix_clear_btn_ctrl_all)(hmi_ctrl(type, ZOF_CTRL_BTNMATRIX), v->b));
 }
 
 static s32 btnm_btn_get_ctrl(void *type, void *req, void *value) {
