@@ -171,7 +171,7 @@ TEST_CASE("a text box takes of a text what it accepts, in every mode") {
         CHECK(zof_txtbox_add_txt(at(i + 1), rows[i].given) == 0);
         CHECK(text(i + 1) == rows[i].has);
     }
-    lv_textarea_add_text(at(3)->obj, "x"); // the limits count for what is typed later too, and for what a change sets off
+    lv_textarea_add_text(at(3)->obj, "x"); // the limits count for what is typed later too, and set off by it
     const auto again = [](lv_event_t *e) {
         if (text(3) == "a") {
             zof_txtbox_add_txt(lv_event_get_target(e), "bcd");
@@ -181,6 +181,8 @@ TEST_CASE("a text box takes of a text what it accepts, in every mode") {
     CHECK(text(3) == "äöü");
     zof_txtbox_set_text(at(3), "a");
     CHECK(text(3) == "abc");
+    zof_txtbox_set_text(at(7), std::string(40000, 'i').c_str());
+    CHECK(text(7).size() == 32767); // where no limit is named
 }
 
 TEST_CASE("a text box is edited by single characters, as host and program know them") {

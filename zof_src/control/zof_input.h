@@ -30,7 +30,7 @@ s32 zof_mbox_update_txt(zof_ctrl_t *ctrl);
 s32 zof_mbox_del(para_t *record);
 
 // Text boxes. Texts are shown as they are, keys too. Of any text a box takes whole UTF-8 characters that it accepts, no
-// line breaks if it has one line, and no more than its longest text; the rest is left out.
+// line breaks if it has one line, and no more than its longest text, or 32767 characters; the rest is left out.
 s32 zof_txtbox_create(para_t *record, lv_obj_t *parent, void *attr);
 
 // Adds at the cursor. A character is its UTF-8 bytes, the first one lowest: 'a', 0xA9C3. What is none gives -1.

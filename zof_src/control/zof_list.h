@@ -21,7 +21,8 @@ char *zof_listtxt_list2str(db_list *list, char **slot);
 // with its parent and is made again; the slot then holds translations, and the list stays. What to show, or null.
 char *zof_listtxt_start(db_list **list, char **slot);
 
-// Puts a copy ahead of the element at `position`; at or beyond the end it is appended.
+// Puts a copy ahead of the element at `position`; at or beyond the end it is appended. Refused when as many as are
+// shown are there already.
 char *zof_listtxt_add_option(db_list *list, char **slot, const char *text, u32 position);
 
 // Both refuse a position that has no element.

@@ -91,7 +91,7 @@ char *zof_listtxt_start(db_list **list, char **slot) {
 }
 
 char *zof_listtxt_add_option(db_list *list, char **slot, const char *text, u32 position) {
-    if (!list || !text)
+    if (!list || !text || list->count >= ZOF_LISTTXT_LINES)
         return nullptr;
     char *copy = text_copy(text, strlen(text));
     bool inside = position < (u32)list->count;

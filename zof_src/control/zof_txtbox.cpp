@@ -50,9 +50,10 @@ static bool is_accepted(const lift_t *box, const char *at, u32 size) {
 
 // What the box takes of a text, besides `length` characters that it has; null without memory.
 static char *text_taken(const lift_t *box, const char *text, u32 length) {
+    const u32 max = box->max ? box->max : (u32)LV_TEXTAREA_CURSOR_LAST; // beyond it LVGL's cursor finds no end
     char *taken = (char *)zof_malloc(strlen(text) + 1);
     char *end = taken;
-    while (taken && *text && (box->max == 0 || length < box->max)) {
+    while (taken && *text && length < max) {
         const u32 size = char_size(text);
         if (size && is_accepted(box, text, size)) {
             memcpy(end, text, size);
