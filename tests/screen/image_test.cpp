@@ -39,7 +39,7 @@ TEST_CASE("an image button shows the picture of its state, in the middle of its 
     view_project_t project;
     flags_up(project);
     project.image("down.png", 40, 40, GREEN);
-    const std::string said =
+    const std::string said = // the second view has no room, and stands at its last page
         project.show({ctrl(ZOF_CTRL_IMGBTN, 1, R"("pos_mode_e": 1, "img_rel": "#flag", "img_pr": "down.png")",
                            box(100, 100, 60, 60)),
                       ctrl(ZOF_CTRL_IMGBTN, 2, R"("img_rel": "none.png", "mode": 1)", box(200, 100, 60, 60)),
@@ -69,10 +69,14 @@ static std::string tile(u32 id, u32 col, u32 row, u32 dir, u32 color) {
 
 TEST_CASE("tile views show and tell the tile that is asked for") {
     view_project_t project;
-    project.show({ctrl(ZOF_CTRL_TILEVIEW, 1, R"("anim_time": 0, "count": 2)", box(0, 0, 100, 100), "{}"),
-                  tile(2, 0, 0, 3, BLUE), tile(3, 1, 0, 3, GREEN),
-                  ctrl(ZOF_CTRL_TILEVIEW, 4, R"("unlimited_scroll": 1, "count": 1)", box(0, 0, 0, 0)),
-                  ctrl(ZOF_CTRL_TILE, 5, R"("dir": 3)", R"("parent_id": 4)")}); // no room at all
+    const std::string said = // the second view has no room, and stands at its last page
+        project.show(
+            {ctrl(ZOF_CTRL_TILEVIEW, 1, R"("anim_time": 0, "count": 2)", box(0, 0, 100, 100), "{}"),
+             tile(2, 0, 0, 3, BLUE), tile(3, 1, 0, 3, GREEN),
+             ctrl(ZOF_CTRL_TILEVIEW, 4, R"("unlimited_scroll": 1, "count": 2, "start_id": 2)", box(0, 0, 0, 0)),
+             ctrl(ZOF_CTRL_TILE, 5, R"("dir": 3)", R"("parent_id": 4)"),
+             ctrl(ZOF_CTRL_TILE, 6, R"("dir": 3)", R"("parent_id": 4)")});
+    CHECK(contains(said, "no page lies behind start_id 2, where an endless view stands\nerr: create ctrl[c6,6] fail"));
     u32 row = 9, col = 9;
     CHECK(zof_tileview_set_tile_id(at(1), 0, 1, 0) == 0);
     CHECK(screen_pixel(50, 50) == GREEN);
