@@ -39,7 +39,7 @@ TEST_CASE("an image button shows the picture of its state, in the middle of its 
     view_project_t project;
     flags_up(project);
     project.image("down.png", 40, 40, GREEN);
-    const std::string said = // the second view has no room, and stands at its last page
+    const std::string said =
         project.show({ctrl(ZOF_CTRL_IMGBTN, 1, R"("pos_mode_e": 1, "img_rel": "#flag", "img_pr": "down.png")",
                            box(100, 100, 60, 60)),
                       ctrl(ZOF_CTRL_IMGBTN, 2, R"("img_rel": "none.png", "mode": 1)", box(200, 100, 60, 60)),
