@@ -3,26 +3,17 @@
 #include "gallery_fixture.h"
 #include "temp_project.h"
 
-struct holdings {
-    u32 own, lvgl, timers, fonts;
-    bool operator==(const holdings &) const = default;
-};
-
-static std::ostream &operator<<(std::ostream &out, const holdings &h) {
-    return out << h.own << " + " << h.lvgl << " bytes, " << h.timers << " timers, " << h.fonts << " fonts";
-}
-
-static holdings held() {
-    static holdings h;
+static std::string held() {
+    static u32 timers, fonts;
+    timers = fonts = 0;
     lv_img_cache_invalidate_src(nullptr); // which pictures it holds depends on where their sequence stood
-    h = {zof_mem_count(), zof_lv_mem_count()};
     for (const lv_timer_t *t = lv_timer_get_next(nullptr); t; t = lv_timer_get_next((lv_timer_t *)t)) {
-        h.timers++;
+        timers++;
     }
     __db_list_travel(zof_prj_get_cur()->font_list, [](void *font) {
-        __db_list_travel(((zof_font_t *)font)->sizes, [](void *) { h.fonts++; }); // whose users are never given back
+        __db_list_travel(((zof_font_t *)font)->sizes, [](void *) { fonts++; }); // whose users are never given back
     });
-    return h;
+    return form("%u + %u bytes, %u timers, %u fonts", zof_mem_count(), zof_lv_mem_count(), timers, fonts);
 }
 
 // Each view is shown and left by the next; the last to be left is the first of the next round.
@@ -37,34 +28,31 @@ static void open_all(u32 step_ms) {
 
 static void open_often(u32 rounds) {
     const char *wanted = getenv("ZOF_OPENINGS");
-    rounds = wanted ? (u32)atoi(wanted) : rounds;
-    for (u32 i = 0; i < 3; i++) {
-        open_all(20);
+    std::string before;
+    for (u32 count : {3u, wanted ? (u32)atoi(wanted) : rounds}) { // the first ones fill what is kept
+        before = held();
+        for (u32 i = 0; i < count; i++) {
+            open_all(20);
+        }
+        screen_step(2000);
     }
-    screen_step(2000);
-    const holdings before = held();
-    for (u32 i = 0; i < rounds; i++) {
-        open_all(20);
-    }
-    screen_step(2000);
     CHECK(held() == before);
 }
 
 // A copy of the gallery whose controls are all made anew whenever their view is shown.
-static std::string fleeting_gallery() {
+static const char *fleeting_gallery() {
     namespace fs = std::filesystem;
     static temp_project_t project;
-    const fs::path res = fs::path(ZOF_GALLERY_DIR) / "res";
-    fs::copy(res, project.folder, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-    for (const auto &file : fs::directory_iterator(project.folder + "config/view")) {
-        std::ifstream in(file.path());
-        std::string text((std::istreambuf_iterator<char>(in)), {});
+    fs::copy(ZOF_GALLERY_DIR "/res", project.folder,
+             fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+    for (const auto &file : fs::directory_iterator(project.path("config/view"))) {
+        std::string text = file_text(file.path());
         for (size_t at = 0; (at = text.find("\"pub\": false", at)) != text.npos;) {
             text.replace(at, 12, "\"pub\": true");
         }
-        std::ofstream(file.path()) << text;
+        project.write("config/view/" + file.path().filename().string(), text);
     }
-    return project.top;
+    return project.top.c_str();
 }
 
 TEST_CASE("views are opened and left a thousand times, and memory, timers and fonts are as before") {
@@ -73,6 +61,6 @@ TEST_CASE("views are opened and left a thousand times, and memory, timers and fo
 }
 
 TEST_CASE("views whose controls come and go with them leave nothing behind") {
-    gallery_open(fleeting_gallery().c_str());
+    gallery_open(fleeting_gallery());
     open_often(20);
 }

@@ -2,71 +2,59 @@
 #include "gallery_fixture.h"
 #include "temp_project.h"
 
-enum : u32 { SLIDE_MS = 280, TRANSITION_MS = 620 }; // as long as the gallery's, and a little more
+enum : u32 { BACK = 1, PREVIOUS, NEXT, PAGES = GALLERY_VIEWS - 1 }; // buttons of each page, and how many there are
+enum : u32 { SLIDE_MS = 280, TRANSITION_MS = 620 };                 // as long as the gallery's, and a little more
 
 static s32 shown_view() {
     return zof_view_get_cur_id(ZOF_LAYER_UI);
 }
 
-// The middle of what the person sees of it; nothing for what is hidden, alone or with its parent.
-static void tap_if_seen(const para_t *record) {
-    if (lv_obj_is_visible(record->obj)) {
-        lv_area_t area;
-        lv_obj_get_coords(record->obj, &area);
-        screen_click((area.x1 + area.x2) / 2, (area.y1 + area.y2) / 2);
-        screen_step(50);
-    }
+static void enter(u32 view) {
+    gallery_tap(GALLERY_INDEX, VIEW1_TO_LABELS_ID + view - 2);
+    screen_step(SLIDE_MS);
+    REQUIRE(shown_view() == (s32)view);
 }
 
-static std::vector<const para_t *> controls_of(u32 view, std::initializer_list<u32> types) {
-    std::vector<const para_t *> out;
+// Whatever is to be tapped and can be seen, apart from the ways back and to the neighbours.
+static void tap_all(u32 view) {
+    const std::vector<u32> tapped = {ZOF_CTRL_BTN,  ZOF_CTRL_IMGBTN, ZOF_CTRL_SW,        ZOF_CTRL_CB,
+                                     ZOF_CTRL_MBOX, ZOF_CTRL_TABLE,  ZOF_CTRL_BTNMATRIX, ZOF_CTRL_TXTBOX};
     const db_node *head = zof_view_list_get_ctrl_list(view)->head;
     for (const db_node *at = head->next; at != head; at = at->next) {
         const auto *record = (const para_t *)at->data;
-        if (record->obj && std::find(types.begin(), types.end(), record->attr->ctrl_type) != types.end()) {
-            out.push_back(record);
+        if (std::count(tapped.begin(), tapped.end(), record->attr->ctrl_type) == 0 || record->id <= NEXT ||
+            !record->obj || !lv_obj_is_visible(record->obj)) {
+            continue;
+        }
+        gallery_tap(view, record->id);
+        screen_step(50);
+        if (shown_view() != (s32)view) { // by a transition
+            screen_step(TRANSITION_MS);
+            CHECK(shown_view() == GALLERY_INDEX);
+            enter(view);
         }
     }
-    return out;
 }
 
 static void walk() {
     gallery_open();
     for (u32 view = 2; view <= GALLERY_VIEWS; view++) {
         CAPTURE(view);
-        gallery_tap(GALLERY_INDEX, VIEW1_TO_LABELS_ID + view - 2);
-        screen_step(SLIDE_MS);
-        REQUIRE(shown_view() == (s32)view);
-        for (const para_t *record :
-             controls_of(view, {ZOF_CTRL_BTN, ZOF_CTRL_IMGBTN, ZOF_CTRL_SW, ZOF_CTRL_CB, ZOF_CTRL_MBOX, ZOF_CTRL_TABLE,
-                                ZOF_CTRL_BTNMATRIX, ZOF_CTRL_TXTBOX})) {
-            if (record->id <= 3) { // back and to the neighbours
-                continue;
-            }
-            tap_if_seen(record);
-            if (shown_view() != (s32)view) { // by a transition
-                screen_step(TRANSITION_MS);
-                CHECK(shown_view() == GALLERY_INDEX);
-                gallery_tap(GALLERY_INDEX, VIEW1_TO_LABELS_ID + view - 2);
-                screen_step(SLIDE_MS);
-            }
-        }
-        gallery_tap(view, 1);
+        enter(view);
+        tap_all(view);
+        gallery_tap(view, BACK);
         screen_step(SLIDE_MS);
         REQUIRE(shown_view() == GALLERY_INDEX);
     }
-    gallery_tap(GALLERY_INDEX, VIEW1_TO_LABELS_ID);
-    screen_step(SLIDE_MS);
-    for (u32 i = 1; i < GALLERY_VIEWS; i++) { // round by "next" and back by "previous"
-        CHECK(shown_view() == (s32)(i + 1));
-        gallery_tap(i + 1, 3);
-        screen_step(SLIDE_MS);
-    }
-    CHECK(shown_view() == 2);
-    for (u32 i = GALLERY_VIEWS; i >= 2; i--) {
-        gallery_tap(i == GALLERY_VIEWS ? 2 : i + 1, 2);
-        screen_step(SLIDE_MS);
-        CHECK(shown_view() == (s32)i);
+    enter(2);
+    u32 shown = 2;
+    for (u32 button : {NEXT, PREVIOUS}) { // round and back
+        for (u32 i = 0; i < PAGES; i++) {
+            gallery_tap(shown, button);
+            screen_step(SLIDE_MS);
+            shown = 2 + (shown - 2 + (button == NEXT ? 1 : PAGES - 1)) % PAGES;
+            CHECK(shown_view() == (s32)shown);
+        }
     }
 }
 
