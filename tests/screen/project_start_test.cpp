@@ -46,9 +46,8 @@ TEST_CASE("a start view that does not exist leaves the screen as it is") {
     view_project_t project;
     screen_open(320, 240);
     lv_obj_t *screen = lv_scr_act();
-    for (const char *keys : {R"("start_page": 9)", R"("start_page": 2)", R"("start_page": 0)"}) {
-        CAPTURE(keys);
-        write_project(project, keys);
+    for (int start : {9, 2, 0}) {
+        write_project(project, form(R"("start_page": %d)", start));
         printed([] { CHECK(create() == 0); });
         CHECK(lv_scr_act() == screen);
         CHECK(calls == "");
@@ -58,17 +57,12 @@ TEST_CASE("a start view that does not exist leaves the screen as it is") {
 TEST_CASE("the image cache has as many entries as the project says, 100 at most, and stays for none") {
     view_project_t project;
     screen_open(320, 240);
-    auto bytes_with = [&](int entries) {
-        write_project(project, R"("cacheImg": )" + std::to_string(entries));
+    std::vector<u32> bytes;
+    for (int entries : {1, 1, 2, 100, 101, 250, 0}) {
+        write_project(project, form(R"("cacheImg": %d)", entries));
         create();
-        return zof_lv_mem_count();
-    };
-    bytes_with(1);
-    const u32 one = bytes_with(1);
-    const u32 two = bytes_with(2);
-    const u32 hundred = bytes_with(100);
-    CHECK(hundred - one == 99 * (two - one));
-    for (int same : {101, 250, 0}) {
-        CHECK(bytes_with(same) == hundred);
+        bytes.push_back(zof_lv_mem_count());
     }
+    CHECK(bytes[3] - bytes[1] == 99 * (bytes[2] - bytes[1]));
+    CHECK(std::count(bytes.begin(), bytes.end(), bytes[3]) == 4);
 }

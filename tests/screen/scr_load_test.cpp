@@ -5,8 +5,7 @@
 enum { W = 100, H = 60, TIME = 200, BY_LVGL = 1000, THE_WAY_BACK };
 
 // Two screens of one colour each, and what they were told.
-static lv_obj_t *red;
-static lv_obj_t *blue;
+static lv_obj_t *red, *blue;
 static std::string events;
 
 static lv_obj_t *make_screen(u32 color) {
@@ -90,6 +89,7 @@ static void check_middle(const stand &got, const stand &from, const stand &to) {
 
 TEST_CASE("each transition moves, fades and zooms both screens between its two ends") {
     two_screens();
+    screen_click(10, H / 2);
     lv_disp_t *disp = lv_disp_get_default();
     for (const expectation &e : table) {
         CAPTURE(e.transition);
@@ -106,6 +106,10 @@ TEST_CASE("each transition moves, fades and zooms both screens between its two e
         CHECK((disp->draw_prev_over_act != 0) == e.over);
         check_middle(stand_of(blue), e.in_start, {});
         check_middle(stand_of(red), {0, 0, e.out_opa_start}, e.out_end);
+        const u32 right = screen_pixel(W - 5, H / 2); // what zooms grows from the finger's last place, at the left
+        CHECK((e.transition != ZOF_SCR_LOAD_ANIM_MOVE_LEFT || right == 0x0000FF));
+        CHECK((e.transition != ZOF_SCR_LOAD_ANIM_IN_ZOOM || right == 0xFF0000));
+        CHECK((e.transition != ZOF_SCR_LOAD_ANIM_IN_ZOOM_WITH_BG || right == 0));
 
         screen_step(TIME / 2 + 40);
         CHECK(disp->prev_scr == nullptr);
@@ -117,30 +121,7 @@ TEST_CASE("each transition moves, fades and zooms both screens between its two e
     }
 }
 
-TEST_CASE("the panel shows both screens while they move and zoom") {
-    enum : u32 { RED = 0xFF0000, BLUE = 0x0000FF, BLACK = 0 };
-    const struct {
-        bool to_blue;
-        u32 transition;
-        std::vector<screen_spot> half_way;
-    } rows[] = {
-        {true, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, {{5, 30, RED}, {W - 5, 30, BLUE}}},
-        {false, ZOF_SCR_LOAD_ANIM_OUT_BOTTOM, {{50, H - 3, BLUE}, {50, 3, RED}}},
-        {true, ZOF_SCR_LOAD_ANIM_IN_ZOOM, {{10, 30, BLUE}, {W - 5, 30, RED}}}, // grows from the finger's last place
-        {false, ZOF_SCR_LOAD_ANIM_IN_ZOOM_WITH_BG, {{10, 30, RED}, {W - 5, 30, BLACK}}},
-    };
-    two_screens();
-    screen_click(10, 30);
-    for (const auto &row : rows) {
-        CAPTURE(row.transition);
-        load(row.to_blue ? blue : red, row.transition, TIME);
-        screen_step(TIME / 2);
-        screen_check(row.half_way);
-        screen_step(TIME);
-    }
-}
-
-TEST_CASE("time and delay count: at once, after the delay, and along the path") {
+TEST_CASE("time and delay count, and the path") {
     two_screens();
     load(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 0);
     CHECK(lv_scr_act() == blue);
@@ -158,7 +139,6 @@ TEST_CASE("time and delay count: at once, after the delay, and along the path") 
     CHECK(lv_scr_act() == red);
     screen_step(150);
     CHECK(lv_scr_act() == blue);
-    CHECK(lv_disp_get_scr_prev(nullptr) == nullptr);
 
     // The end is on the path for all of them, the way is not.
     for (u32 path = 1; path < ZOF_ANIM_PATH_COUNT; path++) {
@@ -171,24 +151,20 @@ TEST_CASE("time and delay count: at once, after the delay, and along the path") 
         CHECK((path != ZOF_ANIM_PATH_END_SLOW || lv_obj_get_x(to) < W / 2 - 5));
         screen_step(TIME);
         CHECK(lv_obj_get_x(to) == 0);
-        CHECK(lv_scr_act() == to);
     }
     CHECK(!zof_anim_path_get(ZOF_ANIM_PATH_COUNT));
 }
 
 TEST_CASE("paths that overshoot stay within what opacity and zoom can be") {
     two_screens();
-    for (u32 transition : {ZOF_SCR_LOAD_ANIM_FADE_ON, ZOF_SCR_LOAD_ANIM_FADE_OUT, ZOF_SCR_LOAD_ANIM_IN_ZOOM,
-                           ZOF_SCR_LOAD_ANIM_OUT_ZOOM}) {
+    for (u32 transition : {ZOF_SCR_LOAD_ANIM_FADE_ON, ZOF_SCR_LOAD_ANIM_IN_ZOOM, ZOF_SCR_LOAD_ANIM_OUT_ZOOM}) {
         lv_obj_t *to = lv_scr_act() == red ? blue : red;
         zof_scr_load_anim(to, transition, TIME, 0, lv_anim_path_overshoot);
-        for (u32 t = 0; t < TIME; t += SCREEN_STEP_MS) {
+        for (u32 t = 0; t < TIME + 50; t += SCREEN_STEP_MS) {
             screen_step(SCREEN_STEP_MS);
-            for (lv_obj_t *scr : {red, blue}) {
-                CHECK(abs(stand_of(scr).zoom - 200) < 200);
-            }
+            CHECK(abs(stand_of(red).zoom - 200) < 200);
+            CHECK(abs(stand_of(blue).zoom - 200) < 200);
         }
-        screen_step(50);
     }
 }
 
@@ -220,16 +196,12 @@ TEST_CASE("an interrupted transition ends first, and the panel takes presses aga
         presses = 0;
         load(blue, row.first, TIME, row.delay);
         screen_step(TIME / 2);
-        if (row.next == BY_LVGL) {
-            lv_disp_load_scr(green);
-        } else if (row.next == THE_WAY_BACK) {
+        if (row.next == THE_WAY_BACK) {
             load(red, row.first, TIME);
             screen_step(TIME + 50);
             CHECK(lv_scr_act() == red);
-            load(green);
-        } else {
-            load(green, row.next, row.time);
         }
+        row.next == BY_LVGL ? lv_disp_load_scr(green) : load(green, row.next, row.time);
         CHECK((!row.told || events == row.told));
         screen_step(2 * TIME);
         CHECK(lv_scr_act() == green);
