@@ -30,7 +30,6 @@ static bool image_open(ff_media *m, const char *path) {
                 return false;
             }
             if (!ff_codec_open(m, AVMEDIA_TYPE_VIDEO)) {
-                m->codec->max_pixels = FF_LVGL_SIDE_MOST * FF_LVGL_SIDE_MOST;
                 return true;
             }
             ff_close(m);
