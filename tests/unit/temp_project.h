@@ -89,9 +89,9 @@ inline std::string str(const char *text) {
 }
 
 // A number's bytes in a file, the least significant first.
-inline std::string le(u32 value, int bytes) {
+inline std::string le(u32 value, int size) {
     std::string out;
-    for (; bytes > 0; bytes--, value >>= 8) {
+    for (; size > 0; size--, value >>= 8) {
         out += (char)value;
     }
     return out;
