@@ -48,16 +48,21 @@ static void update(const std::string &from, const std::string &into, zof_bool re
     zof_dir_set_schedule_cbfun(nullptr);
 }
 
-// Which change of the disk fails. From the failure on for ever nothing changes any more: that is also a power cut.
-enum how_t { NEVER, ONCE, FOR_EVER };
+// Which change of the disk fails. From the failure on for ever nothing changes any more: that is also a power cut. Or
+// the source is pulled out.
+enum how_t { NEVER, ONCE, FOR_EVER, GONE };
 static struct {
     how_t how;
     u32 at, seen;
     bool no_exchange; // a medium on which two names cannot change places
+    std::string from;
 } fault;
 
 static zof_bool fault_hook(const char *what, const char *) {
     const u32 number = fault.seen++;
+    if (fault.how == GONE && number == fault.at) {
+        fs::rename(fault.from + "U", fault.from + "gone");
+    }
     return (fault.how == ONCE && number == fault.at) || (fault.how == FOR_EVER && number >= fault.at) ||
            (fault.no_exchange && std::string(what) == "exchange");
 }
@@ -90,17 +95,18 @@ TEST_CASE("a failure or a power cut at any change of the disk leaves every file 
     char memory[] = "/dev/shm/zof_test_XXXXXX"; // where waiting for the disk takes no time
     REQUIRE(mkdtemp(memory));
     const std::string top = memory, from = top + "/U/", into = top + "/D/";
-    tree_make(from, fresh);
     zof_file_fault_set(fault_hook);
     u32 points = 0;
     for (const bool no_exchange : {false, true}) {
-        for (const how_t how : {NEVER, ONCE, FOR_EVER}) {
+        for (const how_t how : {NEVER, ONCE, FOR_EVER, GONE}) {
             for (u32 at = 0; at < (how == NEVER ? 1 : points); at++) {
                 CAPTURE(no_exchange);
                 CAPTURE((int)how);
                 CAPTURE(at);
                 tree_make(into, before);
-                fault = {how, at, 0, no_exchange};
+                tree_make(from, fresh);
+                fs::remove_all(top + "/gone");
+                fault = {how, at, 0, no_exchange, top + "/"};
                 printed([&] { update(from, into); });
                 points = how == NEVER ? fault.seen : points;
                 fault = {};

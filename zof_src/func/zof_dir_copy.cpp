@@ -24,6 +24,7 @@ enum { ENTRY_TOO_LONG = 100 }; // beside ZOF_FILE_*
 // One copy, from its first folder to its last.
 struct copy_run {
     u8 *block;
+    u32 left;                // files that were counted and not told of yet
     const char *stage;       // the folder that is made beside, while there is one ...
     const char *place;       // ... and where it will stand
     u32 good;                // files in it that were told as copied
@@ -238,6 +239,7 @@ s32 zof_file_copy(const char *dst, const char *src, u32 blocksize) {
 
 // Tells of the file before, and keeps this one back while its folder is not in place.
 static void file_told(copy_run *r, const char *name, bool ok) {
+    r->left -= r->left > 0;
     if (!r->stage) {
         zof_dir_schedule_dis(name, ok);
         return;
@@ -387,8 +389,9 @@ static void folder_replace(copy_run *r, const char *target, const char *src) {
     r->stage = stage;
     r->place = target;
     entries_copy(r, stage, src, true);
-    const bool placed =
-        (zof_file_kind(place) != ZOF_FILE_FOLDER || keep_old(r, stage, target, src, false)) && swap(fresh, place);
+    const bool kept = zof_file_kind(place) != ZOF_FILE_FOLDER || keep_old(r, stage, target, src, false);
+    const bool pulled = !PathExist(src); // what it did not have to the end is not what it lacks
+    const bool placed = kept && !pulled && swap(fresh, place);
     if (!placed) {
         copy_say(target, "stays as it was");
     } else {
@@ -473,7 +476,11 @@ s32 zof_dir_copyfile(const char *dst, const char *src, zof_bool remove) {
         zof_printf("srcdata=null\n");
         return 0;
     }
+    run.left = zof_dir_get_fileNum(whole);
     const s32 result = folder_copy(&run, dst, whole, remove);
+    for (; run.left > 0; run.left--) { // a disk that was pulled out
+        zof_dir_schedule_dis(whole, ZOF_COPY_FAILED);
+    }
     zof_free(run.block);
     return result;
 }
