@@ -115,7 +115,15 @@ static void update_try(const char *medium, const char *folder, const char *targe
     char src[PATH_SIZE];
     const char *disk = zof_res_get_prjfile_path(MEDIA, medium);
     const s32 n = disk ? snprintf(src, sizeof(src), "%s%s", disk, folder) : -1;
-    if (n < 0 || n + 4 >= PATH_SIZE || zof_file_kind(src) != ZOF_FILE_FOLDER) {
+    if (n + 4 >= PATH_SIZE) {
+        static bool told; // the watch comes here again and again
+        if (!told) {
+            zof_printf("path too long, no update from there: %.80s...\n", disk);
+        }
+        told = true;
+        return;
+    }
+    if (n < 0 || zof_file_kind(src) != ZOF_FILE_FOLDER) {
         return;
     }
     if (watch.down_start) { // also when that copy is over by now
