@@ -23,7 +23,8 @@ extern const zof_drv_video_ops_t *drv_video_t;
 // Publishes the table, which lives on; null takes video away. 0.
 s32 zof_drv_video_reg(const zof_drv_video_ops_t *ops);
 
-// The operation's result; -1 without one, for a null player, and for an object that is none. Create gives null then.
+// The operation's result; -1 without one, and, but for the volume, which is the device's, for what is no player. Create
+// gives null then.
 lv_obj_t *zof_drv_video_create(lv_obj_t *parent);
 s32 zof_drv_video_set_pos(lv_obj_t *player, s32 x, s32 y, u32 width, u32 height);
 s32 zof_drv_video_set_src(lv_obj_t *player, const char *path);
