@@ -17,7 +17,8 @@ import threading
 import time
 from pathlib import Path
 
-sys.path[:0] = [str(Path(__file__).parent), str(Path(__file__).parents[2] / "clients" / "python")]
+CLIENT = Path(__file__).parents[2] / "clients" / "python"
+sys.path[:0] = [str(Path(__file__).parent), str(CLIENT)]
 from paced_line import PacedLine  # noqa: E402
 from zof_host import Panel  # noqa: E402
 
@@ -27,7 +28,7 @@ class BenchPanel:
 
     FOLDER, PROGRAM, PORT = "panel", "zof_bench", 5
 
-    def __init__(self, build: str, script: str = "", board: bool = False, hmi: dict[str, int] | None = None,
+    def __init__(self, build: str, script: str = "wait 1\n", board: bool = False, hmi: dict[str, int] | None = None,
                  window: bool = False) -> None:
         self.build = Path(build).resolve()
         self.line = PacedLine()
@@ -35,22 +36,20 @@ class BenchPanel:
         self.log: list[str] = []
         self._window = window
         self._folder = tempfile.TemporaryDirectory()
-        self.project = Path(self._folder.name) / "res"
+        self._top = Path(self._folder.name)
+        self.project = self._top / "res"
         shutil.copytree(self.build / self.FOLDER / "res", self.project)
         link = self.project / "config" / "project" / "zofhmi.g"
         link.write_text(json.dumps({**json.loads(link.read_text()), **(hmi or {})}))
-        self._script = Path(self._folder.name) / "session"
-        self._script.write_text(script or "wait 1\n")
+        (self._top / "session").write_text(script)
         self._board = self._start_board() if board else None
         self.start()
 
     def start(self) -> None:
         """Also once more, after `stop`, as a panel that was switched off and on."""
-        link = f"{self._folder.name}/board"
         hidden = {} if self._window else {"SDL_VIDEODRIVER": "offscreen", "SDL_AUDIODRIVER": "dummy"}
-        env = dict(os.environ, ZOF_SCRIPT=str(self._script), ZOF_COM6=link, **hidden)
-        env[f"ZOF_COM{self.PORT}"] = self.line.panel
-        self.panel = subprocess.Popen([self.build / self.FOLDER / self.PROGRAM], cwd=self._folder.name, env=env,
+        env = {**os.environ, "ZOF_SCRIPT": "session", "ZOF_COM6": "board", f"ZOF_COM{self.PORT}": self.line.panel, **hidden}
+        self.panel = subprocess.Popen([self.build / self.FOLDER / self.PROGRAM], cwd=self._top, env=env,
                                        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         self._logger = threading.Thread(target=self._read_log, daemon=True)
         self._logger.start()
@@ -91,11 +90,14 @@ class BenchPanel:
                 print(text, end="")
 
     def _start_board(self) -> subprocess.Popen:
-        link = Path(self._folder.name) / "board"
-        board = subprocess.Popen([self.build / "tools" / "board_sim", "--link", link], stdout=subprocess.DEVNULL)
-        while not link.exists() and board.poll() is None:
+        board = subprocess.Popen([self.build / "tools" / "board_sim", "--link", self._top / "board"], stdout=subprocess.DEVNULL)
+        while not (self._top / "board").exists() and board.poll() is None:
             time.sleep(0.02)
         return board
+
+
+class GalleryPanel(BenchPanel):
+    FOLDER, PROGRAM, PORT = "examples/gallery/gallery", "gallery", 4
 
 
 if __name__ == "__main__":
