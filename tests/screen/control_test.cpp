@@ -23,7 +23,6 @@ TEST_CASE("what cannot be built is told and left out, and the view goes on") {
     CHECK(at(4)->parent == zof_view_list_get(1));
     CHECK(at(5)->attr->ctrl_type == ZOF_CTRL_LABEL);
     CHECK(lv_obj_get_parent(at(6)->obj) == at(5)->obj);
-    CHECK(zof_ctrl_list_create(zof_view_list_get(1)) == 0); // complete: nothing happens
     CHECK(zof_view_list_get(1)->ctrl_list->count == 3);
     CHECK(zof_ctrl_create(lv_scr_act(), at(5), at(5)->attr, 30) == -1); // above the table of types
 }
@@ -62,10 +61,9 @@ TEST_CASE("a press reaches the hook and the control's function, in LVGL's number
     screen_click(20, 70);
     CHECK(taken(hooked) == " 1.1:15"); // only that it is no longer the one touched last
     taken(events);
-    for (zof_event_e event : {ZOF_EVENT_VALUE_CHANGED, ZOF_EVENT_SCROLL_END_ANIM, ZOF_EVENT_READY}) {
-        zof_event_send(at(1), event, nullptr);
-    }
-    CHECK(taken(events) == " 1:28 1:47"); // the last is not passed on
+    zof_event_send(at(1), ZOF_EVENT_SCROLL_END_ANIM, nullptr);
+    zof_event_send(at(1), ZOF_EVENT_READY, nullptr); // not passed on
+    CHECK(taken(events) == " 1:47");
 }
 
 TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
@@ -175,26 +173,10 @@ TEST_CASE("deleting a control leaves an empty record, and its children's records
     CHECK(lv_obj_get_parent(at(3)->obj) == at(2)->obj);
 }
 
-TEST_CASE("any LVGL object is a handle, and a wrong one is refused") {
-    view_project_t project;
-    project.show({ctrl(ZOF_CTRL_BTN, 1, R"("txt": "a")", box(10, 20, 100, 40))});
-    zof_ctrl_t *label = zof_ctrl_get_child(at(1), 0);
-    CHECK(zof_label_set_txt(label, "inner") == 0);
-    CHECK(std::string(zof_label_get_text(label)) == "inner");
-    CHECK(zof_ctrl_get_id_form_ctrl(label) == -1);
-    CHECK(zof_ctrl_get_attr_from_ctrl(label) == nullptr);
-    CHECK(zof_ctrl_get_attr_from_ctrl(nullptr) == (void *)(intptr_t)-1);
-    CHECK(zof_ctrl_get_id_form_ctrl(zof_ctrl_obj(at(1))) == 1);
-    CHECK(zof_label_set_txt(at(1), "not a label") == -1);
-    CHECK(zof_ctrl_get_child_sum(zof_view_list_get(1)) == 1);
-    CHECK(zof_ctrl_move_forground(zof_view_list_get(1)) == -1); // it is in nobody's list of children
-}
-
 TEST_CASE("a control takes its common properties from the file, and odd values as they are meant") {
-    view_project_t project;
-    project.show({ctrl(ZOF_CTRL_OBJ, 1, "", box(10, 20, 100, 40) + R"(, "hidden": true, "t_mode": 0,
+    view_project_t project({ctrl(ZOF_CTRL_OBJ, 1, "", box(10, 20, 100, 40) + R"(, "hidden": true, "t_mode": 0,
                         "scrollbar_t": {"mode_e": 1, "dir_e": 3, "chain_e": 2, "elastic": true})"),
-                  ctrl(ZOF_CTRL_OBJ, 2, "", box(50, 60, 20, 20) + R"(, "t_mode": 5)")});
+                            ctrl(ZOF_CTRL_OBJ, 2, "", box(50, 60, 20, 20) + R"(, "t_mode": 5)")});
     lv_obj_t *obj = at(1)->obj;
     const u32 flags = LV_OBJ_FLAG_HIDDEN | LV_OBJ_FLAG_CLICKABLE | LV_OBJ_FLAG_SCROLL_CHAIN |
                       LV_OBJ_FLAG_SCROLL_ELASTIC | LV_OBJ_FLAG_SCROLL_MOMENTUM;
@@ -214,24 +196,20 @@ TEST_CASE("a control takes its common properties from the file, and odd values a
 }
 
 TEST_CASE("an animation runs its values along its path, and ends with its object") {
-    view_project_t project;
-    project.show({ctrl(ZOF_CTRL_OBJ, 1)});
+    view_project_t project({ctrl(ZOF_CTRL_OBJ, 1)});
     static s32 reached;
     zof_anim_dsc_t dsc = {};
     dsc.time = 100;
     dsc.start_value = 10;
     dsc.end_value = 110;
     dsc.path = ZOF_ANIM_PATH_LINEAR;
+    dsc.repeat_cnt = 0xFFFF;
     dsc.exec_cb = [](void *, s32 value) { reached = value; };
     CHECK(zof_animation_set(at(1), &dsc) == 0);
     screen_step(50);
     CHECK(abs(reached - 60) < 30);
-    screen_step(200);
-    CHECK(reached == 110);
-    CHECK(zof_animation_del(at(1), dsc.exec_cb) == 0);
-    dsc.repeat_cnt = 0xFFFF;
-    zof_animation_set(at(1), &dsc);
     CHECK(zof_animation_del(at(1), dsc.exec_cb) == 1);
+    CHECK(zof_animation_del(at(1), dsc.exec_cb) == 0);
     zof_animation_set(at(1), &dsc);
     zof_ctrl_delete(at(1));
     reached = 0;
@@ -248,8 +226,17 @@ template <typename... F> static void all_refuse(zof_ctrl_t *handle, F... functio
     CHECK(std::count(std::begin(results), std::end(results), -1) == sizeof...(functions));
 }
 
-TEST_CASE("every operation is harmless without an object") {
-    lv_init();
+TEST_CASE("any LVGL object is a handle, and every operation is harmless without one") {
+    view_project_t project({ctrl(ZOF_CTRL_BTN, 1, R"("txt": "a")")});
+    zof_ctrl_t *label = zof_ctrl_get_child(at(1), 0);
+    CHECK(zof_label_set_txt(label, "inner") == 0);
+    CHECK(std::string(zof_label_get_text(label)) == "inner");
+    CHECK(zof_ctrl_get_id_form_ctrl(label) == -1);
+    CHECK(zof_ctrl_get_id_form_ctrl(zof_ctrl_obj(at(1))) == 1);
+    CHECK(zof_ctrl_get_attr_from_ctrl(label) == nullptr);
+    CHECK(zof_ctrl_get_attr_from_ctrl(nullptr) == (void *)(intptr_t)-1);
+    CHECK(zof_label_set_txt(at(1), "not a label") == -1);
+    CHECK(zof_ctrl_move_forground(zof_view_list_get(1)) == -1); // it is in nobody's list of children
     para_t empty = {};
     for (zof_ctrl_t *c : {(zof_ctrl_t *)nullptr, (zof_ctrl_t *)&empty}) {
         all_refuse(c, zof_ctrl_set_pos, zof_ctrl_get_x, zof_ctrl_set_size, zof_ctrl_set_hidden, zof_ctrl_set_alpha,

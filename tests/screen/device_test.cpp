@@ -122,11 +122,9 @@ TEST_CASE("keys: a key stands for a pin, edges and modes choose what is heard, r
     zof_win_key_irq_reg(on_key);
     CHECK(key_event(SDL_KEYDOWN, 'a') == " key97=1");
     CHECK(key_event(SDL_KEYDOWN, 'z') == " key122=1"); // tied to nothing
-    CHECK(zof_win_key_sim_gpio_reg(1, 2, 'b') == 0);   // a pin is found by its number: pin 3 keeps its own key
-    CHECK(zof_gpio_readInputPin(1, 3) == 0);
 }
 
-TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for") {
+TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for, and setting the clock changes nothing") {
     const std::string file = std::string(ZOF_BUILD_DIR) + "/beep-" + std::to_string(getpid()) + ".raw";
     setenv("SDL_AUDIODRIVER", "disk", 1);
     setenv("SDL_DISKAUDIOFILE", file.c_str(), 1);
@@ -144,13 +142,9 @@ TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for") {
     }
     CHECK(abs((s32)crossings - 2 * 2000 / 2) < 20);
     CHECK(samples > 44100 / 2 * 0.95);
-}
-
-TEST_CASE("clock: setting it changes nothing") {
     win_rtc_init();
-    const zof_rtc_time_t past = {2001, 2, 3, 4, 5, 6};
-    CHECK(zof_rtc_set_time(&past) == 0);
-    zof_rtc_time_t now = {};
+    zof_rtc_time_t now = {2001, 2, 3, 4, 5, 6};
+    CHECK(zof_rtc_set_time(&now) == 0);
     CHECK(zof_rtc_get_time(&now) == 0);
     CHECK(now.year >= 2024);
 }

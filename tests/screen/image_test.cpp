@@ -62,9 +62,9 @@ TEST_CASE("an image button shows the picture of its state, in the middle of its 
     screen_click(210, 110); // drawn without a picture, and checkable all the same
 }
 
-static std::string tile(u32 id, u32 col, u32 row, u32 dir, u32 color) {
-    return ctrl(ZOF_CTRL_TILE, id, form(R"("col_id": %u, "row_id": %u, "dir": %u)", col, row, dir), R"("parent_id": 1)",
-                filled(color));
+static std::string tile(u32 id, u32 col, u32 row, u32 dir, u32 color, u32 parent = 1) {
+    return ctrl(ZOF_CTRL_TILE, id, form(R"("col_id": %u, "row_id": %u, "dir": %u)", col, row, dir),
+                form(R"("parent_id": %u)", parent), filled(color));
 }
 
 TEST_CASE("tile views show and tell the tile that is asked for") {
@@ -90,49 +90,32 @@ TEST_CASE("tile views show and tell the tile that is asked for") {
     CHECK(screen_pixel(50, 50) == BLUE);
 }
 
-// Swipes one page on or back and waits until the view is at rest.
-static u32 swipe(bool on, bool horizontal) {
-    const s32 from = on ? 90 : 10;
-    const s32 to = on ? 10 : 90;
-    screen_drag(horizontal ? from : 50, horizontal ? 50 : from, horizontal ? to : 50, horizontal ? 50 : to, 4);
-    screen_step(1500);
-    return screen_pixel(50, 50);
-}
-
 TEST_CASE("an endless view can be swiped for ever in both directions") {
     const u32 colors[] = {BLUE, GREEN, RED};
-    const struct {
-        u32 count;
-        bool horizontal;
-    } rings[] = {{2, true}, {3, true}, {2, false}, {3, false}};
     view_project_t project;
-    u32 view = 0;
-    for (const auto &ring : rings) {
-        std::vector<std::string> controls = {
-            ctrl(ZOF_CTRL_TILEVIEW, 1,
-                 R"("unlimited_scroll": 1, "start_id": 1, "anim_time": 0, "count": )" + std::to_string(ring.count),
-                 box(0, 0, 100, 100) + R"(, "scrollbar_t": {"dir_e": 15, "scroll_one": true})", "{}")};
-        for (u32 i = 0; i < ring.count; i++) {
-            controls.push_back(ring.horizontal ? tile(10 + i, i, 0, 3, colors[i]) : tile(10 + i, 0, i, 12, colors[i]));
+    std::vector<std::string> controls;
+    for (u32 count : {2, 3}) { // the first to the side, the second up and down
+        controls.push_back(ctrl(
+            ZOF_CTRL_TILEVIEW, count,
+            form(R"("unlimited_scroll": 1, "start_id": 1, "anim_time": 0, "count": %u)", count),
+            box((s32)count * 100 - 200, 0, 100, 100) + R"(, "scrollbar_t": {"dir_e": 15, "scroll_one": true})", "{}"));
+        for (u32 i = 0; i < count; i++) {
+            controls.push_back(count == 2 ? tile(20 + i, i, 0, 3, colors[i], 2) : tile(30 + i, 0, i, 12, colors[i], 3));
         }
-        project.view(++view, controls);
     }
-    project.open(320, 240);
-    view = 0;
-    for (const auto &ring : rings) {
-        CAPTURE(ring.horizontal);
-        CAPTURE(ring.count);
-        zof_view_set_dis_view(++view);
-        screen_step(100);
-        const u32 *end = colors + ring.count;
-        const u32 index = (u32)(std::find(colors, end, screen_pixel(50, 50)) - colors);
-        REQUIRE(index < ring.count);
-        for (u32 i = 1; i <= 4 * ring.count; i++) {
-            const u32 place = index + (i <= 2 * ring.count ? i : 4 * ring.count - i);
-            CHECK(swipe(i <= 2 * ring.count, ring.horizontal) == colors[place % ring.count]);
+    project.show(controls);
+    screen_step(100);
+    for (u32 count : {2, 3}) {
+        CAPTURE(count);
+        const s32 x = count == 2 ? 50 : 150;
+        const u32 index = (u32)(std::find(colors, colors + count, screen_pixel(x, 50)) - colors);
+        for (u32 i = 1; i <= 4 * count; i++) {
+            const s32 by = i <= 2 * count ? -40 : 40;
+            count == 2 ? screen_drag(x - by, 50, x + by, 50, 4) : screen_drag(x, 50 - by, x, 50 + by, 4);
+            screen_step(1500);
+            CHECK(screen_pixel(x, 50) == colors[(index + (by < 0 ? i : 4 * count - i)) % count]);
         }
-        lv_obj_t *obj = at(1, view)->obj;
-        CHECK((ring.horizontal ? lv_obj_get_scroll_x(obj) : lv_obj_get_scroll_y(obj)) == 100); // home again
-        CHECK(lv_obj_has_flag(obj, LV_OBJ_FLAG_SCROLLABLE));
+        CHECK(lv_obj_get_scroll_x(at(count)->obj) + lv_obj_get_scroll_y(at(count)->obj) == 100); // home again
+        CHECK(lv_obj_has_flag(at(count)->obj, LV_OBJ_FLAG_SCROLLABLE));
     }
 }

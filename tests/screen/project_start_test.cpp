@@ -42,18 +42,6 @@ TEST_CASE("the logo is on the screen before the first view, and the views are lo
     CHECK(screen_pixel(160, 120) == 0x0000FF);
 }
 
-TEST_CASE("a start view that does not exist leaves the screen as it is") {
-    view_project_t project;
-    screen_open(320, 240);
-    lv_obj_t *screen = lv_scr_act();
-    for (int start : {9, 2, 0}) {
-        write_project(project, form(R"("start_page": %d)", start));
-        printed([] { CHECK(create() == 0); });
-        CHECK(lv_scr_act() == screen);
-        CHECK(calls == "");
-    }
-}
-
 TEST_CASE("the image cache has as many entries as the project says, 100 at most, and stays for none") {
     view_project_t project;
     screen_open(320, 240);

@@ -13,8 +13,8 @@ static const u32 colors[] = {0xE04040, 0x40B040, 0x4060E0, 0xD0A020, 0xA040C0, 0
 
 // A wheel of 240 x 120, or turned by a quarter, with a number on each item.
 static std::vector<std::string> wheel_of(const wheel_sort &sort, u32 missing = 0) {
-    const std::string keys =
-        form(R"("child_cnt": %u, "display_count": %u, "dir": %d%s)", sort.items, sort.shown, sort.vertical, sort.own.c_str());
+    const std::string keys = form(R"("child_cnt": %u, "display_count": %u, "dir": %d%s)", sort.items, sort.shown,
+                                  sort.vertical, sort.own.c_str());
     std::vector<std::string> out = {ctrl(ZOF_CTRL_SCROLLCONT, WHEEL, keys,
                                          (sort.vertical ? box(100, 0, 120, 240) : box(40, 60, 240, 120)) +
                                              R"(, "scrollbar_t": {"dir_e": 15, "elastic": true, "momentum": true})",
@@ -22,8 +22,7 @@ static std::vector<std::string> wheel_of(const wheel_sort &sort, u32 missing = 0
     for (u32 i = 0; i < sort.items - missing; i++) {
         out.push_back(ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM + i, R"("create_num": )" + std::to_string(i),
                            R"("parent_id": 1, "scrollbar_t": {"chain_e": 3})", filled(colors[i % 6])));
-        out.push_back(ctrl(ZOF_CTRL_LABEL, CAPTION + i,
-                           form(R"("auto_hight": 1, "align_e": 34, "txt": "%u")", i),
+        out.push_back(ctrl(ZOF_CTRL_LABEL, CAPTION + i, form(R"("auto_hight": 1, "align_e": 34, "txt": "%u")", i),
                            form(R"("t_mode": 0, "parent_id": %u, )", ITEM + i) + box(5, 10, 40, 30),
                            R"({"txt_t": {"color": 16777215, "opa": 255}})"));
     }
@@ -68,8 +67,11 @@ TEST_CASE("a wheel turns for ever, odd or even, sideways and up and down") {
     const struct {
         wheel_sort sort;
         const char *first; // order at rest on item 0
-    } wheels[] = {{{5, 3, false}, "34012"}, {{4, 3, false}, "3012"}, {{6, 3, true}, "450123"},
-                  {{5, 1, true}, "34012"},  {{1, 1, false}, "0"}};
+    } wheels[] = {{{5, 3, false}, "34012"},
+                  {{4, 3, false}, "3012"},
+                  {{6, 3, true}, "450123"},
+                  {{5, 1, true}, "34012"},
+                  {{1, 1, false}, "0"}};
     view_project_t project;
     for (const auto &w : wheels) {
         project.view(shown++, wheel_of(w.sort));
@@ -95,34 +97,14 @@ TEST_CASE("a wheel turns for ever, odd or even, sideways and up and down") {
     }
 }
 
-// How three items are drawn: zoom, opacity and the way across, each turned about its middle.
-static std::string dressed(const u32 (&numbers)[3], bool vertical) {
-    std::string out;
-    for (u32 number : numbers) {
-        lv_obj_t *obj = item(number);
-        const s32 across = vertical ? lv_obj_get_style_translate_x(obj, 0) : lv_obj_get_style_translate_y(obj, 0);
-        out += form("%s%d/%d/%d", out.empty() ? "" : " ", lv_obj_get_style_transform_zoom(obj, 0),
-                    lv_obj_get_style_opa(obj, 0), across);
-        CHECK(lv_obj_get_style_transform_pivot_x(obj, 0) == lv_obj_get_width(obj) / 2);
-    }
-    return out;
-}
-
 TEST_CASE("items sink, shrink and fade by their distance") {
-    // Five items of 80 pixels: at rest the distances are 0, 80 and 160; pulled by 30 they are 30, 50, 110, 130 and 190.
     const struct {
         const char *name, *own;
         bool vertical;
-        const char *rest, *pulled; // at 0, 80, 160; at 30, 50, 110
-    } wheels[] = {
-        {"fade", R"(, "opa_mode": 1, "zoom": 56)", true, "256/255/0 122/85/0 56/0/0", "206/192/0 172/149/0 72/22/0"},
-        {"arc", R"(, "arc_r": 100, "opa_mode": 1, "zoom": 56)", false, "256/255/0 96/51/40 56/0/100",
-         "196/179/5 156/128/14 56/0/100"},
-        {"wide_arc", R"(, "arc_r": 200, "arc_dir": 1, "zoom": 56)", true, "256/255/0 122/255/-17 56/255/-80",
-         "206/255/-3 172/255/-7 72/255/-33"},
-        {"pixels", R"(, "zoom": 156, "zoom_mode": 1, "pad": 0)", false, "256/255/0 176/255/0 156/255/0",
-         "226/255/0 206/255/0 156/255/0"},
-    };
+    } wheels[] = {{"fade", R"(, "opa_mode": 1, "zoom": 56)", true},
+                  {"arc", R"(, "arc_r": 100, "opa_mode": 1, "zoom": 56)", false},
+                  {"wide_arc", R"(, "arc_r": 200, "arc_dir": 1, "zoom": 56)", true},
+                  {"pixels", R"(, "zoom": 156, "zoom_mode": 1, "pad": 0)", false}};
     view_project_t project;
     for (const auto &w : wheels) {
         project.view(shown++, wheel_of({5, 3, w.vertical, w.own}));
@@ -133,10 +115,8 @@ TEST_CASE("items sink, shrink and fade by their distance") {
         CAPTURE(w.name);
         zof_view_set_dis_view(++shown);
         screen_step(40);
-        CHECK(dressed({0, 1, 2}, w.vertical) == w.rest);
         CHECK(screen_is_golden("scrollcont_" + std::string(w.name)));
         zof_ctrl_scroll_set(at(WHEEL, shown), w.vertical ? 0 : 110, w.vertical ? 110 : 0, 0);
-        CHECK(dressed({0, 1, 4}, w.vertical) == w.pulled);
         CHECK(screen_is_golden("scrollcont_" + std::string(w.name) + "_pulled"));
         CHECK(order() == "34012"); // between two items nothing is put in order
     }

@@ -107,7 +107,8 @@ TEST_CASE(
                 copy_wait();
                 screen_step(400);
             });
-            const bool good = (to == "T/a" ? contains(shown(), "success 1 , fail 0") : shown() == begun) && (to.empty() || file_text(disk + to) == "new");
+            const bool good = (to == "T/a" ? contains(shown(), "success 1 , fail 0") : shown() == begun) &&
+                              (to.empty() || file_text(disk + to) == "new");
             std::filesystem::remove_all(project.top);
             _exit(good ? 0 : 1);
         }

@@ -68,6 +68,12 @@ struct view_project_t : temp_project_t {
     std::string more = R"(, "start_page": 0)"; // keys of the project file
     std::string shown_keys;                    // keys of the view that `show` makes
 
+    view_project_t() = default;
+
+    explicit view_project_t(const std::vector<std::string> &controls) {
+        show(controls);
+    }
+
     void view(u32 id, const std::vector<std::string> &controls, const std::string &keys = "") {
         std::string list;
         for (const std::string &control : controls) {
