@@ -1,31 +1,18 @@
 #!/bin/sh
 # The panel on a bad line: with every fault of the virtual board it lives, and its readings come as soon as anything comes.
 # usage: faults.sh BUILD_FOLDER
-set -eu
+. "$(dirname "$0")/lib.sh"
 build=$1
-work=$(mktemp -d)
-board=""
-trap '[ -z "$board" ] || kill "$board" 2>/dev/null || true; rm -rf "$work"' EXIT
+export SDL_VIDEODRIVER=offscreen ZOF_COM6="$work/line" ZOF_SCRIPT="$work/session"
 
 # One run: the fault, and the session that the panel plays.
 run() {
     rm -f "$work/line"
-    "$build/tools/board_sim" --link "$work/line" --seed 7 --no-noise --fault "$1" >"$work/board.log" 2>&1 &
-    board=$!
-    tries=0
-    until [ -e "$work/line" ] || [ $tries -gt 100 ]; do sleep 0.05; tries=$((tries + 1)); done
+    start board "$build/tools/board_sim" --link "$work/line" --seed 7 --no-noise --fault "$1"
+    expect "$work/line"
     printf '%b' "$2" >"$work/session"
-    status=0
-    (cd "$build/panel" && SDL_VIDEODRIVER=offscreen ZOF_COM6=$work/line ZOF_SCRIPT=$work/session timeout 60 ./zof_bench) \
-        >"$work/panel.log" 2>&1 || status=$?
-    kill "$board" 2>/dev/null || true
-    wait "$board" 2>/dev/null || true
-    board=""
-    if [ $status -ne 0 ]; then
-        echo "with fault $1 the panel ended with status $status" >&2
-        tail -20 "$work/panel.log" >&2
-        exit 1
-    fi
+    timeout 60 env -C "$build/panel" ./zof_bench >"$work/panel.log" 2>&1 || fail "with fault $1 the panel ended with $?"
+    kill $! 2>/dev/null || true
 }
 
 readings='until 20000 1 1 *\nuntil 20000 1 3 *\nview 2\nuntil 20000 2 2 5.00 V\nwait 500\nquit\n'

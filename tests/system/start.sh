@@ -1,23 +1,20 @@
 #!/bin/sh
 # The program's ways to start: without a project, with a broken one, as a build call, with one argument; and what
 # zof_ids says of a project that it cannot use.      usage: start.sh BUILD_FOLDER
-set -eu
+. "$(dirname "$0")/lib.sh"
 build=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
 mkdir -p "$work/a/b"
 cd "$work/a/b"
-fail() { echo "start: $*" >&2; cat "$work/log" >&2; exit 1; }
 
 # Runs a command, its output in the log; fails unless it ends with this status.
 ends() {
     want=$1
     shift
     status=0
-    SDL_VIDEODRIVER=offscreen timeout 60 "$@" >"$work/log" 2>&1 || status=$?
+    SDL_VIDEODRIVER=offscreen timeout 60 "$@" >"$work/out.log" 2>&1 || status=$?
     [ $status -eq "$want" ] || fail "$* ended with $status, not $want"
 }
-says() { grep -qF -- "$1" "$work/log" || fail "there is no \"$1\" in:"; }
+says() { grep -qF -- "$1" "$work/out.log" || fail "there is no \"$1\" in:"; }
 project() { mkdir -p "$work/res/config/project" && printf '%s' "$1" >"$work/res/config/project/zofprj.g"; }
 
 ends 1 "$build/panel/zof_bench"
@@ -29,7 +26,7 @@ says "zofprj.g:1:12: parse error"
 
 project '{"version": "1"}'
 ends 0 "$build/panel/zof_bench" x y
-[ ! -s "$work/log" ] || fail "a call that is none of the program's printed:"
+[ ! -s "$work/out.log" ] || fail "a call that is none of the program's printed:"
 ends 0 "$build/panel/zof_bench" t -tnow
 grep -q '"comp_time":	"now"' "$work/res/config/project/zofprj.g" || fail "the build time is not in the project file"
 
@@ -45,26 +42,24 @@ printf '\ntap 5\n' >"$work/session"
 ends 2 env ZOF_SCRIPT="$work/session" "$build/panel/zof_bench"
 says "session:2: a word is missing"
 
-ids() { ends 1 "$build/tools/zof_ids" "$work/res" "$work/ids.h"; [ ! -e "$work/ids.h" ] || fail "ids were written"; }
-view() { mkdir -p "$work/res/config/view" && printf '%s' "$1" >"$work/res/config/view/v.g"; ids; }
-project 'no'
-ids
-says "it is no JSON, or has no \`views\`"
-project '{"views": [{"pageId": 1}]}'
-ids
-says "a view has no \`pageId\` or no \`pageName\`"
-project '{"views": [{"pageId": 1, "pageName": "v.g"}]}'
-ids
-says "v.g: it is no JSON, or has no \`controls\`"
-view '{"controls": [{"property": {"pub_t": {"id": 1}}}]}'
-says "a control has no"
-view '{"controls": [{"property": {"pub_t": {"id": 1, "name": "a b"}}}, {"property": {"pub_t": {"id": 2, "name": "A-B"}}}]}'
-says "VIEW1_A_B_ID stands for two controls"
-view '{"controls": [{"property": {"pub_t": {"id": 7, "name": "a"}}}, {"property": {"pub_t": {"id": 7, "name": "b"}}}]}'
-says "two controls have the id 7"
-view_good='{"controls": [{"property": {"pub_t": {"id": 7, "name": "a"}}}]}'
-printf '%s' "$view_good" >"$work/res/config/view/v.g"
-ends 1 "$build/tools/zof_ids" "$work/res" "$work/nowhere/ids.h"
-says "it cannot be written"
+# A project that zof_ids refuses: the project's file, the view's, and what it says.
+refuses() {
+    mkdir -p "$work/res/config/view"
+    project "$1"
+    printf '%s' "$2" >"$work/res/config/view/v.g"
+    ends 1 "$build/tools/zof_ids" "$work/res" "${4:-$work/ids.h}"
+    says "$3"
+    [ ! -e "$work/ids.h" ] || fail "ids were written"
+}
+control() { printf '{"property": {"pub_t": {"id": %s}}}' "$1"; }
+views='{"views": [{"pageId": 1, "pageName": "v.g"}]}'
+good="{\"controls\": [$(control '7, "name": "a"')]}"
+refuses no "" "it is no JSON, or has no \`views\`"
+refuses '{"views": [{"pageId": 1}]}' "" "a view has no \`pageId\` or no \`pageName\`"
+refuses "$views" "" "v.g: it is no JSON, or has no \`controls\`"
+refuses "$views" "{\"controls\": [$(control 1)]}" "a control has no"
+refuses "$views" "{\"controls\": [$(control '1, "name": "a b"'), $(control '2, "name": "A-B"')]}" "VIEW1_A_B_ID stands for two controls"
+refuses "$views" "{\"controls\": [$(control '7, "name": "a"'), $(control '7, "name": "b"')]}" "two controls have the id 7"
+refuses "$views" "$good" "it cannot be written" "$work/nowhere/ids.h"
 ends 0 "$build/tools/zof_ids" "$work/res" "$work/ids.h"
 grep -q 'VIEW1_A_ID = 7,' "$work/ids.h" || fail "the id is missing"

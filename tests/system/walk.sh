@@ -1,41 +1,19 @@
 #!/bin/sh
 # A person at the panel: a real window under Xvfb, a real pointer, the virtual board at the far end of a pseudo-terminal.
 # Walks the whole story and looks at what board and panel say.      usage: walk.sh BUILD_FOLDER
-set -eu
+. "$(dirname "$0")/lib.sh"
 build=$1
-work=$(mktemp -d)
-board="" panel="" screen=""
-finish() {
-    status=$?
-    for pid in $panel $board $screen; do kill "$pid" 2>/dev/null || true; done
-    [ $status -eq 0 ] || { echo "--- panel"; tail -20 "$work/panel.log"; echo "--- board"; grep -v LIVE "$work/board.log" | tail -30; } >&2
-    rm -rf "$work"
-}
-trap finish EXIT
-fail() { echo "walk: $*" >&2; exit 1; }
-
-# Waits until a file holds a line, or fails after twenty seconds.
-expect() {
-    tries=0
-    until grep -q -- "$2" "$1"; do
-        [ $tries -lt 400 ] || fail "no \"$2\" in $(basename "$1")"
-        tries=$((tries + 1))
-        sleep 0.05
-    done
-}
 seen() { grep -c -- "$1" "$work/board.log" || true; }
 tap() { xdotool mousemove --window "$window" "$1" "$2" mousedown 1; sleep 0.1; xdotool mouseup 1; sleep "${3:-0.4}"; }
 
-Xvfb -displayfd 3 -screen 0 1280x800x24 3>"$work/display" 2>/dev/null &
-screen=$!
-expect "$work/display" .
-DISPLAY=:$(cat "$work/display")
+start screen Xvfb -displayfd 1 -screen 0 1280x800x24
+expect "$work/screen.log" '^[0-9]*$'
+DISPLAY=:$(grep '^[0-9]*$' "$work/screen.log")
 export DISPLAY
 
-"$build/tools/board_sim" --link "$work/line" --state "$work/state" --trace --no-noise >"$work/board.log" 2>&1 &
-board=$!
+start board "$build/tools/board_sim" --link "$work/line" --state "$work/state" --trace --no-noise
 expect "$work/board.log" "the board is at"
-(cd "$build/panel" && ZOF_COM6=$work/line exec ./zof_bench >"$work/panel.log" 2>&1) &
+start panel env -C "$build/panel" ZOF_COM6="$work/line" ./zof_bench
 panel=$!
 expect "$work/panel.log" "115200 baud"
 window=$(timeout 20 xdotool search --sync --name "USB-PD bench box" | head -1)

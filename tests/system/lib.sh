@@ -1,0 +1,31 @@
+# What the tests of the whole share, to be sourced: $work is a folder of the test's own, and all that `start` has started
+# ends with the test. One that fails shows the ends of its logs.
+set -eu
+work=$(mktemp -d)
+pids=""
+finish() {
+    status=$?
+    for pid in $pids; do kill "$pid" 2>/dev/null || true; done
+    [ $status -eq 0 ] || tail -n 25 "$work"/*.log >&2
+    rm -rf "$work"
+}
+trap finish EXIT
+fail() { echo "$(basename "$0" .sh): $*" >&2; exit 1; }
+
+# Waits for a file, or for a line in it; twenty seconds and more.
+expect() {
+    tries=0
+    until [ -e "$1" ] && { [ $# -eq 1 ] || grep -q -- "$2" "$1"; }; do
+        [ $tries -lt 400 ] || fail "$1: never came: ${2:-the file}"
+        sleep 0.05
+        tries=$((tries + 1))
+    done
+}
+
+# A program behind our back, its output in $work/NAME.log.   start NAME COMMAND...
+start() {
+    log=$work/$1.log
+    shift
+    "$@" >"$log" 2>&1 &
+    pids="$pids $!"
+}
