@@ -192,8 +192,13 @@ s32 zof_scrollcont_create(para_t *record, lv_obj_t *parent, void *attr) {
     return 0;
 }
 
+// The wheel that is being started. Who makes its items anew at the events of that would start it again, for ever.
+static const void *starting;
+
 static void wheel_start(void *obj) {
+    starting = obj;
     lv_event_send((lv_obj_t *)obj, LV_EVENT_REFRESH, nullptr);
+    starting = nullptr;
 }
 
 // LVGL frees a call that is cancelled while it runs twice; what it started may end up here.
@@ -234,6 +239,8 @@ static void wheel_complete(lv_obj_t *obj, zof_scrollcont_attr_t *attr) {
         lv_obj_set_style_pad_row(obj, attr->pad, LV_PART_MAIN);
     }
     events_add(obj, attr);
+    if (obj == starting)
+        return;
     start_cancel(obj, attr);
     attr->need_init = 1;
     lv_async_call(wheel_start, obj);
