@@ -17,13 +17,10 @@ class PacedLine:
     def __init__(self, baud: int = 921600) -> None:
         self.byte_s = 10 / baud
         self.taint = lambda to_panel, data: data
-        self._masters, self._slaves = [], []
-        for _ in range(2):
-            master, slave = os.openpty()
+        self._masters, self._slaves = zip(*(os.openpty() for _ in range(2)))
+        for slave in self._slaves:
             tty.setraw(slave)  # and the far end kept open: who leaves must not end the line
-            self._masters.append(master)
-            self._slaves.append(slave)
-        self.panel, self.host = (os.ttyname(s) for s in self._slaves)
+        self.panel, self.host = map(os.ttyname, self._slaves)
         self._stop_read, self._stop = os.pipe()
         self._threads = [threading.Thread(target=self._carry, args=(a, b), daemon=True) for a, b in ((0, 1), (1, 0))]
         for thread in self._threads:
@@ -44,5 +41,5 @@ class PacedLine:
         os.write(self._stop, b"x")
         for thread in self._threads:
             thread.join()
-        for fd in self._masters + self._slaves + [self._stop, self._stop_read]:
+        for fd in (*self._masters, *self._slaves, self._stop, self._stop_read):
             os.close(fd)

@@ -25,30 +25,21 @@ SESSION = {"view": 1, "control": 17}  # a label that the panel's program leaves 
 # Of each view of the gallery: row, control, value to write or a list of those that may be read, index of rows that have
 # one. The library reads back what it can.
 STEPS = {
-    "labels": [(rows.LABEL_TEXT, "label_9", "by a host"), (rows.LABEL_COLOR, "label_9", 0x3DA9FC)],
-    "buttons": [(rows.BUTTON_TEXT, "count", "17"), (rows.BUTTON_STATE, "toggle", 1), (rows.IMAGE_BUTTON_TEXT, "lamp", "on"),
-                (rows.CONTROL_ALPHA, "count", 200)],
-    "pictures": [(rows.IMAGE_IMAGE, "zoomed", "lamp_on.png"), (rows.IMAGE_ANGLE, "zoomed", 450),
-                 (rows.LINE_LOOK, "line", rows.LineLook(0x2FA36B, 8, 255, 1))],
-    "values": [(rows.ARC_VALUE, "arc", 20), (rows.SLIDER_VALUE, "slider", 70), (rows.BAR_VALUE, "bar", 30)],
-    "switches": [(rows.SWITCH_ON, "sw", 0), (rows.CHECK_BOX_CHECKED, "cb", 1), (rows.SPIN_BOX_VALUE, "spin", 2000)],
-    "lists": [(rows.LIST_TEXT, "list", "Row 0", 0), (rows.DROP_LIST_MODIFY, "drop", "Option 1", 1),
-              (rows.DROP_LIST_OPEN, "drop", 1), (rows.DROP_LIST_OPEN, "drop", 0), (rows.ROLLER_MODIFY, "roller", "Option 2", 2)],
-    "tables": [(rows.TABLE_TEXT, "table", rows.TableText(1, 0, "3.30")), (rows.BUTTON_MATRIX_CAPTION, "matrix", ["7"], 0),
-               (rows.BUTTON_MATRIX_ONE_CHECKED, "one", 1)],
-    "charts": [(rows.CONTROL_HIDDEN, "columns", 1)],
-    "tiles": [(rows.TILE_VIEW_TILE, "grid", rows.TileViewTile(1, 1, 1))],
-    "typing": [(rows.TEXT_BOX_TEXT, "line", "typed by a host"), (rows.TEXT_BOX_ADD_TEXT, "line", "!"),
-               (rows.TEXT_BOX_TEXT, "line", ["typed by a host!"]), (rows.KEYBOARD_KEY, "keyboard", [0xFFFF])],
-    "messages": [(rows.MESSAGE_BOX_TITLE, "ask", "From a host"), (rows.MESSAGE_BOX_OPEN, "ask", 1),
-                 (rows.MESSAGE_BOX_OPEN, "ask", 0)],
-    "wheels": [(rows.CONTROL_ALPHA, "arc", 128)],
-    "moving": [(rows.GIF_PLAY, "gif", 1), (rows.QR_CODE_TEXT, "qr", "a host was here"),
-               (rows.CONTROL_POS, "sequence", rows.ControlPos(20, 20))],
-    "media": [(rows.VIDEO_VOLUME, "video", 0), (rows.VIDEO_STATE, "video", range(5))],
-    "drawing": [(rows.CONTROL_HIDDEN, "pad", 1)],
-    "transitions": [(rows.BUTTON_TEXT, "path", "by a host")],
     "index": [(rows.SWITCH_ON, "theme", 1)],
+    "labels": [(rows.LABEL_TEXT, "label_9", "by a host")],
+    "buttons": [(rows.BUTTON_TEXT, "count", "17"), (rows.IMAGE_BUTTON_TEXT, "lamp", "on"), (rows.CONTROL_ALPHA, "count", 200)],
+    "pictures": [(rows.IMAGE_IMAGE, "zoomed", "lamp_on.png"), (rows.LINE_LOOK, "line", rows.LineLook(0x2FA36B, 8, 255, 1))],
+    "values": [(rows.ARC_VALUE, "arc", 20), (rows.SLIDER_VALUE, "slider", 70), (rows.BAR_VALUE, "bar", 30)],
+    "switches": [(rows.CHECK_BOX_CHECKED, "cb", 1), (rows.SPIN_BOX_VALUE, "spin", 2000)],
+    "lists": [(rows.LIST_TEXT, "list", "Row 0", 0), (rows.DROP_LIST_OPEN, "drop", 1), (rows.DROP_LIST_OPEN, "drop", 0),
+              (rows.ROLLER_MODIFY, "roller", "Option 2", 2)],
+    "tables": [(rows.TABLE_TEXT, "table", rows.TableText(1, 0, "3.30")), (rows.BUTTON_MATRIX_CAPTION, "matrix", ["7"], 0)],
+    "tiles": [(rows.TILE_VIEW_TILE, "grid", rows.TileViewTile(1, 1, 1))],
+    "typing": [(rows.TEXT_BOX_ADD_TEXT, "line", "by a host"), (rows.TEXT_BOX_TEXT, "line", ["by a host"]),
+               (rows.KEYBOARD_KEY, "keyboard", [0xFFFF])],
+    "messages": [(rows.MESSAGE_BOX_OPEN, "ask", 1), (rows.MESSAGE_BOX_OPEN, "ask", 0)],
+    "moving": [(rows.GIF_PLAY, "gif", 1), (rows.QR_CODE_TEXT, "qr", "a host was here")],
+    "media": [(rows.VIDEO_VOLUME, "video", 0), (rows.VIDEO_STATE, "video", range(5))],
 }
 
 
@@ -140,10 +131,10 @@ class Panels(unittest.TestCase):
         self.assertEqual(known - driven, {"system", "view"})
         gallery = self.enterContext(GalleryPanel(BUILD))
         panel = self.opened(gallery)
-        for view, steps in STEPS.items():
-            panel.write(rows.VIEW_DISPLAY, panel.project.view_id(view))
-            for row, control, value, *index in steps:
-                at = {"view": view, "control": control} | {name: i for (name, _), i in zip(row.request, index)}
+        for view in reversed(panel.project.views):
+            panel.write(rows.VIEW_DISPLAY, view.id)
+            for row, control, value, *index in STEPS.get(view.name, []):
+                at = {"view": view.id, "control": control} | {name: i for (name, _), i in zip(row.request, index)}
                 with self.subTest(f"{row.name} of {at}"):
                     if isinstance(value, (list, range)):
                         self.assertIn(panel.read(row, **at), value)
