@@ -3,7 +3,6 @@
 
 #include <sys/wait.h>
 
-#include <functional>
 #include <map>
 
 #include "board.h"
@@ -14,17 +13,25 @@
 struct seen_board {
     board box;
     std::map<u16, std::vector<u16>> regs; // every value written to a register, in order
+    std::vector<u16> order;               // the registers, as they were written
 
-    seen_board() {
+    explicit seen_board(const std::string &settings_file = "") {
         box.rails = board_default_rails();
         box.noise = false;
+        box.settings_file = settings_file;
         box.write = [this](u16 addr, const std::vector<u16> &words) {
-            for (u16 word : words) {
-                regs[addr].push_back(word);
-            }
+            order.push_back(addr);
+            regs[addr].insert(regs[addr].end(), words.begin(), words.end());
         };
+        board_power_up(box);
     }
 };
+
+static void tell(seen_board &s, std::initializer_list<std::pair<u16, u16>> reports) {
+    for (const auto &[addr, value] : reports) {
+        board_report(s.box, addr, value);
+    }
+}
 
 static void settle(board &box, double ms) {
     for (; ms > 0; ms -= 100) {
@@ -34,22 +41,18 @@ static void settle(board &box, double ms) {
 
 TEST_CASE("board: a rail ramps up behind its load, and energy is power over time") {
     seen_board s;
-    board_power_up(s.box);
-    board_report(s.box, REG_RAIL_SELECT, 4);
-    board_report(s.box, REG_OUT_REQ, 1);
+    tell(s, {{REG_RAIL_SELECT, 4}, {REG_OUT_REQ, 1}});
     board_step(s.box, 100);
-    CHECK(s.box.mv > 0);
-    CHECK(s.box.mv < 20000); // on its way
+    CHECK((s.box.mv > 0 && s.box.mv < 20000)); // on its way
     settle(s.box, 1000);
     CHECK(s.regs[REG_LIVE_MV].back() == 20000);
     CHECK(s.regs[REG_LIVE_MA].back() == 2000);
-    board_report(s.box, REG_SESS_RESET, 1);
+    tell(s, {{REG_SESS_RESET, 1}});
     CHECK(s.regs[REG_SESS_MWH_LO].back() == 0);
     settle(s.box, 3600e3 * 2); // 40 W for two hours
     const u32 mwh = s.regs[REG_SESS_MWH_LO].back() | (u32)s.regs[REG_SESS_MWH_HI].back() << 16;
-    CHECK(mwh >= 79999);
-    CHECK(mwh <= 80000);
-    board_report(s.box, REG_OUT_REQ, 0);
+    CHECK((mwh >= 79999 && mwh <= 80000));
+    tell(s, {{REG_OUT_REQ, 0}});
     CHECK(s.regs[REG_OUT_STATE].back() == 0);
     settle(s.box, 1000);
     CHECK(s.regs[REG_LIVE_MV].back() == 0);
@@ -58,11 +61,7 @@ TEST_CASE("board: a rail ramps up behind its load, and energy is power over time
 TEST_CASE(
     "board: at its current limit a source folds back, and what an adjustable rail was asked for is kept to its range") {
     seen_board s;
-    board_power_up(s.box);
-    board_report(s.box, REG_ADJ_MV, 12000);
-    board_report(s.box, REG_ADJ_MA, 1000);
-    board_report(s.box, REG_RAIL_SELECT, 7);
-    board_output(s.box, true);
+    tell(s, {{REG_ADJ_MV, 12000}, {REG_ADJ_MA, 1000}, {REG_RAIL_SELECT, 7}, {REG_OUT_REQ, 1}});
     s.box.load.ohms = 6;
     settle(s.box, 2000);
     CHECK(s.regs[REG_LIVE_MV].back() == 6000);
@@ -70,8 +69,7 @@ TEST_CASE(
     settle(s.box, 2000);
     CHECK(s.regs[REG_LIVE_MV].back() <= 500);
     s.box.load = {100, 0};
-    board_report(s.box, REG_ADJ_MV, 60000);
-    board_report(s.box, REG_RAIL_SELECT, 7);
+    tell(s, {{REG_ADJ_MV, 60000}, {REG_RAIL_SELECT, 7}});
     settle(s.box, 2000);
     CHECK(s.regs[REG_LIVE_MV].back() == 21000);
     CHECK(!board_select(s.box, 13));
@@ -80,63 +78,36 @@ TEST_CASE(
 TEST_CASE("board: settings outlive the box, and its output comes back only when it is asked to") {
     temp_project_t folder;
     const std::string file = folder.path("box.state");
-    // The box is switched on again, looked at, and told what it shall keep.
-    const auto box_again = [&](const std::function<void(seen_board &)> &look) {
-        seen_board s;
-        s.box.settings_file = file;
-        board_power_up(s.box);
-        look(s);
-    };
-    const auto tell = [](seen_board &s, std::initializer_list<std::pair<u16, u16>> reports) {
-        for (const auto &[addr, value] : reports) {
-            board_report(s.box, addr, value);
-        }
-    };
-    box_again([&](seen_board &s) {
-        CHECK(s.box.rail == 0);
-        tell(s, {{REG_BRIGHT, 5}, {REG_ADJ_MV, 12000}, {REG_ADJ_MA, 2500}, {REG_RAIL_SELECT, 7}, {REG_OUT_REQ, 1}});
-    });
-    box_again([&](seen_board &s) {
-        CHECK(s.box.rail == 7);
-        CHECK(s.box.target_mv == 12000); // not the rail's maximum
-        CHECK(s.box.limit_ma == 2500);
-        CHECK(!s.box.on);
-        tell(s, {{REG_SETTINGS_REQUEST, 1}, {REG_BOOT_STATE, 1}, {REG_OUT_REQ, 1}});
-        CHECK(s.regs[REG_BRIGHT].back() == 10); // 5 is below what it takes
-    });
-    box_again([&](seen_board &s) {
-        CHECK(s.box.on);
-        tell(s, {{REG_OUT_REQ, 0}, {REG_AUTO_ARM, 1}});
-    });
-    box_again([&](seen_board &s) {
-        CHECK(!s.box.on); // power-on is no choice of a rail
-        board_report(s.box, REG_RAIL_SELECT, 1);
-        CHECK(s.box.on);
-    });
+    seen_board first(file);
+    tell(first, {{REG_BRIGHT, 5}, {REG_ADJ_MV, 12000}, {REG_ADJ_MA, 2500}, {REG_RAIL_SELECT, 7}, {REG_OUT_REQ, 1}});
+    seen_board again(file);
+    CHECK((again.box.rail == 7 && again.box.target_mv == 12000 && again.box.limit_ma == 2500)); // not the rail's most
+    CHECK(!again.box.on);
+    tell(again, {{REG_SETTINGS_REQUEST, 1}, {REG_BOOT_STATE, 1}, {REG_OUT_REQ, 1}});
+    CHECK(again.regs[REG_BRIGHT].back() == 10); // 5 is below what it takes
+    seen_board on(file);
+    CHECK(on.box.on);
+    tell(on, {{REG_OUT_REQ, 0}, {REG_AUTO_ARM, 1}});
+    seen_board armed(file);
+    CHECK(!armed.box.on); // power-on is no choice of a rail
+    tell(armed, {{REG_RAIL_SELECT, 1}});
+    CHECK(armed.box.on);
     std::ofstream(file) << "brightness = 70\nlast_rail = 99999\nnonsense";
-    box_again([&](seen_board &s) {
-        CHECK(s.box.settings.bright == 70);
-        CHECK(s.box.rail == 0);
-    });
+    seen_board broken(file);
+    CHECK((broken.box.settings.bright == 70 && broken.box.rail == 0));
 }
 
 TEST_CASE("board: the rail table comes before its commit, and a rail that it lost is given up with the output") {
     seen_board s;
-    std::vector<u16> order;
-    board_power_up(s.box);
-    board_select(s.box, 7);
-    board_output(s.box, true);
-    s.box.write = [&](u16 addr, const std::vector<u16> &words) {
-        order.push_back(addr);
-        s.regs[addr] = words;
-    };
-    board_report(s.box, REG_RAIL_REQUEST, 1);
-    CHECK(order == std::vector<u16>{REG_RAIL_BASE, REG_RAIL_COUNT, REG_RAIL_ACTIVE, REG_RAIL_COMMIT});
+    tell(s, {{REG_RAIL_SELECT, 7}, {REG_OUT_REQ, 1}});
+    s.order.clear();
+    s.regs.clear();
+    tell(s, {{REG_RAIL_REQUEST, 1}});
+    CHECK(s.order == std::vector<u16>{REG_RAIL_BASE, REG_RAIL_COUNT, REG_RAIL_ACTIVE, REG_RAIL_COMMIT});
     CHECK(s.regs[REG_RAIL_BASE].size() == 13 * 4);
     board_set_rails(s.box, {{RAIL_FIX, 5000, 5000, 3000}});
-    CHECK(s.regs[REG_RAIL_ACTIVE][0] == RAIL_NONE);
-    CHECK(!s.box.on);
-    CHECK(order.back() == REG_RAIL_COMMIT);
+    CHECK(s.regs[REG_RAIL_ACTIVE].back() == RAIL_NONE);
+    CHECK((!s.box.on && s.order.back() == REG_RAIL_COMMIT));
     board_output(s.box, true); // nothing to switch on
     CHECK(!s.box.on);
 }
@@ -162,40 +133,33 @@ TEST_CASE("board: --help tells every fault, and what it cannot do is refused wit
         CHECK(contains(help, row.help));
     }
     temp_project_t folder;
-    const std::string script = folder.path("script");
     folder.write("time", "# first\n100 load 5\n50 quit\n");
     folder.write("word", "0 explode\n");
     folder.write("read", "0 read 16\n");
-    const std::pair<std::string, std::string> refused[] = {
-        {"--fault flood=1e12", "knows no \"flood=1e12\""},
-        {"--fault late=nan", "knows no \"late=nan\""},
-        {"--fault smoke", "knows no \"smoke\""},
-        {"--load nan", "--load wants"},
-        {"--script " + folder.path("time"), "time:3: a time"},
-        {"--script " + folder.path("word"), "word:1: there is no such command"},
-        {"--script " + folder.path("read"), "read:1: wanted: read ADDR COUNT"},
-        {"--script " + folder.path("none"), "cannot be read"}};
-    for (const auto &[arguments, line] : refused) {
-        CHECK(contains(board_sim(arguments, &status), line));
-        CHECK(status == 2);
-    }
+    folder.write("file", "mine");
+    REQUIRE(symlink("/nowhere", folder.path("old").c_str()) == 0);
     // What can only be seen when it is done is said then, and the rest goes on.
     folder.write("script", "0 rail 13\r\n0 load 2A # amperes\n\n0 output up\n10 quit\n");
-    const std::string done = board_sim("--script " + script, &status);
-    CHECK(contains(done, ":1: it cannot be done"));
-    CHECK(contains(done, ":4: it cannot be done"));
-    CHECK(status == 0);
-}
-
-TEST_CASE("board: a file that bears the name of the link stays, and an old link is taken over") {
-    temp_project_t folder;
-    int status;
-    folder.write("file", "mine");
-    CHECK(contains(board_sim("--seconds 0.05 --link " + folder.path("file"), &status), "File exists"));
-    CHECK(status == 1);
+    const struct {
+        std::string arguments;
+        int status;
+        std::string line;
+    } rows[] = {{"--fault flood=1e12", 2, "knows no \"flood=1e12\""},
+                {"--fault late=nan", 2, "knows no \"late=nan\""},
+                {"--load nan", 2, "--load wants"},
+                {"--script " + folder.path("time"), 2, "time:3: a time"},
+                {"--script " + folder.path("word"), 2, "word:1: there is no such command"},
+                {"--script " + folder.path("read"), 2, "read:1: wanted: read ADDR COUNT"},
+                {"--script " + folder.path("none"), 2, "cannot be read"},
+                {"--script " + folder.path("script"), 0, ":1: it cannot be done"},
+                {"--script " + folder.path("script"), 0, ":4: it cannot be done"},
+                {"--seconds 0.05 --link " + folder.path("file"), 1, "File exists"},
+                {"--seconds 0.05 --link " + folder.path("old"), 0, ""}}; // an old link is taken over
+    for (const auto &row : rows) {
+        CAPTURE(row.arguments);
+        CHECK(contains(board_sim(row.arguments, &status), row.line));
+        CHECK(status == row.status);
+    }
     CHECK(file_text(folder.path("file")) == "mine");
-    REQUIRE(symlink("/nowhere", folder.path("old").c_str()) == 0);
-    board_sim("--seconds 0.05 --link " + folder.path("old"), &status);
-    CHECK(status == 0);
     CHECK(!std::filesystem::is_symlink(folder.path("old"))); // and is gone with the board
 }
