@@ -53,16 +53,13 @@ TEST_CASE("standby: requests follow the rules from every state to every other on
         u32 next[3]; // where each state gets by itself
     } rows[] = {{0, 2, {0, 2, 2}}, {2, 0, {1, 1, 2}}, {2, 2, {1, 2, 2}}};
     for (const auto &row : rows) {
-        zof_func_standby_t times = {.stdby_time = row.stdby_time,
-                                    .stdby_bright = 40,
-                                    .off_time = row.off_time,
-                                    .off_bright = 5,
-                                    .on_bright = 90};
+        zof_func_standby_t times = {.stdby_bright = 40, .off_bright = 5, .on_bright = 90};
+        times.stdby_time = row.stdby_time;
+        times.off_time = row.off_time;
         CHECK(zof_func_stdby_set_param(&times) == 0);
         times = {}; // the caller's record may go
         for (u32 i = 0; i < 9; i++) {
             const u32 from = i / 3, to = i % 3;
-            CAPTURE(&row - rows);
             CAPTURE(i);
             zof_func_stdby_set_statue(from);
             CHECK(zof_func_stdby_set_statue(to) == (from == to ? -1 : 0));
@@ -79,11 +76,11 @@ TEST_CASE("standby: requests follow the rules from every state to every other on
 static std::string keys;
 
 static void on_pin(u8 *port) {
-    keys += " pin" + std::to_string(port[0]) + "." + std::to_string(port[1]);
+    keys += form(" pin%d.%d", port[0], port[1]);
 }
 
 static void on_key(zof_win_key_param_t *param, u32 key) {
-    keys += " key" + std::to_string(key) + "=" + std::to_string(zof_win_key_get_status(param));
+    keys += form(" key%u=%d", key, zof_win_key_get_status(param));
 }
 
 // What was written down for one event of the keyboard.
@@ -113,7 +110,6 @@ TEST_CASE("keys: a key stands for a pin, edges and modes choose what is heard, r
     CHECK(key_event(SDL_KEYDOWN, 'a') == " pin1.2");
     CHECK(zof_gpio_readInputPin(1, 2) == 1);
     CHECK(stroke() == "");
-    CHECK(zof_gpio_readInputPin(1, 2) == 0);
     cfg.irq_mode = ZOF_GPIO_EDGE_BOTH;
     zof_gpio_init(&cfg);
     CHECK(stroke() == " pin1.2 pin1.2");
@@ -132,15 +128,15 @@ TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for, and set
     CHECK(win_beep_on(100) == 0);
     const std::string raw = file_text(file);
     remove(file.c_str());
-    size_t samples = 0, crossings = 0;
+    s32 samples = 0, crossings = 0;
     s16 before = 0;
     for (size_t i = 0; i + 1 < raw.size(); i += 2) {
         const s16 now = (s16)((u8)raw[i] | (u8)raw[i + 1] << 8);
         samples += now != 0;
-        crossings += (now > 0) != (before > 0) && (now || before);
+        crossings += (now > 0) != (before > 0);
         before = now;
     }
-    CHECK(abs((s32)crossings - 2 * 2000 / 2) < 20);
+    CHECK(abs(crossings - 2 * 2000 / 2) < 20);
     CHECK(samples > 44100 / 2 * 0.95);
     win_rtc_init();
     zof_rtc_time_t now = {2001, 2, 3, 4, 5, 6};
