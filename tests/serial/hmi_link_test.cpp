@@ -2,7 +2,6 @@
 // other.
 #include "zof_test.h"
 
-#include <random>
 #include <string>
 
 #include "hmi/zof_hmi_analys.h"
@@ -101,32 +100,12 @@ static void cuts_and_noise(panel &p, bool crc) {
     answers(p, join({forms[1], forms[1]}), answer); // of 7 bytes or more: one of 6 is still kept
 }
 
-// Short frames end at a count of 127, long ones may be of any.
-static void borders(panel &p, bool crc) {
-    for (size_t counted : {126, 127, 128, 129, 255, 256, 300}) {
-        for (bool long_form : {false, true}) {
-            if (!long_form && counted > 127) {
-                continue;
-            }
-            CAPTURE(counted);
-            CAPTURE(long_form);
-            bytes payload = {0xB2, 0x00, 0x00, 0, 1, 0, 5};
-            payload.resize(counted - (crc ? 4 : 2), (u8)('a' + counted % 16 + long_form));
-            const std::string text(payload.begin() + 7, payload.end());
-            payload.push_back(0);
-            pty_write(p.pty, frame_of(ZOF_HMI_OP_SET, payload, crc, long_form));
-            CHECK(eventually([&] { return loop_turn(), label_text() == text; }));
-        }
-    }
-}
-
 TEST_CASE("host link: a frame cut anywhere is joined with its rest, in both forms, and noise around it does no harm") {
     panel p;
     panel_up(p, "");
     cuts_and_noise(p, false);
     usleep(4 * GAP_MS * 1000);
     silent(p);
-    borders(p, false);
 }
 
 TEST_CASE("host link: the same with a CRC, and a frame whose CRC is wrong is noise") {
@@ -134,7 +113,6 @@ TEST_CASE("host link: the same with a CRC, and a frame whose CRC is wrong is noi
     panel_up(p, R"(, "crc_en": 1)");
     cuts_and_noise(p, true);
     usleep(4 * GAP_MS * 1000);
-    borders(p, true);
     bytes bad = frame_of(ZOF_HMI_OP_GET, {0xB0, 0x01}, true);
     bad.back() ^= 1;
     const bytes good = frame_of(ZOF_HMI_OP_GET, {0xB0, 0x00, 0x00}, true);
@@ -205,73 +183,4 @@ TEST_CASE("host link: every view command is written and read through the line, a
     CHECK(view_write(p, {0xB1, 0x03, 4}) == 1);
     pty_write(p.pty, get({0xB1, 0x01, 3})); // there is no such layer to read, and nobody is told
     silent(p);
-}
-
-// Writes without waiting for room, so that a line that is full cannot stop the test.
-static void hammer(panel &p, const bytes &data) {
-    pollfd f = {p.pty.line.fd, POLLOUT, 0};
-    if (poll(&f, 1, 0) > 0) {
-        (void)!write(p.pty.line.fd, data.data(), data.size());
-    }
-}
-
-static void drain(panel &p) {
-    while (line_has_bytes(p)) {
-        bytes any(4096);
-        if (read(p.pty.line.fd, any.data(), any.size()) <= 0) {
-            return;
-        }
-    }
-}
-
-static bytes random_frame(std::mt19937 &random) {
-    bytes payload = {0xB0};
-    const u32 kind = random() % 4;
-    if (kind == 0) {
-        payload[0] = 0xB1;
-    } else if (kind == 1) { // of the label, or nearly
-        payload = {0xB2, (u8)(random() % 2 ? 0xF0 : 0x00), (u8)(random() % 15), 0, 1, 0, 5};
-    } else if (random() % 8 == 0) {
-        payload[0] = (u8)random();
-    }
-    for (u32 n = random() % 14; n > 0; n--) {
-        payload.push_back((u8)(random() % 9));
-    }
-    if (payload.size() > 1 && payload[1] == 0x01) {
-        payload[1] = 0x04; // no reboots: each waits half a second
-    }
-    bytes out = frame_of(random() % 2 ? ZOF_HMI_OP_SET : ZOF_HMI_OP_GET, payload);
-    if (random() % 6 == 0) {
-        out[random() % out.size()] = (u8)random();
-    }
-    return out;
-}
-
-TEST_CASE("host link: a host that hammers with good, bad and random frames leaves the panel whole") {
-    const u32 seed = std::random_device{}();
-    CAPTURE(seed);
-    std::mt19937 random(seed);
-    panel p;
-    panel_up(p, R"(, "resend_en": 1)");
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(3);
-    while (std::chrono::steady_clock::now() < end) {
-        for (u32 n = random() % 6; n > 0; n--) {
-            hammer(p, random_frame(random));
-        }
-        if (random() % 3 == 0) { // a silence, so that some frames stand alone
-            usleep(8 * 1000);
-        }
-        loop_turn();
-        drain(p);
-    }
-    hammer(p, bytes(400, 0)); // whatever is kept as the beginning of a frame ends here
-    CHECK(eventually([&] {
-        usleep(20 * 1000);
-        drain(p);
-        pty_write(p.pty, get({0xB0, 0x01}));
-        for (int i = 0; i < 40 && !line_has_bytes(p); i++) {
-            loop_turn();
-        }
-        return line_has_bytes(p) && pty_read(p.pty, 8) == get({0xB0, 0x01, 0xAA, 0xBB});
-    }));
 }
