@@ -1,44 +1,28 @@
-// What controls wear in golden pictures: a light palette, and style records made of it. By night and in other languages
-// the pictures of the gallery show them.
-//
-//     look{.state = LV_STATE_PRESSED, .bg = day.press}.json()
+// What controls wear in golden pictures. By night and in other languages the pictures of the gallery show them.
 #ifndef LOOKS_H
 #define LOOKS_H
 
 #include "view_project.h"
 
-constexpr struct {
-    u32 view, card, line, text, mute, accent, accent_text, press;
-} day = {0xECEFF4, 0xFFFFFF, 0xC8D0DC, 0x1E2A3A, 0x7A8699, 0x1F6FEB, 0xFFFFFF, 0xD8E6FD};
+enum : u32 { CARD = 0xFFFFFF, LINE = 0xC8D0DC, TEXT = 0x1E2A3A, MUTE = 0x7A8699, ACCENT = 0x1F6FEB, PRESS = 0xD8E6FD };
 
-// One style record. Sides without a number of their own have `pad`.
-struct look {
-    u32 part = LV_PART_MAIN, state = LV_STATE_DEFAULT, sect = 0;
-    u32 bg = 0, opa = 255, radius = 0;
-    u32 text = 0, size = 16;
-    u32 border = 0, border_color = 0, sides = 15;
-    s32 pad = 0, top = -1;
-    u32 shadow = 0;
-
-    std::string json() const {
-        const s32 high = top < 0 ? pad : top;
-        return form(R"({"style_part": %u, "style_state": %u, "style_sect": %u, "body_t": {"main_color": %u, "opa": %u,
-                    "radius": %u, "border": {"color": %u, "width": %u, "opa": 255, "part": %u},
-                    "shadow": {"color": 0, "width": %u},
-                    "padding": {"top": %d, "bottom": %d, "left": %d, "right": %d}},
-                    "txt_t": {"color": %u, "opa": 255, "font_lib": "text.ttf", "font_size": %u}})",
-                    part, state, sect, bg, opa, radius, border_color, border, sides, shadow, high, high, pad, pad, text,
-                    size);
-    }
-};
-
-inline std::string looks(const std::vector<look> &all) {
-    std::string out;
-    for (const look &one : all) {
-        out += (out.empty() ? "" : ", ") + one.json();
-    }
-    return out;
+inline std::string look(u32 part, u32 state, u32 sect, u32 bg, u32 text, u32 border, u32 pad) {
+    return form(R"({"style_part": %u, "style_state": %u, "style_sect": %u, "body_t": {"main_color": %u, "opa": 255,
+                "radius": 6, "border": {"color": %u, "width": 1, "opa": 255, "part": 15},
+                "padding": {"top": %u, "bottom": %u, "left": %u, "right": %u}},
+                "txt_t": {"color": %u, "opa": 255, "font_lib": "text.ttf", "font_size": 16}})",
+                part, state, sect, bg, border, pad, pad, pad, pad, text);
 }
+
+inline const std::string looks = look(LV_PART_MAIN, 0, 0, CARD, TEXT, LINE, 8) + ", " +
+                                 look(LV_PART_MAIN, LV_STATE_FOCUSED, 0, CARD, TEXT, ACCENT, 8) + ", " +
+                                 look(LV_PART_TEXTAREA_PLACEHOLDER, 0, 0, CARD, MUTE, LINE, 0) + ", " +
+                                 look(LV_PART_SELECTED, 0, 0, ACCENT, CARD, LINE, 0) + ", " + // of rollers
+                                 look(LV_PART_TICKS, 0, 0, CARD, MUTE, LINE, 4) + ", " +
+                                 look(LV_PART_MAIN, 0, 1, CARD, TEXT, LINE, 8) + ", " + // of lists' own objects
+                                 look(LV_PART_MAIN, LV_STATE_PRESSED, 1, PRESS, TEXT, PRESS, 8) + ", " +
+                                 look(LV_PART_SELECTED, LV_STATE_CHECKED, 1, ACCENT, CARD, LINE, 8) + ", " +
+                                 look(LV_PART_SELECTED, LV_STATE_PRESSED, 1, PRESS, TEXT, LINE, 8);
 
 // The fonts that the looks name, two languages, and the view's colour.
 inline void looks_open(view_project_t &project) {
@@ -50,7 +34,7 @@ inline void looks_open(view_project_t &project) {
                                                "off": "Off", "low": "Low", "high": "High power"})");
     project.write("config/languages/de.g", R"({"yes": "Ja", "no": "Nein", "ask": "Löschen?", "none": "x",
                                                "off": "Aus", "low": "Niedrig", "high": "Hohe Leistung"})");
-    project.shown_keys = R"("bg_color": )" + std::to_string(day.view) + R"(, "bg_scale": 255)";
+    project.shown_keys = R"("bg_color": 15527924, "bg_scale": 255)";
 }
 
 // One picture: what was done before it, and which control stands for it alone (0: the view as it is). A finger that

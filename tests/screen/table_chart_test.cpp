@@ -1,17 +1,7 @@
 // Tables and charts: colours of cells, growth, axes and ranges, and how they look.
 #include "looks.h"
 
-// clang-format off
-static const std::string table_look = looks({
-    {.bg = day.card, .text = day.text, .border = 1, .border_color = day.line},
-    {.part = LV_PART_ITEMS, .bg = day.card, .text = day.text, .border = 1, .border_color = day.line, .pad = 8},
-});
-
-static const std::string chart_look = looks({
-    {.bg = day.card, .radius = 4, .text = day.text, .border = 1, .border_color = day.line, .pad = 6},
-    {.part = LV_PART_TICKS, .opa = 0, .text = day.mute, .size = 12, .pad = 4},
-});
-// clang-format on
+static const std::string table_looks = looks + ", " + look(LV_PART_ITEMS, 0, 0, CARD, TEXT, LINE, 8);
 
 static std::string table(u32 rows, u32 cols) {
     return form(R"("row_cnt": %u, "col_cnt": %u)", rows, cols);
@@ -21,7 +11,7 @@ static std::string colors(u32 rows, u32 cols) {
     std::string out;
     for (u32 i = 0; i < rows * cols; i++) {
         s32 color = zof_table_get_cell_color(at(1), i / cols, i % cols);
-        out += color == (s32)day.card ? '.' : color == 0xFF0000 ? 'r' : color == 0x00FF00 ? 'g' : '?';
+        out += color == CARD ? '.' : color == 0xFF0000 ? 'r' : color == 0x00FF00 ? 'g' : '?';
         out += i % cols == cols - 1 ? " " : "";
     }
     return out;
@@ -30,7 +20,7 @@ static std::string colors(u32 rows, u32 cols) {
 TEST_CASE("cells keep their colours until the table grows by more than one") {
     view_project_t project;
     looks_open(project);
-    project.show({ctrl(ZOF_CTRL_TABLE, 1, table(3, 3) + R"(, "align_table": 2)", box(10, 10, 300, 10), table_look)});
+    project.show({ctrl(ZOF_CTRL_TABLE, 1, table(3, 3) + R"(, "align_table": 2)", box(10, 10, 300, 10), table_looks)});
     para_t *t = at(1);
     CHECK(zof_table_set_value_changed_color(t, 0xFF0000, 0) == 0); // nothing is pressed: the first cell
     const auto paint = [&](u16 row, u16 col, u32 color, u32 mode, u32 rows = 3) {
@@ -154,14 +144,14 @@ static void table_merge() {
 
 static void table_wrap() {
     zof_table_set_col_width(at(2), 0, 60);
-    zof_table_set_cell_wrap(at(2), day.accent, 2, 255, 255, day.press);
+    zof_table_set_cell_wrap(at(2), ACCENT, 2, 255, 255, PRESS);
 }
 
 // One row a picture.
 // clang-format off
 TEST_CASE("pictures of tables") {
     const auto sized = [](u32 id) {
-        return ctrl(ZOF_CTRL_TABLE, id, table(4, 3) + form(R"(, "align_table": %u)", id), box(20, 20, 280, 10), table_look);
+        return ctrl(ZOF_CTRL_TABLE, id, table(4, 3) + form(R"(, "align_table": %u)", id), box(20, 20, 280, 10), table_looks);
     };
     looks_of({sized(1), sized(2), sized(3)}, {
         {"table_left", 1, tables_fill},
@@ -184,12 +174,12 @@ static lv_chart_series_t *curve(u32 id, u32 color, u32 count, u32 phase = 0) {
 
 static void chart_gap() {
     zof_chart_set_line_width(at(1), 8, 2);
-    zof_chart_set_value_by_id(at(1), curve(1, day.accent, 9), 4, LV_CHART_POINT_NONE);
+    zof_chart_set_value_by_id(at(1), curve(1, ACCENT, 9), 4, LV_CHART_POINT_NONE);
     curve(1, 0xE8590C, 9, 90);
 }
 
 static void chart_shifted() {
-    lv_chart_series_t *series = curve(3, day.accent, 9);
+    lv_chart_series_t *series = curve(3, ACCENT, 9);
     zof_chart_set_next(at(3), series, 5);
     zof_chart_set_next(at(3), series, 95);
 }
@@ -200,18 +190,18 @@ TEST_CASE("pictures of charts") {
                                   "last_mark_en": true, "draw_size": )";
     const std::string y = R"(, "y_mark": )" + marks + "50}", both = y + R"(, "x_mark": )" + marks + "40}";
     const std::string six = R"(, "x_mark": {"major_tick_len": 6, "major_cnt": 6, "draw_size": 40, "last_mark_en": true})";
-    const std::string line = form(R"({"opa": 255, "width": 1, "color": %u})", day.line);
+    const std::string line = form(R"({"opa": 255, "width": 1, "color": %u})", LINE);
     const std::string lines = R"(, "divline_hdiv": 5, "divline_vdiv": 5, "chart_line_style": )" + line +
                               R"(, "chart_line_tick_style": )" + line;
     const auto sized = [&](u32 id, u32 type, u32 points, const std::string &more) {
-        return ctrl(ZOF_CTRL_CHART, id, chart(type, points, lines + more), box(60, 20, 240, 170), chart_look);
+        return ctrl(ZOF_CTRL_CHART, id, chart(type, points, lines + more), box(60, 20, 240, 170), looks);
     };
     looks_of({sized(1, 1, 9, both), sized(2, 2, 6, y + six), sized(3, 1, 9, R"(, "dis_mode_e": 1)"), sized(4, 0, 9, y)}, {
         {"chart_without_series", 1},
         {"chart_two_lines_with_gap", 1, chart_gap},
-        {"chart_two_bars", 2, [] { curve(2, day.accent, 6); curve(2, 0xE8590C, 6, 120); }},
+        {"chart_two_bars", 2, [] { curve(2, ACCENT, 6); curve(2, 0xE8590C, 6, 120); }},
         {"chart_line_circular", 3, chart_shifted},
-        {"chart_type_none", 4, [] { curve(4, day.accent, 9); }},
+        {"chart_type_none", 4, [] { curve(4, ACCENT, 9); }},
     });
 }
 // clang-format on
