@@ -75,7 +75,6 @@ TEST_CASE("odd texts, maps, files and sizes of controls are told or lived with")
     zof_keyboard_set_txtbox(at(7), at(5));
     zof_rollist_set_selected(at(14), 65535, 1);
     for (u32 id = (u32)controls.size(); id > 0; id--) {
-        CAPTURE(id);
         para_t *c = zof_ctrl_get_form_id(1, id);
         if (c && c->obj) {
             zof_ctrl_move_forground(c);

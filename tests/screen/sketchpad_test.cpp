@@ -83,8 +83,6 @@ TEST_CASE("the toolbar switches drawing, width, translucency, and clears") {
     screen_drag(slider->x1 + 20, y, slider->x2 + 20, y, 5);
     CHECK(widget()->popup_open == 0);
     CHECK(widget()->line_rect_dsc.width == 40);
-    tool(2);
-    CHECK(widget()->line_rect_dsc.opa == 255);
     widget()->line_rect_dsc.opa = 7; // of another than its own two
     tool(2);
     CHECK(widget()->line_rect_dsc.opa == 7);
