@@ -41,12 +41,18 @@ TEST_CASE("parents are found in the file's order, at the latest at the next walk
     screen_step(50);
 }
 
-TEST_CASE("a press reaches the hook and the control's function, in LVGL's numbers") {
+TEST_CASE("a press reaches the hook and the control's function, which may delete the control or leave its view") {
     view_project_t project;
-    ctrl_funs = {{1, on_event}};
+    const auto leave = [](zof_ctrl_t *, zof_event_e event) {
+        if (event == ZOF_EVENT_CLICKED) {
+            zof_view_set_dis_view(2);
+        }
+    };
+    ctrl_funs = {{1, on_event}, {3, leave}};
     static std::string hooked;
-    project.show(
-        {ctrl(ZOF_CTRL_LABEL, 1, "", box(10, 10, 100, 40)), ctrl(ZOF_CTRL_LABEL, 2, "", box(10, 60, 100, 40))});
+    project.view(2, {});
+    project.show({ctrl(ZOF_CTRL_LABEL, 1, "", box(10, 10, 100, 40)), ctrl(ZOF_CTRL_LABEL, 2, "", box(10, 60, 100, 40)),
+                  ctrl(ZOF_CTRL_BTN, 3, "", R"("pub": true, )" + box(10, 110, 100, 40))});
     zof_ctrl_set_event_all([](u32 view, u32 id, u8 event) {
         if (event != ZOF_EVENT_PRESSING) {
             hooked += form(" %u.%u:%d", view, id, event);
@@ -61,6 +67,17 @@ TEST_CASE("a press reaches the hook and the control's function, in LVGL's number
     zof_event_send(at(1), ZOF_EVENT_SCROLL_END_ANIM, nullptr);
     zof_event_send(at(1), ZOF_EVENT_READY, nullptr); // not passed on
     CHECK(taken(events) == " 1:47");
+    zof_ctrl_set_event_all([](u32 view, u32 id, u8 event) {
+        if (event == ZOF_EVENT_CLICKED && id == 1) {
+            zof_ctrl_delete(zof_ctrl_get_form_id(view, id));
+        }
+    });
+    screen_click(20, 20);
+    CHECK_FALSE(contains(taken(events), ":7"));
+    CHECK(at(1)->obj == nullptr);
+    screen_click(20, 120);
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
+    screen_step(50);
 }
 
 TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
@@ -118,30 +135,6 @@ TEST_CASE("a list is flung by its rows, however fast the finger, and a swipe rea
     CHECK(zof_ctrl_set_gesture_bubble(at(5), ZOF_FALSE) == 0);
     screen_drag(40, 200, 280, 200, 4);
     CHECK(contains(taken(events), " 5:12"));
-}
-
-TEST_CASE("a control may be deleted by the hook, and leave its view, in its own event") {
-    view_project_t project;
-    ctrl_funs = {{2, on_event}, {3, [](zof_ctrl_t *, zof_event_e event) {
-                                     if (event == ZOF_EVENT_CLICKED) {
-                                         zof_view_set_dis_view(2);
-                                     }
-                                 }}};
-    project.view(2, {});
-    project.show({ctrl(ZOF_CTRL_BTN, 2, "", box(0, 50, 100, 40)),
-                  ctrl(ZOF_CTRL_BTN, 3, "", R"("pub": true, )" + box(0, 100, 100, 40))});
-    zof_ctrl_set_event_all([](u32 view, u32 id, u8 event) {
-        if (event == ZOF_EVENT_CLICKED) {
-            zof_ctrl_delete(zof_ctrl_get_form_id(view, id));
-        }
-    });
-    screen_click(10, 60);
-    CHECK_FALSE(contains(taken(events), ":7"));
-    CHECK(at(2)->obj == nullptr);
-    zof_ctrl_set_event_all(nullptr);
-    screen_click(10, 110);
-    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
-    screen_step(50);
 }
 
 TEST_CASE("deleting a control leaves an empty record, and its children's records empty too") {

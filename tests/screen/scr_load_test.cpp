@@ -115,7 +115,7 @@ TEST_CASE("each transition moves, fades and zooms both screens between its two e
     }
 }
 
-TEST_CASE("time and delay count, and the path") {
+TEST_CASE("time, delay and path count, within what a screen can be") {
     two_screens();
     load(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 0);
     CHECK(events == "red unload blue load blue loaded red unloaded ");
@@ -143,19 +143,29 @@ TEST_CASE("time and delay count, and the path") {
         CHECK(lv_obj_get_x(to) == 0);
     }
     CHECK(!zof_anim_path_get(ZOF_ANIM_PATH_COUNT));
-}
 
-TEST_CASE("paths that overshoot stay within what opacity and zoom can be") {
-    two_screens();
+    // Paths that overshoot stay within what opacity and zoom can be.
     for (u32 transition : {ZOF_SCR_LOAD_ANIM_FADE_ON, ZOF_SCR_LOAD_ANIM_IN_ZOOM, ZOF_SCR_LOAD_ANIM_OUT_ZOOM}) {
-        lv_obj_t *to = lv_scr_act() == red ? blue : red;
-        zof_scr_load_anim(to, transition, TIME, 0, lv_anim_path_overshoot);
+        zof_scr_load_anim(lv_scr_act() == red ? blue : red, transition, TIME, 0, lv_anim_path_overshoot);
         for (u32 t = 0; t < TIME + 50; t += SCREEN_STEP_MS) {
             screen_step(SCREEN_STEP_MS);
             CHECK(abs(stand_of(red).zoom - 200) < 200);
             CHECK(abs(stand_of(blue).zoom - 200) < 200);
         }
     }
+
+    // A screen keeps its own opacity, and what cannot be loaded changes nothing.
+    lv_obj_t *shown = lv_scr_act(), *other = shown == red ? blue : red;
+    lv_obj_set_style_opa(other, 128, 0);
+    load(other, ZOF_SCR_LOAD_ANIM_FADE_ON, TIME);
+    screen_step(TIME + 50);
+    CHECK(stand_of(other).opa == 128);
+    events.clear();
+    load(other, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME); // shown already
+    zof_scr_load_anim(shown, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, nullptr);
+    load(nullptr, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME);
+    screen_step(TIME);
+    CHECK(events.empty());
 }
 
 TEST_CASE("an interrupted transition ends first, and the panel takes presses again") {
@@ -199,20 +209,4 @@ TEST_CASE("an interrupted transition ends first, and the panel takes presses aga
         screen_click(50, 30);
         CHECK(presses == 1);
     }
-}
-
-TEST_CASE("a screen keeps its own opacity, and what cannot be loaded changes nothing") {
-    two_screens();
-    lv_obj_set_style_opa(blue, 128, 0);
-    load(blue, ZOF_SCR_LOAD_ANIM_FADE_ON, TIME);
-    screen_step(TIME + 50);
-    CHECK(stand_of(blue).opa == 128);
-
-    events.clear();
-    load(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME); // shown already
-    zof_scr_load_anim(red, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME, 0, nullptr);
-    load(nullptr, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME);
-    screen_step(TIME);
-    CHECK(lv_scr_act() == blue);
-    CHECK(events.empty());
 }

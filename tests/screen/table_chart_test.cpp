@@ -197,7 +197,6 @@ TEST_CASE("pictures of charts") {
         return ctrl(ZOF_CTRL_CHART, id, chart(type, points, lines + more), box(60, 20, 240, 170), looks);
     };
     looks_of({sized(1, 1, 9, both), sized(2, 2, 6, y + six), sized(3, 1, 9, R"(, "dis_mode_e": 1)"), sized(4, 0, 9, y)}, {
-        {"chart_without_series", 1},
         {"chart_two_lines_with_gap", 1, chart_gap},
         {"chart_two_bars", 2, [] { curve(2, ACCENT, 6); curve(2, 0xE8590C, 6, 120); }},
         {"chart_line_circular", 3, chart_shifted},

@@ -1,4 +1,4 @@
-// Texts: labels, buttons, switches and check boxes, and how they follow the language.
+// Texts: labels, buttons, check boxes, and how they follow the language.
 #include "view_project.h"
 
 // The text of a label, of a check box, or of the label in a button.
@@ -85,15 +85,4 @@ TEST_CASE("a label that keeps its height places its stored text, of a key the ke
             CHECK(offset(3) == (100 - line) * place / 2);
         }
     }
-}
-
-TEST_CASE("a switch is never square, and a check box as large as its text and silent when it is disabled") {
-    view_project_t project({ctrl(ZOF_CTRL_SW, 2, R"("anim_time": 0)", box(200, 0, 40, 40)),
-                            ctrl(ZOF_CTRL_CB, 3, R"("txt": "tick")", box(0, 100, 300, 200))});
-    CHECK(zof_ctrl_get_width(at(2)) == 41);
-    CHECK(zof_ctrl_get_width(at(3)) < 100);
-    screen_click(5, 105);
-    zof_cb_set_disable(at(3), 1);
-    screen_click(5, 105);
-    CHECK(zof_cb_is_checked(at(3)) == 1);
 }

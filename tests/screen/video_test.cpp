@@ -8,9 +8,6 @@
 #include "screen_fixture.h"
 #include "temp_project.h"
 
-extern "C" unsigned lodepng_encode32(unsigned char **out, size_t *size, const unsigned char *rgba, unsigned w,
-                                     unsigned h);
-
 enum : u32 { GROUND = 0x102030 };
 
 // Frame n is of one colour that says n, except its left upper quarter, which lets the ground through.
@@ -177,40 +174,4 @@ TEST_CASE("players come and go without a trace, and the sound of one that is gon
     CHECK(zof_drv_audio_get_state() == ZOF_MEDIA_PLAY);
     lv_obj_del(room.player);
     CHECK(zof_drv_audio_get_state() == ZOF_MEDIA_STOP);
-}
-
-TEST_CASE("every kind of PNG looks as LVGL's own decoder shows it, transparent or not") {
-    enum { W = 16, H = 16 };
-    room_t room;
-    const struct {
-        int kind; // byte 25 of the file: LVGL's encoder takes the smallest kind that holds the pixels
-        u32 colour_bits, alpha_bits;
-        lv_img_cf_t cf;
-    } rows[] = {{0, 0, 0, LV_IMG_CF_TRUE_COLOR},          {2, 0xFFFFFF, 0, LV_IMG_CF_TRUE_COLOR},
-                {3, 0x30, 0, LV_IMG_CF_TRUE_COLOR_ALPHA}, {3, 0x30, 0xC0, LV_IMG_CF_TRUE_COLOR_ALPHA},
-                {4, 0, 0xFF, LV_IMG_CF_TRUE_COLOR_ALPHA}, {6, 0xFFFFFF, 0xFF, LV_IMG_CF_TRUE_COLOR_ALPHA}};
-    for (const auto &row : rows) {
-        CAPTURE(&row - rows);
-        std::vector<u8> want;
-        for (u32 i = 0; i < W * H; i++) {
-            const u32 c = row.colour_bits ? i * 0x9E3779 & row.colour_bits : i * 0x10101;
-            want.insert(want.end(), {(u8)(c >> 16), (u8)(c >> 8), (u8)c, (u8)(255 - (i * 7 & row.alpha_bits))});
-        }
-        u8 *file = nullptr;
-        size_t size = 0;
-        REQUIRE(lodepng_encode32(&file, &size, want.data(), W, H) == 0);
-        CHECK(file[25] == row.kind);
-        room.write("image/a.png", {file, file + size});
-        zof_lv_free(file);
-        lv_img_decoder_dsc_t png;
-        REQUIRE(lv_img_decoder_open(&png, room.path("image/a.png").c_str(), lv_color_black(), 0) == LV_RES_OK);
-        CHECK((int)png.header.cf == row.cf);
-        u32 wrong = 0;
-        for (u32 i = 0; i < W * H * 4; i += 4) {
-            const u8 *p = png.img_data + i;
-            wrong += p[0] != want[i + 2] || p[1] != want[i + 1] || p[2] != want[i] || p[3] != want[i + 3];
-        }
-        CHECK(wrong == 0);
-        lv_img_decoder_close(&png);
-    }
 }

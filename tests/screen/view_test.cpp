@@ -76,6 +76,8 @@ TEST_CASE("with a transition the short-lived controls go when the screen is unlo
     view_project_t project;
     project.view(1, {brief(1)});
     project.view(2, {brief(1)});
+    project.view(3, {brief(1)}, R"("layer": 1)");
+    project.view(4, {}, R"("layer": 1)");
     project.open(320, 240);
     zof_view_set_dis_view(1);
 
@@ -99,6 +101,15 @@ TEST_CASE("with a transition the short-lived controls go when the screen is unlo
     zof_view_set_dis_view_anim(2, 0, 0, 0, ZOF_ANIM_PATH_NONE); // entered, but the screen stays
     CHECK(taken(calls) == " exit1 entry2");
     CHECK(lv_scr_act() == zof_view_list_get(1)->obj);
+
+    // A layer without screens keeps them.
+    zof_view_set_dis_view(3);
+    zof_view_set_dis_view_anim(4, 0, 100, 0, 1);
+    screen_step(300);
+    CHECK(there(3, 1));
+    zof_view_set_dis_view(3);
+    zof_view_set_dis_view(4);
+    CHECK_FALSE(there(3, 1));
 }
 
 TEST_CASE("a control that stays is parked while its short-lived parent is gone") {
@@ -139,20 +150,6 @@ TEST_CASE("a view above takes touches only if it is modal, and hiding it brings 
     CHECK(zof_view_hide_layer(ZOF_LAYER_TOP) == 0);
     CHECK(zof_view_hide_layer(ZOF_LAYER_STATE) == 0);
     CHECK((lv_layer_top() == top && lv_layer_sys() == sys));
-}
-
-TEST_CASE("a layer without screens keeps the short-lived controls of a view that leaves in time") {
-    view_project_t project;
-    project.view(1, {brief(1)}, R"("layer": 1)");
-    project.view(2, {}, R"("layer": 1)");
-    project.open(320, 240);
-    zof_view_set_dis_view(1);
-    zof_view_set_dis_view_anim(2, 0, 100, 0, 1);
-    screen_step(300);
-    CHECK(there(1, 1));
-    zof_view_set_dis_view(1);
-    zof_view_set_dis_view(2);
-    CHECK_FALSE(there(1, 1));
 }
 
 TEST_CASE("backgrounds show their colour, opacity and picture where they can") {
