@@ -51,41 +51,18 @@ TEST_CASE("a project file that cannot be read leaves no project") {
     temp_project_t project;
     const std::string file = project.path("config/project/zofprj.g");
     u32 before = zof_mem_count();
-    const std::pair<const char *, const char *> rows[] = {{"", "read error!"},
-                                                          {"{\"width\": 1,\n\n \"height\" 2}", "zofprj.g:3:11: "},
-                                                          {"{\"width\": 1", "zofprj.g:1:12: "},
-                                                          {"[]", "zofprj.g:1:1: "}};
+    const std::pair<const char *, const char *> rows[] = {
+        {"", "read error!"}, {"{\"width\": 1,\n\n \"height\" 2}", "zofprj.g:3:11: "}, {"[]", "zofprj.g:1:1: "}};
     for (const auto &[text, line] : rows) {
         project.write("config/project/zofprj.g", text);
         CHECK(contains(printed([&] { CHECK(project.open() == nullptr); }), line));
     }
     std::filesystem::remove(file);
-    CHECK(contains(printed([&] { CHECK(project.open() == nullptr); }), "zofprj.g: cannot be read"));
     std::filesystem::create_directories(file);
     CHECK(contains(printed([&] { CHECK(project.open() == nullptr); }), "zofprj.g: "));
     CHECK(zof_prj_obj_create(nullptr) == nullptr);
     CHECK(zof_mem_count() == before);
     CHECK(zof_prj_create(nullptr, 0) == -1);
-}
-
-TEST_CASE("a view file gives its view, or a line and nothing") {
-    temp_project_t project;
-    REQUIRE(project.open());
-    u32 before = zof_mem_count();
-    project.write("config/view/one.g", R"({"view": {"v_id": 7, "bg_color": 4294967295, "bg_scale": 300}})");
-    project.write("config/view/none.g", R"({"views": {}})");
-    project.write("config/view/bad.g", "{\"view\": {\"v_id\": 1,}}");
-    zof_view_attr_t *view = zof_j2s_view(project.path("config/view/one.g").c_str());
-    REQUIRE(view);
-    CHECK((view->bg_color == 0xFFFFFFFF && view->bg_scale == 0)); // 300 does not fit
-    FreeViewStruct(view);
-    zof_free(view);
-    for (const std::string fault : {"none.g: view is missing", "bad.g:1:22: parse error", "gone.g: cannot be read"}) {
-        const std::string path = project.path("config/view/" + fault.substr(0, fault.find(':')));
-        CHECK(contains(printed([&] { CHECK(zof_j2s_view(path.c_str()) == nullptr); }), fault));
-        printed([&] { CHECK(zof_j2s_ctrl_start(path.c_str()) == -1); });
-    }
-    CHECK(zof_mem_count() == before);
 }
 
 TEST_CASE("the cursor walks the controls and steps over entries that cannot be one") {
@@ -131,6 +108,9 @@ TEST_CASE("the cursor walks the controls and steps over entries that cannot be o
     zof_j2s_ctrl_end();
     CHECK(zof_j2s_ctrl_get_para(&id, &pub) == -1);
     CHECK(zof_j2s_ctrl_create(nullptr, ZOF_CTRL_TYPE_COUNT) == nullptr);
+    project.write("config/view/one.g", R"({"views": {}})");
+    CHECK(contains(printed([&] { CHECK(zof_j2s_view(path.c_str()) == nullptr); }), "one.g: view is missing"));
+    printed([&] { CHECK(zof_j2s_ctrl_start(path.c_str()) == -1); });
     CHECK(zof_mem_count() == before);
 }
 

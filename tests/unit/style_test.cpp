@@ -49,25 +49,20 @@ TEST_CASE("the theme that is named first fixes a type's look, and a broken one i
     CHECK(printed([] { zof_theme_get_ctrl("youth", ZOF_CTRL_LABEL); }) == ""); // once, not once a label
 }
 
-static u32 text_color(lv_obj_t *obj) {
-    return lv_obj_get_style_text_color(obj, LV_PART_MAIN).full;
-}
-
 TEST_CASE("styles of a section are put on the object that is given, and come off every object that wears them") {
     screen_open(100, 100);
     zof_style_attr_t main = {.txt_t = {.color = 0x010101}};
     zof_style_attr_t second = {.style_sect = 1, .txt_t = {.color = 0x020202}};
     zof_style_attr_t *list[] = {&main, nullptr, &second};
-    lv_obj_t *a = lv_label_create(lv_scr_act());
-    lv_obj_t *b = lv_label_create(lv_layer_top());
-    u32 before = text_color(b);
+    lv_obj_t *a = lv_label_create(lv_scr_act()), *b = lv_label_create(lv_layer_top());
+    const auto color = [](lv_obj_t *of) { return lv_obj_get_style_text_color(of, LV_PART_MAIN).full; };
+    const u32 before = color(b);
     CHECK(zof_ctrl_style_add(a, list, 3, 0) == 0);
     CHECK(second.lv_style == nullptr); // no object of this control has a second section
     CHECK(zof_ctrl_style_add(b, list, 3, 1) == 0);
-    CHECK((text_color(a) == 0xFF010101 && text_color(b) == 0xFF020202));
-    CHECK(zof_style_del(a, &main) == 0);
-    CHECK(zof_style_del(a, &second) == 0);
-    CHECK(text_color(b) == before);
+    CHECK((color(a) == 0xFF010101 && color(b) == 0xFF020202));
+    CHECK((zof_style_del(a, &main) == 0 && zof_style_del(a, &second) == 0));
+    CHECK(color(b) == before);
     CHECK(zof_ctrl_style_add(nullptr, list, 3, 0) == -1);
     CHECK(zof_ctrl_style_set_bg_grad_dir(a, 5, LV_PART_MAIN) == 0);
     CHECK(lv_obj_get_style_bg_grad_dir(a, LV_PART_MAIN) == LV_GRAD_DIR_NONE);
