@@ -3,7 +3,6 @@
 of commands are read from the sources, so that new ones are tried without being told of.
 
 usage: make_seeds.py ZOF_MEDIA_PROGRAM OUT"""
-import io
 import json
 import pathlib
 import re
@@ -36,12 +35,13 @@ def registers():
     names = re.findall(r"\bREG_\w+ = (\d+),", (ROOT / "apps/hardware/uart/zof_hw_map.h").read_text())
     every = [struct.pack(">H", int(at)) for at in names]
     writes = [build(0x82, at + b"\x04\xD2") for at in every]
-    rails = build(0x82, struct.pack(">13H", 272, 0, 5000, 5000, 3000, 1, 3300, 11000, 5000, 2, 9000, 20000, 5000))
+    rails = [build(0x82, struct.pack(f">{len(words)}H", *words)) for words in (
+        (272, 0, 5000, 5000, 3000, 1, 3300, 11000, 5000, 2, 9000, 20000, 5000), (256, 3), (257, 1))]
     reads = [build(0x83, struct.pack(">HB", *what)) for what in ((16, 5), (0, 255), (2048, 255))]
-    files = {"every_register": writes, "rails": [rails, *(build(0x82, bytes(b)) for b in ((1, 0, 0, 3), (1, 1, 0, 1)))],
-             "reads": reads, "cut_and_noise": [writes[0][:4], writes[0][4:], b"\x5A\xA5\x5A" + writes[1]]}
+    noise = [writes[0][:4], writes[0][4:], b"\x5A\xA5\x5A" + writes[1]]
     draw = b"\xff"
-    files = {name: b"".join(bytes([len(one)]) + one for one in parts) + draw for name, parts in files.items()}
+    files = {str(n): b"".join(bytes([len(part)]) + part for part in parts) + draw
+             for n, parts in enumerate((writes, rails, reads, noise))}
     for fuzzer in ("register_link", "register_frames"):
         seeds(fuzzer, files, [b"\x5A\xA5", b"\x5A\xA5\x05\x82", b"\x5A\xA5\x04\x83", *every])
 
@@ -61,8 +61,7 @@ def hosts():
     size = build(READ, ROWS["view.size"].code)
     walk = hmi(0, size[:4], size[4:], bytes.fromhex("5aa5800311b106")) + hmi(
         HMI_SEALED | HMI_LONG, bytes([WRITE]) + bytes.fromhex("b200000001000568656c6c6f00"))
-    frames = {name: b"\x02" + made[:126] for name, made in panel.items()} | {"walk": b"\x02" + walk}
-    frames |= {f"build_{size}": b"\x01\x01" + struct.pack(">H", size) for size in (2, 124, 126, 129, 256)}
+    frames = {name: b"\x02" + made[:32] for name, made in panel.items()} | {"walk": b"\x02" + walk}
     frames |= {f"record_{n}": bytes([0, n]) + b"\x01\x02\x03\x04abc\0\x05\x06" for n in range(0, 240, 16)}
     words = [row.code for row in ROWS.values()] + [
         b"\x5A\xA5", b"\x5A\xA5\x80", bytes([READ]), bytes([WRITE]), b"blue.png\0", b"red.png\0", b"#hello\0", b"de\0",
@@ -77,10 +76,8 @@ def firmware():
     events = bytes([sealed, len(on)]) + on + bytes([sealed, len(touch)]) + touch
     answered = bytes([read, 2, wait, 30, echo, 3]) + b"hi\0" + bytes([read, 1, wait, 30]) + size
     noise = bytes([raw, 12]) + bytes.fromhex("5aa58020115a5a5aa50711b0") + bytes([wait, 255])  # false heads, and a cut frame
-    steps = {"talk": answered + events + noise + answered,
-             "full": (bytes([write, 60, wait, 20]) * 18 + bytes([wait, 90]) + size + bytes([wait, 30])) * 2,
-             "system": bytes([system, 1, wait, 20, echo, 1, 0, system, 3, wait, 255]),
-             "silent": bytes([system, 5, write, 70] + [wait, 255] * 3) + events}
+    steps = {"talk": answered + events + noise + answered, "silent": bytes([system, 5, write, 70] + [wait, 255] * 3) + events,
+             "full": (bytes([write, 60, wait, 20]) * 18 + bytes([wait, 90]) + size + bytes([wait, 30])) * 2}
     files = {f"{name}_{mode}": bytes([mode]) + made for name, made in steps.items() for mode in (0, 1, 2, 3, 13, 17)}
     seeds("zof_host", files, [b"\x5A\xA5", b"\x5A\xA5\x80", bytes([1, 4]) + on, bytes([1, 8]) + touch,
                               bytes([2, 3]) + b"x\0", bytes([4, 60, 3, 20]), bytes([3, 255])])
@@ -116,7 +113,7 @@ def project_files():
         record |= {"pub_t": record.get("pub_t", {}) | place, "styles": [fill]}
         view = {"view": example(tables, "zof_view_attr_t") | {"v_id": 2, "layer": 0},
                 "controls": [{"type": number, "theme": "youth", "property": record}]}
-        files |= {f"view_{name}": (4, view), f"control_{name}": (3 + 8 * number, record)}
+        files[name] = (3, view)
     keys = {row[1] for rows in tables.values() for row in rows} | {
         "view", "controls", "type", "theme", "property", "styles", "views", "pageId", "pageName"}
     values = '-1 255 65535 2147483647 -2147483648 4294967295 1e9 true null [] {} "#hello" "t.ttf" "red.png" "youth"'.split()
@@ -142,43 +139,35 @@ def made(file, command):
     return file.read_bytes()
 
 
-def pictures(folder):
-    png, jpg, gifs, as_it_is, twice = 0, 1, 2, 3, 6  # as in pictures_fuzz.cpp
-    laced = made(folder / "x.png", "ffmpeg -f lavfi -i testsrc=s=9x7 -frames:v 1 -flags +ildct FILE")
-    files = {"laced": bytes([png]) + laced, "wrong_sum": bytes([png + as_it_is]) + laced[:-1] + b"x"}
-    for kind, form, mode, how in (*((png, "PNG", mode, {}) for mode in ("1", "L", "LA", "P", "RGB", "RGBA", "I")),
-                                  (jpg, "JPEG", "RGB", {}), (jpg, "JPEG", "L", {"progressive": True})):
-        file = io.BytesIO()
-        picture(1, (9, 7), "RGB").convert(mode).save(file, form, **how)
-        files[form + mode] = bytes([kind]) + file.getvalue()
-    for name, how in (("twice", {"loop": 2}), ("once", {}), ("kept", {"loop": 0, "disposal": 3}), ("laced", {"interlace": 1})):
-        gif(folder / f"{name}.gif", 3, **how)
+def media(folder):
+    for name in "1.png L.png LA.png P.png RGB.png RGBA.png I.png RGB.jpeg L.jpeg".split():
+        picture(1, (9, 7), "RGB").convert(name.split(".")[0]).save(folder / name)
+    laced = made(folder / "laced.png", "ffmpeg -f lavfi -i testsrc=s=9x7 -frames:v 1 -flags +ildct FILE")
+    gif(folder / "twice.gif", 3, loop=2)
+    gif(folder / "kept.gif", 3, loop=0, disposal=3)
     spots(folder / "spots.gif")
-    files |= {file.name: bytes([gifs + twice]) + file.read_bytes() for file in folder.glob("*.gif")}
-    chunks = "IHDR PLTE tRNS IDAT IEND iCCP acTL JFIF Exif GIF89a NETSCAPE2.0"
-    seeds("pictures", files, [word.encode() for word in chunks.split()] + [
+    kinds = {".png": 0, ".jpeg": 1, ".gif": 2 + 6}  # as in pictures_fuzz.cpp, as is that whose sums are wrong
+    files = {file.name: bytes([kinds[file.suffix]]) + file.read_bytes() for file in folder.iterdir()}
+    files["sums"] = b"\x03" + laced[:-1] + b"x"
+    words = "IHDR PLTE tRNS IDAT IEND iCCP acTL JFIF Exif GIF89a NETSCAPE2.0".split()
+    seeds("pictures", files, [word.encode() for word in words] + [
         b"\x89PNG\r\n\x1a\n", b"\x21\xf9\x04", b"\x21\xff\x0bNETSCAPE2.0\x03\x01", b"\x2c", b"\x3b",
         *(bytes([0xFF, marker]) for marker in (0xC0, 0xC2, 0xC4, 0xD8, 0xD9, 0xDA, 0xDD, 0xFF))])
 
-
-def media(folder):
     wav, mp3, aac, mp4, replay, resize, pause, rewind = 0, 1, 2, 3, 4, 8, 16, 32  # as in media_fuzz.cpp
-    table = [(wav, "x.wav", "zof_media tone FILE 440 20"), (mp3 + replay, "x.mp3", "zof_media tone FILE 440 20"),
-             (aac, "x.aac", "zof_media tone FILE 440 20"),
-             (mp4 + replay + rewind, "mpeg4.mp4", "zof_media clip FILE 16 16 0.16 440 mpeg4"),
-             (mp4 + pause + resize, "png.mp4", "zof_media clip FILE 16 16 0.16 440 png"),
-             (mp4 + replay + resize, "mjpeg.mp4", "zof_media clip FILE 16 16 0.16 440 mjpeg"),
-             (mp4 + replay + rewind, "smaller.mp4", "zof_media clip FILE 16 16 0.16 440 mjpeg 2"),
-             # Longer than what is read at once.
-             (mp4 + replay + rewind, "long.mp4", "zof_media clip FILE 120 80 0.4 0 png"),
-             (mp4 + replay + pause, "h264.mp4",
-              "ffmpeg -f lavfi -i testsrc=s=16x16:r=25:d=0.16 -bitexact -c:v libx264 -pix_fmt yuv420p FILE")]
-    table += [(wav, codec + ".wav", f"ffmpeg -f lavfi -i sine=d=0.03:r=8000 -bitexact -c:a {codec} FILE")
+    tone, clip = "zof_media tone FILE 440 20", "zof_media clip FILE 16 16 0.16 440"
+    sine, film = "ffmpeg -f lavfi -i sine=d=0.03:r=8000 -bitexact -c:a", "ffmpeg -f lavfi -i testsrc=s=16x16:r=25:d=0.16"
+    table = [(wav, "x.wav", tone), (mp3 + replay, "x.mp3", tone), (aac, "x.aac", tone),
+             (mp4 + replay + rewind, "mpeg4.mp4", f"{clip} mpeg4"), (mp4 + pause + resize, "png.mp4", f"{clip} png"),
+             (mp4 + replay + resize, "mjpeg.mp4", f"{clip} mjpeg"), (mp4 + replay + rewind, "smaller.mp4", f"{clip} mjpeg 2"),
+             (mp4 + replay + rewind, "long.mp4", "zof_media clip FILE 120 80 0.4 0 png"),  # more than is read at once
+             (mp4 + replay + pause, "h264.mp4", f"{film} -bitexact -c:v libx264 -pix_fmt yuv420p FILE")]
+    table += [(wav, codec + ".wav", f"{sine} {codec} FILE")
               for codec in ("pcm_u8", "pcm_s24le", "pcm_f32le", "pcm_alaw", "adpcm_ms", "adpcm_ima_wav")]
-    marks = "ftyp moov mvhd trak tkhd mdia stbl stsd stts stsz stco elst dref esds mdat mp4a mp4v avc1 avcC " \
-            "RIFF WAVE fact data LIST ID3 TAG Xing"
+    words = "ftyp moov mvhd trak tkhd mdia stbl stsd stts stsz stco elst dref esds mdat mp4a mp4v avc1 avcC RIFF WAVE fact " \
+            "data LIST ID3 TAG Xing".split()
     seeds("media", {name: bytes([kind]) + made(folder / name, command) for kind, name, command in table},
-          [mark.encode() for mark in marks.split()] +
+          [word.encode() for word in words] +
           [b"fmt ", b"\xff\xfb\x90\x64", b"\xff\xf1", b"\x7f\xff\xff\xff", b"\xff\xff\xff\xff"])
 
 
@@ -190,5 +179,4 @@ if __name__ == "__main__":
     seeds("binfont", {f"bpp_{bpp}": font(bpp) for bpp in (1, 2, 3, 4, 8)} | {"count": font(8, count=900)},
           [b"\xff\xff", b"\xff\xff\xff\xff", b"\0\0\0\x80", b"\x08\x14\xfc", b"a\0", b"\x2d\x4e"])
     with tempfile.TemporaryDirectory() as scratch:
-        pictures(pathlib.Path(scratch))
         media(pathlib.Path(scratch))

@@ -9,7 +9,7 @@
 #include "temp_project.h"
 
 enum { WIDTH = 64, HEIGHT = 48, PASSES = 3, CHANNELS_MOST = 8, STEP_MS = 150 }; // some frames
-enum { REPLAY = 1, RESIZE = 2, PAUSE = 4, REWIND = 8 };                         // of a clip, after the kind
+enum { REPLAY = 1, RESIZE = 2, COURSE = 4 };                                    // of a clip, after the kind
 
 static struct {
     SDL_AudioSpec spec;
@@ -70,23 +70,18 @@ void fuzz_open() {
     player = zof_drv_video_create(lv_scr_act());
 }
 
-static void clip_state(u32 state) {
-    zof_drv_video_set_state(player, state);
-    screen_step(STEP_MS);
-}
-
 static void clip_play(const std::string &path, u32 how) {
+    static const std::vector<u32> courses[] = {
+        {ZOF_MEDIA_PLAY},
+        {ZOF_MEDIA_PLAY, ZOF_MEDIA_PAUSE, ZOF_MEDIA_RESUME},
+        {ZOF_MEDIA_PLAY, ZOF_MEDIA_STOP, ZOF_MEDIA_PLAY},
+        {ZOF_MEDIA_PLAY, ZOF_MEDIA_PAUSE, ZOF_MEDIA_RESUME, ZOF_MEDIA_STOP, ZOF_MEDIA_PLAY}};
     zof_drv_video_set_pos(player, 0, 0, WIDTH, HEIGHT);
     zof_drv_video_set_one_replay(player, how & REPLAY);
     zof_drv_video_set_src(player, path.c_str());
-    clip_state(ZOF_MEDIA_PLAY);
-    if (how & PAUSE) {
-        clip_state(ZOF_MEDIA_PAUSE);
-        clip_state(ZOF_MEDIA_RESUME);
-    }
-    if (how & REWIND) {
-        clip_state(ZOF_MEDIA_STOP);
-        clip_state(ZOF_MEDIA_PLAY);
+    for (u32 state : courses[how / COURSE % std::size(courses)]) {
+        zof_drv_video_set_state(player, state);
+        screen_step(STEP_MS);
     }
     if (how & RESIZE) {
         zof_drv_video_set_pos(player, 5, 5, HEIGHT - 1, WIDTH + 1);
