@@ -1,5 +1,5 @@
-// Frames and codec of the host protocol without a line: what goes out byte for byte, what comes in at every split, and
-// the rules that look odd and must stay, because hosts in the field know them.
+// Frames of the host protocol without a line: what goes out byte for byte, what comes in at every split, and the rules
+// that look odd and must stay, because hosts in the field know them.
 #include "zof_test.h"
 
 #include <string.h>
@@ -97,22 +97,6 @@ TEST_CASE("host frames: a check tells wrong heads, missing bytes and bad CRCs ap
         CHECK(check(x.a, {0x5A, 0xA6, 3, 0x11, 0xB0, 1}) == -1);
     }
     CHECK(zof_hmi_cmd_check_data(nullptr, nullptr, 0) == 0);
-}
-
-TEST_CASE("host codec: numbers turn round, texts point into the frame, and a field that is cut is refused") {
-    u8 out[64];
-    const zof_hmi_u16u16str_t text = {0x1122, 2, "ab"};
-    CHECK(zof_hmi_cmd_param_2_buf(&text, &zof_hmi_param_u16u16str_t_tbl, out) == 7);
-    CHECK(bytes(out, out + 7) == bytes{0x11, 0x22, 0, 2, 'a', 'b', 0});
-    zof_hmi_u16u16str_t read = {9, 9, nullptr};
-    for (u32 size = 0; size < 7; size++) { // the last one is only without its end
-        CHECK(zof_hmi_cmd_buf_2_param(&read, &zof_hmi_param_u16u16str_t_tbl, out, size) == -1);
-    }
-    CHECK(read.a == 9);
-    CHECK(zof_hmi_cmd_buf_2_param(&read, &zof_hmi_param_u16u16str_t_tbl, out, 64) == 7);
-    CHECK((read.a == 0x1122 && read.text == (const char *)out + 4));
-    const zof_hmi_u8str_t none = {3, nullptr};
-    CHECK(zof_hmi_cmd_param_2_buf(&none, &zof_hmi_param_u8str_t_tbl, out) == 1);
 }
 
 TEST_CASE("host link: equal head bytes, no port and an absent file build nothing") {
