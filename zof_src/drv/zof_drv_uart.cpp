@@ -139,6 +139,9 @@ static void zof_uart_hmi_recive_data_th(void *arg) {
     auto *ctx = (uart_context *)handle->context;
     while (port_stands(handle)) {
         wait_for_message(&ctx->hmi, ctx);
+        if (pipo_buf_get_pi_len(ctx->hmi.buf) == 0) {
+            continue; // a wake-up for bytes that the last message took along; a swap would lose the tail kept since
+        }
         pipo_half *half = pipo_buff_get_pi_and_switch(ctx->hmi.buf);
         uart_hmi_rev_bfun fun;
         void *fun_arg;
