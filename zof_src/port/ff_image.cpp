@@ -44,7 +44,7 @@ static void pixels_take(picture *p, const AVFrame *frame) {
         return;
     }
     const bool alpha = ff_has_alpha(frame->format);
-    SwsContext *scaler = ff_scaler(w, h, frame->format, w, h, alpha);
+    SwsContext *scaler = ff_scaler(w, h, frame->format, w, h);
     p->header.w = (u32)w & FF_LVGL_SIDE_MOST;
     p->header.h = (u32)h & FF_LVGL_SIDE_MOST;
     p->header.cf = alpha ? LV_IMG_CF_TRUE_COLOR_ALPHA : LV_IMG_CF_TRUE_COLOR;

@@ -217,7 +217,7 @@ bool ff_has_alpha(int pixel_format) {
     return d && (d->flags & (AV_PIX_FMT_FLAG_ALPHA | AV_PIX_FMT_FLAG_PAL));
 }
 
-SwsContext *ff_scaler(int from_w, int from_h, int from_format, int w, int h, bool alpha) {
+SwsContext *ff_scaler(int from_w, int from_h, int from_format, int w, int h) {
     const AVPixFmtDescriptor *d = av_pix_fmt_desc_get((AVPixelFormat)from_format);
     if (!d || from_w <= 0 || from_h <= 0 || w <= 0 || h <= 0) {
         return nullptr;
@@ -226,8 +226,9 @@ SwsContext *ff_scaler(int from_w, int from_h, int from_format, int w, int h, boo
     if (!(d->flags & AV_PIX_FMT_FLAG_RGB) && d->nb_components >= 2 && ((from_w | from_h) & 7)) {
         flags |= SWS_ACCURATE_RND;
     }
-    return sws_getContext(from_w, from_h, (AVPixelFormat)from_format, w, h, alpha ? AV_PIX_FMT_BGRA : AV_PIX_FMT_BGR0,
-                          flags, nullptr, nullptr, nullptr);
+    // BGR0 would keep the unused byte of formats that have one, and the window takes it for transparency.
+    return sws_getContext(from_w, from_h, (AVPixelFormat)from_format, w, h, AV_PIX_FMT_BGRA, flags, nullptr, nullptr,
+                          nullptr);
 }
 
 bool ff_scale(SwsContext *scaler, const AVFrame *frame, u8 *pixels, int w, int h) {

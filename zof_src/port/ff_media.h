@@ -59,7 +59,7 @@ void ff_close(ff_media *m);
 bool ff_has_alpha(int pixel_format);
 
 // A scaler that gives LVGL's pixels; null without memory or for sizes that make no sense.
-SwsContext *ff_scaler(int from_w, int from_h, int from_format, int w, int h, bool alpha);
+SwsContext *ff_scaler(int from_w, int from_h, int from_format, int w, int h);
 
 // Puts a picture into memory for LVGL, w pixels a row, without a gap. The memory has FF_TAIL bytes more than the
 // picture: the scaler's last step may write beyond it.

@@ -191,7 +191,7 @@ static bool frame_show(lv_ffmpeg_player_t *p) {
     const int w = (int)p->imgdsc.header.w;
     const int h = (int)p->imgdsc.header.h;
     if (!c->scaler) {
-        c->scaler = ff_scaler(c->width, c->height, c->format, w, h, c->has_alpha);
+        c->scaler = ff_scaler(c->width, c->height, c->format, w, h);
     }
     return ff_scale(c->scaler, f, (u8 *)p->imgdsc.data, w, h);
 }
