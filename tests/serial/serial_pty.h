@@ -2,13 +2,12 @@
 #ifndef SERIAL_PTY_H
 #define SERIAL_PTY_H
 
-#include <chrono>
 #include <cstdlib>
-#include <functional>
 #include <poll.h>
 #include <string>
 #include <unistd.h>
 
+#include "eventually.h"
 #include "wire.h"
 
 struct serial_pty {
@@ -39,18 +38,6 @@ inline bytes pty_read(serial_pty &p, size_t size) {
     }
     out.resize(have);
     return out;
-}
-
-// Waits for another thread to have done something: ends as soon as it has, fails after ten seconds.
-inline bool eventually(const std::function<bool()> &done) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-    while (!done()) {
-        if (std::chrono::steady_clock::now() > end) {
-            return false;
-        }
-        usleep(500);
-    }
-    return true;
 }
 
 #endif

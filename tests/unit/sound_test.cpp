@@ -1,26 +1,11 @@
 // Sound files through SDL's driver that writes to a file: what would be heard is compared byte by byte.
 #include <algorithm>
-#include <chrono>
 
+#include "eventually.h"
 #include "media.h"
 #include "port/zof_port.h"
 #include "temp_project.h"
 #include "zof_test.h"
-
-static u32 now_ms() {
-    return (u32)(std::chrono::steady_clock::now().time_since_epoch() / std::chrono::milliseconds(1));
-}
-
-// Waits for what another thread does; false when it does not come.
-template <typename F> static bool comes(F condition, u32 ms = 20000) {
-    for (const u32 start = now_ms(); !condition();) {
-        if (now_ms() - start > ms) {
-            return false;
-        }
-        usleep(1000);
-    }
-    return true;
-}
 
 struct sound_room_t : temp_project_t {
     std::string heard_file = top + "/heard";
@@ -44,7 +29,7 @@ struct sound_room_t : temp_project_t {
     // Whether the device takes more than it has.
     bool goes_on(size_t more) const {
         const size_t so_far = file_text(heard_file).size();
-        return comes([&] { return file_text(heard_file).size() > so_far + more; });
+        return eventually([&] { return file_text(heard_file).size() > so_far + more; });
     }
 
     s32 play(const std::string &path) const {
@@ -100,7 +85,7 @@ TEST_CASE("a WAV file is heard as it is, byte by byte, and then counts as playin
         room.write("a.wav", wav(data, bits / 8, bits, bits == 16 ? 0xFFFFFFF0u : 0));
         zof_drv_audio_set_one_replay(1); // of no effect on a WAV file
         REQUIRE(room.play(room.path("a.wav")) == 0);
-        REQUIRE(comes([&] { return room.heard(silence).size() >= data.size(); }));
+        REQUIRE(eventually([&] { return room.heard(silence).size() >= data.size(); }));
         REQUIRE(room.goes_on(4000)); // silent
         CHECK((room.heard(silence) == data));
         CHECK(zof_drv_audio_get_state() == ZOF_MEDIA_PLAY);
@@ -110,7 +95,7 @@ TEST_CASE("a WAV file is heard as it is, byte by byte, and then counts as playin
     zof_drv_audio_set_volum(64); // half as loud
     room.write("b.wav", wav(le(0x4002, 2) + le(0xC002, 2), 1, 16));
     room.play(room.path("b.wav"));
-    REQUIRE(comes([&] { return room.heard().size() >= 4; }));
+    REQUIRE(eventually([&] { return room.heard().size() >= 4; }));
     CHECK((room.heard() == le(0x2001, 2) + le(0xE001, 2)));
 }
 
@@ -128,14 +113,14 @@ TEST_CASE("compressed files and the sound of a clip are heard whole, once or aga
         CAPTURE(path);
         zof_drv_audio_set_one_replay(0);
         REQUIRE(room.play(path) == 0);
-        REQUIRE(comes([] { return zof_drv_audio_get_state() == ZOF_MEDIA_STOP; }));
+        REQUIRE(eventually([] { return zof_drv_audio_get_state() == ZOF_MEDIA_STOP; }));
         const std::string heard = file_text(room.heard_file);
         CHECK(heard.size() >= (size_t)(path.back() == '4' ? 22050 : 44100) * 4 * 400 / 1000);
         CHECK((path.back() == '3' || abs(waves_of(heard) - 176) < 2)); // the maker's MP3 is no pure tone
         zof_drv_audio_set_one_replay(1);
         CHECK(zof_drv_audio_set_state(ZOF_MEDIA_PLAY) == 0);
         for (int round = 0; round < 2; round++) { // each opens the device, and so the file, anew
-            REQUIRE(comes([&] { return unlink(room.heard_file.c_str()) == 0; }));
+            REQUIRE(eventually([&] { return unlink(room.heard_file.c_str()) == 0; }));
         }
         CHECK(zof_drv_audio_get_state() == ZOF_MEDIA_PLAY);
         CHECK(zof_drv_audio_set_state(ZOF_MEDIA_STOP) == 0);
@@ -146,7 +131,7 @@ TEST_CASE("a sound's thread is paused, resumed and stopped at once, and a start 
     sound_room_t room("5");
     room.write("a.wav", wav(noise(64000), 1, 16));
     const std::string path = room.path("a.wav");
-    const auto heard_more = [&](size_t than) { return comes([&] { return room.heard().size() > than + 2000; }); };
+    const auto heard_more = [&](size_t than) { return eventually([&] { return room.heard().size() > than + 2000; }); };
     room.play(path);
     REQUIRE(heard_more(0));
     for (int i = 0; i < 2; i++) { // asked twice it stays paused
@@ -165,9 +150,9 @@ TEST_CASE("a sound's thread is paused, resumed and stopped at once, and a start 
     CHECK(zof_drv_audio_set_state(4) == -1);
     std::vector<u32> took;
     for (u32 i = 0; i < 20; i++) { // sounds that cut each other short
-        const u32 start = now_ms();
+        const u32 start = zof_sys_time_ms();
         zof_drv_audio_set_src(path.c_str());
-        took.push_back(now_ms() - start);
+        took.push_back(zof_sys_time_ms() - start);
         usleep(i % 3 * i * 1000);
     }
     zof_drv_audio_set_state(ZOF_MEDIA_STOP);
@@ -194,7 +179,7 @@ TEST_CASE("names that cannot be and files that are broken end quietly or with a 
     for (const auto &row : rows) {
         const std::string log = printed([&] {
             CHECK(zof_drv_audio_set_src(row.path.c_str()) == row.result);
-            CHECK(comes([] { return zof_drv_audio_get_state() == ZOF_MEDIA_STOP; }));
+            CHECK(eventually([] { return zof_drv_audio_get_state() == ZOF_MEDIA_STOP; }));
         });
         CAPTURE(log);
         CHECK((row.line.empty() ? log.empty() : contains(log, row.line)));
@@ -206,7 +191,7 @@ TEST_CASE("names that cannot be and files that are broken end quietly or with a 
     usleep(100000);
     CHECK(zof_drv_audio_get_state() == ZOF_MEDIA_PLAY);
     zof_drv_audio_set_one_replay(0);
-    CHECK(comes([] { return zof_drv_audio_get_state() == ZOF_MEDIA_STOP; }));
+    CHECK(eventually([] { return zof_drv_audio_get_state() == ZOF_MEDIA_STOP; }));
 }
 
 TEST_CASE("a touch's tone is a sound file when the project says so") {
@@ -218,7 +203,7 @@ TEST_CASE("a touch's tone is a sound file when the project says so") {
     zof_prj_tone_t tone = {.type = 1, .time = 50, .sound = name};
     REQUIRE(zof_hmi_tone_set(&tone));
     zof_hmi_tone_on(50);
-    REQUIRE(comes([&] { return room.heard().size() >= data.size(); }));
+    REQUIRE(eventually([&] { return room.heard().size() >= data.size(); }));
     CHECK((room.heard() == data));
     tone.sound = none;
     zof_hmi_tone_set(&tone);
