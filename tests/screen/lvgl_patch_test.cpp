@@ -1,10 +1,12 @@
 // What LVGL does here beyond its published interface: one case for each patch of third_party/lvgl/patches.
+#include <algorithm>
 #include <cmath>
 
 #include "screen_fixture.h"
 #include "temp_project.h"
 
 extern "C" {
+#include "src/draw/sw/lv_draw_sw.h"
 #include "src/misc/lv_gc.h"
 }
 
@@ -297,4 +299,42 @@ TEST_CASE("an object keeps more styles than anyone gives it") {
     lv_obj_add_state(obj, 255);
     CHECK((lv_obj_get_style_text_color(obj, 0).full & 0xFFFFFF) == 255);
     lv_obj_del(obj);
+}
+
+static u32 letters_asked;
+
+static bool glyph_count(const lv_font_t *font, lv_font_glyph_dsc_t *out, u32 letter, u32 next) {
+    letters_asked++;
+    return lv_font_get_glyph_dsc_fmt_txt(font, out, letter, next);
+}
+
+TEST_CASE("a word that is longer than its line takes time as its length") {
+    screen_open(100, 100);
+    lv_font_t font = *LV_FONT_DEFAULT;
+    font.get_glyph_dsc = glyph_count;
+    lv_point_t size;
+    lv_txt_get_size(&size, std::string(3000, 'w').c_str(), &font, 0, 0, 60, LV_TEXT_FLAG_NONE);
+    CHECK(size.y > 500 * lv_font_get_line_height(&font));
+    CHECK(letters_asked < 4 * 3000);
+}
+
+TEST_CASE("a picture turned and zoomed around a far pivot lies beyond what is drawn of it") {
+    lv_point_t corner = {20, 20};
+    const lv_point_t pivot = {32767, -32768};
+    lv_point_transform(&corner, 1234, 0xFFFF, &pivot);
+    CHECK(corner.y < -11000000);
+    lv_color_t picture[20 * 20], colors[10];
+    lv_opa_t seen[10];
+    lv_draw_img_dsc_t dsc;
+    lv_draw_img_dsc_init(&dsc);
+    const lv_area_t far_off = {-20000000, 0, -19999991, 0};
+    for (u16 zoom : {1, 255, 256, 0xFFFF}) {
+        for (s16 angle : {0, 1234}) {
+            dsc.zoom = zoom;
+            dsc.angle = angle;
+            dsc.pivot = pivot;
+            lv_draw_sw_transform(nullptr, &far_off, picture, 20, 20, 20, &dsc, LV_IMG_CF_TRUE_COLOR, colors, seen);
+            CHECK(std::count(seen, seen + 10, 0) == 10);
+        }
+    }
 }
