@@ -9,6 +9,7 @@
 
 #include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_gpio.h"
+#include "drv/zof_drv_touch.h"
 #include "drv/zof_drv_up.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"
@@ -232,9 +233,10 @@ static void finger_at(const SDL_TouchFingerEvent *finger) {
     pointer_at((float)SDL_HOR_RES * finger->x / zoom, (float)SDL_VER_RES * finger->y / zoom);
 }
 
+// While the host has touching switched off nobody looks, and a press of then must not be a click when it is on again.
 static void press() {
     left_button_down = 1;
-    press_unread = 1;
+    press_unread = !(touch_indev && touch_indev->driver->read_timer->paused);
 }
 
 static void button_event(const SDL_MouseButtonEvent *button) {
