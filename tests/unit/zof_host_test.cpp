@@ -8,11 +8,8 @@
 #include "zof_host.h"
 #include "zof_test.h"
 
-static uint16_t line_write(void *user, const uint8_t *data, uint16_t size);
-static void on_reply(zof_host_t *host, zof_host_reply_t *reply);
-static void on_event(zof_host_t *host, const zof_host_event_t *event);
-
-// A host, the line it writes to, and what it was told.
+// A host, the line it writes to, and what it was told: "1:-4 " for the first request's end without an answer, "2/5=hi "
+// for one with the value of control 5.
 struct rig {
     bytes rx = bytes(64), tx, sent;
     std::vector<uint32_t> sent_at; // of each byte
@@ -28,39 +25,32 @@ struct rig {
         host.tx = tx.data();
         host.tx_size = tx_size;
         host.user = this;
-        host.write = line_write;
-        host.on_reply = on_reply;
-        host.on_event = on_event;
+        host.write = [](void *user, const uint8_t *data, uint16_t size) {
+            rig &r = *(rig *)user;
+            const uint16_t n = size < r.takes ? size : r.takes;
+            r.sent.insert(r.sent.end(), data, data + n);
+            r.sent_at.insert(r.sent_at.end(), n, r.now);
+            return n;
+        };
+        host.on_reply = [](zof_host_t *from, zof_host_reply_t *reply) {
+            std::string value = ":" + std::to_string(reply->result);
+            if (reply->result == ZOF_HOST_DONE && reply->size > 1) {
+                const bool text = reply->code == ZOF_HOST_LABEL_TEXT;
+                value = "/" + std::to_string(reply->control) + "=";
+                value += text ? zof_host_reply_text(reply) : std::to_string((int32_t)zof_host_reply_u32(reply));
+            }
+            ((rig *)from->user)->told += std::to_string(reply->request) + value + (reply->bad ? " bad " : " ");
+        };
+        host.on_event = [](zof_host_t *from, const zof_host_event_t *event) {
+            rig &r = *(rig *)from->user;
+            const std::string touch = "touch" + std::to_string(event->state) + "@" + std::to_string(event->x) + "," +
+                                      std::to_string(event->y) + " ";
+            r.told += event->kind == ZOF_HOST_POWER_ON ? "on " : event->kind == ZOF_HOST_SILENT ? "silent " : touch;
+            zof_host_poll(from, r.now); // from within a callback it does nothing
+        };
         REQUIRE(zof_host_init(&host) == ZOF_HOST_DONE);
     }
 };
-
-static uint16_t line_write(void *user, const uint8_t *data, uint16_t size) {
-    rig &r = *(rig *)user;
-    const uint16_t n = size < r.takes ? size : r.takes;
-    r.sent.insert(r.sent.end(), data, data + n);
-    r.sent_at.insert(r.sent_at.end(), n, r.now);
-    return n;
-}
-
-// "1:-4 " for the first request's end without an answer, "2/5=hi " for one with the value of control 5.
-static void on_reply(zof_host_t *host, zof_host_reply_t *reply) {
-    std::string value = ":" + std::to_string(reply->result);
-    if (reply->result == ZOF_HOST_DONE && reply->size > 1) {
-        const bool text = reply->code == ZOF_HOST_LABEL_TEXT;
-        value = "/" + std::to_string(reply->control) + "=" +
-                (text ? zof_host_reply_text(reply) : std::to_string((int32_t)zof_host_reply_u32(reply)));
-    }
-    ((rig *)host->user)->told += std::to_string(reply->request) + value + (reply->bad ? " bad " : " ");
-}
-
-static void on_event(zof_host_t *host, const zof_host_event_t *event) {
-    rig &r = *(rig *)host->user;
-    const std::string touch =
-        "touch" + std::to_string(event->state) + "@" + std::to_string(event->x) + "," + std::to_string(event->y) + " ";
-    r.told += event->kind == ZOF_HOST_POWER_ON ? "on " : event->kind == ZOF_HOST_SILENT ? "silent " : touch;
-    zof_host_poll(host, r.now); // from within a callback it does nothing
-}
 
 static void run_ms(rig &r, uint32_t ms) {
     for (uint32_t i = 0; i < ms; i++) {
