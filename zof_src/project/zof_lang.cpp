@@ -40,19 +40,20 @@ static void table_drop(zof_prj_t *prj) {
 
 s32 zof_lang_set(const char *name) {
     zof_prj_t *prj = zof_prj_get_cur();
-    if (!name || !prj) {
+    char *copy = prj ? zof_res_path_zof_malloc(name) : nullptr; // `name` may be a text of the table that goes
+    if (!copy) {
         return -1;
     }
     table_drop(prj);
-    const char *path = zof_res_get_g_file_path(LANG_DIR, name);
+    const char *path = zof_res_get_g_file_path(LANG_DIR, copy);
     zof_rootjson_t file = path ? zof_j2s_open(path) : zof_rootjson_t{};
     Freebuff(file.content);
     if (!file.root) {
+        zof_res_path_free(copy);
         return -1;
     }
     prj->lang_root = file.root;
-    char *copy = zof_res_path_zof_malloc(name);
-    zof_res_path_free(prj->lang_name); // after the copy: `name` may be this very text
+    zof_res_path_free(prj->lang_name);
     prj->lang_name = copy;
     if (zof_prj_up.ctrl_txt_update) {
         zof_prj_up.ctrl_txt_update();
