@@ -3,6 +3,7 @@
 #include <string.h>
 
 #include "drv/zof_drv.h"
+#include "drv/zof_drv_file.h"
 #include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -16,7 +17,7 @@ s32 zof_file_write(const char *path, const void *data, size_t size) {
         return -1;
     }
     bool good = fwrite(data, 1, size, f) == size;
-    good = fclose(f) == 0 && good;
+    good = zof_file_finish(f) == 0 && good; // else a power cut could leave the new name without its content
     if (!good || zof_rename(beside, path) != 0) {
         remove(beside);
         return -1;
