@@ -39,7 +39,7 @@ zof_pub_attr_t *zof_theme_get_ctrl(const char *theme, u32 type) {
         return nullptr;
     if (type == ZOF_CTRL_IMG || type == ZOF_CTRL_GIF || type == ZOF_CTRL_QRCODE)
         return nullptr;
-    if (!self.zof_theme[type] && self.chosen[0])
+    if (!self.zof_theme[type] && !self.broken[type] && self.chosen[0])
         self.zof_theme[type] = theme_read(self.chosen, type);
     if (!self.zof_theme[type] && !self.broken[type])
         self.zof_theme[type] = theme_read(theme, type);
