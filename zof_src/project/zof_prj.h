@@ -24,6 +24,7 @@ typedef struct {
     u8 displaying;    // being brought up by zof_view_set_dis_view_anim
     u8 ctrl_ready;    // the control list is complete for display
     u8 del_on_unload; // `pub` controls go when the screen is unloaded
+    u8 leaving;       // its exit function runs: a view that is shown by it does not leave it once more
 } zof_view_node_t;
 
 typedef struct {

@@ -110,9 +110,11 @@ s32 zof_view_delete(u32 id) {
 }
 
 static void leave(zof_view_node_t *node, bool at_once) {
-    if (!node || !node->obj || !node->view_fun || !node->view_fun->zof_view_exit)
+    if (!node || !node->obj || !node->view_fun || !node->view_fun->zof_view_exit || node->leaving)
         return;
+    node->leaving = 1;
     node->view_fun->zof_view_exit();
+    node->leaving = 0;
     node->del_on_unload = !at_once;
     if (at_once)
         zof_view_delete(node->attr->v_id);
