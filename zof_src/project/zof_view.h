@@ -109,7 +109,8 @@ s32 zof_view_get_cur_id(u32 layer);
 s32 zof_view_set_layer(u32 id, u32 layer);
 
 // Replaces the background image by a copy of the name, or none for null; shown at once if the view is on the UI or the
-// background layer, the only ones that draw it. 0, or -1 without the view's object.
+// background layer, the only ones that draw it. A name that is no .png or .jpg, and null, go to the display's driver;
+// where that draws no pictures, as on a desktop, the former image stays. 0, or -1 without the view's object.
 s32 zof_view_set_bg(u32 id, const char *image);
 
 // Background of a view, shown at once: opacity from the top byte and colour, or the opacity alone. 0, or -1 without the
