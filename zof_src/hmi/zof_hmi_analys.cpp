@@ -102,6 +102,9 @@ s32 zof_hmi_cmd_ui_analys_init(const zof_hmi_attr_t *attr) {
         return -1;
     }
     ui_cmd_analys = a;
+    if (sys_cmd_analys) {
+        sys_cmd_analys->resend_en = attr->resend_en; // not `a`: hosts rely on writes to views and controls being silent
+    }
     zof_task_create(ui_data_task, UI_PERIOD_MS, nullptr);
     return 0;
 }
