@@ -45,19 +45,18 @@ TEST_CASE("the overlay's rate is refreshes over the time of the runs that made t
     // Each run with a refresh takes 20 ms, each other one 3 ms.
     static lv_obj_t *restless = lv_obj_create(lv_scr_act());
     static bool drawing;
-    lv_timer_create(
-        [](lv_timer_t *) {
-            drawing = !drawing;
-            screen_now += drawing ? 20 : 3;
-            if (drawing) {
-                lv_obj_set_x(restless, lv_obj_get_x(restless) ^ 1);
-                lv_refr_now(nullptr);
-            }
-        },
-        50, nullptr);
+    const auto run = [](lv_timer_t *) {
+        drawing = !drawing;
+        screen_now += drawing ? 20 : 3;
+        if (drawing) {
+            lv_obj_set_x(restless, lv_obj_get_x(restless) ^ 1);
+            lv_refr_now(nullptr);
+        }
+    };
+    lv_timer_create(run, 50, nullptr);
     screen_step(1600);
-    CHECK(
-        contains(overlay(), "fps: 75 \nusedmem: ")); // six in four runs of 20 ms; those without a refresh do not count
+    // Six in four runs of 20 ms; runs without a refresh do not count.
+    CHECK(contains(overlay(), "fps: 75 \nusedmem: "));
 }
 
 TEST_CASE("nothing is shown without a bit of its own, and a missing version is no line") {

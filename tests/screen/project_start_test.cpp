@@ -16,15 +16,12 @@ static void write_project(view_project_t &project, const std::string &keys) {
 
 static s32 create() {
     static const zof_view_fun_t first = view_row<1>();
-    static const zof_view_fun_t rows[] = {{1,
-                                           [] {
-                                               const u32 *frame = sdl_frame_get(nullptr, nullptr);
-                                               logo_pixel = frame[120 * 320 + 160] & 0xFFFFFF;
-                                               first.zof_view_init();
-                                           },
-                                           first.zof_view_entry, first.zof_view_exit},
-                                          view_row<2>(),
-                                          view_row<3>()};
+    static const auto init = [] {
+        logo_pixel = sdl_frame_get(nullptr, nullptr)[120 * 320 + 160] & 0xFFFFFF;
+        first.zof_view_init();
+    };
+    static const zof_view_fun_t rows[] = {
+        {1, init, first.zof_view_entry, first.zof_view_exit}, view_row<2>(), view_row<3>()};
     return zof_prj_create(rows, 3);
 }
 

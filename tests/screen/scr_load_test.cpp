@@ -172,8 +172,8 @@ TEST_CASE("an interrupted transition ends first, and the panel takes presses aga
     two_screens();
     lv_obj_t *green = make_screen(0x00FF00);
     static s32 presses;
-    lv_obj_add_event_cb(
-        green, [](lv_event_t *) { presses++; }, LV_EVENT_PRESSED, nullptr);
+    const auto pressed = [](lv_event_t *) { presses++; };
+    lv_obj_add_event_cb(green, pressed, LV_EVENT_PRESSED, nullptr);
     const struct {
         u32 first, delay; // from red to blue
         u32 next, time;   // then to green, two of them in a way of their own
