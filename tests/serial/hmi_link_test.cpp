@@ -172,3 +172,33 @@ TEST_CASE("host link: every view command is written and read through the line, a
     pty_write(p.pty, get({0xB1, 0x01, 3})); // there is no such layer to read, and nobody is told
     silent(p);
 }
+
+TEST_CASE("host link: system and control commands at once, on their two threads, leave the panel whole") {
+    panel p;
+    panel_up(p, R"(, "resend_en": 1)", R"(, "hw_t": {"touch_t": {"th_en": 112}})");
+    const bytes payloads[] = {{0xB0, 0x02, 40},
+                              {0xB2, 0x00, 0x00, 0, 1, 0, 5, 'h', 'i', 0},
+                              {0xB0, 0x03, 1, 0, 1, 0, 1},
+                              {0xB1, 0x00, 0, 2},
+                              {0xB0, 0x04, 0x00, 0x70},
+                              {0xB2, 0x00, 0x00, 0, 1, 0, 5, '#', 'h', 'e', 'l', 'l', 'o', 0},
+                              {0xB0, 0x06, 0x00, 0, 2, 0, 60, 30, 0, 5, 5, 80, 0, 1},
+                              {0xB0, 0x07, 0x00, 'd', 'e', 0},
+                              {0xB0, 0x06, 0x01, 1},
+                              {0xB1, 0x00, 0, 1},
+                              {0xB0, 0x06, 0x01, 0}};
+    const auto still = [&](u32 turns) { // once no answer comes in so many turns
+        for (u32 n = 0; n < turns; n++) {
+            loop_turn();
+        }
+        return pty_read(p.pty, 4096, 0).empty();
+    };
+    for (u32 i = 0; i < 300; i++) {
+        const bytes &payload = payloads[i * 5 % std::size(payloads)], &other = payloads[i * 3 % std::size(payloads)];
+        pty_write(p.pty, join({{0x00}, set(payload), {0x00}, set(other), {0x00}, get(payload), {0x00}, get(other)}));
+        sdl_pointer_inject((s32)i, 34, i % 2 ? ZOF_FALSE : ZOF_TRUE); // released at the end
+        still(8);
+    }
+    CHECK(eventually([&] { return still(50); }));
+    silent(p);
+}

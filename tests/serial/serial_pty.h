@@ -25,11 +25,11 @@ inline void pty_write(serial_pty &p, const bytes &data) {
 }
 
 // What the runtime has sent, up to `size` bytes, waiting for it at most two seconds.
-inline bytes pty_read(serial_pty &p, size_t size) {
+inline bytes pty_read(serial_pty &p, size_t size, int wait_ms = 2000) {
     bytes out(size);
     size_t have = 0;
     pollfd f = {p.line.fd, POLLIN, 0};
-    while (have < size && poll(&f, 1, 2000) > 0) {
+    while (have < size && poll(&f, 1, wait_ms) > 0) {
         const ssize_t n = read(p.line.fd, out.data() + have, size - have);
         if (n <= 0) {
             break;
