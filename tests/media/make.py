@@ -39,6 +39,17 @@ def series(folder, numbers, suffix):
         picture(n or 4, mode="RGB").save(folder / f"{n}.{suffix}", **({"quality": 95} if suffix == "jpg" else {}))
 
 
+def kinds(folder):
+    """One picture of slopes in every kind of PNG, and as a JPEG."""
+    folder.mkdir(exist_ok=True)
+    slope = Image.linear_gradient("L")
+    slopes = Image.merge("RGBA", [slope.rotate(90 * n) for n in range(4)])
+    for mode in ["L", "LA", "RGB", "RGBA"]:
+        slopes.convert(mode).save(folder / f"{mode}.png")
+    slopes.quantize().save(folder / "P.png")
+    slopes.convert("RGB").save(folder / "RGB.jpg", quality=95)
+
+
 def main(folder):
     folder.mkdir(parents=True, exist_ok=True)
     gif(folder / "ever.gif", 3, loop=0)
@@ -50,6 +61,7 @@ def main(folder):
     series(folder / "jpg", [1, 2, 3], "jpg")
     series(folder / "mixed", [1, 3], "png")
     series(folder / "mixed", [2], "jpg")
+    kinds(folder / "kinds")
     Image.new("1", (2048, 1)).save(folder / "wide.png")
     Image.new("L", (8, 2049)).save(folder / "high.jpg")
     Image.new("P", (2048, 2)).save(folder / "wide.gif")
