@@ -1,4 +1,4 @@
-// The video control, with the desktop's driver, and the calls for sounds, by what their driver is asked for.
+// The video control, with the desktop's driver.
 #include "media.h"
 #include "view_project.h"
 
@@ -45,21 +45,4 @@ TEST_CASE("a video control plays the project's clips in its box, and goes with i
         zof_view_set_dis_view(view);
         screen_step(200);
     }
-}
-
-TEST_CASE("sounds are found under sound/, and their states and volumes are the driver's") {
-    view_project_t project;
-    project.open(320, 240);
-    CHECK(zof_audio_set_src("a.wav") == -1); // no driver yet
-    static std::string asked;
-    static const zof_drv_audio_ops_t ops = {.set_src = [](const char *path) { return asked = path, 0; },
-                                            .set_state = [](u32 state) { return state < 4 ? 0 : -1; },
-                                            .set_volum = [](u8 volume) { return (s32)volume; }};
-    zof_drv_audio_reg(&ops);
-    CHECK(zof_audio_set_src("a.wav") == 0);
-    CHECK(asked == project.path("sound/a.wav"));
-    CHECK(zof_audio_set_src("D:b.wav") == 0);
-    CHECK(contains(asked, "/disk/D/b.wav"));
-    CHECK(zof_audio_set_src(nullptr) == -1);
-    CHECK(zof_audio_set_state(9) == -1);
 }
