@@ -330,3 +330,20 @@ TEST_CASE("a picture turned and zoomed around a far pivot lies beyond what is dr
         }
     }
 }
+
+TEST_CASE("a letter of a font file is drawn once") {
+    screen_open(100, 100);
+    lv_ft_info_t file = {};
+    file.name = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+    file.weight = 100;
+    REQUIRE(lv_ft_font_init(&file));
+    const auto letter = [&](u32 code) {
+        lv_font_glyph_dsc_t dsc;
+        lv_font_get_glyph_dsc(file.font, &dsc, code, 0);
+        return lv_font_get_glyph_bitmap(file.font, code);
+    };
+    const u8 *first = letter('w');
+    letter('v');
+    CHECK(letter('w') == first);
+    lv_ft_font_destroy(file.font);
+}
