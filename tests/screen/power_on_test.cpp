@@ -59,24 +59,6 @@ TEST_CASE("the overlay's rate is refreshes over the time of the runs that made t
     CHECK(contains(overlay(), "fps: 75 \nusedmem: "));
 }
 
-TEST_CASE("nothing is shown without a bit of its own, and a missing version is no line") {
-    temp_project_t project;
-    zof_prj_t *prj = project_showing(&project, ZOF_SHOW_BOTTOM);
-    screen_step(2000);
-    CHECK(overlay() == "-");
-    prj->attr->show_en = ZOF_SHOW_APP_VER;
-    zof_free(prj->attr->comp_time);
-    prj->attr->comp_time = nullptr;
-    zof_func_show_prj_para();
-    screen_step(1100);
-    CHECK(overlay() == "");
-    for (const auto &[value, want] : {std::pair{999, "999"}, {2000005, "2,000,005"}, {INT32_MIN, "-2147,483,648"}}) {
-        char text[16] = {};
-        _memsize_format(value, text);
-        CHECK(std::string(text) == want);
-    }
-}
-
 static void refused_at_the_end(u32 ms) {
     screen_now += ms;
     if (screen_now > 5000) {

@@ -1,4 +1,4 @@
-// Arcs, bars, sliders, spin boxes and lines.
+// Arcs, bars, sliders and spin boxes.
 #include "view_project.h"
 
 static std::string range(s32 min, s32 max) {
@@ -12,32 +12,16 @@ TEST_CASE("equal ends are drawn and dragged as one value") {
     project.show({ctrl(ZOF_CTRL_SLIDER, 2, range(5, 5), box(0, 0, 200, 20)),
                   ctrl(ZOF_CTRL_ARC, 3, arc, box(0, 50, 100, 100)),
                   ctrl(ZOF_CTRL_BAR, 4, range(0, 9), box(0, 160, 100, 20)),
-                  ctrl(ZOF_CTRL_SLIDER, 5, range(10, 0), box(0, 190, 200, 20)),
                   ctrl(ZOF_CTRL_SLIDER, 6, range(0, 9), box(0, 215, 20, 20),
                        R"({"body_t": {"padding": {"left": 10, "right": 10}}})")}); // no room between its ends
     CHECK(zof_bar_set_range(at(4), 7, 7) == 0);
     screen_step(50);
     screen_drag(100, 10, 190, 10, 3);
     screen_drag(95, 100, 50, 145, 3);
-    screen_drag(20, 200, 180, 200, 3);
     screen_drag(5, 225, 15, 225, 3);
     CHECK(zof_slider_get_value(at(2)) == 5);
     CHECK(zof_bar_get_value(at(4)) == 7);
     CHECK(zof_arc_get_value(at(3)) == 5);
-}
-
-TEST_CASE("a value slides only with an animation time, and stays within the range") {
-    view_project_t project(
-        {ctrl(ZOF_CTRL_SLIDER, 1, range(0, 100) + R"(, "anim_time": 200)"), ctrl(ZOF_CTRL_SLIDER, 2, range(0, 100))});
-    auto slides = [](u32 id) { return ((lv_bar_t *)at(id)->obj)->cur_value_anim.anim_state >= 0; };
-    zof_slider_set_value(at(1), 100);
-    zof_slider_set_value(at(2), 500);
-    CHECK(slides(1));
-    CHECK_FALSE(slides(2));
-    screen_step(300);
-    CHECK_FALSE(slides(1));
-    zof_slider_set_range(at(2), 0, 50);
-    CHECK(zof_slider_get_value(at(2)) == 50);
 }
 
 TEST_CASE("an arc has its change rate from its range, its pictures as copies, and a knob only if it wants one") {
@@ -86,14 +70,4 @@ TEST_CASE("a spin box keeps its format, its step, and its end") {
     screen_click(50, 120);
     screen_click(50, 180); // one digit: a click finds it, and ends
     CHECK(zof_spinbox_get_value(at(3)) == 0);
-}
-
-TEST_CASE("a line shows the points that it is given") {
-    view_project_t project(
-        {ctrl(ZOF_CTRL_LINE, 1, R"("dis_t": {"color": 16711680, "width": 4, "opa": 255})", box(10, 10, 5, 5))});
-    static const lv_point_t points[] = {{0, 10}, {100, 10}};
-    CHECK(zof_line_set_points(at(1), points, 2) == 0);
-    CHECK(screen_pixel(60, 20) == 0xFF0000);
-    CHECK(zof_line_set_points(at(1), nullptr, 0) == 0);
-    CHECK(screen_pixel(60, 20) == 0);
 }

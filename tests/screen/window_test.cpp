@@ -1,10 +1,9 @@
-// The window: what is copied into it, how events become touches, brightness and zoom.
+// The window: what is copied into it, how events become touches and zoom.
 #include <SDL2/SDL.h>
 
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <thread>
 #include <tuple>
 
 #include "screen_fixture.h"
@@ -148,18 +147,6 @@ TEST_CASE("a picture as large as the screen opens at half scale, and positions a
     CHECK(pointer() == pointer_state{true, 300, 100});
 }
 
-TEST_CASE("brightness dims by percent, from any thread") {
-    screen_open(60, 40);
-    zof_disp_set_bright(101);
-    CHECK(sdl_bright_get() == 1); // 257 in 8 bits
-    std::thread([] { zof_disp_set_bright(100); }).join();
-    CHECK(sdl_bright_get() == 1);
-    screen_step(20);
-    CHECK(sdl_bright_get() == 255);
-    zof_drv_disp_reg(nullptr);
-    CHECK(zof_disp_set_bright(50) == -1);
-}
-
 TEST_CASE("closing the window ends the process with status 0") {
     const pid_t child = fork();
     if (child == 0) {
@@ -202,8 +189,6 @@ TEST_CASE("the touch hook tells press, hold and release, nothing without a press
     }
     zof_touch_count_get_irq(&press, &release);
     CHECK(press * 10 + release == 31); // a release counts after a press only
-    zof_touch_count_clear();
-    CHECK(zof_touch_count_set_irq(1) == -1);
     zof_touch_count_free();
 
     // Turned displays: as LVGL turns the same point.
@@ -229,29 +214,26 @@ TEST_CASE("the picture's place follows the project's size, turn, margins and mod
     CHECK(zof_disp_get_screen_pos(&pos, &size) == -1); // it covers the screen
     d->scn_w = 800;
     d->scn_h = 480;
-    const s32 turns[][3] = {{1, 320, 240}, {2, 320, 320}, {2, 0, 800}}; // turn, width, width that is drawn
-    for (const auto &[rotate, width, drawn] : turns) {
-        prj->attr->rotate = (u32)rotate;
-        prj->attr->width = width;
-        zof_disp_init_draw_size();
-        CHECK(zof_disp_get_draw_size()->w == drawn);
-    }
-
     const struct {
-        s32 width; // of a project that is 240 high
+        s32 turn, width; // of a project that is 240 high
         u16 left, top;
         u8 mode;
+        s32 drawn; // its width
         u32 w, h;
-    } places[] = {{320, 10, 20, 0, 780, 440},
-                  {320, 10, 20, 1, 320, 240},
-                  {1000, 10, 20, 1, 780 * 1000 / 1240, 440 * 240 / 1240}, // too wide: shares of the sum of its sides
-                  {1000, 500, 300, 0, 0, 0}};                             // margins wider than the screen
-    for (const auto &p : places) {
-        CAPTURE(&p - places);
-        prj->attr->width = p.width;
-        prj->attr->hw_t.dis_t = {p.left, p.top, p.mode};
+    } rows[] = {{1, 320, 10, 20, 0, 240, 780, 440},
+                {2, 0, 10, 20, 0, 800, 780, 440},
+                {2, 320, 10, 20, 1, 320, 320, 240},
+                {2, 1000, 10, 20, 1, 1000, 780 * 1000 / 1240, 440 * 240 / 1240}, // shares of the sum of its sides
+                {2, 1000, 500, 300, 0, 1000, 0, 0}};                             // margins wider than the screen
+    for (const auto &row : rows) {
+        CAPTURE(&row - rows);
+        prj->attr->rotate = (u32)row.turn;
+        prj->attr->width = row.width;
+        prj->attr->hw_t.dis_t = {row.left, row.top, row.mode};
+        zof_disp_init_draw_size();
+        CHECK(zof_disp_get_draw_size()->w == row.drawn);
         CHECK(zof_disp_init_screen_pos() == 0);
         zof_disp_get_screen_pos(&pos, &size);
-        CHECK((pos.w == p.left && size.w == p.w && size.h == p.h));
+        CHECK((pos.w == row.left && size.w == row.w && size.h == row.h));
     }
 }
