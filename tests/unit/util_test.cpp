@@ -1,34 +1,24 @@
-// Numbers in texts, and periodic tasks.
+// Numbers in texts, and the buffer between a line and its client.
 #include "zof_test.h"
 
 #include <string>
 
 TEST_CASE("a number stops at the first character that is none and saturates") {
     std::string got;
-    for (const char *text :
-         {"-17", "+5x9", " 5", "--5", "", (const char *)nullptr, "2147483648", "-2147483648", "-99999999999"}) {
+    for (const char *text : {"-17", "+5x9", " 5", "", (const char *)nullptr, "2147483648", "-99999999999"}) {
         got += std::to_string(zof_atoi(text)) + " ";
     }
-    CHECK(got == "-17 5 0 0 0 0 2147483647 -2147483648 -2147483648 ");
+    CHECK(got == "-17 5 0 0 0 2147483647 -2147483648 ");
 }
 
-TEST_CASE("a task runs by its period, pauses, runs when it is made ready, and once") {
-    lv_init();
-    static int runs = 0;
-    const auto turn = [](zof_task_t *ready) {
-        zof_task_ready(ready);
-        lv_timer_handler();
-        return runs;
-    };
-    zof_task_t *task =
-        zof_task_create([](zof_task_t *t) { ++*static_cast<int *>(zof_task_get_user_data(t)); }, 10000, &runs);
-    CHECK(turn(nullptr) == 0);
-    CHECK(turn(task) == 1);
-    zof_task_set_cb_pause(task);
-    CHECK(turn(task) == 1);
-    zof_task_set_cb_resume(task);
-    zof_task_set_cb(task, nullptr); // keeps the callback
-    zof_task_once(task);
-    CHECK(turn(task) == 2);
-    CHECK(turn(nullptr) == 2); // the task deleted itself
+TEST_CASE("a chunk or a tail that does not fit is dropped whole, and the half that a client holds stays intact") {
+    pipo_buff *b = pipo_buff_create(4, 2);
+    CHECK(pipo_buff_set_pi(b, (const u8 *)"one", 3) == 0);
+    CHECK(pipo_buff_set_pi(b, (const u8 *)"xy", 2) == -1);
+    CHECK(pipo_buff_set_pi_topbuf(b, (const u8 *)"bc", 2) == 0);
+    CHECK(pipo_buff_set_pi_topbuf(b, (const u8 *)"def", 3) == -1);
+    const pipo_half *held = pipo_buff_get_pi_and_switch(b);
+    pipo_buff_set_pi(b, (const u8 *)"two", 3);
+    CHECK(std::string(held->read, held->read + held->t_len + held->len) == "bcone");
+    CHECK(pipo_buff_delete(b) == 0);
 }
