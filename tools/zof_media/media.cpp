@@ -83,7 +83,8 @@ static AVCodecContext *audio_codec(const media_clip &clip, AVCodecID id, bool gl
     if (!c) {
         return nullptr;
     }
-    c->sample_fmt = AV_SAMPLE_FMT_FLTP; // which all of them take, whatever they like best
+    // All but WAV's take these, whatever they like best.
+    c->sample_fmt = id == AV_CODEC_ID_PCM_S16LE ? AV_SAMPLE_FMT_S16 : AV_SAMPLE_FMT_FLTP;
     c->sample_rate = clip.sample_rate;
     c->time_base = {1, clip.sample_rate};
     c->bit_rate = 96000;
@@ -146,7 +147,12 @@ static bool sound_write(AVFormatContext *format, track *t, const media_clip &cli
     bool good = av_frame_get_buffer(frame, 0) == 0;
     for (s32 i = 0; good && i < frame->nb_samples; i++) {
         for (s32 ch = 0; ch < clip.channels; ch++) {
-            ((float *)frame->extended_data[ch])[i] = (float)tone(clip, t->next + i);
+            const double v = tone(clip, t->next + i);
+            if (t->codec->sample_fmt == AV_SAMPLE_FMT_FLTP) {
+                ((float *)frame->extended_data[ch])[i] = (float)v;
+            } else {
+                ((s16 *)frame->extended_data[0])[i * clip.channels + ch] = (s16)lrint(v * 32767);
+            }
         }
     }
     t->next += frame->nb_samples;
