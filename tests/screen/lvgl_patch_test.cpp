@@ -347,3 +347,22 @@ TEST_CASE("a letter of a font file is drawn once") {
     CHECK(letter('w') == first);
     lv_ft_font_destroy(file.font);
 }
+
+TEST_CASE("an animation may be deleted by whom it calls, and a slider may hold other controls") {
+    screen_open(100, 60);
+    static s32 vars[2];
+    lv_anim_t anim;
+    lv_anim_init(&anim);
+    const auto start = [&](s32 *var) {
+        lv_anim_set_var(&anim, var);
+        return lv_anim_start(&anim);
+    };
+    lv_anim_set_exec_cb(&anim, [](void *var, s32 value) { value ? (void)lv_anim_del(var, nullptr) : (void)value; });
+    start(&vars[0]);
+    screen_step(200);
+    start(&vars[0])->deleted_cb = [](lv_anim_t *) { lv_anim_del(&vars[1], nullptr); };
+    start(&vars[1])->deleted_cb = [](lv_anim_t *) { lv_anim_del(&vars[0], nullptr); };
+    lv_anim_del(&vars[1], nullptr);
+    CHECK(lv_anim_count_running() == 0);
+    lv_roller_create(lv_slider_create(lv_scr_act())); // tells the slider of a child of its own
+}
