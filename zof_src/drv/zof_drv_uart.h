@@ -56,9 +56,9 @@ typedef void (*uart_rev_bfun)(u8 *data, u32 size);                // thread "zof
 typedef void (*uart_hmi_rev_bfun)(u8 *data, u32 size, void *arg); // thread "zof uart hmi", no lock held
 
 // Opens a port and starts its reader thread, or gives the open port's handle with the new line settings; its threads
-// and clients are kept. `cfg->port` becomes the number chosen. Null for no port number, one above 255, settings out of
-// range (an open line stays as it was), and a line that cannot be opened. The handle lives for ever. Opening and the
-// registrations below belong to one thread, the main one.
+// and clients are kept. The number of a port that was not open is written into `cfg->port`. Null for no port number,
+// one above 255, settings out of range (an open line stays as it was), and a line that cannot be opened. The handle
+// lives for ever. Opening and the registrations below belong to one thread, the main one.
 zof_drv_t *zof_drv_uart_open(zof_uart_cfg_t *cfg);
 
 // Silences both clients; line, threads and handle stay for a later open, after which the register link's callback must

@@ -15,7 +15,7 @@ static void half_reset(pipo_buff *b, pipo_half *half) {
 }
 
 pipo_buff *pipo_buff_create(u32 size, u32 t_size) {
-    auto *b = (pipo_buff *)zof_malloc(sizeof(pipo_buff));
+    auto *b = size ? (pipo_buff *)zof_malloc(sizeof(pipo_buff)) : nullptr;
     if (!b) {
         return nullptr;
     }
