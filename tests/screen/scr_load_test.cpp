@@ -117,7 +117,7 @@ TEST_CASE("each transition moves, fades and zooms both screens between its two e
 
 TEST_CASE("time, delay and path count, within what a screen can be") {
     two_screens();
-    load(blue, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 0);
+    load(blue, 99);
     CHECK(events == "red unload blue load blue loaded red unloaded ");
 
     load(red, ZOF_SCR_LOAD_ANIM_FADE_IN, TIME, 100);
@@ -126,9 +126,6 @@ TEST_CASE("time, delay and path count, within what a screen can be") {
     screen_step(60);
     CHECK(lv_scr_act() == red);
     screen_step(TIME + 50);
-
-    load(blue, 99);
-    CHECK(lv_scr_act() == blue);
 
     // The end is on the path for all of them, the way is not.
     for (u32 path = 1; path < ZOF_ANIM_PATH_COUNT; path++) {
@@ -149,8 +146,7 @@ TEST_CASE("time, delay and path count, within what a screen can be") {
         zof_scr_load_anim(lv_scr_act() == red ? blue : red, transition, TIME, 0, lv_anim_path_overshoot);
         for (u32 t = 0; t < TIME + 50; t += SCREEN_STEP_MS) {
             screen_step(SCREEN_STEP_MS);
-            CHECK(abs(stand_of(red).zoom - 200) < 200);
-            CHECK(abs(stand_of(blue).zoom - 200) < 200);
+            CHECK(std::max(abs(stand_of(red).zoom - 200), abs(stand_of(blue).zoom - 200)) < 200);
         }
     }
 
