@@ -22,7 +22,6 @@ TEST_CASE("a record sets every property, also those that were left at 0, and onc
     CHECK(prop(style, LV_STYLE_BG_COLOR).color.full == 0xFF223344);
     CHECK(prop(style, LV_STYLE_RADIUS).num == 32767);
     CHECK(prop(style, LV_STYLE_PAD_TOP).num == 0);
-    CHECK(prop(style, LV_STYLE_BG_IMG_SRC).num == -77); // none was named
     record.img_t.bg_img = picture;
     for (int i = 0; i < 3; i++) {
         CHECK(zof_style_create(&record) == style);
@@ -47,25 +46,6 @@ TEST_CASE("the theme that is named first fixes a type's look, and a broken one i
     project.write("config/theme/youth/label.g", "{\"styles\": [\n oops");
     CHECK(contains(printed([] { zof_theme_get_ctrl("youth", ZOF_CTRL_LABEL); }), "label.g:2:"));
     CHECK(printed([] { zof_theme_get_ctrl("youth", ZOF_CTRL_LABEL); }) == ""); // once, not once a label
-}
-
-TEST_CASE("styles of a section are put on the object that is given, and come off every object that wears them") {
-    screen_open(100, 100);
-    zof_style_attr_t main = {.txt_t = {.color = 0x010101}};
-    zof_style_attr_t second = {.style_sect = 1, .txt_t = {.color = 0x020202}};
-    zof_style_attr_t *list[] = {&main, nullptr, &second};
-    lv_obj_t *a = lv_label_create(lv_scr_act()), *b = lv_label_create(lv_layer_top());
-    const auto color = [](lv_obj_t *of) { return lv_obj_get_style_text_color(of, LV_PART_MAIN).full; };
-    const u32 before = color(b);
-    CHECK(zof_ctrl_style_add(a, list, 3, 0) == 0);
-    CHECK(second.lv_style == nullptr); // no object of this control has a second section
-    CHECK(zof_ctrl_style_add(b, list, 3, 1) == 0);
-    CHECK((color(a) == 0xFF010101 && color(b) == 0xFF020202));
-    CHECK((zof_style_del(a, &main) == 0 && zof_style_del(a, &second) == 0));
-    CHECK(color(b) == before);
-    CHECK(zof_ctrl_style_add(nullptr, list, 3, 0) == -1);
-    CHECK(zof_ctrl_style_set_bg_grad_dir(a, 5, LV_PART_MAIN) == 0);
-    CHECK(lv_obj_get_style_bg_grad_dir(a, LV_PART_MAIN) == LV_GRAD_DIR_NONE);
 }
 
 TEST_CASE("another theme changes what controls have from their theme and nothing else") {
