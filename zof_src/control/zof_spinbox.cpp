@@ -44,21 +44,27 @@ s32 zof_spinbox_step_next(zof_ctrl_t *ctrl) {
 }
 
 s32 zof_spinbox_step_prev(zof_ctrl_t *ctrl) {
-    return zof_on(ctrl, &lv_spinbox_class, lv_spinbox_step_prev);
+    return zof_on(ctrl, &lv_spinbox_class, [](lv_obj_t *obj) {
+        if (lv_spinbox_get_step(obj) <= INT32_MAX / 10) // LVGL multiplies in 32 bits
+            lv_spinbox_step_prev(obj);
+    });
 }
 
-// LVGL adds in 32 bits, and on its way through zero it mirrors the value, which may put it outside of the range.
+// LVGL adds in 32 bits, and on its way through zero it mirrors the value, which may put it outside of the range. The
+// value is set once, as each time the control's function is told, which may delete the box.
 static s32 step_by(zof_ctrl_t *ctrl, s32 sign) {
     return zof_on(ctrl, &lv_spinbox_class, [=](lv_obj_t *obj) {
         s64 value = lv_spinbox_get_value(obj);
         s64 step = lv_spinbox_get_step(obj);
+        s64 next = value + sign * step;
         if (LV_ABS(value) + step > INT32_MAX)
-            lv_spinbox_set_value(obj, (s32)LV_CLAMP(INT32_MIN, value + sign * step, INT32_MAX));
+            lv_spinbox_set_value(obj, (s32)LV_CLAMP(INT32_MIN, next, INT32_MAX));
+        else if (value * sign < 0 && next * sign > 0)
+            lv_spinbox_set_value(obj, (s32)(next - 2 * value));
         else if (sign > 0)
             lv_spinbox_increment(obj);
         else
             lv_spinbox_decrement(obj);
-        lv_spinbox_set_value(obj, lv_spinbox_get_value(obj));
     });
 }
 
