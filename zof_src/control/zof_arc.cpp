@@ -12,6 +12,13 @@ static void change_rate_set(lv_obj_t *obj, s32 span) {
         lv_arc_set_change_rate(obj, 2000);
 }
 
+static void paths_free(zof_arc_attr_t *arc) {
+    zof_res_path_free(arc->main_img_path);
+    zof_res_path_free(arc->inc_img_path);
+    arc->main_img_path = nullptr;
+    arc->inc_img_path = nullptr;
+}
+
 s32 zof_arc_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_arc_attr_t *arc = (zof_arc_attr_t *)attr;
     if (!record || !arc)
@@ -26,6 +33,7 @@ s32 zof_arc_create(para_t *record, lv_obj_t *parent, void *attr) {
     lv_arc_set_value(obj, (s16)LV_CLAMP(INT16_MIN, arc->arc_value, INT16_MAX));
     zof_arc_set_dis(record, 0, &arc->arc_t_main);
     zof_arc_set_dis(record, 1, &arc->arc_t_inc);
+    paths_free(arc); // it may be made again, after it went with its parent
     arc->main_img_path = zof_img_path_copy(arc->arc_main_img);
     arc->inc_img_path = zof_img_path_copy(arc->arc_inc_img);
     lv_obj_set_style_arc_img_src(obj, arc->main_img_path, LV_PART_MAIN);
@@ -41,11 +49,7 @@ s32 zof_arc_create(para_t *record, lv_obj_t *parent, void *attr) {
 s32 zof_arc_del(para_t *record) {
     if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_ARC)
         return -1;
-    zof_arc_attr_t *arc = (zof_arc_attr_t *)record->attr;
-    zof_res_path_free(arc->main_img_path);
-    zof_res_path_free(arc->inc_img_path);
-    arc->main_img_path = nullptr;
-    arc->inc_img_path = nullptr;
+    paths_free((zof_arc_attr_t *)record->attr);
     return 0;
 }
 
