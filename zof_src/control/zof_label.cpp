@@ -9,13 +9,12 @@ static zof_label_attr_t *label_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_label_attr_t>(ctrl, ZOF_CTRL_LABEL);
 }
 
-// The scrolling modes start their text at the top again whenever text, size or style changes.
+// LVGL starts a text at the top again with each mode that is set, and in the scrolling modes whenever text, size or
+// style changes.
 static void place_keep(lv_obj_t *obj) {
     const zof_label_attr_t *attr = label_attr(obj);
-    lv_label_t *label = (lv_label_t *)obj;
-    bool scrolls = label->long_mode == LV_LABEL_LONG_SCROLL || label->long_mode == LV_LABEL_LONG_SCROLL_CIRCULAR;
-    if (attr && attr->auto_hight == 1 && scrolls)
-        label->offset.y = attr->txt_y;
+    if (attr && attr->auto_hight == 1)
+        ((lv_label_t *)obj)->offset.y = attr->txt_y;
 }
 
 static void event_place_keep(lv_event_t *e) {
