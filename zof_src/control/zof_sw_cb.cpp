@@ -21,8 +21,9 @@ s32 zof_sw_create(para_t *record, lv_obj_t *parent, void *attr) {
     record->obj = lv_switch_create(parent);
     if (!record->obj)
         return -1;
-    if (sw->pub_t.size.width == sw->pub_t.size.height)
-        sw->pub_t.size.width++; // LVGL's switch must not be square
+    zof_size_t *size = &sw->pub_t.size;
+    if (size->width == size->height && !LV_COORD_IS_SPEC(size->width))
+        size->width++; // LVGL's switch must not be square
     zof_ctrl_pub_attr(record, &sw->pub_t);
     lv_obj_set_style_anim_time(record->obj, sw->anim_time, LV_PART_MAIN);
     zof_ctrl_style_add(record, sw->pub_t.style_list, sw->pub_t.style_num, 0);
