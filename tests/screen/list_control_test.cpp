@@ -79,6 +79,9 @@ TEST_CASE("a drop list is opened, chosen from and changed, open or closed") {
     screen_step(50);
     screen_click(240, lv_dropdown_get_list(at(2)->obj)->coords.y1 + 4);
     CHECK(zof_droplist_get_selected(at(2)) == 0);
+    zof_droplist_open(at(2));
+    zof_ctrl_set_hidden(at(2), ZOF_TRUE);
+    CHECK(lv_dropdown_is_open(at(2)->obj) == false);
 }
 
 TEST_CASE("a roller turns to what is asked or touched, and keeps its mode and its place") {

@@ -62,6 +62,8 @@ s32 zof_ctrl_get_y(zof_ctrl_t *ctrl);
 s32 zof_ctrl_set_size(zof_ctrl_t *ctrl, s32 width, s32 height);
 s32 zof_ctrl_get_width(zof_ctrl_t *ctrl);
 s32 zof_ctrl_get_height(zof_ctrl_t *ctrl);
+
+// Hiding closes the drop lists that are open within the control.
 s32 zof_ctrl_set_hidden(zof_ctrl_t *ctrl, zof_bool hidden);
 s32 zof_ctrl_get_hidden(zof_ctrl_t *ctrl);
 s32 zof_ctrl_set_alpha(zof_ctrl_t *ctrl, u8 alpha);

@@ -34,8 +34,19 @@ s32 zof_ctrl_get_height(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, lv_obj_get_height);
 }
 
+// An open drop list lies on the screen, not within its control, so it would stay when that is hidden.
+static lv_obj_tree_walk_res_t list_close(lv_obj_t *obj, void *) {
+    if (lv_obj_has_class(obj, &lv_dropdown_class) && lv_dropdown_is_open(obj))
+        lv_dropdown_close(obj);
+    return LV_OBJ_TREE_WALK_NEXT;
+}
+
 s32 zof_ctrl_set_hidden(zof_ctrl_t *ctrl, zof_bool hidden) {
-    return zof_on(ctrl, [=](lv_obj_t *obj) { zof_obj_flag_set(obj, LV_OBJ_FLAG_HIDDEN, hidden); });
+    return zof_on(ctrl, [=](lv_obj_t *obj) {
+        zof_obj_flag_set(obj, LV_OBJ_FLAG_HIDDEN, hidden);
+        if (hidden)
+            lv_obj_tree_walk(obj, list_close, nullptr);
+    });
 }
 
 s32 zof_ctrl_get_hidden(zof_ctrl_t *ctrl) {
