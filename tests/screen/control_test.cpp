@@ -216,6 +216,9 @@ TEST_CASE("any LVGL object is a handle, and every operation is harmless without 
     CHECK(zof_ctrl_get_attr_from_ctrl(nullptr) == (void *)(intptr_t)-1);
     CHECK(zof_label_set_txt(at(1), "not a label") == -1);
     CHECK(zof_ctrl_move_forground(zof_view_list_get(1)) == -1); // it is in nobody's list of children
+    CHECK(zof_ctrl_set_align(zof_view_list_get(1), label, 0, 0, 0) == -1);
+    zof_ctrl_zoom_set(at(1), 0); // LVGL divides by it
+    screen_click(10, 10);
     para_t empty = {};
     for (zof_ctrl_t *c : {(zof_ctrl_t *)nullptr, (zof_ctrl_t *)&empty}) {
         all_refuse(c, zof_ctrl_set_pos, zof_ctrl_get_x, zof_ctrl_set_size, zof_ctrl_set_hidden, zof_ctrl_set_alpha,

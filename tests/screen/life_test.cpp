@@ -107,6 +107,8 @@ TEST_CASE("controls may be deleted in their own events") {
         each([&](para_t *) { gone++; });
         deadly = row.event;
         touch_all();
+        zof_spinbox_increment(at(SPIN));
+        each([](para_t *c) { zof_ctrl_scroll_set(c, 9, 9, 0); });
         screen_step(600);
         each([&](para_t *) { gone--; });
         CAPTURE(row.event);

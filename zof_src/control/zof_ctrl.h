@@ -104,7 +104,7 @@ s32 zof_ctrl_force_refresh(zof_ctrl_t *ctrl);
 // further.
 s32 zof_ctrl_rotate_angel(zof_ctrl_t *ctrl, s32 x, s32 y, u16 angle);
 
-// Shift in pixels; zoom, 256 is 100 %.
+// Shift in pixels; zoom, 256 is 100 %, kept within 1 and 32767.
 s32 zof_ctrl_translate_x(zof_ctrl_t *ctrl, s32 x);
 s32 zof_ctrl_translate_y(zof_ctrl_t *ctrl, s32 y);
 s32 zof_ctrl_zoom_set(zof_ctrl_t *ctrl, u32 zoom);

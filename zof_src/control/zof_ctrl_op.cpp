@@ -71,7 +71,12 @@ s32 zof_ctrl_set_align(zof_ctrl_t *ctrl, zof_ctrl_t *base, u32 align, s32 x, s32
     lv_obj_t *to = zof_ctrl_obj(base);
     if (!to)
         return -1;
-    return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_align_to(obj, to, (lv_align_t)align, x, y); });
+    return zof_on(ctrl, [=](lv_obj_t *obj) {
+        if (!lv_obj_get_parent(obj)) // a view's own object
+            return -1;
+        lv_obj_align_to(obj, to, (lv_align_t)align, x, y);
+        return 0;
+    });
 }
 
 // A view's own object has no parent in which it could move.
@@ -146,7 +151,11 @@ s32 zof_ctrl_scroll_view(zof_ctrl_t *ctrl, u32 animate) {
 }
 
 s32 zof_ctrl_scroll_set(zof_ctrl_t *ctrl, s32 x, s32 y, u32 animate) {
-    return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_scroll_to(obj, x, y, anim(animate)); });
+    return zof_on(ctrl, [=](lv_obj_t *obj) {
+        lv_obj_scroll_to_x(obj, x, anim(animate));
+        if (lv_obj_is_valid(obj)) // its events may have deleted it
+            lv_obj_scroll_to_y(obj, y, anim(animate));
+    });
 }
 
 s32 zof_ctrl_scroll_get_x(zof_ctrl_t *ctrl) {
@@ -197,8 +206,10 @@ s32 zof_ctrl_translate_y(zof_ctrl_t *ctrl, s32 y) {
     return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_set_style_translate_y(obj, y, LV_PART_MAIN); });
 }
 
+// LVGL takes the zoom in 16 bits, and divides by it.
 s32 zof_ctrl_zoom_set(zof_ctrl_t *ctrl, u32 zoom) {
-    return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_set_style_transform_zoom(obj, (lv_coord_t)zoom, LV_PART_MAIN); });
+    s16 kept = (s16)LV_CLAMP(1u, zoom, (u32)INT16_MAX);
+    return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_set_style_transform_zoom(obj, kept, LV_PART_MAIN); });
 }
 
 s32 zof_ctrl_zoom_pivot(zof_ctrl_t *ctrl, s32 x, s32 y) {
