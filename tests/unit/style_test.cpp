@@ -1,38 +1,6 @@
 // Styles and themes: from records to LVGL styles, and who owns what on the way.
 #include "view_project.h"
 
-static lv_style_value_t prop(lv_style_t *style, lv_style_prop_t id) {
-    lv_style_value_t value = {.num = -77};
-    lv_style_get_prop(style, id, &value);
-    return value;
-}
-
-TEST_CASE("a record sets every property, also those that were left at 0, and once more without a loss") {
-    temp_project_t project;
-    REQUIRE(project.open());
-    lv_init();
-    u32 used = zof_mem_count();
-    u32 lv_used = zof_lv_mem_count();
-    char picture[] = "back.png";
-    zof_style_attr_t record = {};
-    record.body_t.main_color = 0x11223344;
-    record.body_t.radius = UINT32_MAX;
-    lv_style_t *style = zof_style_create(&record);
-    REQUIRE(style);
-    CHECK(prop(style, LV_STYLE_BG_COLOR).color.full == 0xFF223344);
-    CHECK(prop(style, LV_STYLE_RADIUS).num == 32767);
-    CHECK(prop(style, LV_STYLE_PAD_TOP).num == 0);
-    record.img_t.bg_img = picture;
-    for (int i = 0; i < 3; i++) {
-        CHECK(zof_style_create(&record) == style);
-        CHECK(zof_style_get_lv_value(&record, style) == 0);
-    }
-    CHECK((const char *)prop(style, LV_STYLE_BG_IMG_SRC).ptr == project.path("image/back.png"));
-    CHECK(zof_style_del(nullptr, &record) == 0);
-    CHECK(zof_style_del(nullptr, &record) == -1);
-    CHECK((zof_mem_count() == used && zof_lv_mem_count() == lv_used));
-}
-
 TEST_CASE("the theme that is named first fixes a type's look, and a broken one is told once") {
     temp_project_t project;
     REQUIRE(project.open());
