@@ -59,6 +59,10 @@ TEST_CASE("controls come and go with their view and leave nothing behind") {
     for (u32 turn = 0; turn < 20; turn++) {
         printed([] { zof_view_set_dis_view(1); }); // no driver plays the video, which is told
         touch_all();
+        for (u32 id : {LIST, DROP, ROLLER}) { // may go with its parent's object and be made again
+            lv_obj_del(at(id)->obj);
+            zof_ctrl_show(1, id);
+        }
         zof_list_add_btn(at(LIST), "red.png", "#hello");
         zof_droplist_add_option(at(DROP), "more", 1);
         zof_droplist_open(at(DROP));
@@ -72,6 +76,7 @@ TEST_CASE("controls come and go with their view and leave nothing behind") {
         zof_qrcode_updata_data(at(QR), "another text");
         screen_step(60);
         zof_lang_set(turn % 2 ? "en" : "de");
+        CHECK(str(zof_list_get_index_str(at(LIST), 2)) == (turn % 2 ? "hello" : "a longer hello"));
         zof_view_set_dis_view(2);
         screen_step(60);
         each([](para_t *) { CHECK(false); });

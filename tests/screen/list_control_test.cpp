@@ -117,23 +117,6 @@ TEST_CASE("a roller turns to what is asked or touched, and keeps its mode and it
     screen_step(600);
 }
 
-TEST_CASE("lists that went with their parent and are made again follow the language") {
-    view_project_t project;
-    looks_open(project);
-    project.show({ctrl(ZOF_CTRL_LIST, 1, R"("btns_t": [{"txt": "#low"}])"), ctrl(ZOF_CTRL_DROPLIST, 2, modes),
-                  ctrl(ZOF_CTRL_ROLLIST, 3, modes)});
-    zof_list_add_btn(at(1), nullptr, "#off");
-    for (u32 id : {1, 2, 3}) {
-        lv_obj_del(at(id)->obj);
-        CHECK(zof_ctrl_show(1, id) == at(id));
-    }
-    zof_list_add_btn(at(1), nullptr, "#high");
-    zof_lang_set("de");
-    CHECK(std::string(zof_list_get_index_str(at(1), 1)) == "Hohe Leistung");
-    CHECK(shown(at(2)) == "Aus");
-    CHECK(shown(at(3)) == "Aus");
-}
-
 // One row a picture.
 // clang-format off
 TEST_CASE("pictures of lists") {
