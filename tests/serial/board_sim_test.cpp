@@ -12,17 +12,13 @@
 // A quiet box whose registers the test sees.
 struct seen_board {
     board box;
-    std::map<u16, std::vector<u16>> regs; // every value written to a register, in order
-    std::vector<u16> order;               // the registers, as they were written
+    std::map<u16, u16> regs; // the value last written to a register
 
     explicit seen_board(const std::string &settings_file = "") {
         box.rails = board_default_rails();
         box.noise = false;
         box.settings_file = settings_file;
-        box.write = [this](u16 addr, const std::vector<u16> &words) {
-            order.push_back(addr);
-            regs[addr].insert(regs[addr].end(), words.begin(), words.end());
-        };
+        box.write = [this](u16 addr, const std::vector<u16> &words) { regs[addr] = words.back(); };
         board_power_up(box);
     }
 };
@@ -39,40 +35,24 @@ static void settle(board &box, double ms) {
     }
 }
 
-TEST_CASE("board: a rail ramps up behind its load, and energy is power over time") {
+TEST_CASE("board: a rail ramps up behind its load, folds back at its limit, and energy is power over time") {
     seen_board s;
     tell(s, {{REG_RAIL_SELECT, 4}, {REG_OUT_REQ, 1}});
     board_step(s.box, 100);
     CHECK((s.box.mv > 0 && s.box.mv < 20000)); // on its way
     settle(s.box, 1000);
-    CHECK(s.regs[REG_LIVE_MV].back() == 20000);
-    CHECK(s.regs[REG_LIVE_MA].back() == 2000);
+    CHECK((s.regs[REG_LIVE_MV] == 20000 && s.regs[REG_LIVE_MA] == 2000));
     tell(s, {{REG_SESS_RESET, 1}});
-    CHECK(s.regs[REG_SESS_MWH_LO].back() == 0);
     settle(s.box, 3600e3 * 2); // 40 W for two hours
-    const u32 mwh = s.regs[REG_SESS_MWH_LO].back() | (u32)s.regs[REG_SESS_MWH_HI].back() << 16;
+    const u32 mwh = s.regs[REG_SESS_MWH_LO] | (u32)s.regs[REG_SESS_MWH_HI] << 16;
     CHECK((mwh >= 79999 && mwh <= 80000));
-    tell(s, {{REG_OUT_REQ, 0}});
-    CHECK(s.regs[REG_OUT_STATE].back() == 0);
-    settle(s.box, 1000);
-    CHECK(s.regs[REG_LIVE_MV].back() == 0);
-}
-
-TEST_CASE(
-    "board: at its current limit a source folds back, and what an adjustable rail was asked for is kept to its range") {
-    seen_board s;
-    tell(s, {{REG_ADJ_MV, 12000}, {REG_ADJ_MA, 1000}, {REG_RAIL_SELECT, 7}, {REG_OUT_REQ, 1}});
+    tell(s, {{REG_ADJ_MV, 12000}, {REG_ADJ_MA, 1000}, {REG_RAIL_SELECT, 7}});
     s.box.load.ohms = 6;
     settle(s.box, 2000);
-    CHECK(s.regs[REG_LIVE_MV].back() == 6000);
-    s.box.load.amperes = 3; // a constant current that the source cannot give pulls it down
-    settle(s.box, 2000);
-    CHECK(s.regs[REG_LIVE_MV].back() <= 500);
-    s.box.load = {100, 0};
-    tell(s, {{REG_ADJ_MV, 60000}, {REG_RAIL_SELECT, 7}});
-    settle(s.box, 2000);
-    CHECK(s.regs[REG_LIVE_MV].back() == 21000);
-    CHECK(!board_select(s.box, 13));
+    CHECK(s.regs[REG_LIVE_MV] == 6000);
+    tell(s, {{REG_OUT_REQ, 0}});
+    settle(s.box, 1000);
+    CHECK((s.regs[REG_OUT_STATE] == 0 && s.regs[REG_LIVE_MV] == 0));
 }
 
 TEST_CASE("board: settings outlive the box, and its output comes back only when it is asked to") {
@@ -83,33 +63,11 @@ TEST_CASE("board: settings outlive the box, and its output comes back only when 
     seen_board again(file);
     CHECK((again.box.rail == 7 && again.box.target_mv == 12000 && again.box.limit_ma == 2500)); // not the rail's most
     CHECK(!again.box.on);
-    tell(again, {{REG_SETTINGS_REQUEST, 1}, {REG_BOOT_STATE, 1}, {REG_OUT_REQ, 1}});
-    CHECK(again.regs[REG_BRIGHT].back() == 10); // 5 is below what it takes
-    seen_board on(file);
-    CHECK(on.box.on);
-    tell(on, {{REG_OUT_REQ, 0}, {REG_AUTO_ARM, 1}});
-    seen_board armed(file);
-    CHECK(!armed.box.on); // power-on is no choice of a rail
-    tell(armed, {{REG_RAIL_SELECT, 1}});
-    CHECK(armed.box.on);
+    tell(again, {{REG_BOOT_STATE, 1}, {REG_OUT_REQ, 1}});
+    CHECK(seen_board(file).box.on);
     std::ofstream(file) << "brightness = 70\nlast_rail = 99999\nnonsense";
     seen_board broken(file);
     CHECK((broken.box.settings.bright == 70 && broken.box.rail == 0));
-}
-
-TEST_CASE("board: the rail table comes before its commit, and a rail that it lost is given up with the output") {
-    seen_board s;
-    tell(s, {{REG_RAIL_SELECT, 7}, {REG_OUT_REQ, 1}});
-    s.order.clear();
-    s.regs.clear();
-    tell(s, {{REG_RAIL_REQUEST, 1}});
-    CHECK(s.order == std::vector<u16>{REG_RAIL_BASE, REG_RAIL_COUNT, REG_RAIL_ACTIVE, REG_RAIL_COMMIT});
-    CHECK(s.regs[REG_RAIL_BASE].size() == 13 * 4);
-    board_set_rails(s.box, {{RAIL_FIX, 5000, 5000, 3000}});
-    CHECK(s.regs[REG_RAIL_ACTIVE].back() == RAIL_NONE);
-    CHECK((!s.box.on && s.order.back() == REG_RAIL_COMMIT));
-    board_output(s.box, true); // nothing to switch on
-    CHECK(!s.box.on);
 }
 
 // What the program prints, on both channels, and how it ends.
@@ -134,8 +92,6 @@ TEST_CASE("board: --help tells every fault, and what it cannot do is refused wit
     }
     temp_project_t folder;
     folder.write("time", "# first\n100 load 5\n50 quit\n");
-    folder.write("word", "0 explode\n");
-    folder.write("read", "0 read 16\n");
     folder.write("file", "mine");
     REQUIRE(symlink("/nowhere", folder.path("old").c_str()) == 0);
     // What can only be seen when it is done is said then, and the rest goes on.
@@ -145,13 +101,8 @@ TEST_CASE("board: --help tells every fault, and what it cannot do is refused wit
         int status;
         std::string line;
     } rows[] = {{"--fault flood=1e12", 2, "knows no \"flood=1e12\""},
-                {"--fault late=nan", 2, "knows no \"late=nan\""},
                 {"--load nan", 2, "--load wants"},
                 {"--script " + folder.path("time"), 2, "time:3: a time"},
-                {"--script " + folder.path("word"), 2, "word:1: there is no such command"},
-                {"--script " + folder.path("read"), 2, "read:1: wanted: read ADDR COUNT"},
-                {"--script " + folder.path("none"), 2, "cannot be read"},
-                {"--script " + folder.path("script"), 0, ":1: it cannot be done"},
                 {"--script " + folder.path("script"), 0, ":4: it cannot be done"},
                 {"--seconds 0.05 --link " + folder.path("file"), 1, "File exists"},
                 {"--seconds 0.05 --link " + folder.path("old"), 0, ""}}; // an old link is taken over
