@@ -83,17 +83,13 @@ TEST_CASE("a press reaches the hook and the control's function, which may delete
 TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
     view_project_t project;
     project.image("a.png", 100, 40, 0xFF0000);
-    ctrl_funs.clear();
-    for (u32 id = 1; id <= 6; id++) {
-        ctrl_funs.push_back({id, on_event});
-    }
+    ctrl_funs = {{1, on_event}, {2, on_event}, {3, on_event}, {4, on_event}, {5, on_event}};
     const std::string no_scroll = R"(, "scrollbar_t": {"dir_e": 0})";
     project.show({ctrl(ZOF_CTRL_LABEL, 1, R"("auto_hight": 1)", box(0, 0, 100, 40)),
                   ctrl(ZOF_CTRL_BTN, 2, "", box(0, 40, 100, 40) + no_scroll),
                   ctrl(ZOF_CTRL_OBJ, 3, "", box(0, 80, 100, 40) + no_scroll),
                   ctrl(ZOF_CTRL_IMG, 4, R"("init_img": "a.png")", box(0, 120, 100, 40)),
-                  ctrl(ZOF_CTRL_IMGBTN, 5, R"("img_rel": "a.png")", box(0, 160, 100, 40)),
-                  ctrl(ZOF_CTRL_SLIDER, 6, R"("minValue": 0, "maxValue": 100)", box(200, 20, 100, 20))});
+                  ctrl(ZOF_CTRL_IMGBTN, 5, R"("img_rel": "a.png")", box(0, 160, 100, 40))});
     const s32 middles[] = {20, 60, 100, 140, 180};
     for (u32 i = 0; i < 5; i++) {
         CAPTURE(i);
@@ -105,18 +101,13 @@ TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
         screen_move(50, middles[i]); // and back: the press is over until the finger is lifted
         screen_release(50, middles[i]);
         const std::string got = taken(events);
-        CHECK(contains(got, id + ":3"));
-        CHECK(got.find(id + ":3") == got.rfind(id + ":3")); // told once
+        CHECK((contains(got, id + ":3") && got.find(id + ":3") == got.rfind(id + ":3"))); // told once
         CHECK_FALSE((contains(got, ":7") || contains(got, ":8")));
         screen_click(160, 230); // elsewhere: it no longer has the focus
         CHECK(zof_ctrl_state_judge(at(i + 1), LV_STATE_FOCUSED) == 0);
         screen_click(50, middles[i]); // the next press is heard
         CHECK(contains(taken(events), id + ":7"));
     }
-    screen_press(250, 30);
-    screen_move(290, 150); // a slider is held on to
-    screen_release(290, 150);
-    CHECK(zof_slider_get_value(at(6)) == 90);
 }
 
 TEST_CASE("a list is flung by its rows, however fast the finger, and a swipe reaches the one that waits for it") {

@@ -141,7 +141,7 @@ TEST_CASE("panel: settings are shown as held, corrected by the board, and sent a
     screen_click(590, 246);
     screen_click(720, 360);
     CHECK(sent() == reports{{REG_BOOT_STATE, 1}, {REG_AUTO_ARM, 0}});
-    screen_drag(611, 108, 48, 108, 6);
+    screen_drag(611, 108, 48, 300, 6); // held on to wherever the finger goes
     CHECK(sent().back() == std::pair<u16, u16>{REG_BRIGHT, 10});
     screen_step(300);
     CHECK(screen_is_golden("panel_settings_changed"));
