@@ -14,10 +14,9 @@ struct seen_board {
     board box;
     std::map<u16, u16> regs; // the value last written to a register
 
-    explicit seen_board(const std::string &settings_file = "") {
+    seen_board() {
         box.rails = board_default_rails();
         box.noise = false;
-        box.settings_file = settings_file;
         box.write = [this](u16 addr, const std::vector<u16> &words) { regs[addr] = words.back(); };
         board_power_up(box);
     }
@@ -55,21 +54,6 @@ TEST_CASE("board: a rail ramps up behind its load, folds back at its limit, and 
     CHECK((s.regs[REG_OUT_STATE] == 0 && s.regs[REG_LIVE_MV] == 0));
 }
 
-TEST_CASE("board: settings outlive the box, and its output comes back only when it is asked to") {
-    temp_project_t folder;
-    const std::string file = folder.path("box.state");
-    seen_board first(file);
-    tell(first, {{REG_BRIGHT, 5}, {REG_ADJ_MV, 12000}, {REG_ADJ_MA, 2500}, {REG_RAIL_SELECT, 7}, {REG_OUT_REQ, 1}});
-    seen_board again(file);
-    CHECK((again.box.rail == 7 && again.box.target_mv == 12000 && again.box.limit_ma == 2500)); // not the rail's most
-    CHECK(!again.box.on);
-    tell(again, {{REG_BOOT_STATE, 1}, {REG_OUT_REQ, 1}});
-    CHECK(seen_board(file).box.on);
-    std::ofstream(file) << "brightness = 70\nlast_rail = 99999\nnonsense";
-    seen_board broken(file);
-    CHECK((broken.box.settings.bright == 70 && broken.box.rail == 0));
-}
-
 // What the program prints, on both channels, and how it ends.
 static std::string board_sim(const std::string &arguments, int *status) {
     std::string text;
@@ -91,19 +75,15 @@ TEST_CASE("board: --help tells every fault, and what it cannot do is refused wit
         CHECK(contains(help, row.help));
     }
     temp_project_t folder;
-    folder.write("time", "# first\n100 load 5\n50 quit\n");
+    folder.write("script", "# first\n100 load 5\n50 quit\n");
     folder.write("file", "mine");
     REQUIRE(symlink("/nowhere", folder.path("old").c_str()) == 0);
-    // What can only be seen when it is done is said then, and the rest goes on.
-    folder.write("script", "0 rail 13\r\n0 load 2A # amperes\n\n0 output up\n10 quit\n");
     const struct {
         std::string arguments;
         int status;
         std::string line;
     } rows[] = {{"--fault flood=1e12", 2, "knows no \"flood=1e12\""},
-                {"--load nan", 2, "--load wants"},
-                {"--script " + folder.path("time"), 2, "time:3: a time"},
-                {"--script " + folder.path("script"), 0, ":4: it cannot be done"},
+                {"--script " + folder.path("script"), 2, "script:3: a time"},
                 {"--seconds 0.05 --link " + folder.path("file"), 1, "File exists"},
                 {"--seconds 0.05 --link " + folder.path("old"), 0, ""}}; // an old link is taken over
     for (const auto &row : rows) {
