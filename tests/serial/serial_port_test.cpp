@@ -172,20 +172,17 @@ TEST_CASE("serial: a far end that reads not at all, drop by drop, or goes away n
     CHECK(eventually([&] { return send(port, "x") == -1; }));
 }
 
-TEST_CASE("serial: of what a client has no room for one line tells, once a second at most") {
+TEST_CASE("serial: what a client has no room for is lost and told, and the next bytes come") {
     serial_pty pty;
     open_port(pty, 42);
-    const u32 start = zof_sys_time_ms();
     const std::string log = printed([&] {
         zof_lock gui(dis_mutex); // the client cannot take anything over
-        // Large pieces that do not fit, and small ones that do.
-        for (int i = 0; i < 200; i++) {
-            pty_write(pty, bytes(i < 12 || i % 2 ? 170 : 1, 9));
+        for (int i = 0; i < 20; i++) {
+            pty_write(pty, bytes(170, 9));
             usleep(8000);
         }
     });
-    CHECK(times_told(log, "bytes are lost") >= 1);
-    CHECK(times_told(log, "bytes are lost") <= (zof_sys_time_ms() - start) / 1000 + 1);
+    CHECK(contains(log, "bytes are lost"));
     CHECK(eventually([] { return got.total > 0; }));
 }
 
