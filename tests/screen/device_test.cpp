@@ -1,4 +1,4 @@
-// Standby, keys that stand for pins, the beeper, the clock and the tones of touches.
+// Standby, keys that stand for pins, the beeper and the tones of touches.
 #include "view_project.h"
 
 #include <SDL_events.h>
@@ -119,7 +119,7 @@ TEST_CASE("keys: a key stands for a pin, edges and modes choose what is heard, r
     CHECK(key_events('z', {SDL_KEYDOWN}) == " key122=1"); // tied to nothing
 }
 
-TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for, and setting the clock changes nothing") {
+TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for") {
     const std::string file = std::string(ZOF_BUILD_DIR) + "/beep-" + std::to_string(getpid()) + ".raw";
     setenv("SDL_AUDIODRIVER", "disk", 1);
     setenv("SDL_DISKAUDIOFILE", file.c_str(), 1);
@@ -127,21 +127,14 @@ TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for, and set
     CHECK(win_beep_on(100) == 0);
     const std::string raw = file_text(file);
     remove(file.c_str());
-    s32 samples = 0, crossings = 0;
-    s16 before = 0;
-    for (size_t i = 0; i + 1 < raw.size(); i += 2) {
-        const s16 now = (s16)((u8)raw[i] | (u8)raw[i + 1] << 8);
-        samples += now != 0;
-        crossings += (now > 0) != (before > 0);
-        before = now;
+    const s16 *samples = (const s16 *)raw.data();
+    s32 sounding = 0, crossings = 0;
+    for (size_t i = 1; i < raw.size() / 2; i++) {
+        sounding += samples[i] != 0;
+        crossings += (samples[i] > 0) != (samples[i - 1] > 0);
     }
     CHECK(abs(crossings - 2 * 2000 / 2) < 20);
-    CHECK(samples > 44100 / 2 * 0.95);
-    win_rtc_init();
-    zof_rtc_time_t now = {2001, 2, 3, 4, 5, 6};
-    CHECK(zof_rtc_set_time(&now) == 0);
-    CHECK(zof_rtc_get_time(&now) == 0);
-    CHECK(now.year >= 2024);
+    CHECK(sounding > 44100 / 2 * 0.95);
 }
 
 static std::string sounds; // what the sound driver was asked for

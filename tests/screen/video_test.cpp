@@ -145,7 +145,7 @@ TEST_CASE("players come and go without a trace, and the sound of one that is gon
     clip.frames = 5;
     const std::string path = room.make("a.mp4", clip);
     u32 held = 0;
-    for (u32 i = 0; i < 300; i++) {
+    for (u32 i = 0; i < 200; i++) {
         lv_obj_t *player = zof_drv_video_create(lv_scr_act());
         zof_drv_video_set_pos(player, 100, 100, 30, 20);
         zof_drv_video_set_src(player, path.c_str());
@@ -153,9 +153,7 @@ TEST_CASE("players come and go without a trace, and the sound of one that is gon
         screen_step(20);
         lv_obj_del(player);
         screen_step(20);
-        if (i == 100) {
-            held = zof_mem_count() + zof_lv_mem_count();
-        }
+        held = i == 100 ? zof_mem_count() + zof_lv_mem_count() : held;
     }
     CHECK(zof_mem_count() + zof_lv_mem_count() == held);
     clip.tone_hz = 440;
