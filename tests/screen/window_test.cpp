@@ -16,10 +16,9 @@ TEST_CASE("the window opens white, shows what is drawn, and a screenshot is the 
     screen_step(40);
     CHECK(screen_pixel(119, 79) == 0x123456);
     temp_project_t folder;
-    const std::string path = folder.path("shot.png");
     screen_picture read;
-    REQUIRE(zof_shot_png(path.c_str()) == 0);
-    REQUIRE(screen_png_read(path, &read));
+    REQUIRE(zof_shot_png(folder.path("shot.png").c_str()) == 0);
+    REQUIRE(screen_png_read(folder.path("shot.png"), &read));
     CHECK(screen_same(read, screen_shot()));
     CHECK(zof_shot_png("/nowhere/at/all.png") == -1);
 }
