@@ -223,19 +223,13 @@ TEST_CASE("pictures whose sizes are wrong do no harm") {
     temp_project_t project;
     project.open();
     screen_open(40, 30);
-    std::vector<std::string> files = {"GIF89a\xFF\xFF\xFF\xFF\x80"}; // the product of its sides is beyond an int
     // Split JPG: width, height, number and height of its frames.
     for (const char *sizes : {"\x10\x00\x10\x00\x01\x00\x00\x00", "\x10\x00\x10\x00\x00\x00\x10\x00",
                               "\x10\x00\xFF\x00\x01\x00\x08\x00", "\x00\x00\x10\x00\x01\x00\x10\x00"}) {
-        files.push_back(std::string("_SJPG__\0V1.00\0", 14) + std::string(sizes, 8) + "rest");
-    }
-    for (const std::string &file : files) {
-        const bool gif = file[0] == 'G';
-        project.write(gif ? "a.gif" : "a.sjpg", file + std::string(50, '\0'));
-        lv_obj_t *obj = gif ? lv_gif_create(lv_scr_act()) : lv_img_create(lv_scr_act());
-        (gif ? lv_gif_set_src : lv_img_set_src)(obj, project.path(gif ? "a.gif" : "a.sjpg").c_str());
+        project.write("a.sjpg", std::string("_SJPG__\0V1.00\0", 14) + std::string(sizes, 8) + std::string(50, '\0'));
+        lv_img_set_src(lv_img_create(lv_scr_act()), project.path("a.sjpg").c_str());
         screen_step(60);
-        lv_obj_del(obj);
+        lv_obj_clean(lv_scr_act());
         lv_img_cache_invalidate_src(nullptr);
     }
 }
@@ -244,31 +238,18 @@ TEST_CASE("damage ends a GIF, once") {
     temp_project_t project;
     project.open();
     screen_open(40, 30);
-    std::string spots = file_text(ZOF_MEDIA_DIR "/spots.gif");
-    static u32 ends, ended;
+    const std::string twice = file_text(ZOF_MEDIA_DIR "/twice.gif");
+    project.write("image/a.gif", twice.substr(0, twice.size() / 2));
+    static u32 ends;
     const auto at_end = [](lv_event_t *e) {
         ends++;
         lv_gif_set_src(lv_event_get_target(e), "no/such.gif"); // may be done in the event itself
     };
-    for (size_t n = spots.find(','); n < spots.size(); n += 7) {
-        CAPTURE(n);
-        spots[n] ^= 0x55;
-        project.write("image/a.gif", spots);
-        spots[n] ^= 0x55;
-        lv_obj_t *obj = lv_gif_create(lv_scr_act());
-        lv_obj_add_event_cb(obj, at_end, LV_EVENT_READY, nullptr);
-        lv_gif_set_src(obj, project.path("image/a.gif").c_str());
-        ends = 0;
-        if (gd_GIF *player = ((lv_gif_t *)obj)->gif) {
-            player->loop_count = 2;
-            player->loop_known = 1;
-            screen_step(2000);
-        }
-        CHECK(ends <= 1); // not yet, when it is a picture's time that is damaged
-        ended += ends;
-        lv_obj_del(obj);
-    }
-    CHECK(ended > 10);
+    lv_obj_t *obj = lv_gif_create(lv_scr_act());
+    lv_obj_add_event_cb(obj, at_end, LV_EVENT_READY, nullptr);
+    lv_gif_set_src(obj, project.path("image/a.gif").c_str());
+    screen_step(2000);
+    CHECK(ends == 1);
 }
 
 TEST_CASE("an object keeps more styles than anyone gives it") {

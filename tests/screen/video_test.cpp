@@ -1,12 +1,12 @@
-// Clips and still pictures by FFmpeg: exact pixels, the clip's own time, its end, and broken files.
+// Clips and still pictures by FFmpeg, and the video control: exact pixels, the clip's own time, its end, and broken
+// files.
 #include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
 
 #include "media.h"
-#include "screen_fixture.h"
-#include "temp_project.h"
+#include "view_project.h"
 
 extern "C" unsigned lodepng_decode32(unsigned char **out, unsigned *w, unsigned *h, const unsigned char *in,
                                      size_t insize);
@@ -186,5 +186,38 @@ TEST_CASE("every kind of PNG looks as LVGL's own decoder shows it, transparent o
         CHECK(off <= (name == "RGB.jpg" ? 8 : 0));
         lv_img_decoder_close(&dsc);
         zof_lv_free(want);
+    }
+}
+
+TEST_CASE("a video control plays the project's clips in its box, and goes with its view") {
+    view_project_t project;
+    std::filesystem::create_directories(project.path("video"));
+    REQUIRE(media_write(project.path("video/a.mp4").c_str(), exact_clip()));
+    project.view(2, {ctrl(ZOF_CTRL_LABEL, 1)});
+    project.view(1,
+                 {ctrl(ZOF_CTRL_OBJ, 9, "", box(0, 0, 320, 240), filled(0x406060)),
+                  ctrl(ZOF_CTRL_VIDEO, 1, R"("volume": 99, "play_en": true)", box(20, 30, 120, 80) + R"(, "pub": 1)")});
+    project.open(320, 240);
+    zof_ffmpeg_init();
+    win_video_init();
+    CHECK(printed([] { zof_view_set_dis_view(1); }) == "");
+    for (const char *name : {"a.avi", "a", "", (const char *)nullptr}) {
+        CHECK(zof_video_set_src(at(1), name) == -1);
+    }
+    zof_video_set_src(at(1), "a.mp4");
+    zof_video_set_state(at(1), ZOF_MEDIA_PLAY);
+    screen_step(420);
+    CHECK(screen_is_golden("video"));
+    zof_video_set_state(at(1), ZOF_MEDIA_PAUSE);
+    zof_video_set_state(at(1), ZOF_MEDIA_PAUSE); // asked twice it is a stop
+    CHECK(((zof_video_attr_t *)at(1)->attr)->state == ZOF_MEDIA_STOP);
+    zof_video_set_state(at(1), ZOF_MEDIA_RESUME);
+    screen_step(2600); // over its end: it replays
+    CHECK(zof_video_get_state(at(1)) == ZOF_MEDIA_PLAY);
+    CHECK(zof_ctrl_delete(at(1)) == 0); // nothing: the object is the driver's
+    CHECK(at(1)->obj != nullptr);
+    for (u32 view : {2, 1, 2, 1}) {
+        zof_view_set_dis_view(view);
+        screen_step(200);
     }
 }
