@@ -156,9 +156,6 @@ TEST_CASE("a file that is no font gives one line, and text goes on without it") 
         REQUIRE(lv_font_get_glyph_dsc(fonts[i % 2], &dsc, 'H', 0));
         CHECK(dsc.box_h == 9 + i % 2 * 9);
     }
-    lv_point_t size = {};
-    lv_txt_get_size(&size, "AVAVA", fonts[1], 0, 0, LV_COORD_MAX, LV_TEXT_FLAG_NONE); // without kerning
-    CHECK(size.x == 3 * lv_font_get_glyph_width(fonts[1], 'A', 0) + 2 * lv_font_get_glyph_width(fonts[1], 'V', 0));
 
     // Neither .ttf nor .bin, or a broken .bin: a font that draws nothing, in every widget.
     for (const char *name : {"t.dat", "bad.bin"}) {
