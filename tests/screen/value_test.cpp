@@ -5,25 +5,6 @@ static std::string range(s32 min, s32 max) {
     return form(R"("minValue": %d, "maxValue": %d)", min, max);
 }
 
-TEST_CASE("equal ends are drawn and dragged as one value") {
-    view_project_t project;
-    const std::string arc = R"("angle_t": {"start_angle": 0, "end_angle": 270}, "arc_t_inc": {"width": 10},
-        "arc_t_main": {"width": 10}, "know_dis_en": true, "range_t": {"minValue": 5, "maxValue": 5})";
-    project.show({ctrl(ZOF_CTRL_SLIDER, 2, range(5, 5), box(0, 0, 200, 20)),
-                  ctrl(ZOF_CTRL_ARC, 3, arc, box(0, 50, 100, 100)),
-                  ctrl(ZOF_CTRL_BAR, 4, range(0, 9), box(0, 160, 100, 20)),
-                  ctrl(ZOF_CTRL_SLIDER, 6, range(0, 9), box(0, 215, 20, 20),
-                       R"({"body_t": {"padding": {"left": 10, "right": 10}}})")}); // no room between its ends
-    CHECK(zof_bar_set_range(at(4), 7, 7) == 0);
-    screen_step(50);
-    screen_drag(100, 10, 190, 10, 3);
-    screen_drag(95, 100, 50, 145, 3);
-    screen_drag(5, 225, 15, 225, 3);
-    CHECK(zof_slider_get_value(at(2)) == 5);
-    CHECK(zof_bar_get_value(at(4)) == 7);
-    CHECK(zof_arc_get_value(at(3)) == 5);
-}
-
 TEST_CASE("a value that slides gives way to a finger and to a new range") {
     view_project_t project({ctrl(ZOF_CTRL_SLIDER, 1, range(0, 100) + R"(, "anim_time": 200)", box(0, 0, 200, 20))});
     zof_slider_set_value(at(1), 100);
