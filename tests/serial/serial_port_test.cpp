@@ -67,21 +67,6 @@ TEST_CASE("serial: a burst is one message, the answer reaches the line, and a cl
     }
 }
 
-TEST_CASE("serial: two clients of one port both get every byte, the second with its tail in front") {
-    static std::atomic<u32> hmi_bytes, calls;
-    serial_pty pty;
-    zof_drv_t *port = open_port(pty, 32);
-    auto on_hmi = [](u8 *data, u32 size, void *arg) {
-        hmi_bytes += data[0] == 't' ? size : 0;
-        *(std::atomic<u32> *)arg += 1;
-    };
-    CHECK(zof_drv_uart_hmi_rev_set_bfun(port, on_hmi, &calls, 0, 16) == 0);
-    CHECK(zof_drv_uart_hmi_tbuf_set(port, (const u8 *)"tail", 4) == 0);
-    pty_write(pty, {'a', 'b'});
-    REQUIRE(eventually([] { return got.total == 2 && calls == 1; }));
-    CHECK(hmi_bytes == 6);
-}
-
 TEST_CASE("serial: numbers choose the port as told, it is opened once, and what no line has is refused") {
     services_up();
     setenv("ZOF_COM35", "/dev/null", 1); // it opens, but it is no line
