@@ -1,34 +1,23 @@
-// Texts: labels, buttons, check boxes, and how they follow the language.
+// Labels, and how texts follow the language.
 #include "view_project.h"
 
-// The text of a label, of a check box, or of the label in a button.
 static std::string shown(u32 id) {
-    lv_obj_t *obj = at(id)->obj;
-    if (lv_obj_check_type(obj, &lv_checkbox_class)) {
-        return lv_checkbox_get_text(obj);
-    }
-    return zof_label_get_text(lv_obj_check_type(obj, &lv_label_class) ? at(id) : zof_ctrl_get_child(at(id), 0));
+    return zof_label_get_text(at(id));
 }
 
 TEST_CASE("a key is kept and follows the language, a plain text is only shown") {
     const struct {
-        u32 type;
-        const char *txt, *at_first;
-        s32 (*set)(zof_ctrl_t *, const char *);
-        const char *typed, *in_german;
+        const char *txt, *at_first, *typed, *in_german;
     } rows[] = {
-        {ZOF_CTRL_LABEL, R"("txt": "#hi")", "Hello", zof_label_set_txt, "typed", "Hallo"}, // the file's key comes back
-        {ZOF_CTRL_LABEL, R"("txt": "plain")", "plain", zof_label_set_txt, "typed", "typed"},
-        {ZOF_CTRL_LABEL, "", "", zof_label_set_txt, "#hi", "Hallo"}, // empty, not what LVGL would show
-        {ZOF_CTRL_LABEL, R"("txt": "#only")", "#only", zof_label_set_txt, "#nothing", "nur"},
-        {ZOF_CTRL_BTN, "", "", zof_btn_set_txt, "#hi", "Hallo"},
-        {ZOF_CTRL_CB, "", "", zof_cb_set_txt, "#hi", "Hallo"},
-        {ZOF_CTRL_IMGBTN, R"("txt": "#hi")", "Hello", zof_imgbtn_set_txt, "typed", "Hallo"},
+        {R"("txt": "#hi")", "Hello", "typed", "Hallo"}, // the file's key comes back
+        {R"("txt": "plain")", "plain", "typed", "typed"},
+        {"", "", "#hi", "Hallo"}, // empty, not what LVGL would show
+        {R"("txt": "#only")", "#only", "#nothing", "nur"},
     };
     view_project_t project;
     std::vector<std::string> controls;
     for (const auto &row : rows) {
-        controls.push_back(ctrl(row.type, (u32)controls.size(), row.txt));
+        controls.push_back(ctrl(ZOF_CTRL_LABEL, (u32)controls.size(), row.txt));
     }
     project.write("config/languages/en.g", R"({"hi": "Hello"})");
     project.write("config/languages/de.g", R"({"hi": "Hallo", "only": "nur"})");
@@ -38,7 +27,7 @@ TEST_CASE("a key is kept and follows the language, a plain text is only shown") 
     for (u32 id = 0; id < controls.size(); id++) {
         CAPTURE(id);
         CHECK(shown(id) == rows[id].at_first);
-        rows[id].set(at(id), rows[id].typed);
+        zof_label_set_txt(at(id), rows[id].typed);
     }
     CHECK(shown(3) == "#nothing");
     zof_lang_set("de");
