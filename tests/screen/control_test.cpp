@@ -124,7 +124,7 @@ TEST_CASE("deleting a control leaves an empty record, and its children's records
     project.view(2, {});
     project.show({ctrl(ZOF_CTRL_OBJ, 1), child_of(1, 2), ctrl(ZOF_CTRL_LABEL, 3, R"("txt": "x")", R"("parent_id": 2)"),
                   ctrl(ZOF_CTRL_OBJ, 4), ctrl(ZOF_CTRL_OBJ, 5, "", R"("pub": true)")});
-    para_t *child = at(3);
+    para_t *child = at(3), *gone = at(4);
     CHECK(zof_ctrl_delete(at(1)) == 0);
     for (u32 id : {1, 2, 3}) {
         CHECK((!at(id)->obj && !at(id)->parent && !at(id)->is_created));
@@ -134,6 +134,7 @@ TEST_CASE("deleting a control leaves an empty record, and its children's records
     CHECK(zof_ctrl_show(1, 1) == at(1)); // nothing is left to make it from
     CHECK(zof_ctrl_del(1, 4) == 0);
     CHECK(zof_ctrl_get_form_id(1, 4) == nullptr);
+    zof_ctrl_obj_del(gone); // the caller's, now
     zof_view_set_dis_view(2); // the next showing makes them all again
     zof_view_set_dis_view(1);
     CHECK(std::string(zof_label_get_text(at(3))) == "x");
