@@ -129,8 +129,13 @@ TEST_CASE("an image sequence tells whether it plays, has stopped, or was paused,
     zof_animimg_reset_play(at(1));
     zof_animimg_set_frame_rate(at(1), 200); // goes on
     CHECK(pictures(200, 4) == "1221");
+    zof_animimg_set_repeat_infinite(at(1), ZOF_TRUE);
+    CHECK(zof_animimg_get_repeat_count(at(1)) == 65534); // a pass of them is begun
+    CHECK(pictures(200, 4) == "2121");
     zof_animimg_pause(at(1));
-    CHECK(zof_animimg_get_state(at(1)) == 2);         // the mark stays until it is taken back
+    CHECK(zof_animimg_get_state(at(1)) == 2); // the mark stays until it is taken back
+    zof_animimg_resume(at(1));
+    CHECK(zof_animimg_get_state(at(1)) == 0);
     lv_obj_t *bare = lv_animimg_create(lv_scr_act()); // a program's own
     lv_animimg_set_restart(bare);
     ((lv_animimg_t *)bare)->end = UINT32_MAX; // one more is 0, which divides nothing

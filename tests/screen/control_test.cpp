@@ -134,7 +134,7 @@ TEST_CASE("deleting a control leaves an empty record, and its children's records
     CHECK(zof_ctrl_show(1, 1) == at(1)); // nothing is left to make it from
     CHECK(zof_ctrl_del(1, 4) == 0);
     CHECK(zof_ctrl_get_form_id(1, 4) == nullptr);
-    zof_ctrl_obj_del(gone); // the caller's, now
+    zof_ctrl_obj_del(gone);   // the caller's, now
     zof_view_set_dis_view(2); // the next showing makes them all again
     zof_view_set_dis_view(1);
     CHECK(std::string(zof_label_get_text(at(3))) == "x");

@@ -30,7 +30,8 @@ TEST_CASE("buttons of a matrix are counted without row breaks, whatever rows it 
                        box(20, 20, 240, 200))});
     para_t *matrix = at(1);
     screen_step(50);
-    zof_btnmatrix_set_btn_ctrl(matrix, 1, LV_BTNMATRIX_CTRL_DISABLED);
+    zof_btnmatrix_set_btn_ctrl_all(matrix, LV_BTNMATRIX_CTRL_DISABLED);
+    zof_btnmatrix_clear_btn_ctrl(matrix, 0, LV_BTNMATRIX_CTRL_DISABLED);
     press(matrix->obj, 0);
     CHECK(contains(taken(events), " 1:28"));
     press(matrix->obj, 1); // hits no button: LVGL alone would report the first one again
@@ -130,6 +131,10 @@ TEST_CASE("a text box takes of a text what it accepts, in every mode") {
     lv_obj_add_event_cb(at(3)->obj, again, LV_EVENT_VALUE_CHANGED, nullptr);
     zof_txtbox_set_text(at(3), "a");
     CHECK(text(3) == "abc");
+    lv_obj_add_event_cb(
+        at(4)->obj, [](lv_event_t *) { zof_ctrl_delete(at(4)); }, LV_EVENT_VALUE_CHANGED, nullptr);
+    CHECK(zof_txtbox_add_txt(at(4), "1") == 0);
+    CHECK(at(4)->obj == nullptr); // gone by its own change
     zof_txtbox_set_text(at(7), std::string(40000, 'i').c_str());
     CHECK(text(7).size() == 32767); // where no limit is named
     CHECK(zof_txtbox_add_char(at(2), 0xA4C3) == 0);

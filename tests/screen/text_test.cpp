@@ -51,6 +51,8 @@ TEST_CASE("a label that keeps its height places its stored text, of a key the ke
     const auto offset = [](u32 id) { return ((lv_label_t *)at(id)->obj)->offset.y; };
     CHECK(offset(1) == (100 - line) / 2);
     CHECK(offset(2) == (100 - 2 * line) / 2);
+    zof_label_set_dis_mode(at(2), LV_LABEL_LONG_DOT); // LVGL would put the text to the top
+    CHECK(offset(2) == (100 - 2 * line) / 2);
     for (const auto &[align, place] : {std::pair{0x12, 0}, {0x32, 2}, {0x02, 2}}) { // no vertical half: it stays
         zof_label_set_align(at(2), (u32)align);
         CHECK(offset(2) == (100 - 2 * line) * place / 2);

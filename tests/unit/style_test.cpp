@@ -16,6 +16,30 @@ TEST_CASE("the theme that is named first fixes a type's look, and a broken one i
     CHECK(printed([] { zof_theme_get_ctrl("youth", ZOF_CTRL_LABEL); }) == ""); // once, not once a label
 }
 
+static u32 text_color(lv_obj_t *obj) {
+    return lv_obj_get_style_text_color(obj, LV_PART_MAIN).full;
+}
+
+TEST_CASE("styles of a section are put on the object that is given, and come off every object that wears them") {
+    screen_open(100, 100);
+    zof_style_attr_t main = {};
+    main.txt_t.color = 0x010101;
+    zof_style_attr_t second = {};
+    second.style_sect = 1;
+    second.txt_t.color = 0x020202;
+    zof_style_attr_t *list[] = {&main, nullptr, &second};
+    lv_obj_t *a = lv_label_create(lv_scr_act());
+    lv_obj_t *b = lv_label_create(lv_layer_top());
+    u32 before = text_color(b);
+    zof_ctrl_style_add(a, list, 3, 0);
+    CHECK(second.lv_style == nullptr); // no object of this control has a second section
+    zof_ctrl_style_add(b, list, 3, 1);
+    CHECK(text_color(a) == 0xFF010101);
+    CHECK(text_color(b) == 0xFF020202);
+    CHECK(zof_style_del(a, &main) + zof_style_del(a, &second) == 0);
+    CHECK(text_color(b) == before);
+}
+
 TEST_CASE("another theme changes what controls have from their theme and nothing else") {
     view_project_t project;
     project.write("config/theme/night/slider.g", R"({"styles": [{"body_t": {"main_color": 8}}]})");

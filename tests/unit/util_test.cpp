@@ -1,4 +1,4 @@
-// Numbers in texts, and the buffer between a line and its client.
+// Numbers in texts, periodic tasks, and the buffer between a line and its client.
 #include "zof_test.h"
 
 #include <string>
@@ -21,4 +21,29 @@ TEST_CASE("a chunk or a tail that does not fit is dropped whole, and the half th
     pipo_buff_set_pi(b, (const u8 *)"two", 3);
     CHECK(std::string(held->read, held->read + held->t_len + held->len) == "bcone");
     CHECK(pipo_buff_delete(b) == 0);
+}
+
+TEST_CASE("a task runs by its period, pauses, runs when it is made ready, and once") {
+    lv_init();
+    static int runs;
+    runs = 0;
+    const auto turn = [](zof_task_t *ready) {
+        zof_task_ready(ready);
+        lv_timer_handler();
+        return runs;
+    };
+    zof_task_t *task =
+        zof_task_create([](zof_task_t *t) { ++*static_cast<int *>(zof_task_get_user_data(t)); }, 10000, &runs);
+    REQUIRE(task);
+    CHECK(turn(nullptr) == 0);
+    CHECK(turn(task) == 1);
+    zof_task_set_cb_pause(task);
+    CHECK(turn(task) == 1);
+    zof_task_set_cb_resume(task);
+    zof_task_set_cb(task, nullptr); // keeps the callback
+    CHECK(turn(task) == 2);
+    zof_task_set_cb(task, [](zof_task_t *) { runs += 10; });
+    zof_task_once(task);
+    CHECK(turn(task) == 12);
+    CHECK(turn(nullptr) == 12); // the task deleted itself
 }
