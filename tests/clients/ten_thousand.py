@@ -72,6 +72,8 @@ class Run:
             assert isinstance(panel.event(20), PowerOn)
             panel.write(rows.SYSTEM_TOUCH_CONFIG, 0x30)
             panel.write(rows.LABEL_TEXT, "go", view=1, control=SESSION)
+            while not bench.moves:  # until the session has seen it: the label is written over
+                time.sleep(0.001)
             begin = time.monotonic()
             work = [threading.Thread(target=kind, args=(panel, *more)) for kind, *more in
                     ((self.write_all,), (self.read_all,), (self.touch_all, bench.moves))]
