@@ -24,8 +24,8 @@ static struct {
     char words[LINE_SIZE]; // the present line, cut into args
     char *args[ARG_COUNT];
     s32 argc;
-    u32 started;
-    s32 x, y; // of the pointer
+    u32 started, steps; // of the present command
+    s32 x, y;           // of the pointer
 } script;
 
 enum step_e { DONE, AGAIN };
@@ -53,6 +53,12 @@ static u32 elapsed() {
     return zof_sys_time_ms() - script.started;
 }
 
+// How long the finger has rested. It counts in steps, too: where a step lasts longer than a tap, the widgets still have
+// to see each of its halves.
+static u32 rested() {
+    return LV_MIN(elapsed(), script.steps * (TAP_MS / 3));
+}
+
 static void pointer(s32 x, s32 y, zof_bool pressed) {
     script.x = x;
     script.y = y;
@@ -71,12 +77,12 @@ static step_e cmd_press() {
 // Lasts as long as a tap, so that the widgets see the finger up before the next command puts it down again.
 static step_e cmd_release() {
     pointer(script.x, script.y, ZOF_FALSE);
-    return elapsed() >= TAP_MS ? DONE : AGAIN;
+    return rested() >= TAP_MS ? DONE : AGAIN;
 }
 
 static step_e cmd_tap() {
-    pointer(number(1), number(2), elapsed() < TAP_MS);
-    return elapsed() >= 2 * TAP_MS ? DONE : AGAIN;
+    pointer(number(1), number(2), rested() < TAP_MS);
+    return rested() >= 2 * TAP_MS ? DONE : AGAIN;
 }
 
 // The finger rests at the end before it lifts, so that the widgets have seen it there.
@@ -208,6 +214,7 @@ static step_e (*command())() {
 
 static void script_task(zof_task_t *task) {
     static step_e (*run)();
+    script.steps++;
     while (!run || run() == DONE) {
         if (!next_line()) {
             zof_task_del(task);
@@ -215,6 +222,7 @@ static void script_task(zof_task_t *task) {
         }
         run = command();
         script.started = zof_sys_time_ms();
+        script.steps = 0;
     }
 }
 

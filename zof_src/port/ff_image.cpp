@@ -13,13 +13,8 @@ struct picture {
 };
 
 // The picture whose size was asked for last. To tell a size is to decode it all: a PNG that breaks off is none. And
-// LVGL asks whenever it opens a picture, so what was decoded for the question waits for its opening, for one round.
+// LVGL asks right before it opens a picture, so what was decoded for the question waits for that.
 static picture asked;
-
-static void asked_drop(void *) {
-    zof_lv_free(asked.pixels);
-    asked = {};
-}
 
 static bool image_open(ff_media *m, const char *path) {
     static const char *const extensions[] = {".png", ".jpg", ".jpeg"};
@@ -79,13 +74,11 @@ static lv_res_t decoder_info(lv_img_decoder_t *, const void *src, lv_img_header_
     if (lv_img_src_get_type(src) != LV_IMG_SRC_FILE) {
         return LV_RES_INV;
     }
-    lv_async_call_cancel(asked_drop, nullptr);
-    asked_drop(nullptr);
+    zof_lv_free(asked.pixels);
     asked = picture_load((const char *)src);
     if (!asked.pixels) {
         return LV_RES_INV;
     }
-    lv_async_call(asked_drop, nullptr);
     *header = asked.header;
     return LV_RES_OK;
 }
