@@ -6,15 +6,9 @@
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
-// A picture as LVGL draws it; `pixels` is null for none, and LVGL's memory else.
-struct picture {
-    lv_img_header_t header;
-    u8 *pixels;
-};
-
 // The picture whose size was asked for last. To tell a size is to decode it all: a PNG that breaks off is none. And
 // LVGL asks right before it opens a picture, so what was decoded for the question waits for that.
-static picture asked;
+static AVFrame *asked;
 
 static bool image_open(ff_media *m, const char *path) {
     static const char *const extensions[] = {".png", ".jpg", ".jpeg"};
@@ -33,63 +27,55 @@ static bool image_open(ff_media *m, const char *path) {
     return false;
 }
 
-static void pixels_take(picture *p, const AVFrame *frame) {
-    const int w = frame->width, h = frame->height;
-    if (w <= 0 || h <= 0 || w > FF_LVGL_SIDE_MOST || h > FF_LVGL_SIDE_MOST) {
-        return;
-    }
-    const bool alpha = ff_has_alpha(frame->format);
-    SwsContext *scaler = ff_scaler(w, h, frame->format, w, h);
-    p->header.w = (u32)w & FF_LVGL_SIDE_MOST;
-    p->header.h = (u32)h & FF_LVGL_SIDE_MOST;
-    p->header.cf = alpha ? LV_IMG_CF_TRUE_COLOR_ALPHA : LV_IMG_CF_TRUE_COLOR;
-    p->pixels = (u8 *)zof_lv_malloc((size_t)w * (size_t)h * 4 + FF_TAIL);
-    if (p->pixels && !ff_scale(scaler, frame, p->pixels, w, h)) {
-        zof_lv_free(p->pixels);
-        p->pixels = nullptr;
-    }
-    sws_freeContext(scaler);
-}
-
-// The first frame of the file.
-static picture picture_load(const char *path) {
-    picture p = {};
+// The first frame of the file; null for none.
+static AVFrame *frame_load(const char *path) {
     ff_media m = {};
     if (!image_open(&m, path)) {
-        return p;
+        return nullptr;
     }
     AVPacket *packet = av_packet_alloc();
     AVFrame *frame = av_frame_alloc();
-    if (packet && frame && ff_packet_read(&m, packet) && avcodec_send_packet(m.codec, packet) == 0 &&
-        avcodec_send_packet(m.codec, nullptr) == 0 && avcodec_receive_frame(m.codec, frame) == 0) {
-        pixels_take(&p, frame);
+    if (!packet || !frame || !ff_packet_read(&m, packet) || avcodec_send_packet(m.codec, packet) != 0 ||
+        avcodec_send_packet(m.codec, nullptr) != 0 || avcodec_receive_frame(m.codec, frame) != 0) {
+        av_frame_free(&frame);
     }
-    av_frame_free(&frame);
     av_packet_free(&packet);
     ff_close(&m);
-    return p;
+    return frame;
 }
 
 static lv_res_t decoder_info(lv_img_decoder_t *, const void *src, lv_img_header_t *header) {
     if (lv_img_src_get_type(src) != LV_IMG_SRC_FILE) {
         return LV_RES_INV;
     }
-    zof_lv_free(asked.pixels);
-    asked = picture_load((const char *)src);
-    if (!asked.pixels) {
+    av_frame_free(&asked);
+    asked = frame_load((const char *)src);
+    if (!asked || asked->width <= 0 || asked->height <= 0 || asked->width > FF_LVGL_SIDE_MOST ||
+        asked->height > FF_LVGL_SIDE_MOST) {
         return LV_RES_INV;
     }
-    *header = asked.header;
+    *header = {};
+    header->w = (u32)asked->width & FF_LVGL_SIDE_MOST;
+    header->h = (u32)asked->height & FF_LVGL_SIDE_MOST;
+    header->cf = ff_has_alpha(asked->format) ? LV_IMG_CF_TRUE_COLOR_ALPHA : LV_IMG_CF_TRUE_COLOR;
     return LV_RES_OK;
 }
 
 static lv_res_t decoder_open(lv_img_decoder_t *, lv_img_decoder_dsc_t *dsc) {
-    if (dsc->src_type != LV_IMG_SRC_FILE) {
+    if (dsc->src_type != LV_IMG_SRC_FILE || !asked) {
         return LV_RES_INV;
     }
-    dsc->img_data = asked.pixels;
-    asked = {};
-    return dsc->img_data ? LV_RES_OK : LV_RES_INV;
+    const int w = asked->width, h = asked->height;
+    SwsContext *scaler = ff_scaler(w, h, asked->format, w, h);
+    u8 *pixels = (u8 *)zof_lv_malloc((size_t)w * (size_t)h * 4 + FF_TAIL);
+    if (pixels && !ff_scale(scaler, asked, pixels, w, h)) {
+        zof_lv_free(pixels);
+        pixels = nullptr;
+    }
+    sws_freeContext(scaler);
+    av_frame_free(&asked);
+    dsc->img_data = pixels;
+    return pixels ? LV_RES_OK : LV_RES_INV;
 }
 
 static void decoder_close(lv_img_decoder_t *, lv_img_decoder_dsc_t *dsc) {
