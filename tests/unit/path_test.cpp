@@ -1,4 +1,6 @@
 // Resource paths, drives, files, and folders.
+#include <sys/stat.h>
+
 #include "temp_project.h"
 #include "zof_test.h"
 
@@ -76,4 +78,28 @@ TEST_CASE("a file is written whole or not at all, and its kind is its suffix") {
     for (const char *no : {(const char *)nullptr, "", "png", "./dir/name", "a.Png", "a.png.x"}) {
         CHECK(!IsPNGFile(no));
     }
+}
+
+// Without the door each of these waits for a writer, for ever.
+TEST_CASE("a pipe or a device in the place of a file is no file, and nothing waits for it") {
+    lv_init();
+    temp_project_t project;
+    const std::string pipe = project.path("config/project/pipe"), link = project.path("link");
+    REQUIRE(mkfifo(pipe.c_str(), 0600) == 0);
+    fs::create_symlink("config/project/zofprj.g", link);
+    char text[256] = {};
+    for (const char *path : {pipe.c_str(), "/dev/tty", project.folder.c_str(), "/none/at/all", (const char *)nullptr}) {
+        CAPTURE(str(path));
+        CHECK(!FileExist(path));
+        CHECK(get_file_content(path, text) == 0);
+        CHECK(GetJsonFile(path) == nullptr);
+        CHECK((zof_file_read_open(path) == nullptr && zof_file_write_open(path, ZOF_FALSE) == nullptr));
+        for (const int mode : {LV_FS_MODE_RD + 0, LV_FS_MODE_WR + 0, LV_FS_MODE_RD | LV_FS_MODE_WR}) {
+            CHECK(zof_fs_open(path, (lv_fs_mode_t)mode) == nullptr);
+        }
+    }
+    CHECK((FileExist(link.c_str()) && get_file_content(link.c_str(), text) > 0)); // links to files are followed
+    fs::remove(project.path("config/project/zofprj.g"));
+    REQUIRE(mkfifo(project.path("config/project/zofprj.g").c_str(), 0600) == 0);
+    printed([&] { CHECK(project.open() == nullptr); });
 }

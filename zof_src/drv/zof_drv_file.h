@@ -1,5 +1,6 @@
-// Files for those who must not be fooled or cut short: nothing here follows a link or waits for a pipe. Paths are the
-// host's own, a folder's with or without a separator at its end. Any thread. Null paths and files give the failure.
+// Every file that the runtime opens is opened here: regular files only, so that a pipe or a device in the place of a file
+// can neither stop the program nor be switched on by it. Paths are the host's own, a folder's with or without a separator
+// at its end. Any thread. A null path or file is a failure.
 #ifndef ZOF_DRV_FILE_H
 #define ZOF_DRV_FILE_H
 
@@ -9,12 +10,22 @@
 
 ZOF_C_BEGIN
 
+// A regular file for reading; links are followed, and opening never waits. The caller closes it with fclose. Null for
+// anything else: errno is EINVAL for what is not a regular file.
+FILE *zof_file_read_open(const char *path);
+
+// The same for writing: with `keep` an existing file is opened for reading and writing as it is, without it the file is
+// made or emptied. For files that a person named; whatever must survive a power cut is written by zof_file_write.
+FILE *zof_file_write_open(const char *path, zof_bool keep);
+
+// The functions below are for media that strangers made, and follow no link.
+
 // ZOF_FILE_*: what stands under a name. Links, pipes, devices and sockets are ZOF_FILE_OTHER. A path that ends in a
 // separator asks for what a link leads to.
 enum { ZOF_FILE_NONE = 0, ZOF_FILE_PLAIN = 1, ZOF_FILE_FOLDER = 2, ZOF_FILE_OTHER = 3 };
 u32 zof_file_kind(const char *path);
 
-// A plain file for reading; the caller closes it with fclose. Null for anything else.
+// As zof_file_read_open, and null for a link.
 FILE *zof_file_open(const char *path);
 
 // A new file for writing, for zof_file_finish; null also when there is anything of that name already.

@@ -1,4 +1,4 @@
-// Linux: files that come from strangers, and changes that a power cut may not tear.
+// Linux: opening files, and changes that a power cut must not tear.
 #include <errno.h>
 #include <fcntl.h>
 #include <string.h>
@@ -26,16 +26,39 @@ static FILE *stream(int fd, const char *mode) {
     return f;
 }
 
-// Looked at again once it is open: the disk may have been changed in between. Not waiting matters for pipes only.
-FILE *zof_host_file_open(const char *path) {
-    const int fd = open(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+// Checked before the file is opened, because opening a device may start it (a watchdog, a tape), and again afterwards,
+// because the name may have changed hands in between. O_NONBLOCK matters for a pipe that arrives in between only.
+static int regular_open(const char *path, int flags) {
     struct stat st;
+    if (stat(path, &st) == 0 && !S_ISREG(st.st_mode)) {
+        errno = EINVAL;
+        return -1;
+    }
+    const int fd = open(path, flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
     if (fd >= 0 && (fstat(fd, &st) != 0 || !S_ISREG(st.st_mode))) {
         close(fd);
         errno = EINVAL;
+        return -1;
+    }
+    return fd;
+}
+
+FILE *zof_host_file_read_open(const char *path) {
+    return stream(regular_open(path, O_RDONLY), "rb");
+}
+
+// Emptied once it is known to be a regular file.
+FILE *zof_host_file_write_open(const char *path, zof_bool keep) {
+    const int fd = regular_open(path, O_RDWR | (keep ? 0 : O_CREAT));
+    if (fd >= 0 && !keep && ftruncate(fd, 0) != 0) {
+        close(fd);
         return nullptr;
     }
-    return stream(fd, "rb");
+    return stream(fd, keep ? "rb+" : "wb");
+}
+
+FILE *zof_host_file_open(const char *path) {
+    return stream(regular_open(path, O_RDONLY | O_NOFOLLOW), "rb");
 }
 
 FILE *zof_host_file_create(const char *path) {

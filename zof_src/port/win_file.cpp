@@ -27,6 +27,14 @@ u32 zof_file_kind(const char *path) {
     return path ? zof_host_file_kind(path) : (u32)ZOF_FILE_NONE;
 }
 
+FILE *zof_file_read_open(const char *path) {
+    return path ? zof_host_file_read_open(path) : nullptr;
+}
+
+FILE *zof_file_write_open(const char *path, zof_bool keep) {
+    return path ? zof_host_file_write_open(path, keep) : nullptr;
+}
+
 FILE *zof_file_open(const char *path) {
     return path ? zof_host_file_open(path) : nullptr;
 }

@@ -39,6 +39,8 @@ s64 zof_host_file_size(const char *path);              // bytes, or -1 when it c
 s32 zof_host_rename(const char *from, const char *to); // replaces `to` in one step; 0 or -1
 // The host's part of drv/zof_drv_file.h, to the same contracts; sync leaves the file open.
 u32 zof_host_file_kind(const char *path);
+FILE *zof_host_file_read_open(const char *path);
+FILE *zof_host_file_write_open(const char *path, zof_bool keep);
 FILE *zof_host_file_open(const char *path);
 FILE *zof_host_file_create(const char *path);
 s32 zof_host_file_sync(FILE *f);

@@ -1,6 +1,7 @@
 // Screenshots: the frame store as a PNG file, through the encoder that LVGL brings along.
 #include <stdio.h>
 
+#include "drv/zof_drv_file.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -9,7 +10,7 @@ extern "C" unsigned lodepng_encode24(unsigned char **out, size_t *outsize, const
                                      unsigned h);
 
 static s32 file_write(const char *path, const u8 *data, size_t size) {
-    FILE *f = fopen(path, "wb");
+    FILE *f = zof_file_write_open(path, ZOF_FALSE);
     const bool written = f && fwrite(data, 1, size, f) == size;
     if (f && fclose(f) == 0 && written) {
         return 0;

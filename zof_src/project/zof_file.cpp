@@ -3,12 +3,13 @@
 #include <cstring>
 
 #include "drv/zof_drv.h"
+#include "drv/zof_drv_file.h"
 #include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
-// "r+" on purpose: a project that cannot be written back is passed over when the work path is looked for.
+// Opened for writing on purpose: a project that cannot be written back is passed over when the work path is looked for.
 zof_bool FileExist(const char *path) {
-    FILE *file = path ? std::fopen(path, "r+") : nullptr;
+    FILE *file = zof_file_write_open(path, ZOF_TRUE);
     if (!file) {
         return ZOF_FALSE;
     }
@@ -31,7 +32,7 @@ s32 zof_file_get_size(const char *path) {
 }
 
 u32 get_file_content(const char *path, void *buf) {
-    FILE *file = path && buf ? std::fopen(path, "rb") : nullptr;
+    FILE *file = buf ? zof_file_read_open(path) : nullptr;
     if (!file) {
         return 0;
     }

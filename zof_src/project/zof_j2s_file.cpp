@@ -1,6 +1,7 @@
 // Reading a project file whole and parsing it. Whoever wrote a broken file is told where: path, line and column.
 #include <cstdio>
 
+#include "drv/zof_drv_file.h"
 #include "project/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -35,7 +36,7 @@ static char *read_all(FILE *file, const char *path) {
 }
 
 char *GetJsonFile(const char *path) {
-    FILE *file = path ? std::fopen(path, "rb") : nullptr;
+    FILE *file = zof_file_read_open(path);
     if (!file) {
         return nullptr;
     }
