@@ -51,7 +51,7 @@ struct open_font {
     }
 };
 
-TEST_CASE("a bitmap font gives the glyphs of its file, and none where there is none") {
+TEST_CASE("a bitmap font returns the glyphs of its file and refuses codes without a glyph") {
     screen_open(100, 60);
     open_font f(font_bytes(letters, 8, 4));
     lv_font_glyph_dsc_t dsc = {};
@@ -60,7 +60,8 @@ TEST_CASE("a bitmap font gives the glyphs of its file, and none where there is n
     const u8 *bits = zof_font_get_bitmap(&f.font, 'e');
     REQUIRE(bits);
     CHECK(std::string((const char *)bits, 4) == "\x11\x22\x33\x44");
-    CHECK(zof_font_get_bitmap(&f.font, 'a') == bits); // one buffer for all
+    bits = zof_font_get_bitmap(&f.font, 'a');
+    REQUIRE(bits);
     CHECK(bits[1] == 0x55);
     CHECK((zof_font_get_glyph_dsc(&f.font, &dsc, 'c', 0) && dsc.adv_w == 5)); // a space
     for (u32 code : {(u32)'b', (u32)'d', (u32)'@', (u32)'z', 0x10061u}) {
@@ -68,8 +69,6 @@ TEST_CASE("a bitmap font gives the glyphs of its file, and none where there is n
         CHECK(!zof_font_get_glyph_dsc(&f.font, &dsc, code, 0));
         CHECK(!zof_font_get_bitmap(&f.font, code));
     }
-    std::filesystem::remove(f.path);
-    CHECK(!zof_font_get_glyph_dsc(&f.font, &dsc, 'a', 0));
     // The word behind the offsets is the record of codes that are missing.
     open_font with_record(font_bytes(letters, 8, 4, 16 + 4 * 2 + 4 * 4 + 4));
     REQUIRE(zof_font_get_glyph_dsc(&with_record.font, &dsc, 'b', 0));
@@ -77,6 +76,68 @@ TEST_CASE("a bitmap font gives the glyphs of its file, and none where there is n
     open_font too_large(font_bytes(letters, 8, 3)); // for the buffer that the file asks for
     CHECK(!zof_font_get_glyph_dsc(&too_large.font, &dsc, 'e', 0));
     CHECK(!zof_font_get_bitmap(&too_large.font, 'e'));
+}
+
+static s32 advance_of(const open_font &f, u32 code) {
+    lv_font_glyph_dsc_t dsc = {};
+    return zof_font_get_glyph_dsc(&f.font, &dsc, code, 0) ? dsc.adv_w : -1;
+}
+
+TEST_CASE("glyphs are read once, and again when the file changes") {
+    screen_open(100, 60);
+    open_font f(font_bytes(letters, 8, 4));
+    std::vector<test_glyph> wider = letters;
+    wider[0].adv_w = 19;
+    CHECK(advance_of(f, 'e') == 9);
+    // With its time put back the file looks unchanged: what was read is still used.
+    const auto time = std::filesystem::last_write_time(f.path);
+    f.project.write("font/t.bin", font_bytes(wider, 8, 4));
+    std::filesystem::last_write_time(f.path, time);
+    screen_now++;
+    CHECK(advance_of(f, 'e') == 9);
+    std::filesystem::last_write_time(f.path, time + std::chrono::seconds(1));
+    screen_now++;
+    CHECK(advance_of(f, 'e') == 19);
+    // A change is seen in the next millisecond: a new depth, a removed file, a broken one, and a good one again.
+    f.project.write("font/t.bin", font_bytes(letters, 4, 4));
+    screen_now++;
+    CHECK(advance_of(f, 'e') == 9);
+    CHECK(((zof_binfont_t *)f.font.user_data)->header.bpp == 4);
+    std::filesystem::remove(f.path);
+    screen_now++;
+    CHECK(advance_of(f, 'e') == -1);
+    CHECK(!zof_font_get_bitmap(&f.font, 'e'));
+    f.project.write("font/t.bin", "short");
+    screen_now++;
+    CHECK(advance_of(f, 'e') == -1);
+    f.project.write("font/t.bin", font_bytes(wider, 8, 4));
+    screen_now++;
+    CHECK(advance_of(f, 'e') == 19);
+}
+
+TEST_CASE("a font with more glyphs than are kept draws each one, within a bounded memory") {
+    enum { GLYPHS = 3000, SIDE = 40, MOST = 3 << 20 };
+    screen_open(100, 60);
+    std::vector<test_glyph> glyphs;
+    for (u32 i = 0; i < GLYPHS; i++) {
+        glyphs.push_back({(u16)(0x4E00 + i), (u8)i, SIDE, SIDE, 0, 0, std::string(SIDE * SIDE, (char)(i * 7))});
+    }
+    {
+        open_font first(font_bytes(letters, 8, 4)); // what the runtime keeps for paths is there from now on
+    }
+    const u32 before = zof_mem_count();
+    open_font f(font_bytes(glyphs, 8, SIDE * SIDE));
+    u32 wrong = 0;
+    for (u32 i = 0; i < 2 * GLYPHS; i++) {
+        const u32 n = i % GLYPHS;
+        const u8 *bits = zof_font_get_bitmap(&f.font, 0x4E00 + n);
+        const u8 level = (u8)(n * 7);
+        wrong += advance_of(f, 0x4E00 + n) != (u8)n || !bits || bits[0] != level || bits[SIDE * SIDE - 1] != level;
+    }
+    CHECK(wrong == 0);
+    CHECK(zof_mem_count() - before < MOST);
+    zof_binfont_delete(&f.font);
+    CHECK(zof_mem_count() == before);
 }
 
 // Draws letters in white on black; the brightness of 60 x 30 pixels.

@@ -46,6 +46,15 @@ s32 zof_file_exchange(const char *a, const char *b);
 // Removes a file, a link (not what it leads to), or an empty folder: 0 or -1.
 s32 zof_file_remove(const char *path);
 
+// Tells one state of a file from another: its size in bytes, the time of its last change and which file it is, all 0
+// when there is none. Compare with memcmp. 0 or -1. Links are followed.
+typedef struct {
+    u64 size;
+    s64 changed_ns;
+    u64 device, number;
+} zof_file_stamp_t;
+s32 zof_file_stamp(const char *path, zof_file_stamp_t *out);
+
 // Why the latest call on this thread failed, in words.
 const char *zof_file_error(void);
 

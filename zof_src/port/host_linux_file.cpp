@@ -89,6 +89,15 @@ s32 zof_host_remove(const char *path) {
     return remove(path) == 0 ? 0 : -1;
 }
 
+s32 zof_host_file_stamp(const char *path, zof_file_stamp_t *out) {
+    struct stat st;
+    if (stat(path, &st) != 0) {
+        return -1;
+    }
+    *out = {(u64)st.st_size, (s64)st.st_mtim.tv_sec * 1000000000 + st.st_mtim.tv_nsec, st.st_dev, st.st_ino};
+    return 0;
+}
+
 const char *zof_host_error(void) {
     static thread_local char text[96];
     return strerror_r(errno, text, sizeof(text));

@@ -81,6 +81,14 @@ s32 zof_file_remove(const char *path) {
     return path && !fails("remove", path) ? zof_host_remove(path) : -1;
 }
 
+s32 zof_file_stamp(const char *path, zof_file_stamp_t *out) {
+    if (!out) {
+        return -1;
+    }
+    *out = {};
+    return path ? zof_host_file_stamp(path, out) : -1;
+}
+
 const char *zof_file_error(void) {
     return zof_host_error();
 }

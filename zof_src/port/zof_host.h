@@ -47,6 +47,7 @@ s32 zof_host_file_sync(FILE *f);
 void zof_host_folder_sync(const char *path);
 s32 zof_host_exchange(const char *a, const char *b);
 s32 zof_host_remove(const char *path);
+s32 zof_host_file_stamp(const char *path, zof_file_stamp_t *out);
 const char *zof_host_error(void);
 
 // For tests: asked before each change of the disk ("create", "write", "sync", "rename", "exchange", "mkdir", "remove");

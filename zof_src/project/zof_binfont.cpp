@@ -1,8 +1,12 @@
-// Bitmap fonts, read from the file glyph by glyph: a large character set costs no memory, only the header and one glyph
-// stay. Whatever the file says is held against its size and the buffer before it is used.
+// Bitmap fonts. The file stays open and its glyphs are read when they are first asked for; what was read is kept until
+// the file changes, so that drawing a text reads nothing. Whatever the file says is checked against its size and the
+// bounds below before it is used.
 #include <bit>
+#include <stdio.h>
 #include <string.h>
 
+#include "drv/zof_drv.h"
+#include "drv/zof_drv_file.h"
 #include "project/zof_font.h"
 #include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
@@ -10,39 +14,48 @@
 static_assert(std::endian::native == std::endian::little, "the file's numbers are copied as they are");
 static_assert(sizeof(zof_font_header_t) == 16 && sizeof(zof_glyph_dsc_t) == 5);
 
-enum { TABLE_CHUNK = 256 };
+// Per font: the slots, 4 bytes for each code from code_min to code_max, and the bitmaps. Beyond BITMAP_BYTES_MOST all
+// bitmaps are dropped and read again as they are needed.
+enum { SLOTS = 1024, BITMAP_BYTES_MOST = 1 << 20 };
 
-// A file that is open for one look-up.
-struct font_file {
-    lv_fs_file_t fs;
-    bool open;
-    explicit font_file(const char *path) : open(path && lv_fs_open(&fs, path, LV_FS_MODE_RD) == LV_FS_RES_OK) {
-    }
-    ~font_file() {
-        if (open) {
-            lv_fs_close(&fs);
-        }
-    }
-    font_file(const font_file &) = delete;
-    font_file &operator=(const font_file &) = delete;
+// A glyph that was looked up, also one that the font lacks.
+struct glyph_slot {
+    u32 code;
+    bool used, exists;
+    zof_glyph_dsc_t dsc;
+    u32 place;  // of the bitmap in the file
+    u8 *bitmap; // owned; null until it is drawn
 };
 
-// Bytes that were read.
-static u32 read_at(font_file *file, u32 offset, u32 size, void *out) {
-    u32 got = 0;
-    const bool read = file->open && lv_fs_seek(&file->fs, offset, LV_FS_SEEK_SET) == LV_FS_RES_OK &&
-                      lv_fs_read(&file->fs, out, size, &got) == LV_FS_RES_OK;
-    return read ? got : 0;
+struct zof_font_cache {
+    FILE *file; // null while there is no usable file
+    zof_file_stamp_t stamp;
+    u32 checked_ms;
+    u32 *records; // place of the glyph record of each code from code_min on, 0 for none
+    u32 bitmap_bytes;
+    glyph_slot slots[SLOTS];
+};
+
+// Font paths may begin with a drive letter.
+static FILE *font_file_open(const char *path) {
+    const char *real = path ? zof_fs_get_real_path(path) : nullptr;
+    return real ? fopen(real, "rb") : nullptr;
 }
 
-static bool read_all(font_file *file, u32 offset, u32 size, void *out) {
+// Returns the bytes that were read.
+static u32 read_at(FILE *file, u32 offset, u32 size, void *out) {
+    return file && fseek(file, (long)offset, SEEK_SET) == 0 ? (u32)fread(out, 1, size, file) : 0;
+}
+
+static bool read_all(FILE *file, u32 offset, u32 size, void *out) {
     return read_at(file, offset, size, out) == size;
 }
 
 s32 _font_getdata(const char *path, u32 offset, u32 size, void *out) {
-    if (out) {
-        font_file file(path);
-        read_at(&file, offset, size, out);
+    FILE *file = out ? font_file_open(path) : nullptr;
+    if (file) {
+        read_at(file, offset, size, out);
+        fclose(file);
     }
     return 0;
 }
@@ -55,118 +68,181 @@ s32 zof_get_glyph_dsc(const char *path, u32 offset, void *out) {
     return _font_getdata(path, offset, sizeof(zof_glyph_dsc_t), out);
 }
 
-// The place of a code in the table; `count` when it is not there, so that the word behind the offsets is taken.
-static bool code_index(font_file *file, u32 count, u32 code, u32 *index) {
-    u16 chunk[TABLE_CHUNK];
-    for (u32 first = 0; first < count; first += TABLE_CHUNK) {
-        const u32 n = LV_MIN(count - first, (u32)TABLE_CHUNK);
-        if (!read_all(file, (u32)sizeof(zof_font_header_t) + 2 * first, 2 * n, chunk)) {
-            return false;
+static void bitmaps_drop(zof_font_cache *cache) {
+    for (glyph_slot &slot : cache->slots) {
+        zof_free(slot.bitmap);
+        slot.bitmap = nullptr;
+    }
+    cache->bitmap_bytes = 0;
+}
+
+static void cache_drop(zof_font_cache *cache) {
+    bitmaps_drop(cache);
+    memset(cache->slots, 0, sizeof(cache->slots));
+    zof_free(cache->records);
+    cache->records = nullptr;
+    if (cache->file) {
+        fclose(cache->file);
+    }
+    cache->file = nullptr;
+}
+
+// Spreads the file's tables over the range of codes. The first of equal codes counts. Codes that are missing take the
+// word behind the offsets, if the file has one.
+static bool records_read(zof_font_cache *cache, const zof_font_header_t *header) {
+    enum { RECORD_SIZE = sizeof(u16) + sizeof(u32) };
+    const u32 range = header->code_max - header->code_min + 1u;
+    const u32 count = header->count;
+    cache->records = (u32 *)zof_malloc(range * sizeof(u32));
+    auto *tables = (u8 *)zof_malloc(count * RECORD_SIZE + sizeof(u32)); // zeroed: what the file lacks is no glyph
+    if (cache->records && tables) {
+        const u32 size = count * RECORD_SIZE + sizeof(u32);
+        const u32 codes = read_at(cache->file, sizeof(*header), size, tables) / sizeof(u16);
+        u32 missing = 0;
+        memcpy(&missing, tables + count * RECORD_SIZE, sizeof(missing));
+        for (u32 i = 0; i < range; i++) {
+            cache->records[i] = missing;
         }
-        for (u32 i = 0; i < n; i++) {
-            if (chunk[i] == code) {
-                *index = first + i;
-                return true;
+        for (u32 i = LV_MIN(codes, count); i-- > 0;) {
+            u16 code;
+            memcpy(&code, tables + i * sizeof(code), sizeof(code));
+            if (code >= header->code_min && code <= header->code_max) {
+                memcpy(&cache->records[code - header->code_min], tables + count * sizeof(code) + i * sizeof(u32),
+                       sizeof(u32));
             }
         }
     }
-    *index = count;
-    return true;
+    zof_free(tables);
+    return cache->records && tables;
 }
 
-static u32 bitmap_bytes(const zof_binfont_t *font, const zof_glyph_dsc_t *glyph) {
-    return (u32)glyph->box_w * glyph->box_h * font->header.bpp / 8;
-}
-
-// Finds the record of a code and the place of its bitmap.
-static bool glyph_find(const zof_binfont_t *font, font_file *file, u32 code, zof_glyph_dsc_t *glyph, u32 *bitmap) {
-    const u32 tables = sizeof(zof_font_header_t);
-    u16 count = 0;
-    u32 index = 0;
-    u32 offset = 0;
-    if (!read_all(file, offsetof(zof_font_header_t, count), sizeof(count), &count) ||
-        !code_index(file, count, code, &index) ||
-        !read_all(file, tables + 2 * count + 4 * index, sizeof(offset), &offset) || offset == 0 ||
-        !read_all(file, offset, sizeof(*glyph), glyph) || bitmap_bytes(font, glyph) > font->header.bitmap_size) {
-        return false;
+// Opens the file and reads header and tables; without a usable font the cache stays empty.
+static void cache_fill(zof_binfont_t *bin, const zof_file_stamp_t *stamp) {
+    zof_font_cache *cache = bin->cache;
+    zof_font_header_t header;
+    cache->stamp = *stamp;
+    cache->file = font_file_open(bin->path);
+    if (read_all(cache->file, 0, sizeof(header), &header) && header.bpp != 0 && header.code_min <= header.code_max &&
+        records_read(cache, &header)) {
+        bin->header = header;
+    } else {
+        cache_drop(cache);
     }
-    *bitmap = offset + (u32)sizeof(*glyph);
-    return true;
 }
 
-static zof_binfont_t *binfont_for(const lv_font_t *font, u32 code) {
+// Checks at most once a millisecond whether the file was changed, replaced or removed; starts again with what is there.
+static void cache_check(zof_binfont_t *bin) {
+    const u32 now = zof_sys_time_ms();
+    if (now == bin->cache->checked_ms) {
+        return;
+    }
+    bin->cache->checked_ms = now;
+    zof_file_stamp_t stamp;
+    zof_file_stamp(zof_fs_get_real_path(bin->path), &stamp);
+    if (memcmp(&stamp, &bin->cache->stamp, sizeof(stamp)) != 0) {
+        cache_drop(bin->cache);
+        cache_fill(bin, &stamp);
+    }
+}
+
+static u32 bitmap_size(const zof_binfont_t *bin, const zof_glyph_dsc_t *glyph) {
+    return (u32)glyph->box_w * glyph->box_h * bin->header.bpp / 8;
+}
+
+// Fills an empty slot with what the file has for its code.
+static void slot_fill(const zof_binfont_t *bin, glyph_slot *slot) {
+    const zof_font_cache *cache = bin->cache;
+    const u32 record = cache->records[slot->code - bin->header.code_min];
+    if (record == 0 || !read_all(cache->file, record, sizeof(slot->dsc), &slot->dsc)) {
+        return;
+    }
+    const u32 size = bitmap_size(bin, &slot->dsc);
+    slot->place = record + (u32)sizeof(slot->dsc);
+    slot->exists = size <= bin->header.bitmap_size && (u64)slot->place + size <= cache->stamp.size;
+}
+
+// The slot of a code, null when the font has no such glyph.
+static glyph_slot *glyph_find(const lv_font_t *font, u32 code) {
     auto *bin = font ? (zof_binfont_t *)font->user_data : nullptr;
-    return bin && code >= bin->header.code_min && code <= bin->header.code_max ? bin : nullptr;
+    if (!bin) {
+        return nullptr;
+    }
+    cache_check(bin);
+    zof_font_cache *cache = bin->cache;
+    if (!cache->file || code < bin->header.code_min || code > bin->header.code_max) {
+        return nullptr;
+    }
+    glyph_slot *slot = &cache->slots[code % SLOTS];
+    if (!slot->used || slot->code != code) {
+        if (slot->bitmap) {
+            cache->bitmap_bytes -= bitmap_size(bin, &slot->dsc);
+            zof_free(slot->bitmap);
+        }
+        *slot = {.code = code, .used = true};
+        slot_fill(bin, slot);
+    }
+    return slot->exists ? slot : nullptr;
 }
 
 bool zof_font_get_glyph_dsc(const lv_font_t *font, lv_font_glyph_dsc_t *dsc, u32 code, u32) {
-    const zof_binfont_t *bin = binfont_for(font, code);
-    if (!bin || !dsc) {
+    const glyph_slot *slot = dsc ? glyph_find(font, code) : nullptr;
+    if (!slot) {
         return false;
     }
-    font_file file(bin->path);
-    zof_glyph_dsc_t glyph;
-    u32 bitmap = 0;
-    if (!glyph_find(bin, &file, code, &glyph, &bitmap)) {
-        return false;
-    }
-    const u32 bytes = bitmap_bytes(bin, &glyph);
-    u8 last = 0;
-    if (bytes && !read_all(&file, bitmap + bytes - 1, 1, &last)) {
-        return false; // the bitmap ends behind the file
-    }
-    dsc->adv_w = glyph.adv_w;
-    dsc->box_w = glyph.box_w;
-    dsc->box_h = glyph.box_h;
-    dsc->ofs_x = glyph.ofs_x;
-    dsc->ofs_y = glyph.ofs_y;
-    dsc->bpp = bin->header.bpp & 0xF;
+    dsc->adv_w = slot->dsc.adv_w;
+    dsc->box_w = slot->dsc.box_w;
+    dsc->box_h = slot->dsc.box_h;
+    dsc->ofs_x = slot->dsc.ofs_x;
+    dsc->ofs_y = slot->dsc.ofs_y;
+    dsc->bpp = ((const zof_binfont_t *)font->user_data)->header.bpp & 0xF;
     dsc->is_placeholder = 0;
     return true;
 }
 
 const u8 *zof_font_get_bitmap(const lv_font_t *font, u32 code) {
-    const zof_binfont_t *bin = binfont_for(font, code);
-    if (!bin) {
-        return nullptr;
+    glyph_slot *slot = glyph_find(font, code);
+    if (!slot || slot->bitmap) {
+        return slot ? slot->bitmap : nullptr;
     }
-    font_file file(bin->path);
-    zof_glyph_dsc_t glyph;
-    u32 bitmap = 0;
-    if (!glyph_find(bin, &file, code, &glyph, &bitmap)) {
-        return nullptr;
+    const auto *bin = (const zof_binfont_t *)font->user_data;
+    zof_font_cache *cache = bin->cache;
+    const u32 size = bitmap_size(bin, &slot->dsc);
+    if (cache->bitmap_bytes + size > BITMAP_BYTES_MOST) {
+        bitmaps_drop(cache);
     }
-    const u32 bytes = bitmap_bytes(bin, &glyph);
-    if (!read_all(&file, bitmap, bytes, bin->bitmap)) {
-        return nullptr;
+    // Zeroed and twice as large: a last byte that is not full is not in the file, and LVGL draws 3 bits a pixel as 4.
+    slot->bitmap = (u8 *)zof_malloc(2 * (size_t)size + 1);
+    if (slot->bitmap) {
+        cache->bitmap_bytes += size;
+        read_at(cache->file, slot->place, size, slot->bitmap);
     }
-    // A last byte that is not full is not in the file, and LVGL draws 3 bits a pixel as 4.
-    memset(bin->bitmap + bytes, 0, bytes + 1);
-    return bin->bitmap;
+    return slot->bitmap;
 }
 
 static void binfont_free(zof_binfont_t *bin) {
-    if (bin) {
-        zof_free(bin->bitmap);
-        zof_res_path_free(bin->path);
-        zof_free(bin);
+    if (!bin) {
+        return;
     }
+    if (bin->cache) {
+        cache_drop(bin->cache);
+    }
+    zof_free(bin->cache);
+    zof_res_path_free(bin->path);
+    zof_free(bin);
 }
 
 zof_binfont_t *zof_font_creat(const char *path) {
-    zof_font_header_t header;
-    font_file file(path);
-    if (!read_all(&file, 0, sizeof(header), &header) || header.bpp == 0) {
-        return nullptr;
-    }
-    auto *bin = (zof_binfont_t *)zof_malloc(sizeof(zof_binfont_t));
+    auto *bin = path ? (zof_binfont_t *)zof_malloc(sizeof(zof_binfont_t)) : nullptr;
     if (!bin) {
         return nullptr;
     }
-    bin->header = header;
     bin->path = zof_res_path_zof_malloc(path);
-    bin->bitmap = (u8 *)zof_malloc(2 * (size_t)header.bitmap_size + 1);
-    if (!bin->path || !bin->bitmap) {
+    bin->cache = (zof_font_cache *)zof_malloc(sizeof(zof_font_cache));
+    if (bin->path && bin->cache) {
+        bin->cache->checked_ms = zof_sys_time_ms() - 1;
+        cache_check(bin);
+    }
+    if (!bin->cache || !bin->cache->file) {
         binfont_free(bin);
         return nullptr;
     }

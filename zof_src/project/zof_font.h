@@ -31,10 +31,13 @@ typedef struct {
     s8 ofs_x, ofs_y;        // of the box from pen and base line, upwards
 } zof_glyph_dsc_t;
 
+// What was read of the file, at most about 1.5 MB; internal.
+typedef struct zof_font_cache zof_font_cache_t;
+
 typedef struct {
     char *path;
     zof_font_header_t header;
-    u8 *bitmap; // shared by all glyphs: a bitmap lasts until the next one is asked for
+    zof_font_cache_t *cache;
 } zof_binfont_t;
 
 typedef struct {
@@ -63,7 +66,9 @@ s32 zof_binfont_delete(lv_font_t *font);
 // Releases whatever is behind a font of either kind; a TrueType one goes with it. 0, or -1 for null.
 s32 zof_lvfont_delete(lv_font_t *font);
 
-// LVGL's callbacks of a bitmap font: false and null where there is no glyph. The file is read at each call.
+// LVGL's callbacks of a bitmap font: false and null where there is no glyph. A bitmap is valid until the next call for
+// any glyph of the font. The file stays open; glyphs that were read are kept until its size, time or identity changes,
+// which is checked at most once a millisecond.
 bool zof_font_get_glyph_dsc(const lv_font_t *font, lv_font_glyph_dsc_t *dsc, u32 code, u32 next);
 const u8 *zof_font_get_bitmap(const lv_font_t *font, u32 code);
 
