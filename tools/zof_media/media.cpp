@@ -69,6 +69,7 @@ static AVCodecContext *video_codec(const media_clip &clip, s32 w, s32 h, bool gl
                  : encoder->id == AV_CODEC_ID_MJPEG ? AV_PIX_FMT_YUVJ420P
                                                     : AV_PIX_FMT_YUV420P;
     c->gop_size = 12;
+    c->max_b_frames = clip.b_frames;
     c->flags |= AV_CODEC_FLAG_QSCALE | AV_CODEC_FLAG_BITEXACT | (global_header ? AV_CODEC_FLAG_GLOBAL_HEADER : 0);
     c->global_quality = FF_QP2LAMBDA * 3;
     if (avcodec_open2(c, encoder, nullptr) < 0) {
@@ -115,7 +116,7 @@ static bool frame_write(AVFormatContext *format, track *t, const media_clip &cli
     frame->format = t->codec->pix_fmt;
     frame->width = w;
     frame->height = h;
-    frame->pts = n;
+    frame->pts = clip.times ? clip.times[n] : n;
     frame->quality = t->codec->global_quality;
     SwsContext *sws =
         sws_getContext(w, h, AV_PIX_FMT_BGRA, w, h, t->codec->pix_fmt, SWS_BILINEAR, nullptr, nullptr, nullptr);

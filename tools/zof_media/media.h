@@ -13,6 +13,8 @@ struct media_clip {
     s32 frames = 0;
     const char *codec = "mpeg4";   // "png" keeps colours and transparency exactly, "mjpeg" is of single pictures
     s32 resize_at = -1;            // from this frame on half as large; "png" and "mjpeg" can
+    s32 b_frames = 0;              // frames in a row that need a later one; "mpeg4" can
+    const s32 *times = nullptr;    // when each frame is shown, in frames of the rate; null: one after the other
     media_paint_t paint = nullptr; // null: a ball over slow colours
     s32 tone_hz = 0;               // 0 for no sound
     s32 tone_ms = 0;               // 0 for as long as the frames

@@ -1,6 +1,6 @@
-// The player of clips. Each tick of its timer decodes one frame and scales it straight into the picture that LVGL
-// draws. The ticks follow the clip's own time, not the timer's period: a main loop that comes late would otherwise
-// play slower and slower.
+// The player of clips. One frame is decoded ahead; when its own time has come it is scaled straight into the picture
+// that LVGL draws. Sound is played by another thread, so a main loop that comes late skips frames instead of showing
+// them late.
 #include <string.h>
 
 #include "drv/zof_drv.h"
@@ -9,18 +9,26 @@
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
-enum { FRAME_MS = 33, LATE_MOST_MS = 500, PERIOD_MOST_MS = 10000 };
+// A tick decodes SKIP_MOST frames at most and a frame takes PACKETS_MOST packets at most, so that the screen stays
+// alive.
+enum { FRAME_MS = 33, PERIOD_MOST_MS = 10000, TIME_MOST_MS = 1 << 30, SKIP_MOST = 8, PACKETS_MOST = 512 };
 
 struct ffmpeg_context {
     ff_media media;
     SwsContext *scaler; // made with the first frame
-    AVFrame *frame;
+    AVFrame *frame;     // the next one to show
+    AVFrame *shown;     // the latest whose time has come
     AVPacket *packet;
     int width, height, format; // of the clip when it was opened; a frame of another size ends it
     bool has_alpha;
-    u32 started_ms; // the clip's time: frame n is due n * den / num seconds later
-    u32 frames;
-    s64 num, den;
+    AVRational time_base; // seconds in a unit of the frames' times
+    u32 frame_ms;         // the usual distance of two frames
+    bool begun;           // a frame was asked for since the clip was rewound
+    bool ahead;           // `frame` holds one
+    bool drained;         // the file has ended, the decoder gives the frames that it still has
+    u32 started_ms;       // when the clip's time was 0
+    s64 due_ms;           // the clip's time at which `frame` is due, or at which the clip ends
+    s64 lead_ms;          // what the clip's time is ahead of the frames' own
 };
 
 struct lv_ffmpeg_player_t {
@@ -37,6 +45,7 @@ static void player_close(lv_ffmpeg_player_t *p) {
     if (c) {
         av_packet_free(&c->packet);
         av_frame_free(&c->frame);
+        av_frame_free(&c->shown);
         sws_freeContext(c->scaler);
         ff_close(&c->media);
         zof_free(c);
@@ -48,7 +57,7 @@ static void player_close(lv_ffmpeg_player_t *p) {
     }
 }
 
-// Without a clip nothing is shown; of no image LVGL would keep the former size and paint "No data" there.
+// Without a clip nothing is shown. Without a source LVGL would keep the old size and paint "No data" there.
 static void picture_none(lv_ffmpeg_player_t *p) {
     lv_img_set_src(&p->img.obj, nullptr);
     p->img.w = 0;
@@ -78,20 +87,11 @@ static bool picture_make(lv_ffmpeg_player_t *p) {
     return true;
 }
 
-// The rate of the stream; whatever makes no sense is the usual 33 ms.
-static u32 rate_take(ffmpeg_context *c) {
-    const AVRational rate = c->media.format->streams[c->media.stream]->avg_frame_rate;
-    c->num = 1000;
-    c->den = FRAME_MS;
-    if (rate.num > 0 && rate.den > 0) {
-        const s64 period = 1000ll * rate.den / rate.num;
-        if (period >= 1 && period <= PERIOD_MOST_MS) {
-            c->num = rate.num;
-            c->den = rate.den;
-            return (u32)period;
-        }
-    }
-    return FRAME_MS;
+// The stream's average distance of two frames; 33 ms where it makes no sense.
+static u32 frame_ms_of(const AVStream *stream) {
+    const AVRational rate = stream->avg_frame_rate;
+    const s64 period = rate.num > 0 && rate.den > 0 ? 1000ll * rate.den / rate.num : 0;
+    return period >= 1 && period <= PERIOD_MOST_MS ? (u32)period : (u32)FRAME_MS;
 }
 
 static bool clip_open(lv_ffmpeg_player_t *p, const char *path) {
@@ -113,9 +113,13 @@ static bool clip_open(lv_ffmpeg_player_t *p, const char *path) {
     c->height = c->media.codec->height;
     c->format = c->media.codec->pix_fmt;
     c->has_alpha = ff_has_alpha(c->format);
+    const AVStream *stream = c->media.format->streams[c->media.stream];
+    c->time_base = stream->time_base;
+    c->frame_ms = frame_ms_of(stream);
     c->frame = av_frame_alloc();
+    c->shown = av_frame_alloc();
     c->packet = av_packet_alloc();
-    if (!c->frame || !c->packet) {
+    if (!c->frame || !c->shown || !c->packet) {
         return false;
     }
     return picture_make(p);
@@ -130,19 +134,21 @@ u32 lv_ffmpeg_player_set_src(lv_obj_t *player, const char *path) {
         picture_none(p);
         return 0;
     }
-    lv_timer_set_period(p->timer, rate_take(p->ffmpeg_ctx));
     return 1;
 }
 
 static void clip_rewind(ffmpeg_context *c) {
     av_seek_frame(c->media.format, 0, 0, AVSEEK_FLAG_BACKWARD);
     avcodec_flush_buffers(c->media.codec);
+    c->begun = false;
+    c->ahead = false;
+    c->drained = false;
+    c->due_ms = 0;
 }
 
-// From now on the clip's time goes by this moment.
+// Starts or goes on: the frame that is ahead is due now.
 static void time_begin(lv_ffmpeg_player_t *p) {
-    p->ffmpeg_ctx->started_ms = zof_sys_time_ms();
-    p->ffmpeg_ctx->frames = 0;
+    p->ffmpeg_ctx->started_ms = zof_sys_time_ms() - (u32)p->ffmpeg_ctx->due_ms;
     lv_timer_resume(p->timer);
     lv_timer_ready(p->timer);
 }
@@ -163,25 +169,62 @@ void lv_ffmpeg_player_set_cmd(lv_obj_t *player, u32 command) {
     }
 }
 
-// When the next frame is due, from the present run of the timer on. Who is far behind starts counting anew instead of
-// running through what was missed.
-static void time_next(lv_ffmpeg_player_t *p) {
-    ffmpeg_context *c = p->ffmpeg_ctx;
-    c->frames++;
-    const u32 now = zof_sys_time_ms();
-    const s64 due = (s64)c->frames * 1000 * c->den / c->num;
-    const s64 wait = due - (s64)(now - c->started_ms);
-    if (wait < -LATE_MOST_MS) {
-        c->started_ms = now;
-        c->frames = 0;
+// Hands the decoder the next packet, or the news that there are no more. False when it takes neither.
+static bool packet_send(ffmpeg_context *c) {
+    if (c->drained) {
+        return false;
     }
-    lv_timer_set_period(p->timer, wait > 0 ? (u32)wait : 1);
+    if (!ff_packet_read(&c->media, c->packet)) {
+        c->drained = true;
+        return avcodec_send_packet(c->media.codec, nullptr) == 0;
+    }
+    const bool sent = avcodec_send_packet(c->media.codec, c->packet) == 0;
+    av_packet_unref(c->packet);
+    return sent;
+}
+
+// Decodes the next frame; false at the end and where the clip is broken.
+static bool frame_decode(ffmpeg_context *c) {
+    for (u32 packets = 0; packets <= PACKETS_MOST; packets++) {
+        const int result = avcodec_receive_frame(c->media.codec, c->frame);
+        if (result != AVERROR(EAGAIN) || !packet_send(c)) {
+            return result == 0;
+        }
+    }
+    return false;
+}
+
+// When the frame that was decoded is due, from its own time. Times that run backwards or leap start a new count, one
+// usual distance behind the frame before.
+static s64 frame_due(ffmpeg_context *c) {
+    const s64 pts = c->frame->best_effort_timestamp;
+    const s64 own = pts == AV_NOPTS_VALUE ? -1 : av_rescale_q(pts, c->time_base, {1, 1000});
+    const s64 due = c->lead_ms + own;
+    if (c->begun && own >= 0 && own <= TIME_MOST_MS && due >= c->due_ms && due - c->due_ms <= PERIOD_MOST_MS) {
+        return due;
+    }
+    const s64 usual = c->begun ? c->due_ms + c->frame_ms : 0;
+    c->lead_ms = own >= 0 && own <= TIME_MOST_MS ? usual - own : usual;
+    return usual;
+}
+
+// Gets the next frame ahead, or finds the end of the clip, which is when the last frame was shown for its time.
+static void frame_next(ffmpeg_context *c) {
+    av_frame_unref(c->frame);
+    c->ahead = frame_decode(c);
+    c->due_ms = c->ahead ? frame_due(c) : c->due_ms + c->frame_ms;
+    c->begun = true;
+}
+
+// Milliseconds until `due_ms`; 0 or less when it has passed.
+static s32 due_in(const ffmpeg_context *c) {
+    return (s32)((u32)c->due_ms - (zof_sys_time_ms() - c->started_ms));
 }
 
 // False for what ends the clip.
 static bool frame_show(lv_ffmpeg_player_t *p) {
     ffmpeg_context *c = p->ffmpeg_ctx;
-    const AVFrame *f = c->frame;
+    const AVFrame *f = c->shown;
     if (c->format == AV_PIX_FMT_NONE) { // some codecs say it with the first frame only
         c->format = f->format;
     }
@@ -196,20 +239,26 @@ static bool frame_show(lv_ffmpeg_player_t *p) {
     return ff_scale(c->scaler, f, (u8 *)p->imgdsc.data, w, h);
 }
 
-// One packet and the frames that it gives, usually one.
-static bool packet_play(lv_ffmpeg_player_t *p) {
+// Shows the latest frame whose time has come. False when the clip has ended.
+static bool clip_play(lv_ffmpeg_player_t *p) {
     ffmpeg_context *c = p->ffmpeg_ctx;
-    if (!ff_packet_read(&c->media, c->packet)) {
-        return false;
+    if (!c->begun) {
+        frame_next(c);
     }
-    int result = avcodec_send_packet(c->media.codec, c->packet);
-    bool good = result == 0;
-    while (good && (result = avcodec_receive_frame(c->media.codec, c->frame)) == 0) {
-        good = frame_show(p);
-        av_frame_unref(c->frame);
+    u32 frames = 0;
+    for (; c->ahead && due_in(c) <= 0 && frames < SKIP_MOST; frames++) {
+        av_frame_unref(c->shown);
+        av_frame_move_ref(c->shown, c->frame);
+        frame_next(c);
     }
-    av_packet_unref(c->packet);
-    return good && (result == AVERROR(EAGAIN) || result == AVERROR_EOF);
+    if (frames > 0) {
+        if (!frame_show(p)) {
+            return false;
+        }
+        lv_img_cache_invalidate_src(&p->imgdsc);
+        lv_obj_invalidate(&p->img.obj);
+    }
+    return c->ahead || due_in(c) > 0;
 }
 
 static void lv_ffmpeg_player_frame_update_cb(lv_timer_t *timer) {
@@ -217,13 +266,12 @@ static void lv_ffmpeg_player_frame_update_cb(lv_timer_t *timer) {
     if (!p->ffmpeg_ctx) {
         return;
     }
-    if (!packet_play(p)) {
+    if (!clip_play(p)) {
         lv_ffmpeg_player_set_cmd(&p->img.obj, p->auto_restart ^ 1);
         return;
     }
-    lv_img_cache_invalidate_src(&p->imgdsc);
-    lv_obj_invalidate(&p->img.obj);
-    time_next(p);
+    const s32 wait = due_in(p->ffmpeg_ctx);
+    lv_timer_set_period(timer, wait > 0 ? (u32)wait : 1);
 }
 
 void lv_ffmpeg_player_set_auto_restart(lv_obj_t *player, zof_bool restart) {
