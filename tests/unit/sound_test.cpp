@@ -1,4 +1,6 @@
 // Sound files through SDL's driver that writes to a file: what would be heard is compared byte by byte.
+#include <sys/stat.h>
+
 #include <algorithm>
 
 #include "eventually.h"
@@ -43,10 +45,10 @@ struct sound_room_t : temp_project_t {
     }
 };
 
-static std::string wav(const std::string &data, int channels, int bits, u32 claimed = 0) {
+static std::string wav(const std::string &data, int channels, int bits, u32 claimed = 0, u32 rate = 8000) {
     const int frame = channels * bits / 8;
     return "RIFF" + le((u32)data.size() + 36, 4) + "WAVEfmt " + le(16, 4) + le(1, 2) + le((u32)channels, 2) +
-           le(8000, 4) + le((u32)(8000 * frame), 4) + le((u32)frame, 2) + le((u32)bits, 2) + "data" +
+           le(rate, 4) + le(rate * (u32)frame, 4) + le((u32)frame, 2) + le((u32)bits, 2) + "data" +
            le(claimed ? claimed : (u32)data.size(), 4) + data;
 }
 
@@ -159,17 +161,44 @@ TEST_CASE("a sound's thread is paused, resumed and stopped at once, and a start 
     CHECK((took[10] < 100 && took[19] < 2000)); // the median: a busy machine may hold up one or another
 }
 
+TEST_CASE("a WAV file of a low rate is heard, and stops at once") {
+    sound_room_t room;
+    for (const u32 rate : {1u, 4u, 3999u}) {
+        CAPTURE(rate);
+        const u32 hold = (4000 + rate - 1) / rate;
+        room.write("slow.wav", wav("\x10\x20\x70\x40\x50\x60", 1, 16, 0, rate));
+        REQUIRE(room.play(room.path("slow.wav")) == 0);
+        REQUIRE(eventually([&] { return room.heard().size() >= 6 * hold; }));
+        std::string held;
+        for (const char *frame : {"\x10\x20", "\x70\x40", "\x50\x60"}) {
+            for (u32 i = 0; i < hold; i++) {
+                held += frame;
+            }
+        }
+        CHECK((room.heard() == held));
+        const auto start = std::chrono::steady_clock::now();
+        CHECK(zof_drv_audio_set_state(ZOF_MEDIA_STOP) == 0);
+        CHECK(std::chrono::steady_clock::now() - start < std::chrono::seconds(1)); // 32 ms on an idle machine
+    }
+}
+
 TEST_CASE("names that cannot be and files that are broken end quietly or with a line, in the thread too") {
     sound_room_t room;
     media_clip film;
     film.width = film.height = 32;
     film.frames = 3;
     const std::string fits = std::string(123, 'x') + ".wav", silent = room.make("silent.mp4", film);
+    const std::string pipes[] = {room.path("pipe.wav"), room.path("pipe.mp3")}; // which nobody will ever write to
+    for (const std::string &pipe : pipes) {
+        REQUIRE(mkfifo(pipe.c_str(), 0600) == 0);
+    }
     const struct {
         std::string path;
         s32 result;
         std::string line;
-    } rows[] = {{"/a.dir/name", -1, "sound /a.dir/name: a name without a dot"},
+    } rows[] = {{pipes[0], 0, "pipe.wav: cannot be opened"},
+                {pipes[1], 0, "pipe.mp3: Failed to open file!"},
+                {"/a.dir/name", -1, "sound /a.dir/name: a name without a dot"},
                 {"x" + fits, -1, "the path is too long"},
                 {fits, 0, ": cannot be opened"},
                 {"/none.mp3", 0, "sound /none.mp3: Failed to open file!"},

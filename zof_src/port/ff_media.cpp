@@ -5,6 +5,7 @@
 #include <string.h>
 #include <strings.h>
 
+#include "drv/zof_drv_file.h"
 #include "lvgl.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -31,7 +32,7 @@ static const AVInputFormat *demuxer_of(const char *extension) {
 }
 
 ff_source ff_source_host(const char *path) {
-    FILE *file = path ? fopen(path, "rb") : nullptr;
+    FILE *file = zof_file_read_open(path);
     if (!file) {
         return {};
     }

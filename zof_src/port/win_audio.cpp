@@ -1,5 +1,5 @@
 // Sound: one file at a time, played by a thread that hands its bytes to SDL's device. The thread and the device wait
-// for each other by a semaphore; whoever ends the sound posts it too, and joins the thread.
+// for each other by a semaphore; stopping a sound posts it too, and joins the thread.
 #include <stdlib.h>
 #include <string.h>
 #include <strings.h>
@@ -19,11 +19,15 @@ static struct {
     u8 type_wav;    // the latest source was a WAV file
     bool any;       // there was a source that could be played
     u8 state_pause; // under the lock, as all below is
-    bool primed;    // there is enough in the ring to begin with
+    bool primed;    // the ring has been filled, the device may start
     SDL_AudioDeviceID device;
     SDL_AudioSpec spec;
     std::mutex lock;
+    u32 hold, frame_bytes; // the playing thread's: times that each frame goes to the device, and its size
 } audio;
+
+// Closing a device waits for two of its blocks. A device of a lower rate than this would need too long for one.
+enum { RATE_LEAST = 4000, BLOCK_LEAST = 64 };
 
 // The audio thread's: silence, and over it what there is.
 static void device_fill(void *, u8 *stream, int size) {
@@ -43,37 +47,29 @@ static void device_fill(void *, u8 *stream, int size) {
     SDL_SemPost(sound.wake);
 }
 
-// Short enough that closing the device, which waits for two such blocks, is not noticed.
+// Samples of a block: 20 ms at most.
 static u16 block_of(int rate) {
-    u16 samples = 64;
+    u16 samples = BLOCK_LEAST;
     while (samples * 2 <= rate / 50) {
         samples = (u16)(samples * 2);
     }
     return samples;
 }
 
-SDL_AudioDeviceID win_audio_open(const SDL_AudioSpec *want, SDL_AudioSpec *got) {
-    static std::mutex lock;
-    const std::lock_guard<std::mutex> guard(lock);
-    const bool ready = SDL_WasInit(SDL_INIT_AUDIO) || SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
-    return ready ? SDL_OpenAudioDevice(nullptr, 0, want, got, 0) : 0;
-}
-
 bool sound_device_open(int rate, SDL_AudioFormat format, u8 channels) {
     SDL_AudioSpec want = {};
-    want.freq = rate;
+    audio.hold = rate < RATE_LEAST ? (u32)((RATE_LEAST + rate - 1) / rate) : 1;
+    audio.frame_bytes = channels * SDL_AUDIO_BITSIZE(format) / 8u;
+    want.freq = rate * (int)audio.hold;
     want.format = format;
     want.channels = channels;
-    want.samples = block_of(rate);
+    want.samples = block_of(want.freq);
     want.callback = device_fill;
     sound.put = 0;
     sound.taken = 0;
     const std::lock_guard<std::mutex> guard(audio.lock);
     audio.primed = false;
-    audio.device = win_audio_open(&want, &audio.spec);
-    if (!audio.device && win_beep_yield()) {
-        audio.device = win_audio_open(&want, &audio.spec);
-    }
+    audio.device = win_device_open(&want, &audio.spec);
     return audio.device != 0;
 }
 
@@ -85,7 +81,7 @@ void sound_device_close(void) {
         audio.device = 0;
     }
     if (device) {
-        SDL_CloseAudioDevice(device);
+        win_device_close(device);
     }
 }
 
@@ -97,7 +93,7 @@ static void device_go() {
     }
 }
 
-bool sound_feed(const u8 *data, u32 size) {
+static bool ring_put(const u8 *data, u32 size) {
     while (size > 0 && !sound.type_p) {
         const u32 room = AUDIO_RING - (sound.put - sound.taken);
         if (room == 0) {
@@ -116,6 +112,19 @@ bool sound_feed(const u8 *data, u32 size) {
     return !sound.type_p;
 }
 
+bool sound_feed(const u8 *data, u32 size) {
+    if (audio.hold == 1) {
+        return ring_put(data, size);
+    }
+    bool on = true;
+    for (u32 at = 0; on && at + audio.frame_bytes <= size; at += audio.frame_bytes) {
+        for (u32 i = 0; on && i < audio.hold; i++) {
+            on = ring_put(data + at, audio.frame_bytes);
+        }
+    }
+    return on;
+}
+
 bool sound_drain(void) {
     device_go();
     while (sound.put != sound.taken && !sound.type_p) {
@@ -125,9 +134,9 @@ bool sound_drain(void) {
 }
 
 void sound_complain(const char *why) {
-    static char told[AUDIO_PATH];
-    if (strcmp(told, sound.audio_file) != 0) {
-        strcpy(told, sound.audio_file);
+    static char reported[AUDIO_PATH];
+    if (strcmp(reported, sound.audio_file) != 0) {
+        strcpy(reported, sound.audio_file);
         zof_printf("sound %s: %s", sound.audio_file, why);
     }
 }

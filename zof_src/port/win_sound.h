@@ -24,26 +24,27 @@ struct win_sound {
 };
 extern win_sound sound;
 
-// Opens a device, paused; 0 with SDL's reason. Tones and sounds come here: SDL counts its starts in eight bits, and two
-// threads that open at once may be given the same device.
-SDL_AudioDeviceID win_audio_open(const SDL_AudioSpec *want, SDL_AudioSpec *got);
+// The device of the sound, opened paused; 0 with SDL's reason. Where there is a single device, the tones lose it.
+SDL_AudioDeviceID win_device_open(const SDL_AudioSpec *want, SDL_AudioSpec *got);
+void win_device_close(SDL_AudioDeviceID device);
+// Calls `queue` with the device of the tones and starts it; the device is opened when it is not, and stays open. False
+// with SDL's reason when there is none. Any thread.
+bool win_device_tone(const SDL_AudioSpec *want, void (*queue)(SDL_AudioDeviceID device, u32 ms), u32 ms);
 
-// For the playing thread. Opens the device for these samples; false with SDL's reason. Close lets go of it.
+// For the playing thread. Opens the device for these samples of more than 0 Hz; false with SDL's reason. Frames of a low
+// rate are repeated on their way to it, so that closing it never takes more than some 50 ms.
 bool sound_device_open(int rate, SDL_AudioFormat format, u8 channels);
 void sound_device_close(void);
 
-// Takes the beeper's device, which asks for one again at its next tone; false when it had none. Any thread.
-bool win_beep_yield(void);
-
-// Hands over so many bytes, as there is room; the drain waits until the device has taken all. False when the thread is
-// to end.
+// Hands over whole frames as there is room; the drain waits until the device has taken all. False when the thread must
+// end.
 bool sound_feed(const u8 *data, u32 size);
 bool sound_drain(void);
 
-// Tells why the file is not heard; once, though every touch may ask for it again.
+// Logs why the file is not heard; once, though every touch may ask for it again.
 void sound_complain(const char *why);
 
-// Waits to be asked to end, `ms` at most, 0 without limit.
+// Waits until the thread is asked to end, `ms` at most, 0 without limit.
 void sound_stop_wait(u32 ms);
 
 // The bodies of the playing thread.

@@ -88,14 +88,24 @@ static bool frame_play(sound_run *r) {
     return true;
 }
 
+// Plays what the decoder makes of a packet; null: of all that it still holds.
+static bool packet_play(sound_run *r, const AVPacket *packet) {
+    avcodec_send_packet(r->media.codec, packet); // a broken piece is passed over
+    bool on = true;
+    while (on && avcodec_receive_frame(r->media.codec, r->frame) == 0) {
+        on = frame_play(r);
+    }
+    return on;
+}
+
 static void run_play(sound_run *r) {
     bool on = true;
     while (on && ff_packet_read(&r->media, r->packet)) {
-        avcodec_send_packet(r->media.codec, r->packet); // a broken piece is passed over
-        while (on && avcodec_receive_frame(r->media.codec, r->frame) == 0) {
-            on = frame_play(r);
-        }
+        on = packet_play(r, r->packet);
         av_packet_unref(r->packet);
+    }
+    if (on) {
+        packet_play(r, nullptr);
     }
     sound_drain();
 }

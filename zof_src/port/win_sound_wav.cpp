@@ -1,7 +1,7 @@
-// WAV files, by SDL. A file that has played out stays in the state "playing", silent, until it is stopped: whoever
-// started it is to end it.
+// WAV files, by SDL. A file that has played out stays in the state "playing", silent, until it is stopped.
 #include <stdio.h>
 
+#include "drv/zof_drv_file.h"
 #include "port/win_sound.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -29,7 +29,7 @@ static void lengths_bound(u8 *file, u32 size) {
 
 // The whole file, for zof_free; null with *why.
 static u8 *file_read(const char *path, u32 *size, const char **why) {
-    FILE *f = fopen(path, "rb");
+    FILE *f = zof_file_read_open(path);
     *why = "cannot be opened";
     if (!f) {
         return nullptr;
@@ -61,7 +61,7 @@ static bool wav_load(SDL_AudioSpec *spec, u8 **data, u32 *size) {
     if (good && (spec->freq <= 0 || spec->freq > RATE_MOST)) {
         SDL_FreeWAV(*data);
         good = false;
-        why = "its rate makes no sense";
+        why = "its rate is out of range";
     }
     if (!good) {
         sound_complain(why);

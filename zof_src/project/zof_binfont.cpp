@@ -38,8 +38,7 @@ struct zof_font_cache {
 
 // Font paths may begin with a drive letter.
 static FILE *font_file_open(const char *path) {
-    const char *real = path ? zof_fs_get_real_path(path) : nullptr;
-    return real ? fopen(real, "rb") : nullptr;
+    return zof_file_read_open(path ? zof_fs_get_real_path(path) : nullptr);
 }
 
 // Returns the bytes that were read.
