@@ -15,8 +15,8 @@ static struct {
     std::atomic<int> open, sounds; // sounds: how often one got it
 } device;
 
-extern "C" SDL_AudioDeviceID __wrap_SDL_OpenAudioDevice(const char *, int, const SDL_AudioSpec *want, SDL_AudioSpec *got,
-                                                        int) {
+extern "C" SDL_AudioDeviceID __wrap_SDL_OpenAudioDevice(const char *, int, const SDL_AudioSpec *want,
+                                                        SDL_AudioSpec *got, int) {
     int closed = 0;
     if (!device.open.compare_exchange_strong(closed, 1)) {
         SDL_SetError("Audio device already open");

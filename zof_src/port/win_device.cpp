@@ -1,5 +1,5 @@
-// The sound devices: one for the sound that plays and one for tones, opened and closed under one lock. Many hosts have a
-// single device. There a sound takes it from the tones in one step, so that no tone can open it again in between.
+// The sound devices: one for the sound that plays and one for tones, opened and closed under one lock. Many hosts have
+// a single device. There a sound takes it from the tones in one step, so that no tone can open it again in between.
 #include <mutex>
 
 #include "port/win_sound.h"

@@ -31,8 +31,8 @@ void win_device_close(SDL_AudioDeviceID device);
 // with SDL's reason when there is none. Any thread.
 bool win_device_tone(const SDL_AudioSpec *want, void (*queue)(SDL_AudioDeviceID device, u32 ms), u32 ms);
 
-// For the playing thread. Opens the device for these samples of more than 0 Hz; false with SDL's reason. Frames of a low
-// rate are repeated on their way to it, so that closing it never takes more than some 50 ms.
+// For the playing thread. Opens the device for these samples, of more than 0 Hz; false with SDL's reason. Frames of a
+// low rate are repeated on their way to it, so that closing it never takes more than some 50 ms.
 bool sound_device_open(int rate, SDL_AudioFormat format, u8 channels);
 void sound_device_close(void);
 
