@@ -2,6 +2,7 @@
 #include "temp_project.h"
 #include "zof_test.h"
 
+#include <algorithm>
 #include <cstring>
 #include <thread>
 
@@ -48,4 +49,32 @@ TEST_CASE("counters stay exact under threads, and each message of the log stays 
     for (size_t at = 0; at < text.size(); at += 32) {
         CHECK(text.substr(at, 32) == std::string(30, text[at]) + "\n\n");
     }
+}
+
+TEST_CASE("the log escapes control characters of what is inserted, keeps its own line ends, and cuts nothing") {
+    char all[256]; // every control character at once: nothing is left to mark the format's own line end with
+    for (int i = 0; i < 255; i++) {
+        all[i] = (char)(i + 1);
+    }
+    all[255] = '\0';
+    const std::string whole(5000, 'w');
+    const struct {
+        const char *inserted;
+        std::string shown;
+    } rows[] = {
+        {"a\nfake: line\r", "a\\x0afake: line\\x0d"},
+        {"\x1b[2J\x7f", "\\x1b[2J\\x7f"},
+        {"\xC2\x9B" "31m \xC3\xA9 \xFF", "\\xc2\\x9b31m \xC3\xA9 \xFF"}, // U+009B is a control character, an accent is not
+        {whole.c_str(), whole},
+    };
+    for (const auto &row : rows) {
+        s32 count = 0;
+        const std::string text = printed([&] { count = zof_printf("x: %s\n", row.inserted); });
+        CHECK(text == "x: " + row.shown + "\n\n");
+        CHECK((u32)count == strlen(row.inserted) + 4);
+    }
+    const std::string text = printed([&] { zof_printf("%s\n", all); });
+    CHECK(std::count(text.begin(), text.end(), '\n') == 1); // its own is escaped too
+    CHECK(contains(text, "\\x1f !"));
+    CHECK(printed([] { zof_printf("one\ntwo\n"); }) == "one\ntwo\n\n");
 }

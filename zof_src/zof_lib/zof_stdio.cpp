@@ -1,14 +1,11 @@
-// Console log and accounted memory. Each block carries a header with its size and its family's counter: the usable size
+// Accounted memory. Each block carries a header with its size and its family's counter: the usable size
 // that a system reports is rounded, and counters fed from it drift; these stay exact, so "memory is flat" can be
 // proved.
 #include "zof_lib/zof_stdio.h"
 
 #include <atomic>
-#include <cstdarg>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <mutex>
 
 namespace {
 
@@ -22,8 +19,7 @@ struct {
     std::atomic<size_t> zof_mem_size{0};
     std::atomic<size_t> zof_mem_size1{0};
     std::atomic<u32> g_win_mem_total{10};
-    std::mutex print;
-} memory; // counters of the two families, and the lock that keeps lines whole
+} memory; // counters of the two families
 
 block_head_t *head_of(void *p) {
     return static_cast<block_head_t *>(p) - 1;
@@ -79,20 +75,6 @@ void *block_resize(void *p, size_t n, bool zeroed, std::atomic<size_t> *counter)
 }
 
 } // namespace
-
-s32 zof_printf(const char *fmt, ...) {
-    if (!fmt) {
-        return -1;
-    }
-    std::lock_guard<std::mutex> guard(memory.print);
-    va_list args;
-    va_start(args, fmt);
-    s32 count = std::vprintf(fmt, args);
-    va_end(args);
-    std::putchar('\n');
-    std::fflush(stdout);
-    return count;
-}
 
 void *zof_malloc(size_t n) {
     return block_new(n, true, &memory.zof_mem_size);

@@ -12,8 +12,10 @@ ZOF_C_BEGIN
 #define ZOF_PRINTF_LIKE(fmt, args)
 #endif
 
-// Prints to standard output, then one line end more, then flushes; lines of different threads do not mix. A message
-// that brings its own "\n" is thus followed by an empty line. Returns the bytes of the text itself, -1 for null.
+// Prints to standard output, then one more line end, then flushes; lines of different threads do not mix. A message
+// that has its own "\n" is thus followed by an empty line. Control characters in what is inserted are printed as \xHH;
+// those of the format itself stay. Messages of any length are printed whole. Returns the bytes of the text before it was
+// escaped, -1 for null.
 s32 zof_printf(const char *fmt, ...) ZOF_PRINTF_LIKE(1, 2);
 
 // The runtime's family: memory is zeroed, also what a zof_realloc adds. n 0 gives null, and so does a size that no
