@@ -1,6 +1,7 @@
 // The watch for an update disk and its progress screen, on the test's clock; the copy's thread runs in real time.
 #include <unistd.h>
 
+#include "port/zof_host.h"
 #include "screen_fixture.h"
 #include "temp_project.h"
 
@@ -85,11 +86,40 @@ static void renew(temp_project_t *project, const std::string &from) {
     });
 }
 
-TEST_CASE("a card's data is copied without a count") {
+TEST_CASE("a card's data is copied without a count, and the screen ends with the result") {
     temp_project_t project;
     renew(&project, "T/zof_update/a");
-    CHECK(shown() == begun);
+    CHECK(contains(shown(), "100|upgraded,success 1 , fail 0,pls restart power"));
     CHECK(file_text(disk + "D/a") == "new");
+}
+
+TEST_CASE("an update of which every name is skipped ends with the result") {
+    temp_project_t project;
+    renew(&project, "U/zof_update/.hidden");
+    CHECK(contains(shown(), "100|upgraded,success 0 , fail 0,pls restart power"));
+}
+
+TEST_CASE("a copy that outlasts the watch still ends with its result, whatever the disk was counted to hold") {
+    static zof_sem_t gate = zof_sem_create(0);
+    temp_project_t project;
+    watch_open(&project);
+    put("U/zof_update/a", "1");
+    zof_file_fault_set([](const char *what, const char *) -> zof_bool {
+        return std::string(what) == "create" && zof_sem_take(gate, 0) != 0;
+    });
+    printed([] {
+        screen_step(200);
+        screen_step(61000);
+        put("U/zof_update/b", "2");
+    });
+    CHECK(shown() == begun);
+    for (int i = 0; i < 2; i++) {
+        zof_sem_release(gate);
+    }
+    copy_wait();
+    printed([] { screen_step(400); });
+    CHECK(contains(shown(), "100|upgraded,success "));
+    zof_file_fault_set(nullptr);
 }
 
 TEST_CASE("a disk may renew the card") {

@@ -59,6 +59,17 @@ TEST_CASE("a drive letter leads beside the project, and naming it makes the fold
     CHECK((zof_fs_read(nullptr, text, 1) == -1 && zof_fs_close(nullptr) == 0));
 }
 
+TEST_CASE("temporary files of killed runs are removed when the project is opened, those of running ones are kept") {
+    temp_project_t project;
+    const std::string folder = project.path("config/project/"), init = ".zof_file.new~1-5";
+    for (const std::string &name : std::vector<std::string>{".zof_file.new", ".zof_file.new~4999999-1", init, ".zof_file.newer"}) {
+        project.write("config/project/" + name, "half");
+    }
+    REQUIRE(project.open());
+    CHECK((!fs::exists(folder + ".zof_file.new") && !fs::exists(folder + ".zof_file.new~4999999-1")));
+    CHECK((fs::exists(folder + init) && fs::exists(folder + ".zof_file.newer"))); // process 1 always runs
+}
+
 TEST_CASE("a file is written whole or not at all, and its kind is its suffix") {
     temp_project_t project;
     std::string path = project.path("a/b.txt");
@@ -68,6 +79,16 @@ TEST_CASE("a file is written whole or not at all, and its kind is its suffix") {
     char text[16] = {};
     CHECK(get_file_content(path.c_str(), text) == 5);
     CHECK(str(text) == "newer");
+    // What stands under the temporary name is not written through: the name is a new one each time.
+    project.write("outside", "secret");
+    for (const char *planted : {"a/b.txt.new", "a/.zof_file.new"}) {
+        fs::create_symlink(project.path("outside"), project.path(planted));
+    }
+    CHECK(zof_file_write(path.c_str(), "newest", 6) == 0);
+    CHECK(file_text(project.path("outside")) == "secret");
+    CHECK((file_text(path) == "newest" && !fs::is_symlink(path)));
+    fs::remove(project.path("a/b.txt.new"));
+    fs::remove(project.path("a/.zof_file.new"));
     // The folder stands where the file would be renamed to: nothing changes and nothing is left behind.
     fs::create_directories(project.path("a/folder/inside"));
     CHECK(zof_file_write(project.path("a/folder").c_str(), "x", 1) == -1);

@@ -31,6 +31,27 @@ FILE *zof_file_open(const char *path);
 // A new file for writing, for zof_file_finish; null also when there is anything of that name already.
 FILE *zof_file_create(const char *path);
 
+// A temporary name in the folder of `path`: `prefix`, which is to begin with a dot, '~', and numbers that no other name of
+// this process has, and no other process that runs. One separator at the end of `path` does not count. 0, or -1 when it
+// does not fit.
+s32 zof_file_temp_name(char *out, size_t size, const char *path, const char *prefix);
+
+// The prefix of the files that are renamed over others once they are complete.
+#define ZOF_FILE_TEMP ".zof_file.new"
+
+// True for a name, without folder, that zof_file_temp_name made with this prefix, or the bare prefix. With `dead` only
+// when no other process that runs can have made it.
+zof_bool zof_file_is_temp(const char *name, const char *prefix, zof_bool dead);
+
+// Removes the temporary files that killed processes left in a folder, which ends with a separator.
+void zof_file_temp_clear(const char *folder);
+
+// Locks a folder against other callers, of this process too, until it is unlocked or the process ends. Returns the lock,
+// 0 when somebody else holds it, who is then named in `holder`, and -1 when there is no such folder or its medium knows
+// no locks.
+s32 zof_folder_lock(const char *path, char *holder, size_t size);
+void zof_folder_unlock(s32 lock); // 0 and -1 are ignored
+
 // Writes all of it: 0 or -1.
 s32 zof_file_put(FILE *f, const void *data, size_t size);
 

@@ -1,6 +1,7 @@
-// Copies folders so that a cut at any moment tears nothing. A file is written beside its target and renamed over it. A
-// folder that is to be replaced is made anew beside, gets what the old one has to keep, and changes places with it.
-// What is beside bears names that begin with a dot, which no copied file can have.
+// Copies folders so that a power cut at any moment tears nothing. A file is written beside its target and renamed over it.
+// A folder that is to be replaced is built beside the old one, gets what the old one has to keep, and changes places with
+// it. What is built beside has a temporary name that begins with a dot, which no copied file can have. The target is
+// locked meanwhile: two programs that copied into one folder would rename each other's files into place.
 #include "func/zof_dir_copy.h"
 
 #include <stdio.h>
@@ -13,7 +14,7 @@
 #include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
-#define NEW_FILE ".zof_file.new"
+#define NEW_FILE ZOF_FILE_TEMP
 #define NEW_DIR ".zof_dir.new"
 #define OLD_DIR ".zof_dir.old~" // and the folder's name: where no two names can change places in one step
 
@@ -21,14 +22,21 @@
 enum { PATH_SIZE = 256, OWN_PATH = PATH_SIZE + 64, SHOWN_SIZE = 2 * PATH_SIZE, BLOCK = 2048, BLOCK_MOST = 1 << 20 };
 enum { ENTRY_TOO_LONG = 100 }; // beside ZOF_FILE_*
 
+// The memory through which a file is copied.
+struct copy_block {
+    u8 *data;
+    u32 size;
+    bool dots; // one on the log for each block
+};
+
 // One copy, from its first folder to its last.
 struct copy_run {
     u8 *block;
-    u32 left;                // files that were counted and not told of yet
-    const char *stage;       // the folder that is made beside, while there is one ...
+    u32 left;                // files that were counted and not reported yet
+    const char *stage;       // the folder that is built beside, while there is one ...
     const char *place;       // ... and where it will stand
-    u32 good;                // files in it that were told as copied
-    char waiting[PATH_SIZE]; // its latest file, which is told when the folder is in place; empty for none
+    u32 good;                // files in it that were reported as copied
+    char waiting[PATH_SIZE]; // its latest file, which is reported when the folder is in place; empty for none
     bool waiting_ok;
 };
 
@@ -58,10 +66,11 @@ static void copy_say(const char *path, const char *what) {
     zof_printf("%s: %s: %s\n", path, what, zof_file_error());
 }
 
-// A name that would move the cursor or fake a line of the log is nobody's honest file.
-static bool is_printable(const char *name) {
+// False for a name that could be taken for more than one component of a path, here or on another system, and for one with
+// control characters.
+static bool is_plain_name(const char *name) {
     for (; *name; name++) {
-        if ((u8)*name < ' ' || *name == 0x7F) {
+        if ((u8)*name < ' ' || *name == 0x7F || *name == '/' || *name == '\\') {
             return false;
         }
     }
@@ -74,9 +83,9 @@ static u32 source_entry(char *path, const char *dir, const char *name, bool tell
     if (name[0] == '.' || strcmp(name, "System Volume Information") == 0) {
         return ZOF_FILE_NONE;
     }
-    if (!is_printable(name)) {
+    if (!is_plain_name(name)) {
         if (tell) {
-            zof_printf("%s: a name with control characters is skipped\n", dir);
+            zof_printf("%s: a name with a separator or control characters is skipped: %s\n", dir, name);
         }
         return ZOF_FILE_NONE;
     }
@@ -109,6 +118,11 @@ u32 zof_dir_get_fileNum(const char *path) {
     }
     zof_closedir(dir);
     return count;
+}
+
+// What a copy that was killed leaves. Only asked while the target is locked, so nobody else's copy can be running.
+static bool is_left_over(const char *name) {
+    return zof_file_is_temp(name, NEW_FILE, ZOF_FALSE) || zof_file_is_temp(name, NEW_DIR, ZOF_FALSE);
 }
 
 // With `all`, quietly and names with a dot too.
@@ -152,7 +166,7 @@ static void clear_away(const char *path) {
     }
 }
 
-// The path less its last component: how many bytes that leaves, with the slash. One slash at the end is not looked at.
+// How many bytes of the path stand before its last component. One slash at the end does not count.
 static size_t parent_length(const char *path) {
     size_t n = strlen(path);
     n -= n > 0 ? 1 : 0;
@@ -167,43 +181,36 @@ static bool beside(char *out, size_t size, const char *path, const char *name, c
     return length >= 0 && (size_t)length < size;
 }
 
-// True when all of it came through; a read that fails is not the end of a file.
+// The size of an open file; -1 when it is unknown. It is at its beginning again.
+static long size_of(FILE *f) {
+    const long size = fseek(f, 0, SEEK_END) == 0 ? ftell(f) : -1;
+    rewind(f);
+    return size;
+}
+
+// Copies as many bytes as the file has when it begins: a file that keeps growing would fill the disk. Returns true when all
+// of them are written; a read error or an early end is a failure.
 static bool pour(FILE *in, FILE *out, u8 *block, u32 size, bool dots) {
-    for (;;) {
-        const size_t n = fread(block, 1, size, in);
-        if (ferror(in) || zof_file_put(out, block, n) != 0) {
+    for (long left = size_of(in); left >= 0;) {
+        const size_t wanted = left < (long)size ? (size_t)left : size;
+        const size_t n = fread(block, 1, wanted, in);
+        if (n != wanted || zof_file_put(out, block, n) != 0) {
             return false;
         }
         if (dots) {
             zof_printf(".");
         }
+        left -= (long)n;
         if (n < size) {
             return true;
         }
     }
+    return false;
 }
 
-// False, with a line that says why, and the target as it was.
-static bool file_replace(const char *dst, const char *src, const char *shown, u8 *block, u32 size, bool dots) {
-    FILE *in = zof_file_open(src);
-    if (!in) {
-        zof_printf("creat file fail srcfile=%s\n", src);
-        copy_say(src, "not opened");
-        return false;
-    }
-    char fresh[OWN_PATH];
-    FILE *out = nullptr;
-    if (beside(fresh, sizeof(fresh), dst, NEW_FILE, "")) {
-        clear_away(fresh);
-        out = zof_file_create(fresh);
-    }
-    if (!out) {
-        zof_printf("creat file fail destfp=%s\n", shown);
-        copy_say(shown, "not made");
-        fclose(in);
-        return false;
-    }
-    bool good = pour(in, out, block, size, dots);
+// False, with a line that says why; `fresh` is gone then.
+static bool file_place(FILE *in, FILE *out, const char *fresh, const char *dst, const char *shown, copy_block block) {
+    bool good = pour(in, out, block.data, block.size, block.dots);
     if (!good) {
         copy_say(shown, "not written");
     }
@@ -215,6 +222,25 @@ static bool file_replace(const char *dst, const char *src, const char *shown, u8
     if (!good) {
         zof_file_remove(fresh);
     }
+    return good;
+}
+
+// False, with a line that says why, and the target as it was.
+static bool file_replace(const char *dst, const char *src, const char *shown, copy_block block) {
+    FILE *in = zof_file_open(src);
+    if (!in) {
+        zof_printf("creat file fail srcfile=%s\n", src);
+        copy_say(src, "not opened");
+        return false;
+    }
+    char fresh[OWN_PATH];
+    const bool named = zof_file_temp_name(fresh, sizeof(fresh), dst, NEW_FILE) == 0;
+    FILE *out = named ? zof_file_create(fresh) : nullptr;
+    if (!out) {
+        zof_printf("creat file fail destfp=%s\n", shown);
+        copy_say(shown, "not made");
+    }
+    const bool good = out && file_place(in, out, fresh, dst, shown, block);
     fclose(in);
     return good;
 }
@@ -229,7 +255,7 @@ s32 zof_file_copy(const char *dst, const char *src, u32 blocksize) {
         return -1;
     }
     zof_printf("copy %s to %s  ", src, dst);
-    const bool good = file_replace(dst, src, dst, block, blocksize, true);
+    const bool good = file_replace(dst, src, dst, {block, blocksize, true});
     if (good) {
         zof_printf(" succeed\n");
     }
@@ -237,7 +263,7 @@ s32 zof_file_copy(const char *dst, const char *src, u32 blocksize) {
     return good ? 0 : -1;
 }
 
-// Tells of the file before, and keeps this one back while its folder is not in place.
+// Reports a file. While its folder is not in place, this one is held back and the one before is reported.
 static void file_told(copy_run *r, const char *name, bool ok) {
     r->left -= r->left > 0;
     if (!r->stage) {
@@ -274,14 +300,37 @@ static void file_copy_into(copy_run *r, const char *into, const char *src, const
     char shown[SHOWN_SIZE];
     show(r, shown, dst);
     zof_printf("copy %s to %s ", src, shown);
-    const bool ok = file_replace(dst, src, shown, r->block, BLOCK, false);
+    const bool ok = file_replace(dst, src, shown, {r->block, BLOCK, false});
     if (ok) {
         zof_printf("success \n"); // the new name reaches the disk with its folder, at the folder's end
     }
     file_told(r, name, ok);
 }
 
-static s32 folder_copy(copy_run *r, const char *dst, const char *src, bool remove);
+static void folder_copy(copy_run *r, const char *target, const char *src, bool remove);
+
+// False with a line.
+static bool source_exists(const char *src) {
+    const bool there = PathExist(src);
+    if (!there) {
+        zof_printf("src dir %s does not exist\n", src);
+    }
+    return there;
+}
+
+// `name` as it is, never a part of it: it comes from the medium.
+static void folder_copy_into(copy_run *r, const char *into, const char *src, const char *name, bool remove) {
+    char target[PATH_SIZE];
+    if (!source_exists(src)) {
+        return;
+    }
+    if (join(target, sizeof(target), into, name, "/")) {
+        folder_copy(r, target, src, remove);
+    } else {
+        zof_printf("path too long, not copied: %.80s...%.80s\n", into, name);
+        folder_refuse(r, src);
+    }
+}
 
 static void entries_copy(copy_run *r, const char *into, const char *from, bool remove) {
     zof_dir_t *dir = zof_opendir(from);
@@ -289,7 +338,7 @@ static void entries_copy(copy_run *r, const char *into, const char *from, bool r
         char src[PATH_SIZE];
         const u32 kind = source_entry(src, from, entry->name, true);
         if (kind == ZOF_FILE_FOLDER) {
-            folder_copy(r, into, src, remove);
+            folder_copy_into(r, into, src, entry->name, remove);
         } else if (kind == ZOF_FILE_PLAIN) {
             file_copy_into(r, into, src, entry->name);
         } else if (kind == ENTRY_TOO_LONG) {
@@ -300,15 +349,15 @@ static void entries_copy(copy_run *r, const char *into, const char *from, bool r
     zof_file_finish_folder(into);
 }
 
-// What the old folder has to hand on to the new one: hidden names, which an update never touches, and what the update
-// would have renewed but could not. All three end with a slash.
+// Copies what the old folder has to hand on to the new one: hidden names, which an update never touches, and what the
+// update would have renewed but could not. All three end with a slash.
 static bool keep_old(copy_run *r, const char *fresh, const char *old, const char *src, bool all) {
     zof_dir_t *dir = zof_opendir(old);
     bool good = true;
     for (const zof_dirent_t *entry; good && (entry = zof_readdir(dir));) {
         const char *name = entry->name;
         char from[OWN_PATH], to[OWN_PATH], update[OWN_PATH];
-        if (is_dots(name) || strcmp(name, NEW_FILE) == 0) {
+        if (is_dots(name) || is_left_over(name)) {
             continue;
         }
         if (!join(from, sizeof(from) - 1, old, name, "") || !join(to, sizeof(to) - 1, fresh, name, "") ||
@@ -323,7 +372,7 @@ static bool keep_old(copy_run *r, const char *fresh, const char *old, const char
         const bool whole = all || name[0] == '.' || (renewed != ZOF_FILE_NONE && renewed != kind && !there);
         const bool wanted = whole || renewed == kind;
         if (kind == ZOF_FILE_PLAIN && wanted && !there) {
-            good = file_replace(to, from, from, r->block, BLOCK, false);
+            good = file_replace(to, from, from, {r->block, BLOCK, false});
         } else if (kind == ZOF_FILE_FOLDER && wanted) {
             good = zof_mkdir(to) >= 0;
             strcat(from, "/");
@@ -358,7 +407,7 @@ static bool swap(const char *fresh, const char *target) {
     return true;
 }
 
-// Tells of the file that waited. When the folder is not in place, what was told as copied is not.
+// Reports the file that was held back. Without the folder in place, what was reported as copied is not.
 static void stage_told(copy_run *r, bool placed) {
     for (; !placed && r->good > 0; r->good--) {
         zof_dir_schedule_dis(r->place, ZOF_COPY_UNDONE);
@@ -375,14 +424,13 @@ static void stage_told(copy_run *r, bool placed) {
 static void folder_replace(copy_run *r, const char *target, const char *src) {
     char fresh[PATH_SIZE], stage[PATH_SIZE], place[PATH_SIZE];
     snprintf(place, sizeof(place), "%.*s", (int)strlen(target) - 1, target);
-    if (!beside(fresh, sizeof(fresh), target, NEW_DIR, "") || !join(stage, sizeof(stage), fresh, "/", "")) {
+    if (zof_file_temp_name(fresh, sizeof(fresh), target, NEW_DIR) != 0 || !join(stage, sizeof(stage), fresh, "/", "")) {
         zof_printf("path too long, not copied: %.80s...\n", target);
         folder_refuse(r, src);
         return;
     }
-    clear_away(fresh);
     if (zof_mkdir(fresh) != 0) {
-        copy_say(target, "not made anew");
+        copy_say(target, "not made");
         folder_refuse(r, src);
         return;
     }
@@ -390,7 +438,7 @@ static void folder_replace(copy_run *r, const char *target, const char *src) {
     r->place = target;
     entries_copy(r, stage, src, true);
     const bool kept = zof_file_kind(place) != ZOF_FILE_FOLDER || keep_old(r, stage, target, src, false);
-    const bool pulled = !PathExist(src); // what it did not have to the end is not what it lacks
+    const bool pulled = !PathExist(src); // the source vanished during the copy, so a missing file proves nothing
     const bool placed = kept && !pulled && swap(fresh, place);
     if (!placed) {
         copy_say(target, "stays as it was");
@@ -438,25 +486,43 @@ static bool folder_ready(const copy_run *r, const char *target, bool itself) {
     return true;
 }
 
-static s32 folder_copy(copy_run *r, const char *dst, const char *src, bool remove) {
-    if (!PathExist(src)) {
-        zof_printf("src dir %s does not exist\n", src);
-        return -1;
-    }
-    char target[PATH_SIZE];
-    const bool named = target_of(target, dst, src);
-    const size_t n = named ? strlen(target) : 0;
+// Both paths end with a slash.
+static void folder_copy(copy_run *r, const char *target, const char *src, bool remove) {
+    const size_t n = strlen(target);
     const bool ends_in_dot = n > 1 && target[n - 2] == '.';
     const bool itself = ends_in_dot && (n == 2 || target[n - 3] == '/');
-    if (named && remove && !ends_in_dot && !r->stage && PathExist(target)) {
+    if (remove && !ends_in_dot && !r->stage && PathExist(target)) {
         folder_replace(r, target, src);
-    } else if (named && folder_ready(r, target, itself)) {
+    } else if (folder_ready(r, target, itself)) {
         entries_copy(r, target, src, remove);
     } else {
         folder_refuse(r, src);
     }
     zof_printf("copy dir end \n");
-    return 0;
+}
+
+// Makes the folder that is copied into, if it is not there, and locks it: 0, with a line, when somebody else copies into
+// it. A medium without locks is copied to all the same.
+static s32 target_lock(const char *dst) {
+    char holder[64];
+    if (!PathExist(dst)) {
+        zof_printf("mkdir %s \n", dst);
+        zof_mkdir(dst);
+    }
+    const s32 lock = zof_folder_lock(dst, holder, sizeof(holder));
+    if (lock == 0) {
+        zof_printf("%s: in use by %s, nothing is copied\n", dst, holder);
+    }
+    return lock;
+}
+
+static void run_copy(copy_run *r, const char *dst, const char *src, bool remove) {
+    char target[PATH_SIZE];
+    const s32 lock = target_lock(dst);
+    if (lock != 0 && target_of(target, dst, src)) {
+        folder_copy(r, target, src, remove);
+    }
+    zof_folder_unlock(lock);
 }
 
 s32 zof_dir_copyfile(const char *dst, const char *src, zof_bool remove) {
@@ -470,37 +536,62 @@ s32 zof_dir_copyfile(const char *dst, const char *src, zof_bool remove) {
         zof_printf("path too long, not copied: %.80s...\n", src);
         return -1;
     }
-    copy_run run = {};
-    run.block = (u8 *)zof_malloc(BLOCK);
-    if (!run.block) {
-        zof_printf("srcdata=null\n");
-        return 0;
+    if (!source_exists(whole)) {
+        return -1;
     }
+    copy_run run = {};
     run.left = zof_dir_get_fileNum(whole);
-    const s32 result = folder_copy(&run, dst, whole, remove);
-    for (; run.left > 0; run.left--) { // a disk that was pulled out
+    run.block = (u8 *)zof_malloc(BLOCK);
+    if (run.block) {
+        run_copy(&run, dst, whole, remove);
+    } else {
+        zof_printf("srcdata=null\n");
+    }
+    for (; run.left > 0; run.left--) { // refused, or the disk was pulled out
         zof_dir_schedule_dis(whole, ZOF_COPY_FAILED);
     }
     zof_free(run.block);
-    return result;
+    return 0;
 }
 
-void zof_dir_copy_mend(const char *path) {
+// A folder that was set aside goes back to its place if that is empty; everything else that is temporary goes.
+static void entry_mend(const char *path, const char *entry) {
+    char left[OWN_PATH], name[OWN_PATH];
+    const size_t prefix = sizeof(OLD_DIR) - 1;
+    const bool old = strncmp(entry, OLD_DIR, prefix) == 0 && entry[prefix];
+    if ((!old && !is_left_over(entry)) || !join(left, sizeof(left), path, entry, "") ||
+        (old && !join(name, sizeof(name), path, entry + prefix, ""))) {
+        return;
+    }
+    if (!old || zof_file_kind(name) != ZOF_FILE_NONE) {
+        clear_away(left);
+    } else if (zof_rename(left, name) == 0) {
+        zof_printf("%s: was set aside by a copy that did not end, and is back\n", name);
+    }
+}
+
+static void folder_mend(const char *path) {
     zof_dir_t *dir = zof_opendir(path);
     while (const zof_dirent_t *entry = zof_readdir(dir)) {
-        char left[OWN_PATH], name[OWN_PATH];
-        const size_t prefix = sizeof(OLD_DIR) - 1;
-        const bool old = strncmp(entry->name, OLD_DIR, prefix) == 0 && entry->name[prefix];
-        if ((!old && strcmp(entry->name, NEW_FILE) != 0 && strcmp(entry->name, NEW_DIR) != 0) ||
-            !join(left, sizeof(left), path, entry->name, "") ||
-            (old && !join(name, sizeof(name), path, entry->name + prefix, ""))) {
-            continue;
-        }
-        if (!old || zof_file_kind(name) != ZOF_FILE_NONE) {
-            clear_away(left);
-        } else if (zof_rename(left, name) == 0) {
-            zof_printf("%s: was set aside by a copy that did not end, and is back\n", name);
+        char below[OWN_PATH];
+        if (entry->name[0] == '.') {
+            entry_mend(path, entry->name);
+        } else if (entry->is_dir && join(below, sizeof(below) - 1, path, entry->name, "") &&
+                   zof_file_kind(below) == ZOF_FILE_FOLDER) {
+            strcat(below, "/");
+            folder_mend(below);
         }
     }
     zof_closedir(dir);
+}
+
+void zof_dir_copy_mend(const char *path) {
+    char holder[64];
+    const s32 lock = zof_folder_lock(path, holder, sizeof(holder));
+    if (lock == 0) {
+        zof_printf("%s: in use by %s, left as it is\n", path, holder);
+        return;
+    }
+    folder_mend(path);
+    zof_folder_unlock(lock);
 }

@@ -21,6 +21,7 @@ static struct {
     zof_task_t *schedule_task;
     u32 schedule_time; // ms the watch has run
     u8 down_start;     // a copy was started; there is no second one in the life of the program
+    u8 ended;          // its result is on the screen
     u32 filesum;       // files to copy; 0: not counted, and no progress is painted
     u32 last_schedule; // percent last painted
 } watch = {.last_schedule = NOTHING_PAINTED};
@@ -76,6 +77,18 @@ void zof_func_bar_show(const char *name) {
     views_hide();
 }
 
+static void bar_paint(u32 percent) {
+    lv_bar_set_value(screen.bar1, (s32)percent, LV_ANIM_OFF);
+    lv_label_set_text_fmt(screen.label1, "%d %%", (s32)percent);
+    lv_scr_load(screen.sch_screen);
+    watch.last_schedule = percent;
+    views_hide();
+}
+
+static void result_paint(u32 suc, u32 fail) {
+    lv_label_set_text_fmt(screen.label3, "upgraded,success %d , fail %d,pls restart power", (s32)suc, (s32)fail);
+}
+
 void zof_func_bar_set_value(u32 suc, u32 fail, u32 sum) {
     if (!screen.bar1 || sum == 0) {
         return;
@@ -86,14 +99,10 @@ void zof_func_bar_set_value(u32 suc, u32 fail, u32 sum) {
     if (percent == watch.last_schedule) {
         return;
     }
-    lv_bar_set_value(screen.bar1, (s32)percent, LV_ANIM_OFF);
-    lv_label_set_text_fmt(screen.label1, "%d %%", (s32)percent);
     if (done == sum) {
-        lv_label_set_text_fmt(screen.label3, "upgraded,success %d , fail %d,pls restart power", (s32)suc, (s32)fail);
+        result_paint(suc, fail);
     }
-    lv_scr_load(screen.sch_screen);
-    watch.last_schedule = percent;
-    views_hide();
+    bar_paint(percent);
 }
 
 char *zof_func_check_res_exist(const char *dir, const char *file) {
@@ -156,21 +165,36 @@ static void progress_paint() {
     zof_func_bar_set_value(suc, fail, watch.filesum);
 }
 
-static void zof_func_schedule_udisk(zof_task_t *task) {
-    if (watch.schedule_time <= WATCH_MS) {
-        watch.schedule_time += PERIOD_MS;
-    } else {
-        zof_task_del(task); // a copy that still runs goes on to its end
-        watch.schedule_task = nullptr;
+// The files that were really there count: after a copy that was not counted, of an empty folder, or of a disk that changed
+// meanwhile, progress alone would never reach its end.
+static void result_show() {
+    u32 suc = 0;
+    u32 fail = 0;
+    zof_dir_copy_get_progress(&suc, &fail);
+    if (!watch.ended) {
+        result_paint(suc, fail);
+        bar_paint(100);
+        watch.ended = 1;
     }
-    if (zof_dir_copy_async_statue() == 0) {
+    zof_func_bar_set_value(suc, fail, suc + fail);
+    zof_printf("wait reboot\n");
+    zof_delay(100);
+}
+
+// A copy that takes longer than the watch is watched to its end: until then the screen asks not to turn off the power.
+static void zof_func_schedule_udisk(zof_task_t *task) {
+    const bool copying = zof_dir_copy_async_statue() == 0;
+    watch.schedule_time += watch.schedule_time <= WATCH_MS ? PERIOD_MS : 0;
+    if (copying) {
         progress_paint();
     } else if (!watch.down_start) {
         media_look();
-    } else if (watch.filesum) {
-        progress_paint();
-        zof_printf("wait reboot\n");
-        zof_delay(100);
+    } else {
+        result_show();
+    }
+    if (watch.schedule_time > WATCH_MS && !copying && (watch.ended || !watch.down_start)) {
+        zof_task_del(task);
+        watch.schedule_task = nullptr;
     }
 }
 

@@ -1,8 +1,11 @@
 // Linux: opening files, and changes that a power cut must not tear.
 #include <errno.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <string.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include "port/zof_host.h"
@@ -67,6 +70,54 @@ FILE *zof_host_file_create(const char *path) {
         setvbuf(f, nullptr, _IONBF, 0); // a write that fails is to fail where it is made
     }
     return f;
+}
+
+u32 zof_host_process_id(void) {
+    return (u32)getpid();
+}
+
+zof_bool zof_host_process_runs(u32 id) {
+    return kill((pid_t)id, 0) == 0 || errno == EPERM;
+}
+
+// The kernel's table names the process behind each lock: "1: FLOCK ADVISORY WRITE 4711 08:01:131 0 EOF".
+static void holder_find(int fd, char *holder, size_t size) {
+    struct stat st;
+    FILE *locks = fstat(fd, &st) == 0 ? fopen("/proc/locks", "re") : nullptr;
+    char line[160];
+    unsigned process = 0;
+    snprintf(holder, size, "another program");
+    while (locks && fgets(line, sizeof(line), locks)) {
+        unsigned major, minor;
+        unsigned long inode;
+        if (sscanf(line, "%*s FLOCK %*s %*s %u %x:%x:%lu", &process, &major, &minor, &inode) == 4 &&
+            inode == st.st_ino && makedev(major, minor) == st.st_dev) {
+            snprintf(holder, size, "process %u", process);
+        }
+    }
+    if (locks) {
+        fclose(locks);
+    }
+}
+
+// The folder itself is locked: a file made for it would stay on the medium.
+s32 zof_host_folder_lock(const char *path, char *holder, size_t size) {
+    const int fd = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0 || flock(fd, LOCK_EX | LOCK_NB) == 0) {
+        return fd > 0 ? fd : -1;
+    }
+    const bool held = errno == EWOULDBLOCK;
+    if (held) {
+        holder_find(fd, holder, size);
+    }
+    close(fd);
+    return held ? 0 : -1;
+}
+
+void zof_host_folder_unlock(s32 lock) {
+    if (lock > 0) {
+        close(lock);
+    }
 }
 
 s32 zof_host_file_sync(FILE *f) {

@@ -1,5 +1,7 @@
 // Files of the desktop, on the host's; here a test may let any change of the disk fail, or stop the program at it.
 #include <errno.h>
+#include <stdio.h>
+#include <string.h>
 
 #include <atomic>
 
@@ -41,6 +43,54 @@ FILE *zof_file_open(const char *path) {
 
 FILE *zof_file_create(const char *path) {
     return path && !fails("create", path) ? zof_host_file_create(path) : nullptr;
+}
+
+s32 zof_file_temp_name(char *out, size_t size, const char *path, const char *prefix) {
+    static std::atomic<u32> number{0};
+    size_t n = path ? strlen(path) : 0;
+    n -= n > 0 ? 1 : 0;
+    while (n > 0 && path[n - 1] != '/' && path[n - 1] != '\\') {
+        n--;
+    }
+    const int length = path ? snprintf(out, size, "%.*s%s~%u-%u", (int)n, path, prefix, zof_host_process_id(), ++number) : -1;
+    return length >= 0 && (size_t)length < size ? 0 : -1;
+}
+
+zof_bool zof_file_is_temp(const char *name, const char *prefix, zof_bool dead) {
+    const size_t n = name ? strlen(prefix) : 0;
+    unsigned process = 0;
+    unsigned number = 0;
+    int end = 0;
+    if (!name || strncmp(name, prefix, n) != 0) {
+        return ZOF_FALSE;
+    }
+    if (!name[n]) {
+        return ZOF_TRUE;
+    }
+    if (sscanf(name + n, "~%u-%u%n", &process, &number, &end) != 2 || name[n + (size_t)end]) {
+        return ZOF_FALSE;
+    }
+    return !dead || process == zof_host_process_id() || !zof_host_process_runs(process);
+}
+
+void zof_file_temp_clear(const char *folder) {
+    zof_dir_t *dir = zof_opendir(folder);
+    while (const zof_dirent_t *entry = zof_readdir(dir)) {
+        char path[520];
+        if (zof_file_is_temp(entry->name, ZOF_FILE_TEMP, ZOF_TRUE) &&
+            (size_t)snprintf(path, sizeof(path), "%s%s", folder, entry->name) < sizeof(path)) {
+            zof_file_remove(path);
+        }
+    }
+    zof_closedir(dir);
+}
+
+s32 zof_folder_lock(const char *path, char *holder, size_t size) {
+    return path && holder && size ? zof_host_folder_lock(path, holder, size) : -1;
+}
+
+void zof_folder_unlock(s32 lock) {
+    zof_host_folder_unlock(lock);
 }
 
 // A write that fails has often written a part.

@@ -43,6 +43,10 @@ FILE *zof_host_file_read_open(const char *path);
 FILE *zof_host_file_write_open(const char *path, zof_bool keep);
 FILE *zof_host_file_open(const char *path);
 FILE *zof_host_file_create(const char *path);
+u32 zof_host_process_id(void);
+zof_bool zof_host_process_runs(u32 id); // the asking process is one that runs
+s32 zof_host_folder_lock(const char *path, char *holder, size_t size);
+void zof_host_folder_unlock(s32 lock);
 s32 zof_host_file_sync(FILE *f);
 void zof_host_folder_sync(const char *path);
 s32 zof_host_exchange(const char *a, const char *b);

@@ -1,25 +1,24 @@
-// Files are written beside and renamed into place.
+// Files are written beside and renamed into place. The temporary file is a new one of a name of its own: a link that
+// somebody put there is not followed, and two programs do not write into one file.
 #include <stdio.h>
-#include <string.h>
 
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
 #include "project/zof_res.h"
-#include "zof_lib/zof_stdio.h"
 
 s32 zof_file_write(const char *path, const void *data, size_t size) {
     char beside[520];
-    if (!path || (!data && size) || (size_t)snprintf(beside, sizeof(beside), "%s.new", path) >= sizeof(beside)) {
+    if (!path || (!data && size) || zof_file_temp_name(beside, sizeof(beside), path, ZOF_FILE_TEMP) != 0) {
         return -1;
     }
-    FILE *f = fopen(beside, "wb");
+    FILE *f = zof_file_create(beside);
     if (!f) {
         return -1;
     }
-    bool good = fwrite(data, 1, size, f) == size;
+    bool good = zof_file_put(f, data, size) == 0;
     good = zof_file_finish(f) == 0 && good; // else a power cut could leave the new name without its content
     if (!good || zof_rename(beside, path) != 0) {
-        remove(beside);
+        zof_file_remove(beside);
         return -1;
     }
     return 0;

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "drv/zof_drv.h"
+#include "drv/zof_drv_file.h"
 #include "drv/zof_drv_touch.h"
 #include "project/zof_font.h"
 #include "project/zof_j2s.h"
@@ -46,6 +47,17 @@ static zof_prj_t *prj_give_up(zof_prj_t *prj) {
     return nullptr;
 }
 
+// The folders that the runtime writes to.
+static void left_overs_clear() {
+    static const char *const written[] = {"config/project/", "config/languages/"};
+    for (const char *folder : written) {
+        const char *path = zof_res_get_prjfile_path(folder, nullptr);
+        if (path) {
+            zof_file_temp_clear(path);
+        }
+    }
+}
+
 zof_prj_t *zof_prj_obj_create(const char *path) {
     auto *prj = static_cast<zof_prj_t *>(zof_malloc(sizeof(zof_prj_t)));
     if (!prj) {
@@ -57,6 +69,7 @@ zof_prj_t *zof_prj_obj_create(const char *path) {
         return nullptr;
     }
     zof_prj_set_cur(prj); // first of all: every path is relative to the current project
+    left_overs_clear();
     prj->attr = zof_j2s_get_prj_attr(zof_res_get_prjfile_path("config/project/", "zofprj.g"));
     if (!prj->attr) {
         return prj_give_up(prj);
