@@ -1,10 +1,13 @@
-"""Pictures for the tests of GIFs and image sequences: python3 make.py FOLDER.
+"""Pictures and fonts for the tests: python3 make.py FOLDER.
 
 GIFs of 40 x 30, each picture of one colour with a number of white bars on it: picture n has n bars.
 """
+import struct
 import sys
 from pathlib import Path
 
+from fontTools.fontBuilder import FontBuilder
+from fontTools.pens.ttGlyphPen import TTGlyphPen
 from PIL import Image, ImageDraw
 
 COLORS = ["#c03030", "#30a030", "#3050d0", "#b08020"]
@@ -50,6 +53,65 @@ def kinds(folder):
     slopes.convert("RGB").save(folder / "RGB.jpg", quality=95)
 
 
+def outline(points):
+    pen = TTGlyphPen(None)
+    if points:
+        pen.moveTo(points[0])
+        for point in points[1:]:
+            pen.lineTo(point)
+        pen.closePath()
+    return pen.glyph()
+
+
+def font(path, glyphs, depth=1):
+    """A TrueType font; the glyph of "A" is the last one, and "B" is a square."""
+    square = outline([(100, 0), (100, 800), (900, 800), (900, 0)])
+    glyphs = {".notdef": outline([]), "square": square, **glyphs}
+    build = FontBuilder(1000)
+    build.font.recalcBBoxes = False  # the deep ones would take for ever
+    build.setupGlyphOrder(list(glyphs))
+    build.setupCharacterMap({ord("A"): list(glyphs)[-1], ord("B"): "square"})
+    for glyph in glyphs.values():
+        if glyph.isComposite():
+            glyph.xMin = glyph.yMin = glyph.xMax = glyph.yMax = 0
+        else:
+            glyph.recalcBounds(None)
+    build.setupGlyf(glyphs, calcGlyphBounds=False)
+    build.setupHorizontalMetrics({name: (1000, 0) for name in glyphs})
+    build.setupHorizontalHeader(ascent=800, descent=-200)
+    build.setupOS2()
+    build.setupPost(keepGlyphNames=False)
+    build.font["maxp"].maxComponentDepth = depth
+    build.save(path)
+
+
+def composite(base, count):
+    pen = TTGlyphPen({base: None})
+    for _ in range(count):
+        pen.addComponent(base, (1, 0, 0, 1, 0, 0))
+    return pen.glyph()
+
+
+def costly_fonts(folder):
+    """Fonts that would take seconds a letter or to open, each in another way; and one of the same make that is good."""
+    folder.mkdir(exist_ok=True)
+    font(folder / "good.ttf", {"A": outline([(0, 0), (500, 800), (1000, 0)])})
+    levels = {"level0": outline([])}
+    for n in range(1, 7):
+        levels[f"level{n}"] = composite(f"level{n - 1}", 60)
+    font(folder / "deep.ttf", levels, 9)
+    font(folder / "dense.ttf", {"A": outline([(n // 30, n % 2 * 1000) for n in range(30000)])})
+    font(folder / "huge.ttf", {"A": outline([(-16000, -16000), (0, 16000), (16000, -16000)])})
+    good = (folder / "good.ttf").read_bytes()
+    count = struct.unpack(">H", good[4:6])[0]
+    more = 60000
+    entries = [struct.unpack(">4s3L", good[12 + 16 * n:28 + 16 * n]) for n in range(count)]
+    entries = [struct.pack(">4s3L", tag, checksum, offset + 16 * more, size) for tag, checksum, offset, size in entries]
+    fill = [struct.pack(">4L", 0x01010101 + n, 0, 0, 0) for n in range(more)]
+    (folder / "tables.ttf").write_bytes(good[:4] + struct.pack(">H", count + more) + good[6:12] +
+                                        b"".join(fill + entries) + good[12 + 16 * count:])
+
+
 def main(folder):
     folder.mkdir(parents=True, exist_ok=True)
     gif(folder / "ever.gif", 3, loop=0)
@@ -61,6 +123,7 @@ def main(folder):
     series(folder / "jpg", [1, 2, 3], "jpg")
     series(folder / "mixed", [1, 3], "png")
     series(folder / "mixed", [2], "jpg")
+    costly_fonts(folder / "fonts")
     kinds(folder / "kinds")
     Image.new("1", (2048, 1)).save(folder / "wide.png")
     Image.new("L", (8, 2049)).save(folder / "high.jpg")

@@ -230,3 +230,57 @@ TEST_CASE("a file that is no font gives one line, and text goes on without it") 
         lv_obj_clean(lv_scr_act());
     }
 }
+
+TEST_CASE("a TrueType font that is rewritten in place keeps the letters that it had") {
+    temp_project_t project;
+    project_with_fonts(&project);
+    lv_font_t *font = zof_font_create_lvfont("text.ttf", 24);
+    REQUIRE(font);
+    lv_font_glyph_dsc_t dsc = {};
+    REQUIRE(lv_font_get_glyph_dsc(font, &dsc, 'H', 0));
+    std::filesystem::resize_file(project.path("font/text.ttf"), 0); // a mapped file would be gone from memory
+    REQUIRE(lv_font_get_glyph_dsc(font, &dsc, 'W', 0));
+    CHECK(dsc.box_h == 18);
+    CHECK((drawn(font, "W") != std::vector<u32>(60 * 30, 0)));
+    // Letters below the space are not placeholders, for which LVGL would look into other fonts.
+    dsc.is_placeholder = 1;
+    REQUIRE(font->get_glyph_dsc(font, &dsc, '\n', 0));
+    CHECK(!dsc.is_placeholder);
+    zof_font_delete("text.ttf", 24);
+}
+
+TEST_CASE("a TrueType font that would take seconds is refused, or given up at the letter that costs so much") {
+    temp_project_t project;
+    project_with_fonts(&project);
+    const struct {
+        const char *name, *line;
+        u32 size;
+        bool opens;
+    } rows[] = {{"good.ttf", "", 1500, true},
+                {"deep.ttf", "deep.ttf: given up", 16, true},
+                {"dense.ttf", "dense.ttf: given up", 200, true},
+                {"huge.ttf", "huge.ttf: given up", 600, true},
+                {"tables.ttf", "tables.ttf: refused at size 16", 16, false}};
+    for (const auto &row : rows) {
+        CAPTURE(row.name);
+        const std::string name = row.name;
+        project.write("font/" + name, file_text(ZOF_MEDIA_DIR "/fonts/" + name));
+        const auto start = std::chrono::steady_clock::now();
+        lv_font_t *font = nullptr;
+        bool square = false, letter = false;
+        const std::string log = printed([&] {
+            font = zof_font_create_lvfont(row.name, row.size);
+            lv_font_glyph_dsc_t dsc = {};
+            square = font && lv_font_get_glyph_dsc(font, &dsc, 'B', 0);
+            for (u32 i = 0; font && i < 100; i++) {
+                letter = lv_font_get_glyph_dsc(font, &dsc, 'A', 0);
+            }
+        });
+        CHECK(std::chrono::steady_clock::now() - start < std::chrono::seconds(1));
+        CHECK((row.line[0] ? contains(log, row.line) : log.empty()));
+        CHECK(std::count(log.begin(), log.end(), '\n') <= 1);
+        CHECK(((font != nullptr) == row.opens && square == row.opens));
+        CHECK(letter == !row.line[0]);
+        zof_font_delete(row.name, row.size);
+    }
+}

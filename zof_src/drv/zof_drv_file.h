@@ -14,7 +14,10 @@ ZOF_C_BEGIN
 // anything else: errno is EINVAL for what is not a regular file.
 FILE *zof_file_read_open(const char *path);
 
-// The same for writing: with `keep` an existing file is opened for reading and writing as it is, without it the file is
+// A whole regular file of 1 to `most` bytes in memory for zof_free, with its size; null with *why, for a log line.
+u8 *zof_file_read_all(const char *path, u32 most, u32 *size, const char **why);
+
+// As zof_file_read_open, for writing: with `keep` an existing file is opened for reading and writing as it is, without it the file is
 // made or emptied. For files that a person named; whatever must survive a power cut is written by zof_file_write.
 FILE *zof_file_write_open(const char *path, zof_bool keep);
 

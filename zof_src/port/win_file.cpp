@@ -8,6 +8,7 @@
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
 #include "port/zof_host.h"
+#include "zof_lib/zof_stdio.h"
 
 static std::atomic<zof_file_fault_t> g_fault{nullptr};
 
@@ -35,6 +36,31 @@ FILE *zof_file_read_open(const char *path) {
 
 FILE *zof_file_write_open(const char *path, zof_bool keep) {
     return path ? zof_host_file_write_open(path, keep) : nullptr;
+}
+
+// A file that shrinks meanwhile is as long as what was read.
+static u8 *content_read(FILE *f, u32 most, u32 *size, const char **why) {
+    fseek(f, 0, SEEK_END);
+    const long length = ftell(f);
+    rewind(f);
+    *why = "is empty or too large";
+    if (length <= 0 || (u64)length > most) {
+        return nullptr;
+    }
+    auto *content = (u8 *)zof_malloc((size_t)length);
+    *size = content ? (u32)fread(content, 1, (size_t)length, f) : 0;
+    *why = "no memory";
+    return content;
+}
+
+u8 *zof_file_read_all(const char *path, u32 most, u32 *size, const char **why) {
+    FILE *f = zof_file_read_open(path);
+    *why = "cannot be opened";
+    u8 *content = f ? content_read(f, most, size, why) : nullptr;
+    if (f) {
+        fclose(f);
+    }
+    return content;
 }
 
 FILE *zof_file_open(const char *path) {

@@ -1,6 +1,4 @@
 // WAV files, by SDL. A file that has played out stays in the state "playing", silent, until it is stopped.
-#include <stdio.h>
-
 #include "drv/zof_drv_file.h"
 #include "port/win_sound.h"
 #include "zof_lib/zof_stdio.h"
@@ -27,30 +25,10 @@ static void lengths_bound(u8 *file, u32 size) {
     }
 }
 
-// The whole file, for zof_free; null with *why.
-static u8 *file_read(const char *path, u32 *size, const char **why) {
-    FILE *f = zof_file_read_open(path);
-    *why = "cannot be opened";
-    if (!f) {
-        return nullptr;
-    }
-    fseek(f, 0, SEEK_END);
-    const long n = ftell(f);
-    fseek(f, 0, SEEK_SET);
-    u8 *file = nullptr;
-    *why = "too short or too long";
-    if (n > 0 && n <= FILE_MOST) {
-        file = (u8 *)zof_malloc((size_t)n);
-        *size = file ? (u32)fread(file, 1, (size_t)n, f) : 0;
-    }
-    fclose(f);
-    return file;
-}
-
 static bool wav_load(SDL_AudioSpec *spec, u8 **data, u32 *size) {
     u32 length = 0;
     const char *why = nullptr;
-    u8 *file = file_read(sound.audio_file, &length, &why);
+    u8 *file = zof_file_read_all(sound.audio_file, FILE_MOST, &length, &why);
     bool good = file;
     if (file) {
         lengths_bound(file, length);

@@ -3,12 +3,13 @@
 
 #include <string.h>
 
+#include "drv/zof_drv_file.h"
 #include "project/zof_prj.h"
 #include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 // Above the last size a glyph's bitmap alone would take megabytes; no panel has room for one.
-enum { FONT_SIZE_DEFAULT = 16, FONT_SIZE_MAX = 2000 };
+enum { FONT_SIZE_DEFAULT = 16, FONT_SIZE_MAX = 2000, FONT_FILE_MAX = 64 << 20 };
 
 static db_list *font_list() {
     const zof_prj_t *prj = zof_prj_get_cur();
@@ -49,6 +50,7 @@ static void font_entry_free(zof_font_t *entry) {
     if (entry->sizes) {
         __db_list_destory(entry->sizes, nullptr);
     }
+    zof_free(entry->content);
     zof_free(entry->name);
     zof_free(entry);
 }
@@ -111,7 +113,7 @@ s32 zof_lvfont_delete(lv_font_t *font) {
         return -1;
     }
     if (font->dsc) {
-        lv_ft_font_destroy(font); // the font lies inside what this releases: it must not be looked at again
+        lv_ft_font_destroy(font); // releases the font itself, too
         return 0;
     }
     return zof_binfont_delete(font);
@@ -134,11 +136,29 @@ s32 zof_fontsize_del(zof_fontsize_t *entry) {
     return 0;
 }
 
-static lv_font_t *ttf_create(const char *path, u32 size) {
+void zof_font_given_up(const char *path) {
+    zof_printf("font %s: given up, a letter takes too long; it is not drawn any more", path);
+}
+
+// The file is read, not mapped: whoever rewrites it in place would end the process.
+static bool content_load(zof_font_t *entry, const char *path, const char **why) {
+    if (!entry->content) {
+        entry->content = zof_file_read_all(path, FONT_FILE_MAX, &entry->content_size, why);
+    }
+    return entry->content != nullptr;
+}
+
+// A null font with *why: the reason.
+static lv_font_t *ttf_create(zof_font_t *entry, const char *path, u32 size, const char **why) {
+    if (size > FONT_SIZE_MAX || !content_load(entry, path, why)) {
+        return nullptr;
+    }
     lv_ft_info_t info = {};
     info.name = path;
+    info.mem = entry->content;
+    info.mem_size = entry->content_size;
     info.weight = (u16)size;
-    if (size > FONT_SIZE_MAX || !lv_ft_font_init(&info) || !info.font) {
+    if (!lv_ft_font_init(&info) || !info.font) {
         return nullptr;
     }
     info.font->line_height = LV_MAX(info.font->line_height, 1);
@@ -167,24 +187,25 @@ static lv_font_t *bin_create(const char *path, const char *name) {
     return font;
 }
 
-static lv_font_t *font_open(const char *path, const char *name, u32 size) {
-    if (!IsTTFFile(name) || !FileExist(path)) {
+static lv_font_t *font_open(zof_font_t *entry, const char *path, const char *name, u32 size) {
+    if (!IsTTFFile(name)) {
         return bin_create(path, name);
     }
-    lv_font_t *font = ttf_create(path, size);
+    const char *why = "not a font, or too complex";
+    lv_font_t *font = ttf_create(entry, path, size, &why);
     if (!font) {
-        zof_printf("font %s: refused at size %u; the default font is used", path, size);
+        zof_printf("font %s: refused at size %u (%s); the default font is used", path, size, why);
     }
     return font;
 }
 
-// Styles of a view ask for the same file one after the other: what is missing is told once, not once a style.
-static void missing_tell(const char *path) {
-    static char told[128];
-    if (strncmp(told, path, sizeof(told) - 1) == 0) {
+// Styles of a view ask for the same file one after the other: a missing file is reported once, not once a style.
+static void missing_report(const char *path) {
+    static char reported[128];
+    if (strncmp(reported, path, sizeof(reported) - 1) == 0) {
         return;
     }
-    strncpy(told, path, sizeof(told) - 1);
+    strncpy(reported, path, sizeof(reported) - 1);
     zof_printf("font %s: cannot be opened; the default font is used", path);
 }
 
@@ -195,7 +216,7 @@ static zof_font_t *font_entry(const char *path, const char *name) {
         return entry;
     }
     if (!FileExist(path)) {
-        missing_tell(path);
+        missing_report(path);
         return nullptr;
     }
     zof_font_list_add(name);
@@ -211,7 +232,7 @@ lv_font_t *zof_font_create_lvfont(const char *name, u32 size) {
     zof_font_t *entry = path ? font_entry(path, name) : nullptr;
     zof_fontsize_t *sized = entry ? zof_fontsize_list_get(entry->sizes, size) : nullptr;
     if (entry && !sized) {
-        lv_font_t *font = font_open(path, name, size);
+        lv_font_t *font = font_open(entry, path, name, size);
         sized = zof_fontsize_list_add(entry->sizes, size, font);
         if (!sized) {
             font_free(font);

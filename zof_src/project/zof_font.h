@@ -49,13 +49,15 @@ typedef struct {
 typedef struct {
     char *name;
     db_list *sizes; // of zof_fontsize_t
+    u8 *content;    // a TrueType file as it was when its first size was made, shared by all sizes
+    u32 content_size;
 } zof_font_t;
 
 // The font of a file below font/ in pixels; takes a reference. Size 0 means 16. Null without a name, project or file,
 // and with one line for a file that cannot be used: the style then keeps its font. A file that is neither .ttf nor .bin
-// gives a font that draws nothing. The font is owned by the list.
+// returns a font that draws nothing. The font is owned by the list.
 lv_font_t *zof_font_create_lvfont(const char *name, u32 size);
-// Gives a reference back; the last one releases the font. Unknown names and sizes do nothing.
+// Releases a reference; the last one releases the font. Unknown names and sizes do nothing.
 void zof_font_delete(const char *name, u32 size);
 
 // A bitmap font's object, owned by the caller; null when the file cannot be read, is no font, or memory fails.
@@ -71,6 +73,9 @@ s32 zof_lvfont_delete(lv_font_t *font);
 // which is checked at most once a millisecond.
 bool zof_font_get_glyph_dsc(const lv_font_t *font, lv_font_glyph_dsc_t *dsc, u32 code, u32 next);
 const u8 *zof_font_get_bitmap(const lv_font_t *font, u32 code);
+
+// LVGL calls it once for a TrueType font that costs too much to draw; its text is not drawn from then on.
+void zof_font_given_up(const char *path);
 
 // Raw reads: the header, the 5 bytes of a glyph record, any stretch. Always 0; `out` is left alone when the file does
 // not open, and filled as far as the file goes.
