@@ -256,3 +256,20 @@ TEST_CASE("a video control plays the project's clips in its box, and goes with i
     zof_view_set_dis_view(2);
     screen_step(200);
 }
+
+TEST_CASE("a video goes with its record, within a container too") {
+    view_project_t project({ctrl(ZOF_CTRL_OBJ, 1), ctrl(ZOF_CTRL_VIDEO, 2, "", R"("parent_id": 1)"),
+                            ctrl(ZOF_CTRL_LABEL, 3)});
+    zof_ffmpeg_init();
+    win_video_init();
+    CHECK(zof_ctrl_show(1, 3) != nullptr);
+    zof_view_list_get(1)->ctrl_ready = 0; // the first time there was no driver
+    zof_ctrl_list_create(zof_view_list_get(1));
+    para_t *video = at(2);
+    CHECK(zof_ctrl_del(1, 2) == 0);
+    CHECK(zof_ctrl_get_child_sum(at(1)) == 1); // the object is the driver's
+    zof_ctrl_obj_del(video);
+    CHECK(zof_ctrl_get_child_sum(at(1)) == 0);
+    CHECK(zof_ctrl_delete(at(1)) == 0);
+    screen_step(100);
+}

@@ -55,10 +55,13 @@ void zof_event_cb_t(lv_event_t *e) {
         if (zof_ctrl_up.ctrl_all_event)
             zof_ctrl_up.ctrl_all_event(view_id, id, code);
     }
-    if (e->deleted) // by the hook; the record may be gone too
+    if (e->deleted) { // by the hook
         return;
-    if (record->attr && record->attr->zof_ctrl_event)
+    }
+    if (record->attr && record->attr->zof_ctrl_event) {
+        lv_obj_enable_style_refresh(true); // off while a control is made, of which this may be an event
         record->attr->zof_ctrl_event(record, (zof_event_e)code);
+    }
 }
 
 u8 zof_event_send(zof_ctrl_t *ctrl, u32 code, void *param) {
@@ -108,38 +111,76 @@ char *zof_img_path_copy(const char *name) {
     return copy;
 }
 
-// What the object pointed at goes after it: it may still read its texts, paths and styles while it is deleted.
-void zof_ctrl_release(para_t *record) {
-    zof_pub_attr_t *attr = record->attr;
-    if (!attr)
-        return;
-    u32 type = attr->ctrl_type;
-    record->is_created = 1; // a family's release takes real records only, and this one was real
-    if (type < ZOF_CTRL_TYPE_COUNT && zof_ctrl_classes[type].del)
-        zof_ctrl_classes[type].del(record);
-    for (u32 i = 0; i < attr->style_num; i++)
-        zof_style_del(record, attr->style_list[i]);
-    record->parent = nullptr;
-    record->attr = nullptr;
-    record->is_created = 0;
+// Releases the attributes that a record had; it is a copy, whose record may have others by now.
+static void attr_free(para_t *gone) {
+    zof_pub_attr_t *attr = gone->attr;
+    const u32 type = attr->ctrl_type;
+    if (type < ZOF_CTRL_TYPE_COUNT && zof_ctrl_classes[type].del) {
+        zof_ctrl_classes[type].del(gone);
+    }
+    for (u32 i = 0; i < attr->style_num; i++) {
+        zof_style_del(nullptr, attr->style_list[i]);
+    }
     zof_j2s_ctrl_delete(attr, type);
 }
 
+// Records that wait for the outermost hold to end, linked by their parents.
+static para_t *gone_head;
+
+static void gone_free(void) {
+    while (gone_head) {
+        para_t *gone = gone_head;
+        gone_head = (para_t *)gone->parent;
+        if (gone->attr) {
+            attr_free(gone);
+        }
+        zof_free(gone);
+    }
+}
+
+static void gone_add(para_t *gone) {
+    zof_hold hold;
+    lv_obj_del_set_released_cb(gone_free);
+    gone->parent = gone_head;
+    gone_head = gone;
+}
+
+void zof_ctrl_release(para_t *record) {
+    if (!record->attr) {
+        return;
+    }
+    para_t *gone = (para_t *)zof_malloc(sizeof(para_t));
+    if (gone) {
+        *gone = {.obj = nullptr, .parent = nullptr, .attr = record->attr, .id = record->id, .is_created = 1};
+        gone_add(gone);
+    } else {
+        zof_printf("control %u: no memory to release its attributes; they are kept", record->id);
+    }
+    record->parent = nullptr;
+    record->attr = nullptr;
+    record->is_created = 0;
+}
+
 s32 zof_ctrl_delete(para_t *record) {
-    if (!record)
+    if (!record) {
         return -1;
+    }
+    zof_hold hold;
     lv_obj_t *obj = record->obj;
     if (!obj) {
         zof_ctrl_release(record); // its object went with a parent's
         return -1;
     }
-    if (record->attr && record->attr->ctrl_type == ZOF_CTRL_VIDEO)
+    if (record->attr && record->attr->ctrl_type == ZOF_CTRL_VIDEO) {
         return 0; // the object is the driver's
+    }
     record->obj = nullptr;
-    lv_obj_del(obj);
-    zof_ctrl_release(record);
     record->parent = nullptr;
     record->is_created = 0;
+    lv_obj_del(obj);
+    if (!record->obj) { // else an event function made the control again
+        zof_ctrl_release(record);
+    }
     return 0;
 }
 
@@ -148,5 +189,14 @@ s32 zof_ctrl_del(u32 view_id, u32 ctrl_id) {
 }
 
 void zof_ctrl_obj_del(para_t *record) {
-    zof_free(record);
+    if (!record) {
+        return;
+    }
+    zof_hold hold;
+    if (record->obj) { // a video's
+        lv_obj_del(record->obj);
+        record->obj = nullptr;
+    }
+    zof_ctrl_release(record);
+    gone_add(record);
 }

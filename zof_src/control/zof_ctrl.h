@@ -137,12 +137,15 @@ s32 zof_animation_count_running(void);
 // too, of which nothing is deleted, as its object is the driver's; -1 for null and for a record without object.
 s32 zof_ctrl_delete(para_t *record);
 
-// Takes the control out of its view's list and deletes it; the record itself is left to whoever holds it, for
-// zof_ctrl_obj_del. 0, or -1 for an unknown view or control.
+// Takes the control out of its view's list and deletes it; the record is then the caller's, for zof_ctrl_obj_del. 0, or
+// -1 for an unknown view or control, and for a record without object, which leaves the list all the same.
 s32 zof_ctrl_del(u32 view_id, u32 ctrl_id);
 
-// Frees a record that is in no list any more.
+// Frees a record that is in no list any more, with a video's object and attributes. Null does nothing.
 void zof_ctrl_obj_del(para_t *record);
+
+// Deleting is safe in any event, also in one that a function of this layer causes: what goes is off the screen and out
+// of reach at once, and its memory is released when the outermost event or call has returned.
 
 ZOF_C_END
 

@@ -53,12 +53,12 @@ const zof_ctrl_class_t zof_ctrl_classes[] = {
 };
 static_assert(sizeof(zof_ctrl_classes) / sizeof(zof_ctrl_classes[0]) == ZOF_CTRL_TYPE_COUNT);
 
-// One view is built at a time. During its walk layouts are kept to single objects, and each object takes its styles
-// over once, when it is complete, and not at each of its properties.
-static bool walking;
+// The views that are being built; an event of a control that is made may build another one. Meanwhile layouts are kept
+// to single objects, and each object takes its styles over once, when it is complete, not at each of its properties.
+static u32 walks;
 
 void zof_obj_layout(lv_obj_t *obj) {
-    if (!walking) {
+    if (!walks) {
         lv_obj_update_layout(obj);
         return;
     }
@@ -69,7 +69,7 @@ void zof_obj_layout(lv_obj_t *obj) {
 s32 zof_ctrl_pub_attr(zof_ctrl_t *ctrl, zof_pub_attr_t *attr) {
     if (!zof_ctrl_obj(ctrl) || !attr)
         return -1;
-    lv_obj_enable_style_refresh(!walking); // the object exists by now; creating one switches it on
+    lv_obj_enable_style_refresh(!walks); // the object exists by now; creating one switches it on
     zof_ctrl_set_pos(ctrl, attr->pt.x, attr->pt.y);
     zof_ctrl_set_size(ctrl, attr->size.width, attr->size.height);
     zof_ctrl_set_ext_click_area(ctrl, attr->click_area);
@@ -137,27 +137,63 @@ static void coords_limit(zof_pub_attr_t *attr) {
     attr->size.height = LV_MAX(attr->size.height, 0);
 }
 
-s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record) {
-    if (!view || !record || !record->attr)
-        return -1;
+static bool nested_too_deep(const zof_view_node_t *view, const para_t *parent) {
+    u32 depth = 1;
+    for (; parent && (const void *)parent != view; parent = (const para_t *)parent->parent) {
+        depth++;
+    }
+    return depth > ZOF_CTRL_NEST_MAX;
+}
+
+// The parent that the attributes name; null for the view itself.
+static para_t *parent_of(zof_view_node_t *view, const para_t *record) {
     para_t *parent = created_record(view, record->attr->parent_id);
+    if (parent && nested_too_deep(view, parent)) {
+        zof_printf("control %u: nested more than %d deep; it is put on the view", record->id, ZOF_CTRL_NEST_MAX);
+        return nullptr;
+    }
+    return parent;
+}
+
+// Calls the creator. False when there is no object: it failed, or an event on the way deleted control or parent.
+static bool object_make(para_t *record) {
+    const zof_pub_attr_t *attr = record->attr;
+    lv_obj_t *parent = *(lv_obj_t **)record->parent;
+    record->making = 1;
+    const s32 result = parent ? zof_ctrl_create(parent, record, record->attr, attr->ctrl_type) : -1;
+    record->making = 0;
+    lv_obj_enable_style_refresh(true);
+    if (result != -1 && record->obj && !record->obj->deleted && record->attr == attr) {
+        return true;
+    }
+    if (record->obj) {
+        lv_obj_del(record->obj);
+    }
+    record->obj = nullptr;
+    if (record->attr == attr) {
+        zof_printf("err: create ctrl[%s,%d] fail\n", attr->name ? attr->name : "", attr->id);
+    }
+    return false;
+}
+
+s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record) {
+    if (!view || !record || !record->attr || record->making) {
+        return -1;
+    }
+    zof_hold hold;
+    para_t *parent = parent_of(view, record);
     record->parent = parent ? (void *)parent : (void *)view;
     coords_limit(record->attr);
-    s32 result = zof_ctrl_create(*(lv_obj_t **)record->parent, record, record->attr, record->attr->ctrl_type);
-    lv_obj_enable_style_refresh(true);
-    if (result == -1 || !record->obj) {
-        if (record->obj)
-            lv_obj_del(record->obj);
-        record->obj = nullptr;
-        zof_printf("err: create ctrl[%s,%d] fail\n", record->attr->name ? record->attr->name : "", record->attr->id);
+    if (!object_make(record)) {
         return -1;
     }
     record->attr->view_id = (u16)view->attr->v_id;
     record->is_created = 1;
     lv_obj_set_user_data(record->obj, record);
-    if (walking)
-        lv_obj_refresh_style(record->obj, LV_PART_ANY, LV_STYLE_PROP_ANY);
     events_add(record);
+    if (walks) {
+        lv_obj_refresh_style(record->obj, LV_PART_ANY, LV_STYLE_PROP_ANY);
+    }
     return 0;
 }
 
@@ -206,76 +242,133 @@ static void restack(zof_view_node_t *view, para_t *record) {
     }
 }
 
-// A control that could not be made leaves no record behind.
+// A control that could not be made leaves no record behind. One that is in the list no more is its taker's.
 static void record_drop(zof_view_node_t *view, para_t *record) {
     u32 id = record->id;
-    zof_ctrl_release(record);
+    if (__db_list_search_node(view->ctrl_list, &id) != record) {
+        return;
+    }
     __db_list_search_and_pop(view->ctrl_list, &id);
-    zof_free(record);
+    zof_ctrl_obj_del(record);
 }
 
-// Builds the control under the file's cursor; false at an entry that ends the walk.
-static bool control_build(zof_view_node_t *view, para_t *record) {
+// Builds the control under the cursor; false at an entry that ends the walk.
+static bool control_build(zof_view_node_t *view, para_t *record, zof_j2s_walk_t *walk) {
     zof_ctrl_release(record); // left over when its object went with a parent's
-    record->attr = zof_j2s_ctrl_get();
-    if (!record->attr)
+    record->attr = zof_j2s_walk_get(walk);
+    if (!record->attr) {
         return false;
+    }
     record->attr->zof_ctrl_event = event_fn_find(view, record->attr->id);
     zof_ctrl_create_from_attr(view, record);
-    if (!record->obj)
+    if (!record->obj) {
         record_drop(view, record);
+    }
     return true;
 }
 
-static void controls_walk(zof_view_node_t *view) {
-    u32 id = 0;
-    u32 pub = 0;
-    while (zof_j2s_ctrl_get_para(&id, &pub) == 0) {
-        id = (u16)id; // as wide as the record's
-        para_t *record = (para_t *)__db_list_search_node(view->ctrl_list, &id);
-        if (record && record->is_created) {
-            restack(view, record);
-            zof_j2s_ctrl_run_next();
-            continue;
-        }
-        record = record ? record : record_new(view, id);
-        if (!record)
-            return;
-        if (!view->displaying && pub == 1) {
-            view->ctrl_ready = 0;
-            zof_j2s_ctrl_run_next();
-        } else if (!control_build(view, record)) {
-            return;
-        }
+// The places in the file where ids were seen, from 1; in pages, as few views use many of the 65,536 ids.
+enum { PAGE = 256 };
+typedef struct {
+    s32 *pages[UINT16_MAX / PAGE + 1];
+} places_t;
+
+// Notes the place of an id and returns 0, or the place that it has already. Without memory nothing is noted.
+static s32 place_note(places_t *places, u32 id, s32 place) {
+    s32 **page = &places->pages[id / PAGE];
+    if (!*page) {
+        *page = (s32 *)zof_malloc(PAGE * sizeof(s32));
+    }
+    if (!*page) {
+        return 0;
+    }
+    const s32 noted = (*page)[id % PAGE];
+    (*page)[id % PAGE] = noted ? noted : place;
+    return noted;
+}
+
+static void places_free(places_t *places) {
+    for (s32 *page : places->pages) {
+        zof_free(page);
     }
 }
 
+// Brings the control of one id into being, or to its place; false at an entry that ends the walk.
+static bool control_visit(zof_view_node_t *view, u32 id, bool pub, zof_j2s_walk_t *walk) {
+    para_t *record = (para_t *)__db_list_search_node(view->ctrl_list, &id);
+    if (record && record->is_created) {
+        restack(view, record);
+        zof_j2s_walk_next(walk);
+        return true;
+    }
+    record = record ? record : record_new(view, id);
+    if (!record) {
+        return false;
+    }
+    const bool later = pub && !view->displaying;
+    if (!later && !record->making) {
+        return control_build(view, record, walk);
+    }
+    view->ctrl_ready = later ? 0 : view->ctrl_ready;
+    zof_j2s_walk_next(walk);
+    return true;
+}
+
+static void controls_walk(zof_view_node_t *view, zof_j2s_walk_t *walk) {
+    places_t places = {};
+    u32 id = 0;
+    u32 pub = 0;
+    bool more = true;
+    while (more && zof_j2s_walk_para(walk, &id, &pub) == 0) {
+        id = (u16)id; // as wide as the record's
+        const s32 first = place_note(&places, id, walk->index + 1);
+        if (first) {
+            zof_printf("%s: controls[%d]: controls[%d] has the id %u already; it is left out\n", walk->path,
+                       walk->index, first - 1, id);
+            zof_j2s_walk_next(walk);
+        } else {
+            more = control_visit(view, id, pub == 1, walk);
+        }
+    }
+    places_free(&places);
+}
+
 s32 zof_ctrl_list_create(zof_view_node_t *view) {
-    if (!view || !view->attr)
+    if (!view || !view->attr) {
         return -1;
-    if (view->ctrl_ready)
+    }
+    if (view->ctrl_ready) {
         return 0;
+    }
     const char *name = zof_view_name_get(view->attr->v_id);
-    if (!name || zof_j2s_ctrl_start(zof_res_get_prjfile_path("config/view/", name)) != 0)
+    zof_j2s_walk_t walk = {};
+    if (!name || zof_j2s_walk_start(&walk, zof_res_get_prjfile_path("config/view/", name)) != 0) {
         return -1;
+    }
+    zof_hold hold;
     view->ctrl_ready = 1;
-    walking = true;
-    controls_walk(view);
-    walking = false;
-    zof_j2s_ctrl_end();
-    if (view->obj)
+    walks++;
+    controls_walk(view, &walk);
+    walks--;
+    zof_j2s_walk_end(&walk);
+    if (view->obj) {
         lv_obj_update_layout(view->obj);
+    }
     return 0;
 }
 
 para_t *zof_ctrl_show(u32 view_id, u32 ctrl_id) {
+    zof_hold hold;
     zof_view_node_t *view = zof_view_list_get(view_id);
     para_t *record = zof_ctrl_get_form_id(view_id, ctrl_id);
-    if (!view || !record)
+    if (!view || !record) {
         return nullptr;
-    if (!record->obj && record->attr)
+    }
+    if (!record->obj && record->attr) {
         zof_ctrl_create_from_attr(view, record);
-    if (record->obj)
+    }
+    if (record->obj) {
         zof_ctrl_set_hidden(record, ZOF_FALSE);
+    }
     return record;
 }

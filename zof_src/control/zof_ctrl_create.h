@@ -6,6 +6,10 @@
 
 ZOF_C_BEGIN
 
+// Controls may lie within each other this deep. LVGL goes up and down the tree for most of what it does, so deeper ones
+// would make each other slow, and drawing them is a recursion.
+enum { ZOF_CTRL_NEST_MAX = 64 };
+
 // Walks the view's file and makes the controls that are missing, in file order; `pub` ones only while the view is being
 // shown. What exists is put on top again, so that the drawing order is the file's. A control that cannot be made gets a
 // line and is left out. 0, at once when the list is complete; -1 for null or a file that cannot be had.

@@ -6,13 +6,17 @@
 #include <utility>
 
 #include "control/zof_ctrl_create.h"
+#include "project/zof_hold_in.h"
 
-// Runs `fn` on the handle's object: -1 without one, else what `fn` gives, 0 if it gives nothing. With a widget class,
-// an object of another kind counts as none: which kind stands behind an id is decided by a file, not by the program.
+// Runs `fn` on the handle's object: -1 without one, else what `fn` returns, 0 if it returns nothing. With a widget
+// class, an object of another kind is refused: which kind stands behind an id is decided by a file, not by the program.
+// What the events of `fn` delete, this control included, stays in memory until it has returned.
 template <typename F> s32 zof_on(zof_ctrl_t *ctrl, const lv_obj_class_t *kind, F &&fn) {
+    zof_hold hold;
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || (kind && !lv_obj_has_class(obj, kind)))
+    if (!obj || (kind && !lv_obj_has_class(obj, kind))) {
         return -1;
+    }
     if constexpr (std::is_void_v<decltype(fn(obj))>) {
         fn(obj);
         return 0;
@@ -48,7 +52,8 @@ static inline void zof_obj_flag_set(lv_obj_t *obj, lv_obj_flag_t flag, bool on) 
     }
 }
 
-// Releases what a record whose object is gone still owns: attributes, styles, and what its family keeps beside them.
+// Takes from a record whose object is gone what it still owns: attributes, styles, and what its family keeps beside
+// them. They are released when the outermost hold ends, as the deleted object is, which points at them.
 void zof_ctrl_release(para_t *record);
 
 // Brings an object's size and place up to date. While a view's controls are being built it does so for this object

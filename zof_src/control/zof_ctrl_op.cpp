@@ -153,8 +153,7 @@ s32 zof_ctrl_scroll_view(zof_ctrl_t *ctrl, u32 animate) {
 s32 zof_ctrl_scroll_set(zof_ctrl_t *ctrl, s32 x, s32 y, u32 animate) {
     return zof_on(ctrl, [=](lv_obj_t *obj) {
         lv_obj_scroll_to_x(obj, x, anim(animate));
-        if (lv_obj_is_valid(obj)) // its events may have deleted it
-            lv_obj_scroll_to_y(obj, y, anim(animate));
+        lv_obj_scroll_to_y(obj, y, anim(animate));
     });
 }
 

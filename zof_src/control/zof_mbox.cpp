@@ -142,5 +142,5 @@ s32 zof_mbox_s_close(zof_ctrl_t *ctrl) {
 }
 
 s32 zof_mbox_s_open(zof_ctrl_t *ctrl) {
-    return zof_on(ctrl, [](lv_obj_t *obj) { lv_obj_clear_flag(obj, LV_OBJ_FLAG_HIDDEN); });
+    return zof_on(ctrl, &lv_msgbox_class, [](lv_obj_t *obj) { lv_obj_clear_flag(obj, LV_OBJ_FLAG_HIDDEN); });
 }

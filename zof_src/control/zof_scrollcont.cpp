@@ -87,10 +87,8 @@ void scroll_init_event_cb(lv_event_t *e) {
     lv_obj_t *first = lv_obj_get_child(obj, 0);
     if (first)
         lv_obj_scroll_to_view(first, LV_ANIM_OFF);
-    if (!lv_obj_is_valid(obj)) // whoever heard of the scroll deleted it
-        return;
-    if (lv_event_send(obj, LV_EVENT_SCROLL_END, nullptr) == LV_RES_OK)
-        lv_event_send(obj, LV_EVENT_SCROLL, nullptr);
+    lv_event_send(obj, LV_EVENT_SCROLL_END, nullptr);
+    lv_event_send(obj, LV_EVENT_SCROLL, nullptr);
 }
 
 void scroll_infinite_event_cb(lv_event_t *e) {

@@ -220,12 +220,24 @@ s32 zof_tileview_set_tile_id(zof_ctrl_t *ctrl, u32 row, u32 col, u32 animate) {
                   [=](lv_obj_t *obj) { lv_obj_set_tile_id(obj, col, row, animate ? LV_ANIM_ON : LV_ANIM_OFF); });
 }
 
+// The tile that is shown; null once it is deleted, which LVGL does not notice.
+static const lv_obj_t *tile_shown(lv_obj_t *obj) {
+    const lv_obj_t *tile = lv_tileview_get_tile_act(obj);
+    for (u32 i = 0; i < lv_obj_get_child_cnt(obj); i++) {
+        if (lv_obj_get_child(obj, (s32)i) == tile) {
+            return tile;
+        }
+    }
+    return nullptr;
+}
+
 s32 zof_tileview_get_tile_id(zof_ctrl_t *ctrl, u32 *row, u32 *col) {
-    if (!row || !col)
+    if (!row || !col) {
         return -1;
+    }
     return zof_on(ctrl, &lv_tileview_class, [=](lv_obj_t *obj) {
         lv_obj_update_layout(obj);
-        const lv_obj_t *tile = lv_tileview_get_tile_act(obj);
+        const lv_obj_t *tile = tile_shown(obj);
         lv_coord_t width = lv_obj_get_content_width(obj);
         lv_coord_t height = lv_obj_get_content_height(obj);
         if (!tile || width < 1 || height < 1)

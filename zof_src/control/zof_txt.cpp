@@ -7,6 +7,7 @@
 #include "control/zof_ctrl_in.h"
 #include "project/zof_font.h"
 #include "project/zof_lang.h"
+#include "project/zof_view_layer.h"
 #include "zof_lib/zof_stdio.h"
 
 s32 zof_txt_change(char **slot, const char *text) {
@@ -66,17 +67,16 @@ s32 zof_txt_inner_set_size(zof_ctrl_t *ctrl, u32 size) {
     });
 }
 
-static void view_update(void *view) {
-    const db_list *list = ((const zof_view_node_t *)view)->ctrl_list;
-    const db_node *head = list ? list->head : nullptr;
-    for (const db_node *at = head ? head->next : head; at != head; at = at->next) {
-        para_t *record = (para_t *)at->data;
-        if (!record || !record->attr || record->attr->ctrl_type >= ZOF_CTRL_TYPE_COUNT)
-            continue;
-        s32 (*update)(zof_ctrl_t *) = zof_ctrl_classes[record->attr->ctrl_type].update_txt;
-        if (update)
-            update(record);
+static void ctrl_update(zof_view_node_t *, para_t *record) {
+    const u32 type = record->attr->ctrl_type;
+    s32 (*update)(zof_ctrl_t *) = type < ZOF_CTRL_TYPE_COUNT ? zof_ctrl_classes[type].update_txt : nullptr;
+    if (update) {
+        update(record);
     }
+}
+
+static void view_update(void *view) {
+    zof_view_ctrls_each((zof_view_node_t *)view, false, ctrl_update);
 }
 
 s32 zof_ctrl_txt_update(void) {

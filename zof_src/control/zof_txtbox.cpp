@@ -10,7 +10,7 @@
 
 // A box that is being handed a text, with the limits that are lifted meanwhile: at its events it may be handed another.
 typedef struct lift {
-    lv_obj_t *obj; // null once it is deleted
+    lv_obj_t *obj;
     const char *accepted;
     u32 max;
     const struct lift *outer;
@@ -67,10 +67,6 @@ static char *text_taken(const lift_t *box, const char *text, u32 length) {
     return taken;
 }
 
-static void event_gone(lv_event_t *e) {
-    ((lift_t *)lv_event_get_user_data(e))->obj = nullptr;
-}
-
 static lift_t lift_of(lv_obj_t *obj) {
     for (const lift_t *at = lifts; at; at = at->outer) {
         if (at->obj == obj)
@@ -79,24 +75,21 @@ static lift_t lift_of(lv_obj_t *obj) {
     return {obj, lv_textarea_get_accepted_chars(obj), lv_textarea_get_max_length(obj), lifts};
 }
 
-// Hands a text over that has been sorted. Events come of it, at which the application may delete the box.
+// Hands a text over that has been sorted.
 static s32 text_hand_over(lv_obj_t *obj, const char *text, u32 length, void (*put)(lv_obj_t *, const char *)) {
     lift_t lift = lift_of(obj);
     char *taken = text_taken(&lift, text, length);
-    if (!taken)
+    if (!taken) {
         return -1;
+    }
     lifts = &lift;
-    lv_obj_add_event_cb(obj, event_gone, LV_EVENT_DELETE, &lift);
     lv_textarea_set_accepted_chars(obj, nullptr);
     lv_textarea_set_max_length(obj, 0);
     put(obj, taken);
     zof_free(taken);
     lifts = lift.outer;
-    if (!lift.obj)
-        return 0;
     lv_textarea_set_accepted_chars(obj, lift.accepted);
     lv_textarea_set_max_length(obj, lift.max);
-    lv_obj_remove_event_cb_with_user_data(obj, event_gone, &lift);
     return 0;
 }
 

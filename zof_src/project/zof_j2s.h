@@ -33,16 +33,31 @@ void RootJsonDel(zof_rootjson_t *json);
 // with path, line and column, and gives null. Release with cJSON_Delete.
 cJSON *zof_j2s_parse(const char *path, const char *text);
 
-// The cursor over `controls`. One file at a time: starting again lets go of the former one.
-// Start: 0 with the cursor on the first entry, -1 with a line when there are no controls to walk.
-s32 zof_j2s_ctrl_start(const char *path);
+// A walk over the `controls` of a view file. Zero it before the first start.
+typedef struct {
+    zof_rootjson_t json;
+    cJSON *entry; // under the cursor; null at the end
+    s32 index;    // of that entry, for messages
+    char *path;   // its own copy: the path buffer changes while controls are made
+} zof_j2s_walk_t;
 
-// The id and `pub` of the entry under the cursor; -1 at the end. Entries without property, id or known type are told
-// and stepped over. `pub` is 1 for true and for a number that is not 0.
-s32 zof_j2s_ctrl_get_para(u32 *id, u32 *pub);
+// Start: 0 with the cursor on the first entry, -1 with a line when there are no controls to walk. It ends a walk that
+// is still open; the walk owns file and path until zof_j2s_walk_end.
+s32 zof_j2s_walk_start(zof_j2s_walk_t *walk, const char *path);
+void zof_j2s_walk_end(zof_j2s_walk_t *walk);
+void zof_j2s_walk_next(zof_j2s_walk_t *walk);
+
+// The id and `pub` of the entry under the cursor; -1 at the end. Entries without property, id or known type are
+// reported and passed over. `pub` is 1 for true and for a number that is not 0.
+s32 zof_j2s_walk_para(zof_j2s_walk_t *walk, u32 *id, u32 *pub);
 
 // Decodes the entry under the cursor, its theme's styles and over them its own, and moves on. Null, with a line, for an
 // entry without `theme`: the view then ends there. Release with zof_j2s_ctrl_delete.
+zof_pub_attr_t *zof_j2s_walk_get(zof_j2s_walk_t *walk);
+
+// The same on one walk that the program shares: starting again ends the former one.
+s32 zof_j2s_ctrl_start(const char *path);
+s32 zof_j2s_ctrl_get_para(u32 *id, u32 *pub);
 zof_pub_attr_t *zof_j2s_ctrl_get(void);
 void zof_j2s_ctrl_run_next(void);
 void zof_j2s_ctrl_end(void);

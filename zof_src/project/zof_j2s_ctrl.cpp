@@ -1,18 +1,11 @@
-// The cursor over the `controls` of a view file, and the making and releasing of one control's attribute record. An
-// entry from which no control can come is told with its place and stepped over, so that one slip does not empty a view.
+// The walk over the `controls` of a view file, and the making and releasing of one control's attribute record. An entry
+// from which no control can come is reported with its place and passed over, so that one slip does not empty a view.
 #include <cstring>
 
 #include "project/zof_j2s.h"
 #include "project/zof_res.h"
 #include "project/zof_style.h"
 #include "zof_lib/zof_stdio.h"
-
-static struct {
-    zof_rootjson_t json; // the one file that is open
-    cJSON *entry;        // under the cursor; null at the end
-    s32 index;           // of that entry, for messages
-    char *path;          // own copy: the path buffer changes while controls are made
-} sc;
 
 // Parts of records, read with the engine's own rules, so that a peek never disagrees with the decoded record. An id
 // must be there, so its row is not nullable.
@@ -22,38 +15,35 @@ static const reflect_item_t style_key_tbl[] = {CSON_INT(zof_style_attr_t, style_
                                                CSON_INT(zof_style_attr_t, style_state),
                                                CSON_INT(zof_style_attr_t, style_sect), CSON_END};
 
-s32 zof_j2s_ctrl_start(const char *path) {
-    zof_j2s_ctrl_end();
+s32 zof_j2s_walk_start(zof_j2s_walk_t *walk, const char *path) {
+    zof_j2s_walk_end(walk);
     if (!path) {
         return -1;
     }
-    sc.json = zof_j2s_open(path);
-    cJSON *controls = cJSON_GetObjectItem(sc.json.root, "controls");
+    walk->json = zof_j2s_open(path);
+    cJSON *controls = cJSON_GetObjectItem(walk->json.root, "controls");
     if (!cJSON_IsArray(controls)) {
-        if (sc.json.root) {
+        if (walk->json.root) {
             zof_printf("%s: controls is missing\n", path);
         }
-        zof_j2s_ctrl_end();
+        zof_j2s_walk_end(walk);
         return -1;
     }
-    sc.path = zof_res_path_zof_malloc(path);
-    sc.entry = controls->child;
+    walk->path = zof_res_path_zof_malloc(path);
+    walk->entry = controls->child;
     return 0;
 }
 
-void zof_j2s_ctrl_end(void) {
-    RootJsonDel(&sc.json);
-    zof_res_path_free(sc.path);
-    sc = {};
+void zof_j2s_walk_end(zof_j2s_walk_t *walk) {
+    RootJsonDel(&walk->json);
+    zof_res_path_free(walk->path);
+    *walk = {};
 }
 
-void zof_j2s_ctrl_init(void) {
-}
-
-void zof_j2s_ctrl_run_next(void) {
-    if (sc.entry) {
-        sc.entry = sc.entry->next;
-        sc.index++;
+void zof_j2s_walk_next(zof_j2s_walk_t *walk) {
+    if (walk->entry) {
+        walk->entry = walk->entry->next;
+        walk->index++;
     }
 }
 
@@ -85,17 +75,17 @@ static u32 pub_of(cJSON *pub_t) {
     return cJSON_IsTrue(pub) || (cJSON_IsNumber(pub) && pub->valueint != 0);
 }
 
-s32 zof_j2s_ctrl_get_para(u32 *id, u32 *pub) {
-    for (; id && pub && sc.entry; zof_j2s_ctrl_run_next()) {
-        cJSON *pub_t = cJSON_GetObjectItem(cJSON_GetObjectItem(sc.entry, "property"), "pub_t");
+s32 zof_j2s_walk_para(zof_j2s_walk_t *walk, u32 *id, u32 *pub) {
+    for (; id && pub && walk->entry; zof_j2s_walk_next(walk)) {
+        cJSON *pub_t = cJSON_GetObjectItem(cJSON_GetObjectItem(walk->entry, "property"), "pub_t");
         zof_pub_attr_t head = {};
-        const char *fault = entry_fault(sc.entry, pub_t, &head);
+        const char *fault = entry_fault(walk->entry, pub_t, &head);
         if (!fault) {
             *id = head.id;
             *pub = pub_of(pub_t);
             return 0;
         }
-        zof_printf("%s: controls[%d]: %s; it is left out\n", sc.path, sc.index, fault);
+        zof_printf("%s: controls[%d]: %s; it is left out\n", walk->path, walk->index, fault);
     }
     return -1;
 }
@@ -171,18 +161,18 @@ static void styles_add(zof_pub_attr_t *record, const char *theme_name, cJSON *st
     }
 }
 
-zof_pub_attr_t *zof_j2s_ctrl_get(void) {
-    cJSON *entry = sc.entry;
+zof_pub_attr_t *zof_j2s_walk_get(zof_j2s_walk_t *walk) {
+    cJSON *entry = walk->entry;
     if (!entry) {
         return nullptr;
     }
-    s32 index = sc.index;
-    zof_j2s_ctrl_run_next();
+    s32 index = walk->index;
+    zof_j2s_walk_next(walk);
     s32 type = type_of(entry);
     cJSON *property = cJSON_GetObjectItem(entry, "property");
     cJSON *theme = cJSON_GetObjectItem(entry, "theme");
     if (!property || !theme || type < 0) {
-        zof_printf("%s: controls[%d]: %s; the view ends here\n", sc.path, index,
+        zof_printf("%s: controls[%d]: %s; the view ends here\n", walk->path, index,
                    !property ? "property is missing"
                    : !theme  ? "theme is missing"
                              : "type is no control type");
@@ -193,6 +183,31 @@ zof_pub_attr_t *zof_j2s_ctrl_get(void) {
         styles_add(record, cJSON_GetStringValue(theme), cJSON_GetObjectItem(property, "styles"));
     }
     return record;
+}
+
+static zof_j2s_walk_t shared_walk;
+
+s32 zof_j2s_ctrl_start(const char *path) {
+    return zof_j2s_walk_start(&shared_walk, path);
+}
+
+s32 zof_j2s_ctrl_get_para(u32 *id, u32 *pub) {
+    return zof_j2s_walk_para(&shared_walk, id, pub);
+}
+
+zof_pub_attr_t *zof_j2s_ctrl_get(void) {
+    return zof_j2s_walk_get(&shared_walk);
+}
+
+void zof_j2s_ctrl_run_next(void) {
+    zof_j2s_walk_next(&shared_walk);
+}
+
+void zof_j2s_ctrl_end(void) {
+    zof_j2s_walk_end(&shared_walk);
+}
+
+void zof_j2s_ctrl_init(void) {
 }
 
 // The theme's record is found by type alone, so any name gives the one that was used, if one was.

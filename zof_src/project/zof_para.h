@@ -14,6 +14,7 @@ typedef struct para {
     zof_pub_attr_t *attr; // the head of the type's attribute record; owned from creation to zof_ctrl_delete
     u16 id;
     u8 is_created;
+    u8 making; // zof_ctrl_create_from_attr runs: what its events do must not make the control a second time
 } para_t;
 
 // The LVGL object behind a handle; null for a null handle and for a record whose object does not exist.

@@ -2,6 +2,7 @@
 // view, deletion of its short-lived controls, init of the new one (once), its controls, the screen, entry.
 #include "project/zof_view.h"
 
+#include "project/zof_hold_in.h"
 #include "project/zof_para.h"
 #include "project/zof_prj_up.h"
 #include "project/zof_view_layer.h"
@@ -37,8 +38,10 @@ static bool views_ready(u32 id) {
 s32 zof_view_load(u32 id) {
     if (!views_ready(id) || view_is_current(id))
         return -1;
-    if (zof_view_list_get(id))
+    if (zof_view_list_get(id)) {
         return 0;
+    }
+    zof_hold hold;
     zof_view_node_t *node = zof_view_node_create(id);
     if (!node)
         return -1;
@@ -82,25 +85,27 @@ static void park(zof_view_node_t *node, para_t *record) {
     record->parent = node;
 }
 
+static void leave_or_park(zof_view_node_t *node, para_t *record) {
+    if (record->attr->pub) {
+        node->ctrl_ready = 0;
+        zof_prj_up.ctrl_delete(record);
+    } else if (record->is_created) {
+        park(node, record);
+    }
+}
+
 s32 zof_view_delete(u32 id) {
+    zof_hold hold;
     zof_view_node_t *node = zof_view_list_get(id);
     if (!node) {
         zof_printf("view %u: nothing to delete, it was never loaded", id);
         return -1;
     }
-    if (!node->ctrl_ready || !node->ctrl_list)
+    if (!node->ctrl_ready || !node->ctrl_list) {
         return -1;
-    const db_node *head = node->ctrl_list->head;
-    for (const db_node *at = head->prev; at != head; at = at->prev) { // children come before their parents this way
-        para_t *record = (para_t *)at->data;
-        if (!record || !record->attr)
-            continue;
-        if (record->attr->pub) {
-            zof_prj_up.ctrl_delete(record);
-            node->ctrl_ready = 0;
-        } else if (record->is_created) {
-            park(node, record);
-        }
+    }
+    if (zof_view_ctrls_each(node, true, leave_or_park) != 0) { // children come before their parents this way
+        return -1;
     }
     if (!node->ctrl_ready && node->bg_obj) {
         lv_obj_del(node->bg_obj);
@@ -141,20 +146,26 @@ static void show_on_layer(zof_view_node_t *node, zof_layer_se layer) {
 }
 
 s32 zof_view_set_dis_view_anim(u32 id, u32 transition, u32 time, u32 delay, u32 path) {
-    if (!views_ready(id))
+    if (!views_ready(id)) {
         return -1;
-    if (view_is_current(id))
+    }
+    if (view_is_current(id)) {
         return 0;
+    }
+    zof_hold hold;
     zof_view_node_t *node = zof_view_list_get(id);
-    if (!node)
+    if (!node) {
         node = zof_view_node_create(id);
-    if (!node)
+    }
+    if (!node) {
         return -1;
+    }
 
     zof_prj_t *prj = zof_prj_get_cur();
     zof_layer_se layer = zof_view_layer_of(node);
     leave(prj->cur_view[layer], transition == 0 && time == 0 && delay == 0);
 
+    const u8 displaying = node->displaying; // an event function that builds it may show it once more
     node->displaying = 1;
     node->del_on_unload = 0; // still set when the view returns before its screen was unloaded: its controls are wanted
     if (!node->obj) {
@@ -175,11 +186,10 @@ s32 zof_view_set_dis_view_anim(u32 id, u32 transition, u32 time, u32 delay, u32 
         }
         node->view_fun->zof_view_entry();
     }
-    node->displaying = 0;
+    node->displaying = displaying;
     return 0;
 }
 
 s32 zof_view_set_dis_view(u32 id) {
-    zof_view_set_dis_view_anim(id, ZOF_SCR_LOAD_ANIM_NONE, 0, 0, ZOF_ANIM_PATH_LINEAR);
-    return 0;
+    return zof_view_set_dis_view_anim(id, ZOF_SCR_LOAD_ANIM_NONE, 0, 0, ZOF_ANIM_PATH_LINEAR);
 }

@@ -95,7 +95,7 @@ s32 zof_view_delete(u32 id);
 // happens then) and for one without entry function (it is not shown); -1 for id 0 or no such view.
 s32 zof_view_set_dis_view_anim(u32 id, u32 transition, u32 time, u32 delay, u32 path);
 
-// The same at once; 0 in every case.
+// The same at once, with the same results.
 s32 zof_view_set_dis_view(u32 id);
 
 // Puts the display's own object back onto a layer. No exit function runs and no controls go. 0, or -1 above 3 or before

@@ -1,10 +1,12 @@
 // The lists behind the views: names by id, which the project file gives, and the nodes of the views that exist.
 #include <string.h>
 
+#include "project/zof_hold_in.h"
 #include "project/zof_j2s.h"
 #include "project/zof_prj_up.h"
 #include "project/zof_res.h"
 #include "project/zof_view.h"
+#include "project/zof_view_layer.h"
 #include "zof_lib/zof_stdio.h"
 
 static int name_compare(void *data, void *key) {
@@ -70,6 +72,29 @@ zof_view_node_t *zof_view_list_get(u32 id) {
 db_list *zof_view_list_get_ctrl_list(u32 id) {
     const zof_view_node_t *node = zof_view_list_get(id);
     return node ? node->ctrl_list : nullptr;
+}
+
+s32 zof_view_ctrls_each(zof_view_node_t *view, bool last_first, void (*fn)(zof_view_node_t *view, para_t *record)) {
+    zof_hold hold; // a record that is freed meanwhile stays readable, without attributes
+    const db_list *list = view->ctrl_list;
+    const u32 count = list ? (u32)list->count : 0;
+    para_t **records = (para_t **)zof_malloc(count * sizeof(para_t *));
+    if (count && !records) {
+        zof_printf("view %u: no memory to go through its controls", view->attr->v_id);
+        return -1;
+    }
+    const db_node *at = count ? list->head : nullptr;
+    for (u32 i = 0; i < count; i++) {
+        at = last_first ? at->prev : at->next;
+        records[i] = (para_t *)at->data;
+    }
+    for (u32 i = 0; i < count; i++) {
+        if (records[i] && records[i]->attr) {
+            fn(view, records[i]);
+        }
+    }
+    zof_free(records);
+    return 0;
 }
 
 static void attr_release(zof_view_attr_t *attr) {

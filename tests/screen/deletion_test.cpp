@@ -1,0 +1,305 @@
+// Controls are deleted and views are left in the middle of calls that LVGL answers with events: by every event of every
+// such call, and at random.
+#include <chrono>
+#include <random>
+#include <set>
+
+#include "view_project.h"
+#include "zof.h"
+
+enum { BOX = 5, TILES, TILE_A, TILE_B, RING, RING_A, RING_B, RING_C, CONT, INNER, SLIDER, ROLLER, SPIN, DROP };
+enum { LIST = 19, MATRIX, TABLE, ARC, BAR, KEYS, WHEEL, ITEM_A, ITEM_B, SWITCH, LABEL, END };
+
+static std::string pub(const std::string &keys) {
+    return R"("pub": true, )" + keys;
+}
+
+static std::string within(u32 parent) {
+    return form(R"("parent_id": %u)", parent);
+}
+
+static std::vector<std::string> controls() {
+    const auto tile = [](u32 id, u32 parent, u32 col, const char *more) {
+        return ctrl(ZOF_CTRL_TILE, id, form(R"("col_id": %u, "row_id": 0, "dir": %u)", col, *more ? 3 : 15),
+                    pub(within(parent)));
+    };
+    return {ctrl(ZOF_CTRL_TXTBOX, BOX, R"("init_txt": "some text that is long", "max_txt_len": 99)",
+                 pub(box(0, 0, 60, 40))),
+            ctrl(ZOF_CTRL_TILEVIEW, TILES, R"("anim_time": 0, "count": 2)", pub(box(70, 0, 60, 60))),
+            tile(TILE_A, TILES, 0, ""),
+            tile(TILE_B, TILES, 1, ""),
+            ctrl(ZOF_CTRL_TILEVIEW, RING, R"("anim_time": 0, "count": 3, "start_id": 1, "unlimited_scroll": 1)",
+                 pub(box(140, 0, 60, 60))),
+            tile(RING_A, RING, 0, "ring"),
+            tile(RING_B, RING, 1, "ring"),
+            tile(RING_C, RING, 2, "ring"),
+            ctrl(ZOF_CTRL_OBJ, CONT, "", pub(box(210, 0, 60, 60) + R"(, "scrollbar_t": {"dir_e": 15})")),
+            ctrl(ZOF_CTRL_BTN, INNER, R"("txt": "far")", pub(box(10, 10, 300, 300) + ", " + within(CONT))),
+            ctrl(ZOF_CTRL_SLIDER, SLIDER, R"("minValue": 0, "maxValue": 100)", pub(box(0, 70, 60, 10))),
+            ctrl(ZOF_CTRL_ROLLIST, ROLLER, R"("options": "one\ntwo\nthree")", pub(box(70, 70, 60, 50))),
+            ctrl(ZOF_CTRL_SPINBOX, SPIN, R"("range_min": -9, "range_max": 999, "int_cnt": 3, "step": 1)",
+                 pub(box(140, 70, 60, 40))),
+            ctrl(ZOF_CTRL_DROPLIST, DROP, R"("options": "one\ntwo")", pub(box(210, 70, 60, 30))),
+            ctrl(ZOF_CTRL_LIST, LIST, R"("btns_t": [{"txt": "first"}, {"txt": "second"}, {"txt": "third"}])",
+                 pub(box(0, 120, 60, 40))),
+            ctrl(ZOF_CTRL_BTNMATRIX, MATRIX, R"("btnmatrix_txt": ["a", "\n", "b", ""])", pub(box(70, 130, 60, 60))),
+            ctrl(ZOF_CTRL_TABLE, TABLE, "", pub(box(140, 130, 60, 60))),
+            ctrl(ZOF_CTRL_ARC, ARC, R"("range_t": {"minValue": 0, "maxValue": 100}, "know_dis_en": true)",
+                 pub(box(210, 130, 60, 60))),
+            ctrl(ZOF_CTRL_BAR, BAR, R"("minValue": 0, "maxValue": 100)", pub(box(0, 170, 60, 10))),
+            ctrl(ZOF_CTRL_KEYBOARD, KEYS, R"("mode": 1)", pub(box(0, 190, 200, 50))),
+            ctrl(ZOF_CTRL_SCROLLCONT, WHEEL, R"("child_cnt": 2, "display_count": 1)",
+                 pub(box(210, 200, 80, 40) + R"(, "scrollbar_t": {"dir_e": 3})")),
+            ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM_A, "", pub(within(WHEEL))),
+            ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM_B, R"("create_num": 1)", pub(within(WHEEL))),
+            ctrl(ZOF_CTRL_SW, SWITCH, "", pub(box(280, 0, 30, 20))),
+            ctrl(ZOF_CTRL_LABEL, LABEL, R"("txt": "label")", pub(box(280, 30, 30, 20)))};
+}
+
+static para_t *find(u32 id) {
+    return zof_ctrl_get_form_id(1, id);
+}
+
+static void (*on_any_event)(para_t *, u32 event);
+
+struct call_t {
+    const char *name;
+    void (*run)();
+};
+
+static const call_t calls_made[] = {
+    {"txtbox_set_text", [] { zof_txtbox_set_text(find(BOX), "another text, longer than the box is wide"); }},
+    {"txtbox_add_txt", [] { zof_txtbox_add_txt(find(BOX), " and more of it"); }},
+    {"txtbox_add_char", [] { zof_txtbox_add_char(find(BOX), 'x'); }},
+    {"txtbox_del_char", [] { zof_txtbox_del_char(find(BOX)); }},
+    {"txtbox_del_char_forward", [] { zof_txtbox_cursor_move(find(BOX), 1), zof_txtbox_del_char_forward(find(BOX)); }},
+    {"txtbox_cursor_move", [] {
+         for (u32 i = 0; i < 22; i++) {
+             zof_txtbox_cursor_move(find(BOX), 1);
+         }
+     }},
+    {"tileview_set_tile_id", [] { zof_tileview_set_tile_id(find(TILES), 0, 1, 0); }},
+    {"tileview_set_tile_id, animated", [] { zof_tileview_set_tile_id(find(TILES), 0, 1, 1); }},
+    {"tileview_set_tile_id, endless", [] { zof_tileview_set_tile_id(find(RING), 0, 2, 0); }},
+    {"scroll_set", [] { zof_ctrl_scroll_set(find(CONT), 40, 40, 0); }},
+    {"scroll_set, animated", [] { zof_ctrl_scroll_set(find(CONT), 40, 40, 1); }},
+    {"scroll_view", [] { zof_ctrl_scroll_view(find(TILE_B), 0); }},
+    {"set_size of a scrolled container",
+     [] {
+         auto *const then = on_any_event; // is meant for the size
+         on_any_event = nullptr;
+         zof_ctrl_scroll_set(find(CONT), 250, 250, 0);
+         on_any_event = then;
+         zof_ctrl_set_size(find(CONT), 200, 200);
+         zof_ctrl_update_location(find(CONT));
+     }},
+    {"slider_set_value", [] { zof_slider_set_value(find(SLIDER), 50); }},
+    {"arc_set_value", [] { zof_arc_set_value(find(ARC), 50); }},
+    {"bar_set_value", [] { zof_bar_set_value(find(BAR), 50); }},
+    {"rollist_set_selected", [] { zof_rollist_set_selected(find(ROLLER), 2, 1); }},
+    {"rollist_add_option", [] { zof_rollist_add_option(find(ROLLER), "more", 1); }},
+    {"spinbox_increment", [] { zof_spinbox_increment(find(SPIN)); }},
+    {"droplist_open", [] { zof_droplist_open(find(DROP)); }},
+    {"list_add_btn", [] { zof_list_add_btn(find(LIST), "", "another"); }},
+    {"list_remove_all", [] { zof_list_remove_all(find(LIST)); }},
+    {"scroll_inf", [] { scroll_inf(find(WHEEL)); }},
+    {"event_send", [] { zof_event_send(find(SWITCH), LV_EVENT_CLICKED, nullptr); }},
+    {"add_state", [] { zof_ctrl_add_state(find(SWITCH), LV_STATE_CHECKED); }},
+    {"keyboard", [] {
+         zof_keyboard_set_txtbox(find(KEYS), find(BOX));
+         zof_event_send(find(KEYS), LV_EVENT_VALUE_CHANGED, nullptr);
+     }},
+    {"move_forground", [] { zof_ctrl_move_forground(find(CONT)); }},
+    {"ctrl_delete", [] { zof_ctrl_delete(find(INNER)); }},
+    {"lang_set", [] { zof_lang_set("de"); }},
+    {"view_delete", [] { zof_view_delete(1); }},
+    {"set_dis_view",
+     [] {
+         zof_view_set_dis_view(2);
+         zof_view_set_dis_view(1);
+     }},
+};
+
+static void project_up(view_project_t &project) {
+    ctrl_funs.clear();
+    for (u32 id = BOX; id < END; id++) {
+        ctrl_funs.push_back({id, [](zof_ctrl_t *record, zof_event_e event) {
+                                 if (on_any_event) {
+                                     on_any_event((para_t *)record, event);
+                                 }
+                             }});
+    }
+    project.write("config/languages/en.g", R"({"hello": "hello"})");
+    project.write("config/languages/de.g", R"({"hello": "a longer hello"})");
+    project.more += R"(, "language": "en")";
+    project.view(1, controls());
+    project.view(2, {ctrl(ZOF_CTRL_LABEL, BOX, R"("txt": "other")")});
+    project.view(3, controls());
+    project.open(320, 240);
+}
+
+// Brings view 1 up whole, whatever was deleted of it.
+static void view_renew() {
+    on_any_event = nullptr;
+    zof_view_set_dis_view(2);
+    screen_step(5);
+    zof_view_set_dis_view(1);
+    screen_step(5);
+}
+
+// A host's write comes from a timer, within LVGL's own loop, where nothing is freed before that turn ends.
+static void run(const call_t &call, bool by_timer) {
+    if (!by_timer) {
+        call.run();
+        return;
+    }
+    zof_task_t *task = zof_task_create([](zof_task_t *t) { ((const call_t *)zof_task_get_user_data(t))->run(); }, 0,
+                                       (void *)&call);
+    zof_task_once(task);
+    screen_step(10);
+}
+
+static std::set<std::pair<u32, u32>> heard; // control and event
+static std::pair<u32, u32> deadly;
+static u32 way;
+static bool struck;
+
+static void strike(para_t *record, u32 event) {
+    if (struck || deadly != std::pair<u32, u32>(record->id, event)) {
+        return;
+    }
+    struck = true;
+    const u32 id = record->id;
+    if (way == 0) {
+        CHECK(zof_ctrl_delete(record) == 0);
+        CHECK(record->obj == nullptr);
+        CHECK(zof_ctrl_get_x(record) == -1);
+    } else if (way == 1) {
+        CHECK(zof_ctrl_del(1, id) == 0);
+        zof_ctrl_obj_del(record);
+    } else {
+        zof_view_set_dis_view(3);
+    }
+}
+
+TEST_CASE("every event of every call may delete its control or show another view") {
+    view_project_t project;
+    project_up(project);
+    const auto strikes = [](const call_t &call, bool by_timer) {
+        for (const auto &event : heard) {
+            for (way = 0; way < 3; way++) {
+                view_renew();
+                deadly = event;
+                struck = false;
+                on_any_event = strike;
+                run(call, by_timer);
+                screen_step(20);
+                on_any_event = nullptr;
+            }
+        }
+    };
+    u32 events_heard = 0;
+    for (const call_t &call : calls_made) {
+        CAPTURE(call.name);
+        heard.clear();
+        view_renew();
+        on_any_event = [](para_t *record, u32 event) { heard.insert({record->id, event}); };
+        run(call, false);
+        screen_step(20);
+        on_any_event = nullptr;
+        events_heard += (u32)heard.size();
+        strikes(call, false);
+        strikes(call, true);
+    }
+    CHECK(events_heard > 40);
+    const auto memory = [] {
+        view_renew();
+        zof_view_set_dis_view(2);
+        screen_step(50);
+        return zof_mem_count() + zof_lv_mem_count();
+    };
+    memory();
+    const u32 before = memory();
+    CHECK(memory() == before);
+}
+
+TEST_CASE("a tile view that lost the tile it showed knows of none") {
+    view_project_t project;
+    project_up(project);
+    view_renew();
+    u32 row = 9, col = 9;
+    zof_tileview_set_tile_id(find(TILES), 0, 1, 0);
+    CHECK(zof_tileview_get_tile_id(find(TILES), &row, &col) == 0);
+    CHECK(col == 1);
+    CHECK(zof_ctrl_delete(find(TILE_B)) == 0);
+    CHECK(zof_tileview_get_tile_id(find(TILES), &row, &col) == -1);
+}
+
+static std::mt19937 dice;
+static u32 depth;
+
+static u32 roll(u32 sides) {
+    return (u32)(dice() % sides);
+}
+
+static void anything() {
+    const u32 id = BOX + roll((u32)END - (u32)BOX), view = 1 + roll(3);
+    para_t *record = zof_ctrl_get_form_id(view, id);
+    lv_obj_t *obj = zof_ctrl_obj(record);
+    switch (roll(9)) {
+    case 0:
+    case 1: zof_ctrl_delete(record); break;
+    case 2: // the record is the caller's now
+        zof_ctrl_del(view, id);
+        zof_ctrl_obj_del(record);
+        break;
+    case 3: zof_view_set_dis_view(view); break;
+    case 4: zof_view_set_dis_view_anim(view, roll(ZOF_SCR_LOAD_ANIM_COUNT), 20, 0, ZOF_ANIM_PATH_LINEAR); break;
+    case 5: zof_view_delete(view); break;
+    case 6: zof_ctrl_show(view, id); break;
+    case 7:
+        if (obj && (id == TILES || id == RING || id == CONT)) {
+            lv_obj_clean(obj);
+        } else if (obj) {
+            lv_obj_del(obj);
+        }
+        break;
+    default: calls_made[roll(std::size(calls_made))].run();
+    }
+}
+
+static void anything_at_times(para_t *, u32) {
+    if (depth < 4 && roll(6) == 0) {
+        depth++;
+        anything();
+        depth--;
+    }
+}
+
+TEST_CASE("deletions, views and calls at random in each other's events leave nothing that is freed in use") {
+    const char *given = getenv("ZOF_SEED");
+    const u32 seed = given ? (u32)strtoul(given, nullptr, 0) : std::random_device()();
+    const char *seconds = getenv("ZOF_SECONDS");
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds ? atoi(seconds) : 4);
+    printf("deletion_test: ZOF_SEED=%u\n", seed);
+    fflush(stdout);
+    dice.seed(seed);
+    view_project_t project;
+    project_up(project);
+    // What views say about what is gone by then is of no interest.
+    printed([&] {
+        for (u32 round = 0; round < 400 && std::chrono::steady_clock::now() < end; round++) {
+            view_renew();
+            on_any_event = anything_at_times;
+            for (u32 i = 0; i < 12; i++) {
+                run(calls_made[roll(std::size(calls_made))], roll(2));
+                if (roll(3) == 0) {
+                    screen_drag((s32)roll(320), (s32)roll(240), (s32)roll(320), (s32)roll(240), 2);
+                }
+            }
+            screen_step(40);
+        }
+    });
+    on_any_event = nullptr;
+    CHECK(zof_view_set_dis_view(2) == 0);
+}

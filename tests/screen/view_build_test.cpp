@@ -1,0 +1,91 @@
+// How a view's controls come into being: one view while another one is built, ids that are there twice, deep nesting.
+#include <chrono>
+
+#include "view_project.h"
+#include "zof.h"
+
+static std::string tile(u32 id) {
+    return ctrl(ZOF_CTRL_TILE, id, R"("dir": 15)", R"("parent_id": 1)");
+}
+
+static bool shown;
+
+// The event function of a tile view, which hears of each tile that is made.
+static void show_another(zof_ctrl_t *, zof_event_e) {
+    if (!shown) {
+        shown = true;
+        zof_view_set_dis_view(2);
+    }
+}
+
+TEST_CASE("an event of a control that is being made shows another view, and both are complete") {
+    view_project_t project;
+    ctrl_funs = {{1, show_another}};
+    project.view(1, {ctrl(ZOF_CTRL_TILEVIEW, 1), tile(2), tile(3), ctrl(ZOF_CTRL_LABEL, 4),
+                     ctrl(ZOF_CTRL_LABEL, 5, "", R"("pub": true)")});
+    project.view(2, {ctrl(ZOF_CTRL_LABEL, 1), ctrl(ZOF_CTRL_LABEL, 2), ctrl(ZOF_CTRL_LABEL, 3)});
+    project.open(320, 240);
+    shown = false;
+    zof_view_set_dis_view(1);
+    CHECK(shown);
+    for (u32 id = 1; id <= 5; id++) {
+        CAPTURE(id);
+        CHECK(at(id)->obj != nullptr);
+    }
+    for (u32 id = 1; id <= 3; id++) {
+        CHECK(at(id, 2)->obj != nullptr);
+    }
+    ctrl_funs.clear();
+}
+
+TEST_CASE("a control that its own making deletes is not there, and breaks nothing") {
+    view_project_t project;
+    ctrl_funs = {{1, [](zof_ctrl_t *, zof_event_e) { zof_ctrl_delete(zof_ctrl_get_form_id(1, 2)); }}};
+    project.view(1, {ctrl(ZOF_CTRL_TILEVIEW, 1), tile(2), ctrl(ZOF_CTRL_LABEL, 4)});
+    project.open(320, 240);
+    CHECK(printed([] { zof_view_set_dis_view(1); }) == "");
+    CHECK(zof_ctrl_get_child_sum(at(1)) == 0);
+    CHECK(at(4)->obj != nullptr);
+    ctrl_funs.clear();
+}
+
+TEST_CASE("the second control of an id is reported with both places, and so are views that are not there") {
+    view_project_t project;
+    const std::string said = project.show({ctrl(ZOF_CTRL_LABEL, 1, R"("txt": "first")"), ctrl(ZOF_CTRL_OBJ, 2),
+                                           ctrl(ZOF_CTRL_LABEL, 1, R"("txt": "second")")});
+    CHECK(contains(said, "v1.g: controls[2]: controls[0] has the id 1 already; it is left out"));
+    CHECK(std::string(zof_label_get_text(at(1))) == "first");
+    CHECK(contains(printed([] { CHECK(zof_view_set_dis_view(6) == -1); }), "view 6"));
+    CHECK(zof_mbox_s_open(at(1)) == -1);
+}
+
+// Milliseconds for a view of `count` controls, each within the one before.
+static s64 chain_time(u32 view, u32 count, std::string *said) {
+    const auto start = std::chrono::steady_clock::now();
+    *said = printed([=] { zof_view_set_dis_view(view); });
+    CHECK(at(count, view)->obj != nullptr);
+    return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start).count();
+}
+
+TEST_CASE("nesting has a limit with a line, and loading takes time in proportion to the controls") {
+    view_project_t project;
+    const auto chain = [](u32 count) {
+        std::vector<std::string> list;
+        for (u32 id = 1; id <= count; id++) {
+            list.push_back(ctrl(ZOF_CTRL_OBJ, id, "", form(R"("parent_id": %u)", id - 1)));
+        }
+        return list;
+    };
+    project.view(1, chain(500));
+    project.view(2, chain(4000));
+    project.open(320, 240);
+    std::string said;
+    const s64 few = chain_time(1, 500, &said);
+    CHECK(contains(said, "control 65: nested more than 64 deep; it is put on the view"));
+    CHECK(lv_obj_get_parent(at(65)->obj) == zof_view_list_get(1)->obj);
+    CHECK(lv_obj_get_parent(at(66)->obj) == at(65)->obj);
+    const s64 many = chain_time(2, 4000, &said);
+    CAPTURE(few);
+    CAPTURE(many);
+    CHECK(many < 30 * (few + 10)); // eight times as many controls; quadratic, it was 64 times
+}
