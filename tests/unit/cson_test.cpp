@@ -150,6 +150,37 @@ TEST_CASE("bad elements are dropped, good ones close up, and an array without an
     CHECK((record.number_count == 0 && record.numbers == nullptr));
 }
 
+TEST_CASE("a count that fills its byte is encoded and released, and long arrays take no longer for each element") {
+    const u32 before = zof_mem_count();
+    std::string words = R"("w")";
+    for (int i = 1; i < 200; i++) {
+        words += R"(,"w")";
+    }
+    item_t item = {};
+    CHECK(decode(R"({"words": [)" + words + R"(], "number": 1})", &item, item_tbl) == CSON_OK);
+    CHECK(item.word_count == 200);
+    char *text = nullptr;
+    CHECK(csonStruct2JsonStr(&text, &item, item_tbl) == CSON_OK);
+    CHECK(contains(text, "[" + words + "]"));
+    cJSON_free(text);
+    csonFreePointer(&item, item_tbl);
+    CHECK(zof_mem_count() == before);
+
+    struct long_t {
+        u32 count;
+        s32 *numbers;
+    } many = {};
+    static const reflect_item_t long_tbl[] = {
+        CSON_INT(long_t, count), CSON_ARR(long_t, numbers, integerReflectTbl, sizeof(s32), "count"), CSON_END};
+    std::string numbers = "{\"numbers\": [0";
+    for (int i = 1; i < 200000; i++) { // 20 billion steps if each were looked for from the front
+        numbers += ",1";
+    }
+    CHECK(decode(numbers + "]}", &many, long_tbl) == CSON_OK);
+    CHECK(many.count == 200000);
+    csonFreePointer(&many, long_tbl);
+}
+
 TEST_CASE("null, odd widths and the null kind are failures, not faults") {
     record_t record = {};
     CHECK(csonJsonStr2Struct(nullptr, &record, record_tbl) == CSON_ERR_NO_JSON);

@@ -51,6 +51,17 @@ zof_bool cson_integer_read(const void *field, size_t width, s64 *out) {
     }
 }
 
+zof_bool cson_count_read(void *record, const reflect_item_t *count_row, u64 *out) {
+    s64 value = 0;
+    const size_t width = count_row->size;
+    if (!cson_integer_read(cson_field(record, count_row), width, &value)) {
+        zof_printf("Unsupported size(=%d) of integer.\n", static_cast<int>(width));
+        return ZOF_FALSE;
+    }
+    *out = width < sizeof value ? static_cast<u64>(value) & ((1ull << 8 * width) - 1) : static_cast<u64>(value);
+    return ZOF_TRUE;
+}
+
 template <typename T> static void write_as(s64 value, void *out) {
     T narrow = static_cast<T>(value);
     std::memcpy(out, &narrow, sizeof narrow);
@@ -87,13 +98,12 @@ void cson_pointer_write(void *field, const void *pointer) {
 
 // A null array has no elements, whatever its count says: that is the state after a release.
 static void visit_elements(void *record, const reflect_item_t *row, const reflect_item_t *count_row, cson_visit visit) {
-    s64 count = 0;
-    if (!cson_integer_read(cson_field(record, count_row), count_row->size, &count)) {
-        zof_printf("Unsupported size(=%d) of integer.\n", static_cast<int>(count_row->size));
+    u64 count = 0;
+    if (!cson_count_read(record, count_row, &count)) {
         return;
     }
     auto *elements = static_cast<u8 *>(cson_pointer_read(cson_field(record, row)));
-    for (s64 k = 0; elements && k < count; k++) {
+    for (u64 k = 0; elements && k < count; k++) {
         csonLoopProperty(elements + row->item_size * static_cast<size_t>(k), row->table, visit);
     }
 }

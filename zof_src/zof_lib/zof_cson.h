@@ -85,6 +85,7 @@ typedef struct {
     zof_bool (*bool_value)(const void *v);
     size_t (*array_size)(const void *v);
     void *(*array_get)(const void *v, size_t index);
+    void *(*array_next)(const void *v, const void *item); // behind `item`, the first one for null; null at the end
     void *(*new_object)(void);
     char *(*to_string)(const void *v);
     void *(*integer)(s64 value);

@@ -81,6 +81,14 @@ static void *cjson_impl_array_get(const void *v, size_t index) {
     return cJSON_GetArrayItem(as_item(v), static_cast<int>(index));
 }
 
+// cJSON finds an element by its index from the front, so a loop over indexes would take quadratic time.
+static void *cjson_impl_array_next(const void *v, const void *item) {
+    if (item) {
+        return as_item(item)->next;
+    }
+    return cJSON_IsArray(as_item(v)) ? as_item(v)->child : nullptr;
+}
+
 static void *cjson_impl_new(void) {
     return cJSON_CreateObject();
 }
@@ -135,6 +143,7 @@ const cson_interface csomImpl = {
     .bool_value = cjson_impl_bool_value,
     .array_size = cjson_impl_array_size,
     .array_get = cjson_impl_array_get,
+    .array_next = cjson_impl_array_next,
     .new_object = cjson_impl_new,
     .to_string = cjson_impl_to_string,
     .integer = cjson_impl_integer,

@@ -159,12 +159,9 @@ static void element_reset(void *slot, const reflect_item_t *row) {
 // Good elements close up: the slot is numbered by the successes so far.
 static size_t decode_elements(const void *json, u8 *elements, size_t count, const reflect_item_t *row) {
     size_t done = 0;
-    for (size_t i = 0; i < count; i++) {
-        const void *item = csomImpl.array_get(json, i);
+    const void *item = csomImpl.array_next(json, nullptr);
+    for (size_t i = 0; i < count && item; i++, item = csomImpl.array_next(json, item)) {
         u8 *slot = elements + row->item_size * done;
-        if (!item) {
-            continue;
-        }
         if (decode_element(item, slot, row->table) == CSON_OK) {
             done++;
         } else {

@@ -155,9 +155,9 @@ static s32 pack_element(void *element, const reflect_item_t *table, void **out) 
     return result;
 }
 
-static s64 pack_elements(u8 *elements, s64 count, const reflect_item_t *row, void *array) {
-    s64 done = 0;
-    for (s64 i = 0; i < count; i++) {
+static u64 pack_elements(u8 *elements, u64 count, const reflect_item_t *row, void *array) {
+    u64 done = 0;
+    for (u64 i = 0; i < count; i++) {
         void *item = nullptr;
         if (pack_element(elements + row->item_size * static_cast<size_t>(i), row->table, &item) == CSON_OK) {
             csomImpl.array_add(array, item);
@@ -176,9 +176,8 @@ static s32 getJsonArray(void *record, const reflect_item_t *table, s32 index, vo
     if (!count_row || !row->table) {
         return CSON_ERR_MISSING;
     }
-    s64 count = 0;
-    if (!cson_integer_read(cson_field(record, count_row), count_row->size, &count)) {
-        zof_printf("Unsupported size(=%d) of integer.\n", static_cast<int>(count_row->size));
+    u64 count = 0;
+    if (!cson_count_read(record, count_row, &count)) {
         return CSON_ERR_MISSING;
     }
     void *array = csomImpl.array();

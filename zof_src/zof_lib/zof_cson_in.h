@@ -32,6 +32,10 @@ const reflect_item_t *cson_row_find(const reflect_item_t *table, const char *key
 // 1, 2, 4 or 8 bytes in native order, sign-extended; false for any other width.
 zof_bool cson_integer_read(const void *field, size_t width, s64 *out);
 
+// The number of elements that a count row of the record holds, 0 or more: counts have no sign, whatever their width.
+// False, with a line, for a width that is not supported.
+zof_bool cson_count_read(void *record, const reflect_item_t *count_row, u64 *out);
+
 // Stores a value in 1, 2, 4 or 8 bytes. Signed and unsigned fields share one range, so that a colour fits 4 bytes.
 s32 convertInteger(s64 value, size_t width, void *out);
 
