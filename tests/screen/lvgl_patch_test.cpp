@@ -334,3 +334,80 @@ TEST_CASE("an animation may be deleted by whom it calls, and a slider may hold o
     CHECK(lv_anim_count_running() == 0);
     lv_roller_create(lv_slider_create(lv_scr_act())); // tells the slider of a child of its own
 }
+
+TEST_CASE("shadows, borders and outlines of any size stay within their buffers") {
+    screen_open(200, 200);
+    lv_obj_set_style_bg_color(lv_scr_act(), lv_color_white(), 0);
+    for (const s32 radius : {0, 3, 30}) {
+        for (const s32 width : {5, 20, 120}) { // a narrow one cuts the corners of its shadow in the middle
+            lv_obj_t *obj = plain(lv_scr_act(), width, 205 - width, 0x4060A0);
+            lv_obj_center(obj);
+            lv_obj_set_style_radius(obj, radius, 0);
+            lv_obj_set_style_bg_opa(obj, LV_OPA_50, 0); // the shadow is cut out below it
+            lv_obj_set_style_shadow_opa(obj, LV_OPA_50, 0);
+            for (const s32 shadow : {7, 40, 50, 90}) {
+                lv_obj_set_style_shadow_width(obj, shadow, 0);
+                for (s32 x = 0; x < 200; x += 7) { // drawn column by column the clip cuts them, too
+                    const lv_area_t column = {(lv_coord_t)x, 0, (lv_coord_t)(x + 6), 199};
+                    lv_obj_invalidate_area(lv_scr_act(), &column);
+                    lv_refr_now(nullptr);
+                }
+                const screen_picture parts = screen_shot();
+                lv_obj_invalidate(lv_scr_act());
+                CHECK(screen_same(screen_shot(), parts));
+            }
+            lv_obj_del(obj);
+        }
+    }
+    lv_obj_t *obj = plain(lv_scr_act(), 50, 50, 0x4060A0);
+    lv_obj_center(obj);
+    for (const s32 radius : {0, 10}) {
+        lv_obj_set_style_radius(obj, radius, 0);
+        const screen_picture bare = screen_shot();
+        for (const s32 width : {-1, -9, -100}) { // drawn as if there was none
+            lv_obj_set_style_border_width(obj, width, 0);
+            lv_obj_set_style_outline_width(obj, width, 0);
+            lv_obj_set_style_shadow_width(obj, width, 0);
+            CHECK(screen_same(screen_shot(), bare));
+        }
+    }
+}
+
+// Appends codes of so many bits, the lowest first, as GIF files have them.
+struct gif_codes {
+    std::string bytes;
+    u32 held = 0, count = 0;
+    void put(u32 code, u32 bits) {
+        held |= code << count;
+        for (count += bits; count >= 8; count -= 8, held >>= 8) {
+            bytes += (char)held;
+        }
+    }
+};
+
+TEST_CASE("a GIF that clears its codes just before they grow shows the colours that it has") {
+    enum { SIDE = 12, BITS = 3, CLEAR = 4, STOP = 5 };
+    gif_codes codes;
+    for (u32 i = 0; i < SIDE * SIDE; i++) {
+        if (i % 2 == 0) {
+            codes.put(CLEAR, BITS); // a third code would make the table grow
+        }
+        codes.put((i + i / SIDE) % 4, BITS);
+    }
+    codes.put(STOP, 8);
+    temp_project_t project;
+    project.write("x.gif", std::string("GIF89a") + le(SIDE, 2) + le(SIDE, 2) + le(0x91, 1) + le(0, 2) + // 4 colours
+                               le(0x0000FF, 3) + le(0x00FF00, 3) + le(0xFF0000, 3) + le(0xFFFFFF, 3) + "," + le(0, 4) +
+                               le(SIDE, 2) + le(SIDE, 2) + le(0, 1) + le(2, 1) + le((u32)codes.bytes.size(), 1) +
+                               codes.bytes + le(0, 1) + ";");
+    screen_open(SIDE, SIDE);
+    lv_obj_t *gif = lv_gif_create(lv_scr_act());
+    lv_gif_set_src(gif, project.path("x.gif").c_str());
+    const u32 colours[] = {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF};
+    const screen_picture shown = screen_shot();
+    u32 wrong = 0;
+    for (s32 i = 0; i < SIDE * SIDE; i++) {
+        wrong += shown.at(i % SIDE, i / SIDE) != colours[(i + i / SIDE) % 4];
+    }
+    CHECK(wrong == 0);
+}
