@@ -53,6 +53,14 @@ def kinds(folder):
     slopes.convert("RGB").save(folder / "RGB.jpg", quality=95)
 
 
+def scans(path, side, count):
+    """A progressive JPEG whose last scan comes again and again."""
+    Image.linear_gradient("L").resize((side, side)).save(path, quality=95, progressive=True)
+    data = path.read_bytes()
+    last = data.rindex(b"\xff\xda")
+    path.write_bytes(data[:last] + data[last:-2] * count + data[-2:])
+
+
 def outline(points):
     pen = TTGlyphPen(None)
     if points:
@@ -124,6 +132,9 @@ def main(folder):
     series(folder / "mixed", [1, 3], "png")
     series(folder / "mixed", [2], "jpg")
     costly_fonts(folder / "fonts")
+    scans(folder / "few_scans.jpg", 256, 60)
+    scans(folder / "many_scans.jpg", 256, 5000)
+    scans(folder / "large_scans.jpg", 2000, 30)
     kinds(folder / "kinds")
     Image.new("1", (2048, 1)).save(folder / "wide.png")
     Image.new("L", (8, 2049)).save(folder / "high.jpg")

@@ -226,6 +226,28 @@ TEST_CASE("every kind of PNG looks as LVGL's own decoder shows it, transparent o
     }
 }
 
+TEST_CASE("a JPEG of more scans than any encoder makes is refused with one line, in a clip too") {
+    room_t room;
+    const struct {
+        const char *name, *line;
+    } rows[] = {{"few_scans.jpg", ""},
+                {"many_scans.jpg", "refused, 5005 scans of 65536 pixels take too long\n"},
+                {"large_scans.jpg", "refused, 35 scans of 4000000 pixels take too long\n"}};
+    for (const auto &row : rows) {
+        CAPTURE(row.name);
+        const std::string path = std::string(ZOF_MEDIA_DIR "/") + row.name;
+        lv_img_header_t header = {};
+        lv_res_t result = LV_RES_OK;
+        const std::string log = printed([&] {
+            for (s32 i = 0; i < 2; i++) {
+                result = lv_img_decoder_get_info(path.c_str(), &header);
+            }
+        });
+        CHECK(log == (row.line[0] ? "picture " + path + ": " + row.line : ""));
+        CHECK((result == LV_RES_OK) == !row.line[0]);
+    }
+}
+
 TEST_CASE("a video control plays the project's clips in its box, and goes with its view") {
     view_project_t project;
     std::filesystem::create_directories(project.path("video"));

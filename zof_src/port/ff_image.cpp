@@ -35,8 +35,8 @@ static AVFrame *frame_load(const char *path) {
     }
     AVPacket *packet = av_packet_alloc();
     AVFrame *frame = av_frame_alloc();
-    if (!packet || !frame || !ff_packet_read(&m, packet) || avcodec_send_packet(m.codec, packet) != 0 ||
-        avcodec_send_packet(m.codec, nullptr) != 0 || avcodec_receive_frame(m.codec, frame) != 0) {
+    if (!packet || !frame || !ff_packet_read(&m, packet) || ff_packet_send(&m, packet, path) != 0 ||
+        ff_packet_send(&m, nullptr, path) != 0 || avcodec_receive_frame(m.codec, frame) != 0) {
         av_frame_free(&frame);
     }
     av_packet_free(&packet);

@@ -187,6 +187,55 @@ const char *ff_codec_open(ff_media *m, AVMediaType type) {
     return avcodec_open2(m->codec, decoder, nullptr) < 0 ? "Failed to open decoder!\n" : nullptr;
 }
 
+// A scan covers the whole picture again, and may have no more than a few bytes for it. Useful pictures have 10 or so.
+enum { SCANS_MOST = 100, SCANNED_PIXELS_MOST = 50 << 20 };
+
+struct jpeg_facts {
+    u64 pixels;
+    u32 scans;
+};
+
+// Walks over the segments; in front of the next one the data of a scan is skipped, where 0xFF is followed by 0 or is a
+// restart.
+static jpeg_facts jpeg_look(const u8 *p, int size) {
+    enum { FRAME_FIRST = 0xC0, TABLES = 0xC4, FRAME_LAST = 0xCF, RESTART_FIRST = 0xD0, START = 0xD8, SCAN = 0xDA };
+    jpeg_facts facts = {};
+    for (int at = 0; at + 9 < size;) {
+        const u8 marker = p[at + 1];
+        if (p[at] != 0xFF || marker == 0 || (marker >= RESTART_FIRST && marker <= START) || marker == 0xFF) {
+            at++;
+            continue;
+        }
+        if (marker >= FRAME_FIRST && marker <= FRAME_LAST && marker != TABLES) {
+            const u64 height = (u64)p[at + 5] << 8 | p[at + 6];
+            const u64 width = (u64)p[at + 7] << 8 | p[at + 8];
+            facts.pixels = LV_MAX(facts.pixels, width * height);
+        }
+        facts.scans += marker == SCAN;
+        at += 2 + (p[at + 2] << 8 | p[at + 3]);
+    }
+    return facts;
+}
+
+static bool scans_are_few(const AVPacket *packet, const char *name) {
+    const jpeg_facts facts = jpeg_look(packet->data, packet->size);
+    if (facts.scans <= SCANS_MOST && facts.pixels * facts.scans <= SCANNED_PIXELS_MOST) {
+        return true;
+    }
+    static char reported[128];
+    if (strncmp(reported, name, sizeof(reported) - 1) != 0) {
+        strncpy(reported, name, sizeof(reported) - 1);
+        zof_printf("picture %s: refused, %u scans of %llu pixels take too long", name, facts.scans,
+                   (unsigned long long)facts.pixels);
+    }
+    return false;
+}
+
+int ff_packet_send(ff_media *m, const AVPacket *packet, const char *name) {
+    const bool jpeg = packet && m->codec->codec_id == AV_CODEC_ID_MJPEG;
+    return jpeg && !scans_are_few(packet, name) ? AVERROR(EINVAL) : avcodec_send_packet(m->codec, packet);
+}
+
 bool ff_packet_read(ff_media *m, AVPacket *packet) {
     for (u32 foreign = 0; foreign < FOREIGN_PACKETS && !is_stopped(m); foreign++) {
         if (av_read_frame(m->format, packet) < 0) {

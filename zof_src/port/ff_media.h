@@ -49,6 +49,10 @@ bool ff_open(ff_media *m, ff_source source, const char *extension, bool look);
 // Opens the decoder of the best stream of a type. Null, or what is wrong; the file stays open.
 const char *ff_codec_open(ff_media *m, AVMediaType type);
 
+// Hands a packet to the decoder; null: the file has ended. FFmpeg's result; less than 0 also for a JPEG picture whose
+// scans would take seconds to decode, which is logged with `name`, once for the same name in a row.
+int ff_packet_send(ff_media *m, const AVPacket *packet, const char *name);
+
 // The next packet of the stream; false at the end, and for a file that goes on without one.
 bool ff_packet_read(ff_media *m, AVPacket *packet);
 

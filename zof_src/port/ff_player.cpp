@@ -176,9 +176,9 @@ static bool packet_send(ffmpeg_context *c) {
     }
     if (!ff_packet_read(&c->media, c->packet)) {
         c->drained = true;
-        return avcodec_send_packet(c->media.codec, nullptr) == 0;
+        return ff_packet_send(&c->media, nullptr, "") == 0;
     }
-    const bool sent = avcodec_send_packet(c->media.codec, c->packet) == 0;
+    const bool sent = ff_packet_send(&c->media, c->packet, "of a clip") == 0;
     av_packet_unref(c->packet);
     return sent;
 }
