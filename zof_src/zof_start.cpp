@@ -1,16 +1,15 @@
 // The fixed order in which the runtime comes up, and the endless loop that drives it. After zof_main everything happens
-// inside lv_timer_handler or under the same lock; the pause of 5 ms is when other threads get it.
+// inside lv_timer_handler or under the same lock; between two turns the loop sleeps, and other threads get it.
 #include "zof_start.h"
 
 #include "drv/zof_lock.h"
+#include "drv/zof_loop.h"
 #include "func/zof_func.h"
 #include "func/zof_script.h"
 #include "hmi/zof_hmi.h"
 #include "lvgl.h"
 #include "project/zof_prj.h"
 #include "project/zof_ver.h"
-
-enum { LOOP_PAUSE_MS = 5 };
 
 int zof_run(int argc, char **argv) {
     if (zof_win_cmd(argc, argv) == 0) {
@@ -30,10 +29,11 @@ int zof_run(int argc, char **argv) {
         zof_script_start();
     }
     for (;;) {
+        u32 sleep_ms;
         {
             zof_lock gui(dis_mutex);
-            lv_timer_handler();
+            sleep_ms = zof_loop_turn();
         }
-        zof_delay(LOOP_PAUSE_MS);
+        zof_loop_wait(sleep_ms);
     }
 }

@@ -11,9 +11,9 @@ ZOF_C_BEGIN
 void zof_main(void);
 
 // Handles the command line, brings the runtime up in its fixed order, calls zof_main and runs the main loop: one turn
-// of lv_timer_handler under dis_mutex, then 5 ms in which other threads get the lock. Main thread only, once. Returns 0
-// when the command line was a build call, 1 when there is no project to show; otherwise never: closing the window ends
-// the process.
+// of lv_timer_handler under dis_mutex, then sleep without it until a timer is due, the window has an event, a host's
+// command comes in, or another thread has held the lock. Main thread only, once. Returns 0 when the command line was a
+// build call, 1 when there is no project to show; otherwise never: closing the window ends the process.
 int zof_run(int argc, char **argv);
 
 // The build call `t <switch><stamp>`: argv[2] less its first two characters becomes "comp_time" of the project file at

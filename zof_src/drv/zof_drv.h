@@ -40,6 +40,9 @@ void zof_mutex_destory(zof_mutex_t m);
 s32 zof_mutex_lock(zof_mutex_t m);
 s32 zof_mutex_unlock(zof_mutex_t m);
 
+// True while a thread waits for any of these mutexes.
+zof_bool zof_mutex_contended(void);
+
 // Counting semaphores. Take waits `ms` milliseconds, 0 without limit, and trytake not at all: 0 when taken, not 0 when
 // the time ran out. Release adds one and never waits: 0, or a negative number. Delete returns 0; nobody may be waiting.
 //

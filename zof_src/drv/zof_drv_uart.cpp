@@ -1,6 +1,6 @@
 // Serial ports above the port's lines: one reader thread a port, and up to two client threads, each fed through a
-// ping-pong buffer. A message ends with a silence of `timeout` ms. Ports live for the whole run; closing one only
-// silences its clients.
+// ping-pong buffer. The register link's client gets messages, which end with a silence of `timeout` ms; the host link's
+// gets every piece at once. Ports live for the whole run; closing one only silences its clients.
 #include <atomic>
 #include <mutex>
 
@@ -10,7 +10,7 @@
 #include "zof_lib/zof_stdio.h"
 
 enum { PORT_COUNT = 256, BUF_LEN = 2048, BUF_LEN_MIN = 1024, BUF_LEN_MAX = 1024 * 1024 };
-enum { CLIENT_BUF_MIN = 2048, CLIENT_BUF_MAX = 102400, TIMEOUT_MIN = 5, TIMEOUT_MAX = 1000, TELL_MS = 1000 };
+enum { CLIENT_BUF_MIN = 2048, CLIENT_BUF_MAX = 102400, TIMEOUT_MIN = 5, TIMEOUT_MAX = 1000, TELL_MS = 1000, ROOM_WAIT_MS = 1000 };
 
 // The receive context of one open port. What two threads look at is atomic; buffers have their own lock. A client's
 // `run` is raised last, when its buffer and semaphore stand.
@@ -19,6 +19,7 @@ struct uart_client {
     zof_sem_t sem;
     pipo_buff *buf;
     std::atomic<u8> run;
+    u32 pieces;    // put into the buffer so far; under the buffer's lock
     u32 lost;      // bytes that found no room since the last line about it; reader thread only
     u32 lost_said; // time of that line
     bool told;     // there has been one
@@ -75,23 +76,40 @@ static s32 resolve_port(const zof_uart_cfg_t *cfg) {
     return port < 0 ? -1 : port;
 }
 
-// A chunk that finds no room is lost whole. A peer that never falls silent would fill the log with that, so what is
-// lost is added up and told once a second at most.
+static bool fits(uart_client *client, u32 size) {
+    return size <= client->buf->size - pipo_buf_get_pi_len(client->buf);
+}
+
+static bool store(uart_client *client, const u8 *data, u32 size) {
+    zof_lock guard(client->buf->mutex);
+    client->pieces++;
+    return pipo_buff_set_pi(client->buf, data, size) == 0;
+}
+
+// A piece that finds no room is lost whole. A peer that never falls silent would fill the log with that, so what is
+// lost is added up and reported once a second at most.
 static void feed(uart_client *client, const zof_drv_t *handle, const u8 *data, u32 size) {
     const u32 now = zof_sys_time_ms();
     const bool tell = !client->told || now - client->lost_said >= TELL_MS;
-    const bool fits = size <= client->buf->size - pipo_buf_get_pi_len(client->buf);
-    if (!(fits || tell) || pipo_buff_set_pi(client->buf, data, size) != 0) {
+    if (!(fits(client, size) || tell) || !store(client, data, size)) {
         client->lost += size;
         if (tell) {
-            zof_printf("serial port %d: its peer leaves no silence between frames; %u bytes are lost", handle->port,
-                       client->lost);
+            zof_printf("serial port %d: no room for what comes in; %u bytes are lost", handle->port, client->lost);
             client->told = true;
             client->lost_said = now;
             client->lost = 0;
         }
     }
     zof_sem_release(client->sem);
+}
+
+// The host link's client is done with a piece as fast as frames can be checked, unless the graphics thread's queue is
+// full. While the reader waits the line's own buffer fills, and a far end with flow control stops sending.
+static void feed_hmi(uart_context *ctx, const zof_drv_t *handle, const u8 *data, u32 size) {
+    for (u32 waited = 0; !fits(&ctx->hmi, size) && waited < ROOM_WAIT_MS; waited++) {
+        zof_delay(1);
+    }
+    feed(&ctx->hmi, handle, data, size);
 }
 
 static void zof_uart_recive_data_th(void *arg) {
@@ -117,7 +135,7 @@ static void zof_uart_recive_data_th(void *arg) {
             continue;
         }
         if (ctx->hmi.run && ctx->open_flag) {
-            feed(&ctx->hmi, handle, buf, (u32)n);
+            feed_hmi(ctx, handle, buf, (u32)n);
         }
         if (ctx->ui.run && ctx->ui_bfun) {
             feed(&ctx->ui, handle, buf, (u32)n);
@@ -127,43 +145,66 @@ static void zof_uart_recive_data_th(void *arg) {
     ctx->buf_len = 0;
 }
 
-// Returns when the peer has fallen silent behind at least one chunk.
-static void wait_for_message(uart_client *client, uart_context *ctx) {
+static u32 pieces_of(uart_client *client) {
+    zof_lock guard(client->buf->mutex);
+    return client->pieces;
+}
+
+// Returns what has come in when the peer has fallen silent behind it. Null when a piece arrives between the silence and
+// the switch: it would be cut from the rest of its frame, so the message is not over.
+static pipo_half *message_take(uart_client *client, uart_context *ctx) {
+    u32 pieces;
     zof_sem_take(client->sem, 0);
-    while (zof_sem_take(client->sem, ctx->timeout) == 0) {
+    do {
+        pieces = pieces_of(client);
+    } while (zof_sem_take(client->sem, ctx->timeout) == 0);
+    zof_lock guard(client->buf->mutex);
+    return client->pieces == pieces ? pipo_buff_get_pi_and_switch(client->buf) : nullptr;
+}
+
+static void hmi_deliver(uart_context *ctx, u8 *data, u32 size) {
+    uart_hmi_rev_bfun fun;
+    void *arg;
+    {
+        std::lock_guard guard(hmi_lock);
+        fun = ctx->hmi_bfun;
+        arg = ctx->hmi_arg;
+    }
+    if (fun) {
+        fun(data, size, arg);
     }
 }
 
+// Each piece is delivered as it comes, behind the tail that the callback has kept. A tail that is still there when the
+// line has been silent for the time-out is delivered once more, alone.
 static void zof_uart_hmi_recive_data_th(void *arg) {
     auto *handle = (zof_drv_t *)arg;
     auto *ctx = (uart_context *)handle->context;
+    bool tail = false;
     while (port_stands(handle)) {
-        wait_for_message(&ctx->hmi, ctx);
-        if (pipo_buf_get_pi_len(ctx->hmi.buf) == 0) {
-            continue; // a wake-up for bytes that the last message took along; a swap would lose the tail kept since
+        const bool silent = zof_sem_take(ctx->hmi.sem, tail ? ctx->timeout.load() : 0) != 0;
+        if (!silent && pipo_buf_get_pi_len(ctx->hmi.buf) == 0) {
+            continue; // its bytes went with the last piece; a switch would lose the tail kept since
         }
         pipo_half *half = pipo_buff_get_pi_and_switch(ctx->hmi.buf);
-        uart_hmi_rev_bfun fun;
-        void *fun_arg;
-        {
-            std::lock_guard guard(hmi_lock);
-            fun = ctx->hmi_bfun;
-            fun_arg = ctx->hmi_arg;
+        if (half->len + half->t_len) {
+            hmi_deliver(ctx, half->read, half->len + half->t_len);
         }
-        if (half->len && fun) {
-            fun(half->read, half->len + half->t_len, fun_arg);
-        }
+        tail = !silent;
     }
 }
 
-// The register link's client holds the graphics lock around its callback: that is how frames may touch controls.
+// The register link's client holds the graphics lock around its callback: that is how frames may touch controls. What
+// comes in while it waits for the lock belongs to the next message, so the buffer is switched before.
 static void zof_uart_ui_recive_data_th(void *arg) {
     auto *handle = (zof_drv_t *)arg;
     auto *ctx = (uart_context *)handle->context;
     while (ctx->ui.run && port_stands(handle)) {
-        wait_for_message(&ctx->ui, ctx);
+        pipo_half *half = nullptr;
+        while (!half) {
+            half = message_take(&ctx->ui, ctx);
+        }
         zof_lock gui(dis_mutex);
-        pipo_half *half = pipo_buff_get_pi_and_switch(ctx->ui.buf);
         const uart_rev_bfun fun = ctx->ui_bfun;
         if (half->len && fun) {
             fun(half->data, half->len);

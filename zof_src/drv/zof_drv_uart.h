@@ -50,15 +50,20 @@ typedef struct {
 // Set by the port before the first open, and never again.
 extern const zof_drv_uart_ops_t *drv_uart_t;
 
-// A message: what came in up to a silence of the receive time-out. `data` may be written and is valid until the
-// callback returns; `size` is above 0.
-typedef void (*uart_rev_bfun)(u8 *data, u32 size);                // thread "zof uart ui", dis_mutex held
-typedef void (*uart_hmi_rev_bfun)(u8 *data, u32 size, void *arg); // thread "zof uart hmi", no lock held
+// `data` may be written and is valid until the callback returns; `size` is above 0.
+//
+// The register link: a message, which is all that came in up to a silence of the receive time-out, or several of them
+// if the lock was busy. Thread "zof uart ui", dis_mutex held.
+typedef void (*uart_rev_bfun)(u8 *data, u32 size);
+// The host link: each piece as it comes in, behind the tail that the last call has kept. A tail that is still kept when
+// the line has been silent for the receive time-out is passed once more, alone: what it begins may never be completed.
+// Thread "zof uart hmi", no lock held.
+typedef void (*uart_hmi_rev_bfun)(u8 *data, u32 size, void *arg);
 
 // Opens a port and starts its reader thread, or gives the open port's handle with the new line settings; its threads
 // and clients are kept. The number of a port that was not open is written into `cfg->port`. Null for no port number,
-// one above 255, settings out of range (an open line stays as it was), and a line that cannot be opened. The handle
-// lives for ever. Opening and the registrations below belong to one thread, the main one.
+// one above 255, settings out of range (an open line stays as it was), and a file that is no serial line; a device that
+// is missing or busy is taken when it can be had. The handle lives for ever. Opening and the registrations below belong to one thread, the main one.
 zof_drv_t *zof_drv_uart_open(zof_uart_cfg_t *cfg);
 
 // Silences both clients; line, threads and handle stay for a later open, after which the register link's callback must
@@ -66,7 +71,7 @@ zof_drv_t *zof_drv_uart_open(zof_uart_cfg_t *cfg);
 s32 zof_drv_uart_close(zof_drv_t *handle);
 
 // Hands bytes to the line at once; any thread, but senders of one port must not mix their frames: the panel's hold
-// dis_mutex. A far end that does not read costs 50 ms once, not each time. `size`, or -1: bad handle, no device, no
+// dis_mutex. A far end that does not read costs 50 ms once, not each time. `size`, or -1: invalid handle, no device, no
 // room.
 s32 zof_drv_uart_send(zof_drv_t *handle, const u8 *data, u32 size);
 
@@ -85,7 +90,7 @@ void zof_drv_uart_rev_set_timeout(zof_drv_t *handle, u32 ms);
 s32 zof_drv_uart_rev_set_bfun(zof_drv_t *handle, uart_rev_bfun fun, u32 size);
 
 // The host link's client, the same, with `t_size` bytes of room for a tail in front of the data. `arg` stays the
-// caller's.
+// caller's. A piece that finds no room waits for it, a second at most, and the bytes behind it stay in the line.
 s32 zof_drv_uart_hmi_rev_set_bfun(zof_drv_t *handle, uart_hmi_rev_bfun fun, void *arg, u32 size, u32 t_size);
 
 // What the host link's callback could not use yet: put in front of its next message. One tail at a time, the last one

@@ -4,17 +4,22 @@
 
 #include <string.h>
 
+#include "drv/zof_loop.h"
 #include "drv/zof_pipo_buff.h"
 #include "hmi/zof_hmi.h"
+#include "hmi/zof_hmi_sync.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_task.h"
 
-enum { FRAME_MIN = 6, QUEUE_MORE = 1024, UI_PERIOD_MS = 5, KEY_CODES = 2 };
+enum { QUEUE_MORE = 1024, UI_PERIOD_MS = 5, KEY_CODES = 2, QUEUE_WAIT_MS = 1000, QUEUE_STEP_MS = 10 };
 
 zof_hmi_cmd_analys_t *sys_cmd_analys;
 zof_hmi_cmd_analys_t *ui_cmd_analys;
 
-static pipo_buff *ui_queue; // made before the link opens, never released
+// Made before the link opens, never released.
+static pipo_buff *ui_queue;
+static zof_sem_t ui_queue_switched; // released when the graphics thread has taken what was in the queue
+static zof_loop_source ui_source;
 
 static void analys_release(zof_hmi_cmd_analys_t *a) {
     void **records[] = {&a->type_param, &a->req_param, &a->value_param, &a->reply_param};
@@ -95,7 +100,8 @@ s32 zof_hmi_cmd_ui_analys_init(const zof_hmi_attr_t *attr) {
         return -1;
     }
     ui_queue = pipo_buff_create((u32)attr->buffsize + QUEUE_MORE, 0);
-    if (!ui_queue) {
+    ui_queue_switched = zof_sem_create(0);
+    if (!ui_queue || !ui_queue_switched) {
         zof_printf("ui_analys pipo fail\n");
         analys_release(a);
         zof_free(a);
@@ -105,7 +111,7 @@ s32 zof_hmi_cmd_ui_analys_init(const zof_hmi_attr_t *attr) {
     if (sys_cmd_analys) {
         sys_cmd_analys->resend_en = attr->resend_en; // not `a`: hosts rely on writes to views and controls being silent
     }
-    zof_task_create(ui_data_task, UI_PERIOD_MS, nullptr);
+    zof_loop_source_add(&ui_source, zof_task_create(ui_data_task, UI_PERIOD_MS, nullptr));
     return 0;
 }
 
@@ -285,6 +291,7 @@ void zof_hmi_cmd_send_data(zof_hmi_cmd_analys_t *analys, u8 op, u32 n) {
 
 void zof_hmi_cmd_ui_data_write(const u8 *data, u32 size) {
     pipo_buff_set_pi(ui_queue, data, size);
+    zof_loop_wake(&ui_source);
 }
 
 void zof_hmi_cmd_ui_data_run(void) {
@@ -292,6 +299,7 @@ void zof_hmi_cmd_ui_data_run(void) {
         return;
     }
     const pipo_half *half = pipo_buff_get_pi_and_switch(ui_queue);
+    zof_sem_release(ui_queue_switched);
     // Only whole checked frames are in the queue, so the walk goes by their real lengths.
     for (u32 i = 0; i < half->len;) {
         const u32 total = zof_hmi_frame_parse(ui_cmd_analys, half->data + i).total;
@@ -300,32 +308,84 @@ void zof_hmi_cmd_ui_data_run(void) {
     }
 }
 
-// Bytes to step on behind a checked frame of `total` bytes; the walk adds one to each step.
+// A host may send faster than the graphics thread draws. The receive thread then waits for room, and the host with it.
+static void queue_room_wait(u32 size) {
+    while (zof_sem_trytake(ui_queue_switched) == 0) {
+    }
+    u32 waited = size <= ui_queue->size ? 0 : QUEUE_WAIT_MS; // never fits
+    while (size > ui_queue->size - pipo_buf_get_pi_len(ui_queue) && waited < QUEUE_WAIT_MS) {
+        waited += zof_sem_take(ui_queue_switched, QUEUE_STEP_MS) == 0 ? 0 : QUEUE_STEP_MS;
+    }
+}
+
+// Executes or queues a checked frame of `total` bytes. Returns the bytes to step on: a frame with an unknown operation
+// is noise.
 static u32 frame_take(const u8 *data, u32 total) {
     if (zof_hmi_cmd_check_cmd(sys_cmd_analys, data)) {
-        return frame_run(sys_cmd_analys, data) >= 0 ? total : 0;
+        return frame_run(sys_cmd_analys, data) >= 0 ? total : 1;
     }
     if (zof_hmi_cmd_check_cmd(ui_cmd_analys, data)) {
+        if (!zof_hmi_sync_on_graphics()) {
+            queue_room_wait(total);
+        }
         zof_hmi_cmd_ui_data_write(data, total);
     }
     return total;
+}
+
+// What waits for its rest; receive thread only.
+static struct {
+    u32 size;      // bytes that were kept as the tail
+    bool silent;   // the line has been silent since they came
+    u32 silent_at; // time of that
+} kept;
+
+static bool can_be_whole(const u8 *data, u32 size) {
+    return size < 4 || zof_hmi_frame_total(data) <= ZOF_HMI_RECEIVE_MAX;
+}
+
+// Takes all frames. Returns how many bytes at the end wait for their rest. A head behind which the line has fallen
+// silent may be noise that happens to look like one; then a whole frame with a right CRC behind it counts, without a
+// CRC nothing can tell.
+static u32 walk(const u8 *data, u32 size, bool silent) {
+    u32 waiting = size;
+    for (u32 i = 0; i < size;) {
+        const s32 r = zof_hmi_cmd_check_data(sys_cmd_analys, data + i, size - i);
+        if (r > 0) {
+            i += frame_take(data + i, (u32)r);
+            waiting = size;
+        } else if (r == ZOF_HMI_CHECK_PART && can_be_whole(data + i, size - i)) {
+            waiting = waiting == size ? i : waiting;
+            i = silent && sys_cmd_analys->crc_en ? i + 1 : size;
+        } else {
+            i++;
+        }
+    }
+    return size - waiting;
+}
+
+// The line has been silent for a second behind a part of a frame: its rest will not come, and what comes now is not it.
+static u32 expired() {
+    const bool old = kept.size && kept.silent && zof_sys_time_ms() - kept.silent_at > ZOF_HMI_KEPT_MS;
+    if (old) {
+        zof_printf("host link: %u bytes of a frame without an end are dropped", kept.size);
+    }
+    return old ? kept.size : 0;
 }
 
 void zof_hmi_recive_data_handle(u8 *data, u32 size, void *) {
     if (!data || size == 0) {
         return;
     }
-    u32 i = 0;
-    while (size >= FRAME_MIN && i <= size - FRAME_MIN) {
-        const s32 r = zof_hmi_cmd_check_data(sys_cmd_analys, data + i, size - i);
-        if (r == -2) {
-            break;
-        }
-        i += r > 0 ? frame_take(data + i, (u32)r) + 1 : 1;
+    const bool silent = size == kept.size; // nothing but the tail: that is how the driver reports a silence
+    const u32 from = silent ? 0 : expired();
+    const u32 rest = walk(data + from, size - from, silent);
+    if (silent && !kept.silent) {
+        kept.silent_at = zof_sys_time_ms();
     }
-    if (i < size) {
-        // The byte in front is a frame's last step too many, or noise; at the very start there is none.
-        const u32 from = i ? i - 1 : 0;
-        zof_hmi_uart_tail_set(data + from, size - from);
+    kept.silent = silent && rest == kept.size;
+    kept.size = rest;
+    if (rest) {
+        zof_hmi_uart_tail_set(data + size - rest, rest);
     }
 }

@@ -12,6 +12,10 @@ ZOF_C_BEGIN
 // As the length byte of a key: the lengths in the rows count.
 enum { ZOF_HMI_KEY_ANY = 255 };
 
+// The longest frame that the link can receive, in bytes; a head that announces more is noise. How long a part of a frame
+// waits for its rest behind a silence.
+enum { ZOF_HMI_RECEIVE_MAX = 4352, ZOF_HMI_KEPT_MS = 1000 };
+
 // Null until their init; they live for the whole run. The first belongs to the receive thread, the second to the
 // graphics thread.
 extern zof_hmi_cmd_analys_t *sys_cmd_analys;
@@ -49,15 +53,18 @@ void zof_hmi_cmd_read_send(zof_hmi_cmd_analys_t *analys, const u8 *type_key, voi
 // Frames the `n` bytes that lie at the analyser's `send_cursor` and sends them.
 void zof_hmi_cmd_send_data(zof_hmi_cmd_analys_t *analys, u8 op, u32 n);
 
-// Appends a checked frame to the graphics thread's queue; any thread. A frame that finds no room is lost, with a line.
+// Appends a checked frame to the graphics thread's queue and wakes that thread; any thread. A frame that finds no room
+// is lost, with a line.
 void zof_hmi_cmd_ui_data_write(const u8 *data, u32 size);
 
 // Executes what is in the queue; graphics thread.
 void zof_hmi_cmd_ui_data_run(void);
 
-// The link's receive callback: `data` is the tail of the last call and what came behind it. Noise is slid over byte by
-// byte. Behind a frame the walk steps on one byte too many: a frame that follows without a silence is lost, unless
-// fewer than 6 bytes of it are there. What is not complete goes back to the link as the next tail, as much as it holds.
+// The link's receive callback: `data` is the tail that the last call kept and what came behind it. Executes or queues
+// every complete frame at once; frames may follow each other without a silence. Noise is slid over byte by byte. A part
+// of a frame at the end goes back to the link as the next tail, and expires when its rest does not come within
+// ZOF_HMI_KEPT_MS of a silence. `data` that is the tail alone means that the line has fallen silent: with a CRC, whole
+// frames behind a head that is not completed are then taken. Waits for room in the queue, a second at most.
 void zof_hmi_recive_data_handle(u8 *data, u32 size, void *arg);
 
 ZOF_C_END

@@ -32,6 +32,6 @@ s32 hmi_ctrl_choose(const void *type_param, s32 ctrl_type, u8 which, s32 (*first
 
 s32 hmi_ctrl_give_text(void *value, const char *text) {
     const bool there = text && text != (const char *)-1;
-    *(const char **)value = there ? text : nullptr;
-    return there ? ZOF_HMI_DONE : ZOF_HMI_FAIL;
+    *(const char **)value = there ? text : "";
+    return ZOF_HMI_DONE;
 }

@@ -22,7 +22,8 @@ s32 hmi_ctrl_refuse(void *reply);
 s32 hmi_ctrl_choose(const void *type_param, s32 ctrl_type, u8 which, s32 (*first)(zof_ctrl_t *),
                     s32 (*second)(zof_ctrl_t *), void *reply);
 
-// Gives a text as the value. One that is not there, the layer's null or its -1 as an address, fails.
+// Returns a text as the value. A text that does not exist, the layer's null or its -1 as an address, is empty: a host
+// that asks waits for an answer.
 s32 hmi_ctrl_give_text(void *value, const char *text);
 
 // Handlers of rows that are one call with one value.

@@ -42,6 +42,10 @@ static u32 head_size(const u8 *data) {
     return data[2] & LONG_FORM ? 4 : 3;
 }
 
+u32 zof_hmi_frame_total(const u8 *data) {
+    return head_size(data) + len_of(data);
+}
+
 static bool crc_right(const u8 *counted, u32 len) {
     const u8 *crc = counted + len - CRC_SIZE;
     return zof_hmi_crc16(counted, len - CRC_SIZE) == (crc[0] << 8 | crc[1]);
@@ -55,7 +59,7 @@ s32 zof_hmi_cmd_check_data(const zof_hmi_cmd_analys_t *analys, const u8 *data, u
         return -1;
     }
     if (size < 4) {
-        return -2;
+        return ZOF_HMI_CHECK_PART;
     }
     const u32 len = len_of(data);
     if (len < LEN_MIN) {
@@ -63,7 +67,7 @@ s32 zof_hmi_cmd_check_data(const zof_hmi_cmd_analys_t *analys, const u8 *data, u
     }
     const u32 total = head_size(data) + len;
     if (size < total) {
-        return -2;
+        return ZOF_HMI_CHECK_PART;
     }
     if (analys->crc_en && !crc_right(data + head_size(data), len)) {
         return -3;

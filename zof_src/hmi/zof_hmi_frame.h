@@ -36,9 +36,13 @@ typedef struct {
 // CRC-16: polynomial 0x1021, from 0, bit 15 first. 0 for null.
 u16 zof_hmi_crc16(const u8 *data, u32 size);
 
-// Looks at one frame at `data`. The whole frame's length; 0 without analyser or data; -1 for a wrong head; -2 when
-// `size` bytes are not all of it; -3 for a wrong CRC, or a length that has no room for a command.
+// Looks at one frame at `data`. The whole frame's length; 0 without analyser or data; -1 for a wrong head;
+// ZOF_HMI_CHECK_PART when `size` bytes are not all of it; -3 for a wrong CRC, or a length that has no room for a command.
+enum { ZOF_HMI_CHECK_PART = -2 };
 s32 zof_hmi_cmd_check_data(const zof_hmi_cmd_analys_t *analys, const u8 *data, u32 size);
+
+// The length of the whole frame whose first four bytes are at `data`.
+u32 zof_hmi_frame_total(const u8 *data);
 
 // Takes a frame apart that has been checked with this analyser.
 zof_hmi_frame_t zof_hmi_frame_parse(const zof_hmi_cmd_analys_t *analys, const u8 *data);

@@ -12,7 +12,7 @@
 
 #define HMI_FILE "config/project/zofhmi.g"
 
-enum { RECEIVE_SIZE = 4096, TAIL_SIZE = 256 };
+enum { RECEIVE_SIZE = 4096 };
 
 static zof_hmi_attr_t *g_hmi_attr; // null until the file was read
 static std::atomic<zof_drv_t *> hmi_drv_uart;
@@ -55,7 +55,7 @@ s32 zof_hmi_uart_init(void) {
         return 0;
     }
     zof_drv_uart_rev_set_timeout(line, g_hmi_attr->timeout);
-    zof_drv_uart_hmi_rev_set_bfun(line, zof_hmi_recive_data_handle, nullptr, RECEIVE_SIZE, TAIL_SIZE);
+    zof_drv_uart_hmi_rev_set_bfun(line, zof_hmi_recive_data_handle, nullptr, RECEIVE_SIZE, ZOF_HMI_RECEIVE_MAX);
     zof_hmi_cmd_power_on_send();
     return 0;
 }

@@ -6,13 +6,14 @@
 #include <mutex>
 #include <thread>
 
+#include "drv/zof_loop.h"
 #include "func/zof_func_stdby.h"
 #include "hmi/zof_hmi_tone.h"
 #include "project/zof_prj.h"
 #include "project/zof_ver.h"
 #include "zof_lib/zof_task.h"
 
-enum { PERIOD_MS = 5, WAIT_S = 5 };
+enum { PERIOD_MS = 5, WAIT_S = 5 }; // the period matters only while a loop without sources turns
 enum { DO_TONE = 1, DO_TH_EN = 2, DO_STANDBY = 4, DO_CALL = 8 };
 
 // What waits for the graphics thread; `todo` says which of it is valid.
@@ -38,6 +39,7 @@ struct shared_t {
 
 // Never destroyed: the receive thread may wait in it when the process ends.
 static shared_t &shared = *new shared_t{};
+static zof_loop_source source = {.settle = zof_hmi_sync_refresh};
 
 static zof_prj_attr_t *record() {
     zof_prj_t *prj = zof_prj_get_cur();
@@ -119,7 +121,6 @@ static void sync_task(zof_task_t *) {
 }
 
 s32 zof_hmi_sync_init(void) {
-    static bool made;
     {
         std::lock_guard guard(shared.lock);
         shared.graphics = std::this_thread::get_id();
@@ -128,8 +129,10 @@ s32 zof_hmi_sync_init(void) {
         shared.seen.version[ZOF_HMI_VERSION_FW] = zof_fw_get_version();
     }
     zof_hmi_sync_refresh();
-    made = made || zof_task_create(sync_task, PERIOD_MS, nullptr);
-    return made ? 0 : -1;
+    if (!source.timer) {
+        zof_loop_source_add(&source, zof_task_create(sync_task, PERIOD_MS, nullptr));
+    }
+    return source.timer ? 0 : -1;
 }
 
 zof_hmi_seen_t zof_hmi_sync_seen(void) {
@@ -137,18 +140,24 @@ zof_hmi_seen_t zof_hmi_sync_seen(void) {
     return shared.seen;
 }
 
+// Under the lock.
+static void leave(u32 what) {
+    shared.left.todo |= what;
+    zof_loop_wake(&source);
+}
+
 void zof_hmi_sync_tone(u8 count, u16 pause, u16 tone) {
     std::lock_guard guard(shared.lock);
     shared.left.count = count;
     shared.left.pause = pause;
     shared.left.tone = tone;
-    shared.left.todo |= DO_TONE;
+    leave(DO_TONE);
 }
 
 void zof_hmi_sync_th_en(u8 flags) {
     std::lock_guard guard(shared.lock);
     shared.left.th_en = shared.seen.th_en = flags;
-    shared.left.todo |= DO_TH_EN;
+    leave(DO_TH_EN);
 }
 
 void zof_hmi_sync_standby(const zof_func_standby_t *times) {
@@ -157,14 +166,18 @@ void zof_hmi_sync_standby(const zof_func_standby_t *times) {
     }
     std::lock_guard guard(shared.lock);
     shared.left.standby = shared.seen.standby = *times;
-    shared.left.todo |= DO_STANDBY;
+    leave(DO_STANDBY);
+}
+
+zof_bool zof_hmi_sync_on_graphics(void) {
+    return std::this_thread::get_id() == shared.graphics ? ZOF_TRUE : ZOF_FALSE;
 }
 
 s32 zof_hmi_sync_call(s32 (*fn)(void *arg), void *arg) {
     if (!fn) {
         return -1;
     }
-    if (std::this_thread::get_id() == shared.graphics) { // it would wait for itself
+    if (zof_hmi_sync_on_graphics()) { // it would wait for itself
         const s32 result = fn(arg);
         zof_hmi_sync_refresh();
         return result;
@@ -172,7 +185,7 @@ s32 zof_hmi_sync_call(s32 (*fn)(void *arg), void *arg) {
     std::unique_lock guard(shared.lock);
     shared.left.call = fn;
     shared.left.arg = arg;
-    shared.left.todo |= DO_CALL;
+    leave(DO_CALL);
     const auto waits = [] { return !(shared.left.todo & DO_CALL); };
     const auto done = [] { return !(shared.left.todo & DO_CALL) && !shared.calling; };
     if (!shared.finished.wait_for(guard, std::chrono::seconds(WAIT_S), done) && !waits()) {

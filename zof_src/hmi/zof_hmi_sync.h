@@ -21,10 +21,11 @@ typedef struct {
     const char *version[ZOF_HMI_VERSION_COUNT]; // as they were when the link was opened; null for none
 } zof_hmi_seen_t;
 
-// Main thread, before the link opens: makes the copy and the task that keeps it fresh, every 5 ms. 0 or -1.
+// Main thread, before the link opens: makes the copy and the task that keeps it fresh, at the end of every turn of the
+// main loop. 0 or -1.
 s32 zof_hmi_sync_init(void);
 
-// Makes the copy anew, now; graphics thread.
+// Makes a fresh copy now; graphics thread.
 void zof_hmi_sync_refresh(void);
 
 // Any thread, at once: the copy, changed by what was left to the graphics thread and is not done yet.
@@ -39,6 +40,9 @@ void zof_hmi_sync_standby(const zof_func_standby_t *times);
 // when the graphics thread has not begun with it in five seconds; it is then not done at all. The graphics thread
 // itself calls it at once.
 s32 zof_hmi_sync_call(s32 (*fn)(void *arg), void *arg);
+
+// True on the thread that called zof_hmi_sync_init, and before that on none.
+zof_bool zof_hmi_sync_on_graphics(void);
 
 ZOF_C_END
 

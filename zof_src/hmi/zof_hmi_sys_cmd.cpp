@@ -22,8 +22,8 @@ static s32 version_get(void *, void *req, void *value) {
     const u8 selector = *(u8 *)req;
     const zof_hmi_seen_t seen = zof_hmi_sync_seen();
     const char *text = selector < ZOF_HMI_VERSION_COUNT ? seen.version[selector] : nullptr;
-    *(const char **)value = text;
-    return text ? ZOF_HMI_DONE : ZOF_HMI_FAIL;
+    *(const char **)value = text ? text : "";
+    return ZOF_HMI_DONE;
 }
 
 static s32 reboot_get(void *, void *, void *value) {

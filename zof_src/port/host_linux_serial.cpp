@@ -1,6 +1,7 @@
-// Linux serial lines over termios2, so that any rate can be set, not only those with a constant. One lock guards the
-// descriptor: the reader thread takes it only to swap the descriptor of a device that went away and came back, never
-// while it opens or closes one, because senders wait for it with the graphics lock in hand.
+// Linux serial lines over termios2, so that any rate can be set, not only those with a constant. A device that is
+// missing, at the start or later, is looked for by the reader thread. One lock guards the descriptor: the reader takes
+// it only to swap the descriptor, never while it opens or closes one, because senders wait for it with the graphics lock
+// in hand.
 #include <asm/termbits.h>
 #include <errno.h>
 #include <fcntl.h>
@@ -11,6 +12,7 @@
 #include <sys/eventfd.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -21,16 +23,20 @@
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
-enum { RETRY_MS = 100, SEND_WAIT_MS = 50, CHOKED_MS = 1000 };
+enum { RETRY_MS = 100, MISSING_RETRY_MS = 1000, SEND_WAIT_MS = 50, CHOKED_MS = 1000 };
+enum { BITS_PER_BYTE = 12 }; // start, data, parity, two stop bits
 
 struct zof_host_serial {
     std::mutex lock;        // guards fd, line, choked and patience
     std::atomic<int> users; // the owner, and each thread inside receive; the last one out releases it
     int fd;                 // -1 while the device is away
     int wake;               // readable once the line is closed
+    s32 port;               // its number, for messages
+    bool seen;              // the device has been open; reader thread, after the start
     bool choked;            // the far end does not read: no waiting until it does
     u64 patience;           // nor before this time
     zof_host_line_t line;
+    struct stat name; // what stood under `path` when it was last opened: a link, or the device
     char path[256];
 };
 
@@ -67,8 +73,9 @@ static bool line_apply(int fd, const zof_host_line_t *line) {
     return ioctl(fd, TCSETS2, &t) == 0;
 }
 
-// Opens, locks and sets the device; -1 with errno told through `why`.
-static int device_open(const char *path, const zof_host_line_t *line, const char **why) {
+// Opens, locks and sets the device. -1 with the reason in `why`; `lasting` is then true for what is no serial line.
+static int device_open(const char *path, const zof_host_line_t *line, const char **why, bool *lasting) {
+    *lasting = false;
     const int fd = open(path, O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0) {
         *why = errno == EACCES ? "no permission; is this user in the group that owns it (often dialout)?"
@@ -78,7 +85,8 @@ static int device_open(const char *path, const zof_host_line_t *line, const char
     if (flock(fd, LOCK_EX | LOCK_NB) != 0) {
         *why = "another program has it";
     } else if (!line_apply(fd, line)) {
-        *why = errno == ENOTTY ? "it is no serial line" : strerror(errno);
+        *lasting = errno == ENOTTY;
+        *why = *lasting ? "it is no serial line" : strerror(errno);
     } else {
         // No TIOCEXCL: a pseudo-terminal that its far end keeps open would stay locked after this process has ended.
         ioctl(fd, TCFLSH, TCIOFLUSH);
@@ -86,6 +94,28 @@ static int device_open(const char *path, const zof_host_line_t *line, const char
     }
     close(fd);
     return -1;
+}
+
+static void name_keep(zof_host_serial_t *s) {
+    if (lstat(s->path, &s->name) != 0) {
+        s->name = {};
+    }
+}
+
+// The number of a pseudo-terminal that has ended goes to the next one that is opened, perhaps somebody's shell. So it
+// is taken again only through a link that has been made since.
+static bool may_reopen(const zof_host_serial_t *s) {
+    char *real = realpath(s->path, nullptr);
+    const bool pseudo = real && strncmp(real, "/dev/pts/", 9) == 0;
+    free(real);
+    struct stat now;
+    if (!pseudo || lstat(s->path, &now) != 0) {
+        return true; // a device of its own, or there is none to open
+    }
+    const timespec &then = s->name.st_ctim;
+    const bool same = now.st_ino == s->name.st_ino && now.st_dev == s->name.st_dev &&
+                      now.st_ctim.tv_sec == then.tv_sec && now.st_ctim.tv_nsec == then.tv_nsec;
+    return S_ISLNK(now.st_mode) && !same;
 }
 
 static void line_release(zof_host_serial_t *s) {
@@ -101,6 +131,28 @@ static void line_release(zof_host_serial_t *s) {
     delete s;
 }
 
+static void opened_log(const zof_host_serial_t *s) {
+    zof_printf("serial port %d: %s at %u baud, %u%c%u", s->port, s->path, s->line.baud, s->line.data_bits,
+               "NOE"[s->line.parity], s->line.stop_bits);
+}
+
+// A device that is missing or busy is waited for; a file that is no serial line is not.
+static bool first_open(zof_host_serial_t *s) {
+    const char *why = "its name is too long";
+    bool lasting = true;
+    if (port_path(s->port, s->path, sizeof(s->path))) {
+        s->fd = device_open(s->path, &s->line, &why, &lasting);
+    }
+    name_keep(s);
+    if (s->fd >= 0) {
+        s->seen = true;
+        opened_log(s);
+        return true;
+    }
+    zof_printf("serial port %d: cannot open %s: %s%s", s->port, s->path, why, lasting ? "" : "; looking for it");
+    return !lasting;
+}
+
 zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
     auto *s = new (std::nothrow) zof_host_serial_t{};
     if (!s) {
@@ -108,23 +160,16 @@ zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
     }
     s->users = 1;
     s->fd = -1;
-    s->wake = -1;
+    s->port = port;
     s->line = *line;
-    const char *why = "its name is too long";
-    if (port_path(port, s->path, sizeof(s->path))) {
-        s->fd = device_open(s->path, line, &why);
-    }
-    if (s->fd >= 0) {
-        s->wake = eventfd(0, EFD_CLOEXEC);
-        why = strerror(errno);
-    }
+    s->wake = eventfd(0, EFD_CLOEXEC);
     if (s->wake < 0) {
-        zof_printf("serial port %d: cannot open %s: %s", port, s->path, why);
+        zof_printf("serial port %d: %s", port, strerror(errno));
+    }
+    if (s->wake < 0 || !first_open(s)) {
         line_release(s);
         return nullptr;
     }
-    zof_printf("serial port %d: %s at %u baud, %u%c%u", port, s->path, line->baud, line->data_bits, "NOE"[line->parity],
-               line -> stop_bits);
     return s;
 }
 
@@ -145,37 +190,44 @@ static bool room_wait(const zof_host_serial_t *s, u64 deadline) {
     return now < deadline && poll(&p, 1, (int)(deadline - now)) > 0 && (p.revents & POLLOUT);
 }
 
-// The caller holds the graphics lock, so a far end that does not read may cost SEND_WAIT_MS once and nothing after, and
-// one that reads drop by drop the same once in CHOKED_MS. Of a device that is gone the reader tells.
-s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size) {
-    std::lock_guard guard(s->lock);
+// Writes what the line takes. The wait begins again with every byte that goes out, as long as the line is no slower than
+// its rate. Returns the bytes written; `full` is true when the line took no more in time.
+static u32 line_write(const zof_host_serial_t *s, const u8 *data, u32 size, bool patient, bool *full) {
     const u64 start = host_monotonic_ms();
-    const bool patient = !s->choked && start >= s->patience;
+    const u64 needed = (u64)size * BITS_PER_BYTE * 1000 / (s->line.baud ? s->line.baud : 1);
+    u64 last = start;
     u32 sent = 0;
     while (s->fd >= 0 && sent < size) {
         const ssize_t n = write(s->fd, data + sent, size - sent);
         if (n > 0) {
             sent += (u32)n;
+            last = host_monotonic_ms();
         } else if (n < 0 && errno == EAGAIN) {
-            if (patient && room_wait(s, start + SEND_WAIT_MS)) {
-                continue;
+            *full = !patient || !room_wait(s, (last < start + needed ? last : start + needed) + SEND_WAIT_MS);
+            if (*full) {
+                break;
             }
-            if (patient) {
-                zof_printf("serial line %s: the far end does not read; %u of %u bytes are lost", s->path, size - sent,
-                           size);
-                s->patience = start + CHOKED_MS;
-            }
-            s->choked = true;
-            return -1;
         } else if (n == 0 || errno != EINTR) {
-            return -1;
+            break;
         }
     }
-    if (sent < size) {
-        return -1;
+    return sent;
+}
+
+// The caller holds the graphics lock, so a far end that does not read may cost SEND_WAIT_MS once and nothing after, and
+// one that reads drop by drop the same once in CHOKED_MS. A device that is gone is reported by the reader.
+s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size) {
+    std::lock_guard guard(s->lock);
+    const u64 start = host_monotonic_ms();
+    const bool patient = !s->choked && start >= s->patience;
+    bool full = false;
+    const u32 sent = line_write(s, data, size, patient, &full);
+    if (full && patient) {
+        zof_printf("serial line %s: it takes no more bytes; %u of %u are lost", s->path, size - sent, size);
+        s->patience = start + CHOKED_MS;
     }
-    s->choked = false;
-    return (s32)size;
+    s->choked = full;
+    return sent == size ? (s32)size : -1;
 }
 
 static bool closing(zof_host_serial_t *s, int wait_ms) {
@@ -199,21 +251,36 @@ static zof_host_line_t line_now(zof_host_serial_t *s) {
     return s->line;
 }
 
-// Blocks until the device is there again; false when the line is closed meanwhile.
+// Reader thread. Takes the device if it is there.
+static bool device_look(zof_host_serial_t *s) {
+    const char *why;
+    bool lasting;
+    const zof_host_line_t line = line_now(s);
+    const int fd = may_reopen(s) ? device_open(s->path, &line, &why, &lasting) : -1;
+    if (fd < 0) {
+        return false;
+    }
+    name_keep(s);
+    {
+        std::lock_guard guard(s->lock);
+        line_apply(fd, &s->line); // it may have been changed meanwhile
+        s->fd = fd;
+        s->choked = false;
+        s->patience = 0;
+    }
+    if (s->seen) {
+        zof_printf("serial line %s: the device is back", s->path);
+    } else {
+        opened_log(s);
+    }
+    s->seen = true;
+    return true;
+}
+
+// Blocks until the device is there; false when the line is closed meanwhile.
 static bool device_wait(zof_host_serial_t *s) {
-    while (!closing(s, RETRY_MS)) {
-        const char *why;
-        const zof_host_line_t line = line_now(s);
-        const int fd = device_open(s->path, &line, &why);
-        if (fd >= 0) {
-            {
-                std::lock_guard guard(s->lock);
-                line_apply(fd, &s->line); // it may have been changed meanwhile
-                s->fd = fd;
-                s->choked = false;
-                s->patience = 0;
-            }
-            zof_printf("serial line %s: the device is back", s->path);
+    while (!closing(s, s->seen ? RETRY_MS : MISSING_RETRY_MS)) {
+        if (device_look(s)) {
             return true;
         }
     }

@@ -11,7 +11,9 @@
 #include "drv/zof_drv_gpio.h"
 #include "drv/zof_drv_touch.h"
 #include "drv/zof_drv_up.h"
+#include "drv/zof_loop.h"
 #include "port/zof_host.h"
+#include "port/win_loop.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -158,7 +160,9 @@ void sdl_init(void) {
     if (monitor.window) {
         SDL_StartTextInput();
     }
-    lv_timer_create(sdl_event_handler, EVENT_PERIOD_MS, nullptr);
+    static zof_loop_source events;
+    zof_loop_source_add(&events, lv_timer_create(sdl_event_handler, EVENT_PERIOD_MS, nullptr));
+    win_loop_init();
 }
 
 static void window_update() {
@@ -213,6 +217,8 @@ void zof_win_set_dis_bright(u8 level) {
     bright_wanted = (u8)(level * 255 / 100);
     if (SDL_ThreadID() == monitor.thread) {
         bright_apply();
+    } else {
+        zof_loop_wake(nullptr);
     }
 }
 
@@ -307,10 +313,12 @@ static void event_take(const SDL_Event *event) {
     }
 }
 
-void sdl_event_handler(lv_timer_t *) {
+bool sdl_events_take() {
+    bool user = false;
     SDL_Event event;
     while (SDL_PollEvent(&event)) {
         event_take(&event);
+        user = user || event.type < SDL_USEREVENT;
     }
     bright_apply();
     if (sdl_quit_qry) {
@@ -319,6 +327,11 @@ void sdl_event_handler(lv_timer_t *) {
         SDL_Quit();
         exit(0);
     }
+    return user;
+}
+
+void sdl_event_handler(lv_timer_t *) {
+    sdl_events_take();
 }
 
 void sdl_mouse_read(lv_indev_drv_t *, lv_indev_data_t *data) {

@@ -4,6 +4,7 @@
 #include <atomic>
 
 #include "drv/zof_drv.h"
+#include "drv/zof_loop.h"
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -19,6 +20,8 @@ struct zof_dir {
     zof_host_dir_t *host;
 };
 
+static std::atomic<int> mutex_waiters;
+
 zof_mutex_t zof_mutex_create(void) {
     return SDL_CreateMutex(); // SDL's are recursive
 }
@@ -28,11 +31,25 @@ void zof_mutex_destory(zof_mutex_t m) {
 }
 
 s32 zof_mutex_lock(zof_mutex_t m) {
-    return SDL_LockMutex((SDL_mutex *)m);
+    if (SDL_TryLockMutex((SDL_mutex *)m) == 0) {
+        return 0;
+    }
+    mutex_waiters++;
+    const s32 result = SDL_LockMutex((SDL_mutex *)m);
+    mutex_waiters--;
+    return result;
 }
 
 s32 zof_mutex_unlock(zof_mutex_t m) {
-    return SDL_UnlockMutex((SDL_mutex *)m);
+    const s32 result = SDL_UnlockMutex((SDL_mutex *)m);
+    if (m && m == dis_mutex) {
+        zof_loop_unlocked(); // what was changed under the lock may need a turn of the loop
+    }
+    return result;
+}
+
+zof_bool zof_mutex_contended(void) {
+    return mutex_waiters > 0 ? ZOF_TRUE : ZOF_FALSE;
 }
 
 zof_sem_t zof_sem_create(u32 initial) {

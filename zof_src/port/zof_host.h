@@ -63,7 +63,9 @@ void zof_host_screen_size(s32 *w, s32 *h);             // the desktop's size in 
 
 // Serial line. Port P is the path in the environment variable ZOF_COM<P>, else the system's own name for it; one line
 // says which path was opened, or which failed and why. A line that is opened is locked against other programs. A device
-// that goes away is said once and taken up again when it returns; until then sends give -1 and receive waits.
+// that is missing or busy at the start is looked for every second, one that goes away ten times a second; both are
+// logged once. Until it is there sends return -1 and receive waits. A pseudo-terminal that has ended is never opened
+// again by its number.
 typedef struct {
     u32 baud;     // any rate; what the device cannot do it rounds or refuses
     u8 data_bits; // 7, 8
@@ -71,12 +73,12 @@ typedef struct {
     u8 stop_bits; // 1, 2
 } zof_host_line_t;
 typedef struct zof_host_serial zof_host_serial_t;
-// Null, with its line, when it cannot be opened. Released by close.
+// Null, with its line, for a name that is too long and a file that is no serial line. Released by close.
 zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line);
 // Any thread. 0, or -1 and the line is as it was.
 s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line);
-// Any thread. `size`, or -1: no device, or no room for all of it. Waits 50 ms for room at most, and not again while the
-// far end does not read.
+// Any thread. `size`, or -1: no device, or no room for all of it. Waits for room as long as the line takes bytes at its
+// rate, 50 ms behind the last one at most, and not at all while the far end does not read.
 s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size);
 // One thread. Waits for at least one byte and gives what there is, up to `size`; 0 when the line is closed.
 s32 zof_host_serial_receive(zof_host_serial_t *s, u8 *buffer, u32 size);

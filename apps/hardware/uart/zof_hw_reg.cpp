@@ -87,6 +87,30 @@ static void auto_arm(u16 value) {
     }
 }
 
+static struct {
+    bool running, commit;
+} delivery;
+
+static void commit(u16) {
+    if (delivery.running) {
+        delivery.commit = true;
+    } else {
+        rail_commit();
+    }
+}
+
+void zof_reg_delivery_begin(void) {
+    delivery = {.running = true, .commit = false};
+}
+
+void zof_reg_delivery_end(void) {
+    const bool wanted = delivery.commit;
+    delivery = {};
+    if (wanted) {
+        rail_commit();
+    }
+}
+
 static constexpr struct {
     u16 addr;
     void (*write)(u16 value);
@@ -101,7 +125,7 @@ static constexpr struct {
     {REG_BRIGHT, bright},
     {REG_BOOT_STATE, boot_state},
     {REG_AUTO_ARM, auto_arm},
-    {REG_RAIL_COMMIT, [](u16) { rail_commit(); }},
+    {REG_RAIL_COMMIT, commit},
 };
 
 // The link passes one word at a time, so a whole row comes only from a caller that has it in hand.

@@ -4,15 +4,15 @@
 
 #include "hardware/uart/zof_hw_uart.h"
 
-enum { RX_SIZE = 1024, FRAME_MIN = 6, REPORT_WORDS_MAX = 125, REPORT_SIZE = 257 };
-enum { WORDS_MAX = 255 }; // of one write frame
+enum { RX_SIZE = 2048, FRAME_MIN = 6, REPORT_WORDS_MAX = 125, REPORT_SIZE = 257 };
+enum { ADDR_BYTES = 3, WORDS_MAX = (255 - ADDR_BYTES) / 2 }; // of one write frame: its length byte counts them
+enum { KEPT_MS = 1000 };
 
 // The image, with room for a burst that starts at the last address that passes.
 static u16 ctrlreg[(u32)REG_MAX + WORDS_MAX + 1];
 
-// Bytes kept from earlier chunks, then the joined data while it is analysed. Behind it lie zeros for a frame that asks
-// for more words than it holds.
-static u8 RX_HAND_BUF[RX_SIZE + 6 + 2 * WORDS_MAX];
+// Bytes kept from earlier messages, then the joined data while it is analysed: as much as the driver delivers at once.
+static u8 RX_HAND_BUF[RX_SIZE + FRAME_MIN];
 
 zof_drv_t *drv_uart;
 
@@ -76,6 +76,11 @@ static s32 zof_reg_s_set(u16 addr, const u8 *data, u8 len) {
     return 0;
 }
 
+// The words that a write frame really holds.
+static u8 words_in(u8 len) {
+    return len > ADDR_BYTES ? (u8)((len - ADDR_BYTES) / 2) : 0;
+}
+
 s32 zof_comm_handle(u8 *data) {
     if (!data) {
         return -1;
@@ -85,27 +90,34 @@ s32 zof_comm_handle(u8 *data) {
         return -1;
     }
     if (data[3] == REG_CMD_WRITE) {
-        return zof_reg_s_set(addr, data + 6, (u8)((data[2] - 3) >> 1));
+        return zof_reg_s_set(addr, data + 6, words_in(data[2]));
     }
-    if (data[3] == REG_CMD_READ) {
+    if (data[3] == REG_CMD_READ && data[2] > ADDR_BYTES) {
         zof_reg_com_send(addr, data[6]);
     }
     return 0;
 }
 
 // A frame that is not complete is walked over byte by byte, and only what is left behind the walk is kept: the driver
-// delivers whole bursts, so a frame cut later than its fifth byte is a broken one.
+// delivers whole bursts, so a frame cut later than its fifth byte is a broken one. What a message leaves is not joined
+// with one that comes a second later: it would be another frame's.
 void recive_data_handle(u8 *databuf, u32 datalen) {
-    static u16 last_data_num; // bytes kept from the last chunk
+    static u16 last_data_num; // bytes kept from the last message
+    static u32 last_ms;       // time of the last message
     if (!databuf) {
         return;
     }
-    const u32 room = RX_SIZE - last_data_num;
+    const u32 now = zof_sys_time_ms();
+    if (now - last_ms > KEPT_MS) {
+        last_data_num = 0;
+    }
+    last_ms = now;
+    const u32 room = (u32)sizeof(RX_HAND_BUF) - last_data_num;
     const u32 fresh = datalen > room ? room : datalen;
     memcpy(RX_HAND_BUF + last_data_num, databuf, fresh);
     const u16 n = (u16)(last_data_num + fresh);
-    memset(RX_HAND_BUF + n, 0, sizeof(RX_HAND_BUF) - n);
     u16 i = 0;
+    zof_reg_delivery_begin();
     while (n >= FRAME_MIN && i <= n - FRAME_MIN) {
         u8 *frame = RX_HAND_BUF + i;
         if (frame[0] == REG_HEAD0 && frame[1] == REG_HEAD1 && frame[2] <= n - i - 3 && zof_comm_handle(frame) == 0) {
@@ -115,4 +127,5 @@ void recive_data_handle(u8 *databuf, u32 datalen) {
     }
     last_data_num = i < n ? (u16)(n - i) : 0;
     memmove(RX_HAND_BUF, RX_HAND_BUF + i, last_data_num);
+    zof_reg_delivery_end();
 }

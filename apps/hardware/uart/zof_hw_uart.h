@@ -31,9 +31,13 @@ s32 zof_reg_com_send(u16 addr, u16 len);
 // The program's usual way to hand over one value: into the image first, the report takes it from there.
 s32 zof_reg_report(u16 addr, u16 value);
 void recive_data_handle(u8 *databuf, u32 datalen);
-// `data` holds a frame and at least 510 readable bytes behind its sixth: a LEN below 3 asks for words it does not hold.
+// `data` holds a whole frame, and at least 6 bytes.
 s32 zof_comm_handle(u8 *data);
 void zof_reg_set_user(u16 addr, u16 *data, u8 datalen);
+// Around what the line delivers at once: between the two, a commit of the rails is kept, and the list is rebuilt at the
+// end, once. Otherwise a kilobyte of commits would hold the panel for seconds.
+void zof_reg_delivery_begin(void);
+void zof_reg_delivery_end(void);
 
 // Rebuilds the list of rails from the image; what the board's commit does.
 void rail_commit(void);

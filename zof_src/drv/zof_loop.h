@@ -1,0 +1,43 @@
+// The main loop's sleep. The loop sleeps until its next timer is due. Timers that only look whether something has come
+// (events of the window, frames of a host) are sources: while nothing comes they do not keep the loop awake; whoever
+// brings something wakes it. Internal: C++ only.
+#ifndef ZOF_LOOP_H
+#define ZOF_LOOP_H
+
+#include <atomic>
+
+#include "lvgl.h"
+#include "zof_lib/zof_type.h"
+
+// One source. It lives to the end of the process.
+struct zof_loop_source {
+    lv_timer_t *timer;
+    std::atomic<bool> due; // run the timer at the next turn, whatever is left of its period
+    void (*settle)();      // runs at the end of every turn; may be null
+};
+
+// What a port supplies; null members and a null table are allowed. Without a wait the loop sleeps 5 ms at most.
+struct zof_loop_ops_t {
+    bool (*input)();      // graphics thread: takes the window's pending events; true if a user has done something
+    void (*wait)(u32 ms); // graphics thread, no lock held: returns after `ms`, at an event of the window, or at a wake
+    void (*wake)();       // any thread, never waits: ends the wait, or the next one if there is none
+};
+extern const zof_loop_ops_t *drv_loop_t; // set once, before the loop starts
+
+// Graphics thread. `timer` may still be null for a source that has not started. At most 8 sources.
+void zof_loop_source_add(zof_loop_source *source, lv_timer_t *timer);
+
+// Any thread, never waits: the source's timer runs at the loop's next turn, which begins at once. Null: the turn only,
+// for a thread that has changed something under dis_mutex.
+void zof_loop_wake(zof_loop_source *source);
+
+// For the port's unlock of dis_mutex: wakes the loop unless the graphics thread itself has unlocked.
+void zof_loop_unlocked();
+
+// Graphics thread, under dis_mutex: one turn. Returns the milliseconds until the next one is needed, 500 at most.
+u32 zof_loop_turn();
+
+// Graphics thread, no lock held. Leaves other threads time to take dis_mutex if one waits for it.
+void zof_loop_wait(u32 ms);
+
+#endif
