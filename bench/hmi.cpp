@@ -1,10 +1,16 @@
 // The host protocol: frames through the receive handler and the codec, against a copy and a CRC of the same bytes,
 // which no receiver could do without; and a write of a control from the line to the picture, against the same call made
 // here.
-#include <cstring>
+#include <poll.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <cstring>
+#include <thread>
+
 #include "bench_ids.h"
+#include "drv/zof_lock.h"
+#include "drv/zof_loop_in.h"
 #include "hmi/zof_hmi_analys.h"
 #include "measure.h"
 #include "port/zof_host.h"
@@ -14,6 +20,7 @@
 
 static constexpr int FRAMES = 20000;
 static constexpr int WRITES = 40;
+static constexpr int READS = 5000;
 
 static bytes sealed(const bytes &counted) {
     const bool crc = zof_hmi_attr_get()->crc_en;
@@ -64,12 +71,16 @@ static void frames_row(const char *what, const bytes &frame) {
         what, frame.size(), ours * 1000 / FRAMES, FRAMES * 1000.0 / ours, least * 1000 / FRAMES, ours / least);
 }
 
-// One turn of the program's loop, with its pause.
-static void turn() {
-    zof_mutex_lock(dis_mutex);
-    lv_timer_handler();
-    zof_mutex_unlock(dis_mutex);
-    usleep(1000);
+static u32 turn() {
+    zof_lock gui(dis_mutex);
+    return zof_loop_turn();
+}
+
+// The program's own loop, until it is over.
+static void loop_run(const std::function<bool()> &over) {
+    for (u32 sleep_ms = turn(); !over(); sleep_ms = turn()) {
+        zof_loop_wait(sleep_ms);
+    }
 }
 
 static std::vector<u32> picture() {
@@ -79,24 +90,71 @@ static std::vector<u32> picture() {
     return {frame, frame + (size_t)w * (size_t)h};
 }
 
-// Milliseconds from `start` to another picture; the picture is at rest before.
-static double until_seen(const std::function<void()> &start) {
-    const auto rest = std::chrono::steady_clock::now() + std::chrono::milliseconds(120);
-    while (std::chrono::steady_clock::now() < rest) {
-        turn();
-    }
-    const std::vector<u32> before = picture();
-    const auto begin = std::chrono::steady_clock::now();
-    start();
-    while (picture() == before) {
-        turn();
-    }
+static double ms_since(std::chrono::steady_clock::time_point begin) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
+}
+
+// Milliseconds from a host's write to the picture, with the loop asleep when it comes.
+static double write_to_picture(int fd, const bytes &frame) {
+    const auto rest = std::chrono::steady_clock::now() + std::chrono::milliseconds(60);
+    loop_run([=] { return std::chrono::steady_clock::now() > rest; });
+    const std::vector<u32> before = picture();
+    std::chrono::steady_clock::time_point begin;
+    std::thread host([&] {
+        usleep(5000);
+        begin = std::chrono::steady_clock::now();
+        (void)!write(fd, frame.data(), frame.size());
+    });
+    std::chrono::steady_clock::time_point end;
+    loop_run([&] {
+        end = std::chrono::steady_clock::now();
+        return picture() != before;
+    });
+    host.join();
+    return std::chrono::duration<double, std::milli>(end - begin).count();
+}
+
+// The limit: the same text set and drawn at once, by a loop that does nothing else.
+static double draw_at_once(lv_obj_t *label, const std::string &text) {
+    const auto begin = std::chrono::steady_clock::now();
+    lv_label_set_text(label, text.c_str());
+    lv_refr_now(nullptr);
+    return ms_since(begin);
 }
 
 static double middle(std::vector<double> all) {
     std::nth_element(all.begin(), all.begin() + (long)all.size() / 2, all.end());
     return all[all.size() / 2];
+}
+
+// Round trips a second of a host that asks again as soon as it is answered, while the loop turns here.
+static double reads_a_second(int fd, const bytes &request, size_t answer_size) {
+    std::atomic<bool> over{false};
+    double took = 0;
+    std::thread host([&] {
+        const auto begin = std::chrono::steady_clock::now();
+        bytes answer(answer_size);
+        for (int i = 0; i < READS; i++) {
+            (void)!write(fd, request.data(), request.size());
+            for (size_t have = 0; have < answer_size;) {
+                pollfd p = {fd, POLLIN, 0};
+                poll(&p, 1, 1000);
+                const ssize_t n = read(fd, answer.data(), answer_size - have);
+                have += n > 0 ? (size_t)n : 0;
+            }
+        }
+        took = ms_since(begin);
+        over = true;
+        zof_loop_wake(nullptr);
+    });
+    loop_run([&] { return over.load(); });
+    host.join();
+    return READS * 1000.0 / took;
+}
+
+static void reads_row(int fd, const char *what, const bytes &request, size_t answer_size) {
+    printf("| %s from a host, one after the other | %.0f a second | | |\n", what,
+           reads_a_second(fd, request, answer_size));
 }
 
 // The panel's own views with a host on a pseudo-terminal.
@@ -108,21 +166,20 @@ static void wire_to_picture() {
         return;
     }
     zof_mutex_unlock(dis_mutex); // taken by panel_up; the loop's turns take it themselves
-    std::vector<double> from_wire, from_here;
+    std::vector<double> from_wire, at_once;
     lv_obj_t *label = zof_ctrl_get_form_id(ZOF_VIEW1_ID, VIEW1_LABEL2_ID)->obj;
     for (int i = 0; i < WRITES; i++) {
         const std::string text = std::to_string(1000 + i);
-        const bytes frame = text_write(ZOF_VIEW1_ID, VIEW1_LABEL2_ID, text);
-        from_wire.push_back(until_seen([&] { (void)!write(line.fd, frame.data(), frame.size()); }));
-        from_here.push_back(until_seen([&] { lv_label_set_text(label, (text + "!").c_str()); }));
+        from_wire.push_back(write_to_picture(line.fd, text_write(ZOF_VIEW1_ID, VIEW1_LABEL2_ID, text)));
+        zof_lock gui(dis_mutex);
+        at_once.push_back(draw_at_once(label, text + "!"));
     }
+    printf("| a host's write of a text, from the line to the picture | %.2f ms | %.2f ms, lv_label_set_text drawn at "
+           "once | %.2f |\n",
+           middle(from_wire), middle(at_once), middle(from_wire) / middle(at_once));
+    reads_row(line.fd, "reads of `system.reboot`", sealed({ZOF_HMI_OP_GET, 0xB0, 0x01}), 8);
+    reads_row(line.fd, "reads of `view.size`", sealed({ZOF_HMI_OP_GET, 0xB1, 0x06}), 10);
     wire_unplug(line);
-    const double ours = middle(from_wire);
-    const double plain = middle(from_here);
-    printf(
-        "| a host's write of a text, from the line to the picture | %.1f ms | %.1f ms, lv_label_set_text in the same "
-        "loop | %.2f |\n",
-        ours, plain, ours / plain);
 }
 
 void measure_hmi() {

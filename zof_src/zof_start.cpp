@@ -3,7 +3,7 @@
 #include "zof_start.h"
 
 #include "drv/zof_lock.h"
-#include "drv/zof_loop.h"
+#include "drv/zof_loop_in.h"
 #include "func/zof_func.h"
 #include "func/zof_script.h"
 #include "hmi/zof_hmi.h"

@@ -5,7 +5,7 @@
 #include <thread>
 
 #include "drv/zof_lock.h"
-#include "drv/zof_loop.h"
+#include "drv/zof_loop_in.h"
 #include "port/zof_host.h"
 
 static u32 now;

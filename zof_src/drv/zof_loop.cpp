@@ -1,6 +1,6 @@
 // One turn of the main loop, and how long it may sleep. After a touch or a key the sources are looked at in their own
 // periods for a while: a press that is held, a list that still glides and a long press live by being read.
-#include "drv/zof_loop.h"
+#include "drv/zof_loop_in.h"
 
 #include <thread>
 

@@ -4,7 +4,7 @@
 
 #include <string.h>
 
-#include "drv/zof_loop.h"
+#include "drv/zof_loop_in.h"
 #include "drv/zof_pipo_buff.h"
 #include "hmi/zof_hmi.h"
 #include "hmi/zof_hmi_sync.h"

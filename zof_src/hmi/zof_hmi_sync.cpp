@@ -6,7 +6,7 @@
 #include <mutex>
 #include <thread>
 
-#include "drv/zof_loop.h"
+#include "drv/zof_loop_in.h"
 #include "func/zof_func_stdby.h"
 #include "hmi/zof_hmi_tone.h"
 #include "project/zof_prj.h"

@@ -11,7 +11,7 @@
 #include "drv/zof_drv_gpio.h"
 #include "drv/zof_drv_touch.h"
 #include "drv/zof_drv_up.h"
-#include "drv/zof_loop.h"
+#include "drv/zof_loop_in.h"
 #include "port/zof_host.h"
 #include "port/win_loop.h"
 #include "port/zof_port.h"

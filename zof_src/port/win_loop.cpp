@@ -9,7 +9,7 @@
 
 #include <atomic>
 
-#include "drv/zof_loop.h"
+#include "drv/zof_loop_in.h"
 #include "zof_lib/zof_stdio.h"
 
 // Nobody touches a picture in memory; only signals come as events there.

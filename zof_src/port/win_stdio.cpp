@@ -4,7 +4,7 @@
 #include <atomic>
 
 #include "drv/zof_drv.h"
-#include "drv/zof_loop.h"
+#include "drv/zof_loop_in.h"
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 

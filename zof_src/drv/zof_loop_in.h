@@ -1,8 +1,8 @@
 // The main loop's sleep. The loop sleeps until its next timer is due. Timers that only look whether something has come
 // (events of the window, frames of a host) are sources: while nothing comes they do not keep the loop awake; whoever
 // brings something wakes it. Internal: C++ only.
-#ifndef ZOF_LOOP_H
-#define ZOF_LOOP_H
+#ifndef ZOF_LOOP_IN_H
+#define ZOF_LOOP_IN_H
 
 #include <atomic>
 
