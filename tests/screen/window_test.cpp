@@ -130,6 +130,62 @@ TEST_CASE("a click that is over before the widgets look is still a click") {
     }
 }
 
+// The colour of a pixel of the window itself.
+static u32 *window_at(s32 x, s32 y) {
+    SDL_Surface *surface = SDL_GetWindowSurface(SDL_GetWindowFromID(1));
+    REQUIRE(surface);
+    REQUIRE(surface->format->BytesPerPixel == 4);
+    return (u32 *)((u8 *)surface->pixels + y * surface->pitch) + x;
+}
+
+// Whether a window of `step` picture pixels a pixel shows the picture everywhere.
+static bool window_shows_picture(s32 step) {
+    const screen_picture p = screen_shot();
+    for (s32 i = 0; i < p.width / step * (p.height / step); i++) {
+        const s32 x = i % (p.width / step), y = i / (p.width / step);
+        u32 nearest = 0;
+        for (s32 n = 0; n < step * step; n++) { // scaling takes any one of those that a pixel stands for
+            nearest += p.at(x * step + n % step, y * step + n / step) == (*window_at(x, y) & 0xFFFFFF);
+        }
+        if (!nearest) {
+            MESSAGE(form("the window is wrong at (%d, %d)", x, y));
+            return false;
+        }
+    }
+    return true;
+}
+
+TEST_CASE("only what has changed goes to the window, all of it when that was uncovered or dimmed") {
+    enum : u32 { MARK = 0xABCDEF };
+    screen_open(100, 60);
+    lv_obj_set_style_bg_color(lv_scr_act(), lv_color_hex(0x204060), 0);
+    lv_obj_t *box = lv_obj_create(lv_scr_act());
+    lv_obj_set_size(box, 20, 10);
+    lv_obj_set_pos(box, 30, 20);
+    screen_step(40);
+    CHECK(window_shows_picture(1));
+    *window_at(5, 5) = MARK;
+    *window_at(99, 59) = MARK;
+    for (const s32 x : {31, 60}) {
+        lv_obj_set_x(box, x);
+        lv_obj_set_style_bg_color(box, lv_color_hex((u32)x), 0);
+        screen_step(40);
+    }
+    CHECK((*window_at(70, 25) & 0xFFFFFF) == 60);
+    CHECK((*window_at(35, 25) & 0xFFFFFF) == 0x204060);
+    CHECK((*window_at(5, 5) & 0xFFFFFF) == MARK);
+    CHECK((*window_at(99, 59) & 0xFFFFFF) == MARK);
+    SDL_Event e = {};
+    e.window.type = SDL_WINDOWEVENT;
+    e.window.event = SDL_WINDOWEVENT_EXPOSED;
+    push(e);
+    CHECK(window_shows_picture(1));
+    zof_win_set_dis_bright(50);
+    CHECK((*window_at(5, 5) & 0xFFFFFF) == 0x0F1F2F); // 127 of 255 of each colour
+    zof_win_set_dis_bright(100);
+    CHECK(window_shows_picture(1));
+}
+
 TEST_CASE("a picture as large as the screen opens at half scale, and positions are taken back") {
     SDL_SetHint(SDL_HINT_VIDEODRIVER, "offscreen");
     SDL_Init(SDL_INIT_VIDEO);
@@ -138,6 +194,12 @@ TEST_CASE("a picture as large as the screen opens at half scale, and positions a
     screen_open(bounds.w, 200); // as wide as the screen: not narrower
     push(mouse(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_LEFT, 50, 60));
     CHECK(pointer() == pointer_state{true, 100, 120});
+    lv_obj_t *label = lv_label_create(lv_scr_act());
+    for (const s32 at : {0, 31, 32, 57}) {
+        lv_obj_set_pos(label, at, at);
+        screen_step(40);
+        CHECK(window_shows_picture(2));
+    }
 }
 
 TEST_CASE("closing the window ends the process with status 0") {

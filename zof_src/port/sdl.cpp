@@ -1,5 +1,6 @@
-// The window: one texture fed from a frame store, and the events of mouse, touch and keyboard. Without a display SDL
-// draws off the screen; without SDL at all the frame store alone goes on, so screenshots work everywhere.
+// The window: a frame store whose changed parts are copied to the window's surface, and the events of mouse, touch and
+// keyboard. Without a display SDL draws off the screen; without SDL at all the frame store alone goes on, so screenshots
+// work everywhere.
 #include <SDL.h>
 
 #include <stdlib.h>
@@ -22,11 +23,11 @@ enum { EVENT_PERIOD_MS = 10, KEY_BUFFER = 32, BRIGHT_FULL = 255 };
 // The window and its picture.
 static struct {
     SDL_Window *window;
-    SDL_Renderer *renderer;
-    SDL_Texture *texture;
-    u8 refr_qry;
+    SDL_Surface *surface; // the window's own, to find out when SDL has made another one
+    SDL_Surface *picture; // the frame store, as SDL sees it
+    SDL_Rect changed;     // of the picture, since it was last shown
     u32 *tft_fb;
-    SDL_threadID thread; // the graphics thread: the only one that may touch the renderer
+    SDL_threadID thread; // the graphics thread: the only one that may touch the window
 } monitor;
 
 static float zoom = 1.0f;
@@ -94,29 +95,14 @@ static void zoom_choose() {
     zoom = unknown || (SDL_HOR_RES < w && SDL_VER_RES < h) ? 1.0f : 0.5f;
 }
 
-static s32 software_driver() {
-    const int count = SDL_GetNumRenderDrivers();
-    for (int i = 0; i < count; i++) {
-        SDL_RendererInfo info;
-        if (SDL_GetRenderDriverInfo(i, &info) == 0 && (info.flags & SDL_RENDERER_SOFTWARE)) {
-            return i;
-        }
-    }
-    return -1;
-}
-
 static void window_drop() {
-    if (monitor.texture) {
-        SDL_DestroyTexture(monitor.texture);
-    }
-    if (monitor.renderer) {
-        SDL_DestroyRenderer(monitor.renderer);
+    if (monitor.picture) {
+        SDL_FreeSurface(monitor.picture);
     }
     if (monitor.window) {
         SDL_DestroyWindow(monitor.window);
     }
-    monitor.texture = nullptr;
-    monitor.renderer = nullptr;
+    monitor.picture = nullptr;
     monitor.window = nullptr;
 }
 
@@ -125,22 +111,25 @@ static bool window_open() {
     const char *title = zof_drv_up.prj_facts(&facts) == 0 && facts.title ? facts.title : "";
     monitor.window = SDL_CreateWindow(title, SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
                                       (int)((float)SDL_HOR_RES * zoom), (int)((float)SDL_VER_RES * zoom), 0);
-    if (monitor.window) {
-        monitor.renderer = SDL_CreateRenderer(monitor.window, software_driver(), SDL_RENDERER_SOFTWARE);
-    }
-    if (monitor.renderer) {
-        monitor.texture = SDL_CreateTexture(monitor.renderer, SDL_PIXELFORMAT_ARGB8888, SDL_TEXTUREACCESS_STATIC,
-                                            SDL_HOR_RES, SDL_VER_RES);
-    }
-    if (!monitor.texture) {
+    if (!monitor.tft_fb || !monitor.window || !SDL_GetWindowSurface(monitor.window)) {
         return false;
     }
-    SDL_SetTextureBlendMode(monitor.texture, SDL_BLENDMODE_BLEND);
-    return true;
+    monitor.picture = SDL_CreateRGBSurfaceWithFormatFrom(monitor.tft_fb, SDL_HOR_RES, SDL_VER_RES, 32,
+                                                         SDL_HOR_RES * (int)sizeof(u32), SDL_PIXELFORMAT_RGB888);
+    return monitor.picture != nullptr;
+}
+
+static void frame_store_make() {
+    const size_t bytes = (size_t)SDL_HOR_RES * (size_t)SDL_VER_RES * sizeof(u32);
+    monitor.tft_fb = (u32 *)zof_malloc(bytes);
+    if (monitor.tft_fb) {
+        memset(monitor.tft_fb, 0xFF, bytes);
+    }
 }
 
 void sdl_init(void) {
     monitor.thread = SDL_ThreadID();
+    frame_store_make();
     const bool video = video_start();
     if (video) {
         SDL_SetEventFilter(quit_filter, nullptr);
@@ -151,12 +140,6 @@ void sdl_init(void) {
         zof_printf("window: %s; going on without one", SDL_GetError());
         window_drop();
     }
-    const size_t bytes = (size_t)SDL_HOR_RES * (size_t)SDL_VER_RES * sizeof(u32);
-    monitor.tft_fb = (u32 *)zof_malloc(bytes);
-    if (monitor.tft_fb) {
-        memset(monitor.tft_fb, 0xFF, bytes);
-    }
-    monitor.refr_qry = 1;
     if (monitor.window) {
         SDL_StartTextInput();
     }
@@ -165,17 +148,33 @@ void sdl_init(void) {
     win_loop_init();
 }
 
-static void window_update() {
-    if (!monitor.texture || !monitor.tft_fb) {
+// Copies a part of the picture to the window, and shows it. At half the size a part begins and ends at even places, so
+// that each pixel of the window comes from the same one of the picture as in a whole copy.
+static void window_update(SDL_Rect part) {
+    SDL_Surface *surface = monitor.picture ? SDL_GetWindowSurface(monitor.window) : nullptr;
+    if (!surface) {
         return;
     }
-    const SDL_Rect picture = {0, 0, SDL_HOR_RES, SDL_VER_RES};
-    SDL_UpdateTexture(monitor.texture, nullptr, monitor.tft_fb, SDL_HOR_RES * (int)sizeof(u32));
-    SDL_RenderClear(monitor.renderer);
-    SDL_SetRenderDrawColor(monitor.renderer, 0, 0, 0, SDL_ALPHA_OPAQUE);
-    SDL_RenderDrawRect(monitor.renderer, &picture);
-    SDL_RenderCopy(monitor.renderer, monitor.texture, nullptr, nullptr);
-    SDL_RenderPresent(monitor.renderer);
+    const SDL_Rect whole = {0, 0, SDL_HOR_RES, SDL_VER_RES};
+    part = surface == monitor.surface ? part : whole;
+    monitor.surface = surface;
+    if (zoom < 1) {
+        part.w = (part.x + part.w + 1) / 2 * 2 - part.x / 2 * 2;
+        part.h = (part.y + part.h + 1) / 2 * 2 - part.y / 2 * 2;
+        part.x = part.x / 2 * 2;
+        part.y = part.y / 2 * 2;
+        SDL_Rect shown = {part.x / 2, part.y / 2, part.w / 2, part.h / 2};
+        SDL_BlitScaled(monitor.picture, &part, surface, &shown);
+        part = shown;
+    } else {
+        SDL_Rect shown = part;
+        SDL_BlitSurface(monitor.picture, &part, surface, &shown);
+    }
+    SDL_UpdateWindowSurfaceRects(monitor.window, &part, 1);
+}
+
+static void window_update_all() {
+    window_update({0, 0, SDL_HOR_RES, SDL_VER_RES});
 }
 
 void sdl_display_flush(lv_disp_drv_t *drv, const lv_area_t *area, lv_color_t *pixels) {
@@ -192,10 +191,12 @@ void sdl_display_flush(lv_disp_drv_t *drv, const lv_area_t *area, lv_color_t *pi
         const lv_color_t *from = pixels + (size_t)(y - area->y1) * (size_t)row + (left - area->x1);
         memcpy(monitor.tft_fb + (size_t)y * (size_t)SDL_HOR_RES + left, from, (size_t)width * sizeof(u32));
     }
-    monitor.refr_qry = 1;
+    const s32 top = LV_MAX(area->y1, 0);
+    const SDL_Rect flushed = {left, top, width, bottom - top + 1};
+    SDL_UnionRect(&monitor.changed, &flushed, &monitor.changed);
     if (lv_disp_flush_is_last(drv)) {
-        monitor.refr_qry = 0;
-        window_update();
+        window_update(monitor.changed);
+        monitor.changed = {};
     }
     lv_disp_flush_ready(drv);
 }
@@ -206,10 +207,9 @@ static void bright_apply() {
         return;
     }
     bright_shown = level;
-    if (monitor.texture) {
-        SDL_SetTextureColorMod(monitor.texture, level, level, level);
-        SDL_RenderCopy(monitor.renderer, monitor.texture, nullptr, nullptr);
-        SDL_RenderPresent(monitor.renderer);
+    if (monitor.picture) {
+        SDL_SetSurfaceColorMod(monitor.picture, level, level, level);
+        window_update_all();
     }
 }
 
@@ -264,7 +264,7 @@ static void window_event(const SDL_WindowEvent *window) {
     left_button_down = 0;
     press_unread = 0;
     if (window->event == SDL_WINDOWEVENT_EXPOSED || window->event == SDL_WINDOWEVENT_TAKE_FOCUS) {
-        window_update();
+        window_update_all();
     }
 }
 
