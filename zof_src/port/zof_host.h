@@ -42,6 +42,7 @@ u32 zof_host_file_kind(const char *path);
 FILE *zof_host_file_read_open(const char *path);
 FILE *zof_host_file_write_open(const char *path, zof_bool keep);
 FILE *zof_host_file_open(const char *path);
+s32 zof_host_real_path(const char *path, char *out, size_t size);
 FILE *zof_host_file_create(const char *path);
 u32 zof_host_process_id(void);
 zof_bool zof_host_process_runs(u32 id); // the asking process is one that runs
