@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "project/zof_ctrl_attr.h"
-#include "project/zof_path_gate.h"
+#include "project/zof_path_in.h"
 #include "project/zof_prj.h"
 #include "zof_lib/zof_stdio.h"
 

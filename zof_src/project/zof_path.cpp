@@ -1,5 +1,5 @@
 // Two looks at a name: at its text, which costs nothing and refuses most, and at what its links lead to.
-#include "project/zof_path_gate.h"
+#include "project/zof_path_in.h"
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
-// The gate for names that hosts and project files bring: inside the room only, files go through zof_res.h. Names stay
+// The gate for names that hosts and project files bring. Inside the room only; files go through zof_res.h. Names stay
 // inside the project and the drive folders unless the project file says "allow_outside": 1.
-#ifndef ZOF_PATH_GATE_H
-#define ZOF_PATH_GATE_H
+#ifndef ZOF_PATH_IN_H
+#define ZOF_PATH_IN_H
 
 // True when the project file allows names that lead out of the project, and until it is read: it could not say otherwise.
 bool path_outside_allowed(void);
