@@ -5,6 +5,7 @@ of commands are read from the sources, so that new ones are tried without being 
 usage: make_seeds.py ZOF_MEDIA_PROGRAM OUT"""
 import json
 import pathlib
+import random
 import re
 import struct
 import subprocess
@@ -66,6 +67,10 @@ def hosts():
     words = [row.code for row in ROWS.values()] + [
         b"\x5A\xA5", b"\x5A\xA5\x80", bytes([READ]), bytes([WRITE]), b"blue.png\0", b"red.png\0", b"#hello\0", b"de\0",
         b"\0\x01\0\x05", b"\xff\xff", b"\x7f\xff", b"\x80\0"]
+    dice = random.Random(1)  # a command of hmi_rows: row, control, 1 for a read, a choice for each field
+    rows = {name: b"".join(bytes([number & 255, number >> 8, control, step == 0]) + dice.randbytes(12)
+                           for control in range(33) for step in range(5)) for number, name in enumerate(ROWS)}
+    seeds("hmi_rows", rows, [])
     seeds("hmi_panel", panel | {"walk": walk}, words)
     seeds("hmi_frames", frames, words)
 

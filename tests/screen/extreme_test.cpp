@@ -1,5 +1,9 @@
 // Every number of every control at the ends of its range: whatever a file says, the view is drawn, pressed and left.
+#include <chrono>
+#include <random>
+
 #include "view_project.h"
+#include "zof.h"
 
 #include "project/zof_j2s.h"
 
@@ -43,11 +47,16 @@ static std::string sound_control(u32 type, u32 id) {
                 R"({"body_t": {"opa": 255, "border": {"opa": 255, "width": 1, "part": 15}}, "txt_t": {"opa": 255}})");
 }
 
-static std::string odd_control(u32 type, u32 id, const std::string &key, double value) {
+using odd_t = std::pair<std::string, double>; // a key and its number
+
+static std::string odd_control(u32 type, u32 id, const std::vector<odd_t> &numbers) {
     cJSON *root = cJSON_Parse(sound_control(type, id).c_str());
     cJSON *property = cJSON_GetObjectItem(root, "property");
-    const bool style = key.rfind("styles.", 0) == 0;
-    number_put(style ? cJSON_GetObjectItem(property, "styles")->child : property, style ? key.substr(7) : key, value);
+    for (const auto &[key, value] : numbers) {
+        const bool style = key.rfind("styles.", 0) == 0;
+        number_put(style ? cJSON_GetObjectItem(property, "styles")->child : property, style ? key.substr(7) : key,
+                   value);
+    }
     char *text = cJSON_PrintUnformatted(root);
     std::string out = text;
     cJSON_free(text);
@@ -55,39 +64,109 @@ static std::string odd_control(u32 type, u32 id, const std::string &key, double 
     return out;
 }
 
-TEST_CASE("no number of a control in a view file stops the panel") {
-    static const double extremes[] = {-2147483648.0, -1, 0, 1, 255, 32767, 65535, 2147483646, 4294967295.0};
-    view_project_t project;
+static const double extremes[] = {-2147483648.0, -1, 0, 1, 255, 32767, 65535, 2147483646, 4294967295.0};
+
+static std::vector<std::string> keys_of(u32 type, bool styles) {
+    std::vector<std::string> keys;
+    numbers_of(get_ctrl_struct_reflect(type), "", &keys);
+    if (styles) {
+        numbers_of(zof_style_attr_t_tbl, "styles.", &keys);
+    }
+    return keys;
+}
+
+static u32 next_id = RING_ID + 1; // each control has an id of its own, as its record outlives it
+
+// Shows, touches and leaves a view with such a control, or three if it is a tile.
+static void odd_view(view_project_t &project, u32 type, const std::vector<odd_t> &numbers) {
+    std::vector<std::string> controls(type == ZOF_CTRL_TILE, sound_control(ZOF_CTRL_TILEVIEW, RING_ID));
+    for (u32 i = 0; i < (type == ZOF_CTRL_TILE ? 3 : 1); i++) {
+        controls.push_back(odd_control(type, next_id++, numbers));
+    }
+    project.view(1, controls);
+    printed([] { // of some values it is said what is wrong with them
+        zof_view_set_dis_view(1);
+        screen_step(40);
+        screen_drag(50, 50, 200, 60, 3);
+        screen_step(40);
+        zof_view_set_dis_view(2);
+    });
+}
+
+static void odd_open(view_project_t &project) {
     project.image("a.png", 20, 20, 0xFF0000);
     project.view(1, {});
     project.view(2, {});
     project.open(320, 240);
-    u32 id = RING_ID + 1; // each control has an id of its own, as its record outlives it
+}
+
+TEST_CASE("no number of a control in a view file stops the panel") {
+    view_project_t project;
+    odd_open(project);
     for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
-        if (!zof_ctrl_classes[type].create) {
-            continue;
-        }
-        std::vector<std::string> keys;
-        numbers_of(get_ctrl_struct_reflect(type), "", &keys);
-        if (type == ZOF_CTRL_LABEL || type == ZOF_CTRL_SLIDER) { // a style looks the same on the others
-            numbers_of(zof_style_attr_t_tbl, "styles.", &keys);
-        }
-        for (const std::string &key : keys) {
+        // A style looks the same on the others.
+        for (const std::string &key : keys_of(type, type == ZOF_CTRL_LABEL || type == ZOF_CTRL_SLIDER)) {
             for (double value : extremes) {
-                std::vector<std::string> controls(type == ZOF_CTRL_TILE, sound_control(ZOF_CTRL_TILEVIEW, RING_ID));
-                for (u32 i = 0; i < (type == ZOF_CTRL_TILE ? 3 : 1); i++) {
-                    controls.push_back(odd_control(type, id++, key, value));
-                }
-                project.view(1, controls);
-                printed([] { // of some values it is said what is wrong with them
-                    zof_view_set_dis_view(1);
-                    screen_step(40);
-                    screen_drag(50, 50, 200, 60, 3);
-                    screen_step(40);
-                    zof_view_set_dis_view(2);
-                });
+                odd_view(project, type, {{key, value}});
             }
         }
     }
     CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
+}
+
+TEST_CASE("no numbers of a control in a view file stop the panel together") {
+    const char *given = getenv("ZOF_SEED");
+    const u32 seed = given ? (u32)strtoul(given, nullptr, 0) : std::random_device()();
+    printf("extreme_test: ZOF_SEED=%u\n", seed);
+    std::mt19937 dice(seed);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    view_project_t project;
+    odd_open(project);
+    for (u32 round = 0; round < 2000 && std::chrono::steady_clock::now() < end; round++) {
+        const u32 type = dice() % ZOF_CTRL_TYPE_COUNT;
+        const std::vector<std::string> keys = keys_of(type, true);
+        std::vector<odd_t> numbers;
+        for (u32 i = 1 + dice() % 5; i > 0; i--) {
+            numbers.emplace_back(keys[dice() % keys.size()], extremes[dice() % std::size(extremes)]);
+        }
+        odd_view(project, type, numbers);
+    }
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
+}
+
+TEST_CASE("no number that a program sets stops the panel") {
+    static const s32 ends[] = {INT32_MIN, INT32_MIN + 1, -70000, -1, 0, 1, 255, 70000, 0x20000001, INT32_MAX};
+    view_project_t project({ctrl(ZOF_CTRL_OBJ, 1, "", box(10, 10, 100, 100), filled(0xFF)),
+                            ctrl(ZOF_CTRL_IMG, 2, R"("init_img": "a.png")", R"("parent_id": 1)"),
+                            ctrl(ZOF_CTRL_BTN, 3, R"("txt": "b")", R"("parent_id": 1)")});
+    zof_anim_dsc_t dsc = {};
+    dsc.time = 10;
+    dsc.exec_cb = [](void *obj, s32 value) { lv_obj_set_x((lv_obj_t *)obj, value); };
+    for (s32 a : ends) {
+        for (s32 b : ends) {
+            para_t *box = at(1), *img = at(2), *btn = at(3);
+            zof_ctrl_set_pos(btn, a, b);
+            zof_ctrl_set_size(btn, a, b);
+            zof_ctrl_set_ext_click_area(btn, a);
+            zof_ctrl_set_align(btn, img, (u32)(b & 31), a, b);
+            zof_ctrl_scroll_set(box, a, b, (u32)a & 1);
+            zof_ctrl_rotate_angel(btn, a, b, (u16)a);
+            zof_ctrl_zoom_pivot(btn, a, b);
+            zof_ctrl_zoom_set(btn, (u32)b);
+            zof_ctrl_translate_x(btn, a);
+            zof_ctrl_translate_y(btn, b);
+            zof_img_set_pivot(img, a, b);
+            zof_img_set_rotate_angel(img, b);
+            zof_img_zoom_setting(img, (u32)a);
+            dsc.start_value = a;
+            dsc.end_value = b;
+            memset(&dsc.path, a, sizeof(dsc.path));
+            zof_animation_set(btn, &dsc);
+            screen_step(15);
+            zof_animation_del(btn, nullptr);
+        }
+    }
+    zof_ctrl_set_pos(at(3), 5, 7);
+    CHECK(zof_ctrl_update_location(at(3)) == 0);
+    CHECK(zof_ctrl_get_y(at(3)) != INT32_MIN);
 }

@@ -15,11 +15,11 @@ typedef struct {
     u32 time, delay, playback_time, playback_delay;
     u32 repeat_cnt; // 16 bits used
     u32 repeat_delay;
-    s32 start_value, end_value;
+    s32 start_value, end_value; // kept within 1048575 to either side of 0
     lv_anim_exec_xcb_t exec_cb;
     lv_anim_start_cb_t start_cb;
     lv_anim_ready_cb_t ready_cb;
-    zof_anim_path_e path;
+    u32 path; // zof_anim_path_e; LVGL's own path for any other number
 } zof_anim_dsc_t;
 
 // The hook for all events of all controls that have an event function.

@@ -125,13 +125,10 @@ static void events_add(para_t *record) {
         lv_obj_add_event_cb(record->obj, zof_event_cb_t, (lv_event_code_t)code, record);
 }
 
-// LVGL adds and multiplies coordinates in 32 bits, so a file's numbers end far beyond any screen. LVGL's own special
-// values, such as the size of the content, stay.
+// Controls compute with their attributes, so these are bounded before they do.
 static void coords_limit(zof_pub_attr_t *attr) {
-    enum { FARTHEST = 1 << 22 };
     for (s32 *at : {&attr->pt.x, &attr->pt.y, &attr->size.width, &attr->size.height, &attr->click_area}) {
-        if (!LV_COORD_IS_SPEC(*at))
-            *at = LV_CLAMP(-FARTHEST, *at, FARTHEST);
+        *at = zof_coord_to_lv(*at);
     }
     attr->size.width = LV_MAX(attr->size.width, 0);
     attr->size.height = LV_MAX(attr->size.height, 0);

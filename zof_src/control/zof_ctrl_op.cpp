@@ -64,7 +64,7 @@ s32 zof_ctrl_set_touch(zof_ctrl_t *ctrl, u32 touch) {
 }
 
 s32 zof_ctrl_set_ext_click_area(zof_ctrl_t *ctrl, s32 pixels) {
-    return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_set_ext_click_area(obj, pixels); });
+    return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_set_ext_click_area(obj, zof_coord_to_lv(pixels)); });
 }
 
 s32 zof_ctrl_set_align(zof_ctrl_t *ctrl, zof_ctrl_t *base, u32 align, s32 x, s32 y) {
@@ -72,9 +72,10 @@ s32 zof_ctrl_set_align(zof_ctrl_t *ctrl, zof_ctrl_t *base, u32 align, s32 x, s32
     if (!to)
         return -1;
     return zof_on(ctrl, [=](lv_obj_t *obj) {
-        if (!lv_obj_get_parent(obj)) // a view's own object
+        if (!lv_obj_get_parent(obj)) { // a view's own object
             return -1;
-        lv_obj_align_to(obj, to, (lv_align_t)align, x, y);
+        }
+        lv_obj_align_to(obj, to, (lv_align_t)align, zof_coord_to_lv(x), zof_coord_to_lv(y));
         return 0;
     });
 }
@@ -152,8 +153,8 @@ s32 zof_ctrl_scroll_view(zof_ctrl_t *ctrl, u32 animate) {
 
 s32 zof_ctrl_scroll_set(zof_ctrl_t *ctrl, s32 x, s32 y, u32 animate) {
     return zof_on(ctrl, [=](lv_obj_t *obj) {
-        lv_obj_scroll_to_x(obj, x, anim(animate));
-        lv_obj_scroll_to_y(obj, y, anim(animate));
+        lv_obj_scroll_to_x(obj, zof_coord_to_lv(x), anim(animate));
+        lv_obj_scroll_to_y(obj, zof_coord_to_lv(y), anim(animate));
     });
 }
 

@@ -35,7 +35,7 @@ s32 zof_img_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_obj_press_unlock(obj);
     zof_ctrl_pub_attr(record, &img->pub_t);
     shown_set(obj, img);
-    lv_img_set_pivot(obj, img->rotate_pt.x, img->rotate_pt.y);
+    zof_img_set_pivot(record, img->rotate_pt.x, img->rotate_pt.y);
     zof_img_set_rotate_angel(obj, img->init_angel);
     return 0;
 }
@@ -61,15 +61,14 @@ void zof_img_missing(const char *path) {
 
 s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name) {
     return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) {
-        const char *path = zof_res_picture_path(zof_lang_get_cur_str(name));
-        lv_img_set_src(obj, path);
-        if (path && ((lv_img_t *)obj)->w == 0) {
+        const char *path = zof_res_path_check(zof_lang_get_cur_str(name), "image/");
+        bool is_file = zof_img_get_src_type(path) == 1;
+        lv_img_set_src(obj, is_file ? path : nullptr);
+        if (is_file && ((lv_img_t *)obj)->w == 0)
             zof_img_missing(path);
-        }
-        if (path) {
+        if (is_file)
             return;
-        }
-        // Without an image LVGL keeps the old size, and paints "No data" there.
+        // Of no image LVGL keeps the former size, and paints "No data" there.
         ((lv_img_t *)obj)->w = 0;
         ((lv_img_t *)obj)->h = 0;
         lv_obj_refresh_self_size(obj);
@@ -107,10 +106,16 @@ s32 zof_img_zoom_setting(zof_ctrl_t *ctrl, u32 zoom) {
     return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) { lv_img_set_zoom(obj, (u16)LV_MIN(zoom, UINT16_MAX)); });
 }
 
+// A picture is zoomed up to 256 times around its pivot, and the product has to be a coordinate too.
+static lv_coord_t pivot_to_lv(s32 pixels) {
+    enum { FARTHEST = 1 << 14 };
+    return LV_CLAMP(-FARTHEST, pixels, FARTHEST);
+}
+
 s32 zof_img_set_pivot(zof_ctrl_t *ctrl, s32 x, s32 y) {
-    return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) { lv_img_set_pivot(obj, x, y); });
+    return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) { lv_img_set_pivot(obj, pivot_to_lv(x), pivot_to_lv(y)); });
 }
 
 s32 zof_img_get_src_type(const char *text) {
-    return zof_res_is_picture_path(text);
+    return text && (s8)text[0] > 31 ? 1 : 0;
 }

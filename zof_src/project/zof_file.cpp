@@ -1,10 +1,11 @@
 // Small questions about files on the host, by plain paths.
 #include <cstdio>
+#include <cstring>
 
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
 #include "project/zof_res.h"
-#include "zof_lib/zof_util.h"
+#include "zof_lib/zof_stdio.h"
 
 // Opened for writing on purpose: a project that cannot be written back is passed over when the work path is looked for.
 zof_bool FileExist(const char *path) {
@@ -43,31 +44,36 @@ u32 get_file_content(const char *path, void *buf) {
     return count;
 }
 
+static bool suffix_is(const char *name, const char *a, const char *b) {
+    const char *suffix = name ? std::strrchr(name, '.') : nullptr;
+    return suffix && (std::strcmp(suffix, a) == 0 || std::strcmp(suffix, b) == 0);
+}
+
 zof_bool IsBinFile(const char *name) {
-    return zof_suffix_is(name, ".bin");
+    return suffix_is(name, ".BIN", ".bin");
 }
 
 zof_bool IsMp3File(const char *name) {
-    return zof_suffix_is(name, ".mp3");
+    return suffix_is(name, ".mp3", ".MP3");
 }
 
 zof_bool IsMp4File(const char *name) {
-    return zof_suffix_is(name, ".mp4");
+    return suffix_is(name, ".mp4", ".MP4");
 }
 
 zof_bool IsTTFFile(const char *name) {
-    return zof_suffix_is(name, ".ttf");
+    return suffix_is(name, ".TTF", ".ttf");
 }
 
 zof_bool IsPNGFile(const char *name) {
-    return zof_suffix_is(name, ".png");
+    return suffix_is(name, ".PNG", ".png");
 }
 
 zof_bool IsBMPFile(const char *name) {
-    return zof_suffix_is(name, ".bmp");
+    return suffix_is(name, ".BMP", ".bmp");
 }
 
 // ".jpeg" is deliberately not one: the device's decoder goes by the three letters.
 zof_bool IsJPGFile(const char *name) {
-    return zof_suffix_is(name, ".jpg");
+    return suffix_is(name, ".JPG", ".jpg");
 }

@@ -27,6 +27,11 @@ lv_coord_t zof_length_to_lv(u32 pixels) {
     return LV_CLAMP(-LENGTH_MAX, (s32)pixels, LENGTH_MAX);
 }
 
+lv_coord_t zof_coord_to_lv(s32 pixels) {
+    enum { FARTHEST = 1 << 22 };
+    return LV_COORD_IS_SPEC(pixels) ? pixels : LV_CLAMP(-FARTHEST, pixels, FARTHEST);
+}
+
 static void body_fill(lv_style_t *lv, const zof_body_dis_t *body) {
     lv_style_set_bg_color(lv, zof_color_to_lv(body->main_color));
     lv_style_set_bg_grad_color(lv, zof_color_to_lv(body->grad_color));
@@ -54,13 +59,15 @@ static void text_fill(lv_style_t *lv, const zof_text_dis_t *text) {
 }
 
 static void image_fill(lv_style_t *lv, const zof_img_dis_t *image) {
-    if (!image->bg_img) {
+    if (!image->bg_img)
         return;
-    }
-    char *copy = zof_res_path_zof_malloc(zof_res_picture_path(zof_lang_get_cur_str(image->bg_img)));
-    if (copy) {
+    const char *path = zof_res_path_check(zof_lang_get_cur_str(image->bg_img), "image/");
+    // LVGL takes a text that begins with a control character for a picture in memory.
+    if (!path || (s8)path[0] <= 31)
+        return;
+    char *copy = zof_res_path_zof_malloc(path);
+    if (copy)
         lv_style_set_bg_img_src(lv, copy);
-    }
 }
 
 s32 zof_style_get_lv_value(zof_style_attr_t *style, lv_style_t *lv_style) {

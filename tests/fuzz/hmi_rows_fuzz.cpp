@@ -1,0 +1,204 @@
+// Every row of the host's command tables on every control, with numbers at their edges and names that a careless path
+// would take for something else. An input is commands of a fixed size: which row, which control, which value for each
+// field; the frame around it is made here, so that no command is lost to the frame's own checks.
+#include "hmi_line.h"
+
+#include "every_control.h"
+#include "hmi/zof_hmi.h"
+#include "hmi/zof_hmi_cmd.h"
+#include "port/zof_port.h"
+
+enum { CHART = 70, SEQUENCE, PAD, WHEEL, ITEM, BOX, DRAW_EACH = 8 };
+
+static view_project_t project;
+
+static const char *const words[] = {"",
+                                    "x",
+                                    "#hello",
+                                    "#none",
+                                    "red.png",
+                                    "RED.PNG",
+                                    "none.png",
+                                    "\x01",
+                                    "\x7f.png",
+                                    "\t\n\r",
+                                    "../red.png",
+                                    "../../../../etc/passwd",
+                                    "/etc/passwd",
+                                    "//red.png",
+                                    "./././red.png",
+                                    "a/../b.png",
+                                    "x\\..",
+                                    "..",
+                                    ".png",
+                                    "L:red.png",
+                                    "A:/red.png",
+                                    "Z:red.png",
+                                    ":red.png",
+                                    "0:/a",
+                                    "1:",
+                                    "sd:/a.gif",
+                                    "ever.gif",
+                                    "t.ttf",
+                                    "a.mp4",
+                                    "a.mp3",
+                                    "%s%n%d",
+                                    "\xff\xfe",
+                                    "\xc3",
+                                    "\xf0\x9f\x98\x80",
+                                    "\xe4\xbd\xa0\xe5\xa5\xbd",
+                                    "one\ntwo\n\n\nthree",
+                                    "\n",
+                                    "-999",
+                                    "{\"a\": 1}"};
+
+static const u32 edges[] = {0,
+                            1,
+                            2,
+                            3,
+                            5,
+                            9,
+                            48,
+                            100,
+                            127,
+                            128,
+                            254,
+                            255,
+                            256,
+                            1000,
+                            4095,
+                            4096,
+                            32767,
+                            32768,
+                            65535,
+                            65536,
+                            1u << 22,
+                            1u << 24,
+                            0x1FFFFFFF,
+                            0x20000000,
+                            0x200007D1,
+                            0x3FFFFFFF,
+                            0x40000000,
+                            INT32_MAX - 1u,
+                            INT32_MAX,
+                            1u << 31,
+                            (1u << 31) + 1,
+                            (u32)-1000,
+                            (u32)-2,
+                            (u32)-1};
+
+void fuzz_open() {
+    project.more = R"(, "start_page": 1, "language": "en")";
+    project.write("config/languages/en.g", R"({"hello": "hello"})");
+    project.write("config/languages/de.g", R"({"hello": "hallo"})");
+    project.image("red.png", 20, 20, 0xFF0000);
+    project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
+    auto controls = one_of_each();
+    for (const std::string &more :
+         {ctrl(ZOF_CTRL_CHART, CHART, R"("dis_type_e": 3, "point_cnt": 5, "y_max": 9)", box(320, 60, 60, 60)),
+          ctrl(ZOF_CTRL_SKETCHPAD, PAD, R"("toolbar": 1, "line_width": 3)", box(320, 190, 60, 50)),
+          ctrl(ZOF_CTRL_SCROLLCONT, WHEEL, R"("child_cnt": 1, "display_count": 1)", box(560, 180, 80, 50)),
+          ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM, "", R"("parent_id": 73)"),
+          ctrl(ZOF_CTRL_OBJ, BOX, "", box(100, 100, 60, 60), filled(0x406060))}) {
+        controls.push_back(more);
+    }
+    project.view(1, controls);
+    project.view(2, {ctrl(ZOF_CTRL_LABEL, 4)});
+    project.open(640, 240);
+    win_rtc_init();
+    zof_func_pwon();
+    hmi_open();
+}
+
+static void number_put(std::vector<u8> &out, u32 value, u32 bytes) {
+    while (bytes > 0) {
+        out.push_back((u8)(value >> 8 * --bytes));
+    }
+}
+
+// A text of the dictionary, or of one character many times.
+static void text_put(std::vector<u8> &out, u8 pick) {
+    const u32 word = pick % (std::size(words) + 3);
+    const std::string text = word < std::size(words) ? words[word] : std::string(pick * 2u, (char)('!' + pick % 90));
+    out.insert(out.end(), text.begin(), text.end());
+    out.push_back(0);
+}
+
+static void fields_put(std::vector<u8> &out, const zof_hmi_rec_t *list, fuzz_input &in) {
+    static const u8 bytes[ZOF_HMI_T_COUNT] = {0, 1, 1, 2, 2, 4, 4};
+    for (u32 i = 0; list && i < list->count; i++) {
+        const u8 type = list->fields[i].type, pick = fuzz_byte(in);
+        if (type == ZOF_HMI_T_STR) {
+            text_put(out, pick);
+        } else if (type < ZOF_HMI_T_COUNT) {
+            number_put(out, pick & 0x80 ? pick & 3 : edges[pick % std::size(edges)], bytes[type]);
+        }
+    }
+}
+
+// The controls by number; the last number is of none.
+static u32 control_id(u32 number) {
+    static const u8 spans[][2] = {{LABEL, MATRIX}, {GIF, VIDEO}, {CHART, BOX}, {99, 99}};
+    while (true) {
+        for (const auto &span : spans) {
+            const u32 size = span[1] - span[0] + 1u;
+            if (number < size) {
+                return span[0] + number;
+            }
+            number -= size;
+        }
+    }
+}
+
+// A row by its number over all tables.
+static const zof_hmi_param_type_t *row_at(u32 number, const zof_hmi_cmd_type_t **type) {
+    u32 rows = 0;
+    for (u32 t = 0; t < zof_ui_cmd_type_count; t++) {
+        rows += zof_ui_cmd_types[t].param_count;
+    }
+    number %= rows;
+    for (*type = zof_ui_cmd_types; number >= (*type)->param_count; (*type)++) {
+        number -= (*type)->param_count;
+    }
+    return &(*type)->params[number];
+}
+
+enum { COMMAND_SIZE = 16 };
+
+static void command_run(fuzz_input in) {
+    const zof_hmi_cmd_type_t *type = nullptr;
+    const u32 number = fuzz_byte(in);
+    const zof_hmi_param_type_t *row = row_at(number | fuzz_byte(in) << 8, &type);
+    const u32 id = control_id(fuzz_byte(in));
+    const bool read = fuzz_byte(in) & 1;
+    std::vector<u8> counted = {(u8)(read ? ZOF_HMI_OP_GET : ZOF_HMI_OP_SET)};
+    counted.insert(counted.end(), type->code, type->code + type->len);
+    if (type->rec == &zof_hmi_ctrl_id_t_tbl) {
+        number_put(counted, 1, 2);
+        number_put(counted, id, 2);
+    } else {
+        fields_put(counted, type->rec, in);
+    }
+    counted.insert(counted.end(), row->code, row->code + row->len);
+    fields_put(counted, row->rw ? row->rw->req : nullptr, in);
+    if (!read) {
+        fields_put(counted, row->value, in);
+    }
+    std::vector<u8> frame = fuzz_sealed(counted, false);
+    zof_hmi_recive_data_handle(frame.data(), (u32)frame.size(), nullptr);
+    zof_hmi_cmd_ui_data_run();
+}
+
+void fuzz_one(fuzz_input &in) {
+    for (u32 done = 1; in.size >= COMMAND_SIZE; done++) {
+        hmi_tail.clear();
+        command_run({in.at, COMMAND_SIZE});
+        in.at += COMMAND_SIZE;
+        in.size -= COMMAND_SIZE;
+        if (done % DRAW_EACH == 0 || in.size < COMMAND_SIZE) {
+            screen_step(SCREEN_INPUT_MS);
+            lv_refr_now(nullptr);
+        }
+    }
+    zof_view_set_dis_view(1);
+}
