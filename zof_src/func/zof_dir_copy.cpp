@@ -10,24 +10,9 @@
 #include <atomic>
 
 #include "drv/zof_drv.h"
-#include "drv/zof_drv_file.h"
+#include "func/zof_dir_in.h"
 #include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
-
-#define NEW_FILE ZOF_FILE_TEMP
-#define NEW_DIR ".zof_dir.new"
-#define OLD_DIR ".zof_dir.old~" // and the folder's name: where no two names can change places in one step
-
-// Our own walks also meet paths that are longer by such a name.
-enum { PATH_SIZE = 256, OWN_PATH = PATH_SIZE + 64, SHOWN_SIZE = 2 * PATH_SIZE, BLOCK = 2048, BLOCK_MOST = 1 << 20 };
-enum { ENTRY_TOO_LONG = 100 }; // beside ZOF_FILE_*
-
-// The memory through which a file is copied.
-struct copy_block {
-    u8 *data;
-    u32 size;
-    bool dots; // one on the log for each block
-};
 
 // One copy, from its first folder to its last.
 struct copy_run {
@@ -53,218 +38,8 @@ void zof_dir_schedule_dis(const char *name, u8 ok) {
     }
 }
 
-static bool join(char *out, size_t size, const char *a, const char *b, const char *c) {
-    const int length = snprintf(out, size, "%s%s%s", a, b, c);
-    return length >= 0 && (size_t)length < size;
-}
-
-static bool is_dots(const char *name) {
-    return strcmp(name, ".") == 0 || strcmp(name, "..") == 0;
-}
-
-static void copy_say(const char *path, const char *what) {
-    zof_printf("%s: %s: %s\n", path, what, zof_file_error());
-}
-
-// False for a name that could be taken for more than one component of a path, here or on another system, and for one with
-// control characters.
-static bool is_plain_name(const char *name) {
-    for (; *name; name++) {
-        if ((u8)*name < ' ' || *name == 0x7F || *name == '/' || *name == '\\') {
-            return false;
-        }
-    }
-    return true;
-}
-
-// What an entry of a source is to the copy: ZOF_FILE_NONE to pass over, or ENTRY_TOO_LONG, which counts as one file
-// that fails. The count and the copy both go by this. Makes its path, a folder's with a slash.
-static u32 source_entry(char *path, const char *dir, const char *name, bool tell) {
-    if (name[0] == '.' || strcmp(name, "System Volume Information") == 0) {
-        return ZOF_FILE_NONE;
-    }
-    if (!is_plain_name(name)) {
-        if (tell) {
-            zof_printf("%s: a name with a separator or control characters is skipped: %s\n", dir, name);
-        }
-        return ZOF_FILE_NONE;
-    }
-    if (!join(path, PATH_SIZE - 1, dir, name, "")) { // one byte for the slash
-        if (tell) {
-            zof_printf("path too long, not copied: %.80s...%.80s\n", dir, name);
-        }
-        return ENTRY_TOO_LONG;
-    }
-    const u32 kind = zof_file_kind(path);
-    if (kind == ZOF_FILE_FOLDER) {
-        strcat(path, "/");
-    } else if (kind == ZOF_FILE_OTHER && tell) {
-        zof_printf("%s: neither file nor folder, skipped\n", path);
-    }
-    return kind == ZOF_FILE_OTHER ? (u32)ZOF_FILE_NONE : kind;
-}
-
-u32 zof_dir_get_fileNum(const char *path) {
-    zof_dir_t *dir = zof_opendir(path);
-    u32 count = 0;
-    while (const zof_dirent_t *entry = zof_readdir(dir)) {
-        char below[PATH_SIZE];
-        const u32 kind = source_entry(below, path, entry->name, false);
-        if (kind == ZOF_FILE_FOLDER) {
-            count += zof_dir_get_fileNum(below);
-        } else if (kind != ZOF_FILE_NONE) {
-            count++;
-        }
-    }
-    zof_closedir(dir);
-    return count;
-}
-
-// What a copy that was killed leaves. Only asked while the target is locked, so nobody else's copy can be running.
-static bool is_left_over(const char *name) {
-    return zof_file_is_temp(name, NEW_FILE, ZOF_FALSE) || zof_file_is_temp(name, NEW_DIR, ZOF_FALSE);
-}
-
-// With `all`, quietly and names with a dot too.
-static void folder_empty(const char *path, bool all) {
-    zof_dir_t *dir = zof_opendir(path);
-    while (const zof_dirent_t *entry = zof_readdir(dir)) {
-        char below[OWN_PATH];
-        if (is_dots(entry->name) || (!all && entry->name[0] == '.') ||
-            !join(below, sizeof(below) - 1, path, entry->name, "")) {
-            continue;
-        }
-        if (!all) {
-            zof_printf("remove dirName = %s\n", below);
-        }
-        const bool folder = zof_file_kind(below) == ZOF_FILE_FOLDER;
-        if (folder) {
-            strcat(below, "/");
-            folder_empty(below, all);
-        }
-        zof_file_remove(below);
-    }
-    zof_closedir(dir);
-}
-
-void zof_dir_remove(const char *path) {
-    char whole[PATH_SIZE];
-    if (path && *path && join(whole, sizeof(whole), path, path[strlen(path) - 1] == '/' ? "" : "/", "")) {
-        folder_empty(whole, false);
-    }
-}
-
-// Removes whatever stands under this name; `path` is without a slash at its end.
-static void clear_away(const char *path) {
-    const u32 kind = zof_file_kind(path);
-    char whole[OWN_PATH];
-    if (kind == ZOF_FILE_FOLDER && join(whole, sizeof(whole), path, "/", "")) {
-        folder_empty(whole, true);
-    }
-    if (kind != ZOF_FILE_NONE) {
-        zof_file_remove(path);
-    }
-}
-
-// How many bytes of the path stand before its last component. One slash at the end does not count.
-static size_t parent_length(const char *path) {
-    size_t n = strlen(path);
-    n -= n > 0 ? 1 : 0;
-    while (n > 0 && path[n - 1] != '/' && path[n - 1] != '\\') {
-        n--;
-    }
-    return n;
-}
-
-static bool beside(char *out, size_t size, const char *path, const char *name, const char *more) {
-    const int length = snprintf(out, size, "%.*s%s%s", (int)parent_length(path), path, name, more);
-    return length >= 0 && (size_t)length < size;
-}
-
-// The size of an open file; -1 when it is unknown. It is at its beginning again.
-static long size_of(FILE *f) {
-    const long size = fseek(f, 0, SEEK_END) == 0 ? ftell(f) : -1;
-    rewind(f);
-    return size;
-}
-
-// Copies as many bytes as the file has when it begins: a file that keeps growing would fill the disk. Returns true when all
-// of them are written; a read error or an early end is a failure.
-static bool pour(FILE *in, FILE *out, u8 *block, u32 size, bool dots) {
-    for (long left = size_of(in); left >= 0;) {
-        const size_t wanted = left < (long)size ? (size_t)left : size;
-        const size_t n = fread(block, 1, wanted, in);
-        if (n != wanted || zof_file_put(out, block, n) != 0) {
-            return false;
-        }
-        if (dots) {
-            zof_printf(".");
-        }
-        left -= (long)n;
-        if (n < size) {
-            return true;
-        }
-    }
-    return false;
-}
-
-// False, with a line that says why; `fresh` is gone then.
-static bool file_place(FILE *in, FILE *out, const char *fresh, const char *dst, const char *shown, copy_block block) {
-    bool good = pour(in, out, block.data, block.size, block.dots);
-    if (!good) {
-        copy_say(shown, "not written");
-    }
-    const bool finished = zof_file_finish(out) == 0;
-    if (good && (!finished || zof_rename(fresh, dst) != 0)) {
-        copy_say(shown, "not put in place");
-        good = false;
-    }
-    if (!good) {
-        zof_file_remove(fresh);
-    }
-    return good;
-}
-
-// False, with a line that says why, and the target as it was.
-static bool file_replace(const char *dst, const char *src, const char *shown, copy_block block) {
-    FILE *in = zof_file_open(src);
-    if (!in) {
-        zof_printf("creat file fail srcfile=%s\n", src);
-        copy_say(src, "not opened");
-        return false;
-    }
-    char fresh[OWN_PATH];
-    const bool named = zof_file_temp_name(fresh, sizeof(fresh), dst, NEW_FILE) == 0;
-    FILE *out = named ? zof_file_create(fresh) : nullptr;
-    if (!out) {
-        zof_printf("creat file fail destfp=%s\n", shown);
-        copy_say(shown, "not made");
-    }
-    const bool good = out && file_place(in, out, fresh, dst, shown, block);
-    fclose(in);
-    return good;
-}
-
-s32 zof_file_copy(const char *dst, const char *src, u32 blocksize) {
-    if (!dst || !src || blocksize == 0 || blocksize > BLOCK_MOST) {
-        return -1;
-    }
-    auto *block = (u8 *)zof_malloc(blocksize);
-    if (!block) {
-        zof_printf("srcdata=null\n");
-        return -1;
-    }
-    zof_printf("copy %s to %s  ", src, dst);
-    const bool good = file_replace(dst, src, dst, {block, blocksize, true});
-    if (good) {
-        zof_printf(" succeed\n");
-    }
-    zof_free(block);
-    return good ? 0 : -1;
-}
-
 // Reports a file. While its folder is not in place, this one is held back and the one before is reported.
-static void file_told(copy_run *r, const char *name, bool ok) {
+static void file_report(copy_run *r, const char *name, bool ok) {
     r->left -= r->left > 0;
     if (!r->stage) {
         zof_dir_schedule_dis(name, ok);
@@ -281,7 +56,7 @@ static void file_told(copy_run *r, const char *name, bool ok) {
 // All files of a folder fail with it.
 static void folder_refuse(copy_run *r, const char *src) {
     for (u32 left = zof_dir_get_fileNum(src); left > 0; left--) {
-        file_told(r, src, false);
+        file_report(r, src, false);
     }
 }
 
@@ -292,19 +67,19 @@ static void show(const copy_run *r, char *shown, const char *path) {
 
 static void file_copy_into(copy_run *r, const char *into, const char *src, const char *name) {
     char dst[PATH_SIZE];
-    if (!join(dst, sizeof(dst), into, name, "")) {
+    if (!dir_join(dst, sizeof(dst), into, name, "")) {
         zof_printf("path too long, not copied: %.80s...%.80s\n", into, name);
-        file_told(r, name, false);
+        file_report(r, name, false);
         return;
     }
     char shown[SHOWN_SIZE];
     show(r, shown, dst);
     zof_printf("copy %s to %s ", src, shown);
-    const bool ok = file_replace(dst, src, shown, {r->block, BLOCK, false});
+    const bool ok = dir_file_replace(dst, src, shown, {r->block, BLOCK, false});
     if (ok) {
         zof_printf("success \n"); // the new name reaches the disk with its folder, at the folder's end
     }
-    file_told(r, name, ok);
+    file_report(r, name, ok);
 }
 
 static void folder_copy(copy_run *r, const char *target, const char *src, bool remove);
@@ -324,7 +99,7 @@ static void folder_copy_into(copy_run *r, const char *into, const char *src, con
     if (!source_exists(src)) {
         return;
     }
-    if (join(target, sizeof(target), into, name, "/")) {
+    if (dir_join(target, sizeof(target), into, name, "/")) {
         folder_copy(r, target, src, remove);
     } else {
         zof_printf("path too long, not copied: %.80s...%.80s\n", into, name);
@@ -336,13 +111,13 @@ static void entries_copy(copy_run *r, const char *into, const char *from, bool r
     zof_dir_t *dir = zof_opendir(from);
     while (const zof_dirent_t *entry = zof_readdir(dir)) {
         char src[PATH_SIZE];
-        const u32 kind = source_entry(src, from, entry->name, true);
+        const u32 kind = dir_source_entry(src, from, entry->name, true);
         if (kind == ZOF_FILE_FOLDER) {
             folder_copy_into(r, into, src, entry->name, remove);
         } else if (kind == ZOF_FILE_PLAIN) {
             file_copy_into(r, into, src, entry->name);
         } else if (kind == ENTRY_TOO_LONG) {
-            file_told(r, entry->name, false);
+            file_report(r, entry->name, false);
         }
     }
     zof_closedir(dir);
@@ -357,11 +132,11 @@ static bool keep_old(copy_run *r, const char *fresh, const char *old, const char
     for (const zof_dirent_t *entry; good && (entry = zof_readdir(dir));) {
         const char *name = entry->name;
         char from[OWN_PATH], to[OWN_PATH], update[OWN_PATH];
-        if (is_dots(name) || is_left_over(name)) {
+        if (dir_is_dots(name) || dir_is_left_over(name)) {
             continue;
         }
-        if (!join(from, sizeof(from) - 1, old, name, "") || !join(to, sizeof(to) - 1, fresh, name, "") ||
-            !join(update, sizeof(update) - 1, src, name, "")) {
+        if (!dir_join(from, sizeof(from) - 1, old, name, "") || !dir_join(to, sizeof(to) - 1, fresh, name, "") ||
+            !dir_join(update, sizeof(update) - 1, src, name, "")) {
             zof_printf("path too long to be kept: %.80s...%.80s\n", old, name);
             good = false;
             continue;
@@ -372,7 +147,7 @@ static bool keep_old(copy_run *r, const char *fresh, const char *old, const char
         const bool whole = all || name[0] == '.' || (renewed != ZOF_FILE_NONE && renewed != kind && !there);
         const bool wanted = whole || renewed == kind;
         if (kind == ZOF_FILE_PLAIN && wanted && !there) {
-            good = file_replace(to, from, from, {r->block, BLOCK, false});
+            good = dir_file_replace(to, from, from, {r->block, BLOCK, false});
         } else if (kind == ZOF_FILE_FOLDER && wanted) {
             good = zof_mkdir(to) >= 0;
             strcat(from, "/");
@@ -392,14 +167,14 @@ static bool swap(const char *fresh, const char *target) {
         return true;
     }
     char aside[OWN_PATH];
-    const char *name = target + parent_length(target);
-    if (!beside(aside, sizeof(aside), target, OLD_DIR, name) || zof_rename(target, aside) != 0) {
+    const char *name = target + dir_parent_length(target);
+    if (!dir_beside(aside, sizeof(aside), target, OLD_DIR, name) || zof_rename(target, aside) != 0) {
         return false;
     }
     if (zof_rename(fresh, target) != 0) {
         const s32 back = zof_rename(aside, target);
         if (back != 0) {
-            copy_say(aside, "stays under this name until the next start");
+            dir_say(aside, "stays under this name until the next start");
         }
         return false;
     }
@@ -408,7 +183,7 @@ static bool swap(const char *fresh, const char *target) {
 }
 
 // Reports the file that was held back. Without the folder in place, what was reported as copied is not.
-static void stage_told(copy_run *r, bool placed) {
+static void stage_report(copy_run *r, bool placed) {
     for (; !placed && r->good > 0; r->good--) {
         zof_dir_schedule_dis(r->place, ZOF_COPY_UNDONE);
     }
@@ -424,13 +199,13 @@ static void stage_told(copy_run *r, bool placed) {
 static void folder_replace(copy_run *r, const char *target, const char *src) {
     char fresh[PATH_SIZE], stage[PATH_SIZE], place[PATH_SIZE];
     snprintf(place, sizeof(place), "%.*s", (int)strlen(target) - 1, target);
-    if (zof_file_temp_name(fresh, sizeof(fresh), target, NEW_DIR) != 0 || !join(stage, sizeof(stage), fresh, "/", "")) {
+    if (zof_file_temp_name(fresh, sizeof(fresh), target, NEW_DIR) != 0 || !dir_join(stage, sizeof(stage), fresh, "/", "")) {
         zof_printf("path too long, not copied: %.80s...\n", target);
         folder_refuse(r, src);
         return;
     }
     if (zof_mkdir(fresh) != 0) {
-        copy_say(target, "not made");
+        dir_say(target, "not made");
         folder_refuse(r, src);
         return;
     }
@@ -441,23 +216,23 @@ static void folder_replace(copy_run *r, const char *target, const char *src) {
     const bool pulled = !PathExist(src); // the source vanished during the copy, so a missing file proves nothing
     const bool placed = kept && !pulled && swap(fresh, place);
     if (!placed) {
-        copy_say(target, "stays as it was");
+        dir_say(target, "stays as it was");
     } else {
         char parent[PATH_SIZE];
-        beside(parent, sizeof(parent), target, "", "");
+        dir_beside(parent, sizeof(parent), target, "", "");
         zof_file_finish_folder(parent);
     }
-    stage_told(r, placed);
-    clear_away(fresh);
+    stage_report(r, placed);
+    dir_clear_away(fresh);
 }
 
 // `dst`, a slash if it has none, and the last component of `src`; ends with a slash.
 static bool target_of(char *out, const char *dst, const char *src) {
-    const size_t parent = parent_length(src);
+    const size_t parent = dir_parent_length(src);
     const char *name = parent > 0 ? src + parent : "";
     const size_t n = strlen(dst);
     const bool slash = n > 0 && (dst[n - 1] == '/' || dst[n - 1] == '\\');
-    if (!join(out, PATH_SIZE - 1, dst, slash ? "" : "/", name)) {
+    if (!dir_join(out, PATH_SIZE - 1, dst, slash ? "" : "/", name)) {
         zof_printf("path too long, not copied: %.80s...%.80s\n", dst, name);
         return false;
     }
@@ -476,7 +251,7 @@ static bool folder_ready(const copy_run *r, const char *target, bool itself) {
     if (!PathExist(target)) {
         zof_printf("mkdir %s \n", shown);
         if (zof_mkdir(plain) != 0) {
-            copy_say(shown, "not made");
+            dir_say(shown, "not made");
             return false;
         }
     } else if (!itself && zof_file_kind(plain) != ZOF_FILE_FOLDER) {
@@ -532,7 +307,7 @@ s32 zof_dir_copyfile(const char *dst, const char *src, zof_bool remove) {
     }
     char whole[PATH_SIZE];
     const size_t n = strlen(src);
-    if (!join(whole, sizeof(whole), src, n > 0 && src[n - 1] != '/' ? "/" : "", "")) {
+    if (!dir_join(whole, sizeof(whole), src, n > 0 && src[n - 1] != '/' ? "/" : "", "")) {
         zof_printf("path too long, not copied: %.80s...\n", src);
         return -1;
     }
@@ -552,46 +327,4 @@ s32 zof_dir_copyfile(const char *dst, const char *src, zof_bool remove) {
     }
     zof_free(run.block);
     return 0;
-}
-
-// A folder that was set aside goes back to its place if that is empty; everything else that is temporary goes.
-static void entry_mend(const char *path, const char *entry) {
-    char left[OWN_PATH], name[OWN_PATH];
-    const size_t prefix = sizeof(OLD_DIR) - 1;
-    const bool old = strncmp(entry, OLD_DIR, prefix) == 0 && entry[prefix];
-    if ((!old && !is_left_over(entry)) || !join(left, sizeof(left), path, entry, "") ||
-        (old && !join(name, sizeof(name), path, entry + prefix, ""))) {
-        return;
-    }
-    if (!old || zof_file_kind(name) != ZOF_FILE_NONE) {
-        clear_away(left);
-    } else if (zof_rename(left, name) == 0) {
-        zof_printf("%s: was set aside by a copy that did not end, and is back\n", name);
-    }
-}
-
-static void folder_mend(const char *path) {
-    zof_dir_t *dir = zof_opendir(path);
-    while (const zof_dirent_t *entry = zof_readdir(dir)) {
-        char below[OWN_PATH];
-        if (entry->name[0] == '.') {
-            entry_mend(path, entry->name);
-        } else if (entry->is_dir && join(below, sizeof(below) - 1, path, entry->name, "") &&
-                   zof_file_kind(below) == ZOF_FILE_FOLDER) {
-            strcat(below, "/");
-            folder_mend(below);
-        }
-    }
-    zof_closedir(dir);
-}
-
-void zof_dir_copy_mend(const char *path) {
-    char holder[64];
-    const s32 lock = zof_folder_lock(path, holder, sizeof(holder));
-    if (lock == 0) {
-        zof_printf("%s: in use by %s, left as it is\n", path, holder);
-        return;
-    }
-    folder_mend(path);
-    zof_folder_unlock(lock);
 }

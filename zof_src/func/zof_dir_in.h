@@ -1,0 +1,55 @@
+// The parts of the folder copy: names and walks are in zof_dir_tree.cpp, one file's copy is in zof_dir_file.cpp.
+#ifndef ZOF_DIR_IN_H
+#define ZOF_DIR_IN_H
+
+#include <stddef.h>
+
+#include "drv/zof_drv_file.h"
+#include "zof_lib/zof_type.h"
+
+#define NEW_FILE ZOF_FILE_TEMP
+#define NEW_DIR ".zof_dir.new"
+#define OLD_DIR ".zof_dir.old~" // and the folder's name: where no two names can change places in one step
+
+// Our own walks also meet paths that are longer by such a name.
+enum { PATH_SIZE = 256, OWN_PATH = PATH_SIZE + 64, SHOWN_SIZE = 2 * PATH_SIZE, BLOCK = 2048, BLOCK_MOST = 1 << 20 };
+enum { ENTRY_TOO_LONG = 100 }; // beside ZOF_FILE_*
+
+// The memory through which a file is copied.
+struct copy_block {
+    u8 *data;
+    u32 size;
+    bool dots; // one on the log for each block
+};
+
+// a, b and c in one text; false when it does not fit.
+bool dir_join(char *out, size_t size, const char *a, const char *b, const char *c);
+
+// In the folder of `path`: `name`, and `more` behind it.
+bool dir_beside(char *out, size_t size, const char *path, const char *name, const char *more);
+
+// How many bytes of the path stand before its last component. One slash at the end does not count.
+size_t dir_parent_length(const char *path);
+
+// True for "." and "..".
+bool dir_is_dots(const char *name);
+
+// Logs a path, what was not done with it, and why the latest call on this thread failed.
+void dir_say(const char *path, const char *what);
+
+// What an entry of a source is to the copy: ZOF_FILE_NONE to skip, ZOF_FILE_PLAIN, ZOF_FILE_FOLDER, or ENTRY_TOO_LONG,
+// which counts as one file that fails. The count and the copy both go by this. Makes its path of PATH_SIZE bytes, a
+// folder's with a slash. With `tell` a line says what is skipped.
+u32 dir_source_entry(char *path, const char *dir, const char *name, bool tell);
+
+// True for the temporary name of a killed copy; asked only while the target is locked, so that no other copy is running.
+bool dir_is_left_over(const char *name);
+
+// Removes whatever has this name; `path` has no slash at its end.
+void dir_clear_away(const char *path);
+
+// Replaces one file in one step. `shown` is its name in the log. False, with a line that says why, and the target as it
+// was.
+bool dir_file_replace(const char *dst, const char *src, const char *shown, copy_block block);
+
+#endif

@@ -1,0 +1,173 @@
+// Names and walks of the folder copy: which entries of a source count, what is removed, and what is mended at start.
+#include <stdio.h>
+#include <string.h>
+
+#include "drv/zof_drv.h"
+#include "func/zof_dir_copy.h"
+#include "func/zof_dir_in.h"
+#include "zof_lib/zof_stdio.h"
+
+bool dir_join(char *out, size_t size, const char *a, const char *b, const char *c) {
+    const int length = snprintf(out, size, "%s%s%s", a, b, c);
+    return length >= 0 && (size_t)length < size;
+}
+
+bool dir_is_dots(const char *name) {
+    return strcmp(name, ".") == 0 || strcmp(name, "..") == 0;
+}
+
+void dir_say(const char *path, const char *what) {
+    zof_printf("%s: %s: %s\n", path, what, zof_file_error());
+}
+
+// False for a name that could be taken for more than one component of a path, here or on another system, and for one with
+// control characters.
+static bool is_plain_name(const char *name) {
+    for (; *name; name++) {
+        if ((u8)*name < ' ' || *name == 0x7F || *name == '/' || *name == '\\') {
+            return false;
+        }
+    }
+    return true;
+}
+
+u32 dir_source_entry(char *path, const char *dir, const char *name, bool tell) {
+    if (name[0] == '.' || strcmp(name, "System Volume Information") == 0) {
+        return ZOF_FILE_NONE;
+    }
+    if (!is_plain_name(name)) {
+        if (tell) {
+            zof_printf("%s: a name with a separator or control characters is skipped: %s\n", dir, name);
+        }
+        return ZOF_FILE_NONE;
+    }
+    if (!dir_join(path, PATH_SIZE - 1, dir, name, "")) { // one byte for the slash
+        if (tell) {
+            zof_printf("path too long, not copied: %.80s...%.80s\n", dir, name);
+        }
+        return ENTRY_TOO_LONG;
+    }
+    const u32 kind = zof_file_kind(path);
+    if (kind == ZOF_FILE_FOLDER) {
+        strcat(path, "/");
+    } else if (kind == ZOF_FILE_OTHER && tell) {
+        zof_printf("%s: neither file nor folder, skipped\n", path);
+    }
+    return kind == ZOF_FILE_OTHER ? (u32)ZOF_FILE_NONE : kind;
+}
+
+u32 zof_dir_get_fileNum(const char *path) {
+    zof_dir_t *dir = zof_opendir(path);
+    u32 count = 0;
+    while (const zof_dirent_t *entry = zof_readdir(dir)) {
+        char below[PATH_SIZE];
+        const u32 kind = dir_source_entry(below, path, entry->name, false);
+        if (kind == ZOF_FILE_FOLDER) {
+            count += zof_dir_get_fileNum(below);
+        } else if (kind != ZOF_FILE_NONE) {
+            count++;
+        }
+    }
+    zof_closedir(dir);
+    return count;
+}
+
+bool dir_is_left_over(const char *name) {
+    return zof_file_is_temp(name, NEW_FILE, ZOF_FALSE) || zof_file_is_temp(name, NEW_DIR, ZOF_FALSE);
+}
+
+// With `all`, quietly and names with a dot too.
+static void folder_empty(const char *path, bool all) {
+    zof_dir_t *dir = zof_opendir(path);
+    while (const zof_dirent_t *entry = zof_readdir(dir)) {
+        char below[OWN_PATH];
+        if (dir_is_dots(entry->name) || (!all && entry->name[0] == '.') ||
+            !dir_join(below, sizeof(below) - 1, path, entry->name, "")) {
+            continue;
+        }
+        if (!all) {
+            zof_printf("remove dirName = %s\n", below);
+        }
+        const bool folder = zof_file_kind(below) == ZOF_FILE_FOLDER;
+        if (folder) {
+            strcat(below, "/");
+            folder_empty(below, all);
+        }
+        zof_file_remove(below);
+    }
+    zof_closedir(dir);
+}
+
+void zof_dir_remove(const char *path) {
+    char whole[PATH_SIZE];
+    if (path && *path && dir_join(whole, sizeof(whole), path, path[strlen(path) - 1] == '/' ? "" : "/", "")) {
+        folder_empty(whole, false);
+    }
+}
+
+void dir_clear_away(const char *path) {
+    const u32 kind = zof_file_kind(path);
+    char whole[OWN_PATH];
+    if (kind == ZOF_FILE_FOLDER && dir_join(whole, sizeof(whole), path, "/", "")) {
+        folder_empty(whole, true);
+    }
+    if (kind != ZOF_FILE_NONE) {
+        zof_file_remove(path);
+    }
+}
+
+size_t dir_parent_length(const char *path) {
+    size_t n = strlen(path);
+    n -= n > 0 ? 1 : 0;
+    while (n > 0 && path[n - 1] != '/' && path[n - 1] != '\\') {
+        n--;
+    }
+    return n;
+}
+
+bool dir_beside(char *out, size_t size, const char *path, const char *name, const char *more) {
+    const int length = snprintf(out, size, "%.*s%s%s", (int)dir_parent_length(path), path, name, more);
+    return length >= 0 && (size_t)length < size;
+}
+
+// A folder that was set aside goes back to its place if that is empty; everything else that is temporary goes.
+static void entry_mend(const char *path, const char *entry) {
+    char left[OWN_PATH], name[OWN_PATH];
+    const size_t prefix = sizeof(OLD_DIR) - 1;
+    const bool old = strncmp(entry, OLD_DIR, prefix) == 0 && entry[prefix];
+    if ((!old && !dir_is_left_over(entry)) || !dir_join(left, sizeof(left), path, entry, "") ||
+        (old && !dir_join(name, sizeof(name), path, entry + prefix, ""))) {
+        return;
+    }
+    if (!old || zof_file_kind(name) != ZOF_FILE_NONE) {
+        dir_clear_away(left);
+    } else if (zof_rename(left, name) == 0) {
+        zof_printf("%s: was set aside by a copy that did not end, and is back\n", name);
+    }
+}
+
+static void folder_mend(const char *path) {
+    zof_dir_t *dir = zof_opendir(path);
+    while (const zof_dirent_t *entry = zof_readdir(dir)) {
+        char below[OWN_PATH];
+        if (entry->name[0] == '.') {
+            entry_mend(path, entry->name);
+        } else if (entry->is_dir && dir_join(below, sizeof(below) - 1, path, entry->name, "") &&
+                   zof_file_kind(below) == ZOF_FILE_FOLDER) {
+            strcat(below, "/");
+            folder_mend(below);
+        }
+    }
+    zof_closedir(dir);
+}
+
+void zof_dir_copy_mend(const char *path) {
+    char holder[64];
+    const s32 lock = zof_folder_lock(path, holder, sizeof(holder));
+    if (lock == 0) {
+        zof_printf("%s: in use by %s, left as it is\n", path, holder);
+        return;
+    }
+    folder_mend(path);
+    zof_folder_unlock(lock);
+}
