@@ -15,3 +15,16 @@ check
 start board build/release/tools/board_sim --link "$work/board"
 expect "$work/board"
 check ZOF_COM6="$work/board"
+
+# What people run is hardened; the flags are read back from the programs, not from the build's files.
+has() { readelf -W $2 "$1" 2>/dev/null | grep -Eq -- "$3" || fail "$1: $4"; }
+for program in $(find build/release -name CMakeFiles -prune -o -type f -perm -u+x ! -name '*.*' -print); do
+    has "$program" -h 'Type: +DYN' "not a position-independent program"
+    has "$program" -l GNU_RELRO "no read-only relocations"
+    has "$program" -d 'BIND_NOW|NOW' "functions are bound late"
+done
+has build/release/panel/zof_bench --dyn-syms __stack_chk_fail "no stack protector"
+has build/release/panel/zof_bench --dyn-syms '__[a-z]+_chk' "calls of the C library are not fortified"
+case $(uname -m) in
+x86_64) for library in libzof.a libzof_lvgl.a; do has build/release/$library -n 'IBT' "no control-flow protection"; done ;;
+esac

@@ -1,0 +1,14 @@
+# What people run is built so that a memory fault in it is hard to make use of: overflows of buffers on the stack and in
+# calls of the C library end the program, addresses differ from run to run, and tables of functions are read-only once the
+# program has started. Sanitized and debug builds find such faults by other means, and the second needs optimisation.
+include(CheckPIESupported)
+include(CheckCCompilerFlag)
+check_pie_supported(LANGUAGES C CXX)
+if(NOT ZOF_SANITIZE AND CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$")
+  add_compile_options(-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+  add_link_options(-Wl,-z,relro -Wl,-z,now)
+  check_c_compiler_flag(-fcf-protection=full ZOF_HAS_CF_PROTECTION) # x86 only
+  if(ZOF_HAS_CF_PROTECTION)
+    add_compile_options(-fcf-protection=full)
+  endif()
+endif()
