@@ -12,6 +12,7 @@
 #include "project/zof_ver.h"
 
 int zof_run(int argc, char **argv) {
+    zof_system_start();
     if (zof_win_cmd(argc, argv) == 0) {
         return 0;
     }

@@ -12,13 +12,14 @@ void zof_main(void);
 
 // Handles the command line, brings the runtime up in its fixed order, calls zof_main and runs the main loop: one turn
 // of lv_timer_handler under dis_mutex, then sleep without it until a timer is due, the window has an event, a host's
-// command comes in, or another thread has held the lock. Main thread only, once. Returns 0 when the command line was a
-// build call, 1 when there is no project to show; otherwise never: closing the window ends the process.
+// command comes in, or another thread has held the lock. Main thread only, once. Returns 0 when zof_win_cmd did what
+// was asked, 1 when there is no project to show; otherwise never: closing the window ends the process.
 int zof_run(int argc, char **argv);
 
-// The build call `t <switch><stamp>`: argv[2] less its first two characters becomes "comp_time" of the project file at
-// ../../res; every other key stays. Prints nothing but faults of that file, which is then left as it was. -1: fewer
-// than two arguments, the user interface is to run. 0: the process is to stop, whatever came of it.
+// Answers `--help`, `-h`, `--version` and `-V`, and makes the build call `t <switch><stamp>`: argv[2] less its first two
+// characters becomes "comp_time" of the project file at ../../res; every other key stays, and only faults of that file are
+// printed, which is then left as it was. Returns 0 when the process is to stop, whatever came of it; -1 when the user
+// interface is to run.
 s32 zof_win_cmd(int argc, char **argv);
 
 ZOF_C_END

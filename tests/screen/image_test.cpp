@@ -30,6 +30,43 @@ TEST_CASE("an image is shown at its size, once in the middle, or all over its bo
     CHECK(screen_pixel(10, 10) == 0);
 }
 
+// By the suffix of what is written, PNG and LVGL's own kinds alike.
+TEST_CASE("a picture is drawn whatever the case of its suffix") {
+    view_project_t project;
+    project.image("RED.PNG", 20, 20, RED);
+    project.image("Green.Png", 320, 240, GREEN);
+    project.shown_keys = R"("bg_image": "Green.Png")";
+    project.show({ctrl(ZOF_CTRL_IMG, 1, R"("init_img": "RED.PNG", "img_mode_e": 0)", box(0, 0, 20, 20)),
+                  ctrl(ZOF_CTRL_IMGBTN, 2, R"("img_rel": "RED.PNG")", box(100, 100, 20, 20))});
+    screen_check({{10, 10, RED}, {110, 110, RED}, {200, 10, GREEN}});
+}
+
+// LVGL takes such a name for the address of a picture in memory and reads what lies there.
+TEST_CASE("a name that begins with a control character is no picture, wherever it is used") {
+    view_project_t project;
+    project.shown_keys = R"("bg_image": "\u0005:x.png")";
+    const std::string name = R"(: "\u0005:x.png")", style = R"({"style_part": 0, "img_t": {"bg_img")" + name + "}}";
+    const std::string said = project.show({
+        ctrl(ZOF_CTRL_IMG, 1, R"("init_img")" + name, box(0, 0, 20, 20), style),
+        ctrl(ZOF_CTRL_IMGBTN, 2, R"("img_rel")" + name + R"(, "img_pr")" + name, box(20, 0, 20, 20)),
+        ctrl(ZOF_CTRL_GIF, 3, R"("init_gif")" + name, box(40, 0, 20, 20)),
+        ctrl(ZOF_CTRL_ANIMIMG, 4, R"("start_id": 0, "end_id": 3, "frame_rate": 50, "img_dsc_t")" + name, box(60, 0, 20, 20)),
+        ctrl(ZOF_CTRL_ARC, 5, R"("arc_main_img")" + name + R"(, "arc_inc_img")" + name, box(80, 0, 40, 40)),
+        ctrl(ZOF_CTRL_LIST, 6, R"("items": [{"txt": "a", "image")" + name + "}]", box(120, 0, 40, 40)),
+    });
+    CHECK(contains(said, "a name with control characters is not opened"));
+    CHECK(!contains(said, "\x05"));
+    printed([] {
+        zof_view_set_bg(1, "\x05:x.png");
+        zof_view_set_bg(1, "\x05:.jpg");
+        zof_gif_set_src(at(3), "\x1f:x");
+        zof_imgbtn_set_image(at(2), 0, "\x01:x.png");
+        lv_animimg_set_src(at(4)->obj, "\x05:x", 3);
+        screen_step(200);
+    });
+    CHECK(screen_pixel(10, 10) == 0);
+}
+
 TEST_CASE("an image button shows the picture of its state, in the middle of its box") {
     view_project_t project;
     flags_up(project);

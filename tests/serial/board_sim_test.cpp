@@ -1,6 +1,7 @@
 // The virtual board: its box as pure functions, and its program as people start it.
 #include "zof_test.h"
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <map>
@@ -54,11 +55,13 @@ TEST_CASE("board: a rail ramps up behind its load, folds back at its limit, and 
     CHECK((s.regs[REG_OUT_STATE] == 0 && s.regs[REG_LIVE_MV] == 0));
 }
 
-// How the program ends, and what it prints on both channels.
-static std::string board_sim(const std::string &arguments) {
+// How a program ends, and what it prints on both channels: "1 board_sim: ...".
+static std::string tool(const std::string &arguments) {
     std::string text;
-    FILE *pipe = popen((ZOF_BUILD_DIR "/tools/board_sim " + arguments + " 2>&1").c_str(), "r");
-    REQUIRE(pipe);
+    FILE *pipe = popen((ZOF_BUILD_DIR "/tools/" + arguments + " 2>&1").c_str(), "r");
+    if (!pipe) {
+        return "it does not start";
+    }
     char part[512];
     for (size_t n; (n = fread(part, 1, sizeof(part), pipe)) > 0;) {
         text.append(part, n);
@@ -66,7 +69,38 @@ static std::string board_sim(const std::string &arguments) {
     return std::to_string(WEXITSTATUS(pclose(pipe))) + " " + text;
 }
 
-TEST_CASE("board: --help tells every fault, mistakes are told with their place, and a link replaces only a link") {
+static std::string board_sim(const std::string &arguments) {
+    return tool("board_sim " + arguments);
+}
+
+TEST_CASE("board and monitor refuse a line that is not a terminal, and leave it as it is") {
+    temp_project_t folder;
+    folder.write("file", "mine");
+    folder.write("recording", "# zof_monitor head=5AA5 crc=0\n0 host 5AA50311B106\n");
+    REQUIRE(mkfifo(folder.path("pipe").c_str(), 0600) == 0);
+    for (const std::string &line : {folder.path("file"), folder.path("pipe"), std::string("/dev/null"), folder.folder}) {
+        CAPTURE(line);
+        const std::string board = board_sim("--seconds 0.3 --tty " + line);
+        CHECK((board[0] == '1' && contains(board, line + ": ")));
+        const std::string monitor = tool("zof_monitor replay " + folder.path("recording") + " --panel " + line);
+        CHECK((monitor[0] == '2' && contains(monitor, line + ": ")));
+    }
+    CHECK(file_text(folder.path("file")) == "mine");
+}
+
+TEST_CASE("a pseudo-terminal that ended is not opened again by its number") {
+    wire near, far;
+    REQUIRE(wire_plug(far));
+    near.tty = far.slave_name;
+    REQUIRE(wire_plug(near));
+    wire_unplug(near);
+    CHECK(wire_plug(near)); // pulled by us it may come back
+    wire_unplug(far);
+    wire_lost(near);
+    CHECK((!wire_plug(near) && near.fd == -1));
+}
+
+TEST_CASE("board: --help lists every fault, mistakes are reported with their place, and a link replaces only a link") {
     const std::string help = board_sim("--help");
     CHECK(help[0] == '0');
     for (const fault_row &row : fault_rows) {

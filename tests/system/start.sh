@@ -1,6 +1,6 @@
 #!/bin/sh
-# The program's ways to start: without a project, with a broken one, as a build call, with one argument; and what
-# zof_ids says of a project that it cannot use.      usage: start.sh BUILD_FOLDER
+# The program's ways to start: without a project, with a broken one, as a build call, with one argument, for help, with a
+# log that nobody reads; and what zof_ids says of a project that it cannot use.      usage: start.sh BUILD_FOLDER
 . "$(dirname "$0")/lib.sh"
 build=$1
 mkdir -p "$work/a/b"
@@ -23,6 +23,10 @@ says "No work path found"
 project '{"views": [}'
 ends 1 "$build/panel/zof_bench"
 says "zofprj.g:1:12: parse error"
+[ "$(grep -c "parse error" "$work/out.log")" -eq 1 ] || fail "a fault of the project file is printed twice:"
+ends 0 "$build/panel/zof_bench" --help
+says "usage: "
+ends 0 "$build/panel/zof_bench" --version
 
 project '{"version": "1"}'
 ends 0 "$build/panel/zof_bench" x y
@@ -35,6 +39,9 @@ printf 'wait 100\r\n# a comment\nshot %s/empty.png\nquit  \n' "$work" >"$work/se
 ends 0 env ZOF_SCRIPT="$work/session" ZOF_COM6=/nowhere "$build/panel/zof_bench" t
 says "cannot open /nowhere"
 [ -s "$work/empty.png" ] || fail "there is no picture of the empty panel"
+rm "$work/empty.png"
+ZOF_SCRIPT="$work/session" SDL_VIDEODRIVER=offscreen timeout 60 "$build/panel/zof_bench" | true
+[ -s "$work/empty.png" ] || fail "the panel ended with the reader of its log"
 printf 'wait soon\n' >"$work/session"
 ends 2 env ZOF_SCRIPT="$work/session" "$build/panel/zof_bench"
 says "session:1: a number was expected"
@@ -52,14 +59,19 @@ refuses() {
     [ ! -e "$work/ids.h" ] || fail "ids were written"
 }
 control() { printf '{"property": {"pub_t": {"id": %s}}}' "$1"; }
-views='{"views": [{"pageId": 1, "pageName": "v.g"}]}'
+views='{"p_name": "Box 2", "views": [{"pageId": 1, "pageName": "v.g"}]}'
 good="{\"controls\": [$(control '7, "name": "a"')]}"
-refuses no "" "it is no JSON, or has no \`views\`"
+refuses no "" "zofprj.g:1:1: it is not JSON"
+refuses '[]' "" "zofprj.g:1:1: an object was expected"
+refuses '{}' "" "it has no \`views\`"
 refuses '{"views": [{"pageId": 1}]}' "" "a view has no \`pageId\` or no \`pageName\`"
-refuses "$views" "" "v.g: it is no JSON, or has no \`controls\`"
+refuses "$views" '{"view": {},
+"a": 1 "controls": []}' "v.g:2:8: it is not JSON from here on; is a comma missing?"
+refuses "$views" "{}" "v.g: it has no \`controls\`"
 refuses "$views" "{\"controls\": [$(control 1)]}" "a control has no"
 refuses "$views" "{\"controls\": [$(control '1, "name": "a b"'), $(control '2, "name": "A-B"')]}" "VIEW1_A_B_ID stands for two controls"
 refuses "$views" "{\"controls\": [$(control '7, "name": "a"'), $(control '7, "name": "b"')]}" "two controls have the id 7"
 refuses "$views" "$good" "it cannot be written" "$work/nowhere/ids.h"
 ends 0 "$build/tools/zof_ids" "$work/res" "$work/ids.h"
 grep -q 'VIEW1_A_ID = 7,' "$work/ids.h" || fail "the id is missing"
+grep -q '#ifndef ZOF_BOX_2_IDS_H' "$work/ids.h" || fail "the guard has not the project's name"

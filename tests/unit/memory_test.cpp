@@ -78,3 +78,14 @@ TEST_CASE("the log escapes control characters of what is inserted, keeps its own
     CHECK(contains(text, "\\x1f !"));
     CHECK(printed([] { zof_printf("one\ntwo\n"); }) == "one\ntwo\n\n");
 }
+
+TEST_CASE("free memory is the difference to the assumed total, below 0 too") {
+    zof_win_mem_total_set(1);
+    void *block = zof_malloc(3 << 20);
+    const s32 left = zof_mem_get_free();
+    CHECK((left < -(2 << 20) + 1 && left > -(3 << 20)));
+    zof_free(block);
+    CHECK(zof_mem_get_free() > 0);
+    zof_win_mem_total_set(65535);
+    CHECK(zof_mem_get_free() == INT32_MAX);
+}

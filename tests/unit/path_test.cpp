@@ -40,8 +40,7 @@ TEST_CASE("a drive letter leads beside the project, and naming it makes the fold
         CHECK(fs::is_empty(project.top + "/disk/" + drive));
     }
     CHECK(str(zof_fs_get_real_path("P:x")) == project.folder + "/../x");
-    const char *unknown = "X:a.png";
-    CHECK(zof_res_path_check(unknown, "image/") == unknown);
+    CHECK(contains(printed([] { CHECK(zof_res_path_check("X:a.png", "image/") == nullptr); }), "X:a.png: no such drive"));
     // A plain path that begins with a drive's letter, in the buffer in which a drive's base is built.
     CHECK(str(zof_fs_get_real_path(zof_res_file_path("D", "isk/", "x"))) == "Disk/x");
 
@@ -96,7 +95,8 @@ TEST_CASE("a file is written whole or not at all, and its kind is its suffix") {
     CHECK((!FileExist(project.path("a").c_str()) && !PathExist(path.c_str())));
     CHECK((zof_file_get_size(nullptr) == -1 && get_file_content("/none/at/all", text) == 0));
     CHECK((IsBinFile("b.c.BIN") && IsTTFFile("a.ttf") && IsJPGFile("a.JPG")));
-    for (const char *no : {(const char *)nullptr, "", "png", "./dir/name", "a.Png", "a.png.x"}) {
+    CHECK((IsPNGFile("a.Png") && IsMp3File("b.MP3")));
+    for (const char *no : {(const char *)nullptr, "", "png", "./dir/name", "a.pngx", "a.pn", "a.png.x"}) {
         CHECK(!IsPNGFile(no));
     }
 }
@@ -123,4 +123,48 @@ TEST_CASE("a pipe or a device in the place of a file is no file, and nothing wai
     fs::remove(project.path("config/project/zofprj.g"));
     REQUIRE(mkfifo(project.path("config/project/zofprj.g").c_str(), 0600) == 0);
     printed([&] { CHECK(project.open() == nullptr); });
+}
+
+TEST_CASE("names of projects and hosts lead nowhere but into the project and its drives, unless the project allows it") {
+    temp_project_t project;
+    const std::string outside = project.top + "/outside", deep = std::string("../") + "../../../../../../../etc/passwd";
+    fs::create_directories(outside);
+    std::ofstream(outside + "/a.png") << "x";
+    project.write("font/own.ttf", "x");
+    fs::create_directories(project.top + "/disk/T");
+    fs::create_directories(project.path("image"));
+    fs::create_symlink(outside, project.path("image/folder"));
+    fs::create_symlink(outside + "/a.png", project.path("image/file.png"));
+    fs::create_symlink("../font/own.ttf", project.path("image/inside.png"));
+    fs::create_symlink(outside, project.top + "/disk/U"); // where a medium really is
+    fs::create_symlink("/etc", project.top + "/disk/T/etc");
+    const struct {
+        const char *name;
+        bool passes, passes_allowed;
+    } rows[] = {
+        {"a/../b.png", true, true},        {"../font/own.ttf", true, true},  {"inside.png", true, true},
+        {"..\\x", true, true},             {"../../x", false, true},         {"a/../../../x", false, true},
+        {"..\\..\\x", false, true},      {deep.c_str(), false, true},      {"folder/a.png", false, true},
+        {"file.png", false, true},         {"folder/none.png", true, true},  {"U:a.png", true, true},
+        {"T:none", true, true},            {"T:../U/a.png", false, true},    {"T:etc/passwd", false, true},
+        {"P:res/font/own.ttf", true, true}, {"P:../x", false, true},         {"X:a", false, true},
+        {"\x05:x", false, false},          {"a\x1b[2J.png", false, false},   {"D:a\nb", false, false},
+    };
+    REQUIRE(project.open());
+    for (const bool allowed : {false, true}) {
+        zof_prj_get_cur()->attr->allow_outside = allowed;
+        for (const auto &row : rows) {
+            CAPTURE(row.name);
+            CAPTURE(allowed);
+            const char *path = nullptr;
+            const std::string log = printed([&] { path = zof_res_path_check(row.name, "image/"); });
+            CHECK((path != nullptr) == (allowed ? row.passes_allowed : row.passes));
+            CHECK(log.empty() == (path != nullptr));
+        }
+    }
+    zof_prj_get_cur()->attr->allow_outside = 0;
+    printed([] {
+        CHECK(zof_lang_set("../../../x") == -1);
+        CHECK(zof_res_get_theme_path("../../../x", ZOF_CTRL_LABEL) == nullptr);
+    });
 }

@@ -1,4 +1,4 @@
-// The build call: a build step stamps its time into the project file.
+// The command line: a build step stamps its time into the project file; help and version.
 #include "temp_project.h"
 #include "zof_test.h"
 
@@ -34,4 +34,20 @@ TEST_CASE("the build call replaces the build time, keeps every other key in its 
     std::filesystem::remove(file);
     CHECK(call(word, "-tnow", 3) == 0);
     CHECK(!std::filesystem::exists(file));
+}
+
+TEST_CASE("a question for help or the version is answered, and starts nothing") {
+    char program[] = "zof_bench";
+    const auto ask = [&](std::string word, s32 want) {
+        char *words[] = {program, word.data()};
+        return printed([&] { CHECK(zof_win_cmd(2, words) == want); });
+    };
+    for (const char *word : {"-h", "--help"}) {
+        const std::string help = ask(word, 0);
+        for (const char *part : {"usage: zof_bench", "--version", "ZOF_COM<P>", "ZOF_SCRIPT"}) {
+            CHECK(contains(help, part));
+        }
+    }
+    CHECK(ask("--version", 0) == "1.4.12-251024090648\n");
+    CHECK(ask("other", -1).empty());
 }

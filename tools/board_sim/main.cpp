@@ -281,6 +281,7 @@ static void receive() {
         }
         if (sim.line.fd >= 0 && (n == 0 || (errno != EAGAIN && errno != EINTR))) {
             say("line", "it is gone");
+            wire_lost(sim.line);
             unplug();
         }
         return;

@@ -105,23 +105,45 @@ static bool plug_pty(wire &w) {
     return link_set(w);
 }
 
-bool wire_plug(wire &w) {
-    if (w.fd >= 0) {
-        return true;
-    }
-    if (w.tty.empty()) {
-        if (!plug_pty(w)) {
-            wire_unplug(w);
-            return false;
-        }
-        return true;
+// A plain file would be overwritten with frames, and a device that is not a line may do anything once it is opened.
+static bool plug_tty(wire &w) {
+    struct stat st;
+    if (stat(w.tty.c_str(), &st) == 0 && !S_ISCHR(st.st_mode)) {
+        errno = ENOTTY;
+        return fail(w.tty);
     }
     w.fd = open(w.tty.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (w.fd < 0) {
         return fail(w.tty);
     }
+    if (!isatty(w.fd)) {
+        wire_unplug(w);
+        errno = ENOTTY;
+        return fail(w.tty);
+    }
+    char name[64];
+    w.is_pts = ttyname_r(w.fd, name, sizeof(name)) == 0 && strncmp(name, "/dev/pts/", 9) == 0;
     make_raw(w.fd, w.baud);
     return true;
+}
+
+bool wire_plug(wire &w) {
+    if (w.fd >= 0) {
+        return true;
+    }
+    if (!w.tty.empty()) {
+        return !w.ended && plug_tty(w);
+    }
+    if (!plug_pty(w)) {
+        wire_unplug(w);
+        return false;
+    }
+    return true;
+}
+
+void wire_lost(wire &w) {
+    w.ended = w.is_pts;
+    wire_unplug(w);
 }
 
 void wire_unplug(wire &w) {

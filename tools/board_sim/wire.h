@@ -35,6 +35,8 @@ struct wire {
     unsigned baud = 115200;
     std::string slave_name;
     bool linked = false; // `link` is ours to remove
+    bool is_pts = false; // the given line is a pseudo-terminal ...
+    bool ended = false;  // ... that has ended: its number may be another terminal's by now
     wire_faults faults;
     std::mt19937 random;
 
@@ -46,9 +48,13 @@ struct wire {
     uint64_t sent = 0, dropped = 0;
 };
 
-// Opens the line, or plugs it in again; false after a message.
+// Opens the line, or plugs it in again; false after a message: a given line has to be a terminal. A pseudo-terminal that
+// ended stays closed.
 bool wire_plug(wire &w);
 void wire_unplug(wire &w);
+
+// Closes a line whose far end has ended.
+void wire_lost(wire &w);
 
 // Gives bytes to the line, which treats them as its faults demand. `now_ms` is any clock that goes on.
 void wire_send(wire &w, const bytes &data, double now_ms);

@@ -19,9 +19,10 @@ static void name_make(char *name, const lv_animimg_t *anim, u8 type, u32 number)
 static void picture_show(lv_animimg_t *anim, u32 number) {
     char name[NAME_SIZE];
     name_make(name, anim, anim->type, number);
-    lv_img_set_src(&anim->img.obj, name);
-    if (anim->img.w == 0)
+    lv_img_set_src(&anim->img.obj, zof_res_picture_in(anim->path, name) ? name : nullptr);
+    if (anim->img.w == 0) {
         zof_img_missing(name);
+    }
 }
 
 static void play(lv_animimg_t *anim) {
@@ -89,13 +90,15 @@ lv_obj_t *lv_animimg_create(lv_obj_t *parent) {
 
 // The series' folder; null when it cannot be kept.
 static char *path_copy(const char *folder) {
-    if (!folder || strlen(folder) >= LV_ANIMIMG_PATH_SIZE) {
-        zof_printf("image sequence: %s", folder ? "the path of its folder is too long" : "no folder is given");
+    const bool usable = zof_res_is_picture_path(folder);
+    if (!usable || strlen(folder) >= LV_ANIMIMG_PATH_SIZE) {
+        zof_printf("image sequence: %s", usable ? "the path of its folder is too long" : "no folder is given");
         return nullptr;
     }
     char *path = (char *)zof_malloc(LV_ANIMIMG_PATH_SIZE);
-    if (path)
+    if (path) {
         strcpy(path, folder);
+    }
     return path;
 }
 

@@ -11,7 +11,7 @@ static void series_set(lv_obj_t *obj, const zof_animimg_attr_t *series) {
     anim->now = series->start_id;
     anim->end = series->end_id;
     anim->repeat_open = series->repeat_open;
-    lv_animimg_set_src(obj, zof_res_path_check(series->img_dsc_t, "image/"),
+    lv_animimg_set_src(obj, zof_res_picture_path(series->img_dsc_t),
                        (u32)series->end_id + 1 - series->start_id);
     lv_animimg_set_duration(obj, series->frame_rate);
     lv_animimg_set_repeat_count(obj, series->repeat_count);

@@ -101,13 +101,10 @@ void zof_obj_press_unlock(lv_obj_t *obj) {
 }
 
 char *zof_img_path_copy(const char *name) {
-    const char *path = zof_res_path_check(zof_lang_get_cur_str(name), "image/");
-    // LVGL takes a text that begins with a control character for a picture in memory.
-    if (zof_img_get_src_type(path) != 1)
-        return nullptr;
-    char *copy = zof_res_path_zof_malloc(path); // `path` lasts until the next one is made
-    if (zof_file_get_size(copy) < 0)
+    char *copy = zof_res_path_zof_malloc(zof_res_picture_path(zof_lang_get_cur_str(name)));
+    if (copy && zof_file_get_size(copy) < 0) {
         zof_img_missing(copy);
+    }
     return copy;
 }
 

@@ -35,10 +35,9 @@ static void event_played_out(lv_event_t *e) {
 
 // The count of a source that has just been set becomes the control's.
 static void src_set(lv_obj_t *obj, const char *name) {
-    const char *path = zof_res_path_check(name, "image/");
+    const char *path = zof_res_picture_path(name);
     lv_gif_t *gif = (lv_gif_t *)obj;
-    // LVGL takes a text that begins with a control character for a picture in memory.
-    lv_gif_set_src(obj, zof_img_get_src_type(path) == 1 ? path : nullptr);
+    lv_gif_set_src(obj, path);
     if (!gif->gif) {
         zof_img_missing(path);
         return;

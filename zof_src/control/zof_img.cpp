@@ -61,14 +61,15 @@ void zof_img_missing(const char *path) {
 
 s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name) {
     return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) {
-        const char *path = zof_res_path_check(zof_lang_get_cur_str(name), "image/");
-        bool is_file = zof_img_get_src_type(path) == 1;
-        lv_img_set_src(obj, is_file ? path : nullptr);
-        if (is_file && ((lv_img_t *)obj)->w == 0)
+        const char *path = zof_res_picture_path(zof_lang_get_cur_str(name));
+        lv_img_set_src(obj, path);
+        if (path && ((lv_img_t *)obj)->w == 0) {
             zof_img_missing(path);
-        if (is_file)
+        }
+        if (path) {
             return;
-        // Of no image LVGL keeps the former size, and paints "No data" there.
+        }
+        // Without an image LVGL keeps the old size, and paints "No data" there.
         ((lv_img_t *)obj)->w = 0;
         ((lv_img_t *)obj)->h = 0;
         lv_obj_refresh_self_size(obj);
@@ -117,5 +118,5 @@ s32 zof_img_set_pivot(zof_ctrl_t *ctrl, s32 x, s32 y) {
 }
 
 s32 zof_img_get_src_type(const char *text) {
-    return text && (s8)text[0] > 31 ? 1 : 0;
+    return zof_res_is_picture_path(text);
 }

@@ -64,7 +64,10 @@ u32 zof_sys_time_ms(void);
 // The desktop cannot reboot: says so and returns -1.
 s32 zof_reboot(void);
 
-// The name of the port; lives for ever.
+// First of all, before anything is printed: prepares the process, so that a log whose reader has gone does not end it.
+void zof_system_start(void);
+
+// The name of the operating system, "linux"; lives for ever.
 const char *zof_system_get_name(void);
 
 // Starts a thread and returns when it runs; null when it cannot be started. `name` is for debuggers. `stack`, in bytes,

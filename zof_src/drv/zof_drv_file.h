@@ -21,6 +21,9 @@ u8 *zof_file_read_all(const char *path, u32 most, u32 *size, const char **why);
 // made or emptied. For files that a person named; whatever must survive a power cut is written by zof_file_write.
 FILE *zof_file_write_open(const char *path, zof_bool keep);
 
+// Where a path leads when all links are followed, without "." and ".."; 0, or -1 when nothing is there or it does not fit.
+s32 zof_file_real_path(const char *path, char *out, size_t size);
+
 // The functions below are for media that strangers made, and follow no link.
 
 // ZOF_FILE_*: what stands under a name. Links, pipes, devices and sockets are ZOF_FILE_OTHER. A path that ends in a

@@ -131,15 +131,13 @@ static void add_fps(text_buf *buf) {
     text_add(buf, "fps: %d \n", fps);
 }
 
-// What a device of more than 2 GB has left is shown as the most that the number holds.
 static void add_memory(text_buf *buf) {
     char number[NUMBER_TEXT];
     const s32 used = (s32)zof_mem_get_used();
     _memsize_format(used, number);
     text_add(buf, "usedmem: %s B\n", number);
     zof_printf(" usedmem = %ld \n", (long)used);
-    const u32 free_bytes = zof_mem_get_free();
-    const s32 left = free_bytes > INT32_MAX ? INT32_MAX : (s32)free_bytes;
+    const s32 left = zof_mem_get_free();
     _memsize_format(left, number);
     text_add(buf, "sim freemem: %s B\n", number);
     zof_printf(" freemem = %ld \n", (long)left);

@@ -1,9 +1,10 @@
-// The one use of the command line: a build step stamps its time into the project file.
+// The command line: help, the version, and the call of a build step that stamps its time into the project file.
 #include <stdio.h>
 #include <string.h>
 
 #include "project/zof_j2s.h"
 #include "project/zof_res.h"
+#include "project/zof_ver.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_start.h"
 
@@ -19,7 +20,36 @@ static void stamp(cJSON *root, const char *time) {
     }
 }
 
+static bool is_word(const char *text, const char *a, const char *b) {
+    return strcmp(text, a) == 0 || strcmp(text, b) == 0;
+}
+
+// True when a question was answered.
+static bool question_answer(const char *program, const char *word) {
+    if (is_word(word, "-h", "--help")) {
+        zof_printf("usage: %s\n"
+                   "Shows the project res/config/project/zofprj.g, looked for two folders above and here.\n\n"
+                   "  -h, --help       prints this\n"
+                   "  -V, --version    prints the version of the runtime\n"
+                   "  t -tSTAMP        writes STAMP as \"comp_time\" into ../../res and ends\n\n"
+                   "Environment:\n"
+                   "  ZOF_COM<P>=PATH      the line behind serial port P\n"
+                   "  ZOF_SCRIPT=FILE      plays a session\n"
+                   "  ZOF_SHOTS=FOLDER     where its pictures go",
+                   program);
+        return true;
+    }
+    if (is_word(word, "-V", "--version")) {
+        zof_printf("%s", zof_sdk_get_version());
+        return true;
+    }
+    return false;
+}
+
 s32 zof_win_cmd(int argc, char **argv) {
+    if (argc == 2 && argv && argv[0] && argv[1] && question_answer(argv[0], argv[1])) {
+        return 0;
+    }
     if (argc < 3 || !argv) {
         return -1;
     }

@@ -1,10 +1,9 @@
 // PNG and JPEG files for LVGL, decoded by FFmpeg: faster than LVGL's own decoders, and for every kind of both.
-#include <string.h>
-
 #include "lvgl.h"
 #include "port/ff_media.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 // The picture whose size was asked for last. To tell a size is to decode it all: a PNG that breaks off is none. And
 // LVGL asks right before it opens a picture, so what was decoded for the question waits for that.
@@ -12,9 +11,8 @@ static AVFrame *asked;
 
 static bool image_open(ff_media *m, const char *path) {
     static const char *const extensions[] = {".png", ".jpg", ".jpeg"};
-    const char *dot = strrchr(path, '.');
     for (const char *extension : extensions) {
-        if (dot && strcmp(dot, extension) == 0) {
+        if (zof_suffix_is(path, extension)) {
             if (!ff_open(m, ff_source_lvgl(path), extension, false)) {
                 return false;
             }

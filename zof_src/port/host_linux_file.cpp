@@ -72,6 +72,22 @@ FILE *zof_host_file_create(const char *path) {
     return f;
 }
 
+// The kernel has resolved the path once it is open: three calls, however long the path.
+s32 zof_host_real_path(const char *path, char *out, size_t size) {
+    const int fd = open(path, O_PATH | O_CLOEXEC);
+    char link[40];
+    snprintf(link, sizeof(link), "/proc/self/fd/%d", fd);
+    const ssize_t n = fd >= 0 ? readlink(link, out, size) : -1;
+    if (fd >= 0) {
+        close(fd);
+    }
+    if (n < 0 || (size_t)n >= size) {
+        return -1;
+    }
+    out[n] = '\0';
+    return 0;
+}
+
 u32 zof_host_process_id(void) {
     return (u32)getpid();
 }

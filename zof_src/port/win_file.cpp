@@ -63,6 +63,10 @@ u8 *zof_file_read_all(const char *path, u32 most, u32 *size, const char **why) {
     return content;
 }
 
+s32 zof_file_real_path(const char *path, char *out, size_t size) {
+    return path && out && size ? zof_host_real_path(path, out, size) : -1;
+}
+
 FILE *zof_file_open(const char *path) {
     return path ? zof_host_file_open(path) : nullptr;
 }

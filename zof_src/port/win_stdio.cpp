@@ -86,12 +86,16 @@ u32 zof_sys_time_ms(void) {
 }
 
 s32 zof_reboot(void) {
-    zof_printf("windows app reboot\n");
+    zof_printf("%s app reboot\n", zof_host_name());
     return -1;
 }
 
+void zof_system_start(void) {
+    zof_host_start();
+}
+
 const char *zof_system_get_name(void) {
-    return "windows";
+    return zof_host_name();
 }
 
 // Not monotonic, on purpose: the reader of a serial line (1) runs high, all others low.

@@ -19,6 +19,10 @@ void zof_clock_set(const zof_clock_t *clock);
 u32 zof_host_time_ms(void);
 void zof_host_delay_ms(u32 ms);
 
+// For zof_system_start and zof_system_get_name.
+void zof_host_start(void);
+const char *zof_host_name(void);
+
 // Date and time of the place where the host stands. 0, or -1 when they cannot be had.
 s32 zof_host_local_time(zof_rtc_time_t *out);
 
@@ -42,6 +46,7 @@ u32 zof_host_file_kind(const char *path);
 FILE *zof_host_file_read_open(const char *path);
 FILE *zof_host_file_write_open(const char *path, zof_bool keep);
 FILE *zof_host_file_open(const char *path);
+s32 zof_host_real_path(const char *path, char *out, size_t size);
 FILE *zof_host_file_create(const char *path);
 u32 zof_host_process_id(void);
 zof_bool zof_host_process_runs(u32 id); // the asking process is one that runs

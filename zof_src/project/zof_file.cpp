@@ -1,11 +1,10 @@
 // Small questions about files on the host, by plain paths.
 #include <cstdio>
-#include <cstring>
 
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
 #include "project/zof_res.h"
-#include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 // Opened for writing on purpose: a project that cannot be written back is passed over when the work path is looked for.
 zof_bool FileExist(const char *path) {
@@ -44,36 +43,31 @@ u32 get_file_content(const char *path, void *buf) {
     return count;
 }
 
-static bool suffix_is(const char *name, const char *a, const char *b) {
-    const char *suffix = name ? std::strrchr(name, '.') : nullptr;
-    return suffix && (std::strcmp(suffix, a) == 0 || std::strcmp(suffix, b) == 0);
-}
-
 zof_bool IsBinFile(const char *name) {
-    return suffix_is(name, ".BIN", ".bin");
+    return zof_suffix_is(name, ".bin");
 }
 
 zof_bool IsMp3File(const char *name) {
-    return suffix_is(name, ".mp3", ".MP3");
+    return zof_suffix_is(name, ".mp3");
 }
 
 zof_bool IsMp4File(const char *name) {
-    return suffix_is(name, ".mp4", ".MP4");
+    return zof_suffix_is(name, ".mp4");
 }
 
 zof_bool IsTTFFile(const char *name) {
-    return suffix_is(name, ".TTF", ".ttf");
+    return zof_suffix_is(name, ".ttf");
 }
 
 zof_bool IsPNGFile(const char *name) {
-    return suffix_is(name, ".PNG", ".png");
+    return zof_suffix_is(name, ".png");
 }
 
 zof_bool IsBMPFile(const char *name) {
-    return suffix_is(name, ".BMP", ".bmp");
+    return zof_suffix_is(name, ".bmp");
 }
 
 // ".jpeg" is deliberately not one: the device's decoder goes by the three letters.
 zof_bool IsJPGFile(const char *name) {
-    return suffix_is(name, ".JPG", ".jpg");
+    return zof_suffix_is(name, ".jpg");
 }

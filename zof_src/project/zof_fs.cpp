@@ -13,7 +13,7 @@ s32 zof_fs_path_check(const char *path) {
     return path && path[0] != '\0' && path[1] == ':' ? 0 : -1;
 }
 
-static const char *drive_base(char letter) {
+const char *zof_fs_drive_base(char letter) {
     switch (letter) {
     case 'D':
         return zof_res_get_prjfile_path("../disk/", "D/");
@@ -48,7 +48,7 @@ static void folders_make(size_t length) {
 
 const char *zof_fs_get_real_path(const char *path) {
     // The colon is looked at first: building the base overwrites the path buffer, in which a plain path may lie.
-    const char *base = zof_fs_path_check(path) == 0 ? drive_base(path[0]) : nullptr;
+    const char *base = zof_fs_path_check(path) == 0 ? zof_fs_drive_base(path[0]) : nullptr;
     if (!base) {
         return path;
     }

@@ -20,11 +20,14 @@ typedef struct {
 char *GetJsonFile(const char *path);
 void Freebuff(void *buf);
 
-// Reads and parses; a file that is not there is no news, one that does not parse gets its line.
+// Reads and parses; a file that is not there passes in silence, one that does not parse gets its line.
 zof_rootjson_t RootJsonGet(const char *path);
 
 // The same for a file that has to be there: its absence gets a line too.
 zof_rootjson_t zof_j2s_open(const char *path);
+
+// The same without any line, for a look at a file whose faults are reported elsewhere.
+zof_rootjson_t zof_j2s_peek(const char *path);
 
 // Releases both and sets them to null.
 void RootJsonDel(zof_rootjson_t *json);

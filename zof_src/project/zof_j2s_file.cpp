@@ -15,33 +15,36 @@ static long size_of(FILE *file) {
     return size > INT32_MAX ? -1 : size;
 }
 
-static char *read_all(FILE *file, const char *path) {
-    long size = size_of(file);
-    if (size < 0) {
-        zof_printf("%s: read error!\n", path);
-        return nullptr;
-    }
-    // One byte more than the file, and zeroed: the text carries its terminator.
-    auto *text = static_cast<char *>(zof_malloc(static_cast<size_t>(size) + 1));
-    if (!text) {
-        zof_printf("%s: err:zof_malloc error!\n", path);
-        return nullptr;
-    }
-    if (std::fread(text, 1, static_cast<size_t>(size), file) < 1) {
-        zof_printf("%s: read error!\n", path);
+// The whole file as a text; null and the reason when it cannot be had.
+static char *read_all(FILE *file, const char **why) {
+    const long size = size_of(file);
+    // One byte more than the file, and zeroed: the text has its terminator.
+    auto *text = size < 0 ? nullptr : static_cast<char *>(zof_malloc(static_cast<size_t>(size) + 1));
+    *why = size >= 0 && !text ? "err:zof_malloc error!" : "read error!";
+    if (text && std::fread(text, 1, static_cast<size_t>(size), file) < 1) {
         zof_free(text);
-        return nullptr;
+        text = nullptr;
     }
     return text;
 }
 
-char *GetJsonFile(const char *path) {
+static char *file_text(const char *path, const char **why) {
     FILE *file = zof_file_read_open(path);
+    *why = nullptr;
     if (!file) {
         return nullptr;
     }
-    char *text = read_all(file, path);
+    char *text = read_all(file, why);
     std::fclose(file);
+    return text;
+}
+
+char *GetJsonFile(const char *path) {
+    const char *why = nullptr;
+    char *text = file_text(path, &why);
+    if (!text && why) {
+        zof_printf("%s: %s\n", path, why);
+    }
     return text;
 }
 
@@ -92,11 +95,19 @@ zof_rootjson_t RootJsonGet(const char *path) {
 }
 
 zof_rootjson_t zof_j2s_open(const char *path) {
-    char *text = GetJsonFile(path);
+    const char *why = nullptr;
+    char *text = file_text(path, &why);
     if (!text) {
-        zof_printf("%s: cannot be read\n", path ? path : "");
+        zof_printf("%s: %s\n", path ? path : "", why ? why : "cannot be read");
     }
     return root_of(path, text);
+}
+
+zof_rootjson_t zof_j2s_peek(const char *path) {
+    const char *why = nullptr;
+    zof_rootjson_t json = {file_text(path, &why), nullptr};
+    json.root = json.content ? cJSON_Parse(json.content) : nullptr;
+    return json;
 }
 
 void RootJsonDel(zof_rootjson_t *json) {

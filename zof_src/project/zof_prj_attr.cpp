@@ -71,6 +71,7 @@ const reflect_item_t zof_prj_attr_t_tbl[] = {
     CSON_INT(zof_prj_attr_t, rotate),
     CSON_INT(zof_prj_attr_t, show_en),
     CSON_INT(zof_prj_attr_t, win_mem),
+    CSON_INT(zof_prj_attr_t, allow_outside),
     CSON_OBJ(zof_prj_attr_t, hw_t, zof_prj_hw_attr_t_tbl),
     CSON_OBJ(zof_prj_attr_t, func_t, zof_func_t_tbl),
     CSON_END,

@@ -60,6 +60,7 @@ typedef struct {
     u32 rotate;
     u16 show_en;
     u16 win_mem;
+    u8 allow_outside;
     zof_prj_hw_attr_t hw_t;
     zof_func_t func_t;
 } zof_prj_attr_t;

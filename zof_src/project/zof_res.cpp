@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "project/zof_ctrl_attr.h"
+#include "project/zof_path_in.h"
 #include "project/zof_prj.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -76,8 +77,24 @@ const char *zof_res_get_prj_path(void) {
     return prj ? prj->path : nullptr;
 }
 
+// The path itself, or null, with a line, when links lead out of the folder.
+static char *linked_inside(char *path, const char *folder) {
+    if (path_stays_inside(path, folder)) {
+        return path;
+    }
+    zof_printf("%s: a link leads out of the project, not opened", path);
+    return nullptr;
+}
+
+// A folder of ours that leads out of the project, as those of the drives do, is no business of the links' check.
 char *zof_res_get_prjfile_path(const char *dir, const char *name) {
-    return zof_res_file_path(zof_res_get_prj_path(), dir, name);
+    if (!path_name_passes(dir, name)) {
+        return nullptr;
+    }
+    const char *project = zof_res_get_prj_path();
+    char *path = zof_res_file_path(project, dir, name);
+    const bool ours = dir && std::strncmp(dir, "../", 3) == 0;
+    return ours ? path : linked_inside(path, project);
 }
 
 // True when the pieces fit the local buffer; a line when they do not.
@@ -104,12 +121,40 @@ char *zof_res_get_theme_path(const char *theme, u32 type) {
     return local_name(whole, file, ".g", "") ? zof_res_get_prjfile_path("config/theme/", whole) : nullptr;
 }
 
+// P is the folder above the project's files.
+static char *drive_path(const char *name) {
+    char letter[3] = {name[0], ':', '\0'};
+    if (!path_name_passes(nullptr, letter) || !path_name_passes(letter, name + 2)) {
+        return nullptr;
+    }
+    auto *path = const_cast<char *>(zof_fs_get_real_path(name));
+    const char *base = zof_fs_drive_base(name[0]);
+    if (!base && !path_outside_allowed()) {
+        zof_printf("%s: no such drive", name);
+        return nullptr;
+    }
+    const char *folder = base && name[0] == 'P' ? zof_res_file_path(base, "..", nullptr) : base;
+    return linked_inside(path, folder);
+}
+
 char *zof_res_path_check(const char *name, const char *dir) {
     if (!name) {
         return nullptr;
     }
-    return zof_fs_path_check(name) == 0 ? const_cast<char *>(zof_fs_get_real_path(name))
-                                        : zof_res_get_prjfile_path(dir, name);
+    return zof_fs_path_check(name) == 0 ? drive_path(name) : zof_res_get_prjfile_path(dir, name);
+}
+
+const char *zof_res_picture_path(const char *name) {
+    const char *path = zof_res_path_check(name, "image/");
+    return zof_res_is_picture_path(path) ? path : nullptr;
+}
+
+zof_bool zof_res_is_picture_path(const char *path) {
+    return path && path[0] >= ' ' && path[0] < 0x7F;
+}
+
+zof_bool zof_res_picture_in(const char *folder, const char *path) {
+    return path_stays_inside(path, folder);
 }
 
 void zof_res_check_path(char *text) {

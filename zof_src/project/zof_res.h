@@ -24,7 +24,8 @@ char *zof_res_file_path(const char *a, const char *b, const char *c);
 // The current project's folder with its "/", owned by the project; null without one.
 const char *zof_res_get_prj_path(void);
 
-// Project folder + dir + name. Null without a project.
+// Project folder + dir + name. Null without a project, and, with a line, for a name that has control characters or leads
+// out of the project, by ".." or through links, unless the project file says "allow_outside": 1.
 char *zof_res_get_prjfile_path(const char *dir, const char *name);
 
 // Project folder + dir + name + ".g"; null too for a null name, and for one of more than 47 bytes.
@@ -33,9 +34,20 @@ char *zof_res_get_g_file_path(const char *dir, const char *name);
 // The theme file of a control type; null for a null theme or an unknown type.
 char *zof_res_get_theme_path(const char *theme, u32 type);
 
-// The entry for every resource that a project names: "D:x" and its like through the drives, anything else from the
-// folder of its kind, for instance "image/". Null for null.
+// The entry for every resource that a project or a host names: "D:x" and its like through the drives, anything else from
+// the folder of its kind, for instance "image/". Null for null, and, with a line, for a name that leads out of the project
+// and the drive's folder or names an unknown drive, as above.
 char *zof_res_path_check(const char *name, const char *dir);
+
+// The same for what LVGL opens as a picture, a GIF or a folder of pictures; every such source passes here. Null too for a
+// path that LVGL would take for a picture in memory or a symbol, which it does by the first byte.
+const char *zof_res_picture_path(const char *name);
+
+// True for what LVGL takes for a path: its first byte is printing ASCII.
+zof_bool zof_res_is_picture_path(const char *path);
+
+// True when a picture of a folder that zof_res_picture_path found is in it, not behind a link that leads elsewhere.
+zof_bool zof_res_picture_in(const char *folder, const char *path);
 
 // Makes every backslash a "/", in place.
 void zof_res_check_path(char *text);
@@ -59,6 +71,9 @@ s32 zof_fs_path_check(const char *path);
 // the folder above. Naming a drive makes its folder. Any other path comes back as it is. Another buffer than the paths
 // above, 500 bytes; null, with a line, when that is too small: whoever opens files has to expect it.
 const char *zof_fs_get_real_path(const char *path);
+
+// The folder of a drive, in the shared path buffer; null for a letter that is not a drive.
+const char *zof_fs_drive_base(char letter);
 
 // Files through LVGL's file layer, on plain and drive paths. Opened handles are released by the close. Open gives null
 // on failure; read and write give the bytes done, tell the position, the others 0; failures are negative. Closing null
@@ -89,7 +104,7 @@ s32 zof_file_write(const char *path, const void *data, size_t size);
 // Reads the whole file into `buf`, which has room for zof_file_get_size bytes; the count read, 0 on failure.
 u32 get_file_content(const char *path, void *buf);
 
-// By what stands behind the last dot, all upper or all lower case.
+// By what stands behind the last dot, in upper or lower case.
 zof_bool IsBinFile(const char *name);
 zof_bool IsMp3File(const char *name);
 zof_bool IsMp4File(const char *name);

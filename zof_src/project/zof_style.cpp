@@ -59,15 +59,13 @@ static void text_fill(lv_style_t *lv, const zof_text_dis_t *text) {
 }
 
 static void image_fill(lv_style_t *lv, const zof_img_dis_t *image) {
-    if (!image->bg_img)
+    if (!image->bg_img) {
         return;
-    const char *path = zof_res_path_check(zof_lang_get_cur_str(image->bg_img), "image/");
-    // LVGL takes a text that begins with a control character for a picture in memory.
-    if (!path || (s8)path[0] <= 31)
-        return;
-    char *copy = zof_res_path_zof_malloc(path);
-    if (copy)
+    }
+    char *copy = zof_res_path_zof_malloc(zof_res_picture_path(zof_lang_get_cur_str(image->bg_img)));
+    if (copy) {
         lv_style_set_bg_img_src(lv, copy);
+    }
 }
 
 s32 zof_style_get_lv_value(zof_style_attr_t *style, lv_style_t *lv_style) {

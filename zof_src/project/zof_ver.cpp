@@ -1,4 +1,4 @@
-// Versions: the runtime's own, and those that the project file tells.
+// Versions: the runtime's own, and those in the project file.
 #include "project/zof_ver.h"
 
 #include <cstdio>
@@ -25,7 +25,8 @@ const char *zof_ver_get_str(void) {
     return zof_sdk_get_version();
 }
 
-// The banner wants it before there is a project object, so the file is looked for and read here.
+// The banner needs it before there is a project object, so the file is looked for and read here. Its faults are reported
+// when the project is opened.
 const char *zof_fw_get_version(void) {
     if (versions.fw) {
         return versions.fw;
@@ -34,7 +35,7 @@ const char *zof_fw_get_version(void) {
     if (!folder) {
         return nullptr;
     }
-    zof_rootjson_t file = RootJsonGet(zof_res_file_path(folder, "config/project/", "zofprj.g"));
+    zof_rootjson_t file = zof_j2s_peek(zof_res_file_path(folder, "config/project/", "zofprj.g"));
     versions.fw = zof_res_path_zof_malloc(cJSON_GetStringValue(cJSON_GetObjectItem(file.root, "version")));
     RootJsonDel(&file);
     return versions.fw;

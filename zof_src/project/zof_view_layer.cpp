@@ -75,19 +75,25 @@ s32 zof_view_set_layer(u32 id, u32 layer) {
 }
 
 void zof_view_set_bg_img(zof_view_node_t *node, const char *image) {
-    const char *path = zof_res_path_check(image, "image/");
-    if (image && (IsJPGFile(image) || IsPNGFile(image))) {
-        if (!node->bg_obj)
+    const char *path = zof_res_picture_path(image);
+    if (image && !path) {
+        return;
+    }
+    if (IsJPGFile(image) || IsPNGFile(image)) {
+        if (!node->bg_obj) {
             node->bg_obj = lv_img_create(node->obj);
-        if (!node->bg_obj || !path)
+        }
+        if (!node->bg_obj) {
             return;
+        }
         lv_img_set_src(node->bg_obj, path);
         lv_obj_align(node->bg_obj, LV_ALIGN_TOP_LEFT, 0, 0);
         lv_obj_move_to_index(node->bg_obj, 0);
         return;
     }
-    if (zof_drv_disp_set_bg(path) != 0 || !node->bg_obj)
+    if (zof_drv_disp_set_bg(path) != 0 || !node->bg_obj) {
         return;
+    }
     lv_obj_del(node->bg_obj);
     node->bg_obj = nullptr;
 }

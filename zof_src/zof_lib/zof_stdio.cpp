@@ -3,6 +3,7 @@
 // proved.
 #include "zof_lib/zof_stdio.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <cstring>
@@ -116,11 +117,10 @@ u32 zof_mem_get_used(void) {
     return own + lv;
 }
 
-u32 zof_mem_get_free(void) {
-    u64 total = static_cast<u64>(memory.g_win_mem_total.load()) << 20;
-    u64 used = static_cast<u64>(memory.zof_mem_size.load()) + memory.zof_mem_size1.load();
-    u64 left = total > used ? total - used : 0;
-    return left > UINT32_MAX ? UINT32_MAX : static_cast<u32>(left);
+s32 zof_mem_get_free(void) {
+    const s64 total = static_cast<s64>(memory.g_win_mem_total.load()) << 20;
+    const s64 used = static_cast<s64>(memory.zof_mem_size.load() + memory.zof_mem_size1.load());
+    return static_cast<s32>(std::clamp<s64>(total - used, INT32_MIN, INT32_MAX));
 }
 
 void zof_win_mem_total_set(u32 mb) {

@@ -33,8 +33,8 @@ void zof_lv_free(void *p);
 // Bytes in use by both families together; logs one line at each call.
 u32 zof_mem_get_used(void);
 
-// What is left of the assumed total; 0 when more is in use than that.
-u32 zof_mem_get_free(void);
+// What is left of the assumed total, in bytes; negative when more is in use than that. Saturates at the ends of s32.
+s32 zof_mem_get_free(void);
 
 // The memory that the device is assumed to have, in megabytes; 10 at start. 0 is ignored.
 void zof_win_mem_total_set(u32 mb);

@@ -1,6 +1,8 @@
 // Byte order and small text helpers. zof_atoi is our own because the C library's is undefined where this saturates.
 #include "zof_lib/zof_util.h"
 
+#include <string.h>
+
 void byte_rev(u8 *buf, u32 len) {
     if (!buf || len < 2) {
         return;
@@ -26,6 +28,20 @@ u32 charCount(const char *text, char c) {
         count += *text == c;
     }
     return count;
+}
+
+static char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? (char)(c - 'A' + 'a') : c;
+}
+
+zof_bool zof_suffix_is(const char *text, const char *suffix) {
+    const char *at = text ? strrchr(text, '.') : nullptr;
+    if (!at || !suffix) {
+        return ZOF_FALSE;
+    }
+    for (; *at && lower(*at) == lower(*suffix); at++, suffix++) {
+    }
+    return !*at && !*suffix;
 }
 
 s32 zof_atoi(const char *text) {

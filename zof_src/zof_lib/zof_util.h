@@ -18,6 +18,9 @@ u32 zof_rev32(u32 v);
 // How many bytes of the text equal `c`; 0 for null.
 u32 charCount(const char *text, char c);
 
+// True when the text ends with `suffix`, which begins with a dot, in upper or lower case. False for null.
+zof_bool zof_suffix_is(const char *text, const char *suffix);
+
 // A decimal number with an optional sign, up to the first character that is no digit. Blanks are not skipped: they,
 // like any other first character, give 0. Saturates at the ends of s32. Null gives 0.
 s32 zof_atoi(const char *text);
