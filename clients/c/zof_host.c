@@ -1,7 +1,7 @@
 // Three machines that meet in one structure: the receiver cuts frames out of bytes, the queue holds what is to be sent,
 // and the pace lets one frame out at a time. A frame that is answered stays at the queue's head until it is, so that
-// its own bytes are what an answer is compared with; nothing is sent behind it. That costs a few milliseconds for each
-// read and buys an order that cannot be mistaken: the panel numbers nothing.
+// its own bytes are what an answer is compared with, and what is sent again; nothing is sent behind it. That costs a
+// round trip for each read and buys an order that cannot be mistaken: the panel numbers nothing.
 #include "zof_host.h"
 
 #include <string.h>
@@ -11,6 +11,11 @@ enum { OWN_NONE, OWN_VIEW, OWN_SYSTEM }; // barriers of the library's own
 enum { BUFFER_MIN = 16, BUFFER_MAX = 0x7FFF, QUEUE_MORE = 1024, BARRIER_SIZE = 8 };
 enum { SYSTEM_TYPE = 0xB0, VIEW_TYPE = 0xB1, CONTROL_TYPE = 0xB2, POWER_ON = 0x01, TOUCH = 0x04 };
 enum { LONG_FORM = 0x80, SHORT_MAX = 0x7F, CRC_SIZE = 2, READ_CHUNK = 16, GAP_MS = 50, REPORT_FLAGS = 0x70 };
+enum { RESTORE_NONE, RESTORE_ASK, RESTORE_SEND, RESTORE_WAIT };
+
+// Bytes that are no head go out in front of each frame: one, which ends what a disturbed line has left of the last
+// frame, and after a time-out as many as a false head may make the panel wait for.
+enum { FILL = 1, FILL_FLUSH = 256, FILL_CHUNK = 16, TRIES = 3 };
 
 // A frame in `tx`: one byte of what is known of it, then the frame. Its operation always lies 5 bytes in, whatever its
 // form, so a frame can be laid down before its length is known; the short form leaves one byte in front unused.
@@ -21,13 +26,14 @@ int zof_host_init(zof_host_t *h) {
         return ZOF_HOST_BAD;
     }
     h->noise = h->late = 0;
-    h->now = h->rx_at = h->since = h->started = h->quiet = h->wait = h->build_code = 0;
-    h->rx_have = h->tx_head = h->tx_used = h->build = h->cur_at = h->cur_size = h->sent = h->in_flight = 0;
+    h->now = h->rx_at = h->since = h->started = h->wait = h->build_code = 0;
+    h->rx_have = h->tx_head = h->tx_used = h->build = h->cur_at = h->cur_size = h->sent = h->in_flight = h->fill = 0;
     h->limit = h->buffsize > 0xFFFF - QUEUE_MORE ? 0xFFFF : (uint16_t)(h->buffsize + QUEUE_MORE);
     h->next = h->first = 1;
     h->state = IDLE;
     h->own = OWN_NONE;
-    h->inside = h->reports = h->build_op = h->build_bad = 0;
+    h->restore = RESTORE_NONE;
+    h->once = h->flush = h->tried = h->step = h->inside = h->reports = h->build_op = h->build_bad = 0;
     h->ready = h->rx && h->tx && h->write && h->rx_size >= BUFFER_MIN && h->rx_size <= BUFFER_MAX &&
                h->tx_size >= BUFFER_MIN && h->tx_size <= BUFFER_MAX && h->head_fh != h->head_fl;
     return h->ready ? ZOF_HOST_DONE : ZOF_HOST_BAD;
@@ -199,7 +205,7 @@ static void pop(zof_host_t *h) {
 }
 
 // Callbacks
-static void tell(zof_host_t *h, uint8_t kind, const uint8_t *touch) {
+static void event_send(zof_host_t *h, uint8_t kind, const uint8_t *touch) {
     zof_host_event_t event = {kind, 0, 0, 0};
     if (touch) {
         event.state = touch[0];
@@ -295,25 +301,75 @@ static uint16_t echo_of(const zof_host_t *h, uint8_t op, const uint8_t *payload,
     return echo;
 }
 
-static void answered(zof_host_t *h, uint8_t op, const uint8_t *data, uint16_t size) {
-    h->state = IDLE;
-    if (current_payload(h, 0) != SYSTEM_TYPE) {
-        h->in_flight = 0; // it stood behind them all
-    }
-    if (h->own) {
-        h->own = OWN_NONE;
-    } else {
-        report(h, op == ZOF_HOST_WRITE && data[0] ? ZOF_HOST_NO : ZOF_HOST_DONE, data, size);
+static uint8_t is_system(const zof_host_t *h) {
+    return current_payload(h, 0) == SYSTEM_TYPE;
+}
+
+// Answers to the same bytes may still be on their way. A barrier of another row, in the same queue, comes behind them
+// all; if it is not answered either, its time-out is the time to wait.
+static void late_ones_pass(zof_host_t *h, uint8_t system) {
+    h->own = system ? OWN_SYSTEM : OWN_VIEW;
+    h->once = 1;
+}
+
+// The open request ends; what was sent more than once may be answered more than once.
+static void request_end(zof_host_t *h, int8_t result, const uint8_t *data, uint16_t size) {
+    const uint8_t system = is_system(h), late = h->tried || result == ZOF_HOST_TIMEOUT;
+    h->tried = 0;
+    report(h, result, data, size);
+    if (late) {
+        late_ones_pass(h, system);
     }
 }
 
+static void own_ends(zof_host_t *h) {
+    h->own = OWN_NONE;
+    h->once = 0;
+}
+
+static void answered(zof_host_t *h, uint8_t op, const uint8_t *data, uint16_t size) {
+    const uint8_t own = h->own;
+    h->state = IDLE;
+    if (!is_system(h)) {
+        h->in_flight = 0; // it stood behind them all
+    }
+    if (!own) {
+        request_end(h, op == ZOF_HOST_WRITE && data[0] ? ZOF_HOST_NO : ZOF_HOST_DONE, data, size);
+        return;
+    }
+    own_ends(h);
+    if (h->restore == RESTORE_WAIT) {
+        h->restore = RESTORE_NONE;
+        event_send(h, ZOF_HOST_RESTORED, 0);
+    }
+}
+
+// A read is sent again while it has tries left; everything else ends.
+static void unanswered(zof_host_t *h) {
+    const uint8_t tries = h->tries ? h->tries : (uint8_t)TRIES;
+    h->state = IDLE;
+    if (current_op(h) == ZOF_HOST_READ && h->tried + 1 < tries) {
+        h->tried++;
+        return;
+    }
+    request_end(h, ZOF_HOST_TIMEOUT, 0, 0);
+}
+
+// What was open has gone with the panel's last life.
 static void powered_on(zof_host_t *h) {
     h->in_flight = 0;
-    if (h->own && h->state != SENDING) { // there is nothing left to ask for
-        h->own = OWN_NONE;
+    if (h->state == WAITING && h->own) {
+        own_ends(h);
         h->state = IDLE;
+    } else if (h->state == WAITING) {
+        unanswered(h);
+        own_ends(h); // nothing is late
+    } else if (h->state == IDLE) {
+        own_ends(h);
     }
-    tell(h, ZOF_HOST_POWER_ON, 0);
+    h->restore = h->on_restart ? RESTORE_ASK : RESTORE_NONE;
+    h->step = 0;
+    event_send(h, ZOF_HOST_POWER_ON, 0);
 }
 
 static void rx_frame(zof_host_t *h, uint8_t op, const uint8_t *payload, uint16_t size) {
@@ -325,7 +381,7 @@ static void rx_frame(zof_host_t *h, uint8_t op, const uint8_t *payload, uint16_t
         powered_on(h);
     } else if (event && size == 8 && payload[1] == TOUCH && payload[2] == 1) {
         h->reports = 1;
-        tell(h, ZOF_HOST_TOUCH, payload + 3);
+        event_send(h, ZOF_HOST_TOUCH, payload + 3);
     } else {
         h->late++;
     }
@@ -360,7 +416,7 @@ void zof_host_feed(zof_host_t *h, const uint8_t *bytes, uint16_t size, uint32_t 
     }
 }
 
-// At most one buffer's worth, so that a line that never ends cannot hold the caller.
+// At most one buffer's worth, so that a line that never falls silent cannot hold the caller.
 static void rx_fetch(zof_host_t *h) {
     uint8_t chunk[READ_CHUNK];
     for (uint16_t have = 0; h->read && have < h->rx_size; have = (uint16_t)(have + READ_CHUNK)) {
@@ -396,38 +452,60 @@ static void start(zof_host_t *h) {
         h->cur_at = ring(h, h->tx_head, h->tx[h->tx_head] & META_SHORT ? 2 : 1);
         const uint8_t l = current(h, 2);
         h->cur_size = l & LONG_FORM ? (uint16_t)(((l & SHORT_MAX) << 8 | current(h, 3)) + 4) : (uint16_t)(l + 3);
-        if (current_payload(h, 0) != SYSTEM_TYPE && (uint32_t)h->in_flight + h->cur_size + BARRIER_SIZE > h->limit) {
+        if (!is_system(h) && (uint32_t)h->in_flight + h->cur_size + BARRIER_SIZE > h->limit) {
             h->own = OWN_VIEW;
         }
     }
     if (h->own) {
         own_lay(h);
     }
+    h->fill = h->flush ? FILL_FLUSH : FILL;
+    h->flush = 0;
     h->sent = 0;
     h->started = h->now;
+    h->line_size = (uint16_t)(h->fill + h->cur_size);
     h->state = SENDING;
 }
 
 static void sent_all(zof_host_t *h) {
-    const uint32_t needs = (uint32_t)h->cur_size * h->byte_us / 1000, spent = h->now - h->started;
-    const uint8_t is_system = current_payload(h, 0) == SYSTEM_TYPE;
+    const uint32_t needs = (uint32_t)h->line_size * h->byte_us / 1000, spent = h->now - h->started;
+    const uint8_t system = is_system(h);
     h->since = h->now;
-    h->quiet = (needs > spent ? needs - spent : 0) + h->silence_ms + 1; // the clock may be about to tick
-    h->wait = h->quiet + h->timeout_ms;
+    h->wait = (needs > spent ? needs - spent : 0) + h->timeout_ms + 1; // the clock may be about to tick
     h->state = WAITING;
-    if (!h->own && !is_system) {
+    if (!h->own && !system) {
         h->in_flight = (uint16_t)(h->in_flight + h->cur_size);
     }
-    if (!h->own && current_op(h) != ZOF_HOST_READ && !(is_system && h->acks)) {
+    if (!h->own && current_op(h) != ZOF_HOST_READ && !(system && h->acks)) {
         pop(h);
         h->state = IDLE;
-        // The panel carries out a `system` write before it looks at what comes next; two frames that came in the
-        // meantime would be one block to it, and the second be lost. So it is asked whether it is done.
-        h->own = is_system ? OWN_SYSTEM : OWN_NONE;
+        // The panel carries out a `system` write, which may take as long as a picture, before it takes more in.
+        h->own = system ? OWN_SYSTEM : OWN_NONE;
     }
 }
 
+// False when the line takes no more now.
+static uint8_t push_fill(zof_host_t *h) {
+    uint8_t none[FILL_CHUNK], byte = 0;
+    while (byte == h->head_fh || byte == h->head_fl) {
+        byte++;
+    }
+    memset(none, byte, sizeof(none));
+    while (h->fill) {
+        const uint16_t size = h->fill < FILL_CHUNK ? h->fill : (uint16_t)FILL_CHUNK;
+        const uint16_t took = h->write(h->user, none, size);
+        h->fill = (uint16_t)(h->fill - (took > size ? size : took));
+        if (took < size) {
+            return 0;
+        }
+    }
+    return 1;
+}
+
 static void push(zof_host_t *h) {
+    if (!push_fill(h)) {
+        return;
+    }
     while (h->sent < h->cur_size) {
         const uint16_t from = h->own ? h->sent : ring(h, h->cur_at, h->sent);
         uint16_t size = (uint16_t)(h->cur_size - h->sent);
@@ -444,14 +522,29 @@ static void push(zof_host_t *h) {
 }
 
 static void over_time(zof_host_t *h) {
-    // As long again nothing is asked: an answer that comes now must not meet the next request of the same row.
-    h->since = h->now;
-    h->quiet = h->timeout_ms;
+    h->flush = 1;
+    if (!h->own) {
+        unanswered(h);
+        return;
+    }
     h->state = IDLE;
-    if (h->own) {
-        tell(h, ZOF_HOST_SILENT, 0);
+    if (h->once) {
+        own_ends(h);
     } else {
-        report(h, ZOF_HOST_TIMEOUT, 0, 0);
+        event_send(h, ZOF_HOST_SILENT, 0);
+    }
+}
+
+// After a restart the user's function queues what the panel has forgotten, behind all that was queued before: it knows
+// newer values. When that has been executed, it is reported.
+static void restore_step(zof_host_t *h) {
+    if (h->restore == RESTORE_ASK) {
+        h->inside = 1;
+        h->restore = h->on_restart(h, h->step++) ? RESTORE_ASK : RESTORE_SEND;
+        h->inside = 0;
+    } else if (h->restore == RESTORE_SEND) {
+        h->restore = RESTORE_WAIT;
+        h->own = OWN_VIEW;
     }
 }
 
@@ -468,16 +561,22 @@ int zof_host_poll(zof_host_t *h, uint32_t now_ms) {
     if (h->state == WAITING && h->now - h->since >= h->wait) {
         over_time(h);
     }
-    if (h->quiet && h->now - h->since >= h->quiet) {
-        h->quiet = 0;
+    // All that may go out, one frame behind the other, up to the first that is answered.
+    for (;;) {
+        if (h->state == IDLE && !h->own && !h->tx_used) {
+            restore_step(h);
+        }
+        if (h->state == IDLE && (h->own || h->tx_used)) {
+            start(h);
+        }
+        if (h->state == SENDING) {
+            push(h);
+        }
+        if (h->state != IDLE || !(h->own || h->tx_used)) {
+            break;
+        }
     }
-    if (h->state == IDLE && !h->quiet && (h->own || h->tx_used)) {
-        start(h);
-    }
-    if (h->state == SENDING) {
-        push(h);
-    }
-    return h->state != IDLE || h->quiet || h->own || h->tx_used;
+    return h->state != IDLE || h->restore || h->own || h->tx_used;
 }
 
 // Answers

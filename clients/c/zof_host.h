@@ -1,6 +1,7 @@
-// A host of the panel's serial protocol for firmware: it queues frames, keeps the silence between them, waits for
-// answers, and tells events apart from answers. No allocation, no waiting, no clock and no line of its own: the user
-// gives buffers, two functions, and the time. C99, and C++ as it stands. README.md beside this file shows how to begin.
+// A host of the panel's serial protocol for firmware: it queues frames, waits for answers, asks again where one is
+// missing, tells events from answers, and restores the panel's state after a restart. No allocation, no waiting, no
+// clock and no line of its own: the user supplies buffers, two functions, and the time. C99, and C++ as it stands.
+// README.md beside this file shows how to begin.
 //
 // Everything here is called from ONE context, as a rule the main loop. An interrupt only fills or empties the user's
 // own ring of bytes, which the `read` and `write` functions use; nothing here is called from an interrupt. All functions
@@ -18,22 +19,23 @@ extern "C" {
 // Operations of a frame.
 enum { ZOF_HOST_READ = 0x11, ZOF_HOST_WRITE = 0x22 };
 
-// Results. The negative ones up to ZOF_HOST_REFUSED come from the calls that queue a frame: then nothing was queued and
-// nothing will be sent. The others tell how a request ended.
+// Results. ZOF_HOST_FULL to ZOF_HOST_REFUSED come from the calls that queue a frame: then nothing was queued and nothing
+// will be sent. The others say how a request ended.
 enum {
     ZOF_HOST_FULL = -1,    // no room in `tx` now: poll, and try again
     ZOF_HOST_BAD = -2,     // never fits: into `tx`, or into the panel's queue; or null, or not initialised
     ZOF_HOST_REFUSED = -3, // a read of `system.touch` while touches are reported: an event could pass for its answer
-    ZOF_HOST_TIMEOUT = -4, // no answer: refused, lost, or the panel is off
+    ZOF_HOST_TIMEOUT = -4, // no answer to any of its tries: refused, lost, or the panel is off
     ZOF_HOST_DONE = 0,     // answered: `data` are the value fields
     ZOF_HOST_NO = 1        // only with `acks`: the panel has refused a write of a `system` row
 };
 
-// What the panel says unasked, and what the library has to say.
+// What the panel reports unasked, and what the library has to report.
 enum {
     ZOF_HOST_POWER_ON = 1, // the panel has started: it shows its start view, and what it was sent before is gone
     ZOF_HOST_TOUCH = 2,    // `state`, `x` and `y` are set
-    ZOF_HOST_SILENT = 3    // a barrier of the library's own was not answered in time; it is sent again until it is
+    ZOF_HOST_SILENT = 3,   // a barrier of the library's own was not answered in time; it is sent again until it is
+    ZOF_HOST_RESTORED = 4  // all that `on_restart` has queued has been executed
 };
 
 typedef struct zof_host zof_host_t;
@@ -51,7 +53,7 @@ typedef struct {
 } zof_host_reply_t;
 
 typedef struct {
-    uint8_t kind;  // ZOF_HOST_POWER_ON, ZOF_HOST_TOUCH, ZOF_HOST_SILENT
+    uint8_t kind;  // ZOF_HOST_POWER_ON, ZOF_HOST_TOUCH, ZOF_HOST_SILENT, ZOF_HOST_RESTORED
     uint8_t state; // of a touch: 0 released, 1 pressed, 2 held
     uint16_t x, y; // of a touch: pixels
 } zof_host_event_t;
@@ -62,9 +64,9 @@ struct zof_host {
     uint8_t head_fh, head_fl; // as in the panel's zofhmi.g; they differ
     uint8_t crc;              // its `crc_en`: 0 or 1
     uint8_t acks;             // its `resend_en`: 1 waits for the acknowledgement of each write of a `system` row
-    uint16_t silence_ms;      // its `timeout`, 5 to 1000; more where the line collects bytes, as USB adapters do: 20
+    uint8_t tries;            // how often a read is sent before it ends with ZOF_HOST_TIMEOUT, 1 to 255; 0: three times
     uint16_t buffsize;        // its `buffsize`: bytes of the panel's queue, less 1024
-    uint16_t timeout_ms;      // for an answer, from the end of its request; more than the panel's longest pause (1000)
+    uint16_t timeout_ms;      // for an answer to each try, from the end of it; more than the panel's longest pause (1000)
     uint16_t byte_us;         // microseconds of one byte on the line, 87 at 115200 baud; 0 when `write` returns only
                               // when its bytes are out, or for a pipe
     uint8_t *rx;              // MANDATORY, for the largest answer: 10 bytes and its address and value fields
@@ -82,15 +84,19 @@ struct zof_host {
     void (*on_reply)(zof_host_t *host, zof_host_reply_t *reply);
     // OPTIONAL. Power-on and touches, whenever they come.
     void (*on_event)(zof_host_t *host, const zof_host_event_t *event);
+    // OPTIONAL. Queues what a panel that has just started must be set to. Called with an empty queue, after all that was
+    // queued before has been sent: with `step` 0, then 1, 2 ... while it returns 1 because `tx` had no room for the rest.
+    // ZOF_HOST_RESTORED follows when all of it has been executed.
+    uint8_t (*on_restart)(zof_host_t *host, uint8_t step);
 
     // The library's own. Counters may be read; they wrap.
     uint16_t noise; // bytes passed over while looking for a frame
     uint16_t late;  // frames that answered nothing that was open
 
-    uint16_t rx_have, tx_head, tx_used, build, cur_at, cur_size, sent, in_flight, limit;
+    uint16_t rx_have, tx_head, tx_used, build, cur_at, cur_size, line_size, sent, in_flight, limit, fill;
     int next, first;
-    uint8_t ready, state, own, inside, reports, build_op, build_bad;
-    uint32_t now, rx_at, since, started, quiet, wait, build_code;
+    uint8_t ready, state, own, once, flush, tried, restore, step, inside, reports, build_op, build_bad;
+    uint32_t now, rx_at, since, started, wait, build_code;
     uint8_t own_frame[10];
 };
 
@@ -103,7 +109,7 @@ int zof_host_init(zof_host_t *host);
 void zof_host_feed(zof_host_t *host, const uint8_t *bytes, uint16_t size, uint32_t now_ms);
 
 // The library's turn: fetches bytes if there is a `read`, ends what is over time, sends what may be sent. Call it every
-// few milliseconds; it never waits. 1 while something is queued, open or kept silent, else 0.
+// few milliseconds; it never waits. 1 while something is queued or open, else 0.
 int zof_host_poll(zof_host_t *host, uint32_t now_ms);
 
 // Queues a read of `view.size`, which stands in the panel's queue behind all view and control commands sent before: its

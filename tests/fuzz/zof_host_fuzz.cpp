@@ -102,7 +102,7 @@ void fuzz_one(fuzz_input &in) {
     zof_host_t host = {};
     host.head_fh = FUZZ_HEAD0, host.head_fl = FUZZ_HEAD1;
     host.crc = mode & 1, host.acks = mode >> 1 & 1;
-    host.silence_ms = 5, host.timeout_ms = 40, host.byte_us = (uint16_t)(mode & 4 ? 1042 : 0);
+    host.timeout_ms = 40, host.byte_us = (uint16_t)(mode & 4 ? 1042 : 0);
     host.rx = rx.data(), host.rx_size = RX_SIZE, host.tx = tx.data(), host.tx_size = TX_SIZE;
     host.write = line_write, host.on_reply = on_reply, host.on_event = on_event;
     fuzz_must(zof_host_init(&host) == ZOF_HOST_DONE, "these settings are good");

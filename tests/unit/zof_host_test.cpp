@@ -7,15 +7,15 @@
 #include "zof_host.h"
 #include "zof_test.h"
 
-// A host, the line it writes to, and what it was told: "1:-4 " for the first request's end without an answer, "2/5=hi "
-// for one with the value of control 5.
+// A host, the line it writes to, and what it has reported: "1:-4 " for the first request's end without an answer,
+// "2/5=hi " for one with the value of control 5.
 struct rig {
     bytes rx = bytes(64), tx, sent;
     std::vector<uint32_t> sent_at; // of each byte
     uint16_t takes = 1000;         // bytes the line takes at once
     uint32_t now = 1000;
-    std::string told;
-    zof_host_t host = {.head_fh = 0x5A, .head_fl = 0xA5, .silence_ms = 5, .timeout_ms = 200, .rx_size = 64};
+    std::string log;
+    zof_host_t host = {.head_fh = 0x5A, .head_fl = 0xA5, .timeout_ms = 200, .rx_size = 64};
 
     explicit rig(uint8_t crc = 0, uint8_t acks = 0, uint16_t tx_size = 256) : tx(tx_size) {
         host.crc = crc;
@@ -38,18 +38,28 @@ struct rig {
                 value = "/" + std::to_string(reply->control) + "=";
                 value += text ? zof_host_reply_text(reply) : std::to_string((int32_t)zof_host_reply_u32(reply));
             }
-            ((rig *)from->user)->told += std::to_string(reply->request) + value + (reply->bad ? " bad " : " ");
+            ((rig *)from->user)->log += std::to_string(reply->request) + value + (reply->bad ? " bad " : " ");
         };
         host.on_event = [](zof_host_t *from, const zof_host_event_t *event) {
             rig &r = *(rig *)from->user;
             const std::string touch = "touch" + std::to_string(event->state) + "@" + std::to_string(event->x) + "," +
                                       std::to_string(event->y) + " ";
-            r.told += event->kind == ZOF_HOST_POWER_ON ? "on " : event->kind == ZOF_HOST_SILENT ? "silent " : touch;
+            static const char *const words[] = {"", "on ", "", "silent ", "restored "};
+            r.log += event->kind == ZOF_HOST_TOUCH ? touch : words[event->kind];
             zof_host_poll(from, r.now); // from within a callback it does nothing
         };
         REQUIRE(zof_host_init(&host) == ZOF_HOST_DONE);
     }
 };
+
+// What goes out: a byte that is no head in front of each frame.
+static bytes out(const std::vector<bytes> &frames) {
+    bytes all;
+    for (const bytes &frame : frames) {
+        all = join({all, {0}, frame});
+    }
+    return all;
+}
 
 static void run_ms(rig &r, uint32_t ms) {
     for (uint32_t i = 0; i < ms; i++) {
@@ -84,69 +94,117 @@ TEST_CASE("what a host may see comes out right at every cut of its bytes, with a
             rig r(crc);
             CHECK(zof_host_get_label_text(&r.host, 1, 5) == 1);
             run_ms(r, 2);
-            CHECK(r.sent == frame_of(0x11, LABEL, crc));
+            CHECK(r.sent == out({frame_of(0x11, LABEL, crc)}));
             feed(r, {line.begin(), line.begin() + (long)cut});
             feed(r, {line.begin() + (long)cut, line.end()});
             CAPTURE(cut);
-            CHECK(r.told == "touch1@80,40 1/5=hi on touch0@258,772 ");
+            CHECK(r.log == "touch1@80,40 1/5=hi on touch0@258,772 ");
             CHECK(r.host.rx_have == 0);
         }
     }
 }
 
-TEST_CASE("frames go out whole with a silence between them, at any place of the ring, over the clock's end") {
+TEST_CASE("writes go out whole and without a pause, at any place of the ring, over the clock's end") {
     for (uint16_t takes : {1, 3, 1000}) {
-        for (uint16_t byte_us : {0, 1042}) {
-            rig r(1, 0, 150);
-            r.takes = takes;
-            r.host.byte_us = byte_us;
-            r.now = 0xFFFFFFF0u; // wraps within the first frames
-            bytes all;
-            std::vector<size_t> ends = {0};
-            for (const std::string &t :
-                 {std::string("a"), std::string(120, 'x'), std::string("b"), std::string(90, 'y')}) {
-                while (zof_host_set_label_text(&r.host, 1, 5, t.c_str()) == ZOF_HOST_FULL) {
-                    run_ms(r, 1);
-                }
-                all = join({all, frame_of(0x22, with_text(t), true)});
-                ends.push_back(all.size());
+        rig r(1, 0, 150);
+        r.takes = takes;
+        r.now = 0xFFFFFFF0u; // wraps within the first frames
+        std::vector<bytes> all;
+        for (const std::string &t : {std::string("a"), std::string(120, 'x'), std::string("b"), std::string(90, 'y')}) {
+            while (zof_host_set_label_text(&r.host, 1, 5, t.c_str()) == ZOF_HOST_FULL) {
+                run_ms(r, 1);
             }
-            run_ms(r, 1000);
-            CHECK(r.sent == all);
-            CHECK(zof_host_room(&r.host) == 150);
-            for (size_t i = 1; i + 1 < ends.size(); i++) {
-                const uint32_t line = (uint32_t)(ends[i] - ends[i - 1]) * byte_us / 1000;
-                const uint32_t left = std::max(r.sent_at[ends[i - 1]] + line, r.sent_at[ends[i] - 1]);
-                CHECK(r.sent_at[ends[i]] - left >= 6); // since the last byte was out
-            }
-            CHECK(zof_host_set_label_text(&r.host, 1, 5, std::string(150, 'x').c_str()) == ZOF_HOST_BAD);
+            all.push_back(frame_of(0x22, with_text(t), true));
         }
+        run_ms(r, 1000);
+        CHECK(r.sent == out(all));
+        CHECK(zof_host_room(&r.host) == 150);
+        CHECK(zof_host_set_label_text(&r.host, 1, 5, std::string(150, 'x').c_str()) == ZOF_HOST_BAD);
     }
+    rig burst;
+    for (int i = 0; i < 5; i++) {
+        zof_host_set_bar_value(&burst.host, 1, 7, 50);
+    }
+    zof_host_poll(&burst.host, burst.now);
+    CHECK(burst.sent.size() == 5 * 14);
+    rig head_0; // a head of zeros is not sent for nothing
+    head_0.host.head_fh = 0, head_0.host.head_fl = 1;
+    zof_host_barrier(&head_0.host);
+    run_ms(head_0, 2);
+    CHECK(head_0.sent[0] == 2);
 }
 
-TEST_CASE("an answer ends its own request and no other, and one that comes too late ends none") {
+TEST_CASE("a read is sent again, behind bytes that end any waiting, and a late answer is nobody else's") {
     rig r;
     CHECK(zof_host_get_label_text(&r.host, 1, 5) == 1);
     CHECK(zof_host_get_spin_box_value(&r.host, 1, 6) == 2);
+    const bytes again = join({bytes(256, 0), frame_of(0x11, LABEL)});
     run_ms(r, 20);
-    CHECK(r.sent == frame_of(0x11, LABEL)); // the second waits for the first
+    CHECK(r.sent == out({frame_of(0x11, LABEL)})); // the second waits for the first
     feed(r, frame_of(0x11, {0xB2, 0x14, 0, 0, 1, 0, 6, 0, 0, 0, 9}));
     feed(r, frame_of(0x22, with_text("x")));
     feed(r, frame_of(0x11, {0xB2, 0, 0, 0, 1, 0, 4, 'x', 0}));
     CHECK(r.host.late == 3);
-    run_ms(r, 300);
-    feed(r, frame_of(0x11, with_text("x"))); // nothing is asked while it may still come
-    CHECK(r.sent == frame_of(0x11, LABEL));
-    CHECK(r.told == "1:-4 ");
+    r.sent.clear();
+    run_ms(r, 430);
+    CHECK(r.sent == join({again, again}));
+    CHECK(r.log == "");
+    r.sent.clear();
     run_ms(r, 200);
+    CHECK(r.log == "1:-4 ");
+    CHECK(r.sent == join({bytes(256, 0), frame_of(0x11, SIZE)})); // what is late comes in front of its answer
+    feed(r, frame_of(0x11, with_text("x")));
+    CHECK(r.host.late == 4);
+    r.sent.clear();
+    feed(r, SIZE_IS);
+    run_ms(r, 2);
+    CHECK(r.sent == out({frame_of(0x11, {0xB2, 0x14, 0, 0, 1, 0, 6})}));
     feed(r, join({{0x5A, 0xA5, 60, 0x11}, frame_of(0x11, {0xB2, 0x14, 0, 0, 1, 0, 6, 0xFF, 0xFF, 0xFF, 0xFE})}));
-    CHECK(r.told == "1:-4 "); // a false head in front fits the buffer, so it is waited for
+    CHECK(r.log == "1:-4 "); // a false head in front fits the buffer, so it is waited for
     run_ms(r, 60);
-    CHECK(r.told == "1:-4 2/6=-2 ");
+    CHECK(r.log == "1:-4 2/6=-2 ");
     zof_host_get_label_text(&r.host, 1, 5);
     run_ms(r, 20);
     feed(r, join({{0x5A, 0xA5, 0x80, 61, 0x11}, frame_of(0x11, join({LABEL, {'x', 'y'}}))})); // no room; no zero
-    CHECK(r.told == "1:-4 2/6=-2 3/5= bad ");
+    CHECK(r.log == "1:-4 2/6=-2 3/5= bad ");
+    // A panel that says nothing at all: each read has its tries, then the one barrier its time.
+    rig off;
+    off.host.tries = 1;
+    zof_host_get_label_text(&off.host, 1, 5);
+    zof_host_get_label_text(&off.host, 1, 5);
+    run_ms(off, 2000);
+    CHECK(off.log == "1:-4 2:-4 ");
+    CHECK(zof_host_poll(&off.host, off.now) == 0);
+}
+
+TEST_CASE("a restart ends what is open, asks the read again at once, and has the state restored behind the queue") {
+    rig r;
+    r.host.on_restart = [](zof_host_t *h, uint8_t step) {
+        zof_host_set_bar_value(h, 1, 7, step);
+        return (uint8_t)(step < 2);
+    };
+    zof_host_get_label_text(&r.host, 1, 5);
+    zof_host_set_bar_value(&r.host, 1, 9, 1);
+    run_ms(r, 50);
+    r.sent.clear();
+    feed(r, POWER_ON);
+    zof_host_poll(&r.host, r.now);
+    CHECK(r.sent == out({frame_of(0x11, LABEL)}));
+    feed(r, frame_of(0x11, with_text("hi")));
+    r.sent.clear();
+    run_ms(r, 2);
+    feed(r, SIZE_IS); // a read that was sent twice may be answered twice
+    run_ms(r, 10);
+    const auto bar = [](u8 control, u8 value) {
+        return frame_of(0x22, {0xB2, 0x05, 0, 0, 1, 0, control, 0, value});
+    };
+    const bytes barrier = frame_of(0x11, SIZE);
+    CHECK(r.sent.size() == out({barrier, bar(9, 1), bar(7, 0), bar(7, 1), bar(7, 2), barrier}).size());
+    CHECK(bytes(r.sent.end() - 7, r.sent.end()) == out({barrier}));
+    CHECK(r.log == "on 1/5=hi ");
+    feed(r, SIZE_IS);
+    CHECK(r.log == "on 1/5=hi restored ");
+    CHECK(zof_host_poll(&r.host, r.now) == 0);
 }
 
 TEST_CASE("a barrier is asked for before the panel's queue would overflow, again until it is answered") {
@@ -159,19 +217,19 @@ TEST_CASE("a barrier is asked for before the panel's queue would overflow, again
         }
     };
     write_until_silent();
-    const size_t before = (1024 - 8) / 13 * 13;
-    CHECK(r.sent.size() == before + 6);
+    const size_t before = (1024 - 8) / 13 * 14;
+    CHECK(r.sent.size() == before + 7);
     CHECK(bytes(r.sent.end() - 6, r.sent.end()) == frame_of(0x11, SIZE));
-    run_ms(r, 400); // no answer: said, and asked again after as long a pause
-    CHECK(r.sent.size() == before + 12);
+    run_ms(r, 200); // no answer: reported, and asked again
+    CHECK(r.sent.size() == before + 7 + 256 + 6);
     feed(r, SIZE_IS);
     run_ms(r, 20);
-    CHECK(r.told == "silent "); // its own answer is nobody else's
-    CHECK(r.sent.size() == before + 12 + 2 * 13);
+    CHECK(r.log == "silent "); // its own answer is nobody else's
+    CHECK(r.sent.size() == before + 7 + 256 + 6 + 2 * 14);
     write_until_silent();
     feed(r, POWER_ON); // a panel that has just started has an empty queue
     run_ms(r, 20);
-    CHECK(r.told == "silent on ");
+    CHECK(r.log == "silent on ");
     CHECK(bytes(r.sent.end() - 13, r.sent.end())[4] == 0xB2);
 }
 
@@ -181,19 +239,19 @@ TEST_CASE("nothing follows a system write before the panel is done with it") {
     zof_host_set_bar_value(&r.host, 1, 7, 50);
     run_ms(r, 50);
     const bytes language = frame_of(0x22, {0xB0, 7, 0, 'd', 'e', 0});
-    CHECK(r.sent == join({language, frame_of(0x11, STANDBY)}));
+    CHECK(r.sent == out({language, frame_of(0x11, STANDBY)}));
     feed(r, frame_of(0x22, {0xB0, 7, 0, 0})); // a panel that acknowledges although nobody asked for it
     run_ms(r, 20);
     feed(r, frame_of(0x11, join({STANDBY, {0}})));
     run_ms(r, 10);
-    CHECK(r.sent.size() == language.size() + 7 + 13);
-    CHECK(r.told == "");
+    CHECK(r.sent.size() == out({language, frame_of(0x11, STANDBY)}).size() + 14);
+    CHECK(r.log == "");
     zof_host_set_system_touch_config(&r.host, 0x32); // nor is the touch read while its answer could be a report
     CHECK(zof_host_get_system_touch(&r.host) == ZOF_HOST_REFUSED);
     zof_host_set_system_touch_config(&r.host, 0x02);
     CHECK(zof_host_get_system_touch(&r.host) > 0);
     feed(r, frame_of(0x11, {0xB0, 4, 1, 2, 0, 80, 0, 40})); // the project's own settings may ask for reports
-    CHECK(r.told == "touch2@80,40 ");
+    CHECK(r.log == "touch2@80,40 ");
     CHECK(zof_host_get_system_touch(&r.host) == ZOF_HOST_REFUSED);
 
     rig a(0, 1); // acknowledged by the panel itself
@@ -201,12 +259,12 @@ TEST_CASE("nothing follows a system write before the panel is done with it") {
     zof_host_set_system_bright(&a.host, 50);
     zof_host_set_system_bright(&a.host, 60);
     run_ms(a, 10);
-    CHECK(a.sent == language);
+    CHECK(a.sent == out({language}));
     feed(a, frame_of(0x22, {0xB0, 7, 0, 1}));
     run_ms(a, 10);
     feed(a, frame_of(0x22, {0xB0, 2, 0}));
     run_ms(a, 250);
-    CHECK(a.told == "1:1 2:0 3:-4 ");
+    CHECK(a.log == "1:1 2:0 3:-4 ");
 }
 
 TEST_CASE("a host with bad settings does nothing, with null too") {
@@ -219,6 +277,6 @@ TEST_CASE("a host with bad settings does nothing, with null too") {
         CHECK(zof_host_barrier(&r.host) == ZOF_HOST_BAD);
         feed(r, POWER_ON);
         CHECK(zof_host_poll(&r.host, 0) == 0);
-        CHECK(r.told + hex(r.sent) == "");
+        CHECK(r.log + hex(r.sent) == "");
     }
 }

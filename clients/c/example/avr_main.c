@@ -46,11 +46,16 @@ static uint16_t line_write(void *user, const uint8_t *bytes, uint16_t size) {
 }
 
 static void on_event(zof_host_t *host, const zof_host_event_t *event) {
+    (void)host;
     if (event->kind == ZOF_HOST_TOUCH) {
         PORTB = event->state ? 1 << PB5 : 0;
-    } else if (event->kind == ZOF_HOST_POWER_ON) {
-        zof_host_set_system_touch_config(host, 0x32);
     }
+}
+
+static uint8_t on_restart(zof_host_t *host, uint8_t step) {
+    (void)step;
+    zof_host_set_system_touch_config(host, 0x32); // tones, and reports of press and release
+    return 0;
 }
 
 int main(void) {
@@ -61,12 +66,13 @@ int main(void) {
     UCSR0A = 1 << U2X0, UBRR0 = 16, UCSR0B = 1 << RXEN0 | 1 << TXEN0 | 1 << RXCIE0;         // 115200 baud
     ADMUX = 1 << REFS0, ADCSRA = 1 << ADEN | 1 << ADSC | 1 << ADATE | 7;
     host.head_fh = 90, host.head_fl = 165;
-    host.silence_ms = 5, host.timeout_ms = 1000, host.byte_us = 87;
+    host.timeout_ms = 1000, host.byte_us = 87;
     host.rx = rx, host.rx_size = sizeof(rx), host.tx = tx, host.tx_size = sizeof(tx);
     host.write = line_write, host.read = line_read, host.on_event = on_event;
+    host.on_restart = on_restart;
     zof_host_init(&host);
     sei();
-    zof_host_set_system_touch_config(&host, 0x32);
+    on_restart(&host, 0);
     for (uint16_t shown = 0xFFFF;;) {
         if (!zof_host_poll(&host, now_ms()) && ADC != shown) {
             char text[8];

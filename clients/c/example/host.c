@@ -3,10 +3,12 @@
 // say head_fh 90, head_fl 165 and no CRC, as the bench panel's does. With COUNT it ends after so many values were read
 // back as shown.
 #define _DEFAULT_SOURCE
+#include <errno.h>
 #include <fcntl.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/file.h>
 #include <termios.h>
 #include <time.h>
 #include <unistd.h>
@@ -41,9 +43,16 @@ static void on_reply(zof_host_t *host, zof_host_reply_t *reply) {
 static void on_event(zof_host_t *host, const zof_host_event_t *event) {
     if (event->kind == ZOF_HOST_TOUCH) {
         printf("%s at %u, %u\n", event->state ? "pressed" : "released", event->x, event->y);
-    } else if (event->kind == ZOF_HOST_POWER_ON) {
-        zof_host_set_system_touch_config(host, 0x32); // tones, and reports of press and release
+    } else if (event->kind == ZOF_HOST_RESTORED) {
+        printf("the panel has restarted and is set again\n");
     }
+    (void)host;
+}
+
+static uint8_t on_restart(zof_host_t *host, uint8_t step) {
+    (void)step;
+    zof_host_set_system_touch_config(host, 0x32); // tones, and reports of press and release
+    return 0;
 }
 
 static uint32_t now_ms(void) {
@@ -52,35 +61,48 @@ static uint32_t now_ms(void) {
     return (uint32_t)((uint64_t)t.tv_sec * 1000 + (uint64_t)t.tv_nsec / 1000000);
 }
 
-static int line_open(const char *port) {
+// The line, which no other program may use meanwhile: two hosts would take each other's answers. Null, or why not.
+static const char *line_open(const char *port) {
     struct termios t;
     line = open(port, O_RDWR | O_NOCTTY | O_NONBLOCK);
-    if (line < 0 || tcgetattr(line, &t) != 0) {
-        return -1;
+    if (line < 0) {
+        return errno == EACCES ? "no permission; is this user in the group that owns it (often dialout)?"
+                               : strerror(errno);
+    }
+    if (flock(line, LOCK_EX | LOCK_NB) != 0) {
+        return "another program has it";
+    }
+    if (tcgetattr(line, &t) != 0) {
+        return errno == ENOTTY ? "it is no serial line" : strerror(errno);
     }
     cfmakeraw(&t);
     cfsetspeed(&t, B921600);
-    return tcsetattr(line, TCSANOW, &t);
+    return tcsetattr(line, TCSANOW, &t) == 0 ? NULL : strerror(errno);
 }
 
 int main(int argc, char **argv) {
     static uint8_t rx[256], tx[256];
     zof_host_t host;
-    if (argc < 4 || line_open(argv[1]) != 0) {
-        fprintf(stderr, argc < 4 ? "usage: host PORT VIEW CONTROL [COUNT]\n" : "The port cannot be opened.\n");
+    if (argc < 4) {
+        fprintf(stderr, "usage: host PORT VIEW CONTROL [COUNT]\n");
+        return 2;
+    }
+    const char *why = line_open(argv[1]);
+    if (why) {
+        fprintf(stderr, "%s: %s\n", argv[1], why);
         return 2;
     }
     const uint16_t view = (uint16_t)atoi(argv[2]), control = (uint16_t)atoi(argv[3]);
     const int count = argc > 4 ? atoi(argv[4]) : 0;
     memset(&host, 0, sizeof(host));
     host.head_fh = 90, host.head_fl = 165;
-    host.silence_ms = 20, host.timeout_ms = 1000, host.byte_us = 11;
+    host.timeout_ms = 1000, host.byte_us = 11;
     host.rx = rx, host.rx_size = sizeof(rx), host.tx = tx, host.tx_size = sizeof(tx);
     host.user = &line, host.write = line_write, host.read = line_read;
-    host.on_reply = on_reply, host.on_event = on_event;
+    host.on_reply = on_reply, host.on_event = on_event, host.on_restart = on_restart;
     zof_host_init(&host);
     setvbuf(stdout, NULL, _IOLBF, 0);
-    zof_host_set_system_touch_config(&host, 0x32);
+    on_restart(&host, 0); // it may have been running for long
     for (int value = 0; count == 0 || shown < count; usleep(1000)) {
         if (!zof_host_poll(&host, now_ms())) { // all is sent and answered
             snprintf(text, sizeof(text), "%d.%02d V", value / 100, value % 100);
