@@ -11,10 +11,19 @@ enum { RX_SIZE = 48, TX_SIZE = 80, LOOK_MIN = 5, NOT_ALL = -2 };
 static std::vector<u8> sent; // not yet seen to be whole
 static uint16_t takes;       // bytes the line takes at once
 
+// The bytes in front of a frame that are no head.
+static void fill_skip() {
+    size_t n = 0;
+    while (n < sent.size() && sent[n] == 0) {
+        n++;
+    }
+    sent.erase(sent.begin(), sent.begin() + (long)n);
+}
+
 // Takes whole frames from the front of what was sent; what is left must be the beginning of one.
 static void sent_check(const zof_host_t &host) {
     const zof_hmi_cmd_analys_t panel = {.head_fh = FUZZ_HEAD0, .head_fl = FUZZ_HEAD1, .crc_en = host.crc};
-    while (sent.size() >= LOOK_MIN) {
+    for (fill_skip(); sent.size() >= LOOK_MIN; fill_skip()) {
         const s32 size = zof_hmi_cmd_check_data(&panel, sent.data(), (u32)sent.size());
         fuzz_must(size > 0 || (size == NOT_ALL && sent.size() < TX_SIZE),
                   "whole frames go out, one by one, as a panel reads them");
