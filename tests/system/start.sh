@@ -75,3 +75,8 @@ refuses "$views" "$good" "it cannot be written" "$work/nowhere/ids.h"
 ends 0 "$build/tools/zof_ids" "$work/res" "$work/ids.h"
 grep -q 'VIEW1_A_ID = 7,' "$work/ids.h" || fail "the id is missing"
 grep -q '#ifndef ZOF_BOX_2_IDS_H' "$work/ids.h" || fail "the guard has not the project's name"
+
+# FFmpeg brings a hundred libraries along: it is opened when it is needed, and not linked.
+readelf -d "$build/panel/zof_bench" >"$work/out.log"
+grep -q 'NEEDED.*libSDL2' "$work/out.log" || fail "what the panel links cannot be read"
+! grep -E 'NEEDED.*lib(av|sw)' "$work/out.log" || fail "the panel links FFmpeg"

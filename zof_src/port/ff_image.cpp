@@ -1,77 +1,178 @@
-// PNG and JPEG files for LVGL, decoded by FFmpeg: faster than LVGL's own decoders, and for every kind of both.
+// PNG and JPEG files for LVGL, in front of its own decoders. PNG is decoded by LVGL's library, so that a panel without
+// media does without FFmpeg, but with the size, the opacity and the damage of a picture known before it is opened. JPEG
+// is decoded by FFmpeg, which knows every kind of it; LVGL's own decoder does not.
+#include <stdlib.h>
+#include <string.h>
+
 #include "lvgl.h"
 #include "port/ff_media.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"
 
-// The picture whose size was asked for last. To tell a size is to decode it all: a PNG that breaks off is none. And
-// LVGL asks right before it opens a picture, so what was decoded for the question waits for that.
-static AVFrame *asked;
+#define LODEPNG_NO_COMPILE_CPP
+extern "C" {
+#include "src/extra/libs/png/lodepng.h"
+}
 
-static bool image_open(ff_media *m, const char *path) {
-    static const char *const extensions[] = {".png", ".jpg", ".jpeg"};
-    for (const char *extension : extensions) {
-        if (zof_suffix_is(path, extension)) {
-            if (!ff_open(m, ff_source_lvgl(path), extension, false)) {
-                return false;
-            }
-            if (!ff_codec_open(m, AVMEDIA_TYPE_VIDEO)) {
-                return true;
-            }
-            ff_close(m);
-        }
+enum { PNG_FILE_MOST = 64 << 20, PNG_PIXEL_BYTES_MOST = 8 };
+
+// The picture whose size was asked for last, a frame or the pixels of a PNG. Its size is known when it is decoded; and
+// LVGL asks right before it opens a picture, so what was decoded for the question is kept for that. Not in LVGL's
+// memory, which is counted: the picture may never be opened.
+static struct {
+    AVFrame *frame;
+    u8 *pixels;
+    s32 w, h;
+    bool alpha;
+} asked;
+
+static void asked_drop() {
+    if (asked.frame) {
+        ff.av_frame_free(&asked.frame);
     }
-    return false;
+    free(asked.pixels);
+    asked = {};
+}
+
+static bool jpeg_open(ff_media *m, const char *path) {
+    if (!ff_open(m, ff_source_lvgl(path), ".jpg", false)) {
+        return false;
+    }
+    if (ff_codec_open(m, AVMEDIA_TYPE_VIDEO)) {
+        ff_close(m);
+        return false;
+    }
+    return true;
 }
 
 // The first frame of the file; null for none.
 static AVFrame *frame_load(const char *path) {
     ff_media m = {};
-    if (!image_open(&m, path)) {
+    if (!jpeg_open(&m, path)) {
         return nullptr;
     }
-    AVPacket *packet = av_packet_alloc();
-    AVFrame *frame = av_frame_alloc();
+    AVPacket *packet = ff.av_packet_alloc();
+    AVFrame *frame = ff.av_frame_alloc();
     if (!packet || !frame || !ff_packet_read(&m, packet) || ff_packet_send(&m, packet, path) != 0 ||
-        ff_packet_send(&m, nullptr, path) != 0 || avcodec_receive_frame(m.codec, frame) != 0) {
-        av_frame_free(&frame);
+        ff_packet_send(&m, nullptr, path) != 0 || ff.avcodec_receive_frame(m.codec, frame) != 0) {
+        ff.av_frame_free(&frame);
     }
-    av_packet_free(&packet);
+    ff.av_packet_free(&packet);
     ff_close(&m);
     return frame;
+}
+
+static bool jpeg_load(const char *path) {
+    asked.frame = frame_load(path);
+    if (!asked.frame) {
+        return false;
+    }
+    asked.w = asked.frame->width;
+    asked.h = asked.frame->height;
+    asked.alpha = ff_has_alpha(asked.frame->format);
+    return true;
+}
+
+static bool side_fits(s64 side) {
+    return side > 0 && side <= FF_LVGL_SIDE_MOST;
+}
+
+// LVGL's order of colours, in memory of our own.
+static u8 *png_pixels(const u8 *rgba, size_t bytes) {
+    auto *pixels = (u8 *)malloc(bytes);
+    for (size_t i = 0; pixels && i < bytes; i += 4) {
+        const u8 bgra[4] = {rgba[i + 2], rgba[i + 1], rgba[i], rgba[i + 3]};
+        memcpy(pixels + i, bgra, sizeof(bgra));
+    }
+    return pixels;
+}
+
+// Decodes a file in memory. What its data inflates to is bounded by its size in pixels.
+static void png_decode(const u8 *file, size_t size) {
+    LodePNGState state;
+    lodepng_state_init(&state);
+    unsigned w = 0, h = 0;
+    u8 *rgba = nullptr;
+    if (lodepng_inspect(&w, &h, &state, file, size) == 0 && side_fits(w) && side_fits(h)) {
+        state.decoder.zlibsettings.max_output_size = 2 * ((size_t)w * PNG_PIXEL_BYTES_MOST + 1) * h;
+        if (lodepng_decode(&rgba, &w, &h, &state, file, size) == 0) {
+            asked.pixels = png_pixels(rgba, (size_t)w * h * 4);
+            asked.w = (s32)w;
+            asked.h = (s32)h;
+            asked.alpha = lodepng_can_have_alpha(&state.info_png.color) != 0;
+        }
+        zof_lv_free(rgba);
+    }
+    lodepng_state_cleanup(&state);
+}
+
+static bool png_load(const char *path) {
+    const ff_source source = ff_source_lvgl(path);
+    if (!source.handle) {
+        return false;
+    }
+    const size_t size = source.size > 0 && source.size <= PNG_FILE_MOST ? (size_t)source.size : 0;
+    auto *file = (u8 *)malloc(size ? size : 1);
+    if (file && size && source.read(source.handle, file, (int)size) == (int)size) {
+        png_decode(file, size);
+    }
+    free(file);
+    source.close(source.handle);
+    return asked.pixels != nullptr;
+}
+
+static const struct {
+    const char *extension;
+    bool (*load)(const char *path);
+} kinds[] = {{".png", png_load}, {".jpg", jpeg_load}, {".jpeg", jpeg_load}};
+
+static bool asked_load(const char *path) {
+    for (const auto &kind : kinds) {
+        if (zof_suffix_is(path, kind.extension)) {
+            return kind.load(path);
+        }
+    }
+    return false;
 }
 
 static lv_res_t decoder_info(lv_img_decoder_t *, const void *src, lv_img_header_t *header) {
     if (lv_img_src_get_type(src) != LV_IMG_SRC_FILE) {
         return LV_RES_INV;
     }
-    av_frame_free(&asked);
-    asked = frame_load((const char *)src);
-    if (!asked || asked->width <= 0 || asked->height <= 0 || asked->width > FF_LVGL_SIDE_MOST ||
-        asked->height > FF_LVGL_SIDE_MOST) {
+    asked_drop();
+    if (!asked_load((const char *)src) || !side_fits(asked.w) || !side_fits(asked.h)) {
+        asked_drop();
         return LV_RES_INV;
     }
     *header = {};
-    header->w = (u32)asked->width & FF_LVGL_SIDE_MOST;
-    header->h = (u32)asked->height & FF_LVGL_SIDE_MOST;
-    header->cf = ff_has_alpha(asked->format) ? LV_IMG_CF_TRUE_COLOR_ALPHA : LV_IMG_CF_TRUE_COLOR;
+    header->w = (u32)asked.w & FF_LVGL_SIDE_MOST;
+    header->h = (u32)asked.h & FF_LVGL_SIDE_MOST;
+    header->cf = asked.alpha ? LV_IMG_CF_TRUE_COLOR_ALPHA : LV_IMG_CF_TRUE_COLOR;
     return LV_RES_OK;
 }
 
+static bool asked_paint(u8 *pixels) {
+    if (asked.pixels) {
+        memcpy(pixels, asked.pixels, (size_t)asked.w * (size_t)asked.h * 4);
+        return true;
+    }
+    SwsContext *scaler = ff_scaler(asked.w, asked.h, asked.frame->format, asked.w, asked.h);
+    const bool good = ff_scale(scaler, asked.frame, pixels, asked.w, asked.h);
+    ff.sws_freeContext(scaler);
+    return good;
+}
+
 static lv_res_t decoder_open(lv_img_decoder_t *, lv_img_decoder_dsc_t *dsc) {
-    if (dsc->src_type != LV_IMG_SRC_FILE || !asked) {
+    if (dsc->src_type != LV_IMG_SRC_FILE || (!asked.pixels && !asked.frame)) {
         return LV_RES_INV;
     }
-    const int w = asked->width, h = asked->height;
-    SwsContext *scaler = ff_scaler(w, h, asked->format, w, h);
-    u8 *pixels = (u8 *)zof_lv_malloc((size_t)w * (size_t)h * 4 + FF_TAIL);
-    if (pixels && !ff_scale(scaler, asked, pixels, w, h)) {
+    u8 *pixels = (u8 *)zof_lv_malloc((size_t)asked.w * (size_t)asked.h * 4 + FF_TAIL);
+    if (pixels && !asked_paint(pixels)) {
         zof_lv_free(pixels);
         pixels = nullptr;
     }
-    sws_freeContext(scaler);
-    av_frame_free(&asked);
+    asked_drop();
     dsc->img_data = pixels;
     return pixels ? LV_RES_OK : LV_RES_INV;
 }
@@ -82,7 +183,6 @@ static void decoder_close(lv_img_decoder_t *, lv_img_decoder_dsc_t *dsc) {
 }
 
 void zof_ffmpeg_init(void) {
-    av_log_set_level(AV_LOG_QUIET);
     lv_img_decoder_t *decoder = lv_img_decoder_create();
     lv_img_decoder_set_info_cb(decoder, decoder_info);
     lv_img_decoder_set_open_cb(decoder, decoder_open);

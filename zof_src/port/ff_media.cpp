@@ -9,10 +9,6 @@
 #include "lvgl.h"
 #include "zof_lib/zof_stdio.h"
 
-extern "C" {
-#include <libavutil/pixdesc.h>
-}
-
 enum { IO_BLOCK = 32768, STREAMS_MOST = 16, PROBE_BYTES = 1 << 20, LOOK_US = 2000000, FOREIGN_PACKETS = 4000 };
 enum { RATE_MOST = 192000, CHANNELS_MOST = 8 };
 
@@ -20,12 +16,12 @@ enum { RATE_MOST = 192000, CHANNELS_MOST = 8 };
 static const struct {
     const char *extension, *demuxer;
 } demuxers[] = {{".mp4", "mov"},      {".mp3", "mp3"},       {".aac", "aac"},
-                {".png", "png_pipe"}, {".jpg", "jpeg_pipe"}, {".jpeg", "jpeg_pipe"}};
+                {".jpg", "jpeg_pipe"}};
 
 static const AVInputFormat *demuxer_of(const char *extension) {
     for (const auto &row : demuxers) {
         if (extension && strcasecmp(extension, row.extension) == 0) {
-            return av_find_input_format(row.demuxer);
+            return ff.av_find_input_format(row.demuxer);
         }
     }
     return nullptr;
@@ -106,13 +102,13 @@ static int io_interrupted(void *opaque) {
 }
 
 static bool format_alloc(ff_media *m) {
-    auto *block = (u8 *)av_malloc(IO_BLOCK);
-    m->io = block ? avio_alloc_context(block, IO_BLOCK, 0, m, io_read, nullptr, io_seek) : nullptr;
+    auto *block = (u8 *)ff.av_malloc(IO_BLOCK);
+    m->io = block ? ff.avio_alloc_context(block, IO_BLOCK, 0, m, io_read, nullptr, io_seek) : nullptr;
     if (!m->io) {
-        av_free(block);
+        ff.av_free(block);
         return false;
     }
-    m->format = avformat_alloc_context();
+    m->format = ff.avformat_alloc_context();
     if (!m->format) {
         return false;
     }
@@ -144,22 +140,28 @@ static bool streams_look(ff_media *m) {
     bool good = count > 0 && count <= STREAMS_MOST;
     for (u32 i = 0; good && i < count; i++) {
         good = within_bounds(m->format->streams[i]->codecpar);
-        av_dict_set_int(&options[i], "max_pixels", (s64)FF_SIDE_MOST * FF_SIDE_MOST, 0);
+        ff.av_dict_set_int(&options[i], "max_pixels", (s64)FF_SIDE_MOST * FF_SIDE_MOST, 0);
     }
     // A file may have no streams before it is looked into.
-    good = (good || count == 0) && avformat_find_stream_info(m->format, options) >= 0 && m->format->nb_streams > 0;
+    good = (good || count == 0) && ff.avformat_find_stream_info(m->format, options) >= 0 && m->format->nb_streams > 0;
     for (AVDictionary *&one : options) {
-        av_dict_free(&one);
+        ff.av_dict_free(&one);
     }
     return good;
 }
 
 bool ff_open(ff_media *m, ff_source source, const char *extension, bool look) {
+    if (!ff_lib_open()) {
+        if (source.handle) {
+            source.close(source.handle);
+        }
+        return false;
+    }
     m->source = source;
     m->at = 0;
     const AVInputFormat *demuxer = demuxer_of(extension);
     if (!source.handle || !demuxer || !format_alloc(m) ||
-        avformat_open_input(&m->format, nullptr, demuxer, nullptr) < 0 || (look && !streams_look(m))) {
+        ff.avformat_open_input(&m->format, nullptr, demuxer, nullptr) < 0 || (look && !streams_look(m))) {
         ff_close(m);
         return false;
     }
@@ -167,7 +169,7 @@ bool ff_open(ff_media *m, ff_source source, const char *extension, bool look) {
 }
 
 const char *ff_codec_open(ff_media *m, AVMediaType type) {
-    m->stream = av_find_best_stream(m->format, type, -1, -1, nullptr, 0);
+    m->stream = ff.av_find_best_stream(m->format, type, -1, -1, nullptr, 0);
     if (m->stream < 0) {
         return "there is no such stream\n";
     }
@@ -175,16 +177,16 @@ const char *ff_codec_open(ff_media *m, AVMediaType type) {
     if (!within_bounds(p)) {
         return "too large, or too many channels\n";
     }
-    const AVCodec *decoder = avcodec_find_decoder(p->codec_id);
+    const AVCodec *decoder = ff.avcodec_find_decoder(p->codec_id);
     if (!decoder) {
         return "Unsupported codec!\n";
     }
-    m->codec = avcodec_alloc_context3(decoder);
-    if (!m->codec || avcodec_parameters_to_context(m->codec, p) < 0) {
+    m->codec = ff.avcodec_alloc_context3(decoder);
+    if (!m->codec || ff.avcodec_parameters_to_context(m->codec, p) < 0) {
         return "Couldn't copy codec context";
     }
     m->codec->max_pixels = (s64)FF_SIDE_MOST * FF_SIDE_MOST;
-    return avcodec_open2(m->codec, decoder, nullptr) < 0 ? "Failed to open decoder!\n" : nullptr;
+    return ff.avcodec_open2(m->codec, decoder, nullptr) < 0 ? "Failed to open decoder!\n" : nullptr;
 }
 
 // A scan covers the whole picture again, and may have no more than a few bytes for it. Useful pictures have 10 or so.
@@ -233,28 +235,28 @@ static bool scans_are_few(const AVPacket *packet, const char *name) {
 
 int ff_packet_send(ff_media *m, const AVPacket *packet, const char *name) {
     const bool jpeg = packet && m->codec->codec_id == AV_CODEC_ID_MJPEG;
-    return jpeg && !scans_are_few(packet, name) ? AVERROR(EINVAL) : avcodec_send_packet(m->codec, packet);
+    return jpeg && !scans_are_few(packet, name) ? AVERROR(EINVAL) : ff.avcodec_send_packet(m->codec, packet);
 }
 
 bool ff_packet_read(ff_media *m, AVPacket *packet) {
     for (u32 foreign = 0; foreign < FOREIGN_PACKETS && !is_stopped(m); foreign++) {
-        if (av_read_frame(m->format, packet) < 0) {
+        if (ff.av_read_frame(m->format, packet) < 0) {
             return false;
         }
         if (packet->stream_index == m->stream) {
             return true;
         }
-        av_packet_unref(packet);
+        ff.av_packet_unref(packet);
     }
     return false;
 }
 
 void ff_close(ff_media *m) {
-    avcodec_free_context(&m->codec);
-    avformat_close_input(&m->format);
+    ff.avcodec_free_context(&m->codec);
+    ff.avformat_close_input(&m->format);
     if (m->io) {
-        av_freep(&m->io->buffer);
-        avio_context_free(&m->io);
+        ff.av_freep(&m->io->buffer);
+        ff.avio_context_free(&m->io);
     }
     if (m->source.handle) {
         m->source.close(m->source.handle);
@@ -263,12 +265,12 @@ void ff_close(ff_media *m) {
 }
 
 bool ff_has_alpha(int pixel_format) {
-    const AVPixFmtDescriptor *d = av_pix_fmt_desc_get((AVPixelFormat)pixel_format);
+    const AVPixFmtDescriptor *d = ff.av_pix_fmt_desc_get((AVPixelFormat)pixel_format);
     return d && (d->flags & (AV_PIX_FMT_FLAG_ALPHA | AV_PIX_FMT_FLAG_PAL));
 }
 
 SwsContext *ff_scaler(int from_w, int from_h, int from_format, int w, int h) {
-    const AVPixFmtDescriptor *d = av_pix_fmt_desc_get((AVPixelFormat)from_format);
+    const AVPixFmtDescriptor *d = ff.av_pix_fmt_desc_get((AVPixelFormat)from_format);
     if (!d || from_w <= 0 || from_h <= 0 || w <= 0 || h <= 0) {
         return nullptr;
     }
@@ -277,12 +279,12 @@ SwsContext *ff_scaler(int from_w, int from_h, int from_format, int w, int h) {
         flags |= SWS_ACCURATE_RND;
     }
     // BGR0 would keep the unused byte of formats that have one, and the window takes it for transparency.
-    return sws_getContext(from_w, from_h, (AVPixelFormat)from_format, w, h, AV_PIX_FMT_BGRA, flags, nullptr, nullptr,
+    return ff.sws_getContext(from_w, from_h, (AVPixelFormat)from_format, w, h, AV_PIX_FMT_BGRA, flags, nullptr, nullptr,
                           nullptr);
 }
 
 bool ff_scale(SwsContext *scaler, const AVFrame *frame, u8 *pixels, int w, int h) {
     u8 *const planes[4] = {pixels};
     const int row[4] = {w * 4};
-    return scaler && sws_scale(scaler, frame->data, frame->linesize, 0, frame->height, planes, row) == h;
+    return scaler && ff.sws_scale(scaler, frame->data, frame->linesize, 0, frame->height, planes, row) == h;
 }

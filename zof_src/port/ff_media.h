@@ -7,13 +7,8 @@
 
 #include <atomic>
 
+#include "port/ff_lib.h"
 #include "zof_lib/zof_type.h"
-
-extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
-#include <libswscale/swscale.h>
-}
 
 // The most pixels a side of a picture in a file may have; LVGL's own pictures end at 2047.
 enum { FF_SIDE_MOST = 4096, FF_LVGL_SIDE_MOST = 2047 };
@@ -41,7 +36,7 @@ struct ff_media {
     const std::atomic<bool> *stop; // OPTIONAL: set to true it ends whatever reads
 };
 
-// Opens the container of a file name with this extension: ".mp4", ".mp3", ".aac", ".png", ".jpg", ".jpeg", in small or
+// Opens the container of a file name with this extension: ".mp4", ".mp3", ".aac" or ".jpg", in small or
 // large letters. Takes the source over in any case. With `look` the streams are looked into for what the container does
 // not say. False, and all is closed.
 bool ff_open(ff_media *m, ff_source source, const char *extension, bool look);

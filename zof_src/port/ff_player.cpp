@@ -43,10 +43,10 @@ static void player_close(lv_ffmpeg_player_t *p) {
     ffmpeg_context *c = p->ffmpeg_ctx;
     p->ffmpeg_ctx = nullptr;
     if (c) {
-        av_packet_free(&c->packet);
-        av_frame_free(&c->frame);
-        av_frame_free(&c->shown);
-        sws_freeContext(c->scaler);
+        ff.av_packet_free(&c->packet);
+        ff.av_frame_free(&c->frame);
+        ff.av_frame_free(&c->shown);
+        ff.sws_freeContext(c->scaler);
         ff_close(&c->media);
         zof_free(c);
     }
@@ -95,6 +95,9 @@ static u32 frame_ms_of(const AVStream *stream) {
 }
 
 static bool clip_open(lv_ffmpeg_player_t *p, const char *path) {
+    if (!ff_lib_open()) {
+        return false;
+    }
     auto *c = p->ffmpeg_ctx = (ffmpeg_context *)zof_malloc(sizeof(ffmpeg_context));
     if (!c) {
         return false;
@@ -116,9 +119,9 @@ static bool clip_open(lv_ffmpeg_player_t *p, const char *path) {
     const AVStream *stream = c->media.format->streams[c->media.stream];
     c->time_base = stream->time_base;
     c->frame_ms = frame_ms_of(stream);
-    c->frame = av_frame_alloc();
-    c->shown = av_frame_alloc();
-    c->packet = av_packet_alloc();
+    c->frame = ff.av_frame_alloc();
+    c->shown = ff.av_frame_alloc();
+    c->packet = ff.av_packet_alloc();
     if (!c->frame || !c->shown || !c->packet) {
         return false;
     }
@@ -138,8 +141,8 @@ u32 lv_ffmpeg_player_set_src(lv_obj_t *player, const char *path) {
 }
 
 static void clip_rewind(ffmpeg_context *c) {
-    av_seek_frame(c->media.format, 0, 0, AVSEEK_FLAG_BACKWARD);
-    avcodec_flush_buffers(c->media.codec);
+    ff.av_seek_frame(c->media.format, 0, 0, AVSEEK_FLAG_BACKWARD);
+    ff.avcodec_flush_buffers(c->media.codec);
     c->begun = false;
     c->ahead = false;
     c->drained = false;
@@ -179,14 +182,14 @@ static bool packet_send(ffmpeg_context *c) {
         return ff_packet_send(&c->media, nullptr, "") == 0;
     }
     const bool sent = ff_packet_send(&c->media, c->packet, "of a clip") == 0;
-    av_packet_unref(c->packet);
+    ff.av_packet_unref(c->packet);
     return sent;
 }
 
 // Decodes the next frame; false at the end and where the clip is broken.
 static bool frame_decode(ffmpeg_context *c) {
     for (u32 packets = 0; packets <= PACKETS_MOST; packets++) {
-        const int result = avcodec_receive_frame(c->media.codec, c->frame);
+        const int result = ff.avcodec_receive_frame(c->media.codec, c->frame);
         if (result != AVERROR(EAGAIN) || !packet_send(c)) {
             return result == 0;
         }
@@ -198,7 +201,7 @@ static bool frame_decode(ffmpeg_context *c) {
 // usual distance behind the frame before.
 static s64 frame_due(ffmpeg_context *c) {
     const s64 pts = c->frame->best_effort_timestamp;
-    const s64 own = pts == AV_NOPTS_VALUE ? -1 : av_rescale_q(pts, c->time_base, {1, 1000});
+    const s64 own = pts == AV_NOPTS_VALUE ? -1 : ff.av_rescale_q(pts, c->time_base, {1, 1000});
     const s64 due = c->lead_ms + own;
     if (c->begun && own >= 0 && own <= TIME_MOST_MS && due >= c->due_ms && due - c->due_ms <= PERIOD_MOST_MS) {
         return due;
@@ -210,7 +213,7 @@ static s64 frame_due(ffmpeg_context *c) {
 
 // Gets the next frame ahead, or finds the end of the clip, which is when the last frame was shown for its time.
 static void frame_next(ffmpeg_context *c) {
-    av_frame_unref(c->frame);
+    ff.av_frame_unref(c->frame);
     c->ahead = frame_decode(c);
     c->due_ms = c->ahead ? frame_due(c) : c->due_ms + c->frame_ms;
     c->begun = true;
@@ -247,8 +250,8 @@ static bool clip_play(lv_ffmpeg_player_t *p) {
     }
     u32 frames = 0;
     for (; c->ahead && due_in(c) <= 0 && frames < SKIP_MOST; frames++) {
-        av_frame_unref(c->shown);
-        av_frame_move_ref(c->shown, c->frame);
+        ff.av_frame_unref(c->shown);
+        ff.av_frame_move_ref(c->shown, c->frame);
         frame_next(c);
     }
     if (frames > 0) {
@@ -318,7 +321,7 @@ s32 lv_ffmpeg_get_frame_num(const char *path) {
     if (!path || !ff_open(&m, ff_source_host(path), strrchr(path, '.'), true)) {
         return -1;
     }
-    m.stream = av_find_best_stream(m.format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+    m.stream = ff.av_find_best_stream(m.format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
     const s64 frames = m.stream >= 0 ? m.format->streams[m.stream]->nb_frames : -1;
     ff_close(&m);
     return frames > INT32_MAX ? INT32_MAX : (s32)frames;

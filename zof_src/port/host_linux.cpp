@@ -1,5 +1,6 @@
 // Linux: clock, folders, files and the desktop's size. The serial line is host_linux_serial.cpp.
 #include <dirent.h>
+#include <dlfcn.h>
 #include <errno.h>
 #include <fcntl.h>
 #include <signal.h>
@@ -118,6 +119,16 @@ s64 zof_host_file_size(const char *path) {
 
 s32 zof_host_rename(const char *from, const char *to) {
     return rename(from, to) == 0 ? 0 : -1;
+}
+
+void *zof_host_library_open(const char *name, s32 major) {
+    char file[64];
+    snprintf(file, sizeof(file), "lib%s.so.%d", name, major);
+    return dlopen(file, RTLD_NOW);
+}
+
+void *zof_host_library_symbol(void *library, const char *name) {
+    return dlsym(library, name);
 }
 
 void zof_host_screen_size(s32 *w, s32 *h) {

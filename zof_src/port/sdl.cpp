@@ -1,6 +1,6 @@
 // The window: a frame store whose changed parts are copied to the window's surface, and the events of mouse, touch and
-// keyboard. Without a display SDL draws off the screen; without SDL at all the frame store alone goes on, so screenshots
-// work everywhere.
+// keyboard. Without a display SDL draws off the screen; without SDL at all the frame store alone goes on, so that
+// screenshots work everywhere.
 #include <SDL.h>
 
 #include <stdlib.h>

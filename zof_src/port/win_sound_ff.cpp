@@ -6,10 +6,6 @@
 #include "port/win_sound.h"
 #include "zof_lib/zof_stdio.h"
 
-extern "C" {
-#include <libswresample/swresample.h>
-}
-
 enum { STEREO = 2, SAMPLES_MOST = 19200, EMPTY_PAUSE_MS = 20 };
 
 // What one run through the file needs.
@@ -33,13 +29,14 @@ static const char *converter_make(sound_run *r) {
     r->rate = codec->sample_rate;
     r->channels = codec->ch_layout.nb_channels;
     AVChannelLayout in, out;
-    av_channel_layout_default(&in, r->channels);
-    av_channel_layout_default(&out, STEREO);
-    const int set = swr_alloc_set_opts2(&r->swr, &out, AV_SAMPLE_FMT_S16, r->rate, &in, r->format, r->rate, 0, nullptr);
+    ff.av_channel_layout_default(&in, r->channels);
+    ff.av_channel_layout_default(&out, STEREO);
+    const int set =
+        ff.swr_alloc_set_opts2(&r->swr, &out, AV_SAMPLE_FMT_S16, r->rate, &in, r->format, r->rate, 0, nullptr);
     r->buffer = (s16 *)zof_malloc(SAMPLES_MOST * STEREO * sizeof(s16));
-    r->packet = av_packet_alloc();
-    r->frame = av_frame_alloc();
-    return set == 0 && swr_init(r->swr) == 0 && r->buffer && r->packet && r->frame ? nullptr : "no memory\n";
+    r->packet = ff.av_packet_alloc();
+    r->frame = ff.av_frame_alloc();
+    return set == 0 && ff.swr_init(r->swr) == 0 && r->buffer && r->packet && r->frame ? nullptr : "no memory\n";
 }
 
 // Why there is no device.
@@ -78,8 +75,8 @@ static bool frame_play(sound_run *r) {
         return false;
     }
     u8 *out[] = {(u8 *)r->buffer};
-    int n = swr_convert(r->swr, out, SAMPLES_MOST, (const u8 **)f->extended_data, f->nb_samples);
-    for (; n > 0; n = n == SAMPLES_MOST ? swr_convert(r->swr, out, SAMPLES_MOST, nullptr, 0) : 0) {
+    int n = ff.swr_convert(r->swr, out, SAMPLES_MOST, (const u8 **)f->extended_data, f->nb_samples);
+    for (; n > 0; n = n == SAMPLES_MOST ? ff.swr_convert(r->swr, out, SAMPLES_MOST, nullptr, 0) : 0) {
         r->any = true;
         if (!sound_feed((u8 *)r->buffer, (u32)n * STEREO * sizeof(s16))) {
             return false;
@@ -90,9 +87,9 @@ static bool frame_play(sound_run *r) {
 
 // Plays what the decoder makes of a packet; null: of all that it still holds.
 static bool packet_play(sound_run *r, const AVPacket *packet) {
-    avcodec_send_packet(r->media.codec, packet); // a broken piece is passed over
+    ff.avcodec_send_packet(r->media.codec, packet); // a broken piece is passed over
     bool on = true;
-    while (on && avcodec_receive_frame(r->media.codec, r->frame) == 0) {
+    while (on && ff.avcodec_receive_frame(r->media.codec, r->frame) == 0) {
         on = frame_play(r);
     }
     return on;
@@ -102,7 +99,7 @@ static void run_play(sound_run *r) {
     bool on = true;
     while (on && ff_packet_read(&r->media, r->packet)) {
         on = packet_play(r, r->packet);
-        av_packet_unref(r->packet);
+        ff.av_packet_unref(r->packet);
     }
     if (on) {
         packet_play(r, nullptr);
@@ -112,15 +109,15 @@ static void run_play(sound_run *r) {
 
 static void run_close(sound_run *r) {
     sound_device_close();
-    av_frame_free(&r->frame);
-    av_packet_free(&r->packet);
-    swr_free(&r->swr);
+    ff.av_frame_free(&r->frame);
+    ff.av_packet_free(&r->packet);
+    ff.swr_free(&r->swr);
     zof_free(r->buffer);
     ff_close(&r->media);
 }
 
 int mythread_others(void *) {
-    bool again = true;
+    bool again = ff_lib_open();
     while (again) {
         sound_run r = {};
         const char *wrong = run_open(&r);

@@ -64,6 +64,11 @@ const char *zof_host_error(void);
 typedef zof_bool (*zof_file_fault_t)(const char *what, const char *path);
 void zof_file_fault_set(zof_file_fault_t fault);
 
+// A shared library by its plain name ("avcodec") and major version, which stays open; null when there is none. And the
+// address of one of its functions, or null.
+void *zof_host_library_open(const char *name, s32 major);
+void *zof_host_library_symbol(void *library, const char *name);
+
 void zof_host_screen_size(s32 *w, s32 *h);             // the desktop's size in pixels; 0, 0 when unknown
 
 // Serial line. Port P is the path in the environment variable ZOF_COM<P>, else the system's own name for it; one line

@@ -18,7 +18,7 @@ void win_rtc_init(void);
 void win_gpio_init(void);
 void win_video_init(void);
 void win_audio_init(void);
-// LVGL's decoder of PNG and JPEG files by FFmpeg, in front of its own; FFmpeg's log is shut.
+// LVGL's decoder of PNG and JPEG files, in front of its own. The first JPEG loads FFmpeg.
 void zof_ffmpeg_init(void);
 void win_aid_init(void);
 
