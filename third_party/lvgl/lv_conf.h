@@ -15,9 +15,9 @@
 // Memory is counted with the runtime's own; time is the runtime's, so that tests can set the clock.
 #define LV_MEM_CUSTOM 1
 #define LV_MEM_CUSTOM_INCLUDE "zof_lib/zof_stdio.h"
-#define LV_MEM_CUSTOM_ALLOC zof_lv_malloc
+#define LV_MEM_CUSTOM_ALLOC zof_lv_malloc_must
 #define LV_MEM_CUSTOM_FREE zof_lv_free
-#define LV_MEM_CUSTOM_REALLOC zof_lv_realloc
+#define LV_MEM_CUSTOM_REALLOC zof_lv_realloc_must
 #define LV_MEMCPY_MEMSET_STD 1
 #define LV_MEM_BUF_MAX_NUM 64
 #define LV_TICK_CUSTOM 1

@@ -43,8 +43,7 @@ static void register_display() {
     const size_t pixels = (size_t)SDL_HOR_RES * (size_t)SDL_VER_RES;
     void *buffer = zof_malloc(pixels * sizeof(lv_color_t));
     if (!buffer) {
-        zof_printf("display: no memory for a picture of %d x %d", SDL_HOR_RES, SDL_VER_RES);
-        return;
+        zof_mem_end("the display has no memory for its picture"); // and no object could be made without a display
     }
     lv_disp_draw_buf_init(&draw_buf, buffer, nullptr, (u32)pixels);
     lv_disp_drv_init(&drv);

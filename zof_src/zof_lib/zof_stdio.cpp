@@ -20,14 +20,20 @@ struct {
     std::atomic<size_t> zof_mem_size{0};
     std::atomic<size_t> zof_mem_size1{0};
     std::atomic<u32> g_win_mem_total{10};
+    std::atomic<u32> tries{0};
+    std::atomic<u32> fail_at{0}; // in tries
 } memory; // counters of the two families
 
 block_head_t *head_of(void *p) {
     return static_cast<block_head_t *>(p) - 1;
 }
 
+bool fails_for_test() {
+    return ++memory.tries == memory.fail_at;
+}
+
 void *block_new(size_t n, bool zeroed, std::atomic<size_t> *counter) {
-    if (n == 0 || n > PTRDIFF_MAX - sizeof(block_head_t)) {
+    if (n == 0 || n > PTRDIFF_MAX - sizeof(block_head_t) || fails_for_test()) {
         return nullptr;
     }
     size_t whole = n + sizeof(block_head_t);
@@ -59,7 +65,7 @@ void *block_resize(void *p, size_t n, bool zeroed, std::atomic<size_t> *counter)
         block_free(p);
         return nullptr;
     }
-    if (n > PTRDIFF_MAX - sizeof(block_head_t)) {
+    if (n > PTRDIFF_MAX - sizeof(block_head_t) || fails_for_test()) {
         return nullptr;
     }
     size_t old = head_of(p)->size;
@@ -99,6 +105,32 @@ void *zof_lv_realloc(void *p, size_t n) {
 
 void zof_lv_free(void *p) {
     block_free(p);
+}
+
+void zof_mem_end(const char *what) {
+    zof_printf("out of memory: %s; the program ends\n", what);
+    std::_Exit(ZOF_EXIT_MEMORY); // threads may still run: nothing is torn down
+}
+
+static void *must_have(void *p, size_t n) {
+    enum { CHECKED_FROM = 1 << 20 };
+    if (!p && n > 0 && n <= CHECKED_FROM) {
+        zof_mem_end("an object of the screen could not be made");
+    }
+    return p;
+}
+
+void *zof_lv_malloc_must(size_t n) {
+    return must_have(zof_lv_malloc(n), n);
+}
+
+void *zof_lv_realloc_must(void *p, size_t n) {
+    return must_have(zof_lv_realloc(p, n), n);
+}
+
+u32 zof_mem_fail_at(u32 n) {
+    memory.fail_at = n;
+    return memory.tries.exchange(0);
 }
 
 u32 zof_mem_count(void) {

@@ -30,6 +30,20 @@ void *zof_lv_malloc(size_t n);
 void *zof_lv_realloc(void *p, size_t n);
 void zof_lv_free(void *p);
 
+// What LVGL allocates with. It does not check most of its blocks, so that a failure would be a crash somewhere else: the
+// program ends instead, with one line and the status ZOF_EXIT_MEMORY. Blocks above 1 MiB, which are pictures and layers,
+// are checked by their users and may be null.
+enum { ZOF_EXIT_MEMORY = 3 };
+void *zof_lv_malloc_must(size_t n);
+void *zof_lv_realloc_must(void *p, size_t n);
+
+// Ends the program for want of memory, with a line that says for what, and the status ZOF_EXIT_MEMORY. Does not return.
+void zof_mem_end(const char *what);
+
+// For tests: the n-th allocation from now on fails, of either family, and no other one; 0 for none. Returns the number
+// of allocations since the last call.
+u32 zof_mem_fail_at(u32 n);
+
 // Bytes in use by both families together; logs one line at each call.
 u32 zof_mem_get_used(void);
 

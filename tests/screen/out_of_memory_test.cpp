@@ -1,0 +1,76 @@
+// One allocation fails, in a process of its own each time: the start and the loading of a view end whole, with less on
+// the screen, or with the status that says so, and never by a signal.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "every_control.h"
+#include "zof.h"
+
+enum { NO_PROJECT = 42 };
+
+static void view_up(view_project_t &project) {
+    project.open(640, 240);
+    zof_view_set_dis_view(1);
+    screen_step(50);
+    zof_view_set_dis_view(2);
+    zof_view_set_dis_view(1);
+    screen_step(50);
+}
+
+// How a process ends whose allocation `n` fails; without one, *count is their number.
+static int end_of(view_project_t &project, u32 n, u32 *count) {
+    int pipes[2];
+    REQUIRE(pipe(pipes) == 0);
+    fflush(stdout);
+    const pid_t child = fork();
+    if (child == 0) {
+        if (!getenv("ZOF_FUZZ_LOUD") && !freopen("/dev/null", "w", stdout)) {
+            _exit(99);
+        }
+        zof_mem_fail_at(n);
+        try {
+            view_up(project);
+        } catch (...) { // the fixture's, of a project that could not be opened
+            _exit(NO_PROJECT);
+        }
+        const u32 made = zof_mem_fail_at(0);
+        _exit(write(pipes[1], &made, sizeof(made)) == sizeof(made) ? 0 : 98);
+    }
+    close(pipes[1]);
+    int status = -1;
+    REQUIRE(waitpid(child, &status, 0) == child);
+    if (count) {
+        CHECK(read(pipes[0], count, sizeof(*count)) == sizeof(*count));
+    }
+    close(pipes[0]);
+    return status;
+}
+
+TEST_CASE("an allocation that fails at the start or while a view is loaded ends nothing by a signal") {
+    enum { EARLY = 100 }; // each of the first, on which the others stand; ZOF_FAILURES of the rest
+    const char *given = getenv("ZOF_FAILURES");
+    const u32 failures = EARLY + (given ? (u32)strtoul(given, nullptr, 0) : 100);
+    view_project_t project;
+    project.write("config/languages/en.g", R"({"hello": "hello"})");
+    project.more += R"(, "language": "en")";
+    project.image("red.png", 20, 20, 0xFF0000);
+    project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
+    project.view(1, one_of_each(R"("pub": true)"));
+    project.view(2, {ctrl(ZOF_CTRL_LABEL, 1)});
+    u32 count = 0;
+    REQUIRE(end_of(project, 0, &count) == 0);
+    REQUIRE(count > 1000);
+    u32 out_of_memory = 0;
+    for (u32 i = 0; i < failures; i++) {
+        const u32 n = i < EARLY ? i + 1 : EARLY + (u32)((u64)(count - EARLY) * (i - EARLY) / (failures - EARLY));
+        const int status = end_of(project, n, nullptr);
+        CAPTURE(n);
+        CAPTURE(WTERMSIG(status));
+        const int code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        CAPTURE(code);
+        const bool ended = code == 0 || code == NO_PROJECT || code == ZOF_EXIT_MEMORY;
+        CHECK(ended);
+        out_of_memory += WIFEXITED(status) && WEXITSTATUS(status) == ZOF_EXIT_MEMORY;
+    }
+    CHECK(out_of_memory > 0);
+}
