@@ -13,8 +13,8 @@ void zof_main(void);
 // Handles the command line, brings the runtime up in its fixed order, calls zof_main and runs the main loop: one turn
 // of lv_timer_handler under dis_mutex, then sleep without it until a timer is due, the window has an event, a host's
 // command comes in, or another thread has held the lock. Main thread only, once. Returns 0 when zof_win_cmd did what
-// was asked, 1 when there is no project to show; otherwise never: closing the window ends the process,
-// and so does LVGL's want of memory, with a line and the status ZOF_EXIT_MEMORY.
+// was asked, 1 when there is no project to show; otherwise never: closing the window ends the process. Without memory
+// for LVGL's objects it ends with a line and the status ZOF_EXIT_MEMORY.
 int zof_run(int argc, char **argv);
 
 // Answers `--help`, `-h`, `--version` and `-V`, and makes the build call `t <switch><stamp>`: argv[2] less its first two
