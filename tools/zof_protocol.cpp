@@ -1,6 +1,6 @@
 // Writes what is known of the host protocol's commands into the files of those who write hosts: the reference in docs/,
 // the constants and calls of the C library, the rows of the Python library. The command tables are the one source.
-// Everything between a file's line with "rows: begin" and its line with "rows: end" is written anew.
+// Everything between a file's line with "rows: begin" and its line with "rows: end" is replaced.
 // usage: zof_protocol [--check] FILE.md|FILE.h|FILE.py...     --check writes nothing, and fails if something would
 // change
 #include <cstdio>

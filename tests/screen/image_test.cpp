@@ -42,7 +42,7 @@ TEST_CASE("a picture is drawn whatever the case of its suffix") {
 }
 
 // LVGL takes such a name for the address of a picture in memory and reads what lies there.
-TEST_CASE("a name that begins with a control character is no picture, wherever it is used") {
+TEST_CASE("a name that begins with a control character is refused wherever a picture is named") {
     view_project_t project;
     project.shown_keys = R"("bg_image": "\u0005:x.png")";
     const std::string name = R"(: "\u0005:x.png")", style = R"({"style_part": 0, "img_t": {"bg_img")" + name + "}}";

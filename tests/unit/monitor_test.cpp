@@ -18,7 +18,7 @@ static std::string said(const bytes &data, bool from_host, bool crc = false, siz
     return out;
 }
 
-TEST_CASE("the monitor tells every kind of frame in words, and marks what a panel would not take") {
+TEST_CASE("the monitor shows every kind of frame in words, and marks what a panel would refuse") {
     const std::pair<bytes, std::string> rows[] = {
         // what follows the head
         {{0x07, 0x11, 0xB1, 0x06, 0x01, 0x40, 0x00, 0xF0}, "value view.size width=320 height=240\n"},

@@ -6,7 +6,7 @@
 
 namespace fs = std::filesystem;
 
-TEST_CASE("a path that is too long is refused with a line and never cut") {
+TEST_CASE("a path that is too long is refused with a line, never truncated") {
     temp_project_t project;
     CHECK(zof_res_path_check("a.png", "image/") == nullptr);
     REQUIRE(project.open());
@@ -61,7 +61,8 @@ TEST_CASE("a drive letter leads beside the project, and naming it makes the fold
 TEST_CASE("temporary files of killed runs are removed when the project is opened, those of running ones are kept") {
     temp_project_t project;
     const std::string folder = project.path("config/project/"), init = ".zof_file.new~1-5";
-    for (const std::string &name : std::vector<std::string>{".zof_file.new", ".zof_file.new~4999999-1", init, ".zof_file.newer"}) {
+    const std::vector<std::string> names = {".zof_file.new", ".zof_file.new~4999999-1", init, ".zof_file.newer"};
+    for (const std::string &name : names) {
         project.write("config/project/" + name, "half");
     }
     REQUIRE(project.open());
@@ -102,7 +103,7 @@ TEST_CASE("a file is written whole or not at all, and its kind is its suffix") {
 }
 
 // Without the door each of these waits for a writer, for ever.
-TEST_CASE("a pipe or a device in the place of a file is no file, and nothing waits for it") {
+TEST_CASE("a pipe or a device in the place of a file is refused at once") {
     lv_init();
     temp_project_t project;
     const std::string pipe = project.path("config/project/pipe"), link = project.path("link");
@@ -125,7 +126,7 @@ TEST_CASE("a pipe or a device in the place of a file is no file, and nothing wai
     printed([&] { CHECK(project.open() == nullptr); });
 }
 
-TEST_CASE("names of projects and hosts lead nowhere but into the project and its drives, unless the project allows it") {
+TEST_CASE("names of projects and hosts stay inside the project and its drives, unless the project allows more") {
     temp_project_t project;
     const std::string outside = project.top + "/outside", deep = std::string("../") + "../../../../../../../etc/passwd";
     fs::create_directories(outside);

@@ -34,16 +34,16 @@ static void tree_make(const fs::path &top, const tree_t &tree) {
     }
 }
 
-static u32 told_good, told_bad;
-static void told(const char *, u8 ok) {
-    told_good -= ok == ZOF_COPY_UNDONE;
-    (ok == ZOF_COPY_DONE ? told_good : told_bad)++;
+static u32 good_count, bad_count;
+static void count_file(const char *, u8 ok) {
+    good_count -= ok == ZOF_COPY_UNDONE;
+    (ok == ZOF_COPY_DONE ? good_count : bad_count)++;
 }
 
 // The copy as the watch makes it, counted.
 static void update(const std::string &from, const std::string &into, zof_bool remove = ZOF_TRUE) {
-    told_good = told_bad = 0;
-    zof_dir_set_schedule_cbfun(told);
+    good_count = bad_count = 0;
+    zof_dir_set_schedule_cbfun(count_file);
     zof_dir_copyfile(into.c_str(), (from + "./").c_str(), remove);
     zof_dir_set_schedule_cbfun(nullptr);
 }
@@ -90,7 +90,7 @@ static u32 wholly(tree_t got) {
     return renewed;
 }
 
-TEST_CASE("a failure or a power cut at any change of the disk leaves every file old or new, and the counts true") {
+TEST_CASE("a failure or a power cut at any change of the disk leaves every file old or new and the counts correct") {
     char memory[] = "/dev/shm/zof_test_XXXXXX"; // where waiting for the disk takes no time
     REQUIRE(mkdtemp(memory));
     const std::string top = memory, from = top + "/U/", into = top + "/D/";
@@ -110,9 +110,9 @@ TEST_CASE("a failure or a power cut at any change of the disk leaves every file 
                 points = how == NEVER ? fault.seen : points;
                 fault = {};
                 printed([&] { zof_dir_copy_mend(into.c_str()); }); // as the next start does
-                CHECK(told_good == wholly(tree_of(into)));
-                CHECK(told_good + told_bad == fresh.size());
-                CHECK((how != NEVER || told_bad == 0));
+                CHECK(good_count == wholly(tree_of(into)));
+                CHECK(good_count + bad_count == fresh.size());
+                CHECK((how != NEVER || bad_count == 0));
             }
             CHECK(points >= 48);
         }
@@ -121,7 +121,7 @@ TEST_CASE("a failure or a power cut at any change of the disk leaves every file 
     fs::remove_all(top);
 }
 
-TEST_CASE("an update replaces folders whole and the rest file by file, and what cannot be made stays as it was") {
+TEST_CASE("an update replaces folders whole and the rest file by file, and leaves what it cannot replace") {
     temp_project_t project;
     const std::string from = project.top + "/U/", into = project.top + "/D/", beside = project.top + "/E";
     tree_t update_tree = fresh;
@@ -140,7 +140,7 @@ TEST_CASE("an update replaces folders whole and the rest file by file, and what 
     want["mine"] = before.at("mine");
     want["sub/.hidden"] = "kept";
     CHECK(tree_of(into) == want);
-    CHECK((told_bad == 2 && told_good == 6));
+    CHECK((bad_count == 2 && good_count == 6));
     // Without `remove`, into the folder under its own name.
     tree_make(beside, {{"sub/gone", "stays"}});
     const std::string log = printed([&] { zof_dir_copyfile(beside.c_str(), (from + "sub").c_str(), 0); });
@@ -156,7 +156,7 @@ TEST_CASE("an update replaces folders whole and the rest file by file, and what 
     CHECK(zof_file_copy(a.c_str(), nullptr, 9) == -1);
 }
 
-TEST_CASE("a hostile disk writes nothing outside its target, and is counted as it is copied") {
+TEST_CASE("a hostile disk writes nothing outside its target, and its count matches the copy") {
     temp_project_t project;
     const std::string from = project.top + "/U/", into = project.top + "/D/", outside = project.top + "/outside/";
     tree_make(
@@ -185,8 +185,8 @@ TEST_CASE("a hostile disk writes nothing outside its target, and is counted as i
         CHECK(contains(log, from + "./link: neither file nor folder, skipped"));
         CHECK(contains(log, "path too long, not copied: "));
         CHECK(!contains(log, "\x1b"));
-        CHECK(told_good == (remove ? 3 : 2));
-        CHECK(told_good + told_bad == zof_dir_get_fileNum(from.c_str()));
+        CHECK(good_count == (remove ? 3 : 2));
+        CHECK(good_count + bad_count == zof_dir_get_fileNum(from.c_str()));
     }
     fs::remove_all(into + "lead");
     fs::create_symlink(outside, into + "lead");
@@ -232,7 +232,7 @@ TEST_CASE("while the copy's thread runs a second start is refused and its paths 
     CHECK(tree_of(into) == fresh);
 }
 
-TEST_CASE("a folder that somebody copies into is left alone, by its holder's name") {
+TEST_CASE("a folder that somebody copies into is left alone, and the log names the holder") {
     temp_project_t project;
     const std::string from = project.top + "/U/", into = project.top + "/D/";
     const std::string holder = "in use by process " + std::to_string(getpid());
@@ -242,7 +242,7 @@ TEST_CASE("a folder that somebody copies into is left alone, by its holder's nam
     const s32 lock = zof_folder_lock(into.c_str(), text, sizeof(text));
     REQUIRE(lock > 0);
     CHECK(contains(printed([&] { update(from, into); }), into + ": " + holder + ", nothing is copied"));
-    CHECK((told_good == 0 && told_bad == fresh.size()));
+    CHECK((good_count == 0 && bad_count == fresh.size()));
     CHECK(contains(printed([&] { zof_dir_copy_mend(into.c_str()); }), into + ": " + holder + ", left as it is"));
     CHECK(tree_of(into).size() == 1);
     zof_folder_unlock(lock);
@@ -267,7 +267,7 @@ TEST_CASE("a source that grows is copied to the size it had, and one that shrink
         return ZOF_FALSE;
     });
     printed([&] { update(from, into); });
-    CHECK((file_text(into + "log") == big && told_good == 1));
+    CHECK((file_text(into + "log") == big && good_count == 1));
     zof_file_fault_set([](const char *what, const char *) -> zof_bool {
         if (std::string(what) == "write") {
             fs::resize_file(growing, 2500);
@@ -275,7 +275,7 @@ TEST_CASE("a source that grows is copied to the size it had, and one that shrink
         return ZOF_FALSE;
     });
     printed([&] { update(from, into); });
-    CHECK((file_text(into + "log") == big && told_bad == 1));
+    CHECK((file_text(into + "log") == big && bad_count == 1));
     zof_file_fault_set(nullptr);
 }
 
@@ -286,6 +286,6 @@ TEST_CASE("names with a separator are skipped, with a line, in count and copy al
     const std::string log = printed([&] { update(from, into); });
     CHECK(tree_of(into) == tree_t{{"ok", "1"}});
     CHECK(!fs::exists(project.top + "/secret"));
-    CHECK((told_good == 1 && zof_dir_get_fileNum(from.c_str()) == 1));
+    CHECK((good_count == 1 && zof_dir_get_fileNum(from.c_str()) == 1));
     CHECK(contains(log, "a name with a separator or control characters is skipped: a\\b"));
 }

@@ -36,7 +36,7 @@ TEST_CASE("the build call replaces the build time, keeps every other key in its 
     CHECK(!std::filesystem::exists(file));
 }
 
-TEST_CASE("a question for help or the version is answered, and starts nothing") {
+TEST_CASE("--help and --version are answered and start nothing") {
     char program[] = "zof_bench";
     const auto ask = [&](std::string word, s32 want) {
         char *words[] = {program, word.data()};

@@ -280,7 +280,7 @@ static void receive() {
             continue;
         }
         if (sim.line.fd >= 0 && (n == 0 || (errno != EAGAIN && errno != EINTR))) {
-            say("line", "it is gone");
+            say("line", "the far end has gone");
             wire_lost(sim.line);
             unplug();
         }
@@ -316,8 +316,8 @@ int main(int argc, char **argv) {
     app.add_option("--rails", opt.rails, "how many of the 13 rails the box offers")
         ->check(CLI::Range(0, (int)RAIL_MAX));
     app.add_option("--state", sim.box.settings_file, "keep the box's settings in this file")->type_name("FILE");
-    app.add_option("--fault", opt.faults, "spoil the line, see below")->type_name("NAME[=AMOUNT]");
-    app.add_option("--script", opt.script, "do what this file says, see below")->type_name("FILE");
+    app.add_option("--fault", opt.faults, "disturb the line, see below")->type_name("NAME[=AMOUNT]");
+    app.add_option("--script", opt.script, "run the commands of this file, see below")->type_name("FILE");
     app.add_option("--seed", opt.seed, "seed of noise and faults");
     app.add_option("--seconds", opt.seconds, "stop after so many seconds");
     app.add_flag("--trace", opt.trace, "print every frame in words");

@@ -69,7 +69,7 @@ static bool fail(const std::string &what) {
     return false;
 }
 
-// Only a link is replaced, left over or another board's; a file that happens to bear the name stays.
+// Replaces a link only, left over or another board's; a file of that name stays.
 static bool link_set(wire &w) {
     if (w.link.empty()) {
         return true;
@@ -199,7 +199,7 @@ double wire_flush(wire &w, double now_ms) {
         if (w.fd < 0) {
             continue;
         }
-        const ssize_t n = write(w.fd, data.data(), data.size()); // nobody reads a full line: the rest falls off its end
+        const ssize_t n = write(w.fd, data.data(), data.size()); // a full line is not read: the rest is lost
         w.sent += n > 0 ? (uint64_t)n : 0;
         w.dropped += data.size() - (n > 0 ? (uint64_t)n : 0);
     }

@@ -56,7 +56,7 @@ void wire_unplug(wire &w);
 // Closes a line whose far end has ended.
 void wire_lost(wire &w);
 
-// Gives bytes to the line, which treats them as its faults demand. `now_ms` is any clock that goes on.
+// Sends bytes over the line, which applies its faults. `now_ms` is any monotonic clock.
 void wire_send(wire &w, const bytes &data, double now_ms);
 
 // Writes what is due; returns when the next piece is due, or -1.

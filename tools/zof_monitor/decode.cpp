@@ -98,7 +98,7 @@ static void read_fields(reader &r, const zof_hmi_rec_t *list, const char *names)
     r.at += r.whole ? (size_t)n : 0;
 }
 
-// The row's fields behind its code: what is told depends on the direction.
+// The row's fields behind its code; which ones are shown depends on the direction.
 static void read_row(reader &r, const zof_hmi_cmd_type_t &type, const zof_hmi_param_type_t &row, u8 op,
                      bool from_host) {
     read_fields(r, type.rec, type.rec_names);

@@ -1,4 +1,4 @@
-// Sits between a host and a panel and tells what they say to each other; keeps it in a file, and says it again.
+// Sits between a host and a panel and shows their frames in words; records them to a file, and replays it.
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <chrono>
@@ -342,7 +342,7 @@ static int replay() {
         fprintf(stderr, "waiting for the panel to open %s\n",
                 monitor.panel.line.link.empty() ? monitor.panel.line.slave_name.c_str()
                                                 : monitor.panel.line.link.c_str());
-        while (!stop && monitor.panel.heard_us == 0) { // it says so when it has started
+        while (!stop && monitor.panel.heard_us == 0) { // it sends a report when it has started
             collect(now);
         }
     }
@@ -380,7 +380,7 @@ int main(int argc, char **argv) {
     options &o = monitor.opt;
     std::string host_tty, host_link, panel_tty, panel_link;
     unsigned baud = 115200;
-    CLI::App app("Shows what a host and a panel say to each other, keeps it in a file, and says it again.\n"
+    CLI::App app("Shows the frames of a host and a panel in words, records them to a file, and replays it.\n"
                  "Example:  zof_monitor watch --panel-link /tmp/panel --host-link /tmp/host\n"
                  "then start the panel with ZOF_COM5=/tmp/panel, and a host on /tmp/host.");
     app.require_subcommand(1);

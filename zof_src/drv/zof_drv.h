@@ -33,8 +33,8 @@ enum { ZOF_DRV_UART = 2 };
 // control.
 extern zof_mutex_t dis_mutex;
 
-// Recursive mutexes. Create gives null when the system has none left. Lock waits without limit; lock and unlock return
-// 0, or a negative number for a handle that is none. One thread's locks and unlocks come in pairs.
+// Recursive mutexes. Create returns null when the system has none left. Lock waits without limit; lock and unlock
+// return 0, or a negative number for an invalid handle. One thread's locks and unlocks come in pairs.
 zof_mutex_t zof_mutex_create(void);
 void zof_mutex_destory(zof_mutex_t m);
 s32 zof_mutex_lock(zof_mutex_t m);
@@ -61,32 +61,32 @@ void zof_delay(u32 ms);
 // Milliseconds since the start; wraps after 49 days, so compare differences. Also LVGL's clock.
 u32 zof_sys_time_ms(void);
 
-// The desktop cannot reboot: says so and returns -1.
+// The desktop cannot reboot: logs that and returns -1.
 s32 zof_reboot(void);
 
 // First of all, before anything is printed: prepares the process, so that a log whose reader has gone does not end it.
 void zof_system_start(void);
 
-// The name of the operating system, "linux"; lives for ever.
+// The name of the operating system, "linux"; never freed.
 const char *zof_system_get_name(void);
 
 // Starts a thread and returns when it runs; null when it cannot be started. `name` is for debuggers. `stack`, in bytes,
 // is not used on the desktop. `prio`: 1 or less runs high, 2 to 6 low, 7 or more normal. The record belongs to the
-// caller, who may keep it for ever or give it to zof_thread_del; the thread does not need it.
+// caller, who may keep it or pass it to zof_thread_del; the thread does not need it.
 zof_thread_t *zof_thread_create(const char *name, void (*fn)(void *arg), void *arg, u32 stack, s32 prio);
 
-// Lets go of a thread, which runs on by itself, and releases its record.
+// Detaches a thread, which keeps running, and releases its record.
 void zof_thread_del(zof_thread_t *t);
 
-// A walk through a folder, with or without a separator at the end of its path; "." and ".." are given too. Open gives
-// null for what is no folder, read null at the end. There is one record a thread, overwritten by its next read of any
-// folder; the name lasts until the next read of the same walk. The walk is released by zof_closedir.
+// A walk through a folder, with or without a separator at the end of its path; "." and ".." are included. Open returns
+// null for what is not a folder, read null at the end. There is one record a thread, overwritten by its next read of
+// any folder; the name lasts until the next read of the same walk. The walk is released by zof_closedir.
 zof_dir_t *zof_opendir(const char *path);
 const zof_dirent_t *zof_readdir(zof_dir_t *dir);
 void zof_closedir(zof_dir_t *dir);
 
 // Files, as far as systems differ; more in zof_drv_file.h. Paths are the host's own.
-s32 zof_mkdir(const char *path);                  // 0 made, 1 there is one of that name already, -1
+s32 zof_mkdir(const char *path);                  // 0 made, 1 the name exists already, -1
 s32 zof_rename(const char *from, const char *to); // replaces `to`, in one step; 0 or -1
 s64 zof_file_size(const char *path);              // bytes, or -1
 

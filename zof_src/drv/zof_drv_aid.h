@@ -1,4 +1,4 @@
-// Aids: a finger that is none and a camera, for scripts, tests and screenshots.
+// Aids for scripts, tests and screenshots: a simulated finger and a camera.
 #ifndef ZOF_DRV_AID_H
 #define ZOF_DRV_AID_H
 
@@ -7,7 +7,7 @@
 ZOF_C_BEGIN
 
 typedef struct {
-    void (*pointer)(s32 x, s32 y, zof_bool pressed); // OPTIONAL: takes the road of a real press from the window on
+    void (*pointer)(s32 x, s32 y, zof_bool pressed); // OPTIONAL: handled like a real press from the window on
     s32 (*shot)(const char *path);                   // OPTIONAL: the picture on the panel as PNG; 0 or -1
 } zof_drv_aid_ops_t;
 

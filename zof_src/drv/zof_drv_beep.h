@@ -16,8 +16,8 @@ s32 zof_beep_on(u16 time);
 // Takes the beeper's pin down: -1 on a desktop, where a tone cannot be cut short.
 s32 zof_beep_off(void);
 
-// The port's tone: 2000 Hz for `time` + 400 ms, and blocks for that long. Without a sound device it is silent, and says
-// so once.
+// The port's tone: 2000 Hz for `time` + 400 ms, and blocks for that long. Without a sound device it is silent, and logs
+// that once.
 s32 win_beep_on(u16 time);
 
 ZOF_C_END

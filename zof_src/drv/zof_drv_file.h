@@ -1,6 +1,6 @@
-// Every file that the runtime opens is opened here: regular files only, so that a pipe or a device in the place of a file
-// can neither stop the program nor be switched on by it. Paths are the host's own, a folder's with or without a separator
-// at its end. Any thread. A null path or file is a failure.
+// Every file that the runtime opens is opened here: regular files only, so that a pipe or a device in the place of a
+// file can neither stop the program nor be switched on by it. Paths are the host's own, a folder's with or without a
+// separator at its end. Any thread. A null path or file is a failure.
 #ifndef ZOF_DRV_FILE_H
 #define ZOF_DRV_FILE_H
 
@@ -17,8 +17,9 @@ FILE *zof_file_read_open(const char *path);
 // A whole regular file of 1 to `most` bytes in memory for zof_free, with its size; null with *why, for a log line.
 u8 *zof_file_read_all(const char *path, u32 most, u32 *size, const char **why);
 
-// As zof_file_read_open, for writing: with `keep` an existing file is opened for reading and writing as it is, without it the file is
-// made or emptied. For files that a person named; whatever must survive a power cut is written by zof_file_write.
+// As zof_file_read_open, for writing: with `keep` an existing file is opened for reading and writing as it is, without
+// it the file is made or emptied. For files that a person named; whatever must survive a power cut is written by
+// zof_file_write.
 FILE *zof_file_write_open(const char *path, zof_bool keep);
 
 // Where a path leads when all links are followed, without "." and ".."; 0, or -1 when nothing is there or it does not fit.
@@ -26,20 +27,20 @@ s32 zof_file_real_path(const char *path, char *out, size_t size);
 
 // The functions below are for media that strangers made, and follow no link.
 
-// ZOF_FILE_*: what stands under a name. Links, pipes, devices and sockets are ZOF_FILE_OTHER. A path that ends in a
-// separator asks for what a link leads to.
+// ZOF_FILE_*: the kind of what has this name. Links, pipes, devices and sockets are ZOF_FILE_OTHER. A path that ends in
+// a separator asks for what a link leads to.
 enum { ZOF_FILE_NONE = 0, ZOF_FILE_PLAIN = 1, ZOF_FILE_FOLDER = 2, ZOF_FILE_OTHER = 3 };
 u32 zof_file_kind(const char *path);
 
 // As zof_file_read_open, and null for a link.
 FILE *zof_file_open(const char *path);
 
-// A new file for writing, for zof_file_finish; null also when there is anything of that name already.
+// A new file for writing, for zof_file_finish; null also when the name exists already.
 FILE *zof_file_create(const char *path);
 
-// A temporary name in the folder of `path`: `prefix`, which is to begin with a dot, '~', and numbers that no other name of
-// this process has, and no other process that runs. One separator at the end of `path` does not count. 0, or -1 when it
-// does not fit.
+// A temporary name in the folder of `path`: `prefix`, which is to begin with a dot, '~', and numbers that no other name
+// of this process has, and no other process that runs. One separator at the end of `path` does not count. 0, or -1 when
+// it does not fit.
 s32 zof_file_temp_name(char *out, size_t size, const char *path, const char *prefix);
 
 // The prefix of the files that are renamed over others once they are complete.
@@ -52,9 +53,9 @@ zof_bool zof_file_is_temp(const char *name, const char *prefix, zof_bool dead);
 // Removes the temporary files that killed processes left in a folder, which ends with a separator.
 void zof_file_temp_clear(const char *folder);
 
-// Locks a folder against other callers, of this process too, until it is unlocked or the process ends. Returns the lock,
-// 0 when somebody else holds it, who is then named in `holder`, and -1 when there is no such folder or its medium knows
-// no locks.
+// Locks a folder against other callers, of this process too, until it is unlocked or the process ends. Returns the
+// lock, 0 when somebody else holds it, who is then named in `holder`, and -1 when there is no such folder or its medium
+// knows no locks.
 s32 zof_folder_lock(const char *path, char *holder, size_t size);
 void zof_folder_unlock(s32 lock); // 0 and -1 are ignored
 

@@ -19,7 +19,7 @@ typedef struct {
 // Gets a pointer to the pin's port byte; the pin byte follows it.
 typedef void (*zof_gpio_irq_fn)(u8 *port);
 
-// A port's operations; each is OPTIONAL, and its wrapper gives -1 without it.
+// A port's operations; each is OPTIONAL, and its wrapper returns -1 without it.
 typedef struct {
     s32 (*init)(const zof_gpio_cfg_t *cfg);
     s32 (*readInputPin)(u8 port, u8 pin);
@@ -33,7 +33,8 @@ typedef struct {
 
 extern const zof_drv_gpio_ops_t *zof_gpio_t;
 
-// The level of a pin, 0 or 1; or what the port gives. -1 for a missing driver or operation, or a pin that is not there.
+// The level of a pin, 0 or 1; or whatever the port returns. -1 for a missing driver or operation, or a pin that is not
+// there.
 s32 zof_gpio_init(const zof_gpio_cfg_t *cfg);
 s32 zof_gpio_readInputPin(u8 port, u8 pin);
 s32 zof_gpio_readOutputPin(u8 port, u8 pin);

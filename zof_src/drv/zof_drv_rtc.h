@@ -20,7 +20,7 @@ typedef struct {
 extern const zof_drv_rtc_ops_t *zof_rtc_t;
 
 // Local time, read and set. -1 for a null record or a missing driver, else the driver's result; a desktop prints what
-// it was asked to set, leaves its clock alone and gives 0. Any thread.
+// it was asked to set, leaves its clock alone and returns 0. Any thread.
 s32 zof_rtc_get_time(zof_rtc_time_t *time);
 s32 zof_rtc_set_time(const zof_rtc_time_t *time);
 

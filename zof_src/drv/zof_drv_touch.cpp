@@ -11,7 +11,7 @@
 const zof_drv_touch_ops_t *drv_touch_t;
 lv_indev_t *touch_indev;
 
-static zof_touch_t g_touch_t; // the last touch that was told upwards
+static zof_touch_t g_touch_t; // the last touch that was reported upwards
 static u8 last_state;         // what the finger did, also while it is hidden
 static u8 ignore_once;        // hide until the finger lifts
 

@@ -12,7 +12,7 @@ enum { ZOF_TOUCH_RELEASED = 0, ZOF_TOUCH_PRESS = 1, ZOF_TOUCH_HELD = 2 };
 
 typedef struct {
     u8 state; // ZOF_TOUCH_RELEASED ...
-    u16 x, y; // pixels, as the input device gives them
+    u16 x, y; // pixels, as the input device reports them
 } zof_touch_t;
 
 typedef struct {
@@ -24,7 +24,7 @@ typedef struct {
 extern const zof_drv_touch_ops_t *drv_touch_t;
 extern lv_indev_t *touch_indev;
 
-// The hook. A port's read callback calls it last, with the data that it is about to give to the widgets; a press that
+// The hook. A port's read callback calls it last, with the data that it is about to pass to the widgets; a press that
 // the host protocol takes for itself is changed to a release. 0, or -1 when a release changed nothing.
 s32 zof_touch_event(lv_indev_data_t *data);
 

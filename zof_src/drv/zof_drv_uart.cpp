@@ -56,7 +56,7 @@ static bool port_stands(const zof_drv_t *handle) {
     return uart_drvs_t[handle->port] == handle;
 }
 
-// The port's number, or -1. The desktop's number wins, then the number given, then the hardware's default.
+// The port's number, or -1. The desktop's number wins, then the number in the settings, then the hardware's default.
 static s32 resolve_port(const zof_uart_cfg_t *cfg) {
     s32 port = cfg->port;
     if (port == -1) {

@@ -37,7 +37,7 @@ typedef struct {
     u32 stop_e;   // zof_uart_stop_e
 } zof_uart_cfg_t;
 
-// What a port supplies. A handle's first member is zof_drv_t. Handles given to it are its own and not null.
+// What a port supplies. A handle's first member is zof_drv_t. Handles passed to it are its own and not null.
 typedef struct {
     zof_drv_t *(*open)(zof_uart_cfg_t *cfg);                      // MANDATORY: opens cfg->port; null on failure
     s32 (*set_cfg)(zof_drv_t *handle, const zof_uart_cfg_t *cfg); // OPTIONAL: 0, or -1 and the line is as it was
@@ -60,14 +60,15 @@ typedef void (*uart_rev_bfun)(u8 *data, u32 size);
 // Thread "zof uart hmi", no lock held.
 typedef void (*uart_hmi_rev_bfun)(u8 *data, u32 size, void *arg);
 
-// Opens a port and starts its reader thread, or gives the open port's handle with the new line settings; its threads
+// Opens a port and starts its reader thread, or returns the open port's handle with the new line settings; its threads
 // and clients are kept. The number of a port that was not open is written into `cfg->port`. Null for no port number,
 // one above 255, settings out of range (an open line stays as it was), and a file that is no serial line; a device that
-// is missing or busy is taken when it can be had. The handle lives for ever. Opening and the registrations below belong to one thread, the main one.
+// is missing or busy is taken when it can be had. The handle lives for ever. Opening and the registrations below belong
+// to one thread, the main one.
 zof_drv_t *zof_drv_uart_open(zof_uart_cfg_t *cfg);
 
 // Silences both clients; line, threads and handle stay for a later open, after which the register link's callback must
-// be set again. 0, or -1 for a bad handle.
+// be set again. 0, or -1 for an invalid handle.
 s32 zof_drv_uart_close(zof_drv_t *handle);
 
 // Hands bytes to the line at once; any thread, but senders of one port must not mix their frames: the panel's hold
@@ -75,7 +76,7 @@ s32 zof_drv_uart_close(zof_drv_t *handle);
 // room.
 s32 zof_drv_uart_send(zof_drv_t *handle, const u8 *data, u32 size);
 
-// Waits for at least one byte; for the reader thread. Bytes read, 0 for a bad handle or a line that is gone.
+// Waits for at least one byte; for the reader thread. Bytes read, 0 for an invalid handle or a line that is gone.
 s32 zof_drv_uart_recive(zof_drv_t *handle, u8 *buffer, u32 size);
 
 // Changes the line, by the numbers of zof_uart_cfg_t. 0, or -1 and the line is as it was.
@@ -93,8 +94,8 @@ s32 zof_drv_uart_rev_set_bfun(zof_drv_t *handle, uart_rev_bfun fun, u32 size);
 // caller's. A piece that finds no room waits for it, a second at most, and the bytes behind it stay in the line.
 s32 zof_drv_uart_hmi_rev_set_bfun(zof_drv_t *handle, uart_hmi_rev_bfun fun, void *arg, u32 size, u32 t_size);
 
-// What the host link's callback could not use yet: put in front of its next message. One tail at a time, the last one
-// given. From inside the callback. 0, or -1: bad handle, no client, nothing given, more than `t_size`.
+// Keeps what the host link's callback could not use yet: it is put in front of its next message. One tail at a time,
+// the latest one. From inside the callback. 0, or -1: invalid handle, no client, no data, more than `t_size`.
 s32 zof_drv_uart_hmi_tbuf_set(zof_drv_t *handle, const u8 *data, u32 size);
 
 ZOF_C_END

@@ -20,11 +20,11 @@ typedef struct {
 
 extern const zof_drv_video_ops_t *drv_video_t;
 
-// Publishes the table, which lives on; null takes video away. 0.
+// Publishes the table, which stays the port's; null removes video. Returns 0.
 s32 zof_drv_video_reg(const zof_drv_video_ops_t *ops);
 
-// The operation's result; -1 without one, and, but for the volume, which is the device's, for what is no player. Create
-// gives null then.
+// The operation's result; -1 without one, and for what is not a player, except for the volume, which is the device's.
+// Create returns null then.
 lv_obj_t *zof_drv_video_create(lv_obj_t *parent);
 s32 zof_drv_video_set_pos(lv_obj_t *player, s32 x, s32 y, u32 width, u32 height);
 s32 zof_drv_video_set_src(lv_obj_t *player, const char *path);

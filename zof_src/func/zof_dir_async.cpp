@@ -1,5 +1,5 @@
 // The folder copy on a thread of its own. The thread owns the paths while it runs; the lock guards the counts alone and
-// is kept for the next copy, so that whoever reads them never meets one that is just going.
+// is kept for the next copy, so that a reader never meets a lock that is being destroyed.
 #include <atomic>
 
 #include "drv/zof_drv.h"

@@ -1,7 +1,7 @@
-// Copies folders so that a power cut at any moment tears nothing. A file is written beside its target and renamed over it.
-// A folder that is to be replaced is built beside the old one, gets what the old one has to keep, and changes places with
-// it. What is built beside has a temporary name that begins with a dot, which no copied file can have. The target is
-// locked meanwhile: two programs that copied into one folder would rename each other's files into place.
+// Copies folders so that a power cut at any moment tears nothing. A file is written beside its target and renamed over
+// it. A folder that is to be replaced is built beside the old one, gets what the old one has to keep, and changes
+// places with it. What is built beside has a temporary name that begins with a dot, which no copied file can have. The
+// target is locked meanwhile: two programs that copied into one folder would rename each other's files into place.
 #include "func/zof_dir_copy.h"
 
 #include <stdio.h>
@@ -199,7 +199,8 @@ static void stage_report(copy_run *r, bool placed) {
 static void folder_replace(copy_run *r, const char *target, const char *src) {
     char fresh[PATH_SIZE], stage[PATH_SIZE], place[PATH_SIZE];
     snprintf(place, sizeof(place), "%.*s", (int)strlen(target) - 1, target);
-    if (zof_file_temp_name(fresh, sizeof(fresh), target, NEW_DIR) != 0 || !dir_join(stage, sizeof(stage), fresh, "/", "")) {
+    if (zof_file_temp_name(fresh, sizeof(fresh), target, NEW_DIR) != 0 ||
+        !dir_join(stage, sizeof(stage), fresh, "/", "")) {
         zof_printf("path too long, not copied: %.80s...\n", target);
         folder_refuse(r, src);
         return;
@@ -276,8 +277,8 @@ static void folder_copy(copy_run *r, const char *target, const char *src, bool r
     zof_printf("copy dir end \n");
 }
 
-// Makes the folder that is copied into, if it is not there, and locks it: 0, with a line, when somebody else copies into
-// it. A medium without locks is copied to all the same.
+// Makes the folder that is copied into, if it is not there, and locks it: 0, with a line, when somebody else copies
+// into it. A medium without locks is copied to all the same.
 static s32 target_lock(const char *dst) {
     char holder[64];
     if (!PathExist(dst)) {

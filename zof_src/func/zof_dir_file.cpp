@@ -13,8 +13,8 @@ static long size_of(FILE *f) {
     return size;
 }
 
-// Copies as many bytes as the file has when it begins: a file that keeps growing would fill the disk. Returns true when all
-// of them are written; a read error or an early end is a failure.
+// Copies as many bytes as the file has when it begins: a file that keeps growing would fill the disk. Returns true when
+// all of them are written; a read error or an early end is a failure.
 static bool pour(FILE *in, FILE *out, u8 *block, u32 size, bool dots) {
     for (long left = size_of(in); left >= 0;) {
         const size_t wanted = left < (long)size ? (size_t)left : size;

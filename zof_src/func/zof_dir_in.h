@@ -42,7 +42,8 @@ void dir_say(const char *path, const char *what);
 // folder's with a slash. With `tell` a line says what is skipped.
 u32 dir_source_entry(char *path, const char *dir, const char *name, bool tell);
 
-// True for the temporary name of a killed copy; asked only while the target is locked, so that no other copy is running.
+// True for the temporary name of a killed copy; asked only while the target is locked, so that no other copy is
+// running.
 bool dir_is_left_over(const char *name);
 
 // Removes whatever has this name; `path` has no slash at its end.

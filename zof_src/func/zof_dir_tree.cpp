@@ -20,8 +20,8 @@ void dir_say(const char *path, const char *what) {
     zof_printf("%s: %s: %s\n", path, what, zof_file_error());
 }
 
-// False for a name that could be taken for more than one component of a path, here or on another system, and for one with
-// control characters.
+// False for a name that could be taken for more than one component of a path, here or on another system, and for one
+// with control characters.
 static bool is_plain_name(const char *name) {
     for (; *name; name++) {
         if ((u8)*name < ' ' || *name == 0x7F || *name == '/' || *name == '\\') {

@@ -1,5 +1,5 @@
-// Three states and one task that counts the idle time. The task reads the project's record, so that whoever gave the
-// parameters need not keep them.
+// Three states and one task that counts the idle time. The task reads the project's record, so the
+// caller that set the parameters need not keep them.
 #include "func/zof_func_stdby.h"
 
 #include "drv/zof_drv.h"

@@ -119,17 +119,17 @@ char *zof_func_check_res_exist(const char *dir, const char *file) {
     return nullptr;
 }
 
-// Starts the copy of a folder on a medium over another medium, if there is such a folder; a link does not count as one.
+// Starts copying a folder of one medium over another medium, if there is such a folder; a link does not count.
 static void update_try(const char *medium, const char *folder, const char *target, bool counted) {
     char src[PATH_SIZE];
     const char *disk = zof_res_get_prjfile_path(MEDIA, medium);
     const s32 n = disk ? snprintf(src, sizeof(src), "%s%s", disk, folder) : -1;
     if (n + 4 >= PATH_SIZE) {
-        static bool told; // the watch comes here again and again
-        if (!told) {
+        static bool logged; // the watch comes here every 200 ms
+        if (!logged) {
             zof_printf("path too long, no update from there: %.80s...\n", disk);
         }
-        told = true;
+        logged = true;
         return;
     }
     if (n < 0 || zof_file_kind(src) != ZOF_FILE_FOLDER) {
@@ -165,8 +165,8 @@ static void progress_paint() {
     zof_func_bar_set_value(suc, fail, watch.filesum);
 }
 
-// The files that were really there count: after a copy that was not counted, of an empty folder, or of a disk that changed
-// meanwhile, progress alone would never reach its end.
+// The files that were really there count: after a copy that was not counted, of an empty folder, or of a disk that
+// changed meanwhile, progress alone would never reach its end.
 static void result_show() {
     u32 suc = 0;
     u32 fail = 0;

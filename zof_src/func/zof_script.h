@@ -10,11 +10,11 @@ ZOF_C_BEGIN
 // view stands. One command a line, "#" begins a comment:
 //   wait MS               tap X Y             press X Y      move X Y       release
 //   drag X Y X2 Y2 MS     shot FILE.png       lang NAME      view ID        quit
-// Pictures go into the folder that ZOF_SHOTS names, else into the present one.
+// Pictures go into the folder that ZOF_SHOTS names, else into the current one.
 //   print VIEW CTRL       one line "VIEW/CTRL: its text"
-//   until MS VIEW CTRL T  waits until the label's text is T ("*" for any but one with a dash); gives up after MS with
+//   until MS VIEW CTRL T  waits until the label's text is T ("*" for any but one with a dash); ends after MS with
 //                         exit status 3
-// A line that cannot be understood ends the process with status 2 after a message with file and line.
+// An invalid line ends the process with status 2 after a message with file and line.
 void zof_script_start(void);
 
 ZOF_C_END

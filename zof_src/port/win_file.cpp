@@ -82,7 +82,10 @@ s32 zof_file_temp_name(char *out, size_t size, const char *path, const char *pre
     while (n > 0 && path[n - 1] != '/' && path[n - 1] != '\\') {
         n--;
     }
-    const int length = path ? snprintf(out, size, "%.*s%s~%u-%u", (int)n, path, prefix, zof_host_process_id(), ++number) : -1;
+    if (!path) {
+        return -1;
+    }
+    const int length = snprintf(out, size, "%.*s%s~%u-%u", (int)n, path, prefix, zof_host_process_id(), ++number);
     return length >= 0 && (size_t)length < size ? 0 : -1;
 }
 

@@ -23,11 +23,11 @@ void zof_host_delay_ms(u32 ms);
 void zof_host_start(void);
 const char *zof_host_name(void);
 
-// Date and time of the place where the host stands. 0, or -1 when they cannot be had.
+// Local date and time. 0, or -1 when they are not available.
 s32 zof_host_local_time(zof_rtc_time_t *out);
 
-// Folder walk, with or without a separator at the end of the path; "." and ".." are given too. Open gives null for what
-// is no folder; read 0, or -1 at the end; the walk is released by close. Links are followed.
+// Folder walk, with or without a separator at the end of the path; "." and ".." are included. Open returns null for
+// what is not a folder; read 0, or -1 at the end; the walk is released by close. Links are followed.
 typedef struct zof_host_dir zof_host_dir_t;
 typedef struct {
     zof_bool is_dir;
@@ -38,8 +38,8 @@ zof_host_dir_t *zof_host_dir_open(const char *path);
 s32 zof_host_dir_read(zof_host_dir_t *dir, zof_host_dirent_t *out);
 void zof_host_dir_close(zof_host_dir_t *dir);
 
-s32 zof_host_mkdir(const char *path);                  // 0, 1 when there is one of that name already, -1
-s64 zof_host_file_size(const char *path);              // bytes, or -1 when it cannot be had
+s32 zof_host_mkdir(const char *path);                  // 0, 1 when the name exists already, -1
+s64 zof_host_file_size(const char *path);              // bytes, or -1 when it is unknown
 s32 zof_host_rename(const char *from, const char *to); // replaces `to` in one step; 0 or -1
 // The host's part of drv/zof_drv_file.h, to the same contracts; sync leaves the file open.
 u32 zof_host_file_kind(const char *path);

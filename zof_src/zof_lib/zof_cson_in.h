@@ -23,10 +23,10 @@ static inline void *cson_field(void *record, const reflect_item_t *row) {
     return (u8 *)record + row->offset;
 }
 
-// True for the table of a bare element, which is told by its first key.
+// True for the table of a bare element, which is recognised by its first key.
 zof_bool cson_table_is_basic(const reflect_item_t *table);
 
-// The row with this key; null, and one line, when there is none.
+// The row with this key; null, with one line, without it.
 const reflect_item_t *cson_row_find(const reflect_item_t *table, const char *key);
 
 // 1, 2, 4 or 8 bytes in native order, sign-extended; false for any other width.

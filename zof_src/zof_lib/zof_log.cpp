@@ -1,5 +1,5 @@
 // The console log. What a message inserts often comes from hosts, projects and media: control characters in it are
-// escaped here, once for everybody, so that no name can move a terminal's cursor or fake a line. The line ends that a
+// escaped here, in one place, so that no name can move a terminal's cursor or fake a line. The line ends that a
 // message's own format brings stay.
 #include <cstdarg>
 #include <cstdio>
@@ -15,7 +15,8 @@ enum { SHORT_MESSAGE = 512 };
 
 std::mutex print; // keeps lines whole
 
-// The bytes of a control character at this place, 0 when there is none: the ASCII ones, and those of two bytes in UTF-8.
+// The bytes of a control character at this place, 0 for any other character: the ASCII ones, and those of two bytes in
+// UTF-8.
 size_t control_size(const char *at) {
     const auto *c = reinterpret_cast<const u8 *>(at);
     if (c[0] == 0xC2 && c[1] >= 0x80 && c[1] < 0xA0) {
@@ -59,7 +60,7 @@ void escaped_print(const char *text, char line_end) {
     }
 }
 
-// Formats once more, with a mark for each line end of the format: so those can be told from inserted ones.
+// Formats once more, with a mark for each line end of the format: so inserted ones can be distinguished.
 void mixed_print(char *text, size_t room, const char *fmt, va_list args) {
     char *marked = strdup(fmt);
     const char mark = unused_control(text);

@@ -14,12 +14,12 @@ ZOF_C_BEGIN
 
 // Prints to standard output, then one more line end, then flushes; lines of different threads do not mix. A message
 // that has its own "\n" is thus followed by an empty line. Control characters in what is inserted are printed as \xHH;
-// those of the format itself stay. Messages of any length are printed whole. Returns the bytes of the text before it was
-// escaped, -1 for null.
+// those of the format itself stay. Messages of any length are printed whole. Returns the bytes of the text before it
+// was escaped, -1 for null.
 s32 zof_printf(const char *fmt, ...) ZOF_PRINTF_LIKE(1, 2);
 
-// The runtime's family: memory is zeroed, also what a zof_realloc adds. n 0 gives null, and so does a size that no
-// block can have. A failed zof_realloc leaves the old block; zof_realloc(p, 0) releases it and gives null. Blocks are
+// The runtime's family: memory is zeroed, also what a zof_realloc adds. Returns null for 0 and for a size that no
+// block can have. A failed zof_realloc leaves the old block; zof_realloc(p, 0) releases it and returns null. Blocks are
 // aligned to 16 bytes. Null may be released.
 void *zof_malloc(size_t n);
 void *zof_realloc(void *p, size_t n);

@@ -15,7 +15,7 @@ typedef lv_timer_t zof_task_t;
 zof_task_t *zof_task_create(void (*fn)(zof_task_t *task), u32 period, void *user_data);
 void zof_task_del(zof_task_t *task);
 
-// What was given at creation; null for a null task.
+// The pointer passed at creation; null for a null task.
 void *zof_task_get_user_data(zof_task_t *task);
 
 // Replaces the function; a null `fn` is ignored.
@@ -33,7 +33,7 @@ void zof_task_ready(zof_task_t *task);
 // Runs once more, then deletes itself: the handle must not be used after that.
 void zof_task_once(zof_task_t *task);
 
-// The period starts anew now.
+// Restarts the period now.
 void zof_task_reset(zof_task_t *task);
 
 ZOF_C_END

@@ -22,7 +22,7 @@ u32 charCount(const char *text, char c);
 zof_bool zof_suffix_is(const char *text, const char *suffix);
 
 // A decimal number with an optional sign, up to the first character that is no digit. Blanks are not skipped: they,
-// like any other first character, give 0. Saturates at the ends of s32. Null gives 0.
+// like any other first character, yield 0. Saturates at the ends of s32. 0 for null.
 s32 zof_atoi(const char *text);
 
 ZOF_C_END

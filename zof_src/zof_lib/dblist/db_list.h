@@ -1,6 +1,6 @@
 // Circular doubly linked list with a sentinel and a compare function per list. No lock: a list belongs to one thread.
 // The list owns its nodes, never the data. Elements are numbered in two ways: index from 0, position from 1. On a null
-// list every operation does nothing and gives null, -1 or 0.
+// list every operation does nothing and returns null, -1 or 0.
 #ifndef DB_LIST_H
 #define DB_LIST_H
 
@@ -34,7 +34,7 @@ s32 __db_list_put_head(db_list *list, void *data);
 s32 __db_list_insert_before(db_list *list, s32 pos, void *data);
 s32 __db_list_insert_after(db_list *list, s32 pos, void *data);
 
-// Remove the first element, the first match, the element at an index. The data, or null when there is none.
+// Remove the first element, the first match, the element at an index. Returns the data, or null without a match.
 void *__db_list_pop(db_list *list);
 void *__db_list_search_and_pop(db_list *list, void *key);
 void *__db_list_visit_and_pop(db_list *list, s32 index);
@@ -56,7 +56,7 @@ void __db_list_travel(db_list *list, void (*fn)(void *data));
 // Releases all nodes, not their data; the list stays usable.
 void __db_list_clear(db_list *list);
 
-// fn(data), when fn is given, for each element; then nodes, sentinel and list are released.
+// fn(data), unless fn is null, for each element; then nodes, sentinel and list are released.
 void __db_list_destory(db_list *list, void (*fn)(void *data));
 
 // True for a null list too.
@@ -65,7 +65,7 @@ zof_bool is_list_empty(db_list *list);
 // Moves the cursor to a position, a negative one to the sentinel. Nothing for 0, above `count`, or an empty list.
 void put_current_in_position(db_list *list, s32 pos);
 
-// Moves the cursor on and gives the data found there; cycles for ever. Null for an empty list.
+// Moves the cursor on and returns the data found there; wraps around. Null for an empty list.
 void *get_current_data(db_list *list);
 
 ZOF_C_END
