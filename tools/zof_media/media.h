@@ -21,7 +21,7 @@ struct media_clip {
     s32 sample_rate = 44100, channels = 1;
 };
 
-// Writes it to a file; the suffix of its name selects the format: .mp4, .mp3, .aac or .wav. False with a line to standard error.
+// Writes it to a file whose suffix selects the format: .mp4, .mp3, .aac or .wav. False with a line to standard error.
 bool media_write(const char *path, const media_clip &clip);
 
 #endif
