@@ -1,6 +1,5 @@
 // The bitmap font: the input is the file. Glyphs of all codes that the header claims, and a text drawn with it.
-#include "fuzz.h"
-
+#include "fuzz_file.h"
 #include "project/zof_font.h"
 #include "screen_fixture.h"
 #include "temp_project.h"
@@ -29,7 +28,7 @@ static void glyphs_read(const lv_font_t *font, const zof_font_header_t *header) 
 
 void fuzz_one(fuzz_input &in) {
     static const std::string name = "font/x.bin";
-    project.write(name, fuzz_text(in));
+    fuzz_file_set(project.path(name), fuzz_text(in));
     lv_font_t font = {};
     if (zof_binfont_create(&font, project.path(name).c_str()) == 0) {
         glyphs_read(&font, &((zof_binfont_t *)font.user_data)->header);

@@ -14,7 +14,7 @@ import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 sys.path[:0] = [str(ROOT / "clients/python"), str(ROOT / "tests/media")]
-from make import gif, picture, spots  # noqa: E402
+from make import costly_fonts, gif, picture, spots  # noqa: E402
 from zof_host.catalogue import ROWS  # noqa: E402
 from zof_host.frame import READ, WRITE, build  # noqa: E402
 from zof_host.row import encode  # noqa: E402
@@ -185,3 +185,6 @@ if __name__ == "__main__":
           [b"\xff\xff", b"\xff\xff\xff\xff", b"\0\0\0\x80", b"\x08\x14\xfc", b"a\0", b"\x2d\x4e"])
     with tempfile.TemporaryDirectory() as scratch:
         media(pathlib.Path(scratch))
+        costly_fonts(pathlib.Path(scratch) / "fonts")
+        seeds("truetype", {name: b"\1" + (pathlib.Path(scratch) / "fonts" / f"{name}.ttf").read_bytes()
+                           for name in ["good", "deep", "huge"]}, [b"glyf", b"loca", b"maxp", b"cmap", b"hmtx", b"head"])

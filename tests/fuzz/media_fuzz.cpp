@@ -3,7 +3,7 @@
 // whenever that body would wait for it.
 #include <SDL.h>
 
-#include "fuzz.h"
+#include "fuzz_file.h"
 #include "port/win_sound.h"
 #include "screen_fixture.h"
 #include "temp_project.h"
@@ -96,7 +96,7 @@ void fuzz_one(fuzz_input &in) {
     static const char *const ends[] = {"x.wav", "x.mp3", "x.aac", "x.mp4"};
     const u32 first = fuzz_byte(in);
     const char *name = ends[first % 4];
-    project.write(name, fuzz_text(in));
+    fuzz_file_set(project.path(name), fuzz_text(in));
     if (first % 4 == 3) {
         clip_play(project.path(name), first / 4);
     } else {

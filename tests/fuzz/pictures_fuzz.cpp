@@ -1,6 +1,6 @@
 // Pictures: the first byte chooses the kind, how often a GIF plays and whether the sums in a PNG are made right, the
 // rest is the file. An image is drawn by LVGL's own decoders and by FFmpeg; a GIF is paused, resumed and begun anew.
-#include "fuzz.h"
+#include "fuzz_file.h"
 #include "src/misc/lv_gc.h"
 #include "view_project.h"
 
@@ -65,7 +65,7 @@ void fuzz_one(fuzz_input &in) {
     if (first % KINDS == KIND_PNG && how % 2 == 0) {
         png_seal(file);
     }
-    project.write(std::string("image/") + name, file);
+    fuzz_file_set(project.path(std::string("image/") + name), file);
     if (first % KINDS == KIND_GIF) {
         gif_play(name, how % 4);
         return;
