@@ -213,6 +213,11 @@ static std::string py_fields(const std::vector<field_t> &list) {
     return (list.size() > 1 ? out.substr(0, out.size() - 2) : out.substr(0, out.size() - (list.empty() ? 0 : 1))) + ")";
 }
 
+static std::string py_chooses(const row_t &r) {
+    const u8 n = r.param->chooses;
+    return n == ZOF_HMI_ACTS ? ", chooses=None" : n ? ", chooses=" + std::to_string(n) : "";
+}
+
 static void python(const zof_hmi_cmd_type_t &type, std::ostream &out) {
     for (const row_t &r : rows_of(type)) {
         if (r.hidden) {
@@ -235,7 +240,7 @@ static void python(const zof_hmi_cmd_type_t &type, std::ostream &out) {
             << "\", bytes.fromhex(\"" << hex(code.data(), (u32)code.size(), " ") << "\"),\n    " << py_fields(r.address)
             << ", " << py_fields(r.request) << ",\n    " << py_fields(r.value) << ",\n    " << value << ", "
             << (r.param->get_fun ? "True" : "False") << ", " << (r.param->set_fun ? "True" : "False") << ",\n    \""
-            << r.param->help << "\")\n";
+            << r.param->help << "\"" << py_chooses(r) << ")\n";
     }
 }
 

@@ -13,7 +13,8 @@ from pathlib import Path
 
 SOURCE = Path(__file__).parents[2]
 sys.path.insert(0, str(SOURCE / "clients" / "python"))
-from zof_host import LineLost, NoAnswer, NotTaken, Panel, PanelError, PowerOn, Refused, Settings, Touch, rows  # noqa: E402
+from zof_host import (LineBack, LineGone, LineLost, NoAnswer, NotTaken, Panel, PanelError, PowerOn, Refused,  # noqa: E402
+                      Restored, Settings, Touch, Unsure, rows)
 from zof_host.catalogue import ROWS, row_of, words  # noqa: E402
 from zof_host.frame import READ, WRITE, Frame, Parser, build, crc16  # noqa: E402
 from zof_host.row import decode  # noqa: E402
@@ -95,7 +96,7 @@ class FakePanel:
         return data
 
     def write(self, data: bytes) -> None:
-        self.raw.append((time.monotonic(), data))
+        self.raw.append(data)
         for frame in self._parser.feed(data):
             if isinstance(frame, Frame):
                 self.frames.append(frame)
@@ -127,7 +128,7 @@ class Requests(unittest.TestCase):
 
     def panel(self, answers, **more) -> tuple[Panel, FakePanel]:
         fake = FakePanel(answers)
-        panel = Panel(fake, Settings(**more), timeout_ms=200)
+        panel = Panel(fake, Settings(), timeout_ms=200, **more)
         self.addCleanup(panel.close)
         return panel, fake
 
@@ -203,21 +204,76 @@ class Requests(unittest.TestCase):
         self.assertEqual([f.op for f in fake.frames].count(WRITE), 1)
         panel, _ = self.panel(lambda frame: [build(WRITE, frame.payload[:2] + b"\1")] if frame.op == WRITE else store()(frame))
         self.assertRaisesRegex(Refused, "write system.bright", panel.write, rows.SYSTEM_BRIGHT, 200)
-        self.assertRaises(ValueError, panel.read, rows.SYSTEM_BRIGHT)
+        self.assertRaises(PanelError, panel.read, rows.SYSTEM_BRIGHT)
 
-    def test_leaves_the_silence_that_the_panel_needs_unless_an_answer_has_shown_it(self) -> None:
-        panel, fake = self.panel(store(), silence_ms=100)
-        for value in range(3):
-            panel.write(rows.SLIDER_VALUE, value, **self.AT, confirm=False)
-        times, raw = zip(*fake.raw)
-        self.assertGreaterEqual(min(b - a for a, b in zip(times, times[1:])), 0.1)
-        # A byte to step on goes in front, in case that the panel has looked too late to see the silence.
-        self.assertEqual([data[0] for data in raw], [0x5A, 0, 0])
+    def test_a_write_that_may_be_lost_raises(self) -> None:
+        def deaf_once(frame):
+            return store()(frame) if len(fake.frames) > 2 else []
+
+        panel, fake = self.panel(deaf_once)
+        self.assertRaisesRegex(Unsure, "write label.color.*asked for twice", panel.write, rows.LABEL_COLOR, 1, **self.AT)
+        self.assertEqual(fake.raw[-1][:257], bytes(256) + HEAD[:1])  # what ends a false frame goes in front
+        panel, fake = self.panel(deaf_once)
+        panel.write(rows.LABEL_COLOR, 1, **self.AT, confirm=False)
+        self.assertRaisesRegex(Unsure, "some of the last 1 writes", panel.barrier)
         panel.barrier()
-        begin = time.monotonic()
-        panel.read(rows.VIEW_SIZE)
-        self.assertLess(time.monotonic() - begin, 0.1)
-        self.assertEqual(fake.raw[-1][1][0], 0x5A)
+        restarts = [[POWER_ON], []]
+        panel, fake = self.panel(lambda frame: (restarts.pop(0) if restarts else []) + store()(frame), restore=False)
+        self.assertRaisesRegex(Unsure, "has restarted", panel.write, rows.LABEL_COLOR, 1, **self.AT)
+
+    def test_a_view_is_confirmed_by_what_is_displayed(self) -> None:
+        layers = {0: 1, 1: 65535, 2: 65535}
+
+        def answers(frame):
+            if frame.op == WRITE:
+                layers[2] = 7 if frame.payload[-1] == 7 else layers[2]
+                return []
+            if frame.payload.startswith(rows.VIEW_DISPLAYED.code):
+                return [build(READ, frame.payload + layers[frame.payload[2]].to_bytes(2, "big"))]
+            return store()(frame)
+
+        panel, _ = self.panel(answers)
+        panel.write(rows.VIEW_DISPLAY, 7)
+        self.assertRaisesRegex(NotTaken, "wrote 9, the panel has 1", panel.write, rows.VIEW_DISPLAY, 9)
+
+    def test_a_restarted_panel_is_set_again(self) -> None:
+        panel, fake = self.panel(store())
+        for color in (1, 2):
+            panel.write(rows.BUTTON_COLOR, rows.ButtonColor(0, color), **self.AT)
+            panel.write(rows.BUTTON_COLOR, rows.ButtonColor(1, color), **self.AT)
+        panel.write(rows.SPIN_BOX_COUNT, 1, **self.AT)
+        panel.write(rows.SYSTEM_BRIGHT, 50)
+        panel.write(rows.SLIDER_VALUE, 42, **self.AT)
+        del fake.frames[:]
+        fake.out.put(POWER_ON)
+        self.assertIsInstance(panel.event(5), PowerOn)
+        restored = panel.event(5)
+        self.assertIsInstance(restored, Restored)
+        self.assertEqual(restored.settings, 4)
+        self.assertEqual([words(f, False).split(" ", 2)[1] + words(f, False)[-7:] for f in fake.frames if f.op == WRITE],
+                         ["button.color0 rgb=2", "button.color1 rgb=2", "system.brightcent=50", "slider.valuealue=42"])
+        panel, fake = self.panel(store(), restore=False)
+        panel.write(rows.SLIDER_VALUE, 42, **self.AT)
+        fake.out.put(POWER_ON)
+        self.assertIsInstance(panel.event(5), PowerOn)
+        self.assertIsNone(panel.event(0.1))
+
+    def test_a_line_that_was_lost_is_opened_again(self) -> None:
+        second = FakePanel(store())
+        streams = [OSError("not yet"), second]
+
+        def reopen():
+            stream = streams.pop(0)
+            if isinstance(stream, Exception):
+                raise stream
+            return stream
+
+        panel, fake = self.panel(store(), reopen=reopen)
+        fake.out.put(OSError("unplugged"))
+        self.assertIsInstance(panel.event(5), LineGone)
+        self.assertIsInstance(panel.event(5), LineBack)
+        panel.write(rows.SLIDER_VALUE, 42, **self.AT)
+        self.assertEqual(len(second.frames), 2)
 
     def test_never_has_more_under_way_than_the_panels_queue_holds(self) -> None:
         panel, fake = self.panel(store())

@@ -16,10 +16,15 @@ enum { ZOF_HMI_FAIL = -1, ZOF_HMI_DONE = 0, ZOF_HMI_SILENT = 1, ZOF_HMI_AGAIN = 
 typedef s32 (*zof_hmi_get_fun)(void *type_param, void *req_param, void *value_param);
 typedef s32 (*zof_hmi_set_fun)(void *type_param, void *req_param, void *value_param, void *reply_param);
 
+// What a host that sets a restarted panel again does with a row: writes the last value, or the last one for each value
+// of the first n fields, which choose what is set; ZOF_HMI_ACTS: nothing, for the row is an action and no state.
+enum { ZOF_HMI_ACTS = 255 };
+
 // A parameter. Names of fields are separated by blanks, one for each field, in wire order.
 typedef struct {
     u8 len; // code bytes that count, 1 or 2
     u8 code[7];
+    u8 chooses;                 // n, or ZOF_HMI_ACTS
     const char *name;           // unique in its table
     const char *help;           // one line
     const char *req_names;      // OPTIONAL: of `rw->req`

@@ -26,10 +26,12 @@ template <s32 TYPE, auto CALL> static s32 set_text_at(void *type, void *req, voi
 
 // clang-format off
 const zof_hmi_param_type_t zof_ctrl_list_params[ZOF_CTRL_LIST_PARAM_COUNT] = {
-    {.len = 1, .code = {0x00}, .name = "remove", .help = "Takes a button away, counted from 0.", .value_names = "index",
+    {.len = 1, .code = {0x00}, .chooses = ZOF_HMI_ACTS, .name = "remove",
+     .help = "Takes a button away, counted from 0.", .value_names = "index",
      .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<u16, ZOF_CTRL_LIST, zof_list_del_btn>},
-    {.len = 1, .code = {0x01}, .name = "clear", .help = "Takes all buttons away; the value does not matter.",
+    {.len = 1, .code = {0x01}, .chooses = ZOF_HMI_ACTS, .name = "clear",
+     .help = "Takes all buttons away; the value does not matter.",
      .value_names = "any",
      .value = &zof_hmi_one_s8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = list_del_all},
     {.len = 1, .code = {0x02}, .name = "text", .help = "The text of a button, counted from 0.", .req_names = "index",
@@ -39,7 +41,8 @@ const zof_hmi_param_type_t zof_ctrl_list_params[ZOF_CTRL_LIST_PARAM_COUNT] = {
 };
 
 const zof_hmi_param_type_t zof_ctrl_droplist_params[ZOF_CTRL_DROPLIST_PARAM_COUNT] = {
-    {.len = 1, .code = {0x00}, .name = "add", .help = "Puts an option ahead of a position, or at the end beyond it.",
+    {.len = 1, .code = {0x00}, .chooses = ZOF_HMI_ACTS, .name = "add",
+     .help = "Puts an option ahead of a position, or at the end beyond it.",
      .req_names = "position", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
      .set_fun = set_text_at<ZOF_CTRL_DROPLIST, zof_droplist_add_option>},
@@ -47,7 +50,8 @@ const zof_hmi_param_type_t zof_ctrl_droplist_params[ZOF_CTRL_DROPLIST_PARAM_COUN
      .req_names = "position", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
      .set_fun = set_text_at<ZOF_CTRL_DROPLIST, zof_droplist_modify_option>},
-    {.len = 1, .code = {0x02}, .name = "remove", .help = "Takes an option away, counted from 0.",
+    {.len = 1, .code = {0x02}, .chooses = ZOF_HMI_ACTS, .name = "remove",
+     .help = "Takes an option away, counted from 0.",
      .value_names = "position",
      .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<u16, ZOF_CTRL_DROPLIST, zof_droplist_del_option>},
@@ -56,7 +60,8 @@ const zof_hmi_param_type_t zof_ctrl_droplist_params[ZOF_CTRL_DROPLIST_PARAM_COUN
 };
 
 const zof_hmi_param_type_t zof_ctrl_rollist_params[ZOF_CTRL_ROLLIST_PARAM_COUNT] = {
-    {.len = 1, .code = {0x00}, .name = "add", .help = "Puts an option ahead of a position, or at the end beyond it.",
+    {.len = 1, .code = {0x00}, .chooses = ZOF_HMI_ACTS, .name = "add",
+     .help = "Puts an option ahead of a position, or at the end beyond it.",
      .req_names = "position", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
      .set_fun = set_text_at<ZOF_CTRL_ROLLIST, zof_rollist_add_option>},
@@ -64,7 +69,8 @@ const zof_hmi_param_type_t zof_ctrl_rollist_params[ZOF_CTRL_ROLLIST_PARAM_COUNT]
      .req_names = "position", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
      .set_fun = set_text_at<ZOF_CTRL_ROLLIST, zof_rollist_modify_option>},
-    {.len = 1, .code = {0x02}, .name = "remove", .help = "Takes an option away, counted from 0.",
+    {.len = 1, .code = {0x02}, .chooses = ZOF_HMI_ACTS, .name = "remove",
+     .help = "Takes an option away, counted from 0.",
      .value_names = "position",
      .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<u16, ZOF_CTRL_ROLLIST, zof_rollist_del_option>},

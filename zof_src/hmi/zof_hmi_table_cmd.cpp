@@ -23,14 +23,16 @@ static s32 table_set_style(void *type, void *, void *value, void *reply) {
 
 // clang-format off
 const zof_hmi_param_type_t zof_ctrl_table_params[ZOF_CTRL_TABLE_PARAM_COUNT] = {
-    {.len = 1, .code = {0x00}, .name = "text", .help = "The text of a cell; beyond the end the table grows.",
+    {.len = 1, .code = {0x00}, .chooses = 2, .name = "text",
+     .help = "The text of a cell; beyond the end the table grows.",
      .value_names = "row column text",
      .value = &zof_hmi_param_u16u16str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = table_set_cell_value},
-    {.len = 1, .code = {0x01}, .name = "column_width", .help = "Width of a column in pixels.",
+    {.len = 1, .code = {0x01}, .chooses = 1, .name = "column_width", .help = "Width of a column in pixels.",
      .value_names = "column width",
      .value = &zof_hmi_param_u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set_pair<u16, ZOF_CTRL_TABLE, zof_table_set_col_width>},
-    {.len = 1, .code = {0x02}, .name = "merge_right", .help = "Joins a cell with the one to its right, or parts them.",
+    {.len = 1, .code = {0x02}, .chooses = 2, .name = "merge_right",
+     .help = "Joins a cell with the one to its right, or parts them.",
      .value_names = "row column",
      .value = &zof_hmi_param_u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = table_set_cell_merge_right},
     {.len = 1, .code = {0x03}, .name = "look", .help = "Borders and background of all cells; colours 0xRRGGBB.",

@@ -70,7 +70,7 @@ const zof_hmi_param_type_t zof_ctrl_btn_params[ZOF_CTRL_BTN_PARAM_COUNT] = {
     {.len = 1, .code = {0x00}, .name = "text", .help = "The text on the button.", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<const char *, ZOF_CTRL_BTN, zof_btn_set_txt>},
-    {.len = 1, .code = {0x01}, .name = "color", .help = "Colour of the text in a state, 0xRRGGBB.",
+    {.len = 1, .code = {0x01}, .chooses = 1, .name = "color", .help = "Colour of the text in a state, 0xRRGGBB.",
      .value_names = "selector rgb",
      .value = &zof_hmi_param_u8u32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = btn_set_txt_color},
     {.len = 1, .code = {0x02}, .name = "font_size", .help = "Size of the text in pixels, 1 to 512.",
@@ -107,7 +107,7 @@ const zof_hmi_param_type_t zof_ctrl_imgbtn_params[ZOF_CTRL_IMGBTN_PARAM_COUNT] =
     {.len = 1, .code = {0x00}, .name = "text", .help = "The text on the button.", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<const char *, ZOF_CTRL_IMGBTN, zof_imgbtn_set_txt>},
-    {.len = 1, .code = {0x01}, .name = "color", .help = "Colour of the text in a state, 0xRRGGBB.",
+    {.len = 1, .code = {0x01}, .chooses = 1, .name = "color", .help = "Colour of the text in a state, 0xRRGGBB.",
      .value_names = "state rgb",
      .value = &zof_hmi_param_u8u32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = imgbtn_set_txt_color},
     {.len = 1, .code = {0x02}, .name = "font_size", .help = "Size of the text in pixels, 1 to 512.",
@@ -119,7 +119,8 @@ const zof_hmi_param_type_t zof_ctrl_imgbtn_params[ZOF_CTRL_IMGBTN_PARAM_COUNT] =
      .value_names = "state",
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<u8, ZOF_CTRL_IMGBTN, zof_imgbtn_set_mode>},
-    {.len = 1, .code = {0x04}, .name = "image", .help = "The picture of a state.", .value_names = "state name",
+    {.len = 1, .code = {0x04}, .chooses = 1, .name = "image",
+     .help = "The picture of a state.", .value_names = "state name",
      .value = &zof_hmi_param_u8str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = imgbtn_set_src},
 };
 

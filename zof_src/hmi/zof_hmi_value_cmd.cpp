@@ -116,7 +116,8 @@ const zof_hmi_param_type_t zof_ctrl_spinbox_params[ZOF_CTRL_SPINBOX_PARAM_COUNT]
     {.len = 1, .code = {0x01}, .name = "step", .help = "Chooses the digit to change: 0 the one before, 1 the next.",
      .value_names = "which",
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = spinbox_step},
-    {.len = 1, .code = {0x02}, .name = "count", .help = "Counts by one step: 0 down, 1 up.", .value_names = "which",
+    {.len = 1, .code = {0x02}, .chooses = ZOF_HMI_ACTS, .name = "count",
+     .help = "Counts by one step: 0 down, 1 up.", .value_names = "which",
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = spinbox_value_ctrl},
 };
 // clang-format on

@@ -2,19 +2,21 @@
 from __future__ import annotations
 
 import argparse
+import contextlib
 import sys
 import time
 from typing import Any, Iterable, Mapping
 
 from . import rows
 from .catalogue import ROWS, words
-from .errors import PanelError
+from .errors import LineLost, NoAnswer, PanelError, WrongArgument
 from .frame import Found
-from .panel import Panel, PowerOn, Touch
+from .panel import Event, LineBack, LineGone, Panel, PowerOn, Restored, Touch
 from .project import Project
 from .row import Field, Plain, Row
 
 REPORT_PRESS_RELEASE = 0x30
+WAIT_S = 0.5  # between two looks for a port or a panel
 
 
 def number(text: str) -> int:
@@ -97,33 +99,70 @@ def shown(row: Row[Any], value: Any) -> str:
     return str(value)
 
 
-def event_words(event: Touch | PowerOn) -> str:
+def event_words(event: Event) -> str:
     if isinstance(event, Touch):
         return f"touch {event.state.name.lower()} {event.x} {event.y}"
-    return "power on"
+    if isinstance(event, LineGone):
+        return f"the line is gone: {event.why}"
+    return {PowerOn: "power on", Restored: "settings restored", LineBack: "the line is back"}[type(event)]
+
+
+def reports_on(panel: Panel) -> int:
+    """Asks for touches, as soon as the panel answers. Returns the flags that it had before."""
+    while True:
+        try:
+            flags = panel.read(rows.SYSTEM_TOUCH_CONFIG)
+            panel.write(rows.SYSTEM_TOUCH_CONFIG, flags | REPORT_PRESS_RELEASE)
+            return flags
+        except (NoAnswer, LineLost):
+            time.sleep(WAIT_S)
 
 
 def watch(panel: Panel, asked: Asked | None, every_s: float) -> None:
-    """Touches as they come, a value when it changes. Reports are switched off again at the end."""
-    flags = panel.read(rows.SYSTEM_TOUCH_CONFIG)
-    panel.write(rows.SYSTEM_TOUCH_CONFIG, flags | REPORT_PRESS_RELEASE)
+    """Touches as they come, a value when it changes; waits for a panel that is off. Reports are switched off again at
+    the end."""
+    flags = reports_on(panel)
     try:
         last: Any = None
         due = time.monotonic()
         while True:
             if asked and time.monotonic() >= due:
-                now = asked.read(panel)
+                last = value_shown(panel, asked, last)
                 due = time.monotonic() + every_s
-                if now != last:
-                    print(f"{asked.row.name} {shown(asked.row, now)}", flush=True)
-                last = now
             event = panel.event(max(due - time.monotonic(), 0) if asked else None)
             if event:
                 print(event_words(event), flush=True)
-                if isinstance(event, PowerOn):
-                    panel.write(rows.SYSTEM_TOUCH_CONFIG, flags | REPORT_PRESS_RELEASE)
     finally:
-        panel.write(rows.SYSTEM_TOUCH_CONFIG, flags)
+        with contextlib.suppress(PanelError):
+            panel.write(rows.SYSTEM_TOUCH_CONFIG, flags)
+
+
+def value_shown(panel: Panel, asked: Asked, last: Any) -> Any:
+    """Reads the row, and prints it when it has changed; a panel that is off or restarts has no value."""
+    try:
+        now = asked.read(panel)
+    except (NoAnswer, LineLost):
+        return last
+    if now != last:
+        print(f"{asked.row.name} {shown(asked.row, now)}", flush=True)
+    return now
+
+
+def opened(args: argparse.Namespace, project: Project | None, trace: Any) -> Panel:
+    """The panel; `watch` and `monitor` wait for its port."""
+    waits = args.command in ("watch", "monitor")
+    reported = False
+    while True:
+        try:
+            return Panel.open(args.port, args.baud, head=args.head, crc=args.crc, queue_bytes=args.queue,
+                              timeout_ms=args.timeout, project=project, trace=trace, reopen=waits)
+        except LineLost as why:
+            if not waits:
+                raise
+            if not reported:
+                print(f"zof_host: {why}; waiting for it", file=sys.stderr, flush=True)
+            reported = True
+            time.sleep(WAIT_S)
 
 
 def show_frame(at: float, from_panel: bool, found: Found) -> None:
@@ -138,7 +177,6 @@ def arguments() -> argparse.ArgumentParser:
     parser.add_argument("--baud", type=int, help="115200 without a project")
     parser.add_argument("--head", type=head, metavar="HEX", help="both head bytes, 5AA5 without a project")
     parser.add_argument("--crc", action="store_true", default=None, help="frames carry a checksum")
-    parser.add_argument("--silence", type=int, metavar="MS", help="between frames: `timeout` of zofhmi.g")
     parser.add_argument("--queue", type=int, metavar="BYTES", help="of the panel: `buffsize` of zofhmi.g + 1024")
     parser.add_argument("--timeout", type=int, metavar="MS", default=1000, help="of one try of a request")
     parser.add_argument("--trace", action="store_true", help="all frames, on the error output")
@@ -171,8 +209,7 @@ def run(args: argparse.Namespace) -> None:
         print(f"{at:12.6f} {'panel' if from_panel else ' host'} {words(found, from_panel)}", file=sys.stderr)
 
     trace = show_frame if args.command == "monitor" else trace_line if args.trace else None
-    with Panel.open(args.port, args.baud, head=args.head, crc=args.crc, silence_ms=args.silence, queue_bytes=args.queue,
-                    timeout_ms=args.timeout, project=project, trace=trace) as panel:
+    with opened(args, project, trace) as panel:
         if args.command == "get" and asked:
             print(shown(asked.row, asked.read(panel)))
         elif args.command == "set" and asked:
@@ -191,7 +228,7 @@ def main() -> int:
     except SystemExit as why:
         print(f"zof_host: {why}", file=sys.stderr)
         return 2
-    except (ValueError, TypeError) as why:
+    except WrongArgument as why:
         print(f"zof_host: {why}", file=sys.stderr)
         return 2
     except BrokenPipeError:  # `list | head`

@@ -5,7 +5,11 @@ import reprlib
 
 
 class PanelError(Exception):
-    """All errors of this library but wrong arguments, which are TypeError and ValueError."""
+    """All errors of this library."""
+
+
+class WrongArgument(PanelError, ValueError, TypeError):
+    """What was asked for cannot be sent: a value of the wrong kind or size, a missing id, a row that cannot be written."""
 
 
 class NoAnswer(PanelError, TimeoutError):
@@ -40,3 +44,8 @@ class LineLost(PanelError, ConnectionError):
 
 class UnknownName(PanelError, LookupError):
     """No view or control has this name."""
+
+
+class Unsure(PanelError):
+    """A write may or may not have been done: what shows that it has been executed had to be asked for twice, or the panel
+    has restarted in between. Only rows that cannot be read back end like this."""

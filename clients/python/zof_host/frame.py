@@ -5,6 +5,8 @@ import binascii
 from dataclasses import dataclass
 from typing import Union
 
+from .errors import WrongArgument
+
 READ, WRITE = 0x11, 0x22
 LONG = 0x80
 LENGTH_MAX = 0x7FFF
@@ -34,12 +36,12 @@ def crc16(data: bytes) -> bytes:
 
 
 def build(op: int, payload: bytes, head: tuple[int, int] = (0x5A, 0xA5), crc: bool = False) -> bytes:
-    """A frame as a panel takes it. ValueError for a payload that no frame can hold."""
+    """A frame as a panel takes it. WrongArgument for a payload that no frame can hold."""
     body = bytes([op]) + payload
     if crc:
         body += crc16(body)
     if len(body) > LENGTH_MAX:
-        raise ValueError(f"a frame holds {LENGTH_MAX} bytes, not {len(body)}")
+        raise WrongArgument(f"a frame holds {LENGTH_MAX} bytes, not {len(body)}")
     length = bytes([len(body)]) if len(body) < LONG else bytes([LONG | len(body) >> 8, len(body) & 0xFF])
     return bytes(head) + length + body
 

@@ -4,6 +4,8 @@ from __future__ import annotations
 from dataclasses import dataclass
 from typing import Protocol
 
+from .errors import LineLost
+
 POLL_S = 0.05
 
 
@@ -14,15 +16,10 @@ class Settings:
     baud: int = 115200
     head: tuple[int, int] = (0x5A, 0xA5)
     crc: bool = False
-    silence_ms: int = 5  # its `timeout`
     queue_bytes: int = 1024  # its `buffsize` + 1024
     bits: int = 8
     parity: str = "N"
     stop_bits: int = 1
-
-    @property
-    def silence_s(self) -> float:
-        return min(max(self.silence_ms, 5), 1000) / 1000  # as the panel keeps it
 
     @property
     def byte_s(self) -> float:
@@ -39,15 +36,19 @@ class Stream(Protocol):
         """Sends all of it. OSError when the line is gone."""
 
     def close(self) -> None:
-        """Called once, when no `read` is under way any more."""
+        """Called when no `read` is under way any more."""
 
 
 class SerialStream:
     def __init__(self, device: str, settings: Settings) -> None:
+        """LineLost, with the reason, when the port cannot be opened."""
         import serial  # only who opens a port needs pyserial
 
-        self._port = serial.Serial(device, settings.baud, settings.bits, settings.parity, settings.stop_bits,
-                                   timeout=POLL_S, exclusive=True)
+        try:
+            self._port = serial.Serial(device, settings.baud, settings.bits, settings.parity, settings.stop_bits,
+                                       timeout=POLL_S, exclusive=True)
+        except (OSError, ValueError) as why:
+            raise LineLost(str(why)) from why
 
     def read(self) -> bytes:
         first: bytes = self._port.read(1)

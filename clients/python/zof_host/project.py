@@ -26,6 +26,7 @@ class View(NamedTuple):
     id: int
     name: str
     controls: list[Control]
+    layer: int
 
 
 class Project:
@@ -79,12 +80,13 @@ def _load(path: Path) -> dict[str, Any]:
 
 def _view(folder: Path, entry: dict[str, Any]) -> View:
     name = str(entry.get("pagename", ""))
+    file = _load(folder / name)
     controls = []
-    for control in _load(folder / name).get("controls") or []:
+    for control in file.get("controls") or []:
         pub = control.get("property", {}).get("pub_t", {})
         kind = control.get("type", 0)
         controls.append(Control(pub.get("id", 0), pub.get("name", ""), TYPES[kind] if 0 <= kind < len(TYPES) else str(kind)))
-    return View(entry.get("pageid", 0), Path(name).stem, controls)
+    return View(entry.get("pageid", 0), Path(name).stem, controls, file.get("view", {}).get("layer", 0))
 
 
 def _settings(hmi: dict[str, Any]) -> Settings:
@@ -92,6 +94,5 @@ def _settings(hmi: dict[str, Any]) -> Settings:
     speed = uart.get("speed_e", 0)
     return Settings(baud=SPEEDS[speed] if speed < len(SPEEDS) else speed,
                     head=(hmi.get("head_fh", 0), hmi.get("head_fl", 0)), crc=bool(hmi.get("crc_en", 0)),
-                    silence_ms=hmi.get("timeout", 0),
                     queue_bytes=hmi.get("buffsize", 0) + QUEUE_MORE, bits=8 if uart.get("bit_e", 0) else 7,
                     parity="NOE"[uart.get("parity_e", 0)], stop_bits=2 if uart.get("stop_e", 0) else 1)

@@ -5,6 +5,8 @@ import struct
 from dataclasses import dataclass
 from typing import Callable, Generic, Iterable, Mapping, Tuple, TypeVar, Union
 
+from .errors import WrongArgument
+
 T = TypeVar("T")
 
 Field = Tuple[str, str]  # name and type, in wire order
@@ -14,20 +16,20 @@ _NUMBERS = {"u8": ">B", "s8": ">b", "u16": ">H", "s16": ">h", "u32": ">I", "s32"
 
 
 def encode(fields: Iterable[Field], values: Iterable[Plain]) -> bytes:
-    """Fields as bytes. ValueError, naming the field, for a value that does not fit it."""
+    """Fields as bytes. WrongArgument, naming the field, for a value that does not fit it."""
     out = b""
     for (name, kind), value in zip(fields, values):
         if kind == "text":
             if not isinstance(value, str):
-                raise ValueError(f"{name} is a text, not {value!r}")
+                raise WrongArgument(f"{name} is a text, not {value!r}")
             if "\0" in value:
-                raise ValueError(f"{name}: a text cannot hold a zero, which is its end on the wire")
+                raise WrongArgument(f"{name}: a text cannot hold a zero, which is its end on the wire")
             out += value.encode() + b"\0"
             continue
         try:
             out += struct.pack(_NUMBERS[kind], value)
         except struct.error:
-            raise ValueError(f"{name} is a number of type {kind}, not {value!r}") from None
+            raise WrongArgument(f"{name} is a number of type {kind}, not {value!r}") from None
     return out
 
 
@@ -67,6 +69,7 @@ class Row(Generic[T]):
     readable: bool
     writable: bool
     help: str
+    chooses: int | None = 0  # value fields in front that choose what is set; None: a write is an action, not a state
 
     @property
     def system(self) -> bool:
@@ -79,23 +82,28 @@ class Row(Generic[T]):
         return len(self.code) + size(self.address) + size(self.request)
 
     def key(self, view: int | None, control: int | None, request: Mapping[str, int]) -> bytes:
-        """Code, ids and request fields. TypeError when one is missing, or given to a row that has none."""
+        """Code, ids and request fields. WrongArgument when one is missing, or given to a row that has none."""
         given: dict[str, int] = {n: v for n, v in (("view", view), ("control", control)) if v is not None}
         for name in request:
             if name in given:
-                raise TypeError(f"{self.name}: {name} is given twice")
+                raise WrongArgument(f"{self.name}: {name} is given twice")
         given.update(request)
         wanted = self.address + self.request
         names = [name for name, _ in wanted]
         if sorted(names) != sorted(given):
-            raise TypeError(f"{self.name} is asked with {', '.join(names) or 'nothing'}, not with "
+            raise WrongArgument(f"{self.name} is asked with {', '.join(names) or 'nothing'}, not with "
                             f"{', '.join(given) or 'nothing'}")
         return self.code + encode(wanted, [given[name] for name in names])
+
+    def setting(self, payload: bytes) -> bytes | None:
+        """What a write sets: the part of its payload that is the same in a later write of the same setting. None for an
+        action."""
+        return None if self.chooses is None else payload[:self.key_size + size(self.value[:self.chooses])]
 
     def encode_value(self, value: T) -> bytes:
         parts = tuple(value) if isinstance(value, tuple) else (value,)
         if len(parts) != len(self.value):
-            raise ValueError(f"{self.name} has {len(self.value)} values, not {len(parts)}")
+            raise WrongArgument(f"{self.name} has {len(self.value)} values, not {len(parts)}")
         return encode(self.value, parts)
 
     def decode_value(self, data: bytes) -> T:

@@ -18,7 +18,7 @@ SYSTEM_REBOOT: Row[int] = Row(
     (), (),
     (("word", "u16"),),
     int, True, True,
-    "Reads 0xAABB; the same comes unasked at power-on. Writing 0xCCDD reboots.")
+    "Reads 0xAABB; the same comes unasked at power-on. Writing 0xCCDD reboots.", chooses=None)
 
 SYSTEM_BRIGHT: Row[int] = Row(
     "system.bright", bytes.fromhex("B0 02"),
@@ -39,7 +39,7 @@ SYSTEM_TONE: Row[SystemTone] = Row(
     (), (),
     (("count", "u8"), ("pause_ms", "u16"), ("tone_ms", "u16")),
     SystemTone, False, True,
-    "A series of tones; its tone time becomes that of touches too.")
+    "A series of tones; its tone time becomes that of touches too.", chooses=None)
 
 SYSTEM_TOUCH_CONFIG: Row[int] = Row(
     "system.touch_config", bytes.fromhex("B0 04 00"),
@@ -77,7 +77,7 @@ SYSTEM_RTC: Row[SystemRtc] = Row(
     (), (),
     (("year", "u16"), ("month", "u8"), ("day", "u8"), ("hour", "u8"), ("minute", "u8"), ("second", "u8")),
     SystemRtc, True, True,
-    "Date and time.")
+    "Date and time.", chooses=None)
 
 
 class SystemStandby(NamedTuple):
@@ -102,7 +102,7 @@ SYSTEM_STANDBY_STATE: Row[int] = Row(
     (), (),
     (("state", "u8"),),
     int, True, True,
-    "State of standby: 0 normal, 1 dimmed, 2 off.")
+    "State of standby: 0 normal, 1 dimmed, 2 off.", chooses=None)
 
 SYSTEM_LANGUAGE: Row[str] = Row(
     "system.language", bytes.fromhex("B0 07 00"),
@@ -136,21 +136,21 @@ VIEW_LAYER: Row[ViewLayer] = Row(
     (), (),
     (("layer", "u8"), ("view", "u16")),
     ViewLayer, False, True,
-    "Kept for old hosts: a view's layer is that of its file.")
+    "Kept for old hosts: a view's layer is that of its file.", chooses=None)
 
 VIEW_HIDE_LAYER: Row[int] = Row(
     "view.hide_layer", bytes.fromhex("B1 03"),
     (), (),
     (("layer", "u8"),),
     int, False, True,
-    "Takes the view off a layer: 0 interface, 1 state, 2 top, 3 background.")
+    "Takes the view off a layer: 0 interface, 1 state, 2 top, 3 background.", chooses=None)
 
 VIEW_LOAD: Row[int] = Row(
     "view.load", bytes.fromhex("B1 04"),
     (), (),
     (("view", "u16"),),
     int, False, True,
-    "Makes a view ready without showing it.")
+    "Makes a view ready without showing it.", chooses=1)
 
 
 class ViewBgColor(NamedTuple):
@@ -163,7 +163,7 @@ VIEW_BG_COLOR: Row[ViewBgColor] = Row(
     (), (),
     (("view", "u16"), ("argb", "u32")),
     ViewBgColor, False, True,
-    "Background of a view: opacity in the top byte, then red, green, blue.")
+    "Background of a view: opacity in the top byte, then red, green, blue.", chooses=1)
 
 
 class ViewSize(NamedTuple):
@@ -189,7 +189,7 @@ VIEW_BG_IMAGE: Row[ViewBgImage] = Row(
     (), (("unused", "u16"),),
     (("view", "u16"), ("image", "text")),
     ViewBgImage, False, True,
-    "Background image of a view; the request field is not used.")
+    "Background image of a view; the request field is not used.", chooses=1)
 
 CONTROL_HIDDEN: Row[int] = Row(
     "control.hidden", bytes.fromhex("B2 F0 00"),
@@ -250,7 +250,7 @@ CONTROL_MOVE: Row[int] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("where", "u8"),),
     int, False, True,
-    "To the bottom (0) or the top (1) of its parent's children.")
+    "To the bottom (0) or the top (1) of its parent's children.", chooses=None)
 
 CONTROL_TOUCH: Row[int] = Row(
     "control.touch", bytes.fromhex("B2 F0 07"),
@@ -387,7 +387,7 @@ BUTTON_COLOR: Row[ButtonColor] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("selector", "u8"), ("rgb", "u32")),
     ButtonColor, False, True,
-    "Colour of the text in a state, 0xRRGGBB.")
+    "Colour of the text in a state, 0xRRGGBB.", chooses=1)
 
 BUTTON_FONT_SIZE: Row[int] = Row(
     "button.font_size", bytes.fromhex("B2 01 02"),
@@ -462,7 +462,7 @@ IMAGE_BUTTON_COLOR: Row[ImageButtonColor] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("state", "u8"), ("rgb", "u32")),
     ImageButtonColor, False, True,
-    "Colour of the text in a state, 0xRRGGBB.")
+    "Colour of the text in a state, 0xRRGGBB.", chooses=1)
 
 IMAGE_BUTTON_FONT_SIZE: Row[int] = Row(
     "image_button.font_size", bytes.fromhex("B2 03 02"),
@@ -489,7 +489,7 @@ IMAGE_BUTTON_IMAGE: Row[ImageButtonImage] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("state", "u8"), ("name", "text")),
     ImageButtonImage, False, True,
-    "The picture of a state.")
+    "The picture of a state.", chooses=1)
 
 
 class LineLook(NamedTuple):
@@ -697,21 +697,21 @@ TEXT_BOX_ADD_TEXT: Row[str] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("text", "text"),),
     str, False, True,
-    "Adds a text at the cursor.")
+    "Adds a text at the cursor.", chooses=None)
 
 TEXT_BOX_ADD_CHAR: Row[int] = Row(
     "text_box.add_char", bytes.fromhex("B2 0C 01"),
     (("view", "u16"), ("control", "u16")), (),
     (("character", "u32"),),
     int, False, True,
-    "Adds a character at the cursor: its UTF-8 bytes, the first one in the lowest byte.")
+    "Adds a character at the cursor: its UTF-8 bytes, the first one in the lowest byte.", chooses=None)
 
 TEXT_BOX_DELETE: Row[int] = Row(
     "text_box.delete", bytes.fromhex("B2 0C 02"),
     (("view", "u16"), ("control", "u16")), (),
     (("forward", "u8"),),
     int, False, True,
-    "Deletes the character in front of the cursor (0) or behind it (1).")
+    "Deletes the character in front of the cursor (0) or behind it (1).", chooses=None)
 
 TEXT_BOX_TEXT: Row[str] = Row(
     "text_box.text", bytes.fromhex("B2 0C 03"),
@@ -739,14 +739,14 @@ LIST_REMOVE: Row[int] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("index", "u16"),),
     int, False, True,
-    "Takes a button away, counted from 0.")
+    "Takes a button away, counted from 0.", chooses=None)
 
 LIST_CLEAR: Row[int] = Row(
     "list.clear", bytes.fromhex("B2 0D 01"),
     (("view", "u16"), ("control", "u16")), (),
     (("any", "s8"),),
     int, False, True,
-    "Takes all buttons away; the value does not matter.")
+    "Takes all buttons away; the value does not matter.", chooses=None)
 
 LIST_TEXT: Row[str] = Row(
     "list.text", bytes.fromhex("B2 0D 02"),
@@ -760,7 +760,7 @@ DROP_LIST_ADD: Row[str] = Row(
     (("view", "u16"), ("control", "u16")), (("position", "u16"),),
     (("text", "text"),),
     str, False, True,
-    "Puts an option ahead of a position, or at the end beyond it.")
+    "Puts an option ahead of a position, or at the end beyond it.", chooses=None)
 
 DROP_LIST_MODIFY: Row[str] = Row(
     "drop_list.modify", bytes.fromhex("B2 0E 01"),
@@ -774,7 +774,7 @@ DROP_LIST_REMOVE: Row[int] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("position", "u16"),),
     int, False, True,
-    "Takes an option away, counted from 0.")
+    "Takes an option away, counted from 0.", chooses=None)
 
 DROP_LIST_OPEN: Row[int] = Row(
     "drop_list.open", bytes.fromhex("B2 0E 03"),
@@ -788,7 +788,7 @@ ROLLER_ADD: Row[str] = Row(
     (("view", "u16"), ("control", "u16")), (("position", "u16"),),
     (("text", "text"),),
     str, False, True,
-    "Puts an option ahead of a position, or at the end beyond it.")
+    "Puts an option ahead of a position, or at the end beyond it.", chooses=None)
 
 ROLLER_MODIFY: Row[str] = Row(
     "roller.modify", bytes.fromhex("B2 0F 01"),
@@ -802,7 +802,7 @@ ROLLER_REMOVE: Row[int] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("position", "u16"),),
     int, False, True,
-    "Takes an option away, counted from 0.")
+    "Takes an option away, counted from 0.", chooses=None)
 
 GIF_PLAY: Row[int] = Row(
     "gif.play", bytes.fromhex("B2 10 00"),
@@ -908,7 +908,7 @@ SPIN_BOX_COUNT: Row[int] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("which", "u8"),),
     int, False, True,
-    "Counts by one step: 0 down, 1 up.")
+    "Counts by one step: 0 down, 1 up.", chooses=None)
 
 
 class TableText(NamedTuple):
@@ -922,7 +922,7 @@ TABLE_TEXT: Row[TableText] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("row", "u16"), ("column", "u16"), ("text", "text")),
     TableText, False, True,
-    "The text of a cell; beyond the end the table grows.")
+    "The text of a cell; beyond the end the table grows.", chooses=2)
 
 
 class TableColumnWidth(NamedTuple):
@@ -935,7 +935,7 @@ TABLE_COLUMN_WIDTH: Row[TableColumnWidth] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("column", "u16"), ("width", "u16")),
     TableColumnWidth, False, True,
-    "Width of a column in pixels.")
+    "Width of a column in pixels.", chooses=1)
 
 
 class TableMergeRight(NamedTuple):
@@ -948,7 +948,7 @@ TABLE_MERGE_RIGHT: Row[TableMergeRight] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("row", "u16"), ("column", "u16")),
     TableMergeRight, False, True,
-    "Joins a cell with the one to its right, or parts them.")
+    "Joins a cell with the one to its right, or parts them.", chooses=2)
 
 
 class TableLook(NamedTuple):
@@ -985,7 +985,7 @@ BUTTON_MATRIX_BUTTON_FLAGS: Row[ButtonMatrixButtonFlags] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("set", "u8"), ("button", "u16"), ("flags", "u16")),
     ButtonMatrixButtonFlags, False, True,
-    "Clears (0) or sets (1) flags of a button: 8 hidden, 32 disabled, 64 checkable, 128 checked.")
+    "Clears (0) or sets (1) flags of a button: 8 hidden, 32 disabled, 64 checkable, 128 checked.", chooses=2)
 
 
 class ButtonMatrixFlags(NamedTuple):
@@ -998,7 +998,7 @@ BUTTON_MATRIX_FLAGS: Row[ButtonMatrixFlags] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("set", "u8"), ("flags", "u16")),
     ButtonMatrixFlags, False, True,
-    "Clears (0) or sets (1) flags of all buttons.")
+    "Clears (0) or sets (1) flags of all buttons.", chooses=1)
 
 BUTTON_MATRIX_HAS_FLAGS: Row[int] = Row(
     "button_matrix.has_flags", bytes.fromhex("B2 16 03"),
