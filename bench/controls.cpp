@@ -25,9 +25,10 @@ static std::string control(u32 type, u32 id, u32 parent, u32 x, u32 y, u32 w, u3
 // Every other one is a button.
 static std::string words_file() {
     std::string out;
-    for (u32 i = 1; i <= CONTROLS; i++)
+    for (u32 i = 1; i <= CONTROLS; i++) {
         out += control(i % 2 ? ZOF_CTRL_LABEL : ZOF_CTRL_BTN, i, 0, i % 25 * 32, i / 25 * 12, 32, 12,
                        R"("auto_hight": 1, "dis_mode_e": 4, "txt": "#w)" + number(i) + "\"");
+    }
     return out;
 }
 
@@ -35,10 +36,11 @@ static std::string wheel_file() {
     std::string out = control(ZOF_CTRL_SCROLLCONT, 1, 0, 100, 60, 600, 300,
                               R"("child_cnt": )" + number(ITEMS) + R"(, "display_count": )" + number(SHOWN) +
                                   R"(, "dir": 0, "arc_r": 400, "zoom": 120, "opa_mode": 1)");
-    for (u32 i = 0; i < ITEMS; i++)
+    for (u32 i = 0; i < ITEMS; i++) {
         out += control(ZOF_CTRL_SCROLLCONT_OBJ, 2 + 2 * i, 1, 0, 0, 10, 10, R"("create_num": )" + number(i)) +
                control(ZOF_CTRL_LABEL, 3 + 2 * i, 2 + 2 * i, 10, 100, 80, 60,
                        R"("auto_hight": 1, "align_e": 34, "txt": ")" + number(i) + "\"");
+    }
     return out;
 }
 
@@ -57,8 +59,9 @@ static void project_up(const std::filesystem::path &top) {
     };
     for (const char *language : {"a", "b"}) {
         std::string texts;
-        for (u32 i = 1; i <= CONTROLS; i++)
+        for (u32 i = 1; i <= CONTROLS; i++) {
             texts += (i > 1 ? ",\n\"w" : "\"w") + number(i) + "\": \"" + language + number(i) + "\"";
+        }
         write(std::string("res/config/languages/") + language + ".g", "{" + texts + "}");
     }
     std::string views;
@@ -70,8 +73,9 @@ static void project_up(const std::filesystem::path &top) {
     }
     write("res/config/project/zofprj.g", R"({"width": 800, "height": 480, "language": "a", "views": [)" + views + "]}");
     setenv("SDL_VIDEODRIVER", "offscreen", 0);
-    if (chdir(top.c_str()) != 0)
+    if (chdir(top.c_str()) != 0) {
         _exit(1);
+    }
     lv_init();
     zof_drv_init();
     static const zof_view_fun_t table[] = {{WORDS, [] { zof_view_create(WORDS, nullptr, 0); }},
@@ -114,8 +118,9 @@ static lv_obj_t *plain_like(lv_obj_t *from, lv_obj_t *parent) {
     lv_obj_class_init_obj(to);
     lv_obj_remove_style_all(to);
     for (u32 i = from->style_cnt; i-- > 0;) { // the one added last counts most
-        if (!from->styles[i].is_local && !from->styles[i].is_trans)
+        if (!from->styles[i].is_local && !from->styles[i].is_trans) {
             lv_obj_add_style(to, from->styles[i].style, from->styles[i].selector);
+        }
     }
     lv_obj_set_pos(to, lv_obj_get_x(from), lv_obj_get_y(from));
     lv_obj_set_size(to, lv_obj_get_width(from), lv_obj_get_height(from));
@@ -164,8 +169,9 @@ static void wheel_row() {
         for (lv_style_prop_t prop : {LV_STYLE_TRANSFORM_ZOOM, LV_STYLE_TRANSFORM_PIVOT_X, LV_STYLE_TRANSFORM_PIVOT_Y,
                                      LV_STYLE_TRANSLATE_Y, LV_STYLE_OPA}) {
             lv_style_value_t value;
-            if (lv_obj_get_local_style_prop(item, prop, &value, LV_PART_MAIN) == LV_RES_OK)
+            if (lv_obj_get_local_style_prop(item, prop, &value, LV_PART_MAIN) == LV_RES_OK) {
                 lv_obj_set_local_style_prop(copy, prop, value, LV_PART_MAIN);
+            }
         }
         lv_obj_set_pos(copy, (lv_coord_t)i * lv_obj_get_width(item), 0);
         label_like(lv_obj_get_child(item, 0), plain_like(lv_obj_get_child(item, 0), copy));
@@ -183,8 +189,9 @@ static void wheel_row() {
 }
 
 static void chart_fill(lv_obj_t *chart, lv_chart_series_t *series) {
-    for (u32 i = 0; i < POINTS; i++)
+    for (u32 i = 0; i < POINTS; i++) {
         lv_chart_set_next_value(chart, series, (lv_coord_t)(i * 37 % 100));
+    }
 }
 
 static void chart_row() {
@@ -196,8 +203,9 @@ static void chart_row() {
     for (lv_style_prop_t prop : {LV_STYLE_LINE_COLOR, LV_STYLE_LINE_WIDTH, LV_STYLE_LINE_OPA}) {
         for (u32 part : {LV_PART_MAIN, LV_PART_ITEMS, LV_PART_INDICATOR}) {
             lv_style_value_t value;
-            if (lv_obj_get_local_style_prop(ours, prop, &value, part) == LV_RES_OK)
+            if (lv_obj_get_local_style_prop(ours, prop, &value, part) == LV_RES_OK) {
                 lv_obj_set_local_style_prop(chart, prop, value, part);
+            }
         }
     }
     chart_fill(ours, zof_chart_add_series(zof_ctrl_get_form_id(CHART, 1), 0x2F8FE8, 0));

@@ -99,7 +99,7 @@ static std::string name_of(const row_t &row) {
 }
 
 // Reference
-// ------------------------------------------------------------------------------------------------------------
+
 static std::string field_words(const std::vector<field_t> &list) {
     std::string out;
     for (const field_t &f : list) {
@@ -139,7 +139,7 @@ static std::string comment(const std::string &text) {
 }
 
 // C library
-// ------------------------------------------------------------------------------------------------------------
+
 // A prototype of at most 120 columns, its arguments under each other's.
 static std::string prototype(const std::string &name, const std::vector<std::string> &args) {
     std::string out = name + "(";
@@ -200,7 +200,7 @@ static void c_header(const zof_hmi_cmd_type_t &type, std::ostream &out) {
 }
 
 // Python library
-// -------------------------------------------------------------------------------------------------------
+
 static std::string py_type(const field_t &f) {
     return f.type == &field_types[ZOF_HMI_T_STR] ? "str" : "int";
 }
@@ -245,7 +245,7 @@ static void python(const zof_hmi_cmd_type_t &type, std::ostream &out) {
 }
 
 // Files
-// ----------------------------------------------------------------------------------------------------------------
+
 static int fail(const std::string &file, const char *what) {
     fprintf(stderr, "zof_protocol: %s: %s\n", file.c_str(), what);
     return 1;

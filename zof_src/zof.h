@@ -49,8 +49,8 @@
 #include "control/zof_text.h"
 #include "control/zof_value.h"
 
-#include "func/zof_func.h"
 #include "func/zof_dir_copy.h"
+#include "func/zof_func.h"
 #include "func/zof_func_stdby.h"
 #include "func/zof_func_update.h"
 #include "hmi/zof_hmi.h"

@@ -17,10 +17,10 @@ void zof_main(void);
 // for LVGL's objects it ends with a line and the status ZOF_EXIT_MEMORY.
 int zof_run(int argc, char **argv);
 
-// Answers `--help`, `-h`, `--version` and `-V`, and makes the build call `t <switch><stamp>`: argv[2] less its first two
-// characters becomes "comp_time" of the project file at ../../res; every other key stays, and only faults of that file are
-// printed, which is then left as it was. Returns 0 when the process is to stop, whatever came of it; -1 when the user
-// interface is to run.
+// Answers `--help`, `-h`, `--version` and `-V`, and makes the build call `t <switch><stamp>`: argv[2] less its first
+// two characters becomes "comp_time" of the project file at ../../res; every other key stays, and only faults of that
+// file are printed, which is then left as it was. Returns 0 when the process is to stop, whatever came of it; -1 when
+// the user interface is to run.
 s32 zof_win_cmd(int argc, char **argv);
 
 ZOF_C_END

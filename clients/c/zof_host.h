@@ -4,9 +4,9 @@
 // README.md beside this file shows how to begin.
 //
 // Everything here is called from ONE context, as a rule the main loop. An interrupt only fills or empties the user's
-// own ring of bytes, which the `read` and `write` functions use; nothing here is called from an interrupt. All functions
-// are safe with a null `host`. Callbacks come from within zof_host_feed and zof_host_poll only; they may queue frames,
-// and a feed or poll called from within one does nothing.
+// own ring of bytes, which the `read` and `write` functions use; nothing here is called from an interrupt. All
+// functions are safe with a null `host`. Callbacks come from within zof_host_feed and zof_host_poll only; they may
+// queue frames, and a feed or poll called from within one does nothing.
 #ifndef ZOF_HOST_CLIENT_H
 #define ZOF_HOST_CLIENT_H
 
@@ -19,8 +19,8 @@ extern "C" {
 // Operations of a frame.
 enum { ZOF_HOST_READ = 0x11, ZOF_HOST_WRITE = 0x22 };
 
-// Results. ZOF_HOST_FULL to ZOF_HOST_REFUSED come from the calls that queue a frame: then nothing was queued and nothing
-// will be sent. The others say how a request ended.
+// Results. ZOF_HOST_FULL to ZOF_HOST_REFUSED come from the calls that queue a frame: then nothing was queued and
+// nothing will be sent. The others say how a request ended.
 enum {
     ZOF_HOST_FULL = -1,    // no room in `tx` now: poll, and try again
     ZOF_HOST_BAD = -2,     // never fits: into `tx`, or into the panel's queue; or null, or not initialised
@@ -66,14 +66,14 @@ struct zof_host {
     uint8_t acks;             // its `resend_en`: 1 waits for the acknowledgement of each write of a `system` row
     uint8_t tries;            // how often a read is sent before it ends with ZOF_HOST_TIMEOUT, 1 to 255; 0: three times
     uint16_t buffsize;        // its `buffsize`: bytes of the panel's queue, less 1024
-    uint16_t timeout_ms;      // for an answer to each try, from the end of it; more than the panel's longest pause (1000)
-    uint16_t byte_us;         // microseconds of one byte on the line, 87 at 115200 baud; 0 when `write` returns only
-                              // when its bytes are out, or for a pipe
-    uint8_t *rx;              // MANDATORY, for the largest answer: 10 bytes and its address and value fields
-    uint16_t rx_size;         // 16 to 32767; larger frames are passed over as noise
-    uint8_t *tx;              // MANDATORY, the queue of frames: each takes its bytes and 1 or 2 more
-    uint16_t tx_size;         // 16 to 32767
-    void *user;               // for the functions below; not looked at
+    uint16_t timeout_ms; // for an answer to each try, from the end of it; more than the panel's longest pause (1000)
+    uint16_t byte_us;    // microseconds of one byte on the line, 87 at 115200 baud; 0 when `write` returns only
+                         // when its bytes are out, or for a pipe
+    uint8_t *rx;         // MANDATORY, for the largest answer: 10 bytes and its address and value fields
+    uint16_t rx_size;    // 16 to 32767; larger frames are passed over as noise
+    uint8_t *tx;         // MANDATORY, the queue of frames: each takes its bytes and 1 or 2 more
+    uint16_t tx_size;    // 16 to 32767
+    void *user;          // for the functions below; not looked at
 
     // MANDATORY. Sends what it can at once, without waiting: returns how many bytes it has taken, 0 to `size`.
     uint16_t (*write)(void *user, const uint8_t *bytes, uint16_t size);
@@ -84,9 +84,9 @@ struct zof_host {
     void (*on_reply)(zof_host_t *host, zof_host_reply_t *reply);
     // OPTIONAL. Power-on and touches, whenever they come.
     void (*on_event)(zof_host_t *host, const zof_host_event_t *event);
-    // OPTIONAL. Queues what a panel that has just started must be set to. Called with an empty queue, after all that was
-    // queued before has been sent: with `step` 0, then 1, 2 ... while it returns 1 because `tx` had no room for the rest.
-    // ZOF_HOST_RESTORED follows when all of it has been executed.
+    // OPTIONAL. Queues what a panel that has just started must be set to. Called with an empty queue, after all that
+    // was queued before has been sent: with `step` 0, then 1, 2 ... while it returns 1 because `tx` had no room for the
+    // rest. ZOF_HOST_RESTORED follows when all of it has been executed.
     uint8_t (*on_restart)(zof_host_t *host, uint8_t step);
 
     // The library's own. Counters may be read; they wrap.

@@ -30,18 +30,21 @@ static u32 here(void) {
 }
 
 static void back_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         go(INDEX, ZOF_SCR_LOAD_ANIM_MOVE_RIGHT);
+    }
 }
 
 static void prev_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         go(here() == FIRST_PAGE ? LAST_PAGE : here() - 1, ZOF_SCR_LOAD_ANIM_MOVE_RIGHT);
+    }
 }
 
 static void next_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         go(here() == LAST_PAGE ? FIRST_PAGE : here() + 1, ZOF_SCR_LOAD_ANIM_MOVE_LEFT);
+    }
 }
 
 #define PAGE_EVENTS                           \
@@ -51,8 +54,9 @@ static void next_event(zof_ctrl_t *, zof_event_e event) {
 
 // Index --------------------------------------------------------------------------------------------------------------
 static void page_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         go(FIRST_PAGE + (u32)zof_ctrl_get_id_form_ctrl(ctrl) - VIEW1_TO_LABELS_ID, ZOF_SCR_LOAD_ANIM_MOVE_LEFT);
+    }
 }
 
 static const struct {
@@ -61,13 +65,15 @@ static const struct {
 } languages[] = {{VIEW1_LANG_EN_ID, "en"}, {VIEW1_LANG_DE_ID, "de"}, {VIEW1_LANG_ZH_ID, "zh"}};
 
 static void language_show(u32 chosen) {
-    for (const auto &language : languages)
+    for (const auto &language : languages) {
         zof_btn_set_state(at(INDEX, language.button), language.button == chosen ? LV_STATE_CHECKED : 0);
+    }
 }
 
 static void language_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event != ZOF_EVENT_CLICKED)
+    if (event != ZOF_EVENT_CLICKED) {
         return;
+    }
     for (const auto &language : languages) {
         if (at(INDEX, language.button) == ctrl) {
             zof_lang_set(language.name);
@@ -78,8 +84,9 @@ static void language_event(zof_ctrl_t *ctrl, zof_event_e event) {
 
 // A theme knows no views: their grounds follow here.
 static void theme_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event != ZOF_EVENT_VALUE_CHANGED)
+    if (event != ZOF_EVENT_VALUE_CHANGED) {
         return;
+    }
     const bool light = zof_sw_get_state(ctrl) == 1;
     zof_theme_set(light ? "youth" : "night");
     zof_view_load(8);
@@ -94,10 +101,12 @@ static void theme_event(zof_ctrl_t *ctrl, zof_event_e event) {
 static void index_init(void) {
     static zof_ctrl_fun_t events[PAGES + 4];
     u32 n = 0;
-    for (u32 i = 0; i < PAGES; i++)
+    for (u32 i = 0; i < PAGES; i++) {
         events[n++] = {VIEW1_TO_LABELS_ID + i, page_event};
-    for (const auto &language : languages)
+    }
+    for (const auto &language : languages) {
         events[n++] = {language.button, language_event};
+    }
     events[n++] = {VIEW1_THEME_ID, theme_event};
     zof_view_create(INDEX, events, n);
     language_show(VIEW1_LANG_EN_ID);
@@ -114,8 +123,9 @@ template <u32 VIEW> static void plain_init(void) {
 static void count_event(zof_ctrl_t *ctrl, zof_event_e event) {
     static int count;
     char text[16];
-    if (event != ZOF_EVENT_CLICKED)
+    if (event != ZOF_EVENT_CLICKED) {
         return;
+    }
     snprintf(text, sizeof(text), "%d", ++count);
     zof_btn_set_txt(ctrl, text);
 }
@@ -157,8 +167,9 @@ static void slider_event(zof_ctrl_t *ctrl, zof_event_e event) {
 }
 
 static void upright_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event == ZOF_EVENT_VALUE_CHANGED)
+    if (event == ZOF_EVENT_VALUE_CHANGED) {
         zof_bar_set_value(at(5, VIEW5_UPRIGHT_BAR_ID), zof_slider_get_value(ctrl));
+    }
 }
 
 static const zof_ctrl_fun_t values_events[] = {
@@ -179,21 +190,24 @@ static void spin_show(void) {
 }
 
 static void down_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_SHORT_CLICKED || event == ZOF_EVENT_LONG_PRESSED_REPEAT)
+    if (event == ZOF_EVENT_SHORT_CLICKED || event == ZOF_EVENT_LONG_PRESSED_REPEAT) {
         zof_spinbox_decrement(at(6, VIEW6_SPIN_ID));
+    }
     spin_show();
 }
 
 static void up_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_SHORT_CLICKED || event == ZOF_EVENT_LONG_PRESSED_REPEAT)
+    if (event == ZOF_EVENT_SHORT_CLICKED || event == ZOF_EVENT_LONG_PRESSED_REPEAT) {
         zof_spinbox_increment(at(6, VIEW6_SPIN_ID));
+    }
     spin_show();
 }
 
 // The digits in turn, as LVGL's "next" goes to the left.
 static void digit_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         zof_spinbox_step_prev(at(6, VIEW6_SPIN_ID));
+    }
 }
 
 static const zof_ctrl_fun_t switches_events[] = {
@@ -209,11 +223,13 @@ static void switches_init(void) {
 // Lists --------------------------------------------------------------------------------------------------------------
 // The list's events come from its buttons, which bubble them up; the one that has the focus was touched.
 static void list_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event != ZOF_EVENT_CLICKED)
+    if (event != ZOF_EVENT_CLICKED) {
         return;
+    }
     const s32 chosen = zof_list_get_select_index(ctrl);
-    if (chosen >= 0)
+    if (chosen >= 0) {
         zof_list_set_select_index(ctrl, zof_list_get_index_btn(ctrl, (u32)chosen));
+    }
 }
 
 static const zof_ctrl_fun_t lists_events[] = {PAGE_EVENTS, {VIEW7_LIST_ID, list_event}};
@@ -225,8 +241,9 @@ static void lists_init(void) {
 // Tables -------------------------------------------------------------------------------------------------------------
 // A touched cell is marked, and unmarked at the next touch.
 static void table_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         zof_table_set_value_changed_color(ctrl, 0x2F8FE8, 0);
+    }
 }
 
 static const zof_ctrl_fun_t tables_events[] = {PAGE_EVENTS, {VIEW8_TABLE_ID, table_event}};
@@ -235,8 +252,9 @@ static void table_fill(zof_ctrl_t *table) {
     static const char *const heads[] = {"V", "A", "W"};
     static const double rows[][2] = {{5, 3}, {9, 3}, {12, 3}, {15, 3}, {20, 5}};
     char text[16];
-    for (u32 col = 0; col < 3; col++)
+    for (u32 col = 0; col < 3; col++) {
         zof_table_set_cell_value(table, 0, col, heads[col]);
+    }
     for (u32 row = 0; row < 5; row++) {
         const double cells[] = {rows[row][0], rows[row][1], rows[row][0] * rows[row][1]};
         for (u32 col = 0; col < 3; col++) {
@@ -273,10 +291,12 @@ static void charts_init(void) {
         zof_chart_set_next(lines, volts, (s32)(60 + 25 * sin(i * 0.35)));
         zof_chart_set_next(lines, amperes, (s32)(35 + 18 * cos(i * 0.22)));
     }
-    for (int i = 0; i < 12; i++)
+    for (int i = 0; i < 12; i++) {
         zof_chart_set_next(columns, energy, 12 + i * 7);
-    for (int i = 0; i < 30; i++)
+    }
+    for (int i = 0; i < 30; i++) {
         zof_chart_set_next_value2(points, pairs, 3 + i * 97 % 94, 8 + i * 61 % 83);
+    }
     zof_chart_set_line_width(lines, 0, 3);
     zof_chart_set_line_width(points, 5, 0);
 }
@@ -291,8 +311,9 @@ static void box_event(zof_ctrl_t *ctrl, zof_event_e event) {
 }
 
 static void spell_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event != ZOF_EVENT_VALUE_CHANGED)
+    if (event != ZOF_EVENT_VALUE_CHANGED) {
         return;
+    }
     const bool pinyin = zof_ctrl_state_judge(ctrl, LV_STATE_CHECKED) == 1;
     zof_ctrl_set_hidden(at(11, VIEW11_KEYBOARD_ID), pinyin ? ZOF_TRUE : ZOF_FALSE);
     zof_ctrl_set_hidden(at(11, VIEW11_PINYIN_ID), pinyin ? ZOF_FALSE : ZOF_TRUE);
@@ -317,13 +338,15 @@ static void box_open(u32 box) {
 }
 
 static void open_ask_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         box_open(VIEW12_ASK_ID);
+    }
 }
 
 static void open_tell_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         box_open(VIEW12_TELL_ID);
+    }
 }
 
 static void open_soon_event(zof_ctrl_t *, zof_event_e event) {
@@ -335,13 +358,15 @@ static void open_soon_event(zof_ctrl_t *, zof_event_e event) {
 
 // Any of its buttons closes a box; one without buttons goes at a touch.
 static void ask_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event == ZOF_EVENT_VALUE_CHANGED)
+    if (event == ZOF_EVENT_VALUE_CHANGED) {
         zof_mbox_s_close(ctrl);
+    }
 }
 
 static void tell_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         zof_mbox_s_close(ctrl);
+    }
 }
 
 static const zof_ctrl_fun_t messages_events[] = {PAGE_EVENTS,
@@ -357,13 +382,15 @@ static void messages_init(void) {
 
 // Moving pictures ----------------------------------------------------------------------------------------------------
 static void gif_play_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         zof_gif_play_count(at(14, VIEW14_GIF_WAITING_ID), 3);
+    }
 }
 
 static void again_event(zof_ctrl_t *, zof_event_e event) {
-    if (event != ZOF_EVENT_CLICKED)
+    if (event != ZOF_EVENT_CLICKED) {
         return;
+    }
     zof_animimg_reset_play(at(14, VIEW14_THRICE_ID)); // which forgets the count
     zof_animimg_set_repeat_count(at(14, VIEW14_THRICE_ID), 3);
 }
@@ -380,39 +407,46 @@ enum { PLAY = 0, STOP = 1, PAUSE = 2, RESUME = 3 };
 
 static void play_event(zof_ctrl_t *, zof_event_e event) {
     zof_ctrl_t *video = at(15, VIEW15_VIDEO_ID);
-    if (event != ZOF_EVENT_CLICKED)
+    if (event != ZOF_EVENT_CLICKED) {
         return;
+    }
     const bool paused = zof_video_get_state(video) == PAUSE;
-    if (!paused)
+    if (!paused) {
         zof_video_set_src(video, "clip.mp4"); // not before: the sound begins with it
+    }
     zof_video_set_state(video, paused ? RESUME : PLAY);
 }
 
 static void pause_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         zof_video_set_state(at(15, VIEW15_VIDEO_ID), PAUSE);
+    }
 }
 
 static void stop_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         zof_video_set_state(at(15, VIEW15_VIDEO_ID), STOP);
+    }
 }
 
 static void sound_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event != ZOF_EVENT_CLICKED)
+    if (event != ZOF_EVENT_CLICKED) {
         return;
+    }
     zof_audio_set_src(ctrl == at(15, VIEW15_CHIME_ID) ? "chime.wav" : "scale.wav");
     zof_audio_set_state(PLAY);
 }
 
 static void beep_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         zof_beep_on(150);
+    }
 }
 
 static void volume_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event == ZOF_EVENT_VALUE_CHANGED)
+    if (event == ZOF_EVENT_VALUE_CHANGED) {
         zof_video_set_volum(at(15, VIEW15_VIDEO_ID), (u8)zof_slider_get_value(ctrl));
+    }
 }
 
 static const zof_ctrl_fun_t media_events[] = {PAGE_EVENTS,
@@ -435,13 +469,15 @@ static void media_exit(void) {
 
 // Drawing ------------------------------------------------------------------------------------------------------------
 template <u8 WIDTH> static void width_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         zof_sketchpad_set_width(at(16, VIEW16_PAD_ID), WIDTH);
+    }
 }
 
 static void clean_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         zof_sketchpad_clean_bg(at(16, VIEW16_PAD_ID));
+    }
 }
 
 static const zof_ctrl_fun_t drawing_events[] = {PAGE_EVENTS,
@@ -462,15 +498,17 @@ static struct {
 } transition = {ZOF_ANIM_PATH_END_SLOW};
 
 static void way_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED)
+    if (event == ZOF_EVENT_CLICKED) {
         zof_view_set_dis_view_anim(INDEX, (u32)zof_ctrl_get_id_form_ctrl(ctrl) - VIEW17_WAY0_ID, 600, 0,
                                    transition.path);
+    }
 }
 
 static void path_event(zof_ctrl_t *ctrl, zof_event_e event) {
     static const char *const names[] = {"linear", "start slow", "end slow", "both slow", "bounce", "step", "overshoot"};
-    if (event != ZOF_EVENT_CLICKED)
+    if (event != ZOF_EVENT_CLICKED) {
         return;
+    }
     transition.path = transition.path % ZOF_ANIM_PATH_OVERSHOOT + 1;
     zof_btn_set_txt(ctrl, names[transition.path - ZOF_ANIM_PATH_LINEAR]);
 }
@@ -478,8 +516,9 @@ static void path_event(zof_ctrl_t *ctrl, zof_event_e event) {
 static void transitions_init(void) {
     enum { WAYS = 19, COUNT = 3 + WAYS + 1 };
     static zof_ctrl_fun_t events[COUNT] = {PAGE_EVENTS, {VIEW17_PATH_ID, path_event}};
-    for (u32 i = 0; i < WAYS; i++)
+    for (u32 i = 0; i < WAYS; i++) {
         events[4 + i] = {VIEW17_WAY0_ID + i, way_event};
+    }
     zof_view_create(17, events, COUNT);
 }
 

@@ -73,7 +73,8 @@ static const call_t calls_made[] = {
     {"txtbox_add_char", [] { zof_txtbox_add_char(find(BOX), 'x'); }},
     {"txtbox_del_char", [] { zof_txtbox_del_char(find(BOX)); }},
     {"txtbox_del_char_forward", [] { zof_txtbox_cursor_move(find(BOX), 1), zof_txtbox_del_char_forward(find(BOX)); }},
-    {"txtbox_cursor_move", [] {
+    {"txtbox_cursor_move",
+     [] {
          for (u32 i = 0; i < 22; i++) {
              zof_txtbox_cursor_move(find(BOX), 1);
          }
@@ -105,7 +106,8 @@ static const call_t calls_made[] = {
     {"scroll_inf", [] { scroll_inf(find(WHEEL)); }},
     {"event_send", [] { zof_event_send(find(SWITCH), LV_EVENT_CLICKED, nullptr); }},
     {"add_state", [] { zof_ctrl_add_state(find(SWITCH), LV_STATE_CHECKED); }},
-    {"keyboard", [] {
+    {"keyboard",
+     [] {
          zof_keyboard_set_txtbox(find(KEYS), find(BOX));
          zof_event_send(find(KEYS), LV_EVENT_VALUE_CHANGED, nullptr);
      }},
@@ -153,8 +155,8 @@ static void run(const call_t &call, bool by_timer) {
         call.run();
         return;
     }
-    zof_task_t *task = zof_task_create([](zof_task_t *t) { ((const call_t *)zof_task_get_user_data(t))->run(); }, 0,
-                                       (void *)&call);
+    zof_task_t *task =
+        zof_task_create([](zof_task_t *t) { ((const call_t *)zof_task_get_user_data(t))->run(); }, 0, (void *)&call);
     zof_task_once(task);
     screen_step(10);
 }
@@ -248,15 +250,25 @@ static void anything() {
     lv_obj_t *obj = zof_ctrl_obj(record);
     switch (roll(9)) {
     case 0:
-    case 1: zof_ctrl_delete(record); break;
+    case 1:
+        zof_ctrl_delete(record);
+        break;
     case 2: // the record is the caller's now
         zof_ctrl_del(view, id);
         zof_ctrl_obj_del(record);
         break;
-    case 3: zof_view_set_dis_view(view); break;
-    case 4: zof_view_set_dis_view_anim(view, roll(ZOF_SCR_LOAD_ANIM_COUNT), 20, 0, ZOF_ANIM_PATH_LINEAR); break;
-    case 5: zof_view_delete(view); break;
-    case 6: zof_ctrl_show(view, id); break;
+    case 3:
+        zof_view_set_dis_view(view);
+        break;
+    case 4:
+        zof_view_set_dis_view_anim(view, roll(ZOF_SCR_LOAD_ANIM_COUNT), 20, 0, ZOF_ANIM_PATH_LINEAR);
+        break;
+    case 5:
+        zof_view_delete(view);
+        break;
+    case 6:
+        zof_ctrl_show(view, id);
+        break;
     case 7:
         if (obj && (id == TILES || id == RING || id == CONT)) {
             lv_obj_clean(obj);
@@ -264,7 +276,8 @@ static void anything() {
             lv_obj_del(obj);
         }
         break;
-    default: calls_made[roll(std::size(calls_made))].run();
+    default:
+        calls_made[roll(std::size(calls_made))].run();
     }
 }
 

@@ -50,7 +50,8 @@ TEST_CASE("a name that begins with a control character is refused wherever a pic
         ctrl(ZOF_CTRL_IMG, 1, R"("init_img")" + name, box(0, 0, 20, 20), style),
         ctrl(ZOF_CTRL_IMGBTN, 2, R"("img_rel")" + name + R"(, "img_pr")" + name, box(20, 0, 20, 20)),
         ctrl(ZOF_CTRL_GIF, 3, R"("init_gif")" + name, box(40, 0, 20, 20)),
-        ctrl(ZOF_CTRL_ANIMIMG, 4, R"("start_id": 0, "end_id": 3, "frame_rate": 50, "img_dsc_t")" + name, box(60, 0, 20, 20)),
+        ctrl(ZOF_CTRL_ANIMIMG, 4, R"("start_id": 0, "end_id": 3, "frame_rate": 50, "img_dsc_t")" + name,
+             box(60, 0, 20, 20)),
         ctrl(ZOF_CTRL_ARC, 5, R"("arc_main_img")" + name + R"(, "arc_inc_img")" + name, box(80, 0, 40, 40)),
         ctrl(ZOF_CTRL_LIST, 6, R"("items": [{"txt": "a", "image")" + name + "}]", box(120, 0, 40, 40)),
     });

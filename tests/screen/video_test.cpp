@@ -280,8 +280,8 @@ TEST_CASE("a video control plays the project's clips in its box, and goes with i
 }
 
 TEST_CASE("a video goes with its record, within a container too") {
-    view_project_t project({ctrl(ZOF_CTRL_OBJ, 1), ctrl(ZOF_CTRL_VIDEO, 2, "", R"("parent_id": 1)"),
-                            ctrl(ZOF_CTRL_LABEL, 3)});
+    view_project_t project(
+        {ctrl(ZOF_CTRL_OBJ, 1), ctrl(ZOF_CTRL_VIDEO, 2, "", R"("parent_id": 1)"), ctrl(ZOF_CTRL_LABEL, 3)});
     zof_ffmpeg_init();
     win_video_init();
     CHECK(zof_ctrl_show(1, 3) != nullptr);

@@ -78,7 +78,8 @@ TEST_CASE("board and monitor refuse a line that is not a terminal, and leave it 
     folder.write("file", "mine");
     folder.write("recording", "# zof_monitor head=5AA5 crc=0\n0 host 5AA50311B106\n");
     REQUIRE(mkfifo(folder.path("pipe").c_str(), 0600) == 0);
-    for (const std::string &line : {folder.path("file"), folder.path("pipe"), std::string("/dev/null"), folder.folder}) {
+    for (const std::string &line :
+         {folder.path("file"), folder.path("pipe"), std::string("/dev/null"), folder.folder}) {
         CAPTURE(line);
         const std::string board = board_sim("--seconds 0.3 --tty " + line);
         CHECK((board[0] == '1' && contains(board, line + ": ")));

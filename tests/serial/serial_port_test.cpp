@@ -174,7 +174,8 @@ TEST_CASE("serial: a message that comes in while the lock is held is delivered w
     CHECK((got.messages == std::vector<bytes>{bytes(8, 'a'), bytes(8, 'b')}));
 }
 
-TEST_CASE("serial: a port that is missing at the start is taken when it appears, a pseudo-terminal only by a new link") {
+TEST_CASE(
+    "serial: a port that is missing at the start is taken when it appears, a pseudo-terminal only by a new link") {
     services_up();
     serial_pty pty;
     pty_open(pty, 44);

@@ -10,10 +10,10 @@ TEST_CASE("blocks are aligned, zeroed in their family, and counted to the byte")
     u32 own = zof_mem_count();
     u32 lv = zof_lv_mem_count();
     CHECK((zof_malloc(SIZE_MAX - 15) == nullptr && zof_lv_malloc(PTRDIFF_MAX) == nullptr));
-    auto *block = static_cast<u8 *>(zof_realloc(nullptr, 100));
-    CHECK(reinterpret_cast<uintptr_t>(block) % 16 == 0);
+    auto *block = (u8 *)zof_realloc(nullptr, 100);
+    CHECK((uintptr_t)block % 16 == 0);
     std::memset(block, 0xAA, 100);
-    block = static_cast<u8 *>(zof_realloc(zof_realloc(block, 40), 4000));
+    block = (u8 *)(zof_realloc(zof_realloc(block, 40), 4000));
     CHECK(block[39] == 0xAA);
     CHECK(std::vector<u8>(block + 40, block + 4000) == std::vector<u8>(3960, 0));
     CHECK(zof_realloc(block, SIZE_MAX - 4) == nullptr);
@@ -31,9 +31,9 @@ TEST_CASE("counters stay exact under threads, and each message of the log stays 
     const auto work = [](int t) {
         void *p = nullptr;
         for (size_t i = 1; i < 5000; i++) {
-            p = zof_realloc(p, i * 7919 % 512 + static_cast<size_t>(t) + 1);
+            p = zof_realloc(p, i * 7919 % 512 + (size_t)t + 1);
             if (i % 10 == 0) {
-                zof_printf("%s\n", std::string(30, static_cast<char>('a' + t)).c_str());
+                zof_printf("%s\n", std::string(30, (char)('a' + t)).c_str());
             }
         }
         zof_free(p);

@@ -40,7 +40,8 @@ TEST_CASE("a drive letter leads beside the project, and naming it makes the fold
         CHECK(fs::is_empty(project.top + "/disk/" + drive));
     }
     CHECK(str(zof_fs_get_real_path("P:x")) == project.folder + "/../x");
-    CHECK(contains(printed([] { CHECK(zof_res_path_check("X:a.png", "image/") == nullptr); }), "X:a.png: no such drive"));
+    CHECK(
+        contains(printed([] { CHECK(zof_res_path_check("X:a.png", "image/") == nullptr); }), "X:a.png: no such drive"));
     // A plain path that begins with a drive's letter, in the buffer in which a drive's base is built.
     CHECK(str(zof_fs_get_real_path(zof_res_file_path("D", "isk/", "x"))) == "Disk/x");
 
@@ -143,13 +144,17 @@ TEST_CASE("names of projects and hosts stay inside the project and its drives, u
         const char *name;
         bool passes, passes_allowed;
     } rows[] = {
-        {"a/../b.png", true, true},        {"../font/own.ttf", true, true},  {"inside.png", true, true},
-        {"..\\x", true, true},             {"../../x", false, true},         {"a/../../../x", false, true},
-        {"..\\..\\x", false, true},      {deep.c_str(), false, true},      {"folder/a.png", false, true},
-        {"file.png", false, true},         {"folder/none.png", true, true},  {"U:a.png", true, true},
-        {"T:none", true, true},            {"T:../U/a.png", false, true},    {"T:etc/passwd", false, true},
-        {"P:res/font/own.ttf", true, true}, {"P:../x", false, true},         {"X:a", false, true},
-        {"\x05:x", false, false},          {"a\x1b[2J.png", false, false},   {"D:a\nb", false, false},
+        {"a/../b.png", true, true},      {"../font/own.ttf", true, true},
+        {"inside.png", true, true},      {"..\\x", true, true},
+        {"../../x", false, true},        {"a/../../../x", false, true},
+        {"..\\..\\x", false, true},      {deep.c_str(), false, true},
+        {"folder/a.png", false, true},   {"file.png", false, true},
+        {"folder/none.png", true, true}, {"U:a.png", true, true},
+        {"T:none", true, true},          {"T:../U/a.png", false, true},
+        {"T:etc/passwd", false, true},   {"P:res/font/own.ttf", true, true},
+        {"P:../x", false, true},         {"X:a", false, true},
+        {"\x05:x", false, false},        {"a\x1b[2J.png", false, false},
+        {"D:a\nb", false, false},
     };
     REQUIRE(project.open());
     for (const bool allowed : {false, true}) {

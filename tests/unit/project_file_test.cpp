@@ -31,7 +31,7 @@ TEST_CASE("the project file fills the record and the list of views") {
         CHECK(contains(log, "views[" + std::to_string(i) + "] needs pageId"));
     }
     CHECK(prj->view_names->count == 2);
-    CHECK(str(static_cast<zof_view_name_t *>(__db_list_visit(prj->view_names, 1))->name) == "one.g");
+    CHECK(str(((zof_view_name_t *)__db_list_visit(prj->view_names, 1))->name) == "one.g");
     zof_prj_facts_t facts = {};
     CHECK((zof_prj_facts(&facts) == 0 && facts.off_x == 3 && str(facts.title) == "bench" &&
            str(prj->attr->hw_t.tone_t.sound) == "k.wav"));
@@ -70,7 +70,7 @@ TEST_CASE("the cursor walks the controls and steps over entries that cannot be o
     CHECK(pub == 1);
     record = zof_j2s_ctrl_get();
     REQUIRE(record);
-    CHECK((record->pub == 0 && str(reinterpret_cast<zof_btn_attr_t *>(record)->txt) == "go"));
+    CHECK((record->pub == 0 && str(((zof_btn_attr_t *)record)->txt) == "go"));
     zof_j2s_ctrl_delete(record, ZOF_CTRL_BTN);
     CHECK(zof_j2s_ctrl_get_para(&id, &pub) == 0);
     CHECK(contains(printed([] { CHECK(zof_j2s_ctrl_get() == nullptr); }), "controls[8]: theme is missing"));

@@ -27,9 +27,27 @@ static u32 number_of(const char *variable, u32 otherwise) {
 
 static std::string random_name() {
     static const char *const odd[] = {
-        "x\\..",   "..\\..\\outside", "\\",       "a\\b", ".hidden",       "...",          "x..",
-        "y.",      "C:",               "\x1b[2J",  "a\nb", "\x7f",          "\xff\xfe",     "%s%n",
-        "~",       "-rf",              " ",        "secret", ".zof_file.new", ".zof_dir.new", ".zof_dir.old~sub",
+        "x\\..",
+        "..\\..\\outside",
+        "\\",
+        "a\\b",
+        ".hidden",
+        "...",
+        "x..",
+        "y.",
+        "C:",
+        "\x1b[2J",
+        "a\nb",
+        "\x7f",
+        "\xff\xfe",
+        "%s%n",
+        "~",
+        "-rf",
+        " ",
+        "secret",
+        ".zof_file.new",
+        ".zof_dir.new",
+        ".zof_dir.old~sub",
         "System Volume Information",
     };
     switch (roll(6)) {

@@ -32,8 +32,7 @@ TEST_CASE("a task runs by its period, pauses, runs when it is made ready, and on
         lv_timer_handler();
         return runs;
     };
-    zof_task_t *task =
-        zof_task_create([](zof_task_t *t) { ++*static_cast<int *>(zof_task_get_user_data(t)); }, 10000, &runs);
+    zof_task_t *task = zof_task_create([](zof_task_t *t) { ++*(int *)zof_task_get_user_data(t); }, 10000, &runs);
     REQUIRE(task);
     CHECK(turn(nullptr) == 0);
     CHECK(turn(task) == 1);

@@ -195,9 +195,7 @@ TEST_CASE("a restart ends what is open, asks the read again at once, and has the
     run_ms(r, 2);
     feed(r, SIZE_IS); // a read that was sent twice may be answered twice
     run_ms(r, 10);
-    const auto bar = [](u8 control, u8 value) {
-        return frame_of(0x22, {0xB2, 0x05, 0, 0, 1, 0, control, 0, value});
-    };
+    const auto bar = [](u8 control, u8 value) { return frame_of(0x22, {0xB2, 0x05, 0, 0, 1, 0, control, 0, value}); };
     const bytes barrier = frame_of(0x11, SIZE);
     CHECK(r.sent.size() == out({barrier, bar(9, 1), bar(7, 0), bar(7, 1), bar(7, 2), barrier}).size());
     CHECK(bytes(r.sent.end() - 7, r.sent.end()) == out({barrier}));

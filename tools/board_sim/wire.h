@@ -48,8 +48,8 @@ struct wire {
     uint64_t sent = 0, dropped = 0;
 };
 
-// Opens the line, or plugs it in again; false after a message: a given line has to be a terminal. A pseudo-terminal that
-// ended stays closed.
+// Opens the line, or plugs it in again; false after a message: a given line has to be a terminal. A pseudo-terminal
+// that ended stays closed.
 bool wire_plug(wire &w);
 void wire_unplug(wire &w);
 

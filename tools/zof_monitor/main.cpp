@@ -57,7 +57,7 @@ static int fail(const std::string &what) {
 }
 
 // What is shown and kept
-// -----------------------------------------------------------------------------------------------
+
 static bool matches(const std::vector<std::string> &patterns, const std::string &name) {
     for (const std::string &pattern : patterns) {
         if (fnmatch(pattern.c_str(), name.c_str(), 0) == 0) {
@@ -95,7 +95,7 @@ static void keep(const piece &p) {
 }
 
 // Watching
-// -------------------------------------------------------------------------------------------------------------
+
 static void write_waiting(side &s) {
     uint8_t block[4096];
     const size_t size = std::min(s.waiting.size(), sizeof(block));
@@ -198,7 +198,7 @@ static int watch() {
 }
 
 // Recordings
-// -----------------------------------------------------------------------------------------------------------
+
 struct line_of_file {
     int64_t at_us;
     bool from_host;

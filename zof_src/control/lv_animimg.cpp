@@ -34,8 +34,9 @@ static void play(lv_animimg_t *anim) {
 static bool number_next(lv_animimg_t *anim, u32 *number) {
     const u32 past = anim->end + 1;
     *number = past ? anim->now % past : anim->now;
-    if (*number != 0)
+    if (*number != 0) {
         return true;
+    }
     anim->now = anim->start;
     if (!anim->repeat_open) {
         anim->repeat_count--;
@@ -51,8 +52,9 @@ static void animing_timer_cb(lv_timer_t *timer) {
     if (anim->repeat_count == 0) {
         lv_timer_pause(timer);
     } else if (number_next(anim, &number)) {
-        if (anim->path)
+        if (anim->path) {
             picture_show(anim, number);
+        }
         anim->now++;
     }
 }
@@ -83,8 +85,9 @@ const lv_obj_class_t lv_animimg_class = {
 
 lv_obj_t *lv_animimg_create(lv_obj_t *parent) {
     lv_obj_t *obj = lv_obj_class_create_obj(&lv_animimg_class, parent);
-    if (obj)
+    if (obj) {
         lv_obj_class_init_obj(obj);
+    }
     return obj;
 }
 
@@ -103,13 +106,16 @@ static char *path_copy(const char *folder) {
 }
 
 void lv_animimg_set_src(lv_obj_t *obj, const char *folder, u32) {
-    if (!obj)
+    if (!obj) {
         return;
+    }
     lv_animimg_t *anim = (lv_animimg_t *)obj;
-    if (!anim->path)
+    if (!anim->path) {
         anim->path = path_copy(folder);
-    if (!anim->path)
+    }
+    if (!anim->path) {
         return;
+    }
     char name[NAME_SIZE];
     lv_timer_resume(anim->timer);
     anim->start = anim->now;
@@ -119,39 +125,45 @@ void lv_animimg_set_src(lv_obj_t *obj, const char *folder, u32) {
 }
 
 void lv_animimg_set_duration(lv_obj_t *obj, u32 ms) {
-    if (!obj)
+    if (!obj) {
         return;
+    }
     lv_timer_set_period(((lv_animimg_t *)obj)->timer, ms);
     play((lv_animimg_t *)obj);
 }
 
 void lv_animimg_set_repeat_open(lv_obj_t *obj, u8 on) {
-    if (!obj)
+    if (!obj) {
         return;
+    }
     ((lv_animimg_t *)obj)->repeat_open = on;
     play((lv_animimg_t *)obj);
 }
 
 void lv_animimg_set_repeat_count(lv_obj_t *obj, u16 n) {
-    if (!obj)
+    if (!obj) {
         return;
+    }
     ((lv_animimg_t *)obj)->repeat_count = n;
     play((lv_animimg_t *)obj);
 }
 
 void lv_animimg_set_pause(lv_obj_t *obj) {
-    if (obj)
+    if (obj) {
         lv_timer_pause(((lv_animimg_t *)obj)->timer);
+    }
 }
 
 void lv_animimg_set_resume(lv_obj_t *obj) {
-    if (obj)
+    if (obj) {
         lv_timer_resume(((lv_animimg_t *)obj)->timer);
+    }
 }
 
 void lv_animimg_set_restart(lv_obj_t *obj) {
-    if (!obj)
+    if (!obj) {
         return;
+    }
     lv_animimg_t *anim = (lv_animimg_t *)obj;
     anim->repeat_count = REPEATS;
     anim->now = anim->start;

@@ -34,16 +34,18 @@ static void dot_draw(lv_sketchpad_t *pad, const lv_point_t *p) {
 static void stroke_on(lv_sketchpad_t *pad) {
     lv_indev_t *indev = lv_indev_get_act();
     lv_obj_t *obj = &pad->canvas.img.obj;
-    if (!indev || !pad->canvas.dsc.data)
+    if (!indev || !pad->canvas.dsc.data) {
         return;
+    }
     lv_point_t points[2] = {{last.x, last.y}, {}};
     lv_point_t *p = &points[1];
     lv_indev_get_point(indev, p);
     p->x -= obj->coords.x1;
     p->y -= obj->coords.y1;
     last = {p->x, p->y};
-    if (points[0].x == NO_POINT || points[0].y == NO_POINT)
+    if (points[0].x == NO_POINT || points[0].y == NO_POINT) {
         return;
+    }
     if (points[0].x == p->x && points[0].y == p->y) {
         dot_draw(pad, p);
     } else {
@@ -55,8 +57,9 @@ static void stroke_on(lv_sketchpad_t *pad) {
 // that strokes are seen in every theme.
 static void colour_follow(lv_obj_t *obj) {
     const lv_color_t text = lv_obj_get_style_text_color(obj, LV_PART_MAIN);
-    if (text.full != lv_obj_get_style_img_recolor(obj, LV_PART_MAIN).full)
+    if (text.full != lv_obj_get_style_img_recolor(obj, LV_PART_MAIN).full) {
         lv_obj_set_style_img_recolor(obj, text, LV_PART_MAIN);
+    }
 }
 
 // LVGL places picture and children within border and padding. But strokes have to be under the finger, and the toolbar
@@ -67,15 +70,18 @@ static void places_follow(lv_obj_t *obj) {
     const lv_coord_t top = border + lv_obj_get_style_pad_top(obj, LV_PART_MAIN);
     ((lv_img_t *)obj)->offset = {-left, -top}; // LVGL's setters divide by the size, which may still be 0
     lv_obj_t *toolbar = lv_obj_get_child(obj, 0);
-    if (!toolbar || !lv_obj_check_type(toolbar, &lv_sketchpad_toolbar_class)) // a child was moved behind it
+    if (!toolbar || !lv_obj_check_type(toolbar, &lv_sketchpad_toolbar_class)) { // a child was moved behind it
         return;
-    if (lv_obj_get_style_y(toolbar, LV_PART_MAIN) != -TOOLBAR_HEIGHT - top)
+    }
+    if (lv_obj_get_style_y(toolbar, LV_PART_MAIN) != -TOOLBAR_HEIGHT - top) {
         lv_obj_align(toolbar, LV_ALIGN_TOP_MID, 0, -TOOLBAR_HEIGHT - top);
+    }
 }
 
 static void lv_sketchpad_event(const lv_obj_class_t *, lv_event_t *e) {
-    if (lv_obj_event_base(&lv_sketchpad_class, e) != LV_RES_OK)
+    if (lv_obj_event_base(&lv_sketchpad_class, e) != LV_RES_OK) {
         return;
+    }
     switch (lv_event_get_code(e)) {
     case LV_EVENT_PRESSING:
         stroke_on((lv_sketchpad_t *)lv_event_get_target(e));
@@ -116,8 +122,9 @@ static void toolbar_set_event_cb(lv_event_t *e) {
 
 static void popup_make(lv_sketchpad_t *pad, lv_obj_t *label) {
     lv_obj_t *popup = lv_slider_create(&pad->canvas.img.obj);
-    if (!popup)
+    if (!popup) {
         return;
+    }
     lv_bar_set_value(popup, pad->line_rect_dsc.width, LV_ANIM_OFF);
     lv_obj_set_width(popup, SLIDER_LENGTH);
     lv_bar_set_range(popup, WIDTH_MIN, WIDTH_MAX);
@@ -138,14 +145,16 @@ static void drawing_toggle(lv_obj_t *pad, lv_obj_t *label) {
 
 static void opa_toggle(lv_sketchpad_t *pad, lv_obj_t *label) {
     const lv_opa_t opa = pad->line_rect_dsc.opa;
-    if (opa == OPA_FULL || opa == OPA_CLEAR)
+    if (opa == OPA_FULL || opa == OPA_CLEAR) {
         opa_set(pad, (lv_opa_t)(OPA_FULL + OPA_CLEAR - opa));
+    }
     lv_obj_set_style_text_opa(label, pad->line_rect_dsc.opa == OPA_FULL ? OPA_FULL : TEXT_OPA_CLEAR, LV_PART_MAIN);
 }
 
 static void sketchpad_toolbar_event_cb(lv_event_t *e) {
-    if (lv_event_get_code(e) != LV_EVENT_CLICKED)
+    if (lv_event_get_code(e) != LV_EVENT_CLICKED) {
         return;
+    }
     lv_obj_t *label = lv_event_get_target(e);
     lv_obj_t *obj = lv_obj_get_parent(lv_obj_get_parent(label));
     lv_sketchpad_t *pad = (lv_sketchpad_t *)obj;
@@ -154,8 +163,9 @@ static void sketchpad_toolbar_event_cb(lv_event_t *e) {
         drawing_toggle(obj, label);
         break;
     case TAG_WIDTH:
-        if (!pad->popup_open)
+        if (!pad->popup_open) {
             popup_make(pad, label);
+        }
         break;
     case TAG_OPA:
         opa_toggle(pad, label);
@@ -167,12 +177,14 @@ static void sketchpad_toolbar_event_cb(lv_event_t *e) {
 }
 
 static void lv_sketchpad_toolbar_event(const lv_obj_class_t *, lv_event_t *e) {
-    if (lv_obj_event_base(&lv_sketchpad_toolbar_class, e) != LV_RES_OK)
+    if (lv_obj_event_base(&lv_sketchpad_toolbar_class, e) != LV_RES_OK) {
         return;
+    }
     lv_obj_t *toolbar = lv_event_get_target(e);
     const bool hidden = !((lv_sketchpad_t *)lv_obj_get_parent(toolbar))->toolbar_en;
-    if (hidden == lv_obj_has_flag(toolbar, LV_OBJ_FLAG_HIDDEN))
+    if (hidden == lv_obj_has_flag(toolbar, LV_OBJ_FLAG_HIDDEN)) {
         return;
+    }
     if (hidden) {
         lv_obj_add_flag(toolbar, LV_OBJ_FLAG_HIDDEN);
     } else {
@@ -207,8 +219,9 @@ static void lv_sketchpad_toolbar_constructor(const lv_obj_class_t *, lv_obj_t *o
     toolbar_dress(obj);
     for (const auto &button : buttons) {
         lv_obj_t *label = lv_label_create(obj);
-        if (!label)
+        if (!label) {
             return;
+        }
         lv_label_set_text_static(label, button.text);
         lv_obj_add_flag(label, LV_OBJ_FLAG_CLICKABLE);
         lv_obj_add_event_cb(label, sketchpad_toolbar_event_cb, LV_EVENT_ALL, (void *)button.tag);
@@ -246,8 +259,9 @@ static void lv_sketchpad_constructor(const lv_obj_class_t *, lv_obj_t *obj) {
     lv_obj_set_style_img_recolor_opa(obj, LV_OPA_COVER, LV_PART_MAIN); // the colour is not looked at otherwise
     lv_obj_clear_flag(obj, LV_OBJ_FLAG_SCROLLABLE); // a stroke is no scroll, though the toolbar lies outside
     lv_obj_t *toolbar = lv_obj_class_create_obj(&lv_sketchpad_toolbar_class, obj);
-    if (toolbar)
+    if (toolbar) {
         lv_obj_class_init_obj(toolbar);
+    }
     places_follow(obj);
 }
 
@@ -265,22 +279,26 @@ const lv_obj_class_t lv_sketchpad_class = {
 
 lv_obj_t *lv_sketchpad_create(lv_obj_t *parent) {
     lv_obj_t *obj = lv_obj_class_create_obj(&lv_sketchpad_class, parent);
-    if (obj)
+    if (obj) {
         lv_obj_class_init_obj(obj);
+    }
     return obj;
 }
 
 void lv_sketchpad_set_width(lv_obj_t *obj, u8 width) {
-    if (obj)
+    if (obj) {
         width_set((lv_sketchpad_t *)obj, width);
+    }
 }
 
 void lv_sketchpad_clean_bg(lv_obj_t *obj) {
-    if (obj && ((lv_canvas_t *)obj)->dsc.data)
+    if (obj && ((lv_canvas_t *)obj)->dsc.data) {
         lv_canvas_fill_bg(obj, lv_color_white(), LV_OPA_TRANSP);
+    }
 }
 
 void lv_sketchpad_set_transp(lv_obj_t *obj, zof_bool on) {
-    if (obj)
+    if (obj) {
         opa_set((lv_sketchpad_t *)obj, on ? OPA_CLEAR : OPA_FULL);
+    }
 }

@@ -11,19 +11,20 @@ static void series_set(lv_obj_t *obj, const zof_animimg_attr_t *series) {
     anim->now = series->start_id;
     anim->end = series->end_id;
     anim->repeat_open = series->repeat_open;
-    lv_animimg_set_src(obj, zof_res_picture_path(series->img_dsc_t),
-                       (u32)series->end_id + 1 - series->start_id);
+    lv_animimg_set_src(obj, zof_res_picture_path(series->img_dsc_t), (u32)series->end_id + 1 - series->start_id);
     lv_animimg_set_duration(obj, series->frame_rate);
     lv_animimg_set_repeat_count(obj, series->repeat_count);
 }
 
 s32 zof_animimg_create(para_t *record, lv_obj_t *parent, void *attr) {
     auto *series = (zof_animimg_attr_t *)attr;
-    if (!record || !series)
+    if (!record || !series) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_animimg_create(parent);
-    if (!obj)
+    if (!obj) {
         return 0;
+    }
     const zof_pub_attr_t *pub = &series->pub_t;
     lv_obj_set_pos(obj, pub->pt.x, pub->pt.y);
     zof_ctrl_set_ext_click_area(obj, pub->click_area);
@@ -38,8 +39,9 @@ s32 zof_animimg_create(para_t *record, lv_obj_t *parent, void *attr) {
 
 static void mark_set(zof_ctrl_t *ctrl, u32 mark) {
     auto *series = zof_ctrl_attr<zof_animimg_attr_t>(ctrl, ZOF_CTRL_ANIMIMG);
-    if (series)
+    if (series) {
         series->play_mark = mark;
+    }
 }
 
 s32 zof_animimg_reset_play(zof_ctrl_t *ctrl) {
@@ -79,8 +81,9 @@ s32 zof_animimg_set_repeat_infinite(zof_ctrl_t *ctrl, zof_bool infinite) {
 s32 zof_animimg_get_state(zof_ctrl_t *ctrl) {
     const auto *series = zof_ctrl_attr<zof_animimg_attr_t>(ctrl, ZOF_CTRL_ANIMIMG);
     return zof_on(ctrl, &lv_animimg_class, [=](lv_obj_t *obj) {
-        if (!((lv_animimg_t *)obj)->timer->paused)
+        if (!((lv_animimg_t *)obj)->timer->paused) {
             return PLAYING;
+        }
         return series && series->play_mark == PAUSED ? PAUSED : STOPPED;
     });
 }

@@ -6,10 +6,12 @@
 
 // A narrow range needs a higher rate, or dragging the knob would be sluggish.
 static void change_rate_set(lv_obj_t *obj, s32 span) {
-    if (span >= 1 && span <= 9)
+    if (span >= 1 && span <= 9) {
         lv_arc_set_change_rate(obj, 6000);
-    if (span >= 10 && span <= 20)
+    }
+    if (span >= 10 && span <= 20) {
         lv_arc_set_change_rate(obj, 2000);
+    }
 }
 
 static void paths_free(zof_arc_attr_t *arc) {
@@ -21,11 +23,13 @@ static void paths_free(zof_arc_attr_t *arc) {
 
 s32 zof_arc_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_arc_attr_t *arc = (zof_arc_attr_t *)attr;
-    if (!record || !arc)
+    if (!record || !arc) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_arc_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &arc->pub_t);
     zof_arc_set_angles(record, (u16)arc->angle_t.start_angle, (u16)arc->angle_t.end_angle);
     lv_arc_set_mode(obj, (lv_arc_mode_t)arc->mode_e);
@@ -41,24 +45,28 @@ s32 zof_arc_create(para_t *record, lv_obj_t *parent, void *attr) {
     lv_obj_add_flag(obj, LV_OBJ_FLAG_ADV_HITTEST);
     change_rate_set(obj, arc->range_t.maxValue - arc->range_t.minValue);
     zof_ctrl_style_add(record, arc->pub_t.style_list, arc->pub_t.style_num, 0);
-    if (!arc->know_dis_en)
+    if (!arc->know_dis_en) {
         lv_obj_remove_style(obj, nullptr, LV_PART_KNOB); // no look at all: the knob is not drawn
+    }
     return 0;
 }
 
 s32 zof_arc_del(para_t *record) {
-    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_ARC)
+    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_ARC) {
         return -1;
+    }
     paths_free((zof_arc_attr_t *)record->attr);
     return 0;
 }
 
 s32 zof_arc_set_dis(zof_ctrl_t *ctrl, u32 part, const zof_line_disp_t *dis) {
-    if (!dis)
+    if (!dis) {
         return -1;
+    }
     return zof_on(ctrl, [=](lv_obj_t *obj) {
-        if (part > 1)
+        if (part > 1) {
             return;
+        }
         u32 selector = part == 0 ? LV_PART_MAIN : LV_PART_INDICATOR;
         lv_obj_set_style_arc_color(obj, zof_color_to_lv(dis->color), selector);
         lv_obj_set_style_arc_width(obj, zof_length_to_lv(dis->width), selector);

@@ -7,8 +7,9 @@
 // range has made of it in the meantime. So these end the slide.
 static void slide_end(lv_obj_t *obj) {
     _lv_bar_anim_t *slide = &((lv_bar_t *)obj)->cur_value_anim;
-    if (lv_anim_del(slide, nullptr))
+    if (lv_anim_del(slide, nullptr)) {
         slide->anim_state = -1; // LVGL's mark of a value at rest
+    }
 }
 
 static void event_turned(lv_event_t *e) {
@@ -16,8 +17,9 @@ static void event_turned(lv_event_t *e) {
 }
 
 static s32 bar_set_up(para_t *record, zof_pub_attr_t *pub, s32 min, s32 max, u32 anim_time) {
-    if (!record->obj)
+    if (!record->obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, pub);
     lv_bar_set_range(record->obj, min, max);
     lv_obj_set_style_anim_time(record->obj, anim_time, LV_PART_MAIN);
@@ -27,8 +29,9 @@ static s32 bar_set_up(para_t *record, zof_pub_attr_t *pub, s32 min, s32 max, u32
 
 s32 zof_bar_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_bar_attr_t *bar = (zof_bar_attr_t *)attr;
-    if (!record || !bar || bar->minValue == bar->maxValue)
+    if (!record || !bar || bar->minValue == bar->maxValue) {
         return -1;
+    }
     record->obj = lv_bar_create(parent);
     return bar_set_up(record, &bar->pub_t, bar->minValue, bar->maxValue, bar->anim_time);
 }
@@ -46,8 +49,9 @@ s32 zof_bar_set_value(zof_ctrl_t *ctrl, s16 value) {
 
 s32 zof_bar_set_range(zof_ctrl_t *ctrl, s16 min, s16 max) {
     return zof_on(ctrl, &lv_bar_class, [=](lv_obj_t *obj) {
-        if (lv_bar_get_min_value(obj) != min || lv_bar_get_max_value(obj) != max)
+        if (lv_bar_get_min_value(obj) != min || lv_bar_get_max_value(obj) != max) {
             slide_end(obj);
+        }
         lv_bar_set_range(obj, min, max);
     });
 }
@@ -58,12 +62,14 @@ s32 zof_bar_get_value(zof_ctrl_t *ctrl) {
 
 s32 zof_slider_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_slider_attr_t *slider = (zof_slider_attr_t *)attr;
-    if (!record || !slider)
+    if (!record || !slider) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_slider_create(parent);
-    if (obj) // before the program is told, which may ask for the value
+    if (obj) { // before the program is told, which may ask for the value
         lv_obj_add_event_cb(obj, event_turned, (lv_event_code_t)(LV_EVENT_VALUE_CHANGED | LV_EVENT_PREPROCESS),
                             nullptr);
+    }
     return bar_set_up(record, &slider->pub_t, slider->minValue, slider->maxValue, slider->anim_time);
 }
 

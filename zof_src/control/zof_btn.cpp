@@ -6,37 +6,43 @@
 
 s32 zof_btn_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_btn_attr_t *btn = (zof_btn_attr_t *)attr;
-    if (!record || !btn)
+    if (!record || !btn) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_btn_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_obj_press_unlock(obj);
     zof_ctrl_pub_attr(record, &btn->pub_t);
     zof_obj_layout(obj);
     zof_btn_set_mode(record, btn->mode);
     lv_obj_t *label = zof_txt_inner_create(obj, btn->txt);
     zof_ctrl_style_add(record, btn->pub_t.style_list, btn->pub_t.style_num, 0);
-    if (label)
+    if (label) {
         zof_obj_layout(label);
+    }
     return 0;
 }
 
 s32 zof_btn_set_txt(zof_ctrl_t *ctrl, const char *text) {
     return zof_on(zof_txt_inner_label(ctrl), [=](lv_obj_t *label) {
-        if (!zof_txt_show(label, text, lv_label_set_text))
+        if (!zof_txt_show(label, text, lv_label_set_text)) {
             return;
+        }
         zof_btn_attr_t *attr = zof_ctrl_attr<zof_btn_attr_t>(ctrl, ZOF_CTRL_BTN);
-        if (attr)
+        if (attr) {
             zof_txt_change(&attr->txt, text);
+        }
     });
 }
 
 s32 zof_btn_update_txt(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, [=](lv_obj_t *) {
         const zof_btn_attr_t *attr = zof_ctrl_attr<zof_btn_attr_t>(ctrl, ZOF_CTRL_BTN);
-        if (attr && zof_lang_check_str(attr->txt))
+        if (attr && zof_lang_check_str(attr->txt)) {
             zof_btn_set_txt(ctrl, attr->txt);
+        }
     });
 }
 
@@ -59,8 +65,9 @@ s32 zof_btn_get_state(zof_ctrl_t *ctrl) {
 s32 zof_btn_set_state(zof_ctrl_t *ctrl, u32 state) {
     return zof_on(ctrl, [=](lv_obj_t *obj) {
         for (lv_state_t old : {LV_STATE_CHECKED, LV_STATE_PRESSED, LV_STATE_DISABLED}) {
-            if (lv_obj_has_state(obj, old))
+            if (lv_obj_has_state(obj, old)) {
                 lv_obj_clear_state(obj, old);
+            }
         }
         lv_obj_add_state(obj, (lv_state_t)state);
     });

@@ -21,16 +21,18 @@ static bool is_break(const char *text) {
 // What is shown for a caption. One that is shown as nothing, or as a row break, would cut the buttons behind it off.
 static const char *caption_shown(const char *caption) {
     const char *shown = zof_lang_get_cur_str(caption);
-    if (!shown || !shown[0] || (is_break(shown) && shown != caption))
+    if (!shown || !shown[0] || (is_break(shown) && shown != caption)) {
         return caption && caption[0] ? " " : "";
+    }
     return shown;
 }
 
 s32 zof_btn_map_put(char **map, u32 slot, const char *caption) {
     const char *shown = caption_shown(caption);
     char *copy = (char *)zof_malloc(strlen(shown) + 1);
-    if (!copy)
+    if (!copy) {
         return -1;
+    }
     strcpy(copy, shown);
     zof_free(map[slot]);
     map[slot] = copy;
@@ -38,11 +40,13 @@ s32 zof_btn_map_put(char **map, u32 slot, const char *caption) {
 }
 
 char **zof_btn_map_create(const char *const *texts, u32 count) {
-    if (!texts)
+    if (!texts) {
         count = 0;
+    }
     char **map = (char **)zof_malloc((count + 2) * sizeof(char *)); // an end to show, and one to count
-    if (!map)
+    if (!map) {
         return nullptr;
+    }
     memset(map, 0, (count + 2) * sizeof(char *));
     for (u32 i = 0; i <= count; i++) {
         if (zof_btn_map_put(map, i, i < count ? texts[i] : nullptr) != 0) {
@@ -54,16 +58,18 @@ char **zof_btn_map_create(const char *const *texts, u32 count) {
 }
 
 void zof_btn_map_free(char ***map) {
-    for (char **at = *map; at && *at; at++)
+    for (char **at = *map; at && *at; at++) {
         zof_free(*at);
+    }
     zof_free(*map);
     *map = nullptr;
 }
 
 s32 zof_btn_map_slot(const char *const *map, u32 id) {
     for (s32 slot = 0; map && map[slot] && map[slot][0]; slot++) {
-        if (!is_break(map[slot]) && id-- == 0)
+        if (!is_break(map[slot]) && id-- == 0) {
             return slot;
+        }
     }
     return -1;
 }
@@ -82,15 +88,18 @@ static zof_btnmatrix_attr_t *matrix_attr(const zof_ctrl_t *ctrl) {
 
 s32 zof_btnmatrix_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_btnmatrix_attr_t *matrix = (zof_btnmatrix_attr_t *)attr;
-    if (!record || !matrix)
+    if (!record || !matrix) {
         return -1;
+    }
     zof_btn_map_free(&matrix->txt_map);
     matrix->txt_map = zof_btn_map_create(matrix->btnmatrix_txt, matrix->btnmatrix_num);
-    if (!matrix->txt_map)
+    if (!matrix->txt_map) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_btnmatrix_create(parent);
-    if (!obj)
+    if (!obj) {
         return 0;
+    }
     zof_ctrl_pub_attr(record, &matrix->pub_t);
     lv_btnmatrix_set_map(obj, (const char **)matrix->txt_map);
     zof_btn_map_press_fresh(obj);
@@ -100,10 +109,12 @@ s32 zof_btnmatrix_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_btnmatrix_del(para_t *record) {
-    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_BTNMATRIX)
+    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_BTNMATRIX) {
         return -1;
-    if (record->obj)
+    }
+    if (record->obj) {
         lv_btnmatrix_set_map(record->obj, zof_btn_map_empty);
+    }
     zof_btn_map_free(&((zof_btnmatrix_attr_t *)record->attr)->txt_map);
     return 0;
 }
@@ -165,8 +176,9 @@ s32 zof_btnmatrix_get_one_checked(zof_ctrl_t *ctrl) {
 
 const char *zof_btnmatrix_get_btn_text(zof_ctrl_t *ctrl, u32 id) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || !lv_obj_has_class(obj, &lv_btnmatrix_class))
+    if (!obj || !lv_obj_has_class(obj, &lv_btnmatrix_class)) {
         return nullptr;
+    }
     const char **map = lv_btnmatrix_get_map(obj);
     s32 slot = zof_btn_map_slot(map, id);
     return slot < 0 ? nullptr : map[slot];
@@ -174,14 +186,17 @@ const char *zof_btnmatrix_get_btn_text(zof_ctrl_t *ctrl, u32 id) {
 
 s32 zof_btnmatrix_set_btn_txt(zof_ctrl_t *ctrl, u32 id, const char *text) {
     zof_btnmatrix_attr_t *attr = matrix_attr(ctrl);
-    if (!attr || !text || is_break(text))
+    if (!attr || !text || is_break(text)) {
         return -1;
+    }
     s32 slot = zof_btn_map_slot(attr->txt_map, id);
-    if (slot < 0)
+    if (slot < 0) {
         return -1;
+    }
     zof_txt_change(&attr->btnmatrix_txt[slot], text[0] ? text : " "); // an empty one would end the map
-    if (zof_btn_map_put(attr->txt_map, (u32)slot, attr->btnmatrix_txt[slot]) != 0)
+    if (zof_btn_map_put(attr->txt_map, (u32)slot, attr->btnmatrix_txt[slot]) != 0) {
         return -1;
+    }
     lv_btnmatrix_set_map(zof_ctrl_obj(ctrl), (const char **)attr->txt_map);
     return 0;
 }

@@ -33,19 +33,22 @@ static void axes_set(lv_obj_t *obj, const zof_chart_attr_t *chart) {
 
 s32 zof_chart_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_chart_attr_t *chart = (zof_chart_attr_t *)attr;
-    if (!record || !chart)
+    if (!record || !chart) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_chart_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &chart->pub_t);
     u8 type = (u8)chart->dis_type_e;
     lv_chart_set_type(obj, type <= LV_CHART_TYPE_SCATTER ? type : (u8)LV_CHART_TYPE_NONE);
     lv_chart_set_update_mode(obj, chart->dis_mode_e ? LV_CHART_UPDATE_MODE_CIRCULAR : LV_CHART_UPDATE_MODE_SHIFT);
     axes_set(obj, chart);
     zof_line_set_dis(record, &chart->chart_line_style);
-    if (type == LV_CHART_TYPE_SCATTER)
+    if (type == LV_CHART_TYPE_SCATTER) {
         lv_obj_set_style_line_width(obj, 0, LV_PART_ITEMS);
+    }
     zof_ctrl_style_add(record, chart->pub_t.style_list, chart->pub_t.style_num, 0);
     lv_chart_refresh(obj);
     return 0;
@@ -53,8 +56,9 @@ s32 zof_chart_create(para_t *record, lv_obj_t *parent, void *attr) {
 
 lv_chart_series_t *zof_chart_add_series(zof_ctrl_t *ctrl, zof_color_t color, u32 axis) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || !lv_obj_has_class(obj, &lv_chart_class))
+    if (!obj || !lv_obj_has_class(obj, &lv_chart_class)) {
         return nullptr;
+    }
     return lv_chart_add_series(obj, zof_color_to_lv(color), (lv_chart_axis_t)axis);
 }
 
@@ -62,10 +66,12 @@ lv_chart_series_t *zof_chart_add_series(zof_ctrl_t *ctrl, zof_color_t color, u32
 template <typename F> static s32 on_series(zof_ctrl_t *ctrl, lv_chart_series_t *series, F &&fn) {
     return zof_on(ctrl, &lv_chart_class, [&](lv_obj_t *obj) {
         lv_chart_series_t *at = lv_chart_get_series_next(obj, nullptr);
-        while (at && at != series)
+        while (at && at != series) {
             at = lv_chart_get_series_next(obj, at);
-        if (!at)
+        }
+        if (!at) {
             return -1;
+        }
         fn(obj);
         return 0;
     });
@@ -79,8 +85,9 @@ s32 zof_chart_series_remove(zof_ctrl_t *ctrl, lv_chart_series_t *series) {
 }
 
 s32 zof_chart_set_points(zof_ctrl_t *ctrl, lv_chart_series_t *series, lv_coord_t *y) {
-    if (!y)
+    if (!y) {
         return -1;
+    }
     return on_series(ctrl, series, [=](lv_obj_t *obj) { lv_chart_set_ext_y_array(obj, series, y); });
 }
 
@@ -124,15 +131,18 @@ s32 zof_chart_set_range_auto(zof_ctrl_t *ctrl, lv_chart_series_t *series) {
         const lv_coord_t *y = lv_chart_get_y_array(obj, series);
         u32 count = lv_chart_get_point_count(obj);
         u32 first = 0;
-        while (first < count && y[first] == LV_CHART_POINT_NONE)
+        while (first < count && y[first] == LV_CHART_POINT_NONE) {
             first++;
-        if (first == count)
+        }
+        if (first == count) {
             return;
+        }
         s32 min = y[first];
         s32 max = y[first];
         for (u32 i = first + 1; i < count; i++) {
-            if (y[i] == LV_CHART_POINT_NONE || y[i] == INT16_MIN || y[i] == INT16_MAX)
+            if (y[i] == LV_CHART_POINT_NONE || y[i] == INT16_MIN || y[i] == INT16_MAX) {
                 continue;
+            }
             min = LV_MIN(min, y[i]);
             max = LV_MAX(max, y[i]);
         }

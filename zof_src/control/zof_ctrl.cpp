@@ -21,8 +21,9 @@ s32 zof_ctrl_list_search_compare(void *record, void *key) {
 
 db_list *zof_ctrl_list_init(void) {
     db_list *list = db_list_create();
-    if (list)
+    if (list) {
         list->compare = zof_ctrl_list_search_compare;
+    }
     return list;
 }
 
@@ -31,8 +32,9 @@ para_t *zof_ctrl_get_form_id(u32 view_id, u32 ctrl_id) {
 }
 
 void *zof_ctrl_get_attr_from_ctrl(zof_ctrl_t *ctrl) {
-    if (!zof_ctrl_obj(ctrl))
+    if (!zof_ctrl_obj(ctrl)) {
         return (void *)(intptr_t)-1;
+    }
     const para_t *record = zof_ctrl_record(ctrl);
     return record ? record->attr : nullptr;
 }
@@ -44,16 +46,19 @@ s32 zof_ctrl_get_id_form_ctrl(zof_ctrl_t *ctrl) {
 
 void zof_event_cb_t(lv_event_t *e) {
     para_t *record = e ? (para_t *)lv_event_get_user_data(e) : nullptr;
-    if (!record)
+    if (!record) {
         return;
+    }
     lv_event_code_t code = lv_event_get_code(e);
     if (record->attr) {
         u32 view_id = record->attr->view_id;
         u32 id = record->attr->id;
-        if (zof_all_event_cb)
+        if (zof_all_event_cb) {
             zof_all_event_cb(view_id, id, (u8)code);
-        if (zof_ctrl_up.ctrl_all_event)
+        }
+        if (zof_ctrl_up.ctrl_all_event) {
             zof_ctrl_up.ctrl_all_event(view_id, id, code);
+        }
     }
     if (e->deleted) { // by the hook
         return;
@@ -75,10 +80,12 @@ void zof_ctrl_set_event_all(zof_all_event_fn fn) {
 // Whether sliding on may be the start of something that an object further out waits for.
 static bool slide_is_wanted(const lv_obj_t *obj) {
     for (; obj; obj = lv_obj_get_parent(obj)) {
-        if (lv_obj_has_flag(obj, LV_OBJ_FLAG_SCROLLABLE) && lv_obj_get_scroll_dir(obj) != LV_DIR_NONE)
+        if (lv_obj_has_flag(obj, LV_OBJ_FLAG_SCROLLABLE) && lv_obj_get_scroll_dir(obj) != LV_DIR_NONE) {
             return true;
-        if (lv_obj_get_parent(obj) && !lv_obj_has_flag(obj, LV_OBJ_FLAG_GESTURE_BUBBLE))
+        }
+        if (lv_obj_get_parent(obj) && !lv_obj_has_flag(obj, LV_OBJ_FLAG_GESTURE_BUBBLE)) {
             return true;
+        }
     }
     return false;
 }
@@ -87,10 +94,12 @@ static bool slide_is_wanted(const lv_obj_t *obj) {
 // its neighbour, so the press ends here, unless it can still become a scroll or a gesture.
 static void press_lost(lv_event_t *e) {
     lv_indev_t *indev = lv_indev_get_act();
-    if (!indev || indev->proc.state != LV_INDEV_STATE_PRESSED || indev->proc.wait_until_release)
+    if (!indev || indev->proc.state != LV_INDEV_STATE_PRESSED || indev->proc.wait_until_release) {
         return;
-    if (slide_is_wanted(lv_event_get_target(e)))
+    }
+    if (slide_is_wanted(lv_event_get_target(e))) {
         return;
+    }
     indev->proc.reset_query = 1; // lv_indev_reset would also forget which control has the focus, and it would keep it
     lv_indev_wait_release(indev);
 }

@@ -67,8 +67,9 @@ void zof_obj_layout(lv_obj_t *obj) {
 }
 
 s32 zof_ctrl_pub_attr(zof_ctrl_t *ctrl, zof_pub_attr_t *attr) {
-    if (!zof_ctrl_obj(ctrl) || !attr)
+    if (!zof_ctrl_obj(ctrl) || !attr) {
         return -1;
+    }
     lv_obj_enable_style_refresh(!walks); // the object exists by now; creating one switches it on
     zof_ctrl_set_pos(ctrl, attr->pt.x, attr->pt.y);
     zof_ctrl_set_size(ctrl, attr->size.width, attr->size.height);
@@ -82,11 +83,13 @@ s32 zof_ctrl_pub_attr(zof_ctrl_t *ctrl, zof_pub_attr_t *attr) {
 
 s32 zof_obj_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_pub_attr_t *pub = (zof_pub_attr_t *)attr;
-    if (!record || !pub)
+    if (!record || !pub) {
         return -1;
+    }
     record->obj = lv_obj_create(parent);
-    if (!record->obj)
+    if (!record->obj) {
         return -1;
+    }
     zof_obj_press_unlock(record->obj);
     zof_ctrl_pub_attr(record, pub);
     zof_ctrl_style_add(record, pub->style_list, pub->style_num, 0);
@@ -94,14 +97,16 @@ s32 zof_obj_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_ctrl_create(lv_obj_t *parent_obj, para_t *record, void *attr, u32 ctrl_type) {
-    if (!record || !attr || ctrl_type >= ZOF_CTRL_TYPE_COUNT)
+    if (!record || !attr || ctrl_type >= ZOF_CTRL_TYPE_COUNT) {
         return -1;
+    }
     return zof_ctrl_classes[ctrl_type].create(record, parent_obj, attr);
 }
 
 static para_t *created_record(zof_view_node_t *view, s32 id) {
-    if (id < 1)
+    if (id < 1) {
         return nullptr;
+    }
     para_t *record = (para_t *)__db_list_search_node(view->ctrl_list, &id);
     return record && record->is_created && record->obj ? record : nullptr;
 }
@@ -109,8 +114,9 @@ static para_t *created_record(zof_view_node_t *view, s32 id) {
 // An object that goes with its parent's leaves a record that must not point at it.
 static void event_deleted(lv_event_t *e) {
     para_t *record = (para_t *)lv_event_get_user_data(e);
-    if (record->obj != lv_event_get_target(e))
+    if (record->obj != lv_event_get_target(e)) {
         return;
+    }
     record->obj = nullptr;
     record->parent = nullptr;
     record->is_created = 0;
@@ -119,10 +125,12 @@ static void event_deleted(lv_event_t *e) {
 static void events_add(para_t *record) {
     static const u8 passed_on[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 28, 46, 47, 48};
     lv_obj_add_event_cb(record->obj, event_deleted, LV_EVENT_DELETE, record);
-    if (!record->attr->zof_ctrl_event)
+    if (!record->attr->zof_ctrl_event) {
         return;
-    for (u8 code : passed_on)
+    }
+    for (u8 code : passed_on) {
         lv_obj_add_event_cb(record->obj, zof_event_cb_t, (lv_event_code_t)code, record);
+    }
 }
 
 // Controls compute with their attributes, so these are bounded before they do.
@@ -196,8 +204,9 @@ s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record) {
 
 static zof_ctrl_event_fn event_fn_find(const zof_view_node_t *view, u32 ctrl_id) {
     for (u32 i = 0; i < view->ctrl_fun_cnt; i++) {
-        if (view->ctrl_fun[i].ctrl_id == ctrl_id)
+        if (view->ctrl_fun[i].ctrl_id == ctrl_id) {
             return view->ctrl_fun[i].zof_ctrl_event;
+        }
     }
     return nullptr;
 }
@@ -210,23 +219,26 @@ static para_t *record_new(zof_view_node_t *view, u32 id) {
     }
     memset(record, 0, sizeof(*record));
     record->id = (u16)id;
-    if (__db_list_put_tail(view->ctrl_list, record) == 0)
+    if (__db_list_put_tail(view->ctrl_list, record) == 0) {
         return record;
+    }
     zof_free(record);
     return nullptr;
 }
 
 static bool lies_within(const lv_obj_t *obj, const lv_obj_t *tree) {
-    while (obj && obj != tree)
+    while (obj && obj != tree) {
         obj = lv_obj_get_parent(obj);
+    }
     return obj != nullptr;
 }
 
 // Restores the drawing order of the file, and takes a control back that was parked on the view when its parent went.
 static void restack(zof_view_node_t *view, para_t *record) {
     para_t *parent = nullptr;
-    if (record->parent == view)
+    if (record->parent == view) {
         parent = created_record(view, record->attr->parent_id);
+    }
     if (parent && lies_within(parent->obj, record->obj)) {
         zof_printf("control %u: its parent %u lies within it", record->id, parent->id);
         parent = nullptr;

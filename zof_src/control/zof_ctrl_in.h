@@ -43,8 +43,9 @@ template <typename T> T *zof_ctrl_attr(const zof_ctrl_t *ctrl, zof_ctrl_type_e t
 
 // Adds or clears an LVGL flag, only when it differs: each change costs a redraw.
 static inline void zof_obj_flag_set(lv_obj_t *obj, lv_obj_flag_t flag, bool on) {
-    if (lv_obj_has_flag(obj, flag) == on)
+    if (lv_obj_has_flag(obj, flag) == on) {
         return;
+    }
     if (on) {
         lv_obj_add_flag(obj, flag);
     } else {

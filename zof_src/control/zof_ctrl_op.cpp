@@ -36,16 +36,18 @@ s32 zof_ctrl_get_height(zof_ctrl_t *ctrl) {
 
 // An open drop list lies on the screen, not within its control, so it would stay when that is hidden.
 static lv_obj_tree_walk_res_t list_close(lv_obj_t *obj, void *) {
-    if (lv_obj_has_class(obj, &lv_dropdown_class) && lv_dropdown_is_open(obj))
+    if (lv_obj_has_class(obj, &lv_dropdown_class) && lv_dropdown_is_open(obj)) {
         lv_dropdown_close(obj);
+    }
     return LV_OBJ_TREE_WALK_NEXT;
 }
 
 s32 zof_ctrl_set_hidden(zof_ctrl_t *ctrl, zof_bool hidden) {
     return zof_on(ctrl, [=](lv_obj_t *obj) {
         zof_obj_flag_set(obj, LV_OBJ_FLAG_HIDDEN, hidden);
-        if (hidden)
+        if (hidden) {
             lv_obj_tree_walk(obj, list_close, nullptr);
+        }
     });
 }
 
@@ -58,8 +60,9 @@ s32 zof_ctrl_set_alpha(zof_ctrl_t *ctrl, u8 alpha) {
 }
 
 s32 zof_ctrl_set_touch(zof_ctrl_t *ctrl, u32 touch) {
-    if (touch > 1)
+    if (touch > 1) {
         return -1;
+    }
     return zof_on(ctrl, [=](lv_obj_t *obj) { zof_obj_flag_set(obj, LV_OBJ_FLAG_CLICKABLE, touch); });
 }
 
@@ -69,8 +72,9 @@ s32 zof_ctrl_set_ext_click_area(zof_ctrl_t *ctrl, s32 pixels) {
 
 s32 zof_ctrl_set_align(zof_ctrl_t *ctrl, zof_ctrl_t *base, u32 align, s32 x, s32 y) {
     lv_obj_t *to = zof_ctrl_obj(base);
-    if (!to)
+    if (!to) {
         return -1;
+    }
     return zof_on(ctrl, [=](lv_obj_t *obj) {
         if (!lv_obj_get_parent(obj)) { // a view's own object
             return -1;
@@ -83,8 +87,9 @@ s32 zof_ctrl_set_align(zof_ctrl_t *ctrl, zof_ctrl_t *base, u32 align, s32 x, s32
 // A view's own object has no parent in which it could move.
 static s32 move_to(zof_ctrl_t *ctrl, s32 index) {
     return zof_on(ctrl, [=](lv_obj_t *obj) {
-        if (!lv_obj_get_parent(obj))
+        if (!lv_obj_get_parent(obj)) {
             return -1;
+        }
         lv_obj_move_to_index(obj, index);
         lv_obj_update_layout(obj);
         return 0;
@@ -100,8 +105,9 @@ s32 zof_ctrl_move_background(zof_ctrl_t *ctrl) {
 }
 
 s32 zof_ctrl_set_scrollbar(zof_ctrl_t *ctrl, const zof_scrollbar_t *sb) {
-    if (!sb)
+    if (!sb) {
         return -1;
+    }
     return zof_on(ctrl, [=](lv_obj_t *obj) {
         lv_obj_set_scrollbar_mode(obj, (lv_scrollbar_mode_t)sb->mode_e);
         lv_obj_set_scroll_dir(obj, (lv_dir_t)sb->dir_e);
@@ -123,8 +129,9 @@ zof_ctrl_t *zof_ctrl_get_child(zof_ctrl_t *ctrl, s32 index) {
 }
 
 s32 zof_ctrl_get_coords(zof_ctrl_t *ctrl, lv_area_t *area) {
-    if (!area)
+    if (!area) {
         return -1;
+    }
     return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_get_coords(obj, area); });
 }
 
@@ -146,8 +153,9 @@ static lv_anim_enable_t anim(u32 animate) {
 
 s32 zof_ctrl_scroll_view(zof_ctrl_t *ctrl, u32 animate) {
     return zof_on(ctrl, [=](lv_obj_t *obj) {
-        if (lv_obj_get_parent(obj))
+        if (lv_obj_get_parent(obj)) {
             lv_obj_scroll_to_view(obj, anim(animate));
+        }
     });
 }
 
@@ -184,8 +192,9 @@ s32 zof_ctrl_force_refresh(zof_ctrl_t *ctrl) {
 
 // A quarter turn is drawn one degree further than asked. Projects are drawn with that in mind, so it stays.
 static s32 angle_tenths(u16 angle) {
-    if (angle % 360 == 0)
+    if (angle % 360 == 0) {
         return 0;
+    }
     u16 degrees = angle % 180 == 90 ? (u16)(angle + 1) : angle;
     return degrees * 10;
 }
@@ -245,14 +254,16 @@ s32 zof_ctrl_set_gesture_bubble(zof_ctrl_t *ctrl, zof_bool bubble) {
 
 s32 zof_ctrl_gesture_check(zof_ctrl_t *ctrl) {
     const lv_indev_t *indev = lv_indev_get_act();
-    if (!ctrl)
+    if (!ctrl) {
         return -1;
+    }
     return indev ? lv_indev_get_gesture_dir(indev) : 0;
 }
 
 s32 zof_square_root(u32 x, lv_sqrt_res_t *result) {
-    if (!result)
+    if (!result) {
         return -1;
+    }
     lv_sqrt(x, result, 0x8000);
     return 0;
 }

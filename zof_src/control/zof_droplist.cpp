@@ -12,12 +12,14 @@ static zof_droplist_attr_t *drop_attr(const zof_ctrl_t *ctrl) {
 // not, as a change of style reads it again.
 static s32 options_show(lv_obj_t *obj, const char *options) {
     lv_obj_t *list = lv_dropdown_get_list(obj);
-    if (!options || !list)
+    if (!options || !list) {
         return -1;
+    }
     lv_dropdown_set_options(obj, options);
     lv_label_set_text_static(lv_obj_get_child(list, 0), lv_dropdown_get_options(obj));
-    if (lv_dropdown_is_open(obj))
+    if (lv_dropdown_is_open(obj)) {
         lv_dropdown_open(obj); // its size follows the options
+    }
     return 0;
 }
 
@@ -29,19 +31,22 @@ static lv_dir_t dir_of(const zof_droplist_attr_t *drop) {
     case LV_DIR_BOTTOM:
         return (lv_dir_t)drop->dir_t;
     default:
-        if (drop->dir_t)
+        if (drop->dir_t) {
             zof_printf("drop list %u: no direction %u, it opens downwards", drop->pub_t.id, drop->dir_t);
+        }
         return LV_DIR_BOTTOM;
     }
 }
 
 s32 zof_droplist_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_droplist_attr_t *drop = (zof_droplist_attr_t *)attr;
-    if (!record || !drop)
+    if (!record || !drop) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_dropdown_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &drop->pub_t);
     options_show(obj, zof_listtxt_start(&drop->opt_list, &drop->options));
     lv_dropdown_set_dir(obj, dir_of(drop));
@@ -56,8 +61,9 @@ s32 zof_droplist_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_droplist_del(para_t *record) {
-    if (!record || !record->attr || record->attr->ctrl_type != ZOF_CTRL_DROPLIST)
+    if (!record || !record->attr || record->attr->ctrl_type != ZOF_CTRL_DROPLIST) {
         return -1;
+    }
     zof_listtxt_destroy(&((zof_droplist_attr_t *)record->attr)->opt_list);
     return 0;
 }
@@ -93,8 +99,9 @@ s32 zof_droplist_set_options(zof_ctrl_t *ctrl, const char *const *texts, u32 cou
 s32 zof_droplist_set_selected(zof_ctrl_t *ctrl, u32 index) {
     return zof_on(ctrl, &lv_dropdown_class, [=](lv_obj_t *obj) {
         lv_dropdown_set_selected(obj, (u16)LV_MIN(index, UINT16_MAX));
-        if (lv_dropdown_is_open(obj))
+        if (lv_dropdown_is_open(obj)) {
             lv_dropdown_open(obj); // it scrolls to the selected one
+        }
     });
 }
 
@@ -103,8 +110,9 @@ s32 zof_droplist_get_selected(zof_ctrl_t *ctrl) {
 }
 
 s32 zof_droplist_get_selected_str(zof_ctrl_t *ctrl, char *buffer, u32 size) {
-    if (!buffer || !size)
+    if (!buffer || !size) {
         return -1;
+    }
     return zof_on(ctrl, &lv_dropdown_class, [=](lv_obj_t *obj) { lv_dropdown_get_selected_str(obj, buffer, size); });
 }
 
@@ -118,8 +126,9 @@ s32 zof_droplist_close(zof_ctrl_t *ctrl) {
 
 s32 zof_droplist_update_txt(zof_ctrl_t *ctrl) {
     s32 selected = zof_droplist_get_selected(ctrl);
-    if (selected < 0)
+    if (selected < 0) {
         return -1;
+    }
     options_change(ctrl, zof_listtxt_list2str);
     return zof_droplist_set_selected(ctrl, (u32)selected);
 }

@@ -9,8 +9,9 @@
 template <typename F> static s32 on_gif(zof_ctrl_t *ctrl, F &&fn) {
     return zof_on(ctrl, &lv_gif_class, [&](lv_obj_t *obj) {
         lv_gif_t *gif = (lv_gif_t *)obj;
-        if (gif->gif)
+        if (gif->gif) {
             fn(gif);
+        }
         return 0;
     });
 }
@@ -43,17 +44,20 @@ static void src_set(lv_obj_t *obj, const char *name) {
         return;
     }
     zof_gif_attr_t *attr = zof_ctrl_attr<zof_gif_attr_t>(obj, ZOF_CTRL_GIF);
-    if (attr)
+    if (attr) {
         attr->plays = gif->gif->loop_count;
+    }
 }
 
 s32 zof_gif_create(para_t *record, lv_obj_t *parent, void *attr) {
     auto *own = (zof_gif_attr_t *)attr;
-    if (!record || !own)
+    if (!record || !own) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_gif_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     lv_obj_add_event_cb(obj, event_played_out, LV_EVENT_READY, nullptr);
     src_set(obj, own->init_gif);
     lv_obj_set_pos(obj, own->pub_t.pt.x, own->pub_t.pt.y);
@@ -62,16 +66,18 @@ s32 zof_gif_create(para_t *record, lv_obj_t *parent, void *attr) {
     return on_gif(obj, [&](lv_gif_t *gif) {
         own->plays = own->num ? own->num : gif->gif->loop_count;
         plays_set(gif, own->plays);
-        if (!own->play_en)
+        if (!own->play_en) {
             lv_timer_pause(gif->timer);
+        }
     });
 }
 
 s32 zof_gif_reset_play(zof_ctrl_t *ctrl) {
     const auto *attr = zof_ctrl_attr<zof_gif_attr_t>(ctrl, ZOF_CTRL_GIF);
     return on_gif(ctrl, [=](lv_gif_t *gif) {
-        if (attr)
+        if (attr) {
             plays_set(gif, attr->plays);
+        }
         rewind_and_play(gif);
     });
 }
@@ -87,8 +93,9 @@ s32 zof_gif_resume(zof_ctrl_t *ctrl) {
 s32 zof_gif_play_count(zof_ctrl_t *ctrl, u16 n) {
     auto *attr = zof_ctrl_attr<zof_gif_attr_t>(ctrl, ZOF_CTRL_GIF);
     return on_gif(ctrl, [=](lv_gif_t *gif) {
-        if (attr)
+        if (attr) {
             attr->plays = n;
+        }
         plays_set(gif, n);
         rewind_and_play(gif);
     });

@@ -9,29 +9,34 @@
 enum { IMG_NATURAL, IMG_CENTRED, IMG_TILED };
 
 static void shown_set(lv_obj_t *obj, const zof_img_attr_t *img) {
-    if (img->img_mode_e > IMG_TILED)
+    if (img->img_mode_e > IMG_TILED) {
         return;
+    }
     if (img->img_mode_e == IMG_NATURAL) {
         lv_obj_set_size(obj, LV_SIZE_CONTENT, LV_SIZE_CONTENT);
     } else {
         lv_obj_set_size(obj, img->pub_t.size.width, img->pub_t.size.height);
     }
-    if (img->img_mode_e != IMG_CENTRED)
+    if (img->img_mode_e != IMG_CENTRED) {
         kvy_img_set_flatten(obj, 1);
+    }
     zof_img_set_src(obj, img->init_img);
-    if (img->img_mode_e != IMG_CENTRED)
+    if (img->img_mode_e != IMG_CENTRED) {
         return;
+    }
     zof_obj_layout(obj);
     KVY_img_set_center(obj);
 }
 
 s32 zof_img_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_img_attr_t *img = (zof_img_attr_t *)attr;
-    if (!record || !img)
+    if (!record || !img) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_img_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_obj_press_unlock(obj);
     zof_ctrl_pub_attr(record, &img->pub_t);
     shown_set(obj, img);
@@ -49,11 +54,13 @@ void zof_img_missing(const char *path) {
     } told;
     const char *text = path ? path : "a picture without a name";
     u32 hash = 2166136261u; // FNV-1a
-    for (const char *c = text; *c; c++)
+    for (const char *c = text; *c; c++) {
         hash = (hash ^ (u8)*c) * 16777619u;
+    }
     for (u32 known : told.hash) {
-        if (known == hash)
+        if (known == hash) {
             return;
+        }
     }
     told.hash[told.count++ % TOLD_MAX] = hash;
     zof_printf("%s: cannot be read", text);
@@ -78,16 +85,18 @@ s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name) {
 
 const char *zof_img_get_src(zof_ctrl_t *ctrl) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || !lv_obj_has_class(obj, &lv_img_class) || ((lv_img_t *)obj)->src_type != LV_IMG_SRC_FILE)
+    if (!obj || !lv_obj_has_class(obj, &lv_img_class) || ((lv_img_t *)obj)->src_type != LV_IMG_SRC_FILE) {
         return nullptr; // a GIF's source is no text
+    }
     return zof_res_get_file_name("image/", (const char *)lv_img_get_src(obj));
 }
 
 s32 zof_img_update_src(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) {
         const zof_img_attr_t *img = zof_ctrl_attr<zof_img_attr_t>(ctrl, ZOF_CTRL_IMG);
-        if (img && zof_lang_check_str(img->init_img))
+        if (img && zof_lang_check_str(img->init_img)) {
             shown_set(obj, img);
+        }
     });
 }
 

@@ -44,8 +44,9 @@ static zof_imgbtn_attr_t *imgbtn_attr(const zof_ctrl_t *ctrl) {
 // Pictures of different states may differ in size, so the place is found again at each change of state.
 static void zof_imgbtn_pos_event(lv_event_t *e) {
     lv_event_code_t code = lv_event_get_code(e);
-    if (code != LV_EVENT_PRESSED && code != LV_EVENT_PRESS_LOST && code != LV_EVENT_RELEASED)
+    if (code != LV_EVENT_PRESSED && code != LV_EVENT_PRESS_LOST && code != LV_EVENT_RELEASED) {
         return;
+    }
     zof_imgbtn_pos_reset(lv_event_get_target(e), (zof_imgbtn_attr_t *)lv_event_get_user_data(e));
 }
 
@@ -59,8 +60,9 @@ static void zof_imgbtn_del_event(lv_event_t *e) {
 
 static void label_add(lv_obj_t *obj, const zof_imgbtn_attr_t *btn) {
     lv_obj_t *label = zof_txt_inner_create(obj, btn->txt);
-    if (!label)
+    if (!label) {
         return;
+    }
     for (u32 state : {LV_STATE_DEFAULT, LV_STATE_PRESSED, LV_STATE_CHECKED, LV_STATE_DISABLED}) {
         lv_obj_set_style_bg_opa(label, LV_OPA_TRANSP, state);
     }
@@ -68,17 +70,20 @@ static void label_add(lv_obj_t *obj, const zof_imgbtn_attr_t *btn) {
 
 s32 zof_imgbtn_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_imgbtn_attr_t *btn = (zof_imgbtn_attr_t *)attr;
-    if (!record || !btn)
+    if (!record || !btn) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_imgbtn_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     lv_obj_add_event_cb(obj, zof_imgbtn_del_event, LV_EVENT_DELETE, record);
     zof_obj_press_unlock(obj);
     zof_ctrl_pub_attr(record, &btn->pub_t);
     lv_obj_set_size(obj, LV_SIZE_CONTENT, LV_SIZE_CONTENT);
-    for (const auto &image : images)
+    for (const auto &image : images) {
         image_set(obj, image.state, btn->*image.name);
+    }
     zof_btn_set_mode(record, btn->mode);
     if (btn->pos_mode_e == 1) {
         zof_imgbtn_pos_reset(obj, btn);
@@ -88,24 +93,28 @@ s32 zof_imgbtn_create(para_t *record, lv_obj_t *parent, void *attr) {
     label_add(obj, btn);
     zof_ctrl_style_add(record, btn->pub_t.style_list, btn->pub_t.style_num, 0);
     lv_obj_t *label = zof_txt_inner_label(record);
-    if (label)
+    if (label) {
         zof_obj_layout(label);
+    }
     return 0;
 }
 
 s32 zof_imgbtn_set_txt(zof_ctrl_t *ctrl, const char *text) {
     return zof_on(zof_txt_inner_label(ctrl), [=](lv_obj_t *label) {
-        if (!zof_txt_show(label, text, lv_label_set_text))
+        if (!zof_txt_show(label, text, lv_label_set_text)) {
             return;
+        }
         zof_imgbtn_attr_t *attr = imgbtn_attr(ctrl);
-        if (attr)
+        if (attr) {
             zof_txt_change(&attr->txt, text);
+        }
     });
 }
 
 s32 zof_imgbtn_set_txt_color(zof_ctrl_t *ctrl, zof_color_t color, u32 state) {
-    if (state >= _LV_IMGBTN_STATE_NUM)
+    if (state >= _LV_IMGBTN_STATE_NUM) {
         return -1;
+    }
     return zof_btn_set_txt_color(ctrl, color, state_selectors[state]);
 }
 
@@ -114,48 +123,57 @@ s32 zof_imgbtn_set_txt_size(zof_ctrl_t *ctrl, u32 size) {
 }
 
 s32 zof_imgbtn_set_mode(zof_ctrl_t *ctrl, u32 state) {
-    if (state >= _LV_IMGBTN_STATE_NUM)
+    if (state >= _LV_IMGBTN_STATE_NUM) {
         return -1;
+    }
     return zof_on(ctrl, &lv_imgbtn_class, [=](lv_obj_t *obj) { lv_imgbtn_set_state(obj, (lv_imgbtn_state_t)state); });
 }
 
 s32 zof_imgbtn_get_state(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, &lv_imgbtn_class, [](lv_obj_t *obj) {
         lv_state_t now = lv_obj_get_state(obj) & (LV_STATE_PRESSED | LV_STATE_DISABLED | LV_STATE_CHECKED);
-        if (now & LV_STATE_DISABLED)
+        if (now & LV_STATE_DISABLED) {
             now &= ~LV_STATE_PRESSED;
+        }
         s32 state = 0;
-        while (state_selectors[state] != now)
+        while (state_selectors[state] != now) {
             state++;
+        }
         return state;
     });
 }
 
 s32 zof_imgbtn_set_image(zof_ctrl_t *ctrl, u32 state, const char *name) {
-    if (state >= _LV_IMGBTN_STATE_NUM)
+    if (state >= _LV_IMGBTN_STATE_NUM) {
         return -1;
+    }
     return zof_on(ctrl, &lv_imgbtn_class, [=](lv_obj_t *obj) { image_set(obj, (lv_imgbtn_state_t)state, name); });
 }
 
 s32 zof_imgbtn_update_txt(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, &lv_imgbtn_class, [=](lv_obj_t *obj) {
         zof_imgbtn_attr_t *btn = imgbtn_attr(ctrl);
-        if (!btn)
+        if (!btn) {
             return;
-        if (zof_lang_check_str(btn->txt))
-            zof_imgbtn_set_txt(ctrl, btn->txt);
-        for (const auto &image : images) {
-            if (zof_lang_check_str(btn->*image.name))
-                image_set(obj, image.state, btn->*image.name);
         }
-        if (btn->pos_mode_e == 1)
+        if (zof_lang_check_str(btn->txt)) {
+            zof_imgbtn_set_txt(ctrl, btn->txt);
+        }
+        for (const auto &image : images) {
+            if (zof_lang_check_str(btn->*image.name)) {
+                image_set(obj, image.state, btn->*image.name);
+            }
+        }
+        if (btn->pos_mode_e == 1) {
             zof_imgbtn_pos_reset(obj, btn);
+        }
     });
 }
 
 s32 zof_imgbtn_pos_reset(lv_obj_t *object, zof_imgbtn_attr_t *attr) {
-    if (!object || !attr)
+    if (!object || !attr) {
         return -1;
+    }
     zof_obj_layout(object);
     s32 x = (s32)((u32)attr->pub_t.size.width >> 1) + attr->pub_t.pt.x - lv_obj_get_width(object) / 2;
     s32 y = (s32)((u32)attr->pub_t.size.height >> 1) + attr->pub_t.pt.y - lv_obj_get_height(object) / 2;

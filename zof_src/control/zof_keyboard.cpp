@@ -18,8 +18,9 @@ static zof_keyboard_attr_t *keyboard_attr(const zof_ctrl_t *ctrl) {
 // Forgets what was typed and hides the candidates.
 static void pinyin_reset(const lv_obj_t *keyboard) {
     const zof_keyboard_attr_t *attr = keyboard_attr((const zof_ctrl_t *)keyboard);
-    if (!attr || !attr->pinyin)
+    if (!attr || !attr->pinyin) {
         return;
+    }
     lv_ime_pinyin_t *pinyin = (lv_ime_pinyin_t *)attr->pinyin;
     memset(pinyin->input_char, 0, sizeof(pinyin->input_char));
     pinyin->ta_count = 0;
@@ -34,8 +35,9 @@ static void event_txtbox_deleted(lv_event_t *e) {
 
 static void txtbox_unbind(lv_obj_t *keyboard) {
     lv_obj_t *former = lv_keyboard_get_textarea(keyboard);
-    if (former)
+    if (former) {
         lv_obj_remove_event_cb_with_user_data(former, event_txtbox_deleted, keyboard);
+    }
     lv_keyboard_set_textarea(keyboard, nullptr);
     pinyin_reset(keyboard);
 }
@@ -60,14 +62,16 @@ static lv_obj_t *candidates_of(const lv_event_t *e) {
 
 static void event_keyboard_changed(lv_event_t *e) {
     lv_obj_t *panel = candidates_of(e);
-    if (panel)
+    if (panel) {
         candidates_place(lv_event_get_target(e), panel);
+    }
 }
 
 static void event_keyboard_extent(lv_event_t *e) {
     lv_obj_t *panel = candidates_of(e);
-    if (panel)
+    if (panel) {
         lv_event_set_ext_draw_size(e, lv_obj_get_style_height(panel, LV_PART_MAIN));
+    }
 }
 
 static void event_pinyin_deleted(lv_event_t *e) {
@@ -78,8 +82,9 @@ static void event_pinyin_deleted(lv_event_t *e) {
 
 static void event_pinyin_keyboard_deleted(lv_event_t *e) {
     zof_keyboard_attr_t *attr = (zof_keyboard_attr_t *)lv_event_get_user_data(e);
-    if (attr->pinyin)
+    if (attr->pinyin) {
         lv_obj_del(attr->pinyin);
+    }
 }
 
 // As a child the panel goes, hides, moves and fades with its keyboard, though it lies outside of it.
@@ -96,8 +101,9 @@ static void candidates_adopt(lv_obj_t *keyboard, lv_obj_t *panel, u32 font_size)
 static void pinyin_create(lv_obj_t *keyboard, lv_obj_t *parent, zof_keyboard_attr_t *attr) {
     const u32 font_size = LV_MIN(attr->cn_font_size, (u32)CANDIDATE_FONT_MAX);
     lv_obj_t *pinyin = attr->pinyin = lv_ime_pinyin_create(parent);
-    if (!pinyin)
+    if (!pinyin) {
         return;
+    }
     lv_obj_add_flag(pinyin, LV_OBJ_FLAG_HIDDEN); // it shows nothing itself, but would take touches
     lv_obj_t *panel = lv_ime_pinyin_get_cand_panel(pinyin);
     candidates_adopt(keyboard, panel, font_size);
@@ -120,8 +126,9 @@ static bool styles_checked(const lv_obj_t *obj) {
     const zof_keyboard_attr_t *attr = keyboard_attr((const zof_ctrl_t *)obj);
     for (u32 i = 0; attr && i < attr->pub_t.style_num; i++) {
         const zof_style_attr_t *style = attr->pub_t.style_list[i];
-        if (style && style->style_part == LV_PART_ITEMS && (style->style_state & LV_STATE_CHECKED))
+        if (style && style->style_part == LV_PART_ITEMS && (style->style_state & LV_STATE_CHECKED)) {
             return true;
+        }
     }
     return false;
 }
@@ -129,8 +136,9 @@ static bool styles_checked(const lv_obj_t *obj) {
 static void color_set(lv_obj_t *obj, lv_style_prop_t prop, lv_color_t color, u32 selector) {
     lv_style_value_t value;
     const bool has = lv_obj_get_local_style_prop(obj, prop, &value, selector) == LV_RES_OK;
-    if (has && value.color.full == color.full)
+    if (has && value.color.full == color.full) {
         return; // a style that is set is a change of style
+    }
     value.color = color;
     lv_obj_set_local_style_prop(obj, prop, value, selector);
 }
@@ -145,8 +153,9 @@ static void checked_darken(lv_obj_t *obj) {
     obj->state = state;
     const u32 checked = (u32)LV_PART_ITEMS | LV_STATE_CHECKED;
     color_set(obj, LV_STYLE_BG_COLOR, lv_color_darken(key, CHECKED_DARKER), checked);
-    if (!styles_checked(obj))
+    if (!styles_checked(obj)) {
         color_set(obj, LV_STYLE_TEXT_COLOR, caption, checked);
+    }
 }
 
 static void event_style_changed(lv_event_t *e) {
@@ -164,20 +173,23 @@ static void mode_set(lv_obj_t *obj, const zof_keyboard_attr_t *attr) {
 
 s32 zof_keyboard_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_keyboard_attr_t *keyboard = (zof_keyboard_attr_t *)attr;
-    if (!record || !keyboard)
+    if (!record || !keyboard) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_keyboard_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     lv_obj_set_align(obj, LV_ALIGN_DEFAULT); // LVGL would measure the place from the middle of the bottom
     zof_ctrl_pub_attr(record, &keyboard->pub_t);
     zof_btn_map_press_fresh(obj);
     lv_obj_set_style_text_font(obj, &lv_font_montserrat_16, LV_PART_MAIN);
     lv_obj_add_event_cb(obj, event_keyboard_deleted, LV_EVENT_DELETE, nullptr);
-    if (keyboard->keyboard_spell)
+    if (keyboard->keyboard_spell) {
         mode_set(obj, keyboard);
-    else if (keyboard->cn_font_lib)
+    } else if (keyboard->cn_font_lib) {
         pinyin_create(obj, parent, keyboard);
+    }
     zof_ctrl_style_add(record, keyboard->pub_t.style_list, keyboard->pub_t.style_num, 0);
     lv_obj_set_user_data(obj, record); // needed by the next step already
     checked_darken(obj);
@@ -190,8 +202,9 @@ s32 zof_keyboard_create(para_t *record, lv_obj_t *parent, void *attr) {
 s32 zof_keyboard_set_txtbox(zof_ctrl_t *ctrl, zof_ctrl_t *txtbox) {
     return zof_on(ctrl, &lv_keyboard_class, [=](lv_obj_t *obj) {
         lv_obj_t *box = zof_ctrl_obj(txtbox);
-        if (!box || !lv_obj_check_type(box, &lv_textarea_class))
+        if (!box || !lv_obj_check_type(box, &lv_textarea_class)) {
             return -1;
+        }
         const bool clickable = lv_obj_has_flag(obj, LV_OBJ_FLAG_CLICKABLE);
         txtbox_unbind(obj);
         lv_keyboard_set_textarea(obj, box);

@@ -13,8 +13,9 @@ static zof_label_attr_t *label_attr(const zof_ctrl_t *ctrl) {
 // style changes.
 static void place_keep(lv_obj_t *obj) {
     const zof_label_attr_t *attr = label_attr(obj);
-    if (attr && attr->auto_hight == 1)
+    if (attr && attr->auto_hight == 1) {
         ((lv_label_t *)obj)->offset.y = attr->txt_y;
+    }
 }
 
 static void event_place_keep(lv_event_t *e) {
@@ -30,8 +31,9 @@ static void text_show(lv_obj_t *obj, const char *text) {
 static lv_coord_t free_height(lv_obj_t *obj, const zof_label_attr_t *attr) {
     const lv_font_t *font = lv_obj_get_style_text_font(obj, LV_PART_MAIN);
     lv_coord_t line = lv_font_get_line_height(font);
-    if (line < 1)
+    if (line < 1) {
         return 0;
+    }
     lv_point_t size;
     lv_txt_get_size(&size, attr->txt ? attr->txt : "", font, 0, 0, attr->pub_t.size.width, LV_TEXT_FLAG_NONE);
     return lv_obj_get_height(obj) - size.y / line * line;
@@ -62,8 +64,9 @@ s32 zof_label_set_align(zof_ctrl_t *ctrl, u32 align_e) {
         lv_text_align_t align = (lv_text_align_t)(align_e & 0x0F);
         lv_obj_set_style_text_align(obj, align, LV_PART_MAIN);
         zof_label_attr_t *attr = label_attr(ctrl);
-        if (!attr || attr->auto_hight != 1)
+        if (!attr || attr->auto_hight != 1) {
             return;
+        }
         zof_obj_layout(obj);
         place_vertically(obj, attr, align_e);
     });
@@ -71,24 +74,28 @@ s32 zof_label_set_align(zof_ctrl_t *ctrl, u32 align_e) {
 
 s32 zof_label_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_label_attr_t *label = (zof_label_attr_t *)attr;
-    if (!record || !label)
+    if (!record || !label) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_label_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     lv_label_set_text(obj, "");
     zof_obj_press_unlock(obj);
     zof_label_set_dis_mode(record, label->dis_mode_e);
     zof_label_set_anim_speed(record, label->animspeed);
     zof_ctrl_pub_attr(record, &label->pub_t);
-    if (label->auto_hight != 1)
+    if (label->auto_hight != 1) {
         lv_obj_set_height(obj, LV_SIZE_CONTENT);
+    }
     lv_obj_set_user_data(obj, record); // needed by the next steps already
     zof_label_set_txt(record, label->txt);
     zof_ctrl_style_add(record, label->pub_t.style_list, label->pub_t.style_num, 0);
     zof_label_set_align(record, label->align_e);
-    if (label->auto_hight != 1)
+    if (label->auto_hight != 1) {
         zof_obj_layout(obj); // else the alignment has done so
+    }
     place_keep(obj);
     if (label->auto_hight == 1) {
         lv_obj_add_event_cb(obj, event_place_keep, LV_EVENT_STYLE_CHANGED, nullptr);
@@ -99,11 +106,13 @@ s32 zof_label_create(para_t *record, lv_obj_t *parent, void *attr) {
 
 s32 zof_label_set_txt(zof_ctrl_t *ctrl, const char *text) {
     return zof_on(ctrl, &lv_label_class, [=](lv_obj_t *obj) {
-        if (!zof_txt_show(obj, text, text_show))
+        if (!zof_txt_show(obj, text, text_show)) {
             return;
+        }
         zof_label_attr_t *attr = label_attr(ctrl);
-        if (!attr)
+        if (!attr) {
             return;
+        }
         zof_txt_change(&attr->txt, text);
         zof_label_set_align(ctrl, attr->align_e);
     });
@@ -111,8 +120,9 @@ s32 zof_label_set_txt(zof_ctrl_t *ctrl, const char *text) {
 
 char *zof_label_get_text(zof_ctrl_t *ctrl) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || !lv_obj_has_class(obj, &lv_label_class))
+    if (!obj || !lv_obj_has_class(obj, &lv_label_class)) {
         return (char *)(intptr_t)-1;
+    }
     return lv_label_get_text(obj);
 }
 
@@ -123,11 +133,13 @@ s32 zof_label_set_txt_color(zof_ctrl_t *ctrl, zof_color_t color) {
 s32 zof_label_set_txt_size(zof_ctrl_t *ctrl, u32 size) {
     return zof_on(ctrl, &lv_label_class, [=](lv_obj_t *obj) {
         const zof_label_attr_t *attr = label_attr(ctrl);
-        if (!attr)
+        if (!attr) {
             return;
+        }
         const lv_font_t *font = zof_txt_font(&attr->pub_t, size);
-        if (font)
+        if (font) {
             lv_obj_set_style_text_font(obj, font, LV_PART_MAIN);
+        }
         zof_label_set_align(ctrl, attr->align_e);
     });
 }
@@ -146,7 +158,8 @@ s32 zof_label_set_anim_speed(zof_ctrl_t *ctrl, u32 speed) {
 s32 zof_label_update_txt(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, &lv_label_class, [=](lv_obj_t *obj) {
         const zof_label_attr_t *attr = label_attr(ctrl);
-        if (attr && zof_lang_check_str(attr->txt))
+        if (attr && zof_lang_check_str(attr->txt)) {
             zof_txt_show(obj, attr->txt, text_show);
+        }
     });
 }

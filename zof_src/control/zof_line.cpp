@@ -5,11 +5,13 @@
 
 s32 zof_line_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_line_attr_t *line = (zof_line_attr_t *)attr;
-    if (!record || !line)
+    if (!record || !line) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_line_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &line->pub_t);
     lv_obj_set_size(obj, LV_SIZE_CONTENT, LV_SIZE_CONTENT); // as large as its points
     return zof_line_set_dis(record, &line->dis_t);
@@ -23,8 +25,9 @@ s32 zof_line_set_dash(zof_ctrl_t *ctrl, u32 width, u32 gap) {
 }
 
 s32 zof_line_set_dis(zof_ctrl_t *ctrl, const zof_line_disp_t *dis) {
-    if (!dis)
+    if (!dis) {
         return -1;
+    }
     return zof_on(ctrl, [=](lv_obj_t *obj) {
         lv_obj_set_style_line_color(obj, zof_color_to_lv(dis->color), LV_PART_MAIN);
         lv_obj_set_style_line_width(obj, zof_length_to_lv(dis->width), LV_PART_MAIN);
@@ -34,8 +37,9 @@ s32 zof_line_set_dis(zof_ctrl_t *ctrl, const zof_line_disp_t *dis) {
 }
 
 s32 zof_line_set_points(zof_ctrl_t *ctrl, const lv_point_t *points, u32 count) {
-    if (!points && count > 0)
+    if (!points && count > 0) {
         return -1;
+    }
     return zof_on(ctrl, &lv_line_class,
                   [=](lv_obj_t *obj) { lv_line_set_points(obj, points, (u16)LV_MIN(count, UINT16_MAX)); });
 }

@@ -16,8 +16,9 @@ static zof_list_attr_t *list_attr(const zof_ctrl_t *ctrl) {
 
 static void item_free(void *data) {
     zof_list_item_t *item = (zof_list_item_t *)data;
-    if (!item)
+    if (!item) {
         return;
+    }
     zof_free(item->image);
     zof_free(item->txt);
     zof_free(item);
@@ -25,13 +26,15 @@ static void item_free(void *data) {
 
 static s32 item_append(db_list *items, const char *image, const char *text) {
     zof_list_item_t *item = (zof_list_item_t *)zof_malloc(sizeof(zof_list_item_t));
-    if (!item)
+    if (!item) {
         return -1;
+    }
     *item = {};
     zof_txt_change(&item->image, image);
     zof_txt_change(&item->txt, text);
-    if (__db_list_put_tail(items, item) == 0)
+    if (__db_list_put_tail(items, item) == 0) {
         return 0;
+    }
     item_free(item);
     return -1;
 }
@@ -53,8 +56,9 @@ static lv_obj_t *btn_at(lv_obj_t *list, u32 index) {
 static lv_obj_t *btn_part(lv_obj_t *btn, const lv_obj_class_t *kind) {
     for (u32 i = 0; i < lv_obj_get_child_cnt(btn); i++) {
         lv_obj_t *child = lv_obj_get_child(btn, (s32)i);
-        if (lv_obj_check_type(child, kind))
+        if (lv_obj_check_type(child, kind)) {
             return child;
+        }
     }
     return nullptr;
 }
@@ -63,8 +67,9 @@ static lv_obj_t *btn_create(lv_obj_t *list, const char *image, const char *text)
     char *icon = zof_img_get_src_type(image) == 1 ? zof_img_path_copy(image) : nullptr;
     const char *shown = zof_lang_get_cur_str(text);
     lv_obj_t *btn = lv_list_add_btn(list, icon, shown ? shown : "");
-    if (btn && icon)
+    if (btn && icon) {
         lv_obj_set_flex_align(btn, LV_FLEX_ALIGN_CENTER, LV_FLEX_ALIGN_CENTER, LV_FLEX_ALIGN_CENTER);
+    }
     zof_free(icon);
     return btn;
 }
@@ -72,8 +77,9 @@ static lv_obj_t *btn_create(lv_obj_t *list, const char *image, const char *text)
 // A button, and what goes with it when the list is a control.
 static lv_obj_t *btn_add(lv_obj_t *list, zof_list_attr_t *attr, const char *image, const char *text) {
     lv_obj_t *btn = btn_create(list, image, text);
-    if (!btn || !attr || !attr->opt_list)
+    if (!btn || !attr || !attr->opt_list) {
         return btn;
+    }
     if (item_append(attr->opt_list, image, text) != 0) {
         lv_obj_del(btn);
         return nullptr;
@@ -88,19 +94,23 @@ static lv_obj_t *btn_add(lv_obj_t *list, zof_list_attr_t *attr, const char *imag
 
 s32 zof_list_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_list_attr_t *list = (zof_list_attr_t *)attr;
-    if (!record || !list)
+    if (!record || !list) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_list_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &list->pub_t);
     items_clear(list); // it may be made again, after it went with its parent
-    if (!list->opt_list)
+    if (!list->opt_list) {
         list->opt_list = db_list_create();
+    }
     lv_obj_set_style_anim_time(obj, list->anim_time, LV_PART_MAIN);
     zof_ctrl_style_add(record, list->pub_t.style_list, list->pub_t.style_num, 0);
-    for (u32 i = 0; list->btns_t && i < list->list_count; i++)
+    for (u32 i = 0; list->btns_t && i < list->list_count; i++) {
         btn_add(obj, list, list->btns_t[i].image_num, list->btns_t[i].txt);
+    }
     return 0;
 }
 
@@ -113,10 +123,12 @@ s32 zof_list_del_btn(zof_ctrl_t *ctrl, u32 index) {
     return zof_on(ctrl, &lv_list_class, [=](lv_obj_t *obj) {
         lv_obj_t *btn = btn_at(obj, index);
         zof_list_attr_t *attr = list_attr(ctrl);
-        if (!btn)
+        if (!btn) {
             return -1;
-        if (attr)
+        }
+        if (attr) {
             item_free(__db_list_visit_and_pop(attr->opt_list, (s32)index));
+        }
         lv_obj_del(btn);
         return 0;
     });
@@ -126,14 +138,16 @@ s32 zof_list_remove_all(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, &lv_list_class, [=](lv_obj_t *obj) {
         zof_list_attr_t *attr = list_attr(ctrl);
         lv_obj_clean(obj);
-        if (attr)
+        if (attr) {
             items_clear(attr);
+        }
     });
 }
 
 s32 zof_list_del(para_t *record) {
-    if (!record || !record->attr || record->attr->ctrl_type != ZOF_CTRL_LIST)
+    if (!record || !record->attr || record->attr->ctrl_type != ZOF_CTRL_LIST) {
         return -1;
+    }
     zof_list_attr_t *attr = (zof_list_attr_t *)record->attr;
     zof_list_remove_all(record);
     items_clear(attr);
@@ -154,8 +168,9 @@ zof_ctrl_t *zof_list_get_index_label(zof_ctrl_t *ctrl, u32 index) {
 s32 zof_list_set_select_index(zof_ctrl_t *ctrl, zof_ctrl_t *button) {
     return zof_on(ctrl, &lv_list_class, [=](lv_obj_t *obj) {
         lv_obj_t *chosen = zof_ctrl_obj(button);
-        if (!chosen || lv_obj_get_parent(chosen) != obj)
+        if (!chosen || lv_obj_get_parent(chosen) != obj) {
             return -1;
+        }
         for (u32 i = 0; i < lv_obj_get_child_cnt(obj); i++) {
             lv_obj_t *btn = lv_obj_get_child(obj, (s32)i);
             if (btn == chosen) {
@@ -171,8 +186,9 @@ s32 zof_list_set_select_index(zof_ctrl_t *ctrl, zof_ctrl_t *button) {
 s32 zof_list_get_select_index(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, &lv_list_class, [](lv_obj_t *obj) {
         for (u32 i = 0; i < lv_obj_get_child_cnt(obj); i++) {
-            if (lv_obj_has_state(lv_obj_get_child(obj, (s32)i), LV_STATE_FOCUSED))
+            if (lv_obj_has_state(lv_obj_get_child(obj, (s32)i), LV_STATE_FOCUSED)) {
                 return (s32)i;
+            }
         }
         return -1;
     });
@@ -182,8 +198,9 @@ s32 zof_list_set_index_str(zof_ctrl_t *ctrl, u32 index, const char *text) {
     return zof_on(zof_list_get_index_btn(ctrl, index), [=](lv_obj_t *btn) {
         zof_list_item_t *item = item_at(ctrl, index);
         lv_obj_t *label = btn_part(btn, &lv_label_class);
-        if (label && item)
+        if (label && item) {
             zof_txt_change(&item->txt, text); // first, as `text` may be the label's own
+        }
         return zof_label_set_txt(label, text);
     });
 }
@@ -206,10 +223,12 @@ s32 zof_list_add_btns_style(zof_ctrl_t *ctrl, u32 index, u32 selector, zof_color
 }
 
 static void btn_update(lv_obj_t *btn, const zof_list_item_t *item) {
-    if (zof_lang_check_str(item->txt))
+    if (zof_lang_check_str(item->txt)) {
         zof_label_set_txt(btn_part(btn, &lv_label_class), item->txt);
-    if (zof_lang_check_str(item->image))
+    }
+    if (zof_lang_check_str(item->image)) {
         zof_img_set_src(btn_part(btn, &lv_img_class), item->image);
+    }
 }
 
 s32 zof_list_update_txt(zof_ctrl_t *ctrl) {
@@ -217,7 +236,8 @@ s32 zof_list_update_txt(zof_ctrl_t *ctrl) {
         const zof_list_attr_t *attr = list_attr(ctrl);
         const db_node *head = attr && attr->opt_list ? attr->opt_list->head : nullptr;
         const db_node *at = head ? head->next : nullptr;
-        for (u32 i = 0; at != head && i < lv_obj_get_child_cnt(obj); i++, at = at->next)
+        for (u32 i = 0; at != head && i < lv_obj_get_child_cnt(obj); i++, at = at->next) {
             btn_update(lv_obj_get_child(obj, (s32)i), (const zof_list_item_t *)at->data);
+        }
     });
 }

@@ -13,21 +13,24 @@ static zof_mbox_attr_t *mbox_attr(const zof_ctrl_t *ctrl) {
 // Runs `fn` on the box of a control; an object's own address is no control, and its first word is itself.
 template <typename F> static s32 on_mbox(zof_ctrl_t *ctrl, F &&fn) {
     const lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || (const void *)obj == (const void *)ctrl || !((const para_t *)ctrl)->is_created || !mbox_attr(ctrl))
+    if (!obj || (const void *)obj == (const void *)ctrl || !((const para_t *)ctrl)->is_created || !mbox_attr(ctrl)) {
         return -1;
+    }
     return zof_on(ctrl, &lv_msgbox_class, std::forward<F>(fn));
 }
 
 static void label_center(lv_obj_t *label) {
-    if (label)
+    if (label) {
         lv_obj_set_style_text_align(label, LV_TEXT_ALIGN_CENTER, LV_PART_MAIN);
+    }
 }
 
 // Makes a label as LVGL does for a box that is born with the text.
 static lv_obj_t *label_add(lv_obj_t *parent, lv_label_long_mode_t mode) {
     lv_obj_t *label = lv_label_create(parent);
-    if (!label)
+    if (!label) {
         return nullptr;
+    }
     lv_label_set_long_mode(label, mode);
     lv_obj_set_width(label, LV_PCT(100));
     label_center(label);
@@ -36,8 +39,9 @@ static lv_obj_t *label_add(lv_obj_t *parent, lv_label_long_mode_t mode) {
 
 static lv_obj_t *title_add(lv_msgbox_t *box) {
     box->title = label_add(&box->obj, LV_LABEL_LONG_SCROLL_CIRCULAR);
-    if (box->title)
+    if (box->title) {
         lv_obj_move_to_index(box->title, 0);
+    }
     return box->title;
 }
 
@@ -47,18 +51,21 @@ static lv_obj_t *text_add(lv_msgbox_t *box) {
 
 s32 zof_mbox_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_mbox_attr_t *mbox = (zof_mbox_attr_t *)attr;
-    if (!record || !mbox || !parent)
+    if (!record || !mbox || !parent) {
         return -1;
+    }
     zof_btn_map_free(&mbox->btn_map);
     mbox->btn_map = zof_btn_map_create(mbox->btn_txt, mbox->btn_num);
-    if (!mbox->btn_map)
+    if (!mbox->btn_map) {
         return -1;
+    }
     // For a map without captions LVGL would leave room for buttons.
     const char **map = mbox->btn_map[0][0] ? (const char **)mbox->btn_map : nullptr;
     lv_obj_t *obj = record->obj =
         lv_msgbox_create(parent, zof_lang_get_cur_str(mbox->title), zof_lang_get_cur_str(mbox->txt), map, false);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &mbox->pub_t);
     lv_obj_set_style_anim_time(obj, mbox->anim_time, LV_PART_MAIN);
     label_center(lv_msgbox_get_title(obj));
@@ -74,11 +81,13 @@ s32 zof_mbox_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_mbox_del(para_t *record) {
-    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_MBOX)
+    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_MBOX) {
         return -1;
+    }
     lv_obj_t *btns = record->obj ? lv_msgbox_get_btns(record->obj) : nullptr;
-    if (btns)
+    if (btns) {
         lv_btnmatrix_set_map(btns, zof_btn_map_empty);
+    }
     zof_btn_map_free(&((zof_mbox_attr_t *)record->attr)->btn_map);
     return 0;
 }
@@ -86,10 +95,12 @@ s32 zof_mbox_del(para_t *record) {
 // A text that shows something gets a label if there is none yet.
 static s32 text_set(lv_msgbox_t *box, lv_obj_t *label, lv_obj_t *(*add)(lv_msgbox_t *), char **slot, const char *text) {
     const char *shown = zof_lang_get_cur_str(text);
-    if (!label && shown && shown[0])
+    if (!label && shown && shown[0]) {
         label = add(box);
-    if (label ? zof_txt_show(label, text, lv_label_set_text) : shown != text)
+    }
+    if (label ? zof_txt_show(label, text, lv_label_set_text) : shown != text) {
         zof_txt_change(slot, text);
+    }
     return 0;
 }
 
@@ -108,10 +119,12 @@ s32 zof_mbox_set_txt(zof_ctrl_t *ctrl, const char *text) {
 s32 zof_mbox_update_txt(zof_ctrl_t *ctrl) {
     return on_mbox(ctrl, [=](lv_obj_t *) {
         const zof_mbox_attr_t *attr = mbox_attr(ctrl);
-        if (zof_lang_check_str(attr->title))
+        if (zof_lang_check_str(attr->title)) {
             zof_title_set_txt(ctrl, attr->title);
-        if (zof_lang_check_str(attr->txt))
+        }
+        if (zof_lang_check_str(attr->txt)) {
             zof_mbox_set_txt(ctrl, attr->txt);
+        }
     });
 }
 

@@ -10,8 +10,9 @@ enum { SIDE_MAX = 2047 }; // of a picture of LVGL's
 
 s32 zof_QR_code_create(para_t *record, lv_obj_t *parent, void *attr) {
     const auto *code = (const zof_qrcode_attr_t *)attr;
-    if (!record || !code)
+    if (!record || !code) {
         return -1;
+    }
     const s32 side = code->pub_t.size.height;
     if (side < 1 || side > SIDE_MAX) {
         zof_printf("control %u: a QR code is 1 to %d pixels high, not %d", code->pub_t.id, SIDE_MAX, side);
@@ -19,10 +20,12 @@ s32 zof_QR_code_create(para_t *record, lv_obj_t *parent, void *attr) {
     }
     lv_obj_t *obj = record->obj =
         lv_qrcode_create(parent, side, zof_color_to_lv(code->color), zof_color_to_lv(code->bg_color));
-    if (!obj)
+    if (!obj) {
         return -1;
-    if (zof_qrcode_updata_data(obj, code->txt) != 0)
+    }
+    if (zof_qrcode_updata_data(obj, code->txt) != 0) {
         zof_printf("control %u: its text does not fit into a QR code of %d pixels", code->pub_t.id, side);
+    }
     lv_obj_set_pos(obj, code->pub_t.pt.x, code->pub_t.pt.y);
     zof_ctrl_set_hidden(obj, code->pub_t.hidden);
     lv_obj_set_style_border_color(obj, zof_color_to_lv(code->border_color), LV_PART_MAIN);

@@ -10,25 +10,29 @@ static zof_rollist_attr_t *roll_attr(const zof_ctrl_t *ctrl) {
 }
 
 static s32 options_show(lv_obj_t *obj, const zof_rollist_attr_t *roll, const char *options) {
-    if (!options)
+    if (!options) {
         return -1;
+    }
     lv_roller_set_options(obj, options, roll->rol_mode ? LV_ROLLER_MODE_INFINITE : LV_ROLLER_MODE_NORMAL);
     return 0;
 }
 
 // A roller that names no rows keeps the height of its file.
 static void rows_show(lv_obj_t *obj, const zof_rollist_attr_t *roll) {
-    if (roll->row_cnt)
+    if (roll->row_cnt) {
         lv_roller_set_visible_row_count(obj, roll->row_cnt);
+    }
 }
 
 s32 zof_rollist_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_rollist_attr_t *roll = (zof_rollist_attr_t *)attr;
-    if (!record || !roll)
+    if (!record || !roll) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_roller_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &roll->pub_t);
     options_show(obj, roll, zof_listtxt_start(&roll->opt_list, &roll->options));
     zof_ctrl_style_add(record, roll->pub_t.style_list, roll->pub_t.style_num, 0);
@@ -40,8 +44,9 @@ s32 zof_rollist_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_rollist_del(para_t *record) {
-    if (!record || !record->attr || record->attr->ctrl_type != ZOF_CTRL_ROLLIST)
+    if (!record || !record->attr || record->attr->ctrl_type != ZOF_CTRL_ROLLIST) {
         return -1;
+    }
     zof_listtxt_destroy(&((zof_rollist_attr_t *)record->attr)->opt_list);
     return 0;
 }
@@ -52,8 +57,9 @@ s32 zof_rollist_set_line_space(zof_ctrl_t *ctrl, s32 space) {
         s32 line = lv_font_get_line_height(lv_obj_get_style_text_font(obj, LV_PART_MAIN));
         lv_obj_set_style_text_line_space(obj, LV_MAX(zof_length_to_lv((u32)space), 1 - line), LV_PART_MAIN);
         const zof_rollist_attr_t *attr = roll_attr(ctrl);
-        if (attr)
+        if (attr) {
             rows_show(obj, attr);
+        }
     });
 }
 
@@ -82,8 +88,9 @@ s32 zof_rollist_del_option(zof_ctrl_t *ctrl, u32 position) {
 
 s32 zof_rollist_set_options(zof_ctrl_t *ctrl, const char *const *texts, u32 count, u32 mode) {
     zof_rollist_attr_t *attr = roll_attr(ctrl);
-    if (attr && texts && count)
+    if (attr && texts && count) {
         attr->rol_mode = mode;
+    }
     return options_change(
         ctrl, [=](db_list *list, char **slot) { return zof_listtxt_change_option(list, slot, texts, count); });
 }
@@ -102,15 +109,17 @@ s32 zof_rollist_get_selected(zof_ctrl_t *ctrl) {
 }
 
 s32 zof_rollist_get_selected_str(zof_ctrl_t *ctrl, char *buffer, u32 size) {
-    if (!buffer || !size)
+    if (!buffer || !size) {
         return -1;
+    }
     return zof_on(ctrl, &lv_roller_class, [=](lv_obj_t *obj) { lv_roller_get_selected_str(obj, buffer, size); });
 }
 
 s32 zof_rollist_update_txt(zof_ctrl_t *ctrl) {
     s32 selected = zof_rollist_get_selected(ctrl);
-    if (selected < 0)
+    if (selected < 0) {
         return -1;
+    }
     options_change(ctrl, zof_listtxt_list2str);
     return zof_rollist_set_selected(ctrl, (u32)selected, 0);
 }

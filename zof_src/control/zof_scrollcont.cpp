@@ -40,8 +40,9 @@ static wheel_t wheel_of(lv_obj_t *obj, const zof_scrollcont_attr_t *attr) {
 // Writes a style only when it changes: most of a wheel stays as it is from step to step, and each write is a redraw.
 static void dress(lv_obj_t *item, lv_style_prop_t prop, s32 value) {
     lv_style_value_t now = {};
-    if (lv_obj_get_local_style_prop(item, prop, &now, LV_PART_MAIN) == LV_RES_OK && now.num == value)
+    if (lv_obj_get_local_style_prop(item, prop, &now, LV_PART_MAIN) == LV_RES_OK && now.num == value) {
         return;
+    }
     lv_obj_set_local_style_prop(item, prop, {.num = value}, LV_PART_MAIN);
 }
 
@@ -52,8 +53,9 @@ static void pivot_set(lv_obj_t *item) {
 
 static s32 middle_child(const wheel_t *wheel) {
     for (s32 i = 0; i < wheel->count; i++) {
-        if (area_middle(&lv_obj_get_child(wheel->obj, i)->coords, wheel->vertical) == wheel->middle)
+        if (area_middle(&lv_obj_get_child(wheel->obj, i)->coords, wheel->vertical) == wheel->middle) {
             return i;
+        }
     }
     return -1;
 }
@@ -62,12 +64,15 @@ static void order_centre(const wheel_t *wheel) {
     lv_obj_t *obj = wheel->obj;
     const s32 index = middle_child(wheel);
     const s32 mid = (wheel->count - 1) >> 1;
-    if (index < 0)
+    if (index < 0) {
         return;
-    for (s32 i = index; i < mid; i++)
+    }
+    for (s32 i = index; i < mid; i++) {
         lv_obj_move_to_index(lv_obj_get_child(obj, wheel->count - 1), 0);
-    for (s32 i = index; i > mid; i--)
+    }
+    for (s32 i = index; i > mid; i--) {
         lv_obj_move_to_index(lv_obj_get_child(obj, 0), wheel->count - 1);
+    }
     lv_obj_scroll_to_view(lv_obj_get_child(obj, mid), LV_ANIM_OFF);
 }
 
@@ -81,28 +86,32 @@ static const zof_scrollcont_attr_t *event_attr(lv_event_t *e) {
 void scroll_init_event_cb(lv_event_t *e) {
     auto *attr = (zof_scrollcont_attr_t *)lv_event_get_user_data(e);
     lv_obj_t *obj = lv_event_get_current_target(e);
-    if (!attr || attr->need_init != 1)
+    if (!attr || attr->need_init != 1) {
         return;
+    }
     attr->need_init = 0;
     lv_obj_t *first = lv_obj_get_child(obj, 0);
-    if (first)
+    if (first) {
         lv_obj_scroll_to_view(first, LV_ANIM_OFF);
+    }
     lv_event_send(obj, LV_EVENT_SCROLL_END, nullptr);
     lv_event_send(obj, LV_EVENT_SCROLL, nullptr);
 }
 
 void scroll_infinite_event_cb(lv_event_t *e) {
     const zof_scrollcont_attr_t *attr = event_attr(e);
-    if (!attr)
+    if (!attr) {
         return;
+    }
     const wheel_t wheel = wheel_of(lv_event_get_current_target(e), attr);
     order_centre(&wheel);
 }
 
 s32 scroll_inf(zof_ctrl_t *ctrl) {
     const auto *attr = zof_ctrl_attr<zof_scrollcont_attr_t>(ctrl, ZOF_CTRL_SCROLLCONT);
-    if (!attr || attr->dir != DIR_HORIZONTAL)
+    if (!attr || attr->dir != DIR_HORIZONTAL) {
         return -1;
+    }
     const wheel_t wheel = wheel_of(zof_ctrl_obj(ctrl), attr);
     order_centre(&wheel);
     return 0;
@@ -128,8 +137,9 @@ static void arc_dress(const wheel_t *wheel, lv_obj_t *item) {
     const s32 d = LV_ABS(area_middle(&item->coords, wheel->vertical) - wheel->middle);
     const s32 reach = wheel->half < r || r == 0 ? wheel->half : r; // where fading and zooming are complete
     pivot_set(item);
-    if (attr->zoom != 0 && attr->zoom_mode == ZOOM_BY_ARC)
+    if (attr->zoom != 0 && attr->zoom_mode == ZOOM_BY_ARC) {
         dress(item, LV_STYLE_TRANSFORM_ZOOM, lv_map(d, reach, 0, attr->zoom, FULL_SIZE));
+    }
     arc_sink(wheel, item, sagitta(r, d));
     if (r != 0 && d > r) {
         dress(item, LV_STYLE_OPA, LV_OPA_TRANSP);
@@ -140,11 +150,13 @@ static void arc_dress(const wheel_t *wheel, lv_obj_t *item) {
 
 void scroll_arc_event_cb(lv_event_t *e) {
     const zof_scrollcont_attr_t *attr = event_attr(e);
-    if (!attr)
+    if (!attr) {
         return;
+    }
     const wheel_t wheel = wheel_of(lv_event_get_current_target(e), attr);
-    for (s32 i = 0; i < wheel.count; i++)
+    for (s32 i = 0; i < wheel.count; i++) {
         arc_dress(&wheel, lv_obj_get_child(wheel.obj, i));
+    }
 }
 
 static s32 pixels_off(const wheel_t *wheel, lv_obj_t *item) {
@@ -159,30 +171,34 @@ static s32 pixels_off(const wheel_t *wheel, lv_obj_t *item) {
 
 void scroll_zoom_event_cb(lv_event_t *e) {
     const zof_scrollcont_attr_t *attr = event_attr(e);
-    if (!attr)
+    if (!attr) {
         return;
+    }
     const wheel_t wheel = wheel_of(lv_event_get_current_target(e), attr);
     const s32 most = FULL_SIZE - attr->zoom;
     for (s32 i = 0; i < wheel.count; i++) {
         lv_obj_t *item = lv_obj_get_child(wheel.obj, i);
         pivot_set(item);
         zof_obj_flag_set(item, LV_OBJ_FLAG_CLICKABLE, true);
-        if (attr->zoom != 0)
+        if (attr->zoom != 0) {
             dress(item, LV_STYLE_TRANSFORM_ZOOM, FULL_SIZE - LV_MIN(pixels_off(&wheel, item), most));
+        }
     }
 }
 
 s32 zof_scrollcont_create(para_t *record, lv_obj_t *parent, void *attr) {
     auto *cont = (zof_scrollcont_attr_t *)attr;
-    if (!record || !cont)
+    if (!record || !cont) {
         return -1;
+    }
     if (cont->display_count == 0) {
         zof_printf("control %u: display_count is 0; a scroll container shows one item at least", cont->pub_t.id);
         return -1;
     }
     lv_obj_t *obj = record->obj = lv_obj_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &cont->pub_t);
     zof_ctrl_style_add(record, cont->pub_t.style_list, cont->pub_t.style_num, 0);
     cont->need_init = 1;
@@ -201,8 +217,9 @@ static void wheel_start(void *obj) {
 
 // LVGL frees a call that is cancelled while it runs twice; what it started may end up here.
 static void start_cancel(lv_obj_t *obj, const zof_scrollcont_attr_t *attr) {
-    if (attr->need_init == 1)
+    if (attr->need_init == 1) {
         lv_async_call_cancel(wheel_start, obj);
+    }
 }
 
 static void event_deleted(lv_event_t *e) {
@@ -220,8 +237,9 @@ static void events_add(lv_obj_t *obj, zof_scrollcont_attr_t *attr) {
                 {event_deleted, LV_EVENT_DELETE}};
     for (const auto &row : rows) {
         lv_obj_remove_event_cb(obj, row.fn); // there already when the last item is made again
-        if (row.fn != scroll_zoom_event_cb || attr->zoom_mode == ZOOM_BY_PIXELS)
+        if (row.fn != scroll_zoom_event_cb || attr->zoom_mode == ZOOM_BY_PIXELS) {
             lv_obj_add_event_cb(obj, row.fn, row.code, attr);
+        }
     }
 }
 
@@ -237,8 +255,9 @@ static void wheel_complete(lv_obj_t *obj, zof_scrollcont_attr_t *attr) {
         lv_obj_set_style_pad_row(obj, attr->pad, LV_PART_MAIN);
     }
     events_add(obj, attr);
-    if (obj == starting)
+    if (obj == starting) {
         return;
+    }
     start_cancel(obj, attr);
     attr->need_init = 1;
     lv_async_call(wheel_start, obj);
@@ -247,11 +266,13 @@ static void wheel_complete(lv_obj_t *obj, zof_scrollcont_attr_t *attr) {
 s32 zof_scrollcont_obj_create(para_t *record, lv_obj_t *parent, void *attr) {
     auto *item = (zof_scrollcont_obj_attr_t *)attr;
     auto *cont = zof_ctrl_attr<zof_scrollcont_attr_t>(parent, ZOF_CTRL_SCROLLCONT);
-    if (!record || !item || !cont)
+    if (!record || !item || !cont) {
         return -1; // only a scroll container has items
+    }
     lv_obj_t *obj = record->obj = lv_obj_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &item->pub_t);
     const s32 width = lv_obj_get_width(parent);
     const s32 height = lv_obj_get_height(parent);
@@ -262,8 +283,9 @@ s32 zof_scrollcont_obj_create(para_t *record, lv_obj_t *parent, void *attr) {
     }
     zof_ctrl_style_add(record, item->pub_t.style_list, item->pub_t.style_num, 0);
     zof_obj_layout(obj);
-    if (lv_obj_get_index(obj) + 1 == cont->child_cnt)
+    if (lv_obj_get_index(obj) + 1 == cont->child_cnt) {
         wheel_complete(parent, cont);
+    }
     return 0;
 }
 

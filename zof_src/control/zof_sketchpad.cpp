@@ -14,21 +14,24 @@ enum { SIDE_MAX = 2047 }; // of a picture of LVGL's
 static void *pixels_new(const zof_size_t *size) {
     const size_t bytes = (((size_t)size->width >> 2) + 1) * (size_t)size->height * 4;
     void *pixels = zof_malloc((u32)bytes);
-    if (pixels)
+    if (pixels) {
         memset(pixels, 0, bytes);
+    }
     return pixels;
 }
 
 static void toolbar_refresh(lv_obj_t *obj) {
     lv_obj_t *toolbar = lv_obj_get_child(obj, 0);
-    if (toolbar)
+    if (toolbar) {
         lv_event_send(toolbar, LV_EVENT_REFRESH, nullptr); // not when it is drawn, which would be too late
+    }
 }
 
 s32 zof_sketchpad_create(para_t *record, lv_obj_t *parent, void *attr) {
     auto *pad = (zof_sketchpad_attr_t *)attr;
-    if (!record || !pad)
+    if (!record || !pad) {
         return -1;
+    }
     zof_pub_attr_t *pub = &pad->pub_t;
     if (LV_MIN(pub->size.width, pub->size.height) < 1 || LV_MAX(pub->size.width, pub->size.height) > SIDE_MAX) {
         zof_printf("control %u: a sketchpad has 1 to %d pixels on a side, not %d x %d", pub->id, SIDE_MAX,
@@ -36,8 +39,9 @@ s32 zof_sketchpad_create(para_t *record, lv_obj_t *parent, void *attr) {
         return -1;
     }
     void *pixels = pixels_new(&pub->size);
-    if (!pixels)
+    if (!pixels) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_sketchpad_create(parent);
     if (!obj) {
         zof_free(pixels);

@@ -8,8 +8,9 @@
 // LVGL counts with 32 bits and never ends on a box without digits, so both are kept where it can work.
 static void format_set(lv_obj_t *obj, const zof_spinbox_attr_t *box) {
     u8 digits = (u8)(box->int_cnt + box->dec_cnt);
-    if (digits == 0)
+    if (digits == 0) {
         zof_printf("spin box %u: no digits, one is shown", box->pub_t.id);
+    }
     lv_spinbox_set_range(obj, LV_MAX(box->range_min, -INT32_MAX), box->range_max);
     lv_spinbox_set_step(obj, LV_MIN(box->step, (u32)INT32_MAX));
     lv_spinbox_set_digit_format(obj, LV_MAX(digits, 1), box->int_cnt);
@@ -17,11 +18,13 @@ static void format_set(lv_obj_t *obj, const zof_spinbox_attr_t *box) {
 
 s32 zof_spinbox_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_spinbox_attr_t *box = (zof_spinbox_attr_t *)attr;
-    if (!record || !box)
+    if (!record || !box) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_spinbox_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &box->pub_t);
     lv_obj_set_height(obj, LV_SIZE_CONTENT);
     format_set(obj, box);
@@ -45,8 +48,9 @@ s32 zof_spinbox_step_next(zof_ctrl_t *ctrl) {
 
 s32 zof_spinbox_step_prev(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, &lv_spinbox_class, [](lv_obj_t *obj) {
-        if (lv_spinbox_get_step(obj) <= INT32_MAX / 10) // LVGL multiplies in 32 bits
+        if (lv_spinbox_get_step(obj) <= INT32_MAX / 10) { // LVGL multiplies in 32 bits
             lv_spinbox_step_prev(obj);
+        }
     });
 }
 
@@ -57,14 +61,15 @@ static s32 step_by(zof_ctrl_t *ctrl, s32 sign) {
         s64 value = lv_spinbox_get_value(obj);
         s64 step = lv_spinbox_get_step(obj);
         s64 next = value + sign * step;
-        if (LV_ABS(value) + step > INT32_MAX)
+        if (LV_ABS(value) + step > INT32_MAX) {
             lv_spinbox_set_value(obj, (s32)LV_CLAMP(INT32_MIN, next, INT32_MAX));
-        else if (value * sign < 0 && next * sign > 0)
+        } else if (value * sign < 0 && next * sign > 0) {
             lv_spinbox_set_value(obj, (s32)(next - 2 * value));
-        else if (sign > 0)
+        } else if (sign > 0) {
             lv_spinbox_increment(obj);
-        else
+        } else {
             lv_spinbox_decrement(obj);
+        }
     });
 }
 

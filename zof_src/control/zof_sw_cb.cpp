@@ -16,14 +16,17 @@ static s32 state_set(zof_ctrl_t *ctrl, lv_state_t state, u32 on) {
 
 s32 zof_sw_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_sw_attr_t *sw = (zof_sw_attr_t *)attr;
-    if (!record || !sw)
+    if (!record || !sw) {
         return -1;
+    }
     record->obj = lv_switch_create(parent);
-    if (!record->obj)
+    if (!record->obj) {
         return -1;
+    }
     zof_size_t *size = &sw->pub_t.size;
-    if (size->width == size->height && !LV_COORD_IS_SPEC(size->width))
+    if (size->width == size->height && !LV_COORD_IS_SPEC(size->width)) {
         size->width++; // LVGL's switch must not be square
+    }
     zof_ctrl_pub_attr(record, &sw->pub_t);
     lv_obj_set_style_anim_time(record->obj, sw->anim_time, LV_PART_MAIN);
     zof_ctrl_style_add(record, sw->pub_t.style_list, sw->pub_t.style_num, 0);
@@ -40,11 +43,13 @@ u32 zof_sw_get_state(zof_ctrl_t *ctrl) {
 
 s32 zof_cb_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_cb_attr_t *cb = (zof_cb_attr_t *)attr;
-    if (!record || !cb)
+    if (!record || !cb) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_checkbox_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &cb->pub_t);
     zof_cb_set_txt(record, cb->txt);
     lv_obj_set_size(obj, LV_SIZE_CONTENT, LV_SIZE_CONTENT); // always as large as its text
@@ -54,11 +59,13 @@ s32 zof_cb_create(para_t *record, lv_obj_t *parent, void *attr) {
 
 s32 zof_cb_set_txt(zof_ctrl_t *ctrl, const char *text) {
     return zof_on(ctrl, &lv_checkbox_class, [=](lv_obj_t *obj) {
-        if (!zof_txt_show(obj, text, lv_checkbox_set_text))
+        if (!zof_txt_show(obj, text, lv_checkbox_set_text)) {
             return;
+        }
         zof_cb_attr_t *attr = zof_ctrl_attr<zof_cb_attr_t>(ctrl, ZOF_CTRL_CB);
-        if (attr)
+        if (attr) {
             zof_txt_change(&attr->txt, text);
+        }
     });
 }
 
@@ -81,7 +88,8 @@ s32 zof_cb_is_inactive(zof_ctrl_t *ctrl) {
 s32 zof_cb_update_txt(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, [=](lv_obj_t *) {
         const zof_cb_attr_t *attr = zof_ctrl_attr<zof_cb_attr_t>(ctrl, ZOF_CTRL_CB);
-        if (attr && zof_lang_check_str(attr->txt))
+        if (attr && zof_lang_check_str(attr->txt)) {
             zof_cb_set_txt(ctrl, attr->txt);
+        }
     });
 }

@@ -34,8 +34,9 @@ static u32 default_color(lv_obj_t *obj) {
 }
 
 static void colors_fill(zof_table_attr_t *attr, u32 color) {
-    for (u32 i = 0; i < color_count(attr); i++)
+    for (u32 i = 0; i < color_count(attr); i++) {
         attr->cell_colors[i] = color & COLOR_MASK;
+    }
 }
 
 static void colors_renew(lv_obj_t *obj, zof_table_attr_t *attr) {
@@ -51,8 +52,9 @@ static void event_style_changed(lv_event_t *e) {
     u32 before = attr->default_color;
     attr->default_color = default_color(lv_event_get_target(e));
     for (u32 i = 0; i < color_count(attr); i++) {
-        if (attr->cell_colors[i] == before)
+        if (attr->cell_colors[i] == before) {
             attr->cell_colors[i] = attr->default_color;
+        }
     }
 }
 
@@ -66,27 +68,31 @@ static bool has_room(lv_obj_t *obj, u32 row, u32 col) {
 void table_draw_part_event_cb(lv_event_t *e) {
     const lv_obj_draw_part_dsc_t *dsc = e ? lv_event_get_draw_part_dsc(e) : nullptr;
     const zof_table_attr_t *attr = e ? (const zof_table_attr_t *)lv_event_get_user_data(e) : nullptr;
-    if (!dsc || !attr || dsc->part != LV_PART_ITEMS || !dsc->rect_dsc || dsc->id >= color_count(attr))
+    if (!dsc || !attr || dsc->part != LV_PART_ITEMS || !dsc->rect_dsc || dsc->id >= color_count(attr)) {
         return;
+    }
     dsc->rect_dsc->bg_color = zof_color_to_lv(attr->cell_colors[dsc->id]);
 }
 
 static void columns_fit(lv_obj_t *obj, const zof_table_attr_t *table) {
-    for (u32 col = 0; col < LV_MIN(table->col_cnt, COLUMNS_FITTED); col++)
+    for (u32 col = 0; col < LV_MIN(table->col_cnt, COLUMNS_FITTED); col++) {
         lv_table_set_col_width(obj, (u16)col, LV_MIN(table->pub_t.size.width / table->col_cnt, WIDTH_MAX));
+    }
 }
 
 s32 zof_table_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_table_attr_t *table = (zof_table_attr_t *)attr;
-    if (!record || !table)
+    if (!record || !table) {
         return -1;
+    }
     if ((u32)table->row_cnt * table->col_cnt > ZOF_TABLE_CELLS) {
         zof_printf("table %u: %u by %u are too many cells", table->pub_t.id, table->row_cnt, table->col_cnt);
         return -1;
     }
     lv_obj_t *obj = record->obj = lv_table_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &table->pub_t);
     lv_obj_set_size(obj, LV_SIZE_CONTENT, LV_SIZE_CONTENT);
     lv_table_set_row_cnt(obj, table->row_cnt);
@@ -102,8 +108,9 @@ s32 zof_table_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_table_del(para_t *record) {
-    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_TABLE)
+    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_TABLE) {
         return -1;
+    }
     zof_table_attr_t *attr = (zof_table_attr_t *)record->attr;
     zof_free(attr->cell_colors);
     attr->cell_colors = nullptr;
@@ -112,14 +119,16 @@ s32 zof_table_del(para_t *record) {
 
 s32 zof_table_set_cell_value(zof_ctrl_t *ctrl, u32 row, u32 col, const char *text) {
     return zof_on(ctrl, &lv_table_class, [=](lv_obj_t *obj) {
-        if (!has_room(obj, row, col))
+        if (!has_room(obj, row, col)) {
             return -1;
+        }
         const char *shown = zof_lang_get_cur_str(text);
         lv_table_set_cell_value(obj, (u16)row, (u16)col, shown ? shown : "");
         zof_table_attr_t *attr = table_attr(ctrl);
         // The counts become the index, and a cell just beyond the end changes nothing: programs count on both.
-        if (!attr || (row <= attr->row_cnt && col <= attr->col_cnt))
+        if (!attr || (row <= attr->row_cnt && col <= attr->col_cnt)) {
             return 0;
+        }
         attr->row_cnt = (u16)LV_MAX(row, attr->row_cnt);
         attr->col_cnt = (u16)LV_MAX(col, attr->col_cnt);
         colors_renew(obj, attr);
@@ -128,15 +137,17 @@ s32 zof_table_set_cell_value(zof_ctrl_t *ctrl, u32 row, u32 col, const char *tex
 }
 
 const char *zof_table_get_cell_value(zof_ctrl_t *ctrl, u32 row, u32 col) {
-    if (!table_attr(ctrl))
+    if (!table_attr(ctrl)) {
         return (const char *)(intptr_t)-1;
+    }
     return row < UINT16_MAX && col < UINT16_MAX ? lv_table_get_cell_value(zof_ctrl_obj(ctrl), (u16)row, (u16)col) : "";
 }
 
 s32 zof_table_set_col_width(zof_ctrl_t *ctrl, u32 col, u32 width) {
     return zof_on(ctrl, &lv_table_class, [=](lv_obj_t *obj) {
-        if (!has_room(obj, 0, col))
+        if (!has_room(obj, 0, col)) {
             return -1;
+        }
         lv_table_set_col_width(obj, (u16)col, (lv_coord_t)LV_MIN(width, (u32)WIDTH_MAX));
         return 0;
     });
@@ -144,8 +155,9 @@ s32 zof_table_set_col_width(zof_ctrl_t *ctrl, u32 col, u32 width) {
 
 s32 zof_table_set_cell_merge_right(zof_ctrl_t *ctrl, u32 row, u32 col) {
     return zof_on(ctrl, &lv_table_class, [=](lv_obj_t *obj) {
-        if (!has_room(obj, row, col))
+        if (!has_room(obj, row, col)) {
             return -1;
+        }
         bool merged = lv_table_has_cell_ctrl(obj, (u16)row, (u16)col, LV_TABLE_CELL_CTRL_MERGE_RIGHT);
         (merged ? lv_table_clear_cell_ctrl : lv_table_add_cell_ctrl)(obj, (u16)row, (u16)col,
                                                                      LV_TABLE_CELL_CTRL_MERGE_RIGHT);
@@ -170,8 +182,9 @@ s32 zof_table_set_cell_wrap(zof_ctrl_t *ctrl, zof_color_t border_color, u32 bord
 }
 
 s32 zof_table_get_selected_cell(zof_ctrl_t *ctrl, u16 *row, u16 *col) {
-    if (!row || !col)
+    if (!row || !col) {
         return -1;
+    }
     return zof_on(ctrl, &lv_table_class, [=](lv_obj_t *obj) { lv_table_get_selected_cell(obj, row, col); });
 }
 
@@ -187,17 +200,20 @@ s32 zof_table_set_value_changed_color(zof_ctrl_t *ctrl, zof_color_t color, u32 m
         u32 count = color_count(attr);
         u32 at = row * cols + col;
         // A finger that slides off the table presses a cell beyond its end.
-        if (row >= rows || col >= cols || at >= count)
+        if (row >= rows || col >= cols || at >= count) {
             return 0;
+        }
         u32 unmarked = default_color(obj);
         u32 marked = color & COLOR_MASK;
         u32 is = attr->cell_colors[at];
-        if (is != unmarked && is != marked)
+        if (is != unmarked && is != marked) {
             return 0;
+        }
         u32 paint = is == unmarked ? marked : unmarked;
         for (u32 i = 0; i < LV_MIN(count, rows * cols); i++) {
-            if ((mode == 0 && i == at) || (mode == 1 && i / cols == row) || (mode == 2 && i % cols == col))
+            if ((mode == 0 && i == at) || (mode == 1 && i / cols == row) || (mode == 2 && i % cols == col)) {
                 attr->cell_colors[i] = paint;
+            }
         }
         return 0;
     });

@@ -16,14 +16,16 @@ typedef struct {
 } ring_t;
 
 static s32 tile_pos(const ring_t *ring, lv_obj_t *tile) {
-    if (!tile)
+    if (!tile) {
         return 0;
+    }
     return ring->horizontal ? lv_obj_get_x(tile) : lv_obj_get_y(tile);
 }
 
 static void tile_move(const ring_t *ring, lv_obj_t *tile, s32 pos) {
-    if (!tile)
+    if (!tile) {
         return;
+    }
     if (ring->horizontal) {
         lv_obj_set_x(tile, pos);
     } else {
@@ -45,11 +47,13 @@ static void spare_move(const ring_t *ring) {
     s32 scroll = scroll_pos(ring);
     bool to_start = scroll < ring->page;
     lv_obj_t *spare = tile_at(ring, 0);
-    if (scroll == ring->page || tile_pos(ring, spare) != (to_start ? 0 : 2 * ring->page))
+    if (scroll == ring->page || tile_pos(ring, spare) != (to_start ? 0 : 2 * ring->page)) {
         return;
+    }
     s32 here = tile_pos(ring, tile_at(ring, 1)) == ring->page ? 1 : 2;
-    if (tile_pos(ring, tile_at(ring, here)) != ring->page)
+    if (tile_pos(ring, tile_at(ring, here)) != ring->page) {
         return;
+    }
     lv_obj_t *other = tile_at(ring, 3 - here);
     s32 end = 2 * ring->page;
     if (to_start) {
@@ -74,30 +78,35 @@ static void tiles_exchange(lv_obj_t *a, lv_obj_t *b) {
 static void pages_step_to_start(const ring_t *ring) {
     s32 count = (s32)lv_obj_get_child_cnt(ring->obj);
     if (ring->attr->count != 2) {
-        for (s32 i = 1; i < count; i++)
+        for (s32 i = 1; i < count; i++) {
             tiles_exchange(tile_at(ring, 0), tile_at(ring, i));
+        }
         return;
     }
-    for (s32 i : {1, 2})
+    for (s32 i : {1, 2}) {
         tile_move(ring, tile_at(ring, i), tile_pos(ring, tile_at(ring, i)) - ring->page);
+    }
     tile_move(ring, tile_at(ring, 0), 2 * ring->page);
 }
 
 static void pages_step_to_end(const ring_t *ring) {
     s32 last = (s32)lv_obj_get_child_cnt(ring->obj) - 1;
     if (ring->attr->count != 2) {
-        for (s32 j = last - 1; j >= 0; j--)
+        for (s32 j = last - 1; j >= 0; j--) {
             tiles_exchange(tile_at(ring, last), tile_at(ring, j));
+        }
         return;
     }
-    for (s32 i : {1, 2})
+    for (s32 i : {1, 2}) {
         tile_move(ring, tile_at(ring, i), tile_pos(ring, tile_at(ring, i)) + ring->page);
+    }
     tile_move(ring, tile_at(ring, 0), 0);
 }
 
 static void scroll_unlock_at_home(const ring_t *ring) {
-    if (scroll_pos(ring) == ring->home)
+    if (scroll_pos(ring) == ring->home) {
         lv_obj_add_flag(ring->obj, LV_OBJ_FLAG_SCROLLABLE);
+    }
 }
 
 static void come_home(const ring_t *ring) {
@@ -127,8 +136,9 @@ static void event_new_obj(lv_event_t *e) {
     lv_obj_t *second = lv_obj_get_child(obj, 1);
     const zof_tileview_attr_t *view = zof_ctrl_attr<zof_tileview_attr_t>(obj, ZOF_CTRL_TILEVIEW);
     const zof_tile_attr_t *tile = zof_ctrl_attr<zof_tile_attr_t>(second, ZOF_CTRL_TILE);
-    if (!view || !tile || (tile->dir != LV_DIR_HOR && tile->dir != LV_DIR_VER))
+    if (!view || !tile || (tile->dir != LV_DIR_HOR && tile->dir != LV_DIR_VER)) {
         return;
+    }
     ring_t ring = {.obj = obj, .attr = view, .horizontal = tile->dir == LV_DIR_HOR};
     ring.page = ring.horizontal ? view->pub_t.size.width : view->pub_t.size.height;
     ring.home = view->start_id * ring.page;
@@ -141,20 +151,24 @@ static void event_new_obj(lv_event_t *e) {
 
 s32 zof_tileview_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_tileview_attr_t *view = (zof_tileview_attr_t *)attr;
-    if (!record || !view)
+    if (!record || !view) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_tileview_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &view->pub_t);
     lv_obj_set_style_anim_time(obj, view->anim_time, LV_PART_MAIN);
     zof_ctrl_style_add(record, view->pub_t.style_list, view->pub_t.style_num, 0);
-    if (view->unlimited_scroll != 1)
+    if (view->unlimited_scroll != 1) {
         return 0;
+    }
     lv_obj_add_flag(obj, LV_OBJ_FLAG_SCROLL_ONE);
     lv_obj_t *spare = view->count == 2 ? lv_tileview_add_tile(obj, 0, 0, LV_DIR_ALL) : nullptr;
-    if (!spare)
+    if (!spare) {
         return 0;
+    }
     lv_obj_set_style_bg_color(spare, lv_palette_main(LV_PALETTE_GREY), LV_PART_MAIN);
     lv_obj_set_style_bg_opa(spare, LV_OPA_COVER, LV_PART_MAIN);
     return 0;
@@ -164,8 +178,9 @@ s32 zof_tileview_create(para_t *record, lv_obj_t *parent, void *attr) {
 static void ring_close(lv_obj_t *obj, zof_tileview_attr_t *view, u32 dir) {
     lv_obj_update_layout(obj);
     lv_obj_t *home = lv_obj_get_child(obj, view->start_id);
-    if (home)
+    if (home) {
         lv_obj_scroll_to_view(home, LV_ANIM_OFF);
+    }
     if (dir == LV_DIR_HOR || dir == LV_DIR_VER) {
         ring_t ring = {.obj = obj, .attr = view, .horizontal = dir == LV_DIR_HOR};
         view->limit_start = (s16)tile_pos(&ring, tile_at(&ring, view->start_id - 1));
@@ -182,8 +197,9 @@ static void ring_close(lv_obj_t *obj, zof_tileview_attr_t *view, u32 dir) {
 // A page of an endless view of two stands one place further: the spare page has the first.
 static lv_obj_t *endless_tile_add(lv_obj_t *parent, zof_tileview_attr_t *view, const zof_tile_attr_t *tile) {
     u8 ahead = view->count == 2;
-    if (ahead && tile->dir != LV_DIR_HOR && tile->dir != LV_DIR_VER)
+    if (ahead && tile->dir != LV_DIR_HOR && tile->dir != LV_DIR_VER) {
         return nullptr;
+    }
     u8 col = (u8)(tile->col_id + (ahead && tile->dir == LV_DIR_HOR));
     u8 row = (u8)(tile->row_id + (ahead && tile->dir == LV_DIR_VER));
     bool last = lv_obj_get_child_cnt(parent) + 1 == (u32)view->count + ahead;
@@ -193,23 +209,26 @@ static lv_obj_t *endless_tile_add(lv_obj_t *parent, zof_tileview_attr_t *view, c
         return nullptr;
     }
     lv_obj_t *obj = lv_tileview_add_tile(parent, col, row, tile->dir);
-    if (obj && last)
+    if (obj && last) {
         ring_close(parent, view, tile->dir);
+    }
     return obj;
 }
 
 s32 zof_tile_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_tile_attr_t *tile = (zof_tile_attr_t *)attr;
     zof_tileview_attr_t *view = zof_ctrl_attr<zof_tileview_attr_t>(parent, ZOF_CTRL_TILEVIEW);
-    if (!record || !tile || !view)
+    if (!record || !tile || !view) {
         return -1; // only a tile view has tiles
+    }
     if (view->unlimited_scroll == 1) {
         record->obj = endless_tile_add(parent, view, tile);
     } else {
         record->obj = lv_tileview_add_tile(parent, tile->col_id, tile->row_id, tile->dir);
     }
-    if (!record->obj)
+    if (!record->obj) {
         return -1;
+    }
     zof_ctrl_style_add(record, tile->pub_t.style_list, tile->pub_t.style_num, 0);
     lv_event_send(parent, LV_EVENT_SCROLL_END, nullptr);
     return 0;
@@ -240,8 +259,9 @@ s32 zof_tileview_get_tile_id(zof_ctrl_t *ctrl, u32 *row, u32 *col) {
         const lv_obj_t *tile = tile_shown(obj);
         lv_coord_t width = lv_obj_get_content_width(obj);
         lv_coord_t height = lv_obj_get_content_height(obj);
-        if (!tile || width < 1 || height < 1)
+        if (!tile || width < 1 || height < 1) {
             return -1;
+        }
         *col = (u32)(lv_obj_get_x(tile) / width);
         *row = (u32)(lv_obj_get_y(tile) / height);
         return 0;

@@ -11,14 +11,17 @@
 #include "zof_lib/zof_stdio.h"
 
 s32 zof_txt_change(char **slot, const char *text) {
-    if (!slot || !text)
+    if (!slot || !text) {
         return -1;
-    if (*slot && (*slot == text || strcmp(*slot, text) == 0))
+    }
+    if (*slot && (*slot == text || strcmp(*slot, text) == 0)) {
         return -1;
+    }
     size_t size = strlen(text) + 2;
     char *copy = (char *)zof_malloc(size); // not grown in place: `text` may lie within the former one
-    if (!copy)
+    if (!copy) {
         return -1;
+    }
     memset(copy, 0, size);
     memcpy(copy, text, size - 2);
     zof_free(*slot);
@@ -40,8 +43,9 @@ lv_obj_t *zof_txt_inner_label(const zof_ctrl_t *ctrl) {
 
 lv_obj_t *zof_txt_inner_create(lv_obj_t *btn, const char *text) {
     lv_obj_t *label = lv_label_create(btn);
-    if (!label)
+    if (!label) {
         return nullptr;
+    }
     lv_obj_set_width(label, lv_obj_get_width(btn));
     lv_label_set_long_mode(label, LV_LABEL_LONG_WRAP);
     lv_obj_clear_flag(label, LV_OBJ_FLAG_CLICKABLE);
@@ -52,8 +56,9 @@ lv_obj_t *zof_txt_inner_create(lv_obj_t *btn, const char *text) {
 }
 
 lv_font_t *zof_txt_font(const zof_pub_attr_t *attr, u32 size) {
-    if (!attr || attr->style_num == 0 || !attr->style_list || !attr->style_list[0])
+    if (!attr || attr->style_num == 0 || !attr->style_list || !attr->style_list[0]) {
         return nullptr;
+    }
     const char *file = attr->style_list[0]->txt_t.font_lib;
     return file ? zof_font_create_lvfont(file, size) : nullptr;
 }
@@ -62,8 +67,9 @@ s32 zof_txt_inner_set_size(zof_ctrl_t *ctrl, u32 size) {
     const para_t *record = zof_ctrl_record(ctrl);
     return zof_on(zof_txt_inner_label(ctrl), [=](lv_obj_t *label) {
         const lv_font_t *font = record ? zof_txt_font(record->attr, size) : nullptr;
-        if (font)
+        if (font) {
             lv_obj_set_style_text_font(label, font, LV_PART_MAIN);
+        }
     });
 }
 
@@ -81,8 +87,9 @@ static void view_update(void *view) {
 
 s32 zof_ctrl_txt_update(void) {
     const zof_prj_t *prj = zof_prj_get_cur();
-    if (!prj || !prj->view_list)
+    if (!prj || !prj->view_list) {
         return -1;
+    }
     __db_list_travel(prj->view_list, view_update);
     return 0;
 }

@@ -34,15 +34,17 @@ static u32 char_size(const char *at) {
                : first < 0xF8 ? 4
                               : 0;
     for (u32 i = 1; i < size; i++) {
-        if (((u8)at[i] & 0xC0) != 0x80)
+        if (((u8)at[i] & 0xC0) != 0x80) {
             return 0;
+        }
     }
     return size;
 }
 
 static bool is_accepted(const lift_t *box, const char *at, u32 size) {
-    if (lv_textarea_get_one_line(box->obj) && (*at == '\n' || *at == '\r'))
+    if (lv_textarea_get_one_line(box->obj) && (*at == '\n' || *at == '\r')) {
         return false;
+    }
     char one[5] = {};
     memcpy(one, at, size);
     return !box->accepted || !box->accepted[0] || strstr(box->accepted, one);
@@ -62,15 +64,17 @@ static char *text_taken(const lift_t *box, const char *text, u32 length) {
         }
         text += size ? size : 1;
     }
-    if (end)
+    if (end) {
         *end = 0;
+    }
     return taken;
 }
 
 static lift_t lift_of(lv_obj_t *obj) {
     for (const lift_t *at = lifts; at; at = at->outer) {
-        if (at->obj == obj)
+        if (at->obj == obj) {
             return {obj, at->accepted, at->max, lifts};
+        }
     }
     return {obj, lv_textarea_get_accepted_chars(obj), lv_textarea_get_max_length(obj), lifts};
 }
@@ -107,11 +111,13 @@ static void end_show(lv_obj_t *obj) {
 
 s32 zof_txtbox_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_txtbox_attr_t *box = (zof_txtbox_attr_t *)attr;
-    if (!record || !box)
+    if (!record || !box) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = lv_textarea_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     zof_ctrl_pub_attr(record, &box->pub_t);
     lv_textarea_set_one_line(obj, box->line_mode != 1);
     lv_obj_set_style_text_align(obj, (lv_text_align_t)(box->txt_align_e & 3), LV_PART_MAIN);
@@ -130,8 +136,9 @@ s32 zof_txtbox_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_txtbox_add_txt(zof_ctrl_t *ctrl, const char *text) {
-    if (!text)
+    if (!text) {
         return -1;
+    }
     return on_box(ctrl, [=](lv_obj_t *obj) {
         return text_hand_over(obj, text, _lv_txt_get_encoded_length(lv_textarea_get_text(obj)), lv_textarea_add_text);
     });
@@ -167,8 +174,9 @@ s32 zof_txtbox_cursor_move(zof_ctrl_t *ctrl, u32 where) {
     static void (*const moves[])(lv_obj_t *) = {lv_textarea_cursor_right, lv_textarea_cursor_left,
                                                 lv_textarea_cursor_down, lv_textarea_cursor_up};
     return on_box(ctrl, [=](lv_obj_t *obj) {
-        if (where < sizeof(moves) / sizeof(moves[0]))
+        if (where < sizeof(moves) / sizeof(moves[0])) {
             moves[where](obj);
+        }
     });
 }
 

@@ -18,11 +18,13 @@ static s32 state_set(zof_video_attr_t *video, lv_obj_t *obj, u32 state) {
 
 s32 zof_video_create(para_t *record, lv_obj_t *parent, void *attr) {
     auto *video = (zof_video_attr_t *)attr;
-    if (!record || !video)
+    if (!record || !video) {
         return -1;
+    }
     lv_obj_t *obj = record->obj = zof_drv_video_create(parent);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     const zof_pub_attr_t *pub = &video->pub_t;
     memset(&obj->coords, 0, sizeof(obj->coords));
     lv_obj_set_user_data(obj, record);
@@ -34,8 +36,9 @@ s32 zof_video_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_video_set_src(zof_ctrl_t *ctrl, const char *name) {
-    if (!IsMp4File(name))
+    if (!IsMp4File(name)) {
         return -1;
+    }
     return zof_on(ctrl, [=](lv_obj_t *obj) { return zof_drv_video_set_src(obj, zof_res_path_check(name, "video/")); });
 }
 

@@ -22,7 +22,8 @@ u8 *zof_file_read_all(const char *path, u32 most, u32 *size, const char **why);
 // zof_file_write.
 FILE *zof_file_write_open(const char *path, zof_bool keep);
 
-// Where a path leads when all links are followed, without "." and ".."; 0, or -1 when nothing is there or it does not fit.
+// Where a path leads when all links are followed, without "." and ".."; 0, or -1 when nothing is there or it does not
+// fit.
 s32 zof_file_real_path(const char *path, char *out, size_t size);
 
 // The functions below are for media that strangers made, and follow no link.

@@ -10,7 +10,14 @@
 #include "zof_lib/zof_stdio.h"
 
 enum { PORT_COUNT = 256, BUF_LEN = 2048, BUF_LEN_MIN = 1024, BUF_LEN_MAX = 1024 * 1024 };
-enum { CLIENT_BUF_MIN = 2048, CLIENT_BUF_MAX = 102400, TIMEOUT_MIN = 5, TIMEOUT_MAX = 1000, TELL_MS = 1000, ROOM_WAIT_MS = 1000 };
+enum {
+    CLIENT_BUF_MIN = 2048,
+    CLIENT_BUF_MAX = 102400,
+    TIMEOUT_MIN = 5,
+    TIMEOUT_MAX = 1000,
+    TELL_MS = 1000,
+    ROOM_WAIT_MS = 1000
+};
 
 // The receive context of one open port. What two threads look at is atomic; buffers have their own lock. A client's
 // `run` is raised last, when its buffer and semaphore stand.

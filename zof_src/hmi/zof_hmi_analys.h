@@ -12,8 +12,8 @@ ZOF_C_BEGIN
 // As the length byte of a key: the lengths in the rows count.
 enum { ZOF_HMI_KEY_ANY = 255 };
 
-// The longest frame that the link can receive, in bytes; a head that announces more is noise. How long a part of a frame
-// waits for its rest behind a silence.
+// The longest frame that the link can receive, in bytes; a head that announces more is noise. How long a part of a
+// frame waits for its rest behind a silence.
 enum { ZOF_HMI_RECEIVE_MAX = 4352, ZOF_HMI_KEPT_MS = 1000 };
 
 // Null until their init; they live for the whole run. The first belongs to the receive thread, the second to the

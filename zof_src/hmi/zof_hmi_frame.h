@@ -37,7 +37,8 @@ typedef struct {
 u16 zof_hmi_crc16(const u8 *data, u32 size);
 
 // Looks at one frame at `data`. The whole frame's length; 0 without analyser or data; -1 for a wrong head;
-// ZOF_HMI_CHECK_PART when `size` bytes are not all of it; -3 for a wrong CRC, or a length that has no room for a command.
+// ZOF_HMI_CHECK_PART when `size` bytes are not all of it; -3 for a wrong CRC, or a length that has no room for a
+// command.
 enum { ZOF_HMI_CHECK_PART = -2 };
 s32 zof_hmi_cmd_check_data(const zof_hmi_cmd_analys_t *analys, const u8 *data, u32 size);
 

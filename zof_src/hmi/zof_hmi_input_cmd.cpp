@@ -6,10 +6,12 @@
 static s32 mbox_ctrl(void *type, void *, void *value, void *reply) {
     para_t *box = hmi_ctrl(type, ZOF_CTRL_MBOX);
     const u8 open = *(u8 *)value;
-    if (open == 0)
+    if (open == 0) {
         zof_mbox_s_close(box);
-    if (open == 1)
+    }
+    if (open == 1) {
         zof_mbox_s_open(box);
+    }
     return hmi_ctrl_refuse(reply);
 }
 
@@ -34,16 +36,18 @@ template <s32 TYPE, auto CALL> static s32 get_btn_text(void *type, void *req, vo
 
 static s32 btnm_btn_set_ctrl(void *type, void *, void *value, void *reply) {
     const auto *v = (const zof_hmi_u8u16u16_t *)value;
-    if (v->a > 1)
+    if (v->a > 1) {
         return hmi_ctrl_refuse(reply);
+    }
     return hmi_ctrl_answer(reply, (v->a ? zof_btnmatrix_set_btn_ctrl : zof_btnmatrix_clear_btn_ctrl)(
                                       hmi_ctrl(type, ZOF_CTRL_BTNMATRIX), v->b, v->c));
 }
 
 static s32 btnm_set_ctrl(void *type, void *, void *value, void *reply) {
     const auto *v = (const zof_hmi_u8u16_t *)value;
-    if (v->a > 1)
+    if (v->a > 1) {
         return hmi_ctrl_refuse(reply);
+    }
     return hmi_ctrl_answer(reply, (v->a ? zof_btnmatrix_set_btn_ctrl_all
                                         : zof_btnmatrix_clear_btn_ctrl_all)(hmi_ctrl(type, ZOF_CTRL_BTNMATRIX), v->b));
 }

@@ -15,8 +15,7 @@ enum { RATE_MOST = 192000, CHANNELS_MOST = 8 };
 // The one demuxer for each name: a file is what it is called, and is not guessed at.
 static const struct {
     const char *extension, *demuxer;
-} demuxers[] = {{".mp4", "mov"},      {".mp3", "mp3"},       {".aac", "aac"},
-                {".jpg", "jpeg_pipe"}};
+} demuxers[] = {{".mp4", "mov"}, {".mp3", "mp3"}, {".aac", "aac"}, {".jpg", "jpeg_pipe"}};
 
 static const AVInputFormat *demuxer_of(const char *extension) {
     for (const auto &row : demuxers) {
@@ -280,7 +279,7 @@ SwsContext *ff_scaler(int from_w, int from_h, int from_format, int w, int h) {
     }
     // BGR0 would keep the unused byte of formats that have one, and the window takes it for transparency.
     return ff.sws_getContext(from_w, from_h, (AVPixelFormat)from_format, w, h, AV_PIX_FMT_BGRA, flags, nullptr, nullptr,
-                          nullptr);
+                             nullptr);
 }
 
 bool ff_scale(SwsContext *scaler, const AVFrame *frame, u8 *pixels, int w, int h) {

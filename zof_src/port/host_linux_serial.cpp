@@ -1,7 +1,7 @@
 // Linux serial lines over termios2, so that any rate can be set, not only those with a constant. A device that is
 // missing, at the start or later, is looked for by the reader thread. One lock guards the descriptor: the reader takes
-// it only to swap the descriptor, never while it opens or closes one, because senders wait for it with the graphics lock
-// in hand.
+// it only to swap the descriptor, never while it opens or closes one, because senders wait for it with the graphics
+// lock in hand.
 #include <asm/termbits.h>
 #include <errno.h>
 #include <fcntl.h>
@@ -133,7 +133,7 @@ static void line_release(zof_host_serial_t *s) {
 
 static void opened_log(const zof_host_serial_t *s) {
     zof_printf("serial port %d: %s at %u baud, %u%c%u", s->port, s->path, s->line.baud, s->line.data_bits,
-               "NOE"[s->line.parity], s->line.stop_bits);
+               "NOE"[s->line.parity], s -> line.stop_bits);
 }
 
 // A device that is missing or busy is waited for; a file that is no serial line is not.
@@ -190,8 +190,8 @@ static bool room_wait(const zof_host_serial_t *s, u64 deadline) {
     return now < deadline && poll(&p, 1, (int)(deadline - now)) > 0 && (p.revents & POLLOUT);
 }
 
-// Writes what the line takes. The wait begins again with every byte that goes out, as long as the line is no slower than
-// its rate. Returns the bytes written; `full` is true when the line took no more in time.
+// Writes what the line takes. The wait begins again with every byte that goes out, as long as the line is no slower
+// than its rate. Returns the bytes written; `full` is true when the line took no more in time.
 static u32 line_write(const zof_host_serial_t *s, const u8 *data, u32 size, bool patient, bool *full) {
     const u64 start = host_monotonic_ms();
     const u64 needed = (u64)size * BITS_PER_BYTE * 1000 / (s->line.baud ? s->line.baud : 1);

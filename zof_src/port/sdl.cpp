@@ -13,8 +13,8 @@
 #include "drv/zof_drv_touch.h"
 #include "drv/zof_drv_up.h"
 #include "drv/zof_loop_in.h"
-#include "port/zof_host.h"
 #include "port/win_loop.h"
+#include "port/zof_host.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 

@@ -69,7 +69,7 @@ void zof_file_fault_set(zof_file_fault_t fault);
 void *zof_host_library_open(const char *name, s32 major);
 void *zof_host_library_symbol(void *library, const char *name);
 
-void zof_host_screen_size(s32 *w, s32 *h);             // the desktop's size in pixels; 0, 0 when unknown
+void zof_host_screen_size(s32 *w, s32 *h); // the desktop's size in pixels; 0, 0 when unknown
 
 // Serial line. Port P is the path in the environment variable ZOF_COM<P>, else the system's own name for it; one line
 // says which path was opened, or which failed and why. A line that is opened is locked against other programs. A device

@@ -27,7 +27,7 @@ zof_bool PathExist(const char *path) {
 
 s32 zof_file_get_size(const char *path) {
     s64 size = path ? zof_file_size(path) : -1;
-    return size > INT32_MAX ? -1 : static_cast<s32>(size);
+    return size > INT32_MAX ? -1 : (s32)size;
 }
 
 u32 get_file_content(const char *path, void *buf) {
@@ -36,8 +36,8 @@ u32 get_file_content(const char *path, void *buf) {
         return 0;
     }
     u32 count = 0;
-    for (size_t n; (n = std::fread(static_cast<u8 *>(buf) + count, 1, 4096, file)) > 0;) {
-        count += static_cast<u32>(n);
+    for (size_t n; (n = std::fread((u8 *)buf + count, 1, 4096, file)) > 0;) {
+        count += (u32)n;
     }
     std::fclose(file);
     return count;

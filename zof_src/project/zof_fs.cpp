@@ -54,25 +54,25 @@ const char *zof_fs_get_real_path(const char *path) {
     }
     char whole[sizeof fs_path];
     int length = std::snprintf(whole, sizeof whole, "%s%s%s", base, path[0] == 'P' ? "/../" : "", path + 2);
-    if (length < 0 || static_cast<size_t>(length) >= sizeof whole) {
+    if (length < 0 || (size_t)length >= sizeof whole) {
         zof_printf("path too long: %.80s...\n", path);
         return nullptr;
     }
-    std::memcpy(fs_path, whole, static_cast<size_t>(length) + 1);
+    std::memcpy(fs_path, whole, (size_t)length + 1);
     folders_make(std::strlen(base));
     return fs_path;
 }
 
 static s32 done_or_error(lv_fs_res_t result) {
-    return -static_cast<s32>(result); // LVGL's good result is 0
+    return -(s32)result; // LVGL's good result is 0
 }
 
 static s32 count_or_error(lv_fs_res_t result, const u32 *count) {
-    return result == LV_FS_RES_OK ? static_cast<s32>(*count) : done_or_error(result);
+    return result == LV_FS_RES_OK ? (s32)(*count) : done_or_error(result);
 }
 
 lv_fs_file_t *zof_fs_open(const char *path, lv_fs_mode_t mode) {
-    auto *f = path ? static_cast<lv_fs_file_t *>(zof_malloc(sizeof(lv_fs_file_t))) : nullptr;
+    auto *f = path ? (lv_fs_file_t *)(zof_malloc(sizeof(lv_fs_file_t))) : nullptr;
     if (f && lv_fs_open(f, path, mode) != LV_FS_RES_OK) {
         zof_free(f);
         f = nullptr;
@@ -109,7 +109,7 @@ s32 zof_fs_tell(lv_fs_file_t *f) {
 }
 
 lv_fs_dir_t *zof_fs_dir_open(const char *path) {
-    auto *d = path ? static_cast<lv_fs_dir_t *>(zof_malloc(sizeof(lv_fs_dir_t))) : nullptr;
+    auto *d = path ? (lv_fs_dir_t *)(zof_malloc(sizeof(lv_fs_dir_t))) : nullptr;
     if (d && lv_fs_dir_open(d, path) != LV_FS_RES_OK) {
         zof_free(d);
         d = nullptr;

@@ -95,7 +95,7 @@ zof_pub_attr_t *zof_j2s_ctrl_create(cJSON *property, u32 type) {
     if (!property || size == 0) {
         return nullptr;
     }
-    auto *record = static_cast<zof_pub_attr_t *>(zof_malloc(size));
+    auto *record = (zof_pub_attr_t *)zof_malloc(size);
     if (!record) {
         zof_printf("attr_t zof_malloc fail");
         return nullptr;
@@ -178,7 +178,7 @@ zof_pub_attr_t *zof_j2s_walk_get(zof_j2s_walk_t *walk) {
                              : "type is no control type");
         return nullptr;
     }
-    zof_pub_attr_t *record = zof_j2s_ctrl_create(property, static_cast<u32>(type));
+    zof_pub_attr_t *record = zof_j2s_ctrl_create(property, (u32)type);
     if (record) {
         styles_add(record, cJSON_GetStringValue(theme), cJSON_GetObjectItem(property, "styles"));
     }
@@ -237,7 +237,7 @@ void zof_j2s_ctrl_delete(zof_pub_attr_t *record, u32 type) {
     styles_delete(record, type);
     zof_j2s_free_ctrl_struct(record, type);
     // Whoever still holds the record by mistake shall find zeros rather than old pointers.
-    std::memset(static_cast<void *>(record), 0, size);
+    std::memset((void *)record, 0, size);
     zof_free(record);
 }
 
@@ -251,9 +251,9 @@ void zof_j2s_get_style(cJSON *root, zof_pub_attr_t *record) {
         zof_printf("styles: %d of them, only the first %d count\n", count, UINT8_MAX);
         count = UINT8_MAX;
     }
-    auto **list = static_cast<zof_style_attr_t **>(zof_malloc(static_cast<size_t>(count) * sizeof(zof_style_attr_t *)));
+    auto **list = (zof_style_attr_t **)(zof_malloc((size_t)count * sizeof(zof_style_attr_t *)));
     for (cJSON *json = styles->child; list && json && record->style_num < count; json = json->next) {
-        auto *style = static_cast<zof_style_attr_t *>(zof_malloc(sizeof(zof_style_attr_t)));
+        auto *style = (zof_style_attr_t *)(zof_malloc(sizeof(zof_style_attr_t)));
         if (!style) {
             break;
         }

@@ -19,9 +19,9 @@ static long size_of(FILE *file) {
 static char *read_all(FILE *file, const char **why) {
     const long size = size_of(file);
     // One byte more than the file, and zeroed: the text has its terminator.
-    auto *text = size < 0 ? nullptr : static_cast<char *>(zof_malloc(static_cast<size_t>(size) + 1));
+    auto *text = size < 0 ? nullptr : (char *)(zof_malloc((size_t)size + 1));
     *why = size >= 0 && !text ? "err:zof_malloc error!" : "read error!";
-    if (text && std::fread(text, 1, static_cast<size_t>(size), file) < 1) {
+    if (text && std::fread(text, 1, (size_t)size, file) < 1) {
         zof_free(text);
         text = nullptr;
     }
@@ -61,7 +61,7 @@ static void print_place(const char *path, const char *text, const char *at) {
             line_start = c + 1;
         }
     }
-    zof_printf("%s:%d:%d: parse error\n", path ? path : "", line, static_cast<int>(at - line_start) + 1);
+    zof_printf("%s:%d:%d: parse error\n", path ? path : "", line, (int)(at - line_start) + 1);
 }
 
 cJSON *zof_j2s_parse(const char *path, const char *text) {

@@ -14,7 +14,7 @@ static struct {
 
 // A zeroed record, decoded: the shape of every whole-file reader.
 template <typename T> static T *record_of(cJSON *json, s32 (*decode)(cJSON *, T *)) {
-    auto *record = static_cast<T *>(zof_malloc(sizeof(T)));
+    auto *record = (T *)(zof_malloc(sizeof(T)));
     if (!record) {
         return nullptr;
     }
@@ -59,11 +59,11 @@ static zof_view_name_t *view_name_of(cJSON *entry) {
     if (!cJSON_IsNumber(id) || !name) {
         return nullptr;
     }
-    auto *made = static_cast<zof_view_name_t *>(zof_malloc(sizeof(zof_view_name_t)));
+    auto *made = (zof_view_name_t *)(zof_malloc(sizeof(zof_view_name_t)));
     if (!made) {
         return nullptr;
     }
-    made->id = static_cast<u32>(id->valueint);
+    made->id = (u32)id->valueint;
     made->name = zof_res_path_zof_malloc(name);
     return made;
 }

@@ -16,7 +16,7 @@ bool path_outside_allowed(void) {
 
 static bool has_controls(const char *name) {
     for (; *name; name++) {
-        if (static_cast<u8>(*name) < ' ' || *name == 0x7F) {
+        if ((u8)(*name) < ' ' || *name == 0x7F) {
             return true;
         }
     }

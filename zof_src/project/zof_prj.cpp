@@ -31,7 +31,7 @@ zof_prj_t *zof_prj_get_cur(void) {
 // Every path is this text with a name behind it, so it has to end in a separator.
 static char *folder_copy(const char *path) {
     size_t length = path ? std::strlen(path) : 0;
-    auto *copy = length ? static_cast<char *>(zof_malloc(length + 2)) : nullptr;
+    auto *copy = length ? (char *)zof_malloc(length + 2) : nullptr;
     if (copy) {
         std::memcpy(copy, path, length);
         char last = path[length - 1];
@@ -59,7 +59,7 @@ static void left_overs_clear() {
 }
 
 zof_prj_t *zof_prj_obj_create(const char *path) {
-    auto *prj = static_cast<zof_prj_t *>(zof_malloc(sizeof(zof_prj_t)));
+    auto *prj = (zof_prj_t *)(zof_malloc(sizeof(zof_prj_t)));
     if (!prj) {
         return nullptr;
     }
@@ -97,7 +97,7 @@ s32 zof_prj_hw_init(void) {
 
 static void all_views_load(zof_prj_t *prj) {
     zof_view_name_t *name = nullptr;
-    for (s32 i = 0; (name = static_cast<zof_view_name_t *>(__db_list_visit(prj->view_names, i))); i++) {
+    for (s32 i = 0; (name = (zof_view_name_t *)__db_list_visit(prj->view_names, i)); i++) {
         zof_view_load(name->id);
     }
 }
@@ -111,7 +111,7 @@ s32 zof_prj_create(const zof_view_fun_t *views, u32 count) {
     prj->view_fun_cnt = views ? count : 0;
     u8 cache = prj->attr->cacheImg;
     if (cache) {
-        lv_img_cache_set_size(cache < IMG_CACHE_MAX ? cache : static_cast<u8>(IMG_CACHE_MAX));
+        lv_img_cache_set_size(cache < IMG_CACHE_MAX ? cache : (u8)IMG_CACHE_MAX);
     }
     zof_prj_show_power_on_logo();
     zof_view_set_dis_view(prj->attr->start_page);
@@ -148,8 +148,8 @@ s32 zof_prj_check_wh_avlid(void) {
     u32 w = 0;
     u32 h = 0;
     zof_drv_get_wh_max_value(&w, &h);
-    s64 area = static_cast<s64>(prj->attr->width) * prj->attr->height;
-    ret = area > 0 && static_cast<u64>(w) * h < static_cast<u64>(area);
+    s64 area = (s64)prj->attr->width * prj->attr->height;
+    ret = area > 0 && (u64)w * h < (u64)area;
     return ret;
 }
 

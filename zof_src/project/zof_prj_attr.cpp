@@ -43,14 +43,10 @@ const reflect_item_t zof_prj_hw_attr_t_tbl[] = {
 };
 
 const reflect_item_t zof_func_standby_t_tbl[] = {
-    CSON_INT(zof_func_standby_t, stdby_view),
-    CSON_INT(zof_func_standby_t, stdby_time),
-    CSON_INT(zof_func_standby_t, stdby_bright),
-    CSON_INT(zof_func_standby_t, off_time),
-    CSON_INT(zof_func_standby_t, off_bright),
-    CSON_INT(zof_func_standby_t, on_bright),
-    CSON_INT(zof_func_standby_t, on_view),
-    CSON_END,
+    CSON_INT(zof_func_standby_t, stdby_view),   CSON_INT(zof_func_standby_t, stdby_time),
+    CSON_INT(zof_func_standby_t, stdby_bright), CSON_INT(zof_func_standby_t, off_time),
+    CSON_INT(zof_func_standby_t, off_bright),   CSON_INT(zof_func_standby_t, on_bright),
+    CSON_INT(zof_func_standby_t, on_view),      CSON_END,
 };
 
 const reflect_item_t zof_func_t_tbl[] = {
@@ -100,14 +96,10 @@ const reflect_item_t zof_hmi_attr_t_tbl[] = {
 };
 
 const reflect_item_t zof_view_attr_t_tbl[] = {
-    CSON_TEXT(zof_view_attr_t, v_name),
-    CSON_INT(zof_view_attr_t, v_id),
-    CSON_INT(zof_view_attr_t, bg_scale),
-    CSON_INT(zof_view_attr_t, bg_color),
-    CSON_TEXT(zof_view_attr_t, bg_image),
-    CSON_INT(zof_view_attr_t, layer),
-    CSON_BOOL(zof_view_attr_t, model_en),
-    CSON_END,
+    CSON_TEXT(zof_view_attr_t, v_name),   CSON_INT(zof_view_attr_t, v_id),
+    CSON_INT(zof_view_attr_t, bg_scale),  CSON_INT(zof_view_attr_t, bg_color),
+    CSON_TEXT(zof_view_attr_t, bg_image), CSON_INT(zof_view_attr_t, layer),
+    CSON_BOOL(zof_view_attr_t, model_en), CSON_END,
 };
 
 const reflect_item_t zof_scrollbar_t_tbl[] = {
@@ -154,12 +146,8 @@ const reflect_item_t zof_shadow_t_tbl[] = {
 };
 
 const reflect_item_t zof_padding_t_tbl[] = {
-    CSON_INT(zof_padding_t, top),
-    CSON_INT(zof_padding_t, bottom),
-    CSON_INT(zof_padding_t, left),
-    CSON_INT(zof_padding_t, right),
-    CSON_INT(zof_padding_t, inner),
-    CSON_END,
+    CSON_INT(zof_padding_t, top),   CSON_INT(zof_padding_t, bottom), CSON_INT(zof_padding_t, left),
+    CSON_INT(zof_padding_t, right), CSON_INT(zof_padding_t, inner),  CSON_END,
 };
 
 const reflect_item_t zof_body_dis_t_tbl[] = {
@@ -175,14 +163,10 @@ const reflect_item_t zof_body_dis_t_tbl[] = {
 };
 
 const reflect_item_t zof_text_dis_t_tbl[] = {
-    CSON_INT(zof_text_dis_t, color),
-    CSON_INT(zof_text_dis_t, sel_color),
-    CSON_TEXT(zof_text_dis_t, font_lib),
-    CSON_INT(zof_text_dis_t, font_size),
-    CSON_INT(zof_text_dis_t, char_space),
-    CSON_INT(zof_text_dis_t, line_space),
-    CSON_INT(zof_text_dis_t, opa),
-    CSON_END,
+    CSON_INT(zof_text_dis_t, color),      CSON_INT(zof_text_dis_t, sel_color),
+    CSON_TEXT(zof_text_dis_t, font_lib),  CSON_INT(zof_text_dis_t, font_size),
+    CSON_INT(zof_text_dis_t, char_space), CSON_INT(zof_text_dis_t, line_space),
+    CSON_INT(zof_text_dis_t, opa),        CSON_END,
 };
 
 const reflect_item_t zof_img_dis_t_tbl[] = {

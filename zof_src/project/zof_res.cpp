@@ -33,7 +33,7 @@ s32 zof_res_set_path_cache(u32 n) {
     if (n == 0) {
         return -1;
     }
-    auto *buffer = static_cast<char *>(zof_malloc(2 * (static_cast<size_t>(n) + 1)));
+    auto *buffer = (char *)(zof_malloc(2 * ((size_t)n + 1)));
     if (!buffer) {
         return -1;
     }
@@ -51,11 +51,11 @@ static char *join(const char *a, const char *b, const char *c) {
     const char *parts[] = {a ? a : "", b ? b : "", c ? c : ""};
     char *whole = res.res_path_buf + res.res_path_len;
     int length = std::snprintf(whole, res.res_path_len, "%s%s%s", parts[0], parts[1], parts[2]);
-    if (length < 0 || static_cast<u32>(length) >= res.res_path_len) {
+    if (length < 0 || (u32)length >= res.res_path_len) {
         zof_printf("path too long: %.80s...%.80s\n", parts[0], parts[2]);
         return nullptr;
     }
-    std::memcpy(res.res_path_buf, whole, static_cast<size_t>(length) + 1);
+    std::memcpy(res.res_path_buf, whole, (size_t)length + 1);
     return res.res_path_buf;
 }
 
@@ -127,7 +127,7 @@ static char *drive_path(const char *name) {
     if (!path_name_passes(nullptr, letter) || !path_name_passes(letter, name + 2)) {
         return nullptr;
     }
-    auto *path = const_cast<char *>(zof_fs_get_real_path(name));
+    auto *path = (char *)zof_fs_get_real_path(name);
     const char *base = zof_fs_drive_base(name[0]);
     if (!base && !path_outside_allowed()) {
         zof_printf("%s: no such drive", name);
@@ -179,8 +179,8 @@ char *zof_res_path_zof_malloc(const char *text) {
         return nullptr;
     }
     size_t size = std::strlen(text) + 1;
-    auto *copy = static_cast<char *>(zof_malloc(size));
-    return copy ? static_cast<char *>(std::memcpy(copy, text, size)) : nullptr;
+    auto *copy = (char *)zof_malloc(size);
+    return copy ? (char *)std::memcpy(copy, text, size) : nullptr;
 }
 
 void zof_res_path_free(void *copy) {

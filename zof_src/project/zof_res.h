@@ -24,8 +24,8 @@ char *zof_res_file_path(const char *a, const char *b, const char *c);
 // The current project's folder with its "/", owned by the project; null without one.
 const char *zof_res_get_prj_path(void);
 
-// Project folder + dir + name. Null without a project, and, with a line, for a name that has control characters or leads
-// out of the project, by ".." or through links, unless the project file says "allow_outside": 1.
+// Project folder + dir + name. Null without a project, and, with a line, for a name that has control characters or
+// leads out of the project, by ".." or through links, unless the project file says "allow_outside": 1.
 char *zof_res_get_prjfile_path(const char *dir, const char *name);
 
 // Project folder + dir + name + ".g"; null too for a null name, and for one of more than 47 bytes.
@@ -34,13 +34,13 @@ char *zof_res_get_g_file_path(const char *dir, const char *name);
 // The theme file of a control type; null for a null theme or an unknown type.
 char *zof_res_get_theme_path(const char *theme, u32 type);
 
-// The entry for every resource that a project or a host names: "D:x" and its like through the drives, anything else from
-// the folder of its kind, for instance "image/". Null for null, and, with a line, for a name that leads out of the project
-// and the drive's folder or names an unknown drive, as above.
+// The entry for every resource that a project or a host names: "D:x" and its like through the drives, anything else
+// from the folder of its kind, for instance "image/". Null for null, and, with a line, for a name that leads out of the
+// project and the drive's folder or names an unknown drive, as above.
 char *zof_res_path_check(const char *name, const char *dir);
 
-// The same for what LVGL opens as a picture, a GIF or a folder of pictures; every such source passes here. Null too for a
-// path that LVGL would take for a picture in memory or a symbol, which it does by the first byte.
+// The same for what LVGL opens as a picture, a GIF or a folder of pictures; every such source passes here. Null too for
+// a path that LVGL would take for a picture in memory or a symbol, which it does by the first byte.
 const char *zof_res_picture_path(const char *name);
 
 // True for what LVGL takes for a path: its first byte is printing ASCII.

@@ -52,8 +52,9 @@ static void body_fill(lv_style_t *lv, const zof_body_dis_t *body) {
 
 static void text_fill(lv_style_t *lv, const zof_text_dis_t *text) {
     lv_font_t *font = text->font_lib ? zof_font_create_lvfont(text->font_lib, text->font_size) : nullptr;
-    if (font)
+    if (font) {
         lv_style_set_text_font(lv, font);
+    }
     lv_style_set_text_color(lv, zof_color_to_lv(text->color));
     lv_style_set_text_opa(lv, text->opa);
 }
@@ -69,8 +70,9 @@ static void image_fill(lv_style_t *lv, const zof_img_dis_t *image) {
 }
 
 s32 zof_style_get_lv_value(zof_style_attr_t *style, lv_style_t *lv_style) {
-    if (!style || !lv_style)
+    if (!style || !lv_style) {
         return -1;
+    }
     if (lv_style == style->lv_style) {
         path_release(lv_style);
         lv_style_reset(lv_style);
@@ -83,12 +85,14 @@ s32 zof_style_get_lv_value(zof_style_attr_t *style, lv_style_t *lv_style) {
 }
 
 lv_style_t *zof_style_create(zof_style_attr_t *style) {
-    if (!style)
+    if (!style) {
         return nullptr;
+    }
     if (!style->lv_style) {
         style->lv_style = (lv_style_t *)zof_malloc(sizeof(lv_style_t));
-        if (!style->lv_style)
+        if (!style->lv_style) {
             return nullptr;
+        }
         lv_style_init(style->lv_style);
     }
     zof_style_get_lv_value(style, style->lv_style);
@@ -105,8 +109,9 @@ static lv_obj_tree_walk_res_t detach(lv_obj_t *obj, void *style) {
 }
 
 s32 zof_style_del(zof_ctrl_t *ctrl, zof_style_attr_t *style) {
-    if (!style || !style->lv_style)
+    if (!style || !style->lv_style) {
         return -1;
+    }
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
     if (obj && style->style_sect == 0) {
         lv_obj_remove_style(obj, style->lv_style, style->style_part | style->style_state);
@@ -124,14 +129,17 @@ s32 zof_style_del(zof_ctrl_t *ctrl, zof_style_attr_t *style) {
 
 s32 zof_ctrl_style_add(zof_ctrl_t *ctrl, zof_style_attr_t **styles, u8 count, u32 sect) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || !styles)
+    if (!obj || !styles) {
         return -1;
+    }
     for (u32 i = 0; i < count; i++) {
         zof_style_attr_t *style = styles[i];
-        if (!style || style->style_sect != sect)
+        if (!style || style->style_sect != sect) {
             continue;
-        if (!style->lv_style && !zof_style_create(style))
+        }
+        if (!style->lv_style && !zof_style_create(style)) {
             continue;
+        }
         lv_obj_add_style(obj, style->lv_style, style->style_part | style->style_state);
     }
     return 0;
@@ -139,32 +147,36 @@ s32 zof_ctrl_style_add(zof_ctrl_t *ctrl, zof_style_attr_t **styles, u8 count, u3
 
 s32 zof_ctrl_style_set_bg_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     lv_obj_set_style_bg_color(obj, zof_color_to_lv(color), selector);
     return 0;
 }
 
 s32 zof_ctrl_style_set_bg_grad_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     lv_obj_set_style_bg_grad_color(obj, zof_color_to_lv(color), selector);
     return 0;
 }
 
 s32 zof_ctrl_style_set_bg_opa(zof_ctrl_t *ctrl, u8 opa, u32 selector) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     lv_obj_set_style_bg_opa(obj, opa, selector);
     return 0;
 }
 
 s32 zof_ctrl_style_set_bg_grad_dir(zof_ctrl_t *ctrl, u32 dir, u32 selector) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj)
+    if (!obj) {
         return -1;
+    }
     lv_obj_set_style_bg_grad_dir(obj, (lv_grad_dir_t)(dir < 3 ? dir : 0), selector);
     return 0;
 }

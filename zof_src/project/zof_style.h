@@ -65,8 +65,8 @@ lv_color_t zof_color_to_lv(zof_color_t color);
 // with others: what no screen could show is cut to 4095. Paddings may be negative, which the unsigned field holds too.
 lv_coord_t zof_length_to_lv(u32 pixels);
 
-// A place or distance to LVGL, which adds and multiplies them in 32 bits: kept within 4194304 to either side, far beyond
-// any screen. Percents and LVGL's sizes of the content stay. Style properties have these bounds of their own.
+// A place or distance to LVGL, which adds and multiplies them in 32 bits: kept within 4194304 to either side, far
+// beyond any screen. Percents and LVGL's sizes of the content stay. Style properties have these bounds of their own.
 lv_coord_t zof_coord_to_lv(s32 pixels);
 
 ZOF_C_END

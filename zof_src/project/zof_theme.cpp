@@ -23,57 +23,70 @@ static struct {
 
 static zof_pub_attr_t *theme_read(const char *theme, u32 type) {
     const char *path = zof_res_get_theme_path(theme, type);
-    if (!path || zof_file_get_size(path) < 0)
+    if (!path || zof_file_get_size(path) < 0) {
         return nullptr;
+    }
     zof_rootjson_t json = RootJsonGet(path);
     zof_pub_attr_t *record = json.root ? zof_j2s_ctrl_create(json.root, type) : nullptr;
-    if (record)
+    if (record) {
         zof_j2s_get_style(json.root, record);
+    }
     self.broken[type] = !record;
     RootJsonDel(&json);
     return record;
 }
 
 zof_pub_attr_t *zof_theme_get_ctrl(const char *theme, u32 type) {
-    if (!theme || type >= ZOF_CTRL_TYPE_COUNT)
+    if (!theme || type >= ZOF_CTRL_TYPE_COUNT) {
         return nullptr;
-    if (type == ZOF_CTRL_IMG || type == ZOF_CTRL_GIF || type == ZOF_CTRL_QRCODE)
+    }
+    if (type == ZOF_CTRL_IMG || type == ZOF_CTRL_GIF || type == ZOF_CTRL_QRCODE) {
         return nullptr;
-    if (!self.zof_theme[type] && !self.broken[type] && self.chosen[0])
+    }
+    if (!self.zof_theme[type] && !self.broken[type] && self.chosen[0]) {
         self.zof_theme[type] = theme_read(self.chosen, type);
-    if (!self.zof_theme[type] && !self.broken[type])
+    }
+    if (!self.zof_theme[type] && !self.broken[type]) {
         self.zof_theme[type] = theme_read(theme, type);
+    }
     return self.zof_theme[type];
 }
 
 s32 zof_theme_style_copy(zof_pub_attr_t *dst, const zof_pub_attr_t *src) {
-    if (!dst || !src)
+    if (!dst || !src) {
         return -1;
-    if (!dst->style_list || !src->style_list)
+    }
+    if (!dst->style_list || !src->style_list) {
         return 0;
+    }
     for (u32 i = 0; i < src->style_num && i < dst->style_num; i++) {
-        if (dst->style_list[i] && src->style_list[i])
+        if (dst->style_list[i] && src->style_list[i]) {
             *dst->style_list[i] = *src->style_list[i];
+        }
     }
     return 0;
 }
 
 static zof_style_attr_t *style_new(void) {
     zof_style_attr_t *style = (zof_style_attr_t *)zof_malloc(sizeof(zof_style_attr_t));
-    if (style)
+    if (style) {
         memset(style, 0, sizeof(*style));
+    }
     return style;
 }
 
 s32 zof_theme_style_copy_new(zof_pub_attr_t *dst, const zof_pub_attr_t *src) {
-    if (!dst || !src || src->style_num == 0)
+    if (!dst || !src || src->style_num == 0) {
         return -1;
+    }
     dst->style_list = (zof_style_attr_t **)zof_malloc(src->style_num * sizeof(zof_style_attr_t *));
-    if (!dst->style_list)
+    if (!dst->style_list) {
         return -1;
+    }
     dst->style_num = src->style_num;
-    for (u32 i = 0; i < dst->style_num; i++)
+    for (u32 i = 0; i < dst->style_num; i++) {
         dst->style_list[i] = style_new();
+    }
     return zof_theme_style_copy(dst, src);
 }
 
@@ -85,22 +98,26 @@ static zof_style_attr_t *style_append(zof_pub_attr_t *record) {
     }
     size_t size = (record->style_num + 1u) * sizeof(zof_style_attr_t *);
     zof_style_attr_t **list = (zof_style_attr_t **)zof_realloc(record->style_list, size);
-    if (!list)
+    if (!list) {
         return nullptr;
+    }
     record->style_list = list;
     list[record->style_num] = style_new();
-    if (!list[record->style_num])
+    if (!list[record->style_num]) {
         return nullptr;
+    }
     return list[record->style_num++];
 }
 
 zof_style_attr_t *zof_theme_style_check(u32 part, u32 state, u32 sect, zof_pub_attr_t *record) {
-    if (!record)
+    if (!record) {
         return nullptr;
+    }
     for (u32 i = 0; i < record->style_num; i++) {
         zof_style_attr_t *style = record->style_list[i];
-        if (style && style->style_part == part && style->style_state == state && style->style_sect == sect)
+        if (style && style->style_part == part && style->style_state == state && style->style_sect == sect) {
             return style;
+        }
     }
     return style_append(record);
 }
@@ -110,10 +127,11 @@ zof_style_attr_t *zof_theme_style_check(u32 part, u32 state, u32 sect, zof_pub_a
 static void fields_follow(u8 *field, const u8 *before, const u8 *now, const reflect_item_t *table) {
     for (; table->key; table++) {
         const size_t at = table->offset;
-        if (table->table)
+        if (table->table) {
             fields_follow(field + at, before + at, now + at, table->table);
-        else if (memcmp(field + at, before + at, table->size) == 0)
+        } else if (memcmp(field + at, before + at, table->size) == 0) {
             memcpy(field + at, now + at, table->size);
+        }
     }
 }
 
@@ -138,8 +156,9 @@ static void theme_align(const char *name, const zof_pub_attr_t *before, zof_pub_
     }
     for (u32 i = 0; i < now->style_num; i++) {
         zof_style_attr_t *rest = now->style_list[i];
-        if (!rest)
+        if (!rest) {
             continue;
+        }
         zof_printf(
             "theme %s: %s: the style of part %u, state %u, section %u is not in the theme before and is left out", name,
             themeFileName[now->ctrl_type], rest->style_part, rest->style_state, rest->style_sect);
@@ -155,8 +174,9 @@ static void theme_align(const char *name, const zof_pub_attr_t *before, zof_pub_
 static void theme_replace(u32 type, zof_pub_attr_t *now) {
     zof_pub_attr_t *before = self.zof_theme[type];
     for (u32 i = 0; i < before->style_num && i < now->style_num; i++) {
-        if (before->style_list[i] == now->style_list[i])
+        if (before->style_list[i] == now->style_list[i]) {
             before->style_list[i] = nullptr;
+        }
     }
     self.zof_theme[type] = now;
     zof_j2s_ctrl_delete(before, type);
@@ -174,20 +194,23 @@ static void view_follow(void *view) {
         const zof_pub_attr_t *now = before ? new_themes[attr->ctrl_type] : nullptr;
         for (u32 i = 0; now && i < before->style_num && i < attr->style_num; i++) {
             zof_style_attr_t *style = attr->style_list[i];
-            if (!style || !before->style_list[i])
+            if (!style || !before->style_list[i]) {
                 continue;
+            }
             fields_follow((u8 *)style, (const u8 *)before->style_list[i], (const u8 *)now->style_list[i],
                           zof_style_attr_t_tbl);
-            if (style->lv_style)
+            if (style->lv_style) {
                 zof_style_get_lv_value(style, style->lv_style);
+            }
         }
     }
 }
 
 s32 zof_theme_set(const char *theme) {
     const zof_prj_t *prj = zof_prj_get_cur();
-    if (!theme || strlen(theme) >= sizeof(self.chosen) || !prj || !prj->view_list)
+    if (!theme || strlen(theme) >= sizeof(self.chosen) || !prj || !prj->view_list) {
         return -1;
+    }
     s32 result = -1;
     for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
         const u8 broken = self.broken[type];
@@ -200,11 +223,13 @@ s32 zof_theme_set(const char *theme) {
     }
     __db_list_travel(prj->view_list, view_follow);
     for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
-        if (new_themes[type])
+        if (new_themes[type]) {
             theme_replace(type, new_themes[type]);
+        }
     }
-    if (result == 0)
+    if (result == 0) {
         snprintf(self.chosen, sizeof(self.chosen), "%s", theme);
+    }
     lv_obj_report_style_change(nullptr);
     return result;
 }

@@ -25,8 +25,8 @@ const char *zof_ver_get_str(void) {
     return zof_sdk_get_version();
 }
 
-// The banner needs it before there is a project object, so the file is looked for and read here. Its faults are reported
-// when the project is opened.
+// The banner needs it before there is a project object, so the file is looked for and read here. Its faults are
+// reported when the project is opened.
 const char *zof_fw_get_version(void) {
     if (versions.fw) {
         return versions.fw;

@@ -19,8 +19,9 @@ static void init_run(zof_view_node_t *node) {
 static bool view_is_current(u32 id) {
     const zof_prj_t *prj = zof_prj_get_cur();
     for (const zof_view_node_t *node : prj->cur_view) {
-        if (node && node->obj && node->attr->v_id == id)
+        if (node && node->obj && node->attr->v_id == id) {
             return true;
+        }
     }
     return false;
 }
@@ -28,42 +29,50 @@ static bool view_is_current(u32 id) {
 // The display's own roots can be had only as long as no view has replaced one.
 static bool views_ready(u32 id) {
     const zof_prj_t *prj = zof_prj_get_cur();
-    if (id == 0 || !prj || !prj->view_list)
+    if (id == 0 || !prj || !prj->view_list) {
         return false;
-    if (is_list_empty(prj->view_list))
+    }
+    if (is_list_empty(prj->view_list)) {
         zof_view_layers_capture();
+    }
     return true;
 }
 
 s32 zof_view_load(u32 id) {
-    if (!views_ready(id) || view_is_current(id))
+    if (!views_ready(id) || view_is_current(id)) {
         return -1;
+    }
     if (zof_view_list_get(id)) {
         return 0;
     }
     zof_hold hold;
     zof_view_node_t *node = zof_view_node_create(id);
-    if (!node)
+    if (!node) {
         return -1;
+    }
     node->displaying = 0;
-    if (!node->obj)
+    if (!node->obj) {
         init_run(node);
+    }
     return 0;
 }
 
 static void event_del_view(lv_event_t *e) {
     const zof_view_node_t *node = (const zof_view_node_t *)lv_event_get_user_data(e);
-    if (node->del_on_unload)
+    if (node->del_on_unload) {
         zof_view_delete(node->attr->v_id);
+    }
 }
 
 s32 zof_view_create(u32 id, const zof_ctrl_fun_t *ctrls, u32 count) {
     zof_view_node_t *node = zof_view_list_get(id);
-    if (!node || node->obj)
+    if (!node || node->obj) {
         return -1;
+    }
     node->obj = lv_obj_create(nullptr);
-    if (!node->obj)
+    if (!node->obj) {
         return -1;
+    }
     lv_obj_add_event_cb(node->obj, event_del_view, LV_EVENT_SCREEN_UNLOADED, node);
     lv_obj_set_scroll_dir(node->obj, LV_DIR_NONE);
     lv_obj_set_scrollbar_mode(node->obj, LV_SCROLLBAR_MODE_OFF); // else each new control measures all of them
@@ -77,10 +86,12 @@ s32 zof_view_create(u32 id, const zof_ctrl_fun_t *ctrls, u32 count) {
 // A control that stays would go with the object of a parent that does not: it waits on the view's own object.
 static void park(zof_view_node_t *node, para_t *record) {
     const para_t *parent = (const para_t *)record->parent;
-    if (record->attr->parent_id < 1 || !parent || record->parent == node)
+    if (record->attr->parent_id < 1 || !parent || record->parent == node) {
         return;
-    if (!parent->obj || !parent->attr || !parent->attr->pub)
+    }
+    if (!parent->obj || !parent->attr || !parent->attr->pub) {
         return;
+    }
     lv_obj_set_parent(record->obj, node->obj);
     record->parent = node;
 }
@@ -115,14 +126,16 @@ s32 zof_view_delete(u32 id) {
 }
 
 static void leave(zof_view_node_t *node, bool at_once) {
-    if (!node || !node->obj || !node->view_fun || !node->view_fun->zof_view_exit || node->leaving)
+    if (!node || !node->obj || !node->view_fun || !node->view_fun->zof_view_exit || node->leaving) {
         return;
+    }
     node->leaving = 1;
     node->view_fun->zof_view_exit();
     node->leaving = 0;
     node->del_on_unload = !at_once;
-    if (at_once)
+    if (at_once) {
         zof_view_delete(node->attr->v_id);
+    }
 }
 
 static void show_on_screen(zof_view_node_t *node, u32 transition, u32 time, u32 delay, u32 path) {
@@ -131,13 +144,15 @@ static void show_on_screen(zof_view_node_t *node, u32 transition, u32 time, u32 
     lv_obj_set_style_bg_opa(node->obj, opa, LV_PART_MAIN);
     zof_view_set_bg_img(node, node->attr->bg_image);
     lv_anim_path_cb_t path_cb = zof_anim_path_get(path);
-    if (path_cb)
+    if (path_cb) {
         zof_scr_load_anim(node->obj, transition, time, delay, path_cb);
+    }
 }
 
 static void show_on_layer(zof_view_node_t *node, zof_layer_se layer) {
-    if (layer == ZOF_LAYER_BG || !node->attr->model_en)
+    if (layer == ZOF_LAYER_BG || !node->attr->model_en) {
         lv_obj_clear_flag(node->obj, LV_OBJ_FLAG_CLICKABLE);
+    }
     if (layer == ZOF_LAYER_BG) {
         lv_obj_set_style_bg_opa(node->obj, LV_OPA_COVER, LV_PART_MAIN);
         zof_view_set_bg_img(node, node->attr->bg_image);

@@ -15,8 +15,9 @@ lv_obj_t *g_init_layer_view[ZOF_LAYER_COUNT];
 
 void zof_view_layers_capture(void) {
     lv_disp_t *disp = lv_disp_get_default();
-    if (!disp)
+    if (!disp) {
         return;
+    }
     g_init_layer_view[ZOF_LAYER_UI] = lv_disp_get_scr_act(disp);
     g_init_layer_view[ZOF_LAYER_STATE] = lv_disp_get_layer_top(disp);
     g_init_layer_view[ZOF_LAYER_TOP] = lv_disp_get_layer_sys(disp);
@@ -29,29 +30,35 @@ zof_layer_se zof_view_layer_of(const zof_view_node_t *node) {
 
 void zof_view_layer_set_root(zof_layer_se layer, lv_obj_t *root) {
     lv_disp_t *disp = lv_disp_get_default();
-    if (!disp || !root)
+    if (!disp || !root) {
         return;
-    if (layer == ZOF_LAYER_STATE)
+    }
+    if (layer == ZOF_LAYER_STATE) {
         disp->top_layer = root;
-    if (layer == ZOF_LAYER_TOP)
+    }
+    if (layer == ZOF_LAYER_TOP) {
         disp->sys_layer = root;
-    if (layer == ZOF_LAYER_BG)
+    }
+    if (layer == ZOF_LAYER_BG) {
         disp->bg_layer = root;
+    }
     lv_obj_invalidate(root);
 }
 
 u32 zof_view_layer_showing(const zof_view_node_t *node) {
     const zof_prj_t *prj = zof_prj_get_cur();
     u32 layer = 0;
-    while (layer < ZOF_LAYER_COUNT && (!prj || prj->cur_view[layer] != node))
+    while (layer < ZOF_LAYER_COUNT && (!prj || prj->cur_view[layer] != node)) {
         layer++;
+    }
     return layer;
 }
 
 s32 zof_view_hide_layer(u32 layer) {
     zof_prj_t *prj = zof_prj_get_cur();
-    if (!prj || layer >= ZOF_LAYER_COUNT || !g_init_layer_view[layer])
+    if (!prj || layer >= ZOF_LAYER_COUNT || !g_init_layer_view[layer]) {
         return -1;
+    }
     if (layer == ZOF_LAYER_UI) {
         lv_disp_load_scr(g_init_layer_view[layer]);
     } else {
@@ -63,8 +70,9 @@ s32 zof_view_hide_layer(u32 layer) {
 
 s32 zof_view_get_cur_id(u32 layer) {
     const zof_prj_t *prj = zof_prj_get_cur();
-    if (!prj || layer >= ZOF_LAYER_COUNT || !prj->cur_view[layer])
+    if (!prj || layer >= ZOF_LAYER_COUNT || !prj->cur_view[layer]) {
         return -1;
+    }
     return (s32)prj->cur_view[layer]->attr->v_id;
 }
 
@@ -99,25 +107,29 @@ void zof_view_set_bg_img(zof_view_node_t *node, const char *image) {
 }
 
 static char *text_copy(const char *text) {
-    if (!text)
+    if (!text) {
         return nullptr;
+    }
     size_t size = strlen(text) + 1;
     char *copy = (char *)zof_malloc(size);
-    if (copy)
+    if (copy) {
         memcpy(copy, text, size);
+    }
     return copy;
 }
 
 s32 zof_view_set_bg(u32 id, const char *image) {
     zof_view_node_t *node = zof_view_list_get(id);
-    if (!node || !node->obj || !node->attr)
+    if (!node || !node->obj || !node->attr) {
         return -1;
+    }
     char *former = node->attr->bg_image; // released last: it may be the name that is being set
     node->attr->bg_image = text_copy(image);
     zof_free(former);
     u32 layer = zof_view_layer_showing(node);
-    if (layer == ZOF_LAYER_UI || layer == ZOF_LAYER_BG)
+    if (layer == ZOF_LAYER_UI || layer == ZOF_LAYER_BG) {
         zof_view_set_bg_img(node, node->attr->bg_image);
+    }
     return 0;
 }
 
@@ -128,8 +140,9 @@ void zof_view_bg_paint(zof_view_node_t *node) {
 
 s32 zof_view_set_bgcolor(u32 id, u32 argb) {
     zof_view_node_t *node = zof_view_list_get(id);
-    if (!node || !node->obj)
+    if (!node || !node->obj) {
         return -1;
+    }
     node->attr->bg_scale = (u8)(argb >> 24);
     node->attr->bg_color = argb;
     zof_view_bg_paint(node);
@@ -138,8 +151,9 @@ s32 zof_view_set_bgcolor(u32 id, u32 argb) {
 
 s32 zof_view_set_bg_opa(u32 id, u8 opa) {
     zof_view_node_t *node = zof_view_list_get(id);
-    if (!node || !node->obj)
+    if (!node || !node->obj) {
         return -1;
+    }
     node->attr->bg_scale = opa;
     zof_view_bg_paint(node);
     return 0;
@@ -147,8 +161,9 @@ s32 zof_view_set_bg_opa(u32 id, u8 opa) {
 
 s32 zof_view_get_dis_wh(zof_size_t *out) {
     const zof_prj_t *prj = zof_prj_get_cur();
-    if (out && prj && prj->attr)
+    if (out && prj && prj->attr) {
         *out = {prj->attr->width, prj->attr->height};
+    }
     return -1;
 }
 
@@ -157,8 +172,9 @@ s32 zof_view_force_refresh(void) {
         zof_lock lock(dis_mutex);
         lv_disp_t *disp = lv_disp_get_default();
         lv_timer_t *refresh = disp ? _lv_disp_get_refr_timer(disp) : nullptr;
-        if (refresh)
+        if (refresh) {
             lv_timer_ready(refresh); // else the refresh waits for its period, and nothing is on the screen yet
+        }
         lv_timer_handler();
     }
     zof_delay(5);
@@ -167,8 +183,9 @@ s32 zof_view_force_refresh(void) {
 
 s32 zof_view_all_set_rotate(u32 rotation) {
     zof_prj_t *prj = zof_prj_get_cur();
-    if (!prj || !prj->attr)
+    if (!prj || !prj->attr) {
         return -1;
+    }
     prj->attr->rotate = rotation;
     return 0;
 }

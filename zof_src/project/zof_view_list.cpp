@@ -22,8 +22,9 @@ static int node_compare(void *data, void *key) {
 db_list *zof_view_name_list_get(void *arg) {
     (void)arg;
     db_list *list = db_list_create();
-    if (!list)
+    if (!list) {
         return nullptr;
+    }
     list->compare = name_compare;
     zof_j2s_view_name_list_get(list);
     return list;
@@ -35,8 +36,9 @@ s32 zof_view_name_list_add(db_list *list, zof_view_name_t *entry) {
 
 const char *zof_view_name_get(u32 id) {
     const zof_prj_t *prj = zof_prj_get_cur();
-    if (!prj)
+    if (!prj) {
         return nullptr;
+    }
     const zof_view_name_t *entry = (const zof_view_name_t *)__db_list_search_node(prj->view_names, &id);
     return entry ? entry->name : nullptr;
 }
@@ -48,19 +50,22 @@ zof_view_attr_t *zof_view_attr_get(u32 id) {
 
 const zof_view_fun_t *zof_view_fun_get(u32 id) {
     const zof_prj_t *prj = zof_prj_get_cur();
-    if (!prj || !prj->view_fun)
+    if (!prj || !prj->view_fun) {
         return nullptr;
+    }
     for (u32 i = 0; i < prj->view_fun_cnt; i++) {
-        if (prj->view_fun[i].view_id == id)
+        if (prj->view_fun[i].view_id == id) {
             return &prj->view_fun[i];
+        }
     }
     return nullptr;
 }
 
 db_list *zof_view_list_create(void) {
     db_list *list = db_list_create();
-    if (list)
+    if (list) {
         list->compare = node_compare;
+    }
     return list;
 }
 
@@ -104,14 +109,16 @@ static void attr_release(zof_view_attr_t *attr) {
 
 static zof_view_node_t *node_new(zof_view_attr_t *attr, const zof_view_fun_t *fun) {
     zof_view_node_t *node = (zof_view_node_t *)zof_malloc(sizeof(zof_view_node_t));
-    if (!node)
+    if (!node) {
         return nullptr;
+    }
     memset(node, 0, sizeof(*node));
     node->view_fun = fun;
     node->attr = attr;
     node->ctrl_list = zof_prj_up.ctrl_list_init();
-    if (__db_list_put_tail(zof_prj_get_cur()->view_list, node) == 0)
+    if (__db_list_put_tail(zof_prj_get_cur()->view_list, node) == 0) {
         return node;
+    }
     __db_list_destory(node->ctrl_list, nullptr);
     zof_free(node);
     return nullptr;
@@ -130,14 +137,17 @@ zof_view_node_t *zof_view_node_create(u32 id) {
     }
     const zof_view_fun_t *fun = zof_view_fun_get(attr->v_id);
     zof_view_node_t *node = fun ? zof_view_list_get(attr->v_id) : nullptr;
-    if (attr->v_id != id)
+    if (attr->v_id != id) {
         zof_printf("view %u: config/view/%s: v_id is %u", id, name, attr->v_id);
-    if (!fun)
+    }
+    if (!fun) {
         zof_printf("view %u: config/view/%s: the program has no functions for v_id %u", id, name, attr->v_id);
+    }
     if (fun && !node) {
         node = node_new(attr, fun);
-        if (node)
+        if (node) {
             return node;
+        }
     }
     attr_release(attr);
     return node;

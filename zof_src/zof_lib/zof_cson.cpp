@@ -55,15 +55,15 @@ zof_bool cson_count_read(void *record, const reflect_item_t *count_row, u64 *out
     s64 value = 0;
     const size_t width = count_row->size;
     if (!cson_integer_read(cson_field(record, count_row), width, &value)) {
-        zof_printf("Unsupported size(=%d) of integer.\n", static_cast<int>(width));
+        zof_printf("Unsupported size(=%d) of integer.\n", (int)width);
         return ZOF_FALSE;
     }
-    *out = width < sizeof value ? static_cast<u64>(value) & ((1ull << 8 * width) - 1) : static_cast<u64>(value);
+    *out = width < sizeof value ? (u64)value & ((1ull << 8 * width) - 1) : (u64)value;
     return ZOF_TRUE;
 }
 
 template <typename T> static void write_as(s64 value, void *out) {
-    T narrow = static_cast<T>(value);
+    T narrow = (T)value;
     std::memcpy(out, &narrow, sizeof narrow);
 }
 
@@ -76,7 +76,7 @@ s32 convertInteger(s64 value, size_t width, void *out) {
         write_as<u8>(value, out);
     } else if (width == 2 && value >= INT16_MIN && value <= UINT16_MAX) {
         write_as<u16>(value, out);
-    } else if (width == 4 && value >= INT32_MIN && value <= static_cast<s64>(UINT32_MAX)) {
+    } else if (width == 4 && value >= INT32_MIN && value <= (s64)UINT32_MAX) {
         write_as<u32>(value, out);
     } else if (width == 8) {
         write_as<u64>(value, out);
@@ -102,9 +102,9 @@ static void visit_elements(void *record, const reflect_item_t *row, const reflec
     if (!cson_count_read(record, count_row, &count)) {
         return;
     }
-    auto *elements = static_cast<u8 *>(cson_pointer_read(cson_field(record, row)));
+    auto *elements = (u8 *)(cson_pointer_read(cson_field(record, row)));
     for (u64 k = 0; elements && k < count; k++) {
-        csonLoopProperty(elements + row->item_size * static_cast<size_t>(k), row->table, visit);
+        csonLoopProperty(elements + row->item_size * (size_t)k, row->table, visit);
     }
 }
 
@@ -136,7 +136,7 @@ static void printPropertySub(void *field, const reflect_item_t *row) {
     case CSON_TRUE:
     case CSON_FALSE:
         if (cson_integer_read(field, row->size, &number)) {
-            zof_printf("%s:%lld\n", row->key, static_cast<long long>(number));
+            zof_printf("%s:%lld\n", row->key, (long long)number);
         }
         break;
     case CSON_REAL:
@@ -146,7 +146,7 @@ static void printPropertySub(void *field, const reflect_item_t *row) {
         }
         break;
     case CSON_STRING:
-        text = static_cast<const char *>(cson_pointer_read(field));
+        text = (const char *)cson_pointer_read(field);
         zof_printf("%s:%s\n", row->key, text ? text : "");
         break;
     default:

@@ -7,11 +7,11 @@
 #include "zof_lib/zof_stdio.h"
 
 static const cJSON *as_item(const void *v) {
-    return static_cast<const cJSON *>(v);
+    return (const cJSON *)v;
 }
 
 static cJSON *as_item(void *v) {
-    return static_cast<cJSON *>(v);
+    return (cJSON *)v;
 }
 
 static void *cjson_impl_object_get(const void *obj, const char *key) {
@@ -74,11 +74,11 @@ static zof_bool cjson_impl_bool_value(const void *v) {
 }
 
 static size_t cjson_impl_array_size(const void *v) {
-    return static_cast<size_t>(cJSON_GetArraySize(as_item(v)));
+    return (size_t)(cJSON_GetArraySize(as_item(v)));
 }
 
 static void *cjson_impl_array_get(const void *v, size_t index) {
-    return cJSON_GetArrayItem(as_item(v), static_cast<int>(index));
+    return cJSON_GetArrayItem(as_item(v), (int)index);
 }
 
 // cJSON finds an element by its index from the front, so a loop over indexes would take quadratic time.
@@ -100,7 +100,7 @@ static char *cjson_impl_to_string(const void *v) {
 static void *cjson_impl_integer(s64 value) {
     cJSON *item = cJSON_CreateNumber(0);
     if (item) {
-        cJSON_SetNumberHelper(item, static_cast<double>(value));
+        cJSON_SetNumberHelper(item, (double)value);
     }
     return item;
 }

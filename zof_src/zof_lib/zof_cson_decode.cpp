@@ -37,7 +37,7 @@ s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *tab
 static bool row_accepts(size_t row_type, s32 json_type) {
     auto is_number = [](size_t type) { return type == CSON_INTEGER || type == CSON_REAL; };
     auto is_bool = [](size_t type) { return type == CSON_TRUE || type == CSON_FALSE; };
-    auto type = static_cast<size_t>(json_type);
+    auto type = (size_t)json_type;
     return row_type == type || (is_number(row_type) && is_number(type)) || (is_bool(row_type) && is_bool(type));
 }
 
@@ -79,7 +79,7 @@ static s32 parseJsonString(const void *json, void *record, const reflect_item_t 
         return CSON_ERR_MISSING;
     }
     size_t length = csomImpl.string_length(json);
-    auto *copy = static_cast<char *>(zof_malloc(length + 1));
+    auto *copy = (char *)zof_malloc(length + 1);
     if (!copy) {
         return CSON_ERR_MEMORY;
     }
@@ -106,7 +106,7 @@ static s32 integer_of(const void *json, s64 *out) {
         if (!(real >= -9223372036854775808.0 && real < 9223372036854775808.0)) {
             return CSON_ERR_RANGE;
         }
-        *out = static_cast<s64>(real);
+        *out = (s64)real;
         return CSON_OK;
     default:
         return CSON_ERR_ARGUMENT;
@@ -126,7 +126,7 @@ static s32 parseJsonBool(const void *json, void *record, const reflect_item_t *t
 static s32 parseJsonReal(const void *json, void *record, const reflect_item_t *table, s32 index) {
     const reflect_item_t *row = &table[index];
     if (row->size != sizeof(double)) {
-        zof_printf("Unsupported size(=%ld) of real.\n", static_cast<long>(row->size));
+        zof_printf("Unsupported size(=%ld) of real.\n", (long)row->size);
         zof_printf("Please check if the type of field %s is double!\n", row->key);
         return CSON_ERR_RANGE;
     }
@@ -134,7 +134,7 @@ static s32 parseJsonReal(const void *json, void *record, const reflect_item_t *t
     if (type != CSON_REAL && type != CSON_INTEGER && type != CSON_TRUE && type != CSON_FALSE) {
         return CSON_ERR_ARGUMENT;
     }
-    double value = type == CSON_REAL ? csomImpl.real_value(json) : static_cast<double>(csomImpl.integer_value(json));
+    double value = type == CSON_REAL ? csomImpl.real_value(json) : (double)csomImpl.integer_value(json);
     std::memcpy(cson_field(record, row), &value, sizeof value);
     return CSON_OK;
 }
@@ -192,13 +192,13 @@ static s32 parseJsonArray(const void *json, void *record, const reflect_item_t *
     if (row->item_size == 0 || size > SIZE_MAX / row->item_size) {
         return CSON_ERR_MEMORY;
     }
-    auto *elements = static_cast<u8 *>(zof_malloc(size * row->item_size));
+    auto *elements = (u8 *)zof_malloc(size * row->item_size);
     if (!elements) {
         return CSON_ERR_MEMORY;
     }
     size_t done = decode_elements(json, elements, size, row);
     void *count_field = cson_field(record, count_row);
-    if (done == 0 || convertInteger(static_cast<s64>(done), count_row->size, count_field) != CSON_OK) {
+    if (done == 0 || convertInteger((s64)done, count_row->size, count_field) != CSON_OK) {
         for (size_t i = 0; i < done; i++) {
             csonFreePointer(elements + row->item_size * i, row->table);
         }

@@ -49,7 +49,7 @@ s32 csonStruct2JsonObj(void *json, void *record, const reflect_item_t *table) {
     if (rows == 0) {
         return CSON_OK;
     }
-    auto **values = static_cast<void **>(zof_malloc(rows * sizeof(void *)));
+    auto **values = (void **)(zof_malloc(rows * sizeof(void *)));
     if (!values) {
         return CSON_ERR_MEMORY;
     }
@@ -102,12 +102,12 @@ static s32 getJsonObject(void *record, const reflect_item_t *table, s32 index, v
 }
 
 static s32 getJsonString(void *record, const reflect_item_t *table, s32 index, void **out) {
-    auto *text = static_cast<const char *>(cson_pointer_read(cson_field(record, &table[index])));
+    auto *text = (const char *)(cson_pointer_read(cson_field(record, &table[index])));
     return text ? made_or_memory(csomImpl.string(text), out) : CSON_ERR_MISSING;
 }
 
 static s32 width_refused(const char *kind, const reflect_item_t *row) {
-    zof_printf("Unsupported size(=%ld) of %s.\n", static_cast<long>(row->size), kind);
+    zof_printf("Unsupported size(=%ld) of %s.\n", (long)row->size, kind);
     zof_printf("Please check if the type of field %s in char/short/int/long long!\n", row->key);
     return CSON_ERR_RANGE;
 }
@@ -126,13 +126,13 @@ static s32 getJsonBool(void *record, const reflect_item_t *table, s32 index, voi
     if (!cson_integer_read(field, table[index].size, &value)) {
         return width_refused("bool", &table[index]);
     }
-    return made_or_memory(csomImpl.boolean(*static_cast<const u8 *>(field) != 0), out);
+    return made_or_memory(csomImpl.boolean(*(const u8 *)field != 0), out);
 }
 
 static s32 getJsonReal(void *record, const reflect_item_t *table, s32 index, void **out) {
     const reflect_item_t *row = &table[index];
     if (row->size != sizeof(double)) {
-        zof_printf("Unsupported size(=%ld) of real.\n", static_cast<long>(row->size));
+        zof_printf("Unsupported size(=%ld) of real.\n", (long)row->size);
         zof_printf("Please check if the type of field %s is double!\n", row->key);
         return CSON_ERR_RANGE;
     }
@@ -159,7 +159,7 @@ static u64 pack_elements(u8 *elements, u64 count, const reflect_item_t *row, voi
     u64 done = 0;
     for (u64 i = 0; i < count; i++) {
         void *item = nullptr;
-        if (pack_element(elements + row->item_size * static_cast<size_t>(i), row->table, &item) == CSON_OK) {
+        if (pack_element(elements + row->item_size * (size_t)i, row->table, &item) == CSON_OK) {
             csomImpl.array_add(array, item);
             done++;
         } else {
@@ -171,7 +171,7 @@ static u64 pack_elements(u8 *elements, u64 count, const reflect_item_t *row, voi
 
 static s32 getJsonArray(void *record, const reflect_item_t *table, s32 index, void **out) {
     const reflect_item_t *row = &table[index];
-    auto *elements = static_cast<u8 *>(cson_pointer_read(cson_field(record, row)));
+    auto *elements = (u8 *)(cson_pointer_read(cson_field(record, row)));
     const reflect_item_t *count_row = elements && row->count_key ? cson_row_find(table, row->count_key) : nullptr;
     if (!count_row || !row->table) {
         return CSON_ERR_MISSING;

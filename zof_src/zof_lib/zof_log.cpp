@@ -18,7 +18,7 @@ std::mutex print; // keeps lines whole
 // The bytes of a control character at this place, 0 for any other character: the ASCII ones, and those of two bytes in
 // UTF-8.
 size_t control_size(const char *at) {
-    const auto *c = reinterpret_cast<const u8 *>(at);
+    const auto *c = (const u8 *)at;
     if (c[0] == 0xC2 && c[1] >= 0x80 && c[1] < 0xA0) {
         return 2;
     }
@@ -55,7 +55,7 @@ void escaped_print(const char *text, char line_end) {
             std::putchar(*text++);
         }
         for (; size > 0; size--) {
-            std::printf("\\x%02x", static_cast<u8>(*text++));
+            std::printf("\\x%02x", (u8)(*text++));
         }
     }
 }
@@ -86,8 +86,8 @@ s32 zof_printf(const char *fmt, ...) {
     va_copy(again, args);
     const s32 count = std::vsnprintf(brief, sizeof brief, fmt, args);
     va_end(args);
-    const size_t room = count < 0 ? sizeof brief : static_cast<size_t>(count) + 1;
-    char *text = room <= sizeof brief ? brief : static_cast<char *>(std::malloc(room));
+    const size_t room = count < 0 ? sizeof brief : (size_t)count + 1;
+    char *text = room <= sizeof brief ? brief : (char *)std::malloc(room);
     if (text && text != brief) {
         va_list once;
         va_copy(once, again);

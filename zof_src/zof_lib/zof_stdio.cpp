@@ -22,10 +22,10 @@ struct {
     std::atomic<u32> g_win_mem_total{10};
     std::atomic<u32> tries{0};
     std::atomic<u32> fail_at{0}; // in tries
-} memory; // counters of the two families
+} memory;                        // counters of the two families
 
 block_head_t *head_of(void *p) {
-    return static_cast<block_head_t *>(p) - 1;
+    return (block_head_t *)p - 1;
 }
 
 bool fails_for_test() {
@@ -41,7 +41,7 @@ void *block_new(size_t n, bool zeroed, std::atomic<size_t> *counter) {
     if (!raw) {
         return nullptr;
     }
-    auto *head = static_cast<block_head_t *>(raw);
+    auto *head = (block_head_t *)raw;
     head->size = n;
     head->counter = counter;
     *counter += n;
@@ -69,14 +69,14 @@ void *block_resize(void *p, size_t n, bool zeroed, std::atomic<size_t> *counter)
         return nullptr;
     }
     size_t old = head_of(p)->size;
-    auto *head = static_cast<block_head_t *>(std::realloc(head_of(p), n + sizeof(block_head_t)));
+    auto *head = (block_head_t *)(std::realloc(head_of(p), n + sizeof(block_head_t)));
     if (!head) {
         return nullptr;
     }
     *head->counter += n - old; // unsigned wrap makes this a subtraction when the block shrinks
     head->size = n;
     if (zeroed && n > old) {
-        std::memset(reinterpret_cast<u8 *>(head + 1) + old, 0, n - old);
+        std::memset((u8 *)(head + 1) + old, 0, n - old);
     }
     return head + 1;
 }
@@ -134,25 +134,24 @@ u32 zof_mem_fail_at(u32 n) {
 }
 
 u32 zof_mem_count(void) {
-    return static_cast<u32>(memory.zof_mem_size.load());
+    return (u32)memory.zof_mem_size.load();
 }
 
 u32 zof_lv_mem_count(void) {
-    return static_cast<u32>(memory.zof_mem_size1.load());
+    return (u32)memory.zof_mem_size1.load();
 }
 
 u32 zof_mem_get_used(void) {
     u32 own = zof_mem_count();
     u32 lv = zof_lv_mem_count();
-    zof_printf("zof memory get used zof mem=%d mem=%d total=%d\n", static_cast<int>(own), static_cast<int>(lv),
-               static_cast<int>(own + lv));
+    zof_printf("zof memory get used zof mem=%d mem=%d total=%d\n", (int)own, (int)lv, (int)(own + lv));
     return own + lv;
 }
 
 s32 zof_mem_get_free(void) {
-    const s64 total = static_cast<s64>(memory.g_win_mem_total.load()) << 20;
-    const s64 used = static_cast<s64>(memory.zof_mem_size.load() + memory.zof_mem_size1.load());
-    return static_cast<s32>(std::clamp<s64>(total - used, INT32_MIN, INT32_MAX));
+    const s64 total = (s64)memory.g_win_mem_total.load() << 20;
+    const s64 used = (s64)(memory.zof_mem_size.load() + memory.zof_mem_size1.load());
+    return (s32)(std::clamp<s64>(total - used, INT32_MIN, INT32_MAX));
 }
 
 void zof_win_mem_total_set(u32 mb) {

@@ -30,9 +30,9 @@ void *zof_lv_malloc(size_t n);
 void *zof_lv_realloc(void *p, size_t n);
 void zof_lv_free(void *p);
 
-// What LVGL allocates with. It does not check most of its blocks, so that a failure would be a crash somewhere else: the
-// program ends instead, with one line and the status ZOF_EXIT_MEMORY. Blocks above 1 MiB, which are pictures and layers,
-// are checked by their users and may be null.
+// What LVGL allocates with. It does not check most of its blocks, so that a failure would be a crash somewhere else:
+// the program ends instead, with one line and the status ZOF_EXIT_MEMORY. Blocks above 1 MiB, which are pictures and
+// layers, are checked by their users and may be null.
 enum { ZOF_EXIT_MEMORY = 3 };
 void *zof_lv_malloc_must(size_t n);
 void *zof_lv_realloc_must(void *p, size_t n);

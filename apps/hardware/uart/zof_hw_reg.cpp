@@ -115,17 +115,10 @@ static constexpr struct {
     u16 addr;
     void (*write)(u16 value);
 } handlers[] = {
-    {REG_LIVE_MV, live_mv},
-    {REG_LIVE_MA, live_ma},
-    {REG_LIVE_DW, live_dw},
-    {REG_SESS_MWH_LO, energy_low},
-    {REG_SESS_MWH_HI, energy_high},
-    {REG_OUT_STATE, out_state},
-    {REG_RAIL_ACTIVE, rail_active},
-    {REG_BRIGHT, bright},
-    {REG_BOOT_STATE, boot_state},
-    {REG_AUTO_ARM, auto_arm},
-    {REG_RAIL_COMMIT, commit},
+    {REG_LIVE_MV, live_mv},         {REG_LIVE_MA, live_ma},         {REG_LIVE_DW, live_dw},
+    {REG_SESS_MWH_LO, energy_low},  {REG_SESS_MWH_HI, energy_high}, {REG_OUT_STATE, out_state},
+    {REG_RAIL_ACTIVE, rail_active}, {REG_BRIGHT, bright},           {REG_BOOT_STATE, boot_state},
+    {REG_AUTO_ARM, auto_arm},       {REG_RAIL_COMMIT, commit},
 };
 
 // The link passes one word at a time, so a whole row comes only from a caller that has it in hand.

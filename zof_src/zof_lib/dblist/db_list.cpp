@@ -7,7 +7,7 @@
 namespace {
 
 db_node *db_list_new_node(void *data) {
-    auto *node = static_cast<db_node *>(zof_malloc(sizeof(db_node)));
+    auto *node = (db_node *)(zof_malloc(sizeof(db_node)));
     if (!node) {
         zof_printf("[%s: %d]->{%s} zof_malloc failed\n", "zof_src/zof_lib/dblist/db_list.cpp", 47, "db_list_new_node");
         return nullptr;
@@ -57,7 +57,7 @@ db_node *find_node(db_list *list, void *key) {
 } // namespace
 
 db_list *db_list_create(void) {
-    auto *list = static_cast<db_list *>(zof_malloc(sizeof(db_list)));
+    auto *list = (db_list *)(zof_malloc(sizeof(db_list)));
     db_node *head = list ? db_list_new_node(nullptr) : nullptr;
     if (!head) {
         zof_free(list);
