@@ -12,20 +12,17 @@ extern "C" {
 #include <libswscale/swscale.h>
 }
 
-// clang-format off: a list a library
-#define FF_AVUTIL(X)                                                                                             \
-    X(av_channel_layout_default)                                                                                 \
-    X(av_dict_free) X(av_dict_set_int) X(av_frame_alloc) X(av_frame_free) X(av_frame_move_ref) X(av_frame_unref) \
-        X(av_free) X(av_freep) X(av_log_set_level) X(av_malloc) X(av_pix_fmt_desc_get) X(av_rescale_q)
-#define FF_AVCODEC(X)                                                                                               \
-    X(av_packet_alloc)                                                                                              \
-    X(av_packet_free) X(av_packet_unref) X(avcodec_alloc_context3) X(avcodec_find_decoder) X(avcodec_flush_buffers) \
-        X(avcodec_free_context) X(avcodec_open2) X(avcodec_parameters_to_context) X(avcodec_receive_frame)          \
-            X(avcodec_send_packet)
-#define FF_AVFORMAT(X)                                                                                          \
-    X(av_find_best_stream)                                                                                      \
-    X(av_find_input_format) X(av_read_frame) X(av_seek_frame) X(avformat_alloc_context) X(avformat_close_input) \
-        X(avformat_find_stream_info) X(avformat_open_input) X(avio_alloc_context) X(avio_context_free)
+// The functions of each library that are called.
+// clang-format off
+#define FF_AVUTIL(X) X(av_channel_layout_default) X(av_dict_free) X(av_dict_set_int) X(av_frame_alloc) \
+    X(av_frame_free) X(av_frame_move_ref) X(av_frame_unref) X(av_free) X(av_freep) X(av_log_set_level) X(av_malloc) \
+    X(av_pix_fmt_desc_get) X(av_rescale_q)
+#define FF_AVCODEC(X) X(av_packet_alloc) X(av_packet_free) X(av_packet_unref) X(avcodec_alloc_context3) \
+    X(avcodec_find_decoder) X(avcodec_flush_buffers) X(avcodec_free_context) X(avcodec_open2) \
+    X(avcodec_parameters_to_context) X(avcodec_receive_frame) X(avcodec_send_packet)
+#define FF_AVFORMAT(X) X(av_find_best_stream) X(av_find_input_format) X(av_read_frame) X(av_seek_frame) \
+    X(avformat_alloc_context) X(avformat_close_input) X(avformat_find_stream_info) X(avformat_open_input) \
+    X(avio_alloc_context) X(avio_context_free)
 #define FF_SWSCALE(X) X(sws_freeContext) X(sws_getContext) X(sws_scale)
 #define FF_SWRESAMPLE(X) X(swr_alloc_set_opts2) X(swr_convert) X(swr_free) X(swr_init)
 // clang-format on
