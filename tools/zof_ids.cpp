@@ -1,5 +1,6 @@
-// Writes the ids of a project's controls as C enumerators, so that a name in code cannot drift from its view file.
-// usage: zof_ids PROJECT_FOLDER OUTPUT.h      A control `label0` with id 1 of view 1 becomes VIEW1_LABEL0_ID = 1.
+// Writes the ids of a project's views and controls as C enumerators, so that a name in code cannot drift from its file.
+// usage: zof_ids PROJECT_FOLDER OUTPUT.h      The view `main.g` with id 1 becomes VIEW_MAIN_ID = 1, and its control
+// `label0` with id 5 VIEW1_LABEL0_ID = 5.
 #include <cjson/cJSON.h>
 
 #include <algorithm>
@@ -35,6 +36,11 @@ static std::string upper(const std::string &name) {
 
 static std::string enumerator(int view, const char *name) {
     return "VIEW" + std::to_string(view) + "_" + upper(name) + "_ID";
+}
+
+// "main.g" is the view `main`.
+static std::string view_enumerator(const std::string &file) {
+    return "VIEW_" + upper(file.substr(0, file.find_last_of('.'))) + "_ID";
 }
 
 // Two projects in one program have headers of the same name: the guard is made of the project's.
@@ -118,6 +124,8 @@ int main(int argc, char **argv) {
         fail(folder + "project/zofprj.g", "it has no `views`");
     }
     const cJSON *view = nullptr;
+    std::ostringstream ids;
+    std::set<std::string> words;
     cJSON_ArrayForEach(view, views) {
         const cJSON *id = cJSON_GetObjectItem(view, "pageId");
         const char *name = cJSON_GetStringValue(cJSON_GetObjectItem(view, "pageName"));
@@ -126,9 +134,15 @@ int main(int argc, char **argv) {
             good = false;
             continue;
         }
-        good = write_view(folder + "view/" + name, id->valueint, out) && good;
+        const std::string of_view = view_enumerator(name);
+        if (!words.insert(of_view).second) {
+            fail(folder + "project/zofprj.g", (of_view + " stands for two views").c_str());
+            good = false;
+        }
+        out << (view == views->child ? "enum {\n" : "") << "    " << of_view << " = " << id->valueint << ",\n";
+        good = write_view(folder + "view/" + name, id->valueint, ids) && good;
     }
-    out << "#endif\n";
+    out << (cJSON_GetArraySize(views) ? "};\n\n" : "") << ids.str() << "#endif\n";
     cJSON_Delete(root);
     if (!good) {
         return fail(argv[2], "no ids written");

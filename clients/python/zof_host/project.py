@@ -31,8 +31,9 @@ class View(NamedTuple):
 
 class Project:
     def __init__(self, folder: str | Path) -> None:
-        """PanelError, with the file, when the folder is no project."""
-        config = Path(folder) / "config"
+        """The folder above `config`, the one above that (as `panel` above `panel/res/config`), or `config` itself.
+        PanelError, with the file, when it holds no project."""
+        config = _config(Path(folder))
         project = _load(config / "project" / "zofprj.g")
         link = config / "project" / "zofhmi.g"
         try:
@@ -59,6 +60,11 @@ class Project:
             if view.name.lower() == name.lower():
                 return view.id
         raise UnknownName(f"the project has no view {name}; it has {', '.join(v.name for v in self.views)}")
+
+
+def _config(folder: Path) -> Path:
+    places = [folder / "config", folder / "res" / "config", folder]
+    return next((place for place in places if (place / "project" / "zofprj.g").exists()), places[0])
 
 
 def _lower(value: Any) -> Any:
