@@ -3,6 +3,7 @@ from __future__ import annotations
 
 import contextlib
 import queue
+import random
 import re
 import subprocess
 import sys
@@ -77,6 +78,25 @@ class Codec(unittest.TestCase):
         parser = Parser()
         self.assertEqual(parser.feed(HEAD + b"\xFF\xFF\x11" + TOUCH), [])
         self.assertIn(TOUCH, [f.raw for f in parser.idle()])
+
+
+    def test_random_streams_lose_no_byte_and_no_frame_behind_a_silence(self) -> None:
+        seed = random.randrange(1 << 32)
+        dice = random.Random(seed)
+        for _ in range(300):
+            crc = dice.random() < 0.5
+            frames = [build(READ, dice.randbytes(dice.choice((2, 5, 60, 300))), crc=crc) for _ in range(3)]
+            parts = [dice.choice((HEAD, HEAD[:1], HEAD + b"\xFF\xFF", dice.randbytes(dice.randrange(20)), dice.choice(frames)))
+                     for _ in range(dice.randrange(12))]
+            stream, found, parser = b"".join(parts), [], Parser(crc=crc)
+            while stream:
+                cut = dice.randrange(1, 40)
+                found += parser.feed(stream[:cut])
+                stream = stream[cut:]
+            found += parser.idle()
+            with self.subTest(seed=seed, parts=parts):
+                self.assertEqual(b"".join(f.raw for f in found), b"".join(parts))
+                self.assertEqual([f.raw for f in parser.feed(frames[0]) + parser.idle()], [frames[0]])
 
 
 class FakePanel:

@@ -118,7 +118,8 @@ def project_files():
         record |= {"pub_t": record.get("pub_t", {}) | place, "styles": [fill]}
         view = {"view": example(tables, "zof_view_attr_t") | {"v_id": 2, "layer": 0},
                 "controls": [{"type": number, "theme": "youth", "property": record}]}
-        files[name] = (3, view)
+        files[name] = (4, view)
+        files[name + "_theme"] = (3, record)
     keys = {row[1] for rows in tables.values() for row in rows} | {
         "view", "controls", "type", "theme", "property", "styles", "views", "pageId", "pageName"}
     values = '-1 255 65535 2147483647 -2147483648 4294967295 1e9 true null [] {} "#hello" "t.ttf" "red.png" "youth"'.split()

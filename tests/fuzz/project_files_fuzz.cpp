@@ -1,5 +1,5 @@
-// The loader of project files, and a view's file up to its controls on the screen. The first byte chooses the kind of
-// file, the rest is its text.
+// The loader of project files, a theme's file up to the controls that it restyles, and a view's up to its controls on the
+// screen. The first byte chooses the kind of file, the rest is its text.
 #include "fuzz.h"
 
 #include "project/zof_j2s.h"
@@ -11,13 +11,18 @@
 enum { HOME = 1, SHOWN_MS = 40 };
 
 static view_project_t project;
+static constexpr const char *themed[] = {"label", "button", "slider"};
 
 void fuzz_open() {
     project.more = R"(, "start_page": 1, "language": "en")";
     project.write("config/languages/en.g", R"({"hello": "hello"})");
     project.image("red.png", 20, 20, 0xFF0000);
     project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
-    project.view(HOME, {});
+    // A control of each type that the themes here are for.
+    for (const char *type : themed) {
+        project.write(std::string("config/theme/youth/") + type + ".g", R"({"styles": [{"body_t": {"main_color": 9}}]})");
+    }
+    project.view(HOME, {ctrl(ZOF_CTRL_LABEL, 5), ctrl(ZOF_CTRL_BTN, 6), ctrl(ZOF_CTRL_SLIDER, 7)});
     project.view(2, {});
     project.open(160, 120);
 }
@@ -52,6 +57,19 @@ static void link_read(const std::string &path) {
         FreeHmiStruct(&attr);
     }
     RootJsonDel(&file);
+}
+
+// One text as the theme of one type after the other, each put on the controls and taken off again.
+static void theme_read(const std::string &path) {
+    const std::string text = file_text(path);
+    zof_view_set_dis_view(HOME);
+    for (const char *type : themed) {
+        project.write(std::string("config/theme/x/") + type + ".g", text);
+        zof_theme_set("x");
+        screen_step(SHOWN_MS);
+        zof_theme_set("youth");
+        unlink(project.path(std::string("config/theme/x/") + type + ".g").c_str());
+    }
 }
 
 // Views live for ever; this one has to make room for the next.
@@ -98,6 +116,7 @@ static const struct {
 } kinds[] = {{"config/project/x.g", project_read},
              {"config/languages/x.g", language_read},
              {"config/project/x.g", link_read},
+             {"config/theme/x.g", theme_read},
              {"config/view/v2.g", view_show}};
 
 void fuzz_one(fuzz_input &in) {
