@@ -1,5 +1,5 @@
-// The loader of project files, a theme's file up to the controls that it restyles, and a view's up to its controls on the
-// screen. The first byte chooses the kind of file, the rest is its text.
+// The loader of project files, a theme's file up to the controls that it restyles, and a view's up to its controls on
+// the screen. The first byte chooses the kind of file, the rest is its text.
 #include "fuzz.h"
 
 #include "project/zof_j2s.h"
@@ -20,7 +20,8 @@ void fuzz_open() {
     project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
     // A control of each type that the themes here are for.
     for (const char *type : themed) {
-        project.write(std::string("config/theme/youth/") + type + ".g", R"({"styles": [{"body_t": {"main_color": 9}}]})");
+        project.write(std::string("config/theme/youth/") + type + ".g",
+                      R"({"styles": [{"body_t": {"main_color": 9}}]})");
     }
     project.view(HOME, {ctrl(ZOF_CTRL_LABEL, 5), ctrl(ZOF_CTRL_BTN, 6), ctrl(ZOF_CTRL_SLIDER, 7)});
     project.view(2, {});

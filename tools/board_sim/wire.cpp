@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <termios.h>
 #include <unistd.h>
 
@@ -65,7 +66,8 @@ static void make_raw(int fd, unsigned baud) {
 }
 
 static bool fail(const std::string &what) {
-    fprintf(stderr, "%s: %s: %s\n", program_invocation_short_name, what.c_str(), strerror(errno));
+    fprintf(stderr, "%s: %s: %s\n", program_invocation_short_name, what.c_str(),
+            std::generic_category().message(errno).c_str());
     return false;
 }
 
@@ -96,7 +98,11 @@ static bool plug_pty(wire &w) {
     if (w.fd < 0 || grantpt(w.fd) != 0 || unlockpt(w.fd) != 0) {
         return fail("no pseudo-terminal");
     }
-    w.slave_name = ptsname(w.fd);
+    char name[64];
+    if (ptsname_r(w.fd, name, sizeof(name)) != 0) {
+        return fail("no pseudo-terminal");
+    }
+    w.slave_name = name;
     w.slave = open(w.slave_name.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     if (w.slave < 0) {
         return fail(w.slave_name);

@@ -23,7 +23,9 @@ struct track {
 static void paint_ball(u32 *pixels, s32 w, s32 h, s32 n) {
     const double t = n / 25.0;
     const s32 radius = h / 6;
-    const s32 cx = (s32)(w / 2 + (w / 2 - radius) * sin(t * 1.7));
+    const s32 middle = w / 2;
+    const s32 reach = middle - radius;
+    const s32 cx = (s32)(middle + reach * sin(t * 1.7));
     const s32 cy = (s32)(h - radius - (h - 2 * radius) * fabs(sin(t * 2.9)));
     for (s32 y = 0; y < h; y++) {
         for (s32 x = 0; x < w; x++) {

@@ -167,7 +167,7 @@ static int watch() {
     if (!monitor.opt.record.empty()) {
         monitor.record.open(monitor.opt.record);
         if (!monitor.record) {
-            return fail(monitor.opt.record + ": " + strerror(errno));
+            return fail(monitor.opt.record + ": " + std::generic_category().message(errno));
         }
         monitor.record << "# zof_monitor head=" << monitor.opt.head << " crc=" << monitor.opt.crc << "\n";
     }

@@ -27,12 +27,12 @@ void zof_hmi_touch_cmd_send(u8 press, u8 release, u8 hold) {
     }
     const zof_prj_touch_t *touch = &prj->attr->hw_t.touch_t;
     const u32 now = zof_sys_time_ms();
-    if (press && (touch->th_en & REPORT_PRESS)) {
+    const bool pressed = press && (touch->th_en & REPORT_PRESS);
+    const bool held = hold && (touch->th_en & REPORT_HOLD) && now - reported_press >= touch->long_press_time;
+    if (pressed) {
         reported_press = now;
-        report_send();
-    } else if (release && (touch->th_en & REPORT_RELEASE)) {
-        report_send();
-    } else if (hold && (touch->th_en & REPORT_HOLD) && now - reported_press >= touch->long_press_time) {
+    }
+    if (pressed || held || (release && (touch->th_en & REPORT_RELEASE))) {
         report_send();
     }
 }

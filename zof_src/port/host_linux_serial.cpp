@@ -79,14 +79,14 @@ static int device_open(const char *path, const zof_host_line_t *line, const char
     const int fd = open(path, O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0) {
         *why = errno == EACCES ? "no permission; is this user in the group that owns it (often dialout)?"
-                               : strerror(errno);
+                               : zof_host_error();
         return -1;
     }
     if (flock(fd, LOCK_EX | LOCK_NB) != 0) {
         *why = "another program has it";
     } else if (!line_apply(fd, line)) {
         *lasting = errno == ENOTTY;
-        *why = *lasting ? "it is no serial line" : strerror(errno);
+        *why = *lasting ? "it is no serial line" : zof_host_error();
     } else {
         // No TIOCEXCL: a pseudo-terminal that its far end keeps open would stay locked after this process has ended.
         ioctl(fd, TCFLSH, TCIOFLUSH);
@@ -164,7 +164,7 @@ zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
     s->line = *line;
     s->wake = eventfd(0, EFD_CLOEXEC);
     if (s->wake < 0) {
-        zof_printf("serial port %d: %s", port, strerror(errno));
+        zof_printf("serial port %d: %s", port, zof_host_error());
     }
     if (s->wake < 0 || !first_open(s)) {
         line_release(s);
@@ -176,7 +176,7 @@ zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
 s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line) {
     std::lock_guard guard(s->lock);
     if (s->fd >= 0 && !line_apply(s->fd, line)) {
-        zof_printf("serial line %s: cannot change it: %s", s->path, strerror(errno));
+        zof_printf("serial line %s: cannot change it: %s", s->path, zof_host_error());
         line_apply(s->fd, &s->line);
         return -1;
     }
@@ -325,7 +325,7 @@ void zof_host_serial_close(zof_host_serial_t *s) {
     }
     const u64 one = 1;
     if (write(s->wake, &one, sizeof(one)) != (ssize_t)sizeof(one)) {
-        zof_printf("serial line %s: its reader cannot be woken: %s", s->path, strerror(errno));
+        zof_printf("serial line %s: its reader cannot be woken: %s", s->path, zof_host_error());
     }
     line_release(s);
 }

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "drv/zof_drv_wdt.h"
+#include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
 static const char device[] = "/dev/watchdog";
@@ -26,7 +27,7 @@ static s32 wdt_open() {
         wdt.fd = open(device, O_WRONLY | O_CLOEXEC);
     }
     if (wdt.fd < 0) {
-        zof_printf("watchdog %s: %s", device, strerror(errno));
+        zof_printf("watchdog %s: %s", device, zof_host_error());
         return -1;
     }
     return apply_timeout();

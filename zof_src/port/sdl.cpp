@@ -325,7 +325,7 @@ bool sdl_events_take() {
         zof_drv_audio_set_state(ZOF_MEDIA_STOP); // its thread may be opening a device that SDL_Quit takes away
         window_drop();
         SDL_Quit();
-        exit(0);
+        exit(0); // NOLINT(concurrency-mt-unsafe): the other threads hold nothing that it destroys
     }
     return user;
 }

@@ -2,6 +2,7 @@
 // to life with the application's view table.
 #include "project/zof_prj.h"
 
+#include <cstdio>
 #include <cstring>
 
 #include "drv/zof_drv.h"
@@ -30,12 +31,11 @@ zof_prj_t *zof_prj_get_cur(void) {
 
 // Every path is this text with a name behind it, so it has to end in a separator.
 static char *folder_copy(const char *path) {
-    size_t length = path ? std::strlen(path) : 0;
+    const size_t length = path ? std::strlen(path) : 0;
     auto *copy = length ? (char *)zof_malloc(length + 2) : nullptr;
     if (copy) {
-        std::memcpy(copy, path, length);
-        char last = path[length - 1];
-        copy[length] = last == '/' || last == '\\' ? '\0' : '/';
+        const char last = path[length - 1];
+        std::snprintf(copy, length + 2, "%s%s", path, last == '/' || last == '\\' ? "" : "/");
     }
     return copy;
 }
