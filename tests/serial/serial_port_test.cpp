@@ -216,18 +216,22 @@ TEST_CASE("serial: a long send goes out whole while the line takes it, however l
     far_end.join();
 }
 
-TEST_CASE("serial: what a client has no room for is lost and told, and the next bytes come") {
+TEST_CASE("serial: a client that is held up for long loses what it has no room for, and the next bytes come") {
     serial_pty pty;
     open_port(pty, 42);
-    const std::string log = printed([&] {
+    const auto burst = [&](u32 held_ms) {
         zof_lock gui(dis_mutex); // the client cannot take anything over
         for (int i = 0; i < 20; i++) {
             pty_write(pty, bytes(170, 9));
             usleep(8000);
         }
-    });
-    CHECK(contains(log, "bytes are lost"));
-    CHECK(eventually([] { return got.total > 0; }));
+        usleep(held_ms * 1000);
+    };
+    CHECK(!contains(printed([&] { burst(0); }), "lost"));
+    CHECK(eventually([] { return got.total == 20 * 170; }));
+    CHECK(contains(printed([&] { burst(1500); }), "bytes are lost"));
+    pty_write(pty, bytes(170, 9));
+    CHECK(eventually([] { return got.total > 20 * 170; }));
 }
 
 TEST_CASE("serial: a minute at the full rate of the line loses nothing") {

@@ -110,13 +110,15 @@ static void feed(uart_client *client, const zof_drv_t *handle, const u8 *data, u
     zof_sem_release(client->sem);
 }
 
-// The host link's client is done with a piece as fast as frames can be checked, unless the graphics thread's queue is
-// full. While the reader waits the line's own buffer fills, and a far end with flow control stops sending.
-static void feed_hmi(uart_context *ctx, const zof_drv_t *handle, const u8 *data, u32 size) {
-    for (u32 waited = 0; !fits(&ctx->hmi, size) && waited < ROOM_WAIT_MS; waited++) {
+// A client that is held up by the graphics thread gets a second to take over what it has. While the reader waits the
+// line's own buffer fills, and a far end with flow control stops sending. To a client that waits for a silence the
+// pause is one.
+static void feed_waiting(uart_client *client, const zof_drv_t *handle, const u8 *data, u32 size) {
+    const u32 start = zof_sys_time_ms();
+    while (!fits(client, size) && zof_sys_time_ms() - start < ROOM_WAIT_MS) {
         zof_delay(1);
     }
-    feed(&ctx->hmi, handle, data, size);
+    feed(client, handle, data, size);
 }
 
 static void zof_uart_recive_data_th(void *arg) {
@@ -142,10 +144,10 @@ static void zof_uart_recive_data_th(void *arg) {
             continue;
         }
         if (ctx->hmi.run && ctx->open_flag) {
-            feed_hmi(ctx, handle, buf, (u32)n);
+            feed_waiting(&ctx->hmi, handle, buf, (u32)n);
         }
         if (ctx->ui.run && ctx->ui_bfun) {
-            feed(&ctx->ui, handle, buf, (u32)n);
+            feed_waiting(&ctx->ui, handle, buf, (u32)n);
         }
     }
     zof_free(buf);

@@ -86,12 +86,12 @@ s32 zof_drv_uart_set_cfg(zof_drv_t *handle, u32 speed, u32 bit, u32 parity, u32 
 void zof_drv_uart_rev_set_timeout(zof_drv_t *handle, u32 ms);
 
 // The register link's client. The first call makes its buffer (`size` bytes, clamped to 2048 to 102400) and its thread;
-// later calls only replace `fun`; null silences it. A piece that finds no room is lost whole, with a line once a second
-// at most. 0 or -1.
+// later calls only replace `fun`; null silences it. A piece that finds no room waits for it, a second at most, and the
+// bytes behind it stay in the line; then it is lost whole, with a line once a second at most. 0 or -1.
 s32 zof_drv_uart_rev_set_bfun(zof_drv_t *handle, uart_rev_bfun fun, u32 size);
 
 // The host link's client, the same, with `t_size` bytes of room for a tail in front of the data. `arg` stays the
-// caller's. A piece that finds no room waits for it, a second at most, and the bytes behind it stay in the line.
+// caller's.
 s32 zof_drv_uart_hmi_rev_set_bfun(zof_drv_t *handle, uart_hmi_rev_bfun fun, void *arg, u32 size, u32 t_size);
 
 // Keeps what the host link's callback could not use yet: it is put in front of its next message. One tail at a time,
