@@ -15,7 +15,7 @@ import unittest
 from pathlib import Path
 
 from bench_panel import CLIENT, BenchPanel, GalleryPanel
-from zof_host import Panel, PowerOn, rows
+from zof_host import Panel, PowerOn, Touch, rows
 from zof_host.row import Row
 
 BUILD = sys.argv.pop(1)
@@ -77,6 +77,8 @@ class Panels(unittest.TestCase):
         with bench.open() as panel:
             panel.event(60)
             panel.write(rows.LABEL_TEXT, "go", **SESSION)
+            panel.write(rows.SYSTEM_TOUCH_CONFIG, 0x10)
+            self.assertIsInstance(panel.event(60), Touch)  # the session has seen it
         page = (CLIENT / "README.md").read_text()
         code = page.split("```python\n")[1].split("```")[0].replace("/dev/ttyUSB0", bench.line.host)
         self.assertLessEqual(len(code.splitlines()), 10)
