@@ -52,3 +52,55 @@ TEST_CASE("a list keeps order at both ends and at positions, searches miss its l
     __db_list_destory(nullptr, nullptr);
     CHECK(zof_mem_count() == before);
 }
+
+static int compared;
+
+static u32 number_of(const void *data) {
+    return *(const u16 *)data;
+}
+
+// Two lists of the same elements, one of them with numbers: whatever is done to both, they find the same.
+TEST_CASE("a list with numbers finds what one without finds, without comparing, until two numbers are equal") {
+    const u32 before = zof_mem_count();
+    static u16 numbers[1000];
+    db_list *lists[] = {db_list_create(), db_list_create()};
+    for (db_list *list : lists) {
+        list->compare = [](void *of, void *key) {
+            compared++;
+            return of && *(const u16 *)of == *(const u32 *)key ? 0 : 1;
+        };
+    }
+    lists[1]->number = number_of;
+    const auto same = [&](u32 key) {
+        CHECK(__db_list_search_node(lists[0], &key) == __db_list_search_node(lists[1], &key));
+    };
+    for (u32 i = 0; i < 1000; i++) {
+        numbers[i] = (u16)(i * 65);
+        for (db_list *list : lists) {
+            CHECK((i % 2 ? __db_list_put_tail(list, &numbers[i]) : __db_list_put_head(list, &numbers[i])) == 0);
+        }
+        same(numbers[i / 2]);
+    }
+    for (u32 key = 0; key < 65000; key += 39) {
+        same(key);
+        if (key % 2) {
+            CHECK(__db_list_search_and_pop(lists[0], &key) == __db_list_search_and_pop(lists[1], &key));
+            same(key);
+        }
+    }
+    CHECK(__db_list_visit_and_pop(lists[0], 7) == __db_list_visit_and_pop(lists[1], 7));
+    u32 key = 65536 + 65;
+    same(key);
+    compared = 0;
+    CHECK(__db_list_search_node(lists[1], &(key = 130)) == &numbers[2]);
+    CHECK(compared == 0);
+    for (db_list *list : lists) { // a second one with this number: the first in the list counts
+        static u16 second = 130;
+        CHECK(__db_list_put_head(list, &second) == 0);
+        CHECK((__db_list_search_and_pop(list, &key) == &second && __db_list_search_node(list, &key) == &numbers[2]));
+        __db_list_clear(list);
+        CHECK(__db_list_search_node(list, &key) == nullptr);
+        __db_list_destory(list, nullptr);
+    }
+    CHECK(zof_mem_count() == before);
+}

@@ -19,10 +19,15 @@ s32 zof_ctrl_list_search_compare(void *record, void *key) {
     return record && key && ((const para_t *)record)->id == *(const u32 *)key ? 0 : 1;
 }
 
+static u32 id_of(const void *record) {
+    return ((const para_t *)record)->id;
+}
+
 db_list *zof_ctrl_list_init(void) {
     db_list *list = db_list_create();
     if (list) {
         list->compare = zof_ctrl_list_search_compare;
+        list->number = id_of;
     }
     return list;
 }

@@ -2,6 +2,7 @@
 // test.
 #include "zof_lib/dblist/db_list.h"
 
+#include "zof_lib/dblist/db_index.h"
 #include "zof_lib/zof_stdio.h"
 
 namespace {
@@ -26,11 +27,13 @@ s32 insert_behind(db_list *list, db_node *before, void *data) {
     before->next->prev = node;
     before->next = node;
     list->count++;
+    db_index_add(list, node);
     return 0;
 }
 
-// The cursor steps back, so that its next reader gets the element behind the one that went.
+// The cursor steps back, so that its next reader gets the element behind the removed one.
 void *remove_node(db_list *list, db_node *node) {
+    db_index_remove(list, node);
     if (list->current == node) {
         list->current = node->prev;
     }
@@ -45,6 +48,10 @@ void *remove_node(db_list *list, db_node *node) {
 db_node *find_node(db_list *list, void *key) {
     if (!list || !list->compare) {
         return nullptr;
+    }
+    const db_index *index = key ? db_index_of(list) : nullptr;
+    if (index) {
+        return db_index_find(index, *(const u32 *)key);
     }
     for (db_node *node = list->head->next; node != list->head; node = node->next) {
         if (list->compare(node->data, key) == 0) {
@@ -161,6 +168,9 @@ void __db_list_travel(db_list *list, void (*fn)(void *data)) {
 }
 
 void __db_list_clear(db_list *list) {
+    if (list) {
+        db_index_free(list); // first: the data may be released already and has no number then
+    }
     while (list && list->count > 0) {
         remove_node(list, list->head->next);
     }

@@ -13,6 +13,8 @@ typedef struct db_node {
     struct db_node *prev, *next;
 } db_node;
 
+typedef struct db_index db_index;
+
 typedef struct {
     s32 count;
     db_node *current; // cursor of get_current_data; steps back when its node is removed
@@ -20,6 +22,11 @@ typedef struct {
     // 0 for a match; called with null data it must not fail. Set by the owner after creation; without it nothing is
     // found.
     int (*compare)(void *data, void *key);
+    // OPTIONAL, set by the owner after creation when every key is a u32: the number of an element, by which `compare`
+    // matches. A number must not change while its element is in the list. Searches then do not slow down as the list
+    // grows, unless two elements have the same number. Never called with null data.
+    u32 (*number)(const void *data);
+    db_index *index; // the list's own
 } db_list;
 
 // An empty list without compare function; null when memory fails.
