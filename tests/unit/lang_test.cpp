@@ -43,6 +43,29 @@ TEST_CASE("a language that cannot be had leaves none") {
     CHECK(str(zof_prj_get_cur()->lang_name) == "en");
 }
 
+TEST_CASE("keys of a large table are found in either case, and of equal ones the first") {
+    lang_project project;
+    enum { KEYS = 5000 };
+    std::string text = R"({"same": "first", "SAME": "second")";
+    for (int i = 0; i < KEYS; i++) {
+        text += ", \"Key" + std::to_string(i) + "\": \"" + std::to_string(i) + "\"";
+    }
+    project.write("config/languages/large.g", text + "}");
+    project.write("config/languages/none.g", "{}");
+    for (const u32 fail_at : {0u, 1u}) { // without memory for the index too
+        CHECK(zof_lang_set("large") == 0);
+        zof_mem_fail_at(fail_at);
+        for (int i = 0; i < KEYS; i += fail_at ? 499 : 1) {
+            CHECK(shown(("#kEY" + std::to_string(i)).c_str()) == std::to_string(i));
+        }
+        zof_mem_fail_at(0);
+        CHECK(shown("#Same") == "first");
+        CHECK(shown("#Key") == "#Key");
+        CHECK(zof_lang_set("none") == 0);
+        CHECK(shown("#same") == "#same");
+    }
+}
+
 TEST_CASE("changed texts are seen at once, written whole or not at all, and never to another language's file") {
     lang_project project;
     CHECK(shown("#HELLO") + shown("#number") + shown("hello") + shown("#") == "Hello#numberhelloempty key");

@@ -4,6 +4,7 @@
 
 #include <cjson/cJSON.h>
 
+#include <cctype>
 #include <cstring>
 
 #include "project/zof_j2s.h"
@@ -22,7 +23,74 @@ void zof_lang_on_change(void (*fn)(void)) {
     lang_changed = fn;
 }
 
+// The entries of a table by a hash of their keys, made at the first look-up: cJSON compares key by key from the front,
+// which takes longer than all else that a change of language does.
+static struct {
+    const cJSON *root; // the table it belongs to; null for none
+    cJSON **slots;     // null for a free one; an entry is in the first free slot behind the one of its hash
+    u32 count;         // of slots, a power of 2, at least twice as many as entries
+} index_of;
+
+static void index_drop(void) {
+    zof_free(index_of.slots);
+    index_of = {};
+}
+
+static u32 hash_of(const char *key) {
+    u32 hash = 2166136261u; // FNV-1a
+    for (; *key; key++) {
+        hash = (hash ^ (u32)std::tolower((u8)*key)) * 16777619u;
+    }
+    return hash;
+}
+
+static bool same_key(const char *a, const char *b) {
+    while (*a && std::tolower((u8)*a) == std::tolower((u8)*b)) {
+        a++;
+        b++;
+    }
+    return *a == *b;
+}
+
+// The slot of a key: that of its entry, else the free one where it would be.
+static cJSON **slot_of(const char *key) {
+    u32 at = hash_of(key) & (index_of.count - 1);
+    while (index_of.slots[at] && !same_key(index_of.slots[at]->string, key)) {
+        at = (at + 1) & (index_of.count - 1);
+    }
+    return &index_of.slots[at];
+}
+
+// False without memory.
+static bool index_make(cJSON *root) {
+    index_drop();
+    u32 count = 2;
+    while (count < 2 * (u32)cJSON_GetArraySize(root)) {
+        count *= 2;
+    }
+    index_of.slots = (cJSON **)zof_malloc(count * sizeof(cJSON *));
+    if (!index_of.slots) {
+        return false;
+    }
+    index_of.root = root;
+    index_of.count = count;
+    cJSON *entry = nullptr;
+    cJSON_ArrayForEach(entry, root) {
+        cJSON **slot = slot_of(entry->string);
+        *slot = *slot ? *slot : entry; // of equal keys the first counts
+    }
+    return true;
+}
+
+static cJSON *table_find(cJSON *root, const char *key) {
+    const bool indexed = index_of.root == root || index_make(root);
+    return indexed ? *slot_of(key) : cJSON_GetObjectItem(root, key);
+}
+
 void zof_lang_del(cJSON *root) {
+    if (root && root == index_of.root) {
+        index_drop();
+    }
     if (root) {
         cJSON_Delete(root);
     }
@@ -71,7 +139,7 @@ s32 zof_lang_check_str(const char *text) {
 // The entry of a reference; null without table, without the entry, or when it is not a text.
 static cJSON *entry_of(const char *reference) {
     zof_prj_t *prj = zof_prj_get_cur();
-    cJSON *entry = prj && prj->lang_root ? cJSON_GetObjectItem(prj->lang_root, reference + 1) : nullptr;
+    cJSON *entry = prj && prj->lang_root ? table_find(prj->lang_root, reference + 1) : nullptr;
     return cJSON_IsString(entry) ? entry : nullptr;
 }
 
