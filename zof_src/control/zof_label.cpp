@@ -81,11 +81,10 @@ s32 zof_label_create(para_t *record, lv_obj_t *parent, void *attr) {
     if (!obj) {
         return -1;
     }
-    lv_label_set_text(obj, "");
     zof_obj_press_unlock(obj);
+    zof_ctrl_pub_attr(record, &label->pub_t);
     zof_label_set_dis_mode(record, label->dis_mode_e);
     zof_label_set_anim_speed(record, label->animspeed);
-    zof_ctrl_pub_attr(record, &label->pub_t);
     if (label->auto_hight != 1) {
         lv_obj_set_height(obj, LV_SIZE_CONTENT);
     }
