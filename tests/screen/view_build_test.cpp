@@ -89,3 +89,24 @@ TEST_CASE("nesting has a limit with a line, and loading takes time in proportion
     CAPTURE(many);
     CHECK(many < 30 * (few + 10)); // eight times as many controls; quadratic, it was 64 times
 }
+
+TEST_CASE("a view's file is read once, and a theme file that is missing is looked for again with each view") {
+    view_project_t project;
+    project.view(1, {ctrl(ZOF_CTRL_LABEL, 1), ctrl(ZOF_CTRL_LABEL, 2)});
+    project.view(2, {ctrl(ZOF_CTRL_LABEL, 1)});
+    zof_prj_t *prj = project.open(320, 240);
+    static std::string file;
+    file = project.path("config/view/v1.g");
+    static const auto create_without_file = [] {
+        std::filesystem::remove(file);
+        zof_view_create(1, nullptr, 0);
+    };
+    static const zof_view_fun_t rows[] = {{1, create_without_file}, {2, [] { zof_view_create(2, nullptr, 0); }}};
+    prj->view_fun = rows;
+    CHECK(zof_view_load(1) == 0);
+    CHECK(at(2)->obj != nullptr);
+    CHECK(at(2)->attr->style_num == 0);
+    project.write("config/theme/youth/label.g", R"({"styles": [{"style_state": 32}]})");
+    CHECK(zof_view_load(2) == 0);
+    CHECK(at(1, 2)->attr->style_num == 1);
+}

@@ -342,6 +342,19 @@ static void controls_walk(zof_view_node_t *view, zof_j2s_walk_t *walk) {
     places_free(&places);
 }
 
+// Starts at the file that the view's node was made from when that is still there.
+static s32 walk_open(zof_view_node_t *view, zof_j2s_walk_t *walk) {
+    cJSON *file = view->file;
+    view->file = nullptr;
+    const char *name = zof_view_name_get(view->attr->v_id);
+    const char *path = name ? zof_res_get_prjfile_path("config/view/", name) : nullptr;
+    if (file && path) {
+        return zof_j2s_walk_over(walk, path, file);
+    }
+    cJSON_Delete(file);
+    return zof_j2s_walk_start(walk, path);
+}
+
 s32 zof_ctrl_list_create(zof_view_node_t *view) {
     if (!view || !view->attr) {
         return -1;
@@ -349,9 +362,8 @@ s32 zof_ctrl_list_create(zof_view_node_t *view) {
     if (view->ctrl_ready) {
         return 0;
     }
-    const char *name = zof_view_name_get(view->attr->v_id);
     zof_j2s_walk_t walk = {};
-    if (!name || zof_j2s_walk_start(&walk, zof_res_get_prjfile_path("config/view/", name)) != 0) {
+    if (walk_open(view, &walk) != 0) {
         return -1;
     }
     zof_hold hold;

@@ -38,7 +38,7 @@ cJSON *zof_j2s_parse(const char *path, const char *text);
 
 // A walk over the `controls` of a view file. Zero it before the first start.
 typedef struct {
-    zof_rootjson_t json;
+    cJSON *root;
     cJSON *entry; // under the cursor; null at the end
     s32 index;    // of that entry, for messages
     char *path;   // its own copy: the path buffer changes while controls are made
@@ -47,6 +47,9 @@ typedef struct {
 // Start: 0 with the cursor on the first entry, -1 with a line when there are no controls to walk. It ends a walk that
 // is still open; the walk owns file and path until zof_j2s_walk_end.
 s32 zof_j2s_walk_start(zof_j2s_walk_t *walk, const char *path);
+
+// The same over a file that is parsed already, which the walk takes; `path` is for messages.
+s32 zof_j2s_walk_over(zof_j2s_walk_t *walk, const char *path, cJSON *root);
 void zof_j2s_walk_end(zof_j2s_walk_t *walk);
 void zof_j2s_walk_next(zof_j2s_walk_t *walk);
 
@@ -97,6 +100,9 @@ s32 printfstruct(void *record);
 // The `view` object of a view file; null with a line when the file, its text or that object is not as it should be.
 // Release with FreeViewStruct and zof_free.
 zof_view_attr_t *zof_j2s_view(const char *path);
+
+// The same, and with a record the whole parsed file, for zof_j2s_walk_over or cJSON_Delete; null without one.
+zof_view_attr_t *zof_j2s_view_open(const char *path, cJSON **root);
 
 // The project record; null with a line. The file stays in memory for zof_j2s_view_name_list_get.
 zof_prj_attr_t *zof_j2s_get_prj_attr(const char *path);

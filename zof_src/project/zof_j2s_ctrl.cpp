@@ -20,10 +20,18 @@ s32 zof_j2s_walk_start(zof_j2s_walk_t *walk, const char *path) {
     if (!path) {
         return -1;
     }
-    walk->json = zof_j2s_open(path);
-    cJSON *controls = cJSON_GetObjectItem(walk->json.root, "controls");
+    zof_rootjson_t file = zof_j2s_open(path);
+    Freebuff(file.content);
+    return zof_j2s_walk_over(walk, path, file.root);
+}
+
+s32 zof_j2s_walk_over(zof_j2s_walk_t *walk, const char *path, cJSON *root) {
+    zof_j2s_walk_end(walk);
+    walk->root = root;
+    zof_theme_remember_missing(ZOF_TRUE);
+    cJSON *controls = cJSON_GetObjectItem(root, "controls");
     if (!cJSON_IsArray(controls)) {
-        if (walk->json.root) {
+        if (root) {
             zof_printf("%s: controls is missing\n", path);
         }
         zof_j2s_walk_end(walk);
@@ -35,7 +43,8 @@ s32 zof_j2s_walk_start(zof_j2s_walk_t *walk, const char *path) {
 }
 
 void zof_j2s_walk_end(zof_j2s_walk_t *walk) {
-    RootJsonDel(&walk->json);
+    cJSON_Delete(walk->root);
+    zof_theme_remember_missing(ZOF_FALSE);
     zof_res_path_free(walk->path);
     *walk = {};
 }

@@ -25,19 +25,30 @@ template <typename T> static T *record_of(cJSON *json, s32 (*decode)(cJSON *, T 
     return record;
 }
 
-zof_view_attr_t *zof_j2s_view(const char *path) {
+zof_view_attr_t *zof_j2s_view_open(const char *path, cJSON **root) {
+    *root = nullptr;
     if (!path) {
         return nullptr;
     }
     zof_rootjson_t file = zof_j2s_open(path);
+    Freebuff(file.content);
     cJSON *view = cJSON_GetObjectItem(file.root, "view");
-    zof_view_attr_t *record = nullptr;
-    if (cJSON_IsObject(view)) {
-        record = record_of(view, GetViewStruct);
-    } else if (file.root) {
+    if (file.root && !cJSON_IsObject(view)) {
         zof_printf("%s: view is missing\n", path);
     }
-    RootJsonDel(&file);
+    zof_view_attr_t *record = cJSON_IsObject(view) ? record_of(view, GetViewStruct) : nullptr;
+    if (record) {
+        *root = file.root;
+    } else {
+        cJSON_Delete(file.root);
+    }
+    return record;
+}
+
+zof_view_attr_t *zof_j2s_view(const char *path) {
+    cJSON *root = nullptr;
+    zof_view_attr_t *record = zof_j2s_view_open(path, &root);
+    cJSON_Delete(root);
     return record;
 }
 

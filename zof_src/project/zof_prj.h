@@ -12,6 +12,8 @@ ZOF_C_BEGIN
 
 typedef enum { ZOF_LAYER_UI, ZOF_LAYER_STATE, ZOF_LAYER_TOP, ZOF_LAYER_BG, ZOF_LAYER_COUNT } zof_layer_se;
 
+struct cJSON;
+
 // A view that exists. `obj` is the first field, as in a control, so that a node can stand as parent of a control.
 typedef struct {
     lv_obj_t *obj;
@@ -21,18 +23,17 @@ typedef struct {
     lv_obj_t *bg_obj;
     const zof_ctrl_fun_t *ctrl_fun;
     u32 ctrl_fun_cnt;
-    u8 displaying;    // being brought up by zof_view_set_dis_view_anim
-    u8 ctrl_ready;    // the control list is complete for display
-    u8 del_on_unload; // `pub` controls go when the screen is unloaded
-    u8 leaving;       // its exit function runs: a view that is shown by it does not leave it once more
+    struct cJSON *file; // parsed; from the node's creation to the walk over its controls, or the end of its init
+    u8 displaying;      // being brought up by zof_view_set_dis_view_anim
+    u8 ctrl_ready;      // the control list is complete for display
+    u8 del_on_unload;   // `pub` controls go when the screen is unloaded
+    u8 leaving;         // its exit function runs: a view that is shown by it does not leave it once more
 } zof_view_node_t;
 
 typedef struct {
     u32 id;
     char *name;
 } zof_view_name_t;
-
-struct cJSON;
 
 // Everything in it is its own, but for the view table. It lives to the end of the process.
 typedef struct {

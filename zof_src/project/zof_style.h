@@ -13,6 +13,10 @@ extern const char *const zof_theme_name[2];
 // is not there.
 zof_pub_attr_t *zof_theme_get_ctrl(const char *theme, u32 type);
 
+// Set while the controls of a view are read: each theme file that is not there is then looked for once a view, not once
+// a control. Switching either way forgets what was missing.
+void zof_theme_remember_missing(zof_bool on);
+
 // Changes the look of every control of the running project, made or yet to be made, to another theme's; theme keys of
 // view files no longer count. Styles are matched by part, state and section: the theme before decides which of them a
 // type has. A control keeps what its own file says differently from its old theme, and a type that the new theme does

@@ -17,13 +17,35 @@ const char *const zof_theme_name[2] = {"youth", "night"};
 // By type alone: the first theme that is asked for fixes the look of a type for the life of the process.
 static struct {
     zof_pub_attr_t *zof_theme[ZOF_CTRL_TYPE_COUNT];
-    u8 broken[ZOF_CTRL_TYPE_COUNT]; // its file does not parse: said once, not once a control
-    char chosen[64];                // by zof_theme_set: counts more than what view files name
+    u8 broken[ZOF_CTRL_TYPE_COUNT];        // its file does not parse: said once, not once a control
+    char chosen[64];                       // by zof_theme_set: counts more than what view files name
+    zof_bool remembers;                    // a view is being read, so `missing` counts
+    char missing[ZOF_CTRL_TYPE_COUNT][32]; // the theme that was last found to have no file for the type
 } self;
 
+void zof_theme_remember_missing(zof_bool on) {
+    self.remembers = on;
+    memset(self.missing, 0, sizeof(self.missing));
+}
+
+static bool is_missing(const char *theme, u32 type) {
+    return theme[0] && strcmp(theme, self.missing[type]) == 0;
+}
+
+static void missing_note(const char *theme, u32 type) {
+    char *note = self.missing[type];
+    if (self.remembers && strlen(theme) < sizeof(self.missing[type])) {
+        strcpy(note, theme);
+    }
+}
+
 static zof_pub_attr_t *theme_read(const char *theme, u32 type) {
+    if (is_missing(theme, type)) {
+        return nullptr;
+    }
     const char *path = zof_res_get_theme_path(theme, type);
     if (!path || zof_file_get_size(path) < 0) {
+        missing_note(theme, type);
         return nullptr;
     }
     zof_rootjson_t json = RootJsonGet(path);
@@ -211,6 +233,7 @@ s32 zof_theme_set(const char *theme) {
     if (!theme || strlen(theme) >= sizeof(self.chosen) || !prj || !prj->view_list) {
         return -1;
     }
+    zof_theme_remember_missing(ZOF_FALSE);
     s32 result = -1;
     for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
         const u8 broken = self.broken[type];

@@ -2,6 +2,8 @@
 // view, deletion of its short-lived controls, init of the new one (once), its controls, the screen, entry.
 #include "project/zof_view.h"
 
+#include <cjson/cJSON.h>
+
 #include "project/zof_hold_in.h"
 #include "project/zof_para.h"
 #include "project/zof_prj_up.h"
@@ -12,8 +14,10 @@ static void init_run(zof_view_node_t *node) {
     if (node->view_fun->zof_view_init) {
         node->view_fun->zof_view_init();
     } else {
-        zof_printf("view %u: the program gives it no init function", node->attr->v_id);
+        zof_printf("view %u: the program has no init function for it", node->attr->v_id);
     }
+    cJSON_Delete(node->file); // the init function made no controls
+    node->file = nullptr;
 }
 
 static bool view_is_current(u32 id) {

@@ -71,8 +71,9 @@ db_list *zof_view_list_create(void);
 zof_view_node_t *zof_view_list_get(u32 id);
 db_list *zof_view_list_get_ctrl_list(u32 id);
 
-// Reads the view's file and makes its node, without object. The node has the id that the file says. Null, with a line,
-// for an id without name, a file that gives no view, or an id without functions.
+// Reads the view's file and makes its node, without object. The node has the id that the file says, and keeps the
+// parsed file until its controls are made from it or its init function returns, so that the file is parsed once. Null,
+// with a line, for an id without name, a file that gives no view, or an id without functions.
 zof_view_node_t *zof_view_node_create(u32 id);
 
 // Makes a view ready without showing it: its init function runs, all its controls but the `pub` ones are made. 0, also

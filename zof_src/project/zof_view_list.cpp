@@ -130,7 +130,8 @@ zof_view_node_t *zof_view_node_create(u32 id) {
         zof_printf("view %u: the project file names no such view", id);
         return nullptr;
     }
-    zof_view_attr_t *attr = zof_view_attr_get(id);
+    cJSON *file = nullptr;
+    zof_view_attr_t *attr = zof_j2s_view_open(zof_res_get_prjfile_path("config/view/", name), &file);
     if (!attr) {
         zof_printf("view %u: config/view/%s gives no view", id, name);
         return nullptr;
@@ -146,9 +147,11 @@ zof_view_node_t *zof_view_node_create(u32 id) {
     if (fun && !node) {
         node = node_new(attr, fun);
         if (node) {
+            node->file = file;
             return node;
         }
     }
+    cJSON_Delete(file);
     attr_release(attr);
     return node;
 }
