@@ -1,4 +1,4 @@
-// Loading a view of many controls, against two cJSON parses of its file: a view's file is read twice.
+// Loading a view of many controls, which parses its file once, against two cJSON parses of the file.
 #include "measure.h"
 
 #include <filesystem>

@@ -1,4 +1,5 @@
 // Images, image buttons and tile views.
+#include "port/zof_port.h"
 #include "view_project.h"
 
 enum : u32 { RED = 0xFF0000, GREEN = 0x00FF00, BLUE = 0x0000FF };
@@ -39,6 +40,29 @@ TEST_CASE("a picture is drawn whatever the case of its suffix") {
     project.show({ctrl(ZOF_CTRL_IMG, 1, R"("init_img": "RED.PNG", "img_mode_e": 0)", box(0, 0, 20, 20)),
                   ctrl(ZOF_CTRL_IMGBTN, 2, R"("img_rel": "RED.PNG")", box(100, 100, 20, 20))});
     screen_check({{10, 10, RED}, {110, 110, RED}, {200, 10, GREEN}});
+}
+
+// How often memory was asked for while the size of a picture was found.
+static u32 size_costs(const std::string &path) {
+    lv_img_header_t header;
+    zof_mem_fail_at(0);
+    CHECK(lv_img_decoder_get_info(path.c_str(), &header) == LV_RES_OK);
+    return zof_mem_fail_at(0);
+}
+
+TEST_CASE("a picture is not decoded again while its file stays the same, and is when the file changes") {
+    view_project_t project;
+    project.image("red.png", 20, 20, RED);
+    project.show({ctrl(ZOF_CTRL_IMG, 1, R"("init_img": "red.png")", box(0, 0, 20, 20))});
+    screen_check({{10, 10, RED}});
+    zof_ffmpeg_init();
+    const std::string path = project.path("image/red.png");
+    const u32 decoded = size_costs(path);
+    CHECK(2 * size_costs(path) < decoded);
+    project.image("red.png", 20, 20, BLUE);
+    lv_img_cache_invalidate_src(nullptr);
+    lv_obj_invalidate(at(1)->obj);
+    screen_check({{10, 10, BLUE}});
 }
 
 // LVGL takes such a name for the address of a picture in memory and reads what lies there.

@@ -18,11 +18,14 @@ extern "C" {
 enum { PNG_FILE_MOST = 64 << 20, PNG_PIXEL_BYTES_MOST = 8 };
 
 // The picture whose size was asked for last, a frame or the pixels of a PNG. Its size is known when it is decoded; and
-// LVGL asks right before it opens a picture, so what was decoded for the question is kept for that. Not in LVGL's
-// memory, which is counted: the picture may never be opened.
+// LVGL asks right before it opens a picture, so what was decoded for the question is kept for that. It also asks when
+// an image gets its source: a PNG is not decoded again while its file has the same bytes. Not in LVGL's memory, which
+// is counted: the picture may never be opened.
 static struct {
     AVFrame *frame;
     u8 *pixels;
+    u8 *file; // the bytes that the pixels were decoded from
+    size_t file_size;
     s32 w, h;
     bool alpha;
 } asked;
@@ -32,6 +35,7 @@ static void asked_drop() {
         ff.av_frame_free(&asked.frame);
     }
     free(asked.pixels);
+    free(asked.file);
     asked = {};
 }
 
@@ -64,6 +68,7 @@ static AVFrame *frame_load(const char *path) {
 }
 
 static bool jpeg_load(const char *path) {
+    asked_drop();
     asked.frame = frame_load(path);
     if (!asked.frame) {
         return false;
@@ -107,18 +112,35 @@ static void png_decode(const u8 *file, size_t size) {
     lodepng_state_cleanup(&state);
 }
 
-static bool png_load(const char *path) {
+// The whole file in memory for free; null when it is too large or cannot be read.
+static u8 *png_read(const char *path, size_t *size) {
     const ff_source source = ff_source_lvgl(path);
     if (!source.handle) {
-        return false;
+        return nullptr;
     }
-    const size_t size = source.size > 0 && source.size <= PNG_FILE_MOST ? (size_t)source.size : 0;
-    auto *file = (u8 *)malloc(size ? size : 1);
-    if (file && size && source.read(source.handle, file, (int)size) == (int)size) {
-        png_decode(file, size);
+    *size = source.size > 0 && source.size <= PNG_FILE_MOST ? (size_t)source.size : 0;
+    auto *file = *size ? (u8 *)malloc(*size) : nullptr;
+    if (file && source.read(source.handle, file, (int)*size) != (int)*size) {
+        free(file);
+        file = nullptr;
     }
-    free(file);
     source.close(source.handle);
+    return file;
+}
+
+static bool png_load(const char *path) {
+    size_t size = 0;
+    u8 *file = png_read(path, &size);
+    if (file && asked.pixels && size == asked.file_size && memcmp(file, asked.file, size) == 0) {
+        free(file);
+        return true;
+    }
+    asked_drop();
+    if (file) {
+        png_decode(file, size);
+        asked.file = file;
+        asked.file_size = size;
+    }
     return asked.pixels != nullptr;
 }
 
@@ -140,7 +162,6 @@ static lv_res_t decoder_info(lv_img_decoder_t *, const void *src, lv_img_header_
     if (lv_img_src_get_type(src) != LV_IMG_SRC_FILE) {
         return LV_RES_INV;
     }
-    asked_drop();
     if (!asked_load((const char *)src) || !side_fits(asked.w) || !side_fits(asked.h)) {
         asked_drop();
         return LV_RES_INV;
