@@ -64,8 +64,9 @@ static cJSON **slot_of(const char *key) {
 // False without memory.
 static bool index_make(cJSON *root) {
     index_drop();
+    const u32 entries = (u32)cJSON_GetArraySize(root);
     u32 count = 2;
-    while (count < 2 * (u32)cJSON_GetArraySize(root)) {
+    while (count < 2 * entries) {
         count *= 2;
     }
     index_of.slots = (cJSON **)zof_malloc(count * sizeof(cJSON *));
