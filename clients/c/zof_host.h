@@ -154,7 +154,7 @@ static inline int zof_host_get_system_version(zof_host_t *host, int8_t selector)
     return zof_host_end(host);
 }
 
-// Reads 0xAABB; the same comes unasked at power-on. Writing 0xCCDD reboots.
+// Reads 0xAABB; also sent unasked at power-on. Writing 0xCCDD reboots.
 // Answers: u16 word
 #define ZOF_HOST_SYSTEM_REBOOT 0x02B00100ul
 static inline int zof_host_get_system_reboot(zof_host_t *host) {
@@ -176,7 +176,7 @@ static inline int zof_host_set_system_bright(zof_host_t *host, uint8_t percent) 
     return zof_host_end(host);
 }
 
-// A series of tones; its tone time becomes that of touches too.
+// A series of tones; its tone time applies to touches too.
 // Carries: u8 count, u16 pause_ms, u16 tone_ms
 #define ZOF_HOST_SYSTEM_TONE 0x02B00300ul
 static inline int zof_host_set_system_tone(zof_host_t *host, uint8_t count, uint16_t pause_ms, uint16_t tone_ms) {
@@ -201,7 +201,7 @@ static inline int zof_host_set_system_touch_config(zof_host_t *host, uint8_t fla
     return zof_host_end(host);
 }
 
-// The touch as it is: state 0 released, 1 pressed, 2 held, and its point. Also comes unasked, as touch_config says.
+// The current touch: state 0 released, 1 pressed, 2 held, and its point. Also sent unasked, as touch_config says.
 // Answers: u8 state, u16 x, u16 y
 #define ZOF_HOST_SYSTEM_TOUCH 0x03B00401ul
 static inline int zof_host_get_system_touch(zof_host_t *host) {
@@ -291,7 +291,7 @@ static inline int zof_host_get_view_displayed(zof_host_t *host, int8_t layer) {
     return zof_host_end(host);
 }
 
-// Kept for old hosts: a view's layer is that of its file.
+// Kept for old hosts: a view's layer comes from its file.
 // Carries: u8 layer, u16 view
 #define ZOF_HOST_VIEW_LAYER 0x02B10200ul
 static inline int zof_host_set_view_layer(zof_host_t *host, uint8_t layer, uint16_t view) {
@@ -1106,7 +1106,7 @@ static inline int zof_host_set_text_box_add_char(zof_host_t *host, uint16_t view
     return zof_host_end(host);
 }
 
-// Deletes the character in front of the cursor (0) or behind it (1).
+// Deletes the character before the cursor (0) or after it (1).
 // Carries: u8 forward
 #define ZOF_HOST_TEXT_BOX_DELETE 0x03B20C02ul
 static inline int zof_host_set_text_box_delete(zof_host_t *host, uint16_t view, uint16_t control, uint8_t forward) {
@@ -1158,7 +1158,7 @@ static inline int zof_host_set_text_box_cursor(zof_host_t *host, uint16_t view, 
 
 // Lists of buttons.
 
-// Takes a button away, counted from 0.
+// Removes a button, counted from 0.
 // Carries: u16 index
 #define ZOF_HOST_LIST_REMOVE 0x03B20D00ul
 static inline int zof_host_set_list_remove(zof_host_t *host, uint16_t view, uint16_t control, uint16_t index) {
@@ -1169,7 +1169,7 @@ static inline int zof_host_set_list_remove(zof_host_t *host, uint16_t view, uint
     return zof_host_end(host);
 }
 
-// Takes all buttons away; the value does not matter.
+// Removes all buttons; the value is ignored.
 // Carries: s8 any
 #define ZOF_HOST_LIST_CLEAR 0x03B20D01ul
 static inline int zof_host_set_list_clear(zof_host_t *host, uint16_t view, uint16_t control, int8_t any) {
@@ -1202,7 +1202,7 @@ static inline int zof_host_set_list_text(zof_host_t *host, uint16_t view, uint16
 
 // Drop-down lists.
 
-// Puts an option ahead of a position, or at the end beyond it.
+// Inserts an option before a position, or appends it beyond the end.
 // Carries: text text
 #define ZOF_HOST_DROP_LIST_ADD 0x03B20E00ul
 static inline int zof_host_set_drop_list_add(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position,
@@ -1228,7 +1228,7 @@ static inline int zof_host_set_drop_list_modify(zof_host_t *host, uint16_t view,
     return zof_host_end(host);
 }
 
-// Takes an option away, counted from 0.
+// Removes an option, counted from 0.
 // Carries: u16 position
 #define ZOF_HOST_DROP_LIST_REMOVE 0x03B20E02ul
 static inline int zof_host_set_drop_list_remove(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position) {
@@ -1252,7 +1252,7 @@ static inline int zof_host_set_drop_list_open(zof_host_t *host, uint16_t view, u
 
 // Roller lists.
 
-// Puts an option ahead of a position, or at the end beyond it.
+// Inserts an option before a position, or appends it beyond the end.
 // Carries: text text
 #define ZOF_HOST_ROLLER_ADD 0x03B20F00ul
 static inline int zof_host_set_roller_add(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position,
@@ -1278,7 +1278,7 @@ static inline int zof_host_set_roller_modify(zof_host_t *host, uint16_t view, ui
     return zof_host_end(host);
 }
 
-// Takes an option away, counted from 0.
+// Removes an option, counted from 0.
 // Carries: u16 position
 #define ZOF_HOST_ROLLER_REMOVE 0x03B20F02ul
 static inline int zof_host_set_roller_remove(zof_host_t *host, uint16_t view, uint16_t control, uint16_t position) {
@@ -1291,7 +1291,7 @@ static inline int zof_host_set_roller_remove(zof_host_t *host, uint16_t view, ui
 
 // GIFs.
 
-// 0 plays from the start on, 1 pauses, 2 goes on.
+// 0 plays from the start, 1 pauses, 2 resumes.
 // Carries: u8 which
 #define ZOF_HOST_GIF_PLAY 0x03B21000ul
 static inline int zof_host_set_gif_play(zof_host_t *host, uint16_t view, uint16_t control, uint8_t which) {
@@ -1302,7 +1302,7 @@ static inline int zof_host_set_gif_play(zof_host_t *host, uint16_t view, uint16_
     return zof_host_end(host);
 }
 
-// Plays so many times from the start on; 0 plays for ever.
+// Plays so many times from the start; 0 plays forever.
 // Carries: u16 count
 #define ZOF_HOST_GIF_COUNT 0x03B21001ul
 static inline int zof_host_set_gif_count(zof_host_t *host, uint16_t view, uint16_t control, uint16_t count) {
@@ -1326,7 +1326,7 @@ static inline int zof_host_set_gif_source(zof_host_t *host, uint16_t view, uint1
 
 // QR codes.
 
-// What the code says.
+// The text of the code.
 // Carries: text text
 #define ZOF_HOST_QR_CODE_TEXT 0x03B21100ul
 static inline int zof_host_set_qr_code_text(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
@@ -1350,7 +1350,7 @@ static inline int zof_host_set_video_source(zof_host_t *host, uint16_t view, uin
     return zof_host_end(host);
 }
 
-// Of picture and sound: 0 plays anew, 1 stops, 2 pauses, 3 goes on.
+// Picture and sound: 0 plays from the start, 1 stops, 2 pauses, 3 resumes.
 // Answers: u8 state
 #define ZOF_HOST_VIDEO_STATE 0x03B21201ul
 static inline int zof_host_get_video_state(zof_host_t *host, uint16_t view, uint16_t control) {
@@ -1497,7 +1497,7 @@ static inline int zof_host_set_table_column_width(zof_host_t *host, uint16_t vie
     return zof_host_end(host);
 }
 
-// Joins a cell with the one to its right, or parts them.
+// Merges a cell with the one to its right, or splits them.
 // Carries: u16 row, u16 column
 #define ZOF_HOST_TABLE_MERGE_RIGHT 0x03B21502ul
 static inline int zof_host_set_table_merge_right(zof_host_t *host, uint16_t view, uint16_t control, uint16_t row,

@@ -31,7 +31,7 @@ TEST_CASE("an image is shown at its size, once in the middle, or all over its bo
     CHECK(screen_pixel(10, 10) == 0);
 }
 
-// By the suffix of what is written, PNG and LVGL's own kinds alike.
+// The suffix of the name decides, for PNG and LVGL's own formats alike.
 TEST_CASE("a picture is drawn whatever the case of its suffix") {
     view_project_t project;
     project.image("RED.PNG", 20, 20, RED);
@@ -42,7 +42,7 @@ TEST_CASE("a picture is drawn whatever the case of its suffix") {
     screen_check({{10, 10, RED}, {110, 110, RED}, {200, 10, GREEN}});
 }
 
-// How often memory was asked for while the size of a picture was found.
+// Returns the number of allocations while the size of a picture is determined.
 static u32 size_costs(const std::string &path) {
     lv_img_header_t header;
     zof_mem_fail_at(0);
@@ -50,7 +50,7 @@ static u32 size_costs(const std::string &path) {
     return zof_mem_fail_at(0);
 }
 
-TEST_CASE("a picture is not decoded again while its file stays the same, and is when the file changes") {
+TEST_CASE("a picture is decoded again only when its file changes") {
     view_project_t project;
     project.image("red.png", 20, 20, RED);
     project.show({ctrl(ZOF_CTRL_IMG, 1, R"("init_img": "red.png")", box(0, 0, 20, 20))});
@@ -65,7 +65,7 @@ TEST_CASE("a picture is not decoded again while its file stays the same, and is 
     screen_check({{10, 10, BLUE}});
 }
 
-// LVGL takes such a name for the address of a picture in memory and reads what lies there.
+// LVGL takes such a name for the address of a picture in memory and reads what is there.
 TEST_CASE("a name that begins with a control character is refused wherever a picture is named") {
     view_project_t project;
     project.shown_keys = R"("bg_image": "\u0005:x.png")";
@@ -107,13 +107,13 @@ TEST_CASE("an image button shows the picture of its state, in the middle of its 
     screen_check({{113, 130, GREEN}, {108, 130, 0}});
     screen_release(130, 130);
     zof_imgbtn_set_mode(at(1), 5);
-    zof_ctrl_add_state(at(1), LV_STATE_PRESSED); // a disabled one shows no press
+    zof_ctrl_add_state(at(1), LV_STATE_PRESSED); // a disabled button shows no press
     CHECK(zof_imgbtn_get_state(at(1)) == 5);
     zof_imgbtn_set_mode(at(1), 0);
     zof_lang_set("de");
     CHECK(screen_pixel(130, 130) == BLUE);
     CHECK(zof_imgbtn_set_image(at(1), 6, "red.png") == -1);
-    screen_click(210, 110); // drawn without a picture, and checkable all the same
+    screen_click(210, 110); // drawn without a picture, but still checkable
 }
 
 static std::string tile(u32 id, u32 col, u32 row, u32 dir, u32 color, u32 parent = 1) {
@@ -121,27 +121,27 @@ static std::string tile(u32 id, u32 col, u32 row, u32 dir, u32 color, u32 parent
                 form(R"("parent_id": %u)", parent), filled(color));
 }
 
-TEST_CASE("tile views show and tell the tile that is asked for") {
+TEST_CASE("tile views show and report the requested tile") {
     view_project_t project;
-    const std::string said = // the second view has no room, and stands at its last page
+    const std::string said = // the second view has no page after its last one, where it starts
         project.show(
             {ctrl(ZOF_CTRL_TILEVIEW, 1, R"("anim_time": 0, "count": 2)", box(0, 0, 100, 100), "{}"),
              tile(2, 0, 0, 3, BLUE), tile(3, 1, 0, 3, GREEN),
              ctrl(ZOF_CTRL_TILEVIEW, 4, R"("unlimited_scroll": 1, "count": 2, "start_id": 2)", box(0, 0, 0, 0)),
              ctrl(ZOF_CTRL_TILE, 5, R"("dir": 3)", R"("parent_id": 4)"),
              ctrl(ZOF_CTRL_TILE, 6, R"("dir": 3)", R"("parent_id": 4)")});
-    CHECK(contains(said, "no page lies behind start_id 2, where an endless view stands\nerr: create ctrl[c6,6] fail"));
+    CHECK(contains(said, "an endless view has no page after start_id 2, where it starts\nerr: create ctrl[c6,6] fail"));
     u32 row = 9, col = 9;
     CHECK(zof_tileview_set_tile_id(at(1), 0, 1, 0) == 0);
     CHECK(screen_pixel(50, 50) == GREEN);
     CHECK(zof_tileview_get_tile_id(at(1), &row, &col) == 0);
     CHECK(row * 10 + col == 1);
-    CHECK(zof_tileview_set_tile_id(at(1), 5, 5, 0) == 0); // there is none: it stays
+    CHECK(zof_tileview_set_tile_id(at(1), 5, 5, 0) == 0); // no such tile: no change
     CHECK(screen_pixel(50, 50) == GREEN);
     CHECK(zof_tileview_get_tile_id(at(4), &row, &col) == -1);
 }
 
-TEST_CASE("an endless view of two tiles can be swiped for ever up and down") {
+TEST_CASE("an endless view of two tiles can be swiped up and down forever") {
     const u32 colors[] = {BLUE, GREEN};
     view_project_t project({ctrl(ZOF_CTRL_TILEVIEW, 1, R"("unlimited_scroll": 1, "start_id": 1, "count": 2)",
                                  box(0, 0, 100, 100) + R"(, "scrollbar_t": {"dir_e": 15, "scroll_one": true})", "{}"),

@@ -1,5 +1,5 @@
-// What a view file may say of a control that is too long, too large, missing or wrong: each control that cannot be made
-// gets its line, the others are drawn, touched and deleted like any other.
+// Controls in a view file that are too long, too large, missing or wrong: each control that cannot be created is
+// logged, the others are drawn, touched and deleted like any other.
 #include "view_project.h"
 
 static std::string times(u32 count, const std::string &text) {
@@ -10,7 +10,7 @@ static std::string times(u32 count, const std::string &text) {
     return out;
 }
 
-TEST_CASE("odd texts, maps, files and sizes of controls are told or lived with") {
+TEST_CASE("odd texts, maps, files and sizes of controls are reported or accepted") {
     const std::string map = times(3000, R"("a", "\n", )"), text = times(3000, "äb\\n"), many = times(5000, "7\\n");
     const std::string huge = box(10, 10, 2000000000, 2000000000), none = box(70, 60, 0, 0), small = box(0, 0, 60, 60);
     const std::string mbox = R"("title": ")" + text + R"(", "txt": ")" + text + R"(", "btn_txt": [)" + map + "\"x\"]";
@@ -22,17 +22,17 @@ TEST_CASE("odd texts, maps, files and sizes of controls are told or lived with")
         {ZOF_CTRL_BTNMATRIX, R"("btnmatrix_txt": [)" + map + R"("", "behind the end"])", small},
         {ZOF_CTRL_BTNMATRIX, R"("btnmatrix_txt": [)" + map + R"("\n"])", huge},
         {ZOF_CTRL_TXTBOX, R"("accept_txt": ")" + text + R"(", "pwd_mode_en": true, "init_txt": ")" + text + "\"", huge},
-        {ZOF_CTRL_KEYBOARD, R"("keyboard_spell": true, "mode": 8, "popovers": true)", none, ": there is no mode 8\n"},
+        {ZOF_CTRL_KEYBOARD, R"("keyboard_spell": true, "mode": 8, "popovers": true)", none, ": invalid mode 8\n"},
         {ZOF_CTRL_KEYBOARD, R"("cn_font_lib": "../../none.ttf", "cn_font_size": 4294967295)", huge},
         {ZOF_CTRL_MBOX, mbox, huge},
         {ZOF_CTRL_LIST, R"("btns_t": [{}, {"image_num": "none.png"}, {"txt": "a"}])", none,
          "none.png: cannot be read\n"},
-        {ZOF_CTRL_DROPLIST, roll, small, ": no direction 77"},
+        {ZOF_CTRL_DROPLIST, roll, small, ": invalid direction 77"},
         {ZOF_CTRL_ROLLIST, roll, small, "only the first 4096 lines"},
         {ZOF_CTRL_ROLLIST, R"("options": "", "row_cnt": 1, "rol_mode": 1)", small},
         {ZOF_CTRL_TABLE, R"("row_cnt": 256, "col_cnt": 256)", small, ": 256 by 256 are too many cells"},
         {ZOF_CTRL_SCROLLCONT, R"("child_cnt": 1)", small,
-         ": display_count is 0; a scroll container shows one item at least\nerr: "},
+         ": display_count is 0; a scroll container shows at least one item\nerr: "},
         {ZOF_CTRL_SCROLLCONT_OBJ, "", small, "err: create ctrl[c13,13] fail\n"}, // straight on the view
         {ZOF_CTRL_SKETCHPAD, "", box(0, 0, 0, 9), "a sketchpad has 1 to 2047 pixels on a side, not 0 x 9\n"},
         {ZOF_CTRL_SKETCHPAD, "", box(0, 0, 9, 100000), "not 9 x 100000\n"},

@@ -13,7 +13,7 @@ static std::string label_text() {
     return label && label->obj ? lv_label_get_text(label->obj) : "(none)";
 }
 
-TEST_CASE("host link: every system command is written and read through the line, and does what it says") {
+TEST_CASE("host link: every system command is written and read through the line, and takes effect") {
     panel p;
     panel_up(p, R"(, "resend_en": 1)");
     answers(p, get({0xB0, 0x00, 0x00}), get({0xB0, 0x00, 0x00, 'A', '1', '.', '2', 0}));
@@ -26,7 +26,7 @@ TEST_CASE("host link: every system command is written and read through the line,
     answers(p, set({0xB0, 0x03, 2, 0, 10, 0, 20}), set({0xB0, 0x03, 0}));
     CHECK(eventually([] { return loop_turn(), zof_prj_get_cur()->attr->hw_t.tone_t.time == 20; }));
     answers(p, set({0xB0, 0x04, 0x00, 0x70}), set({0xB0, 0x04, 0x00, 0}));
-    // At once, though the project may not have it yet.
+    // At once, even if the project does not have it yet.
     answers(p, get({0xB0, 0x04, 0x00}), get({0xB0, 0x04, 0x00, 0x70}));
     CHECK(eventually([] { return loop_turn(), zof_prj_get_cur()->attr->hw_t.touch_t.th_en == 0x70; }));
     answers(p, get({0xB0, 0x04, 0x01}), get({0xB0, 0x04, 0x01, 0, 0, 0, 0, 0}));
@@ -41,7 +41,7 @@ TEST_CASE("host link: every system command is written and read through the line,
     answers(p, set({0xB0, 0x06, 0x01, 1}), set({0xB0, 0x06, 0x01, 0}));
     answers(p, get({0xB0, 0x06, 0x01}), get({0xB0, 0x06, 0x01, 1}));
     CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
-    answers(p, set({0xB0, 0x06, 0x01, 1}), set({0xB0, 0x06, 0x01, 1})); // in force already
+    answers(p, set({0xB0, 0x06, 0x01, 1}), set({0xB0, 0x06, 0x01, 1})); // already active
     answers(p, set({0xB0, 0x06, 0x01, 0}), set({0xB0, 0x06, 0x01, 0}));
     CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 1);
     CHECK(label_text() == "hello");
@@ -53,8 +53,7 @@ TEST_CASE("host link: every system command is written and read through the line,
     silent(p);
 }
 
-TEST_CASE(
-    "host link: without acknowledgements a write is silent and still done, and so are unknown and short commands") {
+TEST_CASE("host link: without acknowledgements a write is silent but done, and unknown and short commands are silent") {
     panel p;
     panel_up(p, "");
     pty_write(p.pty, set({0xB0, 0x02, 50}));
@@ -78,10 +77,10 @@ static void cuts_and_noise(panel &p, bool crc) {
             usleep(4 * GAP_MS * 1000);
             answers(p, {request.begin() + (long)cut, request.end()}, answer);
         }
-        const bytes noise = {0x00, 0x5A, 0x5A, 0xA5, 0x01, 0xB0, 0xA5, 0x5A, 0x5A}; // half heads, and one of no length
+        const bytes noise = {0x00, 0x5A, 0x5A, 0xA5, 0x01, 0xB0, 0xA5, 0x5A, 0x5A}; // half heads, and one with length 0
         answers(p, join({noise, request}), answer);
         answers(p, join({request, request, {0x00}, request}), join({answer, answer, answer}));
-        // The second of two is there in part only.
+        // The second of two has only arrived in part.
         pty_write(p.pty, join({request, {request.begin(), request.begin() + 5}}));
         CHECK(read_while_looping(p, answer.size()) == answer);
         answers(p, {request.begin() + 5, request.end()}, answer);
@@ -95,17 +94,17 @@ TEST_CASE("host link: a frame cut anywhere is joined with its rest, in both form
     silent(p);
     // A head that announces more than any frame holds is noise at once.
     answers(p, join({{0x5A, 0xA5, 0xFF, 0xFF}, get({0xB0, 0x01})}), get({0xB0, 0x01, 0xAA, 0xBB}));
-    // One that could be right takes what follows for its own, but no longer than a second behind a silence.
+    // A plausible head takes what follows as its own, but for no longer than a second after a silence.
     static std::atomic<u32> now{zof_sys_time_ms()};
     static constexpr zof_clock_t clock = {[] { return now.load(); }, [](u32 ms) { usleep(ms * 1000); }};
     zof_clock_set(&clock);
     const std::string log = printed([&] {
         pty_write(p.pty, {0x5A, 0xA5, 0x60, 0x22, 0xB0});
-        usleep(20 * GAP_MS * 1000); // the silence is seen
+        usleep(20 * GAP_MS * 1000); // the silence is noticed
         now += 1001;
         answers(p, get({0xB0, 0x01}), get({0xB0, 0x01, 0xAA, 0xBB}));
     });
-    CHECK(contains(log, "host link: 5 bytes of a frame without an end are dropped"));
+    CHECK(contains(log, "host link: 5 bytes of an incomplete frame are dropped"));
     zof_clock_set(nullptr);
 }
 
@@ -119,11 +118,11 @@ TEST_CASE("host link: the same with a CRC, and a frame whose CRC is wrong is noi
     const bytes good = frame_of(ZOF_HMI_OP_GET, {0xB0, 0x00, 0x00}, true);
     const bytes answer = frame_of(ZOF_HMI_OP_GET, {0xB0, 0x00, 0x00, 'A', '1', '.', '2', 0}, true);
     answers(p, join({bad, good}), answer);
-    // A false head holds a frame behind it up until the line is silent.
+    // A false head delays the frame after it until the line is silent.
     answers(p, join({{0x5A, 0xA5, 0x60}, good}), answer);
 }
 
-TEST_CASE("host link: touches are reported as the flags ask") {
+TEST_CASE("host link: touches are reported as the flags request") {
     panel p;
     panel_up(p, "", R"(, "hw_t": {"touch_t": {"th_en": 48}})");
     const auto reported = [&](u8 state, u16 x) {
@@ -131,7 +130,7 @@ TEST_CASE("host link: touches are reported as the flags ask") {
     };
     sdl_pointer_inject(12, 34, ZOF_TRUE);
     reported(ZOF_TOUCH_PRESS, 12);
-    sdl_pointer_inject(300, 34, ZOF_TRUE); // held, which was not asked for
+    sdl_pointer_inject(300, 34, ZOF_TRUE); // held, which was not requested
     for (int i = 0; i < 100; i++) {
         loop_turn();
     }
@@ -145,7 +144,7 @@ TEST_CASE("host link: touches are reported as the flags ask") {
     reported(ZOF_TOUCH_HELD, 5);
 }
 
-// A write that is never answered; the read behind it, in its own message, comes back when it is done.
+// A write that is never answered; the read after it, in its own message, is answered when the write is done.
 static s8 view_write(panel &p, const bytes &payload) {
     pty_write(p.pty, set(payload));
     silent(p);
@@ -172,7 +171,7 @@ TEST_CASE("host link: every view command is written and read through the line, a
     CHECK(view_write(p, {0xB1, 0x03, 0}) == 0);
     answers(p, get({0xB1, 0x01, 0}), get({0xB1, 0x01, 0, 0xFF, 0xFF}));
     CHECK(view_write(p, {0xB1, 0x03, 4}) == 1);
-    pty_write(p.pty, get({0xB1, 0x01, 3})); // there is no such layer to read, and nobody is told
+    pty_write(p.pty, get({0xB1, 0x01, 3})); // there is no such layer to read: no answer
     silent(p);
 }
 
@@ -190,7 +189,7 @@ TEST_CASE("host link: system and control commands at once, on their two threads,
                               {0xB0, 0x06, 0x01, 1},
                               {0xB1, 0x00, 0, 1},
                               {0xB0, 0x06, 0x01, 0}};
-    const auto still = [&](u32 turns) { // once no answer comes in so many turns
+    const auto still = [&](u32 turns) { // until no answer comes for so many turns
         for (u32 n = 0; n < turns; n++) {
             loop_turn();
         }

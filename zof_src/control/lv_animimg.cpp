@@ -1,4 +1,4 @@
-// The image sequence. A timer shows the next picture by its name; what stays decoded is the image cache's affair.
+// The image sequence. A timer shows the next picture by its name; what stays decoded is up to the image cache.
 #include "control/lv_animimg.h"
 
 #include <stdio.h>
@@ -30,7 +30,7 @@ static void play(lv_animimg_t *anim) {
     lv_timer_reset(anim->timer);
 }
 
-// The picture of this tick, or none when it is spent on the end of a pass.
+// The picture of this tick; false when the tick only ends a pass.
 static bool number_next(lv_animimg_t *anim, u32 *number) {
     const u32 past = anim->end + 1;
     *number = past ? anim->now % past : anim->now;
@@ -91,7 +91,7 @@ lv_obj_t *lv_animimg_create(lv_obj_t *parent) {
     return obj;
 }
 
-// The series' folder; null when it cannot be kept.
+// A copy of the series' folder; null when there is none or it is too long.
 static char *path_copy(const char *folder) {
     const bool usable = zof_res_is_picture_path(folder);
     if (!usable || strlen(folder) >= LV_ANIMIMG_PATH_SIZE) {

@@ -1,6 +1,6 @@
-// A widget of this runtime in LVGL's manner: numbered pictures of one folder, shown one after the other. It takes the
-// name of LVGL's own animated image, which keeps all pictures in memory and is not built. One picture is in memory at a
-// time, whatever the length of the series. Graphics thread, or under dis_mutex.
+// A widget of this runtime in LVGL's manner: numbered pictures of one folder, shown one after the other. It has the
+// name of LVGL's own animated image, which keeps all pictures in memory and is not built. Only one picture is in memory
+// at a time, whatever the length of the series. Graphics thread, or under dis_mutex.
 #ifndef LV_ANIMIMG_H
 #define LV_ANIMIMG_H
 
@@ -21,27 +21,27 @@ typedef struct {
     u32 end;
     u16 repeat_count; // passes left
     u8 type;          // 1 JPG, 2 PNG
-    u8 repeat_open;   // not 0: plays for ever
+    u8 repeat_open;   // not 0: plays forever
 } lv_animimg_t;
 
 extern const lv_obj_class_t lv_animimg_class;
 
-// Paused, with nothing to show.
+// Creates the widget, paused and with nothing to show. Null without memory.
 lv_obj_t *lv_animimg_create(lv_obj_t *parent);
 
-// Shows the first picture, that of number `now`, and plays: "<folder>/<number>.jpg" if the first one is there, else
-// .png for all. A second folder is not taken. A null folder, or one whose names would not fit, shows nothing, with a
-// line.
+// Shows the first picture, the one with the number `now`, and plays: "<folder>/<number>.jpg" if the first one exists,
+// else .png for all. A second folder is ignored. For a null folder, or one whose names would not fit, shows nothing and
+// logs that.
 void lv_animimg_set_src(lv_obj_t *obj, const char *folder, u32 count);
 
-// Milliseconds a picture; this and the next two let a paused series go on.
+// Milliseconds for each picture; this and the next two resume a paused series.
 void lv_animimg_set_duration(lv_obj_t *obj, u32 ms);
 void lv_animimg_set_repeat_open(lv_obj_t *obj, u8 on);
 void lv_animimg_set_repeat_count(lv_obj_t *obj, u16 n);
 void lv_animimg_set_pause(lv_obj_t *obj);
 void lv_animimg_set_resume(lv_obj_t *obj);
 
-// From the first picture on, 65535 times.
+// Plays from the first picture, 65535 times.
 void lv_animimg_set_restart(lv_obj_t *obj);
 
 ZOF_C_END

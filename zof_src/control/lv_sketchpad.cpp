@@ -1,4 +1,4 @@
-// The sketchpad. Each look at the finger draws a line from where it was at the last one, so that a stroke has no gaps.
+// The sketchpad. Each read of the finger draws a line from its previous position, so that a stroke has no gaps.
 #include "control/lv_sketchpad.h"
 
 enum { OPA_CLEAR = 100, OPA_FULL = 255, TEXT_OPA_CLEAR = 120 };
@@ -8,9 +8,9 @@ enum { TAG_DRAW = 1, TAG_WIDTH, TAG_OPA, TAG_CLEAN }; // as user data
 
 #define BUTTON_TEXT(symbol) "   " symbol "   "
 
-// One finger draws at a time, on whatever pad.
+// One finger draws at a time, on any pad.
 static struct {
-    lv_coord_t x, y; // of the stroke's last point, NO_POINT in either: none
+    lv_coord_t x, y; // the stroke's last point; NO_POINT in either: none
 } last = {0, NO_POINT};
 
 static void last_forget(void) {
@@ -53,8 +53,8 @@ static void stroke_on(lv_sketchpad_t *pad) {
     }
 }
 
-// The pixels say how opaque they are, LVGL takes the colour from the object: here it is the style's text colour, so
-// that strokes are seen in every theme.
+// The pixels say how opaque they are; LVGL takes the colour from the object. Here that is the style's text colour, so
+// strokes are visible in every theme.
 static void colour_follow(lv_obj_t *obj) {
     const lv_color_t text = lv_obj_get_style_text_color(obj, LV_PART_MAIN);
     if (text.full != lv_obj_get_style_img_recolor(obj, LV_PART_MAIN).full) {
@@ -62,8 +62,8 @@ static void colour_follow(lv_obj_t *obj) {
     }
 }
 
-// LVGL places picture and children within border and padding. But strokes have to be under the finger, and the toolbar
-// above the pad, of which it covers nothing.
+// LVGL places picture and children within border and padding. But strokes must appear under the finger, and the toolbar
+// must stay above the pad without covering it.
 static void places_follow(lv_obj_t *obj) {
     const lv_coord_t border = lv_obj_get_style_border_width(obj, LV_PART_MAIN);
     const lv_coord_t left = border + lv_obj_get_style_pad_left(obj, LV_PART_MAIN);
@@ -90,7 +90,7 @@ static void lv_sketchpad_event(const lv_obj_class_t *, lv_event_t *e) {
         colour_follow(lv_event_get_target(e));
         places_follow(lv_event_get_target(e));
         break;
-    case LV_EVENT_PRESSED: // the stroke before may have lost its end, with its pad or its view
+    case LV_EVENT_PRESSED: // the last stroke may not have ended, if its pad or view went away
     case LV_EVENT_RELEASED:
         last_forget();
         break;
@@ -192,7 +192,7 @@ static void lv_sketchpad_toolbar_event(const lv_obj_class_t *, lv_event_t *e) {
     }
 }
 
-// The pad's own styles hand their text down; a toolbar has to be seen whatever they are.
+// A toolbar inherits its text style from the pad, and must be visible whatever that is.
 static void toolbar_dress(lv_obj_t *obj) {
     lv_obj_set_style_bg_color(obj, lv_color_hex(0xE8E8E8), LV_PART_MAIN);
     lv_obj_set_style_bg_opa(obj, LV_OPA_COVER, LV_PART_MAIN);
@@ -256,8 +256,8 @@ static void lv_sketchpad_constructor(const lv_obj_class_t *, lv_obj_t *obj) {
     pad->canvas.dsc.header.cf = LV_IMG_CF_ALPHA_2BIT;
     lv_img_set_src(obj, &pad->canvas.dsc);
     lv_obj_add_flag(obj, (lv_obj_flag_t)(LV_OBJ_FLAG_CLICKABLE | LV_OBJ_FLAG_OVERFLOW_VISIBLE));
-    lv_obj_set_style_img_recolor_opa(obj, LV_OPA_COVER, LV_PART_MAIN); // the colour is not looked at otherwise
-    lv_obj_clear_flag(obj, LV_OBJ_FLAG_SCROLLABLE); // a stroke is no scroll, though the toolbar lies outside
+    lv_obj_set_style_img_recolor_opa(obj, LV_OPA_COVER, LV_PART_MAIN); // otherwise LVGL ignores the colour
+    lv_obj_clear_flag(obj, LV_OBJ_FLAG_SCROLLABLE); // a stroke must not scroll, though the toolbar is outside
     lv_obj_t *toolbar = lv_obj_class_create_obj(&lv_sketchpad_toolbar_class, obj);
     if (toolbar) {
         lv_obj_class_init_obj(toolbar);

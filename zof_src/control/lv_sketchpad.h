@@ -1,5 +1,5 @@
-// A widget in LVGL's manner: a canvas that is drawn on with the finger, with a toolbar above it. Who makes one gives it
-// its pixels, as for LVGL's canvas. Graphics thread, or under dis_mutex.
+// A widget in LVGL's manner: a canvas to draw on with the finger, with a toolbar above it. The creator supplies the
+// pixels, as for LVGL's canvas. Graphics thread, or under dis_mutex.
 #ifndef LV_SKETCHPAD_H
 #define LV_SKETCHPAD_H
 
@@ -8,7 +8,7 @@
 
 ZOF_C_BEGIN
 
-// The numbers may be written at any time; `toolbar_en` shows at the toolbar's next event.
+// The numbers may be written at any time; `toolbar_en` takes effect at the toolbar's next event.
 typedef struct {
     lv_canvas_t canvas;
     lv_draw_line_dsc_t line_rect_dsc;
@@ -20,14 +20,14 @@ typedef struct {
 extern const lv_obj_class_t lv_sketchpad_class;
 extern const lv_obj_class_t lv_sketchpad_toolbar_class;
 
-// Draws while it is clickable, which its first button changes. Null without memory.
+// Creates the widget. It draws while it is clickable, which its first button toggles. Null without memory.
 lv_obj_t *lv_sketchpad_create(lv_obj_t *parent);
 
-// Width of lines in pixels, and half of it for dots.
+// Sets the width of lines in pixels; dots have half of it as radius.
 void lv_sketchpad_set_width(lv_obj_t *obj, u8 width);
 void lv_sketchpad_clean_bg(lv_obj_t *obj);
 
-// Strokes that let what is behind them through.
+// Makes strokes translucent.
 void lv_sketchpad_set_transp(lv_obj_t *obj, zof_bool on);
 
 ZOF_C_END

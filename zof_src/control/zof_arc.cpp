@@ -37,7 +37,7 @@ s32 zof_arc_create(para_t *record, lv_obj_t *parent, void *attr) {
     lv_arc_set_value(obj, (s16)LV_CLAMP(INT16_MIN, arc->arc_value, INT16_MAX));
     zof_arc_set_dis(record, 0, &arc->arc_t_main);
     zof_arc_set_dis(record, 1, &arc->arc_t_inc);
-    paths_free(arc); // it may be made again, after it went with its parent
+    paths_free(arc); // the control may be recreated after it was deleted with its parent
     arc->main_img_path = zof_img_path_copy(arc->arc_main_img);
     arc->inc_img_path = zof_img_path_copy(arc->arc_inc_img);
     lv_obj_set_style_arc_img_src(obj, arc->main_img_path, LV_PART_MAIN);
@@ -46,7 +46,7 @@ s32 zof_arc_create(para_t *record, lv_obj_t *parent, void *attr) {
     change_rate_set(obj, arc->range_t.maxValue - arc->range_t.minValue);
     zof_ctrl_style_add(record, arc->pub_t.style_list, arc->pub_t.style_num, 0);
     if (!arc->know_dis_en) {
-        lv_obj_remove_style(obj, nullptr, LV_PART_KNOB); // no look at all: the knob is not drawn
+        lv_obj_remove_style(obj, nullptr, LV_PART_KNOB); // without styles the knob is not drawn
     }
     return 0;
 }

@@ -3,8 +3,8 @@
 #include "control/zof_value.h"
 #include "project/zof_style.h"
 
-// A value that slides counts as being at its goal, and LVGL puts it there when it arrives, whatever a finger or a new
-// range has made of it in the meantime. So these end the slide.
+// LVGL treats a value that slides as already at its target and sets it there when the animation ends, whatever a finger
+// or a new range has done to it meanwhile. So these end the animation.
 static void slide_end(lv_obj_t *obj) {
     _lv_bar_anim_t *slide = &((lv_bar_t *)obj)->cur_value_anim;
     if (lv_anim_del(slide, nullptr)) {
@@ -66,7 +66,7 @@ s32 zof_slider_create(para_t *record, lv_obj_t *parent, void *attr) {
         return -1;
     }
     lv_obj_t *obj = record->obj = lv_slider_create(parent);
-    if (obj) { // before the program is told, which may ask for the value
+    if (obj) { // before the program's handler, which may read the value
         lv_obj_add_event_cb(obj, event_turned, (lv_event_code_t)(LV_EVENT_VALUE_CHANGED | LV_EVENT_PREPROCESS),
                             nullptr);
     }

@@ -18,7 +18,7 @@ static bool is_break(const char *text) {
     return strcmp(text, "\n") == 0;
 }
 
-// What is shown for a caption. One that is shown as nothing, or as a row break, would cut the buttons behind it off.
+// The text to show for a caption. An empty one, or a row break, would cut off the buttons after it.
 static const char *caption_shown(const char *caption) {
     const char *shown = zof_lang_get_cur_str(caption);
     if (!shown || !shown[0] || (is_break(shown) && shown != caption)) {
@@ -43,7 +43,7 @@ char **zof_btn_map_create(const char *const *texts, u32 count) {
     if (!texts) {
         count = 0;
     }
-    char **map = (char **)zof_malloc((count + 2) * sizeof(char *)); // an end to show, and one to count
+    char **map = (char **)zof_malloc((count + 2) * sizeof(char *)); // an end mark to show, and one to count
     if (!map) {
         return nullptr;
     }
@@ -119,7 +119,7 @@ s32 zof_btnmatrix_del(para_t *record) {
     return 0;
 }
 
-// LVGL counts buttons with 16 bits, and takes the last number for no button.
+// LVGL counts buttons in 16 bits and uses the last number for "no button".
 static u16 id_to_lv(u32 id) {
     return (u16)LV_MIN(id, LV_BTNMATRIX_BTN_NONE - 1u);
 }

@@ -4,14 +4,14 @@
 #include "control/zof_value.h"
 #include "project/zof_style.h"
 
-// LVGL's own numbers end well within these, so that it can make an empty range of one a little larger.
+// LVGL's own numbers stay well within these, so that it can widen an empty range by one.
 enum { RANGE_MAX = 1 << 30 };
 
 static void range_set(lv_obj_t *obj, lv_chart_axis_t axis, s32 min, s32 max) {
     lv_chart_set_range(obj, axis, LV_CLAMP(-RANGE_MAX, min, RANGE_MAX), LV_CLAMP(-RANGE_MAX, max, RANGE_MAX));
 }
 
-// LVGL counts the steps between two major ticks, and divides by them.
+// LVGL counts the steps between two major ticks and divides by the count.
 static void ticks_set(lv_obj_t *obj, lv_chart_axis_t axis, const zof_chart_marks_t *marks) {
     lv_chart_set_axis_tick(obj, axis, marks->major_tick_len, marks->minor_tick_len, marks->major_cnt,
                            LV_MAX(marks->minor_cnt, 1), marks->last_mark_en, marks->draw_size);
@@ -62,7 +62,7 @@ lv_chart_series_t *zof_chart_add_series(zof_ctrl_t *ctrl, zof_color_t color, u32
     return lv_chart_add_series(obj, zof_color_to_lv(color), (lv_chart_axis_t)axis);
 }
 
-// Runs `fn` on a chart that has this series: one that was removed is only an address.
+// Runs `fn` on a chart that has this series: a series that was removed is only an address.
 template <typename F> static s32 on_series(zof_ctrl_t *ctrl, lv_chart_series_t *series, F &&fn) {
     return zof_on(ctrl, &lv_chart_class, [&](lv_obj_t *obj) {
         lv_chart_series_t *at = lv_chart_get_series_next(obj, nullptr);

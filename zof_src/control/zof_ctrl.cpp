@@ -1,5 +1,5 @@
 // The registry of controls, the bridge from LVGL's events to the application's functions, and deletion. A record stays
-// in its view's list; its object and its attributes come and go, and every function takes a record without them.
+// in its view's list; its object and attributes come and go, and every function accepts a record without them.
 #include "control/zof_ctrl.h"
 
 #include "control/zof_ctrl_create.h"
@@ -69,7 +69,7 @@ void zof_event_cb_t(lv_event_t *e) {
         return;
     }
     if (record->attr && record->attr->zof_ctrl_event) {
-        lv_obj_enable_style_refresh(true); // off while a control is made, of which this may be an event
+        lv_obj_enable_style_refresh(true); // off while a control is created, and this may be one of its events
         record->attr->zof_ctrl_event(record, (zof_event_e)code);
     }
 }
@@ -82,7 +82,7 @@ void zof_ctrl_set_event_all(zof_all_event_fn fn) {
     zof_all_event_cb = fn;
 }
 
-// Whether sliding on may be the start of something that an object further out waits for.
+// Whether sliding on may become a scroll or gesture that an ancestor handles.
 static bool slide_is_wanted(const lv_obj_t *obj) {
     for (; obj; obj = lv_obj_get_parent(obj)) {
         if (lv_obj_has_flag(obj, LV_OBJ_FLAG_SCROLLABLE) && lv_obj_get_scroll_dir(obj) != LV_DIR_NONE) {
@@ -95,8 +95,8 @@ static bool slide_is_wanted(const lv_obj_t *obj) {
     return false;
 }
 
-// LVGL would go on to press whatever the pointer slid onto. Whoever slides off a control to give it up must not set off
-// its neighbour, so the press ends here, unless it can still become a scroll or a gesture.
+// LVGL would press whatever the pointer slides onto. A user who slides off a control to cancel must not trigger its
+// neighbour, so the press ends here unless it can still become a scroll or a gesture.
 static void press_lost(lv_event_t *e) {
     lv_indev_t *indev = lv_indev_get_act();
     if (!indev || indev->proc.state != LV_INDEV_STATE_PRESSED || indev->proc.wait_until_release) {
@@ -105,7 +105,8 @@ static void press_lost(lv_event_t *e) {
     if (slide_is_wanted(lv_event_get_target(e))) {
         return;
     }
-    indev->proc.reset_query = 1; // lv_indev_reset would also forget which control has the focus, and it would keep it
+    indev->proc.reset_query =
+        1; // lv_indev_reset would also forget the focused control, which would then keep the focus
     lv_indev_wait_release(indev);
 }
 
@@ -122,7 +123,7 @@ char *zof_img_path_copy(const char *name) {
     return copy;
 }
 
-// Releases the attributes that a record had; it is a copy, whose record may have others by now.
+// Releases the attributes of a deleted record. `gone` is a copy; the record itself may have others by now.
 static void attr_free(para_t *gone) {
     zof_pub_attr_t *attr = gone->attr;
     const u32 type = attr->ctrl_type;
@@ -135,7 +136,7 @@ static void attr_free(para_t *gone) {
     zof_j2s_ctrl_delete(attr, type);
 }
 
-// Records that wait for the outermost hold to end, linked by their parents.
+// Copies of records that wait for the outermost hold to end, linked through their `parent`.
 static para_t *gone_head;
 
 static void gone_free(void) {
@@ -189,7 +190,7 @@ s32 zof_ctrl_delete(para_t *record) {
     record->parent = nullptr;
     record->is_created = 0;
     lv_obj_del(obj);
-    if (!record->obj) { // else an event function made the control again
+    if (!record->obj) { // else an event function recreated the control
         zof_ctrl_release(record);
     }
     return 0;

@@ -1,4 +1,4 @@
-// What is common to every control: record, registry, event bridge, common operations, animation, deletion.
+// What all controls share: record, registry, event bridge, common operations, animation, deletion.
 // All of it belongs to the graphics thread, or to a caller that holds dis_mutex.
 #ifndef ZOF_CTRL_H
 #define ZOF_CTRL_H
@@ -9,51 +9,52 @@
 
 ZOF_C_BEGIN
 
-// An animation; times in milliseconds. It is read when the animation starts and travels as its user data, so the caller
-// keeps it as long as the animation runs.
+// An animation; times in milliseconds. It is read when the animation starts and is passed on as its user data, so the
+// caller keeps it for as long as the animation runs.
 typedef struct {
     u32 time, delay, playback_time, playback_delay;
-    u32 repeat_cnt; // 16 bits used
+    u32 repeat_cnt; // only 16 bits are used
     u32 repeat_delay;
-    s32 start_value, end_value; // kept within 1048575 to either side of 0
+    s32 start_value, end_value; // clamped to -1048575..1048575
     lv_anim_exec_xcb_t exec_cb;
     lv_anim_start_cb_t start_cb;
     lv_anim_ready_cb_t ready_cb;
-    u32 path; // zof_anim_path_e; LVGL's own path for any other number
+    u32 path; // zof_anim_path_e; any other number leaves LVGL's default path
 } zof_anim_dsc_t;
 
 // The hook for all events of all controls that have an event function.
 typedef void (*zof_all_event_fn)(u32 view_id, u32 ctrl_id, u8 event);
 
-// The list of a view's control records, searched by id. Null without memory.
+// Creates the list of a view's control records, searched by id. Null without memory.
 db_list *zof_ctrl_list_init(void);
 
-// 0 when the record has the id that `key` points at (u32).
+// Returns 0 when the record has the id that `key` points at (u32).
 s32 zof_ctrl_list_search_compare(void *record, void *key);
 
-// The record of a control; null when the view is not loaded or has no such control. The record stays when its object
-// goes: as long as it has none every function answers -1.
+// Returns the record of a control; null when the view is not loaded or has no such control. The record stays when its
+// object is deleted; until it has one again, every function returns -1.
 para_t *zof_ctrl_get_form_id(u32 view_id, u32 ctrl_id);
 
-// The attribute record of the handle's control: null for an object that is no control, (void *)-1 for a handle without
-// object.
+// Returns the attribute record of the handle's control: null for an object that is not a control, (void *)-1 for a
+// handle without an object.
 void *zof_ctrl_get_attr_from_ctrl(zof_ctrl_t *ctrl);
 
-// The control's id, or -1.
+// Returns the control's id, or -1.
 s32 zof_ctrl_get_id_form_ctrl(zof_ctrl_t *ctrl);
 
 // The one LVGL callback of the layer, with the record as user data: calls the hook, the host link, and then the
 // control's event function. The function may delete its control.
 void zof_event_cb_t(lv_event_t *e);
 
-// Sends an LVGL event to the object: LVGL's result, or 255 without an object.
+// Sends an LVGL event to the object. Returns LVGL's result, or 255 without an object.
 u8 zof_event_send(zof_ctrl_t *ctrl, u32 code, void *param);
 
 // Sets the hook; null removes it.
 void zof_ctrl_set_event_all(zof_all_event_fn fn);
 
-// The operations below work on any handle: 0, or the value that a getter's name says, and -1 without an object. Pixels;
-// places are relative to the parent. Getters of places and sizes need an up-to-date layout (zof_ctrl_update_location).
+// The operations below accept any handle. They return 0, or the value that a getter's name says, and -1 without an
+// object. Units are pixels; positions are relative to the parent. Getters of position and size need an up-to-date
+// layout (zof_ctrl_update_location).
 s32 zof_ctrl_set_pos(zof_ctrl_t *ctrl, s32 x, s32 y);
 s32 zof_ctrl_set_x(zof_ctrl_t *ctrl, s32 x);
 s32 zof_ctrl_set_y(zof_ctrl_t *ctrl, s32 y);
@@ -63,29 +64,29 @@ s32 zof_ctrl_set_size(zof_ctrl_t *ctrl, s32 width, s32 height);
 s32 zof_ctrl_get_width(zof_ctrl_t *ctrl);
 s32 zof_ctrl_get_height(zof_ctrl_t *ctrl);
 
-// Hiding closes the drop lists that are open within the control.
+// Hiding also closes the drop lists that are open within the control.
 s32 zof_ctrl_set_hidden(zof_ctrl_t *ctrl, zof_bool hidden);
 s32 zof_ctrl_get_hidden(zof_ctrl_t *ctrl);
 s32 zof_ctrl_set_alpha(zof_ctrl_t *ctrl, u8 alpha);
 
-// 0 lets touches through, 1 takes them; any other value is refused with -1.
+// 0 lets touches through, 1 takes them; any other value returns -1.
 s32 zof_ctrl_set_touch(zof_ctrl_t *ctrl, u32 touch);
 s32 zof_ctrl_set_ext_click_area(zof_ctrl_t *ctrl, s32 pixels);
 
-// Places the control beside, or within, the base control; `align` is LVGL's.
+// Places the control beside or within the base control; `align` is LVGL's.
 s32 zof_ctrl_set_align(zof_ctrl_t *ctrl, zof_ctrl_t *base, u32 align, s32 x, s32 y);
 
-// To the top or the bottom of its parent's children.
+// Moves the control to the top or the bottom of its parent's children.
 s32 zof_ctrl_move_forground(zof_ctrl_t *ctrl);
 s32 zof_ctrl_move_background(zof_ctrl_t *ctrl);
 s32 zof_ctrl_set_scrollbar(zof_ctrl_t *ctrl, const zof_scrollbar_t *sb);
 s32 zof_ctrl_get_child_sum(zof_ctrl_t *ctrl);
 
-// A child object, which is a handle itself; negative indexes count from the end. Null when there is none.
+// Returns a child object, which is a handle itself; negative indexes count from the end. Null when there is none.
 zof_ctrl_t *zof_ctrl_get_child(zof_ctrl_t *ctrl, s32 index);
 s32 zof_ctrl_get_coords(zof_ctrl_t *ctrl, lv_area_t *area);
 
-// Where scrolling snaps to (LVGL's snap mode), in spite of the name.
+// Sets where scrolling snaps to (LVGL's snap mode), despite the name.
 s32 zof_ctrl_set_scroll_dir_x(zof_ctrl_t *ctrl, u32 snap);
 s32 zof_ctrl_set_scroll_dir_y(zof_ctrl_t *ctrl, u32 snap);
 s32 zof_ctrl_set_scroll_dir(zof_ctrl_t *ctrl, u32 dir);
@@ -94,7 +95,7 @@ s32 zof_ctrl_scroll_set(zof_ctrl_t *ctrl, s32 x, s32 y, u32 animate);
 s32 zof_ctrl_scroll_get_x(zof_ctrl_t *ctrl);
 s32 zof_ctrl_scroll_get_y(zof_ctrl_t *ctrl);
 
-// Takes the control out of its parent's layout and scrolling; the getter tells whether it is.
+// Takes the control out of its parent's layout and scrolling; the getter returns whether it is.
 s32 zof_ctrl_child_not_scroll(zof_ctrl_t *ctrl);
 s32 zof_ctrl_child_get_scroll(zof_ctrl_t *ctrl);
 s32 zof_ctrl_update_location(zof_ctrl_t *ctrl);
@@ -122,30 +123,33 @@ s32 zof_ctrl_gesture_check(zof_ctrl_t *ctrl);
 // Square root with 1/256 steps below 32768 squared; 0, or -1 for a null result.
 s32 zof_square_root(u32 x, lv_sqrt_res_t *result);
 
-// x from one range into another, kept within it.
+// Maps x from one range to another and clamps it to that.
 s32 zof_map_relation(s32 x, s32 min_in, s32 max_in, s32 min_out, s32 max_out);
 
-// Starts an animation of the object; 0 or -1.
+// Starts an animation of the object. Returns 0 or -1.
 s32 zof_animation_set(zof_ctrl_t *ctrl, zof_anim_dsc_t *dsc);
 
-// Ends the object's animations with this callback, null for all: 1 if there were any, 0 if not, 255 without an object.
+// Ends the object's animations that use this callback; null ends all. Returns 1 if there were any, 0 if not, 255
+// without an object.
 u8 zof_animation_del(zof_ctrl_t *ctrl, lv_anim_exec_xcb_t exec_cb);
 s32 zof_animation_del_all(void);
 s32 zof_animation_count_running(void);
 
-// Deletes object and attributes; the record stays in its list and the control can be made again. 0, for a video control
-// too, of which nothing is deleted, as its object is the driver's; -1 for null and for a record without object.
+// Deletes object and attributes; the record stays in its list and the control can be created again. Returns 0, also for
+// a video control, of which nothing is deleted because the driver owns the object; -1 for null and for a record without
+// an object.
 s32 zof_ctrl_delete(para_t *record);
 
-// Takes the control out of its view's list and deletes it; the record is then the caller's, for zof_ctrl_obj_del. 0, or
-// -1 for an unknown view or control, and for a record without object, which leaves the list all the same.
+// Takes the control out of its view's list and deletes it; the record then belongs to the caller, who passes it to
+// zof_ctrl_obj_del. Returns 0, or -1 for an unknown view or control, and for a record without an object, which leaves
+// the list all the same.
 s32 zof_ctrl_del(u32 view_id, u32 ctrl_id);
 
-// Frees a record that is in no list any more, with a video's object and attributes. Null does nothing.
+// Frees a record that is in no list any more, together with a video's object and attributes. Null does nothing.
 void zof_ctrl_obj_del(para_t *record);
 
-// Deleting is safe in any event, also in one that a function of this layer causes: what goes is off the screen and out
-// of reach at once, and its memory is released when the outermost event or call has returned.
+// Deleting is safe in any event, also in one that a function of this layer causes: the object leaves the screen at once
+// and can no longer be reached; its memory is released when the outermost event or call has returned.
 
 ZOF_C_END
 

@@ -8,9 +8,9 @@
 #include "control/zof_ctrl_create.h"
 #include "project/zof_hold_in.h"
 
-// Runs `fn` on the handle's object: -1 without one, else what `fn` returns, 0 if it returns nothing. With a widget
-// class, an object of another kind is refused: which kind stands behind an id is decided by a file, not by the program.
-// What the events of `fn` delete, this control included, stays in memory until it has returned.
+// Runs `fn` on the handle's object. Returns -1 without an object, else what `fn` returns, or 0 if it returns nothing.
+// With a widget class, refuses an object of another kind: a file, not the program, decides which kind an id refers to.
+// What the events of `fn` delete, this control included, stays in memory until `fn` has returned.
 template <typename F> s32 zof_on(zof_ctrl_t *ctrl, const lv_obj_class_t *kind, F &&fn) {
     zof_hold hold;
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
@@ -29,7 +29,7 @@ template <typename F> s32 zof_on(zof_ctrl_t *ctrl, F &&fn) {
     return zof_on(ctrl, nullptr, std::forward<F>(fn));
 }
 
-// The record behind a handle; null for child objects that are no control.
+// The record behind a handle; null for child objects that are not controls.
 static inline para_t *zof_ctrl_record(const zof_ctrl_t *ctrl) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
     return obj ? (para_t *)lv_obj_get_user_data(obj) : nullptr;
@@ -41,7 +41,7 @@ template <typename T> T *zof_ctrl_attr(const zof_ctrl_t *ctrl, zof_ctrl_type_e t
     return record && record->attr && record->attr->ctrl_type == type ? (T *)record->attr : nullptr;
 }
 
-// Adds or clears an LVGL flag, only when it differs: each change costs a redraw.
+// Adds or clears an LVGL flag, but only when it differs: each change costs a redraw.
 static inline void zof_obj_flag_set(lv_obj_t *obj, lv_obj_flag_t flag, bool on) {
     if (lv_obj_has_flag(obj, flag) == on) {
         return;
@@ -53,19 +53,19 @@ static inline void zof_obj_flag_set(lv_obj_t *obj, lv_obj_flag_t flag, bool on) 
     }
 }
 
-// Takes from a record whose object is gone what it still owns: attributes, styles, and what its family keeps beside
-// them. They are released when the outermost hold ends, as the deleted object is, which points at them.
+// Releases what a record whose object is gone still owns: attributes, styles, and what its family keeps beside them.
+// The memory is freed when the outermost hold ends, like the deleted object, which refers to it.
 void zof_ctrl_release(para_t *record);
 
-// Brings an object's size and place up to date. While a view's controls are being built it does so for this object
-// alone, as a layout of the whole view for each control would make loading a view quadratic.
+// Brings an object's size and position up to date. While a view's controls are being built it lays out this object
+// alone: a layout of the whole view for each control would make loading quadratic.
 void zof_obj_layout(lv_obj_t *obj);
 
-// Lets a press go when the pointer leaves the object; LVGL would keep it locked, and a press that slid off would click.
+// Ends a press when the pointer leaves the object. LVGL would keep it locked, and a press that slid off would click.
 void zof_obj_press_unlock(lv_obj_t *obj);
 
-// An image name of a project (or a language key) as a path of its own, which zof_res_path_free takes back; null for
-// null and for names that LVGL would not take for a file.
+// Returns a project's image name (or language key) as an allocated path, for zof_res_path_free; null for null and for
+// names that LVGL would not take for a file.
 char *zof_img_path_copy(const char *name);
 
 #endif

@@ -34,7 +34,7 @@ s32 zof_ctrl_get_height(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, lv_obj_get_height);
 }
 
-// An open drop list lies on the screen, not within its control, so it would stay when that is hidden.
+// An open drop list is on the screen, not within its control, so it would stay when the control is hidden.
 static lv_obj_tree_walk_res_t list_close(lv_obj_t *obj, void *) {
     if (lv_obj_has_class(obj, &lv_dropdown_class) && lv_dropdown_is_open(obj)) {
         lv_dropdown_close(obj);
@@ -84,7 +84,7 @@ s32 zof_ctrl_set_align(zof_ctrl_t *ctrl, zof_ctrl_t *base, u32 align, s32 x, s32
     });
 }
 
-// A view's own object has no parent in which it could move.
+// A view's own object has no parent to move within.
 static s32 move_to(zof_ctrl_t *ctrl, s32 index) {
     return zof_on(ctrl, [=](lv_obj_t *obj) {
         if (!lv_obj_get_parent(obj)) {
@@ -190,7 +190,7 @@ s32 zof_ctrl_force_refresh(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, lv_obj_invalidate);
 }
 
-// A quarter turn is drawn one degree further than asked. Projects are drawn with that in mind, so it stays.
+// A quarter turn is drawn one degree further than asked. Projects were drawn with that in mind, so it stays.
 static s32 angle_tenths(u16 angle) {
     if (angle % 360 == 0) {
         return 0;

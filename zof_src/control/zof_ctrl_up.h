@@ -1,4 +1,4 @@
-// What the control layer needs of the host protocol above it. Filled in zof_src/zof_wiring.cpp.
+// What the control layer needs of the host protocol above it. Filled in by zof_src/zof_wiring.cpp.
 #ifndef ZOF_CTRL_UP_H
 #define ZOF_CTRL_UP_H
 

@@ -7,7 +7,7 @@
 ZOF_C_BEGIN
 
 // Sets border side, colour, width, opacity and blink time of the cursor on `selector`, an LVGL part with state; with
-// `with_bg` also its background colour. 0, or -1 without object or description.
+// `with_bg` also its background colour. Returns 0, or -1 without an object or description.
 s32 zof_cursor_style_set(lv_obj_t *obj, const zof_cursor_style_attr_t *cursor, u32 selector, zof_bool with_bg);
 
 ZOF_C_END

@@ -1,4 +1,4 @@
-// Drop lists: a button that shows the selected option, and a list of all that lies on the screen while it is open.
+// Drop lists: a button that shows the selected option, and a list of all options that is on the screen while open.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_list.h"
 #include "project/zof_style.h"
@@ -8,8 +8,8 @@ static zof_droplist_attr_t *drop_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_droplist_attr_t>(ctrl, ZOF_CTRL_DROPLIST);
 }
 
-// The open list's label shows LVGL's own text in place. It would keep showing the one that has been freed, closed or
-// not, as a change of style reads it again.
+// The open list's label shows LVGL's own text in place. It would keep referring to the freed one, even when closed,
+// because a style change reads it again.
 static s32 options_show(lv_obj_t *obj, const char *options) {
     lv_obj_t *list = lv_dropdown_get_list(obj);
     if (!options || !list) {
@@ -32,7 +32,7 @@ static lv_dir_t dir_of(const zof_droplist_attr_t *drop) {
         return (lv_dir_t)drop->dir_t;
     default:
         if (drop->dir_t) {
-            zof_printf("drop list %u: no direction %u, it opens downwards", drop->pub_t.id, drop->dir_t);
+            zof_printf("drop list %u: invalid direction %u; it opens downwards", drop->pub_t.id, drop->dir_t);
         }
         return LV_DIR_BOTTOM;
     }
@@ -56,7 +56,7 @@ s32 zof_droplist_create(para_t *record, lv_obj_t *parent, void *attr) {
     lv_obj_t *list = lv_dropdown_get_list(obj);
     zof_ctrl_style_add(list, drop->pub_t.style_list, drop->pub_t.style_num, 1);
     lv_obj_set_style_text_align(list, (lv_text_align_t)(drop->txt_align_e & 3), LV_PART_MAIN);
-    lv_obj_refresh_ext_draw_size(list); // while a view is built styles are taken over by controls only
+    lv_obj_refresh_ext_draw_size(list); // while a view is built only controls refresh their styles
     return 0;
 }
 
@@ -68,7 +68,7 @@ s32 zof_droplist_del(para_t *record) {
     return 0;
 }
 
-// Runs `change` on the control's options and shows what comes of it.
+// Runs `change` on the control's options and shows the result.
 template <typename F> static s32 options_change(zof_ctrl_t *ctrl, F &&change) {
     return zof_on(ctrl, &lv_dropdown_class, [&](lv_obj_t *obj) {
         zof_droplist_attr_t *attr = drop_attr(ctrl);

@@ -1,11 +1,11 @@
-// GIFs. The decoder counts a loop count down and forgets it; how often a GIF is to play is kept here, and so is what
-// its timer does at the end.
+// GIFs. The decoder counts its loop count down and so loses it; how often a GIF plays is kept here, and so is what its
+// timer does at the end.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
 #include "control/zof_media.h"
 #include "project/zof_res.h"
 
-// Runs `fn` on the decoder and timer of a GIF that has a picture. Without one there is nothing to be done.
+// Runs `fn` on the decoder and timer of a GIF that has a picture. Without one there is nothing to do.
 template <typename F> static s32 on_gif(zof_ctrl_t *ctrl, F &&fn) {
     return zof_on(ctrl, &lv_gif_class, [&](lv_obj_t *obj) {
         lv_gif_t *gif = (lv_gif_t *)obj;
@@ -16,7 +16,7 @@ template <typename F> static s32 on_gif(zof_ctrl_t *ctrl, F &&fn) {
     });
 }
 
-// 0 plays for ever, for the decoder too. It takes the count of a file only once, and this one in its place.
+// 0 plays forever, as in the decoder. The decoder reads a file's count only once, so this replaces it.
 static void plays_set(lv_gif_t *gif, u16 plays) {
     gif->gif->loop_count = plays;
     gif->gif->loop_known = 1;
@@ -24,7 +24,7 @@ static void plays_set(lv_gif_t *gif, u16 plays) {
 
 static void rewind_and_play(lv_gif_t *gif) {
     lv_gif_restart(&gif->img.obj);
-    gif->gif->gce.delay = 0; // the first picture now, not when the one on the screen has had its time
+    gif->gif->gce.delay = 0; // show the first picture now, not after the current one's delay
     lv_timer_resume(gif->timer);
     lv_timer_reset(gif->timer);
 }
@@ -34,7 +34,7 @@ static void event_played_out(lv_event_t *e) {
     lv_timer_pause(gif->timer);
 }
 
-// The count of a source that has just been set becomes the control's.
+// Takes the count of a source that has just been set as the control's.
 static void src_set(lv_obj_t *obj, const char *name) {
     const char *path = zof_res_picture_path(name);
     lv_gif_t *gif = (lv_gif_t *)obj;

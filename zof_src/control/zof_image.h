@@ -6,12 +6,13 @@
 
 ZOF_C_BEGIN
 
-// Images. Names are those of a project: a file under image/, a drive path, or a language key. A file that is not there
-// shows nothing. 0, or -1 without an object.
+// Images. Names are those of a project: a file under image/, a drive path, or a language key. A missing file shows
+// nothing. Functions return 0, or -1 without an object.
 s32 zof_img_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name);
 
-// The name behind project folder and "image/", within the image's own path; null without one.
+// Returns the part of the image's path after the project folder and "image/"; it points into the path. Null without
+// one.
 const char *zof_img_get_src(zof_ctrl_t *ctrl);
 
 // Shows the picture again when its name is a language key.
@@ -23,14 +24,14 @@ s32 zof_img_set_rotate_angel(zof_ctrl_t *ctrl, s32 angle);
 s32 zof_img_zoom_setting(zof_ctrl_t *ctrl, u32 zoom);
 s32 zof_img_set_pivot(zof_ctrl_t *ctrl, s32 x, s32 y);
 
-// 1 for a text that can be a path: its first character is printing ASCII.
+// Returns 1 for a text that can be a path: its first character is printable ASCII.
 s32 zof_img_get_src_type(const char *text);
 
-// Says once of each path that there is no picture behind it; with null, that none is named.
+// Logs, once for each path, that it has no picture; with null, that no picture is named.
 void zof_img_missing(const char *path);
 
 // Image buttons. `state`: 0 released, 1 pressed, 2 disabled, 3 checked, 4 checked pressed, 5 checked disabled; others
-// give -1. Texts as for buttons.
+// return -1. Texts work as on buttons.
 s32 zof_imgbtn_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_imgbtn_set_txt(zof_ctrl_t *ctrl, const char *text);
 s32 zof_imgbtn_set_txt_color(zof_ctrl_t *ctrl, zof_color_t color, u32 state);
@@ -40,16 +41,17 @@ s32 zof_imgbtn_get_state(zof_ctrl_t *ctrl);
 s32 zof_imgbtn_set_image(zof_ctrl_t *ctrl, u32 state, const char *name);
 s32 zof_imgbtn_update_txt(zof_ctrl_t *ctrl);
 
-// Puts the middle of the picture that is shown onto the middle of the declared box.
+// Centres the picture that is shown on the declared box.
 s32 zof_imgbtn_pos_reset(lv_obj_t *object, zof_imgbtn_attr_t *attr);
 
-// Tile views. Rows and columns count from 0; the getter's is the tile that is active. -1 for null, or without a tile.
+// Tile views. Rows and columns count from 0; the getter returns those of the active tile. -1 for null, or without a
+// tile.
 s32 zof_tileview_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_tile_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_tileview_set_tile_id(zof_ctrl_t *ctrl, u32 row, u32 col, u32 animate);
 s32 zof_tileview_get_tile_id(zof_ctrl_t *ctrl, u32 *row, u32 *col);
 
-// The patched LVGL's additions, under their names.
+// Additions of the patched LVGL, under their names.
 void kvy_img_set_flatten(lv_obj_t *obj, u8 value);
 void KVY_img_set_center(lv_obj_t *obj);
 void kvy_lv_img_cache_max_life_set(s32 n);

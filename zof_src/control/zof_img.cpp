@@ -45,7 +45,7 @@ s32 zof_img_create(para_t *record, lv_obj_t *parent, void *attr) {
     return 0;
 }
 
-// Of pictures that change all the time, such as a sequence's, one line must not become thousands.
+// A picture that changes all the time, such as a sequence's, must not fill the log.
 void zof_img_missing(const char *path) {
     enum { TOLD_MAX = 64 };
     static struct {
@@ -86,7 +86,7 @@ s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name) {
 const char *zof_img_get_src(zof_ctrl_t *ctrl) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
     if (!obj || !lv_obj_has_class(obj, &lv_img_class) || ((lv_img_t *)obj)->src_type != LV_IMG_SRC_FILE) {
-        return nullptr; // a GIF's source is no text
+        return nullptr; // a GIF's source is not a text
     }
     return zof_res_get_file_name("image/", (const char *)lv_img_get_src(obj));
 }
@@ -116,7 +116,7 @@ s32 zof_img_zoom_setting(zof_ctrl_t *ctrl, u32 zoom) {
     return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) { lv_img_set_zoom(obj, (u16)LV_MIN(zoom, UINT16_MAX)); });
 }
 
-// A picture is zoomed up to 256 times around its pivot, and the product has to be a coordinate too.
+// A picture is zoomed up to 256 times around its pivot, and the product must fit a coordinate too.
 static lv_coord_t pivot_to_lv(s32 pixels) {
     enum { FARTHEST = 1 << 14 };
     return LV_CLAMP(-FARTHEST, pixels, FARTHEST);

@@ -6,7 +6,7 @@
 #include "project/zof_res.h"
 #include "project/zof_style.h"
 
-// The pictures, in the order in which they are set, with LVGL's number of the state that each belongs to.
+// The pictures in the order in which they are set, each with LVGL's number of its state.
 static const struct {
     char *zof_imgbtn_attr_t::*name;
     lv_imgbtn_state_t state;
@@ -30,7 +30,7 @@ static const u32 state_selectors[] = {
     LV_STATE_DISABLED | LV_STATE_CHECKED,
 };
 
-// LVGL only points at the path: it is a copy, which goes when another takes its place or the button is deleted.
+// LVGL only refers to the path. It is a copy, freed when another one replaces it or the button is deleted.
 static void image_set(lv_obj_t *obj, lv_imgbtn_state_t state, const char *name) {
     void *former = (void *)lv_imgbtn_get_src_middle(obj, state);
     lv_imgbtn_set_src(obj, state, nullptr, zof_img_path_copy(name), nullptr);
@@ -41,7 +41,7 @@ static zof_imgbtn_attr_t *imgbtn_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_imgbtn_attr_t>(ctrl, ZOF_CTRL_IMGBTN);
 }
 
-// Pictures of different states may differ in size, so the place is found again at each change of state.
+// Pictures of different states may differ in size, so the position is computed again at each state change.
 static void zof_imgbtn_pos_event(lv_event_t *e) {
     lv_event_code_t code = lv_event_get_code(e);
     if (code != LV_EVENT_PRESSED && code != LV_EVENT_PRESS_LOST && code != LV_EVENT_RELEASED) {

@@ -1,5 +1,6 @@
-// Keyboards, with LVGL's Pinyin input method where a project asks for it. LVGL points from the keyboard to the text box
-// and between input method, keyboard and candidates, and none learns when another goes; this file tells them.
+// Keyboards, with LVGL's Pinyin input method where a project asks for it. LVGL keeps pointers from the keyboard to the
+// text box and between input method, keyboard and candidates, and clears none of them when one is deleted; this file
+// does.
 #include <string.h>
 
 #include "control/zof_btn_map.h"
@@ -15,7 +16,7 @@ static zof_keyboard_attr_t *keyboard_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_keyboard_attr_t>(ctrl, ZOF_CTRL_KEYBOARD);
 }
 
-// Forgets what was typed and hides the candidates.
+// Clears what was typed and hides the candidates.
 static void pinyin_reset(const lv_obj_t *keyboard) {
     const zof_keyboard_attr_t *attr = keyboard_attr((const zof_ctrl_t *)keyboard);
     if (!attr || !attr->pinyin) {
@@ -46,7 +47,7 @@ static void event_keyboard_deleted(lv_event_t *e) {
     txtbox_unbind(lv_event_get_target(e));
 }
 
-// The candidates lie right above the keyboard, and are as wide and coloured as it is.
+// The candidates are right above the keyboard and have its width and colours.
 static void candidates_place(lv_obj_t *keyboard, lv_obj_t *panel) {
     lv_obj_set_width(panel, lv_obj_get_width(keyboard));
     lv_obj_align_to(panel, keyboard, LV_ALIGN_OUT_TOP_MID, 0, 0);
@@ -87,7 +88,7 @@ static void event_pinyin_keyboard_deleted(lv_event_t *e) {
     }
 }
 
-// As a child the panel goes, hides, moves and fades with its keyboard, though it lies outside of it.
+// As a child the panel is deleted, hidden, moved and faded with its keyboard, though it is outside of it.
 static void candidates_adopt(lv_obj_t *keyboard, lv_obj_t *panel, u32 font_size) {
     lv_obj_set_parent(panel, keyboard);
     lv_obj_add_flag(keyboard, LV_OBJ_FLAG_OVERFLOW_VISIBLE);
@@ -112,7 +113,7 @@ static void pinyin_create(lv_obj_t *keyboard, lv_obj_t *parent, zof_keyboard_att
         lv_obj_set_style_text_font(pinyin, font, LV_PART_MAIN);
         lv_obj_set_style_text_font(panel, font, LV_PART_MAIN);
     }
-    lv_ime_pinyin_set_keyboard(pinyin, keyboard); // with LVGL's dictionary, which it has already
+    lv_ime_pinyin_set_keyboard(pinyin, keyboard); // it already has LVGL's dictionary
     lv_obj_add_event_cb(keyboard, event_keyboard_changed, LV_EVENT_SIZE_CHANGED, attr);
     lv_obj_add_event_cb(keyboard, event_keyboard_changed, LV_EVENT_STYLE_CHANGED, attr);
     lv_obj_add_event_cb(keyboard, event_keyboard_extent, LV_EVENT_REFR_EXT_DRAW_SIZE, attr);
@@ -137,14 +138,14 @@ static void color_set(lv_obj_t *obj, lv_style_prop_t prop, lv_color_t color, u32
     lv_style_value_t value;
     const bool has = lv_obj_get_local_style_prop(obj, prop, &value, selector) == LV_RES_OK;
     if (has && value.color.full == color.full) {
-        return; // a style that is set is a change of style
+        return; // setting a style is a style change too
     }
     value.color = color;
     lv_obj_set_local_style_prop(obj, prop, value, selector);
 }
 
-// Keys such as Enter are drawn checked: a darker shade of the others, whatever theme comes. Their captions are as those
-// of the others, unless the project says something else; LVGL would draw them for a light theme.
+// Keys such as Enter are drawn checked: a darker shade of the others, in any theme. Their captions look like those of
+// the others, unless the project says otherwise; LVGL would draw them for a light theme.
 static void checked_darken(lv_obj_t *obj) {
     const lv_state_t state = obj->state;
     obj->state = LV_STATE_DEFAULT;
@@ -164,7 +165,7 @@ static void event_style_changed(lv_event_t *e) {
 
 static void mode_set(lv_obj_t *obj, const zof_keyboard_attr_t *attr) {
     if (attr->mode > LV_KEYBOARD_MODE_USER_4) {
-        zof_printf("keyboard %u: there is no mode %u", attr->pub_t.id, attr->mode);
+        zof_printf("keyboard %u: invalid mode %u", attr->pub_t.id, attr->mode);
     } else {
         lv_keyboard_set_mode(obj, (lv_keyboard_mode_t)attr->mode);
     }
@@ -180,7 +181,7 @@ s32 zof_keyboard_create(para_t *record, lv_obj_t *parent, void *attr) {
     if (!obj) {
         return -1;
     }
-    lv_obj_set_align(obj, LV_ALIGN_DEFAULT); // LVGL would measure the place from the middle of the bottom
+    lv_obj_set_align(obj, LV_ALIGN_DEFAULT); // LVGL would measure the position from the bottom centre
     zof_ctrl_pub_attr(record, &keyboard->pub_t);
     zof_btn_map_press_fresh(obj);
     lv_obj_set_style_text_font(obj, &lv_font_montserrat_16, LV_PART_MAIN);
@@ -208,7 +209,7 @@ s32 zof_keyboard_set_txtbox(zof_ctrl_t *ctrl, zof_ctrl_t *txtbox) {
         const bool clickable = lv_obj_has_flag(obj, LV_OBJ_FLAG_CLICKABLE);
         txtbox_unbind(obj);
         lv_keyboard_set_textarea(obj, box);
-        zof_obj_flag_set(obj, LV_OBJ_FLAG_CLICKABLE, clickable); // LVGL takes a state for this flag, and sets it
+        zof_obj_flag_set(obj, LV_OBJ_FLAG_CLICKABLE, clickable); // LVGL mistakes a state for this flag and sets it
         lv_obj_add_event_cb(box, event_txtbox_deleted, LV_EVENT_DELETE, obj);
         return 0;
     });

@@ -1,5 +1,5 @@
-// Labels. LVGL places a text at the top of its label; where a label keeps its height, this file puts the text into the
-// middle or at the bottom with the label's own text offset.
+// Labels. LVGL places a text at the top of its label; where a label keeps its height, this file moves the text to the
+// middle or the bottom with the label's own text offset.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_txt.h"
 #include "project/zof_lang.h"
@@ -9,8 +9,8 @@ static zof_label_attr_t *label_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_label_attr_t>(ctrl, ZOF_CTRL_LABEL);
 }
 
-// LVGL starts a text at the top again with each mode that is set, and in the scrolling modes whenever text, size or
-// style changes.
+// LVGL moves a text back to the top whenever a mode is set, and in the scrolling modes whenever text, size or style
+// changes.
 static void place_keep(lv_obj_t *obj) {
     const zof_label_attr_t *attr = label_attr(obj);
     if (attr && attr->auto_hight == 1) {
@@ -27,7 +27,7 @@ static void text_show(lv_obj_t *obj, const char *text) {
     place_keep(obj);
 }
 
-// Height that whole lines of the stored text leave free: the raw text counts, of a key the key itself.
+// The height that whole lines of the stored text leave free. The stored text counts; for a key that is the key itself.
 static lv_coord_t free_height(lv_obj_t *obj, const zof_label_attr_t *attr) {
     const lv_font_t *font = lv_obj_get_style_text_font(obj, LV_PART_MAIN);
     lv_coord_t line = lv_font_get_line_height(font);
@@ -93,7 +93,7 @@ s32 zof_label_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_ctrl_style_add(record, label->pub_t.style_list, label->pub_t.style_num, 0);
     zof_label_set_align(record, label->align_e);
     if (label->auto_hight != 1) {
-        zof_obj_layout(obj); // else the alignment has done so
+        zof_obj_layout(obj); // otherwise the alignment has done that
     }
     place_keep(obj);
     if (label->auto_hight == 1) {

@@ -1,4 +1,4 @@
-// Lines. The points are the application's: it gives them at run time and keeps them.
+// Lines. The application supplies the points at run time and keeps them.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_value.h"
 #include "project/zof_style.h"

@@ -1,5 +1,5 @@
-// Lists: a column of buttons, each with a label and perhaps an icon in front of it. The record keeps what each button
-// was given, in the order of the buttons, because a label tells no key.
+// Lists: a column of buttons, each with a label and perhaps an icon before it. The record keeps what each button was
+// given, in the order of the buttons, because a label does not know its key.
 #include "control/zof_list.h"
 
 #include "control/zof_ctrl_in.h"
@@ -74,7 +74,7 @@ static lv_obj_t *btn_create(lv_obj_t *list, const char *image, const char *text)
     return btn;
 }
 
-// A button, and what goes with it when the list is a control.
+// Adds a button, with what it needs when the list is a control.
 static lv_obj_t *btn_add(lv_obj_t *list, zof_list_attr_t *attr, const char *image, const char *text) {
     lv_obj_t *btn = btn_create(list, image, text);
     if (!btn || !attr || !attr->opt_list) {
@@ -86,9 +86,9 @@ static lv_obj_t *btn_add(lv_obj_t *list, zof_list_attr_t *attr, const char *imag
     }
     zof_obj_press_unlock(btn);
     lv_obj_add_flag(btn, LV_OBJ_FLAG_EVENT_BUBBLE);
-    lv_obj_set_style_transform_width(btn, 0, LV_STATE_PRESSED); // LVGL's theme widens it over the list's own border
+    lv_obj_set_style_transform_width(btn, 0, LV_STATE_PRESSED); // LVGL's theme widens it across the list's border
     zof_ctrl_style_add(btn, attr->pub_t.style_list, attr->pub_t.style_num, 1);
-    lv_obj_refresh_ext_draw_size(btn); // while a view is built styles are taken over by controls only
+    lv_obj_refresh_ext_draw_size(btn); // while a view is built only controls refresh their styles
     return btn;
 }
 
@@ -102,7 +102,7 @@ s32 zof_list_create(para_t *record, lv_obj_t *parent, void *attr) {
         return -1;
     }
     zof_ctrl_pub_attr(record, &list->pub_t);
-    items_clear(list); // it may be made again, after it went with its parent
+    items_clear(list); // the control may be recreated after it was deleted with its parent
     if (!list->opt_list) {
         list->opt_list = db_list_create();
     }
@@ -199,7 +199,7 @@ s32 zof_list_set_index_str(zof_ctrl_t *ctrl, u32 index, const char *text) {
         zof_list_item_t *item = item_at(ctrl, index);
         lv_obj_t *label = btn_part(btn, &lv_label_class);
         if (label && item) {
-            zof_txt_change(&item->txt, text); // first, as `text` may be the label's own
+            zof_txt_change(&item->txt, text); // first, because `text` may be the label's own
         }
         return zof_label_set_txt(label, text);
     });

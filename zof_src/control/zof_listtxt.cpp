@@ -1,5 +1,5 @@
 // Options of drop lists and rollers. LVGL wants one text with a line for each option; a change of language, or of one
-// option, needs the texts as they were given. So the list is what counts, and LVGL's text is made from it.
+// option, needs the texts as they were given. So the list is authoritative, and LVGL's text is made from it.
 #include <string.h>
 
 #include "control/zof_list.h"
@@ -48,7 +48,7 @@ static const db_node *first(const db_list *list) {
     return list->head->next;
 }
 
-// LVGL counts options in 16 bits, and an endless roller has each of them seven times.
+// LVGL counts options in 16 bits, and an endless roller holds each of them seven times.
 static void lines_limit(char *text) {
     u32 lines = 1;
     for (; (text = strchr(text, '\n')); text++) {

@@ -10,7 +10,7 @@ static zof_mbox_attr_t *mbox_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_mbox_attr_t>(ctrl, ZOF_CTRL_MBOX);
 }
 
-// Runs `fn` on the box of a control; an object's own address is no control, and its first word is itself.
+// Runs `fn` on the box of a control. An object's own address is not a control; its first word is itself.
 template <typename F> static s32 on_mbox(zof_ctrl_t *ctrl, F &&fn) {
     const lv_obj_t *obj = zof_ctrl_obj(ctrl);
     if (!obj || (const void *)obj == (const void *)ctrl || !((const para_t *)ctrl)->is_created || !mbox_attr(ctrl)) {
@@ -25,7 +25,7 @@ static void label_center(lv_obj_t *label) {
     }
 }
 
-// Makes a label as LVGL does for a box that is born with the text.
+// Makes a label as LVGL does for a box that is created with the text.
 static lv_obj_t *label_add(lv_obj_t *parent, lv_label_long_mode_t mode) {
     lv_obj_t *label = lv_label_create(parent);
     if (!label) {
@@ -92,7 +92,7 @@ s32 zof_mbox_del(para_t *record) {
     return 0;
 }
 
-// A text that shows something gets a label if there is none yet.
+// Adds a missing label when there is a text to show.
 static s32 text_set(lv_msgbox_t *box, lv_obj_t *label, lv_obj_t *(*add)(lv_msgbox_t *), char **slot, const char *text) {
     const char *shown = zof_lang_get_cur_str(text);
     if (!label && shown && shown[0]) {

@@ -6,7 +6,7 @@
 #include "project/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
-enum { SIDE_MAX = 2047 }; // of a picture of LVGL's
+enum { SIDE_MAX = 2047 }; // LVGL's limit for a picture
 
 s32 zof_QR_code_create(para_t *record, lv_obj_t *parent, void *attr) {
     const auto *code = (const zof_qrcode_attr_t *)attr;
@@ -37,7 +37,7 @@ s32 zof_qrcode_updata_data(zof_ctrl_t *ctrl, const char *text) {
     return zof_on(ctrl, &lv_qrcode_class, [=](lv_obj_t *obj) {
         const char *shown = text ? text : "";
         const lv_res_t result = lv_qrcode_update(obj, shown, (u32)strlen(shown));
-        lv_obj_invalidate(obj); // of the code itself LVGL tells nobody
+        lv_obj_invalidate(obj); // LVGL does not redraw a changed code by itself
         return result == LV_RES_OK ? 0 : -1;
     });
 }

@@ -17,7 +17,7 @@ static s32 options_show(lv_obj_t *obj, const zof_rollist_attr_t *roll, const cha
     return 0;
 }
 
-// A roller that names no rows keeps the height of its file.
+// A roller without a row count keeps the height of its file.
 static void rows_show(lv_obj_t *obj, const zof_rollist_attr_t *roll) {
     if (roll->row_cnt) {
         lv_roller_set_visible_row_count(obj, roll->row_cnt);
@@ -63,7 +63,7 @@ s32 zof_rollist_set_line_space(zof_ctrl_t *ctrl, s32 space) {
     });
 }
 
-// Runs `change` on the control's options and shows what comes of it.
+// Runs `change` on the control's options and shows the result.
 template <typename F> static s32 options_change(zof_ctrl_t *ctrl, F &&change) {
     return zof_on(ctrl, &lv_roller_class, [&](lv_obj_t *obj) {
         zof_rollist_attr_t *attr = roll_attr(ctrl);
@@ -98,7 +98,7 @@ s32 zof_rollist_set_options(zof_ctrl_t *ctrl, const char *const *texts, u32 coun
 s32 zof_rollist_set_selected(zof_ctrl_t *ctrl, u32 index, u32 animate) {
     return zof_on(ctrl, &lv_roller_class, [=](lv_obj_t *obj) {
         lv_obj_set_style_anim_time(obj, TURN_MS, LV_PART_MAIN);
-        // On an endless roller LVGL takes what lies beyond its options for one of their copies.
+        // On an endless roller LVGL takes an index beyond its options for one of their copies.
         u32 last = lv_roller_get_option_cnt(obj) - 1u;
         lv_roller_set_selected(obj, (u16)LV_MIN(index, last), animate ? LV_ANIM_ON : LV_ANIM_OFF);
     });

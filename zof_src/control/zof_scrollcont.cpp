@@ -1,6 +1,6 @@
-// Scroll containers. What makes the wheel endless is the order of its children: whenever a scroll ends on an item, that
-// item is brought back to the middle index and the view is pulled after it, which nobody sees. What makes it a wheel is
-// computed anew for every child at every step, so nothing has to be kept.
+// Scroll containers. The order of the children makes the wheel endless: whenever a scroll ends on an item, that item is
+// moved back to the middle index and the scroll position follows, which is invisible. The look of the wheel is computed
+// for every child at every step, so nothing has to be kept.
 #include "control/zof_scrollcont.h"
 
 #include <math.h>
@@ -37,7 +37,7 @@ static wheel_t wheel_of(lv_obj_t *obj, const zof_scrollcont_attr_t *attr) {
             (vertical ? lv_obj_get_height(obj) : lv_obj_get_width(obj)) / 2};
 }
 
-// Writes a style only when it changes: most of a wheel stays as it is from step to step, and each write is a redraw.
+// Writes a style only when it changes: most of a wheel stays the same from step to step, and each write is a redraw.
 static void dress(lv_obj_t *item, lv_style_prop_t prop, s32 value) {
     lv_style_value_t now = {};
     if (lv_obj_get_local_style_prop(item, prop, &now, LV_PART_MAIN) == LV_RES_OK && now.num == value) {
@@ -81,8 +81,8 @@ static const zof_scrollcont_attr_t *event_attr(lv_event_t *e) {
     return attr && attr->dir < DIR_COUNT ? attr : nullptr;
 }
 
-// While LVGL draws, what changes is not drawn again, and whoever hears of the scrolling may do anything. So this runs
-// ahead of the first frame and not within it.
+// What changes while LVGL draws is not redrawn, and a handler of the scrolling may do anything. So this runs before the
+// first frame, not during it.
 void scroll_init_event_cb(lv_event_t *e) {
     auto *attr = (zof_scrollcont_attr_t *)lv_event_get_user_data(e);
     lv_obj_t *obj = lv_event_get_current_target(e);
@@ -117,7 +117,7 @@ s32 scroll_inf(zof_ctrl_t *ctrl) {
     return 0;
 }
 
-// How far a point at distance `d` has sunk on a circle of radius `r`. LVGL's own root ends at a radius of 4095.
+// How far a point at distance `d` drops on a circle of radius `r`. LVGL's own root is limited to a radius of 4095.
 static s32 sagitta(s64 r, s64 d) {
     return (s32)(r > d ? r - (s64)sqrt((double)(r * r - d * d)) : r);
 }
@@ -192,7 +192,7 @@ s32 zof_scrollcont_create(para_t *record, lv_obj_t *parent, void *attr) {
         return -1;
     }
     if (cont->display_count == 0) {
-        zof_printf("control %u: display_count is 0; a scroll container shows one item at least", cont->pub_t.id);
+        zof_printf("control %u: display_count is 0; a scroll container shows at least one item", cont->pub_t.id);
         return -1;
     }
     lv_obj_t *obj = record->obj = lv_obj_create(parent);
@@ -206,7 +206,7 @@ s32 zof_scrollcont_create(para_t *record, lv_obj_t *parent, void *attr) {
     return 0;
 }
 
-// The wheel that is being started. Who makes its items anew at the events of that would start it again, for ever.
+// The wheel that is being started. A handler that recreates its items would start it again, endlessly.
 static const void *starting;
 
 static void wheel_start(void *obj) {
@@ -215,7 +215,7 @@ static void wheel_start(void *obj) {
     starting = nullptr;
 }
 
-// LVGL frees a call that is cancelled while it runs twice; what it started may end up here.
+// LVGL frees a call twice that is cancelled while it runs; what it started may end up here.
 static void start_cancel(lv_obj_t *obj, const zof_scrollcont_attr_t *attr) {
     if (attr->need_init == 1) {
         lv_async_call_cancel(wheel_start, obj);
@@ -236,7 +236,7 @@ static void events_add(lv_obj_t *obj, zof_scrollcont_attr_t *attr) {
                 {scroll_init_event_cb, LV_EVENT_REFRESH},
                 {event_deleted, LV_EVENT_DELETE}};
     for (const auto &row : rows) {
-        lv_obj_remove_event_cb(obj, row.fn); // there already when the last item is made again
+        lv_obj_remove_event_cb(obj, row.fn); // already there when the last item is recreated
         if (row.fn != scroll_zoom_event_cb || attr->zoom_mode == ZOOM_BY_PIXELS) {
             lv_obj_add_event_cb(obj, row.fn, row.code, attr);
         }

@@ -1,5 +1,5 @@
-// Scroll containers: a wheel of equal items that turns for ever and dresses each item by its distance from the middle.
-// Graphics thread, or under dis_mutex.
+// Scroll containers: an endless wheel of equal items, each styled by its distance from the middle. Graphics thread, or
+// under dis_mutex.
 #ifndef ZOF_SCROLLCONT_H
 #define ZOF_SCROLLCONT_H
 
@@ -7,18 +7,18 @@
 
 ZOF_C_BEGIN
 
-// The container. Refused with a line when `display_count` is 0.
+// Creates the container. Refused with a log line when `display_count` is 0.
 s32 zof_scrollcont_create(para_t *record, lv_obj_t *parent, void *attr);
 
-// An item; -1 unless the parent is a container. The one that completes `child_cnt` sets the wheel going: before the
-// next frame the first item stands in the middle, and the container has had LV_EVENT_SCROLL_END and LV_EVENT_SCROLL.
+// Creates an item; -1 unless the parent is a container. The one that completes `child_cnt` starts the wheel: before the
+// next frame the first item is in the middle, and the container has received LV_EVENT_SCROLL_END and LV_EVENT_SCROLL.
 s32 zof_scrollcont_obj_create(para_t *record, lv_obj_t *parent, void *attr);
 
-// `create_num` of the item in the middle; -1 without one.
+// Returns the `create_num` of the item in the middle; -1 without one.
 s32 zof_scrollcont_get_display_index(zof_ctrl_t *ctrl);
 
-// Brings the item that stands in the middle of a horizontal wheel to the middle of the order too, so that there is as
-// much to scroll to on either side. Nothing moves while no item stands exactly there. 0, or -1 for any other control.
+// Moves the item in the middle of a horizontal wheel to the middle of the order too, so that there is equally much to
+// scroll to on either side. Does nothing while no item is exactly there. Returns 0, or -1 for any other control.
 s32 scroll_inf(zof_ctrl_t *ctrl);
 
 // LVGL callbacks of a complete container; user data is its zof_scrollcont_attr_t.

@@ -8,9 +8,9 @@
 #include "project/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
-enum { SIDE_MAX = 2047 }; // of a picture of LVGL's
+enum { SIDE_MAX = 2047 }; // LVGL's limit for a picture
 
-// More than two bits a pixel need, as projects have always been measured with it.
+// More than two bits a pixel need, because the size has always been computed this way.
 static void *pixels_new(const zof_size_t *size) {
     const size_t bytes = (((size_t)size->width >> 2) + 1) * (size_t)size->height * 4;
     void *pixels = zof_malloc((u32)bytes);
@@ -23,7 +23,7 @@ static void *pixels_new(const zof_size_t *size) {
 static void toolbar_refresh(lv_obj_t *obj) {
     lv_obj_t *toolbar = lv_obj_get_child(obj, 0);
     if (toolbar) {
-        lv_event_send(toolbar, LV_EVENT_REFRESH, nullptr); // not when it is drawn, which would be too late
+        lv_event_send(toolbar, LV_EVENT_REFRESH, nullptr); // when it is drawn it would be too late
     }
 }
 

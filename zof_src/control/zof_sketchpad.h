@@ -1,4 +1,5 @@
-// Sketchpads: drawn on with the finger. Graphics thread, or under dis_mutex. 0, or -1 without an object of the kind.
+// Sketchpads: drawn on with the finger. Graphics thread, or under dis_mutex. Functions return 0, or -1 without an
+// object of the kind.
 #ifndef ZOF_SKETCHPAD_H
 #define ZOF_SKETCHPAD_H
 
@@ -6,12 +7,12 @@
 
 ZOF_C_BEGIN
 
-// Of 1 to 2047 pixels on a side; the control owns the pixels.
+// 1 to 2047 pixels on each side; the control owns the pixels.
 s32 zof_sketchpad_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_sketchpad_set_width(zof_ctrl_t *ctrl, u8 width);
 s32 zof_sketchpad_clean_bg(zof_ctrl_t *ctrl);
 
-// Strokes from now on let what is behind them through, or cover it.
+// Makes new strokes translucent, or opaque again.
 s32 zof_sketchpad_set_transp(zof_ctrl_t *ctrl, zof_bool on);
 
 // LVGL callback of the pad's LV_EVENT_DELETE: releases the pixels.

@@ -5,11 +5,11 @@
 #include "project/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
-// LVGL counts with 32 bits and never ends on a box without digits, so both are kept where it can work.
+// LVGL counts in 32 bits and loops forever on a box without digits, so both are clamped.
 static void format_set(lv_obj_t *obj, const zof_spinbox_attr_t *box) {
     u8 digits = (u8)(box->int_cnt + box->dec_cnt);
     if (digits == 0) {
-        zof_printf("spin box %u: no digits, one is shown", box->pub_t.id);
+        zof_printf("spin box %u: no digits; one is shown", box->pub_t.id);
     }
     lv_spinbox_set_range(obj, LV_MAX(box->range_min, -INT32_MAX), box->range_max);
     lv_spinbox_set_step(obj, LV_MIN(box->step, (u32)INT32_MAX));
@@ -54,8 +54,8 @@ s32 zof_spinbox_step_prev(zof_ctrl_t *ctrl) {
     });
 }
 
-// LVGL adds in 32 bits, and on its way through zero it mirrors the value, which may put it outside of the range. The
-// value is set once, as each time the control's function is told, which may delete the box.
+// LVGL adds in 32 bits, and mirrors the value on its way through zero, which may put it outside of the range. The value
+// is set only once, because each change calls the control's function, which may delete the box.
 static s32 step_by(zof_ctrl_t *ctrl, s32 sign) {
     return zof_on(ctrl, &lv_spinbox_class, [=](lv_obj_t *obj) {
         s64 value = lv_spinbox_get_value(obj);

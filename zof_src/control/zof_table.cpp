@@ -1,4 +1,4 @@
-// Tables. LVGL's cells have one colour for all; the record keeps one for each, and a draw event puts it in.
+// Tables. LVGL's cells all have one colour; the record keeps one for each, and a draw event applies it.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_table_chart.h"
 #include "project/zof_lang.h"
@@ -12,7 +12,7 @@ static zof_table_attr_t *table_attr(const zof_ctrl_t *ctrl) {
     return record && record->is_created ? zof_ctrl_attr<zof_table_attr_t>(ctrl, ZOF_CTRL_TABLE) : nullptr;
 }
 
-// Runs `fn` on object and attributes of a table control.
+// Runs `fn` on the object and attributes of a table control.
 template <typename F> static s32 on_table(zof_ctrl_t *ctrl, F &&fn) {
     zof_table_attr_t *attr = table_attr(ctrl);
     return attr ? zof_on(ctrl, &lv_table_class, [&](lv_obj_t *obj) { return fn(obj, attr); }) : -1;
@@ -46,7 +46,7 @@ static void colors_renew(lv_obj_t *obj, zof_table_attr_t *attr) {
     colors_fill(attr, attr->default_color);
 }
 
-// Cells without a mark follow a change of theme.
+// Unmarked cells follow a change of theme.
 static void event_style_changed(lv_event_t *e) {
     zof_table_attr_t *attr = (zof_table_attr_t *)lv_event_get_user_data(e);
     u32 before = attr->default_color;
@@ -58,7 +58,7 @@ static void event_style_changed(lv_event_t *e) {
     }
 }
 
-// LVGL counts cells with 16 bits, and grows by whatever cell it is asked for.
+// LVGL counts cells in 16 bits, and grows to include whatever cell it is asked for.
 static bool has_room(lv_obj_t *obj, u32 row, u32 col) {
     u64 rows = LV_MAX((u64)row + 1, lv_table_get_row_cnt(obj));
     u64 cols = LV_MAX((u64)col + 1, lv_table_get_col_cnt(obj));
@@ -125,7 +125,7 @@ s32 zof_table_set_cell_value(zof_ctrl_t *ctrl, u32 row, u32 col, const char *tex
         const char *shown = zof_lang_get_cur_str(text);
         lv_table_set_cell_value(obj, (u16)row, (u16)col, shown ? shown : "");
         zof_table_attr_t *attr = table_attr(ctrl);
-        // The counts become the index, and a cell just beyond the end changes nothing: programs count on both.
+        // The counts become the index, and a cell just beyond the end changes nothing: programs rely on both.
         if (!attr || (row <= attr->row_cnt && col <= attr->col_cnt)) {
             return 0;
         }

@@ -1,6 +1,6 @@
-// Tile views. An endless one always comes back to its home page: when a page at either end has been reached, all pages
-// step on by one, so that the same picture is now shown at home, and the user can keep swiping in one direction for
-// ever.
+// Tile views. An endless one always returns to its home page: when a page at either end has been reached, all pages
+// move on by one, so that the same picture is now shown at home, and the user can keep swiping in one direction
+// forever.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
 #include "project/zof_style.h"
@@ -41,7 +41,7 @@ static s32 scroll_pos(const ring_t *ring) {
     return ring->horizontal ? lv_obj_get_scroll_x(ring->obj) : lv_obj_get_scroll_y(ring->obj);
 }
 
-// An endless ring needs three pages. Of a view that has two, child 0 is a spare page, which is kept ahead of the
+// An endless ring needs three pages. In a view that has two, child 0 is a spare page, which is kept ahead of the
 // movement.
 static void spare_move(const ring_t *ring) {
     s32 scroll = scroll_pos(ring);
@@ -57,7 +57,7 @@ static void spare_move(const ring_t *ring) {
     lv_obj_t *other = tile_at(ring, 3 - here);
     s32 end = 2 * ring->page;
     if (to_start) {
-        // Projects have been drawn with the width also in this one place of a vertical view.
+        // Existing projects expect the width in this one place of a vertical view too.
         tile_move(ring, spare, here == 1 && !ring->horizontal ? 2 * ring->attr->pub_t.size.width : end);
         tile_move(ring, other, 0);
     } else {
@@ -111,7 +111,7 @@ static void scroll_unlock_at_home(const ring_t *ring) {
 
 static void come_home(const ring_t *ring) {
     lv_obj_t *obj = ring->obj;
-    lv_obj_clear_flag(obj, LV_OBJ_FLAG_SCROLLABLE); // no touch while the pages are shuffled
+    lv_obj_clear_flag(obj, LV_OBJ_FLAG_SCROLLABLE); // no touch while the pages are rearranged
     s32 from_start = ring->horizontal ? lv_obj_get_scroll_left(obj) : lv_obj_get_scroll_top(obj);
     s32 from_end = ring->horizontal ? lv_obj_get_scroll_right(obj) : lv_obj_get_scroll_bottom(obj);
     if (from_end == ring->attr->limit_end) {
@@ -188,13 +188,13 @@ static void ring_close(lv_obj_t *obj, zof_tileview_attr_t *view, u32 dir) {
             (s16)(tile_pos(&ring, tile_at(&ring, -1)) - tile_pos(&ring, tile_at(&ring, view->start_id + 1)));
     }
     while (lv_obj_remove_event_cb(obj, event_new_obj)) {
-        // a last tile that is made again must not add it twice
+        // a last tile that is recreated must not add it twice
     }
     lv_obj_add_event_cb(obj, event_new_obj, LV_EVENT_SCROLL, nullptr);
     lv_obj_add_event_cb(obj, event_new_obj, LV_EVENT_SCROLL_END, nullptr);
 }
 
-// A page of an endless view of two stands one place further: the spare page has the first.
+// In an endless view of two, a page is one place further on: the spare page is first.
 static lv_obj_t *endless_tile_add(lv_obj_t *parent, zof_tileview_attr_t *view, const zof_tile_attr_t *tile) {
     u8 ahead = view->count == 2;
     if (ahead && tile->dir != LV_DIR_HOR && tile->dir != LV_DIR_VER) {
@@ -204,7 +204,7 @@ static lv_obj_t *endless_tile_add(lv_obj_t *parent, zof_tileview_attr_t *view, c
     u8 row = (u8)(tile->row_id + (ahead && tile->dir == LV_DIR_VER));
     bool last = lv_obj_get_child_cnt(parent) + 1 == (u32)view->count + ahead;
     if (last && view->start_id + 1u >= (u32)view->count + ahead) {
-        zof_printf("tile view %u: no page lies behind start_id %u, where an endless view stands", view->pub_t.id,
+        zof_printf("tile view %u: an endless view has no page after start_id %u, where it starts", view->pub_t.id,
                    view->start_id);
         return nullptr;
     }

@@ -1,4 +1,4 @@
-// Texts of controls: replacing them, and renewing all of them after a change of language.
+// Texts of controls: replacing them, and updating all of them after a language change.
 #include "control/zof_txt.h"
 
 #include <string.h>
@@ -18,7 +18,7 @@ s32 zof_txt_change(char **slot, const char *text) {
         return -1;
     }
     size_t size = strlen(text) + 2;
-    char *copy = (char *)zof_malloc(size); // not grown in place: `text` may lie within the former one
+    char *copy = (char *)zof_malloc(size); // not resized in place: `text` may be within the old one
     if (!copy) {
         return -1;
     }

@@ -6,20 +6,21 @@
 
 typedef void (*zof_txt_show_fn)(lv_obj_t *obj, const char *text);
 
-// Shows a text, or the translation of a key; nothing for null. True when `text` was a key that has a translation: then
-// the control's record must keep it, or the text would not follow the next change of language.
+// Shows a text, or the translation of a key; nothing for null. Returns true when `text` is a key that has a
+// translation: the control's record must then keep it, or the text would not follow the next language change.
 bool zof_txt_show(lv_obj_t *obj, const char *text, zof_txt_show_fn show);
 
-// The label inside a button or image button, its first child; null when the object has none.
+// Returns the label inside a button or image button, its first child; null when the object has none.
 lv_obj_t *zof_txt_inner_label(const zof_ctrl_t *ctrl);
 
-// Makes that label: as wide as the button, wrapped, centred, blind to touch.
+// Creates that label: as wide as the button, wrapped, centred, not clickable.
 lv_obj_t *zof_txt_inner_create(lv_obj_t *btn, const char *text);
 
-// Sets the inner label's font to the file of the button's first style in another size; 0, or -1 without a label.
+// Sets the inner label's font to the font file of the button's first style in another size. Returns 0, or -1 without a
+// label.
 s32 zof_txt_inner_set_size(zof_ctrl_t *ctrl, u32 size);
 
-// The font of a record's first style in another size, or null.
+// Returns the font of a record's first style in another size, or null.
 lv_font_t *zof_txt_font(const zof_pub_attr_t *attr, u32 size);
 
 #endif

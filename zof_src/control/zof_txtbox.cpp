@@ -1,5 +1,5 @@
-// Text boxes. LVGL sorts out what a box accepts one character after the other, each with a layout and an event, and in
-// password mode forgets to; so texts are sorted here, in one go, and handed over with the limits lifted.
+// Text boxes. LVGL filters what a box accepts one character at a time, each with a layout and an event, and in password
+// mode not at all; so texts are filtered here, in one go, and passed on with the limits lifted.
 #include <string.h>
 
 #include "control/zof_ctrl_in.h"
@@ -8,7 +8,7 @@
 #include "project/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
-// A box that is being handed a text, with the limits that are lifted meanwhile: at its events it may be handed another.
+// A box that is being passed a text, with the limits that are lifted meanwhile. Its events may pass it another one.
 typedef struct lift {
     lv_obj_t *obj;
     const char *accepted;
@@ -24,7 +24,7 @@ template <typename F> static s32 on_box(zof_ctrl_t *ctrl, F &&fn) {
     return obj && lv_obj_check_type(obj, &lv_textarea_class) ? zof_on(ctrl, std::forward<F>(fn)) : -1;
 }
 
-// Bytes of the UTF-8 character that `at` points at, 0 for none. LVGL reads on by the first byte alone.
+// Bytes of the UTF-8 character at `at`, 0 for an invalid one. LVGL decodes by the first byte alone.
 static u32 char_size(const char *at) {
     const u8 first = (u8)*at;
     u32 size = first < 0x80   ? first != 0
@@ -50,9 +50,10 @@ static bool is_accepted(const lift_t *box, const char *at, u32 size) {
     return !box->accepted || !box->accepted[0] || strstr(box->accepted, one);
 }
 
-// What the box takes of a text, besides `length` characters that it has; null without memory.
+// The part of a text that the box accepts, given that it already has `length` characters; null without memory.
 static char *text_taken(const lift_t *box, const char *text, u32 length) {
-    const u32 max = box->max ? box->max : (u32)LV_TEXTAREA_CURSOR_LAST; // beyond it LVGL's cursor finds no end
+    const u32 max =
+        box->max ? box->max : (u32)LV_TEXTAREA_CURSOR_LAST; // LVGL's cursor cannot reach the end beyond this
     char *taken = (char *)zof_malloc(strlen(text) + 1);
     char *end = taken;
     while (taken && *text && length < max) {
@@ -79,7 +80,7 @@ static lift_t lift_of(lv_obj_t *obj) {
     return {obj, lv_textarea_get_accepted_chars(obj), lv_textarea_get_max_length(obj), lifts};
 }
 
-// Hands a text over that has been sorted.
+// Passes a filtered text to LVGL.
 static s32 text_hand_over(lv_obj_t *obj, const char *text, u32 length, void (*put)(lv_obj_t *, const char *)) {
     lift_t lift = lift_of(obj);
     char *taken = text_taken(&lift, text, length);
@@ -97,8 +98,8 @@ static s32 text_hand_over(lv_obj_t *obj, const char *text, u32 length, void (*pu
     return 0;
 }
 
-// Puts the cursor to the end and scrolls there, for which the box needs its size and font by now. LVGL would scroll in
-// an animation, which ends when the box is laid out next.
+// Moves the cursor to the end and scrolls there, for which the box must have its size and font by now. LVGL would
+// scroll with an animation, which ends at the next layout of the box.
 static void end_show(lv_obj_t *obj) {
     lv_obj_enable_style_refresh(true);
     lv_obj_refresh_style(obj, LV_PART_ANY, LV_STYLE_PROP_ANY);
@@ -122,7 +123,7 @@ s32 zof_txtbox_create(para_t *record, lv_obj_t *parent, void *attr) {
     lv_textarea_set_one_line(obj, box->line_mode != 1);
     lv_obj_set_style_text_align(obj, (lv_text_align_t)(box->txt_align_e & 3), LV_PART_MAIN);
     lv_obj_set_style_text_align(obj, (lv_text_align_t)(box->holder_txt_align_e & 3), LV_PART_TEXTAREA_PLACEHOLDER);
-    lv_textarea_set_accepted_chars(obj, box->accept_txt); // LVGL points at it; the record outlives the object
+    lv_textarea_set_accepted_chars(obj, box->accept_txt); // LVGL refers to it; the record outlives the object
     lv_textarea_set_max_length(obj, box->max_txt_len);
     lv_textarea_set_placeholder_text(obj, box->p_holder_txt ? box->p_holder_txt : "");
     lv_textarea_set_password_mode(obj, box->pwd_mode_en);

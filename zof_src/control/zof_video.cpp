@@ -1,4 +1,4 @@
-// Video and sound: names become paths, the rest is the drivers'.
+// Video and sound: turns names into paths; the drivers do the rest.
 #include <string.h>
 
 #include "control/zof_ctrl_in.h"
@@ -7,7 +7,7 @@
 #include "drv/zof_drv_video.h"
 #include "project/zof_res.h"
 
-// The attributes say what was asked for, except that a pause of what does not play is a stop.
+// The attributes keep what was asked for, except that a pause while nothing plays is a stop.
 static s32 state_set(zof_video_attr_t *video, lv_obj_t *obj, u32 state) {
     const bool idle = zof_drv_video_get_state(obj) != ZOF_MEDIA_PLAY;
     if (video) {

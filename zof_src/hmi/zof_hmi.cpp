@@ -1,4 +1,4 @@
-// Touches and events on their way: tones, waking from standby, and reports to a host.
+// Touches and events on their way up: tones, waking from standby, and reports to a host.
 #include "hmi/zof_hmi.h"
 
 #include "drv/zof_drv.h"
@@ -11,12 +11,12 @@
 // Bits of the project's `th_en`.
 enum { REPORT_PRESS = 0x10, REPORT_RELEASE = 0x20, REPORT_HOLD = 0x40 };
 
-static u32 reported_press; // ms of the last press that was reported; it is not renewed while the finger stays
+static u32 reported_press; // time of the last reported press, ms; not updated while the finger stays down
 
 static void report_send() {
     static const u8 type_key[] = {1, 0xB0};
     static const u8 param_key[] = {2, 0x04, 0x01};
-    zof_hmi_sync_refresh(); // the frame tells of this touch, not of the last look
+    zof_hmi_sync_refresh(); // the frame reports this touch, not the last copy
     zof_hmi_cmd_read_send(ui_cmd_analys, type_key, nullptr, param_key, nullptr);
 }
 
@@ -37,7 +37,7 @@ void zof_hmi_touch_cmd_send(u8 press, u8 release, u8 hold) {
     }
 }
 
-// A press that wakes the display is taken from the controls until the finger lifts.
+// A press that wakes the display is hidden from the controls until the finger lifts.
 static s32 touch_press() {
     zof_hmi_touch_rtp_cal_check(1);
     zof_hmi_touch_tone(1, 0);

@@ -1,5 +1,5 @@
-// Two analysers over one engine: the system's on the receive thread, so that a host is answered even while a view is
-// being built, and everyone else's on the graphics thread. They meet in the queue only.
+// Two analysers over one engine: one for system commands on the receive thread, so that a host is answered even while a
+// view is being built, and one for all others on the graphics thread. They share only the queue.
 #include "hmi/zof_hmi_analys.h"
 
 #include <string.h>
@@ -18,7 +18,7 @@ zof_hmi_cmd_analys_t *ui_cmd_analys;
 
 // Made before the link opens, never released.
 static pipo_buff *ui_queue;
-static zof_sem_t ui_queue_switched; // released when the graphics thread has taken what was in the queue
+static zof_sem_t ui_queue_switched; // released when the graphics thread has emptied the queue
 static zof_loop_source ui_source;
 
 static void analys_release(zof_hmi_cmd_analys_t *a) {
@@ -54,7 +54,7 @@ s32 zof_hmi_cmd_analys_init(zof_hmi_cmd_analys_t *a) {
     return 0;
 }
 
-// A context over a table; null, with a line.
+// Makes a context over a table; null, with a log line, on failure.
 static zof_hmi_cmd_analys_t *analys_make(const zof_hmi_attr_t *attr, const zof_hmi_cmd_type_t *types, u32 count) {
     auto *a = (zof_hmi_cmd_analys_t *)zof_malloc(sizeof(zof_hmi_cmd_analys_t));
     if (!a) {
@@ -137,13 +137,13 @@ const zof_hmi_param_type_t *zof_hmi_cmd_find_param_type(const u8 *key, const zof
     return nullptr;
 }
 
-// What is left of a payload while it is taken apart.
+// The part of a payload that is not decoded yet.
 struct rest {
     const u8 *at;
     u32 size;
 };
 
-// A key of the next two bytes, of which fewer may be there; a row that needs a missing one is refused by its length.
+// Makes a key of the next two bytes, which may not both be there; a row that needs a missing one is rejected by length.
 static void key_of(const rest *r, u8 key[1 + KEY_CODES]) {
     key[0] = ZOF_HMI_KEY_ANY;
     for (u32 i = 0; i < KEY_CODES; i++) {
@@ -174,7 +174,7 @@ static const zof_hmi_param_type_t *param_take(const zof_hmi_cmd_type_t *type, re
     return param && step(r, param->len) ? param : nullptr;
 }
 
-// False when the fields are not all there.
+// Returns false when the fields are not all there.
 static bool fields_take(void *record, const zof_hmi_rec_t *list, rest *r) {
     const s32 taken = zof_hmi_cmd_buf_2_param(record, list, r->at, r->size);
     return taken >= 0 && step(r, (u32)taken);
@@ -194,7 +194,7 @@ static s32 handler_run(zof_hmi_cmd_analys_t *a, const zof_hmi_param_type_t *para
                                 : param->set_fun(a->type_param, a->req_param, a->value_param, a->reply_param);
 }
 
-// What was asked, byte for byte, and behind it what the record holds.
+// Sends what was asked, byte for byte, followed by what the record holds.
 static void reply_send(zof_hmi_cmd_analys_t *a, u8 op, const u8 *echo, u32 echo_size, const void *record,
                        const zof_hmi_rec_t *list) {
     const u32 n = echo_size + zof_hmi_cmd_param_size(record, list);
@@ -216,7 +216,7 @@ static void answer(zof_hmi_cmd_analys_t *a, const zof_hmi_param_type_t *param, c
     }
 }
 
-// Executes a frame that has passed its check: checking costs more than all the rest, so it is done once.
+// Executes a frame that has passed its check. Checking costs more than all the rest, so it is done only once.
 static s32 frame_run(zof_hmi_cmd_analys_t *a, const u8 *data) {
     const zof_hmi_frame_t frame = zof_hmi_frame_parse(a, data);
     if (frame.op > ZOF_HMI_OP_SET) {
@@ -235,7 +235,7 @@ static s32 frame_run(zof_hmi_cmd_analys_t *a, const u8 *data) {
         return (s32)frame.total;
     }
     if (get) {
-        memset(a->value_param, 0, a->param_size); // what a handler leaves out must not point at an old frame
+        memset(a->value_param, 0, a->param_size); // fields that a handler leaves out must not point into an old frame
     } else if (!fields_take(a->value_param, param->value, &r)) {
         return 0;
     }
@@ -300,7 +300,7 @@ void zof_hmi_cmd_ui_data_run(void) {
     }
     const pipo_half *half = pipo_buff_get_pi_and_switch(ui_queue);
     zof_sem_release(ui_queue_switched);
-    // Only whole checked frames are in the queue, so the walk goes by their real lengths.
+    // Only whole checked frames are in the queue, so the loop relies on their lengths.
     for (u32 i = 0; i < half->len;) {
         const u32 total = zof_hmi_frame_parse(ui_cmd_analys, half->data + i).total;
         frame_run(ui_cmd_analys, half->data + i);
@@ -308,18 +308,18 @@ void zof_hmi_cmd_ui_data_run(void) {
     }
 }
 
-// A host may send faster than the graphics thread draws. The receive thread then waits for room, and the host with it.
+// A host may send faster than the graphics thread draws. Then the receive thread waits for room, and so does the host.
 static void queue_room_wait(u32 size) {
     while (zof_sem_trytake(ui_queue_switched) == 0) {
     }
-    u32 waited = size <= ui_queue->size ? 0 : QUEUE_WAIT_MS; // never fits
+    u32 waited = size <= ui_queue->size ? 0 : QUEUE_WAIT_MS; // it can never fit
     while (size > ui_queue->size - pipo_buf_get_pi_len(ui_queue) && waited < QUEUE_WAIT_MS) {
         waited += zof_sem_take(ui_queue_switched, QUEUE_STEP_MS) == 0 ? 0 : QUEUE_STEP_MS;
     }
 }
 
-// Executes or queues a checked frame of `total` bytes. Returns the bytes to step on: a frame with an unknown operation
-// is noise.
+// Executes or queues a checked frame of `total` bytes. Returns the bytes to skip: a frame with an unknown operation is
+// noise.
 static u32 frame_take(const u8 *data, u32 total) {
     if (zof_hmi_cmd_check_cmd(sys_cmd_analys, data)) {
         return frame_run(sys_cmd_analys, data) >= 0 ? total : 1;
@@ -333,20 +333,20 @@ static u32 frame_take(const u8 *data, u32 total) {
     return total;
 }
 
-// What waits for its rest; receive thread only.
+// The tail that waits for its rest; receive thread only.
 static struct {
     u32 size;      // bytes that were kept as the tail
     bool silent;   // the line has been silent since they came
-    u32 silent_at; // time of that
+    u32 silent_at; // when the silence began
 } kept;
 
 static bool can_be_whole(const u8 *data, u32 size) {
     return size < 4 || zof_hmi_frame_total(data) <= ZOF_HMI_RECEIVE_MAX;
 }
 
-// Takes all frames. Returns how many bytes at the end wait for their rest. A head behind which the line has fallen
-// silent may be noise that happens to look like one; then a whole frame with a right CRC behind it counts, without a
-// CRC nothing can tell.
+// Takes all frames. Returns how many bytes at the end wait for their rest. A head that is followed by silence may be
+// noise that happens to look like one. Then a whole frame with a correct CRC after it counts; without a CRC there is no
+// way to tell.
 static u32 walk(const u8 *data, u32 size, bool silent) {
     u32 waiting = size;
     for (u32 i = 0; i < size;) {
@@ -364,11 +364,11 @@ static u32 walk(const u8 *data, u32 size, bool silent) {
     return size - waiting;
 }
 
-// The line has been silent for a second behind a part of a frame: its rest will not come, and what comes now is not it.
+// A partial frame expires when its rest has not come within a second of silence: what comes now belongs to another one.
 static u32 expired() {
     const bool old = kept.size && kept.silent && zof_sys_time_ms() - kept.silent_at > ZOF_HMI_KEPT_MS;
     if (old) {
-        zof_printf("host link: %u bytes of a frame without an end are dropped", kept.size);
+        zof_printf("host link: %u bytes of an incomplete frame are dropped", kept.size);
     }
     return old ? kept.size : 0;
 }
@@ -377,7 +377,7 @@ void zof_hmi_recive_data_handle(u8 *data, u32 size, void *) {
     if (!data || size == 0) {
         return;
     }
-    const bool silent = size == kept.size; // nothing but the tail: that is how the driver reports a silence
+    const bool silent = size == kept.size; // only the tail: this is how the driver reports silence
     const u32 from = silent ? 0 : expired();
     const u32 rest = walk(data + from, size - from, silent);
     if (silent && !kept.silent) {

@@ -1,5 +1,5 @@
-// The type tables: one for each analyser. The system's type stands in both, because the runtime sends its own frames
-// through the graphics thread's analyser.
+// The type tables, one for each analyser. The system type is in both, because the runtime sends its own frames through
+// the graphics thread's analyser.
 #include "hmi/zof_hmi_cmd.h"
 
 // clang-format off

@@ -1,5 +1,5 @@
-// The command tables of the host protocol: constant rows from which frames are executed, and documents and host
-// libraries are made. A row holds all that is known of a command.
+// The command tables of the host protocol: constant rows that execute frames and from which documents and host
+// libraries are generated. A row holds everything that is known about a command.
 #ifndef ZOF_HMI_CMD_H
 #define ZOF_HMI_CMD_H
 
@@ -7,54 +7,55 @@
 
 ZOF_C_BEGIN
 
-// What a handler returns beside ZOF_HMI_DONE is told in zof_hmi_cmd_rev_analys; other numbers count as ZOF_HMI_DONE.
+// What a handler returns; zof_hmi_cmd_rev_analys says what follows. Other numbers count as ZOF_HMI_DONE.
 enum { ZOF_HMI_FAIL = -1, ZOF_HMI_DONE = 0, ZOF_HMI_SILENT = 1, ZOF_HMI_AGAIN = 2 };
 
 // Handlers get the analyser's records, ZOF_HMI_RECORD_SIZE bytes each: decoded type fields, decoded request fields, and
-// the value. Get fills the value. Set applies it and writes the acknowledgement, one signed byte, which keeps what the
-// last command left if nothing is written. Texts in records are valid during the call only.
+// the value. Get fills in the value. Set applies it and writes the acknowledgement, one signed byte, which stays as the
+// last command left it if nothing is written. Texts in records are valid during the call only.
 typedef s32 (*zof_hmi_get_fun)(void *type_param, void *req_param, void *value_param);
 typedef s32 (*zof_hmi_set_fun)(void *type_param, void *req_param, void *value_param, void *reply_param);
 
-// What a host that sets a restarted panel again does with a row: writes the last value, or the last one for each value
-// of the first n fields, which choose what is set; ZOF_HMI_ACTS: nothing, for the row is an action and no state.
+// What a host does with a row when it restores a restarted panel: it writes the last value, or the last one for each
+// value of the first n fields, which choose what is set. ZOF_HMI_ACTS: nothing, because the row is an action, not a
+// state.
 enum { ZOF_HMI_ACTS = 255 };
 
-// A parameter. Names of fields are separated by blanks, one for each field, in wire order.
+// A parameter. Field names are separated by spaces, one for each field, in wire order.
 typedef struct {
     u8 len; // code bytes that count, 1 or 2
     u8 code[7];
     u8 chooses;                 // n, or ZOF_HMI_ACTS
     const char *name;           // unique in its table
     const char *help;           // one line
-    const char *req_names;      // OPTIONAL: of `rw->req`
-    const char *value_names;    // of `value`
+    const char *req_names;      // OPTIONAL: for `rw->req`
+    const char *value_names;    // for `value`
     const zof_hmi_rec_t *value; // what a read returns and a write carries
     const zof_hmi_rw_t *rw;
     zof_hmi_get_fun get_fun; // OPTIONAL
     zof_hmi_set_fun set_fun; // OPTIONAL
 } zof_hmi_param_type_t;
 
-// A type: a family of parameters, addressed alike.
+// A type: a family of parameters that are addressed alike.
 typedef struct {
     u8 len; // code bytes that count, 1 or 2
     u8 code[7];
     const char *name;
     const char *help;
-    const char *rec_names;    // OPTIONAL: of `rec`
-    const zof_hmi_rec_t *rec; // fields in front of every request
+    const char *rec_names;    // OPTIONAL: for `rec`
+    const zof_hmi_rec_t *rec; // fields before every request
     u16 param_count;
     const zof_hmi_param_type_t *params;
 } zof_hmi_cmd_type_t;
 
-// The system's types, executed on the receive thread, and those executed on the graphics thread. The latter begin with
-// the system's too, for frames that the runtime sends by itself.
+// The types executed on the receive thread, and those executed on the graphics thread. The latter begin with the system
+// type too, for frames that the runtime sends by itself.
 extern const zof_hmi_cmd_type_t zof_sys_cmd_types[];
 extern const u32 zof_sys_cmd_type_count;
 extern const zof_hmi_cmd_type_t zof_ui_cmd_types[];
 extern const u32 zof_ui_cmd_type_count;
 
-// Rows of each table; the look-ups end there.
+// Rows of each table; look-ups end there.
 enum {
     ZOF_SYS_PARAM_COUNT = 10,
     ZOF_VIEW_PARAM_COUNT = 8,

@@ -1,4 +1,4 @@
-// The codec is one table of widths and one of lists: a new kind of record is a row here and nothing else.
+// The codec is one table of widths and one of lists: a new kind of record is just another row here.
 #include "hmi/zof_hmi_codec.h"
 
 #include <stddef.h>
@@ -148,7 +148,7 @@ u32 zof_hmi_cmd_param_2_buf(const void *record, const zof_hmi_rec_t *list, u8 *o
     return (u32)(out - start);
 }
 
-// Bytes that the fields take in `in`, or -1 when that is more than `size`.
+// Returns the bytes that the fields take in `in`, or -1 when that is more than `size`.
 static s32 fields_fit(const zof_hmi_rec_t *list, const u8 *in, u32 size) {
     u32 at = 0;
     for (u32 i = 0; i < list->count; i++) {

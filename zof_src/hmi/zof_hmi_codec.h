@@ -1,5 +1,5 @@
-// Fields of the host protocol: between the bytes of a frame, big-endian and without gaps, and plain records in native
-// order. Pure functions, any thread.
+// Fields of the host protocol: converts between the bytes of a frame, big-endian without gaps, and plain records in
+// native order. Pure functions, any thread.
 #ifndef ZOF_HMI_CODEC_H
 #define ZOF_HMI_CODEC_H
 
@@ -8,7 +8,7 @@
 ZOF_C_BEGIN
 
 enum {
-    ZOF_HMI_T_STR, // characters and a zero; in the record a pointer
+    ZOF_HMI_T_STR, // characters and a zero; a pointer in the record
     ZOF_HMI_T_S8,
     ZOF_HMI_T_U8,
     ZOF_HMI_T_S16,
@@ -18,7 +18,7 @@ enum {
     ZOF_HMI_T_COUNT
 };
 
-// Every record fits in so many bytes: a few numbers, or a few numbers and one text.
+// Size of a record in bytes. Every record fits: a few numbers, or a few numbers and one text.
 enum { ZOF_HMI_RECORD_SIZE = 16 };
 
 typedef struct {
@@ -32,12 +32,12 @@ typedef struct {
     const zof_hmi_field_t *fields;
 } zof_hmi_rec_t;
 
-// What a parameter asks for in front of its value, and what its acknowledgement carries.
+// What a parameter expects before its value, and what its acknowledgement contains.
 typedef struct {
     const zof_hmi_rec_t *req, *rep;
 } zof_hmi_rw_t;
 
-// Records of the lists below that have more than one field. A list of one field is that field alone.
+// Records of the lists below that have more than one field. A list of one field is just that field.
 typedef struct {
     u8 a;
     const char *text;
@@ -113,24 +113,25 @@ extern const zof_hmi_rec_t zof_hmi_param_u16u32_t_tbl;
 extern const zof_hmi_rec_t zof_hmi_param_u8s16s16_t_tbl;
 extern const zof_hmi_rec_t zof_hmi_param_u32u16u8u8_t_tbl;
 extern const zof_hmi_rec_t zof_hmi_param_u16u16u16u16_t_tbl;
-extern const zof_hmi_rec_t zof_hmi_param_u16u8u8u8u8_t_tbl; // zof_rtc_time_t: six fields, whatever its name counts
+extern const zof_hmi_rec_t zof_hmi_param_u16u8u8u8u8_t_tbl; // zof_rtc_time_t: six fields, despite its name
 extern const zof_hmi_rec_t zof_hmi_ctrl_id_t_tbl;
 extern const zof_hmi_rec_t zof_hmi_stdby_t_tbl; // zof_func_standby_t
 extern const zof_hmi_rec_t zof_hmi_tabel_t_tbl;
 
-extern const zof_hmi_rw_t zof_hmi_base_rw_t_tbl; // nothing asked; all four answer with one signed byte
+extern const zof_hmi_rw_t zof_hmi_base_rw_t_tbl; // no request; all four answer with one signed byte
 extern const zof_hmi_rw_t zof_hmi_s8_s8_rw_t_tbl;
 extern const zof_hmi_rw_t zof_hmi_u16_s8_rw_t_tbl;
 extern const zof_hmi_rw_t zof_hmi_u16u16_s8_rw_t_tbl;
 
-// Bytes that a record takes on the wire; 0 for null or an empty list. A text that is null takes none.
+// Returns the bytes that a record takes on the wire; 0 for null or an empty list. A null text takes none.
 u32 zof_hmi_cmd_param_size(const void *record, const zof_hmi_rec_t *list);
 
-// Encodes into `out`, which has room for zof_hmi_cmd_param_size bytes; the number written.
+// Encodes into `out`, which has room for zof_hmi_cmd_param_size bytes. Returns the bytes written.
 u32 zof_hmi_cmd_param_2_buf(const void *record, const zof_hmi_rec_t *list, u8 *out);
 
-// Decodes from at most `size` bytes; a text is not copied: the record points into `in`. Bytes consumed, 0 for null or
-// an empty list; -1 when the fields, or the zero of a text, do not lie within `size`, and the record is then as it was.
+// Decodes from at most `size` bytes; a text is not copied, the record points into `in`. Returns the bytes consumed, 0
+// for null or an empty list; -1, with the record unchanged, when the fields, or the zero of a text, are not within
+// `size`.
 s32 zof_hmi_cmd_buf_2_param(void *record, const zof_hmi_rec_t *list, const u8 *in, u32 size);
 
 ZOF_C_END

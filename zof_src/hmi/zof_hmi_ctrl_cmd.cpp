@@ -1,5 +1,5 @@
-// Commands that every control knows (type B2 F0), on the graphics thread. A handler is a row of the table and one call
-// of the control layer; what a host may send and the layer would not bear is refused here.
+// Commands that every control has (type B2 F0), on the graphics thread. A handler is a row of the table and one call of
+// the control layer; what a host may send but the layer cannot handle is refused here.
 #include "hmi/zof_hmi_ctrl_in.h"
 
 #include "zof_lib/zof_stdio.h"
@@ -33,7 +33,7 @@ static s32 move_fore_back(void *type, void *, void *value, void *reply) {
     return hmi_ctrl_choose(type, HMI_ANY_TYPE, *(u8 *)value, zof_ctrl_move_background, zof_ctrl_move_forground, reply);
 }
 
-// The base control stands in the same view.
+// The base control is in the same view.
 static s32 set_align(void *type, void *req, void *value, void *reply) {
     const zof_hmi_ctrl_id_t base = {((const zof_hmi_ctrl_id_t *)type)->view_id, *(u16 *)req};
     const auto *v = (const zof_hmi_u8s16s16_t *)value;

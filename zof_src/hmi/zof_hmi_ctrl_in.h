@@ -7,26 +7,26 @@
 
 enum { HMI_ANY_TYPE = -1 };
 
-// The control that a command names; null when there is none, when its object is not there, and when it is of another
-// type: the control layer then answers as for an absent one.
+// Returns the control that a command names; null when there is none, when it has no object, and when it is of another
+// type. The control layer then answers as for a missing one.
 para_t *hmi_ctrl(const void *type_param, s32 ctrl_type);
 
-// The acknowledgement of control commands has its own sense: 1 for a call that gave 0, 0 for one that gave 1, and what
-// the last command left for any other result. Both are ZOF_HMI_DONE.
+// Acknowledges a control command, with a meaning of its own: 1 for a call that returned 0, 0 for one that returned 1,
+// and unchanged for any other result. Returns ZOF_HMI_DONE.
 s32 hmi_ctrl_answer(void *reply, s32 result);
 
-// For a selector that is none: nothing is called, and the acknowledgement is 1.
+// For an invalid selector: calls nothing and acknowledges with 1.
 s32 hmi_ctrl_refuse(void *reply);
 
-// Calls the first function for 0, the second for 1; their results are not looked at.
+// Calls the first function for 0, the second for 1; ignores their results.
 s32 hmi_ctrl_choose(const void *type_param, s32 ctrl_type, u8 which, s32 (*first)(zof_ctrl_t *),
                     s32 (*second)(zof_ctrl_t *), void *reply);
 
-// Returns a text as the value. A text that does not exist, the layer's null or its -1 as an address, is empty: a host
+// Returns a text as the value. A missing text, which is the layer's null or -1, becomes an empty one, because a host
 // that asks waits for an answer.
 s32 hmi_ctrl_give_text(void *value, const char *text);
 
-// Handlers of rows that are one call with one value.
+// Handlers for rows that are one call with one value.
 template <typename V, s32 TYPE, auto CALL> s32 hmi_get(void *type, void *, void *value) {
     *(V *)value = (V)CALL(hmi_ctrl(type, TYPE));
     return ZOF_HMI_DONE;
@@ -36,12 +36,12 @@ template <typename V, s32 TYPE, auto CALL> s32 hmi_set(void *type, void *, void 
     return hmi_ctrl_answer(reply, CALL(hmi_ctrl(type, TYPE), *(V *)value));
 }
 
-// The same for two values of one kind, as a pair lies in the record.
+// The same for two values of one kind, stored as a pair in the record.
 template <typename V, s32 TYPE, auto CALL> s32 hmi_set_pair(void *type, void *, void *value, void *reply) {
     return hmi_ctrl_answer(reply, CALL(hmi_ctrl(type, TYPE), ((V *)value)[0], ((V *)value)[1]));
 }
 
-// Sizes of text: no more than a screen shows, because each is a font of its own.
+// Limits text sizes to what a screen can show, because each size is a separate font.
 template <s32 TYPE, auto CALL> s32 hmi_set_txt_size(void *type, void *, void *value, void *reply) {
     enum { TEXT_SIZE_MAX = 512 };
     const u16 size = *(u16 *)value;

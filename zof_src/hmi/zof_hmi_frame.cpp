@@ -1,4 +1,4 @@
-// Checking what comes in and laying out what goes out. Nothing here knows the line or the commands.
+// Checks incoming frames and lays out outgoing ones. Nothing here knows the line or the commands.
 #include "hmi/zof_hmi_frame.h"
 
 #include <string.h>
@@ -12,7 +12,7 @@ struct crc_table {
     u16 of[256];
 };
 
-// What each byte does to the CRC.
+// The effect of each byte on the CRC.
 static constexpr crc_table crc_steps = [] {
     crc_table table = {};
     for (u32 byte = 0; byte < 256; byte++) {
@@ -33,7 +33,7 @@ u16 zof_hmi_crc16(const u8 *data, u32 size) {
     return crc;
 }
 
-// The length field of a frame whose first four bytes are there.
+// The length field of a frame whose first four bytes have arrived.
 static u32 len_of(const u8 *data) {
     return data[2] & LONG_FORM ? (u32)(data[2] & 0x7F) << 8 | data[3] : data[2];
 }
@@ -104,7 +104,7 @@ s32 zof_hmi_frame_send_clear(zof_hmi_cmd_analys_t *analys, u32 payload) {
     return 0;
 }
 
-// Where a frame begins in the send buffer and what its CRC covers, in bytes behind its first one.
+// Where a frame begins in the send buffer and what its CRC covers, in bytes after its first one.
 struct layout {
     u32 start, crc_from, crc_size;
 };
@@ -114,10 +114,10 @@ static layout layout_of(u32 n) {
         return {1, 3, n + 1};
     }
     if (n == SHORT_MAX) {
-        return {1, 4, n}; // the code is left out of the CRC
+        return {1, 4, n}; // the CRC leaves the code out
     }
     if (n == ODD_PAYLOAD) {
-        return {0, 4, n}; // short head in the long form's place: a zero byte slips in and the last byte is lost
+        return {0, 4, n}; // short head in place of a long one: a zero byte slips in and the last byte is lost
     }
     return {0, 4, n + 1};
 }

@@ -10,8 +10,8 @@ ZOF_C_BEGIN
 enum { ZOF_HMI_OP_GET = 0x11, ZOF_HMI_OP_SET = 0x22 };
 enum { ZOF_HMI_LEN_MAX = 0x7FFF, ZOF_HMI_SEND_HEAD = 5, ZOF_HMI_SEND_SIZE = 512, ZOF_HMI_SEND_GROWN = 4096 };
 
-// What one analyser works with; each belongs to one thread. `send_buf` keeps ZOF_HMI_SEND_HEAD bytes in front of
-// `send_cursor` free for head, length and code, so that payload never moves.
+// The working state of one analyser; each belongs to one thread. `send_buf` keeps ZOF_HMI_SEND_HEAD bytes before
+// `send_cursor` free for head, length and code, so that payload is never moved.
 typedef struct {
     u8 head_fh, head_fl;
     u8 type_count;
@@ -33,28 +33,27 @@ typedef struct {
     u32 size;          // bytes of payload
 } zof_hmi_frame_t;
 
-// CRC-16: polynomial 0x1021, from 0, bit 15 first. 0 for null.
+// Returns the CRC-16: polynomial 0x1021, start value 0, most significant bit first. 0 for null.
 u16 zof_hmi_crc16(const u8 *data, u32 size);
 
-// Looks at one frame at `data`. The whole frame's length; 0 without analyser or data; -1 for a wrong head;
-// ZOF_HMI_CHECK_PART when `size` bytes are not all of it; -3 for a wrong CRC, or a length that has no room for a
-// command.
+// Checks the frame at `data`. Returns the whole frame's length; 0 without analyser or data; -1 for a wrong head;
+// ZOF_HMI_CHECK_PART when `size` bytes are not all of it; -3 for a wrong CRC, or a length too short for a command.
 enum { ZOF_HMI_CHECK_PART = -2 };
 s32 zof_hmi_cmd_check_data(const zof_hmi_cmd_analys_t *analys, const u8 *data, u32 size);
 
-// The length of the whole frame whose first four bytes are at `data`.
+// Returns the length of the whole frame whose first four bytes are at `data`.
 u32 zof_hmi_frame_total(const u8 *data);
 
-// Takes a frame apart that has been checked with this analyser.
+// Splits a frame that has been checked with this analyser into its parts.
 zof_hmi_frame_t zof_hmi_frame_parse(const zof_hmi_cmd_analys_t *analys, const u8 *data);
 
-// Makes `send_buf` ready for a payload of so many bytes: cleared, and grown when it is too small. 0; -1 when no frame
-// is as long, or without memory.
+// Prepares `send_buf` for a payload of so many bytes: clears it, and grows it when it is too small. Returns 0; -1 when
+// no frame is that long, or without memory.
 s32 zof_hmi_frame_send_clear(zof_hmi_cmd_analys_t *analys, u32 payload);
 
-// Puts head, length, code and CRC around the `n` bytes that lie at `send_cursor`. The frame's length, its first byte in
-// `frame`; 0 for null and for what does not fit. Payloads of 127 and 128 bytes come out as older firmware lays them,
-// which a receiver cannot read back: hosts know them as they are.
+// Puts head, length, code and CRC around the `n` bytes at `send_cursor`. Returns the frame's length and sets `frame` to
+// its first byte; 0 for null and for what does not fit. Payloads of 127 and 128 bytes are laid out as older firmware
+// does it, which a receiver cannot read back: hosts expect them like that.
 u32 zof_hmi_frame_build(zof_hmi_cmd_analys_t *analys, u8 op, u32 n, const u8 **frame);
 
 ZOF_C_END

@@ -1,8 +1,8 @@
-// Commands of controls for input (types B2 0A, B2 0C, B2 13, B2 16): message box, text box, keyboard, button matrix.
+// Commands of input controls (types B2 0A, B2 0C, B2 13, B2 16): message box, text box, keyboard, button matrix.
 #include "control/zof_input.h"
 #include "hmi/zof_hmi_ctrl_in.h"
 
-// Says 1 for closing and opening, and for what is neither.
+// Acknowledges with 1 for closing and opening, and for anything else.
 static s32 mbox_ctrl(void *type, void *, void *value, void *reply) {
     para_t *box = hmi_ctrl(type, ZOF_CTRL_MBOX);
     const u8 open = *(u8 *)value;
@@ -24,7 +24,7 @@ static s32 txtbox_get_text(void *type, void *, void *value) {
     return hmi_ctrl_give_text(value, zof_txtbox_get_text(hmi_ctrl(type, ZOF_CTRL_TXTBOX)));
 }
 
-// One call with a number up to LAST; what lies beyond is refused.
+// One call with a number up to LAST; larger ones are refused.
 template <u8 LAST, s32 TYPE, auto CALL> static s32 set_up_to(void *type, void *, void *value, void *reply) {
     const u8 number = *(u8 *)value;
     return number > LAST ? hmi_ctrl_refuse(reply) : hmi_ctrl_answer(reply, CALL(hmi_ctrl(type, TYPE), number));
@@ -90,7 +90,7 @@ const zof_hmi_param_type_t zof_ctrl_txtbox_params[ZOF_CTRL_TXTBOX_PARAM_COUNT] =
      .value = &zof_hmi_one_u32_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<u32, ZOF_CTRL_TXTBOX, zof_txtbox_add_char>},
     {.len = 1, .code = {0x02}, .chooses = ZOF_HMI_ACTS, .name = "delete",
-     .help = "Deletes the character in front of the cursor (0) or behind it (1).", .value_names = "forward",
+     .help = "Deletes the character before the cursor (0) or after it (1).", .value_names = "forward",
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = txtbox_del_char},
     {.len = 1, .code = {0x03}, .name = "text", .help = "The whole text.", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = txtbox_get_text,

@@ -1,4 +1,4 @@
-// The host protocol's line: its settings, opening it, and sending. Two threads send, so whole frames go under a lock.
+// The host protocol's line: its settings, opening it, and sending. Two threads send, so a lock keeps frames whole.
 #include "hmi/zof_hmi.h"
 
 #include <atomic>
@@ -14,7 +14,7 @@
 
 enum { RECEIVE_SIZE = 4096 };
 
-static zof_hmi_attr_t *g_hmi_attr; // null until the file was read
+static zof_hmi_attr_t *g_hmi_attr; // null until the file is read
 static std::atomic<zof_drv_t *> hmi_drv_uart;
 static std::mutex send_lock;
 
@@ -50,7 +50,7 @@ s32 zof_hmi_uart_init(void) {
     zof_hmi_cmd_ui_analys_init(g_hmi_attr);
     zof_uart_cfg_t cfg = g_hmi_attr->uart;
     zof_drv_t *line = zof_drv_uart_open(&cfg);
-    hmi_drv_uart = line; // before anything can come in
+    hmi_drv_uart = line; // before anything can arrive
     if (!line) {
         return 0;
     }

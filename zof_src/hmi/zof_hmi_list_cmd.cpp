@@ -1,4 +1,4 @@
-// Commands of lists of texts (types B2 0D to B2 0F): list, drop list, roller list.
+// Commands of text lists (types B2 0D to B2 0F): list, drop list, roller list.
 #include "control/zof_list.h"
 #include "hmi/zof_hmi_ctrl_in.h"
 
@@ -19,7 +19,7 @@ static s32 droplist_ctrl(void *type, void *, void *value, void *reply) {
     return hmi_ctrl_choose(type, ZOF_CTRL_DROPLIST, *(u8 *)value, zof_droplist_close, zof_droplist_open, reply);
 }
 
-// A text for a position.
+// Sets a text at a position.
 template <s32 TYPE, auto CALL> static s32 set_text_at(void *type, void *req, void *value, void *reply) {
     return hmi_ctrl_answer(reply, CALL(hmi_ctrl(type, TYPE), *(const char **)value, *(u16 *)req));
 }
@@ -27,11 +27,11 @@ template <s32 TYPE, auto CALL> static s32 set_text_at(void *type, void *req, voi
 // clang-format off
 const zof_hmi_param_type_t zof_ctrl_list_params[ZOF_CTRL_LIST_PARAM_COUNT] = {
     {.len = 1, .code = {0x00}, .chooses = ZOF_HMI_ACTS, .name = "remove",
-     .help = "Takes a button away, counted from 0.", .value_names = "index",
+     .help = "Removes a button, counted from 0.", .value_names = "index",
      .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<u16, ZOF_CTRL_LIST, zof_list_del_btn>},
     {.len = 1, .code = {0x01}, .chooses = ZOF_HMI_ACTS, .name = "clear",
-     .help = "Takes all buttons away; the value does not matter.",
+     .help = "Removes all buttons; the value is ignored.",
      .value_names = "any",
      .value = &zof_hmi_one_s8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = list_del_all},
     {.len = 1, .code = {0x02}, .name = "text", .help = "The text of a button, counted from 0.", .req_names = "index",
@@ -42,7 +42,7 @@ const zof_hmi_param_type_t zof_ctrl_list_params[ZOF_CTRL_LIST_PARAM_COUNT] = {
 
 const zof_hmi_param_type_t zof_ctrl_droplist_params[ZOF_CTRL_DROPLIST_PARAM_COUNT] = {
     {.len = 1, .code = {0x00}, .chooses = ZOF_HMI_ACTS, .name = "add",
-     .help = "Puts an option ahead of a position, or at the end beyond it.",
+     .help = "Inserts an option before a position, or appends it beyond the end.",
      .req_names = "position", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
      .set_fun = set_text_at<ZOF_CTRL_DROPLIST, zof_droplist_add_option>},
@@ -51,7 +51,7 @@ const zof_hmi_param_type_t zof_ctrl_droplist_params[ZOF_CTRL_DROPLIST_PARAM_COUN
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
      .set_fun = set_text_at<ZOF_CTRL_DROPLIST, zof_droplist_modify_option>},
     {.len = 1, .code = {0x02}, .chooses = ZOF_HMI_ACTS, .name = "remove",
-     .help = "Takes an option away, counted from 0.",
+     .help = "Removes an option, counted from 0.",
      .value_names = "position",
      .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<u16, ZOF_CTRL_DROPLIST, zof_droplist_del_option>},
@@ -61,7 +61,7 @@ const zof_hmi_param_type_t zof_ctrl_droplist_params[ZOF_CTRL_DROPLIST_PARAM_COUN
 
 const zof_hmi_param_type_t zof_ctrl_rollist_params[ZOF_CTRL_ROLLIST_PARAM_COUNT] = {
     {.len = 1, .code = {0x00}, .chooses = ZOF_HMI_ACTS, .name = "add",
-     .help = "Puts an option ahead of a position, or at the end beyond it.",
+     .help = "Inserts an option before a position, or appends it beyond the end.",
      .req_names = "position", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
      .set_fun = set_text_at<ZOF_CTRL_ROLLIST, zof_rollist_add_option>},
@@ -70,7 +70,7 @@ const zof_hmi_param_type_t zof_ctrl_rollist_params[ZOF_CTRL_ROLLIST_PARAM_COUNT]
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
      .set_fun = set_text_at<ZOF_CTRL_ROLLIST, zof_rollist_modify_option>},
     {.len = 1, .code = {0x02}, .chooses = ZOF_HMI_ACTS, .name = "remove",
-     .help = "Takes an option away, counted from 0.",
+     .help = "Removes an option, counted from 0.",
      .value_names = "position",
      .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<u16, ZOF_CTRL_ROLLIST, zof_rollist_del_option>},

@@ -38,10 +38,10 @@ static s32 video_one(void *type, void *, void *value, void *reply) {
 
 // clang-format off
 const zof_hmi_param_type_t zof_ctrl_gif_params[ZOF_CTRL_GIF_PARAM_COUNT] = {
-    {.len = 1, .code = {0x00}, .name = "play", .help = "0 plays from the start on, 1 pauses, 2 goes on.",
+    {.len = 1, .code = {0x00}, .name = "play", .help = "0 plays from the start, 1 pauses, 2 resumes.",
      .value_names = "which",
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = gif_ctrl},
-    {.len = 1, .code = {0x01}, .name = "count", .help = "Plays so many times from the start on; 0 plays for ever.",
+    {.len = 1, .code = {0x01}, .name = "count", .help = "Plays so many times from the start; 0 plays forever.",
      .value_names = "count",
      .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<u16, ZOF_CTRL_GIF, zof_gif_play_count>},
@@ -52,7 +52,7 @@ const zof_hmi_param_type_t zof_ctrl_gif_params[ZOF_CTRL_GIF_PARAM_COUNT] = {
 };
 
 const zof_hmi_param_type_t zof_ctrl_qrcode_params[ZOF_CTRL_QRCODE_PARAM_COUNT] = {
-    {.len = 1, .code = {0x00}, .name = "text", .help = "What the code says.", .value_names = "text",
+    {.len = 1, .code = {0x00}, .name = "text", .help = "The text of the code.", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<const char *, ZOF_CTRL_QRCODE, zof_qrcode_updata_data>},
 };
@@ -63,7 +63,7 @@ const zof_hmi_param_type_t zof_ctrl_video_params[ZOF_CTRL_VIDEO_PARAM_COUNT] = {
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set<const char *, ZOF_CTRL_VIDEO, zof_video_set_src>},
     {.len = 1, .code = {0x01}, .name = "state",
-     .help = "Of picture and sound: 0 plays anew, 1 stops, 2 pauses, 3 goes on.", .value_names = "state",
+     .help = "Picture and sound: 0 plays from the start, 1 stops, 2 pauses, 3 resumes.", .value_names = "state",
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .get_fun = hmi_get<u8, ZOF_CTRL_VIDEO, zof_video_get_state>, .set_fun = video_state_set},
     {.len = 1, .code = {0x02}, .name = "volume", .help = "128 is the file's own, 0 is silent.",

@@ -1,4 +1,4 @@
-// One lock guards the copy and what is left to do; it is never held while anything else is called.
+// One lock guards the copy and the pending work; it is never held while anything else is called.
 #include "hmi/zof_hmi_sync.h"
 
 #include <chrono>
@@ -13,10 +13,10 @@
 #include "project/zof_ver.h"
 #include "zof_lib/zof_task.h"
 
-enum { PERIOD_MS = 5, WAIT_S = 5 }; // the period matters only while a loop without sources turns
+enum { PERIOD_MS = 5, WAIT_S = 5 }; // the period matters only in a loop without sources
 enum { DO_TONE = 1, DO_TH_EN = 2, DO_STANDBY = 4, DO_CALL = 8 };
 
-// What waits for the graphics thread; `todo` says which of it is valid.
+// Work that waits for the graphics thread; `todo` says which of it is valid.
 struct left_to_do {
     u32 todo;
     u8 count;
@@ -32,12 +32,12 @@ struct shared_t {
     std::condition_variable finished;
     zof_hmi_seen_t seen;
     left_to_do left;
-    bool calling; // the graphics thread has begun with the call
+    bool calling; // the graphics thread has started the call
     s32 result;
     std::thread::id graphics; // set once, before the link opens
 };
 
-// Never destroyed: the receive thread may wait in it when the process ends.
+// Never destroyed: the receive thread may be waiting in it when the process ends.
 static shared_t &shared = *new shared_t{};
 static zof_loop_source source = {.settle = zof_hmi_sync_refresh};
 
@@ -83,12 +83,12 @@ static void do_th_en(const left_to_do *left) {
 static void do_standby(const left_to_do *left) {
     zof_prj_attr_t *attr = record();
     if (attr) {
-        attr->func_t.standby_t = left->standby; // also what zof_func_stdby_set_param keeps when both times are 0
+        attr->func_t.standby_t = left->standby; // zof_func_stdby_set_param does not store it when both times are 0
         zof_func_stdby_set_param(&left->standby);
     }
 }
 
-// The copy is fresh before the host is answered, so that a read behind the answer sees what the call did.
+// The copy is refreshed before the host is answered, so that a read after the answer sees the effect of the call.
 static void do_call(const left_to_do *left) {
     const s32 result = left->call(left->arg);
     zof_hmi_sync_refresh();
@@ -140,7 +140,7 @@ zof_hmi_seen_t zof_hmi_sync_seen(void) {
     return shared.seen;
 }
 
-// Under the lock.
+// With the lock held.
 static void leave(u32 what) {
     shared.left.todo |= what;
     zof_loop_wake(&source);
@@ -192,6 +192,6 @@ s32 zof_hmi_sync_call(s32 (*fn)(void *arg), void *arg) {
         shared.left.todo &= ~(u32)DO_CALL;
         return -1;
     }
-    shared.finished.wait(guard, done); // begun, so it ends
+    shared.finished.wait(guard, done); // it has started, so it will end
     return shared.result;
 }

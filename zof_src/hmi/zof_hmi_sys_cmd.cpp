@@ -1,6 +1,6 @@
 // System commands (type B0). They run on the receive thread without the graphics lock: what they read is a copy, and
-// what touches a project, a view or a timer is left to the graphics thread. Their acknowledgement is 0 for done, 1 for
-// not done; control commands have it the other way.
+// changes to a project, a view or a timer are left to the graphics thread. Their acknowledgement is 0 for success and 1
+// for failure; control commands do it the other way round.
 #include <string.h>
 
 #include "drv/zof_drv.h"
@@ -31,7 +31,7 @@ static s32 reboot_get(void *, void *, void *value) {
     return ZOF_HMI_DONE;
 }
 
-// In two calls, so that the host has its acknowledgement before the panel goes.
+// Two calls, so that the host gets its acknowledgement before the panel reboots.
 static s32 reboot_set(void *, void *, void *value, void *reply) {
     u16 *word = (u16 *)value;
     if (*word == REBOOT) {
@@ -45,7 +45,7 @@ static s32 reboot_set(void *, void *, void *value, void *reply) {
     zof_printf("hmi cmd reboot set system \n\n");
     zof_delay(REBOOT_WAIT_MS);
     zof_reboot();
-    return ZOF_HMI_SILENT; // where it returns, nothing has happened that could be acknowledged
+    return ZOF_HMI_SILENT; // if it returns, nothing happened that could be acknowledged
 }
 
 static s32 bright_set(void *, void *, void *value, void *reply) {
@@ -133,14 +133,14 @@ const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT] = {
      .req_names = "selector", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_s8_s8_rw_t_tbl, .get_fun = version_get},
     {.len = 1, .code = {0x01}, .chooses = ZOF_HMI_ACTS, .name = "reboot",
-     .help = "Reads 0xAABB; the same comes unasked at power-on. Writing 0xCCDD reboots.",
+     .help = "Reads 0xAABB; also sent unasked at power-on. Writing 0xCCDD reboots.",
      .value_names = "word",
      .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = reboot_get, .set_fun = reboot_set},
     {.len = 1, .code = {0x02}, .name = "bright", .help = "Brightness of the display in percent.",
      .value_names = "percent",
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = bright_set},
     {.len = 1, .code = {0x03}, .chooses = ZOF_HMI_ACTS, .name = "tone",
-     .help = "A series of tones; its tone time becomes that of touches too.",
+     .help = "A series of tones; its tone time applies to touches too.",
      .value_names = "count pause_ms tone_ms",
      .value = &zof_hmi_param_u8u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = tone_set},
     {.len = 2, .code = {0x04, 0x00}, .name = "touch_config",
@@ -150,7 +150,7 @@ const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT] = {
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = touch_config_get,
      .set_fun = touch_config_set},
     {.len = 2, .code = {0x04, 0x01}, .name = "touch",
-     .help = "The touch as it is: state 0 released, 1 pressed, 2 held, and its point. Also comes unasked, as "
+     .help = "The current touch: state 0 released, 1 pressed, 2 held, and its point. Also sent unasked, as "
              "touch_config says.",
      .value_names = "state x y",
      .value = &zof_hmi_param_u8u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = touch_get},

@@ -32,7 +32,7 @@ const zof_hmi_param_type_t zof_ctrl_table_params[ZOF_CTRL_TABLE_PARAM_COUNT] = {
      .value = &zof_hmi_param_u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .set_fun = hmi_set_pair<u16, ZOF_CTRL_TABLE, zof_table_set_col_width>},
     {.len = 1, .code = {0x02}, .chooses = 2, .name = "merge_right",
-     .help = "Joins a cell with the one to its right, or parts them.",
+     .help = "Merges a cell with the one to its right, or splits them.",
      .value_names = "row column",
      .value = &zof_hmi_param_u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = table_set_cell_merge_right},
     {.len = 1, .code = {0x03}, .name = "look", .help = "Borders and background of all cells; colours 0xRRGGBB.",

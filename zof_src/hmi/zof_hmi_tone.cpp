@@ -35,7 +35,7 @@ zof_prj_tone_t *zof_hmi_tone_set(const zof_prj_tone_t *tone) {
     char *before = hw->tone_t.sound;
     hw->tone_t = *tone;
     hw->tone_t.sound = sound;
-    zof_free(before); // behind the copy: the tone may be the project's own
+    zof_free(before); // after the copy: the tone may be the project's own
     return &hw->tone_t;
 }
 

@@ -98,12 +98,12 @@ const zof_hmi_param_type_t zof_ctrl_slider_params[ZOF_CTRL_SLIDER_PARAM_COUNT] =
      .set_fun = hmi_set_pair<s16, ZOF_CTRL_SLIDER, zof_slider_set_range>},
 };
 
-// Both rows bear one code: hosts know that a read of it is silent, so the second row is never reached and stays.
+// Both rows have the same code. Hosts rely on a read of it being silent, so the second row is unreachable and stays.
 const zof_hmi_param_type_t zof_ctrl_tileview_params[ZOF_CTRL_TILEVIEW_PARAM_COUNT] = {
     {.len = 1, .code = {0x00}, .name = "tile", .help = "Goes to a tile, at once (0) or in an animation (1).",
      .value_names = "animate row column",
      .value = &zof_hmi_param_u8u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = tileview_set_tile_id},
-    {.len = 1, .code = {0x00}, .name = "tile_read", .help = "Cannot be reached: the code is that of the row in front.",
+    {.len = 1, .code = {0x00}, .name = "tile_read", .help = "Cannot be reached: the row before it has the same code.",
      .value_names = "row column",
      .value = &zof_hmi_param_u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = tileview_get_tile_id},
 };

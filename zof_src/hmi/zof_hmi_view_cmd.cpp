@@ -1,16 +1,16 @@
-// View commands (type B1), on the graphics thread. Their acknowledgement has the system's sense, 0 for done; it stays
-// in the analyser's record, because only system writes are answered.
+// View commands (type B1), on the graphics thread. Their acknowledgement means the same as the system's, 0 for success;
+// it stays in the analyser's record, because only system writes are answered.
 #include "hmi/zof_hmi_cmd.h"
 #include "project/zof_view.h"
 
-enum { LAYERS_READ = 3 }; // the background layer has no view of its own to tell of
+enum { LAYERS_READ = 3 }; // the background layer has no view of its own to report
 
 static s32 acknowledge(void *reply, s32 result) {
     *(s8 *)reply = result == 0 ? 0 : 1;
     return ZOF_HMI_DONE;
 }
 
-// Showing a view cannot fail by itself, so an unknown one is told apart here.
+// Showing a view cannot fail by itself, so an unknown one is recognised here.
 static s32 view_set_dis(void *, void *, void *value, void *reply) {
     const u16 id = *(u16 *)value;
     return acknowledge(reply, zof_view_name_get(id) ? zof_view_set_dis_view(id) : -1);
@@ -45,7 +45,7 @@ static s32 view_bg_color(void *, void *, void *value, void *reply) {
 
 static s32 view_get_size(void *, void *, void *value) {
     zof_size_t size = {};
-    zof_view_get_dis_wh(&size); // its result says nothing
+    zof_view_get_dis_wh(&size); // its result is meaningless
     *(zof_hmi_u16u16_t *)value = {(u16)size.width, (u16)size.height};
     return ZOF_HMI_DONE;
 }
@@ -65,7 +65,7 @@ const zof_hmi_param_type_t zof_view_params[ZOF_VIEW_PARAM_COUNT] = {
      .req_names = "layer", .value_names = "view",
      .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_s8_s8_rw_t_tbl, .get_fun = view_get_dis},
     {.len = 1, .code = {0x02}, .chooses = ZOF_HMI_ACTS, .name = "layer",
-     .help = "Kept for old hosts: a view's layer is that of its file.",
+     .help = "Kept for old hosts: a view's layer comes from its file.",
      .value_names = "layer view",
      .value = &zof_hmi_param_u8u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = view_set_layer},
     {.len = 1, .code = {0x03}, .chooses = ZOF_HMI_ACTS, .name = "hide_layer",

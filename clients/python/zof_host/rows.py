@@ -18,7 +18,7 @@ SYSTEM_REBOOT: Row[int] = Row(
     (), (),
     (("word", "u16"),),
     int, True, True,
-    "Reads 0xAABB; the same comes unasked at power-on. Writing 0xCCDD reboots.", chooses=None)
+    "Reads 0xAABB; also sent unasked at power-on. Writing 0xCCDD reboots.", chooses=None)
 
 SYSTEM_BRIGHT: Row[int] = Row(
     "system.bright", bytes.fromhex("B0 02"),
@@ -39,7 +39,7 @@ SYSTEM_TONE: Row[SystemTone] = Row(
     (), (),
     (("count", "u8"), ("pause_ms", "u16"), ("tone_ms", "u16")),
     SystemTone, False, True,
-    "A series of tones; its tone time becomes that of touches too.", chooses=None)
+    "A series of tones; its tone time applies to touches too.", chooses=None)
 
 SYSTEM_TOUCH_CONFIG: Row[int] = Row(
     "system.touch_config", bytes.fromhex("B0 04 00"),
@@ -60,7 +60,7 @@ SYSTEM_TOUCH: Row[SystemTouch] = Row(
     (), (),
     (("state", "u8"), ("x", "u16"), ("y", "u16")),
     SystemTouch, True, False,
-    "The touch as it is: state 0 released, 1 pressed, 2 held, and its point. Also comes unasked, as touch_config says.")
+    "The current touch: state 0 released, 1 pressed, 2 held, and its point. Also sent unasked, as touch_config says.")
 
 
 class SystemRtc(NamedTuple):
@@ -136,7 +136,7 @@ VIEW_LAYER: Row[ViewLayer] = Row(
     (), (),
     (("layer", "u8"), ("view", "u16")),
     ViewLayer, False, True,
-    "Kept for old hosts: a view's layer is that of its file.", chooses=None)
+    "Kept for old hosts: a view's layer comes from its file.", chooses=None)
 
 VIEW_HIDE_LAYER: Row[int] = Row(
     "view.hide_layer", bytes.fromhex("B1 03"),
@@ -711,7 +711,7 @@ TEXT_BOX_DELETE: Row[int] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("forward", "u8"),),
     int, False, True,
-    "Deletes the character in front of the cursor (0) or behind it (1).", chooses=None)
+    "Deletes the character before the cursor (0) or after it (1).", chooses=None)
 
 TEXT_BOX_TEXT: Row[str] = Row(
     "text_box.text", bytes.fromhex("B2 0C 03"),
@@ -739,14 +739,14 @@ LIST_REMOVE: Row[int] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("index", "u16"),),
     int, False, True,
-    "Takes a button away, counted from 0.", chooses=None)
+    "Removes a button, counted from 0.", chooses=None)
 
 LIST_CLEAR: Row[int] = Row(
     "list.clear", bytes.fromhex("B2 0D 01"),
     (("view", "u16"), ("control", "u16")), (),
     (("any", "s8"),),
     int, False, True,
-    "Takes all buttons away; the value does not matter.", chooses=None)
+    "Removes all buttons; the value is ignored.", chooses=None)
 
 LIST_TEXT: Row[str] = Row(
     "list.text", bytes.fromhex("B2 0D 02"),
@@ -760,7 +760,7 @@ DROP_LIST_ADD: Row[str] = Row(
     (("view", "u16"), ("control", "u16")), (("position", "u16"),),
     (("text", "text"),),
     str, False, True,
-    "Puts an option ahead of a position, or at the end beyond it.", chooses=None)
+    "Inserts an option before a position, or appends it beyond the end.", chooses=None)
 
 DROP_LIST_MODIFY: Row[str] = Row(
     "drop_list.modify", bytes.fromhex("B2 0E 01"),
@@ -774,7 +774,7 @@ DROP_LIST_REMOVE: Row[int] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("position", "u16"),),
     int, False, True,
-    "Takes an option away, counted from 0.", chooses=None)
+    "Removes an option, counted from 0.", chooses=None)
 
 DROP_LIST_OPEN: Row[int] = Row(
     "drop_list.open", bytes.fromhex("B2 0E 03"),
@@ -788,7 +788,7 @@ ROLLER_ADD: Row[str] = Row(
     (("view", "u16"), ("control", "u16")), (("position", "u16"),),
     (("text", "text"),),
     str, False, True,
-    "Puts an option ahead of a position, or at the end beyond it.", chooses=None)
+    "Inserts an option before a position, or appends it beyond the end.", chooses=None)
 
 ROLLER_MODIFY: Row[str] = Row(
     "roller.modify", bytes.fromhex("B2 0F 01"),
@@ -802,21 +802,21 @@ ROLLER_REMOVE: Row[int] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("position", "u16"),),
     int, False, True,
-    "Takes an option away, counted from 0.", chooses=None)
+    "Removes an option, counted from 0.", chooses=None)
 
 GIF_PLAY: Row[int] = Row(
     "gif.play", bytes.fromhex("B2 10 00"),
     (("view", "u16"), ("control", "u16")), (),
     (("which", "u8"),),
     int, False, True,
-    "0 plays from the start on, 1 pauses, 2 goes on.")
+    "0 plays from the start, 1 pauses, 2 resumes.")
 
 GIF_COUNT: Row[int] = Row(
     "gif.count", bytes.fromhex("B2 10 01"),
     (("view", "u16"), ("control", "u16")), (),
     (("count", "u16"),),
     int, False, True,
-    "Plays so many times from the start on; 0 plays for ever.")
+    "Plays so many times from the start; 0 plays forever.")
 
 GIF_SOURCE: Row[str] = Row(
     "gif.source", bytes.fromhex("B2 10 02"),
@@ -830,7 +830,7 @@ QR_CODE_TEXT: Row[str] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("text", "text"),),
     str, False, True,
-    "What the code says.")
+    "The text of the code.")
 
 VIDEO_SOURCE: Row[str] = Row(
     "video.source", bytes.fromhex("B2 12 00"),
@@ -844,7 +844,7 @@ VIDEO_STATE: Row[int] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("state", "u8"),),
     int, True, True,
-    "Of picture and sound: 0 plays anew, 1 stops, 2 pauses, 3 goes on.")
+    "Picture and sound: 0 plays from the start, 1 stops, 2 pauses, 3 resumes.")
 
 VIDEO_VOLUME: Row[int] = Row(
     "video.volume", bytes.fromhex("B2 12 02"),
@@ -948,7 +948,7 @@ TABLE_MERGE_RIGHT: Row[TableMergeRight] = Row(
     (("view", "u16"), ("control", "u16")), (),
     (("row", "u16"), ("column", "u16")),
     TableMergeRight, False, True,
-    "Joins a cell with the one to its right, or parts them.", chooses=2)
+    "Merges a cell with the one to its right, or splits them.", chooses=2)
 
 
 class TableLook(NamedTuple):
