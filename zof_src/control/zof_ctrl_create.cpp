@@ -53,8 +53,8 @@ const zof_ctrl_class_t zof_ctrl_classes[] = {
 };
 static_assert(sizeof(zof_ctrl_classes) / sizeof(zof_ctrl_classes[0]) == ZOF_CTRL_TYPE_COUNT);
 
-// The views that are being built; an event of a control that is made may build another one. Meanwhile layouts are kept
-// to single objects, and each object takes its styles over once, when it is complete, not at each of its properties.
+// The views that are being built; an event of a control that is created may build another one. Meanwhile layouts are
+// limited to single objects, and each object applies its styles once, when it is complete, not at each property.
 static u32 walks;
 
 void zof_obj_layout(lv_obj_t *obj) {
@@ -111,7 +111,7 @@ static para_t *created_record(zof_view_node_t *view, s32 id) {
     return record && record->is_created && record->obj ? record : nullptr;
 }
 
-// An object that goes with its parent's leaves a record that must not point at it.
+// An object that is deleted with its parent leaves a record that must not refer to it.
 static void event_deleted(lv_event_t *e) {
     para_t *record = (para_t *)lv_event_get_user_data(e);
     if (record->obj != lv_event_get_target(e)) {
@@ -133,7 +133,7 @@ static void events_add(para_t *record) {
     }
 }
 
-// Controls compute with their attributes, so these are bounded before they do.
+// Controls compute with their attributes, so these are limited first.
 static void coords_limit(zof_pub_attr_t *attr) {
     for (s32 *at : {&attr->pt.x, &attr->pt.y, &attr->size.width, &attr->size.height, &attr->click_area}) {
         *at = zof_coord_to_lv(*at);
@@ -160,7 +160,7 @@ static para_t *parent_of(zof_view_node_t *view, const para_t *record) {
     return parent;
 }
 
-// Calls the creator. False when there is no object: it failed, or an event on the way deleted control or parent.
+// Calls the creator. Returns false when there is no object: it failed, or an event deleted control or parent.
 static bool object_make(para_t *record) {
     const zof_pub_attr_t *attr = record->attr;
     lv_obj_t *parent = *(lv_obj_t **)record->parent;
@@ -233,7 +233,7 @@ static bool lies_within(const lv_obj_t *obj, const lv_obj_t *tree) {
     return obj != nullptr;
 }
 
-// Restores the drawing order of the file, and takes a control back that was parked on the view when its parent went.
+// Restores the drawing order of the file, and takes back a control that was parked on the view when its parent went.
 static void restack(zof_view_node_t *view, para_t *record) {
     para_t *parent = nullptr;
     if (record->parent == view) {
@@ -251,7 +251,7 @@ static void restack(zof_view_node_t *view, para_t *record) {
     }
 }
 
-// A control that could not be made leaves no record behind. One that is in the list no more is its taker's.
+// Removes the record of a control that could not be created. A record that is not in the list belongs to its taker.
 static void record_drop(zof_view_node_t *view, para_t *record) {
     u32 id = record->id;
     if (__db_list_search_node(view->ctrl_list, &id) != record) {
@@ -261,9 +261,9 @@ static void record_drop(zof_view_node_t *view, para_t *record) {
     zof_ctrl_obj_del(record);
 }
 
-// Builds the control under the cursor; false at an entry that ends the walk.
+// Builds the control at the cursor; false at an entry that ends the walk.
 static bool control_build(zof_view_node_t *view, para_t *record, zof_j2s_walk_t *walk) {
-    zof_ctrl_release(record); // left over when its object went with a parent's
+    zof_ctrl_release(record); // left over when its object was deleted with its parent
     record->attr = zof_j2s_walk_get(walk);
     if (!record->attr) {
         return false;
@@ -276,13 +276,14 @@ static bool control_build(zof_view_node_t *view, para_t *record, zof_j2s_walk_t 
     return true;
 }
 
-// The places in the file where ids were seen, from 1; in pages, as few views use many of the 65,536 ids.
+// The positions in the file where ids were seen, from 1; in pages, because few views use many of the 65,536 ids.
 enum { PAGE = 256 };
 typedef struct {
     s32 *pages[UINT16_MAX / PAGE + 1];
 } places_t;
 
-// Notes the place of an id and returns 0, or the place that it has already. Without memory nothing is noted.
+// Records the position of an id and returns 0, or returns the position that it already has. Without memory does
+// nothing.
 static s32 place_note(places_t *places, u32 id, s32 place) {
     s32 **page = &places->pages[id / PAGE];
     if (!*page) {
@@ -302,7 +303,7 @@ static void places_free(places_t *places) {
     }
 }
 
-// Brings the control of one id into being, or to its place; false at an entry that ends the walk.
+// Creates the control with an id, or moves it into its place; false at an entry that ends the walk.
 static bool control_visit(zof_view_node_t *view, u32 id, bool pub, zof_j2s_walk_t *walk) {
     para_t *record = (para_t *)__db_list_search_node(view->ctrl_list, &id);
     if (record && record->is_created) {

@@ -6,36 +6,37 @@
 
 ZOF_C_BEGIN
 
-// Controls may lie within each other this deep. LVGL goes up and down the tree for most of what it does, so deeper ones
-// would make each other slow, and drawing them is a recursion.
+// Maximum nesting depth of controls. LVGL walks up and down the tree for most operations, so deeper ones would slow
+// each other down, and drawing them is recursive.
 enum { ZOF_CTRL_NEST_MAX = 64 };
 
-// Walks the view's file and makes the controls that are missing, in file order; `pub` ones only while the view is being
-// shown. What exists is put on top again, so that the drawing order is the file's. A control that cannot be made gets a
-// line and is left out. 0, at once when the list is complete; -1 for null or a file that cannot be had.
+// Walks the view's file and creates the missing controls, in file order; `pub` ones only while the view is being shown.
+// Existing ones are moved to the top, so that the drawing order is the file's. A control that cannot be created is
+// logged and left out. Returns 0, immediately when the list is complete; -1 for null or a file that cannot be read.
 s32 zof_ctrl_list_create(zof_view_node_t *view);
 
-// Makes one control from record->attr below the parent that its parent_id names, or else on the view, and wires its
-// events. 0, or -1 with a line.
+// Creates one control from record->attr, on the parent that its parent_id names or else on the view, and connects its
+// events. Returns 0, or -1 with a log line.
 s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record);
 
-// Calls the type's creator: its result, or -1 for null and types above the table.
+// Calls the type's creator and returns its result, or -1 for null and types beyond the table.
 s32 zof_ctrl_create(lv_obj_t *parent_obj, para_t *record, void *attr, u32 ctrl_type);
 
-// Makes the control if its attributes are there and its object is not, and shows it if it is hidden. The record, or
-// null for an unknown view or control.
+// Creates the control if it has attributes but no object, and shows it if it is hidden. Returns the record, or null for
+// an unknown view or control.
 para_t *zof_ctrl_show(u32 view_id, u32 ctrl_id);
 
-// Applies what all controls share: place, size, click area, touch, hidden, opacity, scrolling. 0, or -1 for null.
+// Applies what all controls share: position, size, click area, touch, hidden, opacity, scrolling. Returns 0, or -1 for
+// null.
 s32 zof_ctrl_pub_attr(zof_ctrl_t *ctrl, zof_pub_attr_t *attr);
 
-// Creators, here and in the families' headers, share this shape: they make the LVGL object on `parent`, store it in
-// record->obj and set it up from the type's attribute record, which stays the caller's. 0, or -1 with nothing made.
-// This one is the plain container's.
+// All creators, here and in the families' headers, have this shape: they create the LVGL object on `parent`, store it
+// in record->obj and set it up from the type's attribute record, which stays the caller's. They return 0, or -1 with
+// nothing created. This one creates the plain container.
 s32 zof_obj_create(para_t *record, lv_obj_t *parent, void *attr);
 
-// A control family's row. `update_txt` renews texts after a language change; `del` releases what the attribute record
-// alone does not own, after the object is gone.
+// A row for a control family. `update_txt` updates texts after a language change; `del` releases, after the object is
+// gone, what the attribute record does not own alone.
 typedef struct {
     u32 type;
     const char *name;                                            // as in theme file names

@@ -1,5 +1,5 @@
-// The ground of the reflection engine: the tables of bare elements, the access to fields, and the walk over a record
-// that printing and releasing share.
+// The base of the reflection engine: the tables of bare elements, access to fields, and the walk over a record that
+// printing and releasing share.
 #include "zof_lib/zof_cson.h"
 
 #include <cstring>
@@ -68,7 +68,7 @@ template <typename T> static void write_as(s64 value, void *out) {
 }
 
 s32 convertInteger(s64 value, size_t width, void *out) {
-    // The largest 32-bit number is what the project tools write for "not set".
+    // The project tools write the largest 32-bit number for "not set".
     if (value == INT32_MAX) {
         value = 0;
     }
@@ -96,7 +96,7 @@ void cson_pointer_write(void *field, const void *pointer) {
     std::memcpy(field, &pointer, sizeof pointer);
 }
 
-// A null array has no elements, whatever its count says: that is the state after a release.
+// A null array has no elements, whatever its count says: this is the state after a release.
 static void visit_elements(void *record, const reflect_item_t *row, const reflect_item_t *count_row, cson_visit visit) {
     u64 count = 0;
     if (!cson_count_read(record, count_row, &count)) {

@@ -1,5 +1,5 @@
 // The JSON reflection engine: constant tables map JSON objects to plain records and back. One table serves decoding,
-// encoding, printing and releasing. The engine holds no state: any thread may use it on a tree and record of its own.
+// encoding, printing and releasing. The engine has no state: any thread may use it on its own tree and record.
 #ifndef ZOF_CSON_H
 #define ZOF_CSON_H
 
@@ -18,7 +18,7 @@ enum {
     CSON_REAL,    // double
     CSON_TRUE,    // 1, 2, 4 or 8 bytes, 1 or 0
     CSON_FALSE,   // as CSON_TRUE
-    CSON_NULL,    // JSON null and whatever is unknown; no field can be of this kind
+    CSON_NULL,    // JSON null and anything unknown; no field can be of this kind
     CSON_TYPE_COUNT
 };
 
@@ -39,7 +39,7 @@ enum {
     CSON_ERR_RANGE = -6     // number out of range, or a width that the engine does not support
 };
 
-// A row of a table; the table ends with a row without key. Keys match without regard to case.
+// A row of a table; the table ends with a row without a key. Keys match case-insensitively.
 typedef struct reflect_item {
     const char *key;
     size_t offset;                    // of the field in the record
@@ -51,7 +51,8 @@ typedef struct reflect_item {
     size_t flags;                     // CSON_NULLABLE ...
 } reflect_item_t;
 
-// One row of a table: the record's type, the field, which is also the key. All but one row of the project are nullable.
+// One row of a table: the record's type, the field, whose name is also the key. All but one row of the project are
+// nullable.
 #define CSON_SCALAR(T, field, code) \
     { #field, offsetof(T, field), sizeof(((T *)0)->field), code, 0, 0, 0, CSON_NULLABLE }
 #define CSON_INT(T, field) CSON_SCALAR(T, field, CSON_INTEGER)
@@ -65,14 +66,13 @@ typedef struct reflect_item {
 #define CSON_END \
     { 0, 0, 0, 0, 0, 0, 0, 0 }
 
-// Element tables of arrays whose elements are bare values. Their keys begin with "0", which no field's name does.
+// Element tables of arrays whose elements are bare values. Their keys begin with "0", unlike any field name.
 extern const reflect_item_t boolReflectTbl[];
 extern const reflect_item_t integerReflectTbl[];
 extern const reflect_item_t stringReflectTbl[];
 extern const reflect_item_t realReflectTbl[];
 
-// The JSON library behind the engine, so that it can be exchanged. All slots MANDATORY; `csomImpl` is filled with
-// cJSON.
+// The JSON library behind the engine, so that it can be replaced. All slots MANDATORY; `csomImpl` uses cJSON.
 typedef struct {
     void *(*object_get)(const void *obj, const char *key);
     s32 (*type_of)(const void *v);
@@ -85,7 +85,7 @@ typedef struct {
     zof_bool (*bool_value)(const void *v);
     size_t (*array_size)(const void *v);
     void *(*array_get)(const void *v, size_t index);
-    void *(*array_next)(const void *v, const void *item); // behind `item`, the first one for null; null at the end
+    void *(*array_next)(const void *v, const void *item); // after `item`, the first one for null; null at the end
     void *(*new_object)(void);
     char *(*to_string)(const void *v);
     void *(*integer)(s64 value);
@@ -101,29 +101,30 @@ extern const cson_interface csomImpl;
 
 typedef void (*cson_visit)(void *field, const reflect_item_t *row);
 
-// Fills `record` from a parsed JSON object, row by row. A key that is absent or does not fit leaves its field exactly
-// as it was, which is what lets one object overlay another. Numbers are truncated towards zero; 2147483647 reads as 0.
-// Texts and arrays are allocated with zof_malloc and belong to the record; what a field pointed at before is not
-// released. Bad elements of an array are dropped and the following close up. The tree may be deleted afterwards.
-// CSON_OK, or the code of the first failing row that is not nullable; the rows after it are then not read.
+// Fills `record` from a parsed JSON object, row by row. A key that is missing or does not fit leaves its field
+// unchanged, so that one object can overlay another. Numbers are truncated towards zero; 2147483647 reads as 0. Texts
+// and arrays are allocated with zof_malloc and belong to the record; what a field pointed to before is not released.
+// Bad elements of an array are dropped and the following ones close up. The tree may be deleted afterwards. Returns
+// CSON_OK, or the code of the first failing row that is not nullable; the rows after it are not read then.
 s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *table);
 
-// Adds the record's fields to an existing JSON object. A nullable row that fails is left out with a line; the code of
-// the first failing row that is not nullable is returned, and the object is then as it was.
+// Adds the record's fields to an existing JSON object. A nullable row that fails is left out and logged. For any other
+// failing row its code is returned, with the object unchanged.
 s32 csonStruct2JsonObj(void *json, void *record, const reflect_item_t *table);
 
-// The record as unformatted JSON text, which the caller releases with cJSON_free. On failure *text is not touched.
+// Returns the record in *text as unformatted JSON, which the caller releases with cJSON_free. On failure *text is
+// unchanged.
 s32 csonStruct2JsonStr(char **text, void *record, const reflect_item_t *table);
 
 // Calls `visit` for every field, depth first: the elements of an array before the array, the fields of a nested record
-// before the record. 0, or CSON_ERR_ARGUMENT for null.
+// before the record. Returns 0, or CSON_ERR_ARGUMENT for null.
 s32 csonLoopProperty(void *record, const reflect_item_t *table, cson_visit visit);
 
-// Prints every number, boolean and text of the record, one line each.
+// Prints every number, boolean and text of the record, one per line.
 s32 csonPrintProperty(void *record, const reflect_item_t *table);
 
-// Releases every text and array of the record and sets the pointers to null: twice is as good as once. The record
-// itself stays the caller's.
+// Releases every text and array of the record and sets the pointers to null, so that a second call is harmless. The
+// record itself stays the caller's.
 s32 csonFreePointer(void *record, const reflect_item_t *table);
 
 ZOF_C_END

@@ -1,4 +1,4 @@
-// The reflection engine's JSON library: each slot is a thin forward to cJSON.
+// The reflection engine's JSON library: each slot just calls cJSON.
 #include <cjson/cJSON.h>
 
 #include <cstring>
@@ -18,7 +18,7 @@ static void *cjson_impl_object_get(const void *obj, const char *key) {
     return cJSON_GetObjectItem(as_item(obj), key);
 }
 
-// cJSON keeps every number as a double, so a number is always a real one.
+// cJSON stores every number as a double, so a number is always a real.
 static s32 cjson_impl_typeof(const void *v) {
     switch (v ? as_item(v)->type & 0xFF : cJSON_Invalid) {
     case cJSON_False:
@@ -81,7 +81,7 @@ static void *cjson_impl_array_get(const void *v, size_t index) {
     return cJSON_GetArrayItem(as_item(v), (int)index);
 }
 
-// cJSON finds an element by its index from the front, so a loop over indexes would take quadratic time.
+// cJSON counts from the front to find an element by index, so a loop over indexes would take quadratic time.
 static void *cjson_impl_array_next(const void *v, const void *item) {
     if (item) {
         return as_item(item)->next;

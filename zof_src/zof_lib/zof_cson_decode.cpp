@@ -1,5 +1,5 @@
 // From JSON to records. A row that fails leaves its field alone: a control's style is decoded over a copy of its
-// theme's style and must change only the keys that it names.
+// theme's style and must change only the keys that it has.
 #include <cstring>
 
 #include "zof_lib/zof_cson_in.h"
@@ -23,7 +23,7 @@ const cson_decode_fn jsonObjProcTbl[CSON_TYPE_COUNT] = {
     parseJsonReal,   parseJsonBool,  parseJsonBool,   nullptr,
 };
 
-// Zeroes a field. Not used by the decoding loop: a missing key must not reset what was there.
+// Zero a field. Not used by the decoding loop: a missing key must not reset the field.
 const cson_default_fn jsonObjDefaultTbl[CSON_TYPE_COUNT] = {
     parseJsonObjectDefault, parseJsonArrayDefault,   parseJsonStringDefault,  parseJsonIntegerDefault,
     parseJsonRealDefault,   parseJsonIntegerDefault, parseJsonIntegerDefault, nullptr,
@@ -33,7 +33,7 @@ s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *tab
     return json ? csonJsonObj2Struct(json, record, table) : CSON_ERR_NO_JSON;
 }
 
-// Numbers of either kind fit either number row, and true and false fit either boolean row; nothing else mixes.
+// Numbers of either kind fit either number row, and true and false fit either boolean row; nothing else is mixed.
 static bool row_accepts(size_t row_type, s32 json_type) {
     auto is_number = [](size_t type) { return type == CSON_INTEGER || type == CSON_REAL; };
     auto is_bool = [](size_t type) { return type == CSON_TRUE || type == CSON_FALSE; };
@@ -88,7 +88,7 @@ static s32 parseJsonString(const void *json, void *record, const reflect_item_t 
     return CSON_OK;
 }
 
-// The double 2^63 itself has no place in 64 bits; every comparison with a NaN is false, so it is refused too.
+// The double 2^63 itself does not fit 64 bits; every comparison with a NaN is false, so NaN is refused too.
 static s32 integer_of(const void *json, s64 *out) {
     double real = 0;
     switch (csomImpl.type_of(json)) {
@@ -146,7 +146,7 @@ static s32 decode_element(const void *json, void *slot, const reflect_item_t *ta
     return table->type < CSON_NULL ? jsonObjProcTbl[table->type](json, slot, table, 0) : CSON_ERR_TYPE;
 }
 
-// What a failed element had allocated goes, and the slot is zero again before the next element uses it.
+// Releases what a failed element had allocated and zeroes the slot before the next element uses it.
 static void element_reset(void *slot, const reflect_item_t *row) {
     csonFreePointer(slot, row->table);
     for (s32 i = 0; row->table[i].key; i++) {
@@ -156,7 +156,7 @@ static void element_reset(void *slot, const reflect_item_t *row) {
     }
 }
 
-// Good elements close up: the slot is numbered by the successes so far.
+// Good elements close up: the slot number is the number of successes so far.
 static size_t decode_elements(const void *json, u8 *elements, size_t count, const reflect_item_t *row) {
     size_t done = 0;
     const void *item = csomImpl.array_next(json, nullptr);

@@ -1,5 +1,5 @@
-// From records to JSON, by the same tables. The values of a record are all made before the first is added, so that a
-// failure leaves the caller's tree as it was.
+// From records to JSON, with the same tables. All values of a record are created before the first one is added, so that
+// a failure leaves the caller's tree unchanged.
 #include <cstring>
 
 #include "zof_lib/zof_cson_in.h"
@@ -20,7 +20,7 @@ static s32 pack_row(void *record, const reflect_item_t *table, s32 index, void *
     return table[index].type < CSON_NULL ? jsonPackTbl[table[index].type](record, table, index, out) : CSON_ERR_TYPE;
 }
 
-// Fills `values`, one a row, null where a row is left out.
+// Fills `values`, one for each row, null for rows that are left out.
 static s32 pack_rows(void *record, const reflect_item_t *table, void **values) {
     for (s32 i = 0; table[i].key; i++) {
         if (table[i].flags & CSON_SKIP_ENCODE) {

@@ -6,13 +6,13 @@
 
 ZOF_C_BEGIN
 
-// Every worker takes the record, its table and the row's index, because an array has to find its count among its
-// sibling rows.
+// Every worker takes the record, its table and the row's index, because an array must find its count among its sibling
+// rows.
 typedef s32 (*cson_decode_fn)(const void *json, void *record, const reflect_item_t *table, s32 index);
 typedef s32 (*cson_pack_fn)(void *record, const reflect_item_t *table, s32 index, void **out);
 typedef void (*cson_default_fn)(void *record, const reflect_item_t *table, s32 index);
 
-// By the kind of the field; null for CSON_NULL, so a kind is compared with that before the call.
+// By the kind of the field; null for CSON_NULL, so check for that before a call.
 extern const cson_decode_fn jsonObjProcTbl[CSON_TYPE_COUNT];
 extern const cson_pack_fn jsonPackTbl[CSON_TYPE_COUNT];
 extern const cson_default_fn jsonObjDefaultTbl[CSON_TYPE_COUNT];
@@ -23,23 +23,23 @@ static inline void *cson_field(void *record, const reflect_item_t *row) {
     return (u8 *)record + row->offset;
 }
 
-// True for the table of a bare element, which is recognised by its first key.
+// Returns true for the table of a bare element, which is recognised by its first key.
 zof_bool cson_table_is_basic(const reflect_item_t *table);
 
-// The row with this key; null, with one line, without it.
+// Returns the row with this key; null, with a log line, if there is none.
 const reflect_item_t *cson_row_find(const reflect_item_t *table, const char *key);
 
-// 1, 2, 4 or 8 bytes in native order, sign-extended; false for any other width.
+// Reads 1, 2, 4 or 8 bytes in native order, sign-extended; false for any other width.
 zof_bool cson_integer_read(const void *field, size_t width, s64 *out);
 
-// The number of elements that a count row of the record holds, 0 or more: counts have no sign, whatever their width.
-// False, with a line, for a width that is not supported.
+// Reads the number of elements from a count row of the record, 0 or more: counts have no sign, whatever their width.
+// Returns false, with a log line, for an unsupported width.
 zof_bool cson_count_read(void *record, const reflect_item_t *count_row, u64 *out);
 
 // Stores a value in 1, 2, 4 or 8 bytes. Signed and unsigned fields share one range, so that a colour fits 4 bytes.
 s32 convertInteger(s64 value, size_t width, void *out);
 
-// The pointer that a text or array field holds.
+// Returns the pointer in a text or array field.
 void *cson_pointer_read(const void *field);
 void cson_pointer_write(void *field, const void *pointer);
 
