@@ -1,5 +1,5 @@
-// The fixed order in which the runtime comes up, and the endless loop that drives it. After zof_main everything happens
-// inside lv_timer_handler or under the same lock; between two turns the loop sleeps, and other threads get it.
+// The fixed order in which the runtime starts, and the endless loop that drives it. After zof_main everything happens
+// inside lv_timer_handler or under the same lock; between two turns the loop sleeps, and other threads get the lock.
 #include "zof_start.h"
 
 #include "drv/zof_lock.h"

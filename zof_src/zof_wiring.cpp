@@ -1,4 +1,4 @@
-// The arrows that point upwards: what a lower room needs of a higher one, in the one place where all can be seen.
+// The upward arrows: what a lower room needs of a higher one, all in one place.
 #include "control/zof_ctrl_create.h"
 #include "control/zof_ctrl_up.h"
 #include "control/zof_text.h"

@@ -6,7 +6,7 @@
 
 zof_mutex_t dis_mutex;
 
-// Every byte 0xFF: not set. The places with a meaning are enumerated in the header.
+// Every byte 0xFF: not set. The header lists the entries that have a meaning.
 static u8 hw_param[ZOF_HW_PARAM_COUNT];
 
 u8 *zof_hw_get_def_param(void) {

@@ -13,8 +13,8 @@ typedef struct {
 
 extern const zof_drv_aid_ops_t *drv_aid_t;
 
-// Graphics thread. Coordinates are the picture's pixels. -1 when the port has no such aid, or the file cannot be
-// written.
+// Graphics thread. Coordinates are the picture's pixels. Returns -1 when the port has no such aid, or the file cannot
+// be written.
 s32 zof_drv_aid_pointer(s32 x, s32 y, zof_bool pressed);
 s32 zof_drv_aid_shot(const char *path);
 

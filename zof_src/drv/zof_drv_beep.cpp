@@ -1,5 +1,5 @@
-// One thread for the life of the program plays all tones; it is woken by a semaphore and takes the length that was
-// asked for last.
+// One thread for the life of the program plays all tones; it is woken by a semaphore and plays the length that was
+// requested last.
 #include "drv/zof_drv_beep.h"
 
 #include <atomic>
@@ -8,7 +8,7 @@
 #include "drv/zof_drv_gpio.h"
 
 static zof_sem_t g_beep_sem;
-static std::atomic<u16> g_beep_time; // length of the tone asked for, ms
+static std::atomic<u16> g_beep_time; // length of the requested tone, ms
 
 static void zof_drv_beep_thread(void *) {
     for (;;) {
@@ -27,7 +27,7 @@ static s32 beep_start() {
 }
 
 s32 zof_beep_init(void) {
-    static const s32 started = beep_start(); // made once, whichever thread comes first
+    static const s32 started = beep_start(); // created once, by whichever thread comes first
     return started;
 }
 

@@ -1,4 +1,4 @@
-// Pins. On a desktop keyboard keys stand for them, so that a project written for real keys can be tried there.
+// Pins. On a desktop, keyboard keys stand in for them, so that a project written for real keys can be tried there.
 // Everything here belongs to the graphics thread.
 #ifndef ZOF_DRV_GPIO_H
 #define ZOF_DRV_GPIO_H
@@ -12,11 +12,11 @@ enum { ZOF_GPIO_EDGE_RISING = 0, ZOF_GPIO_EDGE_FALLING = 1, ZOF_GPIO_EDGE_BOTH =
 
 typedef struct {
     u8 port, pin;
-    u32 mode;     // 0, 2 and 3 let the interrupt through
+    u32 mode;     // 0, 2 and 3 allow the interrupt
     u32 irq_mode; // ZOF_GPIO_EDGE_*
 } zof_gpio_cfg_t;
 
-// Gets a pointer to the pin's port byte; the pin byte follows it.
+// Receives a pointer to the pin's port byte; the pin byte follows it.
 typedef void (*zof_gpio_irq_fn)(u8 *port);
 
 // A port's operations; each is OPTIONAL, and its wrapper returns -1 without it.
@@ -33,8 +33,7 @@ typedef struct {
 
 extern const zof_drv_gpio_ops_t *zof_gpio_t;
 
-// The level of a pin, 0 or 1; or whatever the port returns. -1 for a missing driver or operation, or a pin that is not
-// there.
+// Return the level of a pin, 0 or 1, or whatever the port returns; -1 for a missing driver, operation or pin.
 s32 zof_gpio_init(const zof_gpio_cfg_t *cfg);
 s32 zof_gpio_readInputPin(u8 port, u8 pin);
 s32 zof_gpio_readOutputPin(u8 port, u8 pin);
@@ -44,7 +43,7 @@ s32 zof_gpio_group_set_irq(u8 group, zof_gpio_irq_fn fn);
 s32 zof_gpio_group_get_irq_pin(u8 group);
 s32 zof_gpio_group_get_irq_mode(u8 group);
 
-// The simulated pins of a desktop. Keys are tied first, pins are set up after.
+// The simulated pins of a desktop. Bind the keys first, then set up the pins.
 typedef struct zof_win_key_param {
     db_list *list;
     void (*callback)(struct zof_win_key_param *param, u32 key); // for every key event; may be null
@@ -52,15 +51,15 @@ typedef struct zof_win_key_param {
     u32 value;                                                  // its key code
 } zof_win_key_param_t;
 
-// Ties a key (its code) to a pin; tying again replaces the key. 0, or -1 without memory.
+// Binds a key (its code) to a pin; binding again replaces the key. Returns 0, or -1 without memory.
 s32 zof_win_key_sim_gpio_reg(u8 port, u8 pin, u32 key);
-// Installs the callback for every key event, tied or not; null removes it. 0.
+// Installs the callback for every key event, bound or not; null removes it. Returns 0.
 s32 zof_win_key_irq_reg(void (*fn)(zof_win_key_param_t *param, u32 key));
-// Key code and level of the event that the callback is called for; -1 for null.
+// Return key code and level of the event that the callback is called for; -1 for null.
 s32 zof_win_key_get_value(const zof_win_key_param_t *param);
 s32 zof_win_key_get_status(const zof_win_key_param_t *param);
 
-// The port's side of the same, called by the window for every key event: level 1 down, 0 up. Always 0.
+// The port's side of the same; the window calls it for every key event: level 1 down, 0 up. Always returns 0.
 s32 zof_drv_win_key_sim_gpio_reg(u8 port, u8 pin, u32 key);
 s32 zof_drv_win_key_irq_reg(void (*fn)(zof_win_key_param_t *param, u32 key));
 s32 zof_drv_win_key_get_value(const zof_win_key_param_t *param);

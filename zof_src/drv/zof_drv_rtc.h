@@ -1,4 +1,4 @@
-// The clock on the wall.
+// The real-time clock.
 #ifndef ZOF_DRV_RTC_H
 #define ZOF_DRV_RTC_H
 
@@ -19,8 +19,8 @@ typedef struct {
 
 extern const zof_drv_rtc_ops_t *zof_rtc_t;
 
-// Local time, read and set. -1 for a null record or a missing driver, else the driver's result; a desktop prints what
-// it was asked to set, leaves its clock alone and returns 0. Any thread.
+// Read and set local time. Return -1 for a null record or a missing driver, else the driver's result. A desktop logs
+// the time to set, leaves its clock alone and returns 0. Any thread.
 s32 zof_rtc_get_time(zof_rtc_time_t *time);
 s32 zof_rtc_set_time(const zof_rtc_time_t *time);
 

@@ -1,5 +1,5 @@
-// Touch: every read of the input device passes here before the widgets see it, so that the host protocol can report it
-// and hide a contact from them.
+// Touch: every read of the input device passes through here before the widgets see it, so that the host protocol can
+// report it and hide a contact from them.
 #include <string.h>
 
 #include "drv/zof_drv.h"
@@ -12,7 +12,7 @@ const zof_drv_touch_ops_t *drv_touch_t;
 lv_indev_t *touch_indev;
 
 static zof_touch_t g_touch_t; // the last touch that was reported upwards
-static u8 last_state;         // what the finger did, also while it is hidden
+static u8 last_state;         // the finger's state, also while it is hidden
 static u8 ignore_once;        // hide until the finger lifts
 
 s32 zof_touch_event(lv_indev_data_t *data) {
@@ -119,7 +119,7 @@ struct touch_test {
     u8 enable;
 };
 
-static touch_test *g_test_t; // made by the first start of a panel check
+static touch_test *g_test_t; // created by the first start of a panel check
 
 s32 zof_touch_count_start(void) {
     if (!g_test_t) {
@@ -137,7 +137,7 @@ s32 zof_touch_count_stop(void) {
         return -1;
     }
     g_test_t->enable = 0;
-    zof_delay(10); // an interrupt that is under way ends before the counts are read
+    zof_delay(10); // let a running interrupt finish before the counts are read
     return 0;
 }
 

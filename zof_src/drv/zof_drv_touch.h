@@ -25,25 +25,26 @@ extern const zof_drv_touch_ops_t *drv_touch_t;
 extern lv_indev_t *touch_indev;
 
 // The hook. A port's read callback calls it last, with the data that it is about to pass to the widgets; a press that
-// the host protocol takes for itself is changed to a release. 0, or -1 when a release changed nothing.
+// the host protocol takes is changed to a release. Returns 0, or -1 when a release changed nothing.
 s32 zof_touch_event(lv_indev_data_t *data);
 
-// The current touch with the display's rotation applied; -1 without `out` or an input device.
+// Returns the current touch with the display's rotation applied; -1 without `out` or an input device.
 s32 zof_touch_get(zof_touch_t *out);
 
-// From a point of the picture to one of the project; for panels that report their own coordinates. -1 with no point or
-// project, and for a point beyond the picture.
+// Converts a point of the picture to one of the project, for panels that report their own coordinates. Returns -1
+// without a point or project, and for a point beyond the picture.
 s32 zof_touch_rotate(zof_point_t *point);
 
-// Non-zero stops the reading of the input device, zero resumes it.
+// Non-zero stops reading the input device, zero resumes it.
 void zof_drv_touch_pause(s32 flag);
 
-s32 zof_drv_touch_get_tp_type(void); // -1 without operation
+s32 zof_drv_touch_get_tp_type(void); // -1 without the operation
 void zof_drv_touch_rtp_cal(void);
 const zof_drv_touch_ops_t *zof_drv_get_touch_t(void);
 
-// A panel check compares what the interrupt saw with what the widgets saw. Start makes the record or goes on with it;
-// stop keeps the counts; clear zeroes all and stops. All -1 without a record, the two setters also while stopped.
+// A panel check compares what the interrupt saw with what the widgets saw. Start creates the record or resumes with it;
+// stop keeps the counts; clear zeroes all and stops. All return -1 without a record, the two setters also while
+// stopped.
 s32 zof_touch_count_start(void);
 s32 zof_touch_count_stop(void);
 s32 zof_touch_count_clear(void);

@@ -1,6 +1,6 @@
-// Serial ports above the port's lines: one reader thread a port, and up to two client threads, each fed through a
-// ping-pong buffer. The register link's client gets messages, which end with a silence of `timeout` ms; the host link's
-// gets every piece at once. Ports live for the whole run; closing one only silences its clients.
+// Serial ports above the port's lines: one reader thread for each port, and up to two client threads, each fed through
+// a ping-pong buffer. The register link's client gets messages, which end with a silence of `timeout` ms; the host
+// link's gets every piece at once. Ports live for the whole run; closing one only silences its clients.
 #include <atomic>
 #include <mutex>
 
@@ -19,17 +19,17 @@ enum {
     ROOM_WAIT_MS = 1000
 };
 
-// The receive context of one open port. What two threads look at is atomic; buffers have their own lock. A client's
-// `run` is raised last, when its buffer and semaphore stand.
+// The receive context of one open port. What two threads access is atomic; buffers have their own lock. A client's
+// `run` is set last, when its buffer and semaphore exist.
 struct uart_client {
     zof_thread_t *thread;
     zof_sem_t sem;
     pipo_buff *buf;
     std::atomic<u8> run;
     u32 pieces;    // put into the buffer so far; under the buffer's lock
-    u32 lost;      // bytes that found no room since the last line about it; reader thread only
-    u32 lost_said; // time of that line
-    bool told;     // there has been one
+    u32 lost;      // bytes that did not fit since this was last logged; reader thread only
+    u32 lost_said; // when it was last logged
+    bool told;     // it has been logged
 };
 
 struct uart_context {
@@ -63,7 +63,7 @@ static bool port_stands(const zof_drv_t *handle) {
     return uart_drvs_t[handle->port] == handle;
 }
 
-// The port's number, or -1. The desktop's number wins, then the number in the settings, then the hardware's default.
+// Returns the port's number, or -1. The desktop's number has priority, then the settings', then the hardware default.
 static s32 resolve_port(const zof_uart_cfg_t *cfg) {
     s32 port = cfg->port;
     if (port == -1) {
@@ -93,15 +93,15 @@ static bool store(uart_client *client, const u8 *data, u32 size) {
     return pipo_buff_set_pi(client->buf, data, size) == 0;
 }
 
-// A piece that finds no room is lost whole. A peer that never falls silent would fill the log with that, so what is
-// lost is added up and reported once a second at most.
+// A piece that does not fit is lost whole. A peer that never falls silent would fill the log with that, so the losses
+// are added up and logged at most once a second.
 static void feed(uart_client *client, const zof_drv_t *handle, const u8 *data, u32 size) {
     const u32 now = zof_sys_time_ms();
     const bool tell = !client->told || now - client->lost_said >= TELL_MS;
     if (!(fits(client, size) || tell) || !store(client, data, size)) {
         client->lost += size;
         if (tell) {
-            zof_printf("serial port %d: no room for what comes in; %u bytes are lost", handle->port, client->lost);
+            zof_printf("serial port %d: receive buffer full; %u bytes are lost", handle->port, client->lost);
             client->told = true;
             client->lost_said = now;
             client->lost = 0;
@@ -110,9 +110,9 @@ static void feed(uart_client *client, const zof_drv_t *handle, const u8 *data, u
     zof_sem_release(client->sem);
 }
 
-// A client that is held up by the graphics thread gets a second to take over what it has. While the reader waits the
-// line's own buffer fills, and a far end with flow control stops sending. To a client that waits for a silence the
-// pause is one.
+// A client that is blocked by the graphics thread gets a second to take what it has. While the reader waits, the line's
+// own buffer fills, and a peer with flow control stops sending. A client that waits for a silence takes the pause for
+// one.
 static void feed_waiting(uart_client *client, const zof_drv_t *handle, const u8 *data, u32 size) {
     const u32 start = zof_sys_time_ms();
     while (!fits(client, size) && zof_sys_time_ms() - start < ROOM_WAIT_MS) {
@@ -159,8 +159,8 @@ static u32 pieces_of(uart_client *client) {
     return client->pieces;
 }
 
-// Returns what has come in when the peer has fallen silent behind it. Null when a piece arrives between the silence and
-// the switch: it would be cut from the rest of its frame, so the message is not over.
+// Returns what has arrived when the peer falls silent. Null when a piece arrives between the silence and the switch: it
+// would be cut from the rest of its frame, so the message is not over.
 static pipo_half *message_take(uart_client *client, uart_context *ctx) {
     u32 pieces;
     zof_sem_take(client->sem, 0);
@@ -184,8 +184,8 @@ static void hmi_deliver(uart_context *ctx, u8 *data, u32 size) {
     }
 }
 
-// Each piece is delivered as it comes, behind the tail that the callback has kept. A tail that is still there when the
-// line has been silent for the time-out is delivered once more, alone.
+// Delivers each piece as it arrives, after the tail that the callback kept. If a tail is still there when the line has
+// been silent for the time-out, it is delivered once more, alone.
 static void zof_uart_hmi_recive_data_th(void *arg) {
     auto *handle = (zof_drv_t *)arg;
     auto *ctx = (uart_context *)handle->context;
@@ -193,7 +193,7 @@ static void zof_uart_hmi_recive_data_th(void *arg) {
     while (port_stands(handle)) {
         const bool silent = zof_sem_take(ctx->hmi.sem, tail ? ctx->timeout.load() : 0) != 0;
         if (!silent && pipo_buf_get_pi_len(ctx->hmi.buf) == 0) {
-            continue; // its bytes went with the last piece; a switch would lose the tail kept since
+            continue; // its bytes were delivered with the last piece; a switch would lose the tail kept since
         }
         pipo_half *half = pipo_buff_get_pi_and_switch(ctx->hmi.buf);
         if (half->len + half->t_len) {
@@ -203,8 +203,8 @@ static void zof_uart_hmi_recive_data_th(void *arg) {
     }
 }
 
-// The register link's client holds the graphics lock around its callback: that is how frames may touch controls. What
-// comes in while it waits for the lock belongs to the next message, so the buffer is switched before.
+// The register link's client holds the graphics lock around its callback, so that frames may touch controls. What
+// arrives while it waits for the lock belongs to the next message, so the buffer is switched before.
 static void zof_uart_ui_recive_data_th(void *arg) {
     auto *handle = (zof_drv_t *)arg;
     auto *ctx = (uart_context *)handle->context;
@@ -222,7 +222,7 @@ static void zof_uart_ui_recive_data_th(void *arg) {
     ctx->ui_bfun = nullptr;
 }
 
-// A port that cannot be used leaves no trace.
+// Releases everything of a port that cannot be used.
 static zof_drv_t *open_undo(zof_drv_t *handle) {
     zof_free(handle->context);
     if (drv_uart_t->close) {
@@ -248,7 +248,7 @@ static zof_drv_t *open_new(zof_uart_cfg_t *cfg, s32 port) {
         return open_undo(handle);
     }
     ctx->buf_len = BUF_LEN;
-    uart_drvs_t[port] = handle; // first: the reader runs for as long as its port stands here
+    uart_drvs_t[port] = handle; // first: the reader runs for as long as its port is in this table
     ctx->thread = zof_thread_create("zof uart", zof_uart_recive_data_th, handle, 2048, 1);
     if (!ctx->thread) {
         zof_printf("serial port %d: its reader thread cannot be started", port);
@@ -325,8 +325,8 @@ void zof_drv_uart_rev_set_timeout(zof_drv_t *handle, u32 ms) {
     }
 }
 
-// Buffer, semaphore and thread of a client, made at its first registration; 0 or -1. What was made stays for another
-// try.
+// Creates buffer, semaphore and thread of a client at its first registration. Returns 0 or -1. What was created is kept
+// for the next attempt.
 static s32 client_start(uart_client *client, zof_drv_t *handle, u32 size, u32 t_size, const char *name,
                         void (*body)(void *), u32 stack) {
     if (client->thread) {
@@ -339,7 +339,7 @@ static s32 client_start(uart_client *client, zof_drv_t *handle, u32 size, u32 t_
     if (!client->buf || !client->sem) {
         return -1;
     }
-    client->run = 1; // before the thread, which looks at it
+    client->run = 1; // before the thread, which reads it
     client->thread = zof_thread_create(name, body, handle, stack, 2);
     if (!client->thread) {
         zof_printf("serial port %d: the thread \"%s\" cannot be started", handle->port, name);

@@ -1,4 +1,4 @@
-// Serial ports: opening, the reader and client threads, sending. The lines themselves are a port's.
+// Serial ports: opening, the reader and client threads, sending. The port implements the lines themselves.
 #ifndef ZOF_DRV_UART_H
 #define ZOF_DRV_UART_H
 
@@ -40,11 +40,11 @@ typedef struct {
 // What a port supplies. A handle's first member is zof_drv_t. Handles passed to it are its own and not null.
 typedef struct {
     zof_drv_t *(*open)(zof_uart_cfg_t *cfg);                      // MANDATORY: opens cfg->port; null on failure
-    s32 (*set_cfg)(zof_drv_t *handle, const zof_uart_cfg_t *cfg); // OPTIONAL: 0, or -1 and the line is as it was
+    s32 (*set_cfg)(zof_drv_t *handle, const zof_uart_cfg_t *cfg); // OPTIONAL: 0, or -1 with the line unchanged
     s32 (*send)(zof_drv_t *handle, const u8 *data, u32 size);     // MANDATORY: bytes sent or -1; never waits long
     s32 (*receive)(zof_drv_t *handle, u8 *buffer, u32 size);      // MANDATORY: blocks; bytes, 0 when gone
     void *reserved[2];
-    s32 (*close)(zof_drv_t *handle); // OPTIONAL: of a port that was opened and cannot be used
+    s32 (*close)(zof_drv_t *handle); // OPTIONAL: for a port that was opened and cannot be used
 } zof_drv_uart_ops_t;
 
 // Set by the port before the first open, and never again.
@@ -52,50 +52,50 @@ extern const zof_drv_uart_ops_t *drv_uart_t;
 
 // `data` may be written and is valid until the callback returns; `size` is above 0.
 //
-// The register link: a message, which is all that came in up to a silence of the receive time-out, or several of them
+// The register link: a message, which is all that arrived up to a silence of the receive time-out, or several of them
 // if the lock was busy. Thread "zof uart ui", dis_mutex held.
 typedef void (*uart_rev_bfun)(u8 *data, u32 size);
-// The host link: each piece as it comes in, behind the tail that the last call has kept. A tail that is still kept when
-// the line has been silent for the receive time-out is passed once more, alone: what it begins may never be completed.
-// Thread "zof uart hmi", no lock held.
+// The host link: each piece as it arrives, after the tail that the last call kept. If a tail is still kept when the
+// line has been silent for the receive time-out, it is passed once more, alone: it may never be completed. Thread "zof
+// uart hmi", no lock held.
 typedef void (*uart_hmi_rev_bfun)(u8 *data, u32 size, void *arg);
 
-// Opens a port and starts its reader thread, or returns the open port's handle with the new line settings; its threads
-// and clients are kept. The number of a port that was not open is written into `cfg->port`. Null for no port number,
-// one above 255, settings out of range (an open line stays as it was), and a file that is no serial line; a device that
-// is missing or busy is taken when it can be had. The handle lives for ever. Opening and the registrations below belong
-// to one thread, the main one.
+// Opens a port and starts its reader thread, or returns the open port's handle with the new line settings applied; its
+// threads and clients are kept. The number of a newly opened port is written to `cfg->port`. Null without a port
+// number, for one above 255, for settings out of range (an open line stays as it was), and for anything but a serial
+// line. A missing or busy device is opened once it is available. The handle lives forever. Opening and the
+// registrations below belong to one thread, the main one.
 zof_drv_t *zof_drv_uart_open(zof_uart_cfg_t *cfg);
 
 // Silences both clients; line, threads and handle stay for a later open, after which the register link's callback must
-// be set again. 0, or -1 for an invalid handle.
+// be set again. Returns 0, or -1 for an invalid handle.
 s32 zof_drv_uart_close(zof_drv_t *handle);
 
-// Hands bytes to the line at once; any thread, but senders of one port must not mix their frames: the panel's hold
-// dis_mutex. A far end that does not read costs 50 ms once, not each time. `size`, or -1: invalid handle, no device, no
-// room.
+// Sends bytes on the line at once; any thread, but senders of one port must not mix their frames: the panel's senders
+// hold dis_mutex. A peer that does not read costs 50 ms once, not each time. Returns `size`, or -1: invalid handle, no
+// device, no room.
 s32 zof_drv_uart_send(zof_drv_t *handle, const u8 *data, u32 size);
 
-// Waits for at least one byte; for the reader thread. Bytes read, 0 for an invalid handle or a line that is gone.
+// Waits for at least one byte; for the reader thread. Returns the bytes read, 0 for an invalid handle or a lost line.
 s32 zof_drv_uart_recive(zof_drv_t *handle, u8 *buffer, u32 size);
 
-// Changes the line, by the numbers of zof_uart_cfg_t. 0, or -1 and the line is as it was.
+// Changes the line settings, by the numbers of zof_uart_cfg_t. Returns 0, or -1 with the line unchanged.
 s32 zof_drv_uart_set_cfg(zof_drv_t *handle, u32 speed, u32 bit, u32 parity, u32 stop);
 
-// The silence that ends a message, for all clients of the port: 5 to 1000 ms, others are clamped. 5 unless set.
+// Sets the silence that ends a message, for all clients of the port: 5 to 1000 ms, clamped; the default is 5.
 void zof_drv_uart_rev_set_timeout(zof_drv_t *handle, u32 ms);
 
-// The register link's client. The first call makes its buffer (`size` bytes, clamped to 2048 to 102400) and its thread;
-// later calls only replace `fun`; null silences it. A piece that finds no room waits for it, a second at most, and the
-// bytes behind it stay in the line; then it is lost whole, with a line once a second at most. 0 or -1.
+// Sets the register link's client. The first call creates its buffer (`size` bytes, clamped to 2048..102400) and its
+// thread; later calls only replace `fun`; null silences it. A piece that does not fit waits, at most a second, and the
+// bytes after it stay in the line; then it is lost whole, which is logged at most once a second. Returns 0 or -1.
 s32 zof_drv_uart_rev_set_bfun(zof_drv_t *handle, uart_rev_bfun fun, u32 size);
 
-// The host link's client, the same, with `t_size` bytes of room for a tail in front of the data. `arg` stays the
+// Sets the host link's client in the same way, with `t_size` bytes of room for a tail before the data. `arg` stays the
 // caller's.
 s32 zof_drv_uart_hmi_rev_set_bfun(zof_drv_t *handle, uart_hmi_rev_bfun fun, void *arg, u32 size, u32 t_size);
 
-// Keeps what the host link's callback could not use yet: it is put in front of its next message. One tail at a time,
-// the latest one. From inside the callback. 0, or -1: invalid handle, no client, no data, more than `t_size`.
+// Keeps what the host link's callback could not use yet; it is put before its next message. Only the latest tail is
+// kept. From inside the callback. Returns 0, or -1: invalid handle, no client, no data, more than `t_size`.
 s32 zof_drv_uart_hmi_tbuf_set(zof_drv_t *handle, const u8 *data, u32 size);
 
 ZOF_C_END

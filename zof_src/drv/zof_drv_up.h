@@ -1,5 +1,5 @@
-// What the drivers need of the rooms above them. Filled in zof_src/zof_wiring.cpp, the one place where the
-// arrows that point upwards can be seen.
+// What the drivers need of the rooms above them. Filled in by zof_src/zof_wiring.cpp, the one place that shows the
+// upward arrows.
 #ifndef ZOF_DRV_UP_H
 #define ZOF_DRV_UP_H
 
@@ -8,7 +8,7 @@
 
 ZOF_C_BEGIN
 
-// What the display asks of the current project.
+// What the display reads from the current project.
 typedef struct {
     s32 width, height; // design size in pixels
     u32 rotate;        // quarter turns, 0 to 3
@@ -19,9 +19,9 @@ typedef struct {
 } zof_prj_facts_t;
 
 typedef struct {
-    void (*set_prj_path)(void);               // find the work path, make the project object
+    void (*set_prj_path)(void);               // find the work path, create the project object
     s32 (*prj_facts)(zof_prj_facts_t *facts); // 0, or -1 without a project
-    s32 (*touch)(const zof_touch_t *touch);   // host protocol's look at a touch; -2 hides the contact from the widgets
+    s32 (*touch)(const zof_touch_t *touch);   // the host protocol sees a touch; -2 hides the contact from the widgets
 } zof_drv_up_t;
 
 extern const zof_drv_up_t zof_drv_up;

@@ -1,5 +1,5 @@
-// One turn of the main loop, and how long it may sleep. After a touch or a key the sources are looked at in their own
-// periods for a while: a press that is held, a list that still glides and a long press live by being read.
+// One turn of the main loop, and how long it may sleep. After a touch or a key the sources keep their own periods for a
+// while: a held press, a gliding list and a long press all depend on being polled.
 #include "drv/zof_loop_in.h"
 
 #include <thread>
@@ -10,7 +10,7 @@ enum { SOURCES_MAX = 8, SLEEP_MAX_MS = 500, LIVELY_MS = 2000, NO_WAIT_MS = 5, CO
 
 const zof_loop_ops_t *drv_loop_t;
 
-// Belongs to the graphics thread, but for its id, which is set before the first turn ends.
+// Belongs to the graphics thread, except for its id, which is set before the first turn ends.
 static struct {
     zof_loop_source *sources[SOURCES_MAX];
     u32 count;
@@ -74,7 +74,7 @@ static bool polls(const lv_timer_t *timer) {
     return false;
 }
 
-// LVGL's own answer counts the timers that only poll.
+// LVGL's own result includes the timers that only poll.
 static u32 sleep_ms() {
     u32 least = SLEEP_MAX_MS;
     for (const lv_timer_t *t = lv_timer_get_next(nullptr); t; t = lv_timer_get_next((lv_timer_t *)t)) {
@@ -108,7 +108,7 @@ u32 zof_loop_turn() {
 
 void zof_loop_wait(u32 ms) {
     if (zof_mutex_contended()) {
-        zof_delay(CONTENDED_MS); // a loop that goes straight on would take the lock again before the other thread runs
+        zof_delay(CONTENDED_MS); // without a pause the loop would take the lock again before the other thread runs
     }
     if (drv_loop_t && drv_loop_t->wait) {
         drv_loop_t->wait(ms);

@@ -1,6 +1,6 @@
-// The main loop's sleep. The loop sleeps until its next timer is due. Timers that only look whether something has come
-// (events of the window, frames of a host) are sources: while nothing comes they do not keep the loop awake; whoever
-// brings something wakes it. Internal: C++ only.
+// The main loop's sleep. The loop sleeps until its next timer is due. Timers that only poll for input (events of the
+// window, frames of a host) are sources: while nothing arrives they do not keep the loop awake, and the sender of
+// something wakes it. Internal: C++ only.
 #ifndef ZOF_LOOP_IN_H
 #define ZOF_LOOP_IN_H
 
@@ -18,7 +18,7 @@ struct zof_loop_source {
 
 // What a port supplies; null members and a null table are allowed. Without a wait the loop sleeps 5 ms at most.
 struct zof_loop_ops_t {
-    bool (*input)();      // graphics thread: takes the window's pending events; true if a user has done something
+    bool (*input)();      // graphics thread: takes the window's pending events; true on user input
     void (*wait)(u32 ms); // graphics thread, no lock held: returns after `ms`, at an event of the window, or at a wake
     void (*wake)();       // any thread, never waits: ends the wait, or the next one if there is none
 };
@@ -27,11 +27,11 @@ extern const zof_loop_ops_t *drv_loop_t; // set once, before the loop starts
 // Graphics thread. `timer` may still be null for a source that has not started. At most 8 sources.
 void zof_loop_source_add(zof_loop_source *source, lv_timer_t *timer);
 
-// Any thread, never waits: the source's timer runs at the loop's next turn, which begins at once. Null: the turn only,
-// for a thread that has changed something under dis_mutex.
+// Any thread, never waits: the source's timer runs at the loop's next turn, which begins at once. For null only the
+// turn, for a thread that has changed something under dis_mutex.
 void zof_loop_wake(zof_loop_source *source);
 
-// For the port's unlock of dis_mutex: wakes the loop unless the graphics thread itself has unlocked.
+// For the port's unlock of dis_mutex: wakes the loop unless the graphics thread itself unlocked it.
 void zof_loop_unlocked();
 
 // Graphics thread, under dis_mutex: one turn. Returns the milliseconds until the next one is needed, 500 at most.

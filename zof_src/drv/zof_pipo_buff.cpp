@@ -6,7 +6,7 @@
 #include "drv/zof_pipo_buff.h"
 #include "zof_lib/zof_stdio.h"
 
-// Old bytes behind `size` in the data area stay; they cannot be reached through `len`.
+// Old bytes after `size` stay in the data area; `len` keeps them out of reach.
 static void half_reset(pipo_buff *b, pipo_half *half) {
     half->read = half->data;
     half->len = 0;

@@ -1,5 +1,5 @@
 // The folder copy on a thread of its own. The thread owns the paths while it runs; the lock guards the counts alone and
-// is kept for the next copy, so that a reader never meets a lock that is being destroyed.
+// is kept for the next copy, so that no reader uses a lock that is being destroyed.
 #include <atomic>
 
 #include "drv/zof_drv.h"
@@ -14,7 +14,7 @@ static struct {
     std::atomic<bool> running;
     char *dst, *src;
     zof_bool remove;
-    zof_mutex_t mutex; // made before the first thread
+    zof_mutex_t mutex; // created before the first thread
     u32 suc, fail;
 } copy;
 

@@ -1,7 +1,7 @@
-// Copies folders so that a power cut at any moment tears nothing. A file is written beside its target and renamed over
-// it. A folder that is to be replaced is built beside the old one, gets what the old one has to keep, and changes
-// places with it. What is built beside has a temporary name that begins with a dot, which no copied file can have. The
-// target is locked meanwhile: two programs that copied into one folder would rename each other's files into place.
+// Copies folders so that a power cut at any moment does no damage. A file is written beside its target and renamed over
+// it. A folder that is replaced is built beside the old one, receives what must be kept of the old one, and is
+// exchanged with it. Temporary names begin with a dot, which no copied file can have. The target is locked meanwhile:
+// two programs copying into one folder would rename each other's files into place.
 #include "func/zof_dir_copy.h"
 
 #include <stdio.h>
@@ -17,9 +17,9 @@
 // One copy, from its first folder to its last.
 struct copy_run {
     u8 *block;
-    u32 left;                // files that were counted and not reported yet
-    const char *stage;       // the folder that is built beside, while there is one ...
-    const char *place;       // ... and where it will stand
+    u32 left;                // files that were counted but not reported yet
+    const char *stage;       // the folder that is built beside the old one, while there is one ...
+    const char *place;       // ... and where it will be
     u32 good;                // files in it that were reported as copied
     char waiting[PATH_SIZE]; // its latest file, which is reported when the folder is in place; empty for none
     bool waiting_ok;
@@ -38,7 +38,7 @@ void zof_dir_schedule_dis(const char *name, u8 ok) {
     }
 }
 
-// Reports a file. While its folder is not in place, this one is held back and the one before is reported.
+// Reports a file. Until its folder is in place, the latest file is held back and the one before is reported.
 static void file_report(copy_run *r, const char *name, bool ok) {
     r->left -= r->left > 0;
     if (!r->stage) {
@@ -53,14 +53,14 @@ static void file_report(copy_run *r, const char *name, bool ok) {
     r->waiting_ok = ok;
 }
 
-// All files of a folder fail with it.
+// Reports all files of a folder as failed.
 static void folder_refuse(copy_run *r, const char *src) {
     for (u32 left = zof_dir_get_fileNum(src); left > 0; left--) {
         file_report(r, src, false);
     }
 }
 
-// The path as people know it: where a folder that is made beside will stand.
+// Makes the path as users know it: the final place of a folder that is built beside it.
 static void show(const copy_run *r, char *shown, const char *path) {
     snprintf(shown, SHOWN_SIZE, "%s%s", r->stage ? r->place : "", r->stage ? path + strlen(r->stage) : path);
 }
@@ -77,14 +77,14 @@ static void file_copy_into(copy_run *r, const char *into, const char *src, const
     zof_printf("copy %s to %s ", src, shown);
     const bool ok = dir_file_replace(dst, src, shown, {r->block, BLOCK, false});
     if (ok) {
-        zof_printf("success \n"); // the new name reaches the disk with its folder, at the folder's end
+        zof_printf("success \n"); // the new name reaches the disk with its folder, at the end
     }
     file_report(r, name, ok);
 }
 
 static void folder_copy(copy_run *r, const char *target, const char *src, bool remove);
 
-// False with a line.
+// Returns false and logs that when there is none.
 static bool source_exists(const char *src) {
     const bool there = PathExist(src);
     if (!there) {
@@ -93,7 +93,7 @@ static bool source_exists(const char *src) {
     return there;
 }
 
-// `name` as it is, never a part of it: it comes from the medium.
+// Uses `name` whole, never a part of it, because it comes from the medium.
 static void folder_copy_into(copy_run *r, const char *into, const char *src, const char *name, bool remove) {
     char target[PATH_SIZE];
     if (!source_exists(src)) {
@@ -124,8 +124,8 @@ static void entries_copy(copy_run *r, const char *into, const char *from, bool r
     zof_file_finish_folder(into);
 }
 
-// Copies what the old folder has to hand on to the new one: hidden names, which an update never touches, and what the
-// update would have renewed but could not. All three end with a slash.
+// Copies from the old folder to the new one what must be kept: hidden names, which an update never touches, and what
+// the update should have replaced but could not. All three end with a slash.
 static bool keep_old(copy_run *r, const char *fresh, const char *old, const char *src, bool all) {
     zof_dir_t *dir = zof_opendir(old);
     bool good = true;
@@ -161,7 +161,7 @@ static bool keep_old(copy_run *r, const char *fresh, const char *old, const char
     return good;
 }
 
-// Lets the two change places; afterwards the old one is where the new one was. Neither name ends in a slash.
+// Exchanges the two; afterwards the old one has the new one's name. Neither name ends in a slash.
 static bool swap(const char *fresh, const char *target) {
     if (zof_file_exchange(fresh, target) == 0) {
         return true;
@@ -182,7 +182,7 @@ static bool swap(const char *fresh, const char *target) {
     return true;
 }
 
-// Reports the file that was held back. Without the folder in place, what was reported as copied is not.
+// Reports the file that was held back. If the folder is not in place, what was reported as copied is undone.
 static void stage_report(copy_run *r, bool placed) {
     for (; !placed && r->good > 0; r->good--) {
         zof_dir_schedule_dis(r->place, ZOF_COPY_UNDONE);
@@ -206,7 +206,7 @@ static void folder_replace(copy_run *r, const char *target, const char *src) {
         return;
     }
     if (zof_mkdir(fresh) != 0) {
-        dir_say(target, "not made");
+        dir_say(target, "not created");
         folder_refuse(r, src);
         return;
     }
@@ -227,7 +227,7 @@ static void folder_replace(copy_run *r, const char *target, const char *src) {
     dir_clear_away(fresh);
 }
 
-// `dst`, a slash if it has none, and the last component of `src`; ends with a slash.
+// Makes `dst`, with a slash, and the last component of `src`; ends with a slash.
 static bool target_of(char *out, const char *dst, const char *src) {
     const size_t parent = dir_parent_length(src);
     const char *name = parent > 0 ? src + parent : "";
@@ -243,8 +243,8 @@ static bool target_of(char *out, const char *dst, const char *src) {
     return true;
 }
 
-// Makes the target if it is not there. False, with a line, when nothing may be written into it: what is in the folder
-// that was named at the start may not lead out of it, while that folder itself ("./") may be a link.
+// Creates the target if it does not exist. Returns false, with a log line, when nothing may be written to it: what is
+// in the folder named at the start must not lead out of it, while that folder itself ("./") may be a link.
 static bool folder_ready(const copy_run *r, const char *target, bool itself) {
     char plain[PATH_SIZE], shown[SHOWN_SIZE];
     show(r, shown, target);
@@ -252,7 +252,7 @@ static bool folder_ready(const copy_run *r, const char *target, bool itself) {
     if (!PathExist(target)) {
         zof_printf("mkdir %s \n", shown);
         if (zof_mkdir(plain) != 0) {
-            dir_say(shown, "not made");
+            dir_say(shown, "not created");
             return false;
         }
     } else if (!itself && zof_file_kind(plain) != ZOF_FILE_FOLDER) {
@@ -277,8 +277,8 @@ static void folder_copy(copy_run *r, const char *target, const char *src, bool r
     zof_printf("copy dir end \n");
 }
 
-// Makes the folder that is copied into, if it is not there, and locks it: 0, with a line, when somebody else copies
-// into it. A medium without locks is copied to all the same.
+// Creates the folder to copy into if it does not exist, and locks it. Returns 0, with a log line, when another copy
+// uses it. A medium without locks is copied to all the same.
 static s32 target_lock(const char *dst) {
     char holder[64];
     if (!PathExist(dst)) {
@@ -323,7 +323,7 @@ s32 zof_dir_copyfile(const char *dst, const char *src, zof_bool remove) {
     } else {
         zof_printf("srcdata=null\n");
     }
-    for (; run.left > 0; run.left--) { // refused, or the disk was pulled out
+    for (; run.left > 0; run.left--) { // refused, or the disk was removed
         zof_dir_schedule_dis(whole, ZOF_COPY_FAILED);
     }
     zof_free(run.block);

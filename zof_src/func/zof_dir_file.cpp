@@ -1,4 +1,4 @@
-// One file's copy: written beside its target under a temporary name and renamed over it.
+// Copies one file: writes it beside its target under a temporary name and renames it over the target.
 #include <stdio.h>
 
 #include "drv/zof_drv.h"
@@ -6,14 +6,14 @@
 #include "func/zof_dir_in.h"
 #include "zof_lib/zof_stdio.h"
 
-// The size of an open file; -1 when it is unknown. It is at its beginning again.
+// Returns the size of an open file; -1 when it is unknown. The file is rewound.
 static long size_of(FILE *f) {
     const long size = fseek(f, 0, SEEK_END) == 0 ? ftell(f) : -1;
     rewind(f);
     return size;
 }
 
-// Copies as many bytes as the file has when it begins: a file that keeps growing would fill the disk. Returns true when
+// Copies as many bytes as the file has at the start: a file that keeps growing would fill the disk. Returns true when
 // all of them are written; a read error or an early end is a failure.
 static bool pour(FILE *in, FILE *out, u8 *block, u32 size, bool dots) {
     for (long left = size_of(in); left >= 0;) {
@@ -33,7 +33,7 @@ static bool pour(FILE *in, FILE *out, u8 *block, u32 size, bool dots) {
     return false;
 }
 
-// False, with a line that says why; `fresh` is gone then.
+// Returns false, and logs why; `fresh` is removed then.
 static bool file_place(FILE *in, FILE *out, const char *fresh, const char *dst, const char *shown, copy_block block) {
     bool good = pour(in, out, block.data, block.size, block.dots);
     if (!good) {
@@ -62,7 +62,7 @@ bool dir_file_replace(const char *dst, const char *src, const char *shown, copy_
     FILE *out = named ? zof_file_create(fresh) : nullptr;
     if (!out) {
         zof_printf("creat file fail destfp=%s\n", shown);
-        dir_say(shown, "not made");
+        dir_say(shown, "not created");
     }
     const bool good = out && file_place(in, out, fresh, dst, shown, block);
     fclose(in);

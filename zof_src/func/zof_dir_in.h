@@ -9,7 +9,7 @@
 
 #define NEW_FILE ZOF_FILE_TEMP
 #define NEW_DIR ".zof_dir.new"
-#define OLD_DIR ".zof_dir.old~" // and the folder's name: where no two names can change places in one step
+#define OLD_DIR ".zof_dir.old~" // and the folder's name: for media that cannot exchange two names in one step
 
 // Our own walks also meet paths that are longer by such a name.
 enum { PATH_SIZE = 256, OWN_PATH = PATH_SIZE + 64, SHOWN_SIZE = 2 * PATH_SIZE, BLOCK = 2048, BLOCK_MOST = 1 << 20 };
@@ -19,38 +19,38 @@ enum { ENTRY_TOO_LONG = 100 }; // beside ZOF_FILE_*
 struct copy_block {
     u8 *data;
     u32 size;
-    bool dots; // one on the log for each block
+    bool dots; // log one for each block
 };
 
-// a, b and c in one text; false when it does not fit.
+// Joins a, b and c; false when they do not fit.
 bool dir_join(char *out, size_t size, const char *a, const char *b, const char *c);
 
-// In the folder of `path`: `name`, and `more` behind it.
+// Makes a path in the folder of `path`: `name` followed by `more`.
 bool dir_beside(char *out, size_t size, const char *path, const char *name, const char *more);
 
-// How many bytes of the path stand before its last component. One slash at the end does not count.
+// Returns how many bytes of the path come before its last component. One slash at the end is ignored.
 size_t dir_parent_length(const char *path);
 
 // True for "." and "..".
 bool dir_is_dots(const char *name);
 
-// Logs a path, what was not done with it, and why the latest call on this thread failed.
+// Logs a path, what failed, and why the latest call on this thread failed.
 void dir_say(const char *path, const char *what);
 
-// What an entry of a source is to the copy: ZOF_FILE_NONE to skip, ZOF_FILE_PLAIN, ZOF_FILE_FOLDER, or ENTRY_TOO_LONG,
-// which counts as one file that fails. The count and the copy both go by this. Makes its path of PATH_SIZE bytes, a
-// folder's with a slash. With `tell` a line says what is skipped.
+// Classifies an entry of a source: ZOF_FILE_NONE to skip, ZOF_FILE_PLAIN, ZOF_FILE_FOLDER, or ENTRY_TOO_LONG, which
+// counts as one failed file. The count and the copy both use this. Writes its path of PATH_SIZE bytes; a folder's ends
+// with a slash. With `tell` logs what is skipped.
 u32 dir_source_entry(char *path, const char *dir, const char *name, bool tell);
 
-// True for the temporary name of a killed copy; asked only while the target is locked, so that no other copy is
+// Returns true for the temporary name of a killed copy; called only while the target is locked, so no other copy is
 // running.
 bool dir_is_left_over(const char *name);
 
-// Removes whatever has this name; `path` has no slash at its end.
+// Removes whatever has this name; `path` does not end with a slash.
 void dir_clear_away(const char *path);
 
-// Replaces one file in one step. `shown` is its name in the log. False, with a line that says why, and the target as it
-// was.
+// Replaces one file in one step. `shown` is its name in the log. Returns false, logs why, and leaves the target
+// unchanged on failure.
 bool dir_file_replace(const char *dst, const char *src, const char *shown, copy_block block);
 
 #endif

@@ -1,4 +1,4 @@
-// Names and walks of the folder copy: which entries of a source count, what is removed, and what is mended at start.
+// Names and walks of the folder copy: which entries of a source count, what is removed, and what is repaired at start.
 #include <stdio.h>
 #include <string.h>
 
@@ -20,8 +20,8 @@ void dir_say(const char *path, const char *what) {
     zof_printf("%s: %s: %s\n", path, what, zof_file_error());
 }
 
-// False for a name that could be taken for more than one component of a path, here or on another system, and for one
-// with control characters.
+// Returns false for a name that could be taken for more than one component of a path, here or on another system, and
+// for one with control characters.
 static bool is_plain_name(const char *name) {
     for (; *name; name++) {
         if ((u8)*name < ' ' || *name == 0x7F || *name == '/' || *name == '\\') {
@@ -76,7 +76,7 @@ bool dir_is_left_over(const char *name) {
     return zof_file_is_temp(name, NEW_FILE, ZOF_FALSE) || zof_file_is_temp(name, NEW_DIR, ZOF_FALSE);
 }
 
-// With `all`, quietly and names with a dot too.
+// With `all`, silently and including names with a dot.
 static void folder_empty(const char *path, bool all) {
     zof_dir_t *dir = zof_opendir(path);
     while (const zof_dirent_t *entry = zof_readdir(dir)) {
@@ -130,7 +130,7 @@ bool dir_beside(char *out, size_t size, const char *path, const char *name, cons
     return length >= 0 && (size_t)length < size;
 }
 
-// A folder that was set aside goes back to its place if that is empty; everything else that is temporary goes.
+// Moves a folder that was set aside back if its place is empty; removes everything else that is temporary.
 static void entry_mend(const char *path, const char *entry) {
     char left[OWN_PATH], name[OWN_PATH];
     const size_t prefix = sizeof(OLD_DIR) - 1;
@@ -142,7 +142,7 @@ static void entry_mend(const char *path, const char *entry) {
     if (!old || zof_file_kind(name) != ZOF_FILE_NONE) {
         dir_clear_away(left);
     } else if (zof_rename(left, name) == 0) {
-        zof_printf("%s: was set aside by a copy that did not end, and is back\n", name);
+        zof_printf("%s: was set aside by an unfinished copy, and is back\n", name);
     }
 }
 

@@ -1,5 +1,5 @@
-// Power-on: a project that is too large for the panel is refused on the screen, and diagnostic values are laid over the
-// views when the project asks for them.
+// Power-on: a project that is too large for the panel is refused on the screen, and diagnostic values are shown over
+// the views when the project asks for them.
 #include "func/zof_func.h"
 
 #include <stdarg.h>
@@ -22,12 +22,13 @@ static lv_obj_t *cont;
 static lv_obj_t *label1;
 static lv_style_t style;
 
-// The rate: refreshes over the time of those runs that made one, so what the panel could do, not what it did.
+// The frame rate: refreshes divided by the time of those runs that made one, so what the panel could do, not what it
+// did.
 static u32 time_sum;
 static u32 refr_cnt;
 static u32 last_refr_cnt;
 
-// The overlay's text while it is put together; a line that would not fit is left out.
+// The overlay's text while it is built; a line that does not fit is left out.
 struct text_buf {
     char text[OVERLAY_TEXT];
     size_t used;

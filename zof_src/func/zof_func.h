@@ -19,16 +19,16 @@ enum {
 // Once, after the drivers and before the host link. Does not return for a project that is too large for the panel.
 void zof_func_pwon(void);
 
-// Starts the overlay if the project asks for it; its text comes after one second.
+// Starts the overlay if the project asks for it; its text appears after one second.
 void zof_func_show_prj_para(void);
 
-// The size limit by itself: 0 when the project fits, -1 without a project; does not return when it is too large.
+// Checks the size limit. Returns 0 when the project fits, -1 without a project; does not return when it is too large.
 s32 zof_func_check_wh_vaild(void);
 
 // LVGL reports here how many milliseconds a run of its timers took.
 void zof_monitor_refr_buy_time(u32 ms);
 
-// A number with thousands separators, "-1,500"; `out` holds at least 16 bytes.
+// Formats a number with thousands separators, "-1,500"; `out` holds at least 16 bytes.
 void _memsize_format(s32 value, char *out);
 
 ZOF_C_END

@@ -1,5 +1,5 @@
-// Three states and one task that counts the idle time. The task reads the project's record, so the
-// caller that set the parameters need not keep them.
+// Three states and one task that counts the idle time. The task reads the project's record, so the caller that set the
+// parameters need not keep them.
 #include "func/zof_func_stdby.h"
 
 #include "drv/zof_drv.h"
@@ -11,9 +11,9 @@
 enum { PERIOD_MS = 200, LAYERS = 3 };
 
 static u8 g_cur_statue;
-static u32 g_last_time;           // of the last activity, ms; 0 until the task has run
-static zof_task_t *g_stdby_task;  // made when first needed
-static s32 g_active_view[LAYERS]; // views to come back to, by layer; 0 or less: none
+static u32 g_last_time;           // time of the last activity, ms; 0 until the task has run
+static zof_task_t *g_stdby_task;  // created when first needed
+static s32 g_active_view[LAYERS]; // views to return to, by layer; 0 or less: none
 
 static zof_func_standby_t *record() {
     zof_prj_t *prj = zof_prj_get_cur();
@@ -57,7 +57,7 @@ s32 zof_func_stdby_set_param(const zof_func_standby_t *param) {
     return 0;
 }
 
-// The views are remembered behind the switch: a standby view on the UI layer is itself what that layer comes back to.
+// The views are saved after the switch: a standby view on the UI layer is itself what that layer returns to.
 static void enter_dimmed(const zof_func_standby_t *r) {
     if (r->stdby_view) {
         zof_view_set_dis_view(r->stdby_view);
@@ -82,7 +82,7 @@ static void enter_normal(const zof_func_standby_t *r) {
     zof_disp_set_bright(r->on_bright);
 }
 
-// Off waits for a touch. In the other states the task runs whenever a time does.
+// The off state waits for a touch. In the others the task runs while a time is set.
 static void task_follow(const zof_func_standby_t *r) {
     if (g_cur_statue == ZOF_STDBY_OFF) {
         zof_task_set_cb_pause(g_stdby_task);
@@ -96,7 +96,7 @@ s64 zof_func_stdby_set_statue(u32 state) {
     if (!g_stdby_task || !r) {
         return -1;
     }
-    g_last_time = zof_sys_time_ms(); // also for a state in force: that is how a touch keeps the display awake
+    g_last_time = zof_sys_time_ms(); // also for the current state: this is how a touch keeps the display awake
     if (state == g_cur_statue || state > ZOF_STDBY_OFF) {
         return -1;
     }

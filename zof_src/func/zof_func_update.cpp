@@ -20,7 +20,7 @@ enum { PERIOD_MS = 200, WATCH_MS = 60000, BAR_HEIGHT = 50, PATH_SIZE = 256, NOTH
 static struct {
     zof_task_t *schedule_task;
     u32 schedule_time; // ms the watch has run
-    u8 down_start;     // a copy was started; there is no second one in the life of the program
+    u8 down_start;     // a copy was started; the program never starts a second one
     u8 ended;          // its result is on the screen
     u32 filesum;       // files to copy; 0: not counted, and no progress is painted
     u32 last_schedule; // percent last painted
@@ -30,7 +30,7 @@ static struct {
     lv_obj_t *sch_screen;
     lv_obj_t *bar1;
     lv_obj_t *label1; // percent, on the bar
-    lv_obj_t *label2; // what is renewed
+    lv_obj_t *label2; // what is being updated
     lv_obj_t *label3; // result
 } screen;
 
@@ -119,13 +119,13 @@ char *zof_func_check_res_exist(const char *dir, const char *file) {
     return nullptr;
 }
 
-// Starts copying a folder of one medium over another medium, if there is such a folder; a link does not count.
+// Starts copying a folder of one medium over another medium, if there is such a folder; links do not count.
 static void update_try(const char *medium, const char *folder, const char *target, bool counted) {
     char src[PATH_SIZE];
     const char *disk = zof_res_get_prjfile_path(MEDIA, medium);
     const s32 n = disk ? snprintf(src, sizeof(src), "%s%s", disk, folder) : -1;
     if (n + 4 >= PATH_SIZE) {
-        static bool logged; // the watch comes here every 200 ms
+        static bool logged; // the watch gets here every 200 ms
         if (!logged) {
             zof_printf("path too long, no update from there: %.80s...\n", disk);
         }
@@ -135,11 +135,11 @@ static void update_try(const char *medium, const char *folder, const char *targe
     if (n < 0 || zof_file_kind(src) != ZOF_FILE_FOLDER) {
         return;
     }
-    if (watch.down_start) { // also when that copy is over by now
-        zof_printf("%s is left alone: another medium came first\n", src);
+    if (watch.down_start) { // even when that copy has finished
+        zof_printf("%s is ignored: another medium came first\n", src);
         return;
     }
-    // The third element lets the copy go into the target itself.
+    // The third element makes the copy go into the target itself.
     snprintf(src + n, sizeof(src) - (size_t)n, "/./");
     zof_func_bar_show("./");
     if (counted) {
@@ -165,8 +165,8 @@ static void progress_paint() {
     zof_func_bar_set_value(suc, fail, watch.filesum);
 }
 
-// The files that were really there count: after a copy that was not counted, of an empty folder, or of a disk that
-// changed meanwhile, progress alone would never reach its end.
+// Uses the number of files that were really there: after a copy that was not counted, of an empty folder, or of a disk
+// that changed meanwhile, progress alone would never reach its end.
 static void result_show() {
     u32 suc = 0;
     u32 fail = 0;
@@ -181,7 +181,7 @@ static void result_show() {
     zof_delay(100);
 }
 
-// A copy that takes longer than the watch is watched to its end: until then the screen asks not to turn off the power.
+// Keeps watching a copy that takes longer than the watch: until it ends the screen asks not to turn off the power.
 static void zof_func_schedule_udisk(zof_task_t *task) {
     const bool copying = zof_dir_copy_async_statue() == 0;
     watch.schedule_time += watch.schedule_time <= WATCH_MS ? PERIOD_MS : 0;

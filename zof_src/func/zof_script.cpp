@@ -15,16 +15,16 @@
 
 enum { STEP_MS = 10, TAP_MS = 60, LINE_SIZE = 512, ARG_COUNT = 6, NUMBER_MAX = 1000000000 };
 
-// The session under way. `deadline` is when the present command is over; `again` repeats it at the next step.
+// The running session. `deadline` is when the current command ends; `again` repeats it at the next step.
 static struct {
     const char *path;
     char *text; // what is left of the file
     char *next;
     u32 line;
-    char words[LINE_SIZE]; // the present line, cut into args
+    char words[LINE_SIZE]; // the current line, split into args
     char *args[ARG_COUNT];
     s32 argc;
-    u32 started, steps; // of the present command
+    u32 started, steps; // of the current command
     s32 x, y;           // of the pointer
 } script;
 
@@ -53,8 +53,8 @@ static u32 elapsed() {
     return zof_sys_time_ms() - script.started;
 }
 
-// How long the finger has rested. It counts in steps, too: where a step lasts longer than a tap, the widgets still have
-// to see each of its halves.
+// How long the finger has rested. Steps count too: where a step lasts longer than a tap, the widgets must still see
+// each half of it.
 static u32 rested() {
     return LV_MIN(elapsed(), script.steps * (TAP_MS / 3));
 }
@@ -150,7 +150,7 @@ static step_e cmd_quit() {
 
 static constexpr struct {
     const char *name;
-    s32 argc; // with the name; the last takes the rest of the line
+    s32 argc; // including the name; the last one takes the rest of the line
     step_e (*run)();
 } commands[] = {
     {"wait", 2, cmd_wait},       {"tap", 3, cmd_tap},     {"press", 3, cmd_press}, {"move", 3, cmd_press},
@@ -165,7 +165,7 @@ static void trim_end(char *text) {
     }
 }
 
-// Cuts the next line that holds a command into args; false at the end of the file.
+// Splits the next line that contains a command into args; false at the end of the file.
 static bool next_line() {
     while (script.next && *script.next) {
         char *line = script.next;
@@ -189,7 +189,7 @@ static bool next_line() {
     return false;
 }
 
-// Blanks part the words; the last of a command's words takes the rest of its line.
+// Spaces separate the words; the last of a command's words takes the rest of its line.
 static void split(s32 count) {
     while (script.argc < count) {
         char *gap = strpbrk(script.args[script.argc - 1], " \t");

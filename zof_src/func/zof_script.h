@@ -1,4 +1,4 @@
-// A scripted session: what a person would do, from a file. For runs without a display, pictures, and tests.
+// A scripted session: what a user would do, from a file. For runs without a display, pictures, and tests.
 #ifndef ZOF_SCRIPT_H
 #define ZOF_SCRIPT_H
 
@@ -7,7 +7,7 @@
 ZOF_C_BEGIN
 
 // Plays the file that the environment variable ZOF_SCRIPT names, if it is set. Graphics thread, once, after the first
-// view stands. One command a line, "#" begins a comment:
+// view is shown. One command a line, "#" begins a comment:
 //   wait MS               tap X Y             press X Y      move X Y       release
 //   drag X Y X2 Y2 MS     shot FILE.png       lang NAME      view ID        quit
 // Pictures go into the folder that ZOF_SHOTS names, else into the current one.

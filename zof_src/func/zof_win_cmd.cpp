@@ -1,4 +1,4 @@
-// The command line: help, the version, and the call of a build step that stamps its time into the project file.
+// The command line: help, the version, and the build step that stamps its time into the project file.
 #include <stdio.h>
 #include <string.h>
 
@@ -10,7 +10,7 @@
 
 static const char prj_file[] = "../../res/config/project/zofprj.g";
 
-// Only a key of exactly this name counts: cJSON's own look-up would take COMP_TIME for it and leave two.
+// Only a key of exactly this name counts: cJSON's own lookup would accept COMP_TIME and leave two keys.
 static void stamp(cJSON *root, const char *time) {
     cJSON *value = cJSON_CreateString(time);
     if (cJSON_GetObjectItemCaseSensitive(root, "comp_time")) {
@@ -24,11 +24,11 @@ static bool is_word(const char *text, const char *a, const char *b) {
     return strcmp(text, a) == 0 || strcmp(text, b) == 0;
 }
 
-// True when a question was answered.
+// Returns true when it answered a question.
 static bool question_answer(const char *program, const char *word) {
     if (is_word(word, "-h", "--help")) {
         zof_printf("usage: %s\n"
-                   "Shows the project res/config/project/zofprj.g, looked for two folders above and here.\n\n"
+                   "Shows the project res/config/project/zofprj.g, looked for two folders up and in this one.\n\n"
                    "  -h, --help       prints this\n"
                    "  -V, --version    prints the version of the runtime\n"
                    "  t -tSTAMP        writes STAMP as \"comp_time\" into ../../res and ends\n\n"

@@ -1,6 +1,6 @@
-// PNG and JPEG files for LVGL, in front of its own decoders. PNG is decoded by LVGL's library, so that a panel without
-// media does without FFmpeg, but with the size, the opacity and the damage of a picture known before it is opened. JPEG
-// is decoded by FFmpeg, which knows every kind of it; LVGL's own decoder does not.
+// PNG and JPEG files for LVGL, ahead of its own decoders. LVGL's library decodes PNG, so that a panel without media
+// needs no FFmpeg; here size, opacity and damage of a picture are known before it is opened. FFmpeg decodes JPEG, in
+// all its kinds, which LVGL's own decoder does not.
 #include <stdlib.h>
 #include <string.h>
 
@@ -17,10 +17,10 @@ extern "C" {
 
 enum { PNG_FILE_MOST = 64 << 20, PNG_PIXEL_BYTES_MOST = 8 };
 
-// The picture whose size was asked for last, a frame or the pixels of a PNG. Its size is known when it is decoded; and
-// LVGL asks right before it opens a picture, so what was decoded for the question is kept for that. It also asks when
-// an image gets its source: a PNG is not decoded again while its file has the same bytes. Not in LVGL's memory, which
-// is counted: the picture may never be opened.
+// The picture whose size was last asked for: a frame, or the pixels of a PNG. The size is only known once it is
+// decoded, and LVGL asks right before it opens a picture, so the result is kept until then. LVGL also asks when an image
+// gets its source; a PNG is not decoded again while its file has the same bytes. The result is not in LVGL's memory,
+// which is counted, because the picture may never be opened.
 static struct {
     AVFrame *frame;
     u8 *pixels;
@@ -50,7 +50,7 @@ static bool jpeg_open(ff_media *m, const char *path) {
     return true;
 }
 
-// The first frame of the file; null for none.
+// Returns the first frame of the file; null if there is none.
 static AVFrame *frame_load(const char *path) {
     ff_media m = {};
     if (!jpeg_open(&m, path)) {
@@ -83,7 +83,7 @@ static bool side_fits(s64 side) {
     return side > 0 && side <= FF_LVGL_SIDE_MOST;
 }
 
-// LVGL's order of colours, in memory of our own.
+// Converts to LVGL's order of colours, in memory of our own.
 static u8 *png_pixels(const u8 *rgba, size_t bytes) {
     auto *pixels = (u8 *)malloc(bytes);
     for (size_t i = 0; pixels && i < bytes; i += 4) {
@@ -93,7 +93,7 @@ static u8 *png_pixels(const u8 *rgba, size_t bytes) {
     return pixels;
 }
 
-// Decodes a file in memory. What its data inflates to is bounded by its size in pixels.
+// Decodes a file in memory. Its size in pixels limits what its data may inflate to.
 static void png_decode(const u8 *file, size_t size) {
     LodePNGState state;
     lodepng_state_init(&state);

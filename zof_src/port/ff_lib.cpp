@@ -1,4 +1,4 @@
-// The libraries that this was compiled for, by the major version that is part of their names.
+// The libraries that this was compiled for, by the major version in their names.
 #include "port/ff_lib.h"
 
 #include "port/zof_host.h"
@@ -6,7 +6,7 @@
 
 ff_lib ff;
 
-// A function and where its address goes.
+// A function and where to store its address.
 struct ff_row {
     const char *name;
     void *slot;
@@ -42,8 +42,9 @@ static bool libraries_open() {
             *(void **)library.rows[i].slot = address;
         }
         if (!handle) {
-            zof_printf("media: FFmpeg's library %s, version %d, is missing; no clip, compressed sound or JPEG is shown",
-                       library.name, library.major);
+            zof_printf(
+                "media: FFmpeg's library %s, version %d, is missing; clips, compressed sound and JPEG do not work",
+                library.name, library.major);
             return false;
         }
     }

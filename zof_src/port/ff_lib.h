@@ -1,6 +1,6 @@
-// FFmpeg's libraries, which are opened with the first clip, compressed sound or JPEG picture: they bring a hundred
-// others along, which would more than double the time that a panel takes to start. FFmpeg is called through the one
-// table that is filled then: ff.avcodec_open2(...). Internal to the port.
+// FFmpeg's libraries, which are opened with the first clip, compressed sound or JPEG picture. They pull in a hundred
+// others, which would more than double the start-up time of a panel. All calls go through the one table that is filled
+// in then: ff.avcodec_open2(...). Internal to the port.
 #ifndef FF_LIB_H
 #define FF_LIB_H
 
@@ -12,7 +12,7 @@ extern "C" {
 #include <libswscale/swscale.h>
 }
 
-// The functions of each library that are called.
+// The functions of each library that are used.
 // clang-format off
 #define FF_AVUTIL(X) X(av_channel_layout_default) X(av_dict_free) X(av_dict_set_int) X(av_frame_alloc) \
     X(av_frame_free) X(av_frame_move_ref) X(av_frame_unref) X(av_free) X(av_freep) X(av_log_set_level) X(av_malloc) \
@@ -34,8 +34,8 @@ struct ff_lib {
 };
 extern ff_lib ff;
 
-// Opens the libraries at its first call; any thread. False, after one line in the log, when one is missing: then
-// nothing of `ff` may be called.
+// Opens the libraries at its first call; any thread. Returns false, and logs that once, when one is missing: then
+// nothing in `ff` may be called.
 bool ff_lib_open(void);
 
 #endif

@@ -1,4 +1,4 @@
-// Opening media files with nothing but our own reading under FFmpeg, and within bounds.
+// Opens media files within bounds, and lets FFmpeg read through our own functions only.
 #include "port/ff_media.h"
 
 #include <stdio.h>
@@ -12,7 +12,7 @@
 enum { IO_BLOCK = 32768, STREAMS_MOST = 16, PROBE_BYTES = 1 << 20, LOOK_US = 2000000, FOREIGN_PACKETS = 4000 };
 enum { RATE_MOST = 192000, CHANNELS_MOST = 8 };
 
-// The one demuxer for each name: a file is what it is called, and is not guessed at.
+// The one demuxer for each extension: the name decides what a file is, nothing is probed.
 static const struct {
     const char *extension, *demuxer;
 } demuxers[] = {{".mp4", "mov"}, {".mp3", "mp3"}, {".aac", "aac"}, {".jpg", "jpeg_pipe"}};
@@ -121,7 +121,7 @@ static bool format_alloc(ff_media *m) {
     return true;
 }
 
-// What a stream says of itself, before a decoder allocates by it.
+// Checks what a stream declares before a decoder allocates memory for it.
 static bool within_bounds(const AVCodecParameters *p) {
     switch (p->codec_type) {
     case AVMEDIA_TYPE_VIDEO:
@@ -141,7 +141,7 @@ static bool streams_look(ff_media *m) {
         good = within_bounds(m->format->streams[i]->codecpar);
         ff.av_dict_set_int(&options[i], "max_pixels", (s64)FF_SIDE_MOST * FF_SIDE_MOST, 0);
     }
-    // A file may have no streams before it is looked into.
+    // A file may have no streams before it is probed.
     good = (good || count == 0) && ff.avformat_find_stream_info(m->format, options) >= 0 && m->format->nb_streams > 0;
     for (AVDictionary *&one : options) {
         ff.av_dict_free(&one);
@@ -188,7 +188,7 @@ const char *ff_codec_open(ff_media *m, AVMediaType type) {
     return ff.avcodec_open2(m->codec, decoder, nullptr) < 0 ? "Failed to open decoder!\n" : nullptr;
 }
 
-// A scan covers the whole picture again, and may have no more than a few bytes for it. Useful pictures have 10 or so.
+// Each scan covers the whole picture again, and may need only a few bytes for it. Useful pictures have about 10.
 enum { SCANS_MOST = 100, SCANNED_PIXELS_MOST = 50 << 20 };
 
 struct jpeg_facts {
@@ -196,8 +196,8 @@ struct jpeg_facts {
     u32 scans;
 };
 
-// Walks over the segments; in front of the next one the data of a scan is skipped, where 0xFF is followed by 0 or is a
-// restart.
+// Walks over the segments and skips the data of a scan before the next one; in that data 0xFF is followed by 0 or a
+// restart marker.
 static jpeg_facts jpeg_look(const u8 *p, int size) {
     enum { FRAME_FIRST = 0xC0, TABLES = 0xC4, FRAME_LAST = 0xCF, RESTART_FIRST = 0xD0, START = 0xD8, SCAN = 0xDA };
     jpeg_facts facts = {};
@@ -277,7 +277,7 @@ SwsContext *ff_scaler(int from_w, int from_h, int from_format, int w, int h) {
     if (!(d->flags & AV_PIX_FMT_FLAG_RGB) && d->nb_components >= 2 && ((from_w | from_h) & 7)) {
         flags |= SWS_ACCURATE_RND;
     }
-    // BGR0 would keep the unused byte of formats that have one, and the window takes it for transparency.
+    // BGR0 would keep the unused byte of formats that have one, and the window would take it for transparency.
     return ff.sws_getContext(from_w, from_h, (AVPixelFormat)from_format, w, h, AV_PIX_FMT_BGRA, flags, nullptr, nullptr,
                              nullptr);
 }

@@ -1,6 +1,5 @@
-// The player of clips. One frame is decoded ahead; when its own time has come it is scaled straight into the picture
-// that LVGL draws. Sound is played by another thread, so a main loop that comes late skips frames instead of showing
-// them late.
+// The clip player. One frame is decoded ahead; when it is due it is scaled straight into the picture that LVGL draws.
+// Another thread plays the sound, so a main loop that is late skips frames instead of showing them late.
 #include <string.h>
 
 #include "drv/zof_drv.h"
@@ -9,26 +8,26 @@
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
-// A tick decodes SKIP_MOST frames at most and a frame takes PACKETS_MOST packets at most, so that the screen stays
-// alive.
+// A tick decodes at most SKIP_MOST frames, and a frame takes at most PACKETS_MOST packets, so that the screen stays
+// responsive.
 enum { FRAME_MS = 33, PERIOD_MOST_MS = 10000, TIME_MOST_MS = 1 << 30, SKIP_MOST = 8, PACKETS_MOST = 512 };
 
 struct ffmpeg_context {
     ff_media media;
-    SwsContext *scaler; // made with the first frame
+    SwsContext *scaler; // created with the first frame
     AVFrame *frame;     // the next one to show
-    AVFrame *shown;     // the latest whose time has come
+    AVFrame *shown;     // the latest one that was due
     AVPacket *packet;
     int width, height, format; // of the clip when it was opened; a frame of another size ends it
     bool has_alpha;
     AVRational time_base; // seconds in a unit of the frames' times
-    u32 frame_ms;         // the usual distance of two frames
-    bool begun;           // a frame was asked for since the clip was rewound
+    u32 frame_ms;         // the usual time between two frames
+    bool begun;           // a frame was requested since the clip was rewound
     bool ahead;           // `frame` holds one
-    bool drained;         // the file has ended, the decoder gives the frames that it still has
+    bool drained;         // the file has ended, the decoder returns its remaining frames
     u32 started_ms;       // when the clip's time was 0
     s64 due_ms;           // the clip's time at which `frame` is due, or at which the clip ends
-    s64 lead_ms;          // what the clip's time is ahead of the frames' own
+    s64 lead_ms;          // how far the clip's time is ahead of the frames' own
 };
 
 struct lv_ffmpeg_player_t {
@@ -87,7 +86,7 @@ static bool picture_make(lv_ffmpeg_player_t *p) {
     return true;
 }
 
-// The stream's average distance of two frames; 33 ms where it makes no sense.
+// Returns the stream's average time between two frames; 33 ms if that makes no sense.
 static u32 frame_ms_of(const AVStream *stream) {
     const AVRational rate = stream->avg_frame_rate;
     const s64 period = rate.num > 0 && rate.den > 0 ? 1000ll * rate.den / rate.num : 0;
@@ -149,7 +148,7 @@ static void clip_rewind(ffmpeg_context *c) {
     c->due_ms = 0;
 }
 
-// Starts or goes on: the frame that is ahead is due now.
+// Starts or resumes: the frame that was decoded ahead is due now.
 static void time_begin(lv_ffmpeg_player_t *p) {
     p->ffmpeg_ctx->started_ms = zof_sys_time_ms() - (u32)p->ffmpeg_ctx->due_ms;
     lv_timer_resume(p->timer);
@@ -172,7 +171,7 @@ void lv_ffmpeg_player_set_cmd(lv_obj_t *player, u32 command) {
     }
 }
 
-// Hands the decoder the next packet, or the news that there are no more. False when it takes neither.
+// Sends the decoder the next packet, or the end of the file. False when it accepts neither.
 static bool packet_send(ffmpeg_context *c) {
     if (c->drained) {
         return false;
@@ -197,8 +196,8 @@ static bool frame_decode(ffmpeg_context *c) {
     return false;
 }
 
-// When the frame that was decoded is due, from its own time. Times that run backwards or leap start a new count, one
-// usual distance behind the frame before.
+// Returns when the decoded frame is due, by its own time. Times that run backwards or jump start a new count, one usual
+// interval after the previous frame.
 static s64 frame_due(ffmpeg_context *c) {
     const s64 pts = c->frame->best_effort_timestamp;
     const s64 own = pts == AV_NOPTS_VALUE ? -1 : ff.av_rescale_q(pts, c->time_base, {1, 1000});
@@ -211,7 +210,7 @@ static s64 frame_due(ffmpeg_context *c) {
     return usual;
 }
 
-// Gets the next frame ahead, or finds the end of the clip, which is when the last frame was shown for its time.
+// Decodes the next frame ahead, or finds the end of the clip, which is when the last frame was shown for its time.
 static void frame_next(ffmpeg_context *c) {
     ff.av_frame_unref(c->frame);
     c->ahead = frame_decode(c);
@@ -219,16 +218,16 @@ static void frame_next(ffmpeg_context *c) {
     c->begun = true;
 }
 
-// Milliseconds until `due_ms`; 0 or less when it has passed.
+// Returns the milliseconds until `due_ms`; 0 or less when it has passed.
 static s32 due_in(const ffmpeg_context *c) {
     return (s32)((u32)c->due_ms - (zof_sys_time_ms() - c->started_ms));
 }
 
-// False for what ends the clip.
+// Returns false when the clip must end.
 static bool frame_show(lv_ffmpeg_player_t *p) {
     ffmpeg_context *c = p->ffmpeg_ctx;
     const AVFrame *f = c->shown;
-    if (c->format == AV_PIX_FMT_NONE) { // some codecs say it with the first frame only
+    if (c->format == AV_PIX_FMT_NONE) { // some codecs report it with the first frame only
         c->format = f->format;
     }
     if (f->width != c->width || f->height != c->height || f->format != c->format) {
@@ -242,7 +241,7 @@ static bool frame_show(lv_ffmpeg_player_t *p) {
     return ff_scale(c->scaler, f, (u8 *)p->imgdsc.data, w, h);
 }
 
-// Shows the latest frame whose time has come. False when the clip has ended.
+// Shows the latest frame that is due. Returns false when the clip has ended.
 static bool clip_play(lv_ffmpeg_player_t *p) {
     ffmpeg_context *c = p->ffmpeg_ctx;
     if (!c->begun) {

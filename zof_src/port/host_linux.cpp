@@ -1,4 +1,4 @@
-// Linux: clock, folders, files and the desktop's size. The serial line is host_linux_serial.cpp.
+// Linux: clock, folders, files and the desktop's size. The serial line is in host_linux_serial.cpp.
 #include <dirent.h>
 #include <dlfcn.h>
 #include <errno.h>
@@ -21,10 +21,10 @@ struct zof_host_dir {
     DIR *dir;
 };
 
-// The test's clock, or null for the host's own; read by every thread.
+// The test's clock, or null for the host's own; read by all threads.
 static std::atomic<const zof_clock_t *> g_clock{nullptr};
 
-// Writing to a pipe without a reader then fails instead of ending the process.
+// Makes a write to a pipe without a reader fail instead of ending the process.
 void zof_host_start(void) {
     signal(SIGPIPE, SIG_IGN);
 }

@@ -1,4 +1,4 @@
-// Linux: opening files, and changes that a power cut must not tear.
+// Linux: opening files, and changes that must survive a power cut.
 #include <errno.h>
 #include <fcntl.h>
 #include <signal.h>
@@ -30,7 +30,7 @@ static FILE *stream(int fd, const char *mode) {
 }
 
 // Checked before the file is opened, because opening a device may start it (a watchdog, a tape), and again afterwards,
-// because the name may have changed hands in between. O_NONBLOCK matters for a pipe that arrives in between only.
+// because the name may refer to something else by then. O_NONBLOCK only matters for a pipe that appears in between.
 static int regular_open(const char *path, int flags) {
     struct stat st;
     if (stat(path, &st) == 0 && !S_ISREG(st.st_mode)) {
@@ -50,7 +50,7 @@ FILE *zof_host_file_read_open(const char *path) {
     return stream(regular_open(path, O_RDONLY), "rb");
 }
 
-// Emptied once it is known to be a regular file.
+// Emptied only when it is known to be a regular file.
 FILE *zof_host_file_write_open(const char *path, zof_bool keep) {
     const int fd = regular_open(path, O_RDWR | (keep ? 0 : O_CREAT));
     if (fd >= 0 && !keep && ftruncate(fd, 0) != 0) {
@@ -67,12 +67,12 @@ FILE *zof_host_file_open(const char *path) {
 FILE *zof_host_file_create(const char *path) {
     FILE *f = stream(open(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666), "wb");
     if (f) {
-        setvbuf(f, nullptr, _IONBF, 0); // a write that fails is to fail where it is made
+        setvbuf(f, nullptr, _IONBF, 0); // a failing write must fail in its own call
     }
     return f;
 }
 
-// The kernel has resolved the path once it is open: three calls, however long the path.
+// The kernel has resolved the path once it is open: three calls for any length.
 s32 zof_host_real_path(const char *path, char *out, size_t size) {
     const int fd = open(path, O_PATH | O_CLOEXEC);
     char link[40];
@@ -116,7 +116,7 @@ static void holder_find(int fd, char *holder, size_t size) {
     }
 }
 
-// The folder itself is locked: a file made for it would stay on the medium.
+// Locks the folder itself: a file created for the lock would stay on the medium.
 s32 zof_host_folder_lock(const char *path, char *holder, size_t size) {
     const int fd = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd < 0 || flock(fd, LOCK_EX | LOCK_NB) == 0) {
@@ -143,7 +143,7 @@ s32 zof_host_file_sync(FILE *f) {
 void zof_host_folder_sync(const char *path) {
     const int fd = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd >= 0) {
-        fsync(fd); // some file systems have no such thing for folders
+        fsync(fd); // some file systems do not support it for folders
         close(fd);
     }
 }

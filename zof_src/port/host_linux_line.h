@@ -4,10 +4,11 @@
 
 #include "port/zof_host.h"
 
-// The control flags that a line's settings become; apart, so that a test can look at bits that a pseudo-terminal drops.
+// Returns the control flags for a line's settings; separate, so that a test can check bits that a pseudo-terminal
+// drops.
 u32 host_line_cflag(const zof_host_line_t *line);
 
-// The host's own clock, whatever a test has put in its place: for waits in system calls.
+// The host's own clock, even when a test has replaced it: for waits in system calls.
 u64 host_monotonic_ms(void);
 
 #endif

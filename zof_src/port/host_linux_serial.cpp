@@ -1,7 +1,7 @@
-// Linux serial lines over termios2, so that any rate can be set, not only those with a constant. A device that is
-// missing, at the start or later, is looked for by the reader thread. One lock guards the descriptor: the reader takes
-// it only to swap the descriptor, never while it opens or closes one, because senders wait for it with the graphics
-// lock in hand.
+// Linux serial lines over termios2, so that any rate can be set, not only those with a constant. The reader thread
+// looks for a device that is missing, at the start or later. One lock guards the descriptor. The reader takes it only
+// to swap the descriptor, never while it opens or closes one, because senders wait for it while they hold the graphics
+// lock.
 #include <asm/termbits.h>
 #include <errno.h>
 #include <fcntl.h>
@@ -28,15 +28,15 @@ enum { BITS_PER_BYTE = 12 }; // start, data, parity, two stop bits
 
 struct zof_host_serial {
     std::mutex lock;        // guards fd, line, choked and patience
-    std::atomic<int> users; // the owner, and each thread inside receive; the last one out releases it
-    int fd;                 // -1 while the device is away
+    std::atomic<int> users; // the owner, and each thread inside receive; the last one releases it
+    int fd;                 // -1 while the device is missing
     int wake;               // readable once the line is closed
     s32 port;               // its number, for messages
     bool seen;              // the device has been open; reader thread, after the start
-    bool choked;            // the far end does not read: no waiting until it does
-    u64 patience;           // nor before this time
+    bool choked;            // the peer does not read: no waiting until it does
+    u64 patience;           // and not before this time
     zof_host_line_t line;
-    struct stat name; // what stood under `path` when it was last opened: a link, or the device
+    struct stat name; // what was at `path` when it was last opened: a link, or the device
     char path[256];
 };
 
@@ -57,7 +57,7 @@ static bool port_path(s32 port, char *out, size_t size) {
     return need > 0 && (size_t)need < size;
 }
 
-// A pseudo-terminal takes 8N1 only and drops the other bits without a word, so a difference is no failure.
+// A pseudo-terminal supports only 8N1 and silently drops the other bits, so a difference is not a failure.
 static bool line_apply(int fd, const zof_host_line_t *line) {
     struct termios2 t;
     if (ioctl(fd, TCGETS2, &t) != 0) {
@@ -73,7 +73,8 @@ static bool line_apply(int fd, const zof_host_line_t *line) {
     return ioctl(fd, TCSETS2, &t) == 0;
 }
 
-// Opens, locks and sets the device. -1 with the reason in `why`; `lasting` is then true for what is no serial line.
+// Opens, locks and sets up the device. Returns -1 with the reason in `why`; `lasting` is then true if this is not a
+// serial line.
 static int device_open(const char *path, const zof_host_line_t *line, const char **why, bool *lasting) {
     *lasting = false;
     const int fd = open(path, O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
@@ -86,9 +87,9 @@ static int device_open(const char *path, const zof_host_line_t *line, const char
         *why = "another program has it";
     } else if (!line_apply(fd, line)) {
         *lasting = errno == ENOTTY;
-        *why = *lasting ? "it is no serial line" : zof_host_error();
+        *why = *lasting ? "it is not a serial line" : zof_host_error();
     } else {
-        // No TIOCEXCL: a pseudo-terminal that its far end keeps open would stay locked after this process has ended.
+        // No TIOCEXCL: a pseudo-terminal that its peer keeps open would stay locked after this process has ended.
         ioctl(fd, TCFLSH, TCIOFLUSH);
         return fd;
     }
@@ -102,15 +103,15 @@ static void name_keep(zof_host_serial_t *s) {
     }
 }
 
-// The number of a pseudo-terminal that has ended goes to the next one that is opened, perhaps somebody's shell. So it
-// is taken again only through a link that has been made since.
+// The number of a pseudo-terminal that has ended is reused for the next one, perhaps somebody's shell. So it is opened
+// again only through a link that was created since.
 static bool may_reopen(const zof_host_serial_t *s) {
     char *real = realpath(s->path, nullptr);
     const bool pseudo = real && strncmp(real, "/dev/pts/", 9) == 0;
     free(real);
     struct stat now;
     if (!pseudo || lstat(s->path, &now) != 0) {
-        return true; // a device of its own, or there is none to open
+        return true; // a real device, or nothing to open
     }
     const timespec &then = s->name.st_ctim;
     const bool same = now.st_ino == s->name.st_ino && now.st_dev == s->name.st_dev &&
@@ -136,7 +137,7 @@ static void opened_log(const zof_host_serial_t *s) {
                "NOE"[s->line.parity], s -> line.stop_bits);
 }
 
-// A device that is missing or busy is waited for; a file that is no serial line is not.
+// Waits for a device that is missing or busy, but not for a file that is not a serial line.
 static bool first_open(zof_host_serial_t *s) {
     const char *why = "its name is too long";
     bool lasting = true;
@@ -190,8 +191,8 @@ static bool room_wait(const zof_host_serial_t *s, u64 deadline) {
     return now < deadline && poll(&p, 1, (int)(deadline - now)) > 0 && (p.revents & POLLOUT);
 }
 
-// Writes what the line takes. The wait begins again with every byte that goes out, as long as the line is no slower
-// than its rate. Returns the bytes written; `full` is true when the line took no more in time.
+// Writes what the line accepts. The wait starts again with every byte sent, as long as the line is no slower than its
+// rate. Returns the bytes written; `full` is true when the line accepted no more in time.
 static u32 line_write(const zof_host_serial_t *s, const u8 *data, u32 size, bool patient, bool *full) {
     const u64 start = host_monotonic_ms();
     const u64 needed = (u64)size * BITS_PER_BYTE * 1000 / (s->line.baud ? s->line.baud : 1);
@@ -214,8 +215,8 @@ static u32 line_write(const zof_host_serial_t *s, const u8 *data, u32 size, bool
     return sent;
 }
 
-// The caller holds the graphics lock, so a far end that does not read may cost SEND_WAIT_MS once and nothing after, and
-// one that reads drop by drop the same once in CHOKED_MS. A device that is gone is reported by the reader.
+// The caller holds the graphics lock. So a peer that does not read may cost SEND_WAIT_MS once and nothing afterwards,
+// and one that reads slowly the same once every CHOKED_MS. The reader reports a device that is gone.
 s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size) {
     std::lock_guard guard(s->lock);
     const u64 start = host_monotonic_ms();
@@ -251,7 +252,7 @@ static zof_host_line_t line_now(zof_host_serial_t *s) {
     return s->line;
 }
 
-// Reader thread. Takes the device if it is there.
+// Reader thread. Opens the device if it is there.
 static bool device_look(zof_host_serial_t *s) {
     const char *why;
     bool lasting;
@@ -263,7 +264,7 @@ static bool device_look(zof_host_serial_t *s) {
     name_keep(s);
     {
         std::lock_guard guard(s->lock);
-        line_apply(fd, &s->line); // it may have been changed meanwhile
+        line_apply(fd, &s->line); // it may have changed meanwhile
         s->fd = fd;
         s->choked = false;
         s->patience = 0;
@@ -325,7 +326,7 @@ void zof_host_serial_close(zof_host_serial_t *s) {
     }
     const u64 one = 1;
     if (write(s->wake, &one, sizeof(one)) != (ssize_t)sizeof(one)) {
-        zof_printf("serial line %s: its reader cannot be woken: %s", s->path, zof_host_error());
+        zof_printf("serial line %s: cannot wake its reader: %s", s->path, zof_host_error());
     }
     line_release(s);
 }

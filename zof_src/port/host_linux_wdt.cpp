@@ -1,4 +1,4 @@
-// Linux's watchdog. Graphics thread only, as the task that feeds it.
+// Linux's watchdog. Graphics thread only, like the task that feeds it.
 #include <errno.h>
 #include <fcntl.h>
 #include <linux/watchdog.h>
@@ -14,7 +14,7 @@ static const char device[] = "/dev/watchdog";
 
 static struct {
     int fd;      // -1 while closed
-    int seconds; // 0: the device's own
+    int seconds; // 0: the device's default
 } wdt = {-1, 0};
 
 static s32 apply_timeout() {
@@ -33,7 +33,7 @@ static s32 wdt_open() {
     return apply_timeout();
 }
 
-// The letter tells the device that the program means it: without it the machine restarts.
+// The letter tells the device that closing is intended: without it the machine restarts.
 static s32 wdt_close() {
     if (wdt.fd < 0) {
         return -1;

@@ -1,6 +1,6 @@
 // The window: a frame store whose changed parts are copied to the window's surface, and the events of mouse, touch and
-// keyboard. Without a display SDL draws off the screen; without SDL at all the frame store alone goes on, so that
-// screenshots work everywhere.
+// keyboard. Without a display SDL draws off the screen; without SDL the frame store works alone, so that screenshots
+// work everywhere.
 #include <SDL.h>
 
 #include <stdlib.h>
@@ -23,9 +23,9 @@ enum { EVENT_PERIOD_MS = 10, KEY_BUFFER = 32, BRIGHT_FULL = 255 };
 // The window and its picture.
 static struct {
     SDL_Window *window;
-    SDL_Surface *surface; // the window's own, to find out when SDL has made another one
+    SDL_Surface *surface; // the window's own, to notice when SDL has replaced it
     SDL_Surface *picture; // the frame store, as SDL sees it
-    SDL_Rect changed;     // of the picture, since it was last shown
+    SDL_Rect changed;     // part of the picture that changed since it was last shown
     u32 *tft_fb;
     SDL_threadID thread; // the graphics thread: the only one that may touch the window
 } monitor;
@@ -35,16 +35,16 @@ static std::atomic<u8> sdl_quit_qry;
 static std::atomic<u8> bright_wanted{BRIGHT_FULL}; // set by any thread
 static u8 bright_shown = BRIGHT_FULL;              // applied by the graphics thread
 
-// What mouse, wheel and keyboard did last.
+// The latest state of mouse, wheel and keyboard.
 static u8 left_button_down;
-static u8 press_unread; // a press that was over before the widgets looked: they still get it once
+static u8 press_unread; // a press that ended before the widgets read it: they still get it once
 static s16 last_x, last_y;
 static u8 wheel_state;
 static s16 wheel_diff;
 static char key_buffer[KEY_BUFFER];
 static u8 key_down;
 
-// Runs on the thread that raises the event, so it only leaves a mark.
+// Runs on the thread that raises the event, so it only sets a flag.
 static int quit_filter(void *, SDL_Event *event) {
     if (event->type == SDL_QUIT || (event->type == SDL_WINDOWEVENT && event->window.event == SDL_WINDOWEVENT_CLOSE)) {
         sdl_quit_qry = 1;
@@ -56,12 +56,12 @@ static bool memory_driver(const char *name) {
     return name && (strcmp(name, "offscreen") == 0 || strcmp(name, "dummy") == 0);
 }
 
-// The display of the environment, else SDL's drivers that need none.
+// Uses the display of the environment, else SDL's drivers that need none.
 static bool video_start() {
     const char *asked = SDL_getenv("SDL_VIDEODRIVER");
     if (SDL_Init(SDL_INIT_VIDEO) == 0) {
         if (memory_driver(SDL_GetCurrentVideoDriver()) && !memory_driver(asked)) {
-            zof_printf("window: no display was found; drawing off the screen");
+            zof_printf("window: no display found; drawing off the screen");
         }
         return true;
     }
@@ -78,8 +78,8 @@ static bool video_start() {
     return false;
 }
 
-// SDL would hand our finished picture to OpenGL, which without a graphics card costs more than drawing it did. Other
-// drivers than these have no other way to show it.
+// SDL would pass our finished picture to OpenGL, which without a graphics card costs more than drawing it did. Drivers
+// other than these have no other way to show it.
 static void plain_framebuffer() {
     const char *driver = SDL_GetCurrentVideoDriver();
     if (memory_driver(driver) || (driver && strcmp(driver, "x11") == 0)) {
@@ -137,7 +137,7 @@ void sdl_init(void) {
         zoom_choose();
     }
     if (!video || !window_open()) {
-        zof_printf("window: %s; going on without one", SDL_GetError());
+        zof_printf("window: %s; continuing without one", SDL_GetError());
         window_drop();
     }
     if (monitor.window) {
@@ -148,8 +148,8 @@ void sdl_init(void) {
     win_loop_init();
 }
 
-// Copies a part of the picture to the window, and shows it. At half the size a part begins and ends at even places, so
-// that each pixel of the window comes from the same one of the picture as in a whole copy.
+// Copies a part of the picture to the window, and shows it. At half size a part begins and ends at even positions, so
+// that each pixel of the window comes from the same pixels as in a whole copy.
 static void window_update(SDL_Rect part) {
     SDL_Surface *surface = monitor.picture ? SDL_GetWindowSurface(monitor.window) : nullptr;
     if (!surface) {
@@ -239,7 +239,7 @@ static void finger_at(const SDL_TouchFingerEvent *finger) {
     pointer_at((float)SDL_HOR_RES * finger->x / zoom, (float)SDL_VER_RES * finger->y / zoom);
 }
 
-// While the host has touching switched off nobody looks, and a press of then must not be a click when it is on again.
+// While the host has touch switched off nothing reads it, and a press from that time must not become a click later.
 static void press() {
     left_button_down = 1;
     press_unread = !(touch_indev && touch_indev->driver->read_timer->paused);
@@ -259,7 +259,7 @@ static void button_event(const SDL_MouseButtonEvent *button) {
     }
 }
 
-// Any event of the window lifts the finger, so that a drag out of it does not stick.
+// Any window event lifts the finger, so that a drag that leaves the window does not stick.
 static void window_event(const SDL_WindowEvent *window) {
     left_button_down = 0;
     press_unread = 0;
@@ -322,7 +322,7 @@ bool sdl_events_take() {
     }
     bright_apply();
     if (sdl_quit_qry) {
-        zof_drv_audio_set_state(ZOF_MEDIA_STOP); // its thread may be opening a device that SDL_Quit takes away
+        zof_drv_audio_set_state(ZOF_MEDIA_STOP); // its thread may be opening a device that SDL_Quit removes
         window_drop();
         SDL_Quit();
         exit(0); // NOLINT(concurrency-mt-unsafe): the other threads hold nothing that it destroys
@@ -347,7 +347,7 @@ void sdl_mousewheel_read(lv_indev_drv_t *, lv_indev_data_t *data) {
     wheel_diff = 0;
 }
 
-// Each character is a press, and at the next read its release; the bytes of one character go together.
+// Each character is a press, released at the next read; the bytes of one character stay together.
 void sdl_keyboard_read(lv_indev_drv_t *, lv_indev_data_t *data) {
     if (key_down) {
         key_down = 0;

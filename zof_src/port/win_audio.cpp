@@ -1,5 +1,5 @@
-// Sound: one file at a time, played by a thread that hands its bytes to SDL's device. The thread and the device wait
-// for each other by a semaphore; stopping a sound posts it too, and joins the thread.
+// Sound: one file at a time, played by a thread that feeds SDL's device. The thread and the device wait for each other
+// on a semaphore; stopping a sound posts it too, and joins the thread.
 #include <stdlib.h>
 #include <string.h>
 #include <strings.h>
@@ -13,23 +13,23 @@
 
 win_sound sound = {.sound_volume = SDL_MIX_MAXVOLUME};
 
-// What the graphics thread alone needs, and the device, which it pauses and the playing thread opens and closes.
+// What only the graphics thread needs, and the device, which it pauses and the playing thread opens and closes.
 static struct {
     SDL_Thread *thread_wav;
     u8 type_wav;    // the latest source was a WAV file
-    bool any;       // there was a source that could be played
+    bool any;       // there has been a playable source
     u8 state_pause; // under the lock, as all below is
-    bool primed;    // the ring has been filled, the device may start
+    bool primed;    // the ring is full, the device may start
     SDL_AudioDeviceID device;
     SDL_AudioSpec spec;
     std::mutex lock;
-    u32 hold, frame_bytes; // the playing thread's: times that each frame goes to the device, and its size
+    u32 hold, frame_bytes; // the playing thread's: how often each frame is sent to the device, and its size
 } audio;
 
-// Closing a device waits for two of its blocks. A device of a lower rate than this would need too long for one.
+// Closing a device waits for two of its blocks. With a lower rate than this, one block would take too long.
 enum { RATE_LEAST = 4000, BLOCK_LEAST = 64 };
 
-// The audio thread's: silence, and over it what there is.
+// Audio thread: fills the buffer with silence, then with what is available.
 static void device_fill(void *, u8 *stream, int size) {
     memset(stream, audio.spec.silence, (size_t)size);
     const u32 from = sound.taken;
@@ -47,7 +47,7 @@ static void device_fill(void *, u8 *stream, int size) {
     SDL_SemPost(sound.wake);
 }
 
-// Samples of a block: 20 ms at most.
+// Returns the samples of a block: 20 ms at most.
 static u16 block_of(int rate) {
     u16 samples = BLOCK_LEAST;
     while (samples * 2 <= rate / 50) {
@@ -175,7 +175,7 @@ static void sound_stop() {
 static void sound_start() {
     if (!sound.wake) {
         sound.wake = SDL_CreateSemaphore(0);
-        atexit(sound_stop); // no thread outlives what it reads
+        atexit(sound_stop); // no thread may outlive what it reads
     }
     pause_set(0);
     sound.heard = false;
@@ -211,7 +211,7 @@ static s32 win_audio_set_state(u32 state) {
     }
     switch (state) {
     case ZOF_MEDIA_PLAY:
-        // A source starts by itself; as long as nothing of it was heard it stands at its start.
+        // A source starts by itself; until some of it was heard, it stays at its start.
         if (!sound.play_state || sound.heard) {
             sound_stop();
             sound_start();

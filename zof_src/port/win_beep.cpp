@@ -9,7 +9,7 @@
 
 static constexpr u32 RATE = 44100, TONE_HZ = 2000, FLOOR_MS = 400, CHUNK = 441, RAMP = 220;
 
-// Sample `at` of `count`: a sine that swells and fades in a few ms, so that it begins and ends without a click.
+// Sample `at` of `count`: a sine that fades in and out within a few ms, so that it begins and ends without a click.
 static Sint16 sample(u32 at, u32 count) {
     const u32 edge = at < count - at ? at : count - at;
     const double swell = edge < RAMP ? (double)edge / RAMP : 1;
@@ -28,8 +28,8 @@ static void tone_queue(SDL_AudioDeviceID device, u32 ms) {
     }
 }
 
-// Returns whether the tone can be heard. Without a device one line says so; each tone tries again, because a sound may
-// have the only one.
+// Returns whether the tone can be heard. Without a device this is logged once; each tone tries again, because a sound
+// may be using the only one.
 static bool tone_begin(u32 ms) {
     static bool reported;
     SDL_AudioSpec want = {};

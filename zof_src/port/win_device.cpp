@@ -1,5 +1,5 @@
-// The sound devices: one for the sound that plays and one for tones, opened and closed under one lock. Many hosts have
-// a single device. There a sound takes it from the tones in one step, so that no tone can open it again in between.
+// The sound devices: one for the sound and one for tones, opened and closed under one lock. Many hosts have only one
+// device. There a sound takes it from the tones in one step, so that no tone can reopen it in between.
 #include <mutex>
 
 #include "port/win_sound.h"
@@ -9,7 +9,7 @@ static struct {
     SDL_AudioDeviceID tone; // 0 while closed
 } devices;
 
-// SDL counts the starts of its audio in eight bits, so it is started once.
+// SDL counts audio starts in eight bits, so it is started only once.
 static SDL_AudioDeviceID device_open(const SDL_AudioSpec *want, SDL_AudioSpec *got) {
     const bool ready = SDL_WasInit(SDL_INIT_AUDIO) || SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
     return ready ? SDL_OpenAudioDevice(nullptr, 0, want, got, 0) : 0;

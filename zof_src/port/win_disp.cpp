@@ -31,7 +31,7 @@ static s32 win_disp_set_bright(u8 level) {
     return 0;
 }
 
-// Our touch hook runs after the mouse and before the widgets.
+// Our touch hook runs after the mouse is read and before the widgets see it.
 static void win_pointer_read(lv_indev_drv_t *drv, lv_indev_data_t *data) {
     sdl_mouse_read(drv, data);
     zof_touch_event(data);
@@ -43,7 +43,7 @@ static void register_display() {
     const size_t pixels = (size_t)SDL_HOR_RES * (size_t)SDL_VER_RES;
     void *buffer = zof_malloc(pixels * sizeof(lv_color_t));
     if (!buffer) {
-        zof_mem_end("the display has no memory for its picture"); // and no object could be made without a display
+        zof_mem_end("the display has no memory for its picture"); // no object can be created without a display
     }
     lv_disp_draw_buf_init(&draw_buf, buffer, nullptr, (u32)pixels);
     lv_disp_drv_init(&drv);
@@ -52,7 +52,7 @@ static void register_display() {
     drv.draw_buf = &draw_buf;
     drv.flush_cb = sdl_display_flush;
     lv_disp_t *disp = lv_disp_drv_register(&drv);
-    // Where nothing covers the panel it is black; without this, what was drawn there before would stay.
+    // The panel is black where nothing covers it; otherwise old contents would stay visible there.
     lv_disp_set_bg_color(disp, lv_color_black());
     lv_disp_set_bg_opa(disp, LV_OPA_COVER);
 }

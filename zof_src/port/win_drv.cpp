@@ -1,4 +1,4 @@
-// The one list of the port's drivers, in the order in which they come up.
+// The one list of the port's drivers, in the order in which they start.
 #include "drv/zof_drv.h"
 #include "port/zof_port.h"
 

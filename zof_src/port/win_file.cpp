@@ -1,4 +1,4 @@
-// Files of the desktop, on the host's; here a test may let any change of the disk fail, or stop the program at it.
+// Files of the desktop, on top of the host's. Here a test can make any disk change fail, or stop the program at it.
 #include <errno.h>
 #include <stdio.h>
 #include <string.h>
@@ -16,7 +16,7 @@ void zof_file_fault_set(zof_file_fault_t fault) {
     g_fault = fault;
 }
 
-// True when the test wants this change to fail, as on a disk that is full.
+// Returns true when the test wants this change to fail, as on a full disk.
 static bool fails(const char *what, const char *path) {
     const zof_file_fault_t fault = g_fault;
     if (!fault || !fault(what, path)) {
@@ -38,7 +38,7 @@ FILE *zof_file_write_open(const char *path, zof_bool keep) {
     return path ? zof_host_file_write_open(path, keep) : nullptr;
 }
 
-// A file that shrinks meanwhile is as long as what was read.
+// If the file shrinks meanwhile, its size is what was read.
 static u8 *content_read(FILE *f, u32 most, u32 *size, const char **why) {
     fseek(f, 0, SEEK_END);
     const long length = ftell(f);
@@ -126,7 +126,7 @@ void zof_folder_unlock(s32 lock) {
     zof_host_folder_unlock(lock);
 }
 
-// A write that fails has often written a part.
+// A failed write has often written a part.
 s32 zof_file_put(FILE *f, const void *data, size_t size) {
     if (!f || (!data && size)) {
         return -1;

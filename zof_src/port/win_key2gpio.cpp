@@ -4,7 +4,7 @@
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
-// A simulated pin. The callback gets the address of `port`, behind which `pin` lies.
+// A simulated pin. The callback gets the address of `port`, which `pin` follows.
 struct win_key {
     u32 key;
     u8 port, pin;
@@ -13,7 +13,7 @@ struct win_key {
     u8 level; // 1 while the key is down
 };
 
-// What a pin is looked for by: its number, or its key. Never both: two pins may have had the same key in turn.
+// How a pin is searched: by its number, or by its key, never both: two pins may have had the same key in turn.
 struct win_key_search {
     bool by_key;
     u32 key;
@@ -75,7 +75,7 @@ s32 zof_drv_win_key_get_status(const zof_win_key_param_t *param) {
     return param ? (s32)param->status : -1;
 }
 
-// Whether a pin set up like this wants to hear of its key going down (1) or up (0).
+// Returns whether a pin set up like this is interested in its key going down (1) or up (0).
 static bool wants_edge(const win_key *node, u8 level) {
     const bool mode = node->mode == 0 || node->mode == 2 || node->mode == 3;
     const u32 edge = level ? ZOF_GPIO_EDGE_RISING : ZOF_GPIO_EDGE_FALLING;
@@ -90,7 +90,7 @@ s32 zof_drv_win_key_set_value(u32 level, u32 key) {
         g_win_key_param.callback(&g_win_key_param, key);
     }
     win_key *node = find({true, key, 0, 0});
-    if (!node || node->level == now) { // a key held down repeats itself
+    if (!node || node->level == now) { // a held key repeats
         return 0;
     }
     node->level = now;

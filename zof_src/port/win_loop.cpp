@@ -1,6 +1,6 @@
-// How the desktop's main loop sleeps. Where SDL can wait for the window's events it does, and a wake is an event of our
-// own. The other drivers of SDL would look every millisecond; there the loop waits for a semaphore and looks at the
-// window now and then.
+// How the desktop's main loop sleeps. Where SDL can wait for window events, it does, and a wake is an event of our own.
+// SDL's other drivers would poll every millisecond; there the loop waits on a semaphore and polls the window now and
+// then.
 #include "port/win_loop.h"
 
 #include <SDL.h>
@@ -12,12 +12,12 @@
 #include "drv/zof_loop_in.h"
 #include "zof_lib/zof_stdio.h"
 
-// Nobody touches a picture in memory; only signals come as events there.
+// A picture in memory gets no input; only signals arrive as events there.
 enum { LOOK_MS = 10, LOOK_IN_MEMORY_MS = 50 };
 
 static struct {
-    bool by_events; // SDL waits
-    u32 look_ms;    // the longest sleep without a look at the window, where it does not
+    bool by_events; // SDL does the waiting
+    u32 look_ms;    // otherwise, the longest sleep without polling the window
     u32 wake_event;
     SDL_sem *sem;
     std::atomic<bool> woken; // since the last wait ended: one wake is enough
@@ -65,7 +65,7 @@ void win_loop_init() {
     sleeper.wake_event = SDL_RegisterEvents(1);
     sleeper.sem = SDL_CreateSemaphore(0);
     if (!sleeper.sem || (sleeper.by_events && sleeper.wake_event == (u32)-1)) {
-        zof_printf("window: %s; the loop looks at it every 5 ms", SDL_GetError());
+        zof_printf("window: %s; the loop polls it every 5 ms", SDL_GetError());
         return;
     }
     static constexpr zof_loop_ops_t ops = {.input = sdl_events_take, .wait = loop_wait, .wake = loop_wake};

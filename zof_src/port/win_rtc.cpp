@@ -1,4 +1,4 @@
-// The clock of a desktop: read, never set.
+// The real-time clock of a desktop: read, never set.
 #include "drv/zof_drv_rtc.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"

@@ -15,36 +15,37 @@ struct win_sound {
     char audio_file[AUDIO_PATH];  // written while no thread plays
     std::atomic<bool> type_p;     // asks the playing thread to end
     std::atomic<u8> play_state;   // 1 while playing
-    std::atomic<u8> cycle;        // from the end to the start again
+    std::atomic<u8> cycle;        // start again at the end
     std::atomic<u8> sound_volume; // 128 is the file's own
-    std::atomic<bool> heard;      // the device has taken something of this sound
-    SDL_sem *wake;                // the device has taken something, or type_p was set
-    u8 ring[AUDIO_RING];          // from the playing thread to the device, so that frames follow without a gap
+    std::atomic<bool> heard;      // the device has taken some of this sound
+    SDL_sem *wake;                // posted when the device has taken something or type_p was set
+    u8 ring[AUDIO_RING];          // from the playing thread to the device, without gaps between frames
     std::atomic<u32> put, taken;  // bytes since the device was opened
 };
 extern win_sound sound;
 
-// The device of the sound, opened paused; 0 with SDL's reason. Where there is a single device, the tones lose it.
+// Opens the device for the sound, paused; returns 0 with SDL's reason. Where there is only one device, the tones lose
+// it.
 SDL_AudioDeviceID win_device_open(const SDL_AudioSpec *want, SDL_AudioSpec *got);
 void win_device_close(SDL_AudioDeviceID device);
-// Calls `queue` with the device of the tones and starts it; the device is opened when it is not, and stays open. False
-// with SDL's reason when there is none. Any thread.
+// Calls `queue` with the device for tones and starts it; the device is opened if necessary and stays open. Returns
+// false with SDL's reason when there is none. Any thread.
 bool win_device_tone(const SDL_AudioSpec *want, void (*queue)(SDL_AudioDeviceID device, u32 ms), u32 ms);
 
 // For the playing thread. Opens the device for these samples, of more than 0 Hz; false with SDL's reason. Frames of a
-// low rate are repeated on their way to it, so that closing it never takes more than some 50 ms.
+// low rate are repeated on their way to it, so that closing it never takes more than about 50 ms.
 bool sound_device_open(int rate, SDL_AudioFormat format, u8 channels);
 void sound_device_close(void);
 
-// Hands over whole frames as there is room; the drain waits until the device has taken all. False when the thread must
-// end.
+// Pass on whole frames as there is room; the drain waits until the device has taken all. Return false when the thread
+// must end.
 bool sound_feed(const u8 *data, u32 size);
 bool sound_drain(void);
 
-// Logs why the file is not heard; once, though every touch may ask for it again.
+// Logs why the file is not heard, only once, although every touch may try it again.
 void sound_complain(const char *why);
 
-// Waits until the thread is asked to end, `ms` at most, 0 without limit.
+// Waits until the thread is asked to end, at most `ms`, or without limit for 0.
 void sound_stop_wait(u32 ms);
 
 // The bodies of the playing thread.

@@ -1,4 +1,4 @@
-// MP3, AAC and the sound of clips, by FFmpeg: every frame becomes 16 bit stereo at the file's own rate.
+// MP3, AAC and the sound of clips, with FFmpeg: every frame becomes 16-bit stereo at the file's own rate.
 #include <stdio.h>
 #include <string.h>
 
@@ -8,14 +8,14 @@
 
 enum { STEREO = 2, SAMPLES_MOST = 19200, EMPTY_PAUSE_MS = 20 };
 
-// What one run through the file needs.
+// The state of one pass through the file.
 struct sound_run {
     ff_media media;
     SwrContext *swr;
     AVPacket *packet;
     AVFrame *frame;
     s16 *buffer;
-    AVSampleFormat format; // of the decoder when the converter was made; a frame of another would be misread
+    AVSampleFormat format; // the decoder's when the converter was made; a frame in another format would be misread
     int rate, channels;
     bool any; // something was played
 };
@@ -39,7 +39,7 @@ static const char *converter_make(sound_run *r) {
     return set == 0 && ff.swr_init(r->swr) == 0 && r->buffer && r->packet && r->frame ? nullptr : "no memory\n";
 }
 
-// Why there is no device.
+// Returns why there is no device.
 static const char *device_missing() {
     static char why[160];
     if (SDL_WasInit(SDL_INIT_AUDIO)) {
@@ -49,17 +49,17 @@ static const char *device_missing() {
     return why;
 }
 
-// Null, or what went wrong.
+// Returns null, or what went wrong.
 static const char *run_open(sound_run *r) {
     const char *extension = strrchr(sound.audio_file, '.');
     r->media.stop = &sound.type_p;
-    const bool look = strcasecmp(extension, ".mp4") != 0; // its container says all
+    const bool look = strcasecmp(extension, ".mp4") != 0; // its container has all the information
     if (!ff_open(&r->media, ff_source_host(sound.audio_file), extension, look)) {
         return "Failed to open file!";
     }
     const char *wrong = ff_codec_open(&r->media, AVMEDIA_TYPE_AUDIO);
     if (wrong) {
-        return r->media.stream < 0 ? "" : wrong; // a clip without sound is no fault
+        return r->media.stream < 0 ? "" : wrong; // a clip without sound is not an error
     }
     wrong = converter_make(r);
     if (wrong) {
@@ -68,7 +68,7 @@ static const char *run_open(sound_run *r) {
     return sound_device_open(r->rate, AUDIO_S16SYS, STEREO) ? nullptr : device_missing();
 }
 
-// False when the thread is to end, or the file's form changes.
+// Returns false when the thread must end, or the format changes within the file.
 static bool frame_play(sound_run *r) {
     const AVFrame *f = r->frame;
     if (f->format != r->format || f->sample_rate != r->rate || f->ch_layout.nb_channels != r->channels) {
@@ -85,9 +85,9 @@ static bool frame_play(sound_run *r) {
     return true;
 }
 
-// Plays what the decoder makes of a packet; null: of all that it still holds.
+// Plays what the decoder makes of a packet; null: all that it still holds.
 static bool packet_play(sound_run *r, const AVPacket *packet) {
-    ff.avcodec_send_packet(r->media.codec, packet); // a broken piece is passed over
+    ff.avcodec_send_packet(r->media.codec, packet); // a broken packet is skipped
     bool on = true;
     while (on && ff.avcodec_receive_frame(r->media.codec, r->frame) == 0) {
         on = frame_play(r);

@@ -1,4 +1,4 @@
-// WAV files, by SDL. A file that has played out stays in the state "playing", silent, until it is stopped.
+// WAV files, with SDL. A file that has finished stays in the state "playing", silent, until it is stopped.
 #include "drv/zof_drv_file.h"
 #include "port/win_sound.h"
 #include "zof_lib/zof_stdio.h"
@@ -60,7 +60,7 @@ static bool wav_play() {
     if (!opened) {
         sound_complain("can't open audio.\n");
     } else if (size == 0) {
-        sound_stop_wait(EMPTY_PAUSE_MS); // and once more, if asked for
+        sound_stop_wait(EMPTY_PAUSE_MS); // and play again, if requested
     } else if (sound_feed(data, size) && sound_drain()) {
         sound_stop_wait(0);
     }

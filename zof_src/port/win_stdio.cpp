@@ -1,4 +1,4 @@
-// Locks, threads, time and folders of the desktop, on SDL and the host's file.
+// Locks, threads, time and folders of the desktop, on SDL and the host's functions.
 #include <SDL.h>
 
 #include <atomic>
@@ -43,7 +43,7 @@ s32 zof_mutex_lock(zof_mutex_t m) {
 s32 zof_mutex_unlock(zof_mutex_t m) {
     const s32 result = SDL_UnlockMutex((SDL_mutex *)m);
     if (m && m == dis_mutex) {
-        zof_loop_unlocked(); // what was changed under the lock may need a turn of the loop
+        zof_loop_unlocked(); // changes made under the lock may need a turn of the loop
     }
     return result;
 }
@@ -109,7 +109,7 @@ static SDL_ThreadPriority sdl_priority(s32 prio) {
 static int sdl_thread_public_fun(void *arg) {
     auto *t = (zof_thread_t *)arg;
     SDL_SetThreadPriority(sdl_priority(t->prio));
-    // Once the flag is up the creator may release the record.
+    // Once the flag is set the creator may release the record.
     auto *fn = t->fn;
     void *fn_arg = t->arg;
     t->started = 1;
@@ -118,7 +118,7 @@ static int sdl_thread_public_fun(void *arg) {
 }
 
 zof_thread_t *zof_thread_create(const char *name, void (*fn)(void *arg), void *arg, u32 stack, s32 prio) {
-    (void)stack; // the desktop's own size is ample
+    (void)stack; // the desktop's default size is ample
     auto *t = fn ? (zof_thread_t *)zof_malloc(sizeof(zof_thread_t)) : nullptr;
     if (!t) {
         return nullptr;
@@ -156,7 +156,7 @@ zof_dir_t *zof_opendir(const char *path) {
 }
 
 const zof_dirent_t *zof_readdir(zof_dir_t *dir) {
-    static thread_local zof_dirent_t entry; // one record a thread, overwritten by its next read
+    static thread_local zof_dirent_t entry; // one record for each thread, overwritten by its next read
     zof_host_dirent_t found;
     if (!dir || zof_host_dir_read(dir->host, &found) != 0) {
         return nullptr;

@@ -1,4 +1,4 @@
-// The touch panel of the desktop is the mouse: it needs no calibration.
+// The desktop's touch panel is the mouse, which needs no calibration.
 #include "drv/zof_drv_touch.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"

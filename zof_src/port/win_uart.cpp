@@ -1,4 +1,4 @@
-// The serial port table of the desktop: numbers of speeds become rates, the host's file does the rest.
+// The serial port table of the desktop: speed numbers become rates, the host's functions do the rest.
 #include "drv/zof_drv_uart.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"
@@ -15,7 +15,7 @@ static constexpr u32 speeds[] = {2400,   4800,   9600,   19200,  38400,   57600,
                                  460800, 500000, 576000, 921600, 1000000, 1152000, 1500000};
 static_assert(sizeof(speeds) / sizeof(speeds[0]) == UART_SPEED_COUNT);
 
-// Numbers above the enumeration are literal rates. False for settings that no line has.
+// Numbers above the enumeration are literal rates. Returns false for invalid settings.
 static bool line_settings(const zof_uart_cfg_t *cfg, zof_host_line_t *line) {
     const u32 baud = cfg->speed_e < UART_SPEED_COUNT ? speeds[cfg->speed_e] : cfg->speed_e;
     if (baud > BAUD_MAX || cfg->bit_e > UART_BIT_8 || cfg->parity_e > UART_PARITY_EVEN || cfg->stop_e > UART_STOP_2) {

@@ -1,20 +1,20 @@
-// The video driver: a player's picture, and the device's one sound beside it.
+// The video driver: a player's picture, and the device's one sound for it.
 #include <string.h>
 
 #include "drv/zof_drv_video.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
-// What the driver keeps of a player; it goes with the object.
+// What the driver keeps for a player; released with the object.
 struct player_record {
-    char *path; // of the clip that is in, or null
-    u32 state;  // as asked for, except that a second pause is a stop
+    char *path; // of the loaded clip, or null
+    u32 state;  // as requested, except that a second pause is a stop
 };
 
 static void player_gone(lv_event_t *e) {
     auto *r = (player_record *)lv_event_get_user_data(e);
     if (win_audio_src_is(r->path)) {
-        zof_drv_audio_set_state(ZOF_MEDIA_STOP); // a clip that is gone is not heard either
+        zof_drv_audio_set_state(ZOF_MEDIA_STOP); // a deleted clip must not be heard either
     }
     zof_free(r->path);
     zof_free(r);
@@ -32,7 +32,7 @@ static lv_obj_t *win_drv_video_create(lv_obj_t *parent) {
     return player;
 }
 
-// Null for what is no player.
+// Returns null for anything but a player.
 static player_record *record_of(lv_obj_t *player) {
     const bool is = player && lv_obj_check_type(player, &lv_ffmpeg_player_class);
     return is ? (player_record *)lv_obj_get_event_user_data(player, player_gone) : nullptr;
@@ -69,13 +69,13 @@ static s32 win_drv_video_set_src(lv_obj_t *player, const char *path) {
     if (copy) {
         strcpy(copy, path);
     }
-    zof_free(r->path); // behind the copy: it may be the same
+    zof_free(r->path); // after the copy: they may be the same
     r->path = copy;
     lv_ffmpeg_player_set_src(player, copy);
     return zof_drv_audio_set_src(copy);
 }
 
-// The picture is made anew at its new size, so the clip begins anew as well, in the state that was asked for last.
+// The picture is created again at its new size, so the clip restarts too, in the state that was last requested.
 static s32 win_video_set_pos(lv_obj_t *player, s32 x, s32 y, u32 width, u32 height) {
     player_record *r = record_of(player);
     if (!r || width > LV_COORD_MAX || height > LV_COORD_MAX) {

@@ -1,4 +1,4 @@
-// What operating systems do differently, and nothing else: one file for each system implements this. No file above
+// What operating systems do differently, and nothing else: one file for each system implements this. No higher file
 // includes a system header.
 #ifndef ZOF_HOST_H
 #define ZOF_HOST_H
@@ -9,8 +9,8 @@
 
 ZOF_C_BEGIN
 
-// Monotonic clock, any thread: milliseconds since the first call, and sleeping. Tests put their own clock in its place:
-// with one set, zof_sys_time_ms and zof_delay go by it alone. `clock` is kept, not copied; null: the host's own.
+// Monotonic clock, any thread: milliseconds since the first call, and sleeping. Tests can replace it: zof_sys_time_ms
+// and zof_delay then use the test's clock alone. `clock` is kept, not copied; null restores the host's own.
 typedef struct {
     u32 (*now_ms)(void);
     void (*delay_ms)(u32 ms);
@@ -23,15 +23,15 @@ void zof_host_delay_ms(u32 ms);
 void zof_host_start(void);
 const char *zof_host_name(void);
 
-// Local date and time. 0, or -1 when they are not available.
+// Returns local date and time: 0, or -1 when they are not available.
 s32 zof_host_local_time(zof_rtc_time_t *out);
 
-// Folder walk, with or without a separator at the end of the path; "." and ".." are included. Open returns null for
-// what is not a folder; read 0, or -1 at the end; the walk is released by close. Links are followed.
+// Walks a folder, with or without a separator at the end of the path; "." and ".." are included. Open returns null for
+// anything but a folder; read returns 0, or -1 at the end; close releases the walk. Follows links.
 typedef struct zof_host_dir zof_host_dir_t;
 typedef struct {
     zof_bool is_dir;
-    u64 size;         // bytes; 0 for what is no plain file
+    u64 size;         // bytes; 0 for anything but a regular file
     const char *name; // valid until the next read
 } zof_host_dirent_t;
 zof_host_dir_t *zof_host_dir_open(const char *path);
@@ -41,7 +41,7 @@ void zof_host_dir_close(zof_host_dir_t *dir);
 s32 zof_host_mkdir(const char *path);                  // 0, 1 when the name exists already, -1
 s64 zof_host_file_size(const char *path);              // bytes, or -1 when it is unknown
 s32 zof_host_rename(const char *from, const char *to); // replaces `to` in one step; 0 or -1
-// The host's part of drv/zof_drv_file.h, to the same contracts; sync leaves the file open.
+// The host's part of drv/zof_drv_file.h, with the same contracts; sync leaves the file open.
 u32 zof_host_file_kind(const char *path);
 FILE *zof_host_file_read_open(const char *path);
 FILE *zof_host_file_write_open(const char *path, zof_bool keep);
@@ -49,7 +49,7 @@ FILE *zof_host_file_open(const char *path);
 s32 zof_host_real_path(const char *path, char *out, size_t size);
 FILE *zof_host_file_create(const char *path);
 u32 zof_host_process_id(void);
-zof_bool zof_host_process_runs(u32 id); // the asking process is one that runs
+zof_bool zof_host_process_runs(u32 id); // the calling process counts as running
 s32 zof_host_folder_lock(const char *path, char *holder, size_t size);
 void zof_host_folder_unlock(s32 lock);
 s32 zof_host_file_sync(FILE *f);
@@ -59,38 +59,38 @@ s32 zof_host_remove(const char *path);
 s32 zof_host_file_stamp(const char *path, zof_file_stamp_t *out);
 const char *zof_host_error(void);
 
-// For tests: asked before each change of the disk ("create", "write", "sync", "rename", "exchange", "mkdir", "remove");
-// true lets it fail. Null, as at the start: nothing fails. Any thread.
+// For tests: called before each change of the disk ("create", "write", "sync", "rename", "exchange", "mkdir",
+// "remove"); true makes it fail. Null, the initial value: nothing fails. Any thread.
 typedef zof_bool (*zof_file_fault_t)(const char *what, const char *path);
 void zof_file_fault_set(zof_file_fault_t fault);
 
-// A shared library by its plain name ("avcodec") and major version, which stays open; null when there is none. And the
-// address of one of its functions, or null.
+// Opens a shared library by its plain name ("avcodec") and major version, and leaves it open; null when there is none.
+// The second returns the address of one of its functions, or null.
 void *zof_host_library_open(const char *name, s32 major);
 void *zof_host_library_symbol(void *library, const char *name);
 
 void zof_host_screen_size(s32 *w, s32 *h); // the desktop's size in pixels; 0, 0 when unknown
 
-// Serial line. Port P is the path in the environment variable ZOF_COM<P>, else the system's own name for it; one line
-// says which path was opened, or which failed and why. A line that is opened is locked against other programs. A device
-// that is missing or busy at the start is looked for every second, one that goes away ten times a second; both are
-// logged once. Until it is there sends return -1 and receive waits. A pseudo-terminal that has ended is never opened
-// again by its number.
+// Serial line. Port P is the path in the environment variable ZOF_COM<P>, else the system's own name for it; a log line
+// says which path was opened, or which failed and why. An open line is locked against other programs. A device that is
+// missing or busy at the start is tried every second, one that goes away ten times a second; both are logged once.
+// Until it is there, sends return -1 and receive waits. A pseudo-terminal that has ended is never opened again by its
+// number.
 typedef struct {
-    u32 baud;     // any rate; what the device cannot do it rounds or refuses
+    u32 baud;     // any rate; the device rounds or refuses what it cannot do
     u8 data_bits; // 7, 8
     u8 parity;    // 0 none, 1 odd, 2 even
     u8 stop_bits; // 1, 2
 } zof_host_line_t;
 typedef struct zof_host_serial zof_host_serial_t;
-// Null, with its line, for a name that is too long and a file that is no serial line. Released by close.
+// Returns null, and logs why, for a name that is too long and for anything but a serial line. Released by close.
 zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line);
-// Any thread. 0, or -1 and the line is as it was.
+// Any thread. Returns 0, or -1 with the line unchanged.
 s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line);
-// Any thread. `size`, or -1: no device, or no room for all of it. Waits for room as long as the line takes bytes at its
-// rate, 50 ms behind the last one at most, and not at all while the far end does not read.
+// Any thread. Returns `size`, or -1: no device, or no room for all of it. Waits for room as long as the line accepts
+// bytes at its rate, at most 50 ms after the last one, and not at all while the peer does not read.
 s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size);
-// One thread. Waits for at least one byte and gives what there is, up to `size`; 0 when the line is closed.
+// One thread. Waits for at least one byte and returns what there is, up to `size`; 0 when the line is closed.
 s32 zof_host_serial_receive(zof_host_serial_t *s, u8 *buffer, u32 size);
 // Ends a receive that is waiting on another thread; nothing may be called with the line after that.
 void zof_host_serial_close(zof_host_serial_t *s);

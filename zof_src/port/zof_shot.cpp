@@ -1,4 +1,4 @@
-// Screenshots: the frame store as a PNG file, through the encoder that LVGL brings along.
+// Screenshots: the frame store as a PNG file, written by the encoder that LVGL includes.
 #include <stdio.h>
 
 #include "drv/zof_drv_file.h"

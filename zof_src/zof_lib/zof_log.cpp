@@ -1,6 +1,6 @@
-// The console log. What a message inserts often comes from hosts, projects and media: control characters in it are
-// escaped here, in one place, so that no name can move a terminal's cursor or fake a line. The line ends that a
-// message's own format brings stay.
+// The console log. What a message inserts often comes from hosts, projects and media. Control characters in it are
+// escaped here, in one place, so that no name can move a terminal's cursor or fake a line. The line ends of the
+// message's own format are kept.
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -15,8 +15,8 @@ enum { SHORT_MESSAGE = 512 };
 
 std::mutex print; // keeps lines whole
 
-// The bytes of a control character at this place, 0 for any other character: the ASCII ones, and those of two bytes in
-// UTF-8.
+// Returns the bytes of the control character at this place, 0 for any other character: ASCII ones, and those of two
+// bytes in UTF-8.
 size_t control_size(const char *at) {
     const auto *c = (const u8 *)at;
     if (c[0] == 0xC2 && c[1] >= 0x80 && c[1] < 0xA0) {
@@ -33,7 +33,7 @@ u32 controls_count(const char *text) {
     return count;
 }
 
-// A control character that the text does not contain; 0 when it contains all of them.
+// Returns a control character that the text does not contain; 0 when it contains all of them.
 char unused_control(const char *text) {
     for (char c = 1; c < ' '; c++) {
         if (c != '\n' && !std::strchr(text, c)) {
@@ -60,7 +60,7 @@ void escaped_print(const char *text, char line_end) {
     }
 }
 
-// Formats once more, with a mark for each line end of the format: so inserted ones can be distinguished.
+// Formats once more, with a mark for each line end of the format, so that inserted ones can be told apart.
 void mixed_print(char *text, size_t room, const char *fmt, va_list args) {
     char *marked = strdup(fmt);
     const char mark = unused_control(text);

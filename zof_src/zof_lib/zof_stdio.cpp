@@ -1,6 +1,5 @@
-// Accounted memory. Each block carries a header with its size and its family's counter: the usable size
-// that a system reports is rounded, and counters fed from it drift; these stay exact, so "memory is flat" can be
-// proved.
+// Accounted memory. Each block has a header with its size and its family's counter. The usable size that a system
+// reports is rounded, and counters based on it drift; these stay exact, so tests can prove that memory use is flat.
 #include "zof_lib/zof_stdio.h"
 
 #include <algorithm>
@@ -21,7 +20,7 @@ struct {
     std::atomic<size_t> zof_mem_size1{0};
     std::atomic<u32> g_win_mem_total{10};
     std::atomic<u32> tries{0};
-    std::atomic<u32> fail_at{0}; // in tries
+    std::atomic<u32> fail_at{0}; // in allocations
 } memory;                        // counters of the two families
 
 block_head_t *head_of(void *p) {

@@ -12,14 +12,14 @@ ZOF_C_BEGIN
 #define ZOF_PRINTF_LIKE(fmt, args)
 #endif
 
-// Prints to standard output, then one more line end, then flushes; lines of different threads do not mix. A message
-// that has its own "\n" is thus followed by an empty line. Control characters in what is inserted are printed as \xHH;
-// those of the format itself stay. Messages of any length are printed whole. Returns the bytes of the text before it
-// was escaped, -1 for null.
+// Prints to standard output, adds a line end and flushes; lines of different threads do not mix. A message that has its
+// own "\n" is thus followed by an empty line. Control characters in inserted values are printed as \xHH; those of the
+// format itself are kept. Messages of any length are printed whole. Returns the bytes of the text before escaping, -1
+// for null.
 s32 zof_printf(const char *fmt, ...) ZOF_PRINTF_LIKE(1, 2);
 
-// The runtime's family: memory is zeroed, also what a zof_realloc adds. Returns null for 0 and for a size that no
-// block can have. A failed zof_realloc leaves the old block; zof_realloc(p, 0) releases it and returns null. Blocks are
+// The runtime's family: memory is zeroed, also what zof_realloc adds. Returns null for 0 and for a size that no block
+// can have. A failed zof_realloc leaves the old block; zof_realloc(p, 0) releases it and returns null. Blocks are
 // aligned to 16 bytes. Null may be released.
 void *zof_malloc(size_t n);
 void *zof_realloc(void *p, size_t n);
@@ -30,30 +30,30 @@ void *zof_lv_malloc(size_t n);
 void *zof_lv_realloc(void *p, size_t n);
 void zof_lv_free(void *p);
 
-// What LVGL allocates with. It does not check most of its blocks, so that a failure would be a crash somewhere else:
-// the program ends instead, with one line and the status ZOF_EXIT_MEMORY. Blocks above 1 MiB, which are pictures and
-// layers, are checked by their users and may be null.
+// LVGL allocates with these. It does not check most of its blocks, so a failure would crash somewhere else. The program
+// ends instead, with one log line and the status ZOF_EXIT_MEMORY. Blocks above 1 MiB, which are pictures and layers,
+// are checked by their users and may be null.
 enum { ZOF_EXIT_MEMORY = 3 };
 void *zof_lv_malloc_must(size_t n);
 void *zof_lv_realloc_must(void *p, size_t n);
 
-// Ends the program for want of memory, with a line that says for what, and the status ZOF_EXIT_MEMORY. Does not return.
+// Ends the program when memory is exhausted: logs what it was for and exits with ZOF_EXIT_MEMORY. Does not return.
 void zof_mem_end(const char *what);
 
-// For tests: the n-th allocation from now on fails, of either family, and no other one; 0 for none. Returns the number
-// of allocations since the last call.
+// For tests: makes the n-th allocation from now on fail, of either family, and no other one; 0 for none. Returns the
+// number of allocations since the last call.
 u32 zof_mem_fail_at(u32 n);
 
-// Bytes in use by both families together; logs one line at each call.
+// Returns the bytes in use by both families together; logs a line at each call.
 u32 zof_mem_get_used(void);
 
-// What is left of the assumed total, in bytes; negative when more is in use than that. Saturates at the ends of s32.
+// Returns what is left of the assumed total, in bytes; negative when more is in use. Saturates at the ends of s32.
 s32 zof_mem_get_free(void);
 
-// The memory that the device is assumed to have, in megabytes; 10 at start. 0 is ignored.
+// Sets the memory that the device is assumed to have, in megabytes; 10 at start. 0 is ignored.
 void zof_win_mem_total_set(u32 mb);
 
-// Bytes alive in each family, exact at any moment; for displays and for tests that prove memory flat.
+// Return the bytes alive in each family, exact at any moment; for displays and for tests that prove memory use flat.
 u32 zof_mem_count(void);
 u32 zof_lv_mem_count(void);
 

@@ -1,5 +1,5 @@
-// Periodic tasks over LVGL's timers: the runtime has no scheduler of its own, so that all work on controls happens
-// inside the one call that holds the lock.
+// Periodic tasks on LVGL's timers. The runtime has no scheduler of its own, so that all work on controls happens inside
+// the one call that holds the lock.
 #include "zof_lib/zof_task.h"
 
 zof_task_t *zof_task_create(void (*fn)(zof_task_t *task), u32 period, void *user_data) {

@@ -10,12 +10,12 @@ ZOF_C_BEGIN
 
 typedef lv_timer_t zof_task_t;
 
-// A task that calls `fn` every `period` milliseconds until it is deleted; null for a null `fn` or when memory fails.
-// `user_data` stays the caller's.
+// Creates a task that calls `fn` every `period` milliseconds until it is deleted; null for a null `fn` or without
+// memory. `user_data` stays the caller's.
 zof_task_t *zof_task_create(void (*fn)(zof_task_t *task), u32 period, void *user_data);
 void zof_task_del(zof_task_t *task);
 
-// The pointer passed at creation; null for a null task.
+// Returns the pointer passed at creation; null for a null task.
 void *zof_task_get_user_data(zof_task_t *task);
 
 // Replaces the function; a null `fn` is ignored.
@@ -24,13 +24,13 @@ void zof_task_set_cb(zof_task_t *task, void (*fn)(zof_task_t *task));
 void zof_task_set_cb_pause(zof_task_t *task);
 void zof_task_set_cb_resume(zof_task_t *task);
 
-// Milliseconds.
+// Sets the period in milliseconds.
 void zof_task_set_period(zof_task_t *task, u32 period);
 
-// Runs at the next turn of lv_timer_handler, whatever is left of its period.
+// Runs the task at the next turn of lv_timer_handler, whatever is left of its period.
 void zof_task_ready(zof_task_t *task);
 
-// Runs once more, then deletes itself: the handle must not be used after that.
+// Runs the task once more, then deletes it: the handle must not be used after that.
 void zof_task_once(zof_task_t *task);
 
 // Restarts the period now.

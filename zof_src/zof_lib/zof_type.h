@@ -1,4 +1,4 @@
-// The numbers, booleans and handles that every room of the runtime shares. C and C++.
+// The numbers, booleans and handles that all rooms of the runtime share. C and C++.
 #ifndef ZOF_TYPE_H
 #define ZOF_TYPE_H
 
@@ -22,7 +22,7 @@ typedef int16_t s16;
 typedef int32_t s32;
 typedef int64_t s64;
 
-// 32 bits wide on purpose: records decoded from JSON hold booleans in a machine-independent width.
+// 32 bits wide on purpose: records decoded from JSON hold booleans at a machine-independent width.
 typedef u32 zof_bool;
 enum { ZOF_FALSE = 0, ZOF_TRUE = 1 };
 

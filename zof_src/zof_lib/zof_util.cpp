@@ -1,4 +1,4 @@
-// Byte order and small text helpers. zof_atoi is our own because the C library's is undefined where this saturates.
+// Byte order and small text helpers. zof_atoi is our own because the C library's is undefined where this one saturates.
 #include "zof_lib/zof_util.h"
 
 #include <string.h>

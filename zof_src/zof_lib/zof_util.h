@@ -6,7 +6,7 @@
 
 ZOF_C_BEGIN
 
-// Reverses `len` bytes in place; nothing for null or a length below 2.
+// Reverses `len` bytes in place; does nothing for null or a length below 2.
 void byte_rev(u8 *buf, u32 len);
 
 // Swaps the two low bytes; the high half stays as it is.
@@ -15,14 +15,14 @@ u32 zof_rev16(u32 v);
 // Swaps all four bytes.
 u32 zof_rev32(u32 v);
 
-// How many bytes of the text equal `c`; 0 for null.
+// Returns how many bytes of the text equal `c`; 0 for null.
 u32 charCount(const char *text, char c);
 
-// True when the text ends with `suffix`, which begins with a dot, in upper or lower case. False for null.
+// Returns true when the text ends with `suffix`, which begins with a dot, in upper or lower case. False for null.
 zof_bool zof_suffix_is(const char *text, const char *suffix);
 
-// A decimal number with an optional sign, up to the first character that is no digit. Blanks are not skipped: they,
-// like any other first character, yield 0. Saturates at the ends of s32. 0 for null.
+// Returns a decimal number with an optional sign, up to the first character that is not a digit. Blanks are not
+// skipped: like any other first character, they yield 0. Saturates at the ends of s32. 0 for null.
 s32 zof_atoi(const char *text);
 
 ZOF_C_END

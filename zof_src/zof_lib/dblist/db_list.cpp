@@ -1,5 +1,5 @@
-// The list behind every collection of the runtime. Circular through a sentinel, so that no operation has an end to
-// test.
+// The list behind every collection of the runtime. Circular through a sentinel, so that no operation has to check for
+// an end.
 #include "zof_lib/dblist/db_list.h"
 
 #include "zof_lib/dblist/db_index.h"
@@ -31,7 +31,7 @@ s32 insert_behind(db_list *list, db_node *before, void *data) {
     return 0;
 }
 
-// The cursor steps back, so that its next reader gets the element behind the removed one.
+// The cursor steps back, so that its next reader gets the element after the removed one.
 void *remove_node(db_list *list, db_node *node) {
     db_index_remove(list, node);
     if (list->current == node) {
@@ -96,7 +96,7 @@ s32 __db_list_insert_before(db_list *list, s32 pos, void *data) {
     return insert_behind(list, __db_list_visit_node(list, pos - 1)->prev, data);
 }
 
-// Behind element pos - 1 is in front of element pos.
+// After element pos - 1 is before element pos.
 s32 __db_list_insert_after(db_list *list, s32 pos, void *data) {
     return __db_list_insert_before(list, pos, data);
 }
@@ -139,7 +139,7 @@ void *__db_list_visit(db_list *list, s32 index) {
     return node ? node->data : nullptr;
 }
 
-// From the nearer end: the last controls of a view are looked up as often as the first.
+// Walks from the nearer end: the last controls of a view are looked up as often as the first.
 db_node *__db_list_visit_node(db_list *list, s32 index) {
     if (!list || index < 0 || index >= list->count) {
         return nullptr;
