@@ -1,4 +1,4 @@
-// The gallery for tests: its whole program with its staged project folder, off the screen, on the test's clock.
+// The gallery for tests: the whole program with its staged project folder, off the screen, on the test's clock.
 #ifndef GALLERY_FIXTURE_H
 #define GALLERY_FIXTURE_H
 
@@ -14,7 +14,7 @@ inline const char *const gallery_names[GALLERY_VIEWS + 1] = {
     "",       "index", "labels", "buttons",  "pictures", "values", "switches", "lists",   "tables",
     "charts", "tiles", "typing", "messages", "wheels",   "moving", "media",    "drawing", "transitions"};
 
-// Brings the gallery up as its own main does. `folder` holds another `res` than the staged one.
+// Starts the gallery as its own main does. `folder` contains another `res` than the staged one.
 inline void gallery_open(const char *folder = ZOF_GALLERY_DIR) {
     static const zof_clock_t clock = {[] { return screen_now; }, [](u32 ms) { screen_now += ms; }};
     zof_clock_set(&clock);
@@ -29,7 +29,7 @@ inline void gallery_open(const char *folder = ZOF_GALLERY_DIR) {
     screen_step(50);
 }
 
-// A page, still: what it animates has run for a fixed time since it was shown.
+// Shows a page at rest: its animations have run for a fixed time.
 inline void gallery_show(u32 view) {
     zof_view_set_dis_view(view);
     screen_step(GALLERY_SETTLE_MS);

@@ -1,5 +1,5 @@
-// A picture of every page of the gallery, in both themes and three languages, chosen as a person does on its first
-// page, and of what touches change.
+// A picture of every page of the gallery, in both themes and three languages, chosen as a user does on its first page,
+// and of what touches change.
 #include "gallery_fixture.h"
 
 static const struct {
@@ -23,7 +23,7 @@ static void every_page(bool light) {
     }
 }
 
-TEST_CASE("every page of the gallery looks right by night, in three languages") {
+TEST_CASE("every page of the gallery looks right in the dark theme, in three languages") {
     every_page(false);
 }
 
@@ -31,12 +31,12 @@ TEST_CASE("every page of the gallery looks right in the light theme, in three la
     every_page(true);
 }
 
-TEST_CASE("a theme that is changed and changed back leaves every page as it was") {
+TEST_CASE("changing the theme and back leaves every page as it was") {
     gallery_open();
     for (bool light : {true, false}) {
         gallery_show(GALLERY_INDEX);
         gallery_tap(GALLERY_INDEX, VIEW1_THEME_ID);
-        for (u32 view : {1, 3, 5, 6, 7, 8, 9, 10, 12, 13, 16, 17}) { // on the others time shows
+        for (u32 view : {1, 3, 5, 6, 7, 8, 9, 10, 12, 13, 16, 17}) { // the others show the time
             gallery_show(view);
             CHECK((light || gallery_is_golden(std::string(gallery_names[view]) + "_en_night")));
         }

@@ -1,22 +1,22 @@
 // Memory over many openings of the gallery's views, with controls that stay and with controls that come and go. The
-// suite opens each view a hundred times or so; ZOF_OPENINGS=10000 is for each of them as often as that.
+// suite opens each view about a hundred times; ZOF_OPENINGS=10000 opens each that often.
 #include "gallery_fixture.h"
 #include "temp_project.h"
 
 static std::string held() {
     static u32 timers, fonts;
     timers = fonts = 0;
-    lv_img_cache_invalidate_src(nullptr); // which pictures it holds depends on where their sequence stood
+    lv_img_cache_invalidate_src(nullptr); // which pictures it holds depends on the state of their sequence
     for (const lv_timer_t *t = lv_timer_get_next(nullptr); t; t = lv_timer_get_next((lv_timer_t *)t)) {
         timers++;
     }
     __db_list_travel(zof_prj_get_cur()->font_list, [](void *font) {
-        __db_list_travel(((zof_font_t *)font)->sizes, [](void *) { fonts++; }); // whose users are never given back
+        __db_list_travel(((zof_font_t *)font)->sizes, [](void *) { fonts++; }); // their users are never released
     });
     return form("%u + %u bytes, %u timers, %u fonts", zof_mem_count(), zof_lv_mem_count(), timers, fonts);
 }
 
-// Each view is shown and left by the next; the last to be left is the first of the next round.
+// Shows each view and leaves it for the next; the last one left is the first of the next round.
 static void open_all(u32 step_ms) {
     for (u32 view = GALLERY_INDEX; view <= GALLERY_VIEWS; view++) {
         zof_view_set_dis_view(view);
@@ -29,7 +29,7 @@ static void open_all(u32 step_ms) {
 static void open_often(u32 rounds) {
     const char *wanted = getenv("ZOF_OPENINGS");
     std::string before;
-    for (u32 count : {3u, wanted ? (u32)atoi(wanted) : rounds}) { // the first ones fill what is kept
+    for (u32 count : {3u, wanted ? (u32)atoi(wanted) : rounds}) { // the first ones fill the caches
         before = held();
         for (u32 i = 0; i < count; i++) {
             open_all(20);
@@ -39,7 +39,7 @@ static void open_often(u32 rounds) {
     CHECK(held() == before);
 }
 
-// A copy of the gallery whose controls are all made anew whenever their view is shown.
+// A copy of the gallery in which all controls are recreated whenever their view is shown.
 static const char *fleeting_gallery() {
     namespace fs = std::filesystem;
     static temp_project_t project;

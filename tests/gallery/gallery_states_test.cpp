@@ -1,11 +1,11 @@
-// What touches change on the gallery's pages: pictures of pressed, chosen, typed, opened and turned controls, in both
-// themes.
+// What touches change on the gallery's pages: pictures of controls that are pressed, chosen, typed into, opened and
+// turned, in both themes.
 #include "gallery_fixture.h"
 
 enum { HELD = true }; // the picture is taken before the finger goes up
 
-// One touch on a page: down beside the middle of a control, or on the screen for none, along, and up; then time and a
-// picture.
+// One touch on a page: down beside the middle of a control, or on the screen if there is none, a move, and up; then
+// time and a picture.
 struct touch {
     u32 view, control;
     s32 x, y;
@@ -55,7 +55,7 @@ static const touch touches[] = {
     {11, 0, 530, 290, 0, "typed"},
     {11, 0, 500, 395, 0, "keyboard_popover", HELD},
     {11, 0, 68, 342, 0, "keyboard_capital"},
-    {11, 0, 51, 290}, // to the signs, and from there back
+    {11, 0, 51, 290}, // to the signs and back
     {11, 0, 530, 290, 0, "keyboard_signs", HELD},
     {11, 0, 68, 342},
     {11, VIEW11_SECRET_ID, 0, 0, 1000, "secret_focused"},
@@ -68,7 +68,7 @@ static const touch touches[] = {
     {12, VIEW12_ASK_ID, -75, 28, 0, "mbox_button_pressed", HELD},
     {12, VIEW12_OPEN_TELL_ID, 0, 0, 300, "mbox_plain"},
     {12, VIEW12_TELL_ID},
-    {12, VIEW12_OPEN_SOON_ID, 0, 0, 1600, "mboxes_closed"}, // the one by a tap, the other by itself
+    {12, VIEW12_OPEN_SOON_ID, 0, 0, 1600, "mboxes_closed"}, // one by a tap, the other by itself
     {13, VIEW13_ARC_ID, 45, 0, 2000, nullptr, false, -90, 0, 4},
     {13, VIEW13_UPRIGHT_ID, 0, -30, 2000, "wheels_swiped", false, 0, 60, 4},
     {13, VIEW13_ARC_ID, 0, 0, 0, "wheel_held_between", HELD, -50, 0, 2},
@@ -125,7 +125,7 @@ static void every_state(bool light) {
     picture("on_the_way_back"); // the first page comes from the left
 }
 
-TEST_CASE("touches change the gallery's controls as they should by night") {
+TEST_CASE("touches change the gallery's controls as they should in the dark theme") {
     every_state(false);
 }
 
@@ -136,7 +136,7 @@ TEST_CASE("touches change the gallery's controls as they should in the light the
 TEST_CASE("the gallery's endless tiles come round in order, ten swipes each way") {
     gallery_open();
     gallery_show(10);
-    const u32 colors[] = {0x2F8FE8, 0x2FA36B, 0xE8862F}; // of A, B and C; B is the first to be seen
+    const u32 colors[] = {0x2F8FE8, 0x2FA36B, 0xE8862F}; // of A, B and C; B is shown first
     const lv_point_t p = gallery_middle(10, VIEW10_ENDLESS_ID);
     u32 index = 1;
     for (s32 i = 0; i <= 20; i++) {

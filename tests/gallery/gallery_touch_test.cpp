@@ -1,9 +1,9 @@
-// The gallery by touch alone: every page is reached and left by taps, every button on it is tapped, nothing is amiss.
+// The gallery by touch alone: every page is reached and left by taps, every button on it is tapped, nothing goes wrong.
 #include "gallery_fixture.h"
 #include "temp_project.h"
 
 enum : u32 { BACK = 1, PREVIOUS, NEXT, PAGES = GALLERY_VIEWS - 1 }; // buttons of each page, and how many there are
-enum : u32 { SLIDE_MS = 280, TRANSITION_MS = 620 };                 // as long as the gallery's, and a little more
+enum : u32 { SLIDE_MS = 280, TRANSITION_MS = 620 };                 // a little longer than the gallery's
 
 static s32 shown_view() {
     return zof_view_get_cur_id(ZOF_LAYER_UI);
@@ -15,7 +15,7 @@ static void enter(u32 view) {
     REQUIRE(shown_view() == (s32)view);
 }
 
-// Whatever is to be tapped and can be seen, apart from the ways back and to the neighbours.
+// Taps everything visible that can be tapped, except the ways back and to the neighbours.
 static void tap_all(u32 view) {
     const std::vector<u32> tapped = {ZOF_CTRL_BTN,  ZOF_CTRL_IMGBTN, ZOF_CTRL_SW,        ZOF_CTRL_CB,
                                      ZOF_CTRL_MBOX, ZOF_CTRL_TABLE,  ZOF_CTRL_BTNMATRIX, ZOF_CTRL_TXTBOX};
@@ -58,11 +58,11 @@ static void walk() {
     }
 }
 
-TEST_CASE("a person walks the gallery by touch alone, taps every button, and nothing is amiss") {
+TEST_CASE("a user walks the gallery by touch alone, taps every button, and nothing goes wrong") {
     const std::string said = printed(walk);
     std::istringstream lines(said);
     for (std::string line; std::getline(lines, line);) {
-        // SDL's dummy sound device is one only, and sounds go before tones.
+        // SDL has only one dummy sound device, and sounds have priority over tones.
         const bool well = line.empty() || contains(line, "find work path") || contains(line, "beeper: no sound device");
         CHECK_MESSAGE(well, line);
     }

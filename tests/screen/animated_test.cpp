@@ -5,7 +5,7 @@ static void media_copy(const view_project_t &project) {
     std::filesystem::copy(ZOF_MEDIA_DIR, project.path("image"), std::filesystem::copy_options::recursive);
 }
 
-// The number of the picture at this place; 0 for none.
+// The number of the picture at this position; 0 for none.
 static u32 picture_at(s32 x, s32 y) {
     const screen_picture p = screen_shot();
     u32 bars = 0;
@@ -15,7 +15,7 @@ static u32 picture_at(s32 x, s32 y) {
     return bars;
 }
 
-// The pictures of the next `count` times `ms`, place by place.
+// The pictures shown at the next `count` times, `ms` apart, position by position.
 static std::string pictures(u32 ms, u32 count, const std::vector<s32> &places = {0}) {
     std::string out(places.size() * (count + 1) - 1, ' ');
     for (u32 i = 0; i < count; i++) {
@@ -49,7 +49,7 @@ TEST_CASE("a GIF plays as often as its file, its control or the program says") {
     CHECK(screen_is_golden("gif_played"));
 }
 
-TEST_CASE("a GIF is paused, resumed, restarted and changed, played out or not") {
+TEST_CASE("a GIF is paused, resumed, restarted and changed, finished or not") {
     view_project_t project;
     media_copy(project);
     project.show({gif(1, "ever.gif", R"(, "play_en": false, "num": 1)", 0)});
@@ -59,7 +59,7 @@ TEST_CASE("a GIF is paused, resumed, restarted and changed, played out or not") 
     CHECK(after(zof_gif_pause(at(1)), 3) == "222");
     CHECK(after(zof_gif_reset_play(at(1)), 6) == "123333"); // a restart plays, paused or not
     CHECK(after(zof_gif_play_count(at(1), 2), 9) == "123123333");
-    CHECK(after(zof_gif_reset_play(at(1)), 9) == "123123333"); // as often as was asked for last
+    CHECK(after(zof_gif_reset_play(at(1)), 9) == "123123333"); // as often as was last requested
     CHECK(after(zof_gif_set_src(at(1), "twice.gif"), 9) == "231233333");
     const std::string said = printed([] {
         for (const char *name : {"none.gif", "wide.gif", "png/1.png", "\x05:x", (const char *)nullptr}) {
@@ -73,7 +73,7 @@ TEST_CASE("a GIF is paused, resumed, restarted and changed, played out or not") 
     CHECK(after(zof_gif_set_src(at(1), "ever.gif"), 3) == "231");
 }
 
-TEST_CASE("a QR code says its text, or shows none that does not fit") {
+TEST_CASE("a QR code encodes its text, and a text that does not fit shows none") {
     view_project_t project;
     const auto code = [](u32 id, s32 x, s32 side, const std::string &own) {
         return ctrl(ZOF_CTRL_QRCODE, id, R"("bg_color": 16777215, "color": 2113632)" + own, box(x, 10, 0, side));
@@ -112,33 +112,33 @@ TEST_CASE("an image sequence shows its numbers in order, pass by pass") {
                                           "23123123123 "
                                           "32323232323 "
                                           "12412412412 "
-                                          "44444444444 "  // never gets on
-                                          "03103103103 "  // all as the first
+                                          "44444444444 "  // never moves on
+                                          "03103103103 "  // all like the first
                                           "11111111111 "  // no pass is left
                                           "11111111111"); // 3 % 2, 4 % 2, 3 % 2...
     });
     CHECK(said == project.path("image/mixed/2.png") + ": cannot be read\n");
 }
 
-TEST_CASE("an image sequence tells whether it plays, has stopped, or was paused, and lives without pictures") {
+TEST_CASE("an image sequence reports whether it plays, has stopped or was paused, and works without pictures") {
     view_project_t project;
     media_copy(project);
     project.show({series(1, "png", 1, 2, 1)});
     screen_step(300);
-    CHECK(zof_animimg_get_state(at(1)) == 1); // run out by itself
+    CHECK(zof_animimg_get_state(at(1)) == 1); // finished by itself
     zof_animimg_reset_play(at(1));
-    zof_animimg_set_frame_rate(at(1), 200); // goes on
+    zof_animimg_set_frame_rate(at(1), 200); // resumes
     CHECK(pictures(200, 4) == "1221");
     zof_animimg_set_repeat_infinite(at(1), ZOF_TRUE);
-    CHECK(zof_animimg_get_repeat_count(at(1)) == 65534); // a pass of them is begun
+    CHECK(zof_animimg_get_repeat_count(at(1)) == 65534); // one pass has begun
     CHECK(pictures(200, 4) == "2121");
     zof_animimg_pause(at(1));
-    CHECK(zof_animimg_get_state(at(1)) == 2); // the mark stays until it is taken back
+    CHECK(zof_animimg_get_state(at(1)) == 2); // the state stays until it is resumed
     zof_animimg_resume(at(1));
     CHECK(zof_animimg_get_state(at(1)) == 0);
     lv_obj_t *bare = lv_animimg_create(lv_scr_act()); // a program's own
     lv_animimg_set_restart(bare);
-    ((lv_animimg_t *)bare)->end = UINT32_MAX; // one more is 0, which divides nothing
+    ((lv_animimg_t *)bare)->end = UINT32_MAX; // one more is 0, which must not be divided by
     screen_step(200);
     lv_animimg_set_src(nullptr, "x", 1);
 }

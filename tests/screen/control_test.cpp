@@ -1,19 +1,19 @@
-// The control core: making controls from files, the way of a press to the program, the common operations, deletion.
+// The control core: creating controls from files, the path of a press to the program, common operations, deletion.
 #include "view_project.h"
 
 static std::string child_of(u32 parent, u32 id) {
     return ctrl(ZOF_CTRL_OBJ, id, "", form(R"("parent_id": %u)", parent));
 }
 
-TEST_CASE("what cannot be built is told and left out, and the view goes on") {
+TEST_CASE("a control that cannot be built is reported and left out, and the view is built without it") {
     view_project_t project;
     std::string said = project.show({
         ctrl(ZOF_CTRL_VIDEO, 1), // no driver plays it
         ctrl(ZOF_CTRL_BAR, 2, R"("minValue": 5, "maxValue": 5)"),
         ctrl(ZOF_CTRL_TILE, 3), // outside of a tile view
-        child_of(2, 4),         // its parent could not be made
+        child_of(2, 4),         // its parent could not be created
         ctrl(ZOF_CTRL_LABEL, 5),
-        ctrl(ZOF_CTRL_BTN, 5), // an id that is taken
+        ctrl(ZOF_CTRL_BTN, 5), // an id that is in use
         child_of(5, 6),
     });
     for (const char *line : {"err: create ctrl[c1,1] fail", "err: create ctrl[c2,2] fail", "[c3,3] fail"}) {
@@ -26,7 +26,7 @@ TEST_CASE("what cannot be built is told and left out, and the view goes on") {
     CHECK(zof_ctrl_create(lv_scr_act(), at(5), at(5)->attr, 30) == -1); // above the table of types
 }
 
-TEST_CASE("parents are found in the file's order, at the latest at the next walk, and never within themselves") {
+TEST_CASE("parents are found in the order of the file, by the next walk at the latest, and never within themselves") {
     view_project_t project;
     project.view(2, {});
     CHECK(project.show({child_of(2, 1), ctrl(ZOF_CTRL_OBJ, 2), child_of(3, 3), child_of(5, 4), child_of(4, 5),
@@ -73,7 +73,7 @@ TEST_CASE("a press reaches the hook and the control's function, which may delete
     CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
 }
 
-TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
+TEST_CASE("a press that slides off is cancelled and does not trigger a neighbour") {
     view_project_t project;
     project.image("a.png", 100, 40, 0xFF0000);
     ctrl_funs = {{1, on_event}, {2, on_event}, {3, on_event}, {4, on_event}, {5, on_event}};
@@ -94,14 +94,14 @@ TEST_CASE("a press that slides off is given up, and sets off no neighbour") {
         screen_move(50, middles[i]); // and back: the press is over until the finger is lifted
         screen_release(50, middles[i]);
         const std::string got = taken(events);
-        CHECK((contains(got, id + ":3") && got.find(id + ":3") == got.rfind(id + ":3"))); // told once
+        CHECK((contains(got, id + ":3") && got.find(id + ":3") == got.rfind(id + ":3"))); // reported once
         CHECK_FALSE((contains(got, ":7") || contains(got, ":8")));
-        screen_click(50, middles[i]); // the next press is heard
+        screen_click(50, middles[i]); // the next press works
         CHECK(contains(taken(events), id + ":7"));
     }
 }
 
-TEST_CASE("a list is flung by its rows, however fast the finger, and a swipe reaches the one that waits for it") {
+TEST_CASE("a list is flung by its rows, however fast the finger, and a swipe reaches the object that waits for it") {
     view_project_t project;
     ctrl_funs = {{2, on_event}, {3, on_event}, {5, on_event}, {6, on_event}};
     const std::string row = R"("parent_id": 1, "scrollbar_t": {"chain_e": 3}, )";
@@ -131,17 +131,17 @@ TEST_CASE("deleting a control leaves an empty record, and its children's records
     }
     CHECK(zof_label_set_txt(child, "y") == -1);
     CHECK(zof_ctrl_delete(at(1)) == -1);
-    CHECK(zof_ctrl_show(1, 1) == at(1)); // nothing is left to make it from
+    CHECK(zof_ctrl_show(1, 1) == at(1)); // nothing is left to create it from
     CHECK(zof_ctrl_del(1, 4) == 0);
     CHECK(zof_ctrl_get_form_id(1, 4) == nullptr);
-    zof_ctrl_obj_del(gone);   // the caller's, now
-    zof_view_set_dis_view(2); // the next showing makes them all again
+    zof_ctrl_obj_del(gone);   // now the caller's
+    zof_view_set_dis_view(2); // showing the view again recreates them all
     zof_view_set_dis_view(1);
     CHECK(std::string(zof_label_get_text(at(3))) == "x");
     CHECK(lv_obj_get_parent(at(3)->obj) == at(2)->obj);
 }
 
-TEST_CASE("a control takes its common properties from the file, and odd values as they are meant") {
+TEST_CASE("a control takes its common properties from the file, and odd values as intended") {
     view_project_t project({ctrl(ZOF_CTRL_OBJ, 1, "", box(10, 20, 100, 40) + R"(, "hidden": true, "t_mode": 0,
                         "scrollbar_t": {"mode_e": 1, "dir_e": 3, "chain_e": 2, "elastic": true})"),
                             ctrl(ZOF_CTRL_OBJ, 2, "", box(50, 60, 20, 20) + R"(, "t_mode": 5)")});
@@ -150,7 +150,7 @@ TEST_CASE("a control takes its common properties from the file, and odd values a
                       LV_OBJ_FLAG_SCROLL_ELASTIC | LV_OBJ_FLAG_SCROLL_MOMENTUM;
     CHECK((obj->flags & flags) == (LV_OBJ_FLAG_HIDDEN | LV_OBJ_FLAG_SCROLL_CHAIN_VER | LV_OBJ_FLAG_SCROLL_ELASTIC));
     CHECK(lv_obj_get_scroll_dir(obj) == LV_DIR_HOR);
-    CHECK(lv_obj_has_flag(at(2)->obj, LV_OBJ_FLAG_CLICKABLE)); // LVGL's own choice
+    CHECK(lv_obj_has_flag(at(2)->obj, LV_OBJ_FLAG_CLICKABLE)); // LVGL's default
     CHECK(zof_map_relation(5, 5, 5, 1, 2) == 2);               // equal ends
     for (const auto &[angle, tenths] : {std::pair{90, 910}, {360, 0}, {45, 450}, {65430, 654310}}) {
         CHECK(zof_ctrl_rotate_angel(at(1), 3, 4, (u16)angle) == 0);
@@ -158,7 +158,7 @@ TEST_CASE("a control takes its common properties from the file, and odd values a
     }
 }
 
-TEST_CASE("an animation runs its values along its path, and ends with its object") {
+TEST_CASE("an animation runs along its path, and ends with its object") {
     view_project_t project({ctrl(ZOF_CTRL_OBJ, 1)});
     static s32 reached;
     zof_anim_dsc_t dsc = {};
@@ -196,7 +196,7 @@ TEST_CASE("any LVGL object is a handle, and every operation is harmless without 
     CHECK(zof_ctrl_get_id_form_ctrl(label) == -1);
     CHECK(zof_ctrl_get_id_form_ctrl(zof_ctrl_obj(at(1))) == 1);
     CHECK(zof_ctrl_get_attr_from_ctrl(nullptr) == (void *)(intptr_t)-1);
-    CHECK(zof_ctrl_move_forground(zof_view_list_get(1)) == -1); // it is in nobody's list of children
+    CHECK(zof_ctrl_move_forground(zof_view_list_get(1)) == -1); // it has no parent
     CHECK(zof_ctrl_set_align(zof_view_list_get(1), label, 0, 0, 0) == -1);
     zof_ctrl_zoom_set(at(1), 0); // LVGL divides by it
     screen_click(10, 10);

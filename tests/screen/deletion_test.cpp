@@ -1,5 +1,5 @@
-// Controls are deleted and views are left in the middle of calls that LVGL answers with events: by every event of every
-// such call, and at random.
+// Controls are deleted and views are left in the middle of calls to which LVGL responds with events: in every event of
+// every such call, and at random.
 #include <chrono>
 #include <random>
 #include <set>
@@ -140,7 +140,7 @@ static void project_up(view_project_t &project) {
     project.open(320, 240);
 }
 
-// Brings view 1 up whole, whatever was deleted of it.
+// Shows view 1 complete, whatever was deleted from it.
 static void view_renew() {
     on_any_event = nullptr;
     zof_view_set_dis_view(2);
@@ -225,7 +225,7 @@ TEST_CASE("every event of every call may delete its control or show another view
     CHECK(memory() == before);
 }
 
-TEST_CASE("a tile view that lost the tile it showed knows of none") {
+TEST_CASE("a tile view whose shown tile was deleted reports none") {
     view_project_t project;
     project_up(project);
     view_renew();
@@ -253,7 +253,7 @@ static void anything() {
     case 1:
         zof_ctrl_delete(record);
         break;
-    case 2: // the record is the caller's now
+    case 2: // the record is now the caller's
         zof_ctrl_del(view, id);
         zof_ctrl_obj_del(record);
         break;
@@ -289,7 +289,7 @@ static void anything_at_times(para_t *, u32) {
     }
 }
 
-TEST_CASE("deletions, views and calls at random in each other's events leave nothing that is freed in use") {
+TEST_CASE("random deletions, views and calls in each other's events use no freed memory") {
     const char *given = getenv("ZOF_SEED");
     const u32 seed = given ? (u32)strtoul(given, nullptr, 0) : std::random_device()();
     const char *seconds = getenv("ZOF_SECONDS");
@@ -299,7 +299,7 @@ TEST_CASE("deletions, views and calls at random in each other's events leave not
     dice.seed(seed);
     view_project_t project;
     project_up(project);
-    // What views say about what is gone by then is of no interest.
+    // What views log about controls that are gone by then does not matter.
     printed([&] {
         for (u32 round = 0; round < 400 && std::chrono::steady_clock::now() < end; round++) {
             view_renew();

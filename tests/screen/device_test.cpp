@@ -1,4 +1,4 @@
-// Standby, keys that stand for pins, the beeper and the tones of touches.
+// Standby, keys that stand in for pins, the beeper and the tones of touches.
 #include "view_project.h"
 
 #include <SDL_events.h>
@@ -26,7 +26,7 @@ TEST_CASE("standby: the display dims, goes dark, and comes back in two presses t
                             "on_bright": 90, "on_view": 3})");
     screen_step(4000);
     screen_click(100, 50);
-    CHECK(contains(taken(events), "5:7")); // awake: the press is the control's, and the count starts anew
+    CHECK(contains(taken(events), "5:7")); // awake: the press reaches the control and restarts the count
     const struct {
         u32 wait; // milliseconds, or a press for 0
         s32 state, view, percent;
@@ -45,21 +45,22 @@ TEST_CASE("standby: the display dims, goes dark, and comes back in two presses t
     CHECK(sdl_bright_get() == 1); // 257 in 8 bits
 }
 
-TEST_CASE("standby: requests follow the rules from every state to every other one, and its time runs, if it has one") {
+TEST_CASE(
+    "standby: requests follow the rules from every state to every other, and the time of a state runs if it has one") {
     view_project_t project;
     standby_up(project, R"({"stdby_time": 0, "off_time": 0})");
     CHECK(zof_func_stdby_set_statue(ZOF_STDBY_DIMMED) == -1); // no time was ever set
     const s32 percent[] = {90, 40, 5};
     const struct {
         u16 stdby_time, off_time;
-        u32 next[3]; // where each state gets by itself
+        u32 next[3]; // where each state leads by itself
     } rows[] = {{0, 2, {0, 2, 2}}, {2, 0, {1, 1, 2}}, {2, 2, {1, 2, 2}}};
     for (const auto &row : rows) {
         zof_func_standby_t times = {.stdby_bright = 40, .off_bright = 5, .on_bright = 90};
         times.stdby_time = row.stdby_time;
         times.off_time = row.off_time;
         CHECK(zof_func_stdby_set_param(&times) == 0);
-        times = {}; // the caller's record may go
+        times = {}; // the caller's record is not needed any more
         for (u32 i = 0; i < 9; i++) {
             const u32 from = i / 3, to = i % 3;
             CAPTURE(i);
@@ -74,7 +75,7 @@ TEST_CASE("standby: requests follow the rules from every state to every other on
     }
 }
 
-// A pin's callback and the every-key callback write down what they are called with.
+// A pin's callback and the callback for every key record what they are called with.
 static std::string keys;
 
 static void on_pin(u8 *port) {
@@ -85,7 +86,7 @@ static void on_key(zof_win_key_param_t *param, u32 key) {
     keys += form(" key%u=%d", key, zof_win_key_get_status(param));
 }
 
-// What was written down for events of a key of the keyboard.
+// What was recorded for events of a keyboard key.
 static std::string key_events(s32 key, const std::vector<u32> &types) {
     for (u32 type : types) {
         SDL_Event event = {};
@@ -97,11 +98,11 @@ static std::string key_events(s32 key, const std::vector<u32> &types) {
     return taken(keys);
 }
 
-TEST_CASE("keys: a key stands for a pin, edges and modes choose what is heard, repeats are not") {
+TEST_CASE("keys: a key stands in for a pin, edges and modes choose the interrupts, repeats are ignored") {
     screen_open(100, 100);
     win_gpio_init();
     zof_gpio_cfg_t cfg = {.port = 1, .pin = 2, .mode = 0, .irq_mode = ZOF_GPIO_EDGE_RISING};
-    CHECK(zof_gpio_init(&cfg) == -1); // keys are tied first
+    CHECK(zof_gpio_init(&cfg) == -1); // keys are bound first
     CHECK(zof_win_key_sim_gpio_reg(1, 2, 'a') == 0);
     CHECK(zof_win_key_sim_gpio_reg(1, 3, 'b') == 0);
     CHECK(zof_gpio_init(&cfg) == 0);
@@ -116,10 +117,10 @@ TEST_CASE("keys: a key stands for a pin, edges and modes choose what is heard, r
     zof_gpio_init(&cfg);
     zof_win_key_irq_reg(on_key);
     CHECK(key_events('a', {SDL_KEYDOWN}) == " key97=1");
-    CHECK(key_events('z', {SDL_KEYDOWN}) == " key122=1"); // tied to nothing
+    CHECK(key_events('z', {SDL_KEYDOWN}) == " key122=1"); // not bound
 }
 
-TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for") {
+TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than requested") {
     const std::string file = std::string(ZOF_BUILD_DIR) + "/beep-" + std::to_string(getpid()) + ".raw";
     setenv("SDL_AUDIODRIVER", "disk", 1);
     setenv("SDL_DISKAUDIOFILE", file.c_str(), 1);
@@ -137,7 +138,7 @@ TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than asked for") {
     CHECK(sounding > 44100 / 2 * 0.95);
 }
 
-static std::string sounds; // what the sound driver was asked for
+static std::string sounds; // requests to the sound driver
 static const zof_drv_audio_ops_t sound_driver = {
     .set_src = [](const char *path) -> s32 {
         sounds += std::filesystem::path(path).stem();
@@ -145,7 +146,7 @@ static const zof_drv_audio_ops_t sound_driver = {
     },
 };
 
-TEST_CASE("tones: flags say which touches sound, and a series of sound files counts down") {
+TEST_CASE("tones: flags choose which touches sound, and a series of sound files counts down") {
     view_project_t project;
     standby_up(project, R"({})");
     zof_drv_audio_reg(&sound_driver);
@@ -161,5 +162,5 @@ TEST_CASE("tones: flags say which touches sound, and a series of sound files cou
     screen_step(1000);
     CHECK(taken(sounds) == "a");
     zof_hmi_tone_mult_on(0, 0, 0);
-    CHECK(zof_audio_set_volum(5) + zof_audio_get_state() == -1); // it keeps no volume, and tells no state
+    CHECK(zof_audio_set_volum(5) + zof_audio_get_state() == -1); // it has neither volume nor state
 }

@@ -1,4 +1,5 @@
-// Every number of every control at the ends of its range: whatever a file says, the view is drawn, pressed and left.
+// Every number of every control at the ends of its range: whatever a file contains, the view is drawn, pressed and
+// left.
 #include <chrono>
 #include <random>
 
@@ -75,16 +76,16 @@ static std::vector<std::string> keys_of(u32 type, bool styles) {
     return keys;
 }
 
-static u32 next_id = RING_ID + 1; // each control has an id of its own, as its record outlives it
+static u32 next_id = RING_ID + 1; // each control has its own id, because its record outlives it
 
-// Shows, touches and leaves a view with such a control, or three if it is a tile.
+// Shows, touches and leaves a view with such a control, or with three if it is a tile.
 static void odd_view(view_project_t &project, u32 type, const std::vector<odd_t> &numbers) {
     std::vector<std::string> controls(type == ZOF_CTRL_TILE, sound_control(ZOF_CTRL_TILEVIEW, RING_ID));
     for (u32 i = 0; i < (type == ZOF_CTRL_TILE ? 3 : 1); i++) {
         controls.push_back(odd_control(type, next_id++, numbers));
     }
     project.view(1, controls);
-    printed([] { // of some values it is said what is wrong with them
+    printed([] { // some values are reported as wrong
         zof_view_set_dis_view(1);
         screen_step(40);
         screen_drag(50, 50, 200, 60, 3);
@@ -114,7 +115,7 @@ TEST_CASE("no number of a control in a view file stops the panel") {
     CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
 }
 
-TEST_CASE("no numbers of a control in a view file stop the panel together") {
+TEST_CASE("no combination of a control's numbers in a view file stops the panel") {
     const char *given = getenv("ZOF_SEED");
     const u32 seed = given ? (u32)strtoul(given, nullptr, 0) : std::random_device()();
     printf("extreme_test: ZOF_SEED=%u\n", seed);

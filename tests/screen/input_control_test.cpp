@@ -1,5 +1,4 @@
-// Message boxes, text boxes, keyboards with and without Pinyin, button matrices: what they do, how long they live, how
-// they look.
+// Message boxes, text boxes, keyboards with and without Pinyin, button matrices: behaviour, lifetime, and look.
 #include "looks.h"
 
 static std::string text(u32 box) {
@@ -36,7 +35,7 @@ TEST_CASE("buttons of a matrix are counted without row breaks, whatever rows it 
     CHECK(contains(taken(events), " 1:28"));
     press(matrix->obj, 1); // hits no button: LVGL alone would report the first one again
     CHECK(!contains(taken(events), " 1:28"));
-    zof_lang_set("de"); // the table of the captions is gone
+    zof_lang_set("de"); // the table of the captions is freed
     screen_step(50);
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 2, "#ask") == 0);
     zof_lang_set("en");
@@ -44,7 +43,7 @@ TEST_CASE("buttons of a matrix are counted without row breaks, whatever rows it 
     CHECK(zof_btnmatrix_set_btn_txt(matrix, 4, "x") == -1);
     const std::string shown = caption(matrix, 0) + "|" + caption(matrix, 1) + "|" + caption(matrix, 2) + "|";
     CHECK(shown == "Yes| |Löschen?|");
-    lv_obj_del(matrix->obj); // may go with its parent's and be made again; captions of its own life come again
+    lv_obj_del(matrix->obj); // deleted with its parent and recreated, it has the captions of its file
     CHECK(zof_ctrl_show(1, 1) == matrix);
     CHECK(caption(matrix, 2) == "Delete it?");
     CHECK(zof_btnmatrix_del(matrix) == 0); // still there, but without buttons
@@ -55,7 +54,7 @@ static std::string mbox(const std::string &title, const std::string &txt, const 
     return form(R"("title": "%s", "txt": "%s", "btn_txt": [%s])", title.c_str(), txt.c_str(), captions.c_str());
 }
 
-// Title, text and the number of buttons that a message box shows.
+// Title, text and number of buttons that a message box shows.
 static std::string said_by(u32 id) {
     const lv_obj_t *title = lv_msgbox_get_title(at(id)->obj), *text = lv_msgbox_get_text(at(id)->obj);
     const auto *btns = (const lv_btnmatrix_t *)lv_msgbox_get_btns(at(id)->obj);
@@ -63,15 +62,15 @@ static std::string said_by(u32 id) {
            std::to_string(btns ? btns->btn_cnt : 0);
 }
 
-TEST_CASE("message boxes work with and without title, text and buttons, which follow the language as told") {
+TEST_CASE("message boxes work with and without title, text and buttons, which follow the language as documented") {
     view_project_t project;
     looks_open(project);
     project.show({ctrl(ZOF_CTRL_MBOX, 1, mbox("#ask", "plain", R"("#yes", "#no", "")"), box(20, 10, 240, 120)),
                   ctrl(ZOF_CTRL_MBOX, 2), ctrl(ZOF_CTRL_MBOX, 3, mbox("", "#none", R"("")") + R"(, "btn_num": 9)"),
-                  ctrl(ZOF_CTRL_MBOX, 4, mbox("", "", R"("only")"))}); // its file forgot the end
+                  ctrl(ZOF_CTRL_MBOX, 4, mbox("", "", R"("only")"))}); // the end is missing in its file
     CHECK(said_by(4) == "-|-|1");
     for (u32 id : {2, 3}) {
-        CHECK(zof_title_set_txt(at(id), "#ask") == 0); // gets a title now, above
+        CHECK(zof_title_set_txt(at(id), "#ask") == 0); // adds a title at the top
         CHECK(zof_mbox_set_txt(at(id), "text") == 0);
         CHECK(said_by(id) == "Delete it?|text|0");
     }
@@ -79,10 +78,10 @@ TEST_CASE("message boxes work with and without title, text and buttons, which fo
     zof_lang_set("de");
     CHECK(said_by(1) == "Löschen?|changed|2");
     CHECK(said_by(3) == "Löschen?|x|0");       // its file has a key, which comes back
-    CHECK(zof_mbox_s_close(at(1)->obj) == -1); // functions take the control, and no object of it but for opening
+    CHECK(zof_mbox_s_close(at(1)->obj) == -1); // functions accept the control, and its object only for opening
 }
 
-TEST_CASE("a message box closes by itself, twice if asked twice, and opens again, but not when it is deleted") {
+TEST_CASE("a message box closes by itself, twice if requested twice, and opens again, but not when it is deleted") {
     view_project_t project({ctrl(ZOF_CTRL_MBOX, 1, mbox("t", "x", "")), ctrl(ZOF_CTRL_MBOX, 2, mbox("t", "x", ""))});
     const auto hidden = [](u32 ms) {
         screen_step(ms);
@@ -100,7 +99,7 @@ TEST_CASE("a message box closes by itself, twice if asked twice, and opens again
     screen_step(100);
 }
 
-TEST_CASE("a text box takes of a text what it accepts, in every mode") {
+TEST_CASE("a text box takes from a text what it accepts, in every mode") {
     const struct {
         const char *keys, *given, *has;
     } rows[] = {
@@ -123,7 +122,7 @@ TEST_CASE("a text box takes of a text what it accepts, in every mode") {
         CHECK(zof_txtbox_set_text(at(i + 1), rows[i].given) == 0);
         CHECK(text(i + 1) == rows[i].has);
     }
-    const auto again = [](lv_event_t *e) { // the limits count for what typing sets off, too
+    const auto again = [](lv_event_t *e) { // the limits also apply to what typing triggers
         if (text(3) == "a") {
             zof_txtbox_add_txt(lv_event_get_target(e), "bcd");
         }
@@ -134,19 +133,19 @@ TEST_CASE("a text box takes of a text what it accepts, in every mode") {
     lv_obj_add_event_cb(
         at(4)->obj, [](lv_event_t *) { zof_ctrl_delete(at(4)); }, LV_EVENT_VALUE_CHANGED, nullptr);
     CHECK(zof_txtbox_add_txt(at(4), "1") == 0);
-    CHECK(at(4)->obj == nullptr); // gone by its own change
+    CHECK(at(4)->obj == nullptr); // deleted by its own change
     zof_txtbox_set_text(at(7), std::string(40000, 'i').c_str());
-    CHECK(text(7).size() == 32767); // where no limit is named
+    CHECK(text(7).size() == 32767); // without a limit of its own
     CHECK(zof_txtbox_add_char(at(2), 0xA4C3) == 0);
     CHECK(zof_txtbox_add_char(at(2), 0x80) == -1); // half a character
-    for (u32 way : {1, 3, 2, 0, 1, 9}) {           // 9 is no way
+    for (u32 way : {1, 3, 2, 0, 1, 9}) {           // 9 is invalid
         CHECK(zof_txtbox_cursor_move(at(2), way) == 0);
     }
     zof_txtbox_del_char(at(2));
     CHECK(text(2) == "one\ntwä");
 }
 
-// Two text boxes, a keyboard below them, and one that cannot be touched; more keys for the keyboard.
+// Two text boxes, a keyboard below them, and one that cannot be touched; `keys` are more keys of the keyboard.
 static void typing(view_project_t &project, const std::string &keys, const std::string &box_keys = "") {
     looks_open(project);
     ctrl_funs = {{3, on_event}};
@@ -157,7 +156,7 @@ static void typing(view_project_t &project, const std::string &keys, const std::
     screen_step(50);
 }
 
-// Types the captions of keys, one after the other; " " is a key like others.
+// Types the captions of keys in turn; " " is a key like others.
 static void type(const std::vector<std::string> &keys, u32 keyboard = 3, u32 view = 1) {
     lv_obj_t *obj = at(keyboard, view)->obj;
     for (const std::string &key : keys) {
@@ -171,13 +170,13 @@ static void type(const std::vector<std::string> &keys, u32 keyboard = 3, u32 vie
     }
 }
 
-TEST_CASE("keyboards stand where their file says, type into their text box, and forget one that goes") {
+TEST_CASE("keyboards are where their file says, type into their text box, and forget it when it is deleted") {
     view_project_t project;
     typing(project, R"("keyboard_spell": true, "mode": 3, "popovers": true)");
     para_t *keyboard = at(3), *other = at(4);
-    CHECK(!lv_obj_has_flag(other->obj, LV_OBJ_FLAG_CLICKABLE)); // LVGL sets it, taking it for a state
+    CHECK(!lv_obj_has_flag(other->obj, LV_OBJ_FLAG_CLICKABLE)); // LVGL sets it, because it mistakes it for a state
     CHECK(screen_is_golden("keyboard_numbers"));
-    type({"7"}); // into nothing
+    type({"7"}); // without a text box
     zof_keyboard_set_txtbox(other, at(1));
     zof_keyboard_set_txtbox(keyboard, at(1));
     type({"1", "+/-", "2", LV_SYMBOL_LEFT, LV_SYMBOL_BACKSPACE});
@@ -200,7 +199,7 @@ static lv_obj_t *candidates(u32 keyboard = 3, u32 view = 1) {
     return panel;
 }
 
-// What stands in a text box, and the first two candidates when there are some.
+// The text of a text box, and the first two candidates if there are any.
 static std::string state(u32 id) {
     const bool open = !lv_obj_has_flag(candidates(), LV_OBJ_FLAG_HIDDEN);
     return text(id) + (open ? "[" + caption(candidates(), 1) + caption(candidates(), 2) + "]" : "");
@@ -216,24 +215,24 @@ static std::string picked(u32 candidate, u32 id = 1) {
     return state(id);
 }
 
-TEST_CASE("Pinyin replaces what was typed by the character that is chosen") {
+TEST_CASE("Pinyin replaces what was typed with the chosen character") {
     view_project_t project;
     typing(project, pinyin);
     zof_keyboard_set_txtbox(at(3), at(1));
-    screen_click(40, 20); // the text box gets the cursor, and keeps it
+    screen_click(40, 20); // the text box gets the cursor and keeps it
     CHECK(typed({"x", " ", "n", "i"}) == "x ni[你妳]");
     CHECK(picked(2) == "x 妳");
     type({"b", "u"}); // seven characters: two pages, of which the last one is not full
     CHECK(picked(7) == "x 妳bu[歩 ]");
     CHECK(typed({LV_SYMBOL_BACKSPACE, LV_SYMBOL_BACKSPACE, LV_SYMBOL_BACKSPACE}) == "x ");
-    // Where the cursor has moved, letters in front of it are others, and stay.
+    // When the cursor has moved, other letters are before it, and they stay.
     CHECK(typed({"n", "i", LV_SYMBOL_LEFT}) == "x ni");
     type({"a"});
     zof_txtbox_cursor_move(at(1), 0);
     CHECK(picked(1) == "x nai啊");
 }
 
-TEST_CASE("Pinyin lives with any input: long, capital, without a match, in a box that takes none") {
+TEST_CASE("Pinyin handles any input: long, upper case, without a match, in a box that accepts none") {
     view_project_t project;
     typing(project, pinyin, R"("max_txt_len": 1, "pwd_mode_en": true)");
     zof_keyboard_set_txtbox(at(3), at(1));
@@ -250,7 +249,7 @@ TEST_CASE("Pinyin lives with any input: long, capital, without a match, in a box
     CHECK(lv_obj_has_flag(candidates(), LV_OBJ_FLAG_HIDDEN));
 }
 
-TEST_CASE("an input method is made once for its keyboard, on its layer, and goes with it, whichever is deleted") {
+TEST_CASE("an input method is created once for its keyboard, on its layer, and deleted with it, whichever goes first") {
     view_project_t project;
     const auto in_a_box = [](u32 id, s32 y) { return ctrl(ZOF_CTRL_OBJ, id, "", box(0, y, 320, 120)); };
     const auto keyboard = [](u32 id, u32 parent) {
@@ -265,12 +264,12 @@ TEST_CASE("an input method is made once for its keyboard, on its layer, and goes
     CHECK(caption(candidates(5, 2), 1) == "你");
     zof_ctrl_delete(at(5, 2));
     CHECK(lv_obj_get_child_cnt(at(4, 2)->obj) == 0);
-    lv_obj_move_background(lv_obj_get_child(at(6, 2)->obj, 1)); // now the input method goes first
+    lv_obj_move_background(lv_obj_get_child(at(6, 2)->obj, 1)); // now the input method is deleted first
     zof_ctrl_delete(at(6, 2));
     CHECK(at(7, 2)->obj == nullptr);
 }
 
-// Message boxes and the other keyboards have their pictures in the gallery. Here is what it does not show.
+// The gallery has pictures of message boxes and the other keyboards. Here is what it does not show.
 // clang-format off
 TEST_CASE("pictures of text boxes") {
     const auto boxed = [](u32 id, const std::string &own, s32 x, s32 y, s32 h) {
@@ -286,7 +285,7 @@ TEST_CASE("pictures of text boxes") {
         boxed(3, R"("init_txt": "secret", "pwd_mode_en": true, "pwd_char_show_time": 1000)", 165, 10, 36),
         boxed(4, R"("p_holder_txt": "in the middle", "holder_txt_align_e": 2)", 165, 60, 36),
     }, {
-        {"txtbox_focused_right", 0, [] { screen_click(100, 80); }}, // the password is still seen
+        {"txtbox_focused_right", 0, [] { screen_click(100, 80); }}, // the password is still visible
         {"txtbox_focused_lines", 0, [] { screen_step(1000); screen_click(100, 130); zof_txtbox_add_txt(at(3), "x"); }},
     });
 }

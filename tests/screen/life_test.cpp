@@ -28,7 +28,7 @@ static void life_up(view_project_t &project) {
     project.open(640, 240);
 }
 
-// Calls what is given for each control that is there.
+// Calls `action` for each control that exists.
 template <typename F> static void each(F action) {
     for (u32 id = LABEL; id < END; id++) {
         para_t *c = zof_ctrl_get_form_id(1, id);
@@ -38,7 +38,7 @@ template <typename F> static void each(F action) {
     }
 }
 
-// A finger on each control that slides a little on it, and one on an option of the open list.
+// Puts a finger on each control and slides it a little, and on one option of the open list.
 static void touch_all() {
     each([](para_t *c) {
         const lv_area_t a = c->obj->coords;
@@ -57,9 +57,9 @@ TEST_CASE("controls come and go with their view and leave nothing behind") {
     u32 memory[2] = {};
     life_up(project);
     for (u32 turn = 0; turn < 20; turn++) {
-        printed([] { zof_view_set_dis_view(1); }); // no driver plays the video, which is told
+        printed([] { zof_view_set_dis_view(1); }); // no driver plays the video, which is logged
         touch_all();
-        for (u32 id : {LIST, DROP, ROLLER}) { // may go with its parent's object and be made again
+        for (u32 id : {LIST, DROP, ROLLER}) { // deleted with its parent's object and recreated
             lv_obj_del(at(id)->obj);
             zof_ctrl_show(1, id);
         }
@@ -91,7 +91,7 @@ static u32 deadly;
 TEST_CASE("controls may be deleted in their own events") {
     const struct {
         u32 event;
-        u32 gone; // of all controls, at least
+        u32 gone; // how many controls, at least
     } rows[] = {{ZOF_EVENT_PRESSED, 27},  {ZOF_EVENT_PRESSING, 27},      {ZOF_EVENT_RELEASED, 21},
                 {ZOF_EVENT_CLICKED, 20},  {ZOF_EVENT_VALUE_CHANGED, 12}, {ZOF_EVENT_SCROLL, 3},
                 {ZOF_EVENT_SCROLL_END, 6}};

@@ -1,5 +1,5 @@
-// Lists, drop lists and roller lists: their texts, how they follow touch and language, and what of their looks the
-// gallery does not show.
+// Lists, drop lists and roller lists: their texts, how they follow touch and language, and those looks that the gallery
+// does not show.
 #include "looks.h"
 
 static std::string shown(zof_ctrl_t *ctrl) {
@@ -12,7 +12,7 @@ static std::string shown(zof_ctrl_t *ctrl) {
 static const std::string scrolls = R"(, "scrollbar_t": {"dir_e": 12, "mode_e": 0, "momentum": true})";
 static const std::string modes = R"("options": "#off\n#low\n#high\nCustom")";
 
-TEST_CASE("a list adds, changes and removes its buttons, and keeps texts and icons through a change of language") {
+TEST_CASE("a list adds, changes and removes its buttons, and keeps texts and icons through a language change") {
     view_project_t project;
     looks_open(project);
     project.image("dot.png", 16, 16, 0x1F6FEB);
@@ -30,19 +30,19 @@ TEST_CASE("a list adds, changes and removes its buttons, and keeps texts and ico
         return out;
     };
     CHECK(texts() == "Low|Off|plain");
-    CHECK(lv_obj_check_type(zof_ctrl_obj(zof_list_get_index_label(list, 2)), &lv_label_class)); // no name of a file
+    CHECK(lv_obj_check_type(zof_ctrl_obj(zof_list_get_index_label(list, 2)), &lv_label_class)); // not a file name
     CHECK(zof_list_add_btn(list, "dot.png", "#high"));
     CHECK(zof_list_set_index_str(list, 2, "#off") == 0);
     CHECK(zof_list_del_btn(list, 1) == 0);
     zof_lang_set("de");
     CHECK(texts() == "Niedrig|Aus|Hohe Leistung");
     screen_step(50);
-    screen_click(60, 40); // on the first button: it is the list that hears of it
+    screen_click(60, 40); // on the first button: the list gets the event
     CHECK(contains(taken(events), " 1:7"));
     CHECK(zof_list_get_select_index(list) == 0);
 }
 
-TEST_CASE("a drop list is opened, chosen from and changed, open or closed") {
+TEST_CASE("a drop list is opened, used and changed, open or closed") {
     view_project_t project;
     looks_open(project);
     ctrl_funs = {{1, on_event}};
@@ -56,14 +56,14 @@ TEST_CASE("a drop list is opened, chosen from and changed, open or closed") {
     screen_click(60, list->coords.y1 + 40); // the second line
     CHECK(contains(taken(events), " 1:28"));
     zof_droplist_open(drop);
-    zof_lang_set("de"); // the open list shows the new texts, of which the widest makes the width
+    zof_lang_set("de"); // the open list shows the new texts and is as wide as the widest
     CHECK(std::string(lv_label_get_text(lv_obj_get_child(list, 0))) == "Aus\nNiedrig\nHohe Leistung\nCustom");
     zof_droplist_set_selected(drop, 70000);
     CHECK(shown(drop) == "Custom");
     const char *one[] = {"#two"};
     CHECK(zof_droplist_set_options(drop, one, 1) == 0);
     CHECK(zof_droplist_del_option(drop, 0) == -1);
-    CHECK(std::string(lv_dropdown_get_options(drop->obj)) == "#two"); // still seen, though the list is empty now
+    CHECK(std::string(lv_dropdown_get_options(drop->obj)) == "#two"); // still shown, though the list is empty now
     // A touch in the padding above the options of an open list chooses the first.
     zof_droplist_set_selected(at(2), 2);
     zof_droplist_open(at(2));
@@ -75,7 +75,7 @@ TEST_CASE("a drop list is opened, chosen from and changed, open or closed") {
     CHECK(lv_dropdown_is_open(at(2)->obj) == false);
 }
 
-TEST_CASE("a roller turns to what is asked or touched, and keeps its mode and its place") {
+TEST_CASE("a roller turns to what is requested or touched, and keeps its mode and position") {
     view_project_t project;
     looks_open(project);
     ctrl_funs = {{1, on_event}, {2, on_event}};
@@ -102,12 +102,12 @@ TEST_CASE("a roller turns to what is asked or touched, and keeps its mode and it
     const char *one[] = {"#off"};
     CHECK(zof_rollist_set_options(at(1), one, 1, 1) == 0);
     zof_rollist_add_option(at(1), "#high", 2);
-    CHECK(endless(1));                                    // the one it was given, for good
+    CHECK(endless(1));                                    // the mode it was given lasts
     CHECK(zof_rollist_set_line_space(at(1), -1000) == 0); // lines cannot have less than a pixel
     screen_drag(80, 24, 80, 22, 2);
 }
 
-// One row a picture.
+// One row for each picture.
 // clang-format off
 TEST_CASE("pictures of lists") {
     const std::string place = box(40, 20, 220, 200) + scrolls;

@@ -1,4 +1,4 @@
-// What controls wear in golden pictures. By night and in other languages the pictures of the gallery show them.
+// Styles of controls in golden pictures. The gallery's pictures show the dark theme and other languages.
 #ifndef LOOKS_H
 #define LOOKS_H
 
@@ -17,14 +17,14 @@ inline std::string look(u32 part, u32 state, u32 sect, u32 bg, u32 text, u32 bor
 inline const std::string looks = look(LV_PART_MAIN, 0, 0, CARD, TEXT, LINE, 8) + ", " +
                                  look(LV_PART_MAIN, LV_STATE_FOCUSED, 0, CARD, TEXT, ACCENT, 8) + ", " +
                                  look(LV_PART_TEXTAREA_PLACEHOLDER, 0, 0, CARD, MUTE, LINE, 0) + ", " +
-                                 look(LV_PART_SELECTED, 0, 0, ACCENT, CARD, LINE, 0) + ", " + // of rollers
+                                 look(LV_PART_SELECTED, 0, 0, ACCENT, CARD, LINE, 0) + ", " + // for rollers
                                  look(LV_PART_TICKS, 0, 0, CARD, MUTE, LINE, 4) + ", " +
-                                 look(LV_PART_MAIN, 0, 1, CARD, TEXT, LINE, 8) + ", " + // of lists' own objects
+                                 look(LV_PART_MAIN, 0, 1, CARD, TEXT, LINE, 8) + ", " + // for the objects of lists
                                  look(LV_PART_MAIN, LV_STATE_PRESSED, 1, PRESS, TEXT, PRESS, 8) + ", " +
                                  look(LV_PART_SELECTED, LV_STATE_CHECKED, 1, ACCENT, CARD, LINE, 8) + ", " +
                                  look(LV_PART_SELECTED, LV_STATE_PRESSED, 1, PRESS, TEXT, LINE, 8);
 
-// The fonts that the looks name, two languages, and the view's colour.
+// Installs the fonts that the looks name, two languages, and the view's colour.
 inline void looks_open(view_project_t &project) {
     std::filesystem::create_directories(project.path("font"));
     std::filesystem::copy_file(ZOF_PANEL_DIR "/res/font/bench-text.ttf", project.path("font/text.ttf"));
@@ -37,15 +37,15 @@ inline void looks_open(view_project_t &project) {
     project.shown_keys = R"("bg_color": 15527924, "bg_scale": 255)";
 }
 
-// One picture: what was done before it, and which control stands for it alone (0: the view as it is). A finger that
-// `first` puts down is lifted afterwards.
+// One picture: what is done before it, and which control it shows (0: the whole view). A finger that `first` puts down
+// is lifted afterwards.
 struct picture_row {
     const char *name;
     u32 only;
     void (*first)() = nullptr;
 };
 
-// All pictures of a type, whose controls have the numbers from 1 on.
+// Takes all pictures of a type, whose controls are numbered from 1.
 inline void looks_of(const std::vector<std::string> &controls, const std::vector<picture_row> &rows) {
     view_project_t project;
     looks_open(project);

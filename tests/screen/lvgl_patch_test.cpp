@@ -1,4 +1,4 @@
-// What LVGL does here beyond its published interface: one case for each patch of third_party/lvgl/patches.
+// What LVGL does here beyond its published interface: one case for each patch in third_party/lvgl/patches.
 #include <algorithm>
 #include <cmath>
 
@@ -19,7 +19,7 @@ static lv_obj_t *plain(lv_obj_t *parent, s32 w, s32 h, u32 color) {
     return obj;
 }
 
-TEST_CASE("an object's first word is its own address, written when its initialisation is over") {
+TEST_CASE("an object's first word is its own address, written at the end of its initialisation") {
     screen_open(100, 100);
     static void *early = &early;
     const auto created = [](lv_event_t *e) { early = *(void **)lv_event_get_param(e); };
@@ -49,7 +49,7 @@ static lv_obj_t *scrolled() {
     return page;
 }
 
-TEST_CASE("the end of a scroll says what ended, directly after SCROLL_END") {
+TEST_CASE("the end of a scroll reports what ended, directly after SCROLL_END") {
     screen_open(100, 100);
     lv_obj_t *page = scrolled();
     lv_obj_scroll_to_y(page, 30, LV_ANIM_OFF);
@@ -64,7 +64,7 @@ TEST_CASE("the end of a scroll says what ended, directly after SCROLL_END") {
     CHECK(scroll_events.ends_with("10 46 "));
     CHECK(param_is_indev);
 
-    // Whoever hears the end may delete what scrolled.
+    // The handler of the end may delete what scrolled.
     const auto gone = [](lv_event_t *e) { lv_obj_del(lv_event_get_target(e)); };
     lv_obj_add_event_cb(page, gone, LV_EVENT_SCROLL_END, nullptr);
     screen_drag(20, 80, 20, 20, 6);
@@ -90,7 +90,7 @@ TEST_CASE("the factor of a scroll throw decides how far it goes") {
     throw_distance(page, NAN);
     CHECK(lv_obj_get_scroll_y(page) <= 900);
 
-    lv_obj_scroll_to_y(page, 0, LV_ANIM_OFF); // a finger on a child that is drawn smaller than it is scrolls, too
+    lv_obj_scroll_to_y(page, 0, LV_ANIM_OFF); // a finger on a child that is drawn smaller than it is scrolls too
     lv_obj_t *child = lv_obj_get_child(page, 0);
     lv_obj_set_style_transform_zoom(child, 128, 0);
     lv_obj_set_style_transform_zoom(plain(child, 50, 1000, 0x808080), 1, 0);
@@ -110,7 +110,7 @@ static std::string read_by_lvgl(const std::string &path) {
     return text;
 }
 
-TEST_CASE("LVGL opens plain paths and project drives alike, long ones whole") {
+TEST_CASE("LVGL opens plain paths and project drives alike, and does not cut long ones") {
     temp_project_t project;
     screen_open(10, 10);
     REQUIRE(project.open());
@@ -130,7 +130,7 @@ TEST_CASE("LVGL opens plain paths and project drives alike, long ones whole") {
     lv_fs_dir_close(&dir);
 }
 
-TEST_CASE("the background layer is drawn first, seen through, and searched last") {
+TEST_CASE("the background layer is drawn first, shows through, and is searched last") {
     screen_open(100, 60);
     lv_obj_t *bg = lv_disp_get_layer_bg(nullptr), *scr = lv_scr_act();
     lv_obj_remove_style_all(scr);
@@ -139,7 +139,7 @@ TEST_CASE("the background layer is drawn first, seen through, and searched last"
     lv_obj_t *half = plain(scr, 30, 60, 0xFF0000);
     lv_obj_set_style_bg_opa(half, LV_OPA_50, 0);
     screen_check({{5, 5, 0x7F8000}, {40, 5, 0x00FF00}});
-    lv_obj_set_style_bg_color(back, lv_color_hex(0x0000FF), 0); // a change behind the screen is seen
+    lv_obj_set_style_bg_color(back, lv_color_hex(0x0000FF), 0); // a change behind the screen is visible
     CHECK(screen_pixel(40, 5) == 0x0000FF);
     static std::string pressed;
     auto note = [](lv_event_t *e) { pressed += (const char *)lv_event_get_user_data(e); };
@@ -153,9 +153,9 @@ TEST_CASE("the background layer is drawn first, seen through, and searched last"
     CHECK(lv_obj_get_height(bg) == 100);
 }
 
-static s32 image_memory = -1; // of all images; not counted unless a test says so
+static s32 image_memory = -1; // for all images; not counted unless a test sets it
 
-// The files that lie decoded in the cache.
+// The files that are decoded in the cache.
 static std::string cached(s32 *bytes) {
     const _lv_img_cache_entry_t *cache = LV_GC_ROOT(_lv_img_cache_array);
     std::string names;
@@ -177,8 +177,8 @@ extern "C" s32 __wrap_zof_ram_get_img_free(void) {
     return image_memory < 0 ? -1 : image_memory - used;
 }
 
-TEST_CASE(
-    "a cached image lives by what opening it took, and where memory is counted makes room for one that would not fit") {
+TEST_CASE("a cached image lives as long as opening it took, and where memory is counted makes room for one that would "
+          "not fit") {
     temp_project_t project;
     project.open();
     screen_open(100, 100);
@@ -201,20 +201,20 @@ TEST_CASE(
     first->dec_dsc.time_to_open = 150;
     first->life = 0;
     show("a");
-    CHECK(first->life == 149); // one less with each image that is asked for, then what opening it took
+    CHECK(first->life == 149); // one less with each requested image, then what opening it took
     show("a");
     CHECK(first->life == 200); // the limit
     show("b");
     show("c");
     CHECK(cached(&used) == "ac");
-    CHECK(show("d") == 'd'); // fits beside nothing, and is shown all the same
+    CHECK(show("d") == 'd'); // fits beside no other, but is still shown
     CHECK(cached(&used) == "d");
     image_memory = -1;
     kvy_lv_img_cache_max_life_set(5000);
     CHECK(img_cache_max_life == 1000);
 }
 
-TEST_CASE("pictures whose sizes are wrong do no harm") {
+TEST_CASE("pictures with wrong sizes do no harm") {
     temp_project_t project;
     project.open();
     screen_open(40, 30);
@@ -238,7 +238,7 @@ TEST_CASE("damage ends a GIF, once") {
     static u32 ends;
     const auto at_end = [](lv_event_t *e) {
         ends++;
-        lv_gif_set_src(lv_event_get_target(e), "no/such.gif"); // may be done in the event itself
+        lv_gif_set_src(lv_event_get_target(e), "no/such.gif"); // allowed in the event itself
     };
     lv_obj_t *obj = lv_gif_create(lv_scr_act());
     lv_obj_add_event_cb(obj, at_end, LV_EVENT_READY, nullptr);
@@ -247,7 +247,7 @@ TEST_CASE("damage ends a GIF, once") {
     CHECK(ends == 1);
 }
 
-TEST_CASE("an object keeps more styles than anyone gives it") {
+TEST_CASE("an object holds more styles than any user adds") {
     screen_open(100, 100);
     lv_obj_t *obj = plain(lv_scr_act(), 50, 50, 0x808080);
     lv_style_t style;
@@ -268,7 +268,7 @@ static bool glyph_count(const lv_font_t *font, lv_font_glyph_dsc_t *out, u32 let
     return lv_font_get_glyph_dsc_fmt_txt(font, out, letter, next);
 }
 
-TEST_CASE("a word that is longer than its line takes time as its length") {
+TEST_CASE("a word that is longer than its line takes time in proportion to its length") {
     screen_open(100, 100);
     lv_font_t font = *LV_FONT_DEFAULT;
     font.get_glyph_dsc = glyph_count;
@@ -278,7 +278,7 @@ TEST_CASE("a word that is longer than its line takes time as its length") {
     CHECK(letters_asked < 4 * 3000);
 }
 
-TEST_CASE("a picture turned and zoomed around a far pivot lies beyond what is drawn of it") {
+TEST_CASE("a picture rotated and zoomed around a distant pivot leaves pixels far from it transparent") {
     lv_point_t corner = {20, 20};
     const lv_point_t pivot = {32767, -32768};
     lv_point_transform(&corner, 1234, 0xFFFF, &pivot);
@@ -316,7 +316,7 @@ TEST_CASE("a letter of a font file is drawn once") {
     lv_ft_font_destroy(file.font);
 }
 
-TEST_CASE("an animation may be deleted by whom it calls, and a slider may hold other controls") {
+TEST_CASE("an animation may be deleted by its own callback, and a slider may contain other controls") {
     screen_open(100, 60);
     static s32 vars[2];
     lv_anim_t anim;
@@ -332,7 +332,7 @@ TEST_CASE("an animation may be deleted by whom it calls, and a slider may hold o
     start(&vars[1])->deleted_cb = [](lv_anim_t *) { lv_anim_del(&vars[0], nullptr); };
     lv_anim_del(&vars[1], nullptr);
     CHECK(lv_anim_count_running() == 0);
-    lv_roller_create(lv_slider_create(lv_scr_act())); // tells the slider of a child of its own
+    lv_roller_create(lv_slider_create(lv_scr_act())); // sends the slider an event about its child
 }
 
 TEST_CASE("shadows, borders and outlines of any size stay within their buffers") {
@@ -347,7 +347,7 @@ TEST_CASE("shadows, borders and outlines of any size stay within their buffers")
             lv_obj_set_style_shadow_opa(obj, LV_OPA_50, 0);
             for (const s32 shadow : {7, 40, 50, 90}) {
                 lv_obj_set_style_shadow_width(obj, shadow, 0);
-                for (s32 x = 0; x < 200; x += 7) { // drawn column by column the clip cuts them, too
+                for (s32 x = 0; x < 200; x += 7) { // drawn column by column the clip cuts them too
                     const lv_area_t column = {(lv_coord_t)x, 0, (lv_coord_t)(x + 6), 199};
                     lv_obj_invalidate_area(lv_scr_act(), &column);
                     lv_refr_now(nullptr);
@@ -364,7 +364,7 @@ TEST_CASE("shadows, borders and outlines of any size stay within their buffers")
     for (const s32 radius : {0, 10}) {
         lv_obj_set_style_radius(obj, radius, 0);
         const screen_picture bare = screen_shot();
-        for (const s32 width : {-1, -9, -100}) { // drawn as if there was none
+        for (const s32 width : {-1, -9, -100}) { // drawn as if there were none
             lv_obj_set_style_border_width(obj, width, 0);
             lv_obj_set_style_outline_width(obj, width, 0);
             lv_obj_set_style_shadow_width(obj, width, 0);
@@ -373,7 +373,7 @@ TEST_CASE("shadows, borders and outlines of any size stay within their buffers")
     }
 }
 
-// Appends codes of so many bits, the lowest first, as GIF files have them.
+// Appends codes of a given number of bits, lowest first, as in GIF files.
 struct gif_codes {
     std::string bytes;
     u32 held = 0, count = 0;
@@ -385,7 +385,7 @@ struct gif_codes {
     }
 };
 
-TEST_CASE("a GIF that clears its codes just before they grow shows the colours that it has") {
+TEST_CASE("a GIF that clears its codes just before they grow shows its true colours") {
     enum { SIDE = 12, BITS = 3, CLEAR = 4, STOP = 5 };
     gif_codes codes;
     for (u32 i = 0; i < SIDE * SIDE; i++) {

@@ -12,7 +12,7 @@ extern "C" void *__wrap_zof_host_library_open(const char *name, s32 major) {
     return strcmp(name, "swscale") == 0 ? nullptr : __real_zof_host_library_open(name, major);
 }
 
-TEST_CASE("pictures and tones do without FFmpeg, and what needs it fails with one line for all") {
+TEST_CASE("pictures and tones work without FFmpeg, and what needs it fails with a single line") {
     screen_open(100, 100);
     zof_ffmpeg_init();
     win_video_init();

@@ -1,5 +1,5 @@
-// One allocation fails, in a process of its own each time: the start and the loading of a view end whole, with less on
-// the screen, or with the status that says so, and never by a signal.
+// One allocation fails, each time in a process of its own: the start and the loading of a view complete, with less on
+// the screen, or end with the status for it, and never by a signal.
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,7 +17,7 @@ static void view_up(view_project_t &project) {
     screen_step(50);
 }
 
-// How a process ends whose allocation `n` fails; without one, *count is their number.
+// How a process ends whose allocation `n` fails; with 0 none fails and *count is their number.
 static int end_of(view_project_t &project, u32 n, u32 *count) {
     int pipes[2];
     REQUIRE(pipe(pipes) == 0);
@@ -30,7 +30,7 @@ static int end_of(view_project_t &project, u32 n, u32 *count) {
         zof_mem_fail_at(n);
         try {
             view_up(project);
-        } catch (...) { // the fixture's, of a project that could not be opened
+        } catch (...) { // the fixture's, for a project that could not be opened
             _exit(NO_PROJECT);
         }
         const u32 made = zof_mem_fail_at(0);
@@ -46,8 +46,8 @@ static int end_of(view_project_t &project, u32 n, u32 *count) {
     return status;
 }
 
-TEST_CASE("an allocation that fails at the start or while a view is loaded ends nothing by a signal") {
-    enum { EARLY = 100 }; // each of the first, on which the others stand; ZOF_FAILURES of the rest
+TEST_CASE("an allocation that fails at the start or while a view is loaded ends no process by a signal") {
+    enum { EARLY = 100 }; // each of the first, on which the others depend; ZOF_FAILURES of the rest
     const char *given = getenv("ZOF_FAILURES");
     const u32 failures = EARLY + (given ? (u32)strtoul(given, nullptr, 0) : 100);
     view_project_t project;

@@ -1,5 +1,4 @@
-// The bench panel for tests: its real project folder, a line that keeps what is sent, and frames as the board sends
-// them.
+// The bench panel for tests: its real project folder, a line that records what is sent, and frames like the board's.
 #ifndef PANEL_FIXTURE_H
 #define PANEL_FIXTURE_H
 
@@ -18,7 +17,7 @@ inline s32 panel_send(zof_drv_t *, const u8 *data, u32 size) {
     return (s32)size;
 }
 
-// Brings the panel up as its program does, but on the test's clock and with a line of its own.
+// Starts the panel as its program does, but on the test's clock and with its own line.
 inline void panel_open() {
     static const zof_clock_t clock = {[] { return screen_now; }, [](u32 ms) { screen_now += ms; }};
     static const zof_drv_uart_ops_t ops = {.send = panel_send};
@@ -38,7 +37,7 @@ inline void panel_open() {
     panel_sent.clear();
 }
 
-// The board writes registers, one frame each call.
+// The board writes registers, one frame for each call.
 inline void board_write(u16 addr, const std::vector<u16> &words) {
     bytes f = frame_write(addr, words);
     recive_data_handle(f.data(), (u32)f.size());

@@ -2,7 +2,7 @@
 
 #include "panel_fixture.h"
 
-// What the panel has reported since the last look.
+// What the panel has reported since the last call.
 static reports sent() {
     return std::exchange(panel_sent, {});
 }
@@ -13,7 +13,7 @@ static void rails_open() {
     board_rails(thirteen_rails());
 }
 
-TEST_CASE("panel: the front page knows nothing at first, and shows readings truncated and never rounded") {
+TEST_CASE("panel: the front page is empty at first, and shows readings truncated, never rounded") {
     panel_open();
     CHECK(screen_is_golden("panel_output_unknown"));
     board_readings(12345, 999, 605, 1234567);
@@ -28,7 +28,7 @@ TEST_CASE("panel: the front page knows nothing at first, and shows readings trun
     CHECK(screen_is_golden("panel_output_on"));
 }
 
-TEST_CASE("panel: the toggle asks for the opposite of what the board said, and a touch counts where it is lifted") {
+TEST_CASE("panel: the toggle requests the opposite of the board's state, and a touch counts where it is lifted") {
     panel_open();
     screen_click(632, 168);
     screen_click(632, 168);
@@ -52,7 +52,7 @@ TEST_CASE("panel: the toggle asks for the opposite of what the board said, and a
     CHECK(text_of(1, VIEW1_LABEL3_ID) == "5.000"); // until the board says otherwise
 }
 
-TEST_CASE("panel: entering the rails asks for them, and an empty list says what will come") {
+TEST_CASE("panel: entering the rails page requests them, and an empty list says what to expect") {
     panel_open();
     screen_click(632, 300);
     screen_step(400);
@@ -67,7 +67,7 @@ TEST_CASE("panel: entering the rails asks for them, and an empty list says what 
     }
 }
 
-TEST_CASE("panel: a fixed rail is chosen, used, and in force when the board says so") {
+TEST_CASE("panel: a fixed rail is chosen, used, and active when the board says so") {
     rails_open();
     screen_click(684, 392);
     CHECK(sent().empty()); // nothing is chosen yet
@@ -79,14 +79,14 @@ TEST_CASE("panel: a fixed rail is chosen, used, and in force when the board says
     go_to(2);
     board_rails(thirteen_rails(), 4);
     CHECK(screen_is_golden("panel_rails_in_force"));
-    screen_click(684, 392); // painted as disabled, and yet what is marked is used
+    screen_click(684, 392); // drawn as disabled, but the marked rail is used all the same
     CHECK(sent().front() == std::pair<u16, u16>{REG_RAIL_SELECT, 4});
 }
 
-TEST_CASE("panel: an adjustable rail opens its sliders at its maximum, and what they say is what is sent") {
+TEST_CASE("panel: an adjustable rail opens its sliders at its maximum, and sends what they show") {
     rails_open();
     screen_click(400, 160);
-    board_rails(thirteen_rails()); // hides the sliders, and yet a tap on any row only puts them away
+    board_rails(thirteen_rails()); // hides the sliders, but a tap on any row still only closes them
     screen_click(140, 98);
     CHECK(g_sel == RAIL_NONE);
     screen_click(400, 160);
@@ -105,17 +105,17 @@ TEST_CASE("panel: odd rails are shown as they are, and only real ranges of PPS a
     go_to(2);
     board_rails({{99, 5000, 5000, 5000}, {3, 15000, 28000, 5000}, {1, 9000, 9000, 3000}, {1, 3300, 40000, 5000}}, 200);
     CHECK(text_of(2, 6) + text_of(2, 10) + text_of(2, 9) == "FIXEPR15.0-28.0 V");
-    screen_click(140, 98); // a range of EPR
+    screen_click(140, 98); // an EPR range
     CHECK(!is_shown(2, VIEW2_CONTAINER1_ID));
     CHECK(text_of(2, VIEW2_LABEL84_ID) == "Use 15.00 V");
     board_rails(thirteen_rails());
     screen_click(660, 160); // the thirteenth
     CHECK(g_sel == 12);
-    board_rails({{0, 5000, 5000, 5000}}, 5); // in force, but not in the table
+    board_rails({{0, 5000, 5000, 5000}}, 5); // active, but not in the table
     CHECK(g_sel == RAIL_NONE);
 }
 
-TEST_CASE("panel: settings are shown as held, corrected by the board, and sent as they are changed") {
+TEST_CASE("panel: settings are shown as stored, corrected by the board, and sent as they change") {
     panel_open();
     for (const auto &[pct, level] : std::vector<std::pair<u16, u32>>{{10, 9}, {100, 99}}) {
         board_write(REG_BRIGHT, {pct});
@@ -132,13 +132,13 @@ TEST_CASE("panel: settings are shown as held, corrected by the board, and sent a
     screen_click(590, 246);
     screen_click(720, 360);
     CHECK(sent() == reports{{REG_BOOT_STATE, 1}, {REG_AUTO_ARM, 0}});
-    screen_drag(611, 108, 48, 300, 6); // held on to wherever the finger goes
+    screen_drag(611, 108, 48, 300, 6); // follows the finger wherever it goes
     CHECK(sent().back() == std::pair<u16, u16>{REG_BRIGHT, 10});
     screen_step(300);
     CHECK(screen_is_golden("panel_settings_changed"));
 }
 
-TEST_CASE("panel: a change of language leaves no English word on the running panel") {
+TEST_CASE("panel: a language change leaves no English word on the running panel") {
     panel_open();
     board_readings(20000, 3012, 602, 12534);
     board_write(REG_OUT_STATE, {1});
@@ -158,6 +158,6 @@ TEST_CASE("panel: a change of language leaves no English word on the running pan
     CHECK(screen_is_golden("panel_rails_empty_de"));
     CHECK(zof_lang_set("en") == 0);
     CHECK(screen_is_golden("panel_rails_empty"));
-    CHECK(zof_lang_set("no such language") == -1); // the words that the code writes are the given ones then
+    CHECK(zof_lang_set("no such language") == -1); // then the code writes its default words
     CHECK(text_of(2, VIEW2_LABEL84_ID) == "Select a rail");
 }

@@ -8,7 +8,7 @@ static zof_prj_t *project_showing(temp_project_t *project, u32 show_en) {
     project->write("config/project/zofprj.g", form(R"({"p_name": "t", "width": 320, "height": 240, "views": [],
                        "version": "fw 9", "app_ver": "2.5", "comp_time": "noon", "show_en": %u})",
                                                    show_en));
-    REQUIRE(chdir(project->top.c_str()) == 0); // where the version is looked for
+    REQUIRE(chdir(project->top.c_str()) == 0); // where the version is searched for
     zof_prj_t *prj = project->open();
     screen_open(0, 0);
     printed([] { zof_func_pwon(); });
@@ -23,7 +23,7 @@ static std::string overlay() {
     return lv_label_get_text(lv_obj_get_child(lv_obj_get_child(lv_scr_act(), -1), 0));
 }
 
-TEST_CASE("the overlay comes after half a second, its text after a second, and it follows the active screen") {
+TEST_CASE("the overlay appears after half a second, its text after a second, and it follows the active screen") {
     temp_project_t project;
     REQUIRE(project_showing(&project, ZOF_SHOW_FW_VER | ZOF_SHOW_SDK_VER | ZOF_SHOW_APP_VER | ZOF_SHOW_BOTTOM));
     screen_step(480);
@@ -38,7 +38,7 @@ TEST_CASE("the overlay comes after half a second, its text after a second, and i
     CHECK(lv_obj_get_parent(cont) == next);
 }
 
-TEST_CASE("the overlay's rate is refreshes over the time of the runs that made them") {
+TEST_CASE("the overlay's rate is the refreshes divided by the time of the runs that made them") {
     temp_project_t project;
     REQUIRE(project_showing(&project, ZOF_SHOW_FPS | ZOF_SHOW_MEM));
     // Each run with a refresh takes 20 ms, each other one 3 ms.
@@ -65,13 +65,13 @@ static void refused_at_the_end(u32 ms) {
     }
 }
 
-TEST_CASE("a project that is too large is refused on the screen, for ever") {
+TEST_CASE("a project that is too large is refused on the screen, forever") {
     static temp_project_t project;
     project.write("config/project/zofprj.g", R"({"p_name": "t", "width": 4097, "height": 4096, "views": []})");
     project.open();
     screen_open(480, 272);
     static const zof_clock_t clock = {[] { return screen_now; }, refused_at_the_end};
     zof_clock_set(&clock);
-    zof_func_pwon(); // does not come back
+    zof_func_pwon(); // does not return
     FAIL("the project is shown");
 }

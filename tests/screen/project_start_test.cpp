@@ -1,9 +1,9 @@
-// Bringing a project up: logo, start view, and the views that are loaded ahead.
+// Starting a project: logo, start view, and preloaded views.
 #include "view_project.h"
 
-static u32 logo_pixel; // in the middle of the panel, when the first view is made
+static u32 logo_pixel; // in the middle of the panel, when the first view is created
 
-// Three views of which the second has no file, in the project's own order 3, 2, 1.
+// Three views, the second without a file, in the project's own order 3, 2, 1.
 static void write_project(view_project_t &project, const std::string &keys) {
     project.pages.clear();
     project.view(3, {});
@@ -30,7 +30,7 @@ TEST_CASE("the logo is on the screen before the first view, and the views are lo
     project.image("logo.png", 20, 20, 0xFF0000);
     write_project(project, R"("start_page": 1, "init_allview": 1, "cacheImg": 250)");
     screen_open(320, 240);
-    screen_step(10); // drawn just now, so that the next refresh is not due: the logo has to force one
+    screen_step(10); // just drawn, so the next refresh is not due: the logo must force one
     const std::string log = printed([] { CHECK(create() == 0); });
     CHECK(calls == " init1 entry1 init3");
     CHECK(contains(log, "two.g: cannot be read"));

@@ -4,7 +4,7 @@
 
 enum { W = 100, H = 60, TIME = 200, BY_LVGL = 1000 };
 
-// Two screens of one colour each, and what they were told.
+// Two screens of one colour each, and the events that they got.
 static lv_obj_t *red, *blue;
 static std::string events;
 
@@ -38,7 +38,7 @@ static void two_screens() {
     lv_obj_add_event_cb(blue, event_note, LV_EVENT_ALL, nullptr);
 }
 
-// How a screen stands: at its place, with its opacity, in its size.
+// The state of a screen: position, opacity and size.
 struct stand {
     s32 x = 0, y = 0, opa = 255, zoom = 256;
     bool operator==(const stand &) const = default;
@@ -78,7 +78,7 @@ static constexpr expectation table[] = {
     {ZOF_SCR_LOAD_ANIM_OUT_ZOOM, {}, {0, 0, 255, 1}, true},
 };
 
-// Half way: the middle of both ends, two frames more or less.
+// Half way: the middle of both ends, give or take two frames.
 static void check_middle(const stand &got, const stand &from, const stand &to) {
     const s32 rows[][3] = {
         {got.x, from.x, to.x}, {got.y, from.y, to.y}, {got.opa, from.opa, to.opa}, {got.zoom, from.zoom, to.zoom}};
@@ -103,7 +103,7 @@ TEST_CASE("each transition moves, fades and zooms both screens between its two e
         CHECK((disp->draw_prev_over_act != 0) == e.over);
         check_middle(stand_of(blue), e.in_start, {});
         check_middle(stand_of(red), {0, 0, e.out_opa_start}, e.out_end);
-        const u32 right = screen_pixel(W - 5, H / 2); // what zooms grows from the finger's last place, at the left
+        const u32 right = screen_pixel(W - 5, H / 2); // a zoom grows from the finger's last position, at the left
         CHECK((e.transition != ZOF_SCR_LOAD_ANIM_MOVE_LEFT || right == 0x0000FF));
         CHECK((e.transition != ZOF_SCR_LOAD_ANIM_IN_ZOOM || right == 0xFF0000));
         CHECK((e.transition != ZOF_SCR_LOAD_ANIM_IN_ZOOM_WITH_BG || right == 0));
@@ -115,7 +115,7 @@ TEST_CASE("each transition moves, fades and zooms both screens between its two e
     }
 }
 
-TEST_CASE("time, delay and path count, within what a screen can be") {
+TEST_CASE("time, delay and path count, within the limits of a screen") {
     two_screens();
     load(blue, 99);
     CHECK(events == "red unload blue load blue loaded red unloaded ");
@@ -125,7 +125,7 @@ TEST_CASE("time, delay and path count, within what a screen can be") {
     CHECK(screen_pixel(50, 30) == 0x0000FF);
     screen_step(TIME + 50);
 
-    // The end is on the path for all of them, the way is not.
+    // All paths reach the end, but differ on the way.
     for (u32 path = 1; path < ZOF_ANIM_PATH_COUNT; path++) {
         CAPTURE(path);
         lv_obj_t *to = path % 2 ? red : blue;
@@ -138,7 +138,7 @@ TEST_CASE("time, delay and path count, within what a screen can be") {
     }
     CHECK(!zof_anim_path_get(ZOF_ANIM_PATH_COUNT));
 
-    // Paths that overshoot stay within what opacity and zoom can be.
+    // Paths that overshoot stay within the limits of opacity and zoom.
     for (u32 transition : {ZOF_SCR_LOAD_ANIM_FADE_ON, ZOF_SCR_LOAD_ANIM_IN_ZOOM, ZOF_SCR_LOAD_ANIM_OUT_ZOOM}) {
         zof_scr_load_anim(lv_scr_act() == red ? blue : red, transition, TIME, 0, lv_anim_path_overshoot);
         for (u32 t = 0; t < TIME + 50; t += SCREEN_STEP_MS) {
@@ -154,7 +154,7 @@ TEST_CASE("time, delay and path count, within what a screen can be") {
     screen_step(TIME + 50);
     CHECK(stand_of(other).opa == 128);
     events.clear();
-    load(other, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME); // shown already
+    load(other, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME); // already shown
     load(nullptr, ZOF_SCR_LOAD_ANIM_MOVE_LEFT, TIME);
     CHECK(events.empty());
 }

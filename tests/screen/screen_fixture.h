@@ -1,4 +1,4 @@
-// A panel for tests: an off-screen window on a clock that the test moves. Presses go through the window's own events.
+// A panel for tests: an off-screen window on a clock that the test sets. Presses go through the window's own events.
 //
 //     TEST_CASE("a button is pressed") {
 //         screen_open(320, 240);
@@ -7,7 +7,7 @@
 //         CHECK(screen_is_golden("button_clicked"));
 //     }
 //
-// Goldens lie in tests/screen/golden. A missing one is a failure; ZOF_GOLDEN=write makes them anew from what is drawn.
+// Goldens are in tests/screen/golden. A missing one is a failure; ZOF_GOLDEN=write writes them from what is drawn.
 #ifndef SCREEN_FIXTURE_H
 #define SCREEN_FIXTURE_H
 
@@ -28,12 +28,12 @@
 extern "C" unsigned lodepng_decode24(unsigned char **out, unsigned *w, unsigned *h, const unsigned char *in,
                                      size_t insize);
 
-// The longest that a press takes to reach the widgets: a look at the window's events and a read of the input device.
+// The longest time for a press to reach the widgets: a poll of the window's events and a read of the input device.
 enum { SCREEN_STEP_MS = 5, SCREEN_INPUT_MS = 45 };
 
 inline u32 screen_now; // milliseconds of the test's clock
 
-// A text as printf makes it.
+// Formats a text like printf.
 [[gnu::format(printf, 1, 2)]] inline std::string form(const char *format, ...) {
     char *text = nullptr;
     va_list args;
@@ -44,7 +44,7 @@ inline u32 screen_now; // milliseconds of the test's clock
     return out;
 }
 
-// Opens the window and the drivers of display and touch. With a project (zof_prj_obj_create) its size counts.
+// Opens the window and the drivers of display and touch. With a project (zof_prj_obj_create) its size is used.
 inline void screen_open(s32 width, s32 height) {
     static const zof_clock_t clock = {[] { return screen_now; }, [](u32 ms) { screen_now += ms; }};
     zof_clock_set(&clock);
@@ -71,7 +71,7 @@ inline void screen_press(s32 x, s32 y) {
     screen_step(SCREEN_INPUT_MS);
 }
 
-// Moves the finger; pressed or not stays as it is.
+// Moves the finger; pressed or not is unchanged.
 inline void screen_move(s32 x, s32 y) {
     zof_touch_t touch = {};
     zof_touch_get(&touch);
@@ -89,7 +89,7 @@ inline void screen_click(s32 x, s32 y) {
     screen_release(x, y);
 }
 
-// From one point to another in `steps` moves, finger down all the way and lifted at the end.
+// Drags from one point to another in `steps` moves and lifts the finger at the end.
 inline void screen_drag(s32 x1, s32 y1, s32 x2, s32 y2, s32 steps) {
     screen_press(x1, y1);
     for (s32 i = 1; i <= steps; i++) {
@@ -108,7 +108,7 @@ struct screen_picture {
     }
 };
 
-// What the panel shows now; everything that waits to be drawn is drawn first.
+// Returns what the panel shows now, after drawing everything that is pending.
 inline screen_picture screen_shot() {
     lv_refr_now(nullptr);
     screen_picture p;
@@ -128,7 +128,7 @@ struct screen_spot {
     u32 color;
 };
 
-// The colours of single pixels.
+// Checks the colours of single pixels.
 inline void screen_check(const std::vector<screen_spot> &spots) {
     const screen_picture p = screen_shot();
     for (const screen_spot &spot : spots) {
@@ -160,10 +160,10 @@ inline void screen_png_write(const std::string &path, const screen_picture &p) {
     zof_shot_png_write(path.c_str(), p.pixels.data(), p.width, p.height);
 }
 
-// Says where two pictures differ first; true when they do not.
+// Reports where two pictures first differ; true when they do not.
 inline bool screen_same(const screen_picture &got, const screen_picture &want) {
     if (got.width != want.width || got.height != want.height) {
-        MESSAGE(form("the picture is %d x %d, wanted %d x %d", got.width, got.height, want.width, want.height));
+        MESSAGE(form("the picture is %d x %d, expected %d x %d", got.width, got.height, want.width, want.height));
         return false;
     }
     const auto [wrong, right] = std::mismatch(got.pixels.begin(), got.pixels.end(), want.pixels.begin());
@@ -171,7 +171,7 @@ inline bool screen_same(const screen_picture &got, const screen_picture &want) {
         return true;
     }
     const s32 i = (s32)(wrong - got.pixels.begin());
-    MESSAGE(form("the first pixel that differs, (%d, %d), is %06X, wanted %06X", i % got.width, i / got.width, *wrong,
+    MESSAGE(form("the first pixel that differs, (%d, %d), is %06X, expected %06X", i % got.width, i / got.width, *wrong,
                  *right));
     return false;
 }

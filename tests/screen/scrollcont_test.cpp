@@ -1,4 +1,4 @@
-// Scroll containers: the order of the wheel after each turn, and how items are dressed by their distance.
+// Scroll containers: the order of the wheel after each turn, and how items are styled by their distance.
 #include "view_project.h"
 
 enum : u32 { WHEEL = 1, ITEM = 10, CAPTION = 30 };
@@ -11,7 +11,7 @@ struct wheel_sort {
 
 static const u32 colors[] = {0xE04040, 0x40B040, 0x4060E0, 0xD0A020, 0xA040C0, 0x20A0A0};
 
-// A wheel of 240 x 120, or turned by a quarter, with a number on each item.
+// A wheel of 240 x 120, or rotated by 90 degrees, with a number on each item.
 static std::vector<std::string> wheel_of(const wheel_sort &sort, u32 missing = 0) {
     const std::string keys = form(R"("child_cnt": %u, "display_count": %u, "dir": %d%s)", sort.items, sort.shown,
                                   sort.vertical, sort.own.c_str());
@@ -29,7 +29,7 @@ static std::vector<std::string> wheel_of(const wheel_sort &sort, u32 missing = 0
     return out;
 }
 
-static u32 shown = 1; // the view with the wheel that is looked at
+static u32 shown = 1; // the view with the tested wheel
 
 static lv_obj_t *wheel() {
     return at(WHEEL, shown)->obj;
@@ -54,7 +54,7 @@ static bool in_the_middle(u32 number) {
     return (w->x1 + w->x2) / 2 == (i->x1 + i->x2) / 2 && (w->y1 + w->y2) / 2 == (i->y1 + i->y2) / 2;
 }
 
-// The finger pulls the wheel by one item, on or back.
+// Drags the wheel by one item, forwards or back.
 static void turn(const wheel_sort &sort, bool on) {
     const s32 by = 240 / (s32)sort.shown * (on ? -1 : 1);
     const s32 from = 120 - by / 2;
@@ -62,7 +62,7 @@ static void turn(const wheel_sort &sort, bool on) {
     screen_step(2000);
 }
 
-TEST_CASE("a wheel turns for ever, odd or even, sideways and up and down") {
+TEST_CASE("a wheel turns forever, with an odd or even count, horizontally and vertically") {
     const struct {
         wheel_sort sort;
         const char *first; // order at rest on item 0
@@ -113,7 +113,7 @@ TEST_CASE("items sink, shrink and fade by their distance") {
         CHECK(screen_is_golden("scrollcont_" + std::string(w.name)));
         zof_ctrl_scroll_set(at(WHEEL, shown), w.vertical ? 0 : 110, w.vertical ? 110 : 0, 0);
         CHECK(screen_is_golden("scrollcont_" + std::string(w.name) + "_pulled"));
-        CHECK(order() == "34012"); // between two items nothing is put in order
+        CHECK(order() == "34012"); // between two items nothing is reordered
     }
 }
 
@@ -128,10 +128,10 @@ TEST_CASE("wheels that are wrong or unfinished do no harm") {
     CHECK(order() == "0123");
     CHECK(zof_scrollcont_get_display_index(at(52)) == 0);
     CHECK(zof_scrollcont_get_display_index(at(CAPTION)) == -1);
-    CHECK(scroll_inf(at(WHEEL)) == 0); // by hand it is put in order all the same
+    CHECK(scroll_inf(at(WHEEL)) == 0); // an explicit call reorders it all the same
 }
 
-TEST_CASE("a wheel that comes back with its view stands where it was left") {
+TEST_CASE("a wheel that comes back with its view is where it was left") {
     view_project_t project;
     const wheel_sort sort = {5, 3, false, R"(, "opa_mode": 1)"};
     project.view(2, {});
@@ -145,13 +145,13 @@ TEST_CASE("a wheel that comes back with its view stands where it was left") {
     }
     CHECK(order() == "40123");
     CHECK(screen_same(screen_shot(), left));
-    const auto renew = [](lv_event_t *) { // whose start comes to rest, too
+    const auto renew = [](lv_event_t *) { // its start comes to rest too
         lv_obj_del(item(4));
         zof_ctrl_show(1, ITEM + 4);
     };
     lv_obj_add_event_cb(wheel(), renew, LV_EVENT_SCROLL_END, nullptr);
     turn(sort, true);
-    zof_ctrl_delete(at(ITEM + 4)); // makes way for one of the same number
-    zof_ctrl_delete(at(WHEEL));    // and what is on its way to it is called off
+    zof_ctrl_delete(at(ITEM + 4)); // makes room for one with the same number
+    zof_ctrl_delete(at(WHEEL));    // and its pending calls are cancelled
     screen_step(40);
 }

@@ -1,7 +1,7 @@
 // Sketchpads: strokes, dots, and the toolbar above.
 #include "view_project.h"
 
-enum { X = 20, Y = 40, W = 200, H = 120 }; // of the pad
+enum { X = 20, Y = 40, W = 200, H = 120 }; // the pad's
 
 static std::string pad(u32 id, const std::string &own, const std::string &place = box(X, Y, W, H)) {
     return ctrl(ZOF_CTRL_SKETCHPAD, id, own, place, filled(0xF4F0E0));
@@ -34,11 +34,11 @@ static void tool(u32 button) {
     screen_click((a->x1 + a->x2) / 2, (a->y1 + a->y2) / 2);
 }
 
-TEST_CASE("a stroke on a sketchpad has no gaps, and the next one begins anew") {
+TEST_CASE("a stroke on a sketchpad has no gaps, and the next one starts separately") {
     view_project_t project({pad(1, R"("toolbar": 1, "line_width": 9)")});
     screen_drag(X + 20, Y + 20, X + 180, Y + 100, 4);
     screen_drag(X + 20, Y + 100, X + 100, Y + 110, 2);
-    dot(X + 180, Y + 20); // a ring as long as nobody has set the width
+    dot(X + 180, Y + 20); // a ring until the width is set
     CHECK(zof_sketchpad_set_width(at(1), 12) == 0);
     dot(X + 150, Y + 20);
     CHECK(zof_sketchpad_set_transp(at(1), ZOF_TRUE) == 0);
@@ -67,7 +67,7 @@ TEST_CASE("a dot of one pixel is drawn on the pad and nowhere else") {
     screen_move(X + 40, Y + 40);
     CHECK(zof_ctrl_delete(at(1)) == 0); // in the middle of a stroke
     screen_release(X + 90, Y + 90);
-    lv_obj_t *bare = lv_sketchpad_create(lv_scr_act()); // nobody gave it pixels
+    lv_obj_t *bare = lv_sketchpad_create(lv_scr_act()); // without pixels
     lv_obj_set_size(bare, 100, 100);
     lv_sketchpad_clean_bg(bare);
     screen_drag(10, 10, 90, 90, 3);

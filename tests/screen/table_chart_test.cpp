@@ -31,9 +31,9 @@ TEST_CASE("cells keep their colours until the table grows by more than one") {
     };
     CHECK(paint(0, 0, 0x00FF00, 0) == "r.. ... ... "); // a third colour stays
     CHECK(paint(1, 1, 0x00FF00, 1) == "r.. ggg ... ");
-    CHECK(paint(1, 2, 0x00FF00, 2) == "r.. gg. ... "); // marked: so the column loses its mark
+    CHECK(paint(1, 2, 0x00FF00, 2) == "r.. gg. ... "); // marked, so the column loses its mark
     CHECK(paint(2, 2, 0xFF0000, 2) == "r.r ggr ..r ");
-    CHECK(paint(3, 3, 0xFF0000, 1) == "r.r ggr ..r "); // beyond the end, where a finger has slid off
+    CHECK(paint(3, 3, 0xFF0000, 1) == "r.r ggr ..r "); // beyond the end, where a finger slid off
     CHECK(zof_table_set_cell_value(t, 3, 0, "#low") == 0);
     CHECK(((zof_table_attr_t *)t->attr)->row_cnt == 3); // one less than LVGL has
     CHECK(std::string(zof_table_get_cell_value(t, 3, 0)) == "Low");
@@ -51,7 +51,7 @@ static std::string chart(u32 type, u32 points, const std::string &more = "") {
            more;
 }
 
-TEST_CASE("a chart finds a range for its series, and knows which are its own") {
+TEST_CASE("a chart fits its range to a series, and refuses those of other charts") {
     view_project_t project({ctrl(ZOF_CTRL_CHART, 1, chart(1, 5), box(10, 10, 200, 100)),
                             ctrl(ZOF_CTRL_CHART, 2, chart(3, 3), box(10, 120, 200, 100))});
     para_t *c = at(1);
@@ -62,7 +62,7 @@ TEST_CASE("a chart finds a range for its series, and knows which are its own") {
         s32 min, max;
     } rows[] = {{{10, 20, 30, 40, 50}, 8, 60},
                 {{-10, 20, 32767, -32768, 5}, -12, 24},
-                {{32767, 10, 10, 10, 10}, 8, 39320}, // the first one counts, whatever it is
+                {{32767, 10, 10, 10, 10}, 8, 39320}, // the first one always counts
                 {{3, 3, 3, 3, 3}, 2, 3},
                 {{LV_CHART_POINT_NONE, 10, 10, 10, 10}, 8, 12},
                 {{0, 0, 0, 0, 0}, 0, 1}, // LVGL cannot draw an empty range
@@ -85,7 +85,7 @@ TEST_CASE("a chart finds a range for its series, and knows which are its own") {
     CHECK(zof_chart_set_points(c, series, nullptr) == -1);
 }
 
-TEST_CASE("a chart of any numbers is drawn and pressed") {
+TEST_CASE("a chart is drawn and pressed with any numbers") {
     const std::string wide = R"("y_min": -2147483648, "y_max": 2147483647, "x_min": 2147483647, "x_max": -2147483648,)";
     view_project_t project;
     std::vector<std::string> controls;
@@ -129,7 +129,7 @@ static void table_merge() {
     zof_table_set_cell_merge_right(at(1), 1, 1);
 }
 
-// One row a picture.
+// One row for each picture.
 // clang-format off
 TEST_CASE("pictures of tables") {
     const auto sized = [](u32 id) {

@@ -11,7 +11,7 @@ TEST_CASE("a key is kept and follows the language, a plain text is only shown") 
     } rows[] = {
         {R"("txt": "#hi")", "Hello", "typed", "Hallo"}, // the file's key comes back
         {R"("txt": "plain")", "plain", "typed", "typed"},
-        {"", "", "#hi", "Hallo"}, // empty, not what LVGL would show
+        {"", "", "#hi", "Hallo"}, // empty, not LVGL's default
         {R"("txt": "#only")", "#only", "#nothing", "nur"},
     };
     view_project_t project;
@@ -40,7 +40,7 @@ TEST_CASE("a key is kept and follows the language, a plain text is only shown") 
     CHECK(shown(0) == "Hello");
 }
 
-TEST_CASE("a label that keeps its height places its stored text, of a key the key itself") {
+TEST_CASE("a label with a fixed height is aligned by its stored text, for a key by the key itself") {
     const std::string keys = R"("auto_hight": 1, "align_e": 34, "txt": )";
     view_project_t project;
     project.write("config/languages/en.g", R"({"long": "one\ntwo"})");
@@ -51,7 +51,7 @@ TEST_CASE("a label that keeps its height places its stored text, of a key the ke
     const auto offset = [](u32 id) { return ((lv_label_t *)at(id)->obj)->offset.y; };
     CHECK(offset(1) == (100 - line) / 2);
     CHECK(offset(2) == (100 - 2 * line) / 2);
-    zof_label_set_dis_mode(at(2), LV_LABEL_LONG_DOT); // LVGL would put the text to the top
+    zof_label_set_dis_mode(at(2), LV_LABEL_LONG_DOT); // LVGL would move the text to the top
     CHECK(offset(2) == (100 - 2 * line) / 2);
     for (const auto &[align, place] : {std::pair{0x12, 0}, {0x32, 2}, {0x02, 2}}) { // no vertical half: it stays
         zof_label_set_align(at(2), (u32)align);

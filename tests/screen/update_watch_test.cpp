@@ -17,7 +17,7 @@ static void watch_open(temp_project_t *project) {
     REQUIRE(project->open());
     disk = project->top + "/disk/";
     screen_open(0, 0);
-    zof_func_bar_set_value(1, 0, 1); // before the bar is there: nothing
+    zof_func_bar_set_value(1, 0, 1); // before the bar exists: nothing
     CHECK(zof_func_schedule() == 0);
     CHECK(zof_func_schedule() == 0);
 }
@@ -43,7 +43,7 @@ TEST_CASE("without a medium the watch shows nothing and ends after a minute") {
     temp_project_t project;
     watch_open(&project);
     put("U/other/zof_update/a", "not at the top");
-    std::filesystem::create_directory_symlink(disk + "U/other", disk + "U/zof_update"); // a link is no update
+    std::filesystem::create_directory_symlink(disk + "U/other", disk + "U/zof_update"); // a link does not count
     screen_step(60500);
     std::filesystem::remove(disk + "U/zof_update");
     put("U/zof_update/a", "too late");
@@ -52,13 +52,13 @@ TEST_CASE("without a medium the watch shows nothing and ends after a minute") {
     CHECK(str(zof_func_check_res_exist("other/zof_update/", "a")) == project.folder + "../disk/U/other/zof_update/a");
 }
 
-TEST_CASE("a USB disk's data is copied by a thread while the bar shows how far it is") {
+TEST_CASE("a thread copies a USB disk's data while the bar shows its progress") {
     temp_project_t project;
     disk = project.top + "/disk/";
     put("D/.zof_file.new", "half");
     put("T/.zof_file.new", "half");
     watch_open(&project);
-    CHECK((std::filesystem::is_empty(disk + "D") && std::filesystem::is_empty(disk + "T"))); // a power cut left it
+    CHECK((std::filesystem::is_empty(disk + "D") && std::filesystem::is_empty(disk + "T"))); // left by a power cut
     for (const char *name : {"zof_update/a", "zof_update/sub/b", "zof_update/sub/deep/c", "zof_update/d"}) {
         put(std::string("U/") + name, name);
     }
@@ -74,7 +74,7 @@ TEST_CASE("a USB disk's data is copied by a thread while the bar shows how far i
     CHECK(lv_bar_get_value(lv_obj_get_child(lv_scr_act(), 0)) == 50);
 }
 
-// Lets the watch find one file on a disk, while the card is there.
+// Lets the watch find one file on a disk while the card is present.
 static void renew(temp_project_t *project, const std::string &from) {
     watch_open(project);
     put(from, "new");
@@ -99,7 +99,7 @@ TEST_CASE("an update of which every name is skipped ends with the result") {
     CHECK(contains(shown(), "100|upgraded,success 0 , fail 0,pls restart power"));
 }
 
-TEST_CASE("a copy that outlasts the watch still ends with its result, whatever the disk was counted to hold") {
+TEST_CASE("a copy that outlasts the watch still ends with its result, whatever was counted on the disk") {
     static zof_sem_t gate = zof_sem_create(0);
     temp_project_t project;
     watch_open(&project);
@@ -122,7 +122,7 @@ TEST_CASE("a copy that outlasts the watch still ends with its result, whatever t
     zof_file_fault_set(nullptr);
 }
 
-TEST_CASE("a disk may renew the card") {
+TEST_CASE("a disk may update the card") {
     temp_project_t project;
     renew(&project, "U/zof_update_t/a");
     CHECK(contains(shown(), "success 1 , fail 0"));

@@ -5,7 +5,7 @@ static std::string range(s32 min, s32 max) {
     return form(R"("minValue": %d, "maxValue": %d)", min, max);
 }
 
-TEST_CASE("a value that slides gives way to a finger and to a new range") {
+TEST_CASE("a sliding value gives way to a finger and to a new range") {
     view_project_t project({ctrl(ZOF_CTRL_SLIDER, 1, range(0, 100) + R"(, "anim_time": 200)", box(0, 0, 200, 20))});
     zof_slider_set_value(at(1), 100);
     screen_click(50, 10);
@@ -16,7 +16,7 @@ TEST_CASE("a value that slides gives way to a finger and to a new range") {
     CHECK(zof_slider_get_value(at(1)) == 50);
 }
 
-TEST_CASE("an arc has its change rate from its range, a knob only if it wants one, and stays where it is held") {
+TEST_CASE("an arc derives its change rate from its range, has a knob only on request, and stays where it is held") {
     const u32 spans[][3] = {{0, 20, 2000}, {0, 21, 720}, {1, 10, 6000}, {0, 10, 2000}, {3, 3, 720}, {9, 0, 720}};
     view_project_t project;
     std::vector<std::string> controls;
@@ -34,7 +34,7 @@ TEST_CASE("an arc has its change rate from its range, a knob only if it wants on
     CHECK(zof_arc_get_value(at(10)) == 9);
     CHECK(lv_obj_get_style_bg_opa(at(10)->obj, LV_PART_KNOB) == 0);
     lv_obj_del(at(10)->obj);
-    CHECK(zof_ctrl_show(1, 10) == at(10)); // its path is not left behind
+    CHECK(zof_ctrl_show(1, 10) == at(10)); // its path is not leaked
     screen_press(250, 95);
     screen_step(1000);
     for (u32 held = 0; held < 10000; held += 40) {
@@ -44,7 +44,7 @@ TEST_CASE("an arc has its change rate from its range, a knob only if it wants on
     screen_release(250, 95);
 }
 
-TEST_CASE("a spin box keeps its format, its step, and its end") {
+TEST_CASE("a spin box keeps its format, its step and its limits") {
     view_project_t project;
     ctrl_funs = {{1, on_event}};
     const std::string said = project.show(
@@ -57,17 +57,17 @@ TEST_CASE("a spin box keeps its format, its step, and its end") {
     auto text = [](u32 id) { return std::string(lv_textarea_get_text(at(id)->obj)); };
     taken(events);
     zof_spinbox_increment(at(1));
-    CHECK(taken(events) == " 1:28"); // told once
+    CHECK(taken(events) == " 1:28"); // reported once
     CHECK(text(1) == "05.10");
     zof_spinbox_step_prev(at(1)); // ten times the step
     zof_spinbox_decrement(at(1));
     CHECK(text(1) == "04.10");
-    zof_spinbox_step_prev(at(2)); // there is no larger one
+    zof_spinbox_step_prev(at(2)); // there is no larger step
     zof_spinbox_increment(at(2));
     CHECK(zof_spinbox_get_value(at(2)) == 2147483646);
     zof_spinbox_decrement(at(2));
     CHECK(zof_spinbox_get_value(at(2)) == -1);
     screen_click(50, 120);
-    screen_click(50, 180); // one digit: a click finds it, and ends
+    screen_click(50, 180); // one digit: the click's search ends
     CHECK(zof_spinbox_get_value(at(3)) == 0);
 }

@@ -1,4 +1,4 @@
-// Clips and still pictures by FFmpeg, and the video control: exact pixels, the clip's own time, its end, and broken
+// Clips and still pictures with FFmpeg, and the video control: exact pixels, the clip's own time, its end, and broken
 // files.
 #include <unistd.h>
 
@@ -13,7 +13,7 @@ extern "C" unsigned lodepng_decode32(unsigned char **out, unsigned *w, unsigned 
 
 enum : u32 { GROUND = 0x102030 };
 
-// Frame n is of one colour that says n, except its left upper quarter, which lets the ground through.
+// Frame n has one colour that encodes n, except its upper left quarter, which is transparent.
 static u32 colour(s32 n) {
     return (u32)(n + 1) << 16 | 0x4000 | (u32)(255 - n);
 }
@@ -53,7 +53,7 @@ struct room_t : temp_project_t {
         return top + "/" + name;
     }
 
-    // The number of the frame that is shown; -1 for none.
+    // The number of the shown frame; -1 for none.
     s32 frame() const {
         return (s32)(screen_pixel(70, 60) >> 16) - 1;
     }
@@ -68,17 +68,17 @@ TEST_CASE("a clip is shown pixel by pixel at the rate of its stream, however coa
     clip.paint = [](u32 *pixels, s32 w, s32 h, s32 n) { std::fill_n(pixels, w * h, 0xFF000000 | colour(n)); };
     const std::string path = room.make("a.mp4", clip);
     CHECK(lv_ffmpeg_get_frame_num(path.c_str()) == 250);
-    CHECK(zof_drv_video_set_src(room.player, path.c_str()) == -1); // there is no sound driver; the picture is in
+    CHECK(zof_drv_video_set_src(room.player, path.c_str()) == -1); // there is no sound driver; the picture is loaded
     zof_drv_video_set_state(room.player, ZOF_MEDIA_PLAY);
     for (const u32 seconds : {1, 2, 4}) {
         while (screen_now < seconds * 1000) {
-            screen_now += 9; // 5 ms of pause and what a turn takes
+            screen_now += 9; // a pause of 5 ms plus the time of a turn
             lv_timer_handler();
         }
         CAPTURE(seconds);
         CHECK(std::abs(room.frame() - (s32)(seconds * 30000 / 1001)) <= 1);
     }
-    for (const u32 stall_ms : {20, 90, 900, 1500}) { // the sound goes on meanwhile: the picture must not stay behind
+    for (const u32 stall_ms : {20, 90, 900, 1500}) { // the sound continues meanwhile: the picture must not lag
         CAPTURE(stall_ms);
         screen_now += stall_ms;
         screen_step(85);
@@ -86,7 +86,7 @@ TEST_CASE("a clip is shown pixel by pixel at the rate of its stream, however coa
     }
 }
 
-// The grey of a frame, far enough from its neighbours for a codec that loses something.
+// The grey of a frame, far enough from its neighbours for a lossy codec.
 static void paint_grey(u32 *pixels, s32 w, s32 h, s32 n) {
     std::fill_n(pixels, w * h, 0xFF000000 | (u32)(n * 9) * 0x010101);
 }
@@ -134,7 +134,7 @@ TEST_CASE("a clip of variable frame rate shows each frame at its own time") {
     }
 }
 
-TEST_CASE("a clip lets shine through, is scaled, paused, resumed and stopped, and ends with its last frame or anew") {
+TEST_CASE("a clip is transparent, scaled, paused, resumed and stopped, and ends with its last frame or starts again") {
     room_t room;
     const std::string path = room.make("a.mp4", exact_clip());
     zof_drv_video_set_state(room.player, ZOF_MEDIA_PLAY); // without a clip: nothing
@@ -147,31 +147,31 @@ TEST_CASE("a clip lets shine through, is scaled, paused, resumed and stopped, an
     zof_drv_video_set_state(room.player, ZOF_MEDIA_PAUSE);
     screen_step(500);
     CHECK(room.frame() == 15);
-    zof_drv_video_set_state(room.player, ZOF_MEDIA_PAUSE); // asked twice it is a stop
+    zof_drv_video_set_state(room.player, ZOF_MEDIA_PAUSE); // a second pause is a stop
     zof_drv_video_set_state(room.player, ZOF_MEDIA_RESUME);
-    screen_step(85); // the next frame comes at once
+    screen_step(85); // the next frame is shown at once
     CHECK(room.frame() == 18);
     screen_step(3000);
     CHECK(room.frame() == 59);
     zof_drv_video_set_one_replay(room.player, 1);
-    zof_drv_video_set_state(room.player, ZOF_MEDIA_RESUME); // it stands at its start again
+    zof_drv_video_set_state(room.player, ZOF_MEDIA_RESUME); // it is at its start again
     screen_step(2100);
     CHECK(room.frame() < 10);
-    // Another size begins anew, in the state asked for last.
+    // Another size restarts it, in the state last requested.
     zof_drv_video_set_state(room.player, ZOF_MEDIA_PLAY);
     screen_step(1000);
     CHECK(zof_drv_video_set_pos(room.player, 10, 10, 101, 77) == 0);
     screen_step(85);
     CHECK(screen_pixel(110, 86) == colour(2));
-    for (u16 side : {0, 5000}) { // no picture has no pixels
+    for (u16 side : {0, 5000}) { // no picture is empty
         CHECK(zof_drv_video_set_pos(room.player, 0, 0, side, 5000) == 0);
         screen_step(100);
     }
     CHECK(zof_drv_video_set_state(nullptr, 0) == -1);
-    CHECK(zof_drv_video_set_src(lv_scr_act(), path.c_str()) == -1); // no player
+    CHECK(zof_drv_video_set_src(lv_scr_act(), path.c_str()) == -1); // not a player
 }
 
-TEST_CASE("what a clip does wrong ends it: a change of size, a size without bounds, a missing file") {
+TEST_CASE("a faulty clip ends: a change of size, an excessive size, a missing file") {
     room_t room;
     media_clip clip = exact_clip();
     clip.resize_at = 10;
@@ -188,7 +188,7 @@ TEST_CASE("what a clip does wrong ends it: a change of size, a size without boun
     CHECK(contains(printed([&] { zof_drv_video_set_src(room.player, wide.c_str()); }), "video " + wide + ": "));
 }
 
-TEST_CASE("the sound of a player that is gone is stopped") {
+TEST_CASE("the sound of a deleted player stops") {
     room_t room;
     media_clip clip = exact_clip();
     clip.frames = 5;
@@ -202,7 +202,7 @@ TEST_CASE("the sound of a player that is gone is stopped") {
     CHECK(zof_drv_audio_get_state() == ZOF_MEDIA_STOP);
 }
 
-TEST_CASE("every kind of PNG looks as LVGL's own decoder shows it, transparent or not, and a JPEG comes near") {
+TEST_CASE("every kind of PNG looks as in LVGL's own decoder, transparent or not, and a JPEG comes close") {
     room_t room;
     for (const std::string name : {"L.png", "LA.png", "P.png", "RGB.png", "RGBA.png", "RGB.jpg"}) {
         CAPTURE(name);
@@ -216,7 +216,7 @@ TEST_CASE("every kind of PNG looks as LVGL's own decoder shows it, transparent o
         const bool clear = contains(name, "A") || name == "P.png";
         CHECK((int)dsc.header.cf == (clear ? LV_IMG_CF_TRUE_COLOR_ALPHA : LV_IMG_CF_TRUE_COLOR));
         REQUIRE((dsc.header.w == w && dsc.header.h == h));
-        s32 off = 0; // by how much the worst byte is
+        s32 off = 0; // error of the worst byte
         for (u32 i = 0; i < w * h * 4; i++) {
             off = std::max(off, abs(dsc.img_data[i] - want[i % 2 ? i : i ^ 2])); // blue comes first
         }
@@ -226,7 +226,7 @@ TEST_CASE("every kind of PNG looks as LVGL's own decoder shows it, transparent o
     }
 }
 
-TEST_CASE("a JPEG of more scans than any encoder makes is refused with one line, in a clip too") {
+TEST_CASE("a JPEG with more scans than any encoder makes is refused with one line, in a clip too") {
     room_t room;
     const struct {
         const char *name, *line;
@@ -248,7 +248,7 @@ TEST_CASE("a JPEG of more scans than any encoder makes is refused with one line,
     }
 }
 
-TEST_CASE("a video control plays the project's clips in its box, and goes with its view") {
+TEST_CASE("a video control plays the project's clips in its box, and is deleted with its view") {
     view_project_t project;
     std::filesystem::create_directories(project.path("video"));
     REQUIRE(media_write(project.path("video/a.mp4").c_str(), exact_clip()));
@@ -268,18 +268,18 @@ TEST_CASE("a video control plays the project's clips in its box, and goes with i
     screen_step(420);
     CHECK(screen_is_golden("video"));
     zof_video_set_state(at(1), ZOF_MEDIA_PAUSE);
-    zof_video_set_state(at(1), ZOF_MEDIA_PAUSE); // asked twice it is a stop
+    zof_video_set_state(at(1), ZOF_MEDIA_PAUSE); // a second pause is a stop
     CHECK(((zof_video_attr_t *)at(1)->attr)->state == ZOF_MEDIA_STOP);
     zof_video_set_state(at(1), ZOF_MEDIA_RESUME);
-    screen_step(2600); // over its end: it replays
+    screen_step(2600); // past its end: it replays
     CHECK(zof_video_get_state(at(1)) == ZOF_MEDIA_PLAY);
-    CHECK(zof_ctrl_delete(at(1)) == 0); // nothing: the object is the driver's
+    CHECK(zof_ctrl_delete(at(1)) == 0); // no effect: the object is the driver's
     CHECK(at(1)->obj != nullptr);
     zof_view_set_dis_view(2);
     screen_step(200);
 }
 
-TEST_CASE("a video goes with its record, within a container too") {
+TEST_CASE("a video is deleted with its record, within a container too") {
     view_project_t project(
         {ctrl(ZOF_CTRL_OBJ, 1), ctrl(ZOF_CTRL_VIDEO, 2, "", R"("parent_id": 1)"), ctrl(ZOF_CTRL_LABEL, 3)});
     zof_ffmpeg_init();

@@ -1,4 +1,4 @@
-// How a view's controls come into being: one view while another one is built, ids that are there twice, deep nesting.
+// How a view's controls are created: one view while another is being built, duplicate ids, deep nesting.
 #include <chrono>
 
 #include "view_project.h"
@@ -10,7 +10,7 @@ static std::string tile(u32 id) {
 
 static bool shown;
 
-// The event function of a tile view, which hears of each tile that is made.
+// The event function of a tile view, which gets an event for each tile that is created.
 static void show_another(zof_ctrl_t *, zof_event_e) {
     if (!shown) {
         shown = true;
@@ -18,7 +18,7 @@ static void show_another(zof_ctrl_t *, zof_event_e) {
     }
 }
 
-TEST_CASE("an event of a control that is being made shows another view, and both are complete") {
+TEST_CASE("an event of a control that is being created shows another view, and both are complete") {
     view_project_t project;
     ctrl_funs = {{1, show_another}};
     project.view(1, {ctrl(ZOF_CTRL_TILEVIEW, 1), tile(2), tile(3), ctrl(ZOF_CTRL_LABEL, 4),
@@ -38,7 +38,7 @@ TEST_CASE("an event of a control that is being made shows another view, and both
     ctrl_funs.clear();
 }
 
-TEST_CASE("a control that its own making deletes is not there, and breaks nothing") {
+TEST_CASE("a control that is deleted during its own creation is gone, and nothing else breaks") {
     view_project_t project;
     ctrl_funs = {{1, [](zof_ctrl_t *, zof_event_e) { zof_ctrl_delete(zof_ctrl_get_form_id(1, 2)); }}};
     project.view(1, {ctrl(ZOF_CTRL_TILEVIEW, 1), tile(2), ctrl(ZOF_CTRL_LABEL, 4)});
@@ -49,7 +49,7 @@ TEST_CASE("a control that its own making deletes is not there, and breaks nothin
     ctrl_funs.clear();
 }
 
-TEST_CASE("the second control of an id is reported with both places, and so are views that are not there") {
+TEST_CASE("a duplicate control id is reported with both places, and so are missing views") {
     view_project_t project;
     const std::string said = project.show({ctrl(ZOF_CTRL_LABEL, 1, R"("txt": "first")"), ctrl(ZOF_CTRL_OBJ, 2),
                                            ctrl(ZOF_CTRL_LABEL, 1, R"("txt": "second")")});
@@ -59,7 +59,7 @@ TEST_CASE("the second control of an id is reported with both places, and so are 
     CHECK(zof_mbox_s_open(at(1)) == -1);
 }
 
-// Milliseconds for a view of `count` controls, each within the one before.
+// Milliseconds to load a view of `count` controls, each within the previous one.
 static s64 chain_time(u32 view, u32 count, std::string *said) {
     const auto start = std::chrono::steady_clock::now();
     *said = printed([=] { zof_view_set_dis_view(view); });
@@ -67,7 +67,7 @@ static s64 chain_time(u32 view, u32 count, std::string *said) {
     return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start).count();
 }
 
-TEST_CASE("nesting has a limit with a line, and loading takes time in proportion to the controls") {
+TEST_CASE("nesting has a limit that is logged, and loading time is proportional to the number of controls") {
     view_project_t project;
     const auto chain = [](u32 count) {
         std::vector<std::string> list;

@@ -1,4 +1,4 @@
-// A project of a few views in a temporary folder, and a program for it that writes down what is called.
+// A project of a few views in a temporary folder, and a program for it that records what is called.
 //
 //     view_project_t project;
 //     project.view(1, {ctrl(ZOF_CTRL_LABEL, 5, R"("txt": "hello")")});
@@ -23,14 +23,14 @@ inline void on_event(zof_ctrl_t *ctrl, zof_event_e event) {
     }
 }
 
-// What has been written down since the last look.
+// What has been recorded since the last call.
 inline std::string taken(std::string &text) {
     std::string out = text;
     text.clear();
     return out;
 }
 
-inline std::vector<zof_ctrl_fun_t> ctrl_funs; // of all views of the test
+inline std::vector<zof_ctrl_fun_t> ctrl_funs; // for all views of the test
 
 template <u32 ID> zof_view_fun_t view_row() {
     static const std::string name = std::to_string(ID);
@@ -57,7 +57,7 @@ inline std::string box(s32 x, s32 y, s32 width, s32 height) {
     return form(R"("pt": {"x": %d, "y": %d}, "size": {"width": %d, "height": %d})", x, y, width, height);
 }
 
-// A style of the main part in its normal state that only fills.
+// A style that only fills the main part in its normal state.
 inline std::string filled(u32 color) {
     return form(R"({"style_part": 0, "style_state": 0, "style_sect": 0, "body_t": {"opa": 255, "main_color": %u}})",
                 color);
@@ -66,7 +66,7 @@ inline std::string filled(u32 color) {
 struct view_project_t : temp_project_t {
     std::string pages;
     std::string more = R"(, "start_page": 0)"; // keys of the project file
-    std::string shown_keys;                    // keys of the view that `show` makes
+    std::string shown_keys;                    // keys of the view that `show` writes
 
     view_project_t() = default;
 
@@ -84,13 +84,13 @@ struct view_project_t : temp_project_t {
         pages += form(R"(%s{"pageId": %u, "pageName": "v%u.g"})", pages.empty() ? "" : ", ", id, id);
     }
 
-    // Paints a picture of one colour.
+    // Writes a picture of one colour.
     void image(const std::string &name, s32 width, s32 height, u32 color) const {
         screen_png_write(path("image/" + name),
                          {width, height, std::vector<u32>((size_t)width * (size_t)height, color)});
     }
 
-    // Opens window and project, shows no view yet.
+    // Opens window and project, but shows no view yet.
     zof_prj_t *open(s32 width, s32 height) {
         write("config/project/zofprj.g", form(R"({"p_name": "t", "width": %d, "height": %d%s, "views": [%s]})", width,
                                               height, more.c_str(), pages.c_str()));
@@ -103,7 +103,7 @@ struct view_project_t : temp_project_t {
         return prj;
     }
 
-    // Opens with view 1 of these controls and shows it; what was printed.
+    // Opens with view 1 of these controls and shows it. Returns what was printed.
     std::string show(const std::vector<std::string> &controls) {
         view(1, controls, shown_keys);
         return printed([&] {
@@ -113,7 +113,7 @@ struct view_project_t : temp_project_t {
     }
 };
 
-// A control that has to be there.
+// A control that must exist.
 inline para_t *at(u32 id, u32 view = 1) {
     para_t *record = zof_ctrl_get_form_id(view, id);
     REQUIRE(record);

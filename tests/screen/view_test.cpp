@@ -1,4 +1,4 @@
-// Views: the order of the program's calls, what lives how long, and what each layer does.
+// Views: the order of the program's calls, lifetimes, and what each layer does.
 #include "view_project.h"
 
 static const char *on_view = R"("pub": true)";
@@ -35,16 +35,16 @@ TEST_CASE("a switch leaves the old view, clears it, and builds and enters the ne
     CHECK(zof_view_set_dis_view(2) == 0);
     CHECK(taken(calls) == " exit1 entry2");
     CHECK((!there(1, 2) && there(1, 1) && there(2, 2)));
-    CHECK(place(2, 2) == 1); // made later, yet where the file has it
+    CHECK(place(2, 2) == 1); // created later, but where the file has it
 
     zof_view_set_dis_view(1);
     zof_view_set_dis_view(2);
     CHECK(taken(calls) == " exit2 entry1 exit1 entry2");
-    CHECK(lv_obj_get_x(at(1, 2)->obj) == 33); // what is not short-lived keeps its state
+    CHECK(lv_obj_get_x(at(1, 2)->obj) == 33); // a control that is not short-lived keeps its state
     CHECK(zof_view_delete(2) == 0);
 }
 
-TEST_CASE("views that are not there are told, and change nothing") {
+TEST_CASE("missing views are reported and change nothing") {
     view_project_t project;
     project.view(1, {plain(1)});
     project.pages += R"(, {"pageId": 2, "pageName": "gone.g"}, {"pageId": 3, "pageName": "broken.g"})"
@@ -62,12 +62,12 @@ TEST_CASE("views that are not there are told, and change nothing") {
         printed([&] { CHECK(zof_view_set_dis_view_anim(id, 0, 0, 0, 1) + zof_view_delete(id) == -2); });
     }
 
-    printed([] { zof_view_set_dis_view(4); }); // a file whose own id is 1: view 1 is what it gives, once
+    printed([] { zof_view_set_dis_view(4); }); // a file whose own id is 1: it makes view 1, once
     printed([] { zof_view_set_dis_view(4); });
     CHECK(zof_prj_get_cur()->view_list->count == 1);
 }
 
-TEST_CASE("with a transition the short-lived controls go when the screen is unloaded") {
+TEST_CASE("with a transition the short-lived controls are deleted when the screen is unloaded") {
     view_project_t project;
     project.view(1, {brief(1)});
     project.view(2, {brief(1)});
@@ -81,7 +81,7 @@ TEST_CASE("with a transition the short-lived controls go when the screen is unlo
     CHECK(there(1, 1));
     screen_step(200);
     CHECK((!there(1, 1) && there(2, 1)));
-    // Back before the old screen was gone: it is wanted again, so it keeps its controls.
+    // Back before the old screen was unloaded: it is in use again, so it keeps its controls.
     zof_view_set_dis_view_anim(1, ZOF_SCR_LOAD_ANIM_FADE_ON, 200, 0, ZOF_ANIM_PATH_LINEAR);
     screen_step(50);
     zof_view_set_dis_view_anim(2, ZOF_SCR_LOAD_ANIM_FADE_ON, 200, 0, ZOF_ANIM_PATH_LINEAR);
@@ -117,7 +117,7 @@ TEST_CASE("a control that stays is parked while its short-lived parent is gone")
     }
 }
 
-TEST_CASE("a view above takes touches only if it is modal, and hiding it brings the display's own layer back") {
+TEST_CASE("a view above takes touches only if it is modal, and hiding it restores the display's own layer") {
     view_project_t project;
     ctrl_funs = {{1, on_event}};
     project.view(1, {ctrl(ZOF_CTRL_BTN, 1, "", box(0, 0, 320, 240))});
@@ -162,5 +162,5 @@ TEST_CASE("backgrounds show their colour, opacity and picture where they can") {
     zof_view_set_bg(1, "missing.png");
     CHECK(screen_pixel(10, 10) == 0x102030);
     zof_size_t size = {};
-    CHECK(zof_view_get_dis_wh(&size) == -1); // and yet it tells
+    CHECK(zof_view_get_dis_wh(&size) == -1); // and it returns the size all the same
 }

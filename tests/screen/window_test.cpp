@@ -1,4 +1,4 @@
-// The window: what is copied into it, how events become touches and zoom.
+// The window: what is copied to it, how events become touches, and zoom.
 #include <SDL2/SDL.h>
 
 #include <tuple>
@@ -99,7 +99,7 @@ TEST_CASE("mouse and finger reach the input device, and any window event lifts t
     push(e);
     CHECK(!std::get<bool>(pointer()));
 
-    SDL_Event wheel = {}; // turns the other way round, and its button is pressed
+    SDL_Event wheel = {}; // turns the other way, with its button pressed
     wheel.wheel.type = SDL_MOUSEWHEEL;
     wheel.wheel.y = 3;
     push(wheel);
@@ -110,14 +110,14 @@ TEST_CASE("mouse and finger reach the input device, and any window event lifts t
     CHECK(data.state == LV_INDEV_STATE_PRESSED);
 }
 
-TEST_CASE("a click that is over before the widgets look is still a click") {
+TEST_CASE("a click that ends before the widgets read it is still a click") {
     screen_open(200, 100);
     static s32 clicks;
     lv_obj_t *btn = lv_btn_create(lv_scr_act());
     lv_obj_add_event_cb(
         btn, [](lv_event_t *) { clicks++; }, LV_EVENT_CLICKED, nullptr);
     screen_step(100);
-    for (s32 off : {0, 1}) { // while touching is switched off it is none
+    for (s32 off : {0, 1}) { // but not while touch is switched off
         zof_drv_touch_pause(off);
         for (u32 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) {
             SDL_Event event = mouse(type, SDL_BUTTON_LEFT, 10, 10);
@@ -130,7 +130,7 @@ TEST_CASE("a click that is over before the widgets look is still a click") {
     }
 }
 
-// The colour of a pixel of the window itself.
+// A pixel of the window itself.
 static u32 *window_at(s32 x, s32 y) {
     SDL_Surface *surface = SDL_GetWindowSurface(SDL_GetWindowFromID(1));
     REQUIRE(surface);
@@ -138,13 +138,13 @@ static u32 *window_at(s32 x, s32 y) {
     return (u32 *)((u8 *)surface->pixels + y * surface->pitch) + x;
 }
 
-// Whether a window of `step` picture pixels a pixel shows the picture everywhere.
+// Returns whether a window with `step` picture pixels to a pixel shows the picture everywhere.
 static bool window_shows_picture(s32 step) {
     const screen_picture p = screen_shot();
     for (s32 i = 0; i < p.width / step * (p.height / step); i++) {
         const s32 x = i % (p.width / step), y = i / (p.width / step);
         u32 nearest = 0;
-        for (s32 n = 0; n < step * step; n++) { // scaling takes any one of those that a pixel stands for
+        for (s32 n = 0; n < step * step; n++) { // scaling may pick any of the pixels that one stands for
             nearest += p.at(x * step + n % step, y * step + n / step) == (*window_at(x, y) & 0xFFFFFF);
         }
         if (!nearest) {
@@ -155,7 +155,7 @@ static bool window_shows_picture(s32 step) {
     return true;
 }
 
-TEST_CASE("only what has changed goes to the window, all of it when that was uncovered or dimmed") {
+TEST_CASE("only what has changed is copied to the window, and everything when it was uncovered or dimmed") {
     enum : u32 { MARK = 0xABCDEF };
     screen_open(100, 60);
     lv_obj_set_style_bg_color(lv_scr_act(), lv_color_hex(0x204060), 0);
@@ -186,7 +186,7 @@ TEST_CASE("only what has changed goes to the window, all of it when that was unc
     CHECK(window_shows_picture(1));
 }
 
-TEST_CASE("a picture as large as the screen opens at half scale, and positions are taken back") {
+TEST_CASE("a picture as large as the screen opens at half scale, and positions are scaled back") {
     SDL_SetHint(SDL_HINT_VIDEODRIVER, "offscreen");
     SDL_Init(SDL_INIT_VIDEO);
     SDL_Rect bounds = {};
@@ -206,11 +206,11 @@ TEST_CASE("closing the window ends the process with status 0") {
     screen_open(60, 40);
     SDL_Event quit = {};
     quit.type = SDL_QUIT;
-    push(quit); // does not come back
+    push(quit); // does not return
     FAIL("the window is still open");
 }
 
-// Hands a touch to the hook, which has to give this result; what it tells then.
+// Passes a touch to the hook and checks its result. Returns the touch that it reports then.
 static zof_touch_t touched(lv_indev_state_t state, lv_coord_t x, lv_coord_t y, s32 result = 0) {
     lv_indev_data_t data = {};
     data.state = state;
@@ -221,7 +221,7 @@ static zof_touch_t touched(lv_indev_state_t state, lv_coord_t x, lv_coord_t y, s
     return now;
 }
 
-TEST_CASE("the touch hook tells press, hold and release, nothing without a press, and counts what it is told") {
+TEST_CASE("the touch hook reports press, hold and release, nothing without a press, and counts its calls") {
     screen_open(100, 50);
     screen_step(50);
     touched(LV_INDEV_STATE_RELEASED, 3, 4, -1);
@@ -235,10 +235,10 @@ TEST_CASE("the touch hook tells press, hold and release, nothing without a press
         zof_touch_count_set_irq(state);
     }
     zof_touch_count_get_irq(&press, &release);
-    CHECK(press * 10 + release == 31); // a release counts after a press only
+    CHECK(press * 10 + release == 31); // a release counts only after a press
     zof_touch_count_free();
 
-    // Turned displays: as LVGL turns the same point.
+    // Rotated displays: as LVGL rotates the same point.
     touched(LV_INDEV_STATE_PRESSED, 10, 20);
     lv_disp_drv_t *drv = lv_disp_get_default()->driver;
     const u32 turned[][3] = {{LV_DISP_ROT_90, 29, 10}, {LV_DISP_ROT_180, 89, 29}, {LV_DISP_ROT_270, 20, 89}};
@@ -251,12 +251,12 @@ TEST_CASE("the touch hook tells press, hold and release, nothing without a press
     drv->rotated = LV_DISP_ROT_NONE;
 }
 
-TEST_CASE("the picture's place follows the project's size, turn, margins and mode") {
+TEST_CASE("the picture's position follows the project's size, rotation, margins and mode") {
     temp_project_t project;
     zof_prj_t *prj = project.open();
     REQUIRE(prj);
     screen_open(10, 10);
-    CHECK(SDL_HOR_RES == 320); // the project's, not what the test asked for
+    CHECK(SDL_HOR_RES == 320); // the project's, not what the test requested
     zof_disp_t *d = zof_drv_get_disp_t();
     d->scn_w = 800;
     d->scn_h = 480;
@@ -268,5 +268,6 @@ TEST_CASE("the picture's place follows the project's size, turn, margins and mod
     CHECK(zof_disp_init_screen_pos() == 0);
     zof_wh_t pos = {}, size = {};
     zof_disp_get_screen_pos(&pos, &size);
-    CHECK((pos.w == 10 && size.w == 780 * 1000 / 1240 && size.h == 440 * 240 / 1240)); // shares of its sides' sum
+    CHECK((pos.w == 10 && size.w == 780 * 1000 / 1240 &&
+           size.h == 440 * 240 / 1240)); // in proportion to the sum of its sides
 }

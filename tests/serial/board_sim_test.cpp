@@ -1,4 +1,4 @@
-// The virtual board: its box as pure functions, and its program as people start it.
+// The virtual board: its box as pure functions, and its program as users start it.
 #include "zof_test.h"
 
 #include <sys/stat.h>
@@ -10,7 +10,7 @@
 #include "temp_project.h"
 #include "wire.h"
 
-// A quiet box whose registers the test sees.
+// A quiet box that records its registers.
 struct seen_board {
     board box;
     std::map<u16, u16> regs; // the value last written to a register
@@ -35,7 +35,7 @@ static void settle(board &box, double ms) {
     }
 }
 
-TEST_CASE("board: a rail ramps up behind its load, folds back at its limit, and energy is power over time") {
+TEST_CASE("board: a rail ramps up under load, folds back at its limit, and energy is power over time") {
     seen_board s;
     tell(s, {{REG_RAIL_SELECT, 4}, {REG_OUT_REQ, 1}});
     board_step(s.box, 100);
@@ -55,7 +55,7 @@ TEST_CASE("board: a rail ramps up behind its load, folds back at its limit, and 
     CHECK((s.regs[REG_OUT_STATE] == 0 && s.regs[REG_LIVE_MV] == 0));
 }
 
-// How a program ends, and what it prints on both channels: "1 board_sim: ...".
+// Returns how a program ends, and what it prints on both streams: "1 board_sim: ...".
 static std::string tool(const std::string &arguments) {
     std::string text;
     FILE *pipe = popen((ZOF_BUILD_DIR "/tools/" + arguments + " 2>&1").c_str(), "r");
@@ -95,7 +95,7 @@ TEST_CASE("a pseudo-terminal that ended is not opened again by its number") {
     near.tty = far.slave_name;
     REQUIRE(wire_plug(near));
     wire_unplug(near);
-    CHECK(wire_plug(near)); // pulled by us it may come back
+    CHECK(wire_plug(near)); // we unplugged it, so it may come back
     wire_unplug(far);
     wire_lost(near);
     CHECK((!wire_plug(near) && near.fd == -1));

@@ -7,13 +7,13 @@
 
 enum { LABEL = 5, BTN, IMG, IMGBTN, LINE, ARC, BAR, SLIDER, SWITCH, CHECK_BOX, TILES, SPIN, TILE_A, TILE_B };
 enum { LIST = TILE_B + 1, DROP, ROLLER, TABLE, MBOX, TXTBOX, KEYBOARD, MATRIX };
-enum { GIF = 60, QR, VIDEO }; // a player only where a test plugs a driver in
+enum { GIF = 60, QR, VIDEO }; // a player only where a test installs a driver
 
-// A style with a font that is a file, so that texts can change their size; the file is the caller's to put there.
+// A style with a font file, so that text sizes can be changed; the caller supplies the file.
 inline const std::string text_style = R"({"style_part": 0, "style_state": 0, "style_sect": 0,
                                           "txt_t": {"font_lib": "t.ttf", "font_size": 12, "opa": 255}})";
 
-// Keys in `pub` come to the common ones of each control.
+// Keys in `pub` are added to the common ones of each control.
 inline std::vector<std::string> one_of_each(const std::string &pub = "\"pub\": 0") {
     const auto one = [&pub](u32 type, u32 id, const std::string &own, const std::string &place,
                             const std::string &styles = "") { return ctrl(type, id, own, pub + ", " + place, styles); };

@@ -1,6 +1,6 @@
-// Every row of the control commands, through the line, against a project that has the control; judged by the control
-// itself and by the picture. Acknowledgements of these writes stay in the panel, which is where they are looked at. A
-// new row of a command table needs a line in `writes` or `reads`: the test says which.
+// Every row of the control commands, through the line, against a project that has the control; checked by the control
+// itself and by the picture. Acknowledgements of these writes stay in the panel and are checked there. A new row of a
+// command table needs a line in `writes` or `reads`: the test says which.
 #include "zof_test.h"
 
 #include <algorithm>
@@ -34,7 +34,7 @@ static bytes command(u8 type, u32 id, const bytes &tail) {
     return join({{0xB2, type, tail[0], 0, 1, 0, (u8)id}, {tail.begin() + 1, tail.end()}});
 }
 
-// A write, and a read behind it that comes back when it is done. The mark tells an acknowledgement from none.
+// Writes, then reads, and the answer comes when the write is done. A mark distinguishes an acknowledgement from none.
 static s8 write_ctrl(panel &p, const bytes &payload) {
     acknowledgement() = 77;
     pty_write(p.pty, set(payload));
@@ -42,7 +42,7 @@ static s8 write_ctrl(panel &p, const bytes &payload) {
     return acknowledgement();
 }
 
-// A video driver that notes what it is asked for.
+// A video driver that records its calls.
 static std::string video_asked;
 static s32 video_state;
 
@@ -86,13 +86,13 @@ static bool state(u32 id, lv_state_t s) {
     return lv_obj_has_state(obj(id), s);
 }
 
-// How many pixels of a colour are seen.
+// Returns how many pixels have a colour.
 static s32 seen(u32 color) {
     const std::vector<u32> pixels = screen_shot().pixels;
     return (s32)std::count(pixels.begin(), pixels.end(), color);
 }
 
-// Whether one pixel has the colour and another has not.
+// Returns whether one pixel has the colour and another one does not.
 static bool only(s32 x, s32 y, s32 other_x, s32 other_y, u32 color) {
     return screen_pixel(x, y) == color && screen_pixel(other_x, other_y) != color;
 }
@@ -127,7 +127,7 @@ static const lv_gif_t *gif() {
     return (const lv_gif_t *)obj(GIF);
 }
 
-// Whether the code shown is that of a text.
+// Returns whether the code shown is that of a text.
 static bool qr_says(const char *text) {
     lv_obj_t *want = lv_qrcode_create(lv_scr_act(), 60, lv_color_black(), lv_color_white());
     lv_qrcode_update(want, text, (u32)strlen(text));
@@ -137,9 +137,9 @@ static bool qr_says(const char *text) {
     return same;
 }
 
-// A write: the type's second byte, the control, the parameter's code with what follows it, and what must hold then. The
-// rows run in this order, and one builds on those before it. `says` is the acknowledgement: what chooses between two
-// calls says 0 when it was one of them.
+// A write: the type's second byte, the control, the parameter's code with what follows it, and what must hold
+// afterwards. The rows run in this order and build on each other. `says` is the acknowledgement: a choice between two
+// calls returns 0 for either.
 struct write_row {
     u8 type;
     u32 id;
@@ -249,7 +249,7 @@ static const std::vector<write_row> writes = {
     {0x16, MATRIX, {0x05, 1}, [] { return zof_btnmatrix_get_one_checked(obj(MATRIX)) == 1; }},
 };
 
-// A read: as above, and the value that comes behind what was asked. What a row needs to be in place is written first.
+// A read: as above, and the value that follows what was asked. What a row needs is written first.
 struct read_row {
     u8 type;
     u32 id;
@@ -285,7 +285,7 @@ static const std::vector<read_row> reads = {
     {0x16, MATRIX, {0x05}, {1}, {{0x05, 1}}},
 };
 
-TEST_CASE("host controls: every write does to its control what it says, and is acknowledged") {
+TEST_CASE("host controls: every write has its effect on its control, and is acknowledged") {
     panel p;
     controls_up(p);
     for (const write_row &row : writes) {
@@ -297,7 +297,7 @@ TEST_CASE("host controls: every write does to its control what it says, and is a
     }
 }
 
-TEST_CASE("host controls: every read gives what the control has") {
+TEST_CASE("host controls: every read returns what the control has") {
     panel p;
     controls_up(p);
     for (const read_row &row : reads) {
@@ -309,12 +309,13 @@ TEST_CASE("host controls: every read gives what the control has") {
         answers(p, get(command(row.type, row.id, row.tail)),
                 get(command(row.type, row.id, join({row.tail, row.value}))));
     }
-    // A text that does not exist is empty: an absent control or one of another type, a key or button beyond the last.
+    // A text that does not exist is empty: of a missing control, one of another type, a key or button beyond the last.
     for (const bytes &payload : {command(0x00, 99, {0x00}), command(0x00, BTN, {0x00}),
                                  command(0x13, KEYBOARD, {0x01, 0, 99}), command(0x16, MATRIX, {0x00, 0, 2})}) {
         answers(p, get(payload), get(join({payload, {0}})));
     }
-    pty_write(p.pty, get(command(0x0B, TILES, {0x00}))); // the tile view's second row, which has the code of its first
+    pty_write(p.pty,
+              get(command(0x0B, TILES, {0x00}))); // the tile view's second row, which has the same code as the first
     silent(p);
 }
 
@@ -322,8 +323,8 @@ template <typename R> static bool sweeps(const std::vector<R> &rows, u8 type, u8
     return std::any_of(rows.begin(), rows.end(), [=](const R &r) { return r.type == type && r.tail[0] == code; });
 }
 
-TEST_CASE("host controls: no row of the command tables is left out of the sweep") {
-    for (u32 t = 2; t < zof_ui_cmd_type_count; t++) { // the first types are swept by the link's test, in words
+TEST_CASE("host controls: the sweep covers every row of the command tables") {
+    for (u32 t = 2; t < zof_ui_cmd_type_count; t++) { // the link's test covers the first types explicitly
         const zof_hmi_cmd_type_t &type = zof_ui_cmd_types[t];
         for (u32 i = 0; i < type.param_count; i++) {
             const zof_hmi_param_type_t &row = type.params[i];
@@ -335,7 +336,7 @@ TEST_CASE("host controls: no row of the command tables is left out of the sweep"
     }
 }
 
-TEST_CASE("host controls: a wrong selector, an absent control and one of another type change nothing") {
+TEST_CASE("host controls: an invalid selector, a missing control and one of another type change nothing") {
     panel p;
     controls_up(p);
     for (const bytes &payload : {command(PUB, LABEL, {0x00, 2}), command(PUB, LABEL, {0x06, 2}),

@@ -1,4 +1,4 @@
-// A panel with a host at the far end of its line: a project, a pseudo-terminal, and frames as a host makes them.
+// A panel with a host at the other end of its line: a project, a pseudo-terminal, and frames as a host sends them.
 #ifndef HMI_PANEL_H
 #define HMI_PANEL_H
 
@@ -12,7 +12,7 @@
 
 enum { PORT = 41, GAP_MS = 5 };
 
-// A panel with a host at the far end of its line. Time is the host's own: two threads meet here.
+// A panel with a host at the other end of its line. It runs on the host's clock, because two threads meet here.
 struct panel {
     view_project_t project;
     serial_pty pty;
@@ -65,7 +65,7 @@ inline bool line_has_bytes(panel &p) {
     return poll(&f, 1, 0) > 0;
 }
 
-// What the panel sends next, up to `size` bytes, while its loop turns.
+// Reads what the panel sends next, up to `size` bytes, while its loop runs.
 inline bytes read_while_looping(panel &p, size_t size) {
     eventually([&] {
         loop_turn();
@@ -74,7 +74,7 @@ inline bytes read_while_looping(panel &p, size_t size) {
     return pty_read(p.pty, size);
 }
 
-// Sends a frame and wants exactly this answer.
+// Sends a frame and expects exactly this answer.
 inline void answers(panel &p, const bytes &request, const bytes &answer) {
     pty_write(p.pty, request);
     const bytes got = read_while_looping(p, answer.size());
@@ -83,9 +83,9 @@ inline void answers(panel &p, const bytes &request, const bytes &answer) {
     CHECK(got == answer);
 }
 
-// Waits until all that was sent is done, and sees that nothing of it was answered: a read of the graphics thread is
-// answered by its own answer and nothing in front of it. The byte ahead is the one that is lost where a frame follows
-// another without a silence.
+// Waits until all that was sent is done, and checks that none of it was answered: a read by the graphics thread gets
+// its own answer and nothing before it. The byte ahead is the one that is lost where a frame follows another without a
+// silence.
 inline void silent(panel &p) {
     answers(p, join({{0x00}, get({0xB1, 0x06})}), get({0xB1, 0x06, 1, 64, 0, 240}));
 }

@@ -1,4 +1,4 @@
-// Frames of the host protocol as a host makes them, apart from the panel's own code for them.
+// Frames of the host protocol as a host makes them, independent of the panel's own code for them.
 #ifndef HOST_FRAME_H
 #define HOST_FRAME_H
 
@@ -15,7 +15,7 @@ inline bytes join(std::initializer_list<bytes> parts) {
     return out;
 }
 
-// Division by the polynomial, bit by bit, as on paper; the more significant byte first.
+// Polynomial division, bit by bit, as on paper; the more significant byte first.
 inline bytes crc_of(const bytes &data) {
     unsigned crc = 0;
     for (size_t i = 0; i < data.size() * 8; i++) {
@@ -25,7 +25,7 @@ inline bytes crc_of(const bytes &data) {
     return {(uint8_t)(crc >> 8), (uint8_t)crc};
 }
 
-// A sound frame; beyond what the short form can count it is a long one anyway.
+// A valid frame; if the short form cannot hold its length, it is a long one anyway.
 inline bytes frame_of(uint8_t op, const bytes &payload, bool crc = false, bool long_form = false) {
     bytes counted = join({{op}, payload});
     counted = crc ? join({counted, crc_of(counted)}) : counted;

@@ -5,7 +5,7 @@
 #include "port/zof_host.h"
 #include "temp_project.h"
 
-// A line that keeps what is sent.
+// A line that records what is sent.
 static bytes sent;
 static s32 line_send(zof_drv_t *, const u8 *data, u32 size) {
     sent.insert(sent.end(), data, data + size);
@@ -25,7 +25,7 @@ static void receive(bytes data) {
     recive_data_handle(data.data(), (u32)data.size());
 }
 
-TEST_CASE("register link: values go out as the board expects them, byte by byte, and never more than a frame holds") {
+TEST_CASE("register link: values are sent as the board expects them, byte by byte, and never more than a frame holds") {
     line_up();
     CHECK(zof_reg_report(48, 80) == 9);
     CHECK(sent == bytes{0x5A, 0xA5, 0x06, 0x83, 0x00, 0x30, 0x01, 0x00, 0x50});
@@ -44,7 +44,7 @@ TEST_CASE("register link: values go out as the board expects them, byte by byte,
         CHECK(sent.size() == row.size);
         CHECK(bytes(sent.begin(), sent.begin() + (long)row.head.size()) == row.head);
     }
-    // The last address that passes is 2048, for both ends.
+    // 2048 is the last valid address, in both directions.
     CHECK((zof_reg_com_send(2048, 255) == 257 && zof_reg_com_send(2049, 1) == -1));
     CHECK((zof_reg_set(2049, 7) == -1 && zof_reg_get(2049) == -1));
     receive(frame_write(2049, {1}));
@@ -54,7 +54,8 @@ TEST_CASE("register link: values go out as the board expects them, byte by byte,
     CHECK(zof_reg_report(48, 80) == -1);
 }
 
-TEST_CASE("register link: every frame kind cut at every byte is found or lost by the rule, and the next one is found") {
+TEST_CASE(
+    "register link: every kind of frame, cut at every byte, is found or lost by the rules, and the next one is found") {
     line_up();
     const struct {
         bytes frame;
@@ -74,26 +75,26 @@ TEST_CASE("register link: every frame kind cut at every byte is found or lost by
             sent.clear();
             receive({kind.frame.begin(), kind.frame.begin() + (long)cut});
             receive({kind.frame.begin() + (long)cut, kind.frame.end()});
-            // What the walk leaves of the first piece is five bytes at most.
+            // At most five bytes of the first piece are kept.
             CHECK(zof_reg_get(100) == (kind.write && cut <= 5 ? 0x1111 : 0));
             CHECK(sent.empty() == !(kind.read && cut <= 5));
             receive(frame_write(200, {0x4444}));
             CHECK(zof_reg_get(200) == 0x4444);
-            receive(bytes(6, 0)); // what is kept of this is zeros
+            receive(bytes(6, 0)); // the kept bytes are zeros
         }
     }
 }
 
-TEST_CASE("register link: frames in one chunk are handled in order, whatever lies around and between them") {
+TEST_CASE("register link: frames in one chunk are handled in order, whatever is around and between them") {
     line_up();
     const bytes rubbish = {0x5A, 0x00, 0xA5, 0x5A, 0x5A, 0xA5, 0xFF, 0x82};
     receive(join({rubbish, frame_write(100, {1}), {0x5A}, frame_write(100, {2}), frame_read(100, 1), {0x33}}));
     CHECK(zof_reg_get(100) == 2);
     CHECK(sent.size() == 9);
-    // A frame that is refused is searched for a head inside it.
+    // A rejected frame is searched for a head inside it.
     receive(join({{0x5A, 0xA5, 0x0A, 0x82, 0xFF, 0xFF}, frame_write(101, {9})}));
     CHECK(zof_reg_get(101) == 9);
-    // What does not fit beside the kept bytes is cut off, and the link goes on.
+    // What does not fit with the kept bytes is cut off, and the link keeps working.
     receive(bytes(5000, 0x5A));
     receive(frame_write(100, {77}));
     receive(frame_write(101, {78}));
@@ -105,17 +106,17 @@ TEST_CASE("register link: a frame stores no more words than it holds, and a burs
     zof_reg_set(100, 5);
     receive({0x5A, 0xA5, 0x03, 0x82, 0x00, 0x64});
     CHECK(zof_reg_get(100) == 5);
-    for (u8 len : {0, 1, 2}) { // the frame ends inside its own head; its address lies behind
+    for (u8 len : {0, 1, 2}) { // the frame ends inside its own head, before its address
         receive({0x5A, 0xA5, len, 0x82, 0x00, 0x64});
         CHECK(zof_reg_get(100) == 5);
     }
-    // One rebuild, at the end: it sees what came behind the commit.
+    // One rebuild, at the end: it includes what came after the commit.
     receive(join({frame_write(REG_RAIL_COUNT, {2}), frame_write(REG_RAIL_COMMIT, {1}), frame_write(REG_RAIL_COUNT, {3}),
                   frame_write(REG_RAIL_COMMIT, {1}), frame_write(REG_RAIL_COUNT, {1})}));
     CHECK(g_prof_n == 1);
 }
 
-TEST_CASE("register link: a part of a frame is not joined with what comes more than a second later") {
+TEST_CASE("register link: a partial frame is not joined with what arrives more than a second later") {
     static u32 now;
     static constexpr zof_clock_t clock = {[] { return now; }, [](u32) {}};
     zof_clock_set(&clock);
@@ -132,7 +133,7 @@ TEST_CASE("register link: a part of a frame is not joined with what comes more t
     zof_clock_set(nullptr);
 }
 
-TEST_CASE("register link: the board's values are kept as told, and a burst runs only its first register's handler") {
+TEST_CASE("register link: the board's values are stored as sent, and a burst runs only its first register's handler") {
     line_up();
     for (const auto &[addr, value] : {std::pair<u16, u16>{REG_BRIGHT, 9},
                                       {REG_RAIL_ACTIVE, 13},
@@ -147,7 +148,8 @@ TEST_CASE("register link: the board's values are kept as told, and a burst runs 
     CHECK(zof_reg_get(23) == 5);
 }
 
-TEST_CASE("register link: a rail that its slider cannot hold is told once, with the reason, until its numbers change") {
+TEST_CASE(
+    "register link: a rail that its slider cannot hold is reported once, with the reason, until its numbers change") {
     line_up();
     const std::pair<std::vector<u16>, const char *> rows[] = {
         {{RAIL_PPS, 3300, 40000, 5000}, "rail 0 (3300 to 40000 mV, 5000 mA): its voltage is above 32767"},

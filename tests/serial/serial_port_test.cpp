@@ -14,7 +14,7 @@
 #include <asm/termbits.h>
 #include <sys/ioctl.h>
 
-// What the callback has been given, message by message. Never released: the runtime's threads outlive the test.
+// What the callback received, message by message. Never released: the runtime's threads outlive the test.
 struct received {
     std::vector<bytes> messages;
     std::atomic<size_t> total; // makes the messages so far visible to the test
@@ -34,7 +34,7 @@ static s32 send(zof_drv_t *port, const std::string &text) {
     return zof_drv_uart_send(port, (const u8 *)text.data(), (u32)text.size());
 }
 
-// The services without a window: the lock and the port's table.
+// Starts the services without a window: the lock and the port's table.
 static void services_up() {
     zof_drv_def_param_init();
     dis_mutex = zof_mutex_create();
@@ -51,7 +51,7 @@ static zof_drv_t *open_port(serial_pty &pty, s32 port) {
     return handle;
 }
 
-TEST_CASE("serial: a burst is one message, the answer reaches the line, and a closed port gets its voice back") {
+TEST_CASE("serial: a burst is one message, the answer reaches the line, and a closed port works again when reopened") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 31);
     for (size_t round = 1; round <= 2; round++) {
@@ -67,9 +67,9 @@ TEST_CASE("serial: a burst is one message, the answer reaches the line, and a cl
     }
 }
 
-TEST_CASE("serial: numbers choose the port as told, it is opened once, and what no line has is refused") {
+TEST_CASE("serial: numbers choose the port as documented, it is opened once, and invalid settings are refused") {
     services_up();
-    setenv("ZOF_COM35", "/dev/null", 1); // it opens, but it is no line
+    setenv("ZOF_COM35", "/dev/null", 1); // it opens, but is not a serial line
     const auto open = [](s32 win_port, s32 port) {
         zof_uart_cfg_t cfg = settings(win_port);
         cfg.port = port;
@@ -92,7 +92,7 @@ TEST_CASE("serial: numbers choose the port as told, it is opened once, and what 
     CHECK((host_line_cflag(&line) & (CSIZE | PARENB | PARODD | CSTOPB)) == (CS7 | PARENB | PARODD | CSTOPB));
 }
 
-// Milliseconds of the longest of many sends, while `far_end` does what it does.
+// Returns the milliseconds of the longest of many sends, while `far_end` does its work.
 static u32 longest_send(zof_drv_t *port, u32 during_ms, const std::function<void()> &far_end) {
     const std::string frame(200, 7);
     u32 longest = 0;
@@ -105,7 +105,7 @@ static u32 longest_send(zof_drv_t *port, u32 during_ms, const std::function<void
     return longest;
 }
 
-// How often a line with these words was printed.
+// Returns how often a line with these words was logged.
 static size_t times_logged(const std::string &log, const std::string &words) {
     size_t count = 0;
     for (size_t at = 0; (at = log.find(words, at)) != std::string::npos; at++) {
@@ -114,7 +114,7 @@ static size_t times_logged(const std::string &log, const std::string &words) {
     return count;
 }
 
-TEST_CASE("serial: a far end that reads not at all, drop by drop, or goes away never holds the panel up") {
+TEST_CASE("serial: a peer that does not read, reads slowly or goes away never blocks the panel") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 41);
     const std::string block(1024, 7);
@@ -129,16 +129,16 @@ TEST_CASE("serial: a far end that reads not at all, drop by drop, or goes away n
         for (int i = 0; i < 50; i++) {
             send(port, block);
         }
-        CHECK(zof_sys_time_ms() - start < 1000); // fifty waits would be two and a half seconds
+        CHECK(zof_sys_time_ms() - start < 1000); // fifty waits would take two and a half seconds
         u8 drop;
-        CHECK(longest_send(port, 1500, [&] { (void)!read(pty.line.fd, &drop, 1); }) < 500); // 50, and a busy machine
+        CHECK(longest_send(port, 1500, [&] { (void)!read(pty.line.fd, &drop, 1); }) < 500); // 50, plus a busy machine
     });
     CHECK(times_logged(log, "takes no more bytes") >= 1);
     CHECK(times_logged(log, "takes no more bytes") <= (zof_sys_time_ms() - begin) / 1000 + 1); // once a second at most
     while (!pty_read(pty, 4096).empty() && send(port, "again") != 5) {
     }
     CHECK(send(port, "again") == 5);
-    // The cable goes and comes, again and again, in the middle of it all.
+    // The cable is unplugged and plugged in, again and again, during all of this.
     std::atomic<bool> over{false};
     std::thread far_end([&] {
         while (!over) {
@@ -151,20 +151,20 @@ TEST_CASE("serial: a far end that reads not at all, drop by drop, or goes away n
     CHECK(longest_send(port, 2000, [] { usleep(2000); }) < 500);
     over = true;
     far_end.join();
-    // The far end cannot see when it is heard: it calls until it is, with a silence behind each call.
+    // The peer cannot know when it is heard: it calls until it is, with a silence after each call.
     CHECK(eventually([&] { return pty_write(pty, {'!'}), usleep(20000), got.total > 0; }));
     wire_unplug(pty.line);
     CHECK(eventually([&] { return send(port, "x") == -1; }));
 }
 
-TEST_CASE("serial: a message that comes in while the lock is held is delivered whole") {
+TEST_CASE("serial: a message that arrives while the lock is held is delivered whole") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 43);
     zof_drv_uart_rev_set_timeout(port, 1000);
     {
         zof_lock gui(dis_mutex);
         pty_write(pty, bytes(8, 'a'));
-        usleep(1500 * 1000); // the client has seen the silence and waits for the lock
+        usleep(1500 * 1000); // the client has noticed the silence and waits for the lock
         pty_write(pty, bytes(4, 'b'));
         usleep(20 * 1000);
     }
@@ -175,7 +175,7 @@ TEST_CASE("serial: a message that comes in while the lock is held is delivered w
 }
 
 TEST_CASE(
-    "serial: a port that is missing at the start is taken when it appears, a pseudo-terminal only by a new link") {
+    "serial: a port that is missing at the start is opened when it appears, a pseudo-terminal only by a new link") {
     services_up();
     serial_pty pty;
     pty_open(pty, 44);
@@ -199,7 +199,7 @@ TEST_CASE(
     wire_unplug(pty.line);
 }
 
-TEST_CASE("serial: a long send goes out whole while the line takes it, however long that is") {
+TEST_CASE("serial: a long send is sent whole as long as the line accepts bytes, however long that takes") {
     serial_pty pty;
     zof_drv_t *port = open_port(pty, 47);
     zof_drv_uart_set_cfg(port, 2400, UART_BIT_8, 0, 0); // a rate at which 64 KB may take minutes
@@ -216,11 +216,11 @@ TEST_CASE("serial: a long send goes out whole while the line takes it, however l
     far_end.join();
 }
 
-TEST_CASE("serial: a client that is held up for long loses what it has no room for, and the next bytes come") {
+TEST_CASE("serial: a client that is blocked for long loses what it has no room for, and the next bytes arrive") {
     serial_pty pty;
     open_port(pty, 42);
     const auto burst = [&](u32 held_ms) {
-        zof_lock gui(dis_mutex); // the client cannot take anything over
+        zof_lock gui(dis_mutex); // the client cannot take anything
         for (int i = 0; i < 20; i++) {
             pty_write(pty, bytes(170, 9));
             usleep(8000);
@@ -237,7 +237,7 @@ TEST_CASE("serial: a client that is held up for long loses what it has no room f
 TEST_CASE("serial: a minute at the full rate of the line loses nothing") {
     serial_pty pty;
     open_port(pty, 40);
-    // As a board fills a line of 115200 baud: bursts with a silence behind each.
+    // As a board fills a line of 115200 baud: bursts with a silence after each.
     enum { RATE = 11520, PERIOD_MS = 20, SECONDS = 60, BURST = RATE * PERIOD_MS / 1000 };
     bytes all;
     const auto start = std::chrono::steady_clock::now();
@@ -246,7 +246,7 @@ TEST_CASE("serial: a minute at the full rate of the line loses nothing") {
         std::iota(burst.begin(), burst.end(), (u8)all.size());
         pty_write(pty, burst);
         all.insert(all.end(), burst.begin(), burst.end());
-        // Late is never made up for by leaving the silence out: then it would be another line.
+        // A late burst never skips its silence: that would be a different line.
         const auto silence = std::chrono::steady_clock::now() + std::chrono::milliseconds(PERIOD_MS / 2);
         std::this_thread::sleep_until(std::max(start + std::chrono::milliseconds(PERIOD_MS) * i, silence));
     }

@@ -1,4 +1,4 @@
-// A pseudo-terminal under a port number: the test holds the far end, the runtime opens the near one.
+// A pseudo-terminal as a numbered port: the test holds the far end, the runtime opens the near one.
 #ifndef SERIAL_PTY_H
 #define SERIAL_PTY_H
 
@@ -24,7 +24,7 @@ inline void pty_write(serial_pty &p, const bytes &data) {
     REQUIRE(write(p.line.fd, data.data(), data.size()) == (ssize_t)data.size());
 }
 
-// What the runtime has sent, up to `size` bytes, waiting for it at most two seconds.
+// Reads what the runtime has sent, up to `size` bytes, waiting at most two seconds.
 inline bytes pty_read(serial_pty &p, size_t size, int wait_ms = 2000) {
     bytes out(size);
     size_t have = 0;
