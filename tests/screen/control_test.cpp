@@ -36,8 +36,8 @@ TEST_CASE("parents are found in the order of the file, by the next walk at the l
     zof_view_set_dis_view(2);
     const std::string said = printed([] { zof_view_set_dis_view(1); });
     CHECK(lv_obj_get_parent(at(1)->obj) == at(2)->obj);
-    CHECK(contains(said, "control 3: its parent 3 lies within it"));
-    CHECK(contains(said, "control 4: its parent 5 lies within it"));
+    CHECK(contains(said, "control 3: its parent 3 is inside it"));
+    CHECK(contains(said, "control 4: its parent 5 is inside it"));
 }
 
 TEST_CASE("a press reaches the hook and the control's function, which may delete the control or leave its view") {

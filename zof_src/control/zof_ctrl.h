@@ -101,11 +101,11 @@ s32 zof_ctrl_child_get_scroll(zof_ctrl_t *ctrl);
 s32 zof_ctrl_update_location(zof_ctrl_t *ctrl);
 s32 zof_ctrl_force_refresh(zof_ctrl_t *ctrl);
 
-// Turns the control around (x, y) of its own by an angle in degrees. A quarter turn to either side is drawn one degree
-// further.
+// Rotates the control around its own point (x, y) by an angle in degrees. A quarter turn to either side is drawn one
+// degree further.
 s32 zof_ctrl_rotate_angel(zof_ctrl_t *ctrl, s32 x, s32 y, u16 angle);
 
-// Shift in pixels; zoom, 256 is 100 %, kept within 1 and 32767.
+// Translation in pixels; zoom, 256 is 100 %, clamped to 1..32767.
 s32 zof_ctrl_translate_x(zof_ctrl_t *ctrl, s32 x);
 s32 zof_ctrl_translate_y(zof_ctrl_t *ctrl, s32 y);
 s32 zof_ctrl_zoom_set(zof_ctrl_t *ctrl, u32 zoom);
@@ -117,13 +117,13 @@ s32 zof_ctrl_get_state(zof_ctrl_t *ctrl);
 s32 zof_ctrl_set_child_clip_corner(zof_ctrl_t *ctrl, zof_bool clip);
 s32 zof_ctrl_set_gesture_bubble(zof_ctrl_t *ctrl, zof_bool bubble);
 
-// The direction of the gesture that is being handled (LVGL's), 0 for none. Looks at no object, only for a null handle.
+// Returns the direction of the gesture that is being handled (LVGL's), 0 for none. The handle is only checked for null.
 s32 zof_ctrl_gesture_check(zof_ctrl_t *ctrl);
 
-// Square root with 1/256 steps below 32768 squared; 0, or -1 for a null result.
+// Computes a square root, in steps of 1/256 below 32768 squared. Returns 0, or -1 for a null result.
 s32 zof_square_root(u32 x, lv_sqrt_res_t *result);
 
-// Maps x from one range to another and clamps it to that.
+// Maps x from one range to another and clamps the result.
 s32 zof_map_relation(s32 x, s32 min_in, s32 max_in, s32 min_out, s32 max_out);
 
 // Starts an animation of the object. Returns 0 or -1.

@@ -240,7 +240,7 @@ static void restack(zof_view_node_t *view, para_t *record) {
         parent = created_record(view, record->attr->parent_id);
     }
     if (parent && lies_within(parent->obj, record->obj)) {
-        zof_printf("control %u: its parent %u lies within it", record->id, parent->id);
+        zof_printf("control %u: its parent %u is inside it", record->id, parent->id);
         parent = nullptr;
     }
     if (parent) {

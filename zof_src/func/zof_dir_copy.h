@@ -12,9 +12,10 @@ ZOF_C_BEGIN
 
 // Copies the folder `src` into the folder `dst` under its own name; "a/./" as source copies what is in "a" into `dst`
 // itself. With `remove` an existing folder is replaced whole, except `dst` itself and names that end in a dot; a file
-// in it that could not be copied stays as it was. Without, and in those two cases, files are replaced one by one. `dst`
-// is created if it does not exist. Any thread. Returns 0, whatever happened to the files; -1 for null, or if the source
-// does not exist. Each file is reported to the callback once; a file whose size changes is copied with the size it had.
+// in it that could not be copied stays as it was. Without it, and in those two cases, files are replaced one by one.
+// `dst` is created if it does not exist. Any thread. Returns 0, whatever happened to the files; -1 for null, or if the
+// source does not exist. Each file is reported to the callback once; a file whose size changes is copied with the size
+// it had.
 s32 zof_dir_copyfile(const char *dst, const char *src, zof_bool remove);
 
 // Returns how many files such a copy reports, including folders below. `path` ends with a slash.

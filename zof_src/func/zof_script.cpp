@@ -85,7 +85,7 @@ static step_e cmd_tap() {
     return rested() >= 2 * TAP_MS ? DONE : AGAIN;
 }
 
-// The finger rests at the end before it lifts, so that the widgets have seen it there.
+// The finger rests at the end before it lifts, so that the widgets see it there.
 static step_e cmd_drag() {
     const s64 time = number(5) > 0 ? number(5) : 1;
     const s64 now = elapsed() < time ? elapsed() : time;

@@ -96,7 +96,7 @@ zof_bool zof_host_process_runs(u32 id) {
     return kill((pid_t)id, 0) == 0 || errno == EPERM;
 }
 
-// The kernel's table names the process behind each lock: "1: FLOCK ADVISORY WRITE 4711 08:01:131 0 EOF".
+// The kernel's table names the process that holds each lock: "1: FLOCK ADVISORY WRITE 4711 08:01:131 0 EOF".
 static void holder_find(int fd, char *holder, size_t size) {
     struct stat st;
     FILE *locks = fstat(fd, &st) == 0 ? fopen("/proc/locks", "re") : nullptr;

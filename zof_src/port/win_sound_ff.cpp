@@ -23,7 +23,7 @@ struct sound_run {
 static const char *converter_make(sound_run *r) {
     AVCodecContext *codec = r->media.codec;
     if (codec->sample_rate <= 0 || codec->ch_layout.nb_channels <= 0 || codec->sample_fmt == AV_SAMPLE_FMT_NONE) {
-        return "its samples have no form\n";
+        return "its sample format is invalid\n";
     }
     r->format = codec->sample_fmt;
     r->rate = codec->sample_rate;

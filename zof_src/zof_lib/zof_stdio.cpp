@@ -114,7 +114,7 @@ void zof_mem_end(const char *what) {
 static void *must_have(void *p, size_t n) {
     enum { CHECKED_FROM = 1 << 20 };
     if (!p && n > 0 && n <= CHECKED_FROM) {
-        zof_mem_end("an object of the screen could not be made");
+        zof_mem_end("an object of the screen could not be created");
     }
     return p;
 }
