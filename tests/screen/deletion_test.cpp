@@ -87,7 +87,7 @@ static const call_t calls_made[] = {
     {"scroll_view", [] { zof_ctrl_scroll_view(find(TILE_B), 0); }},
     {"set_size of a scrolled container",
      [] {
-         auto *const then = on_any_event; // is meant for the size
+         auto *const then = on_any_event; // only the size counts
          on_any_event = nullptr;
          zof_ctrl_scroll_set(find(CONT), 250, 250, 0);
          on_any_event = then;

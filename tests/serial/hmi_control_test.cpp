@@ -34,7 +34,7 @@ static bytes command(u8 type, u32 id, const bytes &tail) {
     return join({{0xB2, type, tail[0], 0, 1, 0, (u8)id}, {tail.begin() + 1, tail.end()}});
 }
 
-// Writes, then reads, and the answer comes when the write is done. A mark distinguishes an acknowledgement from none.
+// Writes, then reads; the read is answered when the write is done. A mark shows whether the write was acknowledged.
 static s8 write_ctrl(panel &p, const bytes &payload) {
     acknowledgement() = 77;
     pty_write(p.pty, set(payload));

@@ -1,4 +1,4 @@
-// Animations of a control: the descriptor's numbers handed to LVGL. The descriptor travels as the animation's user
+// Animations of a control: passes the descriptor's numbers to LVGL, and the descriptor itself as the animation's user
 // data.
 #include "control/zof_ctrl_in.h"
 

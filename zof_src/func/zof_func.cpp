@@ -22,8 +22,7 @@ static lv_obj_t *cont;
 static lv_obj_t *label1;
 static lv_style_t style;
 
-// The frame rate: refreshes divided by the time of those runs that made one, so what the panel could do, not what it
-// did.
+// The frame rate: refreshes divided by the time of the runs that made one: what the panel can do, not what it did.
 static u32 time_sum;
 static u32 refr_cnt;
 static u32 last_refr_cnt;
