@@ -18,9 +18,9 @@ extern "C" {
 enum { PNG_FILE_MOST = 64 << 20, PNG_PIXEL_BYTES_MOST = 8 };
 
 // The picture whose size was last asked for: a frame, or the pixels of a PNG. The size is only known once it is
-// decoded, and LVGL asks right before it opens a picture, so the result is kept until then. LVGL also asks when an image
-// gets its source; a PNG is not decoded again while its file has the same bytes. The result is not in LVGL's memory,
-// which is counted, because the picture may never be opened.
+// decoded, and LVGL asks right before it opens a picture, so the result is kept until then. LVGL also asks when an
+// image gets its source; a PNG is not decoded again while its file has the same bytes. The result is not in LVGL's
+// memory, which is counted, because the picture may never be opened.
 static struct {
     AVFrame *frame;
     u8 *pixels;
