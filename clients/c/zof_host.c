@@ -1,24 +1,24 @@
-// Three machines that meet in one structure: the receiver cuts frames out of bytes, the queue holds what is to be sent,
-// and the pace lets one frame out at a time. A frame that is answered stays at the queue's head until it is, so that
-// its own bytes are what an answer is compared with, and what is sent again; nothing is sent behind it. That costs a
-// round trip for each read and buys an order that cannot be mistaken: the panel numbers nothing.
+// Three state machines share one structure: the receiver extracts frames from bytes, the queue holds what is to be
+// sent, and the pace sends one frame at a time. A frame that expects an answer stays at the head of the queue until it
+// is answered: its own bytes are compared with the answer and sent again if needed, and nothing is sent after it. This
+// costs a round trip per read, but keeps the order unambiguous although the protocol has no sequence numbers.
 #include "zof_host.h"
 
 #include <string.h>
 
 enum { IDLE, SENDING, WAITING };
-enum { OWN_NONE, OWN_VIEW, OWN_SYSTEM }; // barriers of the library's own
+enum { OWN_NONE, OWN_VIEW, OWN_SYSTEM }; // internal barriers
 enum { BUFFER_MIN = 16, BUFFER_MAX = 0x7FFF, QUEUE_MORE = 1024, BARRIER_SIZE = 8 };
 enum { SYSTEM_TYPE = 0xB0, VIEW_TYPE = 0xB1, CONTROL_TYPE = 0xB2, POWER_ON = 0x01, TOUCH = 0x04 };
 enum { LONG_FORM = 0x80, SHORT_MAX = 0x7F, CRC_SIZE = 2, READ_CHUNK = 16, GAP_MS = 50, REPORT_FLAGS = 0x70 };
 enum { RESTORE_NONE, RESTORE_ASK, RESTORE_SEND, RESTORE_WAIT };
 
-// Bytes that are no head go out in front of each frame: one, which ends what a disturbed line has left of the last
-// frame, and after a time-out as many as a false head may make the panel wait for.
+// Bytes that are not part of a head are sent before each frame: one, which ends the remains of a previous frame damaged
+// on the line, and after a time-out as many as a false head may make the panel wait for.
 enum { FILL = 1, FILL_FLUSH = 256, FILL_CHUNK = 16, TRIES = 3 };
 
-// A frame in `tx`: one byte of what is known of it, then the frame. Its operation always lies 5 bytes in, whatever its
-// form, so a frame can be laid down before its length is known; the short form leaves one byte in front unused.
+// A record in `tx`: one byte of metadata, then the frame. The operation is always at offset 5, whatever the form, so a
+// frame can be written before its length is known; the short form leaves one byte before it unused.
 enum { META_CODE = 0x0F, META_SHORT = 0x80, OP_AT = 5 };
 
 int zof_host_init(zof_host_t *h) {
@@ -51,18 +51,18 @@ static uint16_t crc_step(uint16_t crc, uint8_t byte) {
     return crc;
 }
 
-// Place in `tx` so many bytes behind another one; both sizes are below 32768, so the sum holds.
+// Returns the index in `tx` that is `behind` bytes after `from`. Both are below 32768, so the sum does not overflow.
 static uint16_t ring(const zof_host_t *h, uint16_t from, uint16_t behind) {
     const uint16_t at = (uint16_t)(from + behind);
     return at >= h->tx_size ? (uint16_t)(at - h->tx_size) : at;
 }
 
-// Place of a byte of the record that is being laid down behind all others.
+// Returns a byte of the record being written after all others.
 static uint8_t *laid(zof_host_t *h, uint16_t behind) {
     return &h->tx[ring(h, ring(h, h->tx_head, h->tx_used), behind)];
 }
 
-// A byte of the frame that is sent or waits for its answer, counted from its head.
+// Returns a byte of the frame that is being sent or waits for its answer, counted from its head.
 static uint8_t current(const zof_host_t *h, uint16_t i) {
     return h->own ? h->own_frame[i] : h->tx[ring(h, h->cur_at, i)];
 }
@@ -144,7 +144,7 @@ static void put_crc(zof_host_t *h) {
     put(h, (uint8_t)crc);
 }
 
-// Lays down what stands in front of the operation and gives the frame to the queue.
+// Writes the bytes before the operation and adds the frame to the queue.
 static int queue(zof_host_t *h) {
     const uint16_t size = h->build;
     const uint8_t gap = size <= SHORT_MAX; // the unused byte of a short form
@@ -173,7 +173,7 @@ int zof_host_end(zof_host_t *h) {
     if (h->build + OP_AT + BARRIER_SIZE > h->limit || (h->build_bad && !h->tx_used)) {
         result = ZOF_HOST_BAD;
     } else if (h->build_code == ZOF_HOST_SYSTEM_TOUCH && h->reports) {
-        result = ZOF_HOST_REFUSED; // their frames and its answer are alike
+        result = ZOF_HOST_REFUSED; // a report looks like its answer
     } else if (!h->build_bad) {
         if (h->build_code == ZOF_HOST_SYSTEM_TOUCH_CONFIG && h->build_op == ZOF_HOST_WRITE) {
             h->reports = last & REPORT_FLAGS;
@@ -196,7 +196,7 @@ uint16_t zof_host_room(const zof_host_t *h) {
     return h && h->ready ? (uint16_t)(h->tx_size - h->tx_used) : 0;
 }
 
-// The oldest frame leaves the queue.
+// Removes the oldest frame from the queue.
 static void pop(zof_host_t *h) {
     const uint16_t size = (uint16_t)(h->cur_size + (h->tx[h->tx_head] & META_SHORT ? 2u : 1u));
     h->tx_head = ring(h, h->tx_head, size);
@@ -219,7 +219,7 @@ static void event_send(zof_host_t *h, uint8_t kind, const uint8_t *touch) {
     }
 }
 
-// The oldest frame has come to its end.
+// Reports the end of the oldest frame.
 static void report(zof_host_t *h, int8_t result, const uint8_t *data, uint16_t size) {
     zof_host_reply_t reply = {h->first, result, 0, 0, 0, 0, data, size};
     const uint16_t count = h->tx[h->tx_head] & META_CODE;
@@ -242,7 +242,7 @@ static void report(zof_host_t *h, int8_t result, const uint8_t *data, uint16_t s
 // Receiver
 enum { RX_NOISE, RX_PART, RX_FRAME };
 
-// What stands at the start of `rx`; for a frame, where its operation is and what the length field says.
+// Returns what is at the start of `rx`; for a frame, also the offset of its operation and its length field.
 static uint8_t rx_look(const zof_host_t *h, uint16_t *head, uint16_t *len) {
     const uint8_t *b = h->rx;
     if (b[0] != h->head_fh || (h->rx_have > 1 && b[1] != h->head_fl)) {
@@ -264,7 +264,7 @@ static uint8_t rx_look(const zof_host_t *h, uint16_t *head, uint16_t *len) {
     }
     uint16_t crc = 0;
     for (uint16_t i = 0; h->crc && i < *len; i++) {
-        crc = crc_step(crc, b[*head + i]); // over its own two bytes it comes to 0
+        crc = crc_step(crc, b[*head + i]); // including its own two bytes it is 0
     }
     return crc ? RX_NOISE : RX_FRAME;
 }
@@ -274,7 +274,7 @@ static void rx_drop(zof_host_t *h, uint16_t size) {
     memmove(h->rx, h->rx + size, h->rx_have);
 }
 
-// Up to the next byte that may begin a frame.
+// Skips to the next byte that may begin a frame.
 static void rx_drop_noise(zof_host_t *h) {
     uint16_t size = 1;
     while (size < h->rx_have && h->rx[size] != h->head_fh) {
@@ -284,7 +284,7 @@ static void rx_drop_noise(zof_host_t *h) {
     rx_drop(h, size);
 }
 
-// Bytes of the answer that repeat the open request; 0 when this frame is not its answer.
+// Returns how many bytes of the frame repeat the pending request; 0 if the frame is not its answer.
 static uint16_t echo_of(const zof_host_t *h, uint8_t op, const uint8_t *payload, uint16_t size) {
     if (h->state != WAITING || op != current_op(h)) {
         return 0;
@@ -305,14 +305,14 @@ static uint8_t is_system(const zof_host_t *h) {
     return current_payload(h, 0) == SYSTEM_TYPE;
 }
 
-// Answers to the same bytes may still be on their way. A barrier of another row, in the same queue, comes behind them
-// all; if it is not answered either, its time-out is the time to wait.
+// More answers to the same request may still arrive. A barrier of another row in the same queue is answered after all
+// of them; if it is not answered either, its time-out is the time to wait.
 static void late_ones_pass(zof_host_t *h, uint8_t system) {
     h->own = system ? OWN_SYSTEM : OWN_VIEW;
     h->once = 1;
 }
 
-// The open request ends; what was sent more than once may be answered more than once.
+// Ends the pending request. A request sent more than once may be answered more than once.
 static void request_end(zof_host_t *h, int8_t result, const uint8_t *data, uint16_t size) {
     const uint8_t system = is_system(h), late = h->tried || result == ZOF_HOST_TIMEOUT;
     h->tried = 0;
@@ -331,7 +331,7 @@ static void answered(zof_host_t *h, uint8_t op, const uint8_t *data, uint16_t si
     const uint8_t own = h->own;
     h->state = IDLE;
     if (!is_system(h)) {
-        h->in_flight = 0; // it stood behind them all
+        h->in_flight = 0; // everything sent before it has been executed
     }
     if (!own) {
         request_end(h, op == ZOF_HOST_WRITE && data[0] ? ZOF_HOST_NO : ZOF_HOST_DONE, data, size);
@@ -344,7 +344,7 @@ static void answered(zof_host_t *h, uint8_t op, const uint8_t *data, uint16_t si
     }
 }
 
-// A read is sent again while it has tries left; everything else ends.
+// Sends a read again while it has tries left; ends everything else.
 static void unanswered(zof_host_t *h) {
     const uint8_t tries = h->tries ? h->tries : (uint8_t)TRIES;
     h->state = IDLE;
@@ -355,7 +355,7 @@ static void unanswered(zof_host_t *h) {
     request_end(h, ZOF_HOST_TIMEOUT, 0, 0);
 }
 
-// What was open has gone with the panel's last life.
+// The restart has discarded the pending request.
 static void powered_on(zof_host_t *h) {
     h->in_flight = 0;
     if (h->state == WAITING && h->own) {
@@ -363,7 +363,7 @@ static void powered_on(zof_host_t *h) {
         h->state = IDLE;
     } else if (h->state == WAITING) {
         unanswered(h);
-        own_ends(h); // nothing is late
+        own_ends(h); // no late answers can arrive
     } else if (h->state == IDLE) {
         own_ends(h);
     }
@@ -387,7 +387,7 @@ static void rx_frame(zof_host_t *h, uint8_t op, const uint8_t *payload, uint16_t
     }
 }
 
-// Takes all frames and noise from the start of `rx`; what is left is the beginning of a frame.
+// Removes all frames and noise from the start of `rx`; the rest is the beginning of a frame.
 static void rx_run(zof_host_t *h) {
     uint16_t head = 0, len = 0;
     while (h->rx_have) {
@@ -411,12 +411,12 @@ void zof_host_feed(zof_host_t *h, const uint8_t *bytes, uint16_t size, uint32_t 
     h->now = now_ms;
     for (uint16_t i = 0; i < size; i++) {
         h->rx_at = now_ms;
-        h->rx[h->rx_have++] = bytes[i]; // there is room: what cannot fit was passed over as noise
+        h->rx[h->rx_have++] = bytes[i]; // there is room: frames that cannot fit were skipped as noise
         rx_run(h);
     }
 }
 
-// At most one buffer's worth, so that a line that never falls silent cannot hold the caller.
+// Reads at most one buffer, so a line that is never silent cannot block the caller.
 static void rx_fetch(zof_host_t *h) {
     uint8_t chunk[READ_CHUNK];
     for (uint16_t have = 0; h->read && have < h->rx_size; have = (uint16_t)(have + READ_CHUNK)) {
@@ -479,12 +479,12 @@ static void sent_all(zof_host_t *h) {
     if (!h->own && current_op(h) != ZOF_HOST_READ && !(system && h->acks)) {
         pop(h);
         h->state = IDLE;
-        // The panel carries out a `system` write, which may take as long as a picture, before it takes more in.
+        // The panel executes a `system` write, which may take as long as drawing a frame, before it receives more.
         h->own = system ? OWN_SYSTEM : OWN_NONE;
     }
 }
 
-// False when the line takes no more now.
+// Returns false when the line accepts no more now.
 static uint8_t push_fill(zof_host_t *h) {
     uint8_t none[FILL_CHUNK], byte = 0;
     while (byte == h->head_fh || byte == h->head_fl) {
@@ -535,8 +535,8 @@ static void over_time(zof_host_t *h) {
     }
 }
 
-// After a restart the user's function queues what the panel has forgotten, behind all that was queued before: it knows
-// newer values. When that has been executed, it is reported.
+// After a restart the user's function queues the state to restore, after everything queued before, because it knows
+// newer values. ZOF_HOST_RESTORED is sent when that has been executed.
 static void restore_step(zof_host_t *h) {
     if (h->restore == RESTORE_ASK) {
         h->inside = 1;
@@ -554,14 +554,14 @@ int zof_host_poll(zof_host_t *h, uint32_t now_ms) {
     }
     h->now = now_ms;
     rx_fetch(h);
-    while (h->rx_have && h->now - h->rx_at >= GAP_MS) { // the beginning of a frame that never ended
+    while (h->rx_have && h->now - h->rx_at >= GAP_MS) { // an incomplete frame that was not continued
         rx_drop_noise(h);
         rx_run(h);
     }
     if (h->state == WAITING && h->now - h->since >= h->wait) {
         over_time(h);
     }
-    // All that may go out, one frame behind the other, up to the first that is answered.
+    // Sends the queued frames one by one, up to the first that expects an answer.
     for (;;) {
         if (h->state == IDLE && !h->own && !h->tx_used) {
             restore_step(h);

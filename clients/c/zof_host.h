@@ -1,12 +1,12 @@
-// A host of the panel's serial protocol for firmware: it queues frames, waits for answers, asks again where one is
-// missing, tells events from answers, and restores the panel's state after a restart. No allocation, no waiting, no
-// clock and no line of its own: the user supplies buffers, two functions, and the time. C99, and C++ as it stands.
-// README.md beside this file shows how to begin.
+// A host of the panel's serial protocol for firmware. It queues frames, waits for answers, repeats reads that are not
+// answered, separates events from answers, and restores the panel's state after a restart. It does not allocate, never
+// blocks, and has no clock or line of its own: the user supplies buffers, two functions, and the time. C99 and C++.
+// README.md beside this file shows how to start.
 //
-// Everything here is called from ONE context, as a rule the main loop. An interrupt only fills or empties the user's
-// own ring of bytes, which the `read` and `write` functions use; nothing here is called from an interrupt. All
-// functions are safe with a null `host`. Callbacks come from within zof_host_feed and zof_host_poll only; they may
-// queue frames, and a feed or poll called from within one does nothing.
+// Call everything here from ONE context, usually the main loop. An interrupt only fills or empties the user's own ring
+// of bytes, which the `read` and `write` functions use; call nothing here from an interrupt. All functions accept a
+// null `host`. Callbacks run within zof_host_feed and zof_host_poll only. They may queue frames; a feed or poll called
+// from within a callback does nothing.
 #ifndef ZOF_HOST_CLIENT_H
 #define ZOF_HOST_CLIENT_H
 
@@ -19,37 +19,37 @@ extern "C" {
 // Operations of a frame.
 enum { ZOF_HOST_READ = 0x11, ZOF_HOST_WRITE = 0x22 };
 
-// Results. ZOF_HOST_FULL to ZOF_HOST_REFUSED come from the calls that queue a frame: then nothing was queued and
-// nothing will be sent. The others say how a request ended.
+// Results. The calls that queue a frame return ZOF_HOST_FULL to ZOF_HOST_REFUSED when nothing was queued and nothing
+// will be sent. The others say how a request ended.
 enum {
     ZOF_HOST_FULL = -1,    // no room in `tx` now: poll, and try again
-    ZOF_HOST_BAD = -2,     // never fits: into `tx`, or into the panel's queue; or null, or not initialised
-    ZOF_HOST_REFUSED = -3, // a read of `system.touch` while touches are reported: an event could pass for its answer
-    ZOF_HOST_TIMEOUT = -4, // no answer to any of its tries: refused, lost, or the panel is off
+    ZOF_HOST_BAD = -2,     // too large for `tx` or for the panel's queue, a null host, or a host not initialised
+    ZOF_HOST_REFUSED = -3, // a read of `system.touch` with touch reports on: a report would look like its answer
+    ZOF_HOST_TIMEOUT = -4, // no answer to any try: refused, lost, or the panel is off
     ZOF_HOST_DONE = 0,     // answered: `data` are the value fields
-    ZOF_HOST_NO = 1        // only with `acks`: the panel has refused a write of a `system` row
+    ZOF_HOST_NO = 1        // only with `acks`: the panel refused a write of a `system` row
 };
 
-// What the panel reports unasked, and what the library has to report.
+// Events: unsolicited reports of the panel, and reports of the library.
 enum {
-    ZOF_HOST_POWER_ON = 1, // the panel has started: it shows its start view, and what it was sent before is gone
+    ZOF_HOST_POWER_ON = 1, // the panel has started: it shows its start view, and all earlier writes are lost
     ZOF_HOST_TOUCH = 2,    // `state`, `x` and `y` are set
-    ZOF_HOST_SILENT = 3,   // a barrier of the library's own was not answered in time; it is sent again until it is
-    ZOF_HOST_RESTORED = 4  // all that `on_restart` has queued has been executed
+    ZOF_HOST_SILENT = 3,   // an internal barrier was not answered in time; it is repeated until it is
+    ZOF_HOST_RESTORED = 4  // everything that `on_restart` queued has been executed
 };
 
 typedef struct zof_host zof_host_t;
 
-// The end of one request. Lives until the callback returns, as do `data` and texts from it.
+// The end of one request. Valid until the callback returns, as are `data` and texts from it.
 typedef struct {
-    int request;         // what the call that queued it has returned
+    int request;         // the number returned by the call that queued it
     int8_t result;       // ZOF_HOST_DONE, ZOF_HOST_NO, ZOF_HOST_TIMEOUT
     uint8_t bad;         // set by a reader below that finds fewer bytes than it needs
     uint32_t code;       // ZOF_HOST_<ROW>
-    uint16_t view;       // of control rows: ids of the control that was asked
+    uint16_t view;       // ids of the control, for control rows
     uint16_t control;    //
     const uint8_t *data; // value fields not read yet
-    uint16_t size;       // bytes of them
+    uint16_t size;       // their size in bytes
 } zof_host_reply_t;
 
 typedef struct {
@@ -58,40 +58,41 @@ typedef struct {
     uint16_t x, y; // of a touch: pixels
 } zof_host_event_t;
 
-// A host. The first part is the user's, set before zof_host_init and kept while it is in use; the second is the
-// library's. Buffers stay the user's and must outlive the host.
+// A host. The first part belongs to the user, who sets it before zof_host_init and leaves it unchanged while the host
+// is in use. The second part belongs to the library. The user owns the buffers, which must outlive the host.
 struct zof_host {
     uint8_t head_fh, head_fl; // as in the panel's zofhmi.g; they differ
     uint8_t crc;              // its `crc_en`: 0 or 1
     uint8_t acks;             // its `resend_en`: 1 waits for the acknowledgement of each write of a `system` row
-    uint8_t tries;            // how often a read is sent before it ends with ZOF_HOST_TIMEOUT, 1 to 255; 0: three times
-    uint16_t buffsize;        // its `buffsize`: bytes of the panel's queue, less 1024
-    uint16_t timeout_ms; // for an answer to each try, from the end of it; more than the panel's longest pause (1000)
-    uint16_t byte_us;    // microseconds of one byte on the line, 87 at 115200 baud; 0 when `write` returns only
-                         // when its bytes are out, or for a pipe
-    uint8_t *rx;         // MANDATORY, for the largest answer: 10 bytes and its address and value fields
-    uint16_t rx_size;    // 16 to 32767; larger frames are passed over as noise
-    uint8_t *tx;         // MANDATORY, the queue of frames: each takes its bytes and 1 or 2 more
+    uint8_t tries;            // number of tries of a read before ZOF_HOST_TIMEOUT, 1 to 255; 0: three
+    uint16_t buffsize;        // its `buffsize`: size of the panel's queue in bytes, less 1024
+    uint16_t timeout_ms; // for the answer to each try, from its last byte; more than the panel's longest pause (1000)
+    uint16_t byte_us;    // microseconds per byte on the line, 87 at 115200 baud; 0 for a pipe, or if `write` returns
+                         // only after its bytes are sent
+    uint8_t *rx;         // MANDATORY, for the largest answer: 10 bytes plus its address and value fields
+    uint16_t rx_size;    // 16 to 32767; larger frames are skipped as noise
+    uint8_t *tx;         // MANDATORY, the queue of frames: each takes its own size plus 1 or 2 bytes
     uint16_t tx_size;    // 16 to 32767
-    void *user;          // for the functions below; not looked at
+    void *user;          // passed to the functions below; not used by the library
 
-    // MANDATORY. Sends what it can at once, without waiting: returns how many bytes it has taken, 0 to `size`.
+    // MANDATORY. Writes as many bytes as possible without waiting and returns how many, 0 to `size`.
     uint16_t (*write)(void *user, const uint8_t *bytes, uint16_t size);
-    // OPTIONAL. Takes what has come in, without waiting: returns how many bytes it has laid at `bytes`, 0 to `size`.
-    // Without it the user calls zof_host_feed.
+    // OPTIONAL. Stores received bytes at `bytes` without waiting and returns how many, 0 to `size`. Without it the user
+    // calls zof_host_feed.
     uint16_t (*read)(void *user, uint8_t *bytes, uint16_t size);
-    // OPTIONAL. The end of each read, and with `acks` of each write of a `system` row, in the order they were queued.
+    // OPTIONAL. Called at the end of each read, and with `acks` of each write of a `system` row, in the order they were
+    // queued.
     void (*on_reply)(zof_host_t *host, zof_host_reply_t *reply);
-    // OPTIONAL. Power-on and touches, whenever they come.
+    // OPTIONAL. Called for power-on, touches and the library's reports when they occur.
     void (*on_event)(zof_host_t *host, const zof_host_event_t *event);
-    // OPTIONAL. Queues what a panel that has just started must be set to. Called with an empty queue, after all that
-    // was queued before has been sent: with `step` 0, then 1, 2 ... while it returns 1 because `tx` had no room for the
-    // rest. ZOF_HOST_RESTORED follows when all of it has been executed.
+    // OPTIONAL. Queues the state that a restarted panel must be set to. Called with an empty queue, after everything
+    // queued before has been sent: with `step` 0, then 1, 2 ... as long as it returns 1 because `tx` had no room for
+    // the rest. ZOF_HOST_RESTORED follows when all of it has been executed.
     uint8_t (*on_restart)(zof_host_t *host, uint8_t step);
 
-    // The library's own. Counters may be read; they wrap.
-    uint16_t noise; // bytes passed over while looking for a frame
-    uint16_t late;  // frames that answered nothing that was open
+    // Private to the library. Counters may be read; they wrap.
+    uint16_t noise; // bytes skipped while looking for a frame
+    uint16_t late;  // frames that answered no pending request
 
     uint16_t rx_have, tx_head, tx_used, build, cur_at, cur_size, line_size, sent, in_flight, limit, fill;
     int next, first;
@@ -100,38 +101,39 @@ struct zof_host {
     uint8_t own_frame[10];
 };
 
-// Checks the settings and forgets all that was queued or open. ZOF_HOST_DONE; ZOF_HOST_BAD without a buffer or `write`,
-// for sizes out of range and for equal head bytes: then every other call does nothing.
+// Checks the settings and discards everything queued or pending. Returns ZOF_HOST_DONE, or ZOF_HOST_BAD without a
+// buffer or `write`, for sizes out of range and for equal head bytes; every other call then does nothing.
 int zof_host_init(zof_host_t *host);
 
-// Hands in bytes as they came from the line, any number, cut anywhere. `now_ms`: the user's milliseconds, any start,
-// wrapping at 32 bits. Answers and events that are complete are given from within.
+// Passes received bytes to the library, any number, split anywhere. `now_ms` is the user's time in milliseconds; it may
+// start anywhere and wraps at 32 bits. Complete answers and events are delivered before it returns.
 void zof_host_feed(zof_host_t *host, const uint8_t *bytes, uint16_t size, uint32_t now_ms);
 
-// The library's turn: fetches bytes if there is a `read`, ends what is over time, sends what may be sent. Call it every
-// few milliseconds; it never waits. 1 while something is queued or open, else 0.
+// Runs the library: calls `read` if there is one, ends requests that have timed out, sends what may be sent. Call it
+// every few milliseconds; it never waits. Returns 1 while something is queued or pending, otherwise 0.
 int zof_host_poll(zof_host_t *host, uint32_t now_ms);
 
-// Queues a read of `view.size`, which stands in the panel's queue behind all view and control commands sent before: its
-// answer says that they have been executed. A request number, or ZOF_HOST_FULL, ZOF_HOST_BAD.
+// Queues a read of `view.size`, which waits in the panel's queue after all view and control commands sent before: its
+// answer says that they have been executed. Returns a request number, or ZOF_HOST_FULL or ZOF_HOST_BAD.
 int zof_host_barrier(zof_host_t *host);
 
 // The same for `system` rows, by a read of `system.standby_state`.
 int zof_host_barrier_system(zof_host_t *host);
 
-// Bytes of `tx` that are free.
+// Returns the free space in `tx` in bytes.
 uint16_t zof_host_room(const zof_host_t *host);
 
-// Value fields of an answer, one after the other in the order of the row; signed fields are cast, as in
-// (int16_t)zof_host_reply_u16(reply). Where bytes are missing they give 0 or "" and set `bad`. A text ends with a zero.
+// Return the value fields of an answer one by one, in the order of the row. Cast signed fields, as in
+// (int16_t)zof_host_reply_u16(reply). If bytes are missing they return 0 or "" and set `bad`. A text ends with a zero.
 uint8_t zof_host_reply_u8(zof_host_reply_t *reply);
 uint16_t zof_host_reply_u16(zof_host_reply_t *reply);
 uint32_t zof_host_reply_u32(zof_host_reply_t *reply);
 const char *zof_host_reply_text(zof_host_reply_t *reply);
 
-// What the calls of the rows below are made of: begin, fields in the order of the row, end. `code` is a ZOF_HOST_<ROW>:
-// the count of code bytes on top, then the bytes. Numbers go out big-endian; a null text is an empty one. The text is
-// copied. End gives the request number, 1 to 32767 and round again, or ZOF_HOST_FULL, ZOF_HOST_BAD, ZOF_HOST_REFUSED.
+// The steps of the row calls below: begin, put the fields in the order of the row, end. `code` is a ZOF_HOST_<ROW>: the
+// number of code bytes in the top byte, then the bytes. Numbers are sent big-endian; a null text is sent as an empty
+// one. The text is copied. End returns the request number, which wraps from 32767 to 1, or ZOF_HOST_FULL, ZOF_HOST_BAD,
+// ZOF_HOST_REFUSED.
 void zof_host_begin(zof_host_t *host, uint8_t operation, uint32_t code);
 void zof_host_put_u8(zof_host_t *host, uint8_t value);
 void zof_host_put_u16(zof_host_t *host, uint16_t value);
@@ -139,8 +141,8 @@ void zof_host_put_u32(zof_host_t *host, uint32_t value);
 void zof_host_put_text(zof_host_t *host, const char *text);
 int zof_host_end(zof_host_t *host);
 
-// One call for each operation of each row, as the protocol's reference tells them: zof_host_get_<row> queues a read,
-// zof_host_set_<row> a write. Results as zof_host_end.
+// One call for each operation of each row, as listed in docs/protocol.md: zof_host_get_<row> queues a read,
+// zof_host_set_<row> a write. They return what zof_host_end returns.
 // rows: begin
 
 // The device itself.

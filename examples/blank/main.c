@@ -3,7 +3,7 @@
 
 #include "ids.h"
 
-/* What happens at the button; also at presses, releases and long presses (zof_event_e). */
+/* Events of the button: clicks, presses, releases, long presses (zof_event_e). */
 static void button_event(zof_ctrl_t *button, zof_event_e event) {
     static int clicks;
     char text[32];
@@ -15,7 +15,7 @@ static void button_event(zof_ctrl_t *button, zof_event_e event) {
     zof_label_set_txt(zof_ctrl_get_form_id(1, VIEW1_COUNT_ID), text);
 }
 
-/* The view: which control has which event, and what is done when it is made, shown and left. */
+/* The view: the event functions of its controls, and what runs when it is created, shown and left. */
 static const zof_ctrl_fun_t events[] = {{VIEW1_BUTTON_ID, button_event}};
 static void made(void) {
     zof_view_create(1, events, sizeof(events) / sizeof(events[0]));

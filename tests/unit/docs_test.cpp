@@ -1,4 +1,4 @@
-// The page about project folders: it names every key, its example works, and its messages are the real ones.
+// The manual of project folders: it names every key, its example works, and its messages are the real ones.
 #include <sstream>
 
 #include "project/zof_j2s.h"
@@ -9,7 +9,7 @@ static const std::string &page() {
     return text;
 }
 
-// From a heading to the next one of any depth; empty without such a heading.
+// The text from a heading to the next heading of any depth; empty without such a heading.
 static std::string section(const std::string &heading) {
     size_t at = page().find("\n### " + heading + "\n");
     return at == std::string::npos ? "" : page().substr(at, page().find("\n#", at + 1) - at);
@@ -18,7 +18,7 @@ static std::string section(const std::string &heading) {
 static void keys_check(const reflect_item_t *table, const std::string &text) {
     for (; table->key; table++) {
         CAPTURE(table->key);
-        if (table->table == zof_pub_attr_t_tbl || table->key[0] == '0') { // in its own section; elements of arrays
+        if (table->table == zof_pub_attr_t_tbl || table->key[0] == '0') { // has its own section; elements of arrays
             continue;
         }
         CHECK(contains(text, std::string("`") + table->key + "`"));
@@ -28,7 +28,7 @@ static void keys_check(const reflect_item_t *table, const std::string &text) {
     }
 }
 
-TEST_CASE("the page about projects names every key") {
+TEST_CASE("the manual of projects names every key") {
     keys_check(zof_prj_attr_t_tbl, section("zofprj.g"));
     keys_check(zof_hmi_attr_t_tbl, section("zofhmi.g"));
     keys_check(zof_view_attr_t_tbl, section("view"));
@@ -43,7 +43,7 @@ TEST_CASE("the page about projects names every key") {
     }
 }
 
-// The example's files, by their place in the project.
+// The files of the example, with their paths in the project.
 static std::vector<std::pair<std::string, std::string>> example() {
     std::vector<std::pair<std::string, std::string>> files;
     const std::string fence = "```json ";
@@ -58,18 +58,18 @@ static std::vector<std::pair<std::string, std::string>> example() {
 struct mistake_t {
     const char *what;      // as in the page's table
     const char *file;      // of the example
-    const char *from, *to; // the text in it that is replaced; null: the file is not there
+    const char *from, *to; // the text to replace and its replacement; null: the file is removed
 };
 
 static const char project_g[] = "config/project/zofprj.g", view_g[] = "config/view/main.g";
 
 static const mistake_t mistakes[] = {
     {"no project file", project_g, nullptr, nullptr},
-    {"a comma too few in the project file", project_g, "320,", "320"},
+    {"a missing comma in the project file", project_g, "320,", "320"},
     {"the start page is not in `views`", project_g, "\"start_page\": 1", "\"start_page\": 7"},
-    {"an entry of `views` without its file", project_g, ", \"pageName\": \"main.g\"", ""},
-    {"no view file of that name", view_g, nullptr, nullptr},
-    {"a comma too few in the view file", view_g, "\"v_name\": \"main\",", "\"v_name\": \"main\""},
+    {"an entry of `views` without `pageName`", project_g, ", \"pageName\": \"main.g\"", ""},
+    {"the view file does not exist", view_g, nullptr, nullptr},
+    {"a missing comma in the view file", view_g, "\"v_name\": \"main\",", "\"v_name\": \"main\""},
     {"`v_id` is not the view's id", view_g, "\"v_id\": 1", "\"v_id\": 2"},
     {"no `controls`", view_g, "\"controls\"", "\"control\""},
     {"a control type that does not exist", view_g, "\"type\": 1", "\"type\": 31"},
@@ -77,13 +77,13 @@ static const mistake_t mistakes[] = {
     {"a control without `id`", view_g, "\"id\": 1", "\"no\": 1"},
     {"a control without `theme`", view_g, "\"theme\": \"night\", ", ""},
     {"a bar whose ends are equal", view_g, "\"type\": 1,", "\"type\": 6,"},
-    {"a picture that is not there", view_g, "\"type\": 1, \"theme\": \"night\", \"property\": {",
+    {"a picture that does not exist", view_g, "\"type\": 1, \"theme\": \"night\", \"property\": {",
      "\"type\": 3, \"theme\": \"night\", \"property\": {\"img_rel\": \"none.png\","},
-    {"a font that is not there", view_g, "\"txt_t\": {", "\"txt_t\": {\"font_lib\": \"none.ttf\", "},
+    {"a font that does not exist", view_g, "\"txt_t\": {", "\"txt_t\": {\"font_lib\": \"none.ttf\", "},
     {"no file of the language", "config/languages/en.g", nullptr, nullptr},
 };
 
-// Starts the example in a folder of its own, as a program does; what was printed.
+// Starts the example in a folder of its own, as a program does; returns its output.
 static std::string example_run(const mistake_t &mistake) {
     temp_project_t project;
     for (auto [name, text] : example()) {
@@ -108,7 +108,7 @@ static std::string example_run(const mistake_t &mistake) {
     });
 }
 
-TEST_CASE("the example of the page about projects works as it stands") {
+TEST_CASE("the example in the manual of projects works as printed") {
     REQUIRE(example().size() == 4);
     screen_open(320, 240);
     ctrl_funs = {{2, on_event}};
@@ -118,7 +118,7 @@ TEST_CASE("the example of the page about projects works as it stands") {
     CHECK(contains(taken(events), " 2:7"));
 }
 
-TEST_CASE("the messages of the page about projects are the real ones") {
+TEST_CASE("the messages in the manual of projects are the real ones") {
     screen_open(320, 240);
     for (const mistake_t &mistake : mistakes) {
         std::string row = std::string("| ") + mistake.what + " | ";

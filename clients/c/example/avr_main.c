@@ -1,6 +1,5 @@
-// The same for an ATmega328P: the voltage at pin ADC0 on label 5 of view 1, and an LED (PB5) that shines while the
-// panel is touched. 115200 baud at 16 MHz. The interrupt fills a ring of bytes; the library runs in the main loop
-// alone.
+// An example for an ATmega328P: shows the voltage at pin ADC0 on label 5 of view 1, and lights an LED (PB5) while the
+// panel is touched. 115200 baud at 16 MHz. The interrupt fills a ring of bytes; the library runs in the main loop only.
 #define F_CPU 16000000ul
 #include <avr/interrupt.h>
 #include <avr/io.h>
@@ -21,7 +20,7 @@ ISR(TIMER0_COMPA_vect) {
 }
 
 static uint32_t now_ms(void) {
-    cli(); // four bytes must not change while they are read
+    cli(); // the four bytes must be read atomically
     const uint32_t now = ticks;
     sei();
     return now;

@@ -1,7 +1,7 @@
-// Shows a value that changes on a label of a running panel, and prints touches.   usage: host PORT VIEW CONTROL [COUNT]
-// PORT is the other end of the panel's line: its cable, or one of a pair of pseudo-terminals. Its zofhmi.g is taken to
-// say head_fh 90, head_fl 165 and no CRC, as the bench panel's does. With COUNT it ends after so many values were read
-// back as shown.
+// Shows a changing value on a label of a running panel, and prints touches.   usage: host PORT VIEW CONTROL [COUNT]
+// PORT is the other end of the panel's line: its cable, or one of a pair of pseudo-terminals. The panel's zofhmi.g must
+// have head_fh 90, head_fl 165 and no CRC, like that of the bench panel. With COUNT it exits after COUNT values were
+// read back correctly.
 #define _DEFAULT_SOURCE
 #include <errno.h>
 #include <fcntl.h>
@@ -17,7 +17,7 @@
 
 static int line;      // file descriptor
 static char text[32]; // what the label should show
-static int shown;     // values read back as they were written
+static int shown;     // values read back as written
 
 static uint16_t line_write(void *user, const uint8_t *bytes, uint16_t size) {
     const ssize_t n = write(*(int *)user, bytes, size);
@@ -44,7 +44,7 @@ static void on_event(zof_host_t *host, const zof_host_event_t *event) {
     if (event->kind == ZOF_HOST_TOUCH) {
         printf("%s at %u, %u\n", event->state ? "pressed" : "released", event->x, event->y);
     } else if (event->kind == ZOF_HOST_RESTORED) {
-        printf("the panel has restarted and is set again\n");
+        printf("the panel has restarted and its state is restored\n");
     }
     (void)host;
 }
@@ -61,7 +61,8 @@ static uint32_t now_ms(void) {
     return (uint32_t)((uint64_t)t.tv_sec * 1000 + (uint64_t)t.tv_nsec / 1000000);
 }
 
-// The line, which no other program may use meanwhile: two hosts would take each other's answers. Null, or why not.
+// Opens the line for exclusive use, because two hosts would take each other's answers. Returns null, or the reason of a
+// failure.
 static const char *line_open(const char *port) {
     struct termios t;
     line = open(port, O_RDWR | O_NOCTTY | O_NONBLOCK);
@@ -70,10 +71,10 @@ static const char *line_open(const char *port) {
                                : strerror(errno);
     }
     if (flock(line, LOCK_EX | LOCK_NB) != 0) {
-        return "another program has it";
+        return "in use by another program";
     }
     if (tcgetattr(line, &t) != 0) {
-        return errno == ENOTTY ? "it is no serial line" : strerror(errno);
+        return errno == ENOTTY ? "not a serial line" : strerror(errno);
     }
     cfmakeraw(&t);
     cfsetspeed(&t, B921600);
@@ -102,9 +103,9 @@ int main(int argc, char **argv) {
     host.on_reply = on_reply, host.on_event = on_event, host.on_restart = on_restart;
     zof_host_init(&host);
     setvbuf(stdout, NULL, _IOLBF, 0);
-    on_restart(&host, 0); // it may have been running for long
+    on_restart(&host, 0); // the panel may have been running for a long time
     for (int value = 0; count == 0 || shown < count; usleep(1000)) {
-        if (!zof_host_poll(&host, now_ms())) { // all is sent and answered
+        if (!zof_host_poll(&host, now_ms())) { // everything is sent and answered
             snprintf(text, sizeof(text), "%d.%02d V", value / 100, value % 100);
             value++;
             zof_host_set_label_text(&host, view, control, text);

@@ -1,4 +1,4 @@
-"""Reads and sets everything a panel shows, over its serial line. See README.md."""
+"""Reads and sets every view and control of a panel over its serial line. See README.md."""
 from . import rows
 from .errors import LineLost, NoAnswer, NotTaken, PanelError, Refused, UnknownName, Unsure, WrongArgument
 from .line import Settings, Stream

@@ -16,7 +16,7 @@ from .project import Project
 from .row import Field, Plain, Row
 
 REPORT_PRESS_RELEASE = 0x30
-WAIT_S = 0.5  # between two looks for a port or a panel
+WAIT_S = 0.5  # between two attempts to reach a port or a panel
 
 
 def number(text: str) -> int:
@@ -46,7 +46,7 @@ def list_rows(pattern: str, project: Project | None) -> None:
 
 
 def value_of(field: Field, text: str, project: Project | None) -> Plain:
-    """A field from its word; views go by name too."""
+    """Parses a field; views may be given by name."""
     name, kind = field
     if kind == "text":
         return text
@@ -59,7 +59,7 @@ def value_of(field: Field, text: str, project: Project | None) -> Plain:
 
 
 class Asked:
-    """A row with what stands behind it on the command line."""
+    """A row with its arguments from the command line."""
 
     def __init__(self, args: argparse.Namespace, project: Project | None, with_value: bool) -> None:
         found = ROWS.get(args.row)
@@ -69,7 +69,7 @@ class Asked:
         given = list(args.words)
         wanted = (1 if found.address else 0) + len(found.request) + (len(found.value) if with_value else 0)
         if len(given) != wanted:
-            raise SystemExit(f"{found.name} wants: {'VIEW/CONTROL ' if found.address else ''}"
+            raise SystemExit(f"{found.name} takes: {'VIEW/CONTROL ' if found.address else ''}"
                              f"{fields_text(found.request + (found.value if with_value else ()))}")
         self.view: int | str | None = None
         self.control: int | str | None = None
@@ -108,7 +108,7 @@ def event_words(event: Event) -> str:
 
 
 def reports_on(panel: Panel) -> int:
-    """Asks for touches, as soon as the panel answers. Returns the flags that it had before."""
+    """Enables touch reports as soon as the panel answers. Returns the previous flags."""
     while True:
         try:
             flags = panel.read(rows.SYSTEM_TOUCH_CONFIG)
@@ -119,8 +119,8 @@ def reports_on(panel: Panel) -> int:
 
 
 def watch(panel: Panel, asked: Asked | None, every_s: float) -> None:
-    """Touches as they come, a value when it changes; waits for a panel that is off. Reports are switched off again at
-    the end."""
+    """Prints touches, and a value when it changes; waits for a panel that is off. Restores the touch flags at the
+    end."""
     flags = reports_on(panel)
     try:
         last: Any = None
@@ -138,7 +138,7 @@ def watch(panel: Panel, asked: Asked | None, every_s: float) -> None:
 
 
 def value_shown(panel: Panel, asked: Asked, last: Any) -> Any:
-    """Reads the row, and prints it when it has changed; a panel that is off or restarts has no value."""
+    """Reads the row and prints it if it has changed. Keeps the last value if the panel is off or restarting."""
     try:
         now = asked.read(panel)
     except (NoAnswer, LineLost):
@@ -149,7 +149,7 @@ def value_shown(panel: Panel, asked: Asked, last: Any) -> Any:
 
 
 def opened(args: argparse.Namespace, project: Project | None, trace: Any) -> Panel:
-    """The panel; `watch` and `monitor` wait for its port."""
+    """Opens the panel; `watch` and `monitor` wait for its port."""
     waits = args.command in ("watch", "monitor")
     reported = False
     while True:
@@ -170,29 +170,29 @@ def show_frame(at: float, from_panel: bool, found: Found) -> None:
 
 
 def arguments() -> argparse.ArgumentParser:
-    parser = argparse.ArgumentParser(prog="zof_host", description="Reads and sets what a panel shows, over its serial "
-                                     "line. Exit status: 0 done, 1 the panel did not, 2 wrong arguments.")
+    parser = argparse.ArgumentParser(prog="zof_host", description="Reads and sets views and controls of a panel over its "
+                                     "serial line. Exit status: 0 success, 1 failure, 2 wrong arguments.")
     parser.add_argument("--port", metavar="DEVICE", help="the serial line, such as /dev/ttyUSB0")
-    parser.add_argument("--project", metavar="FOLDER", help="the panel's project: names, and settings of the line")
-    parser.add_argument("--baud", type=int, help="115200 without a project")
-    parser.add_argument("--head", type=head, metavar="HEX", help="both head bytes, 5AA5 without a project")
+    parser.add_argument("--project", metavar="FOLDER", help="the panel's project, for names and line settings")
+    parser.add_argument("--baud", type=int, help="default without a project: 115200")
+    parser.add_argument("--head", type=head, metavar="HEX", help="both head bytes; default without a project: 5AA5")
     parser.add_argument("--crc", action="store_true", default=None, help="frames carry a checksum")
-    parser.add_argument("--queue", type=int, metavar="BYTES", help="of the panel: `buffsize` of zofhmi.g + 1024")
-    parser.add_argument("--timeout", type=int, metavar="MS", default=1000, help="of one try of a request")
-    parser.add_argument("--trace", action="store_true", help="all frames, on the error output")
+    parser.add_argument("--queue", type=int, metavar="BYTES", help="size of the panel's queue: `buffsize` of zofhmi.g + 1024")
+    parser.add_argument("--timeout", type=int, metavar="MS", default=1000, help="time-out of one try of a request")
+    parser.add_argument("--trace", action="store_true", help="print all frames to standard error")
     commands = parser.add_subparsers(dest="command", required=True)
-    command = commands.add_parser("list", help="all rows; with a project its views and controls too")
-    command.add_argument("pattern", nargs="?", default="", help="only what holds this word")
-    for name, text in (("get", "reads a row"), ("set", "writes a row"), ("watch", "touches, and a row's changes")):
+    command = commands.add_parser("list", help="list all rows; with a project also its views and controls")
+    command.add_argument("pattern", nargs="?", default="", help="only names that contain this word")
+    for name, text in (("get", "read a row"), ("set", "write a row"), ("watch", "print touches, and a row when it changes")):
         command = commands.add_parser(name, help=text)
         command.add_argument("row", nargs="?" if name == "watch" else None, help="such as label.text")
-        command.add_argument("words", nargs="*", help="VIEW/CONTROL of a control's row, request fields"
+        command.add_argument("words", nargs="*", help="VIEW/CONTROL for rows of controls, request fields"
                              + (", values" if name == "set" else ""))
         if name == "set":
-            command.add_argument("--no-confirm", action="store_true", help="do not wait until the panel has done it")
+            command.add_argument("--no-confirm", action="store_true", help="do not wait until the panel has executed it")
         if name == "watch":
             command.add_argument("--every", type=int, metavar="MS", default=200, help="how often the row is read")
-    commands.add_parser("monitor", help="every frame that the panel sends, in words; sends nothing")
+    commands.add_parser("monitor", help="decode every frame from the panel; sends nothing")
     return parser
 
 

@@ -1,4 +1,4 @@
-"""All rows by name and by code, and frames in words."""
+"""All rows by name and by code, and decoding of frames into text."""
 from __future__ import annotations
 
 from typing import Any
@@ -13,7 +13,7 @@ _LONGEST = max(len(code) for code in _BY_CODE)
 
 
 def row_of(payload: bytes) -> Row[Any] | None:
-    """The row that a payload is about."""
+    """Returns the row of a payload, or None for an unknown code."""
     for length in range(2, _LONGEST + 1):
         row = _BY_CODE.get(payload[:length])
         if row:
@@ -22,13 +22,13 @@ def row_of(payload: bytes) -> Row[Any] | None:
 
 
 def words(found: Found, from_panel: bool) -> str:
-    """A frame as a line for people: "write label.text view=1 control=5 text='12.5 V'"."""
+    """Describes a frame in one line: "write label.text view=1 control=5 text='12.5 V'"."""
     if not isinstance(found, Frame):
         return ("wrong CRC: " if found.crc else "noise: ") + found.raw.hex(" ")
     row = row_of(found.payload)
     verb = {READ: "answer" if from_panel else "read", WRITE: "acknowledged" if from_panel else "write"}[found.op]
     if row is None:
-        return f"{verb} of no known row: {found.payload.hex(' ')}"
+        return f"{verb} of an unknown row: {found.payload.hex(' ')}"
     rest = found.payload[len(row.code):]
     try:
         keys, rest = decode(row.address + row.request, rest)

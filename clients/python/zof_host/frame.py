@@ -1,4 +1,4 @@
-"""Frames: laying them out, and finding them in what comes in. Nothing here knows the line or the rows."""
+"""Builds frames, and finds them in a byte stream. Independent of the line and of the rows."""
 from __future__ import annotations
 
 import binascii
@@ -16,12 +16,12 @@ LENGTH_MAX = 0x7FFF
 class Frame:
     op: int
     payload: bytes
-    raw: bytes  # as it stood on the line
+    raw: bytes  # as seen on the line
 
 
 @dataclass(frozen=True)
 class Noise:
-    """Bytes that belong to no frame. `crc`: they looked like one, but for the checksum."""
+    """Bytes that are not part of a frame. `crc`: they form a frame with a wrong checksum."""
 
     raw: bytes
     crc: bool = False
@@ -36,7 +36,7 @@ def crc16(data: bytes) -> bytes:
 
 
 def build(op: int, payload: bytes, head: tuple[int, int] = (0x5A, 0xA5), crc: bool = False) -> bytes:
-    """A frame as a panel takes it. WrongArgument for a payload that no frame can hold."""
+    """Builds a frame. Raises WrongArgument for a payload that is too long."""
     body = bytes([op]) + payload
     if crc:
         body += crc16(body)
@@ -47,7 +47,7 @@ def build(op: int, payload: bytes, head: tuple[int, int] = (0x5A, 0xA5), crc: bo
 
 
 class Parser:
-    """Eats bytes as they come, in any pieces, and gives the frames in them. It never waits."""
+    """Takes bytes in pieces of any size and returns the frames in them. Never waits."""
 
     def __init__(self, head: tuple[int, int] = (0x5A, 0xA5), crc: bool = False) -> None:
         self.head = bytes(head)
@@ -59,8 +59,8 @@ class Parser:
         return self._take(False)
 
     def idle(self) -> list[Found]:
-        """To be called when the line has been silent: what looks like the begin of a frame was none. Without this a
-        head in some noise would swallow the answers behind it."""
+        """Call this when the line has been silent: an incomplete frame was noise. Without this a false head would
+        swallow the answers after it."""
         return self._take(True)
 
     def _take(self, idle: bool) -> list[Found]:
@@ -86,7 +86,7 @@ class Parser:
         return out
 
     def _first(self) -> Frame | Noise | None:
-        """The frame at the buffer's begin, NO_FRAME, CRC_WRONG, or None as long as it may still become one."""
+        """The frame at the start of the buffer, NO_FRAME, CRC_WRONG, or None while it may still become a frame."""
         b = self._buffer
         if not self.head.startswith(b[:2]):
             return NO_FRAME
@@ -111,20 +111,20 @@ class Parser:
         length = (b[2] & 0x7F) << 8 | b[3]
         if b[4] in (READ, WRITE) and length >= LONG:
             return _Place(4, 5, 4 + length - more, 4 + length, 4)
-        # A panel lays payloads around 127 bytes out as short frames whose length byte has bit 7 set. Nothing else looks
-        # like them, for behind the operation stands a type code or, with 128 bytes, a zero.
+        # A panel encodes payloads around 127 bytes as short frames whose length byte has bit 7 set. They are
+        # unambiguous, because the operation is followed by a type code or, with 128 bytes, by a zero.
         size = b[2] - 1 - more
         if b[3] not in (READ, WRITE) or not 125 <= size <= 128:
             return None
         if size < 128:
             return _Place(3, 4, 4 + size, 4 + size + more, 4 if size == 127 else 3)
-        # There the last byte is cut off: the zero of the text that makes an answer so long.
+        # With 128 bytes the last byte is cut off: the terminating zero of the text, which only answers this long have.
         return _Place(3, 5, 132, 132 + more, 4, b"\0") if b[4] == 0 else None
 
 
 @dataclass(frozen=True)
 class _Place:
-    """Where the parts of a frame stand, in bytes behind its begin."""
+    """Offsets of the parts of a frame, in bytes from its start."""
 
     op: int
     payload: int

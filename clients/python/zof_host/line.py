@@ -1,4 +1,4 @@
-"""The line: its settings, and a serial port as the panel class wants it."""
+"""The line: its settings, and a serial port as a stream for the panel class."""
 from __future__ import annotations
 
 from dataclasses import dataclass
@@ -11,7 +11,7 @@ POLL_S = 0.05
 
 @dataclass(frozen=True)
 class Settings:
-    """The line as `zofhmi.g` of the panel's project has it."""
+    """The line settings in `zofhmi.g` of the panel's project."""
 
     baud: int = 115200
     head: tuple[int, int] = (0x5A, 0xA5)
@@ -27,22 +27,22 @@ class Settings:
 
 
 class Stream(Protocol):
-    """Any byte stream will do."""
+    """The interface of a byte stream."""
 
     def read(self) -> bytes:
-        """What has come; waits up to POLL_S and then gives nothing. OSError when the line is gone."""
+        """Returns received bytes, or none after waiting POLL_S. Raises OSError when the line is gone."""
 
     def write(self, data: bytes) -> None:
-        """Sends all of it. OSError when the line is gone."""
+        """Sends all bytes. Raises OSError when the line is gone."""
 
     def close(self) -> None:
-        """Called when no `read` is under way any more."""
+        """Called when no `read` is running any more."""
 
 
 class SerialStream:
     def __init__(self, device: str, settings: Settings) -> None:
-        """LineLost, with the reason, when the port cannot be opened."""
-        import serial  # only who opens a port needs pyserial
+        """Raises LineLost, with the reason, when the port cannot be opened."""
+        import serial  # pyserial is needed only to open a port
 
         try:
             self._port = serial.Serial(device, settings.baud, settings.bits, settings.parity, settings.stop_bits,
@@ -56,7 +56,7 @@ class SerialStream:
 
     def write(self, data: bytes) -> None:
         self._port.write(data)
-        # No flush: it would wait in steps of the driver. The pace counts the bytes' time itself.
+        # No flush: it would wait in steps of the driver. Panel computes the transmission time itself.
 
     def close(self) -> None:
         self._port.close()

@@ -1,8 +1,8 @@
 """The host's side of a panel: reads and writes that are answered or fail clearly, and events that are never lost.
 
-One thread owns what comes in. It hands answers to those who wait for them, by row, ids and request fields, and
-everything that nobody asked for to a queue of events; so a read cannot eat a touch, and a touch is no answer. A second
-one, started by the first restart of the panel, sets what the panel has forgotten.
+One thread receives. It passes answers to the waiting requests, matched by row, ids and request fields, and puts
+everything else into a queue of events, so a read cannot consume a touch and a touch cannot pass for an answer. After a
+restart of the panel a second thread restores its settings.
 """
 from __future__ import annotations
 
@@ -25,14 +25,14 @@ from .row import Row
 
 T = TypeVar("T")
 
-IDLE_S = 0.2  # a silence of this length ends whatever looks like the begin of a frame
-REOPEN_S = 0.5  # how often a line that was lost is looked for
-FRAME_BYTES = 4352  # the panel takes no longer ones
-FLUSH_BYTES = 256  # end a panel's waiting for a frame that noise has announced
-LAYERS = 3  # of those whose view can be read; the background's cannot
-REPORTS = 0x70  # flags of system.touch_config that make touches come unasked
-READ_BACK_GIVES_OTHERS = {"system.rtc", "video.state", "button.state"}  # read back, they may differ
-NEVER_CONFIRMED = {"system.reboot"}  # the panel goes
+IDLE_S = 0.2  # a silence of this length ends an incomplete frame
+REOPEN_S = 0.5  # between two attempts to reopen a lost line
+FRAME_BYTES = 4352  # longest frame that the panel accepts
+FLUSH_BYTES = 256  # makes the panel stop waiting for a frame announced by noise
+LAYERS = 3  # layers whose view can be read; that of the background cannot
+REPORTS = 0x70  # flags of system.touch_config that enable touch reports
+READ_BACK_GIVES_OTHERS = {"system.rtc", "video.state", "button.state"}  # may read back a different value
+NEVER_CONFIRMED = {"system.reboot"}  # the panel restarts without an answer
 
 
 class TouchState(enum.IntEnum):
@@ -43,7 +43,7 @@ class TouchState(enum.IntEnum):
 
 @dataclass(frozen=True)
 class Touch:
-    """A touch that the panel reports. `time`: when it came, by time.monotonic()."""
+    """A touch reported by the panel. `time`: its arrival, by time.monotonic()."""
 
     state: TouchState
     x: int
@@ -53,14 +53,14 @@ class Touch:
 
 @dataclass(frozen=True)
 class PowerOn:
-    """The panel has started: what was set before is gone."""
+    """The panel has started: its earlier state is lost."""
 
     time: float = field(compare=False)
 
 
 @dataclass(frozen=True)
 class Restored:
-    """What was written before the panel's restart has been written again, so many settings."""
+    """The settings written before the panel's restart have been written again. `settings`: their number."""
 
     settings: int
     time: float = field(compare=False)
@@ -68,7 +68,7 @@ class Restored:
 
 @dataclass(frozen=True)
 class LineGone:
-    """The line is lost, and is looked for. Until it is back requests end with LineLost."""
+    """The line is lost and will be reopened. Until then requests end with LineLost."""
 
     why: str
     time: float = field(compare=False)
@@ -76,7 +76,7 @@ class LineGone:
 
 @dataclass(frozen=True)
 class LineBack:
-    """The line is there again. The panel may or may not have restarted meanwhile."""
+    """The line is back. The panel may or may not have restarted in the meantime."""
 
     time: float = field(compare=False)
 
@@ -86,40 +86,40 @@ Trace = Callable[[float, bool, Found], None]  # time, from the panel, what
 
 
 class _Waiter:
-    """A request whose answer has not come."""
+    """A request that waits for its answer."""
 
     def __init__(self, op: int, key: bytes) -> None:
         self.op, self.key = op, key
-        self.queued = 0  # bytes that had gone into the panel's queue with this request
+        self.queued = 0  # bytes sent to the panel's queue up to and including this request
         self.answer: bytes | None = None
         self.done = threading.Event()
 
 
 class Panel:
-    """A panel at the far end of a line. Its methods may be called by any thread."""
+    """A panel at the far end of a line. Its methods may be called from any thread."""
 
     def __init__(self, stream: Stream, settings: Settings = Settings(), *, timeout_ms: int = 1000, tries: int = 3,
                  project: Project | None = None, trace: Trace | None = None, restore: bool = True,
                  reopen: Callable[[], Stream] | None = None) -> None:
-        """`timeout_ms`: how long one try of a request may last. `tries`: how often a read is asked. `trace` is called
-        with everything that goes over the line, by the thread that sees it. `restore`: the last value of each setting
-        is kept and written again when the panel has restarted. `reopen` makes a new stream when this one is lost;
+        """`timeout_ms`: time-out of one try of a request. `tries`: how often a read is sent. `trace` is called with
+        every frame sent or received, on the thread that handles it. `restore`: keep the last value of each setting and
+        write it again when the panel has restarted. `reopen` returns a new stream when this one is lost; it raises
         LineLost or OSError while there is none."""
         self.settings = settings
         self.project = project
         self.timeout_s = timeout_ms / 1000
         self.tries = max(tries, 1)
-        self.counts: Counter[str] = Counter()  # what the line was like: sent, frames, noise, crc, strays, late, repeats
+        self.counts: Counter[str] = Counter()  # line statistics: sent, frames, noise, crc, strays, late, repeats
         self._stream, self._trace = stream, trace
         self._parser = Parser(settings.head, settings.crc)
         self._pad = b"\xff" if settings.head[0] == 0 else b"\0"
         self._events: queue.SimpleQueue[Event | None] = queue.SimpleQueue()
-        self._lock = threading.Lock()  # guards what follows
+        self._lock = threading.Lock()  # guards the fields below
         self._waiting: dict[tuple[int, bytes], deque[_Waiter]] = {}
-        self._late: Counter[bytes] = Counter()  # answers that nobody waits for any more, by key
-        self._queued = self._executed = 0  # bytes for the panel's queue
-        self._starts = 0  # of the panel, since this one was opened
-        self._unconfirmed = 0  # writes that no barrier has confirmed yet
+        self._late: Counter[bytes] = Counter()  # answers no longer waited for, by key
+        self._queued = self._executed = 0  # bytes sent to the panel's queue, and bytes executed from it
+        self._starts = 0  # starts of the panel since this object was created
+        self._unconfirmed = 0  # writes not yet confirmed by a barrier
         self._doubt = False  # some of them may be lost
         self._kept: dict[bytes, tuple[Row[Any], bytes]] = {}  # by setting, in the order of the last writes
         self._restore = restore
@@ -127,8 +127,8 @@ class Panel:
         self._lost: Exception | None = None
         self._closed = False
         self._reopen = reopen
-        self._sending = threading.Lock()  # one frame after the other
-        self._out_at = 0.0  # when the last frame has left the line
+        self._sending = threading.Lock()  # held while a frame is sent
+        self._out_at = 0.0  # when the last byte of the last frame leaves the line
         self._reader = threading.Thread(target=self._read_line, name="zof_host reader", daemon=True)
         self._reader.start()
 
@@ -137,9 +137,9 @@ class Panel:
              queue_bytes: int | None = None, timeout_ms: int = 1000, tries: int = 3,
              project: Project | str | Path | None = None, trace: Trace | None = None, restore: bool = True,
              reopen: bool = True) -> Panel:
-        """A panel on a serial port. What is not given is as in the project's `zofhmi.g`, and without a project as in
-        `Settings`. A port that is lost is opened again when it returns, unless `reopen` is false. LineLost when it
-        cannot be opened now."""
+        """Opens a panel on a serial port. Settings that are not given are taken from the project's `zofhmi.g`, without
+        a project from the defaults of `Settings`. A lost port is opened again when it returns, unless `reopen` is
+        false. Raises LineLost when the port cannot be opened now."""
         known = Project(project) if isinstance(project, (str, Path)) else project
         given = {"baud": baud, "head": head, "crc": crc, "queue_bytes": queue_bytes}
         changes: dict[str, Any] = {name: value for name, value in given.items() if value is not None}
@@ -154,7 +154,7 @@ class Panel:
         self.close()
 
     def close(self) -> None:
-        """Ends the line. Requests under way end with LineLost, `events` at its end."""
+        """Closes the line. Pending requests end with LineLost; `events` ends after the last event."""
         self._closed = True
         if threading.current_thread() is not self._reader:
             self._reader.join()
@@ -164,22 +164,22 @@ class Panel:
 
     def read(self, row: Row[T], *, view: int | str | None = None, control: int | str | None = None,
              **request: int | str) -> T:
-        """A row's value. Asks again when no answer comes: reading changes nothing in a panel."""
+        """Reads a row's value. Repeats the read if it is not answered, which is safe because a read changes nothing."""
         if not row.readable:
             raise WrongArgument(f"{row.name} cannot be read")
         if row is rows.SYSTEM_TOUCH and self.read(rows.SYSTEM_TOUCH_CONFIG) & REPORTS:
-            raise PanelError("touches are reported, and a report looks like the answer to this read; take events()")
+            raise PanelError("touch reports are enabled and look like the answer to this read; take events() instead")
         key, what = self._address(row, "read", view, control, request)
         return self._value(row, what, self._ask(row, key, what)[0])
 
     def write(self, row: Row[T], value: T | str, *, view: int | str | None = None, control: int | str | None = None,
               confirm: bool = True, **request: int | str) -> None:
-        """Sets a row. Returns when the panel has done it, which it shows by what it answers behind the write: the row
-        itself where it can be read, `view.size` or a system row elsewhere. Unsure when that leaves a doubt. Without
-        `confirm` it returns when the frame is on its way; `barrier` confirms all of those together.
+        """Sets a row. Returns when the panel has executed it, which the answer to a read after the write shows: of the
+        row itself if it can be read, otherwise of `view.size` or a system row. Raises Unsure when a doubt remains.
+        Without `confirm` it returns when the frame has been sent; `barrier` confirms all such writes together.
 
-        A write that is seen not to have arrived is repeated where the row is read back. A row that cannot be read is
-        sent once and never again: among them are those that count (`spin_box.count`, `system.tone`)."""
+        If the row is read back and the write did not arrive, it is repeated. A row that cannot be read is written only
+        once, because some of them count (`spin_box.count`, `system.tone`)."""
         if not row.writable:
             raise WrongArgument(f"{row.name} cannot be written")
         key, what = self._address(row, "write", view, control, request)
@@ -199,8 +199,8 @@ class Panel:
             self._write_unread(row, key, payload, what)
 
     def barrier(self) -> None:
-        """Returns when everything that was sent has been executed. Unsure when some of what was written without
-        `confirm` may be lost."""
+        """Returns when everything sent has been executed. Raises Unsure if some of the writes without `confirm` may be
+        lost."""
         self._barrier()
         with self._lock:
             count, doubt = self._unconfirmed, self._doubt
@@ -215,19 +215,20 @@ class Panel:
             self._doubt = self._doubt or (self._unconfirmed > 0 and (tries > 1 or self._starts != starts))
 
     def event(self, timeout_s: float | None = None) -> Event | None:
-        """The next event; None when there is none in time, or no more for ever. LineLost when the line has gone."""
+        """Returns the next event; None after the time-out, or when the panel is closed. Raises LineLost when the line
+        is gone."""
         try:
             event = self._events.get(timeout=timeout_s)
         except queue.Empty:
             return None
         if event is None:
-            self._events.put(None)  # the next one who asks must see the end too
+            self._events.put(None)  # other waiting threads must see the end too
             if self._lost and not self._closed:
                 raise LineLost(f"the line is gone: {self._lost}")
         return event
 
     def events(self) -> Iterator[Event]:
-        """All events, from the first after opening; waits for the next. Ends when the panel is closed."""
+        """Yields all events since opening, and waits for the next one. Ends when the panel is closed."""
         while True:
             event = self.event()
             if event is None:
@@ -236,7 +237,7 @@ class Panel:
 
     def _address(self, row: Row[Any], verb: str, view: int | str | None, control: int | str | None,
                  request: Mapping[str, int | str]) -> tuple[bytes, str]:
-        """The bytes that name what is meant, and the same in words."""
+        """Returns the encoded row, ids and request fields, and their description for messages."""
         if isinstance(view, str) or isinstance(control, str):
             view, control = self._known().ids(view, control)
         numbers = {name: self._number(name, value, view) for name, value in request.items()}
@@ -247,11 +248,11 @@ class Panel:
 
     def _known(self) -> Project:
         if self.project is None:
-            raise WrongArgument("names of views and controls need a project; numbers do not")
+            raise WrongArgument("names of views and controls need a project; use numbers without one")
         return self.project
 
     def _number(self, name: str, value: int | str, view: int | None) -> int:
-        """A request field; a control of the same view goes by name too."""
+        """The number of a request field; views, and controls of the same view, may be given by name."""
         if not isinstance(value, str):
             return value
         if name.endswith("view"):
@@ -261,7 +262,7 @@ class Panel:
         return number
 
     def _views_named(self, row: Row[T], value: Any) -> T:
-        """A value in which views may go by name."""
+        """Replaces names of views in a value by their ids."""
         parts = list(value) if isinstance(value, tuple) else [value]
         for i, (name, kind) in enumerate(row.value[:len(parts)]):
             if isinstance(parts[i], str) and kind != "text" and name.endswith("view"):
@@ -275,8 +276,8 @@ class Panel:
             raise Refused(f"the panel refuses to {what}") from None
 
     def _ask(self, row: Row[Any], key: bytes, what: str) -> tuple[bytes, int]:
-        """The answer to a read, and how often it was asked."""
-        # An answer that comes after its time must not be taken for an event, so such a read is not repeated.
+        """Sends a read; returns its answer and the number of tries."""
+        # A late answer must not be mistaken for an event, so such a read is not repeated.
         looks_like_event = row is rows.SYSTEM_TOUCH or row is rows.SYSTEM_REBOOT
         self._late_let_pass(row, key)
         begin = time.monotonic()
@@ -300,8 +301,8 @@ class Panel:
         raise NoAnswer(what, waited, tries, alive)
 
     def _late_let_pass(self, row: Row[Any], key: bytes) -> None:
-        """Answers to earlier tries may still come, with a value from before: another row is asked first, whose answer
-        comes behind them all."""
+        """Late answers to earlier tries may still arrive with an old value. Reads another row first, whose answer comes
+        after all of them."""
         with self._lock:
             late = self._late.pop(key, 0)
         if not late:
@@ -322,7 +323,7 @@ class Panel:
         return answered
 
     def _write_back(self, row: Row[T], key: bytes, payload: bytes, what: str, value: T) -> None:
-        # A key of the language is read back as its text.
+        # A language key is read back as its text.
         comparable = not (isinstance(value, str) and value.startswith("#"))
         now: T | None = None
         for again in range(self.tries):
@@ -333,7 +334,8 @@ class Panel:
         raise NotTaken(what, value, now)
 
     def _write_view(self, payload: bytes, what: str, view: Any) -> None:
-        """A view is on the layer of its file, which the host may not know."""
+        """Shows a view, and finds it on one of the layers: its file has the layer, but the host may not know the
+        file."""
         here = [v.layer for v in self.project.views if v.id == view] if self.project else []
         layers = [layer for layer in here or range(LAYERS) if layer < LAYERS]
         row = rows.VIEW_DISPLAY
@@ -358,8 +360,8 @@ class Panel:
 
     def _write_once(self, row: Row[Any], key: bytes, payload: bytes, what: str, behind: Row[Any],
                     behind_key: bytes) -> tuple[bytes, int]:
-        """Returns the answer to the read behind the write, and how often that was asked. Requests of one kind are
-        executed one after the other, so an acknowledgement, if the panel sends any, has come by then."""
+        """Returns the answer to the read after the write, and its number of tries. Requests of one kind are executed in
+        order, so an acknowledgement, if the panel sends one, has arrived by then."""
         waiter = self._send_waiting(WRITE, WRITE, key, payload[len(key):], row)
         try:
             answer = self._ask(behind, behind_key, what)
@@ -370,7 +372,7 @@ class Panel:
         return answer
 
     def _restore_run(self) -> None:
-        """Writes everything again, in the order of the last writes, until nothing of it can be lost."""
+        """Writes all settings again, in the order of the last writes, until none of these writes can be lost."""
         try:
             while True:
                 with self._lock:
@@ -382,7 +384,7 @@ class Panel:
                     if starts == self._starts and repeats == self.counts["repeats"]:
                         self._restoring = False
                         break
-        except PanelError:  # the line or the panel has gone again; its next start begins again
+        except PanelError:  # the line or the panel is gone again; the next start restores
             with self._lock:
                 self._restoring = False
             return
@@ -402,8 +404,8 @@ class Panel:
         return build(op, payload, self.settings.head, self.settings.crc)
 
     def _make_room(self, size: int) -> None:
-        """A line without flow control cannot hold the host back when the panel's queue is full. So what is under way is
-        counted, and before it could be too much, a barrier empties the queue."""
+        """A line without flow control cannot stop the host when the panel's queue is full. Counts the bytes in flight
+        and sends a barrier before they could exceed the queue."""
         barrier = len(self._frame(READ, rows.VIEW_SIZE.code))
         if size + barrier > self.settings.queue_bytes or size > FRAME_BYTES:
             raise WrongArgument(f"a frame of {size} bytes is too long for the panel's queue of "
@@ -415,12 +417,12 @@ class Panel:
 
     def _send_waiting(self, op: int, answer_op: int, key: bytes, value: bytes, row: Row[Any],
                       repeats: _Waiter | None = None) -> _Waiter:
-        """Sends a request; its waiter stands before an answer can come."""
+        """Sends a request, after registering its waiter."""
         return self._send(op, key + value, row, _Waiter(answer_op, key), repeats)
 
     def _send(self, op: int, payload: bytes, row: Row[Any], waiter: _Waiter | None = None,
               repeats: _Waiter | None = None, again: bytes | None = None) -> _Waiter:
-        """`again`: the setting that a restart made necessary; nothing is sent when it has been written since."""
+        """`again`: the setting to restore after a restart; nothing is sent if it has been written since."""
         waiter = waiter or _Waiter(0, b"")
         frame = self._frame(op, payload)
         with self._sending:
@@ -431,12 +433,12 @@ class Panel:
                 if op == WRITE and self._restore:
                     self._keep(row, payload)
                 self._queued += 0 if row.system else len(frame)
-                # An answer to the second try may be that to the first, which proves less.
+                # An answer to the second try may be that to the first, which proves only what was queued then.
                 waiter.queued = repeats.queued if repeats else self._queued
                 if waiter.op:
                     self._waiting.setdefault((waiter.op, waiter.key), deque()).append(waiter)
-            # The byte in front ends what a disturbed line has left of the last frame. Before a repetition the panel may
-            # have seen a head in some noise and wait for the rest of a frame: so many bytes end that.
+            # The leading byte ends the remains of a previous frame damaged on the line. Before a repetition the panel
+            # may have seen a false head and wait for the rest of a frame, which this many bytes end.
             self._put(self._pad * (FLUSH_BYTES if repeats else 1) + frame)
             self.counts["sent"] += 1
             if self._trace:
@@ -497,7 +499,7 @@ class Panel:
                 self._arrived(found, now)
 
     def _line_ends(self, why: Exception) -> None:
-        """Ends everyone who waits; nothing is under way any more."""
+        """Wakes all waiting requests; nothing is in flight any more."""
         with self._lock:
             self._lost = why
             for waiters in self._waiting.values():
@@ -508,7 +510,7 @@ class Panel:
             self._late.clear()
 
     def _line_returns(self) -> bool:
-        """Waits for the line; false when the panel is closed meanwhile."""
+        """Waits for the line; returns false if the panel is closed in the meantime."""
         assert self._reopen
         self._events.put(LineGone(str(self._lost), time.monotonic()))
         self._stream.close()
@@ -551,9 +553,9 @@ class Panel:
             self.counts["strays"] += 1
 
     def _started(self, now: float) -> None:
-        """The panel has forgotten everything; a thread of its own sets it again, for this one must go on reading."""
+        """Handles a restart of the panel. A second thread restores the settings, because this one must keep reading."""
         with self._lock:
-            self._executed = self._queued  # a new start has an empty queue
+            self._executed = self._queued  # the queue is empty after a start
             self._starts += 1
             self._doubt = self._doubt or self._unconfirmed > 0
             begin = bool(self._kept) and not self._restoring

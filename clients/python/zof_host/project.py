@@ -1,4 +1,4 @@
-"""A panel's project folder: ids by name, and the line's settings. Only reads."""
+"""Reads ids by name and the line settings from a panel's project folder. Writes nothing."""
 from __future__ import annotations
 
 import json
@@ -31,8 +31,8 @@ class View(NamedTuple):
 
 class Project:
     def __init__(self, folder: str | Path) -> None:
-        """The folder above `config`, the one above that (as `panel` above `panel/res/config`), or `config` itself.
-        PanelError, with the file, when it holds no project."""
+        """`folder` is the folder above `config`, the one above that (as `panel` above `panel/res/config`), or `config`
+        itself. Raises PanelError, with the file, when it is not a project."""
         config = _config(Path(folder))
         project = _load(config / "project" / "zofprj.g")
         link = config / "project" / "zofhmi.g"
@@ -40,15 +40,15 @@ class Project:
             self.views = [_view(config / "view", entry) for entry in project.get("views") or []]
             self.settings = _settings(_load(link)) if link.exists() else Settings()
         except (AttributeError, IndexError, TypeError, ValueError) as why:
-            raise PanelError(f"{folder}: a value in its project files is not of its kind: {why}") from None
+            raise PanelError(f"{folder}: a value in its project files is of the wrong kind: {why}") from None
 
     def ids(self, view: int | str | None, control: int | str | None) -> tuple[int | None, int | None]:
-        """Numbers of a view and of a control in it; numbers stay as they are, known or not."""
+        """Returns the ids of a view and of a control in it. Numbers are returned as they are, known or not."""
         view_id = self.view_id(view) if isinstance(view, str) else view
         if not isinstance(control, str):
             return view_id, control
         if view_id is None:
-            raise UnknownName(f"the control {control} needs its view")
+            raise UnknownName(f"control {control}: the view is missing")
         here = [v for v in self.views if v.id == view_id]
         for one in here[0].controls if here else []:
             if one.name.lower() == control.lower():
@@ -68,7 +68,7 @@ def _config(folder: Path) -> Path:
 
 
 def _lower(value: Any) -> Any:
-    """Keys match without regard to case, as they do in the panel."""
+    """Lowers all keys, because the panel's keys are not case-sensitive."""
     if isinstance(value, dict):
         return {key.lower(): _lower(inner) for key, inner in value.items()}
     return [_lower(inner) for inner in value] if isinstance(value, list) else value
@@ -80,7 +80,7 @@ def _load(path: Path) -> dict[str, Any]:
     except (OSError, ValueError) as why:
         raise PanelError(f"{path}: {why}") from None
     if not isinstance(data, dict):
-        raise PanelError(f"{path}: its root is no object")
+        raise PanelError(f"{path}: the root is not an object")
     return data
 
 

@@ -1,4 +1,4 @@
-"""One command row of the panel, and how its fields look on the wire."""
+"""A command row of the panel, and the encoding of its fields on the wire."""
 from __future__ import annotations
 
 import struct
@@ -16,14 +16,14 @@ _NUMBERS = {"u8": ">B", "s8": ">b", "u16": ">H", "s16": ">h", "u32": ">I", "s32"
 
 
 def encode(fields: Iterable[Field], values: Iterable[Plain]) -> bytes:
-    """Fields as bytes. WrongArgument, naming the field, for a value that does not fit it."""
+    """Encodes fields. Raises WrongArgument, with the field's name, for a value that does not fit."""
     out = b""
     for (name, kind), value in zip(fields, values):
         if kind == "text":
             if not isinstance(value, str):
                 raise WrongArgument(f"{name} is a text, not {value!r}")
             if "\0" in value:
-                raise WrongArgument(f"{name}: a text cannot hold a zero, which is its end on the wire")
+                raise WrongArgument(f"{name}: a text cannot contain a zero, which ends it on the wire")
             out += value.encode() + b"\0"
             continue
         try:
@@ -34,23 +34,23 @@ def encode(fields: Iterable[Field], values: Iterable[Plain]) -> bytes:
 
 
 def size(fields: Iterable[Field]) -> int:
-    """Bytes of fields that are all numbers, as those of addresses and requests are."""
+    """Size in bytes of fields that are all numbers, such as addresses and request fields."""
     return sum(struct.calcsize(_NUMBERS[kind]) for _, kind in fields)
 
 
 def decode(fields: Iterable[Field], data: bytes) -> tuple[list[Plain], bytes]:
-    """The fields' values, and the bytes behind them. ValueError when they are not all there."""
+    """Decodes fields; returns their values and the remaining bytes. Raises ValueError for incomplete fields."""
     values: list[Plain] = []
     for name, kind in fields:
         if kind == "text":
             text, zero, data = data.partition(b"\0")
             if not zero:
-                raise ValueError(f"{name} has no end")
+                raise ValueError(f"{name} is not terminated")
             values.append(text.decode(errors="replace"))
             continue
         form = _NUMBERS[kind]
         if len(data) < struct.calcsize(form):
-            raise ValueError(f"{name} is not all there")
+            raise ValueError(f"{name} is incomplete")
         values.append(int(struct.unpack_from(form, data)[0]))
         data = data[struct.calcsize(form):]
     return values, data
@@ -58,7 +58,7 @@ def decode(fields: Iterable[Field], data: bytes) -> tuple[list[Plain], bytes]:
 
 @dataclass(frozen=True)
 class Row(Generic[T]):
-    """What a host may read or write. T is the value's type: an int, a str, or a named tuple of several fields."""
+    """A value that a host may read or write. T is its type: an int, a str, or a named tuple of several fields."""
 
     name: str
     code: bytes
@@ -69,20 +69,20 @@ class Row(Generic[T]):
     readable: bool
     writable: bool
     help: str
-    chooses: int | None = 0  # value fields in front that choose what is set; None: a write is an action, not a state
+    chooses: int | None = 0  # leading value fields that select what is set; None: a write is an action, not a state
 
     @property
     def system(self) -> bool:
-        """Executed when it comes; all other rows wait in the panel's queue."""
+        """True for rows executed on arrival; all others wait in the panel's queue."""
         return self.code[0] == 0xB0
 
     @property
     def key_size(self) -> int:
-        """Bytes in front of the value: they come back in every answer as they were sent."""
+        """Size in bytes of everything before the value, which every answer repeats."""
         return len(self.code) + size(self.address) + size(self.request)
 
     def key(self, view: int | None, control: int | None, request: Mapping[str, int]) -> bytes:
-        """Code, ids and request fields. WrongArgument when one is missing, or given to a row that has none."""
+        """Encodes code, ids and request fields. Raises WrongArgument for a missing or superfluous one."""
         given: dict[str, int] = {n: v for n, v in (("view", view), ("control", control)) if v is not None}
         for name in request:
             if name in given:
@@ -91,13 +91,12 @@ class Row(Generic[T]):
         wanted = self.address + self.request
         names = [name for name, _ in wanted]
         if sorted(names) != sorted(given):
-            raise WrongArgument(f"{self.name} is asked with {', '.join(names) or 'nothing'}, not with "
+            raise WrongArgument(f"{self.name} takes {', '.join(names) or 'no fields'}, not "
                             f"{', '.join(given) or 'nothing'}")
         return self.code + encode(wanted, [given[name] for name in names])
 
     def setting(self, payload: bytes) -> bytes | None:
-        """What a write sets: the part of its payload that is the same in a later write of the same setting. None for an
-        action."""
+        """The part of a write's payload that identifies the setting, equal in all writes of it. None for an action."""
         return None if self.chooses is None else payload[:self.key_size + size(self.value[:self.chooses])]
 
     def encode_value(self, value: T) -> bytes:
@@ -107,7 +106,7 @@ class Row(Generic[T]):
         return encode(self.value, parts)
 
     def decode_value(self, data: bytes) -> T:
-        """ValueError when the bytes are not exactly this row's value."""
+        """Raises ValueError when the bytes are not exactly this row's value."""
         values, rest = decode(self.value, data)
         if rest:
             raise ValueError(f"{len(rest)} bytes too many")

@@ -1,5 +1,5 @@
-# What a panel understands, a row each. Made from the panel's command tables; nothing here is written by hand but this
-# head. Build the panel's target `protocol` to renew it.
+# The command rows of the panel, generated from its command tables. Only these two lines are written by hand. To update
+# the rows, build the target `protocol` of the panel.
 from typing import NamedTuple
 
 from .row import Row

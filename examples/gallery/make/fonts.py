@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Makes the gallery's font: one weight of a Latin family, and the Chinese characters that the texts use.
+"""Makes the gallery's font: one weight of a Latin family plus the Chinese characters used in the texts.
 
 usage: fonts.py OUTPUT_FOLDER        Needs: apt install fonts-inter-variable fonts-wqy-microhei python3-fonttools
 """
@@ -54,12 +54,12 @@ def make(out):
     font["glyf"].glyphOrder = font.getGlyphOrder()
     for rec in font["name"].names:
         rec.string = {1: "Gallery", 2: "Regular", 4: "Gallery", 6: "Gallery", 3: "Gallery"}.get(rec.nameID, rec.toUnicode())
-    font.recalcTimestamp = False        # the same input gives the same bytes
+    font.recalcTimestamp = False        # reproducible output
     font.save(os.path.join(out, "font", "gallery.ttf"))
 
 
 def find(path):
-    """The file, or the same name elsewhere among the machine's fonts."""
+    """Returns the path of the font, or of a file with the same name elsewhere in the system's font folders."""
     if os.path.exists(path):
         return path
     for folder, _, files in os.walk("/usr/share/fonts"):

@@ -8,18 +8,18 @@ from kit import (BOTTOM, CENTER, CHECKED, CURSOR, DISABLED, INDICATOR, ITEMS, KN
                  SCROLLBAR, SELECTED, TICKS, TOP, View, style, write, write_theme, write_view)
 
 WIDTH, HEIGHT, FONT = 800, 480, "gallery.ttf"
-BACK, PREV, NEXT = 1, 2, 3          # of every page but the first; the program knows these ids
+BACK, PREV, NEXT = 1, 2, 3          # on every page except the first; the program uses these ids
 NIGHT = dict(bg=0x0E1116, card=0x181D26, raised=0x252C38, line=0x39424F, text=0xE8ECF1, accent=0x3DA9FC, on=0x06131F, knob=0xFFFFFF, shade=0x000000)
 YOUTH = dict(bg=0xEDF0F5, card=0xFFFFFF, raised=0xE3E8EF, line=0xC3CBD6, text=0x1B2430, accent=0x1769D2, on=0xFFFFFF, knob=0xFFFFFF, shade=0xB4BECB)
-ACCENT, WARM, GREEN, GREY = 0x2F8FE8, 0xE8862F, 0x2FA36B, 0x7C8794   # for controls whose colours are keys of their own
+ACCENT, WARM, GREEN, GREY = 0x2F8FE8, 0xE8862F, 0x2FA36B, 0x7C8794   # for controls that have colour keys of their own
 
 languages = {"en": {}, "de": {}, "zh": {}}
 
 
 def t(en, de, zh):
-    """A text in three languages; gives the reference that stands in the view files.
+    """Adds a text in three languages and returns its key for the view files.
 
-    Its name is short: a label that is placed in its box is measured by it until the language is known.
+    Keys are short, because a label aligned in its box is measured by its key until the language is loaded.
     """
     key = "".join(c for c in en.lower() if c.isalnum())[:7]
     while key in languages["en"] and languages["en"][key] != en:
@@ -69,13 +69,13 @@ def themes(p):
         "rollist": [style(bg=p["raised"], radius=10, **{**words, "text_opa": 130}), style(SELECTED, radius=6, **lit)],
         "chart": [style(bg=p["raised"], radius=10, pad=10, border=(p["line"], 1), **words), style(TICKS, **{**words, "size": 12}),
                   style(INDICATOR, radius=ROUND, opa=255)],
-        # LVGL makes a table a pixel smaller than its cells, which would cost their last lines.
+        # LVGL makes a table one pixel smaller than its cells, which would hide their last lines.
         "table": [style(opa=0, radius=10, border=(p["line"], 0), pad=(0, 1, 1, 0), **words), style(ITEMS, bg=p["raised"], border=(p["line"], 1), pad=9, **words), scrollbar],
         "spinbox": [style(**field)],
-        # Without a font of its own: LVGL's has the symbols.
+        # No font: the symbols are in LVGL's own font.
         "keyboard": [style(bg=p["card"], pad=4), style(ITEMS, **plain_key), style(ITEMS, PRESSED, **{**plain_key, "bg": p["accent"], "color": p["on"]}),
                      style(ITEMS, CHECKED, **{**plain_key, "bg": p["line"]})],
-        "sketchpad": [style(bg=p["raised"], radius=10, color=p["text"], text_opa=255)],    # the toolbar's symbols are LVGL's, too
+        "sketchpad": [style(bg=p["raised"], radius=10, color=p["text"], text_opa=255)],    # the toolbar's symbols are in LVGL's font, too
         "btnmatrix": [style(bg=p["card"], pad=2, **words), style(ITEMS, **key), style(ITEMS, PRESSED, radius=6, **lit),
                       style(ITEMS, CHECKED, radius=6, **lit), style(ITEMS, DISABLED, **{**key, "opa": 110})],
         "scrollcont": [style(bg=p["raised"], radius=12)],
@@ -87,7 +87,7 @@ pages = []
 
 
 class Page(View):
-    """A page with its header, and cards that explain what stands on them."""
+    """A page with a header, and cards with captions."""
 
     def __init__(self, title, hint, name):
         super().__init__(len(pages) + 2, name, NIGHT["bg"])
@@ -103,7 +103,7 @@ class Page(View):
                         txt=text)
 
     def card(self, x, y, w, h, title, keys):
-        """Gives the card, on which controls stand above the caption."""
+        """Adds a card and returns it; controls go above its caption."""
         c = self.add("container", x, y, w, h)
         self.label(14, h - 50, w - 28, 20, title, size=15, parent=c)
         self.label(14, h - 28, w - 28, 18, keys, size=12, opa=170, parent=c)
@@ -301,7 +301,7 @@ def typing():
     p.label(280, 10, 230, 40, t("types 12 and 23", "Typen 12 und 23", "类型 12 和 23"), size=13, opa=170, align=RIGHT | MIDDLE)
     p.add("button", 530, 10, 134, 40, name="spell", mode=1, txt=t("Pinyin", "Pinyin", "拼音"), styles=[style(size=15)])
     cursor = {"cursor_e": 4, "color": ACCENT, "zof_cursor_width": 2, "zof_cursor_opa": 255, "zof_cursor_animtime": 400}
-    any_sign = [style(font="cn.ttf"), style(state=2, font="cn.ttf")]    # what Pinyin gives is in no small font
+    any_sign = [style(font="cn.ttf"), style(state=2, font="cn.ttf")]    # Pinyin characters are not in the subset font
     c = p.card(16, 64, 248, 164, t("One line", "Eine Zeile", "单行"), "line_mode 0   p_holder_txt")
     p.add("txtbox", 14, 24, 220, 46, name="line", parent=c, line_mode=0, max_txt_len=40, p_holder_txt="Name · 名字", cursor_style_t=cursor,
           styles=any_sign)
@@ -322,7 +322,7 @@ def messages():
             ("soon", t("Gone soon", "Gleich wieder weg", "自动关闭"), "zof_mbox_start_auto_close"))):
         c = p.card(16 + 260 * i, 64, 248, 140, title, keys)
         p.add("button", 44, 18, 160, 56, name=f"open_{name}", parent=c, txt=title)
-    # Made anew whenever the page is shown: buttons of a box keep the language in which they were made.
+    # Created again whenever the page is shown, because the buttons of a box keep the language they were created in.
     p.add("mbox", 220, 250, 360, 128, name="ask", pub=True, hidden=True, title=t("Switch the output on?", "Ausgang einschalten?", "打开输出？"),
           txt=t("20.00 V at up to 3.00 A.", "20,00 V mit bis zu 3,00 A.", "20.00 V，最大 3.00 A。"),
           btn_txt=[t("Yes", "Ja", "是"), t("No", "Nein", "否"), ""])
@@ -333,7 +333,7 @@ def wheels():
     p = Page(t("Wheels", "Räder", "转轮"), t("types 28 and 29", "Typen 28 und 29", "类型 28 和 29"), "wheels")
 
     def wheel(parent, name, x, y, w, h, count, texts, **keys):
-        # A finger on an item turns the wheel: the wheel scrolls, and its items hand the movement on.
+        # Dragging an item turns the wheel: the wheel scrolls, and its items chain the movement to it.
         turns = dict(mode_e=0, dir_e=15, chain_e=0, momentum=True, elastic=True, scroll_one=False)
         v = p.add("scrollcont", x, y, w, h, name=name, parent=parent, scroll=turns, child_cnt=len(texts), display_count=count, **keys)
         for i, text in enumerate(texts):
@@ -411,7 +411,7 @@ HMI = {"hmi_en": 1, "uart": {"win_port": 4, "speed_e": 6, "bit_e": 1}, "head_fh"
 
 
 def views():
-    """All views; the texts of all languages are known afterwards."""
+    """Builds all views, which also collects the texts of all languages."""
     for page in (labels, buttons, pictures, values, switches, lists, tables, charts, tiles, typing, messages, wheels, moving, media,
                  drawing, transitions):
         page()

@@ -1,6 +1,6 @@
-"""What a project folder is made of, as Python calls: views, controls, styles, themes, languages.
+"""The parts of a project folder as Python calls: views, controls, styles, themes, languages.
 
-A control is one call of View.add; keys that its type has are passed by name, everything else gets a plain default.
+A control is one call of View.add; keys of its type are passed by name, everything else gets a default.
 """
 import json
 import os
@@ -18,7 +18,8 @@ TOUCHED = {"button", "image_button", "slider", "sw", "cb", "tileview", "txtbox",
 
 
 def body(**keys):
-    """bg, opa, radius, pad (one number, or top right bottom left), border (colour, width), grad, shadow (colour, width)"""
+    """bg, opa, radius, pad (one number, or top right bottom left), border (colour, width), grad, shadow (colour,
+    width)"""
     out = {}
     if "bg" in keys:
         out.update(main_color=keys["bg"], opa=keys.get("opa", 255))
@@ -46,7 +47,7 @@ def words(**keys):
 
 
 def style(part=MAIN, state=0, sect=0, img=None, **keys):
-    """One style record; only what is named stands in it, the rest comes from the theme."""
+    """One style record. It has only the given keys; the rest comes from the theme."""
     out = {"style_part": part, "style_state": state, "style_sect": sect}
     if body(**keys):
         out["body_t"] = body(**keys)
@@ -64,7 +65,7 @@ class View:
 
     def add(self, kind, x, y, w, h, name=None, parent=0, styles=(), touch=None, hidden=False, pub=False, alpha=255,
             scroll=None, **keys):
-        """Adds a control and returns its id, for children and for the application."""
+        """Adds a control and returns its id, for use as a parent and in the application."""
         self.last += 1
         touch = kind in TOUCHED if touch is None else touch
         common = {"name": name or f"{kind}_{self.last}", "id": self.last, "parent_id": parent, "pub": pub,
@@ -91,6 +92,6 @@ def write_view(folder, view):
 
 
 def write_theme(folder, name, styles):
-    """`styles`: type -> its style records."""
+    """`styles` maps a control type to its style records."""
     for kind, records in styles.items():
         write(folder, f"theme/{name}/{kind}.g", {"styles": records})

@@ -12,7 +12,7 @@ import wave
 from PIL import Image, ImageDraw, ImageFont
 
 OUT = sys.argv[1]
-SCALE = 4       # everything is drawn larger and made small, for smooth edges
+SCALE = 4       # everything is drawn larger and scaled down, for smooth edges
 BLUE, ORANGE, GREEN, GREY, WHITE = (47, 143, 232), (232, 134, 47), (47, 163, 107), (124, 135, 148), (255, 255, 255)
 
 
@@ -84,7 +84,7 @@ def spin_frame(n):
 
 
 def sharp(picture):
-    """A GIF knows seen and unseen only, and pictures of both themes stand on grounds of their own."""
+    """A GIF has no partial opacity, so its pictures have a background of their own that suits both themes."""
     picture.putalpha(picture.getchannel("A").point(lambda a: 255 if a > 127 else 0))
     return picture
 
@@ -109,7 +109,7 @@ def pictures():
 
 
 def sound(name, notes, rate=22050):
-    """`notes`: (hertz, seconds); each dies away."""
+    """`notes` are pairs of hertz and seconds; each note fades out."""
     with wave.open(os.path.join(folder("sound"), name), "wb") as out:
         out.setparams((1, 2, rate, 0, "NONE", ""))
         for hertz, seconds in notes:
@@ -119,7 +119,7 @@ def sound(name, notes, rate=22050):
 
 
 def film():
-    """Three seconds: a needle that swings over a scale, with the scale's tones."""
+    """Three seconds of a needle that swings over a scale, to the tones of a musical scale."""
     work = folder("film.work")
     for n in range(75):
         def paint(d, s, n=n):
