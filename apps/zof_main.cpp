@@ -1,4 +1,4 @@
-// The bench panel's place in the runtime: its four views and its one entry.
+// The bench panel's entry into the runtime: its four views and its main function.
 #include "zof.h"
 
 #include "hardware/zof_hw.h"

@@ -1,4 +1,4 @@
-// Single things beside plain LVGL: a change of language on a thousand controls, a step of a wheel, a chart.
+// Single features compared with plain LVGL: a language change on a thousand controls, a step of a wheel, a chart.
 #include "measure.h"
 
 #include <filesystem>
@@ -22,7 +22,7 @@ static std::string control(u32 type, u32 id, u32 parent, u32 x, u32 y, u32 w, u3
            keys + "}}";
 }
 
-// Every other one is a button.
+// Every second control is a button.
 static std::string words_file() {
     std::string out;
     for (u32 i = 1; i <= CONTROLS; i++) {
@@ -89,14 +89,14 @@ static lv_obj_t *shown(u32 view) {
     zof_view_load(view);
     lv_obj_t *screen = zof_view_list_get(view)->obj;
     lv_disp_load_scr(screen);
-    for (int i = 0; i < 3; i++) { // what starts late has started then
+    for (int i = 0; i < 3; i++) { // delayed work has started by then
         lv_timer_handler();
         lv_refr_now(nullptr);
     }
     return screen;
 }
 
-// Both on the screen in turns, so that a busy machine hits both; the best of five medians.
+// Both are shown in turns, so a busy machine affects both; the best of five medians.
 static void row(const char *what, const char *beside, const std::function<void()> &ours, lv_obj_t *our_screen,
                 const std::function<void()> &plain, lv_obj_t *plain_screen) {
     double us = 1e9;
@@ -117,7 +117,7 @@ static lv_obj_t *plain_like(lv_obj_t *from, lv_obj_t *parent) {
     lv_obj_t *to = lv_obj_class_create_obj(from->class_p, parent);
     lv_obj_class_init_obj(to);
     lv_obj_remove_style_all(to);
-    for (u32 i = from->style_cnt; i-- > 0;) { // the one added last counts most
+    for (u32 i = from->style_cnt; i-- > 0;) { // the last one added takes precedence
         if (!from->styles[i].is_local && !from->styles[i].is_trans) {
             lv_obj_add_style(to, from->styles[i].style, from->styles[i].selector);
         }
@@ -159,7 +159,7 @@ static void language_rows() {
         [&] { texts(), lv_refr_now(nullptr); }, plain);
 }
 
-// Items of the plain one stand as ours do now, and stay so.
+// The items of the plain container have the positions that ours have now, and keep them.
 static void wheel_row() {
     lv_obj_t *screen = shown(WHEEL), *plain = lv_obj_create(nullptr);
     lv_obj_t *ours = lv_obj_get_child(screen, 0), *strip = plain_like(ours, plain);

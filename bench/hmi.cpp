@@ -1,6 +1,6 @@
-// The host protocol: frames through the receive handler and the codec, against a copy and a CRC of the same bytes,
-// which no receiver could do without; and a write of a control from the line to the picture, against the same call made
-// here.
+// The host protocol: frames through the receive handler and the codec, compared with a copy and a CRC of the same
+// bytes, which every receiver needs; and a write of a control from the line to the picture, compared with a direct
+// call.
 #include <poll.h>
 #include <unistd.h>
 
@@ -43,10 +43,10 @@ static bytes text_write(u16 view, u16 control, const std::string &text) {
     return sealed(counted);
 }
 
-// What the least of receivers does with a frame.
+// The minimal work of a receiver per frame.
 static double copy_and_crc(const bytes &frame) {
     static u8 copy[512];
-    static volatile u16 sum; // or the CRC would not be computed at all
+    static volatile u16 sum; // otherwise the compiler removes the CRC
     return median_ms(9, [&] {
         for (int i = 0; i < FRAMES; i++) {
             memcpy(copy, frame.data(), frame.size());
@@ -76,7 +76,7 @@ static u32 turn() {
     return zof_loop_turn();
 }
 
-// The program's own loop, until it is over.
+// Runs the program's own loop until `over` returns true.
 static void loop_run(const std::function<bool()> &over) {
     for (u32 sleep_ms = turn(); !over(); sleep_ms = turn()) {
         zof_loop_wait(sleep_ms);
@@ -94,7 +94,7 @@ static double ms_since(std::chrono::steady_clock::time_point begin) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
 }
 
-// Milliseconds from a host's write to the picture, with the loop asleep when it comes.
+// Milliseconds from a host's write to the picture, with the loop asleep when the write arrives.
 static double write_to_picture(int fd, const bytes &frame) {
     const auto rest = std::chrono::steady_clock::now() + std::chrono::milliseconds(60);
     loop_run([=] { return std::chrono::steady_clock::now() > rest; });
@@ -114,7 +114,7 @@ static double write_to_picture(int fd, const bytes &frame) {
     return std::chrono::duration<double, std::milli>(end - begin).count();
 }
 
-// The limit: the same text set and drawn at once, by a loop that does nothing else.
+// The limit: the same text set and drawn immediately, by a loop that does nothing else.
 static double draw_at_once(lv_obj_t *label, const std::string &text) {
     const auto begin = std::chrono::steady_clock::now();
     lv_label_set_text(label, text.c_str());
@@ -127,7 +127,7 @@ static double middle(std::vector<double> all) {
     return all[all.size() / 2];
 }
 
-// Round trips a second of a host that asks again as soon as it is answered, while the loop turns here.
+// Round trips per second of a host that sends the next read as soon as it is answered, while this thread runs the loop.
 static double reads_a_second(int fd, const bytes &request, size_t answer_size) {
     std::atomic<bool> over{false};
     double took = 0;
@@ -190,7 +190,7 @@ void measure_hmi() {
         zof_hmi_attr_t *attr = (zof_hmi_attr_t *)zof_hmi_attr_get();
         attr->crc_en = sys_cmd_analys->crc_en = ui_cmd_analys->crc_en = crc;
         frames_row(crc ? "a host's read with CRC" : "a host's read", sealed({ZOF_HMI_OP_GET, 0xB0, 0x04, 0x01}));
-        // To nobody: what LVGL takes to lay a text out is not the protocol's.
+        // To a nonexistent control, because LVGL's text layout is not part of the protocol.
         frames_row(crc ? "a host's write with CRC" : "a host's write", text_write(9, 9, std::string(90, 'x')));
     }
 }

@@ -1,4 +1,4 @@
-// One frame of the register link to its label, against a plain lv_label_set_text of the same text.
+// One frame of the register link to its label, compared with a plain lv_label_set_text of the same text.
 #include "measure.h"
 
 #include "bench_ids.h"

@@ -1,4 +1,4 @@
-// usage: zof_measure redraw|load|link|hmi|controls|video|start|bare   rows of a table: what, ours, compared with, ratio
+// usage: zof_measure redraw|load|link|hmi|controls|video|start|bare   rows of a table: what, ours, reference, ratio
 //        zof_measure ours|plain VIEW                  one full redraw, for an instruction counter
 #include "measure.h"
 

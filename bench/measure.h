@@ -10,7 +10,7 @@
 
 #include "zof.h"
 
-// Milliseconds of one call, as the median of `times` calls.
+// Returns the median duration of `times` calls in milliseconds.
 inline double median_ms(int times, const std::function<void()> &call) {
     std::vector<double> took;
     for (int i = 0; i < times; i++) {
@@ -22,7 +22,7 @@ inline double median_ms(int times, const std::function<void()> &call) {
     return took[(size_t)times / 2];
 }
 
-// Brings the runtime up on the panel's project, off the screen.
+// Starts the runtime with the panel's project, off screen.
 void panel_up();
 
 void measure_first_frame();

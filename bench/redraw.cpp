@@ -1,14 +1,14 @@
-// A full redraw of each view, against the same widgets made by plain LVGL calls.
+// A full redraw of each view, compared with the same widgets created by plain LVGL calls.
 #include "measure.h"
 
 #include "zof_main.h"
 
-// Makes a copy of an object and its children with LVGL's own calls: class, place, size, flags, and the styles' values.
+// Copies an object and its children with LVGL's own calls: class, position, size, flags, and style values.
 static lv_obj_t *plain_copy(lv_obj_t *from, lv_obj_t *parent) {
     lv_obj_t *to = lv_obj_class_create_obj(from->class_p, parent);
     lv_obj_class_init_obj(to);
     lv_obj_remove_style_all(to);
-    for (u32 i = from->style_cnt; i-- > 0;) { // the one added last counts most
+    for (u32 i = from->style_cnt; i-- > 0;) { // the last one added takes precedence
         if (!from->styles[i].is_local && !from->styles[i].is_trans) {
             lv_obj_add_style(to, from->styles[i].style, from->styles[i].selector);
         }
@@ -46,7 +46,7 @@ static lv_obj_t *plain_copy(lv_obj_t *from, lv_obj_t *parent) {
     return to;
 }
 
-// Apart and by name, so that an instruction counter can watch this alone.
+// A separate function with a fixed name, so an instruction counter can measure it alone.
 extern "C" __attribute__((noinline)) void full_redraw(lv_obj_t *screen) {
     lv_obj_invalidate(screen);
     lv_refr_now(nullptr);
@@ -83,7 +83,7 @@ void measure_redraw() {
         lv_obj_t *plain = plain_copy(ours, nullptr);
         double us = 1e9;
         double them = 1e9;
-        for (int turn = 0; turn < 5; turn++) { // by turns, so that a busy machine hits both
+        for (int turn = 0; turn < 5; turn++) { // in turns, so a busy machine affects both
             us = std::min(us, redraw_ms(ours));
             them = std::min(them, redraw_ms(plain));
         }

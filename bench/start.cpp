@@ -1,4 +1,4 @@
-// Start to the first frame (the logo) and to the front page, against a bare LVGL window of the same size.
+// Start to the first frame (the logo) and to the front page, compared with a bare LVGL window of the same size.
 #include "measure.h"
 
 #include <unistd.h>
@@ -17,7 +17,7 @@ static double since_start() {
     return std::chrono::duration<double, std::milli>(clock_type::now() - frame.start).count();
 }
 
-// Notes when the first picture has reached the window.
+// Records the time of the first picture in the window.
 void measure_first_frame() {
     lv_disp_drv_t *drv = lv_disp_get_default()->driver;
     frame.flush = drv->flush_cb;
@@ -27,7 +27,7 @@ void measure_first_frame() {
     };
 }
 
-// A window of 800 x 480 with one label, with nothing of the runtime but its window.
+// A window of 800 x 480 with one label, which uses nothing of the runtime except its window.
 static void bare_up() {
     setenv("SDL_VIDEODRIVER", "offscreen", 0);
     lv_init();

@@ -1,5 +1,5 @@
-// A clip of the panel's size in our player, against `ffmpeg -f null` decoding the same file on one thread. Processor
-// time of all frames behind the first: opening, and starting a program, are not the frames'.
+// A clip of the panel's size in our player, compared with `ffmpeg -f null` decoding the same file on one thread.
+// Measures the processor time of all frames after the first, which excludes opening the file and starting the program.
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,7 +13,7 @@
 static constexpr int FRAMES = 500;
 static constexpr int TURNS = 5;
 
-static u32 clip_now; // the player's time, which runs as fast as frames can be shown
+static u32 clip_now; // the player's clock, which advances as fast as frames can be shown
 
 static double children_ms() {
     rusage used = {};
@@ -55,7 +55,7 @@ static double player_frame_ms(lv_obj_t *player, const std::string &path) {
         clip_now += 40;
         lv_timer_handler();
     }
-    if (abs(ticks - FRAMES) > 5) { // a clip ends a tick behind its last frame
+    if (abs(ticks - FRAMES) > 5) { // a clip ends one tick after its last frame
         fprintf(stderr, "%s: %d frames, not %d\n", path.c_str(), ticks, FRAMES);
         exit(1);
     }
@@ -69,7 +69,7 @@ static void clip_rows(lv_obj_t *player, const char *name, const char *encoder) {
     double plain = 1e9;
     double picture = 1e9;
     double window = 1e9;
-    for (int turn = 0; turn < TURNS; turn++) { // by turns, so that a busy machine hits all
+    for (int turn = 0; turn < TURNS; turn++) { // in turns, so a busy machine affects all
         plain = std::min(plain, ffmpeg_frame_ms(path));
         window = std::min(window, player_frame_ms(player, path));
         lv_disp_enable_invalidation(nullptr, false); // LVGL draws nothing

@@ -1,6 +1,6 @@
-# What people run is built so that a memory fault in it is hard to make use of: overflows of buffers on the stack and in
-# calls of the C library end the program, addresses differ from run to run, and tables of functions are read-only once the
-# program has started. Sanitized and debug builds find such faults by other means, and the second needs optimisation.
+# Hardens release builds against the exploitation of memory faults: overflows of stack buffers and in calls of the C
+# library end the program, addresses differ from run to run, and function tables are read-only after start. Sanitized and
+# debug builds find such faults by other means, and fortified calls need optimisation.
 include(CheckPIESupported)
 include(CheckCCompilerFlag)
 check_pie_supported(LANGUAGES C CXX)

@@ -1,4 +1,4 @@
-# What another project needs to build its own panel, and the panel itself with its project folder.
+# Installs the runtime for other projects, and the panel with its project folder.
 include(CMakePackageConfigHelpers)
 
 set(zof_headers ${CMAKE_INSTALL_INCLUDEDIR}/zof)

@@ -1,4 +1,4 @@
-# Copies the licence texts of all that the panel is made with into the folder TO.
+# Copies the licence texts of everything in the panel into the folder TO.
 file(MAKE_DIRECTORY ${TO})
 configure_file(${LVGL} ${TO}/lvgl.txt COPYONLY)
 foreach(package fonts-inter-variable libsdl2-2.0-0 libavcodec59 libavformat59 libswscale6 libswresample4

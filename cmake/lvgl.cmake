@@ -1,10 +1,10 @@
-# LVGL 8.3: unmodified source from the crate `lvgl-sys`, fetched by cargo, checked, copied into the build tree, patched
-# with the series in third_party/lvgl/patches and compiled with our lv_conf.h. Nothing of it is ever committed.
+# LVGL 8.3: unmodified source from the crate `lvgl-sys`, fetched by cargo, verified, copied into the build tree, patched
+# with the series in third_party/lvgl/patches and compiled with our lv_conf.h. None of it is committed.
 set(lvgl_room ${PROJECT_SOURCE_DIR}/third_party/lvgl)
 set(lvgl_tree ${PROJECT_BINARY_DIR}/lvgl)
 set(lvgl_sha256 "3a36d415d2b720d94a083828132f03b4b333093388c9406ec8f381a0edd3a920")
 
-# Prints one checksum over the names and contents of all files below a folder.
+# Prints a checksum over the names and contents of all files in a folder.
 function(zof_tree_checksum folder out)
   file(GLOB_RECURSE files RELATIVE ${folder} ${folder}/*)
   list(SORT files)
@@ -20,7 +20,7 @@ endfunction()
 function(zof_lvgl_fetch out)
   find_program(ZOF_CARGO NAMES cargo cargo-web)
   if(NOT ZOF_CARGO)
-    message(FATAL_ERROR "LVGL comes through cargo, and there is none. Install Debian's package cargo-web, or give "
+    message(FATAL_ERROR "cargo, which fetches LVGL, is missing. Install Debian's package cargo-web, or give "
                         "an LVGL 8.3 tree with -DZOF_LVGL_SOURCE=DIR.")
   endif()
   set(manifest ${PROJECT_BINARY_DIR}/lvgl-fetch)
@@ -35,12 +35,12 @@ function(zof_lvgl_fetch out)
   endif()
   string(REGEX MATCH "\"manifest_path\":\"([^\"]*lvgl-sys-0\\.6\\.2)/Cargo\\.toml\"" found "${metadata}")
   if(NOT CMAKE_MATCH_1)
-    message(FATAL_ERROR "LVGL: cargo's answer does not tell where lvgl-sys 0.6.2 lies")
+    message(FATAL_ERROR "LVGL: cargo's output does not contain the path of lvgl-sys 0.6.2")
   endif()
   set(${out} ${CMAKE_MATCH_1}/vendor/lvgl PARENT_SCOPE)
 endfunction()
 
-# The copy is made anew when the source, a patch or the way of copying changes.
+# The copy is made again when the source, a patch or this file changes.
 file(GLOB lvgl_patches CONFIGURE_DEPENDS ${lvgl_room}/patches/*.patch)
 list(SORT lvgl_patches)
 set(lvgl_stamp "2 ${ZOF_LVGL_SOURCE} ${lvgl_sha256}")
@@ -88,10 +88,10 @@ target_include_directories(zof_lvgl PRIVATE ${PROJECT_SOURCE_DIR}/zof_src)
 target_link_libraries(zof_lvgl PUBLIC Freetype::Freetype m)
 target_compile_options(zof_lvgl PRIVATE -w)
 if(ZOF_SANITIZE MATCHES undefined)
-  # Its PNG decoder copies nothing from nowhere, which is harmless and not ours to mend.
+  # Its PNG decoder calls memcpy with null and a size of 0, which is harmless and not ours to fix.
   target_compile_options(zof_lvgl PRIVATE -fno-sanitize=nonnull-attribute)
 endif()
-if(ZOF_FUZZ) # what reads files is looked into, all else would only be noise
+if(ZOF_FUZZ) # only readers of files are instrumented; the rest would be noise
   set(lvgl_readers ${lvgl_sources})
   list(FILTER lvgl_readers INCLUDE REGEX "/src/extra/libs/(gif|png|sjpg)/")
   set_source_files_properties(${lvgl_readers} PROPERTIES COMPILE_OPTIONS -fsanitize=fuzzer-no-link)

@@ -1,7 +1,7 @@
 # The panel's project folder, staged in the build tree: view and language files from res/make/panel.py, fonts from
 # Debian's family, pictures drawn by a script; and the ids of its controls as C enumerators. A second folder is staged
 # for tests, with a version and build time that never change.
-find_program(ZOF_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED) # Debian's own, which sees its modules
+find_program(ZOF_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED) # Debian's own, which finds Debian's modules
 
 set(ZOF_BENCH_VERSION 1.0.0)
 string(TIMESTAMP ZOF_BENCH_TIME "%Y-%m-%d %H:%M" UTC)
@@ -23,7 +23,7 @@ add_custom_command(OUTPUT ${pictures} COMMENT "Pictures of the panel" VERBATIM
   COMMAND ${ZOF_PYTHON} ${res_make}/art.py ${ZOF_BENCH_STAGE}/res/font ${ZOF_BENCH_STAGE}/res/image
   DEPENDS ${res_make}/art.py ${fonts})
 
-# One stamp for each folder of view files; the build's own carries the time of the last configuration.
+# One stamp per folder of view files; the one for the panel has the time of the last configuration.
 function(res_views stamp folder version time)
   file(WRITE ${stamp}.args.new "${version} ${time}\n")
   file(COPY_FILE ${stamp}.args.new ${stamp}.args ONLY_IF_DIFFERENT)
@@ -41,7 +41,7 @@ add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/test-res.stamp VERBATIM
   COMMAND ${CMAKE_COMMAND} -E touch ${PROJECT_BINARY_DIR}/test-res.stamp
   DEPENDS ${fonts} ${pictures})
 
-# The licences that the page about the panel points at: of what is compiled in, and of what is linked or drawn with.
+# The licences that the About page refers to: of code compiled in, and of libraries and fonts.
 add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/licences.stamp COMMENT "Licences" VERBATIM
   COMMAND ${CMAKE_COMMAND} -DTO=${ZOF_BENCH_STAGE}/licences -DLVGL=${PROJECT_BINARY_DIR}/lvgl/LICENCE.txt
           -P ${PROJECT_SOURCE_DIR}/cmake/licences.cmake

@@ -1,4 +1,4 @@
-// Writes the ids of a project's views and controls as C enumerators, so that a name in code cannot drift from its file.
+// Writes the ids of a project's views and controls as C enumerators, which keeps programs in step with their view files.
 // usage: zof_ids PROJECT_FOLDER OUTPUT.h      The view `main.g` with id 1 becomes VIEW_MAIN_ID = 1, and its control
 // `label0` with id 5 VIEW1_LABEL0_ID = 5.
 #include <cjson/cJSON.h>
@@ -25,7 +25,7 @@ static int fail(const std::string &place, const char *what) {
     return 1;
 }
 
-// A name as C writes constants; other characters become '_'.
+// Converts a name to the form of a C constant; other characters become '_'.
 static std::string upper(const std::string &name) {
     std::string out;
     for (const char c : name) {
@@ -43,17 +43,17 @@ static std::string view_enumerator(const std::string &file) {
     return "VIEW_" + upper(file.substr(0, file.find_last_of('.'))) + "_ID";
 }
 
-// Two projects in one program have headers of the same name: the guard is made of the project's.
+// The guard contains the project's name, because a program with two projects includes two headers of the same name.
 static std::string guard(const cJSON *project, const std::string &folder) {
     const char *name = cJSON_GetStringValue(cJSON_GetObjectItem(project, "p_name"));
     return "ZOF_" + upper(name && *name ? name : folder) + "_IDS_H";
 }
 
-// The file as an object, to be deleted; null after a line that says where it is wrong.
+// Parses a file into an object owned by the caller; null after a message with the position of the fault.
 static cJSON *parse(const std::string &path) {
     std::string text;
     if (!read_file(path, text)) {
-        fail(path, "it cannot be read");
+        fail(path, "cannot be read");
         return nullptr;
     }
     const char *at = text.c_str();
@@ -66,12 +66,12 @@ static cJSON *parse(const std::string &path) {
     const auto line = std::count(before.begin(), before.end(), '\n') + 1;
     const size_t column = before.size() - (before.find_last_of('\n') + 1) + 1;
     fail(path + ":" + std::to_string(line) + ":" + std::to_string(column),
-         root ? "an object was expected" : "it is not JSON from here on; is a comma missing?");
+         root ? "expected an object" : "not valid JSON from here on; is a comma missing?");
     cJSON_Delete(root);
     return nullptr;
 }
 
-// One view's enumeration; false after a line about what is wrong.
+// Writes the enumeration of one view; false after a message.
 static bool write_view(const std::string &path, int view, std::ostream &out) {
     cJSON *root = parse(path);
     const cJSON *controls = cJSON_GetObjectItem(root, "controls");
@@ -91,7 +91,7 @@ static bool write_view(const std::string &path, int view, std::ostream &out) {
         }
         const std::string word = enumerator(view, name);
         if (!seen.emplace(word, id->valueint).second) {
-            fail(path, (word + " stands for two controls").c_str());
+            fail(path, (word + " would name two controls").c_str());
             good = false;
         }
         if (!ids.insert(id->valueint).second) {
@@ -102,7 +102,7 @@ static bool write_view(const std::string &path, int view, std::ostream &out) {
     }
     out << "};\n\n";
     if (root && !cJSON_IsArray(controls)) {
-        fail(path, "it has no `controls`");
+        fail(path, "has no `controls`");
     }
     cJSON_Delete(root);
     return good;
@@ -121,7 +121,7 @@ int main(int argc, char **argv) {
     const cJSON *views = cJSON_GetObjectItem(root, "views");
     bool good = cJSON_IsArray(views);
     if (root && !good) {
-        fail(folder + "project/zofprj.g", "it has no `views`");
+        fail(folder + "project/zofprj.g", "has no `views`");
     }
     const cJSON *view = nullptr;
     std::ostringstream ids;
@@ -154,5 +154,5 @@ int main(int argc, char **argv) {
     std::ofstream file(argv[2], std::ios::binary);
     file << out.str();
     file.close();
-    return file ? 0 : fail(argv[2], "it cannot be written");
+    return file ? 0 : fail(argv[2], "cannot be written");
 }

@@ -1,5 +1,5 @@
-// Writes what is known of the host protocol's commands into the files of those who write hosts: the reference in docs/,
-// the constants and calls of the C library, the rows of the Python library. The command tables are the one source.
+// Writes the rows of the host protocol into the reference in docs/, the C library (constants and calls) and the Python
+// library. The command tables are the only source.
 // Everything between a file's line with "rows: begin" and its line with "rows: end" is replaced.
 // usage: zof_protocol [--check] FILE.md|FILE.h|FILE.py...     --check writes nothing, and fails if something would
 // change
@@ -27,12 +27,12 @@ struct field_t {
     const field_type_t *type;
 };
 
-// A row with all its fields by name.
+// A row with the names of all its fields.
 struct row_t {
     const zof_hmi_cmd_type_t *type;
     const zof_hmi_param_type_t *param;
     std::vector<field_t> address, request, value; // in wire order
-    bool hidden;                                  // behind a row of the same code: no frame reaches it
+    bool hidden;                                  // shadowed by an earlier row with the same code
 };
 
 static std::vector<field_t> fields(const zof_hmi_rec_t *list, const char *names) {
@@ -140,7 +140,7 @@ static std::string comment(const std::string &text) {
 
 // C library
 
-// A prototype of at most 120 columns, its arguments under each other's.
+// A prototype of at most 120 columns with aligned arguments.
 static std::string prototype(const std::string &name, const std::vector<std::string> &args) {
     std::string out = name + "(";
     const size_t indent = out.size();
@@ -160,7 +160,7 @@ static std::string prototype(const std::string &name, const std::vector<std::str
     return out + "\n";
 }
 
-// One call: arguments and what puts them into the frame.
+// One call: its arguments, and the statements that put them into the frame.
 static void c_call(const row_t &row, const char *verb, const char *op,
                    const std::vector<const std::vector<field_t> *> &lists, std::ostream &out) {
     std::vector<std::string> args = {"zof_host_t *host"};
@@ -228,7 +228,7 @@ static void python(const zof_hmi_cmd_type_t &type, std::ostream &out) {
             value = camel(name_of(r));
             out << "\n\nclass " << value << "(NamedTuple):\n";
             for (const field_t &f : r.value) {
-                // Every tuple has methods of these names.
+                // Every tuple has methods with these names.
                 const bool hides = f.name == "count" || f.name == "index";
                 out << "    " << f.name << ": " << py_type(f) << (hides ? "  # type: ignore[assignment]" : "") << "\n";
             }
@@ -274,7 +274,7 @@ static int refresh(const std::string &file, bool check) {
     begin = begin == std::string::npos ? begin : old.find('\n', begin);
     const size_t mark = old.find("rows: end");
     if (!in || begin == std::string::npos || mark == std::string::npos || mark < begin) {
-        return fail(file, "no lines with \"rows: begin\" and \"rows: end\"");
+        return fail(file, "has no lines with \"rows: begin\" and \"rows: end\"");
     }
     const size_t end = old.rfind('\n', mark) + 1;
     const std::string now = old.substr(0, begin + 1) + all_rows(file) + old.substr(end);
@@ -282,7 +282,7 @@ static int refresh(const std::string &file, bool check) {
         return 0;
     }
     if (check) {
-        return fail(file, "does not hold the command rows as they are; build the target `protocol`");
+        return fail(file, "is out of date with the command rows; build the target `protocol`");
     }
     std::ofstream to(file, std::ios::binary);
     to << now;

@@ -1,4 +1,4 @@
-// The public face of the runtime: every public header. C and C++.
+// Includes every public header of the runtime. For C and C++.
 #ifndef ZOF_H
 #define ZOF_H
 

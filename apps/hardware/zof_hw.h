@@ -1,4 +1,4 @@
-// Start of the box's hardware as the panel sees it.
+// Starts the hardware of the box.
 #ifndef ZOF_HW_H
 #define ZOF_HW_H
 

@@ -1,5 +1,5 @@
-// A view's control table: one row an id, empty where nothing is wired. The ids of a view are small and dense, so the
-// table is written as its wired rows and filled up with empty ones at compile time.
+// A view's control table: one row per id, empty where nothing is wired. The ids of a view are small and dense, so only
+// the wired rows are written down, and the empty ones are added at compile time.
 #ifndef VIEW_WIRING_H
 #define VIEW_WIRING_H
 
@@ -7,7 +7,7 @@
 
 #include "zof.h"
 
-// Controls without a function of their own still get a row, and by it press tone and hook.
+// Controls without a function of their own still need a row, for the press tone and the touch hook.
 inline void no_event(zof_ctrl_t *, zof_event_e) {
 }
 
@@ -26,7 +26,7 @@ constexpr std::array<zof_ctrl_fun_t, N> view_rows(const zof_ctrl_fun_t (&wired)[
     return rows;
 }
 
-// What a link to another view does: slides, slow at the end; tabs jump.
+// Links to another view slide, slow at the end; tabs change the view immediately.
 enum { SLIDE_MS = 250 };
 inline void tab_to(u32 view) {
     zof_view_set_dis_view_anim(view, ZOF_SCR_LOAD_ANIM_NONE, 0, 0, ZOF_ANIM_PATH_END_SLOW);
@@ -38,7 +38,7 @@ template <u32 VIEW> void tab_event(zof_ctrl_t *, zof_event_e event) {
     }
 }
 
-// A link label: bright under the finger, amber at rest.
+// A link label: bright while pressed, otherwise amber.
 inline void link_event(zof_ctrl_t *ctrl, zof_event_e event, u32 view, u32 transition) {
     enum : zof_color_t { AT_REST = 0xFFFF9F0A, UNDER_FINGER = 0xFFFFE680 };
     if (event == ZOF_EVENT_PRESSED) {

@@ -25,7 +25,7 @@ def save(im, name):
 
 
 def dial(full=48, marks=(0, 5, 9, 15, 20, 28, 36, 48), size=320, r0=129):
-    """Scale of the voltage arc: a short tick each volt, a long one with its number at the usual steps."""
+    """The scale of the voltage arc: a short tick per volt, a long one with a number at the usual steps."""
     im = Image.new("RGBA", (size * S, size * S), (*GREY, 0))
     d, c = ImageDraw.Draw(im), size * S / 2
     for v in range(full + 1):
@@ -40,13 +40,13 @@ def dial(full=48, marks=(0, 5, 9, 15, 20, 28, 36, 48), size=320, r0=129):
     for v in marks:
         x, y = polar(c, c, (r0 + 21) * S, 135 + 270 * v / full)
         d.text((x, y), str(v), font=f, fill=(*GREY, 255), anchor="mm")
-        if v == full:                       # one number carries the unit for all
+        if v == full:                       # only one number has the unit
             d.text((x + 13 * S, y), "V", font=f, fill=(*GREY, 255), anchor="lm")
     save(Image.alpha_composite(im, over.resize((size, size), Image.LANCZOS)), "dial.png")
 
 
 def toggle(size=184, ring=6, shade=128):
-    """Lies on the toggle's state colour and under its words: darkens the disc, leaves a ring and the sign pure."""
+    """An overlay between the toggle's state colour and its text: darkens the disc, except for a ring and the sign."""
     im = Image.new("L", (size * S, size * S), 0)
     d, c = ImageDraw.Draw(im), size * S / 2
     r = (size / 2 - ring) * S
@@ -69,7 +69,7 @@ def toggle(size=184, ring=6, shade=128):
 
 
 def logo(name, size):
-    """The dial as a sign: large at power-on, small on the page about the panel."""
+    """The dial as a logo: large at power-on, small on the About page."""
     k = S * size / 160                           # drawn on a sheet of 160
     im = Image.new("RGBA", (size * S, size * S), (0, 0, 0, 0))
     d, c, r, w = ImageDraw.Draw(im), size * S / 2, 72 * k, round(12 * k)

@@ -2,8 +2,8 @@
 """Makes the panel's fonts from one Debian family.   usage: fonts.py OUTPUT_FOLDER
 
 Needs: apt install fonts-inter-variable python3-fonttools python3-pil fontconfig
-The runtime takes no OpenType features and no weight axis, so what the panel needs is frozen into
-plain TrueType files here: one weight each, tabular digits as the default digits, small unit letters.
+The runtime does not support OpenType features or weight axes, so they are frozen into plain TrueType
+files here: one weight each, tabular digits as the default digits, small unit letters.
 """
 import os
 import struct
@@ -63,7 +63,7 @@ def redraw(font, glyph, source, scale=1.0, dx=0.0, dy=0.0, adv=None):
 
 
 def level(font, glyph, adv, optical=0.0):
-    """Give a digit the advance `adv` and stand it in the middle of it; `optical` moves it left."""
+    """Set a digit's advance to `adv` and centre it; `optical` moves it left."""
     g = font["glyf"][glyph]
     g.recalcBounds(font["glyf"])
     dx = round((adv - g.xMin - g.xMax) / 2) - round(optical * adv)
@@ -109,10 +109,10 @@ def make(name, cfg):
         source = instantiateVariableFont(TTFont(path), {"wght": cfg["wght"]}, inplace=False)
         hy, en = cmap[ord("-")], source.getBestCmap()[0x2013]
         bounds = source["glyf"][source.getBestCmap()[ord("-")]]
-        if cfg["dash"] == "digit":      # unknown reading: a dash in each digit's place
+        if cfg["dash"] == "digit":      # unknown reading: a dash in place of each digit
             w = bounds.xMax - bounds.xMin
             redraw(font, (hy, source.getBestCmap()[ord("-")]), source, 1.0, (digit - w) / 2 - bounds.xMin, 0, digit)
-        else:                           # range of a rail: an en dash with air
+        else:                           # range of a rail: an en dash with space around it
             redraw(font, (hy, en), source, 0.8, 0.06 * upm, 0.02 * upm,
                    source["hmtx"][en][0] * 0.8 + 0.12 * upm)
     if "unit" not in cfg:               # at 16 px the line rounds to 20 then, and its middle to the middle of its box
@@ -126,7 +126,7 @@ def make(name, cfg):
         rec.string = {1: family, 2: "Regular", 4: family, 6: family.replace(" ", ""), 3: family}.get(rec.nameID, rec.toUnicode())
     font["OS/2"].usWeightClass = 400
     font["head"].macStyle = 0
-    font.recalcTimestamp = False        # the same input gives the same bytes
+    font.recalcTimestamp = False        # reproducible output
     os.makedirs(OUT, exist_ok=True)
     font.save(os.path.join(OUT, name))
     hh = font["hhea"]
@@ -136,9 +136,9 @@ def make(name, cfg):
 
 
 def bitmap(ttf, size, fade=None):
-    """The runtime's own bitmap format, 8 bits a pixel: here a glyph can be fainter than its neighbours.
+    """The runtime's own bitmap format, 8 bits per pixel, in which a glyph can be fainter than its neighbours.
 
-    The board's amperes and watts come with the unit in the same text, so only the font can set it back.
+    The board's amperes and watts have the unit in the same text, so only the font can make it fainter.
     """
     from PIL import Image, ImageFont
     fade = fade or {"A": 0.7, "V": 0.7, "W": 0.7, "h": 0.7, "-": 0.5, "\u2024": 0.5}

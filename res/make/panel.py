@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""The panel's layout as data: views, controls, texts. `views.py` writes it as view and language files."""
+"""The panel's layout as data: views, controls, texts. `views.py` writes the view and language files from it."""
 
 # palette -------------------------------------------------------------------------------------------
 BLACK, WHITE = 0x000000, 0xFFFFFF
@@ -49,11 +49,11 @@ def image(i, x, y, w, h, src, **kw):
     return dict(id=i, type="image", box=(x, y, w, h), src=src, **kw)
 
 
-TABS = ("tab_output", "tab_rails", "tab_settings", "tab_about")      # places from left to right
+TABS = ("tab_output", "tab_rails", "tab_settings", "tab_about")      # from left to right
 
 
 def tabs(here, ids, mark):
-    """`ids`: control id for each place but `here`; `mark`: id of the plain mark."""
+    """`ids`: control id of each tab except `here`; `mark`: id of the label that marks the current tab."""
     out = []
     for place, key in enumerate(TABS):
         x = place * 200
@@ -67,20 +67,20 @@ def tabs(here, ids, mark):
 
 
 # view 1: output ------------------------------------------------------------------------------------
-# The decimal points of volts, amperes and watts stand under one another: DOT is the middle of that line.
+# The decimal points of volts, amperes and watts are aligned: DOT is the centre of that line.
 EM = {NUM: (0.605, 0.229, 0.10), RAIL: (0.622, 0.238, 0.16)}          # digit, point, space, in em
 UNIT = {"A": 0.297, "W": 0.419, "V": 0.296, "h": 0.244}                  # unit letters of bench-num, in em
 DOT = 173
 
 
 def right_edge(size, decimals, unit=""):
-    """Right edge of a right-aligned reading whose point stands on DOT."""
+    """Right edge of a right-aligned reading whose decimal point is at DOT."""
     digit, point, space = EM[NUM]
     return round(DOT + size * (point / 2 + decimals * digit + ((space + UNIT[unit]) if unit else 0)))
 
 
 BIG, MID = 112, 56
-# A reading that is not known yet has U+2024 for its point: the fonts draw that one as faint as the dashes.
+# An unknown reading has U+2024 as its decimal point, which the fonts draw as faint as the dashes.
 V1 = [
     label(1, 16, 18, right_edge(BIG, 2) - 16, 136, "-․--", NUM, BIG, WHITE, "right", role="volts"),
     label(2, right_edge(BIG, 2) + 11, 18, 48, 136, "V", NUM, BIG, WHITE, "left", role="unit", dimunit=True),
@@ -145,7 +145,7 @@ V2 = [
 ] + tabs(1, {0: 93, 3: 95, 2: 96}, 92)
 
 # view 3: about -------------------------------------------------------------------------------------
-# A label is placed by the height of its key as it stands in the file: a key must fit its label in one line.
+# A label is aligned by the height of its key in the file, so the key must fit on one line of the label.
 EN |= {
     "about_title": "USB Power Delivery bench box", "about_sub": "Front panel", "about_ver": "Version",
     "about_time": "Built", "about_link": "Board link", "about_link_is": "serial, 115 200 baud, 8N1",
@@ -165,7 +165,7 @@ DE |= {
 
 
 def about():
-    """Live labels, so that the page stays sharp, follows the language and can be checked. Ids from 6 on."""
+    """Real labels, so the page is sharp, follows the language and can be tested. Ids start at 6."""
     out = [image(1, 32, 16, 80, 80, "logo_small.png")]
     ids = iter(range(6, 60))
 
@@ -213,14 +213,14 @@ V4 = [
     label(14, 32, 360, 560, 28, "#auto_arm_hint", TEXT, 16, GREY),
     dict(id=13, type="switch", click=True, box=(672, 336, 96, 48), value=0, on=AMBER, off=TRACK),
 ] + tabs(2, {0: 15, 1: 16, 3: 17}, 18)
-for table in (EN, DE):                  # the tick stands on the disc of the option
+for table in (EN, DE):                  # the tick is on the disc of the option
     for key in ("boot_off", "boot_last"):
         table[key] = "✓   " + table[key]
 
 VIEWS = {1: V1, 2: V2, 3: V3, 4: V4}
 
 # names --------------------------------------------------------------------------------------------
-# The program knows its controls by these names (VIEW1_LABEL0_ID and so on); all others get one from type and id.
+# The program uses these names of controls (VIEW1_LABEL0_ID and so on); all others are named after type and id.
 NAMES = {
     1: {1: "label0", 3: "label2", 4: "label3", 5: "label4", 7: "arc0", 8: "label6", 11: "label7", 12: "label8",
         13: "label9", 14: "label10", 16: "label13", 25: "label21"},

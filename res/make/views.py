@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Writes panel.py as the project folder's view, theme, language and project files.
+"""Writes the view, theme, language and project files of the project folder from panel.py.
 
 usage: views.py OUTPUT_FOLDER APP_VERSION COMP_TIME
 """
@@ -51,7 +51,7 @@ def text(font, size, color):
 
 
 def pressed(c):
-    """What a control shows under the finger, as changes of its look; nothing for most."""
+    """The pressed state of a control, as changes of its style; none for most."""
     role = c.get("role")
     if role == "toggle":
         return dict(bg=P.DIM)
@@ -147,7 +147,7 @@ def main():
     for view, rows in P.VIEWS.items():
         entries = list(controls(view, rows))
         ids = [e["property"]["pub_t"]["id"] for e in entries]
-        assert len(ids) == len(set(ids)), f"view {view}: an id stands twice"
+        assert len(ids) == len(set(ids)), f"view {view}: duplicate id"
         write(f"view/{names[view]}.g", {
             "view": {"v_name": names[view], "v_id": view, "bg_scale": 255, "bg_color": P.BLACK, "layer": 0, "model_en": False},
             "controls": entries})

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Installs the build and makes other people's panels with it: the blank application and the gallery, as their authors
-# would.   usage: package.sh BUILD_FOLDER SOURCE_FOLDER FLAGS
+# Installs the build and builds projects against it as users would: the blank application and the gallery.
+#   usage: package.sh BUILD_FOLDER SOURCE_FOLDER FLAGS
 set -eu
 build=$1 source=$2 flags=$3
 work=$build/package-test

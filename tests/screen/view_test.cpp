@@ -53,7 +53,7 @@ TEST_CASE("missing views are reported and change nothing") {
     project.write("config/view/v77.g", R"({"view": {"v_id": 77}, "controls": []})");
     project.more = R"(, "start_page": 9)";
     std::string said = printed([&] { project.open(320, 240); });
-    CHECK(contains(said, "view 9: the project file names no such view"));
+    CHECK(contains(said, "view 9: no such view in the project file"));
 
     for (const auto &[number, line] : {std::pair{2, "gone.g"}, {3, "broken.g:2:"}, {77, "no functions for v_id 77"}}) {
         CAPTURE(line);

@@ -1,5 +1,5 @@
 #!/bin/sh
-# The panel on a bad line: with every fault of the virtual board it lives, and its readings come as soon as anything comes.
+# The panel on a bad line: it survives every fault of the virtual board, and shows readings as soon as any arrive.
 # usage: faults.sh BUILD_FOLDER
 . "$(dirname "$0")/lib.sh"
 build=$1
@@ -19,7 +19,7 @@ readings='until 20000 1 1 *\nuntil 20000 1 3 *\nview 2\nuntil 20000 2 2 5.00 V\n
 for fault in garbage=50 late=300 flood=11520; do
     run $fault "$readings"
 done
-# A lost request is not repeated, nor its answer: only what the board pushes comes all the same.
+# Lost requests and answers are not repeated; only what the board pushes by itself still arrives.
 for fault in lose=0.5 split=20 replug=1; do
     run $fault 'until 20000 1 1 *\nwait 2500\nuntil 20000 1 3 *\nquit\n'
 done

@@ -1,12 +1,12 @@
 #!/bin/sh
-# Two panels and their hosts: the bench panel, with its virtual board, and the gallery, each on a line of its own with
-# a monitor on it. The command line in Python and the example in C drive both; the monitors have to have seen it all by
-# name, and a recording, said again to the gallery, has to be answered as written.   usage: hosts.sh BUILD_FOLDER SOURCE_FOLDER
+# Two panels and their hosts: the bench panel, with its virtual board, and the gallery, each on its own line with a
+# monitor. The Python command line and the C example drive both; the monitors must decode all of it, and a recording
+# replayed to the gallery must get the recorded answers.   usage: hosts.sh BUILD_FOLDER SOURCE_FOLDER
 . "$(dirname "$0")/lib.sh"
 build=$1 source=$2
 export SDL_VIDEODRIVER=offscreen SDL_AUDIODRIVER=dummy PYTHONPATH="$source/clients/python" PYTHONDONTWRITEBYTECODE=1
 
-# A second of silence ends a frame: on a busy machine the bytes of one may come far apart.
+# One second of silence ends a frame: on a busy machine the bytes of a frame may arrive far apart.
 monitor() {
     start $1.monitor "$build/tools/zof_monitor" watch --panel-link "$work/$1.panel" --host-link "$work/$1.host" --gap 1000 \
         --record "$work/$1.rec"
@@ -30,7 +30,7 @@ gallery "$work/gallery.panel"
 gallery=$!
 for name in bench gallery; do expect "$work/$name.rec" "value system.reboot word=43707"; done
 
-# A host of each kind on each panel.
+# Both kinds of host on each panel.
 host gallery set view.display 5
 host gallery set slider.value 5/23 77
 for at in bench/17 gallery/1; do
@@ -43,8 +43,8 @@ expect "$work/gallery.monitor.log" 'value slider.value view=5 control=23 value=7
 expect "$work/bench.monitor.log" 'write label.text view=1 control=17 text="0.04 V"'
 ! grep -q '!!' "$work"/*.monitor.log || fail "a fault on a good line"
 
-# The gallery once more, as the host of a recording: it answers as written. Half a second between frames is enough for
-# any machine.
+# Replays a recording to the gallery, which must answer as recorded. Half a second between frames is enough for any
+# machine.
 "$build/tools/zof_monitor" show "$work/gallery.rec" --only slider.value | grep -q 'write slider.value view=5 control=23 value=77' ||
     fail "the recording cannot be read"
 kill "$gallery"
@@ -62,5 +62,5 @@ start replay "$build/tools/zof_monitor" replay "$work/written.rec" --panel-link 
 replay=$!
 expect "$work/again"
 gallery "$work/again"
-wait $replay || fail "the gallery answers otherwise"
+wait $replay || fail "the gallery's answers differ"
 grep -q ' 0 differences' "$work/replay.log" || fail "no comparison"

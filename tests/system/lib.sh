@@ -1,5 +1,5 @@
-# What the tests of the whole share, to be sourced: $work is a folder of the test's own, and all that `start` has started
-# ends with the test. One that fails shows the ends of its logs.
+# Shared by the system tests, to be sourced: $work is a temporary folder of the test, and programs started by `start` end
+# with the test. A failing test prints the ends of its logs.
 set -eu
 work=$(mktemp -d)
 pids=""
@@ -12,7 +12,7 @@ finish() {
 trap finish EXIT
 fail() { echo "$(basename "$0" .sh): $*" >&2; exit 1; }
 
-# Waits for a file, or for a line in it; twenty seconds and more.
+# Waits for a file, or for a line in it, for at least twenty seconds.
 expect() {
     tries=0
     until [ -e "$1" ] && { [ $# -eq 1 ] || grep -q -- "$2" "$1"; }; do
@@ -22,7 +22,7 @@ expect() {
     done
 }
 
-# A program behind our back, its output in $work/NAME.log.   start NAME COMMAND...
+# Starts a program in the background, with its output in $work/NAME.log.   start NAME COMMAND...
 start() {
     log=$work/$1.log
     shift

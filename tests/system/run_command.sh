@@ -1,6 +1,6 @@
 #!/bin/sh
-# The first command of the README, as a machine without a display runs it: on the virtual board, and on a board that is
-# there already.   usage: run_command.sh SOURCE_FOLDER
+# The first command of the README on a machine without a display: with the virtual board that it starts, and with a board
+# that is already running.   usage: run_command.sh SOURCE_FOLDER
 . "$(dirname "$0")/lib.sh"
 cd "$1"
 
@@ -16,13 +16,13 @@ start board build/release/tools/board_sim --link "$work/board"
 expect "$work/board"
 check ZOF_COM6="$work/board"
 
-# What people run is hardened; the flags are read back from the programs, not from the build's files.
+# Release programs are hardened; the flags are read back from the programs, not from the build files.
 has() { readelf -W $2 "$1" 2>/dev/null | grep -Eq -- "$3" || fail "$1: $4"; }
 for program in panel/zof_bench tools/board_sim tools/zof_monitor tools/zof_ids clients/c/example/host_example; do
     program=build/release/$program
     has "$program" -h 'Type: +DYN' "not a position-independent program"
     has "$program" -l GNU_RELRO "no read-only relocations"
-    has "$program" -d 'BIND_NOW|NOW' "functions are bound late"
+    has "$program" -d 'BIND_NOW|NOW' "no immediate binding"
 done
 has build/release/panel/zof_bench --dyn-syms __stack_chk_fail "no stack protector"
 has build/release/panel/zof_bench --dyn-syms '__[a-z]+_chk' "calls of the C library are not fortified"

@@ -1,12 +1,12 @@
 #!/bin/sh
-# The program's ways to start: without a project, with a broken one, as a build call, with one argument, for help, with a
-# log that nobody reads; and what zof_ids says of a project that it cannot use.      usage: start.sh BUILD_FOLDER
+# The ways to start the program: without a project, with a broken one, as a build call, with one argument, with --help,
+# with its output closed; and the messages of zof_ids for projects that it refuses.      usage: start.sh BUILD_FOLDER
 . "$(dirname "$0")/lib.sh"
 build=$1
 mkdir -p "$work/a/b"
 cd "$work/a/b"
 
-# Runs a command, its output in the log; fails unless it ends with this status.
+# Runs a command with its output in the log; fails unless it exits with this status.
 ends() {
     want=$1
     shift
@@ -30,18 +30,18 @@ ends 0 "$build/panel/zof_bench" --version
 
 project '{"version": "1"}'
 ends 0 "$build/panel/zof_bench" x y
-[ ! -s "$work/out.log" ] || fail "a call that is none of the program's printed:"
+[ ! -s "$work/out.log" ] || fail "a call with unknown arguments printed something:"
 ends 0 "$build/panel/zof_bench" t -tnow
 grep -q '"comp_time":	"now"' "$work/res/config/project/zofprj.g" || fail "the build time is not in the project file"
 
-# A project without a single view is an empty panel, and one argument is none of the program's business.
+# A project without views is an empty panel, and a single argument is ignored.
 printf 'wait 100\r\n# a comment\nshot %s/empty.png\nquit  \n' "$work" >"$work/session"
 ends 0 env ZOF_SCRIPT="$work/session" ZOF_COM6=/nowhere "$build/panel/zof_bench" t
 says "cannot open /nowhere"
 [ -s "$work/empty.png" ] || fail "there is no picture of the empty panel"
 rm "$work/empty.png"
 ZOF_SCRIPT="$work/session" SDL_VIDEODRIVER=offscreen timeout 60 "$build/panel/zof_bench" | true
-[ -s "$work/empty.png" ] || fail "the panel ended with the reader of its log"
+[ -s "$work/empty.png" ] || fail "the panel ended when its output was closed"
 printf 'wait soon\n' >"$work/session"
 ends 2 env ZOF_SCRIPT="$work/session" "$build/panel/zof_bench"
 says "session:1: a number was expected"
@@ -49,7 +49,7 @@ printf '\ntap 5\n' >"$work/session"
 ends 2 env ZOF_SCRIPT="$work/session" "$build/panel/zof_bench"
 says "session:2: a word is missing"
 
-# A project that zof_ids refuses: the project's file, the view's, and what it says.
+# A project that zof_ids refuses: the project file, the view file, and the message.
 refuses() {
     mkdir -p "$work/res/config/view"
     project "$1"
@@ -61,22 +61,22 @@ refuses() {
 control() { printf '{"property": {"pub_t": {"id": %s}}}' "$1"; }
 views='{"p_name": "Box 2", "views": [{"pageId": 1, "pageName": "v.g"}]}'
 good="{\"controls\": [$(control '7, "name": "a"')]}"
-refuses no "" "zofprj.g:1:1: it is not JSON"
-refuses '[]' "" "zofprj.g:1:1: an object was expected"
-refuses '{}' "" "it has no \`views\`"
+refuses no "" "zofprj.g:1:1: not valid JSON"
+refuses '[]' "" "zofprj.g:1:1: expected an object"
+refuses '{}' "" "zofprj.g: has no \`views\`"
 refuses '{"views": [{"pageId": 1}]}' "" "a view has no \`pageId\` or no \`pageName\`"
 refuses "$views" '{"view": {},
-"a": 1 "controls": []}' "v.g:2:8: it is not JSON from here on; is a comma missing?"
-refuses "$views" "{}" "v.g: it has no \`controls\`"
+"a": 1 "controls": []}' "v.g:2:8: not valid JSON from here on; is a comma missing?"
+refuses "$views" "{}" "v.g: has no \`controls\`"
 refuses "$views" "{\"controls\": [$(control 1)]}" "a control has no"
-refuses "$views" "{\"controls\": [$(control '1, "name": "a b"'), $(control '2, "name": "A-B"')]}" "VIEW1_A_B_ID stands for two controls"
+refuses "$views" "{\"controls\": [$(control '1, "name": "a b"'), $(control '2, "name": "A-B"')]}" "VIEW1_A_B_ID would name two controls"
 refuses "$views" "{\"controls\": [$(control '7, "name": "a"'), $(control '7, "name": "b"')]}" "two controls have the id 7"
-refuses "$views" "$good" "it cannot be written" "$work/nowhere/ids.h"
+refuses "$views" "$good" "cannot be written" "$work/nowhere/ids.h"
 ends 0 "$build/tools/zof_ids" "$work/res" "$work/ids.h"
 grep -q 'VIEW1_A_ID = 7,' "$work/ids.h" && grep -q 'VIEW_V_ID = 1,' "$work/ids.h" || fail "an id is missing"
-grep -q '#ifndef ZOF_BOX_2_IDS_H' "$work/ids.h" || fail "the guard has not the project's name"
+grep -q '#ifndef ZOF_BOX_2_IDS_H' "$work/ids.h" || fail "the guard does not contain the project's name"
 
-# FFmpeg brings a hundred libraries along: it is opened when it is needed, and not linked.
+# FFmpeg pulls in a hundred libraries: it is loaded when needed, not linked.
 readelf -d "$build/panel/zof_bench" >"$work/out.log"
-grep -q 'NEEDED.*libSDL2' "$work/out.log" || fail "what the panel links cannot be read"
+grep -q 'NEEDED.*libSDL2' "$work/out.log" || fail "cannot read the libraries that the panel links"
 ! grep -E 'NEEDED.*lib(av|sw)' "$work/out.log" || fail "the panel links FFmpeg"

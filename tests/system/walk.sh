@@ -1,6 +1,6 @@
 #!/bin/sh
-# A person at the panel: a real window under Xvfb, a real pointer, the virtual board at the far end of a pseudo-terminal.
-# Walks the whole story and looks at what board and panel say.      usage: walk.sh BUILD_FOLDER
+# A user at the panel: a real window under Xvfb, a real pointer, the virtual board at the far end of a pseudo-terminal.
+# Walks through all views and checks the output of board and panel.      usage: walk.sh BUILD_FOLDER
 . "$(dirname "$0")/lib.sh"
 build=$1
 seen() { grep -c -- "$1" "$work/board.log" || true; }
@@ -36,14 +36,14 @@ expect "$work/board.log" "report 34 OUT_REQ = 1"
 expect "$work/board.log" "write 22 OUT_STATE = 1"
 expect "$work/board.log" "write 16 LIVE_MV = $mv mV"
 
-# Sliding off fires nothing.
+# Sliding off a button does not trigger it.
 xdotool mousemove --window "$window" 632 168 mousedown 1
 sleep 0.2
 xdotool mousemove --window "$window" 200 340
 sleep 0.2
 xdotool mouseup 1
 sleep 0.3
-[ "$(seen OUT_REQ)" -eq 1 ] || fail "sliding off the toggle fired it"
+[ "$(seen OUT_REQ)" -eq 1 ] || fail "sliding off the toggle triggered it"
 
 tap 396 392                                  # Reset
 expect "$work/board.log" "report 37 SESS_RESET = 1"

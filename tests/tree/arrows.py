@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Checks the arrows between the rooms on every #include, and that system headers stay in the port.
+"""Checks on every #include that dependencies between rooms run downwards, and that only the port uses system headers.
 
 usage: arrows.py SOURCE_FOLDER
 """
@@ -18,7 +18,7 @@ MAY = {
     "func": {"control", "project", "drv", "zof_lib"},
     "hmi": {"func", "control", "project", "drv", "zof_lib"},
 }
-FREE = {"zof.h", "zof_start.h", "zof_start.cpp", "zof_wiring.cpp"}      # the face, the start and the wiring see all
+FREE = {"zof.h", "zof_start.h", "zof_start.cpp", "zof_wiring.cpp"}      # the public header, the start and the wiring may include everything
 SYSTEM = re.compile(r"^(SDL|libav|libsw|windows|unistd|fcntl|termios|dirent|poll|pthread|sys/|asm/|linux/)")
 
 faults = []
@@ -32,7 +32,7 @@ for path in sorted((TOP / "zof_src").rglob("*.[ch]*")):
         kind, name = found.groups()
         place = f"zof_src/{rel}:{number}"
         if room != "port" and SYSTEM.match(name):
-            faults.append(f"{place}: {name} is the host's; only port/ may include it")
+            faults.append(f"{place}: {name} is a system header; only port/ may include it")
         if kind == "<" or room in FREE:
             continue
         target = name.split("/")[0]
@@ -41,6 +41,6 @@ for path in sorted((TOP / "zof_src").rglob("*.[ch]*")):
 for path in sorted((TOP / "apps").rglob("*.[ch]*")):
     for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
         if re.match(r'\s*#\s*include\s*"(port|drv/zof_[a-z]+_up)', line):
-            faults.append(f"{path.relative_to(TOP)}:{number}: the application sees the port or the wiring")
+            faults.append(f"{path.relative_to(TOP)}:{number}: the application includes the port or the wiring")
 print("\n".join(faults))
 sys.exit(1 if faults else 0)

@@ -1,5 +1,5 @@
 #!/bin/sh
-# The code is laid out as .clang-format says, by the version of clang-format that the packages pin: others differ.
+# Checks that the code is formatted by .clang-format, with the pinned version of clang-format, as other versions differ.
 #   usage: format.sh SOURCE_FOLDER [fix]
 set -eu
 cd "$1"
@@ -7,4 +7,4 @@ files=$(find apps bench clients examples tests tools zof_src \( -name '*.cpp' -o
 if [ "${2:-}" = fix ]; then
     exec clang-format-16 -i $files
 fi
-clang-format-16 --dry-run -Werror $files || { echo "tests/tree/format.sh . fix lays it out" >&2; exit 1; }
+clang-format-16 --dry-run -Werror $files || { echo "run tests/tree/format.sh . fix" >&2; exit 1; }

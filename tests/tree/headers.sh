@@ -1,5 +1,5 @@
 #!/bin/sh
-# Every public header compiles alone, in C and in C++.   usage: headers.sh SOURCE_FOLDER COMPILE_FLAGS...
+# Checks that every public header compiles on its own, in C and in C++.   usage: headers.sh SOURCE_FOLDER COMPILE_FLAGS...
 set -eu
 top=$1
 shift
@@ -8,7 +8,7 @@ for header in $(cd "$top/zof_src" && find . -name '*.h' ! -path './port/*' ! -na
     for language in c c++; do
         case $language in c) std=c11 ;; *) std=c++20 ;; esac
         echo "#include \"${header#./}\"" | cc -x $language -std=$std -Wall -Wextra -Wno-missing-field-initializers -Werror \
-            -fsyntax-only -I"$top/zof_src" "$@" - || { echo "$header does not compile alone in $language" >&2; status=1; }
+            -fsyntax-only -I"$top/zof_src" "$@" - || { echo "$header does not compile on its own in $language" >&2; status=1; }
     done
 done
 exit $status

@@ -1,4 +1,4 @@
-// How LVGL is built for this system. What is not named here stays at LVGL's own default (src/lv_conf_internal.h).
+// The configuration of LVGL. Options not set here have LVGL's defaults (src/lv_conf_internal.h).
 #ifndef LV_CONF_H
 #define LV_CONF_H
 
@@ -8,11 +8,11 @@
 #define LV_COLOR_DEPTH 32
 #define LV_USE_LARGE_COORD 1
 
-// Opacity and zoom of whole objects are drawn through layers with alpha, which LVGL only has with this switch. The
-// display itself is opaque, so win_disp_init gives it a covering background.
+// Opacity and zoom of whole objects are drawn through layers with alpha, which need this option. The display itself is
+// opaque, so win_disp_init sets an opaque background.
 #define LV_COLOR_SCREEN_TRANSP 1
 
-// Memory is counted with the runtime's own; time is the runtime's, so that tests can set the clock.
+// Memory is counted together with the runtime's; time is the runtime's, so tests can set the clock.
 #define LV_MEM_CUSTOM 1
 #define LV_MEM_CUSTOM_INCLUDE "zof_lib/zof_stdio.h"
 #define LV_MEM_CUSTOM_ALLOC zof_lv_malloc_must
@@ -24,10 +24,10 @@
 #define LV_TICK_CUSTOM_INCLUDE "drv/zof_drv.h"
 #define LV_TICK_CUSTOM_SYS_TIME_EXPR (zof_sys_time_ms())
 
-// 60 frames a second. The input device keeps LVGL's own period.
+// 60 frames per second. The input device keeps LVGL's default period.
 #define LV_DISP_DEF_REFR_PERIOD 16
 
-// A desktop has memory where a controller has time: whole layers and shadows in one piece.
+// A desktop has enough memory for whole layers and shadows in one piece.
 #define LV_LAYER_SIMPLE_BUF_SIZE (1024 * 1024)
 #define LV_LAYER_SIMPLE_FALLBACK_BUF_SIZE (64 * 1024)
 #define LV_SHADOW_CACHE_SIZE 64
@@ -35,7 +35,7 @@
 #define LV_IMG_CACHE_DEF_SIZE 16
 #define LV_DISP_ROT_MAX_BUF (1024 * 1024)
 
-// LVGL's answer to a bad argument would be to stop for ever; the callers test theirs instead.
+// A failed assertion of LVGL would loop forever; callers check their arguments instead.
 #define LV_USE_LOG 0
 #define LV_USE_ASSERT_NULL 0
 #define LV_USE_ASSERT_MALLOC 0
@@ -49,7 +49,7 @@
 #define LV_FONT_MONTSERRAT_16 1
 #define LV_FONT_DEFAULT &lv_font_montserrat_14
 
-// One file driver for everything; every path goes through the drive letters of the project first.
+// One file driver for all files; paths are resolved through the drive letters of the project first.
 #define LV_USE_FS_STDIO 1
 #define LV_FS_STDIO_LETTER 'L'
 #define LV_FS_STDIO_PATH ""
@@ -60,18 +60,18 @@
 #define LV_USE_GIF 1
 #define LV_USE_QRCODE 1
 
-// A face is opened for each pair of file and size; with FreeType's own limit of 2 every change of font would open its
-// file again.
+// A face is opened per file and size; with FreeType's default limit of 2, every change of font would open its file
+// again.
 #define LV_USE_FREETYPE 1
 #define LV_FREETYPE_CACHE_SIZE (4 * 1024 * 1024)
 #define LV_FREETYPE_SBIT_CACHE 0
 #define LV_FREETYPE_CACHE_FT_FACES 64
 #define LV_FREETYPE_CACHE_FT_SIZES 64
 
-// The runtime has a widget of this name of its own.
+// The runtime has its own widget of this name.
 #define LV_USE_ANIMIMG 0
 
-// The mode of nine keys would give all keyboards of the program one shared map.
+// In nine-key mode all keyboards of the program would share one map.
 #define LV_USE_IME_PINYIN 1
 #define LV_IME_PINYIN_USE_K9_MODE 0
 

@@ -18,12 +18,12 @@ std::vector<board_rail> board_default_rails() {
     };
 }
 
-// One row a setting: its name in the file and its place. Loading, saving and the register reports walk these rows.
+// One row per setting: its name in the file and its field. Loading, saving and the register reports walk these rows.
 static constexpr struct {
     const char *name;
     uint16_t board_settings::*field;
     uint16_t lo, hi;
-    uint16_t reg; // 0: the panel does not set it
+    uint16_t reg; // 0: not set by the panel
 } settings_rows[] = {
     {"brightness", &board_settings::bright, 10, 100, REG_BRIGHT},
     {"boot_last", &board_settings::boot_last, 0, 1, REG_BOOT_STATE},
@@ -51,7 +51,7 @@ static void settings_load(board &b) {
     fclose(f);
 }
 
-// Beside and renamed: a box whose power goes in the middle keeps what it had.
+// Writes a temporary file and renames it, so a power failure keeps the old settings.
 static void settings_save(const board &b) {
     if (b.settings_file.empty()) {
         return;
@@ -68,7 +68,7 @@ static void settings_save(const board &b) {
     static bool told;
     if ((!good || rename(beside.c_str(), b.settings_file.c_str()) != 0) && !told) {
         told = true;
-        fprintf(stderr, "board_sim: %s: the settings cannot be kept\n", b.settings_file.c_str());
+        fprintf(stderr, "board_sim: %s: the settings cannot be saved\n", b.settings_file.c_str());
     }
 }
 
@@ -90,7 +90,7 @@ static void push_live(board &b) {
     push(b, REG_SESS_MWH_HI, (uint16_t)(mwh >> 16));
 }
 
-// Ohm's law behind a source that folds back at its current limit.
+// Ohm's law for a source that folds back at its current limit.
 static void flow(board &b, double ms) {
     const double want = b.on ? b.target_mv : 0;
     const double step = SLEW_MV_PER_MS * ms;
@@ -220,7 +220,7 @@ void board_report(board &b, uint16_t addr, uint16_t value) {
     }
 }
 
-// A box with nothing chosen starts on its first rail, as every source does.
+// Without a saved rail the box starts on its first one, like every source.
 void board_power_up(board &b) {
     settings_load(b);
     b.adj_mv = b.settings.last_mv;
@@ -228,7 +228,7 @@ void board_power_up(board &b) {
     const uint16_t rail = b.settings.last_rail < b.rails.size() ? b.settings.last_rail : 0;
     const bool on = b.settings.boot_last && b.settings.last_on;
     const uint16_t auto_arm = b.settings.auto_arm;
-    b.settings.auto_arm = 0; // power-on is no choice of a rail
+    b.settings.auto_arm = 0; // power-on is not a selection of a rail
     board_select(b, rail);
     b.settings.auto_arm = auto_arm;
     board_output(b, on);

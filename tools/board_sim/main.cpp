@@ -1,4 +1,4 @@
-// The virtual board: the other end of the panel's register link, as a program.
+// The virtual board: a program at the other end of the panel's register link.
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <chrono>
@@ -104,7 +104,7 @@ static bool cmd_rails(const word_list &w) {
 
 static void unplug() {
     wire_unplug(sim.line);
-    sim.finder.kept.clear(); // a frame that was cut by it never ends
+    sim.finder.kept.clear(); // an incomplete frame will not be continued
 }
 
 static bool cmd_unplug(const word_list &) {
@@ -138,27 +138,27 @@ static constexpr struct {
     const char *name;
     size_t count; // of words, with the name
     const char *help;
-    bool (*run)(const word_list &w); // false: it cannot be done
+    bool (*run)(const word_list &w); // false: invalid argument, or the command failed
 } commands[] = {
     {"load", 2, "load 4.7 | load 2A", cmd_load},
-    {"rail", 2, "rail N               puts a rail in force", cmd_rail},
+    {"rail", 2, "rail N               select a rail", cmd_rail},
     {"output", 2, "output on | output off", cmd_output},
-    {"rails", 2, "rails N              another source with N rails", cmd_rails},
+    {"rails", 2, "rails N              switch to a source with N rails", cmd_rails},
     {"unplug", 1, "unplug", cmd_unplug},
     {"plug", 1, "plug", cmd_plug},
-    {"fault", 2, "fault NAME=AMOUNT    as on the command line; 0 ends it", cmd_fault},
-    {"read", 3, "read ADDR COUNT      asks the panel for registers", cmd_read},
+    {"fault", 2, "fault NAME=AMOUNT    as on the command line; 0 turns it off", cmd_fault},
+    {"read", 3, "read ADDR COUNT      read registers of the panel", cmd_read},
     {"quit", 1, "quit", cmd_quit},
 };
 
 static std::string faults_help() {
-    std::string out = "Faults (--fault NAME or --fault NAME=AMOUNT, as often as you like):\n";
+    std::string out = "Faults (--fault NAME or --fault NAME=AMOUNT, may be repeated):\n";
     for (const fault_row &row : fault_rows) {
         char line[160];
         snprintf(line, sizeof(line), "  %-8s %-7g %s\n", row.name, row.normal, row.help);
         out += line;
     }
-    out += "\nScript: lines \"MS COMMAND\", MS counted from the start and never falling; commands:\n";
+    out += "\nScript: lines \"MS COMMAND\", where MS is the time since the start, in ascending order; commands:\n";
     for (const auto &row : commands) {
         out += std::string("  ") + row.help + "\n";
     }
@@ -170,20 +170,20 @@ static bool script_fault(const std::string &place, const std::string &what) {
     return false;
 }
 
-// What can be seen without doing it: that there is such a command and that it has its words.
+// Checks the name of a command and its number of words.
 static bool command_is(const script_line &s) {
     for (const auto &row : commands) {
         if (!s.words.empty() && s.words[0] == row.name) {
-            return s.words.size() == row.count || script_fault(s.place, std::string("wanted: ") + row.help);
+            return s.words.size() == row.count || script_fault(s.place, std::string("expected: ") + row.help);
         }
     }
-    return script_fault(s.place, "there is no such command");
+    return script_fault(s.place, "unknown command");
 }
 
 static bool read_script(const std::string &path) {
     std::ifstream in(path);
     if (!in) {
-        return script_fault(path, "the script cannot be read");
+        return script_fault(path, "cannot be read");
     }
     std::string text;
     double last = 0;
@@ -196,7 +196,7 @@ static bool read_script(const std::string &path) {
             continue;
         }
         if (!(rest >> s.at_ms) || s.at_ms < last) {
-            return script_fault(s.place, "a time in ms was expected, not before the line above");
+            return script_fault(s.place, "expected a time in ms, not before that of the line above");
         }
         while (rest >> word) {
             s.words.push_back(word);
@@ -216,7 +216,7 @@ static void run_script(double now) {
         sim.script.pop_front();
         for (const auto &row : commands) {
             if (s.words[0] == row.name && !row.run(s.words)) {
-                script_fault(s.place, "it cannot be done");
+                script_fault(s.place, "the command failed");
             }
         }
     }
@@ -237,7 +237,7 @@ static void on_frame(const bytes &frame) {
     frame_report_words(frame, [](uint16_t addr, uint16_t value) { board_report(sim.box, addr, value); });
 }
 
-// Bursts of readings with a silence behind each: a line that is full, but still one on which messages end.
+// Sends bursts of readings with a silence after each: the line is full, but messages still end.
 static void flood(double now) {
     const double period = 20;
     if (sim.line.faults.flood <= 0 || now - sim.flooded_ms < period) {
@@ -264,7 +264,7 @@ static void replug(double now) {
         say("line", "unplugged");
         unplug();
     } else if (sim.line.fd < 0 && since > period + 1000) {
-        sim.plugged_ms = now; // also when it fails: it is tried again after the next pause
+        sim.plugged_ms = now; // even if it fails: the next attempt follows after the next pause
         if (wire_plug(sim.line)) {
             say("line", "plugged in as " + sim.line.slave_name);
         }
@@ -280,7 +280,7 @@ static void receive() {
             continue;
         }
         if (sim.line.fd >= 0 && (n == 0 || (errno != EAGAIN && errno != EINTR))) {
-            say("line", "the far end has gone");
+            say("line", "the far end is gone");
             wire_lost(sim.line);
             unplug();
         }
@@ -308,29 +308,28 @@ int main(int argc, char **argv) {
     CLI::App app("The virtual board: simulates the bench box at the far end of the panel's serial line.");
     options &opt = sim.opt;
     app.footer(faults_help());
-    app.add_option("--link", sim.line.link, "make the pseudo-terminal known under this path")->type_name("PATH");
+    app.add_option("--link", sim.line.link, "create a link to the pseudo-terminal at this path")->type_name("PATH");
     app.add_option("--tty", sim.line.tty, "use this serial line instead of a pseudo-terminal")
         ->type_name("PATH")
         ->excludes("--link");
     app.add_option("--load", opt.load, "load at the output: 10 (ohms) or 2A (constant current)")->type_name("LOAD");
-    app.add_option("--rails", opt.rails, "how many of the 13 rails the box offers")
-        ->check(CLI::Range(0, (int)RAIL_MAX));
+    app.add_option("--rails", opt.rails, "number of rails that the box offers")->check(CLI::Range(0, (int)RAIL_MAX));
     app.add_option("--state", sim.box.settings_file, "keep the box's settings in this file")->type_name("FILE");
     app.add_option("--fault", opt.faults, "disturb the line, see below")->type_name("NAME[=AMOUNT]");
-    app.add_option("--script", opt.script, "run the commands of this file, see below")->type_name("FILE");
-    app.add_option("--seed", opt.seed, "seed of noise and faults");
-    app.add_option("--seconds", opt.seconds, "stop after so many seconds");
-    app.add_flag("--trace", opt.trace, "print every frame in words");
+    app.add_option("--script", opt.script, "run the commands in this file, see below")->type_name("FILE");
+    app.add_option("--seed", opt.seed, "random seed for noise and faults");
+    app.add_option("--seconds", opt.seconds, "exit after this many seconds");
+    app.add_flag("--trace", opt.trace, "decode and print every frame");
     app.add_flag("--no-noise", opt.quiet_noise, "readings without noise");
     CLI11_PARSE(app, argc, argv);
     for (const std::string &f : opt.faults) {
         if (!fault_take(sim.line.faults, f)) {
-            fprintf(stderr, "board_sim: --fault knows no \"%s\"; see --help\n", f.c_str());
+            fprintf(stderr, "board_sim: --fault: unknown fault or bad amount: \"%s\"; see --help\n", f.c_str());
             return 2;
         }
     }
     if (!parse_load(opt.load, sim.box.load)) {
-        fprintf(stderr, "board_sim: --load wants ohms (10) or amperes (2A), not \"%s\"\n", opt.load.c_str());
+        fprintf(stderr, "board_sim: --load takes ohms (10) or amperes (2A), not \"%s\"\n", opt.load.c_str());
         return 2;
     }
     if (!opt.script.empty() && !read_script(opt.script)) {
@@ -356,6 +355,6 @@ int main(int argc, char **argv) {
     loop();
     wire_unplug(sim.line);
     say("line",
-        std::to_string(sim.line.sent) + " bytes sent, " + std::to_string(sim.line.dropped) + " fell off a full line");
+        std::to_string(sim.line.sent) + " bytes sent, " + std::to_string(sim.line.dropped) + " dropped on a full line");
     return 0;
 }

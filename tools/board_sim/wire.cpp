@@ -12,13 +12,13 @@
 #include <unistd.h>
 
 const std::vector<fault_row> fault_rows = {
-    {"lose", &wire_faults::lose, 0.5, "each byte is lost with this many percent"},
-    {"garbage", &wire_faults::garbage, 20, "before a frame, with this many percent, up to 30 bytes of rubbish"},
-    {"split", &wire_faults::split, 20, "every frame comes in two pieces, this many ms apart"},
-    {"late", &wire_faults::late, 300, "every frame comes this many ms late"},
-    {"flood", &wire_faults::flood, 11520, "readings fill the line with this many bytes a second"},
-    {"replug", &wire_faults::replug, 5, "the cable is pulled every so many seconds, for one second"},
-    {"mute", &wire_faults::mute, 1, "the board never sends anything"},
+    {"lose", &wire_faults::lose, 0.5, "percentage of bytes lost"},
+    {"garbage", &wire_faults::garbage, 20, "percentage of frames preceded by up to 30 random bytes"},
+    {"split", &wire_faults::split, 20, "each frame is sent in two pieces, this many ms apart"},
+    {"late", &wire_faults::late, 300, "each frame is delayed by this many ms"},
+    {"flood", &wire_faults::flood, 11520, "readings fill the line with this many bytes per second"},
+    {"replug", &wire_faults::replug, 5, "the cable is unplugged for one second, at this interval in seconds"},
+    {"mute", &wire_faults::mute, 1, "the board sends nothing"},
 };
 
 static constexpr double AMOUNT_MAX = 1e6;
@@ -71,7 +71,7 @@ static bool fail(const std::string &what) {
     return false;
 }
 
-// Replaces a link only, left over or another board's; a file of that name stays.
+// Replaces an existing link, stale or of another board, but never a file.
 static bool link_set(wire &w) {
     if (w.link.empty()) {
         return true;
@@ -87,7 +87,7 @@ static bool link_set(wire &w) {
 static void link_remove(wire &w) {
     char now[256];
     const ssize_t n = w.linked ? readlink(w.link.c_str(), now, sizeof(now)) : -1;
-    if (n > 0 && std::string(now, (size_t)n) == w.slave_name) { // else another board has taken the name over
+    if (n > 0 && std::string(now, (size_t)n) == w.slave_name) { // otherwise the name belongs to another board now
         unlink(w.link.c_str());
     }
     w.linked = false;
@@ -96,7 +96,7 @@ static void link_remove(wire &w) {
 static bool plug_pty(wire &w) {
     w.fd = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (w.fd < 0 || grantpt(w.fd) != 0 || unlockpt(w.fd) != 0) {
-        return fail("no pseudo-terminal");
+        return fail("cannot create a pseudo-terminal");
     }
     char name[64];
     if (ptsname_r(w.fd, name, sizeof(name)) != 0) {
@@ -111,7 +111,7 @@ static bool plug_pty(wire &w) {
     return link_set(w);
 }
 
-// A plain file would be overwritten with frames, and a device that is not a line may do anything once it is opened.
+// Checked before opening: frames would overwrite a regular file, and opening other devices may have side effects.
 static bool plug_tty(wire &w) {
     struct stat st;
     if (stat(w.tty.c_str(), &st) == 0 && !S_ISCHR(st.st_mode)) {
@@ -205,7 +205,7 @@ double wire_flush(wire &w, double now_ms) {
         if (w.fd < 0) {
             continue;
         }
-        const ssize_t n = write(w.fd, data.data(), data.size()); // a full line is not read: the rest is lost
+        const ssize_t n = write(w.fd, data.data(), data.size()); // nobody reads a full line: the rest is lost
         w.sent += n > 0 ? (uint64_t)n : 0;
         w.dropped += data.size() - (n > 0 ? (uint64_t)n : 0);
     }

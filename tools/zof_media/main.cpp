@@ -6,12 +6,11 @@
 #include "media.h"
 
 static int usage() {
-    fprintf(
-        stderr,
-        "usage: zof_media clip FILE.mp4 WIDTH HEIGHT SECONDS [HZ [CODEC [FRAME]]]\n"
-        "           a ball over slow colours, with a tone; CODEC is mpeg4, png or mjpeg, and with the latter two the\n"
-        "           clip is half as large from a frame on\n"
-        "       zof_media tone FILE.wav|mp3|aac HZ MS\n");
+    fprintf(stderr, "usage: zof_media clip FILE.mp4 WIDTH HEIGHT SECONDS [HZ [CODEC [FRAME]]]\n"
+                    "           a ball over slowly changing colours, with a tone; CODEC is mpeg4, png or mjpeg; with "
+                    "the latter two\n"
+                    "           the clip is half as large from FRAME on\n"
+                    "       zof_media tone FILE.wav|mp3|aac HZ MS\n");
     return 2;
 }
 

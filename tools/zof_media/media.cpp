@@ -1,4 +1,4 @@
-// Encoding with FFmpeg. Nothing in the files depends on the time or the machine.
+// Encodes with FFmpeg. The output does not depend on the time or the machine.
 #include "media.h"
 
 #include <math.h>
@@ -86,7 +86,7 @@ static AVCodecContext *audio_codec(const media_clip &clip, AVCodecID id, bool gl
     if (!c) {
         return nullptr;
     }
-    // All but WAV's take these, whatever they like best.
+    // All encoders except that of WAV accept this format.
     c->sample_fmt = id == AV_CODEC_ID_PCM_S16LE ? AV_SAMPLE_FMT_S16 : AV_SAMPLE_FMT_FLTP;
     c->sample_rate = clip.sample_rate;
     c->time_base = {1, clip.sample_rate};
@@ -138,7 +138,7 @@ static double tone(const media_clip &clip, s64 at) {
     return 0.4 * sin(2 * 3.14159265358979 * clip.tone_hz * (double)at / clip.sample_rate);
 }
 
-// Up to one frame of the encoder's size.
+// Encodes up to one frame of the encoder's size.
 static bool sound_write(AVFormatContext *format, track *t, const media_clip &clip, s64 end) {
     AVFrame *frame = av_frame_alloc();
     const s64 most = t->codec->frame_size ? t->codec->frame_size : 1024;
@@ -196,7 +196,7 @@ bool media_write(const char *path, const media_clip &clip) {
     av_log_set_level(log < AV_LOG_ERROR ? log : AV_LOG_ERROR);
     AVFormatContext *format = nullptr;
     if (avformat_alloc_output_context2(&format, nullptr, nullptr, path) < 0) {
-        return is_wrong(path, "there is no such kind of file");
+        return is_wrong(path, "unknown file type");
     }
     format->flags |= AVFMT_FLAG_BITEXACT;
     const bool global = format->oformat->flags & AVFMT_GLOBALHEADER;
@@ -217,5 +217,5 @@ bool media_write(const char *path, const media_clip &clip) {
     avcodec_free_context(&audio.codec);
     avformat_free_context(format);
     av_log_set_level(log);
-    return good || is_wrong(path, "could not be made");
+    return good || is_wrong(path, "cannot be created");
 }

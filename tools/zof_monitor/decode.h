@@ -1,5 +1,4 @@
-// The host protocol as people read it: a stream of bytes cut into frames, and a frame in words, by the panel's own
-// tables.
+// Decodes the host protocol: splits a stream of bytes into frames and describes them, using the panel's own tables.
 #ifndef ZOF_MONITOR_DECODE_H
 #define ZOF_MONITOR_DECODE_H
 
@@ -11,27 +10,27 @@
 
 using bytes = std::vector<uint8_t>;
 
-// What came in one direction, in one piece: a frame, a frame with a fault, or bytes that are none.
+// One piece of one direction: a frame, a frame with a fault, or bytes that are not part of a frame.
 struct piece {
     int64_t at_us;
     bool from_host;
     bytes data;
     std::string name; // "label.text"; "fault" for a frame that cannot be read, "noise" for bytes between frames
-    std::string text; // all in words
+    std::string text; // full description
 };
 
 // One direction's state.
 struct splitter {
     bool from_host;
-    bytes kept;                // not yet a piece
+    bytes kept;                // not yet complete
     std::vector<int64_t> time; // of each kept byte
     piece noise;               // being collected
 };
 
-// The line's settings; the frame functions want them in this form.
+// Returns the line's settings in the form that the frame functions take.
 zof_hmi_cmd_analys_t decode_settings(uint8_t head_fh, uint8_t head_fl, bool crc);
 
-// Cuts off what is complete. With `silence` the line has been still: what is not complete will not be any more.
+// Returns the complete pieces. With `silence` the line has been silent, so incomplete frames are returned too.
 std::vector<piece> split(splitter &s, const zof_hmi_cmd_analys_t &settings, const bytes &data, int64_t now_us,
                          bool silence);
 

@@ -1,4 +1,4 @@
-// Sits between a host and a panel and shows their frames in words; records them to a file, and replays it.
+// Sits between a host and a panel and decodes their frames; records them to a file, and replays it.
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <chrono>
@@ -15,11 +15,11 @@
 #include "decode.h"
 #include "wire.h"
 
-// One end: a line and what it has not taken yet.
+// One end: a line and the bytes not written to it yet.
 struct side {
     wire line;
     std::deque<uint8_t> waiting;
-    splitter cut; // what comes from this end
+    splitter cut; // for the bytes from this end
     int64_t heard_us = 0;
     uint64_t dropped = 0;
 };
@@ -40,7 +40,7 @@ static struct {
     uint64_t frames = 0, faults = 0;
 } monitor;
 
-// More than this waits for no end: it does not read.
+// The limit of bytes that wait for an end that does not read.
 static constexpr size_t WAITING_MAX = 65536;
 
 static volatile sig_atomic_t stop;
@@ -56,7 +56,7 @@ static int fail(const std::string &what) {
     return 2;
 }
 
-// What is shown and kept
+// Output
 
 static bool matches(const std::vector<std::string> &patterns, const std::string &name) {
     for (const std::string &pattern : patterns) {
@@ -113,7 +113,7 @@ static void give(side &to, const uint8_t *data, size_t size) {
     write_waiting(to);
 }
 
-// What has come from one end; false when the line is gone. The other end gets it before anything is said about it.
+// Reads from one end; false when the line is gone. The bytes are forwarded before anything is printed about them.
 static bool take(side &from, side *to, std::vector<piece> &out, bool silence) {
     uint8_t block[4096];
     const ssize_t n = silence ? 0 : read(from.line.fd, block, sizeof(block));
@@ -134,7 +134,7 @@ static pollfd polled(const side &s) {
     return {s.line.fd, (short)(s.waiting.empty() ? POLLIN : POLLIN | POLLOUT), 0};
 }
 
-// Stands between both ends for one turn; what has been said is in `out`. False when a line is gone.
+// Forwards between both ends once; the decoded pieces are added to `out`. False when a line is gone.
 static bool turn(std::vector<piece> &out) {
     pollfd fds[2] = {polled(monitor.host), polled(monitor.panel)};
     const bool both = monitor.host.line.fd >= 0;
@@ -146,7 +146,7 @@ static bool turn(std::vector<piece> &out) {
         }
         if ((fds[i].revents & (POLLIN | POLLHUP | POLLERR)) &&
             !take(*sides[i], both ? sides[1 - i] : nullptr, out, false)) {
-            return fail("a line is gone") == 0;
+            return fail("the line is gone") == 0;
         }
         if ((double)(now_us() - sides[i]->heard_us) > monitor.opt.gap_ms * 1000) {
             take(*sides[i], nullptr, out, true);
@@ -173,7 +173,7 @@ static int watch() {
     }
     for (const side *s : {&monitor.host, &monitor.panel}) {
         fprintf(stderr, "%s: %s\n", s == &monitor.host ? "the host opens " : "the panel opens",
-                !s->line.tty.empty()    ? (s->line.tty + " (here already)").c_str()
+                !s->line.tty.empty()    ? (s->line.tty + " (exists)").c_str()
                 : !s->line.link.empty() ? s->line.link.c_str()
                                         : s->line.slave_name.c_str());
     }
@@ -190,7 +190,7 @@ static int watch() {
             (unsigned long long)monitor.faults);
     for (const side *s : {&monitor.host, &monitor.panel}) {
         if (s->dropped) {
-            fprintf(stderr, "!! the %s did not read: %llu bytes were dropped\n", s->cut.from_host ? "host" : "panel",
+            fprintf(stderr, "!! the %s did not read: %llu bytes dropped\n", s->cut.from_host ? "host" : "panel",
                     (unsigned long long)s->dropped);
         }
     }
@@ -228,7 +228,7 @@ static bool settings_take() {
     char *end;
     const unsigned long head = strtoul(monitor.opt.head.c_str(), &end, 16);
     if (*end || monitor.opt.head.size() != 4 || head >> 8 == (head & 0xFF)) {
-        return fail("--head wants two different bytes, as in 5AA5") == 0;
+        return fail("--head takes two different bytes, as in 5AA5") == 0;
     }
     monitor.settings = decode_settings((uint8_t)(head >> 8), (uint8_t)head, monitor.opt.crc);
     return true;
@@ -247,7 +247,7 @@ static bool read_recording(std::vector<line_of_file> &out) {
         } else if (text.find_first_not_of(" \t\r") != std::string::npos && text[0] != '#') {
             if (!parse_line(text, line)) {
                 return fail(monitor.opt.file + ":" + std::to_string(number) +
-                            ": wanted: MICROSECONDS host|panel BYTES") == 0;
+                            ": expected: MICROSECONDS host|panel BYTES") == 0;
             }
             out.push_back(line);
         }
@@ -273,9 +273,9 @@ static int show_recording() {
 }
 
 // Replay
-// --------------------------------------------------------------------------------------------------------------- Walks
-// both lists side by side. Where they part, the nearest place at which they meet again is found: what stands in front
-// of it is missing or has been said besides.
+
+// Walks both lists side by side. Where they differ, it looks for the nearest point at which they match again:
+// everything before that point is missing or new.
 static int compare(const std::vector<std::pair<int, piece>> &then, const std::vector<piece> &now) {
     enum { LOOK = 50 };
     int differences = 0;
@@ -306,7 +306,8 @@ static int compare(const std::vector<std::pair<int, piece>> &then, const std::ve
             }
         }
     }
-    printf("%zu frames of the panel in the recording, %zu now, %d differences\n", then.size(), now.size(), differences);
+    printf("%zu frames from the panel in the recording, %zu now, %d differences\n", then.size(), now.size(),
+           differences);
     return differences ? 1 : 0;
 }
 
@@ -320,7 +321,7 @@ static void collect(std::vector<piece> &answers) {
     }
 }
 
-// What the panel answered before the host went on, it has to have answered now; how many answers have not come in time.
+// Waits for the answers that the recording has at this point; returns how many have not arrived in time.
 static size_t answers_wait(std::vector<piece> &now, size_t count) {
     const int64_t end = now_us() + (int64_t)(monitor.opt.wait_ms * 1000);
     while (!stop && now.size() < count && now_us() < end) {
@@ -336,13 +337,13 @@ static int replay() {
     }
     std::vector<std::pair<int, piece>> then;
     std::vector<piece> now;
-    monitor.opt.gap_ms = std::min(monitor.opt.gap_ms, 5.0); // turns while waiting for a line's time
+    monitor.opt.gap_ms = std::min(monitor.opt.gap_ms, 5.0); // short turns while waiting to send a line
     monitor.opt.from = "panel";
     if (monitor.panel.line.tty.empty()) {
         fprintf(stderr, "waiting for the panel to open %s\n",
                 monitor.panel.line.link.empty() ? monitor.panel.line.slave_name.c_str()
                                                 : monitor.panel.line.link.c_str());
-        while (!stop && monitor.panel.heard_us == 0) { // it sends a report when it has started
+        while (!stop && monitor.panel.heard_us == 0) { // the panel sends a report when it has started
             collect(now);
         }
     }
@@ -362,7 +363,7 @@ static int replay() {
             collect(now);
         }
         give(monitor.panel, line.data.data(), line.data.size());
-        sent_us = now_us(); // a panel needs the silence between two frames, however late this one was
+        sent_us = now_us(); // keeps the recorded distance between frames even if this one was late
         then_us = line.at_us;
     }
     const int64_t end = now_us() + (int64_t)(monitor.opt.wait_ms * 1000);
@@ -380,41 +381,44 @@ int main(int argc, char **argv) {
     options &o = monitor.opt;
     std::string host_tty, host_link, panel_tty, panel_link;
     unsigned baud = 115200;
-    CLI::App app("Shows the frames of a host and a panel in words, records them to a file, and replays it.\n"
+    CLI::App app("Decodes the frames between a host and a panel, records them to a file, and replays it.\n"
                  "Example:  zof_monitor watch --panel-link /tmp/panel --host-link /tmp/host\n"
                  "then start the panel with ZOF_COM5=/tmp/panel, and a host on /tmp/host.");
     app.require_subcommand(1);
     const auto filters = [&](CLI::App *c) {
-        c->add_option("--only", o.only, "show these rows only: names with wildcards (label.*, fault, noise)");
-        c->add_option("--not", o.without, "leave these rows out");
-        c->add_option("--from", o.from, "host or panel")->check(CLI::IsMember({"host", "panel"}));
-        c->add_flag("--hex", o.hex, "the bytes of every frame");
+        c->add_option("--only", o.only, "show only these rows: names with wildcards (label.*, fault, noise)");
+        c->add_option("--not", o.without, "hide these rows");
+        c->add_option("--from", o.from, "show only frames from host or panel")->check(CLI::IsMember({"host", "panel"}));
+        c->add_flag("--hex", o.hex, "show the bytes of every frame");
     };
     const auto panel_line = [&](CLI::App *c) {
         c->add_option("--panel", panel_tty, "the tty that leads to the panel");
-        c->add_option("--panel-link", panel_link, "or a name for a pseudo-terminal that the panel opens");
+        c->add_option("--panel-link", panel_link, "or a link to create for a pseudo-terminal that the panel opens");
         c->add_option("--baud", baud, "speed of a tty")->capture_default_str();
     };
-    CLI::App *w = app.add_subcommand("watch", "stands between a host and a panel");
+    CLI::App *w = app.add_subcommand("watch", "forward between a host and a panel, and decode");
     filters(w);
     panel_line(w);
     w->add_option("--host", host_tty, "the tty that leads to the host");
-    w->add_option("--host-link", host_link, "or a name for a pseudo-terminal that the host opens");
-    w->add_option("--head", o.head, "both head bytes of the project")->capture_default_str();
+    w->add_option("--host-link", host_link, "or a link to create for a pseudo-terminal that the host opens");
+    w->add_option("--head", o.head, "head bytes of the project")->capture_default_str();
     w->add_flag("--crc", o.crc, "the project has crc_en");
-    w->add_option("--gap", o.gap_ms, "ms of silence that end a frame that is not all there")
+    w->add_option("--gap", o.gap_ms, "ms of silence that end an incomplete frame")
         ->capture_default_str()
         ->check(CLI::Range(1, 10000));
-    w->add_option("--record", o.record, "keeps everything in this file");
-    w->add_option("--seconds", o.seconds, "ends after so many");
-    CLI::App *s = app.add_subcommand("show", "decodes a recording");
+    w->add_option("--record", o.record, "record all frames to this file");
+    w->add_option("--seconds", o.seconds, "exit after this many seconds");
+    CLI::App *s = app.add_subcommand("show", "decode a recording");
     s->add_option("file", o.file, "the recording")->required();
     filters(s);
-    CLI::App *r = app.add_subcommand("replay", "is the host of a recording, and compares what the panel answers");
+    CLI::App *r =
+        app.add_subcommand("replay", "send the host's frames of a recording, and compare the panel's answers");
     r->add_option("file", o.file, "the recording")->required();
     r->add_option("--not", o.without, "rows that may differ, such as system.rtc");
-    r->add_option("--speed", o.speed, "2 is twice as fast")->capture_default_str()->check(CLI::Range(0.01, 100.0));
-    r->add_option("--wait", o.wait_ms, "ms to wait for an answer that does not come")->capture_default_str();
+    r->add_option("--speed", o.speed, "factor; 2 is twice as fast")
+        ->capture_default_str()
+        ->check(CLI::Range(0.01, 100.0));
+    r->add_option("--wait", o.wait_ms, "ms to wait for a missing answer")->capture_default_str();
     panel_line(r);
     CLI11_PARSE(app, argc, argv);
 

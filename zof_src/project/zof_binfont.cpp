@@ -1,6 +1,6 @@
-// Bitmap fonts. The file stays open and its glyphs are read when they are first asked for; what was read is kept until
-// the file changes, so that drawing a text reads nothing. Whatever the file says is checked against its size and the
-// bounds below before it is used.
+// Bitmap fonts. The file stays open and glyphs are read at their first use and cached until the file changes, so
+// drawing a text usually reads nothing. All values from the file are checked against its size and the limits below
+// before use.
 #include <bit>
 #include <stdio.h>
 #include <string.h>
@@ -11,19 +11,19 @@
 #include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
-static_assert(std::endian::native == std::endian::little, "the file's numbers are copied as they are");
+static_assert(std::endian::native == std::endian::little, "the file's numbers are copied without conversion");
 static_assert(sizeof(zof_font_header_t) == 16 && sizeof(zof_glyph_dsc_t) == 5);
 
-// Per font: the slots, 4 bytes for each code from code_min to code_max, and the bitmaps. Beyond BITMAP_BYTES_MOST all
-// bitmaps are dropped and read again as they are needed.
+// Per font: the slots, 4 bytes per code from code_min to code_max, and the bitmaps. Beyond BITMAP_BYTES_MOST all
+// bitmaps are dropped and read again as needed.
 enum { SLOTS = 1024, BITMAP_BYTES_MOST = 1 << 20 };
 
-// A glyph that was looked up, also one that the font lacks.
+// A glyph that was looked up, possibly one that the font does not have.
 struct glyph_slot {
     u32 code;
     bool used, exists;
     zof_glyph_dsc_t dsc;
-    u32 place;  // of the bitmap in the file
+    u32 place;  // offset of the bitmap in the file
     u8 *bitmap; // owned; null until it is drawn
 };
 
@@ -31,7 +31,7 @@ struct zof_font_cache {
     FILE *file; // null while there is no usable file
     zof_file_stamp_t stamp;
     u32 checked_ms;
-    u32 *records; // place of the glyph record of each code from code_min on, 0 for none
+    u32 *records; // offset of the glyph record of each code from code_min on, 0 for none
     u32 bitmap_bytes;
     glyph_slot slots[SLOTS];
 };
@@ -41,7 +41,7 @@ static FILE *font_file_open(const char *path) {
     return zof_file_read_open(path ? zof_fs_get_real_path(path) : nullptr);
 }
 
-// Returns the bytes that were read.
+// Returns the number of bytes read.
 static u32 read_at(FILE *file, u32 offset, u32 size, void *out) {
     return file && fseek(file, (long)offset, SEEK_SET) == 0 ? (u32)fread(out, 1, size, file) : 0;
 }
@@ -86,14 +86,15 @@ static void cache_drop(zof_font_cache *cache) {
     cache->file = nullptr;
 }
 
-// Spreads the file's tables over the range of codes. The first of equal codes counts. Codes that are missing take the
-// word behind the offsets, if the file has one.
+// Expands the file's tables over the range of codes. Of equal codes the first one counts. Missing codes use the word
+// after the offsets, if the file has one.
 static bool records_read(zof_font_cache *cache, const zof_font_header_t *header) {
     enum { RECORD_SIZE = sizeof(u16) + sizeof(u32) };
     const u32 range = header->code_max - header->code_min + 1u;
     const u32 count = header->count;
     cache->records = (u32 *)zof_malloc(range * sizeof(u32));
-    auto *tables = (u8 *)zof_malloc(count * RECORD_SIZE + sizeof(u32)); // zeroed: what the file lacks is no glyph
+    auto *tables =
+        (u8 *)zof_malloc(count * RECORD_SIZE + sizeof(u32)); // zeroed: data missing from the file means no glyph
     if (cache->records && tables) {
         const u32 size = count * RECORD_SIZE + sizeof(u32);
         const u32 codes = read_at(cache->file, sizeof(*header), size, tables) / sizeof(u16);
@@ -115,7 +116,7 @@ static bool records_read(zof_font_cache *cache, const zof_font_header_t *header)
     return cache->records && tables;
 }
 
-// Opens the file and reads header and tables; without a usable font the cache stays empty.
+// Opens the file and reads header and tables; the cache stays empty without a usable font.
 static void cache_fill(zof_binfont_t *bin, const zof_file_stamp_t *stamp) {
     zof_font_cache *cache = bin->cache;
     zof_font_header_t header;
@@ -129,7 +130,7 @@ static void cache_fill(zof_binfont_t *bin, const zof_file_stamp_t *stamp) {
     }
 }
 
-// Checks at most once a millisecond whether the file was changed, replaced or removed; starts again with what is there.
+// Checks at most once per millisecond whether the file was changed, replaced or removed; if so, reads it again.
 static void cache_check(zof_binfont_t *bin) {
     const u32 now = zof_sys_time_ms();
     if (now == bin->cache->checked_ms) {
@@ -148,7 +149,7 @@ static u32 bitmap_size(const zof_binfont_t *bin, const zof_glyph_dsc_t *glyph) {
     return (u32)glyph->box_w * glyph->box_h * bin->header.bpp / 8;
 }
 
-// Fills an empty slot with what the file has for its code.
+// Fills an empty slot from the file.
 static void slot_fill(const zof_binfont_t *bin, glyph_slot *slot) {
     const zof_font_cache *cache = bin->cache;
     const u32 record = cache->records[slot->code - bin->header.code_min];
@@ -160,7 +161,7 @@ static void slot_fill(const zof_binfont_t *bin, glyph_slot *slot) {
     slot->exists = size <= bin->header.bitmap_size && (u64)slot->place + size <= cache->stamp.size;
 }
 
-// The slot of a code, null when the font has no such glyph.
+// Returns the slot of a code, null if the font does not have the glyph.
 static glyph_slot *glyph_find(const lv_font_t *font, u32 code) {
     auto *bin = font ? (zof_binfont_t *)font->user_data : nullptr;
     if (!bin) {
@@ -209,7 +210,7 @@ const u8 *zof_font_get_bitmap(const lv_font_t *font, u32 code) {
     if (cache->bitmap_bytes + size > BITMAP_BYTES_MOST) {
         bitmaps_drop(cache);
     }
-    // Zeroed and twice as large: a last byte that is not full is not in the file, and LVGL draws 3 bits a pixel as 4.
+    // Zeroed and twice as large: an incomplete last byte is not in the file, and LVGL draws 3 bits per pixel as 4.
     slot->bitmap = (u8 *)zof_malloc(2 * (size_t)size + 1);
     if (slot->bitmap) {
         cache->bitmap_bytes += size;

@@ -1,4 +1,4 @@
-// The reflection tables of the control attribute records. Row order is the order of decoding.
+// The reflection tables of the control attribute records. Rows are decoded in this order.
 #include "project/zof_ctrl_attr.h"
 
 const reflect_item_t zof_angle_t_tbl[] = {

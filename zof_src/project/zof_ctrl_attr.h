@@ -1,5 +1,5 @@
-// One attribute record a control type: the keys of a control's `property` object in a view file, and of the root of a
-// theme file. A field's name is its JSON key; fields without a key are marked. Strings belong to their record.
+// One attribute record per control type: the keys of a control's `property` object in a view file, and of the root of a
+// theme file. A field's name is its JSON key; fields without a key are marked. A record owns its strings.
 #ifndef ZOF_CTRL_ATTR_H
 #define ZOF_CTRL_ATTR_H
 
@@ -74,7 +74,7 @@ typedef struct {
     char *txt;
 } zof_list_btn_t;
 
-// What a button of a list was given, keys of the language included; both may be null.
+// The texts of a list button as they were set, possibly language keys; both may be null.
 typedef struct {
     char *image;
     char *txt;
@@ -97,7 +97,7 @@ typedef struct {
     u32 align_e;
     char *txt;
     u32 align_label;
-    s32 txt_y; // no key: how far below the top the text is drawn
+    s32 txt_y; // no key: distance of the text from the top in pixels
 } zof_label_attr_t;
 
 typedef struct {
@@ -139,7 +139,7 @@ typedef struct {
     zof_line_disp_t arc_t_main;
     char *arc_inc_img;
     zof_line_disp_t arc_t_inc;
-    char *main_img_path; // no key: own copies of the resolved paths, which the style points at
+    char *main_img_path; // no key: copies of the resolved paths, which the style points to
     char *inc_img_path;  // no key
 } zof_arc_attr_t;
 
@@ -205,7 +205,7 @@ typedef struct {
     u16 list_count;
     zof_list_btn_t *btns_t;
     u16 anim_time;
-    db_list *opt_list; // no key: of zof_list_item_t, one a button
+    db_list *opt_list; // no key: of zof_list_item_t, one per button
 } zof_list_attr_t;
 
 typedef struct {
@@ -214,7 +214,7 @@ typedef struct {
     u32 dir_t;
     u16 anim_time;
     u32 txt_align_e;
-    db_list *opt_list; // no key: of texts as they were given; `options` becomes what is shown
+    db_list *opt_list; // no key: of the texts as they were set; `options` becomes the displayed text
 } zof_droplist_attr_t;
 
 typedef struct {
@@ -225,7 +225,7 @@ typedef struct {
     u8 anim_time;
     u32 txt_align_e;
     u32 ext_sel_width;
-    db_list *opt_list; // no key: as of a drop list
+    db_list *opt_list; // no key: as in a drop list
 } zof_rollist_attr_t;
 
 typedef struct {
@@ -250,8 +250,8 @@ typedef struct {
     u16 row_cnt;
     u16 col_cnt;
     u32 align_table;
-    u32 *cell_colors;  // no key: one 0xRRGGBB a cell, row by row
-    u32 default_color; // no key: of cells that nobody painted
+    u32 *cell_colors;  // no key: one 0xRRGGBB per cell, row by row
+    u32 default_color; // no key: colour of all other cells
 } zof_table_attr_t;
 
 typedef struct {
@@ -278,7 +278,7 @@ typedef struct {
     char *init_gif;
     zof_bool play_en;
     u16 num;
-    u16 plays; // no key: how often it plays from a restart on, 0 for ever
+    u16 plays; // no key: number of plays after a restart, 0 for endless
 } zof_gif_attr_t;
 
 typedef struct {
@@ -305,7 +305,7 @@ typedef struct {
     zof_bool popovers;
     char *cn_font_lib;
     u32 cn_font_size;
-    lv_obj_t *pinyin; // no key: LVGL's input method, as long as it is there
+    lv_obj_t *pinyin; // no key: LVGL's input method, null after its deletion
 } zof_keyboard_attr_t;
 
 typedef struct {
@@ -350,7 +350,7 @@ typedef struct {
     u8 arc_dir;
     u8 zoom_mode;
     u8 opa_mode;
-    u8 need_init; // no key: 1 until the wheel has been put in its place
+    u8 need_init; // no key: 1 until the wheel has its initial position
 } zof_scrollcont_attr_t;
 
 typedef struct {

@@ -1,4 +1,4 @@
-// Small questions about files on the host, by plain paths.
+// Queries about files on the host, by plain paths.
 #include <cstdio>
 
 #include "drv/zof_drv.h"
@@ -6,7 +6,7 @@
 #include "project/zof_res.h"
 #include "zof_lib/zof_util.h"
 
-// Opened for writing on purpose: a project that cannot be written back is passed over when the work path is looked for.
+// Opened for writing on purpose: the search for the work path must skip a project that cannot be written.
 zof_bool FileExist(const char *path) {
     FILE *file = zof_file_write_open(path, ZOF_TRUE);
     if (!file) {
@@ -67,7 +67,7 @@ zof_bool IsBMPFile(const char *name) {
     return zof_suffix_is(name, ".bmp");
 }
 
-// ".jpeg" is deliberately not one: the device's decoder goes by the three letters.
+// ".jpeg" deliberately does not match: the device's decoder checks the three letters.
 zof_bool IsJPGFile(const char *name) {
     return zof_suffix_is(name, ".jpg");
 }

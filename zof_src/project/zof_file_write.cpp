@@ -1,5 +1,5 @@
-// Files are written beside and renamed into place. The temporary file is a new one of a name of its own: a link that
-// somebody put there is not followed, and two programs do not write into one file.
+// Files are written to a temporary file and renamed. The temporary file is created exclusively under a unique name, so
+// a link placed there is not followed, and two programs do not write to one file.
 #include <stdio.h>
 
 #include "drv/zof_drv.h"
@@ -16,7 +16,7 @@ s32 zof_file_write(const char *path, const void *data, size_t size) {
         return -1;
     }
     bool good = zof_file_put(f, data, size) == 0;
-    good = zof_file_finish(f) == 0 && good; // else a power cut could leave the new name without its content
+    good = zof_file_finish(f) == 0 && good; // otherwise a power failure could leave the new name without its content
     if (!good || zof_rename(beside, path) != 0) {
         zof_file_remove(beside);
         return -1;

@@ -1,4 +1,5 @@
-// Fonts in use, by file and size. A pair exists once, however many styles name it, and goes with its last user.
+// Fonts in use, by file and size. Each pair exists once, however many styles use it, and is released with its last
+// user.
 #include "project/zof_font.h"
 
 #include <string.h>
@@ -8,7 +9,7 @@
 #include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
-// Above the last size a glyph's bitmap alone would take megabytes; no panel has room for one.
+// Above this size the bitmap of a single glyph would take megabytes and would not fit any panel.
 enum { FONT_SIZE_DEFAULT = 16, FONT_SIZE_MAX = 2000, FONT_FILE_MAX = 64 << 20 };
 
 static db_list *font_list() {
@@ -113,7 +114,7 @@ s32 zof_lvfont_delete(lv_font_t *font) {
         return -1;
     }
     if (font->dsc) {
-        lv_ft_font_destroy(font); // releases the font itself, too
+        lv_ft_font_destroy(font); // also releases the font itself
         return 0;
     }
     return zof_binfont_delete(font);
@@ -137,10 +138,10 @@ s32 zof_fontsize_del(zof_fontsize_t *entry) {
 }
 
 void zof_font_given_up(const char *path) {
-    zof_printf("font %s: given up, a letter takes too long; it is not drawn any more", path);
+    zof_printf("font %s: disabled because a letter takes too long; it is no longer drawn", path);
 }
 
-// The file is read, not mapped: whoever rewrites it in place would end the process.
+// The file is read, not mapped: rewriting a mapped file in place would end the process.
 static bool content_load(zof_font_t *entry, const char *path, const char **why) {
     if (!entry->content) {
         entry->content = zof_file_read_all(path, FONT_FILE_MAX, &entry->content_size, why);
@@ -148,7 +149,7 @@ static bool content_load(zof_font_t *entry, const char *path, const char **why) 
     return entry->content != nullptr;
 }
 
-// A null font with *why: the reason.
+// Returns null on failure, with the reason in *why.
 static lv_font_t *ttf_create(zof_font_t *entry, const char *path, u32 size, const char **why) {
     if (size > FONT_SIZE_MAX || !content_load(entry, path, why)) {
         return nullptr;
@@ -165,7 +166,7 @@ static lv_font_t *ttf_create(zof_font_t *entry, const char *path, u32 size, cons
     return info.font;
 }
 
-// What draws nothing: a glyph without extent rather than a missing one, for which LVGL draws a box.
+// A font that draws nothing: its glyphs are empty, not missing, because LVGL draws a box for missing ones.
 static bool no_glyph_dsc(const lv_font_t *, lv_font_glyph_dsc_t *dsc, u32, u32) {
     *dsc = {};
     return true;
@@ -180,7 +181,7 @@ static lv_font_t *bin_create(const char *path, const char *name) {
     if (!font || (IsBinFile(name) && zof_binfont_create(font, path) == 0)) {
         return font;
     }
-    zof_printf("font %s: no font; its text draws nothing", path);
+    zof_printf("font %s: not a font; its text is not drawn", path);
     font->get_glyph_dsc = no_glyph_dsc;
     font->get_glyph_bitmap = no_glyph_bitmap;
     font->line_height = 1; // widgets divide by it
@@ -199,7 +200,7 @@ static lv_font_t *font_open(zof_font_t *entry, const char *path, const char *nam
     return font;
 }
 
-// Styles of a view ask for the same file one after the other: a missing file is reported once, not once a style.
+// Consecutive styles of a view name the same file: a missing file is reported once, not once per style.
 static void missing_report(const char *path) {
     static char reported[128];
     if (strncmp(reported, path, sizeof(reported) - 1) == 0) {
@@ -209,7 +210,7 @@ static void missing_report(const char *path) {
     zof_printf("font %s: cannot be opened; the default font is used", path);
 }
 
-// The entry of a file that is there; made when it is the first of its name.
+// Returns the entry of an existing file; creates it at the first use of the name.
 static zof_font_t *font_entry(const char *path, const char *name) {
     zof_font_t *entry = zof_font_list_get(name);
     if (entry) {

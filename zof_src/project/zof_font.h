@@ -12,15 +12,15 @@
 
 ZOF_C_BEGIN
 
-// The 16 bytes that a bitmap font file begins with; little-endian in the file. Behind it: `count` code points of 16
-// bits, then for each the 32-bit offset of its glyph record from the start of the file, 0 for none. A record is the 5
-// bytes of zof_glyph_dsc_t and then the bitmap, rows without padding. Where codes between code_min and code_max are
-// missing, a zero word ends the offsets: it is read as the offset of a missing code.
+// The 16-byte header of a bitmap font file, little-endian. It is followed by `count` code points of 16 bits, then for
+// each the 32-bit offset of its glyph record from the start of the file, 0 for none. A record is the 5 bytes of
+// zof_glyph_dsc_t and then the bitmap, rows without padding. If codes between code_min and code_max are missing, a zero
+// word ends the offsets and is used as the offset of missing codes.
 typedef struct {
     u16 code_min, code_max;
-    u16 bitmap_size; // bytes of the largest glyph's bitmap
+    u16 bitmap_size; // size of the largest glyph's bitmap in bytes
     u16 count;
-    u8 bpp; // 1, 2, 4 or 8; 0: the file is no font
+    u8 bpp; // 1, 2, 4 or 8; 0: not a font
     u8 line_height;
     s8 base_line;
     u8 reserved[5];
@@ -31,7 +31,7 @@ typedef struct {
     s8 ofs_x, ofs_y;        // of the box from pen and base line, upwards
 } zof_glyph_dsc_t;
 
-// What was read of the file, at most about 1.5 MB; internal.
+// Cached parts of the file, at most about 1.5 MB; internal.
 typedef struct zof_font_cache zof_font_cache_t;
 
 typedef struct {
@@ -42,43 +42,44 @@ typedef struct {
 
 typedef struct {
     u32 size;
-    lv_font_t *font; // owned; null for a file that was refused, so that it is refused once
+    lv_font_t *font; // owned; null for a refused file, so it is refused only once
     u32 ref;         // users
 } zof_fontsize_t;
 
 typedef struct {
     char *name;
     db_list *sizes; // of zof_fontsize_t
-    u8 *content;    // a TrueType file as it was when its first size was made, shared by all sizes
+    u8 *content;    // a TrueType file as it was when its first size was created, shared by all sizes
     u32 content_size;
 } zof_font_t;
 
-// The font of a file below font/ in pixels; takes a reference. Size 0 means 16. Null without a name, project or file,
-// and with one line for a file that cannot be used: the style then keeps its font. A file that is neither .ttf nor .bin
-// returns a font that draws nothing. The font is owned by the list.
+// Returns the font of a file in font/ at a size in pixels, and takes a reference. Size 0 means 16. Returns null without
+// a name, project or file, and, after a message, for an unusable file: the style then keeps its font. For a file that
+// is neither .ttf nor .bin it returns a font that draws nothing. The list owns the font.
 lv_font_t *zof_font_create_lvfont(const char *name, u32 size);
 // Releases a reference; the last one releases the font. Unknown names and sizes do nothing.
 void zof_font_delete(const char *name, u32 size);
 
-// A bitmap font's object, owned by the caller; null when the file cannot be read, is no font, or memory fails.
+// Opens a bitmap font; the caller owns the result. Returns null when the file cannot be read or is not a font, or
+// without memory.
 zof_binfont_t *zof_font_creat(const char *path);
-// Fills a font of the caller from a bitmap font file, 0 or -1; and releases what was filled in, 0, or -1 for null.
+// Fill a font of the caller from a bitmap font file, and release its contents. Return 0, or -1 on failure and for null.
 s32 zof_binfont_create(lv_font_t *font, const char *path);
 s32 zof_binfont_delete(lv_font_t *font);
-// Releases whatever is behind a font of either kind; a TrueType one goes with it. 0, or -1 for null.
+// Releases the contents of a font of either kind; for a TrueType font also the font itself. Returns 0, or -1 for null.
 s32 zof_lvfont_delete(lv_font_t *font);
 
-// LVGL's callbacks of a bitmap font: false and null where there is no glyph. A bitmap is valid until the next call for
-// any glyph of the font. The file stays open; glyphs that were read are kept until its size, time or identity changes,
-// which is checked at most once a millisecond.
+// LVGL's callbacks of a bitmap font; return false and null without a glyph. A bitmap is valid until the next call for
+// any glyph of the font. The file stays open; cached glyphs are kept until its size, time or identity changes, which is
+// checked at most once per millisecond.
 bool zof_font_get_glyph_dsc(const lv_font_t *font, lv_font_glyph_dsc_t *dsc, u32 code, u32 next);
 const u8 *zof_font_get_bitmap(const lv_font_t *font, u32 code);
 
-// LVGL calls it once for a TrueType font that costs too much to draw; its text is not drawn from then on.
+// Called once by LVGL for a TrueType font that is too costly to draw; its text is no longer drawn.
 void zof_font_given_up(const char *path);
 
-// Raw reads: the header, the 5 bytes of a glyph record, any stretch. Always 0; `out` is left alone when the file does
-// not open, and filled as far as the file goes.
+// Raw reads: the header, the 5 bytes of a glyph record, any range. Always return 0. `out` is unchanged if the file
+// cannot be opened, and filled up to the end of the file otherwise.
 s32 zof_get_f_header(const char *path, void *out);
 s32 zof_get_glyph_dsc(const char *path, u32 offset, void *out);
 s32 _font_getdata(const char *path, u32 offset, u32 size, void *out);
@@ -87,10 +88,10 @@ s32 _font_getdata(const char *path, u32 offset, u32 size, void *out);
 db_list *zof_font_list_create(void);
 s32 zof_font_list_add(const char *name);                 // 0, or -1 without a project or memory
 zof_font_t *zof_font_list_get(const char *name);         // null when unknown
-s32 zof_font_list_pop(const char *name);                 // releases the entry with all its fonts; 0
+s32 zof_font_list_pop(const char *name);                 // releases the entry with all its fonts; returns 0
 s32 zof_font_list_search_compare(void *data, void *key); // 0 when equal
 db_list *zof_fontsize_list_create(void);
-zof_fontsize_t *zof_fontsize_list_add(db_list *list, u32 size, lv_font_t *font); // ref 0; the font is the list's now
+zof_fontsize_t *zof_fontsize_list_add(db_list *list, u32 size, lv_font_t *font); // ref 0; the list takes the font
 zof_fontsize_t *zof_fontsize_list_get(db_list *list, u32 size);
 s32 zof_fontsize_list_pop(db_list *list, u32 size); // releases entry and font; 0 for a null list, else -1
 s32 zof_fontsize_del(zof_fontsize_t *entry);        // the same for an entry outside its list; -1 for null, else 0

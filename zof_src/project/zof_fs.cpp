@@ -1,5 +1,5 @@
 // Drive letters, and files through LVGL's file layer. The media of a device, D, E, T and U, are folders beside the
-// project here, and P is the folder above the project's files.
+// project here, and P is the parent of the project folder.
 #include <cstdio>
 #include <cstring>
 
@@ -30,7 +30,7 @@ const char *zof_fs_drive_base(char letter) {
     }
 }
 
-// Makes every folder on the first `length` bytes of fs_path, cutting it at each separator for a moment.
+// Creates every folder in the first `length` bytes of fs_path, which it temporarily cuts at each separator.
 static void folders_make(size_t length) {
     for (size_t i = 1; i < length; i++) {
         char separator = fs_path[i];
@@ -47,7 +47,7 @@ static void folders_make(size_t length) {
 }
 
 const char *zof_fs_get_real_path(const char *path) {
-    // The colon is looked at first: building the base overwrites the path buffer, in which a plain path may lie.
+    // Check for the colon first: building the base overwrites the path buffer, which may contain a plain path.
     const char *base = zof_fs_path_check(path) == 0 ? zof_fs_drive_base(path[0]) : nullptr;
     if (!base) {
         return path;

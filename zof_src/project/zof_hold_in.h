@@ -1,5 +1,5 @@
-// Keeps what is deleted within a scope in memory until the scope ends: deleting a control, or leaving a view, in the
-// event of a call that is still under way must not pull the object, record or attributes from under that call.
+// Keeps everything deleted within a scope in memory until the scope ends. An event function may delete a control or
+// leave a view while a call still uses the object, record or attributes.
 // Internal, C++ only. Graphics thread, or under dis_mutex.
 #ifndef ZOF_HOLD_IN_H
 #define ZOF_HOLD_IN_H

@@ -1,5 +1,5 @@
-// The current language: a flat table of texts, looked up at each use. Controls keep the reference, not the text, so
-// that a change of language can renew them. Changes live in memory until they are saved.
+// The current language: a flat table of texts, looked up at each use. Controls keep the reference, not the text, so a
+// language change can update them. Changes stay in memory until they are saved.
 #include "project/zof_lang.h"
 
 #include <cjson/cJSON.h>
@@ -16,7 +16,7 @@
 
 enum { LANG_VALUE_SIZE = 256 };
 
-// The application's own texts after a change; set before events flow.
+// The application's function for its own texts after a change; set before any events.
 static void (*lang_changed)(void);
 
 void zof_lang_on_change(void (*fn)(void)) {
@@ -97,10 +97,10 @@ void zof_lang_del(cJSON *root) {
     }
 }
 
-// Changes belong to the table that goes: kept, they would be written into the next language's file.
+// Drops unsaved changes with their table; otherwise they would be written to the file of the next language.
 static void table_drop(zof_prj_t *prj) {
     if (prj->lang_root && prj->lang_dirty) {
-        zof_printf("language %s: changes that were not saved are dropped\n", prj->lang_name ? prj->lang_name : "");
+        zof_printf("language %s: unsaved changes are dropped\n", prj->lang_name ? prj->lang_name : "");
     }
     zof_lang_del(prj->lang_root);
     prj->lang_root = nullptr;
@@ -109,7 +109,7 @@ static void table_drop(zof_prj_t *prj) {
 
 s32 zof_lang_set(const char *name) {
     zof_prj_t *prj = zof_prj_get_cur();
-    char *copy = prj ? zof_res_path_zof_malloc(name) : nullptr; // `name` may be a text of the table that goes
+    char *copy = prj ? zof_res_path_zof_malloc(name) : nullptr; // `name` may be a text of the table being deleted
     if (!copy) {
         return -1;
     }
@@ -137,7 +137,7 @@ s32 zof_lang_check_str(const char *text) {
     return text && text[0] == '#';
 }
 
-// The entry of a reference; null without table, without the entry, or when it is not a text.
+// Returns the entry of a reference; null without a table or entry, or if it is not a text.
 static cJSON *entry_of(const char *reference) {
     zof_prj_t *prj = zof_prj_get_cur();
     cJSON *entry = prj && prj->lang_root ? table_find(prj->lang_root, reference + 1) : nullptr;
@@ -158,7 +158,7 @@ s32 zof_lang_set_cur_str(const char *reference, const char *value) {
     if (!entry) {
         return -1;
     }
-    char copy[LANG_VALUE_SIZE]; // `value` may be the text that is about to be overwritten
+    char copy[LANG_VALUE_SIZE]; // `value` may be the text to be overwritten
     std::strcpy(copy, value);
     prj->lang_dirty = 1;
     return cJSON_SetValuestring(entry, copy) ? 0 : -1;

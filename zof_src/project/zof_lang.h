@@ -8,30 +8,31 @@ ZOF_C_BEGIN
 
 struct cJSON;
 
-// Makes config/languages/<name>.g the current language and renews every text on the screen. Changes of the former table
-// that were not saved are lost. -1, and no table at all, when the file is not to be had: references then show as they
-// are.
+// Makes config/languages/<name>.g the current language and updates every text on the screen. Unsaved changes of the old
+// table are lost. Returns 0, or -1 when the file cannot be read: there is no table then, and references are shown as
+// they are.
 s32 zof_lang_set(const char *name);
 
-// 1 for a reference, else 0.
+// Returns 1 for a reference, otherwise 0.
 s32 zof_lang_check_str(const char *text);
 
-// The text to show: that of the table for a reference, which lasts until the table changes; `text` itself when it is no
-// reference, or the table does not know it. Keys match without regard to case.
+// Returns the text to show: for a reference that of the table, valid until the table changes; `text` itself if it is
+// not a reference or the table does not have it. Keys are not case-sensitive.
 const char *zof_lang_get_cur_str(const char *text);
 
-// Changes an entry in memory; whoever wants to see it renews the controls. 0 when done, and when there is nothing to do
-// it with: no reference, no table, a null value or one of 256 bytes or more. -1 for an entry that the table does not
-// have.
+// Changes an entry in memory; controls show it after their next update. Returns 0, also when it does nothing: without a
+// table, if `reference` is not one, for a null value, and for one of 256 bytes or more. Returns -1 for an entry that
+// the table does not have.
 s32 zof_lang_set_cur_str(const char *reference, const char *value);
 
-// Writes the table back into its file. 1 when the file is as the table, 0 without a table, -1 with a line on failure.
+// Writes the table back to its file. Returns 1 when file and table are equal, 0 without a table, -1 after a message on
+// failure.
 s32 zof_lang_save_cur_to_flash(void);
 
 void zof_lang_del(struct cJSON *root);
 
-// Installs a function that runs at the end of every successful zof_lang_set, behind the sweep over all controls: an
-// application formats texts itself ("Use 12.04 V") and has to say them again. Null removes it. Graphics thread.
+// Installs a function that runs at the end of every successful zof_lang_set, after the update of all controls, because
+// an application must write the texts it formats itself ("Use 12.04 V") again. Null removes it. Graphics thread.
 void zof_lang_on_change(void (*fn)(void));
 
 ZOF_C_END

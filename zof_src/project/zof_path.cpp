@@ -1,4 +1,4 @@
-// Two looks at a name: at its text, which costs nothing and refuses most, and at what its links lead to.
+// Names are checked twice: by their text, which is cheap and refuses most bad names, and by resolving links.
 #include "project/zof_path_in.h"
 
 #include <cstring>
@@ -24,10 +24,10 @@ static bool has_controls(const char *name) {
 }
 
 static bool is_separator(char c) {
-    return c == '/' || c == '\\'; // either, so that a project is as safe on every system
+    return c == '/' || c == '\\'; // both, so a project is equally safe on all systems
 }
 
-// How many folders below its beginning a path ends; `lowest` gets the least number on the way.
+// Returns the depth at which a path ends, relative to its start; `lowest` gets the smallest depth on the way.
 static int depth_of(const char *path, int depth, int *lowest) {
     for (const char *end; *path; path = *end ? end + 1 : end) {
         for (end = path; *end && !is_separator(*end); end++) {
@@ -45,7 +45,7 @@ bool path_name_passes(const char *dir, const char *name) {
     dir = dir ? dir : "";
     name = name ? name : "";
     if (has_controls(name)) {
-        zof_printf("%s%s: a name with control characters is not opened", dir, name);
+        zof_printf("%s%s: contains control characters, not opened", dir, name);
         return false;
     }
     int lowest = 0;

@@ -1,19 +1,18 @@
-// The gate for names that hosts and project files bring. Inside the room only; files go through zof_res.h. Names stay
-// inside the project and the drive folders unless the project file says "allow_outside": 1.
+// Checks names from hosts and project files. Internal; files are opened through zof_res.h. Names must stay inside the
+// project and the drive folders unless the project file has "allow_outside": 1.
 #ifndef ZOF_PATH_IN_H
 #define ZOF_PATH_IN_H
 
-// True when the project file allows names that lead out of the project, and until it is read: it could not say
-// otherwise.
+// Returns true if the project file allows names that lead out of the project, and also before the file has been read.
 bool path_outside_allowed(void);
 
-// False, with a line, for a name with control characters, and for one that climbs out of the project from its folder
-// `dir` by "..". When `dir` is a drive, as "D:", or leads out of the project itself, the name must not climb above it.
-// Looks at the texts only. Null texts are empty.
+// Returns false, after a message, for a name with control characters, and for one that leaves the project from its
+// folder `dir` by "..". If `dir` is a drive such as "D:", or is itself outside the project, the name must not leave
+// `dir`. Checks only the text. Null texts count as empty.
 bool path_name_passes(const char *dir, const char *name);
 
-// False when links lead from `path` to something outside the folder `base`. What does not exist passes:
-// there is nothing to open.
+// Returns false if links lead from `path` out of the folder `base`. A path that does not exist passes, because there is
+// nothing to open.
 bool path_stays_inside(const char *path, const char *base);
 
 #endif

@@ -1,5 +1,5 @@
-// The project object: made when the work path is found, before the display, which takes size and title from it; brought
-// to life with the application's view table.
+// The project object. It is created when the work path is found, before the display, which takes its size and title
+// from it, and started with the application's view table.
 #include "project/zof_prj.h"
 
 #include <cstdio>
@@ -18,7 +18,7 @@
 enum { IMG_CACHE_MAX = 100, WH_UNKNOWN = 255 };
 
 static struct {
-    zof_prj_t *cur_prj_obj; // the one that is current; lives to the end of the process
+    zof_prj_t *cur_prj_obj; // the current one; lives until the end of the process
 } prj_state;
 
 void zof_prj_set_cur(zof_prj_t *prj) {
@@ -29,7 +29,7 @@ zof_prj_t *zof_prj_get_cur(void) {
     return prj_state.cur_prj_obj;
 }
 
-// Every path is this text with a name behind it, so it has to end in a separator.
+// All paths are this text followed by a name, so it must end in a separator.
 static char *folder_copy(const char *path) {
     const size_t length = path ? std::strlen(path) : 0;
     auto *copy = length ? (char *)zof_malloc(length + 2) : nullptr;
@@ -47,7 +47,7 @@ static zof_prj_t *prj_give_up(zof_prj_t *prj) {
     return nullptr;
 }
 
-// The folders that the runtime writes to.
+// Removes stale temporary files from the folders that the runtime writes to.
 static void left_overs_clear() {
     static const char *const written[] = {"config/project/", "config/languages/"};
     for (const char *folder : written) {
@@ -68,7 +68,7 @@ zof_prj_t *zof_prj_obj_create(const char *path) {
         zof_free(prj);
         return nullptr;
     }
-    zof_prj_set_cur(prj); // first of all: every path is relative to the current project
+    zof_prj_set_cur(prj); // first: all paths are relative to the current project
     left_overs_clear();
     prj->attr = zof_j2s_get_prj_attr(zof_res_get_prjfile_path("config/project/", "zofprj.g"));
     if (!prj->attr) {
@@ -122,7 +122,7 @@ s32 zof_prj_create(const zof_view_fun_t *views, u32 count) {
     return 0;
 }
 
-// The logo lives for the one turn that the forced refresh takes, and stays on the panel until the first view draws.
+// The logo object exists only during the forced refresh; its pixels stay on the panel until the first view is drawn.
 void zof_prj_show_power_on_logo(void) {
     const char *logo = zof_res_path_check("logo.png", "image/");
     if (!FileExist(logo) || !lv_disp_get_default()) {
@@ -135,7 +135,8 @@ void zof_prj_show_power_on_logo(void) {
     lv_obj_del(img);
 }
 
-// Areas, not sides: the panel is a block of memory. Asked at each turn of the display, so the first answer is kept.
+// Compares areas, not sides, because the panel is a block of memory. Called at each turn of the display, so the first
+// result is cached.
 s32 zof_prj_check_wh_avlid(void) {
     static s32 ret = WH_UNKNOWN;
     if (ret != WH_UNKNOWN) {

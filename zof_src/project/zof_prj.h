@@ -14,7 +14,7 @@ typedef enum { ZOF_LAYER_UI, ZOF_LAYER_STATE, ZOF_LAYER_TOP, ZOF_LAYER_BG, ZOF_L
 
 struct cJSON;
 
-// A view that exists. `obj` is the first field, as in a control, so that a node can stand as parent of a control.
+// A loaded view. `obj` is the first field, as in a control, so a node can be the parent of a control.
 typedef struct {
     lv_obj_t *obj;
     const zof_view_fun_t *view_fun;
@@ -24,10 +24,10 @@ typedef struct {
     const zof_ctrl_fun_t *ctrl_fun;
     u32 ctrl_fun_cnt;
     struct cJSON *file; // parsed; from the node's creation to the walk over its controls, or the end of its init
-    u8 displaying;      // being brought up by zof_view_set_dis_view_anim
+    u8 displaying;      // being shown by zof_view_set_dis_view_anim
     u8 ctrl_ready;      // the control list is complete for display
-    u8 del_on_unload;   // `pub` controls go when the screen is unloaded
-    u8 leaving;         // its exit function runs: a view that is shown by it does not leave it once more
+    u8 del_on_unload;   // delete `pub` controls when the screen is unloaded
+    u8 leaving;         // its exit function is running: a view shown by that function does not leave this one again
 } zof_view_node_t;
 
 typedef struct {
@@ -35,49 +35,50 @@ typedef struct {
     char *name;
 } zof_view_name_t;
 
-// Everything in it is its own, but for the view table. It lives to the end of the process.
+// Owns everything in it except the view table. Lives until the end of the process.
 typedef struct {
     zof_prj_attr_t *attr;
     char *path;                     // with its trailing "/"
     const zof_view_fun_t *view_fun; // the application's view table; not owned
     u32 view_fun_cnt;
-    zof_view_node_t *cur_view[ZOF_LAYER_COUNT]; // on display, by layer; null for none
+    zof_view_node_t *cur_view[ZOF_LAYER_COUNT]; // shown on each layer, or null
     db_list *view_names;                        // of zof_view_name_t
     db_list *view_list;                         // of zof_view_node_t
     db_list *font_list;                         // of zof_font_t
     char *lang_name;
-    struct cJSON *lang_root; // null while there is no language
-    u8 lang_dirty;           // the table has changes that are not in its file
+    struct cJSON *lang_root; // null without a language
+    u8 lang_dirty;           // the table has unsaved changes
 } zof_prj_t;
 
-// Reads the project in a folder and makes it the current one: record, view names, language. Null, with a line, when
-// there is none to read; then no project is current.
+// Reads the project in a folder and makes it the current one: record, view names, language. Returns null, after a
+// message, if it cannot be read; there is no current project then.
 zof_prj_t *zof_prj_obj_create(const char *path);
 
-// Brings the current project up: touch, image cache, logo, start view, and the other views when the project asks for
-// them. `views` is kept. 0, or -1 without a project; a start view that does not exist leaves the screen as it is.
+// Starts the current project: touch, image cache, logo, start view, and all other views if the project file says so.
+// Keeps a pointer to `views`. Returns 0, or -1 without a project; without a valid start view the screen is unchanged.
 s32 zof_prj_create(const zof_view_fun_t *views, u32 count);
 
 void zof_prj_set_cur(zof_prj_t *prj);
 zof_prj_t *zof_prj_get_cur(void);
 
-// Lets touches through when the project has touch enabled. 0, or -1 without a project.
+// Enables touches if the project file does. Returns 0, or -1 without a project.
 s32 zof_prj_hw_init(void);
 
-// Draws image/logo.png in the middle of the screen, at once; it stays there until something else is drawn.
+// Draws image/logo.png in the middle of the screen immediately; it stays there until something else is drawn.
 void zof_prj_show_power_on_logo(void);
 
-// 0 when the design's area fits the panel's, 1 when it does not, -1 without a project. The first answer but -1 stays.
+// Returns 0 if the area of the design fits that of the panel, 1 if not, -1 without a project. The first result other
+// than -1 is cached.
 s32 zof_prj_check_wh_avlid(void);
 
-// What the display asks of the project. 0, or -1 without one; `facts` is then as it was.
+// Fills `facts` for the display. Returns 0, or -1 without a project, which leaves `facts` unchanged.
 s32 zof_prj_facts(zof_prj_facts_t *facts);
 
-// Looks for the project folder, near where the program was started, and makes the project object of it; says which, or
-// "No work path found".
+// Searches for the project folder relative to the working directory and creates the project object from it. Prints the
+// folder, or "No work path found".
 void zof_drv_set_prj_path(void);
 
-// Looks only: the folder, in the shared path buffer, or null.
+// Only searches; returns the folder, in the shared path buffer, or null.
 const char *zof_drv_get_prj_path(void);
 
 ZOF_C_END

@@ -1,5 +1,5 @@
-// The reflection tables of the project's files: project, host protocol, view, the head of all controls, and styles. Row
-// order is the order of decoding.
+// The reflection tables of the project's files: project, host protocol, view, the head of all controls, and styles.
+// Rows are decoded in this order.
 #include "project/zof_prj_attr.h"
 
 const reflect_item_t zof_point_t_tbl[] = {
@@ -112,8 +112,8 @@ const reflect_item_t zof_scrollbar_t_tbl[] = {
     CSON_END,
 };
 
-// `alpha` is the one row of all tables that is not nullable. It is the last row, so nothing is lost by it, and every
-// record holds this one in a nullable row.
+// `alpha` is the only row of all tables that is not nullable. This loses nothing: it is the last row, and every record
+// contains this table in a nullable row.
 const reflect_item_t zof_pub_attr_t_tbl[] = {
     CSON_TEXT(zof_pub_attr_t, name),
     CSON_INT(zof_pub_attr_t, id),

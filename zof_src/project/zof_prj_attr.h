@@ -1,5 +1,5 @@
 // Records of the project's files: project, host protocol, view, and the head and styles that all controls share.
-// A field's name is its JSON key; fields without a key are marked. Strings belong to their record.
+// A field's name is its JSON key; fields without a key are marked. A record owns its strings.
 #ifndef ZOF_PRJ_ATTR_H
 #define ZOF_PRJ_ATTR_H
 
@@ -130,10 +130,10 @@ typedef struct {
     zof_body_dis_t body_t;
     zof_text_dis_t txt_t;
     zof_img_dis_t img_t;
-    lv_style_t *lv_style; // no key: made from this record, null until then
+    lv_style_t *lv_style; // no key: created from this record, null until then
 } zof_style_attr_t;
 
-// The head of every control's attribute record; its key is `pub_t` in all of them.
+// The common head of all control attribute records; its key is `pub_t`.
 typedef struct {
     char *name;
     u16 view_id; // no key: the owning view

@@ -1,4 +1,4 @@
-// Where the project folder lies: a few places relative to where the program was started.
+// Finds the project folder in a few places relative to the working directory.
 #include "project/zof_prj.h"
 #include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"

@@ -1,4 +1,4 @@
-// What the project runtime needs of the control layer above it. Filled in zof_src/zof_wiring.cpp.
+// Functions that the project runtime needs from the control layer above it. Set in zof_src/zof_wiring.cpp.
 #ifndef ZOF_PRJ_UP_H
 #define ZOF_PRJ_UP_H
 
@@ -10,7 +10,7 @@ typedef struct {
     db_list *(*ctrl_list_init)(void);
     s32 (*ctrl_list_create)(zof_view_node_t *view);
     s32 (*ctrl_delete)(void *record); // a para_t, when its view is left
-    s32 (*ctrl_txt_update)(void);     // after a change of language
+    s32 (*ctrl_txt_update)(void);     // after a language change
 } zof_prj_up_t;
 
 extern const zof_prj_up_t zof_prj_up;

@@ -1,6 +1,6 @@
-// From resource names to paths. All paths are built in one shared buffer, so that a lookup never allocates; whoever
-// keeps a path copies it. Behind the buffer lies a second half in which a path is put together first: a name may itself
-// lie in the buffer, and a path that does not fit leaves the former one whole.
+// Resolves resource names into paths. All paths are built in one shared buffer, so a lookup never allocates; callers
+// that keep a path copy it. Paths are assembled in a second half of the buffer first, because a name may itself be in
+// the buffer, and a path that does not fit must leave the previous one intact.
 #include "project/zof_res.h"
 
 #include <cstdio>
@@ -16,7 +16,7 @@
 enum { LOCAL_NAME_SIZE = 50 };
 
 static struct {
-    char *res_path_buf; // twice the size: path, and the place where it is put together
+    char *res_path_buf; // twice the size: the path, and the half in which it is assembled
     u32 res_path_len;   // bytes of one half
 } res;
 
@@ -27,7 +27,8 @@ const char *const themeFileName[30] = {
     "spinbox", "img",       "gif",       "qrcode",       "video",      "keyboard",
     "tile",    "sketchpad", "btnmatrix", "animimg",      "scrollcont", "scrollcont_obj",
 };
-static_assert(sizeof(themeFileName) / sizeof(themeFileName[0]) == ZOF_CTRL_TYPE_COUNT, "one file name a control type");
+static_assert(sizeof(themeFileName) / sizeof(themeFileName[0]) == ZOF_CTRL_TYPE_COUNT,
+              "one file name per control type");
 
 s32 zof_res_set_path_cache(u32 n) {
     if (n == 0) {
@@ -43,7 +44,7 @@ s32 zof_res_set_path_cache(u32 n) {
     return 0;
 }
 
-// Null parts are skipped. Null, with a line, when the whole does not fit.
+// Null parts are skipped. Returns null, after a message, if the path does not fit.
 static char *join(const char *a, const char *b, const char *c) {
     if (!res.res_path_buf) {
         return nullptr;
@@ -77,7 +78,7 @@ const char *zof_res_get_prj_path(void) {
     return prj ? prj->path : nullptr;
 }
 
-// The path itself, or null, with a line, when links lead out of the folder.
+// Returns the path, or null, after a message, if links lead out of the folder.
 static char *linked_inside(char *path, const char *folder) {
     if (path_stays_inside(path, folder)) {
         return path;
@@ -86,7 +87,7 @@ static char *linked_inside(char *path, const char *folder) {
     return nullptr;
 }
 
-// A folder of ours that leads out of the project, as those of the drives do, is no business of the links' check.
+// Folders set by the runtime that are outside the project, such as those of the drives, are not checked for links.
 char *zof_res_get_prjfile_path(const char *dir, const char *name) {
     if (!path_name_passes(dir, name)) {
         return nullptr;
@@ -97,7 +98,7 @@ char *zof_res_get_prjfile_path(const char *dir, const char *name) {
     return ours ? path : linked_inside(path, project);
 }
 
-// True when the pieces fit the local buffer; a line when they do not.
+// Returns true if the parts fit the local buffer, otherwise false after a message.
 static bool local_name(char *out, const char *a, const char *b, const char *c) {
     int length = std::snprintf(out, LOCAL_NAME_SIZE, "%s%s%s", a, b, c);
     if (length >= 0 && length < LOCAL_NAME_SIZE) {
@@ -121,7 +122,7 @@ char *zof_res_get_theme_path(const char *theme, u32 type) {
     return local_name(whole, file, ".g", "") ? zof_res_get_prjfile_path("config/theme/", whole) : nullptr;
 }
 
-// P is the folder above the project's files.
+// P is the parent of the project folder.
 static char *drive_path(const char *name) {
     char letter[3] = {name[0], ':', '\0'};
     if (!path_name_passes(nullptr, letter) || !path_name_passes(letter, name + 2)) {

@@ -1,5 +1,5 @@
-// Screen transitions. LVGL's own have other numbers, no path and no zoom, and an interrupted one of theirs keeps the
-// old screen drawn and the input off for ever; here whatever ends a transition brings everything to its end state.
+// Screen transitions. LVGL's own have different numbers, no path and no zoom, and an interrupted one leaves the old
+// screen drawn and the input off forever. Here an interrupted transition always reaches its end state.
 #include <initializer_list>
 
 #include "project/zof_view.h"
@@ -42,14 +42,14 @@ static constexpr scr_row rows[] = {
 };
 static_assert(sizeof(rows) / sizeof(rows[0]) == ZOF_SCR_LOAD_ANIM_COUNT);
 
-// A screen of the running transition, and the opacity that it has of its own.
+// A screen of the running transition, and its original opacity.
 struct scr_saved {
     lv_obj_t *obj;
     bool has_opa;
     lv_style_value_t opa;
 };
 
-// The transition that is waiting or running; one at a time.
+// The waiting or running transition; there is only one at a time.
 static struct {
     bool active;
     bool started; // false while the delay lasts
@@ -91,7 +91,7 @@ static void scr_restore(const scr_saved *saved) {
     lv_obj_remove_local_style_prop(obj, LV_STYLE_TRANSFORM_ZOOM, LV_PART_MAIN);
     lv_obj_remove_local_style_prop(obj, LV_STYLE_TRANSFORM_PIVOT_X, LV_PART_MAIN);
     lv_obj_remove_local_style_prop(obj, LV_STYLE_TRANSFORM_PIVOT_Y, LV_PART_MAIN);
-    lv_obj_update_layout(obj); // a screen that is not shown is not laid out by itself
+    lv_obj_update_layout(obj); // LVGL does not lay out a hidden screen by itself
 }
 
 static void move_x(void *obj, s32 v) {
@@ -102,12 +102,12 @@ static void move_y(void *obj, s32 v) {
     lv_obj_set_y((lv_obj_t *)obj, v);
 }
 
-// Paths that overshoot leave the range for a moment.
+// Paths that overshoot temporarily leave the range.
 static void fade(void *obj, s32 v) {
     lv_obj_set_style_opa((lv_obj_t *)obj, (lv_opa_t)LV_CLAMP(LV_OPA_TRANSP, v, LV_OPA_COVER), LV_PART_MAIN);
 }
 
-// Outside of an input event no device is the active one; the finger that was there last is meant all the same.
+// Outside an input event there is no active device; use the last touch point.
 static void pivot_find() {
     if (tr.pivot_known) {
         return;
@@ -175,8 +175,8 @@ static void tr_start(lv_anim_t *) {
     lv_event_send(tr.in.obj, LV_EVENT_SCREEN_LOAD_START, nullptr);
 }
 
-// The incoming screen's animation has gone, at its end or because something else came. The state is settled before the
-// events, as their receivers may start the next transition.
+// The incoming screen's animation was deleted, at its end or by an interruption. The state is updated before the
+// events, because their handlers may start the next transition.
 static void tr_end(lv_anim_t *) {
     if (!tr.active) {
         return;
@@ -188,7 +188,7 @@ static void tr_end(lv_anim_t *) {
     scr_restore(&done.out);
     if (!done.started) {
         if (disp->act_scr != done.in.obj) {
-            disp->scr_to_load = nullptr; // else LVGL has just loaded it itself, and still looks at this
+            disp->scr_to_load = nullptr; // otherwise LVGL has just loaded it itself, and still uses this field
             load_now(disp, done.in.obj);
         }
         return;
@@ -225,7 +225,7 @@ void zof_scr_load_anim(lv_obj_t *scr, u32 transition, u32 time, u32 delay, lv_an
     }
     tr_cut_short();
     if (disp->act_scr == scr) {
-        lv_obj_invalidate(scr); // shown already: nothing goes and nothing comes
+        lv_obj_invalidate(scr); // already shown: no transition
         return;
     }
     lv_anim_del(scr, nullptr);
@@ -241,7 +241,7 @@ void zof_scr_load_anim(lv_obj_t *scr, u32 transition, u32 time, u32 delay, lv_an
     lv_anim_t out = side_anim(disp, tr.out.obj, &row->out);
     lv_anim_set_start_cb(&in, tr_start);
     lv_anim_set_deleted_cb(&in, tr_end);
-    for (lv_anim_t *a : {&in, &out}) { // the later one runs first, so the outgoing screen is through when `in` ends
+    for (lv_anim_t *a : {&in, &out}) { // the later one runs first, so the outgoing screen is finished when `in` ends
         lv_anim_set_time(a, LV_MIN(time, INT32_MAX));
         lv_anim_set_delay(a, LV_MIN(delay, INT32_MAX));
         lv_anim_set_path_cb(a, path);

@@ -1,5 +1,5 @@
-// Style records become LVGL styles. A record is a complete look: it sets every property, also those that its file left
-// at 0, so that what a control shows depends on its project and not on LVGL's built-in theme.
+// Converts style records into LVGL styles. A record is complete: it sets every property, including those that its file
+// left at 0, so the look of a control depends on its project and not on LVGL's built-in theme.
 #include "project/zof_style.h"
 
 #include "project/zof_font.h"
@@ -12,7 +12,7 @@ lv_color_t zof_color_to_lv(zof_color_t color) {
     return lv_color_hex(color & 0xFFFFFF);
 }
 
-// The path of the background image is a copy of ours, which the LVGL style only points at.
+// The path of the background image is our copy; the LVGL style only points to it.
 static void path_release(lv_style_t *lv_style) {
     lv_style_value_t value;
     if (lv_style_get_prop(lv_style, LV_STYLE_BG_IMG_SRC, &value) == LV_STYLE_RES_FOUND) {
@@ -20,7 +20,7 @@ static void path_release(lv_style_t *lv_style) {
     }
 }
 
-// LVGL paints a shadow in memory first, in a square of its width.
+// LVGL first renders a shadow in memory, in a square of its width.
 enum { LENGTH_MAX = 4095, SHADOW_MAX = 255 };
 
 lv_coord_t zof_length_to_lv(u32 pixels) {
@@ -116,8 +116,8 @@ s32 zof_style_del(zof_ctrl_t *ctrl, zof_style_attr_t *style) {
     if (obj && style->style_sect == 0) {
         lv_obj_remove_style(obj, style->lv_style, style->style_part | style->style_state);
     } else if (obj) {
-        // Another section is on objects that only their control knows, some of them outside its tree (the open list of
-        // a drop list lies on the screen), so it is taken off wherever it is.
+        // The objects of other sections are known only to their control, and some are outside its tree (the open list
+        // of a drop list is on the screen), so the style is removed from all objects.
         lv_obj_tree_walk(nullptr, detach, style->lv_style);
     }
     path_release(style->lv_style);

@@ -1,5 +1,5 @@
-// Themes: the style records that a control type starts with. A control gets flat copies of them, over which its own
-// styles are laid key by key.
+// Themes: the initial style records of a control type. A control gets shallow copies of them, which its own styles
+// override key by key.
 #include <stdio.h>
 #include <string.h>
 
@@ -14,13 +14,13 @@
 
 const char *const zof_theme_name[2] = {"youth", "night"};
 
-// By type alone: the first theme that is asked for fixes the look of a type for the life of the process.
+// Indexed only by type: the first theme requested for a type is used for the life of the process.
 static struct {
     zof_pub_attr_t *zof_theme[ZOF_CTRL_TYPE_COUNT];
-    u8 broken[ZOF_CTRL_TYPE_COUNT];        // its file does not parse: said once, not once a control
-    char chosen[64];                       // by zof_theme_set: counts more than what view files name
-    zof_bool remembers;                    // a view is being read, so `missing` counts
-    char missing[ZOF_CTRL_TYPE_COUNT][32]; // the theme that was last found to have no file for the type
+    u8 broken[ZOF_CTRL_TYPE_COUNT];        // its file is invalid: reported once, not once per control
+    char chosen[64];                       // by zof_theme_set: takes precedence over the names in view files
+    zof_bool remembers;                    // a view is being read, so `missing` is used
+    char missing[ZOF_CTRL_TYPE_COUNT][32]; // the last theme found to have no file for the type
 } self;
 
 void zof_theme_remember_missing(zof_bool on) {
@@ -144,8 +144,8 @@ zof_style_attr_t *zof_theme_style_check(u32 part, u32 state, u32 sect, zof_pub_a
     return style_append(record);
 }
 
-// What a control shows of its old theme becomes what the new one has; what the control says for itself stays. A field
-// that says the same as its old theme is taken for inherited.
+// Replaces the values that a control has from its old theme by those of the new one; its own values stay. A value equal
+// to that of the old theme counts as inherited.
 static void fields_follow(u8 *field, const u8 *before, const u8 *now, const reflect_item_t *table) {
     for (; table->key; table++) {
         const size_t at = table->offset;
@@ -162,8 +162,9 @@ static bool same_style(const zof_style_attr_t *a, const zof_style_attr_t *b) {
            a->style_sect == b->style_sect;
 }
 
-// Controls know their theme's styles by their place, so the new theme gets the places of the old one. A style that it
-// does not have it takes over from there; one that it has besides would stand where controls keep their own.
+// Controls refer to the styles of their theme by index, so the new theme gets the order of the old one. Styles that it
+// lacks are taken from the old theme; additional ones are dropped, because controls keep their own styles at those
+// indices.
 static void theme_align(const char *name, const zof_pub_attr_t *before, zof_pub_attr_t *now) {
     auto **list = (zof_style_attr_t **)zof_malloc((before->style_num + 1u) * sizeof(zof_style_attr_t *));
     for (u32 n = 0; list && n < before->style_num; n++) {
@@ -192,7 +193,7 @@ static void theme_align(const char *name, const zof_pub_attr_t *before, zof_pub_
     now->style_num = list ? before->style_num : 0;
 }
 
-// Lets go of the old theme but for the styles that the new one took over.
+// Releases the old theme except for the styles taken by the new one.
 static void theme_replace(u32 type, zof_pub_attr_t *now) {
     zof_pub_attr_t *before = self.zof_theme[type];
     for (u32 i = 0; i < before->style_num && i < now->style_num; i++) {

@@ -11,7 +11,7 @@
 
 static struct {
     char sdk[40];
-    char *fw; // read from the project file once; kept to the end of the process
+    char *fw; // read from the project file once; kept until the end of the process
 } versions;
 
 const char *zof_sdk_get_version(void) {
@@ -25,7 +25,7 @@ const char *zof_ver_get_str(void) {
     return zof_sdk_get_version();
 }
 
-// The banner needs it before there is a project object, so the file is looked for and read here. Its faults are
+// The banner needs the version before there is a project object, so the file is located and read here. Its faults are
 // reported when the project is opened.
 const char *zof_fw_get_version(void) {
     if (versions.fw) {

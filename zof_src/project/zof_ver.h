@@ -1,4 +1,4 @@
-// Version strings. None is the caller's to release.
+// Version strings. The caller does not own them.
 #ifndef ZOF_VER_H
 #define ZOF_VER_H
 
@@ -6,17 +6,17 @@
 
 ZOF_C_BEGIN
 
-// "version" of the project file, which is looked for and read when it is first asked for; null when there is none.
+// Returns "version" of the project file, which is located and read at the first call; null without one.
 const char *zof_fw_get_version(void);
 
-// The runtime's own.
+// Return the version of the runtime.
 const char *zof_sdk_get_version(void);
 const char *zof_ver_get_str(void);
 
-// The banner.
+// Prints the banner.
 void zof_ver_printf(void);
 
-// From the current project; null without one, or when it does not tell.
+// Return values of the current project; null without a project or without the key.
 const char *zof_user_app_version(void);
 const char *zof_user_app_comp_time(void);
 

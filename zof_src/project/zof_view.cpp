@@ -1,5 +1,5 @@
-// Bringing views up and taking them down. The order of the calls is a contract with the application: exit of the old
-// view, deletion of its short-lived controls, init of the new one (once), its controls, the screen, entry.
+// Shows and leaves views. The order of the calls is a contract with the application: exit of the old view, deletion of
+// its short-lived controls, init of the new one (once), its controls, the screen, entry.
 #include "project/zof_view.h"
 
 #include <cjson/cJSON.h>
@@ -30,7 +30,7 @@ static bool view_is_current(u32 id) {
     return false;
 }
 
-// The display's own roots can be had only as long as no view has replaced one.
+// The display's own roots are available only until a view replaces one.
 static bool views_ready(u32 id) {
     const zof_prj_t *prj = zof_prj_get_cur();
     if (id == 0 || !prj || !prj->view_list) {
@@ -79,7 +79,7 @@ s32 zof_view_create(u32 id, const zof_ctrl_fun_t *ctrls, u32 count) {
     }
     lv_obj_add_event_cb(node->obj, event_del_view, LV_EVENT_SCREEN_UNLOADED, node);
     lv_obj_set_scroll_dir(node->obj, LV_DIR_NONE);
-    lv_obj_set_scrollbar_mode(node->obj, LV_SCROLLBAR_MODE_OFF); // else each new control measures all of them
+    lv_obj_set_scrollbar_mode(node->obj, LV_SCROLLBAR_MODE_OFF); // otherwise each new control measures all others
     lv_obj_clear_flag(node->obj, LV_OBJ_FLAG_HIDDEN);
     node->ctrl_fun = ctrls;
     node->ctrl_fun_cnt = ctrls ? count : 0;
@@ -87,7 +87,7 @@ s32 zof_view_create(u32 id, const zof_ctrl_fun_t *ctrls, u32 count) {
     return 0;
 }
 
-// A control that stays would go with the object of a parent that does not: it waits on the view's own object.
+// Moves a control that stays to the view's own object; otherwise it would be deleted with its parent.
 static void park(zof_view_node_t *node, para_t *record) {
     const para_t *parent = (const para_t *)record->parent;
     if (record->attr->parent_id < 1 || !parent || record->parent == node) {
@@ -119,7 +119,7 @@ s32 zof_view_delete(u32 id) {
     if (!node->ctrl_ready || !node->ctrl_list) {
         return -1;
     }
-    if (zof_view_ctrls_each(node, true, leave_or_park) != 0) { // children come before their parents this way
+    if (zof_view_ctrls_each(node, true, leave_or_park) != 0) { // in this order children precede their parents
         return -1;
     }
     if (!node->ctrl_ready && node->bg_obj) {
@@ -184,9 +184,10 @@ s32 zof_view_set_dis_view_anim(u32 id, u32 transition, u32 time, u32 delay, u32 
     zof_layer_se layer = zof_view_layer_of(node);
     leave(prj->cur_view[layer], transition == 0 && time == 0 && delay == 0);
 
-    const u8 displaying = node->displaying; // an event function that builds it may show it once more
+    const u8 displaying = node->displaying; // an event function may show this view again while it is being built
     node->displaying = 1;
-    node->del_on_unload = 0; // still set when the view returns before its screen was unloaded: its controls are wanted
+    node->del_on_unload =
+        0; // still set if the view is shown again before its screen was unloaded: its controls must stay
     if (!node->obj) {
         init_run(node);
     } else if (!node->ctrl_ready) {

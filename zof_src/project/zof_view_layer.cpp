@@ -1,5 +1,5 @@
-// The four layers of the display, and what a view's background shows. A layer is a root object of the display; putting
-// a view on one replaces that root by the view's.
+// The four layers of the display, and the backgrounds of views. A layer is a root object of the display; showing a view
+// on a layer replaces that root by the view's object.
 #include "project/zof_view_layer.h"
 
 #include <string.h>
@@ -123,7 +123,7 @@ s32 zof_view_set_bg(u32 id, const char *image) {
     if (!node || !node->obj || !node->attr) {
         return -1;
     }
-    char *former = node->attr->bg_image; // released last: it may be the name that is being set
+    char *former = node->attr->bg_image; // released last: it may be the new name
     node->attr->bg_image = text_copy(image);
     zof_free(former);
     u32 layer = zof_view_layer_showing(node);
@@ -173,7 +173,7 @@ s32 zof_view_force_refresh(void) {
         lv_disp_t *disp = lv_disp_get_default();
         lv_timer_t *refresh = disp ? _lv_disp_get_refr_timer(disp) : nullptr;
         if (refresh) {
-            lv_timer_ready(refresh); // else the refresh waits for its period, and nothing is on the screen yet
+            lv_timer_ready(refresh); // otherwise the refresh waits for its period, and the screen is still empty
         }
         lv_timer_handler();
     }

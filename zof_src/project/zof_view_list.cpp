@@ -1,4 +1,4 @@
-// The lists behind the views: names by id, which the project file gives, and the nodes of the views that exist.
+// The lists of views: names by id, from the project file, and the nodes of loaded views.
 #include <string.h>
 
 #include "project/zof_hold_in.h"
@@ -80,12 +80,12 @@ db_list *zof_view_list_get_ctrl_list(u32 id) {
 }
 
 s32 zof_view_ctrls_each(zof_view_node_t *view, bool last_first, void (*fn)(zof_view_node_t *view, para_t *record)) {
-    zof_hold hold; // a record that is freed meanwhile stays readable, without attributes
+    zof_hold hold; // a record freed in the meantime stays readable, without attributes
     const db_list *list = view->ctrl_list;
     const u32 count = list ? (u32)list->count : 0;
     para_t **records = (para_t **)zof_malloc(count * sizeof(para_t *));
     if (count && !records) {
-        zof_printf("view %u: no memory to go through its controls", view->attr->v_id);
+        zof_printf("view %u: not enough memory to visit its controls", view->attr->v_id);
         return -1;
     }
     const db_node *at = count ? list->head : nullptr;
@@ -127,13 +127,13 @@ static zof_view_node_t *node_new(zof_view_attr_t *attr, const zof_view_fun_t *fu
 zof_view_node_t *zof_view_node_create(u32 id) {
     const char *name = zof_view_name_get(id);
     if (!name) {
-        zof_printf("view %u: the project file names no such view", id);
+        zof_printf("view %u: no such view in the project file", id);
         return nullptr;
     }
     cJSON *file = nullptr;
     zof_view_attr_t *attr = zof_j2s_view_open(zof_res_get_prjfile_path("config/view/", name), &file);
     if (!attr) {
-        zof_printf("view %u: config/view/%s gives no view", id, name);
+        zof_printf("view %u: config/view/%s is not a valid view", id, name);
         return nullptr;
     }
     const zof_view_fun_t *fun = zof_view_fun_get(attr->v_id);

@@ -121,7 +121,7 @@ static constexpr struct {
     {REG_AUTO_ARM, auto_arm},       {REG_RAIL_COMMIT, commit},
 };
 
-// The link passes one word at a time, so a whole row comes only from a caller that has it in hand.
+// The link passes one word at a time, so only direct callers pass a whole row.
 static bool whole_rail(u16 addr, const u16 *data, u8 datalen) {
     if (addr < REG_RAIL_BASE || addr >= REG_RAIL_BASE + 4 * RAIL_MAX || datalen < 4) {
         return false;

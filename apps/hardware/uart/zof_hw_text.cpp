@@ -28,7 +28,7 @@ const char *panel_words(panel_text_e id) {
     return zof_lang_get_cur_str(panel_text(id));
 }
 
-// A language file is data: what it gives as a format must ask for two numbers and nothing else.
+// A language file is data: a format from it must take two numbers and nothing else.
 static bool is_use_format(const char *text) {
     const char *first = strstr(text, "%u");
     const char *second = first ? strstr(first + 2, "%02u") : nullptr;

@@ -1,4 +1,4 @@
-// Texts that the panel's code writes: through the current language, and the given English where it has none.
+// Texts written by the panel's code, in the current language, or in English where the language has none.
 #ifndef ZOF_HW_TEXT_H
 #define ZOF_HW_TEXT_H
 
@@ -15,13 +15,14 @@ enum panel_text_e {
     TEXT_COUNT
 };
 
-// For a label: the language key, which the label keeps and follows, or the English text when the language lacks it.
+// Returns a text for a label: the language key, which the label keeps across language changes, or the English text if
+// the language does not have it.
 const char *panel_text(panel_text_e id);
 
-// The words themselves in the current language; valid until it changes.
+// Returns the text itself in the current language; valid until the language changes.
 const char *panel_words(panel_text_e id);
 
-// Writes "Use 12.04 V" in the current language. A translation that is no format of two unsigned numbers is not used.
+// Writes "Use 12.04 V" in the current language. A translation that is not a format of two unsigned numbers is ignored.
 void panel_use_text(char *out, size_t size, u16 mv);
 
 #endif

@@ -1,17 +1,17 @@
-// The register link: both ends see an image of 16-bit registers, and either side updates it by frames without checksum,
-// acknowledgement or repetition. The program never polls; the board pushes what it knows.
+// The register link: both ends share an image of 16-bit registers, which either side updates with frames without
+// checksum, acknowledgement or repetition. The program never polls; the board pushes its values.
 #include <string.h>
 
 #include "hardware/uart/zof_hw_uart.h"
 
 enum { RX_SIZE = 2048, FRAME_MIN = 6, REPORT_WORDS_MAX = 125, REPORT_SIZE = 257 };
-enum { ADDR_BYTES = 3, WORDS_MAX = (255 - ADDR_BYTES) / 2 }; // of one write frame: its length byte counts them
+enum { ADDR_BYTES = 3, WORDS_MAX = (255 - ADDR_BYTES) / 2 }; // per write frame, limited by its length byte
 enum { KEPT_MS = 1000 };
 
-// The image, with room for a burst that starts at the last address that passes.
+// The image, with room for a burst that starts at the last valid address.
 static u16 ctrlreg[(u32)REG_MAX + WORDS_MAX + 1];
 
-// Bytes kept from earlier messages, then the joined data while it is analysed: as much as the driver delivers at once.
+// Bytes kept from earlier messages, then the joined data during analysis: as much as the driver delivers at once.
 static u8 RX_HAND_BUF[RX_SIZE + FRAME_MIN];
 
 zof_drv_t *drv_uart;
@@ -48,7 +48,7 @@ s32 zof_reg_com_send(u16 addr, u16 len) {
     if (addr > REG_MAX) {
         return -1;
     }
-    const u8 count = (u8)(len > REPORT_WORDS_MAX ? (u16)REPORT_WORDS_MAX : len); // what would not fit is cut
+    const u8 count = (u8)(len > REPORT_WORDS_MAX ? (u16)REPORT_WORDS_MAX : len); // the rest would not fit
     u8 frame[REPORT_SIZE] = {REG_HEAD0, REG_HEAD1, (u8)(2 * (count + 2)), REG_CMD_READ, (u8)(addr >> 8),
                              (u8)addr,  count};
     u32 size = 7;
@@ -63,8 +63,8 @@ s32 zof_reg_report(u16 addr, u16 value) {
     return zof_reg_set(addr, value) == 0 ? zof_reg_com_send(addr, 1) : -1;
 }
 
-// The handler gets the frame's base address for every word: a frame of several words runs the first register's handler
-// once for each, and only fills the others.
+// The handler gets the frame's base address for every word: a frame of several words runs the handler of the first
+// register once per word, and only stores the others.
 static s32 zof_reg_s_set(u16 addr, const u8 *data, u8 len) {
     if (addr > REG_MAX) {
         return -1;
@@ -76,7 +76,7 @@ static s32 zof_reg_s_set(u16 addr, const u8 *data, u8 len) {
     return 0;
 }
 
-// The words that a write frame really holds.
+// Returns how many words a write frame holds.
 static u8 words_in(u8 len) {
     return len > ADDR_BYTES ? (u8)((len - ADDR_BYTES) / 2) : 0;
 }
@@ -98,9 +98,9 @@ s32 zof_comm_handle(u8 *data) {
     return 0;
 }
 
-// A frame that is not complete is walked over byte by byte, and only what is left behind the walk is kept: the driver
-// delivers whole bursts, so a frame cut later than its fifth byte is a broken one. What a message leaves is not joined
-// with one that comes a second later: it would be another frame's.
+// An incomplete frame is skipped byte by byte, and only the last bytes after the scan are kept: the driver delivers
+// whole bursts, so a frame cut after its fifth byte is broken. Kept bytes are not joined with a message that arrives
+// more than a second later, because they would belong to another frame.
 void recive_data_handle(u8 *databuf, u32 datalen) {
     static u16 last_data_num; // bytes kept from the last message
     static u32 last_ms;       // time of the last message

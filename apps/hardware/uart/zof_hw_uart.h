@@ -1,4 +1,4 @@
-// All logic of the panel: the register link to the controller board, the register map, and what the four views do.
+// The logic of the panel: the register link to the controller board, the register map, and the four views.
 // Everything here runs under dis_mutex: control events on the main thread, frames on the link's client thread.
 #ifndef ZOF_HW_UART_H
 #define ZOF_HW_UART_H
@@ -23,25 +23,25 @@ extern prof_t g_prof[RAIL_MAX];
 extern u8 g_prof_n, g_sel, g_panel_up;
 extern zof_drv_t *drv_uart;
 
-// The link. Results: 0, or -1 for an address above REG_MAX; the sender's result is the driver's.
+// The link. Functions return 0, or -1 for an address above REG_MAX; sending returns the result of the driver.
 void zof_uart_init(void);
 s32 zof_reg_set(u16 addr, u16 data);
 s32 zof_reg_get(u16 addr);
 s32 zof_reg_com_send(u16 addr, u16 len);
-// The program's usual way to hand over one value: into the image first, the report takes it from there.
+// Stores a value in the image and reports it to the board.
 s32 zof_reg_report(u16 addr, u16 value);
 void recive_data_handle(u8 *databuf, u32 datalen);
-// `data` holds a whole frame, and at least 6 bytes.
+// `data` must hold a complete frame of at least 6 bytes.
 s32 zof_comm_handle(u8 *data);
 void zof_reg_set_user(u16 addr, u16 *data, u8 datalen);
-// Around what the line delivers at once: between the two, a commit of the rails is kept, and the list is rebuilt at the
-// end, once. Otherwise a kilobyte of commits would hold the panel for seconds.
+// Enclose the data delivered at once by the line: between the two, commits of the rails are deferred, and the list is
+// rebuilt once at the end. Otherwise a kilobyte of commits would block the panel for seconds.
 void zof_reg_delivery_begin(void);
 void zof_reg_delivery_end(void);
 
-// Rebuilds the list of rails from the image; what the board's commit does.
+// Rebuilds the list of rails from the image, as on a commit of the board.
 void rail_commit(void);
-// Paints again what the code wrote into labels, after a language change.
+// Writes the labels set by code again, after a language change.
 void panel_lang_changed(void);
 
 // View 1.

@@ -1,5 +1,5 @@
-// View 1: the output's toggle and the session. The program never decides the output's state: a click asks the board for
-// the opposite of what it last reported, and the paint changes when the board answers.
+// View 1: the output's toggle and the session. The program never decides the state of the output: a click requests the
+// opposite of the last reported state, and the display changes when the board answers.
 #include "bench_ids.h"
 #include "hardware/uart/zof_hw_text.h"
 #include "hardware/uart/zof_hw_uart.h"

@@ -1,5 +1,5 @@
-// View 2: the list of rails. The board writes it into the register image and commits it; a person picks a row, on an
-// adjustable rail sets voltage and current limit, and applies it.
+// View 2: the list of rails. The board writes it into the register image and commits it. The user selects a row, sets
+// voltage and current limit on an adjustable rail, and applies it.
 #include <stdio.h>
 
 #include "bench_ids.h"
@@ -10,11 +10,11 @@
 prof_t g_prof[RAIL_MAX]; // the table as last committed
 u8 g_prof_n;
 u8 g_sel = RAIL_NONE;
-u8 g_panel_up; // the adjust panel is believed to be shown
+u8 g_panel_up; // the adjust panel counts as shown
 
 enum row_column_e { COL_BADGE, COL_VOLT, COL_META, COL_CURR, COL_CHECK, COL_BG, COL_COUNT };
 
-// The rows were laid out by hand; the ids follow no rule.
+// The rows were laid out by hand; the ids have no pattern.
 static constexpr u16 ROW_ID[RAIL_MAX][COL_COUNT] = {
     {6, 2, 3, 4, 5, 67},      {10, 9, 8, 7, 1, 68},     {12, 11, 13, 14, 15, 79}, {26, 27, 28, 29, 30, 78},
     {25, 24, 18, 22, 21, 77}, {16, 17, 23, 19, 20, 76}, {55, 54, 43, 42, 31, 69}, {56, 53, 44, 41, 32, 70},
@@ -42,7 +42,7 @@ enum : zof_color_t {
     DISABLED_INK = 0xFF8E8E93
 };
 
-// What the apply button says, to say it again in another language.
+// The value on the apply button, to write it again in another language.
 static struct {
     panel_text_e text;
     u16 mv;
@@ -180,7 +180,7 @@ static void deselect() {
 }
 
 void select_row_by_bg(zof_ctrl_t *ctrl) {
-    if (g_panel_up) { // while the panel is up a tap on any row only puts it away
+    if (g_panel_up) { // while the panel is shown, a tap on any row only hides it
         deselect();
         adj_panel(0);
         button_say(0, TEXT_SELECT);
@@ -198,7 +198,7 @@ void select_row_by_bg(zof_ctrl_t *ctrl) {
 }
 
 void view2_slider_changed(u8 which) {
-    (void)which; // both are read, whichever moved
+    (void)which; // both are read, whichever one moved
     const u16 mv = (u16)zof_slider_get_value(view2(VIEW2_SLIDER0_ID));
     const u16 ma = (u16)zof_slider_get_value(view2(VIEW2_SLIDER1_ID));
     adj_labels(mv, ma);
@@ -232,7 +232,7 @@ void view2_reset_panel(void) {
     zof_reg_report(REG_RAIL_REQUEST, 1);
 }
 
-// The sliders count in signed 16 bits. Such a rail is shown all the same, and its slider said not to be trusted.
+// The sliders use signed 16 bits. A rail beyond that is shown anyway, and a message says that its slider is wrong.
 static void check_slider(u8 i, const prof_t *p) {
     const char *why = p->vmin > p->vmax     ? "its lowest voltage is above its highest"
                       : p->vmax > INT16_MAX ? "its voltage is above 32767 mV"
@@ -245,7 +245,7 @@ static void check_slider(u8 i, const prof_t *p) {
     }
 }
 
-// A board commits the same table again and again; a rail's line comes only with new numbers.
+// A board commits the same table again and again; the message appears only for new numbers.
 static void read_rail(u8 i) {
     const u16 base = (u16)(REG_RAIL_BASE + 4 * i);
     const prof_t old = g_prof[i];
@@ -257,7 +257,7 @@ static void read_rail(u8 i) {
     }
 }
 
-// The board has written the table and commits it. `g_panel_up` stays: a panel that was up is put away by the next tap.
+// The board has written the table and commits it. `g_panel_up` stays: the next tap hides a panel that is shown.
 void rail_commit(void) {
     const u8 count = (u8)zof_reg_get(REG_RAIL_COUNT);
     g_prof_n = count > RAIL_MAX ? (u8)RAIL_MAX : count;
@@ -284,8 +284,8 @@ void rail_commit(void) {
     }
 }
 
-// Texts that the language's own sweep over the controls does not know: formatted ones, and all that was painted while
-// no language had them.
+// Texts that the language change does not update by itself: formatted ones, and those written as English text because
+// the language did not have them.
 void panel_lang_changed(void) {
     view1_set_output_btn(g_out_on);
     for (u8 i = 0; i < g_prof_n; i++) {

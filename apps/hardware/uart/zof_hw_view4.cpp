@@ -1,4 +1,5 @@
-// View 4: settings that the board owns. A change takes effect at once and is sent; the board can overwrite it any time.
+// View 4: settings owned by the board. A change takes effect immediately and is sent; the board may overwrite it at any
+// time.
 #include <stdio.h>
 
 #include "bench_ids.h"
@@ -24,7 +25,7 @@ void bright_label(u8 pct) {
     zof_label_set_txt(view4(VIEW4_LABEL16_ID), text);
 }
 
-// The level never reaches 100: the panel's last step is kept in hand.
+// The level never reaches 100: the highest step of the panel is reserved.
 void bright_backlight(u8 pct) {
     zof_disp_set_bright((u8)(pct * 99 / 100));
 }

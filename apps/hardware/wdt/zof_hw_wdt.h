@@ -1,4 +1,4 @@
-// The panel's watchdog task. Nothing starts it by itself: an application that wants it calls win_wdt_init and
+// The panel's watchdog task. It is not started automatically: an application that needs it calls win_wdt_init and
 // zof_wdt_task_create.
 #ifndef ZOF_HW_WDT_H
 #define ZOF_HW_WDT_H
@@ -7,8 +7,8 @@
 
 ZOF_C_BEGIN
 
-// Opens the watchdog with five seconds and feeds it every half second from the main loop, so that a hang of the user
-// interface starves it. Graphics thread; a second call does nothing.
+// Opens the watchdog with a period of five seconds and feeds it every half second from the main loop, so it fires when
+// the user interface hangs. Graphics thread; a second call does nothing.
 void zof_wdt_task_create(void);
 void zof_wdt_task_cb(zof_task_t *task);
 

@@ -1,1 +1,1 @@
-// Reserved for what a user adds to view 1 by hand; the wiring is view1_ui.cpp.
+// Reserved for user code of view 1; the wiring is in view1_ui.cpp.

@@ -1,4 +1,4 @@
-// View 1, output and session: which control calls what.
+// View 1, output and session: the event functions of its controls.
 #include "ui/view1/view1_ui.h"
 
 #include "bench_ids.h"
@@ -16,7 +16,7 @@ static void toggle_event(zof_ctrl_t *, zof_event_e event) {
     }
 }
 
-// The mark follows the finger; the reset comes at the click, which comes after the release.
+// The colour follows press and release; the reset happens at the click, which comes after the release.
 static void reset_event(zof_ctrl_t *, zof_event_e event) {
     if (event == ZOF_EVENT_PRESSED) {
         view1_reset_press(1);

@@ -1,1 +1,1 @@
-// Reserved for what a user adds to view 2 by hand; the wiring is view2_ui.cpp.
+// Reserved for user code of view 2; the wiring is in view2_ui.cpp.

@@ -1,4 +1,4 @@
-// View 2, rails: which control calls what.
+// View 2, rails: the event functions of its controls.
 #include "ui/view2/view2_ui.h"
 
 #include "bench_ids.h"
@@ -51,7 +51,7 @@ static constexpr auto view_ctrls_fun_t = view_rows<95>(
         {VIEW2_LABEL88_ID, tab_event<ZOF_VIEW3_ID>},
         {VIEW2_LABEL89_ID, tab_event<ZOF_VIEW4_ID>},
     },
-    94); // there never was a control 94
+    94); // there is no control 94
 
 void view2_init(void) {
     zof_view_create(ZOF_VIEW2_ID, view_ctrls_fun_t.data(), view_ctrls_fun_t.size());

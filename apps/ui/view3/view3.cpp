@@ -1,1 +1,1 @@
-// Reserved for what a user adds to view 3 by hand; the wiring is view3_ui.cpp.
+// Reserved for user code of view 3; the wiring is in view3_ui.cpp.

@@ -1,4 +1,4 @@
-// View 3, about: only its tabs do anything.
+// View 3, about: only its tabs have event functions.
 #include "ui/view3/view3_ui.h"
 
 #include "bench_ids.h"

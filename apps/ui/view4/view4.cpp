@@ -1,1 +1,1 @@
-// Reserved for what a user adds to view 4 by hand; the wiring is view4_ui.cpp.
+// Reserved for user code of view 4; the wiring is in view4_ui.cpp.

@@ -1,4 +1,4 @@
-// View 4, settings: which control calls what.
+// View 4, settings: the event functions of its controls.
 #include "ui/view4/view4_ui.h"
 
 #include "bench_ids.h"
