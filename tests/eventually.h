@@ -7,7 +7,7 @@
 #include <chrono>
 #include <functional>
 
-// Returns true as soon as `done` is, false after twenty seconds.
+// Returns true as soon as `done` does, false after twenty seconds.
 inline bool eventually(const std::function<bool()> &done) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     while (!done()) {

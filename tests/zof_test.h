@@ -1,4 +1,4 @@
-// What every test program includes.
+// Included by every test program.
 #ifndef ZOF_TEST_H
 #define ZOF_TEST_H
 

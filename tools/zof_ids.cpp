@@ -1,6 +1,6 @@
-// Writes the ids of a project's views and controls as C enumerators, which keeps programs in step with their view files.
-// usage: zof_ids PROJECT_FOLDER OUTPUT.h      The view `main.g` with id 1 becomes VIEW_MAIN_ID = 1, and its control
-// `label0` with id 5 VIEW1_LABEL0_ID = 5.
+// Writes the ids of a project's views and controls as C enumerators, which keeps programs in step with their view
+// files. usage: zof_ids PROJECT_FOLDER OUTPUT.h      The view `main.g` with id 1 becomes VIEW_MAIN_ID = 1, and its
+// control `label0` with id 5 VIEW1_LABEL0_ID = 5.
 #include <cjson/cJSON.h>
 
 #include <algorithm>
@@ -136,7 +136,7 @@ int main(int argc, char **argv) {
         }
         const std::string of_view = view_enumerator(name);
         if (!words.insert(of_view).second) {
-            fail(folder + "project/zofprj.g", (of_view + " stands for two views").c_str());
+            fail(folder + "project/zofprj.g", (of_view + " would name two views").c_str());
             good = false;
         }
         out << (view == views->child ? "enum {\n" : "") << "    " << of_view << " = " << id->valueint << ",\n";

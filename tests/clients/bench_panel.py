@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""The bench panel as a program of its own, at the far end of a paced line, with or without its virtual board.
+"""Runs the bench panel as a separate program at the far end of a paced line, with or without its virtual board.
 
 usage: bench_panel.py BUILD_FOLDER      starts both and prints the path of the host's end, until it is interrupted
 """
@@ -24,7 +24,7 @@ from zof_host import Panel  # noqa: E402
 
 
 class BenchPanel:
-    """`hmi`: keys of zofhmi.g that differ. `moves` holds the time of each "print 1 16" of the session."""
+    """`hmi`: changed keys of zofhmi.g. `moves` has the time of each "print 1 16" of the session."""
 
     FOLDER, PROGRAM, PORT = "panel", "zof_bench", 5
 
@@ -46,7 +46,7 @@ class BenchPanel:
         self.start()
 
     def start(self) -> None:
-        """Also once more, after `stop`, as a panel that was switched off and on."""
+        """May be called again after `stop`, like a panel that is switched off and on."""
         hidden = {} if self._window else {"SDL_VIDEODRIVER": "offscreen", "SDL_AUDIODRIVER": "dummy"}
         env = {**os.environ, "ZOF_SCRIPT": "session", "ZOF_COM6": "board", f"ZOF_COM{self.PORT}": self.line.panel, **hidden}
         self.panel = subprocess.Popen([self.build / self.FOLDER / self.PROGRAM], cwd=self._top, env=env,
@@ -55,14 +55,14 @@ class BenchPanel:
         self._logger.start()
 
     def stop(self) -> None:
-        """Fails when the panel has ended by itself, or has said what a sanitizer says."""
+        """Fails if the panel has exited by itself, or has printed a sanitizer report."""
         ended = self.panel.poll() is not None
         self.panel.kill()
         self.panel.wait()
         self._logger.join()
         self.panel.stdout.close()
         if ended or any("Sanitizer" in line or "runtime error" in line for line in self.log):
-            raise AssertionError("the panel is not well:\n" + "".join(self.log[-80:]))
+            raise AssertionError("the panel has failed:\n" + "".join(self.log[-80:]))
 
     def open(self, **more) -> Panel:
         """Answers may take long under sanitizers."""
@@ -106,7 +106,7 @@ if __name__ == "__main__":
     for number in (signal.SIGINT, signal.SIGTERM):
         signal.signal(number, signal.default_int_handler)
     display = "DISPLAY" in os.environ or "WAYLAND_DISPLAY" in os.environ
-    with contextlib.suppress(AssertionError, KeyboardInterrupt):  # ending it is the user's right
+    with contextlib.suppress(AssertionError, KeyboardInterrupt):  # the user may interrupt it
         with BenchPanel(sys.argv[1], board=True, window=display) as bench:
             print(f"python3 -m zof_host --port {bench.line.host} --project {bench.project} get view.size", flush=True)
             bench.panel.wait()

@@ -1,4 +1,4 @@
-"""The Python library without a panel: its frames, and what it does when the line or the panel behaves badly."""
+"""The Python library without a panel: its frames, and its behaviour on bad lines and with bad panels."""
 from __future__ import annotations
 
 import contextlib
@@ -27,7 +27,7 @@ POWER_ON = build(READ, rows.SYSTEM_REBOOT.code + bytes([0xAA, 0xBB]))
 
 
 def panel_frame(payload: bytes, crc: bool) -> bytes:
-    """As a panel lays it out, with its odd forms around 127 bytes."""
+    """A frame as sent by a panel, with the irregular forms around 127 bytes."""
     n = len(payload)
     if n > 128 or n < 125 or (not crc and n < 127):
         return build(READ, payload, crc=crc)
@@ -100,7 +100,7 @@ class Codec(unittest.TestCase):
 
 
 class FakePanel:
-    """A stream with a panel behind it whose behaviour is a function: frame -> answers."""
+    """A stream to a simulated panel, whose behaviour is a function: frame -> answers."""
 
     def __init__(self, answers) -> None:
         self.answers, self.frames, self.raw = answers, [], []
@@ -128,7 +128,7 @@ class FakePanel:
 
 
 def store(**kept: bytes):
-    """A panel that keeps what is written, by key, and answers every read."""
+    """A panel that stores written values by key, and answers every read."""
     kept = {getattr(rows, name).code: value for name, value in kept.items()}
 
     def answers(frame: Frame):
@@ -186,7 +186,7 @@ class Requests(unittest.TestCase):
         panel, _ = self.panel(slow)
         self.assertEqual(panel.read(rows.SYSTEM_REBOOT), 0xAABB)
         self.assertIsNone(panel.event(0.1))
-        # An answer that is too late for its own read is not that to the next one, which asks behind a write.
+        # A late answer is not taken for that to the next read, which follows a write.
         keep, held = store(), []
 
         def behind(frame):
@@ -215,7 +215,8 @@ class Requests(unittest.TestCase):
             panel.write(row, value, **ids)
             self.assertEqual([" ".join(words(f, False).split()[:2]) for f in fake.frames],
                              [f"write {row.name}", f"read {behind}"])
-        # A value that is not taken is written again, for it may have been lost; a count never, for it may have arrived.
+        # A value that reads back differently is written again, as it may be lost; a count never, as it may have
+        # arrived.
         panel, fake = self.panel(lambda frame: store()(frame) if frame.op == READ else [])
         self.assertRaisesRegex(NotTaken, "wrote 42, the panel has 0", panel.write, rows.SLIDER_VALUE, 42, **self.AT)
         self.assertEqual([f.op for f in fake.frames], [WRITE, READ] * 3)
@@ -232,7 +233,7 @@ class Requests(unittest.TestCase):
 
         panel, fake = self.panel(deaf_once)
         self.assertRaisesRegex(Unsure, "write label.color.*asked for twice", panel.write, rows.LABEL_COLOR, 1, **self.AT)
-        self.assertEqual(fake.raw[-1][:257], bytes(256) + HEAD[:1])  # what ends a false frame goes in front
+        self.assertEqual(fake.raw[-1][:257], bytes(256) + HEAD[:1])  # after the bytes that end a false frame
         panel, fake = self.panel(deaf_once)
         panel.write(rows.LABEL_COLOR, 1, **self.AT, confirm=False)
         self.assertRaisesRegex(Unsure, "some of the last 1 writes", panel.barrier)

@@ -1,4 +1,4 @@
-"""A serial line for tests: two pseudo-terminals, and between them every byte takes the time that it takes on a wire."""
+"""A serial line for tests: two pseudo-terminals, with the transmission time of a wire between them."""
 from __future__ import annotations
 
 import os
@@ -7,11 +7,11 @@ import threading
 import time
 import tty
 
-PIECE = 32  # bytes that arrive together, as out of a receiver's fifo
+PIECE = 32  # bytes that arrive together, as from a receiver's FIFO
 
 
 class PacedLine:
-    """`panel` and `host` are the paths of both ends. `taint`, if set, sees every piece on its way and may change it:
+    """`panel` and `host` are the paths of both ends. `taint`, if set, is called with every piece and may change it:
     taint(to_panel, data) -> data."""
 
     def __init__(self, baud: int = 921600) -> None:
@@ -19,7 +19,7 @@ class PacedLine:
         self.taint = lambda to_panel, data: data
         self._masters, self._slaves = zip(*(os.openpty() for _ in range(2)))
         for slave in self._slaves:
-            tty.setraw(slave)  # and the far end kept open: who leaves must not end the line
+            tty.setraw(slave)  # the far end stays open, so the line survives when one side closes it
         self.panel, self.host = map(os.ttyname, self._slaves)
         self._stop_read, self._stop = os.pipe()
         self._threads = [threading.Thread(target=self._carry, args=(a, b), daemon=True) for a, b in ((0, 1), (1, 0))]

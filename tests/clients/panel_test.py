@@ -1,5 +1,5 @@
-"""The Python library and its command line on panels that are programs of their own at the far end of a line: the bench
-panel, and the gallery, whose every type of control is driven by its name in the project folder.
+"""The Python library and its command line with real panels at the far end of a line: the bench panel, and the gallery,
+where every type of control is driven by name.
 
 usage: panel_test.py BUILD_FOLDER [TEST...]
 """
@@ -20,10 +20,10 @@ from zof_host.row import Row
 
 BUILD = sys.argv.pop(1)
 TAPS = "until 60000 1 17 go\n" + "tap 40 320\nwait 100\n" * 400
-SESSION = {"view": 1, "control": 17}  # a label that the panel's program leaves alone
+SESSION = {"view": 1, "control": 17}  # a label that the panel's program does not change
 
-# Of each view of the gallery: row, control, value to write or a list of those that may be read, index of rows that have
-# one. The library reads back what it can.
+# For each view of the gallery: row, control, value to write or a list of accepted values to read, index for rows that
+# have one. The library reads back what it can.
 STEPS = {
     "index": [(rows.SWITCH_ON, "theme", 1)],
     "labels": [(rows.LABEL_TEXT, "label_9", "by a host")],
@@ -60,7 +60,7 @@ class Panels(unittest.TestCase):
                            *line.split())
 
     def until(self, process: subprocess.Popen, *patterns: str) -> None:
-        """Reads lines until each pattern was seen."""
+        """Reads lines until each pattern has matched."""
         left, seen = list(patterns), []
         timer = threading.Timer(60, process.kill)
         timer.start()
@@ -78,7 +78,7 @@ class Panels(unittest.TestCase):
             panel.event(60)
             panel.write(rows.LABEL_TEXT, "go", **SESSION)
             panel.write(rows.SYSTEM_TOUCH_CONFIG, 0x10)
-            self.assertIsInstance(panel.event(60), Touch)  # the session has seen it
+            self.assertIsInstance(panel.event(60), Touch)  # the session has received it
         page = (CLIENT / "README.md").read_text()
         code = page.split("```python\n")[1].split("```")[0].replace("/dev/ttyUSB0", bench.line.host)
         self.assertLessEqual(len(code.splitlines()), 10)
@@ -116,7 +116,7 @@ class Panels(unittest.TestCase):
             return bytes([data[0] ^ 0x10]) + data[1:] if luck < 0.03 else data
 
         odd = {"crc_en": 1, "resend_en": 0, "head_fh": 0xAA, "head_fl": 0x55, "timeout": 8}
-        # No longer ones: of a frame with a gap in it, as busy machines make them, the panel keeps 256 bytes.
+        # Not longer, because busy machines cause gaps, and of a frame with a gap the panel keeps 256 bytes.
         for hmi, lengths in ((odd, (*range(112, 123), 220)), ({}, (*range(116, 124), 230))):
             bench = self.enterContext(BenchPanel(BUILD, hmi=hmi))
             panel = self.opened(bench, **({"timeout_ms": 500, "tries": 8} if hmi else {}))

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Compiles the firmware library as its users do and holds its README to the sizes that come out, with 2 % of grace for
-# another compiler.   usage: sizes.sh SOURCE_FOLDER WORK_FOLDER
+# Compiles the firmware library like its users and checks the sizes in its README, with a tolerance of 2 % for other
+# compilers.   usage: sizes.sh SOURCE_FOLDER WORK_FOLDER
 set -eu
 c=$1/clients/c work=$2
 flags="-Os -Wall -Wextra -Wpedantic -Werror -I$c"

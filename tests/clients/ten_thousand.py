@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""10,000 writes, reads and touches at once, on the bench panel while its virtual board runs, over a line that is paced
-like 921,600 baud. Every write is read back, every read is compared, every touch is counted; then the latencies.
+"""10,000 concurrent writes, reads and touches on the bench panel while its virtual board runs, over a line paced at
+921,600 baud. Every write is read back, every read is compared, every touch is counted; then prints the latencies.
 
 usage: ten_thousand.py BUILD_FOLDER [COUNT]
 """
@@ -13,20 +13,20 @@ import time
 from bench_panel import BenchPanel
 from zof_host import Panel, PowerOn, Touch, rows
 
-SESSION, BRIGHTNESS = 17, 19  # a label of view 1 and a slider of view 4 that the panel's program leaves alone
+SESSION, BRIGHTNESS = 17, 19  # a label of view 1 and a slider of view 4 that the panel's program does not change
 FINGER_MS = 50
 
 
 class Run:
     def __init__(self, count: int) -> None:
-        self.count = count * 44 // 100  # of writes, and of reads: a finger takes its time, so all three are busy to the end
-        # On empty ground, and no two in a row at the same place.
+        self.count = count * 44 // 100  # of writes, and of reads; touches are slower, so all three end at about the same time
+        # On the empty background, and never twice in a row at the same position.
         self.taps = [(20 + i % 300, 306 + i % 30) for i in range(count // 2 - self.count)]
         self.took: dict[str, list[float]] = {"write": [], "read": [], "touch": []}
         self.failures: list[str] = []
 
     def script(self) -> str:
-        """The session of one finger. The line that is printed with each of its moves tells when it was."""
+        """The session of one finger. It prints a line with each move, whose time is recorded."""
         taps = [f"print 1 16\npress {x} {y}\nwait {FINGER_MS}\nprint 1 16\nrelease\n" for x, y in self.taps]
         return f"until 60000 1 {SESSION} go\n" + "".join(taps) + "wait 3600000\n"
 
@@ -36,7 +36,7 @@ class Run:
             got = work(*args, **at)
             if got != want:
                 self.failures.append(f"{kind}: {got!r}, not {want!r}")
-        except Exception as why:  # whatever it is: it counts as lost, and the run goes on
+        except Exception as why:  # any error counts as lost, and the run continues
             self.failures.append(f"{kind}: {why}")
         self.took[kind].append(time.monotonic() - begin)
 
@@ -60,7 +60,7 @@ class Run:
             if not isinstance(event, Touch) or (event.state, event.x, event.y) != expected:
                 self.failures.append(f"touch {i}: {event}, not {expected}")
                 return
-            while len(moves) <= i:  # the session's line comes by another way
+            while len(moves) <= i:  # the session's output arrives on another channel
                 time.sleep(0.001)
             self.took["touch"].append(max(event.time - moves[i], 0))
         extra = panel.event(0.5)
@@ -72,7 +72,7 @@ class Run:
             assert isinstance(panel.event(20), PowerOn)
             panel.write(rows.SYSTEM_TOUCH_CONFIG, 0x30)
             panel.write(rows.LABEL_TEXT, "go", view=1, control=SESSION)
-            while not bench.moves:  # until the session has seen it: the label is written over
+            while not bench.moves:  # until the session has started: it overwrites the label
                 time.sleep(0.001)
             begin = time.monotonic()
             work = [threading.Thread(target=kind, args=(panel, *more)) for kind, *more in

@@ -1,4 +1,4 @@
-// The bitmap font: the input is the file. Glyphs of all codes that the header claims, and a text drawn with it.
+// The bitmap font: the input is the file. Reads the glyphs of all codes in the header, and draws a text.
 #include "fuzz_file.h"
 #include "project/zof_font.h"
 #include "screen_fixture.h"

@@ -1,10 +1,10 @@
-// What every fuzzer shares. Each file *_fuzz.cpp is one: it takes any bytes and must neither crash, hang nor leak.
-// Built by clang it is a program that looks for such bytes (./test fuzz); built by the tests it replays its seeds and
-// all inputs that ever made it fail.
+// Shared by all fuzzers. Each file *_fuzz.cpp is one: it accepts any bytes and must not crash, hang or leak. In the
+// fuzz build it is a libFuzzer program (./test fuzz); in test builds it replays its seeds and all inputs that ever made
+// it fail.
 #ifndef FUZZ_H
 #define FUZZ_H
 
-#define DOCTEST_CONFIG_DISABLE // the fixtures of the tests are used, their checks are not
+#define DOCTEST_CONFIG_DISABLE // uses the fixtures of the tests, but not their checks
 
 #include <cstdint>
 #include <cstring>
@@ -14,19 +14,19 @@
 #include "hmi/zof_hmi_frame.h"
 #include "zof.h"
 
-enum { FUZZ_HEAD0 = 0x5A, FUZZ_HEAD1 = 0xA5 }; // of frames, those of hosts and those of boards
+enum { FUZZ_HEAD0 = 0x5A, FUZZ_HEAD1 = 0xA5 }; // of frames, for hosts and boards
 
-// What is left of an input.
+// The rest of an input.
 struct fuzz_input {
     const u8 *at;
     size_t size;
 };
 
-// Each fuzzer's own: called once, and for each input.
+// Defined by each fuzzer: called once, and called for each input.
 void fuzz_open();
 void fuzz_one(fuzz_input &in);
 
-// The runtime tells every fault of its input: not here.
+// Silences the log of the runtime, which reports every fault of its input.
 extern "C" __attribute__((used)) inline int LLVMFuzzerInitialize(int *, char ***) {
     if (!getenv("ZOF_FUZZ_LOUD") && !freopen("/dev/null", "w", stdout)) {
         abort();
@@ -49,7 +49,7 @@ inline u8 fuzz_byte(fuzz_input &in) {
     return *in.at++;
 }
 
-// The next bytes in a block of their own size, so that a look beyond them is seen.
+// The next bytes in a block of their exact size, so reads beyond them are detected.
 inline std::vector<u8> fuzz_bytes(fuzz_input &in, size_t size) {
     const size_t n = size < in.size ? size : in.size;
     std::vector<u8> out(in.at, in.at + n);
@@ -58,12 +58,12 @@ inline std::vector<u8> fuzz_bytes(fuzz_input &in, size_t size) {
     return out;
 }
 
-// All that is left, as a file's text.
+// The rest of the input, as the text of a file.
 inline std::string fuzz_text(const fuzz_input &in) {
     return std::string((const char *)in.at, in.size);
 }
 
-// Looks at every byte, so that one that is not there is seen.
+// Reads every byte, so invalid memory is detected.
 inline s32 fuzz_read(const u8 *data, size_t size) {
     static volatile u8 sum;
     for (size_t i = 0; i < size; i++) {
@@ -72,7 +72,7 @@ inline s32 fuzz_read(const u8 *data, size_t size) {
     return (s32)size;
 }
 
-// Code and payload with the head, length and CRC around them that no search would find.
+// Adds head, length and CRC to code and payload, because fuzzing would not find them.
 inline std::vector<u8> fuzz_sealed(std::vector<u8> counted, bool crc, bool long_form = false) {
     if (crc) {
         const u16 sum = zof_hmi_crc16(counted.data(), (u32)counted.size());
@@ -87,7 +87,7 @@ inline std::vector<u8> fuzz_sealed(std::vector<u8> counted, bool crc, bool long_
     return out;
 }
 
-// Stops as a fault does. For rules that no sanitizer knows.
+// Aborts if a rule is violated that sanitizers do not check.
 inline void fuzz_must(bool holds, const char *rule) {
     if (!holds) {
         fprintf(stderr, "broken: %s\n", rule);

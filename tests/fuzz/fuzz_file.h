@@ -1,4 +1,4 @@
-// One file of a fuzzer lies in memory instead of on the disk: the host's door to files is replaced for it, by --wrap.
+// Keeps one file of a fuzzer in memory instead of on disk: --wrap replaces the file functions for it.
 #ifndef FUZZ_FILE_H
 #define FUZZ_FILE_H
 
@@ -7,7 +7,7 @@
 #include "fuzz.h"
 #include "port/zof_host.h"
 
-// The file, by its whole path; `version` counts its contents.
+// The file, by its full path; `version` counts changes of its contents.
 inline struct {
     std::string path, content;
     s64 version;

@@ -1,5 +1,5 @@
-// Frames and codec of the host protocol without a project: as fast as can be. The first byte chooses: the receive
-// handler with a series of messages, or one record of the codec there and back, or one frame built and read again.
+// Frames and codec of the host protocol without a project, as fast as possible. The first byte selects: the receive
+// handler with a series of messages, one record of the codec decoded and encoded, or one frame built and parsed.
 #include "hmi_line.h"
 #include "port/zof_host.h"
 
@@ -7,7 +7,7 @@ enum { BUILD_MAX = 300 };
 
 static std::vector<const zof_hmi_rec_t *> records; // of all rows
 
-// What was read from the wire goes out as the same bytes.
+// Decoded records must be encoded to the same bytes.
 static void there_and_back(fuzz_input &in) {
     const zof_hmi_rec_t *list = records[fuzz_byte(in) % records.size()];
     const std::vector<u8> wire = fuzz_bytes(in, in.size);
@@ -16,10 +16,10 @@ static void there_and_back(fuzz_input &in) {
     if (taken <= 0) {
         return;
     }
-    fuzz_must(zof_hmi_cmd_param_size(record, list) == (u32)taken, "a record is as long as what it was read from");
+    fuzz_must(zof_hmi_cmd_param_size(record, list) == (u32)taken, "a record has the size of its encoded form");
     std::vector<u8> out((size_t)taken);
     zof_hmi_cmd_param_2_buf(record, list, out.data());
-    fuzz_must(memcmp(out.data(), wire.data(), out.size()) == 0, "a record goes out as it came in");
+    fuzz_must(memcmp(out.data(), wire.data(), out.size()) == 0, "a record is encoded as it was decoded");
 }
 
 static void build_and_read(fuzz_input &in) {
@@ -35,8 +35,8 @@ static void build_and_read(fuzz_input &in) {
     const u32 size = zof_hmi_frame_build(a, ZOF_HMI_OP_GET, n, &frame);
     const std::vector<u8> exact(frame, frame + size);
     const u32 len = n + (crc ? 3 : 1);
-    if (n >= 2 && (n > 128 || len <= 127)) { // the sizes between are laid out as old hosts know them
-        fuzz_must(zof_hmi_cmd_check_data(a, exact.data(), size) == (s32)size, "a frame that is sent can be read");
+    if (n >= 2 && (n > 128 || len <= 127)) { // the sizes between have the irregular form that old hosts expect
+        fuzz_must(zof_hmi_cmd_check_data(a, exact.data(), size) == (s32)size, "a sent frame can be parsed");
     }
 }
 

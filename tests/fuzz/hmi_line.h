@@ -1,6 +1,6 @@
-// The host protocol's receive handler without a line: messages of the input go in, what is kept as a tail stands in
-// front of the next one as the line would put it, and answers are looked at and dropped. Linked with --wrap for the two
-// functions of the line.
+// The receive handler of the host protocol without a line: it gets the messages of the input, each after the tail kept
+// from the previous one, as from the line; answers are read and dropped. Linked with --wrap for the two functions of
+// the line.
 //
 // A message: a byte of HMI_* flags, a byte for its length, its bytes. A sealed one is code and payload only.
 #ifndef HMI_LINE_H
@@ -33,10 +33,11 @@ inline void hmi_open() {
     attr.head_fl = FUZZ_HEAD1;
     attr.resend_en = 1;
     attr.buffsize = 4096;
-    fuzz_must(zof_hmi_cmd_sys_analys_init(&attr) == 0 && zof_hmi_cmd_ui_analys_init(&attr) == 0, "the analysers stand");
+    fuzz_must(zof_hmi_cmd_sys_analys_init(&attr) == 0 && zof_hmi_cmd_ui_analys_init(&attr) == 0,
+              "the analysers are initialised");
 }
 
-// Receives one message behind what was kept; true when the panel is to draw.
+// Receives one message after the kept tail; returns true if the panel must draw.
 inline bool hmi_message(fuzz_input &in) {
     const u8 flags = fuzz_byte(in);
     std::vector<u8> fresh = fuzz_bytes(in, fuzz_byte(in));
@@ -46,7 +47,7 @@ inline bool hmi_message(fuzz_input &in) {
     }
     sys_cmd_analys->crc_en = ui_cmd_analys->crc_en = crc;
     std::vector<u8> whole;
-    whole.reserve(hmi_tail.size() + fresh.size()); // no byte more, so that a look beyond is seen
+    whole.reserve(hmi_tail.size() + fresh.size()); // exact size, so reads beyond it are detected
     whole.insert(whole.end(), hmi_tail.begin(), hmi_tail.end());
     whole.insert(whole.end(), fresh.begin(), fresh.end());
     hmi_tail.clear();

@@ -1,6 +1,6 @@
-// From frame to widget: the host protocol over a project whose two views have one control of each type. What one input
-// leaves in the controls the next one meets, so an input that fails may not fail alone: with ZOF_FUZZ_HISTORY=FILE all
-// messages are written there, and that file is an input too.
+// From frame to widget: the host protocol with a project whose two views have one control of each type. Inputs share
+// the state of the controls, so a failing input may not fail alone: with ZOF_FUZZ_HISTORY=FILE all messages are written
+// to that file, which is an input too.
 #include "hmi_line.h"
 
 #include "every_control.h"
@@ -17,7 +17,7 @@ void fuzz_open() {
     project.image("red.png", 20, 20, 0xFF0000);
     project.image("blue.png", 20, 20, 0x0000FF);
     project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
-    for (u32 id : {1, 2}) { // those of the second view go and come with it
+    for (u32 id : {1, 2}) { // those of the second view are deleted and created with it
         auto controls = one_of_each("\"pub\": " + std::string(id == 2 ? "1" : "0"));
         controls.push_back(ctrl(ZOF_CTRL_LABEL, 4, R"("txt": "with a font")", box(0, 0, 200, 20), text_style));
         project.view(id, controls);
@@ -30,7 +30,7 @@ void fuzz_open() {
     history = file ? open(file, O_WRONLY | O_CREAT | O_TRUNC, 0644) : -1;
 }
 
-// A draw without a message is a touch, or its end, where its bytes say.
+// A draw without a message is a touch or its end, at the position in its bytes.
 static void touch(fuzz_input &in) {
     const std::vector<u8> at = fuzz_bytes(in, 2);
     if (at.size() == 2) {
@@ -49,7 +49,7 @@ void fuzz_one(fuzz_input &in) {
         } else if (hmi_message(in)) {
             screen_step(SCREEN_INPUT_MS);
         }
-        if (history >= 0 && in.size) { // a message that was cut would swallow what follows it there
+        if (history >= 0 && in.size) { // a truncated message would swallow the next one in the file
             (void)!write(history, from.at, from.size - in.size);
         }
     }

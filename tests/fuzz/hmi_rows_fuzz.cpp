@@ -1,6 +1,6 @@
-// Every row of the host's command tables on every control, with numbers at their edges and names that a careless path
-// would take for something else. An input is commands of a fixed size: which row, which control, which value for each
-// field; the frame around it is made here, so that no command is lost to the frame's own checks.
+// Every row of the host's command tables on every control, with edge values of numbers and hostile names. An input is a
+// series of commands of fixed size: row, control, and a value for each field. The frame is built here, so no command
+// fails the frame checks.
 #include "hmi_line.h"
 
 #include "every_control.h"
@@ -118,7 +118,7 @@ static void number_put(std::vector<u8> &out, u32 value, u32 bytes) {
     }
 }
 
-// A text of the dictionary, or of one character many times.
+// A text of the dictionary, or one character repeated.
 static void text_put(std::vector<u8> &out, u8 pick) {
     const u32 word = pick % (std::size(words) + 3);
     const std::string text = word < std::size(words) ? words[word] : std::string(pick * 2u, (char)('!' + pick % 90));
@@ -138,7 +138,7 @@ static void fields_put(std::vector<u8> &out, const zof_hmi_rec_t *list, fuzz_inp
     }
 }
 
-// The controls by number; the last number is of none.
+// The control of a number; the last number has no control.
 static u32 control_id(u32 number) {
     static const u8 spans[][2] = {{LABEL, MATRIX}, {GIF, VIDEO}, {CHART, BOX}, {99, 99}};
     while (true) {
@@ -152,7 +152,7 @@ static u32 control_id(u32 number) {
     }
 }
 
-// A row by its number over all tables.
+// The row of a number, counted over all tables.
 static const zof_hmi_param_type_t *row_at(u32 number, const zof_hmi_cmd_type_t **type) {
     u32 rows = 0;
     for (u32 t = 0; t < zof_ui_cmd_type_count; t++) {

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Makes the seeds and dictionaries of the fuzzers: OUT/<fuzzer>/* and OUT/<fuzzer>.dict, all small. Names of keys and codes
-of commands are read from the sources, so that new ones are tried without being told of.
+"""Makes the seeds and dictionaries of the fuzzers: OUT/<fuzzer>/* and OUT/<fuzzer>.dict, all small. Reads the names of
+keys and the codes of commands from the sources, so new ones are included automatically.
 
 usage: make_seeds.py ZOF_MEDIA_PROGRAM OUT"""
 import json
@@ -24,7 +24,7 @@ HMI_CRC, HMI_SEALED, HMI_LONG, HMI_DRAW = 1, 2, 4, 8  # as in hmi_line.h
 
 
 def seeds(fuzzer, files, words):
-    """`files`: name -> bytes. `words` are those of the dictionary."""
+    """`files` maps names to bytes; `words` is the dictionary."""
     (OUT / fuzzer).mkdir(parents=True)
     for name, data in files.items():
         (OUT / fuzzer / name).write_bytes(data)
@@ -139,7 +139,7 @@ def font(bpp, count=4):
 
 
 def made(file, command):
-    """What a command makes; in it FILE stands for the file and zof_media for our own program."""
+    """Runs a command and returns the file it creates. In the command, FILE is the file and zof_media our program."""
     words = [str({"FILE": file, "zof_media": PROGRAM}.get(word, word)) for word in command.split()]
     subprocess.run(words, check=True, stderr=subprocess.DEVNULL)
     return file.read_bytes()
@@ -152,7 +152,7 @@ def media(folder):
     gif(folder / "twice.gif", 3, loop=2)
     gif(folder / "kept.gif", 3, loop=0, disposal=3)
     spots(folder / "spots.gif")
-    kinds = {".png": 0, ".jpeg": 1, ".gif": 2 + 6}  # as in pictures_fuzz.cpp, as is that whose sums are wrong
+    kinds = {".png": 0, ".jpeg": 1, ".gif": 2 + 6}  # as in pictures_fuzz.cpp
     files = {file.name: bytes([kinds[file.suffix]]) + file.read_bytes() for file in folder.iterdir()}
     files["sums"] = b"\x03" + laced[:-1] + b"x"
     words = "IHDR PLTE tRNS IDAT IEND iCCP acTL JFIF Exif GIF89a NETSCAPE2.0".split()
@@ -166,7 +166,7 @@ def media(folder):
     table = [(wav, "x.wav", tone), (mp3 + replay, "x.mp3", tone), (aac, "x.aac", tone),
              (mp4 + replay + rewind, "mpeg4.mp4", f"{clip} mpeg4"), (mp4 + pause + resize, "png.mp4", f"{clip} png"),
              (mp4 + replay + resize, "mjpeg.mp4", f"{clip} mjpeg"), (mp4 + replay + rewind, "smaller.mp4", f"{clip} mjpeg 2"),
-             (mp4 + replay + rewind, "long.mp4", "zof_media clip FILE 120 80 0.4 0 png"),  # more than is read at once
+             (mp4 + replay + rewind, "long.mp4", "zof_media clip FILE 120 80 0.4 0 png"),  # more than one read
              (mp4 + replay + pause, "h264.mp4", f"{film} -bitexact -c:v libx264 -pix_fmt yuv420p FILE")]
     table += [(wav, codec + ".wav", f"{sine} {codec} FILE")
               for codec in ("pcm_u8", "pcm_s24le", "pcm_f32le", "pcm_alaw", "adpcm_ms", "adpcm_ima_wav")]

@@ -1,4 +1,4 @@
-// Sounds and clips: the first byte chooses the kind and what is done to a clip, the rest is the file. Nothing waits and
+// Sounds and clips: the first byte selects the kind and the actions on a clip, the rest is the file. Nothing waits and
 // no other thread runs: the body of the playing thread runs where it would be started, and the device takes a block
 // whenever that body would wait for it.
 #include <SDL.h>
@@ -14,7 +14,7 @@ enum { REPLAY = 1, RESIZE = 2, COURSE = 4 };                                    
 static struct {
     SDL_AudioSpec spec;
     std::vector<u8> block;
-    u32 passes; // through a file that is played again and again
+    u32 passes; // through a file played in a loop
 } device;
 
 extern "C" SDL_Thread *__wrap_SDL_CreateThread(SDL_ThreadFunction body, const char *, void *data) {
@@ -47,7 +47,7 @@ extern "C" void __wrap_SDL_CloseAudioDevice(SDL_AudioDeviceID) {
 }
 
 extern "C" int __wrap_SDL_SemWait(SDL_sem *) {
-    if (sound.put == sound.taken) { // a sound that has played out waits to be stopped
+    if (sound.put == sound.taken) { // a finished sound waits to be stopped
         sound.type_p = true;
     } else {
         device.spec.callback(device.spec.userdata, device.block.data(), (int)device.block.size());
@@ -87,7 +87,7 @@ static void clip_play(const std::string &path, u32 how) {
         zof_drv_video_set_pos(player, 5, 5, HEIGHT - 1, WIDTH + 1);
         screen_step(STEP_MS);
     }
-    fuzz_must(zof_drv_video_get_state(player) != -1, "a player stays one");
+    fuzz_must(zof_drv_video_get_state(player) != -1, "the player stays valid");
     zof_drv_video_set_src(player, nullptr);
     zof_drv_video_set_one_replay(player, 0);
 }
@@ -104,5 +104,5 @@ void fuzz_one(fuzz_input &in) {
         zof_drv_audio_set_src(project.path(name).c_str());
     }
     zof_drv_audio_set_state(ZOF_MEDIA_STOP);
-    fuzz_must(zof_drv_audio_get_state() == ZOF_MEDIA_STOP, "a stop stops");
+    fuzz_must(zof_drv_audio_get_state() == ZOF_MEDIA_STOP, "the sound has stopped");
 }

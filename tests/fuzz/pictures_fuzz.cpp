@@ -1,5 +1,5 @@
-// Pictures: the first byte chooses the kind, how often a GIF plays and whether the sums in a PNG are made right, the
-// rest is the file. An image is drawn by LVGL's own decoders and by FFmpeg; a GIF is paused, resumed and begun anew.
+// Pictures: the first byte selects the kind, the play count of a GIF and whether the checksums of a PNG are corrected;
+// the rest is the file. An image is drawn by LVGL's own decoders and by FFmpeg; a GIF is paused, resumed and restarted.
 #include "fuzz_file.h"
 #include "src/misc/lv_gc.h"
 #include "view_project.h"
@@ -17,7 +17,7 @@ void fuzz_open() {
     zof_view_set_dis_view(VIEW);
 }
 
-// Gives each chunk of a PNG file its right CRC, which no search would find.
+// Sets the right CRC of each chunk of a PNG file, which fuzzing would not find.
 static void png_seal(std::string &file) {
     enum { HEAD = 8, LENGTH = 4, AROUND = 12 }; // of the file; of a chunk's length; of all but a chunk's data
     u8 *p = (u8 *)file.data();

@@ -1,5 +1,5 @@
-// The loader of project files, a theme's file up to the controls that it restyles, and a view's up to its controls on
-// the screen. The first byte chooses the kind of file, the rest is its text.
+// The loader of project files, of themes up to the controls that they restyle, and of views up to their controls on the
+// screen. The first byte selects the kind of file, the rest is its text.
 #include "fuzz.h"
 
 #include "project/zof_j2s.h"
@@ -18,7 +18,7 @@ void fuzz_open() {
     project.write("config/languages/en.g", R"({"hello": "hello"})");
     project.image("red.png", 20, 20, 0xFF0000);
     project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
-    // A control of each type that the themes here are for.
+    // A control of each type with a theme.
     for (const char *type : themed) {
         project.write(std::string("config/theme/youth/") + type + ".g",
                       R"({"styles": [{"body_t": {"main_color": 9}}]})");
@@ -60,7 +60,7 @@ static void link_read(const std::string &path) {
     RootJsonDel(&file);
 }
 
-// One text as the theme of one type after the other, each put on the controls and taken off again.
+// Uses one text as the theme of each type in turn, and sets and removes it.
 static void theme_read(const std::string &path) {
     const std::string text = file_text(path);
     zof_view_set_dis_view(HOME);
@@ -73,7 +73,7 @@ static void theme_read(const std::string &path) {
     }
 }
 
-// Views live for ever; this one has to make room for the next.
+// Views are never released; this one must make room for the next.
 static void view_forget(zof_view_node_t *node) {
     while (auto *record = (para_t *)__db_list_pop(node->ctrl_list)) {
         zof_prj_up.ctrl_delete(record);
@@ -121,7 +121,7 @@ static const struct {
              {"config/view/v2.g", view_show}};
 
 void fuzz_one(fuzz_input &in) {
-    const auto &kind = kinds[std::min(fuzz_byte(in) % 8u, (u32)std::size(kinds) - 1)]; // the most of them are views
+    const auto &kind = kinds[std::min(fuzz_byte(in) % 8u, (u32)std::size(kinds) - 1)]; // most inputs are views
     project.write(kind.file, fuzz_text(in));
     kind.read(project.path(kind.file));
 }

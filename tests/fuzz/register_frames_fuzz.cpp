@@ -1,5 +1,5 @@
-// Frames of the register link with nothing behind them, as fast as can be: a check stands in place of what registers
-// do, by --wrap. The input is a series of messages as for the link with its panel.
+// Frames of the register link without a panel, as fast as possible: --wrap replaces the handlers of registers by a
+// check. The input is a series of messages, as for the link with a panel.
 #include "fuzz.h"
 
 #include "hardware/uart/zof_hw_uart.h"
@@ -7,7 +7,7 @@
 enum { SETTLE = 8 };
 
 extern "C" void __wrap_zof_reg_set_user(u16 addr, u16 *data, u8 datalen) {
-    fuzz_must(addr <= REG_MAX && datalen == 1, "a handler gets one word of a register that exists");
+    fuzz_must(addr <= REG_MAX && datalen == 1, "a handler gets one word of an existing register");
     fuzz_read((u8 *)data, sizeof(*data));
 }
 
@@ -26,6 +26,6 @@ void fuzz_one(fuzz_input &in) {
         std::vector<u8> message = fuzz_bytes(in, fuzz_byte(in));
         recive_data_handle(message.data(), (u32)message.size());
     }
-    u8 zeros[SETTLE] = {}; // whatever is kept as the beginning of a frame ends here, so each input stands alone
+    u8 zeros[SETTLE] = {}; // ends an incomplete frame, so inputs are independent
     recive_data_handle(zeros, SETTLE);
 }

@@ -1,4 +1,4 @@
-// The register link with the panel behind it: what a board, or noise, may send. The input is a series of messages, each
+// The register link with the panel: anything that a board, or noise, may send. The input is a series of messages, each
 // a byte for its length and then its bytes; a length of 255 lets the panel draw.
 #include "fuzz.h"
 
@@ -7,7 +7,7 @@
 enum { DRAW = 255, SETTLE = 8 };
 
 void fuzz_open() {
-    fuzz_must(chdir(ZOF_PANEL_DIR) == 0, "the panel's project is there");
+    fuzz_must(chdir(ZOF_PANEL_DIR) == 0, "the panel's project exists");
     panel_open();
 }
 
@@ -21,7 +21,7 @@ void fuzz_one(fuzz_input &in) {
         std::vector<u8> message = fuzz_bytes(in, n);
         recive_data_handle(message.data(), (u32)message.size());
     }
-    u8 zeros[SETTLE] = {}; // whatever is kept as the beginning of a frame ends here, so each input stands alone
+    u8 zeros[SETTLE] = {}; // ends an incomplete frame, so inputs are independent
     recive_data_handle(zeros, SETTLE);
     panel_sent.clear();
 }

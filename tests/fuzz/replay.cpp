@@ -1,5 +1,4 @@
-// Gives the files in the folders that are named to a fuzzer, one after the other; then the same
-// damaged in many ways, always the same ones. This is where every reader of files and frames meets hostile input.
+// Runs a fuzzer on each file in the given folders, then on damaged copies, which are the same in every run.
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
@@ -8,9 +7,9 @@
 #include "fuzz.h"
 #include "temp_project.h"
 
-enum { DAMAGED = 2000, DAMAGED_SECONDS = 20 }; // a slow machine sees fewer
+enum { DAMAGED = 2000, DAMAGED_SECONDS = 20 }; // fewer on a slow machine
 
-// Behind a value of JSON.
+// Returns the end of a JSON value.
 static size_t value_end(const std::string &text, size_t at) {
     for (s32 depth = 0; at < text.size() && (depth > 0 || !strchr(",]}", text[at])); at++) {
         depth += text[at] == '[' || text[at] == '{';
@@ -19,12 +18,12 @@ static size_t value_end(const std::string &text, size_t at) {
     return at;
 }
 
-// A byte changed, the end torn off, a value of JSON replaced, or a piece of another input put in; up to three times.
+// Changes a byte, cuts the end, replaces a JSON value, or inserts a piece of another input; up to three times.
 static std::string damaged(std::string text, const std::string &other, std::mt19937 &random) {
     static const char *const odd[] = {
         "null", "true", "-1", "70000", "2147483647", "1e999", "\"#x\"", "{}", "[1, [2], {\"a\": 3}]", "[\"a\", null]"};
     for (u32 n = random() % 3 + 1; n > 0 && text.size() > 1; n--) {
-        const size_t at = 1 + random() % (text.size() - 1); // the first byte chooses what the others are
+        const size_t at = 1 + random() % (text.size() - 1); // the first byte selects the meaning of the others
         const size_t colon = text.find(':', at);
         if (random() % 12 == 0) {
             text.resize(at);
@@ -55,7 +54,7 @@ int main(int argc, char **argv) {
         LLVMFuzzerTestOneInput((const uint8_t *)texts.back().data(), texts.back().size());
     }
     const std::string kept = std::filesystem::absolute(argv[0]).string() + ".input";
-    fprintf(stderr, "%zu inputs; damaged ones follow, of which the last is %s\n", files.size(), kept.c_str());
+    fprintf(stderr, "%zu inputs; damaged ones follow, the last one is kept in %s\n", files.size(), kept.c_str());
     std::mt19937 random;
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(DAMAGED_SECONDS);
     for (u32 i = 0; i < DAMAGED && !texts.empty() && std::chrono::steady_clock::now() < end; i++) {

@@ -1,4 +1,4 @@
-// TrueType through the loader: the first byte chooses the size, the rest is the file. A text is drawn with it.
+// TrueType through the loader: the first byte selects the size, the rest is the file. Draws a text with it.
 #include "fuzz_file.h"
 #include "project/zof_font.h"
 #include "screen_fixture.h"
@@ -8,7 +8,7 @@ static temp_project_t project;
 static lv_obj_t *label;
 
 void fuzz_open() {
-    project.write("font/x.ttf", "what is looked for before it is opened");
+    project.write("font/x.ttf", "checked before it is opened");
     project.open();
     screen_open(64, 48);
     label = lv_label_create(lv_scr_act());

@@ -1,6 +1,6 @@
-// The firmware library between a panel that says anything and a user who asks anything, in any order. The input is a
-// series of steps: a byte for what is done, a byte for how much, and for some the bytes themselves. What goes out must
-// be whole frames; buffers have their exact size, so that a step beyond them is seen.
+// The firmware library between a panel that sends anything and a user who calls anything, in any order. The input is a
+// series of steps: a byte for the action, a byte for the amount, and for some the bytes themselves. The output must be
+// whole frames; buffers have their exact size, so accesses beyond them are detected.
 #include "fuzz.h"
 
 #include "../../clients/c/zof_host.c" // inside, so that the search follows it
@@ -8,10 +8,10 @@
 enum { STEP_RAW, STEP_SEALED, STEP_ECHO, STEP_WAIT, STEP_WRITE, STEP_READ, STEP_SYSTEM, STEP_TAKES, STEP_COUNT };
 enum { RX_SIZE = 48, TX_SIZE = 80, LOOK_MIN = 5, NOT_ALL = -2 };
 
-static std::vector<u8> sent; // not yet seen to be whole
+static std::vector<u8> sent; // not yet checked
 static uint16_t takes;       // bytes the line takes at once
 
-// The bytes in front of a frame that are no head.
+// Skips the fill bytes before a frame.
 static void fill_skip() {
     size_t n = 0;
     while (n < sent.size() && sent[n] == 0) {
@@ -20,13 +20,13 @@ static void fill_skip() {
     sent.erase(sent.begin(), sent.begin() + (long)n);
 }
 
-// Takes whole frames from the front of what was sent; what is left must be the beginning of one.
+// Removes whole frames from the start of the sent bytes; the rest must be the beginning of one.
 static void sent_check(const zof_host_t &host) {
     const zof_hmi_cmd_analys_t panel = {.head_fh = FUZZ_HEAD0, .head_fl = FUZZ_HEAD1, .crc_en = host.crc};
     for (fill_skip(); sent.size() >= LOOK_MIN; fill_skip()) {
         const s32 size = zof_hmi_cmd_check_data(&panel, sent.data(), (u32)sent.size());
         fuzz_must(size > 0 || (size == NOT_ALL && sent.size() < TX_SIZE),
-                  "whole frames go out, one by one, as a panel reads them");
+                  "only whole frames are sent, in the form that a panel parses");
         if (size == NOT_ALL) {
             return;
         }
@@ -41,13 +41,13 @@ static uint16_t line_write(void *, const uint8_t *bytes, uint16_t size) {
 }
 
 static void on_reply(zof_host_t *host, zof_host_reply_t *reply) {
-    static volatile u32 sum; // so that every byte of an answer is read
+    static volatile u32 sum; // forces every byte of an answer to be read
     const uint8_t mode = reply->size ? reply->data[0] : 0;
     const char *text = zof_host_reply_text(reply);
     fuzz_read((const u8 *)text, strlen(text));
     sum = zof_host_reply_u8(reply) + zof_host_reply_u16(reply) + zof_host_reply_u32(reply);
     if (mode & 1) {
-        zof_host_get_label_text(host, reply->view, reply->control); // asks again from within
+        zof_host_get_label_text(host, reply->view, reply->control); // queues a read from within the callback
     }
 }
 
@@ -55,7 +55,7 @@ static void on_event(zof_host_t *host, const zof_host_event_t *event) {
     if (event->kind == ZOF_HOST_POWER_ON) {
         zof_host_set_system_touch_config(host, 0x30);
     }
-    zof_host_poll(host, 0); // of no effect
+    zof_host_poll(host, 0); // has no effect
 }
 
 static void feed_sealed(zof_host_t &host, u8 op, std::vector<u8> payload, uint32_t now) {
@@ -64,7 +64,7 @@ static void feed_sealed(zof_host_t &host, u8 op, std::vector<u8> payload, uint32
     zof_host_feed(&host, frame.data(), (uint16_t)frame.size(), now);
 }
 
-// The open request's own bytes come back with something behind them.
+// Answers the pending request with its own bytes followed by `more`.
 static void feed_echo(zof_host_t &host, const std::vector<u8> &more, uint32_t now) {
     if (host.state != WAITING) {
         return;
@@ -114,14 +114,14 @@ void fuzz_one(fuzz_input &in) {
     host.timeout_ms = 40, host.byte_us = (uint16_t)(mode & 4 ? 1042 : 0);
     host.rx = rx.data(), host.rx_size = RX_SIZE, host.tx = tx.data(), host.tx_size = TX_SIZE;
     host.write = line_write, host.on_reply = on_reply, host.on_event = on_event;
-    fuzz_must(zof_host_init(&host) == ZOF_HOST_DONE, "these settings are good");
+    fuzz_must(zof_host_init(&host) == ZOF_HOST_DONE, "the settings are valid");
     sent.clear();
     takes = (uint16_t)(mode & 8 ? 1 : 255);
     uint32_t now = mode & 16 ? 0xFFFFFF00u : 0;
     while (in.size) {
         step(host, in, now);
         fuzz_must(host.tx_used <= TX_SIZE && host.rx_have < RX_SIZE && host.in_flight <= host.limit,
-                  "nothing holds more than it can");
+                  "no buffer overflows");
         sent_check(host);
     }
 }

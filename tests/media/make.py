@@ -27,7 +27,7 @@ def gif(path, count, **keys):
 
 
 def spots(path):
-    """Small pictures on a clear ground, each of which takes its own away again."""
+    """Small pictures on a transparent background, each cleared before the next."""
     frames = []
     for n in range(4):
         image = Image.new("RGBA", (40, 30), (0, 0, 0, 0))
@@ -43,7 +43,7 @@ def series(folder, numbers, suffix):
 
 
 def kinds(folder):
-    """One picture of slopes in every kind of PNG, and as a JPEG."""
+    """A picture of gradients in every kind of PNG, and as a JPEG."""
     folder.mkdir(exist_ok=True)
     slope = Image.linear_gradient("L")
     slopes = Image.merge("RGBA", [slope.rotate(90 * n) for n in range(4)])
@@ -54,7 +54,7 @@ def kinds(folder):
 
 
 def scans(path, side, count):
-    """A progressive JPEG whose last scan comes again and again."""
+    """A progressive JPEG whose last scan is repeated many times."""
     Image.linear_gradient("L").resize((side, side)).save(path, quality=95, progressive=True)
     data = path.read_bytes()
     last = data.rindex(b"\xff\xda")
@@ -76,7 +76,7 @@ def font(path, glyphs, depth=1):
     square = outline([(100, 0), (100, 800), (900, 800), (900, 0)])
     glyphs = {".notdef": outline([]), "square": square, **glyphs}
     build = FontBuilder(1000)
-    build.font.recalcBBoxes = False  # the deep ones would take for ever
+    build.font.recalcBBoxes = False  # this would take forever for deep fonts
     build.setupGlyphOrder(list(glyphs))
     build.setupCharacterMap({ord("A"): list(glyphs)[-1], ord("B"): "square"})
     for glyph in glyphs.values():
@@ -101,7 +101,8 @@ def composite(base, count):
 
 
 def costly_fonts(folder):
-    """Fonts that would take seconds a letter or to open, each in another way; and one of the same make that is good."""
+    """Fonts that would take seconds to open or per letter, each in a different way; and a good one built the same
+    way."""
     folder.mkdir(exist_ok=True)
     font(folder / "good.ttf", {"A": outline([(0, 0), (500, 800), (1000, 0)])})
     levels = {"level0": outline([])}

@@ -1,4 +1,4 @@
-// The reflection engine, rule by rule, on a record that has a field of every kind.
+// The reflection engine, rule by rule, on a record with a field of every kind.
 #include "temp_project.h"
 #include "zof_test.h"
 
@@ -29,7 +29,7 @@ struct record_t {
     s32 decode_only, encode_only;
 };
 
-// An element without its number is a bad one.
+// An element without its number is invalid.
 static const reflect_item_t item_tbl[] = {
     CSON_TEXT(item_t, text),
     CSON_INT(item_t, word_count),
@@ -64,25 +64,25 @@ static s32 decode(const std::string &text, void *record, const reflect_item_t *t
     return result;
 }
 
-// The code of one row alone, taken as not nullable.
+// Returns the result of a single row, decoded as not nullable.
 static s32 row_result(u32 row, const std::string &value, record_t *record) {
     reflect_item_t table[] = {record_tbl[row], CSON_END};
     table[0].flags = 0;
     return decode(std::string("{\"") + table[0].key + "\":" + value + "}", record, table);
 }
 
-TEST_CASE("integers are cut towards zero, bounded by their width, and left alone when they do not fit") {
+TEST_CASE("integers are truncated towards zero, limited to their width, and unchanged when they do not fit") {
     const struct {
         const char *json;
         s32 fault;
-        s64 want[4]; // 7 is what stood there
+        s64 want[4]; // 7 is the old value
     } rows[] = {
         {"3.9", 0, {3, 3, 3, 3}},
         {"-3.9", 0, {-3, 0xFFFD, 0xFFFFFFFD, -3}},
         {"255", 0, {-1, 255, 255, 255}},
         {"256", CSON_ERR_RANGE, {7, 256, 256, 256}},
         {"-129", CSON_ERR_RANGE, {7, 0xFF7F, 0xFFFFFF7F, -129}},
-        {"2147483647", 0, {0, 0, 0, 0}}, // what the project tools write for "not set"
+        {"2147483647", 0, {0, 0, 0, 0}}, // written by the project tools for "not set"
         {"4294967296", CSON_ERR_RANGE, {7, 7, 7, 4294967296}},
         {"9223372036854775808", CSON_ERR_RANGE, {7, 7, 7, 7}},
         {"-9223372036854775808", CSON_ERR_RANGE, {7, 7, 7, INT64_MIN}},
@@ -100,7 +100,7 @@ TEST_CASE("integers are cut towards zero, bounded by their width, and left alone
     }
 }
 
-TEST_CASE("fields take only their own kind, keys any case, and what comes later overlays what is there") {
+TEST_CASE("fields accept only their own kind, keys are not case-sensitive, and later values override earlier ones") {
     record_t record = {};
     CHECK(decode(R"({"FLAG": true, "Real": 2.5, "tExt": "one", "point": {"x": 3, "y": 4}, "encode_only": 1})", &record,
                  record_tbl) == CSON_OK);
@@ -118,7 +118,7 @@ TEST_CASE("fields take only their own kind, keys any case, and what comes later 
     CHECK(pub.id == 5);
 }
 
-TEST_CASE("bad elements are dropped, good ones close up, and an array without any is none") {
+TEST_CASE("bad elements are dropped, good ones close the gap, and an array without good elements is null") {
     u32 before = zof_mem_count();
     record_t record = {};
     CHECK(decode(R"({"items": [{"text": "a", "number": 1, "words": ["x", 5, "y"]}, {"text": "bad", "words": ["lost"]},
@@ -129,7 +129,7 @@ TEST_CASE("bad elements are dropped, good ones close up, and an array without an
     CHECK((record.items[1].number == 3 && !record.items[1].text && !record.items[1].words));
     CHECK(std::vector<s32>(record.numbers, record.numbers + record.number_count) == std::vector<s32>{1, 3, 1});
     csonFreePointer(&record, record_tbl);
-    csonFreePointer(&record, record_tbl); // the counts still stand, the arrays are gone
+    csonFreePointer(&record, record_tbl); // the counts remain, the arrays are released
     item_t item = {};
     std::string many = R"("w")";
     for (int i = 0; i < 256; i++) {
@@ -150,7 +150,7 @@ TEST_CASE("bad elements are dropped, good ones close up, and an array without an
     CHECK((record.number_count == 0 && record.numbers == nullptr));
 }
 
-TEST_CASE("a count that fills its byte is encoded and released, and long arrays take no longer for each element") {
+TEST_CASE("a count that fills its byte is encoded and released, and long arrays decode in linear time") {
     const u32 before = zof_mem_count();
     std::string words = R"("w")";
     for (int i = 1; i < 200; i++) {
@@ -173,7 +173,7 @@ TEST_CASE("a count that fills its byte is encoded and released, and long arrays 
     static const reflect_item_t long_tbl[] = {
         CSON_INT(long_t, count), CSON_ARR(long_t, numbers, integerReflectTbl, sizeof(s32), "count"), CSON_END};
     std::string numbers = "{\"numbers\": [0";
-    for (int i = 1; i < 200000; i++) { // 20 billion steps if each were looked for from the front
+    for (int i = 1; i < 200000; i++) { // 20 billion steps if each search started at the front
         numbers += ",1";
     }
     CHECK(decode(numbers + "]}", &many, long_tbl) == CSON_OK);
@@ -181,7 +181,7 @@ TEST_CASE("a count that fills its byte is encoded and released, and long arrays 
     csonFreePointer(&many, long_tbl);
 }
 
-TEST_CASE("null, odd widths and the null kind are failures, not faults") {
+TEST_CASE("null, unsupported widths and the null kind fail cleanly") {
     record_t record = {};
     CHECK(csonJsonStr2Struct(nullptr, &record, record_tbl) == CSON_ERR_NO_JSON);
     CHECK(decode("{}", nullptr, record_tbl) == CSON_ERR_ARGUMENT);
@@ -195,7 +195,7 @@ TEST_CASE("null, odd widths and the null kind are failures, not faults") {
     }
 }
 
-TEST_CASE("a record goes out as it came in, and a text that is null is left out") {
+TEST_CASE("a record is encoded as it was decoded, without null texts") {
     const std::string source = R"({"i8":-5,"i16":300,"i32":-1,"i64":-9000000000,"flag":true,"real":0.25,"text":"t",)"
                                R"("point":{"x":1,"y":-2},"item_count":1,"items":[{"text":"a","word_count":1,)"
                                R"("words":["w"],"number":4}],"number_count":2,"numbers":[7,-8],"encode_only":0})";
@@ -207,7 +207,7 @@ TEST_CASE("a record goes out as it came in, and a text that is null is left out"
     CHECK(csonStruct2JsonStr(&text, &record, record_tbl) == CSON_OK);
     CHECK(str(text) == source);
     cJSON_free(text);
-    std::memset(&record.i8 + 1, 0x7E, 1); // the byte behind it is not part of the field
+    std::memset(&record.i8 + 1, 0x7E, 1); // the byte after it is not part of the field
     std::string log = printed([&] { csonPrintProperty(&record, record_tbl); });
     CHECK((contains(log, "i8:-5\n") && contains(log, "0String:w\n") && contains(log, "y:-2\n")));
     csonFreePointer(&record, record_tbl);

@@ -1,8 +1,8 @@
-// Fonts: the bitmap file held against its own claims, sharing by reference count, TrueType in several sizes.
+// Fonts: bitmap files with inconsistent headers, sharing by reference count, TrueType in several sizes.
 #include "screen_fixture.h"
 #include "temp_project.h"
 
-// A glyph for a file that a test writes. `bits` are the bitmap's bytes.
+// A glyph for a generated font file. `bits` are the bytes of its bitmap.
 struct test_glyph {
     u16 code;
     u8 adv_w, box_w, box_h;
@@ -11,7 +11,7 @@ struct test_glyph {
     bool no_record = false;
 };
 
-// The layout of a bitmap font file. `gap_word` ends the offsets: the record of codes that are missing.
+// Builds a bitmap font file. `gap_word` ends the offsets: the record of missing codes.
 static std::string font_bytes(const std::vector<test_glyph> &glyphs, u8 bpp, u32 bitmap_size, u32 gap_word = 0) {
     u32 low = 0xFFFF, high = 0, count = (u32)glyphs.size();
     std::string codes, offsets, records;
@@ -37,7 +37,7 @@ static const std::vector<test_glyph> letters = {
     {'c', 5, 0, 0, 0, 0, ""},
 };
 
-// A font of these bytes in a project of its own.
+// A font with these bytes in its own project.
 struct open_font {
     temp_project_t project;
     std::string path = project.path("font/t.bin");
@@ -69,11 +69,11 @@ TEST_CASE("a bitmap font returns the glyphs of its file and refuses codes withou
         CHECK(!zof_font_get_glyph_dsc(&f.font, &dsc, code, 0));
         CHECK(!zof_font_get_bitmap(&f.font, code));
     }
-    // The word behind the offsets is the record of codes that are missing.
+    // The word after the offsets is the record of missing codes.
     open_font with_record(font_bytes(letters, 8, 4, 16 + 4 * 2 + 4 * 4 + 4));
     REQUIRE(zof_font_get_glyph_dsc(&with_record.font, &dsc, 'b', 0));
     CHECK(dsc.adv_w == 9);
-    open_font too_large(font_bytes(letters, 8, 3)); // for the buffer that the file asks for
+    open_font too_large(font_bytes(letters, 8, 3)); // for the buffer size in the file
     CHECK(!zof_font_get_glyph_dsc(&too_large.font, &dsc, 'e', 0));
     CHECK(!zof_font_get_bitmap(&too_large.font, 'e'));
 }
@@ -89,7 +89,7 @@ TEST_CASE("glyphs are read once, and again when the file changes") {
     std::vector<test_glyph> wider = letters;
     wider[0].adv_w = 19;
     CHECK(advance_of(f, 'e') == 9);
-    // With its time put back the file looks unchanged: what was read is still used.
+    // With its old time the file looks unchanged: the cached glyphs are still used.
     const auto time = std::filesystem::last_write_time(f.path);
     f.project.write("font/t.bin", font_bytes(wider, 8, 4));
     std::filesystem::last_write_time(f.path, time);
@@ -98,7 +98,7 @@ TEST_CASE("glyphs are read once, and again when the file changes") {
     std::filesystem::last_write_time(f.path, time + std::chrono::seconds(1));
     screen_now++;
     CHECK(advance_of(f, 'e') == 19);
-    // A change is seen in the next millisecond: a new depth, a removed file, a broken one, and a good one again.
+    // A change is noticed in the next millisecond: a new depth, a removed file, a broken one, and a good one again.
     f.project.write("font/t.bin", font_bytes(letters, 4, 4));
     screen_now++;
     CHECK(advance_of(f, 'e') == 9);
@@ -115,7 +115,7 @@ TEST_CASE("glyphs are read once, and again when the file changes") {
     CHECK(advance_of(f, 'e') == 19);
 }
 
-TEST_CASE("a font with more glyphs than are kept draws each one, within a bounded memory") {
+TEST_CASE("a font with more glyphs than the cache holds draws each one, in bounded memory") {
     enum { GLYPHS = 3000, SIDE = 40, MOST = 3 << 20 };
     screen_open(100, 60);
     std::vector<test_glyph> glyphs;
@@ -123,7 +123,7 @@ TEST_CASE("a font with more glyphs than are kept draws each one, within a bounde
         glyphs.push_back({(u16)(0x4E00 + i), (u8)i, SIDE, SIDE, 0, 0, std::string(SIDE * SIDE, (char)(i * 7))});
     }
     {
-        open_font first(font_bytes(letters, 8, 4)); // what the runtime keeps for paths is there from now on
+        open_font first(font_bytes(letters, 8, 4)); // allocates the runtime's buffers for paths
     }
     const u32 before = zof_mem_count();
     open_font f(font_bytes(glyphs, 8, SIDE * SIDE));
@@ -140,7 +140,7 @@ TEST_CASE("a font with more glyphs than are kept draws each one, within a bounde
     CHECK(zof_mem_count() == before);
 }
 
-// Draws letters in white on black; the brightness of 60 x 30 pixels.
+// Draws letters in white on black; returns the brightness of 60 x 30 pixels.
 static std::vector<u32> drawn(const lv_font_t *font, const char *text) {
     lv_obj_set_style_bg_color(lv_scr_act(), lv_color_black(), 0);
     lv_obj_t *label = lv_label_create(lv_scr_act());
@@ -195,23 +195,24 @@ static void project_with_fonts(temp_project_t *project) {
     screen_open(100, 60);
 }
 
-TEST_CASE("a file that is no font gives one line, and text goes on without it") {
+TEST_CASE("a file that is not a font is reported once, and text is drawn without it") {
     temp_project_t project;
     project_with_fonts(&project);
     lv_font_t *font = nullptr;
-    for (const std::string name : {"bad.ttf", "strike.ttf", "none.ttf"}) { // the second opens, and has no such size
+    for (const std::string name :
+         {"bad.ttf", "strike.ttf", "none.ttf"}) { // the second opens, but does not have this size
         std::string line = printed([&] { font = zof_font_create_lvfont(name.c_str(), 16); });
         CHECK(!font);
         CHECK(contains(line, name + ": " + (name[0] == 'n' ? "cannot be opened" : "refused at size 16")));
-        CHECK(printed([&] { font = zof_font_create_lvfont(name.c_str(), 16); }) == ""); // told once
-        for (s32 i = 0; i < 3; i++) {                                                   // once more than it is used
+        CHECK(printed([&] { font = zof_font_create_lvfont(name.c_str(), 16); }) == ""); // reported once
+        for (s32 i = 0; i < 3; i++) {                                                   // once more than it was created
             zof_font_delete(name.c_str(), 16);
         }
     }
-    // What was refused leaves nothing behind: the next fonts show their own letters, in turn, at their own sizes.
+    // Refused fonts leave no state behind: the next fonts show their own letters at their own sizes.
     lv_font_t *fonts[] = {zof_font_create_lvfont("text.ttf", 12), zof_font_create_lvfont("text.ttf", 24)};
     REQUIRE((fonts[0] && fonts[1] && zof_font_create_lvfont("text.ttf", 12) == fonts[0]));
-    zof_font_delete("text.ttf", 12); // its other user goes on
+    zof_font_delete("text.ttf", 12); // it has another user
     for (s32 i = 0; i < 4; i++) {
         lv_font_glyph_dsc_t dsc = {};
         REQUIRE(lv_font_get_glyph_dsc(fonts[i % 2], &dsc, 'H', 0));
@@ -231,7 +232,7 @@ TEST_CASE("a file that is no font gives one line, and text goes on without it") 
     }
 }
 
-TEST_CASE("a TrueType font that is rewritten in place keeps the letters that it had") {
+TEST_CASE("a TrueType font that is rewritten in place keeps its letters") {
     temp_project_t project;
     project_with_fonts(&project);
     lv_font_t *font = zof_font_create_lvfont("text.ttf", 24);
@@ -242,14 +243,14 @@ TEST_CASE("a TrueType font that is rewritten in place keeps the letters that it 
     REQUIRE(lv_font_get_glyph_dsc(font, &dsc, 'W', 0));
     CHECK(dsc.box_h == 18);
     CHECK((drawn(font, "W") != std::vector<u32>(60 * 30, 0)));
-    // Letters below the space are not placeholders, for which LVGL would look into other fonts.
+    // Control characters are not placeholders, for which LVGL would search other fonts.
     dsc.is_placeholder = 1;
     REQUIRE(font->get_glyph_dsc(font, &dsc, '\n', 0));
     CHECK(!dsc.is_placeholder);
     zof_font_delete("text.ttf", 24);
 }
 
-TEST_CASE("a TrueType font that would take seconds is refused, or given up at the letter that costs so much") {
+TEST_CASE("a TrueType font that would take seconds is refused, or disabled at the first costly letter") {
     temp_project_t project;
     project_with_fonts(&project);
     const struct {
@@ -257,9 +258,9 @@ TEST_CASE("a TrueType font that would take seconds is refused, or given up at th
         u32 size;
         bool opens;
     } rows[] = {{"good.ttf", "", 1500, true},
-                {"deep.ttf", "deep.ttf: given up", 16, true},
-                {"dense.ttf", "dense.ttf: given up", 200, true},
-                {"huge.ttf", "huge.ttf: given up", 600, true},
+                {"deep.ttf", "deep.ttf: disabled", 16, true},
+                {"dense.ttf", "dense.ttf: disabled", 200, true},
+                {"huge.ttf", "huge.ttf: disabled", 600, true},
                 {"tables.ttf", "tables.ttf: refused at size 16", 16, false}};
     for (const auto &row : rows) {
         CAPTURE(row.name);

@@ -1,5 +1,5 @@
-// Frames of the host protocol without a line: what goes out byte for byte, what comes in at every split, and the rules
-// that look odd and must stay, because hosts in the field know them.
+// Frames of the host protocol without a line: sent frames byte for byte, received frames at every split, and irregular
+// rules that must stay, because hosts in the field rely on them.
 #include "zof_test.h"
 
 #include <string.h>
@@ -46,12 +46,11 @@ static bytes built(zof_hmi_cmd_analys_t &a, u32 n) {
 }
 
 static s32 check(zof_hmi_cmd_analys_t &a, const bytes &data) {
-    const bytes exact(data); // of its own size, so that a look beyond it is seen
+    const bytes exact(data); // exact size, so a read beyond it is detected
     return zof_hmi_cmd_check_data(&a, exact.data(), (u32)exact.size());
 }
 
-TEST_CASE(
-    "host frames: every size goes out in its form, also those around 127 and 128 bytes that no receiver reads back") {
+TEST_CASE("host frames: every size is sent in its form, including those around 127 bytes that receivers misread") {
     CHECK(zof_hmi_crc16((const u8 *)"123456789", 9) == 0x31C3);
     for (bool crc : {false, true}) {
         analys_t x(crc);
@@ -62,7 +61,8 @@ TEST_CASE(
             const u32 len = n + (crc ? 3 : 1);
             bytes want = frame_of(ZOF_HMI_OP_GET, payload, crc, true);
             if (n <= 128) {
-                // At 128 a zero slips in behind the code and the last byte goes; from 127 the CRC leaves the code out.
+                // At 128 a zero is inserted after the code and the last byte is lost; from 127 the CRC excludes the
+                // code.
                 const bytes body = n == 128 ? join({{0}, {payload.begin(), payload.end() - 1}}) : payload;
                 const bytes counted = join({{ZOF_HMI_OP_GET}, body});
                 want = join({{0x5A, 0xA5, (u8)len}, counted, crc ? crc_of(n >= 127 ? body : counted) : bytes()});
@@ -76,7 +76,7 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("host frames: a check tells wrong heads, missing bytes and bad CRCs apart, and never looks beyond the data") {
+TEST_CASE("host frames: wrong heads, missing bytes and bad CRCs are told apart, and nothing beyond the data is read") {
     for (int form = 0; form < 4; form++) {
         const bool crc = form % 2, long_form = form / 2;
         analys_t x(crc);
@@ -99,7 +99,7 @@ TEST_CASE("host frames: a check tells wrong heads, missing bytes and bad CRCs ap
     CHECK(zof_hmi_cmd_check_data(nullptr, nullptr, 0) == 0);
 }
 
-TEST_CASE("host link: equal head bytes, no port and an absent file build nothing") {
+TEST_CASE("host link: equal head bytes, no port and a missing file open no link") {
     temp_project_t project;
     REQUIRE(project.open());
     CHECK(zof_hmi_init() == -1);
@@ -113,8 +113,8 @@ static u32 words(const char *names) {
     return names && *names ? charCount(names, ' ') + 1 : 0;
 }
 
-// The protocol reference and the host libraries are made from the rows: one without its words leaves a gap in them.
-TEST_CASE("host commands: each row has its name, its line of help and a name for each field") {
+// Reference and host libraries are generated from the rows: a row without texts leaves a gap in them.
+TEST_CASE("host commands: each row has a name, a help text and a name for each field") {
     for (u32 t = 0; t <= zof_ui_cmd_type_count; t++) {
         const zof_hmi_cmd_type_t &type = t ? zof_ui_cmd_types[t - 1] : zof_sys_cmd_types[0];
         for (u32 p = 0; p < type.param_count; p++) {

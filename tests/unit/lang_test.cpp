@@ -9,7 +9,7 @@ static std::string shown(const char *text) {
     return str(zof_lang_get_cur_str(text));
 }
 
-// English is in use, and German lies beside it.
+// English is the current language; German exists as well.
 struct lang_project : temp_project_t {
     std::string file = path("config/languages/en.g");
     lang_project() {
@@ -20,7 +20,7 @@ struct lang_project : temp_project_t {
     }
 };
 
-TEST_CASE("a language that cannot be had leaves none") {
+TEST_CASE("a language that cannot be loaded leaves no current language") {
     temp_project_t none;
     CHECK(zof_lang_set("en") == -1); // no project
     lang_project project;
@@ -43,7 +43,7 @@ TEST_CASE("a language that cannot be had leaves none") {
     CHECK(str(zof_prj_get_cur()->lang_name) == "en");
 }
 
-TEST_CASE("keys of a large table are found in either case, and of equal ones the first") {
+TEST_CASE("keys of a large table are found in any case, and the first of equal keys is used") {
     lang_project project;
     enum { KEYS = 5000 };
     std::string text = R"({"same": "first", "SAME": "second")";
@@ -66,13 +66,13 @@ TEST_CASE("keys of a large table are found in either case, and of equal ones the
     }
 }
 
-TEST_CASE("changed texts are seen at once, written whole or not at all, and never to another language's file") {
+TEST_CASE("changed texts take effect immediately, are saved whole or not at all, and only to their own file") {
     lang_project project;
     CHECK(shown("#HELLO") + shown("#number") + shown("hello") + shown("#") == "Hello#numberhelloempty key");
     CHECK(zof_lang_set_cur_str("#hello", std::string(255, 'x').c_str()) == 0);
     CHECK(zof_lang_set_cur_str("#hello", std::string(256, 'y').c_str()) == 0);
     CHECK(shown("#hello") == std::string(255, 'x'));
-    CHECK(zof_lang_set_cur_str("#Bye", zof_lang_get_cur_str("#bye") + 5) == 0); // a piece of the text itself
+    CHECK(zof_lang_set_cur_str("#Bye", zof_lang_get_cur_str("#bye") + 5) == 0); // part of the text itself
     CHECK(shown("#bye") == "bye");
     zof_file_fault_set([](const char *what, const char *) -> zof_bool { return std::string(what) == "write"; });
     CHECK(contains(printed([] { CHECK(zof_lang_save_cur_to_flash() == -1); }), "create json fail!"));
@@ -82,12 +82,12 @@ TEST_CASE("changed texts are seen at once, written whole or not at all, and neve
     CHECK(contains(file_text(project.file), "\"Bye\":\t\"bye\""));
     project.write("config/languages/en.g", two);
     CHECK(zof_lang_save_cur_to_flash() == 1);         // nothing is left to write
-    CHECK(zof_lang_set_cur_str("#hello", "de") == 0); // the name of a language may be a text of the one that goes
+    CHECK(zof_lang_set_cur_str("#hello", "de") == 0); // the new name may be a text of the old language
     std::string said = printed([] { CHECK(zof_lang_set(zof_lang_get_cur_str("#hello")) == 0); });
-    CHECK(contains(said, "language en: changes that were not saved"));
+    CHECK(contains(said, "language en: unsaved changes"));
     CHECK(zof_lang_save_cur_to_flash() == 1);
     CHECK(file_text(project.path("config/languages/de.g")) == R"({"hello": "Hallo"})");
     CHECK(file_text(project.file) == two);
-    CHECK(zof_lang_set(zof_prj_get_cur()->lang_name) == 0); // the name it already holds
+    CHECK(zof_lang_set(zof_prj_get_cur()->lang_name) == 0); // the name stored in the project
     CHECK(shown("#hello") == "Hallo");
 }

@@ -9,7 +9,7 @@ static void *data(int index) {
     return (void *)letters[index];
 }
 
-// Forwards, after checking that the links backwards tell the same.
+// Returns the content forwards, after checking that the backward links match.
 static std::string content(db_list *list) {
     std::string out;
     for (db_node *node = list->head->next; node != list->head; node = node->next) {
@@ -35,7 +35,7 @@ TEST_CASE("a list keeps order at both ends and at positions, searches miss its l
     CHECK((__db_list_visit_and_pop(list, 4) == data(2) && __db_list_pop(list) == data(3)));
     CHECK(content(list) == "abe");
 
-    CHECK(__db_list_search(list, data(1)) == -1); // nothing compares them yet
+    CHECK(__db_list_search(list, data(1)) == -1); // no compare function yet
     list->compare = [](void *of, void *key) { return of == key ? 0 : 1; };
     CHECK((__db_list_search(list, data(0)) == 1 && __db_list_search(list, data(4)) == -1));
     const auto next = [&] { return *(const char *)get_current_data(list); };

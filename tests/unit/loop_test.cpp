@@ -1,4 +1,4 @@
-// When the main loop sleeps, for how long, and what wakes it.
+// The main loop: when it sleeps, for how long, and what wakes it.
 #include "zof_test.h"
 
 #include <atomic>
@@ -18,7 +18,7 @@ static u32 turn_at(u32 ms) {
     return zof_loop_turn();
 }
 
-TEST_CASE("the loop sleeps over the period of a source until it is woken or a user does something") {
+TEST_CASE("the loop sleeps for the period of a source unless it is woken or there is user input") {
     static constexpr zof_clock_t clock = {[] { return now; }, [](u32) {}};
     static constexpr zof_loop_ops_t ops = {.input = [] { return input; }, .wake = [] { wakes++; }};
     zof_clock_set(&clock);
@@ -32,12 +32,12 @@ TEST_CASE("the loop sleeps over the period of a source until it is woken or a us
     CHECK(turn_at(10000) == 80);
     CHECK((looks == 1 && settled == 1));
     CHECK(turn_at(10030) == 50);
-    std::thread([] { zof_loop_wake(&source); }).join(); // due at once, though its period has just begun
+    std::thread([] { zof_loop_wake(&source); }).join(); // due immediately, although its period has just begun
     looks = 0;
     CHECK(turn_at(10031) == 49);
     CHECK((looks == 1 && wakes == 1));
     input = true;
-    CHECK(turn_at(10032) == 4); // now it is looked at in its own period
+    CHECK(turn_at(10032) == 4); // now it is polled at its own period
     input = false;
     CHECK(turn_at(12000) <= 5);
     zof_task_set_cb_pause(other);

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <thread>
 
-TEST_CASE("blocks are aligned, zeroed in their family, and counted to the byte") {
+TEST_CASE("blocks are aligned, zeroed if their family says so, and counted to the byte") {
     u32 own = zof_mem_count();
     u32 lv = zof_lv_mem_count();
     CHECK((zof_malloc(SIZE_MAX - 15) == nullptr && zof_lv_malloc(PTRDIFF_MAX) == nullptr));
@@ -22,11 +22,11 @@ TEST_CASE("blocks are aligned, zeroed in their family, and counted to the byte")
 
     void *picture = zof_lv_realloc(zof_lv_malloc(7), 13);
     CHECK((zof_lv_mem_count() == lv + 13 && zof_mem_count() == own));
-    zof_free(picture); // the other family's function: the block still knows its own
+    zof_free(picture); // the function of the other family: the block remembers its own
     CHECK(zof_lv_mem_count() == lv);
 }
 
-TEST_CASE("counters stay exact under threads, and each message of the log stays whole and gets one more line end") {
+TEST_CASE("counters are exact with threads, and each log message stays whole and gets one more line end") {
     u32 before = zof_mem_count();
     const auto work = [](int t) {
         void *p = nullptr;
@@ -51,8 +51,8 @@ TEST_CASE("counters stay exact under threads, and each message of the log stays 
     }
 }
 
-TEST_CASE("the log escapes control characters of what is inserted, keeps its own line ends, and cuts nothing") {
-    char all[256]; // every control character at once: nothing is left to mark the format's own line end with
+TEST_CASE("the log escapes control characters in arguments, keeps the format's line ends, and truncates nothing") {
+    char all[256]; // every control character: none is left to mark the line end of the format
     for (int i = 0; i < 255; i++) {
         all[i] = (char)(i + 1);
     }
@@ -79,7 +79,7 @@ TEST_CASE("the log escapes control characters of what is inserted, keeps its own
     CHECK(printed([] { zof_printf("one\ntwo\n"); }) == "one\ntwo\n\n");
 }
 
-TEST_CASE("free memory is the difference to the assumed total, below 0 too") {
+TEST_CASE("free memory is the difference to the assumed total, and may be negative") {
     zof_win_mem_total_set(1);
     void *block = zof_malloc(3 << 20);
     const s32 left = zof_mem_get_free();

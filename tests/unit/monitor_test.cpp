@@ -1,10 +1,10 @@
-// The line's traffic in words: what a person looks for when host and panel do not understand each other.
+// The decoded traffic of a line, as used to debug the communication of host and panel.
 #include "decode.h"
 #include "host_frame.h"
 #include "temp_project.h"
 #include "zof_test.h"
 
-// What a stream says, a line a piece.
+// Returns the description of a stream, one line per piece.
 static std::string said(const bytes &data, bool from_host, bool crc = false, size_t cut_at = 0) {
     const zof_hmi_cmd_analys_t settings = decode_settings(0x5A, 0xA5, crc);
     splitter s = {.from_host = from_host};
@@ -18,9 +18,9 @@ static std::string said(const bytes &data, bool from_host, bool crc = false, siz
     return out;
 }
 
-TEST_CASE("the monitor shows every kind of frame in words, and marks what a panel would refuse") {
+TEST_CASE("the monitor decodes every kind of frame, and marks frames that a panel would refuse") {
     const std::pair<bytes, std::string> rows[] = {
-        // what follows the head
+        // bytes after the head
         {{0x07, 0x11, 0xB1, 0x06, 0x01, 0x40, 0x00, 0xF0}, "value view.size width=320 height=240\n"},
         {{0x0A, 0x22, 0xB2, 0, 0, 0, 1, 0, 5, '"', 0}, "write label.text view=1 control=5 text=\"\\x22\"\n"},
         {{0x05, 0x22, 0xB0, 0x04, 0x00, 0x00}, "ack   system.touch_config answer=0\n"},
@@ -37,10 +37,10 @@ TEST_CASE("the monitor shows every kind of frame in words, and marks what a pane
     bytes wrong = good;
     wrong[5] ^= 1;
     CHECK(said(join({wrong, good}), true, true) == "!! CRC is 39A9, should be 2988\nread  view.size\n");
-    wrong[2] = 0x0C; // swallows the next one's head
+    wrong[2] = 0x0C; // swallows the head of the next frame
     CHECK(contains(said(join({wrong, good}), true, true), "\nread  view.size\n"));
     const bytes stream = join({{9, 0x5A}, good, good});
-    for (size_t at = 0; at <= stream.size(); at++) { // it comes in any two pieces
+    for (size_t at = 0; at <= stream.size(); at++) { // split in two at every byte
         CHECK(said(stream, true, true, at) == "noise, 2 bytes\nread  view.size\nread  view.size\n");
     }
 }

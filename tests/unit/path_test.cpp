@@ -6,7 +6,7 @@
 
 namespace fs = std::filesystem;
 
-TEST_CASE("a path that is too long is refused with a line, never truncated") {
+TEST_CASE("a path that is too long is refused and logged, never truncated") {
     temp_project_t project;
     CHECK(zof_res_path_check("a.png", "image/") == nullptr);
     REQUIRE(project.open());
@@ -29,7 +29,7 @@ TEST_CASE("a path that is too long is refused with a line, never truncated") {
     CHECK(contains(log, "name too long: nnn"));
 }
 
-TEST_CASE("a drive letter leads beside the project, and naming it makes the folder") {
+TEST_CASE("a drive letter names a folder beside the project, which is created at first use") {
     lv_init();
     temp_project_t project;
     CHECK(str(zof_fs_get_real_path("D:a.png")) == "D:a.png"); // no project yet
@@ -42,7 +42,7 @@ TEST_CASE("a drive letter leads beside the project, and naming it makes the fold
     CHECK(str(zof_fs_get_real_path("P:x")) == project.folder + "/../x");
     CHECK(
         contains(printed([] { CHECK(zof_res_path_check("X:a.png", "image/") == nullptr); }), "X:a.png: no such drive"));
-    // A plain path that begins with a drive's letter, in the buffer in which a drive's base is built.
+    // A plain path that begins with a drive letter, in the buffer used for the base of a drive.
     CHECK(str(zof_fs_get_real_path(zof_res_file_path("D", "isk/", "x"))) == "Disk/x");
 
     lv_fs_file_t *f = zof_fs_open("D:new.bin", LV_FS_MODE_WR);
@@ -59,7 +59,7 @@ TEST_CASE("a drive letter leads beside the project, and naming it makes the fold
     CHECK((zof_fs_read(nullptr, text, 1) == -1 && zof_fs_close(nullptr) == 0));
 }
 
-TEST_CASE("temporary files of killed runs are removed when the project is opened, those of running ones are kept") {
+TEST_CASE("opening a project removes temporary files of killed processes and keeps those of running ones") {
     temp_project_t project;
     const std::string folder = project.path("config/project/"), init = ".zof_file.new~1-5";
     const std::vector<std::string> names = {".zof_file.new", ".zof_file.new~4999999-1", init, ".zof_file.newer"};
@@ -71,7 +71,7 @@ TEST_CASE("temporary files of killed runs are removed when the project is opened
     CHECK((fs::exists(folder + init) && fs::exists(folder + ".zof_file.newer"))); // process 1 always runs
 }
 
-TEST_CASE("a file is written whole or not at all, and its kind is its suffix") {
+TEST_CASE("a file is written whole or not at all, and its suffix decides its kind") {
     temp_project_t project;
     std::string path = project.path("a/b.txt");
     CHECK(zof_file_write(path.c_str(), "x", 1) == -1);
@@ -80,7 +80,7 @@ TEST_CASE("a file is written whole or not at all, and its kind is its suffix") {
     char text[16] = {};
     CHECK(get_file_content(path.c_str(), text) == 5);
     CHECK(str(text) == "newer");
-    // What stands under the temporary name is not written through: the name is a new one each time.
+    // A link with the name of a temporary file is not followed: the name is different each time.
     project.write("outside", "secret");
     for (const char *planted : {"a/b.txt.new", "a/.zof_file.new"}) {
         fs::create_symlink(project.path("outside"), project.path(planted));
@@ -90,7 +90,7 @@ TEST_CASE("a file is written whole or not at all, and its kind is its suffix") {
     CHECK((file_text(path) == "newest" && !fs::is_symlink(path)));
     fs::remove(project.path("a/b.txt.new"));
     fs::remove(project.path("a/.zof_file.new"));
-    // The folder stands where the file would be renamed to: nothing changes and nothing is left behind.
+    // A folder has the name of the file: nothing changes and no temporary file is left.
     fs::create_directories(project.path("a/folder/inside"));
     CHECK(zof_file_write(project.path("a/folder").c_str(), "x", 1) == -1);
     CHECK(std::distance(fs::directory_iterator(project.path("a")), fs::directory_iterator()) == 2);
@@ -103,8 +103,8 @@ TEST_CASE("a file is written whole or not at all, and its kind is its suffix") {
     }
 }
 
-// Without the door each of these waits for a writer, for ever.
-TEST_CASE("a pipe or a device in the place of a file is refused at once") {
+// Without the check each of these waits for a writer forever.
+TEST_CASE("a pipe or a device in place of a file is refused immediately") {
     lv_init();
     temp_project_t project;
     const std::string pipe = project.path("config/project/pipe"), link = project.path("link");
@@ -127,7 +127,7 @@ TEST_CASE("a pipe or a device in the place of a file is refused at once") {
     printed([&] { CHECK(project.open() == nullptr); });
 }
 
-TEST_CASE("names of projects and hosts stay inside the project and its drives, unless the project allows more") {
+TEST_CASE("names from projects and hosts stay inside the project and its drives unless the project allows more") {
     temp_project_t project;
     const std::string outside = project.top + "/outside", deep = std::string("../") + "../../../../../../../etc/passwd";
     fs::create_directories(outside);
@@ -138,7 +138,7 @@ TEST_CASE("names of projects and hosts stay inside the project and its drives, u
     fs::create_symlink(outside, project.path("image/folder"));
     fs::create_symlink(outside + "/a.png", project.path("image/file.png"));
     fs::create_symlink("../font/own.ttf", project.path("image/inside.png"));
-    fs::create_symlink(outside, project.top + "/disk/U"); // where a medium really is
+    fs::create_symlink(outside, project.top + "/disk/U"); // as for a mounted medium
     fs::create_symlink("/etc", project.top + "/disk/T/etc");
     const struct {
         const char *name;

@@ -1,4 +1,4 @@
-// Project files as people and tools write them, sound and broken: every fault is told with its place and none is fatal.
+// Project files, valid and broken: every fault is reported with its position and none is fatal.
 #include "temp_project.h"
 #include "zof_test.h"
 
@@ -35,11 +35,11 @@ TEST_CASE("the project file fills the record and the list of views") {
     zof_prj_facts_t facts = {};
     CHECK((zof_prj_facts(&facts) == 0 && facts.off_x == 3 && str(facts.title) == "bench" &&
            str(prj->attr->hw_t.tone_t.sound) == "k.wav"));
-    // Too large by its area, which no product overflows.
+    // Too large by area, without an overflow of the product.
     CHECK(zof_prj_check_wh_avlid() == 1);
 }
 
-TEST_CASE("the cursor walks the controls and steps over entries that cannot be one") {
+TEST_CASE("the cursor walks the controls and skips invalid entries") {
     temp_project_t project;
     REQUIRE(project.open());
     u32 before = zof_mem_count();
@@ -65,7 +65,7 @@ TEST_CASE("the cursor walks the controls and steps over entries that cannot be o
     REQUIRE(record);
     CHECK((record->ctrl_type == ZOF_CTRL_LABEL && record->pub == 1));
     zof_j2s_ctrl_delete(record, ZOF_CTRL_LABEL);
-    // A number is seen by the peek and not by the record.
+    // The peek accepts a number, the record does not.
     CHECK(zof_j2s_ctrl_get_para(&id, &pub) == 0);
     CHECK(pub == 1);
     record = zof_j2s_ctrl_get();
@@ -76,13 +76,13 @@ TEST_CASE("the cursor walks the controls and steps over entries that cannot be o
     CHECK(contains(printed([] { CHECK(zof_j2s_ctrl_get() == nullptr); }), "controls[8]: theme is missing"));
     CHECK(zof_j2s_ctrl_get_para(&id, &pub) == -1);
     CHECK(zof_j2s_ctrl_start(path.c_str()) == 0);
-    CHECK(zof_j2s_ctrl_start(path.c_str()) == 0); // lets go of the former walk
+    CHECK(zof_j2s_ctrl_start(path.c_str()) == 0); // ends the previous walk
     zof_j2s_ctrl_end();
     CHECK(zof_j2s_ctrl_get_para(&id, &pub) == -1);
     CHECK(zof_mem_count() == before);
 }
 
-// The only control of a view that holds nothing else, with these own styles.
+// Returns the only control of a view, with these styles of its own.
 static zof_pub_attr_t *styled(const temp_project_t &project, const std::string &styles) {
     project.write("config/view/styles.g", view_file(control("5", R"(, "styles": [)" + styles + "]")));
     REQUIRE(zof_j2s_ctrl_start(project.path("config/view/styles.g").c_str()) == 0);
@@ -92,7 +92,7 @@ static zof_pub_attr_t *styled(const temp_project_t &project, const std::string &
     return record;
 }
 
-TEST_CASE("own styles change only the keys they name, over the theme's, and release only what is theirs") {
+TEST_CASE("own styles override only the keys they name, and release only what they own") {
     temp_project_t project;
     REQUIRE(project.open());
     project.write("config/theme/youth/label.g", label_theme);
@@ -119,12 +119,12 @@ TEST_CASE("own styles change only the keys they name, over the theme's, and rele
     CHECK(str(kept->txt_t.font_lib) + str(kept->img_t.bg_img) == "theme.ttftheme.png");
 }
 
-TEST_CASE("without a theme file own styles stand alone, and no more than 255 of them count") {
+TEST_CASE("without a theme file own styles are used alone, and at most 255 of them") {
     temp_project_t project;
     REQUIRE(project.open());
     u32 before = zof_mem_count();
     zof_pub_attr_t *record = styled(project, R"({"txt_t": {"font_lib": "a.ttf"}, "img_t": {"bg_img": "a.png"}}, 5)");
-    CHECK(record->style_num == 1); // an element that is no object changes nothing of the style that it finds
+    CHECK(record->style_num == 1); // an element that is not an object leaves the style unchanged
     CHECK(str(record->style_list[0]->txt_t.font_lib) == "a.ttf");
     zof_j2s_ctrl_delete(record, ZOF_CTRL_LABEL);
     CHECK(zof_mem_count() == before);

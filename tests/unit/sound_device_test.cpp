@@ -1,4 +1,4 @@
-// The sound device of a host that has a single one, which tones and sounds share.
+// A host with a single sound device, which tones and sounds share.
 #include <SDL.h>
 
 #include <atomic>
@@ -12,7 +12,7 @@
 
 // A device that cannot be opened while it is open.
 static struct {
-    std::atomic<int> open, sounds; // sounds: how often one got it
+    std::atomic<int> open, sounds; // sounds: how often a sound has opened it
 } device;
 
 extern "C" SDL_AudioDeviceID __wrap_SDL_OpenAudioDevice(const char *, int, const SDL_AudioSpec *want,
@@ -30,7 +30,7 @@ extern "C" SDL_AudioDeviceID __wrap_SDL_OpenAudioDevice(const char *, int, const
 }
 
 extern "C" void __wrap_SDL_CloseAudioDevice(SDL_AudioDeviceID) {
-    usleep(1000); // as a real one waits for its last block: who wants it next is waiting by then
+    usleep(1000); // a real device waits for its last block, while the next user already waits
     device.open--;
 }
 
@@ -50,7 +50,7 @@ TEST_CASE("a sound takes the only device from the tones, and no tone gets in bet
         while (!end) {
             win_beep_on(0);
         }
-        SDL_TLSCleanup(); // SDL frees its error texts only of threads that it has made
+        SDL_TLSCleanup(); // SDL frees error texts only for its own threads
     });
     int round = 0;
     const std::string log = printed([&] {
@@ -64,6 +64,6 @@ TEST_CASE("a sound takes the only device from the tones, and no tone gets in bet
     });
     CHECK(device.sounds == ROUNDS);
     CHECK(!contains(log, "can't open audio"));
-    CHECK(win_beep_on(0) == 0); // the tones get it back
+    CHECK(win_beep_on(0) == 0); // tones can use it again
     CHECK(device.open == 1);
 }

@@ -1,4 +1,4 @@
-// Sound files through SDL's driver that writes to a file: what would be heard is compared byte by byte.
+// Sound files with SDL's disk driver: the output is compared byte by byte.
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -15,27 +15,27 @@ struct sound_room_t : temp_project_t {
     explicit sound_room_t(const char *block_ms = "1") {
         setenv("SDL_AUDIODRIVER", "disk", 1);
         setenv("SDL_DISKAUDIOFILE", heard_file.c_str(), 1);
-        setenv("SDL_DISKAUDIODELAY", block_ms, 1); // how long a block takes to be heard
+        setenv("SDL_DISKAUDIODELAY", block_ms, 1); // duration of a block in milliseconds
         lv_init();
         zof_ffmpeg_init();
         win_audio_init();
     }
 
-    // What was heard of the latest sound, silence at both ends left out.
+    // Returns the output of the latest sound, without silence at both ends.
     std::string heard(char silence = 0) const {
         const std::string all = file_text(heard_file);
         const size_t from = all.find_first_not_of(silence);
         return from == std::string::npos ? "" : all.substr(from, all.find_last_not_of(silence) + 1 - from);
     }
 
-    // Whether the device takes more than it has.
+    // Returns true if the device takes `more` further bytes.
     bool goes_on(size_t more) const {
         const size_t so_far = file_text(heard_file).size();
         return eventually([&] { return file_text(heard_file).size() > so_far + more; });
     }
 
     s32 play(const std::string &path) const {
-        unlink(heard_file.c_str()); // of the sound before
+        unlink(heard_file.c_str()); // of the previous sound
         return zof_drv_audio_set_src(path.c_str());
     }
 
@@ -60,7 +60,7 @@ static std::string noise(size_t size) {
     return out;
 }
 
-// How many waves of a pure tone were heard, in 16 bit stereo; -1 when it leaps, as where a piece is missing.
+// Returns the number of waves of a pure tone in 16-bit stereo; -1 if it jumps, as with a missing piece.
 static int waves_of(const std::string &bytes) {
     const s16 *left = (const s16 *)bytes.data();
     int waves = 0;
@@ -76,7 +76,7 @@ static int waves_of(const std::string &bytes) {
     return waves;
 }
 
-TEST_CASE("a WAV file is heard as it is, byte by byte, and then counts as playing until its thread is stopped") {
+TEST_CASE("a WAV file is played byte by byte, and counts as playing until its thread is stopped") {
     sound_room_t room;
     CHECK(zof_drv_audio_set_state(ZOF_MEDIA_PLAY) == 0); // before any source: nothing
     CHECK(zof_drv_audio_get_state() == ZOF_MEDIA_STOP);
@@ -101,8 +101,8 @@ TEST_CASE("a WAV file is heard as it is, byte by byte, and then counts as playin
     CHECK((room.heard() == le(0x2001, 2) + le(0xE001, 2)));
 }
 
-TEST_CASE("compressed files and the sound of a clip are heard whole, once or again and again, by a thread") {
-    sound_room_t room("11"); // about real time: a decoder that comes late is heard
+TEST_CASE("a thread plays compressed files and the sound of a clip completely, once or in a loop") {
+    sound_room_t room("11"); // about real time: a late decoder is detected
     media_clip clip;
     clip.tone_hz = 440;
     clip.tone_ms = 400;
@@ -121,7 +121,7 @@ TEST_CASE("compressed files and the sound of a clip are heard whole, once or aga
         CHECK(abs(waves_of(heard) - 176) < 2);
         zof_drv_audio_set_one_replay(1);
         CHECK(zof_drv_audio_set_state(ZOF_MEDIA_PLAY) == 0);
-        for (int round = 0; round < 2; round++) { // each opens the device, and so the file, anew
+        for (int round = 0; round < 2; round++) { // each round opens the device, and with it the file, again
             REQUIRE(eventually([&] { return unlink(room.heard_file.c_str()) == 0; }));
         }
         CHECK(zof_drv_audio_get_state() == ZOF_MEDIA_PLAY);
@@ -129,14 +129,14 @@ TEST_CASE("compressed files and the sound of a clip are heard whole, once or aga
     }
 }
 
-TEST_CASE("a sound's thread is paused, resumed and stopped at once, and a start after a stop is heard") {
+TEST_CASE("the thread of a sound pauses, resumes and stops immediately, and can be started after a stop") {
     sound_room_t room("5");
     room.write("a.wav", wav(noise(64000), 1, 16));
     const std::string path = room.path("a.wav");
     const auto heard_more = [&](size_t than) { return eventually([&] { return room.heard().size() > than + 2000; }); };
     room.play(path);
     REQUIRE(heard_more(0));
-    for (int i = 0; i < 2; i++) { // asked twice it stays paused
+    for (int i = 0; i < 2; i++) { // a second pause changes nothing
         CHECK(zof_drv_audio_set_state(ZOF_MEDIA_PAUSE) == 0);
         CHECK(zof_drv_audio_get_state() == ZOF_MEDIA_PAUSE);
     }
@@ -150,7 +150,7 @@ TEST_CASE("a sound's thread is paused, resumed and stopped at once, and a start 
     zof_drv_audio_set_state(ZOF_MEDIA_PLAY);
     REQUIRE(heard_more(0));
     std::vector<u32> took;
-    for (u32 i = 0; i < 20; i++) { // sounds that cut each other short
+    for (u32 i = 0; i < 20; i++) { // each sound interrupts the one before
         const u32 start = zof_sys_time_ms();
         zof_drv_audio_set_src(path.c_str());
         took.push_back(zof_sys_time_ms() - start);
@@ -158,10 +158,10 @@ TEST_CASE("a sound's thread is paused, resumed and stopped at once, and a start 
     }
     zof_drv_audio_set_state(ZOF_MEDIA_STOP);
     std::sort(took.begin(), took.end());
-    CHECK((took[10] < 100 && took[19] < 2000)); // the median: a busy machine may hold up one or another
+    CHECK((took[10] < 100 && took[19] < 2000)); // the median: a busy machine may delay some of them
 }
 
-TEST_CASE("a WAV file of a low rate is heard, and stops at once") {
+TEST_CASE("a WAV file of a low rate is played, and stops immediately") {
     sound_room_t room;
     for (const u32 rate : {1u, 4u, 3999u}) {
         CAPTURE(rate);
@@ -182,13 +182,13 @@ TEST_CASE("a WAV file of a low rate is heard, and stops at once") {
     }
 }
 
-TEST_CASE("names that cannot be and files that are broken end quietly or with a line, in the thread too") {
+TEST_CASE("invalid names and broken files fail silently or with a message, in the thread too") {
     sound_room_t room;
     media_clip film;
     film.width = film.height = 32;
     film.frames = 3;
     const std::string fits = std::string(123, 'x') + ".wav", silent = room.make("silent.mp4", film);
-    const std::string pipes[] = {room.path("pipe.wav"), room.path("pipe.mp3")}; // which nobody will ever write to
+    const std::string pipes[] = {room.path("pipe.wav"), room.path("pipe.mp3")}; // without a writer
     for (const std::string &pipe : pipes) {
         REQUIRE(mkfifo(pipe.c_str(), 0600) == 0);
     }
@@ -202,7 +202,7 @@ TEST_CASE("names that cannot be and files that are broken end quietly or with a 
                 {"x" + fits, -1, "the path is too long"},
                 {fits, 0, ": cannot be opened"},
                 {"/none.mp3", 0, "sound /none.mp3: Failed to open file!"},
-                {silent, 0, ""}}; // a clip without sound is no fault
+                {silent, 0, ""}}; // a clip without sound is not an error
     for (const auto &row : rows) {
         const std::string log = printed([&] {
             CHECK(zof_drv_audio_set_src(row.path.c_str()) == row.result);
@@ -212,7 +212,7 @@ TEST_CASE("names that cannot be and files that are broken end quietly or with a 
         CHECK((row.line.empty() ? log.empty() : contains(log, row.line)));
     }
     CHECK(zof_drv_audio_set_src(nullptr) == -1);
-    room.write("empty.wav", wav("", 1, 16)); // with replay it waits for its data for ever, without a busy loop
+    room.write("empty.wav", wav("", 1, 16)); // with replay it waits for data forever, without a busy loop
     zof_drv_audio_set_one_replay(1);
     zof_drv_audio_set_src(room.path("empty.wav").c_str());
     usleep(100000);
@@ -221,7 +221,7 @@ TEST_CASE("names that cannot be and files that are broken end quietly or with a 
     CHECK(eventually([] { return zof_drv_audio_get_state() == ZOF_MEDIA_STOP; }));
 }
 
-TEST_CASE("a touch's tone is a sound file when the project says so") {
+TEST_CASE("the tone of a touch is a sound file if the project says so") {
     sound_room_t room;
     REQUIRE(room.open());
     const std::string data = noise(3000);

@@ -1,10 +1,10 @@
-// Styles and themes: from records to LVGL styles, and who owns what on the way.
+// Styles and themes: conversion of records into LVGL styles, and ownership.
 #include "view_project.h"
 
-TEST_CASE("the theme that is named first fixes a type's look, and a broken one is told once") {
+TEST_CASE("the first theme named for a type is used, and a broken one is reported once") {
     temp_project_t project;
     REQUIRE(project.open());
-    CHECK(zof_theme_get_ctrl("youth", ZOF_CTRL_BTN) == nullptr); // not there yet: asked for again
+    CHECK(zof_theme_get_ctrl("youth", ZOF_CTRL_BTN) == nullptr); // missing: tried again at the next call
     project.write("config/theme/youth/button.g", R"({"mode": 1, "styles": [{"style_state": 32}]})");
     project.write("config/theme/night/button.g", R"({"mode": 0, "styles": []})");
     zof_pub_attr_t *theme = zof_theme_get_ctrl("youth", ZOF_CTRL_BTN);
@@ -13,14 +13,14 @@ TEST_CASE("the theme that is named first fixes a type's look, and a broken one i
     CHECK(zof_theme_get_ctrl("night", ZOF_CTRL_BTN) == theme);
     project.write("config/theme/youth/label.g", "{\"styles\": [\n oops");
     CHECK(contains(printed([] { zof_theme_get_ctrl("youth", ZOF_CTRL_LABEL); }), "label.g:2:"));
-    CHECK(printed([] { zof_theme_get_ctrl("youth", ZOF_CTRL_LABEL); }) == ""); // once, not once a label
+    CHECK(printed([] { zof_theme_get_ctrl("youth", ZOF_CTRL_LABEL); }) == ""); // once, not once per label
 }
 
 static u32 text_color(lv_obj_t *obj) {
     return lv_obj_get_style_text_color(obj, LV_PART_MAIN).full;
 }
 
-TEST_CASE("styles of a section are put on the object that is given, and come off every object that wears them") {
+TEST_CASE("styles of a section are added to the given object, and removed from every object that has them") {
     screen_open(100, 100);
     zof_style_attr_t main = {};
     main.txt_t.color = 0x010101;
@@ -40,7 +40,7 @@ TEST_CASE("styles of a section are put on the object that is given, and come off
     CHECK(text_color(b) == before);
 }
 
-TEST_CASE("another theme changes what controls have from their theme and nothing else") {
+TEST_CASE("another theme changes only what controls have from their theme") {
     view_project_t project;
     project.write("config/theme/night/slider.g", R"({"styles": [{"body_t": {"main_color": 8}}]})");
     project.write("config/theme/youth/slider.g", R"({"styles": [{"body_t": {"main_color": 9}}]})");
@@ -62,13 +62,13 @@ TEST_CASE("another theme changes what controls have from their theme and nothing
             CHECK(own(0)->body_t.main_color == (night ? 2 : 1));
             CHECK(own(0)->body_t.radius == 7);
             CHECK(own(0)->txt_t.font_lib == std::string(night ? "so.ttf" : "no.ttf"));
-            CHECK(own(1)->body_t.main_color == 5); // the pressed look is one theme's only
+            CHECK(own(1)->body_t.main_color == 5); // only one theme has a pressed style
             CHECK(own(2)->body_t.opa == 9);
         }
         const u32 used = zof_mem_count();
         zof_theme_set("night");
         CHECK(zof_mem_count() == used);
-        // A type that is first used afterwards follows too, whatever theme its file names.
+        // A type first used afterwards gets the new theme too, whatever theme its file names.
         REQUIRE(zof_view_set_dis_view(2) == 0);
         const zof_style_attr_t *late = at(6, 2)->attr->style_list[0];
         CHECK(late->body_t.main_color == 8);

@@ -1,4 +1,4 @@
-// A project folder of a test's own, removed with its drives when the test ends; and what the runtime printed meanwhile.
+// A temporary project folder, removed with its drives at the end of a test; and the output of the runtime.
 //
 //     temp_project_t project;
 //     project.write("config/project/zofprj.g", R"({"width": 320, "height": 240})");
@@ -26,12 +26,12 @@ inline std::string file_text(const std::string &path) {
     return text.str();
 }
 
-// Projects live to the end of the process. A test that opens several must not make the earlier ones look lost, so this
-// is never destroyed either.
+// Projects live until the end of the process. This list keeps them reachable for the leak checker, and is itself never
+// destroyed.
 inline std::vector<zof_prj_t *> &opened_projects = *new std::vector<zof_prj_t *>;
 
 struct temp_project_t {
-    std::string top;    // the temporary folder; drives are made in it
+    std::string top;    // the temporary folder, in which drives are created
     std::string folder; // the project folder, with its "/"
 
     temp_project_t() {
@@ -54,20 +54,20 @@ struct temp_project_t {
         return folder + name;
     }
 
-    // Writes a file of the project, and the folders on its way.
+    // Writes a file of the project and creates its folders.
     void write(const std::string &name, const std::string &text) const {
         std::filesystem::create_directories(std::filesystem::path(path(name)).parent_path());
         std::ofstream(path(name), std::ios::binary) << text;
     }
 
-    // Makes it the current project; null as zof_prj_obj_create.
+    // Makes it the current project; returns the result of zof_prj_obj_create.
     zof_prj_t *open() const {
         opened_projects.push_back(zof_prj_obj_create(folder.c_str()));
         return opened_projects.back();
     }
 };
 
-// What `work` printed to standard output.
+// Returns what `work` prints to standard output.
 template <typename F> std::string printed(F work) {
     char name[] = "/tmp/zof_printed_XXXXXX";
     int file = mkstemp(name);
@@ -88,7 +88,7 @@ inline std::string str(const char *text) {
     return text ? text : "(null)";
 }
 
-// A number's bytes in a file, the least significant first.
+// The little-endian bytes of a number.
 inline std::string le(u32 value, int size) {
     std::string out;
     for (; size > 0; size--, value >>= 8) {

@@ -1,6 +1,6 @@
 // Thousands of random hostile update disks: links, pipes, sockets, odd bytes, names and paths of every length up to the
-// limits, writes that fail, a disk that is pulled out. Whatever a disk holds, nothing outside the target changes, every
-// file of the target is old or new, and as many files are reported as were counted. ZOF_FUZZ_SEED repeats a run,
+// limits, failing writes, a disk that is removed. Whatever is on a disk, nothing outside the target changes, every file
+// of the target is old or new, and as many files are reported as were counted. ZOF_FUZZ_SEED repeats a run,
 // ZOF_FUZZ_DISKS sets its length.
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -64,7 +64,7 @@ static std::string random_name() {
     case 2:
         return std::string(roll(8) ? 30 + roll(30) : 200 + roll(56), 'l');
     default:
-        return std::string(1, (char)('a' + roll(4))); // names that both sides have
+        return std::string(1, (char)('a' + roll(4))); // names that occur on both sides
     }
 }
 
@@ -132,7 +132,7 @@ static zof_bool disk_fault(const char *, const char *) {
     return fault_at < 1000 && roll(200) == 0;
 }
 
-// A regular file that is not wholly of one side; empty for none. Links are not followed.
+// Returns a regular file that is neither wholly old nor wholly new, or an empty string. Does not follow links.
 static std::string torn_file(const std::string &folder) {
     for (const auto &e : fs::recursive_directory_iterator(folder, fs::directory_options::skip_permission_denied)) {
         if (e.is_symlink() || !e.is_regular_file()) {
@@ -151,7 +151,7 @@ static long entries_of(const std::string &folder) {
     return (long)std::distance(fs::directory_iterator(folder), fs::directory_iterator());
 }
 
-// What is wrong after an update from one random disk; empty for nothing.
+// Updates from one random disk; returns the fault found, or an empty string.
 static std::string disk_try(const std::string &top, const std::string &outside) {
     fs::create_directories(top + "U");
     fs::create_directories(top + "D");
@@ -164,7 +164,7 @@ static std::string disk_try(const std::string &top, const std::string &outside) 
     const std::string from = top + "U/./", into = top + "D/";
     const u32 counted = zof_dir_get_fileNum(from.c_str());
     zof_dir_copyfile(into.c_str(), from.c_str(), (zof_bool)roll(2));
-    fault_at = 100000; // the next start finds a sound disk
+    fault_at = 100000; // the next start finds a working disk
     zof_dir_copy_mend(into.c_str());
     if (reported != counted) {
         return "counted " + std::to_string(counted) + " files, reported " + std::to_string(reported);
@@ -176,10 +176,10 @@ static std::string disk_try(const std::string &top, const std::string &outside) 
     return torn_file(into);
 }
 
-TEST_CASE("none of thousands of hostile disks writes outside its target, tears a file, or is counted wrongly") {
+TEST_CASE("thousands of hostile disks never write outside the target, tear a file, or are counted wrongly") {
     const u32 seed = number_of("ZOF_FUZZ_SEED", std::random_device{}());
     const u32 disks = number_of("ZOF_FUZZ_DISKS", 2000);
-    char memory[] = "/dev/shm/zof_test_XXXXXX"; // where waiting for the disk takes no time
+    char memory[] = "/dev/shm/zof_test_XXXXXX"; // where syncing takes no time
     REQUIRE(mkdtemp(memory));
     disk_top = std::string(memory) + "/disk/";
     const std::string outside = std::string(memory) + "/outside/";
@@ -196,7 +196,7 @@ TEST_CASE("none of thousands of hostile disks writes outside its target, tears a
             fs::remove_all(disk_top);
         }
     });
-    CAPTURE(seed + tried - 1); // with ZOF_FUZZ_DISKS=1 it repeats this disk
+    CAPTURE(seed + tried - 1); // as ZOF_FUZZ_SEED, with ZOF_FUZZ_DISKS=1, it repeats this disk
     CHECK(wrong == "");
     zof_dir_set_schedule_cbfun(nullptr);
     zof_file_fault_set(nullptr);

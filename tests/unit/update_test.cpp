@@ -1,4 +1,4 @@
-// The copy of update folders: what is on disk after any failure and any power cut, hostile disks, and the log.
+// The copy of update folders: the disk after any failure and power failure, hostile disks, and the log.
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -40,7 +40,7 @@ static void count_file(const char *, u8 ok) {
     (ok == ZOF_COPY_DONE ? good_count : bad_count)++;
 }
 
-// The copy as the watch makes it, counted.
+// Counts and copies like the update watch.
 static void update(const std::string &from, const std::string &into, zof_bool remove = ZOF_TRUE) {
     good_count = bad_count = 0;
     zof_dir_set_schedule_cbfun(count_file);
@@ -48,13 +48,13 @@ static void update(const std::string &from, const std::string &into, zof_bool re
     zof_dir_set_schedule_cbfun(nullptr);
 }
 
-// Which change of the disk fails. From the failure on for ever nothing changes any more: that is also a power cut. Or
-// the source is pulled out.
+// Which change of the disk fails. FOR_EVER: all later changes fail too, which simulates a power failure. GONE: the
+// source is removed.
 enum how_t { NEVER, ONCE, FOR_EVER, GONE };
 static struct {
     how_t how;
     u32 at, seen;
-    bool no_exchange; // a medium on which two names cannot change places
+    bool no_exchange; // a medium without an atomic exchange of two names
     std::string from;
 } fault;
 
@@ -74,7 +74,7 @@ static const tree_t before = {{"a", "old a"},           {"mine", "no update has 
 static const tree_t fresh = {{"a", "new a"},  {"b", big},          {"sub/s1", "new s1"}, {"sub/s2", big},
                              {"sub/s3", "3"}, {"sub/deep/d1", ""}, {"sub/deep/d2", "2"}, {"new/f", "f"}};
 
-// Every file wholly old or wholly new, and no other; returns how many are new.
+// Checks that every file is wholly old or wholly new, and that there are no others; returns how many are new.
 static u32 wholly(tree_t got) {
     u32 renewed = 0;
     tree_t want = before;
@@ -84,14 +84,14 @@ static u32 wholly(tree_t got) {
             renewed++;
         }
     }
-    want.erase("sub/gone"); // it goes with the old folder
+    want.erase("sub/gone"); // deleted with the old folder
     got.erase("sub/gone");
     CHECK(got == want);
     return renewed;
 }
 
-TEST_CASE("a failure or a power cut at any change of the disk leaves every file old or new and the counts correct") {
-    char memory[] = "/dev/shm/zof_test_XXXXXX"; // where waiting for the disk takes no time
+TEST_CASE("a failure or power failure at any change of the disk leaves every file old or new and the counts correct") {
+    char memory[] = "/dev/shm/zof_test_XXXXXX"; // where syncing takes no time
     REQUIRE(mkdtemp(memory));
     const std::string top = memory, from = top + "/U/", into = top + "/D/";
     zof_file_fault_set(fault_hook);
@@ -109,7 +109,7 @@ TEST_CASE("a failure or a power cut at any change of the disk leaves every file 
                 printed([&] { update(from, into); });
                 points = how == NEVER ? fault.seen : points;
                 fault = {};
-                printed([&] { zof_dir_copy_mend(into.c_str()); }); // as the next start does
+                printed([&] { zof_dir_copy_mend(into.c_str()); }); // like the next start
                 CHECK(good_count == wholly(tree_of(into)));
                 CHECK(good_count + bad_count == fresh.size());
                 CHECK((how != NEVER || bad_count == 0));
@@ -121,17 +121,17 @@ TEST_CASE("a failure or a power cut at any change of the disk leaves every file 
     fs::remove_all(top);
 }
 
-TEST_CASE("an update replaces folders whole and the rest file by file, and leaves what it cannot replace") {
+TEST_CASE("an update replaces folders as a whole and other files one by one, and leaves what it cannot replace") {
     temp_project_t project;
     const std::string from = project.top + "/U/", into = project.top + "/D/", beside = project.top + "/E";
     tree_t update_tree = fresh;
     update_tree.erase("sub/s1");
-    update_tree["sub/s1/in"] = "in"; // a folder takes the place of a file
+    update_tree["sub/s1/in"] = "in"; // a folder replaces a file
     tree_make(from, update_tree);
     tree_t want = before;
     want["new"] = "a file where a folder is due";
     tree_make(into, want);
-    fs::create_directories(into + "b"); // a folder where a file is due
+    fs::create_directories(into + "b"); // a folder in place of a file
     printed([&] { update(from, into); });
     want = update_tree;
     want.erase("new/f");
@@ -148,7 +148,7 @@ TEST_CASE("an update replaces folders whole and the rest file by file, and leave
     CHECK((file_text(beside + "/sub/s2") == big));
     CHECK(contains(log, "copy " + from + "sub/s3 to " + beside + "/sub/s3 \nsuccess \n\n"));
     printed([] { CHECK(zof_dir_copyfile(nullptr, "x", 0) == -1); });
-    // One file is copied with a dot a block, and a target that cannot be written stays.
+    // Copying one file prints a dot per block; a target that cannot be written stays.
     const std::string a = beside + "/a", b = into + "sub/s2";
     CHECK(contains(printed([&] { CHECK(zof_file_copy(a.c_str(), b.c_str(), 2000) == 0); }), "\n.\n.\n.\n succeed"));
     CHECK(contains(printed([&] { CHECK(zof_file_copy(a.c_str(), into.c_str(), 2000) == -1); }), "srcfile=" + into));
@@ -166,11 +166,11 @@ TEST_CASE("a hostile disk writes nothing outside its target, and its count match
     tree_make(outside, {{"secret", "s"}});
     fs::create_symlink(outside + "secret", from + "link");
     fs::create_symlink(outside, from + "folder");
-    fs::create_symlink(outside, into + "lead"); // what is in the target may not lead out either
+    fs::create_symlink(outside, into + "lead"); // links in the target must not lead out either
     fs::create_symlink(outside + "made", into + ".zof_file.new");
     REQUIRE(mkfifo((from + "pipe").c_str(), 0600) == 0);
     std::string deep = from;
-    for (int i = 0; i < 4; i++) { // one file's path is too long on the disk, another's only in the target
+    for (int i = 0; i < 4; i++) { // one path is too long on the disk, another only in the target
         deep += std::string(45, (char)('a' + i)) + "/";
         fs::create_directories(deep);
     }
@@ -198,7 +198,7 @@ TEST_CASE("a hostile disk writes nothing outside its target, and its count match
 
 static zof_sem_t gate_reached, gate_open;
 
-TEST_CASE("while the copy's thread runs a second start is refused and its paths are left alone") {
+TEST_CASE("while the copy thread runs, a second start is refused and its paths are not touched") {
     temp_project_t project;
     const std::string from = project.top + "/U/", into = project.top + "/D/";
     tree_make(from, fresh);
@@ -232,7 +232,7 @@ TEST_CASE("while the copy's thread runs a second start is refused and its paths 
     CHECK(tree_of(into) == fresh);
 }
 
-TEST_CASE("a folder that somebody copies into is left alone, and the log names the holder") {
+TEST_CASE("a folder locked by another copy is not touched, and the log names the process") {
     temp_project_t project;
     const std::string from = project.top + "/U/", into = project.top + "/D/";
     const std::string holder = "in use by process " + std::to_string(getpid());
@@ -255,7 +255,7 @@ TEST_CASE("a folder that somebody copies into is left alone, and the log names t
 
 static std::string growing;
 
-TEST_CASE("a source that grows is copied to the size it had, and one that shrinks is not copied") {
+TEST_CASE("a growing source is copied up to its original size, and a shrinking one is not copied") {
     temp_project_t project;
     const std::string from = project.top + "/U/", into = project.top + "/D/";
     growing = from + "log";
@@ -279,7 +279,7 @@ TEST_CASE("a source that grows is copied to the size it had, and one that shrink
     zof_file_fault_set(nullptr);
 }
 
-TEST_CASE("names with a separator are skipped, with a line, in count and copy alike") {
+TEST_CASE("names with a separator are skipped and logged, both in count and in copy") {
     temp_project_t project;
     const std::string from = project.top + "/U/", into = project.top + "/D/";
     tree_make(from, {{"x\\../secret", "evil"}, {"x\\../y\\../secret", "evil"}, {"a\\b", "x"}, {"ok", "1"}});

@@ -3,7 +3,7 @@
 
 #include <string>
 
-TEST_CASE("a number stops at the first character that is none and saturates") {
+TEST_CASE("a number ends at the first character that is not a digit, and saturates") {
     std::string got;
     for (const char *text : {"-17", "+5x9", " 5", "", (const char *)nullptr, "2147483648", "-99999999999"}) {
         got += std::to_string(zof_atoi(text)) + " ";
@@ -11,7 +11,7 @@ TEST_CASE("a number stops at the first character that is none and saturates") {
     CHECK(got == "-17 5 0 0 0 2147483647 -2147483648 ");
 }
 
-TEST_CASE("a chunk or a tail that does not fit is dropped whole, and the half that a client holds stays intact") {
+TEST_CASE("a chunk or tail that does not fit is dropped completely, and the half held by a client stays intact") {
     pipo_buff *b = pipo_buff_create(4, 2);
     CHECK(pipo_buff_set_pi(b, (const u8 *)"one", 3) == 0);
     CHECK(pipo_buff_set_pi(b, (const u8 *)"xy", 2) == -1);
@@ -23,7 +23,7 @@ TEST_CASE("a chunk or a tail that does not fit is dropped whole, and the half th
     CHECK(pipo_buff_delete(b) == 0);
 }
 
-TEST_CASE("a task runs by its period, pauses, runs when it is made ready, and once") {
+TEST_CASE("a task runs at its period, can be paused, made ready, and run once") {
     lv_init();
     static int runs;
     runs = 0;

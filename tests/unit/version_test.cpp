@@ -4,13 +4,13 @@
 
 namespace fs = std::filesystem;
 
-TEST_CASE("the work path is the first place with a project, and the versions are its own") {
+TEST_CASE("the work path is the first place with a project, and the versions are those of the project") {
     temp_project_t project;
     const char *file = "config/project/zofprj.g";
     fs::create_directories(project.top + "/a/b");
     fs::current_path(project.top + "/a/b");
     CHECK(contains(printed(zof_ver_printf), "fw:none\nsdk:1.4.12-251024090648\n"));
-    // A version that is no text counts as none, and is looked for again.
+    // A version that is not a text counts as missing, and is read again at the next call.
     project.write(file, R"({"app_ver": "7", "comp_time": "now", "version": 3})");
     CHECK(zof_fw_get_version() == nullptr);
     project.write(file, R"({"version": )");
@@ -19,7 +19,7 @@ TEST_CASE("the work path is the first place with a project, and the versions are
         zof_drv_set_prj_path();
     });
     CHECK(contains(faults, "sys:linux\nfw:none\n"));
-    const size_t first = faults.find("zofprj.g:1:13: parse error"); // where the project is opened, and nowhere else
+    const size_t first = faults.find("zofprj.g:1:13: parse error"); // reported only when the project is opened
     CHECK((first != std::string::npos && faults.find("parse error") == faults.rfind("parse error")));
     project.write(file, R"({"app_ver": "7", "comp_time": "now", "version": "1.2", "views": []})");
     const char *version = zof_fw_get_version();

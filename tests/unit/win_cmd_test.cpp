@@ -1,10 +1,10 @@
-// The command line: a build step stamps its time into the project file; help and version.
+// The command line: the build call that writes the build time into the project file; help and version.
 #include "temp_project.h"
 #include "zof_test.h"
 
-TEST_CASE("the build call replaces the build time, keeps every other key in its place, and makes no file") {
+TEST_CASE("the build call replaces the build time, keeps all other keys in order, and never creates a file") {
     temp_project_t project;
-    std::filesystem::create_directories(project.top + "/a/b"); // two below the folder that holds the project
+    std::filesystem::create_directories(project.top + "/a/b"); // two levels below the parent of the project
     REQUIRE(chdir((project.top + "/a/b").c_str()) == 0);
     const struct {
         const char *stamp, *before, *after;
@@ -36,7 +36,7 @@ TEST_CASE("the build call replaces the build time, keeps every other key in its 
     CHECK(!std::filesystem::exists(file));
 }
 
-TEST_CASE("--help and --version are answered and start nothing") {
+TEST_CASE("--help and --version print and exit") {
     char program[] = "zof_bench";
     const auto ask = [&](std::string word, s32 want) {
         char *words[] = {program, word.data()};

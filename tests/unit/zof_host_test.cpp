@@ -1,4 +1,4 @@
-// The firmware's side of the host protocol: what it puts on the line and when, and what it makes of what comes back.
+// The firmware library of the host protocol: what it sends and when, and how it handles what it receives.
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -7,8 +7,8 @@
 #include "zof_host.h"
 #include "zof_test.h"
 
-// A host, the line it writes to, and what it has reported: "1:-4 " for the first request's end without an answer,
-// "2/5=hi " for one with the value of control 5.
+// A host, the line it writes to, and its reports: "1:-4 " for the first request without an answer, "2/5=hi " for the
+// second with the value of control 5.
 struct rig {
     bytes rx = bytes(64), tx, sent;
     std::vector<uint32_t> sent_at; // of each byte
@@ -46,13 +46,13 @@ struct rig {
                                       std::to_string(event->y) + " ";
             static const char *const words[] = {"", "on ", "", "silent ", "restored "};
             r.log += event->kind == ZOF_HOST_TOUCH ? touch : words[event->kind];
-            zof_host_poll(from, r.now); // from within a callback it does nothing
+            zof_host_poll(from, r.now); // a poll within a callback does nothing
         };
         REQUIRE(zof_host_init(&host) == ZOF_HOST_DONE);
     }
 };
 
-// What goes out: a byte that is no head in front of each frame.
+// The bytes sent: each frame after a byte that is not part of a head.
 static bytes out(const std::vector<bytes> &frames) {
     bytes all;
     for (const bytes &frame : frames) {
@@ -80,13 +80,13 @@ static bytes with_text(const std::string &text) {
     return join({LABEL, {text.c_str(), text.c_str() + text.size() + 1}});
 }
 
-TEST_CASE("what a host may see comes out right at every cut of its bytes, with and without CRC, in both forms") {
+TEST_CASE("answers, events and noise are told apart at every split, with and without CRC, in both forms") {
     for (int form = 0; form < 4; form++) {
         const bool crc = form % 2;
         const auto panel = [=](const bytes &payload) { return frame_of(0x11, payload, crc, form / 2); };
         bytes wrong = panel(with_text("no"));
         wrong[crc ? wrong.size() - 1 : 1] ^= 1; // its CRC, or its head
-        // An event in front of the answer, noise with half a head, a false frame, the answer, two events.
+        // An event before the answer, noise with half a head, a false frame, the answer, two events.
         const bytes noise = {0x5A, 0x5A, 0x11, 0x5A, 0xA5, 2, 0x11};
         const bytes line = join({panel({0xB0, 4, 1, 1, 0, 80, 0, 40}), noise, wrong, panel(with_text("hi")),
                                  panel({0xB0, 1, 0xAA, 0xBB}), panel({0xB0, 4, 1, 0, 1, 2, 3, 4})});
@@ -104,7 +104,7 @@ TEST_CASE("what a host may see comes out right at every cut of its bytes, with a
     }
 }
 
-TEST_CASE("writes go out whole and without a pause, at any place of the ring, over the clock's end") {
+TEST_CASE("writes are sent whole and without a pause, at any position in the ring, across a wrap of the clock") {
     for (uint16_t takes : {1, 3, 1000}) {
         rig r(1, 0, 150);
         r.takes = takes;
@@ -127,14 +127,14 @@ TEST_CASE("writes go out whole and without a pause, at any place of the ring, ov
     }
     zof_host_poll(&burst.host, burst.now);
     CHECK(burst.sent.size() == 5 * 14);
-    rig head_0; // a head of zeros is not sent for nothing
+    rig head_0; // with a head of zeros another fill byte is sent
     head_0.host.head_fh = 0, head_0.host.head_fl = 1;
     zof_host_barrier(&head_0.host);
     run_ms(head_0, 2);
     CHECK(head_0.sent[0] == 2);
 }
 
-TEST_CASE("a read is sent again, behind bytes that end any waiting, and a late answer is nobody else's") {
+TEST_CASE("a read is repeated after fill bytes, and a late answer is not mistaken for another one") {
     rig r;
     CHECK(zof_host_get_label_text(&r.host, 1, 5) == 1);
     CHECK(zof_host_get_spin_box_value(&r.host, 1, 6) == 2);
@@ -152,7 +152,7 @@ TEST_CASE("a read is sent again, behind bytes that end any waiting, and a late a
     r.sent.clear();
     run_ms(r, 200);
     CHECK(r.log == "1:-4 ");
-    CHECK(r.sent == join({bytes(256, 0), frame_of(0x11, SIZE)})); // what is late comes in front of its answer
+    CHECK(r.sent == join({bytes(256, 0), frame_of(0x11, SIZE)})); // late answers arrive before its answer
     feed(r, frame_of(0x11, with_text("x")));
     CHECK(r.host.late == 4);
     r.sent.clear();
@@ -160,14 +160,14 @@ TEST_CASE("a read is sent again, behind bytes that end any waiting, and a late a
     run_ms(r, 2);
     CHECK(r.sent == out({frame_of(0x11, {0xB2, 0x14, 0, 0, 1, 0, 6})}));
     feed(r, join({{0x5A, 0xA5, 60, 0x11}, frame_of(0x11, {0xB2, 0x14, 0, 0, 1, 0, 6, 0xFF, 0xFF, 0xFF, 0xFE})}));
-    CHECK(r.log == "1:-4 "); // a false head in front fits the buffer, so it is waited for
+    CHECK(r.log == "1:-4 "); // a false head before it fits the buffer, so the rest is awaited
     run_ms(r, 60);
     CHECK(r.log == "1:-4 2/6=-2 ");
     zof_host_get_label_text(&r.host, 1, 5);
     run_ms(r, 20);
     feed(r, join({{0x5A, 0xA5, 0x80, 61, 0x11}, frame_of(0x11, join({LABEL, {'x', 'y'}}))})); // no room; no zero
     CHECK(r.log == "1:-4 2/6=-2 3/5= bad ");
-    // A panel that says nothing at all: each read has its tries, then the one barrier its time.
+    // A silent panel: each read uses its tries, then the barrier its time-out.
     rig off;
     off.host.tries = 1;
     zof_host_get_label_text(&off.host, 1, 5);
@@ -177,7 +177,7 @@ TEST_CASE("a read is sent again, behind bytes that end any waiting, and a late a
     CHECK(zof_host_poll(&off.host, off.now) == 0);
 }
 
-TEST_CASE("a restart ends what is open, asks the read again at once, and has the state restored behind the queue") {
+TEST_CASE("a restart ends the pending request, repeats a read immediately, and restores the state after the queue") {
     rig r;
     r.host.on_restart = [](zof_host_t *h, uint8_t step) {
         zof_host_set_bar_value(h, 1, 7, step);
@@ -193,7 +193,7 @@ TEST_CASE("a restart ends what is open, asks the read again at once, and has the
     feed(r, frame_of(0x11, with_text("hi")));
     r.sent.clear();
     run_ms(r, 2);
-    feed(r, SIZE_IS); // a read that was sent twice may be answered twice
+    feed(r, SIZE_IS); // a read sent twice may be answered twice
     run_ms(r, 10);
     const auto bar = [](u8 control, u8 value) { return frame_of(0x22, {0xB2, 0x05, 0, 0, 1, 0, control, 0, value}); };
     const bytes barrier = frame_of(0x11, SIZE);
@@ -205,7 +205,7 @@ TEST_CASE("a restart ends what is open, asks the read again at once, and has the
     CHECK(zof_host_poll(&r.host, r.now) == 0);
 }
 
-TEST_CASE("a barrier is asked for before the panel's queue would overflow, again until it is answered") {
+TEST_CASE("a barrier is sent before the panel's queue would overflow, and repeated until it is answered") {
     rig r;
     const auto write_until_silent = [&] {
         for (size_t had = ~(size_t)0; had != r.sent.size();) {
@@ -218,37 +218,37 @@ TEST_CASE("a barrier is asked for before the panel's queue would overflow, again
     const size_t before = (1024 - 8) / 13 * 14;
     CHECK(r.sent.size() == before + 7);
     CHECK(bytes(r.sent.end() - 6, r.sent.end()) == frame_of(0x11, SIZE));
-    run_ms(r, 200); // no answer: reported, and asked again
+    run_ms(r, 200); // no answer: reported, and repeated
     CHECK(r.sent.size() == before + 7 + 256 + 6);
     feed(r, SIZE_IS);
     run_ms(r, 20);
-    CHECK(r.log == "silent "); // its own answer is nobody else's
+    CHECK(r.log == "silent "); // its answer is not reported
     CHECK(r.sent.size() == before + 7 + 256 + 6 + 2 * 14);
     write_until_silent();
-    feed(r, POWER_ON); // a panel that has just started has an empty queue
+    feed(r, POWER_ON); // the queue is empty after a start
     run_ms(r, 20);
     CHECK(r.log == "silent on ");
     CHECK(bytes(r.sent.end() - 13, r.sent.end())[4] == 0xB2);
 }
 
-TEST_CASE("nothing follows a system write before the panel is done with it") {
+TEST_CASE("nothing is sent after a system write until the panel has executed it") {
     rig r;
     zof_host_set_system_language(&r.host, "de");
     zof_host_set_bar_value(&r.host, 1, 7, 50);
     run_ms(r, 50);
     const bytes language = frame_of(0x22, {0xB0, 7, 0, 'd', 'e', 0});
     CHECK(r.sent == out({language, frame_of(0x11, STANDBY)}));
-    feed(r, frame_of(0x22, {0xB0, 7, 0, 0})); // a panel that acknowledges although nobody asked for it
+    feed(r, frame_of(0x22, {0xB0, 7, 0, 0})); // a panel that acknowledges without being asked to
     run_ms(r, 20);
     feed(r, frame_of(0x11, join({STANDBY, {0}})));
     run_ms(r, 10);
     CHECK(r.sent.size() == out({language, frame_of(0x11, STANDBY)}).size() + 14);
     CHECK(r.log == "");
-    zof_host_set_system_touch_config(&r.host, 0x32); // nor is the touch read while its answer could be a report
+    zof_host_set_system_touch_config(&r.host, 0x32); // the touch is not read while reports look like its answer
     CHECK(zof_host_get_system_touch(&r.host) == ZOF_HOST_REFUSED);
     zof_host_set_system_touch_config(&r.host, 0x02);
     CHECK(zof_host_get_system_touch(&r.host) > 0);
-    feed(r, frame_of(0x11, {0xB0, 4, 1, 2, 0, 80, 0, 40})); // the project's own settings may ask for reports
+    feed(r, frame_of(0x11, {0xB0, 4, 1, 2, 0, 80, 0, 40})); // the project's own settings may enable reports
     CHECK(r.log == "touch2@80,40 ");
     CHECK(zof_host_get_system_touch(&r.host) == ZOF_HOST_REFUSED);
 
@@ -265,7 +265,7 @@ TEST_CASE("nothing follows a system write before the panel is done with it") {
     CHECK(a.log == "1:1 2:0 3:-4 ");
 }
 
-TEST_CASE("a host with bad settings does nothing, with null too") {
+TEST_CASE("a host with bad settings and a null host do nothing") {
     CHECK((zof_host_init(nullptr) == ZOF_HOST_BAD && zof_host_barrier(nullptr) == ZOF_HOST_BAD));
     zof_host_feed(nullptr, nullptr, 5, 0);
     rig r;
