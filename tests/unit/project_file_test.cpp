@@ -57,8 +57,8 @@ TEST_CASE("the cursor walks the controls and skips invalid entries") {
     std::string log = printed([&] { CHECK(zof_j2s_ctrl_get_para(&id, &pub) == 0); });
     CHECK((id == 8 && pub == 1));
     for (const char *fault :
-         {"0]: property.pub_t is missing", "1]: property.pub_t is missing", "2]: property.pub_t.id is no number",
-          "3]: type is no control type", "4]: property.pub_t.id", "5]: property.pub_t.id"}) {
+         {"0]: property.pub_t is missing", "1]: property.pub_t is missing", "2]: property.pub_t.id is not a number",
+          "3]: type is not a control type", "4]: property.pub_t.id", "5]: property.pub_t.id"}) {
         CHECK(contains(log, std::string("one.g: controls[") + fault));
     }
     zof_pub_attr_t *record = zof_j2s_ctrl_get(); // without a type it is a label

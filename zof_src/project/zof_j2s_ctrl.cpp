@@ -1,5 +1,5 @@
-// The walk over the `controls` of a view file, and the making and releasing of one control's attribute record. An entry
-// from which no control can come is reported with its place and passed over, so that one slip does not empty a view.
+// The walk over the `controls` of a view file, and the creation and release of a control's attribute record. An invalid
+// entry is reported with its position and skipped, so one mistake does not empty a view.
 #include <cstring>
 
 #include "project/zof_j2s.h"
@@ -7,8 +7,8 @@
 #include "project/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
-// Parts of records, read with the engine's own rules, so that a peek never disagrees with the decoded record. An id
-// must be there, so its row is not nullable.
+// Parts of records, decoded by the same rules, so a peek never disagrees with the decoded record. The id is mandatory,
+// so its row is not nullable.
 static const reflect_item_t id_tbl[] = {{"id", offsetof(zof_pub_attr_t, id), sizeof(u16), CSON_INTEGER, 0, 0, 0, 0},
                                         CSON_END};
 static const reflect_item_t style_key_tbl[] = {CSON_INT(zof_style_attr_t, style_part),
@@ -56,7 +56,7 @@ void zof_j2s_walk_next(zof_j2s_walk_t *walk) {
     }
 }
 
-// -1 for a type that is there and is none of ours.
+// Returns -1 for an unknown type.
 static s32 type_of(cJSON *entry) {
     cJSON *type = cJSON_GetObjectItem(entry, "type");
     if (!type) {
@@ -66,19 +66,19 @@ static s32 type_of(cJSON *entry) {
     return known ? type->valueint : -1;
 }
 
-// What is wrong with an entry; null when a control can be made of it.
+// Returns the fault of an entry; null if it is valid.
 static const char *entry_fault(cJSON *entry, cJSON *pub_t, zof_pub_attr_t *head) {
     if (!cJSON_IsObject(pub_t)) {
         return "property.pub_t is missing";
     }
     if (csonJsonStr2Struct(pub_t, head, id_tbl) != CSON_OK) {
-        return "property.pub_t.id is no number from 0 to 65535";
+        return "property.pub_t.id is not a number from 0 to 65535";
     }
-    return type_of(entry) < 0 ? "type is no control type" : nullptr;
+    return type_of(entry) < 0 ? "type is not a control type" : nullptr;
 }
 
-// A number counts here, though the decoded record takes only true and false: such a control is put off while its view
-// is only loaded, and stays when the view is left.
+// Accepts a number here, although the decoded record accepts only true and false: such a control is not created while
+// its view is only loaded, and stays when the view is left.
 static u32 pub_of(cJSON *pub_t) {
     cJSON *pub = cJSON_GetObjectItem(pub_t, "pub");
     return cJSON_IsTrue(pub) || (cJSON_IsNumber(pub) && pub->valueint != 0);
@@ -120,14 +120,14 @@ zof_pub_attr_t *zof_j2s_ctrl_create(cJSON *property, u32 type) {
     return record;
 }
 
-// A text that is now replaced is released, unless it is the theme's: then the style only borrowed it.
+// Releases a replaced text unless it belongs to the theme, from which the style only borrowed it.
 static void release_replaced(char *before, const char *after, const char *theme) {
     if (before != after && before != theme) {
         zof_free(before);
     }
 }
 
-// The theme's style that the record's style `index` was copied from; null when it is the control's own.
+// Returns the theme's style that the record's style `index` was copied from; null for a style of the control's own.
 static const zof_style_attr_t *theme_style(const zof_pub_attr_t *theme, u32 index) {
     return theme && theme->style_list && index < theme->style_num ? theme->style_list[index] : nullptr;
 }
@@ -140,7 +140,7 @@ static u32 style_index(const zof_pub_attr_t *record, const zof_style_attr_t *sty
     return index;
 }
 
-// Decoding writes only the keys that are there, over what the style has inherited.
+// Decoding writes only existing keys, over the inherited values of the style.
 static void style_overlay(cJSON *json, zof_pub_attr_t *record, const zof_pub_attr_t *theme) {
     zof_style_attr_t key = {};
     csonJsonStr2Struct(json, &key, style_key_tbl);
@@ -184,7 +184,7 @@ zof_pub_attr_t *zof_j2s_walk_get(zof_j2s_walk_t *walk) {
         zof_printf("%s: controls[%d]: %s; the view ends here\n", walk->path, index,
                    !property ? "property is missing"
                    : !theme  ? "theme is missing"
-                             : "type is no control type");
+                             : "type is not a control type");
         return nullptr;
     }
     zof_pub_attr_t *record = zof_j2s_ctrl_create(property, (u32)type);
@@ -219,7 +219,7 @@ void zof_j2s_ctrl_end(void) {
 void zof_j2s_ctrl_init(void) {
 }
 
-// The theme's record is found by type alone, so any name gives the one that was used, if one was.
+// The theme's record is indexed only by type, so any name finds the one that was used.
 static void styles_delete(zof_pub_attr_t *record, u32 type) {
     zof_pub_attr_t *theme = record->style_num ? zof_theme_get_ctrl(zof_theme_name[0], type) : nullptr;
     for (u32 i = 0; record->style_list && i < record->style_num; i++) {
@@ -245,7 +245,7 @@ void zof_j2s_ctrl_delete(zof_pub_attr_t *record, u32 type) {
     }
     styles_delete(record, type);
     zof_j2s_free_ctrl_struct(record, type);
-    // Whoever still holds the record by mistake shall find zeros rather than old pointers.
+    // A stale reference to the record must find zeros instead of old pointers.
     std::memset((void *)record, 0, size);
     zof_free(record);
 }

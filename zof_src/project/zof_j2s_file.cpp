@@ -1,11 +1,12 @@
-// Reading a project file whole and parsing it. Whoever wrote a broken file is told where: path, line and column.
+// Reads and parses whole project files. Faults are reported with path, line and column.
 #include <cstdio>
 
 #include "drv/zof_drv_file.h"
 #include "project/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
-// The file's size; -1 for what is no plain file: a folder can be opened on some systems, and has a huge size or none.
+// Returns the file's size; -1 for anything but a regular file, because some systems can open a folder, which has a huge
+// size or none.
 static long size_of(FILE *file) {
     if (std::fseek(file, 0, SEEK_END) != 0) {
         return -1;
@@ -15,7 +16,7 @@ static long size_of(FILE *file) {
     return size > INT32_MAX ? -1 : size;
 }
 
-// The whole file as a text; null and the reason when it cannot be had.
+// Returns the whole file as a text; null on failure, with the reason.
 static char *read_all(FILE *file, const char **why) {
     const long size = size_of(file);
     // One byte more than the file, and zeroed: the text has its terminator.

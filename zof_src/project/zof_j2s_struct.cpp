@@ -1,4 +1,4 @@
-// Decoding and releasing one record by its table, told as 0 or -1: what the readers of whole files are made of.
+// Decodes and releases single records by their tables, for the readers of whole files; results are 0 or -1.
 #include "project/zof_j2s.h"
 
 typedef struct {
@@ -39,7 +39,7 @@ static const ctrl_struct_t ctrl_structs[] = {
     {ZOF_CTRL_SCROLLCONT, zof_scrollcont_attr_t_tbl, sizeof(zof_scrollcont_attr_t)},
     {ZOF_CTRL_SCROLLCONT_OBJ, zof_scrollcont_obj_attr_t_tbl, sizeof(zof_scrollcont_obj_attr_t)},
 };
-static_assert(sizeof(ctrl_structs) / sizeof(ctrl_structs[0]) == ZOF_CTRL_TYPE_COUNT, "one row a control type");
+static_assert(sizeof(ctrl_structs) / sizeof(ctrl_structs[0]) == ZOF_CTRL_TYPE_COUNT, "one row per control type");
 
 static s32 yes_or_no(s32 result) {
     return result == CSON_OK ? 0 : -1;

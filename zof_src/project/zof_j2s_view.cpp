@@ -1,6 +1,5 @@
-// The project file and the `view` object of a view file. The project file's tree is kept between the two steps that
-// need it: its record is decoded first, and the list of its views is made only when the lists of the project object
-// exist.
+// The project file and the `view` object of a view file. The project file's tree is kept between two steps: its record
+// is decoded first, and the list of its views is created only when the project object has its lists.
 #include <cstring>
 
 #include "project/zof_j2s.h"
@@ -12,7 +11,7 @@ static struct {
     zof_rootjson_t json; // from zof_j2s_get_prj_attr until the view names are read
 } g_prj;
 
-// A zeroed record, decoded: the shape of every whole-file reader.
+// Allocates a zeroed record and decodes it; shared by all readers of whole files.
 template <typename T> static T *record_of(cJSON *json, s32 (*decode)(cJSON *, T *)) {
     auto *record = (T *)(zof_malloc(sizeof(T)));
     if (!record) {

@@ -1,4 +1,4 @@
-// Languages: texts that begin with "#" are keys into the current table. Graphics thread only.
+// Languages: texts that begin with "#" are references to entries of the current table. Graphics thread only.
 #ifndef ZOF_LANG_H
 #define ZOF_LANG_H
 

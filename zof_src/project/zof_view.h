@@ -72,9 +72,9 @@ db_list *zof_view_list_create(void);
 zof_view_node_t *zof_view_list_get(u32 id);
 db_list *zof_view_list_get_ctrl_list(u32 id);
 
-// Reads the view's file and creates its node, without object. The node has the id in the file, and keeps the parsed file
-// until its controls are created from it or its init function returns, so the file is parsed once. Returns null, after a
-// message, for an id that is not in the project file, an invalid view file, or an id without functions.
+// Reads the view's file and creates its node, without object. The node has the id in the file, and keeps the parsed
+// file until its controls are created from it or its init function returns, so the file is parsed once. Returns null,
+// after a message, for an id that is not in the project file, an invalid view file, or an id without functions.
 zof_view_node_t *zof_view_node_create(u32 id);
 
 // Loads a view without showing it: runs its init function and creates all its controls except the `pub` ones. Returns
