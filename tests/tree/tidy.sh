@@ -1,5 +1,5 @@
 #!/bin/sh
-# Runs clang-tidy over our sources, by the checks in .clang-tidy.   usage: tidy.sh BUILD_FOLDER [FILE...]
+# Runs clang-tidy on our sources with the checks in .clang-tidy.   usage: tidy.sh BUILD_FOLDER [FILE...]
 set -eu
 build=$1
 shift

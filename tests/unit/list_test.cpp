@@ -59,8 +59,8 @@ static u32 number_of(const void *data) {
     return *(const u16 *)data;
 }
 
-// Two lists of the same elements, one of them with numbers: whatever is done to both, they find the same.
-TEST_CASE("a list with numbers finds what one without finds, without comparing, until two numbers are equal") {
+// Two lists of the same elements, one of them with numbers: after the same operations both find the same elements.
+TEST_CASE("a list with numbers finds the same as one without, and compares only equal numbers") {
     const u32 before = zof_mem_count();
     static u16 numbers[1000];
     db_list *lists[] = {db_list_create(), db_list_create()};
@@ -94,7 +94,7 @@ TEST_CASE("a list with numbers finds what one without finds, without comparing, 
     compared = 0;
     CHECK(__db_list_search_node(lists[1], &(key = 130)) == &numbers[2]);
     CHECK(compared == 0);
-    for (db_list *list : lists) { // a second one with this number: the first in the list counts
+    for (db_list *list : lists) { // a second one with this number: the first in the list is found
         static u16 second = 130;
         CHECK(__db_list_put_head(list, &second) == 0);
         CHECK((__db_list_search_and_pop(list, &key) == &second && __db_list_search_node(list, &key) == &numbers[2]));

@@ -64,7 +64,7 @@ const char *zof_fs_get_real_path(const char *path) {
 }
 
 static s32 done_or_error(lv_fs_res_t result) {
-    return -(s32)result; // LVGL's good result is 0
+    return -(s32)result; // LV_FS_RES_OK is 0
 }
 
 static s32 count_or_error(lv_fs_res_t result, const u32 *count) {

@@ -23,11 +23,11 @@ void zof_lang_on_change(void (*fn)(void)) {
     lang_changed = fn;
 }
 
-// The entries of a table by a hash of their keys, made at the first look-up: cJSON compares key by key from the front,
-// which takes longer than all else that a change of language does.
+// Indexes the entries of a table by a hash of their keys, built at the first look-up: cJSON compares key by key from
+// the front, which takes longer than the rest of a language change.
 static struct {
-    const cJSON *root; // the table it belongs to; null for none
-    cJSON **slots;     // null for a free one; an entry is in the first free slot behind the one of its hash
+    const cJSON *root; // the indexed table, or null
+    cJSON **slots;     // null in free slots; an entry is in the first free slot from that of its hash on
     u32 count;         // of slots, a power of 2, at least twice as many as entries
 } index_of;
 
@@ -52,7 +52,7 @@ static bool same_key(const char *a, const char *b) {
     return *a == *b;
 }
 
-// The slot of a key: that of its entry, else the free one where it would be.
+// Returns the slot of a key: that of its entry, or the free one where it would be.
 static cJSON **slot_of(const char *key) {
     u32 at = hash_of(key) & (index_of.count - 1);
     while (index_of.slots[at] && !same_key(index_of.slots[at]->string, key)) {
@@ -61,7 +61,7 @@ static cJSON **slot_of(const char *key) {
     return &index_of.slots[at];
 }
 
-// False without memory.
+// Returns false without memory.
 static bool index_make(cJSON *root) {
     index_drop();
     const u32 entries = (u32)cJSON_GetArraySize(root);
@@ -78,7 +78,7 @@ static bool index_make(cJSON *root) {
     cJSON *entry = nullptr;
     cJSON_ArrayForEach(entry, root) {
         cJSON **slot = slot_of(entry->string);
-        *slot = *slot ? *slot : entry; // of equal keys the first counts
+        *slot = *slot ? *slot : entry; // the first of equal keys is used
     }
     return true;
 }

@@ -16,7 +16,7 @@ static void init_run(zof_view_node_t *node) {
     } else {
         zof_printf("view %u: the program has no init function for it", node->attr->v_id);
     }
-    cJSON_Delete(node->file); // the init function made no controls
+    cJSON_Delete(node->file); // the init function created no controls
     node->file = nullptr;
 }
 
