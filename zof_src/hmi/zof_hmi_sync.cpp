@@ -1,4 +1,4 @@
-// One lock guards the copy and the pending work; it is never held while anything else is called.
+// One lock guards the copy and the pending work; nothing but the wake of the main loop is called under it.
 #include "hmi/zof_hmi_sync.h"
 
 #include <chrono>
