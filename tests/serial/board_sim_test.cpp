@@ -111,7 +111,7 @@ TEST_CASE("board: --help lists every fault, mistakes are reported with their pla
     folder.write("script", "# first\n100 load 5\n50 quit\n");
     folder.write("file", "mine");
     const std::string script = board_sim("--script " + folder.path("script"));
-    CHECK((script[0] == '2' && contains(script, "script:3: a time")));
+    CHECK((script[0] == '2' && contains(script, "script:3: expected a time")));
     CHECK(board_sim("--seconds 0.05 --link " + folder.path("file"))[0] == '1');
     CHECK(file_text(folder.path("file")) == "mine");
     REQUIRE(symlink("/nowhere", folder.path("old").c_str()) == 0);
