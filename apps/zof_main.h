@@ -2,7 +2,7 @@
 #ifndef ZOF_MAIN_H
 #define ZOF_MAIN_H
 
-#include "project/zof_event.h"
+#include "project/base/zof_event.h"
 
 ZOF_C_BEGIN
 

@@ -4,7 +4,7 @@
 #include "control/zof_text.h"
 #include "drv/zof_drv_up.h"
 #include "hmi/zof_hmi.h"
-#include "project/zof_prj_up.h"
+#include "project/base/zof_prj_up.h"
 
 const zof_drv_up_t zof_drv_up = {
     .set_prj_path = zof_drv_set_prj_path,

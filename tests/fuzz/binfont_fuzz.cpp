@@ -1,6 +1,6 @@
 // The bitmap font: the input is the file. Reads the glyphs of all codes in the header, and draws a text.
 #include "fuzz_file.h"
-#include "project/zof_font.h"
+#include "project/look/zof_font.h"
 #include "screen_fixture.h"
 #include "temp_project.h"
 

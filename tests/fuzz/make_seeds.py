@@ -103,7 +103,7 @@ def example(tables, name, depth=0):
 
 def project_files():
     folder = ROOT / "zof_src/project"
-    text = "".join((folder / name).read_text() for name in ("zof_ctrl_attr.cpp", "zof_prj_attr.cpp", "zof_j2s_struct.cpp"))
+    text = "".join(path.read_text() for path in sorted(folder.rglob("*.cpp")))
     tables = {name: re.findall(r"CSON_(\w+)\(\w+,\s*([\w.]+)(?:,\s*(\w+))?(?:,\s*(\w+))?", rows)
               for name, rows in re.findall(r"const reflect_item_t (\w+)_tbl\[\] = \{(.*?)\};", text, re.S)}
     project = example(tables, "zof_prj_attr_t") | {"views": [{"pageId": 1, "pageName": "v1.g"}, {"pageId": "x"}]}

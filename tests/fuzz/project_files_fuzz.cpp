@@ -2,10 +2,10 @@
 // screen. The first byte selects the kind of file, the rest is its text.
 #include "fuzz.h"
 
-#include "project/zof_j2s.h"
-#include "project/zof_lang.h"
-#include "project/zof_prj_up.h"
-#include "project/zof_view.h"
+#include "project/base/zof_prj_up.h"
+#include "project/look/zof_lang.h"
+#include "project/read/zof_j2s.h"
+#include "project/view/zof_view.h"
 #include "view_project.h"
 
 enum { HOME = 1, SHOWN_MS = 40 };

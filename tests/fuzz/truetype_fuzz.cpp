@@ -1,6 +1,6 @@
 // TrueType through the loader: the first byte selects the size, the rest is the file. Draws a text with it.
 #include "fuzz_file.h"
-#include "project/zof_font.h"
+#include "project/look/zof_font.h"
 #include "screen_fixture.h"
 #include "temp_project.h"
 

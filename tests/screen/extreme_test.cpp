@@ -6,7 +6,7 @@
 #include "view_project.h"
 #include "zof.h"
 
-#include "project/zof_j2s.h"
+#include "project/read/zof_j2s.h"
 
 enum { RING_ID = 1 }; // the tile view that tiles are put into
 

@@ -1,7 +1,7 @@
 // The manual of project folders: it names every key, its example works, and its messages are the real ones.
 #include <sstream>
 
-#include "project/zof_j2s.h"
+#include "project/read/zof_j2s.h"
 #include "view_project.h"
 
 static const std::string &page() {

@@ -2,7 +2,7 @@
 #include "temp_project.h"
 #include "zof_test.h"
 
-#include "project/zof_prj_up.h"
+#include "project/base/zof_prj_up.h"
 
 static const char *label_theme = R"({"pub_t": {"id": 1}, "styles": [
     {"style_part": 0, "body_t": {"main_color": 11, "radius": 4, "opa": 255}, "txt_t": {"font_lib": "theme.ttf",

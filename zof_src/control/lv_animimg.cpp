@@ -5,7 +5,7 @@
 #include <string.h>
 
 #include "control/zof_image.h"
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { TYPE_JPG = 1, TYPE_PNG = 2 };

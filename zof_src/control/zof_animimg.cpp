@@ -2,7 +2,7 @@
 #include "control/lv_animimg.h"
 #include "control/zof_ctrl_in.h"
 #include "control/zof_media.h"
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
 
 enum { PLAYING, STOPPED, PAUSED };
 

@@ -1,8 +1,8 @@
 // Arcs: a background arc, an indicator arc that shows the value, and a knob to turn it with.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_value.h"
-#include "project/zof_res.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
+#include "project/path/zof_res.h"
 
 // A narrow range needs a higher rate, or dragging the knob would be sluggish.
 static void change_rate_set(lv_obj_t *obj, s32 span) {

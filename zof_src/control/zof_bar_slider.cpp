@@ -1,7 +1,7 @@
 // Bars and sliders. LVGL's slider is a bar with a knob, so one set of operations serves both.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_value.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 
 // LVGL treats a value that slides as already at its target and sets it there when the animation ends, whatever a finger
 // or a new range has done to it meanwhile. So these end the animation.

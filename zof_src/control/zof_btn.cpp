@@ -1,8 +1,8 @@
 // Buttons with a text: an LVGL button and, as its first child, the label that shows the text.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_txt.h"
-#include "project/zof_lang.h"
-#include "project/zof_style.h"
+#include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
 
 s32 zof_btn_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_btn_attr_t *btn = (zof_btn_attr_t *)attr;

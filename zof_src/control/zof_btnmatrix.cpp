@@ -6,8 +6,8 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_input.h"
 #include "control/zof_text.h"
-#include "project/zof_lang.h"
-#include "project/zof_style.h"
+#include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { BTN_WIDTH_MAX = 7 };

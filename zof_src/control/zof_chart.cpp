@@ -2,7 +2,7 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_table_chart.h"
 #include "control/zof_value.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 
 // LVGL's own numbers stay well within these, so that it can widen an empty range by one.
 enum { RANGE_MAX = 1 << 30 };

@@ -6,10 +6,10 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_ctrl_up.h"
 #include "control/zof_image.h"
-#include "project/zof_j2s.h"
-#include "project/zof_lang.h"
-#include "project/zof_res.h"
-#include "project/zof_style.h"
+#include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
+#include "project/path/zof_res.h"
+#include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
 // The application's hook for all events of all controls.

@@ -3,9 +3,9 @@
 #ifndef ZOF_CTRL_H
 #define ZOF_CTRL_H
 
-#include "project/zof_ctrl_attr.h"
-#include "project/zof_para.h"
-#include "project/zof_view.h"
+#include "project/base/zof_ctrl_attr.h"
+#include "project/base/zof_para.h"
+#include "project/view/zof_view.h"
 
 ZOF_C_BEGIN
 

@@ -13,9 +13,9 @@
 #include "control/zof_table_chart.h"
 #include "control/zof_text.h"
 #include "control/zof_value.h"
-#include "project/zof_j2s.h"
-#include "project/zof_res.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
+#include "project/path/zof_res.h"
+#include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
 // In the order of the type numbers.

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "control/zof_ctrl_create.h"
-#include "project/zof_hold_in.h"
+#include "project/base/zof_hold_in.h"
 
 // Runs `fn` on the handle's object. Returns -1 without an object, else what `fn` returns, or 0 if it returns nothing.
 // With a widget class, refuses an object of another kind: a file, not the program, decides which kind an id refers to.

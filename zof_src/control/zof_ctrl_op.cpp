@@ -1,6 +1,6 @@
 // The operations that every control has. Each is one call on the LVGL object behind the handle, or -1 without one.
 #include "control/zof_ctrl_in.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 
 s32 zof_ctrl_set_pos(zof_ctrl_t *ctrl, s32 x, s32 y) {
     return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_set_pos(obj, x, y); });

@@ -1,7 +1,7 @@
 // The look of a text cursor.
 #include "control/zof_cursor.h"
 
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 
 s32 zof_cursor_style_set(lv_obj_t *obj, const zof_cursor_style_attr_t *cursor, u32 selector, zof_bool with_bg) {
     if (!obj || !cursor) {

@@ -1,7 +1,7 @@
 // Drop lists: a button that shows the selected option, and a list of all options that is on the screen while open.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_list.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 static zof_droplist_attr_t *drop_attr(const zof_ctrl_t *ctrl) {

@@ -3,7 +3,7 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
 #include "control/zof_media.h"
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
 
 // Runs `fn` on the decoder and timer of a GIF that has a picture. Without one there is nothing to do.
 template <typename F> static s32 on_gif(zof_ctrl_t *ctrl, F &&fn) {

@@ -1,9 +1,9 @@
 // Images: one file, shown at its own size, once in the middle of a box, or repeated over the box.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
-#include "project/zof_lang.h"
-#include "project/zof_res.h"
-#include "project/zof_style.h"
+#include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
+#include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { IMG_NATURAL, IMG_CENTRED, IMG_TILED };

@@ -2,9 +2,9 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
 #include "control/zof_txt.h"
-#include "project/zof_lang.h"
-#include "project/zof_res.h"
-#include "project/zof_style.h"
+#include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
+#include "project/path/zof_res.h"
 
 // The pictures in the order in which they are set, each with LVGL's number of its state.
 static const struct {

@@ -6,8 +6,8 @@
 #include "control/zof_btn_map.h"
 #include "control/zof_ctrl_in.h"
 #include "control/zof_input.h"
-#include "project/zof_font.h"
-#include "project/zof_style.h"
+#include "project/look/zof_font.h"
+#include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { CHECKED_DARKER = 40, CANDIDATE_ROOM = 15, CANDIDATE_FONT_MAX = 512 };

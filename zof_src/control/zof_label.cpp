@@ -2,8 +2,8 @@
 // middle or the bottom with the label's own text offset.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_txt.h"
-#include "project/zof_lang.h"
-#include "project/zof_style.h"
+#include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
 
 static zof_label_attr_t *label_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_label_attr_t>(ctrl, ZOF_CTRL_LABEL);

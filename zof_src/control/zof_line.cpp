@@ -1,7 +1,7 @@
 // Lines. The application supplies the points at run time and keeps them.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_value.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 
 s32 zof_line_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_line_attr_t *line = (zof_line_attr_t *)attr;

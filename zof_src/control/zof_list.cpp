@@ -6,8 +6,8 @@
 #include "control/zof_image.h"
 #include "control/zof_text.h"
 #include "control/zof_txt.h"
-#include "project/zof_lang.h"
-#include "project/zof_style.h"
+#include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 static zof_list_attr_t *list_attr(const zof_ctrl_t *ctrl) {

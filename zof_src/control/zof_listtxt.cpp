@@ -3,7 +3,7 @@
 #include <string.h>
 
 #include "control/zof_list.h"
-#include "project/zof_lang.h"
+#include "project/look/zof_lang.h"
 #include "zof_lib/zof_stdio.h"
 
 static char *text_copy(const char *text, size_t size) {

@@ -3,8 +3,8 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_input.h"
 #include "control/zof_txt.h"
-#include "project/zof_lang.h"
-#include "project/zof_style.h"
+#include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
 
 static zof_mbox_attr_t *mbox_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_mbox_attr_t>(ctrl, ZOF_CTRL_MBOX);

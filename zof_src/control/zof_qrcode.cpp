@@ -3,7 +3,7 @@
 
 #include "control/zof_ctrl_in.h"
 #include "control/zof_media.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { SIDE_MAX = 2047 }; // LVGL's limit for a picture

@@ -1,7 +1,7 @@
 // Roller lists: a wheel of texts, of which the one in the middle is selected.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_list.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 
 enum { TURN_MS = 500 };
 

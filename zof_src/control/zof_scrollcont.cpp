@@ -6,7 +6,7 @@
 #include <math.h>
 
 #include "control/zof_ctrl_in.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { DIR_HORIZONTAL, DIR_VERTICAL, DIR_COUNT };

@@ -5,7 +5,7 @@
 
 #include "control/lv_sketchpad.h"
 #include "control/zof_ctrl_in.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { SIDE_MAX = 2047 }; // LVGL's limit for a picture

@@ -2,7 +2,7 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_cursor.h"
 #include "control/zof_value.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 // LVGL counts in 32 bits and loops forever on a box without digits, so both are clamped.

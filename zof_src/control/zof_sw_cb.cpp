@@ -1,8 +1,8 @@
 // Switch and check box: the two controls whose value is LVGL's checked state.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_txt.h"
-#include "project/zof_lang.h"
-#include "project/zof_style.h"
+#include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
 
 static s32 state_set(zof_ctrl_t *ctrl, lv_state_t state, u32 on) {
     return zof_on(ctrl, [=](lv_obj_t *obj) {

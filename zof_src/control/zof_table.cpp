@@ -1,8 +1,8 @@
 // Tables. LVGL's cells all have one colour; the record keeps one for each, and a draw event applies it.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_table_chart.h"
-#include "project/zof_lang.h"
-#include "project/zof_style.h"
+#include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { COLOR_MASK = 0xFFFFFF, COLUMNS_FITTED = 255, WIDTH_MAX = 4095 };

@@ -3,7 +3,7 @@
 // forever.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 // One axis of an endless view during one event.

@@ -5,9 +5,9 @@
 
 #include "control/zof_ctrl_create.h"
 #include "control/zof_ctrl_in.h"
-#include "project/zof_font.h"
-#include "project/zof_lang.h"
-#include "project/zof_view_layer.h"
+#include "project/look/zof_font.h"
+#include "project/look/zof_lang.h"
+#include "project/view/zof_view_layer.h"
 #include "zof_lib/zof_stdio.h"
 
 s32 zof_txt_change(char **slot, const char *text) {

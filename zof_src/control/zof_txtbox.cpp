@@ -5,7 +5,7 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_cursor.h"
 #include "control/zof_input.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 // A box that is being passed a text, with the limits that are lifted meanwhile. Its events may pass it another one.

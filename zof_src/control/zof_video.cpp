@@ -5,7 +5,7 @@
 #include "control/zof_media.h"
 #include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_video.h"
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
 
 // The attributes keep what was asked for, except that a pause while nothing plays is a stop.
 static s32 state_set(zof_video_attr_t *video, lv_obj_t *obj, u32 state) {

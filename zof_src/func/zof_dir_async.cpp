@@ -5,7 +5,7 @@
 #include "drv/zof_drv.h"
 #include "drv/zof_lock.h"
 #include "func/zof_dir_copy.h"
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { STACK = 65536, PRIORITY = 2 };

@@ -11,7 +11,7 @@
 
 #include "drv/zof_drv.h"
 #include "func/zof_dir_in.h"
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 // One copy, from its first folder to its last.

@@ -4,8 +4,8 @@
 
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_disp.h"
+#include "project/view/zof_view.h"
 #include "project/zof_prj.h"
-#include "project/zof_view.h"
 #include "zof_lib/zof_task.h"
 
 enum { PERIOD_MS = 200, LAYERS = 3 };

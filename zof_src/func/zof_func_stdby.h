@@ -2,7 +2,7 @@
 #ifndef ZOF_FUNC_STDBY_H
 #define ZOF_FUNC_STDBY_H
 
-#include "project/zof_prj_attr.h"
+#include "project/base/zof_prj_attr.h"
 
 ZOF_C_BEGIN
 

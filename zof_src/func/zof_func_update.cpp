@@ -8,8 +8,8 @@
 #include "drv/zof_drv_file.h"
 #include "func/zof_dir_copy.h"
 #include "lvgl.h"
-#include "project/zof_res.h"
-#include "project/zof_view.h"
+#include "project/path/zof_res.h"
+#include "project/view/zof_view.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_task.h"
 

@@ -8,8 +8,8 @@
 #include "control/zof_text.h"
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_aid.h"
-#include "project/zof_j2s.h"
-#include "project/zof_lang.h"
+#include "project/look/zof_lang.h"
+#include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_task.h"
 

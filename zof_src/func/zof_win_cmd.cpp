@@ -2,8 +2,8 @@
 #include <stdio.h>
 #include <string.h>
 
-#include "project/zof_j2s.h"
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
+#include "project/read/zof_j2s.h"
 #include "project/zof_ver.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_start.h"

@@ -3,7 +3,7 @@
 #define ZOF_HMI_H
 
 #include "drv/zof_drv_touch.h"
-#include "project/zof_prj_attr.h"
+#include "project/base/zof_prj_attr.h"
 #include "zof_lib/zof_type.h"
 
 ZOF_C_BEGIN

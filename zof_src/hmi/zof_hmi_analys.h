@@ -5,7 +5,7 @@
 #define ZOF_HMI_ANALYS_H
 
 #include "hmi/zof_hmi_frame.h"
-#include "project/zof_prj_attr.h"
+#include "project/base/zof_prj_attr.h"
 
 ZOF_C_BEGIN
 

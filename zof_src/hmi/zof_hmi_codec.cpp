@@ -6,7 +6,7 @@
 
 #include "drv/zof_drv_rtc.h"
 #include "drv/zof_drv_touch.h"
-#include "project/zof_prj_attr.h"
+#include "project/base/zof_prj_attr.h"
 #include "zof_lib/zof_util.h"
 
 static constexpr u8 widths[] = {0, 1, 1, 2, 2, 4, 4};

@@ -6,8 +6,8 @@
 
 #include "hmi/zof_hmi_analys.h"
 #include "hmi/zof_hmi_sync.h"
-#include "project/zof_j2s.h"
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
+#include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
 #define HMI_FILE "config/project/zofhmi.g"

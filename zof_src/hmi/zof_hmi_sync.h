@@ -5,7 +5,7 @@
 #define ZOF_HMI_SYNC_H
 
 #include "drv/zof_drv_touch.h"
-#include "project/zof_prj_attr.h"
+#include "project/base/zof_prj_attr.h"
 
 ZOF_C_BEGIN
 

@@ -9,7 +9,7 @@
 #include "func/zof_func_stdby.h"
 #include "hmi/zof_hmi_cmd.h"
 #include "hmi/zof_hmi_sync.h"
-#include "project/zof_lang.h"
+#include "project/look/zof_lang.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { POWER_ON = 0xAABB, REBOOT = 0xCCDD, REBOOT_WAIT_MS = 500, LANGUAGE_NAME_MAX = 63 };

@@ -5,8 +5,8 @@
 #include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_beep.h"
 #include "drv/zof_drv_touch.h"
+#include "project/path/zof_res.h"
 #include "project/zof_prj.h"
-#include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_task.h"
 

@@ -2,7 +2,7 @@
 #ifndef ZOF_HMI_TONE_H
 #define ZOF_HMI_TONE_H
 
-#include "project/zof_prj_attr.h"
+#include "project/base/zof_prj_attr.h"
 
 ZOF_C_BEGIN
 

@@ -1,7 +1,7 @@
 // View commands (type B1), on the graphics thread. Their acknowledgement means the same as the system's, 0 for success;
 // it stays in the analyser's record, because only system writes are answered.
 #include "hmi/zof_hmi_cmd.h"
-#include "project/zof_view.h"
+#include "project/view/zof_view.h"
 
 enum { LAYERS_READ = 3 }; // the background layer has no view of its own to report
 

@@ -8,11 +8,11 @@
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
 #include "drv/zof_drv_touch.h"
-#include "project/zof_font.h"
-#include "project/zof_j2s.h"
-#include "project/zof_lang.h"
-#include "project/zof_res.h"
-#include "project/zof_view.h"
+#include "project/look/zof_font.h"
+#include "project/look/zof_lang.h"
+#include "project/path/zof_res.h"
+#include "project/read/zof_j2s.h"
+#include "project/view/zof_view.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { IMG_CACHE_MAX = 100, WH_UNKNOWN = 255 };

@@ -4,8 +4,8 @@
 
 #include "drv/zof_drv_up.h"
 #include "lvgl.h"
-#include "project/zof_event.h"
-#include "project/zof_prj_attr.h"
+#include "project/base/zof_event.h"
+#include "project/base/zof_prj_attr.h"
 #include "zof_lib/dblist/db_list.h"
 
 ZOF_C_BEGIN

@@ -1,6 +1,6 @@
 // Finds the project folder in a few places relative to the working directory.
+#include "project/path/zof_res.h"
 #include "project/zof_prj.h"
-#include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { PATH_SIZE = 500 };

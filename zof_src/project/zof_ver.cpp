@@ -4,9 +4,9 @@
 #include <cstdio>
 
 #include "drv/zof_drv.h"
-#include "project/zof_j2s.h"
+#include "project/path/zof_res.h"
+#include "project/read/zof_j2s.h"
 #include "project/zof_prj.h"
-#include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 static struct {

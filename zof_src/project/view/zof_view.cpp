@@ -1,13 +1,13 @@
 // Shows and leaves views. The order of the calls is a contract with the application: exit of the old view, deletion of
 // its short-lived controls, init of the new one (once), its controls, the screen, entry.
-#include "project/zof_view.h"
+#include "project/view/zof_view.h"
 
 #include <cjson/cJSON.h>
 
-#include "project/zof_hold_in.h"
-#include "project/zof_para.h"
-#include "project/zof_prj_up.h"
-#include "project/zof_view_layer.h"
+#include "project/base/zof_hold_in.h"
+#include "project/base/zof_para.h"
+#include "project/base/zof_prj_up.h"
+#include "project/view/zof_view_layer.h"
 #include "zof_lib/zof_stdio.h"
 
 static void init_run(zof_view_node_t *node) {

@@ -1,14 +1,14 @@
 // The four layers of the display, and the backgrounds of views. A layer is a root object of the display; showing a view
 // on a layer replaces that root by the view's object.
-#include "project/zof_view_layer.h"
+#include "project/view/zof_view_layer.h"
 
 #include <string.h>
 
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_disp.h"
 #include "drv/zof_lock.h"
-#include "project/zof_res.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
+#include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 lv_obj_t *g_init_layer_view[ZOF_LAYER_COUNT];

@@ -1,5 +1,5 @@
 // Decodes and releases single records by their tables, for the readers of whole files; results are 0 or -1.
-#include "project/zof_j2s.h"
+#include "project/read/zof_j2s.h"
 
 typedef struct {
     u32 type;

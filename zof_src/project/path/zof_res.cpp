@@ -1,13 +1,13 @@
 // Resolves resource names into paths. All paths are built in one shared buffer, so a lookup never allocates; callers
 // that keep a path copy it. Paths are assembled in a second half of the buffer first, because a name may itself be in
 // the buffer, and a path that does not fit must leave the previous one intact.
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
 
 #include <cstdio>
 #include <cstring>
 
-#include "project/zof_ctrl_attr.h"
-#include "project/zof_path_in.h"
+#include "project/base/zof_ctrl_attr.h"
+#include "project/path/zof_path_in.h"
 #include "project/zof_prj.h"
 #include "zof_lib/zof_stdio.h"
 

@@ -2,8 +2,8 @@
 #ifndef ZOF_VIEW_LAYER_H
 #define ZOF_VIEW_LAYER_H
 
-#include "project/zof_para.h"
-#include "project/zof_view.h"
+#include "project/base/zof_para.h"
+#include "project/view/zof_view.h"
 
 // The four root objects created by the display, in the order of zof_layer_se; hiding a layer restores them.
 extern lv_obj_t *g_init_layer_view[ZOF_LAYER_COUNT];

@@ -1,12 +1,12 @@
 // The lists of views: names by id, from the project file, and the nodes of loaded views.
 #include <string.h>
 
-#include "project/zof_hold_in.h"
-#include "project/zof_j2s.h"
-#include "project/zof_prj_up.h"
-#include "project/zof_res.h"
-#include "project/zof_view.h"
-#include "project/zof_view_layer.h"
+#include "project/base/zof_hold_in.h"
+#include "project/base/zof_prj_up.h"
+#include "project/path/zof_res.h"
+#include "project/read/zof_j2s.h"
+#include "project/view/zof_view.h"
+#include "project/view/zof_view_layer.h"
 #include "zof_lib/zof_stdio.h"
 
 static int name_compare(void *data, void *key) {

@@ -2,7 +2,7 @@
 #include <cstdio>
 
 #include "drv/zof_drv_file.h"
-#include "project/zof_j2s.h"
+#include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
 // Returns the file's size; -1 for anything but a regular file, because some systems can open a folder, which has a huge

@@ -3,7 +3,7 @@
 
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
 #include "zof_lib/zof_util.h"
 
 // Opened for writing on purpose: the search for the work path must skip a project that cannot be written.

@@ -5,7 +5,7 @@
 
 #include "drv/zof_drv_uart.h"
 #include "lvgl.h"
-#include "project/zof_event.h"
+#include "project/base/zof_event.h"
 #include "zof_lib/zof_cson.h"
 #include "zof_lib/zof_type.h"
 

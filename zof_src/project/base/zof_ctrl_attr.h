@@ -3,7 +3,7 @@
 #ifndef ZOF_CTRL_ATTR_H
 #define ZOF_CTRL_ATTR_H
 
-#include "project/zof_prj_attr.h"
+#include "project/base/zof_prj_attr.h"
 #include "zof_lib/dblist/db_list.h"
 
 ZOF_C_BEGIN

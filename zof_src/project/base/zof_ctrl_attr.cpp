@@ -1,5 +1,5 @@
 // The reflection tables of the control attribute records. Rows are decoded in this order.
-#include "project/zof_ctrl_attr.h"
+#include "project/base/zof_ctrl_attr.h"
 
 const reflect_item_t zof_angle_t_tbl[] = {
     CSON_INT(zof_angle_t, start_angle),

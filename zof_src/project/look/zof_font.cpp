@@ -1,12 +1,12 @@
 // Fonts in use, by file and size. Each pair exists once, however many styles use it, and is released with its last
 // user.
-#include "project/zof_font.h"
+#include "project/look/zof_font.h"
 
 #include <string.h>
 
 #include "drv/zof_drv_file.h"
+#include "project/path/zof_res.h"
 #include "project/zof_prj.h"
-#include "project/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 // Above this size the bitmap of a single glyph would take megabytes and would not fit any panel.

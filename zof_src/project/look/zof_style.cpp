@@ -1,11 +1,11 @@
 // Converts style records into LVGL styles. A record is complete: it sets every property, including those that its file
 // left at 0, so the look of a control depends on its project and not on LVGL's built-in theme.
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
 
-#include "project/zof_font.h"
-#include "project/zof_lang.h"
-#include "project/zof_para.h"
-#include "project/zof_res.h"
+#include "project/base/zof_para.h"
+#include "project/look/zof_font.h"
+#include "project/look/zof_lang.h"
+#include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 lv_color_t zof_color_to_lv(zof_color_t color) {

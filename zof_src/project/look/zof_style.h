@@ -2,7 +2,7 @@
 #ifndef ZOF_STYLE_H
 #define ZOF_STYLE_H
 
-#include "project/zof_ctrl_attr.h"
+#include "project/base/zof_ctrl_attr.h"
 
 ZOF_C_BEGIN
 

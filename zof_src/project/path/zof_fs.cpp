@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "drv/zof_drv.h"
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 static char fs_path[500]; // the latest drive path

@@ -1,15 +1,15 @@
 // The current language: a flat table of texts, looked up at each use. Controls keep the reference, not the text, so a
 // language change can update them. Changes stay in memory until they are saved.
-#include "project/zof_lang.h"
+#include "project/look/zof_lang.h"
 
 #include <cjson/cJSON.h>
 
 #include <cctype>
 #include <cstring>
 
-#include "project/zof_j2s.h"
-#include "project/zof_prj_up.h"
-#include "project/zof_res.h"
+#include "project/base/zof_prj_up.h"
+#include "project/path/zof_res.h"
+#include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
 #define LANG_DIR "config/languages/"

@@ -1,6 +1,6 @@
 // The reflection tables of the project's files: project, host protocol, view, the head of all controls, and styles.
 // Rows are decoded in this order.
-#include "project/zof_prj_attr.h"
+#include "project/base/zof_prj_attr.h"
 
 const reflect_item_t zof_point_t_tbl[] = {
     CSON_INT(zof_point_t, x),

@@ -5,7 +5,7 @@
 
 #include <cjson/cJSON.h>
 
-#include "project/zof_ctrl_attr.h"
+#include "project/base/zof_ctrl_attr.h"
 
 ZOF_C_BEGIN
 

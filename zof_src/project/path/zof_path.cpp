@@ -1,5 +1,5 @@
 // Names are checked twice: by their text, which is cheap and refuses most bad names, and by resolving links.
-#include "project/zof_path_in.h"
+#include "project/path/zof_path_in.h"
 
 #include <cstring>
 

@@ -2,9 +2,9 @@
 // is decoded first, and the list of its views is created only when the project object has its lists.
 #include <cstring>
 
-#include "project/zof_j2s.h"
-#include "project/zof_res.h"
-#include "project/zof_view.h"
+#include "project/path/zof_res.h"
+#include "project/read/zof_j2s.h"
+#include "project/view/zof_view.h"
 #include "zof_lib/zof_stdio.h"
 
 static struct {

@@ -4,7 +4,7 @@
 #define ZOF_PARA_H
 
 #include "lvgl.h"
-#include "project/zof_prj_attr.h"
+#include "project/base/zof_prj_attr.h"
 
 ZOF_C_BEGIN
 

@@ -4,7 +4,7 @@
 
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
-#include "project/zof_res.h"
+#include "project/path/zof_res.h"
 
 s32 zof_file_write(const char *path, const void *data, size_t size) {
     char beside[520];

@@ -7,8 +7,8 @@
 
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
-#include "project/zof_font.h"
-#include "project/zof_res.h"
+#include "project/look/zof_font.h"
+#include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
 static_assert(std::endian::native == std::endian::little, "the file's numbers are copied without conversion");

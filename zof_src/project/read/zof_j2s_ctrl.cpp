@@ -2,9 +2,9 @@
 // entry is reported with its position and skipped, so one mistake does not empty a view.
 #include <cstring>
 
-#include "project/zof_j2s.h"
-#include "project/zof_res.h"
-#include "project/zof_style.h"
+#include "project/look/zof_style.h"
+#include "project/path/zof_res.h"
+#include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
 // Parts of records, decoded by the same rules, so a peek never disagrees with the decoded record. The id is mandatory,

@@ -2,7 +2,7 @@
 // screen drawn and the input off forever. Here an interrupted transition always reaches its end state.
 #include <initializer_list>
 
-#include "project/zof_view.h"
+#include "project/view/zof_view.h"
 
 enum scr_move : u8 { STAY, MOVE_X, MOVE_Y, FADE, ZOOM };
 
