@@ -64,9 +64,9 @@ inline std::string fuzz_text(const fuzz_input &in) {
 }
 
 // Reads every byte, so invalid memory is detected.
-inline s32 fuzz_read(const u8 *data, size_t size) {
+inline s32 fuzz_read(const u8 *data, u32 size) {
     static volatile u8 sum;
-    for (size_t i = 0; i < size; i++) {
+    for (u32 i = 0; i < size; i++) {
         sum = (u8)(sum + data[i]);
     }
     return (s32)size;

@@ -1,6 +1,5 @@
 // The receive handler of the host protocol without a line: it gets the messages of the input, each after the tail kept
-// from the previous one, as from the line; answers are read and dropped. Linked with --wrap for the two functions of
-// the line.
+// from the previous one, as from the line; answers are read and dropped.
 //
 // A message: a byte of HMI_* flags, a byte for its length, its bytes. A sealed one is code and payload only.
 #ifndef HMI_LINE_H
@@ -14,7 +13,7 @@ enum { HMI_CRC = 1, HMI_SEALED = 2, HMI_LONG = 4, HMI_DRAW = 8, HMI_TAIL_SIZE = 
 
 inline std::vector<u8> hmi_tail;
 
-extern "C" __attribute__((used)) inline s32 __wrap_zof_hmi_uart_tail_set(const u8 *data, u32 size) {
+inline s32 hmi_tail_set(const u8 *data, u32 size) {
     if (size == 0 || size > HMI_TAIL_SIZE) {
         return -1;
     }
@@ -22,9 +21,7 @@ extern "C" __attribute__((used)) inline s32 __wrap_zof_hmi_uart_tail_set(const u
     return 0;
 }
 
-extern "C" __attribute__((used)) inline s32 __wrap_zof_hmi_uart_send(const u8 *data, u32 size) {
-    return fuzz_read(data, size);
-}
+inline const zof_hmi_line_t hmi_line = {.send = fuzz_read, .tail_set = hmi_tail_set};
 
 inline void hmi_open() {
     zof_hmi_sync_init();
@@ -35,6 +32,7 @@ inline void hmi_open() {
     attr.buffsize = 4096;
     fuzz_must(zof_hmi_cmd_sys_analys_init(&attr) == 0 && zof_hmi_cmd_ui_analys_init(&attr) == 0,
               "the analysers are initialised");
+    sys_cmd_analys->line = ui_cmd_analys->line = &hmi_line;
 }
 
 // Receives one message after the kept tail; returns true if the panel must draw.

@@ -20,7 +20,7 @@ s32 zof_hmi_attr_init(void);
 const zof_hmi_attr_t *zof_hmi_attr_get(void);
 
 // Builds the analysers, opens the line and sends the power-on frame. Returns 0, even when the line cannot be opened; -1
-// without settings, when they disable the link, or without a port.
+// without settings, when they disable the link, without a port or memory.
 s32 zof_hmi_uart_init(void);
 
 // Sends a whole frame; any thread, frames do not mix. Returns the bytes sent, or -1 without a line.

@@ -6,7 +6,6 @@
 
 #include "drv/zof_loop_in.h"
 #include "drv/zof_pipo_buff.h"
-#include "hmi/zof_hmi.h"
 #include "hmi/zof_hmi_sync.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_task.h"
@@ -284,8 +283,8 @@ void zof_hmi_cmd_read_send(zof_hmi_cmd_analys_t *a, const u8 *type_key, void *ty
 void zof_hmi_cmd_send_data(zof_hmi_cmd_analys_t *analys, u8 op, u32 n) {
     const u8 *frame = nullptr;
     const u32 size = zof_hmi_frame_build(analys, op, n, &frame);
-    if (size) {
-        zof_hmi_uart_send(frame, size);
+    if (size && analys->line) {
+        analys->line->send(frame, size);
     }
 }
 
@@ -385,7 +384,7 @@ void zof_hmi_recive_data_handle(u8 *data, u32 size, void *) {
     }
     kept.silent = silent && rest == kept.size;
     kept.size = rest;
-    if (rest) {
-        zof_hmi_uart_tail_set(data + size - rest, rest);
+    if (rest && sys_cmd_analys->line) {
+        sys_cmd_analys->line->tail_set(data + size - rest, rest);
     }
 }

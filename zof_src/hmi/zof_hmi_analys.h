@@ -25,9 +25,8 @@ extern zof_hmi_cmd_analys_t *ui_cmd_analys;
 s32 zof_hmi_cmd_analys_init(zof_hmi_cmd_analys_t *analys);
 
 // Main thread, once, before the link opens. Returns 0, or -1 with a log line. The second also makes the queue,
-// `buffsize`
-// + 1024 bytes, and the task that empties it. `resend_en` applies to system commands alone: no other write is
-// acknowledged.
+// `buffsize` + 1024 bytes, and the task that empties it. `resend_en` applies to system commands alone: no other write
+// is acknowledged. The caller then sets the `line` of both.
 s32 zof_hmi_cmd_sys_analys_init(const zof_hmi_attr_t *attr);
 s32 zof_hmi_cmd_ui_analys_init(const zof_hmi_attr_t *attr);
 

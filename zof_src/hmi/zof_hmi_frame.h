@@ -10,6 +10,13 @@ ZOF_C_BEGIN
 enum { ZOF_HMI_OP_GET = 0x11, ZOF_HMI_OP_SET = 0x22 };
 enum { ZOF_HMI_LEN_MAX = 0x7FFF, ZOF_HMI_SEND_HEAD = 5, ZOF_HMI_SEND_SIZE = 512, ZOF_HMI_SEND_GROWN = 4096 };
 
+// The line that an analyser answers to. `send` sends a whole frame; any thread. `tail_set` keeps bytes for the start of
+// the next delivery; receive thread. Both return -1 on failure.
+typedef struct {
+    s32 (*send)(const u8 *data, u32 size);
+    s32 (*tail_set)(const u8 *data, u32 size);
+} zof_hmi_line_t;
+
 // The working state of one analyser; each belongs to one thread. `send_buf` keeps ZOF_HMI_SEND_HEAD bytes before
 // `send_cursor` free for head, length and code, so that payload is never moved.
 typedef struct {
@@ -22,6 +29,7 @@ typedef struct {
     u8 *send_buf, *send_cursor;
     u16 send_size;
     void *type_param, *req_param, *value_param, *reply_param;
+    const zof_hmi_line_t *line; // OPTIONAL: without one, answers are dropped
 } zof_hmi_cmd_analys_t;
 
 // The parts of a frame that zof_hmi_cmd_check_data has passed.

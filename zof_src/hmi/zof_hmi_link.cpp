@@ -46,8 +46,11 @@ s32 zof_hmi_uart_init(void) {
         return -1;
     }
     zof_hmi_sync_init();
-    zof_hmi_cmd_sys_analys_init(g_hmi_attr);
-    zof_hmi_cmd_ui_analys_init(g_hmi_attr);
+    if (zof_hmi_cmd_sys_analys_init(g_hmi_attr) != 0 || zof_hmi_cmd_ui_analys_init(g_hmi_attr) != 0) {
+        return -1;
+    }
+    static const zof_hmi_line_t uart = {.send = zof_hmi_uart_send, .tail_set = zof_hmi_uart_tail_set};
+    sys_cmd_analys->line = ui_cmd_analys->line = &uart;
     zof_uart_cfg_t cfg = g_hmi_attr->uart;
     zof_drv_t *line = zof_drv_uart_open(&cfg);
     hmi_drv_uart = line; // before anything can arrive
