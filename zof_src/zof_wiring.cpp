@@ -7,6 +7,7 @@
 #include "project/base/zof_prj_up.h"
 
 const zof_drv_up_t zof_drv_up = {
+    .port_init = win_drv_init,
     .set_prj_path = zof_drv_set_prj_path,
     .prj_facts = zof_prj_facts,
     .touch = zof_hmi_touch_evevt,

@@ -1,5 +1,6 @@
 // Frames and codec of the host protocol without a project, as fast as possible. The first byte selects: the receive
 // handler with a series of messages, one record of the codec decoded and encoded, or one frame built and parsed.
+#include "drv/zof_loop_in.h"
 #include "hmi_line.h"
 #include "port/zof_host.h"
 
@@ -44,7 +45,7 @@ void fuzz_open() {
     static const zof_clock_t still = {[] { return 0u; }, [](u32) {}};
     zof_clock_set(&still);
     lv_init();
-    dis_mutex = zof_mutex_create();
+    zof_loop_init();
     hmi_open();
     for (u32 i = 0; i < zof_ui_cmd_type_count; i++) {
         const zof_hmi_cmd_type_t &type = zof_ui_cmd_types[i];

@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "drv/zof_loop_in.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"
 #include "zof_test.h"
@@ -50,7 +51,7 @@ inline void screen_open(s32 width, s32 height) {
     zof_clock_set(&clock);
     setenv("SDL_VIDEODRIVER", "offscreen", 0);
     lv_init();
-    dis_mutex = zof_mutex_create();
+    zof_loop_init();
     SDL_HOR_RES = width;
     SDL_VER_RES = height;
     win_disp_init();

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "drv/zof_lock.h"
+#include "drv/zof_loop_in.h"
 #include "port/host_linux_line.h"
 #include "port/zof_port.h"
 #include "serial_pty.h"
@@ -37,7 +38,7 @@ static s32 send(zof_drv_t *port, const std::string &text) {
 // Starts the services without a window: the lock and the port's table.
 static void services_up() {
     zof_drv_def_param_init();
-    dis_mutex = zof_mutex_create();
+    zof_loop_init();
     win_uart_init();
 }
 

@@ -23,7 +23,7 @@ TEST_CASE("the loop sleeps for the period of a source unless it is woken or ther
     static constexpr zof_loop_ops_t ops = {.input = [] { return input; }, .wake = [] { wakes++; }};
     zof_clock_set(&clock);
     lv_init();
-    dis_mutex = zof_mutex_create();
+    zof_loop_init();
     drv_loop_t = &ops;
     static u32 looks, settled;
     static zof_loop_source source = {.settle = [] { settled++; }};

@@ -3,8 +3,7 @@
 
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_up.h"
-
-zof_mutex_t dis_mutex;
+#include "drv/zof_loop_in.h"
 
 // Every byte 0xFF: not set. The header lists the entries that have a meaning.
 static u8 hw_param[ZOF_HW_PARAM_COUNT];
@@ -24,12 +23,12 @@ void zof_drv_hw_init(void) {
 }
 
 void zof_drv_init(void) {
-    dis_mutex = zof_mutex_create();
+    zof_loop_init();
     zof_drv_up.set_prj_path();
     zof_drv_def_param_init();
     zof_prj_facts_t facts;
     if (zof_drv_up.prj_facts(&facts) != 0) {
         return; // without a project there is nothing to open a window for
     }
-    win_drv_init();
+    zof_drv_up.port_init();
 }

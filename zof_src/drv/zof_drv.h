@@ -112,7 +112,7 @@ void zof_drv_hw_init(void);
 // zof_prj_get_cur shows whether there is one.
 void zof_drv_init(void);
 
-// The port's list of drivers (port/win_drv.cpp); for zof_drv_init alone.
+// Starts the port's drivers (port/win_drv.cpp). Called by zof_drv_init alone.
 void win_drv_init(void);
 
 ZOF_C_END

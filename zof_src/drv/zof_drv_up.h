@@ -1,5 +1,5 @@
-// What the drivers need of the rooms above them. Filled in by zof_src/zof_wiring.cpp, the one place that shows the
-// upward arrows.
+// What the drivers need of the port and of the rooms above them. Filled in by zof_src/zof_wiring.cpp, the one place
+// that shows the upward arrows.
 #ifndef ZOF_DRV_UP_H
 #define ZOF_DRV_UP_H
 
@@ -19,6 +19,7 @@ typedef struct {
 } zof_prj_facts_t;
 
 typedef struct {
+    void (*port_init)(void);                  // starts the port's drivers
     void (*set_prj_path)(void);               // find the work path, create the project object
     s32 (*prj_facts)(zof_prj_facts_t *facts); // 0, or -1 without a project
     s32 (*touch)(const zof_touch_t *touch);   // the host protocol sees a touch; -2 hides the contact from the widgets

@@ -4,11 +4,10 @@
 
 #include <thread>
 
-#include "drv/zof_drv.h"
-
 enum { SOURCES_MAX = 8, SLEEP_MAX_MS = 500, LIVELY_MS = 2000, NO_WAIT_MS = 5, CONTENDED_MS = 1 };
 
 const zof_loop_ops_t *drv_loop_t;
+zof_mutex_t dis_mutex;
 
 // Belongs to the graphics thread, except for its id, which is set before the first turn ends.
 static struct {
@@ -35,10 +34,16 @@ void zof_loop_wake(zof_loop_source *source) {
     }
 }
 
-void zof_loop_unlocked() {
+// What another thread changed under the lock may need a turn.
+static void unlocked() {
     if (loop_thread.load() != std::this_thread::get_id()) {
         zof_loop_wake(nullptr);
     }
+}
+
+void zof_loop_init() {
+    dis_mutex = zof_mutex_create();
+    zof_mutex_watch(dis_mutex, unlocked);
 }
 
 static bool pressed() {

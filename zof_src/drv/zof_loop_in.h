@@ -6,6 +6,7 @@
 
 #include <atomic>
 
+#include "drv/zof_drv.h"
 #include "lvgl.h"
 #include "zof_lib/zof_type.h"
 
@@ -24,6 +25,9 @@ struct zof_loop_ops_t {
 };
 extern const zof_loop_ops_t *drv_loop_t; // set once, before the loop starts
 
+// Creates dis_mutex. From then on its unlock by any thread but the graphics thread wakes the loop.
+void zof_loop_init();
+
 // Graphics thread. `timer` may still be null for a source that has not started. At most 8 sources.
 void zof_loop_source_add(zof_loop_source *source, lv_timer_t *timer);
 
@@ -31,8 +35,9 @@ void zof_loop_source_add(zof_loop_source *source, lv_timer_t *timer);
 // turn, for a thread that has changed something under dis_mutex.
 void zof_loop_wake(zof_loop_source *source);
 
-// For the port's unlock of dis_mutex: wakes the loop unless the graphics thread itself unlocked it.
-void zof_loop_unlocked();
+// Supplied by the port: calls `unlocked` after each unlock of this mutex, on the thread that unlocked it. One mutex;
+// called before other threads use it.
+void zof_mutex_watch(zof_mutex_t m, void (*unlocked)());
 
 // Graphics thread, under dis_mutex: one turn. Returns the milliseconds until the next one is needed, 500 at most.
 u32 zof_loop_turn();

@@ -20,6 +20,9 @@
 
 enum { EVENT_PERIOD_MS = 10, KEY_BUFFER = 32, BRIGHT_FULL = 255 };
 
+s32 SDL_HOR_RES = 480;
+s32 SDL_VER_RES = 272;
+
 // The window and its picture.
 static struct {
     SDL_Window *window;
@@ -43,6 +46,8 @@ static u8 wheel_state;
 static s16 wheel_diff;
 static char key_buffer[KEY_BUFFER];
 static u8 key_down;
+
+static bool events_take();
 
 // Runs on the thread that raises the event, so it only sets a flag.
 static int quit_filter(void *, SDL_Event *event) {
@@ -145,7 +150,7 @@ void sdl_init(void) {
     }
     static zof_loop_source events;
     zof_loop_source_add(&events, lv_timer_create(sdl_event_handler, EVENT_PERIOD_MS, nullptr));
-    win_loop_init();
+    win_loop_init(events_take);
 }
 
 // Copies a part of the picture to the window, and shows it. At half size a part begins and ends at even positions, so
@@ -313,7 +318,9 @@ static void event_take(const SDL_Event *event) {
     }
 }
 
-bool sdl_events_take() {
+// Takes all pending events of the window; true if one came from the user or the desktop. Ends the process when the
+// window was closed.
+static bool events_take() {
     bool user = false;
     SDL_Event event;
     while (SDL_PollEvent(&event)) {
@@ -331,7 +338,7 @@ bool sdl_events_take() {
 }
 
 void sdl_event_handler(lv_timer_t *) {
-    sdl_events_take();
+    events_take();
 }
 
 void sdl_mouse_read(lv_indev_drv_t *, lv_indev_data_t *data) {

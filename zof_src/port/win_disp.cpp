@@ -5,9 +5,6 @@
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
-s32 SDL_HOR_RES = 480;
-s32 SDL_VER_RES = 272;
-
 static zof_disp_t win_disp_t;
 
 void win_disp_get_wh(s32 *w, s32 *h) {

@@ -58,7 +58,7 @@ static bool one_of(const char *name, std::initializer_list<const char *> names) 
     return false;
 }
 
-void win_loop_init() {
+void win_loop_init(bool (*input)()) {
     const char *driver = SDL_GetCurrentVideoDriver();
     sleeper.by_events = one_of(driver, {"x11", "wayland", "windows", "cocoa"});
     sleeper.look_ms = !driver || one_of(driver, {"offscreen", "dummy"}) ? LOOK_IN_MEMORY_MS : LOOK_MS;
@@ -68,6 +68,6 @@ void win_loop_init() {
         zof_printf("window: %s; the loop polls it every 5 ms", SDL_GetError());
         return;
     }
-    static constexpr zof_loop_ops_t ops = {.input = sdl_events_take, .wait = loop_wait, .wake = loop_wake};
+    static const zof_loop_ops_t ops = {.input = input, .wait = loop_wait, .wake = loop_wake};
     drv_loop_t = &ops;
 }

@@ -45,6 +45,10 @@ bool sound_drain(void);
 // Logs why the file is not heard, only once, although every touch may try it again.
 void sound_complain(const char *why);
 
+// For the graphics thread: pauses the device or lets it run, now or when it has something to play.
+void sound_pause_set(u8 paused);
+bool sound_paused();
+
 // Waits until the thread is asked to end, at most `ms`, or without limit for 0.
 void sound_stop_wait(u32 ms);
 

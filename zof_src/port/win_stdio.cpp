@@ -21,6 +21,10 @@ struct zof_dir {
 };
 
 static std::atomic<int> mutex_waiters;
+static struct {
+    zof_mutex_t mutex;
+    void (*unlocked)();
+} watched;
 
 zof_mutex_t zof_mutex_create(void) {
     return SDL_CreateMutex(); // SDL's are recursive
@@ -42,10 +46,14 @@ s32 zof_mutex_lock(zof_mutex_t m) {
 
 s32 zof_mutex_unlock(zof_mutex_t m) {
     const s32 result = SDL_UnlockMutex((SDL_mutex *)m);
-    if (m && m == dis_mutex) {
-        zof_loop_unlocked(); // changes made under the lock may need a turn of the loop
+    if (m && m == watched.mutex) {
+        watched.unlocked();
     }
     return result;
+}
+
+void zof_mutex_watch(zof_mutex_t m, void (*unlocked)()) {
+    watched = {m, unlocked};
 }
 
 zof_bool zof_mutex_contended(void) {
