@@ -43,6 +43,7 @@
 #include "control/zof_input.h"
 #include "control/zof_list.h"
 #include "control/zof_media.h"
+#include "control/zof_picture.h"
 #include "control/zof_scrollcont.h"
 #include "control/zof_sketchpad.h"
 #include "control/zof_table_chart.h"

@@ -1,5 +1,6 @@
 // Arcs: a background arc, an indicator arc that shows the value, and a knob to turn it with.
 #include "control/zof_ctrl_in.h"
+#include "control/zof_picture.h"
 #include "control/zof_value.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"

@@ -135,6 +135,10 @@ u8 zof_animation_del(zof_ctrl_t *ctrl, lv_anim_exec_xcb_t exec_cb);
 s32 zof_animation_del_all(void);
 s32 zof_animation_count_running(void);
 
+// Applies what all controls share: position, size, click area, touch, hidden, opacity, scrolling. Returns 0, or -1 for
+// null.
+s32 zof_ctrl_pub_attr(zof_ctrl_t *ctrl, zof_pub_attr_t *attr);
+
 // Deletes object and attributes; the record stays in its list and the control can be created again. Returns 0, also for
 // a video control, of which nothing is deleted because the driver owns the object; -1 for null and for a record without
 // an object.

@@ -1,100 +1,13 @@
-// From attribute records to LVGL objects: the walk over a view's file, and the one table of all control types.
+// From attribute records to LVGL objects: the walk over a view's file.
 #include "control/zof_ctrl_create.h"
 
 #include <string.h>
 
 #include "control/zof_ctrl_in.h"
-#include "control/zof_image.h"
-#include "control/zof_input.h"
-#include "control/zof_list.h"
-#include "control/zof_media.h"
-#include "control/zof_scrollcont.h"
-#include "control/zof_sketchpad.h"
-#include "control/zof_table_chart.h"
-#include "control/zof_text.h"
-#include "control/zof_value.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
-
-// In the order of the type numbers.
-const zof_ctrl_class_t zof_ctrl_classes[] = {
-    {ZOF_CTRL_LABEL, "label", zof_label_create, zof_label_update_txt},
-    {ZOF_CTRL_BTN, "button", zof_btn_create, zof_btn_update_txt},
-    {ZOF_CTRL_OBJ, "container", zof_obj_create},
-    {ZOF_CTRL_IMGBTN, "image_button", zof_imgbtn_create, zof_imgbtn_update_txt},
-    {ZOF_CTRL_LINE, "line", zof_line_create},
-    {ZOF_CTRL_ARC, "arc", zof_arc_create, nullptr, zof_arc_del},
-    {ZOF_CTRL_BAR, "bar", zof_bar_create},
-    {ZOF_CTRL_SLIDER, "slider", zof_slider_create},
-    {ZOF_CTRL_SW, "sw", zof_sw_create},
-    {ZOF_CTRL_CB, "cb", zof_cb_create, zof_cb_update_txt},
-    {ZOF_CTRL_MBOX, "mbox", zof_mbox_create, zof_mbox_update_txt, zof_mbox_del},
-    {ZOF_CTRL_TILEVIEW, "tileview", zof_tileview_create},
-    {ZOF_CTRL_TXTBOX, "txtbox", zof_txtbox_create},
-    {ZOF_CTRL_LIST, "list", zof_list_create, zof_list_update_txt, zof_list_del},
-    {ZOF_CTRL_DROPLIST, "droplist", zof_droplist_create, zof_droplist_update_txt, zof_droplist_del},
-    {ZOF_CTRL_ROLLIST, "rollist", zof_rollist_create, zof_rollist_update_txt, zof_rollist_del},
-    {ZOF_CTRL_CHART, "chart", zof_chart_create},
-    {ZOF_CTRL_TABLE, "table", zof_table_create, nullptr, zof_table_del},
-    {ZOF_CTRL_SPINBOX, "spinbox", zof_spinbox_create},
-    {ZOF_CTRL_IMG, "img", zof_img_create, zof_img_update_src},
-    {ZOF_CTRL_GIF, "gif", zof_gif_create},
-    {ZOF_CTRL_QRCODE, "qrcode", zof_QR_code_create},
-    {ZOF_CTRL_VIDEO, "video", zof_video_create},
-    {ZOF_CTRL_KEYBOARD, "keyboard", zof_keyboard_create},
-    {ZOF_CTRL_TILE, "tile", zof_tile_create},
-    {ZOF_CTRL_SKETCHPAD, "sketchpad", zof_sketchpad_create},
-    {ZOF_CTRL_BTNMATRIX, "btnmatrix", zof_btnmatrix_create, nullptr, zof_btnmatrix_del},
-    {ZOF_CTRL_ANIMIMG, "animimg", zof_animimg_create},
-    {ZOF_CTRL_SCROLLCONT, "scrollcont", zof_scrollcont_create},
-    {ZOF_CTRL_SCROLLCONT_OBJ, "scrollcont_obj", zof_scrollcont_obj_create},
-};
-static_assert(sizeof(zof_ctrl_classes) / sizeof(zof_ctrl_classes[0]) == ZOF_CTRL_TYPE_COUNT);
-
-// The views that are being built; an event of a control that is created may build another one. Meanwhile layouts are
-// limited to single objects, and each object applies its styles once, when it is complete, not at each property.
-static u32 walks;
-
-void zof_obj_layout(lv_obj_t *obj) {
-    if (!walks) {
-        lv_obj_update_layout(obj);
-        return;
-    }
-    lv_obj_refr_size(obj);
-    lv_obj_refr_pos(obj);
-}
-
-s32 zof_ctrl_pub_attr(zof_ctrl_t *ctrl, zof_pub_attr_t *attr) {
-    if (!zof_ctrl_obj(ctrl) || !attr) {
-        return -1;
-    }
-    lv_obj_enable_style_refresh(!walks); // the object exists by now; creating one switches it on
-    zof_ctrl_set_pos(ctrl, attr->pt.x, attr->pt.y);
-    zof_ctrl_set_size(ctrl, attr->size.width, attr->size.height);
-    zof_ctrl_set_ext_click_area(ctrl, attr->click_area);
-    zof_ctrl_set_touch(ctrl, attr->t_mode);
-    zof_ctrl_set_hidden(ctrl, attr->hidden);
-    zof_ctrl_set_alpha(ctrl, attr->alpha);
-    zof_ctrl_set_scrollbar(ctrl, &attr->scrollbar_t);
-    return 0;
-}
-
-s32 zof_obj_create(para_t *record, lv_obj_t *parent, void *attr) {
-    zof_pub_attr_t *pub = (zof_pub_attr_t *)attr;
-    if (!record || !pub) {
-        return -1;
-    }
-    record->obj = lv_obj_create(parent);
-    if (!record->obj) {
-        return -1;
-    }
-    zof_obj_press_unlock(record->obj);
-    zof_ctrl_pub_attr(record, pub);
-    zof_ctrl_style_add(record, pub->style_list, pub->style_num, 0);
-    return 0;
-}
 
 s32 zof_ctrl_create(lv_obj_t *parent_obj, para_t *record, void *attr, u32 ctrl_type) {
     if (!record || !attr || ctrl_type >= ZOF_CTRL_TYPE_COUNT) {
@@ -196,7 +109,7 @@ s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record) {
     record->is_created = 1;
     lv_obj_set_user_data(record->obj, record);
     events_add(record);
-    if (walks) {
+    if (zof_obj_building()) {
         lv_obj_refresh_style(record->obj, LV_PART_ANY, LV_STYLE_PROP_ANY);
     }
     return 0;
@@ -369,9 +282,9 @@ s32 zof_ctrl_list_create(zof_view_node_t *view) {
     }
     zof_hold hold;
     view->ctrl_ready = 1;
-    walks++;
+    zof_obj_build_begin();
     controls_walk(view, &walk);
-    walks--;
+    zof_obj_build_end();
     zof_j2s_walk_end(&walk);
     if (view->obj) {
         lv_obj_update_layout(view->obj);

@@ -26,10 +26,6 @@ s32 zof_ctrl_create(lv_obj_t *parent_obj, para_t *record, void *attr, u32 ctrl_t
 // an unknown view or control.
 para_t *zof_ctrl_show(u32 view_id, u32 ctrl_id);
 
-// Applies what all controls share: position, size, click area, touch, hidden, opacity, scrolling. Returns 0, or -1 for
-// null.
-s32 zof_ctrl_pub_attr(zof_ctrl_t *ctrl, zof_pub_attr_t *attr);
-
 // All creators, here and in the families' headers, have this shape: they create the LVGL object on `parent`, store it
 // in record->obj and set it up from the type's attribute record, which stays the caller's. They return 0, or -1 with
 // nothing created. This one creates the plain container.

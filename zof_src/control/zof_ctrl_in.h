@@ -61,11 +61,13 @@ void zof_ctrl_release(para_t *record);
 // alone: a layout of the whole view for each control would make loading quadratic.
 void zof_obj_layout(lv_obj_t *obj);
 
+// Between these calls a view is being built, and objects are laid out and styled one by one. Calls may be nested: an
+// event of a control that is created may build another view.
+void zof_obj_build_begin(void);
+void zof_obj_build_end(void);
+bool zof_obj_building(void);
+
 // Ends a press when the pointer leaves the object. LVGL would keep it locked, and a press that slid off would click.
 void zof_obj_press_unlock(lv_obj_t *obj);
-
-// Returns a project's image name (or language key) as an allocated path, for zof_res_path_free; null for null and for
-// names that LVGL would not take for a file.
-char *zof_img_path_copy(const char *name);
 
 #endif

@@ -1,8 +1,8 @@
 // GIFs. The decoder counts its loop count down and so loses it; how often a GIF plays is kept here, and so is what its
 // timer does at the end.
 #include "control/zof_ctrl_in.h"
-#include "control/zof_image.h"
 #include "control/zof_media.h"
+#include "control/zof_picture.h"
 #include "project/path/zof_res.h"
 
 // Runs `fn` on the decoder and timer of a GIF that has a picture. Without one there is nothing to do.

@@ -27,9 +27,6 @@ s32 zof_img_set_pivot(zof_ctrl_t *ctrl, s32 x, s32 y);
 // Returns 1 for a text that can be a path: its first character is printable ASCII.
 s32 zof_img_get_src_type(const char *text);
 
-// Logs, once for each path, that it has no picture; with null, that no picture is named.
-void zof_img_missing(const char *path);
-
 // Image buttons. `state`: 0 released, 1 pressed, 2 disabled, 3 checked, 4 checked pressed, 5 checked disabled; others
 // return -1. Texts work as on buttons.
 s32 zof_imgbtn_create(para_t *record, lv_obj_t *parent, void *attr);

@@ -1,10 +1,10 @@
 // Images: one file, shown at its own size, once in the middle of a box, or repeated over the box.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
+#include "control/zof_picture.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
-#include "zof_lib/zof_stdio.h"
 
 enum { IMG_NATURAL, IMG_CENTRED, IMG_TILED };
 
@@ -43,27 +43,6 @@ s32 zof_img_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_img_set_pivot(record, img->rotate_pt.x, img->rotate_pt.y);
     zof_img_set_rotate_angel(obj, img->init_angel);
     return 0;
-}
-
-// A picture that changes all the time, such as a sequence's, must not fill the log.
-void zof_img_missing(const char *path) {
-    enum { TOLD_MAX = 64 };
-    static struct {
-        u32 hash[TOLD_MAX];
-        u32 count;
-    } told;
-    const char *text = path ? path : "a picture without a name";
-    u32 hash = 2166136261u; // FNV-1a
-    for (const char *c = text; *c; c++) {
-        hash = (hash ^ (u8)*c) * 16777619u;
-    }
-    for (u32 known : told.hash) {
-        if (known == hash) {
-            return;
-        }
-    }
-    told.hash[told.count++ % TOLD_MAX] = hash;
-    zof_printf("%s: cannot be read", text);
 }
 
 s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name) {

@@ -1,6 +1,7 @@
 // Image buttons: a picture for each state and, as the first child, a label over it.
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"
+#include "control/zof_picture.h"
 #include "control/zof_txt.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"

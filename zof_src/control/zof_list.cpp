@@ -1,6 +1,7 @@
 // Lists: a column of buttons, each with a label and perhaps an icon before it. The record keeps what each button was
 // given, in the order of the buttons, because a label does not know its key.
 #include "control/zof_list.h"
+#include "control/zof_picture.h"
 
 #include "control/zof_ctrl_in.h"
 #include "control/zof_image.h"

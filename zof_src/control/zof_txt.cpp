@@ -1,13 +1,11 @@
-// Texts of controls: replacing them, and updating all of them after a language change.
+// Texts of controls: replacing them, and showing them in the current language.
 #include "control/zof_txt.h"
 
 #include <string.h>
 
-#include "control/zof_ctrl_create.h"
 #include "control/zof_ctrl_in.h"
 #include "project/look/zof_font.h"
 #include "project/look/zof_lang.h"
-#include "project/view/zof_view_layer.h"
 #include "zof_lib/zof_stdio.h"
 
 s32 zof_txt_change(char **slot, const char *text) {
@@ -71,25 +69,4 @@ s32 zof_txt_inner_set_size(zof_ctrl_t *ctrl, u32 size) {
             lv_obj_set_style_text_font(label, font, LV_PART_MAIN);
         }
     });
-}
-
-static void ctrl_update(zof_view_node_t *, para_t *record) {
-    const u32 type = record->attr->ctrl_type;
-    s32 (*update)(zof_ctrl_t *) = type < ZOF_CTRL_TYPE_COUNT ? zof_ctrl_classes[type].update_txt : nullptr;
-    if (update) {
-        update(record);
-    }
-}
-
-static void view_update(void *view) {
-    zof_view_ctrls_each((zof_view_node_t *)view, false, ctrl_update);
-}
-
-s32 zof_ctrl_txt_update(void) {
-    const zof_prj_t *prj = zof_prj_get_cur();
-    if (!prj || !prj->view_list) {
-        return -1;
-    }
-    __db_list_travel(prj->view_list, view_update);
-    return 0;
 }
