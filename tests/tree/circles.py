@@ -13,7 +13,7 @@ import sys
 NM, LIBRARY, TOP = sys.argv[1:]
 LEFT_OUT = "zof_wiring.cpp"
 # Rooms whose circles are still to be opened.
-OPEN = ("zof_src/control/", "zof_src/project/")
+OPEN = ("zof_src/project/",)
 
 
 def needs_of(listing):
