@@ -1,8 +1,8 @@
 // Writes the rows of the host protocol into the reference in docs/, the C library (constants and calls) and the Python
-// library. The command tables are the only source.
+// library, and the rows of the register link into docs/registers.md. The tables of the code are the only source.
 // Everything between a file's line with "rows: begin" and its line with "rows: end" is replaced.
-// usage: zof_protocol [--check] FILE.md|FILE.h|FILE.py...     --check writes nothing, and fails if something would
-// change
+// usage: zof_protocol [--check] registers.md|FILE.md|FILE.h|FILE.py...     --check writes nothing, and fails if
+// something would change
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "board.h"
+#include "frames.h"
 #include "hmi/zof_hmi_cmd.h"
 
 struct field_type_t {
@@ -244,6 +246,56 @@ static void python(const zof_hmi_cmd_type_t &type, std::ostream &out) {
     }
 }
 
+// The register link
+
+static std::string range_words(const reg_row_t &row) {
+    const reg_range_t &r = row.range;
+    if (r.low == r.high) {
+        return "always " + std::to_string(r.low);
+    }
+    std::string out = std::to_string(r.low) + " to " + std::to_string(r.high) + (r.bits == 8 ? ", low byte" : "");
+    if (r.outside != REG_NEAREST) {
+        return out + "; others count as " + std::to_string(r.outside);
+    }
+    const u16 last = r.bits == 8 ? 255 : 65535;
+    return out + (r.low > 0 || r.high < last ? "; others as the nearest" : "");
+}
+
+static std::string unit_words(const reg_row_t &row) {
+    return *row.unit ? (row.scale > 1 ? std::to_string(row.scale) + " " : "") + row.unit : "-";
+}
+
+// A frame in bytes, with its meaning below; long frames are broken into lines of whole rails.
+static void frame_lines(const bytes &frame, std::ostream &out) {
+    const size_t head = 6, line = 2 * RAIL_WORDS;
+    for (size_t at = 0; at < frame.size(); at += at ? line : head + line) {
+        const size_t end = std::min(frame.size(), at ? at + line : head + line);
+        out << (at ? "                      " : "    ") << hex(frame.data() + at, (u32)(end - at), " ") << "\n";
+    }
+    out << "        " << frame_text(frame) << "\n";
+}
+
+static void registers(std::ostream &out) {
+    static constexpr const char *writers[] = {"", "board", "panel", "both"};
+    out << "\n## Registers\n\n| Address | Name | Written by | Unit | Values | What it is "
+           "|\n|---|---|---|---|---|---|\n";
+    for (const reg_row_t &row : reg_rows) {
+        out << "| " << row.addr << (row.words > 1 ? " to " + std::to_string(row.addr + row.words - 1) : "") << " | `"
+            << row.name << "` | " << writers[row.writer] << " | " << unit_words(row) << " | " << range_words(row)
+            << " | " << row.help << " |\n";
+    }
+    out << "\n## Examples\n\nThe board sends a measured voltage of 20.012 V, and the panel a brightness of 80 %:\n\n";
+    frame_lines(frame_write(REG_LIVE_MV, {20012}), out);
+    frame_lines({REG_HEAD0, REG_HEAD1, 6, REG_CMD_READ, 0, REG_BRIGHT, 1, 0, 80}, out);
+    out << "\nThe board answers `RAIL_REQUEST` with a fixed rail and an adjustable one, of which the second is "
+           "active:\n\n";
+    board box;
+    box.rails = {{RAIL_FIX, 5000, 5000, 3000}, {RAIL_PPS, 3300, 11000, 5000}};
+    box.rail = 1;
+    box.write = [&out](u16 addr, const std::vector<u16> &words) { frame_lines(frame_write(addr, words), out); };
+    board_send_rails(box);
+}
+
 // Files
 
 static int fail(const std::string &file, const char *what) {
@@ -257,8 +309,12 @@ static bool ends_with(const std::string &text, const char *end) {
 }
 
 static std::string all_rows(const std::string &file) {
-    const auto write = ends_with(file, ".md") ? markdown : ends_with(file, ".h") ? c_header : python;
     std::ostringstream out;
+    if (ends_with(file, "registers.md")) {
+        registers(out);
+        return out.str() + "\n";
+    }
+    const auto write = ends_with(file, ".md") ? markdown : ends_with(file, ".h") ? c_header : python;
     for (u32 i = 0; i < zof_ui_cmd_type_count; i++) {
         write(zof_ui_cmd_types[i], out);
     }
@@ -282,7 +338,7 @@ static int refresh(const std::string &file, bool check) {
         return 0;
     }
     if (check) {
-        return fail(file, "is out of date with the command rows; build the target `protocol`");
+        return fail(file, "is out of date with the rows in the code; build the target `protocol`");
     }
     std::ofstream to(file, std::ios::binary);
     to << now;

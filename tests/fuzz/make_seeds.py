@@ -33,8 +33,8 @@ def seeds(fuzzer, files, words):
 
 
 def registers():
-    names = re.findall(r"\bREG_\w+ = (\d+),", (ROOT / "apps/hardware/uart/zof_hw_map.h").read_text())
-    every = [struct.pack(">H", int(at)) for at in names]
+    addresses = re.findall(r"\bROW\((\d+),", (ROOT / "apps/hardware/uart/zof_hw_map.h").read_text())
+    every = [struct.pack(">H", int(at)) for at in addresses]
     writes = [build(0x82, at + b"\x04\xD2") for at in every]
     rails = [build(0x82, struct.pack(f">{len(words)}H", *words)) for words in (
         (272, 0, 5000, 5000, 3000, 1, 3300, 11000, 5000, 2, 9000, 20000, 5000), (256, 3), (257, 1))]

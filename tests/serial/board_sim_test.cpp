@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 
 #include <map>
+#include <set>
 
 #include "board.h"
 #include "temp_project.h"
@@ -35,6 +36,24 @@ static void settle(board &box, double ms) {
     }
 }
 
+// Returns how a program ends, and what it prints on both streams: "1 board_sim: ...".
+static std::string tool(const std::string &arguments) {
+    std::string text;
+    FILE *pipe = popen((ZOF_BUILD_DIR "/tools/" + arguments + " 2>&1").c_str(), "r");
+    if (!pipe) {
+        return "it does not start";
+    }
+    char part[512];
+    for (size_t n; (n = fread(part, 1, sizeof(part), pipe)) > 0;) {
+        text.append(part, n);
+    }
+    return std::to_string(WEXITSTATUS(pclose(pipe))) + " " + text;
+}
+
+static std::string board_sim(const std::string &arguments) {
+    return tool("board_sim " + arguments);
+}
+
 TEST_CASE("board: a rail ramps up under load, folds back at its limit, and energy is power over time") {
     seen_board s;
     tell(s, {{REG_RAIL_SELECT, 4}, {REG_OUT_REQ, 1}});
@@ -55,22 +74,63 @@ TEST_CASE("board: a rail ramps up under load, folds back at its limit, and energ
     CHECK((s.regs[REG_OUT_STATE] == 0 && s.regs[REG_LIVE_MV] == 0));
 }
 
-// Returns how a program ends, and what it prints on both streams: "1 board_sim: ...".
-static std::string tool(const std::string &arguments) {
-    std::string text;
-    FILE *pipe = popen((ZOF_BUILD_DIR "/tools/" + arguments + " 2>&1").c_str(), "r");
-    if (!pipe) {
-        return "it does not start";
-    }
-    char part[512];
-    for (size_t n; (n = fread(part, 1, sizeof(part), pipe)) > 0;) {
-        text.append(part, n);
-    }
-    return std::to_string(WEXITSTATUS(pclose(pipe))) + " " + text;
+TEST_CASE("board: what the panel reports is limited by the registers' rows, stored and sent back") {
+    seen_board s;
+    tell(
+        s,
+        {{REG_BRIGHT, 5}, {REG_BOOT_STATE, 1}, {REG_RAIL_SELECT, 3}, {REG_RAIL_SELECT, 99}, {REG_LIVE_MV, 7}, {21, 1}});
+    CHECK(s.box.rail == 3); // there is no rail 99, and it does not count as the last one
+    tell(s, {{REG_SETTINGS_REQUEST, 1}});
+    CHECK((s.regs[REG_BRIGHT] == 10 && s.regs[REG_BOOT_STATE] == 1 && s.regs[REG_AUTO_ARM] == 0));
+    CHECK(s.regs.count(REG_RAIL_SELECT) == 0); // kept in the file, but not the board's to write
 }
 
-static std::string board_sim(const std::string &arguments) {
-    return tool("board_sim " + arguments);
+TEST_CASE("board: settings are saved beside no other file, and what a killed board left is removed") {
+    temp_project_t folder;
+    const std::string state = folder.path("state"), own = state + "." + std::to_string(getpid()) + "-0.new";
+    folder.write("state", "brightness = 70000\nauto_arm = 1\nnothing = 1\nlast_rail = 3\n");
+    folder.write("other", "mine");
+    folder.write("state.999999999-0.new", "of a board that was killed");
+    for (const std::string &name : {state + ".new", own}) {
+        REQUIRE(symlink(folder.path("other").c_str(), name.c_str()) == 0);
+    }
+    seen_board s;
+    s.box.settings_file = state;
+    board_power_up(s.box);
+    CHECK((s.box.settings.bright == 100 && s.box.rail == 3));
+    tell(s, {{REG_BRIGHT, 40}});
+    CHECK(contains(file_text(state), "brightness = 40\nboot_last = 0\nauto_arm = 1\n"));
+    CHECK(file_text(folder.path("other")) == "mine");
+    s.box.settings_file = folder.path("none/state");
+    tell(s, {{REG_BRIGHT, 50}});
+    CHECK(s.box.save_failed);
+    s.box.settings_file = folder.folder; // cannot be replaced
+    tell(s, {{REG_BRIGHT, 60}});
+    std::set<std::string> names;
+    for (const auto &entry : std::filesystem::directory_iterator(folder.folder)) {
+        names.insert(entry.path().filename());
+    }
+    CHECK(names ==
+          std::set<std::string>{"config", "other", "state", "state.new", std::filesystem::path(own).filename()});
+    const std::string refused = board_sim("--seconds 0.05 --state /dev/null");
+    CHECK((refused[0] == '2' && contains(refused, "/dev/null")));
+}
+
+TEST_CASE("board: frames are described with the names and units of their registers") {
+    const std::pair<bytes, const char *> rows[] = {
+        {frame_write(16, {20012}), "write 16 LIVE_MV = 20012 mV"},
+        {frame_write(18, {602}), "write 18 LIVE_DW = 602 x 100 mW"},
+        {frame_write(272, {1, 2, 3, 4}), "write 272 RAIL_BASE = 1 2 3 4"},
+        {frame_write(277, {5}), "write 277 RAIL_BASE+5 = 5"},
+        {frame_write(22, {}), "write 22 OUT_STATE, no words"},
+        {frame_read(16, 5), "read 16 LIVE_MV, 5 words"},
+        {{0x5A, 0xA5, 12, 0x83, 0, 20, 4, 0, 1, 0, 2, 0, 3, 0, 4},
+         "report 20 SESS_MWH_HI = 1 x 65536 mWh, 21 = 2, 22 OUT_STATE = 3, 23 RAIL_ACTIVE = 4"},
+        {{0x5A, 0xA5, 3, 0x83, 0, 16}, "short frame of 6 bytes"},
+        {{0x5A, 0xA5, 4, 0x99, 0, 16, 1}, "unknown command 153"}};
+    for (const auto &[frame, text] : rows) {
+        CHECK(frame_text(frame) == text);
+    }
 }
 
 TEST_CASE("board and monitor refuse a line that is not a terminal, and leave it as it is") {

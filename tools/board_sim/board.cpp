@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 static constexpr double SLEW_MV_PER_MS = 40; // a source's ramp, up and down
 static constexpr double PUSH_MS = 100;       // live values
@@ -16,60 +15,6 @@ std::vector<board_rail> board_default_rails() {
         {RAIL_EPR, 36000, 36000, 5000}, {RAIL_EPR, 48000, 48000, 5000}, {RAIL_AVS, 9000, 20000, 3250},
         {RAIL_AVS, 15000, 28000, 5000},
     };
-}
-
-// One row per setting: its name in the file and its field. Loading, saving and the register reports walk these rows.
-static constexpr struct {
-    const char *name;
-    uint16_t board_settings::*field;
-    uint16_t lo, hi;
-    uint16_t reg; // 0: not set by the panel
-} settings_rows[] = {
-    {"brightness", &board_settings::bright, 10, 100, REG_BRIGHT},
-    {"boot_last", &board_settings::boot_last, 0, 1, REG_BOOT_STATE},
-    {"auto_arm", &board_settings::auto_arm, 0, 1, REG_AUTO_ARM},
-    {"last_on", &board_settings::last_on, 0, 1, 0},
-    {"last_rail", &board_settings::last_rail, 0, RAIL_NONE, 0},
-    {"last_mv", &board_settings::last_mv, 0, 65535, 0},
-    {"last_ma", &board_settings::last_ma, 0, 65535, 0},
-};
-
-static void settings_load(board &b) {
-    FILE *f = b.settings_file.empty() ? nullptr : fopen(b.settings_file.c_str(), "r");
-    if (!f) {
-        return;
-    }
-    char name[32];
-    unsigned value;
-    while (fscanf(f, " %31[a-z_] = %u", name, &value) == 2) {
-        for (const auto &row : settings_rows) {
-            if (std::string(name) == row.name) {
-                b.settings.*row.field = (uint16_t)std::clamp<unsigned>(value, row.lo, row.hi);
-            }
-        }
-    }
-    fclose(f);
-}
-
-// Writes a temporary file and renames it, so a power failure keeps the old settings.
-static void settings_save(const board &b) {
-    if (b.settings_file.empty()) {
-        return;
-    }
-    const std::string beside = b.settings_file + ".new";
-    FILE *f = fopen(beside.c_str(), "w");
-    bool good = f != nullptr;
-    for (const auto &row : settings_rows) {
-        good = good && fprintf(f, "%s = %u\n", row.name, b.settings.*row.field) > 0;
-    }
-    if (f) {
-        good = fclose(f) == 0 && good;
-    }
-    static bool told;
-    if ((!good || rename(beside.c_str(), b.settings_file.c_str()) != 0) && !told) {
-        told = true;
-        fprintf(stderr, "board_sim: %s: the settings cannot be saved\n", b.settings_file.c_str());
-    }
 }
 
 static void push(board &b, uint16_t addr, uint16_t value) {
@@ -126,7 +71,7 @@ void board_step(board &b, double ms) {
 void board_output(board &b, bool on) {
     b.on = on && b.rail != RAIL_NONE;
     b.settings.last_on = b.on;
-    settings_save(b);
+    board_settings_save(b);
     push(b, REG_OUT_STATE, b.on);
 }
 
@@ -145,7 +90,7 @@ bool board_select(board &b, uint16_t rail) {
     b.settings.last_rail = rail;
     b.settings.last_mv = b.adj_mv;
     b.settings.last_ma = b.adj_ma;
-    settings_save(b);
+    board_settings_save(b);
     push(b, REG_RAIL_ACTIVE, rail);
     if (b.settings.auto_arm) {
         board_output(b, true);
@@ -179,50 +124,53 @@ void board_send_rails(board &b) {
 }
 
 void board_send_settings(board &b) {
-    for (const auto &row : settings_rows) {
-        if (row.reg) {
+    for (const board_setting &row : board_setting_rows) {
+        if (reg_find(row.reg)->writer == REG_BY_BOTH) {
             push(b, row.reg, b.settings.*row.field);
         }
     }
 }
 
+template <uint16_t board_settings::*FIELD> static void keep(board &b, uint16_t value) {
+    b.settings.*FIELD = value;
+    board_settings_save(b);
+}
+
+static void session_reset(board &b) {
+    b.energy_uwh = 0;
+    push(b, REG_SESS_MWH_LO, 0);
+    push(b, REG_SESS_MWH_HI, 0);
+}
+
+// What the board does when the panel reports a register.
+static constexpr struct {
+    uint16_t addr;
+    void (*take)(board &b, uint16_t value);
+} reports[] = {
+    {REG_ADJ_MV, [](board &b, uint16_t value) { b.adj_mv = value; }},
+    {REG_ADJ_MA, [](board &b, uint16_t value) { b.adj_ma = value; }},
+    {REG_OUT_REQ, [](board &b, uint16_t value) { board_output(b, value != 0); }},
+    {REG_RAIL_SELECT, [](board &b, uint16_t value) { board_select(b, value); }},
+    {REG_RAIL_REQUEST, [](board &b, uint16_t) { board_send_rails(b); }},
+    {REG_SESS_RESET, [](board &b, uint16_t) { session_reset(b); }},
+    {REG_BRIGHT, keep<&board_settings::bright>},
+    {REG_BOOT_STATE, keep<&board_settings::boot_last>},
+    {REG_AUTO_ARM, keep<&board_settings::auto_arm>},
+    {REG_SETTINGS_REQUEST, [](board &b, uint16_t) { board_send_settings(b); }},
+};
+static_assert(reg_all_bound(reports, REG_BY_PANEL));
+
 void board_report(board &b, uint16_t addr, uint16_t value) {
-    for (const auto &row : settings_rows) {
-        if (row.reg == addr) {
-            b.settings.*row.field = std::clamp(value, row.lo, row.hi);
-            settings_save(b);
+    for (const auto &row : reports) {
+        if (row.addr == addr) {
+            row.take(b, reg_value(addr, value));
         }
-    }
-    switch (addr) {
-    case REG_ADJ_MV:
-        b.adj_mv = value;
-        break;
-    case REG_ADJ_MA:
-        b.adj_ma = value;
-        break;
-    case REG_OUT_REQ:
-        board_output(b, value != 0);
-        break;
-    case REG_RAIL_SELECT:
-        board_select(b, value);
-        break;
-    case REG_RAIL_REQUEST:
-        board_send_rails(b);
-        break;
-    case REG_SESS_RESET:
-        b.energy_uwh = 0;
-        push(b, REG_SESS_MWH_LO, 0);
-        push(b, REG_SESS_MWH_HI, 0);
-        break;
-    case REG_SETTINGS_REQUEST:
-        board_send_settings(b);
-        break;
     }
 }
 
 // Without a saved rail the box starts on its first one, like every source.
 void board_power_up(board &b) {
-    settings_load(b);
+    board_settings_load(b);
     b.adj_mv = b.settings.last_mv;
     b.adj_ma = b.settings.last_ma;
     const uint16_t rail = b.settings.last_rail < b.rails.size() ? b.settings.last_rail : 0;

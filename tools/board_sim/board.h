@@ -29,11 +29,21 @@ struct board_settings {
     uint16_t last_mv = 0, last_ma = 0; // settings of an adjustable rail
 };
 
+// One row per setting: its name in the file, its field, and the register that has its range. The board sends those that
+// the panel may write too.
+struct board_setting {
+    const char *name;
+    uint16_t board_settings::*field;
+    uint16_t reg;
+};
+extern const std::vector<board_setting> board_setting_rows;
+
 struct board {
     std::vector<board_rail> rails;
     board_load load;
     board_settings settings;
     std::string settings_file; // empty: settings are not saved
+    bool save_failed = false;  // the message about it has been printed
     bool noise = true;
     std::mt19937 random;
 
@@ -50,6 +60,17 @@ struct board {
 };
 
 std::vector<board_rail> board_default_rails();
+
+// Returns false after a message if the name of the settings file is that of a device or a folder. Follows a link, so
+// that its file is replaced and not the link.
+bool board_settings_check(board &b);
+
+// Loads the settings; values that are missing keep their defaults. Removes temporary files of boards that were killed.
+void board_settings_load(board &b);
+
+// Replaces the file with the current settings. A power failure or a kill leaves the old file or the new one. The first
+// failure is reported on the error stream.
+void board_settings_save(board &b);
 
 // Loads the settings and powers up, with output and rail according to the settings.
 void board_power_up(board &b);

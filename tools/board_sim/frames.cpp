@@ -6,32 +6,6 @@
 
 enum { WORDS_MAX = 126, HEAD_SIZE = 3 };
 
-static constexpr struct {
-    uint16_t addr;
-    const char *name, *unit;
-} registers[] = {
-    {REG_LIVE_MV, "LIVE_MV", "mV"},
-    {REG_LIVE_MA, "LIVE_MA", "mA"},
-    {REG_LIVE_DW, "LIVE_DW", "x 0.1 W"},
-    {REG_SESS_MWH_LO, "SESS_MWH_LO", "mWh"},
-    {REG_SESS_MWH_HI, "SESS_MWH_HI", "x 65536 mWh"},
-    {REG_OUT_STATE, "OUT_STATE", ""},
-    {REG_RAIL_ACTIVE, "RAIL_ACTIVE", ""},
-    {REG_ADJ_MV, "ADJ_MV", "mV"},
-    {REG_ADJ_MA, "ADJ_MA", "mA"},
-    {REG_OUT_REQ, "OUT_REQ", ""},
-    {REG_RAIL_SELECT, "RAIL_SELECT", ""},
-    {REG_RAIL_REQUEST, "RAIL_REQUEST", ""},
-    {REG_SESS_RESET, "SESS_RESET", ""},
-    {REG_BRIGHT, "BRIGHT", "%"},
-    {REG_BOOT_STATE, "BOOT_STATE", ""},
-    {REG_AUTO_ARM, "AUTO_ARM", ""},
-    {REG_SETTINGS_REQUEST, "SETTINGS_REQUEST", ""},
-    {REG_RAIL_COUNT, "RAIL_COUNT", ""},
-    {REG_RAIL_COMMIT, "RAIL_COMMIT", ""},
-    {REG_RAIL_BASE, "RAIL_TABLE", ""},
-};
-
 bytes frame_write(uint16_t addr, const std::vector<uint16_t> &words) {
     const size_t n = std::min<size_t>(words.size(), WORDS_MAX);
     bytes f = {REG_HEAD0, REG_HEAD1, (uint8_t)(3 + 2 * n), REG_CMD_WRITE, (uint8_t)(addr >> 8), (uint8_t)addr};
@@ -75,26 +49,38 @@ void frame_report_words(const bytes &f, const std::function<void(uint16_t, uint1
     }
 }
 
-static std::string register_tell(uint16_t addr) {
-    for (const auto &row : registers) {
-        if (row.addr == addr) {
-            return std::to_string(addr) + " " + row.name;
-        }
-    }
-    return std::to_string(addr);
+// "16 LIVE_MV"; "273 RAIL_BASE+1" for a word inside a table.
+static std::string register_text(const reg_row_t *row, uint16_t addr) {
+    const int inside = row ? addr - row->addr : 0;
+    return std::to_string(addr) + (row ? std::string(" ") + row->name : "") +
+           (inside ? "+" + std::to_string(inside) : "");
 }
 
-static const char *unit_of(uint16_t addr) {
-    for (const auto &row : registers) {
-        if (row.addr == addr) {
-            return row.unit;
-        }
+// " mV", or " x 100 mW" if one count stands for a hundred of them.
+static std::string unit_text(const reg_row_t *row) {
+    if (!row || !*row->unit) {
+        return "";
     }
-    return "";
+    return (row->scale > 1 ? " x " + std::to_string(row->scale) : "") + " " + row->unit;
 }
 
-std::string frame_tell(const bytes &f) {
-    if (f.size() < 6) {
+// "16 LIVE_MV = 20012 mV, 17 LIVE_MA = 999 mA"; words of a table, or of no register, stand in one row.
+static std::string words_text(uint16_t addr, const uint8_t *data, size_t count) {
+    const reg_row_t *row = reg_find(addr);
+    std::string out = register_text(row, addr) + (count ? " =" : ", no words");
+    for (size_t k = 0; k < count; k++, addr++) {
+        const reg_row_t *next = reg_find(addr);
+        if (next != row) {
+            out += unit_text(row) + ", " + register_text(next, addr) + " =";
+            row = next;
+        }
+        out += " " + std::to_string(data[2 * k] << 8 | data[2 * k + 1]);
+    }
+    return out + (count ? unit_text(row) : "");
+}
+
+std::string frame_text(const bytes &f) {
+    if (f.size() < 6 || (f[3] == REG_CMD_READ && f.size() < 7)) {
         return "short frame of " + std::to_string(f.size()) + " bytes";
     }
     const auto addr = (uint16_t)(f[4] << 8 | f[5]);
@@ -103,17 +89,8 @@ std::string frame_tell(const bytes &f) {
         return "unknown command " + std::to_string(f[3]);
     }
     if (!write && f.size() == 7) {
-        return "read " + register_tell(addr) + ", " + std::to_string(f[6]) + " words";
+        return "read " + register_text(reg_find(addr), addr) + ", " + std::to_string(f[6]) + " words";
     }
-    std::string out = (write ? "write " : "report ") + register_tell(addr) + " =";
-    for (size_t at = write ? 6 : 7; at + 1 < f.size(); at += 2) {
-        out += ' ';
-        out += std::to_string(f[at] << 8 | f[at + 1]);
-    }
-    const char *unit = unit_of(addr);
-    if (*unit) {
-        out += ' ';
-        out += unit;
-    }
-    return out;
+    const size_t head = write ? 6 : 7;
+    return (write ? "write " : "report ") + words_text(addr, f.data() + head, (f.size() - head) / 2);
 }

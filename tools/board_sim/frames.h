@@ -24,6 +24,6 @@ void frame_feed(frame_finder &finder, const uint8_t *data, size_t size);
 void frame_report_words(const bytes &frame, const std::function<void(uint16_t addr, uint16_t value)> &word);
 
 // Returns a readable description, such as "write 16 LIVE_MV = 20012 mV".
-std::string frame_tell(const bytes &frame);
+std::string frame_text(const bytes &frame);
 
 #endif

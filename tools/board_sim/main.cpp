@@ -225,14 +225,14 @@ static void run_script(double now) {
 static void on_write(uint16_t addr, const std::vector<uint16_t> &words) {
     const bytes frame = frame_write(addr, words);
     if (sim.opt.trace) {
-        say("board > panel", frame_tell(frame));
+        say("board > panel", frame_text(frame));
     }
     wire_send(sim.line, frame, now_ms());
 }
 
 static void on_frame(const bytes &frame) {
     if (sim.opt.trace) {
-        say("panel > board", frame_tell(frame));
+        say("panel > board", frame_text(frame));
     }
     frame_report_words(frame, [](uint16_t addr, uint16_t value) { board_report(sim.box, addr, value); });
 }
@@ -332,7 +332,8 @@ int main(int argc, char **argv) {
         fprintf(stderr, "board_sim: --load takes ohms (10) or amperes (2A), not \"%s\"\n", opt.load.c_str());
         return 2;
     }
-    if (!opt.script.empty() && !read_script(opt.script)) {
+    if ((!sim.box.settings_file.empty() && !board_settings_check(sim.box)) ||
+        (!opt.script.empty() && !read_script(opt.script))) {
         return 2;
     }
     sim.box.random.seed(opt.seed);

@@ -1,4 +1,4 @@
-// The register map: what each register does when the board writes it.
+// What each register does when the board writes it. The rows of the registers are in zof_hw_map.h.
 #include <stdio.h>
 
 #include "bench_ids.h"
@@ -61,11 +61,11 @@ static void out_state(u16 value) {
 }
 
 static void rail_active(u16 value) {
-    g_applied = value < RAIL_MAX ? (u8)value : (u8)RAIL_NONE;
+    g_applied = (u8)value;
 }
 
 static void bright(u16 value) {
-    g_v4_bright = (u8)(value <= 9 ? 10 : value > 100 ? 100 : value);
+    g_v4_bright = (u8)value;
     bright_backlight(g_v4_bright);
     if (view4_shown()) {
         bright_slider(g_v4_bright);
@@ -113,20 +113,22 @@ void zof_reg_delivery_end(void) {
 
 static constexpr struct {
     u16 addr;
-    void (*write)(u16 value);
+    void (*write)(u16 value); // null: the register is only stored, for the commit
 } handlers[] = {
     {REG_LIVE_MV, live_mv},         {REG_LIVE_MA, live_ma},         {REG_LIVE_DW, live_dw},
     {REG_SESS_MWH_LO, energy_low},  {REG_SESS_MWH_HI, energy_high}, {REG_OUT_STATE, out_state},
     {REG_RAIL_ACTIVE, rail_active}, {REG_BRIGHT, bright},           {REG_BOOT_STATE, boot_state},
-    {REG_AUTO_ARM, auto_arm},       {REG_RAIL_COMMIT, commit},
+    {REG_AUTO_ARM, auto_arm},       {REG_RAIL_COUNT, nullptr},      {REG_RAIL_COMMIT, commit},
+    {REG_RAIL_BASE, nullptr},
 };
+static_assert(reg_all_bound(handlers, REG_BY_BOARD));
 
 // The link passes one word at a time, so only direct callers pass a whole row.
 static bool whole_rail(u16 addr, const u16 *data, u8 datalen) {
-    if (addr < REG_RAIL_BASE || addr >= REG_RAIL_BASE + 4 * RAIL_MAX || datalen < 4) {
+    if (addr < REG_RAIL_BASE || addr >= REG_RAIL_BASE + RAIL_WORDS * RAIL_MAX || datalen < RAIL_WORDS) {
         return false;
     }
-    g_prof[(addr - REG_RAIL_BASE) / 4] = {data[0], data[1], data[2], data[3]};
+    g_prof[(addr - REG_RAIL_BASE) / RAIL_WORDS] = {data[0], data[1], data[2], data[3]};
     return true;
 }
 
@@ -135,8 +137,8 @@ void zof_reg_set_user(u16 addr, u16 *data, u8 datalen) {
         return;
     }
     for (const auto &row : handlers) {
-        if (row.addr == addr) {
-            row.write(data[0]);
+        if (row.addr == addr && row.write) {
+            row.write(reg_value(addr, data[0]));
             return;
         }
     }

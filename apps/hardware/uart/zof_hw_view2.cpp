@@ -247,7 +247,7 @@ static void check_slider(u8 i, const prof_t *p) {
 
 // A board commits the same table again and again; the message appears only for new numbers.
 static void read_rail(u8 i) {
-    const u16 base = (u16)(REG_RAIL_BASE + 4 * i);
+    const u16 base = (u16)(REG_RAIL_BASE + RAIL_WORDS * i);
     const prof_t old = g_prof[i];
     prof_t *p = &g_prof[i];
     *p = {(u16)zof_reg_get(base), (u16)zof_reg_get((u16)(base + 1)), (u16)zof_reg_get((u16)(base + 2)),
@@ -259,8 +259,7 @@ static void read_rail(u8 i) {
 
 // The board has written the table and commits it. `g_panel_up` stays: the next tap hides a panel that is shown.
 void rail_commit(void) {
-    const u8 count = (u8)zof_reg_get(REG_RAIL_COUNT);
-    g_prof_n = count > RAIL_MAX ? (u8)RAIL_MAX : count;
+    g_prof_n = (u8)reg_value(REG_RAIL_COUNT, (u16)zof_reg_get(REG_RAIL_COUNT));
     g_sel = RAIL_NONE;
     zof_ctrl_set_hidden(view2(VIEW2_CONTAINER1_ID), ZOF_TRUE);
     button_say(0, TEXT_SELECT);

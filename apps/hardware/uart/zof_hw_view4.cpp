@@ -39,7 +39,8 @@ void bright_slider(u8 pct) {
 void view4_apply_settings(void) {
     boot_state_paint(g_v4_boot);
     zof_sw_set_state(view4(VIEW4_SW0_ID), g_v4_autoarm);
-    zof_slider_set_range(view4(VIEW4_SLIDER0_ID), 10, 100);
+    const reg_range_t &range = reg_find(REG_BRIGHT)->range;
+    zof_slider_set_range(view4(VIEW4_SLIDER0_ID), (s16)range.low, (s16)range.high);
     bright_slider(g_v4_bright);
     bright_label(g_v4_bright);
 }
@@ -63,7 +64,7 @@ void view4_set_bright(u8 pct) {
     if (g_bright_guard) {
         return;
     }
-    g_v4_bright = pct <= 9 ? 10 : pct > 100 ? 100 : pct;
+    g_v4_bright = (u8)reg_value(REG_BRIGHT, pct);
     bright_backlight(g_v4_bright);
     bright_label(g_v4_bright);
     zof_reg_report(REG_BRIGHT, g_v4_bright);

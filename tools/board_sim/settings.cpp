@@ -1,0 +1,120 @@
+// The box's settings in a file: one line "name = value" each.
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <unistd.h>
+
+#include "board.h"
+
+const std::vector<board_setting> board_setting_rows = {
+    {"brightness", &board_settings::bright, REG_BRIGHT},
+    {"boot_last", &board_settings::boot_last, REG_BOOT_STATE},
+    {"auto_arm", &board_settings::auto_arm, REG_AUTO_ARM},
+    {"last_on", &board_settings::last_on, REG_OUT_REQ},
+    {"last_rail", &board_settings::last_rail, REG_RAIL_SELECT},
+    {"last_mv", &board_settings::last_mv, REG_ADJ_MV},
+    {"last_ma", &board_settings::last_ma, REG_ADJ_MA},
+};
+
+// A temporary file is named FILE.PID-N.new, so that boards which share FILE do not share their temporary files, and a
+// later start can tell whether the board that created one still runs.
+static std::string temporary_name(const board &b, unsigned n) {
+    return b.settings_file + "." + std::to_string(getpid()) + "-" + std::to_string(n) + ".new";
+}
+
+// Removes the temporary files of boards that were killed while they saved.
+static void remove_stale(const std::filesystem::path &file) {
+    const std::string prefix = file.filename().string() + ".";
+    const auto folder = file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
+    std::error_code error;
+    for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+        const std::string name = it->path().filename().string();
+        char *rest = nullptr;
+        const bool ours = name.starts_with(prefix) && name.ends_with(".new");
+        const long pid = ours ? strtol(name.c_str() + prefix.size(), &rest, 10) : 0;
+        if (pid > 0 && *rest == '-' && kill((pid_t)pid, 0) != 0 && errno == ESRCH) {
+            std::error_code ignored;
+            std::filesystem::remove(it->path(), ignored);
+        }
+    }
+}
+
+bool board_settings_check(board &b) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::path file = fs::canonical(b.settings_file, error);
+    if (error) { // it does not exist yet
+        return true;
+    }
+    b.settings_file = file;
+    if (!fs::is_regular_file(file, error)) {
+        fprintf(stderr, "board_sim: --state: %s is not a file\n", file.c_str());
+        return false;
+    }
+    return true;
+}
+
+void board_settings_load(board &b) {
+    if (b.settings_file.empty()) {
+        return;
+    }
+    remove_stale(b.settings_file);
+    FILE *f = fopen(b.settings_file.c_str(), "r");
+    if (!f) {
+        return;
+    }
+    char name[32];
+    unsigned value;
+    while (fscanf(f, " %31[a-z_] = %u", name, &value) == 2) {
+        for (const board_setting &row : board_setting_rows) {
+            if (std::string(name) == row.name) {
+                b.settings.*row.field = reg_value(row.reg, (uint16_t)std::min(value, 65535u));
+            }
+        }
+    }
+    fclose(f);
+}
+
+// Creates a new file: a name that exists, as a link to another file may, is not opened but passed over.
+static FILE *temporary_open(const board &b, std::string &name) {
+    int fd = -1;
+    for (unsigned n = 0; fd < 0 && n < 100; n++) {
+        name = temporary_name(b, n);
+        fd = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+        if (fd < 0 && errno != EEXIST) {
+            return nullptr;
+        }
+    }
+    return fd < 0 ? nullptr : fdopen(fd, "w");
+}
+
+static bool save(const board &b) {
+    std::string name;
+    FILE *f = temporary_open(b, name);
+    if (!f) {
+        return false;
+    }
+    bool good = true;
+    for (const board_setting &row : board_setting_rows) {
+        good = good && fprintf(f, "%s = %u\n", row.name, b.settings.*row.field) > 0;
+    }
+    good = good && fflush(f) == 0 && fsync(fileno(f)) == 0;
+    good = fclose(f) == 0 && good;
+    good = good && rename(name.c_str(), b.settings_file.c_str()) == 0;
+    if (!good) {
+        unlink(name.c_str());
+    }
+    return good;
+}
+
+void board_settings_save(board &b) {
+    if (b.settings_file.empty() || save(b) || b.save_failed) {
+        return;
+    }
+    b.save_failed = true;
+    fprintf(stderr, "board_sim: %s: the settings cannot be saved\n", b.settings_file.c_str());
+}
