@@ -26,6 +26,7 @@
 #include "project/base/zof_event.h"
 #include "project/base/zof_para.h"
 #include "project/base/zof_prj_attr.h"
+#include "project/base/zof_prj_cur.h"
 #include "project/look/zof_font.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"

@@ -5,6 +5,7 @@
 #include "drv/zof_drv_up.h"
 #include "hmi/zof_hmi.h"
 #include "project/base/zof_prj_up.h"
+#include "project/zof_prj.h"
 
 const zof_drv_up_t zof_drv_up = {
     .port_init = win_drv_init,

@@ -2,7 +2,7 @@
 #ifndef ZOF_PRJ_UP_H
 #define ZOF_PRJ_UP_H
 
-#include "project/zof_prj.h"
+#include "project/base/zof_prj_cur.h"
 
 ZOF_C_BEGIN
 

@@ -5,8 +5,8 @@
 #include <string.h>
 
 #include "drv/zof_drv_file.h"
+#include "project/base/zof_prj_cur.h"
 #include "project/path/zof_res.h"
-#include "project/zof_prj.h"
 #include "zof_lib/zof_stdio.h"
 
 // Above this size the bitmap of a single glyph would take megabytes and would not fit any panel.

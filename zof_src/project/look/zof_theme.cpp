@@ -5,11 +5,10 @@
 
 #include "project/base/zof_ctrl_attr.h"
 #include "project/base/zof_para.h"
+#include "project/base/zof_prj_cur.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
 #include "project/read/zof_j2s.h"
-#include "project/view/zof_view.h"
-#include "project/zof_prj.h"
 #include "zof_lib/zof_stdio.h"
 
 const char *const zof_theme_name[2] = {"youth", "night"};

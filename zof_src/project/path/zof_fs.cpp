@@ -1,9 +1,10 @@
-// Drive letters, and files through LVGL's file layer. The media of a device, D, E, T and U, are folders beside the
-// project here, and P is the parent of the project folder.
+// Drive letters, resources that may be on a drive, and files through LVGL's file layer. The media of a device, D, E, T
+// and U, are folders beside the project here, and P is the parent of the project folder.
 #include <cstdio>
 #include <cstring>
 
 #include "drv/zof_drv.h"
+#include "project/path/zof_path_in.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -61,6 +62,42 @@ const char *zof_fs_get_real_path(const char *path) {
     std::memcpy(fs_path, whole, (size_t)length + 1);
     folders_make(std::strlen(base));
     return fs_path;
+}
+
+// P is the parent of the project folder.
+static char *drive_path(const char *name) {
+    char letter[3] = {name[0], ':', '\0'};
+    if (!path_name_passes(nullptr, letter) || !path_name_passes(letter, name + 2)) {
+        return nullptr;
+    }
+    auto *path = (char *)zof_fs_get_real_path(name);
+    const char *base = zof_fs_drive_base(name[0]);
+    if (!base && !path_outside_allowed()) {
+        zof_printf("%s: no such drive", name);
+        return nullptr;
+    }
+    const char *folder = base && name[0] == 'P' ? zof_res_file_path(base, "..", nullptr) : base;
+    return path_linked_inside(path, folder);
+}
+
+char *zof_res_path_check(const char *name, const char *dir) {
+    if (!name) {
+        return nullptr;
+    }
+    return zof_fs_path_check(name) == 0 ? drive_path(name) : zof_res_get_prjfile_path(dir, name);
+}
+
+const char *zof_res_picture_path(const char *name) {
+    const char *path = zof_res_path_check(name, "image/");
+    return zof_res_is_picture_path(path) ? path : nullptr;
+}
+
+zof_bool zof_res_is_picture_path(const char *path) {
+    return path && path[0] >= ' ' && path[0] < 0x7F;
+}
+
+zof_bool zof_res_picture_in(const char *folder, const char *path) {
+    return path_stays_inside(path, folder);
 }
 
 static s32 done_or_error(lv_fs_res_t result) {

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "drv/zof_drv_file.h"
-#include "project/zof_prj.h"
+#include "project/base/zof_prj_cur.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { PATH_SIZE = 4096 };
@@ -74,4 +74,12 @@ bool path_stays_inside(const char *path, const char *base) {
         }
     }
     return false;
+}
+
+char *path_linked_inside(char *path, const char *folder) {
+    if (path_stays_inside(path, folder)) {
+        return path;
+    }
+    zof_printf("%s: a link leads out of the project, not opened", path);
+    return nullptr;
 }

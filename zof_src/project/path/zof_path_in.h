@@ -15,4 +15,7 @@ bool path_name_passes(const char *dir, const char *name);
 // nothing to open.
 bool path_stays_inside(const char *path, const char *base);
 
+// Returns `path`, or null, after a message, if links lead from it out of the folder.
+char *path_linked_inside(char *path, const char *folder);
+
 #endif

@@ -7,8 +7,8 @@
 #include <cstring>
 
 #include "project/base/zof_ctrl_attr.h"
+#include "project/base/zof_prj_cur.h"
 #include "project/path/zof_path_in.h"
-#include "project/zof_prj.h"
 #include "zof_lib/zof_stdio.h"
 
 #define PRJ_FILE "config/project/zofprj.g"
@@ -78,15 +78,6 @@ const char *zof_res_get_prj_path(void) {
     return prj ? prj->path : nullptr;
 }
 
-// Returns the path, or null, after a message, if links lead out of the folder.
-static char *linked_inside(char *path, const char *folder) {
-    if (path_stays_inside(path, folder)) {
-        return path;
-    }
-    zof_printf("%s: a link leads out of the project, not opened", path);
-    return nullptr;
-}
-
 // Folders set by the runtime that are outside the project, such as those of the drives, are not checked for links.
 char *zof_res_get_prjfile_path(const char *dir, const char *name) {
     if (!path_name_passes(dir, name)) {
@@ -95,7 +86,7 @@ char *zof_res_get_prjfile_path(const char *dir, const char *name) {
     const char *project = zof_res_get_prj_path();
     char *path = zof_res_file_path(project, dir, name);
     const bool ours = dir && std::strncmp(dir, "../", 3) == 0;
-    return ours ? path : linked_inside(path, project);
+    return ours ? path : path_linked_inside(path, project);
 }
 
 // Returns true if the parts fit the local buffer, otherwise false after a message.
@@ -120,42 +111,6 @@ char *zof_res_get_theme_path(const char *theme, u32 type) {
     }
     char whole[LOCAL_NAME_SIZE];
     return local_name(whole, file, ".g", "") ? zof_res_get_prjfile_path("config/theme/", whole) : nullptr;
-}
-
-// P is the parent of the project folder.
-static char *drive_path(const char *name) {
-    char letter[3] = {name[0], ':', '\0'};
-    if (!path_name_passes(nullptr, letter) || !path_name_passes(letter, name + 2)) {
-        return nullptr;
-    }
-    auto *path = (char *)zof_fs_get_real_path(name);
-    const char *base = zof_fs_drive_base(name[0]);
-    if (!base && !path_outside_allowed()) {
-        zof_printf("%s: no such drive", name);
-        return nullptr;
-    }
-    const char *folder = base && name[0] == 'P' ? zof_res_file_path(base, "..", nullptr) : base;
-    return linked_inside(path, folder);
-}
-
-char *zof_res_path_check(const char *name, const char *dir) {
-    if (!name) {
-        return nullptr;
-    }
-    return zof_fs_path_check(name) == 0 ? drive_path(name) : zof_res_get_prjfile_path(dir, name);
-}
-
-const char *zof_res_picture_path(const char *name) {
-    const char *path = zof_res_path_check(name, "image/");
-    return zof_res_is_picture_path(path) ? path : nullptr;
-}
-
-zof_bool zof_res_is_picture_path(const char *path) {
-    return path && path[0] >= ' ' && path[0] < 0x7F;
-}
-
-zof_bool zof_res_picture_in(const char *folder, const char *path) {
-    return path_stays_inside(path, folder);
 }
 
 void zof_res_check_path(char *text) {

@@ -6,6 +6,7 @@
 #include <cjson/cJSON.h>
 
 #include "project/base/zof_ctrl_attr.h"
+#include "project/base/zof_prj_cur.h"
 
 ZOF_C_BEGIN
 
@@ -110,6 +111,12 @@ zof_prj_attr_t *zof_j2s_get_prj_attr(const char *path);
 // Adds the project file's views to the list, in file order, and releases the file. Works once after each
 // zof_j2s_get_prj_attr; returns -1 otherwise, and for null.
 s32 zof_j2s_view_name_list_get(db_list *list);
+
+// Returns the list of view names in the order of the project file; `arg` is unused. Returns null without memory.
+db_list *zof_view_name_list_get(void *arg);
+
+// Appends an entry, which the list then owns. Returns 0 or -1.
+s32 zof_view_name_list_add(db_list *list, zof_view_name_t *entry);
 
 ZOF_C_END
 

@@ -4,7 +4,6 @@
 
 #include "project/path/zof_res.h"
 #include "project/read/zof_j2s.h"
-#include "project/view/zof_view.h"
 #include "zof_lib/zof_stdio.h"
 
 static struct {
@@ -63,6 +62,15 @@ zof_prj_attr_t *zof_j2s_get_prj_attr(const char *path) {
     return record_of(g_prj.json.root, GetPrjStruct);
 }
 
+static int name_compare(void *data, void *key) {
+    const zof_view_name_t *entry = (const zof_view_name_t *)data;
+    return entry && key && entry->id == *(const u32 *)key ? 0 : 1;
+}
+
+s32 zof_view_name_list_add(db_list *list, zof_view_name_t *entry) {
+    return list && entry ? __db_list_put_tail(list, entry) : -1;
+}
+
 static zof_view_name_t *view_name_of(cJSON *entry) {
     cJSON *id = cJSON_GetObjectItem(entry, "pageId");
     const char *name = cJSON_GetStringValue(cJSON_GetObjectItem(entry, "pageName"));
@@ -105,4 +113,15 @@ s32 zof_j2s_view_name_list_get(db_list *list) {
     }
     RootJsonDel(&g_prj.json);
     return 0;
+}
+
+db_list *zof_view_name_list_get(void *arg) {
+    (void)arg;
+    db_list *list = db_list_create();
+    if (!list) {
+        return nullptr;
+    }
+    list->compare = name_compare;
+    zof_j2s_view_name_list_get(list);
+    return list;
 }

@@ -2,7 +2,7 @@
 #ifndef ZOF_VIEW_H
 #define ZOF_VIEW_H
 
-#include "project/zof_prj.h"
+#include "project/base/zof_prj_cur.h"
 
 ZOF_C_BEGIN
 
@@ -50,12 +50,6 @@ lv_anim_path_cb_t zof_anim_path_get(u32 path);
 // completed first. The old screen gets LV_EVENT_SCREEN_UNLOADED at the end; input is off while both are visible. Does
 // nothing with a null screen or path, or with the screen that is already shown.
 void zof_scr_load_anim(lv_obj_t *scr, u32 transition, u32 time, u32 delay, lv_anim_path_cb_t path);
-
-// Returns the list of view names in the order of the project file; `arg` is unused. Returns null without memory.
-db_list *zof_view_name_list_get(void *arg);
-
-// Appends an entry, which the list then owns. Returns 0 or -1.
-s32 zof_view_name_list_add(db_list *list, zof_view_name_t *entry);
 
 // Returns the file name of a view, in config/view/; null for an id that the project file does not have.
 const char *zof_view_name_get(u32 id);

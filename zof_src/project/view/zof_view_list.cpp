@@ -9,29 +9,9 @@
 #include "project/view/zof_view_layer.h"
 #include "zof_lib/zof_stdio.h"
 
-static int name_compare(void *data, void *key) {
-    const zof_view_name_t *entry = (const zof_view_name_t *)data;
-    return entry && key && entry->id == *(const u32 *)key ? 0 : 1;
-}
-
 static int node_compare(void *data, void *key) {
     const zof_view_node_t *node = (const zof_view_node_t *)data;
     return node && key && node->attr->v_id == *(const u32 *)key ? 0 : 1;
-}
-
-db_list *zof_view_name_list_get(void *arg) {
-    (void)arg;
-    db_list *list = db_list_create();
-    if (!list) {
-        return nullptr;
-    }
-    list->compare = name_compare;
-    zof_j2s_view_name_list_get(list);
-    return list;
-}
-
-s32 zof_view_name_list_add(db_list *list, zof_view_name_t *entry) {
-    return list && entry ? __db_list_put_tail(list, entry) : -1;
 }
 
 const char *zof_view_name_get(u32 id) {
