@@ -1,11 +1,7 @@
 // The bench panel's entry into the runtime: its four views and its main function.
 #include "zof.h"
 
-#include "hardware/zof_hw.h"
-#include "ui/view1/view1_ui.h"
-#include "ui/view2/view2_ui.h"
-#include "ui/view3/view3_ui.h"
-#include "ui/view4/view4_ui.h"
+#include "hardware/uart/zof_hw_uart.h"
 #include "zof_main.h"
 
 const zof_view_fun_t zof_views_fun[ZOF_VIEW_COUNT] = {

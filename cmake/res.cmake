@@ -1,5 +1,5 @@
 # The panel's project folder, staged in the build tree: view and language files from res/make/panel.py, fonts from
-# Debian's family, pictures drawn by a script; and the ids of its controls as C enumerators. A second folder is staged
+# Debian's family, pictures drawn by a script; and headers for its code: the ids of its controls, its colours and texts. A second folder is staged
 # for tests, with a version and build time that never change.
 find_program(ZOF_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED) # Debian's own, which finds Debian's modules
 
@@ -21,7 +21,7 @@ add_custom_command(OUTPUT ${fonts} COMMENT "Fonts of the panel" VERBATIM
   DEPENDS ${res_make}/fonts.py)
 add_custom_command(OUTPUT ${pictures} COMMENT "Pictures of the panel" VERBATIM
   COMMAND ${ZOF_PYTHON} ${res_make}/art.py ${ZOF_BENCH_STAGE}/res/font ${ZOF_BENCH_STAGE}/res/image
-  DEPENDS ${res_make}/art.py ${fonts})
+  DEPENDS ${res_make}/art.py ${res_make}/panel.py ${fonts})
 
 # One stamp per folder of view files; the one for the panel has the time of the last configuration.
 function(res_views stamp folder version time)
@@ -52,9 +52,11 @@ add_custom_target(bench_res ALL DEPENDS ${fonts} ${pictures} ${PROJECT_BINARY_DI
                                         ${PROJECT_BINARY_DIR}/licences.stamp)
 add_custom_target(bench_test_res DEPENDS ${PROJECT_BINARY_DIR}/test-views.stamp ${PROJECT_BINARY_DIR}/test-res.stamp)
 
-add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/ids.stamp BYPRODUCTS ${ZOF_BENCH_IDS_DIR}/bench_ids.h VERBATIM
+add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/ids.stamp VERBATIM
+  BYPRODUCTS ${ZOF_BENCH_IDS_DIR}/bench_ids.h ${ZOF_BENCH_IDS_DIR}/bench_look.h
   COMMAND ${CMAKE_COMMAND} -E make_directory ${ZOF_BENCH_IDS_DIR}
   COMMAND zof_ids ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_IDS_DIR}/bench_ids.h
+  COMMAND ${ZOF_PYTHON} ${res_make}/look.py ${ZOF_BENCH_IDS_DIR}/bench_look.h
   COMMAND ${CMAKE_COMMAND} -E touch ${PROJECT_BINARY_DIR}/ids.stamp
-  DEPENDS zof_ids ${PROJECT_BINARY_DIR}/views.stamp)
+  DEPENDS zof_ids ${PROJECT_BINARY_DIR}/views.stamp ${res_make}/look.py ${res_make}/panel.py)
 add_custom_target(bench_ids DEPENDS ${PROJECT_BINARY_DIR}/ids.stamp)

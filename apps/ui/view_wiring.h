@@ -5,6 +5,7 @@
 
 #include <array>
 
+#include "bench_look.h"
 #include "zof.h"
 
 // Controls without a function of their own still need a row, for the press tone and the touch hook.
@@ -26,8 +27,17 @@ constexpr std::array<zof_ctrl_fun_t, N> view_rows(const zof_ctrl_fun_t (&wired)[
     return rows;
 }
 
+template <void (*DO)()> void click_event(zof_ctrl_t *, zof_event_e event) {
+    if (event == ZOF_EVENT_CLICKED) {
+        DO();
+    }
+}
+
 // Links to another view slide, slow at the end; tabs change the view immediately.
-enum { SLIDE_MS = 250 };
+inline void slide_to(u32 view, u32 transition) {
+    zof_view_set_dis_view_anim(view, transition, 250, 0, ZOF_ANIM_PATH_END_SLOW);
+}
+
 inline void tab_to(u32 view) {
     zof_view_set_dis_view_anim(view, ZOF_SCR_LOAD_ANIM_NONE, 0, 0, ZOF_ANIM_PATH_END_SLOW);
 }
@@ -40,14 +50,13 @@ template <u32 VIEW> void tab_event(zof_ctrl_t *, zof_event_e event) {
 
 // A link label: bright while pressed, otherwise amber.
 inline void link_event(zof_ctrl_t *ctrl, zof_event_e event, u32 view, u32 transition) {
-    enum : zof_color_t { AT_REST = 0xFFFF9F0A, UNDER_FINGER = 0xFFFFE680 };
     if (event == ZOF_EVENT_PRESSED) {
-        zof_label_set_txt_color(ctrl, UNDER_FINGER);
+        zof_label_set_txt_color(ctrl, COLOR_AMBER_HI);
     } else if (event == ZOF_EVENT_PRESS_LOST || event == ZOF_EVENT_CLICKED) {
-        zof_label_set_txt_color(ctrl, AT_REST);
+        zof_label_set_txt_color(ctrl, COLOR_AMBER);
     }
     if (event == ZOF_EVENT_CLICKED) {
-        zof_view_set_dis_view_anim(view, transition, SLIDE_MS, 0, ZOF_ANIM_PATH_END_SLOW);
+        slide_to(view, transition);
     }
 }
 

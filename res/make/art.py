@@ -4,10 +4,11 @@ import math
 import os
 import sys
 from PIL import Image, ImageDraw, ImageFont
+import panel
 
 FONTS, OUT = sys.argv[1:3]
 S = 8                                        # supersampling
-GREY, TRACK, WHITE, AMBER = (0x98, 0x98, 0x9F), (0x2C, 0x2C, 0x2E), (255, 255, 255), (0xFF, 0x9F, 0x0A)
+GREY, TRACK, WHITE, AMBER = (tuple(rgb.to_bytes(3, "big")) for rgb in (panel.GREY, panel.RAISED, panel.WHITE, panel.AMBER))
 
 
 def font(name, px):

@@ -1,15 +1,17 @@
 #!/usr/bin/python3
-"""The panel's layout as data: views, controls, texts. `views.py` writes the view and language files from it."""
+"""The panel's layout as data: views, controls, texts. `views.py` writes the view and language files from it, `look.py` the
+constants of the panel's code, `art.py` draws in its colours."""
 
 # palette -------------------------------------------------------------------------------------------
 BLACK, WHITE = 0x000000, 0xFFFFFF
 CARD, RAISED = 0x1C1C1E, 0x2C2C2E
 GREY, DIM = 0x98989F, 0x8E8E93
-TRACK = (DIM, 90)                                  # unfilled part of arc, sliders and switch: colour, opacity
 AMBER, AMBER_HI, AMBER_INK, AMBER_BED = 0xFF9F0A, 0xFFE680, 0x231300, 0x3A2A10
 ON, OFF = 0x30D158, 0xFF453A
-BADGE = {"PPS": (0x64D2FF, 0x062A30), "AVS": (0xFF9F0A, 0x2A1800), "EPR": (0xBF5AF2, 0x1E0C33),
-         "FIX": (RAISED, DIM)}
+PALETTE = {name: value for name, value in dict(globals()).items() if name.isupper()}
+TRACK = (DIM, 90)                                  # unfilled part of arc, sliders and switch: colour, opacity
+BADGE = {"FIX": (RAISED, DIM), "PPS": (0x64D2FF, 0x062A30), "AVS": (AMBER, 0x2A1800), "EPR": (0xBF5AF2, 0x1E0C33)}
+CHECK_MARK = "✓"
 
 # grid: 8 px; outer margin 16; tab bar 48 at the bottom --------------------------------------------
 W, H, TAB_Y, TAB_H = 800, 480, 432, 48
@@ -35,6 +37,8 @@ DE = {
     "turn_on": "Ausgang einschalten", "turn_off": "Ausgang ausschalten", "select": "Profil wählen", "use": "%u.%02u V setzen",
     "applied": "Gesetzt", "fixed_rail": "Festes Profil", "adjustable_rail": "Einstellbar",
 }
+# Those that the panel's code writes: in English if a language does not have them.
+PROGRAM_TEXTS = ("turn_on", "turn_off", "select", "use", "applied", "fixed_rail", "adjustable_rail")
 
 
 def label(i, x, y, w, h, txt="", font=TEXT, size=20, color=WHITE, align="left", **kw):
@@ -94,12 +98,14 @@ V1 = [
     image(9, 472, 8, 320, 320, "dial.png"),
     dict(id=7, type="arc", box=(506, 42, 252, 252), width=12, track=TRACK, fill=WHITE, span=(135, 405),
          range=(0, 480), value=0),
-    label(11, 540, 76, 184, 184, "Turn output on", BOLD, 24, WHITE, "center", bg=ON, radius=92, wrap=True, line=29,
+    label(11, 540, 76, 184, 184, EN["turn_on"], BOLD, 24, WHITE, "center", bg=ON, radius=92, wrap=True, line=29,
           pad=(88, 16, 0, 16), overlay="toggle.png", click=True, shade=128, role="toggle"),
     label(8, 560, 276, 144, 48, "#to_rails", BOLD, 20, AMBER, "center", click=True),
 ] + tabs(0, {1: 12, 3: 13, 2: 14}, 15)
 
 # view 2: rails -------------------------------------------------------------------------------------
+# One row per rail. The ids have no pattern: the rows were laid out by hand.
+ROW_COLUMNS = ("badge", "volt", "meta", "curr", "check", "bg")
 ROW_ID = [(6, 2, 3, 4, 5, 67), (10, 9, 8, 7, 1, 68), (12, 11, 13, 14, 15, 79), (26, 27, 28, 29, 30, 78),
           (25, 24, 18, 22, 21, 77), (16, 17, 23, 19, 20, 76), (55, 54, 43, 42, 31, 69), (56, 53, 44, 41, 32, 70),
           (57, 52, 45, 40, 33, 71), (58, 51, 46, 39, 34, 72), (59, 50, 47, 38, 35, 73), (60, 49, 48, 37, 36, 75),
@@ -117,7 +123,7 @@ def rail_row(i):
     return [
         box(bg, x, y, CELL_W, CELL_H, bg=CARD, radius=12, hidden=True, click=True),
         label(badge, x + 12, y + 7, 44, 20, "", BOLD, 16, DIM, "center", bg=RAISED, radius=6, hidden=True),
-        label(check, x + 60, y + 5, 24, 24, "✓", BOLD, 20, AMBER, "center", hidden=True),
+        label(check, x + 60, y + 5, 24, 24, CHECK_MARK, BOLD, 20, AMBER, "center", hidden=True),
         label(volt, x + 86, y + 1, 150, 32, "", RAIL, 26, WHITE, "right", hidden=True),
         label(meta, x + 12, y + 31, 140, 20, "", TEXT, 16, GREY, "left", hidden=True),
         label(curr, x + 156, y + 30, 80, 20, "", RAIL, 20, WHITE, "right", hidden=True),
@@ -127,7 +133,7 @@ def rail_row(i):
 TRAY_Y, TRAY_H = 320, 108
 V2 = [
     dict(id=66, type="container", box=(16, 8, 768, 304),
-         kids=[c for i in range(13) for c in rail_row(i)]
+         kids=[c for i in range(len(ROW_ID)) for c in rail_row(i)]
          + [box(84, 0, 0, CELL_W, CELL_H, border=("all", 2, AMBER), radius=12, hidden=True)]),
     label(85, 16, 364, 424, 56, "#adjust_hint", TEXT, 16, GREY, "left"),
     label(80, 16, 128, 768, 32, "#no_rails", BOLD, 24, WHITE, "center"),
@@ -141,7 +147,7 @@ V2 = [
              fill=AMBER, knob_color=WHITE),
     ]),
     label(91, 456, 364, 120, 56, "#to_output", BOLD, 20, AMBER, "center", click=True),
-    label(90, 584, 364, 200, 56, "Select a rail", BOLD, 20, DIM, "center", bg=RAISED, opa=230, radius=12, click=True),
+    label(90, 584, 364, 200, 56, EN["select"], BOLD, 20, DIM, "center", bg=RAISED, opa=230, radius=12, click=True),
 ] + tabs(1, {0: 93, 3: 95, 2: 96}, 92)
 
 # view 3: about -------------------------------------------------------------------------------------
@@ -181,7 +187,7 @@ def about():
         out += [box(next(ids), 32, 126 + 56 * i, 352, 1, bg=RAISED), put(32, 162 + 56 * i, 100, key),
                 put(136, 162 + 56 * i, 256, value, color=WHITE)]
     out += [box(next(ids), 416, 16, 368, 216, bg=CARD, radius=12), put(432, 50, 336, "#about_kinds", size=20, color=WHITE)]
-    for i, kind in enumerate(("FIX", "PPS", "AVS", "EPR")):
+    for i, kind in enumerate(BADGE):
         y, (bg, ink) = 90 + 40 * i, BADGE[kind]
         out += [put(432, y, 44, kind, BOLD, 16, ink, "center", bg=bg, radius=6),
                 put(492, y, 284, "#about_" + kind.lower())]
@@ -215,7 +221,7 @@ V4 = [
 ] + tabs(2, {0: 15, 1: 16, 3: 17}, 18)
 for table in (EN, DE):                  # the tick is on the disc of the option
     for key in ("boot_off", "boot_last"):
-        table[key] = "✓   " + table[key]
+        table[key] = CHECK_MARK + "   " + table[key]
 
 VIEWS = {1: V1, 2: V2, 3: V3, 4: V4}
 

@@ -4,24 +4,9 @@
 #include "hardware/uart/zof_hw_text.h"
 #include "zof.h"
 
-static constexpr struct {
-    panel_text_e id;
-    const char *key;
-    const char *english;
-} texts[] = {
-    {TEXT_OUT_ON, "#turn_on", "Turn output on"},
-    {TEXT_OUT_OFF, "#turn_off", "Turn output off"},
-    {TEXT_SELECT, "#select", "Select a rail"},
-    {TEXT_USE, "#use", "Use %u.%02u V"},
-    {TEXT_APPLIED, "#applied", "Applied"},
-    {TEXT_FIXED, "#fixed_rail", "Fixed rail"},
-    {TEXT_ADJUSTABLE, "#adjustable_rail", "Adjustable rail"},
-};
-static_assert(sizeof(texts) / sizeof(texts[0]) == TEXT_COUNT);
-
 const char *panel_text(panel_text_e id) {
-    const char *key = texts[id].key;
-    return zof_lang_get_cur_str(key) == key ? texts[id].english : key;
+    const panel_text_t &text = panel_texts[id];
+    return zof_lang_get_cur_str(text.key) == text.key ? text.english : text.key;
 }
 
 const char *panel_words(panel_text_e id) {
@@ -38,7 +23,7 @@ static bool is_use_format(const char *text) {
 void panel_use_text(char *out, size_t size, u16 mv) {
     const char *format = panel_words(TEXT_USE);
     if (!is_use_format(format)) {
-        format = texts[TEXT_USE].english;
+        format = panel_texts[TEXT_USE].english;
     }
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"

@@ -1,19 +1,9 @@
-// Texts written by the panel's code, in the current language, or in English where the language has none.
+// The texts in bench_look.h, which the panel's code writes, in the current language, or in English where the language
+// has none.
 #ifndef ZOF_HW_TEXT_H
 #define ZOF_HW_TEXT_H
 
-#include "zof_lib/zof_type.h"
-
-enum panel_text_e {
-    TEXT_OUT_ON,
-    TEXT_OUT_OFF,
-    TEXT_SELECT,
-    TEXT_USE, // a format: volts, hundredths
-    TEXT_APPLIED,
-    TEXT_FIXED,
-    TEXT_ADJUSTABLE,
-    TEXT_COUNT
-};
+#include "bench_look.h"
 
 // Returns a text for a label: the language key, which the label keeps across language changes, or the English text if
 // the language does not have it.

@@ -32,6 +32,10 @@ void zof_uart_init(void) {
     }
 }
 
+void zof_hw_init(void) {
+    zof_uart_init();
+}
+
 s32 zof_reg_set(u16 addr, u16 data) {
     if (addr > REG_MAX) {
         return -1;

@@ -23,6 +23,9 @@ extern prof_t g_prof[RAIL_MAX];
 extern u8 g_prof_n, g_sel, g_panel_up;
 extern zof_drv_t *drv_uart;
 
+// Starts the hardware of the box, after the first view is shown.
+void zof_hw_init(void);
+
 // The link. Functions return 0, or -1 for an address above REG_MAX; sending returns the result of the driver.
 void zof_uart_init(void);
 s32 zof_reg_set(u16 addr, u16 data);

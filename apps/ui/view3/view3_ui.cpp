@@ -1,6 +1,4 @@
 // View 3, about: only its tabs have event functions.
-#include "ui/view3/view3_ui.h"
-
 #include "bench_ids.h"
 #include "ui/view_wiring.h"
 #include "zof_main.h"

@@ -1,1 +1,0 @@
-// Reserved for user code of view 2; the wiring is in view2_ui.cpp.

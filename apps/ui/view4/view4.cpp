@@ -1,1 +1,0 @@
-// Reserved for user code of view 4; the wiring is in view4_ui.cpp.
