@@ -17,12 +17,6 @@ void zof_main(void);
 // memory for LVGL's objects it logs a line and exits with ZOF_EXIT_MEMORY.
 int zof_run(int argc, char **argv);
 
-// Answers `--help`, `-h`, `--version` and `-V`, and handles the build call `t <switch><stamp>`: argv[2] without its
-// first two characters becomes "comp_time" in the project file at ../../res; all other keys stay. Prints only errors in
-// that file, which then stays unchanged. Returns 0 when the process must end, whatever the result; -1 when the user
-// interface must run.
-s32 zof_win_cmd(int argc, char **argv);
-
 ZOF_C_END
 
 #endif

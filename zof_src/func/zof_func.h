@@ -1,4 +1,5 @@
-// What the runtime does for itself at power-on: size limit, overlay of diagnostic values. Graphics thread only.
+// What the runtime does for itself: the command line, and at power-on the size limit and the overlay of diagnostic
+// values. Graphics thread only.
 #ifndef ZOF_FUNC_H
 #define ZOF_FUNC_H
 
@@ -15,6 +16,12 @@ enum {
     ZOF_SHOW_MEM = 16,
     ZOF_SHOW_BOTTOM = 32, // at the bottom centre instead of the top left; alone it shows nothing
 };
+
+// Answers `--help`, `-h`, `--version` and `-V`, and handles the build call `t <switch><stamp>`: argv[2] without its
+// first two characters becomes "comp_time" in the project file at ../../res; all other keys stay. Prints only errors in
+// that file, which then stays unchanged. Returns 0 when the process must end, whatever the result; -1 when the user
+// interface must run.
+s32 zof_win_cmd(int argc, char **argv);
 
 // Once, after the drivers and before the host link. Does not return for a project that is too large for the panel.
 void zof_func_pwon(void);

@@ -2,11 +2,11 @@
 #include <stdio.h>
 #include <string.h>
 
+#include "func/zof_func.h"
 #include "project/path/zof_res.h"
 #include "project/read/zof_j2s.h"
 #include "project/zof_ver.h"
 #include "zof_lib/zof_stdio.h"
-#include "zof_start.h"
 
 static const char prj_file[] = "../../res/config/project/zofprj.g";
 

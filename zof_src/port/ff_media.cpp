@@ -3,11 +3,11 @@
 
 #include <stdio.h>
 #include <string.h>
-#include <strings.h>
 
 #include "drv/zof_drv_file.h"
 #include "lvgl.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 enum { IO_BLOCK = 32768, STREAMS_MOST = 16, PROBE_BYTES = 1 << 20, LOOK_US = 2000000, FOREIGN_PACKETS = 4000 };
 enum { RATE_MOST = 192000, CHANNELS_MOST = 8 };
@@ -17,9 +17,9 @@ static const struct {
     const char *extension, *demuxer;
 } demuxers[] = {{".mp4", "mov"}, {".mp3", "mp3"}, {".aac", "aac"}, {".jpg", "jpeg_pipe"}};
 
-static const AVInputFormat *demuxer_of(const char *extension) {
+static const AVInputFormat *demuxer_of(const char *name) {
     for (const auto &row : demuxers) {
-        if (extension && strcasecmp(extension, row.extension) == 0) {
+        if (zof_suffix_is(name, row.extension)) {
             return ff.av_find_input_format(row.demuxer);
         }
     }
@@ -149,7 +149,7 @@ static bool streams_look(ff_media *m) {
     return good;
 }
 
-bool ff_open(ff_media *m, ff_source source, const char *extension, bool look) {
+bool ff_open(ff_media *m, ff_source source, const char *name, bool look) {
     if (!ff_lib_open()) {
         if (source.handle) {
             source.close(source.handle);
@@ -158,7 +158,7 @@ bool ff_open(ff_media *m, ff_source source, const char *extension, bool look) {
     }
     m->source = source;
     m->at = 0;
-    const AVInputFormat *demuxer = demuxer_of(extension);
+    const AVInputFormat *demuxer = demuxer_of(name);
     if (!source.handle || !demuxer || !format_alloc(m) ||
         ff.avformat_open_input(&m->format, nullptr, demuxer, nullptr) < 0 || (look && !streams_look(m))) {
         ff_close(m);

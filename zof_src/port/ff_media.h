@@ -36,10 +36,10 @@ struct ff_media {
     const std::atomic<bool> *stop; // OPTIONAL: when true, all reading ends
 };
 
-// Opens the container of a file name with this extension: ".mp4", ".mp3", ".aac" or ".jpg", in upper or lower case.
+// Opens the container that the file name says: ".mp4", ".mp3", ".aac" or ".jpg" at its end, in upper or lower case.
 // Always takes over the source. With `look` the streams are probed for what the container does not say. Returns false
 // with everything closed.
-bool ff_open(ff_media *m, ff_source source, const char *extension, bool look);
+bool ff_open(ff_media *m, ff_source source, const char *name, bool look);
 
 // Opens the decoder of the best stream of a type. Returns null, or what is wrong; the file stays open.
 const char *ff_codec_open(ff_media *m, AVMediaType type);

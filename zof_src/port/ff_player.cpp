@@ -1,6 +1,5 @@
 // The clip player. One frame is decoded ahead; when it is due it is scaled straight into the picture that LVGL draws.
 // Another thread plays the sound, so a main loop that is late skips frames instead of showing them late.
-#include <string.h>
 
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_audio.h"
@@ -101,8 +100,7 @@ static bool clip_open(lv_ffmpeg_player_t *p, const char *path) {
     if (!c) {
         return false;
     }
-    const char *extension = strrchr(path, '.');
-    if (!ff_open(&c->media, ff_source_host(path), extension, true)) {
+    if (!ff_open(&c->media, ff_source_host(path), path, true)) {
         zof_printf("video %s: cannot be opened\n", path);
         return false;
     }
@@ -317,7 +315,7 @@ lv_obj_t *lv_ffmpeg_player_create(lv_obj_t *parent) {
 
 s32 lv_ffmpeg_get_frame_num(const char *path) {
     ff_media m = {};
-    if (!path || !ff_open(&m, ff_source_host(path), strrchr(path, '.'), true)) {
+    if (!path || !ff_open(&m, ff_source_host(path), path, true)) {
         return -1;
     }
     m.stream = ff.av_find_best_stream(m.format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);

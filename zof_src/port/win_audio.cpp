@@ -2,12 +2,12 @@
 // on, and joins it.
 #include <stdlib.h>
 #include <string.h>
-#include <strings.h>
 
 #include "drv/zof_drv_audio.h"
 #include "port/win_sound.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 // For the graphics thread alone.
 static struct {
@@ -53,9 +53,8 @@ static s32 win_audio_set_src(const char *path) {
     }
     sound_stop();
     strcpy(sound.audio_file, path);
-    const bool wav = strcasecmp(extension, ".wav") == 0;
-    if (wav || strcasecmp(extension, ".mp3") == 0 || strcasecmp(extension, ".aac") == 0 ||
-        strcasecmp(extension, ".mp4") == 0) {
+    const bool wav = zof_suffix_is(path, ".wav");
+    if (wav || zof_suffix_is(path, ".mp3") || zof_suffix_is(path, ".aac") || zof_suffix_is(path, ".mp4")) {
         audio.type_wav = wav;
         sound_start();
     }

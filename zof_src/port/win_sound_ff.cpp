@@ -1,10 +1,10 @@
 // MP3, AAC and the sound of clips, with FFmpeg: every frame becomes 16-bit stereo at the file's own rate.
 #include <stdio.h>
-#include <string.h>
 
 #include "port/ff_media.h"
 #include "port/win_sound.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 enum { STEREO = 2, SAMPLES_MOST = 19200, EMPTY_PAUSE_MS = 20 };
 
@@ -51,10 +51,9 @@ static const char *device_missing() {
 
 // Returns null, or what went wrong.
 static const char *run_open(sound_run *r) {
-    const char *extension = strrchr(sound.audio_file, '.');
     r->media.stop = &sound.type_p;
-    const bool look = strcasecmp(extension, ".mp4") != 0; // its container has all the information
-    if (!ff_open(&r->media, ff_source_host(sound.audio_file), extension, look)) {
+    const bool look = !zof_suffix_is(sound.audio_file, ".mp4"); // its container has all the information
+    if (!ff_open(&r->media, ff_source_host(sound.audio_file), sound.audio_file, look)) {
         return "Failed to open file!";
     }
     const char *wrong = ff_codec_open(&r->media, AVMEDIA_TYPE_AUDIO);
