@@ -1,7 +1,6 @@
 // The upward arrows: what a lower room needs of a higher one, all in one place.
 #include "control/zof_ctrl_create.h"
 #include "control/zof_ctrl_up.h"
-#include "control/zof_text.h"
 #include "drv/zof_drv_up.h"
 #include "hmi/zof_hmi.h"
 #include "project/base/zof_prj_up.h"
@@ -15,6 +14,7 @@ const zof_drv_up_t zof_drv_up = {
 };
 
 const zof_prj_up_t zof_prj_up = {
+    .ctrl_class = zof_ctrl_class_get,
     .ctrl_list_init = zof_ctrl_list_init,
     .ctrl_list_create = zof_ctrl_list_create,
     .ctrl_delete = [](void *record) { return zof_ctrl_delete((para_t *)record); },

@@ -95,15 +95,16 @@ def example(tables, name, depth=0):
         inner = next((m[:-4] for m in more if m.endswith("_tbl")), None)
         if inner and depth < 4:
             value = example(tables, inner, depth + 1)
-            out[key] = [value] if "ARRAY" in kind else value
+            out[key] = [value] if kind == "ARR" else value
         else:
             out[key] = {"TEXT": "#hello", "BOOL": True}.get(kind, 1)
     return out
 
 
 def project_files():
-    folder = ROOT / "zof_src/project"
-    text = "".join(path.read_text() for path in sorted(folder.rglob("*.cpp")))
+    folders = [ROOT / "zof_src/project", ROOT / "zof_src/control"]
+    text = "".join(path.read_text() for folder in folders for path in sorted(folder.rglob("*.cpp")))
+    types = re.findall(r"X\([A-Z_]+, (\w+)\)", (folders[0] / "base/zof_ctrl_types.h").read_text())
     tables = {name: re.findall(r"CSON_(\w+)\(\w+,\s*([\w.]+)(?:,\s*(\w+))?(?:,\s*(\w+))?", rows)
               for name, rows in re.findall(r"const reflect_item_t (\w+)_tbl\[\] = \{(.*?)\};", text, re.S)}
     project = example(tables, "zof_prj_attr_t") | {"views": [{"pageId": 1, "pageName": "v1.g"}, {"pageId": "x"}]}
@@ -111,7 +112,7 @@ def project_files():
              "link": (2, example(tables, "zof_hmi_attr_t"))}
     fill = {"style_part": 0, "style_state": 0, "style_sect": 0, "body_t": {"opa": 255, "main_color": 255},
             "txt_t": {"font_lib": "t.ttf", "font_size": 16, "opa": 255}}
-    for number, name in enumerate(re.findall(r"\{ZOF_CTRL_\w+, (\w+)_tbl,", text)):
+    for number, name in enumerate(f"{type}_attr_t" for type in types):
         place = {"id": number + 10, "parent_id": 0, "hidden": False, "alpha": 255, "pub": number % 2 == 0,
                  "pt": {"x": 5 * number, "y": 4 * number}, "size": {"width": 60, "height": 40}}
         record = example(tables, name)

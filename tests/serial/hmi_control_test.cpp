@@ -5,10 +5,6 @@
 
 #include <algorithm>
 
-#include "control/zof_input.h"
-#include "control/zof_list.h"
-#include "control/zof_media.h"
-#include "control/zof_table_chart.h"
 #include "drv/zof_drv_video.h"
 #include "every_control.h"
 #include "hmi/zof_hmi_analys.h"

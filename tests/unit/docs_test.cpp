@@ -36,7 +36,8 @@ TEST_CASE("the manual of projects names every key") {
     keys_check(zof_style_attr_t_tbl, section("styles"));
     for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
         CAPTURE(type);
-        const std::string own = section(zof_ctrl_classes[type].name);
+        CHECK(zof_ctrl_classes[type]->type == type);
+        const std::string own = section(zof_ctrl_classes[type]->name);
         CHECK(contains(own, "Type " + std::to_string(type)));
         // Line looks and cursors are described once.
         keys_check(get_ctrl_struct_reflect(type), own + section("spinbox") + section("line"));

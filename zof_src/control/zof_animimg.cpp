@@ -1,8 +1,28 @@
 // The control around the image sequence.
+#include "control/zof_animimg.h"
+
 #include "control/lv_animimg.h"
 #include "control/zof_ctrl_in.h"
-#include "control/zof_media.h"
 #include "project/path/zof_res.h"
+
+const reflect_item_t zof_animimg_attr_t_tbl[] = {
+    CSON_OBJ(zof_animimg_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_TEXT(zof_animimg_attr_t, img_dsc_t),
+    CSON_INT(zof_animimg_attr_t, frame_rate),
+    CSON_INT(zof_animimg_attr_t, repeat_open),
+    CSON_INT(zof_animimg_attr_t, repeat_count),
+    CSON_INT(zof_animimg_attr_t, start_id),
+    CSON_INT(zof_animimg_attr_t, end_id),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_animimg_class = {
+    .type = ZOF_CTRL_ANIMIMG,
+    .name = "animimg",
+    .attr = zof_animimg_attr_t_tbl,
+    .attr_size = sizeof(zof_animimg_attr_t),
+    .create = zof_animimg_create,
+};
 
 enum { PLAYING, STOPPED, PAUSED };
 

@@ -1,9 +1,45 @@
 // Arcs: a background arc, an indicator arc that shows the value, and a knob to turn it with.
+#include "control/zof_arc.h"
+
 #include "control/zof_ctrl_in.h"
 #include "control/zof_picture.h"
-#include "control/zof_value.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
+
+const reflect_item_t zof_angle_t_tbl[] = {
+    CSON_INT(zof_angle_t, start_angle),
+    CSON_INT(zof_angle_t, end_angle),
+    CSON_END,
+};
+
+const reflect_item_t zof_range_t_tbl[] = {
+    CSON_INT(zof_range_t, minValue),
+    CSON_INT(zof_range_t, maxValue),
+    CSON_END,
+};
+
+const reflect_item_t zof_arc_attr_t_tbl[] = {
+    CSON_OBJ(zof_arc_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_OBJ(zof_arc_attr_t, angle_t, zof_angle_t_tbl),
+    CSON_INT(zof_arc_attr_t, arc_value),
+    CSON_INT(zof_arc_attr_t, mode_e),
+    CSON_OBJ(zof_arc_attr_t, range_t, zof_range_t_tbl),
+    CSON_BOOL(zof_arc_attr_t, know_dis_en),
+    CSON_TEXT(zof_arc_attr_t, arc_main_img),
+    CSON_OBJ(zof_arc_attr_t, arc_t_main, zof_line_disp_t_tbl),
+    CSON_TEXT(zof_arc_attr_t, arc_inc_img),
+    CSON_OBJ(zof_arc_attr_t, arc_t_inc, zof_line_disp_t_tbl),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_arc_class = {
+    .type = ZOF_CTRL_ARC,
+    .name = "arc",
+    .attr = zof_arc_attr_t_tbl,
+    .attr_size = sizeof(zof_arc_attr_t),
+    .create = zof_arc_create,
+    .del = zof_arc_del,
+};
 
 // A narrow range needs a higher rate, or dragging the knob would be sluggish.
 static void change_rate_set(lv_obj_t *obj, s32 span) {

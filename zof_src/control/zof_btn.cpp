@@ -1,8 +1,26 @@
 // Buttons with a text: an LVGL button and, as its first child, the label that shows the text.
+#include "control/zof_btn.h"
+
 #include "control/zof_ctrl_in.h"
-#include "control/zof_txt.h"
+#include "control/zof_txt_in.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
+
+const reflect_item_t zof_btn_attr_t_tbl[] = {
+    CSON_OBJ(zof_btn_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_btn_attr_t, mode),
+    CSON_TEXT(zof_btn_attr_t, txt),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_btn_class = {
+    .type = ZOF_CTRL_BTN,
+    .name = "button",
+    .attr = zof_btn_attr_t_tbl,
+    .attr_size = sizeof(zof_btn_attr_t),
+    .create = zof_btn_create,
+    .update_txt = zof_btn_update_txt,
+};
 
 s32 zof_btn_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_btn_attr_t *btn = (zof_btn_attr_t *)attr;

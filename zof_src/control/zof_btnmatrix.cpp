@@ -1,14 +1,31 @@
 // Button matrices: rows of captions in one object. The record keeps the captions as they were given, a second map what
 // LVGL shows; both have the same slots.
+#include "control/zof_btnmatrix.h"
+
 #include <string.h>
 
 #include "control/zof_btn_map.h"
 #include "control/zof_ctrl_in.h"
-#include "control/zof_input.h"
-#include "control/zof_text.h"
+#include "control/zof_txt.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
+
+const reflect_item_t zof_btnmatrix_attr_t_tbl[] = {
+    CSON_OBJ(zof_btnmatrix_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_btnmatrix_attr_t, btnmatrix_num),
+    CSON_ARR(zof_btnmatrix_attr_t, btnmatrix_txt, stringReflectTbl, sizeof(char *), "btnmatrix_num"),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_btnmatrix_class = {
+    .type = ZOF_CTRL_BTNMATRIX,
+    .name = "btnmatrix",
+    .attr = zof_btnmatrix_attr_t_tbl,
+    .attr_size = sizeof(zof_btnmatrix_attr_t),
+    .create = zof_btnmatrix_create,
+    .del = zof_btnmatrix_del,
+};
 
 enum { BTN_WIDTH_MAX = 7 };
 

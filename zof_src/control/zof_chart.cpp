@@ -1,8 +1,50 @@
 // Charts: axes and looks come from the file, series and values from the program.
+#include "control/zof_chart.h"
+
 #include "control/zof_ctrl_in.h"
-#include "control/zof_table_chart.h"
-#include "control/zof_value.h"
 #include "project/look/zof_style.h"
+
+const reflect_item_t zof_chart_test_tbl[] = {
+    CSON_INT(zof_chart_test_t, t_en),
+    CSON_INT(zof_chart_test_t, color_t),
+    CSON_END,
+};
+
+const reflect_item_t zof_chart_marks_t_tbl[] = {
+    CSON_INT(zof_chart_marks_t, major_tick_len),
+    CSON_INT(zof_chart_marks_t, minor_tick_len),
+    CSON_INT(zof_chart_marks_t, major_cnt),
+    CSON_INT(zof_chart_marks_t, minor_cnt),
+    CSON_INT(zof_chart_marks_t, draw_size),
+    CSON_BOOL(zof_chart_marks_t, last_mark_en),
+    CSON_END,
+};
+
+const reflect_item_t zof_chart_attr_t_tbl[] = {
+    CSON_OBJ(zof_chart_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_chart_attr_t, dis_type_e),
+    CSON_INT(zof_chart_attr_t, dis_mode_e),
+    CSON_INT(zof_chart_attr_t, y_min),
+    CSON_INT(zof_chart_attr_t, y_max),
+    CSON_INT(zof_chart_attr_t, x_min),
+    CSON_INT(zof_chart_attr_t, x_max),
+    CSON_INT(zof_chart_attr_t, point_cnt),
+    CSON_INT(zof_chart_attr_t, divline_hdiv),
+    CSON_INT(zof_chart_attr_t, divline_vdiv),
+    CSON_OBJ(zof_chart_attr_t, x_mark, zof_chart_marks_t_tbl),
+    CSON_OBJ(zof_chart_attr_t, y_mark, zof_chart_marks_t_tbl),
+    CSON_OBJ(zof_chart_attr_t, chart_line_style, zof_line_disp_t_tbl),
+    CSON_OBJ(zof_chart_attr_t, chart_line_tick_style, zof_line_disp_t_tbl),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_chart_class = {
+    .type = ZOF_CTRL_CHART,
+    .name = "chart",
+    .attr = zof_chart_attr_t_tbl,
+    .attr_size = sizeof(zof_chart_attr_t),
+    .create = zof_chart_create,
+};
 
 // LVGL's own numbers stay well within these, so that it can widen an empty range by one.
 enum { RANGE_MAX = 1 << 30 };

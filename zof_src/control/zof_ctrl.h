@@ -1,10 +1,10 @@
-// What all controls share: record, registry, event bridge, common operations, animation, deletion.
+// What all controls share: record, registry, event bridge, common operations, animation, deletion. A control's own
+// header has its attribute record, its creator (zof_ctrl_class_t.create) and its functions.
 // All of it belongs to the graphics thread, or to a caller that holds dis_mutex.
 #ifndef ZOF_CTRL_H
 #define ZOF_CTRL_H
 
-#include "project/base/zof_ctrl_attr.h"
-#include "project/base/zof_para.h"
+#include "project/base/zof_ctrl_types.h"
 #include "project/view/zof_view.h"
 
 ZOF_C_BEGIN

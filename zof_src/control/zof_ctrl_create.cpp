@@ -10,10 +10,8 @@
 #include "zof_lib/zof_stdio.h"
 
 s32 zof_ctrl_create(lv_obj_t *parent_obj, para_t *record, void *attr, u32 ctrl_type) {
-    if (!record || !attr || ctrl_type >= ZOF_CTRL_TYPE_COUNT) {
-        return -1;
-    }
-    return zof_ctrl_classes[ctrl_type].create(record, parent_obj, attr);
+    const zof_ctrl_class_t *row = zof_ctrl_class_get(ctrl_type);
+    return record && attr && row ? row->create(record, parent_obj, attr) : -1;
 }
 
 static para_t *created_record(zof_view_node_t *view, s32 id) {
@@ -159,7 +157,7 @@ static void restack(zof_view_node_t *view, para_t *record) {
     if (parent) {
         lv_obj_set_parent(record->obj, parent->obj);
         record->parent = parent;
-    } else if (record->attr->ctrl_type != ZOF_CTRL_SCROLLCONT_OBJ) { // a wheel has turned its items into an order
+    } else if (!zof_ctrl_classes[record->attr->ctrl_type]->own_order) {
         lv_obj_move_foreground(record->obj);
     }
 }

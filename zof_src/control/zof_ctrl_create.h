@@ -1,4 +1,5 @@
-// From attribute records to LVGL objects: the walk over a view's controls and the table of creators. Graphics thread.
+// What knows all controls: the rows of their types, the walk that creates them, and the update of their texts. Graphics
+// thread, or under dis_mutex.
 #ifndef ZOF_CTRL_CREATE_H
 #define ZOF_CTRL_CREATE_H
 
@@ -19,29 +20,23 @@ s32 zof_ctrl_list_create(zof_view_node_t *view);
 // events. Returns 0, or -1 with a log line.
 s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record);
 
-// Calls the type's creator and returns its result, or -1 for null and types beyond the table.
+// Calls the type's creator and returns its result, or -1 for null and unknown types.
 s32 zof_ctrl_create(lv_obj_t *parent_obj, para_t *record, void *attr, u32 ctrl_type);
 
 // Creates the control if it has attributes but no object, and shows it if it is hidden. Returns the record, or null for
 // an unknown view or control.
 para_t *zof_ctrl_show(u32 view_id, u32 ctrl_id);
 
-// All creators, here and in the families' headers, have this shape: they create the LVGL object on `parent`, store it
-// in record->obj and set it up from the type's attribute record, which stays the caller's. They return 0, or -1 with
-// nothing created. This one creates the plain container.
-s32 zof_obj_create(para_t *record, lv_obj_t *parent, void *attr);
+// Updates all texts and pictures that are language keys, on all views, shown or not. Returns 0, or -1 without a
+// project.
+s32 zof_ctrl_txt_update(void);
 
-// A row for a control family. `update_txt` updates texts after a language change; `del` releases, after the object is
-// gone, what the attribute record does not own alone.
-typedef struct {
-    u32 type;
-    const char *name;                                            // as in theme file names
-    s32 (*create)(para_t *record, lv_obj_t *parent, void *attr); // MANDATORY
-    s32 (*update_txt)(zof_ctrl_t *ctrl);                         // OPTIONAL
-    s32 (*del)(para_t *record);                                  // OPTIONAL
-} zof_ctrl_class_t;
+// The rows of all types, by number, and the names of their theme files.
+extern const zof_ctrl_class_t *const zof_ctrl_classes[ZOF_CTRL_TYPE_COUNT];
+extern const char *const themeFileName[ZOF_CTRL_TYPE_COUNT];
 
-extern const zof_ctrl_class_t zof_ctrl_classes[];
+// Returns the row of a type; null for an unknown one.
+const zof_ctrl_class_t *zof_ctrl_class_get(u32 type);
 
 ZOF_C_END
 

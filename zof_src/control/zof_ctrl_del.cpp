@@ -9,14 +9,14 @@
 // Releases the attributes of a deleted record. `gone` is a copy; the record itself may have others by now.
 static void attr_free(para_t *gone) {
     zof_pub_attr_t *attr = gone->attr;
-    const u32 type = attr->ctrl_type;
-    if (type < ZOF_CTRL_TYPE_COUNT && zof_ctrl_classes[type].del) {
-        zof_ctrl_classes[type].del(gone);
+    const zof_ctrl_class_t *row = zof_ctrl_class_get(attr->ctrl_type);
+    if (row && row->del) {
+        row->del(gone);
     }
     for (u32 i = 0; i < attr->style_num; i++) {
         zof_style_del(nullptr, attr->style_list[i]);
     }
-    zof_j2s_ctrl_delete(attr, type);
+    zof_j2s_ctrl_delete(attr, attr->ctrl_type);
 }
 
 // Copies of records that wait for the outermost hold to end, linked through their `parent`.
@@ -66,8 +66,9 @@ s32 zof_ctrl_delete(para_t *record) {
         zof_ctrl_release(record); // its object went with a parent's
         return -1;
     }
-    if (record->attr && record->attr->ctrl_type == ZOF_CTRL_VIDEO) {
-        return 0; // the object is the driver's
+    const zof_ctrl_class_t *row = record->attr ? zof_ctrl_class_get(record->attr->ctrl_type) : nullptr;
+    if (row && row->driver_object) {
+        return 0;
     }
     record->obj = nullptr;
     record->parent = nullptr;

@@ -5,8 +5,13 @@
 #include <type_traits>
 #include <utility>
 
-#include "control/zof_ctrl_create.h"
+#include "control/zof_ctrl.h"
 #include "project/base/zof_hold_in.h"
+
+// The rows, each in its control's file.
+#define ZOF_CTRL_ROW(NAME, type) extern const zof_ctrl_class_t zof_##type##_class;
+ZOF_CTRL_TYPES(ZOF_CTRL_ROW)
+#undef ZOF_CTRL_ROW
 
 // Runs `fn` on the handle's object. Returns -1 without an object, else what `fn` returns, or 0 if it returns nothing.
 // With a widget class, refuses an object of another kind: a file, not the program, decides which kind an id refers to.
@@ -51,6 +56,11 @@ static inline void zof_obj_flag_set(lv_obj_t *obj, lv_obj_flag_t flag, bool on) 
     } else {
         lv_obj_clear_flag(obj, flag);
     }
+}
+
+// Sets or clears a state of the handle's object. Returns 0, or -1 without an object.
+static inline s32 zof_obj_state_set(zof_ctrl_t *ctrl, lv_state_t state, u32 on) {
+    return on ? zof_ctrl_add_state(ctrl, state) : zof_ctrl_clear_state(ctrl, state);
 }
 
 // Releases what a record whose object is gone still owns: attributes, styles, and what its family keeps beside them.

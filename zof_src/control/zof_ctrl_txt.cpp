@@ -1,13 +1,11 @@
 // Updates the texts of all controls after a language change.
 #include "control/zof_ctrl_create.h"
-#include "control/zof_text.h"
 #include "project/view/zof_view_layer.h"
 
 static void ctrl_update(zof_view_node_t *, para_t *record) {
-    const u32 type = record->attr->ctrl_type;
-    s32 (*update)(zof_ctrl_t *) = type < ZOF_CTRL_TYPE_COUNT ? zof_ctrl_classes[type].update_txt : nullptr;
-    if (update) {
-        update(record);
+    const zof_ctrl_class_t *row = zof_ctrl_class_get(record->attr->ctrl_type);
+    if (row && row->update_txt) {
+        row->update_txt(record);
     }
 }
 

@@ -3,6 +3,15 @@
 
 #include "project/look/zof_style.h"
 
+const reflect_item_t zof_cursor_style_attr_t_tbl[] = {
+    CSON_INT(zof_cursor_style_attr_t, cursor_e),
+    CSON_INT(zof_cursor_style_attr_t, color),
+    CSON_INT(zof_cursor_style_attr_t, zof_cursor_width),
+    CSON_INT(zof_cursor_style_attr_t, zof_cursor_opa),
+    CSON_INT(zof_cursor_style_attr_t, zof_cursor_animtime),
+    CSON_END,
+};
+
 s32 zof_cursor_style_set(lv_obj_t *obj, const zof_cursor_style_attr_t *cursor, u32 selector, zof_bool with_bg) {
     if (!obj || !cursor) {
         return -1;

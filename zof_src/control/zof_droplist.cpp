@@ -1,8 +1,29 @@
 // Drop lists: a button that shows the selected option, and a list of all options that is on the screen while open.
+#include "control/zof_droplist.h"
+
 #include "control/zof_ctrl_in.h"
-#include "control/zof_list.h"
+#include "control/zof_listtxt.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
+
+const reflect_item_t zof_droplist_attr_t_tbl[] = {
+    CSON_OBJ(zof_droplist_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_TEXT(zof_droplist_attr_t, options),
+    CSON_INT(zof_droplist_attr_t, dir_t),
+    CSON_INT(zof_droplist_attr_t, anim_time),
+    CSON_INT(zof_droplist_attr_t, txt_align_e),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_droplist_class = {
+    .type = ZOF_CTRL_DROPLIST,
+    .name = "droplist",
+    .attr = zof_droplist_attr_t_tbl,
+    .attr_size = sizeof(zof_droplist_attr_t),
+    .create = zof_droplist_create,
+    .update_txt = zof_droplist_update_txt,
+    .del = zof_droplist_del,
+};
 
 static zof_droplist_attr_t *drop_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_droplist_attr_t>(ctrl, ZOF_CTRL_DROPLIST);

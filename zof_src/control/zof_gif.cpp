@@ -1,9 +1,27 @@
 // GIFs. The decoder counts its loop count down and so loses it; how often a GIF plays is kept here, and so is what its
 // timer does at the end.
+#include "control/zof_gif.h"
+
 #include "control/zof_ctrl_in.h"
-#include "control/zof_media.h"
 #include "control/zof_picture.h"
 #include "project/path/zof_res.h"
+
+const reflect_item_t zof_gif_attr_t_tbl[] = {
+    CSON_OBJ(zof_gif_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_TEXT(zof_gif_attr_t, init_gif),
+    CSON_BOOL(zof_gif_attr_t, play_en),
+    CSON_INT(zof_gif_attr_t, num),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_gif_class = {
+    .type = ZOF_CTRL_GIF,
+    .name = "gif",
+    .attr = zof_gif_attr_t_tbl,
+    .attr_size = sizeof(zof_gif_attr_t),
+    .create = zof_gif_create,
+    .no_theme = ZOF_TRUE,
+};
 
 // Runs `fn` on the decoder and timer of a GIF that has a picture. Without one there is nothing to do.
 template <typename F> static s32 on_gif(zof_ctrl_t *ctrl, F &&fn) {

@@ -1,10 +1,30 @@
 // Images: one file, shown at its own size, once in the middle of a box, or repeated over the box.
+#include "control/zof_img.h"
+
 #include "control/zof_ctrl_in.h"
-#include "control/zof_image.h"
 #include "control/zof_picture.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
+
+const reflect_item_t zof_img_attr_t_tbl[] = {
+    CSON_OBJ(zof_img_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_TEXT(zof_img_attr_t, init_img),
+    CSON_OBJ(zof_img_attr_t, rotate_pt, zof_point_t_tbl),
+    CSON_INT(zof_img_attr_t, init_angel),
+    CSON_INT(zof_img_attr_t, img_mode_e),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_img_class = {
+    .type = ZOF_CTRL_IMG,
+    .name = "img",
+    .attr = zof_img_attr_t_tbl,
+    .attr_size = sizeof(zof_img_attr_t),
+    .create = zof_img_create,
+    .update_txt = zof_img_update_src,
+    .no_theme = ZOF_TRUE,
+};
 
 enum { IMG_NATURAL, IMG_CENTRED, IMG_TILED };
 

@@ -1,11 +1,36 @@
 // Image buttons: a picture for each state and, as the first child, a label over it.
+#include "control/zof_imgbtn.h"
+
+#include "control/zof_btn.h"
 #include "control/zof_ctrl_in.h"
-#include "control/zof_image.h"
 #include "control/zof_picture.h"
-#include "control/zof_txt.h"
+#include "control/zof_txt_in.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
+
+const reflect_item_t zof_imgbtn_attr_t_tbl[] = {
+    CSON_OBJ(zof_imgbtn_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_imgbtn_attr_t, mode),
+    CSON_INT(zof_imgbtn_attr_t, pos_mode_e),
+    CSON_TEXT(zof_imgbtn_attr_t, txt),
+    CSON_TEXT(zof_imgbtn_attr_t, img_rel),
+    CSON_TEXT(zof_imgbtn_attr_t, img_pr),
+    CSON_TEXT(zof_imgbtn_attr_t, img_tgl_pr),
+    CSON_TEXT(zof_imgbtn_attr_t, img_tgl_rel),
+    CSON_TEXT(zof_imgbtn_attr_t, img_ina),
+    CSON_TEXT(zof_imgbtn_attr_t, img_tgl_ina),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_imgbtn_class = {
+    .type = ZOF_CTRL_IMGBTN,
+    .name = "image_button",
+    .attr = zof_imgbtn_attr_t_tbl,
+    .attr_size = sizeof(zof_imgbtn_attr_t),
+    .create = zof_imgbtn_create,
+    .update_txt = zof_imgbtn_update_txt,
+};
 
 // The pictures in the order in which they are set, each with LVGL's number of its state.
 static const struct {

@@ -1,14 +1,34 @@
 // Keyboards, with LVGL's Pinyin input method where a project asks for it. LVGL keeps pointers from the keyboard to the
 // text box and between input method, keyboard and candidates, and clears none of them when one is deleted; this file
 // does.
+#include "control/zof_keyboard.h"
+
 #include <string.h>
 
 #include "control/zof_btn_map.h"
+#include "control/zof_btnmatrix.h"
 #include "control/zof_ctrl_in.h"
-#include "control/zof_input.h"
 #include "project/look/zof_font.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
+
+const reflect_item_t zof_keyboard_attr_t_tbl[] = {
+    CSON_OBJ(zof_keyboard_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_BOOL(zof_keyboard_attr_t, keyboard_spell),
+    CSON_INT(zof_keyboard_attr_t, mode),
+    CSON_BOOL(zof_keyboard_attr_t, popovers),
+    CSON_TEXT(zof_keyboard_attr_t, cn_font_lib),
+    CSON_INT(zof_keyboard_attr_t, cn_font_size),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_keyboard_class = {
+    .type = ZOF_CTRL_KEYBOARD,
+    .name = "keyboard",
+    .attr = zof_keyboard_attr_t_tbl,
+    .attr_size = sizeof(zof_keyboard_attr_t),
+    .create = zof_keyboard_create,
+};
 
 enum { CHECKED_DARKER = 40, CANDIDATE_ROOM = 15, CANDIDATE_FONT_MAX = 512 };
 

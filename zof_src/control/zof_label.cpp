@@ -1,9 +1,31 @@
 // Labels. LVGL places a text at the top of its label; where a label keeps its height, this file moves the text to the
 // middle or the bottom with the label's own text offset.
+#include "control/zof_label.h"
+
 #include "control/zof_ctrl_in.h"
-#include "control/zof_txt.h"
+#include "control/zof_txt_in.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
+
+const reflect_item_t zof_label_attr_t_tbl[] = {
+    CSON_OBJ(zof_label_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_label_attr_t, auto_hight),
+    CSON_INT(zof_label_attr_t, dis_mode_e),
+    CSON_INT(zof_label_attr_t, animspeed),
+    CSON_INT(zof_label_attr_t, align_e),
+    CSON_TEXT(zof_label_attr_t, txt),
+    CSON_INT(zof_label_attr_t, align_label),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_label_class = {
+    .type = ZOF_CTRL_LABEL,
+    .name = "label",
+    .attr = zof_label_attr_t_tbl,
+    .attr_size = sizeof(zof_label_attr_t),
+    .create = zof_label_create,
+    .update_txt = zof_label_update_txt,
+};
 
 static zof_label_attr_t *label_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_label_attr_t>(ctrl, ZOF_CTRL_LABEL);

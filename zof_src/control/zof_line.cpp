@@ -1,7 +1,30 @@
 // Lines. The application supplies the points at run time and keeps them.
+#include "control/zof_line.h"
+
 #include "control/zof_ctrl_in.h"
-#include "control/zof_value.h"
 #include "project/look/zof_style.h"
+
+const reflect_item_t zof_line_disp_t_tbl[] = {
+    CSON_INT(zof_line_disp_t, color),
+    CSON_INT(zof_line_disp_t, width),
+    CSON_INT(zof_line_disp_t, opa),
+    CSON_INT(zof_line_disp_t, rounded),
+    CSON_END,
+};
+
+const reflect_item_t zof_line_attr_t_tbl[] = {
+    CSON_OBJ(zof_line_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_OBJ(zof_line_attr_t, dis_t, zof_line_disp_t_tbl),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_line_class = {
+    .type = ZOF_CTRL_LINE,
+    .name = "line",
+    .attr = zof_line_attr_t_tbl,
+    .attr_size = sizeof(zof_line_attr_t),
+    .create = zof_line_create,
+};
 
 s32 zof_line_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_line_attr_t *line = (zof_line_attr_t *)attr;

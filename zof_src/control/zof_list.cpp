@@ -1,15 +1,39 @@
 // Lists: a column of buttons, each with a label and perhaps an icon before it. The record keeps what each button was
 // given, in the order of the buttons, because a label does not know its key.
 #include "control/zof_list.h"
-#include "control/zof_picture.h"
 
 #include "control/zof_ctrl_in.h"
-#include "control/zof_image.h"
-#include "control/zof_text.h"
-#include "control/zof_txt.h"
+#include "control/zof_img.h"
+#include "control/zof_label.h"
+#include "control/zof_picture.h"
+#include "control/zof_txt_in.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
+
+const reflect_item_t zof_list_btn_t_tbl[] = {
+    CSON_TEXT(zof_list_btn_t, image_num),
+    CSON_TEXT(zof_list_btn_t, txt),
+    CSON_END,
+};
+
+const reflect_item_t zof_list_attr_t_tbl[] = {
+    CSON_OBJ(zof_list_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_list_attr_t, list_count),
+    CSON_ARR(zof_list_attr_t, btns_t, zof_list_btn_t_tbl, sizeof(zof_list_btn_t), "list_count"),
+    CSON_INT(zof_list_attr_t, anim_time),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_list_class = {
+    .type = ZOF_CTRL_LIST,
+    .name = "list",
+    .attr = zof_list_attr_t_tbl,
+    .attr_size = sizeof(zof_list_attr_t),
+    .create = zof_list_create,
+    .update_txt = zof_list_update_txt,
+    .del = zof_list_del,
+};
 
 static zof_list_attr_t *list_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_list_attr_t>(ctrl, ZOF_CTRL_LIST);

@@ -1,8 +1,9 @@
 // Options of drop lists and rollers. LVGL wants one text with a line for each option; a change of language, or of one
 // option, needs the texts as they were given. So the list is authoritative, and LVGL's text is made from it.
+#include "control/zof_listtxt.h"
+
 #include <string.h>
 
-#include "control/zof_list.h"
 #include "project/look/zof_lang.h"
 #include "zof_lib/zof_stdio.h"
 

@@ -1,10 +1,31 @@
 // Message boxes: title, text and a row of buttons, each of which may be missing.
+#include "control/zof_mbox.h"
+
 #include "control/zof_btn_map.h"
 #include "control/zof_ctrl_in.h"
-#include "control/zof_input.h"
-#include "control/zof_txt.h"
+#include "control/zof_txt_in.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
+
+const reflect_item_t zof_mbox_attr_t_tbl[] = {
+    CSON_OBJ(zof_mbox_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_TEXT(zof_mbox_attr_t, title),
+    CSON_TEXT(zof_mbox_attr_t, txt),
+    CSON_INT(zof_mbox_attr_t, btn_num),
+    CSON_ARR(zof_mbox_attr_t, btn_txt, stringReflectTbl, sizeof(char *), "btn_num"),
+    CSON_INT(zof_mbox_attr_t, anim_time),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_mbox_class = {
+    .type = ZOF_CTRL_MBOX,
+    .name = "mbox",
+    .attr = zof_mbox_attr_t_tbl,
+    .attr_size = sizeof(zof_mbox_attr_t),
+    .create = zof_mbox_create,
+    .update_txt = zof_mbox_update_txt,
+    .del = zof_mbox_del,
+};
 
 static zof_mbox_attr_t *mbox_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_mbox_attr_t>(ctrl, ZOF_CTRL_MBOX);

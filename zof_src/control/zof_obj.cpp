@@ -1,7 +1,22 @@
 // Plain containers.
+#include "control/zof_obj.h"
+
 #include "control/zof_ctrl_create.h"
 #include "control/zof_ctrl_in.h"
 #include "project/look/zof_style.h"
+
+const reflect_item_t zof_obj_attr_t_tbl[] = {
+    CSON_OBJ(zof_obj_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_obj_class = {
+    .type = ZOF_CTRL_OBJ,
+    .name = "container",
+    .attr = zof_obj_attr_t_tbl,
+    .attr_size = sizeof(zof_obj_attr_t),
+    .create = zof_obj_create,
+};
 
 s32 zof_obj_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_pub_attr_t *pub = (zof_pub_attr_t *)attr;

@@ -1,10 +1,30 @@
 // QR codes: LVGL's, with the sizes and texts that it can take.
+#include "control/zof_qrcode.h"
+
 #include <string.h>
 
 #include "control/zof_ctrl_in.h"
-#include "control/zof_media.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
+
+const reflect_item_t zof_qrcode_attr_t_tbl[] = {
+    CSON_OBJ(zof_qrcode_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_qrcode_attr_t, bg_color),
+    CSON_INT(zof_qrcode_attr_t, color),
+    CSON_TEXT(zof_qrcode_attr_t, txt),
+    CSON_INT(zof_qrcode_attr_t, width),
+    CSON_INT(zof_qrcode_attr_t, border_color),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_qrcode_class = {
+    .type = ZOF_CTRL_QRCODE,
+    .name = "qrcode",
+    .attr = zof_qrcode_attr_t_tbl,
+    .attr_size = sizeof(zof_qrcode_attr_t),
+    .create = zof_QR_code_create,
+    .no_theme = ZOF_TRUE,
+};
 
 enum { SIDE_MAX = 2047 }; // LVGL's limit for a picture
 

@@ -1,7 +1,30 @@
 // Roller lists: a wheel of texts, of which the one in the middle is selected.
+#include "control/zof_rollist.h"
+
 #include "control/zof_ctrl_in.h"
-#include "control/zof_list.h"
+#include "control/zof_listtxt.h"
 #include "project/look/zof_style.h"
+
+const reflect_item_t zof_rollist_attr_t_tbl[] = {
+    CSON_OBJ(zof_rollist_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_TEXT(zof_rollist_attr_t, options),
+    CSON_INT(zof_rollist_attr_t, rol_mode),
+    CSON_INT(zof_rollist_attr_t, row_cnt),
+    CSON_INT(zof_rollist_attr_t, anim_time),
+    CSON_INT(zof_rollist_attr_t, txt_align_e),
+    CSON_INT(zof_rollist_attr_t, ext_sel_width),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_rollist_class = {
+    .type = ZOF_CTRL_ROLLIST,
+    .name = "rollist",
+    .attr = zof_rollist_attr_t_tbl,
+    .attr_size = sizeof(zof_rollist_attr_t),
+    .create = zof_rollist_create,
+    .update_txt = zof_rollist_update_txt,
+    .del = zof_rollist_del,
+};
 
 enum { TURN_MS = 500 };
 

@@ -9,6 +9,43 @@
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
+const reflect_item_t zof_scrollcont_attr_t_tbl[] = {
+    CSON_OBJ(zof_scrollcont_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_scrollcont_attr_t, child_cnt),
+    CSON_INT(zof_scrollcont_attr_t, display_count),
+    CSON_INT(zof_scrollcont_attr_t, dir),
+    CSON_INT(zof_scrollcont_attr_t, pad),
+    CSON_INT(zof_scrollcont_attr_t, zoom),
+    CSON_INT(zof_scrollcont_attr_t, zoom_mode),
+    CSON_INT(zof_scrollcont_attr_t, arc_r),
+    CSON_INT(zof_scrollcont_attr_t, arc_dir),
+    CSON_INT(zof_scrollcont_attr_t, opa_mode),
+    CSON_END,
+};
+
+const reflect_item_t zof_scrollcont_obj_attr_t_tbl[] = {
+    CSON_OBJ(zof_scrollcont_obj_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_scrollcont_obj_attr_t, create_num),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_scrollcont_class = {
+    .type = ZOF_CTRL_SCROLLCONT,
+    .name = "scrollcont",
+    .attr = zof_scrollcont_attr_t_tbl,
+    .attr_size = sizeof(zof_scrollcont_attr_t),
+    .create = zof_scrollcont_create,
+};
+
+const zof_ctrl_class_t zof_scrollcont_obj_class = {
+    .type = ZOF_CTRL_SCROLLCONT_OBJ,
+    .name = "scrollcont_obj",
+    .attr = zof_scrollcont_obj_attr_t_tbl,
+    .attr_size = sizeof(zof_scrollcont_obj_attr_t),
+    .create = zof_scrollcont_obj_create,
+    .own_order = ZOF_TRUE,
+};
+
 enum { DIR_HORIZONTAL, DIR_VERTICAL, DIR_COUNT };
 enum { ZOOM_BY_ARC, ZOOM_BY_PIXELS };
 enum { FULL_SIZE = LV_IMG_ZOOM_NONE, MIDDLE_ONLY = 1 };

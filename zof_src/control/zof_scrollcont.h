@@ -7,6 +7,28 @@
 
 ZOF_C_BEGIN
 
+typedef struct {
+    zof_pub_attr_t pub_t;
+    u16 child_cnt;
+    u8 display_count;
+    u8 dir;
+    u16 pad;
+    u8 zoom;
+    u16 arc_r;
+    u8 arc_dir;
+    u8 zoom_mode;
+    u8 opa_mode;
+    u8 need_init; // no key: 1 until the wheel has its initial position
+} zof_scrollcont_attr_t;
+
+typedef struct {
+    zof_pub_attr_t pub_t;
+    u16 create_num;
+} zof_scrollcont_obj_attr_t;
+
+extern const reflect_item_t zof_scrollcont_attr_t_tbl[];
+extern const reflect_item_t zof_scrollcont_obj_attr_t_tbl[];
+
 // Creates the container. Refused with a log line when `display_count` is 0.
 s32 zof_scrollcont_create(para_t *record, lv_obj_t *parent, void *attr);
 

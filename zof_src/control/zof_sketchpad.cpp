@@ -8,6 +8,21 @@
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
+const reflect_item_t zof_sketchpad_attr_t_tbl[] = {
+    CSON_OBJ(zof_sketchpad_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_sketchpad_attr_t, toolbar),
+    CSON_INT(zof_sketchpad_attr_t, line_width),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_sketchpad_class = {
+    .type = ZOF_CTRL_SKETCHPAD,
+    .name = "sketchpad",
+    .attr = zof_sketchpad_attr_t_tbl,
+    .attr_size = sizeof(zof_sketchpad_attr_t),
+    .create = zof_sketchpad_create,
+};
+
 enum { SIDE_MAX = 2047 }; // LVGL's limit for a picture
 
 // More than two bits a pixel need, because the size has always been computed this way.

@@ -7,6 +7,14 @@
 
 ZOF_C_BEGIN
 
+typedef struct {
+    zof_pub_attr_t pub_t;
+    u8 toolbar;
+    u8 line_width;
+} zof_sketchpad_attr_t;
+
+extern const reflect_item_t zof_sketchpad_attr_t_tbl[];
+
 // 1 to 2047 pixels on each side; the control owns the pixels.
 s32 zof_sketchpad_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_sketchpad_set_width(zof_ctrl_t *ctrl, u8 width);

@@ -1,9 +1,30 @@
 // Spin boxes: a number with a fixed count of digits, changed by a step that the cursor chooses.
+#include "control/zof_spinbox.h"
+
 #include "control/zof_ctrl_in.h"
 #include "control/zof_cursor.h"
-#include "control/zof_value.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
+
+const reflect_item_t zof_spinbox_attr_t_tbl[] = {
+    CSON_OBJ(zof_spinbox_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_spinbox_attr_t, range_min),
+    CSON_INT(zof_spinbox_attr_t, range_max),
+    CSON_INT(zof_spinbox_attr_t, step),
+    CSON_INT(zof_spinbox_attr_t, int_cnt),
+    CSON_INT(zof_spinbox_attr_t, dec_cnt),
+    CSON_INT(zof_spinbox_attr_t, i_value),
+    CSON_OBJ(zof_spinbox_attr_t, cursor_style, zof_cursor_style_attr_t_tbl),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_spinbox_class = {
+    .type = ZOF_CTRL_SPINBOX,
+    .name = "spinbox",
+    .attr = zof_spinbox_attr_t_tbl,
+    .attr_size = sizeof(zof_spinbox_attr_t),
+    .create = zof_spinbox_create,
+};
 
 // LVGL counts in 32 bits and loops forever on a box without digits, so both are clamped.
 static void format_set(lv_obj_t *obj, const zof_spinbox_attr_t *box) {

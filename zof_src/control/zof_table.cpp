@@ -1,9 +1,27 @@
 // Tables. LVGL's cells all have one colour; the record keeps one for each, and a draw event applies it.
+#include "control/zof_table.h"
+
 #include "control/zof_ctrl_in.h"
-#include "control/zof_table_chart.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
+
+const reflect_item_t zof_table_attr_t_tbl[] = {
+    CSON_OBJ(zof_table_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_table_attr_t, row_cnt),
+    CSON_INT(zof_table_attr_t, col_cnt),
+    CSON_INT(zof_table_attr_t, align_table),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_table_class = {
+    .type = ZOF_CTRL_TABLE,
+    .name = "table",
+    .attr = zof_table_attr_t_tbl,
+    .attr_size = sizeof(zof_table_attr_t),
+    .create = zof_table_create,
+    .del = zof_table_del,
+};
 
 enum { COLOR_MASK = 0xFFFFFF, COLUMNS_FITTED = 255, WIDTH_MAX = 4095 };
 

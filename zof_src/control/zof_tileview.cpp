@@ -1,10 +1,44 @@
 // Tile views. An endless one always returns to its home page: when a page at either end has been reached, all pages
 // move on by one, so that the same picture is now shown at home, and the user can keep swiping in one direction
 // forever.
+#include "control/zof_tileview.h"
+
 #include "control/zof_ctrl_in.h"
-#include "control/zof_image.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
+
+const reflect_item_t zof_tileview_attr_t_tbl[] = {
+    CSON_OBJ(zof_tileview_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_tileview_attr_t, anim_time),
+    CSON_INT(zof_tileview_attr_t, count),
+    CSON_INT(zof_tileview_attr_t, start_id),
+    CSON_INT(zof_tileview_attr_t, unlimited_scroll),
+    CSON_END,
+};
+
+const reflect_item_t zof_tile_attr_t_tbl[] = {
+    CSON_OBJ(zof_tile_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_tile_attr_t, row_id),
+    CSON_INT(zof_tile_attr_t, col_id),
+    CSON_INT(zof_tile_attr_t, dir),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_tileview_class = {
+    .type = ZOF_CTRL_TILEVIEW,
+    .name = "tileview",
+    .attr = zof_tileview_attr_t_tbl,
+    .attr_size = sizeof(zof_tileview_attr_t),
+    .create = zof_tileview_create,
+};
+
+const zof_ctrl_class_t zof_tile_class = {
+    .type = ZOF_CTRL_TILE,
+    .name = "tile",
+    .attr = zof_tile_attr_t_tbl,
+    .attr_size = sizeof(zof_tile_attr_t),
+    .create = zof_tile_create,
+};
 
 // One axis of an endless view during one event.
 typedef struct {

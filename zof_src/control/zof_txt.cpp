@@ -1,5 +1,5 @@
 // Texts of controls: replacing them, and showing them in the current language.
-#include "control/zof_txt.h"
+#include "control/zof_txt_in.h"
 
 #include <string.h>
 

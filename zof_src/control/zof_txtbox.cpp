@@ -1,12 +1,36 @@
 // Text boxes. LVGL filters what a box accepts one character at a time, each with a layout and an event, and in password
 // mode not at all; so texts are filtered here, in one go, and passed on with the limits lifted.
+#include "control/zof_txtbox.h"
+
 #include <string.h>
 
 #include "control/zof_ctrl_in.h"
 #include "control/zof_cursor.h"
-#include "control/zof_input.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
+
+const reflect_item_t zof_txtbox_attr_t_tbl[] = {
+    CSON_OBJ(zof_txtbox_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_txtbox_attr_t, line_mode),
+    CSON_INT(zof_txtbox_attr_t, txt_align_e),
+    CSON_INT(zof_txtbox_attr_t, holder_txt_align_e),
+    CSON_TEXT(zof_txtbox_attr_t, accept_txt),
+    CSON_INT(zof_txtbox_attr_t, max_txt_len),
+    CSON_TEXT(zof_txtbox_attr_t, p_holder_txt),
+    CSON_TEXT(zof_txtbox_attr_t, init_txt),
+    CSON_BOOL(zof_txtbox_attr_t, pwd_mode_en),
+    CSON_INT(zof_txtbox_attr_t, pwd_char_show_time),
+    CSON_OBJ(zof_txtbox_attr_t, cursor_style_t, zof_cursor_style_attr_t_tbl),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_txtbox_class = {
+    .type = ZOF_CTRL_TXTBOX,
+    .name = "txtbox",
+    .attr = zof_txtbox_attr_t_tbl,
+    .attr_size = sizeof(zof_txtbox_attr_t),
+    .create = zof_txtbox_create,
+};
 
 // A box that is being passed a text, with the limits that are lifted meanwhile. Its events may pass it another one.
 typedef struct lift {

@@ -1,11 +1,29 @@
-// Video and sound: turns names into paths; the drivers do the rest.
+// Video players: turns names into paths; the driver does the rest.
+#include "control/zof_video.h"
+
 #include <string.h>
 
 #include "control/zof_ctrl_in.h"
-#include "control/zof_media.h"
-#include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_video.h"
 #include "project/path/zof_res.h"
+
+const reflect_item_t zof_video_attr_t_tbl[] = {
+    CSON_OBJ(zof_video_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_BOOL(zof_video_attr_t, play_en),
+    CSON_TEXT(zof_video_attr_t, txt),
+    CSON_INT(zof_video_attr_t, volume),
+    CSON_INT(zof_video_attr_t, state),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_video_class = {
+    .type = ZOF_CTRL_VIDEO,
+    .name = "video",
+    .attr = zof_video_attr_t_tbl,
+    .attr_size = sizeof(zof_video_attr_t),
+    .create = zof_video_create,
+    .driver_object = ZOF_TRUE,
+};
 
 // The attributes keep what was asked for, except that a pause while nothing plays is a stop.
 static s32 state_set(zof_video_attr_t *video, lv_obj_t *obj, u32 state) {
@@ -61,20 +79,4 @@ s32 zof_video_set_one_replay(zof_ctrl_t *ctrl, zof_bool replay) {
 
 s32 zof_video_get_state(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, zof_drv_video_get_state);
-}
-
-s32 zof_audio_set_src(const char *name) {
-    return zof_drv_audio_set_src(zof_res_path_check(name, "sound/"));
-}
-
-s32 zof_audio_set_state(u32 state) {
-    return zof_drv_audio_set_state(state);
-}
-
-s32 zof_audio_get_state(void) {
-    return zof_drv_audio_get_state();
-}
-
-s32 zof_audio_set_volum(u8 volume) {
-    return zof_drv_audio_set_volum(volume);
 }

@@ -5,7 +5,7 @@
 #include <string.h>
 
 #include "control/zof_ctrl.h"
-#include "control/zof_text.h"
+#include "control/zof_label.h"
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_aid.h"
 #include "project/look/zof_lang.h"

@@ -1,5 +1,8 @@
 // Commands of input controls (types B2 0A, B2 0C, B2 13, B2 16): message box, text box, keyboard, button matrix.
-#include "control/zof_input.h"
+#include "control/zof_btnmatrix.h"
+#include "control/zof_keyboard.h"
+#include "control/zof_mbox.h"
+#include "control/zof_txtbox.h"
 #include "hmi/zof_hmi_ctrl_in.h"
 
 // Acknowledges with 1 for closing and opening, and for anything else.

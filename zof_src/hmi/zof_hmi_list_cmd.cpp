@@ -1,5 +1,7 @@
 // Commands of text lists (types B2 0D to B2 0F): list, drop list, roller list.
+#include "control/zof_droplist.h"
 #include "control/zof_list.h"
+#include "control/zof_rollist.h"
 #include "hmi/zof_hmi_ctrl_in.h"
 
 static s32 list_del_all(void *type, void *, void *, void *reply) {

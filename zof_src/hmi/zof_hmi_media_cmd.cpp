@@ -1,5 +1,7 @@
 // Commands of moving pictures and codes (types B2 10 to B2 12): GIF, QR code, video.
-#include "control/zof_media.h"
+#include "control/zof_gif.h"
+#include "control/zof_qrcode.h"
+#include "control/zof_video.h"
 #include "hmi/zof_hmi_ctrl_in.h"
 
 enum { VIDEO_STATES = 4 };

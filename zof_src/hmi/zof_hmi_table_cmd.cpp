@@ -1,5 +1,5 @@
 // Commands of tables (type B2 15).
-#include "control/zof_table_chart.h"
+#include "control/zof_table.h"
 #include "hmi/zof_hmi_ctrl_in.h"
 
 static s32 table_set_cell_value(void *type, void *, void *value, void *reply) {

@@ -1,7 +1,11 @@
 // Commands of controls with a text or a picture (types B2 00 to B2 03, B2 08, B2 09): label, button, image, image
 // button, switch, check box.
-#include "control/zof_image.h"
-#include "control/zof_text.h"
+#include "control/zof_btn.h"
+#include "control/zof_cb.h"
+#include "control/zof_img.h"
+#include "control/zof_imgbtn.h"
+#include "control/zof_label.h"
+#include "control/zof_sw.h"
 #include "hmi/zof_hmi_ctrl_in.h"
 
 static s32 label_get_txt(void *type, void *, void *value) {

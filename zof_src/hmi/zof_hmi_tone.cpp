@@ -1,6 +1,6 @@
 #include "hmi/zof_hmi_tone.h"
 
-#include "control/zof_media.h"
+#include "control/zof_audio.h"
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_beep.h"

@@ -1,6 +1,10 @@
 // Commands of controls with a value (types B2 04 to B2 07, B2 0B, B2 14): line, arc, bar, slider, tile view, spin box.
-#include "control/zof_image.h"
-#include "control/zof_value.h"
+#include "control/zof_arc.h"
+#include "control/zof_bar.h"
+#include "control/zof_line.h"
+#include "control/zof_slider.h"
+#include "control/zof_spinbox.h"
+#include "control/zof_tileview.h"
 #include "hmi/zof_hmi_ctrl_in.h"
 
 enum { ARC_PARTS = 2 };

@@ -2,11 +2,13 @@
 #ifndef ZOF_PRJ_UP_H
 #define ZOF_PRJ_UP_H
 
+#include "project/base/zof_ctrl_types.h"
 #include "project/base/zof_prj_cur.h"
 
 ZOF_C_BEGIN
 
 typedef struct {
+    const zof_ctrl_class_t *(*ctrl_class)(u32 type); // null for an unknown type
     db_list *(*ctrl_list_init)(void);
     s32 (*ctrl_list_create)(zof_view_node_t *view);
     s32 (*ctrl_delete)(void *record); // a para_t, when its view is left

@@ -2,7 +2,7 @@
 #ifndef ZOF_STYLE_H
 #define ZOF_STYLE_H
 
-#include "project/base/zof_ctrl_attr.h"
+#include "project/base/zof_prj_attr.h"
 
 ZOF_C_BEGIN
 

@@ -3,9 +3,9 @@
 #include <stdio.h>
 #include <string.h>
 
-#include "project/base/zof_ctrl_attr.h"
-#include "project/base/zof_para.h"
+#include "project/base/zof_ctrl_types.h"
 #include "project/base/zof_prj_cur.h"
+#include "project/base/zof_prj_up.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
 #include "project/read/zof_j2s.h"
@@ -58,10 +58,8 @@ static zof_pub_attr_t *theme_read(const char *theme, u32 type) {
 }
 
 zof_pub_attr_t *zof_theme_get_ctrl(const char *theme, u32 type) {
-    if (!theme || type >= ZOF_CTRL_TYPE_COUNT) {
-        return nullptr;
-    }
-    if (type == ZOF_CTRL_IMG || type == ZOF_CTRL_GIF || type == ZOF_CTRL_QRCODE) {
+    const zof_ctrl_class_t *row = zof_prj_up.ctrl_class(type);
+    if (!theme || !row || row->no_theme) {
         return nullptr;
     }
     if (!self.zof_theme[type] && !self.broken[type] && self.chosen[0]) {
@@ -183,7 +181,7 @@ static void theme_align(const char *name, const zof_pub_attr_t *before, zof_pub_
         }
         zof_printf(
             "theme %s: %s: the style of part %u, state %u, section %u is not in the theme before and is left out", name,
-            themeFileName[now->ctrl_type], rest->style_part, rest->style_state, rest->style_sect);
+            zof_prj_up.ctrl_class(now->ctrl_type)->name, rest->style_part, rest->style_state, rest->style_sect);
         FreeStyleStruct(rest);
         zof_free(rest);
     }

@@ -6,8 +6,8 @@
 #include <cstdio>
 #include <cstring>
 
-#include "project/base/zof_ctrl_attr.h"
 #include "project/base/zof_prj_cur.h"
+#include "project/base/zof_prj_up.h"
 #include "project/path/zof_path_in.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -19,16 +19,6 @@ static struct {
     char *res_path_buf; // twice the size: the path, and the half in which it is assembled
     u32 res_path_len;   // bytes of one half
 } res;
-
-const char *const themeFileName[30] = {
-    "label",   "button",    "container", "image_button", "line",       "arc",
-    "bar",     "slider",    "sw",        "cb",           "mbox",       "tileview",
-    "txtbox",  "list",      "droplist",  "rollist",      "chart",      "table",
-    "spinbox", "img",       "gif",       "qrcode",       "video",      "keyboard",
-    "tile",    "sketchpad", "btnmatrix", "animimg",      "scrollcont", "scrollcont_obj",
-};
-static_assert(sizeof(themeFileName) / sizeof(themeFileName[0]) == ZOF_CTRL_TYPE_COUNT,
-              "one file name per control type");
 
 s32 zof_res_set_path_cache(u32 n) {
     if (n == 0) {
@@ -106,7 +96,8 @@ char *zof_res_get_g_file_path(const char *dir, const char *name) {
 
 char *zof_res_get_theme_path(const char *theme, u32 type) {
     char file[LOCAL_NAME_SIZE];
-    if (!theme || type >= ZOF_CTRL_TYPE_COUNT || !local_name(file, theme, "/", themeFileName[type])) {
+    const zof_ctrl_class_t *row = zof_prj_up.ctrl_class(type);
+    if (!theme || !row || !local_name(file, theme, "/", row->name)) {
         return nullptr;
     }
     char whole[LOCAL_NAME_SIZE];

@@ -63,9 +63,6 @@ char *zof_res_path_zof_malloc(const char *text);
 void zof_res_path_free(void *copy);
 void zof_res_update(void); // does nothing
 
-// File names of the themes, by control type.
-extern const char *const themeFileName[30];
-
 // Returns 0 if the second character is a colon, otherwise -1.
 s32 zof_fs_path_check(const char *path);
 

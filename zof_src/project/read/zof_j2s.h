@@ -5,7 +5,7 @@
 
 #include <cjson/cJSON.h>
 
-#include "project/base/zof_ctrl_attr.h"
+#include "project/base/zof_ctrl_types.h"
 #include "project/base/zof_prj_cur.h"
 
 ZOF_C_BEGIN

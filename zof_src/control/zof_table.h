@@ -1,16 +1,27 @@
-// Tables and charts. Graphics thread, or under dis_mutex. Colours are 0xRRGGBB. Functions return 0, or the value that a
-// getter's name says; -1 without an object of the kind. Rows, columns and points count from 0.
-#ifndef ZOF_TABLE_CHART_H
-#define ZOF_TABLE_CHART_H
+// Tables, as large as their rows and columns. Every cell has its own colour, in the order of the cells.
+// Graphics thread, or under dis_mutex. Functions return 0, or the value that a getter's name says; -1 without an object
+// of the kind. Colours are 0xRRGGBB. Rows and columns count from 0.
+#ifndef ZOF_TABLE_H
+#define ZOF_TABLE_H
 
 #include "control/zof_ctrl.h"
 
 ZOF_C_BEGIN
 
+typedef struct {
+    zof_pub_attr_t pub_t;
+    u16 row_cnt;
+    u16 col_cnt;
+    u32 align_table;
+    u32 *cell_colors;  // no key: one 0xRRGGBB per cell, row by row
+    u32 default_color; // no key: colour of all other cells
+} zof_table_attr_t;
+
+extern const reflect_item_t zof_table_attr_t_tbl[];
+
 // Maximum number of cells of a table.
 enum { ZOF_TABLE_CELLS = 65535 };
 
-// Tables, as large as their rows and columns. Every cell has its own colour, in the order of the cells.
 s32 zof_table_create(para_t *record, lv_obj_t *parent, void *attr);
 
 // Shows a text, or the translation of a key, which does not follow the language. A cell beyond the end makes the table
@@ -48,34 +59,6 @@ s32 zof_table_del(para_t *record);
 
 // LVGL callback that gives each cell its colour; its user data is the attribute record.
 void table_draw_part_event_cb(lv_event_t *e);
-
-// Charts. A series is LVGL's, and exists until it is removed or the chart is deleted; -1 for a series of another chart.
-s32 zof_chart_create(para_t *record, lv_obj_t *parent, void *attr);
-
-// Adds a series whose points are not set yet. `axis`: LVGL's, 0 for the primary ones. Returns the series, or null.
-lv_chart_series_t *zof_chart_add_series(zof_ctrl_t *ctrl, zof_color_t color, u32 axis);
-s32 zof_chart_series_remove(zof_ctrl_t *ctrl, lv_chart_series_t *series);
-
-// Shows the caller's values, one for each point of the chart, for as long as the series exists. LV_CHART_POINT_NONE is
-// a gap. The others copy a value: after the last one written, or to a point; a point that the chart does not have is
-// ignored. Two values are for scatter charts only.
-s32 zof_chart_set_points(zof_ctrl_t *ctrl, lv_chart_series_t *series, lv_coord_t *y);
-s32 zof_chart_set_next(zof_ctrl_t *ctrl, lv_chart_series_t *series, s32 value);
-s32 zof_chart_set_next_value2(zof_ctrl_t *ctrl, lv_chart_series_t *series, s32 x, s32 y);
-s32 zof_chart_set_value_by_id(zof_ctrl_t *ctrl, lv_chart_series_t *series, u32 id, s32 value);
-
-// Shows values that changed in the caller's array.
-s32 zof_chart_refresh(zof_ctrl_t *ctrl);
-
-// Always 0 for a series of the chart, wherever it starts.
-s32 zof_chart_get_x_start_point(zof_ctrl_t *ctrl, lv_chart_series_t *series);
-
-// Sets the width of the points, and of the lines between them, in pixels.
-s32 zof_chart_set_line_width(zof_ctrl_t *ctrl, u32 point_size, u32 line_width);
-
-// Fits the primary Y axis to the series' values, with a fifth of them as an outward margin. The first point always
-// counts, others not when they are -32768 or 32767; points that are not set yet never do.
-s32 zof_chart_set_range_auto(zof_ctrl_t *ctrl, lv_chart_series_t *series);
 
 ZOF_C_END
 

@@ -1,22 +1,36 @@
-// Bars and sliders. LVGL's slider is a bar with a knob, so one set of operations serves both.
+// Bars. LVGL's slider is a bar with a knob, so these operations serve sliders too.
+#include "control/zof_bar.h"
+
+#include "control/zof_bar_in.h"
 #include "control/zof_ctrl_in.h"
-#include "control/zof_value.h"
 #include "project/look/zof_style.h"
+
+const reflect_item_t zof_bar_attr_t_tbl[] = {
+    CSON_OBJ(zof_bar_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_INT(zof_bar_attr_t, minValue),
+    CSON_INT(zof_bar_attr_t, maxValue),
+    CSON_INT(zof_bar_attr_t, anim_time),
+    CSON_END,
+};
+
+const zof_ctrl_class_t zof_bar_class = {
+    .type = ZOF_CTRL_BAR,
+    .name = "bar",
+    .attr = zof_bar_attr_t_tbl,
+    .attr_size = sizeof(zof_bar_attr_t),
+    .create = zof_bar_create,
+};
 
 // LVGL treats a value that slides as already at its target and sets it there when the animation ends, whatever a finger
 // or a new range has done to it meanwhile. So these end the animation.
-static void slide_end(lv_obj_t *obj) {
+void zof_bar_slide_end(lv_obj_t *obj) {
     _lv_bar_anim_t *slide = &((lv_bar_t *)obj)->cur_value_anim;
     if (lv_anim_del(slide, nullptr)) {
         slide->anim_state = -1; // LVGL's mark of a value at rest
     }
 }
 
-static void event_turned(lv_event_t *e) {
-    slide_end(lv_event_get_current_target(e));
-}
-
-static s32 bar_set_up(para_t *record, zof_pub_attr_t *pub, s32 min, s32 max, u32 anim_time) {
+s32 zof_bar_set_up(para_t *record, zof_pub_attr_t *pub, s32 min, s32 max, u32 anim_time) {
     if (!record->obj) {
         return -1;
     }
@@ -33,7 +47,7 @@ s32 zof_bar_create(para_t *record, lv_obj_t *parent, void *attr) {
         return -1;
     }
     record->obj = lv_bar_create(parent);
-    return bar_set_up(record, &bar->pub_t, bar->minValue, bar->maxValue, bar->anim_time);
+    return zof_bar_set_up(record, &bar->pub_t, bar->minValue, bar->maxValue, bar->anim_time);
 }
 
 s32 zof_bar_set_bar_color(zof_ctrl_t *ctrl, zof_color_t color) {
@@ -50,7 +64,7 @@ s32 zof_bar_set_value(zof_ctrl_t *ctrl, s16 value) {
 s32 zof_bar_set_range(zof_ctrl_t *ctrl, s16 min, s16 max) {
     return zof_on(ctrl, &lv_bar_class, [=](lv_obj_t *obj) {
         if (lv_bar_get_min_value(obj) != min || lv_bar_get_max_value(obj) != max) {
-            slide_end(obj);
+            zof_bar_slide_end(obj);
         }
         lv_bar_set_range(obj, min, max);
     });
@@ -58,33 +72,4 @@ s32 zof_bar_set_range(zof_ctrl_t *ctrl, s16 min, s16 max) {
 
 s32 zof_bar_get_value(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, &lv_bar_class, lv_bar_get_value);
-}
-
-s32 zof_slider_create(para_t *record, lv_obj_t *parent, void *attr) {
-    zof_slider_attr_t *slider = (zof_slider_attr_t *)attr;
-    if (!record || !slider) {
-        return -1;
-    }
-    lv_obj_t *obj = record->obj = lv_slider_create(parent);
-    if (obj) { // before the program's handler, which may read the value
-        lv_obj_add_event_cb(obj, event_turned, (lv_event_code_t)(LV_EVENT_VALUE_CHANGED | LV_EVENT_PREPROCESS),
-                            nullptr);
-    }
-    return bar_set_up(record, &slider->pub_t, slider->minValue, slider->maxValue, slider->anim_time);
-}
-
-s32 zof_slider_set_bar_color(zof_ctrl_t *ctrl, zof_color_t color) {
-    return zof_bar_set_bar_color(ctrl, color);
-}
-
-s32 zof_slider_set_value(zof_ctrl_t *ctrl, s16 value) {
-    return zof_bar_set_value(ctrl, value);
-}
-
-s32 zof_slider_set_range(zof_ctrl_t *ctrl, s16 min, s16 max) {
-    return zof_bar_set_range(ctrl, min, max);
-}
-
-s32 zof_slider_get_value(zof_ctrl_t *ctrl) {
-    return zof_bar_get_value(ctrl);
 }

@@ -1,45 +1,25 @@
-// Switch and check box: the two controls whose value is LVGL's checked state.
+// Check boxes.
+#include "control/zof_cb.h"
+
 #include "control/zof_ctrl_in.h"
-#include "control/zof_txt.h"
+#include "control/zof_txt_in.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
 
-static s32 state_set(zof_ctrl_t *ctrl, lv_state_t state, u32 on) {
-    return zof_on(ctrl, [=](lv_obj_t *obj) {
-        if (on) {
-            lv_obj_add_state(obj, state);
-        } else {
-            lv_obj_clear_state(obj, state);
-        }
-    });
-}
+const reflect_item_t zof_cb_attr_t_tbl[] = {
+    CSON_OBJ(zof_cb_attr_t, pub_t, zof_pub_attr_t_tbl),
+    CSON_TEXT(zof_cb_attr_t, txt),
+    CSON_END,
+};
 
-s32 zof_sw_create(para_t *record, lv_obj_t *parent, void *attr) {
-    zof_sw_attr_t *sw = (zof_sw_attr_t *)attr;
-    if (!record || !sw) {
-        return -1;
-    }
-    record->obj = lv_switch_create(parent);
-    if (!record->obj) {
-        return -1;
-    }
-    zof_size_t *size = &sw->pub_t.size;
-    if (size->width == size->height && !LV_COORD_IS_SPEC(size->width)) {
-        size->width++; // LVGL's switch must not be square
-    }
-    zof_ctrl_pub_attr(record, &sw->pub_t);
-    lv_obj_set_style_anim_time(record->obj, sw->anim_time, LV_PART_MAIN);
-    zof_ctrl_style_add(record, sw->pub_t.style_list, sw->pub_t.style_num, 0);
-    return 0;
-}
-
-s32 zof_sw_set_state(zof_ctrl_t *ctrl, u32 on) {
-    return state_set(ctrl, LV_STATE_CHECKED, on);
-}
-
-u32 zof_sw_get_state(zof_ctrl_t *ctrl) {
-    return zof_ctrl_state_judge(ctrl, LV_STATE_CHECKED) == 1;
-}
+const zof_ctrl_class_t zof_cb_class = {
+    .type = ZOF_CTRL_CB,
+    .name = "cb",
+    .attr = zof_cb_attr_t_tbl,
+    .attr_size = sizeof(zof_cb_attr_t),
+    .create = zof_cb_create,
+    .update_txt = zof_cb_update_txt,
+};
 
 s32 zof_cb_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_cb_attr_t *cb = (zof_cb_attr_t *)attr;
@@ -70,15 +50,15 @@ s32 zof_cb_set_txt(zof_ctrl_t *ctrl, const char *text) {
 }
 
 s32 zof_cb_set_checked(zof_ctrl_t *ctrl, u32 on) {
-    return state_set(ctrl, LV_STATE_CHECKED, on);
+    return zof_obj_state_set(ctrl, LV_STATE_CHECKED, on);
 }
 
 u32 zof_cb_is_checked(zof_ctrl_t *ctrl) {
-    return zof_sw_get_state(ctrl);
+    return zof_ctrl_state_judge(ctrl, LV_STATE_CHECKED) == 1;
 }
 
 s32 zof_cb_set_disable(zof_ctrl_t *ctrl, u32 on) {
-    return state_set(ctrl, LV_STATE_DISABLED, on);
+    return zof_obj_state_set(ctrl, LV_STATE_DISABLED, on);
 }
 
 s32 zof_cb_is_inactive(zof_ctrl_t *ctrl) {
