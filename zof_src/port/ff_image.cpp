@@ -4,6 +4,7 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include "drv/zof_drv_file.h"
 #include "lvgl.h"
 #include "port/ff_media.h"
 #include "port/zof_port.h"
@@ -19,13 +20,13 @@ enum { PNG_FILE_MOST = 64 << 20, PNG_PIXEL_BYTES_MOST = 8 };
 
 // The picture whose size was last asked for: a frame, or the pixels of a PNG. The size is only known once it is
 // decoded, and LVGL asks right before it opens a picture, so the result is kept until then. LVGL also asks when an
-// image gets its source; a PNG is not decoded again while its file has the same bytes. The result is not in LVGL's
-// memory, which is counted, because the picture may never be opened.
+// image gets its source; a PNG is not decoded again while its file is unchanged. The pixels are in LVGL's memory, to
+// which they belong once the picture is opened.
 static struct {
     AVFrame *frame;
     u8 *pixels;
-    u8 *file; // the bytes that the pixels were decoded from
-    size_t file_size;
+    char *path; // of the PNG
+    zof_file_stamp_t stamp;
     s32 w, h;
     bool alpha;
 } asked;
@@ -34,8 +35,8 @@ static void asked_drop() {
     if (asked.frame) {
         ff.av_frame_free(&asked.frame);
     }
-    free(asked.pixels);
-    free(asked.file);
+    zof_lv_free(asked.pixels);
+    free(asked.path);
     asked = {};
 }
 
@@ -83,31 +84,35 @@ static bool side_fits(s64 side) {
     return side > 0 && side <= FF_LVGL_SIDE_MOST;
 }
 
-// Converts to LVGL's order of colours, in memory of our own.
-static u8 *png_pixels(const u8 *rgba, size_t bytes) {
-    auto *pixels = (u8 *)malloc(bytes);
-    for (size_t i = 0; pixels && i < bytes; i += 4) {
-        const u8 bgra[4] = {rgba[i + 2], rgba[i + 1], rgba[i], rgba[i + 3]};
-        memcpy(pixels + i, bgra, sizeof(bgra));
+// Converts RGBA to LVGL's order of colours, in place.
+static void png_reorder(u8 *pixels, size_t count) {
+    for (size_t i = 0; i < count; i++) {
+        u32 rgba;
+        memcpy(&rgba, pixels + 4 * i, sizeof(rgba));
+        const u32 bgra = (rgba & 0xFF00FF00u) | (rgba & 0xFFu) << 16 | (rgba >> 16 & 0xFFu);
+        memcpy(pixels + 4 * i, &bgra, sizeof(bgra));
     }
-    return pixels;
 }
 
-// Decodes a file in memory. Its size in pixels limits what its data may inflate to.
+// Decodes a file in memory. Its size in pixels limits what its data may inflate to. The checksums of its chunks detect
+// damage, so the one inside the compressed data is not computed as well.
 static void png_decode(const u8 *file, size_t size) {
     LodePNGState state;
     lodepng_state_init(&state);
+    state.decoder.zlibsettings.ignore_adler32 = 1;
     unsigned w = 0, h = 0;
     u8 *rgba = nullptr;
     if (lodepng_inspect(&w, &h, &state, file, size) == 0 && side_fits(w) && side_fits(h)) {
         state.decoder.zlibsettings.max_output_size = 2 * ((size_t)w * PNG_PIXEL_BYTES_MOST + 1) * h;
         if (lodepng_decode(&rgba, &w, &h, &state, file, size) == 0) {
-            asked.pixels = png_pixels(rgba, (size_t)w * h * 4);
+            png_reorder(rgba, (size_t)w * h);
+            asked.pixels = rgba;
             asked.w = (s32)w;
             asked.h = (s32)h;
             asked.alpha = lodepng_can_have_alpha(&state.info_png.color) != 0;
+        } else {
+            zof_lv_free(rgba);
         }
-        zof_lv_free(rgba);
     }
     lodepng_state_cleanup(&state);
 }
@@ -128,18 +133,23 @@ static u8 *png_read(const char *path, size_t *size) {
     return file;
 }
 
+// A file without a stamp, on a drive, is decoded again.
 static bool png_load(const char *path) {
-    size_t size = 0;
-    u8 *file = png_read(path, &size);
-    if (file && asked.pixels && size == asked.file_size && memcmp(file, asked.file, size) == 0) {
-        free(file);
+    zof_file_stamp_t stamp = {};
+    const bool known = zof_file_stamp(path, &stamp) == 0;
+    if (known && asked.path && strcmp(path, asked.path) == 0 && memcmp(&stamp, &asked.stamp, sizeof(stamp)) == 0) {
         return true;
     }
     asked_drop();
+    size_t size = 0;
+    u8 *file = png_read(path, &size);
     if (file) {
         png_decode(file, size);
-        asked.file = file;
-        asked.file_size = size;
+    }
+    free(file);
+    if (asked.pixels && known) {
+        asked.path = strdup(path);
+        asked.stamp = stamp;
     }
     return asked.pixels != nullptr;
 }
@@ -173,29 +183,25 @@ static lv_res_t decoder_info(lv_img_decoder_t *, const void *src, lv_img_header_
     return LV_RES_OK;
 }
 
-static bool asked_paint(u8 *pixels) {
-    if (asked.pixels) {
-        memcpy(pixels, asked.pixels, (size_t)asked.w * (size_t)asked.h * 4);
-        return true;
-    }
+static u8 *frame_pixels() {
+    auto *pixels = (u8 *)zof_lv_malloc((size_t)asked.w * (size_t)asked.h * 4 + FF_TAIL);
     SwsContext *scaler = ff_scaler(asked.w, asked.h, asked.frame->format, asked.w, asked.h);
-    const bool good = ff_scale(scaler, asked.frame, pixels, asked.w, asked.h);
+    if (pixels && !ff_scale(scaler, asked.frame, pixels, asked.w, asked.h)) {
+        zof_lv_free(pixels);
+        pixels = nullptr;
+    }
     ff.sws_freeContext(scaler);
-    return good;
+    return pixels;
 }
 
 static lv_res_t decoder_open(lv_img_decoder_t *, lv_img_decoder_dsc_t *dsc) {
     if (dsc->src_type != LV_IMG_SRC_FILE || (!asked.pixels && !asked.frame)) {
         return LV_RES_INV;
     }
-    u8 *pixels = (u8 *)zof_lv_malloc((size_t)asked.w * (size_t)asked.h * 4 + FF_TAIL);
-    if (pixels && !asked_paint(pixels)) {
-        zof_lv_free(pixels);
-        pixels = nullptr;
-    }
+    dsc->img_data = asked.pixels ? asked.pixels : frame_pixels();
+    asked.pixels = nullptr;
     asked_drop();
-    dsc->img_data = pixels;
-    return pixels ? LV_RES_OK : LV_RES_INV;
+    return dsc->img_data ? LV_RES_OK : LV_RES_INV;
 }
 
 static void decoder_close(lv_img_decoder_t *, lv_img_decoder_dsc_t *dsc) {

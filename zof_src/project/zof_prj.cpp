@@ -57,7 +57,6 @@ zof_prj_t *zof_prj_obj_create(const char *path) {
         return nullptr;
     }
     zof_prj_set_cur(prj); // first: all paths are relative to the current project
-    left_overs_clear();
     prj->attr = zof_j2s_get_prj_attr(zof_res_get_prjfile_path("config/project/", "zofprj.g"));
     if (!prj->attr) {
         return prj_give_up(prj);
@@ -106,6 +105,7 @@ s32 zof_prj_create(const zof_view_fun_t *views, u32 count) {
     if (prj->attr->init_allview) {
         all_views_load(prj);
     }
+    left_overs_clear();
     lv_timer_handler();
     return 0;
 }
@@ -113,7 +113,7 @@ s32 zof_prj_create(const zof_view_fun_t *views, u32 count) {
 // The logo object exists only during the forced refresh; its pixels stay on the panel until the first view is drawn.
 void zof_prj_show_power_on_logo(void) {
     const char *logo = zof_res_path_check("logo.png", "image/");
-    if (!FileExist(logo) || !lv_disp_get_default()) {
+    if (!logo || zof_file_kind(logo) == ZOF_FILE_NONE || !lv_disp_get_default()) {
         return;
     }
     lv_obj_t *img = lv_img_create(lv_scr_act());
