@@ -27,6 +27,7 @@ NOT_YET = {"project/read/zof_j2s_ctrl.cpp"}     # still includes the floor above
 C_LIBRARY = set("assert complex ctype errno fenv float inttypes iso646 limits locale math setjmp signal stdalign stdarg"
                 " stdatomic stdbool stddef stdint stdio stdlib stdnoreturn string tgmath threads time uchar wchar"
                 " wctype".split())
+GENERATED = {"bench_ids.h", "bench_look.h"}      # from the layout of the panel
 LIBRARIES = {"cjson/cJSON.h", "lvgl.h"}
 PORT_LIBRARIES = re.compile(r"SDL\.h|libav(codec|format|util)/\w+\.h|libsw(resample|scale)/\w+\.h"
                             r"|src/extra/libs/png/lodepng\.h")
@@ -75,7 +76,7 @@ def app_fault(name):
     """Returns what is wrong with a file of the application including a header, or None."""
     if re.match(r"port/|drv/zof_[a-z]+_up", name):
         return "the application includes the port or the wiring"
-    ours = is_ours(name) or (TOP / "apps" / name).exists() or name == "bench_ids.h"
+    ours = is_ours(name) or (TOP / "apps" / name).exists() or name in GENERATED
     return None if ours or is_standard(name) or name in LIBRARIES else f"{name} is not standard, of LVGL or ours"
 
 
