@@ -1,5 +1,7 @@
 // One allocation fails, each time in a process of its own: the start and the loading of a view complete, with less on
 // the screen, or end with the status for it, and never by a signal.
+#include <SDL.h>
+
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -9,6 +11,10 @@
 enum { NO_PROJECT = 42 };
 
 static void view_up(view_project_t &project) {
+    cJSON_Hooks json = {.malloc_fn = zof_malloc, .free_fn = zof_free}; // allocations of cJSON and SDL fail too
+    cJSON_InitHooks(&json);
+    SDL_SetMemoryFunctions(
+        zof_malloc, [](size_t n, size_t size) { return zof_malloc(n * size); }, zof_realloc, zof_free);
     project.open(640, 240);
     zof_view_set_dis_view(1);
     screen_step(50);
