@@ -88,6 +88,23 @@ def firmware():
                               bytes([2, 3]) + b"x\0", bytes([4, 60, 3, 20]), bytes([3, 255])])
 
 
+def scripts():
+    """Sessions of the panel, and scripts of the virtual board: each line alone, and all lines that do not wait or fail."""
+    tour = [line for line in (ROOT / "tools/run.session").read_text().splitlines() if line.split()[0] not in ("wait", "until")]
+    steps = ["press 632 168", "move 10 10", "release", "lang de", "view 2", "print 1 1"]
+    ends = ["wait 20", "until 90 1 1 *", "until 90 1 1 -", "until 90 2 1 *", "lang none", "view 99", "wait x", "tap 1",
+            "drag 1 2 3 4 -5", "shot a b.png", "jump", "#", "quit"]
+    files = {"tour": "\n".join(tour), "steps": "\n".join(steps)} | {f"line_{n}": line for n, line in enumerate(steps + ends)}
+    names = "wait tap press move release drag shot lang view print until quit".split()
+    seeds("session", {name: text.encode() for name, text in files.items()},
+          [f"\n{name} ".encode() for name in names] + [b"2147483648", b"-1", b"1 1"])
+    steps = ["load 4.7", "load 2A", "load 1e-300", "rail 3", "rail 12", "output on", "output off", "rails 0", "rails 13",
+             "unplug", "plug", "fault lose=50", "fault garbage", "fault split=3", "fault late=9", "fault mute", "read 16 5"]
+    files = {"all": "\n".join(f"{100 * n} {text}" for n, text in enumerate(steps)), "bad": "5 load 1\n3 quit", "args": "1 rail"}
+    seeds("board_script", {name: text.encode() for name, text in files.items()},
+          [f" {step}\n".encode() for step in steps + ["quit", "fault flood", "fault replug"]] + [b"1e308", b"#", b"="])
+
+
 def example(tables, name, depth=0):
     """A record with every key of its table."""
     out = {}
@@ -182,6 +199,7 @@ if __name__ == "__main__":
     registers()
     hosts()
     firmware()
+    scripts()
     project_files()
     seeds("binfont", {f"bpp_{bpp}": font(bpp) for bpp in (1, 2, 3, 4, 8)} | {"count": font(8, count=900)},
           [b"\xff\xff", b"\xff\xff\xff\xff", b"\0\0\0\x80", b"\x08\x14\xfc", b"a\0", b"\x2d\x4e"])

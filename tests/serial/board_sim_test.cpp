@@ -24,7 +24,7 @@ struct seen_board {
     }
 };
 
-static void tell(seen_board &s, std::initializer_list<std::pair<u16, u16>> reports) {
+static void report(seen_board &s, std::initializer_list<std::pair<u16, u16>> reports) {
     for (const auto &[addr, value] : reports) {
         board_report(s.box, addr, value);
     }
@@ -56,31 +56,31 @@ static std::string board_sim(const std::string &arguments) {
 
 TEST_CASE("board: a rail ramps up under load, folds back at its limit, and energy is power over time") {
     seen_board s;
-    tell(s, {{REG_RAIL_SELECT, 4}, {REG_OUT_REQ, 1}});
+    report(s, {{REG_RAIL_SELECT, 4}, {REG_OUT_REQ, 1}});
     board_step(s.box, 100);
     CHECK((s.box.mv > 0 && s.box.mv < 20000)); // on its way
     settle(s.box, 1000);
     CHECK((s.regs[REG_LIVE_MV] == 20000 && s.regs[REG_LIVE_MA] == 2000));
-    tell(s, {{REG_SESS_RESET, 1}});
+    report(s, {{REG_SESS_RESET, 1}});
     settle(s.box, 3600e3 * 2); // 40 W for two hours
     const u32 mwh = s.regs[REG_SESS_MWH_LO] | (u32)s.regs[REG_SESS_MWH_HI] << 16;
     CHECK((mwh >= 79999 && mwh <= 80000));
-    tell(s, {{REG_ADJ_MV, 12000}, {REG_ADJ_MA, 1000}, {REG_RAIL_SELECT, 7}});
+    report(s, {{REG_ADJ_MV, 12000}, {REG_ADJ_MA, 1000}, {REG_RAIL_SELECT, 7}});
     s.box.load.ohms = 6;
     settle(s.box, 2000);
     CHECK(s.regs[REG_LIVE_MV] == 6000);
-    tell(s, {{REG_OUT_REQ, 0}});
+    report(s, {{REG_OUT_REQ, 0}});
     settle(s.box, 1000);
     CHECK((s.regs[REG_OUT_STATE] == 0 && s.regs[REG_LIVE_MV] == 0));
 }
 
 TEST_CASE("board: what the panel reports is limited by the registers' rows, stored and sent back") {
     seen_board s;
-    tell(
+    report(
         s,
         {{REG_BRIGHT, 5}, {REG_BOOT_STATE, 1}, {REG_RAIL_SELECT, 3}, {REG_RAIL_SELECT, 99}, {REG_LIVE_MV, 7}, {21, 1}});
     CHECK(s.box.rail == 3); // there is no rail 99, and it does not count as the last one
-    tell(s, {{REG_SETTINGS_REQUEST, 1}});
+    report(s, {{REG_SETTINGS_REQUEST, 1}});
     CHECK((s.regs[REG_BRIGHT] == 10 && s.regs[REG_BOOT_STATE] == 1 && s.regs[REG_AUTO_ARM] == 0));
     CHECK(s.regs.count(REG_RAIL_SELECT) == 0); // kept in the file, but not the board's to write
 }
@@ -98,14 +98,14 @@ TEST_CASE("board: settings are saved beside no other file, and what a killed boa
     s.box.settings_file = state;
     board_power_up(s.box);
     CHECK((s.box.settings.bright == 100 && s.box.rail == 3));
-    tell(s, {{REG_BRIGHT, 40}});
+    report(s, {{REG_BRIGHT, 40}});
     CHECK(contains(file_text(state), "brightness = 40\nboot_last = 0\nauto_arm = 1\n"));
     CHECK(file_text(folder.path("other")) == "mine");
     s.box.settings_file = folder.path("none/state");
-    tell(s, {{REG_BRIGHT, 50}});
+    report(s, {{REG_BRIGHT, 50}});
     CHECK(s.box.save_failed);
     s.box.settings_file = folder.folder; // cannot be replaced
-    tell(s, {{REG_BRIGHT, 60}});
+    report(s, {{REG_BRIGHT, 60}});
     std::set<std::string> names;
     for (const auto &entry : std::filesystem::directory_iterator(folder.folder)) {
         names.insert(entry.path().filename());
@@ -168,10 +168,25 @@ TEST_CASE("board: --help lists every fault, mistakes are reported with their pla
         CHECK(contains(help, row.help));
     }
     temp_project_t folder;
-    folder.write("script", "# first\n100 load 5\n50 quit\n");
     folder.write("file", "mine");
-    const std::string script = board_sim("--script " + folder.path("script"));
-    CHECK((script[0] == '2' && contains(script, "script:3: expected a time")));
+    const std::pair<const char *, const char *> scripts[] = {
+        {"# first\n100 load 5\n50 quit\n", "2 board_sim: SCRIPT:3: expected a time"},
+        {"\n  # blank\n0 load\n", "2 board_sim: SCRIPT:3: expected: load 4.7 | load 2A"},
+        {"0 jump 3\n", "2 board_sim: SCRIPT:1: unknown command"},
+        {"0 load 0\n0 rails 14\n0 rail 13\n0 output maybe\n0 fault none\n0 read 65536 1\n1 quit\n",
+         "board_sim: SCRIPT:1: the command failed\nboard_sim: SCRIPT:2: the command failed\nboard_sim: SCRIPT:3: the "
+         "command failed\nboard_sim: SCRIPT:4: the command failed\nboard_sim: SCRIPT:5: the command "
+         "failed\nboard_sim: SCRIPT:6: the command failed\n"},
+        {"0 rails 5 # of a small source\n1 rail 4\n2 read 48 3\n3 unplug\n4 plug\n5 quit\n1e9 quit", "0 "}};
+    for (const auto &[text, output] : scripts) {
+        folder.write("script", text);
+        std::string expected = output;
+        for (size_t at; (at = expected.find("SCRIPT")) != std::string::npos;) {
+            expected.replace(at, 6, folder.path("script"));
+        }
+        CHECK(contains(board_sim("--script " + folder.path("script")), expected));
+    }
+    CHECK(contains(board_sim("--script " + folder.folder), "cannot be read"));
     CHECK(board_sim("--seconds 0.05 --link " + folder.path("file"))[0] == '1');
     CHECK(file_text(folder.path("file")) == "mine");
     REQUIRE(symlink("/nowhere", folder.path("old").c_str()) == 0);

@@ -42,12 +42,16 @@ says "cannot open /nowhere"
 rm "$work/empty.png"
 ZOF_SCRIPT="$work/session" SDL_VIDEODRIVER=offscreen timeout 60 "$build/panel/zof_bench" | true
 [ -s "$work/empty.png" ] || fail "the panel ended when its output was closed"
-printf 'wait soon\n' >"$work/session"
-ends 2 env ZOF_SCRIPT="$work/session" "$build/panel/zof_bench"
-says "session:1: a number was expected"
-printf '\ntap 5\n' >"$work/session"
-ends 2 env ZOF_SCRIPT="$work/session" "$build/panel/zof_bench"
-says "session:2: a word is missing"
+# A session with a fault: its text, and the message.
+stops() {
+    printf "$1" >"$work/session"
+    ends 2 env ZOF_SCRIPT="$work/session" "$build/panel/zof_bench"
+    says "$2"
+}
+stops 'wait soon\n' "session:1: a number was expected"
+stops '\ntap 5\n' "session:2: a word is missing"
+stops '# nothing\njump\n' "session:2: there is no such command"
+stops 'wait -5\n' "session:1: a time cannot be negative"
 
 # A project that zof_ids refuses: the project file, the view file, and the message.
 refuses() {

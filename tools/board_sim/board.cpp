@@ -7,14 +7,16 @@ static constexpr double SLEW_MV_PER_MS = 40; // a source's ramp, up and down
 static constexpr double PUSH_MS = 100;       // live values
 static constexpr double STATE_MS = 1000;     // output state again, for a panel that came up late
 
-std::vector<board_rail> board_default_rails() {
-    return {
+std::vector<board_rail> board_default_rails(size_t count) {
+    std::vector<board_rail> rails = {
         {RAIL_FIX, 5000, 5000, 5000},   {RAIL_FIX, 9000, 9000, 5000},   {RAIL_FIX, 12000, 12000, 5000},
         {RAIL_FIX, 15000, 15000, 5000}, {RAIL_FIX, 20000, 20000, 5000}, {RAIL_PPS, 3300, 11000, 5000},
         {RAIL_PPS, 3300, 16000, 5000},  {RAIL_PPS, 3300, 21000, 5000},  {RAIL_EPR, 28000, 28000, 5000},
         {RAIL_EPR, 36000, 36000, 5000}, {RAIL_EPR, 48000, 48000, 5000}, {RAIL_AVS, 9000, 20000, 3250},
         {RAIL_AVS, 15000, 28000, 5000},
     };
+    rails.resize(std::min(count, rails.size()));
+    return rails;
 }
 
 static void push(board &b, uint16_t addr, uint16_t value) {

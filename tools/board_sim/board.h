@@ -59,7 +59,8 @@ struct board {
     std::function<void(uint16_t addr, const std::vector<uint16_t> &words)> write;
 };
 
-std::vector<board_rail> board_default_rails();
+// Returns the first `count` rails of a usual source.
+std::vector<board_rail> board_default_rails(size_t count = RAIL_MAX);
 
 // Returns false after a message if the name of the settings file is that of a device or a folder. Follows a link, so
 // that its file is replaced and not the link.

@@ -5,19 +5,10 @@
 #include <csignal>
 #include <cstdio>
 #include <fstream>
-#include <iostream>
 #include <poll.h>
-#include <sstream>
 #include <unistd.h>
 
-#include "board.h"
-#include "wire.h"
-
-struct script_line {
-    double at_ms;
-    std::vector<std::string> words;
-    std::string place; // file:line
-};
+#include "script.h"
 
 struct options {
     std::vector<std::string> faults;
@@ -28,14 +19,9 @@ struct options {
     bool trace = false, quiet_noise = false;
 };
 
-static struct {
-    board box;
-    wire line;
-    frame_finder finder;
-    options opt;
-    std::deque<script_line> script;
-    double plugged_ms = 0, flooded_ms = 0;
-} sim;
+static simulation sim;
+static options opt;
+static double plugged_ms, flooded_ms;
 
 static volatile sig_atomic_t stop;
 
@@ -50,107 +36,6 @@ static void say(const char *who, const std::string &what) {
     fflush(stdout);
 }
 
-static bool parse_load(const std::string &text, board_load &load) {
-    char *end;
-    const double v = strtod(text.c_str(), &end);
-    const std::string unit = end;
-    if (end == text.c_str() || !(v > 0 && v < 1e9) || (!unit.empty() && unit != "ohm" && unit != "A")) {
-        return false;
-    }
-    load = unit == "A" ? board_load{10, v} : board_load{v, 0};
-    return true;
-}
-
-static std::vector<board_rail> first_rails(int n) {
-    std::vector<board_rail> rails = board_default_rails();
-    rails.resize((size_t)n);
-    return rails;
-}
-
-static bool number(const std::string &text, int &out) {
-    char *end;
-    const long v = strtol(text.c_str(), &end, 10);
-    out = (int)v;
-    return end != text.c_str() && *end == 0 && v >= 0 && v <= 65535;
-}
-
-using word_list = std::vector<std::string>;
-
-static bool cmd_load(const word_list &w) {
-    return parse_load(w[1], sim.box.load);
-}
-
-static bool cmd_rail(const word_list &w) {
-    int rail;
-    return number(w[1], rail) && board_select(sim.box, (uint16_t)rail);
-}
-
-static bool cmd_output(const word_list &w) {
-    if (w[1] != "on" && w[1] != "off") {
-        return false;
-    }
-    board_output(sim.box, w[1] == "on");
-    return true;
-}
-
-static bool cmd_rails(const word_list &w) {
-    int count;
-    if (!number(w[1], count) || count > RAIL_MAX) {
-        return false;
-    }
-    board_set_rails(sim.box, first_rails(count));
-    return true;
-}
-
-static void unplug() {
-    wire_unplug(sim.line);
-    sim.finder.kept.clear(); // an incomplete frame will not be continued
-}
-
-static bool cmd_unplug(const word_list &) {
-    unplug();
-    return true;
-}
-
-static bool cmd_plug(const word_list &) {
-    return wire_plug(sim.line);
-}
-
-static bool cmd_fault(const word_list &w) {
-    return fault_take(sim.line.faults, w[1]);
-}
-
-static bool cmd_read(const word_list &w) {
-    int addr, count;
-    if (!number(w[1], addr) || !number(w[2], count) || count > 255) {
-        return false;
-    }
-    wire_send(sim.line, frame_read((uint16_t)addr, (uint8_t)count), now_ms());
-    return true;
-}
-
-static bool cmd_quit(const word_list &) {
-    stop = 1;
-    return true;
-}
-
-static constexpr struct {
-    const char *name;
-    size_t count; // of words, with the name
-    const char *help;
-    bool (*run)(const word_list &w); // false: invalid argument, or the command failed
-} commands[] = {
-    {"load", 2, "load 4.7 | load 2A", cmd_load},
-    {"rail", 2, "rail N               select a rail", cmd_rail},
-    {"output", 2, "output on | output off", cmd_output},
-    {"rails", 2, "rails N              switch to a source with N rails", cmd_rails},
-    {"unplug", 1, "unplug", cmd_unplug},
-    {"plug", 1, "plug", cmd_plug},
-    {"fault", 2, "fault NAME=AMOUNT    as on the command line; 0 turns it off", cmd_fault},
-    {"read", 3, "read ADDR COUNT      read registers of the panel", cmd_read},
-    {"quit", 1, "quit", cmd_quit},
-};
-
 static std::string faults_help() {
     std::string out = "Faults (--fault NAME or --fault NAME=AMOUNT, may be repeated):\n";
     for (const fault_row &row : fault_rows) {
@@ -159,79 +44,30 @@ static std::string faults_help() {
         out += line;
     }
     out += "\nScript: lines \"MS COMMAND\", where MS is the time since the start, in ascending order; commands:\n";
-    for (const auto &row : commands) {
-        out += std::string("  ") + row.help + "\n";
-    }
-    return out + "\nExample:  board_sim --link /tmp/board --trace        then:  ZOF_COM6=/tmp/board zof_bench\n";
+    return out + script_help() +
+           "\nExample:  board_sim --link /tmp/board --trace        then:  ZOF_COM6=/tmp/board zof_bench\n";
 }
 
-static bool script_fault(const std::string &place, const std::string &what) {
-    fprintf(stderr, "board_sim: %s: %s\n", place.c_str(), what.c_str());
-    return false;
-}
-
-// Checks the name of a command and its number of words.
-static bool command_is(const script_line &s) {
-    for (const auto &row : commands) {
-        if (!s.words.empty() && s.words[0] == row.name) {
-            return s.words.size() == row.count || script_fault(s.place, std::string("expected: ") + row.help);
-        }
-    }
-    return script_fault(s.place, "unknown command");
-}
-
+// Returns whether the script was read; prints the message if not.
 static bool read_script(const std::string &path) {
     std::ifstream in(path);
-    if (!in) {
-        return script_fault(path, "cannot be read");
+    const std::string fault = in ? script_read(sim, in, path) : path + ": cannot be read";
+    if (!fault.empty()) {
+        fprintf(stderr, "board_sim: %s\n", fault.c_str());
     }
-    std::string text;
-    double last = 0;
-    for (int line = 1; std::getline(in, text); line++) {
-        text.resize(std::min(text.find('#'), text.size()));
-        std::istringstream rest(text);
-        std::string word;
-        script_line s{0, {}, path + ":" + std::to_string(line)};
-        if (text.find_first_not_of(" \t\r") == std::string::npos) {
-            continue;
-        }
-        if (!(rest >> s.at_ms) || s.at_ms < last) {
-            return script_fault(s.place, "expected a time in ms, not before that of the line above");
-        }
-        while (rest >> word) {
-            s.words.push_back(word);
-        }
-        if (!command_is(s)) {
-            return false;
-        }
-        last = s.at_ms;
-        sim.script.push_back(s);
-    }
-    return true;
-}
-
-static void run_script(double now) {
-    while (!sim.script.empty() && sim.script.front().at_ms <= now && !stop) {
-        const script_line s = sim.script.front();
-        sim.script.pop_front();
-        for (const auto &row : commands) {
-            if (s.words[0] == row.name && !row.run(s.words)) {
-                script_fault(s.place, "the command failed");
-            }
-        }
-    }
+    return fault.empty();
 }
 
 static void on_write(uint16_t addr, const std::vector<uint16_t> &words) {
     const bytes frame = frame_write(addr, words);
-    if (sim.opt.trace) {
+    if (opt.trace) {
         say("board > panel", frame_text(frame));
     }
     wire_send(sim.line, frame, now_ms());
 }
 
 static void on_frame(const bytes &frame) {
-    if (sim.opt.trace) {
+    if (opt.trace) {
         say("panel > board", frame_text(frame));
     }
     frame_report_words(frame, [](uint16_t addr, uint16_t value) { board_report(sim.box, addr, value); });
@@ -240,11 +76,11 @@ static void on_frame(const bytes &frame) {
 // Sends bursts of readings with a silence after each: the line is full, but messages still end.
 static void flood(double now) {
     const double period = 20;
-    if (sim.line.faults.flood <= 0 || now - sim.flooded_ms < period) {
+    if (sim.line.faults.flood <= 0 || now - flooded_ms < period) {
         return;
     }
-    size_t left = (size_t)(sim.line.faults.flood * (now - std::max(sim.flooded_ms, now - 2 * period)) / 1000);
-    sim.flooded_ms = now;
+    size_t left = (size_t)(sim.line.faults.flood * (now - std::max(flooded_ms, now - 2 * period)) / 1000);
+    flooded_ms = now;
     static uint16_t count;
     bytes burst;
     for (; left >= 8; left -= 8) {
@@ -259,12 +95,12 @@ static void replug(double now) {
     if (period <= 0) {
         return;
     }
-    const double since = now - sim.plugged_ms;
+    const double since = now - plugged_ms;
     if (sim.line.fd >= 0 && since > period) {
         say("line", "unplugged");
-        unplug();
+        simulation_unplug(sim);
     } else if (sim.line.fd < 0 && since > period + 1000) {
-        sim.plugged_ms = now; // even if it fails: the next attempt follows after the next pause
+        plugged_ms = now; // even if it fails: the next attempt follows after the next pause
         if (wire_plug(sim.line)) {
             say("line", "plugged in as " + sim.line.slave_name);
         }
@@ -282,7 +118,7 @@ static void receive() {
         if (sim.line.fd >= 0 && (n == 0 || (errno != EAGAIN && errno != EINTR))) {
             say("line", "the far end is gone");
             wire_lost(sim.line);
-            unplug();
+            simulation_unplug(sim);
         }
         return;
     }
@@ -290,13 +126,14 @@ static void receive() {
 
 static void loop() {
     double last = now_ms();
-    while (!stop && (sim.opt.seconds <= 0 || last < sim.opt.seconds * 1000)) {
+    while (!stop && !sim.ended && (opt.seconds <= 0 || last < opt.seconds * 1000)) {
         const double due = wire_flush(sim.line, last);
         pollfd p = {sim.line.fd, POLLIN, 0};
         poll(&p, sim.line.fd >= 0 ? 1 : 0, due >= 0 && due < 10 ? (int)due + 1 : 10);
         receive();
         const double now = now_ms();
-        run_script(now);
+        sim.now_ms = now;
+        fputs(script_run(sim).c_str(), stderr);
         board_step(sim.box, now - last);
         flood(now);
         replug(now);
@@ -306,7 +143,6 @@ static void loop() {
 
 int main(int argc, char **argv) {
     CLI::App app("The virtual board: simulates the bench box at the far end of the panel's serial line.");
-    options &opt = sim.opt;
     app.footer(faults_help());
     app.add_option("--link", sim.line.link, "create a link to the pseudo-terminal at this path")->type_name("PATH");
     app.add_option("--tty", sim.line.tty, "use this serial line instead of a pseudo-terminal")
@@ -328,7 +164,7 @@ int main(int argc, char **argv) {
             return 2;
         }
     }
-    if (!parse_load(opt.load, sim.box.load)) {
+    if (!load_parse(opt.load, sim.box.load)) {
         fprintf(stderr, "board_sim: --load takes ohms (10) or amperes (2A), not \"%s\"\n", opt.load.c_str());
         return 2;
     }
@@ -341,7 +177,7 @@ int main(int argc, char **argv) {
     sim.box.noise = !opt.quiet_noise;
     sim.box.write = on_write;
     sim.finder.found = on_frame;
-    sim.box.rails = first_rails(opt.rails);
+    sim.box.rails = board_default_rails((size_t)opt.rails);
     if (!wire_plug(sim.line)) {
         return 1;
     }

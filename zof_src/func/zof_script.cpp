@@ -15,11 +15,15 @@
 
 enum { STEP_MS = 10, TAP_MS = 60, LINE_SIZE = 512, ARG_COUNT = 6, NUMBER_MAX = 1000000000 };
 
-// The running session. `deadline` is when the current command ends; `again` repeats it at the next step.
-static struct {
+enum step_e { DONE, AGAIN };
+typedef step_e (*command_fn)(); // called at each step until it is done
+
+// The running session.
+static struct script_t {
     const char *path;
-    char *text; // what is left of the file
-    char *next;
+    char *text;     // the file
+    char *next;     // what is left of it
+    command_fn run; // the current command, null before the first one
     u32 line;
     char words[LINE_SIZE]; // the current line, split into args
     char *args[ARG_COUNT];
@@ -27,8 +31,6 @@ static struct {
     u32 started, steps; // of the current command
     s32 x, y;           // of the pointer
 } script;
-
-enum step_e { DONE, AGAIN };
 
 [[noreturn]] static void leave(int status) {
     fflush(stdout);
@@ -49,6 +51,14 @@ static s32 number(s32 index) {
     return (s32)v;
 }
 
+static u32 duration(s32 index) {
+    const s32 ms = number(index);
+    if (ms < 0) {
+        fault("a time cannot be negative");
+    }
+    return (u32)ms;
+}
+
 static u32 elapsed() {
     return zof_sys_time_ms() - script.started;
 }
@@ -66,7 +76,7 @@ static void pointer(s32 x, s32 y, zof_bool pressed) {
 }
 
 static step_e cmd_wait() {
-    return elapsed() >= (u32)number(1) ? DONE : AGAIN;
+    return elapsed() >= duration(1) ? DONE : AGAIN;
 }
 
 static step_e cmd_press() {
@@ -87,7 +97,7 @@ static step_e cmd_tap() {
 
 // The finger rests at the end before it lifts, so that the widgets see it there.
 static step_e cmd_drag() {
-    const s64 time = number(5) > 0 ? number(5) : 1;
+    const s64 time = LV_MAX(duration(5), 1);
     const s64 now = elapsed() < time ? elapsed() : time;
     pointer((s32)(number(1) + (number(3) - number(1)) * now / time),
             (s32)(number(2) + (number(4) - number(2)) * now / time), elapsed() < time + TAP_MS);
@@ -136,7 +146,7 @@ static step_e cmd_until() {
     if (strcmp(want, "*") == 0 ? !strchr(now, '-') : strcmp(want, now) == 0) {
         return DONE;
     }
-    if (elapsed() > (u32)number(1)) {
+    if (elapsed() > duration(1)) {
         zof_printf("%s:%u: after %s ms the text is \"%s\", not \"%s\"", script.path, script.line, script.args[1], now,
                    want);
         leave(3);
@@ -151,7 +161,7 @@ static step_e cmd_quit() {
 static constexpr struct {
     const char *name;
     s32 argc; // including the name; the last one takes the rest of the line
-    step_e (*run)();
+    command_fn run;
 } commands[] = {
     {"wait", 2, cmd_wait},       {"tap", 3, cmd_tap},     {"press", 3, cmd_press}, {"move", 3, cmd_press},
     {"release", 1, cmd_release}, {"drag", 6, cmd_drag},   {"shot", 2, cmd_shot},   {"lang", 2, cmd_lang},
@@ -201,7 +211,7 @@ static void split(s32 count) {
     }
 }
 
-static step_e (*command())() {
+static command_fn command() {
     const size_t name = strcspn(script.args[0], " \t");
     for (const auto &row : commands) {
         if (strlen(row.name) == name && strncmp(row.name, script.args[0], name) == 0) {
@@ -213,20 +223,21 @@ static step_e (*command())() {
 }
 
 static void script_task(zof_task_t *task) {
-    static step_e (*run)();
     script.steps++;
-    while (!run || run() == DONE) {
+    while (!script.run || script.run() == DONE) {
         if (!next_line()) {
             zof_task_del(task);
             return;
         }
-        run = command();
+        script.run = command();
         script.started = zof_sys_time_ms();
         script.steps = 0;
     }
 }
 
 void zof_script_start(void) {
+    zof_free(script.text);
+    script = {};
     script.path = getenv("ZOF_SCRIPT");
     if (!script.path || !*script.path) {
         return;

@@ -1,0 +1,42 @@
+// A script for the virtual board: lines "MS COMMAND", and what the commands do.
+#ifndef SCRIPT_H
+#define SCRIPT_H
+
+#include <istream>
+
+#include "board.h"
+#include "wire.h"
+
+struct script_line {
+    double at_ms; // since the start
+    std::vector<std::string> words;
+    std::string place; // file:line
+};
+
+// A board at work: what the commands of a script act on.
+struct simulation {
+    board box;
+    wire line;
+    frame_finder finder;
+    std::deque<script_line> script; // what is left of it
+    double now_ms = 0;              // since the start
+    bool ended = false;             // by a command
+};
+
+// Appends the lines of a script; "#" begins a comment, and times must not decrease. Returns an empty text, or a message
+// with the place of the first fault, "FILE:3: ...".
+std::string script_read(simulation &sim, std::istream &in, const std::string &file);
+
+// Runs the commands that are due, up to one that ends the simulation. Returns a line for each that failed.
+std::string script_run(simulation &sim);
+
+// Returns a line of help for each command.
+std::string script_help();
+
+// Unplugs the line, and forgets the incomplete frame on it.
+void simulation_unplug(simulation &sim);
+
+// Parses "10" or "10ohm", and "2A"; false if the text is neither or out of range.
+bool load_parse(const std::string &text, board_load &load);
+
+#endif
