@@ -156,7 +156,7 @@ static inline int zof_host_get_system_version(zof_host_t *host, int8_t selector)
     return zof_host_end(host);
 }
 
-// Reads 0xAABB; also sent unasked at power-on. Writing 0xCCDD reboots.
+// Reads 0xAABB; also sent at power-on. Writing 0xCCDD reboots.
 // Answers: u16 word
 #define ZOF_HOST_SYSTEM_REBOOT 0x02B00100ul
 static inline int zof_host_get_system_reboot(zof_host_t *host) {
@@ -203,7 +203,7 @@ static inline int zof_host_set_system_touch_config(zof_host_t *host, uint8_t fla
     return zof_host_end(host);
 }
 
-// The current touch: state 0 released, 1 pressed, 2 held, and its point. Also sent unasked, as touch_config says.
+// The current touch: state 0 released, 1 pressed, 2 held, and its point. Also sent by the panel, as touch_config says.
 // Answers: u8 state, u16 x, u16 y
 #define ZOF_HOST_SYSTEM_TOUCH 0x03B00401ul
 static inline int zof_host_get_system_touch(zof_host_t *host) {

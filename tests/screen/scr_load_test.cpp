@@ -166,9 +166,9 @@ TEST_CASE("an interrupted transition ends first, and the panel takes presses aga
     const auto pressed = [](lv_event_t *) { presses++; };
     lv_obj_add_event_cb(green, pressed, LV_EVENT_PRESSED, nullptr);
     const struct {
-        u32 first, delay; // from red to blue
-        u32 next, time;   // then to green
-        const char *told; // until then
+        u32 first, delay;     // from red to blue
+        u32 next, time;       // then to green
+        const char *reported; // until then
     } rows[] = {
         {ZOF_SCR_LOAD_ANIM_MOVE_LEFT, 0, ZOF_SCR_LOAD_ANIM_OUT_ZOOM, TIME,
          "red unload blue load blue loaded red unloaded blue unload "},
@@ -186,7 +186,7 @@ TEST_CASE("an interrupted transition ends first, and the panel takes presses aga
         load(blue, row.first, TIME, row.delay);
         screen_step(TIME / 2);
         row.next == BY_LVGL ? lv_disp_load_scr(green) : load(green, row.next, row.time);
-        CHECK((!row.told || events == row.told));
+        CHECK((!row.reported || events == row.reported));
         screen_step(2 * TIME);
         CHECK(screen_pixel(50, 30) == 0x00FF00);
         for (lv_obj_t *scr : {red, blue, green}) {

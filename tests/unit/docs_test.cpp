@@ -125,8 +125,8 @@ TEST_CASE("the messages in the manual of projects are the real ones") {
         std::string row = std::string("| ") + mistake.what + " | ";
         std::istringstream lines(example_run(mistake));
         for (std::string line; std::getline(lines, line);) {
-            const bool told = !line.empty() && line != "find work path , ././res/";
-            row += told ? (row.back() == '`' ? "<br>`" : "`") + line + "`" : "";
+            const bool printed_line = !line.empty() && line != "find work path , ././res/";
+            row += printed_line ? (row.back() == '`' ? "<br>`" : "`") + line + "`" : "";
         }
         row += " |\n";
         CAPTURE(row);

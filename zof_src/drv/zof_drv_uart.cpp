@@ -29,7 +29,7 @@ struct uart_client {
     u32 pieces;    // put into the buffer so far; under the buffer's lock
     u32 lost;      // bytes that did not fit since this was last logged; reader thread only
     u32 lost_said; // when it was last logged
-    bool told;     // it has been logged
+    bool reported; // it has been logged
 };
 
 struct uart_context {
@@ -97,12 +97,12 @@ static bool store(uart_client *client, const u8 *data, u32 size) {
 // are added up and logged at most once a second.
 static void feed(uart_client *client, const zof_drv_t *handle, const u8 *data, u32 size) {
     const u32 now = zof_sys_time_ms();
-    const bool tell = !client->told || now - client->lost_said >= TELL_MS;
+    const bool tell = !client->reported || now - client->lost_said >= TELL_MS;
     if (!(fits(client, size) || tell) || !store(client, data, size)) {
         client->lost += size;
         if (tell) {
             zof_printf("serial port %d: receive buffer full; %u bytes are lost", handle->port, client->lost);
-            client->told = true;
+            client->reported = true;
             client->lost_said = now;
             client->lost = 0;
         }

@@ -133,7 +133,7 @@ const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT] = {
      .req_names = "selector", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_s8_s8_rw_t_tbl, .get_fun = version_get},
     {.len = 1, .code = {0x01}, .chooses = ZOF_HMI_ACTS, .name = "reboot",
-     .help = "Reads 0xAABB; also sent unasked at power-on. Writing 0xCCDD reboots.",
+     .help = "Reads 0xAABB; also sent at power-on. Writing 0xCCDD reboots.",
      .value_names = "word",
      .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = reboot_get, .set_fun = reboot_set},
     {.len = 1, .code = {0x02}, .name = "bright", .help = "Brightness of the display in percent.",
@@ -150,8 +150,8 @@ const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT] = {
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = touch_config_get,
      .set_fun = touch_config_set},
     {.len = 2, .code = {0x04, 0x01}, .name = "touch",
-     .help = "The current touch: state 0 released, 1 pressed, 2 held, and its point. Also sent unasked, as "
-             "touch_config says.",
+     .help = "The current touch: state 0 released, 1 pressed, 2 held, and its point. Also sent by the "
+             "panel, as touch_config says.",
      .value_names = "state x y",
      .value = &zof_hmi_param_u8u16u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = touch_get},
     {.len = 1, .code = {0x05}, .chooses = ZOF_HMI_ACTS, .name = "rtc", .help = "Date and time.",

@@ -38,10 +38,10 @@ static s32 wdt_close() {
     if (wdt.fd < 0) {
         return -1;
     }
-    const bool told = write(wdt.fd, "V", 1) == 1;
+    const bool disarmed = write(wdt.fd, "V", 1) == 1;
     close(wdt.fd);
     wdt.fd = -1;
-    return told ? 0 : -1;
+    return disarmed ? 0 : -1;
 }
 
 static s32 wdt_set_timeout(u32 seconds) {

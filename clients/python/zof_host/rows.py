@@ -18,7 +18,7 @@ SYSTEM_REBOOT: Row[int] = Row(
     (), (),
     (("word", "u16"),),
     int, True, True,
-    "Reads 0xAABB; also sent unasked at power-on. Writing 0xCCDD reboots.", chooses=None)
+    "Reads 0xAABB; also sent at power-on. Writing 0xCCDD reboots.", chooses=None)
 
 SYSTEM_BRIGHT: Row[int] = Row(
     "system.bright", bytes.fromhex("B0 02"),
@@ -60,7 +60,7 @@ SYSTEM_TOUCH: Row[SystemTouch] = Row(
     (), (),
     (("state", "u8"), ("x", "u16"), ("y", "u16")),
     SystemTouch, True, False,
-    "The current touch: state 0 released, 1 pressed, 2 held, and its point. Also sent unasked, as touch_config says.")
+    "The current touch: state 0 released, 1 pressed, 2 held, and its point. Also sent by the panel, as touch_config says.")
 
 
 class SystemRtc(NamedTuple):
