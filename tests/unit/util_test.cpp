@@ -1,4 +1,4 @@
-// Numbers in texts, periodic tasks, and the buffer between a line and its client.
+// Numbers in texts, joined texts, periodic tasks, and the buffer between a line and its client.
 #include "zof_test.h"
 
 #include <string>
@@ -9,6 +9,15 @@ TEST_CASE("a number ends at the first character that is not a digit, and saturat
         got += std::to_string(zof_atoi(text)) + " ";
     }
     CHECK(got == "-17 5 0 0 0 2147483647 -2147483648 ");
+}
+
+TEST_CASE("texts are joined only where they fit with their terminator, and copied up to a length") {
+    char out[6] = "kept";
+    CHECK((!zof_text_join(out, sizeof(out), "abc", nullptr, "def") && std::string(out) == "kept"));
+    CHECK((zof_text_join(out, sizeof(out), "abc", nullptr, "de") && std::string(out) == "abcde"));
+    char *part = zof_text_copy_n(out, 2);
+    CHECK((std::string(part) == "ab" && !zof_text_copy(nullptr)));
+    zof_free(part);
 }
 
 TEST_CASE("a chunk or tail that does not fit is dropped completely, and the half held by a client stays intact") {

@@ -7,6 +7,7 @@
 #include "func/zof_dir_copy.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 enum { STACK = 65536, PRIORITY = 2 };
 
@@ -25,8 +26,8 @@ static void zof_dir_copy_async_fun(const char *, u8 ok) {
 }
 
 static void paths_free() {
-    zof_res_path_free(copy.dst);
-    zof_res_path_free(copy.src);
+    zof_free(copy.dst);
+    zof_free(copy.src);
     copy.dst = nullptr;
     copy.src = nullptr;
 }
@@ -36,8 +37,8 @@ s32 zof_dir_copy_async(const char *dst, const char *src, zof_bool remove) {
         return -1;
     }
     paths_free();
-    copy.dst = zof_res_path_zof_malloc(dst);
-    copy.src = zof_res_path_zof_malloc(src);
+    copy.dst = zof_text_copy(dst);
+    copy.src = zof_text_copy(src);
     copy.remove = remove;
     return 0;
 }

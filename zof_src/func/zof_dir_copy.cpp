@@ -13,6 +13,7 @@
 #include "func/zof_dir_in.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 // One copy, from its first folder to its last.
 struct copy_run {
@@ -67,7 +68,7 @@ static void show(const copy_run *r, char *shown, const char *path) {
 
 static void file_copy_into(copy_run *r, const char *into, const char *src, const char *name) {
     char dst[PATH_SIZE];
-    if (!dir_join(dst, sizeof(dst), into, name, "")) {
+    if (!zof_text_join(dst, sizeof(dst), into, name, "")) {
         zof_printf("path too long, not copied: %.80s...%.80s\n", into, name);
         file_report(r, name, false);
         return;
@@ -99,7 +100,7 @@ static void folder_copy_into(copy_run *r, const char *into, const char *src, con
     if (!source_exists(src)) {
         return;
     }
-    if (dir_join(target, sizeof(target), into, name, "/")) {
+    if (zof_text_join(target, sizeof(target), into, name, "/")) {
         folder_copy(r, target, src, remove);
     } else {
         zof_printf("path too long, not copied: %.80s...%.80s\n", into, name);
@@ -135,8 +136,9 @@ static bool keep_old(copy_run *r, const char *fresh, const char *old, const char
         if (dir_is_dots(name) || dir_is_left_over(name)) {
             continue;
         }
-        if (!dir_join(from, sizeof(from) - 1, old, name, "") || !dir_join(to, sizeof(to) - 1, fresh, name, "") ||
-            !dir_join(update, sizeof(update) - 1, src, name, "")) {
+        if (!zof_text_join(from, sizeof(from) - 1, old, name, "") ||
+            !zof_text_join(to, sizeof(to) - 1, fresh, name, "") ||
+            !zof_text_join(update, sizeof(update) - 1, src, name, "")) {
             zof_printf("path too long to be kept: %.80s...%.80s\n", old, name);
             good = false;
             continue;
@@ -200,7 +202,7 @@ static void folder_replace(copy_run *r, const char *target, const char *src) {
     char fresh[PATH_SIZE], stage[PATH_SIZE], place[PATH_SIZE];
     snprintf(place, sizeof(place), "%.*s", (int)strlen(target) - 1, target);
     if (zof_file_temp_name(fresh, sizeof(fresh), target, NEW_DIR) != 0 ||
-        !dir_join(stage, sizeof(stage), fresh, "/", "")) {
+        !zof_text_join(stage, sizeof(stage), fresh, "/", "")) {
         zof_printf("path too long, not copied: %.80s...\n", target);
         folder_refuse(r, src);
         return;
@@ -233,7 +235,7 @@ static bool target_of(char *out, const char *dst, const char *src) {
     const char *name = parent > 0 ? src + parent : "";
     const size_t n = strlen(dst);
     const bool slash = n > 0 && (dst[n - 1] == '/' || dst[n - 1] == '\\');
-    if (!dir_join(out, PATH_SIZE - 1, dst, slash ? "" : "/", name)) {
+    if (!zof_text_join(out, PATH_SIZE - 1, dst, slash ? "" : "/", name)) {
         zof_printf("path too long, not copied: %.80s...%.80s\n", dst, name);
         return false;
     }
@@ -308,7 +310,7 @@ s32 zof_dir_copyfile(const char *dst, const char *src, zof_bool remove) {
     }
     char whole[PATH_SIZE];
     const size_t n = strlen(src);
-    if (!dir_join(whole, sizeof(whole), src, n > 0 && src[n - 1] != '/' ? "/" : "", "")) {
+    if (!zof_text_join(whole, sizeof(whole), src, n > 0 && src[n - 1] != '/' ? "/" : "", "")) {
         zof_printf("path too long, not copied: %.80s...\n", src);
         return -1;
     }

@@ -22,9 +22,6 @@ struct copy_block {
     bool dots; // log one for each block
 };
 
-// Joins a, b and c; false when they do not fit.
-bool dir_join(char *out, size_t size, const char *a, const char *b, const char *c);
-
 // Makes a path in the folder of `path`: `name` followed by `more`.
 bool dir_beside(char *out, size_t size, const char *path, const char *name, const char *more);
 

@@ -6,11 +6,7 @@
 #include "func/zof_dir_copy.h"
 #include "func/zof_dir_in.h"
 #include "zof_lib/zof_stdio.h"
-
-bool dir_join(char *out, size_t size, const char *a, const char *b, const char *c) {
-    const int length = snprintf(out, size, "%s%s%s", a, b, c);
-    return length >= 0 && (size_t)length < size;
-}
+#include "zof_lib/zof_util.h"
 
 bool dir_is_dots(const char *name) {
     return strcmp(name, ".") == 0 || strcmp(name, "..") == 0;
@@ -41,7 +37,7 @@ u32 dir_source_entry(char *path, const char *dir, const char *name, bool tell) {
         }
         return ZOF_FILE_NONE;
     }
-    if (!dir_join(path, PATH_SIZE - 1, dir, name, "")) { // one byte for the slash
+    if (!zof_text_join(path, PATH_SIZE - 1, dir, name, "")) { // one byte for the slash
         if (tell) {
             zof_printf("path too long, not copied: %.80s...%.80s\n", dir, name);
         }
@@ -82,7 +78,7 @@ static void folder_empty(const char *path, bool all) {
     while (const zof_dirent_t *entry = zof_readdir(dir)) {
         char below[OWN_PATH];
         if (dir_is_dots(entry->name) || (!all && entry->name[0] == '.') ||
-            !dir_join(below, sizeof(below) - 1, path, entry->name, "")) {
+            !zof_text_join(below, sizeof(below) - 1, path, entry->name, "")) {
             continue;
         }
         if (!all) {
@@ -100,7 +96,7 @@ static void folder_empty(const char *path, bool all) {
 
 void zof_dir_remove(const char *path) {
     char whole[PATH_SIZE];
-    if (path && *path && dir_join(whole, sizeof(whole), path, path[strlen(path) - 1] == '/' ? "" : "/", "")) {
+    if (path && *path && zof_text_join(whole, sizeof(whole), path, path[strlen(path) - 1] == '/' ? "" : "/", "")) {
         folder_empty(whole, false);
     }
 }
@@ -108,7 +104,7 @@ void zof_dir_remove(const char *path) {
 void dir_clear_away(const char *path) {
     const u32 kind = zof_file_kind(path);
     char whole[OWN_PATH];
-    if (kind == ZOF_FILE_FOLDER && dir_join(whole, sizeof(whole), path, "/", "")) {
+    if (kind == ZOF_FILE_FOLDER && zof_text_join(whole, sizeof(whole), path, "/", "")) {
         folder_empty(whole, true);
     }
     if (kind != ZOF_FILE_NONE) {
@@ -135,8 +131,8 @@ static void entry_mend(const char *path, const char *entry) {
     char left[OWN_PATH], name[OWN_PATH];
     const size_t prefix = sizeof(OLD_DIR) - 1;
     const bool old = strncmp(entry, OLD_DIR, prefix) == 0 && entry[prefix];
-    if ((!old && !dir_is_left_over(entry)) || !dir_join(left, sizeof(left), path, entry, "") ||
-        (old && !dir_join(name, sizeof(name), path, entry + prefix, ""))) {
+    if ((!old && !dir_is_left_over(entry)) || !zof_text_join(left, sizeof(left), path, entry, "") ||
+        (old && !zof_text_join(name, sizeof(name), path, entry + prefix, ""))) {
         return;
     }
     if (!old || zof_file_kind(name) != ZOF_FILE_NONE) {
@@ -152,7 +148,7 @@ static void folder_mend(const char *path) {
         char below[OWN_PATH];
         if (entry->name[0] == '.') {
             entry_mend(path, entry->name);
-        } else if (entry->is_dir && dir_join(below, sizeof(below) - 1, path, entry->name, "") &&
+        } else if (entry->is_dir && zof_text_join(below, sizeof(below) - 1, path, entry->name, "") &&
                    zof_file_kind(below) == ZOF_FILE_FOLDER) {
             strcat(below, "/");
             folder_mend(below);

@@ -9,6 +9,7 @@
 #include "project/zof_prj.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_task.h"
+#include "zof_lib/zof_util.h"
 
 // Bits of the project's `th_en`.
 enum { TONE_ON = 0x02, TONE_OF_TOUCH = 0x04, TONE_AT_RELEASE = 0x08, CALIBRATE = 0x80 };
@@ -31,7 +32,7 @@ zof_prj_tone_t *zof_hmi_tone_set(const zof_prj_tone_t *tone) {
     if (!hw || !tone) {
         return nullptr;
     }
-    char *sound = tone->sound ? zof_res_path_zof_malloc(tone->sound) : nullptr;
+    char *sound = zof_text_copy(tone->sound);
     char *before = hw->tone_t.sound;
     hw->tone_t = *tone;
     hw->tone_t.sound = sound;

@@ -9,6 +9,7 @@
 #include "drv/zof_drv_file.h"
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 static std::atomic<zof_file_fault_t> g_fault{nullptr};
 
@@ -111,7 +112,7 @@ void zof_file_temp_clear(const char *folder) {
     while (const zof_dirent_t *entry = zof_readdir(dir)) {
         char path[520];
         if (zof_file_is_temp(entry->name, ZOF_FILE_TEMP, ZOF_TRUE) &&
-            (size_t)snprintf(path, sizeof(path), "%s%s", folder, entry->name) < sizeof(path)) {
+            zof_text_join(path, sizeof(path), folder, entry->name, nullptr)) {
             zof_file_remove(path);
         }
     }

@@ -1,9 +1,9 @@
 // The video driver: a player's picture, and the device's one sound for it.
-#include <string.h>
 
 #include "drv/zof_drv_video.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 // What the driver keeps for a player; released with the object.
 struct player_record {
@@ -65,10 +65,7 @@ static s32 win_drv_video_set_src(lv_obj_t *player, const char *path) {
     if (!r) {
         return -1;
     }
-    char *copy = path ? (char *)zof_malloc(strlen(path) + 1) : nullptr;
-    if (copy) {
-        strcpy(copy, path);
-    }
+    char *copy = zof_text_copy(path);
     zof_free(r->path); // after the copy: they may be the same
     r->path = copy;
     lv_ffmpeg_player_set_src(player, copy);

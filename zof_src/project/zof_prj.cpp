@@ -2,7 +2,6 @@
 // and title from it; its views start with the application's view table.
 #include "project/zof_prj.h"
 
-#include <cstdio>
 #include <cstring>
 
 #include "drv/zof_drv.h"
@@ -14,16 +13,16 @@
 #include "project/read/zof_j2s.h"
 #include "project/view/zof_view.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 enum { IMG_CACHE_MAX = 100 };
 
 // All paths are this text followed by a name, so it must end in a separator.
 static char *folder_copy(const char *path) {
     const size_t length = path ? std::strlen(path) : 0;
-    auto *copy = length ? (char *)zof_malloc(length + 2) : nullptr;
-    if (copy) {
-        const char last = path[length - 1];
-        std::snprintf(copy, length + 2, "%s%s", path, last == '/' || last == '\\' ? "" : "/");
+    char *copy = length ? zof_text_copy_n(path, length + 1) : nullptr; // with room for the separator
+    if (copy && copy[length - 1] != '/' && copy[length - 1] != '\\') {
+        copy[length] = '/';
     }
     return copy;
 }

@@ -8,6 +8,7 @@
 #include "project/read/zof_j2s.h"
 #include "project/zof_prj.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 static struct {
     char sdk[40];
@@ -36,7 +37,7 @@ const char *zof_fw_get_version(void) {
         return nullptr;
     }
     zof_rootjson_t file = zof_j2s_peek(zof_res_file_path(folder, "config/project/", "zofprj.g"));
-    versions.fw = zof_res_path_zof_malloc(cJSON_GetStringValue(cJSON_GetObjectItem(file.root, "version")));
+    versions.fw = zof_text_copy(cJSON_GetStringValue(cJSON_GetObjectItem(file.root, "version")));
     RootJsonDel(&file);
     return versions.fw;
 }

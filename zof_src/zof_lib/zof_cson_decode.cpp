@@ -4,6 +4,7 @@
 
 #include "zof_lib/zof_cson_in.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 static s32 parseJsonObject(const void *json, void *record, const reflect_item_t *table, s32 index);
 static s32 parseJsonArray(const void *json, void *record, const reflect_item_t *table, s32 index);
@@ -78,12 +79,10 @@ static s32 parseJsonString(const void *json, void *record, const reflect_item_t 
     if (!text) {
         return CSON_ERR_MISSING;
     }
-    size_t length = csomImpl.string_length(json);
-    auto *copy = (char *)zof_malloc(length + 1);
+    char *copy = zof_text_copy_n(text, csomImpl.string_length(json));
     if (!copy) {
         return CSON_ERR_MEMORY;
     }
-    std::memcpy(copy, text, length);
     cson_pointer_write(cson_field(record, &table[index]), copy);
     return CSON_OK;
 }

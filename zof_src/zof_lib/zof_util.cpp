@@ -3,6 +3,8 @@
 
 #include <string.h>
 
+#include "zof_lib/zof_stdio.h"
+
 void byte_rev(u8 *buf, u32 len) {
     if (!buf || len < 2) {
         return;
@@ -28,6 +30,29 @@ u32 charCount(const char *text, char c) {
         count += *text == c;
     }
     return count;
+}
+
+char *zof_text_copy_n(const char *text, size_t size) {
+    auto *copy = text ? (char *)zof_malloc(size + 1) : nullptr;
+    return copy ? (char *)memcpy(copy, text, size) : nullptr; // the memory is zeroed
+}
+
+char *zof_text_copy(const char *text) {
+    return zof_text_copy_n(text, text ? strlen(text) : 0);
+}
+
+zof_bool zof_text_join(char *out, size_t size, const char *a, const char *b, const char *c) {
+    const char *const parts[] = {a ? a : "", b ? b : "", c ? c : ""};
+    if (strlen(parts[0]) + strlen(parts[1]) + strlen(parts[2]) >= size) {
+        return ZOF_FALSE;
+    }
+    for (const char *part : parts) {
+        const size_t length = strlen(part);
+        memcpy(out, part, length);
+        out += length;
+    }
+    *out = '\0';
+    return ZOF_TRUE;
 }
 
 static char lower(char c) {

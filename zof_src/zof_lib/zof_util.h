@@ -1,4 +1,4 @@
-// Bytes and text. Pure functions, any thread.
+// Bytes and text. Any thread.
 #ifndef ZOF_UTIL_H
 #define ZOF_UTIL_H
 
@@ -17,6 +17,15 @@ u32 zof_rev32(u32 v);
 
 // Returns how many bytes of the text equal `c`; 0 for null.
 u32 charCount(const char *text, char c);
+
+// Return an allocated copy of a text, or of its first `size` bytes, which need no terminator. The copy has one; release
+// it with zof_free. Null for null, and without memory.
+char *zof_text_copy(const char *text);
+char *zof_text_copy_n(const char *text, size_t size);
+
+// Writes a, b and c, one after the other, to `out`, which has room for `size` bytes; null parts are skipped, and none
+// may be in `out`. Returns false, with `out` unchanged, when they do not fit.
+zof_bool zof_text_join(char *out, size_t size, const char *a, const char *b, const char *c);
 
 // Returns true when the text ends with `suffix`, which begins with a dot, in upper or lower case. False for null.
 zof_bool zof_suffix_is(const char *text, const char *suffix);

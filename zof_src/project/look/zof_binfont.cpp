@@ -10,6 +10,7 @@
 #include "project/look/zof_font.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 static_assert(std::endian::native == std::endian::little, "the file's numbers are copied without conversion");
 static_assert(sizeof(zof_font_header_t) == 16 && sizeof(zof_glyph_dsc_t) == 5);
@@ -227,7 +228,7 @@ static void binfont_free(zof_binfont_t *bin) {
         cache_drop(bin->cache);
     }
     zof_free(bin->cache);
-    zof_res_path_free(bin->path);
+    zof_free(bin->path);
     zof_free(bin);
 }
 
@@ -236,7 +237,7 @@ zof_binfont_t *zof_font_creat(const char *path) {
     if (!bin) {
         return nullptr;
     }
-    bin->path = zof_res_path_zof_malloc(path);
+    bin->path = zof_text_copy(path);
     bin->cache = (zof_font_cache *)zof_malloc(sizeof(zof_font_cache));
     if (bin->path && bin->cache) {
         bin->cache->checked_ms = zof_sys_time_ms() - 1;

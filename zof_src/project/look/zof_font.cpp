@@ -8,6 +8,7 @@
 #include "project/base/zof_prj_cur.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 // Above this size the bitmap of a single glyph would take megabytes and would not fit any panel.
 enum { FONT_SIZE_DEFAULT = 16, FONT_SIZE_MAX = 2000, FONT_FILE_MAX = 64 << 20 };
@@ -62,7 +63,7 @@ s32 zof_font_list_add(const char *name) {
     if (!entry) {
         return -1;
     }
-    entry->name = zof_res_path_zof_malloc(name);
+    entry->name = zof_text_copy(name);
     entry->sizes = zof_fontsize_list_create();
     if (!entry->name || !entry->sizes || __db_list_put_tail(list, entry) != 0) {
         font_entry_free(entry);
@@ -229,7 +230,7 @@ lv_font_t *zof_font_create_lvfont(const char *name, u32 size) {
         return nullptr;
     }
     size = size ? size : (u32)FONT_SIZE_DEFAULT;
-    char *path = zof_res_path_zof_malloc(zof_res_get_prjfile_path("font/", name));
+    char *path = zof_text_copy(zof_res_get_prjfile_path("font/", name));
     zof_font_t *entry = path ? font_entry(path, name) : nullptr;
     zof_fontsize_t *sized = entry ? zof_fontsize_list_get(entry->sizes, size) : nullptr;
     if (entry && !sized) {
@@ -239,7 +240,7 @@ lv_font_t *zof_font_create_lvfont(const char *name, u32 size) {
             font_free(font);
         }
     }
-    zof_res_path_free(path);
+    zof_free(path);
     if (!sized) {
         return nullptr;
     }

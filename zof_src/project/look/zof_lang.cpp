@@ -11,6 +11,7 @@
 #include "project/path/zof_res.h"
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 #define LANG_DIR "config/languages/"
 
@@ -109,7 +110,7 @@ static void table_drop(zof_prj_t *prj) {
 
 s32 zof_lang_set(const char *name) {
     zof_prj_t *prj = zof_prj_get_cur();
-    char *copy = prj ? zof_res_path_zof_malloc(name) : nullptr; // `name` may be a text of the table being deleted
+    char *copy = prj ? zof_text_copy(name) : nullptr; // `name` may be a text of the table being deleted
     if (!copy) {
         return -1;
     }
@@ -118,11 +119,11 @@ s32 zof_lang_set(const char *name) {
     zof_rootjson_t file = path ? zof_j2s_open(path) : zof_rootjson_t{};
     Freebuff(file.content);
     if (!file.root) {
-        zof_res_path_free(copy);
+        zof_free(copy);
         return -1;
     }
     prj->lang_root = file.root;
-    zof_res_path_free(prj->lang_name);
+    zof_free(prj->lang_name);
     prj->lang_name = copy;
     if (zof_prj_up.ctrl_txt_update) {
         zof_prj_up.ctrl_txt_update();

@@ -7,6 +7,7 @@
 #include "project/look/zof_lang.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 lv_color_t zof_color_to_lv(zof_color_t color) {
     return lv_color_hex(color & 0xFFFFFF);
@@ -16,7 +17,7 @@ lv_color_t zof_color_to_lv(zof_color_t color) {
 static void path_release(lv_style_t *lv_style) {
     lv_style_value_t value;
     if (lv_style_get_prop(lv_style, LV_STYLE_BG_IMG_SRC, &value) == LV_STYLE_RES_FOUND) {
-        zof_res_path_free((void *)value.ptr);
+        zof_free((void *)value.ptr);
     }
 }
 
@@ -63,7 +64,7 @@ static void image_fill(lv_style_t *lv, const zof_img_dis_t *image) {
     if (!image->bg_img) {
         return;
     }
-    char *copy = zof_res_path_zof_malloc(zof_res_picture_path(zof_lang_get_cur_str(image->bg_img)));
+    char *copy = zof_text_copy(zof_res_picture_path(zof_lang_get_cur_str(image->bg_img)));
     if (copy) {
         lv_style_set_bg_img_src(lv, copy);
     }

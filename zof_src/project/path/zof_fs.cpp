@@ -1,12 +1,12 @@
 // Drive letters, resources that may be on a drive, and files through LVGL's file layer. The media of a device, D, E, T
 // and U, are folders beside the project here, and P is the parent of the project folder.
-#include <cstdio>
 #include <cstring>
 
 #include "drv/zof_drv.h"
 #include "project/path/zof_path_in.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 static char fs_path[500]; // the latest drive path
 
@@ -54,12 +54,11 @@ const char *zof_fs_get_real_path(const char *path) {
         return path;
     }
     char whole[sizeof fs_path];
-    int length = std::snprintf(whole, sizeof whole, "%s%s%s", base, path[0] == 'P' ? "/../" : "", path + 2);
-    if (length < 0 || (size_t)length >= sizeof whole) {
+    if (!zof_text_join(whole, sizeof whole, base, path[0] == 'P' ? "/../" : "", path + 2)) {
         zof_printf("path too long: %.80s...\n", path);
         return nullptr;
     }
-    std::memcpy(fs_path, whole, (size_t)length + 1);
+    std::memcpy(fs_path, whole, std::strlen(whole) + 1);
     folders_make(std::strlen(base));
     return fs_path;
 }

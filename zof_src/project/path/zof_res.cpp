@@ -3,13 +3,13 @@
 // the buffer, and a path that does not fit must leave the previous one intact.
 #include "project/path/zof_res.h"
 
-#include <cstdio>
 #include <cstring>
 
 #include "project/base/zof_prj_cur.h"
 #include "project/base/zof_prj_up.h"
 #include "project/path/zof_path_in.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 #define PRJ_FILE "config/project/zofprj.g"
 
@@ -39,15 +39,12 @@ static char *join(const char *a, const char *b, const char *c) {
     if (!res.res_path_buf) {
         return nullptr;
     }
-    const char *parts[] = {a ? a : "", b ? b : "", c ? c : ""};
     char *whole = res.res_path_buf + res.res_path_len;
-    int length = std::snprintf(whole, res.res_path_len, "%s%s%s", parts[0], parts[1], parts[2]);
-    if (length < 0 || (u32)length >= res.res_path_len) {
-        zof_printf("path too long: %.80s...%.80s\n", parts[0], parts[2]);
+    if (!zof_text_join(whole, res.res_path_len, a, b, c)) {
+        zof_printf("path too long: %.80s...%.80s\n", a ? a : "", c ? c : "");
         return nullptr;
     }
-    std::memcpy(res.res_path_buf, whole, (size_t)length + 1);
-    return res.res_path_buf;
+    return (char *)std::memcpy(res.res_path_buf, whole, std::strlen(whole) + 1);
 }
 
 char *zof_res_file_path(const char *a, const char *b, const char *c) {
@@ -81,8 +78,7 @@ char *zof_res_get_prjfile_path(const char *dir, const char *name) {
 
 // Returns true if the parts fit the local buffer, otherwise false after a message.
 static bool local_name(char *out, const char *a, const char *b, const char *c) {
-    int length = std::snprintf(out, LOCAL_NAME_SIZE, "%s%s%s", a, b, c);
-    if (length >= 0 && length < LOCAL_NAME_SIZE) {
+    if (zof_text_join(out, LOCAL_NAME_SIZE, a, b, c)) {
         return true;
     }
     zof_printf("name too long: %.80s%s%s\n", a, b, c);
@@ -122,12 +118,7 @@ const char *zof_res_get_file_name(const char *dir, const char *full) {
 }
 
 char *zof_res_path_zof_malloc(const char *text) {
-    if (!text) {
-        return nullptr;
-    }
-    size_t size = std::strlen(text) + 1;
-    auto *copy = (char *)zof_malloc(size);
-    return copy ? (char *)std::memcpy(copy, text, size) : nullptr;
+    return zof_text_copy(text);
 }
 
 void zof_res_path_free(void *copy) {

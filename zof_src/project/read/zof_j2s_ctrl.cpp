@@ -6,6 +6,7 @@
 #include "project/path/zof_res.h"
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 // Parts of records, decoded by the same rules, so a peek never disagrees with the decoded record. The id is mandatory,
 // so its row is not nullable.
@@ -37,7 +38,7 @@ s32 zof_j2s_walk_over(zof_j2s_walk_t *walk, const char *path, cJSON *root) {
         zof_j2s_walk_end(walk);
         return -1;
     }
-    walk->path = zof_res_path_zof_malloc(path);
+    walk->path = zof_text_copy(path);
     walk->entry = controls->child;
     return 0;
 }
@@ -45,7 +46,7 @@ s32 zof_j2s_walk_over(zof_j2s_walk_t *walk, const char *path, cJSON *root) {
 void zof_j2s_walk_end(zof_j2s_walk_t *walk) {
     cJSON_Delete(walk->root);
     zof_theme_remember_missing(ZOF_FALSE);
-    zof_res_path_free(walk->path);
+    zof_free(walk->path);
     *walk = {};
 }
 

@@ -1,10 +1,10 @@
 // The project file and the `view` object of a view file. The project file's tree is kept between two steps: its record
 // is decoded first, and the list of its views is created only when the project object has its lists.
-#include <cstring>
 
 #include "project/path/zof_res.h"
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 static struct {
     zof_rootjson_t json; // from zof_j2s_get_prj_attr until the view names are read
@@ -82,7 +82,7 @@ static zof_view_name_t *view_name_of(cJSON *entry) {
         return nullptr;
     }
     made->id = (u32)id->valueint;
-    made->name = zof_res_path_zof_malloc(name);
+    made->name = zof_text_copy(name);
     return made;
 }
 
@@ -94,7 +94,7 @@ static void view_names_read(cJSON *views, db_list *list) {
         if (!name) {
             zof_printf("zofprj.g: views[%d] needs pageId, a number, and pageName, a text; it is left out\n", index);
         } else if (zof_view_name_list_add(list, name) != 0) {
-            zof_res_path_free(name->name);
+            zof_free(name->name);
             zof_free(name);
         }
         index++;

@@ -2,14 +2,13 @@
 // on a layer replaces that root by the view's object.
 #include "project/view/zof_view_layer.h"
 
-#include <string.h>
-
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_disp.h"
 #include "drv/zof_lock.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 lv_obj_t *g_init_layer_view[ZOF_LAYER_COUNT];
 
@@ -106,25 +105,13 @@ void zof_view_set_bg_img(zof_view_node_t *node, const char *image) {
     node->bg_obj = nullptr;
 }
 
-static char *text_copy(const char *text) {
-    if (!text) {
-        return nullptr;
-    }
-    size_t size = strlen(text) + 1;
-    char *copy = (char *)zof_malloc(size);
-    if (copy) {
-        memcpy(copy, text, size);
-    }
-    return copy;
-}
-
 s32 zof_view_set_bg(u32 id, const char *image) {
     zof_view_node_t *node = zof_view_list_get(id);
     if (!node || !node->obj || !node->attr) {
         return -1;
     }
     char *former = node->attr->bg_image; // released last: it may be the new name
-    node->attr->bg_image = text_copy(image);
+    node->attr->bg_image = zof_text_copy(image);
     zof_free(former);
     u32 layer = zof_view_layer_showing(node);
     if (layer == ZOF_LAYER_UI || layer == ZOF_LAYER_BG) {
