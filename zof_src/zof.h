@@ -28,6 +28,7 @@
 #include "project/base/zof_prj_attr.h"
 #include "project/base/zof_prj_cur.h"
 #include "project/look/zof_font.h"
+#include "project/look/zof_j2s_ctrl.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"

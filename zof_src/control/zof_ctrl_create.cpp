@@ -4,9 +4,9 @@
 #include <string.h>
 
 #include "control/zof_ctrl_in.h"
+#include "project/look/zof_j2s_ctrl.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
-#include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
 s32 zof_ctrl_create(lv_obj_t *parent_obj, para_t *record, void *attr, u32 ctrl_type) {

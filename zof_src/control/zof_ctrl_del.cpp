@@ -2,8 +2,8 @@
 // freed when the outermost of them has returned.
 #include "control/zof_ctrl_create.h"
 #include "control/zof_ctrl_in.h"
+#include "project/look/zof_j2s_ctrl.h"
 #include "project/look/zof_style.h"
-#include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
 // Releases the attributes of a deleted record. `gone` is a copy; the record itself may have others by now.

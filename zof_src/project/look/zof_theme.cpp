@@ -190,6 +190,17 @@ static void theme_align(const char *name, const zof_pub_attr_t *before, zof_pub_
     now->style_num = list ? before->style_num : 0;
 }
 
+static void theme_free(zof_pub_attr_t *theme, u32 type) {
+    for (u32 i = 0; theme->style_list && i < theme->style_num; i++) {
+        if (theme->style_list[i]) {
+            FreeStyleStruct(theme->style_list[i]);
+            zof_free(theme->style_list[i]);
+        }
+    }
+    zof_free(theme->style_list);
+    zof_j2s_attr_free(theme, type);
+}
+
 // Releases the old theme except for the styles taken by the new one.
 static void theme_replace(u32 type, zof_pub_attr_t *now) {
     zof_pub_attr_t *before = self.zof_theme[type];
@@ -199,7 +210,7 @@ static void theme_replace(u32 type, zof_pub_attr_t *now) {
         }
     }
     self.zof_theme[type] = now;
-    zof_j2s_ctrl_delete(before, type);
+    theme_free(before, type);
 }
 
 static zof_pub_attr_t *new_themes[ZOF_CTRL_TYPE_COUNT]; // during zof_theme_set

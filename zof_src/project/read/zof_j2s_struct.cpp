@@ -1,7 +1,10 @@
 // Decodes and releases single records by their tables, for the readers of whole files; results are 0 or -1.
 #include "project/read/zof_j2s.h"
 
+#include <cstring>
+
 #include "project/base/zof_prj_up.h"
+#include "zof_lib/zof_stdio.h"
 
 static s32 yes_or_no(s32 result) {
     return result == CSON_OK ? 0 : -1;
@@ -31,6 +34,59 @@ s32 GetStyleStruct(cJSON *json, zof_style_attr_t *record) {
 
 s32 FreeStyleStruct(zof_style_attr_t *record) {
     return yes_or_no(csonFreePointer(record, zof_style_attr_t_tbl));
+}
+
+zof_pub_attr_t *zof_j2s_ctrl_create(cJSON *property, u32 type) {
+    u32 size = zof_j2s_get_ctrl_size(type);
+    if (!property || size == 0) {
+        return nullptr;
+    }
+    auto *record = (zof_pub_attr_t *)zof_malloc(size);
+    if (!record) {
+        zof_printf("attr_t zof_malloc fail");
+        return nullptr;
+    }
+    s32 result = zof_j2s_get_ctrl_struct(property, record, type);
+    if (result != 0) {
+        zof_printf("ret = %d\n", result);
+        zof_j2s_free_ctrl_struct(record, type);
+        zof_free(record);
+        return nullptr;
+    }
+    record->ctrl_type = type;
+    return record;
+}
+
+void zof_j2s_attr_free(zof_pub_attr_t *record, u32 type) {
+    zof_j2s_free_ctrl_struct(record, type);
+    // A stale reference to the record must find zeros instead of old pointers.
+    std::memset((void *)record, 0, zof_j2s_get_ctrl_size(type));
+    zof_free(record);
+}
+
+void zof_j2s_get_style(cJSON *root, zof_pub_attr_t *record) {
+    cJSON *styles = cJSON_GetObjectItem(root, "styles");
+    s32 count = cJSON_IsArray(styles) ? cJSON_GetArraySize(styles) : 0;
+    if (!record || count == 0) {
+        return;
+    }
+    if (count > UINT8_MAX) {
+        zof_printf("styles: %d of them, only the first %d count\n", count, UINT8_MAX);
+        count = UINT8_MAX;
+    }
+    auto **list = (zof_style_attr_t **)(zof_malloc((size_t)count * sizeof(zof_style_attr_t *)));
+    for (cJSON *json = styles->child; list && json && record->style_num < count; json = json->next) {
+        auto *style = (zof_style_attr_t *)(zof_malloc(sizeof(zof_style_attr_t)));
+        if (!style) {
+            break;
+        }
+        s32 result = GetStyleStruct(json, style);
+        if (result != 0) {
+            zof_printf("GetStyleStruct ret=%d\n", result);
+        }
+        list[record->style_num++] = style;
+    }
+    record->style_list = list;
 }
 
 s32 GetViewStruct(cJSON *json, zof_view_attr_t *record) {

@@ -1,5 +1,7 @@
-// The walk over the `controls` of a view file, and the creation and release of a control's attribute record. An invalid
-// entry is reported with its position and skipped, so one mistake does not empty a view.
+// The walk over the `controls` of a view file, and the styles of a control's record, which come from its theme and its
+// file. An invalid entry is reported with its position and skipped, so one mistake does not empty a view.
+#include "project/look/zof_j2s_ctrl.h"
+
 #include <cstring>
 
 #include "project/look/zof_style.h"
@@ -98,27 +100,6 @@ s32 zof_j2s_walk_para(zof_j2s_walk_t *walk, u32 *id, u32 *pub) {
         zof_printf("%s: controls[%d]: %s; it is left out\n", walk->path, walk->index, fault);
     }
     return -1;
-}
-
-zof_pub_attr_t *zof_j2s_ctrl_create(cJSON *property, u32 type) {
-    u32 size = zof_j2s_get_ctrl_size(type);
-    if (!property || size == 0) {
-        return nullptr;
-    }
-    auto *record = (zof_pub_attr_t *)zof_malloc(size);
-    if (!record) {
-        zof_printf("attr_t zof_malloc fail");
-        return nullptr;
-    }
-    s32 result = zof_j2s_get_ctrl_struct(property, record, type);
-    if (result != 0) {
-        zof_printf("ret = %d\n", result);
-        zof_j2s_free_ctrl_struct(record, type);
-        zof_free(record);
-        return nullptr;
-    }
-    record->ctrl_type = type;
-    return record;
 }
 
 // Releases a replaced text unless it belongs to the theme, from which the style only borrowed it.
@@ -240,38 +221,9 @@ static void styles_delete(zof_pub_attr_t *record, u32 type) {
 }
 
 void zof_j2s_ctrl_delete(zof_pub_attr_t *record, u32 type) {
-    u32 size = zof_j2s_get_ctrl_size(type);
-    if (!record || size == 0) {
+    if (!record || zof_j2s_get_ctrl_size(type) == 0) {
         return;
     }
     styles_delete(record, type);
-    zof_j2s_free_ctrl_struct(record, type);
-    // A stale reference to the record must find zeros instead of old pointers.
-    std::memset((void *)record, 0, size);
-    zof_free(record);
-}
-
-void zof_j2s_get_style(cJSON *root, zof_pub_attr_t *record) {
-    cJSON *styles = cJSON_GetObjectItem(root, "styles");
-    s32 count = cJSON_IsArray(styles) ? cJSON_GetArraySize(styles) : 0;
-    if (!record || count == 0) {
-        return;
-    }
-    if (count > UINT8_MAX) {
-        zof_printf("styles: %d of them, only the first %d count\n", count, UINT8_MAX);
-        count = UINT8_MAX;
-    }
-    auto **list = (zof_style_attr_t **)(zof_malloc((size_t)count * sizeof(zof_style_attr_t *)));
-    for (cJSON *json = styles->child; list && json && record->style_num < count; json = json->next) {
-        auto *style = (zof_style_attr_t *)(zof_malloc(sizeof(zof_style_attr_t)));
-        if (!style) {
-            break;
-        }
-        s32 result = GetStyleStruct(json, style);
-        if (result != 0) {
-            zof_printf("GetStyleStruct ret=%d\n", result);
-        }
-        list[record->style_num++] = style;
-    }
-    record->style_list = list;
+    zof_j2s_attr_free(record, type);
 }
