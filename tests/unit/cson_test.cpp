@@ -195,10 +195,39 @@ TEST_CASE("null, unsupported widths and the null kind fail cleanly") {
     }
 }
 
+static const std::string source = R"({"i8":-5,"i16":300,"i32":-1,"i64":-9000000000,"flag":true,"real":0.25,"text":"t",)"
+                                  R"("point":{"x":1,"y":-2},"item_count":1,"items":[{"text":"a","word_count":1,)"
+                                  R"("words":["w"],"number":4}],"number_count":2,"numbers":[7,-8],"encode_only":0})";
+
+TEST_CASE("without memory a record is incomplete, never half of a text or an array, and nothing leaks") {
+    cJSON_Hooks counted = {.malloc_fn = zof_malloc, .free_fn = zof_free};
+    cJSON_InitHooks(&counted);
+    const u32 before = zof_mem_count();
+    u32 whole = 0;
+    for (u32 fail_at = 1; whole == 0; fail_at++) {
+        CAPTURE(fail_at);
+        record_t record = {};
+        char *text = nullptr;
+        cJSON *json = cJSON_Parse(source.c_str());
+        REQUIRE(json);
+        printed([&] {
+            zof_mem_fail_at(fail_at);
+            csonJsonStr2Struct(json, &record, record_tbl);
+            csonStruct2JsonStr(&text, &record, record_tbl);
+            whole = zof_mem_fail_at(0) < fail_at;
+        });
+        CHECK((!record.text || str(record.text) == "t"));
+        CHECK((!record.numbers || (record.number_count == 2 && record.numbers[1] == -8)));
+        CHECK((!whole || str(text) == source));
+        cJSON_free(text);
+        cJSON_Delete(json);
+        csonFreePointer(&record, record_tbl);
+        CHECK(zof_mem_count() == before);
+    }
+    cJSON_InitHooks(nullptr);
+}
+
 TEST_CASE("a record is encoded as it was decoded, without null texts") {
-    const std::string source = R"({"i8":-5,"i16":300,"i32":-1,"i64":-9000000000,"flag":true,"real":0.25,"text":"t",)"
-                               R"("point":{"x":1,"y":-2},"item_count":1,"items":[{"text":"a","word_count":1,)"
-                               R"("words":["w"],"number":4}],"number_count":2,"numbers":[7,-8],"encode_only":0})";
     u32 before = zof_mem_count();
     record_t record = {};
     CHECK(decode(source, &record, record_tbl) == CSON_OK);

@@ -94,7 +94,7 @@ typedef struct {
     void *(*real)(double value);
     void *(*array)(void);
     s32 (*array_add)(void *array, void *item);
-    s32 (*object_set_new)(void *obj, const char *key, void *item);
+    s32 (*object_set_new)(void *obj, const char *key, void *item); // 0, or -1 with the item released
 } cson_interface;
 
 extern const cson_interface csomImpl;
@@ -109,7 +109,7 @@ typedef void (*cson_visit)(void *field, const reflect_item_t *row);
 s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *table);
 
 // Adds the record's fields to an existing JSON object. A nullable row that fails is left out and logged. For any other
-// failing row its code is returned, with the object unchanged.
+// failing row its code is returned, with the object unchanged. Returns CSON_ERR_MEMORY when a field cannot be added.
 s32 csonStruct2JsonObj(void *json, void *record, const reflect_item_t *table);
 
 // Returns the record in *text as unformatted JSON, which the caller releases with cJSON_free. On failure *text is

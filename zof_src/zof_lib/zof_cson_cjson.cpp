@@ -127,8 +127,11 @@ static s32 cjson_impl_array_add(void *array, void *item) {
 }
 
 static s32 cjson_impl_object_set_new(void *obj, const char *key, void *item) {
-    cJSON_AddItemToObject(as_item(obj), key, as_item(item));
-    return 0;
+    if (cJSON_AddItemToObject(as_item(obj), key, as_item(item))) {
+        return 0;
+    }
+    cJSON_Delete(as_item(item));
+    return -1;
 }
 
 const cson_interface csomImpl = {

@@ -55,10 +55,10 @@ s32 csonStruct2JsonObj(void *json, void *record, const reflect_item_t *table) {
     }
     s32 result = pack_rows(record, table, values);
     for (size_t i = 0; i < rows; i++) {
-        if (values[i] && result == CSON_OK) {
-            csomImpl.object_set_new(json, table[i].key, values[i]);
-        } else if (values[i]) {
+        if (values[i] && result != CSON_OK) {
             csomImpl.decref(values[i]);
+        } else if (values[i] && csomImpl.object_set_new(json, table[i].key, values[i]) != 0) {
+            result = CSON_ERR_MEMORY;
         }
     }
     zof_free(values);
