@@ -69,6 +69,11 @@ TEST_CASE("a bitmap font returns the glyphs of its file and refuses codes withou
         CHECK(!zof_font_get_glyph_dsc(&f.font, &dsc, code, 0));
         CHECK(!zof_font_get_bitmap(&f.font, code));
     }
+    zof_font_header_t header = {};
+    zof_glyph_dsc_t raw = {};
+    CHECK((zof_get_f_header(f.path.c_str(), &header) == 0 && header.code_min == 'a' && header.bpp == 8));
+    CHECK((zof_get_glyph_dsc(f.path.c_str(), 16 + 6 * 4 + 4, &raw) == 0 && raw.adv_w == 9));
+    CHECK((zof_get_glyph_dsc("no file", 0, &raw) == 0 && raw.adv_w == 9)); // left as it was
     // The word after the offsets is the record of missing codes.
     open_font with_record(font_bytes(letters, 8, 4, 16 + 4 * 2 + 4 * 4 + 4));
     REQUIRE(zof_font_get_glyph_dsc(&with_record.font, &dsc, 'b', 0));
@@ -138,6 +143,30 @@ TEST_CASE("a font with more glyphs than the cache holds draws each one, in bound
     CHECK(zof_mem_count() - before < MOST);
     zof_binfont_delete(&f.font);
     CHECK(zof_mem_count() == before);
+}
+
+TEST_CASE("a bitmap font that finds no memory is not created, or draws what it has, and leaks nothing") {
+    screen_open(100, 60);
+    temp_project_t project;
+    project.write("font/t.bin", font_bytes(letters, 8, 4));
+    const std::string path = project.path("font/t.bin");
+    u32 before = 0;
+    u32 created = 0;
+    bool whole = false;
+    for (u32 fail_at = 1; !whole && fail_at < 99; fail_at++) {
+        CAPTURE(fail_at);
+        lv_font_t font = {};
+        zof_mem_fail_at(fail_at);
+        if (zof_binfont_create(&font, path.c_str()) == 0) {
+            zof_font_get_bitmap(&font, 'e');
+            created++;
+        }
+        whole = zof_mem_fail_at(0) < fail_at;
+        zof_binfont_delete(&font);
+        before = created == 0 ? zof_mem_count() : before; // the first ones leave the runtime's buffers for paths
+        CHECK(zof_mem_count() == before);
+    }
+    CHECK((whole && created > 1));
 }
 
 // Draws letters in white on black; returns the brightness of 60 x 30 pixels.
