@@ -7,6 +7,7 @@
 #include "control/zof_picture.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 enum { TYPE_JPG = 1, TYPE_PNG = 2 };
 enum { NAME_SIZE = LV_ANIMIMG_PATH_SIZE + 16 }; // "/4294967295.jpg"
@@ -98,11 +99,7 @@ static char *path_copy(const char *folder) {
         zof_printf("image sequence: %s", usable ? "the path of its folder is too long" : "no folder is given");
         return nullptr;
     }
-    char *path = (char *)zof_malloc(LV_ANIMIMG_PATH_SIZE);
-    if (path) {
-        strcpy(path, folder);
-    }
-    return path;
+    return zof_text_copy(folder);
 }
 
 void lv_animimg_set_src(lv_obj_t *obj, const char *folder, u32) {

@@ -15,7 +15,7 @@ enum { LV_ANIMIMG_PATH_SIZE = 150 };
 typedef struct {
     lv_img_t img;
     lv_timer_t *timer;
-    char *path; // folder, LV_ANIMIMG_PATH_SIZE bytes; null until the source is set
+    char *path; // folder, an allocated copy; null until the source is set
     u32 now;    // next picture
     u32 start;
     u32 end;

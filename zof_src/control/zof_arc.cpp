@@ -4,7 +4,7 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_picture.h"
 #include "project/look/zof_style.h"
-#include "project/path/zof_res.h"
+#include "zof_lib/zof_stdio.h"
 
 const reflect_item_t zof_angle_t_tbl[] = {
     CSON_INT(zof_angle_t, start_angle),
@@ -52,8 +52,8 @@ static void change_rate_set(lv_obj_t *obj, s32 span) {
 }
 
 static void paths_free(zof_arc_attr_t *arc) {
-    zof_res_path_free(arc->main_img_path);
-    zof_res_path_free(arc->inc_img_path);
+    zof_free(arc->main_img_path);
+    zof_free(arc->inc_img_path);
     arc->main_img_path = nullptr;
     arc->inc_img_path = nullptr;
 }

@@ -10,6 +10,7 @@
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 const reflect_item_t zof_btnmatrix_attr_t_tbl[] = {
     CSON_OBJ(zof_btnmatrix_attr_t, pub_t, zof_pub_attr_t_tbl),
@@ -46,11 +47,10 @@ static const char *caption_shown(const char *caption) {
 
 s32 zof_btn_map_put(char **map, u32 slot, const char *caption) {
     const char *shown = caption_shown(caption);
-    char *copy = (char *)zof_malloc(strlen(shown) + 1);
+    char *copy = zof_text_copy(shown);
     if (!copy) {
         return -1;
     }
-    strcpy(copy, shown);
     zof_free(map[slot]);
     map[slot] = copy;
     return 0;

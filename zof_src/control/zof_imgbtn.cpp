@@ -7,7 +7,7 @@
 #include "control/zof_txt_in.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
-#include "project/path/zof_res.h"
+#include "zof_lib/zof_stdio.h"
 
 const reflect_item_t zof_imgbtn_attr_t_tbl[] = {
     CSON_OBJ(zof_imgbtn_attr_t, pub_t, zof_pub_attr_t_tbl),
@@ -60,7 +60,7 @@ static const u32 state_selectors[] = {
 static void image_set(lv_obj_t *obj, lv_imgbtn_state_t state, const char *name) {
     void *former = (void *)lv_imgbtn_get_src_middle(obj, state);
     lv_imgbtn_set_src(obj, state, nullptr, zof_img_path_copy(name), nullptr);
-    zof_res_path_free(former);
+    zof_free(former);
 }
 
 static zof_imgbtn_attr_t *imgbtn_attr(const zof_ctrl_t *ctrl) {
@@ -79,7 +79,7 @@ static void zof_imgbtn_pos_event(lv_event_t *e) {
 static void zof_imgbtn_del_event(lv_event_t *e) {
     lv_obj_t *obj = lv_event_get_target(e);
     for (const auto &image : images) {
-        zof_res_path_free((void *)lv_imgbtn_get_src_middle(obj, image.state));
+        zof_free((void *)lv_imgbtn_get_src_middle(obj, image.state));
         ((lv_imgbtn_t *)obj)->img_src_mid[image.state] = nullptr;
     }
 }

@@ -6,16 +6,7 @@
 
 #include "project/look/zof_lang.h"
 #include "zof_lib/zof_stdio.h"
-
-static char *text_copy(const char *text, size_t size) {
-    char *copy = (char *)zof_malloc(size + 1);
-    if (!copy) {
-        return nullptr;
-    }
-    memcpy(copy, text, size);
-    copy[size] = 0;
-    return copy;
-}
+#include "zof_lib/zof_util.h"
 
 static void list_empty(db_list *list) {
     __db_list_travel(list, zof_free);
@@ -23,7 +14,7 @@ static void list_empty(db_list *list) {
 }
 
 static s32 text_append(db_list *list, const char *text, size_t size) {
-    char *copy = text_copy(text, size);
+    char *copy = zof_text_copy_n(text, size);
     if (copy && __db_list_put_tail(list, copy) == 0) {
         return 0;
     }
@@ -104,7 +95,7 @@ char *zof_listtxt_add_option(db_list *list, char **slot, const char *text, u32 p
     if (!list || !text || list->count >= ZOF_LISTTXT_LINES) {
         return nullptr;
     }
-    char *copy = text_copy(text, strlen(text));
+    char *copy = zof_text_copy(text);
     bool inside = position < (u32)list->count;
     s32 result = inside ? __db_list_insert_before(list, (s32)position + 1, copy) : __db_list_put_tail(list, copy);
     if (copy && result == 0) {
@@ -116,7 +107,7 @@ char *zof_listtxt_add_option(db_list *list, char **slot, const char *text, u32 p
 
 char *zof_listtxt_modify_option(db_list *list, char **slot, const char *text, u32 position) {
     db_node *node = list && position < (u32)list->count ? __db_list_visit_node(list, (s32)position) : nullptr;
-    char *copy = node && text ? text_copy(text, strlen(text)) : nullptr;
+    char *copy = node ? zof_text_copy(text) : nullptr;
     if (!copy) {
         return nullptr;
     }

@@ -4,6 +4,7 @@
 #include "project/look/zof_lang.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 // A picture that changes all the time, such as a sequence's, must not fill the log.
 void zof_img_missing(const char *path) {
@@ -27,7 +28,7 @@ void zof_img_missing(const char *path) {
 }
 
 char *zof_img_path_copy(const char *name) {
-    char *copy = zof_res_path_zof_malloc(zof_res_picture_path(zof_lang_get_cur_str(name)));
+    char *copy = zof_text_copy(zof_res_picture_path(zof_lang_get_cur_str(name)));
     if (copy && zof_file_get_size(copy) < 0) {
         zof_img_missing(copy);
     }

@@ -9,7 +9,7 @@ ZOF_C_BEGIN
 // Logs, once for each path, that it has no picture; with null, that no picture is named.
 void zof_img_missing(const char *path);
 
-// Returns a project's image name (or language key) as an allocated path, for zof_res_path_free; null for null and for
+// Returns a project's image name (or language key) as an allocated path, released with zof_free; null for null and for
 // names that LVGL would not take for a file.
 char *zof_img_path_copy(const char *name);
 

@@ -7,6 +7,7 @@
 #include "project/look/zof_font.h"
 #include "project/look/zof_lang.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 s32 zof_txt_change(char **slot, const char *text) {
     if (!slot || !text) {
@@ -15,13 +16,10 @@ s32 zof_txt_change(char **slot, const char *text) {
     if (*slot && (*slot == text || strcmp(*slot, text) == 0)) {
         return -1;
     }
-    size_t size = strlen(text) + 2;
-    char *copy = (char *)zof_malloc(size); // not resized in place: `text` may be within the old one
+    char *copy = zof_text_copy(text); // not resized in place: `text` may be within the old one
     if (!copy) {
         return -1;
     }
-    memset(copy, 0, size);
-    memcpy(copy, text, size - 2);
     zof_free(*slot);
     *slot = copy;
     return 0;
