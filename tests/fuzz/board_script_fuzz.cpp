@@ -18,11 +18,11 @@ static void board_check(const board &box) {
 
 void fuzz_one(fuzz_input &in) {
     simulation sim;
-    sim.box.write = [&sim](u16 addr, const std::vector<u16> &words) {
-        const bytes frame = frame_write(addr, words);
+    sim.send = [&sim](const bytes &frame) {
         fuzz_must(!frame_text(frame).empty(), "every frame is described");
         wire_send(sim.line, frame, sim.now_ms);
     };
+    sim.box.write = [&sim](u16 addr, const std::vector<u16> &words) { sim.send(frame_write(addr, words)); };
     sim.box.rails = board_default_rails();
     std::istringstream text(fuzz_text(in));
     if (!script_read(sim, text, "script").empty()) {

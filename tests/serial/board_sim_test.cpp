@@ -186,6 +186,7 @@ TEST_CASE("board: --help lists every fault, mistakes are reported with their pla
         }
         CHECK(contains(board_sim("--script " + folder.path("script")), expected));
     }
+    CHECK(contains(board_sim("--trace --script " + folder.path("script")), "board > panel  read 48 BRIGHT, 3 words"));
     CHECK(contains(board_sim("--script " + folder.folder), "cannot be read"));
     CHECK(board_sim("--seconds 0.05 --link " + folder.path("file"))[0] == '1');
     CHECK(file_text(folder.path("file")) == "mine");

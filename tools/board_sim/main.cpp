@@ -58,8 +58,7 @@ static bool read_script(const std::string &path) {
     return fault.empty();
 }
 
-static void on_write(uint16_t addr, const std::vector<uint16_t> &words) {
-    const bytes frame = frame_write(addr, words);
+static void send_frame(const bytes &frame) {
     if (opt.trace) {
         say("board > panel", frame_text(frame));
     }
@@ -175,7 +174,8 @@ int main(int argc, char **argv) {
     sim.box.random.seed(opt.seed);
     sim.line.random.seed(opt.seed);
     sim.box.noise = !opt.quiet_noise;
-    sim.box.write = on_write;
+    sim.send = send_frame;
+    sim.box.write = [](uint16_t addr, const std::vector<uint16_t> &words) { send_frame(frame_write(addr, words)); };
     sim.finder.found = on_frame;
     sim.box.rails = board_default_rails((size_t)opt.rails);
     if (!wire_plug(sim.line)) {

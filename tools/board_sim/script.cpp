@@ -73,7 +73,7 @@ static bool cmd_read(simulation &sim, const word_list &w) {
     if (!number(w[1], 65535, addr) || !number(w[2], 255, count)) {
         return false;
     }
-    wire_send(sim.line, frame_read((uint16_t)addr, (uint8_t)count), sim.now_ms);
+    sim.send(frame_read((uint16_t)addr, (uint8_t)count));
     return true;
 }
 

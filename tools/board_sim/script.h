@@ -21,6 +21,8 @@ struct simulation {
     std::deque<script_line> script; // what is left of it
     double now_ms = 0;              // since the start
     bool ended = false;             // by a command
+
+    std::function<void(const bytes &frame)> send; // to the panel
 };
 
 // Appends the lines of a script; "#" begins a comment, and times must not decrease. Returns an empty text, or a message

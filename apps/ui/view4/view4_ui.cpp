@@ -106,8 +106,8 @@ void view4_init(void) {
 
 void view4_entry(void) {
     view4_apply_settings();
-    zof_ctrl_set_ext_click_area(zof_ctrl_get_form_id(ZOF_VIEW4_ID, VIEW4_LABEL8_ID), OPTION_CLICK_AREA);
-    zof_ctrl_set_ext_click_area(zof_ctrl_get_form_id(ZOF_VIEW4_ID, VIEW4_LABEL9_ID), OPTION_CLICK_AREA);
+    zof_ctrl_set_ext_click_area(view4(VIEW4_LABEL8_ID), OPTION_CLICK_AREA);
+    zof_ctrl_set_ext_click_area(view4(VIEW4_LABEL9_ID), OPTION_CLICK_AREA);
     view4_request_settings();
 }
 
