@@ -2,7 +2,7 @@
 // check. The input is a series of messages, as for the link with a panel.
 #include "fuzz.h"
 
-#include "hardware/uart/zof_hw_uart.h"
+#include "register_line.h"
 
 enum { SETTLE = 8 };
 
@@ -12,13 +12,8 @@ extern "C" void __wrap_zof_reg_set_user(u16 addr, u16 *data, u8 datalen) {
 }
 
 void fuzz_open() {
-    static const zof_drv_uart_ops_t ops = {
-        .send = [](zof_drv_t *, const u8 *data, u32 n) { return fuzz_read(data, n); }};
-    static int context;
-    static zof_drv_t handle = {.type = ZOF_DRV_UART, .port = 6, .context = &context};
     lv_init();
-    drv_uart_t = &ops;
-    drv_uart = &handle;
+    register_line_open([](zof_drv_t *, const u8 *data, u32 n) { return fuzz_read(data, n); });
 }
 
 void fuzz_one(fuzz_input &in) {

@@ -5,8 +5,9 @@
 #include <unistd.h>
 
 #include "bench_ids.h"
+#include "board.h"
 #include "frames.h"
-#include "hardware/uart/zof_hw_uart.h"
+#include "register_line.h"
 #include "screen_fixture.h"
 #include "zof_main.h"
 
@@ -20,9 +21,6 @@ inline s32 panel_send(zof_drv_t *, const u8 *data, u32 size) {
 // Starts the panel as its program does, but on the test's clock and with its own line.
 inline void panel_open() {
     static const zof_clock_t clock = {[] { return screen_now; }, [](u32 ms) { screen_now += ms; }};
-    static const zof_drv_uart_ops_t ops = {.send = panel_send};
-    static int context;
-    static zof_drv_t handle = {.type = ZOF_DRV_UART, .port = 6, .context = &context};
     zof_clock_set(&clock);
     setenv("SDL_VIDEODRIVER", "offscreen", 0);
     REQUIRE(chdir(ZOF_PANEL_DIR) == 0);
@@ -31,8 +29,7 @@ inline void panel_open() {
     zof_func_pwon();
     zof_lang_on_change(panel_lang_changed);
     zof_prj_create(zof_views_fun, ZOF_VIEW_COUNT);
-    drv_uart_t = &ops;
-    drv_uart = &handle;
+    register_line_open(panel_send);
     screen_step(50);
     panel_sent.clear();
 }
@@ -51,23 +48,14 @@ inline void board_readings(u16 mv, u16 ma, u16 dw, u32 mwh) {
     board_write(REG_SESS_MWH_HI, {(u16)(mwh >> 16)});
 }
 
-inline void board_rails(const std::vector<prof_t> &rails, u16 in_force = RAIL_NONE) {
-    std::vector<u16> words;
-    for (const prof_t &r : rails) {
-        words.insert(words.end(), {r.type, r.vmin, r.vmax, r.imax});
-    }
-    board_write(REG_RAIL_BASE, words);
-    board_write(REG_RAIL_COUNT, {(u16)rails.size()});
-    board_write(REG_RAIL_ACTIVE, {in_force});
-    board_write(REG_RAIL_COMMIT, {1});
+// The board sends its rail table, of which `active` is in force.
+inline void board_rails(const std::vector<prof_t> &rails, u16 active = RAIL_NONE) {
+    board box;
+    box.rails = rails;
+    box.write = board_write;
+    board_write(REG_RAIL_ACTIVE, {active});
+    board_send_rails(box);
     screen_step(20);
-}
-
-inline std::vector<prof_t> thirteen_rails() {
-    return {{0, 5000, 5000, 5000},   {0, 9000, 9000, 5000},   {0, 12000, 12000, 5000}, {0, 15000, 15000, 5000},
-            {0, 20000, 20000, 5000}, {1, 3300, 11000, 5000},  {1, 3300, 16000, 5000},  {1, 3300, 21000, 5000},
-            {3, 28000, 28000, 5000}, {3, 36000, 36000, 5000}, {3, 48000, 48000, 5000}, {2, 9000, 20000, 3250},
-            {2, 15000, 28000, 5000}};
 }
 
 inline std::string text_of(u32 view, u32 ctrl) {

@@ -10,7 +10,7 @@ static reports sent() {
 static void rails_open() {
     panel_open();
     go_to(2);
-    board_rails(thirteen_rails());
+    board_rails(board_default_rails());
 }
 
 TEST_CASE("panel: the front page is empty at first, and shows readings truncated, never rounded") {
@@ -58,7 +58,7 @@ TEST_CASE("panel: entering the rails page requests them, and an empty list says 
     screen_step(400);
     CHECK(sent() == reports{{REG_RAIL_REQUEST, 1}});
     CHECK(screen_is_golden("panel_rails_empty"));
-    board_rails(thirteen_rails());
+    board_rails(board_default_rails());
     CHECK(screen_is_golden("panel_rails_thirteen"));
     for (const auto &[count, has] : {std::pair<u16, u32>{20, 13}, {0x0100, 0}}) {
         board_write(REG_RAIL_COUNT, {count});
@@ -77,7 +77,7 @@ TEST_CASE("panel: a fixed rail is chosen, used, and active when the board says s
     CHECK(sent() == reports{{REG_RAIL_SELECT, 1}, {REG_SETTINGS_REQUEST, 1}});
     screen_step(400);
     go_to(2);
-    board_rails(thirteen_rails(), 4);
+    board_rails(board_default_rails(), 4);
     CHECK(screen_is_golden("panel_rails_in_force"));
     screen_click(684, 392); // drawn as disabled, but the marked rail is used all the same
     CHECK(sent().front() == std::pair<u16, u16>{REG_RAIL_SELECT, 4});
@@ -86,7 +86,7 @@ TEST_CASE("panel: a fixed rail is chosen, used, and active when the board says s
 TEST_CASE("panel: an adjustable rail opens its sliders at its maximum, and sends what they show") {
     rails_open();
     screen_click(400, 160);
-    board_rails(thirteen_rails()); // hides the sliders, but a tap on any row still only closes them
+    board_rails(board_default_rails()); // hides the sliders, but a tap on any row still only closes them
     screen_click(140, 98);
     CHECK(g_sel == RAIL_NONE);
     screen_click(400, 160);
@@ -108,7 +108,7 @@ TEST_CASE("panel: odd rails are shown as they are, and only real ranges of PPS a
     screen_click(140, 98); // an EPR range
     CHECK(!is_shown(2, VIEW2_CONTAINER1_ID));
     CHECK(text_of(2, VIEW2_LABEL84_ID) == "Use 15.00 V");
-    board_rails(thirteen_rails());
+    board_rails(board_default_rails());
     screen_click(660, 160); // the thirteenth
     CHECK(g_sel == 12);
     board_rails({{0, 5000, 5000, 5000}}, 5); // active, but not in the table
@@ -145,7 +145,7 @@ TEST_CASE("panel: a language change leaves no English word on the running panel"
     go_to(3);
     CHECK(screen_is_golden("panel_about"));
     go_to(2);
-    board_rails(thirteen_rails());
+    board_rails(board_default_rails());
     screen_click(140, 98);
     CHECK(zof_lang_set("de") == 0);
     CHECK(screen_is_golden("panel_rails_fixed_de"));

@@ -1,8 +1,8 @@
 #include "zof_test.h"
 
-#include "hardware/uart/zof_hw_uart.h"
 #include "host_frame.h"
 #include "port/zof_host.h"
+#include "register_line.h"
 #include "temp_project.h"
 
 // A line that records what is sent.
@@ -13,11 +13,7 @@ static s32 line_send(zof_drv_t *, const u8 *data, u32 size) {
 }
 
 static void line_up() {
-    static const zof_drv_uart_ops_t ops = {.send = line_send};
-    static int context;
-    static zof_drv_t handle = {.type = ZOF_DRV_UART, .port = 6, .context = &context};
-    drv_uart_t = &ops;
-    drv_uart = &handle;
+    register_line_open(line_send);
     sent.clear();
 }
 

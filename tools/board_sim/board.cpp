@@ -7,8 +7,8 @@ static constexpr double SLEW_MV_PER_MS = 40; // a source's ramp, up and down
 static constexpr double PUSH_MS = 100;       // live values
 static constexpr double STATE_MS = 1000;     // output state again, for a panel that came up late
 
-std::vector<board_rail> board_default_rails(size_t count) {
-    std::vector<board_rail> rails = {
+std::vector<prof_t> board_default_rails(size_t count) {
+    std::vector<prof_t> rails = {
         {RAIL_FIX, 5000, 5000, 5000},   {RAIL_FIX, 9000, 9000, 5000},   {RAIL_FIX, 12000, 12000, 5000},
         {RAIL_FIX, 15000, 15000, 5000}, {RAIL_FIX, 20000, 20000, 5000}, {RAIL_PPS, 3300, 11000, 5000},
         {RAIL_PPS, 3300, 16000, 5000},  {RAIL_PPS, 3300, 21000, 5000},  {RAIL_EPR, 28000, 28000, 5000},
@@ -77,18 +77,14 @@ void board_output(board &b, bool on) {
     push(b, REG_OUT_STATE, b.on);
 }
 
-static bool is_adjustable(const board_rail &r) {
-    return (r.type == RAIL_PPS || r.type == RAIL_AVS) && r.vmin != r.vmax;
-}
-
 bool board_select(board &b, uint16_t rail) {
     if (rail >= b.rails.size()) {
         return false;
     }
-    const board_rail &r = b.rails[rail];
+    const prof_t &r = b.rails[rail];
     b.rail = rail;
-    b.target_mv = is_adjustable(r) && b.adj_mv ? std::clamp(b.adj_mv, r.vmin, r.vmax) : r.vmax;
-    b.limit_ma = is_adjustable(r) && b.adj_ma ? std::min(b.adj_ma, r.imax) : r.imax;
+    b.target_mv = prof_adjustable(&r) && b.adj_mv ? std::clamp(b.adj_mv, r.vmin, r.vmax) : r.vmax;
+    b.limit_ma = prof_adjustable(&r) && b.adj_ma ? std::min(b.adj_ma, r.imax) : r.imax;
     b.settings.last_rail = rail;
     b.settings.last_mv = b.adj_mv;
     b.settings.last_ma = b.adj_ma;
@@ -100,7 +96,7 @@ bool board_select(board &b, uint16_t rail) {
     return true;
 }
 
-void board_set_rails(board &b, std::vector<board_rail> rails) {
+void board_set_rails(board &b, std::vector<prof_t> rails) {
     b.rails = std::move(rails);
     if (b.rail != RAIL_NONE && b.rail >= b.rails.size()) {
         b.rail = RAIL_NONE;
@@ -112,7 +108,7 @@ void board_set_rails(board &b, std::vector<board_rail> rails) {
 
 void board_send_rails(board &b) {
     std::vector<uint16_t> words;
-    for (const board_rail &r : b.rails) {
+    for (const prof_t &r : b.rails) {
         words.insert(words.end(), {r.type, r.vmin, r.vmax, r.imax});
     }
     if (b.write && !words.empty()) {

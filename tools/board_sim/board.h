@@ -10,10 +10,6 @@
 
 #include "hardware/uart/zof_hw_map.h"
 
-struct board_rail {
-    uint16_t type, vmin, vmax, imax; // mV, mA
-};
-
 struct board_load {
     double ohms = 10;   // used when amperes is 0
     double amperes = 0; // constant current
@@ -39,7 +35,7 @@ struct board_setting {
 extern const std::vector<board_setting> board_setting_rows;
 
 struct board {
-    std::vector<board_rail> rails;
+    std::vector<prof_t> rails;
     board_load load;
     board_settings settings;
     std::string settings_file; // empty: settings are not saved
@@ -60,7 +56,7 @@ struct board {
 };
 
 // Returns the first `count` rails of a usual source.
-std::vector<board_rail> board_default_rails(size_t count = RAIL_MAX);
+std::vector<prof_t> board_default_rails(size_t count = RAIL_MAX);
 
 // Returns false after a message if the name of the settings file is that of a device or a folder. Follows a link, so
 // that its file is replaced and not the link.
@@ -84,7 +80,7 @@ void board_report(board &b, uint16_t addr, uint16_t value);
 
 // Replaces the rail table, as when another source is plugged in. If the active rail is not in the new table, it is
 // deselected and the output is switched off.
-void board_set_rails(board &b, std::vector<board_rail> rails);
+void board_set_rails(board &b, std::vector<prof_t> rails);
 
 void board_output(board &b, bool on);
 bool board_select(board &b, uint16_t rail);

@@ -15,6 +15,19 @@ enum { REG_HEAD0 = 0x5A, REG_HEAD1 = 0xA5, REG_CMD_WRITE = 0x82, REG_CMD_READ = 
 enum { RAIL_FIX = 0, RAIL_PPS = 1, RAIL_AVS = 2, RAIL_EPR = 3 };
 enum { RAIL_MAX = 13, RAIL_WORDS = 4, RAIL_NONE = 255 }; // rails in the table, words of each, no rail
 
+// A rail, as its words stand in the table.
+typedef struct {
+    unsigned short type;
+    unsigned short vmin; // mV
+    unsigned short vmax; // mV; equal to `vmin` for a single voltage
+    unsigned short imax; // mA
+} prof_t;
+
+// Whether the panel lets a user set voltage and current of a rail, and the board follows.
+static inline int prof_adjustable(const prof_t *rail) {
+    return (rail->type == RAIL_PPS || rail->type == RAIL_AVS) && rail->vmin != rail->vmax;
+}
+
 enum { REG_BY_BOARD = 1, REG_BY_PANEL = 2, REG_BY_BOTH = 3 }; // who writes a register
 enum { REG_NEAREST = -1 };
 

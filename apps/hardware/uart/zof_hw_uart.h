@@ -8,14 +8,6 @@
 
 ZOF_C_BEGIN
 
-// One PD profile. `vmin` equals `vmax` for a single voltage.
-typedef struct {
-    u16 type; // 1 PPS, 2 AVS, 3 EPR, anything else FIX
-    u16 vmin; // mV
-    u16 vmax; // mV
-    u16 imax; // mA
-} prof_t;
-
 extern u32 g_sess_mWh;                          // energy of the session, as last written by the board
 extern u8 g_out_on;                             // output, as last written by the board; 0 is off
 extern u8 g_applied;                            // active rail, or RAIL_NONE

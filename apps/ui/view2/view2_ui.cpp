@@ -32,10 +32,6 @@ static bool is_ranged(const prof_t *p) {
     return p->vmin != p->vmax;
 }
 
-static bool is_adjustable(const prof_t *p) {
-    return is_ranged(p) && (p->type == RAIL_PPS || p->type == RAIL_AVS);
-}
-
 void show_row(u8 i, u8 vis) {
     if (i >= RAIL_MAX) {
         return;
@@ -138,7 +134,7 @@ void update_adjust(u8 i) {
         return;
     }
     const prof_t *p = &g_prof[i];
-    if (is_adjustable(p)) {
+    if (prof_adjustable(p)) {
         zof_slider_set_range(view2(VIEW2_SLIDER0_ID), (s16)p->vmin, (s16)p->vmax);
         zof_slider_set_value(view2(VIEW2_SLIDER0_ID), (s16)p->vmax);
         zof_slider_set_range(view2(VIEW2_SLIDER1_ID), 0, (s16)p->imax);
@@ -189,7 +185,7 @@ void view2_use_apply(void) {
     if (g_sel == RAIL_NONE) {
         return;
     }
-    if (is_adjustable(&g_prof[g_sel])) {
+    if (prof_adjustable(&g_prof[g_sel])) {
         zof_reg_report(REG_ADJ_MV, (u16)zof_slider_get_value(view2(VIEW2_SLIDER0_ID)));
         zof_reg_report(REG_ADJ_MA, (u16)zof_slider_get_value(view2(VIEW2_SLIDER1_ID)));
     }
@@ -218,7 +214,7 @@ static void check_slider(u8 i, const prof_t *p) {
                       : p->imax > INT16_MAX ? "its current is above 32767 mA"
                       : p->imax == 0        ? "its current limit is 0"
                                             : nullptr;
-    if (why && is_adjustable(p)) {
+    if (why && prof_adjustable(p)) {
         zof_printf("register link: rail %u (%u to %u mV, %u mA): %s, so its slider cannot be trusted", i, p->vmin,
                    p->vmax, p->imax, why);
     }
