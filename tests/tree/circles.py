@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Checks that no three files of the library need each other in a circle: each can be read, tested and replaced on top of
+"""Checks that no files of the library need each other in a circle: each can be read, tested and replaced on top of
 the files below it. A call through a table is not a need, and zof_wiring.cpp, which fills the tables, is left out.
 
 usage: circles.py NM LIBRARY SOURCE_FOLDER
@@ -54,7 +54,7 @@ def circles_in(needs):
     for file in list(needs):
         if file not in order:
             visit(file)
-    return [group for group in groups if len(group) > 2]
+    return [group for group in groups if len(group) > 1]
 
 
 def demangled(symbol):

@@ -9,7 +9,7 @@
 #include "zof_test.h"
 
 TEST_CASE("on the null host a project is loaded, shown and changed, and there are no serial lines") {
-    REQUIRE(std::string(zof_host_name()) == "null");
+    REQUIRE(std::string(zof_system_get_name()) == "null");
     view_project_t project;
     project.image("red.png", 40, 40, 0xFF0000);
     project.view(1, {ctrl(ZOF_CTRL_IMG, 5, R"("init_img": "red.png")", box(0, 0, 40, 40))});

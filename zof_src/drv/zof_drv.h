@@ -80,8 +80,8 @@ zof_thread_t *zof_thread_create(const char *name, void (*fn)(void *arg), void *a
 void zof_thread_del(zof_thread_t *t);
 
 // Walks a folder, with or without a separator at the end of its path; "." and ".." are included. Open returns null for
-// anything but a folder, read returns null at the end. Each thread has one record, which its next read of any folder
-// overwrites; the name is valid until the next read of the same walk. zof_closedir releases the walk.
+// anything but a folder, read returns null at the end. A record is valid until the next read of the same walk.
+// zof_closedir releases the walk. Follows links.
 zof_dir_t *zof_opendir(const char *path);
 const zof_dirent_t *zof_readdir(zof_dir_t *dir);
 void zof_closedir(zof_dir_t *dir);

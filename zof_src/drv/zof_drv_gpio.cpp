@@ -33,19 +33,3 @@ s32 zof_gpio_group_get_irq_pin(u8 group) {
 s32 zof_gpio_group_get_irq_mode(u8 group) {
     return zof_gpio_t && zof_gpio_t->group_get_irq_mode ? zof_gpio_t->group_get_irq_mode(group) : -1;
 }
-
-s32 zof_win_key_sim_gpio_reg(u8 port, u8 pin, u32 key) {
-    return zof_drv_win_key_sim_gpio_reg(port, pin, key);
-}
-
-s32 zof_win_key_irq_reg(void (*fn)(zof_win_key_param_t *param, u32 key)) {
-    return zof_drv_win_key_irq_reg(fn);
-}
-
-s32 zof_win_key_get_value(const zof_win_key_param_t *param) {
-    return zof_drv_win_key_get_value(param);
-}
-
-s32 zof_win_key_get_status(const zof_win_key_param_t *param) {
-    return zof_drv_win_key_get_status(param);
-}

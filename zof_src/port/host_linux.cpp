@@ -17,19 +17,20 @@
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
-struct zof_host_dir {
+struct zof_dir {
     DIR *dir;
+    zof_dirent_t entry;
 };
 
 // The test's clock, or null for the host's own; read by all threads.
 static std::atomic<const zof_clock_t *> g_clock{nullptr};
 
 // Makes a write to a pipe without a reader fail instead of ending the process.
-void zof_host_start(void) {
+void zof_system_start(void) {
     signal(SIGPIPE, SIG_IGN);
 }
 
-const char *zof_host_name(void) {
+const char *zof_system_get_name(void) {
     return "linux";
 }
 
@@ -43,13 +44,13 @@ void zof_clock_set(const zof_clock_t *clock) {
     g_clock = clock;
 }
 
-u32 zof_host_time_ms(void) {
+u32 zof_sys_time_ms(void) {
     static const u64 start = host_monotonic_ms();
     const zof_clock_t *clock = g_clock;
     return clock ? clock->now_ms() : (u32)(host_monotonic_ms() - start);
 }
 
-void zof_host_delay_ms(u32 ms) {
+void zof_delay(u32 ms) {
     const zof_clock_t *clock = g_clock;
     if (clock) {
         clock->delay_ms(ms);
@@ -60,7 +61,7 @@ void zof_host_delay_ms(u32 ms) {
     }
 }
 
-s32 zof_host_local_time(zof_rtc_time_t *out) {
+s32 win_rtc_get_time(zof_rtc_time_t *out) {
     const time_t now = time(nullptr);
     tm local;
     if (!localtime_r(&now, &local)) {
@@ -71,34 +72,30 @@ s32 zof_host_local_time(zof_rtc_time_t *out) {
     return 0;
 }
 
-zof_host_dir_t *zof_host_dir_open(const char *path) {
-    DIR *dir = path ? opendir(path) : nullptr;
-    if (!dir) {
+zof_dir_t *zof_opendir(const char *path) {
+    auto *d = path ? (zof_dir_t *)zof_malloc(sizeof(zof_dir_t)) : nullptr;
+    if (d) {
+        d->dir = opendir(path);
+    }
+    if (d && !d->dir) {
+        zof_free(d);
         return nullptr;
     }
-    auto *d = (zof_host_dir_t *)zof_malloc(sizeof(zof_host_dir_t));
-    if (!d) {
-        closedir(dir);
-        return nullptr;
-    }
-    d->dir = dir;
     return d;
 }
 
-s32 zof_host_dir_read(zof_host_dir_t *dir, zof_host_dirent_t *out) {
-    const dirent *entry = dir ? readdir(dir->dir) : nullptr;
-    if (!entry) {
-        return -1;
+const zof_dirent_t *zof_readdir(zof_dir_t *dir) {
+    const dirent *found = dir ? readdir(dir->dir) : nullptr;
+    if (!found) {
+        return nullptr;
     }
     struct stat st = {};
-    const bool known = fstatat(dirfd(dir->dir), entry->d_name, &st, 0) == 0;
-    out->is_dir = known && S_ISDIR(st.st_mode);
-    out->size = known && S_ISREG(st.st_mode) ? (u64)st.st_size : 0;
-    out->name = entry->d_name;
-    return 0;
+    const bool known = fstatat(dirfd(dir->dir), found->d_name, &st, 0) == 0;
+    dir->entry = {known && S_ISDIR(st.st_mode), known && S_ISREG(st.st_mode) ? (u32)st.st_size : 0, found->d_name};
+    return &dir->entry;
 }
 
-void zof_host_dir_close(zof_host_dir_t *dir) {
+void zof_closedir(zof_dir_t *dir) {
     if (dir) {
         closedir(dir->dir);
         zof_free(dir);
@@ -112,7 +109,7 @@ s32 zof_host_mkdir(const char *path) {
     return errno == EEXIST ? 1 : -1;
 }
 
-s64 zof_host_file_size(const char *path) {
+s64 zof_file_size(const char *path) {
     struct stat st;
     return path && stat(path, &st) == 0 ? (s64)st.st_size : -1;
 }

@@ -130,7 +130,7 @@ s32 zof_host_folder_lock(const char *path, char *holder, size_t size) {
     return held ? 0 : -1;
 }
 
-void zof_host_folder_unlock(s32 lock) {
+void zof_folder_unlock(s32 lock) {
     if (lock > 0) {
         close(lock);
     }
@@ -165,7 +165,7 @@ s32 zof_host_file_stamp(const char *path, zof_file_stamp_t *out) {
     return 0;
 }
 
-const char *zof_host_error(void) {
+const char *zof_file_error(void) {
     static thread_local char text[96];
     return strerror_r(errno, text, sizeof(text));
 }

@@ -26,7 +26,8 @@
 enum { RETRY_MS = 100, MISSING_RETRY_MS = 1000, SEND_WAIT_MS = 50, CHOKED_MS = 1000 };
 enum { BITS_PER_BYTE = 12 }; // start, data, parity, two stop bits
 
-struct zof_host_serial {
+struct host_serial {
+    zof_drv_t drv;          // first: the handle
     std::mutex lock;        // guards fd, line, choked and patience
     std::atomic<int> users; // the owner, and each thread inside receive; the last one releases it
     int fd;                 // -1 while the device is missing
@@ -80,14 +81,14 @@ static int device_open(const char *path, const zof_host_line_t *line, const char
     const int fd = open(path, O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0) {
         *why = errno == EACCES ? "no permission; is this user in the group that owns it (often dialout)?"
-                               : zof_host_error();
+                               : zof_file_error();
         return -1;
     }
     if (flock(fd, LOCK_EX | LOCK_NB) != 0) {
         *why = "another program has it";
     } else if (!line_apply(fd, line)) {
         *lasting = errno == ENOTTY;
-        *why = *lasting ? "it is not a serial line" : zof_host_error();
+        *why = *lasting ? "it is not a serial line" : zof_file_error();
     } else {
         // No TIOCEXCL: a pseudo-terminal that its peer keeps open would stay locked after this process has ended.
         ioctl(fd, TCFLSH, TCIOFLUSH);
@@ -97,7 +98,7 @@ static int device_open(const char *path, const zof_host_line_t *line, const char
     return -1;
 }
 
-static void name_keep(zof_host_serial_t *s) {
+static void name_keep(host_serial *s) {
     if (lstat(s->path, &s->name) != 0) {
         s->name = {};
     }
@@ -105,7 +106,7 @@ static void name_keep(zof_host_serial_t *s) {
 
 // The number of a pseudo-terminal that has ended is reused for the next one, perhaps somebody's shell. So it is opened
 // again only through a link that was created since.
-static bool may_reopen(const zof_host_serial_t *s) {
+static bool may_reopen(const host_serial *s) {
     char *real = realpath(s->path, nullptr);
     const bool pseudo = real && strncmp(real, "/dev/pts/", 9) == 0;
     free(real);
@@ -119,7 +120,7 @@ static bool may_reopen(const zof_host_serial_t *s) {
     return S_ISLNK(now.st_mode) && !same;
 }
 
-static void line_release(zof_host_serial_t *s) {
+static void line_release(host_serial *s) {
     if (s->users.fetch_sub(1) != 1) {
         return;
     }
@@ -132,13 +133,13 @@ static void line_release(zof_host_serial_t *s) {
     delete s;
 }
 
-static void opened_log(const zof_host_serial_t *s) {
+static void opened_log(const host_serial *s) {
     zof_printf("serial port %d: %s at %u baud, %u%c%u", s->port, s->path, s->line.baud, s->line.data_bits,
                "NOE"[s->line.parity], s -> line.stop_bits);
 }
 
 // Waits for a device that is missing or busy, but not for a file that is not a serial line.
-static bool first_open(zof_host_serial_t *s) {
+static bool first_open(host_serial *s) {
     const char *why = "its name is too long";
     bool lasting = true;
     if (port_path(s->port, s->path, sizeof(s->path))) {
@@ -154,8 +155,8 @@ static bool first_open(zof_host_serial_t *s) {
     return !lasting;
 }
 
-zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
-    auto *s = new (std::nothrow) zof_host_serial_t{};
+zof_drv_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
+    auto *s = new (std::nothrow) host_serial{};
     if (!s) {
         return nullptr;
     }
@@ -165,19 +166,24 @@ zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
     s->line = *line;
     s->wake = eventfd(0, EFD_CLOEXEC);
     if (s->wake < 0) {
-        zof_printf("serial port %d: %s", port, zof_host_error());
+        zof_printf("serial port %d: %s", port, zof_file_error());
     }
     if (s->wake < 0 || !first_open(s)) {
         line_release(s);
         return nullptr;
     }
-    return s;
+    return &s->drv;
 }
 
-s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line) {
+static host_serial *line_of(zof_drv_t *handle) {
+    return (host_serial *)handle;
+}
+
+s32 zof_host_serial_set(zof_drv_t *handle, const zof_host_line_t *line) {
+    host_serial *s = line_of(handle);
     std::lock_guard guard(s->lock);
     if (s->fd >= 0 && !line_apply(s->fd, line)) {
-        zof_printf("serial line %s: cannot change it: %s", s->path, zof_host_error());
+        zof_printf("serial line %s: cannot change it: %s", s->path, zof_file_error());
         line_apply(s->fd, &s->line);
         return -1;
     }
@@ -185,7 +191,7 @@ s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line) {
     return 0;
 }
 
-static bool room_wait(const zof_host_serial_t *s, u64 deadline) {
+static bool room_wait(const host_serial *s, u64 deadline) {
     const u64 now = host_monotonic_ms();
     pollfd p = {s->fd, POLLOUT, 0};
     return now < deadline && poll(&p, 1, (int)(deadline - now)) > 0 && (p.revents & POLLOUT);
@@ -193,7 +199,7 @@ static bool room_wait(const zof_host_serial_t *s, u64 deadline) {
 
 // Writes what the line accepts. The wait starts again with every byte sent, as long as the line is no slower than its
 // rate. Returns the bytes written; `full` is true when the line accepted no more in time.
-static u32 line_write(const zof_host_serial_t *s, const u8 *data, u32 size, bool patient, bool *full) {
+static u32 line_write(const host_serial *s, const u8 *data, u32 size, bool patient, bool *full) {
     const u64 start = host_monotonic_ms();
     const u64 needed = (u64)size * BITS_PER_BYTE * 1000 / (s->line.baud ? s->line.baud : 1);
     u64 last = start;
@@ -217,7 +223,8 @@ static u32 line_write(const zof_host_serial_t *s, const u8 *data, u32 size, bool
 
 // The caller holds the graphics lock. So a peer that does not read may cost SEND_WAIT_MS once and nothing afterwards,
 // and one that reads slowly the same once every CHOKED_MS. The reader reports a device that is gone.
-s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size) {
+s32 win_uart_send(zof_drv_t *handle, const u8 *data, u32 size) {
+    host_serial *s = line_of(handle);
     std::lock_guard guard(s->lock);
     const u64 start = host_monotonic_ms();
     const bool patient = !s->choked && start >= s->patience;
@@ -231,12 +238,12 @@ s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size) {
     return sent == size ? (s32)size : -1;
 }
 
-static bool closing(zof_host_serial_t *s, int wait_ms) {
+static bool closing(host_serial *s, int wait_ms) {
     pollfd p = {s->wake, POLLIN, 0};
     return poll(&p, 1, wait_ms) > 0;
 }
 
-static void device_lost(zof_host_serial_t *s) {
+static void device_lost(host_serial *s) {
     int gone;
     {
         std::lock_guard guard(s->lock);
@@ -247,13 +254,13 @@ static void device_lost(zof_host_serial_t *s) {
     zof_printf("serial line %s: the device is gone; waiting for it", s->path);
 }
 
-static zof_host_line_t line_now(zof_host_serial_t *s) {
+static zof_host_line_t line_now(host_serial *s) {
     std::lock_guard guard(s->lock);
     return s->line;
 }
 
 // Reader thread. Opens the device if it is there.
-static bool device_look(zof_host_serial_t *s) {
+static bool device_look(host_serial *s) {
     const char *why;
     bool lasting;
     const zof_host_line_t line = line_now(s);
@@ -279,7 +286,7 @@ static bool device_look(zof_host_serial_t *s) {
 }
 
 // Blocks until the device is there; false when the line is closed meanwhile.
-static bool device_wait(zof_host_serial_t *s) {
+static bool device_wait(host_serial *s) {
     while (!closing(s, s->seen ? RETRY_MS : MISSING_RETRY_MS)) {
         if (device_look(s)) {
             return true;
@@ -288,7 +295,7 @@ static bool device_wait(zof_host_serial_t *s) {
     return false;
 }
 
-static s32 line_read(zof_host_serial_t *s, u8 *buffer, u32 size) {
+static s32 line_read(host_serial *s, u8 *buffer, u32 size) {
     for (;;) {
         if (s->fd < 0 && !device_wait(s)) { // only this thread changes fd once the line is open
             return 0;
@@ -313,20 +320,20 @@ static s32 line_read(zof_host_serial_t *s, u8 *buffer, u32 size) {
     }
 }
 
-s32 zof_host_serial_receive(zof_host_serial_t *s, u8 *buffer, u32 size) {
+s32 win_uart_receive(zof_drv_t *handle, u8 *buffer, u32 size) {
+    host_serial *s = line_of(handle);
     s->users++;
     const s32 n = line_read(s, buffer, size);
     line_release(s);
     return n;
 }
 
-void zof_host_serial_close(zof_host_serial_t *s) {
-    if (!s) {
-        return;
-    }
+s32 win_uart_close(zof_drv_t *handle) {
+    host_serial *s = line_of(handle);
     const u64 one = 1;
     if (write(s->wake, &one, sizeof(one)) != (ssize_t)sizeof(one)) {
-        zof_printf("serial line %s: cannot wake its reader: %s", s->path, zof_host_error());
+        zof_printf("serial line %s: cannot wake its reader: %s", s->path, zof_file_error());
     }
     line_release(s);
+    return 0;
 }

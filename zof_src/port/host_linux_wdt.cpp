@@ -27,7 +27,7 @@ static s32 wdt_open() {
         wdt.fd = open(device, O_WRONLY | O_CLOEXEC);
     }
     if (wdt.fd < 0) {
-        zof_printf("watchdog %s: %s", device, zof_host_error());
+        zof_printf("watchdog %s: %s", device, zof_file_error());
         return -1;
     }
     return apply_timeout();

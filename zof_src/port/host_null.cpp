@@ -18,7 +18,8 @@
 
 namespace fs = std::filesystem;
 
-struct zof_host_dir {
+struct zof_dir {
+    zof_dirent_t entry;
     fs::directory_iterator at;
     u32 dots; // entries "." and ".." that have been read
     std::string name;
@@ -30,14 +31,14 @@ void zof_clock_set(const zof_clock_t *clock) {
     g_clock = clock;
 }
 
-u32 zof_host_time_ms(void) {
+u32 zof_sys_time_ms(void) {
     static const auto start = std::chrono::steady_clock::now();
     const zof_clock_t *clock = g_clock;
     const auto elapsed = std::chrono::steady_clock::now() - start;
     return clock ? clock->now_ms() : (u32)std::chrono::duration_cast<std::chrono::milliseconds>(elapsed).count();
 }
 
-void zof_host_delay_ms(u32 ms) {
+void zof_delay(u32 ms) {
     const zof_clock_t *clock = g_clock;
     if (clock) {
         clock->delay_ms(ms);
@@ -46,15 +47,15 @@ void zof_host_delay_ms(u32 ms) {
     }
 }
 
-void zof_host_start(void) {
+void zof_system_start(void) {
 }
 
-const char *zof_host_name(void) {
+const char *zof_system_get_name(void) {
     return "null";
 }
 
 // Without a local time zone by thread the time is UTC.
-s32 zof_host_local_time(zof_rtc_time_t *out) {
+s32 win_rtc_get_time(zof_rtc_time_t *out) {
     const auto now = std::chrono::system_clock::now();
     const auto day = std::chrono::floor<std::chrono::days>(now);
     const std::chrono::year_month_day date(day);
@@ -72,34 +73,34 @@ static s32 done(const std::error_code &error) {
     return error ? -1 : 0;
 }
 
-zof_host_dir_t *zof_host_dir_open(const char *path) {
+zof_dir_t *zof_opendir(const char *path) {
     std::error_code error;
     fs::directory_iterator at(path ? path : "", error);
-    return done(error) == 0 ? new (std::nothrow) zof_host_dir{std::move(at), 0, {}} : nullptr;
+    return done(error) == 0 ? new (std::nothrow) zof_dir_t{{}, std::move(at), 0, {}} : nullptr;
 }
 
-s32 zof_host_dir_read(zof_host_dir_t *dir, zof_host_dirent_t *out) {
+const zof_dirent_t *zof_readdir(zof_dir_t *dir) {
     if (!dir) {
-        return -1;
+        return nullptr;
     }
     if (dir->dots < 2) {
         dir->name.assign(++dir->dots, '.');
-        *out = {ZOF_TRUE, 0, dir->name.c_str()};
-        return 0;
+        dir->entry = {ZOF_TRUE, 0, dir->name.c_str()};
+        return &dir->entry;
     }
     if (dir->at == fs::directory_iterator()) {
-        return -1;
+        return nullptr;
     }
     std::error_code error;
     const bool plain = dir->at->is_regular_file(error);
     dir->name = dir->at->path().filename().string();
-    *out = {dir->at->is_directory(error) ? ZOF_TRUE : ZOF_FALSE, plain ? (u64)dir->at->file_size(error) : 0,
-            dir->name.c_str()};
+    dir->entry = {dir->at->is_directory(error) ? ZOF_TRUE : ZOF_FALSE, plain ? (u32)dir->at->file_size(error) : 0,
+                  dir->name.c_str()};
     dir->at.increment(error);
-    return 0;
+    return &dir->entry;
 }
 
-void zof_host_dir_close(zof_host_dir_t *dir) {
+void zof_closedir(zof_dir_t *dir) {
     delete dir;
 }
 
@@ -111,9 +112,9 @@ s32 zof_host_mkdir(const char *path) {
     return fs::exists(path, error) ? 1 : -1;
 }
 
-s64 zof_host_file_size(const char *path) {
+s64 zof_file_size(const char *path) {
     std::error_code error;
-    const auto size = fs::file_size(path, error);
+    const auto size = fs::file_size(path ? path : "", error);
     return done(error) == 0 ? (s64)size : -1;
 }
 
@@ -199,7 +200,7 @@ s32 zof_host_folder_lock(const char *path, char *holder, size_t size) {
     return -1;
 }
 
-void zof_host_folder_unlock(s32 lock) {
+void zof_folder_unlock(s32 lock) {
     (void)lock;
 }
 
@@ -235,7 +236,7 @@ s32 zof_host_file_stamp(const char *path, zof_file_stamp_t *out) {
     return 0;
 }
 
-const char *zof_host_error(void) {
+const char *zof_file_error(void) {
     static thread_local std::string text;
     text = std::generic_category().message(errno);
     return text.c_str();
@@ -258,32 +259,33 @@ void zof_host_screen_size(s32 *w, s32 *h) {
     *h = 0;
 }
 
-zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
+zof_drv_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
     (void)line;
     zof_printf("serial port %d: this host has no serial lines", port);
     return nullptr;
 }
 
-s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line) {
-    (void)s;
+s32 zof_host_serial_set(zof_drv_t *handle, const zof_host_line_t *line) {
+    (void)handle;
     (void)line;
     return -1;
 }
 
-s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size) {
-    (void)s;
+s32 win_uart_send(zof_drv_t *handle, const u8 *data, u32 size) {
+    (void)handle;
     (void)data;
     (void)size;
     return -1;
 }
 
-s32 zof_host_serial_receive(zof_host_serial_t *s, u8 *buffer, u32 size) {
-    (void)s;
+s32 win_uart_receive(zof_drv_t *handle, u8 *buffer, u32 size) {
+    (void)handle;
     (void)buffer;
     (void)size;
     return 0;
 }
 
-void zof_host_serial_close(zof_host_serial_t *s) {
-    (void)s;
+s32 win_uart_close(zof_drv_t *handle) {
+    (void)handle;
+    return 0;
 }

@@ -346,6 +346,7 @@ void sdl_mouse_read(lv_indev_drv_t *, lv_indev_data_t *data) {
     data->point.y = last_y;
     data->state = left_button_down || press_unread ? LV_INDEV_STATE_PRESSED : LV_INDEV_STATE_RELEASED;
     press_unread = 0;
+    zof_touch_event(data); // before the widgets see it
 }
 
 void sdl_mousewheel_read(lv_indev_drv_t *, lv_indev_data_t *data) {

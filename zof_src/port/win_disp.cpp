@@ -28,12 +28,6 @@ static s32 win_disp_set_bright(u8 level) {
     return 0;
 }
 
-// Our touch hook runs after the mouse is read and before the widgets see it.
-static void win_pointer_read(lv_indev_drv_t *drv, lv_indev_data_t *data) {
-    sdl_mouse_read(drv, data);
-    zof_touch_event(data);
-}
-
 static void register_display() {
     static lv_disp_draw_buf_t draw_buf;
     static lv_disp_drv_t drv;
@@ -58,7 +52,7 @@ static void register_touch() {
     static lv_indev_drv_t drv;
     lv_indev_drv_init(&drv);
     drv.type = LV_INDEV_TYPE_POINTER;
-    drv.read_cb = win_pointer_read;
+    drv.read_cb = sdl_mouse_read;
     touch_indev = lv_indev_drv_register(&drv);
 }
 

@@ -123,10 +123,6 @@ s32 zof_folder_lock(const char *path, char *holder, size_t size) {
     return path && holder && size ? zof_host_folder_lock(path, holder, size) : -1;
 }
 
-void zof_folder_unlock(s32 lock) {
-    zof_host_folder_unlock(lock);
-}
-
 // A failed write has often written a part.
 s32 zof_file_put(FILE *f, const void *data, size_t size) {
     if (!f || (!data && size)) {
@@ -173,18 +169,10 @@ s32 zof_file_stamp(const char *path, zof_file_stamp_t *out) {
     return path ? zof_host_file_stamp(path, out) : -1;
 }
 
-const char *zof_file_error(void) {
-    return zof_host_error();
-}
-
 s32 zof_mkdir(const char *path) {
     return path && !fails("mkdir", path) ? zof_host_mkdir(path) : -1;
 }
 
 s32 zof_rename(const char *from, const char *to) {
     return from && to && !fails("rename", to) ? zof_host_rename(from, to) : -1;
-}
-
-s64 zof_file_size(const char *path) {
-    return path ? zof_host_file_size(path) : -1;
 }

@@ -124,6 +124,22 @@ static s32 zof_win_drv_gpio_readInputPin(u8 port, u8 pin) {
     return node ? node->level : -1;
 }
 
+s32 zof_win_key_sim_gpio_reg(u8 port, u8 pin, u32 key) {
+    return zof_drv_win_key_sim_gpio_reg(port, pin, key);
+}
+
+s32 zof_win_key_irq_reg(void (*fn)(zof_win_key_param_t *param, u32 key)) {
+    return zof_drv_win_key_irq_reg(fn);
+}
+
+s32 zof_win_key_get_value(const zof_win_key_param_t *param) {
+    return zof_drv_win_key_get_value(param);
+}
+
+s32 zof_win_key_get_status(const zof_win_key_param_t *param) {
+    return zof_drv_win_key_get_status(param);
+}
+
 void win_gpio_init(void) {
     static constexpr zof_drv_gpio_ops_t ops = {
         .init = zof_win_drv_gpio_init,

@@ -4,10 +4,6 @@
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
-static s32 win_rtc_get_time(zof_rtc_time_t *time) {
-    return zof_host_local_time(time);
-}
-
 static s32 win_rtc_set_time(const zof_rtc_time_t *t) {
     zof_printf("year=%d month=%d day=%d hour=%d minute=%d second=%d\n", t->year, t->month, t->day, t->hour, t->minute,
                t->second);

@@ -1,11 +1,10 @@
-// Locks, threads, time and folders of the desktop, on SDL and the host's functions.
+// Locks and threads of the desktop, on SDL, and what a desktop does not have: a reboot and memory that is counted.
 #include <SDL.h>
 
 #include <atomic>
 
 #include "drv/zof_drv.h"
 #include "drv/zof_loop_in.h"
-#include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
 struct zof_thread {
@@ -14,10 +13,6 @@ struct zof_thread {
     void (*fn)(void *arg);
     void *arg;
     std::atomic<u8> started;
-};
-
-struct zof_dir {
-    zof_host_dir_t *host;
 };
 
 static std::atomic<int> mutex_waiters;
@@ -85,25 +80,9 @@ s32 zof_sem_delete(zof_sem_t sem) {
     return 0;
 }
 
-void zof_delay(u32 ms) {
-    zof_host_delay_ms(ms);
-}
-
-u32 zof_sys_time_ms(void) {
-    return zof_host_time_ms();
-}
-
 s32 zof_reboot(void) {
-    zof_printf("%s app reboot\n", zof_host_name());
+    zof_printf("%s app reboot\n", zof_system_get_name());
     return -1;
-}
-
-void zof_system_start(void) {
-    zof_host_start();
-}
-
-const char *zof_system_get_name(void) {
-    return zof_host_name();
 }
 
 // Not monotonic, on purpose: the reader of a serial line (1) runs high, all others low.
@@ -149,34 +128,6 @@ void zof_thread_del(zof_thread_t *t) {
     if (t) {
         SDL_DetachThread(t->handle);
         zof_free(t);
-    }
-}
-
-zof_dir_t *zof_opendir(const char *path) {
-    zof_host_dir_t *host = zof_host_dir_open(path);
-    auto *dir = host ? (zof_dir_t *)zof_malloc(sizeof(zof_dir_t)) : nullptr;
-    if (!dir) {
-        zof_host_dir_close(host);
-        return nullptr;
-    }
-    dir->host = host;
-    return dir;
-}
-
-const zof_dirent_t *zof_readdir(zof_dir_t *dir) {
-    static thread_local zof_dirent_t entry; // one record for each thread, overwritten by its next read
-    zof_host_dirent_t found;
-    if (!dir || zof_host_dir_read(dir->host, &found) != 0) {
-        return nullptr;
-    }
-    entry = {found.is_dir, (u32)found.size, found.name};
-    return &entry;
-}
-
-void zof_closedir(zof_dir_t *dir) {
-    if (dir) {
-        zof_host_dir_close(dir->host);
-        zof_free(dir);
     }
 }
 

@@ -1,13 +1,8 @@
-// The serial port table of the desktop: speed numbers become rates, the host's functions do the rest.
+// The serial port table of the desktop: speed numbers become rates here, bytes go to the host's functions at once.
 #include "drv/zof_drv_uart.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
-
-struct win_uart {
-    zof_drv_t drv; // first: every driver handle begins with it
-    zof_host_serial_t *line;
-};
 
 enum { BAUD_MAX = 10000000 };
 
@@ -29,38 +24,12 @@ static bool line_settings(const zof_uart_cfg_t *cfg, zof_host_line_t *line) {
 
 static zof_drv_t *win_uart_open(zof_uart_cfg_t *cfg) {
     zof_host_line_t line;
-    if (!line_settings(cfg, &line)) {
-        return nullptr;
-    }
-    auto *uart = (win_uart *)zof_malloc(sizeof(win_uart));
-    if (!uart) {
-        return nullptr;
-    }
-    uart->line = zof_host_serial_open(cfg->port, &line);
-    if (!uart->line) {
-        zof_free(uart);
-        return nullptr;
-    }
-    return &uart->drv;
+    return line_settings(cfg, &line) ? zof_host_serial_open(cfg->port, &line) : nullptr;
 }
 
 static s32 win_uart_set_cfg(zof_drv_t *handle, const zof_uart_cfg_t *cfg) {
     zof_host_line_t line;
-    return line_settings(cfg, &line) ? zof_host_serial_set(((win_uart *)handle)->line, &line) : -1;
-}
-
-static s32 win_uart_send(zof_drv_t *handle, const u8 *data, u32 size) {
-    return zof_host_serial_send(((win_uart *)handle)->line, data, size);
-}
-
-static s32 win_uart_receive(zof_drv_t *handle, u8 *buffer, u32 size) {
-    return zof_host_serial_receive(((win_uart *)handle)->line, buffer, size);
-}
-
-static s32 win_uart_close(zof_drv_t *handle) {
-    zof_host_serial_close(((win_uart *)handle)->line);
-    zof_free(handle);
-    return 0;
+    return line_settings(cfg, &line) ? zof_host_serial_set(handle, &line) : -1;
 }
 
 void win_uart_init(void) {

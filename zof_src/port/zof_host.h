@@ -3,43 +3,29 @@
 #ifndef ZOF_HOST_H
 #define ZOF_HOST_H
 
+#include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
 #include "drv/zof_drv_rtc.h"
 #include "zof_lib/zof_type.h"
 
 ZOF_C_BEGIN
 
-// Monotonic clock, any thread: milliseconds since the first call, and sleeping. Tests can replace it: zof_sys_time_ms
-// and zof_delay then use the test's clock alone. `clock` is kept, not copied; null restores the host's own.
+// The host also implements these of drv/zof_drv.h and drv/zof_drv_file.h itself: zof_sys_time_ms, zof_delay,
+// zof_system_start, zof_system_get_name, zof_opendir, zof_readdir, zof_closedir, zof_file_size, zof_folder_unlock and
+// zof_file_error.
+
+// Tests can replace the clock: zof_sys_time_ms and zof_delay then use the test's alone. `clock` is kept, not copied;
+// null restores the host's own.
 typedef struct {
     u32 (*now_ms)(void);
     void (*delay_ms)(u32 ms);
 } zof_clock_t;
 void zof_clock_set(const zof_clock_t *clock);
-u32 zof_host_time_ms(void);
-void zof_host_delay_ms(u32 ms);
 
-// For zof_system_start and zof_system_get_name.
-void zof_host_start(void);
-const char *zof_host_name(void);
-
-// Returns local date and time: 0, or -1 when they are not available.
-s32 zof_host_local_time(zof_rtc_time_t *out);
-
-// Walks a folder, with or without a separator at the end of the path; "." and ".." are included. Open returns null for
-// anything but a folder; read returns 0, or -1 at the end; close releases the walk. Follows links.
-typedef struct zof_host_dir zof_host_dir_t;
-typedef struct {
-    zof_bool is_dir;
-    u64 size;         // bytes; 0 for anything but a regular file
-    const char *name; // valid until the next read
-} zof_host_dirent_t;
-zof_host_dir_t *zof_host_dir_open(const char *path);
-s32 zof_host_dir_read(zof_host_dir_t *dir, zof_host_dirent_t *out);
-void zof_host_dir_close(zof_host_dir_t *dir);
+// The clock's row in the table of win_rtc.cpp. Returns local date and time: 0, or -1 when they are not available.
+s32 win_rtc_get_time(zof_rtc_time_t *out);
 
 s32 zof_host_mkdir(const char *path);                  // 0, 1 when the name exists already, -1
-s64 zof_host_file_size(const char *path);              // bytes, or -1 when it is unknown
 s32 zof_host_rename(const char *from, const char *to); // replaces `to` in one step; 0 or -1
 // The host's part of drv/zof_drv_file.h, with the same contracts; sync leaves the file open.
 u32 zof_host_file_kind(const char *path);
@@ -51,13 +37,11 @@ FILE *zof_host_file_create(const char *path);
 u32 zof_host_process_id(void);
 zof_bool zof_host_process_runs(u32 id); // the calling process counts as running
 s32 zof_host_folder_lock(const char *path, char *holder, size_t size);
-void zof_host_folder_unlock(s32 lock);
 s32 zof_host_file_sync(FILE *f);
 void zof_host_folder_sync(const char *path);
 s32 zof_host_exchange(const char *a, const char *b);
 s32 zof_host_remove(const char *path);
 s32 zof_host_file_stamp(const char *path, zof_file_stamp_t *out);
-const char *zof_host_error(void);
 
 // For tests: called before each change of the disk ("create", "write", "sync", "rename", "exchange", "mkdir",
 // "remove"); true makes it fail. Null, the initial value: nothing fails. Any thread.
@@ -82,18 +66,19 @@ typedef struct {
     u8 parity;    // 0 none, 1 odd, 2 even
     u8 stop_bits; // 1, 2
 } zof_host_line_t;
-typedef struct zof_host_serial zof_host_serial_t;
-// Returns null, and logs why, for a name that is too long and for anything but a serial line. Released by close.
-zof_host_serial_t *zof_host_serial_open(s32 port, const zof_host_line_t *line);
+// Returns a handle that begins with its zof_drv_t. Null, and a log line that says why, for a name that is too long and
+// for anything but a serial line. Released by close.
+zof_drv_t *zof_host_serial_open(s32 port, const zof_host_line_t *line);
 // Any thread. Returns 0, or -1 with the line unchanged.
-s32 zof_host_serial_set(zof_host_serial_t *s, const zof_host_line_t *line);
-// Any thread. Returns `size`, or -1: no device, or no room for all of it. Waits for room as long as the line accepts
-// bytes at its rate, at most 50 ms after the last one, and not at all while the peer does not read.
-s32 zof_host_serial_send(zof_host_serial_t *s, const u8 *data, u32 size);
-// One thread. Waits for at least one byte and returns what there is, up to `size`; 0 when the line is closed.
-s32 zof_host_serial_receive(zof_host_serial_t *s, u8 *buffer, u32 size);
-// Ends a receive that is waiting on another thread; nothing may be called with the line after that.
-void zof_host_serial_close(zof_host_serial_t *s);
+s32 zof_host_serial_set(zof_drv_t *handle, const zof_host_line_t *line);
+// The last three rows of the table in win_uart.cpp. Send, any thread: returns `size`, or -1: no device, or no room for
+// all of it. Waits for room as long as the line accepts bytes at its rate, at most 50 ms after the last one, and not at
+// all while the peer does not read. Receive, one thread: waits for at least one byte and returns what there is, up to
+// `size`; 0 when the line is closed. Close ends a receive that is waiting on another thread; nothing may be called with
+// the line after that.
+s32 win_uart_send(zof_drv_t *handle, const u8 *data, u32 size);
+s32 win_uart_receive(zof_drv_t *handle, u8 *buffer, u32 size);
+s32 win_uart_close(zof_drv_t *handle);
 
 ZOF_C_END
 
