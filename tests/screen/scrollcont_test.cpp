@@ -120,8 +120,8 @@ TEST_CASE("items sink, shrink and fade by their distance") {
 TEST_CASE("wheels that are wrong or unfinished do no harm") {
     view_project_t project;
     std::vector<std::string> controls = wheel_of({5, 3, false}, 1);
-    controls.push_back(ctrl(ZOF_CTRL_SCROLLCONT, 52, R"("child_cnt": 1, "display_count": 1, "arc_r": 65535, "dir": 9)",
-                            box(0, 0, 0, 0)));
+    controls.push_back(
+        ctrl(ZOF_CTRL_SCROLLCONT, 52, R"("child_cnt": 1, "display_count": 1, "arc_r": 65535)", box(0, 0, 0, 0)));
     controls.push_back(ctrl(ZOF_CTRL_SCROLLCONT_OBJ, 53, "", R"("parent_id": 52)"));
     CHECK(project.show(controls) == "");
     screen_step(40);

@@ -77,6 +77,7 @@ static const mistake_t mistakes[] = {
     {"a control without `property`", view_g, "\"property\"", "\"properties\""},
     {"a control without `id`", view_g, "\"id\": 1", "\"no\": 1"},
     {"a control without `theme`", view_g, "\"theme\": \"night\", ", ""},
+    {"an `align_e` that has no meaning", view_g, "\"align_e\": 34", "\"align_e\": 100"},
     {"a bar whose ends are equal", view_g, "\"type\": 1,", "\"type\": 6,"},
     {"a picture that does not exist", view_g, "\"type\": 1, \"theme\": \"night\", \"property\": {",
      "\"type\": 3, \"theme\": \"night\", \"property\": {\"img_rel\": \"none.png\","},

@@ -119,6 +119,74 @@ TEST_CASE("own styles override only the keys they name, and release only what th
     CHECK(str(kept->txt_t.font_lib) + str(kept->img_t.bg_img) == "theme.ttftheme.png");
 }
 
+static std::string replaced(std::string text, const std::string &from, const std::string &to) {
+    const size_t at = text.find(from);
+    return at == std::string::npos ? text : text.replace(at, from.size(), to);
+}
+
+struct choice_t {
+    std::string key, json; // the JSON of an object with this key and $ for its number
+    u32 values;
+};
+
+// The keys of a table that choose one of several meanings; `json` is the object around them, with @ for the table's
+// keys.
+static void choices_of(const reflect_item_t *table, const std::string &json, std::vector<choice_t> *out) {
+    for (; table->key; table++) {
+        const std::string inner = std::string("\"") + table->key + "\": ";
+        if (table->type == CSON_OBJECT) {
+            choices_of(table->table, replaced(json, "@", inner + "{@}"), out);
+        } else if (table->flags >> CSON_VALUES_SHIFT) {
+            out->push_back({table->key, replaced(json, "@", inner + "$"), (u32)(table->flags >> CSON_VALUES_SHIFT)});
+        }
+    }
+}
+
+// Decodes a view's only control, which must be valid, and returns what was logged.
+static std::string decoded(const std::string &path) {
+    return printed([&] {
+        REQUIRE(zof_j2s_ctrl_start(path.c_str()) == 0);
+        zof_pub_attr_t *record = zof_j2s_ctrl_get();
+        REQUIRE(record);
+        zof_j2s_ctrl_delete(record, record->ctrl_type);
+        zof_j2s_ctrl_end();
+    });
+}
+
+TEST_CASE("a number that a key has no meaning for is reported with file and key") {
+    temp_project_t project;
+    REQUIRE(project.open());
+    const std::string path = project.path("config/view/one.g");
+    u32 count = 0;
+    for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
+        std::vector<choice_t> choices;
+        choices_of(get_ctrl_struct_reflect(type), R"({@})", &choices);
+        choices_of(zof_style_attr_t_tbl, R"({"styles": [{@}]})", &choices);
+        for (const choice_t &choice : choices) {
+            for (const auto &[number, good] : {std::pair<s64, bool>{choice.values - 1, true},
+                                               {INT32_MAX, true}, // not set
+                                               {choice.values, false},
+                                               {-1, false}}) {
+                const std::string text = std::to_string(number);
+                project.write("config/view/one.g",
+                              view_file(R"({"type": )" + std::to_string(type) + R"(, "theme": "x", "property": )" +
+                                        replaced(choice.json, "$", text) + "}"));
+                CHECK(decoded(path) ==
+                      (good ? ""
+                            : path + ": controls[0]: " + choice.key + ": " + text + " is not from 0 to " +
+                                  std::to_string(choice.values - 1) + "; the default is used\n"));
+            }
+            count++;
+        }
+    }
+    CHECK(count > 5 * ZOF_CTRL_TYPE_COUNT); // scroll bars and styles have five
+    project.write("config/theme/youth/label.g", R"({"styles": [{"body_t": {"grad_dir_e": 2}}]})");
+    zof_pub_attr_t *record = nullptr;
+    CHECK(contains(printed([&] { record = styled(project, R"({"body_t": {"grad_dir_e": 3}})"); }), ": grad_dir_e: 3"));
+    CHECK(record->style_list[0]->body_t.grad_dir_e == 2); // the theme's
+    zof_j2s_ctrl_delete(record, ZOF_CTRL_LABEL);
+}
+
 TEST_CASE("without a theme file own styles are used alone, and at most 255 of them") {
     temp_project_t project;
     REQUIRE(project.open());

@@ -22,7 +22,7 @@ const reflect_item_t zof_arc_attr_t_tbl[] = {
     CSON_OBJ(zof_arc_attr_t, pub_t, zof_pub_attr_t_tbl),
     CSON_OBJ(zof_arc_attr_t, angle_t, zof_angle_t_tbl),
     CSON_INT(zof_arc_attr_t, arc_value),
-    CSON_INT(zof_arc_attr_t, mode_e),
+    CSON_ENUM(zof_arc_attr_t, mode_e, LV_ARC_MODE_REVERSE + 1),
     CSON_OBJ(zof_arc_attr_t, range_t, zof_range_t_tbl),
     CSON_BOOL(zof_arc_attr_t, know_dis_en),
     CSON_TEXT(zof_arc_attr_t, arc_main_img),

@@ -22,7 +22,7 @@ const reflect_item_t zof_chart_marks_t_tbl[] = {
 
 const reflect_item_t zof_chart_attr_t_tbl[] = {
     CSON_OBJ(zof_chart_attr_t, pub_t, zof_pub_attr_t_tbl),
-    CSON_INT(zof_chart_attr_t, dis_type_e),
+    CSON_ENUM(zof_chart_attr_t, dis_type_e, LV_CHART_TYPE_SCATTER + 1),
     CSON_INT(zof_chart_attr_t, dis_mode_e),
     CSON_INT(zof_chart_attr_t, y_min),
     CSON_INT(zof_chart_attr_t, y_max),
@@ -83,12 +83,11 @@ s32 zof_chart_create(para_t *record, lv_obj_t *parent, void *attr) {
         return -1;
     }
     zof_ctrl_pub_attr(record, &chart->pub_t);
-    u8 type = (u8)chart->dis_type_e;
-    lv_chart_set_type(obj, type <= LV_CHART_TYPE_SCATTER ? type : (u8)LV_CHART_TYPE_NONE);
+    lv_chart_set_type(obj, (lv_chart_type_t)chart->dis_type_e);
     lv_chart_set_update_mode(obj, chart->dis_mode_e ? LV_CHART_UPDATE_MODE_CIRCULAR : LV_CHART_UPDATE_MODE_SHIFT);
     axes_set(obj, chart);
     zof_line_set_dis(record, &chart->chart_line_style);
-    if (type == LV_CHART_TYPE_SCATTER) {
+    if (chart->dis_type_e == LV_CHART_TYPE_SCATTER) {
         lv_obj_set_style_line_width(obj, 0, LV_PART_ITEMS);
     }
     zof_ctrl_style_add(record, chart->pub_t.style_list, chart->pub_t.style_num, 0);

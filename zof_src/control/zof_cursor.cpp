@@ -4,7 +4,7 @@
 #include "project/look/zof_style.h"
 
 const reflect_item_t zof_cursor_style_attr_t_tbl[] = {
-    CSON_INT(zof_cursor_style_attr_t, cursor_e),
+    CSON_ENUM(zof_cursor_style_attr_t, cursor_e, 2 * LV_BORDER_SIDE_INTERNAL),
     CSON_INT(zof_cursor_style_attr_t, color),
     CSON_INT(zof_cursor_style_attr_t, zof_cursor_width),
     CSON_INT(zof_cursor_style_attr_t, zof_cursor_opa),

@@ -9,9 +9,9 @@
 const reflect_item_t zof_droplist_attr_t_tbl[] = {
     CSON_OBJ(zof_droplist_attr_t, pub_t, zof_pub_attr_t_tbl),
     CSON_TEXT(zof_droplist_attr_t, options),
-    CSON_INT(zof_droplist_attr_t, dir_t),
+    CSON_ENUM(zof_droplist_attr_t, dir_t, LV_DIR_BOTTOM + 1),
     CSON_INT(zof_droplist_attr_t, anim_time),
-    CSON_INT(zof_droplist_attr_t, txt_align_e),
+    CSON_ENUM(zof_droplist_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),
     CSON_END,
 };
 

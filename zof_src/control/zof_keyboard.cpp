@@ -10,12 +10,11 @@
 #include "control/zof_ctrl_in.h"
 #include "project/look/zof_font.h"
 #include "project/look/zof_style.h"
-#include "zof_lib/zof_stdio.h"
 
 const reflect_item_t zof_keyboard_attr_t_tbl[] = {
     CSON_OBJ(zof_keyboard_attr_t, pub_t, zof_pub_attr_t_tbl),
     CSON_BOOL(zof_keyboard_attr_t, keyboard_spell),
-    CSON_INT(zof_keyboard_attr_t, mode),
+    CSON_ENUM(zof_keyboard_attr_t, mode, LV_KEYBOARD_MODE_USER_4 + 1),
     CSON_BOOL(zof_keyboard_attr_t, popovers),
     CSON_TEXT(zof_keyboard_attr_t, cn_font_lib),
     CSON_INT(zof_keyboard_attr_t, cn_font_size),
@@ -184,11 +183,7 @@ static void event_style_changed(lv_event_t *e) {
 }
 
 static void mode_set(lv_obj_t *obj, const zof_keyboard_attr_t *attr) {
-    if (attr->mode > LV_KEYBOARD_MODE_USER_4) {
-        zof_printf("keyboard %u: invalid mode %u", attr->pub_t.id, attr->mode);
-    } else {
-        lv_keyboard_set_mode(obj, (lv_keyboard_mode_t)attr->mode);
-    }
+    lv_keyboard_set_mode(obj, (lv_keyboard_mode_t)attr->mode);
     lv_keyboard_set_popovers(obj, attr->popovers);
 }
 

@@ -10,9 +10,9 @@
 const reflect_item_t zof_label_attr_t_tbl[] = {
     CSON_OBJ(zof_label_attr_t, pub_t, zof_pub_attr_t_tbl),
     CSON_INT(zof_label_attr_t, auto_hight),
-    CSON_INT(zof_label_attr_t, dis_mode_e),
+    CSON_ENUM(zof_label_attr_t, dis_mode_e, LV_LABEL_LONG_CLIP + 1),
     CSON_INT(zof_label_attr_t, animspeed),
-    CSON_INT(zof_label_attr_t, align_e),
+    CSON_ENUM(zof_label_attr_t, align_e, 0x40),
     CSON_TEXT(zof_label_attr_t, txt),
     CSON_INT(zof_label_attr_t, align_label),
     CSON_END,

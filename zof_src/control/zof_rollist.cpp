@@ -11,7 +11,7 @@ const reflect_item_t zof_rollist_attr_t_tbl[] = {
     CSON_INT(zof_rollist_attr_t, rol_mode),
     CSON_INT(zof_rollist_attr_t, row_cnt),
     CSON_INT(zof_rollist_attr_t, anim_time),
-    CSON_INT(zof_rollist_attr_t, txt_align_e),
+    CSON_ENUM(zof_rollist_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),
     CSON_INT(zof_rollist_attr_t, ext_sel_width),
     CSON_END,
 };

@@ -9,11 +9,13 @@
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
+enum { DIR_HORIZONTAL, DIR_VERTICAL, DIR_COUNT };
+
 const reflect_item_t zof_scrollcont_attr_t_tbl[] = {
     CSON_OBJ(zof_scrollcont_attr_t, pub_t, zof_pub_attr_t_tbl),
     CSON_INT(zof_scrollcont_attr_t, child_cnt),
     CSON_INT(zof_scrollcont_attr_t, display_count),
-    CSON_INT(zof_scrollcont_attr_t, dir),
+    CSON_ENUM(zof_scrollcont_attr_t, dir, DIR_COUNT),
     CSON_INT(zof_scrollcont_attr_t, pad),
     CSON_INT(zof_scrollcont_attr_t, zoom),
     CSON_INT(zof_scrollcont_attr_t, zoom_mode),
@@ -46,7 +48,6 @@ const zof_ctrl_class_t zof_scrollcont_obj_class = {
     .own_order = ZOF_TRUE,
 };
 
-enum { DIR_HORIZONTAL, DIR_VERTICAL, DIR_COUNT };
 enum { ZOOM_BY_ARC, ZOOM_BY_PIXELS };
 enum { FULL_SIZE = LV_IMG_ZOOM_NONE, MIDDLE_ONLY = 1 };
 
@@ -113,11 +114,6 @@ static void order_centre(const wheel_t *wheel) {
     lv_obj_scroll_to_view(lv_obj_get_child(obj, mid), LV_ANIM_OFF);
 }
 
-static const zof_scrollcont_attr_t *event_attr(lv_event_t *e) {
-    const auto *attr = (const zof_scrollcont_attr_t *)lv_event_get_user_data(e);
-    return attr && attr->dir < DIR_COUNT ? attr : nullptr;
-}
-
 // What changes while LVGL draws is not redrawn, and a handler of the scrolling may do anything. So this runs before the
 // first frame, not during it.
 void scroll_init_event_cb(lv_event_t *e) {
@@ -136,7 +132,7 @@ void scroll_init_event_cb(lv_event_t *e) {
 }
 
 void scroll_infinite_event_cb(lv_event_t *e) {
-    const zof_scrollcont_attr_t *attr = event_attr(e);
+    const auto *attr = (const zof_scrollcont_attr_t *)lv_event_get_user_data(e);
     if (!attr) {
         return;
     }
@@ -186,7 +182,7 @@ static void arc_dress(const wheel_t *wheel, lv_obj_t *item) {
 }
 
 void scroll_arc_event_cb(lv_event_t *e) {
-    const zof_scrollcont_attr_t *attr = event_attr(e);
+    const auto *attr = (const zof_scrollcont_attr_t *)lv_event_get_user_data(e);
     if (!attr) {
         return;
     }
@@ -207,7 +203,7 @@ static s32 pixels_off(const wheel_t *wheel, lv_obj_t *item) {
 }
 
 void scroll_zoom_event_cb(lv_event_t *e) {
-    const zof_scrollcont_attr_t *attr = event_attr(e);
+    const auto *attr = (const zof_scrollcont_attr_t *)lv_event_get_user_data(e);
     if (!attr) {
         return;
     }

@@ -10,7 +10,7 @@ const reflect_item_t zof_table_attr_t_tbl[] = {
     CSON_OBJ(zof_table_attr_t, pub_t, zof_pub_attr_t_tbl),
     CSON_INT(zof_table_attr_t, row_cnt),
     CSON_INT(zof_table_attr_t, col_cnt),
-    CSON_INT(zof_table_attr_t, align_table),
+    CSON_ENUM(zof_table_attr_t, align_table, LV_TEXT_ALIGN_RIGHT + 1),
     CSON_END,
 };
 

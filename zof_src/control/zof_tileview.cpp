@@ -20,7 +20,7 @@ const reflect_item_t zof_tile_attr_t_tbl[] = {
     CSON_OBJ(zof_tile_attr_t, pub_t, zof_pub_attr_t_tbl),
     CSON_INT(zof_tile_attr_t, row_id),
     CSON_INT(zof_tile_attr_t, col_id),
-    CSON_INT(zof_tile_attr_t, dir),
+    CSON_ENUM(zof_tile_attr_t, dir, LV_DIR_ALL + 1),
     CSON_END,
 };
 

@@ -12,8 +12,8 @@
 const reflect_item_t zof_txtbox_attr_t_tbl[] = {
     CSON_OBJ(zof_txtbox_attr_t, pub_t, zof_pub_attr_t_tbl),
     CSON_INT(zof_txtbox_attr_t, line_mode),
-    CSON_INT(zof_txtbox_attr_t, txt_align_e),
-    CSON_INT(zof_txtbox_attr_t, holder_txt_align_e),
+    CSON_ENUM(zof_txtbox_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),
+    CSON_ENUM(zof_txtbox_attr_t, holder_txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),
     CSON_TEXT(zof_txtbox_attr_t, accept_txt),
     CSON_INT(zof_txtbox_attr_t, max_txt_len),
     CSON_TEXT(zof_txtbox_attr_t, p_holder_txt),

@@ -4,6 +4,7 @@
 #include <string.h>
 
 #include "control/zof_ctrl_in.h"
+#include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_video.h"
 #include "project/path/zof_res.h"
 
@@ -12,7 +13,7 @@ const reflect_item_t zof_video_attr_t_tbl[] = {
     CSON_BOOL(zof_video_attr_t, play_en),
     CSON_TEXT(zof_video_attr_t, txt),
     CSON_INT(zof_video_attr_t, volume),
-    CSON_INT(zof_video_attr_t, state),
+    CSON_ENUM(zof_video_attr_t, state, ZOF_MEDIA_RESUME + 1),
     CSON_END,
 };
 

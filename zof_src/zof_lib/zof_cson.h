@@ -1,5 +1,5 @@
 // The JSON reflection engine: constant tables map JSON objects to plain records and back. One table serves decoding,
-// encoding, printing and releasing. The engine has no state: any thread may use it on its own tree and record.
+// encoding, printing and releasing. Any thread may use the engine on its own tree and record.
 #ifndef ZOF_CSON_H
 #define ZOF_CSON_H
 
@@ -25,7 +25,8 @@ enum {
 enum {
     CSON_NULLABLE = 1,    // a failure of this row does not stop the record
     CSON_SKIP_DECODE = 2, // the row is for encoding only
-    CSON_SKIP_ENCODE = 4  // the row is for decoding only
+    CSON_SKIP_ENCODE = 4, // the row is for decoding only
+    CSON_VALUES_SHIFT = 8 // from this bit on, for an enumeration: how many values it has, which count from 0
 };
 
 // What the entries below return.
@@ -56,6 +57,11 @@ typedef struct reflect_item {
 #define CSON_SCALAR(T, field, code) \
     { #field, offsetof(T, field), sizeof(((T *)0)->field), code, 0, 0, 0, CSON_NULLABLE }
 #define CSON_INT(T, field) CSON_SCALAR(T, field, CSON_INTEGER)
+#define CSON_ENUM(T, field, values)                                                 \
+    {                                                                               \
+        #field, offsetof(T, field), sizeof(((T *)0)->field), CSON_INTEGER, 0, 0, 0, \
+            CSON_NULLABLE | (values) << CSON_VALUES_SHIFT                           \
+    }
 #define CSON_BOOL(T, field) CSON_SCALAR(T, field, CSON_TRUE)
 #define CSON_TEXT(T, field) CSON_SCALAR(T, field, CSON_STRING)
 #define CSON_DOUBLE(T, field) CSON_SCALAR(T, field, CSON_REAL)
@@ -102,11 +108,16 @@ extern const cson_interface csomImpl;
 typedef void (*cson_visit)(void *field, const reflect_item_t *row);
 
 // Fills `record` from a parsed JSON object, row by row. A key that is missing or does not fit leaves its field
-// unchanged, so that one object can overlay another. Numbers are truncated towards zero; 2147483647 reads as 0. Texts
+// unchanged, so that one object can overlay another. Numbers are truncated towards zero; 2147483647 reads as 0.
+// A number that an enumeration does not have is logged and counts as missing. Texts
 // and arrays are allocated with zof_malloc and belong to the record; what a field pointed to before is not released.
 // Bad elements of an array are dropped and the following ones close up. The tree may be deleted afterwards. Returns
 // CSON_OK, or the code of the first failing row that is not nullable; the rows after it are not read then.
 s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *table);
+
+// Sets what the calling thread's messages about values begin with, for example the path of the file. At most 255 bytes
+// are copied; null for nothing.
+void csonSource(const char *name);
 
 // Adds the record's fields to an existing JSON object. A nullable row that fails is left out and logged. For any other
 // failing row its code is returned, with the object unchanged. Returns CSON_ERR_MEMORY when a field cannot be added.

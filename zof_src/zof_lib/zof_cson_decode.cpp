@@ -1,5 +1,6 @@
 // From JSON to records. A row that fails leaves its field alone: a control's style is decoded over a copy of its
 // theme's style and must change only the keys that it has.
+#include <cstdio>
 #include <cstring>
 
 #include "zof_lib/zof_cson_in.h"
@@ -112,10 +113,31 @@ static s32 integer_of(const void *json, s64 *out) {
     }
 }
 
+static thread_local char source[256];
+
+void csonSource(const char *name) {
+    std::snprintf(source, sizeof source, "%s%s", name ? name : "", name ? ": " : "");
+}
+
+// INT32_MAX stands for 0, see convertInteger.
+static bool row_has(const reflect_item_t *row, s64 value) {
+    const size_t values = row->flags >> CSON_VALUES_SHIFT;
+    if (values == 0 || value == INT32_MAX || (value >= 0 && (u64)value < values)) {
+        return true;
+    }
+    zof_printf("%s%s: %lld is not from 0 to %u; the default is used", source, row->key, (long long)value,
+               (u32)values - 1);
+    return false;
+}
+
 static s32 parseJsonInteger(const void *json, void *record, const reflect_item_t *table, s32 index) {
+    const reflect_item_t *row = &table[index];
     s64 value = 0;
     s32 result = integer_of(json, &value);
-    return result != CSON_OK ? result : convertInteger(value, table[index].size, cson_field(record, &table[index]));
+    if (result != CSON_OK) {
+        return result;
+    }
+    return row_has(row, value) ? convertInteger(value, row->size, cson_field(record, row)) : CSON_ERR_RANGE;
 }
 
 static s32 parseJsonBool(const void *json, void *record, const reflect_item_t *table, s32 index) {

@@ -2,6 +2,8 @@
 // Rows are decoded in this order.
 #include "project/base/zof_prj_attr.h"
 
+#include "project/base/zof_prj_cur.h"
+
 const reflect_item_t zof_point_t_tbl[] = {
     CSON_INT(zof_point_t, x),
     CSON_INT(zof_point_t, y),
@@ -64,7 +66,7 @@ const reflect_item_t zof_prj_attr_t_tbl[] = {
     CSON_TEXT(zof_prj_attr_t, app_ver),
     CSON_TEXT(zof_prj_attr_t, comp_time),
     CSON_INT(zof_prj_attr_t, init_allview),
-    CSON_INT(zof_prj_attr_t, rotate),
+    CSON_ENUM(zof_prj_attr_t, rotate, 4),
     CSON_INT(zof_prj_attr_t, show_en),
     CSON_INT(zof_prj_attr_t, win_mem),
     CSON_INT(zof_prj_attr_t, allow_outside),
@@ -98,14 +100,14 @@ const reflect_item_t zof_hmi_attr_t_tbl[] = {
 const reflect_item_t zof_view_attr_t_tbl[] = {
     CSON_TEXT(zof_view_attr_t, v_name),   CSON_INT(zof_view_attr_t, v_id),
     CSON_INT(zof_view_attr_t, bg_scale),  CSON_INT(zof_view_attr_t, bg_color),
-    CSON_TEXT(zof_view_attr_t, bg_image), CSON_INT(zof_view_attr_t, layer),
+    CSON_TEXT(zof_view_attr_t, bg_image), CSON_ENUM(zof_view_attr_t, layer, ZOF_LAYER_COUNT),
     CSON_BOOL(zof_view_attr_t, model_en), CSON_END,
 };
 
 const reflect_item_t zof_scrollbar_t_tbl[] = {
-    CSON_INT(zof_scrollbar_t, mode_e),
-    CSON_INT(zof_scrollbar_t, dir_e),
-    CSON_INT(zof_scrollbar_t, chain_e),
+    CSON_ENUM(zof_scrollbar_t, mode_e, LV_SCROLLBAR_MODE_AUTO + 1),
+    CSON_ENUM(zof_scrollbar_t, dir_e, LV_DIR_ALL + 1),
+    CSON_ENUM(zof_scrollbar_t, chain_e, 4),
     CSON_BOOL(zof_scrollbar_t, momentum),
     CSON_BOOL(zof_scrollbar_t, elastic),
     CSON_BOOL(zof_scrollbar_t, scroll_one),
@@ -133,7 +135,7 @@ const reflect_item_t zof_pub_attr_t_tbl[] = {
 const reflect_item_t zof_border_t_tbl[] = {
     CSON_INT(zof_border_t, color),
     CSON_INT(zof_border_t, width),
-    CSON_INT(zof_border_t, part),
+    CSON_ENUM(zof_border_t, part, 2 * LV_BORDER_SIDE_INTERNAL),
     CSON_INT(zof_border_t, opa),
     CSON_END,
 };
@@ -153,7 +155,7 @@ const reflect_item_t zof_padding_t_tbl[] = {
 const reflect_item_t zof_body_dis_t_tbl[] = {
     CSON_INT(zof_body_dis_t, main_color),
     CSON_INT(zof_body_dis_t, grad_color),
-    CSON_INT(zof_body_dis_t, grad_dir_e),
+    CSON_ENUM(zof_body_dis_t, grad_dir_e, LV_GRAD_DIR_HOR + 1),
     CSON_INT(zof_body_dis_t, radius),
     CSON_INT(zof_body_dis_t, opa),
     CSON_OBJ(zof_body_dis_t, border, zof_border_t_tbl),

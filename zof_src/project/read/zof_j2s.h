@@ -34,7 +34,7 @@ zof_rootjson_t zof_j2s_peek(const char *path);
 void RootJsonDel(zof_rootjson_t *json);
 
 // Parses text read from `path`, which is used only in messages. The root must be an object. On failure logs path, line
-// and column, and returns null. Release with cJSON_Delete.
+// and column, and returns null. Messages about its values name the path, too. Release with cJSON_Delete.
 cJSON *zof_j2s_parse(const char *path, const char *text);
 
 // Decodes a record of a type from its JSON object, without styles; null for null, or a type above the table.
