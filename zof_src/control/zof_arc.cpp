@@ -89,10 +89,11 @@ s32 zof_arc_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_arc_del(para_t *record) {
-    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_ARC) {
+    auto *attr = zof_record_attr<zof_arc_attr_t>(record, ZOF_CTRL_ARC);
+    if (!attr || !record->is_created) {
         return -1;
     }
-    paths_free((zof_arc_attr_t *)record->attr);
+    paths_free(attr);
     return 0;
 }
 

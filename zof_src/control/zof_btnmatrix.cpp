@@ -2,15 +2,10 @@
 // LVGL shows; both have the same slots.
 #include "control/zof_btnmatrix.h"
 
-#include <string.h>
-
-#include "control/zof_btn_map.h"
+#include "control/zof_btn_map_in.h"
 #include "control/zof_ctrl_in.h"
 #include "control/zof_txt.h"
-#include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
-#include "zof_lib/zof_stdio.h"
-#include "zof_lib/zof_util.h"
 
 const reflect_item_t zof_btnmatrix_attr_t_tbl[] = {
     CSON_OBJ(zof_btnmatrix_attr_t, pub_t, zof_pub_attr_t_tbl),
@@ -29,75 +24,6 @@ const zof_ctrl_class_t zof_btnmatrix_class = {
 };
 
 enum { BTN_WIDTH_MAX = 7 };
-
-const char *zof_btn_map_empty[] = {""};
-
-static bool is_break(const char *text) {
-    return strcmp(text, "\n") == 0;
-}
-
-// The text to show for a caption. An empty one, or a row break, would cut off the buttons after it.
-static const char *caption_shown(const char *caption) {
-    const char *shown = zof_lang_get_cur_str(caption);
-    if (!shown || !shown[0] || (is_break(shown) && shown != caption)) {
-        return caption && caption[0] ? " " : "";
-    }
-    return shown;
-}
-
-s32 zof_btn_map_put(char **map, u32 slot, const char *caption) {
-    const char *shown = caption_shown(caption);
-    char *copy = zof_text_copy(shown);
-    if (!copy) {
-        return -1;
-    }
-    zof_free(map[slot]);
-    map[slot] = copy;
-    return 0;
-}
-
-char **zof_btn_map_create(const char *const *texts, u32 count) {
-    if (!texts) {
-        count = 0;
-    }
-    char **map = (char **)zof_malloc((count + 2) * sizeof(char *)); // an end mark to show, and one to count
-    if (!map) {
-        return nullptr;
-    }
-    memset(map, 0, (count + 2) * sizeof(char *));
-    for (u32 i = 0; i <= count; i++) {
-        if (zof_btn_map_put(map, i, i < count ? texts[i] : nullptr) != 0) {
-            zof_btn_map_free(&map);
-            return nullptr;
-        }
-    }
-    return map;
-}
-
-void zof_btn_map_free(char ***map) {
-    for (char **at = *map; at && *at; at++) {
-        zof_free(*at);
-    }
-    zof_free(*map);
-    *map = nullptr;
-}
-
-s32 zof_btn_map_slot(const char *const *map, u32 id) {
-    for (s32 slot = 0; map && map[slot] && map[slot][0]; slot++) {
-        if (!is_break(map[slot]) && id-- == 0) {
-            return slot;
-        }
-    }
-    return -1;
-}
-
-static void event_press(lv_event_t *e) {
-    lv_btnmatrix_set_selected_btn(lv_event_get_target(e), LV_BTNMATRIX_BTN_NONE);
-}
-
-void zof_btn_map_press_fresh(lv_obj_t *btns) {
-    lv_obj_add_event_cb(btns, event_press, (lv_event_code_t)(LV_EVENT_PRESSED | LV_EVENT_PREPROCESS), nullptr);
-}
 
 static zof_btnmatrix_attr_t *matrix_attr(const zof_ctrl_t *ctrl) {
     return zof_ctrl_attr<zof_btnmatrix_attr_t>(ctrl, ZOF_CTRL_BTNMATRIX);
@@ -126,13 +52,14 @@ s32 zof_btnmatrix_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_btnmatrix_del(para_t *record) {
-    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_BTNMATRIX) {
+    auto *attr = zof_record_attr<zof_btnmatrix_attr_t>(record, ZOF_CTRL_BTNMATRIX);
+    if (!attr || !record->is_created) {
         return -1;
     }
     if (record->obj) {
         lv_btnmatrix_set_map(record->obj, zof_btn_map_empty);
     }
-    zof_btn_map_free(&((zof_btnmatrix_attr_t *)record->attr)->txt_map);
+    zof_btn_map_free(&attr->txt_map);
     return 0;
 }
 
@@ -203,7 +130,7 @@ const char *zof_btnmatrix_get_btn_text(zof_ctrl_t *ctrl, u32 id) {
 
 s32 zof_btnmatrix_set_btn_txt(zof_ctrl_t *ctrl, u32 id, const char *text) {
     zof_btnmatrix_attr_t *attr = matrix_attr(ctrl);
-    if (!attr || !text || is_break(text)) {
+    if (!attr || !text || zof_btn_map_is_break(text)) {
         return -1;
     }
     s32 slot = zof_btn_map_slot(attr->txt_map, id);

@@ -40,10 +40,14 @@ static inline para_t *zof_ctrl_record(const zof_ctrl_t *ctrl) {
     return obj ? (para_t *)lv_obj_get_user_data(obj) : nullptr;
 }
 
+// The attributes of a record if they are of this type, else null; also for a null record.
+template <typename T> T *zof_record_attr(const para_t *record, zof_ctrl_type_e type) {
+    return record && record->attr && record->attr->ctrl_type == type ? (T *)record->attr : nullptr;
+}
+
 // The attributes behind a handle if they are of this type, else null.
 template <typename T> T *zof_ctrl_attr(const zof_ctrl_t *ctrl, zof_ctrl_type_e type) {
-    const para_t *record = zof_ctrl_record(ctrl);
-    return record && record->attr && record->attr->ctrl_type == type ? (T *)record->attr : nullptr;
+    return zof_record_attr<T>(zof_ctrl_record(ctrl), type);
 }
 
 // Adds or clears an LVGL flag, but only when it differs: each change costs a redraw.

@@ -82,10 +82,11 @@ s32 zof_droplist_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_droplist_del(para_t *record) {
-    if (!record || !record->attr || record->attr->ctrl_type != ZOF_CTRL_DROPLIST) {
+    auto *attr = zof_record_attr<zof_droplist_attr_t>(record, ZOF_CTRL_DROPLIST);
+    if (!attr) {
         return -1;
     }
-    zof_listtxt_destroy(&((zof_droplist_attr_t *)record->attr)->opt_list);
+    zof_listtxt_destroy(&attr->opt_list);
     return 0;
 }
 

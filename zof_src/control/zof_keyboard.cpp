@@ -5,7 +5,7 @@
 
 #include <string.h>
 
-#include "control/zof_btn_map.h"
+#include "control/zof_btn_map_in.h"
 #include "control/zof_btnmatrix.h"
 #include "control/zof_ctrl_in.h"
 #include "project/look/zof_font.h"

@@ -170,10 +170,10 @@ s32 zof_list_remove_all(zof_ctrl_t *ctrl) {
 }
 
 s32 zof_list_del(para_t *record) {
-    if (!record || !record->attr || record->attr->ctrl_type != ZOF_CTRL_LIST) {
+    auto *attr = zof_record_attr<zof_list_attr_t>(record, ZOF_CTRL_LIST);
+    if (!attr) {
         return -1;
     }
-    zof_list_attr_t *attr = (zof_list_attr_t *)record->attr;
     zof_list_remove_all(record);
     items_clear(attr);
     __db_list_destory(attr->opt_list, nullptr);

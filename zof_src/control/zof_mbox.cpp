@@ -1,7 +1,7 @@
 // Message boxes: title, text and a row of buttons, each of which may be missing.
 #include "control/zof_mbox.h"
 
-#include "control/zof_btn_map.h"
+#include "control/zof_btn_map_in.h"
 #include "control/zof_ctrl_in.h"
 #include "control/zof_txt_in.h"
 #include "project/look/zof_lang.h"
@@ -102,14 +102,15 @@ s32 zof_mbox_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_mbox_del(para_t *record) {
-    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_MBOX) {
+    auto *attr = zof_record_attr<zof_mbox_attr_t>(record, ZOF_CTRL_MBOX);
+    if (!attr || !record->is_created) {
         return -1;
     }
     lv_obj_t *btns = record->obj ? lv_msgbox_get_btns(record->obj) : nullptr;
     if (btns) {
         lv_btnmatrix_set_map(btns, zof_btn_map_empty);
     }
-    zof_btn_map_free(&((zof_mbox_attr_t *)record->attr)->btn_map);
+    zof_btn_map_free(&attr->btn_map);
     return 0;
 }
 

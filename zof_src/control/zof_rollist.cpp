@@ -67,10 +67,11 @@ s32 zof_rollist_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_rollist_del(para_t *record) {
-    if (!record || !record->attr || record->attr->ctrl_type != ZOF_CTRL_ROLLIST) {
+    auto *attr = zof_record_attr<zof_rollist_attr_t>(record, ZOF_CTRL_ROLLIST);
+    if (!attr) {
         return -1;
     }
-    zof_listtxt_destroy(&((zof_rollist_attr_t *)record->attr)->opt_list);
+    zof_listtxt_destroy(&attr->opt_list);
     return 0;
 }
 

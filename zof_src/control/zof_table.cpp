@@ -126,10 +126,10 @@ s32 zof_table_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_table_del(para_t *record) {
-    if (!record || !record->is_created || !record->attr || record->attr->ctrl_type != ZOF_CTRL_TABLE) {
+    auto *attr = zof_record_attr<zof_table_attr_t>(record, ZOF_CTRL_TABLE);
+    if (!attr || !record->is_created) {
         return -1;
     }
-    zof_table_attr_t *attr = (zof_table_attr_t *)record->attr;
     zof_free(attr->cell_colors);
     attr->cell_colors = nullptr;
     return 0;

@@ -1,7 +1,7 @@
 // Button maps as LVGL expects them: texts, "\n" for a row break, an empty text at the end. LVGL refers to a map for as
-// long as it shows it, so maps own their texts: translations are freed when the language changes. Internal.
-#ifndef ZOF_BTN_MAP_H
-#define ZOF_BTN_MAP_H
+// long as it shows it, so maps own their texts: translations are freed when the language changes. Internal, C++ only.
+#ifndef ZOF_BTN_MAP_IN_H
+#define ZOF_BTN_MAP_IN_H
 
 #include "control/zof_ctrl.h"
 
@@ -16,6 +16,9 @@ s32 zof_btn_map_put(char **map, u32 slot, const char *caption);
 
 // Returns the entry of a button, or -1. LVGL's own search counts consecutive row breaks as buttons.
 s32 zof_btn_map_slot(const char *const *map, u32 id);
+
+// Returns true for the entry that ends a row.
+bool zof_btn_map_is_break(const char *text);
 
 // A map without buttons, for objects that lose their map.
 extern const char *zof_btn_map_empty[];
