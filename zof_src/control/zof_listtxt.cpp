@@ -1,4 +1,4 @@
-// Options of drop lists and rollers. LVGL wants one text with a line for each option; a change of language, or of one
+// Options of drop lists and rollers. LVGL takes one text with a line for each option; a change of language, or of one
 // option, needs the texts as they were given. So the list is authoritative, and LVGL's text is made from it.
 #include "control/zof_listtxt.h"
 

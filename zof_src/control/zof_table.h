@@ -57,7 +57,7 @@ s32 zof_table_get_col_cnt(zof_ctrl_t *ctrl);
 // Frees the colours of a table, once its object is gone. Returns 0, or -1 for a record that was not created.
 s32 zof_table_del(para_t *record);
 
-// LVGL callback that gives each cell its colour; its user data is the attribute record.
+// LVGL callback that sets the colour of each cell; its user data is the attribute record.
 void table_draw_part_event_cb(lv_event_t *e);
 
 ZOF_C_END
