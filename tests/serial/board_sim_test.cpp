@@ -112,8 +112,6 @@ TEST_CASE("board: settings are saved beside no other file, and what a killed boa
     }
     CHECK(names ==
           std::set<std::string>{"config", "other", "state", "state.new", std::filesystem::path(own).filename()});
-    const std::string refused = board_sim("--seconds 0.05 --state /dev/null");
-    CHECK((refused[0] == '2' && contains(refused, "/dev/null")));
 }
 
 TEST_CASE("board: frames are described with the names and units of their registers") {
@@ -188,6 +186,16 @@ TEST_CASE("board: --help lists every fault, mistakes are reported with their pla
     }
     CHECK(contains(board_sim("--trace --script " + folder.path("script")), "board > panel  read 48 BRIGHT, 3 words"));
     CHECK(contains(board_sim("--script " + folder.folder), "cannot be read"));
+    folder.write("state", "bright\n");
+    const std::pair<std::string, std::string> mistakes[] = {
+        {"--state " + folder.path("state"), "0 board_sim: " + folder.path("state") + ":1: not a setting\n"},
+        {"--state /dev/null", "2 board_sim: --state: /dev/null is not a file\n"},
+        {"--load 2V", "2 board_sim: --load takes ohms"},
+        {"--fault lose=x", "2 board_sim: --fault: unknown fault or bad amount: \"lose=x\""}};
+    for (const auto &[options, output] : mistakes) {
+        const std::string printed = board_sim("--seconds 0.05 " + options);
+        CHECK((printed[0] == output[0] && contains(printed, output.substr(2))));
+    }
     CHECK(board_sim("--seconds 0.05 --link " + folder.path("file"))[0] == '1');
     CHECK(file_text(folder.path("file")) == "mine");
     REQUIRE(symlink("/nowhere", folder.path("old").c_str()) == 0);

@@ -62,7 +62,8 @@ std::vector<prof_t> board_default_rails(size_t count = RAIL_MAX);
 // that its file is replaced and not the link.
 bool board_settings_check(board &b);
 
-// Loads the settings; values that are missing keep their defaults. Removes temporary files of boards that were killed.
+// Loads the settings; values that are missing keep their defaults, and the first line that is not a setting is reported
+// on the error stream. Removes temporary files of boards that were killed.
 void board_settings_load(board &b);
 
 // Replaces the file with the current settings. A power failure or a kill leaves the old file or the new one. The first

@@ -140,8 +140,7 @@ static void loop() {
     }
 }
 
-int main(int argc, char **argv) {
-    CLI::App app("The virtual board: simulates the bench box at the far end of the panel's serial line.");
+static void options_add(CLI::App &app) {
     app.footer(faults_help());
     app.add_option("--link", sim.line.link, "create a link to the pseudo-terminal at this path")->type_name("PATH");
     app.add_option("--tty", sim.line.tty, "use this serial line instead of a pseudo-terminal")
@@ -156,38 +155,50 @@ int main(int argc, char **argv) {
     app.add_option("--seconds", opt.seconds, "exit after this many seconds");
     app.add_flag("--trace", opt.trace, "decode and print every frame");
     app.add_flag("--no-noise", opt.quiet_noise, "readings without noise");
-    CLI11_PARSE(app, argc, argv);
+}
+
+// Returns false after a message about an invalid option.
+static bool options_apply() {
     for (const std::string &f : opt.faults) {
         if (!fault_take(sim.line.faults, f)) {
             fprintf(stderr, "board_sim: --fault: unknown fault or bad amount: \"%s\"; see --help\n", f.c_str());
-            return 2;
+            return false;
         }
     }
     if (!load_parse(opt.load, sim.box.load)) {
         fprintf(stderr, "board_sim: --load takes ohms (10) or amperes (2A), not \"%s\"\n", opt.load.c_str());
-        return 2;
-    }
-    if ((!sim.box.settings_file.empty() && !board_settings_check(sim.box)) ||
-        (!opt.script.empty() && !read_script(opt.script))) {
-        return 2;
+        return false;
     }
     sim.box.random.seed(opt.seed);
     sim.line.random.seed(opt.seed);
     sim.box.noise = !opt.quiet_noise;
+    sim.box.rails = board_default_rails((size_t)opt.rails);
+    return (sim.box.settings_file.empty() || board_settings_check(sim.box)) &&
+           (opt.script.empty() || read_script(opt.script));
+}
+
+static const std::string &line_name() {
+    const wire &w = sim.line;
+    return !w.link.empty() ? w.link : !w.tty.empty() ? w.tty : w.slave_name;
+}
+
+int main(int argc, char **argv) {
+    CLI::App app("The virtual board: simulates the bench box at the far end of the panel's serial line.");
+    options_add(app);
+    CLI11_PARSE(app, argc, argv);
+    if (!options_apply()) {
+        return 2;
+    }
     sim.send = send_frame;
     sim.box.write = [](uint16_t addr, const std::vector<uint16_t> &words) { send_frame(frame_write(addr, words)); };
     sim.finder.found = on_frame;
-    sim.box.rails = board_default_rails((size_t)opt.rails);
     if (!wire_plug(sim.line)) {
         return 1;
     }
     for (int sig : {SIGINT, SIGTERM, SIGHUP}) {
         signal(sig, [](int) { stop = 1; });
     }
-    const std::string where = !sim.line.link.empty()  ? sim.line.link
-                              : !sim.line.tty.empty() ? sim.line.tty
-                                                      : sim.line.slave_name;
-    say("line", "the board is at " + where);
+    say("line", "the board is at " + line_name());
     board_power_up(sim.box);
     loop();
     wire_unplug(sim.line);

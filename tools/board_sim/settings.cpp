@@ -4,8 +4,10 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <unistd.h>
 
 #include "board.h"
@@ -58,25 +60,36 @@ bool board_settings_check(board &b) {
     return true;
 }
 
+// Returns false for a line that is not a known name with a number.
+static bool setting_take(board_settings &settings, const std::string &line) {
+    char name[32], rest;
+    unsigned value;
+    if (sscanf(line.c_str(), " %31[a-z_] = %u %c", name, &value, &rest) != 2) {
+        return false;
+    }
+    for (const board_setting &row : board_setting_rows) {
+        if (strcmp(name, row.name) == 0) {
+            settings.*row.field = reg_value(row.reg, (uint16_t)std::min(value, 65535u));
+            return true;
+        }
+    }
+    return false;
+}
+
 void board_settings_load(board &b) {
     if (b.settings_file.empty()) {
         return;
     }
     remove_stale(b.settings_file);
-    FILE *f = fopen(b.settings_file.c_str(), "r");
-    if (!f) {
-        return;
-    }
-    char name[32];
-    unsigned value;
-    while (fscanf(f, " %31[a-z_] = %u", name, &value) == 2) {
-        for (const board_setting &row : board_setting_rows) {
-            if (std::string(name) == row.name) {
-                b.settings.*row.field = reg_value(row.reg, (uint16_t)std::min(value, 65535u));
-            }
+    std::ifstream in(b.settings_file);
+    std::string line;
+    bool reported = false;
+    for (int number = 1; std::getline(in, line); number++) {
+        if (!setting_take(b.settings, line) && !reported) {
+            reported = true;
+            fprintf(stderr, "board_sim: %s:%d: not a setting\n", b.settings_file.c_str(), number);
         }
     }
-    fclose(f);
 }
 
 // Creates a new file: a name that exists, as a link to another file may, is not opened but passed over.
