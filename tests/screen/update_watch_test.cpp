@@ -37,6 +37,10 @@ static std::string shown() {
     return form("%d|%s", lv_bar_get_value(bar), lv_label_get_text(lv_obj_get_child(lv_scr_act(), 2)));
 }
 
+static std::string reason() {
+    return lv_label_get_text(lv_obj_get_child(lv_scr_act(), 3));
+}
+
 static const char begun[] = "0|";
 
 TEST_CASE("without a medium the watch shows nothing and ends after a minute") {
@@ -68,6 +72,7 @@ TEST_CASE("a thread copies a USB disk's data while the bar shows its progress") 
     copy_wait();
     const std::string log = printed([] { screen_step(200); });
     CHECK(contains(shown(), "100|upgraded,success 3 , fail 1"));
+    CHECK(reason() == "d: not put in place: Is a directory");
     CHECK(contains(log, "filenum=1 sucnum=3 sumnum=4 \n\nwait reboot\n\n"));
     CHECK(screen_is_golden("update_done"));
     zof_func_bar_set_value(0x80000000u, 1, 0xFFFFFFFFu); // sums beyond 32 bits
@@ -90,7 +95,20 @@ TEST_CASE("a card's data is copied without a count, and the screen ends with the
     temp_project_t project;
     renew(&project, "T/zof_update/a");
     CHECK(contains(shown(), "100|upgraded,success 1 , fail 0,pls restart power"));
+    CHECK(reason().empty());
     CHECK(file_text(disk + "D/a") == "new");
+}
+
+TEST_CASE("while another panel updates the same data, the screen says why nothing was copied") {
+    temp_project_t project;
+    char text[64];
+    std::filesystem::create_directories(project.top + "/disk/D");
+    const s32 lock = zof_folder_lock((project.top + "/disk/D").c_str(), text, sizeof(text));
+    REQUIRE(lock > 0);
+    renew(&project, "U/zof_update/a");
+    CHECK(contains(shown(), "success 0 , fail 1"));
+    CHECK(reason() == form("D/: in use by process %d, nothing is copied", getpid()));
+    zof_folder_unlock(lock);
 }
 
 TEST_CASE("an update of which every name is skipped ends with the result") {

@@ -69,7 +69,7 @@ static void show(const copy_run *r, char *shown, const char *path) {
 static void file_copy_into(copy_run *r, const char *into, const char *src, const char *name) {
     char dst[PATH_SIZE];
     if (!zof_text_join(dst, sizeof(dst), into, name, "")) {
-        zof_printf("path too long, not copied: %.80s...%.80s\n", into, name);
+        dir_too_long(into, name);
         file_report(r, name, false);
         return;
     }
@@ -103,7 +103,7 @@ static void folder_copy_into(copy_run *r, const char *into, const char *src, con
     if (zof_text_join(target, sizeof(target), into, name, "/")) {
         folder_copy(r, target, src, remove);
     } else {
-        zof_printf("path too long, not copied: %.80s...%.80s\n", into, name);
+        dir_too_long(into, name);
         folder_refuse(r, src);
     }
 }
@@ -169,7 +169,7 @@ static bool swap(const char *fresh, const char *target) {
         return true;
     }
     char aside[OWN_PATH];
-    const char *name = target + dir_parent_length(target);
+    const char *name = target + zof_path_parent(target);
     if (!dir_beside(aside, sizeof(aside), target, OLD_DIR, name) || zof_rename(target, aside) != 0) {
         return false;
     }
@@ -203,7 +203,7 @@ static void folder_replace(copy_run *r, const char *target, const char *src) {
     snprintf(place, sizeof(place), "%.*s", (int)strlen(target) - 1, target);
     if (zof_file_temp_name(fresh, sizeof(fresh), target, NEW_DIR) != 0 ||
         !zof_text_join(stage, sizeof(stage), fresh, "/", "")) {
-        zof_printf("path too long, not copied: %.80s...\n", target);
+        dir_too_long(target, "");
         folder_refuse(r, src);
         return;
     }
@@ -231,12 +231,12 @@ static void folder_replace(copy_run *r, const char *target, const char *src) {
 
 // Makes `dst`, with a slash, and the last component of `src`; ends with a slash.
 static bool target_of(char *out, const char *dst, const char *src) {
-    const size_t parent = dir_parent_length(src);
+    const size_t parent = zof_path_parent(src);
     const char *name = parent > 0 ? src + parent : "";
     const size_t n = strlen(dst);
     const bool slash = n > 0 && (dst[n - 1] == '/' || dst[n - 1] == '\\');
     if (!zof_text_join(out, PATH_SIZE - 1, dst, slash ? "" : "/", name)) {
-        zof_printf("path too long, not copied: %.80s...%.80s\n", dst, name);
+        dir_too_long(dst, name);
         return false;
     }
     if (out[strlen(out) - 1] != '/') {
@@ -258,7 +258,7 @@ static bool folder_ready(const copy_run *r, const char *target, bool itself) {
             return false;
         }
     } else if (!itself && zof_file_kind(plain) != ZOF_FILE_FOLDER) {
-        zof_printf("%s: a link, not copied into\n", shown);
+        dir_refuse(shown, "a link, not copied into");
         return false;
     }
     return true;
@@ -289,7 +289,9 @@ static s32 target_lock(const char *dst) {
     }
     const s32 lock = zof_folder_lock(dst, holder, sizeof(holder));
     if (lock == 0) {
-        zof_printf("%s: in use by %s, nothing is copied\n", dst, holder);
+        char why[sizeof(holder) + 40];
+        snprintf(why, sizeof(why), "in use by %s, nothing is copied", holder);
+        dir_refuse(dst, why);
     }
     return lock;
 }
@@ -308,10 +310,11 @@ s32 zof_dir_copyfile(const char *dst, const char *src, zof_bool remove) {
         zof_printf("dir %s name is NULL\n", dst ? "src" : "dst");
         return -1;
     }
+    dir_reason_clear();
     char whole[PATH_SIZE];
     const size_t n = strlen(src);
     if (!zof_text_join(whole, sizeof(whole), src, n > 0 && src[n - 1] != '/' ? "/" : "", "")) {
-        zof_printf("path too long, not copied: %.80s...\n", src);
+        dir_too_long(src, "");
         return -1;
     }
     if (!source_exists(whole)) {

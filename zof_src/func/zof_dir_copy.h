@@ -54,6 +54,11 @@ s32 zof_dir_copy_async_statue(void);
 // thread.
 void zof_dir_copy_get_progress(u32 *suc, u32 *fail);
 
+// Writes why the latest copy refused its first file, or all of them: a name, and the words of the log, cut off at
+// `size` bytes with the terminator. Empty when nothing was refused. Any thread.
+enum { ZOF_COPY_REASON_SIZE = 160 };
+void zof_dir_copy_get_reason(char *out, size_t size);
+
 ZOF_C_END
 
 #endif

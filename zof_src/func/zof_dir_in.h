@@ -25,14 +25,18 @@ struct copy_block {
 // Makes a path in the folder of `path`: `name` followed by `more`.
 bool dir_beside(char *out, size_t size, const char *path, const char *name, const char *more);
 
-// Returns how many bytes of the path come before its last component. One slash at the end is ignored.
-size_t dir_parent_length(const char *path);
-
 // True for "." and "..".
 bool dir_is_dots(const char *name);
 
-// Logs a path, what failed, and why the latest call on this thread failed.
+// Log what failed; the first of these in a copy is its reason, which zof_dir_copy_get_reason returns: a path, and what
+// is wrong with it; the same, and why the latest call on this thread failed; a name that does not fit behind its
+// folder.
+void dir_refuse(const char *path, const char *what);
 void dir_say(const char *path, const char *what);
+void dir_too_long(const char *dir, const char *name);
+
+// Forgets the reason, at the start of a copy.
+void dir_reason_clear();
 
 // Classifies an entry of a source: ZOF_FILE_NONE to skip, ZOF_FILE_PLAIN, ZOF_FILE_FOLDER, or ENTRY_TOO_LONG, which
 // counts as one failed file. The count and the copy both use this. Writes its path of PATH_SIZE bytes; a folder's ends

@@ -12,10 +12,6 @@ bool dir_is_dots(const char *name) {
     return strcmp(name, ".") == 0 || strcmp(name, "..") == 0;
 }
 
-void dir_say(const char *path, const char *what) {
-    zof_printf("%s: %s: %s\n", path, what, zof_file_error());
-}
-
 // Returns false for a name that could be taken for more than one component of a path, here or on another system, and
 // for one with control characters.
 static bool is_plain_name(const char *name) {
@@ -39,7 +35,7 @@ u32 dir_source_entry(char *path, const char *dir, const char *name, bool tell) {
     }
     if (!zof_text_join(path, PATH_SIZE - 1, dir, name, "")) { // one byte for the slash
         if (tell) {
-            zof_printf("path too long, not copied: %.80s...%.80s\n", dir, name);
+            dir_too_long(dir, name);
         }
         return ENTRY_TOO_LONG;
     }
@@ -112,17 +108,8 @@ void dir_clear_away(const char *path) {
     }
 }
 
-size_t dir_parent_length(const char *path) {
-    size_t n = strlen(path);
-    n -= n > 0 ? 1 : 0;
-    while (n > 0 && path[n - 1] != '/' && path[n - 1] != '\\') {
-        n--;
-    }
-    return n;
-}
-
 bool dir_beside(char *out, size_t size, const char *path, const char *name, const char *more) {
-    const int length = snprintf(out, size, "%.*s%s%s", (int)dir_parent_length(path), path, name, more);
+    const int length = snprintf(out, size, "%.*s%s%s", (int)zof_path_parent(path), path, name, more);
     return length >= 0 && (size_t)length < size;
 }
 

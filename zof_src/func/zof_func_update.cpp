@@ -32,6 +32,7 @@ static struct {
     lv_obj_t *label1; // percent, on the bar
     lv_obj_t *label2; // what is being updated
     lv_obj_t *label3; // result
+    lv_obj_t *reason; // why files failed, below the bar
 } screen;
 
 static lv_obj_t *red_label(lv_obj_t *parent) {
@@ -56,6 +57,9 @@ static void screen_build() {
     lv_obj_align_to(screen.label2, screen.bar1, LV_ALIGN_OUT_TOP_LEFT, 0, -40);
     screen.label3 = red_label(screen.sch_screen);
     lv_obj_align_to(screen.label3, screen.bar1, LV_ALIGN_OUT_TOP_LEFT, 0, -20);
+    screen.reason = red_label(screen.sch_screen);
+    lv_obj_set_width(screen.reason, (lv_coord_t)(2 * (width / 3)));
+    lv_obj_align_to(screen.reason, screen.bar1, LV_ALIGN_OUT_BOTTOM_LEFT, 0, 10);
 }
 
 static void views_hide() {
@@ -71,6 +75,7 @@ void zof_func_bar_show(const char *name) {
     lv_scr_load(screen.sch_screen);
     lv_label_set_text(screen.label1, "");
     lv_label_set_text(screen.label3, "");
+    lv_label_set_text(screen.reason, "");
     lv_label_set_text_fmt(screen.label2, "upgrading %s,pls don't turn off the power", name ? name : "");
     lv_bar_set_value(screen.bar1, 0, LV_ANIM_OFF);
     watch.last_schedule = 0;
@@ -86,7 +91,12 @@ static void bar_paint(u32 percent) {
 }
 
 static void result_paint(u32 suc, u32 fail) {
+    char reason[ZOF_COPY_REASON_SIZE] = "";
+    if (fail) {
+        zof_dir_copy_get_reason(reason, sizeof(reason));
+    }
     lv_label_set_text_fmt(screen.label3, "upgraded,success %d , fail %d,pls restart power", (s32)suc, (s32)fail);
+    lv_label_set_text(screen.reason, reason);
 }
 
 void zof_func_bar_set_value(u32 suc, u32 fail, u32 sum) {

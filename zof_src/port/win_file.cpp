@@ -78,15 +78,11 @@ FILE *zof_file_create(const char *path) {
 
 s32 zof_file_temp_name(char *out, size_t size, const char *path, const char *prefix) {
     static std::atomic<u32> number{0};
-    size_t n = path ? strlen(path) : 0;
-    n -= n > 0 ? 1 : 0;
-    while (n > 0 && path[n - 1] != '/' && path[n - 1] != '\\') {
-        n--;
-    }
     if (!path) {
         return -1;
     }
-    const int length = snprintf(out, size, "%.*s%s~%u-%u", (int)n, path, prefix, zof_host_process_id(), ++number);
+    const int length =
+        snprintf(out, size, "%.*s%s~%u-%u", (int)zof_path_parent(path), path, prefix, zof_host_process_id(), ++number);
     return length >= 0 && (size_t)length < size ? 0 : -1;
 }
 

@@ -55,6 +55,15 @@ zof_bool zof_text_join(char *out, size_t size, const char *a, const char *b, con
     return ZOF_TRUE;
 }
 
+size_t zof_path_parent(const char *path) {
+    size_t n = strlen(path);
+    n -= n > 0 ? 1 : 0;
+    while (n > 0 && path[n - 1] != '/' && path[n - 1] != '\\') {
+        n--;
+    }
+    return n;
+}
+
 static char lower(char c) {
     return c >= 'A' && c <= 'Z' ? (char)(c - 'A' + 'a') : c;
 }

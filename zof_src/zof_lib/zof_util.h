@@ -27,6 +27,9 @@ char *zof_text_copy_n(const char *text, size_t size);
 // may be in `out`. Returns false, with `out` unchanged, when they do not fit.
 zof_bool zof_text_join(char *out, size_t size, const char *a, const char *b, const char *c);
 
+// Returns how many bytes of a path come before its last component. One separator, of any system, at the end is ignored.
+size_t zof_path_parent(const char *path);
+
 // Returns true when the text ends with `suffix`, which begins with a dot, in upper or lower case. False for null.
 zof_bool zof_suffix_is(const char *text, const char *suffix);
 
