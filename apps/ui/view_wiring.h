@@ -1,5 +1,7 @@
-// A view's control table: one row per id, empty where nothing is wired. The ids of a view are small and dense, so only
-// the wired rows are written down, and the empty ones are added at compile time.
+// What several views use: their control tables, tabs and links, and the texts that code writes.
+//
+// A view's control table has one row per id, empty where nothing is wired. The ids of a view are small and dense, so
+// only the wired rows are written down, and the empty ones are added at compile time.
 #ifndef VIEW_WIRING_H
 #define VIEW_WIRING_H
 
@@ -7,6 +9,13 @@
 
 #include "bench_look.h"
 #include "zof.h"
+
+// Returns a text for a label: the language key, which the label keeps across language changes, or the English text if
+// the language does not have it.
+inline const char *panel_text(panel_text_e id) {
+    const panel_text_t &text = panel_texts[id];
+    return zof_lang_get_cur_str(text.key) == text.key ? text.english : text.key;
+}
 
 // Controls without a function of their own still need a row, for the press tone and the touch hook.
 inline void no_event(zof_ctrl_t *, zof_event_e) {

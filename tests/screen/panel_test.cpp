@@ -158,6 +158,11 @@ TEST_CASE("panel: a language change leaves no English word on the running panel"
     CHECK(screen_is_golden("panel_rails_empty_de"));
     CHECK(zof_lang_set("en") == 0);
     CHECK(screen_is_golden("panel_rails_empty"));
+    zof_lang_set_cur_str("#use", "%u %02u %s"); // not a format of two numbers
+    board_rails(board_default_rails());
+    screen_click(140, 98);
+    CHECK(text_of(2, VIEW2_LABEL84_ID) == "Use 9.00 V");
+    board_rails({});
     CHECK(zof_lang_set("no such language") == -1); // then the code writes its default words
     CHECK(text_of(2, VIEW2_LABEL84_ID) == "Select a rail");
 }

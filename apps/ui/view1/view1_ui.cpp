@@ -1,7 +1,6 @@
 // View 1: the output's toggle and the session. The program never decides the state of the output: a click requests the
 // opposite of the last reported state, and the display changes when the board answers.
 #include "bench_ids.h"
-#include "hardware/uart/zof_hw_text.h"
 #include "hardware/uart/zof_hw_uart.h"
 #include "ui/view_wiring.h"
 #include "zof_main.h"

@@ -1,9 +1,9 @@
 // View 2: the list of rails. The board writes it into the register image and commits it. The user selects a row, sets
 // voltage and current limit on an adjustable rail, and applies it.
 #include <stdio.h>
+#include <string.h>
 
 #include "bench_ids.h"
-#include "hardware/uart/zof_hw_text.h"
 #include "hardware/uart/zof_hw_uart.h"
 #include "ui/view_wiring.h"
 #include "zof_main.h"
@@ -98,10 +98,29 @@ void use_btn_set(u8 enabled, const char *txt) {
     zof_label_set_txt_color(use, enabled ? COLOR_AMBER_INK : COLOR_DIM);
 }
 
+// A language file is data: a format from it must take two numbers and nothing else.
+static bool is_use_format(const char *text) {
+    const char *first = strstr(text, "%u");
+    const char *second = first ? strstr(first + 2, "%02u") : nullptr;
+    return second && charCount(text, '%') == 2;
+}
+
+// Writes "Use 12.04 V" in the current language. A translation that is not a format of two unsigned numbers is ignored.
+static void use_text(char *out, size_t size, u16 mv) {
+    const char *format = zof_lang_get_cur_str(panel_text(TEXT_USE));
+    if (!is_use_format(format)) {
+        format = panel_texts[TEXT_USE].english;
+    }
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+    snprintf(out, size, format, mv / 1000u, mv % 1000u / 10);
+#pragma GCC diagnostic pop
+}
+
 static void button_paint() {
     char text[48];
     if (button.text == TEXT_USE) {
-        panel_use_text(text, sizeof(text), button.mv);
+        use_text(text, sizeof(text), button.mv);
         use_btn_set(button.enabled, text);
     } else {
         use_btn_set(button.enabled, panel_text(button.text));
