@@ -21,6 +21,8 @@ static void view_up(view_project_t &project) {
     zof_view_set_dis_view(2);
     zof_view_set_dis_view(1);
     screen_step(50);
+    zof_theme_set("night");
+    screen_step(50);
 }
 
 // How a process ends whose allocation `n` fails; with 0 none fails and *count is their number.
@@ -60,6 +62,9 @@ TEST_CASE("an allocation that fails at the start or while a view is loaded ends 
     project.write("config/languages/en.g", R"({"hello": "hello"})");
     project.more += R"(, "language": "en")";
     project.image("red.png", 20, 20, 0xFF0000);
+    for (const char *theme : {"youth", "night"}) {
+        project.write(form("config/theme/%s/label.g", theme), R"({"styles": [{"body_t": {"main_color": 1}}]})");
+    }
     project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
     project.view(1, one_of_each(R"("pub": true)"));
     project.view(2, {ctrl(ZOF_CTRL_LABEL, 1)});

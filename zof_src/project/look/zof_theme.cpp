@@ -161,10 +161,13 @@ static bool same_style(const zof_style_attr_t *a, const zof_style_attr_t *b) {
 
 // Controls refer to the styles of their theme by index, so the new theme gets the order of the old one. Styles that it
 // lacks are taken from the old theme; additional ones are dropped, because controls keep their own styles at those
-// indices.
-static void theme_align(const char *name, const zof_pub_attr_t *before, zof_pub_attr_t *now) {
+// indices. Returns false without memory, with nothing changed.
+static bool theme_align(const char *name, const zof_pub_attr_t *before, zof_pub_attr_t *now) {
     auto **list = (zof_style_attr_t **)zof_malloc((before->style_num + 1u) * sizeof(zof_style_attr_t *));
-    for (u32 n = 0; list && n < before->style_num; n++) {
+    if (!list) {
+        return false;
+    }
+    for (u32 n = 0; n < before->style_num; n++) {
         list[n] = before->style_list[n];
         for (u32 i = 0; i < now->style_num; i++) {
             if (same_style(list[n], now->style_list[i])) {
@@ -187,7 +190,8 @@ static void theme_align(const char *name, const zof_pub_attr_t *before, zof_pub_
     }
     zof_free(now->style_list);
     now->style_list = list;
-    now->style_num = list ? before->style_num : 0;
+    now->style_num = before->style_num;
+    return true;
 }
 
 static void theme_free(zof_pub_attr_t *theme, u32 type) {
@@ -248,9 +252,11 @@ s32 zof_theme_set(const char *theme) {
         const u8 broken = self.broken[type];
         new_themes[type] = self.zof_theme[type] ? theme_read(theme, type) : nullptr;
         self.broken[type] = broken;
-        if (new_themes[type]) {
-            theme_align(theme, self.zof_theme[type], new_themes[type]);
+        if (new_themes[type] && theme_align(theme, self.zof_theme[type], new_themes[type])) {
             result = 0;
+        } else if (new_themes[type]) {
+            theme_free(new_themes[type], type);
+            new_themes[type] = nullptr;
         }
     }
     __db_list_travel(prj->view_list, view_follow);
