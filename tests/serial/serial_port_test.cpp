@@ -235,11 +235,11 @@ TEST_CASE("serial: a client that is blocked for long loses what it has no room f
     CHECK(eventually([] { return got.total > 20 * 170; }));
 }
 
-TEST_CASE("serial: a minute at the full rate of the line loses nothing") {
+TEST_CASE("serial: a line at its full rate loses nothing") {
     serial_pty pty;
     open_port(pty, 40);
     // As a board fills a line of 115200 baud: bursts with a silence after each.
-    enum { RATE = 11520, PERIOD_MS = 20, SECONDS = 60, BURST = RATE * PERIOD_MS / 1000 };
+    enum { RATE = 11520, PERIOD_MS = 20, SECONDS = 10, BURST = RATE * PERIOD_MS / 1000 };
     bytes all;
     const auto start = std::chrono::steady_clock::now();
     for (int i = 1; i <= SECONDS * 1000 / PERIOD_MS; i++) {
