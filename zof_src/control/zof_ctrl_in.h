@@ -67,7 +67,7 @@ static inline s32 zof_obj_state_set(zof_ctrl_t *ctrl, lv_state_t state, u32 on) 
     return on ? zof_ctrl_add_state(ctrl, state) : zof_ctrl_clear_state(ctrl, state);
 }
 
-// Releases what a record whose object is gone still owns: attributes, styles, and what its family keeps beside them.
+// Releases what a record whose object is gone still owns: attributes, styles, and what its type keeps beside them.
 // The memory is freed when the outermost hold ends, like the deleted object, which refers to it.
 void zof_ctrl_release(para_t *record);
 

@@ -76,7 +76,7 @@ s32 zof_droplist_create(para_t *record, lv_obj_t *parent, void *attr) {
     zof_ctrl_style_add(record, drop->pub_t.style_list, drop->pub_t.style_num, 0);
     lv_obj_t *list = lv_dropdown_get_list(obj);
     zof_ctrl_style_add(list, drop->pub_t.style_list, drop->pub_t.style_num, 1);
-    lv_obj_set_style_text_align(list, (lv_text_align_t)(drop->txt_align_e & 3), LV_PART_MAIN);
+    lv_obj_set_style_text_align(list, (lv_text_align_t)drop->txt_align_e, LV_PART_MAIN);
     lv_obj_refresh_ext_draw_size(list); // while a view is built only controls refresh their styles
     return 0;
 }

@@ -60,7 +60,7 @@ s32 zof_rollist_create(para_t *record, lv_obj_t *parent, void *attr) {
     options_show(obj, roll, zof_listtxt_start(&roll->opt_list, &roll->options));
     zof_ctrl_style_add(record, roll->pub_t.style_list, roll->pub_t.style_num, 0);
     lv_obj_set_style_anim_time(obj, roll->anim_time, LV_PART_MAIN);
-    lv_obj_set_style_text_align(obj, (lv_text_align_t)(roll->txt_align_e & 3), LV_PART_MAIN);
+    lv_obj_set_style_text_align(obj, (lv_text_align_t)roll->txt_align_e, LV_PART_MAIN);
     rows_show(obj, roll);
     ((lv_roller_t *)obj)->ext_sel_width = (lv_coord_t)roll->ext_sel_width;
     return 0;

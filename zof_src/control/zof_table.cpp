@@ -118,7 +118,7 @@ s32 zof_table_create(para_t *record, lv_obj_t *parent, void *attr) {
     columns_fit(obj, table);
     lv_obj_set_style_text_line_space(obj, 0, LV_PART_ITEMS);
     zof_ctrl_style_add(record, table->pub_t.style_list, table->pub_t.style_num, 0);
-    lv_obj_set_style_text_align(obj, (lv_text_align_t)(table->align_table & 3), LV_PART_MAIN);
+    lv_obj_set_style_text_align(obj, (lv_text_align_t)table->align_table, LV_PART_MAIN);
     colors_renew(obj, table);
     lv_obj_add_event_cb(obj, table_draw_part_event_cb, LV_EVENT_DRAW_PART_BEGIN, table);
     lv_obj_add_event_cb(obj, event_style_changed, LV_EVENT_STYLE_CHANGED, table);

@@ -145,8 +145,8 @@ s32 zof_txtbox_create(para_t *record, lv_obj_t *parent, void *attr) {
     }
     zof_ctrl_pub_attr(record, &box->pub_t);
     lv_textarea_set_one_line(obj, box->line_mode != 1);
-    lv_obj_set_style_text_align(obj, (lv_text_align_t)(box->txt_align_e & 3), LV_PART_MAIN);
-    lv_obj_set_style_text_align(obj, (lv_text_align_t)(box->holder_txt_align_e & 3), LV_PART_TEXTAREA_PLACEHOLDER);
+    lv_obj_set_style_text_align(obj, (lv_text_align_t)box->txt_align_e, LV_PART_MAIN);
+    lv_obj_set_style_text_align(obj, (lv_text_align_t)box->holder_txt_align_e, LV_PART_TEXTAREA_PLACEHOLDER);
     lv_textarea_set_accepted_chars(obj, box->accept_txt); // LVGL refers to it; the record outlives the object
     lv_textarea_set_max_length(obj, box->max_txt_len);
     lv_textarea_set_placeholder_text(obj, box->p_holder_txt ? box->p_holder_txt : "");
