@@ -1,4 +1,5 @@
-// Files of the desktop, on top of the host's. Here a test can make any disk change fail, or stop the program at it.
+// Files of the desktop, on top of the host's. Null paths are refused here, so that no host needs to, and a test can
+// make any disk change fail here, or stop the program at it.
 #include <errno.h>
 #include <stdio.h>
 #include <string.h>
