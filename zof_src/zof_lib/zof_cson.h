@@ -115,9 +115,9 @@ typedef void (*cson_visit)(void *field, const reflect_item_t *row);
 // CSON_OK, or the code of the first failing row that is not nullable; the rows after it are not read then.
 s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *table);
 
-// Sets what the calling thread's messages about values begin with, for example the path of the file. At most 255 bytes
-// are copied; null for nothing.
-void csonSource(const char *name);
+// Sets what the calling thread's messages about values begin with: "name: ", or "name: list[index]: " with a list. At
+// most 255 bytes of the name are copied, none for null; `list` is null or a text that stays valid.
+void csonSource(const char *name, const char *list, s32 index);
 
 // Adds the record's fields to an existing JSON object. A nullable row that fails is left out and logged. For any other
 // failing row its code is returned, with the object unchanged. Returns CSON_ERR_MEMORY when a field cannot be added.

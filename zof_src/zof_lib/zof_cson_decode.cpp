@@ -113,10 +113,31 @@ static s32 integer_of(const void *json, s64 *out) {
     }
 }
 
-static thread_local char source[256];
+// For messages, which are rare: a text is only made for them.
+static thread_local struct {
+    char name[256];
+    const char *list;
+    s32 index;
+} source;
 
-void csonSource(const char *name) {
-    std::snprintf(source, sizeof source, "%s%s", name ? name : "", name ? ": " : "");
+void csonSource(const char *name, const char *list, s32 index) {
+    name = name ? name : "";
+    if (std::strcmp(source.name, name) != 0) {
+        std::snprintf(source.name, sizeof source.name, "%s", name);
+    }
+    source.list = list;
+    source.index = index;
+}
+
+static void value_report(const reflect_item_t *row, s64 value, size_t values) {
+    char place[sizeof source.name + 64] = "";
+    if (source.name[0] && source.list) {
+        std::snprintf(place, sizeof place, "%s: %s[%d]: ", source.name, source.list, source.index);
+    } else if (source.name[0]) {
+        std::snprintf(place, sizeof place, "%s: ", source.name);
+    }
+    zof_printf("%s%s: %lld is not from 0 to %u; the default is used", place, row->key, (long long)value,
+               (u32)values - 1);
 }
 
 // INT32_MAX stands for 0, see convertInteger.
@@ -125,8 +146,7 @@ static bool row_has(const reflect_item_t *row, s64 value) {
     if (values == 0 || value == INT32_MAX || (value >= 0 && (u64)value < values)) {
         return true;
     }
-    zof_printf("%s%s: %lld is not from 0 to %u; the default is used", source, row->key, (long long)value,
-               (u32)values - 1);
+    value_report(row, value, values);
     return false;
 }
 

@@ -2,7 +2,6 @@
 // file. An invalid entry is reported with its position and skipped, so one mistake does not empty a view.
 #include "project/look/zof_j2s_ctrl.h"
 
-#include <cstdio>
 #include <cstring>
 
 #include "project/look/zof_style.h"
@@ -142,13 +141,6 @@ static void style_overlay(cJSON *json, zof_pub_attr_t *record, const zof_pub_att
     release_replaced(bg_img, style->img_t.bg_img, origin ? origin->img_t.bg_img : nullptr);
 }
 
-// Messages about the entry's values name file and entry.
-static void source_set(const zof_j2s_walk_t *walk, s32 index) {
-    char name[256];
-    std::snprintf(name, sizeof name, "%s: controls[%d]", walk->path, index);
-    csonSource(name);
-}
-
 static void styles_add(zof_pub_attr_t *record, const zof_pub_attr_t *theme, cJSON *styles) {
     if (theme) {
         zof_theme_style_copy_new(record, theme);
@@ -177,7 +169,7 @@ zof_pub_attr_t *zof_j2s_walk_get(zof_j2s_walk_t *walk) {
         return nullptr;
     }
     const zof_pub_attr_t *styles = zof_theme_get_ctrl(cJSON_GetStringValue(theme), (u32)type);
-    source_set(walk, index); // after the theme's file, which may just have been read
+    csonSource(walk->path, "controls", index); // after the theme's file, which may just have been read
     zof_pub_attr_t *record = zof_j2s_ctrl_create(property, (u32)type);
     if (record) {
         styles_add(record, styles, cJSON_GetObjectItem(property, "styles"));

@@ -69,7 +69,7 @@ cJSON *zof_j2s_parse(const char *path, const char *text) {
     if (!text) {
         return nullptr;
     }
-    csonSource(path);
+    csonSource(path, nullptr, 0);
     const char *at = text;
     cJSON *root = cJSON_ParseWithOpts(text, &at, 0);
     if (root && !cJSON_IsObject(root)) {
