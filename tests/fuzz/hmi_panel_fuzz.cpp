@@ -11,12 +11,8 @@ static view_project_t project;
 static int history = -1;
 
 void fuzz_open() {
-    project.more = R"(, "start_page": 1, "language": "en", "app_ver": "A1.2", "hw_t": {"touch_t": {"th_en": 112}})";
-    project.write("config/languages/en.g", R"({"hello": "hello"})");
-    project.write("config/languages/de.g", R"({"hello": "hallo"})");
-    project.image("red.png", 20, 20, 0xFF0000);
-    project.image("blue.png", 20, 20, 0x0000FF);
-    project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
+    project.more = R"(, "start_page": 1, "app_ver": "A1.2", "hw_t": {"touch_t": {"th_en": 112}})";
+    files_of_each(project);
     for (u32 id : {1, 2}) { // those of the second view are deleted and created with it
         auto controls = one_of_each("\"pub\": " + std::string(id == 2 ? "1" : "0"));
         controls.push_back(ctrl(ZOF_CTRL_LABEL, 4, R"("txt": "with a font")", box(0, 0, 200, 20), text_style));

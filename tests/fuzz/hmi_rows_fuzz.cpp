@@ -8,103 +8,28 @@
 #include "hmi/zof_hmi_cmd.h"
 #include "port/zof_port.h"
 
-enum { CHART = 70, SEQUENCE, PAD, WHEEL, ITEM, BOX, DRAW_EACH = 8 };
+enum { DRAW_EACH = 8 };
 
 static view_project_t project;
 
-static const char *const words[] = {"",
-                                    "x",
-                                    "#hello",
-                                    "#none",
-                                    "red.png",
-                                    "RED.PNG",
-                                    "none.png",
-                                    "\x01:x.png",
-                                    "\x1f:",
-                                    "\x01",
-                                    "\x7f.png",
-                                    "\t\n\r",
-                                    "../red.png",
-                                    "../../../../etc/passwd",
-                                    "/etc/passwd",
-                                    "//red.png",
-                                    "./././red.png",
-                                    "a/../b.png",
-                                    "x\\..",
-                                    "..",
-                                    ".png",
-                                    "L:red.png",
-                                    "A:/red.png",
-                                    "Z:red.png",
-                                    ":red.png",
-                                    "0:/a",
-                                    "1:",
-                                    "sd:/a.gif",
-                                    "ever.gif",
-                                    "t.ttf",
-                                    "a.mp4",
-                                    "a.mp3",
-                                    "%s%n%d",
-                                    "\xff\xfe",
-                                    "\xc3",
-                                    "\xf0\x9f\x98\x80",
-                                    "\xe4\xbd\xa0\xe5\xa5\xbd",
-                                    "one\ntwo\n\n\nthree",
-                                    "\n",
-                                    "-999",
-                                    "{\"a\": 1}"};
+// clang-format off
+static const char *const words[] = {
+    "", "x", "#hello", "#none", "red.png", "RED.PNG", "none.png", "ever.gif", "t.ttf", "a.mp4", "a.mp3",
+    "\x01:x.png", "\x1f:", "\x01", "\x7f.png", "\t\n\r", "\n", "one\ntwo\n\n\nthree",
+    "../red.png", "../../../../etc/passwd", "/etc/passwd", "//red.png", "./././red.png", "a/../b.png", "x\\..", "..", ".png",
+    "L:red.png", "A:/red.png", "Z:red.png", ":red.png", "0:/a", "1:", "sd:/a.gif",
+    "%s%n%d", "-999", "{\"a\": 1}", "\xff\xfe", "\xc3", "\xf0\x9f\x98\x80", "\xe4\xbd\xa0\xe5\xa5\xbd"};
 
-static const u32 edges[] = {0,
-                            1,
-                            2,
-                            3,
-                            5,
-                            9,
-                            48,
-                            100,
-                            127,
-                            128,
-                            254,
-                            255,
-                            256,
-                            1000,
-                            4095,
-                            4096,
-                            32767,
-                            32768,
-                            65535,
-                            65536,
-                            1u << 22,
-                            1u << 24,
-                            0x1FFFFFFF,
-                            0x20000000,
-                            0x200007D1,
-                            0x3FFFFFFF,
-                            0x40000000,
-                            INT32_MAX - 1u,
-                            INT32_MAX,
-                            1u << 31,
-                            (1u << 31) + 1,
-                            (u32)-1000,
-                            (u32)-2,
-                            (u32)-1};
+static const u32 edges[] = {
+    0, 1, 2, 3, 5, 9, 48, 100, 127, 128, 254, 255, 256, 1000, 4095, 4096, 32767, 32768, 65535, 65536, 1 << 22, 1 << 24,
+    0x1FFFFFFF, 0x20000000, 0x200007D1, 0x3FFFFFFF, 0x40000000, INT32_MAX - 1, INT32_MAX, 1u << 31, (1u << 31) + 1,
+    (u32)-1000, (u32)-2, (u32)-1};
+// clang-format on
 
 void fuzz_open() {
-    project.more = R"(, "start_page": 1, "language": "en")";
-    project.write("config/languages/en.g", R"({"hello": "hello"})");
-    project.write("config/languages/de.g", R"({"hello": "hallo"})");
-    project.image("red.png", 20, 20, 0xFF0000);
-    project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
-    auto controls = one_of_each();
-    for (const std::string &more :
-         {ctrl(ZOF_CTRL_CHART, CHART, R"("dis_type_e": 3, "point_cnt": 5, "y_max": 9)", box(320, 60, 60, 60)),
-          ctrl(ZOF_CTRL_SKETCHPAD, PAD, R"("toolbar": 1, "line_width": 3)", box(320, 190, 60, 50)),
-          ctrl(ZOF_CTRL_SCROLLCONT, WHEEL, R"("child_cnt": 1, "display_count": 1)", box(560, 180, 80, 50)),
-          ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM, "", R"("parent_id": 73)"),
-          ctrl(ZOF_CTRL_OBJ, BOX, "", box(100, 100, 60, 60), filled(0x406060))}) {
-        controls.push_back(more);
-    }
-    project.view(1, controls);
+    project.more = R"(, "start_page": 1)";
+    files_of_each(project);
+    project.view(1, one_of_each());
     project.view(2, {ctrl(ZOF_CTRL_LABEL, 4)});
     project.open(640, 240);
     win_rtc_init();
@@ -138,20 +63,6 @@ static void fields_put(std::vector<u8> &out, const zof_hmi_rec_t *list, fuzz_inp
     }
 }
 
-// The control of a number; the last number has no control.
-static u32 control_id(u32 number) {
-    static const u8 spans[][2] = {{LABEL, MATRIX}, {GIF, VIDEO}, {CHART, BOX}, {99, 99}};
-    while (true) {
-        for (const auto &span : spans) {
-            const u32 size = span[1] - span[0] + 1u;
-            if (number < size) {
-                return span[0] + number;
-            }
-            number -= size;
-        }
-    }
-}
-
 // The row of a number, counted over all tables.
 static const zof_hmi_param_type_t *row_at(u32 number, const zof_hmi_cmd_type_t **type) {
     u32 rows = 0;
@@ -171,7 +82,7 @@ static void command_run(fuzz_input in) {
     const zof_hmi_cmd_type_t *type = nullptr;
     const u32 number = fuzz_byte(in);
     const zof_hmi_param_type_t *row = row_at(number | fuzz_byte(in) << 8, &type);
-    const u32 id = control_id(fuzz_byte(in));
+    const u32 id = LABEL + fuzz_byte(in) % (END + 1 - LABEL); // END is no control
     const bool read = fuzz_byte(in) & 1;
     std::vector<u8> counted = {(u8)(read ? ZOF_HMI_OP_GET : ZOF_HMI_OP_SET)};
     counted.insert(counted.end(), type->code, type->code + type->len);

@@ -56,7 +56,7 @@ def hosts():
     for name, row in ROWS.items():
         value = encode(row.value, ["blue.png" if kind == "text" else 2 for _, kind in row.value])
         keys = [row.code + encode(row.address + row.request, [1, control, 0, 0] if row.address else [1, 1])
-                for control in ([*range(5, 28), 60, 61, 62] if row.address else [0])]
+                for control in (range(5, 43) if row.address else [0])]
         panel[name] = b"".join(hmi(HMI_SEALED, bytes([READ]) + key) + hmi(HMI_SEALED | HMI_CRC, bytes([WRITE]) + key + value)
                                for key in keys) + bytes([HMI_DRAW, 0x80, 0x81])
     size = build(READ, ROWS["view.size"].code)
@@ -69,7 +69,7 @@ def hosts():
         b"\0\x01\0\x05", b"\xff\xff", b"\x7f\xff", b"\x80\0"]
     dice = random.Random(1)  # a command of hmi_rows: row, control, 1 for a read, a choice for each field
     rows = {name: b"".join(bytes([number & 255, number >> 8, control, step == 0]) + dice.randbytes(12)
-                           for control in range(33) for step in range(5)) for number, name in enumerate(ROWS)}
+                           for control in range(38) for step in range(5)) for number, name in enumerate(ROWS)}
     seeds("hmi_rows", rows, [])
     seeds("hmi_panel", panel | {"walk": walk}, words)
     seeds("hmi_frames", frames, words)

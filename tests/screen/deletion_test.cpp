@@ -4,57 +4,8 @@
 #include <random>
 #include <set>
 
-#include "view_project.h"
-#include "zof.h"
-
-enum { BOX = 5, TILES, TILE_A, TILE_B, RING, RING_A, RING_B, RING_C, CONT, INNER, SLIDER, ROLLER, SPIN, DROP };
-enum { LIST = 19, MATRIX, TABLE, ARC, BAR, KEYS, WHEEL, ITEM_A, ITEM_B, SWITCH, LABEL, END };
-
-static std::string pub(const std::string &keys) {
-    return R"("pub": true, )" + keys;
-}
-
-static std::string within(u32 parent) {
-    return form(R"("parent_id": %u)", parent);
-}
-
-static std::vector<std::string> controls() {
-    const auto tile = [](u32 id, u32 parent, u32 col, const char *more) {
-        return ctrl(ZOF_CTRL_TILE, id, form(R"("col_id": %u, "row_id": 0, "dir": %u)", col, *more ? 3 : 15),
-                    pub(within(parent)));
-    };
-    return {ctrl(ZOF_CTRL_TXTBOX, BOX, R"("init_txt": "some text that is long", "max_txt_len": 99)",
-                 pub(box(0, 0, 60, 40))),
-            ctrl(ZOF_CTRL_TILEVIEW, TILES, R"("anim_time": 0, "count": 2)", pub(box(70, 0, 60, 60))),
-            tile(TILE_A, TILES, 0, ""),
-            tile(TILE_B, TILES, 1, ""),
-            ctrl(ZOF_CTRL_TILEVIEW, RING, R"("anim_time": 0, "count": 3, "start_id": 1, "unlimited_scroll": 1)",
-                 pub(box(140, 0, 60, 60))),
-            tile(RING_A, RING, 0, "ring"),
-            tile(RING_B, RING, 1, "ring"),
-            tile(RING_C, RING, 2, "ring"),
-            ctrl(ZOF_CTRL_OBJ, CONT, "", pub(box(210, 0, 60, 60) + R"(, "scrollbar_t": {"dir_e": 15})")),
-            ctrl(ZOF_CTRL_BTN, INNER, R"("txt": "far")", pub(box(10, 10, 300, 300) + ", " + within(CONT))),
-            ctrl(ZOF_CTRL_SLIDER, SLIDER, R"("minValue": 0, "maxValue": 100)", pub(box(0, 70, 60, 10))),
-            ctrl(ZOF_CTRL_ROLLIST, ROLLER, R"("options": "one\ntwo\nthree")", pub(box(70, 70, 60, 50))),
-            ctrl(ZOF_CTRL_SPINBOX, SPIN, R"("range_min": -9, "range_max": 999, "int_cnt": 3, "step": 1)",
-                 pub(box(140, 70, 60, 40))),
-            ctrl(ZOF_CTRL_DROPLIST, DROP, R"("options": "one\ntwo")", pub(box(210, 70, 60, 30))),
-            ctrl(ZOF_CTRL_LIST, LIST, R"("btns_t": [{"txt": "first"}, {"txt": "second"}, {"txt": "third"}])",
-                 pub(box(0, 120, 60, 40))),
-            ctrl(ZOF_CTRL_BTNMATRIX, MATRIX, R"("btnmatrix_txt": ["a", "\n", "b", ""])", pub(box(70, 130, 60, 60))),
-            ctrl(ZOF_CTRL_TABLE, TABLE, "", pub(box(140, 130, 60, 60))),
-            ctrl(ZOF_CTRL_ARC, ARC, R"("range_t": {"minValue": 0, "maxValue": 100}, "know_dis_en": true)",
-                 pub(box(210, 130, 60, 60))),
-            ctrl(ZOF_CTRL_BAR, BAR, R"("minValue": 0, "maxValue": 100)", pub(box(0, 170, 60, 10))),
-            ctrl(ZOF_CTRL_KEYBOARD, KEYS, R"("mode": 1)", pub(box(0, 190, 200, 50))),
-            ctrl(ZOF_CTRL_SCROLLCONT, WHEEL, R"("child_cnt": 2, "display_count": 1)",
-                 pub(box(210, 200, 80, 40) + R"(, "scrollbar_t": {"dir_e": 3})")),
-            ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM_A, "", pub(within(WHEEL))),
-            ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM_B, R"("create_num": 1)", pub(within(WHEEL))),
-            ctrl(ZOF_CTRL_SW, SWITCH, "", pub(box(280, 0, 30, 20))),
-            ctrl(ZOF_CTRL_LABEL, LABEL, R"("txt": "label")", pub(box(280, 30, 30, 20)))};
-}
+#include "every_control.h"
+#include "port/zof_port.h"
 
 static para_t *find(u32 id) {
     return zof_ctrl_get_form_id(1, id);
@@ -68,31 +19,32 @@ struct call_t {
 };
 
 static const call_t calls_made[] = {
-    {"txtbox_set_text", [] { zof_txtbox_set_text(find(BOX), "another text, longer than the box is wide"); }},
-    {"txtbox_add_txt", [] { zof_txtbox_add_txt(find(BOX), " and more of it"); }},
-    {"txtbox_add_char", [] { zof_txtbox_add_char(find(BOX), 'x'); }},
-    {"txtbox_del_char", [] { zof_txtbox_del_char(find(BOX)); }},
-    {"txtbox_del_char_forward", [] { zof_txtbox_cursor_move(find(BOX), 1), zof_txtbox_del_char_forward(find(BOX)); }},
+    {"txtbox_set_text", [] { zof_txtbox_set_text(find(TXTBOX), "another text, longer than the box is wide"); }},
+    {"txtbox_add_txt", [] { zof_txtbox_add_txt(find(TXTBOX), " and more of it"); }},
+    {"txtbox_add_char", [] { zof_txtbox_add_char(find(TXTBOX), 'x'); }},
+    {"txtbox_del_char", [] { zof_txtbox_del_char(find(TXTBOX)); }},
+    {"txtbox_del_char_forward",
+     [] { zof_txtbox_cursor_move(find(TXTBOX), 1), zof_txtbox_del_char_forward(find(TXTBOX)); }},
     {"txtbox_cursor_move",
      [] {
          for (u32 i = 0; i < 22; i++) {
-             zof_txtbox_cursor_move(find(BOX), 1);
+             zof_txtbox_cursor_move(find(TXTBOX), 1);
          }
      }},
     {"tileview_set_tile_id", [] { zof_tileview_set_tile_id(find(TILES), 0, 1, 0); }},
     {"tileview_set_tile_id, animated", [] { zof_tileview_set_tile_id(find(TILES), 0, 1, 1); }},
     {"tileview_set_tile_id, endless", [] { zof_tileview_set_tile_id(find(RING), 0, 2, 0); }},
-    {"scroll_set", [] { zof_ctrl_scroll_set(find(CONT), 40, 40, 0); }},
-    {"scroll_set, animated", [] { zof_ctrl_scroll_set(find(CONT), 40, 40, 1); }},
+    {"scroll_set", [] { zof_ctrl_scroll_set(find(CONTAINER), 40, 40, 0); }},
+    {"scroll_set, animated", [] { zof_ctrl_scroll_set(find(CONTAINER), 40, 40, 1); }},
     {"scroll_view", [] { zof_ctrl_scroll_view(find(TILE_B), 0); }},
     {"set_size of a scrolled container",
      [] {
          auto *const then = on_any_event; // only the size counts
          on_any_event = nullptr;
-         zof_ctrl_scroll_set(find(CONT), 250, 250, 0);
+         zof_ctrl_scroll_set(find(CONTAINER), 250, 250, 0);
          on_any_event = then;
-         zof_ctrl_set_size(find(CONT), 200, 200);
-         zof_ctrl_update_location(find(CONT));
+         zof_ctrl_set_size(find(CONTAINER), 200, 200);
+         zof_ctrl_update_location(find(CONTAINER));
      }},
     {"slider_set_value", [] { zof_slider_set_value(find(SLIDER), 50); }},
     {"arc_set_value", [] { zof_arc_set_value(find(ARC), 50); }},
@@ -108,10 +60,10 @@ static const call_t calls_made[] = {
     {"add_state", [] { zof_ctrl_add_state(find(SWITCH), LV_STATE_CHECKED); }},
     {"keyboard",
      [] {
-         zof_keyboard_set_txtbox(find(KEYS), find(BOX));
-         zof_event_send(find(KEYS), LV_EVENT_VALUE_CHANGED, nullptr);
+         zof_keyboard_set_txtbox(find(KEYBOARD), find(TXTBOX));
+         zof_event_send(find(KEYBOARD), LV_EVENT_VALUE_CHANGED, nullptr);
      }},
-    {"move_forground", [] { zof_ctrl_move_forground(find(CONT)); }},
+    {"move_forground", [] { zof_ctrl_move_forground(find(CONTAINER)); }},
     {"ctrl_delete", [] { zof_ctrl_delete(find(INNER)); }},
     {"lang_set", [] { zof_lang_set("de"); }},
     {"view_delete", [] { zof_view_delete(1); }},
@@ -124,20 +76,19 @@ static const call_t calls_made[] = {
 
 static void project_up(view_project_t &project) {
     ctrl_funs.clear();
-    for (u32 id = BOX; id < END; id++) {
+    for (u32 id = LABEL; id < END; id++) {
         ctrl_funs.push_back({id, [](zof_ctrl_t *record, zof_event_e event) {
                                  if (on_any_event) {
                                      on_any_event((para_t *)record, event);
                                  }
                              }});
     }
-    project.write("config/languages/en.g", R"({"hello": "hello"})");
-    project.write("config/languages/de.g", R"({"hello": "a longer hello"})");
-    project.more += R"(, "language": "en")";
-    project.view(1, controls());
-    project.view(2, {ctrl(ZOF_CTRL_LABEL, BOX, R"("txt": "other")")});
-    project.view(3, controls());
-    project.open(320, 240);
+    files_of_each(project);
+    project.view(1, one_of_each(R"("pub": true)"));
+    project.view(2, {ctrl(ZOF_CTRL_LABEL, LABEL, R"("txt": "other")")});
+    project.view(3, one_of_each(R"("pub": true)"));
+    project.open(640, 240);
+    win_video_init();
 }
 
 // Shows view 1 complete, whatever was deleted from it.
@@ -146,6 +97,7 @@ static void view_renew() {
     zof_view_set_dis_view(2);
     screen_step(5);
     zof_view_set_dis_view(1);
+    zof_txtbox_set_text(find(TXTBOX), "some text that is long");
     screen_step(5);
 }
 
@@ -245,7 +197,7 @@ static u32 roll(u32 sides) {
 }
 
 static void anything() {
-    const u32 id = BOX + roll((u32)END - (u32)BOX), view = 1 + roll(3);
+    const u32 id = LABEL + roll((u32)END - (u32)LABEL), view = 1 + roll(3);
     para_t *record = zof_ctrl_get_form_id(view, id);
     lv_obj_t *obj = zof_ctrl_obj(record);
     switch (roll(9)) {
@@ -270,7 +222,7 @@ static void anything() {
         zof_ctrl_show(view, id);
         break;
     case 7:
-        if (obj && (id == TILES || id == RING || id == CONT)) {
+        if (obj && (id == TILES || id == RING || id == CONTAINER)) {
             lv_obj_clean(obj);
         } else if (obj) {
             lv_obj_del(obj);

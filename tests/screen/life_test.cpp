@@ -2,28 +2,10 @@
 // its own events.
 #include "every_control.h"
 
-enum { CHART = 70, SEQUENCE, PAD, WHEEL, ITEM_A, ITEM_B, END };
-
 static void life_up(view_project_t &project) {
     std::filesystem::copy(ZOF_MEDIA_DIR, project.path("image"), std::filesystem::copy_options::recursive);
-    project.image("red.png", 20, 20, 0xFF0000);
-    project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
-    project.write("config/languages/en.g", R"({"hello": "hello"})");
-    project.write("config/languages/de.g", R"({"hello": "a longer hello"})");
-    project.more += R"(, "language": "en")";
-    const std::string fleeting = R"("pub": true, )", item = fleeting + R"("parent_id": 73)";
-    std::vector<std::string> all = one_of_each(R"("pub": true)");
-    all.insert(
-        all.end(),
-        {ctrl(ZOF_CTRL_CHART, CHART, R"("dis_type_e": 3, "point_cnt": 5, "y_max": 9)", fleeting + box(320, 60, 60, 60)),
-         ctrl(ZOF_CTRL_ANIMIMG, SEQUENCE, R"("img_dsc_t": "png", "frame_rate": 20, "end_id": 3, "repeat_count": 9)",
-              fleeting + box(320, 130, 1, 1)),
-         ctrl(ZOF_CTRL_SKETCHPAD, PAD, R"("toolbar": 1, "line_width": 3)", fleeting + box(320, 190, 60, 50)),
-         ctrl(ZOF_CTRL_SCROLLCONT, WHEEL, R"("child_cnt": 2, "display_count": 1)",
-              fleeting + box(560, 180, 80, 50) + R"(, "scrollbar_t": {"dir_e": 3})"),
-         ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM_A, "", item),
-         ctrl(ZOF_CTRL_SCROLLCONT_OBJ, ITEM_B, R"("create_num": 1)", item)});
-    project.view(1, all, R"("bg_image": "red.png")");
+    files_of_each(project);
+    project.view(1, one_of_each(R"("pub": true)"), R"("bg_image": "red.png")");
     project.view(2, {});
     project.open(640, 240);
 }

@@ -59,13 +59,10 @@ TEST_CASE("an allocation that fails at the start or while a view is loaded ends 
     const char *given = getenv("ZOF_FAILURES");
     const u32 failures = EARLY + (given ? (u32)strtoul(given, nullptr, 0) : 100);
     view_project_t project;
-    project.write("config/languages/en.g", R"({"hello": "hello"})");
-    project.more += R"(, "language": "en")";
-    project.image("red.png", 20, 20, 0xFF0000);
+    files_of_each(project);
     for (const char *theme : {"youth", "night"}) {
         project.write(form("config/theme/%s/label.g", theme), R"({"styles": [{"body_t": {"main_color": 1}}]})");
     }
-    project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
     project.view(1, one_of_each(R"("pub": true)"));
     project.view(2, {ctrl(ZOF_CTRL_LABEL, 1)});
     u32 count = 0;

@@ -64,9 +64,7 @@ static const zof_drv_video_ops_t video_ops = {
 static void controls_up(panel &p) {
     zof_drv_video_reg(&video_ops);
     p.project.write("image/ever.gif", file_text(ZOF_MEDIA_DIR "/ever.gif"));
-    p.project.image("red.png", 20, 20, 0xFF0000);
-    p.project.image("blue.png", 20, 20, 0x0000FF);
-    p.project.write("font/t.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
+    files_of_each(p.project);
     panel_up(p, R"(, "resend_en": 1)", "", one_of_each());
 }
 

@@ -26,30 +26,11 @@ static u32 number_of(const char *variable, u32 otherwise) {
 }
 
 static std::string random_name() {
+    // clang-format off
     static const char *const odd[] = {
-        "x\\..",
-        "..\\..\\outside",
-        "\\",
-        "a\\b",
-        ".hidden",
-        "...",
-        "x..",
-        "y.",
-        "C:",
-        "\x1b[2J",
-        "a\nb",
-        "\x7f",
-        "\xff\xfe",
-        "%s%n",
-        "~",
-        "-rf",
-        " ",
-        "secret",
-        ".zof_file.new",
-        ".zof_dir.new",
-        ".zof_dir.old~sub",
-        "System Volume Information",
-    };
+        "x\\..", "..\\..\\outside", "\\", "a\\b", ".hidden", "...", "x..", "y.", "C:", "\x1b[2J", "a\nb", "\x7f", "\xff\xfe",
+        "%s%n", "~", "-rf", " ", "secret", ".zof_file.new", ".zof_dir.new", ".zof_dir.old~sub", "System Volume Information"};
+    // clang-format on
     switch (roll(6)) {
     case 0:
         return odd[roll(sizeof(odd) / sizeof(odd[0]))];
