@@ -43,8 +43,7 @@ def registers():
     draw = b"\xff"
     files = {str(n): b"".join(bytes([len(part)]) + part for part in parts) + draw
              for n, parts in enumerate((writes, rails, reads, noise))}
-    for fuzzer in ("register_link", "register_frames"):
-        seeds(fuzzer, files, [b"\x5A\xA5", b"\x5A\xA5\x05\x82", b"\x5A\xA5\x04\x83", *every])
+    seeds("register_link", files, [b"\x5A\xA5", b"\x5A\xA5\x05\x82", b"\x5A\xA5\x04\x83", *every])
 
 
 def hmi(flags, *counted):

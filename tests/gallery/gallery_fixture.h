@@ -16,12 +16,8 @@ inline const char *const gallery_names[GALLERY_VIEWS + 1] = {
 
 // Starts the gallery as its own main does. `folder` contains another `res` than the staged one.
 inline void gallery_open(const char *folder = ZOF_GALLERY_DIR) {
-    static const zof_clock_t clock = {[] { return screen_now; }, [](u32 ms) { screen_now += ms; }};
-    zof_clock_set(&clock);
-    setenv("SDL_VIDEODRIVER", "offscreen", 0);
-    setenv("SDL_AUDIODRIVER", "dummy", 0);
     REQUIRE(chdir(folder) == 0);
-    lv_init();
+    screen_init();
     zof_drv_init();
     REQUIRE(zof_prj_get_cur());
     zof_func_pwon();

@@ -16,13 +16,15 @@ TEST_CASE("a control that cannot be built is reported and left out, and the view
         ctrl(ZOF_CTRL_BTN, 5), // an id that is in use
         child_of(5, 6),
     });
-    for (const char *line : {"err: create ctrl[c1,1] fail", "err: create ctrl[c2,2] fail", "[c3,3] fail"}) {
+    for (const char *line : {"err: create ctrl[c1,1] fail", "err: create ctrl[c2,2] fail", "[c3,3] fail",
+                             "v1.g: controls[5]: controls[4] has the id 5 already; it is left out"}) {
         CHECK(contains(said, line));
     }
     CHECK(zof_ctrl_get_form_id(1, 2) == nullptr);
     CHECK(at(4)->parent == zof_view_list_get(1));
     CHECK(at(5)->attr->ctrl_type == ZOF_CTRL_LABEL);
     CHECK(lv_obj_get_parent(at(6)->obj) == at(5)->obj);
+    CHECK(zof_mbox_s_open(at(5)) == -1);                                // another type's
     CHECK(zof_ctrl_create(lv_scr_act(), at(5), at(5)->attr, 30) == -1); // above the table of types
 }
 

@@ -177,18 +177,6 @@ TEST_CASE("every event of every call may delete its control or show another view
     CHECK(memory() == before);
 }
 
-TEST_CASE("a tile view whose shown tile was deleted reports none") {
-    view_project_t project;
-    project_up(project);
-    view_renew();
-    u32 row = 9, col = 9;
-    zof_tileview_set_tile_id(find(TILES), 0, 1, 0);
-    CHECK(zof_tileview_get_tile_id(find(TILES), &row, &col) == 0);
-    CHECK(col == 1);
-    CHECK(zof_ctrl_delete(find(TILE_B)) == 0);
-    CHECK(zof_tileview_get_tile_id(find(TILES), &row, &col) == -1);
-}
-
 static std::mt19937 dice;
 static u32 depth;
 

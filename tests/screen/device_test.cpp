@@ -141,7 +141,8 @@ TEST_CASE("beeper: a tone of 2000 Hz lasts 400 ms longer than requested") {
 static std::string sounds; // requests to the sound driver
 static const zof_drv_audio_ops_t sound_driver = {
     .set_src = [](const char *path) -> s32 {
-        sounds += std::filesystem::path(path).stem();
+        const std::filesystem::path at = path;
+        sounds += " " + (at.parent_path().filename() / at.stem()).string();
         return 0;
     },
 };
@@ -155,12 +156,12 @@ TEST_CASE("tones: flags choose which touches sound, and a series of sound files 
     zof_prj_tone_t tone = {.type = 1, .time = 50, .sound = name, .volum = 0};
     CHECK(zof_hmi_tone_set(zof_hmi_tone_set(&tone)) != nullptr); // its own record again
     screen_click(100, 50);
-    CHECK(taken(sounds) == "a");
+    CHECK(taken(sounds) == " sound/a");
     zof_hmi_tone_mult_on(3, 100, 50);
     screen_step(300);
-    CHECK(taken(sounds) == "aa");
+    CHECK(taken(sounds) == " sound/a sound/a");
     screen_step(1000);
-    CHECK(taken(sounds) == "a");
+    CHECK(taken(sounds) == " sound/a");
     zof_hmi_tone_mult_on(0, 0, 0);
     CHECK(zof_audio_set_volum(5) + zof_audio_get_state() == -1); // it has neither volume nor state
 }

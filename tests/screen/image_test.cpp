@@ -139,6 +139,8 @@ TEST_CASE("tile views show and report the requested tile") {
     CHECK(zof_tileview_set_tile_id(at(1), 5, 5, 0) == 0); // no such tile: no change
     CHECK(screen_pixel(50, 50) == GREEN);
     CHECK(zof_tileview_get_tile_id(at(4), &row, &col) == -1);
+    zof_ctrl_delete(at(3)); // the shown one
+    CHECK(zof_tileview_get_tile_id(at(1), &row, &col) == -1);
 }
 
 TEST_CASE("an endless view of two tiles can be swiped up and down forever") {

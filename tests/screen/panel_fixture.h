@@ -20,11 +20,8 @@ inline s32 panel_send(zof_drv_t *, const u8 *data, u32 size) {
 
 // Starts the panel as its program does, but on the test's clock and with its own line.
 inline void panel_open() {
-    static const zof_clock_t clock = {[] { return screen_now; }, [](u32 ms) { screen_now += ms; }};
-    zof_clock_set(&clock);
-    setenv("SDL_VIDEODRIVER", "offscreen", 0);
     REQUIRE(chdir(ZOF_PANEL_DIR) == 0);
-    lv_init();
+    screen_init();
     zof_drv_init();
     zof_func_pwon();
     zof_lang_on_change(panel_lang_changed);

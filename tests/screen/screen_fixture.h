@@ -45,12 +45,18 @@ inline u32 screen_now; // milliseconds of the test's clock
     return out;
 }
 
-// Opens the window and the drivers of display and touch. With a project (zof_prj_obj_create) its size is used.
-inline void screen_open(s32 width, s32 height) {
+// Starts LVGL on the test's clock, with a window and sounds that are nowhere.
+inline void screen_init() {
     static const zof_clock_t clock = {[] { return screen_now; }, [](u32 ms) { screen_now += ms; }};
     zof_clock_set(&clock);
     setenv("SDL_VIDEODRIVER", "offscreen", 0);
+    setenv("SDL_AUDIODRIVER", "dummy", 0);
     lv_init();
+}
+
+// Opens the window and the drivers of display and touch. With a project (zof_prj_obj_create) its size is used.
+inline void screen_open(s32 width, s32 height) {
+    screen_init();
     zof_loop_init();
     SDL_HOR_RES = width;
     SDL_VER_RES = height;

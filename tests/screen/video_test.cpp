@@ -255,7 +255,8 @@ TEST_CASE("a video control plays the project's clips in its box, and is deleted 
     project.view(2, {ctrl(ZOF_CTRL_LABEL, 1)});
     project.view(1,
                  {ctrl(ZOF_CTRL_OBJ, 9, "", box(0, 0, 320, 240), filled(0x406060)),
-                  ctrl(ZOF_CTRL_VIDEO, 1, R"("volume": 99, "play_en": true)", box(20, 30, 120, 80) + R"(, "pub": 1)")});
+                  ctrl(ZOF_CTRL_VIDEO, 1, R"("volume": 99, "play_en": true)", box(20, 30, 120, 80) + R"(, "pub": 1)"),
+                  ctrl(ZOF_CTRL_VIDEO, 2, "", R"("parent_id": 9)")});
     project.open(320, 240);
     zof_ffmpeg_init();
     win_video_init();
@@ -275,23 +276,11 @@ TEST_CASE("a video control plays the project's clips in its box, and is deleted 
     CHECK(zof_video_get_state(at(1)) == ZOF_MEDIA_PLAY);
     CHECK(zof_ctrl_delete(at(1)) == 0); // no effect: the object is the driver's
     CHECK(at(1)->obj != nullptr);
+    para_t *inner = at(2);
+    CHECK(zof_ctrl_del(1, 2) == 0);
+    CHECK(zof_ctrl_get_child_sum(at(9)) == 1);
+    zof_ctrl_obj_del(inner); // with the record
+    CHECK(zof_ctrl_get_child_sum(at(9)) == 0);
     zof_view_set_dis_view(2);
     screen_step(200);
-}
-
-TEST_CASE("a video is deleted with its record, within a container too") {
-    view_project_t project(
-        {ctrl(ZOF_CTRL_OBJ, 1), ctrl(ZOF_CTRL_VIDEO, 2, "", R"("parent_id": 1)"), ctrl(ZOF_CTRL_LABEL, 3)});
-    zof_ffmpeg_init();
-    win_video_init();
-    CHECK(zof_ctrl_show(1, 3) != nullptr);
-    zof_view_list_get(1)->ctrl_ready = 0; // the first time there was no driver
-    zof_ctrl_list_create(zof_view_list_get(1));
-    para_t *video = at(2);
-    CHECK(zof_ctrl_del(1, 2) == 0);
-    CHECK(zof_ctrl_get_child_sum(at(1)) == 1); // the object is the driver's
-    zof_ctrl_obj_del(video);
-    CHECK(zof_ctrl_get_child_sum(at(1)) == 0);
-    CHECK(zof_ctrl_delete(at(1)) == 0);
-    screen_step(100);
 }

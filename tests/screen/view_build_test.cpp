@@ -49,16 +49,6 @@ TEST_CASE("a control that is deleted during its own creation is gone, and nothin
     ctrl_funs.clear();
 }
 
-TEST_CASE("a duplicate control id is reported with both places, and so are missing views") {
-    view_project_t project;
-    const std::string said = project.show({ctrl(ZOF_CTRL_LABEL, 1, R"("txt": "first")"), ctrl(ZOF_CTRL_OBJ, 2),
-                                           ctrl(ZOF_CTRL_LABEL, 1, R"("txt": "second")")});
-    CHECK(contains(said, "v1.g: controls[2]: controls[0] has the id 1 already; it is left out"));
-    CHECK(std::string(zof_label_get_text(at(1))) == "first");
-    CHECK(contains(printed([] { CHECK(zof_view_set_dis_view(6) == -1); }), "view 6"));
-    CHECK(zof_mbox_s_open(at(1)) == -1);
-}
-
 // Milliseconds to load a view of `count` controls, each within the previous one.
 static s64 chain_time(u32 view, u32 count, std::string *said) {
     const auto start = std::chrono::steady_clock::now();

@@ -220,17 +220,3 @@ TEST_CASE("invalid names and broken files fail silently or with a message, in th
     zof_drv_audio_set_one_replay(0);
     CHECK(eventually([] { return zof_drv_audio_get_state() == ZOF_MEDIA_STOP; }));
 }
-
-TEST_CASE("the tone of a touch is a sound file if the project says so") {
-    sound_room_t room;
-    REQUIRE(room.open());
-    const std::string data = noise(3000);
-    room.write("sound/click.wav", wav(data, 1, 16));
-    char name[] = "click.wav";
-    zof_prj_tone_t tone = {.type = 1, .time = 50, .sound = name};
-    REQUIRE(zof_hmi_tone_set(&tone));
-    zof_hmi_tone_on(50);
-    REQUIRE(eventually([&] { return room.heard().size() >= data.size(); }));
-    CHECK((room.heard() == data));
-    zof_drv_audio_set_state(ZOF_MEDIA_STOP);
-}
