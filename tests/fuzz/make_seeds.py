@@ -66,11 +66,11 @@ def hosts():
     words = [row.code for row in ROWS.values()] + [
         b"\x5A\xA5", b"\x5A\xA5\x80", bytes([READ]), bytes([WRITE]), b"blue.png\0", b"red.png\0", b"#hello\0", b"de\0",
         b"\0\x01\0\x05", b"\xff\xff", b"\x7f\xff", b"\x80\0"]
-    dice = random.Random(1)  # a command of hmi_rows: row, control, 1 for a read, a choice for each field
-    rows = {name: b"".join(bytes([number & 255, number >> 8, control, step == 0]) + dice.randbytes(12)
+    dice = random.Random(1)  # a command of hmi_panel: row, control, 1 for a read, a choice for each field
+    rows = {f"{name}_row": b"\1" + b"".join(bytes([number & 255, number >> 8, control, step == 0]) + dice.randbytes(12)
                            for control in range(38) for step in range(5)) for number, name in enumerate(ROWS)}
-    seeds("hmi_rows", rows, [])
-    seeds("hmi_panel", panel | {"walk": walk}, words)
+    messages = {name: b"\0" + made for name, made in (panel | {"walk": walk}).items()}
+    seeds("hmi_panel", messages | rows, words)
     seeds("hmi_frames", frames, words)
 
 
@@ -200,10 +200,11 @@ if __name__ == "__main__":
     firmware()
     scripts()
     project_files()
-    seeds("binfont", {f"bpp_{bpp}": font(bpp) for bpp in (1, 2, 3, 4, 8)} | {"count": font(8, count=900)},
-          [b"\xff\xff", b"\xff\xff\xff\xff", b"\0\0\0\x80", b"\x08\x14\xfc", b"a\0", b"\x2d\x4e"])
+    fonts = {f"bpp_{bpp}": b"\0" + font(bpp) for bpp in (1, 2, 3, 4, 8)} | {"count": b"\0" + font(8, count=900)}
     with tempfile.TemporaryDirectory() as scratch:
         media(pathlib.Path(scratch))
         costly_fonts(pathlib.Path(scratch) / "fonts")
-        seeds("truetype", {name: b"\1" + (pathlib.Path(scratch) / "fonts" / f"{name}.ttf").read_bytes()
-                           for name in ["good", "deep", "huge"]}, [b"glyf", b"loca", b"maxp", b"cmap", b"hmtx", b"head"])
+        fonts |= {name: b"\2" + (pathlib.Path(scratch) / "fonts" / f"{name}.ttf").read_bytes()
+                  for name in ["good", "deep", "huge"]}
+    seeds("fonts", fonts, [b"glyf", b"loca", b"maxp", b"cmap", b"hmtx", b"head", b"\xff\xff", b"\xff\xff\xff\xff",
+                           b"\0\0\0\x80", b"\x08\x14\xfc", b"a\0", b"\x2d\x4e"])

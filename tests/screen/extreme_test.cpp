@@ -1,7 +1,6 @@
 // Every number of every control at the ends of its range: whatever a file contains, the view is drawn, pressed and
 // left.
 #include "view_project.h"
-#include "zof.h"
 
 #include "project/read/zof_j2s.h"
 

@@ -16,30 +16,26 @@ static void flags_up(view_project_t &project) {
 TEST_CASE("an image is shown at its size, once in the middle, or all over its box") {
     view_project_t project;
     flags_up(project);
+    project.image("RED.PNG", 20, 20, RED); // the suffix counts in any case
+    project.image("Green.Png", 320, 240, GREEN);
+    project.shown_keys = R"("bg_image": "Green.Png")";
     project.show({ctrl(ZOF_CTRL_IMG, 1, R"("init_img": "#flag", "img_mode_e": 0)", box(0, 0, 60, 60)),
                   ctrl(ZOF_CTRL_IMG, 2, R"("init_img": "#flag", "img_mode_e": 1)", box(100, 0, 60, 60)),
                   ctrl(ZOF_CTRL_IMG, 3, R"("init_img": "#flag", "img_mode_e": 2)", box(200, 0, 60, 60)),
                   ctrl(ZOF_CTRL_IMG, 4, R"("init_img": "#flag", "img_mode_e": 1)", box(0, 100, 13, 31)),
-                  ctrl(ZOF_CTRL_IMG, 6, R"("init_img": "red.png", "init_angel": -900)", box(0, 200, 20, 20))});
-    screen_check({{10, 10, RED}, {30, 10, 0}, {110, 10, 0}, {120, 20, RED}, {139, 39, RED}});
-    screen_check({{141, 30, 0}, {201, 1, RED}, {259, 59, RED}, {12, 105, RED}, {13, 105, 0}, {5, 104, 0}, {5, 125, 0}});
+                  ctrl(ZOF_CTRL_IMG, 6, R"("init_img": "red.png", "init_angel": -900)", box(0, 200, 20, 20)),
+                  ctrl(ZOF_CTRL_IMG, 8, R"("init_img": "RED.PNG", "img_mode_e": 0)", box(60, 200, 20, 20)),
+                  ctrl(ZOF_CTRL_IMGBTN, 7, R"("img_rel": "RED.PNG")", box(100, 200, 20, 20))});
+    const u32 NONE = GREEN; // the background
+    screen_check({{10, 10, RED}, {30, 10, NONE}, {110, 10, NONE}, {120, 20, RED}, {139, 39, RED}, {141, 30, NONE}});
+    screen_check({{201, 1, RED}, {259, 59, RED}, {12, 105, RED}, {13, 105, NONE}, {5, 104, NONE}, {5, 125, NONE}});
+    screen_check({{70, 210, RED}, {110, 210, RED}});
     CHECK(lv_img_get_angle(at(6)->obj) == 2700);
 
     CHECK(zof_lang_set("de") == 0);
-    screen_check({{10, 10, BLUE}, {130, 30, BLUE}, {110, 10, 0}});
+    screen_check({{10, 10, BLUE}, {130, 30, BLUE}, {110, 10, NONE}});
     CHECK(zof_img_set_src(at(1), "\x05:x") == 0); // would be read as a picture in memory
-    CHECK(screen_pixel(10, 10) == 0);
-}
-
-// The suffix of the name decides, for PNG and LVGL's own formats alike.
-TEST_CASE("a picture is drawn whatever the case of its suffix") {
-    view_project_t project;
-    project.image("RED.PNG", 20, 20, RED);
-    project.image("Green.Png", 320, 240, GREEN);
-    project.shown_keys = R"("bg_image": "Green.Png")";
-    project.show({ctrl(ZOF_CTRL_IMG, 1, R"("init_img": "RED.PNG", "img_mode_e": 0)", box(0, 0, 20, 20)),
-                  ctrl(ZOF_CTRL_IMGBTN, 2, R"("img_rel": "RED.PNG")", box(100, 100, 20, 20))});
-    screen_check({{10, 10, RED}, {110, 110, RED}, {200, 10, GREEN}});
+    CHECK(screen_pixel(10, 10) == NONE);
 }
 
 // Returns the number of allocations while the size of a picture is determined.

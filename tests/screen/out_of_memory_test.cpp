@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include "every_control.h"
-#include "zof.h"
 
 enum { NO_PROJECT = 42 };
 

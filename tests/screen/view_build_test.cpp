@@ -2,7 +2,6 @@
 #include <chrono>
 
 #include "view_project.h"
-#include "zof.h"
 
 static std::string tile(u32 id) {
     return ctrl(ZOF_CTRL_TILE, id, R"("dir": 15)", R"("parent_id": 1)");

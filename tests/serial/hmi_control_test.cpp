@@ -1,8 +1,6 @@
 // Every row of the control commands, through the line, against a project that has the control; checked by the control
 // itself and by the picture. Acknowledgements of these writes stay in the panel and are checked there. A new row of a
 // command table needs a line in `writes` or `reads`: the test says which.
-#include "zof_test.h"
-
 #include <algorithm>
 
 #include "drv/zof_drv_video.h"

@@ -1,7 +1,5 @@
 // The host protocol over a real pseudo-terminal, with its receive thread on one side and the graphics loop on the
 // other.
-#include "zof_test.h"
-
 #include <atomic>
 #include <string>
 

@@ -9,6 +9,7 @@
 
 #include "eventually.h"
 #include "wire.h"
+#include "zof_test.h"
 
 struct serial_pty {
     wire line;

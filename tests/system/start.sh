@@ -24,9 +24,12 @@ project '{"views": [}'
 ends 1 "$build/panel/zof_bench"
 says "zofprj.g:1:12: parse error"
 [ "$(grep -c "parse error" "$work/out.log")" -eq 1 ] || fail "a fault of the project file is printed twice:"
-ends 0 "$build/panel/zof_bench" --help
-says "usage: "
+for word in -h --help; do
+    ends 0 "$build/panel/zof_bench" $word
+    for part in "usage: $build/panel/zof_bench" --version "ZOF_COM<P>" ZOF_SCRIPT; do says "$part"; done
+done
 ends 0 "$build/panel/zof_bench" --version
+says 1.4.12-251024090648
 
 project '{"version": "1"}'
 ends 0 "$build/panel/zof_bench" x y

@@ -104,20 +104,17 @@ TEST_CASE("glyphs are read once, and again when the file changes") {
     screen_now++;
     CHECK(advance_of(f, 'e') == 19);
     // A change is noticed in the next millisecond: a new depth, a removed file, a broken one, and a good one again.
-    f.project.write("font/t.bin", font_bytes(letters, 4, 4));
-    screen_now++;
-    CHECK(advance_of(f, 'e') == 9);
-    CHECK(((zof_binfont_t *)f.font.user_data)->header.bpp == 4);
-    std::filesystem::remove(f.path);
-    screen_now++;
-    CHECK(advance_of(f, 'e') == -1);
-    CHECK(!zof_font_get_bitmap(&f.font, 'e'));
-    f.project.write("font/t.bin", "short");
-    screen_now++;
-    CHECK(advance_of(f, 'e') == -1);
-    f.project.write("font/t.bin", font_bytes(wider, 8, 4));
-    screen_now++;
-    CHECK(advance_of(f, 'e') == 19);
+    for (const auto &[bytes, advance] : {std::pair{font_bytes(letters, 4, 4), 9},
+                                         {std::string(), -1},
+                                         {std::string("short"), -1},
+                                         {font_bytes(wider, 8, 4), 19}}) {
+        CAPTURE(bytes.size());
+        bytes.empty() ? (void)std::filesystem::remove(f.path) : f.project.write("font/t.bin", bytes);
+        screen_now++;
+        CHECK(advance_of(f, 'e') == advance);
+        CHECK((zof_font_get_bitmap(&f.font, 'e') != nullptr) == (advance > 0));
+    }
+    CHECK(((zof_binfont_t *)f.font.user_data)->header.bpp == 8);
 }
 
 TEST_CASE("a font with more glyphs than the cache holds draws each one, in bounded memory") {

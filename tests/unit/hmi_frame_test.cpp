@@ -1,6 +1,5 @@
 // Frames of the host protocol without a line: sent frames byte for byte, received frames at every split, and irregular
 // rules that must stay, because hosts in the field rely on them.
-#include "zof_test.h"
 
 #include <string.h>
 

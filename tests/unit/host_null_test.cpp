@@ -6,7 +6,6 @@
 #include "port/zof_host.h"
 #include "port/zof_port.h"
 #include "view_project.h"
-#include "zof_test.h"
 
 TEST_CASE("on the null host a project is loaded, shown and changed, and there are no serial lines") {
     REQUIRE(std::string(zof_system_get_name()) == "null");

@@ -1,7 +1,6 @@
 // Languages: looking texts up, changing them, and writing them back.
 #include "port/zof_host.h"
 #include "temp_project.h"
-#include "zof_test.h"
 
 static const char *two = R"({"hello": "Hello", "Bye": "Good bye", "number": 5, "": "empty key"})";
 

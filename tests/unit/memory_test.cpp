@@ -1,6 +1,5 @@
 // The two allocator families, their counters, and the log.
 #include "temp_project.h"
-#include "zof_test.h"
 
 #include <algorithm>
 #include <cstring>

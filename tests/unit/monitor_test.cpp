@@ -2,7 +2,6 @@
 #include "decode.h"
 #include "host_frame.h"
 #include "temp_project.h"
-#include "zof_test.h"
 
 // Returns the description of a stream, one line per piece.
 static std::string said(const bytes &data, bool from_host, bool crc = false, size_t cut_at = 0) {

@@ -2,7 +2,6 @@
 #include <sys/stat.h>
 
 #include "temp_project.h"
-#include "zof_test.h"
 
 namespace fs = std::filesystem;
 

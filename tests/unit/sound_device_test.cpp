@@ -8,7 +8,6 @@
 #include "eventually.h"
 #include "port/zof_port.h"
 #include "temp_project.h"
-#include "zof_test.h"
 
 // A device that cannot be opened while it is open.
 static struct {

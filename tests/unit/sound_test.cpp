@@ -7,7 +7,6 @@
 #include "media.h"
 #include "port/zof_port.h"
 #include "temp_project.h"
-#include "zof_test.h"
 
 struct sound_room_t : temp_project_t {
     std::string heard_file = top + "/heard";

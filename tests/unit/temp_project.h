@@ -17,7 +17,7 @@
 #include <string>
 #include <vector>
 
-#include "zof.h"
+#include "zof_test.h"
 
 inline std::string file_text(const std::string &path) {
     std::ifstream in(path, std::ios::binary);

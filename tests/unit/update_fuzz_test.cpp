@@ -10,7 +10,6 @@
 
 #include "port/zof_host.h"
 #include "temp_project.h"
-#include "zof_test.h"
 
 namespace fs = std::filesystem;
 

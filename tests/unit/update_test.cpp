@@ -7,7 +7,6 @@
 #include "eventually.h"
 #include "port/zof_host.h"
 #include "temp_project.h"
-#include "zof_test.h"
 
 namespace fs = std::filesystem;
 using tree_t = std::map<std::string, std::string>; // files by path, links as "-> target"

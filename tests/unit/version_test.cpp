@@ -1,6 +1,5 @@
 // The work path and the versions in the project file.
 #include "temp_project.h"
-#include "zof_test.h"
 
 namespace fs = std::filesystem;
 

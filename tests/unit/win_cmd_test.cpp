@@ -1,6 +1,5 @@
-// The command line: the build call that writes the build time into the project file; help and version.
+// The command line: the build call that writes the build time into the project file.
 #include "temp_project.h"
-#include "zof_test.h"
 
 TEST_CASE("the build call replaces the build time, keeps all other keys in order, and never creates a file") {
     temp_project_t project;
@@ -34,20 +33,4 @@ TEST_CASE("the build call replaces the build time, keeps all other keys in order
     std::filesystem::remove(file);
     CHECK(call(word, "-tnow", 3) == 0);
     CHECK(!std::filesystem::exists(file));
-}
-
-TEST_CASE("--help and --version print and exit") {
-    char program[] = "zof_bench";
-    const auto ask = [&](std::string word, s32 want) {
-        char *words[] = {program, word.data()};
-        return printed([&] { CHECK(zof_win_cmd(2, words) == want); });
-    };
-    for (const char *word : {"-h", "--help"}) {
-        const std::string help = ask(word, 0);
-        for (const char *part : {"usage: zof_bench", "--version", "ZOF_COM<P>", "ZOF_SCRIPT"}) {
-            CHECK(contains(help, part));
-        }
-    }
-    CHECK(ask("--version", 0) == "1.4.12-251024090648\n");
-    CHECK(ask("other", -1).empty());
 }
