@@ -19,7 +19,9 @@ TEST_CASE("on the null host a project is loaded, shown and changed, and there ar
     zof_clock_set(nullptr);
     win_uart_init();
     zof_uart_cfg_t cfg = {.win_port = 44};
+    zof_uart_info_t info;
     CHECK(contains(printed([&] { CHECK(zof_drv_uart_open(&cfg) == nullptr); }), "no serial lines"));
+    CHECK((zof_drv_uart_list(&info, 1) == 0 && zof_drv_uart_info_get(nullptr, &info) == -1));
 }
 
 TEST_CASE("files of the null host keep to the contracts of the others") {

@@ -8,6 +8,7 @@
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
+#include "port/host_linux_line.h"
 #include "port/zof_host.h"
 
 u32 zof_host_file_kind(const char *path) {
@@ -97,22 +98,31 @@ zof_bool zof_host_process_runs(u32 id) {
 }
 
 // The kernel's table names the process that holds each lock: "1: FLOCK ADVISORY WRITE 4711 08:01:131 0 EOF".
-static void holder_find(int fd, char *holder, size_t size) {
-    struct stat st;
-    FILE *locks = fstat(fd, &st) == 0 ? fopen("/proc/locks", "re") : nullptr;
+u32 host_lock_holder(const struct stat *file) {
+    FILE *locks = fopen("/proc/locks", "re");
     char line[160];
-    unsigned process = 0;
-    snprintf(holder, size, "another program");
+    unsigned holder = 0;
     while (locks && fgets(line, sizeof(line), locks)) {
-        unsigned major, minor;
+        unsigned process, major, minor;
         unsigned long inode;
         if (sscanf(line, "%*s FLOCK %*s %*s %u %x:%x:%lu", &process, &major, &minor, &inode) == 4 &&
-            inode == st.st_ino && makedev(major, minor) == st.st_dev) {
-            snprintf(holder, size, "process %u", process);
+            inode == file->st_ino && makedev(major, minor) == file->st_dev) {
+            holder = process;
         }
     }
     if (locks) {
         fclose(locks);
+    }
+    return holder;
+}
+
+static void holder_find(int fd, char *holder, size_t size) {
+    struct stat st;
+    const u32 process = fstat(fd, &st) == 0 ? host_lock_holder(&st) : 0;
+    if (process) {
+        snprintf(holder, size, "process %u", process);
+    } else {
+        snprintf(holder, size, "another program");
     }
 }
 

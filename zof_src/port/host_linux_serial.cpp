@@ -1,7 +1,7 @@
 // Linux serial lines over termios2, so that any rate can be set, not only those with a constant. The reader thread
-// looks for a device that is missing, at the start or later. One lock guards the descriptor. The reader takes it only
-// to swap the descriptor, never while it opens or closes one, because senders wait for it while they hold the graphics
-// lock.
+// looks for a device that cannot be opened, at the start or later. One lock guards the descriptor and what is known of
+// the port. The reader takes it only to swap them, never while it opens or closes a device, because senders wait for it
+// while they hold the graphics lock.
 #include <asm/termbits.h>
 #include <errno.h>
 #include <fcntl.h>
@@ -27,97 +27,29 @@ enum { RETRY_MS = 100, MISSING_RETRY_MS = 1000, SEND_WAIT_MS = 50, CHOKED_MS = 1
 enum { BITS_PER_BYTE = 12 }; // start, data, parity, two stop bits
 
 struct host_serial {
-    zof_drv_t drv;          // first: the handle
-    std::mutex lock;        // guards fd, line, choked and patience
-    std::atomic<int> users; // the owner, and each thread inside receive; the last one releases it
-    int fd;                 // -1 while the device is missing
-    int wake;               // readable once the line is closed
-    s32 port;               // its number, for messages
-    bool seen;              // the device has been open; reader thread, after the start
-    bool choked;            // the peer does not read: no waiting until it does
-    u64 patience;           // and not before this time
+    zof_drv_t drv;   // first: the handle
+    std::mutex lock; // guards all up to `next`
+    int fd;          // -1 while the device is not open; changed by the reader only
+    bool choked;     // the peer does not read: no waiting until it does
+    u64 patience;    // and not before this time
     zof_host_line_t line;
-    struct stat name; // what was at `path` when it was last opened: a link, or the device
-    char path[256];
+    zof_uart_info_t info; // all but `bytes`
+    bool moved, closed;   // `next` is the path to use from now on; the owner has closed the line
+    char next[sizeof(zof_uart_info_t::path)];
+    std::atomic<int> users; // the owner, and each thread inside receive; the last one releases it
+    int wake;               // readable when `moved` or `closed` was set
+    s32 port;               // its number, for messages
+    bool seen;              // the device has been open under this path; reader thread, after the start
+    host_trace_t trace;     // likewise
 };
 
-u32 host_line_cflag(const zof_host_line_t *line) {
-    u32 flag = CREAD | CLOCAL | BOTHER | (BOTHER << IBSHIFT);
-    flag |= line->data_bits == 7 ? CS7 : CS8;
-    flag |= line->stop_bits == 2 ? (u32)CSTOPB : 0;
-    flag |= line->parity ? (u32)PARENB : 0;
-    flag |= line->parity == 1 ? (u32)PARODD : 0;
-    return flag;
-}
-
-static bool port_path(s32 port, char *out, size_t size) {
+static bool port_path(s32 port, const char *path, char *out, size_t size) {
     char name[32];
     snprintf(name, sizeof(name), "ZOF_COM%d", port);
     const char *given = getenv(name);
-    const int need = given && *given ? snprintf(out, size, "%s", given) : snprintf(out, size, "/dev/ttyS%d", port - 1);
-    return need > 0 && (size_t)need < size;
-}
-
-// A pseudo-terminal supports only 8N1 and silently drops the other bits, so a difference is not a failure.
-static bool line_apply(int fd, const zof_host_line_t *line) {
-    struct termios2 t;
-    if (ioctl(fd, TCGETS2, &t) != 0) {
-        return false;
-    }
-    t.c_iflag = line->parity ? (u32)INPCK : 0;
-    t.c_oflag = 0;
-    t.c_lflag = 0;
-    t.c_cflag = host_line_cflag(line);
-    t.c_ispeed = t.c_ospeed = line->baud;
-    t.c_cc[VMIN] = 1;
-    t.c_cc[VTIME] = 0;
-    return ioctl(fd, TCSETS2, &t) == 0;
-}
-
-// Opens, locks and sets up the device. Returns -1 with the reason in `why`; `lasting` is then true if this is not a
-// serial line.
-static int device_open(const char *path, const zof_host_line_t *line, const char **why, bool *lasting) {
-    *lasting = false;
-    const int fd = open(path, O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
-    if (fd < 0) {
-        *why = errno == EACCES ? "no permission; is this user in the group that owns it (often dialout)?"
-                               : zof_file_error();
-        return -1;
-    }
-    if (flock(fd, LOCK_EX | LOCK_NB) != 0) {
-        *why = "another program has it";
-    } else if (!line_apply(fd, line)) {
-        *lasting = errno == ENOTTY;
-        *why = *lasting ? "it is not a serial line" : zof_file_error();
-    } else {
-        // No TIOCEXCL: a pseudo-terminal that its peer keeps open would stay locked after this process has ended.
-        ioctl(fd, TCFLSH, TCIOFLUSH);
-        return fd;
-    }
-    close(fd);
-    return -1;
-}
-
-static void name_keep(host_serial *s) {
-    if (lstat(s->path, &s->name) != 0) {
-        s->name = {};
-    }
-}
-
-// The number of a pseudo-terminal that has ended is reused for the next one, perhaps somebody's shell. So it is opened
-// again only through a link that was created since.
-static bool may_reopen(const host_serial *s) {
-    char *real = realpath(s->path, nullptr);
-    const bool pseudo = real && strncmp(real, "/dev/pts/", 9) == 0;
-    free(real);
-    struct stat now;
-    if (!pseudo || lstat(s->path, &now) != 0) {
-        return true; // a real device, or nothing to open
-    }
-    const timespec &then = s->name.st_ctim;
-    const bool same = now.st_ino == s->name.st_ino && now.st_dev == s->name.st_dev &&
-                      now.st_ctim.tv_sec == then.tv_sec && now.st_ctim.tv_nsec == then.tv_nsec;
-    return S_ISLNK(now.st_mode) && !same;
+    const char *chosen = path ? path : given && *given ? given : nullptr;
+    const int need = chosen ? snprintf(out, size, "%s", chosen) : snprintf(out, size, "/dev/ttyS%d", port - 1);
+    return need >= 0 && (size_t)need < size;
 }
 
 static void line_release(host_serial *s) {
@@ -133,29 +65,75 @@ static void line_release(host_serial *s) {
     delete s;
 }
 
-static void opened_log(const host_serial *s) {
-    zof_printf("serial port %d: %s at %u baud, %u%c%u", s->port, s->path, s->line.baud, s->line.data_bits,
-               "NOE"[s->line.parity], s -> line.stop_bits);
+// Logs what has become of a port.
+static void state_log(const host_serial *s, const zof_uart_info_t *now, const zof_host_line_t *line) {
+    char text[128];
+    if (now->state == UART_STATE_OPEN && s->seen) {
+        zof_printf("serial line %s: the device is back", now->path);
+    } else if (now->state == UART_STATE_OPEN) {
+        zof_printf("serial port %d: %s at %u baud, %u%c%u", s->port, now->path, line->baud, line->data_bits,
+                   "NOE"[line->parity], line -> stop_bits);
+    } else if (now->state == UART_STATE_GONE) {
+        zof_printf("serial line %s: the device is gone; waiting for it", now->path);
+    } else if (now->state != UART_STATE_NOT_SOUGHT) {
+        zof_printf("serial port %d: cannot open %s: %s%s", s->port, now->path,
+                   zof_drv_uart_state_text(now, text, sizeof(text)), s->trace.foreign ? "" : "; looking for it");
+    }
 }
 
-// Waits for a device that is missing or busy, but not for a file that is not a serial line.
-static bool first_open(host_serial *s) {
-    const char *why = "its name is too long";
-    bool lasting = true;
-    if (port_path(s->port, s->path, sizeof(s->path))) {
-        s->fd = device_open(s->path, &s->line, &why, &lasting);
+// Replaces the descriptor and what is known of the port, also its path. Returns the descriptor that was replaced, for
+// the caller to close.
+static int state_swap(host_serial *s, int fd, const zof_uart_info_t *found) {
+    zof_uart_info_t now = *found;
+    zof_host_line_t line;
+    int gone;
+    {
+        std::lock_guard guard(s->lock);
+        now.changes = s->info.changes + 1;
+        now.opened = s->info.opened + (fd >= 0 ? 1 : 0);
+        s->info = now;
+        gone = s->fd;
+        s->fd = fd;
+        s->choked = false;
+        s->patience = 0;
+        line = s->line;
+        if (fd >= 0) {
+            host_line_apply(fd, &line); // it may have changed since the device was opened
+        }
     }
-    name_keep(s);
-    if (s->fd >= 0) {
-        s->seen = true;
-        opened_log(s);
-        return true;
-    }
-    zof_printf("serial port %d: cannot open %s: %s%s", s->port, s->path, why, lasting ? "" : "; looking for it");
-    return !lasting;
+    state_log(s, &now, &line);
+    return gone;
 }
 
-zof_drv_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
+static zof_host_line_t line_now(host_serial *s) {
+    std::lock_guard guard(s->lock);
+    return s->line;
+}
+
+// Returns true if a look has found nothing new.
+static bool same_state(const zof_uart_info_t *a, const zof_uart_info_t *b) {
+    return a->state == b->state && a->holder_id == b->holder_id && strcmp(a->holder, b->holder) == 0 &&
+           strcmp(a->group, b->group) == 0 && strcmp(a->error, b->error) == 0;
+}
+
+// Looks for the device and opens it. Returns true if the state of the port has changed.
+static bool device_look(host_serial *s) {
+    zof_uart_info_t found = {};
+    memcpy(found.path, s->info.path, sizeof(found.path));
+    const zof_host_line_t line = line_now(s);
+    const int fd = *s->info.path ? host_line_look(s->info.path, &line, &s->trace, &found) : -1;
+    if (found.state == UART_STATE_MISSING && s->seen) {
+        found.state = UART_STATE_GONE;
+    }
+    if (fd < 0 && same_state(&s->info, &found)) {
+        return false;
+    }
+    state_swap(s, fd, &found);
+    s->seen = s->seen || fd >= 0;
+    return true;
+}
+
+zof_drv_t *zof_host_serial_open(s32 port, const char *path, const zof_host_line_t *line) {
     auto *s = new (std::nothrow) host_serial{};
     if (!s) {
         return nullptr;
@@ -164,14 +142,14 @@ zof_drv_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
     s->fd = -1;
     s->port = port;
     s->line = *line;
-    s->wake = eventfd(0, EFD_CLOEXEC);
-    if (s->wake < 0) {
-        zof_printf("serial port %d: %s", port, zof_file_error());
-    }
-    if (s->wake < 0 || !first_open(s)) {
+    s->wake = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    const bool fits = port_path(port, path, s->info.path, sizeof(s->info.path));
+    if (s->wake < 0 || !fits) {
+        zof_printf("serial port %d: %s", port, fits ? zof_file_error() : "its path is too long");
         line_release(s);
         return nullptr;
     }
+    device_look(s);
     return &s->drv;
 }
 
@@ -182,9 +160,9 @@ static host_serial *line_of(zof_drv_t *handle) {
 s32 zof_host_serial_set(zof_drv_t *handle, const zof_host_line_t *line) {
     host_serial *s = line_of(handle);
     std::lock_guard guard(s->lock);
-    if (s->fd >= 0 && !line_apply(s->fd, line)) {
-        zof_printf("serial line %s: cannot change it: %s", s->path, zof_file_error());
-        line_apply(s->fd, &s->line);
+    if (s->fd >= 0 && !host_line_apply(s->fd, line)) {
+        zof_printf("serial line %s: cannot change it: %s", s->info.path, zof_file_error());
+        host_line_apply(s->fd, &s->line);
         return -1;
     }
     s->line = *line;
@@ -231,81 +209,77 @@ s32 win_uart_send(zof_drv_t *handle, const u8 *data, u32 size) {
     bool full = false;
     const u32 sent = line_write(s, data, size, patient, &full);
     if (full && patient) {
-        zof_printf("serial line %s: it takes no more bytes; %u of %u are lost", s->path, size - sent, size);
+        zof_printf("serial line %s: it takes no more bytes; %u of %u are lost", s->info.path, size - sent, size);
         s->patience = start + CHOKED_MS;
     }
     s->choked = full;
     return sent == size ? (s32)size : -1;
 }
 
-static bool closing(host_serial *s, int wait_ms) {
+// Sleeps, without limit below 0. Returns early when the line was moved or closed.
+static void nap(host_serial *s, int ms) {
     pollfd p = {s->wake, POLLIN, 0};
-    return poll(&p, 1, wait_ms) > 0;
+    u64 count;
+    if (poll(&p, 1, ms) > 0 && read(s->wake, &count, sizeof(count)) < 0) {
+        return; // somebody else has read it
+    }
 }
 
-static void device_lost(host_serial *s) {
-    int gone;
+// Reader thread. Puts the line to its new path, if it has one.
+static bool path_take(host_serial *s) {
+    zof_uart_info_t next = {};
     {
         std::lock_guard guard(s->lock);
-        gone = s->fd;
-        s->fd = -1;
+        if (!s->moved) {
+            return false;
+        }
+        s->moved = false;
+        memcpy(next.path, s->next, sizeof(next.path));
     }
-    close(gone);
-    zof_printf("serial line %s: the device is gone; waiting for it", s->path);
-}
-
-static zof_host_line_t line_now(host_serial *s) {
-    std::lock_guard guard(s->lock);
-    return s->line;
-}
-
-// Reader thread. Opens the device if it is there.
-static bool device_look(host_serial *s) {
-    const char *why;
-    bool lasting;
-    const zof_host_line_t line = line_now(s);
-    const int fd = may_reopen(s) ? device_open(s->path, &line, &why, &lasting) : -1;
-    if (fd < 0) {
-        return false;
+    if (strcmp(s->info.path, next.path) != 0) {
+        s->trace = {};
+        s->seen = false;
     }
-    name_keep(s);
-    {
-        std::lock_guard guard(s->lock);
-        line_apply(fd, &s->line); // it may have changed meanwhile
-        s->fd = fd;
-        s->choked = false;
-        s->patience = 0;
+    const int gone = state_swap(s, -1, &next);
+    if (gone >= 0) {
+        close(gone);
     }
-    if (s->seen) {
-        zof_printf("serial line %s: the device is back", s->path);
-    } else {
-        opened_log(s);
-    }
-    s->seen = true;
+    device_look(s);
     return true;
 }
 
-// Blocks until the device is there; false when the line is closed meanwhile.
-static bool device_wait(host_serial *s) {
-    while (!closing(s, s->seen ? RETRY_MS : MISSING_RETRY_MS)) {
-        if (device_look(s)) {
-            return true;
-        }
-    }
-    return false;
+static bool is_closed(host_serial *s) {
+    std::lock_guard guard(s->lock);
+    return s->closed;
 }
 
+// Reader thread. Returns when the state of the port has changed, or may have.
+static void device_wait(host_serial *s) {
+    do {
+        const int pause = s->info.state == UART_STATE_GONE ? RETRY_MS : MISSING_RETRY_MS;
+        nap(s, *s->info.path ? pause : -1);
+    } while (!path_take(s) && !is_closed(s) && !device_look(s));
+}
+
+static void device_lost(host_serial *s) {
+    zof_uart_info_t gone = {.state = UART_STATE_GONE};
+    memcpy(gone.path, s->info.path, sizeof(gone.path));
+    memcpy(gone.adapter, s->info.adapter, sizeof(gone.adapter));
+    close(state_swap(s, -1, &gone));
+}
+
+// Changes of the state end it without bytes. Only this thread changes `fd` once the line is open.
 static s32 line_read(host_serial *s, u8 *buffer, u32 size) {
-    for (;;) {
-        if (s->fd < 0 && !device_wait(s)) { // only this thread changes fd once the line is open
-            return 0;
-        }
+    while (s->fd >= 0 && !is_closed(s)) {
         pollfd p[2] = {{s->fd, POLLIN, 0}, {s->wake, POLLIN, 0}};
         if (poll(p, 2, -1) < 0 && errno != EINTR) {
             return 0;
         }
         if (p[1].revents) {
-            return 0;
+            nap(s, 0);
+            if (path_take(s)) {
+                return 0;
+            }
         }
         if (!p[0].revents) {
             continue;
@@ -316,8 +290,13 @@ static s32 line_read(host_serial *s, u8 *buffer, u32 size) {
         }
         if (n == 0 || (errno != EAGAIN && errno != EINTR)) {
             device_lost(s);
+            return 0;
         }
     }
+    if (!is_closed(s)) {
+        device_wait(s);
+    }
+    return 0;
 }
 
 s32 win_uart_receive(zof_drv_t *handle, u8 *buffer, u32 size) {
@@ -328,12 +307,40 @@ s32 win_uart_receive(zof_drv_t *handle, u8 *buffer, u32 size) {
     return n;
 }
 
-s32 win_uart_close(zof_drv_t *handle) {
-    host_serial *s = line_of(handle);
+static void wake(host_serial *s) {
     const u64 one = 1;
     if (write(s->wake, &one, sizeof(one)) != (ssize_t)sizeof(one)) {
-        zof_printf("serial line %s: cannot wake its reader: %s", s->path, zof_file_error());
+        zof_printf("serial port %d: cannot wake its reader: %s", s->port, zof_file_error());
     }
+}
+
+s32 win_uart_close(zof_drv_t *handle) {
+    host_serial *s = line_of(handle);
+    {
+        std::lock_guard guard(s->lock);
+        s->closed = true;
+    }
+    wake(s);
     line_release(s);
+    return 0;
+}
+
+void win_uart_info(zof_drv_t *handle, zof_uart_info_t *out) {
+    host_serial *s = line_of(handle);
+    std::lock_guard guard(s->lock);
+    *out = s->info;
+}
+
+s32 win_uart_path_set(zof_drv_t *handle, const char *path) {
+    host_serial *s = line_of(handle);
+    if (strlen(path) >= sizeof(s->next)) {
+        return -1;
+    }
+    {
+        std::lock_guard guard(s->lock);
+        snprintf(s->next, sizeof(s->next), "%s", path);
+        s->moved = true;
+    }
+    wake(s);
     return 0;
 }

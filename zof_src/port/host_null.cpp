@@ -259,7 +259,8 @@ void zof_host_screen_size(s32 *w, s32 *h) {
     *h = 0;
 }
 
-zof_drv_t *zof_host_serial_open(s32 port, const zof_host_line_t *line) {
+zof_drv_t *zof_host_serial_open(s32 port, const char *path, const zof_host_line_t *line) {
+    (void)path;
     (void)line;
     zof_printf("serial port %d: this host has no serial lines", port);
     return nullptr;
@@ -287,5 +288,22 @@ s32 win_uart_receive(zof_drv_t *handle, u8 *buffer, u32 size) {
 
 s32 win_uart_close(zof_drv_t *handle) {
     (void)handle;
+    return 0;
+}
+
+void win_uart_info(zof_drv_t *handle, zof_uart_info_t *out) {
+    (void)handle;
+    *out = {};
+}
+
+s32 win_uart_path_set(zof_drv_t *handle, const char *path) {
+    (void)handle;
+    (void)path;
+    return -1;
+}
+
+u32 win_uart_list(zof_uart_info_t *out, u32 most) {
+    (void)out;
+    (void)most;
     return 0;
 }

@@ -24,7 +24,7 @@ static bool line_settings(const zof_uart_cfg_t *cfg, zof_host_line_t *line) {
 
 static zof_drv_t *win_uart_open(zof_uart_cfg_t *cfg) {
     zof_host_line_t line;
-    return line_settings(cfg, &line) ? zof_host_serial_open(cfg->port, &line) : nullptr;
+    return line_settings(cfg, &line) ? zof_host_serial_open(cfg->port, cfg->path, &line) : nullptr;
 }
 
 static s32 win_uart_set_cfg(zof_drv_t *handle, const zof_uart_cfg_t *cfg) {
@@ -40,6 +40,9 @@ void win_uart_init(void) {
         .receive = win_uart_receive,
         .reserved = {},
         .close = win_uart_close,
+        .info = win_uart_info,
+        .path_set = win_uart_path_set,
+        .list = win_uart_list,
     };
     drv_uart_t = &ops;
 }

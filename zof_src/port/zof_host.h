@@ -6,6 +6,7 @@
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
 #include "drv/zof_drv_rtc.h"
+#include "drv/zof_drv_uart.h"
 #include "zof_lib/zof_type.h"
 
 ZOF_C_BEGIN
@@ -55,30 +56,33 @@ void *zof_host_library_symbol(void *library, const char *name);
 
 void zof_host_screen_size(s32 *w, s32 *h); // the desktop's size in pixels; 0, 0 when unknown
 
-// Serial line. Port P is the path in the environment variable ZOF_COM<P>, else the system's own name for it; a log line
-// says which path was opened, or which failed and why. An open line is locked against other programs. A device that is
-// missing or busy at the start is tried every second, one that goes away ten times a second; both are logged once.
-// Until it is there, sends return -1 and receive waits. A pseudo-terminal that has ended is never opened again by its
-// number.
+// Serial line. Port P is the path that it is opened with, else the one in the environment variable ZOF_COM<P>, else the
+// system's own name for it. An open line is locked against other programs. A device that cannot be opened is tried
+// every second, one that goes away ten times a second; every change of the state is logged once. Until it is open,
+// sends return -1 and receive waits. A pseudo-terminal that has ended is never opened again by its number, and not by a
+// link that has not changed since. What is not a serial line is not opened again until something else has its name.
 typedef struct {
     u32 baud;     // any rate; the device rounds or refuses what it cannot do
     u8 data_bits; // 7, 8
     u8 parity;    // 0 none, 1 odd, 2 even
     u8 stop_bits; // 1, 2
 } zof_host_line_t;
-// Returns a handle that begins with its zof_drv_t. Null, and a log line that says why, for a name that is too long and
-// for anything but a serial line. Released by close.
-zof_drv_t *zof_host_serial_open(s32 port, const zof_host_line_t *line);
+// Returns a handle that begins with its zof_drv_t, whether or not the device can be opened. Null, and a log line that
+// says why, for a path that is too long. Released by close. A null path: the port's own; an empty one: none.
+zof_drv_t *zof_host_serial_open(s32 port, const char *path, const zof_host_line_t *line);
 // Any thread. Returns 0, or -1 with the line unchanged.
 s32 zof_host_serial_set(zof_drv_t *handle, const zof_host_line_t *line);
-// The last three rows of the table in win_uart.cpp. Send, any thread: returns `size`, or -1: no device, or no room for
-// all of it. Waits for room as long as the line accepts bytes at its rate, at most 50 ms after the last one, and not at
-// all while the peer does not read. Receive, one thread: waits for at least one byte and returns what there is, up to
-// `size`; 0 when the line is closed. Close ends a receive that is waiting on another thread; nothing may be called with
-// the line after that.
+// The last rows of the table in win_uart.cpp. Send, any thread: returns `size`, or -1: no device, or no room for all of
+// it. Waits for room as long as the line accepts bytes at its rate, at most 50 ms after the last one, and not at all
+// while the peer does not read. Receive, one thread: waits for at least one byte and returns what there is, up to
+// `size`; 0 after a change of the state, and when the line is closed. Close ends a receive that is waiting on another
+// thread; nothing may be called with the line after that. The others: as in drv/zof_drv_uart.h.
 s32 win_uart_send(zof_drv_t *handle, const u8 *data, u32 size);
 s32 win_uart_receive(zof_drv_t *handle, u8 *buffer, u32 size);
 s32 win_uart_close(zof_drv_t *handle);
+void win_uart_info(zof_drv_t *handle, zof_uart_info_t *out);
+s32 win_uart_path_set(zof_drv_t *handle, const char *path);
+u32 win_uart_list(zof_uart_info_t *out, u32 most);
 
 ZOF_C_END
 
