@@ -12,6 +12,7 @@
 
 #include "board.h"
 #include "frames.h"
+#include "hardware/uart/zof_hw_text.h"
 #include "hmi/zof_hmi_cmd.h"
 
 struct field_type_t {

@@ -8,6 +8,7 @@
 #include <set>
 
 #include "board.h"
+#include "hardware/uart/zof_hw_text.h"
 #include "temp_project.h"
 #include "wire.h"
 
@@ -145,6 +146,11 @@ TEST_CASE("board and monitor refuse a line that is not a terminal, and leave it 
         CHECK((monitor[0] == '2' && contains(monitor, line + ": ")));
     }
     CHECK(file_text(folder.path("file")) == "mine");
+}
+
+TEST_CASE("board: the trace shows no frame that was not sent") {
+    CHECK(contains(board_sim("--trace --seconds 0.3"), "board > panel  write"));
+    CHECK(!contains(board_sim("--trace --seconds 0.3 --fault mute"), "board > panel"));
 }
 
 TEST_CASE("a pseudo-terminal that ended is not opened again by its number") {

@@ -1,10 +1,9 @@
-// Frames of the register link at the board's end: builds, finds and describes them.
+// Frames of the register link at the board's end: builds and finds them; hardware/uart/zof_hw_text.h describes them.
 #ifndef FRAMES_H
 #define FRAMES_H
 
 #include <cstdint>
 #include <functional>
-#include <string>
 #include <vector>
 
 using bytes = std::vector<uint8_t>;
@@ -22,8 +21,5 @@ void frame_feed(frame_finder &finder, const uint8_t *data, size_t size);
 
 // Calls `word` with the register and value of each word of a report.
 void frame_report_words(const bytes &frame, const std::function<void(uint16_t addr, uint16_t value)> &word);
-
-// Returns a readable description, such as "write 16 LIVE_MV = 20012 mV".
-std::string frame_text(const bytes &frame);
 
 #endif

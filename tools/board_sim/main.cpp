@@ -8,6 +8,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include "hardware/uart/zof_hw_text.h"
 #include "script.h"
 
 struct options {
@@ -59,10 +60,9 @@ static bool read_script(const std::string &path) {
 }
 
 static void send_frame(const bytes &frame) {
-    if (opt.trace) {
+    if (wire_send(sim.line, frame, now_ms()) && opt.trace) {
         say("board > panel", frame_text(frame));
     }
-    wire_send(sim.line, frame, now_ms());
 }
 
 static void on_frame(const bytes &frame) {

@@ -183,9 +183,9 @@ static bytes spoil(wire &w, const bytes &data) {
     return out;
 }
 
-void wire_send(wire &w, const bytes &data, double now_ms) {
+bool wire_send(wire &w, const bytes &data, double now_ms) {
     if (w.fd < 0 || w.faults.mute > 0) {
-        return;
+        return false;
     }
     const bytes out = spoil(w, data);
     const double due = now_ms + w.faults.late;
@@ -196,6 +196,7 @@ void wire_send(wire &w, const bytes &data, double now_ms) {
     } else {
         w.queue.push_back({due, out});
     }
+    return true;
 }
 
 double wire_flush(wire &w, double now_ms) {

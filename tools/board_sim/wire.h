@@ -56,8 +56,9 @@ void wire_unplug(wire &w);
 // Closes a line whose far end is gone.
 void wire_lost(wire &w);
 
-// Queues bytes for the line and applies its faults. `now_ms` is any monotonic clock.
-void wire_send(wire &w, const bytes &data, double now_ms);
+// Queues bytes for the line and applies its faults. `now_ms` is any monotonic clock. Returns false if nothing is sent:
+// the line is unplugged or mute.
+bool wire_send(wire &w, const bytes &data, double now_ms);
 
 // Writes the bytes that are due; returns the milliseconds until the next piece is due, or -1.
 double wire_flush(wire &w, double now_ms);
