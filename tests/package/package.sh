@@ -5,10 +5,11 @@ set -eu
 build=$1 source=$2 flags=$3
 work=$build/package-test
 rm -rf "$work"
-mkdir -p "$work"
+mkdir -p "$work/src"
+cp -r "$source/examples/blank" "$source/examples/gallery" "$work/src" # to change them
 cmake --install "$build" --prefix "$work/prefix" >"$work/install.log"
 for example in blank gallery; do
-    cmake -S "$source/examples/$example" -B "$work/$example" -G Ninja -DCMAKE_PREFIX_PATH="$work/prefix" \
+    cmake -S "$work/src/$example" -B "$work/$example" -G Ninja -DCMAKE_PREFIX_PATH="$work/prefix" \
         -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" >"$work/$example.log"
     cmake --build "$work/$example" >>"$work/$example.log"
 done
@@ -18,3 +19,16 @@ ZOF_SCRIPT=../session ./blank >"$work/run.log" 2>&1 || { cat "$work/run.log"; ex
 grep -qx '1/1: 1' "$work/run.log" || { cat "$work/run.log"; exit 1; }
 [ -x "$work/gallery/gallery/gallery" ] && [ -s "$work/gallery/gallery/res/video/clip.mp4" ]
 [ -x "$work/prefix/share/zof/panel/zof_bench" ] && [ -s "$work/prefix/share/zof/panel/res/font/bench-num-112.bin" ]
+
+# A change of the project reaches a program that need not be linked again, and a new view file has its ids.
+cd "$work/src/blank/res/config"
+sed -i 's/"txt": "0"/"txt": "changed"/' view/main.g
+cmake --build "$work/blank" >>"$work/blank.log"
+grep -q '"txt": "changed"' "$work/blank/res/config/view/main.g" || { echo "a changed view file is not copied"; exit 1; }
+sed 's/"id": 1,/"id": 7,/' view/main.g >view/other.g
+sed -i 's/"main.g"}/"main.g"}, {"pageId": 2, "pageName": "other.g"}/' project/zofprj.g
+cmake --build "$work/blank" >>"$work/blank.log"
+grep -q 'VIEW2_COUNT_ID = 7' "$work/blank/ids.h" || { echo "a new view has no ids"; exit 1; }
+sed -i 's/"id": 7,/"id": 8,/' view/other.g
+cmake --build "$work/blank" >>"$work/blank.log"
+grep -q 'VIEW2_COUNT_ID = 8' "$work/blank/ids.h" || { echo "a changed id of the new view is not in ids.h"; exit 1; }
