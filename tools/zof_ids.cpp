@@ -6,22 +6,16 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
-#include <fstream>
+#include <cstring>
 #include <map>
 #include <set>
 #include <sstream>
 #include <string>
 
-static bool read_file(const std::string &path, std::string &text) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream content;
-    content << in.rdbuf();
-    text = content.str();
-    return in && content;
-}
+#include "tool_file.h"
 
-static int fail(const std::string &place, const char *what) {
-    fprintf(stderr, "zof_ids: %s: %s\n", place.c_str(), what);
+static int fail(const std::string &place, const std::string &what) {
+    fprintf(stderr, "zof_ids: %s: %s\n", place.c_str(), what.c_str());
     return 1;
 }
 
@@ -49,26 +43,46 @@ static std::string guard(const cJSON *project, const std::string &folder) {
     return "ZOF_" + upper(name && *name ? name : folder) + "_IDS_H";
 }
 
+// Parses a text into an object owned by the caller; null with the fault and its position.
+static cJSON *parse_text(const std::string &text, const char *&fault, size_t &position) {
+    const char *at = text.c_str();
+    cJSON *root = cJSON_ParseWithOpts(text.c_str(), &at, 0);
+    const size_t behind = text.find_first_not_of(" \t\r\n", (size_t)(at - text.c_str()));
+    fault = !root                   ? "not valid JSON from here on; is a comma missing?"
+            : !cJSON_IsObject(root) ? "expected an object"
+            : behind < text.size()  ? "text after the end of the object"
+                                    : nullptr;
+    position = !root ? (size_t)(at - text.c_str()) : cJSON_IsObject(root) ? behind : 0;
+    if (!fault) {
+        return root;
+    }
+    cJSON_Delete(root);
+    return nullptr;
+}
+
+// "FILE:LINE:COLUMN"
+static std::string place(const std::string &path, const std::string &text, size_t position) {
+    const std::string before = text.substr(0, position);
+    const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+    const size_t column = before.size() - (before.find_last_of('\n') + 1) + 1;
+    return path + ":" + std::to_string(line) + ":" + std::to_string(column);
+}
+
 // Parses a file into an object owned by the caller; null after a message with the position of the fault.
 static cJSON *parse(const std::string &path) {
     std::string text;
-    if (!read_file(path, text)) {
-        fail(path, "cannot be read");
+    const std::string reason = tool_file_read(path, text);
+    if (!reason.empty()) {
+        fail(path, reason);
         return nullptr;
     }
-    const char *at = text.c_str();
-    cJSON *root = cJSON_ParseWithOpts(text.c_str(), &at, 0);
-    if (cJSON_IsObject(root)) {
-        return root;
+    const char *fault;
+    size_t position;
+    cJSON *root = parse_text(text, fault, position);
+    if (fault) {
+        fail(place(path, text, position), fault);
     }
-    at = root ? text.c_str() : at;
-    const std::string before = text.substr(0, (size_t)(at - text.c_str()));
-    const auto line = std::count(before.begin(), before.end(), '\n') + 1;
-    const size_t column = before.size() - (before.find_last_of('\n') + 1) + 1;
-    fail(path + ":" + std::to_string(line) + ":" + std::to_string(column),
-         root ? "expected an object" : "not valid JSON from here on; is a comma missing?");
-    cJSON_Delete(root);
-    return nullptr;
+    return root;
 }
 
 // Writes the enumeration of one view; false after a message.
@@ -91,11 +105,11 @@ static bool write_view(const std::string &path, int view, std::ostream &out) {
         }
         const std::string word = enumerator(view, name);
         if (!seen.emplace(word, id->valueint).second) {
-            fail(path, (word + " would name two controls").c_str());
+            fail(path, word + " would name two controls");
             good = false;
         }
         if (!ids.insert(id->valueint).second) {
-            fail(path, ("two controls have the id " + std::to_string(id->valueint)).c_str());
+            fail(path, "two controls have the id " + std::to_string(id->valueint));
             good = false;
         }
         out << "    " << word << " = " << id->valueint << ",\n";
@@ -109,9 +123,11 @@ static bool write_view(const std::string &path, int view, std::ostream &out) {
 }
 
 int main(int argc, char **argv) {
+    const bool help = argc == 2 && strcmp(argv[1], "--help") == 0;
     if (argc != 3) {
-        fprintf(stderr, "usage: zof_ids PROJECT_FOLDER OUTPUT.h\n");
-        return 2;
+        fprintf(help ? stdout : stderr, "usage: zof_ids PROJECT_FOLDER OUTPUT.h\n"
+                                        "Writes the ids of the project's views and controls as C enumerators.\n");
+        return help ? 0 : 2;
     }
     const std::string folder = std::string(argv[1]) + "/config/";
     cJSON *root = parse(folder + "project/zofprj.g");
@@ -136,7 +152,7 @@ int main(int argc, char **argv) {
         }
         const std::string of_view = view_enumerator(name);
         if (!words.insert(of_view).second) {
-            fail(folder + "project/zofprj.g", (of_view + " would name two views").c_str());
+            fail(folder + "project/zofprj.g", of_view + " would name two views");
             good = false;
         }
         out << (view == views->child ? "enum {\n" : "") << "    " << of_view << " = " << id->valueint << ",\n";
@@ -148,11 +164,10 @@ int main(int argc, char **argv) {
         return fail(argv[2], "no ids written");
     }
     std::string former;
-    if (read_file(argv[2], former) && former == out.str()) { // an unchanged header must not rebuild the program
+    if (tool_file_read(argv[2], former).empty() &&
+        former == out.str()) { // an unchanged header must not rebuild the program
         return 0;
     }
-    std::ofstream file(argv[2], std::ios::binary);
-    file << out.str();
-    file.close();
-    return file ? 0 : fail(argv[2], "cannot be written");
+    const std::string reason = tool_file_write(argv[2], out.str());
+    return reason.empty() ? 0 : fail(argv[2], reason);
 }

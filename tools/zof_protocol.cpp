@@ -1,11 +1,8 @@
 // Writes the rows of the host protocol into the reference in docs/, the C library (constants and calls) and the Python
 // library, and the rows of the register link into docs/registers.md. The tables of the code are the only source.
 // Everything between a file's line with "rows: begin" and its line with "rows: end" is replaced.
-// usage: zof_protocol [--check] registers.md|FILE.md|FILE.h|FILE.py...     --check writes nothing, and fails if
-// something would change
 #include <cstdio>
 #include <cstring>
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -14,6 +11,7 @@
 #include "frames.h"
 #include "hardware/uart/zof_hw_text.h"
 #include "hmi/zof_hmi_cmd.h"
+#include "tool_file.h"
 
 struct field_type_t {
     const char *wire, *c, *put;
@@ -299,8 +297,8 @@ static void registers(std::ostream &out) {
 
 // Files
 
-static int fail(const std::string &file, const char *what) {
-    fprintf(stderr, "zof_protocol: %s: %s\n", file.c_str(), what);
+static int fail(const std::string &file, const std::string &what) {
+    fprintf(stderr, "zof_protocol: %s: %s\n", file.c_str(), what.c_str());
     return 1;
 }
 
@@ -323,14 +321,15 @@ static std::string all_rows(const std::string &file) {
 }
 
 static int refresh(const std::string &file, bool check) {
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream content;
-    content << in.rdbuf();
-    const std::string old = content.str();
+    std::string old;
+    std::string reason = tool_file_read(file, old);
+    if (!reason.empty()) {
+        return fail(file, reason);
+    }
     size_t begin = old.find("rows: begin");
     begin = begin == std::string::npos ? begin : old.find('\n', begin);
     const size_t mark = old.find("rows: end");
-    if (!in || begin == std::string::npos || mark == std::string::npos || mark < begin) {
+    if (begin == std::string::npos || mark == std::string::npos || mark < begin) {
         return fail(file, "has no lines with \"rows: begin\" and \"rows: end\"");
     }
     const size_t end = old.rfind('\n', mark) + 1;
@@ -341,15 +340,28 @@ static int refresh(const std::string &file, bool check) {
     if (check) {
         return fail(file, "is out of date with the rows in the code; build the target `protocol`");
     }
-    std::ofstream to(file, std::ios::binary);
-    to << now;
-    return to.flush() ? 0 : fail(file, "cannot be written");
+    reason = tool_file_write(file, now);
+    return reason.empty() ? 0 : fail(file, reason);
+}
+
+static int usage(bool asked) {
+    fprintf(asked ? stdout : stderr,
+            "usage: zof_protocol [--check] FILE...\n"
+            "Replaces what stands between \"rows: begin\" and \"rows: end\" in each file by the rows of the code:\n"
+            "those of the register link in registers.md, those of the host protocol in any other .md, .h or .py file.\n"
+            "--check writes nothing, and fails if something would change.\n");
+    return asked ? 0 : 2;
 }
 
 int main(int argc, char **argv) {
-    const bool check = argc > 1 && strcmp(argv[1], "--check") == 0;
-    int result = argc > 1 ? 0 : 2;
-    for (int i = check ? 2 : 1; i < argc; i++) {
+    const std::string option = argc > 1 ? argv[1] : "";
+    const bool check = option == "--check";
+    const int first = check ? 2 : 1;
+    if (argc <= first || (!check && option[0] == '-')) {
+        return usage(option == "--help" || option == "-h");
+    }
+    int result = 0;
+    for (int i = first; i < argc; i++) {
         result |= refresh(argv[i], check);
     }
     return result;

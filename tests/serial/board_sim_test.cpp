@@ -1,4 +1,4 @@
-// The virtual board: its box as pure functions, and its program as users start it.
+// The virtual board: its box as pure functions, and its program and the other tools as users start them.
 #include "zof_test.h"
 
 #include <sys/stat.h>
@@ -40,7 +40,7 @@ static void settle(board &box, double ms) {
 // Returns how a program ends, and what it prints on both streams: "1 board_sim: ...".
 static std::string tool(const std::string &arguments) {
     std::string text;
-    FILE *pipe = popen((ZOF_BUILD_DIR "/tools/" + arguments + " 2>&1").c_str(), "r");
+    FILE *pipe = popen(("exec 2>&1; " ZOF_BUILD_DIR "/tools/" + arguments).c_str(), "r");
     if (!pipe) {
         return "it does not start";
     }
@@ -89,7 +89,7 @@ TEST_CASE("board: what the panel reports is limited by the registers' rows, stor
 TEST_CASE("board: settings are saved beside no other file, and what a killed board left is removed") {
     temp_project_t folder;
     const std::string state = folder.path("state"), own = state + "." + std::to_string(getpid()) + "-0.new";
-    folder.write("state", "brightness = 70000\nauto_arm = 1\nnothing = 1\nlast_rail = 3\n");
+    folder.write("state", "brightness = 70000\nauto_arm = 1\n\nlast_rail = 3\n");
     folder.write("other", "mine");
     folder.write("state.999999999-0.new", "of a board that was killed");
     for (const std::string &name : {state + ".new", own}) {
@@ -192,19 +192,60 @@ TEST_CASE("board: --help lists every fault, mistakes are reported with their pla
     }
     CHECK(contains(board_sim("--trace --script " + folder.path("script")), "board > panel  read 48 BRIGHT, 3 words"));
     CHECK(contains(board_sim("--script " + folder.folder), "cannot be read"));
-    folder.write("state", "bright\n");
+    folder.write("state", "bright = 1\n");
     const std::pair<std::string, std::string> mistakes[] = {
-        {"--state " + folder.path("state"), "0 board_sim: " + folder.path("state") + ":1: not a setting\n"},
-        {"--state /dev/null", "2 board_sim: --state: /dev/null is not a file\n"},
+        {"--state " + folder.path("state"), "2 board_sim: " + folder.path("state") + ":1: not a setting\n"},
+        {"--state /dev/null", "2 board_sim: --state: /dev/null: not a file\n"},
         {"--load 2V", "2 board_sim: --load takes ohms"},
-        {"--fault lose=x", "2 board_sim: --fault: unknown fault or bad amount: \"lose=x\""}};
+        {"--fault lose=x", "2 board_sim: --fault: unknown fault or amount out of range: \"lose=x\""},
+        {"--fault garbage=101", "2 board_sim: --fault: unknown fault or amount out of range"},
+        {"--seconds=-1", "--seconds: Value -1 not in range"},
+        {"--seconds 0.05 --trace >/dev/full", "1 board_sim: standard output: No space left on device\n"}};
     for (const auto &[options, output] : mistakes) {
-        const std::string printed = board_sim("--seconds 0.05 " + options);
-        CHECK((printed[0] == output[0] && contains(printed, output.substr(2))));
+        CHECK(contains(board_sim(options), output));
     }
+    CHECK(file_text(folder.path("state")) == "bright = 1\n");
     CHECK(board_sim("--seconds 0.05 --link " + folder.path("file"))[0] == '1');
     CHECK(file_text(folder.path("file")) == "mine");
     REQUIRE(symlink("/nowhere", folder.path("old").c_str()) == 0);
     CHECK(board_sim("--seconds 0.05 --link " + folder.path("old"))[0] == '0');
     CHECK(!std::filesystem::is_symlink(folder.path("old"))); // it is gone with the board
+}
+
+TEST_CASE("tools report wrong arguments and files that are not regular, with the reason, and write nothing") {
+    temp_project_t folder;
+    const std::string file = folder.path("file"), rows = "zof_protocol " + file, record = folder.path("recording");
+    folder.write("file", "no rows");
+    folder.write("recording", "# zof_monitor head=5AA5 crc=0\n1 host 5A A5 03 11 B1 06\n-5 panel 00\n");
+    folder.write("heads", "# zof_monitor head=5A5A crc=0\n");
+    const std::string link = folder.path("link"), again = folder.path("none/../link");
+    const std::pair<std::string, std::string> calls[] = {
+        {"zof_protocol", "2 usage: "},
+        {"zof_protocol --help", "0 usage: "},
+        {rows, "1 zof_protocol: " + file + ": has no lines with"},
+        {"zof_protocol /dev/full", "1 zof_protocol: /dev/full: not a regular file"},
+        {"zof_protocol " + folder.path("none"), ": No such file or directory"},
+        {"zof_ids --help", "0 usage: "},
+        {"zof_ids " ZOF_PANEL_DIR "/res /dev/full", "1 zof_ids: /dev/full: not a regular file"},
+        {"zof_media clip /dev/null 64x 64 1", "2 zof_media: WIDTH is a number from 2 to 2000, not \"64x\""},
+        {"zof_media clip /dev/null 64 64.5 1", "2 zof_media: HEIGHT is a whole number, not \"64.5\""},
+        {"zof_media clip /dev/null 64 64 nan", "2 zof_media: SECONDS is a number from 0.04 to 3600"},
+        {"zof_media clip /dev/null 64 64 1 0 gif", "2 zof_media: CODEC is mpeg4, png or mjpeg"},
+        {"zof_media clip /dev/null 64 64 1 0 mpeg4 5", "2 zof_media: a clip with mpeg4 cannot change its size"},
+        {"zof_media tone /dev/null 440 99999999999", "2 zof_media: MS is a number from 1"},
+        {"zof_media tone " + folder.path("none/a.wav") + " 440 10", "a.wav: No such file or directory"},
+        {"zof_monitor", "zof_monitor: a command is missing; the commands are watch, show and replay"},
+        {"zof_monitor bogus", "zof_monitor: unknown command \"bogus\"; the commands are watch, show and replay"},
+        {"zof_monitor watch --panel-link " + link + " --host-link " + again, "2 zof_monitor: host and panel need two"},
+        {"zof_monitor watch --seconds 0.1 --record /dev/full", "2 zof_monitor: /dev/full: No space left on device"},
+        {"zof_monitor show /dev/zero", "2 zof_monitor: /dev/zero: not a regular file"},
+        {"zof_monitor show " + record, "2 zof_monitor: " + record + ":3: expected: MICROSECONDS"},
+        {"zof_monitor show " + folder.path("heads"), ": the head is two different bytes, such as 5AA5"}};
+    for (const auto &[call, output] : calls) {
+        CAPTURE(call);
+        const std::string printed = tool(call);
+        CHECK(contains(printed, output));
+    }
+    CHECK(file_text(file) == "no rows");
+    CHECK(!std::filesystem::is_symlink(link));
 }

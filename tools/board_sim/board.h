@@ -58,8 +58,9 @@ struct board {
 // Returns the first `count` rails of a usual source.
 std::vector<prof_t> board_default_rails(size_t count = RAIL_MAX);
 
-// Returns false after a message if the name of the settings file is that of a device or a folder. Follows a link, so
-// that its file is replaced and not the link.
+// Returns false after a message if the settings file is a device or a folder, cannot be read, or has a line that is not
+// a setting: saving would destroy a file that is not the board's. Follows a link, so that its file is replaced and not
+// the link. Call it before board_settings_load.
 bool board_settings_check(board &b);
 
 // Loads the settings; values that are missing keep their defaults, and the first line that is not a setting is reported

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <fstream>
 #include <poll.h>
+#include <system_error>
 #include <unistd.h>
 
 #include "hardware/uart/zof_hw_text.h"
@@ -23,6 +24,7 @@ struct options {
 static simulation sim;
 static options opt;
 static double plugged_ms, flooded_ms;
+static int print_fault; // errno of the first line that could not be printed
 
 static volatile sig_atomic_t stop;
 
@@ -33,15 +35,15 @@ static double now_ms() {
 }
 
 static void say(const char *who, const std::string &what) {
-    printf("%9.3f  %-14s %s\n", now_ms() / 1000, who, what.c_str());
-    fflush(stdout);
+    const bool printed = printf("%9.3f  %-14s %s\n", now_ms() / 1000, who, what.c_str()) >= 0 && fflush(stdout) == 0;
+    print_fault = printed || print_fault ? print_fault : errno;
 }
 
 static std::string faults_help() {
     std::string out = "Faults (--fault NAME or --fault NAME=AMOUNT, may be repeated):\n";
     for (const fault_row &row : fault_rows) {
         char line[160];
-        snprintf(line, sizeof(line), "  %-8s %-7g %s\n", row.name, row.normal, row.help);
+        snprintf(line, sizeof(line), "  %-8s %-7g %s; at most %.0f\n", row.name, row.normal, row.help, row.max);
         out += line;
     }
     out += "\nScript: lines \"MS COMMAND\", where MS is the time since the start, in ascending order; commands:\n";
@@ -152,7 +154,7 @@ static void options_add(CLI::App &app) {
     app.add_option("--fault", opt.faults, "disturb the line, see below")->type_name("NAME[=AMOUNT]");
     app.add_option("--script", opt.script, "run the commands in this file, see below")->type_name("FILE");
     app.add_option("--seed", opt.seed, "random seed for noise and faults");
-    app.add_option("--seconds", opt.seconds, "exit after this many seconds");
+    app.add_option("--seconds", opt.seconds, "exit after this many seconds; 0 for never")->check(CLI::Range(0.0, 1e9));
     app.add_flag("--trace", opt.trace, "decode and print every frame");
     app.add_flag("--no-noise", opt.quiet_noise, "readings without noise");
 }
@@ -161,7 +163,8 @@ static void options_add(CLI::App &app) {
 static bool options_apply() {
     for (const std::string &f : opt.faults) {
         if (!fault_take(sim.line.faults, f)) {
-            fprintf(stderr, "board_sim: --fault: unknown fault or bad amount: \"%s\"; see --help\n", f.c_str());
+            fprintf(stderr, "board_sim: --fault: unknown fault or amount out of range: \"%s\"; see --help\n",
+                    f.c_str());
             return false;
         }
     }
@@ -204,5 +207,8 @@ int main(int argc, char **argv) {
     wire_unplug(sim.line);
     say("line",
         std::to_string(sim.line.sent) + " bytes sent, " + std::to_string(sim.line.dropped) + " dropped on a full line");
-    return 0;
+    if (print_fault) {
+        fprintf(stderr, "board_sim: standard output: %s\n", std::generic_category().message(print_fault).c_str());
+    }
+    return print_fault ? 1 : 0;
 }

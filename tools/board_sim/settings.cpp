@@ -45,21 +45,6 @@ static void remove_stale(const std::filesystem::path &file) {
     }
 }
 
-bool board_settings_check(board &b) {
-    namespace fs = std::filesystem;
-    std::error_code error;
-    const fs::path file = fs::canonical(b.settings_file, error);
-    if (error) { // it does not exist yet
-        return true;
-    }
-    b.settings_file = file;
-    if (!fs::is_regular_file(file, error)) {
-        fprintf(stderr, "board_sim: --state: %s is not a file\n", file.c_str());
-        return false;
-    }
-    return true;
-}
-
 // Returns false for a line that is not a known name with a number.
 static bool setting_take(board_settings &settings, const std::string &line) {
     char name[32], rest;
@@ -76,19 +61,47 @@ static bool setting_take(board_settings &settings, const std::string &line) {
     return false;
 }
 
-void board_settings_load(board &b) {
-    if (b.settings_file.empty()) {
-        return;
-    }
-    remove_stale(b.settings_file);
+// Takes the settings of a file; reports the first line that is not one, and returns whether there is no such line.
+static bool settings_take(const board &b, board_settings &settings) {
     std::ifstream in(b.settings_file);
     std::string line;
-    bool reported = false;
+    bool good = true;
     for (int number = 1; std::getline(in, line); number++) {
-        if (!setting_take(b.settings, line) && !reported) {
-            reported = true;
+        const bool blank = line.find_first_not_of(" \t\r") == std::string::npos;
+        if (!blank && !setting_take(settings, line) && good) {
+            good = false;
             fprintf(stderr, "board_sim: %s:%d: not a setting\n", b.settings_file.c_str(), number);
         }
+    }
+    return good;
+}
+
+bool board_settings_check(board &b) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::path file = fs::canonical(b.settings_file, error);
+    if (error == std::errc::no_such_file_or_directory) { // it is created when a setting changes
+        return true;
+    }
+    const char *fault = nullptr;
+    if (!error && !fs::is_regular_file(file, error)) {
+        fault = "not a file";
+    } else if (error || access(file.c_str(), R_OK) != 0) {
+        fault = "cannot be read";
+    }
+    if (fault) {
+        fprintf(stderr, "board_sim: --state: %s: %s\n", b.settings_file.c_str(), fault);
+        return false;
+    }
+    b.settings_file = file;
+    board_settings ignored;
+    return settings_take(b, ignored);
+}
+
+void board_settings_load(board &b) {
+    if (!b.settings_file.empty()) {
+        remove_stale(b.settings_file);
+        settings_take(b, b.settings);
     }
 }
 

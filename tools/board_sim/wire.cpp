@@ -12,16 +12,14 @@
 #include <unistd.h>
 
 const std::vector<fault_row> fault_rows = {
-    {"lose", &wire_faults::lose, 0.5, "percentage of bytes lost"},
-    {"garbage", &wire_faults::garbage, 20, "percentage of frames preceded by up to 30 random bytes"},
-    {"split", &wire_faults::split, 20, "each frame is sent in two pieces, this many ms apart"},
-    {"late", &wire_faults::late, 300, "each frame is delayed by this many ms"},
-    {"flood", &wire_faults::flood, 11520, "readings fill the line with this many bytes per second"},
-    {"replug", &wire_faults::replug, 5, "the cable is unplugged for one second, at this interval in seconds"},
-    {"mute", &wire_faults::mute, 1, "the board sends nothing"},
+    {"lose", &wire_faults::lose, 0.5, 100, "percentage of bytes lost"},
+    {"garbage", &wire_faults::garbage, 20, 100, "percentage of frames preceded by up to 30 random bytes"},
+    {"split", &wire_faults::split, 20, 1e6, "each frame is sent in two pieces, this many ms apart"},
+    {"late", &wire_faults::late, 300, 1e6, "each frame is delayed by this many ms"},
+    {"flood", &wire_faults::flood, 11520, 1e6, "readings fill the line with this many bytes per second"},
+    {"replug", &wire_faults::replug, 5, 1e6, "the cable is unplugged for one second, at this interval in seconds"},
+    {"mute", &wire_faults::mute, 1, 1, "the board sends nothing"},
 };
-
-static constexpr double AMOUNT_MAX = 1e6;
 
 bool fault_take(wire_faults &faults, const std::string &text) {
     const size_t at = text.find('=');
@@ -34,7 +32,7 @@ bool fault_take(wire_faults &faults, const std::string &text) {
             const char *number = text.c_str() + at + 1;
             char *end;
             amount = strtod(number, &end);
-            if (end == number || *end || !(amount >= 0 && amount <= AMOUNT_MAX)) {
+            if (end == number || *end || !(amount >= 0 && amount <= row.max)) {
                 return false;
             }
         }

@@ -15,11 +15,11 @@ struct wire_faults {
     double lose = 0, garbage = 0, split = 0, late = 0, flood = 0, replug = 0, mute = 0;
 };
 
-// One row per fault; its amount is given after "=" on the command line, and is `normal` without it.
+// One row per fault; its amount, 0 to `max`, is given after "=" on the command line, and is `normal` without it.
 struct fault_row {
     const char *name;
     double wire_faults::*amount;
-    double normal;
+    double normal, max;
     const char *help;
 };
 extern const std::vector<fault_row> fault_rows;

@@ -210,12 +210,17 @@ bool media_write(const char *path, const media_clip &clip) {
         audio.codec = audio_codec(clip, audio_id(format->oformat), global);
         good = good && track_add(format, &audio);
     }
-    good = good && avio_open(&format->pb, path, AVIO_FLAG_WRITE) >= 0 && avformat_write_header(format, nullptr) >= 0 &&
+    const int opened = good ? avio_open(&format->pb, path, AVIO_FLAG_WRITE) : 0;
+    good = good && opened >= 0 && avformat_write_header(format, nullptr) >= 0 &&
            tracks_write(format, &video, &audio, clip) && av_write_trailer(format) == 0;
-    avio_closep(&format->pb);
+    good = avio_closep(&format->pb) >= 0 && good;
     avcodec_free_context(&video.codec);
     avcodec_free_context(&audio.codec);
     avformat_free_context(format);
     av_log_set_level(log);
-    return good || is_wrong(path, "cannot be created");
+    char reason[AV_ERROR_MAX_STRING_SIZE] = "cannot be encoded or written";
+    if (opened < 0) {
+        av_strerror(opened, reason, sizeof(reason));
+    }
+    return good || is_wrong(path, reason);
 }

@@ -6,13 +6,13 @@
 #include <cstdio>
 #include <cstring>
 #include <deque>
+#include <filesystem>
 #include <fnmatch.h>
 #include <fstream>
 #include <poll.h>
-#include <sstream>
 #include <unistd.h>
 
-#include "decode.h"
+#include "recording.h"
 #include "wire.h"
 
 // One end: a line and the bytes not written to it yet.
@@ -27,6 +27,7 @@ struct side {
 struct options {
     std::string head = "5AA5", record, file;
     bool crc = false, hex = false;
+    unsigned baud = 115200;
     double seconds = 0, gap_ms = 30, speed = 1, wait_ms = 1000;
     std::vector<std::string> only, without;
     std::string from;
@@ -38,6 +39,8 @@ static struct {
     zof_hmi_cmd_analys_t settings;
     std::ofstream record;
     uint64_t frames = 0, faults = 0;
+    int print_fault = 0; // errno of the first line that could not be printed
+    bool record_failed = false;
 } monitor;
 
 // The limit of bytes that wait for an end that does not read.
@@ -54,6 +57,10 @@ static int64_t now_us() {
 static int fail(const std::string &what) {
     fprintf(stderr, "zof_monitor: %s\n", what.c_str());
     return 2;
+}
+
+static std::string reason(int error) {
+    return std::generic_category().message(error);
 }
 
 // Output
@@ -84,13 +91,14 @@ static void show(const piece &p) {
     const bool bytes_too = monitor.opt.hex || p.name == "noise" || p.text.find("!!") != std::string::npos;
     printf(bytes_too ? "   [%s]\n" : "\n", hex_text(p.data).c_str());
     fflush(stdout);
+    monitor.print_fault = ferror(stdout) && !monitor.print_fault ? errno : monitor.print_fault;
 }
 
 static void keep(const piece &p) {
-    if (monitor.record.is_open()) {
-        monitor.record << p.at_us << (p.from_host ? " host " : " panel ") << hex_text(p.data) << "  # " << p.text
-                       << "\n";
-        monitor.record.flush();
+    if (monitor.record.is_open() && !(monitor.record << recording_line(p)).flush()) {
+        fail(monitor.opt.record + ": " + reason(errno) + "; the recording ends here");
+        monitor.record.close();
+        monitor.record_failed = true;
     }
 }
 
@@ -155,27 +163,32 @@ static bool turn(std::vector<piece> &out) {
     return true;
 }
 
-static bool line_open(side &s, bool host, const std::string &tty, const std::string &link, unsigned baud) {
-    s.cut.from_host = host;
-    s.line.tty = tty;
-    s.line.link = link;
-    s.line.baud = baud;
-    return wire_plug(s.line);
+static const std::string &line_path(const side &s) {
+    return !s.line.tty.empty() ? s.line.tty : !s.line.link.empty() ? s.line.link : s.line.slave_name;
+}
+
+// Returns false after a message if both ends are the same line: each would read what the other one writes.
+static bool lines_differ() {
+    namespace fs = std::filesystem;
+    const std::string host = line_path(monitor.host), panel = line_path(monitor.panel);
+    const bool ttys = !monitor.host.line.tty.empty() && !monitor.panel.line.tty.empty();
+    std::error_code error;
+    const bool same =
+        !host.empty() && (fs::absolute(host).lexically_normal() == fs::absolute(panel).lexically_normal() ||
+                          (ttys && fs::equivalent(host, panel, error)));
+    return !same || fail("host and panel need two different lines, not " + host + " twice") == 0;
 }
 
 static int watch() {
     if (!monitor.opt.record.empty()) {
         monitor.record.open(monitor.opt.record);
-        if (!monitor.record) {
-            return fail(monitor.opt.record + ": " + std::generic_category().message(errno));
+        if (!(monitor.record << recording_head(monitor.opt.head, monitor.opt.crc)).flush()) {
+            return fail(monitor.opt.record + ": " + reason(errno));
         }
-        monitor.record << "# zof_monitor head=" << monitor.opt.head << " crc=" << monitor.opt.crc << "\n";
     }
     for (const side *s : {&monitor.host, &monitor.panel}) {
-        fprintf(stderr, "%s: %s\n", s == &monitor.host ? "the host opens " : "the panel opens",
-                !s->line.tty.empty()    ? (s->line.tty + " (exists)").c_str()
-                : !s->line.link.empty() ? s->line.link.c_str()
-                                        : s->line.slave_name.c_str());
+        fprintf(stderr, "%s: %s%s\n", s == &monitor.host ? "the host opens " : "the panel opens", line_path(*s).c_str(),
+                s->line.tty.empty() ? "" : " (exists)");
     }
     bool good = true;
     while (good && !stop && (monitor.opt.seconds <= 0 || (double)now_us() < monitor.opt.seconds * 1e6)) {
@@ -194,126 +207,50 @@ static int watch() {
                     (unsigned long long)s->dropped);
         }
     }
-    return good ? 0 : 1;
+    return good && !monitor.record_failed ? 0 : 1;
 }
 
 // Recordings
 
-struct line_of_file {
-    int64_t at_us;
-    bool from_host;
-    bytes data;
-    int number;
-};
-
-static bool parse_line(const std::string &text, line_of_file &out) {
-    std::istringstream in(text.substr(0, text.find('#')));
-    std::string who, byte;
-    if (!(in >> out.at_us >> who) || (who != "host" && who != "panel")) {
-        return false;
-    }
-    out.from_host = who == "host";
-    while (in >> byte) {
-        char *end;
-        const unsigned long value = strtoul(byte.c_str(), &end, 16);
-        if (*end || value > 0xFF) {
-            return false;
-        }
-        out.data.push_back((uint8_t)value);
-    }
-    return !out.data.empty();
-}
-
-static bool settings_take() {
+// `where`: the option or file that has the head bytes, for the message.
+static bool settings_take(const std::string &where) {
     char *end;
     const unsigned long head = strtoul(monitor.opt.head.c_str(), &end, 16);
     if (*end || monitor.opt.head.size() != 4 || head >> 8 == (head & 0xFF)) {
-        return fail("--head takes two different bytes, as in 5AA5") == 0;
+        return fail(where + ": the head is two different bytes, such as 5AA5") == 0;
     }
     monitor.settings = decode_settings((uint8_t)(head >> 8), (uint8_t)head, monitor.opt.crc);
     return true;
 }
 
-static bool read_recording(std::vector<line_of_file> &out) {
-    std::ifstream in(monitor.opt.file);
-    std::string text;
-    for (int number = 1; std::getline(in, text); number++) {
-        char head[5];
-        int crc;
-        line_of_file line = {.number = number};
-        if (sscanf(text.c_str(), "# zof_monitor head=%4s crc=%d", head, &crc) == 2) {
-            monitor.opt.head = head;
-            monitor.opt.crc = crc != 0;
-        } else if (text.find_first_not_of(" \t\r") != std::string::npos && text[0] != '#') {
-            if (!parse_line(text, line)) {
-                return fail(monitor.opt.file + ":" + std::to_string(number) +
-                            ": expected: MICROSECONDS host|panel BYTES") == 0;
-            }
-            out.push_back(line);
-        }
+static bool read_recording(recording &out) {
+    const std::string fault = recording_read(monitor.opt.file, out);
+    if (!fault.empty()) {
+        return fail(fault) == 0;
     }
-    return in.eof() ? settings_take() : fail(monitor.opt.file + ": cannot be read") == 0;
-}
-
-static piece described(const line_of_file &line) {
-    splitter s = {.from_host = line.from_host};
-    std::vector<piece> all = split(s, monitor.settings, line.data, line.at_us, true);
-    return all.size() == 1 ? all[0] : piece{line.at_us, line.from_host, line.data, "noise", "bytes"};
+    if (!out.head.empty()) {
+        monitor.opt.head = out.head;
+        monitor.opt.crc = out.crc;
+    }
+    return settings_take(monitor.opt.file);
 }
 
 static int show_recording() {
-    std::vector<line_of_file> lines;
-    if (!read_recording(lines)) {
+    recording r;
+    if (!read_recording(r)) {
         return 2;
     }
-    for (const line_of_file &line : lines) {
-        show(described(line));
+    for (const recorded_line &line : r.lines) {
+        show(recording_piece(line, monitor.settings));
     }
     return 0;
 }
 
 // Replay
 
-// Walks both lists side by side. Where they differ, it looks for the nearest point at which they match again:
-// everything before that point is missing or new.
-static int compare(const std::vector<std::pair<int, piece>> &then, const std::vector<piece> &now) {
-    enum { LOOK = 50 };
-    int differences = 0;
-    size_t i = 0, k = 0;
-    const auto same = [&](size_t a, size_t b) {
-        return a < then.size() && b < now.size() && then[a].second.data == now[b].data;
-    };
-    while (i < then.size() || k < now.size()) {
-        if (same(i, k)) {
-            i++, k++;
-            continue;
-        }
-        size_t skip = 1;
-        while (skip < LOOK && !same(i + skip, k) && !same(i, k + skip) && !same(i + skip, k + skip)) {
-            skip++;
-        }
-        const bool missing = !same(i, k + skip), besides = !same(i + skip, k);
-        for (size_t n = 0; n < skip; n++) {
-            if (missing && i < then.size()) {
-                printf("%s:%d: was  %s   [%s]\n", monitor.opt.file.c_str(), then[i].first, then[i].second.text.c_str(),
-                       hex_text(then[i].second.data).c_str());
-                i++, differences++;
-            }
-            if (besides && k < now.size()) {
-                printf("%*s  is   %s   [%s]\n", (int)monitor.opt.file.size() + 2, "", now[k].text.c_str(),
-                       hex_text(now[k].data).c_str());
-                k++, differences += !missing;
-            }
-        }
-    }
-    printf("%zu frames from the panel in the recording, %zu now, %d differences\n", then.size(), now.size(),
-           differences);
-    return differences ? 1 : 0;
-}
-
 static void collect(std::vector<piece> &answers) {
     std::vector<piece> said;
-    stop = stop || !turn(said);
+    stop = !turn(said) || stop;
     for (piece &p : said) {
         if (wanted(p)) {
             answers.push_back(std::move(p));
@@ -330,9 +267,30 @@ static size_t answers_wait(std::vector<piece> &now, size_t count) {
     return now.size() < count ? count - now.size() : 0;
 }
 
+// Waits for a panel on a line of our own: it sends a report when it has started.
+static void panel_wait(std::vector<piece> &now) {
+    fprintf(stderr, "waiting for the panel to open %s\n", line_path(monitor.panel).c_str());
+    while (!stop && monitor.panel.heard_us == 0) {
+        collect(now);
+    }
+}
+
+static void collect_until(std::vector<piece> &now, int64_t end_us) {
+    while (!stop && now_us() < end_us) {
+        collect(now);
+    }
+}
+
+static int replay_result(const std::vector<std::pair<int, piece>> &then, const std::vector<piece> &now) {
+    const int differences = recording_compare(monitor.opt.file, then, now);
+    printf("%zu frames from the panel in the recording, %zu now, %d differences%s\n", then.size(), now.size(),
+           differences, stop ? "; stopped before the end" : "");
+    return differences || stop ? 1 : 0;
+}
+
 static int replay() {
-    std::vector<line_of_file> lines;
-    if (!read_recording(lines)) {
+    recording r;
+    if (!read_recording(r)) {
         return 2;
     }
     std::vector<std::pair<int, piece>> then;
@@ -340,77 +298,77 @@ static int replay() {
     monitor.opt.gap_ms = std::min(monitor.opt.gap_ms, 5.0); // short turns while waiting to send a line
     monitor.opt.from = "panel";
     if (monitor.panel.line.tty.empty()) {
-        fprintf(stderr, "waiting for the panel to open %s\n",
-                monitor.panel.line.link.empty() ? monitor.panel.line.slave_name.c_str()
-                                                : monitor.panel.line.link.c_str());
-        while (!stop && monitor.panel.heard_us == 0) { // the panel sends a report when it has started
-            collect(now);
-        }
+        panel_wait(now);
     }
-    int64_t sent_us = now_us(), then_us = lines.empty() ? 0 : lines[0].at_us;
+    int64_t sent_us = now_us(), then_us = r.lines.empty() ? 0 : r.lines[0].at_us;
     size_t absent = 0;
-    for (const line_of_file &line : lines) {
+    for (const recorded_line &line : r.lines) {
         if (!line.from_host) {
-            piece p = described(line);
+            piece p = recording_piece(line, monitor.settings);
             if (wanted(p)) {
                 then.emplace_back(line.number, p);
             }
             continue;
         }
         absent += answers_wait(now, then.size() - absent);
-        const int64_t due = sent_us + (int64_t)((double)(line.at_us - then_us) / monitor.opt.speed);
-        while (!stop && now_us() < due) {
-            collect(now);
-        }
+        collect_until(now, sent_us + (int64_t)((double)(line.at_us - then_us) / monitor.opt.speed));
         give(monitor.panel, line.data.data(), line.data.size());
         sent_us = now_us(); // keeps the recorded distance between frames even if this one was late
         then_us = line.at_us;
     }
-    const int64_t end = now_us() + (int64_t)(monitor.opt.wait_ms * 1000);
-    while (!stop && now_us() < end) {
-        collect(now);
-    }
-    return compare(then, now);
+    collect_until(now, now_us() + (int64_t)(monitor.opt.wait_ms * 1000));
+    return replay_result(then, now);
 }
 
 static void on_signal(int) {
     stop = 1;
 }
 
-int main(int argc, char **argv) {
+// Options
+
+static void filters_add(CLI::App *c) {
     options &o = monitor.opt;
-    std::string host_tty, host_link, panel_tty, panel_link;
-    unsigned baud = 115200;
-    CLI::App app("Decodes the frames between a host and a panel, records them to a file, and replays it.\n"
-                 "Example:  zof_monitor watch --panel-link /tmp/panel --host-link /tmp/host\n"
-                 "then start the panel with ZOF_COM5=/tmp/panel, and a host on /tmp/host.");
-    app.require_subcommand(1);
-    const auto filters = [&](CLI::App *c) {
-        c->add_option("--only", o.only, "show only these rows: names with wildcards (label.*, fault, noise)");
-        c->add_option("--not", o.without, "hide these rows");
-        c->add_option("--from", o.from, "show only frames from host or panel")->check(CLI::IsMember({"host", "panel"}));
-        c->add_flag("--hex", o.hex, "show the bytes of every frame");
-    };
-    const auto panel_line = [&](CLI::App *c) {
-        c->add_option("--panel", panel_tty, "the tty that leads to the panel");
-        c->add_option("--panel-link", panel_link, "or a link to create for a pseudo-terminal that the panel opens");
-        c->add_option("--baud", baud, "speed of a tty")->capture_default_str();
-    };
+    c->add_option("--only", o.only, "show only these rows: names with wildcards (label.*, fault, noise)");
+    c->add_option("--not", o.without, "hide these rows");
+    c->add_option("--from", o.from, "show only frames from host or panel")->check(CLI::IsMember({"host", "panel"}));
+    c->add_flag("--hex", o.hex, "show the bytes of every frame");
+}
+
+static void panel_line_add(CLI::App *c) {
+    CLI::Option *tty = c->add_option("--panel", monitor.panel.line.tty, "the tty that leads to the panel");
+    c->add_option("--panel-link", monitor.panel.line.link,
+                  "or a link to create for a pseudo-terminal that the panel opens")
+        ->excludes(tty);
+    c->add_option("--baud", monitor.opt.baud, "speed of a tty")->capture_default_str();
+}
+
+static void watch_add(CLI::App &app) {
+    options &o = monitor.opt;
     CLI::App *w = app.add_subcommand("watch", "forward between a host and a panel, and decode");
-    filters(w);
-    panel_line(w);
-    w->add_option("--host", host_tty, "the tty that leads to the host");
-    w->add_option("--host-link", host_link, "or a link to create for a pseudo-terminal that the host opens");
+    filters_add(w);
+    panel_line_add(w);
+    CLI::Option *tty = w->add_option("--host", monitor.host.line.tty, "the tty that leads to the host");
+    w->add_option("--host-link", monitor.host.line.link,
+                  "or a link to create for a pseudo-terminal that the host opens")
+        ->excludes(tty);
     w->add_option("--head", o.head, "head bytes of the project")->capture_default_str();
     w->add_flag("--crc", o.crc, "the project has crc_en");
     w->add_option("--gap", o.gap_ms, "ms of silence that end an incomplete frame")
         ->capture_default_str()
         ->check(CLI::Range(1, 10000));
     w->add_option("--record", o.record, "record all frames to this file");
-    w->add_option("--seconds", o.seconds, "exit after this many seconds");
+    w->add_option("--seconds", o.seconds, "exit after this many seconds; 0 for never")->check(CLI::Range(0.0, 1e9));
+}
+
+static CLI::App *show_add(CLI::App &app) {
     CLI::App *s = app.add_subcommand("show", "decode a recording");
-    s->add_option("file", o.file, "the recording")->required();
-    filters(s);
+    s->add_option("file", monitor.opt.file, "the recording")->required();
+    filters_add(s);
+    return s;
+}
+
+static CLI::App *replay_add(CLI::App &app) {
+    options &o = monitor.opt;
     CLI::App *r =
         app.add_subcommand("replay", "send the host's frames of a recording, and compare the panel's answers");
     r->add_option("file", o.file, "the recording")->required();
@@ -418,19 +376,56 @@ int main(int argc, char **argv) {
     r->add_option("--speed", o.speed, "factor; 2 is twice as fast")
         ->capture_default_str()
         ->check(CLI::Range(0.01, 100.0));
-    r->add_option("--wait", o.wait_ms, "ms to wait for a missing answer")->capture_default_str();
-    panel_line(r);
-    CLI11_PARSE(app, argc, argv);
+    r->add_option("--wait", o.wait_ms, "ms to wait for a missing answer")
+        ->capture_default_str()
+        ->check(CLI::Range(0, 1000000));
+    panel_line_add(r);
+    return r;
+}
 
+// Says what is wrong with the command line; without a valid command, which ones there are.
+static std::string usage_fault(const CLI::App *app, const CLI::Error &fault) {
+    const std::vector<std::string> left = app->remaining();
+    const bool named = !left.empty() && left[0][0] != '-';
+    const std::string text = !app->get_subcommands().empty() ? fault.what()
+                             : named                         ? "unknown command \"" + left[0] + "\""
+                                                             : "a command is missing";
+    const char *commands = app->get_subcommands().empty() ? "; the commands are watch, show and replay" : "";
+    return "zof_monitor: " + text + commands + "\nRun with --help for more information.\n";
+}
+
+static bool line_open(side &s, bool host) {
+    s.cut.from_host = host;
+    s.line.baud = monitor.opt.baud;
+    return wire_plug(s.line);
+}
+
+static int run(bool replays) {
+    if (!replays && (!settings_take("--head") || !lines_differ())) {
+        return 2;
+    }
+    if (!line_open(monitor.panel, false) || (!replays && !line_open(monitor.host, true))) {
+        return 2;
+    }
+    return replays ? replay() : watch();
+}
+
+int main(int argc, char **argv) {
+    CLI::App app("Decodes the frames between a host and a panel, records them to a file, and replays it.\n"
+                 "Example:  zof_monitor watch --panel-link /tmp/panel --host-link /tmp/host\n"
+                 "then start the panel with ZOF_COM5=/tmp/panel, and a host on /tmp/host.");
+    app.require_subcommand(1);
+    app.failure_message(usage_fault);
+    watch_add(app);
+    const CLI::App *shows = show_add(app), *replays = replay_add(app);
+    CLI11_PARSE(app, argc, argv);
     signal(SIGINT, on_signal);
     signal(SIGTERM, on_signal);
-    if (s->parsed()) {
-        return show_recording();
-    }
-    const bool lines = settings_take() && line_open(monitor.panel, false, panel_tty, panel_link, baud) &&
-                       (r->parsed() || line_open(monitor.host, true, host_tty, host_link, baud));
-    const int result = !lines ? 2 : r->parsed() ? replay() : watch();
+    const int result = shows->parsed() ? show_recording() : run(replays->parsed());
     wire_unplug(monitor.host.line);
     wire_unplug(monitor.panel.line);
-    return result;
+    if (monitor.print_fault) {
+        fail("standard output: " + reason(monitor.print_fault));
+    }
+    return monitor.print_fault ? 1 : result;
 }
