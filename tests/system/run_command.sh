@@ -16,6 +16,14 @@ start board build/release/tools/board_sim --link "$work/board"
 expect "$work/board"
 check ZOF_COM6="$work/board"
 
+# With an update disk there are no pages to take pictures of.
+update=build/release/panel/disk/U/zof_update
+mkdir -p "$update"
+status=0
+env -u DISPLAY -u WAYLAND_DISPLAY ZOF_COM6="$work/board" ./run >"$work/run.log" 2>&1 || status=$?
+rmdir "$update"
+[ $status -eq 1 ] && grep -q "update screen" "$work/run.log" && ! grep -q Volts "$work/run.log" || fail "an update is not reported"
+
 # Release programs are hardened; the flags are read back from the programs, not from the build files.
 has() { readelf -W $2 "$1" 2>/dev/null | grep -Eq -- "$3" || fail "$1: $4"; }
 for program in panel/zof_bench tools/board_sim tools/zof_monitor tools/zof_ids clients/c/example/host_example; do
