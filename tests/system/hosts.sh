@@ -43,6 +43,12 @@ expect "$work/gallery.monitor.log" 'value slider.value view=5 control=23 value=7
 expect "$work/bench.monitor.log" 'write label.text view=1 control=17 text="0.04 V"'
 ! grep -q '!!' "$work"/*.monitor.log || fail "a fault on a good line"
 
+for words in "1x 17" "1 65536" "-1 17" "1 17 0" "1 17 1 1"; do
+    status=0
+    "$build/clients/c/example/host_example" /dev/null $words 2>"$work/example.log" || status=$?
+    [ $status -eq 2 ] && grep -Eq 'is a number from|usage' "$work/example.log" || fail "the example accepts \"$words\""
+done
+
 # Replays a recording to the gallery, which must answer as recorded. Half a second between frames is enough for any
 # machine.
 "$build/tools/zof_monitor" show "$work/gallery.rec" --only slider.value | grep -q 'write slider.value view=5 control=23 value=77' ||

@@ -5,6 +5,7 @@
 #define _DEFAULT_SOURCE
 #include <errno.h>
 #include <fcntl.h>
+#include <limits.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -81,11 +82,28 @@ static const char *line_open(const char *port) {
     return tcsetattr(line, TCSANOW, &t) == 0 ? NULL : strerror(errno);
 }
 
+// Takes a number from `min` to `max`; returns 0 after a message.
+static int number(const char *name, const char *digits, long min, long max, long *out) {
+    char *end;
+    errno = 0;
+    *out = strtol(digits, &end, 10);
+    if (end == digits || *end || errno || *out < min || *out > max) {
+        fprintf(stderr, "%s is a number from %ld to %ld, not \"%s\"\n", name, min, max, digits);
+        return 0;
+    }
+    return 1;
+}
+
 int main(int argc, char **argv) {
     static uint8_t rx[256], tx[256];
     zof_host_t host;
-    if (argc < 4) {
+    long view, control, count = 0;
+    if (argc < 4 || argc > 5) {
         fprintf(stderr, "usage: host PORT VIEW CONTROL [COUNT]\n");
+        return 2;
+    }
+    if (!number("VIEW", argv[2], 0, UINT16_MAX, &view) || !number("CONTROL", argv[3], 0, UINT16_MAX, &control) ||
+        (argc > 4 && !number("COUNT", argv[4], 1, INT_MAX, &count))) {
         return 2;
     }
     const char *why = line_open(argv[1]);
@@ -93,8 +111,6 @@ int main(int argc, char **argv) {
         fprintf(stderr, "%s: %s\n", argv[1], why);
         return 2;
     }
-    const uint16_t view = (uint16_t)atoi(argv[2]), control = (uint16_t)atoi(argv[3]);
-    const int count = argc > 4 ? atoi(argv[4]) : 0;
     memset(&host, 0, sizeof(host));
     host.head_fh = 90, host.head_fl = 165;
     host.timeout_ms = 1000, host.byte_us = 11;
@@ -108,8 +124,8 @@ int main(int argc, char **argv) {
         if (!zof_host_poll(&host, now_ms())) { // everything is sent and answered
             snprintf(text, sizeof(text), "%d.%02d V", value / 100, value % 100);
             value++;
-            zof_host_set_label_text(&host, view, control, text);
-            zof_host_get_label_text(&host, view, control);
+            zof_host_set_label_text(&host, (uint16_t)view, (uint16_t)control, text);
+            zof_host_get_label_text(&host, (uint16_t)view, (uint16_t)control);
         }
     }
     return 0;
