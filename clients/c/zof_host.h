@@ -264,7 +264,7 @@ static inline int zof_host_set_system_standby_state(zof_host_t *host, uint8_t st
     return zof_host_end(host);
 }
 
-// Makes a language of the project the current one and renews all texts.
+// Makes a language of the project the current one and updates all texts.
 // Carries: text name
 #define ZOF_HOST_SYSTEM_LANGUAGE 0x03B00700ul
 static inline int zof_host_set_system_language(zof_host_t *host, const char *name) {

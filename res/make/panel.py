@@ -26,6 +26,8 @@ EN = {
     "auto_arm": "Auto arm", "auto_arm_hint": "After a rail is applied",
     "turn_on": "Turn output on", "turn_off": "Turn output off", "select": "Select a rail", "use": "Use %u.%02u V",
     "applied": "Applied", "fixed_rail": "Fixed rail", "adjustable_rail": "Adjustable rail",
+    "update_running": "Updating. Please do not switch off.",
+    "update_done": "Update finished: %1 files copied, %2 failed. Please switch off and on again.",
 }
 DE = {
     "tab_output": "Ausgang", "tab_rails": "Profile", "tab_settings": "Einstellungen", "tab_about": "Info",
@@ -36,6 +38,8 @@ DE = {
     "auto_arm": "Auto-Aktivierung", "auto_arm_hint": "Nachdem ein Profil gewählt ist",
     "turn_on": "Ausgang einschalten", "turn_off": "Ausgang ausschalten", "select": "Profil wählen", "use": "%u.%02u V setzen",
     "applied": "Gesetzt", "fixed_rail": "Festes Profil", "adjustable_rail": "Einstellbar",
+    "update_running": "Daten werden aktualisiert. Bitte nicht ausschalten.",   # the update screen's font has no umlauts
+    "update_done": "Update beendet: %1 Dateien kopiert, %2 Fehler. Bitte aus- und wieder einschalten.",
 }
 # Those that the panel's code writes: in English if a language does not have them.
 PROGRAM_TEXTS = ("turn_on", "turn_off", "select", "use", "applied", "fixed_rail", "adjustable_rail")

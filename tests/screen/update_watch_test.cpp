@@ -37,6 +37,10 @@ static std::string shown() {
     return form("%d|%s", lv_bar_get_value(bar), lv_label_get_text(lv_obj_get_child(lv_scr_act(), 2)));
 }
 
+static std::string running() {
+    return lv_label_get_text(lv_obj_get_child(lv_scr_act(), 1));
+}
+
 static std::string reason() {
     return lv_label_get_text(lv_obj_get_child(lv_scr_act(), 3));
 }
@@ -145,4 +149,18 @@ TEST_CASE("a disk may update the card") {
     renew(&project, "U/zof_update_t/a");
     CHECK(contains(shown(), "success 1 , fail 0"));
     CHECK(file_text(disk + "T/a") == "new");
+}
+
+TEST_CASE("the words of the update screen come from the project's language, in which only the counts are replaced") {
+    temp_project_t project;
+    project.write("config/languages/en.g", R"({"update_running": "wait %s", "update_done": "%2 of %%1%n failed"})");
+    watch_open(&project);
+    CHECK(zof_lang_set("en") == 0);
+    put("U/zof_update/a", "1");
+    screen_step(200);
+    CHECK(running() == "wait %s");
+    copy_wait();
+    printed([] { screen_step(400); });
+    CHECK(shown() == "100|0 of %1%n failed");
+    CHECK(running() == ""); // it must not ask for power and for a restart at once
 }

@@ -105,9 +105,9 @@ zof_drv_t *zof_drv_uart_open(zof_uart_cfg_t *cfg) {
     if (!cfg) {
         return nullptr;
     }
-    zof_printf("zof uart port=%d speed_e=%d,bit_e=%d,parity_e=%d,stop_e=%d\n", cfg->port, cfg->speed_e, cfg->bit_e,
-               cfg->parity_e, cfg->stop_e);
     const s32 port = resolve_port(cfg);
+    zof_printf("zof uart port=%d speed_e=%d,bit_e=%d,parity_e=%d,stop_e=%d\n", port, cfg->speed_e, cfg->bit_e,
+               cfg->parity_e, cfg->stop_e);
     if (port < 0) {
         return nullptr;
     }

@@ -8,6 +8,7 @@
 #include "drv/zof_drv_file.h"
 #include "func/zof_dir_copy.h"
 #include "lvgl.h"
+#include "project/look/zof_lang.h"
 #include "project/path/zof_res.h"
 #include "project/view/zof_view.h"
 #include "zof_lib/zof_stdio.h"
@@ -15,7 +16,7 @@
 
 #define MEDIA "../disk/"
 
-enum { PERIOD_MS = 200, WATCH_MS = 60000, BAR_HEIGHT = 50, PATH_SIZE = 256, NOTHING_PAINTED = 255 };
+enum { PERIOD_MS = 200, WATCH_MS = 60000, BAR_HEIGHT = 50, PATH_SIZE = 256, RESULT_SIZE = 300, NOTHING_PAINTED = 255 };
 
 static struct {
     zof_task_t *schedule_task;
@@ -62,6 +63,12 @@ static void screen_build() {
     lv_obj_align_to(screen.reason, screen.bar1, LV_ALIGN_OUT_BOTTOM_LEFT, 0, 10);
 }
 
+// Returns the project's own text in the current language, or `fixed` if it has none.
+static const char *words(const char *key, const char *fixed) {
+    const char *own = zof_lang_get_cur_str(key);
+    return own == key ? fixed : own;
+}
+
 static void views_hide() {
     zof_view_hide_layer(ZOF_LAYER_BG);
     zof_view_hide_layer(ZOF_LAYER_STATE);
@@ -76,7 +83,9 @@ void zof_func_bar_show(const char *name) {
     lv_label_set_text(screen.label1, "");
     lv_label_set_text(screen.label3, "");
     lv_label_set_text(screen.reason, "");
-    lv_label_set_text_fmt(screen.label2, "upgrading %s,pls don't turn off the power", name ? name : "");
+    char fixed[PATH_SIZE];
+    snprintf(fixed, sizeof(fixed), "upgrading %s,pls don't turn off the power", name ? name : "");
+    lv_label_set_text(screen.label2, words("#update_running", fixed));
     lv_bar_set_value(screen.bar1, 0, LV_ANIM_OFF);
     watch.last_schedule = 0;
     views_hide();
@@ -90,12 +99,28 @@ static void bar_paint(u32 percent) {
     views_hide();
 }
 
+// Writes the result with its counts in place of "%1" and "%2". A language file is data, so its text is not a format.
+static void result_text(char *out, size_t size, u32 suc, u32 fail) {
+    size_t len = 0;
+    for (const char *at = words("#update_done", "upgraded,success %1 , fail %2,pls restart power"); *at; at++) {
+        const bool count = at[0] == '%' && (at[1] == '1' || at[1] == '2');
+        const s32 n = count ? snprintf(out + len, size - len, "%d", (s32)(at[1] == '1' ? suc : fail))
+                            : snprintf(out + len, size - len, "%c", *at);
+        len += (size_t)n < size - len ? (size_t)n : 0;
+        at += count;
+    }
+}
+
+// Asking to restart, the screen no longer asks to leave the power on.
 static void result_paint(u32 suc, u32 fail) {
+    char result[RESULT_SIZE] = "";
     char reason[ZOF_COPY_REASON_SIZE] = "";
     if (fail) {
         zof_dir_copy_get_reason(reason, sizeof(reason));
     }
-    lv_label_set_text_fmt(screen.label3, "upgraded,success %d , fail %d,pls restart power", (s32)suc, (s32)fail);
+    result_text(result, sizeof(result), suc, fail);
+    lv_label_set_text(screen.label2, "");
+    lv_label_set_text(screen.label3, result);
     lv_label_set_text(screen.reason, reason);
 }
 

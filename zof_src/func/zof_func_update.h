@@ -11,7 +11,8 @@ ZOF_C_BEGIN
 // Starts the watch. Returns 0. An application that wants it calls this once, at the end of its zof_main.
 s32 zof_func_schedule(void);
 
-// Shows the progress screen, which it builds the first time, and hides the views above it. `name` is what is updated.
+// Shows the progress screen, which it builds the first time, and hides the views above it. `name` is what is updated,
+// for projects whose language has no text `update_running`.
 void zof_func_bar_show(const char *name);
 
 // Sets the files copied, failed, and to copy. Does nothing before the bar exists and for a sum of 0; repaints when the
