@@ -168,11 +168,11 @@ class Requests(unittest.TestCase):
         self.assertEqual(len(fake.frames), 3)
         said = r"read label.text of view 1, control 7 after \d\.\d\d s and 3 tries.*"
         for answers, why in ((lambda _: [], "answers nothing"),
-                             (lambda frame: [] if frame.payload[0] == 0xB2 else store()(frame), "silent about this")):
+                             (lambda frame: [] if frame.payload[0] == 0xB2 else store()(frame), "answers other requests")):
             panel, _ = self.panel(answers)
             with self.assertRaisesRegex(NoAnswer, said + why) as caught:
                 panel.read(rows.LABEL_TEXT, **self.AT)
-            self.assertEqual(caught.exception.alive, why == "silent about this")
+            self.assertEqual(caught.exception.alive, why == "answers other requests")
 
     def test_a_late_answer_is_no_event_and_a_read_that_looks_like_one_is_asked_once(self) -> None:
         late: list[bytes] = []

@@ -4,8 +4,8 @@
 
 enum { HELD = true }; // the picture is taken before the finger goes up
 
-// One touch on a page: down beside the middle of a control, or on the screen if there is none, a move, and up; then
-// time and a picture.
+// One touch on a page: down beside the middle of a control, or on the screen of a page without controls, a move, and
+// up; then time and a picture.
 struct touch {
     u32 view, control;
     s32 x, y;

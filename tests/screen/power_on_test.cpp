@@ -15,7 +15,7 @@ static zof_prj_t *project_showing(temp_project_t *project, u32 show_en) {
     return prj;
 }
 
-// The overlay's text; "-" when there is none.
+// The overlay's text; "-" without an overlay.
 static std::string overlay() {
     if (lv_obj_get_child_cnt(lv_scr_act()) == 0) {
         return "-";

@@ -75,7 +75,8 @@ TEST_CASE("host frames: every size is sent in its form, including those around 1
     }
 }
 
-TEST_CASE("host frames: wrong heads, missing bytes and bad CRCs are told apart, and nothing beyond the data is read") {
+TEST_CASE("host frames: wrong heads, missing bytes and bad CRCs have different results, and nothing beyond the data is "
+          "read") {
     for (int form = 0; form < 4; form++) {
         const bool crc = form % 2, long_form = form / 2;
         analys_t x(crc);

@@ -80,7 +80,7 @@ static bytes with_text(const std::string &text) {
     return join({LABEL, {text.c_str(), text.c_str() + text.size() + 1}});
 }
 
-TEST_CASE("answers, events and noise are told apart at every split, with and without CRC, in both forms") {
+TEST_CASE("answers, events and noise are distinguished at every split, with and without CRC, in both forms") {
     for (int form = 0; form < 4; form++) {
         const bool crc = form % 2;
         const auto panel = [=](const bytes &payload) { return frame_of(0x11, payload, crc, form / 2); };

@@ -77,8 +77,8 @@ s32 zof_file_exchange(const char *a, const char *b);
 // Removes a file, a link (not what it leads to), or an empty folder. Returns 0 or -1.
 s32 zof_file_remove(const char *path);
 
-// Identifies one state of a file: its size in bytes, the time of its last change and which file it is, all 0 when there
-// is none. Compare with memcmp. Returns 0 or -1. Follows links.
+// Identifies one state of a file: its size in bytes, the time of its last change and which file it is, all 0 if the
+// file does not exist. Compare with memcmp. Returns 0 or -1. Follows links.
 typedef struct {
     u64 size;
     s64 changed_ns;

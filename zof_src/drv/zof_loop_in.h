@@ -21,7 +21,7 @@ struct zof_loop_source {
 struct zof_loop_ops_t {
     bool (*input)();      // graphics thread: takes the window's pending events; true on user input
     void (*wait)(u32 ms); // graphics thread, no lock held: returns after `ms`, at an event of the window, or at a wake
-    void (*wake)();       // any thread, never waits: ends the wait, or the next one if there is none
+    void (*wake)();       // any thread, never waits: ends the current wait, or the next one if the loop does not wait
 };
 extern const zof_loop_ops_t *drv_loop_t; // set once, before the loop starts
 

@@ -167,7 +167,7 @@ const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT] = {
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = func_stdby_state_get,
      .set_fun = func_stdby_state_set},
     {.len = 2, .code = {0x07, 0x00}, .name = "language",
-     .help = "Makes a language of the project the current one and renews all texts.",
+     .help = "Makes a language of the project the current one and updates all texts.",
      .value_names = "name",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = language_set},
 };

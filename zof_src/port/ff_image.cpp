@@ -51,7 +51,7 @@ static bool jpeg_open(ff_media *m, const char *path) {
     return true;
 }
 
-// Returns the first frame of the file; null if there is none.
+// Returns the first frame of the file, or null if it cannot be decoded.
 static AVFrame *frame_load(const char *path) {
     ff_media m = {};
     if (!jpeg_open(&m, path)) {

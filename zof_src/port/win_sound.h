@@ -29,7 +29,7 @@ extern win_sound sound;
 SDL_AudioDeviceID win_device_open(const SDL_AudioSpec *want, SDL_AudioSpec *got);
 void win_device_close(SDL_AudioDeviceID device);
 // Calls `queue` with the device for tones and starts it; the device is opened if necessary and stays open. Returns
-// false with SDL's reason when there is none. Any thread.
+// false with SDL's reason if none can be opened. Any thread.
 bool win_device_tone(const SDL_AudioSpec *want, void (*queue)(SDL_AudioDeviceID device, u32 ms), u32 ms);
 
 // For the playing thread. Opens the device for these samples, of more than 0 Hz; false with SDL's reason. Frames of a

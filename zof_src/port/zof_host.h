@@ -49,8 +49,8 @@ s32 zof_host_file_stamp(const char *path, zof_file_stamp_t *out);
 typedef zof_bool (*zof_file_fault_t)(const char *what, const char *path);
 void zof_file_fault_set(zof_file_fault_t fault);
 
-// Opens a shared library by its plain name ("avcodec") and major version, and leaves it open; null when there is none.
-// The second returns the address of one of its functions, or null.
+// Opens a shared library by its plain name ("avcodec") and major version, and leaves it open; null if it is not
+// installed. The second returns the address of one of its functions, or null.
 void *zof_host_library_open(const char *name, s32 major);
 void *zof_host_library_symbol(void *library, const char *name);
 

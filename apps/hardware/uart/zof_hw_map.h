@@ -92,7 +92,7 @@ constexpr
 #undef REG_ROW
 enum { REG_ROW_COUNT = sizeof(reg_rows) / sizeof(reg_rows[0]) };
 
-// Returns the row of a register, or of the table that contains it; null if there is none.
+// Returns the row of a register, or of the table that contains it; null for an unknown address.
 static inline const reg_row_t *reg_find(unsigned addr) {
     for (int i = 0; i < REG_ROW_COUNT; i++) {
         if (addr >= reg_rows[i].addr && addr < (unsigned)reg_rows[i].addr + reg_rows[i].words) {

@@ -13,14 +13,13 @@ class WrongArgument(PanelError, ValueError, TypeError):
 
 
 class NoAnswer(PanelError, TimeoutError):
-    """A request was not answered in time. `alive`: the panel answered a later request, so it has no answer to this
-    one."""
+    """A request was not answered in time. `alive`: the panel answered a later request, so it refuses this one or does
+    not know it. A missing control is no reason: its reads are answered with an empty text, -1 or 0."""
 
     def __init__(self, what: str, waited_s: float, tries: int, alive: bool) -> None:
         self.what, self.waited_s, self.tries, self.alive = what, waited_s, tries, alive
         times = "" if tries == 1 else f" and {tries} tries"
-        why = ("The panel is running but silent about this: does the control exist, is it of this type, and has its view "
-               "been shown?" if alive else
+        why = ("The panel answers other requests: it refuses this one, or its version does not know it." if alive else
                "The panel answers nothing: do line, rate, head bytes and checksum match its zofhmi.g, and is it running?")
         super().__init__(f"no answer to {what} after {waited_s:.2f} s{times}. {why}")
 
@@ -30,7 +29,8 @@ class Refused(PanelError):
 
 
 class NotTaken(PanelError):
-    """The value read back differs from the one written: it is out of range, or the panel's program wrote its own."""
+    """The value read back differs from the one written: it is out of range, the control does not exist, or the panel's
+    program wrote its own."""
 
     def __init__(self, what: str, wrote: object, reads: object) -> None:
         self.what, self.wrote, self.reads = what, wrote, reads

@@ -104,7 +104,7 @@ class Panel:
         """`timeout_ms`: time-out of one try of a request. `tries`: how often a read is sent. `trace` is called with
         every frame sent or received, on the thread that handles it. `restore`: keep the last value of each setting and
         write it again when the panel has restarted. `reopen` returns a new stream when this one is lost; it raises
-        LineLost or OSError while there is none."""
+        LineLost or OSError while the line cannot be opened."""
         self.settings = settings
         self.project = project
         self.timeout_s = timeout_ms / 1000

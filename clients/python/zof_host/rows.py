@@ -109,7 +109,7 @@ SYSTEM_LANGUAGE: Row[str] = Row(
     (), (),
     (("name", "text"),),
     str, False, True,
-    "Makes a language of the project the current one and renews all texts.")
+    "Makes a language of the project the current one and updates all texts.")
 
 VIEW_DISPLAY: Row[int] = Row(
     "view.display", bytes.fromhex("B1 00"),
