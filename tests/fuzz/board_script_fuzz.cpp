@@ -2,6 +2,7 @@
 #include <sstream>
 
 #include "fuzz.h"
+#include "hardware/uart/zof_hw_text.h"
 #include "script.h"
 
 enum { STEPS = 200, STEP_MAX_MS = 2000 };
