@@ -1,5 +1,7 @@
-#include "zof.h"
+#include "zof_args.h"
+#include "zof_start.h"
 
 int main(int argc, char **argv) {
-    return zof_run(argc, argv);
+    const int status = zof_args_take(&argc, argv);
+    return status >= 0 ? status : zof_run(argc, argv);
 }

@@ -13,6 +13,8 @@
 #include <sys/wait.h>
 
 #include "drv/zof_loop_in.h"
+#include "hardware/uart/zof_hw_port.h"
+#include "hardware/uart/zof_hw_uart.h"
 #include "port/host_linux_line.h"
 #include "port/zof_port.h"
 #include "serial_pty.h"
@@ -248,4 +250,21 @@ TEST_CASE("port: the list has the lines of the system with their adapters, and n
     close(fd);
     open_path(dev + "/ttyUSB10");
     CHECK((info().state == UART_STATE_OPEN && str(info().adapter) == "CP2102?[2J Bridge"));
+
+    CHECK((zof_box_port() == nullptr && zof_box_port_set("") == -1 &&
+           zof_box_port_set(std::string(300, 'x').c_str()) == -1));
+    CHECK((zof_box_port_set("auto") == 0 && str(zof_box_port()).empty())); // there are two
+    REQUIRE(unlink((sys + "/devices/usb1/1-2/idVendor").c_str()) == 0);
+    CHECK((zof_box_port_set("auto") == 0 && zof_box_port() == dev + "/ttyUSB10"));
+
+    // From a port that is not in the list, through the list and back to it.
+    drv_uart = port;
+    const std::string given = folder.path("given");
+    REQUIRE(symlink(lines[3].line.slave_name.c_str(), given.c_str()) == 0);
+    REQUIRE(zof_drv_uart_path_set(port, given.c_str()) == 0);
+    REQUIRE(eventually([&] { return info().path == given; }));
+    for (const std::string &next : {dev + "/ttyS0", dev + "/ttyUSB9", dev + "/ttyUSB10", given, dev + "/ttyS0"}) {
+        CHECK(zof_box_port_next() == 0);
+        CHECK(eventually([&] { return info().path == next && info().state == UART_STATE_OPEN; }));
+    }
 }

@@ -1,5 +1,5 @@
 #!/bin/sh
-# The ways to start the program: without a project, with a broken one, as a build call, with one argument, with --help,
+# The ways to start the program: without a project, with a broken one, as a build call, with wrong arguments, with --help,
 # with its output closed; and the messages of zof_ids for projects that it refuses.      usage: start.sh BUILD_FOLDER
 . "$(dirname "$0")/lib.sh"
 build=$1
@@ -24,27 +24,55 @@ project '{"views": [}'
 ends 1 "$build/panel/zof_bench"
 says "zofprj.g:1:12: parse error"
 [ "$(grep -c "parse error" "$work/out.log")" -eq 1 ] || fail "a fault of the project file is printed twice:"
+# The runtime answers for an application without options of its own.
+gallery=$build/examples/gallery/gallery/gallery
 for word in -h --help; do
+    ends 0 "$gallery" $word
+    for part in "usage: $gallery" --version "ZOF_COM<P>" ZOF_SCRIPT; do says "$part"; done
     ends 0 "$build/panel/zof_bench" $word
-    for part in "usage: $build/panel/zof_bench" --version "ZOF_COM<P>" ZOF_SCRIPT; do says "$part"; done
+    for part in "--port PATH|auto" --list-ports "--replay FILE" ZOF_LINK_TRACE "Exit status: 0"; do says "$part"; done
 done
-ends 0 "$build/panel/zof_bench" --version
-says 1.4.12-251024090648
+for program in "$gallery" "$build/panel/zof_bench"; do
+    ends 0 "$program" --version
+    says 1.4.12-251024090648
+done
+ends 0 "$build/panel/zof_bench" --list-ports
+# Wrong arguments start nothing: the arguments, and the message.
+wrong() {
+    ends 2 "$build/panel/zof_bench" $1
+    says "$2"
+    ! grep -q "sdk:" "$work/out.log" || fail "\"$1\" started the panel:"
+}
+wrong "x y" "not expected: "
+wrong t "not expected: t"
+wrong --port "--port: "
+wrong "--port $(printf %0300d 0)" "too long"
+wrong "--replay /nowhere" "/nowhere: No such file"
+wrong "--replay / --port auto" "excludes"
 
 project '{"version": "1"}'
-ends 0 "$build/panel/zof_bench" x y
-[ ! -s "$work/out.log" ] || fail "a call with unknown arguments printed something:"
 ends 0 "$build/panel/zof_bench" t -tnow
 grep -q '"comp_time":	"now"' "$work/res/config/project/zofprj.g" || fail "the build time is not in the project file"
 
-# A project without views is an empty panel, and a single argument is ignored.
+# A project without views is an empty panel. A port that is given wins over the environment.
 printf 'wait 100\r\n# a comment\nshot %s/empty.png\nquit  \n' "$work" >"$work/session"
-ends 0 env ZOF_SCRIPT="$work/session" ZOF_COM6=/nowhere "$build/panel/zof_bench" t
+ends 0 env ZOF_SCRIPT="$work/session" ZOF_COM6=/other "$build/panel/zof_bench" --port /nowhere
 says "cannot open /nowhere"
 [ -s "$work/empty.png" ] || fail "there is no picture of the empty panel"
 rm "$work/empty.png"
 ZOF_SCRIPT="$work/session" SDL_VIDEODRIVER=offscreen timeout 60 "$build/panel/zof_bench" | true
 [ -s "$work/empty.png" ] || fail "the panel ended when its output was closed"
+# A trace is replayed in the panel's own project, without a port, and may be traced again, but not onto itself.
+replayed() {
+    printf 'until 20000 1 1 20.01\nquit\n' >"$work/session"
+    ends 0 env -C "$build/panel" ZOF_SCRIPT="$work/session" ZOF_LINK_TRACE="$1" ./zof_bench --replay "$work/trace"
+    says "$2"
+    ! grep -q "serial port 6" "$work/out.log" || fail "a replay opened a port"
+}
+printf '2026-11-22T09:00:00.000+01:00 board>panel 5AA5058200104E2C\nnonsense\n' >"$work/trace"
+replayed "$work/again" "trace:2: not a line of a trace"
+grep -q "write 16 LIVE_MV = 20012 mV" "$work/again" || fail "the replay was not traced"
+replayed "$work/trace" "is being replayed"
 # A session with a fault: its text, and the message.
 stops() {
     printf "$1" >"$work/session"

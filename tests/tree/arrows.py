@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """Checks on every #include that dependencies between rooms, and between the floors of a room, run downwards, and that
-nothing above the port includes more than the C and C++ standard libraries, cJSON, LVGL and our own headers.
+nothing above the port includes more than the C and C++ standard libraries, cJSON, LVGL and our own headers; an
+application may include CLI11 too.
 
 usage: arrows.py SOURCE_FOLDER
 """
@@ -28,6 +29,7 @@ C_LIBRARY = set("assert complex ctype errno fenv float inttypes iso646 limits lo
                 " wctype".split())
 GENERATED = {"bench_ids.h", "bench_look.h"}      # from the layout of the panel
 LIBRARIES = {"cjson/cJSON.h", "lvgl.h"}
+APP_LIBRARIES = {"CLI/CLI.hpp"}
 PORT_LIBRARIES = re.compile(r"SDL\.h|libav(codec|format|util)/\w+\.h|libsw(resample|scale)/\w+\.h"
                             r"|src/extra/libs/png/lodepng\.h")
 
@@ -76,7 +78,8 @@ def app_fault(name):
     if re.match(r"port/|drv/zof_[a-z]+_up", name):
         return "the application includes the port or the wiring"
     ours = is_ours(name) or (TOP / "apps" / name).exists() or name in GENERATED
-    return None if ours or is_standard(name) or name in LIBRARIES else f"{name} is not standard, of LVGL or ours"
+    return None if ours or is_standard(name) or name in LIBRARIES | APP_LIBRARIES else \
+        f"{name} is not standard, of LVGL or ours"
 
 
 faults = []

@@ -72,7 +72,6 @@ typedef struct {
     s32 (*close)(zof_drv_t *handle);                       // OPTIONAL: for a port that was opened and cannot be used
     void (*info)(zof_drv_t *handle, zof_uart_info_t *out); // OPTIONAL: all but `bytes`; any thread
     s32 (*path_set)(zof_drv_t *handle, const char *path);  // OPTIONAL: 0 or -1; any thread
-    u32 (*list)(zof_uart_info_t *out, u32 most);           // OPTIONAL: the ports of the system; their number
 } zof_drv_uart_ops_t;
 
 // Set by the port before the first open, and never again.
@@ -110,7 +109,8 @@ s32 zof_drv_uart_info_get(zof_drv_t *handle, zof_uart_info_t *out);
 const char *zof_drv_uart_state_text(const zof_uart_info_t *info, char *out, size_t size);
 
 // Lists the serial ports of the system, at most `most`, in the order of their names, without opening any: one that
-// another program has open counts as held. Returns how many were written. Any thread.
+// another program has open counts as held. Returns how many were written. Any thread, also before the drivers are
+// started.
 u32 zof_drv_uart_list(zof_uart_info_t *out, u32 most);
 
 // Moves a port to another path: the line is closed and the new one tried at once, by the reader thread; sends return -1

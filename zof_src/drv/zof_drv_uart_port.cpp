@@ -54,10 +54,6 @@ s32 zof_drv_uart_set_cfg(zof_drv_t *handle, u32 speed, u32 bit, u32 parity, u32 
     return drv_uart_t->set_cfg(handle, &cfg);
 }
 
-u32 zof_drv_uart_list(zof_uart_info_t *out, u32 most) {
-    return out && drv_uart_t && drv_uart_t->list ? drv_uart_t->list(out, most) : 0;
-}
-
 static const char *held_text(const zof_uart_info_t *info, char *out, size_t size) {
     const char *name = *info->holder ? info->holder : "another program";
     if (info->holder_id) {

@@ -61,14 +61,25 @@ void zof_delay(u32 ms) {
     }
 }
 
-s32 win_rtc_get_time(zof_rtc_time_t *out) {
-    const time_t now = time(nullptr);
+s32 win_rtc_get_stamp(zof_rtc_stamp_t *out) {
+    timespec now;
     tm local;
-    if (!localtime_r(&now, &local)) {
+    if (clock_gettime(CLOCK_REALTIME, &now) != 0 || !localtime_r(&now.tv_sec, &local)) {
         return -1;
     }
-    *out = {(u16)(local.tm_year + 1900), (u8)(local.tm_mon + 1), (u8)local.tm_mday,
-            (u8)local.tm_hour,           (u8)local.tm_min,       (u8)local.tm_sec};
+    out->time = {(u16)(local.tm_year + 1900), (u8)(local.tm_mon + 1), (u8)local.tm_mday,
+                 (u8)local.tm_hour,           (u8)local.tm_min,       (u8)local.tm_sec};
+    out->ms = (u16)(now.tv_nsec / 1000000);
+    out->zone = (s16)(local.tm_gmtoff / 60);
+    return 0;
+}
+
+s32 win_rtc_get_time(zof_rtc_time_t *out) {
+    zof_rtc_stamp_t now;
+    if (win_rtc_get_stamp(&now) != 0) {
+        return -1;
+    }
+    *out = now.time;
     return 0;
 }
 

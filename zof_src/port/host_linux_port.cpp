@@ -153,7 +153,7 @@ static int port_filter(const dirent *entry) {
     return entry->d_name[0] != '.' && is_port(entry->d_name);
 }
 
-u32 win_uart_list(zof_uart_info_t *out, u32 most) {
+u32 zof_drv_uart_list(zof_uart_info_t *out, u32 most) {
     char path[128];
     snprintf(path, sizeof(path), "%s/class/tty", roots.sys);
     dirent **names;

@@ -55,13 +55,22 @@ const char *zof_system_get_name(void) {
 }
 
 // Without a local time zone by thread the time is UTC.
-s32 win_rtc_get_time(zof_rtc_time_t *out) {
-    const auto now = std::chrono::system_clock::now();
+s32 win_rtc_get_stamp(zof_rtc_stamp_t *out) {
+    const auto now = std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());
     const auto day = std::chrono::floor<std::chrono::days>(now);
     const std::chrono::year_month_day date(day);
-    const std::chrono::hh_mm_ss clock(std::chrono::floor<std::chrono::seconds>(now - day));
-    *out = {(u16)(int)date.year(),     (u8)(unsigned)date.month(),  (u8)(unsigned)date.day(),
-            (u8)clock.hours().count(), (u8)clock.minutes().count(), (u8)clock.seconds().count()};
+    const std::chrono::hh_mm_ss clock(now - day);
+    out->time = {(u16)(int)date.year(),     (u8)(unsigned)date.month(),  (u8)(unsigned)date.day(),
+                 (u8)clock.hours().count(), (u8)clock.minutes().count(), (u8)clock.seconds().count()};
+    out->ms = (u16)clock.subseconds().count();
+    out->zone = 0;
+    return 0;
+}
+
+s32 win_rtc_get_time(zof_rtc_time_t *out) {
+    zof_rtc_stamp_t now;
+    win_rtc_get_stamp(&now);
+    *out = now.time;
     return 0;
 }
 
@@ -302,7 +311,7 @@ s32 win_uart_path_set(zof_drv_t *handle, const char *path) {
     return -1;
 }
 
-u32 win_uart_list(zof_uart_info_t *out, u32 most) {
+u32 zof_drv_uart_list(zof_uart_info_t *out, u32 most) {
     (void)out;
     (void)most;
     return 0;

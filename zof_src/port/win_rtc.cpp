@@ -12,6 +12,7 @@ static s32 win_rtc_set_time(const zof_rtc_time_t *t) {
 }
 
 void win_rtc_init(void) {
-    static constexpr zof_drv_rtc_ops_t ops = {.get_time = win_rtc_get_time, .set_time = win_rtc_set_time};
+    static constexpr zof_drv_rtc_ops_t ops = {
+        .get_time = win_rtc_get_time, .set_time = win_rtc_set_time, .get_stamp = win_rtc_get_stamp};
     zof_rtc_t = &ops;
 }

@@ -42,7 +42,6 @@ void win_uart_init(void) {
         .close = win_uart_close,
         .info = win_uart_info,
         .path_set = win_uart_path_set,
-        .list = win_uart_list,
     };
     drv_uart_t = &ops;
 }

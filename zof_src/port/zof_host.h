@@ -13,7 +13,7 @@ ZOF_C_BEGIN
 
 // The host also implements these of drv/zof_drv.h and drv/zof_drv_file.h itself: zof_sys_time_ms, zof_delay,
 // zof_system_start, zof_system_get_name, zof_opendir, zof_readdir, zof_closedir, zof_file_size, zof_folder_unlock and
-// zof_file_error.
+// zof_file_error; and zof_drv_uart_list of drv/zof_drv_uart.h.
 
 // Tests can replace the clock: zof_sys_time_ms and zof_delay then use the test's alone. `clock` is kept, not copied;
 // null restores the host's own.
@@ -23,8 +23,9 @@ typedef struct {
 } zof_clock_t;
 void zof_clock_set(const zof_clock_t *clock);
 
-// The clock's row in the table of win_rtc.cpp. Returns local date and time: 0, or -1 when they are not available.
+// The clock's rows in the table of win_rtc.cpp. They return local date and time: 0, or -1 when they are not available.
 s32 win_rtc_get_time(zof_rtc_time_t *out);
+s32 win_rtc_get_stamp(zof_rtc_stamp_t *out);
 
 s32 zof_host_mkdir(const char *path);                  // 0, 1 when the name exists already, -1
 s32 zof_host_rename(const char *from, const char *to); // replaces `to` in one step; 0 or -1
@@ -82,7 +83,6 @@ s32 win_uart_receive(zof_drv_t *handle, u8 *buffer, u32 size);
 s32 win_uart_close(zof_drv_t *handle);
 void win_uart_info(zof_drv_t *handle, zof_uart_info_t *out);
 s32 win_uart_path_set(zof_drv_t *handle, const char *path);
-u32 win_uart_list(zof_uart_info_t *out, u32 most);
 
 ZOF_C_END
 

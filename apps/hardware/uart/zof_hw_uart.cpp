@@ -1,7 +1,11 @@
 // The register link: both ends share an image of 16-bit registers, which either side updates with frames without
 // checksum, acknowledgement or repetition. The program never polls; the board pushes its values.
+#include <stdlib.h>
 #include <string.h>
 
+#include "hardware/uart/zof_hw_port.h"
+#include "hardware/uart/zof_hw_replay.h"
+#include "hardware/uart/zof_hw_trace.h"
 #include "hardware/uart/zof_hw_uart.h"
 
 enum { RX_SIZE = 2048, FRAME_MIN = 6, REPORT_WORDS_MAX = 125, REPORT_SIZE = 257 };
@@ -13,21 +17,71 @@ static u16 ctrlreg[(u32)REG_MAX + WORDS_MAX + 1];
 
 // Bytes kept from earlier messages, then the joined data during analysis: as much as the driver delivers at once.
 static u8 RX_HAND_BUF[RX_SIZE + FRAME_MIN];
+static u16 last_data_num; // bytes kept from the last message
 
 zof_drv_t *drv_uart;
+zof_link_count_t g_link;
+static zof_link_state_fun link_state_fun;
+
+static void bytes_skip(const u8 *data, u32 size) {
+    g_link.skipped += size;
+    zof_trace_skipped(data, size);
+}
+
+static void kept_drop() {
+    bytes_skip(RX_HAND_BUF, last_data_num);
+    last_data_num = 0;
+}
+
+static void link_changed(const zof_uart_info_t *info) {
+    char text[128];
+    zof_trace_remark(info->path, zof_drv_uart_state_text(info, text, sizeof(text)));
+    kept_drop();
+    if (link_state_fun) {
+        link_state_fun(info);
+    }
+}
+
+void zof_link_on_change(zof_link_state_fun fun) {
+    link_state_fun = fun;
+}
+
+static void trace_init() {
+    const char *where = getenv("ZOF_LINK_TRACE");
+    if (zof_replay_reads(where)) {
+        zof_printf("ZOF_LINK_TRACE: %s is being replayed", where);
+        where = nullptr;
+    }
+    zof_trace_start(where);
+}
+
+static void replay_init() {
+    zof_uart_info_t info;
+    if (zof_box_port_info(&info) == 0) {
+        link_changed(&info);
+    }
+    zof_replay_start(recive_data_handle, RX_SIZE);
+}
 
 void zof_uart_init(void) {
     zof_lang_on_change(panel_lang_changed);
+    trace_init();
+    if (zof_replay_file()) {
+        replay_init();
+        return;
+    }
     zof_uart_cfg_t cfg = {
         .win_port = -1,
-        .port = 6,
+        .port = ZOF_BOX_PORT,
         .speed_e = UART_SPEED_115200,
         .bit_e = UART_BIT_8,
         .parity_e = UART_PARITY_NONE,
         .stop_e = UART_STOP_1,
+        .path = zof_box_port(),
     };
     drv_uart = zof_drv_uart_open(&cfg);
     if (drv_uart) {
+        zof_drv_uart_state_set_bfun(drv_uart, link_changed);
         zof_drv_uart_rev_set_bfun(drv_uart, recive_data_handle, RX_SIZE);
     }
 }
@@ -48,6 +102,13 @@ s32 zof_reg_get(u16 addr) {
     return addr > REG_MAX ? -1 : ctrlreg[addr];
 }
 
+// Every frame to the board passes here.
+static s32 frame_send(const u8 *frame, u32 size) {
+    const s32 sent = zof_replay_file() ? (s32)size : zof_drv_uart_send(drv_uart, frame, size);
+    zof_trace_sent(frame, size, sent >= 0);
+    return sent;
+}
+
 s32 zof_reg_com_send(u16 addr, u16 len) {
     if (addr > REG_MAX) {
         return -1;
@@ -60,7 +121,7 @@ s32 zof_reg_com_send(u16 addr, u16 len) {
         frame[size++] = (u8)(ctrlreg[addr + k] >> 8);
         frame[size++] = (u8)ctrlreg[addr + k];
     }
-    return zof_drv_uart_send(drv_uart, frame, size);
+    return frame_send(frame, size);
 }
 
 s32 zof_reg_report(u16 addr, u16 value) {
@@ -102,34 +163,53 @@ s32 zof_comm_handle(u8 *data) {
     return 0;
 }
 
+// Whether a whole frame of a valid register begins here. `rest` bytes are there, at least FRAME_MIN.
+static bool frame_begins(const u8 *data, u32 rest) {
+    return data[0] == REG_HEAD0 && data[1] == REG_HEAD1 && data[2] + 3u <= rest && (data[4] << 8 | data[5]) <= REG_MAX;
+}
+
+// Runs the frames in the buffer. Returns how many of its bytes are done with.
+static u32 frames_take(u32 n) {
+    u32 i = 0, done = 0; // `done`: the end of the last frame
+    while (i + FRAME_MIN <= n) {
+        u8 *frame = RX_HAND_BUF + i;
+        if (!frame_begins(frame, n - i)) {
+            i++;
+            continue;
+        }
+        const u32 size = frame[2] + 3u;
+        bytes_skip(RX_HAND_BUF + done, i - done);
+        zof_trace_received(frame, size);
+        g_link.frames++;
+        g_link.last_ms = zof_sys_time_ms();
+        zof_comm_handle(frame);
+        i = done = i + size;
+    }
+    bytes_skip(RX_HAND_BUF + done, i - done);
+    return i;
+}
+
 // An incomplete frame is skipped byte by byte, and only the last bytes after the scan are kept: the driver delivers
 // whole bursts, so a frame cut after its fifth byte is broken. Kept bytes are not joined with a message that arrives
 // more than a second later, because they would belong to another frame.
 void recive_data_handle(u8 *databuf, u32 datalen) {
-    static u16 last_data_num; // bytes kept from the last message
-    static u32 last_ms;       // time of the last message
+    static u32 last_ms; // time of the last message
     if (!databuf) {
         return;
     }
     const u32 now = zof_sys_time_ms();
     if (now - last_ms > KEPT_MS) {
-        last_data_num = 0;
+        kept_drop();
     }
     last_ms = now;
     const u32 room = (u32)sizeof(RX_HAND_BUF) - last_data_num;
     const u32 fresh = datalen > room ? room : datalen;
     memcpy(RX_HAND_BUF + last_data_num, databuf, fresh);
-    const u16 n = (u16)(last_data_num + fresh);
-    u16 i = 0;
+    const u32 n = last_data_num + fresh;
     zof_reg_delivery_begin();
-    while (n >= FRAME_MIN && i <= n - FRAME_MIN) {
-        u8 *frame = RX_HAND_BUF + i;
-        if (frame[0] == REG_HEAD0 && frame[1] == REG_HEAD1 && frame[2] <= n - i - 3 && zof_comm_handle(frame) == 0) {
-            i = (u16)(i + frame[2] + 2);
-        }
-        i++;
-    }
-    last_data_num = i < n ? (u16)(n - i) : 0;
-    memmove(RX_HAND_BUF, RX_HAND_BUF + i, last_data_num);
+    const u32 done = frames_take(n);
+    last_data_num = (u16)(n - done);
+    memmove(RX_HAND_BUF, RX_HAND_BUF + done, last_data_num);
     zof_reg_delivery_end();
+    bytes_skip(databuf + fresh, datalen - fresh);
 }

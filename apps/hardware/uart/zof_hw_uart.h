@@ -19,8 +19,21 @@ extern u8 g_prof_n, g_sel;                      // rails in it; the selected one
 extern u8 g_panel_up;                           // the adjust panel counts as shown
 extern zof_drv_t *drv_uart;                     // the open port, or null
 
-// Starts the hardware of the box; called once, after the first view is shown. A port that cannot be opened is not
-// fatal.
+// What has arrived since the start.
+typedef struct {
+    u32 frames;
+    u32 last_ms; // when the last one arrived, by zof_sys_time_ms
+    u32 skipped; // bytes that were not part of a frame
+} zof_link_count_t;
+extern zof_link_count_t g_link;
+
+// Called after each change of the port's state, and once at the start; for a replay at its start. Under dis_mutex, so
+// it may send: what it sends is the first thing on a line that has just been opened.
+typedef void (*zof_link_state_fun)(const zof_uart_info_t *info);
+void zof_link_on_change(zof_link_state_fun fun); // before zof_hw_init; null: none
+
+// Starts the hardware of the box, or the replay; called once, after the first view is shown. A port that cannot be
+// opened is not fatal.
 void zof_hw_init(void);
 void zof_uart_init(void);
 
