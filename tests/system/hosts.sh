@@ -49,6 +49,21 @@ for words in "1x 17" "1 65536" "-1 17" "1 17 0" "1 17 1 1"; do
     [ $status -eq 2 ] && grep -Eq 'is a number from|usage' "$work/example.log" || fail "the example accepts \"$words\""
 done
 
+# A host whose cable is pulled reports it.
+start cable "$build/tools/zof_monitor" watch --host-link "$work/cable" --panel-link "$work/far"
+cable=$!
+expect "$work/cable"
+start watch /usr/bin/python3 -m zof_host --port "$work/far" watch
+start example "$build/clients/c/example/host_example" "$work/cable" 1 1
+example=$!
+expect "$work/cable.log" 'host > *write system.touch_config'
+expect "$work/cable.log" '< panel'
+kill "$cable"
+status=0
+wait "$example" || status=$?
+[ $status -eq 1 ] && grep -q "cable: " "$work/example.log" || fail "the example does not report a lost line"
+expect "$work/watch.log" "the line is gone"
+
 # Replays a recording to the gallery, which must answer as recorded. Half a second between frames is enough for any
 # machine.
 "$build/tools/zof_monitor" show "$work/gallery.rec" --only slider.value | grep -q 'write slider.value view=5 control=23 value=77' ||

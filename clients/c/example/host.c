@@ -16,9 +16,10 @@
 
 #include "zof_host.h"
 
-static int line;      // file descriptor
-static char text[32]; // what the label should show
-static int shown;     // values read back as written
+static int line;         // file descriptor
+static char text[32];    // what the label should show
+static int shown;        // values read back as written
+static const char *lost; // why the line has ended; null while it is open
 
 static uint16_t line_write(void *user, const uint8_t *bytes, uint16_t size) {
     const ssize_t n = write(*(int *)user, bytes, size);
@@ -27,6 +28,11 @@ static uint16_t line_write(void *user, const uint8_t *bytes, uint16_t size) {
 
 static uint16_t line_read(void *user, uint8_t *bytes, uint16_t size) {
     const ssize_t n = read(*(int *)user, bytes, size);
+    if (n == 0 && size) {
+        lost = "the line is gone";
+    } else if (n < 0 && errno != EAGAIN && errno != EINTR) {
+        lost = strerror(errno);
+    }
     return n > 0 ? (uint16_t)n : 0;
 }
 
@@ -120,7 +126,7 @@ int main(int argc, char **argv) {
     zof_host_init(&host);
     setvbuf(stdout, NULL, _IOLBF, 0);
     on_restart(&host, 0); // the panel may have been running for a long time
-    for (int value = 0; count == 0 || shown < count; usleep(1000)) {
+    for (int value = 0; !lost && (count == 0 || shown < count); usleep(1000)) {
         if (!zof_host_poll(&host, now_ms())) { // everything is sent and answered
             snprintf(text, sizeof(text), "%d.%02d V", value / 100, value % 100);
             value++;
@@ -128,5 +134,8 @@ int main(int argc, char **argv) {
             zof_host_get_label_text(&host, (uint16_t)view, (uint16_t)control);
         }
     }
-    return 0;
+    if (lost) {
+        fprintf(stderr, "%s: %s\n", argv[1], lost);
+    }
+    return lost ? 1 : 0;
 }

@@ -115,6 +115,8 @@ def reports_on(panel: Panel) -> int:
             panel.write(rows.SYSTEM_TOUCH_CONFIG, flags | REPORT_PRESS_RELEASE)
             return flags
         except (NoAnswer, LineLost):
+            while event := panel.event(0):
+                print(event_words(event), flush=True)
             time.sleep(WAIT_S)
 
 
@@ -217,8 +219,9 @@ def run(args: argparse.Namespace) -> None:
         elif args.command == "watch":
             watch(panel, asked, args.every / 1000)
         else:
-            for _ in panel.events():
-                pass
+            for event in panel.events():
+                if isinstance(event, (LineGone, LineBack)):
+                    print(f"zof_host: {event_words(event)}", file=sys.stderr, flush=True)
 
 
 def main() -> int:
