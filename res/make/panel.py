@@ -27,7 +27,7 @@ EN = {
     "turn_on": "Turn output on", "turn_off": "Turn output off", "select": "Select a rail", "use": "Use %u.%02u V",
     "applied": "Applied", "fixed_rail": "Fixed rail", "adjustable_rail": "Adjustable rail",
     "update_running": "Updating. Please do not switch off.",
-    "update_done": "Update finished: %1 files copied, %2 failed. Please switch off and on again.",
+    "update_done": "Update finished. Files copied: %1, failed: %2. Please switch off and on again.",
 }
 DE = {
     "tab_output": "Ausgang", "tab_rails": "Profile", "tab_settings": "Einstellungen", "tab_about": "Info",
@@ -39,7 +39,7 @@ DE = {
     "turn_on": "Ausgang einschalten", "turn_off": "Ausgang ausschalten", "select": "Profil wählen", "use": "%u.%02u V setzen",
     "applied": "Gesetzt", "fixed_rail": "Festes Profil", "adjustable_rail": "Einstellbar",
     "update_running": "Daten werden aktualisiert. Bitte nicht ausschalten.",   # the update screen's font has no umlauts
-    "update_done": "Update beendet: %1 Dateien kopiert, %2 Fehler. Bitte aus- und wieder einschalten.",
+    "update_done": "Update beendet. Kopierte Dateien: %1, Fehler: %2. Bitte aus- und wieder einschalten.",
 }
 # Those that the panel's code writes: in English if a language does not have them.
 PROGRAM_TEXTS = ("turn_on", "turn_off", "select", "use", "applied", "fixed_rail", "adjustable_rail")
