@@ -51,7 +51,7 @@ static u8 *content_read(FILE *f, u32 most, u32 *size, const char **why) {
     }
     auto *content = (u8 *)zof_malloc((size_t)length);
     *size = content ? (u32)fread(content, 1, (size_t)length, f) : 0;
-    *why = "no memory";
+    *why = content ? nullptr : "no memory";
     return content;
 }
 

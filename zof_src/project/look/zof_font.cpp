@@ -152,9 +152,11 @@ static bool content_load(zof_font_t *entry, const char *path, const char **why) 
 
 // Returns null on failure, with the reason in *why.
 static lv_font_t *ttf_create(zof_font_t *entry, const char *path, u32 size, const char **why) {
+    *why = "larger than 2000";
     if (size > FONT_SIZE_MAX || !content_load(entry, path, why)) {
         return nullptr;
     }
+    *why = "not a font, or too complex";
     lv_ft_info_t info = {};
     info.name = path;
     info.mem = entry->content;
@@ -193,7 +195,7 @@ static lv_font_t *font_open(zof_font_t *entry, const char *path, const char *nam
     if (!IsTTFFile(name)) {
         return bin_create(path, name);
     }
-    const char *why = "not a font, or too complex";
+    const char *why = nullptr;
     lv_font_t *font = ttf_create(entry, path, size, &why);
     if (!font) {
         zof_printf("font %s: refused at size %u (%s); the default font is used", path, size, why);
