@@ -61,7 +61,6 @@
 #include "control/zof_listtxt.h"
 #include "control/zof_mbox.h"
 #include "control/zof_obj.h"
-#include "control/zof_picture.h"
 #include "control/zof_qrcode.h"
 #include "control/zof_rollist.h"
 #include "control/zof_scrollcont.h"
@@ -74,6 +73,7 @@
 #include "control/zof_txt.h"
 #include "control/zof_txtbox.h"
 #include "control/zof_video.h"
+#include "project/look/zof_picture.h"
 
 #include "func/zof_dir_copy.h"
 #include "func/zof_func.h"

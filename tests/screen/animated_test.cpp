@@ -117,7 +117,7 @@ TEST_CASE("an image sequence shows its numbers in order, pass by pass") {
                                           "11111111111 "  // no pass is left
                                           "11111111111"); // 3 % 2, 4 % 2, 3 % 2...
     });
-    CHECK(said == project.path("image/mixed/2.png") + ": cannot be read\n");
+    CHECK(said == project.path("image/mixed/2.png") + ": cannot be opened\n");
 }
 
 TEST_CASE("an image sequence reports whether it plays, has stopped or was paused, and works without pictures") {

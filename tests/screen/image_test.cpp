@@ -46,6 +46,15 @@ static u32 size_costs(const std::string &path) {
     return zof_mem_fail_at(0);
 }
 
+TEST_CASE("a background picture that cannot be shown is reported") {
+    view_project_t project;
+    project.shown_keys = R"("bg_image": "none.png")";
+    project.write("image/text.png", "text");
+    const std::string said = project.show({ctrl(ZOF_CTRL_OBJ, 1, "", "", R"({"img_t": {"bg_img": "text.png"}})")});
+    CHECK(said == project.path("image/text.png") + ": not a PNG picture\n" + project.path("image/none.png") +
+                      ": cannot be opened\n");
+}
+
 TEST_CASE("a picture is decoded again only when its file changes") {
     view_project_t project;
     project.image("red.png", 20, 20, RED);
@@ -97,7 +106,7 @@ TEST_CASE("an image button shows the picture of its state, in the middle of its 
                            box(100, 100, 60, 60)),
                       ctrl(ZOF_CTRL_IMGBTN, 2, R"("img_rel": "none.png", "mode": 1)", box(200, 100, 60, 60)),
                       ctrl(ZOF_CTRL_IMGBTN, 3, R"("img_rel": "none.png", "img_pr": "none.png")", box(0, 0, 60, 60))});
-    CHECK(said == project.path("image/none.png") + ": cannot be read\n"); // once
+    CHECK(said == project.path("image/none.png") + ": cannot be opened\n"); // once
     screen_check({{130, 130, RED}, {113, 130, 0}});
     screen_press(130, 130);
     screen_check({{113, 130, GREEN}, {108, 130, 0}});

@@ -23,12 +23,12 @@ TEST_CASE("odd texts, maps, files and sizes of controls are reported or accepted
         {ZOF_CTRL_BTNMATRIX, R"("btnmatrix_txt": [)" + map + R"("\n"])", huge},
         {ZOF_CTRL_TXTBOX, R"("accept_txt": ")" + text + R"(", "pwd_mode_en": true, "init_txt": ")" + text + "\"", huge},
         {ZOF_CTRL_KEYBOARD, R"("keyboard_spell": true, "mode": 8, "popovers": true)", none,
-         ": mode: 8 is not from 0 to 7; "},
+         ".mode: 8 is not from 0 to 7; "},
         {ZOF_CTRL_KEYBOARD, R"("cn_font_lib": "../../none.ttf", "cn_font_size": 4294967295)", huge},
         {ZOF_CTRL_MBOX, mbox, huge},
         {ZOF_CTRL_LIST, R"("btns_t": [{}, {"image_num": "none.png"}, {"txt": "a"}])", none,
-         "none.png: cannot be read\n"},
-        {ZOF_CTRL_DROPLIST, roll, small, ": dir_t: 77 is not from 0 to 8; "},
+         "none.png: cannot be opened\n"},
+        {ZOF_CTRL_DROPLIST, roll, small, ".dir_t: 77 is not from 0 to 8; "},
         {ZOF_CTRL_ROLLIST, roll, small, "only the first 4096 lines"},
         {ZOF_CTRL_ROLLIST, R"("options": "", "row_cnt": 1, "rol_mode": 1)", small},
         {ZOF_CTRL_TABLE, R"("row_cnt": 256, "col_cnt": 256)", small, ": 256 by 256 are too many cells"},
@@ -41,17 +41,23 @@ TEST_CASE("odd texts, maps, files and sizes of controls are reported or accepted
         {ZOF_CTRL_ANIMIMG, R"("end_id": 3, "repeat_count": 9, "img_dsc_t": ")" + std::string(200, 'd') + "\"", small,
          "image sequence: the path of its folder is too long\n"},
         {ZOF_CTRL_ANIMIMG, R"("end_id": 3, "repeat_count": 9, "img_dsc_t": "none")", small,
-         "image/none/0.png: cannot be read\n"},
+         "image/none/0.png: cannot be opened\n"},
         {ZOF_CTRL_ANIMIMG, R"("end_id": 65535, "repeat_open": 1, "repeat_count": 1)", small,
          "image sequence: no folder is given\n"},
-        {ZOF_CTRL_IMG, R"("init_img": "wide.png")", small, "image/wide.png: cannot be read\n"}, // once
+        {ZOF_CTRL_IMG, R"("init_img": "wide.png")", small, "image/wide.png: cannot be decoded"}, // once
         {ZOF_CTRL_IMG, R"("init_img": "wide.png")", small},
-        {ZOF_CTRL_IMG, R"("init_img": "high.jpg")", small, "image/high.jpg: cannot be read\n"},
+        {ZOF_CTRL_IMG, R"("init_img": "high.jpg")", small, "image/high.jpg: cannot be decoded"},
+        {ZOF_CTRL_IMG, R"("init_img": "text.png")", small, "image/text.png: not a PNG picture\n"},
+        {ZOF_CTRL_IMGBTN, R"("img_rel": "text.JPG")", small, "image/text.JPG: not a JPEG picture\n"},
+        {ZOF_CTRL_IMG, R"("init_img": "cut.png")", small, "image/cut.png: cannot be decoded: damaged, or too large\n"},
         {ZOF_CTRL_TABLE, R"("row_cnt": 3, "col_cnt": 300)", box(0, 0, 100, 10)},
         {ZOF_CTRL_TABLE, R"("row_cnt": 2, "col_cnt": 2)", box(0, 100, 4194304, 10)},
     };
     view_project_t project;
     std::filesystem::copy(ZOF_MEDIA_DIR, project.path("image"), std::filesystem::copy_options::recursive);
+    project.write("image/text.png", "\x89PN");
+    project.write("image/text.JPG", "text");
+    project.write("image/cut.png", file_text(project.path("image/kinds/RGB.png")).substr(0, 20));
     std::vector<std::string> controls;
     for (const auto &row : rows) {
         controls.push_back(ctrl(row.type, (u32)controls.size() + 1, row.own, row.pub));
@@ -61,7 +67,7 @@ TEST_CASE("odd texts, maps, files and sizes of controls are reported or accepted
     for (const auto &row : rows) {
         CHECK_MESSAGE(contains(said, row.said), row.said);
     }
-    CHECK(said.find("wide.png: cannot be read") == said.rfind("wide.png: cannot be read"));
+    CHECK(said.find("wide.png: cannot be decoded") == said.rfind("wide.png: cannot be decoded"));
     CHECK(zof_btnmatrix_get_btn_text(at(1), 3000) == nullptr);
     zof_btnmatrix_set_btn_ctrl_all(at(2), 0xFFFF);
     zof_keyboard_set_txtbox(at(5), at(3));

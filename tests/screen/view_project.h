@@ -42,15 +42,18 @@ template <u32 ID> zof_view_fun_t view_row() {
             [] { calls += " entry" + name; }, [] { calls += " exit" + name; }};
 }
 
-// One entry of a view's controls. Keys given in `own` (the type's) and `pub` (the common ones) come before the
-// defaults.
+// One entry of a view's controls. Keys given in `own` (the type's) and `pub` (the common ones) replace the defaults.
 inline std::string ctrl(u32 type, u32 id, const std::string &own = "", const std::string &pub = "",
                         const std::string &styles = "") {
-    return form(R"({"type": %u, "theme": "youth", "property": {"pub_t": {%s"name": "c%u", "id": %u, )"
-                R"("pt": {"x": 0, "y": 0}, "size": {"width": 100, "height": 40}, "t_mode": 1, "alpha": 255}%s, )"
+    std::string common = pub.empty() ? "" : pub + ", ";
+    for (const char *key : {R"("pt": {"x": 0, "y": 0})", R"("size": {"width": 100, "height": 40})", R"("t_mode": 1)",
+                            R"("alpha": 255)"}) {
+        const std::string name(key, strchr(key, ':') + 1);
+        common += contains(pub, name) ? "" : key + std::string(", ");
+    }
+    return form(R"({"type": %u, "theme": "youth", "property": {"pub_t": {%s"name": "c%u", "id": %u}%s, )"
                 R"("styles": [%s]}})",
-                type, (pub.empty() ? "" : pub + ", ").c_str(), id, id, (own.empty() ? "" : ", " + own).c_str(),
-                styles.c_str());
+                type, common.c_str(), id, id, (own.empty() ? "" : ", " + own).c_str(), styles.c_str());
 }
 
 inline std::string box(s32 x, s32 y, s32 width, s32 height) {

@@ -4,7 +4,7 @@
 #include <stdio.h>
 #include <string.h>
 
-#include "control/zof_picture.h"
+#include "project/look/zof_picture.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"

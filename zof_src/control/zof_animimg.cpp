@@ -6,14 +6,10 @@
 #include "project/path/zof_res.h"
 
 const reflect_item_t zof_animimg_attr_t_tbl[] = {
-    CSON_OBJ(zof_animimg_attr_t, pub_t, zof_pub_attr_t_tbl),
-    CSON_TEXT(zof_animimg_attr_t, img_dsc_t),
-    CSON_INT(zof_animimg_attr_t, frame_rate),
-    CSON_INT(zof_animimg_attr_t, repeat_open),
-    CSON_INT(zof_animimg_attr_t, repeat_count),
-    CSON_INT(zof_animimg_attr_t, start_id),
-    CSON_INT(zof_animimg_attr_t, end_id),
-    CSON_END,
+    ZOF_CTRL_KEYS(zof_animimg_attr_t),          CSON_TEXT(zof_animimg_attr_t, img_dsc_t),
+    CSON_INT(zof_animimg_attr_t, frame_rate),   CSON_INT(zof_animimg_attr_t, repeat_open),
+    CSON_INT(zof_animimg_attr_t, repeat_count), CSON_INT(zof_animimg_attr_t, start_id),
+    CSON_INT(zof_animimg_attr_t, end_id),       CSON_END,
 };
 
 const zof_ctrl_class_t zof_animimg_class = {

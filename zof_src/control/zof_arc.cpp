@@ -2,7 +2,7 @@
 #include "control/zof_arc.h"
 
 #include "control/zof_ctrl_in.h"
-#include "control/zof_picture.h"
+#include "project/look/zof_picture.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -13,13 +13,12 @@ const reflect_item_t zof_angle_t_tbl[] = {
 };
 
 const reflect_item_t zof_range_t_tbl[] = {
-    CSON_INT(zof_range_t, minValue),
-    CSON_INT(zof_range_t, maxValue),
+    CSON_ENDS(zof_range_t, minValue, maxValue),
     CSON_END,
 };
 
 const reflect_item_t zof_arc_attr_t_tbl[] = {
-    CSON_OBJ(zof_arc_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_arc_attr_t),
     CSON_OBJ(zof_arc_attr_t, angle_t, zof_angle_t_tbl),
     CSON_INT(zof_arc_attr_t, arc_value),
     CSON_ENUM(zof_arc_attr_t, mode_e, LV_ARC_MODE_REVERSE + 1),

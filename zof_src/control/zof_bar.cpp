@@ -6,9 +6,8 @@
 #include "project/look/zof_style.h"
 
 const reflect_item_t zof_bar_attr_t_tbl[] = {
-    CSON_OBJ(zof_bar_attr_t, pub_t, zof_pub_attr_t_tbl),
-    CSON_INT(zof_bar_attr_t, minValue),
-    CSON_INT(zof_bar_attr_t, maxValue),
+    ZOF_CTRL_KEYS(zof_bar_attr_t),
+    CSON_ENDS(zof_bar_attr_t, minValue, maxValue),
     CSON_INT(zof_bar_attr_t, anim_time),
     CSON_END,
 };

@@ -8,7 +8,7 @@
 #include "project/look/zof_style.h"
 
 const reflect_item_t zof_btnmatrix_attr_t_tbl[] = {
-    CSON_OBJ(zof_btnmatrix_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_btnmatrix_attr_t),
     CSON_INT(zof_btnmatrix_attr_t, btnmatrix_num),
     CSON_ARR(zof_btnmatrix_attr_t, btnmatrix_txt, stringReflectTbl, sizeof(char *), "btnmatrix_num"),
     CSON_END,

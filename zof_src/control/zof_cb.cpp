@@ -7,7 +7,7 @@
 #include "project/look/zof_style.h"
 
 const reflect_item_t zof_cb_attr_t_tbl[] = {
-    CSON_OBJ(zof_cb_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_cb_attr_t),
     CSON_TEXT(zof_cb_attr_t, txt),
     CSON_END,
 };

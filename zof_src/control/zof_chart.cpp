@@ -21,7 +21,7 @@ const reflect_item_t zof_chart_marks_t_tbl[] = {
 };
 
 const reflect_item_t zof_chart_attr_t_tbl[] = {
-    CSON_OBJ(zof_chart_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_chart_attr_t),
     CSON_ENUM(zof_chart_attr_t, dis_type_e, LV_CHART_TYPE_SCATTER + 1),
     CSON_INT(zof_chart_attr_t, dis_mode_e),
     CSON_INT(zof_chart_attr_t, y_min),

@@ -187,33 +187,6 @@ static bool control_build(zof_view_node_t *view, para_t *record, zof_j2s_walk_t 
     return true;
 }
 
-// The positions in the file where ids were seen, from 1; in pages, because few views use many of the 65,536 ids.
-enum { PAGE = 256 };
-typedef struct {
-    s32 *pages[UINT16_MAX / PAGE + 1];
-} places_t;
-
-// Records the position of an id and returns 0, or returns the position that it already has. Without memory does
-// nothing.
-static s32 place_note(places_t *places, u32 id, s32 place) {
-    s32 **page = &places->pages[id / PAGE];
-    if (!*page) {
-        *page = (s32 *)zof_malloc(PAGE * sizeof(s32));
-    }
-    if (!*page) {
-        return 0;
-    }
-    const s32 noted = (*page)[id % PAGE];
-    (*page)[id % PAGE] = noted ? noted : place;
-    return noted;
-}
-
-static void places_free(places_t *places) {
-    for (s32 *page : places->pages) {
-        zof_free(page);
-    }
-}
-
 // Creates the control with an id, or moves it into its place; false at an entry that ends the walk.
 static bool control_visit(zof_view_node_t *view, u32 id, bool pub, zof_j2s_walk_t *walk) {
     para_t *record = (para_t *)__db_list_search_node(view->ctrl_list, &id);
@@ -236,22 +209,12 @@ static bool control_visit(zof_view_node_t *view, u32 id, bool pub, zof_j2s_walk_
 }
 
 static void controls_walk(zof_view_node_t *view, zof_j2s_walk_t *walk) {
-    places_t places = {};
     u32 id = 0;
     u32 pub = 0;
     bool more = true;
     while (more && zof_j2s_walk_para(walk, &id, &pub) == 0) {
-        id = (u16)id; // as wide as the record's
-        const s32 first = place_note(&places, id, walk->index + 1);
-        if (first) {
-            zof_printf("%s: controls[%d]: controls[%d] has the id %u already; it is left out\n", walk->path,
-                       walk->index, first - 1, id);
-            zof_j2s_walk_next(walk);
-        } else {
-            more = control_visit(view, id, pub == 1, walk);
-        }
+        more = control_visit(view, (u16)id, pub == 1, walk); // as wide as the record's
     }
-    places_free(&places);
 }
 
 // Starts at the file that the view's node was made from when that is still there.

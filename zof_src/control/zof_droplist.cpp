@@ -7,7 +7,7 @@
 #include "zof_lib/zof_stdio.h"
 
 const reflect_item_t zof_droplist_attr_t_tbl[] = {
-    CSON_OBJ(zof_droplist_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_droplist_attr_t),
     CSON_TEXT(zof_droplist_attr_t, options),
     CSON_ENUM(zof_droplist_attr_t, dir_t, LV_DIR_BOTTOM + 1),
     CSON_INT(zof_droplist_attr_t, anim_time),

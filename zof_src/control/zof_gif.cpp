@@ -3,11 +3,11 @@
 #include "control/zof_gif.h"
 
 #include "control/zof_ctrl_in.h"
-#include "control/zof_picture.h"
+#include "project/look/zof_picture.h"
 #include "project/path/zof_res.h"
 
 const reflect_item_t zof_gif_attr_t_tbl[] = {
-    CSON_OBJ(zof_gif_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_gif_attr_t),
     CSON_TEXT(zof_gif_attr_t, init_gif),
     CSON_BOOL(zof_gif_attr_t, play_en),
     CSON_INT(zof_gif_attr_t, num),

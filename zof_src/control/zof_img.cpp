@@ -2,13 +2,13 @@
 #include "control/zof_img.h"
 
 #include "control/zof_ctrl_in.h"
-#include "control/zof_picture.h"
 #include "project/look/zof_lang.h"
+#include "project/look/zof_picture.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
 
 const reflect_item_t zof_img_attr_t_tbl[] = {
-    CSON_OBJ(zof_img_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_img_attr_t),
     CSON_TEXT(zof_img_attr_t, init_img),
     CSON_OBJ(zof_img_attr_t, rotate_pt, zof_point_t_tbl),
     CSON_INT(zof_img_attr_t, init_angel),

@@ -3,14 +3,14 @@
 
 #include "control/zof_btn.h"
 #include "control/zof_ctrl_in.h"
-#include "control/zof_picture.h"
 #include "control/zof_txt_in.h"
 #include "project/look/zof_lang.h"
+#include "project/look/zof_picture.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
 const reflect_item_t zof_imgbtn_attr_t_tbl[] = {
-    CSON_OBJ(zof_imgbtn_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_imgbtn_attr_t),
     CSON_INT(zof_imgbtn_attr_t, mode),
     CSON_INT(zof_imgbtn_attr_t, pos_mode_e),
     CSON_TEXT(zof_imgbtn_attr_t, txt),

@@ -12,7 +12,7 @@
 #include "project/look/zof_style.h"
 
 const reflect_item_t zof_keyboard_attr_t_tbl[] = {
-    CSON_OBJ(zof_keyboard_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_keyboard_attr_t),
     CSON_BOOL(zof_keyboard_attr_t, keyboard_spell),
     CSON_ENUM(zof_keyboard_attr_t, mode, LV_KEYBOARD_MODE_USER_4 + 1),
     CSON_BOOL(zof_keyboard_attr_t, popovers),

@@ -8,7 +8,7 @@
 #include "project/look/zof_style.h"
 
 const reflect_item_t zof_label_attr_t_tbl[] = {
-    CSON_OBJ(zof_label_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_label_attr_t),
     CSON_INT(zof_label_attr_t, auto_hight),
     CSON_ENUM(zof_label_attr_t, dis_mode_e, LV_LABEL_LONG_CLIP + 1),
     CSON_INT(zof_label_attr_t, animspeed),

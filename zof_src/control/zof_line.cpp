@@ -13,7 +13,7 @@ const reflect_item_t zof_line_disp_t_tbl[] = {
 };
 
 const reflect_item_t zof_line_attr_t_tbl[] = {
-    CSON_OBJ(zof_line_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_line_attr_t),
     CSON_OBJ(zof_line_attr_t, dis_t, zof_line_disp_t_tbl),
     CSON_END,
 };

@@ -5,9 +5,9 @@
 #include "control/zof_ctrl_in.h"
 #include "control/zof_img.h"
 #include "control/zof_label.h"
-#include "control/zof_picture.h"
 #include "control/zof_txt_in.h"
 #include "project/look/zof_lang.h"
+#include "project/look/zof_picture.h"
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -18,7 +18,7 @@ const reflect_item_t zof_list_btn_t_tbl[] = {
 };
 
 const reflect_item_t zof_list_attr_t_tbl[] = {
-    CSON_OBJ(zof_list_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_list_attr_t),
     CSON_INT(zof_list_attr_t, list_count),
     CSON_ARR(zof_list_attr_t, btns_t, zof_list_btn_t_tbl, sizeof(zof_list_btn_t), "list_count"),
     CSON_INT(zof_list_attr_t, anim_time),

@@ -8,7 +8,7 @@
 #include "project/look/zof_style.h"
 
 const reflect_item_t zof_mbox_attr_t_tbl[] = {
-    CSON_OBJ(zof_mbox_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_mbox_attr_t),
     CSON_TEXT(zof_mbox_attr_t, title),
     CSON_TEXT(zof_mbox_attr_t, txt),
     CSON_INT(zof_mbox_attr_t, btn_num),

@@ -8,7 +8,7 @@
 #include "zof_lib/zof_stdio.h"
 
 const reflect_item_t zof_qrcode_attr_t_tbl[] = {
-    CSON_OBJ(zof_qrcode_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_qrcode_attr_t),
     CSON_INT(zof_qrcode_attr_t, bg_color),
     CSON_INT(zof_qrcode_attr_t, color),
     CSON_TEXT(zof_qrcode_attr_t, txt),

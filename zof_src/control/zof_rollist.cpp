@@ -6,14 +6,10 @@
 #include "project/look/zof_style.h"
 
 const reflect_item_t zof_rollist_attr_t_tbl[] = {
-    CSON_OBJ(zof_rollist_attr_t, pub_t, zof_pub_attr_t_tbl),
-    CSON_TEXT(zof_rollist_attr_t, options),
-    CSON_INT(zof_rollist_attr_t, rol_mode),
-    CSON_INT(zof_rollist_attr_t, row_cnt),
-    CSON_INT(zof_rollist_attr_t, anim_time),
-    CSON_ENUM(zof_rollist_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),
-    CSON_INT(zof_rollist_attr_t, ext_sel_width),
-    CSON_END,
+    ZOF_CTRL_KEYS(zof_rollist_attr_t),           CSON_TEXT(zof_rollist_attr_t, options),
+    CSON_INT(zof_rollist_attr_t, rol_mode),      CSON_INT(zof_rollist_attr_t, row_cnt),
+    CSON_INT(zof_rollist_attr_t, anim_time),     CSON_ENUM(zof_rollist_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),
+    CSON_INT(zof_rollist_attr_t, ext_sel_width), CSON_END,
 };
 
 const zof_ctrl_class_t zof_rollist_class = {

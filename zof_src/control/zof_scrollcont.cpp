@@ -12,7 +12,7 @@
 enum { DIR_HORIZONTAL, DIR_VERTICAL, DIR_COUNT };
 
 const reflect_item_t zof_scrollcont_attr_t_tbl[] = {
-    CSON_OBJ(zof_scrollcont_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_scrollcont_attr_t),
     CSON_INT(zof_scrollcont_attr_t, child_cnt),
     CSON_INT(zof_scrollcont_attr_t, display_count),
     CSON_ENUM(zof_scrollcont_attr_t, dir, DIR_COUNT),
@@ -26,7 +26,7 @@ const reflect_item_t zof_scrollcont_attr_t_tbl[] = {
 };
 
 const reflect_item_t zof_scrollcont_obj_attr_t_tbl[] = {
-    CSON_OBJ(zof_scrollcont_obj_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_scrollcont_obj_attr_t),
     CSON_INT(zof_scrollcont_obj_attr_t, create_num),
     CSON_END,
 };

@@ -9,7 +9,7 @@
 #include "zof_lib/zof_stdio.h"
 
 const reflect_item_t zof_sketchpad_attr_t_tbl[] = {
-    CSON_OBJ(zof_sketchpad_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_sketchpad_attr_t),
     CSON_INT(zof_sketchpad_attr_t, toolbar),
     CSON_INT(zof_sketchpad_attr_t, line_width),
     CSON_END,

@@ -5,9 +5,8 @@
 #include "control/zof_ctrl_in.h"
 
 const reflect_item_t zof_slider_attr_t_tbl[] = {
-    CSON_OBJ(zof_slider_attr_t, pub_t, zof_pub_attr_t_tbl),
-    CSON_INT(zof_slider_attr_t, minValue),
-    CSON_INT(zof_slider_attr_t, maxValue),
+    ZOF_CTRL_KEYS(zof_slider_attr_t),
+    CSON_ENDS(zof_slider_attr_t, minValue, maxValue),
     CSON_INT(zof_slider_attr_t, anim_time),
     CSON_END,
 };

@@ -7,7 +7,7 @@
 #include "zof_lib/zof_stdio.h"
 
 const reflect_item_t zof_spinbox_attr_t_tbl[] = {
-    CSON_OBJ(zof_spinbox_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_spinbox_attr_t),
     CSON_INT(zof_spinbox_attr_t, range_min),
     CSON_INT(zof_spinbox_attr_t, range_max),
     CSON_INT(zof_spinbox_attr_t, step),

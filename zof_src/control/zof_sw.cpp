@@ -5,7 +5,7 @@
 #include "project/look/zof_style.h"
 
 const reflect_item_t zof_sw_attr_t_tbl[] = {
-    CSON_OBJ(zof_sw_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_sw_attr_t),
     CSON_INT(zof_sw_attr_t, anim_time),
     CSON_END,
 };

@@ -7,7 +7,7 @@
 #include "zof_lib/zof_stdio.h"
 
 const reflect_item_t zof_table_attr_t_tbl[] = {
-    CSON_OBJ(zof_table_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_table_attr_t),
     CSON_INT(zof_table_attr_t, row_cnt),
     CSON_INT(zof_table_attr_t, col_cnt),
     CSON_ENUM(zof_table_attr_t, align_table, LV_TEXT_ALIGN_RIGHT + 1),

@@ -8,7 +8,7 @@
 #include "zof_lib/zof_stdio.h"
 
 const reflect_item_t zof_tileview_attr_t_tbl[] = {
-    CSON_OBJ(zof_tileview_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_tileview_attr_t),
     CSON_INT(zof_tileview_attr_t, anim_time),
     CSON_INT(zof_tileview_attr_t, count),
     CSON_INT(zof_tileview_attr_t, start_id),
@@ -17,7 +17,7 @@ const reflect_item_t zof_tileview_attr_t_tbl[] = {
 };
 
 const reflect_item_t zof_tile_attr_t_tbl[] = {
-    CSON_OBJ(zof_tile_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_tile_attr_t),
     CSON_INT(zof_tile_attr_t, row_id),
     CSON_INT(zof_tile_attr_t, col_id),
     CSON_ENUM(zof_tile_attr_t, dir, LV_DIR_ALL + 1),

@@ -10,7 +10,7 @@
 #include "zof_lib/zof_stdio.h"
 
 const reflect_item_t zof_txtbox_attr_t_tbl[] = {
-    CSON_OBJ(zof_txtbox_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_txtbox_attr_t),
     CSON_INT(zof_txtbox_attr_t, line_mode),
     CSON_ENUM(zof_txtbox_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),
     CSON_ENUM(zof_txtbox_attr_t, holder_txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),

@@ -9,7 +9,7 @@
 #include "project/path/zof_res.h"
 
 const reflect_item_t zof_video_attr_t_tbl[] = {
-    CSON_OBJ(zof_video_attr_t, pub_t, zof_pub_attr_t_tbl),
+    ZOF_CTRL_KEYS(zof_video_attr_t),
     CSON_BOOL(zof_video_attr_t, play_en),
     CSON_TEXT(zof_video_attr_t, txt),
     CSON_INT(zof_video_attr_t, volume),

@@ -10,6 +10,8 @@
 #include "drv/zof_drv.h"
 #include "func/zof_func_stdby.h"
 #include "lvgl.h"
+#include "project/path/zof_res.h"
+#include "project/read/zof_fault.h"
 #include "project/zof_prj.h"
 #include "project/zof_ver.h"
 #include "zof_lib/zof_stdio.h"
@@ -176,7 +178,9 @@ void zof_func_show_prj_para(void) {
     zof_drv_get_wh_max_value(&w, &h);
     char text[96];
     snprintf(text, sizeof(text), "The maximum width and height are %dx%d", (s32)w, (s32)h);
-    zof_printf("%s\n", text);
+    const zof_prj_attr_t *prj = zof_prj_get_cur()->attr;
+    const char *key = (u32)prj->width > w ? "width" : "height";
+    zof_fault_of_key(zof_prj_file_path(), key, "%d by %d pixels are too many. %s", prj->width, prj->height, text);
     lv_obj_t *label = lv_label_create(lv_scr_act());
     lv_label_set_text(label, text);
     lv_obj_center(label);

@@ -7,6 +7,7 @@
 #include "hmi/zof_hmi_analys.h"
 #include "hmi/zof_hmi_sync.h"
 #include "project/path/zof_res.h"
+#include "project/read/zof_fault.h"
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -26,7 +27,11 @@ s32 zof_hmi_attr_init(void) {
     }
     *g_hmi_attr = {};
     zof_rootjson_t file = RootJsonGet(path);
-    const s32 result = file.root ? GetHmiStruct(file.root, g_hmi_attr) : -1;
+    s32 result = -1;
+    if (file.root) {
+        const zof_fault_scope scope(path, file.root);
+        result = GetHmiStruct(file.root, g_hmi_attr);
+    }
     RootJsonDel(&file);
     if (result == 0 && g_hmi_attr->hmi_en && g_hmi_attr->head_fh == g_hmi_attr->head_fl) {
         zof_printf(HMI_FILE ": head_fh and head_fl are both %d; they must differ, so no link is opened",

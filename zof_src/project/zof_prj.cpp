@@ -56,7 +56,7 @@ zof_prj_t *zof_prj_obj_create(const char *path) {
         return nullptr;
     }
     zof_prj_set_cur(prj); // first: all paths are relative to the current project
-    prj->attr = zof_j2s_get_prj_attr(zof_res_get_prjfile_path("config/project/", "zofprj.g"));
+    prj->attr = zof_j2s_get_prj_attr(zof_prj_file_path());
     if (!prj->attr) {
         return prj_give_up(prj);
     }

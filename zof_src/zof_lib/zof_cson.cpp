@@ -2,6 +2,7 @@
 // printing and releasing share.
 #include "zof_lib/zof_cson.h"
 
+#include <cctype>
 #include <cstring>
 
 #include "zof_lib/zof_cson_in.h"
@@ -14,6 +15,14 @@ const reflect_item_t realReflectTbl[] = {{"0Real", 0, sizeof(double), CSON_REAL,
 
 zof_bool cson_table_is_basic(const reflect_item_t *table) {
     return table->key && table->key[0] == '0';
+}
+
+zof_bool cson_same_key(const char *a, const char *b) {
+    while (*a && std::tolower((u8)*a) == std::tolower((u8)*b)) {
+        a++;
+        b++;
+    }
+    return *a == *b;
 }
 
 const reflect_item_t *cson_row_find(const reflect_item_t *table, const char *key) {

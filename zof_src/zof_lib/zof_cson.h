@@ -26,6 +26,7 @@ enum {
     CSON_NULLABLE = 1,    // a failure of this row does not stop the record
     CSON_SKIP_DECODE = 2, // the row is for encoding only
     CSON_SKIP_ENCODE = 4, // the row is for decoding only
+    CSON_LOW_END = 8,     // an integer that should not be above that of the next row
     CSON_VALUES_SHIFT = 8 // from this bit on, for an enumeration: how many values it has, which count from 0
 };
 
@@ -69,6 +70,13 @@ typedef struct reflect_item {
     { #field, offsetof(T, field), sizeof(((T *)0)->field), CSON_OBJECT, tbl, 0, 0, CSON_NULLABLE }
 #define CSON_ARR(T, field, tbl, item, count) \
     { #field, offsetof(T, field), sizeof(((T *)0)->field), CSON_ARRAY, tbl, item, count, CSON_NULLABLE }
+// Two rows: the ends of a range, which are reported when they are in the wrong order.
+#define CSON_ENDS(T, low, high)                                                                           \
+    {#low, offsetof(T, low), sizeof(((T *)0)->low), CSON_INTEGER, 0, 0, 0, CSON_NULLABLE | CSON_LOW_END}, \
+        CSON_INT(T, high)
+// A key that is known, but not decoded.
+#define CSON_KNOWN(name) \
+    { name, 0, 0, CSON_NULL, 0, 0, 0, CSON_NULLABLE | CSON_SKIP_DECODE | CSON_SKIP_ENCODE }
 #define CSON_END \
     { 0, 0, 0, 0, 0, 0, 0, 0 }
 
@@ -101,6 +109,8 @@ typedef struct {
     void *(*array)(void);
     s32 (*array_add)(void *array, void *item);
     s32 (*object_set_new)(void *obj, const char *key, void *item); // 0, or -1 with the item released
+    void *(*member_next)(const void *obj, const void *member);     // as array_next, over the members of an object
+    const char *(*member_key)(const void *member);
 } cson_interface;
 
 extern const cson_interface csomImpl;
@@ -109,15 +119,25 @@ typedef void (*cson_visit)(void *field, const reflect_item_t *row);
 
 // Fills `record` from a parsed JSON object, row by row. A key that is missing or does not fit leaves its field
 // unchanged, so that one object can overlay another. Numbers are truncated towards zero; 2147483647 reads as 0.
-// A number that an enumeration does not have is logged and counts as missing. Texts
-// and arrays are allocated with zof_malloc and belong to the record; what a field pointed to before is not released.
-// Bad elements of an array are dropped and the following ones close up. The tree may be deleted afterwards. Returns
-// CSON_OK, or the code of the first failing row that is not nullable; the rows after it are not read then.
+// A value of the wrong kind and a number out of range count as missing. They are
+// reported as faults, and so are keys without a row, keys given twice, and ends in the wrong order. Texts and arrays
+// are allocated with zof_malloc and belong to the record; what a field pointed to before is not released. Bad elements
+// of an array are dropped and the following ones close up. The tree may be deleted afterwards. Returns CSON_OK, or the
+// code of the first failing row that is not nullable; the rows after it are not read then.
 s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *table);
 
-// Sets what the calling thread's messages about values begin with: "name: ", or "name: list[index]: " with a list. At
-// most 255 bytes of the name are copied, none for null; `list` is null or a text that stays valid.
-void csonSource(const char *name, const char *list, s32 index);
+// The same without reports, for a part of an object that is decoded again as a whole.
+s32 csonPeek(const void *json, void *record, const reflect_item_t *table);
+
+// Reports the keys of an object that have no row, and those given twice.
+void csonKeys(const void *json, const reflect_item_t *table);
+
+// Receives a fault: the value in the tree, and what is wrong with it, valid during the call.
+typedef void (*cson_fault_fn)(const void *value, const char *text);
+
+// Sets who receives the faults that the calling thread finds; null: they are logged with their key. Returns the former
+// one.
+cson_fault_fn csonFaultTo(cson_fault_fn fn);
 
 // Adds the record's fields to an existing JSON object. A nullable row that fails is left out and logged. For any other
 // failing row its code is returned, with the object unchanged. Returns CSON_ERR_MEMORY when a field cannot be added.

@@ -89,6 +89,14 @@ static void *cjson_impl_array_next(const void *v, const void *item) {
     return cJSON_IsArray(as_item(v)) ? as_item(v)->child : nullptr;
 }
 
+static void *cjson_impl_member_next(const void *v, const void *member) {
+    return member ? as_item(member)->next : as_item(v)->child;
+}
+
+static const char *cjson_impl_member_key(const void *member) {
+    return as_item(member)->string ? as_item(member)->string : "";
+}
+
 static void *cjson_impl_new(void) {
     return cJSON_CreateObject();
 }
@@ -156,4 +164,6 @@ const cson_interface csomImpl = {
     .array = cjson_impl_array,
     .array_add = cjson_impl_array_add,
     .object_set_new = cjson_impl_object_set_new,
+    .member_next = cjson_impl_member_next,
+    .member_key = cjson_impl_member_key,
 };

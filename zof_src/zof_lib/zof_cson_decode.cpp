@@ -1,6 +1,5 @@
 // From JSON to records. A row that fails leaves its field alone: a control's style is decoded over a copy of its
 // theme's style and must change only the keys that it has.
-#include <cstdio>
 #include <cstring>
 
 #include "zof_lib/zof_cson_in.h"
@@ -35,6 +34,13 @@ s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *tab
     return json ? csonJsonObj2Struct(json, record, table) : CSON_ERR_NO_JSON;
 }
 
+s32 csonPeek(const void *json, void *record, const reflect_item_t *table) {
+    cson_fault_quiet(ZOF_TRUE);
+    const s32 result = csonJsonStr2Struct(json, record, table);
+    cson_fault_quiet(ZOF_FALSE);
+    return result;
+}
+
 // Numbers of either kind fit either number row, and true and false fit either boolean row; nothing else is mixed.
 static bool row_accepts(size_t row_type, s32 json_type) {
     auto is_number = [](size_t type) { return type == CSON_INTEGER || type == CSON_REAL; };
@@ -43,32 +49,67 @@ static bool row_accepts(size_t row_type, s32 json_type) {
     return row_type == type || (is_number(row_type) && is_number(type)) || (is_bool(row_type) && is_bool(type));
 }
 
-static s32 decode_row(const void *json, void *record, const reflect_item_t *table, s32 index) {
+// Decodes a value for a row; null for a missing one.
+static s32 decode_row(const void *value, void *record, const reflect_item_t *table, s32 index) {
     const reflect_item_t *row = &table[index];
-    const void *value = csomImpl.object_get(json, row->key);
     if (!value) {
         return CSON_ERR_MISSING;
     }
-    if (row->type >= CSON_NULL || !row_accepts(row->type, csomImpl.type_of(value))) {
+    if (row->type >= CSON_NULL) {
+        return CSON_ERR_TYPE;
+    }
+    if (!row_accepts(row->type, csomImpl.type_of(value))) {
+        cson_kind_fault(value, row, "the default is used");
         return CSON_ERR_TYPE;
     }
     return jsonObjProcTbl[row->type](value, record, table, index);
+}
+
+// Reports a low end that is above the next row's field.
+static void ends_check(const void *json, void *record, const reflect_item_t *low) {
+    s64 from = 0;
+    s64 to = 0;
+    if (!cson_integer_read(cson_field(record, low), low->size, &from) ||
+        !cson_integer_read(cson_field(record, low + 1), low[1].size, &to) || from <= to) {
+        return;
+    }
+    const void *value = csomImpl.object_get(json, low->key);
+    cson_fault(value ? value : json, low->key, "%s, %lld, is above %s, %lld", low->key, (long long)from, low[1].key,
+               (long long)to);
+}
+
+// Returns the code of the first failing row that is not nullable, and counts the keys that were found.
+static s32 decode_rows(const void *json, void *record, const reflect_item_t *table, size_t *found) {
+    for (s32 index = 0; table[index].key; index++) {
+        const size_t flags = table[index].flags;
+        const void *value = csomImpl.object_get(json, table[index].key);
+        *found += value != nullptr;
+        if (flags & CSON_SKIP_DECODE) {
+            continue;
+        }
+        const s32 result = decode_row(value, record, table, index);
+        if (result != CSON_OK && !(flags & CSON_NULLABLE)) {
+            return result;
+        }
+        if (index > 0 && table[index - 1].flags & CSON_LOW_END) {
+            ends_check(json, record, &table[index - 1]);
+        }
+    }
+    return CSON_OK;
 }
 
 s32 csonJsonObj2Struct(const void *json, void *record, const reflect_item_t *table) {
     if (!json || !record || !table) {
         return CSON_ERR_ARGUMENT;
     }
-    for (s32 index = 0; table[index].key; index++) {
-        if (table[index].flags & CSON_SKIP_DECODE) {
-            continue;
-        }
-        s32 result = decode_row(json, record, table, index);
-        if (result != CSON_OK && !(table[index].flags & CSON_NULLABLE)) {
-            return result;
-        }
+    size_t found = 0;
+    const s32 result = decode_rows(json, record, table, &found);
+    if (csomImpl.type_of(json) != CSON_OBJECT) {
+        cson_fault(json, "", "expected an object; it is ignored");
+    } else if (found != csomImpl.array_size(json)) {
+        cson_members_check(json, table);
     }
-    return CSON_OK;
+    return result;
 }
 
 static s32 parseJsonObject(const void *json, void *record, const reflect_item_t *table, s32 index) {
@@ -113,51 +154,30 @@ static s32 integer_of(const void *json, s64 *out) {
     }
 }
 
-// For messages, which are rare: a text is only made for them.
-static thread_local struct {
-    char name[256];
-    const char *list;
-    s32 index;
-} source;
-
-void csonSource(const char *name, const char *list, s32 index) {
-    name = name ? name : "";
-    if (std::strcmp(source.name, name) != 0) {
-        std::snprintf(source.name, sizeof source.name, "%s", name);
-    }
-    source.list = list;
-    source.index = index;
-}
-
-static void value_report(const reflect_item_t *row, s64 value, size_t values) {
-    char place[sizeof source.name + 64] = "";
-    if (source.name[0] && source.list) {
-        std::snprintf(place, sizeof place, "%s: %s[%d]: ", source.name, source.list, source.index);
-    } else if (source.name[0]) {
-        std::snprintf(place, sizeof place, "%s: ", source.name);
-    }
-    zof_printf("%s%s: %lld is not from 0 to %u; the default is used", place, row->key, (long long)value,
-               (u32)values - 1);
-}
-
 // INT32_MAX stands for 0, see convertInteger.
 static bool row_has(const reflect_item_t *row, s64 value) {
     const size_t values = row->flags >> CSON_VALUES_SHIFT;
-    if (values == 0 || value == INT32_MAX || (value >= 0 && (u64)value < values)) {
-        return true;
-    }
-    value_report(row, value, values);
-    return false;
+    return values == 0 || value == INT32_MAX || (value >= 0 && (u64)value < values);
+}
+
+static s32 range_fault(const void *json, const reflect_item_t *row) {
+    const size_t values = row->flags >> CSON_VALUES_SHIFT;
+    const u32 bits = 8 * (u32)row->size;
+    const s64 most = values ? (s64)values - 1 : bits < 64 ? (s64)((1ull << bits) - 1) : INT64_MAX;
+    const s64 least = values ? 0 : bits < 64 ? -((s64)1 << (bits - 1)) : INT64_MIN;
+    cson_fault(json, row->key, "%.15g is not from %lld to %lld; the default is used", csomImpl.real_value(json),
+               (long long)least, (long long)most);
+    return CSON_ERR_RANGE;
 }
 
 static s32 parseJsonInteger(const void *json, void *record, const reflect_item_t *table, s32 index) {
     const reflect_item_t *row = &table[index];
     s64 value = 0;
     s32 result = integer_of(json, &value);
-    if (result != CSON_OK) {
-        return result;
+    if (result == CSON_OK) {
+        result = row_has(row, value) ? convertInteger(value, row->size, cson_field(record, row)) : CSON_ERR_RANGE;
     }
-    return row_has(row, value) ? convertInteger(value, row->size, cson_field(record, row)) : CSON_ERR_RANGE;
+    return result == CSON_ERR_RANGE ? range_fault(json, row) : result;
 }
 
 static s32 parseJsonBool(const void *json, void *record, const reflect_item_t *table, s32 index) {
@@ -184,7 +204,11 @@ static s32 decode_element(const void *json, void *slot, const reflect_item_t *ta
     if (!cson_table_is_basic(table)) {
         return csonJsonObj2Struct(json, slot, table);
     }
-    return table->type < CSON_NULL ? jsonObjProcTbl[table->type](json, slot, table, 0) : CSON_ERR_TYPE;
+    const s32 result = table->type < CSON_NULL ? jsonObjProcTbl[table->type](json, slot, table, 0) : CSON_ERR_TYPE;
+    if (result != CSON_OK && !row_accepts(table->type, csomImpl.type_of(json))) {
+        cson_kind_fault(json, table, "it is left out");
+    }
+    return result;
 }
 
 // Releases what a failed element had allocated and zeroes the slot before the next element uses it.

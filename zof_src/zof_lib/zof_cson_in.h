@@ -3,6 +3,7 @@
 #define ZOF_CSON_IN_H
 
 #include "zof_lib/zof_cson.h"
+#include "zof_lib/zof_stdio.h"
 
 ZOF_C_BEGIN
 
@@ -19,6 +20,19 @@ extern const cson_default_fn jsonObjDefaultTbl[CSON_TYPE_COUNT];
 
 s32 csonJsonObj2Struct(const void *json, void *record, const reflect_item_t *table);
 
+// Compares without regard to case.
+zof_bool cson_same_key(const char *a, const char *b);
+
+// Report to the receiver of the calling thread's faults; `key` is used in the log only.
+void cson_fault(const void *value, const char *key, const char *fmt, ...) ZOF_PRINTF_LIKE(3, 4);
+void cson_kind_fault(const void *value, const reflect_item_t *row, const char *effect);
+
+// Between calls with true and false the calling thread reports nothing.
+void cson_fault_quiet(zof_bool on);
+
+// As csonKeys, for an object that is known to have a fault.
+void cson_members_check(const void *json, const reflect_item_t *table);
+
 static inline void *cson_field(void *record, const reflect_item_t *row) {
     return (u8 *)record + row->offset;
 }
@@ -26,7 +40,7 @@ static inline void *cson_field(void *record, const reflect_item_t *row) {
 // Returns true for the table of a bare element, which is recognised by its first key.
 zof_bool cson_table_is_basic(const reflect_item_t *table);
 
-// Returns the row with this key; null, with a log line, if there is none.
+// Returns the row with this key; null, after a message, without one.
 const reflect_item_t *cson_row_find(const reflect_item_t *table, const char *key);
 
 // Reads 1, 2, 4 or 8 bytes in native order, sign-extended; false for any other width.

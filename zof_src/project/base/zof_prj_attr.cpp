@@ -72,6 +72,8 @@ const reflect_item_t zof_prj_attr_t_tbl[] = {
     CSON_INT(zof_prj_attr_t, allow_outside),
     CSON_OBJ(zof_prj_attr_t, hw_t, zof_prj_hw_attr_t_tbl),
     CSON_OBJ(zof_prj_attr_t, func_t, zof_func_t_tbl),
+    CSON_KNOWN("views"),   // read by hand
+    CSON_KNOWN("version"), // read before the project is opened
     CSON_END,
 };
 

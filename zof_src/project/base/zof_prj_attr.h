@@ -153,6 +153,9 @@ typedef struct {
     zof_ctrl_event_fn zof_ctrl_event; // no key: from the view's control table
 } zof_pub_attr_t;
 
+// The first rows of each control type's table: the common keys. Styles are decoded separately, over those of the theme.
+#define ZOF_CTRL_KEYS(T) CSON_OBJ(T, pub_t, zof_pub_attr_t_tbl), CSON_KNOWN("styles")
+
 extern const reflect_item_t zof_prj_attr_t_tbl[];
 extern const reflect_item_t zof_prj_hw_attr_t_tbl[];
 extern const reflect_item_t zof_prj_dis_t_tbl[];

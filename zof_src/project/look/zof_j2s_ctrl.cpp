@@ -6,6 +6,7 @@
 
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
+#include "project/read/zof_fault.h"
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"
@@ -17,6 +18,7 @@ static const reflect_item_t id_tbl[] = {{"id", offsetof(zof_pub_attr_t, id), siz
 static const reflect_item_t style_key_tbl[] = {CSON_INT(zof_style_attr_t, style_part),
                                                CSON_INT(zof_style_attr_t, style_state),
                                                CSON_INT(zof_style_attr_t, style_sect), CSON_END};
+static const reflect_item_t entry_tbl[] = {CSON_KNOWN("type"), CSON_KNOWN("theme"), CSON_KNOWN("property"), CSON_END};
 
 s32 zof_j2s_walk_start(zof_j2s_walk_t *walk, const char *path) {
     zof_j2s_walk_end(walk);
@@ -35,18 +37,53 @@ s32 zof_j2s_walk_over(zof_j2s_walk_t *walk, const char *path, cJSON *root) {
     cJSON *controls = cJSON_GetObjectItem(root, "controls");
     if (!cJSON_IsArray(controls)) {
         if (root) {
-            zof_printf("%s: controls is missing\n", path);
+            const zof_fault_scope scope(path, root);
+            zof_fault_at(controls ? controls : root, "%s", controls ? "expected an array" : "controls is missing");
         }
         zof_j2s_walk_end(walk);
         return -1;
     }
     walk->path = zof_text_copy(path);
     walk->entry = controls->child;
+    walk->places = (zof_j2s_places_t *)zof_malloc(sizeof(zof_j2s_places_t));
     return 0;
+}
+
+// Records the position of an id and returns 0, or returns the position that it already has. Without memory does
+// nothing.
+static s32 place_note(zof_j2s_places_t *places, u32 id, s32 place) {
+    s32 **page = places ? &places->pages[id / ZOF_J2S_PAGE] : nullptr;
+    if (page && !*page) {
+        *page = (s32 *)zof_malloc(ZOF_J2S_PAGE * sizeof(s32));
+    }
+    if (!page || !*page) {
+        return 0;
+    }
+    s32 *noted = &(*page)[id % ZOF_J2S_PAGE];
+    const s32 former = *noted;
+    *noted = former ? former : place;
+    return former;
+}
+
+// Returns true if a control above the cursor has this id.
+static bool place_known(const zof_j2s_places_t *places, s32 id) {
+    if (!places) {
+        return true;
+    }
+    const s32 *page = id > 0 && id <= UINT16_MAX ? places->pages[id / ZOF_J2S_PAGE] : nullptr;
+    return page && page[id % ZOF_J2S_PAGE];
+}
+
+static void places_free(zof_j2s_places_t *places) {
+    for (u32 i = 0; places && i <= UINT16_MAX / ZOF_J2S_PAGE; i++) {
+        zof_free(places->pages[i]);
+    }
+    zof_free(places);
 }
 
 void zof_j2s_walk_end(zof_j2s_walk_t *walk) {
     cJSON_Delete(walk->root);
+    places_free(walk->places);
     zof_theme_remember_missing(ZOF_FALSE);
     zof_free(walk->path);
     *walk = {};
@@ -74,7 +111,7 @@ static const char *entry_fault(cJSON *entry, cJSON *pub_t, zof_pub_attr_t *head)
     if (!cJSON_IsObject(pub_t)) {
         return "property.pub_t is missing";
     }
-    if (csonJsonStr2Struct(pub_t, head, id_tbl) != CSON_OK) {
+    if (csonPeek(pub_t, head, id_tbl) != CSON_OK) {
         return "property.pub_t.id is not a number from 0 to 65535";
     }
     return type_of(entry) < 0 ? "type is not a control type" : nullptr;
@@ -88,16 +125,23 @@ static u32 pub_of(cJSON *pub_t) {
 }
 
 s32 zof_j2s_walk_para(zof_j2s_walk_t *walk, u32 *id, u32 *pub) {
+    const zof_fault_scope scope(walk->path, walk->root);
     for (; id && pub && walk->entry; zof_j2s_walk_next(walk)) {
         cJSON *pub_t = cJSON_GetObjectItem(cJSON_GetObjectItem(walk->entry, "property"), "pub_t");
         zof_pub_attr_t head = {};
         const char *fault = entry_fault(walk->entry, pub_t, &head);
-        if (!fault) {
+        const s32 place = walk->index + 1;
+        const s32 former = fault ? 0 : place_note(walk->places, head.id, place);
+        if (!fault && (!former || former == place)) {
             *id = head.id;
             *pub = pub_of(pub_t);
             return 0;
         }
-        zof_printf("%s: controls[%d]: %s; it is left out\n", walk->path, walk->index, fault);
+        if (fault) {
+            zof_fault_at(walk->entry, "%s; it is left out", fault);
+        } else {
+            zof_fault_at(walk->entry, "controls[%d] has the id %u already; it is left out", former - 1, head.id);
+        }
     }
     return -1;
 }
@@ -125,7 +169,7 @@ static u32 style_index(const zof_pub_attr_t *record, const zof_style_attr_t *sty
 // Decoding writes only existing keys, over the inherited values of the style.
 static void style_overlay(cJSON *json, zof_pub_attr_t *record, const zof_pub_attr_t *theme) {
     zof_style_attr_t key = {};
-    csonJsonStr2Struct(json, &key, style_key_tbl);
+    csonPeek(json, &key, style_key_tbl);
     zof_style_attr_t *style = zof_theme_style_check(key.style_part, key.style_state, key.style_sect, record);
     if (!style) {
         return;
@@ -151,28 +195,46 @@ static void styles_add(zof_pub_attr_t *record, const zof_pub_attr_t *theme, cJSO
     }
 }
 
+// Reports what is wrong with an entry as a whole. Its ids are noted at the walk's peek.
+static void entry_check(const zof_j2s_walk_t *walk, cJSON *entry, const zof_pub_attr_t *record) {
+    csonKeys(entry, entry_tbl);
+    const cJSON *pub_t = cJSON_GetObjectItem(cJSON_GetObjectItem(entry, "property"), "pub_t");
+    if (!cJSON_IsString(cJSON_GetObjectItem(entry, "theme"))) {
+        zof_fault_at(cJSON_GetObjectItem(entry, "theme"), "expected a text; the control has no theme");
+    }
+    const cJSON *id = cJSON_GetObjectItem(pub_t, "id");
+    if (id && record->id == 0) {
+        zof_fault_at(id, "0 is not an id; neither program nor host can find the control");
+    }
+    const s32 parent = record->parent_id;
+    if (parent != 0 && (parent == record->id || !place_known(walk->places, parent))) {
+        zof_fault_at(cJSON_GetObjectItem(pub_t, "parent_id"),
+                     "no control before it has the id %d; it is put on the view", parent);
+    }
+}
+
 zof_pub_attr_t *zof_j2s_walk_get(zof_j2s_walk_t *walk) {
     cJSON *entry = walk->entry;
     if (!entry) {
         return nullptr;
     }
-    s32 index = walk->index;
+    const zof_fault_scope scope(walk->path, walk->root);
     zof_j2s_walk_next(walk);
     s32 type = type_of(entry);
     cJSON *property = cJSON_GetObjectItem(entry, "property");
     cJSON *theme = cJSON_GetObjectItem(entry, "theme");
     if (!property || !theme || type < 0) {
-        zof_printf("%s: controls[%d]: %s; the view ends here\n", walk->path, index,
-                   !property ? "property is missing"
-                   : !theme  ? "theme is missing"
-                             : "type is not a control type");
+        zof_fault_at(entry, "%s; the view ends here",
+                     !property ? "property is missing"
+                     : !theme  ? "theme is missing"
+                               : "type is not a control type");
         return nullptr;
     }
     const zof_pub_attr_t *styles = zof_theme_get_ctrl(cJSON_GetStringValue(theme), (u32)type);
-    csonSource(walk->path, "controls", index); // after the theme's file, which may just have been read
     zof_pub_attr_t *record = zof_j2s_ctrl_create(property, (u32)type);
     if (record) {
         styles_add(record, styles, cJSON_GetObjectItem(property, "styles"));
+        entry_check(walk, entry, record);
     }
     return record;
 }

@@ -8,12 +8,19 @@
 
 ZOF_C_BEGIN
 
+// The positions in the file, from 1, at which ids were seen. In pages, because few views use many of the 65,536 ids.
+enum { ZOF_J2S_PAGE = 256 };
+typedef struct {
+    s32 *pages[UINT16_MAX / ZOF_J2S_PAGE + 1];
+} zof_j2s_places_t;
+
 // A walk over the `controls` of a view file. Zero it before the first start.
 typedef struct {
     cJSON *root;
-    cJSON *entry; // at the cursor; null at the end
-    s32 index;    // of that entry, for messages
-    char *path;   // a copy: the path buffer changes while controls are created
+    cJSON *entry;             // at the cursor; null at the end
+    s32 index;                // of that entry, for messages
+    char *path;               // a copy: the path buffer changes while controls are created
+    zof_j2s_places_t *places; // null without memory
 } zof_j2s_walk_t;
 
 // Starts a walk: returns 0 with the cursor at the first entry, or -1, after a message, without controls. Ends a walk
@@ -26,7 +33,8 @@ void zof_j2s_walk_end(zof_j2s_walk_t *walk);
 void zof_j2s_walk_next(zof_j2s_walk_t *walk);
 
 // Sets `id` and `pub` from the entry at the cursor. Returns 0, or -1 at the end. Entries without property, id or known
-// type are reported and skipped. `pub` is 1 for true and for a number that is not 0.
+// type, and those with an id that is in use, are reported and skipped. `pub` is 1 for true and for a number that is not
+// 0.
 s32 zof_j2s_walk_para(zof_j2s_walk_t *walk, u32 *id, u32 *pub);
 
 // Decodes the entry at the cursor, with its theme's styles overridden by its own, and advances. Returns null, after a

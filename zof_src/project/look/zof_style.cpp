@@ -4,8 +4,7 @@
 
 #include "project/base/zof_para.h"
 #include "project/look/zof_font.h"
-#include "project/look/zof_lang.h"
-#include "project/path/zof_res.h"
+#include "project/look/zof_picture.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"
 
@@ -64,7 +63,7 @@ static void image_fill(lv_style_t *lv, const zof_img_dis_t *image) {
     if (!image->bg_img) {
         return;
     }
-    char *copy = zof_text_copy(zof_res_picture_path(zof_lang_get_cur_str(image->bg_img)));
+    char *copy = zof_img_path_copy(image->bg_img);
     if (copy) {
         lv_style_set_bg_img_src(lv, copy);
     }

@@ -8,6 +8,7 @@
 #include "project/base/zof_prj_up.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
+#include "project/read/zof_fault.h"
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -48,8 +49,10 @@ static zof_pub_attr_t *theme_read(const char *theme, u32 type) {
         return nullptr;
     }
     zof_rootjson_t json = RootJsonGet(path);
-    zof_pub_attr_t *record = json.root ? zof_j2s_ctrl_create(json.root, type) : nullptr;
-    if (record) {
+    zof_pub_attr_t *record = nullptr;
+    if (json.root) {
+        const zof_fault_scope scope(path, json.root);
+        record = zof_j2s_ctrl_create(json.root, type);
         zof_j2s_get_style(json.root, record);
     }
     self.broken[type] = !record;

@@ -76,6 +76,10 @@ char *zof_res_get_prjfile_path(const char *dir, const char *name) {
     return ours ? path : path_linked_inside(path, project);
 }
 
+const char *zof_prj_file_path(void) {
+    return zof_res_get_prjfile_path(nullptr, PRJ_FILE);
+}
+
 // Returns true if the parts fit the local buffer, otherwise false after a message.
 static bool local_name(char *out, const char *a, const char *b, const char *c) {
     if (zof_text_join(out, LOCAL_NAME_SIZE, a, b, c)) {

@@ -54,6 +54,9 @@ zof_bool zof_res_picture_in(const char *folder, const char *path);
 // Replaces every backslash by "/", in place.
 void zof_res_check_path(char *text);
 
+// Returns the path of the current project's file, in the shared path buffer; null without a project.
+const char *zof_prj_file_path(void);
+
 // Returns `full` without its first bytes, as many as project folder and `dir` have; does not check what it skips.
 // Returns null if nothing is left, and for null.
 const char *zof_res_get_file_name(const char *dir, const char *full);

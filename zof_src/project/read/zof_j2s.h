@@ -10,6 +10,10 @@
 
 ZOF_C_BEGIN
 
+// Returns the whole file as a terminated text, to be released with Freebuff. Null on failure, without a message; `why`
+// may be null, otherwise it gets the reason, null for a file that cannot be opened.
+char *zof_j2s_text(const char *path, const char **why);
+
 // A file's text and its parsed root; both null on failure.
 typedef struct {
     char *content;
@@ -33,8 +37,8 @@ zof_rootjson_t zof_j2s_peek(const char *path);
 // Releases both and sets them to null.
 void RootJsonDel(zof_rootjson_t *json);
 
-// Parses text read from `path`, which is used only in messages. The root must be an object. On failure logs path, line
-// and column, and returns null. Messages about its values name the path, too. Release with cJSON_Delete.
+// Parses text read from `path`, which is used only in messages. The root must be an object, and nothing may follow it;
+// otherwise reports a fault and returns null. Release with cJSON_Delete.
 cJSON *zof_j2s_parse(const char *path, const char *text);
 
 // Decodes a record of a type from its JSON object, without styles; null for null, or a type above the table.

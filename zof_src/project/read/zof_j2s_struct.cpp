@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "project/base/zof_prj_up.h"
+#include "project/read/zof_fault.h"
 #include "zof_lib/zof_stdio.h"
 
 static s32 yes_or_no(s32 result) {
@@ -28,8 +29,22 @@ s32 zof_j2s_free_ctrl_struct(void *record, u32 type) {
     return yes_or_no(csonFreePointer(record, get_ctrl_struct_reflect(type)));
 }
 
+// LVGL adds part and state to one number, so an invalid one may select another part or state.
+static void selector_check(cJSON *json, const char *key, bool known, u32 value) {
+    if (!known) {
+        zof_fault_at(cJSON_GetObjectItem(json, key), "%u has no meaning", value);
+    }
+}
+
 s32 GetStyleStruct(cJSON *json, zof_style_attr_t *record) {
-    return yes_or_no(csonJsonStr2Struct(json, record, zof_style_attr_t_tbl));
+    const s32 result = yes_or_no(csonJsonStr2Struct(json, record, zof_style_attr_t_tbl));
+    if (record) {
+        const u32 part = record->style_part;
+        selector_check(json, "style_part", part <= LV_PART_ANY && part % LV_PART_SCROLLBAR == 0, part);
+        selector_check(json, "style_state", record->style_state <= LV_STATE_ANY, record->style_state);
+        selector_check(json, "style_sect", record->style_sect <= 1, record->style_sect);
+    }
+    return result;
 }
 
 s32 FreeStyleStruct(zof_style_attr_t *record) {
@@ -71,7 +86,7 @@ void zof_j2s_get_style(cJSON *root, zof_pub_attr_t *record) {
         return;
     }
     if (count > UINT8_MAX) {
-        zof_printf("styles: %d of them, only the first %d count\n", count, UINT8_MAX);
+        zof_fault_at(styles, "%d of them, only the first %d count", count, UINT8_MAX);
         count = UINT8_MAX;
     }
     auto **list = (zof_style_attr_t **)(zof_malloc((size_t)count * sizeof(zof_style_attr_t *)));

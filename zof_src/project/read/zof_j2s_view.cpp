@@ -2,6 +2,7 @@
 // is decoded first, and the list of its views is created only when the project object has its lists.
 
 #include "project/path/zof_res.h"
+#include "project/read/zof_fault.h"
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"
@@ -9,6 +10,9 @@
 static struct {
     zof_rootjson_t json; // from zof_j2s_get_prj_attr until the view names are read
 } g_prj;
+
+static const reflect_item_t view_file_tbl[] = {CSON_KNOWN("view"), CSON_KNOWN("controls"), CSON_END};
+static const reflect_item_t views_tbl[] = {CSON_KNOWN("pageId"), CSON_KNOWN("pageName"), CSON_END};
 
 // Allocates a zeroed record and decodes it; shared by all readers of whole files.
 template <typename T> static T *record_of(cJSON *json, s32 (*decode)(cJSON *, T *)) {
@@ -30,9 +34,14 @@ zof_view_attr_t *zof_j2s_view_open(const char *path, cJSON **root) {
     }
     zof_rootjson_t file = zof_j2s_open(path);
     Freebuff(file.content);
+    if (!file.root) {
+        return nullptr;
+    }
+    const zof_fault_scope scope(path, file.root);
+    csonKeys(file.root, view_file_tbl);
     cJSON *view = cJSON_GetObjectItem(file.root, "view");
-    if (file.root && !cJSON_IsObject(view)) {
-        zof_printf("%s: view is missing\n", path);
+    if (!cJSON_IsObject(view)) {
+        zof_fault_at(view ? view : file.root, "%s", view ? "expected an object" : "view is missing");
     }
     zof_view_attr_t *record = cJSON_IsObject(view) ? record_of(view, GetViewStruct) : nullptr;
     if (record) {
@@ -59,7 +68,17 @@ zof_prj_attr_t *zof_j2s_get_prj_attr(const char *path) {
     if (!g_prj.json.root) {
         return nullptr;
     }
-    return record_of(g_prj.json.root, GetPrjStruct);
+    const zof_fault_scope scope(path, g_prj.json.root);
+    zof_prj_attr_t *record = record_of(g_prj.json.root, GetPrjStruct);
+    static const char *const sides[] = {"width", "height"};
+    for (const char *key : sides) {
+        const cJSON *value = cJSON_GetObjectItem(g_prj.json.root, key);
+        if (!value || (cJSON_IsNumber(value) && value->valuedouble < 1)) { // another kind has been reported
+            zof_fault_at(value ? value : g_prj.json.root, "%s%s; the display's own size is used", value ? "" : key,
+                         value ? "not above 0" : " is missing");
+        }
+    }
+    return record;
 }
 
 static int name_compare(void *data, void *key) {
@@ -86,18 +105,20 @@ static zof_view_name_t *view_name_of(cJSON *entry) {
     return made;
 }
 
-static void view_names_read(cJSON *views, db_list *list) {
-    s32 index = 0;
-    cJSON *entry = nullptr;
-    cJSON_ArrayForEach(entry, views) {
-        zof_view_name_t *name = view_name_of(entry);
-        if (!name) {
-            zof_printf("zofprj.g: views[%d] needs pageId, a number, and pageName, a text; it is left out\n", index);
-        } else if (zof_view_name_list_add(list, name) != 0) {
-            zof_free(name->name);
-            zof_free(name);
-        }
-        index++;
+static void view_name_add(db_list *list, cJSON *entry) {
+    csonKeys(entry, views_tbl);
+    zof_view_name_t *name = view_name_of(entry);
+    if (!name) {
+        zof_fault_at(entry, "needs pageId, a number, and pageName, a text; it is left out");
+        return;
+    }
+    const auto *former = (const zof_view_name_t *)__db_list_search_node(list, &name->id);
+    if (former) {
+        zof_fault_at(entry, "%s has the pageId %u already; it is left out", former->name ? former->name : "", name->id);
+    }
+    if (former || zof_view_name_list_add(list, name) != 0) {
+        zof_free(name->name);
+        zof_free(name);
     }
 }
 
@@ -105,11 +126,18 @@ s32 zof_j2s_view_name_list_get(db_list *list) {
     if (!list || !g_prj.json.root) {
         return -1;
     }
-    cJSON *views = cJSON_GetObjectItem(g_prj.json.root, "views");
-    if (cJSON_IsArray(views)) {
-        view_names_read(views, list);
-    } else {
-        zof_printf("zofprj.g: views is missing: the project has no view\n");
+    {
+        const zof_fault_scope scope(zof_prj_file_path(), g_prj.json.root);
+        cJSON *views = cJSON_GetObjectItem(g_prj.json.root, "views");
+        if (!cJSON_IsArray(views)) {
+            zof_fault_at(views ? views : g_prj.json.root, "%s: the project has no view",
+                         views ? "expected an array" : "views is missing");
+            views = nullptr;
+        }
+        cJSON *entry = nullptr;
+        cJSON_ArrayForEach(entry, views) {
+            view_name_add(list, entry);
+        }
     }
     RootJsonDel(&g_prj.json);
     return 0;

@@ -5,6 +5,7 @@
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_disp.h"
 #include "drv/zof_lock.h"
+#include "project/look/zof_picture.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
@@ -94,6 +95,9 @@ void zof_view_set_bg_img(zof_view_node_t *node, const char *image) {
             return;
         }
         lv_img_set_src(node->bg_obj, path);
+        if (((lv_img_t *)node->bg_obj)->w == 0) {
+            zof_img_missing(path);
+        }
         lv_obj_align(node->bg_obj, LV_ALIGN_TOP_LEFT, 0, 0);
         lv_obj_move_to_index(node->bg_obj, 0);
         return;

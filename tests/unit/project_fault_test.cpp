@@ -1,0 +1,191 @@
+// What the log shows of mistakes in project files: one line each, with file, line, column, key and reason.
+#include <algorithm>
+
+#include "project/read/zof_fault.h"
+#include "temp_project.h"
+#include "zof_test.h"
+
+static const char project_g[] = "config/project/zofprj.g";
+static const char view_g[] = "config/view/one.g";
+static const char theme_g[] = "config/theme/t/label.g";
+
+struct fault_t {
+    const char *file;
+    std::string text, said; // the file, and the log without the paths of files
+};
+
+static std::string entry(u32 type, const std::string &pub, const std::string &more = "") {
+    return "{\"type\": " + std::to_string(type) + R"(, "theme": "t", "property": {"pub_t": {)" + pub + "}" + more +
+           "}}";
+}
+
+static std::string view_of(const std::string &controls) {
+    return "{\"view\": {\"v_id\": 1},\n\"controls\": [" + controls + "]}";
+}
+
+static void view_read(const char *path) {
+    cJSON *root = nullptr;
+    zof_view_attr_t *view = zof_j2s_view_open(path, &root);
+    if (!view) {
+        return;
+    }
+    FreeViewStruct(view);
+    zof_free(view);
+    zof_j2s_walk_t walk = {};
+    u32 id = 0;
+    u32 pub = 0;
+    for (s32 more = zof_j2s_walk_over(&walk, path, root); more == 0;) {
+        zof_pub_attr_t *record = zof_j2s_walk_para(&walk, &id, &pub) == 0 ? zof_j2s_walk_get(&walk) : nullptr;
+        more = record ? 0 : -1;
+        zof_j2s_ctrl_delete(record, record ? record->ctrl_type : 0);
+    }
+    zof_j2s_walk_end(&walk);
+}
+
+// Reads the project, its language and its views with all controls; returns the log.
+static std::string read_all(const std::string &folder) {
+    return printed([&] {
+        zof_prj_set_cur(nullptr);
+        opened_projects.push_back(zof_prj_obj_create(folder.c_str()));
+        if (!zof_prj_get_cur()) {
+            return;
+        }
+        for (const auto &file : std::filesystem::directory_iterator(folder + "config/view")) {
+            view_read(file.path().c_str());
+        }
+    });
+}
+
+static std::string said_by(const fault_t &fault) {
+    temp_project_t project;
+    project.write(project_g, R"({"width": 320, "height": 240, "language": "en", "views": []})");
+    project.write("config/languages/en.g", "{}");
+    project.write(view_g, view_of(entry(0, R"("id": 1, "alpha": 255)")));
+    project.write(fault.file, fault.text);
+    std::string said = read_all(project.folder);
+    for (size_t at; (at = said.find(project.folder)) != std::string::npos;) {
+        said.erase(at, said.find(':', at) + 1 - at);
+    }
+    return said;
+}
+
+static const std::string label = R"("id": 1, "alpha": 255)";
+
+static const fault_t whole[] = {
+    {project_g, "{\"width\": 1, \"height\": 1,\n\"views\": []} }", "2:14: text after the end of the object\n"},
+    {view_g, "[]", "1:1: expected an object\n"},
+    {view_g, "{\"view\": {}}\n\n,\"controls\": []}", "3:1: text after the end of the object\n"},
+    {theme_g, "{} x", "1:4: text after the end of the object\n"},
+    {"config/languages/en.g", "{}{}", "1:3: text after the end of the object\n"},
+    {"config/languages/en.g", "{\"a\":\n\"\xFC\"}", "2:2: byte FC is not UTF-8; the file must be saved as UTF-8\n"},
+    {"config/languages/en.g", "{\"a\": \"12345678 \xED\xA0\x80\"}",
+     "1:17: byte ED is not UTF-8; the file must be saved as UTF-8\n"},
+    {"config/languages/en.g", "\xEF\xBB\xBF{\"a\": \"\xC3\xBC \xE4\xB8\xAD \xF0\x9F\x98\x80\"} \n", ""},
+};
+
+static const fault_t values[] = {
+    {project_g, R"({"width": "320", "height": 0, "views": []})",
+     "1:2: width: expected a number, found a text; the default is used\n"
+     "1:18: height: not above 0; the display's own size is used\n"},
+    {project_g, "\xEF\xBB\xBF{\"Width\": 1, \"version\": \"1\", \"lenguage\": 1,\n\"views\": 5}",
+     "1:33: lenguage: unknown key; did you mean language?\n"
+     "1:4: height is missing; the display's own size is used\n"
+     "2:1: views: expected an array: the project has no view\n"},
+    {project_g, R"({"width": 1, "height": 1, "hw_t": {"off_x": 1}, "dis_t": 1, "views": [
+{"pageId": 1, "pageName": "a.g"}, {"pageId": 2, "pageNam": "b.g"}, {"pageId": 1, "pageName": "c.g"}, 7]})",
+     "1:36: hw_t.off_x: unknown key; it belongs in dis_t\n"
+     "1:49: dis_t: unknown key; it belongs in hw_t\n"
+     "2:49: views[1].pageNam: unknown key; did you mean pageName?\n"
+     "2:35: views[1]: needs pageId, a number, and pageName, a text; it is left out\n"
+     "2:68: views[2]: a.g has the pageId 1 already; it is left out\n"
+     "2:102: views[3]: needs pageId, a number, and pageName, a text; it is left out\n"},
+    {view_g, "{\"view\": {\"v_id\": 1, \"bg_image\": 5,\n\"bg_scale\": 256, \"layer\": 4}, \"control\": []}",
+     "2:31: control: unknown key; did you mean controls?\n"
+     "2:1: view.bg_scale: 256 is not from -128 to 255; the default is used\n"
+     "1:22: view.bg_image: expected a text, found a number; the default is used\n"
+     "2:18: view.layer: 4 is not from 0 to 3; the default is used\n"
+     "1:1: controls is missing\n"},
+    {view_g, "{\"view\": []}", "1:2: view: expected an object\n"},
+    // A missing "alpha" ends the record, but not the report.
+    {view_g,
+     view_of(entry(0, "\"id\": 1,\n\"aplha\": 255, \"pub\": 1, \"size\": null", R"(, "Txt": "a\"b", "colour": 1)")),
+     "3:15: controls[0].property.pub_t.pub: expected true or false, found a number; the default is used\n"
+     "3:25: controls[0].property.pub_t.size: expected an object, found null; the default is used\n"
+     "3:1: controls[0].property.pub_t.aplha: unknown key; did you mean alpha?\n"
+     "3:55: controls[0].property.colour: unknown key\n"},
+    {view_g, view_of(entry(0, label, R"(, "txt": "a", "TXT": "b", "animspeed": 1e300, "styles": [{}, 5])")),
+     "2:111: controls[0].property.animspeed: 1e+300 is not from -32768 to 65535; the default is used\n"
+     "2:99: controls[0].property.TXT: given twice; the first one is used\n"
+     "2:146: controls[0].property.styles[1]: expected an object; it is ignored\n"},
+    {view_g,
+     view_of(entry(0, R"("id": 0, "alpha": 0)") + ",\n" + entry(0, R"("id": 3, "parent_id": 4)") + ",\n" +
+             entry(2, R"("id": 4, "parent_id": 4)") + ",\n" + entry(2, R"("id": 5, "parent_id": 4)") + ",\n" +
+             entry(2, R"("id": 4)")),
+     "2:63: controls[0].property.pub_t.id: 0 is not an id; neither program nor host can find the control\n"
+     "3:59: controls[1].property.pub_t.parent_id: no control before it has the id 4; it is put on the view\n"
+     "4:59: controls[2].property.pub_t.parent_id: no control before it has the id 4; it is put on the view\n"
+     "6:1: controls[4]: controls[2] has the id 4 already; it is left out\n"},
+    {view_g,
+     view_of(entry(6, label, R"(, "minValue": 9, "maxValue": 3)") + ",\n" +
+             entry(5, R"("id": 2)", R"(, "range_t": {"minValue": 1})") + ",\n" +
+             entry(7, R"("id": 3)", R"(, "maxValue": -1)") + ",\n" +
+             entry(6, R"("id": 4)", R"(, "minValue": 3, "maxValue": 3)")),
+     "2:87: controls[0].property.minValue: minValue, 9, is above maxValue, 3\n"
+     "3:72: controls[1].property.range_t.minValue: minValue, 1, is above maxValue, 0\n"
+     "4:27: controls[2].property: minValue, 0, is above maxValue, -1\n"},
+    {view_g, view_of(entry(0, label, R"(, "styles": [{"style_part": 5}, {"style_state": 70000, "style_sect": 2}])")),
+     "2:99: controls[0].property.styles[0].style_part: 5 has no meaning\n"
+     "2:118: controls[0].property.styles[1].style_state: 70000 has no meaning\n"
+     "2:140: controls[0].property.styles[1].style_sect: 2 has no meaning\n"},
+    {view_g,
+     "{\"view\": {}, \"controls\": [{\"theme\": 1, \"name\": 1, \"property\": {\"pub_t\": {\"id\": 1}, "
+     "\"btnmatrix_txt\": [\"a\", 5]}, \"type\": 26}]}",
+     "1:107: controls[0].property.btnmatrix_txt[1]: expected a text, found a number; it is left out\n"
+     "1:40: controls[0].name: unknown key\n"
+     "1:28: controls[0].theme: expected a text; the control has no theme\n"},
+    {theme_g, R"({"styles": [{"body_t": {"opa": true}}], "txt": 1, "them": 0})",
+     "1:41: txt: expected a text, found a number; the default is used\n"
+     "1:51: them: unknown key\n"
+     "1:25: styles[0].body_t.opa: expected a number, found true or false; the default is used\n"},
+};
+
+TEST_CASE("a text that is not one JSON object in UTF-8 is reported with its place") {
+    for (const fault_t &fault : whole) {
+        CAPTURE(fault.text);
+        CHECK(said_by(fault) == fault.said);
+    }
+}
+
+TEST_CASE("values that a record does not take are reported with place, key and reason") {
+    for (const fault_t &fault : values) {
+        CAPTURE(fault.text);
+        CHECK(said_by(fault) == fault.said);
+    }
+}
+
+TEST_CASE("the log shows the first faults of a file, a receiver gets all of them") {
+    temp_project_t project;
+    std::string styles;
+    for (int i = 0; i < 120; i++) {
+        styles += (i ? ",\n" : "") + std::string(R"({"colour": 1})");
+    }
+    project.write(view_g, view_of(entry(0, label, ", \"styles\": [" + styles + "]")));
+    const std::string said = read_all(project.folder);
+    CHECK(std::count(said.begin(), said.end(), '\n') == 51);
+    CHECK(contains(said, "one.g:51:2: controls[0].property.styles[49].colour: unknown key\n"));
+    CHECK(contains(said, "one.g: more faults are not shown\n"));
+    static u32 lines;
+    zof_fault_to([](const zof_fault_t *fault) { lines += fault->line; });
+    CHECK(read_all(project.folder) == "");
+    zof_fault_to(nullptr);
+    CHECK(lines == 121 * 122 / 2 - 1);
+}
+
+TEST_CASE("the projects of the panel and of the examples have no faults") {
+    for (const char *folder : {ZOF_PANEL_DIR "/res/", ZOF_GALLERY_DIR "/res/", ZOF_SOURCE_DIR "/examples/blank/res/"}) {
+        CAPTURE(folder);
+        zof_res_set_path_cache(500);
+        CHECK(read_all(folder) == "");
+        CHECK(zof_prj_get_cur()->view_names->count > 0);
+    }
+}

@@ -1,0 +1,140 @@
+// What decoding finds wrong in JSON: values of the wrong kind, numbers out of range, unknown keys.
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+#include "zof_lib/zof_cson_in.h"
+#include "zof_lib/zof_stdio.h"
+
+static thread_local struct {
+    cson_fault_fn fn;
+    s32 quiet; // peeks that are running
+} faults;
+
+cson_fault_fn csonFaultTo(cson_fault_fn fn) {
+    const cson_fault_fn before = faults.fn;
+    faults.fn = fn;
+    return before;
+}
+
+void cson_fault(const void *value, const char *key, const char *fmt, ...) {
+    if (faults.quiet) {
+        return;
+    }
+    char text[256];
+    va_list args;
+    va_start(args, fmt);
+    std::vsnprintf(text, sizeof text, fmt, args);
+    va_end(args);
+    if (faults.fn) {
+        faults.fn(value, text);
+    } else {
+        zof_printf("%s: %s", key, text);
+    }
+}
+
+void cson_fault_quiet(zof_bool on) {
+    faults.quiet += on ? 1 : -1;
+}
+
+void cson_kind_fault(const void *value, const reflect_item_t *row, const char *effect) {
+    static const char *const kinds[CSON_TYPE_COUNT] = {
+        "an object", "an array", "a text", "a number", "a number", "true or false", "true or false", "null",
+    };
+    cson_fault(value, row->key, "expected %s, found %s; %s", kinds[row->type], kinds[csomImpl.type_of(value)], effect);
+}
+
+// The number of single characters to insert, delete or replace, without regard to case, to make one key of the other.
+// Keys that are too long to be anyone's typing error are infinitely far apart.
+static u32 distance(const char *a, const char *b) {
+    enum { KEY_MAX = 31 };
+    const size_t n = std::strlen(b);
+    if (std::strlen(a) > KEY_MAX || n > KEY_MAX) {
+        return UINT32_MAX;
+    }
+    u32 row[KEY_MAX + 1];
+    for (u32 i = 0; i <= n; i++) {
+        row[i] = i;
+    }
+    for (u32 line = 1; *a; a++, line++) {
+        u32 corner = row[0];
+        row[0] = line;
+        for (u32 i = 1; i <= n; i++) {
+            const u32 replaced = corner + ((*a | 0x20) != (b[i - 1] | 0x20));
+            corner = row[i];
+            const u32 other = (row[i - 1] < row[i] ? row[i - 1] : row[i]) + 1;
+            row[i] = replaced < other ? replaced : other;
+        }
+    }
+    return row[n];
+}
+
+// Returns the key of the table that the writer may have meant; null if none is near.
+static const char *near_key(const reflect_item_t *table, const char *key) {
+    const char *nearest = nullptr;
+    u32 least = 3;
+    for (; table->key; table++) {
+        const u32 apart = distance(key, table->key);
+        if (apart < least && 2 * apart < std::strlen(table->key)) {
+            least = apart;
+            nearest = table->key;
+        }
+    }
+    return nearest;
+}
+
+static const reflect_item_t *row_of(const reflect_item_t *table, const char *key) {
+    for (; table->key; table++) {
+        if (cson_same_key(table->key, key)) {
+            return table;
+        }
+    }
+    return nullptr;
+}
+
+// Returns the row of the object that this key belongs into; null if none does.
+static const reflect_item_t *row_around(const reflect_item_t *table, const char *key) {
+    for (; table->key; table++) {
+        if (table->type == CSON_OBJECT && row_of(table->table, key)) {
+            return table;
+        }
+    }
+    return nullptr;
+}
+
+static void member_check(const void *json, const void *member, const char *key, const reflect_item_t *table) {
+    if (row_of(table, key)) {
+        if (csomImpl.object_get(json, key) != member) {
+            cson_fault(member, key, "given twice; the first one is used");
+        }
+        return;
+    }
+    const char *meant = near_key(table, key);
+    const reflect_item_t *around = row_around(table, key);
+    if (around) {
+        cson_fault(member, key, "unknown key; it belongs in %s", around->key);
+    } else if (meant) {
+        cson_fault(member, key, "unknown key; did you mean %s?", meant);
+    } else {
+        cson_fault(member, key, "unknown key");
+    }
+}
+
+void cson_members_check(const void *json, const reflect_item_t *table) {
+    for (const void *at = csomImpl.member_next(json, nullptr); at; at = csomImpl.member_next(json, at)) {
+        member_check(json, at, csomImpl.member_key(at), table);
+    }
+}
+
+void csonKeys(const void *json, const reflect_item_t *table) {
+    if (csomImpl.type_of(json) != CSON_OBJECT) {
+        return;
+    }
+    size_t found = 0;
+    for (const reflect_item_t *row = table; row->key; row++) {
+        found += csomImpl.object_get(json, row->key) != nullptr;
+    }
+    if (found != csomImpl.array_size(json)) {
+        cson_members_check(json, table);
+    }
+}
