@@ -17,7 +17,7 @@ TEST_CASE("a control that cannot be built is reported and left out, and the view
         child_of(5, 6),
     });
     for (const char *line : {"err: create ctrl[c1,1] fail", "err: create ctrl[c2,2] fail", "[c3,3] fail",
-                             "v1.g: controls[5]: controls[4] has the id 5 already; it is left out"}) {
+                             "v1.g:6:1: controls[5]: controls[4] has the id 5 already; it is left out"}) {
         CHECK(contains(said, line));
     }
     CHECK(zof_ctrl_get_form_id(1, 2) == nullptr);

@@ -18,11 +18,12 @@ zof_bool cson_table_is_basic(const reflect_item_t *table) {
 }
 
 zof_bool cson_same_key(const char *a, const char *b) {
-    while (*a && std::tolower((u8)*a) == std::tolower((u8)*b)) {
-        a++;
-        b++;
+    for (; *a == *b || (((*a ^ *b) & ~0x20) == 0 && std::tolower((u8)*a) == std::tolower((u8)*b)); a++, b++) {
+        if (!*a) {
+            return ZOF_TRUE;
+        }
     }
-    return *a == *b;
+    return ZOF_FALSE;
 }
 
 const reflect_item_t *cson_row_find(const reflect_item_t *table, const char *key) {

@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "zof_lib/zof_cson.h"
+#include "zof_lib/zof_cson_in.h"
 #include "zof_lib/zof_stdio.h"
 
 static const cJSON *as_item(const void *v) {
@@ -14,8 +14,13 @@ static cJSON *as_item(void *v) {
     return (cJSON *)v;
 }
 
+// As cJSON_GetObjectItem, which calls tolower for each character and takes half of the time that decoding takes.
 static void *cjson_impl_object_get(const void *obj, const char *key) {
-    return cJSON_GetObjectItem(as_item(obj), key);
+    cJSON *member = obj ? as_item(obj)->child : nullptr;
+    while (member && !(member->string && cson_same_key(member->string, key))) {
+        member = member->next;
+    }
+    return member;
 }
 
 // cJSON stores every number as a double, so a number is always a real.

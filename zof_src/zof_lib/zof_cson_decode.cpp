@@ -34,13 +34,6 @@ s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *tab
     return json ? csonJsonObj2Struct(json, record, table) : CSON_ERR_NO_JSON;
 }
 
-s32 csonPeek(const void *json, void *record, const reflect_item_t *table) {
-    cson_fault_quiet(ZOF_TRUE);
-    const s32 result = csonJsonStr2Struct(json, record, table);
-    cson_fault_quiet(ZOF_FALSE);
-    return result;
-}
-
 // Numbers of either kind fit either number row, and true and false fit either boolean row; nothing else is mixed.
 static bool row_accepts(size_t row_type, s32 json_type) {
     auto is_number = [](size_t type) { return type == CSON_INTEGER || type == CSON_REAL; };
@@ -96,6 +89,15 @@ static s32 decode_rows(const void *json, void *record, const reflect_item_t *tab
         }
     }
     return CSON_OK;
+}
+
+// The table has only some of the object's keys, so the others are not checked.
+s32 csonPeek(const void *json, void *record, const reflect_item_t *table) {
+    size_t found = 0;
+    cson_fault_quiet(ZOF_TRUE);
+    const s32 result = decode_rows(json, record, table, &found);
+    cson_fault_quiet(ZOF_FALSE);
+    return result;
 }
 
 s32 csonJsonObj2Struct(const void *json, void *record, const reflect_item_t *table) {
