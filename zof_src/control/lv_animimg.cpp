@@ -92,7 +92,7 @@ lv_obj_t *lv_animimg_create(lv_obj_t *parent) {
     return obj;
 }
 
-// A copy of the series' folder; null when there is none or it is too long.
+// A copy of the series' folder; null if it is absent or too long.
 static char *path_copy(const char *folder) {
     const bool usable = zof_res_is_picture_path(folder);
     if (!usable || strlen(folder) >= LV_ANIMIMG_PATH_SIZE) {

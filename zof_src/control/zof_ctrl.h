@@ -82,7 +82,8 @@ s32 zof_ctrl_move_background(zof_ctrl_t *ctrl);
 s32 zof_ctrl_set_scrollbar(zof_ctrl_t *ctrl, const zof_scrollbar_t *sb);
 s32 zof_ctrl_get_child_sum(zof_ctrl_t *ctrl);
 
-// Returns a child object, which is a handle itself; negative indexes count from the end. Null when there is none.
+// Returns a child object, which is a handle itself; negative indexes count from the end. Null if there is no such
+// child.
 zof_ctrl_t *zof_ctrl_get_child(zof_ctrl_t *ctrl, s32 index);
 s32 zof_ctrl_get_coords(zof_ctrl_t *ctrl, lv_area_t *area);
 

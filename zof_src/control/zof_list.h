@@ -38,7 +38,7 @@ zof_ctrl_t *zof_list_add_btn(zof_ctrl_t *ctrl, const char *image, const char *te
 s32 zof_list_del_btn(zof_ctrl_t *ctrl, u32 index);
 s32 zof_list_remove_all(zof_ctrl_t *ctrl);
 
-// Returns a button, or its child 0, which is the icon if it has one, else the label; null when there is none.
+// Returns a button, or its child 0, which is the icon if it has one, else the label; or null.
 zof_ctrl_t *zof_list_get_index_btn(zof_ctrl_t *ctrl, u32 index);
 zof_ctrl_t *zof_list_get_index_label(zof_ctrl_t *ctrl, u32 index);
 

@@ -85,7 +85,7 @@ static void file_copy_into(copy_run *r, const char *into, const char *src, const
 
 static void folder_copy(copy_run *r, const char *target, const char *src, bool remove);
 
-// Returns false and logs that when there is none.
+// Returns false, after a message, if the source does not exist.
 static bool source_exists(const char *src) {
     const bool there = PathExist(src);
     if (!there) {

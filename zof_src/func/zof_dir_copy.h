@@ -47,7 +47,7 @@ s32 zof_dir_copy_async(const char *dst, const char *src, zof_bool remove);
 // Returns 0, or -1: paths are missing, a copy is running, or no thread is available. Uses the callback for its counts.
 s32 zof_dir_copy_async_start(void);
 
-// Returns 0 while a copy runs, -1 when none does. Any thread.
+// Returns 0 while a copy runs, -1 otherwise. Any thread.
 s32 zof_dir_copy_async_statue(void);
 
 // Returns the files copied and not copied by the latest copy. They reach the sum only when all is in place. Main

@@ -13,7 +13,7 @@ ZOF_C_BEGIN
 s32 zof_hmi_init(void);
 
 // Reads config/project/zofhmi.g. Returns 0; -1 without such a file, when it cannot be read, and when its two head bytes
-// are equal, because no frame could be told from noise then.
+// are equal, because frames and noise could not be distinguished.
 s32 zof_hmi_attr_init(void);
 
 // Returns the link's settings; null until they are read. They stay valid for the whole run.

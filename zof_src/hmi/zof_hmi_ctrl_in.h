@@ -7,7 +7,7 @@
 
 enum { HMI_ANY_TYPE = -1 };
 
-// Returns the control that a command names; null when there is none, when it has no object, and when it is of another
+// Returns the control that a command names; null if it does not exist, has no object, or is of another
 // type. The control layer then answers as for a missing one.
 para_t *hmi_ctrl(const void *type_param, s32 ctrl_type);
 

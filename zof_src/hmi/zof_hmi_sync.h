@@ -18,7 +18,7 @@ typedef struct {
     zof_touch_t touch;
     u32 standby_state;
     zof_func_standby_t standby;
-    const char *version[ZOF_HMI_VERSION_COUNT]; // as they were when the link was opened; null if there is none
+    const char *version[ZOF_HMI_VERSION_COUNT]; // as they were when the link was opened; may be null
 } zof_hmi_seen_t;
 
 // Makes the copy and the task that updates it at the end of every turn of the main loop. Main thread, before the link

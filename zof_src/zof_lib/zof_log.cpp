@@ -60,7 +60,7 @@ void escaped_print(const char *text, char line_end) {
     }
 }
 
-// Formats once more, with a mark for each line end of the format, so that inserted ones can be told apart.
+// Formats once more, with a mark for each line end of the format, to distinguish them from inserted ones.
 void mixed_print(char *text, size_t room, const char *fmt, va_list args) {
     char *marked = strdup(fmt);
     const char mark = unused_control(text);
