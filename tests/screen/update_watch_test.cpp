@@ -1,7 +1,6 @@
 // The watch for an update disk and its progress screen, on the test's clock; the copy's thread runs in real time.
 #include <unistd.h>
 
-#include "port/zof_host.h"
 #include "screen_fixture.h"
 #include "temp_project.h"
 
@@ -101,18 +100,6 @@ TEST_CASE("a card's data is copied without a count, and the screen ends with the
     CHECK(contains(shown(), "100|upgraded,success 1 , fail 0,pls restart power"));
     CHECK(reason().empty());
     CHECK(file_text(disk + "D/a") == "new");
-}
-
-TEST_CASE("while another panel updates the same data, the screen says why nothing was copied") {
-    temp_project_t project;
-    char text[64];
-    std::filesystem::create_directories(project.top + "/disk/D");
-    const s32 lock = zof_folder_lock((project.top + "/disk/D").c_str(), text, sizeof(text));
-    REQUIRE(lock > 0);
-    renew(&project, "U/zof_update/a");
-    CHECK(contains(shown(), "success 0 , fail 1"));
-    CHECK(reason() == form("D/: in use by process %d, nothing is copied", getpid()));
-    zof_folder_unlock(lock);
 }
 
 TEST_CASE("an update of which every name is skipped ends with the result") {

@@ -53,6 +53,12 @@ struct room_t : temp_project_t {
         return top + "/" + name;
     }
 
+    // Writes a clip and plays it.
+    void play(const media_clip &clip) const {
+        zof_drv_video_set_src(player, make("clip.mp4", clip).c_str());
+        zof_drv_video_set_state(player, ZOF_MEDIA_PLAY);
+    }
+
     // The number of the shown frame; -1 for none.
     s32 frame() const {
         return (s32)(screen_pixel(70, 60) >> 16) - 1;
@@ -121,8 +127,7 @@ TEST_CASE("a clip of variable frame rate shows each frame at its own time") {
     media_clip clip = exact_clip();
     clip.times = times;
     clip.frames = (s32)std::size(times);
-    zof_drv_video_set_src(room.player, room.make("v.mp4", clip).c_str());
-    zof_drv_video_set_state(room.player, ZOF_MEDIA_PLAY);
+    room.play(clip);
     for (s32 n = 0; n + 1 < clip.frames; n++) {
         CAPTURE(n);
         while (screen_now + 7 < (u32)(times[n + 1] * 1000 / 30)) {
@@ -136,10 +141,8 @@ TEST_CASE("a clip of variable frame rate shows each frame at its own time") {
 
 TEST_CASE("a clip is transparent, scaled, paused, resumed and stopped, and ends with its last frame or starts again") {
     room_t room;
-    const std::string path = room.make("a.mp4", exact_clip());
     zof_drv_video_set_state(room.player, ZOF_MEDIA_PLAY); // without a clip: nothing
-    zof_drv_video_set_src(room.player, path.c_str());
-    zof_drv_video_set_state(room.player, ZOF_MEDIA_PLAY);
+    room.play(exact_clip());
     screen_step(515);
     CHECK(room.frame() == 15);
     screen_check(
@@ -168,15 +171,14 @@ TEST_CASE("a clip is transparent, scaled, paused, resumed and stopped, and ends 
         screen_step(100);
     }
     CHECK(zof_drv_video_set_state(nullptr, 0) == -1);
-    CHECK(zof_drv_video_set_src(lv_scr_act(), path.c_str()) == -1); // not a player
+    CHECK(zof_drv_video_set_src(lv_scr_act(), "clip.mp4") == -1); // not a player
 }
 
 TEST_CASE("a faulty clip ends: a change of size, an excessive size, a missing file") {
     room_t room;
     media_clip clip = exact_clip();
     clip.resize_at = 10;
-    zof_drv_video_set_src(room.player, room.make("resized.mp4", clip).c_str());
-    zof_drv_video_set_state(room.player, ZOF_MEDIA_PLAY);
+    room.play(clip);
     screen_step(1000);
     CHECK(room.frame() == 9);
     CHECK(printed([&] { zof_drv_video_set_src(room.player, "/none.mp4"); }) == "video /none.mp4: cannot be opened\n\n");
@@ -195,8 +197,7 @@ TEST_CASE("the sound of a deleted player stops") {
     clip.tone_hz = 440;
     clip.tone_ms = 5000;
     win_audio_init();
-    zof_drv_video_set_src(room.player, room.make("loud.mp4", clip).c_str());
-    zof_drv_video_set_state(room.player, ZOF_MEDIA_PLAY);
+    room.play(clip);
     CHECK(zof_drv_audio_get_state() == ZOF_MEDIA_PLAY);
     lv_obj_del(room.player);
     CHECK(zof_drv_audio_get_state() == ZOF_MEDIA_STOP);

@@ -47,23 +47,18 @@ TEST_CASE("a switch leaves the old view, clears it, and builds and enters the ne
 TEST_CASE("missing views are reported and change nothing") {
     view_project_t project;
     project.view(1, {plain(1)});
-    project.pages += R"(, {"pageId": 2, "pageName": "gone.g"}, {"pageId": 3, "pageName": "broken.g"})"
-                     R"(, {"pageId": 4, "pageName": "v1.g"}, {"pageId": 77, "pageName": "v77.g"})";
-    project.write("config/view/broken.g", "{\"view\": {\n\"v_id\" 3}}");
+    project.pages += R"(, {"pageId": 2, "pageName": "gone.g"}, {"pageId": 4, "pageName": "v1.g"})"
+                     R"(, {"pageId": 77, "pageName": "v77.g"})";
     project.write("config/view/v77.g", R"({"view": {"v_id": 77}, "controls": []})");
-    project.more = R"(, "start_page": 9)";
-    std::string said = printed([&] { project.open(320, 240); });
-    CHECK(contains(said, "view 9: no such view in the project file"));
-
-    for (const auto &[number, line] : {std::pair{2, "gone.g"}, {3, "broken.g:2:"}, {77, "no functions for v_id 77"}}) {
-        CAPTURE(line);
-        const u32 id = (u32)number;
-        CHECK(contains(printed([&] { CHECK(zof_view_load(id) == -1); }), line));
-        printed([&] { CHECK(zof_view_set_dis_view_anim(id, 0, 0, 0, 1) + zof_view_delete(id) == -2); });
+    project.open(320, 240);
+    for (const auto &[id, line] : {std::pair{2, "gone.g"}, {77, "no functions for v_id 77"}, {6, "view 6"}}) {
+        const u32 view = (u32)id;
+        CHECK(contains(printed([=] { CHECK(zof_view_load(view) == -1); }), line));
+        printed([=] { CHECK(zof_view_set_dis_view_anim(view, 0, 0, 0, 1) + zof_view_delete(view) == -2); });
     }
-
-    printed([] { zof_view_set_dis_view(4); }); // a file whose own id is 1: it makes view 1, once
-    printed([] { zof_view_set_dis_view(4); });
+    for (u32 i = 0; i < 2; i++) {
+        printed([] { zof_view_set_dis_view(4); }); // a file whose own id is 1: it makes view 1, once
+    }
     CHECK(zof_prj_get_cur()->view_list->count == 1);
 }
 

@@ -51,6 +51,13 @@ static void push(SDL_Event event) {
     screen_step(SCREEN_INPUT_MS);
 }
 
+static void uncover() {
+    SDL_Event e = {};
+    e.window.type = SDL_WINDOWEVENT;
+    e.window.event = SDL_WINDOWEVENT_EXPOSED;
+    push(e);
+}
+
 static SDL_Event mouse(u32 type, u8 button, s32 x, s32 y) {
     SDL_Event e = {};
     e.button = {.type = type, .button = button, .x = x, .y = y};
@@ -93,10 +100,7 @@ TEST_CASE("mouse and finger reach the input device, and any window event lifts t
         CHECK(pointer() == row.then);
     }
     push(mouse(SDL_MOUSEBUTTONDOWN, SDL_BUTTON_LEFT, 50, 60));
-    SDL_Event e = {};
-    e.window.type = SDL_WINDOWEVENT;
-    e.window.event = SDL_WINDOWEVENT_EXPOSED;
-    push(e);
+    uncover();
     CHECK(!std::get<bool>(pointer()));
 
     SDL_Event wheel = {}; // turns the other way, with its button pressed
@@ -175,10 +179,7 @@ TEST_CASE("only what has changed is copied to the window, and everything when it
     CHECK((*window_at(35, 25) & 0xFFFFFF) == 0x204060);
     CHECK((*window_at(5, 5) & 0xFFFFFF) == MARK);
     CHECK((*window_at(99, 59) & 0xFFFFFF) == MARK);
-    SDL_Event e = {};
-    e.window.type = SDL_WINDOWEVENT;
-    e.window.event = SDL_WINDOWEVENT_EXPOSED;
-    push(e);
+    uncover();
     CHECK(window_shows_picture(1));
     zof_win_set_dis_bright(50);
     CHECK((*window_at(5, 5) & 0xFFFFFF) == 0x0F1F2F); // 127 of 255 of each colour

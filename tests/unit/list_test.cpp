@@ -89,11 +89,10 @@ TEST_CASE("a list with numbers finds the same as one without, and compares only 
         }
     }
     CHECK(__db_list_visit_and_pop(lists[0], 7) == __db_list_visit_and_pop(lists[1], 7));
-    u32 key = 65536 + 65;
-    same(key);
+    same(65536 + 65);
     compared = 0;
-    CHECK(__db_list_search_node(lists[1], &(key = 130)) == &numbers[2]);
-    CHECK(compared == 0);
+    u32 key = 130;
+    CHECK((__db_list_search_node(lists[1], &key) == &numbers[2] && compared == 0));
     for (db_list *list : lists) { // a second one with this number: the first in the list is found
         static u16 second = 130;
         CHECK(__db_list_put_head(list, &second) == 0);

@@ -249,6 +249,8 @@ TEST_CASE("a folder locked by another copy is not touched, and the log names the
     REQUIRE(lock > 0);
     CHECK(contains(printed([&] { update(from, into); }), into + ": " + holder + ", nothing is copied"));
     CHECK((good_count == 0 && bad_count == fresh.size()));
+    zof_dir_copy_get_reason(text, sizeof(text)); // for the screen
+    CHECK(text == "D/: " + holder + ", nothing is copied");
     CHECK(contains(printed([&] { zof_dir_copy_mend(into.c_str()); }), into + ": " + holder + ", left as it is"));
     CHECK(tree_of(into).size() == 1);
     zof_folder_unlock(lock);
