@@ -186,6 +186,7 @@ TEST_CASE("any LVGL object is a handle, and every operation is harmless without 
     zof_ctrl_t *label = zof_ctrl_get_child(at(1), 0);
     CHECK(zof_label_set_txt(label, "inner") == 0);
     CHECK(std::string(zof_label_get_text(label)) == "inner");
+    CHECK(zof_label_get_text(at(1)) == (char *)(intptr_t)-1); // a button
     CHECK(zof_ctrl_get_id_form_ctrl(label) == -1);
     CHECK(zof_ctrl_get_id_form_ctrl(zof_ctrl_obj(at(1))) == 1);
     CHECK(zof_ctrl_get_attr_from_ctrl(nullptr) == (void *)(intptr_t)-1);
