@@ -132,3 +132,17 @@ TEST_CASE("touches change the gallery's controls as they should in the dark them
 TEST_CASE("touches change the gallery's controls as they should in the light theme") {
     every_state(true);
 }
+
+TEST_CASE("the gallery's endless tiles come round in order, ten swipes each way") {
+    gallery_open();
+    gallery_show(10);
+    const u32 colors[] = {0x2F8FE8, 0x2FA36B, 0xE8862F}; // of A, B and C; B is shown first
+    const lv_point_t p = gallery_middle(10, VIEW10_ENDLESS_ID);
+    u32 index = 1;
+    for (s32 i = 0; i <= 20; i++) {
+        CHECK(screen_pixel(p.x - 100, p.y - 100) == colors[index]);
+        const s32 dx = i < 10 ? -260 : 260;
+        run({10, VIEW10_ENDLESS_ID, -dx / 2, 0, 2000, nullptr, false, dx, 0, 4});
+        index = (index + (dx < 0 ? 1 : 2)) % 3;
+    }
+}
