@@ -178,8 +178,12 @@ TEST_CASE("port: it is moved to another path at once, and a path that is no seri
     for (serial_pty *pty : {&first, &second, &first}) {
         CHECK(zof_drv_uart_path_set(port, pty->line.slave_name.c_str()) == 0);
         CHECK(text_of(pty_read(*pty, 3)) == "off");
+        CHECK(zof_drv_uart_path_set(port, pty->line.slave_name.c_str()) == 0); // it is open already
+        const u64 before = info().bytes;
+        pty_write(*pty, {'a'});
+        CHECK(eventually([=] { return info().bytes > before; }));
     }
-    CHECK(info().opened == 3);
+    CHECK((info().opened == 3 && info().state == UART_STATE_OPEN));
     for (const std::string &path :
          {folder.path("file"), folder.path("pipe"), std::string("/dev/null"), folder.folder}) {
         CAPTURE(path);

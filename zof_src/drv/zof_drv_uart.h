@@ -114,8 +114,8 @@ const char *zof_drv_uart_state_text(const zof_uart_info_t *info, char *out, size
 u32 zof_drv_uart_list(zof_uart_info_t *out, u32 most);
 
 // Moves a port to another path: the line is closed and the new one tried at once, by the reader thread; sends return -1
-// until it is open. The same path is tried again. Empty: no line. Any thread, never waits. Returns 0, or -1: invalid
-// handle, null, too long, or a port that cannot do it.
+// until it is open. The same path is tried again, unless it is open. Empty: no line. Any thread, never waits. Returns
+// 0, or -1: invalid handle, null, too long, or a port that cannot do it.
 s32 zof_drv_uart_path_set(zof_drv_t *handle, const char *path);
 
 // Sets the function that is called after each change of a port's state, and once for the state at this call. Null:

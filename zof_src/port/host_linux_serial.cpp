@@ -34,13 +34,14 @@ struct host_serial {
     u64 patience;    // and not before this time
     zof_host_line_t line;
     zof_uart_info_t info; // all but `bytes`
-    bool moved, closed;   // `next` is the path to use from now on; the owner has closed the line
     char next[sizeof(zof_uart_info_t::path)];
-    std::atomic<int> users; // the owner, and each thread inside receive; the last one releases it
-    int wake;               // readable when `moved` or `closed` was set
-    s32 port;               // its number, for messages
-    bool seen;              // the device has been open under this path; reader thread, after the start
-    host_trace_t trace;     // likewise
+    std::atomic<bool> moved;  // `next` is the path to use from now on
+    std::atomic<bool> closed; // by the owner
+    std::atomic<int> users;   // the owner, and each thread inside receive; the last one releases it
+    int wake;                 // readable after `moved` or `closed` was set
+    s32 port;                 // its number, for messages
+    bool seen;                // the device has been open under this path; reader thread, after the start
+    host_trace_t trace;       // likewise
 };
 
 static bool port_path(s32 port, const char *path, char *out, size_t size) {
@@ -228,15 +229,18 @@ static void nap(host_serial *s, int ms) {
 // Reader thread. Puts the line to its new path, if it has one.
 static bool path_take(host_serial *s) {
     zof_uart_info_t next = {};
+    if (!s->moved.exchange(false)) {
+        return false;
+    }
     {
         std::lock_guard guard(s->lock);
-        if (!s->moved) {
-            return false;
-        }
-        s->moved = false;
         memcpy(next.path, s->next, sizeof(next.path));
     }
-    if (strcmp(s->info.path, next.path) != 0) {
+    const bool same = strcmp(s->info.path, next.path) == 0;
+    if (same && s->fd >= 0) {
+        return false;
+    }
+    if (!same) {
         s->trace = {};
         s->seen = false;
     }
@@ -248,17 +252,12 @@ static bool path_take(host_serial *s) {
     return true;
 }
 
-static bool is_closed(host_serial *s) {
-    std::lock_guard guard(s->lock);
-    return s->closed;
-}
-
 // Reader thread. Returns when the state of the port has changed, or may have.
 static void device_wait(host_serial *s) {
     do {
         const int pause = s->info.state == UART_STATE_GONE ? RETRY_MS : MISSING_RETRY_MS;
         nap(s, *s->info.path ? pause : -1);
-    } while (!path_take(s) && !is_closed(s) && !device_look(s));
+    } while (!path_take(s) && !s->closed && !device_look(s));
 }
 
 static void device_lost(host_serial *s) {
@@ -268,9 +267,10 @@ static void device_lost(host_serial *s) {
     close(state_swap(s, -1, &gone));
 }
 
-// Changes of the state end it without bytes. Only this thread changes `fd` once the line is open.
+// Changes of the state end it without bytes. It takes no lock, which a sender may hold while it waits for a peer that
+// waits for its own bytes to be read. Only this thread changes `fd` once the line is open.
 static s32 line_read(host_serial *s, u8 *buffer, u32 size) {
-    while (s->fd >= 0 && !is_closed(s)) {
+    while (s->fd >= 0 && !s->closed) {
         pollfd p[2] = {{s->fd, POLLIN, 0}, {s->wake, POLLIN, 0}};
         if (poll(p, 2, -1) < 0 && errno != EINTR) {
             return 0;
@@ -293,7 +293,7 @@ static s32 line_read(host_serial *s, u8 *buffer, u32 size) {
             return 0;
         }
     }
-    if (!is_closed(s)) {
+    if (!s->closed) {
         device_wait(s);
     }
     return 0;
@@ -316,10 +316,7 @@ static void wake(host_serial *s) {
 
 s32 win_uart_close(zof_drv_t *handle) {
     host_serial *s = line_of(handle);
-    {
-        std::lock_guard guard(s->lock);
-        s->closed = true;
-    }
+    s->closed = true;
     wake(s);
     line_release(s);
     return 0;
@@ -339,8 +336,8 @@ s32 win_uart_path_set(zof_drv_t *handle, const char *path) {
     {
         std::lock_guard guard(s->lock);
         snprintf(s->next, sizeof(s->next), "%s", path);
-        s->moved = true;
     }
+    s->moved = true;
     wake(s);
     return 0;
 }
