@@ -12,9 +12,11 @@
 #include <sys/sysmacros.h>
 #include <sys/wait.h>
 
+#include "drv/zof_lock.h"
 #include "drv/zof_loop_in.h"
 #include "hardware/uart/zof_hw_port.h"
 #include "hardware/uart/zof_hw_uart.h"
+#include "host_frame.h"
 #include "port/host_linux_line.h"
 #include "port/zof_port.h"
 #include "serial_pty.h"
@@ -129,6 +131,38 @@ TEST_CASE("port: what a line sent before it was lost is never delivered after th
     REQUIRE(eventually([] { return info().bytes == 6; }));
     zof_mutex_unlock(dis_mutex);
     CHECK(eventually([] { return heard_text() == "open1 open2 <new> "; })); // the loss is merged with the opening
+}
+
+TEST_CASE("port: the panel's first word on a line may be off, and the halves of a frame on two lines are not joined") {
+    temp_project_t folder;
+    serial_pty pty;
+    pty.line.link = folder.path("line");
+    zof_loop_init();
+    win_uart_init();
+    REQUIRE(zof_box_port_set(pty.line.link.c_str()) == 0);
+    zof_link_on_change([](const zof_uart_info_t *state) {
+        if (state->state == UART_STATE_OPEN) {
+            zof_reg_report(REG_OUT_REQ, 0);
+        }
+    });
+    zof_reg_set(100, 5);
+    zof_uart_init();
+    port = drv_uart;
+    const bytes cut = frame_write(100, {7}), whole = frame_write(101, {8});
+    const bytes parts[] = {join({whole, {cut.begin(), cut.begin() + 4}}), join({{cut.begin() + 4, cut.end()}, whole})};
+    for (u32 line = 1; line <= 2; line++) {
+        REQUIRE(wire_plug(pty.line));
+        CHECK(pty_read(pty, 9) == bytes{0x5A, 0xA5, 6, 0x83, 0, REG_OUT_REQ, 1, 0, 0});
+        pty_write(pty, parts[line - 1]);
+        CHECK(eventually([=] {
+            zof_lock gui(dis_mutex);
+            return g_link.frames == line;
+        }));
+        wire_unplug(pty.line);
+        REQUIRE(becomes(UART_STATE_GONE));
+    }
+    zof_lock gui(dis_mutex);
+    CHECK((zof_reg_get(100) == 5 && g_link.skipped == cut.size()));
 }
 
 TEST_CASE("port: one that is held or forbidden says by whom, and is taken as soon as that ends") {
