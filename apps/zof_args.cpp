@@ -12,7 +12,7 @@ enum { STATUS_START = -1, STATUS_DONE = 0, STATUS_WRONG = 2 };
 
 static struct {
     std::string port, replay; // lives as long as the replay, which keeps its file's name
-    bool list = false;
+    bool list = false, full = false;
 } args;
 
 static const char footer[] =
@@ -21,7 +21,9 @@ static const char footer[] =
     "  ZOF_COM5=PATH            the port of a host\n"
     "  ZOF_LINK_TRACE=FILE|-    write every frame on the box's port, in words, to a file or the standard output\n"
     "  ZOF_SCRIPT=FILE          play a session\n"
-    "  ZOF_SHOTS=FOLDER         where its pictures go\n\n"
+    "  ZOF_SHOTS=FOLDER         where its pictures go\n"
+    "  ZOF_STATE=FOLDER         where the size of the window is kept; empty: nowhere\n\n"
+    "Key F11: full screen, and back\n\n"
     "Exit status: 0 the window was closed, or what was asked for is printed; 1 no project to show;\n"
     "2 wrong arguments, or a fault in a session; 3 no memory.\n";
 
@@ -32,6 +34,7 @@ static void options_add(CLI::App &app) {
     auto *port = app.add_option("--port", args.port, "the port of the box; auto: the one USB serial adapter");
     port->type_name("PATH|auto");
     app.add_flag("--list-ports", args.list, "print the serial ports with their adapters and who has them");
+    app.add_flag("--fullscreen", args.full, "start on the whole screen");
     app.add_option("--replay", args.replay, "show a trace of ZOF_LINK_TRACE as if a box sent it; no port is opened")
         ->type_name("FILE")
         ->excludes(port);
@@ -41,6 +44,9 @@ static int args_apply(const CLI::App &app) {
     if (args.list) {
         zof_box_port_print();
         return STATUS_DONE;
+    }
+    if (args.full) {
+        zof_disp_set_fullscreen(ZOF_TRUE);
     }
     if (app.count("--replay") && zof_replay_open(args.replay.c_str()) != 0) {
         return STATUS_WRONG;

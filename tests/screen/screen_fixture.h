@@ -51,6 +51,7 @@ inline void screen_init() {
     zof_clock_set(&clock);
     setenv("SDL_VIDEODRIVER", "offscreen", 0);
     setenv("SDL_AUDIODRIVER", "dummy", 0);
+    setenv("ZOF_STATE", "", 0); // nothing of the person who runs the tests
     lv_init();
 }
 
@@ -115,15 +116,20 @@ struct screen_picture {
     }
 };
 
-// Returns what the panel shows now, after drawing everything that is pending.
-inline screen_picture screen_shot() {
-    lv_refr_now(nullptr);
+// Returns what the panel shows now.
+inline screen_picture screen_frame() {
     screen_picture p;
     const u32 *frame = sdl_frame_get(&p.width, &p.height);
     for (size_t i = 0; frame && i < (size_t)p.width * (size_t)p.height; i++) {
         p.pixels.push_back(frame[i] & 0xFFFFFF);
     }
     return p;
+}
+
+// The same, after drawing everything that is pending.
+inline screen_picture screen_shot() {
+    lv_refr_now(nullptr);
+    return screen_frame();
 }
 
 inline u32 screen_pixel(s32 x, s32 y) {

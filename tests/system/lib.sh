@@ -1,6 +1,7 @@
 # Shared by the system tests, to be sourced: $work is a temporary folder of the test, and programs started by `start` end
 # with the test. A failing test prints the ends of its logs.
 set -eu
+export ZOF_STATE= # nothing of the person who runs the tests
 work=$(mktemp -d)
 pids=""
 finish() {

@@ -30,7 +30,7 @@ for word in -h --help; do
     ends 0 "$gallery" $word
     for part in "usage: $gallery" --version "ZOF_COM<P>" ZOF_SCRIPT; do says "$part"; done
     ends 0 "$build/panel/zof_bench" $word
-    for part in "--port PATH|auto" --list-ports "--replay FILE" ZOF_LINK_TRACE "Exit status: 0"; do says "$part"; done
+    for part in "--port PATH|auto" --list-ports "--replay FILE" --fullscreen F11 ZOF_LINK_TRACE "Exit status: 0"; do says "$part"; done
 done
 for program in "$gallery" "$build/panel/zof_bench"; do
     ends 0 "$program" --version

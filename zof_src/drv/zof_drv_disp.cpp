@@ -30,6 +30,20 @@ s32 zof_disp_set_bright(u8 level) {
     return 0;
 }
 
+static zof_bool fullscreen;
+
+s32 zof_disp_set_fullscreen(zof_bool on) {
+    fullscreen = on;
+    if (!zof_disp) {
+        return 0;
+    }
+    return zof_disp->set_fullscreen ? zof_disp->set_fullscreen(on) : -1;
+}
+
+zof_bool zof_disp_get_fullscreen(void) {
+    return fullscreen;
+}
+
 s32 zof_disp_get_scn_size(zof_wh_t *out) {
     if (!zof_disp || !out) {
         return -1;

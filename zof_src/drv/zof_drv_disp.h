@@ -16,6 +16,7 @@ typedef struct zof_disp {
     s32 (*set_bgcolor)(zof_color_t color);   // OPTIONAL: 0 or -1
     s32 (*set_bg)(const char *path);         // OPTIONAL: 0 when the driver shows the picture itself, else -1
     s32 (*set_bright)(u8 level);             // OPTIONAL: percent; called from any thread
+    s32 (*set_fullscreen)(zof_bool on);      // OPTIONAL: 0 or -1
     s32 (*get_scn_size)(struct zof_disp *d); // MANDATORY: fills scn_w and scn_h
 } zof_disp_t;
 
@@ -34,6 +35,11 @@ s32 zof_drv_disp_set_bgcolor(zof_color_t color);
 
 // Sets the brightness in percent; any thread. Returns 0 when the display has one, else -1.
 s32 zof_disp_set_bright(u8 level);
+
+// Shows the picture on the whole screen, or in a window of its own. Before the display is registered the request is
+// kept, and the display starts so. Returns 0, or -1 when the display cannot. The second returns the last request.
+s32 zof_disp_set_fullscreen(zof_bool on);
+zof_bool zof_disp_get_fullscreen(void);
 
 // Returns the physical screen's size in `out`: 0, or -1 without a record or `out`.
 s32 zof_disp_get_scn_size(zof_wh_t *out);

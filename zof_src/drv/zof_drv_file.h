@@ -86,6 +86,12 @@ typedef struct {
 } zof_file_stamp_t;
 s32 zof_file_stamp(const char *path, zof_file_stamp_t *out);
 
+// Makes the path of a file that a program keeps from one start to the next: `name` in the folder ZOF_STATE of the
+// environment; without it in `zof` in XDG_STATE_HOME, or in .local/state of the home folder. With `make` missing
+// folders are created. Returns 0, or -1 when ZOF_STATE is empty, so that nothing is kept, without any of these folders,
+// and when the path does not fit.
+s32 zof_file_state_path(char *out, size_t size, const char *name, zof_bool make);
+
 // Returns why the latest call on this thread failed, as text.
 const char *zof_file_error(void);
 

@@ -59,7 +59,8 @@ s32 zof_win_key_irq_reg(void (*fn)(zof_win_key_param_t *param, u32 key));
 s32 zof_win_key_get_value(const zof_win_key_param_t *param);
 s32 zof_win_key_get_status(const zof_win_key_param_t *param);
 
-// The port's side of the same; the window calls it for every key event: level 1 down, 0 up. Always returns 0.
+// The port's side of the same; the window calls it for every key event but repeats and F11, which is its own: level 1
+// down, 0 up. Always returns 0.
 s32 zof_drv_win_key_sim_gpio_reg(u8 port, u8 pin, u32 key);
 s32 zof_drv_win_key_irq_reg(void (*fn)(zof_win_key_param_t *param, u32 key));
 s32 zof_drv_win_key_get_value(const zof_win_key_param_t *param);

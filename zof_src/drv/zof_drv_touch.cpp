@@ -38,6 +38,18 @@ s32 zof_touch_event(lv_indev_data_t *data) {
     return 0;
 }
 
+static void (*g_landed)(u16 x, u16 y);
+
+void zof_touch_landed_set(void (*fn)(u16 x, u16 y)) {
+    g_landed = fn;
+}
+
+void zof_touch_landed(u16 x, u16 y) {
+    if (g_landed) {
+        g_landed(x, y);
+    }
+}
+
 s32 zof_touch_get(zof_touch_t *out) {
     if (!out || !touch_indev) {
         return -1;

@@ -28,6 +28,11 @@ extern lv_indev_t *touch_indev;
 // the host protocol takes is changed to a release. Returns 0, or -1 when a release changed nothing.
 s32 zof_touch_event(lv_indev_data_t *data);
 
+// Further fingers, while the first is down: the widgets do not see them. `fn` gets where each one lands, in pixels as
+// in zof_touch_t, inside lv_timer_handler; null, the initial value, ignores them. A port calls zof_touch_landed.
+void zof_touch_landed_set(void (*fn)(u16 x, u16 y));
+void zof_touch_landed(u16 x, u16 y);
+
 // Returns the current touch with the display's rotation applied; -1 without `out` or an input device.
 s32 zof_touch_get(zof_touch_t *out);
 

@@ -35,7 +35,9 @@ static bool question_answer(const char *program, const char *word) {
                    "Environment:\n"
                    "  ZOF_COM<P>=PATH      the line behind serial port P\n"
                    "  ZOF_SCRIPT=FILE      plays a session\n"
-                   "  ZOF_SHOTS=FOLDER     where its pictures go",
+                   "  ZOF_SHOTS=FOLDER     where its pictures go\n"
+                   "  ZOF_STATE=FOLDER     where the size of the window is kept; empty: nowhere\n\n"
+                   "Key F11: full screen, and back",
                    program);
         return true;
     }

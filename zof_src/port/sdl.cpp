@@ -1,4 +1,4 @@
-// The window: a frame store whose changed parts are copied to the window's surface, and the events of mouse, touch and
+// The desktop's panel: a frame store whose changed parts are shown in the window, and the events of mouse, touch and
 // keyboard. Without a display SDL draws off the screen; without SDL the frame store works alone, so that screenshots
 // work everywhere.
 #include <SDL.h>
@@ -11,36 +11,33 @@
 #include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_gpio.h"
 #include "drv/zof_drv_touch.h"
-#include "drv/zof_drv_up.h"
 #include "drv/zof_loop_in.h"
 #include "port/win_loop.h"
-#include "port/zof_host.h"
+#include "port/win_screen.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { EVENT_PERIOD_MS = 10, KEY_BUFFER = 32, BRIGHT_FULL = 255 };
+enum : s64 { MOUSE = -1 }; // in place of a finger's number
 
 s32 SDL_HOR_RES = 480;
 s32 SDL_VER_RES = 272;
 
-// The window and its picture.
+// The frame store, and which part of it has changed since it was last shown.
 static struct {
-    SDL_Window *window;
-    SDL_Surface *surface; // the window's own, to notice when SDL has replaced it
-    SDL_Surface *picture; // the frame store, as SDL sees it
-    SDL_Rect changed;     // part of the picture that changed since it was last shown
     u32 *tft_fb;
+    SDL_Rect changed;
     SDL_threadID thread; // the graphics thread: the only one that may touch the window
 } monitor;
 
-static float zoom = 1.0f;
 static std::atomic<u8> sdl_quit_qry;
 static std::atomic<u8> bright_wanted{BRIGHT_FULL}; // set by any thread
 static u8 bright_shown = BRIGHT_FULL;              // applied by the graphics thread
 
 // The latest state of mouse, wheel and keyboard.
 static u8 left_button_down;
-static u8 press_unread; // a press that ended before the widgets read it: they still get it once
+static s64 pointer_owner; // the finger that is down, or MOUSE
+static u8 press_unread;   // a press that ended before the widgets read it: they still get it once
 static s16 last_x, last_y;
 static u8 wheel_state;
 static s16 wheel_diff;
@@ -57,129 +54,29 @@ static int quit_filter(void *, SDL_Event *event) {
     return 1;
 }
 
-static bool memory_driver(const char *name) {
-    return name && (strcmp(name, "offscreen") == 0 || strcmp(name, "dummy") == 0);
-}
-
-// Uses the display of the environment, else SDL's drivers that need none.
-static bool video_start() {
-    const char *asked = SDL_getenv("SDL_VIDEODRIVER");
-    if (SDL_Init(SDL_INIT_VIDEO) == 0) {
-        if (memory_driver(SDL_GetCurrentVideoDriver()) && !memory_driver(asked)) {
-            zof_printf("window: no display found; drawing off the screen");
-        }
-        return true;
-    }
-    for (const char *driver : {"offscreen", "dummy"}) {
-        const char *why = SDL_GetError();
-        char reason[128];
-        SDL_strlcpy(reason, why, sizeof(reason));
-        SDL_SetHintWithPriority(SDL_HINT_VIDEODRIVER, driver, SDL_HINT_OVERRIDE);
-        if (SDL_Init(SDL_INIT_VIDEO) == 0) {
-            zof_printf("window: %s; drawing off the screen", reason);
-            return true;
-        }
-    }
-    return false;
-}
-
-// SDL would pass our finished picture to OpenGL, which without a graphics card costs more than drawing it did. Drivers
-// other than these have no other way to show it.
-static void plain_framebuffer() {
-    const char *driver = SDL_GetCurrentVideoDriver();
-    if (memory_driver(driver) || (driver && strcmp(driver, "x11") == 0)) {
-        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
-    }
-}
-
-static void zoom_choose() {
-    s32 w = 0;
-    s32 h = 0;
-    zof_host_screen_size(&w, &h);
-    const bool unknown = w <= 0 || h <= 0;
-    zoom = unknown || (SDL_HOR_RES < w && SDL_VER_RES < h) ? 1.0f : 0.5f;
-}
-
-static void window_drop() {
-    if (monitor.picture) {
-        SDL_FreeSurface(monitor.picture);
-    }
-    if (monitor.window) {
-        SDL_DestroyWindow(monitor.window);
-    }
-    monitor.picture = nullptr;
-    monitor.window = nullptr;
-}
-
-static bool window_open() {
-    zof_prj_facts_t facts = {};
-    const char *title = zof_drv_up.prj_facts(&facts) == 0 && facts.title ? facts.title : "";
-    monitor.window = SDL_CreateWindow(title, SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED,
-                                      (int)((float)SDL_HOR_RES * zoom), (int)((float)SDL_VER_RES * zoom), 0);
-    if (!monitor.tft_fb || !monitor.window || !SDL_GetWindowSurface(monitor.window)) {
-        return false;
-    }
-    monitor.picture = SDL_CreateRGBSurfaceWithFormatFrom(monitor.tft_fb, SDL_HOR_RES, SDL_VER_RES, 32,
-                                                         SDL_HOR_RES * (int)sizeof(u32), SDL_PIXELFORMAT_RGB888);
-    return monitor.picture != nullptr;
-}
-
 static void frame_store_make() {
     const size_t bytes = (size_t)SDL_HOR_RES * (size_t)SDL_VER_RES * sizeof(u32);
     monitor.tft_fb = (u32 *)zof_malloc(bytes);
     if (monitor.tft_fb) {
-        memset(monitor.tft_fb, 0xFF, bytes);
+        memset(monitor.tft_fb, 0, bytes); // black, until the first view is drawn
     }
 }
 
 void sdl_init(void) {
     monitor.thread = SDL_ThreadID();
     frame_store_make();
-    const bool video = video_start();
+    const bool video = win_screen_video();
     if (video) {
         SDL_SetEventFilter(quit_filter, nullptr);
-        plain_framebuffer();
-        zoom_choose();
     }
-    if (!video || !window_open()) {
+    if (!win_screen_open(video ? monitor.tft_fb : nullptr, SDL_HOR_RES, SDL_VER_RES)) {
         zof_printf("window: %s; continuing without one", SDL_GetError());
-        window_drop();
-    }
-    if (monitor.window) {
+    } else {
         SDL_StartTextInput();
     }
     static zof_loop_source events;
     zof_loop_source_add(&events, lv_timer_create(sdl_event_handler, EVENT_PERIOD_MS, nullptr));
     win_loop_init(events_take);
-}
-
-// Copies a part of the picture to the window, and shows it. At half size a part begins and ends at even positions, so
-// that each pixel of the window comes from the same pixels as in a whole copy.
-static void window_update(SDL_Rect part) {
-    SDL_Surface *surface = monitor.picture ? SDL_GetWindowSurface(monitor.window) : nullptr;
-    if (!surface) {
-        return;
-    }
-    const SDL_Rect whole = {0, 0, SDL_HOR_RES, SDL_VER_RES};
-    part = surface == monitor.surface ? part : whole;
-    monitor.surface = surface;
-    if (zoom < 1) {
-        part.w = (part.x + part.w + 1) / 2 * 2 - part.x / 2 * 2;
-        part.h = (part.y + part.h + 1) / 2 * 2 - part.y / 2 * 2;
-        part.x = part.x / 2 * 2;
-        part.y = part.y / 2 * 2;
-        SDL_Rect shown = {part.x / 2, part.y / 2, part.w / 2, part.h / 2};
-        SDL_BlitScaled(monitor.picture, &part, surface, &shown);
-        part = shown;
-    } else {
-        SDL_Rect shown = part;
-        SDL_BlitSurface(monitor.picture, &part, surface, &shown);
-    }
-    SDL_UpdateWindowSurfaceRects(monitor.window, &part, 1);
-}
-
-static void window_update_all() {
-    window_update({0, 0, SDL_HOR_RES, SDL_VER_RES});
 }
 
 void sdl_display_flush(lv_disp_drv_t *drv, const lv_area_t *area, lv_color_t *pixels) {
@@ -200,7 +97,7 @@ void sdl_display_flush(lv_disp_drv_t *drv, const lv_area_t *area, lv_color_t *pi
     const SDL_Rect flushed = {left, top, width, bottom - top + 1};
     SDL_UnionRect(&monitor.changed, &flushed, &monitor.changed);
     if (lv_disp_flush_is_last(drv)) {
-        window_update(monitor.changed);
+        win_screen_show({monitor.changed.x, monitor.changed.y, monitor.changed.w, monitor.changed.h});
         monitor.changed = {};
     }
     lv_disp_flush_ready(drv);
@@ -212,10 +109,7 @@ static void bright_apply() {
         return;
     }
     bright_shown = level;
-    if (monitor.picture) {
-        SDL_SetSurfaceColorMod(monitor.picture, level, level, level);
-        window_update_all();
-    }
+    win_screen_bright(level);
 }
 
 void zof_win_set_dis_bright(u8 level) {
@@ -231,45 +125,111 @@ u8 sdl_bright_get(void) {
     return bright_shown;
 }
 
-static void pointer_at(float x, float y) {
-    last_x = (s16)LV_CLAMP(-32768.0f, x, 32767.0f);
-    last_y = (s16)LV_CLAMP(-32768.0f, y, 32767.0f);
-}
-
-static void mouse_at(s32 x, s32 y) {
-    pointer_at((float)x / zoom, (float)y / zoom);
-}
-
-static void finger_at(const SDL_TouchFingerEvent *finger) {
-    pointer_at((float)SDL_HOR_RES * finger->x / zoom, (float)SDL_VER_RES * finger->y / zoom);
+// Returns whether this position in the window is inside the picture; outside, the pointer goes to its nearest pixel.
+static bool pointer_at(s32 x, s32 y) {
+    s32 pic_x = 0;
+    s32 pic_y = 0;
+    const bool inside = win_screen_pixel(x, y, &pic_x, &pic_y);
+    last_x = (s16)pic_x;
+    last_y = (s16)pic_y;
+    return inside;
 }
 
 // While the host has touch switched off nothing reads it, and a press from that time must not become a click later.
-static void press() {
-    left_button_down = 1;
-    press_unread = !(touch_indev && touch_indev->driver->read_timer->paused);
+static bool touch_paused() {
+    return touch_indev && touch_indev->driver->read_timer->paused;
 }
 
-static void button_event(const SDL_MouseButtonEvent *button) {
+// A press in the black beside the picture does nothing, not even when it moves inside. Of several contacts the first is
+// the pointer; the others are only reported.
+static void contact_down(s64 who, s32 x, s32 y) {
+    s32 pic_x = 0;
+    s32 pic_y = 0;
+    if (!win_screen_pixel(x, y, &pic_x, &pic_y)) {
+        return;
+    }
+    if (left_button_down && who != pointer_owner) {
+        if (!touch_paused()) {
+            zof_touch_landed((u16)pic_x, (u16)pic_y);
+        }
+        return;
+    }
+    left_button_down = 1;
+    pointer_owner = who;
+    press_unread = !touch_paused();
+    pointer_at(x, y);
+}
+
+static void contact_move(s64 who, s32 x, s32 y) {
+    if (!left_button_down || who == pointer_owner) {
+        pointer_at(x, y);
+    }
+}
+
+static void contact_up(s64 who, s32 x, s32 y) {
+    if (left_button_down && who == pointer_owner) {
+        pointer_at(x, y);
+        left_button_down = 0;
+    }
+}
+
+static void mouse_button_event(const SDL_MouseButtonEvent *button) {
     const bool down = button->type == SDL_MOUSEBUTTONDOWN;
     if (button->button == SDL_BUTTON_LEFT) {
-        if (down) {
-            press();
-            mouse_at(button->x, button->y);
-        } else {
-            left_button_down = 0;
-        }
+        (down ? contact_down : contact_up)(MOUSE, button->x, button->y);
     } else if (button->button == SDL_BUTTON_MIDDLE) {
         wheel_state = down;
     }
 }
 
-// Any window event lifts the finger, so that a drag that leaves the window does not stick.
-static void window_event(const SDL_WindowEvent *window) {
+static void mouse_motion_event(const SDL_MouseMotionEvent *motion) {
+    SDL_ShowCursor(SDL_ENABLE);
+    contact_move(MOUSE, motion->x, motion->y);
+}
+
+// A finger's position is a share of the window. There is nothing to point at with a cursor.
+static void finger_event(const SDL_TouchFingerEvent *finger) {
+    s32 w = 0;
+    s32 h = 0;
+    win_screen_size(&w, &h);
+    const s32 x = (s32)LV_CLAMP(0.0f, finger->x * (float)w, (float)(w - 1));
+    const s32 y = (s32)LV_CLAMP(0.0f, finger->y * (float)h, (float)(h - 1));
+    SDL_ShowCursor(SDL_DISABLE);
+    if (finger->type == SDL_FINGERDOWN) {
+        contact_down(finger->fingerId, x, y);
+    } else if (finger->type == SDL_FINGERUP) {
+        contact_up(finger->fingerId, x, y);
+    } else {
+        contact_move(finger->fingerId, x, y);
+    }
+}
+
+// A press whose release may never be reported is lost, so that it neither sticks nor becomes a click.
+static void press_lose() {
+    if (touch_indev && touch_indev->proc.state == LV_INDEV_STATE_PRESSED) {
+        lv_indev_wait_release(touch_indev);
+    }
     left_button_down = 0;
     press_unread = 0;
-    if (window->event == SDL_WINDOWEVENT_EXPOSED || window->event == SDL_WINDOWEVENT_TAKE_FOCUS) {
-        window_update_all();
+}
+
+static void window_event(const SDL_WindowEvent *window) {
+    const bool other = window->event == SDL_WINDOWEVENT_LEAVE && pointer_owner != MOUSE;
+    if (win_screen_event(window->event) && left_button_down && !other) {
+        press_lose();
+    }
+}
+
+// Applications see one press for each press, also while the key is held. F11 belongs to the window.
+static void key_event(const SDL_KeyboardEvent *key) {
+    const bool down = key->type == SDL_KEYDOWN;
+    if (key->repeat) {
+        return;
+    }
+    if (key->keysym.sym != SDLK_F11) {
+        zof_drv_win_key_set_value(down, (u32)key->keysym.sym);
+    } else if (down) {
+        win_screen_full_set(!win_screen_is_full());
     }
 }
 
@@ -283,29 +243,23 @@ static void text_event(const char *text) {
 static void event_take(const SDL_Event *event) {
     switch (event->type) {
     case SDL_MOUSEMOTION:
-        mouse_at(event->motion.x, event->motion.y);
+        mouse_motion_event(&event->motion);
         break;
     case SDL_MOUSEBUTTONDOWN:
     case SDL_MOUSEBUTTONUP:
-        button_event(&event->button);
+        mouse_button_event(&event->button);
         break;
     case SDL_MOUSEWHEEL:
         wheel_diff = (s16)-event->wheel.y;
         break;
     case SDL_FINGERDOWN:
-        press();
-        finger_at(&event->tfinger);
-        break;
     case SDL_FINGERUP:
-        left_button_down = 0;
-        finger_at(&event->tfinger);
-        break;
     case SDL_FINGERMOTION:
-        finger_at(&event->tfinger);
+        finger_event(&event->tfinger);
         break;
     case SDL_KEYDOWN:
     case SDL_KEYUP:
-        zof_drv_win_key_set_value(event->type == SDL_KEYDOWN, (u32)event->key.keysym.sym);
+        key_event(&event->key);
         break;
     case SDL_TEXTINPUT:
         text_event(event->text.text);
@@ -330,7 +284,7 @@ static bool events_take() {
     bright_apply();
     if (sdl_quit_qry) {
         zof_drv_audio_set_state(ZOF_MEDIA_STOP); // its thread may be opening a device that SDL_Quit removes
-        window_drop();
+        win_screen_close();
         SDL_Quit();
         exit(0); // NOLINT(concurrency-mt-unsafe): the other threads hold nothing that it destroys
     }
@@ -387,8 +341,7 @@ void sdl_pointer_inject(s32 x, s32 y, zof_bool pressed) {
     const bool down = pressed != ZOF_FALSE;
     SDL_Event event = {};
     event.motion.type = SDL_MOUSEMOTION;
-    event.motion.x = (s32)((float)x * zoom);
-    event.motion.y = (s32)((float)y * zoom);
+    win_screen_position(x, y, &event.motion.x, &event.motion.y);
     SDL_PushEvent(&event);
     if (down == injected_down) {
         return;

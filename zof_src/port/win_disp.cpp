@@ -2,6 +2,7 @@
 #include "drv/zof_drv_disp.h"
 #include "drv/zof_drv_touch.h"
 #include "drv/zof_drv_up.h"
+#include "port/win_screen.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -25,6 +26,11 @@ static s32 win_disp_get_scn_size(zof_disp_t *disp) {
 
 static s32 win_disp_set_bright(u8 level) {
     zof_win_set_dis_bright(level);
+    return 0;
+}
+
+static s32 win_disp_set_fullscreen(zof_bool on) {
+    win_screen_full_set(on != ZOF_FALSE);
     return 0;
 }
 
@@ -59,6 +65,7 @@ static void register_touch() {
 void win_disp_init(void) {
     win_disp_get_wh(&SDL_HOR_RES, &SDL_VER_RES);
     win_disp_t.set_bright = win_disp_set_bright;
+    win_disp_t.set_fullscreen = win_disp_set_fullscreen;
     win_disp_t.get_scn_size = win_disp_get_scn_size;
     zof_drv_disp_reg(&win_disp_t);
     zof_disp_init(&win_disp_t);

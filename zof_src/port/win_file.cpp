@@ -2,6 +2,7 @@
 // make any disk change fail here, or stop the program at it.
 #include <errno.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
 
 #include <atomic>
@@ -114,6 +115,39 @@ void zof_file_temp_clear(const char *folder) {
         }
     }
     zof_closedir(dir);
+}
+
+// Joins folder and name if the folder is a path from the root: a relative one would depend on where a program is
+// started.
+static bool state_join(char *out, size_t size, const char *folder, const char *below) {
+    return folder && folder[0] == '/' && zof_text_join(out, size, folder, below, nullptr);
+}
+
+// Creates the folders that a path needs.
+static void parents_make(char *path) {
+    for (char *at = strchr(path + 1, '/'); at; at = strchr(at + 1, '/')) {
+        *at = '\0';
+        zof_mkdir(path);
+        *at = '/';
+    }
+}
+
+s32 zof_file_state_path(char *out, size_t size, const char *name, zof_bool make) {
+    const char *given = getenv("ZOF_STATE");
+    char folder[400];
+    if (!out || !name) {
+        return -1;
+    }
+    const bool found = given ? state_join(folder, sizeof(folder), given, "/")
+                             : state_join(folder, sizeof(folder), getenv("XDG_STATE_HOME"), "/zof/") ||
+                                   state_join(folder, sizeof(folder), getenv("HOME"), "/.local/state/zof/");
+    if (!found || !zof_text_join(out, size, folder, name, nullptr)) {
+        return -1;
+    }
+    if (make) {
+        parents_make(out);
+    }
+    return 0;
 }
 
 s32 zof_folder_lock(const char *path, char *holder, size_t size) {

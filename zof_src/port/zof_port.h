@@ -25,8 +25,8 @@ void win_aid_init(void);
 // Size of the picture in pixels, set by win_disp_init before sdl_init.
 extern s32 SDL_HOR_RES, SDL_VER_RES;
 
-// Opens the window. Without a usable display the picture is drawn off the screen, and a log line says so; nothing here
-// fails because there is no window.
+// Opens the window, black. Without a usable display the picture is drawn off the screen, and a log line says so;
+// nothing here fails because there is no window.
 void sdl_init(void);
 
 // LVGL's flush and read callbacks. Wheel and keyboard are not registered on the desktop; they are for ports that want
@@ -39,10 +39,10 @@ void sdl_keyboard_read(lv_indev_drv_t *drv, lv_indev_data_t *data);
 // Takes all pending events of the window. A timer runs it every 10 ms; ends the process when the window was closed.
 void sdl_event_handler(lv_timer_t *timer);
 
-// Dims the window, in percent; above 100 wraps in 8 bits. Any thread: off the graphics thread it takes effect when the
-// window's events are next read.
+// Dims the window, in percent; above 100 wraps in 8 bits. Colours keep at least 0.95 of their value, so that texts stay
+// readable. Any thread: off the graphics thread it takes effect when the window's events are next read.
 void zof_win_set_dis_bright(u8 level);
-// Returns the current factor, 0 to 255; for tests.
+// Returns the current level, 0 to 255; for tests.
 u8 sdl_bright_get(void);
 
 // Returns true while this file is the sound that plays, or played last.
@@ -60,7 +60,7 @@ extern const lv_obj_class_t lv_ffmpeg_player_class;
 s32 lv_ffmpeg_get_frame_num(const char *path);
 
 // Returns the picture that the window shows, 0x??RRGGBB (the top byte is undefined), width x height; null before the
-// window is open. Undimmed. For screenshots; owned by the window.
+// window is open. Undimmed, and in its own size whatever that of the window is. For screenshots; owned by the window.
 const u32 *sdl_frame_get(s32 *width, s32 *height);
 
 // Puts mouse events into the window's own queue, as for a finger at this pixel of the picture. They take the same path

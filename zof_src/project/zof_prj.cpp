@@ -110,11 +110,13 @@ s32 zof_prj_create(const zof_view_fun_t *views, u32 count) {
 }
 
 // The logo object exists only during the forced refresh; its pixels stay on the panel until the first view is drawn.
+// The screen is black as the panel was before, because LVGL's own color would flash.
 void zof_prj_show_power_on_logo(void) {
     const char *logo = zof_res_path_check("logo.png", "image/");
     if (!logo || zof_file_kind(logo) == ZOF_FILE_NONE || !lv_disp_get_default()) {
         return;
     }
+    lv_obj_set_style_bg_color(lv_scr_act(), lv_color_black(), LV_PART_MAIN);
     lv_obj_t *img = lv_img_create(lv_scr_act());
     lv_img_set_src(img, logo);
     lv_obj_center(img);

@@ -17,7 +17,8 @@ s32 zof_prj_create(const zof_view_fun_t *views, u32 count);
 // Enables touches if the project file does. Returns 0, or -1 without a project.
 s32 zof_prj_hw_init(void);
 
-// Draws image/logo.png in the middle of the screen immediately; it stays there until something else is drawn.
+// Draws image/logo.png in the middle of the screen, on black, immediately; it stays there until something else is
+// drawn.
 void zof_prj_show_power_on_logo(void);
 
 // Searches for the project folder relative to the working directory and creates the project object from it. Prints the
