@@ -24,6 +24,7 @@ static struct {
     win_scale_t scale;
     u32 *line; // a row of the window, where its pixels have another form than ours
     u32 bright;
+    SDL_Point corner;        // where it was before it became full screen
     win_place_t opened;      // as it was opened
     win_place_t now, before; // as it is, and was before, while it is neither maximised nor full screen
 } screen;
@@ -89,14 +90,18 @@ static win_place_t place_choose(s32 w, s32 h) {
     return place;
 }
 
-// Hidden until its surface is black; on its own the system would show what was there before, or white.
+// Hidden until its surface is black; on its own the system would show what was there before, or white. A full screen
+// has its size from the beginning, because without a window manager nobody else would set it.
 static bool window_create(s32 w, s32 h) {
     const bool full = zof_disp_get_fullscreen() || screen_is_small(w, h);
     screen.opened = screen.now = screen.before = place_choose(w, h);
-    const u32 flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | (full ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0) |
-                      (screen.opened.maximised ? SDL_WINDOW_MAXIMIZED : 0);
-    screen.window = SDL_CreateWindow(window_title(), SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, screen.opened.w,
-                                     screen.opened.h, flags);
+    screen.corner = {SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED};
+    SDL_Rect at = {SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, screen.opened.w, screen.opened.h};
+    u32 flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | (screen.opened.maximised ? SDL_WINDOW_MAXIMIZED : 0);
+    if (full && SDL_GetDisplayBounds(0, &at) == 0) {
+        flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_FULLSCREEN_DESKTOP;
+    }
+    screen.window = SDL_CreateWindow(window_title(), at.x, at.y, at.w, at.h, flags);
     SDL_Surface *surface = screen.window ? SDL_GetWindowSurface(screen.window) : nullptr;
     if (!surface) {
         return false;
@@ -128,11 +133,22 @@ bool win_screen_open(const u32 *pixels, s32 w, s32 h) {
     return false;
 }
 
+bool win_screen_is_full() {
+    return screen.window && (SDL_GetWindowFlags(screen.window) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
+}
+
+// A full screen will be what it was before.
+static void maximised_note() {
+    if (!win_screen_is_full()) {
+        screen.now.maximised = (SDL_GetWindowFlags(screen.window) & SDL_WINDOW_MAXIMIZED) != 0;
+    }
+}
+
 void win_screen_close() {
     if (!screen.window) {
         return;
     }
-    screen.now.maximised = (SDL_GetWindowFlags(screen.window) & SDL_WINDOW_MAXIMIZED) != 0;
+    maximised_note();
     if (screen.now.w != screen.opened.w || screen.now.h != screen.opened.h ||
         screen.now.maximised != screen.opened.maximised) {
         win_place_write(window_title(), &screen.now);
@@ -202,13 +218,43 @@ void win_screen_bright(u8 level) {
     win_screen_show_all();
 }
 
-bool win_screen_is_full() {
-    return screen.window && (SDL_GetWindowFlags(screen.window) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
+// Returns whether no window manager is seen to decorate the window; there may be none.
+static bool is_bare() {
+    s32 top = 0;
+    s32 left = 0;
+    s32 bottom = 0;
+    s32 right = 0;
+    SDL_GetWindowBordersSize(screen.window, &top, &left, &bottom, &right);
+    return !top && !left && !bottom && !right;
+}
+
+// SDL only asks the window manager. Without one the window has to have the size of the screen already.
+static void full_enter() {
+    SDL_Rect bounds = {};
+    maximised_note();
+    SDL_GetWindowPosition(screen.window, &screen.corner.x, &screen.corner.y);
+    if (is_bare() && SDL_GetDisplayBounds(SDL_GetWindowDisplayIndex(screen.window), &bounds) == 0) {
+        SDL_SetWindowPosition(screen.window, bounds.x, bounds.y);
+        SDL_SetWindowSize(screen.window, bounds.w, bounds.h);
+    }
+    if (SDL_SetWindowFullscreen(screen.window, SDL_WINDOW_FULLSCREEN_DESKTOP) != 0) {
+        zof_printf("window: %s", SDL_GetError());
+    }
+}
+
+static void full_leave() {
+    SDL_SetWindowFullscreen(screen.window, 0);
+    if (screen.now.maximised) {
+        SDL_MaximizeWindow(screen.window);
+        return;
+    }
+    SDL_SetWindowSize(screen.window, screen.now.w, screen.now.h);
+    SDL_SetWindowPosition(screen.window, screen.corner.x, screen.corner.y);
 }
 
 void win_screen_full_set(bool full) {
-    if (screen.window && SDL_SetWindowFullscreen(screen.window, full ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0) != 0) {
-        zof_printf("window: %s", SDL_GetError());
+    if (screen.window && full != win_screen_is_full()) {
+        full ? full_enter() : full_leave();
     }
 }
 
@@ -220,7 +266,7 @@ static void size_note(bool maximised) {
     const bool own = !(flags & (SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_MAXIMIZED | SDL_WINDOW_MINIMIZED));
     if (own) {
         screen.before = screen.now;
-        screen.now = size;
+        screen.now = size; // not maximised
     } else if (maximised && size.w == screen.now.w && size.h == screen.now.h) {
         screen.now = screen.before;
     }
