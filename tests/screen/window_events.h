@@ -44,6 +44,17 @@ inline SDL_Event window_says(u8 what) {
     return e;
 }
 
+// Draws a rectangle as LVGL would; both corners belong to it.
+inline void flush_part(s32 x1, s32 y1, s32 x2, s32 y2, u32 color) {
+    std::vector<lv_color_t> pixels((size_t)(x2 - x1 + 1) * (size_t)(y2 - y1 + 1), lv_color_hex(color));
+    const lv_area_t area = {x1, y1, x2, y2};
+    lv_disp_draw_buf_t *buf = lv_disp_get_default()->driver->draw_buf;
+    buf->flushing = 1;
+    buf->flushing_last = 1;
+    sdl_display_flush(lv_disp_get_default()->driver, &area, pixels.data());
+    CHECK(!buf->flushing);
+}
+
 inline SDL_Window *window() {
     return SDL_GetWindowFromID(1);
 }

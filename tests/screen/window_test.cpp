@@ -16,15 +16,6 @@ TEST_CASE("the window opens black, shows what is drawn, and a screenshot is the 
     CHECK(zof_shot_png("/nowhere/at/all.png") == -1);
 }
 
-static void flush_part(s32 x1, s32 y1, s32 x2, s32 y2, u32 color) {
-    std::vector<lv_color_t> pixels((size_t)(x2 - x1 + 1) * (size_t)(y2 - y1 + 1), lv_color_hex(color));
-    const lv_area_t area = {x1, y1, x2, y2};
-    lv_disp_draw_buf_t *buf = lv_disp_get_default()->driver->draw_buf;
-    buf->flushing = 1;
-    sdl_display_flush(lv_disp_get_default()->driver, &area, pixels.data());
-    CHECK(!buf->flushing);
-}
-
 TEST_CASE("a flush beyond an edge is clipped, one outside only reports ready") {
     enum { W = 40, H = 30 };
     screen_open(W, H);
