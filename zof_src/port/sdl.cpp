@@ -23,10 +23,9 @@ enum : s64 { MOUSE = -1 }; // in place of a finger's number
 s32 SDL_HOR_RES = 480;
 s32 SDL_VER_RES = 272;
 
-// The frame store, and which part of it has changed since it was last shown.
+// The frame store.
 static struct {
     u32 *tft_fb;
-    SDL_Rect changed;
     SDL_threadID thread; // the graphics thread: the only one that may touch the window
 } monitor;
 
@@ -94,11 +93,9 @@ void sdl_display_flush(lv_disp_drv_t *drv, const lv_area_t *area, lv_color_t *pi
         memcpy(monitor.tft_fb + (size_t)y * (size_t)SDL_HOR_RES + left, from, (size_t)width * sizeof(u32));
     }
     const s32 top = LV_MAX(area->y1, 0);
-    const SDL_Rect flushed = {left, top, width, bottom - top + 1};
-    SDL_UnionRect(&monitor.changed, &flushed, &monitor.changed);
+    win_screen_draw({left, top, width, bottom - top + 1});
     if (lv_disp_flush_is_last(drv)) {
-        win_screen_show({monitor.changed.x, monitor.changed.y, monitor.changed.w, monitor.changed.h});
-        monitor.changed = {};
+        win_screen_update();
     }
     lv_disp_flush_ready(drv);
 }

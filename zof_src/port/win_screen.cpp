@@ -8,11 +8,13 @@
 
 #include "drv/zof_drv_disp.h"
 #include "drv/zof_drv_up.h"
+#include "lvgl.h"
 #include "port/win_place.h"
 #include "port/win_scale.h"
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
+enum { PARTS_MAX = LV_INV_BUF_SIZE };
 enum { LEVEL_FULL = 255, LEVEL_LEAST = 25, LEVELS_TO_BLACK = 4600 }; // 25 to 255 is a twentieth
 
 static struct {
@@ -24,6 +26,8 @@ static struct {
     win_scale_t scale;
     u32 *line; // a row of the window, where its pixels have another form than ours
     u32 bright;
+    SDL_Rect drawn[PARTS_MAX]; // parts of the surface that the system has not been given
+    u32 drawn_count;
     SDL_Point corner;        // where it was before it became full screen
     win_place_t opened;      // as it was opened
     win_place_t now, before; // as it is, and was before, while it is neither maximised nor full screen
@@ -35,7 +39,8 @@ static bool memory_driver(const char *name) {
 
 bool win_screen_video() {
     const char *asked = SDL_getenv("SDL_VIDEODRIVER");
-    SDL_SetHint(SDL_HINT_TOUCH_MOUSE_EVENTS, "0"); // a finger would come again as a mouse
+    // Otherwise a finger would come again as a mouse, which would count as a second one.
+    SDL_SetHintWithPriority(SDL_HINT_TOUCH_MOUSE_EVENTS, "0", SDL_HINT_OVERRIDE);
     if (SDL_Init(SDL_INIT_VIDEO) == 0) {
         if (memory_driver(SDL_GetCurrentVideoDriver()) && !memory_driver(asked)) {
             zof_printf("window: no display found; drawing off the screen");
@@ -189,7 +194,17 @@ static void row_draw(SDL_Surface *surface, const win_rect_t *part, s32 y) {
     }
 }
 
-void win_screen_show(win_rect_t part) {
+// Adds to what the system has to be given; when there is no room, to the last part.
+static void drawn_add(win_rect_t part) {
+    const SDL_Rect rect = {part.x, part.y, part.w, part.h};
+    if (screen.drawn_count < PARTS_MAX) {
+        screen.drawn[screen.drawn_count++] = rect;
+    } else {
+        SDL_UnionRect(&screen.drawn[PARTS_MAX - 1], &rect, &screen.drawn[PARTS_MAX - 1]);
+    }
+}
+
+void win_screen_draw(win_rect_t part) {
     SDL_Surface *surface = screen.window ? SDL_GetWindowSurface(screen.window) : nullptr;
     if (!surface) {
         return;
@@ -202,14 +217,23 @@ void win_screen_show(win_rect_t part) {
     for (s32 y = shown.y; shown.w > 0 && y < shown.y + shown.h; y++) {
         row_draw(surface, &shown, y);
     }
-    const SDL_Rect changed =
-        whole ? SDL_Rect{0, 0, surface->w, surface->h} : SDL_Rect{shown.x, shown.y, shown.w, shown.h};
-    SDL_UpdateWindowSurfaceRects(screen.window, &changed, 1);
+    if (whole) {
+        screen.drawn_count = 0; // of another surface
+    }
+    drawn_add(whole ? win_rect_t{0, 0, surface->w, surface->h} : shown);
+}
+
+void win_screen_update() {
+    if (screen.window && screen.drawn_count) {
+        SDL_UpdateWindowSurfaceRects(screen.window, screen.drawn, (int)screen.drawn_count);
+    }
+    screen.drawn_count = 0;
 }
 
 void win_screen_show_all() {
     screen.surface = nullptr;
-    win_screen_show({});
+    win_screen_draw({});
+    win_screen_update();
 }
 
 void win_screen_bright(u8 level) {

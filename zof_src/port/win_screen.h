@@ -16,8 +16,10 @@ bool win_screen_open(const u32 *pixels, s32 w, s32 h);
 // Closes the window, and remembers its size if it has changed.
 void win_screen_close();
 
-// Shows a part of the picture, or all of it.
-void win_screen_show(win_rect_t part);
+// Draws a part of the picture that has changed; what has been drawn is shown at the next update.
+void win_screen_draw(win_rect_t part);
+void win_screen_update();
+// Draws and shows the whole picture.
 void win_screen_show_all();
 
 // Dims the picture, 0 to 255. The monitor has a light of its own, so from 25 to 255 colours only change from 0.95 to 1
