@@ -56,7 +56,7 @@ static bool in_the_middle(u32 number) {
 
 // Drags the wheel by one item, forwards or back.
 static void turn(const wheel_sort &sort, bool on) {
-    const s32 by = 240 / (s32)sort.shown * (on ? -1 : 1);
+    const s32 by = LV_MIN(240 / (s32)sort.shown, 210) * (on ? -1 : 1); // inside the panel
     const s32 from = 120 - by / 2;
     sort.vertical ? screen_drag(160, from, 160, from + by, 8) : screen_drag(40 + from, 120, 40 + from + by, 120, 8);
     screen_step(2000);

@@ -145,6 +145,10 @@ TEST_CASE("the cursor hides after a finger and comes back when the mouse moves")
     CHECK(SDL_ShowCursor(SDL_QUERY) == SDL_DISABLE);
     push(finger(SDL_FINGERUP, 0.5f, 0.5f));
     CHECK(SDL_ShowCursor(SDL_QUERY) == SDL_DISABLE);
+    SDL_Event again = mouse(SDL_MOUSEMOTION, 0, 5, 5); // the same finger, as SDL reports it once more
+    again.motion.which = SDL_TOUCH_MOUSEID;
+    push(again);
+    CHECK(SDL_ShowCursor(SDL_QUERY) == SDL_DISABLE);
     push(mouse(SDL_MOUSEMOTION, 0, 5, 5));
     CHECK(SDL_ShowCursor(SDL_QUERY) == SDL_ENABLE);
 }

@@ -170,8 +170,16 @@ static void contact_up(s64 who, s32 x, s32 y) {
     }
 }
 
+// SDL reports a finger as a mouse once more, which would count as a second one.
+static bool is_finger(u32 mouse) {
+    return mouse == SDL_TOUCH_MOUSEID;
+}
+
 static void mouse_button_event(const SDL_MouseButtonEvent *button) {
     const bool down = button->type == SDL_MOUSEBUTTONDOWN;
+    if (is_finger(button->which)) {
+        return;
+    }
     if (button->button == SDL_BUTTON_LEFT) {
         (down ? contact_down : contact_up)(MOUSE, button->x, button->y);
     } else if (button->button == SDL_BUTTON_MIDDLE) {
@@ -180,8 +188,10 @@ static void mouse_button_event(const SDL_MouseButtonEvent *button) {
 }
 
 static void mouse_motion_event(const SDL_MouseMotionEvent *motion) {
-    SDL_ShowCursor(SDL_ENABLE);
-    contact_move(MOUSE, motion->x, motion->y);
+    if (!is_finger(motion->which)) {
+        SDL_ShowCursor(SDL_ENABLE);
+        contact_move(MOUSE, motion->x, motion->y);
+    }
 }
 
 // A finger's position is a share of the window. There is nothing to point at with a cursor.

@@ -39,8 +39,6 @@ static bool memory_driver(const char *name) {
 
 bool win_screen_video() {
     const char *asked = SDL_getenv("SDL_VIDEODRIVER");
-    // Otherwise a finger would come again as a mouse, which would count as a second one.
-    SDL_SetHintWithPriority(SDL_HINT_TOUCH_MOUSE_EVENTS, "0", SDL_HINT_OVERRIDE);
     if (SDL_Init(SDL_INIT_VIDEO) == 0) {
         if (memory_driver(SDL_GetCurrentVideoDriver()) && !memory_driver(asked)) {
             zof_printf("window: no display found; drawing off the screen");
@@ -163,6 +161,7 @@ void win_screen_close() {
 
 // Prepares for a surface that is new or has another size, and clears it. Returns false without memory.
 static bool surface_take(SDL_Surface *surface) {
+    screen.surface = nullptr; // without memory: again at the next part
     screen.fit = win_fit_make(screen.fit.pic_w, screen.fit.pic_h, surface->w, surface->h);
     zof_free(screen.line);
     screen.line = (u32 *)zof_malloc((size_t)surface->w * sizeof(u32));
