@@ -1,17 +1,18 @@
-# The panel's project folder, staged in the build tree: view and language files from res/make/panel.py, fonts from
-# Debian's family, pictures drawn by a script; and headers for its code: the ids of its controls, its colours and texts. A second folder is staged
-# for tests, with a version and build time that never change.
+# The panel's project folder, staged in the build tree: view and language files from the layout in res/make, fonts
+# from Debian's family, pictures drawn by a script; and headers for its code: the ids of its controls, its colours and
+# texts. A second folder is staged for tests, with a version and build time that never change.
 find_program(ZOF_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED) # Debian's own, which finds Debian's modules
 
-set(ZOF_BENCH_VERSION 1.0.0)
+set(ZOF_BENCH_VERSION 1.1.0)
 string(TIMESTAMP ZOF_BENCH_TIME "%Y-%m-%d %H:%M" UTC)
 set(ZOF_BENCH_STAGE ${PROJECT_BINARY_DIR}/panel)
 set(ZOF_BENCH_IDS_DIR ${PROJECT_BINARY_DIR}/ids)
 set(res_make ${PROJECT_SOURCE_DIR}/res/make)
 set(res_test ${PROJECT_BINARY_DIR}/test-panel)
+file(GLOB res_layout CONFIGURE_DEPENDS ${res_make}/panel.py ${res_make}/layout.py ${res_make}/page_*.py)
 
 set(fonts bench-num.ttf bench-rail.ttf bench-text.ttf bench-bold.ttf bench-num-112.bin bench-num-56.bin bench-num-36.bin bench-num-26.bin)
-set(pictures dial.png toggle.png logo.png logo_small.png)
+set(pictures dial.png mark.png lock.png lock_grey.png logo.png logo_small.png)
 list(TRANSFORM fonts PREPEND ${ZOF_BENCH_STAGE}/res/font/)
 list(TRANSFORM pictures PREPEND ${ZOF_BENCH_STAGE}/res/image/)
 
@@ -21,7 +22,7 @@ add_custom_command(OUTPUT ${fonts} COMMENT "Fonts of the panel" VERBATIM
   DEPENDS ${res_make}/fonts.py)
 add_custom_command(OUTPUT ${pictures} COMMENT "Pictures of the panel" VERBATIM
   COMMAND ${ZOF_PYTHON} ${res_make}/art.py ${ZOF_BENCH_STAGE}/res/font ${ZOF_BENCH_STAGE}/res/image
-  DEPENDS ${res_make}/art.py ${res_make}/panel.py ${fonts})
+  DEPENDS ${res_make}/art.py ${res_make}/layout.py ${fonts})
 
 # One stamp per folder of view files; the one for the panel has the time of the last configuration.
 function(res_views stamp folder version time)
@@ -30,10 +31,10 @@ function(res_views stamp folder version time)
   add_custom_command(OUTPUT ${stamp} COMMENT "Views of the panel in ${folder}" VERBATIM
     COMMAND ${ZOF_PYTHON} ${res_make}/views.py ${folder} ${version} ${time}
     COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
-    DEPENDS ${res_make}/views.py ${res_make}/panel.py ${stamp}.args)
+    DEPENDS ${res_make}/views.py ${res_layout} ${stamp}.args)
 endfunction()
 res_views(${PROJECT_BINARY_DIR}/views.stamp ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_VERSION} "${ZOF_BENCH_TIME}")
-res_views(${PROJECT_BINARY_DIR}/test-views.stamp ${res_test}/res 1.0.0 "2026-11-21 12:00")
+res_views(${PROJECT_BINARY_DIR}/test-views.stamp ${res_test}/res 1.1.0 "2026-11-22")
 
 add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/test-res.stamp VERBATIM
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${ZOF_BENCH_STAGE}/res/font ${res_test}/res/font
@@ -58,5 +59,5 @@ add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/ids.stamp VERBATIM
   COMMAND zof_ids ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_IDS_DIR}/bench_ids.h
   COMMAND ${ZOF_PYTHON} ${res_make}/look.py ${ZOF_BENCH_IDS_DIR}/bench_look.h
   COMMAND ${CMAKE_COMMAND} -E touch ${PROJECT_BINARY_DIR}/ids.stamp
-  DEPENDS zof_ids ${PROJECT_BINARY_DIR}/views.stamp ${res_make}/look.py ${res_make}/panel.py)
+  DEPENDS zof_ids ${PROJECT_BINARY_DIR}/views.stamp ${res_make}/look.py ${res_layout})
 add_custom_target(bench_ids DEPENDS ${PROJECT_BINARY_DIR}/ids.stamp)

@@ -56,27 +56,20 @@ def dial(full=48, marks=(0, 5, 9, 15, 20, 28, 36, 48), size=320, r0=129):
     save(Image.alpha_composite(im, over.resize((size, size), Image.LANCZOS)), "dial.png")
 
 
-def toggle(size=184, ring=6, shade=128):
-    """An overlay between the toggle's state colour and its text: darkens the disc, except for a ring and the sign."""
-    im = Image.new("L", (size * S, size * S), 0)
-    d, c = ImageDraw.Draw(im), size * S / 2
-    r = (size / 2 - ring) * S
-    d.ellipse([c - r, c - r, c + r, c + r], fill=shade)
-    im = im.resize((size, size), Image.LANCZOS)
-    black = Image.new("RGBA", (size, size), (0, 0, 0, 0))
-    black.putalpha(im)
-    sign = Image.new("L", (size * S, size * S), 0)   # the power sign, in white
-    d = ImageDraw.Draw(sign)
-    cy, rr, w = 65 * S, 17 * S, 4.5 * S
-    d.arc([c - rr, cy - rr, c + rr, cy + rr], -90 + 38, 270 - 38, fill=255, width=round(w))
-    for deg in (-90 + 38, 270 - 38):
-        x, y = polar(c, cy, rr - w / 2, deg)
-        d.ellipse([x - w / 2, y - w / 2, x + w / 2, y + w / 2], fill=255)
-    d.rounded_rectangle([c - w / 2, cy - 21 * S, c + w / 2, cy - 2 * S], w / 2, fill=255)
-    sign = sign.resize((size, size), Image.LANCZOS)
-    white = Image.new("RGBA", (size, size), (255, 255, 255, 0))
-    white.putalpha(sign)
-    save(Image.alpha_composite(black, white), "toggle.png")
+def mark(width=4, height=22):
+    """The mark of the set voltage: a stroke across the ring, which the panel turns about the dial's middle."""
+    save(Image.new("RGBA", (width, height), (*AMBER, 255)), "mark.png")
+
+
+def lock(name, ink, size=20):
+    """The sign of the locked panel."""
+    im = Image.new("RGBA", (size * S, size * S), (*ink, 0))
+    d = ImageDraw.Draw(im)
+    d.arc([5 * S, 1.5 * S, 15 * S, 13.5 * S], 180, 360, fill=(*ink, 255), width=round(2.4 * S))
+    for x in (5, 12.6):
+        d.rectangle([x * S, 7.5 * S, (x + 2.4) * S, 10 * S], fill=(*ink, 255))
+    d.rounded_rectangle([3 * S, 9 * S, 17 * S, 18.5 * S], 2 * S, fill=(*ink, 255))
+    save(im.resize((size, size), Image.LANCZOS), name)
 
 
 def logo(name, size):
@@ -97,6 +90,8 @@ def logo(name, size):
 
 if __name__ == "__main__":
     dial()
-    toggle()
+    mark()
+    lock("lock.png", WHITE)
+    lock("lock_grey.png", GREY)
     logo("logo.png", 160)
-    logo("logo_small.png", 80)
+    logo("logo_small.png", 48)

@@ -23,7 +23,7 @@ SIGNS = "–—‘’“”„•…‹›€−✓●○→←"
 FONTS = {
     "bench-num.ttf": dict(file="InterDisplay-roman.var.ttf", wght=500, text="0123456789.- AVWh%", unit=0.44,
                           unit_wght=500, space=0.10, dash="digit"),
-    "bench-rail.ttf": dict(file="InterDisplay-roman.var.ttf", wght=600, text="0123456789.- AV", unit=0.74,
+    "bench-rail.ttf": dict(file="InterDisplay-roman.var.ttf", wght=600, text="0123456789.- AVW", unit=0.74,
                            unit_wght=500, space=0.16, dash="range"),
     "bench-text.ttf": dict(file="Inter-roman.var.ttf", wght=500, text=LATIN + SIGNS),
     "bench-bold.ttf": dict(file="Inter-roman.var.ttf", wght=650, text=LATIN + SIGNS),

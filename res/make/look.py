@@ -14,6 +14,10 @@ def colour(rgb):
     return NAMES.get(rgb, f"0xFF{rgb:06X}")
 
 
+def quoted(text):
+    return '"' + text.replace("\\", "\\\\").replace('"', '\\"').replace("\n", "\\n") + '"'
+
+
 def rows(lines):
     return "".join(f"    {line},\n" for line in lines)
 
@@ -42,14 +46,18 @@ struct badge_t {{
 inline constexpr badge_t badges[] = {{
 {rows(f'{{RAIL_{kind}, "{kind}", {colour(bg)}, {colour(ink)}}}' for kind, (bg, ink) in P.BADGE.items())}}};
 
+// The other looks of controls: bits of their state.
+enum panel_look_e {{ {", ".join(f"LOOK_{name.upper()} = 0x{bit:X}" for name, bit in P.LOOKS.items())} }};
+
+// The words of the panel: their keys, and the English ones, which are shown if a language does not have the key.
 enum panel_text_e {{
-{rows(f"TEXT_{key.upper()}" for key in P.PROGRAM_TEXTS)}    TEXT_COUNT
+{rows(f"TEXT_{key.upper()}" for key in P.WORDS)}    TEXT_COUNT
 }};
 struct panel_text_t {{
     const char *key, *english;
 }};
 inline constexpr panel_text_t panel_texts[TEXT_COUNT] = {{
-{rows(f'{{"#{key}", "{P.EN[key]}"}}' for key in P.PROGRAM_TEXTS)}}};
+{rows(f'{{"#{key}", {quoted(words[0])}}}' for key, words in P.WORDS.items())}}};
 
 #endif
 """

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Writes the view, theme, language and project files of the project folder from panel.py.
+"""Writes the view, theme, language and project files of the project folder from the layout in panel.py.
 
 usage: views.py OUTPUT_FOLDER APP_VERSION COMP_TIME
 """
@@ -47,19 +47,23 @@ def style(body_t, txt_t=None, img=None, part=MAIN, state=0):
 
 def text(font, size, color):
     bitmap = font == P.NUM and size in BITMAP_SIZES
-    return {"color": color, "opa": 255, "font_lib": f"{font}-{size}.bin" if bitmap else f"{font}.ttf", "font_size": size}
+    rgb, opa = colour(color)
+    return {"color": rgb, "opa": opa, "font_lib": f"{font}-{size}.bin" if bitmap else f"{font}.ttf", "font_size": size}
 
 
-def pressed(c):
-    """The pressed state of a control, as changes of its style; none for most."""
-    role = c.get("role")
-    if role == "toggle":
-        return dict(bg=P.DIM)
-    if role == "tab" or (c.get("click") and c.get("bg") == P.CARD):
-        return dict(bg=P.RAISED)
-    if role == "option":
-        return dict(bg=P.WHITE, opa=20, color=P.WHITE)
-    return None
+def lighter(rgb):
+    return sum(min(255, (rgb >> shift & 255) + 25) << shift for shift in (0, 8, 16))
+
+
+# The pressed state of a control by its role, as changes of its look.
+PRESSED_LOOK = {
+    "lighter": lambda c: dict(bg=lighter(c["bg"])),
+    "tab": lambda c: dict(bg=P.RAISED),
+    "row": lambda c: dict(bg=P.RAISED),
+    "key": lambda c: dict(bg=P.LINE),
+    "link": lambda c: dict(color=P.AMBER_HI),
+    "option": lambda c: dict(bg=P.WHITE, opa=20, color=P.WHITE),
+}
 
 
 def label(c):
@@ -68,9 +72,12 @@ def label(c):
         return style(body(c.get("bg"), c.get("opa", 255), c.get("radius", 0), c.get("border"), c.get("pad", (0, 0, 0, 0))),
                      words, c.get("overlay"), state=state)
 
-    styles = [look(c, 0)]
-    if pressed(c):
-        styles.append(look({**c, **pressed(c)}, PRESSED))
+    styles = []
+    for name, changes in {None: {}, **c.get("looks", {})}.items():
+        state, row = P.LOOKS.get(name, 0), {**c, **changes}
+        styles.append(look(row, state))
+        if c.get("role"):
+            styles.append(look({**row, **PRESSED_LOOK[c["role"]](row)}, state | PRESSED))
     wrap = c.get("wrap")
     return {"auto_hight": 1, "dis_mode_e": WRAP if wrap else CLIP, "animspeed": 0,
             "align_e": ALIGN[c.get("align", "left")] | (TOP if wrap else MIDDLE), "txt": c.get("txt", ""), "styles": styles}
@@ -81,7 +88,8 @@ def container(c):
 
 
 def image(c):
-    return {"init_img": c["src"], "rotate_pt": {"x": 0, "y": 0}, "init_angel": 0, "img_mode_e": 1}
+    x, y = c.get("pivot", (0, 0))
+    return {"init_img": c["src"], "rotate_pt": {"x": x, "y": y}, "init_angel": 0, "img_mode_e": 1}
 
 
 def line(c, width):
@@ -116,22 +124,22 @@ def switch(c):
 PROPERTY = {"label": label, "container": container, "image": image, "arc": arc, "slider": slider, "switch": switch}
 
 
-def pub(view, c, parent):
+def pub(c, parent):
     x, y, w, h = c["box"]
     click = c.get("click", c["type"] in ("slider", "switch"))
     area = click if click is not True else 0
-    return {"name": P.NAMES[view].get(c["id"], f"{c['type']}_{c['id']}"), "id": c["id"], "parent_id": parent, "pub": False,
+    return {"name": c.get("name") or f"{c['type']}_{c['id']}", "id": c["id"], "parent_id": parent, "pub": False,
             "pt": {"x": x, "y": y}, "size": {"width": w, "height": h}, "click_area": int(area), "t_mode": 1 if click else 0,
             "scrollbar_t": {"mode_e": 0, "dir_e": 0, "chain_e": 0, "momentum": False, "elastic": False, "scroll_one": False},
             "hidden": bool(c.get("hidden")), "alpha": 255}
 
 
-def controls(view, rows, parent=0):
+def controls(rows, parent=0):
     for c in rows:
         if "txt" in c:
             c = dict(c, txt={"@app_ver": APP_VER, "@comp_time": COMP_TIME}.get(c["txt"], c["txt"]))
-        yield {"type": TYPES[c["type"]], "theme": "night", "property": {"pub_t": pub(view, c, parent), **PROPERTY[c["type"]](c)}}
-        yield from controls(view, c.get("kids", []), c["id"])
+        yield {"type": TYPES[c["type"]], "theme": "night", "property": {"pub_t": pub(c, parent), **PROPERTY[c["type"]](c)}}
+        yield from controls(c.get("kids", []), c["id"])
 
 
 def write(path, data):
@@ -143,21 +151,19 @@ def write(path, data):
 
 
 def main():
-    names = {1: "output", 2: "rails", 3: "about", 4: "settings"}
-    for view, rows in P.VIEWS.items():
-        entries = list(controls(view, rows))
+    for view, (name, rows) in P.VIEWS.items():
+        entries = list(controls(rows))
         ids = [e["property"]["pub_t"]["id"] for e in entries]
         assert len(ids) == len(set(ids)), f"view {view}: duplicate id"
-        write(f"view/{names[view]}.g", {
-            "view": {"v_name": names[view], "v_id": view, "bg_scale": 255, "bg_color": P.BLACK, "layer": 0, "model_en": False},
+        write(f"view/{name}.g", {
+            "view": {"v_name": name, "v_id": view, "bg_scale": 255, "bg_color": P.BLACK, "layer": 0, "model_en": False},
             "controls": entries})
-    write("languages/en.g", P.EN)
-    write("languages/de.g", P.DE)
-    assert P.EN.keys() == P.DE.keys()
+    for language, place in P.LANGUAGES.items():
+        write(f"languages/{language}.g", {key: words[place] for key, words in P.WORDS.items()})
     write("project/zofprj.g", {
         "p_name": "USB-PD bench box", "version": APP_VER, "width": P.W, "height": P.H, "language": "en", "start_page": 1,
         "cacheImg": 8, "app_ver": APP_VER, "comp_time": COMP_TIME, "init_allview": 1, "rotate": 0, "show_en": 0,
-        "win_mem": 64, "views": [{"pageId": view, "pageName": name + ".g"} for view, name in names.items()],
+        "win_mem": 64, "views": [{"pageId": view, "pageName": name + ".g"} for view, (name, _) in P.VIEWS.items()],
         "hw_t": {"dis_t": {"off_x": 0, "off_y": 0, "dis_mode": 0}, "touch_t": {"th_en": 0, "long_press_time": 0}}})
     write("project/zofhmi.g", {
         "hmi_en": 1, "uart": {"win_port": HOST_PORT, "speed_e": BAUD_921600, "bit_e": 1, "parity_e": 0, "stop_e": 0},

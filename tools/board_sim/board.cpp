@@ -4,8 +4,9 @@
 #include <cmath>
 
 static constexpr double SLEW_MV_PER_MS = 40; // a source's ramp, up and down
-static constexpr double PUSH_MS = 100;       // live values
-static constexpr double STATE_MS = 1000;     // output state again, for a panel that came up late
+static constexpr uint16_t VERSION = 2 << 8 | 3;
+static constexpr double PUSH_MS = 100;  // live values
+static constexpr double STATE_MS = 500; // output state again, for a panel that came up late or lost a frame
 
 std::vector<prof_t> board_default_rails(size_t count) {
     std::vector<prof_t> rails = {
@@ -127,6 +128,7 @@ void board_send_settings(board &b) {
             push(b, row.reg, b.settings.*row.field);
         }
     }
+    push(b, REG_OUT_STATE, b.on);
 }
 
 template <uint16_t board_settings::*FIELD> static void keep(board &b, uint16_t value) {
@@ -169,6 +171,7 @@ void board_report(board &b, uint16_t addr, uint16_t value) {
 // Without a saved rail the box starts on its first one, like every source.
 void board_power_up(board &b) {
     board_settings_load(b);
+    push(b, REG_BOX_VERSION, VERSION);
     b.adj_mv = b.settings.last_mv;
     b.adj_ma = b.settings.last_ma;
     const uint16_t rail = b.settings.last_rail < b.rails.size() ? b.settings.last_rail : 0;

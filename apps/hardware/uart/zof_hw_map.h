@@ -55,6 +55,7 @@ typedef struct {
     ROW(20,  SESS_MWH_HI,      1,  BOARD, "mWh", 65536, REG_WORD,                 "energy of the session, high half") \
     ROW(22,  OUT_STATE,        1,  BOARD, "",    1,     REG_FLAG,                 "output: 0 off, otherwise on") \
     ROW(23,  RAIL_ACTIVE,      1,  BOARD, "",    1,     REG_RAIL,                 "index of the active rail") \
+    ROW(24,  BOX_VERSION,      1,  BOARD, "",    1,     REG_WORD,                 "the box has started, and its version: major and minor, a byte each") \
     ROW(32,  ADJ_MV,           1,  PANEL, "mV",  1,     REG_WORD,                 "voltage for an adjustable rail, sent before it is applied") \
     ROW(33,  ADJ_MA,           1,  PANEL, "mA",  1,     REG_WORD,                 "current limit for an adjustable rail, sent before it is applied") \
     ROW(34,  OUT_REQ,          1,  PANEL, "",    1,     REG_LIMITS(16, 0, 1),     "request: output off (0) or on (1); answered by OUT_STATE") \
@@ -64,7 +65,7 @@ typedef struct {
     ROW(48,  BRIGHT,           1,  BOTH,  "%",   1,     REG_LIMITS(16, 10, 100),  "brightness of the display") \
     ROW(49,  BOOT_STATE,       1,  BOTH,  "",    1,     REG_FLAG,                 "output at power-on: 0 off, otherwise as last used") \
     ROW(50,  AUTO_ARM,         1,  BOTH,  "",    1,     REG_FLAG,                 "output on when a rail is applied: 0 no, otherwise yes") \
-    ROW(51,  SETTINGS_REQUEST, 1,  PANEL, "",    1,     REG_LIMITS(16, 1, 1),     "request: send BRIGHT, BOOT_STATE and AUTO_ARM") \
+    ROW(51,  SETTINGS_REQUEST, 1,  PANEL, "",    1,     REG_LIMITS(16, 1, 1),     "request: send BRIGHT, BOOT_STATE, AUTO_ARM and OUT_STATE") \
     ROW(256, RAIL_COUNT,       1,  BOARD, "",    1,     REG_LIMITS(8, 0, RAIL_MAX), "number of rails in the table") \
     ROW(257, RAIL_COMMIT,      1,  BOARD, "",    1,     REG_WORD,                 "the rail table is complete, show it; any value") \
     ROW(272, RAIL_BASE,        52, BOARD, "",    1,     REG_WORD,                 "the rail table; per rail: type, vmin (mV), vmax (mV), imax (mA)")

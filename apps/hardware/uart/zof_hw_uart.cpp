@@ -64,7 +64,6 @@ static void replay_init() {
 }
 
 void zof_uart_init(void) {
-    zof_lang_on_change(panel_lang_changed);
     trace_init();
     if (zof_replay_file()) {
         replay_init();
@@ -136,6 +135,7 @@ static s32 zof_reg_s_set(u16 addr, const u8 *data, u8 len) {
     }
     for (u32 k = 0; k < len; k++) {
         ctrlreg[addr + k] = (u16)(data[2 * k] << 8 | data[2 * k + 1]);
+        zof_reg_take_word((u16)(addr + k));
         zof_reg_set_user(addr, &ctrlreg[addr + k], 1);
     }
     return 0;

@@ -1,28 +1,22 @@
-// View 4: settings owned by the board. A change takes effect immediately and is sent; the board may overwrite it at any
-// time.
+// View 4: settings. Those of the box take effect at once, are sent, and are shown as the box last said; the panel's own
+// are kept by the panel.
 #include <stdio.h>
+#include <string.h>
 
 #include "bench_ids.h"
-#include "bench_look.h"
-#include "hardware/uart/zof_hw_uart.h"
-#include "ui/view_wiring.h"
-#include "zof_main.h"
+#include "ui/ui.h"
 
-u8 g_bright_guard; // set while the program itself moves the slider
+enum { OPTION_CLICK_AREA = 8 };
+
+// What the panel remembers of the brightness slider while a finger is on it: it acts while it moves, and is sent at the
+// release.
+static struct {
+    bool moving;
+    u16 percent;
+} slider;
 
 static para_t *view4(u32 id) {
     return zof_ctrl_get_form_id(ZOF_VIEW4_ID, id);
-}
-
-void boot_state_paint(u8 last_used) {
-    zof_label_set_txt_color(view4(VIEW4_LABEL8_ID), last_used ? COLOR_GREY : COLOR_WHITE);
-    zof_label_set_txt_color(view4(VIEW4_LABEL9_ID), last_used ? COLOR_WHITE : COLOR_GREY);
-}
-
-void bright_label(u8 pct) {
-    char text[8];
-    snprintf(text, sizeof(text), "%u%%", pct);
-    zof_label_set_txt(view4(VIEW4_LABEL16_ID), text);
 }
 
 // The level never reaches 100: the highest step of the panel is reserved.
@@ -30,74 +24,133 @@ void bright_backlight(u8 pct) {
     zof_disp_set_bright((u8)(pct * 99 / 100));
 }
 
-void bright_slider(u8 pct) {
-    g_bright_guard = 1;
-    zof_slider_set_value(view4(VIEW4_SLIDER0_ID), pct);
-    g_bright_guard = 0;
+// The name of the current language.
+static const char *language() {
+    const zof_prj_t *project = zof_prj_get_cur();
+    return project && project->lang_name ? project->lang_name : "";
 }
 
-void view4_apply_settings(void) {
-    boot_state_paint(g_v4_boot);
-    zof_sw_set_state(view4(VIEW4_SW0_ID), g_v4_autoarm);
-    const reg_range_t &range = reg_find(REG_BRIGHT)->range;
-    zof_slider_set_range(view4(VIEW4_SLIDER0_ID), (s16)range.low, (s16)range.high);
-    bright_slider(g_v4_bright);
-    bright_label(g_v4_bright);
-}
-
-void view4_request_settings(void) {
-    zof_reg_report(REG_SETTINGS_REQUEST, 1);
-}
-
-void view4_set_boot_state(u8 last_used) {
-    g_v4_boot = last_used;
-    boot_state_paint(last_used);
-    zof_reg_report(REG_BOOT_STATE, last_used);
-}
-
-void view4_set_autoarm(u8 on) {
-    g_v4_autoarm = on;
-    zof_reg_report(REG_AUTO_ARM, on);
-}
-
-void view4_set_bright(u8 pct) {
-    if (g_bright_guard) {
-        return;
-    }
-    g_v4_bright = (u8)reg_value(REG_BRIGHT, pct);
-    bright_backlight(g_v4_bright);
-    bright_label(g_v4_bright);
-    zof_reg_report(REG_BRIGHT, g_v4_bright);
-}
-
-enum { OPTION_CLICK_AREA = 12 };
-
-template <u8 LAST_USED> static void option_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED) {
-        view4_set_boot_state(LAST_USED);
+static void bright_paint() {
+    const bool known = bench.settings_known & 1;
+    const u16 percent = slider.moving ? slider.percent : bench.bright;
+    char text[8];
+    snprintf(text, sizeof(text), "%u%%", percent);
+    paint_text(view4(VIEW4_LABEL16_ID), known || slider.moving ? text : "-%");
+    if (known && !slider.moving && zof_slider_get_value(view4(VIEW4_SLIDER0_ID)) != percent) {
+        zof_slider_set_value(view4(VIEW4_SLIDER0_ID), (s16)percent);
     }
 }
 
-static void auto_arm_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event == ZOF_EVENT_VALUE_CHANGED) {
-        view4_set_autoarm((u8)zof_sw_get_state(ctrl));
+static void option_paint(u32 ground, u32 words, bool chosen) {
+    paint_look(view4(ground), chosen ? LOOK_CHOSEN : 0);
+    paint_look(view4(words), chosen ? LOOK_CHOSEN : 0);
+}
+
+static void switch_paint(u32 id, bool on) {
+    if ((zof_sw_get_state(view4(id)) != 0) != on) {
+        zof_sw_set_state(view4(id), on);
     }
+}
+
+// What is wrong with the port, and what helps.
+static void port_paint() {
+    const bench_port_t &port = bench.port;
+    static constexpr struct {
+        panel_text_e plain, with_who;
+    } rows[] = {
+        [BENCH_PORT_OPEN] = {TEXT_PORT_SILENT, TEXT_PORT_SILENT},
+        [BENCH_PORT_UNSET] = {TEXT_PORT_UNSET, TEXT_PORT_UNSET},
+        [BENCH_PORT_LOOKING] = {TEXT_PORT_LOOKING, TEXT_PORT_LOOKING},
+        [BENCH_PORT_MISSING] = {TEXT_PORT_NONE, TEXT_PORT_NONE},
+        [BENCH_PORT_GONE] = {TEXT_PORT_GONE, TEXT_PORT_GONE},
+        [BENCH_PORT_RIGHT] = {TEXT_PORT_RIGHT_PLAIN, TEXT_PORT_RIGHT},
+        [BENCH_PORT_HELD] = {TEXT_PORT_BUSY, TEXT_PORT_BUSY_BY},
+        [BENCH_PORT_FAULT] = {TEXT_PORT_ERROR, TEXT_PORT_ERROR},
+    };
+    char age[PAINT_NUMBER_SIZE];
+    const u64 since = bench.now - bench.frame_at;
+    snprintf(age, sizeof(age), "%u.%u s", (unsigned)(since / 1000), (unsigned)(since % 1000 / 100));
+    para_t *state = view4(VIEW4_PORT_STATE_ID);
+    paint_look(state, bench_live() ? 0 : LOOK_DEAD);
+    paint_text(view4(VIEW4_PORT_ID), port.path[0] ? port.path : "-");
+    if (bench_live()) {
+        paint_words(state, TEXT_PORT_GOOD, "115 200", age);
+    } else {
+        paint_words(state, port.who[0] ? rows[port.state].with_who : rows[port.state].plain, port.path, age, port.who);
+    }
+}
+
+void view4_paint(void) {
+    bright_paint();
+    const bool boot_known = bench.settings_known & 2;
+    option_paint(VIEW4_LABEL8_GROUND_ID, VIEW4_LABEL8_ID, boot_known && bench.boot_last == 0);
+    option_paint(VIEW4_LABEL9_GROUND_ID, VIEW4_LABEL9_ID, boot_known && bench.boot_last != 0);
+    switch_paint(VIEW4_SW0_ID, (bench.settings_known & 4) && bench.auto_on != 0);
+    switch_paint(VIEW4_HOLD_ID, !bench.hold_off);
+    const bool german = strcmp(language(), "de") == 0;
+    option_paint(VIEW4_ENGLISH_GROUND_ID, VIEW4_ENGLISH_ID, !german);
+    option_paint(VIEW4_GERMAN_GROUND_ID, VIEW4_GERMAN_ID, german);
+    static u64 second = UINT64_MAX;
+    if (second != bench.now / 1000 || !bench_live()) { // digits that change faster cannot be read
+        second = bench.now / 1000;
+        port_paint();
+    }
+    paint_shown(view4(VIEW4_LOCK_ID), bench.locked);
+}
+
+template <u16 LAST_USED> static void boot_do() {
+    bench_setting(REG_BOOT_STATE, LAST_USED);
+}
+
+static void auto_event(zof_ctrl_t *ctrl, zof_event_e event) {
+    if (ui_takes(event) && event == ZOF_EVENT_VALUE_CHANGED) {
+        bench_setting(REG_AUTO_ARM, (u16)zof_sw_get_state(ctrl));
+    }
+    ui_paint(); // also puts a switch back that may not move
+}
+
+static void hold_event_do(zof_ctrl_t *ctrl, zof_event_e event) {
+    if (ui_takes(event) && event == ZOF_EVENT_VALUE_CHANGED) {
+        bench.hold_off = zof_sw_get_state(ctrl) == 0;
+    }
+    ui_paint();
 }
 
 static void bright_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    if (event == ZOF_EVENT_VALUE_CHANGED) {
-        view4_set_bright((u8)zof_slider_get_value(ctrl));
+    if (!ui_takes(event)) {
+        slider.moving = false;
+    } else if (event == ZOF_EVENT_VALUE_CHANGED) {
+        slider.moving = true;
+        slider.percent = reg_value(REG_BRIGHT, (u16)zof_slider_get_value(ctrl));
+        bright_backlight((u8)slider.percent);
+    } else if ((event == ZOF_EVENT_RELEASED || event == ZOF_EVENT_PRESS_LOST) && slider.moving) {
+        slider.moving = false;
+        bench_setting(REG_BRIGHT, slider.percent);
     }
+    ui_paint();
 }
 
-static constexpr auto view_ctrls_fun_t = view_rows<23>({
-    {VIEW4_LABEL8_ID, option_event<0>},
-    {VIEW4_LABEL9_ID, option_event<1>},
-    {VIEW4_SW0_ID, auto_arm_event},
-    {VIEW4_LABEL11_ID, tab_event<ZOF_VIEW1_ID>},
-    {VIEW4_LABEL12_ID, tab_event<ZOF_VIEW2_ID>},
-    {VIEW4_LABEL13_ID, tab_event<ZOF_VIEW3_ID>},
+static void english_do() {
+    zof_lang_set("en");
+}
+
+static void german_do() {
+    zof_lang_set("de");
+}
+
+static constexpr auto view_ctrls_fun_t = view_rows<158>({
+    {VIEW4_LABEL8_ID, click_event<boot_do<0>>},
+    {VIEW4_LABEL9_ID, click_event<boot_do<1>>},
+    {VIEW4_SW0_ID, auto_event},
+    {VIEW4_HOLD_ID, hold_event_do},
+    {VIEW4_ENGLISH_ID, click_event<english_do>},
+    {VIEW4_GERMAN_ID, click_event<german_do>},
     {VIEW4_SLIDER0_ID, bright_event},
+    {VIEW4_STRIP_TURN_OFF_ID, strip_off_event},
+    {VIEW4_TAB_OUTPUT_ID, output_tab_event},
+    {VIEW4_TAB_RAILS_ID, tab_event<ZOF_VIEW2_ID>},
+    {VIEW4_TAB_TREND_ID, tab_event<ZOF_VIEW5_ID>},
+    {VIEW4_TAB_ABOUT_ID, tab_event<ZOF_VIEW3_ID>},
 });
 
 void view4_init(void) {
@@ -105,11 +158,10 @@ void view4_init(void) {
 }
 
 void view4_entry(void) {
-    view4_apply_settings();
-    zof_ctrl_set_ext_click_area(view4(VIEW4_LABEL8_ID), OPTION_CLICK_AREA);
-    zof_ctrl_set_ext_click_area(view4(VIEW4_LABEL9_ID), OPTION_CLICK_AREA);
-    view4_request_settings();
+    const reg_range_t &range = reg_find(REG_BRIGHT)->range;
+    zof_slider_set_range(view4(VIEW4_SLIDER0_ID), (s16)range.low, (s16)range.high);
 }
 
 void view4_exit(void) {
+    slider.moving = false;
 }

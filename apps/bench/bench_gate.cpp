@@ -1,0 +1,261 @@
+// The gate: nothing is sent to the box but through bench_gate_send, and whatever can hurt a device is decided here.
+#include <string.h>
+
+#include "bench/bench.h"
+#include "hardware/uart/zof_hw_uart.h"
+#include "zof.h"
+
+// The current last used on each adjustable rail, by its numbers, so that a list in another order keeps it.
+static struct {
+    prof_t rail;
+    u16 ma;
+} used[RAIL_MAX];
+static u8 used_next;
+
+void bench_gate_send(u16 addr, u16 value) {
+    zof_reg_report(addr, value);
+}
+
+static bool rail_is(const prof_t &a, const prof_t &b) {
+    return memcmp(&a, &b, sizeof(a)) == 0;
+}
+
+// The voltage that counts as the present one: the set one, or the measured one if that is not known.
+static u16 present_mv() {
+    return bench.set_known ? bench.set.mv : bench.mv;
+}
+
+// Output ----------------------------------------------------------------------------------------------------------
+static bool on_needs_hold(bool known, u16 mv) {
+    const u16 before = bench.last_on_mv != 0 ? bench.last_on_mv : (u16)BENCH_FIRST_ON_MV;
+    return !bench.hold_off && (!known || mv > before);
+}
+
+bench_toggle_e bench_toggle(void) {
+    if (!bench_out_known()) {
+        return bench.off_said ? BENCH_TOGGLE_UNKNOWN_SAID : BENCH_TOGGLE_UNKNOWN;
+    }
+    if (bench.on) {
+        if (!bench.turning_off) {
+            return BENCH_TOGGLE_ON;
+        }
+        return bench.now - bench.off_at < BENCH_STILL_ON_MS ? BENCH_TOGGLE_TURNING_OFF : BENCH_TOGGLE_STILL_ON;
+    }
+    if (bench.turning_on) {
+        return BENCH_TOGGLE_TURNING_ON;
+    }
+    if (!on_needs_hold(bench.set_known, bench.set.mv)) {
+        return BENCH_TOGGLE_OFF;
+    }
+    return bench.set_known ? BENCH_TOGGLE_HOLD : BENCH_TOGGLE_HOLD_UNKNOWN;
+}
+
+void bench_off(void) {
+    bench.turning_on = false;
+    bench.turning_off = bench_is_on();
+    bench.off_said = !bench_out_known();
+    bench.off_at = bench.now;
+    bench.deaf_until = bench.now + BENCH_DEAF_MS;
+    bench.off_wanted = bench.port.state != BENCH_PORT_OPEN;
+    if (!bench.off_wanted) {
+        bench_gate_send(REG_OUT_REQ, 0);
+    }
+}
+
+bool bench_toggle_down(void) {
+    if (bench_out_known() && !bench.on && !bench.turning_on) {
+        return false;
+    }
+    if (!bench_out_known() || bench.now >= bench.deaf_until) {
+        bench_off();
+    }
+    return true;
+}
+
+bool bench_turn_on(bool held) {
+    const bench_toggle_e toggle = bench_toggle();
+    const bool hold = toggle == BENCH_TOGGLE_HOLD || toggle == BENCH_TOGGLE_HOLD_UNKNOWN;
+    if (bench.now < bench.deaf_until || bench_age() != BENCH_LIVE || !(toggle == BENCH_TOGGLE_OFF || (hold && held))) {
+        return false;
+    }
+    bench.turning_on = true;
+    bench.on_at = bench.now;
+    bench_gate_send(REG_OUT_REQ, 1);
+    return true;
+}
+
+void bench_gate_out(bool on) {
+    bench.out_known = true;
+    bench.on = on;
+    bench.off_said = false;
+    if (on) {
+        bench.turning_on = false;
+        bench.last_on_mv = bench.set_known ? bench.set.mv : bench.last_on_mv;
+    } else {
+        bench.turning_off = false;
+    }
+}
+
+// Rails -----------------------------------------------------------------------------------------------------------
+static u16 used_current(const prof_t &rail) {
+    for (const auto &row : used) {
+        if (row.ma != 0 && rail_is(row.rail, rail)) {
+            return row.ma;
+        }
+    }
+    return rail.imax < 1000 ? rail.imax : 1000;
+}
+
+static void used_store(const prof_t &rail, u16 ma) {
+    for (auto &row : used) {
+        if (rail_is(row.rail, rail)) {
+            row.ma = ma;
+            return;
+        }
+    }
+    used[used_next] = {rail, ma};
+    used_next = (u8)((used_next + 1) % RAIL_MAX);
+}
+
+bench_choice_t bench_rail_open(u8 rail) {
+    const prof_t &r = bench.rails.rail[rail];
+    if (!prof_adjustable(&r)) {
+        return {rail, r.vmax, r.imax};
+    }
+    if (bench.set_known && bench.set.rail == rail) {
+        return bench.set;
+    }
+    return {rail, r.vmin, used_current(r)};
+}
+
+// Whether the rail can give the values, and they are on its grid.
+static bool choice_valid(bench_choice_t choice) {
+    if (!bench_rail_usable(choice.rail)) {
+        return false;
+    }
+    const prof_t &r = bench.rails.rail[choice.rail];
+    if (!prof_adjustable(&r)) {
+        return choice.mv == r.vmax && choice.ma == r.imax;
+    }
+    return grid_has(grid_volts(&r), choice.mv) && grid_has(grid_amperes(&r), choice.ma);
+}
+
+bool bench_apply_turns_on(void) {
+    return bench_out_known() && !bench.on && (bench.settings_known & 4) != 0 && bench.auto_on != 0;
+}
+
+bench_apply_e bench_apply_how(bench_choice_t choice) {
+    if (bench.applying || bench_age() != BENCH_LIVE || !choice_valid(choice)) {
+        return BENCH_APPLY_NO;
+    }
+    const bool off = bench_out_known() && !bench.on && !bench.turning_on;
+    if (off && !bench_apply_turns_on()) {
+        return BENCH_APPLY_CLICK;
+    }
+    const bool hold = off ? on_needs_hold(true, choice.mv) : !bench.hold_off && choice.mv > present_mv();
+    return hold ? BENCH_APPLY_HOLD : BENCH_APPLY_CLICK;
+}
+
+bool bench_apply(bench_choice_t choice, bool held) {
+    const bench_apply_e how = bench_apply_how(choice);
+    if (how == BENCH_APPLY_NO || (how == BENCH_APPLY_HOLD && !held)) {
+        return false;
+    }
+    const prof_t &rail = bench.rails.rail[choice.rail];
+    if (prof_adjustable(&rail)) {
+        bench_gate_send(REG_ADJ_MV, choice.mv);
+        bench_gate_send(REG_ADJ_MA, choice.ma);
+        used_store(rail, choice.ma);
+    }
+    bench_gate_send(REG_RAIL_SELECT, choice.rail);
+    bench.apply = choice;
+    bench.apply_at = bench.now;
+    bench.applying = true;
+    bench.not_taken = false;
+    return true;
+}
+
+static void set(bench_choice_t choice) {
+    bench.set = bench.last = choice;
+    bench.set_known = bench.last_known = true;
+    if (bench_is_on()) {
+        bench.last_on_mv = choice.mv;
+    }
+}
+
+// The box names the rail in force. While a list is asked for, the answer also names the old one, so that confirms
+// nothing of a rail that is being applied.
+void bench_gate_rail(u8 rail) {
+    const bool same = bench.rail_known && bench.rail == rail;
+    bench.rail = rail;
+    bench.rail_known = true;
+    if (bench.applying && rail == bench.apply.rail && !(same && bench.rails.waiting)) {
+        bench.applying = false;
+        set(bench.apply);
+    } else if (!same) {
+        bench.set_known = false;
+    }
+    bench_gate_rails();
+}
+
+// A fixed rail in force says by itself what is set; the values of an adjustable one only the panel knows.
+void bench_gate_rails(void) {
+    const u8 rail = bench.rail;
+    if (bench.set_known && bench.set.rail != rail) {
+        bench.set_known = false;
+    }
+    if (bench.rails.state != BENCH_RAILS_SHOWN || !bench.rail_known || bench.applying) {
+        return;
+    }
+    if (rail >= bench.rails.count || !bench.rails.valid[rail]) {
+        bench.set_known = false;
+    } else if (!prof_adjustable(&bench.rails.rail[rail])) {
+        set(bench_rail_open(rail));
+    } else if (bench.set_known && !choice_valid(bench.set)) {
+        bench.set_known = false;
+    }
+}
+
+void bench_gate_lost(void) {
+    bench.rail_known = bench.set_known = false;
+    bench.applying = bench.turning_off = bench.turning_on = false;
+}
+
+// Session ---------------------------------------------------------------------------------------------------------
+bool bench_session_reset(void) {
+    u64 mwh;
+    if (!bench_energy(&mwh)) {
+        return false;
+    }
+    bench.undo_mwh = bench.mwh;
+    bench.undo_base = bench.base_mwh;
+    bench.base_mwh = 0;
+    bench.reset_at = bench.now;
+    bench.undo = true;
+    bench_gate_send(REG_SESS_RESET, 1);
+    return true;
+}
+
+// A box whose count did not fall has not taken the reset.
+bool bench_session_undo(void) {
+    if (!bench.undo) {
+        return false;
+    }
+    bench.undo = false;
+    bench.base_mwh = bench.undo_base + (bench.mwh < bench.undo_mwh ? bench.undo_mwh : 0);
+    return true;
+}
+
+void bench_gate_tick(void) {
+    if (bench.applying && bench.now - bench.apply_at >= BENCH_APPLYING_MS) {
+        bench.applying = false;
+        bench.not_taken = true;
+        bench.not_taken_at = bench.now;
+    }
+    if (bench.turning_on && bench.now - bench.on_at >= BENCH_TURNING_ON_MS) {
+        bench.turning_on = false;
+    }
+    if (bench.undo && bench.now - bench.reset_at >= BENCH_UNDO_MS) {
+        bench.undo = false;
+    }
+}

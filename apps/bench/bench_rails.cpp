@@ -1,0 +1,121 @@
+// The list of rails: which of its words have come, whether it is whole and sane, and when to ask again.
+#include <string.h>
+
+#include "bench/bench.h"
+#include "hardware/uart/zof_hw_uart.h"
+#include "zof.h"
+
+void bench_take_word(u16 addr) {
+    if (addr >= REG_RAIL_BASE && addr < REG_RAIL_BASE + RAIL_WORDS * RAIL_MAX) {
+        bench.rails.words |= 1ull << (addr - REG_RAIL_BASE);
+    }
+}
+
+static void answer_clear() {
+    bench.rails.words = 0;
+    bench.rails.counted = false;
+}
+
+static void ask() {
+    answer_clear();
+    bench.rails.waiting = true;
+    bench.rails.next_at = 0;
+    bench.rails.asked_at = bench.now;
+    bench_gate_send(REG_RAIL_REQUEST, 1);
+}
+
+void bench_rails_ask(void) {
+    bench.rails.tries = 1;
+    ask();
+}
+
+// The answer did not come, or not whole: the next try follows a second after the last one, and after the third one try
+// every ten seconds.
+static void failed() {
+    bench_rails_t &r = bench.rails;
+    const bool more = r.tries < BENCH_TRIES;
+    r.state = more ? BENCH_RAILS_AGAIN : BENCH_RAILS_FAILED;
+    r.tries = (u8)(r.tries + more);
+    r.waiting = false;
+    r.next_at = r.asked_at + (more ? BENCH_TRY_MS : BENCH_PAUSE_MS);
+}
+
+void bench_rails_lost(void) {
+    answer_clear();
+    bench.rails.waiting = false;
+    bench.rails.next_at = 0;
+}
+
+void bench_rails_back(void) {
+    bench.rails.state = BENCH_RAILS_NONE;
+}
+
+static prof_t rail_read(u8 i) {
+    const u16 base = (u16)(REG_RAIL_BASE + RAIL_WORDS * i);
+    return {(u16)zof_reg_get(base), (u16)zof_reg_get((u16)(base + 1)), (u16)zof_reg_get((u16)(base + 2)),
+            (u16)zof_reg_get((u16)(base + 3))};
+}
+
+// Shows the list that came, and counts it as a change if it is another one.
+static void take(const prof_t *rails, u8 count) {
+    bench_rails_t &r = bench.rails;
+    const bool same = r.count == count && memcmp(r.rail, rails, sizeof(r.rail)) == 0;
+    for (u8 i = 0; i < RAIL_MAX; i++) {
+        r.rail[i] = rails[i];
+        r.valid[i] = i < count && grid_rail_valid(&rails[i]);
+        if (i < count && !r.valid[i] && !same) {
+            zof_printf("register link: rail %u cannot be one of a source: type %u, %u to %u mV, %u mA", i,
+                       rails[i].type, rails[i].vmin, rails[i].vmax, rails[i].imax);
+        }
+    }
+    r.count = count;
+    r.changes += same ? 0 : 1;
+    r.state = BENCH_RAILS_SHOWN;
+    r.waiting = false;
+    r.next_at = 0;
+    r.tries = 0;
+    bench_gate_rails();
+}
+
+void bench_rails_commit(void) {
+    bench_rails_t &r = bench.rails;
+    const u8 count = (u8)reg_value(REG_RAIL_COUNT, (u16)zof_reg_get(REG_RAIL_COUNT));
+    const u64 needed = (1ull << (count * RAIL_WORDS)) - 1;
+    const bool whole = r.counted && (r.words & needed) == needed;
+    answer_clear();
+    prof_t rails[RAIL_MAX] = {};
+    bool valid = true;
+    for (u8 i = 0; i < count; i++) {
+        rails[i] = rail_read(i);
+        valid = valid && grid_rail_valid(&rails[i]);
+    }
+    if (whole && (valid || r.tries >= BENCH_TRIES)) {
+        take(rails, count);
+        return;
+    }
+    if (!r.waiting && r.next_at == 0) { // a table that was not asked for: a failed first try
+        r.tries = 1;
+        r.asked_at = bench.now;
+    }
+    if (r.waiting || r.next_at == 0) {
+        failed();
+    }
+}
+
+void bench_rails_tick(void) {
+    bench_rails_t &r = bench.rails;
+    if (bench.dead) {
+        return;
+    }
+    if (r.waiting && bench.now - r.asked_at >= BENCH_TRY_MS) {
+        failed();
+    }
+    if (r.next_at != 0 && bench.now >= r.next_at) {
+        ask();
+    }
+}
+
+bool bench_rail_usable(u8 rail) {
+    return bench_live() && bench.rails.state == BENCH_RAILS_SHOWN && rail < bench.rails.count &&
+           bench.rails.valid[rail];
+}

@@ -1,0 +1,37 @@
+// Painting controls: each function changes a control only if it looks different already, so a page may be painted as
+// often as anything may have changed. A missing control is ignored.
+#ifndef PAINT_H
+#define PAINT_H
+
+#include "bench_look.h"
+#include "zof.h"
+
+enum { PAINT_TEXT_SIZE = 160, PAINT_NUMBER_SIZE = 16 };
+
+// A text or a key of the languages.
+void paint_text(para_t *ctrl, const char *text);
+
+// Words of the panel in the current language. Into `out`, {0} to {3} are replaced by the given texts.
+void words_fill(char *out, size_t size, panel_text_e words, const char *a = "", const char *b = "", const char *c = "",
+                const char *d = "");
+void paint_words(para_t *ctrl, panel_text_e words, const char *a = "", const char *b = "", const char *c = "",
+                 const char *d = "");
+
+void paint_shown(para_t *ctrl, bool shown);
+void paint_look(para_t *ctrl, u32 look); // a panel_look_e, or 0 for the plain one
+void paint_ink(para_t *ctrl, zof_color_t color);
+void paint_ground(para_t *ctrl, zof_color_t color);
+// The size of a text in a font file of the project.
+void paint_size(para_t *ctrl, u32 size);
+void paint_place(para_t *ctrl, s32 x, s32 y, s32 width, s32 height);
+
+// "12.04 V", "1.50 A" as they are set, truncated to what is shown; "1.500 A" and "18.0 W" as they are measured. `out`
+// has PAINT_NUMBER_SIZE bytes. Return `out`.
+const char *number_volts(char *out, u32 mv);
+const char *number_amperes(char *out, u32 ma);
+const char *number_amperes_fine(char *out, u32 ma);
+const char *number_watts(char *out, u32 dw);
+// "7 s", "2 min", "3 h".
+const char *number_age(char *out, u64 ms);
+
+#endif

@@ -1,0 +1,43 @@
+"""Page 4, Settings."""
+from layout import *
+
+WORDS.update({
+    "brightness": ("Brightness", "Helligkeit"), "power_on": ("Output at power-on", "Ausgang beim Einschalten"),
+    "boot_off": ("Off", "Aus"), "boot_last": ("As last used", "Wie zuletzt"),
+    "auto_on": ("Turn the output on as soon as a rail is applied", "Ausgang einschalten, sobald ein Profil angewendet wird"),
+    "hold_up": ("Hold to raise the voltage while on", "Im Betrieb Spannung nur durch Halten erhöhen"),
+    "language": ("Language", "Sprache"), "english": ("English", "English"), "german": ("Deutsch", "Deutsch"),
+    "port": ("Port", "Anschluss"), "other": ("Change", "Wechseln"),
+    # The port's state: {0} bauds, {1} age of the last frame, {2} group or program
+    "port_good": ("Connected, {0} baud, last answer {1} ago", "Verbunden, {0} Baud, letzte Antwort vor {1}"),
+    "port_silent": ("Open, but the box is silent: is it switched on?", "Offen, doch das Netzteil schweigt: ist es eingeschaltet?"),
+    "port_looking": ("Looking for the box", "Netzteil wird gesucht"),
+    "port_right": ("No right to open it: join the group {2} and sign in again", "Kein Recht: der Gruppe {2} beitreten, neu anmelden"),
+    "port_right_plain": ("No right to open it", "Kein Recht, ihn zu öffnen"),
+    "port_busy": ("Another program has it open: close that program", "Ein anderes Programm hat ihn offen: dieses beenden"),
+    "port_busy_by": ("{2} has it open: close it", "{2} hat ihn offen: beenden"),
+    "port_none": ("Nothing is plugged in there: plug the box in, or press Change",
+                  "Dort steckt nichts: Netzteil anschließen oder Wechseln"),
+    "port_gone": ("The cable is out: plug it in again", "Kabel ab: wieder anschließen"),
+    "port_no_other": ("No other port was found", "Kein anderer Anschluss gefunden"), "port_error": ("{2}", "{2}"),
+    "port_unset": ("No port is set: press Change", "Kein Anschluss gewählt: Wechseln"),
+})
+for key in ("boot_off", "boot_last", "english", "german"):                # the tick is on the disc of the option
+    WORDS[key] = tuple(CHECK_MARK + "   " + word for word in WORDS[key])
+
+PAGE = strip() + [
+    card(1, 16, 58, 332, 98), label(2, 32, 60, 200, 44, "#brightness", TEXT, 20, WHITE),
+    label(23, 232, 60, 100, 44, "100%", NUM, 36, AMBER, "right", name="label16"),
+    slider(19, 48, 124, 268, 10, 100, 100, click=24, name="slider0"),
+    card(3, 356, 58, 428, 98), label(4, 372, 60, 396, 40, "#power_on", TEXT, 20, WHITE),
+    *option((5, 7, 10), 364, 102, 200, "#boot_off", "label8"), *option((6, 8, 11), 572, 102, 204, "#boot_last", "label9"),
+    card(9, 16, 162, 768, 56), label(12, 32, 162, 630, 56, "#auto_on", TEXT, 20, WHITE), switch(13, 680, 166, 0, name="sw0"),
+    label(14, 32, 190, 560, 24, "", TEXT, 16, GREY, hidden=True),
+    card(24, 16, 224, 768, 56), label(25, 32, 224, 630, 56, "#hold_up", TEXT, 20, WHITE), switch(26, 680, 228, 1, name="hold"),
+    card(27, 16, 286, 768, 56), label(28, 32, 286, 300, 56, "#language", TEXT, 20, WHITE),
+    *option((29, 30, 31), 404, 290, 182, "#english", "english"), *option((32, 33, 34), 594, 290, 182, "#german", "german"),
+    card(35, 16, 348, 768, 78), label(36, 32, 354, 110, 36, "#port", TEXT, 20, WHITE),
+    label(37, 142, 354, 440, 36, "", TEXT, 20, AMBER, name="port"),
+    label(38, 32, 388, 580, 30, "", TEXT, 16, GREY, name="port_state", looks=dict(dead=dict(color=WHITE))),
+    label(39, 632, 363, 144, 48, "#other", BOLD, 20, AMBER, "center", bg=RAISED, radius=12, click=True, name="port_change"),
+] + tabs(3, (15, 16, 40, 18, 17))
