@@ -13,12 +13,17 @@ const zof_view_fun_t zof_views_fun[ZOF_VIEW_COUNT] = {
 
 static constexpr zof_hw_client_t client = {bench_take, bench_take_word, bench_take_frame, bench_take_skipped, ui_paint};
 
-void zof_main(void) {
+void panel_start(void) {
+    bench_start();
     zof_prj_create(zof_views_fun, ZOF_VIEW_COUNT);
     zof_hw_client_set(&client);
+    ui_start();
+}
+
+void zof_main(void) {
+    panel_start();
     zof_hw_init();
     const bench_port_t port = {drv_uart ? BENCH_PORT_OPEN : BENCH_PORT_MISSING, "", ""};
     bench_take_port(&port);
-    ui_start();
     zof_func_schedule(); // new data from a card or a USB disk, in the first minute
 }

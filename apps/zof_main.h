@@ -40,8 +40,13 @@ void view5_entry(void);
 void view5_exit(void);
 void view5_paint(void);
 
+// Gives the display the brightness that the box last said, whatever page is shown.
+void bright_apply(void);
 // Shows the rails page with a rail selected, or none if it is not in the list.
 void view2_open_rail(u8 rail);
+
+// Shows the panel and lets its model take what the link delivers; opens no port.
+void panel_start(void);
 
 extern const zof_view_fun_t zof_views_fun[ZOF_VIEW_COUNT];
 

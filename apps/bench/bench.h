@@ -142,6 +142,8 @@ struct bench_t {
 extern bench_t bench;
 
 // time ------------------------------------------------------------------------------------------------------------
+// Nothing is known, and the port has not been tried. Once, before anything else.
+void bench_start(void);
 // Advances `now`; everything that depends on time alone happens here. At least ten times a second.
 void bench_tick(void);
 

@@ -4,15 +4,12 @@
 #include "bench/bench.h"
 #include "zof.h"
 
-bench_t bench = {.port = {BENCH_PORT_LOOKING, "", ""}, .dead = true, .rail = RAIL_NONE};
+bench_t bench;
 
 static void now_set() {
     const u32 clock = zof_sys_time_ms();
-    if (!bench.started) {
-        bench.started = true;
-        bench.clock = clock;
-    }
-    bench.now += clock - bench.clock; // unsigned: right across the clock's wrap after 49 days
+    bench.now += bench.started ? clock - bench.clock : 0; // unsigned: right across the clock's wrap after 49 days
+    bench.started = true;
     bench.clock = clock;
 }
 
@@ -52,6 +49,12 @@ static void eye_take(eye_t &eye, u16 value) {
     eye.value[eye.next] = value;
     eye.next = (u8)((eye.next + 1) % EYE_SIZE);
     eye.count = (u8)(eye.count < EYE_SIZE ? eye.count + 1 : EYE_SIZE);
+}
+
+void bench_start(void) {
+    bench = {.port = {BENCH_PORT_LOOKING, "", ""}, .dead = true, .rail = RAIL_NONE};
+    memset(eyes, 0, sizeof(eyes));
+    now_set();
 }
 
 bool bench_eye(u16 *mv, u16 *ma, u16 *dw) {

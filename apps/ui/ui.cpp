@@ -22,6 +22,7 @@ void ui_paint() {
         return;
     }
     ui.painting = true;
+    bright_apply();
     const u32 view = zof_view_get_cur_id(ZOF_LAYER_UI);
     for (const ui_page_t &page : pages) {
         if (page.view == view) {
@@ -48,21 +49,24 @@ bool ui_takes(zof_event_e event) {
     if (event == ZOF_EVENT_PRESSED) {
         bench_tick();
         ui.press_counts = bench.now >= ui.calm_until && bench_press();
+        if (!ui.press_counts) {
+            ui_paint();
+        }
     }
     return ui.press_counts;
 }
 
 void ui_tab_to(u32 view) {
-    hold_cancel();
     zof_view_set_dis_view_anim(view, ZOF_SCR_LOAD_ANIM_NONE, 0, 0, ZOF_ANIM_PATH_END_SLOW);
-    ui_calm();
-    ui_paint();
 }
 
 void ui_slide_to(u32 view, bool back) {
-    hold_cancel();
     zof_view_set_dis_view_anim(view, back ? ZOF_SCR_LOAD_ANIM_MOVE_RIGHT : ZOF_SCR_LOAD_ANIM_MOVE_LEFT, UI_SLIDE_MS, 0,
                                ZOF_ANIM_PATH_END_SLOW);
+}
+
+void ui_entered() {
+    hold_cancel();
     ui_calm();
     ui_paint();
 }

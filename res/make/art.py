@@ -56,7 +56,7 @@ def dial(full=48, marks=(0, 5, 9, 15, 20, 28, 36, 48), size=320, r0=129):
     save(Image.alpha_composite(im, over.resize((size, size), Image.LANCZOS)), "dial.png")
 
 
-def mark(width=4, height=22):
+def mark(width=6, height=22):
     """The mark of the set voltage: a stroke across the ring, which the panel turns about the dial's middle."""
     save(Image.new("RGBA", (width, height), (*AMBER, 255)), "mark.png")
 

@@ -12,7 +12,7 @@ ON, OFF = 0xFF453A, 0x30D158                       # the live output, and what t
 ON_BED, OFF_BED = 0x80231D, 0x18692C               # the same under half black: grounds of white words
 PALETTE = {name: value for name, value in dict(globals()).items() if name.isupper()}
 TRACK = (DIM, 90)                                  # unfilled part of arc, sliders and switch: colour, opacity
-LATE = (WHITE, 170)                                # readings older than a second
+LATE, LATE_STRIP = 0xAAAAAA, 0xB3B3B4              # readings older than a second: white at two thirds, on black and on the strip
 BADGE = {"FIX": (RAISED, GREY), "PPS": (0x64D2FF, 0x062A30), "AVS": (AMBER, 0x2A1800), "EPR": (0xBF5AF2, 0x1E0C33)}
 CHECK_MARK = "✓"
 
@@ -114,8 +114,8 @@ def strip():
         box(100, 0, 0, 800, STRIP_H, bg=CARD, name="strip"),
         box(101, 16, 16, 20, 20, bg=OFF, radius=10, name="strip_dot", looks=dict(chosen=dict(bg=ON))),
         label(102, 48, 0, 140, STRIP_H, "#strip_off", BOLD, 20, WHITE, name="strip_state"),
-        label(103, 188, 0, 116, STRIP_H, "", RAIL, 26, WHITE, "right", name="strip_volts", looks=dict(late=dict(color=LATE))),
-        label(104, 304, 0, 126, STRIP_H, "", RAIL, 26, WHITE, "right", name="strip_amperes", looks=dict(late=dict(color=LATE))),
+        label(103, 188, 0, 116, STRIP_H, "", RAIL, 26, WHITE, "right", name="strip_volts", looks=dict(late=dict(color=LATE_STRIP))),
+        label(104, 304, 0, 126, STRIP_H, "", RAIL, 26, WHITE, "right", name="strip_amperes", looks=dict(late=dict(color=LATE_STRIP))),
         label(105, 446, 14, 132, 24, "#limit_line", BOLD, 16, AMBER_INK, "center", bg=AMBER, radius=6, hidden=True, name="strip_limit"),
         label(109, 446, 14, 132, 24, "#remote", BOLD, 16, WHITE, "center", bg=RAISED, radius=6, hidden=True, name="strip_remote"),
         label(107, 0, 0, 800, STRIP_H, "", BOLD, 20, BLACK, "left", bg=GREY, pad=(0, 176, 0, 16), hidden=True, name="strip_notice",

@@ -52,7 +52,7 @@ def text(font, size, color):
 
 
 def lighter(rgb):
-    return sum(min(255, (rgb >> shift & 255) + 25) << shift for shift in (0, 8, 16))
+    return sum(min(255, round((rgb >> shift & 255) * 1.1)) << shift for shift in (0, 8, 16))
 
 
 # The pressed state of a control by its role, as changes of its look.

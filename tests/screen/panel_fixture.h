@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+#include "bench/bench.h"
 #include "bench_ids.h"
 #include "board.h"
 #include "frames.h"
@@ -11,7 +12,8 @@
 #include "screen_fixture.h"
 #include "zof_main.h"
 
-inline std::vector<std::pair<u16, u16>> panel_sent; // registers that the panel has reported, in order
+using reports = std::vector<std::pair<u16, u16>>;
+inline reports panel_sent; // registers that the panel has reported, in order
 
 inline s32 panel_send(zof_drv_t *, const u8 *data, u32 size) {
     frame_report_words(bytes(data, data + size), [](u16 addr, u16 value) { panel_sent.emplace_back(addr, value); });
@@ -24,11 +26,17 @@ inline void panel_open() {
     screen_init();
     zof_drv_init();
     zof_func_pwon();
-    zof_lang_on_change(panel_lang_changed);
-    zof_prj_create(zof_views_fun, ZOF_VIEW_COUNT);
+    panel_start();
     register_line_open(panel_send);
     screen_step(50);
-    panel_sent.clear();
+}
+
+inline void panel_port(bench_port_e state, const char *who = "") {
+    bench_port_t port = {.state = state};
+    snprintf(port.path, sizeof(port.path), "/dev/ttyUSB0");
+    snprintf(port.who, sizeof(port.who), "%s", who);
+    bench_take_port(&port);
+    screen_step(110);
 }
 
 // The board writes registers, one frame for each call.
@@ -49,10 +57,36 @@ inline void board_readings(u16 mv, u16 ma, u16 dw, u32 mwh) {
 inline void board_rails(const std::vector<prof_t> &rails, u16 active = RAIL_NONE) {
     board box;
     box.rails = rails;
+    box.rail = active;
     box.write = board_write;
-    board_write(REG_RAIL_ACTIVE, {active});
     board_send_rails(box);
     screen_step(20);
+}
+
+inline void board_settings_send() {
+    for (const auto &[addr, value] : reports{{REG_BRIGHT, 80}, {REG_BOOT_STATE, 0}, {REG_AUTO_ARM, 0}}) {
+        board_write(addr, {value});
+    }
+}
+
+// What a board does that has just been asked for everything: thirteen rails, the first in force, output off.
+inline void board_ready() {
+    panel_port(BENCH_PORT_OPEN);
+    board_write(REG_BOX_VERSION, {0x0203});
+    board_settings_send();
+    board_write(REG_OUT_STATE, {0});
+    board_readings(0, 0, 0, 12534);
+    board_rails(board_default_rails(), 0);
+    screen_step(300); // presses count again
+    panel_sent.clear();
+}
+
+// The board has applied 12.00 V and 1.00 A of a PPS rail, as the panel requested.
+inline void board_applied(bench_choice_t choice = {7, 12000, 1000}) {
+    REQUIRE(bench_apply(choice, true));
+    board_write(REG_RAIL_ACTIVE, {choice.rail});
+    panel_sent.clear();
+    screen_step(10);
 }
 
 inline std::string text_of(u32 view, u32 ctrl) {
@@ -69,7 +103,5 @@ inline void go_to(u32 view) {
     screen_step(50);
     panel_sent.clear();
 }
-
-using reports = std::vector<std::pair<u16, u16>>;
 
 #endif

@@ -2,167 +2,270 @@
 
 #include "panel_fixture.h"
 
-// What the panel has reported since the last call.
+// What the panel has reported since the last call, without what it asks for by itself.
 static reports sent() {
-    return std::exchange(panel_sent, {});
+    reports out = std::exchange(panel_sent, {});
+    std::erase_if(out,
+                  [](auto report) { return report.first == REG_RAIL_REQUEST || report.first == REG_SETTINGS_REQUEST; });
+    return out;
 }
 
-static void rails_open() {
-    panel_open();
-    go_to(2);
-    board_rails(board_default_rails());
-}
-
-TEST_CASE("panel: the front page is empty at first, and shows readings truncated, never rounded") {
-    panel_open();
-    CHECK(screen_is_golden("panel_output_unknown"));
-    board_readings(12345, 999, 605, 1234567);
-    CHECK(text_of(1, VIEW1_LABEL0_ID) == "12.34");
-    CHECK(text_of(1, VIEW1_LABEL2_ID) == "0.999 A");
-    CHECK(text_of(1, VIEW1_LABEL4_ID) == "60.5 W");
-    CHECK(text_of(1, VIEW1_LABEL3_ID) == "1234.567");
-    board_readings(0, 0, 0, 12481);
-    CHECK(screen_is_golden("panel_output_off"));
-    board_readings(20000, 3012, 602, 12534);
+// The run that the pictures show: 12 V set on a PPS rail, output on.
+static void running(u16 mv = 12000, u16 ma = 874, u16 dw = 105) {
     board_write(REG_OUT_STATE, {1});
-    CHECK(screen_is_golden("panel_output_on"));
+    board_readings(mv, ma, dw, 12534);
+    screen_step(10);
 }
 
-TEST_CASE("panel: the toggle requests the opposite of the board's state, and a touch counts where it is lifted") {
+static void open_running() {
     panel_open();
-    screen_click(632, 168);
-    screen_click(632, 168);
-    CHECK(sent() == reports{{REG_OUT_REQ, 1}, {REG_OUT_REQ, 1}});
-    board_write(REG_OUT_STATE, {1});
-    screen_click(632, 168);
-    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
-    screen_press(632, 168);
-    CHECK(screen_is_golden("panel_output_pressed"));
-    screen_move(200, 300);
-    screen_release(200, 300);
-    board_readings(1, 1, 1, 5000);
-    screen_press(396, 392); // resets the session
-    CHECK(is_shown(1, VIEW1_LABEL21_ID));
-    screen_move(396, 200);
-    CHECK(!is_shown(1, VIEW1_LABEL21_ID));
-    screen_release(396, 200);
-    CHECK(sent().empty()); // slid off
-    screen_click(396, 392);
-    CHECK(sent() == reports{{REG_SESS_RESET, 1}});
-    CHECK(text_of(1, VIEW1_LABEL3_ID) == "5.000"); // until the board says otherwise
+    board_ready();
+    board_applied();
+    bench.last_on_mv = 12000;
+    running();
+    panel_sent.clear();
 }
 
-TEST_CASE("panel: entering the rails page requests them, and an empty list says what to expect") {
-    panel_open();
-    screen_click(632, 300);
-    screen_step(400);
-    CHECK(sent() == reports{{REG_RAIL_REQUEST, 1}});
-    CHECK(screen_is_golden("panel_rails_empty"));
-    board_rails(board_default_rails());
-    CHECK(screen_is_golden("panel_rails_thirteen"));
-    for (const auto &[count, has] : {std::pair<u16, u32>{20, 13}, {0x0100, 0}}) {
-        board_write(REG_RAIL_COUNT, {count});
-        board_write(REG_RAIL_COMMIT, {0});
-        CHECK(g_prof_n == has);
+// Readings go on while the screen runs.
+static void live(u32 ms) {
+    for (u32 t = 0; t < ms; t += 100) {
+        board_readings(bench.mv, bench.ma, bench.dw, bench.mwh);
+        screen_step(100);
     }
 }
 
-TEST_CASE("panel: a fixed rail is chosen, used, and active when the board says so") {
-    rails_open();
-    screen_click(684, 392);
-    CHECK(sent().empty()); // nothing is chosen yet
-    screen_click(140, 98);
-    CHECK(screen_is_golden("panel_rails_fixed"));
-    screen_click(684, 392);
-    CHECK(sent() == reports{{REG_RAIL_SELECT, 1}, {REG_SETTINGS_REQUEST, 1}});
+TEST_CASE("panel: the start says what it looks for, then why there is no box") {
+    panel_open();
+    panel_port(BENCH_PORT_LOOKING);
+    CHECK(screen_is_golden("output_start"));
+    screen_step(2000);
+    panel_port(BENCH_PORT_RIGHT, "dialout");
+    CHECK(screen_is_golden("output_no_box"));
+    screen_click(632, 340); // Port
     screen_step(400);
-    go_to(2);
-    board_rails(board_default_rails(), 4);
-    CHECK(screen_is_golden("panel_rails_in_force"));
-    screen_click(684, 392); // drawn as disabled, but the marked rail is used all the same
-    CHECK(sent().front() == std::pair<u16, u16>{REG_RAIL_SELECT, 4});
+    CHECK(screen_is_golden("settings_no_box"));
+    static const struct {
+        bench_port_e state;
+        const char *who, *text;
+    } rows[] = {{BENCH_PORT_UNSET, "", "No port is set for the box"},
+                {BENCH_PORT_MISSING, "", "No box at /dev/ttyUSB0: nothing is plugged in there"},
+                {BENCH_PORT_RIGHT, "", "No box at /dev/ttyUSB0: no right to open it"},
+                {BENCH_PORT_HELD, "", "No box at /dev/ttyUSB0: another program has it open"},
+                {BENCH_PORT_HELD, "picocom (4711)", "No box at /dev/ttyUSB0: picocom (4711) has it open"},
+                {BENCH_PORT_FAULT, "Input/output error", "No box at /dev/ttyUSB0: Input/output error"}};
+    for (const auto &row : rows) {
+        panel_port(row.state, row.who);
+        CHECK(text_of(4, VIEW4_STRIP_NOTICE_ID) == row.text);
+    }
 }
 
-TEST_CASE("panel: an adjustable rail opens its sliders at its maximum, and sends what they show") {
-    rails_open();
-    screen_click(400, 160);
-    board_rails(board_default_rails()); // hides the sliders, but a tap on any row still only closes them
-    screen_click(140, 98);
-    CHECK(g_sel == RAIL_NONE);
-    screen_click(400, 160);
-    screen_drag(752, 344, 466, 344, 8);
-    screen_drag(424, 392, 341, 392, 8);
-    const u16 mv = (u16)zof_slider_get_value(zof_ctrl_get_form_id(2, VIEW2_SLIDER0_ID));
-    const u16 ma = (u16)zof_slider_get_value(zof_ctrl_get_form_id(2, VIEW2_SLIDER1_ID));
+TEST_CASE("panel: the output's page shows what the board reports, in every state") {
+    panel_open();
+    board_ready();
+    board_applied();
+    CHECK(screen_is_golden("output_hold_first")); // 12 V was never on: a hold
+    bench.last_on_mv = 12000;
+    screen_step(100);
+    CHECK(screen_is_golden("output_off"));
+    running();
+    CHECK(screen_is_golden("output_on"));
+    screen_click(396, 392);
+    board_readings(12000, 874, 105, 0);
+    screen_step(10);
+    CHECK(screen_is_golden("output_undo"));
+    CHECK(sent() == reports{{REG_SESS_RESET, 1}});
+    screen_click(396, 392);
+    CHECK(text_of(1, VIEW1_LABEL3_ID) == "12.534");
+    bench.base_mwh = 0;
+    running(9410, 1000, 94);
+    live(400);
+    CHECK(is_shown(1, VIEW1_LIMIT_ID));
+    CHECK(screen_is_golden("output_limit"));
+    running();
+    live(400);
+    CHECK(!is_shown(1, VIEW1_LIMIT_ID));
+    snprintf(bench.remote, sizeof(bench.remote), "192.168.1.20");
+    screen_step(100);
+    CHECK(screen_is_golden("output_remote"));
+    screen_click(712, 25); // Local
+    CHECK(!bench.remote[0]);
+}
+
+TEST_CASE("panel: old readings fade, become dashes, and come back at once; the toggle waits for the state") {
+    open_running();
+    screen_step(1100);
+    CHECK(screen_is_golden("output_late"));
+    screen_step(1000);
+    CHECK(text_of(1, VIEW1_LABEL0_ID) == "-․--");
+    screen_step(5000);
+    CHECK(text_of(1, VIEW1_NOTICE_ID) == "No data from the box for 7 s: the box is silent");
+    panel_port(BENCH_PORT_GONE);
+    CHECK(screen_is_golden("output_stale"));
+    panel_port(BENCH_PORT_OPEN);
+    sent();
+    board_readings(12000, 874, 105, 12534);
+    board_settings_send();
+    board_rails(board_default_rails(), 7);
+    CHECK(screen_is_golden("output_unknown"));
+    sent();
+    screen_press(632, 208);
+    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
+    screen_release(632, 208);
+    CHECK(text_of(1, VIEW1_UNKNOWN_WORD_ID) == "Off requested");
+    for (u32 view : {2, 3, 4, 5}) { // likewise on each page
+        go_to(view);
+        board_readings(12000, 874, 105, 12534);
+        screen_step(400);
+        screen_press(704, 26);
+        CHECK(sent() == reports{{REG_OUT_REQ, 0}});
+        screen_release(704, 26);
+    }
+}
+
+TEST_CASE("panel: off acts when the finger lands, on when it lifts inside, and a higher voltage is held") {
+    panel_open();
+    board_ready();
+    screen_click(632, 208);
+    CHECK(sent() == reports{{REG_OUT_REQ, 1}}); // 5 V need no hold
+    running();
+    screen_press(632, 208);
+    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
+    board_write(REG_OUT_STATE, {0});
+    screen_release(632, 208);
+    screen_click(632, 208); // within 0.6 s
     CHECK(sent().empty());
-    CHECK(screen_is_golden("panel_rails_adjust"));
-    screen_click(684, 392);
-    CHECK(sent() == reports{{REG_ADJ_MV, mv}, {REG_ADJ_MA, ma}, {REG_RAIL_SELECT, 7}, {REG_SETTINGS_REQUEST, 1}});
+    live(600);
+    screen_press(632, 208);
+    screen_move(200, 300);
+    screen_release(200, 300);
+    CHECK(sent().empty()); // slid off
+    board_applied({10, 48000, 5000});
+    board_readings(0, 0, 0, 12534);
+    live(400);
+    screen_press(632, 208);
+    live(400);
+    CHECK(screen_is_golden("output_hold_on"));
+    screen_release(632, 208);
+    screen_press(632, 208);
+    live(300);
+    screen_move(632, 90); // 16 px beyond the edge at most
+    live(700);
+    screen_release(632, 90);
+    CHECK(sent().empty());
+    screen_press(632, 208);
+    live(1000);
+    CHECK(sent() == reports{{REG_OUT_REQ, 1}});
+    live(1000);
+    screen_release(632, 208);
+    CHECK(sent().empty()); // once
 }
 
-TEST_CASE("panel: odd rails are shown as they are, and only real ranges of PPS and AVS open the sliders") {
-    panel_open();
-    go_to(2);
-    board_rails({{99, 5000, 5000, 5000}, {3, 15000, 28000, 5000}, {1, 9000, 9000, 3000}, {1, 3300, 40000, 5000}}, 200);
-    CHECK(text_of(2, 6) + text_of(2, 10) + text_of(2, 9) == "FIXEPR15.0-28.0 V");
-    screen_click(140, 98); // an EPR range
-    CHECK(!is_shown(2, VIEW2_CONTAINER1_ID));
-    CHECK(text_of(2, VIEW2_LABEL84_ID) == "Use 15.00 V");
-    board_rails(board_default_rails());
-    screen_click(660, 160); // the thirteenth
-    CHECK(g_sel == 12);
-    board_rails({{0, 5000, 5000, 5000}}, 5); // active, but not in the table
-    CHECK(g_sel == RAIL_NONE);
+TEST_CASE("panel: the output's tab locks all but off when it is held for a second") {
+    open_running();
+    screen_press(80, 456);
+    live(900);
+    CHECK(!bench.locked);
+    live(200);
+    screen_release(80, 456);
+    CHECK(bench.locked);
+    screen_click(632, 340); // Rails
+    live(300);
+    CHECK(screen_is_golden("output_locked"));
+    screen_click(240, 456);
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 1);
+    screen_press(632, 208);
+    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
+    screen_release(632, 208);
+    screen_press(80, 456);
+    live(1100);
+    screen_release(80, 456);
+    CHECK(!bench.locked);
+    live(600);
+    screen_click(240, 456);
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
 }
 
-TEST_CASE("panel: settings are shown as stored, corrected by the board, and sent as they change") {
-    panel_open();
+TEST_CASE("panel: the strip shows the live output on every page, and turns it off") {
+    open_running();
+    for (u32 view : {2, 3, 4, 5}) {
+        CAPTURE(view);
+        go_to(view);
+        running();
+        live(400);
+        CHECK(text_of(view, VIEW2_STRIP_VOLTS_ID) == "12.00 V");
+        screen_press(704, 26);
+        CHECK(sent() == reports{{REG_OUT_REQ, 0}});
+        screen_release(704, 26);
+        board_write(REG_OUT_STATE, {0});
+        screen_step(10);
+        CHECK(!is_shown(view, VIEW2_STRIP_TURN_OFF_ID));
+        screen_click(704, 26); // it never turns on
+        CHECK(sent().empty());
+        screen_step(2000);
+        CHECK(is_shown(view, VIEW2_STRIP_NOTICE_ID));
+        running();
+    }
+}
+
+TEST_CASE("panel: settings are shown as the box says, and sent as they change") {
+    open_running();
     for (const auto &[pct, level] : std::vector<std::pair<u16, u32>>{{10, 9}, {100, 99}}) {
         board_write(REG_BRIGHT, {pct});
         screen_step(30);
         CHECK(sdl_bright_get() == level * 255 / 100); // in every view, one step short of full
     }
-    screen_click(500, 456);
-    CHECK(sent() == reports{{REG_SETTINGS_REQUEST, 1}});
     board_write(REG_BRIGHT, {80});
+    screen_click(560, 456);
+    running(4770, 475, 22);
+    live(300);
+    CHECK(screen_is_golden("settings"));
+    board_write(REG_OUT_STATE, {0});
+    board_readings(0, 0, 0, 0);
     board_write(REG_AUTO_ARM, {1});
-    screen_step(300);
-    CHECK(sent().empty()); // the slider moved, and nothing was sent back
-    CHECK(screen_is_golden("panel_settings"));
-    screen_click(590, 246);
-    screen_click(720, 360);
+    live(300);
+    screen_click(728, 252); // the hold
+    CHECK(bench.hold_off);
+    live(300);
+    CHECK(screen_is_golden("settings_off"));
+    CHECK(sent().empty());
+    screen_click(674, 126);
+    screen_click(728, 190);
     CHECK(sent() == reports{{REG_BOOT_STATE, 1}, {REG_AUTO_ARM, 0}});
-    screen_drag(611, 108, 48, 300, 6); // follows the finger wherever it goes
-    CHECK(sent().back() == std::pair<u16, u16>{REG_BRIGHT, 10});
-    screen_step(300);
-    CHECK(screen_is_golden("panel_settings_changed"));
+    live(100);
+    screen_drag(250, 128, 20, 300, 6); // follows the finger wherever it goes, and is sent when it lifts
+    CHECK(sent() == reports{{REG_BRIGHT, 10}});
+    screen_click(685, 314); // Deutsch
+    live(300);
+    CHECK(text_of(4, 28) == "Sprache");
+    screen_step(2100);
+    screen_click(728, 190);
+    screen_click(674, 126);
+    CHECK(sent().empty()); // nothing is known of the box
 }
 
-TEST_CASE("panel: a language change leaves no English word on the running panel") {
-    panel_open();
-    board_readings(20000, 3012, 602, 12534);
-    board_write(REG_OUT_STATE, {1});
-    go_to(3);
-    CHECK(screen_is_golden("panel_about"));
-    go_to(2);
-    board_rails(board_default_rails());
-    screen_click(140, 98);
+TEST_CASE("panel: no English word is left on a running panel in German") {
+    open_running();
     CHECK(zof_lang_set("de") == 0);
-    CHECK(screen_is_golden("panel_rails_fixed_de"));
-    for (u32 view : {1, 3, 4}) {
-        go_to(view);
-        CHECK(screen_is_golden(view == 1 ? "panel_output_on_de" : view == 3 ? "panel_about_de" : "panel_settings_de"));
-    }
-    go_to(2);
-    board_rails({});
-    CHECK(screen_is_golden("panel_rails_empty_de"));
+    screen_step(100);
+    CHECK(screen_is_golden("output_on_de"));
+    go_to(3);
+    running();
+    live(1000);
+    CHECK(screen_is_golden("about_de"));
     CHECK(zof_lang_set("en") == 0);
-    CHECK(screen_is_golden("panel_rails_empty"));
-    zof_lang_set_cur_str("#use", "%u %02u %s"); // not a format of two numbers
-    board_rails(board_default_rails());
-    screen_click(140, 98);
-    CHECK(text_of(2, VIEW2_LABEL84_ID) == "Use 9.00 V");
-    board_rails({});
+    live(1000);
+    CHECK(screen_is_golden("about"));
+    go_to(4);
+    CHECK(zof_lang_set("de") == 0);
+    running(4770, 475, 22);
+    live(1000);
+    CHECK(screen_is_golden("settings_de"));
+    zof_lang_set_cur_str("#hold_for", "{0} {4} {{0} %s"); // a language file is data
+    board_write(REG_OUT_STATE, {0});
+    board_applied({10, 48000, 5000});
+    go_to(1);
+    CHECK(text_of(1, VIEW1_LABEL7_ID) == "48.00 V {4} {48.00 V %s");
     CHECK(zof_lang_set("no such language") == -1); // then the code writes its default words
-    CHECK(text_of(2, VIEW2_LABEL84_ID) == "Select a rail");
+    screen_step(100);
+    CHECK(text_of(1, VIEW1_LABEL7_ID) == "Hold for\n48.00 V");
 }

@@ -27,7 +27,7 @@ static void arc_paint(u16 mv) {
     if (age != bench_age()) {
         age = bench_age();
         const zof_line_disp_t fill = {.color = COLOR_WHITE, .width = 12, .opa = (u8)(age == BENCH_LATE ? 170 : 255)};
-        zof_arc_set_dis(arc, LV_PART_INDICATOR, &fill);
+        zof_arc_set_dis(arc, 1, &fill);
     }
 }
 
@@ -79,9 +79,15 @@ static void set_line_paint() {
     }
 }
 
+// Whether there is, or just was, a port with the box: the way on is to the rails, otherwise to the port's settings.
+static bool port_works() {
+    return bench.port.state == BENCH_PORT_OPEN || bench.port.state == BENCH_PORT_GONE ||
+           bench.port.state == BENCH_PORT_LOOKING;
+}
+
 static void notice_paint() {
     const bool dead = bench_age() == BENCH_DEAD;
-    const bool last = dead && bench.last_known && bench.port.state <= BENCH_PORT_OPEN;
+    const bool last = dead && bench.last_known && port_works();
     char text[PAINT_TEXT_SIZE], volts[PAINT_NUMBER_SIZE], amperes[PAINT_NUMBER_SIZE];
     strip_notice(text, sizeof(text));
     paint_text(view1(VIEW1_NOTICE_ID), text);
@@ -122,7 +128,7 @@ static void toggle_paint() {
 static void session_paint() {
     para_t *reset = view1(VIEW1_LABEL13_ID);
     paint_words(reset, bench.undo ? TEXT_UNDO : TEXT_RESET);
-    paint_look(reset, bench_live() ? 0 : LOOK_DEAD);
+    paint_look(reset, !bench_live() ? LOOK_DEAD : bench.locked || bench.remote[0] ? LOOK_HOLD : 0);
 }
 
 static void remote_paint() {
@@ -136,10 +142,6 @@ static void lock_paint() {
     paint_shown(view1(VIEW1_LOCKED_NOTE_ID), bench_locked_note());
 }
 
-static bool port_is_open() {
-    return bench.port.state == BENCH_PORT_OPEN || bench_live();
-}
-
 void view1_paint(void) {
     readings_paint();
     set_line_paint();
@@ -150,7 +152,7 @@ void view1_paint(void) {
     lock_paint();
     paint_shown(view1(VIEW1_LIMIT_ID), bench.limit && bench_live());
     const bool deaf = bench.locked || bench.remote[0];
-    paint_words(view1(VIEW1_LABEL6_ID), port_is_open() ? TEXT_TO_RAILS : TEXT_TO_PORT);
+    paint_words(view1(VIEW1_LABEL6_ID), port_works() ? TEXT_TO_RAILS : TEXT_TO_PORT);
     paint_look(view1(VIEW1_LABEL6_ID), deaf ? LOOK_DEAD : 0);
 }
 
@@ -189,7 +191,7 @@ static void toggle_event(zof_ctrl_t *ctrl, zof_event_e event) {
 // Other controls --------------------------------------------------------------------------------------------------
 static void to_rails_event(zof_ctrl_t *, zof_event_e event) {
     if (ui_takes(event) && event == ZOF_EVENT_CLICKED) {
-        ui_slide_to(port_is_open() ? ZOF_VIEW2_ID : ZOF_VIEW4_ID, false);
+        ui_slide_to(port_works() ? ZOF_VIEW2_ID : ZOF_VIEW4_ID, false);
     }
 }
 
@@ -242,6 +244,7 @@ void view1_init(void) {
 }
 
 void view1_entry(void) {
+    ui_entered();
 }
 
 void view1_exit(void) {

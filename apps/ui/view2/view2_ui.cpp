@@ -88,6 +88,7 @@ void view2_entry(void) {
     if (bench_live()) {
         bench_rails_ask();
     }
+    ui_entered();
 }
 
 void view2_exit(void) {

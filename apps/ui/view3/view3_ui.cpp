@@ -67,6 +67,7 @@ void view3_init(void) {
 }
 
 void view3_entry(void) {
+    ui_entered();
 }
 
 void view3_exit(void) {

@@ -20,8 +20,16 @@ static para_t *view4(u32 id) {
 }
 
 // The level never reaches 100: the highest step of the panel is reserved.
-void bright_backlight(u8 pct) {
-    zof_disp_set_bright((u8)(pct * 99 / 100));
+static void backlight(u16 percent) {
+    zof_disp_set_bright((u8)(percent * 99 / 100));
+}
+
+void bright_apply(void) {
+    static u16 applied;
+    if ((bench.settings_known & 1) && !slider.moving && applied != bench.bright) {
+        applied = bench.bright;
+        backlight(applied);
+    }
 }
 
 // The name of the current language.
@@ -122,7 +130,7 @@ static void bright_event(zof_ctrl_t *ctrl, zof_event_e event) {
     } else if (event == ZOF_EVENT_VALUE_CHANGED) {
         slider.moving = true;
         slider.percent = reg_value(REG_BRIGHT, (u16)zof_slider_get_value(ctrl));
-        bright_backlight((u8)slider.percent);
+        backlight(slider.percent);
     } else if ((event == ZOF_EVENT_RELEASED || event == ZOF_EVENT_PRESS_LOST) && slider.moving) {
         slider.moving = false;
         bench_setting(REG_BRIGHT, slider.percent);
@@ -160,6 +168,7 @@ void view4_init(void) {
 void view4_entry(void) {
     const reg_range_t &range = reg_find(REG_BRIGHT)->range;
     zof_slider_set_range(view4(VIEW4_SLIDER0_ID), (s16)range.low, (s16)range.high);
+    ui_entered();
 }
 
 void view4_exit(void) {

@@ -19,6 +19,7 @@ void view5_init(void) {
 }
 
 void view5_entry(void) {
+    ui_entered();
 }
 
 void view5_exit(void) {

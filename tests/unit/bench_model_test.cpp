@@ -1,0 +1,308 @@
+// The model of the panel without its pages: what it sends, and what it takes for known.
+#include "bench/bench.h"
+#include "register_line.h"
+#include <utility>
+
+#include "port/zof_host.h"
+#include "zof_test.h"
+
+#include "board.h"
+#include "frames.h"
+
+using reports = std::vector<std::pair<u16, u16>>;
+static reports sent;
+static u32 clock_ms = 4294960000u; // soon wraps
+
+static s32 line_send(zof_drv_t *, const u8 *data, u32 size) {
+    frame_report_words(bytes(data, data + size), [](u16 addr, u16 value) { sent.emplace_back(addr, value); });
+    return (s32)size;
+}
+
+static reports said() {
+    return std::exchange(sent, {});
+}
+
+static void pass(u32 ms) {
+    for (u32 step; ms > 0; ms -= step) {
+        step = ms < 20 ? ms : 20;
+        clock_ms += step;
+        bench_tick();
+    }
+}
+
+// Readings go on while time passes.
+static void live(u32 ms, u16 mv = 5000, u16 ma = 500) {
+    for (u32 t = 0; t < ms; t += 100) {
+        bench_take(REG_LIVE_MV, mv);
+        bench_take(REG_LIVE_MA, ma);
+        bench_take(REG_LIVE_DW, 25);
+        pass(ms - t < 100 ? ms - t : 100);
+    }
+}
+
+static void rails_send(const std::vector<prof_t> &rails, u16 active = RAIL_NONE) {
+    board box;
+    box.rails = rails;
+    box.rail = active;
+    box.write = [](u16 addr, const std::vector<u16> &words) {
+        bytes f = frame_write(addr, words);
+        recive_data_handle(f.data(), (u32)f.size());
+    };
+    board_send_rails(box);
+}
+
+static void open_port(bench_port_e state = BENCH_PORT_OPEN) {
+    const bench_port_t port = {state, "/dev/ttyUSB0", ""};
+    bench_take_port(&port);
+}
+
+// A box that has been asked and has answered: output off, the first of thirteen rails in force.
+static void start() {
+    static constexpr zof_clock_t clock = {[] { return clock_ms; }, [](u32) {}};
+    static constexpr zof_hw_client_t client = {bench_take, bench_take_word, bench_take_frame, bench_take_skipped,
+                                               bench_tick};
+    zof_clock_set(&clock);
+    register_line_open(line_send);
+    zof_hw_client_set(&client);
+    bench_start();
+    open_port();
+    bench_take(REG_BRIGHT, 80);
+    bench_take(REG_BOOT_STATE, 0);
+    bench_take(REG_AUTO_ARM, 0);
+    bench_take(REG_OUT_STATE, 0);
+    rails_send(board_default_rails(), 0);
+    live(100, 0, 0);
+    said();
+}
+
+static void applied(bench_choice_t choice) {
+    REQUIRE(bench_apply(choice, true));
+    bench_take(REG_RAIL_ACTIVE, choice.rail);
+    said();
+}
+
+TEST_CASE("bench: readings grow late after a second and are not known after two, and then all is asked for again") {
+    start();
+    CHECK(bench_age() == BENCH_LIVE);
+    pass(1000);
+    CHECK((bench_age() == BENCH_LATE && bench_out_known() && bench.mv_known));
+    pass(1000);
+    CHECK((bench_age() == BENCH_DEAD && !bench_out_known() && !bench.mv_known && !bench.set_known &&
+           bench.settings_known == 0));
+    CHECK(said().empty());
+    pass(100000); // across the clock's wrap
+    CHECK(bench_silence_ms() >= 101000);
+    bench_take(REG_LIVE_MV, 5000);
+    CHECK((bench_live() && bench.mv_known && !bench.ma_known && !bench_out_known()));
+    CHECK(said() == reports{{REG_SETTINGS_REQUEST, 1}, {REG_RAIL_REQUEST, 1}});
+    CHECK(bench.rails.state == BENCH_RAILS_NONE); // the old list is not shown until the new one is in
+    bench_take(REG_OUT_STATE, 1);
+    CHECK(bench_is_on());
+    bench_take(REG_BOX_VERSION, 0x0204); // the box has started again
+    CHECK((bench.version == 0x0204 && !bench_live()));
+    CHECK(said() == reports{{REG_SETTINGS_REQUEST, 1}, {REG_RAIL_REQUEST, 1}});
+}
+
+TEST_CASE("bench: off is sent at every press while the output is on or not known, and on never right after it") {
+    start();
+    CHECK((bench_toggle() == BENCH_TOGGLE_OFF && !bench_toggle_down()));
+    CHECK(bench_turn_on(false));
+    CHECK(bench_toggle() == BENCH_TOGGLE_TURNING_ON);
+    CHECK(!bench_turn_on(false));
+    bench_take(REG_OUT_STATE, 1);
+    CHECK(said() == reports{{REG_OUT_REQ, 1}});
+    CHECK((bench_toggle_down() && bench_toggle() == BENCH_TOGGLE_TURNING_OFF));
+    CHECK(bench_toggle_down()); // deaf
+    CHECK(said() == reports{{REG_OUT_REQ, 0}});
+    live(1000);
+    CHECK((bench_toggle() == BENCH_TOGGLE_STILL_ON && bench_toggle_down()));
+    CHECK(said() == reports{{REG_OUT_REQ, 0}});
+    bench_take(REG_OUT_STATE, 0);
+    CHECK(!bench_turn_on(false)); // deaf for 0.6 s
+    live(600, 0, 0);
+    CHECK(bench_turn_on(false));
+    CHECK((bench_toggle_down() && said() == reports{{REG_OUT_REQ, 1}, {REG_OUT_REQ, 0}})); // changed one's mind
+    pass(2500);
+    for (u32 i = 0; i < 3; i++) {
+        CHECK(bench_toggle_down());
+    }
+    CHECK(bench_toggle() == BENCH_TOGGLE_UNKNOWN_SAID);
+    CHECK(said() == reports{{REG_OUT_REQ, 0}, {REG_OUT_REQ, 0}, {REG_OUT_REQ, 0}});
+    bench_take(REG_OUT_STATE, 0);
+    CHECK(bench_toggle() != BENCH_TOGGLE_UNKNOWN_SAID);
+}
+
+TEST_CASE("bench: off that is pressed without a port is the first thing that a port is sent") {
+    start();
+    open_port(BENCH_PORT_GONE);
+    CHECK((bench_age() == BENCH_DEAD && bench_toggle_down() && said().empty()));
+    open_port();
+    CHECK(said() == reports{{REG_OUT_REQ, 0}, {REG_SETTINGS_REQUEST, 1}, {REG_RAIL_REQUEST, 1}});
+    open_port(BENCH_PORT_GONE);
+    open_port();
+    CHECK(said() == reports{{REG_SETTINGS_REQUEST, 1}, {REG_RAIL_REQUEST, 1}}); // once
+}
+
+TEST_CASE("bench: turning on at more than the last time needs a hold, and so does a set voltage that is not known") {
+    start();
+    applied({4, 20000, 5000});
+    CHECK((bench_toggle() == BENCH_TOGGLE_HOLD && !bench_turn_on(false) && said().empty()));
+    CHECK(bench_turn_on(true));
+    bench_take(REG_OUT_STATE, 1);
+    bench_take(REG_OUT_STATE, 0);
+    live(100, 0, 0);
+    CHECK(bench_toggle() == BENCH_TOGGLE_OFF); // 20 V was on before
+    bench_take(REG_RAIL_ACTIVE, 7);            // set by somebody else
+    CHECK((bench_toggle() == BENCH_TOGGLE_HOLD_UNKNOWN && !bench_turn_on(false)));
+    bench.hold_off = true;
+    CHECK(bench_turn_on(false));
+    pass(1100); // late: nothing is turned on
+    bench.turning_on = false;
+    CHECK(!bench_turn_on(true));
+}
+
+TEST_CASE("bench: with the output on, a voltage above the set one is applied only by holding") {
+    start();
+    applied({7, 12000, 1000});
+    bench_take(REG_OUT_STATE, 1);
+    const struct {
+        bench_choice_t choice;
+        bench_apply_e how;
+    } rows[] = {
+        {{7, 12000, 5000}, BENCH_APPLY_CLICK}, {{7, 11980, 1000}, BENCH_APPLY_CLICK},
+        {{7, 12020, 1000}, BENCH_APPLY_HOLD},  {{10, 48000, 5000}, BENCH_APPLY_HOLD},
+        {{0, 5000, 5000}, BENCH_APPLY_CLICK},  {{0, 5000, 1000}, BENCH_APPLY_NO},
+        {{7, 12010, 1000}, BENCH_APPLY_NO},    {{7, 12000, 1020}, BENCH_APPLY_NO},
+        {{7, 21020, 1000}, BENCH_APPLY_NO},    {{11, 9050, 1000}, BENCH_APPLY_NO},
+        {{11, 9100, 3250}, BENCH_APPLY_CLICK}, {{13, 5000, 5000}, BENCH_APPLY_NO},
+    };
+    for (const auto &row : rows) {
+        CAPTURE((int)row.choice.rail);
+        CAPTURE(row.choice.mv);
+        CHECK(bench_apply_how(row.choice) == row.how);
+        if (row.how != BENCH_APPLY_CLICK) {
+            CHECK(!bench_apply(row.choice, false));
+        }
+    }
+    CHECK(said().empty());
+    bench.hold_off = true;
+    CHECK(bench_apply_how({10, 48000, 5000}) == BENCH_APPLY_CLICK);
+    bench.hold_off = false;
+    bench_take(REG_RAIL_ACTIVE, 8); // 28 V in force, as somebody else applied it
+    CHECK((bench.set_known && bench.set.mv == 28000));
+    bench_take(REG_RAIL_ACTIVE, 5); // an adjustable one: then the measured voltage counts
+    bench_take(REG_LIVE_MV, 5000);
+    CHECK((!bench.set_known && bench_apply_how({5, 5020, 1000}) == BENCH_APPLY_HOLD));
+    CHECK(bench_apply_how({5, 5000, 1000}) == BENCH_APPLY_CLICK);
+    pass(1100);
+    CHECK(bench_apply_how({5, 5000, 1000}) == BENCH_APPLY_NO); // late
+}
+
+TEST_CASE("bench: what was applied counts as set when the box names its rail, and the next time it opens there") {
+    start();
+    CHECK((bench_rail_open(7).mv == 3300 && bench_rail_open(7).ma == 1000));
+    REQUIRE(bench_apply({7, 12000, 1500}, false));
+    CHECK(said() == reports{{REG_ADJ_MV, 12000}, {REG_ADJ_MA, 1500}, {REG_RAIL_SELECT, 7}});
+    CHECK((bench.applying && bench.set.rail == 0));
+    CHECK(!bench_apply({7, 12000, 1500}, false)); // one at a time
+    bench_take(REG_RAIL_ACTIVE, 7);
+    CHECK((!bench.applying && bench.set_known && bench.set.mv == 12000));
+    CHECK(bench_rail_open(7).mv == 12000);
+    applied({0, 5000, 5000});
+    CHECK((bench_rail_open(7).mv == 3300 && bench_rail_open(7).ma == 1500));
+    REQUIRE(bench_apply({7, 9000, 1000}, false));
+    live(2000, 0, 0);
+    CHECK((!bench.applying && bench.not_taken && bench.set.mv == 5000));
+    bench_take(REG_AUTO_ARM, 1);
+    CHECK((bench_apply_turns_on() && bench_apply_how({7, 9000, 1000}) == BENCH_APPLY_HOLD));
+    CHECK(bench_apply_how({7, 5000, 1000}) == BENCH_APPLY_CLICK);
+}
+
+TEST_CASE("bench: a table that is not whole or not sane is asked for again, three times a second apart") {
+    start();
+    bench_rails_ask();
+    CHECK(said() == reports{{REG_RAIL_REQUEST, 1}});
+    bench_take(REG_RAIL_COMMIT, 1); // nothing has come with it
+    CHECK((bench.rails.state == BENCH_RAILS_AGAIN && bench.rails.tries == 2));
+    live(980, 0, 0);
+    CHECK(said().empty());
+    live(40, 0, 0);
+    CHECK(said() == reports{{REG_RAIL_REQUEST, 1}});
+    live(1000, 0, 0); // no answer
+    CHECK((said() == reports{{REG_RAIL_REQUEST, 1}} && bench.rails.tries == 3));
+    live(1000, 0, 0);
+    CHECK((bench.rails.state == BENCH_RAILS_FAILED && said().empty()));
+    live(9000, 0, 0);
+    CHECK(said() == reports{{REG_RAIL_REQUEST, 1}});
+    const prof_t wrong[] = {{RAIL_FIX, 58000, 58000, 5000},
+                            {RAIL_PPS, 11000, 3300, 5000},
+                            {9, 5000, 5000, 5000},
+                            {RAIL_FIX, 5000, 5000, 0},
+                            {RAIL_FIX, 5000, 5000, 6001}};
+    for (const prof_t &rail : wrong) {
+        bench_rails_ask();
+        rails_send({{RAIL_FIX, 5000, 5000, 5000}, rail});
+        CHECK((bench.rails.state == BENCH_RAILS_AGAIN && !bench_rail_usable(0)));
+        for (int i = 0; i < 2; i++) {
+            live(1020, 0, 0);
+            rails_send({{RAIL_FIX, 5000, 5000, 5000}, rail});
+        }
+        CHECK((bench.rails.state == BENCH_RAILS_SHOWN && bench_rail_usable(0) && !bench_rail_usable(1)));
+    }
+    const u32 changes = bench.rails.changes;
+    rails_send(board_default_rails());
+    rails_send(board_default_rails());
+    CHECK((bench.rails.changes == changes + 1 && bench_rail_usable(12)));
+}
+
+TEST_CASE("bench: the current limit shows after 0.3 s, does not flicker, and never on a fixed rail") {
+    start();
+    applied({7, 12000, 1000});
+    bench_take(REG_OUT_STATE, 1);
+    live(280, 9400, 1000);
+    CHECK(!bench.limit);
+    live(100, 9400, 1000);
+    CHECK(bench.limit);
+    for (int i = 0; i < 20; i++) { // one reading in two says otherwise
+        live(100, i % 2 ? 11990 : 9400, 1000);
+        CHECK(bench.limit);
+    }
+    live(400, 11990, 900);
+    CHECK(!bench.limit);
+    applied({2, 12000, 5000});
+    live(1000, 9000, 5000);
+    CHECK(!bench.limit);
+}
+
+TEST_CASE("bench: readings for the eye are a mean of 0.3 s, and a step shows at once") {
+    start();
+    u16 mv, ma, dw;
+    live(500, 12004, 1000);
+    live(100, 12014, 1000);
+    bench_eye(&mv, &ma, &dw);
+    CHECK((mv > 12004 && mv < 12014));
+    live(100, 5000, 1000);
+    bench_eye(&mv, &ma, &dw);
+    CHECK(mv == 5000);
+}
+
+TEST_CASE("bench: a reset of the session can be taken back, also if the box never got it") {
+    start();
+    u64 mwh;
+    for (const bool taken : {true, false}) {
+        bench.base_mwh = 0;
+        bench_take(REG_SESS_MWH_LO, 5000);
+        bench_take(REG_SESS_MWH_HI, 0);
+        CHECK(bench_session_reset());
+        bench_take(REG_SESS_MWH_LO, taken ? 3 : 5003);
+        live(1000, 0, 0);
+        CHECK(bench_session_undo());
+        CHECK((bench_energy(&mwh) && mwh == 5003));
+    }
+    CHECK(said() == reports{{REG_SESS_RESET, 1}, {REG_SESS_RESET, 1}});
+    bench_session_reset();
+    live(5000, 0, 0);
+    CHECK(!bench_session_undo());
+    pass(2100);
+    CHECK(!bench_session_reset());
+}
