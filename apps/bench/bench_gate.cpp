@@ -201,10 +201,10 @@ void bench_gate_rail(u8 rail) {
 // A fixed rail in force says by itself what is set; the values of an adjustable one only the panel knows.
 void bench_gate_rails(void) {
     const u8 rail = bench.rail;
-    if (bench.set_known && bench.set.rail != rail) {
+    if (bench.dead || bench.set.rail != rail) {
         bench.set_known = false;
     }
-    if (bench.rails.state != BENCH_RAILS_SHOWN || !bench.rail_known || bench.applying) {
+    if (bench.dead || bench.rails.state != BENCH_RAILS_SHOWN || !bench.rail_known || bench.applying) {
         return;
     }
     if (rail >= bench.rails.count || !bench.rails.valid[rail]) {

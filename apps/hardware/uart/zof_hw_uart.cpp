@@ -146,6 +146,18 @@ static u8 words_in(u8 len) {
     return len > ADDR_BYTES ? (u8)((len - ADDR_BYTES) / 2) : 0;
 }
 
+// Whether a range has a request, which only the panel writes. An answer with one would be the request itself: one byte
+// that is garbled on the line can make a read of a reading, and must not turn the output on.
+static bool has_request(u16 addr, u8 count) {
+    for (u32 k = 0; k < count; k++) {
+        const reg_row_t *row = reg_find(addr + k);
+        if (row && row->writer == REG_BY_PANEL) {
+            return true;
+        }
+    }
+    return false;
+}
+
 s32 zof_comm_handle(u8 *data) {
     if (!data) {
         return -1;
@@ -157,7 +169,7 @@ s32 zof_comm_handle(u8 *data) {
     if (data[3] == REG_CMD_WRITE) {
         return zof_reg_s_set(addr, data + 6, words_in(data[2]));
     }
-    if (data[3] == REG_CMD_READ && data[2] > ADDR_BYTES) {
+    if (data[3] == REG_CMD_READ && data[2] > ADDR_BYTES && !has_request(addr, data[6])) {
         zof_reg_com_send(addr, data[6]);
     }
     return 0;
