@@ -1,4 +1,6 @@
 // The bench panel's entry into the runtime: its five views and its main function.
+#include <stdio.h>
+
 #include "zof.h"
 
 #include "hardware/uart/zof_hw_uart.h"
@@ -11,19 +13,38 @@ const zof_view_fun_t zof_views_fun[ZOF_VIEW_COUNT] = {
     {ZOF_VIEW5_ID, view5_init, view5_entry, view5_exit},
 };
 
-static constexpr zof_hw_client_t client = {bench_take, bench_take_word, bench_take_frame, bench_take_skipped, ui_paint};
+// What the system knows of the port, as the model takes it.
+static void port_changed(const zof_uart_info_t *info) {
+    static constexpr bench_port_e states[] = {
+        [UART_STATE_NOT_SOUGHT] = BENCH_PORT_LOOKING, [UART_STATE_OPEN] = BENCH_PORT_OPEN,
+        [UART_STATE_MISSING] = BENCH_PORT_MISSING,    [UART_STATE_NO_RIGHT] = BENCH_PORT_RIGHT,
+        [UART_STATE_HELD] = BENCH_PORT_HELD,          [UART_STATE_GONE] = BENCH_PORT_GONE,
+        [UART_STATE_ERROR] = BENCH_PORT_FAULT,
+    };
+    bench_port_t port = {.state = info->path[0] ? states[info->state] : BENCH_PORT_UNSET, .opened = info->opened};
+    snprintf(port.path, sizeof(port.path), "%.*s", (int)sizeof(port.path) - 1, info->path);
+    if (info->state == UART_STATE_HELD && info->holder[0]) {
+        snprintf(port.who, sizeof(port.who), "%s (%u)", info->holder, info->holder_id);
+    } else if (info->state == UART_STATE_NO_RIGHT || info->state == UART_STATE_ERROR) {
+        zof_text_join(port.who, sizeof(port.who), info->state == UART_STATE_ERROR ? info->error : info->group, nullptr,
+                      nullptr);
+    }
+    bench_take_port(&port);
+    ui_paint();
+}
+
+static constexpr zof_hw_client_t client = {bench_take, bench_take_word, ui_paint};
 
 void panel_start(void) {
     bench_start();
     zof_prj_create(zof_views_fun, ZOF_VIEW_COUNT);
     zof_hw_client_set(&client);
+    zof_link_on_change(port_changed);
     ui_start();
 }
 
 void zof_main(void) {
     panel_start();
     zof_hw_init();
-    const bench_port_t port = {drv_uart ? BENCH_PORT_OPEN : BENCH_PORT_MISSING, "", ""};
-    bench_take_port(&port);
     zof_func_schedule(); // new data from a card or a USB disk, in the first minute
 }

@@ -46,8 +46,9 @@ enum bench_port_e {
 };
 struct bench_port_t {
     bench_port_e state;
+    u32 opened;    // how often it has been opened
     char path[64]; // empty without one
-    char who[64];  // empty if not known
+    char who[96];  // empty if not known
 };
 
 // The list of rails.
@@ -152,10 +153,7 @@ void bench_tick(void);
 void bench_take(u16 addr, u16 value);
 // A word of the rail table was stored in the image.
 void bench_take_word(u16 addr);
-// Whole frames and bytes outside of frames, as the link counts them.
-void bench_take_frame(void);
-void bench_take_skipped(u32 bytes);
-// The port's state changed. On BENCH_PORT_OPEN, off is sent first if it was wanted, and all is asked for.
+// The port's state changed. Each time it has been opened, off is sent first if it was wanted, and all is asked for.
 void bench_take_port(const bench_port_t *port);
 
 // what is known ---------------------------------------------------------------------------------------------------

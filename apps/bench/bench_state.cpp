@@ -52,7 +52,7 @@ static void eye_take(eye_t &eye, u16 value) {
 }
 
 void bench_start(void) {
-    bench = {.port = {BENCH_PORT_LOOKING, "", ""}, .dead = true, .rail = RAIL_NONE};
+    bench = {.port = {.state = BENCH_PORT_LOOKING}, .dead = true, .rail = RAIL_NONE};
     memset(eyes, 0, sizeof(eyes));
     now_set();
 }
@@ -261,19 +261,13 @@ void bench_take(u16 addr, u16 value) {
     }
 }
 
-void bench_take_frame(void) {
-    now_set();
-    bench.frame_at = bench.now;
-    bench.frames++;
-}
-
-void bench_take_skipped(u32 bytes) {
-    bench.skipped += bytes;
-}
-
 void bench_take_port(const bench_port_t *port) {
     now_set();
-    const bool opened = port->state == BENCH_PORT_OPEN && bench.port.state != BENCH_PORT_OPEN;
+    const bool opened =
+        port->state == BENCH_PORT_OPEN && (bench.port.state != BENCH_PORT_OPEN || bench.port.opened != port->opened);
+    if (!bench.dead && (opened || port->state != BENCH_PORT_OPEN)) {
+        lost();
+    }
     if (port->state != bench.port.state) {
         bench.port_at = bench.now;
     }
@@ -283,8 +277,6 @@ void bench_take_port(const bench_port_t *port) {
             bench_off();
         }
         ask_all();
-    } else if (port->state != BENCH_PORT_OPEN && !bench.dead) {
-        lost();
     }
 }
 

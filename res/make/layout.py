@@ -43,8 +43,8 @@ WORDS = {
     "no_port_set": ("No port is set for the box", "Für das Netzteil ist kein Anschluss gewählt"),
     # The update screen, in the built-in font, which has no umlauts: %1 copied files, %2 that failed
     "update_running": ("Updating. Please do not switch off.", "Daten werden aktualisiert. Bitte nicht ausschalten."),
-    "update_done": ("Update finished: %1 files copied, %2 failed. Please switch off and on again.",
-                    "Update beendet: %1 Dateien kopiert, %2 Fehler. Bitte aus- und wieder einschalten."),
+    "update_done": ("Update finished. Files copied: %1, failed: %2. Please switch off and on again.",
+                    "Update beendet. Kopierte Dateien: %1, Fehler: %2. Bitte aus- und wieder einschalten."),
     "locked": ("Locked: hold “Output” for 1 s", "Gesperrt: „Ausgang“ 1 s halten"),
 }
 

@@ -52,15 +52,14 @@ static void rails_send(const std::vector<prof_t> &rails, u16 active = RAIL_NONE)
 }
 
 static void open_port(bench_port_e state = BENCH_PORT_OPEN) {
-    const bench_port_t port = {state, "/dev/ttyUSB0", ""};
+    const bench_port_t port = {.state = state, .path = "/dev/ttyUSB0"};
     bench_take_port(&port);
 }
 
 // A box that has been asked and has answered: output off, the first of thirteen rails in force.
 static void start() {
     static constexpr zof_clock_t clock = {[] { return clock_ms; }, [](u32) {}};
-    static constexpr zof_hw_client_t client = {bench_take, bench_take_word, bench_take_frame, bench_take_skipped,
-                                               bench_tick};
+    static constexpr zof_hw_client_t client = {bench_take, bench_take_word, bench_tick};
     zof_clock_set(&clock);
     register_line_open(line_send);
     zof_hw_client_set(&client);

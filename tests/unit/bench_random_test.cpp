@@ -106,7 +106,7 @@ static void pass(u32 ms) {
 
 static void port_set(bool on) {
     run.port = on;
-    const bench_port_t port = {on ? BENCH_PORT_OPEN : BENCH_PORT_GONE, "/dev/ttyUSB0", ""};
+    const bench_port_t port = {.state = on ? BENCH_PORT_OPEN : BENCH_PORT_GONE, .path = "/dev/ttyUSB0"};
     bench_take_port(&port);
 }
 
@@ -174,8 +174,7 @@ static void step() {
 
 TEST_CASE("bench: ten thousand random sessions on a bad line never send what was not meant, shown and safe") {
     static constexpr zof_clock_t clock = {[] { return clock_ms; }, [](u32) {}};
-    static constexpr zof_hw_client_t client = {bench_take, bench_take_word, bench_take_frame, bench_take_skipped,
-                                               bench_tick};
+    static constexpr zof_hw_client_t client = {bench_take, bench_take_word, bench_tick};
     zof_clock_set(&clock);
     register_line_open(line_send);
     zof_hw_client_set(&client);

@@ -26,15 +26,6 @@ void zof_reg_take_word(u16 addr) {
     }
 }
 
-void zof_reg_take_frames(u32 frames, u32 skipped) {
-    for (; client->frame && frames > 0; frames--) {
-        client->frame();
-    }
-    if (client->skipped && skipped > 0) {
-        client->skipped(skipped);
-    }
-}
-
 void zof_reg_delivery_begin(void) {
     delivery = {.running = true, .commit = false};
 }

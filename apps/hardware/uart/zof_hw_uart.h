@@ -14,8 +14,6 @@ extern zof_drv_t *drv_uart; // the open port, or null
 typedef struct {
     void (*write)(u16 addr, u16 value); // a register, in the range of its row
     void (*word)(u16 addr);             // a word was stored in the image, before `write` of its frame
-    void (*frame)(void);                // a whole frame
-    void (*skipped)(u32 bytes);         // that belong to no frame
     void (*delivered)(void);            // all that the line delivered at once has been taken
 } zof_hw_client_t;
 // Sets the client; it must stay valid. Before zof_hw_init.
@@ -56,9 +54,8 @@ void recive_data_handle(u8 *databuf, u32 datalen);
 s32 zof_comm_handle(u8 *data);
 // Passes a register that the board wrote to the client: `data[0]`, in the range of its row. Others are ignored.
 void zof_reg_set_user(u16 addr, u16 *data, u8 datalen);
-// A word was stored; frames and bytes were counted.
+// A word was stored.
 void zof_reg_take_word(u16 addr);
-void zof_reg_take_frames(u32 frames, u32 skipped);
 // Enclose the data delivered at once by the line: between the two, commits of the rails are deferred.
 void zof_reg_delivery_begin(void);
 void zof_reg_delivery_end(void);

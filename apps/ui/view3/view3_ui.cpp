@@ -2,6 +2,7 @@
 #include <stdio.h>
 
 #include "bench_ids.h"
+#include "hardware/uart/zof_hw_uart.h"
 #include "ui/ui.h"
 
 static para_t *view3(u32 id) {
@@ -22,8 +23,8 @@ static u32 rate() {
     static u64 at;
     static u32 before, per_second;
     if (bench.now - at >= 1000) {
-        per_second = (u32)((bench.frames - before) * 1000ull / (bench.now - at));
-        before = bench.frames;
+        per_second = (u32)((g_link.frames - before) * 1000ull / (bench.now - at));
+        before = g_link.frames;
         at = bench.now;
     }
     return per_second;
@@ -32,10 +33,10 @@ static u32 rate() {
 static void link_paint() {
     char age[PAINT_NUMBER_SIZE], frames[PAINT_NUMBER_SIZE], skipped[PAINT_NUMBER_SIZE];
     snprintf(frames, sizeof(frames), "%u", rate());
-    snprintf(skipped, sizeof(skipped), "%u", bench.skipped);
+    snprintf(skipped, sizeof(skipped), "%u", g_link.skipped);
     paint_text(view3(VIEW3_PORT_ID), bench.port.path[0] ? bench.port.path : "-");
     if (bench_live()) {
-        paint_words(view3(VIEW3_LINK_ID), TEXT_LINK_GOOD, "", fine_age(age, bench.now - bench.frame_at));
+        paint_words(view3(VIEW3_LINK_ID), TEXT_LINK_GOOD, "", fine_age(age, zof_sys_time_ms() - g_link.last_ms));
     } else {
         paint_words(view3(VIEW3_LINK_ID), bench.port.state == BENCH_PORT_OPEN ? TEXT_LINK_SILENT : TEXT_LINK_NONE);
     }

@@ -4,6 +4,8 @@
 #include <string.h>
 
 #include "bench_ids.h"
+#include "hardware/uart/zof_hw_port.h"
+#include "hardware/uart/zof_hw_uart.h"
 #include "ui/ui.h"
 
 enum { OPTION_CLICK_AREA = 8 };
@@ -14,6 +16,10 @@ static struct {
     bool moving;
     u16 percent;
 } slider;
+
+// The last touch on Change found no other port; said for BENCH_NOTE_MS.
+static bool port_alone;
+static u64 port_said_at;
 
 static para_t *view4(u32 id) {
     return zof_ctrl_get_form_id(ZOF_VIEW4_ID, id);
@@ -76,12 +82,14 @@ static void port_paint() {
         [BENCH_PORT_FAULT] = {TEXT_PORT_ERROR, TEXT_PORT_ERROR},
     };
     char age[PAINT_NUMBER_SIZE];
-    const u64 since = bench.now - bench.frame_at;
-    snprintf(age, sizeof(age), "%u.%u s", (unsigned)(since / 1000), (unsigned)(since % 1000 / 100));
+    const u32 since = zof_sys_time_ms() - g_link.last_ms;
+    snprintf(age, sizeof(age), "%u.%u s", since / 1000, since % 1000 / 100);
     para_t *state = view4(VIEW4_PORT_STATE_ID);
     paint_look(state, bench_live() ? 0 : LOOK_DEAD);
     paint_text(view4(VIEW4_PORT_ID), port.path[0] ? port.path : "-");
-    if (bench_live()) {
+    if (port_alone && bench.now - port_said_at < BENCH_NOTE_MS) {
+        paint_words(state, TEXT_PORT_NO_OTHER);
+    } else if (bench_live()) {
         paint_words(state, TEXT_PORT_GOOD, "115 200", age);
     } else {
         paint_words(state, port.who[0] ? rows[port.state].with_who : rows[port.state].plain, port.path, age, port.who);
@@ -99,7 +107,7 @@ void view4_paint(void) {
     option_paint(VIEW4_ENGLISH_GROUND_ID, VIEW4_ENGLISH_ID, !german);
     option_paint(VIEW4_GERMAN_GROUND_ID, VIEW4_GERMAN_ID, german);
     static u64 second = UINT64_MAX;
-    if (second != bench.now / 1000 || !bench_live()) { // digits that change faster cannot be read
+    if (second != bench.now / 1000 || !bench_live() || port_alone) { // digits that change faster cannot be read
         second = bench.now / 1000;
         port_paint();
     }
@@ -138,6 +146,12 @@ static void bright_event(zof_ctrl_t *ctrl, zof_event_e event) {
     ui_paint();
 }
 
+// Moves to the next port that the system has; page and strip say what comes of it.
+static void port_do() {
+    port_alone = zof_box_port_next() != 0;
+    port_said_at = bench.now;
+}
+
 static void english_do() {
     zof_lang_set("en");
 }
@@ -153,6 +167,7 @@ static constexpr auto view_ctrls_fun_t = view_rows<158>({
     {VIEW4_HOLD_ID, hold_event_do},
     {VIEW4_ENGLISH_ID, click_event<english_do>},
     {VIEW4_GERMAN_ID, click_event<german_do>},
+    {VIEW4_PORT_CHANGE_ID, click_event<port_do>},
     {VIEW4_SLIDER0_ID, bright_event},
     {VIEW4_STRIP_TURN_OFF_ID, strip_off_event},
     {VIEW4_TAB_OUTPUT_ID, output_tab_event},
