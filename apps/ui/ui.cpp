@@ -1,6 +1,8 @@
 #include "ui/ui.h"
 
 #include "bench_ids.h"
+#include "ui/keep.h"
+#include "ui/keys.h"
 
 enum { PAINT_PERIOD_MS = 100, LOCK_MS = 1000 };
 
@@ -36,6 +38,8 @@ void ui_paint() {
 }
 
 void ui_start() {
+    keep_load();
+    keys_start();
     lv_timer_create([](lv_timer_t *) { ui_paint(); }, PAINT_PERIOD_MS, nullptr);
     zof_lang_on_change(ui_paint);
     ui_paint();
@@ -83,6 +87,7 @@ void output_tab_event(zof_ctrl_t *, zof_event_e event) {
         if (bench.now - down_at >= LOCK_MS) {
             held = true;
             bench_lock(!bench.locked);
+            keep_save();
             ui_paint();
         }
     } else if (event == ZOF_EVENT_CLICKED && counts && !held && zof_view_get_cur_id(ZOF_LAYER_UI) != ZOF_VIEW1_ID) {

@@ -37,6 +37,9 @@ bool ui_takes(zof_event_e event);
 // The tab of the Output page, which held for a second locks the panel, and unlocks it.
 void output_tab_event(zof_ctrl_t *, zof_event_e event);
 
+// The key of the toggle was pressed (ZOF_EVENT_PRESSED) or let go (ZOF_EVENT_CLICKED).
+void toggle_key(zof_event_e event);
+
 // Shows a page at once, as a tab does, or sliding: `back` to the right.
 void ui_tab_to(u32 view);
 void ui_slide_to(u32 view, bool back);

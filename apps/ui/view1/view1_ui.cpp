@@ -188,6 +188,18 @@ static void toggle_event(zof_ctrl_t *ctrl, zof_event_e event) {
     ui_paint();
 }
 
+// Space does what a finger on the toggle does, but turns on only where the toggle can be seen.
+void toggle_key(zof_event_e event) {
+    if (zof_view_get_cur_id(ZOF_LAYER_UI) == ZOF_VIEW1_ID) {
+        if (event == ZOF_EVENT_CLICKED) {
+            hold_event(ZOF_EVENT_RELEASED);
+        }
+        toggle_event(view1(VIEW1_LABEL7_ID), event);
+    } else if (event == ZOF_EVENT_PRESSED) {
+        bench_toggle_down();
+    }
+}
+
 // Other controls --------------------------------------------------------------------------------------------------
 static void to_rails_event(zof_ctrl_t *, zof_event_e event) {
     if (ui_takes(event) && event == ZOF_EVENT_CLICKED) {

@@ -6,6 +6,7 @@
 #include "bench_ids.h"
 #include "hardware/uart/zof_hw_port.h"
 #include "hardware/uart/zof_hw_uart.h"
+#include "ui/keep.h"
 #include "ui/ui.h"
 
 enum { OPTION_CLICK_AREA = 8 };
@@ -128,6 +129,7 @@ static void auto_event(zof_ctrl_t *ctrl, zof_event_e event) {
 static void hold_event_do(zof_ctrl_t *ctrl, zof_event_e event) {
     if (ui_takes(event) && event == ZOF_EVENT_VALUE_CHANGED) {
         bench.hold_off = zof_sw_get_state(ctrl) == 0;
+        keep_save();
     }
     ui_paint();
 }
@@ -154,10 +156,12 @@ static void port_do() {
 
 static void english_do() {
     zof_lang_set("en");
+    keep_save();
 }
 
 static void german_do() {
     zof_lang_set("de");
+    keep_save();
 }
 
 static constexpr auto view_ctrls_fun_t = view_rows<158>({

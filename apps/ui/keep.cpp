@@ -1,0 +1,123 @@
+#include "ui/keep.h"
+
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include <string>
+
+#include "bench/bench.h"
+#include "zof.h"
+
+enum { FILE_MOST = 64 * 1024 };
+
+static std::string folder, kept; // the folder, empty without one; what the file has
+
+static bool flag_take(bool *flag, const char *text) {
+    *flag = strcmp(text, "yes") == 0;
+    return *flag || strcmp(text, "no") == 0;
+}
+
+static std::string language() {
+    const zof_prj_t *project = zof_prj_get_cur();
+    return project && project->lang_name ? project->lang_name : "";
+}
+
+// One row per setting: its name in the file, how it is written and how it is taken.
+static constexpr struct {
+    const char *name;
+    std::string (*write)();
+    bool (*take)(const char *text);
+} rows[] = {
+    {"language", language, [](const char *text) { return language() == text || zof_lang_set(text) == 0; }},
+    {"hold_to_raise", [] { return std::string(bench.hold_off ? "no" : "yes"); },
+     [](const char *text) {
+         bool hold = true;
+         const bool good = flag_take(&hold, text);
+         bench.hold_off = good && !hold;
+         return good;
+     }},
+    {"average_readings", [] { return std::string(bench.averaged_off ? "no" : "yes"); },
+     [](const char *text) {
+         bool average = true;
+         const bool good = flag_take(&average, text);
+         bench.averaged_off = good && !average;
+         return good;
+     }},
+    {"locked", [] { return std::string(bench.locked ? "yes" : "no"); },
+     [](const char *text) { return flag_take(&bench.locked, text); }},
+};
+
+static std::string text_now() {
+    std::string out;
+    for (const auto &row : rows) {
+        out += std::string(row.name) + " = " + row.write() + "\n";
+    }
+    return out;
+}
+
+static bool line_take(const std::string &line) {
+    const size_t sign = line.find(" = ");
+    for (const auto &row : rows) {
+        if (sign != std::string::npos && line.compare(0, sign, row.name) == 0) {
+            return row.take(line.c_str() + sign + 3);
+        }
+    }
+    return line.empty();
+}
+
+static void folder_find() {
+    const char *state = getenv("XDG_STATE_HOME");
+    const char *home = getenv("HOME");
+    if (state && state[0] == '/') {
+        folder = std::string(state) + "/zof_bench";
+    } else if (home && home[0] == '/') {
+        folder = std::string(home) + "/.local/state/zof_bench";
+    }
+}
+
+static std::string file_name() {
+    return folder + "/settings";
+}
+
+void keep_load() {
+    folder_find();
+    u32 size = 0;
+    const char *why = nullptr;
+    u8 *data = folder.empty() ? nullptr : zof_file_read_all(file_name().c_str(), FILE_MOST, &size, &why);
+    const std::string text = data ? std::string((const char *)data, size) : "";
+    zof_free(data);
+    u32 number = 1;
+    for (size_t at = 0; at < text.size(); number++) {
+        const size_t end = text.find('\n', at);
+        const std::string line = text.substr(at, end == std::string::npos ? end : end - at);
+        if (!line_take(line)) {
+            zof_printf("%s:%u: not a setting", file_name().c_str(), number);
+        }
+        at = end == std::string::npos ? text.size() : end + 1;
+    }
+    kept = text_now();
+}
+
+static void folders_make() {
+    for (size_t at = folder.find('/', 1); at != std::string::npos; at = folder.find('/', at + 1)) {
+        zof_mkdir(folder.substr(0, at).c_str());
+    }
+    zof_mkdir(folder.c_str());
+}
+
+void keep_save() {
+    const std::string now = text_now();
+    if (folder.empty() || now == kept) {
+        return;
+    }
+    folders_make();
+    kept = now;
+    if (zof_file_write(file_name().c_str(), now.data(), now.size()) != 0) {
+        static bool said;
+        if (!said) {
+            zof_printf("%s: the settings cannot be kept: %s", file_name().c_str(), zof_file_error());
+        }
+        said = true;
+    }
+}

@@ -1,0 +1,8 @@
+// The keys of the panel: 1 to 5 show pages, Space turns on and off, Esc and F12 turn off, L locks.
+#ifndef KEYS_H
+#define KEYS_H
+
+// Takes the window's keys. Once, after the project is created.
+void keys_start();
+
+#endif
