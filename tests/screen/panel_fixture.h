@@ -20,8 +20,11 @@ inline s32 panel_send(zof_drv_t *, const u8 *data, u32 size) {
     return (s32)size;
 }
 
-// Starts the panel as its program does, but on the test's clock and with its own line.
-inline void panel_open() {
+// Starts the panel as its program does, but on the test's clock, with its own line, and with no settings kept from
+// before: `state` is the folder for them, which a test may open a second time.
+inline void panel_open(const char *state = "") {
+    setenv("XDG_STATE_HOME", state, 1);
+    setenv("HOME", "", 1);
     REQUIRE(chdir(ZOF_PANEL_DIR) == 0);
     screen_init();
     zof_drv_init();

@@ -1,6 +1,8 @@
 #include <utility>
 
 #include "panel_fixture.h"
+#include "temp_project.h"
+#include "ui/keep.h"
 
 // What the panel has reported since the last call, without what it asks for by itself.
 static reports sent() {
@@ -91,7 +93,7 @@ TEST_CASE("panel: the output's page shows what the board reports, in every state
     CHECK(!bench.remote[0]);
 }
 
-TEST_CASE("panel: old readings fade, become dashes, and come back at once; the toggle waits for the state") {
+TEST_CASE("panel: old readings fade, become dashes, and come back at once, but the toggle waits for the state") {
     open_running();
     screen_step(1100);
     CHECK(screen_is_golden("output_late"));
@@ -268,4 +270,76 @@ TEST_CASE("panel: no English word is left on a running panel in German") {
     CHECK(zof_lang_set("no such language") == -1); // then the code writes its default words
     screen_step(100);
     CHECK(text_of(1, VIEW1_LABEL7_ID) == "Hold for\n48.00 V");
+}
+
+TEST_CASE("panel: its own settings are kept over a restart, and a damaged file does no harm") {
+    temp_project_t state;
+    const std::string file = state.folder + "zof_bench/settings";
+    panel_open(state.folder.c_str());
+    go_to(4);
+    screen_step(400);
+    screen_click(728, 252); // the hold
+    screen_click(685, 314); // Deutsch
+    CHECK(file_text(file) == "language = de\nhold_to_raise = no\naverage_readings = yes\nlocked = no\n");
+    bench.hold_off = false;
+    CHECK(zof_lang_set("en") == 0);
+    keep_load();
+    CHECK((bench.hold_off && text_of(4, 28) == "Sprache"));
+    state.write("zof_bench/settings", "hold_to_raise = maybe\n\nlocked\n\xff = yes");
+    const std::string log = printed([] { keep_load(); });
+    for (const char *line : {"settings:1: not a setting", "settings:3: not a setting", "settings:4: not a setting"}) {
+        CHECK(contains(log, line));
+    }
+    CHECK(!bench.hold_off);
+}
+
+static void key(u32 code, bool down = true) {
+    zof_drv_win_key_set_value(down, code);
+    screen_step(20);
+}
+
+TEST_CASE("panel: keys show pages, turn on and off, and lock") {
+    open_running();
+    key(27);
+    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
+    board_write(REG_OUT_STATE, {0});
+    live(700);
+    key(' ');
+    CHECK(sent().empty());
+    key(' ', false);
+    CHECK(sent() == reports{{REG_OUT_REQ, 1}}); // when it is let go
+    running();
+    key(' ');
+    key(' '); // repeats
+    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
+    key(' ', false);
+    board_write(REG_OUT_STATE, {0});
+    board_applied({10, 48000, 5000});
+    live(700);
+    key(' ');
+    live(700);
+    key(' ', false);
+    CHECK(sent().empty()); // let go before the hold was full
+    key(' ');
+    live(900);
+    CHECK(sent() == reports{{REG_OUT_REQ, 1}});
+    key(' ', false);
+    for (const auto &[code, view] : {std::pair<u32, u32>{'2', 2}, {'3', 5}, {'4', 4}, {'5', 3}, {'1', 1}, {'2', 2}}) {
+        live(400);
+        key(code);
+        key(code, false);
+        CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == view);
+    }
+    live(700);
+    key(' ');
+    key(' ', false);
+    CHECK(sent().empty()); // on only where the toggle can be seen
+    key('l');
+    key('l', false);
+    key('1');
+    key('1', false);
+    CHECK((bench.locked && zof_view_get_cur_id(ZOF_LAYER_UI) == 2));
+    running();
+    key(0x40000045);
+    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
 }

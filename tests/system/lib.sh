@@ -3,6 +3,7 @@
 set -eu
 export ZOF_STATE= # nothing of the person who runs the tests
 work=$(mktemp -d)
+export XDG_STATE_HOME="$work/state-home" # nothing is kept from other runs
 pids=""
 finish() {
     status=$?
