@@ -49,7 +49,7 @@ class Run:
 
     def read_all(self, panel: Panel) -> None:
         asked = [(rows.VIEW_SIZE, (800, 480), {}), (rows.SYSTEM_TOUCH_CONFIG, 0x30, {}),
-                 (rows.CONTROL_WIDTH, 252, {"view": 1, "control": 7}), (rows.SYSTEM_VERSION, "1.0.0", {"selector": 0})]
+                 (rows.CONTROL_WIDTH, 252, {"view": 1, "control": 7}), (rows.SYSTEM_VERSION, "1.1.0", {"selector": 0})]
         for i in range(self.count):
             row, want, at = asked[i % len(asked)]
             self.timed("read", panel.read, row, want=want, **at)
