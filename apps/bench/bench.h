@@ -7,6 +7,7 @@
 #define BENCH_H
 
 #include "bench/bench_grid.h"
+#include "bench/bench_preset.h"
 #include "hardware/uart/zof_hw_map.h"
 #include "zof_lib/zof_type.h"
 
@@ -24,12 +25,16 @@ enum {
     BENCH_EYE_MS = 300,       // readings are averaged for the eye
     BENCH_UNDO_MS = 5000,
     BENCH_NOTE_MS = 2000,   // for a line that says why a touch did nothing
+    BENCH_NEWS_MS = 4000,   // for a line that says what happened without a touch
     BENCH_TRY_MS = 1000,    // for an answer of the box, and between tries
     BENCH_PAUSE_MS = 10000, // between tries after the third
 };
 enum { BENCH_TRIES = 3 };
 // The first time since the start, the output turns on at one touch up to this voltage.
 enum { BENCH_FIRST_ON_MV = 5500 };
+
+// Settings of the box that are known.
+enum { BENCH_SETTING_BRIGHT = 1, BENCH_SETTING_BOOT = 2, BENCH_SETTING_AUTO_ON = 4 };
 
 enum bench_age_e { BENCH_LIVE, BENCH_LATE, BENCH_DEAD };
 
@@ -72,12 +77,6 @@ struct bench_rails_t {
     bool counted;
 };
 
-// What a rail is applied with. For a fixed rail `mv` is its voltage and `ma` its current.
-struct bench_choice_t {
-    u8 rail;
-    u16 mv, ma;
-};
-
 struct bench_t {
     u64 now;
     u32 clock; // zof_sys_time_ms at `now`
@@ -109,6 +108,7 @@ struct bench_t {
 
     // Requests on their way
     bool applying, not_taken;
+    bool in_doubt; // the box has not confirmed `apply`, but may have taken it
     bench_choice_t apply;
     u64 apply_at, not_taken_at;
     bool off_wanted; // off was pressed while no port was open
@@ -139,6 +139,7 @@ struct bench_t {
     u64 locked_at;
     bool averaged_off; // readings are shown as they come
     char remote[48];   // who holds the panel, empty: nobody
+    bench_preset_t preset[BENCH_PRESETS];
 };
 extern bench_t bench;
 
@@ -176,7 +177,8 @@ bool bench_energy(u64 *mwh);
 // Asks for the list; the state changes when the answer is in.
 void bench_rails_ask(void);
 bool bench_rail_usable(u8 rail); // in a list that is shown, and valid
-// What a rail opens with: in force, its set values; else its lowest voltage and the current last used on it, or 1 A.
+// What a rail opens with: in force, its set values; else its lowest voltage and the current last used on it, or 1 A. Of
+// a fixed rail, its voltage and its most current. The rail must be usable.
 bench_choice_t bench_rail_open(u8 rail);
 
 // the gate --------------------------------------------------------------------------------------------------------
@@ -201,12 +203,16 @@ void bench_off(void);
 bool bench_turn_on(bool held);
 
 enum bench_apply_e { BENCH_APPLY_NO, BENCH_APPLY_CLICK, BENCH_APPLY_HOLD };
-// Whether a rail may be applied now, and how.
+// Whether a choice may be applied now, and how: by a click, or held because the output is on, or may come on, at a
+// higher voltage than before. NO while dead or applying, and for values that are not on the grid of the rail.
 bench_apply_e bench_apply_how(bench_choice_t choice);
 // Whether applying turns the output on.
 bool bench_apply_turns_on(void);
-// Applies it. Returns whether it was sent: `held` must be true for BENCH_APPLY_HOLD.
+// Applies it. Returns whether it was sent: `held` must be true for BENCH_APPLY_HOLD, and readings must not be late for
+// what is held.
 bool bench_apply(bench_choice_t choice, bool held);
+// Whether the box has confirmed these values.
+bool bench_applied(bench_choice_t choice);
 
 bool bench_session_reset(void); // false while dead
 bool bench_session_undo(void);  // false after BENCH_UNDO_MS
@@ -225,6 +231,8 @@ void bench_rails_tick(void);
 void bench_rails_commit(void);
 void bench_rails_lost(void);
 void bench_rails_back(void); // the box is back: the old list is not shown until the new one is in
-void bench_gate_rails(void); // another list came
+void bench_gate_rails(void); // a list came, which may be the same
+// Another list comes: `rails` in place of those of bench.rails.
+void bench_gate_list(const prof_t *rails, u8 count);
 
 #endif

@@ -1,12 +1,15 @@
 // The gate: nothing is sent to the box but through bench_gate_send, and whatever can hurt a device is decided here.
 #include <string.h>
 
+#include <algorithm>
+
 #include "bench/bench.h"
 #include "hardware/uart/zof_hw_uart.h"
 #include "zof.h"
 
 // The current last used on each adjustable rail, by its numbers, so that a list in another order keeps it.
 static struct {
+    bool known;
     prof_t rail;
     u16 ma;
 } used[RAIL_MAX];
@@ -20,9 +23,11 @@ static bool rail_is(const prof_t &a, const prof_t &b) {
     return memcmp(&a, &b, sizeof(a)) == 0;
 }
 
-// The voltage that counts as the present one: the set one, or the measured one if that is not known.
+// The voltage that counts as the present one: the set one, or the measured one if that is not known. A request that was
+// not confirmed may have lowered it all the same.
 static u16 present_mv() {
-    return bench.set_known ? bench.set.mv : bench.mv;
+    const u16 mv = bench.set_known ? bench.set.mv : bench.mv_known ? bench.mv : (u16)0;
+    return bench.in_doubt ? std::min(mv, bench.apply.mv) : mv;
 }
 
 // Output ----------------------------------------------------------------------------------------------------------
@@ -99,21 +104,21 @@ void bench_gate_out(bool on) {
 // Rails -----------------------------------------------------------------------------------------------------------
 static u16 used_current(const prof_t &rail) {
     for (const auto &row : used) {
-        if (row.ma != 0 && rail_is(row.rail, rail)) {
+        if (row.known && rail_is(row.rail, rail)) {
             return row.ma;
         }
     }
-    return rail.imax < 1000 ? rail.imax : 1000;
+    return std::min<u16>(grid_amperes(&rail).high, 1000);
 }
 
 static void used_store(const prof_t &rail, u16 ma) {
     for (auto &row : used) {
-        if (rail_is(row.rail, rail)) {
+        if (row.known && rail_is(row.rail, rail)) {
             row.ma = ma;
             return;
         }
     }
-    used[used_next] = {rail, ma};
+    used[used_next] = {true, rail, ma};
     used_next = (u8)((used_next + 1) % RAIL_MAX);
 }
 
@@ -125,31 +130,28 @@ bench_choice_t bench_rail_open(u8 rail) {
     if (bench.set_known && bench.set.rail == rail) {
         return bench.set;
     }
-    return {rail, r.vmin, used_current(r)};
+    return {rail, grid_volts(&r).low, used_current(r)};
 }
 
-// Whether the rail can give the values, and they are on its grid.
 static bool choice_valid(bench_choice_t choice) {
-    if (!bench_rail_usable(choice.rail)) {
-        return false;
-    }
-    const prof_t &r = bench.rails.rail[choice.rail];
-    if (!prof_adjustable(&r)) {
-        return choice.mv == r.vmax && choice.ma == r.imax;
-    }
-    return grid_has(grid_volts(&r), choice.mv) && grid_has(grid_amperes(&r), choice.ma);
+    return bench_rail_usable(choice.rail) && grid_can(&bench.rails.rail[choice.rail], choice.mv, choice.ma);
+}
+
+static bool auto_on_known() {
+    return (bench.settings_known & BENCH_SETTING_AUTO_ON) != 0;
 }
 
 bool bench_apply_turns_on(void) {
-    return bench_out_known() && !bench.on && (bench.settings_known & 4) != 0 && bench.auto_on != 0;
+    return bench_out_known() && !bench.on && auto_on_known() && bench.auto_on != 0;
 }
 
+// A box that has not said whether applying turns its output on may do so.
 bench_apply_e bench_apply_how(bench_choice_t choice) {
-    if (bench.applying || bench_age() != BENCH_LIVE || !choice_valid(choice)) {
+    if (bench.applying || !choice_valid(choice)) {
         return BENCH_APPLY_NO;
     }
     const bool off = bench_out_known() && !bench.on && !bench.turning_on;
-    if (off && !bench_apply_turns_on()) {
+    if (off && auto_on_known() && bench.auto_on == 0) {
         return BENCH_APPLY_CLICK;
     }
     const bool hold = off ? on_needs_hold(true, choice.mv) : !bench.hold_off && choice.mv > present_mv();
@@ -158,7 +160,7 @@ bench_apply_e bench_apply_how(bench_choice_t choice) {
 
 bool bench_apply(bench_choice_t choice, bool held) {
     const bench_apply_e how = bench_apply_how(choice);
-    if (how == BENCH_APPLY_NO || (how == BENCH_APPLY_HOLD && !held)) {
+    if (how == BENCH_APPLY_NO || (how == BENCH_APPLY_HOLD && !(held && bench_age() == BENCH_LIVE))) {
         return false;
     }
     const prof_t &rail = bench.rails.rail[choice.rail];
@@ -175,27 +177,58 @@ bool bench_apply(bench_choice_t choice, bool held) {
     return true;
 }
 
+bool bench_applied(bench_choice_t choice) {
+    return bench.set_known && bench.rail_known && bench.rail == choice.rail && bench.set.rail == choice.rail &&
+           bench.set.mv == choice.mv && bench.set.ma == choice.ma && !bench.in_doubt;
+}
+
+static void not_taken() {
+    bench.applying = false;
+    bench.not_taken = bench.in_doubt = true;
+    bench.not_taken_at = bench.now;
+}
+
 static void set(bench_choice_t choice) {
     bench.set = bench.last = choice;
     bench.set_known = bench.last_known = true;
+    bench.in_doubt = false;
     if (bench_is_on()) {
         bench.last_on_mv = choice.mv;
     }
 }
 
 // The box names the rail in force. While a list is asked for, the answer also names the old one, so that confirms
-// nothing of a rail that is being applied.
+// nothing of a rail that is being applied. A late answer confirms only another rail than before.
 void bench_gate_rail(u8 rail) {
     const bool same = bench.rail_known && bench.rail == rail;
+    const bool applied =
+        rail == bench.apply.rail && (bench.applying ? !(same && bench.rails.waiting) : bench.in_doubt && !same);
     bench.rail = rail;
     bench.rail_known = true;
-    if (bench.applying && rail == bench.apply.rail && !(same && bench.rails.waiting)) {
-        bench.applying = false;
+    if (applied) {
+        bench.applying = bench.not_taken = false;
         set(bench.apply);
     } else if (!same) {
         bench.set_known = false;
     }
+    if (!bench.applying && rail != bench.apply.rail) {
+        bench.in_doubt = false;
+    }
     bench_gate_rails();
+}
+
+// The number of a rail means another one from now on.
+static bool same_in(const prof_t *rails, u8 count, u8 rail) {
+    return rail < count && rail_is(rails[rail], bench.rails.rail[rail]);
+}
+
+void bench_gate_list(const prof_t *rails, u8 count) {
+    if (bench.set_known && !same_in(rails, count, bench.set.rail)) {
+        bench.set_known = false;
+    }
+    if (bench.applying && !same_in(rails, count, bench.apply.rail)) {
+        not_taken();
+    }
 }
 
 // A fixed rail in force says by itself what is set; the values of an adjustable one only the panel knows.
@@ -209,7 +242,7 @@ void bench_gate_rails(void) {
     }
     if (rail >= bench.rails.count || !bench.rails.valid[rail]) {
         bench.set_known = false;
-    } else if (!prof_adjustable(&bench.rails.rail[rail])) {
+    } else if (!bench.set_known && !prof_adjustable(&bench.rails.rail[rail])) {
         set(bench_rail_open(rail));
     } else if (bench.set_known && !choice_valid(bench.set)) {
         bench.set_known = false;
@@ -217,7 +250,7 @@ void bench_gate_rails(void) {
 }
 
 void bench_gate_lost(void) {
-    bench.rail_known = bench.set_known = false;
+    bench.rail_known = bench.set_known = bench.in_doubt = false;
     bench.applying = bench.turning_off = bench.turning_on = false;
 }
 
@@ -248,9 +281,7 @@ bool bench_session_undo(void) {
 
 void bench_gate_tick(void) {
     if (bench.applying && bench.now - bench.apply_at >= BENCH_APPLYING_MS) {
-        bench.applying = false;
-        bench.not_taken = true;
-        bench.not_taken_at = bench.now;
+        not_taken();
     }
     if (bench.turning_on && bench.now - bench.on_at >= BENCH_TURNING_ON_MS) {
         bench.turning_on = false;

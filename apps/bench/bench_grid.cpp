@@ -2,22 +2,38 @@
 
 #include <algorithm>
 
+enum { SHOWN = 10 }; // the last digit that is shown
+
+static u16 shown_up(u16 value) {
+    return (u16)((value + SHOWN - 1) / SHOWN * SHOWN);
+}
+
+static u16 shown_down(u16 value) {
+    return (u16)(value / SHOWN * SHOWN);
+}
+
 bool grid_rail_valid(const prof_t *rail) {
     return rail->type <= RAIL_EPR && rail->vmin <= rail->vmax && rail->vmax > 0 && rail->vmax <= GRID_MV_MAX &&
-           rail->imax > 0 && rail->imax <= GRID_MA_MAX;
+           rail->imax > 0 && rail->imax <= GRID_MA_MAX &&
+           (!prof_adjustable(rail) || shown_up(rail->vmin) <= shown_down(rail->vmax));
 }
 
 grid_t grid_volts(const prof_t *rail) {
-    return {rail->vmin, rail->vmax, (u16)(rail->type == RAIL_AVS ? GRID_AVS_MV : GRID_PPS_MV)};
+    return {shown_up(rail->vmin), shown_down(rail->vmax), (u16)(rail->type == RAIL_AVS ? GRID_AVS_MV : GRID_PPS_MV)};
 }
 
 grid_t grid_amperes(const prof_t *rail) {
-    return {0, rail->imax, GRID_MA};
+    return {0, shown_down(rail->imax), GRID_MA};
 }
 
 bool grid_has(grid_t grid, u32 value) {
     return value >= grid.low && value <= grid.high &&
            (value % grid.step == 0 || value == grid.low || value == grid.high);
+}
+
+bool grid_can(const prof_t *rail, u16 mv, u16 ma) {
+    return prof_adjustable(rail) ? grid_has(grid_volts(rail), mv) && grid_has(grid_amperes(rail), ma)
+                                 : mv == rail->vmax && ma == rail->imax;
 }
 
 u16 grid_below(grid_t grid, u32 value) {

@@ -5,15 +5,21 @@
 #include "hardware/uart/zof_hw_uart.h"
 #include "zof.h"
 
-void bench_take_word(u16 addr) {
-    if (addr >= REG_RAIL_BASE && addr < REG_RAIL_BASE + RAIL_WORDS * RAIL_MAX) {
-        bench.rails.words |= 1ull << (addr - REG_RAIL_BASE);
-    }
-}
-
 static void answer_clear() {
     bench.rails.words = 0;
     bench.rails.counted = false;
+}
+
+// A word that has come already belongs to a second answer; the first one is not completed by it.
+void bench_take_word(u16 addr) {
+    if (addr < REG_RAIL_BASE || addr >= REG_RAIL_BASE + RAIL_WORDS * RAIL_MAX) {
+        return;
+    }
+    const u64 word = 1ull << (addr - REG_RAIL_BASE);
+    if (bench.rails.words & word) {
+        answer_clear();
+    }
+    bench.rails.words |= word;
 }
 
 static void ask() {
@@ -60,6 +66,9 @@ static prof_t rail_read(u8 i) {
 static void take(const prof_t *rails, u8 count) {
     bench_rails_t &r = bench.rails;
     const bool same = r.count == count && memcmp(r.rail, rails, sizeof(r.rail)) == 0;
+    if (!same) {
+        bench_gate_list(rails, count);
+    }
     for (u8 i = 0; i < RAIL_MAX; i++) {
         r.rail[i] = rails[i];
         r.valid[i] = i < count && grid_rail_valid(&rails[i]);
