@@ -1,37 +1,49 @@
-// Buttons that are held: one at a time, because there is one finger.
+// Buttons that are held: one at a time, because there is one finger. A held button keeps the finger until it has slid
+// off by more than 16 px, whatever lies beside the button. A hold counts only the time that was seen to fill: the
+// finger may have left during a stall.
 #include "ui/ui.h"
 
-enum { SLIDE_OFF_PX = 16, FRAME_MS = 16, BACK_MS = 150 };
+enum { SLIDE_OFF_PX = 16, FRAME_MS = 16, STALL_MS = 100, BACK_MS = 150 };
 
 static struct {
     const ui_hold_t *now; // null: no hold runs and none returns
     zof_ctrl_t *ctrl;
     lv_timer_t *timer;
-    u64 since;
-    bool down; // the finger is on it; otherwise the progress runs back
-    u32 from;  // progress when it was given up
+    bool down;    // the finger is on it; otherwise the progress runs back
+    u32 progress; // ms, up to BENCH_HOLD_MS
+    u64 at;       // of the last progress, or when it was given up
 } hold;
+
+static bool finger_is_near() {
+    lv_area_t area;
+    lv_point_t finger;
+    zof_ctrl_get_coords(hold.ctrl, &area);
+    lv_indev_get_point(touch_indev, &finger);
+    lv_area_increase(&area, SLIDE_OFF_PX, SLIDE_OFF_PX);
+    return _lv_area_is_point_on(&area, &finger, 0);
+}
 
 static void end() {
     if (hold.timer) {
         lv_timer_del(hold.timer);
     }
     if (hold.ctrl) {
-        zof_ctrl_set_ext_click_area(hold.ctrl, 0);
+        paint_keeps_finger((para_t *)hold.ctrl, false);
     }
     hold = {};
 }
 
 static u32 progress() {
-    const u64 ms = bench.now - hold.since;
-    return ms < BENCH_HOLD_MS ? (u32)ms : (u32)BENCH_HOLD_MS;
+    hold.progress += (u32)LV_MIN(bench.now - hold.at, (u64)STALL_MS);
+    hold.progress = LV_MIN(hold.progress, (u32)BENCH_HOLD_MS);
+    hold.at = bench.now;
+    return hold.progress;
 }
 
 static void give_up() {
-    hold.from = progress();
-    hold.since = bench.now;
+    progress();
     hold.down = false;
-    zof_ctrl_set_ext_click_area(hold.ctrl, 0);
+    paint_keeps_finger((para_t *)hold.ctrl, false);
     if (hold.now->given_up) {
         hold.now->given_up();
     }
@@ -41,8 +53,8 @@ static void turn(lv_timer_t *) {
     bench_tick();
     const ui_hold_t *now = hold.now;
     if (!hold.down) {
-        const u64 ms = bench.now - hold.since;
-        const u32 left = ms < BACK_MS ? (u32)(hold.from * (BACK_MS - ms) / BACK_MS) : 0;
+        const u64 ms = bench.now - hold.at;
+        const u32 left = ms < BACK_MS ? (u32)(hold.progress * (BACK_MS - ms) / BACK_MS) : 0;
         if (left == 0) {
             end();
         }
@@ -50,7 +62,7 @@ static void turn(lv_timer_t *) {
     } else if (bench_age() != BENCH_LIVE) {
         give_up();
     } else if (progress() < BENCH_HOLD_MS) {
-        now->paint(progress());
+        now->paint(hold.progress);
     } else {
         end();
         now->paint(0);
@@ -63,15 +75,16 @@ void hold_begin(zof_ctrl_t *ctrl, const ui_hold_t *what) {
     hold_cancel();
     hold.now = what;
     hold.ctrl = ctrl;
-    hold.since = bench.now;
+    hold.at = bench.now;
     hold.down = true;
     hold.timer = lv_timer_create(turn, FRAME_MS, nullptr);
-    zof_ctrl_set_ext_click_area(ctrl, SLIDE_OFF_PX);
+    paint_keeps_finger((para_t *)ctrl, true);
     what->paint(0);
 }
 
 void hold_event(zof_event_e event) {
-    if (hold.now && hold.down && (event == ZOF_EVENT_RELEASED || event == ZOF_EVENT_PRESS_LOST)) {
+    const bool lifted = event == ZOF_EVENT_RELEASED || event == ZOF_EVENT_PRESS_LOST;
+    if (hold.now && hold.down && (lifted || (event == ZOF_EVENT_PRESSING && !finger_is_near()))) {
         bench_tick();
         give_up();
     }

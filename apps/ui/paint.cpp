@@ -51,6 +51,30 @@ void paint_shown(para_t *ctrl, bool shown) {
     }
 }
 
+void paint_touch(para_t *ctrl, bool touch) {
+    if (ctrl && ctrl->obj && lv_obj_has_flag(ctrl->obj, LV_OBJ_FLAG_CLICKABLE) != touch) {
+        zof_ctrl_set_touch(ctrl, touch);
+    }
+}
+
+void paint_keeps_finger(para_t *ctrl, bool keeps) {
+    if (!ctrl || !ctrl->obj) {
+        return;
+    }
+    if (keeps) {
+        lv_obj_add_flag(ctrl->obj, LV_OBJ_FLAG_PRESS_LOCK);
+    } else {
+        lv_obj_clear_flag(ctrl->obj, LV_OBJ_FLAG_PRESS_LOCK);
+    }
+}
+
+void paint_align(para_t *ctrl, u32 align) {
+    enum { MIDDLE = 0x20 };
+    if (ctrl && ctrl->obj && lv_obj_get_style_text_align(ctrl->obj, LV_PART_MAIN) != align) {
+        zof_label_set_align(ctrl, align | MIDDLE);
+    }
+}
+
 void paint_look(para_t *ctrl, u32 look) {
     if (!ctrl || !ctrl->obj) {
         return;
@@ -84,6 +108,12 @@ void paint_ground(para_t *ctrl, zof_color_t color) {
 void paint_size(para_t *ctrl, u32 size) {
     if (ctrl && ctrl->obj && (u32)lv_obj_get_style_text_font(ctrl->obj, LV_PART_MAIN)->line_height != size) {
         zof_label_set_txt_size(ctrl, size);
+    }
+}
+
+void paint_line_space(para_t *ctrl, s32 pixels) {
+    if (ctrl && ctrl->obj && lv_obj_get_style_text_line_space(ctrl->obj, LV_PART_MAIN) != pixels) {
+        lv_obj_set_style_text_line_space(ctrl->obj, (lv_coord_t)pixels, LV_PART_MAIN);
     }
 }
 

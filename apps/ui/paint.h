@@ -18,11 +18,17 @@ void paint_words(para_t *ctrl, panel_text_e words, const char *a = "", const cha
                  const char *d = "");
 
 void paint_shown(para_t *ctrl, bool shown);
-void paint_look(para_t *ctrl, u32 look); // a panel_look_e, or 0 for the plain one
+void paint_touch(para_t *ctrl, bool touch); // whether it takes the finger
+// Whether a finger that has landed on it stays its own though it slides off.
+void paint_keeps_finger(para_t *ctrl, bool keeps);
+void paint_align(para_t *ctrl, u32 align); // of a text that is in the middle of its height: LV_TEXT_ALIGN_...
+void paint_look(para_t *ctrl, u32 look);   // a panel_look_e, or 0 for the plain one
 void paint_ink(para_t *ctrl, zof_color_t color);
 void paint_ground(para_t *ctrl, zof_color_t color);
 // The size of a text in a font file of the project.
 void paint_size(para_t *ctrl, u32 size);
+// Pixels between the lines of a text, over those of its font.
+void paint_line_space(para_t *ctrl, s32 pixels);
 void paint_place(para_t *ctrl, s32 x, s32 y, s32 width, s32 height);
 
 // "12.04 V", "1.50 A" as they are set, truncated to what is shown; "1.500 A" and "18.0 W" as they are measured. `out`

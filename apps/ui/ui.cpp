@@ -49,10 +49,16 @@ void ui_calm() {
     ui.calm_until = bench.now + UI_CALM_MS;
 }
 
+// A finger that was down before this control was pressed has slid onto it.
+static bool slid_on() {
+    zof_touch_t touch = {};
+    return zof_touch_get(&touch) == 0 && touch.state == ZOF_TOUCH_HELD;
+}
+
 bool ui_takes(zof_event_e event) {
     if (event == ZOF_EVENT_PRESSED) {
         bench_tick();
-        ui.press_counts = bench.now >= ui.calm_until && bench_press();
+        ui.press_counts = !slid_on() && bench.now >= ui.calm_until && bench_press();
         if (!ui.press_counts) {
             ui_paint();
         }

@@ -30,8 +30,8 @@ void ui_paint();
 void ui_calm();
 // For the entry function of each view, whoever shows it: a tab, a link, or the host.
 void ui_entered();
-// Whether this event of a control counts: not in the 0.3 s above, nor while the panel is locked or a remote client
-// holds it. A press that does not count takes its later events with it.
+// Whether this event of a control counts: not of a finger that slid onto it, in the 0.3 s above, nor while the panel is
+// locked or a remote client holds it. A press that does not count takes its later events with it.
 bool ui_takes(zof_event_e event);
 
 // The tab of the Output page, which held for a second locks the panel, and unlocks it.

@@ -6,7 +6,9 @@ WORDS.update({
     "no_rails_hint": ("The box lists them here as soon as its source is connected.", "Sie erscheinen hier, sobald die Quelle angeschlossen ist."),
     "again": ("Reading the rails again", "Profile werden erneut gelesen"),
     "again_hint": ("The list did not arrive whole. It is asked for again, try {0} of 3.", "Die Liste kam nicht vollständig an. Versuch {0} von 3."),
-    "cannot_read": ("The rails cannot be read", "Die Profile sind nicht lesbar"), "bad_row": ("not valid", "ungültig"),
+    "cannot_read": ("The rails cannot be read", "Die Profile sind nicht lesbar"),
+    "cannot_read_hint": ("The list does not arrive whole. It is asked for again every 10 s.", "Die Liste kommt nicht vollständig an. Neuer Versuch alle 10 s."),
+    "bad_row": ("not valid", "ungültig"),
     "select": ("Select a rail", "Profil wählen"), "use": ("Use {0}", "{0} anwenden"), "hold_use": ("Hold for {0}", "Halten für {0}"),
     "applying": ("Applying", "Wird angewendet"), "applied": ("Applied", "Angewendet"), "not_taken": ("The box did not take it", "Nicht angenommen"),
     "hold_longer": ("Hold until it is full", "Halten, bis es voll ist"), "turns_on": ("This turns the output on", "Schaltet den Ausgang ein"),
@@ -16,12 +18,13 @@ WORDS.update({
     "wait": ("Last list.\nNothing can be applied until the box answers.", "Letzte Liste.\nAnwenden geht erst, wenn das Netzteil antwortet."),
     "hint": ("PPS and AVS rails are set here.\nTap a preset at the right, or hold it to store.",
              "PPS- und AVS-Profile werden hier eingestellt.\nVorgabe rechts antippen, oder zum Speichern halten."),
-    # The keypad: {0} lowest, {1} highest or the higher neighbour, {2} the step or the kind, {3} what was typed
+    # The keypad: {0} lowest or the lower neighbour, {1} highest or the higher one, {2} the step or the kind, {3} what was typed
     "pad_volts": ("Volts of the {2} rail", "Volt des {2}-Profils"), "pad_amperes": ("Amperes of the {2} rail", "Ampere des {2}-Profils"),
     "pad_range": ("{0} to {1} in steps of {2}", "{0} bis {1} in Stufen von {2}"),
     "pad_note": ("Nothing changes at the output until you apply it.", "Am Ausgang ändert sich nichts, bis Sie es anwenden."),
     "pad_between": ("Between {0} and {1}", "Zwischen {0} und {1}"),
-    "pad_grid": ("{3} is not on the {2} grid:\n{0} or {1}", "{3} liegt nicht im {2}-Raster:\n{0} oder {1}"),
+    "pad_grid_volts": ("{3} is not on the {2} mV grid:\n{0} or {1}", "{3} liegt nicht im {2}-mV-Raster:\n{0} oder {1}"),
+    "pad_grid_amperes": ("{3} is not on the {2} mA grid:\n{0} or {1}", "{3} liegt nicht im {2}-mA-Raster:\n{0} oder {1}"),
     "cancel": ("Cancel", "Abbrechen"), "done": ("Done", "Fertig"),
 })
 
@@ -69,7 +72,7 @@ def step(i, x, y, sign, name):
 def value(i, y, txt, name):
     """A set value that opens the keypad; of a fixed rail, words on the card."""
     return label(i, 8, y, 132, 48, txt, NUM, 36, AMBER, "right", dimunit=True, bg=BLACK, border=("all", 1, DIM), radius=12, pad=(0, 6, 0, 0),
-                 click=True, name=name, looks=dict(chosen=dict(bg=CARD, border=None, pad=(0, 6, 0, 12))))
+                 click=True, name=name, looks=dict(chosen=dict(bg=CARD, border=None, pad=(0, 6, 0, 12)), dead=dict(color=GREY)))
 
 
 APPLY = (574, 52, 202, 60)
@@ -85,8 +88,9 @@ TRAY = [
     label(114, 494, 6, 276, 40, "#is_off", TEXT, 16, GREY, "right", name="tray_state", looks=dict(chosen=dict(color=WHITE), hold=dict(color=WHITE, size=20))),
     label(90, *APPLY, "#select", BOLD, 20, AMBER_INK, "center", bg=AMBER, radius=12, click=True, name="label84",
           looks=dict(dead=dict(bg=RAISED, color=GREY), hold=dict(bg=AMBER_BED, color=AMBER, border=("all", 2, AMBER)))),
-    container(115, *APPLY, bg=AMBER, radius=0, hidden=True, name="hold_fill", kids=[
-        label(117, 0, 0, 202, 60, "", BOLD, 20, AMBER_INK, "center", name="hold_words")]),
+    # Over the button while it is held: 115 grows and cuts off the filled button that is in it.
+    container(115, *APPLY, hidden=True, name="hold_fill", kids=[
+        label(117, 0, 0, 202, 60, "", BOLD, 20, AMBER_INK, "center", bg=AMBER, radius=12, name="hold_words")]),
 ]
 KEYS = ("7", "8", "9", "4", "5", "6", "1", "2", "3", ".", "0", "←")
 KEY_NAMES = {".": "point", "←": "back"}
@@ -111,5 +115,5 @@ PAGE = strip() + [
     label(80, 16, 190, 768, 36, "#no_rails", BOLD, 24, WHITE, "center", hidden=True, name="label78"),
     label(81, 16, 234, 768, 28, "#no_rails_hint", TEXT, 20, GREY, "center", hidden=True, name="label79"),
 ] + tabs(1, (93, 92, 97, 96, 95)) + [
-    container(130, 0, STRIP_H, 800, 428, PAD, bg=BLACK, hidden=True, name="keypad"),
+    container(130, 0, STRIP_H, 800, 428, PAD, bg=BLACK, hidden=True, click=True, name="keypad"),      # also takes what misses the keys
 ]
