@@ -1,84 +1,5 @@
 // The model of the panel without its pages: what it sends, and what it takes for known.
-#include "bench/bench.h"
-#include "register_line.h"
-#include <utility>
-
-#include "port/zof_host.h"
-#include "zof_test.h"
-
-#include "board.h"
-#include "frames.h"
-
-using reports = std::vector<std::pair<u16, u16>>;
-static reports sent;
-static u32 clock_ms = 4294960000u; // soon wraps
-
-static s32 line_send(zof_drv_t *, const u8 *data, u32 size) {
-    frame_report_words(bytes(data, data + size), [](u16 addr, u16 value) { sent.emplace_back(addr, value); });
-    return (s32)size;
-}
-
-static reports said() {
-    return std::exchange(sent, {});
-}
-
-static void pass(u32 ms) {
-    for (u32 step; ms > 0; ms -= step) {
-        step = ms < 20 ? ms : 20;
-        clock_ms += step;
-        bench_tick();
-    }
-}
-
-// Readings go on while time passes.
-static void live(u32 ms, u16 mv = 5000, u16 ma = 500) {
-    for (u32 t = 0; t < ms; t += 100) {
-        bench_take(REG_LIVE_MV, mv);
-        bench_take(REG_LIVE_MA, ma);
-        bench_take(REG_LIVE_DW, 25);
-        pass(ms - t < 100 ? ms - t : 100);
-    }
-}
-
-static void rails_send(const std::vector<prof_t> &rails, u16 active = RAIL_NONE) {
-    board box;
-    box.rails = rails;
-    box.rail = active;
-    box.write = [](u16 addr, const std::vector<u16> &words) {
-        bytes f = frame_write(addr, words);
-        recive_data_handle(f.data(), (u32)f.size());
-    };
-    board_send_rails(box);
-}
-
-static void open_port(bench_port_e state = BENCH_PORT_OPEN) {
-    const bench_port_t port = {.state = state, .path = "/dev/ttyUSB0"};
-    bench_take_port(&port);
-}
-
-// A box that has been asked and has answered: output off, the first of thirteen rails in force.
-static void start() {
-    static constexpr zof_clock_t clock = {[] { return clock_ms; }, [](u32) {}};
-    static constexpr zof_hw_client_t client = {bench_take, bench_take_word, bench_tick};
-    zof_clock_set(&clock);
-    register_line_open(line_send);
-    zof_hw_client_set(&client);
-    bench_start();
-    open_port();
-    bench_take(REG_BRIGHT, 80);
-    bench_take(REG_BOOT_STATE, 0);
-    bench_take(REG_AUTO_ARM, 0);
-    bench_take(REG_OUT_STATE, 0);
-    rails_send(board_default_rails(), 0);
-    live(100, 0, 0);
-    said();
-}
-
-static void applied(bench_choice_t choice) {
-    REQUIRE(bench_apply(choice, true));
-    bench_take(REG_RAIL_ACTIVE, choice.rail);
-    said();
-}
+#include "bench_fixture.h"
 
 TEST_CASE("bench: readings grow late after a second and are not known after two, and then all is asked for again") {
     start();
@@ -194,7 +115,8 @@ TEST_CASE("bench: with the output on, a voltage above the set one is applied onl
     CHECK((!bench.set_known && bench_apply_how({5, 5020, 1000}) == BENCH_APPLY_HOLD));
     CHECK(bench_apply_how({5, 5000, 1000}) == BENCH_APPLY_CLICK);
     pass(1100);
-    CHECK(bench_apply_how({5, 5000, 1000}) == BENCH_APPLY_NO); // late
+    CHECK(bench_age() == BENCH_LATE); // the button stays as it is, but nothing that is held is sent
+    CHECK((bench_apply_how({5, 5020, 1000}) == BENCH_APPLY_HOLD && !bench_apply({5, 5020, 1000}, true)));
 }
 
 TEST_CASE("bench: what was applied counts as set when the box names its rail, and the next time it opens there") {
