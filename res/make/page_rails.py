@@ -50,8 +50,8 @@ def rail_row(i):
             looks=dict(chosen=dict(bg=AMBER_BED))),
         label(check, x + 8, y + 4, 24, 26, CHECK_MARK, BOLD, 20, AMBER, "center", hidden=True),
         label(volt, x + 32, y + 1, 144, 32, "", RAIL, 24, WHITE, "right", hidden=True, looks=DEAD_INK),
-        label(badge, x + 10, y + 31, 44, 20, "", BOLD, 16, GREY, "center", bg=RAISED, radius=6, hidden=True),
-        label(meta, x + 10, y + 31, 100, 20, "#bad_row", TEXT, 16, GREY, "left", hidden=True),
+        label(badge, x + 10, y + 31, 44, 20, "", BOLD, 16, GREY, "center", bg=RAISED, radius=6, pad=(1, 0, 0, 0), hidden=True),
+        label(meta, x + 10, y + 31, 100, 20, "#bad_row", TEXT, 16, GREY, "left", pad=(1, 0, 0, 0), hidden=True),
         label(curr, x + 66, y + 31, 110, 20, "", RAIL, 20, WHITE, "right", hidden=True, looks=DEAD_INK),
     ]
 
@@ -60,7 +60,7 @@ def preset(n):
     """One of four chips in the three places that thirteen rails leave free; an empty one is dashes."""
     x, y = 582 + 96 * (n % 2), 62 + 93 * (n // 2)
     return label(120 + n, x, y, 90, 87, "-․-- V\n-․-- A", RAIL, 20, GREY, "center", border=("all", 1, LINE), radius=12, wrap=True, line=26,
-                 pad=(17, 0, 0, 0), click=True, name=f"preset{n}",
+                 pad=(18, 0, 0, 0), click=True, name=f"preset{n}",
                  looks=dict(chosen=dict(color=AMBER), hold=dict(color=AMBER, border=("all", 2, AMBER))))
 
 
@@ -85,7 +85,7 @@ TRAY = [
     # What takes the finger at a slider's knob: it follows the knob. A touch beside it does nothing.
     box(118, 198, 6, 48, 48, click=True, name="volts_knob"), box(119, 198, 64, 48, 48, click=True, name="amperes_knob"),
     label(116, 20, 64, 400, 44, "", TEXT, 20, GREY, "left", hidden=True, wrap=True, line=26, name="tray_words", looks=dict(chosen=dict(color=WHITE))),
-    label(114, 494, 6, 276, 40, "#is_off", TEXT, 16, GREY, "right", name="tray_state", looks=dict(chosen=dict(color=WHITE), hold=dict(color=WHITE, size=20))),
+    label(114, 494, 7, 276, 40, "#is_off", TEXT, 16, GREY, "right", name="tray_state", looks=dict(chosen=dict(color=WHITE), hold=dict(color=WHITE, size=20))),
     label(90, *APPLY, "#select", BOLD, 20, AMBER_INK, "center", bg=AMBER, radius=12, click=True, name="label84",
           looks=dict(dead=dict(bg=RAISED, color=GREY), hold=dict(bg=AMBER_BED, color=AMBER, border=("all", 2, AMBER)))),
     # Over the button while it is held: 115 grows and cuts off the filled button that is in it.
@@ -97,7 +97,7 @@ KEY_NAMES = {".": "point", "←": "back"}
 PAD = [
     label(131, 16, 8, 392, 32, "", BOLD, 24, WHITE, name="pad_title"), label(132, 16, 44, 392, 28, "", TEXT, 20, GREY, name="pad_range"),
     label(133, 16, 84, 392, 96, "", NUM, 56, AMBER, "right", dimunit=True, bg=BLACK, border=("all", 1, DIM), radius=12, pad=(0, 16, 0, 0), name="pad_value"),
-    label(134, 16, 192, 392, 64, "#pad_note", TEXT, 20, GREY, "left", wrap=True, line=26, name="pad_note", looks=dict(chosen=dict(color=WHITE))),
+    label(134, 16, 193, 392, 64, "#pad_note", TEXT, 20, GREY, "left", wrap=True, line=26, name="pad_note", looks=dict(chosen=dict(color=WHITE))),
     label(135, 16, 264, 192, 60, "", BOLD, 24, AMBER, "center", border=("all", 2, AMBER), radius=12, hidden=True, click=True, name="pad_lower"),
     label(136, 216, 264, 192, 60, "", BOLD, 24, AMBER, "center", border=("all", 2, AMBER), radius=12, hidden=True, click=True, name="pad_upper"),
     label(137, 16, 356, 192, 60, "#cancel", BOLD, 20, WHITE, "center", bg=RAISED, radius=12, click=True, role="key", name="pad_cancel"),

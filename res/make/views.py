@@ -67,9 +67,15 @@ PRESSED_LOOK = {
 
 
 def label(c):
+    wrap = c.get("wrap")
+
     def look(c, state):
+        side, width, _ = c.get("border") or ("all", 0, 0)
+        pad = c.get("pad", (0, 0, 0, 0))
+        if side == "all" and not wrap:  # a text in the middle stays there whatever its border
+            pad = tuple(p - width for p in pad)
         words = text(c["font"], c["size"], c["color"]) if "font" in c else text(P.TEXT, 20, P.WHITE)
-        return style(body(c.get("bg"), c.get("opa", 255), c.get("radius", 0), c.get("border"), c.get("pad", (0, 0, 0, 0))),
+        return style(body(c.get("bg"), c.get("opa", 255), c.get("radius", 0), c.get("border"), pad),
                      words, c.get("overlay"), state=state)
 
     styles = []
@@ -78,7 +84,6 @@ def label(c):
         styles.append(look(row, state))
         if c.get("role"):
             styles.append(look({**row, **PRESSED_LOOK[c["role"]](row)}, state | PRESSED))
-    wrap = c.get("wrap")
     return {"auto_hight": 1, "dis_mode_e": WRAP if wrap else CLIP, "animspeed": 0,
             "align_e": ALIGN[c.get("align", "left")] | (TOP if wrap else MIDDLE), "txt": c.get("txt", ""), "styles": styles}
 

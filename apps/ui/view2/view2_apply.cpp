@@ -19,12 +19,15 @@ static bool same(const offer_t &a, const offer_t &b) {
 }
 
 // The line --------------------------------------------------------------------------------------------------------
-static void line_place(bool beside_plus) {
-    if (beside_plus) {
-        paint_place(view2(VIEW2_TRAY_STATE_ID), 550, 6, 226, 40);
-    } else {
-        paint_place(view2(VIEW2_TRAY_STATE_ID), 494, 6, 276, 40);
-    }
+// White, it is in place of the plus with a fixed rail, and clear of it with an adjustable one.
+static void line_look(bool white, bool adjustable) {
+    static constexpr struct {
+        u32 look;
+        s32 x, y, width;
+    } rows[] = {{0, 494, 7, 276}, {LOOK_CHOSEN, 550, 7, 226}, {LOOK_HOLD, 494, 4, 276}};
+    const auto &row = rows[!white ? 0 : adjustable ? 1 : 2];
+    paint_look(view2(VIEW2_TRAY_STATE_ID), row.look);
+    paint_place(view2(VIEW2_TRAY_STATE_ID), row.x, row.y, row.width, 40);
 }
 
 // What there is to say beside the state of the output; TEXT_COUNT: nothing.
@@ -32,7 +35,7 @@ static panel_text_e line_news() {
     if (bench.not_taken && bench.now - bench.not_taken_at < BENCH_NEWS_MS) {
         return TEXT_NOT_TAKEN;
     }
-    if (impatient && bench.now - impatient_at < BENCH_NOTE_MS) {
+    if (impatient && painted.how == BENCH_APPLY_HOLD && bench.now - impatient_at < BENCH_NOTE_MS) {
         return TEXT_HOLD_LONGER;
     }
     return painted.how != BENCH_APPLY_NO && bench_apply_turns_on() ? TEXT_TURNS_ON : TEXT_COUNT;
@@ -53,8 +56,7 @@ static void line_paint(tray_mode_e mode) {
     } else {
         paint_words(line, bench_out_known() ? TEXT_IS_OFF : TEXT_IS_UNKNOWN);
     }
-    paint_look(line, !white ? 0 : mode == TRAY_ADJUSTABLE ? LOOK_CHOSEN : LOOK_HOLD);
-    line_place(white && mode == TRAY_ADJUSTABLE);
+    line_look(white, mode == TRAY_ADJUSTABLE);
     paint_shown(line, mode != TRAY_DEAD);
 }
 

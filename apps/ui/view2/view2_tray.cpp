@@ -87,7 +87,7 @@ static void value_paint(u32 id, axis_e axis, bool shown, bool fixed) {
 }
 
 static void words_paint(tray_mode_e mode) {
-    enum { X = 20, ONE_Y = 73, TWO_Y = 35, WIDTH = 550, HEIGHT = 56 };
+    enum { X = 20, ONE_Y = 74, TWO_Y = 35, WIDTH = 550, HEIGHT = 56 };
     para_t *words = view2(VIEW2_TRAY_WORDS_ID);
     const bool changed = mode == TRAY_EMPTY && tray.changed && bench.now - tray.changed_at < BENCH_NEWS_MS;
     char amperes[PAINT_NUMBER_SIZE];
