@@ -1,6 +1,7 @@
 // Buttons that are held: one at a time, because there is one finger. A held button keeps the finger until it has slid
 // off by more than 16 px, whatever lies beside the button. A hold counts only the time that was seen to fill: the
-// finger may have left during a stall.
+// finger may have left during a stall. It acts when the finger is seen to be down at its end, so that one that has just
+// left does nothing.
 #include "ui/ui.h"
 
 enum { SLIDE_OFF_PX = 16, FRAME_MS = 16, STALL_MS = 100, BACK_MS = 150 };
@@ -61,14 +62,16 @@ static void turn(lv_timer_t *) {
         now->paint(left);
     } else if (bench_age() != BENCH_LIVE) {
         give_up();
-    } else if (progress() < BENCH_HOLD_MS) {
-        now->paint(hold.progress);
     } else {
-        end();
-        now->paint(0);
-        now->done();
-        ui_paint();
+        now->paint(progress());
     }
+}
+
+static void finish() {
+    const ui_hold_t *now = hold.now;
+    end();
+    now->paint(0);
+    now->done();
 }
 
 void hold_begin(zof_ctrl_t *ctrl, const ui_hold_t *what) {
@@ -83,10 +86,15 @@ void hold_begin(zof_ctrl_t *ctrl, const ui_hold_t *what) {
 }
 
 void hold_event(zof_event_e event) {
+    if (!hold_running()) {
+        return;
+    }
+    bench_tick();
     const bool lifted = event == ZOF_EVENT_RELEASED || event == ZOF_EVENT_PRESS_LOST;
-    if (hold.now && hold.down && (lifted || (event == ZOF_EVENT_PRESSING && !finger_is_near()))) {
-        bench_tick();
+    if (lifted || (event == ZOF_EVENT_PRESSING && (!finger_is_near() || bench_age() != BENCH_LIVE))) {
         give_up();
+    } else if (event == ZOF_EVENT_PRESSING && progress() >= BENCH_HOLD_MS) {
+        finish();
     }
 }
 

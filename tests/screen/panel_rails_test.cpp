@@ -208,6 +208,7 @@ TEST_CASE("rails: a selection sends nothing, a grey button does nothing, and a c
     CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 1);
     CHECK(text_of(1, VIEW1_SET_LINE_ID) == "Set 3.30 V, 1.00 A max, PPS");
     screen_click(100, 25); // the set line opens the rail in force
+    board_rails(board_default_rails(), 7);
     live(700);
     CHECK((zof_view_get_cur_id(ZOF_LAYER_UI) == 2 && shown(VIEW2_LABEL84_ID) == "Applied"));
     CHECK(is_shown(2, ROW_ID[7][COL_CHECK]));
@@ -231,7 +232,7 @@ TEST_CASE("rails: with the output on, a higher voltage is sent only by a hold of
     };
     screen_click(USE_X, USE_Y);
     CHECK((sent().empty() && shown(VIEW2_TRAY_STATE_ID) == "Hold until it is full"));
-    live(2000);
+    live(2200);
     CHECK(shown(VIEW2_TRAY_STATE_ID) == "The output is on at 5.00 V");
     CHECK(hold(790).empty());
     live(300);
@@ -243,9 +244,9 @@ TEST_CASE("rails: with the output on, a higher voltage is sent only by a hold of
         live(300);
     }
     CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2); // not the tab that it slid onto
+    screen_step(600);
     sdl_pointer_inject(USE_X, USE_Y, ZOF_TRUE);
-    live(500);
-    screen_step(1100); // readings are late
+    screen_step(600); // readings are late
     live(1000);
     sdl_pointer_inject(USE_X, USE_Y, ZOF_FALSE);
     live(300);
@@ -312,6 +313,7 @@ TEST_CASE("rails: a slider moves only by its knob, by as much as the finger, in 
     row_tap(7);
     for (s32 x = SLIDE_X + 26; x < SLIDE_X + SLIDE_W + 16; x += 12) {
         screen_drag(x, VOLTS_Y, x + 40, VOLTS_Y, 2); // beside the knob
+        live(10);
     }
     CHECK(shown(VIEW2_LABEL82_ID) == "3.30 V");
     screen_click(SLIDE_X + 20, VOLTS_Y); // a tap moves nothing
@@ -540,12 +542,14 @@ TEST_CASE("rails: whatever is touched, only what the screen shows is sent, on th
         std::mt19937 random(seed);
         board_output(box, seed % 3 != 0);
         for (u32 action = 0; action < 60; action++) {
-            static const std::pair<s32, s32> places[] = {
-                {USE_X, USE_Y}, {PLUS_X, VOLTS_Y}, {MINUS_X, VOLTS_Y}, {312, 438}, {82, VOLTS_Y}};
-            const auto &place = places[random() % 5];
-            const bool anywhere = random() % 3 == 0;
-            const s32 x = anywhere ? (s32)(random() % 800) : place.first,
-                      y = anywhere ? 58 + (s32)(random() % 370) : place.second;
+            static const std::pair<s32, s32> places[] = {{USE_X, USE_Y},     {USE_X, USE_Y}, {PLUS_X, VOLTS_Y},
+                                                         {MINUS_X, VOLTS_Y}, {82, VOLTS_Y},  {312, 438},
+                                                         {643, 164},         {740, 164},     {112, 438}};
+            const u32 any = random() % 16;
+            const s32 row = (s32)(random() % RAIL_MAX);
+            const auto [x, y] = any < 9    ? places[any]
+                                : any < 13 ? std::pair<s32, s32>{109 + row / 4 * 194, 86 + row % 4 * 62}
+                                           : std::pair<s32, s32>{random() % 800, 58 + random() % 370};
             const std::string button = shown(VIEW2_LABEL84_ID), volts = shown(VIEW2_LABEL82_ID);
             const u16 before = box.rail == RAIL_NONE ? (u16)0 : (u16)box.target_mv;
             const u32 ms = random() % 4 ? 30 : 1000;
