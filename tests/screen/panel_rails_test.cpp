@@ -255,6 +255,14 @@ TEST_CASE("rails: with the output on, a higher voltage is sent only by a hold of
     live(2000);
     sdl_pointer_inject(USE_X, USE_Y, ZOF_TRUE);
     live(500);
+    board_write(REG_RAIL_COMMIT, {1}); // not a whole list, and then the same one again
+    board_rails(board_default_rails(), 0);
+    live(1000);
+    sdl_pointer_inject(USE_X, USE_Y, ZOF_FALSE);
+    live(400);
+    CHECK((sent().empty() && shown(VIEW2_LABEL84_ID) == "Hold for 48.00 V"));
+    sdl_pointer_inject(USE_X, USE_Y, ZOF_TRUE);
+    live(500);
     board_rails(board_default_rails(6), 0); // another list
     live(1000);
     sdl_pointer_inject(USE_X, USE_Y, ZOF_FALSE);
@@ -360,7 +368,7 @@ TEST_CASE("rails: no tap within 24 px of a knob reaches the button or sends anyt
 TEST_CASE("rails: every value of a PPS and of an AVS rail is reached by steps or keys, and sent as it is shown") {
     open_rails();
     const std::vector<prof_t> rails = {
-        {RAIL_FIX, 5000, 5000, 5000}, {RAIL_PPS, 3300, 5900, 3000}, {RAIL_AVS, 9000, 20000, 3250}};
+        {RAIL_FIX, 5000, 5000, 5000}, {RAIL_PPS, 3300, 11000, 3000}, {RAIL_AVS, 9000, 20000, 3250}};
     board_rails(rails, 0);
     live(400);
     sent();
@@ -506,6 +514,11 @@ TEST_CASE("rails: presets open in the tray as if typed, and take what it shows w
     CHECK(zof_ctrl_state_judge(zof_ctrl_get_form_id(2, VIEW2_PRESET0_ID), LOOK_HOLD));
     screen_release(643, 164);
     CHECK(!bench.preset[0].used); // too short
+    bench.preset[0] = {true, board_default_rails()[6], 3300, 1000};
+    screen_press(643, 164);
+    live(500);
+    screen_release(643, 164);
+    CHECK((bench.preset[0].mv == 3300 && shown(VIEW2_LABEL82_ID) == "12.00 V")); // too long for a touch
     screen_press(643, 164);
     live(1000);
     screen_release(643, 164);

@@ -10,6 +10,7 @@ struct offer_t {
 static offer_t painted, pressed;
 
 static bool sent;      // the box is asked to apply it
+static bool filling;   // the fill is over the button
 static bool impatient; // a hold was given up, at impatient_at
 static u64 impatient_at;
 
@@ -93,6 +94,9 @@ void apply_paint(tray_mode_e mode) {
     if (selected && !bench.remote[0] && !bench_applied(painted.choice)) {
         painted.how = bench_apply_how(painted.choice);
     }
+    if (filling && painted.how != BENCH_APPLY_HOLD) { // it does not say any more what it is held for
+        hold_cancel();
+    }
     words_paint(selected);
     paint_look(button, painted.how == BENCH_APPLY_NO ? LOOK_DEAD : painted.how == BENCH_APPLY_HOLD ? LOOK_HOLD : 0);
     paint_touch(button, painted.how != BENCH_APPLY_NO);
@@ -107,6 +111,7 @@ static void fill_paint(u32 ms) {
     paint_words(view2(VIEW2_HOLD_WORDS_ID), TEXT_HOLD_USE, number_volts(volts, pressed.choice.mv));
     paint_place(fill, zof_ctrl_get_x(button), zof_ctrl_get_y(button), width, zof_ctrl_get_height(button));
     paint_shown(fill, width > 0);
+    filling = width > 0;
 }
 
 static void apply(bool held) {

@@ -42,7 +42,7 @@ static void row_paint(u8 i) {
     const bool in_force = valid && live && bench.rail_known && bench.rail == i;
     row_shown(i, there, valid, in_force);
     paint_look(cell(i, COL_BG), in_force ? LOOK_CHOSEN : 0);
-    paint_touch(cell(i, COL_BG), valid && live);
+    paint_touch(cell(i, COL_BG), valid && live && !bench.remote[0]);
     const u32 look = valid && live ? 0 : LOOK_DEAD;
     const badge_t &badge = badge_of(rail.type);
     char text[32];

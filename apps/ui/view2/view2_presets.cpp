@@ -1,14 +1,17 @@
-// Presets: a touch shows one in the tray, as if typed; held, it takes what the tray shows.
+// Presets: a touch shows one in the tray, as if typed; held, it takes what the tray shows. A finger that lifts in
+// between has changed its mind: neither happens.
 #include <stdio.h>
 
 #include "ui/view2/view2.h"
 
 static constexpr u32 chips[BENCH_PRESETS] = {VIEW2_PRESET0_ID, VIEW2_PRESET1_ID, VIEW2_PRESET2_ID, VIEW2_PRESET3_ID};
 
+enum { TOUCH_MS = 400 };
+
 static struct {
     bool filling;
-    bool stored; // by the press that runs, so that its end opens nothing
-    u32 chip;    // that is held
+    u32 chip;
+    u64 since;
 } held;
 
 static bool can_store() {
@@ -42,14 +45,16 @@ static void fill_paint(u32 ms) {
 }
 
 static void hold_done() {
-    held.stored = can_store() && bench_preset_store(held.chip, tray_choice());
+    if (can_store()) {
+        bench_preset_store(held.chip, tray_choice());
+    }
 }
 
 static constexpr ui_hold_t store_hold = {fill_paint, hold_done, nullptr};
 
 static void open(u32 n) {
     bench_choice_t choice;
-    if (!held.stored && bench_preset_find(n, &choice)) {
+    if (bench_preset_find(n, &choice)) {
         tray_select(choice);
     }
 }
@@ -57,13 +62,13 @@ static void open(u32 n) {
 template <u32 N> void preset_event(zof_ctrl_t *ctrl, zof_event_e event) {
     const bool counts = ui_takes(event);
     if (event == ZOF_EVENT_PRESSED && counts) {
-        held = {.chip = N};
+        held = {.chip = N, .since = bench.now};
         if (can_store()) {
             hold_begin(ctrl, &store_hold);
         }
     }
     hold_event(event);
-    if (event == ZOF_EVENT_CLICKED && counts) {
+    if (event == ZOF_EVENT_CLICKED && counts && (!can_store() || bench.now - held.since < TOUCH_MS)) {
         open(N);
     }
     ui_paint();
