@@ -240,12 +240,12 @@ void bench_gate_rails(void) {
     if (bench.dead || bench.rails.state != BENCH_RAILS_SHOWN || !bench.rail_known || bench.applying) {
         return;
     }
-    if (rail >= bench.rails.count || !bench.rails.valid[rail]) {
+    const bool listed = rail < bench.rails.count && bench.rails.valid[rail];
+    if (!listed || !choice_valid(bench.set)) {
         bench.set_known = false;
-    } else if (!bench.set_known && !prof_adjustable(&bench.rails.rail[rail])) {
+    }
+    if (listed && !bench.set_known && !prof_adjustable(&bench.rails.rail[rail])) {
         set(bench_rail_open(rail));
-    } else if (bench.set_known && !choice_valid(bench.set)) {
-        bench.set_known = false;
     }
 }
 
