@@ -90,13 +90,36 @@ static void presets_fill() {
     bench.preset[2] = {true, epr, 48000, 5000};
 }
 
-// A picture in English and in German.
-static void pictures(const std::string &name) {
-    screen_step(10);
-    CHECK(screen_is_golden("rails_" + name));
-    REQUIRE(zof_lang_set("de") == 0);
-    screen_step(10);
-    CHECK(screen_is_golden("rails_" + name + "_de"));
+// Whether no word on the page is cut.
+static bool words_fit() {
+    bool fit = true;
+    for (u32 id = 1; id <= 158; id++) {
+        para_t *c = zof_ctrl_get_form_id(2, id);
+        if (!c || !c->obj || !lv_obj_has_class(c->obj, &lv_label_class) || !lv_obj_is_visible(c->obj)) {
+            continue;
+        }
+        const lv_coord_t width = lv_obj_get_content_width(c->obj);
+        const bool wrap = lv_label_get_long_mode(c->obj) == LV_LABEL_LONG_WRAP;
+        lv_point_t size;
+        lv_txt_get_size(&size, lv_label_get_text(c->obj), lv_obj_get_style_text_font(c->obj, LV_PART_MAIN), 0,
+                        lv_obj_get_style_text_line_space(c->obj, LV_PART_MAIN), wrap ? width : LV_COORD_MAX,
+                        LV_TEXT_FLAG_NONE);
+        if (size.x > width || (wrap && size.y > lv_obj_get_content_height(c->obj))) {
+            MESSAGE(form("%u is cut: %s", id, lv_label_get_text(c->obj)));
+            fit = false;
+        }
+    }
+    return fit;
+}
+
+// The page in English and in German, also as a picture if it has a name.
+static void pictures(const std::string &name = "") {
+    for (const std::string language : {"en", "de"}) {
+        REQUIRE(zof_lang_set(language.c_str()) == 0);
+        screen_step(10);
+        CHECK(words_fit());
+        CHECK((name.empty() || screen_is_golden("rails_" + name + (language == "de" ? "_de" : ""))));
+    }
     REQUIRE(zof_lang_set("en") == 0);
     screen_step(10);
 }
@@ -200,6 +223,7 @@ TEST_CASE("rails: a selection sends nothing, a grey button does nothing, and a c
     screen_click(USE_X, USE_Y);
     live(2000);
     CHECK((sent().empty() && shown(VIEW2_TRAY_STATE_ID) == "The box did not take it"));
+    pictures();
     CHECK(shown(VIEW2_LABEL84_ID) == "Use 3.30 V");
     screen_click(USE_X, USE_Y);
     CHECK(sent().size() == 3);
@@ -232,6 +256,7 @@ TEST_CASE("rails: with the output on, a higher voltage is sent only by a hold of
     };
     screen_click(USE_X, USE_Y);
     CHECK((sent().empty() && shown(VIEW2_TRAY_STATE_ID) == "Hold until it is full"));
+    pictures();
     live(2200);
     CHECK(shown(VIEW2_TRAY_STATE_ID) == "The output is on at 5.00 V");
     CHECK(hold(790).empty());
@@ -281,6 +306,7 @@ TEST_CASE("rails: a box that turns on what is applied says so, and wants a hold 
     board_write(REG_AUTO_ARM, {1});
     row_tap(2);
     CHECK((shown(VIEW2_TRAY_STATE_ID) == "This turns the output on" && shown(VIEW2_LABEL84_ID) == "Hold for 12.00 V"));
+    pictures();
     screen_click(USE_X, USE_Y);
     CHECK(sent().empty());
     row_tap(7);
@@ -490,6 +516,7 @@ TEST_CASE("rails: a list that is not whole shows no row, and the same list again
     screen_click(USE_X, USE_Y);
     live(3000);
     CHECK(shown(VIEW2_LABEL78_ID) == "The rails cannot be read");
+    pictures();
     CHECK(sent().empty());
     board_rails(board_default_rails(), 0);
     live(400);
