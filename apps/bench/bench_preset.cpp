@@ -3,10 +3,14 @@
 #include <stdio.h>
 #include <string.h>
 
+#include <algorithm>
+
 #include "bench/bench.h"
 
 static constexpr const char *type_names[] = {"FIX", "PPS", "AVS", "EPR"};
 static_assert(sizeof(type_names) / sizeof(type_names[0]) == RAIL_EPR + 1);
+
+static constexpr char empty_name[] = "none";
 
 static bool rail_is(const prof_t &a, const prof_t &b) {
     return memcmp(&a, &b, sizeof(a)) == 0;
@@ -44,28 +48,32 @@ bool bench_preset_find(u32 n, bench_choice_t *choice) {
 }
 
 const char *bench_preset_text(char *out, const bench_preset_t *preset) {
-    out[0] = '\0';
+    const prof_t &r = preset->rail;
     if (preset->used) {
-        const prof_t &r = preset->rail;
         snprintf(out, BENCH_PRESET_TEXT, "%s %u %u %u %u %u", type_names[r.type], r.vmin, r.vmax, r.imax, preset->mv,
                  preset->ma);
+    } else {
+        snprintf(out, BENCH_PRESET_TEXT, "%s", empty_name);
     }
     return out;
 }
 
-bench_preset_t bench_preset_parse(const char *text) {
-    char type[4];
+bool bench_preset_parse(const char *text, bench_preset_t *preset) {
+    char type[4], more;
     unsigned vmin, vmax, imax, mv, ma;
-    char more;
-    if (sscanf(text, "%3s %5u %5u %5u %5u %5u %c", type, &vmin, &vmax, &imax, &mv, &ma, &more) != 6) {
-        return {};
+    *preset = {};
+    if (strcmp(text, empty_name) == 0) {
+        return true;
+    }
+    if (sscanf(text, "%3s %5u %5u %5u %5u %5u %c", type, &vmin, &vmax, &imax, &mv, &ma, &more) != 6 ||
+        std::max({vmin, vmax, imax, mv, ma}) > UINT16_MAX) {
+        return false;
     }
     for (u16 i = 0; i <= RAIL_EPR; i++) {
         const prof_t rail = {i, (u16)vmin, (u16)vmax, (u16)imax};
-        if (strcmp(type, type_names[i]) == 0 && vmin <= GRID_MV_MAX && vmax <= GRID_MV_MAX && imax <= GRID_MA_MAX &&
-            mv <= GRID_MV_MAX && ma <= GRID_MA_MAX && grid_rail_valid(&rail) && grid_can(&rail, (u16)mv, (u16)ma)) {
-            return {true, rail, (u16)mv, (u16)ma};
+        if (strcmp(type, type_names[i]) == 0 && grid_rail_valid(&rail) && grid_can(&rail, (u16)mv, (u16)ma)) {
+            *preset = {true, rail, (u16)mv, (u16)ma};
         }
     }
-    return {};
+    return preset->used;
 }

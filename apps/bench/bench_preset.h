@@ -29,9 +29,9 @@ bool bench_preset_store(u32 n, bench_choice_t choice);
 bool bench_preset_find(u32 n, bench_choice_t *choice);
 
 // The text form, for a file: "PPS 3300 21000 5000 12000 1000" is type, lowest and highest mV and most mA of the rail,
-// and mV and mA of the preset. `out` has BENCH_PRESET_TEXT bytes; an empty preset is "". Returns `out`.
+// and mV and mA of the preset. `out` has BENCH_PRESET_TEXT bytes; an empty preset is "none". Returns `out`.
 const char *bench_preset_text(char *out, const bench_preset_t *preset);
-// Returns an empty preset for a text that is not one, or whose values its rail cannot be set to.
-bench_preset_t bench_preset_parse(const char *text);
+// Returns false for a text that is not one, or whose values its rail cannot be set to; then the preset is empty.
+bool bench_preset_parse(const char *text, bench_preset_t *preset);
 
 #endif

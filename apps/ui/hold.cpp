@@ -1,7 +1,7 @@
 // Buttons that are held: one at a time, because there is one finger. A held button keeps the finger until it has slid
 // off by more than 16 px, whatever lies beside the button. A hold counts only the time that was seen to fill: the
 // finger may have left during a stall. It acts when the finger is seen to be down at its end, so that one that has just
-// left does nothing.
+// left does nothing. A key that holds a button has no finger.
 #include "ui/ui.h"
 
 enum { SLIDE_OFF_PX = 16, FRAME_MS = 16, STALL_MS = 100, BACK_MS = 150 };
@@ -10,7 +10,8 @@ static struct {
     const ui_hold_t *now; // null: no hold runs and none returns
     zof_ctrl_t *ctrl;
     lv_timer_t *timer;
-    bool down;    // the finger is on it; otherwise the progress runs back
+    bool down;    // it is held; otherwise the progress runs back
+    bool finger;  // by a finger
     u32 progress; // ms, up to BENCH_HOLD_MS
     u64 at;       // of the last progress, or when it was given up
 } hold;
@@ -50,6 +51,13 @@ static void give_up() {
     }
 }
 
+static void finish() {
+    const ui_hold_t *now = hold.now;
+    end();
+    now->paint(0);
+    now->done();
+}
+
 static void turn(lv_timer_t *) {
     bench_tick();
     const ui_hold_t *now = hold.now;
@@ -62,16 +70,12 @@ static void turn(lv_timer_t *) {
         now->paint(left);
     } else if (bench_age() != BENCH_LIVE) {
         give_up();
+    } else if (progress() >= BENCH_HOLD_MS && !hold.finger) {
+        finish();
+        ui_paint();
     } else {
-        now->paint(progress());
+        now->paint(hold.progress);
     }
-}
-
-static void finish() {
-    const ui_hold_t *now = hold.now;
-    end();
-    now->paint(0);
-    now->done();
 }
 
 void hold_begin(zof_ctrl_t *ctrl, const ui_hold_t *what) {
@@ -80,6 +84,8 @@ void hold_begin(zof_ctrl_t *ctrl, const ui_hold_t *what) {
     hold.ctrl = ctrl;
     hold.at = bench.now;
     hold.down = true;
+    zof_touch_t touch = {};
+    hold.finger = zof_touch_get(&touch) == 0 && touch.state != ZOF_TOUCH_RELEASED;
     hold.timer = lv_timer_create(turn, FRAME_MS, nullptr);
     paint_keeps_finger((para_t *)ctrl, true);
     what->paint(0);

@@ -23,6 +23,15 @@ static std::string language() {
     return project && project->lang_name ? project->lang_name : "";
 }
 
+template <u32 N> static std::string preset_text() {
+    char text[BENCH_PRESET_TEXT];
+    return bench_preset_text(text, &bench.preset[N]);
+}
+
+template <u32 N> static bool preset_take(const char *text) {
+    return bench_preset_parse(text, &bench.preset[N]);
+}
+
 // One row per setting: its name in the file, how it is written and how it is taken.
 static constexpr struct {
     const char *name;
@@ -46,6 +55,10 @@ static constexpr struct {
      }},
     {"locked", [] { return std::string(bench.locked ? "yes" : "no"); },
      [](const char *text) { return flag_take(&bench.locked, text); }},
+    {"preset_1", preset_text<0>, preset_take<0>},
+    {"preset_2", preset_text<1>, preset_take<1>},
+    {"preset_3", preset_text<2>, preset_take<2>},
+    {"preset_4", preset_text<3>, preset_take<3>},
 };
 
 static std::string text_now() {

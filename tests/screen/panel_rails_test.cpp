@@ -4,6 +4,7 @@
 
 #include "bench_look.h"
 #include "panel_fixture.h"
+#include "ui/keep.h"
 
 enum {
     USE_X = 684,
@@ -31,8 +32,8 @@ static void live(u32 ms) {
     }
 }
 
-static void open_rails() {
-    panel_open();
+static void open_rails(const char *state_folder = "") {
+    panel_open(state_folder);
     board_ready();
     go_to(2);
     board_rails(board_default_rails(), 0);
@@ -529,7 +530,9 @@ TEST_CASE("rails: a list that is not whole shows no row, and the same list again
 }
 
 TEST_CASE("rails: presets open in the tray as if typed, and take what it shows when they are held") {
-    open_rails();
+    const std::string folder = ZOF_BUILD_DIR "/test-state";
+    std::filesystem::remove_all(folder);
+    open_rails(folder.c_str());
     screen_press(643, 164);
     live(1000);
     screen_release(643, 164);
@@ -550,6 +553,10 @@ TEST_CASE("rails: presets open in the tray as if typed, and take what it shows w
     live(1000);
     screen_release(643, 164);
     CHECK((bench.preset[0].used && shown(VIEW2_PRESET0_ID) == "12.00 V\n1.00 A"));
+    bench.preset[0] = {};
+    keep_load(); // as after a restart
+    live(100);
+    CHECK(shown(VIEW2_PRESET0_ID) == "12.00 V\n1.00 A");
     row_tap(2);
     screen_press(643, 164);
     screen_move(643, 100);

@@ -230,8 +230,9 @@ TEST_CASE("preset: keeps a rail by its numbers, and its text brings back exactly
     char text[BENCH_PRESET_TEXT], again[BENCH_PRESET_TEXT];
     CHECK(std::string(bench_preset_text(text, &bench.preset[0])) == "PPS 3300 21000 5000 12000 1000");
     for (const bench_preset_t &preset : bench.preset) {
-        const bench_preset_t parsed = bench_preset_parse(bench_preset_text(text, &preset));
-        CHECK((parsed.used == preset.used && std::string(text) == bench_preset_text(again, &parsed)));
+        bench_preset_t parsed;
+        CHECK((bench_preset_parse(bench_preset_text(text, &preset), &parsed) && parsed.used == preset.used));
+        CHECK(std::string(text) == bench_preset_text(again, &parsed));
     }
     for (const char *bad :
          {"PPS", "PPS 3300 21000 5000 12000", "PPS 3300 21000 5000 12000 1000 7", "XYZ 3300 21000 5000 12000 1000",
@@ -239,6 +240,7 @@ TEST_CASE("preset: keeps a rail by its numbers, and its text brings back exactly
           "PPS -300 21000 5000 12000 1000", "PPS 3300 99999 5000 12000 1000", "FIX 58000 58000 5000 58000 5000",
           "PPS 21000 3300 5000 12000 1000", "PPSX 3300 21000 5000 12000 1000"}) {
         CAPTURE(bad);
-        CHECK(!bench_preset_parse(bad).used);
+        bench_preset_t preset;
+        CHECK((!bench_preset_parse(bad, &preset) && !preset.used));
     }
 }

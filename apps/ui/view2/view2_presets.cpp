@@ -2,6 +2,7 @@
 // between has changed its mind: neither happens.
 #include <stdio.h>
 
+#include "ui/keep.h"
 #include "ui/view2/view2.h"
 
 static constexpr u32 chips[BENCH_PRESETS] = {VIEW2_PRESET0_ID, VIEW2_PRESET1_ID, VIEW2_PRESET2_ID, VIEW2_PRESET3_ID};
@@ -47,6 +48,7 @@ static void fill_paint(u32 ms) {
 static void hold_done() {
     if (can_store()) {
         bench_preset_store(held.chip, tray_choice());
+        keep_save();
     }
 }
 
