@@ -2,6 +2,7 @@
 #include <random>
 
 #include "panel_rails.h"
+#include "temp_project.h"
 #include "ui/keep.h"
 
 static void presets_fill() {
@@ -260,9 +261,8 @@ TEST_CASE("rails: a list that is not whole shows no row, and the same list again
 }
 
 TEST_CASE("rails: presets open in the tray as if typed, and take what it shows when they are held") {
-    const std::string folder = ZOF_BUILD_DIR "/test-state";
-    std::filesystem::remove_all(folder);
-    open_rails(folder.c_str());
+    temp_project_t state;
+    open_rails(state.folder.c_str());
     screen_press(643, 164);
     live(1000);
     screen_release(643, 164);

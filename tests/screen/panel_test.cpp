@@ -281,7 +281,7 @@ TEST_CASE("panel: its own settings are kept over a restart, and a damaged file d
     screen_click(728, 252); // the hold
     screen_click(685, 314); // Deutsch
     CHECK(file_text(file) == "language = de\nhold_to_raise = no\naverage_readings = yes\nlocked = no\n"
-                              "preset_1 = none\npreset_2 = none\npreset_3 = none\npreset_4 = none\n");
+                             "preset_1 = none\npreset_2 = none\npreset_3 = none\npreset_4 = none\n");
     bench.hold_off = false;
     CHECK(zof_lang_set("en") == 0);
     keep_load();

@@ -14,7 +14,7 @@ export DISPLAY
 
 start board "$build/tools/board_sim" --link "$work/line" --state "$work/state" --trace --no-noise
 expect "$work/board.log" "the board is at"
-start panel env -C "$build/panel" XDG_STATE_HOME="$work" ZOF_COM6="$work/line" ./zof_bench
+start panel env -C "$build/panel" ZOF_COM6="$work/line" ./zof_bench
 panel=$!
 expect "$work/panel.log" "115200 baud"
 window=$(timeout 20 xdotool search --sync --name "USB-PD bench box" | head -1)
