@@ -1,49 +1,11 @@
-// The views of the bench panel.
+// The start of the bench panel.
 #ifndef ZOF_MAIN_H
 #define ZOF_MAIN_H
 
-#include "project/base/zof_event.h"
-#include "zof_lib/zof_type.h"
+#include "ui/views.h"
+#include "zof.h"
 
 ZOF_C_BEGIN
-
-enum {
-    ZOF_NULL = 0,
-    ZOF_VIEW1_ID = 1, // output
-    ZOF_VIEW2_ID = 2, // rails
-    ZOF_VIEW3_ID = 3, // about
-    ZOF_VIEW4_ID = 4, // settings
-    ZOF_VIEW5_ID = 5, // trend
-    ZOF_VIEW_COUNT = 5
-};
-
-// Of each view: binds its controls to their event functions, runs when it is entered, runs when it is left, and paints
-// it as the model says.
-void view1_init(void);
-void view1_entry(void);
-void view1_exit(void);
-void view1_paint(void);
-void view2_init(void);
-void view2_entry(void);
-void view2_exit(void);
-void view2_paint(void);
-void view3_init(void);
-void view3_entry(void);
-void view3_exit(void);
-void view3_paint(void);
-void view4_init(void);
-void view4_entry(void);
-void view4_exit(void);
-void view4_paint(void);
-void view5_init(void);
-void view5_entry(void);
-void view5_exit(void);
-void view5_paint(void);
-
-// Gives the display the brightness that the box last said, whatever page is shown.
-void bright_apply(void);
-// Shows the rails page with a rail selected, or none if it is not in the list.
-void view2_open_rail(u8 rail);
 
 // Shows the panel and lets its model take what the link delivers; opens no port.
 void panel_start(void);

@@ -10,7 +10,7 @@
 
 #include "bench/bench.h"
 #include "ui/paint.h"
-#include "zof_main.h"
+#include "ui/views.h"
 
 enum { UI_CALM_MS = 300, UI_SLIDE_MS = 250 };
 

@@ -23,6 +23,7 @@ MAY = {
 FREE = {"zof.h", "zof_start.h", "zof_start.cpp", "zof_wiring.cpp"}      # the public header, the start and the wiring may include everything
 # The folders of a room, lowest first; above them are the files that are in none. Each may include those below it.
 FLOORS = {"project": ["base", "path", "read", "look", "view"]}
+APP_FLOORS = ["hardware", "bench", "ui"]         # of apps/, likewise
 
 C_LIBRARY = set("assert complex ctype errno fenv float inttypes iso646 limits locale math setjmp signal stdalign stdarg"
                 " stdatomic stdbool stddef stdint stdio stdlib stdnoreturn string tgmath threads time uchar wchar"
@@ -73,8 +74,14 @@ def library_fault(rel, name):
     return f"{name} is not {where}"
 
 
-def app_fault(name):
+def app_floor(path):
+    return APP_FLOORS.index(path.parts[0]) if path.parts[0] in APP_FLOORS else len(APP_FLOORS)
+
+
+def app_fault(rel, name):
     """Returns what is wrong with a file of the application including a header, or None."""
+    if (TOP / "apps" / name).exists() and app_floor(rel) < app_floor(pathlib.Path(name)):
+        return f"{rel.parts[0]} is a floor below {name}"
     if re.match(r"port/|drv/zof_[a-z]+_up", name):
         return "the application includes the port or the wiring"
     ours = is_ours(name) or (TOP / "apps" / name).exists() or name in GENERATED
@@ -91,7 +98,7 @@ for folder in "zof_src", "apps":
             if not found:
                 continue
             name = found.group(1)
-            fault = app_fault(name) if folder == "apps" else (room_fault if is_ours(name) else library_fault)(rel, name)
+            fault = app_fault(rel, name) if folder == "apps" else (room_fault if is_ours(name) else library_fault)(rel, name)
             if fault:
                 faults.append(f"{folder}/{rel}:{number}: {fault}")
 print("\n".join(faults))
