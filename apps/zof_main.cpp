@@ -15,13 +15,17 @@ const zof_view_fun_t zof_views_fun[ZOF_VIEW_COUNT] = {
 
 // What the system knows of the port, as the model takes it.
 static void port_changed(const zof_uart_info_t *info) {
-    static constexpr bench_port_e states[] = {
-        [UART_STATE_NOT_SOUGHT] = BENCH_PORT_LOOKING, [UART_STATE_OPEN] = BENCH_PORT_OPEN,
-        [UART_STATE_MISSING] = BENCH_PORT_MISSING,    [UART_STATE_NO_RIGHT] = BENCH_PORT_RIGHT,
-        [UART_STATE_HELD] = BENCH_PORT_HELD,          [UART_STATE_GONE] = BENCH_PORT_GONE,
-        [UART_STATE_ERROR] = BENCH_PORT_FAULT,
+    static constexpr struct {
+        zof_uart_state_e id;
+        bench_port_e state;
+    } rows[] = {
+        {UART_STATE_NOT_SOUGHT, BENCH_PORT_LOOKING}, {UART_STATE_OPEN, BENCH_PORT_OPEN},
+        {UART_STATE_MISSING, BENCH_PORT_MISSING},    {UART_STATE_NO_RIGHT, BENCH_PORT_RIGHT},
+        {UART_STATE_HELD, BENCH_PORT_HELD},          {UART_STATE_GONE, BENCH_PORT_GONE},
+        {UART_STATE_ERROR, BENCH_PORT_FAULT},
     };
-    bench_port_t port = {.state = info->path[0] ? states[info->state] : BENCH_PORT_UNSET, .opened = info->opened};
+    bench_port_t port = {.state = info->path[0] ? row_of(rows, info->state).state : BENCH_PORT_UNSET,
+                         .opened = info->opened};
     snprintf(port.path, sizeof(port.path), "%.*s", (int)sizeof(port.path) - 1, info->path);
     if (info->state == UART_STATE_HELD && info->holder[0]) {
         snprintf(port.who, sizeof(port.who), "%s (%u)", info->holder, info->holder_id);

@@ -8,6 +8,16 @@
 
 enum { PAINT_TEXT_SIZE = 160, PAINT_NUMBER_SIZE = 16 };
 
+// Returns the row of a table by its member `id`; the first one if there is no such row.
+template <typename T, size_t N, typename E> constexpr const T &row_of(const T (&rows)[N], E id) {
+    for (const T &row : rows) {
+        if ((u32)row.id == (u32)id) {
+            return row;
+        }
+    }
+    return rows[0];
+}
+
 // A text or a key of the languages.
 void paint_text(para_t *ctrl, const char *text);
 

@@ -100,21 +100,22 @@ static void notice_paint() {
 // The toggle: its look and words by what bench_toggle says.
 static void toggle_paint() {
     static constexpr struct {
+        bench_toggle_e id;
         u32 look;
         panel_text_e words, state;
         bool known;
     } rows[] = {
-        [BENCH_TOGGLE_UNKNOWN] = {LOOK_DEAD, TEXT_UNKNOWN, TEXT_OFF_SHORT, false},
-        [BENCH_TOGGLE_UNKNOWN_SAID] = {LOOK_DEAD, TEXT_UNKNOWN, TEXT_OFF_REQUESTED, false},
-        [BENCH_TOGGLE_ON] = {LOOK_CHOSEN, TEXT_TURN_OFF, TEXT_ON, true},
-        [BENCH_TOGGLE_TURNING_OFF] = {LOOK_CHOSEN, TEXT_TURNING_OFF, TEXT_ON, true},
-        [BENCH_TOGGLE_STILL_ON] = {LOOK_CHOSEN, TEXT_STILL_ON, TEXT_ON, true},
-        [BENCH_TOGGLE_OFF] = {0, TEXT_TURN_ON, TEXT_OFF, true},
-        [BENCH_TOGGLE_HOLD] = {0, TEXT_HOLD_FOR, TEXT_OFF, true},
-        [BENCH_TOGGLE_HOLD_UNKNOWN] = {0, TEXT_HOLD_ON, TEXT_OFF, true},
-        [BENCH_TOGGLE_TURNING_ON] = {0, TEXT_TURNING_ON, TEXT_OFF, true},
+        {BENCH_TOGGLE_UNKNOWN, LOOK_DEAD, TEXT_UNKNOWN, TEXT_OFF_SHORT, false},
+        {BENCH_TOGGLE_UNKNOWN_SAID, LOOK_DEAD, TEXT_UNKNOWN, TEXT_OFF_REQUESTED, false},
+        {BENCH_TOGGLE_ON, LOOK_CHOSEN, TEXT_TURN_OFF, TEXT_ON, true},
+        {BENCH_TOGGLE_TURNING_OFF, LOOK_CHOSEN, TEXT_TURNING_OFF, TEXT_ON, true},
+        {BENCH_TOGGLE_STILL_ON, LOOK_CHOSEN, TEXT_STILL_ON, TEXT_ON, true},
+        {BENCH_TOGGLE_OFF, 0, TEXT_TURN_ON, TEXT_OFF, true},
+        {BENCH_TOGGLE_HOLD, 0, TEXT_HOLD_FOR, TEXT_OFF, true},
+        {BENCH_TOGGLE_HOLD_UNKNOWN, 0, TEXT_HOLD_ON, TEXT_OFF, true},
+        {BENCH_TOGGLE_TURNING_ON, 0, TEXT_TURNING_ON, TEXT_OFF, true},
     };
-    const auto &row = rows[bench_toggle()];
+    const auto &row = row_of(rows, bench_toggle());
     char volts[PAINT_NUMBER_SIZE];
     paint_look(view1(VIEW1_LABEL7_ID), row.look);
     paint_words(view1(VIEW1_LABEL7_ID), row.words, number_volts(volts, bench.set.mv));

@@ -71,16 +71,17 @@ static void switch_paint(u32 id, bool on) {
 static void port_paint() {
     const bench_port_t &port = bench.port;
     static constexpr struct {
+        bench_port_e id;
         panel_text_e plain, with_who;
     } rows[] = {
-        [BENCH_PORT_OPEN] = {TEXT_PORT_SILENT, TEXT_PORT_SILENT},
-        [BENCH_PORT_UNSET] = {TEXT_PORT_UNSET, TEXT_PORT_UNSET},
-        [BENCH_PORT_LOOKING] = {TEXT_PORT_LOOKING, TEXT_PORT_LOOKING},
-        [BENCH_PORT_MISSING] = {TEXT_PORT_NONE, TEXT_PORT_NONE},
-        [BENCH_PORT_GONE] = {TEXT_PORT_GONE, TEXT_PORT_GONE},
-        [BENCH_PORT_RIGHT] = {TEXT_PORT_RIGHT_PLAIN, TEXT_PORT_RIGHT},
-        [BENCH_PORT_HELD] = {TEXT_PORT_BUSY, TEXT_PORT_BUSY_BY},
-        [BENCH_PORT_FAULT] = {TEXT_PORT_ERROR, TEXT_PORT_ERROR},
+        {BENCH_PORT_OPEN, TEXT_PORT_SILENT, TEXT_PORT_SILENT},
+        {BENCH_PORT_UNSET, TEXT_PORT_UNSET, TEXT_PORT_UNSET},
+        {BENCH_PORT_LOOKING, TEXT_PORT_LOOKING, TEXT_PORT_LOOKING},
+        {BENCH_PORT_MISSING, TEXT_PORT_NONE, TEXT_PORT_NONE},
+        {BENCH_PORT_GONE, TEXT_PORT_GONE, TEXT_PORT_GONE},
+        {BENCH_PORT_RIGHT, TEXT_PORT_RIGHT_PLAIN, TEXT_PORT_RIGHT},
+        {BENCH_PORT_HELD, TEXT_PORT_BUSY, TEXT_PORT_BUSY_BY},
+        {BENCH_PORT_FAULT, TEXT_PORT_ERROR, TEXT_PORT_ERROR},
     };
     char age[PAINT_NUMBER_SIZE];
     const u32 since = zof_sys_time_ms() - g_link.last_ms;
@@ -93,7 +94,8 @@ static void port_paint() {
     } else if (bench_live()) {
         paint_words(state, TEXT_PORT_GOOD, "115 200", age);
     } else {
-        paint_words(state, port.who[0] ? rows[port.state].with_who : rows[port.state].plain, port.path, age, port.who);
+        paint_words(state, port.who[0] ? row_of(rows, port.state).with_who : row_of(rows, port.state).plain, port.path,
+                    age, port.who);
     }
 }
 
