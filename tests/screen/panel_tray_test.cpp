@@ -56,6 +56,12 @@ TEST_CASE("rails: a slider moves only by its knob, by as much as the finger, in 
     screen_move(0, VOLTS_Y);
     CHECK(shown(VIEW2_LABEL82_ID) == "3.30 V");
     screen_release(USE_X, USE_Y); // lifted over the button
+    sdl_pointer_inject(SLIDE_X, VOLTS_Y, ZOF_TRUE);
+    sdl_pointer_inject(SLIDE_X + 60, VOLTS_Y, ZOF_TRUE); // before the panel has looked: it landed on the knob
+    screen_step(SCREEN_INPUT_MS);
+    screen_move(SLIDE_X + 122, VOLTS_Y);
+    screen_release(SLIDE_X + 122, VOLTS_Y);
+    CHECK(shown(VIEW2_LABEL82_ID) == "12.00 V");
     screen_drag(SLIDE_X + 50, AMPERES_Y, 790, AMPERES_Y, 4);
     CHECK((shown(VIEW2_LABEL83_ID) == "5.00 A" && !touchable(VIEW2_AMPERES_MORE_ID)));
     CHECK(sent().empty());

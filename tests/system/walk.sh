@@ -25,7 +25,6 @@ tap 632 340 0.8                              # Rails ›
 expect "$work/board.log" "report 36 RAIL_REQUEST = 1"
 tap 303 272 0.8                              # PPS 3.3-21.0 V
 xdotool mousemove --window "$window" 230 336 mousedown 1
-sleep 0.2
 for x in 260 290 320 352; do xdotool mousemove --window "$window" $x 336; sleep 0.1; done
 xdotool mouseup 1
 sleep 0.3

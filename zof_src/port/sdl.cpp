@@ -36,8 +36,9 @@ static u8 bright_shown = BRIGHT_FULL;              // applied by the graphics th
 // The latest state of mouse, wheel and keyboard.
 static u8 left_button_down;
 static s64 pointer_owner; // the finger that is down, or MOUSE
-static u8 press_unread;   // a press that ended before the widgets read it: they still get it once
-static s16 last_x, last_y;
+static u8 press_unread;   // a press that the widgets have not read: they get it once, where it landed, though it may
+                          // have moved on or ended
+static s16 last_x, last_y, press_x, press_y;
 static u8 wheel_state;
 static s16 wheel_diff;
 static char key_buffer[KEY_BUFFER];
@@ -155,6 +156,8 @@ static void contact_down(s64 who, s32 x, s32 y) {
     pointer_owner = who;
     press_unread = !touch_paused();
     pointer_at(x, y);
+    press_x = last_x;
+    press_y = last_y;
 }
 
 static void contact_move(s64 who, s32 x, s32 y) {
@@ -303,8 +306,8 @@ void sdl_event_handler(lv_timer_t *) {
 }
 
 void sdl_mouse_read(lv_indev_drv_t *, lv_indev_data_t *data) {
-    data->point.x = last_x;
-    data->point.y = last_y;
+    data->point.x = press_unread ? press_x : last_x;
+    data->point.y = press_unread ? press_y : last_y;
     data->state = left_button_down || press_unread ? LV_INDEV_STATE_PRESSED : LV_INDEV_STATE_RELEASED;
     press_unread = 0;
     zof_touch_event(data); // before the widgets see it
