@@ -15,6 +15,7 @@
 #include "drv/zof_drv_disp.h"
 #include "drv/zof_drv_file.h"
 #include "drv/zof_drv_gpio.h"
+#include "drv/zof_drv_lines.h"
 #include "drv/zof_drv_rtc.h"
 #include "drv/zof_drv_touch.h"
 #include "drv/zof_drv_uart.h"

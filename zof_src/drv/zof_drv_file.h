@@ -68,6 +68,12 @@ s32 zof_file_put(FILE *f, const void *data, size_t size);
 // missing.
 s32 zof_file_finish(FILE *f);
 
+// Waits until the content is on the medium, and leaves the file open. Returns 0 or -1.
+s32 zof_file_sync(FILE *f);
+
+// Cuts a file to a size, so that what a failed write has left goes. Returns 0 or -1.
+s32 zof_file_cut(FILE *f, u64 size);
+
 // Waits until the names in a folder are on the medium, as far as the system can do it.
 void zof_file_finish_folder(const char *path);
 

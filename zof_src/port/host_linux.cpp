@@ -25,9 +25,10 @@ struct zof_dir {
 // The test's clock, or null for the host's own; read by all threads.
 static std::atomic<const zof_clock_t *> g_clock{nullptr};
 
-// Makes a write to a pipe without a reader fail instead of ending the process.
+// Makes a write to a pipe without a reader, or beyond the largest size of a file, fail instead of ending the process.
 void zof_system_start(void) {
     signal(SIGPIPE, SIG_IGN);
+    signal(SIGXFSZ, SIG_IGN);
 }
 
 const char *zof_system_get_name(void) {

@@ -150,6 +150,11 @@ s32 zof_host_file_sync(FILE *f) {
     return fflush(f) == 0 && fsync(fileno(f)) == 0 ? 0 : -1;
 }
 
+// The next write follows at the new end.
+s32 zof_host_file_cut(FILE *f, u64 size) {
+    return ftruncate(fileno(f), (off_t)size) == 0 && fseek(f, (long)size, SEEK_SET) == 0 ? 0 : -1;
+}
+
 void zof_host_folder_sync(const char *path) {
     const int fd = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd >= 0) {

@@ -178,6 +178,14 @@ s32 zof_file_finish(FILE *f) {
     return good && closed ? 0 : -1;
 }
 
+s32 zof_file_sync(FILE *f) {
+    return f && !fails("sync", nullptr) ? zof_host_file_sync(f) : -1;
+}
+
+s32 zof_file_cut(FILE *f, u64 size) {
+    return f ? zof_host_file_cut(f, size) : -1;
+}
+
 void zof_file_finish_folder(const char *path) {
     if (path && !fails("sync", path)) {
         zof_host_folder_sync(path);

@@ -40,6 +40,7 @@ u32 zof_host_process_id(void);
 zof_bool zof_host_process_runs(u32 id); // the calling process counts as running
 s32 zof_host_folder_lock(const char *path, char *holder, size_t size);
 s32 zof_host_file_sync(FILE *f);
+s32 zof_host_file_cut(FILE *f, u64 size);
 void zof_host_folder_sync(const char *path);
 s32 zof_host_exchange(const char *a, const char *b);
 s32 zof_host_remove(const char *path);
