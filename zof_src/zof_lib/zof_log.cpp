@@ -14,6 +14,11 @@ namespace {
 enum { SHORT_MESSAGE = 512 };
 
 std::mutex print; // keeps lines whole
+bool to_errors;   // in place of the standard output; set before threads start
+
+FILE *out() {
+    return to_errors ? stderr : stdout;
+}
 
 // Returns the bytes of the control character at this place, 0 for any other character: ASCII ones, and those of two
 // bytes in UTF-8.
@@ -46,16 +51,16 @@ char unused_control(const char *text) {
 void escaped_print(const char *text, char line_end) {
     while (*text) {
         if (line_end && *text == line_end) {
-            std::putchar('\n');
+            std::fputc('\n', out());
             text++;
             continue;
         }
         size_t size = control_size(text);
         if (!size) {
-            std::putchar(*text++);
+            std::fputc(*text++, out());
         }
         for (; size > 0; size--) {
-            std::printf("\\x%02x", (u8)(*text++));
+            std::fprintf(out(), "\\x%02x", (u8)(*text++));
         }
     }
 }
@@ -75,6 +80,10 @@ void mixed_print(char *text, size_t room, const char *fmt, va_list args) {
 }
 
 } // namespace
+
+void zof_printf_to_errors(void) {
+    to_errors = true;
+}
 
 s32 zof_printf(const char *fmt, ...) {
     if (!fmt) {
@@ -96,15 +105,15 @@ s32 zof_printf(const char *fmt, ...) {
     }
     std::lock_guard<std::mutex> guard(print);
     if (!text) {
-        std::printf("%s... (cut, no memory)", brief);
+        std::fprintf(out(), "%s... (cut, no memory)", brief);
     } else if (count >= 0 && controls_count(text) == controls_count(fmt)) {
-        std::fputs(text, stdout);
+        std::fputs(text, out());
     } else if (count >= 0) {
         mixed_print(text, room, fmt, again);
     }
     va_end(again);
-    std::putchar('\n');
-    std::fflush(stdout);
+    std::fputc('\n', out());
+    std::fflush(out());
     if (text != brief) {
         std::free(text);
     }

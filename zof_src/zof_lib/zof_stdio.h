@@ -18,6 +18,9 @@ ZOF_C_BEGIN
 // for null.
 s32 zof_printf(const char *fmt, ...) ZOF_PRINTF_LIKE(1, 2);
 
+// Prints to the error stream from now on, for a program whose standard output is data. Before any thread starts.
+void zof_printf_to_errors(void);
+
 // The runtime's family: memory is zeroed, also what zof_realloc adds. Returns null for 0 and for a size that no block
 // can have. A failed zof_realloc leaves the old block; zof_realloc(p, 0) releases it and returns null. Blocks are
 // aligned to 16 bytes. Null may be released.
