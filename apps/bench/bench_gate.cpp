@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "bench/bench.h"
+#include "bench/bench_session.h"
 #include "hardware/uart/zof_hw_uart.h"
 #include "zof.h"
 
@@ -265,6 +266,7 @@ bool bench_session_reset(void) {
     bench.base_mwh = 0;
     bench.reset_at = bench.now;
     bench.undo = true;
+    session_reset();
     bench_gate_send(REG_SESS_RESET, 1);
     return true;
 }
@@ -275,6 +277,7 @@ bool bench_session_undo(void) {
         return false;
     }
     bench.undo = false;
+    session_undo();
     bench.base_mwh = bench.undo_base + (bench.mwh < bench.undo_mwh ? bench.undo_mwh : 0);
     return true;
 }

@@ -2,6 +2,8 @@
 #include <string.h>
 
 #include "bench/bench.h"
+#include "bench/bench_record.h"
+#include "bench/bench_trend.h"
 #include "zof.h"
 
 bench_t bench;
@@ -54,6 +56,9 @@ static void eye_take(eye_t &eye, u16 value) {
 void bench_start(void) {
     bench = {.port = {.state = BENCH_PORT_LOOKING}, .dead = true, .rail = RAIL_NONE};
     memset(eyes, 0, sizeof(eyes));
+    if (!trend_stopped()) { // a recording that is shown stays
+        trend_clear();
+    }
     now_set();
 }
 
@@ -109,6 +114,7 @@ bool bench_energy(u64 *mwh) {
 
 // The box was silent for too long: nothing that it said before holds any more.
 static void lost() {
+    trend_gap();
     bench.dead = true;
     bench.mv_known = bench.ma_known = bench.dw_known = bench.out_known = false;
     bench.mwh_known = 0;
@@ -219,6 +225,7 @@ static void reading(u16 addr, u16 value) {
     bench.*row.value = value;
     bench.*row.known = true;
     eye_take(eyes[addr - REG_LIVE_MV], value);
+    trend_take(addr, value);
 }
 
 void bench_take(u16 addr, u16 value) {
@@ -265,13 +272,13 @@ void bench_take_port(const bench_port_t *port) {
     now_set();
     const bool opened =
         port->state == BENCH_PORT_OPEN && (bench.port.state != BENCH_PORT_OPEN || bench.port.opened != port->opened);
-    if (!bench.dead && (opened || port->state != BENCH_PORT_OPEN)) {
-        lost();
-    }
     if (port->state != bench.port.state) {
         bench.port_at = bench.now;
     }
     bench.port = *port;
+    if (!bench.dead && (opened || port->state != BENCH_PORT_OPEN)) {
+        lost();
+    }
     if (opened) {
         if (bench.off_wanted) {
             bench_off();
@@ -289,4 +296,5 @@ void bench_tick(void) {
     settings_tick();
     bench_rails_tick();
     bench_gate_tick();
+    record_tick();
 }

@@ -46,6 +46,15 @@ def registers():
     seeds("register_link", files, [b"\x5A\xA5", b"\x5A\xA5\x05\x82", b"\x5A\xA5\x04\x83", *every])
 
 
+def recordings():
+    head = "Time,Voltage (V),Current (A),Power (W),Set voltage (V),Set current (A),Output,Rail,Current limit,Link,Note\r\n"
+    day = "2026-11-22T01:38:"
+    lines = [f"{day}{n // 10:02}.{n % 10}00+01:00,12.0{n % 10}0,0.865,10.4,12.000,1.000,on,PPS 3.30-21.00 V,no,live,\r\n" for n in range(70)]
+    files = {"run": head + "".join(lines), "silence": head + lines[0] + f'{day}20.000+01:00,,,,,,,,,held,"a ""b"""\r\n' + day + "30.1Z,1,2\r\n",
+             "other": "\ufeffCurrent (A),Time,Voltage (V)\n1,2026-11-22T00:00:00Z,5\n2,9999-12-31T23:59:60-14:00,6\n2,1970"}
+    seeds("import", {name: text.encode() for name, text in files.items()}, [b"\r\n", b"Time,", b"Voltage (V),", b"Current (A)", b"+01:00", b'"'])
+
+
 def hmi(flags, *counted):
     return b"".join(bytes([flags, len(one)]) + one for one in counted)
 
@@ -196,6 +205,7 @@ def media(folder):
 
 if __name__ == "__main__":
     registers()
+    recordings()
     hosts()
     firmware()
     scripts()

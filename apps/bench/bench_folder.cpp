@@ -1,0 +1,59 @@
+#include "bench/bench_folder.h"
+
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include "zof.h"
+
+static const char *variable(const char *name) {
+    const char *value = getenv(name);
+    return value ? value : "";
+}
+
+// Takes a path that is a folder, also through links.
+static bool folder_take(char *out, size_t size, const char *path, const char *more) {
+    const int n = snprintf(out, size, "%s%s/", path, more);
+    if (path[0] != '/' || n < 0 || (size_t)n >= size || zof_file_kind(out) != ZOF_FILE_FOLDER) {
+        return false;
+    }
+    out[n - 1] = '\0';
+    return true;
+}
+
+// A line of the user's configuration: XDG_DOCUMENTS_DIR="$HOME/Documents", or a path from the root.
+static bool line_take(char *out, size_t size, char *line) {
+    static constexpr char KEY[] = "XDG_DOCUMENTS_DIR=\"", HOME[] = "$HOME";
+    char *end = strrchr(line, '"');
+    if (strncmp(line, KEY, sizeof(KEY) - 1) != 0 || end < line + sizeof(KEY) - 1) {
+        return false;
+    }
+    *end = '\0';
+    const char *path = line + sizeof(KEY) - 1;
+    const bool home = strncmp(path, HOME, sizeof(HOME) - 1) == 0;
+    return home ? folder_take(out, size, variable("HOME"), path + sizeof(HOME) - 1) : folder_take(out, size, path, "");
+}
+
+static bool configured(char *out, size_t size) {
+    char path[512], line[512];
+    const char *config = variable("XDG_CONFIG_HOME");
+    const bool own = config[0] == '/';
+    const int n =
+        snprintf(path, sizeof(path), "%s%s/user-dirs.dirs", own ? config : variable("HOME"), own ? "" : "/.config");
+    FILE *f = n >= 0 && (size_t)n < sizeof(path) ? zof_file_read_open(path) : nullptr;
+    bool found = false;
+    while (f && !found && fgets(line, sizeof(line), f)) {
+        found = line_take(out, size, line);
+    }
+    if (f) {
+        fclose(f);
+    }
+    return found;
+}
+
+void folder_documents(char *out, size_t size) {
+    if (!folder_take(out, size, variable("XDG_DOCUMENTS_DIR"), "") && !configured(out, size) &&
+        !folder_take(out, size, variable("HOME"), "/Documents") && !folder_take(out, size, variable("HOME"), "")) {
+        snprintf(out, size, ".");
+    }
+}
