@@ -1,4 +1,5 @@
-// usage: zof_measure redraw|load|link|hmi|controls|video|start|bare   rows of a table: what, ours, reference, ratio
+// usage: zof_measure redraw|load|link|hmi|controls|video|trend|start|bare   rows of a table: what, ours, reference,
+// ratio
 //        zof_measure ours|plain VIEW                  one full redraw, for an instruction counter
 #include "measure.h"
 
@@ -32,6 +33,7 @@ int main(int argc, char **argv) {
         {"hmi", measure_hmi},
         {"controls", measure_controls},
         {"video", measure_video},
+        {"trend", measure_trend},
         {"start", [] { measure_start(false); }},
         {"bare", [] { measure_start(true); }},
     };
@@ -46,6 +48,6 @@ int main(int argc, char **argv) {
         measure_count((u32)atoi(argv[2]), strcmp(argv[1], "plain") == 0);
         _exit(0);
     }
-    fprintf(stderr, "usage: zof_measure redraw|load|link|hmi|controls|video|start|bare\n");
+    fprintf(stderr, "usage: zof_measure redraw|load|link|hmi|controls|video|trend|start|bare\n");
     return 2;
 }

@@ -34,5 +34,6 @@ void measure_link();
 void measure_hmi();
 void measure_controls();
 void measure_video();
+void measure_trend();
 
 #endif

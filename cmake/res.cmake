@@ -12,7 +12,7 @@ set(res_test ${PROJECT_BINARY_DIR}/test-panel)
 file(GLOB res_layout CONFIGURE_DEPENDS ${res_make}/panel.py ${res_make}/layout.py ${res_make}/page_*.py)
 
 set(fonts bench-num.ttf bench-rail.ttf bench-text.ttf bench-bold.ttf bench-num-112.bin bench-num-56.bin bench-num-36.bin bench-num-26.bin)
-set(pictures dial.png mark.png lock.png lock_grey.png logo.png logo_small.png)
+set(pictures dial.png mark.png set_now.png lock.png lock_grey.png logo.png logo_small.png)
 list(TRANSFORM fonts PREPEND ${ZOF_BENCH_STAGE}/res/font/)
 list(TRANSFORM pictures PREPEND ${ZOF_BENCH_STAGE}/res/image/)
 

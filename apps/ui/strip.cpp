@@ -1,4 +1,5 @@
 // The strip: the live output on all pages but Output, with a button that turns it off.
+#include "bench/bench_record.h"
 #include "bench_ids.h"
 #include "ui/ui.h"
 
@@ -64,6 +65,7 @@ void strip_paint(u32 view) {
     paint_shown(at(VIEW2_STRIP_TURN_OFF_ID), !known || bench.on);
     paint_look(at(VIEW2_STRIP_TURN_OFF_ID), known ? 0 : LOOK_DEAD);
     paint_shown(at(VIEW2_STRIP_REMOTE_ID), bench.remote[0] != '\0');
+    paint_shown(at(VIEW2_STRIP_RECORDING_ID), record_runs());
     paint_shown(at(VIEW2_STRIP_LIMIT_ID), bench.limit && !bench.remote[0]);
     const bool dead = bench_age() == BENCH_DEAD;
     const bool locked = bench_locked_note();

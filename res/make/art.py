@@ -61,6 +61,13 @@ def mark(width=6, height=22):
     save(Image.new("RGBA", (width, height), (*AMBER, 255)), "mark.png")
 
 
+def set_now(width=9, height=12):
+    """The sign beside a pane of the trend, at what is set now."""
+    im = Image.new("RGBA", (width * S, height * S), (*AMBER, 0))
+    ImageDraw.Draw(im).polygon([(0, height * S / 2), (width * S, 0), (width * S, height * S)], fill=(*AMBER, 255))
+    save(im.resize((width, height), Image.LANCZOS), "set_now.png")
+
+
 def lock(name, ink, size=20):
     """The sign of the locked panel."""
     im = Image.new("RGBA", (size * S, size * S), (*ink, 0))
@@ -91,6 +98,7 @@ def logo(name, size):
 if __name__ == "__main__":
     dial()
     mark()
+    set_now()
     lock("lock.png", WHITE)
     lock("lock_grey.png", GREY)
     logo("logo.png", 160)

@@ -9,7 +9,7 @@ import sys
 import panel as P
 
 OUT, APP_VER, COMP_TIME = sys.argv[1:4]
-TYPES = {"label": 0, "container": 2, "arc": 5, "slider": 7, "switch": 8, "image": 19}
+TYPES = {"label": 0, "container": 2, "arc": 5, "slider": 7, "switch": 8, "chart": 16, "image": 19}
 MAIN, INDICATOR, KNOB = 0, 0x020000, 0x030000
 CHECKED, PRESSED = 0x01, 0x20
 WRAP, CLIP = 0, 4
@@ -126,7 +126,12 @@ def switch(c):
                        style(body(P.WHITE, radius=FULL, pad=(-4, -5, -4, -4)), part=KNOB)]}
 
 
-PROPERTY = {"label": label, "container": container, "image": image, "arc": arc, "slider": slider, "switch": switch}
+def chart(c):
+    """Only the ground: the panel's code draws the rest."""
+    return {"dis_type_e": 1, "point_cnt": 1, "divline_hdiv": 0, "divline_vdiv": 0, "styles": [style(body(c["bg"]))]}
+
+
+PROPERTY = {"label": label, "container": container, "image": image, "arc": arc, "slider": slider, "switch": switch, "chart": chart}
 
 
 def pub(c, parent):

@@ -1,0 +1,38 @@
+// What the parts of the Trend page share.
+#ifndef TREND_PAGE_H
+#define TREND_PAGE_H
+
+#include "bench/bench_trend.h"
+#include "ui/ui.h"
+
+enum { TREND_SPANS = 5, TREND_SESSION = 4, TREND_PARTS = 6, TREND_TEXT = 40 };
+
+struct trend_span_t {
+    u64 ms;
+    u8 parts;                       // of its axis
+    const char *words[TREND_PARTS]; // at the beginning of each part
+};
+extern const trend_span_t trend_spans[TREND_SESSION]; // without the session
+
+struct trend_page_t {
+    u32 span = 1;
+    bool watts; // in place of amperes
+    bool cursor;
+    u64 cursor_at;
+    u64 from, to; // what the panes show; the last column is that of the present
+    u64 width;    // of a column
+};
+extern trend_page_t trend_page;
+
+inline para_t *view5(u32 id) {
+    return zof_ctrl_get_form_id(ZOF_VIEW5_ID, id);
+}
+
+trend_what_e trend_low_what(); // the lower pane's
+u64 trend_session_ms();
+u8 trend_parts();
+
+// Paints the numbers at the right; `at` is the report at the cursor, or null.
+void trend_numbers_paint(const trend_point_t *at);
+
+#endif

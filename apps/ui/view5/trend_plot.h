@@ -1,0 +1,30 @@
+// A pane of the trend: grid, gaps, the line of the set values, and the trace, drawn on a chart control. A series of the
+// chart has a single value for each column, and one width with all others; two points a column would take three times
+// as long. Here a column of the trace is two pixels wide and goes from its least to its greatest value, and from where
+// the one before it ended.
+#ifndef TREND_PLOT_H
+#define TREND_PLOT_H
+
+#include "bench/bench_trend.h"
+#include "zof.h"
+
+enum { PLOT_COLUMNS = 250, PLOT_COLUMN_PX = 2, PLOT_WIDTH = PLOT_COLUMNS * PLOT_COLUMN_PX };
+enum { PLOT_UNIT = 16, PLOT_NONE = INT16_MIN }; // of a pixel; no value
+
+// What a pane shows. Heights are from its top.
+struct plot_t {
+    s16 top[PLOT_COLUMNS], bottom[PLOT_COLUMNS]; // of the trace, in 1/PLOT_UNIT pixels
+    s16 set[PLOT_COLUMNS];                       // row of the set value
+    bool gap[PLOT_COLUMNS];
+    u8 rows, parts; // of the grid
+    s16 height;
+};
+
+// Height of a value in a pane, in 1/PLOT_UNIT pixels.
+s16 plot_height(u32 value, u32 full, s16 height);
+// Fills a pane. `set` chooses the set value of a column that has one; null: none.
+void plot_fill(plot_t *plot, const trend_column_t *columns, trend_what_e what, u32 full, u16 trend_column_t::*set);
+// Lets a chart draw `shown`, which must stay; a new picture is drawn where it differs.
+void plot_show(para_t *chart, plot_t *shown, const plot_t *next);
+
+#endif
