@@ -1,18 +1,22 @@
 #include "zof_args.h"
 
 #include <CLI/CLI.hpp>
+#include <stdlib.h>
 #include <string.h>
 
 #include <string>
 
+#include "bench/bench_import.h"
+#include "bench/bench_record.h"
 #include "hardware/uart/zof_hw_port.h"
 #include "hardware/uart/zof_hw_replay.h"
 
-enum { STATUS_START = -1, STATUS_DONE = 0, STATUS_WRONG = 2 };
+enum { STATUS_START = -1, STATUS_DONE = 0, STATUS_WRONG = 2, STATUS_LOG = 4, LOG_CHECK_MS = 200 };
 
 static struct {
     std::string port, replay; // lives as long as the replay, which keeps its file's name
     bool list = false, full = false;
+    std::string record, log, import;
 } args;
 
 static const char footer[] =
@@ -25,7 +29,7 @@ static const char footer[] =
     "  ZOF_STATE=FOLDER         where the size of the window is kept; empty: nowhere\n\n"
     "Key F11: full screen, and back\n\n"
     "Exit status: 0 the window was closed, or what was asked for is printed; 1 no project to show;\n"
-    "2 wrong arguments, or a fault in a session; 3 no memory.\n";
+    "2 wrong arguments, or a fault in a session; 3 no memory; 4 the file of --log cannot be written.\n";
 
 static void options_add(CLI::App &app) {
     app.set_help_flag("-h,--help", "print this help");
@@ -38,6 +42,38 @@ static void options_add(CLI::App &app) {
     app.add_option("--replay", args.replay, "show a trace of ZOF_LINK_TRACE as if a box sent it; no port is opened")
         ->type_name("FILE")
         ->excludes(port);
+    app.add_option("--record", args.record, "the folder of recordings and pictures; else the user's documents")
+        ->type_name("DIR")
+        ->check(CLI::ExistingDirectory);
+    auto *import = app.add_option("--import", args.import, "show a recording in the Trend page");
+    import->type_name("FILE");
+    app.add_option("--log", args.log, "record to a new file, or to the standard output, without a window")
+        ->type_name("FILE|-")
+        ->excludes(import);
+}
+
+// A recording without a window. The program's own messages go to the error stream.
+static int log_prepare() {
+    if (args.log != "-" && zof_file_kind(args.log.c_str()) != ZOF_FILE_NONE) {
+        fprintf(stderr, "--log: %s exists\n", args.log.c_str());
+        return STATUS_WRONG;
+    }
+    setenv("SDL_VIDEODRIVER", "offscreen", 1); // NOLINT(concurrency-mt-unsafe): no other thread runs yet
+    zof_printf_to_errors();
+    return STATUS_START;
+}
+
+static void log_check(lv_timer_t *) {
+    if (!record_runs()) { // the reason is logged
+        _Exit(STATUS_LOG);
+    }
+}
+
+void zof_args_begin(void) {
+    if (!args.log.empty()) {
+        record_log(args.log.c_str());
+        lv_timer_create(log_check, LOG_CHECK_MS, nullptr);
+    }
 }
 
 static int args_apply(const CLI::App &app) {
@@ -49,6 +85,13 @@ static int args_apply(const CLI::App &app) {
         zof_disp_set_fullscreen(ZOF_TRUE);
     }
     if (app.count("--replay") && zof_replay_open(args.replay.c_str()) != 0) {
+        return STATUS_WRONG;
+    }
+    if (app.count("--record")) {
+        record_folder_set(args.record.c_str());
+    }
+    if ((app.count("--import") && import_file(args.import.c_str()) < 0) ||
+        (app.count("--log") && log_prepare() == STATUS_WRONG)) {
         return STATUS_WRONG;
     }
     return app.count("--port") && zof_box_port_set(args.port.c_str()) != 0 ? STATUS_WRONG : STATUS_START;

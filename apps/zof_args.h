@@ -7,4 +7,7 @@
 // on the error stream.
 int zof_args_take(int *argc, char **argv);
 
+// Starts what the command line asked for, once the panel runs. Graphics thread, from zof_main.
+void zof_args_begin(void);
+
 #endif

@@ -3,8 +3,10 @@
 
 #include "zof.h"
 
+#include "bench/bench_trend.h"
 #include "hardware/uart/zof_hw_uart.h"
 #include "ui/ui.h"
+#include "zof_args.h"
 #include "zof_main.h"
 
 const zof_view_fun_t zof_views_fun[ZOF_VIEW_COUNT] = {
@@ -45,10 +47,14 @@ void panel_start(void) {
     zof_hw_client_set(&client);
     zof_link_on_change(port_changed);
     ui_start();
+    if (trend_stopped()) {
+        ui_tab_to(ZOF_VIEW5_ID);
+    }
 }
 
 void zof_main(void) {
     panel_start();
+    zof_args_begin();
     zof_hw_init();
     zof_func_schedule(); // new data from a card or a USB disk, in the first minute
 }

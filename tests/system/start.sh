@@ -30,7 +30,9 @@ for word in -h --help; do
     ends 0 "$gallery" $word
     for part in "usage: $gallery" --version "ZOF_COM<P>" ZOF_SCRIPT; do says "$part"; done
     ends 0 "$build/panel/zof_bench" $word
-    for part in "--port PATH|auto" --list-ports "--replay FILE" --fullscreen F11 ZOF_LINK_TRACE "Exit status: 0"; do says "$part"; done
+    for part in "--port PATH|auto" --list-ports "--replay FILE" "--log FILE|-" --fullscreen F11 ZOF_LINK_TRACE "Exit status: 0"; do
+        says "$part"
+    done
 done
 for program in "$gallery" "$build/panel/zof_bench"; do
     ends 0 "$program" --version
@@ -49,6 +51,9 @@ wrong --port "--port: "
 wrong "--port $(printf %0300d 0)" "too long"
 wrong "--replay /nowhere" "/nowhere: No such file"
 wrong "--replay / --port auto" "excludes"
+wrong "--record /nowhere" "does not exist"
+wrong "--import /nowhere" "/nowhere: No such file"
+wrong "--log $work/out.log" "exists"
 
 project '{"version": "1"}'
 ends 0 "$build/panel/zof_bench" t -tnow
