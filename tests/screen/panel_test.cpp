@@ -299,6 +299,23 @@ static void key(u32 code, bool down = true) {
     screen_step(20);
 }
 
+TEST_CASE("panel: a second finger counts for off alone") {
+    open_running();
+    go_to(4);
+    running();
+    live(400);
+    screen_press(20, 300);
+    zof_touch_landed(700, 190); // a switch
+    CHECK(sent().empty());
+    zof_touch_landed(704, 26);
+    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
+    board_write(REG_OUT_STATE, {0});
+    screen_step(700);
+    zof_touch_landed(704, 26);
+    CHECK(sent().empty());
+    screen_release(20, 300);
+}
+
 TEST_CASE("panel: keys show pages, turn on and off, and lock") {
     open_running();
     key(27);
