@@ -10,13 +10,15 @@
 #include "bench/bench_record.h"
 #include "hardware/uart/zof_hw_port.h"
 #include "hardware/uart/zof_hw_replay.h"
+#include "net/net_scpi.h"
+#include "zof.h"
 
 enum { STATUS_START = -1, STATUS_DONE = 0, STATUS_WRONG = 2, STATUS_LOG = 4, LOG_CHECK_MS = 200 };
 
 static struct {
     std::string port, replay; // lives as long as the replay, which keeps its file's name
-    bool list = false, full = false;
-    std::string record, log, import;
+    bool list = false, full = false, headless = false;
+    std::string record, log, import, scpi;
 } args;
 
 static const char footer[] =
@@ -50,6 +52,10 @@ static void options_add(CLI::App &app) {
     app.add_option("--log", args.log, "record to a new file, or to the standard output, without a window")
         ->type_name("FILE|-")
         ->excludes(import);
+    app.add_option("--scpi", args.scpi,
+                   "let programs measure and set by SCPI; without ADDRESS only those of this machine")
+        ->type_name("[ADDRESS:]PORT");
+    app.add_flag("--headless", args.headless, "show no window; needs no display");
 }
 
 // A recording without a window. The program's own messages go to the error stream.
@@ -58,7 +64,7 @@ static int log_prepare() {
         fprintf(stderr, "--log: %s exists\n", args.log.c_str());
         return STATUS_WRONG;
     }
-    setenv("SDL_VIDEODRIVER", "offscreen", 1); // NOLINT(concurrency-mt-unsafe): no other thread runs yet
+    zof_disp_headless();
     zof_printf_to_errors();
     return STATUS_START;
 }
@@ -84,6 +90,9 @@ static int args_apply(const CLI::App &app) {
     if (args.full) {
         zof_disp_set_fullscreen(ZOF_TRUE);
     }
+    if (args.headless) {
+        zof_disp_headless();
+    }
     if (app.count("--replay") && zof_replay_open(args.replay.c_str()) != 0) {
         return STATUS_WRONG;
     }
@@ -92,6 +101,9 @@ static int args_apply(const CLI::App &app) {
     }
     if ((app.count("--import") && import_file(args.import.c_str()) < 0) ||
         (app.count("--log") && log_prepare() == STATUS_WRONG)) {
+        return STATUS_WRONG;
+    }
+    if (app.count("--scpi") && net_scpi_listen(args.scpi.c_str()) != 0) { // after --log, which moves messages
         return STATUS_WRONG;
     }
     return app.count("--port") && zof_box_port_set(args.port.c_str()) != 0 ? STATUS_WRONG : STATUS_START;

@@ -5,6 +5,7 @@
 
 #include "bench/bench_trend.h"
 #include "hardware/uart/zof_hw_uart.h"
+#include "net/net_scpi.h"
 #include "ui/ui.h"
 #include "zof_args.h"
 #include "zof_main.h"
@@ -56,5 +57,6 @@ void zof_main(void) {
     panel_start();
     zof_args_begin();
     zof_hw_init();
+    net_scpi_start();
     zof_func_schedule(); // new data from a card or a USB disk, in the first minute
 }

@@ -8,6 +8,7 @@ from __future__ import annotations
 import contextlib
 import json
 import os
+import re
 import shutil
 import signal
 import subprocess
@@ -29,12 +30,13 @@ class BenchPanel:
     FOLDER, PROGRAM, PORT = "panel", "zof_bench", 5
 
     def __init__(self, build: str, script: str = "wait 1\n", board: bool = False, hmi: dict[str, int] | None = None,
-                 window: bool = False) -> None:
+                 window: bool = False, arguments: list[str] | None = None) -> None:
         self.build = Path(build).resolve()
         self.line = PacedLine()
         self.moves: list[float] = []
         self.log: list[str] = []
         self._window = window
+        self._arguments = arguments or []
         self._folder = tempfile.TemporaryDirectory()
         self._top = Path(self._folder.name)
         self.project = self._top / "res"
@@ -49,7 +51,7 @@ class BenchPanel:
         """May be called again after `stop`, like a panel that is switched off and on."""
         hidden = {} if self._window else {"SDL_VIDEODRIVER": "offscreen", "SDL_AUDIODRIVER": "dummy"}
         env = {**os.environ, "XDG_STATE_HOME": str(self._top), "ZOF_SCRIPT": "session", "ZOF_COM6": "board", f"ZOF_COM{self.PORT}": self.line.panel, **hidden}
-        self.panel = subprocess.Popen([self.build / self.FOLDER / self.PROGRAM], cwd=self._top, env=env,
+        self.panel = subprocess.Popen([self.build / self.FOLDER / self.PROGRAM, *self._arguments], cwd=self._top, env=env,
                                        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         self._logger = threading.Thread(target=self._read_log, daemon=True)
         self._logger.start()
@@ -63,6 +65,16 @@ class BenchPanel:
         self.panel.stdout.close()
         if ended or any("Sanitizer" in line or "runtime error" in line for line in self.log):
             raise AssertionError("the panel has failed:\n" + "".join(self.log[-80:]))
+
+    def wait_log(self, pattern: str, seconds: float = 60) -> re.Match[str]:
+        """Returns the first line of the log in which the pattern is found."""
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            for line in list(self.log):
+                if found := re.search(pattern, line):
+                    return found
+            time.sleep(0.02)
+        raise AssertionError(f"no {pattern} in the log:\n" + "".join(self.log[-40:]))
 
     def open(self, **more) -> Panel:
         """Answers may take long under sanitizers."""

@@ -113,6 +113,26 @@ def scripts():
           [f" {step}\n".encode() for step in steps + ["quit", "fault flood", "fault replug"]] + [b"1e308", b"#", b"="])
 
 
+def scpi():
+    """Lines of clients, with what happens to box and panel between them, as in scpi_fuzz.cpp."""
+    second, deaf, mute, local, bad, leave, long = 128, 1, 2, 4, 8, 16, 224
+    rows = re.findall(r'^    \{"(.*?)(?:" LEVEL(?: ")?(.*?))?",', (ROOT / "apps/bench/bench_scpi_rows.cpp").read_text(), re.M)
+    names = [re.sub(r"\[.*?\]", "", name + tail) for name, tail in rows]
+    sets = ["VOLT 9;*OPC?", "CURR 1.5;:OUTP ON;*OPC", "APPL 12.02,3;VOLT? MAX", "SYST:RAIL 11,15.1 V,3250mA", "OUTP OFF;*WAI",
+            "VOLT 9.01;:OUTP 1;:SYST:ERR?", "SYST:REM;LOC", "*ESE 255;*SRE 255;*STB?", "VOLT \"a;b\", 'c", "SOUR1:VOLT:LEV MIN"]
+
+    def said(text, who=0):
+        return b"".join(bytes([who | len(part)]) + part for part in (
+            (text + "\n").encode()[at:at + 127] for at in range(0, len(text) + 1, 127)))
+    files = {f"set_{n}": said(text) + bytes([0, 0]) + said("SYST:RAIL:SEL?;:SYST:ERR?") for n, text in enumerate(sets)}
+    files |= {f"happens_{what}": said(sets[1]) + bytes([0, what]) + said(sets[0]) + said(sets[2], second) + bytes([0, 0, 0, 0])
+              + said("OUTP ON") for what in (deaf, mute, local, bad, leave, mute | long, bad | long)}
+    files["all"] = b"".join(said(name) for name in names)
+    files["long"] = said("*IDN?;" * 200)
+    seeds("scpi", files, [name.encode() for name in names] + [b";", b":", b"?", b"\n", b"MAX", b"MIN", b"DEF", b" 9 V", b",1e3 mA",
+                                                              b"ON", b"OFF", b"\"", b"'"])
+
+
 def example(tables, name, depth=0):
     """A record with every key of its table."""
     out = {}
@@ -209,6 +229,7 @@ if __name__ == "__main__":
     hosts()
     firmware()
     scripts()
+    scpi()
     project_files()
     fonts = {f"bpp_{bpp}": b"\0" + font(bpp) for bpp in (1, 2, 3, 4, 8)} | {"count": b"\0" + font(8, count=900)}
     with tempfile.TemporaryDirectory() as scratch:

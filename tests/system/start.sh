@@ -30,7 +30,8 @@ for word in -h --help; do
     ends 0 "$gallery" $word
     for part in "usage: $gallery" --version "ZOF_COM<P>" ZOF_SCRIPT; do says "$part"; done
     ends 0 "$build/panel/zof_bench" $word
-    for part in "--port PATH|auto" --list-ports "--replay FILE" "--log FILE|-" --fullscreen F11 ZOF_LINK_TRACE "Exit status: 0"; do
+    for part in "--port PATH|auto" --list-ports "--replay FILE" "--log FILE|-" --fullscreen "--scpi [ADDRESS:]PORT" --headless F11 \
+        ZOF_LINK_TRACE "Exit status: 0"; do
         says "$part"
     done
 done
@@ -49,6 +50,8 @@ wrong "x y" "not expected: "
 wrong t "not expected: t"
 wrong --port "--port: "
 wrong "--port $(printf %0300d 0)" "too long"
+for address in 5025x 65536 host:1 1.2.3.4:; do wrong "--scpi=$address" "not [ADDRESS:]PORT"; done
+wrong "--scpi 192.0.2.1:5025" "--scpi 192.0.2.1:5025: "
 wrong "--replay /nowhere" "/nowhere: No such file"
 wrong "--replay / --port auto" "excludes"
 wrong "--record /nowhere" "does not exist"
@@ -64,6 +67,11 @@ printf 'wait 100\r\n# a comment\nshot %s/empty.png\nquit  \n' "$work" >"$work/se
 ends 0 env ZOF_SCRIPT="$work/session" ZOF_COM6=/other "$build/panel/zof_bench" --port /nowhere
 says "cannot open /nowhere"
 [ -s "$work/empty.png" ] || fail "there is no picture of the empty panel"
+rm "$work/empty.png"
+ends 0 env -u SDL_VIDEODRIVER DISPLAY=:9999 ZOF_SCRIPT="$work/session" "$build/panel/zof_bench" --headless --scpi 0
+says "SCPI: listening on 127.0.0.1:"
+! grep "window:" "$work/out.log" || fail "a panel without a window looked for a display"
+[ -s "$work/empty.png" ] || fail "there is no picture of a panel without a window"
 rm "$work/empty.png"
 ZOF_SCRIPT="$work/session" SDL_VIDEODRIVER=offscreen timeout 60 "$build/panel/zof_bench" | true
 [ -s "$work/empty.png" ] || fail "the panel ended when its output was closed"

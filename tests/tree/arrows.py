@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Checks on every #include that dependencies between rooms, and between the floors of a room, run downwards, and that
 nothing above the port includes more than the C and C++ standard libraries, cJSON, LVGL and our own headers; an
-application may include CLI11 too.
+application may include CLI11 too, and its sockets Boost.Asio.
 
 usage: arrows.py SOURCE_FOLDER
 """
@@ -23,7 +23,7 @@ MAY = {
 FREE = {"zof.h", "zof_start.h", "zof_start.cpp", "zof_wiring.cpp"}      # the public header, the start and the wiring may include everything
 # The folders of a room, lowest first; above them are the files that are in none. Each may include those below it.
 FLOORS = {"project": ["base", "path", "read", "look", "view"]}
-APP_FLOORS = ["hardware", "bench", "ui"]         # of apps/, likewise
+APP_FLOORS = ["hardware", "bench", "net", "ui"]       # of apps/, likewise
 
 C_LIBRARY = set("assert complex ctype errno fenv float inttypes iso646 limits locale math setjmp signal stdalign stdarg"
                 " stdatomic stdbool stddef stdint stdio stdlib stdnoreturn string tgmath threads time uchar wchar"
@@ -31,6 +31,7 @@ C_LIBRARY = set("assert complex ctype errno fenv float inttypes iso646 limits lo
 GENERATED = {"bench_ids.h", "bench_look.h"}      # from the layout of the panel
 LIBRARIES = {"cjson/cJSON.h", "lvgl.h"}
 APP_LIBRARIES = {"CLI/CLI.hpp"}
+NET_LIBRARIES = {"boost/asio.hpp"}          # in apps/net alone
 PORT_LIBRARIES = re.compile(r"SDL\.h|libav(codec|format|util)/\w+\.h|libsw(resample|scale)/\w+\.h"
                             r"|src/extra/libs/png/lodepng\.h")
 
@@ -85,7 +86,8 @@ def app_fault(rel, name):
     if re.match(r"port/|drv/zof_[a-z]+_up", name):
         return "the application includes the port or the wiring"
     ours = is_ours(name) or (TOP / "apps" / name).exists() or name in GENERATED
-    return None if ours or is_standard(name) or name in LIBRARIES | APP_LIBRARIES else \
+    libraries = LIBRARIES | APP_LIBRARIES | (NET_LIBRARIES if rel.parts[0] == "net" else set())
+    return None if ours or is_standard(name) or name in libraries else \
         f"{name} is not standard, of LVGL or ours"
 
 

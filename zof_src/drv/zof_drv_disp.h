@@ -24,6 +24,9 @@ typedef struct {
     u32 w, h;
 } zof_wh_t;
 
+// Draws into memory only, without a window; no display is needed then. Before zof_run, on the main thread.
+void zof_disp_headless(void);
+
 // Publishes the record, which the caller keeps alive; null removes the display. Returns 0.
 s32 zof_drv_disp_reg(zof_disp_t *disp);
 // Returns the published record, or null.

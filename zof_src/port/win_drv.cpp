@@ -1,5 +1,8 @@
 // The one list of the port's drivers, in the order in which they start.
+#include <SDL.h>
+
 #include "drv/zof_drv.h"
+#include "drv/zof_drv_disp.h"
 #include "port/zof_port.h"
 
 void win_drv_init(void) {
@@ -11,4 +14,9 @@ void win_drv_init(void) {
     for (auto *init : drivers) {
         init();
     }
+}
+
+// SDL reads its driver from the environment.
+void zof_disp_headless(void) {
+    SDL_setenv("SDL_VIDEODRIVER", "offscreen", 1);
 }

@@ -1,0 +1,66 @@
+// SCPI for programs on the bench's network: text in, text out. It knows the model and no sockets. Everything runs under
+// dis_mutex. docs/scpi.md is the manual.
+//
+// Each client has its own errors and status. Its commands run one after the other; a command that has to wait for the
+// box stops the ones after it, and nothing else.
+#ifndef BENCH_SCPI_H
+#define BENCH_SCPI_H
+
+#include <string>
+
+#include "bench/bench.h"
+
+enum {
+    SCPI_CLIENTS = 16,
+    SCPI_LINE_MAX = 1024, // bytes of a line without its end
+    SCPI_ERRORS = 20,
+    SCPI_FRESH_MS = 250, // for a report after a change
+    SCPI_WAIT_MS = 3000, // longer than anything that a command waits for
+};
+
+struct scpi_error_t {
+    s16 code;
+    std::string text;
+};
+
+struct scpi_client_t {
+    char name[sizeof(bench.remote)]; // its address, as the panel shows it
+
+    std::string line; // what came of it, or the whole line that runs
+    bool skipping;    // the line is too long and ignored up to its end
+    bool running;     // the line is whole, and has not ended: a command waits
+    size_t at;        // where the command that runs or waits begins
+    std::string path; // what a header without a leading colon continues
+    bool failed;      // a command of the line failed: those after it change nothing, except to turn off
+    bool waiting;
+    u64 wait_from;
+    std::string answer; // to the line so far
+
+    scpi_error_t error[SCPI_ERRORS];
+    u32 errors;
+    u8 esr, ese, sre;
+    bool opc; // *OPC waits for its end
+
+    bool holds;   // it has set something, and the panel was not taken back since
+    bool refused; // the panel was taken back
+    u8 started;   // what it has requested of the box and not got yet
+    bench_choice_t choice;
+    u64 apply_at, on_at, off_at;
+    u64 fresh_at;  // from when on readings are of what it has set
+    u16 ma_wanted; // a current that was set while no voltage was known; 0: none
+
+    std::string out; // what the client is to be sent; the caller takes it away
+};
+
+// Adds a client. False if there are SCPI_CLIENTS already. `name` is its address.
+bool scpi_open(scpi_client_t *client, const char *name);
+// Removes it; the panel is local again if nobody else holds it.
+void scpi_close(scpi_client_t *client);
+// Takes bytes until they are used up or a command waits, which scpi_waits says then. Returns how many it has taken.
+// Without any, it continues a command that waits if it can.
+size_t scpi_feed(scpi_client_t *client, const char *bytes, size_t size);
+// Whether a command waits, and whether anything that the client has started has not ended: feed it again soon.
+bool scpi_waits(const scpi_client_t *client);
+bool scpi_unfinished(const scpi_client_t *client);
+
+#endif

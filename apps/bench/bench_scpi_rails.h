@@ -1,0 +1,29 @@
+// Values of volts and amperes in SCPI: whether rails give them, and which rail that is.
+#ifndef BENCH_SCPI_RAILS_H
+#define BENCH_SCPI_RAILS_H
+
+#include "bench/bench_scpi_in.h"
+
+enum scpi_which_e { SCPI_VOLTS, SCPI_AMPERES };
+// Values are thousandths, possibly fractional as a client wrote them.
+inline constexpr double SCPI_ANY = -1; // a value that is not asked for
+
+// The rails that a command may choose from.
+struct scpi_scope_t {
+    u8 first, end;
+};
+inline constexpr scpi_scope_t scpi_all_rails = {0, RAIL_MAX};
+
+bool scpi_rail_gives(u8 rail, scpi_which_e which, double value);
+std::string scpi_with_unit(double milli, scpi_which_e which); // "12.04 V"
+// Queues the error of a value that no rail gives together with the other one, and what they give instead.
+void scpi_refuse(scpi_call_t &call, scpi_scope_t scope, scpi_which_e which, double value, double other);
+// Chooses the rail: adjustable before fixed, then the lower top voltage, then the lower number. With SCPI_ANY current,
+// it is the one that the rail opens with. False after queueing an error.
+bool scpi_choose(scpi_call_t &call, scpi_scope_t scope, double mv, double ma, bench_choice_t *out);
+// Reads MINimum, MAXimum or DEFault of the rails that give the other value; the second reads a number as well. False
+// after queueing an error.
+bool scpi_word_value(scpi_call_t &call, u32 index, scpi_scope_t scope, scpi_which_e which, double other, double *out);
+bool scpi_value_read(scpi_call_t &call, u32 index, scpi_scope_t scope, scpi_which_e which, double other, double *out);
+
+#endif

@@ -1,0 +1,202 @@
+// The commands of SCPI, and the handlers of those that concern neither rails nor output.
+#include "bench/bench_scpi_in.h"
+
+#include "zof.h"
+
+static constexpr u32 STB_ERRORS = 4, STB_ESR = 32, STB_SUM = 64;
+
+static const char not_a_number[] = "9.91E37";
+
+// Status ----------------------------------------------------------------------------------------------------------
+static void idn(scpi_call_t &call) {
+    scpi_answer(call, std::string("zof,bench panel,0,") + zof_sdk_get_version());
+}
+
+// Off is the only state that is safe for whatever is connected. Rails and the session stay.
+static void rst(scpi_call_t &call) {
+    call.client->opc = false;
+    scpi_output_off(call.client);
+}
+
+static void cls(scpi_call_t &call) {
+    call.client->errors = 0;
+    call.client->esr = 0;
+    call.client->opc = false;
+}
+
+// A register of a byte, and its query.
+template <u8 scpi_client_t::*FIELD> static void byte_set(scpi_call_t &call) {
+    u32 value = 0;
+    if (scpi_param_integer(call, 0, 0, 255, &value)) {
+        call.client->*FIELD = (u8)value;
+    }
+}
+
+template <u8 scpi_client_t::*FIELD> static void byte_ask(scpi_call_t &call) {
+    scpi_answer(call, std::to_string(call.client->*FIELD));
+}
+
+static void esr(scpi_call_t &call) {
+    byte_ask<&scpi_client_t::esr>(call);
+    call.client->esr = 0;
+}
+
+static void stb(scpi_call_t &call) {
+    const scpi_client_t &client = *call.client;
+    const u32 bits = (client.errors ? STB_ERRORS : 0u) | ((client.esr & client.ese) != 0 ? STB_ESR : 0u);
+    scpi_answer(call, std::to_string(bits | ((bits & client.sre) != 0 ? STB_SUM : 0u)));
+}
+
+static void opc(scpi_call_t &call) {
+    call.client->opc = true;
+    scpi_outcome(call.client);
+}
+
+static void opc_ask(scpi_call_t &call) {
+    scpi_answer(call, "1");
+}
+
+static void nothing(scpi_call_t &) {
+}
+
+static void tst(scpi_call_t &call) {
+    scpi_answer(call, bench_live() ? "0" : "1");
+}
+
+static void error_next(scpi_call_t &call) {
+    scpi_client_t &client = *call.client;
+    if (client.errors == 0) {
+        scpi_answer(call, "0,\"No error\"");
+        return;
+    }
+    scpi_answer(call, std::to_string(client.error[0].code) + ",\"" + client.error[0].text + "\"");
+    client.errors--;
+    for (u32 i = 0; i < client.errors; i++) {
+        client.error[i] = client.error[i + 1];
+    }
+}
+
+static void error_count(scpi_call_t &call) {
+    scpi_answer(call, std::to_string(call.client->errors));
+}
+
+static void version(scpi_call_t &call) {
+    scpi_answer(call, "1999.0");
+}
+
+static void remote(scpi_call_t &call) {
+    scpi_remote_take(call.client);
+}
+
+static void remote_ask(scpi_call_t &call) {
+    scpi_answer(call, std::string("\"") + bench.remote + "\"");
+}
+
+static void local(scpi_call_t &call) {
+    scpi_remote_leave(call.client);
+}
+
+// Readings --------------------------------------------------------------------------------------------------------
+// The last report, as it came: the mean for the eye would hide a spike.
+static void reading(scpi_call_t &call, bool known, u32 thousandths) {
+    if (known && bench_live()) {
+        scpi_answer(call, scpi_milli(thousandths));
+        return;
+    }
+    scpi_answer(call, not_a_number);
+    scpi_fail(call.client, SCPI_STALE, "no reading from the box");
+}
+
+static void volts(scpi_call_t &call) {
+    reading(call, bench.mv_known, bench.mv);
+}
+
+static void amperes(scpi_call_t &call) {
+    reading(call, bench.ma_known, bench.ma);
+}
+
+static void watts(scpi_call_t &call) {
+    reading(call, bench.dw_known, bench.dw * 100u);
+}
+
+static void output_ask(scpi_call_t &call) {
+    if (bench_out_known()) {
+        scpi_answer(call, bench.on ? "1" : "0");
+        return;
+    }
+    scpi_answer(call, not_a_number);
+    scpi_fail(call.client, SCPI_STALE, "the output's state is not known");
+}
+
+static void energy(scpi_call_t &call) {
+    u64 mwh = 0;
+    if (bench_energy(&mwh)) {
+        scpi_answer(call, std::to_string(mwh / 1000) + scpi_format(".%03u", (u32)(mwh % 1000)));
+        return;
+    }
+    scpi_answer(call, not_a_number);
+    scpi_fail(call.client, SCPI_STALE, "no energy from the box");
+}
+
+static void catalog(scpi_call_t &call) {
+    static constexpr const char *types[] = {"FIX", "PPS", "AVS", "EPR"};
+    std::string list;
+    for (u8 i = 0; i < RAIL_MAX; i++) {
+        if (bench_rail_usable(i)) {
+            const prof_t &rail = bench.rails.rail[i];
+            list += std::string(list.empty() ? "" : ",") + std::to_string(i) + "," + types[rail.type] + "," +
+                    scpi_milli(rail.vmin) + "," + scpi_milli(rail.vmax) + "," + scpi_milli(rail.imax);
+        }
+    }
+    if (list.empty()) {
+        scpi_fail(call.client, SCPI_STALE, "the rails are not known");
+    }
+    scpi_answer(call, list.empty() ? not_a_number : list);
+}
+
+// The table -------------------------------------------------------------------------------------------------------
+#define LEVEL "[:LEVel][:IMMediate][:AMPLitude]"
+// clang-format off
+const scpi_row_t scpi_rows[] = {
+    // header                               least most sets  waits              run
+    {"*IDN?",                                  0, 0, false, nullptr,            idn},
+    {"*RST",                                   0, 0, false, nullptr,            rst},
+    {"*CLS",                                   0, 0, false, nullptr,            cls},
+    {"*ESE",                                   1, 1, false, nullptr,            byte_set<&scpi_client_t::ese>},
+    {"*ESE?",                                  0, 0, false, nullptr,            byte_ask<&scpi_client_t::ese>},
+    {"*ESR?",                                  0, 0, false, nullptr,            esr},
+    {"*OPC",                                   0, 0, false, nullptr,            opc},
+    {"*OPC?",                                  0, 0, false, scpi_settling,      opc_ask},
+    {"*SRE",                                   1, 1, false, nullptr,            byte_set<&scpi_client_t::sre>},
+    {"*SRE?",                                  0, 0, false, nullptr,            byte_ask<&scpi_client_t::sre>},
+    {"*STB?",                                  0, 0, false, nullptr,            stb},
+    {"*TST?",                                  0, 0, false, nullptr,            tst},
+    {"*WAI",                                   0, 0, false, scpi_settling,      nothing},
+    {":SYSTem:ERRor[:NEXT]?",                  0, 0, false, nullptr,            error_next},
+    {":SYSTem:ERRor:COUNt?",                   0, 0, false, nullptr,            error_count},
+    {":SYSTem:VERSion?",                       0, 0, false, nullptr,            version},
+    {":SYSTem:REMote",                         0, 0, false, nullptr,            remote},
+    {":SYSTem:REMote?",                        0, 0, false, nullptr,            remote_ask},
+    {":SYSTem:LOCal",                          0, 0, false, nullptr,            local},
+    {":MEASure[:SCALar]:VOLTage[:DC]?",        0, 0, false, scpi_measure_waits, volts},
+    {":MEASure[:SCALar]:CURRent[:DC]?",        0, 0, false, scpi_measure_waits, amperes},
+    {":MEASure[:SCALar]:POWer[:DC]?",          0, 0, false, scpi_measure_waits, watts},
+    {":FETCh[:SCALar]:VOLTage[:DC]?",          0, 0, false, nullptr,            volts},
+    {":FETCh[:SCALar]:CURRent[:DC]?",          0, 0, false, nullptr,            amperes},
+    {":FETCh[:SCALar]:POWer[:DC]?",            0, 0, false, nullptr,            watts},
+    {"[:SOURce]:VOLTage" LEVEL,                1, 1, true,  scpi_settling,      scpi_volt},
+    {"[:SOURce]:VOLTage" LEVEL "?",            0, 1, false, scpi_settling,      scpi_volt_ask},
+    {"[:SOURce]:CURRent" LEVEL,                1, 1, true,  scpi_settling,      scpi_curr},
+    {"[:SOURce]:CURRent" LEVEL "?",            0, 1, false, scpi_settling,      scpi_curr_ask},
+    {":APPLy",                                 1, 2, true,  scpi_settling,      scpi_apply},
+    {":APPLy?",                                0, 0, false, scpi_settling,      scpi_apply_ask},
+    {":OUTPut[:STATe]",                        1, 1, false, scpi_output_waits,  scpi_output},
+    {":OUTPut[:STATe]?",                       0, 0, false, scpi_settling,      output_ask},
+    {":SYSTem:RAIL:CATalog?",                  0, 0, false, nullptr,            catalog},
+    {":SYSTem:RAIL[:SELect]",                  1, 3, true,  scpi_settling,      scpi_rail},
+    {":SYSTem:RAIL[:SELect]?",                 0, 0, false, scpi_settling,      scpi_rail_ask},
+    {"[:SENSe]:SESSion:ENERgy?",               0, 0, false, nullptr,            energy},
+    {"[:SENSe]:SESSion:RESet",                 0, 0, true,  nullptr,            scpi_session_reset},
+};
+// clang-format on
+const u32 scpi_row_count = sizeof(scpi_rows) / sizeof(scpi_rows[0]);
