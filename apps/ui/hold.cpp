@@ -58,6 +58,11 @@ static void finish() {
     now->done();
 }
 
+// Readings may become late, and the panel be locked or held by a program, while a finger is down.
+static bool still_counts() {
+    return bench_age() == BENCH_LIVE && !bench.locked && !bench.remote[0];
+}
+
 static void turn(lv_timer_t *) {
     bench_tick();
     const ui_hold_t *now = hold.now;
@@ -68,7 +73,7 @@ static void turn(lv_timer_t *) {
             end();
         }
         now->paint(left);
-    } else if (bench_age() != BENCH_LIVE) {
+    } else if (!still_counts()) {
         give_up();
     } else if (progress() >= BENCH_HOLD_MS && !hold.finger) {
         finish();
@@ -97,7 +102,7 @@ void hold_event(zof_event_e event) {
     }
     bench_tick();
     const bool lifted = event == ZOF_EVENT_RELEASED || event == ZOF_EVENT_PRESS_LOST;
-    if (lifted || (event == ZOF_EVENT_PRESSING && (!finger_is_near() || bench_age() != BENCH_LIVE))) {
+    if (lifted || (event == ZOF_EVENT_PRESSING && (!finger_is_near() || !still_counts()))) {
         give_up();
     } else if (event == ZOF_EVENT_PRESSING && progress() >= BENCH_HOLD_MS) {
         finish();

@@ -154,6 +154,17 @@ TEST_CASE("panel: off acts when the finger lands, on when it lifts inside, and a
     live(700);
     screen_release(632, 90);
     CHECK(sent().empty());
+    for (const char *holder : {"192.168.1.20", ""}) { // a program takes the panel in the middle of a hold
+        screen_press(632, 208);
+        live(400);
+        strcpy(bench.remote, holder);
+        bench.locked = holder[0] == '\0'; // or somebody locks it
+        live(800);
+        screen_release(632, 208);
+        CHECK(sent().empty());
+        bench.remote[0] = '\0';
+        bench.locked = false;
+    }
     screen_press(632, 208);
     live(1000);
     CHECK(sent() == reports{{REG_OUT_REQ, 1}});
