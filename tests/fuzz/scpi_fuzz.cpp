@@ -39,13 +39,13 @@ static void check(scpi_client_t &client) {
 
 static void feed(scpi_client_t &client, const std::vector<u8> &said) {
     size_t at = scpi_feed(&client, (const char *)said.data(), said.size());
+    check(client);
     for (u32 i = 0; i < 1000 && (at < said.size() || scpi_waits(&client)); i++) {
         scpi_box_pass(4 * SCPI_BOX_STEP_MS);
         at += scpi_feed(&client, (const char *)said.data() + at, said.size() - at);
         check(client);
     }
     fuzz_must(at == said.size(), "no command waits for ever");
-    check(client);
 }
 
 static void happen(u8 what) {
