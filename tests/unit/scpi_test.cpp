@@ -215,6 +215,8 @@ TEST_CASE("scpi: operations end when the box confirms, and with an error when it
     CHECK(say("VOLT 12;*OPC?;:APPL?") == "1;9.000,5.000");
     CHECK((bench.now - before >= 2000 && bench.now - before < 2100));
     CHECK(error() == "-365,\"Time out error;the box has not confirmed 12 V, 5 A\"");
+    CHECK(say("VOLT 9;*OPC?") == "1"); // as it was before, but not confirmed this time
+    CHECK(code() == -365);
     CHECK(say("OUTP OFF;*OPC?;:OUTP?") == "1;1");
     CHECK(error() == "-365,\"Time out error;the output is still on\"");
     sent();
