@@ -56,6 +56,10 @@ static std::string printable(const std::string &text) {
     return out;
 }
 
+std::string scpi_quoted(const std::string &text) {
+    return "\"" + printable(text) + "\"";
+}
+
 void scpi_fail(scpi_client_t *client, scpi_code_e code, const std::string &more) {
     client->failed = true;
     client->esr |= esr_bit(code);

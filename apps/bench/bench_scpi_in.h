@@ -60,6 +60,8 @@ extern const u32 scpi_row_count;
 
 // Queues an error, with what is particular about it, and marks the line as failed.
 void scpi_fail(scpi_client_t *client, scpi_code_e code, const std::string &more = "");
+// A text as a string of an answer; what cannot stand in one becomes a question mark.
+std::string scpi_quoted(const std::string &text);
 // Adds to the answer of the line.
 void scpi_answer(scpi_call_t &call, const std::string &text);
 

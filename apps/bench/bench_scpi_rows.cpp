@@ -1,6 +1,8 @@
 // The commands of SCPI, and the handlers of those that concern neither rails nor output.
 #include "bench/bench_scpi_in.h"
 
+#include "bench/bench_record.h"
+#include "bench/bench_session.h"
 #include "zof.h"
 
 static constexpr u32 STB_ERRORS = 4, STB_ESR = 32, STB_SUM = 64;
@@ -89,7 +91,7 @@ static void remote(scpi_call_t &call) {
 }
 
 static void remote_ask(scpi_call_t &call) {
-    scpi_answer(call, std::string("\"") + bench.remote + "\"");
+    scpi_answer(call, scpi_quoted(bench.remote));
 }
 
 static void local(scpi_call_t &call) {
@@ -136,6 +138,58 @@ static void energy(scpi_call_t &call) {
     }
     scpi_answer(call, not_a_number);
     scpi_fail(call.client, SCPI_STALE, "no energy from the box");
+}
+
+// Statistics of the session, from all reports since the last reset.
+using stats_read_t = u64 (*)(const trend_stats_t &stats); // in thousandths
+
+template <stats_read_t READ> static void statistic(scpi_call_t &call) {
+    trend_stats_t stats;
+    session_stats(&stats);
+    if (stats.any) {
+        const u64 value = READ(stats);
+        scpi_answer(call, std::to_string(value / 1000) + scpi_format(".%03u", (u32)(value % 1000)));
+        return;
+    }
+    scpi_answer(call, not_a_number);
+    scpi_fail(call.client, SCPI_STALE, "nothing has been reported in this session");
+}
+
+static u64 stats_charge(const trend_stats_t &stats) {
+    return stats.mah;
+}
+
+static u64 stats_time(const trend_stats_t &stats) {
+    return stats.ms;
+}
+
+template <trend_what_e WHAT> static u64 stats_low(const trend_stats_t &stats) {
+    return stats.low[WHAT];
+}
+
+template <trend_what_e WHAT> static u64 stats_high(const trend_stats_t &stats) {
+    return stats.high[WHAT];
+}
+
+// Recording changes nothing at the box, so nobody has to hold the panel for it.
+static void record_set(scpi_call_t &call) {
+    bool on = false;
+    if (!scpi_param_flag(call, 0, &on)) {
+        return;
+    }
+    if (!on) {
+        record_stop();
+    } else if (!record_runs() && !record_start()) {
+        scpi_fail(call.client, SCPI_DEVICE, std::string("no recording: ") + record.why);
+    }
+}
+
+static void record_ask(scpi_call_t &call) {
+    scpi_answer(call, record_runs() ? "1" : "0");
+}
+
+static void record_name_ask(scpi_call_t &call) {
+    scpi_answer(call, scpi_quoted(record.name ? record.name : ""));
 }
 
 static void catalog(scpi_call_t &call) {
@@ -196,6 +250,15 @@ const scpi_row_t scpi_rows[] = {
     {":SYSTem:RAIL[:SELect]",                  1, 3, true,  scpi_settling,      scpi_rail},
     {":SYSTem:RAIL[:SELect]?",                 0, 0, false, scpi_settling,      scpi_rail_ask},
     {"[:SENSe]:SESSion:ENERgy?",               0, 0, false, nullptr,            energy},
+    {"[:SENSe]:SESSion:CHARge?",               0, 0, false, nullptr,            statistic<stats_charge>},
+    {"[:SENSe]:SESSion:TIME?",                 0, 0, false, nullptr,            statistic<stats_time>},
+    {"[:SENSe]:SESSion:VOLTage:MINimum?",      0, 0, false, nullptr,            statistic<stats_low<TREND_MV>>},
+    {"[:SENSe]:SESSion:VOLTage:MAXimum?",      0, 0, false, nullptr,            statistic<stats_high<TREND_MV>>},
+    {"[:SENSe]:SESSion:CURRent:MINimum?",      0, 0, false, nullptr,            statistic<stats_low<TREND_MA>>},
+    {"[:SENSe]:SESSion:CURRent:MAXimum?",      0, 0, false, nullptr,            statistic<stats_high<TREND_MA>>},
+    {":TRACe:RECord[:STATe]",                  1, 1, true,  nullptr,            record_set},
+    {":TRACe:RECord[:STATe]?",                 0, 0, false, nullptr,            record_ask},
+    {":TRACe:RECord:NAME?",                    0, 0, false, nullptr,            record_name_ask},
     {"[:SENSe]:SESSion:RESet",                 0, 0, true,  nullptr,            scpi_session_reset},
 };
 // clang-format on

@@ -3,9 +3,12 @@
 
 #include "bench/bench_scpi_in.h"
 
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
+#include "bench/bench_record.h"
+#include "temp_project.h"
 #include "zof_test.h"
 
 using reports = std::vector<std::pair<u16, u16>>;
@@ -202,6 +205,27 @@ TEST_CASE("scpi: a measurement after a change is of what was changed") {
     CHECK(say("VOLT 5;:FETC:VOLT?") == "9.000");
     CHECK(bench.now - before < 100);
     CHECK(std::stod(say("MEAS:VOLT?")) < 9);
+}
+
+TEST_CASE("scpi: the session and recordings are those of the Trend page") {
+    scpi_box_open();
+    trend_clear();
+    CHECK(say("SESS:TIME?") == "9.91E37");
+    CHECK(code() == -230);
+    CHECK(say("APPL 9,1;OUTP ON;*OPC?") == "1");
+    scpi_box_pass(20000);
+    CHECK(say("SENS:SESS:VOLT:MAX?;MIN?;:SESS:CURR:MAX?;:SESS:CHAR?") == "9.000;0.000;0.900;0.005");
+    CHECK(std::stod(say("SESS:TIME?")) > 19);
+    record_folder_set("/nowhere");
+    say("TRAC:REC ON");
+    CHECK((code() == -300 && say("TRAC:REC?") == "0"));
+    const temp_project_t folder;
+    record_folder_set(folder.top.c_str());
+    CHECK(say("TRAC:REC 1;REC?") == "1");
+    const std::string name = say("TRAC:REC:NAME?");
+    scpi_box_pass(1000);
+    CHECK(say("TRAC:REC OFF;REC?") == "0");
+    CHECK((code() == 0 && std::filesystem::exists(folder.top + "/" + name.substr(1, name.size() - 2))));
 }
 
 TEST_CASE("scpi: operations end when the box confirms, and with an error when it does not within two seconds") {
