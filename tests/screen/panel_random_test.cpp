@@ -50,13 +50,14 @@ static void judge(u16 addr, u16 value) {
     const bool on_toggle = (run.x - 632) * (run.x - 632) + (run.y - 208) * (run.y - 208) < 130 * 130;
     const u16 present = bench.set_known ? bench.set.mv : bench.mv;
     static u16 mv;
+    char turn_on[PAINT_TEXT_SIZE];
     switch (addr) {
     case REG_OUT_REQ:
         run.offs += value == 0;
         must(value == 0 || (shown_view() == 1 && on_toggle && bench_age() == BENCH_LIVE),
              "on comes from the toggle alone");
-        must(value == 0 || held() || text_of(1, VIEW1_LABEL7_ID) == "Turn output on",
-             "a toggle that wants a hold is held");
+        words_fill(turn_on, sizeof(turn_on), TEXT_TURN_ON); // in the language that a finger has chosen
+        must(value == 0 || held() || text_of(1, VIEW1_LABEL7_ID) == turn_on, "a toggle that wants a hold is held");
         break;
     case REG_ADJ_MV:
         mv = value;
