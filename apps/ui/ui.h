@@ -28,7 +28,7 @@ void ui_paint();
 // A page, a tray or the keypad has changed: for 0.3 s presses count only for Off, for they were aimed at what was there
 // before.
 void ui_calm();
-// For the entry function of each view, whoever shows it: a tab, a link, or the host.
+// For the entry function of each view, however it is shown: by a tab, a link, or the host.
 void ui_entered();
 // Whether this event of a control counts: not of a finger that slid onto it, in the 0.3 s above, nor while the panel is
 // locked or a remote client holds it. A press that does not count takes its later events with it.

@@ -190,7 +190,7 @@ static void act() {
     pass(pick(700));
 }
 
-TEST_CASE("panel: whatever a finger does on a bad line, the screen and what is sent tell the same") {
+TEST_CASE("panel: whatever a finger does on a bad line, the screen and what is sent agree") {
     const char *seeds = getenv("ZOF_SEEDS");
     const u32 count = seeds ? (u32)atoi(seeds) : (u32)SEEDS;
     panel_open();

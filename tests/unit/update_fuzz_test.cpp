@@ -145,7 +145,7 @@ static std::string disk_try(const std::string &top, const std::string &outside) 
     const u32 counted = zof_dir_get_fileNum(from.c_str());
     zof_dir_copyfile(into.c_str(), from.c_str(), (zof_bool)roll(2));
     fault_at = 100000; // the next start finds a working disk
-    zof_dir_copy_mend(into.c_str());
+    zof_dir_copy_repair(into.c_str());
     if (reported != counted) {
         return "counted " + std::to_string(counted) + " files, reported " + std::to_string(reported);
     }

@@ -108,7 +108,7 @@ TEST_CASE("a failure or power failure at any change of the disk leaves every fil
                 printed([&] { update(from, into); });
                 points = how == NEVER ? fault.seen : points;
                 fault = {};
-                printed([&] { zof_dir_copy_mend(into.c_str()); }); // like the next start
+                printed([&] { zof_dir_copy_repair(into.c_str()); }); // like the next start
                 CHECK(good_count == wholly(tree_of(into)));
                 CHECK(good_count + bad_count == fresh.size());
                 CHECK((how != NEVER || bad_count == 0));
@@ -251,11 +251,11 @@ TEST_CASE("a folder locked by another copy is not touched, and the log names the
     CHECK((good_count == 0 && bad_count == fresh.size()));
     zof_dir_copy_get_reason(text, sizeof(text)); // for the screen
     CHECK(text == "D/: " + holder + ", nothing is copied");
-    CHECK(contains(printed([&] { zof_dir_copy_mend(into.c_str()); }), into + ": " + holder + ", left as it is"));
+    CHECK(contains(printed([&] { zof_dir_copy_repair(into.c_str()); }), into + ": " + holder + ", left as it is"));
     CHECK(tree_of(into).size() == 1);
     zof_folder_unlock(lock);
     printed([&] {
-        zof_dir_copy_mend(into.c_str());
+        zof_dir_copy_repair(into.c_str());
         update(from, into);
     });
     CHECK(tree_of(into) == fresh);

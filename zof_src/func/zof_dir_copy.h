@@ -27,7 +27,7 @@ void zof_dir_remove(const char *path);
 
 // Removes what a power cut left of a copy into this folder, which ends with a slash, and into the folders below it; a
 // folder that was set aside is moved back. While another copy uses the folder, only logs that.
-void zof_dir_copy_mend(const char *path);
+void zof_dir_copy_repair(const char *path);
 
 // Copies one file in blocks of so many bytes, up to a megabyte, and prints a dot for each block. Returns 0, or -1 with
 // the target unchanged.

@@ -40,8 +40,8 @@ void dir_reason_clear();
 
 // Classifies an entry of a source: ZOF_FILE_NONE to skip, ZOF_FILE_PLAIN, ZOF_FILE_FOLDER, or ENTRY_TOO_LONG, which
 // counts as one failed file. The count and the copy both use this. Writes its path of PATH_SIZE bytes; a folder's ends
-// with a slash. With `tell` logs what is skipped.
-u32 dir_source_entry(char *path, const char *dir, const char *name, bool tell);
+// with a slash. With `say` logs what is skipped.
+u32 dir_source_entry(char *path, const char *dir, const char *name, bool say);
 
 // Returns true for the temporary name of a killed copy; called only while the target is locked, so no other copy is
 // running.

@@ -23,18 +23,18 @@ static bool is_plain_name(const char *name) {
     return true;
 }
 
-u32 dir_source_entry(char *path, const char *dir, const char *name, bool tell) {
+u32 dir_source_entry(char *path, const char *dir, const char *name, bool say) {
     if (name[0] == '.' || strcmp(name, "System Volume Information") == 0) {
         return ZOF_FILE_NONE;
     }
     if (!is_plain_name(name)) {
-        if (tell) {
+        if (say) {
             zof_printf("%s: a name with a separator or control characters is skipped: %s\n", dir, name);
         }
         return ZOF_FILE_NONE;
     }
     if (!zof_text_join(path, PATH_SIZE - 1, dir, name, "")) { // one byte for the slash
-        if (tell) {
+        if (say) {
             dir_too_long(dir, name);
         }
         return ENTRY_TOO_LONG;
@@ -42,7 +42,7 @@ u32 dir_source_entry(char *path, const char *dir, const char *name, bool tell) {
     const u32 kind = zof_file_kind(path);
     if (kind == ZOF_FILE_FOLDER) {
         strcat(path, "/");
-    } else if (kind == ZOF_FILE_OTHER && tell) {
+    } else if (kind == ZOF_FILE_OTHER && say) {
         zof_printf("%s: neither file nor folder, skipped\n", path);
     }
     return kind == ZOF_FILE_OTHER ? (u32)ZOF_FILE_NONE : kind;
@@ -114,7 +114,7 @@ bool dir_beside(char *out, size_t size, const char *path, const char *name, cons
 }
 
 // Moves a folder that was set aside back if its place is empty; removes everything else that is temporary.
-static void entry_mend(const char *path, const char *entry) {
+static void entry_repair(const char *path, const char *entry) {
     char left[OWN_PATH], name[OWN_PATH];
     const size_t prefix = sizeof(OLD_DIR) - 1;
     const bool old = strncmp(entry, OLD_DIR, prefix) == 0 && entry[prefix];
@@ -134,7 +134,7 @@ static void folder_mend(const char *path) {
     while (const zof_dirent_t *entry = zof_readdir(dir)) {
         char below[OWN_PATH];
         if (entry->name[0] == '.') {
-            entry_mend(path, entry->name);
+            entry_repair(path, entry->name);
         } else if (entry->is_dir && zof_text_join(below, sizeof(below) - 1, path, entry->name, "") &&
                    zof_file_kind(below) == ZOF_FILE_FOLDER) {
             strcat(below, "/");
@@ -144,7 +144,7 @@ static void folder_mend(const char *path) {
     zof_closedir(dir);
 }
 
-void zof_dir_copy_mend(const char *path) {
+void zof_dir_copy_repair(const char *path) {
     char holder[64];
     const s32 lock = zof_folder_lock(path, holder, sizeof(holder));
     if (lock == 0) {

@@ -233,10 +233,10 @@ static void zof_func_schedule_udisk(zof_task_t *task) {
     }
 }
 
-static void media_mend(const char *medium) {
+static void media_repair(const char *medium) {
     const char *path = zof_res_get_prjfile_path(MEDIA, medium);
     if (path && PathExist(path)) {
-        zof_dir_copy_mend(path);
+        zof_dir_copy_repair(path);
     }
 }
 
@@ -244,8 +244,8 @@ s32 zof_func_schedule(void) {
     static bool started;
     if (!started) {
         started = true;
-        media_mend("D/");
-        media_mend("T/");
+        media_repair("D/");
+        media_repair("T/");
         watch.schedule_task = zof_task_create(zof_func_schedule_udisk, PERIOD_MS, nullptr);
     }
     return 0;
