@@ -47,7 +47,7 @@ static bool label_says(u32 ctrl, u16 value, const char *unit) {
 
 // What leaves the panel, judged by its screen.
 static void judge(u16 addr, u16 value) {
-    const bool on_toggle = (run.x - 632) * (run.x - 632) + (run.y - 208) * (run.y - 208) < 130 * 130;
+    const bool on_toggle = (run.x - 632) * (run.x - 632) + (run.y - 208) * (run.y - 208) < 117 * 117;
     const u16 present = bench.set_known ? bench.set.mv : bench.mv;
     static u16 mv;
     char turn_on[PAINT_TEXT_SIZE];

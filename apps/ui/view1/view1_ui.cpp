@@ -170,14 +170,27 @@ static void hold_done() {
 
 static constexpr ui_hold_t toggle_hold = {ring_paint, hold_done, nullptr};
 
+// The toggle is round: a finger in a corner of its box may turn off, but not on.
+static bool lands_on_disc(zof_ctrl_t *ctrl) {
+    zof_touch_t touch = {};
+    lv_area_t box;
+    if (zof_touch_get(&touch) != 0 || touch.state == ZOF_TOUCH_RELEASED || zof_ctrl_get_coords(ctrl, &box) != 0) {
+        return true; // a key
+    }
+    const s32 x = touch.x - (box.x1 + box.x2) / 2, y = touch.y - (box.y1 + box.y2) / 2;
+    const s32 radius = lv_area_get_width(&box) / 2;
+    return x * x + y * y <= radius * radius;
+}
+
 // Off at the moment the finger lands; on when it lifts, so that a finger that lands by accident can slide off.
 static void toggle_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    static bool meant_off;
+    static bool meant_off, on_disc;
     if (event == ZOF_EVENT_PRESSED) {
         bench_tick();
         meant_off = bench_toggle_down();
+        on_disc = lands_on_disc(ctrl);
     }
-    if (!meant_off && ui_takes(event)) {
+    if (!meant_off && ui_takes(event) && on_disc) {
         const bench_toggle_e toggle = bench_toggle();
         if (event == ZOF_EVENT_PRESSED && (toggle == BENCH_TOGGLE_HOLD || toggle == BENCH_TOGGLE_HOLD_UNKNOWN)) {
             hold_begin(ctrl, &toggle_hold);
