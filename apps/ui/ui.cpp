@@ -70,11 +70,6 @@ void ui_tab_to(u32 view) {
     zof_view_set_dis_view_anim(view, ZOF_SCR_LOAD_ANIM_NONE, 0, 0, ZOF_ANIM_PATH_END_SLOW);
 }
 
-void ui_slide_to(u32 view, bool back) {
-    zof_view_set_dis_view_anim(view, back ? ZOF_SCR_LOAD_ANIM_MOVE_RIGHT : ZOF_SCR_LOAD_ANIM_MOVE_LEFT, UI_SLIDE_MS, 0,
-                               ZOF_ANIM_PATH_END_SLOW);
-}
-
 void ui_entered() {
     hold_cancel();
     ui_calm();

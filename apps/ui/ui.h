@@ -12,7 +12,7 @@
 #include "ui/paint.h"
 #include "ui/views.h"
 
-enum { UI_CALM_MS = 300, UI_SLIDE_MS = 250 };
+enum { UI_CALM_MS = 300 };
 
 // A page: its view and what paints it.
 struct ui_page_t {
@@ -40,9 +40,8 @@ void output_tab_event(zof_ctrl_t *, zof_event_e event);
 // The key of the toggle was pressed (ZOF_EVENT_PRESSED) or let go (ZOF_EVENT_CLICKED).
 void toggle_key(zof_event_e event);
 
-// Shows a page at once, as a tab does, or sliding: `back` to the right.
+// Shows a page at once: while one slides in, LVGL takes no touch, and Off would not count.
 void ui_tab_to(u32 view);
-void ui_slide_to(u32 view, bool back);
 
 // The strip on all pages but Output; its off button's function.
 void strip_paint(u32 view);

@@ -7,7 +7,7 @@
 #include "temp_project.h"
 #include "ui/ui.h"
 
-enum { SEEDS = 200, ACTS = 40 };
+enum { SEEDS = 40, ACTS = 40 };
 
 static struct {
     std::mt19937 random;
