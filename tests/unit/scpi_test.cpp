@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "bench/bench_record.h"
+#include "eventually.h"
 #include "temp_project.h"
 #include "zof_test.h"
 
@@ -225,6 +226,10 @@ TEST_CASE("scpi: the session and recordings are those of the Trend page") {
     const std::string name = say("TRAC:REC:NAME?");
     scpi_box_pass(1000);
     CHECK(say("TRAC:REC OFF;REC?") == "0");
+    CHECK(eventually([] { // its thread writes the last lines, and is joined
+        bench_tick();
+        return record.state == RECORD_OFF;
+    }));
     CHECK((code() == 0 && std::filesystem::exists(folder.top + "/" + name.substr(1, name.size() - 2))));
 }
 
