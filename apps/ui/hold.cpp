@@ -4,7 +4,7 @@
 // left does nothing. A key that holds a button has no finger.
 #include "ui/ui.h"
 
-enum { SLIDE_OFF_PX = 16, FRAME_MS = 16, STALL_MS = 100, BACK_MS = 150 };
+enum { FRAME_MS = 16, STALL_MS = 100, BACK_MS = 150 };
 
 static struct {
     const ui_hold_t *now; // null: no hold runs and none returns
@@ -21,7 +21,7 @@ static bool finger_is_near() {
     lv_point_t finger;
     zof_ctrl_get_coords(hold.ctrl, &area);
     lv_indev_get_point(touch_indev, &finger);
-    lv_area_increase(&area, SLIDE_OFF_PX, SLIDE_OFF_PX);
+    lv_area_increase(&area, HOLD_SLIDE_PX, HOLD_SLIDE_PX);
     return _lv_area_is_point_on(&area, &finger, 0);
 }
 

@@ -49,8 +49,9 @@ void strip_off_event(zof_ctrl_t *, zof_event_e event);
 // Writes why nothing is known of the box.
 void strip_notice(char *out, size_t size);
 
-// A button that is held for what may hurt. The hold is given up when the finger lifts, slides off by more than 16 px,
-// or readings are late; at its end `done` runs once, while the finger is still down.
+// A button that is held for what may hurt. The hold is given up when the finger lifts, slides off by more than
+// HOLD_SLIDE_PX, or readings are late; at its end `done` runs once, while the finger is still down.
+enum { HOLD_SLIDE_PX = 16 };
 struct ui_hold_t {
     void (*paint)(u32 ms); // 0 to BENCH_HOLD_MS
     void (*done)();

@@ -1,5 +1,5 @@
 // A finger in a hurry on the real pages, a box on a bad line: what leaves the panel is what its screen said, and what
-// is old is never shown as new. ZOF_SEEDS=10000 for a long run; a failure names its seed.
+// is old is never shown as new. ZOF_SEEDS=10000 for a long run; a failure names its seed, which ZOF_SEED=N runs alone.
 #include <random>
 #include <utility>
 
@@ -192,10 +192,12 @@ static void act() {
 
 TEST_CASE("panel: whatever a finger does on a bad line, the screen and what is sent agree") {
     const char *seeds = getenv("ZOF_SEEDS");
-    const u32 count = seeds ? (u32)atoi(seeds) : (u32)SEEDS;
+    const char *alone = getenv("ZOF_SEED");
+    const u32 first = alone ? (u32)atoi(alone) : 0;
+    const u32 count = alone ? 1 : seeds ? (u32)atoi(seeds) : (u32)SEEDS;
     panel_open();
     register_line_open(send);
-    for (u32 seed = 0; seed < count && !run.broken; seed++) {
+    for (u32 seed = first; seed < first + count && !run.broken; seed++) {
         CAPTURE(seed);
         run = {};
         run.random.seed(seed);

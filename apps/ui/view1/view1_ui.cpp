@@ -170,27 +170,29 @@ static void hold_done() {
 
 static constexpr ui_hold_t toggle_hold = {ring_paint, hold_done, nullptr};
 
-// The toggle is round: a finger in a corner of its box may turn off, but not on.
-static bool lands_on_disc(zof_ctrl_t *ctrl) {
-    zof_touch_t touch = {};
+// The toggle is round: in a corner of its box a finger may turn off, but not on.
+static bool finger_on_disc(zof_ctrl_t *ctrl, s32 margin) {
+    lv_point_t finger;
     lv_area_t box;
-    if (zof_touch_get(&touch) != 0 || touch.state == ZOF_TOUCH_RELEASED || zof_ctrl_get_coords(ctrl, &box) != 0) {
-        return true; // a key
-    }
-    const s32 x = touch.x - (box.x1 + box.x2) / 2, y = touch.y - (box.y1 + box.y2) / 2;
-    const s32 radius = lv_area_get_width(&box) / 2;
+    lv_indev_get_point(touch_indev, &finger);
+    zof_ctrl_get_coords(ctrl, &box);
+    const s32 x = finger.x - (box.x1 + box.x2) / 2, y = finger.y - (box.y1 + box.y2) / 2;
+    const s32 radius = lv_area_get_width(&box) / 2 + margin;
     return x * x + y * y <= radius * radius;
 }
 
 // Off at the moment the finger lands; on when it lifts, so that a finger that lands by accident can slide off.
 static void toggle_event(zof_ctrl_t *ctrl, zof_event_e event) {
-    static bool meant_off, on_disc;
+    static bool meant_off, finger, slid_off;
     if (event == ZOF_EVENT_PRESSED) {
         bench_tick();
+        zof_touch_t touch = {};
+        finger = zof_touch_get(&touch) == 0 && touch.state != ZOF_TOUCH_RELEASED; // not a key
+        slid_off = false;
         meant_off = bench_toggle_down();
-        on_disc = lands_on_disc(ctrl);
     }
-    if (!meant_off && ui_takes(event) && on_disc) {
+    slid_off = slid_off || (finger && !finger_on_disc(ctrl, hold_running() ? HOLD_SLIDE_PX : 0));
+    if (!meant_off && ui_takes(event) && !slid_off) {
         const bench_toggle_e toggle = bench_toggle();
         if (event == ZOF_EVENT_PRESSED && (toggle == BENCH_TOGGLE_HOLD || toggle == BENCH_TOGGLE_HOLD_UNKNOWN)) {
             hold_begin(ctrl, &toggle_hold);
@@ -198,7 +200,7 @@ static void toggle_event(zof_ctrl_t *ctrl, zof_event_e event) {
             bench_turn_on(false);
         }
     }
-    hold_event(event);
+    hold_event(slid_off ? ZOF_EVENT_PRESS_LOST : event);
     ui_paint();
 }
 
