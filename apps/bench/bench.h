@@ -164,8 +164,10 @@ bool bench_live(void);      // not dead
 // The output as it is known: live, and its state came since the last silence.
 bool bench_out_known(void);
 bool bench_is_on(void); // known to be on
-// Whether a press counts: not on a locked panel, which says so for BENCH_NOTE_MS, nor while a remote client holds it.
-bool bench_press(void);
+// Whether a press counts: not on a locked panel, which says so for BENCH_NOTE_MS, nor while a remote client holds it,
+// unless it is of what takes the panel back.
+enum bench_press_e { BENCH_PRESS_ANY, BENCH_PRESS_LOCAL };
+bool bench_press(bench_press_e what = BENCH_PRESS_ANY);
 bool bench_locked_note(void);
 void bench_lock(bool on);
 // The readings for the eye: averaged over BENCH_EYE_MS. False if not known.
@@ -222,6 +224,7 @@ bool bench_setting(u16 addr, u16 value);
 void bench_settings_ask(void);
 
 // Steps of the model that other files of it use.
+void bench_gate_start(void);               // forgets what was used on each rail
 void bench_gate_send(u16 addr, u16 value); // the only sender of registers
 void bench_gate_tick(void);
 void bench_gate_out(bool on);  // register 22 came

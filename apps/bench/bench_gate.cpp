@@ -16,6 +16,11 @@ static struct {
 } used[RAIL_MAX];
 static u8 used_next;
 
+void bench_gate_start(void) {
+    memset(used, 0, sizeof(used));
+    used_next = 0;
+}
+
 void bench_gate_send(u16 addr, u16 value) {
     zof_reg_report(addr, value);
 }

@@ -204,7 +204,6 @@ static bool must_wait(scpi_client_t *client, const scpi_row_t *row, const scpi_c
 
 // Runs a command; false if it has to wait.
 static bool unit_run(scpi_client_t *client, view unit) {
-    unit = trim(unit);
     if (unit.empty()) {
         return true;
     }
@@ -225,14 +224,21 @@ static bool unit_run(scpi_client_t *client, view unit) {
     return true;
 }
 
+// Takes the next command from a line.
+static view unit_next(view line, size_t *at) {
+    const size_t begin = *at, end = find_outside(line, begin, ';');
+    *at = end + 1;
+    return trim(line.substr(begin, end - begin));
+}
+
 static void line_run(scpi_client_t *client) {
     const std::string &line = client->line;
     while (client->at < line.size()) {
-        const size_t end = find_outside(line, client->at, ';');
-        if (!unit_run(client, view(line).substr(client->at, end - client->at))) {
+        size_t next = client->at;
+        if (!unit_run(client, unit_next(line, &next))) {
             return;
         }
-        client->at = end + 1;
+        client->at = next;
     }
     if (!client->answer.empty()) {
         client->out += client->answer + "\n";
@@ -266,6 +272,39 @@ static void byte_take(scpi_client_t *client, char c) {
     }
 }
 
+// Off at once --------------------------------------------------------------------------------------------------------
+static bool line_turns_off(view line) {
+    scpi_client_t scratch = {}; // takes the errors, which are queued when the line runs
+    for (size_t at = 0; at < line.size();) {
+        const view unit = unit_next(line, &at);
+        scpi_call_t call = {.client = &scratch};
+        const scpi_row_t *row = unit.empty() ? nullptr : unit_read(unit, &call, &scratch.path);
+        if (row && row->turns_off && row->turns_off(call)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Off waits for no other line, and runs once more in its turn. The commands of one line keep their order: they were
+// written together.
+static void off_ahead(scpi_client_t *client, view rest) {
+    const u64 begin = client->taken;
+    size_t at = client->looked > begin ? (size_t)(client->looked - begin) : 0;
+    for (size_t end; (end = rest.find('\n', at)) != view::npos; at = end + 1) {
+        const view line = rest.substr(at, end - at);
+        if (line.size() <= SCPI_LINE_MAX && line_turns_off(line)) {
+            client->off = begin + end + 1;
+            scpi_off_request(client);
+        }
+    }
+    client->looked = begin + at;
+}
+
+bool scpi_off_ahead(const scpi_client_t *client) {
+    return client->taken < client->off;
+}
+
 size_t scpi_feed(scpi_client_t *client, const char *bytes, size_t size) {
     bench_tick();
     scpi_remote_check();
@@ -275,8 +314,10 @@ size_t scpi_feed(scpi_client_t *client, const char *bytes, size_t size) {
     }
     size_t taken = 0;
     while (taken < size && !client->running) {
+        client->taken++;
         byte_take(client, bytes[taken++]);
     }
+    off_ahead(client, view(bytes + taken, size - taken));
     return taken;
 }
 

@@ -30,6 +30,8 @@ struct scpi_client_t {
     bool skipping;    // the line is too long and ignored up to its end
     bool running;     // the line is whole, and has not ended: a command waits
     size_t at;        // where the command that runs or waits begins
+    u64 taken;        // bytes since it connected
+    u64 looked, off;  // of these and those behind them: searched for Off; the end of the last line that has one
     std::string path; // what a header without a leading colon continues
     bool failed;      // a command of the line failed: those after it change nothing, except to turn off
     bool waiting;
@@ -56,8 +58,9 @@ struct scpi_client_t {
 bool scpi_open(scpi_client_t *client, const char *name);
 // Removes it; the panel is local again if nobody else holds it.
 void scpi_close(scpi_client_t *client);
-// Takes bytes until they are used up or a command waits, which scpi_waits says then. Returns how many it has taken.
-// Without any, it continues a command that waits if it can.
+// Takes bytes until they are used up or a command waits, which scpi_waits says then. Returns how many it has taken; the
+// next call begins with the others. Whole lines among these that turn the output off do so at once. Without any bytes,
+// it continues a command that waits if it can.
 size_t scpi_feed(scpi_client_t *client, const char *bytes, size_t size);
 // Whether a command waits, and whether anything that the client has started has not ended: feed it again soon.
 bool scpi_waits(const scpi_client_t *client);

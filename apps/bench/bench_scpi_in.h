@@ -54,6 +54,7 @@ struct scpi_row_t {
     bool sets;                              // changes something: not after an error in the same line
     bool (*waits)(const scpi_call_t &call); // null: never
     void (*run)(scpi_call_t &call);
+    bool (*turns_off)(scpi_call_t &call); // null: never. Queues an error if parameters are wrong
 };
 extern const scpi_row_t scpi_rows[];
 extern const u32 scpi_row_count;
@@ -94,6 +95,11 @@ void scpi_apply_ask(scpi_call_t &call);
 void scpi_rail_ask(scpi_call_t &call);
 void scpi_output(scpi_call_t &call);
 void scpi_output_off(scpi_client_t *client);
+bool scpi_output_turns_off(scpi_call_t &call);
+// Requests off; what comes of it, the command reports when its turn has come.
+void scpi_off_request(scpi_client_t *client);
+// Whether a command that has not run yet has turned the output off: nothing before it turns on.
+bool scpi_off_ahead(const scpi_client_t *client);
 void scpi_session_reset(scpi_call_t &call);
 
 #endif

@@ -11,13 +11,18 @@ static const char not_a_number[] = "9.91E37";
 
 // Status ----------------------------------------------------------------------------------------------------------
 static void idn(scpi_call_t &call) {
-    scpi_answer(call, std::string("zof,bench panel,0,") + zof_sdk_get_version());
+    const char *version = zof_user_app_version();
+    scpi_answer(call, std::string("zof,bench panel,0,") + (version ? version : "0"));
 }
 
 // Off is the only state that is safe for whatever is connected. Rails and the session stay.
 static void rst(scpi_call_t &call) {
     call.client->opc = false;
     scpi_output_off(call.client);
+}
+
+static bool always(scpi_call_t &) {
+    return true;
 }
 
 static void cls(scpi_call_t &call) {
@@ -212,9 +217,9 @@ static void catalog(scpi_call_t &call) {
 #define LEVEL "[:LEVel][:IMMediate][:AMPLitude]"
 // clang-format off
 const scpi_row_t scpi_rows[] = {
-    // header                               least most sets  waits              run
+    // header                               least most sets  waits              run, turns_off
     {"*IDN?",                                  0, 0, false, nullptr,            idn},
-    {"*RST",                                   0, 0, false, nullptr,            rst},
+    {"*RST",                                   0, 0, false, nullptr,            rst, always},
     {"*CLS",                                   0, 0, false, nullptr,            cls},
     {"*ESE",                                   1, 1, false, nullptr,            byte_set<&scpi_client_t::ese>},
     {"*ESE?",                                  0, 0, false, nullptr,            byte_ask<&scpi_client_t::ese>},
@@ -244,7 +249,7 @@ const scpi_row_t scpi_rows[] = {
     {"[:SOURce]:CURRent" LEVEL "?",            0, 1, false, scpi_settling,      scpi_curr_ask},
     {":APPLy",                                 1, 2, true,  scpi_settling,      scpi_apply},
     {":APPLy?",                                0, 0, false, scpi_settling,      scpi_apply_ask},
-    {":OUTPut[:STATe]",                        1, 1, false, scpi_output_waits,  scpi_output},
+    {":OUTPut[:STATe]",                        1, 1, false, scpi_output_waits,  scpi_output, scpi_output_turns_off},
     {":OUTPut[:STATe]?",                       0, 0, false, scpi_settling,      output_ask},
     {":SYSTem:RAIL:CATalog?",                  0, 0, false, nullptr,            catalog},
     {":SYSTem:RAIL[:SELect]",                  1, 3, true,  scpi_settling,      scpi_rail},

@@ -10,6 +10,7 @@ enum { STARTED_APPLY = 1, STARTED_ON = 2, STARTED_OFF = 4 };
 enum { OFF_MS = 2000 }; // for the box to report that it is off
 
 static const char not_a_number[] = "9.91E37";
+static const char off_came[] = "a command to turn off came after it";
 
 // Whether a client may change anything now ------------------------------------------------------------------------
 static bool may_set(scpi_call_t &call) {
@@ -101,17 +102,24 @@ void scpi_outcome(scpi_client_t *client) {
     }
 }
 
+// A box that has not said whether applying turns its output on may do so.
+static bool turns_on() {
+    return (bench.settings_known & BENCH_SETTING_AUTO_ON) == 0 || bench.auto_on != 0;
+}
+
 static void send(scpi_call_t &call, bench_choice_t choice) {
     scpi_client_t *client = call.client;
-    if (!bench_apply(choice, true)) {
+    if (scpi_off_ahead(client) && turns_on()) {
+        scpi_fail(client, SCPI_CONFLICT, off_came);
+    } else if (!bench_apply(choice, true)) {
         scpi_fail(client, SCPI_DEVICE, choice_text(choice) + " cannot be applied now");
-        return;
+    } else {
+        client->started |= STARTED_APPLY;
+        client->choice = choice;
+        client->apply_at = bench.apply_at;
+        client->ma_wanted = 0;
+        scpi_remote_take(client);
     }
-    client->started |= STARTED_APPLY;
-    client->choice = choice;
-    client->apply_at = bench.apply_at;
-    client->ma_wanted = 0;
-    scpi_remote_take(client);
 }
 
 static void choose_and_send(scpi_call_t &call, scpi_scope_t scope, double mv, double ma) {
@@ -195,7 +203,8 @@ static bool means_on(const scpi_param_t &param) {
 
 // On waits until what was requested before is done, and off has been reported.
 bool scpi_output_waits(const scpi_call_t &call) {
-    return means_on(call.param[0]) && !call.client->failed && (scpi_settling(call) || bench.now < bench.deaf_until);
+    return means_on(call.param[0]) && !call.client->failed && !scpi_off_ahead(call.client) &&
+           (scpi_settling(call) || bench.now < bench.deaf_until);
 }
 
 static void output_on(scpi_call_t &call) {
@@ -203,7 +212,9 @@ static void output_on(scpi_call_t &call) {
     if (client->failed || !may_set(call) || bench_is_on()) {
         return;
     }
-    if (!bench_out_known() || !bench.set_known) {
+    if (scpi_off_ahead(client)) {
+        scpi_fail(client, SCPI_CONFLICT, off_came);
+    } else if (!bench_out_known() || !bench.set_known) {
         scpi_fail(client, bench_out_known() ? SCPI_CONFLICT : SCPI_DEVICE,
                   bench_out_known() ? "what is set is not known; APPL first" : "the output's state is not known");
     } else if (!bench_turn_on(true)) {
@@ -215,14 +226,22 @@ static void output_on(scpi_call_t &call) {
     }
 }
 
-void scpi_output_off(scpi_client_t *client) {
-    const bool known = bench_out_known();
+void scpi_off_request(scpi_client_t *client) {
     bench_off();
     client->started = (u8)((client->started & ~STARTED_ON) | STARTED_OFF);
     client->off_at = bench.off_at;
-    if (!known) {
+}
+
+void scpi_output_off(scpi_client_t *client) {
+    scpi_off_request(client);
+    if (!bench_out_known()) {
         scpi_fail(client, SCPI_DEVICE, "off is requested, but the output's state is not known");
     }
+}
+
+bool scpi_output_turns_off(scpi_call_t &call) {
+    bool on = true;
+    return scpi_param_flag(call, 0, &on) && !on;
 }
 
 void scpi_output(scpi_call_t &call) {

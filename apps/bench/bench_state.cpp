@@ -56,6 +56,7 @@ static void eye_take(eye_t &eye, u16 value) {
 void bench_start(void) {
     bench = {.port = {.state = BENCH_PORT_LOOKING}, .dead = true, .rail = RAIL_NONE};
     memset(eyes, 0, sizeof(eyes));
+    bench_gate_start();
     if (!trend_stopped()) { // a recording that is shown stays
         trend_clear();
     }
@@ -90,12 +91,12 @@ bool bench_is_on(void) {
     return bench_out_known() && bench.on;
 }
 
-bool bench_press(void) {
+bool bench_press(bench_press_e what) {
     if (bench.locked) {
         bench.locked_pressed = true;
         bench.locked_at = bench.now;
     }
-    return !bench.locked && !bench.remote[0];
+    return !bench.locked && (what == BENCH_PRESS_LOCAL || !bench.remote[0]);
 }
 
 bool bench_locked_note(void) {

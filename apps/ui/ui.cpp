@@ -55,10 +55,10 @@ static bool slid_on() {
     return zof_touch_get(&touch) == 0 && touch.state == ZOF_TOUCH_HELD;
 }
 
-bool ui_takes(zof_event_e event) {
+bool ui_takes(zof_event_e event, bench_press_e what) {
     if (event == ZOF_EVENT_PRESSED) {
         bench_tick();
-        ui.press_counts = !slid_on() && bench.now >= ui.calm_until && bench_press();
+        ui.press_counts = !slid_on() && bench.now >= ui.calm_until && bench_press(what);
         if (!ui.press_counts) {
             ui_paint();
         }

@@ -32,7 +32,7 @@ void ui_calm();
 void ui_entered();
 // Whether this event of a control counts: not of a finger that slid onto it, in the 0.3 s above, nor while the panel is
 // locked or a remote client holds it. A press that does not count takes its later events with it.
-bool ui_takes(zof_event_e event);
+bool ui_takes(zof_event_e event, bench_press_e what = BENCH_PRESS_ANY);
 
 // The tab of the Output page, which held for a second locks the panel, and unlocks it.
 void output_tab_event(zof_ctrl_t *, zof_event_e event);

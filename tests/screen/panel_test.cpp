@@ -89,7 +89,11 @@ TEST_CASE("panel: the output's page shows what the board reports, in every state
     snprintf(bench.remote, sizeof(bench.remote), "192.168.1.20");
     screen_step(100);
     CHECK(screen_is_golden("output_remote"));
+    bench.locked = true;
     screen_click(712, 25); // Local
+    CHECK((bench.remote[0] && bench_locked_note()));
+    bench.locked = false;
+    screen_click(712, 25);
     CHECK(!bench.remote[0]);
 }
 

@@ -87,6 +87,8 @@ TEST_CASE("bench: a rail opens at its lowest voltage with the current last used 
     rails[5].imax = 700;
     rails_send(rails, 0);
     CHECK((bench_rail_open(6).ma == 0 && bench_rail_open(7).ma == 1000 && bench_rail_open(5).ma == 700));
+    start();
+    CHECK(bench_rail_open(7).ma == 1000); // since the start
 }
 
 TEST_CASE("bench: what a box may have taken without saying so does not make a higher voltage look lower") {

@@ -49,7 +49,7 @@ TEST_CASE("scpi: headers and parameters are read as the standard says, and each 
         int code;
     } rows[] = {
         {"*TST?;*STB?;*ESR?;*ESE?;*SRE?;SYST:ERR:COUN?", "0;0;0;0;0;0", 0},
-        {"*idn?", "zof,bench panel,0,1.4.12-251024090648", 0},
+        {"*idn?", "zof,bench panel,0,0", 0},
         {"  SYSTEM:VERSION?\r", "1999.0", 0},
         {":syst:vers?;VERS?;:SYST:VERS?", "1999.0;1999.0;1999.0", 0},
         {"SYST:VERS?;*OPC?;VERS?", "1999.0;1;1999.0", 0}, // a common command leaves the path as it is
@@ -258,6 +258,42 @@ TEST_CASE("scpi: operations end when the box confirms, and with an error when it
     CHECK((bench.now - before > 500 && code() == 0));
 }
 
+TEST_CASE("scpi: off in a later line waits for nothing, and what is before it turns nothing on") {
+    static const struct {
+        const char *lines, *answers;
+        bool auto_on, off;
+    } rows[] = {
+        {"VOLT 12\n*OPC?\nOUTP OFF\n*TST?\n", "1\n0\n", false, true},
+        {"VOLT 12\nSYST:VERS?;*OPC?\nVOLT?;OUTP 0\n", "1999.0;1\n9.000\n", false, true},
+        {"VOLT 12\nOUTP ON\n*RST\n", "", false, true},
+        {"VOLT 12\nVOLT 5\nOUTP OFF\n", "", true, true},
+        {"VOLT 12\n*OPC?;OUTP OFF\n", "1\n", false, false}, // one line keeps its order
+        {"VOLT 12\n*OPC?\nOUTP MAYBE;:OUTP OFF?;RST\n", "1\n", false, false},
+        {"VOLT 12\n*OPC?\nOUTP OFF", "1\n", false, false}, // may become OFFER
+    };
+    for (const auto &row : rows) {
+        CAPTURE(row.lines);
+        scpi_box_open();
+        bench_take(REG_AUTO_ARM, row.auto_on);
+        say("VOLT 9;*OPC?");
+        say("OUTP OFF;*OPC?");
+        sent();
+        scpi_box.deaf = true;
+        std::string left = row.lines;
+        left.erase(0, scpi_feed(&scpi_box.client, left.data(), left.size()));
+        CHECK((sent().back() == std::pair<u16, u16>{REG_OUT_REQ, 0}) == row.off);
+        scpi_box_pass(SCPI_BOX_STEP_MS);
+        for (u32 i = 0; i < 400 && (!left.empty() || scpi_waits(&scpi_box.client)); i++) {
+            left.erase(0, scpi_feed(&scpi_box.client, left.data(), left.size()));
+            scpi_box_pass(SCPI_BOX_STEP_MS);
+        }
+        for (const auto &[addr, value] : sent()) {
+            CHECK((addr == REG_OUT_REQ ? value == 0 : !row.auto_on));
+        }
+        CHECK(scpi_box.client.out == row.answers);
+    }
+}
+
 TEST_CASE("scpi: old readings are not numbers, and nothing is set on them") {
     scpi_box_open();
     scpi_box.mute = true;
@@ -301,7 +337,7 @@ TEST_CASE("scpi: without known set values a voltage opens with the rail's curren
     say("APPL 20,2.25;*OPC?");
     CHECK(say("VOLT 9;*OPC?;:APPL?") == "1;9.000,2.250");
     scpi_box_open({{RAIL_PPS, 3300, 11000, 3000}});
-    CHECK(say("VOLT 9;*OPC?;:APPL?;:OUTP ON;*OPC?") == "1;9.000,2.250;1"); // as it was last used
+    CHECK(say("VOLT 9;*OPC?;:APPL?;:OUTP ON;*OPC?") == "1;9.000,1.000;1"); // a new start: nothing was used before
 }
 
 TEST_CASE("scpi: whoever sets holds the panel, until it is taken back, left or closed") {

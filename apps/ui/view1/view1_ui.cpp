@@ -248,7 +248,7 @@ static void reset_event(zof_ctrl_t *ctrl, zof_event_e event) {
 }
 
 static void local_event(zof_ctrl_t *, zof_event_e event) {
-    if (event == ZOF_EVENT_CLICKED) {
+    if (ui_takes(event, BENCH_PRESS_LOCAL) && event == ZOF_EVENT_CLICKED) {
         bench.remote[0] = '\0';
         ui_paint();
     }
