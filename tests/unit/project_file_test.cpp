@@ -47,7 +47,7 @@ TEST_CASE("the cursor walks the controls and skips invalid entries") {
     u32 before = zof_mem_count();
     project.write("config/view/one.g", view_file(R"({"type": 0, "theme": "youth"}, 3,
         {"type": 0, "theme": "youth", "property": {"pub_t": {"name": "no id"}}},
-        {"type": "label", "theme": "youth", "property": {"pub_t": {"id": 1}}},)" +
+        {"type": 30, "theme": "youth", "property": {"pub_t": {"id": 1}}},)" +
                                                  control("70000") + "," + control("\"6\"") +
                                                  R"(, {"theme": "night", "property": {"pub_t": {"id": 8, "pub": true}}},
         {"type": 1, "theme": 1, "property": {"pub_t": {"id": 9, "pub": 1}, "txt": "go", "mode": 1}},

@@ -17,11 +17,14 @@ const reflect_item_t zof_range_t_tbl[] = {
     CSON_END,
 };
 
+static const zof_name_t mode_names[] = {
+    {"start", LV_ARC_MODE_NORMAL}, {"middle", LV_ARC_MODE_SYMMETRICAL}, {"end", LV_ARC_MODE_REVERSE}, ZOF_NAMES_END};
+
 const reflect_item_t zof_arc_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_arc_attr_t),
     CSON_OBJ(zof_arc_attr_t, angle_t, zof_angle_t_tbl),
     CSON_INT(zof_arc_attr_t, arc_value),
-    CSON_ENUM(zof_arc_attr_t, mode_e, LV_ARC_MODE_REVERSE + 1),
+    CSON_ENUM(zof_arc_attr_t, mode_e, LV_ARC_MODE_REVERSE + 1, mode_names),
     CSON_OBJ(zof_arc_attr_t, range_t, zof_range_t_tbl),
     CSON_BOOL(zof_arc_attr_t, know_dis_en),
     CSON_TEXT(zof_arc_attr_t, arc_main_img),

@@ -8,7 +8,7 @@
 
 const reflect_item_t zof_btn_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_btn_attr_t),
-    CSON_INT(zof_btn_attr_t, mode),
+    CSON_ENUM(zof_btn_attr_t, mode, 0, zof_press_names),
     CSON_TEXT(zof_btn_attr_t, txt),
     CSON_END,
 };

@@ -20,10 +20,18 @@ const reflect_item_t zof_chart_marks_t_tbl[] = {
     CSON_END,
 };
 
+static const zof_name_t type_names[] = {{"none", LV_CHART_TYPE_NONE},
+                                        {"lines", LV_CHART_TYPE_LINE},
+                                        {"bars", LV_CHART_TYPE_BAR},
+                                        {"points", LV_CHART_TYPE_SCATTER},
+                                        ZOF_NAMES_END};
+static const zof_name_t update_names[] = {
+    {"shift", LV_CHART_UPDATE_MODE_SHIFT}, {"overwrite", LV_CHART_UPDATE_MODE_CIRCULAR}, ZOF_NAMES_END};
+
 const reflect_item_t zof_chart_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_chart_attr_t),
-    CSON_ENUM(zof_chart_attr_t, dis_type_e, LV_CHART_TYPE_SCATTER + 1),
-    CSON_INT(zof_chart_attr_t, dis_mode_e),
+    CSON_ENUM(zof_chart_attr_t, dis_type_e, LV_CHART_TYPE_SCATTER + 1, type_names),
+    CSON_ENUM(zof_chart_attr_t, dis_mode_e, 0, update_names),
     CSON_INT(zof_chart_attr_t, y_min),
     CSON_INT(zof_chart_attr_t, y_max),
     CSON_INT(zof_chart_attr_t, x_min),

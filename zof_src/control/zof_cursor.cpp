@@ -4,8 +4,8 @@
 #include "project/look/zof_style.h"
 
 const reflect_item_t zof_cursor_style_attr_t_tbl[] = {
-    CSON_ENUM(zof_cursor_style_attr_t, cursor_e, 2 * LV_BORDER_SIDE_INTERNAL),
-    CSON_INT(zof_cursor_style_attr_t, color),
+    CSON_SUM(zof_cursor_style_attr_t, cursor_e, 2 * LV_BORDER_SIDE_INTERNAL, zof_side_names),
+    CSON_COLOR(zof_cursor_style_attr_t, color),
     CSON_INT(zof_cursor_style_attr_t, zof_cursor_width),
     CSON_INT(zof_cursor_style_attr_t, zof_cursor_opa),
     CSON_INT(zof_cursor_style_attr_t, zof_cursor_animtime),

@@ -6,12 +6,15 @@
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
+static const zof_name_t side_names[] = {
+    {"left", LV_DIR_LEFT}, {"right", LV_DIR_RIGHT}, {"up", LV_DIR_TOP}, {"down", LV_DIR_BOTTOM}, ZOF_NAMES_END};
+
 const reflect_item_t zof_droplist_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_droplist_attr_t),
     CSON_TEXT(zof_droplist_attr_t, options),
-    CSON_ENUM(zof_droplist_attr_t, dir_t, LV_DIR_BOTTOM + 1),
+    CSON_ENUM(zof_droplist_attr_t, dir_t, LV_DIR_BOTTOM + 1, side_names),
     CSON_INT(zof_droplist_attr_t, anim_time),
-    CSON_ENUM(zof_droplist_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),
+    CSON_ENUM(zof_droplist_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1, zof_text_align_names),
     CSON_END,
 };
 

@@ -7,12 +7,14 @@
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
 
+static const zof_name_t mode_names[] = {{"own size", 0}, {"center", 1}, {"tile", 2}, ZOF_NAMES_END};
+
 const reflect_item_t zof_img_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_img_attr_t),
     CSON_TEXT(zof_img_attr_t, init_img),
     CSON_OBJ(zof_img_attr_t, rotate_pt, zof_point_t_tbl),
     CSON_INT(zof_img_attr_t, init_angel),
-    CSON_INT(zof_img_attr_t, img_mode_e),
+    CSON_ENUM(zof_img_attr_t, img_mode_e, 0, mode_names),
     CSON_END,
 };
 

@@ -9,10 +9,12 @@
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
+static const zof_name_t pos_names[] = {{"corner", 0}, {"center", 1}, ZOF_NAMES_END};
+
 const reflect_item_t zof_imgbtn_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_imgbtn_attr_t),
-    CSON_INT(zof_imgbtn_attr_t, mode),
-    CSON_INT(zof_imgbtn_attr_t, pos_mode_e),
+    CSON_ENUM(zof_imgbtn_attr_t, mode, 0, zof_press_names),
+    CSON_ENUM(zof_imgbtn_attr_t, pos_mode_e, 0, pos_names),
     CSON_TEXT(zof_imgbtn_attr_t, txt),
     CSON_TEXT(zof_imgbtn_attr_t, img_rel),
     CSON_TEXT(zof_imgbtn_attr_t, img_pr),

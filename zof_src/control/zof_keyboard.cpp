@@ -11,10 +11,16 @@
 #include "project/look/zof_font.h"
 #include "project/look/zof_style.h"
 
+static const zof_name_t mode_names[] = {{"lower case", LV_KEYBOARD_MODE_TEXT_LOWER},
+                                        {"upper case", LV_KEYBOARD_MODE_TEXT_UPPER},
+                                        {"symbols", LV_KEYBOARD_MODE_SPECIAL},
+                                        {"numbers", LV_KEYBOARD_MODE_NUMBER},
+                                        ZOF_NAMES_END};
+
 const reflect_item_t zof_keyboard_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_keyboard_attr_t),
     CSON_BOOL(zof_keyboard_attr_t, keyboard_spell),
-    CSON_ENUM(zof_keyboard_attr_t, mode, LV_KEYBOARD_MODE_USER_4 + 1),
+    CSON_ENUM(zof_keyboard_attr_t, mode, LV_KEYBOARD_MODE_USER_4 + 1, mode_names),
     CSON_BOOL(zof_keyboard_attr_t, popovers),
     CSON_TEXT(zof_keyboard_attr_t, cn_font_lib),
     CSON_INT(zof_keyboard_attr_t, cn_font_size),

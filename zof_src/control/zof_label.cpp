@@ -7,12 +7,27 @@
 #include "project/look/zof_lang.h"
 #include "project/look/zof_style.h"
 
+static const zof_name_t long_names[] = {{"wrap", LV_LABEL_LONG_WRAP},     {"dots", LV_LABEL_LONG_DOT},
+                                        {"scroll", LV_LABEL_LONG_SCROLL}, {"circle", LV_LABEL_LONG_SCROLL_CIRCULAR},
+                                        {"cut", LV_LABEL_LONG_CLIP},      ZOF_NAMES_END};
+
+// Both orders of the two words are read.
+static const zof_name_t align_names[] = {
+    {"auto", 0},           {"left", 1},           {"center", 2},           {"right", 3},
+    {"auto top", 0x10},    {"left top", 0x11},    {"center top", 0x12},    {"right top", 0x13},
+    {"auto middle", 0x20}, {"left middle", 0x21}, {"center middle", 0x22}, {"right middle", 0x23},
+    {"auto bottom", 0x30}, {"left bottom", 0x31}, {"center bottom", 0x32}, {"right bottom", 0x33},
+    {"top auto", 0x10},    {"top left", 0x11},    {"top center", 0x12},    {"top right", 0x13},
+    {"middle auto", 0x20}, {"middle left", 0x21}, {"middle center", 0x22}, {"middle right", 0x23},
+    {"bottom auto", 0x30}, {"bottom left", 0x31}, {"bottom center", 0x32}, {"bottom right", 0x33},
+    ZOF_NAMES_END};
+
 const reflect_item_t zof_label_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_label_attr_t),
     CSON_INT(zof_label_attr_t, auto_hight),
-    CSON_ENUM(zof_label_attr_t, dis_mode_e, LV_LABEL_LONG_CLIP + 1),
+    CSON_ENUM(zof_label_attr_t, dis_mode_e, LV_LABEL_LONG_CLIP + 1, long_names),
     CSON_INT(zof_label_attr_t, animspeed),
-    CSON_ENUM(zof_label_attr_t, align_e, 0x40),
+    CSON_ENUM(zof_label_attr_t, align_e, 0x40, align_names),
     CSON_TEXT(zof_label_attr_t, txt),
     CSON_INT(zof_label_attr_t, align_label),
     CSON_END,

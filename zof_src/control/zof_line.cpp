@@ -5,7 +5,7 @@
 #include "project/look/zof_style.h"
 
 const reflect_item_t zof_line_disp_t_tbl[] = {
-    CSON_INT(zof_line_disp_t, color),
+    CSON_COLOR(zof_line_disp_t, color),
     CSON_INT(zof_line_disp_t, width),
     CSON_INT(zof_line_disp_t, opa),
     CSON_INT(zof_line_disp_t, rounded),

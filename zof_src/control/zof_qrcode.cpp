@@ -9,11 +9,11 @@
 
 const reflect_item_t zof_qrcode_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_qrcode_attr_t),
-    CSON_INT(zof_qrcode_attr_t, bg_color),
-    CSON_INT(zof_qrcode_attr_t, color),
+    CSON_COLOR(zof_qrcode_attr_t, bg_color),
+    CSON_COLOR(zof_qrcode_attr_t, color),
     CSON_TEXT(zof_qrcode_attr_t, txt),
     CSON_INT(zof_qrcode_attr_t, width),
-    CSON_INT(zof_qrcode_attr_t, border_color),
+    CSON_COLOR(zof_qrcode_attr_t, border_color),
     CSON_END,
 };
 

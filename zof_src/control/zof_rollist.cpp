@@ -5,11 +5,18 @@
 #include "control/zof_listtxt.h"
 #include "project/look/zof_style.h"
 
+static const zof_name_t mode_names[] = {
+    {"stops", LV_ROLLER_MODE_NORMAL}, {"endless", LV_ROLLER_MODE_INFINITE}, ZOF_NAMES_END};
+
 const reflect_item_t zof_rollist_attr_t_tbl[] = {
-    ZOF_CTRL_KEYS(zof_rollist_attr_t),           CSON_TEXT(zof_rollist_attr_t, options),
-    CSON_INT(zof_rollist_attr_t, rol_mode),      CSON_INT(zof_rollist_attr_t, row_cnt),
-    CSON_INT(zof_rollist_attr_t, anim_time),     CSON_ENUM(zof_rollist_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),
-    CSON_INT(zof_rollist_attr_t, ext_sel_width), CSON_END,
+    ZOF_CTRL_KEYS(zof_rollist_attr_t),
+    CSON_TEXT(zof_rollist_attr_t, options),
+    CSON_ENUM(zof_rollist_attr_t, rol_mode, 0, mode_names),
+    CSON_INT(zof_rollist_attr_t, row_cnt),
+    CSON_INT(zof_rollist_attr_t, anim_time),
+    CSON_ENUM(zof_rollist_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1, zof_text_align_names),
+    CSON_INT(zof_rollist_attr_t, ext_sel_width),
+    CSON_END,
 };
 
 const zof_ctrl_class_t zof_rollist_class = {

@@ -11,16 +11,20 @@
 
 enum { DIR_HORIZONTAL, DIR_VERTICAL, DIR_COUNT };
 
+static const zof_name_t dir_names[] = {{"horizontal", DIR_HORIZONTAL}, {"vertical", DIR_VERTICAL}, ZOF_NAMES_END};
+static const zof_name_t zoom_names[] = {{"radius", 0}, {"pixels", 1}, ZOF_NAMES_END};
+static const zof_name_t arc_names[] = {{"down", 0}, {"up", 1}, ZOF_NAMES_END};
+
 const reflect_item_t zof_scrollcont_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_scrollcont_attr_t),
     CSON_INT(zof_scrollcont_attr_t, child_cnt),
     CSON_INT(zof_scrollcont_attr_t, display_count),
-    CSON_ENUM(zof_scrollcont_attr_t, dir, DIR_COUNT),
+    CSON_ENUM(zof_scrollcont_attr_t, dir, DIR_COUNT, dir_names),
     CSON_INT(zof_scrollcont_attr_t, pad),
     CSON_INT(zof_scrollcont_attr_t, zoom),
-    CSON_INT(zof_scrollcont_attr_t, zoom_mode),
+    CSON_ENUM(zof_scrollcont_attr_t, zoom_mode, 0, zoom_names),
     CSON_INT(zof_scrollcont_attr_t, arc_r),
-    CSON_INT(zof_scrollcont_attr_t, arc_dir),
+    CSON_ENUM(zof_scrollcont_attr_t, arc_dir, 0, arc_names),
     CSON_INT(zof_scrollcont_attr_t, opa_mode),
     CSON_END,
 };

@@ -10,7 +10,7 @@ const reflect_item_t zof_table_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_table_attr_t),
     CSON_INT(zof_table_attr_t, row_cnt),
     CSON_INT(zof_table_attr_t, col_cnt),
-    CSON_ENUM(zof_table_attr_t, align_table, LV_TEXT_ALIGN_RIGHT + 1),
+    CSON_ENUM(zof_table_attr_t, align_table, LV_TEXT_ALIGN_RIGHT + 1, zof_text_align_names),
     CSON_END,
 };
 

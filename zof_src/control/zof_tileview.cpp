@@ -20,7 +20,7 @@ const reflect_item_t zof_tile_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_tile_attr_t),
     CSON_INT(zof_tile_attr_t, row_id),
     CSON_INT(zof_tile_attr_t, col_id),
-    CSON_ENUM(zof_tile_attr_t, dir, LV_DIR_ALL + 1),
+    CSON_SUM(zof_tile_attr_t, dir, LV_DIR_ALL + 1, zof_dir_names),
     CSON_END,
 };
 

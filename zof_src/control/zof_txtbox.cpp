@@ -9,11 +9,13 @@
 #include "project/look/zof_style.h"
 #include "zof_lib/zof_stdio.h"
 
+static const zof_name_t line_names[] = {{"one line", 0}, {"several lines", 1}, ZOF_NAMES_END};
+
 const reflect_item_t zof_txtbox_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_txtbox_attr_t),
-    CSON_INT(zof_txtbox_attr_t, line_mode),
-    CSON_ENUM(zof_txtbox_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),
-    CSON_ENUM(zof_txtbox_attr_t, holder_txt_align_e, LV_TEXT_ALIGN_RIGHT + 1),
+    CSON_ENUM(zof_txtbox_attr_t, line_mode, 0, line_names),
+    CSON_ENUM(zof_txtbox_attr_t, txt_align_e, LV_TEXT_ALIGN_RIGHT + 1, zof_text_align_names),
+    CSON_ENUM(zof_txtbox_attr_t, holder_txt_align_e, LV_TEXT_ALIGN_RIGHT + 1, zof_text_align_names),
     CSON_TEXT(zof_txtbox_attr_t, accept_txt),
     CSON_INT(zof_txtbox_attr_t, max_txt_len),
     CSON_TEXT(zof_txtbox_attr_t, p_holder_txt),

@@ -8,12 +8,18 @@
 #include "drv/zof_drv_video.h"
 #include "project/path/zof_res.h"
 
+static const zof_name_t state_names[] = {{"play", ZOF_MEDIA_PLAY},
+                                         {"stop", ZOF_MEDIA_STOP},
+                                         {"pause", ZOF_MEDIA_PAUSE},
+                                         {"resume", ZOF_MEDIA_RESUME},
+                                         ZOF_NAMES_END};
+
 const reflect_item_t zof_video_attr_t_tbl[] = {
     ZOF_CTRL_KEYS(zof_video_attr_t),
     CSON_BOOL(zof_video_attr_t, play_en),
     CSON_TEXT(zof_video_attr_t, txt),
     CSON_INT(zof_video_attr_t, volume),
-    CSON_ENUM(zof_video_attr_t, state, ZOF_MEDIA_RESUME + 1),
+    CSON_ENUM(zof_video_attr_t, state, ZOF_MEDIA_RESUME + 1, state_names),
     CSON_END,
 };
 

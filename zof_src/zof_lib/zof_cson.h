@@ -5,6 +5,7 @@
 
 #include <stddef.h>
 
+#include "zof_lib/zof_names.h"
 #include "zof_lib/zof_type.h"
 
 ZOF_C_BEGIN
@@ -27,6 +28,8 @@ enum {
     CSON_SKIP_DECODE = 2, // the row is for encoding only
     CSON_SKIP_ENCODE = 4, // the row is for decoding only
     CSON_LOW_END = 8,     // an integer that should not be above that of the next row
+    CSON_ADDS = 16,       // an integer: the numbers of its names are added up
+    CSON_COLORS = 32,     // an integer: a colour, which may be a text, "#RRGGBB" or "#RGB"
     CSON_VALUES_SHIFT = 8 // from this bit on, for an enumeration: how many values it has, which count from 0
 };
 
@@ -51,6 +54,7 @@ typedef struct reflect_item {
     size_t item_size;                 // array: bytes of one element
     const char *count_key;            // array: key of the row in the same table that holds the count
     size_t flags;                     // CSON_NULLABLE ...
+    const zof_name_t *names;          // OPTIONAL: integer: names that a file may have in place of the number
 } reflect_item_t;
 
 // One row of a table: the record's type, the field, whose name is also the key. All but one row of the project are
@@ -58,11 +62,15 @@ typedef struct reflect_item {
 #define CSON_SCALAR(T, field, code) \
     { #field, offsetof(T, field), sizeof(((T *)0)->field), code, 0, 0, 0, CSON_NULLABLE }
 #define CSON_INT(T, field) CSON_SCALAR(T, field, CSON_INTEGER)
-#define CSON_ENUM(T, field, values)                                                 \
+// An integer with names. `values`: how many valid numbers there are, which count from 0; 0 if any number is valid.
+#define CSON_NAMED(T, field, values, flags, names)                                  \
     {                                                                               \
         #field, offsetof(T, field), sizeof(((T *)0)->field), CSON_INTEGER, 0, 0, 0, \
-            CSON_NULLABLE | (values) << CSON_VALUES_SHIFT                           \
+            CSON_NULLABLE | (flags) | (size_t)(values) << CSON_VALUES_SHIFT, names  \
     }
+#define CSON_ENUM(T, field, values, names) CSON_NAMED(T, field, values, 0, names)
+#define CSON_SUM(T, field, values, names) CSON_NAMED(T, field, values, CSON_ADDS, names)
+#define CSON_COLOR(T, field) CSON_NAMED(T, field, 0, CSON_COLORS, 0)
 #define CSON_BOOL(T, field) CSON_SCALAR(T, field, CSON_TRUE)
 #define CSON_TEXT(T, field) CSON_SCALAR(T, field, CSON_STRING)
 #define CSON_DOUBLE(T, field) CSON_SCALAR(T, field, CSON_REAL)
@@ -78,7 +86,7 @@ typedef struct reflect_item {
 #define CSON_KNOWN(name) \
     { name, 0, 0, CSON_NULL, 0, 0, 0, CSON_NULLABLE | CSON_SKIP_DECODE | CSON_SKIP_ENCODE }
 #define CSON_END \
-    { 0, 0, 0, 0, 0, 0, 0, 0 }
+    { 0, 0, 0, 0, 0, 0, 0, 0, 0 }
 
 // Element tables of arrays whose elements are bare values. Their keys begin with "0", unlike any field name.
 extern const reflect_item_t boolReflectTbl[];
@@ -118,9 +126,10 @@ extern const cson_interface csomImpl;
 typedef void (*cson_visit)(void *field, const reflect_item_t *row);
 
 // Fills `record` from a parsed JSON object, row by row. A key that is missing or does not fit leaves its field
-// unchanged, so that one object can overlay another. Numbers are truncated towards zero; 2147483647 reads as 0.
-// A value of the wrong kind and a number out of range count as missing. They are
-// reported as faults, and so are keys without a row, keys given twice, and ends in the wrong order. Texts and arrays
+// unchanged, so that one object can overlay another. Numbers are truncated towards zero; 2147483647 reads as 0. A text
+// in place of a number is read where the row has names or is a colour. A value of the wrong kind, a number out of range
+// and an unknown name count as missing. They are reported as faults, and so are keys without a row, keys given twice,
+// and ends in the wrong order. Texts and arrays
 // are allocated with zof_malloc and belong to the record; what a field pointed to before is not released. Bad elements
 // of an array are dropped and the following ones close up. The tree may be deleted afterwards. Returns CSON_OK, or the
 // code of the first failing row that is not nullable; the rows after it are not read then.
@@ -128,6 +137,13 @@ s32 csonJsonStr2Struct(const void *json, void *record, const reflect_item_t *tab
 
 // The same without reports, for a part of an object that is decoded again as a whole.
 s32 csonPeek(const void *json, void *record, const reflect_item_t *table);
+
+// Returns 0 and the number of a row for its value in a file, which is a name or a colour as a text; -1, with *value
+// unchanged, if the row has no such text.
+s32 csonTextRead(const reflect_item_t *row, const char *text, s64 *value);
+
+// Reports a text that csonTextRead does not know, with the names that it does, and what follows from it.
+void csonNameFault(const void *value, const reflect_item_t *row, const char *effect);
 
 // Reports the keys of an object that have no row, and those given twice.
 void csonKeys(const void *json, const reflect_item_t *table);

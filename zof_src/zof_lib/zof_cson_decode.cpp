@@ -42,6 +42,22 @@ static bool row_accepts(size_t row_type, s32 json_type) {
     return row_type == type || (is_number(row_type) && is_number(type)) || (is_bool(row_type) && is_bool(type));
 }
 
+s32 csonTextRead(const reflect_item_t *row, const char *text, s64 *value) {
+    if (row->flags & CSON_COLORS) {
+        return zof_color_read(text, value);
+    }
+    return row->names ? zof_names_read(row->names, (row->flags & CSON_ADDS) != 0, text, value) : -1;
+}
+
+static s32 decode_name(const void *json, void *record, const reflect_item_t *row) {
+    s64 value = 0;
+    if (csonTextRead(row, csomImpl.string_value(json), &value) != 0) {
+        csonNameFault(json, row, "the default is used");
+        return CSON_ERR_TYPE;
+    }
+    return convertInteger(value, row->size, cson_field(record, row));
+}
+
 // Decodes a value for a row; null for a missing one.
 static s32 decode_row(const void *value, void *record, const reflect_item_t *table, s32 index) {
     const reflect_item_t *row = &table[index];
@@ -51,7 +67,11 @@ static s32 decode_row(const void *value, void *record, const reflect_item_t *tab
     if (row->type >= CSON_NULL) {
         return CSON_ERR_TYPE;
     }
-    if (!row_accepts(row->type, csomImpl.type_of(value))) {
+    const s32 type = csomImpl.type_of(value);
+    if (!row_accepts(row->type, type)) {
+        if (type == CSON_STRING && (row->names || row->flags & CSON_COLORS)) {
+            return decode_name(value, record, row);
+        }
         cson_kind_fault(value, row, "the default is used");
         return CSON_ERR_TYPE;
     }

@@ -6,6 +6,8 @@
 #include "zof_lib/zof_cson_in.h"
 #include "zof_lib/zof_stdio.h"
 
+enum { CSON_FAULT_SIZE = 512 }; // holds the longest list of names
+
 static thread_local struct {
     cson_fault_fn fn;
     s32 quiet; // peeks that are running
@@ -21,7 +23,7 @@ void cson_fault(const void *value, const char *key, const char *fmt, ...) {
     if (faults.quiet) {
         return;
     }
-    char text[256];
+    char text[CSON_FAULT_SIZE];
     va_list args;
     va_start(args, fmt);
     std::vsnprintf(text, sizeof text, fmt, args);
@@ -42,6 +44,18 @@ void cson_kind_fault(const void *value, const reflect_item_t *row, const char *e
         "an object", "an array", "a text", "a number", "a number", "true or false", "true or false", "null",
     };
     cson_fault(value, row->key, "expected %s, found %s; %s", kinds[row->type], kinds[csomImpl.type_of(value)], effect);
+}
+
+void csonNameFault(const void *value, const reflect_item_t *row, const char *effect) {
+    const char *text = csomImpl.string_value(value);
+    if (row->flags & CSON_COLORS) {
+        cson_fault(value, row->key, "\"%.40s\" is not a colour, \"#RRGGBB\" or \"#RGB\"; %s", text, effect);
+        return;
+    }
+    char names[CSON_FAULT_SIZE - 96];
+    zof_names_list(row->names, names, sizeof names);
+    cson_fault(value, row->key, "\"%.40s\" is not %s %s; %s", text, row->flags & CSON_ADDS ? "a sum of" : "one of",
+               names, effect);
 }
 
 // The number of single characters to insert, delete or replace, without regard to case, to make one key of the other.

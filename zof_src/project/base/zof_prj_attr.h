@@ -6,6 +6,7 @@
 #include "drv/zof_drv_uart.h"
 #include "lvgl.h"
 #include "project/base/zof_event.h"
+#include "project/base/zof_prj_names.h"
 #include "zof_lib/zof_cson.h"
 #include "zof_lib/zof_type.h"
 
@@ -153,6 +154,17 @@ typedef struct {
     zof_ctrl_event_fn zof_ctrl_event; // no key: from the view's control table
 } zof_pub_attr_t;
 
+// An entry of `controls`, as far as it is not read by hand.
+typedef struct {
+    u32 type;
+} zof_entry_t;
+
+// The rows of what a style is for.
+#define ZOF_STYLE_KEYS                                               \
+    CSON_ENUM(zof_style_attr_t, style_part, 0, zof_part_names),      \
+        CSON_SUM(zof_style_attr_t, style_state, 0, zof_state_names), \
+        CSON_ENUM(zof_style_attr_t, style_sect, 0, zof_sect_names)
+
 // The first rows of each control type's table: the common keys. Styles are decoded separately, over those of the theme.
 #define ZOF_CTRL_KEYS(T) CSON_OBJ(T, pub_t, zof_pub_attr_t_tbl), CSON_KNOWN("styles")
 
@@ -177,6 +189,7 @@ extern const reflect_item_t zof_shadow_t_tbl[];
 extern const reflect_item_t zof_padding_t_tbl[];
 extern const reflect_item_t zof_text_dis_t_tbl[];
 extern const reflect_item_t zof_img_dis_t_tbl[];
+extern const reflect_item_t zof_entry_t_tbl[];
 
 ZOF_C_END
 

@@ -15,10 +15,7 @@
 // so its row is not nullable.
 static const reflect_item_t id_tbl[] = {{"id", offsetof(zof_pub_attr_t, id), sizeof(u16), CSON_INTEGER, 0, 0, 0, 0},
                                         CSON_END};
-static const reflect_item_t style_key_tbl[] = {CSON_INT(zof_style_attr_t, style_part),
-                                               CSON_INT(zof_style_attr_t, style_state),
-                                               CSON_INT(zof_style_attr_t, style_sect), CSON_END};
-static const reflect_item_t entry_tbl[] = {CSON_KNOWN("type"), CSON_KNOWN("theme"), CSON_KNOWN("property"), CSON_END};
+static const reflect_item_t style_key_tbl[] = {ZOF_STYLE_KEYS, CSON_END};
 
 s32 zof_j2s_walk_start(zof_j2s_walk_t *walk, const char *path) {
     zof_j2s_walk_end(walk);
@@ -102,8 +99,11 @@ static s32 type_of(cJSON *entry) {
     if (!type) {
         return 0;
     }
-    bool known = cJSON_IsNumber(type) && type->valueint >= 0 && type->valueint < ZOF_CTRL_TYPE_COUNT;
-    return known ? type->valueint : -1;
+    s64 value = cJSON_IsNumber(type) ? type->valueint : -1;
+    if (cJSON_IsString(type)) {
+        csonTextRead(zof_entry_t_tbl, type->valuestring, &value);
+    }
+    return value >= 0 && value < ZOF_CTRL_TYPE_COUNT ? (s32)value : -1;
 }
 
 // Returns the fault of an entry; null if it is valid.
@@ -137,7 +137,10 @@ s32 zof_j2s_walk_para(zof_j2s_walk_t *walk, u32 *id, u32 *pub) {
             *pub = pub_of(pub_t);
             return 0;
         }
-        if (fault) {
+        const cJSON *type = cJSON_GetObjectItem(walk->entry, "type");
+        if (fault && cJSON_IsString(type) && type_of(walk->entry) < 0) {
+            csonNameFault(type, zof_entry_t_tbl, "it is left out");
+        } else if (fault) {
             zof_fault_at(walk->entry, "%s; it is left out", fault);
         } else {
             zof_fault_at(walk->entry, "controls[%d] has the id %u already; it is left out", former - 1, head.id);
@@ -197,7 +200,7 @@ static void styles_add(zof_pub_attr_t *record, const zof_pub_attr_t *theme, cJSO
 
 // Reports what is wrong with an entry as a whole. Its ids are noted at the walk's peek.
 static void entry_check(const zof_j2s_walk_t *walk, cJSON *entry, const zof_pub_attr_t *record) {
-    csonKeys(entry, entry_tbl);
+    csonKeys(entry, zof_entry_t_tbl);
     const cJSON *pub_t = cJSON_GetObjectItem(cJSON_GetObjectItem(entry, "property"), "pub_t");
     if (!cJSON_IsString(cJSON_GetObjectItem(entry, "theme"))) {
         zof_fault_at(cJSON_GetObjectItem(entry, "theme"), "expected a text; the control has no theme");

@@ -9,7 +9,7 @@
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
-enum { KEY_SIZE = 256, TEXT_SIZE = 320, LOGGED_MAX = 50 };
+enum { KEY_SIZE = 256, TEXT_SIZE = 512, LOGGED_MAX = 50 };
 
 static thread_local struct {
     zof_fault_fn to;
