@@ -173,6 +173,14 @@ def project_files():
           [word.encode() for word in [f'"{key}":' for key in keys] + values])
 
 
+def jdoc():
+    """The first byte chooses the node that is changed."""
+    texts = ['{"a": [1, -2.5e+3, true, false, null, {}], "b": {"c": "\\u00fc\\ud83d\\ude00\\n"}}', '[[], [1], [1,2],\n  3]', "7",
+             '{"a": 1, // x\n "b": [1,],}', '{"a" 1}', '["\\u12"]', '["\\ud800"]', "[-.5, 01, 1.]", "[" * 1001, "\ufeff{}", '{"a":1 "b":2}']
+    seeds("jdoc", {str(n): bytes([n]) + text.encode() for n, text in enumerate(texts)},
+          [word.encode() for word in 'true false null \\ud83d\\ude00 \\u0000 \\" // /* */ # -1e5 {} [] "a":'.split()] + [b"\xef\xbb\xbf"])
+
+
 def font(bpp, count=4):
     glyphs = [(ord("a"), 4, 4), (ord("b"), 8, 2), (ord("Z"), 3, 5), (0x4E2D, 6, 6)]
     head = struct.pack("<HHHHBBb5x", ord("Z"), 0x4E2D, 64, count, bpp, 20, -4)
@@ -231,6 +239,7 @@ if __name__ == "__main__":
     scripts()
     scpi()
     project_files()
+    jdoc()
     fonts = {f"bpp_{bpp}": b"\0" + font(bpp) for bpp in (1, 2, 3, 4, 8)} | {"count": b"\0" + font(8, count=900)}
     with tempfile.TemporaryDirectory() as scratch:
         media(pathlib.Path(scratch))

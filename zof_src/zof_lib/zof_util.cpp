@@ -96,3 +96,41 @@ s32 zof_atoi(const char *text) {
     }
     return negative ? -value : value;
 }
+
+size_t zof_utf8_size(const char *text, size_t left) {
+    const u8 *c = (const u8 *)text;
+    if (left == 0 || c[0] < 0x80) {
+        return left != 0;
+    }
+    const size_t size = c[0] >= 0xF0 ? 4 : c[0] >= 0xE0 ? 3 : 2;
+    u32 code = c[0] & (0x7Fu >> size);
+    for (size_t i = 1; i < size; i++) {
+        if (i >= left || (c[i] & 0xC0) != 0x80) {
+            return 0;
+        }
+        code = code << 6 | (c[i] & 0x3F);
+    }
+    static const u32 least[] = {0x80, 0x800, 0x10000};
+    const zof_bool valid =
+        c[0] >= 0xC2 && code >= least[size - 2] && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+    return valid ? size : 0;
+}
+
+const char *zof_utf8_bad(const char *text, size_t size) {
+    for (const char *c = text, *end = text + size; c < end;) {
+        u64 eight = 0;
+        if (end - c >= 8) {
+            memcpy(&eight, c, 8);
+        }
+        if (end - c >= 8 && !(eight & 0x8080808080808080u)) {
+            c += 8;
+            continue;
+        }
+        const size_t bytes = zof_utf8_size(c, (size_t)(end - c));
+        if (!bytes) {
+            return c;
+        }
+        c += bytes;
+    }
+    return 0;
+}

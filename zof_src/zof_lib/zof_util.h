@@ -33,6 +33,12 @@ size_t zof_path_parent(const char *path);
 // Returns true when the text ends with `suffix`, which begins with a dot, in upper or lower case. False for null.
 zof_bool zof_suffix_is(const char *text, const char *suffix);
 
+// Returns the bytes of the UTF-8 character at the start of a text of `left` bytes; 0 if there is none.
+size_t zof_utf8_size(const char *text, size_t left);
+
+// Returns the first byte that is not UTF-8; null if all are.
+const char *zof_utf8_bad(const char *text, size_t size);
+
 // Returns a decimal number with an optional sign, up to the first character that is not a digit. Blanks are not
 // skipped: like any other first character, they yield 0. Saturates at the ends of s32. 0 for null.
 s32 zof_atoi(const char *text);
