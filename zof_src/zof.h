@@ -88,6 +88,8 @@
 #include "hmi/zof_hmi_sync.h"
 #include "hmi/zof_hmi_tone.h"
 
+#include "catalogue/zof_cat.h"
+
 #include "zof_start.h"
 
 #endif

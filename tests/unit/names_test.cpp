@@ -20,7 +20,7 @@ TEST_CASE("names are read without regard to case, alone or as a sum, and invalid
         {"left++up", 99, 99},    {"left,up", 99, 99},        {"5", 99, 99},
     };
     for (const auto &row : rows) {
-        CAPTURE(row.text);
+        CAPTURE(str(row.text));
         s64 alone = 99;
         s64 sum = 99;
         CHECK(zof_names_read(kinds, ZOF_FALSE, row.text, &alone) == (row.alone == 99 ? -1 : 0));
@@ -57,7 +57,7 @@ TEST_CASE("colours are three or six digits behind a number sign") {
     CHECK((zof_color_read("#D9863d", &color) == 0 && color == 0xD9863D));
     CHECK((zof_color_read("#f0A", &color) == 0 && color == 0xFF00AA));
     for (const char *text : {"", "#", "#12", "#1234", "#12345", "#1234567", "#12345g", "123456", "# 12345", "0x1234"}) {
-        CAPTURE(text);
+        CAPTURE(str(text));
         CHECK((zof_color_read(text, &color) == -1 && color == 0xFF00AA));
     }
 }
@@ -80,8 +80,8 @@ static u32 names_check(const reflect_item_t *table) {
         const size_t values = table->flags >> CSON_VALUES_SHIFT;
         const bool sum = table->flags & CSON_ADDS;
         for (const zof_name_t *name = table->names; name && name->name; name++, count++) {
-            CAPTURE(table->key);
-            CAPTURE(name->name);
+            CAPTURE(str(table->key));
+            CAPTURE(str(name->name));
             CHECK((!values || (name->value >= 0 && (u64)name->value < values)));
             CHECK((!sum || !strpbrk(name->name, " +")));
             const reflect_item_t row[] = {*table, CSON_END};

@@ -65,10 +65,11 @@ extern const char *const zof_cat_groups[ZOF_CAT_GROUP_COUNT];
 
 enum {
     ZOF_CAT_NEEDED = 1,  // without it the object has no effect, is invisible or is left out
-    ZOF_CAT_LIVE = 2,    // can be set while the control exists, by `call`
-    ZOF_CAT_IGNORED = 4, // read, but not used: kept for files of older tools
-    ZOF_CAT_COUNTED = 8, // the array counts; the key is not needed
+    ZOF_CAT_IGNORED = 2, // read, but not used: kept for files of older tools
+    ZOF_CAT_COUNTED = 4, // the array counts; the key is not needed
 };
+
+#define ZOF_CAT_ANY INT64_MAX // as `high`: no limit but the field
 
 struct zof_cat_record;
 
@@ -77,15 +78,16 @@ typedef struct {
     const char *key;
     zof_cat_kind_e kind;
     zof_cat_group_e group;
-    s64 low, high;                       // smallest and largest valid value; both 0: what the field holds
-    const char *unit;                    // OPTIONAL: instead of the kind's
-    const char *absent;                  // OPTIONAL: as JSON, the value when the key is absent, if not 0, false or ""
-    const char *start;                   // OPTIONAL: as JSON, what a new control gets; otherwise the key is left out
-    const char *help;                    // one sentence, without a full stop; Markdown
-    const char *when;                    // OPTIONAL: when it has an effect: "dis_mode_e is 2 or 3"
-    const char *row;                     // OPTIONAL: the host's row, "label.text"
-    const char *call;                    // OPTIONAL: the public function that sets it
-    const struct zof_cat_record *record; // OBJECT, ARRAY: what it holds
+    s64 low, high;      // smallest and largest valid value; both 0: what the field holds
+    const char *unit;   // OPTIONAL: instead of the kind's
+    const char *absent; // OPTIONAL: as JSON, the value when the key is absent, if not 0, false or ""
+    const char *start;  // OPTIONAL: as JSON, what a new control gets, "{}" for the start values of
+                        // the record's keys; otherwise the key is left out
+    const char *help;   // one sentence, without a full stop; Markdown
+    const char *when;   // OPTIONAL: when it has an effect: "dis_mode_e is 2 or 3"
+    const char *row;    // OPTIONAL: the host's row, "label.text"
+    const char *call;   // OPTIONAL: the public function that sets it while the control exists; null: only the file does
+    const struct zof_cat_record *record; // OBJECT, ARRAY: what it holds; null for `property`: that of the control type
     u32 flags;                           // ZOF_CAT_NEEDED ...
 } zof_cat_key_t;
 
@@ -96,7 +98,6 @@ typedef struct zof_cat_record {
     const reflect_item_t *rows; // null for objects that are read by hand
     const zof_cat_key_t *keys;  // in the order of a form
     u32 count;                  // of keys
-    const zof_name_t *parts;    // OPTIONAL: styles: the parts that this record has an effect on; null: all
 } zof_cat_record_t;
 
 // A control type.
@@ -105,12 +106,12 @@ typedef struct {
     const char *name; // for people and files: "button", "drop list"; the theme's file is zof_ctrl_class_t's
     const char *help; // what it is, a sentence
     const zof_cat_record_t *record; // its `property`
-    const char *const *events;      // "ZOF_EVENT_CLICKED" ..., null at the end
-    u32 parts;                      // parts that can be styled: 1 << (style_part >> 16)
+    const char *const *events;      // that reach the program: "ZOF_EVENT_CLICKED" ..., null at the end
+    u32 parts;                      // parts that can be styled: 1 << (style_part >> 16); 0: it has no styles
     u32 sections;                   // of `style_sect`: 1, or 2 with a second object
     u32 states;                     // a sum of LV_STATE_...: states that it can be in
     const char *const *calls;       // its public functions, most used first, null at the end
-    const char *rows;               // OPTIONAL: name of the host's rows, "label"; all types have "ctrl"
+    const char *rows;               // OPTIONAL: name of the host's rows, "label"; all types have "control"
     zof_bool touch;                 // made to be touched: without `t_mode` it is dead
     s32 width, height;              // of a new one
 } zof_cat_type_t;
