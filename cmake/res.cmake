@@ -56,8 +56,8 @@ add_custom_target(bench_test_res DEPENDS ${PROJECT_BINARY_DIR}/test-views.stamp 
 add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/ids.stamp VERBATIM
   BYPRODUCTS ${ZOF_BENCH_IDS_DIR}/bench_ids.h ${ZOF_BENCH_IDS_DIR}/bench_look.h
   COMMAND ${CMAKE_COMMAND} -E make_directory ${ZOF_BENCH_IDS_DIR}
-  COMMAND zof_ids ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_IDS_DIR}/bench_ids.h
+  COMMAND zof_tool ids ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_IDS_DIR}/bench_ids.h
   COMMAND ${ZOF_PYTHON} ${res_make}/look.py ${ZOF_BENCH_IDS_DIR}/bench_look.h
   COMMAND ${CMAKE_COMMAND} -E touch ${PROJECT_BINARY_DIR}/ids.stamp
-  DEPENDS zof_ids ${PROJECT_BINARY_DIR}/views.stamp ${res_make}/look.py ${res_layout})
+  DEPENDS zof_tool ${PROJECT_BINARY_DIR}/views.stamp ${res_make}/look.py ${res_layout})
 add_custom_target(bench_ids DEPENDS ${PROJECT_BINARY_DIR}/ids.stamp)

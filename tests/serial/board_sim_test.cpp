@@ -135,15 +135,15 @@ TEST_CASE("board: frames are described with the names and units of their registe
 TEST_CASE("board and monitor refuse a line that is not a terminal, and leave it as it is") {
     temp_project_t folder;
     folder.write("file", "mine");
-    folder.write("recording", "# zof_monitor head=5AA5 crc=0\n0 host 5AA50311B106\n");
+    folder.write("recording", "# zof monitor head=5AA5 crc=0\n0 host 5AA50311B106\n");
     REQUIRE(mkfifo(folder.path("pipe").c_str(), 0600) == 0);
     for (const std::string &line :
          {folder.path("file"), folder.path("pipe"), std::string("/dev/null"), folder.folder}) {
         CAPTURE(line);
         const std::string board = board_sim("--seconds 0.3 --tty " + line);
         CHECK((board[0] == '1' && contains(board, line + ": ")));
-        const std::string monitor = tool("zof_monitor replay " + folder.path("recording") + " --panel " + line);
-        CHECK((monitor[0] == '2' && contains(monitor, line + ": ")));
+        const std::string monitor = tool("zof monitor replay " + folder.path("recording") + " --panel " + line);
+        CHECK((monitor[0] == '1' && contains(monitor, line + ": ")));
     }
     CHECK(file_text(folder.path("file")) == "mine");
 }
@@ -216,8 +216,8 @@ TEST_CASE("tools report wrong arguments and files that are not regular, with the
     temp_project_t folder;
     const std::string file = folder.path("file"), rows = "zof_protocol " + file, record = folder.path("recording");
     folder.write("file", "no rows");
-    folder.write("recording", "# zof_monitor head=5AA5 crc=0\n1 host 5A A5 03 11 B1 06\n-5 panel 00\n");
-    folder.write("heads", "# zof_monitor head=5A5A crc=0\n");
+    folder.write("recording", "# zof monitor head=5AA5 crc=0\n1 host 5A A5 03 11 B1 06\n-5 panel 00\n");
+    folder.write("heads", "# zof monitor head=5A5A crc=0\n");
     const std::string link = folder.path("link"), again = folder.path("none/../link");
     const std::pair<std::string, std::string> calls[] = {
         {"zof_protocol", "2 usage: "},
@@ -225,8 +225,11 @@ TEST_CASE("tools report wrong arguments and files that are not regular, with the
         {rows, "1 zof_protocol: " + file + ": has no lines with"},
         {"zof_protocol /dev/full", "1 zof_protocol: /dev/full: not a regular file"},
         {"zof_protocol " + folder.path("none"), ": No such file or directory"},
-        {"zof_ids --help", "0 usage: "},
-        {"zof_ids " ZOF_PANEL_DIR "/res /dev/full", "1 zof_ids: /dev/full: not a regular file"},
+        {"zof", "2 zof: a command is missing; the commands are "},
+        {"zof id", "2 zof: unknown command \"id\"; did you mean ids?"},
+        {"zof ids", "2 zof ids: project is required"},
+        {"zof ids --help", "Examples:\n  zof ids res ids.h"},
+        {"zof ids " ZOF_PANEL_DIR "/res /dev/full", "1 /dev/full: error: not a regular file"},
         {"zof_media clip /dev/null 64x 64 1", "2 zof_media: WIDTH is a number from 2 to 2000, not \"64x\""},
         {"zof_media clip /dev/null 64 64.5 1", "2 zof_media: HEIGHT is a whole number, not \"64.5\""},
         {"zof_media clip /dev/null 64 64 nan", "2 zof_media: SECONDS is a number from 0.04 to 3600"},
@@ -234,13 +237,13 @@ TEST_CASE("tools report wrong arguments and files that are not regular, with the
         {"zof_media clip /dev/null 64 64 1 0 mpeg4 5", "2 zof_media: a clip with mpeg4 cannot change its size"},
         {"zof_media tone /dev/null 440 99999999999", "2 zof_media: MS is a number from 1"},
         {"zof_media tone " + folder.path("none/a.wav") + " 440 10", "a.wav: No such file or directory"},
-        {"zof_monitor", "zof_monitor: a command is missing; the commands are watch, show and replay"},
-        {"zof_monitor bogus", "zof_monitor: unknown command \"bogus\"; the commands are watch, show and replay"},
-        {"zof_monitor watch --panel-link " + link + " --host-link " + again, "2 zof_monitor: host and panel need two"},
-        {"zof_monitor watch --seconds 0.1 --record /dev/full", "2 zof_monitor: /dev/full: No space left on device"},
-        {"zof_monitor show /dev/zero", "2 zof_monitor: /dev/zero: not a regular file"},
-        {"zof_monitor show " + record, "2 zof_monitor: " + record + ":3: expected: MICROSECONDS"},
-        {"zof_monitor show " + folder.path("heads"), ": the head is two different bytes, such as 5AA5"}};
+        {"zof monitor", "zof monitor: a command is missing; the commands are watch, show and replay"},
+        {"zof monitor bogus", "zof monitor: unknown command \"bogus\"; the commands are watch, show and replay"},
+        {"zof monitor watch --panel-link " + link + " --host-link " + again, "2 zof monitor: host and panel need two"},
+        {"zof monitor watch --seconds 0.1 --record /dev/full", "1 zof monitor: /dev/full: No space left on device"},
+        {"zof monitor show /dev/zero", "3 zof monitor: /dev/zero: not a regular file"},
+        {"zof monitor show " + record, "3 zof monitor: " + record + ":3: expected: MICROSECONDS"},
+        {"zof monitor show " + folder.path("heads"), ": the head is two different bytes, such as 5AA5"}};
     for (const auto &[call, output] : calls) {
         CAPTURE(call);
         const std::string printed = tool(call);

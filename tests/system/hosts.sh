@@ -8,7 +8,7 @@ export SDL_VIDEODRIVER=offscreen SDL_AUDIODRIVER=dummy PYTHONPATH="$source/clien
 
 # One second of silence ends a frame: on a busy machine the bytes of a frame may arrive far apart.
 monitor() {
-    start $1.monitor "$build/tools/zof_monitor" watch --panel-link "$work/$1.panel" --host-link "$work/$1.host" --gap 1000 \
+    start $1.monitor "$build/tools/zof" monitor watch --panel-link "$work/$1.panel" --host-link "$work/$1.host" --gap 1000 \
         --record "$work/$1.rec"
     expect "$work/$1.host"
 }
@@ -50,7 +50,7 @@ for words in "1x 17" "1 65536" "-1 17" "1 17 0" "1 17 1 1"; do
 done
 
 # A host whose cable is pulled reports it.
-start cable "$build/tools/zof_monitor" watch --host-link "$work/cable" --panel-link "$work/far"
+start cable "$build/tools/zof" monitor watch --host-link "$work/cable" --panel-link "$work/far"
 cable=$!
 expect "$work/cable"
 start watch /usr/bin/python3 -m zof_host --port "$work/far" watch
@@ -66,11 +66,11 @@ expect "$work/watch.log" "the line is gone"
 
 # Replays a recording to the gallery, which must answer as recorded. Half a second between frames is enough for any
 # machine.
-"$build/tools/zof_monitor" show "$work/gallery.rec" --only slider.value | grep -q 'write slider.value view=5 control=23 value=77' ||
+"$build/tools/zof" monitor show "$work/gallery.rec" --only slider.value | grep -q 'write slider.value view=5 control=23 value=77' ||
     fail "the recording cannot be read"
 kill "$gallery"
 cat >"$work/written.rec" <<'END'
-# zof_monitor head=5AA5 crc=0
+# zof monitor head=5AA5 crc=0
 0 panel 5A A5 05 11 B0 01 AA BB
 500000 host 5A A5 03 11 B1 06
 510000 panel 5A A5 07 11 B1 06 03 20 01 E0
@@ -79,7 +79,7 @@ cat >"$work/written.rec" <<'END'
 2000000 host 5A A5 08 11 B2 07 01 00 05 00 17
 2010000 panel 5A A5 0A 11 B2 07 01 00 05 00 17 00 4D
 END
-start replay "$build/tools/zof_monitor" replay "$work/written.rec" --panel-link "$work/again"
+start replay "$build/tools/zof" monitor replay "$work/written.rec" --panel-link "$work/again"
 replay=$!
 expect "$work/again"
 gallery "$work/again"

@@ -26,7 +26,7 @@ rmdir "$update"
 
 # Release programs are hardened; the flags are read back from the programs, not from the build files.
 has() { readelf -W $2 "$1" 2>/dev/null | grep -Eq -- "$3" || fail "$1: $4"; }
-for program in panel/zof_bench tools/board_sim tools/zof_monitor tools/zof_ids clients/c/example/host_example; do
+for program in panel/zof_bench tools/board_sim tools/zof clients/c/example/host_example; do
     program=build/release/$program
     has "$program" -h 'Type: +DYN' "not a position-independent program"
     has "$program" -l GNU_RELRO "no read-only relocations"

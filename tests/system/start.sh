@@ -1,6 +1,6 @@
 #!/bin/sh
 # The ways to start the program: without a project, with a broken one, as a build call, with wrong arguments, with --help,
-# with its output closed; and the messages of zof_ids for projects that it refuses.      usage: start.sh BUILD_FOLDER
+# with its output closed; and the messages of `zof ids` for projects that it refuses.      usage: start.sh BUILD_FOLDER
 . "$(dirname "$0")/lib.sh"
 build=$1
 mkdir -p "$work/a/b"
@@ -97,32 +97,32 @@ stops '\ntap 5\n' "session:2: a word is missing"
 stops '# nothing\njump\n' "session:2: there is no such command"
 stops 'wait -5\n' "session:1: a time cannot be negative"
 
-# A project that zof_ids refuses: the project file, the view file, and the message.
+# A project that `zof ids` refuses: the project file, the view file, and the message.
 refuses() {
     mkdir -p "$work/res/config/view"
     project "$1"
     printf '%s' "$2" >"$work/res/config/view/v.g"
-    ends 1 "$build/tools/zof_ids" "$work/res" "${4:-$work/ids.h}"
+    ends 1 "$build/tools/zof" ids "$work/res" "${4:-$work/ids.h}"
     says "$3"
     [ ! -e "$work/ids.h" ] || fail "ids were written"
 }
 control() { printf '{"property": {"pub_t": {"id": %s}}}' "$1"; }
 views='{"p_name": "Box 2", "views": [{"pageId": 1, "pageName": "v.g"}]}'
 good="{\"controls\": [$(control '7, "name": "a"')]}"
-refuses no "" "zofprj.g:1:1: not valid JSON"
-refuses '[]' "" "zofprj.g:1:1: expected an object"
-refuses '{}' "" "zofprj.g: has no \`views\`"
+refuses no "" "zofprj.g:1:1: error: expected a value, found \"n\""
+refuses '[]' "" "zofprj.g:1:1: error: expected an object"
+refuses '{}' "" "zofprj.g:1:1: error: has no \`views\`"
 refuses '{"views": [{"pageId": 1}]}' "" "a view has no \`pageId\` or no \`pageName\`"
 refuses "$views" '{"view": {},
-"a": 1 "controls": []}' "v.g:2:8: not valid JSON from here on; is a comma missing?"
-refuses "$views" "{}" "v.g: has no \`controls\`"
+"a": 1 "controls": []}' "v.g:2:8: error: expected \",\""
+refuses "$views" "{}" "v.g:1:1: error: has no \`controls\`"
 refuses "$views" "{\"controls\": [$(control 1)]}" "a control has no"
 refuses "$views" "{\"controls\": [$(control '1, "name": "a b"'), $(control '2, "name": "A-B"')]}" "VIEW1_A_B_ID would name two controls"
 refuses "$views" "{\"controls\": [$(control '7, "name": "a"'), $(control '7, "name": "b"')]}" "two controls have the id 7"
 refuses "$views" "$good
-,x" "v.g:2:1: text after the end of the object"
-refuses "$views" "$good" "nowhere/ids.h: No such file or directory" "$work/nowhere/ids.h"
-ends 0 "$build/tools/zof_ids" "$work/res" "$work/ids.h"
+,x" "v.g:2:1: error: text after the end of the object"
+refuses "$views" "$good" "nowhere/ids.h: error: No such file or directory" "$work/nowhere/ids.h"
+ends 0 "$build/tools/zof" ids "$work/res" "$work/ids.h"
 grep -q 'VIEW1_A_ID = 7,' "$work/ids.h" && grep -q 'VIEW_V_ID = 1,' "$work/ids.h" || fail "an id is missing"
 grep -q '#ifndef ZOF_BOX_2_IDS_H' "$work/ids.h" || fail "the guard does not contain the project's name"
 

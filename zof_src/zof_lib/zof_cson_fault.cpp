@@ -5,6 +5,7 @@
 
 #include "zof_lib/zof_cson_in.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 enum { CSON_FAULT_SIZE = 512 }; // holds the longest list of names
 
@@ -58,39 +59,12 @@ void csonNameFault(const void *value, const reflect_item_t *row, const char *eff
                names, effect);
 }
 
-// The number of single characters to insert, delete or replace, without regard to case, to make one key of the other.
-// Keys that are too long to be anyone's typing error are infinitely far apart.
-static u32 distance(const char *a, const char *b) {
-    enum { KEY_MAX = 31 };
-    const size_t n = std::strlen(b);
-    if (std::strlen(a) > KEY_MAX || n > KEY_MAX) {
-        return UINT32_MAX;
-    }
-    u32 row[KEY_MAX + 1];
-    for (u32 i = 0; i <= n; i++) {
-        row[i] = i;
-    }
-    for (u32 line = 1; *a; a++, line++) {
-        u32 corner = row[0];
-        row[0] = line;
-        for (u32 i = 1; i <= n; i++) {
-            const u32 replaced = corner + ((*a | 0x20) != (b[i - 1] | 0x20));
-            corner = row[i];
-            const u32 other = (row[i - 1] < row[i] ? row[i - 1] : row[i]) + 1;
-            row[i] = replaced < other ? replaced : other;
-        }
-    }
-    return row[n];
-}
-
 // Returns the key of the table that the writer may have meant; null if none is near.
 static const char *near_key(const reflect_item_t *table, const char *key) {
     const char *nearest = nullptr;
-    u32 least = 3;
+    u32 least = ZOF_TEXT_NEAR;
     for (; table->key; table++) {
-        const u32 apart = distance(key, table->key);
-        if (apart < least && 2 * apart < std::strlen(table->key)) {
-            least = apart;
+        if (zof_text_nearer(key, table->key, &least)) {
             nearest = table->key;
         }
     }

@@ -15,7 +15,7 @@
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"
 
-enum { FAULTS_MAX = 64, NUMBER_MAX = 63, NODES_FIRST = 256 };
+enum { FAULTS_MAX = 64, NODES_FIRST = 256 };
 
 // Where reading stands. While a node is open its `end` holds its last child.
 struct reader_t {
@@ -250,9 +250,6 @@ static bool number_read(reader_t *r) {
     const u32 start = r->at, end = number_end(r);
     if (end == start) {
         return expected(r, "a number");
-    }
-    if (end - start > NUMBER_MAX) {
-        return stop(r, start, "a number of more than 63 characters");
     }
     r->at = end;
     return node_add(r, ZOF_J_NUMBER, start);

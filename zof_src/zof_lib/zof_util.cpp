@@ -134,3 +134,37 @@ const char *zof_utf8_bad(const char *text, size_t size) {
     }
     return 0;
 }
+
+// The number of single characters to insert, delete or replace, without regard to case, to make one key of the other.
+// Keys that are too long to be anyone's typing error are infinitely far apart.
+static u32 distance(const char *a, const char *b) {
+    enum { KEY_MAX = 31 };
+    const size_t n = strlen(b);
+    if (strlen(a) > KEY_MAX || n > KEY_MAX) {
+        return UINT32_MAX;
+    }
+    u32 row[KEY_MAX + 1];
+    for (u32 i = 0; i <= n; i++) {
+        row[i] = i;
+    }
+    for (u32 line = 1; *a; a++, line++) {
+        u32 corner = row[0];
+        row[0] = line;
+        for (u32 i = 1; i <= n; i++) {
+            const u32 replaced = corner + ((*a | 0x20) != (b[i - 1] | 0x20));
+            corner = row[i];
+            const u32 other = (row[i - 1] < row[i] ? row[i - 1] : row[i]) + 1;
+            row[i] = replaced < other ? replaced : other;
+        }
+    }
+    return row[n];
+}
+
+zof_bool zof_text_nearer(const char *typed, const char *name, u32 *least) {
+    const u32 apart = distance(typed, name);
+    if (apart >= *least || 2 * apart >= strlen(name)) {
+        return ZOF_FALSE;
+    }
+    *least = apart;
+    return ZOF_TRUE;
+}

@@ -39,6 +39,11 @@ size_t zof_utf8_size(const char *text, size_t left);
 // Returns the first byte that is not UTF-8; null if all are.
 const char *zof_utf8_bad(const char *text, size_t size);
 
+// Finds the name that was meant by a mistyped one: returns true if `name` is near it and nearer than *least, which is
+// then set. *least begins with ZOF_TEXT_NEAR.
+enum { ZOF_TEXT_NEAR = 3 };
+zof_bool zof_text_nearer(const char *typed, const char *name, u32 *least);
+
 // Returns a decimal number with an optional sign, up to the first character that is not a digit. Blanks are not
 // skipped: like any other first character, they yield 0. Saturates at the ends of s32. 0 for null.
 s32 zof_atoi(const char *text);

@@ -8,7 +8,7 @@
 #include "tool_file.h"
 
 std::string recording_head(const std::string &head, bool crc) {
-    return "# zof_monitor head=" + head + " crc=" + (crc ? "1" : "0") + "\n";
+    return "# zof monitor head=" + head + " crc=" + (crc ? "1" : "0") + "\n";
 }
 
 std::string recording_line(const piece &p) {
@@ -40,7 +40,7 @@ static bool line_take(const std::string &text, int number, recording &out) {
     char head[5];
     int crc;
     recorded_line line = {.number = number};
-    if (sscanf(text.c_str(), "# zof_monitor head=%4s crc=%d", head, &crc) == 2) {
+    if (sscanf(text.c_str(), "# zof%*1[ _]monitor head=%4s crc=%d", head, &crc) == 2) {
         out.head = head;
         out.crc = crc != 0;
         return true;

@@ -1,5 +1,4 @@
 // Sits between a host and a panel and decodes their frames; records them to a file, and replays it.
-#include <CLI/CLI.hpp>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -14,6 +13,7 @@
 
 #include "recording.h"
 #include "wire.h"
+#include "zof.h"
 
 // One end: a line and the bytes not written to it yet.
 struct side {
@@ -41,6 +41,7 @@ static struct {
     uint64_t frames = 0, faults = 0;
     int print_fault = 0; // errno of the first line that could not be printed
     bool record_failed = false;
+    const CLI::App *shows = nullptr, *replays = nullptr;
 } monitor;
 
 // The limit of bytes that wait for an end that does not read.
@@ -54,9 +55,9 @@ static int64_t now_us() {
     return std::chrono::duration_cast<std::chrono::microseconds>(clock::now() - start).count();
 }
 
-static int fail(const std::string &what) {
-    fprintf(stderr, "zof_monitor: %s\n", what.c_str());
-    return 2;
+static int fail(const std::string &what, int status = ZOF_EXIT_USAGE) {
+    fprintf(stderr, "zof monitor: %s\n", what.c_str());
+    return status;
 }
 
 static std::string reason(int error) {
@@ -183,7 +184,7 @@ static int watch() {
     if (!monitor.opt.record.empty()) {
         monitor.record.open(monitor.opt.record);
         if (!(monitor.record << recording_head(monitor.opt.head, monitor.opt.crc)).flush()) {
-            return fail(monitor.opt.record + ": " + reason(errno));
+            return fail(monitor.opt.record + ": " + reason(errno), ZOF_EXIT_FINDINGS);
         }
     }
     for (const side *s : {&monitor.host, &monitor.panel}) {
@@ -238,7 +239,7 @@ static bool read_recording(recording &out) {
 static int show_recording() {
     recording r;
     if (!read_recording(r)) {
-        return 2;
+        return ZOF_EXIT_UNREADABLE;
     }
     for (const recorded_line &line : r.lines) {
         show(recording_piece(line, monitor.settings));
@@ -291,7 +292,7 @@ static int replay_result(const std::vector<std::pair<int, piece>> &then, const s
 static int replay() {
     recording r;
     if (!read_recording(r)) {
-        return 2;
+        return ZOF_EXIT_UNREADABLE;
     }
     std::vector<std::pair<int, piece>> then;
     std::vector<piece> now;
@@ -383,17 +384,6 @@ static CLI::App *replay_add(CLI::App &app) {
     return r;
 }
 
-// Says what is wrong with the command line; without a valid command, which ones there are.
-static std::string usage_fault(const CLI::App *app, const CLI::Error &fault) {
-    const std::vector<std::string> left = app->remaining();
-    const bool named = !left.empty() && left[0][0] != '-';
-    const std::string text = !app->get_subcommands().empty() ? fault.what()
-                             : named                         ? "unknown command \"" + left[0] + "\""
-                                                             : "a command is missing";
-    const char *commands = app->get_subcommands().empty() ? "; the commands are watch, show and replay" : "";
-    return "zof_monitor: " + text + commands + "\nRun with --help for more information.\n";
-}
-
 static bool line_open(side &s, bool host) {
     s.cut.from_host = host;
     s.line.baud = monitor.opt.baud;
@@ -402,30 +392,34 @@ static bool line_open(side &s, bool host) {
 
 static int run(bool replays) {
     if (!replays && (!settings_take("--head") || !lines_differ())) {
-        return 2;
+        return ZOF_EXIT_USAGE;
     }
     if (!line_open(monitor.panel, false) || (!replays && !line_open(monitor.host, true))) {
-        return 2;
+        return ZOF_EXIT_FINDINGS;
     }
     return replays ? replay() : watch();
 }
 
-int main(int argc, char **argv) {
-    CLI::App app("Decodes the frames between a host and a panel, records them to a file, and replays it.\n"
-                 "Example:  zof_monitor watch --panel-link /tmp/panel --host-link /tmp/host\n"
-                 "then start the panel with ZOF_COM5=/tmp/panel, and a host on /tmp/host.");
+static void options_add(CLI::App &app) {
     app.require_subcommand(1);
-    app.failure_message(usage_fault);
     watch_add(app);
-    const CLI::App *shows = show_add(app), *replays = replay_add(app);
-    CLI11_PARSE(app, argc, argv);
+    monitor.shows = show_add(app);
+    monitor.replays = replay_add(app);
+}
+
+static int monitor_run() {
     signal(SIGINT, on_signal);
     signal(SIGTERM, on_signal);
-    const int result = shows->parsed() ? show_recording() : run(replays->parsed());
+    const int result = monitor.shows->parsed() ? show_recording() : run(monitor.replays->parsed());
     wire_unplug(monitor.host.line);
     wire_unplug(monitor.panel.line);
-    if (monitor.print_fault) {
-        fail("standard output: " + reason(monitor.print_fault));
-    }
-    return monitor.print_fault ? 1 : result;
+    return monitor.print_fault ? fail("standard output: " + reason(monitor.print_fault), ZOF_EXIT_FINDINGS) : result;
 }
+
+const zof_command_t zof_monitor_command = {
+    "monitor", "decode the frames between a host and a panel, record and replay them",
+    "  zof monitor watch --panel-link /tmp/panel --host-link /tmp/host\n"
+    "then start the panel with ZOF_COM5=/tmp/panel, and a host on /tmp/host.\n"
+    "  zof monitor watch --host /dev/ttyUSB0 --panel /dev/ttyUSB1 --record day.rec\n"
+    "  zof monitor show day.rec --only 'slider.*'",
+    options_add, monitor_run};
