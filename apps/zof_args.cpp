@@ -4,10 +4,12 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include <algorithm>
 #include <string>
 
 #include "bench/bench_import.h"
 #include "bench/bench_record.h"
+#include "bench_look.h"
 #include "hardware/uart/zof_hw_port.h"
 #include "hardware/uart/zof_hw_replay.h"
 #include "net/net_scpi.h"
@@ -21,7 +23,7 @@ static struct {
     std::string record, log, import, scpi;
 } args;
 
-static const char footer[] =
+static const char environment[] =
     "Environment:\n"
     "  ZOF_COM6=PATH            the port of the box, unless --port is given\n"
     "  ZOF_COM5=PATH            the port of a host\n"
@@ -29,13 +31,22 @@ static const char footer[] =
     "  ZOF_SCRIPT=FILE          play a session\n"
     "  ZOF_SHOTS=FOLDER         where its pictures go\n"
     "  ZOF_STATE=FOLDER         where the size of the window is kept; empty: nowhere\n\n"
-    "Key F11: full screen, and back\n\n"
     "Exit status: 0 the window was closed, or what was asked for is printed; 1 no project to show;\n"
     "2 wrong arguments, or a fault in a session; 3 no memory; 4 the file of --log cannot be written.\n";
 
+static std::string keys_text() {
+    std::string text = "Keys:\n";
+    for (const panel_key_t &key : panel_keys) {
+        const size_t letters = (size_t)std::count_if(key.caps, key.caps + strlen(key.caps),
+                                                     [](char c) { return (c & 0xC0) != 0x80; }); // of UTF-8
+        text += std::string("  ") + key.caps + std::string(25 - letters, ' ') + key.does + "\n";
+    }
+    return text + "\n";
+}
+
 static void options_add(CLI::App &app) {
     app.set_help_flag("-h,--help", "print this help");
-    app.footer(footer);
+    app.footer(keys_text() + environment);
     app.set_version_flag("--version,-V", zof_sdk_get_version(), "print the version of the runtime");
     auto *port = app.add_option("--port", args.port, "the port of the box; auto: the one USB serial adapter");
     port->type_name("PATH|auto");

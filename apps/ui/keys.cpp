@@ -2,36 +2,127 @@
 
 #include "bench/bench_record.h"
 #include "bench_ids.h"
+#include "ui/focus.h"
 #include "ui/keep.h"
 #include "ui/ui.h"
 
 // Codes of keys: the character for those that have one.
-enum : u32 { KEY_ESC = 27, KEY_SPACE = ' ', KEY_LOCK = 'l', KEY_F2 = 0x4000003B, KEY_F12 = 0x40000045 };
+enum : u32 {
+    CODE_BACK = 8,
+    CODE_ENTER = 13,
+    CODE_ESC = 27,
+    CODE_F2 = 0x4000003B,
+    CODE_F12 = 0x40000045,
+    CODE_RIGHT = 0x4000004F,
+    CODE_LEFT,
+    CODE_DOWN,
+    CODE_UP,
+    CODE_PAD_ENTER = 0x40000058,
+    CODE_PAD_1,
+    CODE_PAD_0 = CODE_PAD_1 + 9,
+    CODE_PAD_POINT,
+};
 
-static constexpr u32 pages[] = {ZOF_VIEW1_ID, ZOF_VIEW2_ID, ZOF_VIEW5_ID, ZOF_VIEW4_ID, ZOF_VIEW3_ID}; // as the tabs
-
-// The key that is down; a key that repeats counts once.
-static u32 down_key;
-
-static void page_key(u32 key) {
+static void page_down(u32 code) {
+    static constexpr u32 pages[] = {ZOF_VIEW1_ID, ZOF_VIEW2_ID, ZOF_VIEW5_ID, ZOF_VIEW4_ID,
+                                    ZOF_VIEW3_ID}; // as the tabs
     if (ui_takes(ZOF_EVENT_PRESSED)) {
-        ui_tab_to(pages[key - '1']);
+        ui_tab_to(pages[code - '1']);
     }
 }
 
-static void pressed(u32 key) {
-    if (key == KEY_ESC || key == KEY_F12) {
-        bench_off();
-    } else if (key == KEY_SPACE) {
-        toggle_key(ZOF_EVENT_PRESSED);
-    } else if (key == KEY_LOCK) {
-        bench_lock(!bench.locked);
-        keep_save();
-    } else if (key == KEY_F2) {
-        record_picture();
-    } else if (key >= '1' && key <= '5') {
-        page_key(key);
+static void toggle_down(u32) {
+    toggle_key(ZOF_EVENT_PRESSED);
+}
+
+static void toggle_up() {
+    toggle_key(ZOF_EVENT_CLICKED);
+}
+
+static void off_down(u32) {
+    bench_off();
+}
+
+static void lock_down(u32) {
+    bench_lock(!bench.locked);
+    keep_save();
+}
+
+template <focus_way_e WAY> static void focus_down(u32) {
+    focus_move(WAY);
+}
+
+static void press_down(u32) {
+    focus_press(true);
+}
+
+static void press_up() {
+    focus_press(false);
+}
+
+static void picture_down(u32) {
+    record_picture();
+}
+
+static constexpr struct {
+    u32 code, last; // the first and the last one
+    panel_key_e id;
+    void (*down)(u32 code);
+    void (*up)();
+} rows[] = {
+    {'1', '5', KEY_PAGES, page_down},
+    {' ', ' ', KEY_TOGGLE, toggle_down, toggle_up},
+    {CODE_ESC, CODE_ESC, KEY_OFF, off_down},
+    {CODE_F12, CODE_F12, KEY_OFF, off_down},
+    {'l', 'l', KEY_LOCK, lock_down},
+    {CODE_LEFT, CODE_LEFT, KEY_FOCUS, focus_down<FOCUS_LEFT>},
+    {CODE_RIGHT, CODE_RIGHT, KEY_FOCUS, focus_down<FOCUS_RIGHT>},
+    {CODE_UP, CODE_UP, KEY_FOCUS, focus_down<FOCUS_UP>},
+    {CODE_DOWN, CODE_DOWN, KEY_FOCUS, focus_down<FOCUS_DOWN>},
+    {CODE_ENTER, CODE_ENTER, KEY_PRESS, press_down, press_up},
+    {CODE_PAD_ENTER, CODE_PAD_ENTER, KEY_PRESS, press_down, press_up},
+    {CODE_F2, CODE_F2, KEY_PICTURE, picture_down},
+};
+static_assert(rows[sizeof(rows) / sizeof(rows[0]) - 1].id + 2 == KEY_COUNT, "each but that of the window has a row");
+
+static u32 down_rows; // bits of the keys that are down; one that repeats counts once
+
+// The character that a key types, or 0; the keys of the number block likewise.
+static char typed(u32 code) {
+    static constexpr char block[] = "1234567890.";
+    if (code == CODE_ENTER || code == CODE_PAD_ENTER) {
+        return focus_shown() ? '\0' : '\n';
     }
+    if (code >= CODE_PAD_1 && code <= CODE_PAD_POINT) {
+        return block[code - CODE_PAD_1];
+    }
+    return (code >= '0' && code <= '9') || code == '.' || code == CODE_BACK ? (char)code : code == ',' ? '.' : '\0';
+}
+
+static void row_take(u32 row, u32 code, bool down) {
+    const u32 bit = 1u << row;
+    if (down == ((down_rows & bit) != 0)) {
+        return;
+    }
+    down_rows ^= bit;
+    if (down) {
+        rows[row].down(code);
+    } else if (rows[row].up) {
+        rows[row].up();
+    }
+}
+
+static void take(zof_win_key_param_t *param, u32 code) {
+    const bool down = zof_win_key_get_status(param) == 1;
+    bench_tick();
+    const char c = down ? typed(code) : '\0';
+    const bool taken = c != '\0' && keypad_type(c);
+    for (u32 i = 0; !taken && i < sizeof(rows) / sizeof(rows[0]); i++) {
+        if (code >= rows[i].code && code <= rows[i].last) {
+            row_take(i, code, down);
+        }
+    }
+    ui_paint();
 }
 
 // A second finger counts for Off alone.
@@ -46,21 +137,6 @@ static void landed(u16 x, u16 y) {
         bench_toggle_down();
         ui_paint();
     }
-}
-
-static void take(zof_win_key_param_t *param, u32 key) {
-    const bool down = zof_win_key_get_status(param) == 1;
-    if (down == (down_key == key)) {
-        return;
-    }
-    down_key = down ? key : 0;
-    bench_tick();
-    if (down) {
-        pressed(key);
-    } else if (key == KEY_SPACE) {
-        toggle_key(ZOF_EVENT_CLICKED);
-    }
-    ui_paint();
 }
 
 void keys_start() {

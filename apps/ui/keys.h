@@ -1,5 +1,4 @@
-// The keys of the panel: 1 to 5 show pages, Space turns on and off, Esc and F12 turn off, L locks, F2 saves a picture.
-// And a second finger, which counts for Off alone.
+// The keys of the panel, which About and --help list, and a second finger, which counts for Off alone.
 #ifndef KEYS_H
 #define KEYS_H
 

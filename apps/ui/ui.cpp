@@ -1,6 +1,7 @@
 #include "ui/ui.h"
 
 #include "bench_ids.h"
+#include "ui/focus.h"
 #include "ui/keep.h"
 #include "ui/keys.h"
 
@@ -34,6 +35,7 @@ void ui_paint() {
             page.paint();
         }
     }
+    focus_paint();
     ui.painting = false;
 }
 

@@ -40,6 +40,9 @@ void output_tab_event(zof_ctrl_t *, zof_event_e event);
 // The key of the toggle was pressed (ZOF_EVENT_PRESSED) or let go (ZOF_EVENT_CLICKED).
 void toggle_key(zof_event_e event);
 
+// A key types a digit, a point, '\b' or, for Done, '\n' on the keypad of the rails. Returns false if it is not open.
+bool keypad_type(char c);
+
 // Shows a page at once: while one slides in, LVGL takes no touch, and Off would not count.
 void ui_tab_to(u32 view);
 

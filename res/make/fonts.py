@@ -17,7 +17,7 @@ from fontTools.varLib.instancer import instantiateVariableFont
 
 OUT = sys.argv[1]
 LATIN = "".join(chr(c) for c in list(range(0x20, 0x7F)) + list(range(0xA0, 0x100)))
-SIGNS = "–—‘’“”„•…‹›€−✓●○→←"
+SIGNS = "–—‘’“”„•…‹›€−✓●○→←↑↓"
 
 # name -> family file, weight, characters, unit letters' scale, width of the space and of the range dash
 FONTS = {

@@ -48,6 +48,16 @@ WORDS = {
     "locked": ("Locked: hold “Output” for 1 s", "Gesperrt: „Ausgang“ 1 s halten"),
 }
 
+# The keys: name -> caps and what they do, each English and German. About and --help list them, keys.cpp acts on them.
+KEYBOARD = {
+    "pages": (("1 – 5", "1 – 5"), ("pages", "Seiten")), "toggle": (("Space", "Leer"), ("on, off", "ein, aus")),
+    "off": (("Esc, F12", "Esc, F12"), ("off, always", "aus, immer")), "lock": (("L", "L"), ("lock", "sperren")),
+    "focus": (("←→↑↓", "←→↑↓"), ("choose", "wählen")), "press": (("Enter", "Enter"), ("press", "drücken")),
+    "picture": (("F2", "F2"), ("picture", "Bild")), "full": (("F11", "F11"), ("full screen", "Vollbild")),
+}
+for _n, (_caps, _does) in enumerate(KEYBOARD.values()):
+    WORDS.update({f"k{_n}": _caps, f"d{_n}": _does})
+
 
 def label(i, x, y, w, h, txt="", font=TEXT, size=20, color=WHITE, align="left", **kw):
     return dict(id=i, type="label", box=(x, y, w, h), txt=txt, font=font, size=size, color=color, align=align, **kw)

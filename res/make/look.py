@@ -59,6 +59,14 @@ struct panel_text_t {{
 inline constexpr panel_text_t panel_texts[TEXT_COUNT] = {{
 {rows(f'{{"#{key}", {quoted(words[0])}}}' for key, words in P.WORDS.items())}}};
 
+// The keys that About and --help list.
+enum panel_key_e {{ {", ".join(f"KEY_{name.upper()}" for name in P.KEYBOARD)}, KEY_COUNT }};
+struct panel_key_t {{
+    const char *caps, *does;
+}};
+inline constexpr panel_key_t panel_keys[KEY_COUNT] = {{
+{rows(f"{{{quoted(caps[0])}, {quoted(does[0])}}}" for caps, does in P.KEYBOARD.values())}}};
+
 #endif
 """
 

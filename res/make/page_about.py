@@ -16,9 +16,6 @@ WORDS.update({
     "a_avs": ("adjustable over a wide range", "in weitem Bereich einstellbar"), "a_epr": ("extended range, above 20 V", "erweitert, über 20 V"),
     "a_measured": ("measured", "gemessen"), "a_set": ("set by you", "eingestellt"), "a_unknown": ("not known", "unbekannt"),
     "a_on": ("output on", "Ausgang ein"), "a_off": ("output off", "Ausgang aus"), "a_rec": ("recording", "Aufzeichnung"),
-    "k_sp": ("Space", "Leer"), "k_es": ("Esc", "Esc"), "a_pages": ("pages", "Seiten"), "a_on_off": ("on, off", "ein, aus"),
-    "a_off_always": ("off, always", "aus, immer"), "a_finer": ("finer, coarser", "feiner, gröber"), "a_picture": ("picture", "Bild"),
-    "a_full": ("full screen", "Vollbild"),
 })
 
 
@@ -46,10 +43,10 @@ def page():
         out += [box(next(ids), 636, y, 20, 20, bg=ink, radius=10, border=("all", ring, WHITE) if ring else None),
                 label(next(ids), 668, y - 4, 112, 28, "#a_" + key, TEXT, 16, GREY)]
     out.append(card(next(ids), 416, 334, 368, 92))
-    for n, (cap, key) in enumerate((("1 – 5", "pages"), ("#k_sp", "on_off"), ("#k_es", "off_always"), ("← →", "finer"),
-                                    ("F2", "picture"), ("F11", "full"))):
-        x, y = 432 + 172 * (n // 3), 340 + 27 * (n % 3)
-        out += [label(next(ids), x, y, 52, 26, cap, BOLD, 16, WHITE), label(next(ids), x + 56, y, 112, 26, "#a_" + key, TEXT, 16, GREY)]
+    for n in range(len(KEYBOARD)):
+        x, y = 432 + 188 * (n // 4), 336 + 22 * (n % 4)
+        out += [label(next(ids), x, y, 68, 22, f"#k{n}", BOLD, 16, WHITE),
+                label(next(ids), x + 76, y, 88, 22, f"#d{n}", TEXT, 16, GREY)]
     return out
 
 

@@ -158,13 +158,37 @@ static void touch() {
     finger_up();
 }
 
+static void key(u32 code, bool down) {
+    zof_drv_win_key_set_value(down, code);
+    screen_step(SCREEN_INPUT_MS);
+}
+
+// Arrows and Enter: a finger in the ring.
+static void focus() {
+    enum { RIGHT = 0x4000004F, UP = 0x40000052, ENTER = 13 };
+    for (u32 i = 1 + pick(12); i > 0; i--) {
+        const u32 arrow = RIGHT + pick(UP - RIGHT + 1);
+        key(arrow, true);
+        key(arrow, false);
+    }
+    const lv_obj_t *ring = lv_obj_get_child(lv_layer_sys(), 0);
+    run.x = ring ? (ring->coords.x1 + ring->coords.x2 + 1) / 2 : 0;
+    run.y = ring ? (ring->coords.y1 + ring->coords.y2 + 1) / 2 : 0;
+    run.down = true;
+    run.down_ms = screen_now;
+    key(ENTER, true);
+    pass(chance(0.6) ? pick(150) : pick(1300));
+    key(ENTER, false);
+    run.down = false;
+}
+
 static void port_set(bench_port_e state) {
     const bench_port_t port = {.state = state, .path = "/dev/ttyUSB0"};
     bench_take_port(&port);
 }
 
 static void act() {
-    switch (pick(14)) {
+    switch (pick(15)) {
     case 0:
         run.cable = !run.cable;
         break;
@@ -182,6 +206,9 @@ static void act() {
     }
     case 4:
         board_output(run.box, chance(0.5));
+        break;
+    case 5:
+        focus();
         break;
     default:
         touch();

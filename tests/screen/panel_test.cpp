@@ -311,11 +311,6 @@ TEST_CASE("panel: its own settings are kept over a restart, and a damaged file d
     CHECK(!bench.hold_off);
 }
 
-static void key(u32 code, bool down = true) {
-    zof_drv_win_key_set_value(down, code);
-    screen_step(20);
-}
-
 TEST_CASE("panel: a second finger counts for off alone") {
     open_running();
     go_to(4);
@@ -331,50 +326,4 @@ TEST_CASE("panel: a second finger counts for off alone") {
     zof_touch_landed(704, 26);
     CHECK(sent().empty());
     screen_release(20, 300);
-}
-
-TEST_CASE("panel: keys show pages, turn on and off, and lock") {
-    open_running();
-    key(27);
-    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
-    board_write(REG_OUT_STATE, {0});
-    live(700);
-    key(' ');
-    CHECK(sent().empty());
-    key(' ', false);
-    CHECK(sent() == reports{{REG_OUT_REQ, 1}}); // when it is let go
-    running();
-    key(' ');
-    key(' '); // repeats
-    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
-    key(' ', false);
-    board_write(REG_OUT_STATE, {0});
-    board_applied({10, 48000, 5000});
-    live(700);
-    key(' ');
-    live(700);
-    key(' ', false);
-    CHECK(sent().empty()); // let go before the hold was full
-    key(' ');
-    live(900);
-    CHECK(sent() == reports{{REG_OUT_REQ, 1}});
-    key(' ', false);
-    for (const auto &[code, view] : {std::pair<u32, u32>{'2', 2}, {'3', 5}, {'4', 4}, {'5', 3}, {'1', 1}, {'2', 2}}) {
-        live(400);
-        key(code);
-        key(code, false);
-        CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == view);
-    }
-    live(700);
-    key(' ');
-    key(' ', false);
-    CHECK(sent().empty()); // on only where the toggle can be seen
-    key('l');
-    key('l', false);
-    key('1');
-    key('1', false);
-    CHECK((bench.locked && zof_view_get_cur_id(ZOF_LAYER_UI) == 2));
-    running();
-    key(0x40000045);
-    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
 }

@@ -15,10 +15,68 @@ static zof_touch_t g_touch_t; // the last touch that was reported upwards
 static u8 last_state;         // the finger's state, also while it is hidden
 static u8 ignore_once;        // hide until the finger lifts
 
+static void (*g_landed)(u16 x, u16 y);
+
+void zof_touch_landed_set(void (*fn)(u16 x, u16 y)) {
+    g_landed = fn;
+}
+
+void zof_touch_landed(u16 x, u16 y) {
+    if (g_landed) {
+        g_landed(x, y);
+    }
+}
+
+// The finger that a key stands for. It begins and ends with a read that reports it where it is.
+static struct {
+    bool down, unread, lifting;
+    bool further; // a finger on the panel that is none for the widgets, until it lifts
+    lv_point_t at;
+} key;
+static bool finger_down; // on the panel, at the last read
+static u32 landings;
+
+s32 zof_touch_key(u16 x, u16 y, zof_bool down) {
+    const bool starts = down && !key.down;
+    if (starts && (finger_down || !touch_indev || touch_indev->driver->read_timer->paused)) {
+        return -1;
+    }
+    key.unread = key.unread || starts;
+    key.lifting = key.lifting || (!down && key.down);
+    key.down = down != ZOF_FALSE;
+    key.at = {(lv_coord_t)x, (lv_coord_t)y};
+    return 0;
+}
+
+u32 zof_touch_landings(void) {
+    return landings;
+}
+
+// Puts the key's finger in place of what the panel reports.
+static void key_mix(lv_indev_data_t *data) {
+    const bool finger = data->state == LV_INDEV_STATE_PRESSED;
+    const bool lands = finger && !finger_down;
+    finger_down = finger;
+    landings += lands;
+    key.further = key.further && finger;
+    const bool pressed = key.down || key.unread;
+    if (pressed && lands) {
+        key.further = true;
+        zof_touch_landed((u16)data->point.x, (u16)data->point.y);
+    }
+    if (pressed || key.lifting || key.further) {
+        data->point = key.at;
+        data->state = pressed ? LV_INDEV_STATE_PRESSED : LV_INDEV_STATE_RELEASED;
+    }
+    key.lifting = key.lifting && pressed; // the next read lifts it
+    key.unread = false;
+}
+
 s32 zof_touch_event(lv_indev_data_t *data) {
     if (!data) {
         return -1;
     }
+    key_mix(data);
     if (data->state == LV_INDEV_STATE_PRESSED) {
         last_state = last_state == ZOF_TOUCH_RELEASED ? ZOF_TOUCH_PRESS : ZOF_TOUCH_HELD;
     } else if (last_state == ZOF_TOUCH_RELEASED) {
@@ -36,18 +94,6 @@ s32 zof_touch_event(lv_indev_data_t *data) {
         g_touch_t.state = ZOF_TOUCH_RELEASED;
     }
     return 0;
-}
-
-static void (*g_landed)(u16 x, u16 y);
-
-void zof_touch_landed_set(void (*fn)(u16 x, u16 y)) {
-    g_landed = fn;
-}
-
-void zof_touch_landed(u16 x, u16 y) {
-    if (g_landed) {
-        g_landed(x, y);
-    }
 }
 
 s32 zof_touch_get(zof_touch_t *out) {

@@ -33,6 +33,14 @@ s32 zof_touch_event(lv_indev_data_t *data);
 void zof_touch_landed_set(void (*fn)(u16 x, u16 y));
 void zof_touch_landed(u16 x, u16 y);
 
+// A key may stand for a finger: from `down` until it is lifted the widgets see it at x, y like one on the panel, with
+// all that a touch sets off; a call with `down` again moves it. One that lands on the panel meanwhile is a further
+// finger. Returns -1, and does nothing, while a finger is on the panel or touch is not read.
+s32 zof_touch_key(u16 x, u16 y, zof_bool down);
+
+// How often a finger has landed on the panel since the start; keys do not count.
+u32 zof_touch_landings(void);
+
 // Returns the current touch with the display's rotation applied; -1 without `out` or an input device.
 s32 zof_touch_get(zof_touch_t *out);
 

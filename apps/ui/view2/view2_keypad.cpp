@@ -218,3 +218,17 @@ void keypad_done() {
         keypad_close();
     }
 }
+
+bool keypad_type(char c) {
+    const bool open = pad.open;
+    if (open && ui_takes(ZOF_EVENT_PRESSED)) {
+        if (c == '\b') {
+            type_back(false);
+        } else if (c == '\n') {
+            keypad_done();
+        } else {
+            type_key(c);
+        }
+    }
+    return open;
+}

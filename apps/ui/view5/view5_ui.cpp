@@ -312,6 +312,7 @@ void view5_entry(void) {
     }
     entered = true;
     scales_choose();
+    ui_entered();
 }
 
 void view5_exit(void) {
