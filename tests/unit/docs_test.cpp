@@ -1,48 +1,11 @@
-// The manual of project folders: it names every key, its example works, and its messages are the real ones.
+// The manual of project folders: its example works, and its messages are the real ones.
 #include <sstream>
 
-#include "project/read/zof_j2s.h"
 #include "view_project.h"
 
 static const std::string &page() {
     static const std::string text = file_text(ZOF_SOURCE_DIR "/docs/project.md");
     return text;
-}
-
-// The text from a heading to the next heading of any depth; empty without such a heading.
-static std::string section(const std::string &heading) {
-    size_t at = page().find("\n### " + heading + "\n");
-    return at == std::string::npos ? "" : page().substr(at, page().find("\n#", at + 1) - at);
-}
-
-static void keys_check(const reflect_item_t *table, const std::string &text) {
-    for (; table->key; table++) {
-        CAPTURE(table->key);
-        const bool elsewhere = table->table == zof_pub_attr_t_tbl || table->type == CSON_NULL; // in another section
-        if (elsewhere || table->key[0] == '0') {                                               // elements of arrays
-            continue;
-        }
-        CHECK(contains(text, std::string("`") + table->key + "`"));
-        if (table->table) {
-            keys_check(table->table, text);
-        }
-    }
-}
-
-TEST_CASE("the manual of projects names every key") {
-    keys_check(zof_prj_attr_t_tbl, section("zofprj.g"));
-    keys_check(zof_hmi_attr_t_tbl, section("zofhmi.g"));
-    keys_check(zof_view_attr_t_tbl, section("view"));
-    keys_check(zof_pub_attr_t_tbl, section("pub_t"));
-    keys_check(zof_style_attr_t_tbl, section("styles"));
-    for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
-        CAPTURE(type);
-        CHECK(zof_ctrl_classes[type]->type == type);
-        const std::string own = section(zof_ctrl_classes[type]->name);
-        CHECK(contains(own, "Type " + std::to_string(type)));
-        // Line looks and cursors are described once.
-        keys_check(get_ctrl_struct_reflect(type), own + section("spinbox") + section("line"));
-    }
 }
 
 // The files of the example, with their paths in the project.
@@ -79,6 +42,7 @@ static const mistake_t mistakes[] = {
     {"a control without `id`", view_g, "\"id\": 1", "\"no\": 1"},
     {"a control without `theme`", view_g, "\"theme\": \"night\", ", ""},
     {"an `align_e` that has no meaning", view_g, "\"align_e\": 34", "\"align_e\": 100"},
+    {"a name that does not exist", view_g, "\"t_mode\": 1", "\"t_mode\": \"press\""},
     {"an unknown key", view_g, "\"align_e\"", "\"align\""},
     {"a value of the wrong kind", view_g, "\"auto_hight\": 1", "\"auto_hight\": true"},
     {"a parent that does not come first", view_g, "\"id\": 1,", "\"id\": 1, \"parent_id\": 2,"},

@@ -11,7 +11,8 @@ const zof_cat_kind_t zof_cat_kinds[] = {
     {"text", "text", "", "a text that is not translated"},
     {"words", "text", "", "a text that is shown: itself, or that of a language key, `\"#key\"`"},
     {"colour", "number", "",
-     "a text, `\"#RRGGBB\"` or `\"#RGB\"`, or the same as a number, 0xRRGGBB: white is 16777215, red is 16711680"},
+     "a text, `\"#RRGGBB\"` or `\"#RGB\"`, or the same as a number, 0xRRGGBB: white is 16777215, red is "
+     "16711680, green is 65280, blue is 255"},
     {"opacity", "number", "", "0 is invisible, 255 opaque"},
     {"length", "number", "px", "pixels"},
     {"angle", "number", "deg", "degrees"},

@@ -94,7 +94,7 @@ typedef struct {
 // An object of a file, or a bare element of an array.
 typedef struct zof_cat_record {
     const char *name;           // unique: "view", "pub_t", "body_t", "label"
-    const char *help;           // OPTIONAL: Markdown, in front of its table in the manual
+    const char *help;           // OPTIONAL: what it is
     const reflect_item_t *rows; // null for objects that are read by hand
     const zof_cat_key_t *keys;  // in the order of a form
     u32 count;                  // of keys

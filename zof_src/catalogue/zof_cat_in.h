@@ -7,7 +7,7 @@
 
 #define ZOF_CAT_COUNT(rows) ((u32)(sizeof(rows) / sizeof((rows)[0])))
 
-// A record: its name, what is said in front of its table (null for nothing), its reflection table, its keys.
+// A record: its name, what it is (null: as its name says), its reflection table, its keys.
 #define ZOF_CAT_RECORD(variable, title, about, table, list) \
     const zof_cat_record_t variable = {title, about, table, list, ZOF_CAT_COUNT(list)}
 

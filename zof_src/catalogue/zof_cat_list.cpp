@@ -69,7 +69,7 @@ static const zof_cat_key_t marks_keys[] = {
     {.key = "draw_size", .kind = ZOF_CAT_LENGTH, .group = ZOF_CAT_PLACE, .high = UINT8_MAX,
      .help = "space around the chart for ticks and numbers"},
 };
-ZOF_CAT_RECORD(zof_cat_marks, "marks", "Ticks are drawn outside the chart:", zof_chart_marks_t_tbl, marks_keys);
+ZOF_CAT_RECORD(zof_cat_marks, "marks", "ticks of an axis, drawn outside the chart", zof_chart_marks_t_tbl, marks_keys);
 
 static const zof_cat_key_t chart_keys[] = {
     ZOF_CAT_CTRL_KEYS,

@@ -35,7 +35,7 @@ ZOF_CAT_RECORD(zof_cat_scrollbar, "scrollbar_t", nullptr, zof_scrollbar_t_tbl, s
 
 static const zof_cat_key_t pub_keys[] = {
     {.key = "name", .kind = ZOF_CAT_TEXT, .group = ZOF_CAT_HOST,
-     .help = "name, for messages and for the ids as C names"},
+     .help = "name, for messages and for `zof ids`"},
     {.key = "id", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_HOST, .low = 1, .high = UINT16_MAX,
      .help = "id, unique in its view", .flags = ZOF_CAT_NEEDED},
     {.key = "parent_id", .kind = ZOF_CAT_CONTROL, .group = ZOF_CAT_PLACE, .high = UINT16_MAX,
@@ -91,7 +91,7 @@ static const zof_cat_key_t entry_keys[] = {
     {.key = "property", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_CONTENT,
      .help = "`pub_t`, the keys of the type, and `styles`", .flags = ZOF_CAT_NEEDED},
 };
-ZOF_CAT_RECORD(zof_cat_entry, "entry", "Each entry of `controls` is an object:", zof_entry_t_tbl, entry_keys);
+ZOF_CAT_RECORD(zof_cat_entry, "entry", "an entry of `controls`", zof_entry_t_tbl, entry_keys);
 
 static const zof_cat_key_t view_file_keys[] = {
     {.key = "view", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_CONTENT, .help = "the view itself",

@@ -1,0 +1,124 @@
+#include "manual.h"
+
+#include <set>
+
+#include "project/base/zof_prj_up.h"
+#include "words.h"
+
+// A cell must not end its own column.
+static std::string cell(const std::string &text) {
+    std::string out;
+    for (const char c : text) {
+        out += c == '|' ? "\\|" : std::string(1, c);
+    }
+    return out;
+}
+
+static std::string setters(const zof_cat_key_t *key) {
+    std::string words;
+    for (const char *name : {key->call, key->row}) {
+        words += name ? (words.empty() ? "`" : ", `") + std::string(name) + "`" : "";
+    }
+    return words;
+}
+
+static std::string key_row(const zof_cat_record_t *record, const zof_cat_key_t *key, bool live) {
+    return std::string("| `") + key->key + "` | " + cat_kind(key) + " | " + cat_values(record, key, "`") + " | " +
+           cell(cat_meaning(key)) + (live ? " | " + setters(key) : "") + " |\n";
+}
+
+static std::string table(const zof_cat_record_t *record) {
+    bool live = false;
+    std::string rows;
+    for (u32 i = 0; i < record->count; i++) {
+        live = live || (cat_is_listed(record, &record->keys[i]) && !setters(&record->keys[i]).empty());
+    }
+    for (u32 i = 0; i < record->count; i++) {
+        rows += cat_is_listed(record, &record->keys[i]) ? key_row(record, &record->keys[i], live) : "";
+    }
+    const std::string head = live ? "| Key | Kind | Values | Meaning | Changed by |\n|---|---|---|---|---|\n"
+                                  : "| Key | Kind | Values | Meaning |\n|---|---|---|---|\n";
+    return rows.empty() ? "" : head + rows;
+}
+
+static std::string line_of(const char *title, const std::vector<std::string> &words) {
+    return words.empty() ? "" : std::string("\n- ") + title + ": " + cat_join(words, "`") + ".";
+}
+
+// What is to say of a control type besides its keys.
+static std::string type_lines(const zof_cat_type_t *type) {
+    std::vector<std::string> calls;
+    for (const char *const *call = type->calls; *call; call++) {
+        calls.push_back(*call);
+    }
+    std::string text = line_of("Parts", cat_parts(type));
+    text += type->sections > 1 ? "\n- Its second object is styled with `style_sect` 1, `second`." : "";
+    text += type->parts ? "" : "\n- It has no styles.";
+    text += line_of("Events", cat_own_events(type)) + line_of("Functions", calls);
+    return text.substr(text.empty() ? 0 : 1) + "\n";
+}
+
+static std::string record_block(const zof_cat_record_t *record) {
+    const zof_cat_type_t *type = cat_type_of(record);
+    if (!type) {
+        return table(record);
+    }
+    const std::string keys = table(record);
+    return "Type " + std::to_string(type->type) + ", `" + type->name + "`, is " + type->help + ".\n\n" + keys +
+           (keys.empty() ? "" : "\n") + type_lines(type);
+}
+
+static std::string kinds_block(void) {
+    std::string text = "| Kind | In a file | Values |\n|---|---|---|\n";
+    for (const zof_cat_kind_t &kind : zof_cat_kinds) {
+        text += std::string("| ") + kind.name + " | " + kind.json + " | " + kind.help + " |\n";
+    }
+    return text;
+}
+
+static std::string files_block(void) {
+    std::string text = "| File, in the project folder | What it holds |\n|---|---|\n";
+    for (u32 i = 0; i < zof_cat_file_count; i++) {
+        text += std::string("| `") + zof_cat_files[i].path + "` | " + zof_cat_files[i].help + " |\n";
+    }
+    return text;
+}
+
+// The names of a block that are not those of a record.
+static std::string block_of(const std::string &name) {
+    const zof_cat_record_t *record = cat_record(name);
+    return name == "kinds" ? kinds_block() : name == "files" ? files_block() : record ? record_block(record) : "";
+}
+
+static std::string missing(const std::set<std::string> &found) {
+    for (u32 i = 0; zof_cat_records[i]->name; i++) {
+        const bool bare = zof_cat_records[i]->keys[0].key[0] == '0';
+        if (!bare && !found.count(zof_cat_records[i]->name)) {
+            return std::string("has no \"keys of ") + zof_cat_records[i]->name + ": begin\"";
+        }
+    }
+    return "";
+}
+
+std::string cat_manual_refresh(const std::string &page, std::string &now) {
+    static const std::string begin = "<!-- keys of ", middle = ": begin -->\n", end = "<!-- keys: end -->";
+    std::set<std::string> found;
+    now.clear();
+    size_t done = 0;
+    for (size_t at = page.find(begin); at != std::string::npos; at = page.find(begin, done)) {
+        const size_t name_end = page.find(middle, at);
+        const size_t stop = page.find(end, at);
+        if (name_end == std::string::npos || stop == std::string::npos || stop < name_end) {
+            return "a block of keys without an end";
+        }
+        const std::string name = page.substr(at + begin.size(), name_end - at - begin.size());
+        const std::string block = block_of(name);
+        if (block.empty() || !found.insert(name).second) {
+            return "\"keys of " + name + "\": " + (block.empty() ? "there is no such record" : "given twice");
+        }
+        now += page.substr(done, name_end + middle.size() - done) + "\n" + block + "\n";
+        done = stop;
+    }
+    now += page.substr(done);
+    return missing(found);
+}

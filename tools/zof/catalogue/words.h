@@ -1,0 +1,46 @@
+// The catalogue in words, for the manual, the command line, schemas and the JSON form.
+#ifndef ZOF_CAT_WORDS_H
+#define ZOF_CAT_WORDS_H
+
+#include <string>
+#include <vector>
+
+#include "catalogue/zof_cat.h"
+
+// A name with its number; only the first name of each number.
+struct cat_name_t {
+    std::string name;
+    long long value;
+};
+
+// The names of a key's numbers; none for a key without.
+std::vector<cat_name_t> cat_names(const zof_cat_record_t *record, const zof_cat_key_t *key);
+
+// "length, px", "array of words".
+std::string cat_kind(const zof_cat_key_t *key);
+
+// "0 to 255", "`left` 1, `right` 2", or nothing. Long lists of names are left out; `ticks` encloses names.
+std::string cat_values(const zof_cat_record_t *record, const zof_cat_key_t *key, const char *ticks);
+
+// The sentence with what else is to say: when it counts, what is assumed without it.
+std::string cat_meaning(const zof_cat_key_t *key);
+
+// Parts and states of a control type, by name.
+std::vector<std::string> cat_parts(const zof_cat_type_t *type);
+std::vector<std::string> cat_states(const zof_cat_type_t *type);
+
+// Events that the type sends besides those of touches.
+std::vector<std::string> cat_own_events(const zof_cat_type_t *type);
+
+std::string cat_join(const std::vector<std::string> &words, const char *ticks);
+
+// Returns the control type that a record belongs to; null for other records.
+const zof_cat_type_t *cat_type_of(const zof_cat_record_t *record);
+
+// Returns a record by its name; null without one.
+const zof_cat_record_t *cat_record(const std::string &name);
+
+// Whether a key stands in the table of its record: what all types share is described once.
+bool cat_is_listed(const zof_cat_record_t *record, const zof_cat_key_t *key);
+
+#endif
