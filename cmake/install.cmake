@@ -14,6 +14,8 @@ install(TARGETS zof_tool EXPORT zofTargets)
 install(FILES ${PROJECT_BINARY_DIR}/tools/zof.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${PROJECT_BINARY_DIR}/tools/zof.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zof)
 
+install(DIRECTORY ${PROJECT_BINARY_DIR}/tools/schema DESTINATION ${CMAKE_INSTALL_DATADIR}/zof)
+
 install(EXPORT zofTargets NAMESPACE zof:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zof)
 file(WRITE ${PROJECT_BINARY_DIR}/zofConfig.cmake [=[
 include(CMakeFindDependencyMacro)

@@ -20,6 +20,8 @@ grep -qx '1/1: 1' "$work/run.log" || { cat "$work/run.log"; exit 1; }
 [ -x "$work/gallery/gallery/gallery" ] && [ -s "$work/gallery/gallery/res/video/clip.mp4" ]
 [ -x "$work/prefix/share/zof/panel/zof_bench" ] && [ -s "$work/prefix/share/zof/panel/res/font/bench-num-112.bin" ]
 
+cmp "$work/prefix/share/zof/schema/view.json" "$work/blank/schema/view.json"
+
 # A change of the project reaches a program that need not be linked again, and a new view file has its ids.
 cd "$work/src/blank/res/config"
 sed -i 's/"txt": "0"/"txt": "changed"/' view/main.g

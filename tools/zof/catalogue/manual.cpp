@@ -47,14 +47,10 @@ static std::string line_of(const char *title, const std::vector<std::string> &wo
 
 // What is to say of a control type besides its keys.
 static std::string type_lines(const zof_cat_type_t *type) {
-    std::vector<std::string> calls;
-    for (const char *const *call = type->calls; *call; call++) {
-        calls.push_back(*call);
-    }
     std::string text = line_of("Parts", cat_parts(type));
     text += type->sections > 1 ? "\n- Its second object is styled with `style_sect` 1, `second`." : "";
     text += type->parts ? "" : "\n- It has no styles.";
-    text += line_of("Events", cat_own_events(type)) + line_of("Functions", calls);
+    text += line_of("Events", cat_own_events(type)) + line_of("Functions", cat_list(type->calls));
     return text.substr(text.empty() ? 0 : 1) + "\n";
 }
 

@@ -88,6 +88,14 @@ std::vector<std::string> cat_own_events(const zof_cat_type_t *type) {
     return events;
 }
 
+std::vector<std::string> cat_list(const char *const *texts) {
+    std::vector<std::string> list;
+    for (; *texts; texts++) {
+        list.push_back(*texts);
+    }
+    return list;
+}
+
 std::string cat_join(const std::vector<std::string> &words, const char *ticks) {
     std::string text;
     for (const std::string &word : words) {

@@ -32,6 +32,9 @@ std::vector<std::string> cat_states(const zof_cat_type_t *type);
 // Events that the type sends besides those of touches.
 std::vector<std::string> cat_own_events(const zof_cat_type_t *type);
 
+// A list that ends with null.
+std::vector<std::string> cat_list(const char *const *texts);
+
 std::string cat_join(const std::vector<std::string> &words, const char *ticks);
 
 // Returns the control type that a record belongs to; null for other records.

@@ -74,7 +74,9 @@ const zof_name_t zof_state_names[] = {
     {"focused", LV_STATE_FOCUSED},   {"focus_key", LV_STATE_FOCUS_KEY},
     {"edited", LV_STATE_EDITED},     {"hovered", LV_STATE_HOVERED},
     {"pressed", LV_STATE_PRESSED},   {"scrolled", LV_STATE_SCROLLED},
-    {"disabled", LV_STATE_DISABLED}, ZOF_NAMES_END,
+    {"disabled", LV_STATE_DISABLED}, {"user_1", LV_STATE_USER_1},
+    {"user_2", LV_STATE_USER_2},     {"user_3", LV_STATE_USER_3},
+    {"user_4", LV_STATE_USER_4},     ZOF_NAMES_END,
 };
 
 const zof_name_t zof_sect_names[] = {{"control", 0}, {"second", 1}, ZOF_NAMES_END};

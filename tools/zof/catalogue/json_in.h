@@ -1,0 +1,18 @@
+// JSON objects in few words. Not for other folders.
+#ifndef ZOF_CAT_JSON_IN_H
+#define ZOF_CAT_JSON_IN_H
+
+#include <string>
+#include <vector>
+
+#include <cjson/cJSON.h>
+
+// Adds members; texts only if they are not null.
+void json_text(cJSON *object, const char *key, const char *text);
+void json_texts(cJSON *object, const char *key, const std::vector<std::string> &texts);
+void json_parsed(cJSON *object, const char *key, const char *json);
+
+// Prints with an indentation of two spaces, and releases.
+std::string json_print(cJSON *json);
+
+#endif
