@@ -145,7 +145,7 @@ static void touch() {
     static constexpr s32 places[][2] = {{632, 208}, {704, 26},  {683, 388}, {683, 388}, {80, 456},  {240, 456},
                                         {400, 456}, {560, 456}, {632, 340}, {300, 26},  {172, 336}, {522, 336},
                                         {522, 394}, {82, 336},  {312, 438}, {480, 316}, {604, 108}, {728, 190},
-                                        {728, 252}, {396, 392}, {712, 420}};
+                                        {341, 190}, {396, 392}, {712, 420}};
     const u32 n = pick(sizeof(places) / sizeof(places[0]) + 12);
     const bool known = n < sizeof(places) / sizeof(places[0]);
     finger_down(known ? places[n][0] : 20 + (s32)pick(760), known ? places[n][1] : (s32)(58 + pick(370)));

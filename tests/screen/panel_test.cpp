@@ -242,13 +242,13 @@ TEST_CASE("panel: settings are shown as the box says, and sent as they change") 
     board_readings(0, 0, 0, 0);
     board_write(REG_AUTO_ARM, {1});
     live(300);
-    screen_click(728, 252); // the hold
+    screen_click(728, 190); // the hold
     CHECK(bench.hold_off);
     live(300);
     CHECK(screen_is_golden("settings_off"));
     CHECK(sent().empty());
     screen_click(674, 126);
-    screen_click(728, 190);
+    screen_click(341, 190);
     CHECK(sent() == reports{{REG_BOOT_STATE, 1}, {REG_AUTO_ARM, 0}});
     live(100);
     screen_drag(250, 128, 20, 300, 6); // follows the finger wherever it goes, and is sent when it lifts
@@ -257,7 +257,7 @@ TEST_CASE("panel: settings are shown as the box says, and sent as they change") 
     live(300);
     CHECK(text_of(4, 28) == "Sprache");
     screen_step(2100);
-    screen_click(728, 190);
+    screen_click(341, 190);
     screen_click(674, 126);
     CHECK(sent().empty()); // nothing is known of the box
 }
@@ -295,14 +295,18 @@ TEST_CASE("panel: its own settings are kept over a restart, and a damaged file d
     panel_open(state.folder.c_str());
     go_to(4);
     screen_step(400);
-    screen_click(728, 252); // the hold
+    screen_click(728, 190); // the hold
     screen_click(685, 314); // Deutsch
-    CHECK(file_text(file) == "language = de\nhold_to_raise = no\naverage_readings = yes\nlocked = no\n"
+    screen_click(341, 252); // the average
+    screen_click(728, 252); // the lock
+    screen_click(341, 252); // is deaf now
+    CHECK((bench_locked_note() && is_shown(4, VIEW4_LOCK_ID) && bench.averaged_off));
+    CHECK(file_text(file) == "language = de\nhold_to_raise = no\naverage_readings = no\nlocked = yes\n"
                              "preset_1 = none\npreset_2 = none\npreset_3 = none\npreset_4 = none\n");
-    bench.hold_off = false;
+    bench.hold_off = bench.averaged_off = bench.locked = false;
     CHECK(zof_lang_set("en") == 0);
     keep_load();
-    CHECK((bench.hold_off && text_of(4, 28) == "Sprache"));
+    CHECK((bench.hold_off && bench.averaged_off && bench.locked && text_of(4, 28) == "Sprache"));
     state.write("zof_bench/settings", "hold_to_raise = maybe\n\nlocked\n\xff = yes");
     const std::string log = printed([] { keep_load(); });
     for (const char *line : {"settings:1: not a setting", "settings:3: not a setting", "settings:4: not a setting"}) {

@@ -58,7 +58,7 @@ hold 684 388 1.2
 expect "$work/board.log" "report 35 RAIL_SELECT = 3"
 sleep 0.5
 tap 560 456 0.6                              # Settings
-tap 728 190
+tap 341 190
 expect "$work/board.log" "report 50 AUTO_ARM = 1"
 tap 674 126
 expect "$work/board.log" "report 49 BOOT_STATE = 1"

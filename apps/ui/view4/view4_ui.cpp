@@ -106,6 +106,8 @@ void view4_paint(void) {
     option_paint(VIEW4_LABEL9_GROUND_ID, VIEW4_LABEL9_ID, boot_known && bench.boot_last != 0);
     switch_paint(VIEW4_SW0_ID, (bench.settings_known & 4) && bench.auto_on != 0);
     switch_paint(VIEW4_HOLD_ID, !bench.hold_off);
+    switch_paint(VIEW4_AVERAGE_ID, !bench.averaged_off);
+    switch_paint(VIEW4_LOCK_ALL_ID, bench.locked);
     const bool german = strcmp(language(), "de") == 0;
     option_paint(VIEW4_ENGLISH_GROUND_ID, VIEW4_ENGLISH_ID, !german);
     option_paint(VIEW4_GERMAN_GROUND_ID, VIEW4_GERMAN_ID, german);
@@ -128,12 +130,21 @@ static void auto_event(zof_ctrl_t *ctrl, zof_event_e event) {
     ui_paint(); // also puts a switch back that may not move
 }
 
-static void hold_event_do(zof_ctrl_t *ctrl, zof_event_e event) {
+// A switch of the panel's own.
+template <void (*SET)(bool on)> static void own_event(zof_ctrl_t *ctrl, zof_event_e event) {
     if (ui_takes(event) && event == ZOF_EVENT_VALUE_CHANGED) {
-        bench.hold_off = zof_sw_get_state(ctrl) == 0;
+        SET(zof_sw_get_state(ctrl) != 0);
         keep_save();
     }
     ui_paint();
+}
+
+static void hold_set(bool on) {
+    bench.hold_off = !on;
+}
+
+static void average_set(bool on) {
+    bench.averaged_off = !on;
 }
 
 static void bright_event(zof_ctrl_t *ctrl, zof_event_e event) {
@@ -170,7 +181,9 @@ static constexpr auto view_ctrls_fun_t = view_rows<158>({
     {VIEW4_LABEL8_ID, click_event<boot_do<0>>},
     {VIEW4_LABEL9_ID, click_event<boot_do<1>>},
     {VIEW4_SW0_ID, auto_event},
-    {VIEW4_HOLD_ID, hold_event_do},
+    {VIEW4_HOLD_ID, own_event<hold_set>},
+    {VIEW4_AVERAGE_ID, own_event<average_set>},
+    {VIEW4_LOCK_ALL_ID, own_event<bench_lock>},
     {VIEW4_ENGLISH_ID, click_event<english_do>},
     {VIEW4_GERMAN_ID, click_event<german_do>},
     {VIEW4_PORT_CHANGE_ID, click_event<port_do>},
