@@ -25,6 +25,7 @@ enum {
     BENCH_EYE_MS = 300,       // readings are averaged for the eye
     BENCH_UNDO_MS = 5000,
     BENCH_NOTE_MS = 2000,   // for a line that says why a touch did nothing
+    BENCH_WAKE_MS = 30000,  // after a touch has brightened a dim display
     BENCH_NEWS_MS = 4000,   // for a line that says what happened without a touch
     BENCH_TRY_MS = 1000,    // for an answer of the box, and between tries
     BENCH_PAUSE_MS = 10000, // between tries after the third

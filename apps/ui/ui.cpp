@@ -25,6 +25,7 @@ void ui_paint() {
         return;
     }
     ui.painting = true;
+    wake_tick();
     bright_apply();
     const u32 view = zof_view_get_cur_id(ZOF_LAYER_UI);
     for (const ui_page_t &page : pages) {
@@ -60,7 +61,7 @@ static bool slid_on() {
 bool ui_takes(zof_event_e event, bench_press_e what) {
     if (event == ZOF_EVENT_PRESSED) {
         bench_tick();
-        ui.press_counts = !slid_on() && bench.now >= ui.calm_until && bench_press(what);
+        ui.press_counts = !wake_press() && !slid_on() && bench.now >= ui.calm_until && bench_press(what);
         if (!ui.press_counts) {
             ui_paint();
         }

@@ -34,6 +34,13 @@ void ui_entered();
 // locked or a remote client holds it. A press that does not count takes its later events with it.
 bool ui_takes(zof_event_e event, bench_press_e what = BENCH_PRESS_ANY);
 
+// A display with a light of its own may be too dim to see what is touched: below UI_DIM_PERCENT the first press only
+// brightens it to that, for BENCH_WAKE_MS after the last one. Off works at any brightness.
+enum { UI_DIM_PERCENT = 30 };
+bool wake_press();            // a control is pressed; returns whether that only wakes the display
+void wake_tick();             // notices touches beside all controls
+u16 wake_bright(u16 percent); // what the light shows, of what is set
+
 // The tab of the Output page, which held for a second locks the panel, and unlocks it.
 void output_tab_event(zof_ctrl_t *, zof_event_e event);
 

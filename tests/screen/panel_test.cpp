@@ -262,6 +262,35 @@ TEST_CASE("panel: settings are shown as the box says, and sent as they change") 
     CHECK(sent().empty()); // nothing is known of the box
 }
 
+TEST_CASE("panel: a touch that wakes a dim display does nothing else, but Off works") {
+    open_running();
+    const auto level = [](u16 percent) { return percent * 99 / 100 * 255 / 100; };
+    go_to(4);
+    board_write(REG_BRIGHT, {20});
+    live(400);
+    screen_click(341, 252); // the average: a window is bright enough
+    CHECK((bench.averaged_off && sdl_bright_get() == level(20)));
+    zof_drv_get_disp_t()->own_light = ZOF_TRUE;
+    screen_click(341, 252);
+    CHECK((bench.averaged_off && sdl_bright_get() == level(30)));
+    live(25000);
+    screen_click(341, 252); // awake
+    CHECK(!bench.averaged_off);
+    live(25000);
+    CHECK(sdl_bright_get() == level(30)); // since the last touch
+    live(6000);
+    CHECK(sdl_bright_get() == level(20));
+    screen_click(120, 314); // beside all controls
+    live(100);
+    CHECK(sdl_bright_get() == level(30));
+    screen_click(341, 252);
+    CHECK(bench.averaged_off);
+    live(31000);
+    screen_press(704, 26);
+    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
+    screen_release(704, 26);
+}
+
 TEST_CASE("panel: no English word is left on a running panel in German") {
     open_running();
     CHECK(zof_lang_set("de") == 0);

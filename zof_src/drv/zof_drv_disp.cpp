@@ -30,6 +30,10 @@ s32 zof_disp_set_bright(u8 level) {
     return 0;
 }
 
+zof_bool zof_disp_has_light(void) {
+    return zof_disp && zof_disp->own_light;
+}
+
 static zof_bool fullscreen;
 
 s32 zof_disp_set_fullscreen(zof_bool on) {

@@ -18,6 +18,7 @@ typedef struct zof_disp {
     s32 (*set_bright)(u8 level);             // OPTIONAL: percent; called from any thread
     s32 (*set_fullscreen)(zof_bool on);      // OPTIONAL: 0 or -1
     s32 (*get_scn_size)(struct zof_disp *d); // MANDATORY: fills scn_w and scn_h
+    zof_bool own_light;                      // set_bright dims a light; a window has none and stays readable
 } zof_disp_t;
 
 typedef struct {
@@ -38,6 +39,9 @@ s32 zof_drv_disp_set_bgcolor(zof_color_t color);
 
 // Sets the brightness in percent; any thread. Returns 0 when the display has one, else -1.
 s32 zof_disp_set_bright(u8 level);
+
+// Whether the display has a light of its own, which at low brightness may leave it hard to read.
+zof_bool zof_disp_has_light(void);
 
 // Shows the picture on the whole screen, or in a window of its own. Before the display is registered the request is
 // kept, and the display starts so. Returns 0, or -1 when the display cannot. The second returns the last request.

@@ -33,8 +33,9 @@ static void backlight(u16 percent) {
 
 void bright_apply(void) {
     static u16 applied;
-    if ((bench.settings_known & 1) && !slider.moving && applied != bench.bright) {
-        applied = bench.bright;
+    const u16 percent = wake_bright(bench.bright);
+    if ((bench.settings_known & BENCH_SETTING_BRIGHT) && !slider.moving && applied != percent) {
+        applied = percent;
         backlight(applied);
     }
 }
