@@ -1,9 +1,13 @@
 // The bench panel's entry into the runtime: its five views and its main function.
 #include <stdio.h>
 
+#include <string>
+
 #include "zof.h"
 
+#include "bench/bench_import.h"
 #include "bench/bench_trend.h"
+#include "hardware/uart/zof_hw_replay.h"
 #include "hardware/uart/zof_hw_uart.h"
 #include "net/net_scpi.h"
 #include "ui/ui.h"
@@ -42,12 +46,23 @@ static void port_changed(const zof_uart_info_t *info) {
 
 static constexpr zof_hw_client_t client = {bench_take, bench_take_word, ui_paint};
 
+// A window that shows a file instead of a box says so.
+static void title_set() {
+    const char *replay = zof_replay_file();
+    const std::string file = replay ? replay : import_name();
+    const zof_prj_t *project = zof_prj_get_cur();
+    if (!file.empty() && project && project->attr && project->attr->p_name) {
+        zof_disp_set_title((file.substr(file.rfind('/') + 1) + " – " + project->attr->p_name).c_str());
+    }
+}
+
 void panel_start(void) {
     bench_start();
     zof_prj_create(zof_views_fun, ZOF_VIEW_COUNT);
     zof_hw_client_set(&client);
     zof_link_on_change(port_changed);
     ui_start();
+    title_set();
     if (trend_stopped()) {
         ui_tab_to(ZOF_VIEW5_ID);
     }

@@ -3,6 +3,8 @@
 #include <stdio.h>
 #include <string.h>
 
+#include <string>
+
 enum { LOOKS = LOOK_CHOSEN | LOOK_DEAD | LOOK_LATE | LOOK_HOLD };
 
 void paint_text(para_t *ctrl, const char *text) {
@@ -13,6 +15,22 @@ void paint_text(para_t *ctrl, const char *text) {
     if (strcmp(zof_label_get_text(ctrl), shown ? shown : "") != 0) {
         zof_label_set_txt(ctrl, text);
     }
+}
+
+void paint_line(para_t *ctrl, const char *text, s32 width) {
+    if (!ctrl || !ctrl->obj) {
+        return;
+    }
+    const lv_font_t *font = lv_obj_get_style_text_font(ctrl->obj, LV_PART_MAIN);
+    std::string line = text, cut = text;
+    while (!cut.empty() && lv_txt_get_width(line.c_str(), (u32)line.size(), font, 0, LV_TEXT_FLAG_NONE) > width) {
+        do {
+            line = cut;
+            cut.pop_back();
+        } while (((u8)line.back() & 0xC0) == 0x80); // the rest of a letter
+        line = cut + "…";
+    }
+    paint_text(ctrl, line.c_str());
 }
 
 // Returns a language key, or the English words if the language does not have it.

@@ -20,6 +20,8 @@ template <typename T, size_t N, typename E> constexpr const T &row_of(const T (&
 
 // A text or a key of the languages.
 void paint_text(para_t *ctrl, const char *text);
+// One line, which ends with "…" if it is wider than `width` pixels.
+void paint_line(para_t *ctrl, const char *text, s32 width);
 
 // Words of the panel in the current language. Into `out`, {0} to {3} are replaced by the given texts.
 void words_fill(char *out, size_t size, panel_text_e words, const char *a = "", const char *b = "", const char *c = "",

@@ -3,6 +3,8 @@
 #include "bench_ids.h"
 #include "ui/ui.h"
 
+enum { NOTICE_WIDTH = 600, DOT_WIDTH = 42 }; // of a notice up to Off; of the dot of a recording between them
+
 // The ids are the same on all pages.
 static_assert((u32)VIEW2_STRIP_ID == VIEW3_STRIP_ID && (u32)VIEW2_STRIP_ID == VIEW4_STRIP_ID &&
               (u32)VIEW2_STRIP_ID == VIEW5_STRIP_ID);
@@ -75,7 +77,7 @@ void strip_paint(u32 view) {
     } else {
         words_fill(text, sizeof(text), TEXT_LOCKED);
     }
-    paint_text(at(VIEW2_STRIP_NOTICE_ID), text);
+    paint_line(at(VIEW2_STRIP_NOTICE_ID), text, NOTICE_WIDTH - (record_runs() ? DOT_WIDTH : 0));
     paint_look(at(VIEW2_STRIP_NOTICE_ID), dead ? 0 : LOOK_CHOSEN);
     paint_shown(at(VIEW2_STRIP_NOTICE_ID), dead || locked);
 }

@@ -226,14 +226,14 @@ TEST_CASE("keys: arrows drag what Enter holds, and a finger that lands meanwhile
     for (u32 i = 0; i < 20; i++) {
         tap(LEFT);
     }
-    screen_press(728, 252); // a switch
+    screen_press(728, 190); // a switch
     live(100);
     keyboard(ENTER, false);
     live(100);
     CHECK(sent() == reports{{REG_BRIGHT, 26}});
-    screen_release(728, 252);
+    screen_release(728, 190);
     live(100);
     CHECK(!bench.hold_off);
-    screen_click(728, 252);
+    screen_click(728, 190);
     CHECK(bench.hold_off);
 }

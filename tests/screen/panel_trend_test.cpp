@@ -1,3 +1,5 @@
+#include <SDL.h>
+
 #include <cmath>
 
 #include "bench/bench_import.h"
@@ -146,7 +148,6 @@ TEST_CASE("trend: a recording shows its time and file on all pages, and a full d
     screen_picture saved;
     CHECK((screen_png_read(folder.path("2026-11-22-0138.png"), &saved) && screen_same(saved, shown)));
     go_to(2);
-    CHECK(is_shown(2, VIEW2_STRIP_RECORDING_ID));
     go_to(5);
     zof_file_fault_set([](const char *, const char *) -> zof_bool { return ZOF_TRUE; });
     live(100);
@@ -158,6 +159,13 @@ TEST_CASE("trend: a recording shows its time and file on all pages, and a full d
     live(400);
     CHECK(both_languages("trend_disk_full"));
     CHECK(!is_shown(5, VIEW5_STRIP_RECORDING_ID));
+    screen_click(684, 396);
+    panel_port(BENCH_PORT_FAULT, "a reason that is longer than the strip has room for beside the dot");
+    for (u32 view : {2, 3, 4, 5}) {
+        go_to(view);
+        CHECK(is_shown(view, VIEW2_STRIP_RECORDING_ID));
+    }
+    CHECK(screen_is_golden("trend_recording_no_box"));
 }
 
 TEST_CASE("trend: a scale grows at once, and shrinks when a smaller one has done for ten seconds") {
@@ -194,9 +202,10 @@ TEST_CASE("trend: a recording is shown with its times of day, and nothing of the
         text += form("2026-03-01T23:%02u:%02u.500+01:00,%u.000,1.5,9,2\r\n", 5 + s / 60, s % 60, 5 + s / 600);
     }
     folder.write("a.csv", text);
-    panel_open();
-    board_ready();
     CHECK(import_file(folder.path("a.csv").c_str()) == 3000);
+    panel_open();
+    CHECK(str(SDL_GetWindowTitle(SDL_GetWindowFromID(1))) == "a.csv – USB-PD bench box");
+    board_ready();
     go_to(5);
     readings();
     screen_click(436, 396);

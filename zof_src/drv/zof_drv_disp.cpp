@@ -48,6 +48,10 @@ zof_bool zof_disp_get_fullscreen(void) {
     return fullscreen;
 }
 
+s32 zof_disp_set_title(const char *title) {
+    return title && zof_disp && zof_disp->set_title ? zof_disp->set_title(title) : -1;
+}
+
 s32 zof_disp_get_scn_size(zof_wh_t *out) {
     if (!zof_disp || !out) {
         return -1;

@@ -17,6 +17,7 @@ typedef struct zof_disp {
     s32 (*set_bg)(const char *path);         // OPTIONAL: 0 when the driver shows the picture itself, else -1
     s32 (*set_bright)(u8 level);             // OPTIONAL: percent; called from any thread
     s32 (*set_fullscreen)(zof_bool on);      // OPTIONAL: 0 or -1
+    s32 (*set_title)(const char *title);     // OPTIONAL: of the window; 0 or -1
     s32 (*get_scn_size)(struct zof_disp *d); // MANDATORY: fills scn_w and scn_h
     zof_bool own_light;                      // set_bright dims a light; a window has none and stays readable
 } zof_disp_t;
@@ -47,6 +48,9 @@ zof_bool zof_disp_has_light(void);
 // kept, and the display starts so. Returns 0, or -1 when the display cannot. The second returns the last request.
 s32 zof_disp_set_fullscreen(zof_bool on);
 zof_bool zof_disp_get_fullscreen(void);
+
+// Changes the window's title, which is the project's name at first; UTF-8. Returns 0, or -1 without a window.
+s32 zof_disp_set_title(const char *title);
 
 // Returns the physical screen's size in `out`: 0, or -1 without a record or `out`.
 s32 zof_disp_get_scn_size(zof_wh_t *out);

@@ -34,6 +34,10 @@ static s32 win_disp_set_fullscreen(zof_bool on) {
     return 0;
 }
 
+static s32 win_disp_set_title(const char *title) {
+    return win_screen_title_set(title) ? 0 : -1;
+}
+
 static void register_display() {
     static lv_disp_draw_buf_t draw_buf;
     static lv_disp_drv_t drv;
@@ -66,6 +70,7 @@ void win_disp_init(void) {
     win_disp_get_wh(&SDL_HOR_RES, &SDL_VER_RES);
     win_disp_t.set_bright = win_disp_set_bright;
     win_disp_t.set_fullscreen = win_disp_set_fullscreen;
+    win_disp_t.set_title = win_disp_set_title;
     win_disp_t.get_scn_size = win_disp_get_scn_size;
     zof_drv_disp_reg(&win_disp_t);
     zof_disp_init(&win_disp_t);

@@ -140,6 +140,13 @@ bool win_screen_is_full() {
     return screen.window && (SDL_GetWindowFlags(screen.window) & SDL_WINDOW_FULLSCREEN_DESKTOP) != 0;
 }
 
+bool win_screen_title_set(const char *title) {
+    if (screen.window) {
+        SDL_SetWindowTitle(screen.window, title);
+    }
+    return screen.window != nullptr;
+}
+
 // A full screen will be what it was before.
 static void maximised_note() {
     if (!win_screen_is_full()) {

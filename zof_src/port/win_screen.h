@@ -27,6 +27,8 @@ void win_screen_show_all();
 void win_screen_bright(u8 level);
 
 void win_screen_full_set(bool full);
+// The title of the window, at first the project's name, which stays the name of its remembered size. False without one.
+bool win_screen_title_set(const char *title);
 bool win_screen_is_full();
 
 // Follows an event of the window, SDL_WINDOWEVENT_*. Returns true for one that ends a press, because its release may
