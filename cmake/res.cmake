@@ -30,8 +30,9 @@ function(res_views stamp folder version time)
   file(COPY_FILE ${stamp}.args.new ${stamp}.args ONLY_IF_DIFFERENT)
   add_custom_command(OUTPUT ${stamp} COMMENT "Views of the panel in ${folder}" VERBATIM
     COMMAND ${ZOF_PYTHON} ${res_make}/views.py ${folder} ${version} ${time}
+    COMMAND ${CMAKE_COMMAND} -E copy ${res_make}/zof-check.ignore ${folder}
     COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
-    DEPENDS ${res_make}/views.py ${res_layout} ${stamp}.args)
+    DEPENDS ${res_make}/views.py ${res_make}/zof-check.ignore ${res_layout} ${stamp}.args)
 endfunction()
 res_views(${PROJECT_BINARY_DIR}/views.stamp ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_VERSION} "${ZOF_BENCH_TIME}")
 res_views(${PROJECT_BINARY_DIR}/test-views.stamp ${res_test}/res 1.1.0 "2026-11-22")

@@ -8,11 +8,20 @@
 void fuzz_open() {
 }
 
-// cJSON accepts texts with other encodings, and ends a text at a character 0.
+// Where cJSON takes "\u" without digits for the end of a text, it is not compared.
+static bool comparable(const std::string &text, const zof_jdoc_t &doc) {
+    bool escape = false;
+    for (u32 i = 0; i < doc.fault_count; i++) {
+        escape = escape || std::string(doc.faults[i].rule) == "escape";
+    }
+    return !escape && text.find('\0') == text.npos;
+}
+
+// cJSON accepts texts with other encodings.
 static bool valid(const zof_jdoc_t &doc) {
     for (u32 i = 0; i < doc.fault_count; i++) {
         const std::string rule = doc.faults[i].rule;
-        if (rule != "escape" && (rule != "encoding" || !doc.count)) {
+        if (rule != "mark" && (rule != "encoding" || !doc.count)) {
             return false;
         }
     }
@@ -78,12 +87,13 @@ void fuzz_one(fuzz_input &in) {
     zof_jdoc_t doc;
     fuzz_must(zof_jdoc_read(&doc, text.data(), text.size()) >= 0, "there is memory");
     const char *end = nullptr;
-    cJSON *root = text.find('\0') == text.npos ? cJSON_ParseWithOpts(text.c_str(), &end, 0) : nullptr;
+    const bool compared = comparable(text, doc);
+    cJSON *root = compared ? cJSON_ParseWithOpts(text.c_str(), &end, 0) : nullptr;
     const bool accepted =
         root &&
         strspn(end, "\1\2\3\4\5\6\7\10\11\12\13\14\15\16\17\20\21\22\23\24\25\26\27\30\31\32\33\34\35\36\37 ") ==
             strlen(end);
-    fuzz_must(text.find('\0') != text.npos || accepted == valid(doc), "valid is what cJSON accepts");
+    fuzz_must(!compared || accepted == valid(doc), "valid is what cJSON accepts");
     if (accepted) {
         same(doc, 0, root, text);
         changes(doc, choice % doc.count, text);

@@ -60,7 +60,7 @@ TEST_CASE("each fault of a text has its place and says what was expected") {
         {"{\"a\": 1, // one\n /* two */ \"b\": [1,],\n}",
          "1:10 comment: JSON has no comments; 2:2 comment: JSON has no comments; "
          "2:19 comma: no comma may follow the last element; 2:21 comma: no comma may follow the last member"},
-        {"\xEF\xBB\xBF{}", "1:1 encoding: the file begins with a byte order mark"},
+        {"\xEF\xBB\xBF{}", "1:1 mark: the file begins with a byte order mark"},
         {"\xFF\xFE{", "1:1 encoding: the file is saved as UTF-16; it must be saved as UTF-8"},
         {"{\"a\": \"\xFC\"}", "1:8 encoding: byte FC is not UTF-8; the file must be saved as UTF-8"},
         {"{}}", "1:3 syntax: text after the end of the object"},

@@ -6,7 +6,12 @@
 #include "describe.h"
 #include "project/zof_ver.h"
 
-static const zof_command_t *const commands[] = {&zof_catalogue_command, &zof_ids_command, &zof_monitor_command};
+static const zof_command_t *const commands[] = {
+    &zof_catalogue_command,
+    &zof_check_command,
+    &zof_ids_command,
+    &zof_monitor_command,
+};
 
 static void options_add(CLI::App &app) {
     app.set_help_flag("-h,--help", "print this help");

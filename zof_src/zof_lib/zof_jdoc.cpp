@@ -375,7 +375,7 @@ static bool marks_skip(reader_t *r) {
         return false;
     }
     if (r->size >= 3 && std::memcmp(text, "\xEF\xBB\xBF", 3) == 0) {
-        fault(r, 0, "encoding", "the file begins with a byte order mark");
+        fault(r, 0, "mark", "the file begins with a byte order mark");
         r->at = 3;
     }
     return true;
@@ -415,12 +415,13 @@ static void open_end(reader_t *r) {
 }
 
 s32 zof_jdoc_read(zof_jdoc_t *doc, const char *text, size_t size) {
-    *doc = {text, size, nullptr, 0, nullptr, 0};
+    *doc = {text, size, nullptr, 0, nullptr, 0, ZOF_FALSE};
     doc->faults = (zof_jfault_t *)zof_malloc(FAULTS_MAX * sizeof(zof_jfault_t));
     reader_t r = {doc, 0, (u32)size, ZOF_J_NONE, 0, 0, ZOF_J_NONE, ZOF_J_NONE, ZOF_J_NONE, false, false, false};
     if (doc->faults) {
         read_all(&r);
         open_end(&r);
+        doc->ended = r.stopped;
     }
     if (!doc->faults || r.no_memory) {
         zof_jdoc_free(doc);

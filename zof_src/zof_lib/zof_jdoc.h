@@ -40,6 +40,7 @@ typedef struct {
     u32 count; // 0 if there is no value at all
     zof_jfault_t *faults;
     u32 fault_count; // at most 64 are kept
+    zof_bool ended;  // a fault has ended reading, so nodes are missing
 } zof_jdoc_t;
 
 // Reads a text of less than 4 GiB. Returns the number of faults, 0 for valid JSON; -1 if memory is short, with nothing

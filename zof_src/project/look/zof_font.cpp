@@ -203,6 +203,19 @@ static lv_font_t *font_open(zof_font_t *entry, const char *path, const char *nam
     return font;
 }
 
+const char *zof_font_fault(const char *path) {
+    lv_font_t font = {};
+    zof_font_t entry = {};
+    const char *why = "not a font";
+    if (!IsTTFFile(path)) {
+        return zof_binfont_create(&font, path) == 0 && zof_binfont_delete(&font) == 0 ? nullptr : why;
+    }
+    lv_font_t *made = ttf_create(&entry, path, FONT_SIZE_DEFAULT, &why);
+    zof_lvfont_delete(made);
+    zof_free(entry.content);
+    return made ? nullptr : why;
+}
+
 // Consecutive styles of a view name the same file: a missing file is reported once, not once per style.
 static void missing_report(const char *path) {
     static char reported[128];

@@ -20,8 +20,7 @@ static const struct {
     {".gif", "GIF8", "not a GIF picture"},
 };
 
-// Returns why a file cannot be a picture; null if it looks like one.
-static const char *fault_of(const char *path) {
+const char *zof_img_fault(const char *path) {
     char begin[4] = "";
     FILE *file = zof_file_read_open(path);
     if (!file) {
@@ -56,13 +55,13 @@ void zof_img_missing(const char *path) {
         }
     }
     logged.hash[logged.count++ % LOGGED_MAX] = hash;
-    const char *fault = path ? fault_of(path) : "cannot be opened";
+    const char *fault = path ? zof_img_fault(path) : "cannot be opened";
     zof_printf("%s: %s", text, fault ? fault : "cannot be decoded: damaged, or too large");
 }
 
 char *zof_img_path_copy(const char *name) {
     char *copy = zof_text_copy(zof_res_picture_path(zof_lang_get_cur_str(name)));
-    if (copy && fault_of(copy)) {
+    if (copy && zof_img_fault(copy)) {
         zof_img_missing(copy);
     }
     return copy;

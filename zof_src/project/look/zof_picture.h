@@ -10,6 +10,9 @@ ZOF_C_BEGIN
 // Logs, once for each path, why its picture cannot be shown; with null, that no picture is named.
 void zof_img_missing(const char *path);
 
+// Returns why a file cannot be a picture, by its first bytes; null if it looks like one.
+const char *zof_img_fault(const char *path);
+
 // Returns a project's image name (or language key) as an allocated path, released with zof_free; null for null and for
 // names that LVGL would not take for a file. Logs a file that is not a picture.
 char *zof_img_path_copy(const char *name);

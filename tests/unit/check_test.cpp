@@ -1,0 +1,238 @@
+// The checker of project folders: a correct project, and one mistake at a time with the places of its findings.
+#include <filesystem>
+
+#include "check/zof_check.h"
+#include "temp_project.h"
+#include "zof_test.h"
+
+static const char project_g[] = "config/project/zofprj.g", link_g[] = "config/project/zofhmi.g",
+                  view_g[] = "config/view/one.g", theme_g[] = "config/theme/t/button.g",
+                  english_g[] = "config/languages/en.g", ignore[] = "zof-check.ignore";
+
+static const struct {
+    const char *path, *text;
+} correct[] = {
+    {project_g, R"({
+"p_name": "T", "width": 320, "height": 240, "start_page": 1, "language": "en",
+"views": [{"pageId": 1, "pageName": "one.g"}],
+"hw_t": {"tone_t": {"type": 0}}
+})"},
+    {link_g, R"({"hmi_en": 1, "uart": {"win_port": 5}, "head_fh": 90, "head_fl": 165})"},
+    {english_g, "{\"a\": \"A\", \"b\": \"B\"}"},
+    {"config/languages/de.g", "{\"a\": \"A\", \"b\": \"B\"}"},
+    {theme_g, R"({"styles": [{"body_t": {"opa": 255}}]})"},
+    {view_g, R"({
+"view": {"v_name": "one", "v_id": 1, "bg_scale": 255},
+"controls": [
+{"type": 2, "theme": "t", "property": {
+ "pub_t": {"name": "box", "id": 1, "size": {"width": 300, "height": 200}, "alpha": 255}}},
+{"type": "button", "theme": "t", "property": {
+ "pub_t": {"name": "more", "id": 2, "parent_id": 1, "pt": {"x": 9, "y": 9}, "size": {"width": 90, "height": 40}, "t_mode": 1, "alpha": 255},
+ "txt": "#a",
+ "styles": [{"style_state": "pressed", "body_t": {"main_color": "#D9863D", "opa": 255, "border": {"opa": 255}}},
+            {"txt_t": {"font_lib": "f.bin", "font_size": 20}, "img_t": {"bg_img": "on.png"}}]}},
+{"type": 7, "theme": "t", "property": {
+ "pub_t": {"name": "dose", "id": 3, "size": {"width": 90, "height": 40}, "t_mode": 1, "alpha": 255},
+ "minValue": 0, "maxValue": 100}},
+{"type": 14, "theme": "", "property": {
+ "pub_t": {"name": "list", "id": 4, "size": {"width": 90, "height": 40}, "t_mode": 1, "alpha": 255},
+ "options": "#b\nTwo"}}
+]})"},
+};
+
+// Writes the correct project with `from` replaced by `to` in one file; an empty `from` stands for the whole file.
+static void project_write(const temp_project_t &project, const std::string &file, const std::string &from,
+                          const std::string &to) {
+    for (const auto &row : correct) {
+        project.write(row.path, row.text);
+    }
+    for (const auto &[path, of] :
+         {std::pair("image/on.png", "image/mark.png"), {"font/f.bin", "font/bench-num-26.bin"}}) {
+        std::filesystem::create_directories(std::filesystem::path(project.path(path)).parent_path());
+        std::filesystem::copy_file(std::string(ZOF_PANEL_DIR "/res/") + of, project.path(path));
+    }
+    std::string text = file.empty() ? "" : file_text(project.path(file));
+    const size_t at = text.find(from);
+    REQUIRE((from.empty() || (at != text.npos && text.find(from, at + 1) == text.npos)));
+    if (!file.empty()) {
+        project.write(file, from.empty() ? to : text.replace(at, from.size(), to));
+    }
+}
+
+static std::string findings_of(const temp_project_t &project) {
+    zof_check_t check;
+    std::string out;
+    REQUIRE(zof_check_project(project.folder.c_str(), &check) == 0);
+    for (u32 i = 0; i < check.count; i++) {
+        char line[1000];
+        zof_check_line(&check.findings[i], ZOF_FALSE, line, sizeof line);
+        out += std::string(i ? "\n" : "") + line;
+    }
+    zof_check_free(&check);
+    return out;
+}
+
+static const struct {
+    const char *file, *from, *to;
+    const char *found; // with the file in front of those of another one
+} mistakes[] = {
+    {"", "", "", ""},
+    {view_g, "\"v_id\": 1,", "\"v_id\": 1", "2:37: error: expected \",\" [syntax]"},
+    {view_g, "\"v_id\": 1,", "\"v_id\": 1, // one\n", "2:38: error: JSON has no comments [comment]"},
+    {view_g, "\"bg_scale\": 255}", "\"bg_scale\": 255,}", "2:53: error: no comma may follow the last member [comma]"},
+    {english_g, "\"B\"", "\"\xC4\"", "1:18: error: byte C4 is not UTF-8; the file must be saved as UTF-8 [encoding]"},
+    {english_g, "{\"a\"", "\xEF\xBB\xBF{\"a\"", "1:1: warning: the file begins with a byte order mark [mark]"},
+    {english_g, "\"B\"", "\"B\\u00zz\"",
+     "1:19: error: \\u needs four hexadecimal digits other than 0000; the text ends here [escape]"},
+    {english_g, "\"b\": \"B\"", "\"b\": \"B\", \"B\": \"C\"",
+     "1:22: error: B is given twice; the first one is used [key-twice]"},
+    {view_g, "\"t_mode\": 1, \"alpha\": 255},\n \"txt\"", "\"t_mode\": 1, \"Alpha\": 255, \"alpha\": 9},\n \"txt\"",
+     "7:141: error: alpha is given twice; the first one is used [key-twice]"},
+    {view_g, "\"txt\": \"#a\"", "\"tx\": \"#a\"",
+     "config/languages/de.g:1:2: warning: no file uses the text a [text-unused]\n"
+     "8:2: error: unknown key tx; did you mean txt? [key-unknown]"},
+    {view_g, "\"txt\": \"#a\"", "\"txt\": \"#a\", \"frobnicate\": 1",
+     "8:15: error: unknown key frobnicate in button [key-unknown]"},
+    {view_g, "\"txt\": \"#a\"", "\"txt\": \"#a\", \"alpha\": 255",
+     "8:15: error: the key alpha belongs into pub_t [key-place]"},
+    {view_g,
+     "\"options\":", "\"maxValue\": 3, \"options\":", "16:2: error: unknown key maxValue in drop list [key-unknown]"},
+    {view_g, "\"minValue\": 0", "\"minValue\": \"0\"",
+     "13:14: error: expected a number, found a text; numbers are written without quotes [kind]"},
+    {view_g, "\"minValue\": 0", "\"minValue\": 0, \"anim_time\": true",
+     "13:30: error: expected a number, found true [kind]"},
+    {view_g, "\"minValue\": 0", "\"minValue\": -40000", "13:14: error: -40000 is not from -32768 to 32767 [range]"},
+    {view_g, "\"minValue\": 0", "\"minValue\": 0.5",
+     "13:14: warning: the fraction is cut off; it counts as 0 [fraction]"},
+    {view_g, "\"pressed\"", "\"presed\"",
+     "9:29: error: unknown name; did you mean pressed? [name]\n"
+     "10:13: warning: another style is for the same part, state and section [style-twice]"},
+    {view_g, "\"button\"", "\"buton\"", "6:10: error: unknown name; did you mean button? [name]"},
+    {view_g, "\"style_state\": \"pressed\"", "\"style_part\": 7",
+     "9:28: error: unknown; the names are main, scroll bar, indicator, knob, selection, items, ticks, cursor, "
+     "placeholder [name]"},
+    {view_g, "\"#D9863D\"", "\"#D9863\"",
+     "9:65: error: a colour is \"#RRGGBB\" or \"#RGB\", in hexadecimal digits [colour]"},
+    {view_g, "\"#D9863D\"", "4294967295", "9:65: error: a colour is a number from 0 to 16777215, 0xRRGGBB [colour]"},
+    {view_g, "\"theme\": \"\",", "",
+     "14:1: error: theme is missing: name of a theme; it need not exist. Without this key the view ends here "
+     "[missing]"},
+    {view_g, "\"name\": \"dose\", \"id\": 3,", "\"name\": \"dose\",",
+     "12:2: error: id is missing: id, unique in its view [missing]"},
+    {view_g, "{\"name\": \"box\", \"id\": 1, \"size\": {\"width\": 300, \"height\": 200}, \"alpha\": 255}",
+     "{\"name\": \"box\", \"id\": 1, \"size\": {\"width\": 300, \"height\": 200}}",
+     "5:2: warning: alpha is missing: it counts as 0, which is invisible [invisible]"},
+    {view_g, "\"size\": {\"width\": 300, \"height\": 200}, \"alpha\": 255",
+     "\"size\": {\"width\": 300, \"height\": 200}, \"alpha\": 0",
+     "5:84: warning: alpha is 0, so the control is invisible [invisible]"},
+    {view_g, "\"pt\": {\"x\": 9, \"y\": 9}, \"size\": {\"width\": 90, \"height\": 40}",
+     "\"pt\": {\"x\": 9, \"y\": 9}, \"size\": {\"width\": 90}",
+     "7:77: warning: the height is 0, so the control is invisible [invisible]"},
+    {view_g, "\"id\": 3, \"size\": {\"width\": 90, \"height\": 40}, \"t_mode\": 1,",
+     "\"id\": 3, \"size\": {\"width\": 90, \"height\": 40},",
+     "12:2: warning: t_mode is missing, so touches pass through this slider; write \"t_mode\": 1 [dead]"},
+    {view_g, "\"id\": 3,", "\"id\": 2,",
+     "12:34: error: the control more has the id 2 already; this one is left out [id]"},
+    {view_g, "\"id\": 3,", "\"id\": 70000,", "12:34: error: 70000 is not from 1 to 65535 [range]"},
+    {view_g, "\"dose\"", "\"More\"", "12:20: warning: another control of this view has the name MORE [identifier]"},
+    {view_g, "\"dose\"", "\"\xC3\xBC\"",
+     "12:20: warning: ü makes no readable identifier; use letters and digits [identifier]"},
+    {view_g, "\"name\": \"dose\",", "", "12:2: warning: a control without a name has no id in programs [identifier]"},
+    {view_g, "\"parent_id\": 1", "\"parent_id\": 9", "7:50: error: no control has the id 9 [parent]"},
+    {view_g, "\"parent_id\": 1", "\"parent_id\": 2", "7:50: error: a control cannot be its own parent [parent]"},
+    {view_g, "\"parent_id\": 1", "\"parent_id\": 3",
+     "7:50: error: the parent, 3, must come before this control [parent]"},
+    {view_g, "\"type\": 14,", "\"type\": 24,",
+     "config/languages/de.g:1:12: warning: no file uses the text b [text-unused]\n"
+     "15:2: error: the parent of a tile must be a tile view [parent]\n"
+     "16:2: error: unknown key options in tile [key-unknown]"},
+    {view_g, "\"pt\": {\"x\": 9, \"y\": 9}", "\"pt\": {\"x\": 250, \"y\": 9}",
+     "7:53: warning: 250,9 90 x 40 is partly outside its parent, 300 x 200 [outside]"},
+    {view_g, "\"name\": \"dose\",", "\"name\": \"dose\", \"pt\": {\"x\": 320, \"y\": 0},",
+     "12:28: warning: 320,0 90 x 40 is outside the screen, 320 x 240 [outside]"},
+    {view_g, "\"maxValue\": 100", "\"maxValue\": 0", "13:17: error: minValue, 0, is not below maxValue, 0 [ends]"},
+    {view_g, "\"#b\\nTwo\"", "\"#b\\n\\nTwo\"", "16:13: warning: an empty line is an option without a text [options]"},
+    {view_g,
+     "\"type\": 14, \"theme\": \"\", \"property\": {\n \"pub_t\": {\"name\": \"list\", \"id\": 4, \"size\": "
+     "{\"width\": 90, \"height\": 40}, \"t_mode\": 1, \"alpha\": 255},\n \"options\": \"#b\\nTwo\"}",
+     "\"type\": 26, \"theme\": \"\", \"property\": {\n \"pub_t\": {\"name\": \"list\", \"id\": 4, \"size\": "
+     "{\"width\": 90, \"height\": 40}, \"alpha\": 255},\n \"btnmatrix_txt\": [\"#b\", \"2\"]}",
+     "15:2: warning: t_mode is missing, so touches pass through this button matrix; write \"t_mode\": 1 [dead]\n"
+     "16:26: warning: the last caption must be an empty one, \"\", which ends the list [options]"},
+    {view_g, "\"style_state\": \"pressed\"", "\"style_part\": \"knob\"",
+     "9:28: warning: a button does not have this part [style]"},
+    {view_g, "\"style_state\": \"pressed\"", "\"style_state\": \"always\"",
+     "10:13: warning: another style is for the same part, state and section [style-twice]"},
+    {theme_g, "\"opa\": 255", "\"opa\": 255, \"colour\": 3", "1:37: error: unknown key colour in body_t [key-unknown]"},
+    {project_g, "\"one.g\"}", "\"one.g\"}, {\"pageId\": 1, \"pageName\": \"one.g\"}",
+     "3:58: error: one.g has the pageId 1 already; this entry is left out [view-entry]\n"
+     "3:73: error: the file has an entry already [view-entry]"},
+    {project_g, "\"one.g\"", "\"on.g\"",
+     "3:37: error: there is no config/view/on.g; did you mean one.g? [file-missing]\n"
+     "config/view/one.g:1:1: warning: the project file has no entry for this view [view-unlisted]"},
+    {project_g, "\"one.g\"", "\"One.g\"", "3:37: error: the file is config/view/one.g [file-case]"},
+    {view_g, "\"v_id\": 1", "\"v_id\": 3",
+     "2:35: error: v_id is 3, but the project file gives this view the pageId 1 [view-id]"},
+    {project_g, "\"start_page\": 1", "\"start_page\": 2", "2:59: error: no view has the pageId 2 [start-page]"},
+    {project_g, "\"language\": \"en\"", "\"language\": \"fr\"",
+     "2:74: error: there is no config/languages/fr.g [language]"},
+    {project_g, "\"width\": 320,", "", "1:1: error: width is missing: width of the design [missing]"},
+    {project_g, "\"type\": 0", "\"type\": 1, \"sound\": \"beep.wav\"",
+     "4:41: error: there is no sound/beep.wav [file-missing]"},
+    {project_g, "{\n\"p_name\"", "[{\n\"p_name\"",
+     "1:1: error: expected an object [syntax]\n"
+     "5:2: error: expected \",\" or \"]\", found the end of the file [syntax]"},
+    {view_g, "\"on.png\"", "\"om.png\"", "10:83: error: there is no image/om.png; did you mean on.png? [file-missing]"},
+    {view_g, "\"on.png\"", "\"../on.png\"", "10:83: error: leads out of its folder [file-name]"},
+    {view_g, "\"f.bin\"", "\"f.bim\"", "10:36: error: there is no font/f.bim; did you mean f.bin? [file-missing]"},
+    {"image/on.png", "", "no picture", "1:1: error: not a PNG picture [file-damaged]"},
+    {"font/f.bin", "", "no", "1:1: error: not a font [file-damaged]"},
+    {view_g, "\"theme\": \"\",", "\"theme\": \"night\",", "14:23: warning: there is no theme night [theme]"},
+    {"config/theme/t/buton.g", "", "{\"styles\": []}",
+     "1:1: warning: no control type has a theme file of this name; did you mean button? [theme]"},
+    {english_g, ", \"b\": \"B\"", "",
+     "config/languages/de.g:1:12: warning: config/languages/en.g has no text b [text-missing]"},
+    {english_g, "\"b\": \"B\"", "\"b\": \"B\", \"c\": \"C\"",
+     "1:22: warning: config/languages/de.g has no text c [text-missing]\n"
+     "1:22: warning: no file uses the text c [text-unused]"},
+    {view_g, "\"#a\"", "\"#c\"",
+     "config/languages/de.g:1:2: warning: no file uses the text a [text-unused]\n"
+     "8:9: warning: config/languages/de.g has no text c [text-missing]\n"
+     "8:9: warning: config/languages/en.g has no text c [text-missing]"},
+    {link_g, "165", "90", "1:66: error: head_fh and head_fl are equal, so no link is opened [link]"},
+    {ignore, "", "text-unused x nothing\nstyle view\n# a comment\n",
+     "1:1: warning: there is no finding text-unused at x; remove the line [ignore]\n2:1: warning: expected RULE "
+     "FILE[:KEY] REASON [ignore]"},
+    {"config/view/two.g", "", "{\"view\": {\"v_id\": 2}, \"controls\": []}",
+     "1:1: warning: the project file has no entry for this view [view-unlisted]"},
+};
+
+TEST_CASE("findings that zof-check.ignore names with a reason are left out") {
+    lv_init();
+    for (const char *place : {"controls[1].property.txt", "controls[1]*", "*"}) {
+        temp_project_t project;
+        project_write(project, view_g, "\"#a\"", "\"#c\"");
+        project.write(ignore, std::string("text-missing config/view/one.g:") + place + " another file has it\r\n" +
+                                  "text-unused config/languages/*   the program uses it");
+        CHECK(findings_of(project) == "");
+    }
+}
+
+TEST_CASE("each mistake in a project is found at its place, and a correct project has none") {
+    lv_init();
+    std::string all;
+    for (const auto &row : mistakes) {
+        CAPTURE(std::string(row.to));
+        temp_project_t project;
+        project_write(project, row.file, row.from, row.to);
+        std::string found = findings_of(project);
+        for (size_t at; (at = found.find(std::string(row.file) + ":")) != found.npos && row.file[0];) {
+            found.erase(at, strlen(row.file) + 1);
+        }
+        CHECK(found == row.found);
+        all += row.found;
+    }
+    for (const zof_check_rule_t *rule = zof_check_rules; rule->name; rule++) {
+        CHECK_MESSAGE(contains(all, std::string("[") + rule->name + "]"), rule->name);
+    }
+}

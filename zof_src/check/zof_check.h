@@ -1,0 +1,51 @@
+// The checker of project folders: reads every file as text and reports all mistakes with their places. It creates no
+// control and writes nothing. LVGL must be initialised (lv_init), because its decoders open pictures and fonts; call it
+// on the graphics thread, or under dis_mutex.
+#ifndef ZOF_CHECK_H
+#define ZOF_CHECK_H
+
+#include <stddef.h>
+
+#include "zof_lib/zof_type.h"
+
+ZOF_C_BEGIN
+
+// A rule, as `zof check --rules` lists it.
+typedef struct {
+    const char *name; // in brackets behind a finding: "key-unknown"
+    zof_bool error;   // otherwise a warning: the project runs, but probably not as meant
+    const char *help; // one sentence
+} zof_check_rule_t;
+
+// All rules, ended by one without a name.
+extern const zof_check_rule_t zof_check_rules[];
+
+typedef struct {
+    const zof_check_rule_t *rule;
+    char *file;    // below the project folder: "config/view/main.g"
+    u32 line, col; // from 1, in bytes, of the key or the value
+    char *key;     // the way to the value, "controls[0].property.txt"; "" for the whole file
+    char *text;
+} zof_finding_t;
+
+typedef struct {
+    zof_finding_t *findings; // sorted by file and place
+    u32 count;
+    u32 errors; // of these
+} zof_check_t;
+
+// Checks the project in a folder, which has config/ in it. Returns 0; -1 if the folder has no project file that can be
+// read, or memory is short. Release the result with zof_check_free in any case.
+s32 zof_check_project(const char *folder, zof_check_t *out);
+void zof_check_free(zof_check_t *check);
+
+// Finds the project folder in what a person named: the folder itself, or its `res`. Returns 0 with the folder, which
+// ends in "/"; -1 if there is none, or it does not fit.
+s32 zof_check_find(const char *named, char *folder, size_t size);
+
+// Writes "FILE:LINE:COLUMN: error: TEXT [RULE]". Returns its length.
+s32 zof_check_line(const zof_finding_t *finding, zof_bool strict, char *out, size_t size);
+
+ZOF_C_END
+
+#endif

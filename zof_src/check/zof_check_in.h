@@ -1,0 +1,179 @@
+// What the files of the checker share. Not a public header.
+#ifndef ZOF_CHECK_IN_H
+#define ZOF_CHECK_IN_H
+
+#include "catalogue/zof_cat.h"
+#include "check/zof_check.h"
+#include "zof_lib/zof_jdoc.h"
+#include "zof_lib/zof_stdio.h"
+
+// In the order of the rows of zof_check_rules.
+enum check_rule_e {
+    CHECK_SYNTAX,
+    CHECK_COMMENT,
+    CHECK_COMMA,
+    CHECK_ENCODING,
+    CHECK_MARK,
+    CHECK_ESCAPE,
+    CHECK_KEY_TWICE,
+    CHECK_KEY_UNKNOWN,
+    CHECK_KEY_PLACE,
+    CHECK_KIND,
+    CHECK_RANGE,
+    CHECK_FRACTION,
+    CHECK_NAME,
+    CHECK_COLOUR,
+    CHECK_MISSING,
+    CHECK_INVISIBLE,
+    CHECK_DEAD,
+    CHECK_ID,
+    CHECK_IDENTIFIER,
+    CHECK_PARENT,
+    CHECK_OUTSIDE,
+    CHECK_ENDS,
+    CHECK_OPTIONS,
+    CHECK_STYLE,
+    CHECK_STYLE_TWICE,
+    CHECK_VIEW_ENTRY,
+    CHECK_VIEW_UNLISTED,
+    CHECK_VIEW_ID,
+    CHECK_START_PAGE,
+    CHECK_FILE_MISSING,
+    CHECK_FILE_CASE,
+    CHECK_FILE_NAME,
+    CHECK_FILE_DAMAGED,
+    CHECK_THEME,
+    CHECK_LANGUAGE,
+    CHECK_TEXT_MISSING,
+    CHECK_TEXT_UNUSED,
+    CHECK_LINK,
+    CHECK_IGNORE,
+    CHECK_RULE_COUNT
+};
+
+// A file of the project folder.
+struct check_file_t {
+    char *path; // below the folder
+    char *text; // of a file with JSON; null for others
+    zof_jdoc_t doc;
+    bool listed; // a view file with an entry in the project file
+};
+
+// A control of the view that is being checked.
+struct check_ctrl_t {
+    u32 entry, property, pub; // nodes
+    const zof_cat_type_t *type;
+    s64 id, parent;
+    s64 x, y, width, height;
+    bool scrolls;
+};
+
+// A language key, where it is defined or used.
+struct check_word_t {
+    char *key;
+    check_file_t *file;
+    u32 node;
+    bool used;
+};
+
+// A growing array of T.
+template <typename T> struct check_list_t {
+    T *at;
+    u32 count, room;
+};
+
+// Appends a zeroed element; null without memory, which the run then reports.
+template <typename T> T *check_add(check_list_t<T> &list) {
+    if (list.count == list.room) {
+        const u32 room = list.room ? 2 * list.room : 32;
+        T *made = (T *)zof_realloc(list.at, room * sizeof(T));
+        if (!made) {
+            return nullptr;
+        }
+        list.at = made;
+        list.room = room;
+    }
+    list.at[list.count] = {};
+    return &list.at[list.count++];
+}
+
+struct check_run_t {
+    const char *folder; // with "/"
+    zof_check_t *out;
+    check_list_t<zof_finding_t> findings;
+    check_list_t<check_file_t> files;
+    check_list_t<check_word_t> words, uses; // defined in language files; used by views
+    check_list_t<check_ctrl_t> ctrls;       // of the current view
+    u32 *ctrl_of_id;                        // of the current view: index + 1 in `ctrls`
+    check_file_t *project;
+    s64 width, height; // of the design; 0 if unknown
+    bool broken;       // a view is not read to its end, so it is not known which texts it uses
+    bool no_memory;
+};
+
+// Findings ---------------------------------------------------------------------------------------------------------
+
+// Reports at a byte of the file, which belongs to a node; ZOF_J_NONE for the whole file.
+void check_report_at(check_run_t *c, const check_file_t *file, u32 node, u32 at, check_rule_e rule, const char *fmt,
+                     ...) ZOF_PRINTF_LIKE(6, 7);
+// Report at the value or the key of a node; an element of an array has no key, so its value.
+void check_report(check_run_t *c, const check_file_t *file, u32 node, check_rule_e rule, const char *fmt, ...)
+    ZOF_PRINTF_LIKE(5, 6);
+void check_report_key(check_run_t *c, const check_file_t *file, u32 node, check_rule_e rule, const char *fmt, ...)
+    ZOF_PRINTF_LIKE(5, 6);
+
+// Files ------------------------------------------------------------------------------------------------------------
+
+bool check_folder_read(check_run_t *c);
+void check_folder_free(check_run_t *c);
+// Finds a file by its path below the folder; with `any_case` also one that differs in case.
+check_file_t *check_file_find(check_run_t *c, const char *path, bool any_case);
+// Checks that folder + name is there; reports at the node. Returns the file, also one that differs in case.
+check_file_t *check_file_named(check_run_t *c, const check_file_t *file, u32 node, const char *folder,
+                               const char *name);
+// Returns true for a file whose records can be checked: an object, read to its end.
+bool check_file_whole(const check_file_t *file);
+// Opens every picture and font with the runtime's decoders.
+void check_media(check_run_t *c);
+
+// Values -----------------------------------------------------------------------------------------------------------
+
+// The record at the root of the files with this path in zof_cat_files.
+const zof_cat_record_t *check_root(const char *path);
+// Checks a value against its row; ancestors are known to the caller.
+void check_value(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
+                 const zof_cat_key_t *key);
+// Checks an object and all below it. `outer`: a record whose keys may have been meant: the one around it, or null.
+void check_object(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
+                  const zof_cat_record_t *outer);
+// The number of a member as the runtime reads it, with names and colours; `absent` if it has none.
+s64 check_number(const check_file_t *file, u32 object, const char *key, const reflect_item_t *rows, s64 absent);
+// The number that a value stands for; false if it stands for none.
+bool check_number_of(const check_file_t *file, u32 node, const reflect_item_t *row, s64 *value);
+// The text of a member, cut off to fit; false if it has none.
+bool check_text(const check_file_t *file, u32 object, const char *key, char *out, size_t size);
+
+// Parts ------------------------------------------------------------------------------------------------------------
+
+void check_project_file(check_run_t *c);
+void check_link_file(check_run_t *c, const check_file_t *file);
+void check_view_file(check_run_t *c, check_file_t *file);
+void check_theme_file(check_run_t *c, const check_file_t *file);
+// `styles` of a control or a theme; `styles` may be no node.
+void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zof_cat_type_t *type);
+void check_geometry(check_run_t *c, const check_file_t *file);
+
+void check_language_file(check_run_t *c, check_file_t *file);
+void check_word_use(check_run_t *c, const check_file_t *file, u32 node, const char *text);
+void check_words(check_run_t *c);
+
+// Removes the findings that zof-check.ignore names, and reports its lines that name none.
+void check_ignore(check_run_t *c);
+
+// Writes the way to a node, "controls[0].property.txt".
+void check_path(const zof_jdoc_t *doc, u32 node, char *out, size_t size);
+
+bool check_same(const char *a, const char *b); // without regard to case
+bool check_begins(const char *text, const char *start);
+
+#endif

@@ -1,0 +1,103 @@
+// The keys of an object: those that are unknown, in the wrong place, given twice or missing.
+#include <cstring>
+
+#include "check/zof_check_in.h"
+#include "zof_lib/zof_util.h"
+
+enum { KEY_SIZE = 128, KEYS_MAX = 64 };
+
+// Returns the key of a record in which `name` would be known, without regard to how deep; null if there is none.
+static const zof_cat_key_t *key_around(const zof_cat_record_t *record, const char *name, u32 depth) {
+    for (u32 i = 0; record && i < record->count; i++) {
+        const zof_cat_key_t *key = &record->keys[i];
+        const bool deeper = depth > 0 && key->kind == ZOF_CAT_OBJECT && key->record;
+        if (deeper && (zof_cat_key(key->record, name) || key_around(key->record, name, depth - 1))) {
+            return key;
+        }
+    }
+    return nullptr;
+}
+
+static const char *key_near(const zof_cat_record_t *record, const char *name) {
+    const char *meant = nullptr;
+    u32 least = ZOF_TEXT_NEAR;
+    for (u32 i = 0; i < record->count; i++) {
+        meant = zof_text_nearer(name, record->keys[i].key, &least) ? record->keys[i].key : meant;
+    }
+    return meant;
+}
+
+static void unknown_report(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
+                           const zof_cat_record_t *outer, const char *name) {
+    const zof_cat_key_t *around = key_around(record, name, 1);
+    const char *meant = key_near(record, name);
+    if (around) {
+        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs into %s", name, around->key);
+    } else if (outer && zof_cat_key(outer, name)) {
+        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs into the object around this one", name);
+    } else if (outer && key_around(outer, name, 1)) {
+        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs into %s, beside this object", name,
+                         key_around(outer, name, 1)->key);
+    } else if (meant) {
+        check_report_key(c, file, node, CHECK_KEY_UNKNOWN, "unknown key %s; did you mean %s?", name, meant);
+    } else {
+        check_report_key(c, file, node, CHECK_KEY_UNKNOWN, "unknown key %s in %s", name, record->name);
+    }
+}
+
+const zof_cat_record_t *check_root(const char *path) {
+    u32 i = 0;
+    while (i + 1 < zof_cat_file_count && strcmp(zof_cat_files[i].path, path) != 0) {
+        i++;
+    }
+    return zof_cat_files[i].root;
+}
+
+// The first sentence of the catalogue's help, which is written for documents, and another one in bold.
+static const char *plain(const char *help, char *out, size_t size) {
+    size_t length = 0;
+    for (; *help && (std::strncmp(help, ". ", 2) != 0 || help[2] == '*') && length + 1 < size; help++) {
+        if (*help != '*' && *help != '`') {
+            out[length++] = *help;
+        }
+    }
+    out[length] = 0;
+    return out;
+}
+
+// Without it the object has no effect. Absent numbers are 0, which other rules judge where 0 has a meaning.
+static void missing_check(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
+                          u64 seen) {
+    for (u32 i = 0; i < record->count && i < KEYS_MAX; i++) {
+        const zof_cat_key_t *key = &record->keys[i];
+        if (!(key->flags & ZOF_CAT_NEEDED) || seen >> i & 1 || strcmp(key->key, "alpha") == 0 ||
+            strcmp(key->key, "type") == 0) {
+            continue;
+        }
+        char help[200];
+        check_report_key(c, file, node, CHECK_MISSING, "%s is missing: %s", key->key,
+                         plain(key->help, help, sizeof help));
+    }
+}
+
+void check_object(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
+                  const zof_cat_record_t *outer) {
+    u64 seen = 0;
+    for (u32 at = file->doc.nodes[node].child; at != ZOF_J_NONE; at = file->doc.nodes[at].next) {
+        char name[KEY_SIZE];
+        zof_jdoc_key(&file->doc, at, name, sizeof name);
+        const zof_cat_key_t *key = zof_cat_key(record, name);
+        if (!key) {
+            unknown_report(c, file, at, record, outer, name);
+            continue;
+        }
+        const u64 bit = (u64)1 << ((key - record->keys) % KEYS_MAX);
+        if (seen & bit) {
+            check_report_key(c, file, at, CHECK_KEY_TWICE, "%s is given twice; the first one is used", name);
+            continue;
+        }
+        seen |= bit;
+        check_value(c, file, at, record, key);
+    }
+    missing_check(c, file, node, record, seen);
+}
