@@ -140,7 +140,12 @@ void check_media(check_run_t *c);
 
 // The record at the root of the files with this path in zof_cat_files.
 const zof_cat_record_t *check_root(const char *path);
-// Checks a value against its row; ancestors are known to the caller.
+// Checks that a value is of the kind that its row wants; then a number or a text against the row.
+bool check_kind(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
+                const zof_cat_key_t *key);
+void check_scalar(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
+                  const zof_cat_key_t *key);
+// Checks a value of any kind, with all below it.
 void check_value(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                  const zof_cat_key_t *key);
 // Checks an object and all below it. `outer`: a record whose keys may have been meant: the one around it, or null.

@@ -80,6 +80,35 @@ static void missing_check(check_run_t *c, const check_file_t *file, u32 node, co
     }
 }
 
+static void element_check(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *outer,
+                          const zof_cat_key_t *key) {
+    const zof_cat_record_t *record = key->record;
+    if (record && record->count && record->keys[0].key[0] == '0') { // an array of bare values
+        check_value(c, file, node, record, &record->keys[0]);
+    } else if (file->doc.nodes[node].kind != ZOF_J_OBJECT) {
+        check_report(c, file, node, CHECK_KIND, "expected an object");
+    } else if (record) {
+        check_object(c, file, node, record, outer);
+    }
+}
+
+void check_value(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
+                 const zof_cat_key_t *key) {
+    if (!check_kind(c, file, node, record, key)) {
+        return;
+    }
+    const zof_jkind_e kind = file->doc.nodes[node].kind;
+    if (kind == ZOF_J_OBJECT && key->record) {
+        check_object(c, file, node, key->record, record);
+    } else if (kind == ZOF_J_ARRAY) {
+        for (u32 at = file->doc.nodes[node].child; at != ZOF_J_NONE; at = file->doc.nodes[at].next) {
+            element_check(c, file, at, record, key);
+        }
+    } else {
+        check_scalar(c, file, node, record, key);
+    }
+}
+
 void check_object(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                   const zof_cat_record_t *outer) {
     u64 seen = 0;

@@ -1,4 +1,4 @@
-// Values against the rows of the catalogue: kinds, ranges, names, colours, and files that are named.
+// Single values against the rows of the catalogue: kinds, ranges, names, colours, and files that are named.
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -44,7 +44,9 @@ static wanted_t wanted_of(const zof_cat_key_t *key, const reflect_item_t *row) {
                     : "a number"};
 }
 
-static bool kind_check(check_run_t *c, const check_file_t *file, u32 node, const wanted_t &wanted) {
+bool check_kind(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
+                const zof_cat_key_t *key) {
+    const wanted_t wanted = wanted_of(key, zof_cat_row(record, key));
     const zof_jkind_e kind = kind_of(file, node);
     const bool fits = wanted.kind == kind || (wanted.kind == ZOF_J_TRUE && kind == ZOF_J_FALSE) ||
                       (wanted.text_too && kind == ZOF_J_TEXT);
@@ -232,50 +234,14 @@ static void text_check(check_run_t *c, const check_file_t *file, u32 node, zof_c
     }
 }
 
-// The whole --------------------------------------------------------------------------------------------------------
-
-static void array_check(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *outer,
-                        const zof_cat_key_t *key) {
-    const zof_cat_key_t *bare =
-        key->record && key->record->count && key->record->keys[0].key[0] == '0' ? &key->record->keys[0] : nullptr;
-    for (u32 at = file->doc.nodes[node].child; at != ZOF_J_NONE; at = file->doc.nodes[at].next) {
-        if (bare) {
-            check_value(c, file, at, key->record, bare);
-        } else if (kind_of(file, at) != ZOF_J_OBJECT) {
-            check_report(c, file, at, CHECK_KIND, "expected an object, found %s", found_kinds[kind_of(file, at)]);
-        } else if (key->record) {
-            check_object(c, file, at, key->record, outer);
-        }
-    }
-}
-
-void check_value(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
-                 const zof_cat_key_t *key) {
+void check_scalar(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
+                  const zof_cat_key_t *key) {
     const reflect_item_t *row = zof_cat_row(record, key);
-    const wanted_t wanted = wanted_of(key, row);
-    if (!kind_check(c, file, node, wanted)) {
-        return;
-    }
-    switch (kind_of(file, node)) {
-    case ZOF_J_NUMBER:
+    if (kind_of(file, node) == ZOF_J_NUMBER) {
         number_check(c, file, node, key, row);
-        break;
-    case ZOF_J_TEXT:
-        if (wanted.text_too) {
-            name_check(c, file, node, row);
-        } else {
-            text_check(c, file, node, key->kind);
-        }
-        break;
-    case ZOF_J_OBJECT:
-        if (key->record) {
-            check_object(c, file, node, key->record, record);
-        }
-        break;
-    case ZOF_J_ARRAY:
-        array_check(c, file, node, record, key);
-        break;
-    default:
-        break;
+    } else if (kind_of(file, node) == ZOF_J_TEXT && wanted_of(key, row).text_too) {
+        name_check(c, file, node, row);
+    } else if (kind_of(file, node) == ZOF_J_TEXT) {
+        text_check(c, file, node, key->kind);
     }
 }
