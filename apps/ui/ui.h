@@ -53,6 +53,9 @@ bool keypad_type(char c);
 // Shows a page at once: while one slides in, LVGL takes no touch, and Off would not count.
 void ui_tab_to(u32 view);
 
+// The same, and the old page slides away to the left, or `back` to the right.
+void ui_slide_to(u32 view, bool back);
+
 // The strip on all pages but Output; its off button's function.
 void strip_paint(u32 view);
 void strip_off_event(zof_ctrl_t *, zof_event_e event);

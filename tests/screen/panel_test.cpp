@@ -262,6 +262,27 @@ TEST_CASE("panel: settings are shown as the box says, and sent as they change") 
     CHECK(sent().empty()); // nothing is known of the box
 }
 
+TEST_CASE("panel: while a page slides away the tab bar stands still, and Off counts") {
+    open_running();
+    screen_press(632, 340); // Rails
+    sdl_pointer_inject(632, 340, ZOF_FALSE);
+    for (u32 ms = 0; zof_view_get_cur_id(ZOF_LAYER_UI) != 2 && ms < 100; ms += 5) {
+        screen_step(5);
+    }
+    screen_step(40);
+    CHECK(screen_is_golden("output_slides"));
+    screen_press(704, 26);
+    CHECK(sent() == reports{{REG_OUT_REQ, 0}});
+    screen_release(704, 26);
+    live(300);
+    CHECK(lv_obj_get_child_cnt(lv_layer_top()) == 0);
+    screen_click(80, 456);
+    live(400);
+    screen_click(632, 340);
+    live(400);
+    CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == 2);
+}
+
 TEST_CASE("panel: a touch that wakes a dim display does nothing else, but Off works") {
     open_running();
     const auto level = [](u16 percent) { return percent * 99 / 100 * 255 / 100; };

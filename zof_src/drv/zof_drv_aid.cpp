@@ -10,6 +10,10 @@ s32 zof_drv_aid_pointer(s32 x, s32 y, zof_bool pressed) {
     return 0;
 }
 
+const u32 *zof_drv_aid_frame(s32 *width, s32 *height) {
+    return width && height && drv_aid_t && drv_aid_t->frame ? drv_aid_t->frame(width, height) : nullptr;
+}
+
 s32 zof_drv_aid_shot(const char *path) {
     return path && drv_aid_t && drv_aid_t->shot ? drv_aid_t->shot(path) : -1;
 }

@@ -3,6 +3,7 @@
 #include "port/zof_port.h"
 
 void win_aid_init(void) {
-    static constexpr zof_drv_aid_ops_t ops = {.pointer = sdl_pointer_inject, .shot = zof_shot_png};
+    static constexpr zof_drv_aid_ops_t ops = {
+        .pointer = sdl_pointer_inject, .shot = zof_shot_png, .frame = sdl_frame_get};
     drv_aid_t = &ops;
 }

@@ -219,7 +219,7 @@ void toggle_key(zof_event_e event) {
 // Other controls --------------------------------------------------------------------------------------------------
 static void to_rails_event(zof_ctrl_t *, zof_event_e event) {
     if (ui_takes(event) && event == ZOF_EVENT_CLICKED) {
-        ui_tab_to(port_works() ? ZOF_VIEW2_ID : ZOF_VIEW4_ID);
+        ui_slide_to(port_works() ? ZOF_VIEW2_ID : ZOF_VIEW4_ID, false);
     }
 }
 

@@ -83,7 +83,7 @@ static void confirmed_leave() {
     sent = sent && bench.applying;
     if (done && bench_applied(painted.choice) && !keypad_is_open()) {
         view1_paint();
-        ui_tab_to(ZOF_VIEW1_ID);
+        ui_slide_to(ZOF_VIEW1_ID, true);
     }
 }
 

@@ -17,7 +17,7 @@ void view2_paint(void) {
 void view2_open_rail(u8 rail) {
     keypad_close();
     tray_select(bench_rail_usable(rail) ? bench_rail_open(rail) : bench_choice_t{.rail = RAIL_NONE});
-    ui_tab_to(ZOF_VIEW2_ID);
+    ui_slide_to(ZOF_VIEW2_ID, false);
 }
 
 template <axis_e AXIS> static void value_do() {
