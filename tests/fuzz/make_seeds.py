@@ -168,7 +168,9 @@ def project_files():
         files[name + "_theme"] = (3, record)
     keys = {row[1] for rows in tables.values() for row in rows} | {
         "view", "controls", "type", "theme", "property", "styles", "views", "pageId", "pageName"}
-    values = '-1 255 65535 2147483647 -2147483648 4294967295 1e9 true null [] {} "#hello" "t.ttf" "red.png" "youth"'.split()
+    names = re.findall(r'\{"([a-z0-9_ ]+)", \w+\}', text)
+    values = [f'"{name}"' for name in sorted(set(names))] + ['"#FA0"', '"#12aB9f"', '"pressed+checked"']
+    values += '-1 255 65535 2147483647 -2147483648 4294967295 1e9 true null [] {} "#hello" "t.ttf" "red.png" "youth"'.split()
     seeds("project_files", {name: bytes([kind]) + json.dumps(record).encode() for name, (kind, record) in files.items()},
           [word.encode() for word in [f'"{key}":' for key in keys] + values])
 

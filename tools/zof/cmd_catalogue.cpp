@@ -57,7 +57,7 @@ static void key_print(const zof_cat_record_t *record, const zof_cat_key_t *key) 
     std::cout << std::string(KEY_COLUMN, ' ') << padded(key->key, KIND_COLUMN - KEY_COLUMN)
               << padded(cat_kind(key), TEXT_COLUMN - KIND_COLUMN);
     wrapped(plain(cat_meaning(key)), TEXT_COLUMN);
-    const std::string values = cat_values(record, key, "");
+    const std::string values = cat_values(record, key, "", true);
     if (!values.empty()) {
         line(values);
     }

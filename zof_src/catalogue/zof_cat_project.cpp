@@ -125,8 +125,7 @@ static const zof_cat_key_t uart_keys[] = {
      .help = "port on a desktop; with both ports 0 no link is opened"},
     {.key = "port", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_HOST, .help = "port on a device"},
     {.key = "speed_e", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_HOST, .high = ZOF_CAT_ANY, .start = "\"115200 baud\"",
-     .help = "0 to 14: 2400, 4800, 9600, 19200, 38400, 57600, 115200, 230400, 460800, 500000, 576000, 921600, "
-         "1000000, 1152000, 1500000 baud; larger numbers are the rate itself"},
+     .help = "speed; numbers above 14 are the rate itself"},
     {.key = "bit_e", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_HOST, .start = "\"8 bits\"", .help = "data bits"},
     {.key = "parity_e", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_HOST, .help = "parity"},
     {.key = "stop_e", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_HOST, .help = "stop bits"},

@@ -23,8 +23,8 @@ static std::string setters(const zof_cat_key_t *key) {
 }
 
 static std::string key_row(const zof_cat_record_t *record, const zof_cat_key_t *key, bool live) {
-    return std::string("| `") + key->key + "` | " + cat_kind(key) + " | " + cat_values(record, key, "`") + " | " +
-           cell(cat_meaning(key)) + (live ? " | " + setters(key) : "") + " |\n";
+    return std::string("| `") + key->key + "` | " + cat_kind(key) + " | " + cat_values(record, key, "`", false) +
+           " | " + cell(cat_meaning(key)) + (live ? " | " + setters(key) : "") + " |\n";
 }
 
 static std::string table(const zof_cat_record_t *record) {

@@ -115,7 +115,7 @@ static cJSON *property_json(const zof_cat_record_t *record, const zof_cat_key_t 
         cJSON_AddItemToArray(cJSON_AddArrayToObject(all, "allOf"), json);
         json = all;
     }
-    const std::string values = cat_values(record, key, "");
+    const std::string values = cat_values(record, key, "", false);
     const std::string help = cat_kind(key) + (values.empty() ? ". " : ", " + values + ". ") + cat_meaning(key);
     json_text(json, "description", help.c_str());
     json_parsed(json, "default", key->start);

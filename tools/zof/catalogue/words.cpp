@@ -4,7 +4,7 @@
 
 #include "project/base/zof_prj_names.h"
 
-enum { NAMES_LISTED = 13, STATES_ALL = 0xFFFF }; // a table holds no longer list of names
+enum { NAMES_LISTED = 15, STATES_ALL = 0xFFFF }; // a table holds no longer list of names
 
 std::vector<cat_name_t> cat_names(const zof_cat_record_t *record, const zof_cat_key_t *key) {
     std::vector<cat_name_t> names;
@@ -39,9 +39,9 @@ static std::string range_words(const zof_cat_key_t *key) {
     return key->high == ZOF_CAT_ANY ? "from " + low : low + " to " + std::to_string(key->high);
 }
 
-std::string cat_values(const zof_cat_record_t *record, const zof_cat_key_t *key, const char *ticks) {
+std::string cat_values(const zof_cat_record_t *record, const zof_cat_key_t *key, const char *ticks, bool all) {
     const std::vector<cat_name_t> names = cat_names(record, key);
-    if (names.empty() || names.size() > NAMES_LISTED) {
+    if (names.empty() || (!all && names.size() > NAMES_LISTED)) {
         return range_words(key);
     }
     std::string words;

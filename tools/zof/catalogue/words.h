@@ -19,8 +19,9 @@ std::vector<cat_name_t> cat_names(const zof_cat_record_t *record, const zof_cat_
 // "length, px", "array of words".
 std::string cat_kind(const zof_cat_key_t *key);
 
-// "0 to 255", "`left` 1, `right` 2", or nothing. Long lists of names are left out; `ticks` encloses names.
-std::string cat_values(const zof_cat_record_t *record, const zof_cat_key_t *key, const char *ticks);
+// "0 to 255", "`left` 1, `right` 2", or nothing. Unless `all`, lists of names that are too long
+// for a table are left out; `ticks` encloses names.
+std::string cat_values(const zof_cat_record_t *record, const zof_cat_key_t *key, const char *ticks, bool all);
 
 // The sentence with what else is to say: when it counts, what is assumed without it.
 std::string cat_meaning(const zof_cat_key_t *key);
