@@ -77,7 +77,7 @@ static const zof_cat_key_t animimg_keys[] = {
      .call = "zof_animimg_set_repeat_infinite"},
     {.key = "repeat_count", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_MOTION, .high = UINT16_MAX, .start = "1",
      .help = "number of passes, after which the last picture stays. With 0 nothing plays, even with `repeat_open`",
-     .call = "zof_animimg_set_repeat_count"},
+     .call = "zof_animimg_set_repeat_count", .flags = ZOF_CAT_NEEDED},
 };
 ZOF_CAT_RECORD(zof_cat_animimg, "image sequence", nullptr, zof_animimg_attr_t_tbl, animimg_keys);
 // clang-format on

@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "project/base/zof_prj_up.h"
+#include "control/zof_ctrl_create.h"
 #include "words.h"
 
 // A cell must not end its own column.
@@ -80,10 +80,29 @@ static std::string files_block(void) {
     return text;
 }
 
-// The names of a block that are not those of a record.
+// A section has the name of the type's theme file.
+static std::string types_block(void) {
+    std::string text = "| Type | Name | Section, and its theme file | What it is |\n|---|---|---|---|\n";
+    for (const zof_cat_type_t &type : zof_cat_types) {
+        const std::string section = zof_ctrl_classes[type.type]->name;
+        text += "| " + std::to_string(type.type) + " | `" + type.name + "` | [" + section + "](#" + section + ") | " +
+                type.help + " |\n";
+    }
+    return text;
+}
+
 static std::string block_of(const std::string &name) {
+    static constexpr struct {
+        const char *name;
+        std::string (*write)(void);
+    } blocks[] = {{"kinds", kinds_block}, {"files", files_block}, {"types", types_block}};
+    for (const auto &block : blocks) {
+        if (name == block.name) {
+            return block.write();
+        }
+    }
     const zof_cat_record_t *record = cat_record(name);
-    return name == "kinds" ? kinds_block() : name == "files" ? files_block() : record ? record_block(record) : "";
+    return record ? record_block(record) : "";
 }
 
 static std::string missing(const std::set<std::string> &found) {

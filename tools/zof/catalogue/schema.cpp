@@ -38,6 +38,8 @@ static cJSON *number_json(const zof_cat_key_t *key, const reflect_item_t *row) {
         cJSON_AddNumberToObject(json, "maximum", (double)key->high);
     } else if (!limited && values) {
         cJSON_AddNumberToObject(json, "maximum", (double)values - 1);
+    } else if (key->kind == ZOF_CAT_COLOR) {
+        cJSON_AddNumberToObject(json, "maximum", 0xFFFFFF);
     }
     return json;
 }
