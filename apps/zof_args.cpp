@@ -30,6 +30,7 @@ static const char environment[] =
     "  ZOF_LINK_TRACE=FILE|-    write every frame on the box's port, in words, to a file or the standard output\n"
     "  ZOF_SCRIPT=FILE          play a session\n"
     "  ZOF_SHOTS=FOLDER         where its pictures go\n"
+    "  ZOF_STRICT=1             do not start with a project that has errors\n"
     "  ZOF_STATE=FOLDER         where the size of the window is kept; empty: nowhere\n\n"
     "Exit status: 0 the window was closed, or what was asked for is printed; 1 no project to show;\n"
     "2 wrong arguments, or a fault in a session; 3 no memory; 4 the file of --log cannot be written.\n";

@@ -2,12 +2,14 @@
 // inside lv_timer_handler or under the same lock; between two turns the loop sleeps, and other threads get the lock.
 #include "zof_start.h"
 
+#include "check/zof_check.h"
 #include "drv/zof_lock.h"
 #include "drv/zof_loop_in.h"
 #include "func/zof_func.h"
 #include "func/zof_script.h"
 #include "hmi/zof_hmi.h"
 #include "lvgl.h"
+#include "project/path/zof_res.h"
 #include "project/zof_prj.h"
 #include "project/zof_ver.h"
 
@@ -19,7 +21,7 @@ int zof_run(int argc, char **argv) {
     zof_ver_printf();
     lv_init();
     zof_drv_init();
-    if (!zof_prj_get_cur()) {
+    if (!zof_prj_get_cur() || !zof_check_start(zof_res_get_prj_path())) {
         return 1;
     }
     zof_func_pwon();

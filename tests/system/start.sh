@@ -24,6 +24,18 @@ project '{"views": [}'
 ends 1 "$build/panel/zof_bench"
 says "zofprj.g:1:12: parse error"
 [ "$(grep -c "parse error" "$work/out.log")" -eq 1 ] || fail "a fault of the project file is printed twice:"
+# What a check finds, and a program that does not start with it.
+project '{"width": 9, "height": 9, "start_page": 1, "views": [{"pageId": 1, "pageName": "none.g"}]}'
+for folder in "$work" "$work/res/"; do
+    ends 1 "$build/tools/zof" check "$folder"
+    says "$work/res/config/project/zofprj.g:1:80: error: there is no config/view/none.g [file-missing]"
+done
+ends 1 "$build/tools/zof" check "$work" --format json
+says '"line": 1, "column": 80, "severity": "error", "rule": "file-missing", "key": "views[0].pageName"'
+ends 2 "$build/tools/zof" check
+ends 3 "$build/tools/zof" check "$work/none"
+ends 1 env ZOF_STRICT=1 "$build/panel/zof_bench"
+says "there is no config/view/none.g [file-missing]"
 # The runtime answers for an application without options of its own.
 gallery=$build/examples/gallery/gallery/gallery
 for word in -h --help; do

@@ -43,6 +43,10 @@ void zof_check_free(zof_check_t *check);
 // ends in "/"; -1 if there is none, or it does not fit.
 s32 zof_check_find(const char *named, char *folder, size_t size);
 
+// With ZOF_STRICT=1 in the environment: logs the findings of the project, and returns false if there is an error, so
+// that the program does not start. Otherwise returns true at once.
+zof_bool zof_check_start(const char *folder);
+
 // Writes "FILE:LINE:COLUMN: error: TEXT [RULE]". Returns its length.
 s32 zof_check_line(const zof_finding_t *finding, zof_bool strict, char *out, size_t size);
 

@@ -36,6 +36,7 @@ static bool question_answer(const char *program, const char *word) {
                    "  ZOF_COM<P>=PATH      the line behind serial port P\n"
                    "  ZOF_SCRIPT=FILE      plays a session\n"
                    "  ZOF_SHOTS=FOLDER     where its pictures go\n"
+                   "  ZOF_STRICT=1         do not start with a project that has errors\n"
                    "  ZOF_STATE=FOLDER     where the size of the window is kept; empty: nowhere\n\n"
                    "Key F11: full screen, and back",
                    program);

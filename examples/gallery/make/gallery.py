@@ -357,7 +357,7 @@ def moving():
     p.add("button", 146, 46, 84, 48, name="gif_play", parent=c, txt=t("Play", "Start", "播放"))
     c = p.card(536, 64, 248, 194, t("QR code", "QR-Code", "二维码"), "txt   color   bg_color   width")
     p.add("qrcode", 64, 12, 120, 120, name="qr", parent=c, txt="20.00 V 3.00 A", color=0x101820, bg_color=0xFFFFFF, width=4, border_color=0xFFFFFF)
-    c = p.card(16, 270, 378, 194, t("Image sequence", "Bildfolge", "图片序列"), "img_dsc_t   end_id   frame_rate 60   repeat_open   repeat_count")
+    c = p.card(16, 270, 378, 194, t("Image sequence", "Bildfolge", "图片序列"), "img_dsc_t   frame_rate 60   repeat_open   repeat_count")
     p.add("animimg", 141, 24, 96, 96, name="sequence", parent=c, img_dsc_t="wave", start_id=0, end_id=11, frame_rate=60, repeat_open=1, repeat_count=1)
     c = p.card(406, 270, 378, 194, t("Three times", "Dreimal", "播放三次"), "repeat_count 3   repeat_open 0")
     p.add("animimg", 60, 24, 96, 96, name="thrice", parent=c, img_dsc_t="wave", start_id=0, end_id=11, frame_rate=60, repeat_count=3)
