@@ -22,9 +22,33 @@ static std::string setters(const zof_cat_key_t *key) {
     return words;
 }
 
+static std::string table_row(const std::vector<std::string> &cells) {
+    std::string text = "|";
+    for (const std::string &words : cells) {
+        text.append(" ").append(words).append(" |");
+    }
+    return text.append("\n");
+}
+
+static std::string table_head(const std::vector<std::string> &titles) {
+    std::string text = table_row(titles).append("|");
+    for (size_t i = 0; i < titles.size(); i++) {
+        text.append("---|");
+    }
+    return text.append("\n");
+}
+
+static std::string code(const std::string &words) {
+    return "`" + words + "`";
+}
+
 static std::string key_row(const zof_cat_record_t *record, const zof_cat_key_t *key, bool live) {
-    return std::string("| `") + key->key + "` | " + cat_kind(key) + " | " + cat_values(record, key, "`", false) +
-           " | " + cell(cat_meaning(key)) + (live ? " | " + setters(key) : "") + " |\n";
+    std::vector<std::string> cells = {code(key->key), cat_kind(key), cat_values(record, key, "`", false),
+                                      cell(cat_meaning(key))};
+    if (live) {
+        cells.push_back(setters(key));
+    }
+    return table_row(cells);
 }
 
 static std::string table(const zof_cat_record_t *record) {
@@ -36,9 +60,11 @@ static std::string table(const zof_cat_record_t *record) {
     for (u32 i = 0; i < record->count; i++) {
         rows += cat_is_listed(record, &record->keys[i]) ? key_row(record, &record->keys[i], live) : "";
     }
-    const std::string head = live ? "| Key | Kind | Values | Meaning | Changed by |\n|---|---|---|---|---|\n"
-                                  : "| Key | Kind | Values | Meaning |\n|---|---|---|---|\n";
-    return rows.empty() ? "" : head + rows;
+    std::vector<std::string> titles = {"Key", "Kind", "Values", "Meaning"};
+    if (live) {
+        titles.push_back("Changed by");
+    }
+    return rows.empty() ? "" : table_head(titles) + rows;
 }
 
 static std::string line_of(const char *title, const std::vector<std::string> &words) {
@@ -65,28 +91,31 @@ static std::string record_block(const zof_cat_record_t *record) {
 }
 
 static std::string kinds_block(void) {
-    std::string text = "| Kind | In a file | Values |\n|---|---|---|\n";
+    std::string text = table_head({"Kind", "In a file", "Values"});
     for (const zof_cat_kind_t &kind : zof_cat_kinds) {
-        text += std::string("| ") + kind.name + " | " + kind.json + " | " + kind.help + " |\n";
+        text += table_row({kind.name, kind.json, kind.help});
     }
     return text;
 }
 
 static std::string files_block(void) {
-    std::string text = "| File, in the project folder | What it holds |\n|---|---|\n";
+    std::string text = table_head({"File, in the project folder", "What it holds"});
     for (u32 i = 0; i < zof_cat_file_count; i++) {
-        text += std::string("| `") + zof_cat_files[i].path + "` | " + zof_cat_files[i].help + " |\n";
+        text += table_row({code(zof_cat_files[i].path), zof_cat_files[i].help});
     }
     return text;
 }
 
+static std::string link_to(const std::string &section) {
+    return "[" + section + "](#" + section + ")";
+}
+
 // A section has the name of the type's theme file.
 static std::string types_block(void) {
-    std::string text = "| Type | Name | Section, and its theme file | What it is |\n|---|---|---|---|\n";
+    std::string text = table_head({"Type", "Name", "Section, and its theme file", "What it is"});
     for (const zof_cat_type_t &type : zof_cat_types) {
-        const std::string section = zof_ctrl_classes[type.type]->name;
-        text += "| " + std::to_string(type.type) + " | `" + type.name + "` | [" + section + "](#" + section + ") | " +
-                type.help + " |\n";
+        text += table_row(
+            {std::to_string(type.type), code(type.name), link_to(zof_ctrl_classes[type.type]->name), type.help});
     }
     return text;
 }
