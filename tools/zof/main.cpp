@@ -11,6 +11,7 @@ static const zof_command_t *const commands[] = {
     &zof_check_command,
     &zof_ids_command,
     &zof_monitor_command,
+    &zof_view_command,
 };
 
 static void options_add(CLI::App &app) {

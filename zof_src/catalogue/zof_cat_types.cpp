@@ -221,7 +221,7 @@ const zof_cat_type_t zof_cat_types[] = {
      .record = &zof_cat_rollist, .events = value_events, .parts = MAIN | SELECTION, .sections = 1,
      .states = PASSIVE, .calls = rollist_calls, .rows = "roller", .touch = ZOF_TRUE, .width = 120, .height = 120},
     {.type = ZOF_CTRL_CHART, .name = "chart", .help = "a diagram of series of values, which the program sets",
-     .record = &zof_cat_chart, .events = value_events, .parts = MAIN | INDICATOR | ITEMS | TICKS | CURSOR,
+     .record = &zof_cat_chart, .events = touch_events, .parts = MAIN | INDICATOR | ITEMS | TICKS | CURSOR,
      .sections = 1, .states = PASSIVE, .calls = chart_calls, .width = 300, .height = 180},
     {.type = ZOF_CTRL_TABLE, .name = "table", .help = "rows and columns of texts, which the program sets",
      .record = &zof_cat_table, .events = value_events, .parts = MAIN | SCROLLBAR | ITEMS, .sections = 1,

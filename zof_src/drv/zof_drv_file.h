@@ -40,6 +40,10 @@ FILE *zof_file_open(const char *path);
 // Creates a file for writing, for zof_file_finish; null also when the name exists already.
 FILE *zof_file_create(const char *path);
 
+// From now on nothing on any medium is changed: every function here and in zof_drv.h that creates, writes, renames or
+// removes fails, and zof_file_write_open with `keep` opens for reading alone. For programs that only look at a project.
+void zof_file_read_only(void);
+
 // Makes a temporary name in the folder of `path`: `prefix`, which must begin with a dot, '~', and numbers that no other
 // name of this process has, and no other running process. One separator at the end of `path` is ignored. Returns 0, or
 // -1 when it does not fit.

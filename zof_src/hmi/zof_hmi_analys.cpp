@@ -20,6 +20,12 @@ static pipo_buff *ui_queue;
 static zof_sem_t ui_queue_switched; // released when the graphics thread has emptied the queue
 static zof_loop_source ui_source;
 
+static zof_hmi_written_fn written; // set before any frames
+
+void zof_hmi_cmd_on_write(zof_hmi_written_fn fn) {
+    written = fn;
+}
+
 static void analys_release(zof_hmi_cmd_analys_t *a) {
     void **records[] = {&a->type_param, &a->req_param, &a->value_param, &a->reply_param};
     for (void **record : records) {
@@ -244,6 +250,9 @@ static s32 frame_run(zof_hmi_cmd_analys_t *a, const u8 *data) {
     }
     if (result == ZOF_HMI_AGAIN) {
         handler_run(a, param, frame.op);
+    }
+    if (set && written && a == ui_cmd_analys) {
+        written(type, param, a->type_param, a->req_param, a->value_param);
     }
     return (s32)frame.total;
 }

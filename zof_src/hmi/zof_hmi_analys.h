@@ -46,6 +46,12 @@ u32 zof_hmi_cmd_check_cmd(const zof_hmi_cmd_analys_t *analys, const u8 *data);
 // ZOF_HMI_AGAIN: the handler runs once more after the answer. A row without the requested handler is silent.
 s32 zof_hmi_cmd_rev_analys(zof_hmi_cmd_analys_t *analys, const u8 *data, u32 size);
 
+// Installs a function that sees every write of a host to views and controls after it was executed, whatever its result;
+// null removes it. The records are valid during the call. Graphics thread.
+typedef void (*zof_hmi_written_fn)(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_t *param,
+                                   const void *type_param, const void *req_param, const void *value_param);
+void zof_hmi_cmd_on_write(zof_hmi_written_fn fn);
+
 // Sends a frame that no host asked for, with the parameter's current value. Keys have real lengths; a null record adds
 // no bytes. Does nothing for a key without a row.
 void zof_hmi_cmd_read_send(zof_hmi_cmd_analys_t *analys, const u8 *type_key, void *type_param, const u8 *param_key,

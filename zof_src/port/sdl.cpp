@@ -29,6 +29,8 @@ static struct {
     SDL_threadID thread; // the graphics thread: the only one that may touch the window
 } monitor;
 
+static bool windowless; // set before sdl_init
+
 static std::atomic<u8> sdl_quit_qry;
 static std::atomic<u8> bright_wanted{BRIGHT_FULL}; // set by any thread
 static u8 bright_shown = BRIGHT_FULL;              // applied by the graphics thread
@@ -62,17 +64,30 @@ static void frame_store_make() {
     }
 }
 
+void sdl_window_none(void) {
+    windowless = true;
+}
+
+// Without a window SDL still carries the events that are injected.
+static bool video_start() {
+    if (windowless) {
+        SDL_Init(SDL_INIT_EVENTS);
+        return false;
+    }
+    return win_screen_video();
+}
+
 void sdl_init(void) {
     monitor.thread = SDL_ThreadID();
     frame_store_make();
-    const bool video = win_screen_video();
+    const bool video = video_start();
     if (video) {
         SDL_SetEventFilter(quit_filter, nullptr);
     }
-    if (!win_screen_open(video ? monitor.tft_fb : nullptr, SDL_HOR_RES, SDL_VER_RES)) {
-        zof_printf("window: %s; continuing without one", SDL_GetError());
-    } else {
+    if (win_screen_open(video ? monitor.tft_fb : nullptr, SDL_HOR_RES, SDL_VER_RES)) {
         SDL_StartTextInput();
+    } else if (!windowless) {
+        zof_printf("window: %s; continuing without one", SDL_GetError());
     }
     static zof_loop_source events;
     zof_loop_source_add(&events, lv_timer_create(sdl_event_handler, EVENT_PERIOD_MS, nullptr));

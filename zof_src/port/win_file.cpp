@@ -14,13 +14,22 @@
 #include "zof_lib/zof_util.h"
 
 static std::atomic<zof_file_fault_t> g_fault{nullptr};
+static std::atomic<bool> g_read_only;
+
+void zof_file_read_only(void) {
+    g_read_only = true;
+}
 
 void zof_file_fault_set(zof_file_fault_t fault) {
     g_fault = fault;
 }
 
-// Returns true when the test wants this change to fail, as on a full disk.
+// Returns true when this change must fail: nothing may be written, or a test wants it, as on a full disk.
 static bool fails(const char *what, const char *path) {
+    if (g_read_only) {
+        errno = EROFS;
+        return true;
+    }
     const zof_file_fault_t fault = g_fault;
     if (!fault || !fault(what, path)) {
         return false;
@@ -38,6 +47,10 @@ FILE *zof_file_read_open(const char *path) {
 }
 
 FILE *zof_file_write_open(const char *path, zof_bool keep) {
+    if (g_read_only) {
+        errno = EROFS;
+        return keep ? zof_file_read_open(path) : nullptr;
+    }
     return path ? zof_host_file_write_open(path, keep) : nullptr;
 }
 

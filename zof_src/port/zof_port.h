@@ -29,6 +29,9 @@ extern s32 SDL_HOR_RES, SDL_VER_RES;
 // nothing here fails because there is no window.
 void sdl_init(void);
 
+// Before sdl_init: there is no window; the picture and injected events work without one, and pixels are exact.
+void sdl_window_none(void);
+
 // LVGL's flush and read callbacks. Wheel and keyboard are not registered on the desktop; they are for ports that want
 // these devices.
 void sdl_display_flush(lv_disp_drv_t *drv, const lv_area_t *area, lv_color_t *pixels);
@@ -69,7 +72,9 @@ void sdl_pointer_inject(s32 x, s32 y, zof_bool pressed);
 
 // Writes the picture to a PNG file, undimmed. Returns 0, or -1 with a log line that says why.
 s32 zof_shot_png(const char *path);
-// The same for any pixels of this form; for tests that keep pictures of a failure.
+// Returns any pixels of this form as the bytes of a PNG file, to be released with zof_lv_free; null without memory.
+u8 *zof_shot_png_make(const u32 *pixels, s32 width, s32 height, size_t *size);
+// Writes any pixels of this form; for tests that keep pictures of a failure.
 s32 zof_shot_png_write(const char *path, const u32 *pixels, s32 width, s32 height);
 
 ZOF_C_END

@@ -19,26 +19,33 @@ static s32 file_write(const char *path, const u8 *data, size_t size) {
     return -1;
 }
 
-s32 zof_shot_png_write(const char *path, const u32 *pixels, s32 width, s32 height) {
-    if (!path || !pixels || width <= 0 || height <= 0) {
-        return -1;
+u8 *zof_shot_png_make(const u32 *pixels, s32 width, s32 height, size_t *size) {
+    *size = 0;
+    if (!pixels || width <= 0 || height <= 0) {
+        return nullptr;
     }
     const size_t count = (size_t)width * (size_t)height;
     u8 *rgb = (u8 *)zof_malloc(count * 3);
     u8 *png = nullptr;
-    size_t size = 0;
     for (size_t i = 0; rgb && i < count; i++) {
         rgb[i * 3] = (u8)(pixels[i] >> 16);
         rgb[i * 3 + 1] = (u8)(pixels[i] >> 8);
         rgb[i * 3 + 2] = (u8)pixels[i];
     }
-    const bool encoded = rgb && lodepng_encode24(&png, &size, rgb, (unsigned)width, (unsigned)height) == 0;
-    if (!encoded) {
-        zof_printf("screenshot: %s: no memory for %d x %d pixels", path, width, height);
+    if (!rgb || lodepng_encode24(&png, size, rgb, (unsigned)width, (unsigned)height) != 0) {
+        zof_printf("screenshot: no memory for %d x %d pixels", width, height);
+        zof_lv_free(png);
+        png = nullptr;
     }
-    const s32 result = encoded ? file_write(path, png, size) : -1;
-    zof_lv_free(png);
     zof_free(rgb);
+    return png;
+}
+
+s32 zof_shot_png_write(const char *path, const u32 *pixels, s32 width, s32 height) {
+    size_t size = 0;
+    u8 *png = path ? zof_shot_png_make(pixels, width, height, &size) : nullptr;
+    const s32 result = png ? file_write(path, png, size) : -1;
+    zof_lv_free(png);
     return result;
 }
 

@@ -21,6 +21,10 @@ s32 zof_prj_hw_init(void);
 // drawn.
 void zof_prj_show_power_on_logo(void);
 
+// Names the project folder, which is then used as it is, in place of a search, and need not be writable. Null or an
+// empty text: search. Before zof_drv_init. Returns 0, or -1 for a path that is too long.
+s32 zof_prj_folder_set(const char *folder);
+
 // Searches for the project folder relative to the working directory and creates the project object from it. Prints the
 // folder, or "No work path found".
 void zof_drv_set_prj_path(void);

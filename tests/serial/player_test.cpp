@@ -1,0 +1,238 @@
+// The player as its parents see it: a process that is driven by lines and draws into shared memory.
+#include <sys/stat.h>
+
+#include <map>
+
+#include "host_frame.h"
+#include "serial_pty.h"
+#include "temp_project.h"
+#include "view_player.h"
+
+static std::string printed_json(const cJSON *value) {
+    char *text = cJSON_PrintUnformatted(value);
+    const std::string out = str(text);
+    cJSON_free(text);
+    return out;
+}
+
+// A running player, and what it has sent.
+struct player {
+    view_player_t process;
+    std::string events;
+
+    explicit player(bool live = false) {
+        setenv("ZOF_PLAYER", ZOF_BUILD_DIR "/tools/zof_player", 1);
+        REQUIRE(view_player_start(&process, live, false) == "");
+    }
+    ~player() {
+        view_player_stop(&process);
+    }
+
+    // Sends a command and returns its reply as text; what is not JSON is sent as it is.
+    std::string say(const std::string &line) {
+        cJSON *command = cJSON_Parse(line.c_str());
+        cJSON *reply = view_player_call(&process, command ? command : cJSON_CreateObject(),
+                                        [this](const cJSON *event) { events += printed_json(event) + "\n"; });
+        const std::string out = reply ? printed_json(reply) : "no reply: " + process.ended;
+        cJSON_Delete(reply);
+        return out;
+    }
+
+    void load(const temp_project_t &project, const std::string &more = "") {
+        REQUIRE(contains(say(R"({"do": "load", "dir": ")" + project.folder + "\"" + more + "}"), "\"ok\":true"));
+    }
+
+    std::vector<u32> picture() {
+        std::vector<u32> pixels;
+        s32 w = 0;
+        s32 h = 0;
+        CHECK(view_player_picture(&process, &pixels, &w, &h));
+        return pixels;
+    }
+};
+
+static const char head[] = R"({"view": {"v_name": "v", "v_id": %, "bg_scale": 255, "bg_color": %000}, "controls": [)";
+
+static std::string control(u32 type, u32 id, const std::string &name, const std::string &more,
+                           const std::string &pub = "") {
+    return R"({"type": )" + std::to_string(type) + R"(, "theme": "night", "property": {"pub_t": {"name": ")" + name +
+           R"(", "id": )" + std::to_string(id) + R"(, "pt": {"x": 10, "y": )" + std::to_string(id * 40 - 30) +
+           R"(}, "size": {"width": 100, "height": 30}, "alpha": 255, "t_mode": 1)" + pub + "}" + more + "}}";
+}
+
+static std::string view(u32 id, const std::string &controls) {
+    std::string text = head;
+    for (size_t at = 0; (at = text.find('%')) != std::string::npos;) {
+        text.replace(at, 1, std::to_string(id));
+    }
+    return text + controls + "]}";
+}
+
+// Two views, two languages, a theme, and a drive that is asked for.
+static void project_write(const temp_project_t &project) {
+    project.write("config/project/zofprj.g", R"({"p_name": "test", "width": 200, "height": 160, "start_page": 1,
+        "language": "en", "hw_t": {"touch_t": {"th_en": 1}},
+        "views": [{"pageId": 1, "pageName": "home.g"}, {"pageId": 2, "pageName": "more.g"}]})");
+    project.write("config/view/home.g", view(1, control(0, 1, "title", R"(, "txt": "#hello")") + ",\n" +
+                                                    control(1, 2, "go", R"(, "txt": "Go", "styles": [{"body_t":
+                                                    {"main_color": 255, "opa": 255}}])") +
+                                                    ",\n" + control(3, 3, "", R"(, "img_rel": "D:x.png")")));
+    project.write("config/view/more.g", view(2, control(7, 1, "level", R"(, "min": 0, "max": 100)")));
+    project.write("config/languages/en.g", R"({"hello": "Hello"})");
+    project.write("config/languages/de.g", R"({"hello": "Hallo"})");
+    project.write("config/theme/night/button.g", R"({"styles": [{"txt_t": {"color": 65280, "opa": 255}}]})");
+}
+
+// Every file and folder, with its size and time.
+static std::map<std::string, std::string> listing(const std::string &folder) {
+    std::map<std::string, std::string> out;
+    for (const auto &entry : std::filesystem::recursive_directory_iterator(folder)) {
+        struct stat st = {};
+        stat(entry.path().c_str(), &st);
+        out[entry.path()] =
+            std::to_string(st.st_size) + " " + std::to_string(st.st_mtim.tv_nsec) + " " + std::to_string(st.st_mode);
+    }
+    return out;
+}
+
+TEST_CASE("a player answers every wrong line with an error, and goes on") {
+    temp_project_t project;
+    project_write(project);
+    player p;
+    const std::pair<const char *, const char *> early[] = {
+        {"no JSON", "must name a command"},
+        {R"({"do": 3})", "must name a command"},
+        {R"({"do": "dance"})", "there is no command dance"},
+        {R"({"do": "show", "view": "home"})", "no project is loaded"},
+        {R"({"do": "load"})", "load needs dir"},
+        {R"({"do": "load", "dir": "/nowhere"})", "/nowhere: no config/project/zofprj.g"},
+        {R"({"do": "load", "dir": 7})", "dir must be a text"},
+    };
+    for (const auto &[line, error] : early) {
+        CAPTURE(line);
+        CHECK(contains(p.say(line), error));
+    }
+    p.load(project);
+    const std::pair<const char *, const char *> rows[] = {
+        {R"({"do": "load", "dir": "/nowhere"})", "loaded before"},
+        {R"({"do": "show", "view": "none"})", "there is no such view"},
+        {R"({"do": "show", "view": 3})", "there is no such view"},
+        {R"({"do": "show", "view": "home", "colour": 1})", "show has no argument colour"},
+        {R"({"do": "show", "language": "../en"})", "there is no language ../en"},
+        {R"({"do": "show", "theme": "none"})", "there is no theme none"},
+        {R"({"do": "state", "control": "home/none", "state": "pressed"})", "there is no control home/none"},
+        {R"({"do": "state", "control": "home/go", "state": "sad"})", "state must be a sum"},
+        {R"({"do": "advance", "ms": -1})", "ms must be"},
+        {R"({"do": "advance", "ms": 1e300})", "ms must be"},
+        {R"({"do": "picture", "file": "/nowhere/x.png"})", "cannot be written"},
+        {R"({"do": "set", "row": "label.none", "value": 1})", "there is no row label.none"},
+        {R"({"do": "set", "row": "system.tone", "value": 1})", "there is no row system.tone"},
+        {R"({"do": "set", "row": "label.text", "control": "go", "value": 1})", "there is no control go"},
+        {R"({"do": "set", "row": "label.text", "control": "home/title", "value": 1})", "value 1 is of a wrong kind"},
+        {R"({"do": "set", "row": "slider.value", "control": "more/level", "value": [1, 2]})", "needs 1 values"},
+        {R"({"do": "set", "row": "slider.value", "control": "more/level", "value": 1e10})", "out of range"},
+        {R"({"do": "link"})", "time is not real"},
+        {R"({"do": "restore", "state": 1})", "state must be an object"},
+    };
+    for (const auto &[line, error] : rows) {
+        CAPTURE(line);
+        CHECK(contains(p.say(line), error));
+    }
+    p.process.unsent = std::string(2 << 20, 'x') + "\n";
+    CHECK(contains(p.say(R"({"do": "help"})"), "\"ok\":true"));
+    CHECK(contains(p.events, "the line is too long"));
+    CHECK(p.say(R"({"do": "quit"})") == R"({"id":29,"ok":true})");
+}
+
+TEST_CASE("a player never changes the project, and draws the same each time") {
+    temp_project_t project;
+    project_write(project);
+    const auto before = listing(project.top);
+    std::string replies[2];
+    std::vector<u32> pictures[2];
+    for (int i = 0; i < 2; i++) {
+        player p;
+        p.load(project, R"(, "view": "home", "language": "de", "theme": "night")");
+        const std::vector<u32> first = p.picture();
+        CHECK(first.size() == 200 * 160);
+        replies[i] = p.say(R"({"do": "tree"})");
+        CHECK(contains(replies[i], R"("text":"Hallo")"));
+        CHECK(contains(replies[i], R"("path":"home/#3")"));
+        CHECK(contains(replies[i], "home.g\",\"line\":2,\"column\":1}"));
+        CHECK(contains(replies[i], "night/button.g\",\"line\":1,\"column\":13,\"part\":0"));
+        p.say(R"({"do": "pointer", "x": 60, "y": 60, "down": true})");
+        p.events.clear();
+        p.say(R"({"do": "advance", "ms": 300})");
+        CHECK(contains(p.say(R"({"do": "hit", "x": 60, "y": 60})"), R"(pressed","visible":true)"));
+        CHECK(contains(p.events, R"({"event":"frame","number")"));
+        pictures[i] = p.picture();
+        CHECK(pictures[i] != first);
+        p.say(R"({"do": "pointer", "x": 60, "y": 60, "down": false})");
+        p.say(R"({"do": "advance", "ms": 1000})");
+        p.say(R"({"do": "state", "control": "home/go", "state": "pressed"})");
+        p.say(R"({"do": "show", "view": "more"})");
+        replies[i] += p.events;
+    }
+    CHECK(replies[0] == replies[1]);
+    CHECK(pictures[0] == pictures[1]);
+    CHECK(listing(project.top) == before);
+}
+
+TEST_CASE("a fresh player takes over what the one before showed, and what a host wrote to it") {
+    temp_project_t project;
+    project_write(project);
+    project.write(
+        "config/project/zofhmi.g",
+        R"({"hmi_en": 1, "uart": {"win_port": 7, "speed_e": 6, "bit_e": 1}, "head_fh": 90, "head_fl": 165, "buffsize": 1024, "timeout": 5})");
+    serial_pty host;
+    pty_open(host, 7);
+    player p(true);
+    p.load(project, R"(, "view": "more", "language": "de")");
+    CHECK(contains(p.say(R"({"do": "link"})"), "\"ok\":true"));
+    p.say(R"({"do": "set", "row": "label.text", "control": "home/title", "value": "Servus"})");
+    std::string state;
+    pty_write(host, frame_of(0x22, {0xB2, 0x07, 0x01, 0, 2, 0, 1, 0, 33})); // the slider's value
+    CHECK(eventually([&] {
+        state = p.say(R"({"do": "snapshot"})");
+        return contains(state, R"("row":"slider.value","control":"more/level","value":[33])");
+    }));
+    CHECK(contains(state, R"("views":["more"])"));
+    CHECK(contains(state, R"("value":["Servus"])"));
+    CHECK(contains(p.say(R"({"do": "advance", "ms": 1})"), "time is real"));
+    const std::vector<u32> shown = p.picture();
+
+    const size_t at = state.find("\"state\":") + 8;
+    player next;
+    next.load(project, ", \"state\": " + state.substr(at, state.rfind(",\"ok\"") - at));
+    CHECK(next.picture() == shown);
+    next.say(R"({"do": "show", "view": "home"})");
+    CHECK(contains(next.say(R"({"do": "tree"})"), R"("text":"Servus")"));
+}
+
+TEST_CASE("faults of files come with their place, and what was expected there") {
+    temp_project_t project;
+    project_write(project);
+    project.write("config/view/more.g", "{\"view\": {\"v_id\": 2}\n \"controls\": []}");
+    player p;
+    p.load(project);
+    CHECK(contains(p.say(R"({"do": "show", "view": "more"})"), "cannot be shown"));
+    CHECK(contains(p.events, "more.g\",\"line\":2,\"column\":2,\"key\":\"\",\"text\":\"expected \\\",\\\""));
+    project.write("config/project/zofprj.g", "{");
+    player broken;
+    CHECK(contains(broken.say(R"({"do": "load", "dir": ")" + project.top + "\"}"), "cannot be read"));
+}
+
+TEST_CASE("the manual lists the player's commands as they are") {
+    player p;
+    const std::string manual = file_text(ZOF_SOURCE_DIR "/docs/player.md");
+    cJSON *reply = cJSON_Parse(p.say(R"({"do": "help"})").c_str());
+    const cJSON *row = nullptr;
+    cJSON_ArrayForEach(row, cJSON_GetObjectItem(reply, "commands")) {
+        const std::string args = cJSON_GetObjectItem(row, "args")->valuestring;
+        CHECK(contains(manual, "\n| `" + str(cJSON_GetObjectItem(row, "do")->valuestring) + "` | " + args +
+                                   (args.empty() ? "| " : " | ") + str(cJSON_GetObjectItem(row, "help")->valuestring) +
+                                   " |\n"));
+    }
+    CHECK(cJSON_GetArraySize(cJSON_GetObjectItem(reply, "commands")) == 16);
+    cJSON_Delete(reply);
+}

@@ -1,0 +1,208 @@
+// The start of a project without an application, and time. Each view of the project file gets the same init function,
+// which creates its controls; each control gets an event function that does nothing, because only controls with one
+// report their events to a host.
+#include <algorithm>
+#include <cstdlib>
+
+#include "drv/zof_drv_file.h"
+#include "drv/zof_loop_in.h"
+#include "func/zof_func.h"
+#include "hmi/zof_hmi.h"
+#include "player.h"
+#include "player_picture.h"
+#include "port/zof_host.h"
+#include "port/zof_port.h"
+#include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
+#include "project/path/zof_res.h"
+#include "project/view/zof_view.h"
+#include "project/zof_prj.h"
+#include "zof_start.h"
+
+enum { STEP_MS = 5 };
+
+static u32 clock_ms;
+static std::vector<zof_view_fun_t> views; // the runtime keeps a pointer to it
+static std::string theme;                 // chosen
+static bool theme_waits;                  // no control has a theme yet, so the runtime has not accepted it
+
+// The runtime's start calls it in a program of its own; the player starts the runtime itself.
+extern "C" void zof_main(void) {
+}
+
+void player_clock_init() {
+    static const zof_clock_t clock = {[] { return clock_ms; }, [](u32 ms) { clock_ms += ms; }};
+    if (!player_options.live) {
+        zof_clock_set(&clock);
+    }
+}
+
+void player_clock_advance(u32 ms) {
+    while (ms > 0) {
+        const u32 step = std::min(ms, (u32)STEP_MS);
+        clock_ms += step;
+        ms -= step;
+        zof_loop_turn();
+        player_picture_publish();
+    }
+}
+
+static void event_ignore(zof_ctrl_t *, zof_event_e) {
+}
+
+// The ids of a view's controls, from the file that is about to be read.
+static const std::vector<zof_ctrl_fun_t> *controls_of(const zof_view_node_t *node) {
+    auto *rows = new std::vector<zof_ctrl_fun_t>; // for the life of the process, like the view
+    const cJSON *entry = nullptr;
+    cJSON_ArrayForEach(entry, cJSON_GetObjectItem(node->file, "controls")) {
+        const cJSON *pub = cJSON_GetObjectItem(cJSON_GetObjectItem(entry, "property"), "pub_t");
+        const cJSON *id = cJSON_GetObjectItem(pub, "id");
+        if (cJSON_IsNumber(id)) {
+            rows->push_back({(u32)id->valueint, event_ignore});
+        }
+    }
+    return rows;
+}
+
+// An init function gets no argument, but the view that it is called for is the only one without an object.
+static void init_any() {
+    const db_list *list = zof_prj_get_cur()->view_list;
+    for (const db_node *at = list->head->next; at != list->head; at = at->next) {
+        const auto *node = (const zof_view_node_t *)at->data;
+        if (!node->obj) {
+            const std::vector<zof_ctrl_fun_t> *rows = controls_of(node);
+            zof_view_create(node->attr->v_id, rows->data(), (u32)rows->size());
+            return;
+        }
+    }
+}
+
+static void nothing() {
+}
+
+static void views_make(const zof_prj_t *prj) {
+    const zof_view_name_t *name = nullptr;
+    for (s32 i = 0; (name = (const zof_view_name_t *)__db_list_visit(prj->view_names, i)); i++) {
+        views.push_back({name->id, init_any, nothing, nothing});
+    }
+}
+
+static bool is_project(const std::string &folder) {
+    return zof_file_size((folder + "/config/project/zofprj.g").c_str()) >= 0;
+}
+
+// Without sound devices and without a host, a virtual panel depends on nothing but its folder.
+static void environment_set() {
+    setenv("ZOF_STATE", "", 1); // keeps nothing
+    if (!player_options.live) {
+        setenv("SDL_AUDIODRIVER", "dummy", 1);
+    }
+}
+
+static std::string runtime_start(const std::string &folder) {
+    zof_file_read_only();
+    environment_set();
+    sdl_window_none();
+    if (zof_prj_folder_set(folder.c_str()) != 0) {
+        return folder + ": the path is too long";
+    }
+    lv_init();
+    zof_drv_init();
+    const zof_prj_t *prj = zof_prj_get_cur();
+    if (!prj) {
+        return folder + ": the project file cannot be read";
+    }
+    return zof_prj_check_wh_avlid() == 1 ? folder + ": the project is larger than any display" : "";
+}
+
+bool player_started() {
+    return zof_prj_get_cur() && !views.empty();
+}
+
+std::string player_start(const char *dir) {
+    if (zof_prj_get_cur() || dis_mutex) {
+        return "a project was loaded before; start another player";
+    }
+    const std::string folder = is_project(dir) ? dir : std::string(dir) + "/res";
+    if (!is_project(folder)) {
+        return std::string(dir) + ": no config/project/zofprj.g in it or in its res";
+    }
+    std::string fault = runtime_start(folder);
+    fault = fault.empty() ? player_picture_init() : fault;
+    if (!fault.empty()) {
+        return fault;
+    }
+    views_make(zof_prj_get_cur());
+    if (views.empty()) {
+        return folder + ": the project file has no views";
+    }
+    if (player_options.live) {
+        zof_func_pwon();
+    }
+    player_writes_watch();
+    zof_prj_create(views.data(), (u32)views.size());
+    return "";
+}
+
+std::string player_theme_set(const char *name) {
+    const std::vector<std::string> all = player_names("config/theme/", true);
+    if (std::find(all.begin(), all.end(), name) == all.end()) {
+        return "there is no theme " + std::string(name);
+    }
+    theme = name;
+    theme_waits = zof_theme_set(name) != 0;
+    return "";
+}
+
+const std::string &player_theme() {
+    return theme;
+}
+
+std::string player_lang_set(const char *name) {
+    const std::vector<std::string> all = player_names("config/languages/", false);
+    if (std::find(all.begin(), all.end(), name) == all.end() || zof_lang_set(name) != 0) {
+        return "there is no language " + std::string(name);
+    }
+    return "";
+}
+
+std::string player_view_show(u32 id) {
+    if (zof_view_set_dis_view(id) != 0) {
+        return "the view " + player_view_name(id) + " cannot be shown";
+    }
+    theme_waits = theme_waits && zof_theme_set(theme.c_str()) != 0;
+    return "";
+}
+
+static void name_take(std::vector<std::string> *names, const zof_dirent_t *entry, bool folders) {
+    std::string name = entry->name;
+    const bool is_file = name.size() > 2 && name.compare(name.size() - 2, 2, ".g") == 0;
+    if (name[0] == '.' || (entry->is_dir != 0) != folders || (!folders && !is_file)) {
+        return;
+    }
+    names->push_back(folders ? name : name.substr(0, name.size() - 2));
+}
+
+std::vector<std::string> player_names(const char *folder, bool folders) {
+    std::vector<std::string> names;
+    const char *path = zof_res_get_prjfile_path(folder, nullptr);
+    zof_dir_t *dir = path ? zof_opendir(path) : nullptr;
+    while (const zof_dirent_t *entry = dir ? zof_readdir(dir) : nullptr) {
+        name_take(&names, entry, folders);
+    }
+    zof_closedir(dir);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::vector<zof_view_node_t *> player_views_shown() {
+    static constexpr zof_layer_se order[] = {ZOF_LAYER_TOP, ZOF_LAYER_STATE, ZOF_LAYER_UI, ZOF_LAYER_BG};
+    std::vector<zof_view_node_t *> shown;
+    for (const zof_layer_se layer : order) {
+        zof_view_node_t *node = zof_prj_get_cur()->cur_view[layer];
+        if (node && node->obj) {
+            shown.push_back(node);
+        }
+    }
+    return shown;
+}

@@ -1,0 +1,121 @@
+#include "view_draw.h"
+
+#include <algorithm>
+
+#include "lvgl.h"
+#include "port/win_scale.h"
+#include "port/zof_port.h"
+#include "zof_lib/zof_stdio.h"
+
+static const lv_font_t *const font = &lv_font_montserrat_14;
+
+view_image_t view_image(s32 width, s32 height, u32 color) {
+    view_image_t image = {width, height, {}};
+    image.pixels.assign((size_t)width * (size_t)height, color);
+    return image;
+}
+
+static u32 mixed(u32 below, u32 above, u32 opacity) {
+    u32 out = 0;
+    for (u32 shift = 0; shift < 24; shift += 8) {
+        const u32 a = above >> shift & 255;
+        const u32 b = below >> shift & 255;
+        out |= (a * opacity + b * (255 - opacity) + 127) / 255 << shift;
+    }
+    return out;
+}
+
+static void pixel(view_image_t *image, s32 x, s32 y, u32 color, u32 opacity) {
+    if (x >= 0 && y >= 0 && x < image->width && y < image->height) {
+        u32 *at = &image->pixels[(size_t)y * (size_t)image->width + (size_t)x];
+        *at = mixed(*at, color, opacity);
+    }
+}
+
+void view_fill(view_image_t *image, view_box_t box, u32 color, u8 opacity) {
+    const s32 right = std::min(box.x + box.w, image->width);
+    const s32 bottom = std::min(box.y + box.h, image->height);
+    for (s32 y = std::max(box.y, 0); y < bottom; y++) {
+        for (s32 x = std::max(box.x, 0); x < right; x++) {
+            pixel(image, x, y, color, opacity);
+        }
+    }
+}
+
+void view_frame(view_image_t *image, view_box_t box, u32 color, s32 thick) {
+    view_fill(image, {box.x - thick, box.y - thick, box.w + 2 * thick, thick}, color, 255);
+    view_fill(image, {box.x - thick, box.y + box.h, box.w + 2 * thick, thick}, color, 255);
+    view_fill(image, {box.x - thick, box.y, thick, box.h}, color, 255);
+    view_fill(image, {box.x + box.w, box.y, thick, box.h}, color, 255);
+}
+
+// Returns the next character of UTF-8; "?" for invalid bytes.
+static u32 letter_next(const std::string &text, size_t *at) {
+    const u8 first = (u8)text[(*at)++];
+    const s32 more = first < 0x80 ? 0 : first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
+    u32 letter = more ? first & (0x3Fu >> more) : first;
+    for (s32 i = 0; i < more; i++) {
+        if (*at >= text.size() || ((u8)text[*at] & 0xC0) != 0x80) {
+            return '?';
+        }
+        letter = letter << 6 | ((u8)text[(*at)++] & 0x3F);
+    }
+    return letter;
+}
+
+static lv_font_glyph_dsc_t glyph_of(u32 *letter) {
+    lv_font_glyph_dsc_t glyph = {};
+    if (!font->get_glyph_dsc(font, &glyph, *letter, 0)) {
+        *letter = '?';
+        font->get_glyph_dsc(font, &glyph, *letter, 0);
+    }
+    return glyph;
+}
+
+// The built-in fonts have 4 bits for a pixel, without gaps between rows.
+static void glyph_draw(view_image_t *image, s32 x, s32 y, u32 letter, const lv_font_glyph_dsc_t &glyph, u32 color) {
+    const u8 *bits = font->get_glyph_bitmap(font, letter);
+    const s32 top = y + font->line_height - font->base_line - glyph.box_h - glyph.ofs_y;
+    for (s32 i = 0; bits && i < glyph.box_w * glyph.box_h; i++) {
+        const u32 opacity = (i % 2 ? bits[i / 2] & 15u : bits[i / 2] >> 4) * 17u;
+        pixel(image, x + glyph.ofs_x + i % glyph.box_w, top + i / glyph.box_w, color, opacity);
+    }
+}
+
+void view_text(view_image_t *image, s32 x, s32 y, const std::string &text, u32 color) {
+    for (size_t at = 0; at < text.size();) {
+        u32 letter = letter_next(text, &at);
+        const lv_font_glyph_dsc_t glyph = glyph_of(&letter);
+        glyph_draw(image, x, y, letter, glyph, color);
+        x += glyph.adv_w;
+    }
+}
+
+s32 view_text_width(const std::string &text) {
+    s32 width = 0;
+    for (size_t at = 0; at < text.size();) {
+        u32 letter = letter_next(text, &at);
+        width += glyph_of(&letter).adv_w;
+    }
+    return width;
+}
+
+void view_copy(view_image_t *image, view_box_t box, const view_image_t &from) {
+    win_fit_t fit = win_fit_make(from.width, from.height, box.w, box.h);
+    win_scale_t scale = {};
+    if (win_scale_make(&scale, &fit, WIN_SCALE_ONE)) {
+        for (s32 y = 0; y < fit.out.h; y++) {
+            u32 *row = &image->pixels[(size_t)(box.y + fit.out.y + y) * (size_t)image->width];
+            win_scale_row(&scale, from.pixels.data(), 0, y, fit.out.w, row + box.x + fit.out.x);
+        }
+    }
+    win_scale_free(&scale);
+}
+
+std::string view_png(const view_image_t &image) {
+    size_t size = 0;
+    u8 *png = zof_shot_png_make(image.pixels.data(), image.width, image.height, &size);
+    const std::string bytes((const char *)png, png ? size : 0);
+    zof_lv_free(png);
+    return bytes;
+}

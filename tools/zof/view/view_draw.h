@@ -1,0 +1,36 @@
+// Pictures in memory: text, lines and scaled pictures; for contact sheets and for what a window draws over a panel.
+#ifndef VIEW_DRAW_H
+#define VIEW_DRAW_H
+
+#include <string>
+#include <vector>
+
+#include "zof_lib/zof_type.h"
+
+struct view_image_t {
+    s32 width = 0, height = 0;
+    std::vector<u32> pixels; // 0x??RRGGBB
+};
+
+struct view_box_t {
+    s32 x, y, w, h;
+};
+
+view_image_t view_image(s32 width, s32 height, u32 color);
+
+// All drawing is clipped to the image. `opacity` is 0 to 255.
+void view_fill(view_image_t *image, view_box_t box, u32 color, u8 opacity);
+void view_frame(view_image_t *image, view_box_t box, u32 color, s32 thick);
+
+// Draws one line of text, 17 pixels high, from its upper left corner. Characters that the built-in font lacks are drawn
+// as "?".
+void view_text(view_image_t *image, s32 x, s32 y, const std::string &text, u32 color);
+s32 view_text_width(const std::string &text);
+
+// Copies `from`, scaled to fit the box, into its middle.
+void view_copy(view_image_t *image, view_box_t box, const view_image_t &from);
+
+// Returns the bytes of a PNG file.
+std::string view_png(const view_image_t &image);
+
+#endif

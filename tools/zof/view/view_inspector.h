@@ -1,0 +1,41 @@
+// The inspector: what lies under the pointer, drawn over the panel.
+#ifndef VIEW_INSPECTOR_H
+#define VIEW_INSPECTOR_H
+
+#include <string>
+
+#include <cjson/cJSON.h>
+
+#include "view_draw.h"
+
+struct view_inspector_t {
+    bool on;
+    cJSON *hits; // the controls under the pointer, the topmost first; null: not known
+    u32 pick;    // which of them
+    s32 x, y;    // the pointer on the panel
+    s32 hit_id;  // of the question that is not answered yet, 0: none
+    bool moved;  // since that question
+};
+
+// Takes the reply of `hit`.
+void view_inspector_take(view_inspector_t *inspector, const cJSON *reply);
+
+// Chooses the next control under the pointer.
+void view_inspector_next(view_inspector_t *inspector);
+
+// Draws outlines of the control and of its parent, its padding, and a line of text, away from the pointer.
+void view_inspector_draw(const view_inspector_t *inspector, view_image_t *image);
+
+// "home/brew  button 10  212,204 122 x 56  pressed  theme button.g:3  styles home.g:40"
+std::string view_inspector_text(const view_inspector_t *inspector);
+
+// The line of Python that sets the control's value; empty for a control without one.
+std::string view_inspector_python(const view_inspector_t *inspector);
+
+// The file of the control and its line; an empty text if it is not known.
+std::string view_inspector_place(const view_inspector_t *inspector, s32 *line);
+
+// Draws a band with a text at the bottom, or at the top, wrapped to the width.
+void view_band_draw(view_image_t *image, const std::string &text, u32 color, bool top);
+
+#endif

@@ -1,0 +1,214 @@
+#include "view_session.h"
+
+#include <cstring>
+
+#include "drv/zof_drv.h"
+#include "view.h"
+
+// A save is often several changes. A change waits for the next one, but not for ever; and for the snapshot of the
+// player that is shown, but that may hang.
+enum { QUIET_MS = 10, RESTLESS_MS = 60, SNAPSHOT_MS = 100, LOAD_MS = 10000 };
+
+static bool is_ok(const cJSON *line) {
+    return cJSON_IsTrue(cJSON_GetObjectItem(line, "ok"));
+}
+
+static bool is_reply(const cJSON *line, s32 id) {
+    const cJSON *of = cJSON_GetObjectItem(line, "id");
+    return id && cJSON_IsNumber(of) && of->valueint == id;
+}
+
+static bool is_event(const cJSON *line, const char *name) {
+    const char *event = cJSON_GetStringValue(cJSON_GetObjectItem(line, "event"));
+    return event && strcmp(event, name) == 0;
+}
+
+static void note_set(view_session_t *session, const std::string &text, bool grave) {
+    session->note = text;
+    session->note_grave = grave;
+    session->drawn = true;
+}
+
+static void picture_take(view_session_t *session) {
+    view_image_t *image = &session->picture;
+    session->drawn =
+        view_player_picture(&session->shown, &image->pixels, &image->width, &image->height) || session->drawn;
+}
+
+// A player that has started already saves the time for that at the next change.
+static void spare_start(view_session_t *session) {
+    if (session->spare.process && !view_player_poll(&session->spare, [](const cJSON *) {})) {
+        view_player_stop(&session->spare);
+    }
+    if (!session->spare.process) {
+        view_player_start(&session->spare, session->live, session->loud);
+    }
+}
+
+static void next_drop(view_session_t *session) {
+    view_player_stop(&session->next);
+    session->load_id = 0;
+    session->loads++;
+}
+
+static void load_begin(view_session_t *session) {
+    session->changed = false;
+    session->message.clear();
+    spare_start(session);
+    session->next = session->spare;
+    session->spare = {};
+    cJSON *command = session->state || !session->first ? view_command("load") : cJSON_Duplicate(session->first, 1);
+    cJSON_AddStringToObject(command, "dir", session->dir.c_str());
+    if (session->state) {
+        cJSON_AddItemToObject(command, "state", cJSON_Duplicate(session->state, 1));
+    }
+    session->load_id = view_player_send(&session->next, command);
+    session->load_at = zof_sys_time_ms();
+}
+
+// The serial line belongs to one player at a time.
+static void next_show(view_session_t *session, const cJSON *reply) {
+    view_player_stop(&session->shown);
+    session->shown = session->next;
+    session->next = {};
+    session->load_id = 0;
+    session->loads++;
+    session->state_id = 0;
+    cJSON_Delete(session->project);
+    session->project = cJSON_Duplicate(reply, 1);
+    if (session->live) {
+        view_player_send(&session->shown, view_command("link"));
+    }
+    note_set(session, session->message, false);
+    picture_take(session);
+}
+
+static void load_end(view_session_t *session, const cJSON *reply) {
+    if (is_ok(reply)) {
+        next_show(session, reply);
+    } else {
+        const char *error = cJSON_GetStringValue(cJSON_GetObjectItem(reply, "error"));
+        note_set(session, !session->message.empty() ? session->message : error ? error : "", true);
+        next_drop(session);
+    }
+    spare_start(session);
+}
+
+static void next_poll(view_session_t *session) {
+    cJSON *reply = nullptr;
+    const bool runs = view_player_poll(&session->next, [&](const cJSON *line) {
+        if (is_event(line, "message") && session->message.empty()) {
+            session->message = view_message_text(line);
+        }
+        if (is_reply(line, session->load_id) && !reply) {
+            reply = cJSON_Duplicate(line, 1);
+        }
+    });
+    if (reply) {
+        load_end(session, reply);
+    } else if (!runs) {
+        note_set(session, "the player ended with " + session->next.ended + "; it starts again at the next change",
+                 true);
+        next_drop(session);
+    } else if (zof_sys_time_ms() - session->load_at > LOAD_MS) {
+        note_set(session, "the player does not answer; it starts again at the next change", true);
+        next_drop(session);
+    }
+    cJSON_Delete(reply);
+}
+
+static void shown_take(view_session_t *session, const cJSON *line, bool *frame) {
+    *frame = *frame || is_event(line, "frame");
+    if (is_event(line, "message")) {
+        note_set(session, view_message_text(line), false);
+    }
+    if (is_reply(line, session->state_id)) {
+        session->state_id = 0;
+        cJSON *state = cJSON_DetachItemFromObject((cJSON *)line, "state");
+        if (state) {
+            cJSON_Delete(session->state);
+            session->state = state;
+        }
+    } else if (session->tell) {
+        session->tell(line);
+    }
+}
+
+static void shown_poll(view_session_t *session) {
+    bool frame = false;
+    if (!session->shown.process) {
+        return;
+    }
+    const bool runs = view_player_poll(&session->shown, [&](const cJSON *line) { shown_take(session, line, &frame); });
+    if (frame) {
+        picture_take(session);
+    }
+    if (!runs) {
+        session->state_id = 0;
+        note_set(session, "the player ended with " + session->shown.ended + "; it starts again at the next change",
+                 true);
+    }
+}
+
+static void change_note(view_session_t *session) {
+    const u32 now = zof_sys_time_ms();
+    if (!session->changed) {
+        session->first_changed_at = now;
+        if (!session->state_id && session->shown.process) {
+            session->state_id = view_player_send(&session->shown, view_command("snapshot"));
+        }
+    }
+    session->changed = true;
+    session->changed_at = now;
+}
+
+// While a project is loading, the next change waits for its end: without that, many changes in a row would never show
+// any of them.
+static void change_check(view_session_t *session) {
+    if (view_watch_changed(&session->watch)) {
+        change_note(session);
+    }
+    if (!session->changed || session->load_id) {
+        return;
+    }
+    const u32 now = zof_sys_time_ms();
+    const bool settled = now - session->changed_at >= QUIET_MS || now - session->first_changed_at >= RESTLESS_MS;
+    if (settled && (!session->state_id || now - session->first_changed_at >= SNAPSHOT_MS)) {
+        load_begin(session);
+    }
+}
+
+std::string view_session_start(view_session_t *session, bool watch) {
+    const std::string fault = watch ? view_watch_start(&session->watch, session->dir) : "";
+    if (fault.empty()) {
+        load_begin(session);
+    }
+    return fault.empty() ? session->next.ended : fault;
+}
+
+void view_session_stop(view_session_t *session) {
+    for (view_player_t *player : {&session->shown, &session->next, &session->spare}) {
+        view_player_stop(player);
+    }
+    cJSON_Delete(session->first);
+    cJSON_Delete(session->project);
+    cJSON_Delete(session->state);
+    session->first = session->project = session->state = nullptr;
+}
+
+void view_session_step(view_session_t *session, s32 ms) {
+    view_player_wait({&session->shown, &session->next}, session->watch.file, session->changed ? 2 : ms);
+    shown_poll(session);
+    if (session->load_id) {
+        next_poll(session);
+    }
+    change_check(session);
+}
+
+s32 view_session_send(view_session_t *session, cJSON *command) {
+    if (session->shown.process) {
+        return view_player_send(&session->shown, command);
+    }
+    cJSON_Delete(command);
+    return 0;
+}

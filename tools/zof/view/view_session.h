@@ -1,0 +1,45 @@
+// What a window shows: a project in a player, and a fresh player for each change of its folder. The picture changes
+// when the fresh player has drawn its first frame; until then, and if it cannot, the old one stays. Nothing here waits.
+#ifndef VIEW_SESSION_H
+#define VIEW_SESSION_H
+
+#include <functional>
+#include <string>
+
+#include "view_draw.h"
+#include "view_player.h"
+#include "view_watch.h"
+
+struct view_session_t {
+    std::string dir;
+    bool live, loud;
+    cJSON *first;     // arguments of the first load: view, language, theme
+    cJSON *project;   // the reply of the last good load; null before
+    cJSON *state;     // the last snapshot; null before
+    std::string note; // what is wrong; empty if nothing is
+    bool note_grave;  // the picture is an old one
+    view_image_t picture;
+    bool drawn;                              // the picture has changed; the window clears it
+    std::function<void(const cJSON *)> tell; // events and replies of the player that is shown; may be empty
+
+    view_player_t shown, next, spare;
+    view_watch_t watch;
+    std::string message; // the first one of the player that is loading
+    s32 load_id;         // of `next`, 0 while none loads
+    s32 state_id;        // of the snapshot that was asked for, 0 while none is
+    u32 changed_at, first_changed_at, load_at;
+    bool changed;
+    u32 loads; // that have ended, for tests
+};
+
+// Starts to load the project, and to watch its folder if `watch`. Returns what is wrong.
+std::string view_session_start(view_session_t *session, bool watch);
+void view_session_stop(view_session_t *session);
+
+// Waits at most so long for anything to happen, and handles it.
+void view_session_step(view_session_t *session, s32 ms);
+
+// Sends a command to the player that is shown, which takes it; returns its id, or 0 without a player.
+s32 view_session_send(view_session_t *session, cJSON *command);
+
+#endif

@@ -1,0 +1,63 @@
+#include "view_watch.h"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include <sys/inotify.h>
+#include <unistd.h>
+
+// What changes content or names. A file that is still open for writing counts too, because some editors keep it open.
+enum : u32 {
+    CHANGES =
+        IN_MODIFY | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE_SELF | IN_ATTRIB
+};
+
+static void folder_add(view_watch_t *watch, const std::string &folder) {
+    const s32 number = inotify_add_watch(watch->file, folder.c_str(), CHANGES | IN_ONLYDIR);
+    if (number < 0) {
+        return; // gone again
+    }
+    watch->folders[number] = folder;
+    std::error_code fault;
+    for (const auto &entry : std::filesystem::directory_iterator(folder, fault)) {
+        if (entry.is_directory(fault) && !entry.is_symlink(fault)) {
+            folder_add(watch, entry.path());
+        }
+    }
+}
+
+std::string view_watch_start(view_watch_t *watch, const std::string &folder) {
+    watch->file = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    if (watch->file < 0) {
+        return strerror(errno);
+    }
+    folder_add(watch, folder);
+    return watch->folders.empty() ? folder + ": " + strerror(errno) : "";
+}
+
+static void event_take(view_watch_t *watch, const inotify_event *event) {
+    const auto folder = watch->folders.find(event->wd);
+    if (folder != watch->folders.end() && event->len && (event->mask & IN_ISDIR) &&
+        (event->mask & (IN_CREATE | IN_MOVED_TO))) {
+        folder_add(watch, folder->second + "/" + event->name);
+    }
+    if (event->mask & IN_IGNORED) {
+        watch->folders.erase(event->wd);
+    }
+}
+
+bool view_watch_changed(view_watch_t *watch) {
+    alignas(inotify_event) char events[16384];
+    bool changed = false;
+    ssize_t n = 0;
+    while (watch->file >= 0 && (n = read(watch->file, events, sizeof(events))) > 0) {
+        for (const char *at = events; at < events + n;) {
+            const auto *event = (const inotify_event *)(const void *)at;
+            event_take(watch, event);
+            at += sizeof(*event) + event->len;
+        }
+        changed = true;
+    }
+    return changed;
+}

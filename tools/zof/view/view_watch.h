@@ -1,0 +1,21 @@
+// Changes below a folder.
+#ifndef VIEW_WATCH_H
+#define VIEW_WATCH_H
+
+#include <map>
+#include <string>
+
+#include "zof_lib/zof_type.h"
+
+struct view_watch_t {
+    s32 file = -1; // to be waited for; -1 when the system cannot watch
+    std::map<s32, std::string> folders;
+};
+
+// Watches a folder and all folders in it. Returns what is wrong.
+std::string view_watch_start(view_watch_t *watch, const std::string &folder);
+
+// Returns whether anything has changed since the last call. New folders are watched from then on. Never waits.
+bool view_watch_changed(view_watch_t *watch);
+
+#endif
