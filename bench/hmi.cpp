@@ -71,47 +71,8 @@ static void frames_row(const char *what, const bytes &frame) {
         what, frame.size(), ours * 1000 / FRAMES, FRAMES * 1000.0 / ours, least * 1000 / FRAMES, ours / least);
 }
 
-static u32 turn() {
-    zof_lock gui(dis_mutex);
-    return zof_loop_turn();
-}
-
-// Runs the program's own loop until `over` returns true.
-static void loop_run(const std::function<bool()> &over) {
-    for (u32 sleep_ms = turn(); !over(); sleep_ms = turn()) {
-        zof_loop_wait(sleep_ms);
-    }
-}
-
-static std::vector<u32> picture() {
-    s32 w = 0;
-    s32 h = 0;
-    const u32 *frame = sdl_frame_get(&w, &h);
-    return {frame, frame + (size_t)w * (size_t)h};
-}
-
 static double ms_since(std::chrono::steady_clock::time_point begin) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
-}
-
-// Milliseconds from a host's write to the picture, with the loop asleep when the write arrives.
-static double write_to_picture(int fd, const bytes &frame) {
-    const auto rest = std::chrono::steady_clock::now() + std::chrono::milliseconds(60);
-    loop_run([=] { return std::chrono::steady_clock::now() > rest; });
-    const std::vector<u32> before = picture();
-    std::chrono::steady_clock::time_point begin;
-    std::thread host([&] {
-        usleep(5000);
-        begin = std::chrono::steady_clock::now();
-        (void)!write(fd, frame.data(), frame.size());
-    });
-    std::chrono::steady_clock::time_point end;
-    loop_run([&] {
-        end = std::chrono::steady_clock::now();
-        return picture() != before;
-    });
-    host.join();
-    return std::chrono::duration<double, std::milli>(end - begin).count();
 }
 
 // The limit: the same text set and drawn immediately, by a loop that does nothing else.
@@ -120,11 +81,6 @@ static double draw_at_once(lv_obj_t *label, const std::string &text) {
     lv_label_set_text(label, text.c_str());
     lv_refr_now(nullptr);
     return ms_since(begin);
-}
-
-static double middle(std::vector<double> all) {
-    std::nth_element(all.begin(), all.begin() + (long)all.size() / 2, all.end());
-    return all[all.size() / 2];
 }
 
 // Round trips per second of a host that sends the next read as soon as it is answered, while this thread runs the loop.

@@ -10,6 +10,11 @@
 
 #include "zof.h"
 
+inline double middle(std::vector<double> all) {
+    std::nth_element(all.begin(), all.begin() + (long)all.size() / 2, all.end());
+    return all[all.size() / 2];
+}
+
 // Returns the median duration of `times` calls in milliseconds.
 inline double median_ms(int times, const std::function<void()> &call) {
     std::vector<double> took;
@@ -18,12 +23,17 @@ inline double median_ms(int times, const std::function<void()> &call) {
         call();
         took.push_back(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
     }
-    std::nth_element(took.begin(), took.begin() + times / 2, took.end());
-    return took[(size_t)times / 2];
+    return middle(took);
 }
 
-// Starts the runtime with the panel's project, off screen.
+// Starts the runtime with the panel's project, off screen, and takes dis_mutex.
 void panel_up();
+
+// Runs the program's own loop until `over` returns true; without dis_mutex.
+void loop_run(const std::function<bool()> &over);
+
+// Milliseconds from a write to a line until the picture changes, with the loop asleep when the write arrives.
+double write_to_picture(int fd, const std::vector<u8> &frame);
 
 void measure_first_frame();
 void measure_start(bool bare);

@@ -260,6 +260,68 @@ TEST_CASE("a file that is not a font is reported once, and text is drawn without
     }
 }
 
+// The font of a chain that has a letter, by its place in the chain; -1 if none has.
+static s32 resolved(const lv_font_t *font, u32 code, lv_font_glyph_dsc_t *dsc) {
+    if (!lv_font_get_glyph_dsc(font, dsc, code, 0)) {
+        return -1;
+    }
+    s32 place = 0;
+    while (font != dsc->resolved_font) {
+        font = font->fallback;
+        place++;
+    }
+    return place;
+}
+
+TEST_CASE("a letter comes from the first font of a chain that has it, then from the symbols") {
+    temp_project_t project;
+    project_with_fonts(&project);
+    project.write("font/text.otf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
+    drawn(LV_FONT_DEFAULT, "W"); // what is allocated once
+    zof_font_create_lvfont("text.ttf", 30);
+    zof_font_delete("text.ttf", 30);
+    const u32 before = zof_mem_count();
+    lv_font_t *font = nullptr;
+    const std::string log = printed([&] { font = zof_font_create_lvfont("t.bin,  none.ttf , text.otf", 30); });
+    REQUIRE(font);
+    CHECK(contains(log, "none.ttf: cannot be opened"));
+    const struct {
+        u32 code;
+        s32 place, adv_w;
+    } rows[] = {{'e', 0, 9}, {'H', 1, 23}, {0xF053 /* left */, 2, 19}, {0x4E00, -1, 12}, {0x2022, 1, 18}};
+    lv_font_glyph_dsc_t dsc = {};
+    for (const auto &row : rows) {
+        CAPTURE(row.code);
+        printed([&] { CHECK(resolved(font, row.code, &dsc) == row.place); });
+        CHECK(dsc.adv_w == row.adv_w);
+    }
+    CHECK((zof_font_create_lvfont("t.bin,  none.ttf , text.otf", 30) == font)); // shared
+    // Its symbol is LVGL's, 30/48 of the size, and as large as what was said of it.
+    const std::vector<u32> picture = drawn(font, LV_SYMBOL_LEFT);
+    const u32 lit = (u32)std::count_if(picture.begin(), picture.end(), [](u32 level) { return level > 127; });
+    CHECK((lit > 60 && lit < 400));
+    // Each file may also be used alone, and stays when the chain goes.
+    lv_font_t *alone = zof_font_create_lvfont("text.otf", 30);
+    CHECK((resolved(alone, 'H', &dsc) == 0 && resolved(alone, 0xF053, &dsc) == 1));
+    zof_font_delete("t.bin,  none.ttf , text.otf", 30);
+    zof_font_delete("t.bin,  none.ttf , text.otf", 30);
+    CHECK((resolved(alone, 'H', &dsc) == 0 && !zof_font_list_get("t.bin")));
+    zof_font_delete("text.otf", 30);
+    CHECK(zof_mem_count() == before);
+    CHECK(!zof_font_create_lvfont("none.ttf, nor this.ttf", 30));
+}
+
+TEST_CASE("a letter that no font has is drawn as a box, and reported once") {
+    temp_project_t project;
+    project_with_fonts(&project);
+    lv_font_t *font = zof_font_create_lvfont("text.ttf", 20);
+    std::vector<u32> box;
+    CHECK(printed([&] { box = drawn(font, "一"); }) == "text.ttf has no U+4E00\n");
+    CHECK(std::count(box.begin(), box.end(), 255) > 20);
+    CHECK(printed([&] { drawn(font, "一二\t"); }) == "text.ttf has no U+4E8C\n");
+    zof_font_delete("text.ttf", 20);
+}
+
 TEST_CASE("a TrueType font that is rewritten in place keeps its letters") {
     temp_project_t project;
     project_with_fonts(&project);

@@ -47,6 +47,7 @@
 
 #define LV_FONT_MONTSERRAT_14 1
 #define LV_FONT_MONTSERRAT_16 1
+#define LV_FONT_MONTSERRAT_48 1 // symbols of all sizes are made from it
 #define LV_FONT_DEFAULT &lv_font_montserrat_14
 
 // One file driver for all files; paths are resolved through the drive letters of the project first.

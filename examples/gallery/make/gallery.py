@@ -43,7 +43,7 @@ def themes(p):
         "label": [plain],
         "container": [style(bg=p["card"], radius=12, **words), scrollbar],
         "button": [style(**button), style(state=PRESSED, **{**button, "bg": p["line"]}), style(state=CHECKED, radius=10, **lit),
-                   style(state=CHECKED | PRESSED, radius=10, **lit), style(state=DISABLED, **{**button, "opa": 110})],
+                   style(state=CHECKED | PRESSED, radius=10, **lit), style(state=DISABLED, **{**button, "opa": 110, "text_opa": 110})],
         "image_button": [plain, style(state=PRESSED, opa=0, **words)],
         "arc": [style(opa=0), style(KNOB, bg=p["knob"], radius=ROUND, pad=3, border=(ACCENT, 3))],
         "bar": bar,
@@ -77,7 +77,7 @@ def themes(p):
                      style(ITEMS, CHECKED, **{**plain_key, "bg": p["line"]})],
         "sketchpad": [style(bg=p["raised"], radius=10, color=p["text"], text_opa=255)],    # the toolbar's symbols are in LVGL's font, too
         "btnmatrix": [style(bg=p["card"], pad=2, **words), style(ITEMS, **key), style(ITEMS, PRESSED, radius=6, **lit),
-                      style(ITEMS, CHECKED, radius=6, **lit), style(ITEMS, DISABLED, **{**key, "opa": 110})],
+                      style(ITEMS, CHECKED, radius=6, **lit), style(ITEMS, DISABLED, **{**key, "opa": 110, "text_opa": 110})],
         "scrollcont": [style(bg=p["raised"], radius=12)],
         "scrollcont_obj": [style(opa=0, **words)],
     }

@@ -1,17 +1,28 @@
 // Fonts in use, by file and size. Each pair exists once, however many styles use it, and is released with its last
 // user.
-#include "project/look/zof_font.h"
-
 #include <string.h>
 
 #include "drv/zof_drv_file.h"
 #include "project/base/zof_prj_cur.h"
+#include "project/look/zof_font_in.h"
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"
 
 // Above this size the bitmap of a single glyph would take megabytes and would not fit any panel.
 enum { FONT_SIZE_DEFAULT = 16, FONT_SIZE_MAX = 2000, FONT_FILE_MAX = 64 << 20 };
+
+// The fonts after the first: those of the other files, LVGL's symbols, and the one that reports what is missing. The
+// files' fonts are copies that differ in their fallback, because another chain may use the same file.
+struct zof_font_links {
+    struct part {
+        char *name; // owned; its font is held by a reference
+        lv_font_t font;
+    } *parts; // owned; null for a single file, whose font is the entry's own
+    u32 count;
+    lv_font_t symbols, last;
+    zof_font_last missing;
+};
 
 static db_list *font_list() {
     const zof_prj_t *prj = zof_prj_get_cur();
@@ -90,7 +101,7 @@ zof_fontsize_t *zof_fontsize_list_add(db_list *list, u32 size, lv_font_t *font) 
     if (!entry) {
         return nullptr;
     }
-    *entry = {size, font, 0};
+    *entry = {size, font, 0, nullptr};
     if (__db_list_put_tail(list, entry) != 0) {
         zof_free(entry);
         return nullptr;
@@ -129,16 +140,39 @@ static void font_free(lv_font_t *font) {
     }
 }
 
+static void parts_free(zof_font_links_t *links, u32 size) {
+    for (u32 i = 0; i < links->count; i++) {
+        zof_font_delete(links->parts[i].name, size);
+        zof_free(links->parts[i].name);
+    }
+    zof_free(links->parts);
+}
+
+// Releases what an entry owns.
+static void sized_release(zof_fontsize_t *entry) {
+    if (entry->links && entry->links->parts) {
+        parts_free(entry->links, entry->size);
+    } else {
+        font_free(entry->font);
+    }
+    zof_free(entry->links);
+}
+
 s32 zof_fontsize_del(zof_fontsize_t *entry) {
     if (!entry) {
         return -1;
     }
-    font_free(entry->font);
+    sized_release(entry);
     zof_free(entry);
     return 0;
 }
 
+// The letters that it lacks from now on are not reported.
 void zof_font_given_up(const char *path) {
+    zof_font_t *entry = nullptr;
+    for (s32 i = 0; (entry = (zof_font_t *)__db_list_visit(font_list(), i)); i++) {
+        entry->given_up |= strstr(path, entry->name) != nullptr;
+    }
     zof_printf("font %s: disabled because a letter takes too long; it is no longer drawn", path);
 }
 
@@ -192,7 +226,7 @@ static lv_font_t *bin_create(const char *path, const char *name) {
 }
 
 static lv_font_t *font_open(zof_font_t *entry, const char *path, const char *name, u32 size) {
-    if (!IsTTFFile(name)) {
+    if (!IsOutlineFontFile(name)) {
         return bin_create(path, name);
     }
     const char *why = nullptr;
@@ -226,18 +260,95 @@ static void missing_report(const char *path) {
     zof_printf("font %s: cannot be opened; the default font is used", path);
 }
 
-// Returns the entry of an existing file; creates it at the first use of the name.
+static bool is_chain(const char *name) {
+    return strchr(name, ',') != nullptr;
+}
+
+// Returns the entry of an existing file, or of a chain; creates it at the first use of the name.
 static zof_font_t *font_entry(const char *path, const char *name) {
     zof_font_t *entry = zof_font_list_get(name);
     if (entry) {
         return entry;
     }
-    if (!FileExist(path)) {
+    if (!is_chain(name) && !FileExist(path)) {
         missing_report(path);
         return nullptr;
     }
     zof_font_list_add(name);
     return zof_font_list_get(name);
+}
+
+// Copies the next of the names that commas separate, without blanks around it. Returns null at the end.
+static char *name_next(const char **at) {
+    const char *name = *at + strspn(*at, ", ");
+    size_t length = strcspn(name, ",");
+    *at = name + length;
+    while (length > 0 && name[length - 1] == ' ') {
+        length--;
+    }
+    return length > 0 ? zof_text_copy_n(name, length) : nullptr;
+}
+
+// Opens the fonts of a chain, without those that cannot be used.
+static void parts_open(zof_font_links_t *links, const char *names, u32 size) {
+    u32 most = 1;
+    for (const char *c = names; *c; c++) {
+        most += *c == ',';
+    }
+    links->parts = (zof_font_links::part *)zof_malloc(most * sizeof(*links->parts));
+    while (links->parts) {
+        char *name = name_next(&names);
+        const lv_font_t *font = name ? zof_font_create_lvfont(name, size) : nullptr;
+        if (!name) {
+            break;
+        }
+        if (font) {
+            links->parts[links->count++] = {name, *font};
+        } else {
+            zof_free(name);
+        }
+    }
+}
+
+// Puts the fallbacks in order behind the entry's font.
+static void links_join(const zof_font_t *entry, zof_fontsize_t *sized) {
+    zof_font_links_t *links = sized->links;
+    zof_symbols_set_up(&links->symbols, sized->size);
+    links->missing = {.entry = entry, .head = sized->font};
+    zof_font_last_set_up(&links->last, &links->missing);
+    links->symbols.fallback = &links->last;
+    for (u32 i = 0; i < links->count; i++) {
+        links->parts[i].font.fallback = i + 1 < links->count ? &links->parts[i + 1].font : &links->symbols;
+    }
+    if (links->count == 0) {
+        sized->font->fallback = &links->symbols;
+    }
+}
+
+// Creates the font of an entry at a size that is new.
+static zof_fontsize_t *sized_create(zof_font_t *entry, const char *path, u32 size) {
+    auto *links = (zof_font_links_t *)zof_malloc(sizeof(zof_font_links_t));
+    if (!links) {
+        return nullptr;
+    }
+    lv_font_t *font = nullptr;
+    if (is_chain(entry->name)) {
+        parts_open(links, entry->name, size);
+        font = links->count ? &links->parts[0].font : nullptr;
+    } else {
+        font = font_open(entry, path, entry->name, size);
+    }
+    zof_fontsize_t *sized = zof_fontsize_list_add(entry->sizes, size, font);
+    if (!sized) {
+        zof_fontsize_t lost = {size, font, 0, links};
+        sized_release(&lost);
+        return nullptr;
+    }
+    sized->links = links;
+    if (font) {
+        links_join(entry, sized);
+    }
+    return sized;
 }
 
 lv_font_t *zof_font_create_lvfont(const char *name, u32 size) {
@@ -249,11 +360,7 @@ lv_font_t *zof_font_create_lvfont(const char *name, u32 size) {
     zof_font_t *entry = path ? font_entry(path, name) : nullptr;
     zof_fontsize_t *sized = entry ? zof_fontsize_list_get(entry->sizes, size) : nullptr;
     if (entry && !sized) {
-        lv_font_t *font = font_open(entry, path, name, size);
-        sized = zof_fontsize_list_add(entry->sizes, size, font);
-        if (!sized) {
-            font_free(font);
-        }
+        sized = sized_create(entry, path, size);
     }
     zof_free(path);
     if (!sized) {

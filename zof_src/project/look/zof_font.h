@@ -40,22 +40,29 @@ typedef struct {
     zof_font_cache_t *cache;
 } zof_binfont_t;
 
+// What a font falls back to; internal.
+typedef struct zof_font_links zof_font_links_t;
+
 typedef struct {
     u32 size;
-    lv_font_t *font; // owned; null for a refused file, so it is refused only once
-    u32 ref;         // users
+    lv_font_t *font;         // owned; null for a refused file, so it is refused only once
+    u32 ref;                 // users
+    zof_font_links_t *links; // owned; null for a font without fallbacks
 } zof_fontsize_t;
 
 typedef struct {
     char *name;
     db_list *sizes; // of zof_fontsize_t
-    u8 *content;    // a TrueType file as it was when its first size was created, shared by all sizes
+    u8 *content;    // an outline font's file as it was when its first size was created, shared by all sizes
     u32 content_size;
+    u8 given_up; // too costly to draw
 } zof_font_t;
 
-// Returns the font of a file in font/ at a size in pixels, and takes a reference. Size 0 means 16. Returns null without
-// a name, project or file, and, after a message, for an unusable file: the style then keeps its font. For a file that
-// is neither .ttf nor .bin it returns a font that draws nothing. The list owns the font.
+// Returns the font of a file in font/ at a size in pixels, and takes a reference. Size 0 means 16. `name` may be
+// several files separated by commas: a letter is taken from the first one that has it. Letters that none has are taken
+// from LVGL's symbols at the same size; otherwise they are drawn as a box and reported once. Returns null without a
+// name, project or file, and, after a message, for an unusable file: the style then keeps its font. For a file that is
+// neither an outline font nor .bin it returns a font that draws nothing. The list owns the font.
 lv_font_t *zof_font_create_lvfont(const char *name, u32 size);
 // Releases a reference; the last one releases the font. Unknown names and sizes do nothing.
 void zof_font_delete(const char *name, u32 size);

@@ -69,6 +69,15 @@ static void image_fill(lv_style_t *lv, const zof_img_dis_t *image) {
     }
 }
 
+// What LVGL's own theme does to a control in a state: it darkens a pressed one and lets it grow, greys a disabled one,
+// and outlines one that has the focus. A written look shows as it is written.
+static void theme_effects_remove(lv_style_t *lv) {
+    lv_style_set_color_filter_opa(lv, LV_OPA_TRANSP);
+    lv_style_set_transform_width(lv, 0);
+    lv_style_set_transform_height(lv, 0);
+    lv_style_set_outline_width(lv, 0);
+}
+
 s32 zof_style_get_lv_value(zof_style_attr_t *style, lv_style_t *lv_style) {
     if (!style || !lv_style) {
         return -1;
@@ -81,6 +90,9 @@ s32 zof_style_get_lv_value(zof_style_attr_t *style, lv_style_t *lv_style) {
     body_fill(lv_style, &style->body_t);
     text_fill(lv_style, &style->txt_t);
     image_fill(lv_style, &style->img_t);
+    if (style->style_state != LV_STATE_DEFAULT) {
+        theme_effects_remove(lv_style);
+    }
     return 0;
 }
 

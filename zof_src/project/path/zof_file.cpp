@@ -59,6 +59,11 @@ zof_bool IsTTFFile(const char *name) {
     return zof_suffix_is(name, ".ttf");
 }
 
+zof_bool IsOutlineFontFile(const char *name) {
+    return IsTTFFile(name) || zof_suffix_is(name, ".otf") || zof_suffix_is(name, ".ttc") ||
+           zof_suffix_is(name, ".woff");
+}
+
 zof_bool IsPNGFile(const char *name) {
     return zof_suffix_is(name, ".png");
 }

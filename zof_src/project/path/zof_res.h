@@ -112,6 +112,7 @@ zof_bool IsBinFile(const char *name);
 zof_bool IsMp3File(const char *name);
 zof_bool IsMp4File(const char *name);
 zof_bool IsTTFFile(const char *name);
+zof_bool IsOutlineFontFile(const char *name); // .ttf, .otf, .ttc or .woff
 zof_bool IsPNGFile(const char *name);
 zof_bool IsBMPFile(const char *name);
 zof_bool IsJPGFile(const char *name); // ".jpeg" is not one
