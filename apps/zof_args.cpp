@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <string>
 
+#include "bench/bench.h"
 #include "bench/bench_import.h"
 #include "bench/bench_record.h"
 #include "bench_look.h"
@@ -53,9 +54,10 @@ static void options_add(CLI::App &app) {
     port->type_name("PATH|auto");
     app.add_flag("--list-ports", args.list, "print the serial ports with their adapters and who has them");
     app.add_flag("--fullscreen", args.full, "start on the whole screen");
-    app.add_option("--replay", args.replay, "show a trace of ZOF_LINK_TRACE as if a box sent it; no port is opened")
-        ->type_name("FILE")
-        ->excludes(port);
+    auto *replay =
+        app.add_option("--replay", args.replay, "show a trace of ZOF_LINK_TRACE as if a box sent it; no port is opened")
+            ->type_name("FILE");
+    replay->excludes(port);
     app.add_option("--record", args.record, "the folder of recordings and pictures; else the user's documents")
         ->type_name("DIR")
         ->check(CLI::ExistingDirectory);
@@ -66,7 +68,8 @@ static void options_add(CLI::App &app) {
         ->excludes(import);
     app.add_option("--scpi", args.scpi,
                    "let programs measure and set by SCPI; without ADDRESS only those of this machine")
-        ->type_name("[ADDRESS:]PORT");
+        ->type_name("[ADDRESS:]PORT")
+        ->excludes(replay);
     app.add_flag("--headless", args.headless, "show no window; needs no display");
 }
 
@@ -91,6 +94,12 @@ void zof_args_begin(void) {
     if (!args.log.empty()) {
         record_log(args.log.c_str());
         lv_timer_create(log_check, LOG_CHECK_MS, nullptr);
+    }
+    if (!args.replay.empty()) { // every page says so, and what it shows takes no touch
+        const size_t slash = args.replay.find_last_of('/');
+        const char *name = args.replay.c_str() + (slash == std::string::npos ? 0 : slash + 1);
+        snprintf(bench.remote, sizeof(bench.remote), "%.*s", (int)sizeof(bench.remote) - 1, name);
+        bench.replay = true;
     }
 }
 

@@ -16,7 +16,12 @@
 static constexpr int WRITES = 40, FRAMES = 20000;
 
 static bytes readings(u16 ma) {
-    return frame_write(REG_LIVE_MV, {12000, ma, (u16)(ma * 12 / 100)});
+    bytes out;
+    for (const auto &[addr, value] : {std::pair{REG_LIVE_MV, 12000}, {REG_LIVE_MA, ma}, {REG_LIVE_DW, ma * 12 / 100}}) {
+        const bytes frame = frame_write((u16)addr, {(u16)value});
+        out.insert(out.end(), frame.begin(), frame.end());
+    }
+    return out;
 }
 
 static bytes output(u16 on) {

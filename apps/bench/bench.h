@@ -112,11 +112,12 @@ struct bench_t {
     bool in_doubt; // the box has not confirmed `apply`, but may have taken it
     bench_choice_t apply;
     u64 apply_at, not_taken_at;
-    bool off_wanted; // off was pressed while no port was open
+    bool off_wanted; // off was requested, and the box has not said since that it is off
     bool off_said;   // off was requested, and register 22 has not come since
     bool turning_off, turning_on;
     u64 off_at, on_at, deaf_until;
-    u16 last_on_mv; // the set voltage when the output was last on; 0: never
+    u16 last_on_mv; // the voltage when the output was last on: the set one, or what the current limit left of it; 0:
+                    // never
 
     bool limit; // the current limit is inferred
     u64 limit_at;
@@ -140,6 +141,7 @@ struct bench_t {
     u64 locked_at;
     bool averaged_off; // readings are shown as they come
     char remote[48];   // who holds the panel, empty: nobody
+    bool replay;       // `remote` is a recording of a link that is shown: nothing is sent
     bench_preset_t preset[BENCH_PRESETS];
 };
 extern bench_t bench;
@@ -165,6 +167,8 @@ bool bench_live(void);      // not dead
 // The output as it is known: live, and its state came since the last silence.
 bool bench_out_known(void);
 bool bench_is_on(void); // known to be on
+// Whether the output is below its set voltage because the current is at its limit, by the last readings.
+bool bench_limit_acts(void);
 // Whether a press counts: not on a locked panel, which says so for BENCH_NOTE_MS, nor while a remote client holds it,
 // unless it is of what takes the panel back.
 enum bench_press_e { BENCH_PRESS_ANY, BENCH_PRESS_LOCAL };

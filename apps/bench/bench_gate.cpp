@@ -5,6 +5,7 @@
 
 #include "bench/bench.h"
 #include "bench/bench_session.h"
+#include "bench/bench_trend.h"
 #include "hardware/uart/zof_hw_uart.h"
 #include "zof.h"
 
@@ -22,7 +23,9 @@ void bench_gate_start(void) {
 }
 
 void bench_gate_send(u16 addr, u16 value) {
-    zof_reg_report(addr, value);
+    if (!bench.replay) {
+        zof_reg_report(addr, value);
+    }
 }
 
 static bool rail_is(const prof_t &a, const prof_t &b) {
@@ -30,9 +33,15 @@ static bool rail_is(const prof_t &a, const prof_t &b) {
 }
 
 // The voltage that counts as the present one: the set one, or the measured one if that is not known. A request that was
-// not confirmed may have lowered it all the same.
+// not confirmed may have lowered it all the same. While the current limit acts, a higher limit would raise the voltage
+// up to the set one.
+static bool limited() {
+    return bench.mv_known && (bench.limit || bench_limit_acts());
+}
+
 static u16 present_mv() {
-    const u16 mv = bench.set_known ? bench.set.mv : bench.mv_known ? bench.mv : (u16)0;
+    const u16 set = bench.set_known ? bench.set.mv : bench.mv_known ? bench.mv : (u16)0;
+    const u16 mv = limited() ? std::min(set, bench.mv) : set;
     return bench.in_doubt ? std::min(mv, bench.apply.mv) : mv;
 }
 
@@ -62,13 +71,16 @@ bench_toggle_e bench_toggle(void) {
 }
 
 void bench_off(void) {
+    if (bench.replay) {
+        return;
+    }
     bench.turning_on = false;
     bench.turning_off = bench_is_on();
     bench.off_said = !bench_out_known();
     bench.off_at = bench.now;
     bench.deaf_until = bench.now + BENCH_DEAF_MS;
-    bench.off_wanted = bench.port.state != BENCH_PORT_OPEN;
-    if (!bench.off_wanted) {
+    bench.off_wanted = true;
+    if (bench.port.state == BENCH_PORT_OPEN) {
         bench_gate_send(REG_OUT_REQ, 0);
     }
 }
@@ -96,6 +108,9 @@ bool bench_turn_on(bool held) {
 }
 
 void bench_gate_out(bool on) {
+    if (!on && bench.on && limited()) { // the device has not seen more
+        bench.last_on_mv = std::min(bench.last_on_mv, bench.mv);
+    }
     bench.out_known = true;
     bench.on = on;
     bench.off_said = false;
@@ -103,7 +118,7 @@ void bench_gate_out(bool on) {
         bench.turning_on = false;
         bench.last_on_mv = bench.set_known ? bench.set.mv : bench.last_on_mv;
     } else {
-        bench.turning_off = false;
+        bench.turning_off = bench.off_wanted = false;
     }
 }
 
@@ -271,7 +286,9 @@ bool bench_session_reset(void) {
     bench.base_mwh = 0;
     bench.reset_at = bench.now;
     bench.undo = true;
-    session_reset();
+    if (!trend_stopped()) { // the statistics of a recording that is shown stay
+        session_reset();
+    }
     bench_gate_send(REG_SESS_RESET, 1);
     return true;
 }
@@ -282,7 +299,9 @@ bool bench_session_undo(void) {
         return false;
     }
     bench.undo = false;
-    session_undo();
+    if (!trend_stopped()) {
+        session_undo();
+    }
     bench.base_mwh = bench.undo_base + (bench.mwh < bench.undo_mwh ? bench.undo_mwh : 0);
     return true;
 }

@@ -15,15 +15,17 @@ static u16 shown_down(u16 value) {
 bool grid_rail_valid(const prof_t *rail) {
     return rail->type <= RAIL_EPR && rail->vmin <= rail->vmax && rail->vmax > 0 && rail->vmax <= GRID_MV_MAX &&
            rail->imax > 0 && rail->imax <= GRID_MA_MAX &&
-           (!prof_adjustable(rail) || shown_up(rail->vmin) <= shown_down(rail->vmax));
+           (!prof_adjustable(rail) || (shown_up(rail->vmin) <= shown_down(rail->vmax) && shown_down(rail->imax) > 0));
 }
 
 grid_t grid_volts(const prof_t *rail) {
     return {shown_up(rail->vmin), shown_down(rail->vmax), (u16)(rail->type == RAIL_AVS ? GRID_AVS_MV : GRID_PPS_MV)};
 }
 
+// A limit of 0 A is not one of them: boxes take it for the most that the rail can give.
 grid_t grid_amperes(const prof_t *rail) {
-    return {0, shown_down(rail->imax), GRID_MA};
+    const u16 high = shown_down(rail->imax);
+    return {std::min<u16>(GRID_MA, high), high, GRID_MA};
 }
 
 bool grid_has(grid_t grid, u32 value) {

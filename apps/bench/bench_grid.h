@@ -19,7 +19,7 @@ struct grid_t {
 };
 
 // Whether a source may offer this rail: a known type, a range in order, no more than 50 V and 6 A, and, if it is
-// adjustable, a voltage to set.
+// adjustable, a voltage and a current to set.
 bool grid_rail_valid(const prof_t *rail);
 
 // The volts and the amperes of an adjustable rail.

@@ -144,7 +144,7 @@ static void seen() {
 
 // The current limit -----------------------------------------------------------------------------------------------
 // The board does not report it: on an adjustable rail the current is at the limit and the voltage below the set one.
-static bool limit_now() {
+bool bench_limit_acts(void) {
     if (!bench_is_on() || !bench.set_known || bench.rail >= bench.rails.count ||
         !prof_adjustable(&bench.rails.rail[bench.rail])) {
         return false;
@@ -155,7 +155,7 @@ static bool limit_now() {
 
 // It shows, and goes, when that has been so for BENCH_LIMIT_MS.
 static void limit_tick() {
-    const bool next = limit_now();
+    const bool next = bench_limit_acts();
     if (next != bench.limit_next) {
         bench.limit_next = next;
         bench.limit_at = bench.now;
@@ -250,7 +250,11 @@ void bench_take(u16 addr, u16 value) {
         bench_gate_out(value != 0);
         break;
     case REG_RAIL_ACTIVE:
-        bench_gate_rail((u8)value);
+        if (value < RAIL_MAX || value == RAIL_NONE) {
+            bench_gate_rail((u8)value);
+        } else { // garbled; the answer names the rail again
+            bench_rails_ask();
+        }
         break;
     case REG_BOX_VERSION: // the box has started
         lost();
@@ -273,15 +277,18 @@ void bench_take_port(const bench_port_t *port) {
     now_set();
     const bool opened =
         port->state == BENCH_PORT_OPEN && (bench.port.state != BENCH_PORT_OPEN || bench.port.opened != port->opened);
-    if (port->state != bench.port.state) {
+    const bool changed = port->state != bench.port.state;
+    if (changed) {
         bench.port_at = bench.now;
     }
     bench.port = *port;
     if (!bench.dead && (opened || port->state != BENCH_PORT_OPEN)) {
         lost();
+    } else if (changed && !opened) {
+        record_gap();
     }
     if (opened) {
-        if (bench.off_wanted) {
+        if (bench.off_wanted) { // perhaps to another box than it was meant for, which off does not harm
             bench_off();
         }
         ask_all();

@@ -64,8 +64,10 @@ void strip_paint(u32 view) {
     live_paint(view);
     paint_shown(at(VIEW2_STRIP_DOT_ID), known);
     paint_shown(at(VIEW2_STRIP_STATE_ID), known);
+    paint_words(at(VIEW2_STRIP_TURN_OFF_ID), bench_toggle() == BENCH_TOGGLE_STILL_ON ? TEXT_OFF_AGAIN : TEXT_OFF_SHORT);
     paint_shown(at(VIEW2_STRIP_TURN_OFF_ID), !known || bench.on);
     paint_look(at(VIEW2_STRIP_TURN_OFF_ID), known ? 0 : LOOK_DEAD);
+    paint_words(at(VIEW2_STRIP_REMOTE_ID), bench.replay ? TEXT_REPLAY : TEXT_REMOTE);
     paint_shown(at(VIEW2_STRIP_REMOTE_ID), bench.remote[0] != '\0');
     paint_shown(at(VIEW2_STRIP_RECORDING_ID), record_runs());
     paint_shown(at(VIEW2_STRIP_LIMIT_ID), bench.limit && !bench.remote[0]);

@@ -28,7 +28,8 @@ WORDS = {
     "tab_output": ("Output", "Ausgang"), "tab_rails": ("Rails", "Profile"), "tab_trend": ("Trend", "Verlauf"),
     "tab_settings": ("Settings", "Einstellungen"), "tab_about": ("About", "Info"),
     "strip_on": ("Output on", "Ausgang ein"), "strip_off": ("Output off", "Ausgang aus"),
-    "off_short": ("Turn off", "Ausschalten"), "limit_line": ("Current limit", "Stromgrenze"), "remote": ("Remote", "Remote"),
+    "off_short": ("Turn off", "Ausschalten"), "limit_line": ("Current limit", "Stromgrenze"), "remote": ("Remote", "Remote"), "replay": ("Replay", "Aufnahme"),
+    "off_again": ("Still on: off", "Noch ein: aus"),
     # Why nothing is known: {0} the port, {1} the age, {2} the group or the program
     "looking": ("Looking for the box at {0}", "Netzteil wird an {0} gesucht"),
     "no_data": ("No data from the box for {1}", "Seit {1} keine Daten vom Netzteil"),

@@ -10,7 +10,7 @@ WORDS.update({
     # {0} a number of frames, {1} an age, {2} a number of bytes
     "link_good": ("connected, last frame {1} ago", "steht, zuletzt vor {1}"), "link_silent": ("open, but silent", "offen, aber stumm"),
     "link_none": ("not connected", "nicht verbunden"),
-    "frames_rate": ("{0} a second, {2} bytes skipped", "{0} je Sekunde, {2} Byte Reste"),
+    "frames_rate": ("{0}/s, {2} bytes skipped", "{0}/s, {2} Byte Reste"),
     "a_kinds": ("Kinds of rail", "Arten von Profilen"), "a_fix": ("one fixed voltage", "eine feste Spannung"),
     "a_pps": ("adjustable in fine steps", "in feinen Stufen einstellbar"),
     "a_avs": ("adjustable over a wide range", "in weitem Bereich einstellbar"), "a_epr": ("extended range, above 20 V", "erweitert, über 20 V"),

@@ -13,7 +13,7 @@ WORDS.update({
     "set_line": ("Set {0}, {1} max, {2}", "Soll {0}, max. {1}, {2}"), "last_set": ("Last set {0}, {1} max", "Zuletzt {0}, max. {1}"),
     "set_unknown": ("Set values not known, {2}", "Sollwerte unbekannt, {2}"),
     "set_unknown_plain": ("Set values not known", "Sollwerte unbekannt"), "no_rail": ("No rail applied", "Kein Profil angewendet"),
-    "fixed": ("fixed", "fest"), "remote_is": ("Remote: {0}", "Remote: {0}"), "local": ("Local", "Lokal"),
+    "fixed": ("fixed", "fest"), "remote_is": ("Remote: {0}", "Remote: {0}"), "replay_is": ("Replay: {0}", "Aufnahme: {0}"), "local": ("Local", "Lokal"),
 })
 
 BIG, MID = 112, 56

@@ -21,6 +21,7 @@ WORDS.update({
     "port_none": ("Nothing is plugged in there: plug the box in, or press Change",
                   "Dort steckt nichts: Netzteil anschließen oder Wechseln"),
     "port_gone": ("The cable is out: plug it in again", "Kabel ab: wieder anschließen"),
+    "port_first_off": ("Turn the output off first", "Erst den Ausgang ausschalten"),
     "port_no_other": ("No other port was found", "Kein anderer Anschluss gefunden"), "port_error": ("{2}", "{2}"),
     "port_unset": ("No port is set: press Change", "Kein Anschluss gewählt: Wechseln"),
 })

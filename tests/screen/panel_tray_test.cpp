@@ -114,7 +114,7 @@ TEST_CASE("rails: every value of a PPS and of an AVS rail is reached by steps or
             }
             screen_click(PLUS_X, VOLTS_Y);
         }
-        for (u16 ma = 0;; ma = grid_step(amperes, ma, 1)) {
+        for (u16 ma = amperes.low;; ma = grid_step(amperes, ma, 1)) {
             char text[16];
             snprintf(text, sizeof(text), "%u.%02u", ma / 1000, ma % 1000 / 10);
             type_value(AMPERES_Y, text);

@@ -52,7 +52,7 @@ TEST_CASE("bench: off is sent at every press while the output is on or not known
     CHECK(bench_toggle() != BENCH_TOGGLE_UNKNOWN_SAID);
 }
 
-TEST_CASE("bench: off that is pressed without a port is the first thing that a port is sent") {
+TEST_CASE("bench: off is the first thing that a port is sent, until the box says that it is off") {
     start();
     open_port(BENCH_PORT_GONE);
     CHECK((bench_age() == BENCH_DEAD && bench_toggle_down() && said().empty()));
@@ -60,7 +60,12 @@ TEST_CASE("bench: off that is pressed without a port is the first thing that a p
     CHECK(said() == reports{{REG_OUT_REQ, 0}, {REG_SETTINGS_REQUEST, 1}, {REG_RAIL_REQUEST, 1}});
     open_port(BENCH_PORT_GONE);
     open_port();
-    CHECK(said() == reports{{REG_SETTINGS_REQUEST, 1}, {REG_RAIL_REQUEST, 1}}); // once
+    CHECK(said() == reports{{REG_OUT_REQ, 0}, {REG_SETTINGS_REQUEST, 1}, {REG_RAIL_REQUEST, 1}});
+    bench_take(REG_OUT_STATE, 0);
+    said();
+    open_port(BENCH_PORT_GONE);
+    open_port();
+    CHECK(said() == reports{{REG_SETTINGS_REQUEST, 1}, {REG_RAIL_REQUEST, 1}});
 }
 
 TEST_CASE("bench: turning on at more than the last time needs a hold, and so does a set voltage that is not known") {
@@ -81,6 +86,40 @@ TEST_CASE("bench: turning on at more than the last time needs a hold, and so doe
     CHECK(!bench_turn_on(true));
 }
 
+TEST_CASE("bench: while the current limit acts, what would raise the voltage is held, now and at the next turning on") {
+    start();
+    applied({7, 21000, 500});
+    bench_take(REG_OUT_STATE, 1);
+    live(100, 5000, 500);
+    CHECK(bench_apply_how({7, 21000, 5000}) == BENCH_APPLY_HOLD);
+    CHECK(bench_apply_how({4, 20000, 5000}) == BENCH_APPLY_HOLD);
+    CHECK(bench_apply_how({7, 5000, 5000}) == BENCH_APPLY_CLICK);
+    bench_take(REG_OUT_STATE, 0);
+    live(700, 0, 0);
+    CHECK(bench_toggle() == BENCH_TOGGLE_HOLD); // the device has seen 5 V
+}
+
+TEST_CASE("bench: of a garbled rail nothing is believed, and the rail is asked for again") {
+    start();
+    applied({7, 12000, 1000});
+    bench_take(REG_RAIL_ACTIVE, 90);
+    CHECK((bench.set_known && bench.rail == 7 && said() == reports{{REG_RAIL_REQUEST, 1}}));
+    bench_take(REG_RAIL_ACTIVE, RAIL_NONE);
+    CHECK((!bench.set_known && bench.rail == RAIL_NONE));
+}
+
+TEST_CASE("bench: while a recording of a link is shown nothing is sent, and nothing takes a press") {
+    start();
+    strcpy(bench.remote, "box.txt");
+    bench.replay = true;
+    bench_take(REG_OUT_STATE, 1);
+    bench_toggle_down();
+    bench_rails_ask();
+    CHECK((said().empty() && bench_toggle() == BENCH_TOGGLE_ON && !bench_press()));
+    bench.replay = false;
+    bench.remote[0] = '\0';
+}
+
 TEST_CASE("bench: with the output on, a voltage above the set one is applied only by holding") {
     start();
     applied({7, 12000, 1000});
@@ -93,8 +132,9 @@ TEST_CASE("bench: with the output on, a voltage above the set one is applied onl
         {{7, 12020, 1000}, BENCH_APPLY_HOLD},  {{10, 48000, 5000}, BENCH_APPLY_HOLD},
         {{0, 5000, 5000}, BENCH_APPLY_CLICK},  {{0, 5000, 1000}, BENCH_APPLY_NO},
         {{7, 12010, 1000}, BENCH_APPLY_NO},    {{7, 12000, 1020}, BENCH_APPLY_NO},
-        {{7, 21020, 1000}, BENCH_APPLY_NO},    {{11, 9050, 1000}, BENCH_APPLY_NO},
-        {{11, 9100, 3250}, BENCH_APPLY_CLICK}, {{13, 5000, 5000}, BENCH_APPLY_NO},
+        {{7, 12000, 0}, BENCH_APPLY_NO},       {{7, 21020, 1000}, BENCH_APPLY_NO},
+        {{11, 9050, 1000}, BENCH_APPLY_NO},    {{11, 9100, 3250}, BENCH_APPLY_CLICK},
+        {{13, 5000, 5000}, BENCH_APPLY_NO},
     };
     for (const auto &row : rows) {
         CAPTURE((int)row.choice.rail);

@@ -54,10 +54,10 @@ typedef struct {
     ROW(19,  SESS_MWH_LO,      1,  BOARD, "mWh", 1,     REG_WORD,                 "energy of the session, low half") \
     ROW(20,  SESS_MWH_HI,      1,  BOARD, "mWh", 65536, REG_WORD,                 "energy of the session, high half") \
     ROW(22,  OUT_STATE,        1,  BOARD, "",    1,     REG_FLAG,                 "output: 0 off, otherwise on") \
-    ROW(23,  RAIL_ACTIVE,      1,  BOARD, "",    1,     REG_RAIL,                 "index of the active rail") \
+    ROW(23,  RAIL_ACTIVE,      1,  BOARD, "",    1,     REG_WORD,                 "index of the active rail, 255 without one; the panel takes other numbers for faults of the line") \
     ROW(24,  BOX_VERSION,      1,  BOARD, "",    1,     REG_WORD,                 "the box has started, and its version: major and minor, a byte each") \
     ROW(32,  ADJ_MV,           1,  PANEL, "mV",  1,     REG_WORD,                 "voltage for an adjustable rail, sent before it is applied") \
-    ROW(33,  ADJ_MA,           1,  PANEL, "mA",  1,     REG_WORD,                 "current limit for an adjustable rail, sent before it is applied") \
+    ROW(33,  ADJ_MA,           1,  PANEL, "mA",  1,     REG_WORD,                 "current limit for an adjustable rail, sent before it is applied; never 0") \
     ROW(34,  OUT_REQ,          1,  PANEL, "",    1,     REG_LIMITS(16, 0, 1),     "request: output off (0) or on (1); answered by OUT_STATE") \
     ROW(35,  RAIL_SELECT,      1,  PANEL, "",    1,     REG_RAIL,                 "request: index of the rail to apply; answered by RAIL_ACTIVE") \
     ROW(36,  RAIL_REQUEST,     1,  PANEL, "",    1,     REG_LIMITS(16, 1, 1),     "request: send the rail table") \

@@ -133,9 +133,9 @@ static void session_paint() {
 }
 
 static void remote_paint() {
-    paint_words(view1(VIEW1_REMOTE_ID), TEXT_REMOTE_IS, bench.remote);
+    paint_words(view1(VIEW1_REMOTE_ID), bench.replay ? TEXT_REPLAY_IS : TEXT_REMOTE_IS, bench.remote);
     paint_shown(view1(VIEW1_REMOTE_ID), bench.remote[0] != '\0');
-    paint_shown(view1(VIEW1_LOCAL_ID), bench.remote[0] != '\0');
+    paint_shown(view1(VIEW1_LOCAL_ID), bench.remote[0] != '\0' && !bench.replay);
 }
 
 static void lock_paint() {
@@ -248,7 +248,7 @@ static void reset_event(zof_ctrl_t *ctrl, zof_event_e event) {
 }
 
 static void local_event(zof_ctrl_t *, zof_event_e event) {
-    if (ui_takes(event, BENCH_PRESS_LOCAL) && event == ZOF_EVENT_CLICKED) {
+    if (ui_takes(event, BENCH_PRESS_LOCAL) && event == ZOF_EVENT_CLICKED && !bench.replay) {
         bench.remote[0] = '\0';
         ui_paint();
     }

@@ -32,7 +32,8 @@ static u32 rate() {
 
 static void link_paint() {
     char age[PAINT_NUMBER_SIZE], frames[PAINT_NUMBER_SIZE], skipped[PAINT_NUMBER_SIZE];
-    snprintf(frames, sizeof(frames), "%u", rate());
+    const u32 per_second = rate();
+    snprintf(frames, sizeof(frames), "%u", bench_live() ? per_second : 0);
     snprintf(skipped, sizeof(skipped), "%u", g_link.skipped);
     paint_text(view3(VIEW3_PORT_ID), bench.port.path[0] ? bench.port.path : "-");
     if (bench_live()) {

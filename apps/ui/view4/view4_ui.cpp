@@ -19,7 +19,7 @@ static struct {
 } slider;
 
 // The last touch on Change found no other port; said for BENCH_NOTE_MS.
-static bool port_alone;
+static bool port_alone, port_on; // why it was not changed
 static u64 port_said_at;
 
 static para_t *view4(u32 id) {
@@ -90,8 +90,9 @@ static void port_paint() {
     para_t *state = view4(VIEW4_PORT_STATE_ID);
     paint_look(state, bench_live() ? 0 : LOOK_DEAD);
     paint_text(view4(VIEW4_PORT_ID), port.path[0] ? port.path : "-");
-    if (port_alone && bench.now - port_said_at < BENCH_NOTE_MS) {
-        paint_words(state, TEXT_PORT_NO_OTHER);
+    const bool says = bench.now - port_said_at < BENCH_NOTE_MS;
+    if (says && (port_on || port_alone)) {
+        paint_words(state, port_on ? TEXT_PORT_FIRST_OFF : TEXT_PORT_NO_OTHER);
     } else if (bench_live()) {
         paint_words(state, TEXT_PORT_GOOD, "115 200", age);
     } else {
@@ -113,7 +114,8 @@ void view4_paint(void) {
     option_paint(VIEW4_ENGLISH_GROUND_ID, VIEW4_ENGLISH_ID, !german);
     option_paint(VIEW4_GERMAN_GROUND_ID, VIEW4_GERMAN_ID, german);
     static u64 second = UINT64_MAX;
-    if (second != bench.now / 1000 || !bench_live() || port_alone) { // digits that change faster cannot be read
+    if (second != bench.now / 1000 || !bench_live() || port_alone ||
+        port_on) { // digits that change faster cannot be read
         second = bench.now / 1000;
         port_paint();
     }
@@ -162,10 +164,15 @@ static void bright_event(zof_ctrl_t *ctrl, zof_event_e event) {
     ui_paint();
 }
 
-// Moves to the next port that the system has; page and strip say what comes of it.
+// Moves to the next port that the system has; page and strip say what comes of it. Not away from a box that is on: the
+// panel could not turn it off any more.
 static void port_do() {
-    port_alone = zof_box_port_next() != 0;
+    port_on = bench_is_on();
     port_said_at = bench.now;
+    if (port_on) {
+        return;
+    }
+    port_alone = zof_box_port_next() != 0;
 }
 
 static void english_do() {

@@ -26,6 +26,14 @@ static const char *ago_words(char *out, u64 ms) {
     return out;
 }
 
+void trend_clock(char *out, u64 at, bool seconds) {
+    const u32 s = trend_day_ms(at) / 1000;
+    const int n = snprintf(out, TREND_TEXT, "%u:%02u", s / 3600, s / 60 % 60);
+    if (seconds) {
+        snprintf(out + n, TREND_TEXT - (size_t)n, ":%02u", s % 60);
+    }
+}
+
 // Values ----------------------------------------------------------------------------------------------------------
 // Volts in hundredths, amperes in thousandths, watts in tenths; with `unit` or, if it is empty, without.
 static const char *volts_words(char *out, bool known, u32 mv, const char *unit) {
@@ -73,7 +81,12 @@ static void cursor_paint(const trend_point_t *point) {
     char text[TREND_TEXT];
     const u32 low = point ? trend_value(point, trend_low_what()) : 0;
     paint_words(view5(VIEW5_WHEN_ID), TEXT_T_CURSOR);
-    paint_words(view5(VIEW5_AGO_ID), TEXT_T_AGO, ago_words(text, trend_now() - trend_page.cursor_at));
+    if (trend_stopped()) { // a recording is not from now
+        trend_clock(text, trend_page.cursor_at, true);
+        paint_text(view5(VIEW5_AGO_ID), text);
+    } else {
+        paint_words(view5(VIEW5_AGO_ID), TEXT_T_AGO, ago_words(text, trend_now() - trend_page.cursor_at));
+    }
     paint_text(view5(VIEW5_AT_VOLTS_ID), volts_words(text, point != nullptr, point ? point->mv : 0, " V"));
     paint_text(view5(VIEW5_AT_LOW_ID), low_words(text, point != nullptr, low, trend_page.watts ? " W" : " A"));
 }

@@ -32,6 +32,9 @@ trend_what_e trend_low_what(); // the lower pane's
 u64 trend_session_ms();
 u8 trend_parts();
 
+// Writes a time of day, "9:05" or, with seconds, "9:05:07".
+void trend_clock(char *out, u64 at, bool seconds);
+
 // Paints the numbers at the right; `at` is the report at the cursor, or null.
 void trend_numbers_paint(const trend_point_t *at);
 

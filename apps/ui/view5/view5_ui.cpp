@@ -197,14 +197,6 @@ static void panes_paint(const trend_point_t *at) {
 }
 
 // Times -----------------------------------------------------------------------------------------------------------
-static void clock_words(char *out, u64 at, bool seconds) {
-    const u32 s = trend_day_ms(at) / 1000;
-    const int n = snprintf(out, TREND_TEXT, "%u:%02u", s / 3600, s / 60 % 60);
-    if (seconds) {
-        snprintf(out + n, TREND_TEXT - (size_t)n, ":%02u", s % 60);
-    }
-}
-
 static void times_paint() {
     static constexpr u32 ids[TREND_PARTS] = {VIEW5_TIME0_ID, VIEW5_TIME1_ID, VIEW5_TIME2_ID,
                                              VIEW5_TIME3_ID, VIEW5_TIME4_ID, VIEW5_TIME5_ID};
@@ -217,14 +209,14 @@ static void times_paint() {
         const bool shown = i < trend_parts() && i % step == 0;
         paint_shown(label, shown);
         if (shown) {
-            clock_words(text, trend_now() - part * (trend_parts() - i), part % MINUTE != 0);
+            trend_clock(text, trend_now() - part * (trend_parts() - i), part % MINUTE != 0);
             paint_text(label, clock ? text : trend_spans[trend_page.span].words[i]);
             const s32 x = PANE_X + (PLOT_WIDTH * (s32)i + trend_parts() / 2) / trend_parts();
             paint_place(label, x - 44, LOW_Y + LOW_H + 4, 88, 24);
         }
     }
     if (trend_stopped()) {
-        clock_words(text, trend_now(), part % MINUTE != 0);
+        trend_clock(text, trend_now(), part % MINUTE != 0);
         paint_text(view5(VIEW5_TIME_NOW_ID), text);
     } else {
         paint_words(view5(VIEW5_TIME_NOW_ID), TEXT_T_END);
