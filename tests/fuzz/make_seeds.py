@@ -171,8 +171,10 @@ def project_files():
     names = re.findall(r'\{"([a-z0-9_ ]+)", \w+\}', text)
     values = [f'"{name}"' for name in sorted(set(names))] + ['"#FA0"', '"#12aB9f"', '"pressed+checked"']
     values += '-1 255 65535 2147483647 -2147483648 4294967295 1e9 true null [] {} "#hello" "t.ttf" "red.png" "youth"'.split()
-    seeds("project_files", {name: bytes([kind]) + json.dumps(record).encode() for name, (kind, record) in files.items()},
-          [word.encode() for word in [f'"{key}":' for key in keys] + values])
+    inputs = {name: bytes([kind]) + json.dumps(record).encode() for name, (kind, record) in files.items()}
+    words = [word.encode() for word in [f'"{key}":' for key in keys] + values]
+    seeds("project_files", inputs, words)
+    seeds("check", inputs | {"ignore": b"\5key-unknown config/view/one.g:* none\n"}, words)
 
 
 def jdoc():

@@ -32,6 +32,14 @@ for folder in "$work" "$work/res/"; do
 done
 ends 1 "$build/tools/zof" check "$work" --format json
 says '"line": 1, "column": 80, "severity": "error", "rule": "file-missing", "key": "views[0].pageName"'
+mkdir -p "$work/res/config/view"
+printf '{"view": {"bg_color": 255}}' >"$work/res/config/view/f.g"
+ends 1 "$build/tools/zof" fmt --check "$work/res/config/view/f.g"
+ends 0 "$build/tools/zof" fmt "$work/res/config/view/f.g"
+[ "$(cat "$work/res/config/view/f.g")" = '{"view": {"bg_color": "#0000FF"}}' ] || fail "the file has no names"
+ends 0 "$build/tools/zof" fmt --check "$work/res/config/view/f.g"
+ends 3 "$build/tools/zof" fmt "$work/none.g"
+rm -r "$work/res/config/view"
 ends 2 "$build/tools/zof" check
 ends 3 "$build/tools/zof" check "$work/none"
 ends 1 env ZOF_STRICT=1 "$build/panel/zof_bench"
