@@ -185,6 +185,7 @@ static const struct {
     {view_g, "\"on.png\"", "\"om.png\"", "10:83: error: there is no image/om.png; did you mean on.png? [file-missing]"},
     {view_g, "\"on.png\"", "\"../on.png\"", "10:83: error: leads out of its folder [file-name]"},
     {view_g, "\"f.bin\"", "\"f.bim\"", "10:36: error: there is no font/f.bim; did you mean f.bin? [file-missing]"},
+    {view_g, "\"f.bin\"", "\"f.bin, g.otf\"", "10:36: error: there is no font/g.otf [file-missing]"},
     {"image/on.png", "", "no picture", "1:1: error: not a PNG picture [file-damaged]"},
     {"font/f.bin", "", "no", "1:1: error: not a font [file-damaged]"},
     {view_g, "\"theme\": \"\",", "\"theme\": \"night\",", "14:23: warning: there is no theme night [theme]"},

@@ -7,6 +7,7 @@
 #include "lvgl.h"
 #include "project/look/zof_font.h"
 #include "project/look/zof_picture.h"
+#include "project/path/zof_res.h"
 #include "zof_lib/zof_util.h"
 
 // Returns why a picture cannot be shown; null if it can.
@@ -33,7 +34,7 @@ static bool is_picture(const char *path) {
 }
 
 static bool is_font(const char *path) {
-    return zof_suffix_is(path, ".ttf") || zof_suffix_is(path, ".bin");
+    return IsOutlineFontFile(path) || IsBinFile(path);
 }
 
 void check_media(check_run_t *c) {

@@ -166,11 +166,14 @@ bool check_text(const check_file_t *file, u32 object, const char *key, char *out
 static const struct {
     zof_cat_kind_e kind;
     const char *folder;
-    const char *suffixes[5];
+    const char *suffixes[6];
     const char *said;
 } resources[] = {
     {ZOF_CAT_PICTURE, "image/", {".png", ".jpg", ".jpeg", ".gif"}, "pictures are .png, .jpg or .gif files"},
-    {ZOF_CAT_FONT, "font/", {".ttf", ".bin"}, "fonts are .ttf or .bin files; with others no text is drawn"},
+    {ZOF_CAT_FONT,
+     "font/",
+     {".ttf", ".otf", ".ttc", ".woff", ".bin"},
+     "fonts are .ttf, .otf, .ttc, .woff or .bin files; with others no text is drawn"},
     {ZOF_CAT_SOUND, "sound/", {".wav", ".mp3", ".aac"}, "sounds are .wav, .mp3 or .aac files"},
     {ZOF_CAT_CLIP, "video/", {""}, ""},
 };
@@ -188,6 +191,21 @@ static void resource_check(check_run_t *c, const check_file_t *file, u32 node, z
             !suffix_known(name, row.suffixes)) {
             check_report(c, file, node, CHECK_FILE_NAME, "%s", row.said);
         }
+    }
+}
+
+// Fonts may be a chain of files, which commas separate.
+static void fonts_check(check_run_t *c, const check_file_t *file, u32 node, char *names) {
+    for (char *name = names + std::strspn(names, ", "); *name; name += std::strspn(name, ", ")) {
+        char one[TEXT_SIZE];
+        const size_t length = std::strcspn(name, ",");
+        size_t end = length;
+        while (end > 0 && name[end - 1] == ' ') {
+            end--;
+        }
+        std::snprintf(one, sizeof one, "%.*s", (int)end, name);
+        resource_check(c, file, node, ZOF_CAT_FONT, one);
+        name += length;
     }
 }
 
@@ -227,6 +245,8 @@ static void text_check(check_run_t *c, const check_file_t *file, u32 node, zof_c
         check_word_use(c, file, node, text);
     } else if (kind == ZOF_CAT_OPTIONS) {
         options_check(c, file, node, text);
+    } else if (kind == ZOF_CAT_FONT) {
+        fonts_check(c, file, node, text);
     } else if (kind == ZOF_CAT_FOLDER) {
         folder_check(c, file, node, text);
     } else {

@@ -241,7 +241,7 @@ const char *zof_font_fault(const char *path) {
     lv_font_t font = {};
     zof_font_t entry = {};
     const char *why = "not a font";
-    if (!IsTTFFile(path)) {
+    if (!IsOutlineFontFile(path)) {
         return zof_binfont_create(&font, path) == 0 && zof_binfont_delete(&font) == 0 ? nullptr : why;
     }
     lv_font_t *made = ttf_create(&entry, path, FONT_SIZE_DEFAULT, &why);

@@ -67,7 +67,7 @@ lv_font_t *zof_font_create_lvfont(const char *name, u32 size);
 // Releases a reference; the last one releases the font. Unknown names and sizes do nothing.
 void zof_font_delete(const char *name, u32 size);
 
-// Returns why a .ttf or .bin file is not a usable font; null if it is one. Needs no project.
+// Returns why an outline or .bin file is not a usable font; null if it is one. Needs no project.
 const char *zof_font_fault(const char *path);
 
 // Opens a bitmap font; the caller owns the result. Returns null when the file cannot be read or is not a font, or
