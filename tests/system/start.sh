@@ -22,8 +22,8 @@ says "No work path found"
 
 project '{"views": [}'
 ends 1 "$build/panel/zof_bench"
-says "zofprj.g:1:12: parse error"
-[ "$(grep -c "parse error" "$work/out.log")" -eq 1 ] || fail "a fault of the project file is printed twice:"
+says "zofprj.g:1:12: expected a value, found"
+[ "$(grep -c "expected a value" "$work/out.log")" -eq 1 ] || fail "a fault of the project file is printed twice:"
 # What a check finds, and a program that does not start with it.
 project '{"width": 9, "height": 9, "start_page": 1, "views": [{"pageId": 1, "pageName": "none.g"}]}'
 for folder in "$work" "$work/res/"; do

@@ -3,22 +3,30 @@
 
 #include "project/read/zof_fault.h"
 #include "project/read/zof_j2s.h"
+#include "zof_lib/zof_jdoc.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"
 
-// Returns what is wrong with a parsed text as a whole, with its place, or null.
-static const char *whole_fault(const cJSON *root, const char *text, const char **at) {
-    if (!root) {
-        return "parse error";
+// Reports what is wrong with a text. The parser keeps no places and has no reasons, so it is read again.
+static void faults_report(const char *path, const char *text) {
+    zof_jdoc_t doc;
+    if (zof_jdoc_read(&doc, text, std::strlen(text)) < 0) {
+        return;
     }
-    if (!cJSON_IsObject(root)) {
-        *at = text;
-        return "expected an object";
+    for (u32 i = 0; i < doc.fault_count; i++) {
+        zof_fault_in_text(path, text, text + doc.faults[i].at, "%s", doc.faults[i].text);
     }
-    while (**at && (u8) * *at <= ' ') {
-        ++*at;
+    if (doc.count && doc.nodes[0].kind != ZOF_J_OBJECT) {
+        zof_fault_in_text(path, text, text + doc.nodes[0].at, "expected an object");
     }
-    return **at ? "text after the end of the object" : nullptr;
+    zof_jdoc_free(&doc);
+}
+
+static bool is_blank(const char *text) {
+    while (*text && (u8)*text <= ' ') {
+        text++;
+    }
+    return !*text;
 }
 
 cJSON *zof_j2s_parse(const char *path, const char *text) {
@@ -26,19 +34,17 @@ cJSON *zof_j2s_parse(const char *path, const char *text) {
         return nullptr;
     }
     zof_fault_file_begin();
-    const char *at = text;
-    cJSON *root = cJSON_ParseWithOpts(text, &at, 0);
-    const char *fault = whole_fault(root, text, &at);
-    if (fault) {
-        zof_fault_in_text(path, text, at, "%s", fault);
-        cJSON_Delete(root);
-        return nullptr;
+    const char *end = text;
+    cJSON *root = cJSON_ParseWithOpts(text, &end, 0);
+    const bool whole = cJSON_IsObject(root) && is_blank(end);
+    if (!whole || zof_utf8_bad(text, std::strlen(text))) {
+        faults_report(path, text);
     }
-    const char *bad = zof_utf8_bad(text, std::strlen(text));
-    if (bad) {
-        zof_fault_in_text(path, text, bad, "byte %02X is not UTF-8; the file must be saved as UTF-8", (u8)*bad);
+    if (whole) {
+        return root;
     }
-    return root;
+    cJSON_Delete(root);
+    return nullptr;
 }
 
 static zof_rootjson_t root_of(const char *path, char *text) {
