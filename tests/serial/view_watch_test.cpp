@@ -94,6 +94,15 @@ TEST_CASE("a watched folder shows each save, keeps the last good picture, and sa
     CHECK(contains(w.session.note, "home.g:1:"));
     CHECK(!w.session.note_grave);
 
+    // A view that is gone for a moment is shown again when it is back.
+    const std::string project = file_text(w.project.path("config/project/zofprj.g"));
+    std::string without = project;
+    without.replace(without.find("home.g"), 6, "none.g");
+    w.project.write("config/project/zofprj.g", without);
+    CHECK(w.until([&] { return w.pixel() != 0xFF0000; }));
+    w.project.write("config/project/zofprj.g", project);
+    CHECK(w.until([&] { return w.pixel() == 0xFF0000; }));
+
     kill(w.session.shown.process, SIGSEGV);
     CHECK(w.until([&] { return contains(w.session.note, "the player ended with"); }));
     CHECK(w.pixel() == 0xFF0000);

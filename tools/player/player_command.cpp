@@ -106,6 +106,7 @@ static std::string cmd_load(const cJSON *args, cJSON *reply) {
         lv_refr_now(nullptr);
         player_picture_publish();
         project_describe(reply);
+        cJSON_AddItemToObject(reply, "state", player_snapshot());
     }
     if (fault.empty() && !zof_prj_get_cur()->cur_view[ZOF_LAYER_UI]) {
         fault = "no view can be shown";

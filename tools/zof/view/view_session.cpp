@@ -76,6 +76,8 @@ static void next_show(view_session_t *session, const cJSON *reply) {
     session->state_id = 0;
     cJSON_Delete(session->project);
     session->project = cJSON_Duplicate(reply, 1);
+    cJSON_Delete(session->restored);
+    session->restored = cJSON_DetachItemFromObject(session->project, "state");
     if (session->live) {
         view_player_send(&session->shown, view_command("link"));
     }
@@ -117,6 +119,22 @@ static void next_poll(view_session_t *session) {
     cJSON_Delete(reply);
 }
 
+// What nobody has changed since the player was loaded stays as it was given to it: a view or a value that the project
+// lacked for a moment is there again when the project has it again.
+static void state_take(view_session_t *session, const cJSON *now) {
+    cJSON *state = cJSON_Duplicate(now, 1);
+    for (const cJSON *part = now ? now->child : nullptr; part; part = part->next) {
+        const cJSON *given = cJSON_GetObjectItem(session->state, part->string);
+        if (given && cJSON_Compare(part, cJSON_GetObjectItem(session->restored, part->string), 1)) {
+            cJSON_ReplaceItemInObject(state, part->string, cJSON_Duplicate(given, 1));
+        }
+    }
+    if (state) {
+        cJSON_Delete(session->state);
+        session->state = state;
+    }
+}
+
 static void shown_take(view_session_t *session, const cJSON *line, bool *frame) {
     *frame = *frame || is_event(line, "frame");
     if (is_event(line, "message")) {
@@ -124,11 +142,7 @@ static void shown_take(view_session_t *session, const cJSON *line, bool *frame) 
     }
     if (is_reply(line, session->state_id)) {
         session->state_id = 0;
-        cJSON *state = cJSON_DetachItemFromObject((cJSON *)line, "state");
-        if (state) {
-            cJSON_Delete(session->state);
-            session->state = state;
-        }
+        state_take(session, cJSON_GetObjectItem(line, "state"));
     } else if (session->tell) {
         session->tell(line);
     }
@@ -193,7 +207,8 @@ void view_session_stop(view_session_t *session) {
     cJSON_Delete(session->first);
     cJSON_Delete(session->project);
     cJSON_Delete(session->state);
-    session->first = session->project = session->state = nullptr;
+    cJSON_Delete(session->restored);
+    session->first = session->project = session->state = session->restored = nullptr;
 }
 
 void view_session_step(view_session_t *session, s32 ms) {

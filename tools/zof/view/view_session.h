@@ -15,7 +15,8 @@ struct view_session_t {
     bool live, loud;
     cJSON *first;     // arguments of the first load: view, language, theme
     cJSON *project;   // the reply of the last good load; null before
-    cJSON *state;     // the last snapshot; null before
+    cJSON *state;     // what the next player is given, a snapshot; null before the first one
+    cJSON *restored;  // the snapshot of the player that is shown when it had loaded
     std::string note; // what is wrong; empty if nothing is
     bool note_grave;  // the picture is an old one
     view_image_t picture;
