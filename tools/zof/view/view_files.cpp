@@ -7,7 +7,7 @@
 #include "view_player.h"
 #include "zof.h"
 
-enum { CELL_MAX = 480, GAP = 16, CAPTION = 26, CAPTION_DOWN = (CAPTION - 17) / 2 };
+enum { CELL_MAX = 480, GAP = 16, CAPTION = 26, SETTLE_MS = 1000, CAPTION_DOWN = (CAPTION - 17) / 2 };
 enum : u32 { PAPER = 0x1B1E23, INK = 0xC8CDD4 };
 
 static int fail(const std::string &text, int status) {
@@ -62,6 +62,13 @@ static cJSON *load(view_player_t *player, bool choices) {
     return ask(player, command);
 }
 
+// A state that changes may fade in.
+static bool settle(view_player_t *player) {
+    cJSON *command = view_command("advance");
+    cJSON_AddNumberToObject(command, "ms", view_options.states.empty() ? 0 : SETTLE_MS);
+    return tell(player, command);
+}
+
 static bool states_set(view_player_t *player) {
     for (const std::string &state : view_options.states) {
         const size_t at = state.find('=');
@@ -72,7 +79,7 @@ static bool states_set(view_player_t *player) {
             return false;
         }
     }
-    return true;
+    return settle(player);
 }
 
 static bool picture(view_player_t *player, view_image_t *out) {
@@ -196,7 +203,7 @@ static int tree_write(view_player_t *player, cJSON *project) {
 int view_files_write() {
     view_player_t player;
     cJSON *project = load(&player, true);
-    int status = project ? ZOF_EXIT_CLEAN : ZOF_EXIT_FINDINGS;
+    int status = project ? ZOF_EXIT_CLEAN : ZOF_EXIT_UNREADABLE;
     if (project && !view_options.shot.empty()) {
         status = shot_write(&player);
     }

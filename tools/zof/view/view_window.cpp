@@ -282,14 +282,24 @@ static void turn() {
     }
 }
 
-int view_window_run() {
-    if (!session_start()) {
-        return ZOF_EXIT_UNREADABLE;
-    }
+// Without a display SDL may choose a picture in memory, which nobody sees and nobody can close.
+static bool display_open() {
+    const char *asked = SDL_getenv("SDL_VIDEODRIVER");
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
-        fprintf(stderr, "zof view: %s; --shot, --sheet and --tree work without a display\n", SDL_GetError());
+        return false;
+    }
+    const std::string driver = SDL_GetCurrentVideoDriver();
+    return (driver != "offscreen" && driver != "dummy") || (asked && asked == driver);
+}
+
+int view_window_run() {
+    if (!display_open()) {
+        fprintf(stderr, "zof view: there is no display; --shot, --sheet and --tree work without a display\n");
         return ZOF_EXIT_FINDINGS;
+    }
+    if (!session_start()) {
+        return ZOF_EXIT_UNREADABLE;
     }
     while (!self.closed && (view_options.watch || self.session.load_id || self.session.project)) {
         turn();
@@ -297,5 +307,5 @@ int view_window_run() {
     const bool shown = self.session.project != nullptr;
     view_session_stop(&self.session);
     SDL_Quit();
-    return shown ? ZOF_EXIT_CLEAN : ZOF_EXIT_FINDINGS;
+    return shown ? ZOF_EXIT_CLEAN : ZOF_EXIT_UNREADABLE;
 }
