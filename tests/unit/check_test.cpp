@@ -117,6 +117,8 @@ static const struct {
     {view_g, "\"theme\": \"\",", "",
      "14:1: error: theme is missing: name of a theme; it need not exist. Without this key the view ends here "
      "[missing]"},
+    {view_g, "\"minValue\": 0, \"maxValue\": 100", "\"minValue\": -1",
+     "11:27: warning: maxValue is missing: high end [incomplete]"},
     {view_g, "\"name\": \"dose\", \"id\": 3,", "\"name\": \"dose\",",
      "12:2: error: id is missing: id, unique in its view [missing]"},
     {view_g, "{\"name\": \"box\", \"id\": 1, \"size\": {\"width\": 300, \"height\": 200}, \"alpha\": 255}",

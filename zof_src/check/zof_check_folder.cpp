@@ -9,7 +9,8 @@
 #include "drv/zof_drv_file.h"
 #include "zof_lib/zof_util.h"
 
-enum { PATH_SIZE = 1024, DEPTH_MAX = 12, FILE_MAX = 64 << 20 };
+// A link may lead to a whole disk.
+enum { PATH_SIZE = 1024, DEPTH_MAX = 12, FILES_MAX = 20000, FILE_MAX = 64 << 20 };
 
 static bool is_json(const char *path) {
     return check_begins(path, "config/view/") || (check_begins(path, "config/") && zof_suffix_is(path, ".g"));
@@ -42,7 +43,8 @@ static void folder_walk(check_run_t *c, const char *below, u32 depth) {
     char path[PATH_SIZE];
     std::snprintf(path, sizeof path, "%s%s", c->folder, below);
     zof_dir_t *dir = depth < DEPTH_MAX ? zof_opendir(path) : nullptr;
-    for (const zof_dirent_t *entry; (entry = zof_readdir(dir)) != nullptr && !c->no_memory;) {
+    for (const zof_dirent_t *entry;
+         (entry = zof_readdir(dir)) != nullptr && c->files.count < FILES_MAX && !c->no_memory;) {
         if (entry->name[0] == '.' ||
             std::snprintf(path, sizeof path, "%s%s%s", below, entry->name, entry->is_dir ? "/" : "") >= PATH_SIZE) {
             continue;
@@ -64,6 +66,11 @@ bool check_folder_read(check_run_t *c) {
     folder_walk(c, "", 0);
     if (c->no_memory) {
         return false;
+    }
+    if (c->files.count == FILES_MAX) {
+        const check_file_t all = {(char *)"", nullptr, {}, false};
+        check_report_at(c, &all, ZOF_J_NONE, 0, CHECK_FILE_DAMAGED, "more than %d files; the rest is not checked",
+                        FILES_MAX);
     }
     std::sort(c->files.at, c->files.at + c->files.count, file_before);
     for (u32 i = 0; i < c->files.count; i++) {

@@ -24,6 +24,7 @@ enum check_rule_e {
     CHECK_NAME,
     CHECK_COLOUR,
     CHECK_MISSING,
+    CHECK_INCOMPLETE,
     CHECK_INVISIBLE,
     CHECK_DEAD,
     CHECK_ID,

@@ -75,7 +75,7 @@ static void missing_check(check_run_t *c, const check_file_t *file, u32 node, co
             continue;
         }
         char help[200];
-        check_report_key(c, file, node, CHECK_MISSING, "%s is missing: %s", key->key,
+        check_report_key(c, file, node, key->call ? CHECK_INCOMPLETE : CHECK_MISSING, "%s is missing: %s", key->key,
                          plain(key->help, help, sizeof help));
     }
 }

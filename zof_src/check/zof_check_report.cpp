@@ -24,6 +24,7 @@ const zof_check_rule_t zof_check_rules[] = {
     {"name", ZOF_TRUE, "the name or number is not one that the key knows"},
     {"colour", ZOF_TRUE, "not a colour"},
     {"missing", ZOF_TRUE, "a key is missing without which the object is left out or has no effect"},
+    {"incomplete", ZOF_FALSE, "a key is missing without which the control shows or does nothing until the program sets it"},
     {"invisible", ZOF_FALSE, "the control has no opacity or no size"},
     {"dead", ZOF_FALSE, "a control that is made to be touched takes no touches"},
     {"id", ZOF_TRUE, "an id is invalid or used twice"},
