@@ -165,12 +165,14 @@ TEST_CASE("a player never changes the project, and draws the same each time") {
         p.say(R"({"do": "advance", "ms": 300})");
         CHECK(contains(p.say(R"({"do": "hit", "x": 60, "y": 60})"), R"(pressed","visible":true)"));
         CHECK(contains(p.events, R"({"event":"frame","number")"));
+        CHECK(!contains(p.events, "\"event\":\"view\""));
         pictures[i] = p.picture();
         CHECK(pictures[i] != first);
         p.say(R"({"do": "pointer", "x": 60, "y": 60, "down": false})");
         p.say(R"({"do": "advance", "ms": 1000})");
         p.say(R"({"do": "state", "control": "home/go", "state": "pressed"})");
         p.say(R"({"do": "show", "view": "more"})");
+        CHECK(contains(p.events, R"({"event":"view","view":"more"})"));
         replies[i] += p.events;
     }
     CHECK(replies[0] == replies[1]);

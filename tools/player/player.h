@@ -76,8 +76,10 @@ std::string player_theme_set(const char *name);
 const std::string &player_theme(); // empty: those of the view files
 std::string player_lang_set(const char *name);
 
-// Shows a view; then sends the frame.
 std::string player_view_show(u32 id);
+
+// Sends an event if another view is shown than at the last call: a host may have changed it.
+void player_view_note();
 
 // Names of the files of a folder of the project without their ".g", or of its folders, sorted.
 std::vector<std::string> player_names(const char *folder, bool folders);
@@ -107,14 +109,10 @@ std::string player_restore(const cJSON *state);
 // player_message.cpp: faults of files become events
 // --------------------------------------------------------------------
 void player_messages_init();
-u32 player_messages_count();
 
 // player_place.cpp: places in files
 // ------------------------------------------------------------------------------------ Adds "place" and "styles" to a
 // control.
 void player_places_add(cJSON *out, const zof_view_node_t *view, const para_t *record);
-
-// Returns what is wrong with the syntax of a file, and where; an empty text for a valid one.
-std::string player_syntax(const char *path, u32 *line, u32 *column);
 
 #endif

@@ -236,7 +236,7 @@ static std::string cmd_set(const cJSON *args, cJSON *) {
 
 static std::string cmd_scroll(const cJSON *args, cJSON *) {
     para_t *record = nullptr;
-    const std::string fault = control_of(args, &record);
+    std::string fault = control_of(args, &record);
     if (fault.empty()) {
         lv_obj_update_layout(record->obj);
         lv_obj_scroll_to(record->obj, player_number(args, "x", 0), player_number(args, "y", 0), LV_ANIM_OFF);

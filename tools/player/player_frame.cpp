@@ -87,6 +87,7 @@ void player_picture_publish() {
     if (frame.head) {
         rows_copy(pixels, (u32)width);
     }
+    player_view_note();
     cJSON *event = player_event("frame");
     cJSON_AddNumberToObject(event, "number", ++frame.sequence);
     cJSON_AddItemToObject(event, "box", player_box(&frame.dirty));

@@ -1,6 +1,5 @@
 // Places of controls and styles in the project's files. The files are read once more, by the reader that keeps places,
 // the first time that somebody asks.
-#include <cstring>
 #include <map>
 
 #include "drv/zof_drv_file.h"
@@ -115,21 +114,4 @@ void player_places_add(cJSON *out, const zof_view_node_t *view, const para_t *re
         styles_add(styles, theme_file, 0);
     }
     styles_add(styles, file, zof_jdoc_get(&file->doc, at->second, "property"));
-}
-
-std::string player_syntax(const char *path, u32 *line, u32 *col) {
-    u32 size = 0;
-    const char *why = nullptr;
-    auto *text = (char *)zof_file_read_all(path, FILE_MAX, &size, &why);
-    zof_jdoc_t doc = {};
-    std::string fault;
-    if (text && zof_jdoc_read(&doc, text, size) > 0) {
-        const bool mark = strcmp(doc.faults[0].rule, "encoding") == 0 && doc.fault_count > 1; // the runtime accepts it
-        const zof_jfault_t *first = &doc.faults[mark];
-        zof_jdoc_place(&doc, first->at, line, col);
-        fault = first->text;
-    }
-    zof_jdoc_free(&doc);
-    zof_free(text);
-    return fault;
 }

@@ -93,10 +93,12 @@ static bool is_project(const std::string &folder) {
 
 // Without sound devices and without a host, a virtual panel depends on nothing but its folder.
 static void environment_set() {
+    // NOLINTBEGIN(concurrency-mt-unsafe): no other thread runs yet
     setenv("ZOF_STATE", "", 1); // keeps nothing
     if (!player_options.live) {
         setenv("SDL_AUDIODRIVER", "dummy", 1);
     }
+    // NOLINTEND(concurrency-mt-unsafe)
 }
 
 static std::string runtime_start(const std::string &folder) {
@@ -172,6 +174,17 @@ std::string player_view_show(u32 id) {
     }
     theme_waits = theme_waits && zof_theme_set(theme.c_str()) != 0;
     return "";
+}
+
+void player_view_note() {
+    static u32 told;
+    const zof_view_node_t *node = zof_prj_get_cur()->cur_view[ZOF_LAYER_UI];
+    if (node && node->attr->v_id != told) {
+        told = node->attr->v_id;
+        cJSON *event = player_event("view");
+        cJSON_AddStringToObject(event, "view", player_view_name(told).c_str());
+        player_send(event);
+    }
 }
 
 static void name_take(std::vector<std::string> *names, const zof_dirent_t *entry, bool folders) {

@@ -258,7 +258,7 @@ std::string player_restore(const cJSON *state) {
     if (theme && *theme) {
         player_theme_set(theme);
     }
-    const std::string fault = views_restore(state);
+    std::string fault = views_restore(state);
     const cJSON *item = nullptr;
     cJSON_ArrayForEach(item, cJSON_GetObjectItemCaseSensitive(state, "writes")) {
         player_set(item);

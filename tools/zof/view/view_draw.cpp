@@ -115,7 +115,7 @@ void view_copy(view_image_t *image, view_box_t box, const view_image_t &from) {
 std::string view_png(const view_image_t &image) {
     size_t size = 0;
     u8 *png = zof_shot_png_make(image.pixels.data(), image.width, image.height, &size);
-    const std::string bytes((const char *)png, png ? size : 0);
+    std::string bytes((const char *)png, png ? size : 0);
     zof_lv_free(png);
     return bytes;
 }

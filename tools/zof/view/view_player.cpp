@@ -15,6 +15,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "drv/zof_drv_file.h"
+
 #include "../../player/player_frame.h"
 
 extern char **environ;
@@ -54,7 +56,7 @@ std::string view_player_start(view_player_t *player, bool live, bool loud) {
     int out[2];
     signal(SIGPIPE, SIG_IGN); // a player that has ended is noticed when it is read
     if (pipe2(in, O_CLOEXEC) != 0 || pipe2(out, O_CLOEXEC) != 0) {
-        return strerror(errno);
+        return zof_file_error();
     }
     // High, so that its number is not one that the child's files get.
     const int low = memfd_create("zof picture", MFD_CLOEXEC);
@@ -62,7 +64,7 @@ std::string view_player_start(view_player_t *player, bool live, bool loud) {
     close(low);
     const std::string path = program();
     player->process = spawn(path, live, loud, in[0], out[1], player->shared);
-    const std::string fault = player->process ? "" : path + ": " + strerror(errno);
+    std::string fault = player->process ? "" : path + ": " + zof_file_error();
     close(in[0]);
     close(out[1]);
     player->input = in[1];
@@ -229,6 +231,7 @@ bool view_player_picture(view_player_t *player, std::vector<u32> *pixels, s32 *w
 
 void view_run(const std::vector<std::string> &words) {
     std::vector<char *> argv;
+    argv.reserve(words.size() + 1);
     for (const std::string &word : words) {
         argv.push_back((char *)word.c_str());
     }

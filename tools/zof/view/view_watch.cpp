@@ -1,11 +1,11 @@
 #include "view_watch.h"
 
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
 
 #include <sys/inotify.h>
 #include <unistd.h>
+
+#include "drv/zof_drv_file.h"
 
 // What changes content or names. A file that is still open for writing counts too, because some editors keep it open.
 enum : u32 {
@@ -30,10 +30,10 @@ static void folder_add(view_watch_t *watch, const std::string &folder) {
 std::string view_watch_start(view_watch_t *watch, const std::string &folder) {
     watch->file = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
     if (watch->file < 0) {
-        return strerror(errno);
+        return zof_file_error();
     }
     folder_add(watch, folder);
-    return watch->folders.empty() ? folder + ": " + strerror(errno) : "";
+    return watch->folders.empty() ? folder + ": " + zof_file_error() : "";
 }
 
 static void event_take(view_watch_t *watch, const inotify_event *event) {

@@ -124,6 +124,10 @@ static void hit_ask() {
 }
 
 static void line_take(const cJSON *line) {
+    const char *view = cJSON_GetStringValue(cJSON_GetObjectItem(line, "view"));
+    if (view && self.session.project) {
+        cJSON_ReplaceItemInObject(self.session.project, "view", cJSON_CreateString(view));
+    }
     const cJSON *id = cJSON_GetObjectItem(line, "id");
     if (cJSON_IsNumber(id) && id->valueint == self.inspector.hit_id) {
         view_inspector_take(&self.inspector, line);
