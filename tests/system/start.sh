@@ -24,6 +24,12 @@ project '{"views": [}'
 ends 1 "$build/panel/zof_bench"
 says "zofprj.g:1:12: expected a value, found"
 [ "$(grep -c "expected a value" "$work/out.log")" -eq 1 ] || fail "a fault of the project file is printed twice:"
+# The manual page and the completion know every subcommand.
+"$build/tools/zof" --completion >"$work/zof.bash"
+bash -c '. "$1"; COMP_WORDS=(zof monitor w); COMP_CWORD=2; _zof; [ "${COMPREPLY[*]}" = watch ]' - "$work/zof.bash" ||
+    fail "\"zof monitor w\" is not completed"
+"$build/tools/zof" --man >"$work/out.log"
+for part in '.SS zof check' '.SS zof monitor watch' '.B \-\-strict'; do says "$part"; done
 # What a check finds, and a program that does not start with it.
 project '{"width": 9, "height": 9, "start_page": 1, "views": [{"pageId": 1, "pageName": "none.g"}]}'
 for folder in "$work" "$work/res/"; do
