@@ -183,7 +183,7 @@ static int run() {
 
 const zof_command_t zof_catalogue_command = {
     .name = "catalogue",
-    .help = "Explain control types and the keys of project files",
+    .help = "explain control types and the keys of project files",
     .examples = "  zof catalogue                 all control types and files\n"
                 "  zof catalogue button          the keys, functions, parts and events of buttons\n"
                 "  zof catalogue \"check box\"     a name of two words\n"

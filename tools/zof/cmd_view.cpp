@@ -10,12 +10,12 @@ static void options(CLI::App &app) {
     app.add_option("--state", view_options.states, "states of a control, for --shot: home/brew=pressed+checked")
         ->type_name("CONTROL=STATES")
         ->allow_extra_args(false);
-    app.add_flag("--watch", view_options.watch, "shows every change of the folder at once");
-    app.add_option("--shot", view_options.shot, "writes one picture, PNG; - is standard output")->type_name("FILE");
-    app.add_option("--sheet", view_options.sheet, "writes a sheet of all views, languages and themes, PNG")
+    app.add_flag("--watch", view_options.watch, "show every change of the folder at once");
+    app.add_option("--shot", view_options.shot, "write one picture, PNG; - is standard output")->type_name("FILE");
+    app.add_option("--sheet", view_options.sheet, "write a sheet of all views, languages and themes, PNG")
         ->type_name("FILE");
-    app.add_option("--tree", view_options.tree, "writes the controls as JSON")->type_name("FILE");
-    app.add_flag("--log", view_options.loud, "prints the log of the runtime");
+    app.add_option("--tree", view_options.tree, "write the controls as JSON")->type_name("FILE");
+    app.add_flag("--log", view_options.loud, "print the log of the runtime");
 }
 
 static int run() {
@@ -25,7 +25,7 @@ static int run() {
 
 const zof_command_t zof_view_command = {
     .name = "view",
-    .help = "Shows a project folder without a program",
+    .help = "show a project folder without a program",
     .examples = "  zof view res --watch                   a window that follows every change\n"
                 "  zof view res --view home --lang de     one view, in German\n"
                 "  zof view res --shot home.png           a picture, without a display\n"

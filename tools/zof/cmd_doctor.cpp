@@ -1,0 +1,138 @@
+// `zof doctor`: what this machine lacks for a panel, and the command that helps.
+#include <SDL.h>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "check/zof_check.h"
+#include "drv/zof_drv_uart.h"
+#include "lvgl.h"
+#include "zof.h"
+#include "zof_lib/zof_stdio.h"
+
+enum { PORTS_MAX = 64 };
+
+static struct {
+    std::string folder;
+    int wrong;
+} doctor;
+
+static void options_add(CLI::App &app) {
+    app.add_option("project", doctor.folder, "a project folder, which is checked too")->type_name("DIR");
+}
+
+static void good(const char *what, const char *fmt, ...) ZOF_PRINTF_LIKE(2, 3);
+static void good(const char *what, const char *fmt, ...) {
+    va_list args;
+    va_start(args, fmt);
+    printf("ok     %-9s ", what);
+    vprintf(fmt, args);
+    printf("\n");
+    va_end(args);
+}
+
+static void wrong(const char *what, const std::string &reason, const std::string &help) {
+    printf("wrong  %-9s %s\n       %-9s %s\n", what, reason.c_str(), "", help.c_str());
+    doctor.wrong++;
+}
+
+// Display and sound -----------------------------------------------------------------------------------------------
+// Without a display SDL falls back to drivers that show nothing.
+static bool is_shown(const char *driver) {
+    return getenv("SDL_VIDEODRIVER") || (strcmp(driver, "offscreen") != 0 && strcmp(driver, "dummy") != 0);
+}
+
+static void display_test() {
+    SDL_Rect area = {};
+    const bool opened = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0 && SDL_GetDisplayBounds(0, &area) == 0;
+    if (!opened || !is_shown(SDL_GetCurrentVideoDriver())) {
+        wrong("display", std::string("no window can be opened") + (opened ? "" : std::string(": ") + SDL_GetError()),
+              "run it in a desktop session; without one, `zof view --shot` and SDL_VIDEODRIVER=offscreen work");
+        return;
+    }
+    good("display", "%s, %d x %d", SDL_GetCurrentVideoDriver(), area.w, area.h);
+    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+}
+
+static void audio_test() {
+    const bool opened = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+    const int devices = opened ? SDL_GetNumAudioDevices(0) : 0;
+    if (devices < 1) {
+        wrong("sound", std::string("no sound device") + (opened ? "" : std::string(": ") + SDL_GetError()),
+              "tones and sounds stay silent; if there is a device: sudo usermod -aG audio $USER, and log in again");
+    } else {
+        good("sound", "%s, %s", SDL_GetCurrentAudioDriver(), SDL_GetAudioDeviceName(0, 0));
+    }
+    if (opened) {
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    }
+}
+
+// Serial ports ----------------------------------------------------------------------------------------------------
+static std::string port_help(const zof_uart_info_t &port) {
+    switch (port.state) {
+    case UART_STATE_NO_RIGHT:
+        return port.group[0] ? std::string("sudo usermod -aG ") + port.group + " $USER, and log in again"
+                             : "ask the administrator of this machine for the right to open it";
+    case UART_STATE_HELD:
+        return port.holder_id ? "end the program, or kill " + std::to_string(port.holder_id) : "end that program";
+    default:
+        return "unplug the adapter and plug it in again";
+    }
+}
+
+static void ports_test() {
+    static zof_uart_info_t ports[PORTS_MAX];
+    const u32 count = zof_drv_uart_list(ports, PORTS_MAX);
+    for (u32 i = 0; i < count; i++) {
+        const zof_uart_info_t &port = ports[i];
+        char state[128];
+        if (port.state == UART_STATE_NOT_SOUGHT) {
+            good("port", "%s%s%s", port.path, port.adapter[0] ? ", " : "", port.adapter);
+        } else {
+            wrong("port", std::string(port.path) + ": " + zof_drv_uart_state_text(&port, state, sizeof(state)),
+                  port_help(port));
+        }
+    }
+    if (count == 0) {
+        good("port", "none: a host or a box needs an adapter; plug it in and look again");
+    }
+}
+
+// The project -----------------------------------------------------------------------------------------------------
+// Fonts and pictures are opened by the check.
+static void project_test() {
+    char folder[1024];
+    if (zof_check_find(doctor.folder.c_str(), folder, sizeof(folder)) != 0) {
+        wrong("project", doctor.folder + ": there is no config/project/zofprj.g in it",
+              "name the folder of config/, or the one of res/");
+        return;
+    }
+    lv_init(); // for the decoders
+    zof_check_t check;
+    const bool readable = zof_check_project(folder, &check) == 0;
+    if (!readable || check.errors) {
+        wrong("project", readable ? std::to_string(check.errors) + " errors" : "cannot be read",
+              "zof check " + doctor.folder);
+    } else {
+        good("project", "%s, %u warnings", folder, check.count);
+    }
+    zof_check_free(&check);
+}
+
+static int doctor_run() {
+    display_test();
+    audio_test();
+    ports_test();
+    if (!doctor.folder.empty()) {
+        project_test();
+    }
+    return doctor.wrong ? ZOF_EXIT_FINDINGS : ZOF_EXIT_CLEAN;
+}
+
+const zof_command_t zof_doctor_command = {"doctor", "test display, sound and serial ports, and say what helps",
+                                          "  zof doctor\n"
+                                          "  zof doctor res\n",
+                                          options_add, doctor_run};
