@@ -154,8 +154,8 @@ TEST_CASE("register link: values reach the client in their range, and a burst ru
                                       {100, 1}}) {
         receive(frame_write(addr, {value}));
     }
-    CHECK(taken == decltype(taken){
-                       {REG_BRIGHT, 10}, {REG_RAIL_ACTIVE, RAIL_NONE}, {REG_OUT_STATE, 0}, {REG_SESS_MWH_LO, 0xFFFF}});
+    CHECK(taken ==
+          decltype(taken){{REG_BRIGHT, 10}, {REG_RAIL_ACTIVE, 13}, {REG_OUT_STATE, 0}, {REG_SESS_MWH_LO, 0xFFFF}});
     CHECK(words == 6);
     taken.clear();
     receive(join({{0x33, 0x5A, 0x44}, frame_write(REG_OUT_STATE, {1, 5, 0})}));

@@ -48,13 +48,14 @@ TEST_CASE("grid: steps reach every value of every rail and no other, and the gat
         for (u32 mv = rail.vmin - 30u; prof_adjustable(&rail) && mv <= rail.vmax + 30u; mv++) {
             const bool can =
                 mv >= volts.low && mv <= volts.high && (mv % volts.step == 0 || mv == volts.low || mv == volts.high);
-            REQUIRE((bench_apply_how({i, (u16)mv, 0}) != BENCH_APPLY_NO) == can);
+            REQUIRE((bench_apply_how({i, (u16)mv, grid_amperes(&rail).low}) != BENCH_APPLY_NO) == can);
         }
     }
     CHECK(grid_volts(&rails[12]).low == 3310);
     CHECK(grid_amperes(&rails[12]).high == 1000);
     const prof_t nothing_to_set = {RAIL_PPS, 3301, 3309, 1000};
-    CHECK(!grid_rail_valid(&nothing_to_set));
+    const prof_t no_current = {RAIL_PPS, 3300, 11000, 9};
+    CHECK((!grid_rail_valid(&nothing_to_set) && !grid_rail_valid(&no_current)));
 }
 
 TEST_CASE("grid: neighbours enclose any value, and a slider stops at both ends and at whole tenths between") {
@@ -79,14 +80,14 @@ TEST_CASE("bench: a rail opens at its lowest voltage with the current last used 
         CHECK(open.mv == (prof_adjustable(&rail) ? rail.vmin : rail.vmax));
         CHECK(open.ma == (prof_adjustable(&rail) ? 1000 : rail.imax));
     }
-    applied({7, 12000, 0});
+    applied({7, 12000, GRID_MA});
     applied({0, 5000, 5000});
-    CHECK(bench_rail_open(7).ma == 0); // no current is a current, too
+    CHECK(bench_rail_open(7).ma == GRID_MA); // the least is a current, too
     std::vector<prof_t> rails = board_default_rails();
     std::swap(rails[6], rails[7]);
     rails[5].imax = 700;
     rails_send(rails, 0);
-    CHECK((bench_rail_open(6).ma == 0 && bench_rail_open(7).ma == 1000 && bench_rail_open(5).ma == 700));
+    CHECK((bench_rail_open(6).ma == GRID_MA && bench_rail_open(7).ma == 1000 && bench_rail_open(5).ma == 700));
     start();
     CHECK(bench_rail_open(7).ma == 1000); // since the start
 }

@@ -127,7 +127,7 @@ TEST_CASE("scpi: set commands choose an adjustable rail before a fixed one, then
         {"APPL 28,5", "12,28.000,5.000"},
         {"APPL 48,5", "10,48.000,5.000"},
         {"APPL MAX,MAX", "10,48.000,5.000"},
-        {"APPL MIN,MIN", "5,3.300,0.000"},
+        {"APPL MIN,MIN", "5,3.300,0.050"},
         {"CURR 0.15", "5,5.000,0.150"},
         {"SYST:RAIL:SEL 11,20,3.25", "11,20.000,3.250"},
         {"SYST:RAIL:SEL 2", "2,12.000,5.000"},

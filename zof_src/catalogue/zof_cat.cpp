@@ -62,7 +62,7 @@ const zof_cat_file_t zof_cat_files[] = {
     {"config/theme/*/*.g", "the initial styles of a control type; OPTIONAL", &zof_cat_theme},
     {"config/languages/*.g", "the texts of one language; OPTIONAL", nullptr},
     {"image/*", "pictures: PNG and JPEG (`.jpg`); `image/logo.png` is shown on black at start", nullptr},
-    {"font/*", "fonts: `.ttf`, or bitmap fonts `.bin`", nullptr},
+    {"font/*", "fonts: `.ttf`, `.otf`, `.ttc`, `.woff`, or bitmap fonts `.bin`", nullptr},
     {"video/*", "clips", nullptr},
     {"sound/*", "sounds", nullptr},
 };

@@ -55,7 +55,8 @@ static const zof_cat_key_t text_look_keys[] = {
     {.key = "opa", .kind = ZOF_CAT_OPACITY, .group = ZOF_CAT_LOOK, .high = UINT8_MAX, .start = "255",
      .help = "opacity"},
     {.key = "font_lib", .kind = ZOF_CAT_FONT, .group = ZOF_CAT_LOOK,
-     .help = "file in `font/`; absent or refused: the built-in font, below"},
+     .help = "file in `font/`, or several, separated by commas: a letter comes from the first one that has it; absent or "
+             "refused: the built-in font, below"},
     {.key = "font_size", .kind = ZOF_CAT_LENGTH, .group = ZOF_CAT_LOOK, .high = 2000, .absent = "16",
      .help = "size of the letters", .when = "there is a `font_lib`"},
     {.key = "sel_color", .kind = ZOF_CAT_COLOR, .group = ZOF_CAT_LOOK, .help = "read, not used",
