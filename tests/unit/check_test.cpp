@@ -21,6 +21,7 @@ static const struct {
     {english_g, "{\"a\": \"A\", \"b\": \"B\"}"},
     {"config/languages/de.g", "{\"a\": \"A\", \"b\": \"B\"}"},
     {theme_g, R"({"styles": [{"body_t": {"opa": 255}}]})"},
+    {"image/notes.txt", "of the designer"},
     {view_g, R"({
 "view": {"v_name": "one", "v_id": 1, "bg_scale": 255},
 "controls": [
@@ -71,6 +72,14 @@ static std::string findings_of(const temp_project_t &project) {
     zof_check_free(&check);
     return out;
 }
+
+// A control behind the last one, from its type on; its public keys end in line 17, its own follow in line 18.
+#define LAST_CTRL "\"#b\\nTwo\"}}"
+#define MORE_PUB(type, pub, keys)                                                                      \
+    LAST_CTRL ",\n{\"type\": \"" type                                                                  \
+              "\", \"theme\": \"\", \"property\": {\"pub_t\": {\"name\": \"x\", \"id\": 9, \"size\": " \
+              "{\"width\": 9, \"height\": 9}, \"t_mode\": 1, " pub "},\n" keys "}}"
+#define MORE(type, keys) MORE_PUB(type, "\"alpha\": 255", keys)
 
 static const struct {
     const char *file, *from, *to;
@@ -206,6 +215,36 @@ static const struct {
     {ignore, "", "text-unused x nothing\nstyle view\n# a comment\n",
      "1:1: warning: there is no finding text-unused at x; remove the line [ignore]\n2:1: warning: expected RULE "
      "FILE[:KEY] REASON [ignore]"},
+    {view_g, LAST_CTRL, MORE_PUB("label", "\"alpha\": 0, \"hidden\": true", "\"txt\": \"\""), ""},
+    {view_g, LAST_CTRL, MORE("arc", "\"angle_t\": {}, \"range_t\": {\"minValue\": 5, \"maxValue\": 5}"),
+     "18:43: error: minValue, 5, is not below maxValue, 5 [ends]"},
+    {view_g, LAST_CTRL, MORE("spin box", "\"int_cnt\": 1, \"range_min\": 5, \"range_max\": 4"),
+     "18:31: error: range_min, 5, is not below range_max, 4 [ends]"},
+    {view_g, LAST_CTRL, MORE("chart", "\"dis_type_e\": 1, \"point_cnt\": 1, \"y_min\": 5, \"y_max\": 4"),
+     "18:46: error: y_min, 5, is not below y_max, 4 [ends]"},
+    {view_g, LAST_CTRL,
+     MORE("image sequence", "\"frame_rate\": 9, \"end_id\": 1, \"repeat_count\": 1, \"img_dsc_t\": \"none\""),
+     "18:63: error: there is no folder image/none/ with pictures [file-missing]"},
+    {view_g, LAST_CTRL, MORE("gif", "\"init_gif\": \"\", \"styles\": [{}]"),
+     "18:17: warning: a control of the type gif has no styles [style]"},
+    {"config/theme/t/label.g", "", "{\"styles\": [{\"style_state\": \"checked\"}]}",
+     "1:29: warning: a label does not have this state [style]"},
+    {view_g, "\"style_state\": \"pressed\"", "\"style_sect\": 1",
+     "9:28: warning: a button does not have this section [style]"},
+    {view_g, "\"border\": {\"opa\": 255}", "\"border\": {\"opa\": 255, \"main_color\": 1}",
+     "9:111: error: the key main_color belongs into the object around this one [key-place]"},
+    {view_g, "\"border\": {\"opa\": 255}", "\"border\": {\"opa\": 255, \"type\": 1}",
+     "9:111: error: the key type belongs into shadow, beside this object [key-place]"},
+    {theme_g, "{\"styles\"", "{\"colours\": 1, \"styles\"", "1:2: error: unknown key colours in a theme [key-unknown]"},
+    {view_g, "\"on.png\"", "\"o\\u0001n.png\"",
+     "10:83: error: a name with control characters is not opened [file-name]"},
+    {view_g, "\"on.png\"", "\"o*.png\"",
+     "10:83: error: a name with \\ < > | \" ? or * is no name on all systems [file-name]"},
+    {view_g, "\"on.png\"", "\"notes.txt\"", "10:83: error: pictures are .png, .jpg or .gif files [file-name]"},
+    {project_g, "\"language\": \"en\"", "\"language\": \"EN\"",
+     "2:74: error: the file is config/languages/en.g [file-case]"},
+    {project_g, "[{\"pageId\": 1, \"pageName\": \"one.g\"}]", "3",
+     "3:10: error: expected an array, found a number [kind]"},
     {"config/view/two.g", "", "{\"view\": {\"v_id\": 2}, \"controls\": []}",
      "1:1: warning: the project file has no entry for this view [view-unlisted]"},
 };
@@ -219,6 +258,20 @@ TEST_CASE("findings that zof-check.ignore names with a reason are left out") {
                                   "text-unused config/languages/*   the program uses it");
         CHECK(findings_of(project) == "");
     }
+}
+
+TEST_CASE("with ZOF_STRICT=1 a project with errors does not start, and its findings are logged") {
+    lv_init();
+    temp_project_t project;
+    project_write(project, project_g, "\"start_page\": 1", "\"start_page\": 2");
+    for (const char *strict : {"0", "1"}) {
+        setenv("ZOF_STRICT", strict, 1);
+        zof_bool starts = ZOF_FALSE;
+        const std::string log = printed([&] { starts = zof_check_start(project.folder.c_str()); });
+        CHECK(starts == (strict[0] == '0'));
+        CHECK(contains(log, "zofprj.g:2:59: error: no view has the pageId 2") == !starts);
+    }
+    unsetenv("ZOF_STRICT");
 }
 
 TEST_CASE("each mistake in a project is found at its place, and a correct project has none") {

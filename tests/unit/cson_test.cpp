@@ -150,6 +150,32 @@ TEST_CASE("bad elements are dropped, good ones close the gap, and an array witho
     CHECK((record.number_count == 0 && record.numbers == nullptr));
 }
 
+TEST_CASE("what a bad element had set is not seen in the next one") {
+    struct part_t {
+        zof_point_t point;
+        double real;
+        zof_bool flag;
+        s32 number;
+    };
+    struct parts_t {
+        u32 count;
+        part_t *parts;
+    } record = {};
+    static const reflect_item_t part_tbl[] = {CSON_OBJ(part_t, point, zof_point_t_tbl),
+                                              CSON_DOUBLE(part_t, real),
+                                              CSON_BOOL(part_t, flag),
+                                              {"number", offsetof(part_t, number), 4, CSON_INTEGER, 0, 0, 0, 0},
+                                              CSON_END};
+    static const reflect_item_t parts_tbl[] = {CSON_INT(parts_t, count),
+                                               CSON_ARR(parts_t, parts, part_tbl, sizeof(part_t), "count"), CSON_END};
+    CHECK(decode(R"({"parts": [{"point": {"x": 1, "y": 2}, "real": 3, "flag": true}, {"number": 4}]})", &record,
+                 parts_tbl) == CSON_OK);
+    REQUIRE(record.count == 1);
+    const part_t *part = &record.parts[0];
+    CHECK((part->point.x == 0 && part->point.y == 0 && part->real == 0 && !part->flag && part->number == 4));
+    csonFreePointer(&record, parts_tbl);
+}
+
 TEST_CASE("a count that fills its byte is encoded and released, and long arrays decode in linear time") {
     const u32 before = zof_mem_count();
     std::string words = R"("w")";
@@ -193,6 +219,37 @@ TEST_CASE("null, unsupported widths and the null kind fail cleanly") {
         printed([&] { CHECK(decode(R"({"real": 1})", &record, table) != CSON_OK); });
         printed([&] { CHECK(csonStruct2JsonStr(&text, &record, table) != CSON_OK); });
     }
+}
+
+TEST_CASE("arrays whose row is incomplete fail cleanly") {
+    static const reflect_item_t rows[] = {
+        {"numbers", offsetof(record_t, numbers), 8, CSON_ARRAY, integerReflectTbl, 4, nullptr, 0},
+        {"numbers", offsetof(record_t, numbers), 8, CSON_ARRAY, integerReflectTbl, 4, "number", 0},
+        {"numbers", offsetof(record_t, numbers), 8, CSON_ARRAY, nullptr, 4, "number_count", 0},
+        {"numbers", offsetof(record_t, numbers), 8, CSON_ARRAY, integerReflectTbl, 0, "number_count", 0}};
+    for (const reflect_item_t &row : rows) {
+        const reflect_item_t table[] = {CSON_INT(record_t, number_count), row, CSON_END};
+        record_t record = {};
+        printed([&] {
+            CHECK(decode(R"({"numbers": [1]})", &record, table) != CSON_OK);
+            CHECK(csonFreePointer(&record, table) == CSON_OK);
+        });
+        CHECK((record.number_count == 0 && !record.numbers));
+    }
+}
+
+TEST_CASE("the JSON library is reached through its table alone") {
+    void *root = nullptr;
+    CHECK(contains(printed([&] { root = csomImpl.loadb("{\"a\": ?}", 8); }), "parse stop with:?}"));
+    CHECK(root == nullptr);
+    root = csomImpl.loadb("[7.9, \"x\", null]", 16);
+    REQUIRE(csomImpl.array_size(root) == 3);
+    CHECK((csomImpl.integer_value(csomImpl.array_get(root, 0)) == 7 && csomImpl.integer_value(nullptr) == 0));
+    CHECK(csomImpl.real_value(csomImpl.array_get(root, 0)) == 7.9);
+    CHECK(csomImpl.string_value(csomImpl.array_get(root, 2)) == nullptr);
+    CHECK(csomImpl.array_get(root, 3) == nullptr);
+    CHECK(csomImpl.object_get(root, "a") == nullptr);
+    csomImpl.decref(root);
 }
 
 static const std::string source = R"({"i8":-5,"i16":300,"i32":-1,"i64":-9000000000,"flag":true,"real":0.25,"text":"t",)"
