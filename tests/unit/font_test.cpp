@@ -1,6 +1,7 @@
 // Fonts: bitmap files with inconsistent headers, sharing by reference count, TrueType in several sizes.
 #include "screen_fixture.h"
 #include "temp_project.h"
+#include "view_project.h"
 
 // A glyph for a generated font file. `bits` are the bytes of its bitmap.
 struct test_glyph {
@@ -292,7 +293,7 @@ TEST_CASE("a letter comes from the first font of a chain that has it, then from 
     lv_font_glyph_dsc_t dsc = {};
     for (const auto &row : rows) {
         CAPTURE(row.code);
-        printed([&] { CHECK(resolved(font, row.code, &dsc) == row.place); });
+        CHECK(resolved(font, row.code, &dsc) == row.place);
         CHECK(dsc.adv_w == row.adv_w);
     }
     CHECK((zof_font_create_lvfont("t.bin,  none.ttf , text.otf", 30) == font)); // shared
@@ -316,10 +317,28 @@ TEST_CASE("a letter that no font has is drawn as a box, and reported once") {
     project_with_fonts(&project);
     lv_font_t *font = zof_font_create_lvfont("text.ttf", 20);
     std::vector<u32> box;
-    CHECK(printed([&] { box = drawn(font, "一"); }) == "text.ttf has no U+4E00\n");
+    CHECK(printed([&] {
+              box = drawn(font, "一");
+              screen_step(10);
+          }) == "text.ttf has no U+4E00\n");
     CHECK(std::count(box.begin(), box.end(), 255) > 20);
-    CHECK(printed([&] { drawn(font, "一二\t"); }) == "text.ttf has no U+4E8C\n");
+    CHECK(printed([&] {
+              drawn(font, "一二\t");
+              screen_step(10);
+          }) == "text.ttf has no U+4E8C\n");
     zof_font_delete("text.ttf", 20);
+}
+
+TEST_CASE("a missing letter is reported with the control that shows it") {
+    view_project_t project;
+    project.write("font/text.ttf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
+    project.view(1,
+                 {ctrl(ZOF_CTRL_BTN, 5, R"("txt": "一")", "", R"({"txt_t": {"font_lib": "text.ttf", "opa": 255}})")});
+    project.open(320, 240);
+    CHECK(printed([] {
+              zof_view_set_dis_view(1);
+              screen_step(10);
+          }) == "text.ttf has no U+4E00 (v1/c5)\n");
 }
 
 TEST_CASE("a TrueType font that is rewritten in place keeps its letters") {

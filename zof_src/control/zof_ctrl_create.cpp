@@ -99,11 +99,11 @@ s32 zof_ctrl_create_from_attr(zof_view_node_t *view, para_t *record) {
     zof_hold hold;
     para_t *parent = parent_of(view, record);
     record->parent = parent ? (void *)parent : (void *)view;
+    record->attr->view_id = (u16)view->attr->v_id;
     coords_limit(record->attr);
     if (!object_make(record)) {
         return -1;
     }
-    record->attr->view_id = (u16)view->attr->v_id;
     record->is_created = 1;
     lv_obj_set_user_data(record->obj, record);
     events_add(record);

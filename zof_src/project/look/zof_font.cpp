@@ -148,6 +148,25 @@ static void parts_free(zof_font_links_t *links, u32 size) {
     zof_free(links->parts);
 }
 
+static void report_all(lv_timer_t *) {
+    zof_font_t *entry = nullptr;
+    for (s32 i = 0; (entry = (zof_font_t *)__db_list_visit(font_list(), i)); i++) {
+        zof_fontsize_t *sized = nullptr;
+        for (s32 k = 0; (sized = (zof_fontsize_t *)__db_list_visit(entry->sizes, k)); k++) {
+            if (sized->links) {
+                zof_font_last_report(&sized->links->missing);
+            }
+        }
+    }
+}
+
+void zof_font_report_soon(void) {
+    lv_timer_t *once = lv_timer_create(report_all, 0, nullptr);
+    if (once) {
+        lv_timer_set_repeat_count(once, 1);
+    }
+}
+
 // Releases what an entry owns.
 static void sized_release(zof_fontsize_t *entry) {
     if (entry->links && entry->links->parts) {

@@ -8,15 +8,20 @@
 // nothing. A bitmap is valid until the next one of any such font.
 void zof_symbols_set_up(lv_font_t *font, u32 size);
 
-// Sets up a font without letters, the last one of a chain. It reports each letter that is looked for, once for each
-// chain: the first of these letters of `entry`, whose fonts use it, with a control that has it if one is found.
-// `head` is the first font of the chain.
+// Sets up a font without letters, the last one of a chain, which notes each letter that is looked for, up to 32.
+// `entry` is the one whose fonts use it, `head` the first font of the chain.
 struct zof_font_last {
     const zof_font_t *entry;
     const lv_font_t *head;
     u32 codes[32];
-    u32 count;
+    u32 count, reported;
 };
 void zof_font_last_set_up(lv_font_t *font, zof_font_last *last);
+
+// Logs the letters that have been noted since the last call, each with a control that shows it if there is one.
+void zof_font_last_report(zof_font_last *last);
+
+// Lets all chains report in LVGL's next turn, when the controls that are being created are complete.
+void zof_font_report_soon(void);
 
 #endif

@@ -1,4 +1,4 @@
-// Letters that no font of a chain has. LVGL draws a box for them; here they are reported, once for each font.
+// Letters that no font of a chain has. LVGL draws a box for them; here they are noted and reported, once for each font.
 #include <stdio.h>
 #include <string.h>
 
@@ -53,12 +53,18 @@ static void owner_write(const lv_obj_t *obj, char *out, size_t size) {
     }
 }
 
-static void report(const zof_font_last *last, u32 code) {
+static void letter_report(const zof_font_last *last, u32 code) {
     seek s = {last, code, nullptr};
     lv_obj_tree_walk(nullptr, label_check, &s);
     char owner[160];
     owner_write(s.found, owner, sizeof(owner));
     zof_printf("%s has no U+%04X%s", last->entry->name, (unsigned)code, owner);
+}
+
+void zof_font_last_report(zof_font_last *last) {
+    while (last->reported < last->count) {
+        letter_report(last, last->codes[last->reported++]);
+    }
 }
 
 static bool no_letter(const lv_font_t *font, lv_font_glyph_dsc_t *, u32 code, u32) {
@@ -71,7 +77,7 @@ static bool no_letter(const lv_font_t *font, lv_font_glyph_dsc_t *, u32 code, u3
     }
     if (drawn && !last->entry->given_up && last->count < sizeof(last->codes) / sizeof(last->codes[0])) {
         last->codes[last->count++] = code;
-        report(last, code);
+        zof_font_report_soon();
     }
     return false;
 }
