@@ -133,6 +133,9 @@ TEST_CASE("a player answers every wrong line with an error, and goes on") {
         {R"({"do": "set", "row": "slider.value", "control": "more/level", "value": 1e10})", "out of range"},
         {R"({"do": "link"})", "time is not real"},
         {R"({"do": "restore", "state": 1})", "state must be an object"},
+        {R"({"do": "tree", "view": "none"})", "there is no such view"},
+        {R"({"do": "picture", "file": 3})", "file must be a text"},
+        {R"({"do": "scroll", "control": "home/none", "x": 0, "y": 0})", "there is no control home/none"},
     };
     for (const auto &[line, error] : rows) {
         CAPTURE(line);
@@ -141,7 +144,7 @@ TEST_CASE("a player answers every wrong line with an error, and goes on") {
     p.process.unsent = std::string(2 << 20, 'x') + "\n";
     CHECK(contains(p.say(R"({"do": "help"})"), "\"ok\":true"));
     CHECK(contains(p.events, "the line is too long"));
-    CHECK(p.say(R"({"do": "quit"})") == R"({"id":29,"ok":true})");
+    CHECK(p.say(R"({"do": "quit"})") == R"({"id":32,"ok":true})");
 }
 
 TEST_CASE("a player never changes the project, and draws the same each time") {
@@ -192,6 +195,7 @@ TEST_CASE("a fresh player takes over what the one before showed, and what a host
     p.load(project, R"(, "view": "more", "language": "de")");
     CHECK(contains(p.say(R"({"do": "link"})"), "\"ok\":true"));
     p.say(R"({"do": "set", "row": "label.text", "control": "home/title", "value": "Servus"})");
+    CHECK(contains(p.say(R"({"do": "tree", "view": "home"})"), R"("text":"Servus")")); // not shown, but loaded
     std::string state;
     pty_write(host, frame_of(0x22, {0xB2, 0x07, 0x01, 0, 2, 0, 1, 0, 33})); // the slider's value
     CHECK(eventually([&] {

@@ -84,9 +84,9 @@ static const fault_t whole[] = {
 };
 
 static const fault_t values[] = {
-    {project_g, R"({"width": "320", "height": 0, "views": []})",
+    {project_g, R"({"width" : "320", "height": 0, "views": []})",
      "1:2: width: expected a number, found a text; the default is used\n"
-     "1:18: height: not above 0; the display's own size is used\n"},
+     "1:19: height: not above 0; the display's own size is used\n"},
     {project_g, "\xEF\xBB\xBF{\"Width\": 1, \"version\": \"1\", \"lenguage\": 1,\n\"views\": 5}",
      "1:33: lenguage: unknown key; did you mean language?\n"
      "1:4: height is missing; the display's own size is used\n"

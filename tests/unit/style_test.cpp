@@ -76,3 +76,27 @@ TEST_CASE("another theme changes only what controls have from their theme") {
         CHECK(late->body_t.main_color == 9);
     });
 }
+
+TEST_CASE("without memory another theme is not taken, and nothing leaks") {
+    temp_project_t project;
+    REQUIRE(project.open());
+    for (const char *name : {"youth", "night"}) {
+        project.write(std::string("config/theme/") + name + "/container.g",
+                      R"({"styles": [{"body_t": {"main_color": 1}}, {"style_state": 32, "body_t": {"opa": 5}}]})");
+    }
+    printed([&] {
+        REQUIRE(zof_theme_get_ctrl("youth", ZOF_CTRL_OBJ));
+        REQUIRE(zof_theme_set("youth") == 0);
+        const u32 used = zof_mem_count();
+        bool whole = false;
+        for (u32 fail_at = 1; !whole; fail_at++) {
+            CAPTURE(fail_at);
+            zof_mem_fail_at(fail_at);
+            const s32 result = zof_theme_set("night");
+            whole = zof_mem_fail_at(0) < fail_at;
+            CHECK((!whole || result == 0));
+            CHECK(zof_theme_set("youth") == 0);
+            CHECK(zof_mem_count() == used);
+        }
+    });
+}
