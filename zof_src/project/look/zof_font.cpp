@@ -160,7 +160,8 @@ static void report_all(lv_timer_t *) {
     }
 }
 
-void zof_font_report_soon(void) {
+// In LVGL's next turn the controls that are being created are complete.
+static void report_soon(void) {
     lv_timer_t *once = lv_timer_create(report_all, 0, nullptr);
     if (once) {
         lv_timer_set_repeat_count(once, 1);
@@ -333,7 +334,7 @@ static void parts_open(zof_font_links_t *links, const char *names, u32 size) {
 static void links_join(const zof_font_t *entry, zof_fontsize_t *sized) {
     zof_font_links_t *links = sized->links;
     zof_symbols_set_up(&links->symbols, sized->size);
-    links->missing = {.entry = entry, .head = sized->font};
+    links->missing = {.entry = entry, .head = sized->font, .noted = report_soon};
     zof_font_last_set_up(&links->last, &links->missing);
     links->symbols.fallback = &links->last;
     for (u32 i = 0; i < links->count; i++) {

@@ -9,10 +9,12 @@
 void zof_symbols_set_up(lv_font_t *font, u32 size);
 
 // Sets up a font without letters, the last one of a chain, which notes each letter that is looked for, up to 32.
-// `entry` is the one whose fonts use it, `head` the first font of the chain.
+// `entry` is the one whose fonts use it, `head` the first font of the chain. `noted` is called for each letter, in the
+// middle of a layout.
 struct zof_font_last {
     const zof_font_t *entry;
     const lv_font_t *head;
+    void (*noted)(void);
     u32 codes[32];
     u32 count, reported;
 };
@@ -20,8 +22,5 @@ void zof_font_last_set_up(lv_font_t *font, zof_font_last *last);
 
 // Logs the letters that have been noted since the last call, each with a control that shows it if there is one.
 void zof_font_last_report(zof_font_last *last);
-
-// Lets all chains report in LVGL's next turn, when the controls that are being created are complete.
-void zof_font_report_soon(void);
 
 #endif

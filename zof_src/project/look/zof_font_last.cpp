@@ -77,7 +77,7 @@ static bool no_letter(const lv_font_t *font, lv_font_glyph_dsc_t *, u32 code, u3
     }
     if (drawn && !last->entry->given_up && last->count < sizeof(last->codes) / sizeof(last->codes[0])) {
         last->codes[last->count++] = code;
-        zof_font_report_soon();
+        last->noted();
     }
     return false;
 }
