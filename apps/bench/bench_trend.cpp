@@ -1,5 +1,6 @@
 // The store of the trend: a ring of reports, their sums by blocks, and a ring of coarse sums for what the first ring
 // has forgotten. A query walks over whole sums where they lie in one column, and over single reports elsewhere.
+#include <algorithm>
 #include <string.h>
 
 #include "bench/bench_record.h"
@@ -254,7 +255,7 @@ struct chart_t {
 };
 
 static s64 column_of(const chart_t &chart, u64 at) {
-    return at < chart.from ? -1 : (s64)((at - chart.from) / chart.width);
+    return at < chart.from ? -(s64)((chart.from - at - 1) / chart.width) - 1 : (s64)((at - chart.from) / chart.width);
 }
 
 // The columns between two reports that are not joined; that of the second one if there are none between, so that a
@@ -262,23 +263,20 @@ static s64 column_of(const chart_t &chart, u64 at) {
 static void gap_mark(chart_t &chart, u64 after, u64 until) {
     const s64 first = column_of(chart, after) + 1;
     const s64 end = column_of(chart, until);
-    for (s64 k = first < end ? first : end; k < (first < end ? end : end + 1) && k < (s64)chart.count; k++) {
-        if (k >= 0) {
-            chart.column[k].gap = true;
-        }
+    const s64 stop = std::min(first < end ? end : end + 1, (s64)chart.count);
+    for (s64 k = std::max(std::min(first, end), (s64)0); k < stop; k++) {
+        chart.column[k].gap = true;
     }
 }
 
 // What was set holds until something else was, also in gaps.
 static void set_mark(chart_t &chart, u64 until) {
-    const s64 end = column_of(chart, until);
-    for (s64 k = column_of(chart, chart.before.at); chart.any && k < end && k < (s64)chart.count; k++) {
-        if (k >= 0) {
-            trend_column_t &column = chart.column[k];
-            column.set = (chart.before.flags & TREND_SET) != 0;
-            column.set_mv = chart.before.set_mv;
-            column.set_ma = chart.before.set_ma;
-        }
+    const s64 end = std::min(column_of(chart, until), (s64)chart.count);
+    for (s64 k = std::max(column_of(chart, chart.before.at), (s64)0); chart.any && k < end; k++) {
+        trend_column_t &column = chart.column[k];
+        column.set = (chart.before.flags & TREND_SET) != 0;
+        column.set_mv = chart.before.set_mv;
+        column.set_ma = chart.before.set_ma;
     }
 }
 
