@@ -67,7 +67,7 @@ void measure_link() {
     if (!wire_plug(line)) {
         return;
     }
-    panel_up();
+    panel_up(true);
     zof_hw_init();
     zof_mutex_unlock(dis_mutex); // the loop's turns take it themselves
     loop_run([] { return bench.port.state == BENCH_PORT_OPEN; });

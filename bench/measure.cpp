@@ -12,7 +12,7 @@
 #include "port/zof_port.h"
 #include "zof_main.h"
 
-void panel_up() {
+void panel_up(bool program) {
     setenv("SDL_VIDEODRIVER", "offscreen", 0);
     setenv("XDG_STATE_HOME", "/nonexistent", 1); // what a real panel keeps has no effect here
     if (chdir(ZOF_PANEL_DIR) != 0) {
@@ -24,7 +24,11 @@ void panel_up() {
     measure_first_frame();
     zof_func_pwon();
     zof_mutex_lock(dis_mutex);
-    panel_start();
+    if (program) {
+        panel_start();
+    } else {
+        zof_prj_create(zof_views_fun, ZOF_VIEW_COUNT);
+    }
 }
 
 static u32 turn() {
