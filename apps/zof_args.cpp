@@ -95,7 +95,7 @@ void zof_args_begin(void) {
         record_log(args.log.c_str());
         lv_timer_create(log_check, LOG_CHECK_MS, nullptr);
     }
-    if (!args.replay.empty()) { // every page says so, and what it shows takes no touch
+    if (!args.replay.empty()) { // every page shows it, and touches have no effect
         const size_t slash = args.replay.find_last_of('/');
         const char *name = args.replay.c_str() + (slash == std::string::npos ? 0 : slash + 1);
         snprintf(bench.remote, sizeof(bench.remote), "%.*s", (int)sizeof(bench.remote) - 1, name);

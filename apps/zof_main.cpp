@@ -46,7 +46,7 @@ static void port_changed(const zof_uart_info_t *info) {
 
 static constexpr zof_hw_client_t client = {bench_take, bench_take_word, ui_paint};
 
-// A window that shows a file instead of a box says so.
+// Names the file in the title of a window that shows one instead of a box.
 static void title_set() {
     const char *replay = zof_replay_file();
     const std::string file = replay ? replay : import_name();

@@ -28,7 +28,7 @@ static bytes output(u16 on) {
     return frame_write(REG_OUT_STATE, {on});
 }
 
-// The median over frames of which each one differs from the one before.
+// Returns the median over frames that alternate, so that each one changes the picture.
 static double median_to_picture(int fd, bytes (*frame)(u16), u16 a, u16 b) {
     std::vector<double> took;
     for (int i = 0; i < WRITES; i++) {

@@ -14,7 +14,7 @@
 
 void panel_up(bool program) {
     setenv("SDL_VIDEODRIVER", "offscreen", 0);
-    setenv("XDG_STATE_HOME", "/nonexistent", 1); // what a real panel keeps has no effect here
+    setenv("XDG_STATE_HOME", "/nonexistent", 1); // settings of an installed panel have no effect here
     if (chdir(ZOF_PANEL_DIR) != 0) {
         perror(ZOF_PANEL_DIR);
         _exit(1);

@@ -26,8 +26,8 @@ inline double median_ms(int times, const std::function<void()> &call) {
     return middle(took);
 }
 
-// Starts the runtime with the panel's project, off screen, and takes dis_mutex; with `program`, also what paints the
-// pages from what the box says.
+// Starts the runtime with the panel's project, off screen, and takes dis_mutex; with `program`, also starts the panel's
+// own painting.
 void panel_up(bool program = false);
 
 // Runs the program's own loop until `over` returns true; without dis_mutex.

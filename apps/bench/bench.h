@@ -72,6 +72,7 @@ struct bench_rails_t {
     u8 tries;              // the try that runs or comes next, up to BENCH_TRIES
     u32 changes;           // counts lists that differ from the last one
     bool waiting;          // for the answer to a request
+    bool doubt;            // the rail in force was garbled; it is asked for again, at most every BENCH_PAUSE_MS
     u64 asked_at, next_at; // of the request; when to ask again, or 0
     // The answer that arrives
     u64 words; // one bit per word that came
@@ -112,12 +113,11 @@ struct bench_t {
     bool in_doubt; // the box has not confirmed `apply`, but may have taken it
     bench_choice_t apply;
     u64 apply_at, not_taken_at;
-    bool off_wanted; // off was requested, and the box has not said since that it is off
+    bool off_wanted; // off was requested and the box has not confirmed it: it is sent again when a port opens
     bool off_said;   // off was requested, and register 22 has not come since
     bool turning_off, turning_on;
     u64 off_at, on_at, deaf_until;
-    u16 last_on_mv; // the voltage when the output was last on: the set one, or what the current limit left of it; 0:
-                    // never
+    u16 last_on_mv; // the voltage when the output was last on, as set or as the current limit reduced it; 0: never
 
     bool limit; // the current limit is inferred
     u64 limit_at;
@@ -141,7 +141,7 @@ struct bench_t {
     u64 locked_at;
     bool averaged_off; // readings are shown as they come
     char remote[48];   // who holds the panel, empty: nobody
-    bool replay;       // `remote` is a recording of a link that is shown: nothing is sent
+    bool replay;       // a recorded link is shown, named in `remote`; nothing is sent
     bench_preset_t preset[BENCH_PRESETS];
 };
 extern bench_t bench;
@@ -169,8 +169,8 @@ bool bench_out_known(void);
 bool bench_is_on(void); // known to be on
 // Whether the output is below its set voltage because the current is at its limit, by the last readings.
 bool bench_limit_acts(void);
-// Whether a press counts: not on a locked panel, which says so for BENCH_NOTE_MS, nor while a remote client holds it,
-// unless it is of what takes the panel back.
+// Returns whether a press counts. It does not on a locked panel, which shows a note for BENCH_NOTE_MS, nor while a
+// remote client holds the panel, except for BENCH_PRESS_LOCAL, the button that takes it back.
 enum bench_press_e { BENCH_PRESS_ANY, BENCH_PRESS_LOCAL };
 bool bench_press(bench_press_e what = BENCH_PRESS_ANY);
 bool bench_locked_note(void);
@@ -229,7 +229,7 @@ bool bench_setting(u16 addr, u16 value);
 void bench_settings_ask(void);
 
 // Steps of the model that other files of it use.
-void bench_gate_start(void);               // forgets what was used on each rail
+void bench_gate_start(void);               // clears the currents last used on each rail
 void bench_gate_send(u16 addr, u16 value); // the only sender of registers
 void bench_gate_tick(void);
 void bench_gate_out(bool on);  // register 22 came

@@ -74,12 +74,12 @@ void bench_off(void) {
     if (bench.replay) {
         return;
     }
+    bench.off_wanted = !bench_out_known() || bench.on || bench.turning_on || bench.applying;
     bench.turning_on = false;
     bench.turning_off = bench_is_on();
     bench.off_said = !bench_out_known();
     bench.off_at = bench.now;
     bench.deaf_until = bench.now + BENCH_DEAF_MS;
-    bench.off_wanted = true;
     if (bench.port.state == BENCH_PORT_OPEN) {
         bench_gate_send(REG_OUT_REQ, 0);
     }
@@ -102,13 +102,14 @@ bool bench_turn_on(bool held) {
         return false;
     }
     bench.turning_on = true;
+    bench.off_wanted = false;
     bench.on_at = bench.now;
     bench_gate_send(REG_OUT_REQ, 1);
     return true;
 }
 
 void bench_gate_out(bool on) {
-    if (!on && bench.on && limited()) { // the device has not seen more
+    if (!on && bench.on && limited()) { // the device never saw the set voltage
         bench.last_on_mv = std::min(bench.last_on_mv, bench.mv);
     }
     bench.out_known = true;
@@ -286,7 +287,7 @@ bool bench_session_reset(void) {
     bench.base_mwh = 0;
     bench.reset_at = bench.now;
     bench.undo = true;
-    if (!trend_stopped()) { // the statistics of a recording that is shown stay
+    if (!trend_stopped()) { // an imported recording keeps its statistics
         session_reset();
     }
     bench_gate_send(REG_SESS_RESET, 1);

@@ -22,7 +22,7 @@ grid_t grid_volts(const prof_t *rail) {
     return {shown_up(rail->vmin), shown_down(rail->vmax), (u16)(rail->type == RAIL_AVS ? GRID_AVS_MV : GRID_PPS_MV)};
 }
 
-// A limit of 0 A is not one of them: boxes take it for the most that the rail can give.
+// 0 A is excluded: boxes treat a limit of 0 as the rail's maximum.
 grid_t grid_amperes(const prof_t *rail) {
     const u16 high = shown_down(rail->imax);
     return {std::min<u16>(GRID_MA, high), high, GRID_MA};

@@ -121,6 +121,8 @@ void bench_rails_tick(void) {
     }
     if (r.next_at != 0 && bench.now >= r.next_at) {
         ask();
+    } else if (r.doubt && !r.waiting && r.next_at == 0 && bench.now - r.asked_at >= BENCH_PAUSE_MS) {
+        bench_rails_ask();
     }
 }
 

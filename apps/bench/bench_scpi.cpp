@@ -1,4 +1,4 @@
-// Lines of SCPI: what is a command in them, which row it is of, and what it is given.
+// Parses SCPI lines: splits them into commands, finds each command's row and its parameters.
 #include "bench/bench_scpi_in.h"
 
 #include <string.h>
@@ -31,7 +31,7 @@ static view trim(view text) {
     return text;
 }
 
-// The place of the next `mark` that is in no string, or the end.
+// Returns the position of the next `mark` outside strings, or the end.
 static size_t find_outside(view text, size_t at, char mark) {
     char quote = 0;
     for (; at < text.size(); at++) {
@@ -56,7 +56,7 @@ struct header_t {
     bool suffix; // a node has a number other than 1
 };
 
-// Whether the nodes fit the rest of a pattern.
+// Returns whether the nodes match the rest of a pattern.
 static bool nodes_fit(const char *pattern, const view *node, u32 count) {
     if (*pattern == '\0' || *pattern == '?') {
         return count == 0;
@@ -108,7 +108,7 @@ static s16 header_split(view whole, header_t *out) {
 }
 
 // Parameters ------------------------------------------------------------------------------------------------------
-// Whether a string is one from its first quote to its last.
+// Returns whether the text is a single string from its first quote to its last.
 static bool string_whole(view text) {
     return text.size() >= 2 && text.front() == text.back() && find_outside(text, 0, '\0') == text.size() &&
            find_outside(text.substr(0, text.size() - 1), 0, text.front()) == text.size() - 1;
@@ -144,7 +144,7 @@ static s16 params_split(view text, scpi_call_t *call) {
 }
 
 // Commands --------------------------------------------------------------------------------------------------------
-// The end of a header, which a space ends too; returns the error.
+// Finds the end of a header, which a space ends too; returns the error code.
 static s16 header_end(view unit, size_t *out) {
     size_t at = unit[0] == '*' ? 1 : 0;
     while (at < unit.size() && (is_letter(unit[at]) || is_digit(unit[at]) || unit[at] == ':')) {
@@ -158,7 +158,8 @@ static s16 header_end(view unit, size_t *out) {
     return 0;
 }
 
-// The row of a command and its parameters; null after an error, which is queued. `path` is where it leaves the line.
+// Returns the row of a command and fills in its parameters; null after queueing an error. `path` is updated for the
+// next command of the line.
 static const scpi_row_t *unit_read(view unit, scpi_call_t *call, std::string *path) {
     scpi_client_t *client = call->client;
     size_t end = 0;
@@ -286,8 +287,8 @@ static bool line_turns_off(view line) {
     return false;
 }
 
-// Off waits for no other line, and runs once more in its turn. The commands of one line keep their order: they were
-// written together.
+// Off does not wait for other lines, and runs again when its turn comes. Commands within one line keep their order,
+// because they were written together.
 static void off_ahead(scpi_client_t *client, view rest) {
     const u64 begin = client->taken;
     size_t at = client->looked > begin ? (size_t)(client->looked - begin) : 0;

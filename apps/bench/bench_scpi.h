@@ -26,43 +26,43 @@ struct scpi_error_t {
 struct scpi_client_t {
     char name[sizeof(bench.remote)]; // its address, as the panel shows it
 
-    std::string line; // what came of it, or the whole line that runs
+    std::string line; // the bytes received so far, or the whole line while it runs
     bool skipping;    // the line is too long and ignored up to its end
     bool running;     // the line is whole, and has not ended: a command waits
     size_t at;        // where the command that runs or waits begins
     u64 taken;        // bytes since it connected
-    u64 looked, off;  // of these and those behind them: searched for Off; the end of the last line that has one
-    std::string path; // what a header without a leading colon continues
+    u64 looked, off;  // byte counts: searched for Off so far; the end of the last line that contains one
+    std::string path; // the path that a header without a leading colon continues
     bool failed;      // a command of the line failed: those after it change nothing, except to turn off
     bool waiting;
     u64 wait_from;
-    std::string answer; // to the line so far
+    std::string answer; // to the current line, so far
 
     scpi_error_t error[SCPI_ERRORS];
     u32 errors;
     u8 esr, ese, sre;
     bool opc; // *OPC waits for its end
 
-    bool holds;   // it has set something, and the panel was not taken back since
+    bool holds;   // it has set something and still holds the panel
     bool refused; // the panel was taken back
-    u8 started;   // what it has requested of the box and not got yet
+    u8 started;   // requests to the box that are not confirmed yet
     bench_choice_t choice;
     u64 apply_at, on_at, off_at;
-    u64 fresh_at;  // from when on readings are of what it has set
-    u16 ma_wanted; // a current that was set while no voltage was known; 0: none
+    u64 fresh_at;  // readings from this time on reflect what it has set
+    u16 ma_wanted; // a current set while no voltage was known; 0: none
 
-    std::string out; // what the client is to be sent; the caller takes it away
+    std::string out; // answers to send; the caller removes them
 };
 
 // Adds a client. False if there are SCPI_CLIENTS already. `name` is its address.
 bool scpi_open(scpi_client_t *client, const char *name);
 // Removes it; the panel is local again if nobody else holds it.
 void scpi_close(scpi_client_t *client);
-// Takes bytes until they are used up or a command waits, which scpi_waits says then. Returns how many it has taken; the
-// next call begins with the others. Whole lines among these that turn the output off do so at once. Without any bytes,
-// it continues a command that waits if it can.
+// Consumes bytes until all are used or a command waits, see scpi_waits. Returns the number consumed; pass the rest
+// again in the next call. Complete lines in the rest that turn the output off take effect at once. With no bytes,
+// continues a waiting command if possible.
 size_t scpi_feed(scpi_client_t *client, const char *bytes, size_t size);
-// Whether a command waits, and whether anything that the client has started has not ended: feed it again soon.
+// Return whether a command waits, and whether an operation of the client has not finished; feed the client again soon.
 bool scpi_waits(const scpi_client_t *client);
 bool scpi_unfinished(const scpi_client_t *client);
 

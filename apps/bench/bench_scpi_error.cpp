@@ -47,7 +47,7 @@ static u8 esr_bit(s16 code) {
     return bits[-code / 100];
 }
 
-// What a client sent may come back in a text: only what can stand in a string of the answer.
+// Error texts may quote what a client sent, so characters that cannot appear in an answer's string are replaced.
 static std::string printable(const std::string &text) {
     std::string out;
     for (char c : text) {

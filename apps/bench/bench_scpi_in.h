@@ -1,4 +1,4 @@
-// What the files of SCPI share.
+// Internal header of SCPI.
 #ifndef BENCH_SCPI_IN_H
 #define BENCH_SCPI_IN_H
 
@@ -59,11 +59,11 @@ struct scpi_row_t {
 extern const scpi_row_t scpi_rows[];
 extern const u32 scpi_row_count;
 
-// Queues an error, with what is particular about it, and marks the line as failed.
+// Queues an error with details, and marks the line as failed.
 void scpi_fail(scpi_client_t *client, scpi_code_e code, const std::string &more = "");
-// A text as a string of an answer; what cannot stand in one becomes a question mark.
+// Returns a text as a quoted string for an answer; characters that are not allowed there become question marks.
 std::string scpi_quoted(const std::string &text);
-// Adds to the answer of the line.
+// Appends to the line's answer.
 void scpi_answer(scpi_call_t &call, const std::string &text);
 
 // Parameters: each returns false after queueing an error.
@@ -75,13 +75,13 @@ bool scpi_param_milli(scpi_call_t &call, u32 index, char unit, double *out);
 std::string scpi_milli(u32 thousandths); // "12.040"
 std::string scpi_format(const char *format, ...) __attribute__((format(printf, 1, 2)));
 
-// Who holds the panel. The first notices that the panel was taken back by its Local button.
+// Functions about who holds the panel. The first one detects that the Local button has taken the panel back.
 void scpi_remote_check();
 void scpi_remote_take(scpi_client_t *client);
 void scpi_remote_leave(scpi_client_t *client);
 
 // Handlers of set commands and their queries.
-void scpi_outcome(scpi_client_t *client); // notices the end of what the client has started
+void scpi_outcome(scpi_client_t *client); // updates the state of what the client has requested
 bool scpi_settling(const scpi_call_t &call);
 bool scpi_measure_waits(const scpi_call_t &call);
 bool scpi_output_waits(const scpi_call_t &call);
@@ -96,9 +96,9 @@ void scpi_rail_ask(scpi_call_t &call);
 void scpi_output(scpi_call_t &call);
 void scpi_output_off(scpi_client_t *client);
 bool scpi_output_turns_off(scpi_call_t &call);
-// Requests off; what comes of it, the command reports when its turn has come.
+// Requests off at once; the command itself reports the result when its turn comes.
 void scpi_off_request(scpi_client_t *client);
-// Whether a command that has not run yet has turned the output off: nothing before it turns on.
+// Returns whether a queued command has already turned the output off, so that no earlier one may turn it on.
 bool scpi_off_ahead(const scpi_client_t *client);
 void scpi_session_reset(scpi_call_t &call);
 

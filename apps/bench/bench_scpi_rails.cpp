@@ -1,4 +1,4 @@
-// Which values the rails give, and which rail a command chooses.
+// The values that rails can supply, and the rail that a command selects.
 #include "bench/bench_scpi_rails.h"
 
 #include <math.h>
@@ -6,7 +6,7 @@
 enum { DEFAULT_MV = 5000, DEFAULT_MA = 1000 };
 static constexpr char units[] = {'V', 'A'};
 
-// A fixed rail gives its own voltage and its own current limit, and nothing else.
+// A fixed rail supplies exactly its own voltage and current limit.
 static grid_t grid_of(const prof_t &rail, scpi_which_e which) {
     if (prof_adjustable(&rail)) {
         return which == SCPI_VOLTS ? grid_volts(&rail) : grid_amperes(&rail);
@@ -21,7 +21,7 @@ bool scpi_rail_gives(u8 rail, scpi_which_e which, double value) {
                                                              value == floor(value) && grid_has(grid, (u32)value)));
 }
 
-// The least and the greatest value of the rails that give the other one; false if there is no such rail.
+// Finds the range of values of the rails that can supply the other value; returns false if no rail can.
 static bool limits(scpi_scope_t scope, scpi_which_e which, double other, double *least, double *most) {
     *least = INFINITY;
     *most = -INFINITY;
@@ -51,7 +51,7 @@ std::string scpi_with_unit(double milli, scpi_which_e which) {
     return scpi_format("%.6g %c", milli / 1000, units[which]);
 }
 
-// Refuses a value, with what the rails that give the other one have instead.
+// Refuses a value and names the nearest ones of the rails that can supply the other value.
 void scpi_refuse(scpi_call_t &call, scpi_scope_t scope, scpi_which_e which, double value, double other) {
     const scpi_which_e second = which == SCPI_VOLTS ? SCPI_AMPERES : SCPI_VOLTS;
     double below = -INFINITY, above = INFINITY;

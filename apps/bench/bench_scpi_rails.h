@@ -1,4 +1,4 @@
-// Values of volts and amperes in SCPI: whether rails give them, and which rail that is.
+// Volts and amperes in SCPI commands: whether a rail can supply them, and which one.
 #ifndef BENCH_SCPI_RAILS_H
 #define BENCH_SCPI_RAILS_H
 
@@ -6,7 +6,7 @@
 
 enum scpi_which_e { SCPI_VOLTS, SCPI_AMPERES };
 // Values are thousandths, possibly fractional as a client wrote them.
-inline constexpr double SCPI_ANY = -1; // a value that is not asked for
+inline constexpr double SCPI_ANY = -1; // any value is acceptable
 
 // The rails that a command may choose from.
 struct scpi_scope_t {
@@ -16,13 +16,13 @@ inline constexpr scpi_scope_t scpi_all_rails = {0, RAIL_MAX};
 
 bool scpi_rail_gives(u8 rail, scpi_which_e which, double value);
 std::string scpi_with_unit(double milli, scpi_which_e which); // "12.04 V"
-// Queues the error of a value that no rail gives together with the other one, and what they give instead.
+// Queues the error for a value that no rail can supply together with the other one, naming the nearest values.
 void scpi_refuse(scpi_call_t &call, scpi_scope_t scope, scpi_which_e which, double value, double other);
 // Chooses the rail: adjustable before fixed, then the lower top voltage, then the lower number. With SCPI_ANY current,
 // it is the one that the rail opens with. False after queueing an error.
 bool scpi_choose(scpi_call_t &call, scpi_scope_t scope, double mv, double ma, bench_choice_t *out);
-// Reads MINimum, MAXimum or DEFault of the rails that give the other value; the second reads a number as well. False
-// after queueing an error.
+// Read MINimum, MAXimum or DEFault among the rails that can supply the other value; the second also reads a number.
+// Return false after queueing an error.
 bool scpi_word_value(scpi_call_t &call, u32 index, scpi_scope_t scope, scpi_which_e which, double other, double *out);
 bool scpi_value_read(scpi_call_t &call, u32 index, scpi_scope_t scope, scpi_which_e which, double other, double *out);
 

@@ -1,5 +1,5 @@
-// The clients of SCPI, and which of them hold the panel. Its Local button takes it back from all of them: none sets
-// anything again before it has asked with SYST:REM, or has connected again.
+// The clients of SCPI, and which of them hold the panel. The Local button takes the panel back from all of them; a
+// client may set values again after SYST:REM or a new connection.
 #include "bench/bench_scpi_in.h"
 
 #include <stdio.h>

@@ -1,4 +1,4 @@
-// The commands of SCPI, and the handlers of those that concern neither rails nor output.
+// The table of SCPI commands, and the handlers of those that do not concern rails or the output.
 #include "bench/bench_scpi_in.h"
 
 #include "bench/bench_record.h"
@@ -15,7 +15,7 @@ static void idn(scpi_call_t &call) {
     scpi_answer(call, std::string("zof,bench panel,0,") + (version ? version : "0"));
 }
 
-// Off is the only state that is safe for whatever is connected. Rails and the session stay.
+// Off is the only state that is safe for any connected device. Rails and session are unchanged.
 static void rst(scpi_call_t &call) {
     call.client->opc = false;
     scpi_output_off(call.client);
@@ -104,7 +104,7 @@ static void local(scpi_call_t &call) {
 }
 
 // Readings --------------------------------------------------------------------------------------------------------
-// The last report, as it came: the mean for the eye would hide a spike.
+// The last report without averaging, which would hide a spike.
 static void reading(scpi_call_t &call, bool known, u32 thousandths) {
     if (known && bench_live()) {
         scpi_answer(call, scpi_milli(thousandths));
@@ -176,7 +176,7 @@ template <trend_what_e WHAT> static u64 stats_high(const trend_stats_t &stats) {
     return stats.high[WHAT];
 }
 
-// Recording changes nothing at the box, so nobody has to hold the panel for it.
+// Recording does not affect the box, so the client need not hold the panel.
 static void record_set(scpi_call_t &call) {
     bool on = false;
     if (!scpi_param_flag(call, 0, &on)) {

@@ -1,5 +1,5 @@
-// SCPI commands that change something. All of them go through the gate of the model; an explicit command of a program
-// counts as a hold, but nothing raises or turns on while readings are late.
+// SCPI commands that change something. All of them go through the model's gate. An explicit command counts as a hold,
+// but nothing raises the voltage or turns on while readings are late.
 #include "bench/bench_scpi_rails.h"
 
 #include <math.h>
@@ -12,7 +12,7 @@ enum { OFF_MS = 2000 }; // for the box to report that it is off
 static const char not_a_number[] = "9.91E37";
 static const char off_came[] = "a command to turn off came after it";
 
-// Whether a client may change anything now ------------------------------------------------------------------------
+// Permission to change something ------------------------------------------------------------------------
 static bool may_set(scpi_call_t &call) {
     if (call.client->refused) {
         scpi_fail(call.client, SCPI_PROTECTED, "the panel was taken back; SYST:REM asks for it again");
@@ -37,12 +37,12 @@ static bool may_apply(scpi_call_t &call) {
     return true;
 }
 
-// What a client has started ---------------------------------------------------------------------------------------
+// Pending requests ---------------------------------------------------------------------------------------
 bool scpi_settling(const scpi_call_t &) {
     return bench.applying || bench.turning_on || (bench.turning_off && bench.now - bench.off_at < OFF_MS);
 }
 
-// A measurement is one of what the client has set, not of what was before.
+// A measurement after a change reflects the change.
 bool scpi_measure_waits(const scpi_call_t &call) {
     return bench_live() && (call.client->started != 0 || bench.now < call.client->fresh_at);
 }
@@ -130,7 +130,7 @@ static void choose_and_send(scpi_call_t &call, scpi_scope_t scope, double mv, do
 }
 
 // Commands --------------------------------------------------------------------------------------------------------
-// The current that a voltage alone goes with.
+// The current to use with a voltage given alone.
 static double present_ma(const scpi_call_t &call) {
     return bench.set_known ? bench.set.ma : call.client->ma_wanted != 0 ? call.client->ma_wanted : SCPI_ANY;
 }
@@ -142,7 +142,7 @@ void scpi_volt(scpi_call_t &call) {
     }
 }
 
-// Without a voltage that is known, the current waits for the next one.
+// Without a known voltage, the current is kept for the next voltage.
 static void ma_keep(scpi_call_t &call, double ma) {
     for (u8 i = 0; i < RAIL_MAX; i++) {
         if (scpi_rail_gives(i, SCPI_AMPERES, ma)) {
@@ -201,7 +201,7 @@ static bool means_on(const scpi_param_t &param) {
     return param.kind == SCPI_WORD ? scpi_word_is("ON", param.text) : round(value) != 0;
 }
 
-// On waits until what was requested before is done, and off has been reported.
+// On waits until earlier requests are confirmed and off has been reported.
 bool scpi_output_waits(const scpi_call_t &call) {
     return means_on(call.param[0]) && !call.client->failed && !scpi_off_ahead(call.client) &&
            (scpi_settling(call) || bench.now < bench.deaf_until);

@@ -251,9 +251,10 @@ void bench_take(u16 addr, u16 value) {
         break;
     case REG_RAIL_ACTIVE:
         if (value < RAIL_MAX || value == RAIL_NONE) {
+            bench.rails.doubt = false;
             bench_gate_rail((u8)value);
-        } else { // garbled; the answer names the rail again
-            bench_rails_ask();
+        } else { // garbled on the line
+            bench.rails.doubt = true;
         }
         break;
     case REG_BOX_VERSION: // the box has started
@@ -288,7 +289,7 @@ void bench_take_port(const bench_port_t *port) {
         record_gap();
     }
     if (opened) {
-        if (bench.off_wanted) { // perhaps to another box than it was meant for, which off does not harm
+        if (bench.off_wanted) { // it may be another box by now; off does no harm there
             bench_off();
         }
         ask_all();

@@ -1,10 +1,10 @@
-// The thread "zof scpi". Commands run on it under dis_mutex; everything else here belongs to it alone. While answers
-// are on their way to a client nothing is read from it, so a client that does not read stops itself and no one else.
+// The thread "zof scpi". Commands run on it under dis_mutex; everything else here belongs to it alone. While answers to
+// a client are being sent nothing is read from it, so a client that does not read blocks only itself.
 #include "net/net_scpi.h"
 
 #include <utility> // Boost 1.74 needs it first
 
-#define BOOST_ASIO_DISABLE_FENCED_BLOCK // one thread needs no fences, and ThreadSanitizer takes none
+#define BOOST_ASIO_DISABLE_FENCED_BLOCK // one thread needs no fences, and ThreadSanitizer does not support them
 #include <boost/asio.hpp>
 
 #include <charconv>
@@ -23,20 +23,20 @@ using boost::system::error_code;
 enum {
     THREAD_PRIO = 7, // normal
     READ_SIZE = 1024,
-    HELD_MAX = 4096,       // bytes that wait for a command to end; more are not read
+    HELD_MAX = 4096,       // bytes that may wait behind a command; no more are read
     WRITE_MS = 5000,       // for a client to take its answers
     END_MS = 2000,         // for the last commands of a client that sends no more
-    AGAIN_MS = 10,         // between looks at what has been started
+    AGAIN_MS = 10,         // between checks of unfinished operations
     ACCEPT_PAUSE_MS = 200, // after an error
 };
-// A client whose machine has vanished is noticed within KEEP_IDLE_S + KEEP_COUNT * KEEP_EACH_S.
+// A client whose machine has vanished is detected within KEEP_IDLE_S + KEEP_COUNT * KEEP_EACH_S.
 enum { KEEP_IDLE_S = 10, KEEP_EACH_S = 5, KEEP_COUNT = 3 };
 
 struct conn_t {
     tcp::socket socket;
     asio::steady_timer again, limit, end;
     char block[READ_SIZE];
-    std::string held, sending; // bytes that came and were not taken; answers on their way
+    std::string held, sending; // bytes received but not consumed; answers being sent
     bool reading, writing, ended, closed;
     scpi_client_t client;
 };
@@ -105,7 +105,7 @@ static void more_read(const conn_p &conn) {
     });
 }
 
-// Runs what has come; true if something of it has not ended.
+// Runs what was received; returns true if an operation has not finished.
 static bool commands_run(const conn_p &conn) {
     zof_lock gui(dis_mutex);
     conn->held.erase(0, scpi_feed(&conn->client, conn->held.data(), conn->held.size()));

@@ -1,4 +1,4 @@
-// The sockets of SCPI: lines over TCP, for SCPI_CLIENTS clients at once, on one thread of its own.
+// The sockets of SCPI: lines over TCP, for SCPI_CLIENTS clients at once, on a separate thread.
 #ifndef NET_SCPI_H
 #define NET_SCPI_H
 

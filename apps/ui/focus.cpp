@@ -1,6 +1,6 @@
-// The ring is in the topmost layer and takes no touch. A control can have the focus if a finger on its middle reaches
-// it and it has a function; nothing else is known here about pages and controls, and a key does nothing that a finger
-// could not do.
+// The ring is in the topmost layer and takes no touch. A control can have the focus if it has an event function and a
+// finger on its centre would reach it. This file knows nothing else about pages and controls, so a key can do nothing
+// that a finger could not.
 #include "ui/focus.h"
 
 #include <stdlib.h>
@@ -21,13 +21,13 @@ static struct {
     lv_obj_t *ring; // null: nothing has the focus
     lv_area_t box;  // of the ring
     para_t *ctrl;
-    lv_point_t at; // of the last focus, also after it is gone
+    lv_point_t at; // of the last focus; kept after it is cleared
     bool pressed;
     u32 landings;
 } focus;
 
 // Controls --------------------------------------------------------------------------------------------------------
-// What a finger there touches.
+// Returns the object that a finger at this point touches.
 static lv_obj_t *touched(lv_point_t at) {
     lv_obj_t *hit = nullptr;
     for (lv_obj_t *layer : {lv_layer_sys(), lv_layer_top(), lv_scr_act()}) {
@@ -51,7 +51,7 @@ static bool spot_find(para_t *ctrl, spot_t *out) {
     return touched(out->at) == obj;
 }
 
-// In reading order: a row is the highest control that is left, and all with their middle above its lower edge.
+// Sorts in reading order: a row consists of the highest remaining control and all whose centre is above its lower edge.
 static u32 spots_find(spot_t *out) {
     const u32 view = (u32)zof_view_get_cur_id(ZOF_LAYER_UI);
     u32 count = 0;

@@ -58,7 +58,7 @@ static void finish() {
     now->done();
 }
 
-// Readings may become late, and the panel be locked or held by a program, while a finger is down.
+// While a finger is down readings may become late, and the panel may be locked or taken over by a program.
 static bool still_counts() {
     return bench_age() == BENCH_LIVE && !bench.locked && !bench.remote[0];
 }

@@ -1,4 +1,4 @@
-// The keys of the panel, which About and --help list, and a second finger, which counts for Off alone.
+// The keys of the panel, which About and --help list, and a second finger, which can only turn off.
 #ifndef KEYS_H
 #define KEYS_H
 

@@ -1,5 +1,5 @@
 // Sliding to another page. The new page is shown at once, so that all of it takes touch and Off counts at any moment,
-// and tab bar and strip stand still because they are its own. What slides away is a picture of the old page's middle.
+// and its own tab bar and strip do not move. Only a picture of the old page's content slides away.
 #include <string.h>
 
 #include "drv/zof_drv_aid.h"
@@ -19,7 +19,7 @@ static void end(lv_anim_t *) {
     slide = {};
 }
 
-// Takes the middle of what is shown. False without a frame or memory.
+// Copies the middle of the screen. Returns false without a frame or memory.
 static bool picture_take() {
     s32 width = 0, height = 0;
     const u32 *frame = zof_drv_aid_frame(&width, &height);

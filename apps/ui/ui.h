@@ -34,12 +34,12 @@ void ui_entered();
 // locked or a remote client holds it. A press that does not count takes its later events with it.
 bool ui_takes(zof_event_e event, bench_press_e what = BENCH_PRESS_ANY);
 
-// A display with a light of its own may be too dim to see what is touched: below UI_DIM_PERCENT the first press only
-// brightens it to that, for BENCH_WAKE_MS after the last one. Off works at any brightness.
+// A display with a backlight may be too dim to see what is touched. Below UI_DIM_PERCENT the first press only brightens
+// it to that level, until BENCH_WAKE_MS after the last touch. Off works at any brightness.
 enum { UI_DIM_PERCENT = 30 };
-bool wake_press();            // a control is pressed; returns whether that only wakes the display
-void wake_tick();             // notices touches beside all controls
-u16 wake_bright(u16 percent); // what the light shows, of what is set
+bool wake_press();            // call when a control is pressed; returns whether the press only wakes the display
+void wake_tick();             // handles touches outside all controls
+u16 wake_bright(u16 percent); // returns the brightness to show for a setting
 
 // The tab of the Output page, which held for a second locks the panel, and unlocks it.
 void output_tab_event(zof_ctrl_t *, zof_event_e event);
@@ -53,7 +53,7 @@ bool keypad_type(char c);
 // Shows a page at once: while one slides in, LVGL takes no touch, and Off would not count.
 void ui_tab_to(u32 view);
 
-// The same, and the old page slides away to the left, or `back` to the right.
+// As above; the old page slides away to the left, or to the right with `back`.
 void ui_slide_to(u32 view, bool back);
 
 // The strip on all pages but Output; its off button's function.

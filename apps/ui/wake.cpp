@@ -4,8 +4,8 @@
 #include "ui/ui.h"
 
 static struct {
-    u64 until;    // it is awake
-    u32 landings; // that were seen
+    u64 until;    // awake until this time
+    u32 landings; // touches counted so far
 } wake;
 
 static bool is_dim() {

@@ -47,7 +47,7 @@ class Panels(unittest.TestCase):
     def opened(self, bench: BenchPanel, **more) -> Panel:
         panel = self.enterContext(bench.open(**more))
         event = panel.event(10)
-        if event is None:        # on a busy machine it may start before the line is opened, which drops what has arrived
+        if event is None:        # under load the panel may start before the line is open, and opening drops earlier bytes
             bench.stop()
             bench.start()
             event = panel.event(60)

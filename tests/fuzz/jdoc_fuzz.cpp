@@ -1,5 +1,5 @@
-// JSON with places: what is accepted is what cJSON accepts, each node's range is a value with the same content, and a
-// change stays within its range.
+// JSON with positions: accepts what cJSON accepts, each node's range is a value with the same content, and a change
+// stays within its range.
 #include <cjson/cJSON.h>
 
 #include "fuzz.h"

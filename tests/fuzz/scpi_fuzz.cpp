@@ -1,4 +1,4 @@
-// SCPI with a box: anything that two clients may send. The input is a series of steps, each a byte for its kind and its
+// SCPI with a box: arbitrary input from two clients. The input is a series of steps, each a byte for its kind and its
 // length, and then its bytes; a length of 0 lets time pass.
 #include "fuzz.h"
 
@@ -9,7 +9,7 @@ enum { SECOND = 128, LENGTH = 127, PASS_MS = 200, DEAF = 1, MUTE = 2, LOCAL = 4,
 
 static scpi_client_t second;
 
-// What is sent is on the rail's grid, and nothing turns on or is applied on old data.
+// Values sent are on the rail's grid, and nothing is turned on or applied while readings are stale.
 static void judge() {
     u16 mv = 0, ma = 0;
     for (const auto &[addr, value] : std::exchange(scpi_box.sent, {})) {

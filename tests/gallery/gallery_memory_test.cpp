@@ -13,7 +13,7 @@ static std::string held() {
     __db_list_travel(zof_prj_get_cur()->font_list, [](void *font) {
         __db_list_travel(((zof_font_t *)font)->sizes, [](void *) { fonts++; }); // their users are never released
     });
-    const u32 lvgl = zof_lv_mem_count() / 64 * 64; // the names of a sequence's pictures have one digit or two
+    const u32 lvgl = zof_lv_mem_count() / 64 * 64; // the current picture of a sequence has one digit or two in its name
     return form("%u + %u bytes, %u timers, %u fonts", zof_mem_count(), lvgl, timers, fonts);
 }
 

@@ -1,4 +1,4 @@
-// The panel by its keys: those with a meaning of their own, and the focus that moves over all controls.
+// The panel's keys: shortcuts, and the focus that the arrows move over all controls.
 #include <set>
 
 #include "hardware/uart/zof_hw_map.h"
@@ -48,7 +48,7 @@ TEST_CASE("panel: keys show pages, turn on and off, and lock") {
     live(700);
     keyboard(' ');
     live(700);
-    keyboard('x'); // another key hides nothing of this one
+    keyboard('x'); // another key does not affect this one
     keyboard(' ', false);
     keyboard('x', false);
     live(700);
@@ -66,7 +66,7 @@ TEST_CASE("panel: keys show pages, turn on and off, and lock") {
     live(700);
     keyboard(' ');
     keyboard(' ', false);
-    CHECK(sent().empty()); // on only where the toggle can be seen
+    CHECK(sent().empty()); // turns on only on the page with the toggle
     keyboard('l');
     keyboard('l', false);
     keyboard('1');
@@ -81,7 +81,7 @@ static std::string box_text(const lv_area_t &box) {
     return form("%d %d %d %d", box.x1, box.y1, box.x2, box.y2);
 }
 
-// The place of the ring around a control.
+// Returns the position of the ring when it is around a control.
 static std::string ring_around(const para_t *ctrl) {
     static constexpr lv_area_t screen = {0, 0, 799, 479};
     lv_area_t box = ctrl->obj->coords;
@@ -90,13 +90,13 @@ static std::string ring_around(const para_t *ctrl) {
     return box_text(box);
 }
 
-// The place of the ring; empty without one.
+// Returns the position of the ring, or an empty text if it is not shown.
 static std::string ring() {
     const lv_obj_t *obj = lv_obj_get_child(lv_layer_sys(), 0);
     return obj ? box_text(obj->coords) : "";
 }
 
-// The places of rings around all controls with a function that a finger reaches anywhere.
+// Returns the ring positions of all controls with an event function that a finger can reach.
 static std::set<std::string> reachable() {
     std::set<std::string> out;
     for (u32 id = 1; id <= 158; id++) {
@@ -120,7 +120,7 @@ static void focus_to(u32 view, u32 ctrl) {
     REQUIRE(ring() == wanted);
 }
 
-TEST_CASE("keys: arrows move a ring over all that a finger can press, and nothing else") {
+TEST_CASE("keys: arrows move the ring over exactly the controls that a finger can press") {
     open_rails();
     for (u32 view : {1, 2, 3, 4, 5, 2}) {
         CAPTURE(view);
@@ -156,7 +156,7 @@ TEST_CASE("keys: arrows move a ring over all that a finger can press, and nothin
     }
     CHECK(sent().empty());
     tap(RIGHT);
-    screen_press(400, 30); // the ring goes at the first touch, also of nothing
+    screen_press(400, 30); // any touch removes the ring, even beside all controls
     screen_release(400, 30);
     screen_step(100);
     CHECK(ring().empty());
@@ -188,7 +188,7 @@ TEST_CASE("keys: Enter is a finger on the control in the ring: it clicks, holds,
     CHECK(sent().empty()); // let go before the hold was full
     keyboard(ENTER);
     live(400);
-    zof_touch_landed(300, 190); // a finger meanwhile counts for Off alone
+    zof_touch_landed(300, 190); // a second finger can only turn off
     live(500);
     CHECK(sent() == reports{{REG_ADJ_MV, 9500}, {REG_ADJ_MA, 1000}, {REG_RAIL_SELECT, 7}});
     keyboard(ENTER, false);
@@ -215,7 +215,7 @@ TEST_CASE("keys: Enter is a finger on the control in the ring: it clicks, holds,
     CHECK(sent().empty());
 }
 
-TEST_CASE("keys: arrows drag what Enter holds, and a finger that lands meanwhile is none for the page") {
+TEST_CASE("keys: arrows drag what Enter holds, and the page ignores a finger that lands then") {
     panel_open();
     board_ready();
     go_to(4);

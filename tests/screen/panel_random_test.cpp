@@ -131,7 +131,7 @@ static void finger_down(s32 x, s32 y) {
     run.offs = 0;
     sdl_pointer_inject(x, y, ZOF_TRUE);
     screen_step(SCREEN_INPUT_MS);
-    must(!wanted || run.offs > 0 || !sendable || bench.off_wanted, "a touch on what is not off sends off");
+    must(!wanted || run.offs > 0 || (!sendable && bench.off_wanted), "a touch on what is not off sends off");
 }
 
 static void finger_up() {

@@ -146,7 +146,7 @@ TEST_CASE("panel: off acts when the finger lands, on when it lifts inside, and a
     screen_press(632, 208);
     screen_move(541, 300);
     screen_release(541, 300);
-    CHECK(sent().empty()); // slid off, into a corner
+    CHECK(sent().empty()); // slid off into a corner of the box
     board_applied({10, 48000, 5000});
     board_readings(0, 0, 0, 12534);
     live(400);
@@ -164,7 +164,7 @@ TEST_CASE("panel: off acts when the finger lands, on when it lifts inside, and a
         screen_press(632, 208);
         live(400);
         strcpy(bench.remote, holder);
-        bench.locked = holder[0] == '\0'; // or somebody locks it
+        bench.locked = holder[0] == '\0'; // or the panel is locked
         live(800);
         screen_release(632, 208);
         CHECK(sent().empty());
@@ -289,7 +289,7 @@ TEST_CASE("panel: a touch that wakes a dim display does nothing else, but Off wo
     go_to(4);
     board_write(REG_BRIGHT, {20});
     live(400);
-    screen_click(341, 252); // the average: a window is bright enough
+    screen_click(341, 252); // averaging: a window is always bright enough
     CHECK((bench.averaged_off && sdl_bright_get() == level(20)));
     zof_drv_get_disp_t()->own_light = ZOF_TRUE;
     screen_click(341, 252);

@@ -1,4 +1,4 @@
-// The player as its parents see it: a process that is driven by lines and draws into shared memory.
+// The player as its parent processes see it: driven by lines, drawing into shared memory.
 #include <sys/stat.h>
 
 #include <map>
@@ -68,7 +68,7 @@ static std::string view(u32 id, const std::string &controls) {
     return text + controls + "]}";
 }
 
-// Two views, two languages, a theme, and a drive that is asked for.
+// Two views, two languages, a theme, and a name on a drive.
 static void project_write(const temp_project_t &project) {
     project.write("config/project/zofprj.g", R"({"p_name": "test", "width": 200, "height": 160, "start_page": 1,
         "language": "en", "hw_t": {"touch_t": {"th_en": 1}},
@@ -95,7 +95,7 @@ static std::map<std::string, std::string> listing(const std::string &folder) {
     return out;
 }
 
-TEST_CASE("a player answers every wrong line with an error, and goes on") {
+TEST_CASE("a player answers every invalid line with an error and continues") {
     temp_project_t project;
     project_write(project);
     player p;
@@ -215,7 +215,7 @@ TEST_CASE("a fresh player takes over what the one before showed, and what a host
     CHECK(contains(next.say(R"({"do": "tree"})"), R"("text":"Servus")"));
 }
 
-TEST_CASE("faults of files come with their place, and what was expected there") {
+TEST_CASE("faults in files are reported with their position and what was expected there") {
     temp_project_t project;
     project_write(project);
     project.write("config/view/more.g", "{\"view\": {\"v_id\": 2}\n \"controls\": []}");

@@ -68,7 +68,7 @@ struct watched {
     }
 };
 
-TEST_CASE("a watched folder shows each save, keeps the last good picture, and says what is wrong") {
+TEST_CASE("a watched folder shows each save, and after a fault the last good picture stays with a message") {
     watched w;
     CHECK(w.until([&] { return w.pixel() == 0xFF; }));
     CHECK(w.session.note == "");
@@ -87,7 +87,7 @@ TEST_CASE("a watched folder shows each save, keeps the last good picture, and sa
     CHECK(w.session.note_grave);
     CHECK(w.pixel() == 0xFF00);
 
-    // An editor that writes another file, and renames it over the old one; and a key that only deserves a note.
+    // An editor that renames a new file over the old one, and a fault that is only a warning.
     w.project.write("config/view/home.g~", view(0xFF0000, R"(, "colour": 1)"));
     std::filesystem::rename(w.project.path("config/view/home.g~"), w.project.path(view_g));
     CHECK(w.until([&] { return w.pixel() == 0xFF0000; }));
@@ -143,7 +143,7 @@ TEST_CASE("many random edits in a row neither end nor freeze a watched project")
     CHECK(w.until([&] { return w.pixel() == 0x123456 && w.session.note.empty(); }));
 }
 
-// The figure of the manual: from the end of a save to the pixels.
+// The time given in the manual, from the end of a save to the pixels.
 TEST_CASE("saves are shown soon") {
     watched w;
     REQUIRE(w.until([&] { return w.pixel() == 0xFF; }));

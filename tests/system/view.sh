@@ -51,7 +51,7 @@ start window env -u SDL_VIDEODRIVER EDITOR="echo editor" $view res --watch
 window=$(timeout 20 xdotool search --sync --name "Blank - main" | head -1)
 [ -n "$window" ] || fail "no window"
 
-# The inspector asks and is answered in its own time, so the key is pressed until its line has come.
+# The inspector's query takes an unknown time, so the key is repeated until the line appears.
 press_until() {
     tries=0
     until grep -qF -- "$2" window.log; do

@@ -52,7 +52,7 @@ TEST_CASE("bench: off is sent at every press while the output is on or not known
     CHECK(bench_toggle() != BENCH_TOGGLE_UNKNOWN_SAID);
 }
 
-TEST_CASE("bench: off is the first thing that a port is sent, until the box says that it is off") {
+TEST_CASE("bench: unconfirmed off is the first thing sent when a port opens") {
     start();
     open_port(BENCH_PORT_GONE);
     CHECK((bench_age() == BENCH_DEAD && bench_toggle_down() && said().empty()));
@@ -86,7 +86,8 @@ TEST_CASE("bench: turning on at more than the last time needs a hold, and so doe
     CHECK(!bench_turn_on(true));
 }
 
-TEST_CASE("bench: while the current limit acts, what would raise the voltage is held, now and at the next turning on") {
+TEST_CASE(
+    "bench: at the current limit, a change that would raise the voltage needs a hold, and so does turning on again") {
     start();
     applied({7, 21000, 500});
     bench_take(REG_OUT_STATE, 1);
@@ -96,19 +97,25 @@ TEST_CASE("bench: while the current limit acts, what would raise the voltage is 
     CHECK(bench_apply_how({7, 5000, 5000}) == BENCH_APPLY_CLICK);
     bench_take(REG_OUT_STATE, 0);
     live(700, 0, 0);
-    CHECK(bench_toggle() == BENCH_TOGGLE_HOLD); // the device has seen 5 V
+    CHECK(bench_toggle() == BENCH_TOGGLE_HOLD); // the device never saw more than 5 V
 }
 
-TEST_CASE("bench: of a garbled rail nothing is believed, and the rail is asked for again") {
+TEST_CASE("bench: a garbled rail changes nothing, and the rail is asked for again every ten seconds at most") {
     start();
     applied({7, 12000, 1000});
-    bench_take(REG_RAIL_ACTIVE, 90);
+    live(BENCH_PAUSE_MS, 0, 0);
+    for (u32 i = 0; i < 3; i++) { // also in the answers
+        bench_take(REG_RAIL_ACTIVE, 90);
+        live(500, 0, 0);
+        bench_take(REG_RAIL_ACTIVE, 90);
+        rails_send(board_default_rails(), 90);
+    }
     CHECK((bench.set_known && bench.rail == 7 && said() == reports{{REG_RAIL_REQUEST, 1}}));
     bench_take(REG_RAIL_ACTIVE, RAIL_NONE);
     CHECK((!bench.set_known && bench.rail == RAIL_NONE));
 }
 
-TEST_CASE("bench: while a recording of a link is shown nothing is sent, and nothing takes a press") {
+TEST_CASE("bench: during a replay nothing is sent and presses have no effect") {
     start();
     strcpy(bench.remote, "box.txt");
     bench.replay = true;

@@ -82,7 +82,7 @@ TEST_CASE("bench: a rail opens at its lowest voltage with the current last used 
     }
     applied({7, 12000, GRID_MA});
     applied({0, 5000, 5000});
-    CHECK(bench_rail_open(7).ma == GRID_MA); // the least is a current, too
+    CHECK(bench_rail_open(7).ma == GRID_MA); // the smallest current is kept too
     std::vector<prof_t> rails = board_default_rails();
     std::swap(rails[6], rails[7]);
     rails[5].imax = 700;

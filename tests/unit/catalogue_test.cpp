@@ -24,7 +24,7 @@ template <typename F> static void each_key(F &&fn) {
     });
 }
 
-// Whether a field that is decoded like this can hold values of the kind.
+// Returns whether a field of this reflection row can hold values of the kind.
 static bool fits(zof_cat_kind_e kind, const reflect_item_t *row) {
     static const size_t types[] = {CSON_INTEGER, CSON_TRUE, CSON_STRING, CSON_OBJECT, CSON_ARRAY};
     static const char *const json[] = {"number", "bool", "text", "object", "array"};
@@ -42,7 +42,7 @@ static bool fits(zof_cat_kind_e kind, const reflect_item_t *row) {
     return choice && color == (kind == ZOF_CAT_COLOR) && std::string(json[i]) == zof_cat_kinds[kind].json;
 }
 
-TEST_CASE("every key that is decoded has one row in the catalogue, and the reverse") {
+TEST_CASE("every decoded key has exactly one row in the catalogue, and every row is decoded") {
     std::set<const reflect_item_t *> tables;
     std::set<std::string> names;
     each_record([&](const zof_cat_record_t *record) {

@@ -73,7 +73,7 @@ static std::string findings_of(const temp_project_t &project) {
     return out;
 }
 
-// A control behind the last one, from its type on; its public keys end in line 17, its own follow in line 18.
+// A control after the last one, starting with its type; `pub_t` ends in line 17, its other keys follow in line 18.
 #define LAST_CTRL "\"#b\\nTwo\"}}"
 #define MORE_PUB(type, pub, keys)                                                                      \
     LAST_CTRL ",\n{\"type\": \"" type                                                                  \
@@ -83,7 +83,7 @@ static std::string findings_of(const temp_project_t &project) {
 
 static const struct {
     const char *file, *from, *to;
-    const char *found; // with the file in front of those of another one
+    const char *found; // with a file name in front if it is in another file
 } mistakes[] = {
     {"", "", "", ""},
     {view_g, "\"v_id\": 1,", "\"v_id\": 1", "2:37: error: expected \",\" [syntax]"},

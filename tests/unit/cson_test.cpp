@@ -150,7 +150,7 @@ TEST_CASE("bad elements are dropped, good ones close the gap, and an array witho
     CHECK((record.number_count == 0 && record.numbers == nullptr));
 }
 
-TEST_CASE("what a bad element had set is not seen in the next one") {
+TEST_CASE("values of a bad element do not leak into the next one") {
     struct part_t {
         zof_point_t point;
         double real;
@@ -221,7 +221,7 @@ TEST_CASE("null, unsupported widths and the null kind fail cleanly") {
     }
 }
 
-TEST_CASE("arrays whose row is incomplete fail cleanly") {
+TEST_CASE("arrays with an incomplete row fail cleanly") {
     static const reflect_item_t rows[] = {
         {"numbers", offsetof(record_t, numbers), 8, CSON_ARRAY, integerReflectTbl, 4, nullptr, 0},
         {"numbers", offsetof(record_t, numbers), 8, CSON_ARRAY, integerReflectTbl, 4, "number", 0},

@@ -36,7 +36,7 @@ static std::string records_of(const std::string &text) {
     return out;
 }
 
-TEST_CASE("every file of the tree's projects means the same with names, and is the same again with numbers") {
+TEST_CASE("every project file in the tree keeps its meaning with names, and converts back to the same bytes") {
     u32 files = 0, named = 0;
     for (const char *folder : {ZOF_PANEL_DIR "/res", ZOF_GALLERY_DIR "/res", ZOF_SOURCE_DIR "/examples/blank/res"}) {
         for (const auto &entry : std::filesystem::recursive_directory_iterator(std::string(folder) + "/config")) {
@@ -61,7 +61,7 @@ TEST_CASE("every file of the tree's projects means the same with names, and is t
     CHECK((files > 70 && named > 60));
 }
 
-TEST_CASE("only values with a name change, and what is no record is left alone") {
+TEST_CASE("only values that have a name change, and other files are left alone") {
     const char path[] = "x/config/view/a.g";
     CHECK(converted(path,
                     R"({ "View":{"bg_color" : 255,"layer":9}, "controls":[{"type":1.0, "property":{"mode":0.5,"x":1,

@@ -261,7 +261,7 @@ TEST_CASE("a file that is not a font is reported once, and text is drawn without
     }
 }
 
-// The font of a chain that has a letter, by its place in the chain; -1 if none has.
+// Returns the index in the chain of the font that supplies a letter, or -1.
 static s32 resolved(const lv_font_t *font, u32 code, lv_font_glyph_dsc_t *dsc) {
     if (!lv_font_get_glyph_dsc(font, dsc, code, 0)) {
         return -1;
@@ -278,7 +278,7 @@ TEST_CASE("a letter comes from the first font of a chain that has it, then from 
     temp_project_t project;
     project_with_fonts(&project);
     project.write("font/text.otf", file_text("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf"));
-    drawn(LV_FONT_DEFAULT, "W"); // what is allocated once
+    drawn(LV_FONT_DEFAULT, "W"); // one-time allocations
     zof_font_create_lvfont("text.ttf", 30);
     zof_font_delete("text.ttf", 30);
     const u32 before = zof_mem_count();
@@ -297,11 +297,11 @@ TEST_CASE("a letter comes from the first font of a chain that has it, then from 
         CHECK(dsc.adv_w == row.adv_w);
     }
     CHECK((zof_font_create_lvfont("t.bin,  none.ttf , text.otf", 30) == font)); // shared
-    // Its symbol is LVGL's, 30/48 of the size, and as large as what was said of it.
+    // The symbol is LVGL's, scaled by 30/48, and as large as its descriptor says.
     const std::vector<u32> picture = drawn(font, LV_SYMBOL_LEFT);
     const u32 lit = (u32)std::count_if(picture.begin(), picture.end(), [](u32 level) { return level > 127; });
     CHECK((lit > 60 && lit < 400));
-    // Each file may also be used alone, and stays when the chain goes.
+    // A file can also be used alone, and remains when the chain is deleted.
     lv_font_t *alone = zof_font_create_lvfont("text.otf", 30);
     CHECK((resolved(alone, 'H', &dsc) == 0 && resolved(alone, 0xF053, &dsc) == 1));
     zof_font_delete("t.bin,  none.ttf , text.otf", 30);

@@ -1,4 +1,4 @@
-// JSON with places: what is reported and where, what is found, and changes of single values.
+// JSON with positions: faults, look-up, and changes of single values.
 #include "zof_test.h"
 
 #include <cmath>
@@ -32,7 +32,7 @@ static std::string faults_of(const std::string &text) {
     return out;
 }
 
-TEST_CASE("each fault of a text has its place and says what was expected") {
+TEST_CASE("each fault is reported at its position with what was expected") {
     static const struct {
         const char *text, *faults;
     } rows[] = {
@@ -77,7 +77,7 @@ TEST_CASE("each fault of a text has its place and says what was expected") {
     CHECK(many.substr(many.rfind(';')) == "; 101:1 syntax: expected a value, found \"x\"");
 }
 
-TEST_CASE("texts in each other are read up to the limit of the runtime, however deep they are") {
+TEST_CASE("nested values are read up to the runtime's depth limit, and deeper ones are refused") {
     for (const auto &[depth, good] : {std::pair(1000, true), {1001, false}, {300000, false}}) {
         doc_t d(std::string((size_t)depth, '[') + "1");
         CHECK((std::string(d.doc.faults[0].text) == "too many objects and arrays in each other") == !good);
@@ -105,7 +105,7 @@ TEST_CASE("keys, texts and numbers are found and decoded") {
     }
 }
 
-TEST_CASE("a change touches no byte but its own, and follows the layout") {
+TEST_CASE("a change affects only its own bytes and follows the layout") {
     enum { REPLACE, INSERT, REMOVE };
     static const struct {
         int what;

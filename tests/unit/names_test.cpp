@@ -34,7 +34,7 @@ TEST_CASE("numbers are written with their first name, sums with whole names befo
         bool sum;
         s64 value;
         size_t size;
-        const char *want; // null: none
+        const char *want; // null: no name
     } rows[] = {
         {false, 2, 32, "upper case"}, {false, -7, 32, "far"},   {false, 1, 32, nullptr}, {true, 0, 32, "none"},
         {true, 3, 32, "horizontal"},  {true, 5, 32, "left+up"}, {true, 15, 32, "all"},   {true, 8, 32, nullptr},
@@ -62,7 +62,7 @@ TEST_CASE("colours are three or six digits behind a number sign") {
     }
 }
 
-// Decodes an object with one member; the bytes of the record.
+// Decodes an object with one member and returns the bytes of the record.
 static std::string decoded(const reflect_item_t *table, const std::string &key, const std::string &value) {
     char record[2048] = {};
     cJSON *json = cJSON_Parse(("{\"" + key + "\": " + value + "}").c_str());
@@ -118,7 +118,7 @@ static zof_pub_attr_t *control_of(const temp_project_t &project, const std::stri
     return record;
 }
 
-TEST_CASE("a view with names is read as one with numbers, and unknown names are reported with the allowed ones") {
+TEST_CASE("a view with names decodes like one with numbers, and unknown names are reported with the allowed ones") {
     temp_project_t project;
     REQUIRE(project.open());
     project.write("config/theme/youth/button.g",

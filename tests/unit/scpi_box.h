@@ -1,4 +1,4 @@
-// The panel's model at a simulated box, with a client of SCPI. The box answers while time passes, not at once.
+// The panel's model at a simulated box, with a client of SCPI. The box answers as time passes, not immediately.
 #ifndef SCPI_BOX_H
 #define SCPI_BOX_H
 
@@ -17,8 +17,8 @@ struct scpi_box_t {
     board box;
     std::vector<std::pair<u16, u16>> queue, sent; // on their way to the box; all since they were last asked for
     u32 clock_ms;
-    bool mute; // nothing comes from the box
-    bool deaf; // nothing reaches it
+    bool mute; // the box sends nothing
+    bool deaf; // the box receives nothing
     scpi_client_t client;
 };
 inline scpi_box_t scpi_box;
@@ -51,7 +51,7 @@ inline void scpi_box_pass(u32 ms) {
     }
 }
 
-// A box that has been asked and has answered: its output is off, and these rails are known.
+// A box that has answered the first requests: its output is off and these rails are known.
 inline void scpi_box_open(const std::vector<prof_t> &rails = board_default_rails()) {
     static constexpr zof_clock_t clock = {[] { return scpi_box.clock_ms; }, [](u32) {}};
     static constexpr zof_hw_client_t link = {bench_take, bench_take_word, bench_tick};

@@ -1,4 +1,4 @@
-// SCPI without sockets: what is answered, what is refused, and what reaches the box.
+// SCPI without sockets: answers, errors, and what is sent to the box.
 #include "scpi_box.h"
 
 #include "bench/bench_scpi_in.h"
@@ -32,7 +32,7 @@ static std::string error(scpi_client_t &client = scpi_box.client) {
     return say("SYST:ERR?", client);
 }
 
-// The code of the only error; 0 without one, -1 if there are more.
+// Returns the code of the only queued error; 0 for an empty queue, -1 for several errors.
 static int code(scpi_client_t &client = scpi_box.client) {
     const int first = std::stoi(error(client));
     return error(client) == "0,\"No error\"" ? first : -1;
@@ -144,7 +144,7 @@ TEST_CASE("scpi: set commands choose an adjustable rail before a fixed one, then
     }
 }
 
-TEST_CASE("scpi: a value that no rail gives is refused with the nearest ones, and nothing is sent") {
+TEST_CASE("scpi: a value that no rail can supply is refused with the nearest ones, and nothing is sent") {
     static const struct {
         const char *line, *text;
     } rows[] = {
@@ -179,7 +179,7 @@ TEST_CASE("scpi: a value that no rail gives is refused with the nearest ones, an
     CHECK(say("SYST:RAIL:CAT?") == "0,FIX,5.000,5.000,5.000,1,FIX,9.000,9.000,5.000,2,FIX,12.000,12.000,5.000");
 }
 
-TEST_CASE("scpi: after an error a line changes nothing more, but turns off") {
+TEST_CASE("scpi: after an error the rest of a line has no effect, except to turn off") {
     scpi_box_open();
     for (const char *line :
          {"VOLT 60;CURR 1;OUTP ON;*OPC?", "FOO;APPL 9,1;OUTP 1;*OPC?", "OUTP X;SESS:RES;SYST:RAIL:SEL 5;*OPC?"}) {
@@ -197,7 +197,7 @@ TEST_CASE("scpi: after an error a line changes nothing more, but turns off") {
     CHECK(say("*WAI;OUTP?") == "0");
 }
 
-TEST_CASE("scpi: a measurement after a change is of what was changed") {
+TEST_CASE("scpi: a measurement after a change reflects the change") {
     scpi_box_open();
     CHECK(say("APPL 9,1;OUTP ON") == "");
     scpi_box_pass(2000);
@@ -258,7 +258,7 @@ TEST_CASE("scpi: operations end when the box confirms, and with an error when it
     CHECK((bench.now - before > 500 && code() == 0));
 }
 
-TEST_CASE("scpi: off in a later line waits for nothing, and what is before it turns nothing on") {
+TEST_CASE("scpi: off in a later line takes effect at once, and commands before it cannot turn on") {
     static const struct {
         const char *lines, *answers;
         bool auto_on, off;
@@ -294,7 +294,7 @@ TEST_CASE("scpi: off in a later line waits for nothing, and what is before it tu
     }
 }
 
-TEST_CASE("scpi: old readings are not numbers, and nothing is set on them") {
+TEST_CASE("scpi: stale readings are reported as not a number, and set commands are refused") {
     scpi_box_open();
     scpi_box.mute = true;
     scpi_box_pass(1500);
@@ -319,7 +319,7 @@ TEST_CASE("scpi: old readings are not numbers, and nothing is set on them") {
     }
     CHECK(sent().empty());
     say("OUTP OFF");
-    CHECK((sent() == reports{{REG_OUT_REQ, 0}} && code() == -300)); // sent, but nobody knows what came of it
+    CHECK((sent() == reports{{REG_OUT_REQ, 0}} && code() == -300)); // sent, but not confirmed
 }
 
 TEST_CASE("scpi: without known set values a voltage opens with the rail's current, and nothing turns on blindly") {
@@ -337,10 +337,10 @@ TEST_CASE("scpi: without known set values a voltage opens with the rail's curren
     say("APPL 20,2.25;*OPC?");
     CHECK(say("VOLT 9;*OPC?;:APPL?") == "1;9.000,2.250");
     scpi_box_open({{RAIL_PPS, 3300, 11000, 3000}});
-    CHECK(say("VOLT 9;*OPC?;:APPL?;:OUTP ON;*OPC?") == "1;9.000,1.000;1"); // a new start: nothing was used before
+    CHECK(say("VOLT 9;*OPC?;:APPL?;:OUTP ON;*OPC?") == "1;9.000,1.000;1"); // after a restart no current has been used
 }
 
-TEST_CASE("scpi: whoever sets holds the panel, until it is taken back, left or closed") {
+TEST_CASE("scpi: a client that sets a value holds the panel until Local, SYST:LOC or the end of its connection") {
     scpi_box_open();
     static scpi_client_t second;
     REQUIRE(scpi_open(&second, "192.168.1.21"));

@@ -77,7 +77,7 @@ TEST_CASE("another theme changes only what controls have from their theme") {
     });
 }
 
-TEST_CASE("without memory another theme is not taken, and nothing leaks") {
+TEST_CASE("without memory the theme stays as it is, and nothing leaks") {
     temp_project_t project;
     REQUIRE(project.open());
     for (const char *name : {"youth", "night"}) {

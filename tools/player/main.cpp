@@ -12,7 +12,7 @@
 
 player_options_t player_options;
 
-// Lines on their way from the thread that reads them to the main thread.
+// Lines passed from the reading thread to the main thread.
 static struct {
     std::mutex lock;
     std::deque<std::string> lines;
@@ -54,7 +54,7 @@ static bool input_ended() {
     return input.ended && input.lines.empty();
 }
 
-// Time passes by commands alone, so that the same lines give the same pictures.
+// Only commands advance the time, so that the same lines produce the same pictures.
 static void run_virtual() {
     std::string line;
     for (int r = 0; !player_ended() && (r = player_line_read(&line)) != 0;) {

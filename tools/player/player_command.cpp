@@ -52,7 +52,7 @@ static std::string cmd_help(const cJSON *, cJSON *reply) {
     return "";
 }
 
-// What there is to choose from, and what is chosen.
+// Adds the available views, languages and themes, and the current ones.
 static void project_describe(cJSON *out) {
     const zof_prj_t *prj = zof_prj_get_cur();
     cJSON_AddStringToObject(out, "folder", prj->path);
@@ -76,7 +76,7 @@ static void project_describe(cJSON *out) {
     cJSON_AddStringToObject(out, "view", node ? player_view_name(node->attr->v_id).c_str() : "");
 }
 
-// The choices that a command makes besides: language, theme and view, in this order.
+// Applies the optional arguments language, theme and view, in this order.
 static std::string choose(const cJSON *args) {
     const char *lang = player_text(args, "language");
     const char *look = player_text(args, "theme");
@@ -244,7 +244,7 @@ static std::string cmd_scroll(const cJSON *args, cJSON *) {
     return fault;
 }
 
-// A command of its own, because the line belongs to one player at a time.
+// A separate command, because only one player at a time can open the line.
 static std::string cmd_link(const cJSON *, cJSON *) {
     if (!player_options.live) {
         return "time is not real; start the player with --live";

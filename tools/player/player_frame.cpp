@@ -99,7 +99,7 @@ cJSON *player_box(const lv_area_t *area) {
     return cJSON_CreateIntArray(box, 4);
 }
 
-// Written here, because the runtime is not allowed to write anything.
+// Written here because the runtime is read-only.
 std::string player_picture_write(const char *path) {
     s32 width = 0;
     s32 height = 0;

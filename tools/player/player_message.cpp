@@ -1,4 +1,4 @@
-// What readers find wrong in the project's files, as events.
+// Sends faults in the project's files as events.
 #include "player.h"
 #include "project/read/zof_fault.h"
 

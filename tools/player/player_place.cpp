@@ -1,5 +1,5 @@
-// Places of controls and styles in the project's files. The files are read once more, by the reader that keeps places,
-// the first time that somebody asks.
+// Places of controls and styles in the project's files. Files are read again, by the JSON reader with positions, when a
+// position is first requested.
 #include <map>
 
 #include "drv/zof_drv_file.h"

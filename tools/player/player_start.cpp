@@ -24,9 +24,9 @@ enum { STEP_MS = 5 };
 static u32 clock_ms;
 static std::vector<zof_view_fun_t> views; // the runtime keeps a pointer to it
 static std::string theme;                 // chosen
-static bool theme_waits;                  // no control has a theme yet, so the runtime has not accepted it
+static bool theme_waits;                  // the runtime has not accepted it yet, because no control has a theme
 
-// The runtime's start calls it in a program of its own; the player starts the runtime itself.
+// The runtime's normal start calls this; the player starts the runtime itself, so it is empty.
 extern "C" void zof_main(void) {
 }
 
@@ -52,7 +52,7 @@ static void event_ignore(zof_ctrl_t *, zof_event_e) {
 
 // The ids of a view's controls, from the file that is about to be read.
 static const std::vector<zof_ctrl_fun_t> *controls_of(const zof_view_node_t *node) {
-    auto *rows = new std::vector<zof_ctrl_fun_t>; // for the life of the process, like the view
+    auto *rows = new std::vector<zof_ctrl_fun_t>; // never freed, like the view
     const cJSON *entry = nullptr;
     cJSON_ArrayForEach(entry, cJSON_GetObjectItem(node->file, "controls")) {
         const cJSON *pub = cJSON_GetObjectItem(cJSON_GetObjectItem(entry, "property"), "pub_t");
@@ -91,7 +91,7 @@ static bool is_project(const std::string &folder) {
     return zof_file_size((folder + "/config/project/zofprj.g").c_str()) >= 0;
 }
 
-// Without sound devices and without a host, a virtual panel depends on nothing but its folder.
+// Without sound and without a host, the result depends on the folder alone.
 static void environment_set() {
     // NOLINTBEGIN(concurrency-mt-unsafe): no other thread runs yet
     setenv("ZOF_STATE", "", 1); // keeps nothing
@@ -177,12 +177,12 @@ std::string player_view_show(u32 id) {
 }
 
 void player_view_note() {
-    static u32 told;
+    static u32 reported;
     const zof_view_node_t *node = zof_prj_get_cur()->cur_view[ZOF_LAYER_UI];
-    if (node && node->attr->v_id != told) {
-        told = node->attr->v_id;
+    if (node && node->attr->v_id != reported) {
+        reported = node->attr->v_id;
         cJSON *event = player_event("view");
-        cJSON_AddStringToObject(event, "view", player_view_name(told).c_str());
+        cJSON_AddStringToObject(event, "view", player_view_name(reported).c_str());
         player_send(event);
     }
 }

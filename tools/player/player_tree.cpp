@@ -26,7 +26,7 @@ static const char *label_text(const zof_view_node_t *view, lv_obj_t *obj) {
     return nullptr;
 }
 
-// Returns the text that a control shows; null if it shows none.
+// Returns the text that a control shows, or null.
 static const char *shown_text(const zof_view_node_t *view, lv_obj_t *obj) {
     if (lv_obj_has_class(obj, &lv_label_class)) {
         return lv_label_get_text(obj);

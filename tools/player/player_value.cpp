@@ -1,5 +1,5 @@
-// Values by the rows of the host protocol. What a host writes, and what `set` writes, is kept, so that a fresh player
-// can be given the same values: the last one for each thing that a row's fields choose, in the order of writing.
+// Values by the rows of the host protocol. Values written by a host or by `set` are kept for the snapshot: the last one
+// for each target that a row's fields select, in the order of writing.
 #include <algorithm>
 #include <cstring>
 
@@ -90,7 +90,7 @@ static std::string text_of(cJSON *value) {
     return out;
 }
 
-// Keeps a write: as JSON, because records point into frames that are gone later.
+// Keeps a write as JSON, because its records point into a frame that is released later.
 static void write_keep(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_t *param, const void *type_param,
                        const void *req_param, const void *value_param) {
     if (param->chooses == ZOF_HMI_ACTS || strcmp(type->name, "system") == 0) {
@@ -99,7 +99,7 @@ static void write_keep(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_
     const bool of_control = type->rec == &zof_hmi_ctrl_id_t_tbl;
     const std::string row = std::string(type->name) + "." + param->name;
     if (row == "view.display" || row == "view.load") {
-        return; // the views are part of a snapshot themselves
+        return; // views are part of the snapshot already
     }
     const auto *ctrl = (const zof_hmi_ctrl_id_t *)type_param;
     cJSON *line = cJSON_CreateObject();
@@ -127,7 +127,8 @@ void player_writes_watch() {
     zof_hmi_cmd_on_write(write_keep);
 }
 
-// The first row that can be read and written; a type has its value there. Without one, the first that can be written.
+// Prefers the first row that can be read and written, which holds a type's value; otherwise takes the first writable
+// one.
 std::string player_row_of(const char *type) {
     std::string row;
     for (u32 i = 0; type && i < zof_ui_cmd_type_count; i++) {
@@ -244,8 +245,8 @@ static std::string views_restore(const cJSON *state) {
     return fault;
 }
 
-// The project may have changed since the snapshot: what is no longer there is left out. A view that is there, but
-// cannot be shown, is a fault.
+// The project may have changed since the snapshot: what no longer exists is skipped. A view that exists but cannot be
+// shown is an error.
 std::string player_restore(const cJSON *state) {
     if (!cJSON_IsObject(state)) {
         return "state must be an object";

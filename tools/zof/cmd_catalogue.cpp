@@ -1,4 +1,4 @@
-// zof catalogue: everything that a project folder may hold, to read, or for other programs.
+// zof catalogue: prints everything that a project folder may contain, for people and for programs.
 #include <cstring>
 #include <filesystem>
 #include <iostream>
@@ -16,7 +16,7 @@ static struct {
 
 enum { KEY_COLUMN = 2, KIND_COLUMN = 26, TEXT_COLUMN = 46, COLUMNS = 118 };
 
-// Without the marks of Markdown: "[below](#here)" is "below".
+// Removes Markdown: "[below](#here)" becomes "below".
 static std::string plain(const std::string &text) {
     std::string out;
     for (size_t i = 0; i < text.size(); i++) {
@@ -107,7 +107,7 @@ static void all_print(void) {
     std::cout << "\n`zof catalogue NAME` explains a control type, an object such as pub_t or style, or a key.\n";
 }
 
-// Prints the keys that are called like this, or, if none is, those whose name has the word in it.
+// Prints the keys with this name or, if there are none, those whose name contains it.
 static bool keys_print(const std::string &word, bool whole) {
     bool found = false;
     for (u32 i = 0; zof_cat_records[i]->name; i++) {

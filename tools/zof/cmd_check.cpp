@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <string>
 
+#include "catalogue/json_in.h"
 #include "check/zof_check.h"
 #include "lvgl.h"
 #include "zof.h"
@@ -27,27 +28,21 @@ static int rules_print() {
     return ZOF_EXIT_CLEAN;
 }
 
-static std::string quoted(const char *text) {
-    std::string out = "\"";
-    for (const char *c = text; *c; c++) {
-        char escape[8];
-        snprintf(escape, sizeof escape, "\\u%04x", (unsigned char)*c);
-        out += (unsigned char)*c < ' ' ? escape : *c == '"' || *c == '\\' ? std::string("\\") + *c : std::string(1, *c);
-    }
-    return out + "\"";
-}
-
-static void json_print(const zof_check_t &check) {
-    printf("[");
+static void findings_json(const zof_check_t &check) {
+    cJSON *list = cJSON_CreateArray();
     for (u32 i = 0; i < check.count; i++) {
         const zof_finding_t &f = check.findings[i];
-        printf(
-            "%s\n  {\"file\": %s, \"line\": %u, \"column\": %u, \"severity\": \"%s\", \"rule\": \"%s\", \"key\": %s, "
-            "\"text\": %s}",
-            i ? "," : "", quoted(f.file).c_str(), f.line, f.col, opt.strict || f.rule->error ? "error" : "warning",
-            f.rule->name, quoted(f.key).c_str(), quoted(f.text).c_str());
+        cJSON *finding = cJSON_CreateObject();
+        cJSON_AddStringToObject(finding, "file", f.file);
+        cJSON_AddNumberToObject(finding, "line", f.line);
+        cJSON_AddNumberToObject(finding, "column", f.col);
+        cJSON_AddStringToObject(finding, "severity", opt.strict || f.rule->error ? "error" : "warning");
+        cJSON_AddStringToObject(finding, "rule", f.rule->name);
+        cJSON_AddStringToObject(finding, "key", f.key);
+        cJSON_AddStringToObject(finding, "text", f.text);
+        cJSON_AddItemToArray(list, finding);
     }
-    printf("%s]\n", check.count ? "\n" : "");
+    printf("%s\n", json_print(list).c_str());
 }
 
 static void text_print(const char *folder, const zof_check_t &check) {
@@ -80,7 +75,7 @@ static int check_run() {
     zof_check_t check;
     const bool readable = zof_check_project(folder, &check) == 0;
     if (opt.format == "json") {
-        json_print(check);
+        findings_json(check);
     } else {
         text_print(folder, check);
     }

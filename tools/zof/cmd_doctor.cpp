@@ -1,4 +1,4 @@
-// `zof doctor`: what this machine lacks for a panel, and the command that helps.
+// `zof doctor`: reports what prevents a panel from running on this machine, and the command that fixes it.
 #include <SDL.h>
 #include <cstdarg>
 #include <cstdio>

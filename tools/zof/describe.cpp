@@ -61,7 +61,7 @@ int describe_end(const CLI::App &app, const CLI::ParseError &fault) {
 
 // The manual page --------------------------------------------------------------------------------------------------
 
-// A text in the language of manual pages: backslashes, and dots at the start of a line, have a meaning there.
+// Escapes a text for a manual page, where backslashes and dots at the start of a line are commands.
 static std::string man_text(const std::string &text) {
     std::string out;
     for (const char c : text) {
@@ -112,7 +112,7 @@ std::string describe_man(const CLI::App &app) {
 
 // Completion -------------------------------------------------------------------------------------------------------
 
-// A row of a `case` for each command: the words that may follow it.
+// Writes one row of a `case` for each command, with the words that may follow it.
 static void completion_rows(const CLI::App &app, std::ostream &out) {
     out << "    \"" << full_name(app) << "\") words=\"";
     for (const CLI::App *command : commands_of(app)) {

@@ -1,12 +1,12 @@
-// What the program says of itself: help, wrong arguments, the manual page and the completion of shells. All of it is
-// made from the options that the subcommands declare, so that it cannot differ from them.
+// Help, errors in arguments, the manual page and shell completion. All are generated from the options that the
+// subcommands declare, so they cannot differ from them.
 #ifndef ZOF_DESCRIBE_H
 #define ZOF_DESCRIBE_H
 
 #include <CLI/CLI.hpp>
 #include <string>
 
-// Prints the help or version that was asked for, or what is wrong with the command line. Returns the exit status.
+// Prints the requested help or version, or the error in the command line. Returns the exit status.
 int describe_end(const CLI::App &app, const CLI::ParseError &fault);
 
 // The manual page for section 1, and a completion script for bash.

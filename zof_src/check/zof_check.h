@@ -39,8 +39,8 @@ typedef struct {
 s32 zof_check_project(const char *folder, zof_check_t *out);
 void zof_check_free(zof_check_t *check);
 
-// Finds the project folder in what a person named: the folder itself, or its `res`. Returns 0 with the folder, which
-// ends in "/"; -1 if there is none, or it does not fit.
+// Finds the project folder from an argument: the folder itself or its `res`. Returns 0 and the folder, which ends in
+// "/"; -1 if there is no project or the path does not fit.
 s32 zof_check_find(const char *named, char *folder, size_t size);
 
 // With ZOF_STRICT=1 in the environment: logs the findings of the project, and returns false if there is an error, so

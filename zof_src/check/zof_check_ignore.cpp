@@ -1,4 +1,4 @@
-// zof-check.ignore, a file of the project folder: findings that are meant to be as they are. One on each line:
+// zof-check.ignore, a file of the project folder: findings to suppress, one on each line:
 //     RULE FILE[:KEY] REASON
 // KEY is the way to the value, as in `zof check --format json`; a '*' at the end of FILE:KEY stands for any rest. Blank
 // lines, and those that begin with '#', are skipped.

@@ -1,4 +1,4 @@
-// What the files of the checker share. Not a public header.
+// Internal header of the checker.
 #ifndef ZOF_CHECK_IN_H
 #define ZOF_CHECK_IN_H
 
@@ -117,7 +117,7 @@ struct check_run_t {
 // Reports at a byte of the file, which belongs to a node; ZOF_J_NONE for the whole file.
 void check_report_at(check_run_t *c, const check_file_t *file, u32 node, u32 at, check_rule_e rule, const char *fmt,
                      ...) ZOF_PRINTF_LIKE(6, 7);
-// Report at the value or the key of a node; an element of an array has no key, so its value.
+// Report at the value or the key of a node; for an element of an array, which has no key, at its value.
 void check_report(check_run_t *c, const check_file_t *file, u32 node, check_rule_e rule, const char *fmt, ...)
     ZOF_PRINTF_LIKE(5, 6);
 void check_report_key(check_run_t *c, const check_file_t *file, u32 node, check_rule_e rule, const char *fmt, ...)
@@ -129,7 +129,7 @@ bool check_folder_read(check_run_t *c);
 void check_folder_free(check_run_t *c);
 // Finds a file by its path below the folder; with `any_case` also one that differs in case.
 check_file_t *check_file_find(check_run_t *c, const char *path, bool any_case);
-// Checks that folder + name is there; reports at the node. Returns the file, also one that differs in case.
+// Reports at the node if folder + name does not exist. Returns the file, also if its name differs in case.
 check_file_t *check_file_named(check_run_t *c, const check_file_t *file, u32 node, const char *folder,
                                const char *name);
 // Returns true for a file whose records can be checked: an object, read to its end.
@@ -141,22 +141,23 @@ void check_media(check_run_t *c);
 
 // The record at the root of the files with this path in zof_cat_files.
 const zof_cat_record_t *check_root(const char *path);
-// Checks that a value is of the kind that its row wants; then a number or a text against the row.
+// Checks a value's kind, then its number or text, against its row.
 bool check_kind(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                 const zof_cat_key_t *key);
 void check_scalar(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                   const zof_cat_key_t *key);
-// Checks a value of any kind, with all below it.
+// Checks a value of any kind and everything below it.
 void check_value(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                  const zof_cat_key_t *key);
-// Checks an object and all below it. `outer`: a record whose keys may have been meant: the one around it, or null.
+// Checks an object and everything below it. `outer` is the enclosing record, whose keys may be at the wrong level; may
+// be null.
 void check_object(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                   const zof_cat_record_t *outer);
-// The number of a member as the runtime reads it, with names and colours; `absent` if it has none.
+// Returns a member's number as the runtime reads it, including names and colours; `absent` if the member is missing.
 s64 check_number(const check_file_t *file, u32 object, const char *key, const reflect_item_t *rows, s64 absent);
-// The number that a value stands for; false if it stands for none.
+// Reads the number of a value, which may be a name or a colour. Returns false if it has none.
 bool check_number_of(const check_file_t *file, u32 node, const reflect_item_t *row, s64 *value);
-// The text of a member, cut off to fit; false if it has none.
+// Copies the text of a member, cut off to fit. Returns false if the member is missing or not a text.
 bool check_text(const check_file_t *file, u32 object, const char *key, char *out, size_t size);
 
 // Parts ------------------------------------------------------------------------------------------------------------
@@ -173,10 +174,10 @@ void check_language_file(check_run_t *c, check_file_t *file);
 void check_word_use(check_run_t *c, const check_file_t *file, u32 node, const char *text);
 void check_words(check_run_t *c);
 
-// Removes the findings that zof-check.ignore names, and reports its lines that name none.
+// Removes the findings listed in zof-check.ignore, and reports its lines that match no finding.
 void check_ignore(check_run_t *c);
 
-// Writes the way to a node, "controls[0].property.txt".
+// Writes the path of a node, "controls[0].property.txt".
 void check_path(const zof_jdoc_t *doc, u32 node, char *out, size_t size);
 
 bool check_same(const char *a, const char *b); // without regard to case

@@ -1,4 +1,4 @@
-// What is seen: styles for parts and states that exist, themes, and controls that are where they can be seen.
+// Appearance: styles for existing parts and states, themes, and controls within the visible area.
 #include <cstdio>
 #include <cstring>
 #include <initializer_list>
@@ -76,7 +76,7 @@ void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zo
 
 // Themes -----------------------------------------------------------------------------------------------------------
 
-// Returns the type of a theme file, which its name says; null after a report.
+// Returns the control type named by a theme file's name; null after a report.
 static const zof_cat_type_t *theme_type(check_run_t *c, const check_file_t *file) {
     const char *slash = std::strrchr(file->path, '/');
     const char *meant = nullptr;

@@ -6,7 +6,7 @@
 
 enum { KEY_SIZE = 128, KEYS_MAX = 64 };
 
-// Returns the key of a record in which `name` would be known, without regard to how deep; null if there is none.
+// Returns the key of the record, at any depth, whose own record has the key `name`; null if there is none.
 static const zof_cat_key_t *key_around(const zof_cat_record_t *record, const char *name, u32 depth) {
     for (u32 i = 0; record && i < record->count; i++) {
         const zof_cat_key_t *key = &record->keys[i];

@@ -1,4 +1,4 @@
-// The check of a program's own project at its start, for those who want no program to run with mistakes.
+// Checks a program's own project at start with ZOF_STRICT=1, so that a program does not run with errors in its project.
 #include <cstdlib>
 #include <cstring>
 

@@ -162,7 +162,7 @@ bool check_text(const check_file_t *file, u32 object, const char *key, char *out
     return zof_jdoc_text(&file->doc, zof_jdoc_get(&file->doc, object, key), out, size) >= 0;
 }
 
-// Kinds whose texts name files: the folder, and the suffixes that the runtime reads.
+// Kinds whose texts are file names, with the folder and the suffixes that the runtime reads.
 static const struct {
     zof_cat_kind_e kind;
     const char *folder;

@@ -34,7 +34,7 @@ struct name_t {
     u32 node;
 };
 
-// As in `zof ids`: what is no letter or digit becomes '_'.
+// As in `zof ids`, characters other than letters and digits become '_'.
 static bool identifier_make(const char *name, char *out) {
     bool any = false, ascii = true;
     u32 i = 0;
@@ -89,7 +89,7 @@ static bool parent_later(const check_run_t *c, u32 index, s64 id) {
     return false;
 }
 
-// What a type needs as its parent, and what it is for others.
+// Which parent a type requires, and which children it allows.
 static const struct {
     u32 type, parent;
     const char *said;

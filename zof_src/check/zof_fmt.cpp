@@ -45,7 +45,7 @@ static void value_put(fmt_t *f, u32 node, const char *text) {
     f->copied = at->end;
 }
 
-// Writes the name of a number in quotes; false without one that means the same number.
+// Writes the name of a number in quotes. Returns false if no name reads as exactly this number.
 static bool name_write(const reflect_item_t *row, double number, char *out, size_t size) {
     char name[VALUE_SIZE - 2];
     s64 again = 0;
@@ -123,7 +123,8 @@ static void object_convert(fmt_t *f, u32 node, const zof_cat_record_t *record) {
     }
 }
 
-// Returns the record at the root of a file; null if it holds none. A '*' of a row stands for one part of the path.
+// Returns the record at the root of a file; null if the file contains no record. A '*' of a row stands for one part of
+// the path.
 static bool path_fits(const char *path, const char *pattern) {
     while (*pattern) {
         if (*pattern == '*') {

@@ -18,7 +18,8 @@ extern const zof_drv_aid_ops_t *drv_aid_t;
 // be written.
 s32 zof_drv_aid_pointer(s32 x, s32 y, zof_bool pressed);
 s32 zof_drv_aid_shot(const char *path);
-// Returns the pixels that the panel shows, which belong to the port and change as it draws; null without them.
+// Returns the pixels that the panel shows, which belong to the port and change as it draws; null if the port keeps
+// none.
 const u32 *zof_drv_aid_frame(s32 *width, s32 *height);
 
 ZOF_C_END

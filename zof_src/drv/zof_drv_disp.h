@@ -41,7 +41,7 @@ s32 zof_drv_disp_set_bgcolor(zof_color_t color);
 // Sets the brightness in percent; any thread. Returns 0 when the display has one, else -1.
 s32 zof_disp_set_bright(u8 level);
 
-// Whether the display has a light of its own, which at low brightness may leave it hard to read.
+// Returns true if the display has a backlight, so that a low brightness may make it hard to read.
 zof_bool zof_disp_has_light(void);
 
 // Shows the picture on the whole screen, or in a window of its own. Before the display is registered the request is

@@ -27,10 +27,10 @@ void zof_touch_landed(u16 x, u16 y) {
     }
 }
 
-// The finger that a key stands for. It begins and ends with a read that reports it where it is.
+// A finger that is simulated by a key. It begins and ends with a read that reports it where it is.
 static struct {
     bool down, unread, lifting;
-    bool further; // a finger on the panel that is none for the widgets, until it lifts
+    bool further; // a finger on the panel that the widgets do not see, until it lifts
     lv_point_t at;
 } key;
 static bool finger_down; // on the panel, at the last read

@@ -33,9 +33,9 @@ s32 zof_touch_event(lv_indev_data_t *data);
 void zof_touch_landed_set(void (*fn)(u16 x, u16 y));
 void zof_touch_landed(u16 x, u16 y);
 
-// A key may stand for a finger: from `down` until it is lifted the widgets see it at x, y like one on the panel, with
-// all that a touch sets off; a call with `down` again moves it. One that lands on the panel meanwhile is a further
-// finger. Returns -1, and does nothing, while a finger is on the panel or touch is not read.
+// Lets a key act as a finger: from `down` until it is lifted the widgets see a touch at x, y, with everything that a
+// touch triggers; another call with `down` moves it. A real finger that lands in between is a further finger. Returns
+// -1 and does nothing while a finger is on the panel or touch is not read.
 s32 zof_touch_key(u16 x, u16 y, zof_bool down);
 
 // How often a finger has landed on the panel since the start; keys do not count.

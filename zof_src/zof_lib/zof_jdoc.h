@@ -25,8 +25,8 @@ typedef struct {
     u32 next;  // sibling, or ZOF_J_NONE
 } zof_jnode_t;
 
-// What is wrong with a text. Comments, trailing commas and a byte order mark are reported and skipped; any other fault
-// ends reading, and open objects and arrays end there.
+// A fault in a text. Comments, trailing commas and a byte order mark are reported and skipped; any other fault stops
+// the reader, and open objects and arrays end there.
 typedef struct {
     u32 at;
     const char *rule; // "comment", "comma", "encoding", "syntax", ...
@@ -51,7 +51,7 @@ void zof_jdoc_free(zof_jdoc_t *doc);
 // Sets line and column, from 1; columns count bytes. A place behind the end is that of the end.
 void zof_jdoc_place(const zof_jdoc_t *doc, u32 at, u32 *line, u32 *col);
 
-// Returns the first member with this key, without regard to case; ZOF_J_NONE without one, or if the node is no object.
+// Returns the first member with this key, ignoring case; ZOF_J_NONE if there is none or the node is not an object.
 u32 zof_jdoc_get(const zof_jdoc_t *doc, u32 object, const char *key);
 
 // Follows a path such as "controls[3].property.txt" from a node; ZOF_J_NONE if it leads nowhere.

@@ -1,4 +1,4 @@
-// What the files of JSON with places share. Not a public header.
+// Internal header of JSON with positions.
 #ifndef ZOF_JDOC_IN_H
 #define ZOF_JDOC_IN_H
 

@@ -170,7 +170,7 @@ static void hold_done() {
 
 static constexpr ui_hold_t toggle_hold = {ring_paint, hold_done, nullptr};
 
-// The toggle is round: in a corner of its box a finger may turn off, but not on.
+// The toggle is round: a finger in a corner of its box can turn off but not on.
 static bool finger_on_disc(zof_ctrl_t *ctrl, s32 margin) {
     lv_point_t finger;
     lv_area_t box;

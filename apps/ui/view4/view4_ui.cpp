@@ -133,7 +133,7 @@ static void auto_event(zof_ctrl_t *ctrl, zof_event_e event) {
     ui_paint(); // also puts a switch back that may not move
 }
 
-// A switch of the panel's own.
+// A switch for a setting of the panel itself.
 template <void (*SET)(bool on)> static void own_event(zof_ctrl_t *ctrl, zof_event_e event) {
     if (ui_takes(event) && event == ZOF_EVENT_VALUE_CHANGED) {
         SET(zof_sw_get_state(ctrl) != 0);
@@ -164,8 +164,8 @@ static void bright_event(zof_ctrl_t *ctrl, zof_event_e event) {
     ui_paint();
 }
 
-// Moves to the next port that the system has; page and strip say what comes of it. Not away from a box that is on: the
-// panel could not turn it off any more.
+// Switches to the next port of the system; page and strip show the result. Refused while the output is on, because the
+// panel could no longer turn it off.
 static void port_do() {
     port_on = bench_is_on();
     port_said_at = bench.now;

@@ -81,7 +81,7 @@ static void cursor_paint(const trend_point_t *point) {
     char text[TREND_TEXT];
     const u32 low = point ? trend_value(point, trend_low_what()) : 0;
     paint_words(view5(VIEW5_WHEN_ID), TEXT_T_CURSOR);
-    if (trend_stopped()) { // a recording is not from now
+    if (trend_stopped()) { // an imported recording is in the past
         trend_clock(text, trend_page.cursor_at, true);
         paint_text(view5(VIEW5_AGO_ID), text);
     } else {

@@ -1,4 +1,4 @@
-// JSON objects in few words. Not for other folders.
+// Short helpers for building JSON.
 #ifndef ZOF_CAT_JSON_IN_H
 #define ZOF_CAT_JSON_IN_H
 

@@ -71,7 +71,7 @@ static std::string line_of(const char *title, const std::vector<std::string> &wo
     return words.empty() ? "" : std::string("\n- ") + title + ": " + cat_join(words, "`") + ".";
 }
 
-// What is to say of a control type besides its keys.
+// Writes the facts about a control type that are not keys.
 static std::string type_lines(const zof_cat_type_t *type) {
     std::string text = line_of("Parts", cat_parts(type));
     text += type->sections > 1 ? "\n- Its second object is styled with `style_sect` 1, `second`." : "";

@@ -5,7 +5,7 @@
 #include <string>
 
 // Replaces what stands between "<!-- keys of NAME: begin -->" and "<!-- keys: end -->" by the table of each record.
-// Returns what is wrong with the marks, empty for nothing. Every record needs its mark.
+// Returns an error if marks are missing or do not match, otherwise an empty text. Every record needs its marks.
 std::string cat_manual_refresh(const std::string &page, std::string &now);
 
 #endif

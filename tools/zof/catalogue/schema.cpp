@@ -1,5 +1,5 @@
-// JSON Schemas of the files of a project. Numbers and names are allowed side by side, as in the decoder; what is
-// reported there, an unknown key or a number out of range, an editor underlines.
+// JSON Schemas of the files of a project. They allow numbers and names, as the decoder does, so editors underline what
+// it reports: unknown keys, numbers out of range.
 #include <cstring>
 
 #include "json.h"
@@ -8,7 +8,7 @@
 
 const char *const cat_schema_names[] = {"project", "link", "view", "theme", "language", nullptr};
 
-// "a|b|c", of all names, those of theme files too.
+// Returns "a|b|c": all names of the types, including those of theme files.
 static std::string pattern_of(const zof_name_t *names) {
     std::string text;
     for (; names->name; names++) {
@@ -44,7 +44,7 @@ static cJSON *number_json(const zof_cat_key_t *key, const reflect_item_t *row) {
     return json;
 }
 
-// The texts that a file may have in place of a number; null for none.
+// Returns the texts that a file may contain in place of a number; null if there are none.
 static cJSON *words_json(const zof_cat_key_t *key, const reflect_item_t *row) {
     if (key->kind == ZOF_CAT_COLOR) {
         return pattern_json("^#([0-9A-Fa-f]{3}|[0-9A-Fa-f]{6})$");
@@ -112,7 +112,7 @@ static cJSON *value_json(const zof_cat_record_t *record, const zof_cat_key_t *ke
 
 static cJSON *property_json(const zof_cat_record_t *record, const zof_cat_key_t *key) {
     cJSON *json = value_json(record, key);
-    if (cJSON_GetObjectItem(json, "$ref")) { // beside which all else is ignored
+    if (cJSON_GetObjectItem(json, "$ref")) { // readers ignore all members beside it
         cJSON *all = cJSON_CreateObject();
         cJSON_AddItemToArray(cJSON_AddArrayToObject(all, "allOf"), json);
         json = all;

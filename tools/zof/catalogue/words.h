@@ -7,13 +7,13 @@
 
 #include "catalogue/zof_cat.h"
 
-// A name with its number; only the first name of each number.
+// Returns each name with its number; only the first name of each number.
 struct cat_name_t {
     std::string name;
     long long value;
 };
 
-// The names of a key's numbers; none for a key without.
+// Returns the names of a key's numbers; empty if it has no names.
 std::vector<cat_name_t> cat_names(const zof_cat_record_t *record, const zof_cat_key_t *key);
 
 // "length, px", "array of words".
@@ -23,7 +23,7 @@ std::string cat_kind(const zof_cat_key_t *key);
 // for a table are left out; `ticks` encloses names.
 std::string cat_values(const zof_cat_record_t *record, const zof_cat_key_t *key, const char *ticks, bool all);
 
-// The sentence with what else is to say: when it counts, what is assumed without it.
+// Returns a sentence with the key's condition and its value when absent.
 std::string cat_meaning(const zof_cat_key_t *key);
 
 // Parts and states of a control type, by name.
@@ -33,7 +33,7 @@ std::vector<std::string> cat_states(const zof_cat_type_t *type);
 // Events that the type sends besides those of touches.
 std::vector<std::string> cat_own_events(const zof_cat_type_t *type);
 
-// A list that ends with null.
+// The list ends with null.
 std::vector<std::string> cat_list(const char *const *texts);
 
 std::string cat_join(const std::vector<std::string> &words, const char *ticks);
@@ -41,10 +41,10 @@ std::string cat_join(const std::vector<std::string> &words, const char *ticks);
 // Returns the control type that a record belongs to; null for other records.
 const zof_cat_type_t *cat_type_of(const zof_cat_record_t *record);
 
-// Returns a record by its name; null without one.
+// Returns a record by its name; null if there is no such record.
 const zof_cat_record_t *cat_record(const std::string &name);
 
-// Whether a key stands in the table of its record: what all types share is described once.
+// Returns true if a key belongs in its record's table; keys that all types share are described only once.
 bool cat_is_listed(const zof_cat_record_t *record, const zof_cat_key_t *key);
 
 #endif

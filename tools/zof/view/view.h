@@ -1,4 +1,4 @@
-// `zof view`: its options, and its two forms: files without a display, and a window.
+// `zof view`: its options, and its two modes: writing files without a display, and a window.
 #ifndef VIEW_H
 #define VIEW_H
 
@@ -21,7 +21,7 @@ int view_files_write();
 // Runs the window until it is closed. Returns an exit status.
 int view_window_run();
 
-// "home.g:7:9: text", for a message of a player; the file's name without its folder.
+// Returns a player's message as "home.g:7:9: text", with the file's name without its folder.
 std::string view_message_text(const cJSON *message);
 
 // Sets the arguments of `load`, or of `show`, that the options name.

@@ -49,18 +49,10 @@ void view_frame(view_image_t *image, view_box_t box, u32 color, s32 thick) {
     view_fill(image, {box.x + box.w, box.y, thick, box.h}, color, 255);
 }
 
-// Returns the next character of UTF-8; "?" for invalid bytes.
-static u32 letter_next(const std::string &text, size_t *at) {
-    const u8 first = (u8)text[(*at)++];
-    const s32 more = first < 0x80 ? 0 : first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
-    u32 letter = more ? first & (0x3Fu >> more) : first;
-    for (s32 i = 0; i < more; i++) {
-        if (*at >= text.size() || ((u8)text[*at] & 0xC0) != 0x80) {
-            return '?';
-        }
-        letter = letter << 6 | ((u8)text[(*at)++] & 0x3F);
-    }
-    return letter;
+// Returns the next character of a text in UTF-8; "?" for invalid bytes.
+static u32 letter_next(const std::string &text, u32 *at) {
+    const u32 letter = _lv_txt_encoded_next(text.c_str(), at);
+    return letter ? letter : '?';
 }
 
 static lv_font_glyph_dsc_t glyph_of(u32 *letter) {
@@ -83,7 +75,7 @@ static void glyph_draw(view_image_t *image, s32 x, s32 y, u32 letter, const lv_f
 }
 
 void view_text(view_image_t *image, s32 x, s32 y, const std::string &text, u32 color) {
-    for (size_t at = 0; at < text.size();) {
+    for (u32 at = 0; at < text.size();) {
         u32 letter = letter_next(text, &at);
         const lv_font_glyph_dsc_t glyph = glyph_of(&letter);
         glyph_draw(image, x, y, letter, glyph, color);
@@ -93,7 +85,7 @@ void view_text(view_image_t *image, s32 x, s32 y, const std::string &text, u32 c
 
 s32 view_text_width(const std::string &text) {
     s32 width = 0;
-    for (size_t at = 0; at < text.size();) {
+    for (u32 at = 0; at < text.size();) {
         u32 letter = letter_next(text, &at);
         width += glyph_of(&letter).adv_w;
     }

@@ -1,5 +1,5 @@
-// What `zof view` writes without a display: a picture, a sheet of pictures, the controls as JSON. The player's clock is
-// virtual, so the same folder gives the same bytes.
+// The output of `zof view` that needs no display: a picture, a sheet of pictures, the controls as JSON. The player's
+// clock is virtual, so the same folder always produces the same bytes.
 #include <cstdio>
 
 #include "view.h"
@@ -103,7 +103,8 @@ static bool show(view_player_t *player, const std::string &view, const std::stri
     return tell(player, command);
 }
 
-// The parts of a sheet that the options do not choose. Without languages or themes there is one, without a name.
+// The languages or themes of a sheet that the options leave open. A project without them has one part, with an empty
+// name.
 static std::vector<std::string> parts(const std::string &chosen, const std::vector<std::string> &all) {
     if (!chosen.empty()) {
         return {chosen};

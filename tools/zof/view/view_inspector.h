@@ -1,4 +1,4 @@
-// The inspector: what lies under the pointer, drawn over the panel.
+// The inspector: shows the controls under the pointer, drawn over the panel.
 #ifndef VIEW_INSPECTOR_H
 #define VIEW_INSPECTOR_H
 
@@ -13,8 +13,8 @@ struct view_inspector_t {
     cJSON *hits; // the controls under the pointer, the topmost first; null: not known
     u32 pick;    // which of them
     s32 x, y;    // the pointer on the panel
-    s32 hit_id;  // of the question that is not answered yet, 0: none
-    bool moved;  // since that question
+    s32 hit_id;  // id of the pending `hit` command; 0 if there is none
+    bool moved;  // the pointer has moved since that command
 };
 
 // Takes the reply of `hit`.
@@ -29,10 +29,10 @@ void view_inspector_draw(const view_inspector_t *inspector, view_image_t *image)
 // "home/brew  button 10  212,204 122 x 56  pressed  theme button.g:3  styles home.g:40"
 std::string view_inspector_text(const view_inspector_t *inspector);
 
-// The line of Python that sets the control's value; empty for a control without one.
+// Returns the line of Python that sets the control's value; empty if the control has no value.
 std::string view_inspector_python(const view_inspector_t *inspector);
 
-// The file of the control and its line; an empty text if it is not known.
+// Returns the control's file and line; an empty text if they are unknown.
 std::string view_inspector_place(const view_inspector_t *inspector, s32 *line);
 
 // Draws a band with a text at the bottom, or at the top, wrapped to the width.

@@ -49,7 +49,7 @@ static s32 spawn(const std::string &path, bool live, bool loud, s32 in, s32 out,
     return fault ? 0 : process;
 }
 
-// Our ends are not waited for, and not inherited by the next player, which would keep this one's input open.
+// Our ends do not block. The next player does not inherit them, because it would keep this one's input open.
 std::string view_player_start(view_player_t *player, bool live, bool loud) {
     *player = {};
     int in[2];
@@ -91,7 +91,7 @@ void view_player_stop(view_player_t *player) {
     *player = {};
 }
 
-// Without a place to send to, the lines are dropped: the player's end is reported by its output.
+// The player no longer reads, so the lines are dropped; its output reports the end.
 static void unsent_send(view_player_t *player) {
     while (!player->unsent.empty()) {
         const ssize_t n = write(player->input, player->unsent.data(), player->unsent.size());
@@ -219,7 +219,7 @@ bool view_player_picture(view_player_t *player, std::vector<u32> *pixels, s32 *w
     pixels->resize((size_t)*width * (size_t)*height);
     const std::atomic_ref<uint32_t> sequence(const_cast<player_frame_t *>(head)->sequence);
     for (s32 i = 0; i < TRIES;
-         i++) { // a player that draws all the time gives a torn picture, which the next one replaces
+         i++) { // if the player never stops drawing, the picture is torn; the next one replaces it
         const uint32_t before = sequence.load();
         memcpy(pixels->data(), (const u8 *)head + head->offset, pixels->size() * sizeof(u32));
         if (before % 2 == 0 && sequence.load() == before) {

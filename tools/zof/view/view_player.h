@@ -1,5 +1,5 @@
-// A player as a child process: lines of JSON by pipes, the picture in shared memory. See docs/player.md. Nothing here
-// waits for the child unless it says so, so that a window stays alive whatever its player does. One thread.
+// A player as a child process: JSON lines over pipes, the picture in shared memory; see docs/player.md. Functions do
+// not wait for the child unless documented, so that a window never hangs because of its player. For one thread.
 #ifndef VIEW_PLAYER_H
 #define VIEW_PLAYER_H
 
@@ -19,26 +19,26 @@ struct view_player_t {
     size_t map_size;
     std::string unsent, unread;
     s32 next_id;
-    std::string ended; // why it has ended, "signal 11"; empty while it runs
+    std::string ended; // the reason of its end, such as "signal 11"; empty while it runs
 };
 
 // Called for each line; the value is the caller's.
 typedef std::function<void(const cJSON *)> view_line_fn;
 
-// Starts a player; with `loud` its log appears on our error stream. Returns what is wrong.
+// Starts a player; with `loud` its log appears on our error stream. Returns an error, or an empty text.
 std::string view_player_start(view_player_t *player, bool live, bool loud);
 
-// Ends it at once, and releases everything.
+// Kills it and releases everything.
 void view_player_stop(view_player_t *player);
 
-// Sends a command, which becomes the player's; returns the id that its reply will have.
+// Sends a command, whose ownership passes to the player; returns the id of the reply.
 s32 view_player_send(view_player_t *player, cJSON *command);
 
-// Reads what has come, without waiting, and sends what could not be sent before. Returns false, with `ended`, when the
-// player has ended.
+// Reads available lines and sends pending ones, without waiting. Returns false and sets `ended` when the player has
+// ended.
 bool view_player_poll(view_player_t *player, const view_line_fn &line);
 
-// Waits until one of these players has something to read, or one of the further files has, at most so long.
+// Waits until one of the players or of the further files is readable, at most for this time.
 void view_player_wait(const std::vector<view_player_t *> &players, s32 other, s32 ms);
 
 // Sends a command and waits for its reply, which the caller deletes; null when the player has ended, or has not

@@ -1,5 +1,5 @@
-// What a window shows: a project in a player, and a fresh player for each change of its folder. The picture changes
-// when the fresh player has drawn its first frame; until then, and if it cannot, the old one stays. Nothing here waits.
+// The project that a window shows: a player, and a new player for each change of the folder. The picture changes when
+// the new player has drawn its first frame; until then, and if loading fails, the old one stays. No function waits.
 #ifndef VIEW_SESSION_H
 #define VIEW_SESSION_H
 
@@ -17,7 +17,7 @@ struct view_session_t {
     cJSON *project;   // the reply of the last good load; null before
     cJSON *state;     // what the next player is given, a snapshot; null before the first one
     cJSON *restored;  // the snapshot of the player that is shown when it had loaded
-    std::string note; // what is wrong; empty if nothing is
+    std::string note; // the current error or warning; empty if there is none
     bool note_grave;  // the picture is an old one
     view_image_t picture;
     bool drawn;                              // the picture has changed; the window clears it
@@ -27,20 +27,20 @@ struct view_session_t {
     view_watch_t watch;
     std::string message; // the first one of the player that is loading
     s32 load_id;         // of `next`, 0 while none loads
-    s32 state_id;        // of the snapshot that was asked for, 0 while none is
+    s32 state_id;        // id of the pending `snapshot` command; 0 if there is none
     u32 changed_at, first_changed_at, load_at;
     bool changed;
     u32 loads; // that have ended, for tests
 };
 
-// Starts to load the project, and to watch its folder if `watch`. Returns what is wrong.
+// Starts to load the project and, with `watch`, to watch its folder. Returns an error, or an empty text.
 std::string view_session_start(view_session_t *session, bool watch);
 void view_session_stop(view_session_t *session);
 
-// Waits at most so long for anything to happen, and handles it.
+// Waits for events, at most for this time, and handles them.
 void view_session_step(view_session_t *session, s32 ms);
 
-// Sends a command to the player that is shown, which takes it; returns its id, or 0 without a player.
+// Sends a command, whose ownership passes, to the player on screen; returns its id, or 0 if there is no player.
 s32 view_session_send(view_session_t *session, cJSON *command);
 
 #endif

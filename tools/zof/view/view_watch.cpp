@@ -7,7 +7,8 @@
 
 #include "drv/zof_drv_file.h"
 
-// What changes content or names. A file that is still open for writing counts too, because some editors keep it open.
+// The events that change content or names. A file that is still open for writing counts too, because some editors keep
+// it open.
 enum : u32 {
     CHANGES =
         IN_MODIFY | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE_SELF | IN_ATTRIB

@@ -1,4 +1,4 @@
-// Changes below a folder.
+// Watches a folder for changes.
 #ifndef VIEW_WATCH_H
 #define VIEW_WATCH_H
 
@@ -12,7 +12,7 @@ struct view_watch_t {
     std::map<s32, std::string> folders;
 };
 
-// Watches a folder and all folders in it. Returns what is wrong.
+// Watches a folder and all folders in it. Returns an error, or an empty text.
 std::string view_watch_start(view_watch_t *watch, const std::string &folder);
 
 // Returns whether anything has changed since the last call. New folders are watched from then on. Never waits.

@@ -1,5 +1,5 @@
 // The window of `zof view`. It shows the picture of a player, forwards pointer and keys, and draws the inspector and a
-// band with what is wrong over the panel.
+// band with the current error over the panel.
 #include <SDL.h>
 
 #include <algorithm>
@@ -31,7 +31,7 @@ static std::string member(const char *name) {
     return text ? text : "";
 }
 
-// The picture with what is drawn over it.
+// The panel's picture with the overlays.
 static view_image_t composed() {
     view_image_t image = self.session.picture;
     if (image.pixels.empty()) {
@@ -54,7 +54,7 @@ static void window_resize(s32 w, s32 h) {
     }
 }
 
-// When there is something to show, because a window that grows would no longer be in the middle of the screen.
+// Opened with the first picture: a window that grows later would not be centred on the screen.
 static void window_open(const view_image_t *image) {
     self.w = image->width;
     self.h = image->height;

@@ -59,10 +59,10 @@ typedef struct {
 } zof_font_t;
 
 // Returns the font of a file in font/ at a size in pixels, and takes a reference. Size 0 means 16. `name` may be
-// several files separated by commas: a letter is taken from the first one that has it. Letters that none has are taken
-// from LVGL's symbols at the same size; otherwise they are drawn as a box and reported once. Returns null without a
-// name, project or file, and, after a message, for an unusable file: the style then keeps its font. For a file that is
-// neither an outline font nor .bin it returns a font that draws nothing. The list owns the font.
+// several files separated by commas: a letter is taken from the first one that has it. If no file has it, LVGL's
+// symbols at the same size are used; otherwise a box is drawn and the letter is reported once. Returns null if there is
+// no name, project or file, and, after a message, for an unusable file; the style then keeps its font. For a file that
+// is neither an outline font nor .bin it returns a font that draws nothing. The list owns the font.
 lv_font_t *zof_font_create_lvfont(const char *name, u32 size);
 // Releases a reference; the last one releases the font. Unknown names and sizes do nothing.
 void zof_font_delete(const char *name, u32 size);

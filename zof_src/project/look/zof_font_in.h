@@ -1,4 +1,4 @@
-// What the files of fonts share. Internal, C++ only.
+// Internal header of the font files; C++ only.
 #ifndef ZOF_FONT_IN_H
 #define ZOF_FONT_IN_H
 

@@ -1,4 +1,4 @@
-// Letters that no font of a chain has. LVGL draws a box for them; here they are noted and reported, once for each font.
+// Letters that are missing from all fonts of a chain. LVGL draws a box for them; this file reports each once per font.
 #include <stdio.h>
 #include <string.h>
 
