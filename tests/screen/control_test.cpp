@@ -28,6 +28,32 @@ TEST_CASE("a control that cannot be built is reported and left out, and the view
     CHECK(zof_ctrl_create(lv_scr_act(), at(5), at(5)->attr, 30) == -1); // above the table of types
 }
 
+TEST_CASE("a function that cannot use its handle says why, once for each call") {
+    view_project_t project;
+    project.view(2, {ctrl(ZOF_CTRL_SLIDER, 4)});
+    project.show({ctrl(ZOF_CTRL_LABEL, 8), ctrl(ZOF_CTRL_IMG, 9), ctrl(ZOF_CTRL_BTN, 10)});
+    REQUIRE(zof_ctrl_delete(at(10)) == 0);
+    const std::string log = printed([] {
+        for (u32 i = 0; i < 3; i++) {
+            CHECK(zof_slider_set_value(at(8), 1) == -1);
+            CHECK(zof_table_set_cell_value(at(9), 0, 0, "") == -1);
+            CHECK(zof_btn_set_txt(at(10), "") == -1);
+            CHECK(zof_slider_set_value(zof_ctrl_get_form_id(2, 4), 1) == -1);
+            CHECK(zof_ctrl_set_x(zof_ctrl_get_form_id(1, 7), 1) == -1);
+            CHECK(zof_ctrl_set_x(zof_ctrl_get_form_id(3, 7), 1) == -1);
+            CHECK(at(8));
+            CHECK(zof_ctrl_set_x(nullptr, 1) == -1);
+        }
+    });
+    CHECK(log == "zof_slider_set_value: v1/c8 (1/8) is a label\n"
+                 "zof_table_set_cell_value: v1/c9 (1/9) is an image\n"
+                 "zof_btn_set_txt: v1/c10 (1/10): the control is deleted or not created yet\n"
+                 "zof_slider_set_value: v2/c4 (2/4): view 2 is not loaded yet\n"
+                 "zof_ctrl_set_x: control 1/7: view 1 has no such control\n"
+                 "zof_ctrl_set_x: control 3/7: the project has no view 3\n"
+                 "zof_ctrl_set_x: null handle\n");
+}
+
 TEST_CASE("parents are found in the order of the file, by the next walk at the latest, and never within themselves") {
     view_project_t project;
     project.view(2, {});

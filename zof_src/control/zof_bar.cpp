@@ -49,24 +49,39 @@ s32 zof_bar_create(para_t *record, lv_obj_t *parent, void *attr) {
     return zof_bar_set_up(record, &bar->pub_t, bar->minValue, bar->maxValue, bar->anim_time);
 }
 
-s32 zof_bar_set_bar_color(zof_ctrl_t *ctrl, zof_color_t color) {
-    return zof_ctrl_style_set_bg_color(ctrl, color, LV_PART_INDICATOR);
+s32 zof_bar_color_apply(zof_ctrl_t *ctrl, zof_color_t color, const char *function, const void *site) {
+    const auto set = [=](lv_obj_t *obj) { lv_obj_set_style_bg_color(obj, zof_color_to_lv(color), LV_PART_INDICATOR); };
+    return zof_on(ctrl, set, function, site);
 }
 
-s32 zof_bar_set_value(zof_ctrl_t *ctrl, s16 value) {
-    return zof_on(ctrl, &lv_bar_class, [=](lv_obj_t *obj) {
+s32 zof_bar_value_apply(zof_ctrl_t *ctrl, s16 value, const char *function, const void *site) {
+    const auto set = [=](lv_obj_t *obj) {
         bool slides = lv_obj_get_style_anim_time(obj, LV_PART_MAIN) != 0;
         lv_bar_set_value(obj, value, slides ? LV_ANIM_ON : LV_ANIM_OFF);
-    });
+    };
+    return zof_on(ctrl, &lv_bar_class, set, function, site);
 }
 
-s32 zof_bar_set_range(zof_ctrl_t *ctrl, s16 min, s16 max) {
-    return zof_on(ctrl, &lv_bar_class, [=](lv_obj_t *obj) {
+s32 zof_bar_range_apply(zof_ctrl_t *ctrl, s16 min, s16 max, const char *function, const void *site) {
+    const auto set = [=](lv_obj_t *obj) {
         if (lv_bar_get_min_value(obj) != min || lv_bar_get_max_value(obj) != max) {
             zof_bar_slide_end(obj);
         }
         lv_bar_set_range(obj, min, max);
-    });
+    };
+    return zof_on(ctrl, &lv_bar_class, set, function, site);
+}
+
+s32 zof_bar_set_bar_color(zof_ctrl_t *ctrl, zof_color_t color) {
+    return zof_bar_color_apply(ctrl, color);
+}
+
+s32 zof_bar_set_value(zof_ctrl_t *ctrl, s16 value) {
+    return zof_bar_value_apply(ctrl, value);
+}
+
+s32 zof_bar_set_range(zof_ctrl_t *ctrl, s16 min, s16 max) {
+    return zof_bar_range_apply(ctrl, min, max);
 }
 
 s32 zof_bar_get_value(zof_ctrl_t *ctrl) {

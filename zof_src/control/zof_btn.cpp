@@ -44,7 +44,7 @@ s32 zof_btn_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_btn_set_txt(zof_ctrl_t *ctrl, const char *text) {
-    return zof_on(zof_txt_inner_label(ctrl), [=](lv_obj_t *label) {
+    return zof_on_inner(ctrl, [=](lv_obj_t *label) {
         if (!zof_txt_show(label, text, lv_label_set_text)) {
             return;
         }

@@ -119,8 +119,8 @@ s32 zof_btnmatrix_get_one_checked(zof_ctrl_t *ctrl) {
 }
 
 const char *zof_btnmatrix_get_btn_text(zof_ctrl_t *ctrl, u32 id) {
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || !lv_obj_has_class(obj, &lv_btnmatrix_class)) {
+    lv_obj_t *obj = zof_obj_of(ctrl, &lv_btnmatrix_class);
+    if (!obj) {
         return nullptr;
     }
     const char **map = lv_btnmatrix_get_map(obj);
@@ -129,7 +129,7 @@ const char *zof_btnmatrix_get_btn_text(zof_ctrl_t *ctrl, u32 id) {
 }
 
 s32 zof_btnmatrix_set_btn_txt(zof_ctrl_t *ctrl, u32 id, const char *text) {
-    zof_btnmatrix_attr_t *attr = matrix_attr(ctrl);
+    zof_btnmatrix_attr_t *attr = zof_obj_of(ctrl, &lv_btnmatrix_class) ? matrix_attr(ctrl) : nullptr;
     if (!attr || !text || zof_btn_map_is_break(text)) {
         return -1;
     }

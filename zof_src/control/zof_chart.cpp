@@ -104,16 +104,13 @@ s32 zof_chart_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 lv_chart_series_t *zof_chart_add_series(zof_ctrl_t *ctrl, zof_color_t color, u32 axis) {
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || !lv_obj_has_class(obj, &lv_chart_class)) {
-        return nullptr;
-    }
-    return lv_chart_add_series(obj, zof_color_to_lv(color), (lv_chart_axis_t)axis);
+    lv_obj_t *obj = zof_obj_of(ctrl, &lv_chart_class);
+    return obj ? lv_chart_add_series(obj, zof_color_to_lv(color), (lv_chart_axis_t)axis) : nullptr;
 }
 
 // Runs `fn` on a chart that has this series: a series that was removed is only an address.
-template <typename F> static s32 on_series(zof_ctrl_t *ctrl, lv_chart_series_t *series, F &&fn) {
-    return zof_on(ctrl, &lv_chart_class, [&](lv_obj_t *obj) {
+template <typename F> static s32 on_series(zof_ctrl_t *ctrl, lv_chart_series_t *series, F &&fn, ZOF_CALLER) {
+    const auto run = [&](lv_obj_t *obj) {
         lv_chart_series_t *at = lv_chart_get_series_next(obj, nullptr);
         while (at && at != series) {
             at = lv_chart_get_series_next(obj, at);
@@ -123,7 +120,8 @@ template <typename F> static s32 on_series(zof_ctrl_t *ctrl, lv_chart_series_t *
         }
         fn(obj);
         return 0;
-    });
+    };
+    return zof_on(ctrl, &lv_chart_class, run, function, site);
 }
 
 s32 zof_chart_series_remove(zof_ctrl_t *ctrl, lv_chart_series_t *series) {

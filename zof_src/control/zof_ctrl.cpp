@@ -26,7 +26,9 @@ db_list *zof_ctrl_list_init(void) {
 }
 
 para_t *zof_ctrl_get_form_id(u32 view_id, u32 ctrl_id) {
-    return (para_t *)__db_list_search_node(zof_view_list_get_ctrl_list(view_id), &ctrl_id);
+    auto *record = (para_t *)__db_list_search_node(zof_view_list_get_ctrl_list(view_id), &ctrl_id);
+    zof_refuse_lookup(view_id, ctrl_id, record != nullptr);
+    return record;
 }
 
 void *zof_ctrl_get_attr_from_ctrl(zof_ctrl_t *ctrl) {
@@ -63,7 +65,9 @@ void zof_event_cb_t(lv_event_t *e) {
     }
     if (record->attr && record->attr->zof_ctrl_event) {
         lv_obj_enable_style_refresh(true); // off while a control is created, and this may be one of its events
+        const zof_bool former = zof_refuse_quiet(ZOF_FALSE); // it may be a host's doing
         record->attr->zof_ctrl_event(record, (zof_event_e)code);
+        zof_refuse_quiet(former);
     }
 }
 

@@ -118,6 +118,13 @@ s32 zof_ctrl_get_state(zof_ctrl_t *ctrl);
 s32 zof_ctrl_set_child_clip_corner(zof_ctrl_t *ctrl, zof_bool clip);
 s32 zof_ctrl_set_gesture_bubble(zof_ctrl_t *ctrl, zof_bool bubble);
 
+// Set local styles of the object for an LVGL selector (part or-ed with state). Return 0, or -1 without an object.
+// Colours are 0xRRGGBB; an unknown gradient direction means no gradient.
+s32 zof_ctrl_style_set_bg_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector);
+s32 zof_ctrl_style_set_bg_grad_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector);
+s32 zof_ctrl_style_set_bg_opa(zof_ctrl_t *ctrl, u8 opa, u32 selector);
+s32 zof_ctrl_style_set_bg_grad_dir(zof_ctrl_t *ctrl, u32 dir, u32 selector);
+
 // Returns the direction of the gesture that is being handled (LVGL's), 0 for none. The handle is only checked for null.
 s32 zof_ctrl_gesture_check(zof_ctrl_t *ctrl);
 

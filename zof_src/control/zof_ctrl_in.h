@@ -13,13 +13,32 @@
 ZOF_CTRL_TYPES(ZOF_CTRL_ROW)
 #undef ZOF_CTRL_ROW
 
+// Parameters that tell a callee which public function its caller is, and where that was called from.
+#define ZOF_CALLER const char *function = __builtin_FUNCTION(), const void *site = __builtin_return_address(0)
+
+// Reports, once for each site, why a public function cannot use a handle. Returns -1.
+s32 zof_refuse(const zof_ctrl_t *ctrl, ZOF_CALLER);
+
+// Remembers the last lookup of a control, which explains a null handle.
+void zof_refuse_lookup(u32 view, u32 ctrl, bool found);
+
+// Returns the handle's object; null, after a report, without an object, or if it is not of this widget class.
+static inline lv_obj_t *zof_obj_of(const zof_ctrl_t *ctrl, const lv_obj_class_t *kind, ZOF_CALLER) {
+    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    if (obj && (!kind || lv_obj_has_class(obj, kind))) {
+        return obj;
+    }
+    zof_refuse(ctrl, function, site);
+    return nullptr;
+}
+
 // Runs `fn` on the handle's object. Returns -1 without an object, else what `fn` returns, or 0 if it returns nothing.
 // With a widget class, refuses an object of another kind: a file, not the program, decides which kind an id refers to.
 // What the events of `fn` delete, this control included, stays in memory until `fn` has returned.
-template <typename F> s32 zof_on(zof_ctrl_t *ctrl, const lv_obj_class_t *kind, F &&fn) {
+template <typename F> s32 zof_on(zof_ctrl_t *ctrl, const lv_obj_class_t *kind, F &&fn, ZOF_CALLER) {
     zof_hold hold;
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || (kind && !lv_obj_has_class(obj, kind))) {
+    lv_obj_t *obj = zof_obj_of(ctrl, kind, function, site);
+    if (!obj) {
         return -1;
     }
     if constexpr (std::is_void_v<decltype(fn(obj))>) {
@@ -30,8 +49,8 @@ template <typename F> s32 zof_on(zof_ctrl_t *ctrl, const lv_obj_class_t *kind, F
     }
 }
 
-template <typename F> s32 zof_on(zof_ctrl_t *ctrl, F &&fn) {
-    return zof_on(ctrl, nullptr, std::forward<F>(fn));
+template <typename F> s32 zof_on(zof_ctrl_t *ctrl, F &&fn, ZOF_CALLER) {
+    return zof_on(ctrl, nullptr, std::forward<F>(fn), function, site);
 }
 
 // The record behind a handle; null for child objects that are not controls.

@@ -71,7 +71,7 @@ s32 zof_ctrl_set_ext_click_area(zof_ctrl_t *ctrl, s32 pixels) {
 }
 
 s32 zof_ctrl_set_align(zof_ctrl_t *ctrl, zof_ctrl_t *base, u32 align, s32 x, s32 y) {
-    lv_obj_t *to = zof_ctrl_obj(base);
+    lv_obj_t *to = zof_obj_of(base, nullptr);
     if (!to) {
         return -1;
     }
@@ -85,15 +85,16 @@ s32 zof_ctrl_set_align(zof_ctrl_t *ctrl, zof_ctrl_t *base, u32 align, s32 x, s32
 }
 
 // A view's own object has no parent to move within.
-static s32 move_to(zof_ctrl_t *ctrl, s32 index) {
-    return zof_on(ctrl, [=](lv_obj_t *obj) {
+static s32 move_to(zof_ctrl_t *ctrl, s32 index, ZOF_CALLER) {
+    const auto move = [=](lv_obj_t *obj) {
         if (!lv_obj_get_parent(obj)) {
             return -1;
         }
         lv_obj_move_to_index(obj, index);
         lv_obj_update_layout(obj);
         return 0;
-    });
+    };
+    return zof_on(ctrl, move, function, site);
 }
 
 s32 zof_ctrl_move_forground(zof_ctrl_t *ctrl) {
@@ -124,7 +125,7 @@ s32 zof_ctrl_get_child_sum(zof_ctrl_t *ctrl) {
 }
 
 zof_ctrl_t *zof_ctrl_get_child(zof_ctrl_t *ctrl, s32 index) {
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
+    lv_obj_t *obj = zof_obj_of(ctrl, nullptr);
     return obj ? lv_obj_get_child(obj, index) : nullptr;
 }
 
@@ -250,6 +251,23 @@ s32 zof_ctrl_set_child_clip_corner(zof_ctrl_t *ctrl, zof_bool clip) {
 
 s32 zof_ctrl_set_gesture_bubble(zof_ctrl_t *ctrl, zof_bool bubble) {
     return zof_on(ctrl, [=](lv_obj_t *obj) { zof_obj_flag_set(obj, LV_OBJ_FLAG_GESTURE_BUBBLE, bubble); });
+}
+
+s32 zof_ctrl_style_set_bg_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector) {
+    return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_set_style_bg_color(obj, zof_color_to_lv(color), selector); });
+}
+
+s32 zof_ctrl_style_set_bg_grad_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector) {
+    return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_set_style_bg_grad_color(obj, zof_color_to_lv(color), selector); });
+}
+
+s32 zof_ctrl_style_set_bg_opa(zof_ctrl_t *ctrl, u8 opa, u32 selector) {
+    return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_set_style_bg_opa(obj, opa, selector); });
+}
+
+s32 zof_ctrl_style_set_bg_grad_dir(zof_ctrl_t *ctrl, u32 dir, u32 selector) {
+    return zof_on(
+        ctrl, [=](lv_obj_t *obj) { lv_obj_set_style_bg_grad_dir(obj, (lv_grad_dir_t)(dir < 3 ? dir : 0), selector); });
 }
 
 s32 zof_ctrl_gesture_check(zof_ctrl_t *ctrl) {

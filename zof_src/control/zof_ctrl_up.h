@@ -12,6 +12,10 @@ typedef struct {
 
 extern const zof_ctrl_up_t zof_ctrl_up;
 
+// With `on` nothing is reported about handles that functions cannot use: a host is answered instead. Returns the former
+// setting. Graphics thread.
+zof_bool zof_refuse_quiet(zof_bool on);
+
 ZOF_C_END
 
 #endif

@@ -94,11 +94,12 @@ s32 zof_droplist_del(para_t *record) {
 }
 
 // Runs `change` on the control's options and shows the result.
-template <typename F> static s32 options_change(zof_ctrl_t *ctrl, F &&change) {
-    return zof_on(ctrl, &lv_dropdown_class, [&](lv_obj_t *obj) {
+template <typename F> static s32 options_change(zof_ctrl_t *ctrl, F &&change, ZOF_CALLER) {
+    const auto run = [&](lv_obj_t *obj) {
         zof_droplist_attr_t *attr = drop_attr(ctrl);
         return attr ? options_show(obj, change(attr->opt_list, &attr->options)) : -1;
-    });
+    };
+    return zof_on(ctrl, &lv_dropdown_class, run, function, site);
 }
 
 s32 zof_droplist_add_option(zof_ctrl_t *ctrl, const char *text, u32 position) {

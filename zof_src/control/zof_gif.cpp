@@ -24,14 +24,15 @@ const zof_ctrl_class_t zof_gif_class = {
 };
 
 // Runs `fn` on the decoder and timer of a GIF that has a picture. Without one there is nothing to do.
-template <typename F> static s32 on_gif(zof_ctrl_t *ctrl, F &&fn) {
-    return zof_on(ctrl, &lv_gif_class, [&](lv_obj_t *obj) {
+template <typename F> static s32 on_gif(zof_ctrl_t *ctrl, F &&fn, ZOF_CALLER) {
+    const auto run = [&](lv_obj_t *obj) {
         lv_gif_t *gif = (lv_gif_t *)obj;
         if (gif->gif) {
             fn(gif);
         }
         return 0;
-    });
+    };
+    return zof_on(ctrl, &lv_gif_class, run, function, site);
 }
 
 // 0 plays forever, as in the decoder. The decoder reads a file's count only once, so this replaces it.

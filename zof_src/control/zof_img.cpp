@@ -85,8 +85,8 @@ s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name) {
 }
 
 const char *zof_img_get_src(zof_ctrl_t *ctrl) {
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || !lv_obj_has_class(obj, &lv_img_class) || ((lv_img_t *)obj)->src_type != LV_IMG_SRC_FILE) {
+    lv_obj_t *obj = zof_obj_of(ctrl, &lv_img_class);
+    if (!obj || ((lv_img_t *)obj)->src_type != LV_IMG_SRC_FILE) {
         return nullptr; // a GIF's source is not a text
     }
     return zof_res_get_file_name("image/", (const char *)lv_img_get_src(obj));

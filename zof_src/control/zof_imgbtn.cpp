@@ -128,7 +128,7 @@ s32 zof_imgbtn_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_imgbtn_set_txt(zof_ctrl_t *ctrl, const char *text) {
-    return zof_on(zof_txt_inner_label(ctrl), [=](lv_obj_t *label) {
+    return zof_on_inner(ctrl, [=](lv_obj_t *label) {
         if (!zof_txt_show(label, text, lv_label_set_text)) {
             return;
         }
@@ -143,7 +143,8 @@ s32 zof_imgbtn_set_txt_color(zof_ctrl_t *ctrl, zof_color_t color, u32 state) {
     if (state >= _LV_IMGBTN_STATE_NUM) {
         return -1;
     }
-    return zof_btn_set_txt_color(ctrl, color, state_selectors[state]);
+    return zof_on(
+        ctrl, [=](lv_obj_t *obj) { lv_obj_set_style_text_color(obj, zof_color_to_lv(color), state_selectors[state]); });
 }
 
 s32 zof_imgbtn_set_txt_size(zof_ctrl_t *ctrl, u32 size) {

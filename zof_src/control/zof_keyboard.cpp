@@ -222,11 +222,11 @@ s32 zof_keyboard_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_keyboard_set_txtbox(zof_ctrl_t *ctrl, zof_ctrl_t *txtbox) {
+    lv_obj_t *box = zof_ctrl_obj(txtbox);
+    if (!box || !lv_obj_check_type(box, &lv_textarea_class)) {
+        return zof_refuse(txtbox);
+    }
     return zof_on(ctrl, &lv_keyboard_class, [=](lv_obj_t *obj) {
-        lv_obj_t *box = zof_ctrl_obj(txtbox);
-        if (!box || !lv_obj_check_type(box, &lv_textarea_class)) {
-            return -1;
-        }
         const bool clickable = lv_obj_has_flag(obj, LV_OBJ_FLAG_CLICKABLE);
         txtbox_unbind(obj);
         lv_keyboard_set_textarea(obj, box);
@@ -237,7 +237,7 @@ s32 zof_keyboard_set_txtbox(zof_ctrl_t *ctrl, zof_ctrl_t *txtbox) {
 }
 
 s32 zof_keyboard_get_selected_btn(zof_ctrl_t *ctrl) {
-    return zof_btnmatrix_get_selected_btn(ctrl);
+    return zof_on(ctrl, &lv_btnmatrix_class, lv_btnmatrix_get_selected_btn);
 }
 
 const char *zof_keyboard_get_btn_text(zof_ctrl_t *ctrl, u32 id) {

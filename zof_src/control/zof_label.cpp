@@ -155,11 +155,8 @@ s32 zof_label_set_txt(zof_ctrl_t *ctrl, const char *text) {
 }
 
 char *zof_label_get_text(zof_ctrl_t *ctrl) {
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj || !lv_obj_has_class(obj, &lv_label_class)) {
-        return (char *)(intptr_t)-1;
-    }
-    return lv_label_get_text(obj);
+    lv_obj_t *obj = zof_obj_of(ctrl, &lv_label_class);
+    return obj ? lv_label_get_text(obj) : (char *)(intptr_t)-1;
 }
 
 s32 zof_label_set_txt_color(zof_ctrl_t *ctrl, zof_color_t color) {

@@ -140,8 +140,8 @@ s32 zof_list_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 zof_ctrl_t *zof_list_add_btn(zof_ctrl_t *ctrl, const char *image, const char *text) {
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    return obj && lv_obj_has_class(obj, &lv_list_class) ? btn_add(obj, list_attr(ctrl), image, text) : nullptr;
+    lv_obj_t *obj = zof_obj_of(ctrl, &lv_list_class);
+    return obj ? btn_add(obj, list_attr(ctrl), image, text) : nullptr;
 }
 
 s32 zof_list_del_btn(zof_ctrl_t *ctrl, u32 index) {
@@ -182,12 +182,23 @@ s32 zof_list_del(para_t *record) {
 }
 
 zof_ctrl_t *zof_list_get_index_btn(zof_ctrl_t *ctrl, u32 index) {
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    return obj && lv_obj_has_class(obj, &lv_list_class) ? btn_at(obj, index) : nullptr;
+    lv_obj_t *obj = zof_obj_of(ctrl, &lv_list_class);
+    return obj ? btn_at(obj, index) : nullptr;
+}
+
+// Runs `fn` on a button of a list.
+template <typename F> static s32 on_btn(zof_ctrl_t *ctrl, u32 index, F &&fn, ZOF_CALLER) {
+    const auto run = [&](lv_obj_t *obj) {
+        lv_obj_t *btn = btn_at(obj, index);
+        return btn ? zof_on(btn, std::forward<F>(fn)) : -1;
+    };
+    return zof_on(ctrl, &lv_list_class, run, function, site);
 }
 
 zof_ctrl_t *zof_list_get_index_label(zof_ctrl_t *ctrl, u32 index) {
-    return zof_ctrl_get_child(zof_list_get_index_btn(ctrl, index), 0);
+    lv_obj_t *obj = zof_obj_of(ctrl, &lv_list_class);
+    lv_obj_t *btn = obj ? btn_at(obj, index) : nullptr;
+    return btn ? lv_obj_get_child(btn, 0) : nullptr;
 }
 
 s32 zof_list_set_select_index(zof_ctrl_t *ctrl, zof_ctrl_t *button) {
@@ -220,27 +231,28 @@ s32 zof_list_get_select_index(zof_ctrl_t *ctrl) {
 }
 
 s32 zof_list_set_index_str(zof_ctrl_t *ctrl, u32 index, const char *text) {
-    return zof_on(zof_list_get_index_btn(ctrl, index), [=](lv_obj_t *btn) {
+    return on_btn(ctrl, index, [=](lv_obj_t *btn) {
         zof_list_item_t *item = item_at(ctrl, index);
         lv_obj_t *label = btn_part(btn, &lv_label_class);
         if (label && item) {
             zof_txt_change(&item->txt, text); // first, because `text` may be the label's own
         }
-        return zof_label_set_txt(label, text);
+        return label ? zof_label_set_txt(label, text) : -1;
     });
 }
 
 const char *zof_list_get_index_str(zof_ctrl_t *ctrl, u32 index) {
-    lv_obj_t *btn = zof_ctrl_obj(zof_list_get_index_btn(ctrl, index));
-    return btn ? lv_list_get_btn_text(lv_obj_get_parent(btn), btn) : (const char *)(intptr_t)-1;
+    lv_obj_t *obj = zof_obj_of(ctrl, &lv_list_class);
+    lv_obj_t *btn = obj ? btn_at(obj, index) : nullptr;
+    return btn ? lv_list_get_btn_text(obj, btn) : (const char *)(intptr_t)-1;
 }
 
 s32 zof_list_focus(zof_ctrl_t *ctrl, u32 index) {
-    return zof_on(zof_list_get_index_btn(ctrl, index), [](lv_obj_t *btn) { lv_obj_scroll_to_view(btn, LV_ANIM_ON); });
+    return on_btn(ctrl, index, [](lv_obj_t *btn) { lv_obj_scroll_to_view(btn, LV_ANIM_ON); });
 }
 
 s32 zof_list_add_btns_style(zof_ctrl_t *ctrl, u32 index, u32 selector, zof_color_t bg_color, u32 radius, u8 opa) {
-    return zof_on(zof_list_get_index_btn(ctrl, index), [=](lv_obj_t *btn) {
+    return on_btn(ctrl, index, [=](lv_obj_t *btn) {
         lv_obj_set_style_bg_color(btn, zof_color_to_lv(bg_color), selector);
         lv_obj_set_style_radius(btn, (lv_coord_t)LV_MIN(radius, (u32)LV_RADIUS_CIRCLE), selector);
         lv_obj_set_style_opa(btn, opa, selector);

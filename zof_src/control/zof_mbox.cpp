@@ -32,12 +32,12 @@ static zof_mbox_attr_t *mbox_attr(const zof_ctrl_t *ctrl) {
 }
 
 // Runs `fn` on the box of a control. An object's own address is not a control; its first word is itself.
-template <typename F> static s32 on_mbox(zof_ctrl_t *ctrl, F &&fn) {
+template <typename F> static s32 on_mbox(zof_ctrl_t *ctrl, F &&fn, ZOF_CALLER) {
     const lv_obj_t *obj = zof_ctrl_obj(ctrl);
     if (!obj || (const void *)obj == (const void *)ctrl || !((const para_t *)ctrl)->is_created || !mbox_attr(ctrl)) {
-        return -1;
+        return zof_refuse(ctrl, function, site);
     }
-    return zof_on(ctrl, &lv_msgbox_class, std::forward<F>(fn));
+    return zof_on(ctrl, &lv_msgbox_class, std::forward<F>(fn), function, site);
 }
 
 static void label_center(lv_obj_t *label) {

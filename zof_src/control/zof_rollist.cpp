@@ -91,11 +91,12 @@ s32 zof_rollist_set_line_space(zof_ctrl_t *ctrl, s32 space) {
 }
 
 // Runs `change` on the control's options and shows the result.
-template <typename F> static s32 options_change(zof_ctrl_t *ctrl, F &&change) {
-    return zof_on(ctrl, &lv_roller_class, [&](lv_obj_t *obj) {
+template <typename F> static s32 options_change(zof_ctrl_t *ctrl, F &&change, ZOF_CALLER) {
+    const auto run = [&](lv_obj_t *obj) {
         zof_rollist_attr_t *attr = roll_attr(ctrl);
         return attr ? options_show(obj, attr, change(attr->opt_list, &attr->options)) : -1;
-    });
+    };
+    return zof_on(ctrl, &lv_roller_class, run, function, site);
 }
 
 s32 zof_rollist_add_option(zof_ctrl_t *ctrl, const char *text, u32 position) {

@@ -146,7 +146,10 @@ void scroll_infinite_event_cb(lv_event_t *e) {
 
 s32 scroll_inf(zof_ctrl_t *ctrl) {
     const auto *attr = zof_ctrl_attr<zof_scrollcont_attr_t>(ctrl, ZOF_CTRL_SCROLLCONT);
-    if (!attr || attr->dir != DIR_HORIZONTAL) {
+    if (!attr) {
+        return zof_refuse(ctrl);
+    }
+    if (attr->dir != DIR_HORIZONTAL) {
         return -1;
     }
     const wheel_t wheel = wheel_of(zof_ctrl_obj(ctrl), attr);

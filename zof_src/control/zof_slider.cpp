@@ -37,17 +37,17 @@ s32 zof_slider_create(para_t *record, lv_obj_t *parent, void *attr) {
 }
 
 s32 zof_slider_set_bar_color(zof_ctrl_t *ctrl, zof_color_t color) {
-    return zof_bar_set_bar_color(ctrl, color);
+    return zof_bar_color_apply(ctrl, color);
 }
 
 s32 zof_slider_set_value(zof_ctrl_t *ctrl, s16 value) {
-    return zof_bar_set_value(ctrl, value);
+    return zof_bar_value_apply(ctrl, value);
 }
 
 s32 zof_slider_set_range(zof_ctrl_t *ctrl, s16 min, s16 max) {
-    return zof_bar_set_range(ctrl, min, max);
+    return zof_bar_range_apply(ctrl, min, max);
 }
 
 s32 zof_slider_get_value(zof_ctrl_t *ctrl) {
-    return zof_bar_get_value(ctrl);
+    return zof_on(ctrl, &lv_bar_class, lv_bar_get_value);
 }

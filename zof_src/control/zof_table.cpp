@@ -31,9 +31,10 @@ static zof_table_attr_t *table_attr(const zof_ctrl_t *ctrl) {
 }
 
 // Runs `fn` on the object and attributes of a table control.
-template <typename F> static s32 on_table(zof_ctrl_t *ctrl, F &&fn) {
+template <typename F> static s32 on_table(zof_ctrl_t *ctrl, F &&fn, ZOF_CALLER) {
     zof_table_attr_t *attr = table_attr(ctrl);
-    return attr ? zof_on(ctrl, &lv_table_class, [&](lv_obj_t *obj) { return fn(obj, attr); }) : -1;
+    return attr ? zof_on(ctrl, &lv_table_class, [&](lv_obj_t *obj) { return fn(obj, attr); })
+                : zof_refuse(ctrl, function, site);
 }
 
 static u32 color_count(const zof_table_attr_t *attr) {
@@ -156,6 +157,7 @@ s32 zof_table_set_cell_value(zof_ctrl_t *ctrl, u32 row, u32 col, const char *tex
 
 const char *zof_table_get_cell_value(zof_ctrl_t *ctrl, u32 row, u32 col) {
     if (!table_attr(ctrl)) {
+        zof_refuse(ctrl);
         return (const char *)(intptr_t)-1;
     }
     return row < UINT16_MAX && col < UINT16_MAX ? lv_table_get_cell_value(zof_ctrl_obj(ctrl), (u16)row, (u16)col) : "";

@@ -59,12 +59,13 @@ lv_font_t *zof_txt_font(const zof_pub_attr_t *attr, u32 size) {
     return file ? zof_font_create_lvfont(file, size) : nullptr;
 }
 
-s32 zof_txt_inner_set_size(zof_ctrl_t *ctrl, u32 size) {
+s32 zof_txt_inner_set_size(zof_ctrl_t *ctrl, u32 size, const char *function, const void *site) {
     const para_t *record = zof_ctrl_record(ctrl);
-    return zof_on(zof_txt_inner_label(ctrl), [=](lv_obj_t *label) {
+    const auto set = [=](lv_obj_t *label) {
         const lv_font_t *font = record ? zof_txt_font(record->attr, size) : nullptr;
         if (font) {
             lv_obj_set_style_text_font(label, font, LV_PART_MAIN);
         }
-    });
+    };
+    return zof_on_inner(ctrl, set, function, site);
 }

@@ -3,6 +3,7 @@
 #ifndef ZOF_TXT_IN_H
 #define ZOF_TXT_IN_H
 
+#include "control/zof_ctrl_in.h"
 #include "control/zof_txt.h"
 
 typedef void (*zof_txt_show_fn)(lv_obj_t *obj, const char *text);
@@ -14,12 +15,18 @@ bool zof_txt_show(lv_obj_t *obj, const char *text, zof_txt_show_fn show);
 // Returns the label inside a button or image button, its first child; null when the object has none.
 lv_obj_t *zof_txt_inner_label(const zof_ctrl_t *ctrl);
 
+// Runs `fn` on that label. Returns like zof_on.
+template <typename F> s32 zof_on_inner(zof_ctrl_t *ctrl, F &&fn, ZOF_CALLER) {
+    lv_obj_t *label = zof_txt_inner_label(ctrl);
+    return label ? zof_on(label, std::forward<F>(fn)) : zof_refuse(ctrl, function, site);
+}
+
 // Creates that label: as wide as the button, wrapped, centred, not clickable.
 lv_obj_t *zof_txt_inner_create(lv_obj_t *btn, const char *text);
 
 // Sets the inner label's font to the font file of the button's first style in another size. Returns 0, or -1 without a
 // label.
-s32 zof_txt_inner_set_size(zof_ctrl_t *ctrl, u32 size);
+s32 zof_txt_inner_set_size(zof_ctrl_t *ctrl, u32 size, ZOF_CALLER);
 
 // Returns the font of a record's first style in another size, or null.
 lv_font_t *zof_txt_font(const zof_pub_attr_t *attr, u32 size);

@@ -45,9 +45,12 @@ typedef struct lift {
 static const lift_t *lifts;
 
 // Spin boxes are text areas too, with texts of their own.
-template <typename F> static s32 on_box(zof_ctrl_t *ctrl, F &&fn) {
+template <typename F> static s32 on_box(zof_ctrl_t *ctrl, F &&fn, ZOF_CALLER) {
     const lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    return obj && lv_obj_check_type(obj, &lv_textarea_class) ? zof_on(ctrl, std::forward<F>(fn)) : -1;
+    if (!obj || !lv_obj_check_type(obj, &lv_textarea_class)) {
+        return zof_refuse(ctrl, function, site);
+    }
+    return zof_on(ctrl, std::forward<F>(fn));
 }
 
 // Bytes of the UTF-8 character at `at`, 0 for an invalid one. LVGL decodes by the first byte alone.
@@ -190,7 +193,11 @@ s32 zof_txtbox_set_text(zof_ctrl_t *ctrl, const char *text) {
 
 const char *zof_txtbox_get_text(zof_ctrl_t *ctrl) {
     lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    return obj && lv_obj_check_type(obj, &lv_textarea_class) ? lv_textarea_get_text(obj) : (const char *)(intptr_t)-1;
+    if (!obj || !lv_obj_check_type(obj, &lv_textarea_class)) {
+        zof_refuse(ctrl);
+        return (const char *)(intptr_t)-1;
+    }
+    return lv_textarea_get_text(obj);
 }
 
 s32 zof_txtbox_pwd_mode(zof_ctrl_t *ctrl, zof_bool on) {

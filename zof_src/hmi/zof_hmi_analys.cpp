@@ -4,6 +4,7 @@
 
 #include <string.h>
 
+#include "control/zof_ctrl_up.h"
 #include "drv/zof_loop_in.h"
 #include "drv/zof_pipo_buff.h"
 #include "hmi/zof_hmi_sync.h"
@@ -194,9 +195,19 @@ u32 zof_hmi_cmd_check_cmd(const zof_hmi_cmd_analys_t *analys, const u8 *data) {
     return type_take(analys, &r) ? frame.len : 0;
 }
 
-static s32 handler_run(zof_hmi_cmd_analys_t *a, const zof_hmi_param_type_t *param, u8 op) {
+static s32 handler_call(zof_hmi_cmd_analys_t *a, const zof_hmi_param_type_t *param, u8 op) {
     return op == ZOF_HMI_OP_GET ? param->get_fun(a->type_param, a->req_param, a->value_param)
                                 : param->set_fun(a->type_param, a->req_param, a->value_param, a->reply_param);
+}
+
+static s32 handler_run(zof_hmi_cmd_analys_t *a, const zof_hmi_param_type_t *param, u8 op) {
+    if (a != ui_cmd_analys) {
+        return handler_call(a, param, op);
+    }
+    const zof_bool former = zof_refuse_quiet(ZOF_TRUE);
+    const s32 result = handler_call(a, param, op);
+    zof_refuse_quiet(former);
+    return result;
 }
 
 // Sends what was asked, byte for byte, followed by what the record holds.

@@ -156,39 +156,3 @@ s32 zof_ctrl_style_add(zof_ctrl_t *ctrl, zof_style_attr_t **styles, u8 count, u3
     }
     return 0;
 }
-
-s32 zof_ctrl_style_set_bg_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector) {
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj) {
-        return -1;
-    }
-    lv_obj_set_style_bg_color(obj, zof_color_to_lv(color), selector);
-    return 0;
-}
-
-s32 zof_ctrl_style_set_bg_grad_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector) {
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj) {
-        return -1;
-    }
-    lv_obj_set_style_bg_grad_color(obj, zof_color_to_lv(color), selector);
-    return 0;
-}
-
-s32 zof_ctrl_style_set_bg_opa(zof_ctrl_t *ctrl, u8 opa, u32 selector) {
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj) {
-        return -1;
-    }
-    lv_obj_set_style_bg_opa(obj, opa, selector);
-    return 0;
-}
-
-s32 zof_ctrl_style_set_bg_grad_dir(zof_ctrl_t *ctrl, u32 dir, u32 selector) {
-    lv_obj_t *obj = zof_ctrl_obj(ctrl);
-    if (!obj) {
-        return -1;
-    }
-    lv_obj_set_style_bg_grad_dir(obj, (lv_grad_dir_t)(dir < 3 ? dir : 0), selector);
-    return 0;
-}

@@ -55,13 +55,6 @@ s32 zof_style_del(zof_ctrl_t *ctrl, zof_style_attr_t *style);
 // main object of a control has section 0, the second object of a compound control section 1. Returns 0, or -1 for null.
 s32 zof_ctrl_style_add(zof_ctrl_t *ctrl, zof_style_attr_t **styles, u8 count, u32 sect);
 
-// Set local styles of the object for an LVGL selector (part or-ed with state). Return 0, or -1 without an object.
-// Colours are 0xRRGGBB; an unknown gradient direction means no gradient.
-s32 zof_ctrl_style_set_bg_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector);
-s32 zof_ctrl_style_set_bg_grad_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector);
-s32 zof_ctrl_style_set_bg_opa(zof_ctrl_t *ctrl, u8 opa, u32 selector);
-s32 zof_ctrl_style_set_bg_grad_dir(zof_ctrl_t *ctrl, u32 dir, u32 selector);
-
 // Converts 0xRRGGBB to an opaque LVGL colour.
 lv_color_t zof_color_to_lv(zof_color_t color);
 
