@@ -55,7 +55,7 @@ static void link_read(const std::string &path) {
     zof_rootjson_t file = RootJsonGet(path.c_str());
     if (file.root) {
         GetHmiStruct(file.root, &attr);
-        FreeHmiStruct(&attr);
+        csonFreePointer(&attr, zof_hmi_attr_t_tbl);
     }
     RootJsonDel(&file);
 }

@@ -92,6 +92,7 @@ TEST_CASE("trace: what is not a regular file is refused, and a full disk ends th
     REQUIRE(setrlimit(RLIMIT_FSIZE, &all) == 0);
     zof_trace_remark("line", "after the end");
     CHECK(file_text(file).size() == 300);
+    CHECK(contains(printed([] { zof_trace_start("-"); }), ": a trace of the register link")); // among the log's lines
 }
 
 // What has been delivered, with its time: "0:0102 ".
@@ -144,5 +145,10 @@ TEST_CASE("replay: the board's bytes arrive at their times, bad lines are report
     }
     CHECK(!contains(log, ":12: "));
     CHECK(zof_reg_report(REG_OUT_REQ, 1) == 9); // as if it were sent
+    REQUIRE(zof_replay_open(file.c_str()) == 0);
+    setenv("ZOF_LINK_TRACE", file.c_str(), 1);
+    CHECK(contains(printed([] { zof_hw_init(); }), "ZOF_LINK_TRACE: " + file + " is being replayed"));
+    CHECK(file_text(file).size() > 9000); // not emptied
+    unsetenv("ZOF_LINK_TRACE");
     CHECK(zof_replay_open(folder.folder.c_str()) == -1);
 }

@@ -1,5 +1,6 @@
 // The player as its parent processes see it: driven by lines, drawing into shared memory.
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 #include <map>
 
@@ -24,7 +25,13 @@ struct player {
         setenv("ZOF_PLAYER", ZOF_BUILD_DIR "/tools/zof_player", 1);
         REQUIRE(view_player_start(&process, live, false) == "");
     }
+    // Lets it end by itself, so that a coverage build counts its lines.
     ~player() {
+        say(R"({"do": "quit"})");
+        if (process.process) {
+            waitpid(process.process, nullptr, 0);
+        }
+        process.process = 0;
         view_player_stop(&process);
     }
 
@@ -77,7 +84,9 @@ static void project_write(const temp_project_t &project) {
                                                     control(1, 2, "go", R"(, "txt": "Go", "styles": [{"body_t":
                                                     {"main_color": 255, "opa": 255}}])") +
                                                     ",\n" + control(3, 3, "", R"(, "img_rel": "D:x.png")")));
-    project.write("config/view/more.g", view(2, control(7, 1, "level", R"(, "min": 0, "max": 100)")));
+    project.write("config/view/more.g", view(2, control(7, 1, "level", R"(, "min": 0, "max": 100)") + "," +
+                                                    control(2, 2, "box", "", R"(, "scrollbar_t": {"dir_e": 15})") +
+                                                    "," + control(0, 3, "far", "", R"(, "parent_id": 2)")));
     project.write("config/languages/en.g", R"({"hello": "Hello"})");
     project.write("config/languages/de.g", R"({"hello": "Hallo"})");
     project.write("config/theme/night/button.g", R"({"styles": [{"txt_t": {"color": 65280, "opa": 255}}]})");
@@ -192,10 +201,13 @@ TEST_CASE("a fresh player takes over what the one before showed, and what a host
     serial_pty host;
     pty_open(host, 7);
     player p(true);
-    p.load(project, R"(, "view": "more", "language": "de")");
+    p.load(project, R"(, "view": "more", "language": "de", "theme": "night")");
     CHECK(contains(p.say(R"({"do": "link"})"), "\"ok\":true"));
     p.say(R"({"do": "set", "row": "label.text", "control": "home/title", "value": "Servus"})");
     CHECK(contains(p.say(R"({"do": "tree", "view": "home"})"), R"("text":"Servus")")); // not shown, but loaded
+    p.say(R"({"do": "set", "row": "view.display", "value": 2})");
+    p.say(R"({"do": "set", "row": "view.bg_image", "request": 0, "value": [2, "none.png"]})");
+    p.say(R"({"do": "scroll", "control": "more/box", "x": 3, "y": 5})");
     std::string state;
     pty_write(host, frame_of(0x22, {0xB2, 0x07, 0x01, 0, 2, 0, 1, 0, 33})); // the slider's value
     CHECK(eventually([&] {
@@ -204,13 +216,18 @@ TEST_CASE("a fresh player takes over what the one before showed, and what a host
     }));
     CHECK(contains(state, R"("views":["more"])"));
     CHECK(contains(state, R"("value":["Servus"])"));
+    CHECK(contains(state, R"("row":"view.bg_image","request":[0],"value":[2,"none.png"])"));
+    CHECK(contains(state, R"("scrolls":[{"control":"more/box","x":3,"y":5}])"));
+    CHECK(!contains(state, "view.display"));
     CHECK(contains(p.say(R"({"do": "advance", "ms": 1})"), "time is real"));
     const std::vector<u32> shown = p.picture();
 
     const size_t at = state.find("\"state\":") + 8;
     player next;
-    next.load(project, ", \"state\": " + state.substr(at, state.rfind(",\"ok\"") - at));
+    const std::string kept = state.substr(at, state.rfind(",\"ok\"") - at);
+    next.load(project, ", \"state\": " + kept);
     CHECK(next.picture() == shown);
+    CHECK(contains(next.say(R"({"do": "snapshot"})"), kept));
     next.say(R"({"do": "show", "view": "home"})");
     CHECK(contains(next.say(R"({"do": "tree"})"), R"("text":"Servus")"));
 }

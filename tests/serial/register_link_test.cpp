@@ -103,6 +103,9 @@ TEST_CASE("register link: frames in one chunk are handled in order, whatever is 
 TEST_CASE("register link: a frame stores no more words than it holds, and a burst rebuilds the list of rails once") {
     line_up();
     zof_reg_set(100, 5);
+    u8 outside[] = {0x5A, 0xA5, 0x05, 0x82, 0x08, 0x01, 0, 1};
+    CHECK((zof_comm_handle(outside) == -1 && zof_comm_handle(nullptr) == -1));
+    recive_data_handle(nullptr, 6);
     receive({0x5A, 0xA5, 0x03, 0x82, 0x00, 0x64});
     CHECK(zof_reg_get(100) == 5);
     for (u8 len : {0, 1, 2}) { // the frame ends inside its own head, before its address

@@ -99,6 +99,49 @@ TEST_CASE("host frames: wrong heads, missing bytes and bad CRCs have different r
     CHECK(zof_hmi_cmd_check_data(nullptr, nullptr, 0) == 0);
 }
 
+TEST_CASE("host frames: one is executed by its rows, and an incomplete, unknown or invalid one is not") {
+    temp_project_t project;
+    REQUIRE(project.open());
+    analys_t x(false);
+    const struct {
+        u8 op;
+        bytes payload;
+        s32 result; // 0: nothing was executed
+    } rows[] = {{ZOF_HMI_OP_GET, {0xB0, 0x00, 0x01}, 7},
+                {ZOF_HMI_OP_SET, {0xB0, 0x00, 0x01}, 7}, // cannot be written
+                {ZOF_HMI_OP_SET, {0xB0, 0x02}, 0},
+                {ZOF_HMI_OP_SET, {0xB0, 0x02, 40}, 7},
+                {ZOF_HMI_OP_GET, {0xB0, 0x7E}, 0},
+                {ZOF_HMI_OP_GET, {0xB3, 0x00}, 0},
+                {ZOF_HMI_OP_GET, {0xB0}, 0},
+                {ZOF_HMI_OP_SET + 1, {0xB0, 0x01}, -1}};
+    for (const auto &row : rows) {
+        const bytes frame = frame_of(row.op, row.payload);
+        CAPTURE(row.payload.back());
+        CHECK(zof_hmi_cmd_rev_analys(&x.a, frame.data(), (u32)frame.size()) == row.result);
+        CHECK(zof_hmi_cmd_rev_analys(&x.a, frame.data(), (u32)frame.size() - 1) == 0);
+    }
+}
+
+TEST_CASE("host link: without memory an analyser is not made, releases what it has, and can be made later") {
+    enum { ALLOCATIONS = 8 }; // those of the host link; the ones after them are LVGL's
+    const zof_hmi_attr_t attr = {.head_fh = 0x5A, .head_fl = 0xA5};
+    lv_init();
+    for (const auto &[make, made] : {std::pair(&zof_hmi_cmd_sys_analys_init, &sys_cmd_analys),
+                                     std::pair(&zof_hmi_cmd_ui_analys_init, &ui_cmd_analys)}) {
+        CHECK(make(nullptr) == -1);
+        for (u32 n = 1; !*made && n <= ALLOCATIONS; n++) {
+            const u32 before = zof_mem_count();
+            zof_mem_fail_at(n);
+            const s32 result = make(&attr);
+            zof_mem_fail_at(0);
+            CHECK((result == 0) == (*made != nullptr));
+            CHECK((*made || zof_mem_count() == before));
+        }
+        CHECK((make(&attr) == 0 && make(&attr) == 0 && *made));
+    }
+}
+
 TEST_CASE("host link: equal head bytes, no port and a missing file open no link") {
     temp_project_t project;
     REQUIRE(project.open());

@@ -39,6 +39,14 @@ TEST_CASE("the project file fills the record and the list of views") {
            str(prj->attr->hw_t.tone_t.sound) == "k.wav"));
     // Too large by area, without an overflow of the product.
     CHECK(zof_prj_check_wh_avlid() == 1);
+    const u32 before = zof_mem_count();
+    printed([&] {
+        zof_prj_attr_t *attr = zof_j2s_get_prj_attr(project.path("config/project/zofprj.g").c_str());
+        CHECK(FreePrjStruct(attr) == 0);
+        zof_free(attr);
+        CHECK(zof_j2s_get_prj_attr(project.path("none").c_str()) == nullptr); // releases the file of the first
+    });
+    CHECK(zof_mem_count() == before);
 }
 
 TEST_CASE("the cursor walks the controls and skips invalid entries") {
@@ -53,6 +61,7 @@ TEST_CASE("the cursor walks the controls and skips invalid entries") {
         {"type": 1, "theme": 1, "property": {"pub_t": {"id": 9, "pub": 1}, "txt": "go", "mode": 1}},
         {"type": 1, "property": {"pub_t": {"id": 10, "pub": false}}})"));
     std::string path = project.path("config/view/one.g");
+    CHECK((zof_j2s_ctrl_start(nullptr) == -1 && zof_j2s_ctrl_get() == nullptr));
     REQUIRE(zof_j2s_ctrl_start(path.c_str()) == 0);
     u32 id = 0;
     u32 pub = 9;
@@ -79,6 +88,10 @@ TEST_CASE("the cursor walks the controls and skips invalid entries") {
     CHECK(zof_j2s_ctrl_get_para(&id, &pub) == -1);
     CHECK(zof_j2s_ctrl_start(path.c_str()) == 0);
     CHECK(zof_j2s_ctrl_start(path.c_str()) == 0); // ends the previous walk
+    for (int i = 0; i < 7; i++) {
+        zof_j2s_ctrl_run_next();
+    }
+    CHECK((zof_j2s_ctrl_get_para(&id, &pub) == 0 && id == 9)); // six are skipped, and one is valid
     zof_j2s_ctrl_end();
     CHECK(zof_j2s_ctrl_get_para(&id, &pub) == -1);
     CHECK(zof_mem_count() == before);
@@ -184,6 +197,13 @@ TEST_CASE("a number that a key has no meaning for is reported with file and key"
         }
     }
     CHECK(count > 3 * ZOF_CTRL_TYPE_COUNT); // a scroll bar has three
+    CHECK((zof_j2s_ctrl_create(nullptr, 0) == nullptr && zof_j2s_get_ctrl_size(ZOF_CTRL_TYPE_COUNT) == 0));
+    cJSON *property = cJSON_Parse(R"({"point_cnt": 7})");
+    zof_pub_attr_t *chart = zof_j2s_ctrl_create(property, ZOF_CTRL_CHART);
+    cJSON_Delete(property);
+    const std::string chart_text = printed([&] { CHECK(printfstruct(chart) == 0); });
+    CHECK(contains(chart_text, "point_cnt"));
+    zof_j2s_attr_free(chart, ZOF_CTRL_CHART);
     project.write("config/theme/youth/label.g",
                   R"({"styles": [{"body_t": {"grad_dir_e": 2, "border": {"part": 32}}}]})");
     zof_pub_attr_t *record = nullptr;

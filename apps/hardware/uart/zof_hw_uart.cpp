@@ -130,9 +130,6 @@ s32 zof_reg_report(u16 addr, u16 value) {
 // The handler gets the frame's base address for every word: a frame of several words runs the handler of the first
 // register once per word, and only stores the others.
 static s32 zof_reg_s_set(u16 addr, const u8 *data, u8 len) {
-    if (addr > REG_MAX) {
-        return -1;
-    }
     for (u32 k = 0; k < len; k++) {
         ctrlreg[addr + k] = (u16)(data[2 * k] << 8 | data[2 * k + 1]);
         zof_reg_take_word((u16)(addr + k));

@@ -179,10 +179,7 @@ static void style_overlay(cJSON *json, zof_pub_attr_t *record, const zof_pub_att
     }
     char *font_lib = style->txt_t.font_lib;
     char *bg_img = style->img_t.bg_img;
-    s32 result = GetStyleStruct(json, style);
-    if (result != 0) {
-        zof_printf("GetStyleStruct ret=%d\n", result);
-    }
+    GetStyleStruct(json, style);
     const zof_style_attr_t *origin = theme_style(theme, style_index(record, style));
     release_replaced(font_lib, style->txt_t.font_lib, origin ? origin->txt_t.font_lib : nullptr);
     release_replaced(bg_img, style->img_t.bg_img, origin ? origin->img_t.bg_img : nullptr);

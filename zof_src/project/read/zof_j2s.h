@@ -64,7 +64,6 @@ s32 FreeViewStruct(zof_view_attr_t *record);
 s32 GetPrjStruct(cJSON *json, zof_prj_attr_t *record);
 s32 FreePrjStruct(zof_prj_attr_t *record);
 s32 GetHmiStruct(cJSON *json, zof_hmi_attr_t *record);
-s32 FreeHmiStruct(zof_hmi_attr_t *record);
 
 // Prints a chart's record.
 s32 printfstruct(void *record);

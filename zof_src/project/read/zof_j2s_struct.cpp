@@ -61,13 +61,7 @@ zof_pub_attr_t *zof_j2s_ctrl_create(cJSON *property, u32 type) {
         zof_printf("attr_t zof_malloc fail");
         return nullptr;
     }
-    s32 result = zof_j2s_get_ctrl_struct(property, record, type);
-    if (result != 0) {
-        zof_printf("ret = %d\n", result);
-        zof_j2s_free_ctrl_struct(record, type);
-        zof_free(record);
-        return nullptr;
-    }
+    zof_j2s_get_ctrl_struct(property, record, type); // cannot fail: no key of a control is mandatory
     record->ctrl_type = type;
     return record;
 }
@@ -95,10 +89,7 @@ void zof_j2s_get_style(cJSON *root, zof_pub_attr_t *record) {
         if (!style) {
             break;
         }
-        s32 result = GetStyleStruct(json, style);
-        if (result != 0) {
-            zof_printf("GetStyleStruct ret=%d\n", result);
-        }
+        GetStyleStruct(json, style);
         list[record->style_num++] = style;
     }
     record->style_list = list;
@@ -122,10 +113,6 @@ s32 FreePrjStruct(zof_prj_attr_t *record) {
 
 s32 GetHmiStruct(cJSON *json, zof_hmi_attr_t *record) {
     return yes_or_no(csonJsonStr2Struct(json, record, zof_hmi_attr_t_tbl));
-}
-
-s32 FreeHmiStruct(zof_hmi_attr_t *record) {
-    return yes_or_no(csonFreePointer(record, zof_hmi_attr_t_tbl));
 }
 
 s32 printfstruct(void *record) {

@@ -17,12 +17,8 @@ static const reflect_item_t views_tbl[] = {CSON_KNOWN("pageId"), CSON_KNOWN("pag
 // Allocates a zeroed record and decodes it; shared by all readers of whole files.
 template <typename T> static T *record_of(cJSON *json, s32 (*decode)(cJSON *, T *)) {
     auto *record = (T *)(zof_malloc(sizeof(T)));
-    if (!record) {
-        return nullptr;
-    }
-    s32 result = decode(json, record);
-    if (result != 0) {
-        zof_printf("ret = %d\n", result);
+    if (record) {
+        decode(json, record);
     }
     return record;
 }
