@@ -1,6 +1,9 @@
 // The checker of project folders: a correct project, and one mistake at a time with the places of its findings.
 #include <filesystem>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "check/zof_check.h"
 #include "temp_project.h"
 #include "zof_test.h"
@@ -31,7 +34,7 @@ static const struct {
  "pub_t": {"name": "more", "id": 2, "parent_id": 1, "pt": {"x": 9, "y": 9}, "size": {"width": 90, "height": 40}, "t_mode": 1, "alpha": 255},
  "txt": "#a",
  "styles": [{"style_state": "pressed", "body_t": {"main_color": "#D9863D", "opa": 255, "border": {"opa": 255}}},
-            {"txt_t": {"font_lib": "f.bin", "font_size": 20}, "img_t": {"bg_img": "on.png"}}]}},
+            {"txt_t": {"font_lib": "f.bin", "font_size": 20, "opa": 255}, "img_t": {"bg_img": "on.png"}}]}},
 {"type": 7, "theme": "t", "property": {
  "pub_t": {"name": "dose", "id": 3, "size": {"width": 90, "height": 40}, "t_mode": 1, "alpha": 255},
  "minValue": 0, "maxValue": 100}},
@@ -50,7 +53,8 @@ static void project_write(const temp_project_t &project, const std::string &file
     for (const auto &[path, of] :
          {std::pair("image/on.png", "image/mark.png"), {"font/f.bin", "font/bench-num-26.bin"}}) {
         std::filesystem::create_directories(std::filesystem::path(project.path(path)).parent_path());
-        std::filesystem::copy_file(std::string(ZOF_PANEL_DIR "/res/") + of, project.path(path));
+        std::filesystem::copy_file(std::string(ZOF_PANEL_DIR "/res/") + of, project.path(path),
+                                   std::filesystem::copy_options::overwrite_existing);
     }
     std::string text = file.empty() ? "" : file_text(project.path(file));
     const size_t at = text.find(from);
@@ -97,9 +101,7 @@ static const struct {
      "1:22: error: B is given twice; the first one is used [key-twice]"},
     {view_g, "\"t_mode\": 1, \"alpha\": 255},\n \"txt\"", "\"t_mode\": 1, \"Alpha\": 255, \"alpha\": 9},\n \"txt\"",
      "7:141: error: alpha is given twice; the first one is used [key-twice]"},
-    {view_g, "\"txt\": \"#a\"", "\"tx\": \"#a\"",
-     "config/languages/de.g:1:2: warning: no file uses the text a [text-unused]\n"
-     "8:2: error: unknown key tx; did you mean txt? [key-unknown]"},
+    {view_g, "\"txt\": \"#a\"", "\"tx\": \"#a\"", "8:2: error: unknown key tx; did you mean txt? [key-unknown]"},
     {view_g, "\"txt\": \"#a\"", "\"txt\": \"#a\", \"frobnicate\": 1",
      "8:15: error: unknown key frobnicate in button [key-unknown]"},
     {view_g, "\"txt\": \"#a\"", "\"txt\": \"#a\", \"alpha\": 255",
@@ -113,9 +115,7 @@ static const struct {
     {view_g, "\"minValue\": 0", "\"minValue\": -40000", "13:14: error: -40000 is not from -32768 to 32767 [range]"},
     {view_g, "\"minValue\": 0", "\"minValue\": 0.5",
      "13:14: warning: the fraction is cut off; it counts as 0 [fraction]"},
-    {view_g, "\"pressed\"", "\"presed\"",
-     "9:29: error: unknown name; did you mean pressed? [name]\n"
-     "10:13: warning: another style is for the same part, state and section [style-twice]"},
+    {view_g, "\"pressed\"", "\"presed\"", "9:29: error: unknown name; did you mean pressed? [name]"},
     {view_g, "\"button\"", "\"buton\"", "6:10: error: unknown name; did you mean button? [name]"},
     {view_g, "\"style_state\": \"pressed\"", "\"style_part\": 7",
      "9:28: error: unknown; the names are main, scroll bar, indicator, knob, selection, items, ticks, cursor, "
@@ -192,9 +192,9 @@ static const struct {
      "4:41: error: there is no sound/beep.wav [file-missing]"},
     {project_g, "{\n\"p_name\"", "[{\n\"p_name\"",
      "1:1: error: expected an object [syntax]\n"
-     "5:2: error: expected \",\" or \"]\", found the end of the file [syntax]"},
-    {view_g, "\"on.png\"", "\"om.png\"", "10:83: error: there is no image/om.png; did you mean on.png? [file-missing]"},
-    {view_g, "\"on.png\"", "\"../on.png\"", "10:83: error: leads out of its folder [file-name]"},
+     "5:2: error: expected \",\" or \"]\", found the end of the file; the array began at 1:1 [syntax]"},
+    {view_g, "\"on.png\"", "\"om.png\"", "10:95: error: there is no image/om.png; did you mean on.png? [file-missing]"},
+    {view_g, "\"on.png\"", "\"../on.png\"", "10:95: error: there is no on.png [file-missing]"},
     {view_g, "\"f.bin\"", "\"f.bim\"", "10:36: error: there is no font/f.bim; did you mean f.bin? [file-missing]"},
     {view_g, "\"f.bin\"", "\"f.bin, g.otf\"", "10:36: error: there is no font/g.otf [file-missing]"},
     {"image/on.png", "", "no picture", "1:1: error: not a PNG picture [file-damaged]"},
@@ -237,17 +237,101 @@ static const struct {
      "9:111: error: the key type belongs into shadow, beside this object [key-place]"},
     {theme_g, "{\"styles\"", "{\"colours\": 1, \"styles\"", "1:2: error: unknown key colours in a theme [key-unknown]"},
     {view_g, "\"on.png\"", "\"o\\u0001n.png\"",
-     "10:83: error: a name with control characters is not opened [file-name]"},
+     "10:95: error: a name with control characters is not opened [file-name]"},
     {view_g, "\"on.png\"", "\"o*.png\"",
-     "10:83: error: a name with \\ < > | \" ? or * is no name on all systems [file-name]"},
-    {view_g, "\"on.png\"", "\"notes.txt\"", "10:83: error: pictures are .png, .jpg or .gif files [file-name]"},
+     "10:95: error: a name with \\ < > | \" ? or * is no name on all systems [file-name]"},
+    {view_g, "\"on.png\"", "\"notes.txt\"", "10:95: error: pictures are .png, .jpg or .gif files [file-name]"},
     {project_g, "\"language\": \"en\"", "\"language\": \"EN\"",
      "2:74: error: the file is config/languages/en.g [file-case]"},
     {project_g, "[{\"pageId\": 1, \"pageName\": \"one.g\"}]", "3",
      "3:10: error: expected an array, found a number [kind]"},
     {"config/view/two.g", "", "{\"view\": {\"v_id\": 2}, \"controls\": []}",
      "1:1: warning: the project file has no entry for this view [view-unlisted]"},
+    {view_g, "\"on.png\"", "\"../../on.png\"", "10:95: error: leads out of the project [file-name]"},
+    {view_g, "\"on.png\"", "\"../image/./on.png\"", ""},
+    {view_g, "\"on.png\"", "\"X:on.png\"",
+     "10:95: error: there is no drive X:; the drives are D, E, T, U and P [file-name]"},
+    {view_g, "\"on.png\"", "\"on\"", "10:95: error: there is no image/on; did you mean on.png? [file-missing]"},
+    {view_g, "\"button\"", "\"button\", \"id\": 2", "6:20: error: the key id belongs into property.pub_t [key-place]"},
+    {view_g, "\"button\"", "\"button\", \"options\": 2",
+     "6:20: error: the key options belongs into property [key-place]"},
+    {view_g, "\"type\": 2,", "",
+     "4:1: error: type is missing: control type: number or name, see control types [missing]"},
+    {view_g, "\"type\": 2,", "\"tpye\": 2,", "4:2: error: unknown key tpye; did you mean type? [key-unknown]"},
+    {view_g, "\"type\": 2,", "\"type\": \"contaner\",", "4:10: error: unknown name; did you mean container? [name]"},
+    {view_g, "\"controls\"", "\"control\"", "3:1: error: unknown key control; did you mean controls? [key-unknown]"},
+    {view_g, "\"pressed\"", "\"pressed|checked\"", "9:29: error: names are joined by + [name]"},
+    {view_g, "\"#D9863D\"", "0xD9863D", "9:65: error: a colour is written \"#D9863D\" [syntax]"},
+    {view_g, "\"minValue\": 0", "\"minValue\": 092", "13:14: warning: a number does not begin with 0 [strict]"},
+    {view_g, "\"width\": 300", "\"width\": -5", "5:54: error: -5 is not from 0 to 4294967295 [range]"},
+    {view_g, "\"main_color\": \"#D9863D\", \"opa\": 255,", "\"main_color\": 0,",
+     "9:51: warning: main_color is not seen: opa is missing and counts as 0 [invisible]"},
+    {view_g, "{\"txt_t\": {\"font_lib\"", "{\"body_t\": {\"main_color\": 0}, \"txt_t\": {\"font_lib\"",
+     ""}, // the theme's
+    {view_g, LAST_CTRL, MORE("arc", "\"angle_t\": {}, \"range_t\": {\"maxValue\": 5}, \"arc_value\": 6"),
+     "18:57: error: 6 is not from minValue, 0, to maxValue, 5 [range]"},
+    {view_g, LAST_CTRL, MORE("spin box", "\"int_cnt\": 1, \"range_min\": 5, \"range_max\": 9, \"i_value\": 4"),
+     "18:58: error: 4 is not from range_min, 5, to range_max, 9 [range]"},
+    {view_g, LAST_CTRL, MORE("chart", "\"dis_type_e\": 1, \"point_cnt\": 0, \"y_max\": 4"),
+     "18:31: error: 0 is not from 1 to 65535 [range]"},
+    {project_g, "\"language\": \"en\",", "",
+     "1:1: warning: language is missing, so \"#a\" is shown as it is until the program sets one [incomplete]"},
+    {"config/view/one.g~", "", "{", ""},
+    {"config/veiw/two.g", "", "{}", "config/veiw:1:1: warning: this folder is not read; did you mean view? [folder]"},
 };
+
+TEST_CASE("links out of the project, in a circle and to nothing are reported once, and so is what is not a file") {
+    lv_init();
+    static const char cut[] = ":1:1: error: a link that leads out of the project; it is not opened [file-name]";
+    const struct {
+        const char *link, *to; // null: a pipe; "": a folder
+        std::string found;
+    } rows[] = {
+        {"image/x.png", "on.png", ""},
+        {"image/x.png", "/etc/passwd", std::string("image/x.png") + cut},
+        {"image/etc", "../..", std::string("image/etc") + cut},
+        {"image/x.png", "none", "image/x.png:1:1: error: a link that leads nowhere [file-name]"},
+        {"image/all", "../image",
+         "image/all:1:1: error: a link to a folder that it is in; it is not followed [file-name]"},
+        {"image/x.png", nullptr, "image/x.png:1:1: error: not a regular file [file-damaged]"},
+        {"config/view/two.g", nullptr, "config/view/two.g:1:1: error: not a regular file [file-damaged]"},
+        {"config/view/two.g", "", "config/project/zofprj.g:3:73: error: config/view/two.g is a folder [file-missing]"},
+    };
+    for (const auto &row : rows) {
+        CAPTURE(row.link);
+        temp_project_t project;
+        const bool view = std::string(row.link) == "config/view/two.g";
+        project_write(project, view ? project_g : "", view ? "\"one.g\"}" : "",
+                      view ? "\"one.g\"}, {\"pageId\": 2, \"pageName\": \"two.g\"}" : "");
+        const std::string path = project.path(row.link);
+        REQUIRE((!row.to   ? mkfifo(path.c_str(), 0600)
+                 : *row.to ? symlink(row.to, path.c_str())
+                           : mkdir(path.c_str(), 0700)) == 0);
+        CHECK(findings_of(project) == row.found);
+        project_write(project, project_g, "\"width\"", "\"allow_outside\": 1, \"width\"");
+        CHECK(!contains(findings_of(project), "leads out"));
+    }
+}
+
+TEST_CASE("a folder without a project file that can be read is refused with the reason") {
+    temp_project_t project;
+    char found[500];
+    std::filesystem::remove_all(project.path("config"));
+    CHECK(zof_check_find(project.folder.c_str(), found, sizeof found) == -1);
+    CHECK(zof_check_find("", found, sizeof found) == -1);
+    for (const char *said : {"not a regular file", "there is no file of this name"}) {
+        std::filesystem::remove_all(project.path("config"));
+        std::filesystem::create_directories(project.path("config/project"));
+        const std::string path = project.path(project_g);
+        REQUIRE((*said == 'n' ? mkfifo(path.c_str(), 0600) : mkdir(path.c_str(), 0700)) == 0);
+        REQUIRE(zof_check_find(project.folder.c_str(), found, sizeof found) == 0);
+        zof_check_t check;
+        CHECK(zof_check_project(found, &check) == -1);
+        REQUIRE(check.count == 1);
+        CHECK(std::string(check.findings[0].text) == said);
+        zof_check_free(&check);
+    }
+}
 
 TEST_CASE("findings that zof-check.ignore names with a reason are left out") {
     lv_init();

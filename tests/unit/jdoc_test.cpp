@@ -41,7 +41,7 @@ TEST_CASE("each fault is reported at its position with what was expected") {
         {"{\n  \"a\": 1\n  \"b\": 2,\n  \"c\" 3}",
          "3:3 syntax: expected \",\"; 4:7 syntax: expected \":\", found \"3\""},
         {"{\"a\": 1 b}", "1:9 syntax: expected \",\" or \"}\", found \"b\""},
-        {"[1, [2", "1:7 syntax: expected \",\" or \"]\", found the end of the file"},
+        {"[1, [2", "1:7 syntax: expected \",\" or \"]\", found the end of the file; the array began at 1:5"},
         {"[1,, 2]", "1:4 syntax: expected a value, found \",\""},
         {"{a: 1}", "1:2 syntax: keys are written in double quotes"},
         {"{\"a\": 'b'}", "1:7 syntax: texts are written in double quotes"},
@@ -53,7 +53,13 @@ TEST_CASE("each fault is reported at its position with what was expected") {
          "1:2 syntax: expected a value, found \"\xE2\x80\x9C\""},
         {"{\"a\": \"b,\n \"c\": 1}", "1:7 syntax: the text does not end on its line; is a quote missing?"},
         {"{\"a\": \"b\n c\", \"d\": x}",
-         "2:11 syntax: expected a value, found \"x\""}, // a text of two lines is accepted
+         "1:7 strict: a line break in a text is written \\n; 2:11 syntax: expected a value, found \"x\""},
+        {"[092, -0.5, 0, 1., -.5e3, 10]",
+         "1:2 strict: a number does not begin with 0; 1:16 strict: a number has digits before and behind its point; "
+         "1:20 strict: a number has digits before and behind its point"},
+        {"[0xD9863D]", "1:2 syntax: a colour is written \"#D9863D\""},
+        {"[0xD9]", "1:2 syntax: numbers are decimal"},
+        {"{\"a\": 1,\n\"b\": {\"c\": 2,\n{}]", "3:1 syntax: expected a key, found \"{\"; the object began at 2:6"},
         {"{\"a\": \"b}", "1:7 syntax: the text has no end; is a quote missing?"},
         {"[\"C:\\temp\\x\"]", "1:10 syntax: invalid escape; a backslash is written \"\\\\\""},
         {"[\"\\u12x4\"]", "1:3 escape: \\u needs four hexadecimal digits other than 0000; the text ends here"},

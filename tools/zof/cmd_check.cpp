@@ -1,11 +1,15 @@
 // `zof check`: prints what the library's checker finds.
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <string>
 
 #include "catalogue/json_in.h"
 #include "check/zof_check.h"
 #include "lvgl.h"
 #include "zof.h"
+
+enum { SHOWN_MAX = 200 }; // findings as text: one cause may have thousands
 
 static struct {
     std::string folder, format = "text";
@@ -45,11 +49,25 @@ static void findings_json(const zof_check_t &check) {
     printf("%s\n", json_print(list).c_str());
 }
 
+// As a finding, for programs that read no other output.
+static void no_project_print() {
+    const zof_check_rule_t *rule = zof_check_rules;
+    while (rule->name && std::string(rule->name) != "file-missing") {
+        rule++;
+    }
+    char file[] = "config/project/zofprj.g", text[] = "there is no file of this name";
+    zof_finding_t finding = {rule, file, 1, 1, file + strlen(file), text};
+    findings_json({&finding, 1, 1});
+}
+
 static void text_print(const char *folder, const zof_check_t &check) {
-    for (u32 i = 0; i < check.count; i++) {
+    for (u32 i = 0; i < std::min(check.count, (u32)SHOWN_MAX); i++) {
         char line[1500];
         zof_check_line(&check.findings[i], opt.strict, line, sizeof line);
         printf("%s%s\n", folder, line);
+    }
+    if (check.count > SHOWN_MAX) {
+        fprintf(stderr, "%u more; --format json lists all\n", check.count - SHOWN_MAX);
     }
     const u32 errors = opt.strict ? check.count : check.errors;
     if (check.count) {
@@ -69,6 +87,9 @@ static int check_run() {
     }
     if (zof_check_find(opt.folder.c_str(), folder, sizeof folder) != 0) {
         fprintf(stderr, "zof check: %s: there is no config/project/zofprj.g in it\n", opt.folder.c_str());
+        if (opt.format == "json") {
+            no_project_print();
+        }
         return ZOF_EXIT_UNREADABLE;
     }
     lv_init(); // for the decoders of pictures and fonts

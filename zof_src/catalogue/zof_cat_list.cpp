@@ -81,7 +81,7 @@ static const zof_cat_key_t chart_keys[] = {
     {.key = "y_max", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_VALUE, .start = "100", .help = "its high end"},
     {.key = "x_min", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_VALUE, .help = "low end of the X axis"},
     {.key = "x_max", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_VALUE, .start = "100", .help = "its high end"},
-    {.key = "point_cnt", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_VALUE, .high = UINT16_MAX, .start = "20",
+    {.key = "point_cnt", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_VALUE, .low = 1, .high = UINT16_MAX, .start = "20",
      .help = "points per series", .flags = ZOF_CAT_NEEDED},
     {.key = "divline_hdiv", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_LOOK, .high = 255, .start = "5",
      .help = "horizontal division lines"},

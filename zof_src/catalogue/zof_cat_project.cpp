@@ -35,7 +35,7 @@ ZOF_CAT_RECORD(zof_cat_tone, "tone_t", "the tone of a touch", zof_prj_tone_t_tbl
 
 static const zof_cat_key_t touch_keys[] = {
     {.key = "th_en", .kind = ZOF_CAT_SUM, .group = ZOF_CAT_TOUCH, .high = UINT8_MAX, .start = "1",
-     .help = "`open` opens the touch at start; `tones` turns tones on; `anywhere`: a tone for any touch, not only "
+     .help = "`open` opens the touch at start, where a program had closed it; `tones` turns tones on; `anywhere`: a tone for any touch, not only "
          "on controls; `at_release`: the tone at release, not at press; `report_press`, `report_release` and "
          "`report_hold` report to the host; `calibrate`: twenty quick taps start the calibration",
      .row = "system.touch_config"},

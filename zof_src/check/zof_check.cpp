@@ -69,6 +69,7 @@ static void files_check(check_run_t *c) {
         }
     }
     check_words(c);
+    check_language_need(c);
     check_media(c);
     check_ignore(c);
 }
@@ -92,6 +93,9 @@ s32 zof_check_project(const char *folder, zof_check_t *out) {
     const bool readable = c.project && c.project->text && !c.no_memory;
     if (readable) {
         files_check(&c);
+    } else if (!c.project && !c.no_memory) {
+        const check_file_t project = {.path = (char *)"config/project/zofprj.g"};
+        check_report_at(&c, &project, ZOF_J_NONE, 0, CHECK_FILE_MISSING, "there is no file of this name");
     }
     result_take(&c, out);
     check_folder_free(&c);

@@ -16,43 +16,133 @@ static bool is_json(const char *path) {
     return check_begins(path, "config/view/") || (check_begins(path, "config/") && zof_suffix_is(path, ".g"));
 }
 
-static void json_read(check_run_t *c, check_file_t *file) {
+static void path_report(check_run_t *c, const char *path, check_rule_e rule, const char *text) {
+    const check_file_t at = {.path = (char *)path};
+    check_report_at(c, &at, ZOF_J_NONE, 0, rule, "%s", text);
+}
+
+// Returns why a file cannot be read; null if it has been.
+static const char *json_read(check_run_t *c, check_file_t *file) {
     char path[PATH_SIZE];
     std::snprintf(path, sizeof path, "%s%s", c->folder, file->path);
     u32 size = 0;
     const char *why = "";
     const u8 *content = zof_file_read_all(path, FILE_MAX, &size, &why);
     if (!content && zof_file_size(path) != 0) {
-        check_report_at(c, file, ZOF_J_NONE, 0, CHECK_FILE_DAMAGED, "%s", why);
-        return;
+        return why;
     }
     file->text = content ? (char *)content : (char *)zof_malloc(1);
     c->no_memory = c->no_memory || !file->text || zof_jdoc_read(&file->doc, file->text, size) < 0;
+    return nullptr;
 }
 
-static void file_add(check_run_t *c, const char *path) {
+static void file_add(check_run_t *c, const char *path, bool refused) {
     check_file_t *file = check_add(c->files);
     if (file) {
         file->path = zof_text_copy(path);
+        file->refused = refused;
     }
     c->no_memory = c->no_memory || !file || !file->path;
 }
 
+// What editors leave beside a file that they have written.
+static bool is_backup(const char *name) {
+    const size_t length = std::strlen(name);
+    return (length && name[length - 1] == '~') || zof_suffix_is(name, ".bak") || zof_suffix_is(name, ".orig");
+}
+
+// Folders by the one around them; others may have any name.
+static const struct {
+    const char *around, *name;
+} folders[] = {{"", "config"},      {"", "image"},        {"", "font"},
+               {"", "sound"},       {"", "video"},        {"config/", "project"},
+               {"config/", "view"}, {"config/", "theme"}, {"config/", "languages"}};
+
+// Reports a folder with nearly the name of one that the runtime reads.
+static void folder_name_check(check_run_t *c, const char *around, const char *name) {
+    const char *meant = nullptr;
+    u32 least = ZOF_TEXT_NEAR;
+    for (const auto &row : folders) {
+        if (std::strcmp(row.around, around) == 0) {
+            if (std::strcmp(row.name, name) == 0) {
+                return;
+            }
+            meant = zof_text_nearer(name, row.name, &least) ? row.name : meant;
+        }
+    }
+    if (meant) {
+        char path[PATH_SIZE];
+        std::snprintf(path, sizeof path, "%s%s", around, name);
+        const check_file_t at = {.path = path};
+        check_report_at(c, &at, ZOF_J_NONE, 0, CHECK_FOLDER, "this folder is not read; did you mean %s?", meant);
+    }
+}
+
+// A folder that is being walked, where its links lead, and those around it.
+struct walk_t {
+    const walk_t *around;
+    char real[PATH_SIZE];
+};
+
+static bool is_below(const char *real, const char *folder) {
+    const size_t length = std::strlen(folder);
+    return std::strncmp(real, folder, length) == 0 && (real[length] == '/' || !real[length]);
+}
+
+// Returns why what a link leads to is not opened; null if it is.
+static const char *link_fault(const check_run_t *c, const char *path, const walk_t *walk) {
+    char whole[PATH_SIZE], real[PATH_SIZE];
+    std::snprintf(whole, sizeof whole, "%s%s", c->folder, path);
+    if (zof_file_real_path(whole, real, sizeof real) != 0) {
+        return "a link that leads nowhere";
+    }
+    const walk_t *top = walk;
+    for (const walk_t *at = walk; at; at = at->around) {
+        if (std::strcmp(at->real, real) == 0) {
+            return "a link to a folder that it is in; it is not followed";
+        }
+        top = at;
+    }
+    return is_below(real, top->real) || c->outside ? nullptr : "a link that leads out of the project; it is not opened";
+}
+
+// Returns true for what may be opened; a link, a pipe or a device that may not is reported.
+static bool entry_passes(check_run_t *c, const char *path, bool folder, const walk_t *walk) {
+    char whole[PATH_SIZE];
+    std::snprintf(whole, sizeof whole, "%s%s", c->folder, path);
+    if (zof_file_kind(whole) != ZOF_FILE_OTHER) {
+        return true;
+    }
+    const char *fault = link_fault(c, path, walk);
+    char real[PATH_SIZE];
+    const bool other =
+        !fault && !folder && zof_file_real_path(whole, real, sizeof real) == 0 && zof_file_kind(real) != ZOF_FILE_PLAIN;
+    if (fault || other) {
+        path_report(c, path, fault ? CHECK_FILE_NAME : CHECK_FILE_DAMAGED, fault ? fault : "not a regular file");
+    }
+    return !fault && !other;
+}
+
 // Adds the files of a folder below the project; `below` is "" or ends with "/".
-static void folder_walk(check_run_t *c, const char *below, u32 depth) {
+static void folder_walk(check_run_t *c, const char *below, u32 depth, const walk_t *around) {
     char path[PATH_SIZE];
+    walk_t here = {around, ""};
     std::snprintf(path, sizeof path, "%s%s", c->folder, below);
-    zof_dir_t *dir = depth < DEPTH_MAX ? zof_opendir(path) : nullptr;
+    const bool known = zof_file_real_path(path, here.real, sizeof here.real) == 0;
+    zof_dir_t *dir = known && depth < DEPTH_MAX ? zof_opendir(path) : nullptr;
     for (const zof_dirent_t *entry;
          (entry = zof_readdir(dir)) != nullptr && c->files.count < FILES_MAX && !c->no_memory;) {
-        if (entry->name[0] == '.' ||
-            std::snprintf(path, sizeof path, "%s%s%s", below, entry->name, entry->is_dir ? "/" : "") >= PATH_SIZE) {
+        if (entry->name[0] == '.' || is_backup(entry->name) ||
+            std::snprintf(path, sizeof path, "%s%s", below, entry->name) >= PATH_SIZE - 1) {
             continue;
         }
-        if (entry->is_dir) {
-            folder_walk(c, path, depth + 1);
-        } else {
-            file_add(c, path);
+        const bool passes = entry_passes(c, path, entry->is_dir, &here);
+        if (!entry->is_dir) {
+            file_add(c, path, !passes);
+        } else if (passes) {
+            folder_name_check(c, below, entry->name);
+            std::strcat(path, "/");
+            folder_walk(c, path, depth + 1, &here);
         }
     }
     zof_closedir(dir);
@@ -62,20 +152,31 @@ static bool file_before(const check_file_t &a, const check_file_t &b) {
     return std::strcmp(a.path, b.path) < 0;
 }
 
+// Must be known before links are followed.
+static bool outside_allowed(check_run_t *c) {
+    check_file_t project = {.path = (char *)"config/project/zofprj.g"};
+    json_read(c, &project);
+    const bool allowed = check_number(&project, 0, "allow_outside", nullptr, 0) != 0;
+    zof_jdoc_free(&project.doc);
+    zof_free(project.text);
+    return allowed;
+}
+
 bool check_folder_read(check_run_t *c) {
-    folder_walk(c, "", 0);
+    c->outside = outside_allowed(c);
+    folder_walk(c, "", 0, nullptr);
     if (c->no_memory) {
         return false;
     }
     if (c->files.count == FILES_MAX) {
-        const check_file_t all = {(char *)"", nullptr, {}, false};
-        check_report_at(c, &all, ZOF_J_NONE, 0, CHECK_FILE_DAMAGED, "more than %d files; the rest is not checked",
-                        FILES_MAX);
+        path_report(c, "", CHECK_FILE_DAMAGED, "too many files; the rest is not checked");
     }
     std::sort(c->files.at, c->files.at + c->files.count, file_before);
     for (u32 i = 0; i < c->files.count; i++) {
-        if (is_json(c->files.at[i].path)) {
-            json_read(c, &c->files.at[i]);
+        check_file_t *file = &c->files.at[i];
+        const char *fault = is_json(file->path) && !file->refused ? json_read(c, file) : nullptr;
+        if (fault) {
+            path_report(c, file->path, CHECK_FILE_DAMAGED, fault);
         }
     }
     return !c->no_memory;
@@ -101,76 +202,10 @@ void check_folder_free(check_run_t *c) {
     words_free(c->uses);
 }
 
-check_file_t *check_file_find(check_run_t *c, const char *path, bool any_case) {
-    const check_file_t key = {(char *)path, nullptr, {}, false};
-    check_file_t *end = c->files.at + c->files.count;
-    check_file_t *found = std::lower_bound(c->files.at, end, key, file_before);
-    if (found != end && std::strcmp(found->path, path) == 0) {
-        return found;
-    }
-    found = c->files.at;
-    while (any_case && found != end && !check_same(found->path, path)) {
-        found++;
-    }
-    return any_case && found != end ? found : nullptr;
-}
-
-// Returns the file of the same folder whose name is nearest; null if none is near.
-static const char *name_near(check_run_t *c, const char *folder, const char *name) {
-    const char *nearest = nullptr;
-    u32 least = ZOF_TEXT_NEAR;
-    for (u32 i = 0; i < c->files.count; i++) {
-        const char *path = c->files.at[i].path;
-        if (check_begins(path, folder) && zof_text_nearer(name, path + std::strlen(folder), &least)) {
-            nearest = path + std::strlen(folder);
-        }
-    }
-    return nearest;
-}
-
-// Returns why the runtime does not open a name; null if it does.
-static const char *name_fault(const char *name) {
-    for (const char *c = name; *c; c++) {
-        if ((u8)*c < ' ' || *c == 0x7F) {
-            return "a name with control characters is not opened";
-        }
-        if (std::strchr("\\<>|\"?*", *c)) {
-            return "a name with \\ < > | \" ? or * is no name on all systems";
-        }
-    }
-    if (std::strncmp(name, "../", 3) == 0 || std::strstr(name, "/../")) {
-        return "leads out of its folder";
-    }
-    return nullptr;
-}
-
-check_file_t *check_file_named(check_run_t *c, const check_file_t *file, u32 node, const char *folder,
-                               const char *name) {
-    const char *fault = name_fault(name);
-    const bool drive = name[0] && name[1] == ':'; // of another medium, which may be absent here
-    if (fault) {
-        check_report(c, file, node, CHECK_FILE_NAME, "%s", fault);
-    }
-    if (fault || drive) {
-        return nullptr;
-    }
-    char path[PATH_SIZE];
-    std::snprintf(path, sizeof path, "%s%s", folder, name);
-    check_file_t *found = check_file_find(c, path, true);
-    if (!found) {
-        const char *near_name = name_near(c, folder, name);
-        check_report(c, file, node, CHECK_FILE_MISSING, "there is no %s%s%s%s", path,
-                     near_name ? "; did you mean " : "", near_name ? near_name : "", near_name ? "?" : "");
-    } else if (std::strcmp(found->path, path) != 0) {
-        check_report(c, file, node, CHECK_FILE_CASE, "the file is %s", found->path);
-    }
-    return found;
-}
-
 static bool has_project(const char *folder) {
     char path[PATH_SIZE];
     std::snprintf(path, sizeof path, "%sconfig/project/zofprj.g", folder);
-    return zof_file_kind(path) == ZOF_FILE_PLAIN;
+    return zof_file_kind(path) != ZOF_FILE_NONE; // what is not a file is reported by the check
 }
 
 s32 zof_check_find(const char *named, char *folder, size_t size) {

@@ -15,6 +15,7 @@ enum check_rule_e {
     CHECK_ENCODING,
     CHECK_MARK,
     CHECK_ESCAPE,
+    CHECK_STRICT,
     CHECK_KEY_TWICE,
     CHECK_KEY_UNKNOWN,
     CHECK_KEY_PLACE,
@@ -43,6 +44,7 @@ enum check_rule_e {
     CHECK_FILE_CASE,
     CHECK_FILE_NAME,
     CHECK_FILE_DAMAGED,
+    CHECK_FOLDER,
     CHECK_THEME,
     CHECK_LANGUAGE,
     CHECK_TEXT_MISSING,
@@ -57,13 +59,14 @@ struct check_file_t {
     char *path; // below the folder
     char *text; // of a file with JSON; null for others
     zof_jdoc_t doc;
-    bool listed; // a view file with an entry in the project file
+    bool listed;  // a view file with an entry in the project file
+    bool refused; // not opened; this has been reported
 };
 
 // A control of the view that is being checked.
 struct check_ctrl_t {
-    u32 entry, property, pub; // nodes
-    const zof_cat_type_t *type;
+    u32 entry, property, pub;   // nodes
+    const zof_cat_type_t *type; // null if it is missing or unknown, which has been reported
     s64 id, parent;
     s64 x, y, width, height;
     bool scrolls;
@@ -108,7 +111,8 @@ struct check_run_t {
     u32 *ctrl_of_id;                        // of the current view: index + 1 in `ctrls`
     check_file_t *project;
     s64 width, height; // of the design; 0 if unknown
-    bool broken;       // a view is not read to its end, so it is not known which texts it uses
+    bool broken;       // part of a file cannot be understood, so it is not known which texts it uses
+    bool outside;      // the project allows names that lead out of it
     bool no_memory;
 };
 
@@ -129,7 +133,8 @@ bool check_folder_read(check_run_t *c);
 void check_folder_free(check_run_t *c);
 // Finds a file by its path below the folder; with `any_case` also one that differs in case.
 check_file_t *check_file_find(check_run_t *c, const char *path, bool any_case);
-// Reports at the node if folder + name does not exist. Returns the file, also if its name differs in case.
+// Reports at the node if folder + name does not exist or is not opened. Returns the file, also if its name differs in
+// case; null for a name on a drive, which may be absent here.
 check_file_t *check_file_named(check_run_t *c, const check_file_t *file, u32 node, const char *folder,
                                const char *name);
 // Returns true for a file whose records can be checked: an object, read to its end.
@@ -153,6 +158,8 @@ void check_value(check_run_t *c, const check_file_t *file, u32 node, const zof_c
 // be null.
 void check_object(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                   const zof_cat_record_t *outer);
+// Returns true if the members of an object that have these names are absent or in range.
+bool check_all_in_range(const check_file_t *file, u32 object, const zof_cat_record_t *record, const char *const *keys);
 // Returns a member's number as the runtime reads it, including names and colours; `absent` if the member is missing.
 s64 check_number(const check_file_t *file, u32 object, const char *key, const reflect_item_t *rows, s64 absent);
 // Reads the number of a value, which may be a name or a colour. Returns false if it has none.
@@ -163,11 +170,15 @@ bool check_text(const check_file_t *file, u32 object, const char *key, char *out
 // Parts ------------------------------------------------------------------------------------------------------------
 
 void check_project_file(check_run_t *c);
+// Reports that the project file names no language, although views use texts of languages; after the views.
+void check_language_need(check_run_t *c);
 void check_link_file(check_run_t *c, const check_file_t *file);
 void check_view_file(check_run_t *c, check_file_t *file);
 void check_theme_file(check_run_t *c, const check_file_t *file);
-// `styles` of a control or a theme; `styles` may be no node.
-void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zof_cat_type_t *type);
+// `styles` of a control or a theme; `styles` may be no node. `theme`: the file of the theme that gives a control what
+// its own styles leave out; null for none.
+void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zof_cat_type_t *type,
+                  const check_file_t *theme);
 void check_geometry(check_run_t *c, const check_file_t *file);
 
 void check_language_file(check_run_t *c, check_file_t *file);

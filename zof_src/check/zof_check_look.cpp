@@ -52,14 +52,51 @@ static void style_check(check_run_t *c, const check_file_t *file, u32 style, con
     }
     for (u32 at = file->doc.nodes[file->doc.nodes[style].parent].child; at != style; at = file->doc.nodes[at].next) {
         const style_key_t other = key_of(file, at);
-        if (std::memcmp(&other, &key, sizeof key) == 0) {
+        if (key_readable(file, at) && std::memcmp(&other, &key, sizeof key) == 0) {
             check_report(c, file, style, CHECK_STYLE_TWICE, "another style is for the same part, state and section");
             return;
         }
     }
 }
 
-void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zof_cat_type_t *type) {
+// Keys that have no effect without `opa` beside them.
+static const struct {
+    const char *object, *keys[3];
+} painted[] = {{"body_t", {"main_color", "grad_color"}}, {"txt_t", {"color", "font_lib"}}};
+
+// Returns true if the theme has a style for the same part, state and section with this value.
+static bool theme_has(const check_file_t *theme, style_key_t key, const char *path) {
+    const u32 styles = theme && check_file_whole(theme) ? zof_jdoc_get(&theme->doc, 0, "styles") : ZOF_J_NONE;
+    u32 at = styles != ZOF_J_NONE ? theme->doc.nodes[styles].child : ZOF_J_NONE;
+    for (; at != ZOF_J_NONE; at = theme->doc.nodes[at].next) {
+        const style_key_t other = key_of(theme, at);
+        if (std::memcmp(&other, &key, sizeof key) == 0 && zof_jdoc_find(&theme->doc, at, path) != ZOF_J_NONE) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Reports a colour or a font that is not seen, because its opacity is missing and counts as 0.
+static void opacity_check(check_run_t *c, const check_file_t *file, u32 style, const check_file_t *theme) {
+    for (const auto &row : painted) {
+        char path[32];
+        const u32 object = zof_jdoc_get(&file->doc, style, row.object);
+        std::snprintf(path, sizeof path, "%s.opa", row.object);
+        for (u32 i = 0; row.keys[i]; i++) {
+            const u32 node = zof_jdoc_get(&file->doc, object, row.keys[i]);
+            if (node != ZOF_J_NONE && zof_jdoc_get(&file->doc, object, "opa") == ZOF_J_NONE &&
+                !theme_has(theme, key_of(file, style), path)) {
+                check_report_key(c, file, node, CHECK_INVISIBLE, "%s is not seen: opa is missing and counts as 0",
+                                 row.keys[i]);
+                break;
+            }
+        }
+    }
+}
+
+void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zof_cat_type_t *type,
+                  const check_file_t *theme) {
     if (styles == ZOF_J_NONE || file->doc.nodes[styles].kind != ZOF_J_ARRAY) {
         return;
     }
@@ -70,6 +107,7 @@ void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zo
     for (u32 at = file->doc.nodes[styles].child; at != ZOF_J_NONE; at = file->doc.nodes[at].next) {
         if (file->doc.nodes[at].kind == ZOF_J_OBJECT && key_readable(file, at)) {
             style_check(c, file, at, type);
+            opacity_check(c, file, at, theme);
         }
     }
 }
@@ -109,7 +147,7 @@ void check_theme_file(check_run_t *c, const check_file_t *file) {
         }
     }
     if (type) {
-        check_styles(c, file, zof_jdoc_get(&file->doc, 0, "styles"), type);
+        check_styles(c, file, zof_jdoc_get(&file->doc, 0, "styles"), type, nullptr);
     }
 }
 
@@ -117,6 +155,9 @@ void check_theme_file(check_run_t *c, const check_file_t *file) {
 
 // Types whose size is that of their content, not the one in the file, or whose parent places them.
 static bool places_itself(const check_file_t *file, const check_ctrl_t *ctrl) {
+    if (!ctrl->type) {
+        return true;
+    }
     switch (ctrl->type->type) {
     case ZOF_CTRL_LABEL:
         return check_number(file, ctrl->property, "auto_hight", nullptr, 0) == 0;
@@ -134,6 +175,16 @@ static bool places_itself(const check_file_t *file, const check_ctrl_t *ctrl) {
     default:
         return false;
     }
+}
+
+// Returns false if a number of its place is out of range, which has been reported.
+static bool is_placed(const check_file_t *file, const check_ctrl_t *ctrl) {
+    static const char *const places[] = {"x", "y", nullptr}, *const sizes[] = {"width", "height", nullptr};
+    const zof_cat_record_t *pub = zof_cat_key(ctrl->type->record, "pub_t")->record;
+    return check_all_in_range(file, zof_jdoc_get(&file->doc, ctrl->pub, "pt"), zof_cat_key(pub, "pt")->record,
+                              places) &&
+           check_all_in_range(file, zof_jdoc_get(&file->doc, ctrl->pub, "size"), zof_cat_key(pub, "size")->record,
+                              sizes);
 }
 
 static bool is_hidden(const check_file_t *file, const check_ctrl_t *ctrl) {
@@ -168,8 +219,9 @@ static void size_check(check_run_t *c, const check_file_t *file, const check_ctr
 void check_geometry(check_run_t *c, const check_file_t *file) {
     for (u32 i = 0; i < c->ctrls.count; i++) {
         const check_ctrl_t *ctrl = &c->ctrls.at[i];
-        const u32 type = ctrl->type->type;
-        if (is_hidden(file, ctrl) || type == ZOF_CTRL_TILE || type == ZOF_CTRL_SCROLLCONT_OBJ) {
+        const u32 type = ctrl->type ? ctrl->type->type : (u32)ZOF_CTRL_TILE;
+        if (is_hidden(file, ctrl) || type == ZOF_CTRL_TILE || type == ZOF_CTRL_SCROLLCONT_OBJ ||
+            !is_placed(file, ctrl)) {
             continue;
         }
         size_check(c, file, ctrl);
@@ -177,7 +229,7 @@ void check_geometry(check_run_t *c, const check_file_t *file) {
         const check_ctrl_t *parent = known && known - 1 < i ? &c->ctrls.at[known - 1] : nullptr;
         if (ctrl->parent == 0 && c->width > 0 && c->height > 0) {
             outside_check(c, file, ctrl, c->width, c->height, "the screen");
-        } else if (parent && !parent->scrolls && !places_itself(file, parent)) {
+        } else if (parent && !parent->scrolls && !places_itself(file, parent) && is_placed(file, parent)) {
             outside_check(c, file, ctrl, parent->width, parent->height, "its parent");
         }
     }

@@ -42,6 +42,9 @@ void check_media(check_run_t *c) {
         const check_file_t *file = &c->files.at[i];
         char path[1024];
         std::snprintf(path, sizeof path, "%s%s", c->folder, file->path);
+        if (file->refused) {
+            continue;
+        }
         const char *fault = check_begins(file->path, "image/") && is_picture(path) ? picture_fault(path)
                             : check_begins(file->path, "font/") && is_font(path)   ? zof_font_fault(path)
                                                                                    : nullptr;

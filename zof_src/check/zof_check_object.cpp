@@ -27,11 +27,29 @@ static const char *key_near(const zof_cat_record_t *record, const char *name) {
     return meant;
 }
 
-static void unknown_report(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
-                           const zof_cat_record_t *outer, const char *name) {
+// Returns where a key of an entry of `controls` belongs that stands beside its type; null if no control has it.
+static const char *entry_place(const char *name) {
+    const zof_cat_record_t *first = zof_cat_types[0].record;
+    if (zof_cat_key(zof_cat_key(first, "pub_t")->record, name)) {
+        return "property.pub_t";
+    }
+    for (const zof_cat_type_t &type : zof_cat_types) {
+        if (zof_cat_key(type.record, name)) {
+            return "property";
+        }
+    }
+    return nullptr;
+}
+
+// Returns the key that was probably meant; null if it is not known.
+static const char *unknown_report(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
+                                  const zof_cat_record_t *outer, const char *name) {
     const zof_cat_key_t *around = key_around(record, name, 1);
     const char *meant = key_near(record, name);
-    if (around) {
+    const char *place = std::strcmp(record->name, "entry") == 0 ? entry_place(name) : nullptr;
+    if (place) {
+        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs into %s", name, place);
+    } else if (around) {
         check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs into %s", name, around->key);
     } else if (outer && zof_cat_key(outer, name)) {
         check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs into the object around this one", name);
@@ -40,9 +58,12 @@ static void unknown_report(check_run_t *c, const check_file_t *file, u32 node, c
                          key_around(outer, name, 1)->key);
     } else if (meant) {
         check_report_key(c, file, node, CHECK_KEY_UNKNOWN, "unknown key %s; did you mean %s?", name, meant);
+        c->broken = true;
+        return meant;
     } else {
         check_report_key(c, file, node, CHECK_KEY_UNKNOWN, "unknown key %s in %s", name, record->name);
     }
+    return nullptr;
 }
 
 const zof_cat_record_t *check_root(const char *path) {
@@ -53,11 +74,12 @@ const zof_cat_record_t *check_root(const char *path) {
     return zof_cat_files[i].root;
 }
 
-// The first sentence of the catalogue's help, which is written for documents, and another one in bold.
+// The first sentence of the catalogue's help, which is written for documents, and another one in bold; without links.
 static const char *plain(const char *help, char *out, size_t size) {
     size_t length = 0;
     for (; *help && (std::strncmp(help, ". ", 2) != 0 || help[2] == '*') && length + 1 < size; help++) {
-        if (*help != '*' && *help != '`') {
+        help += std::strncmp(help, "](", 2) == 0 ? std::strcspn(help, ")") : 0;
+        if (*help && !std::strchr("*`[)", *help)) {
             out[length++] = *help;
         }
     }
@@ -70,8 +92,7 @@ static void missing_check(check_run_t *c, const check_file_t *file, u32 node, co
                           u64 seen) {
     for (u32 i = 0; i < record->count && i < KEYS_MAX; i++) {
         const zof_cat_key_t *key = &record->keys[i];
-        if (!(key->flags & ZOF_CAT_NEEDED) || seen >> i & 1 || strcmp(key->key, "alpha") == 0 ||
-            strcmp(key->key, "type") == 0) {
+        if (!(key->flags & ZOF_CAT_NEEDED) || seen >> i & 1 || strcmp(key->key, "alpha") == 0) {
             continue;
         }
         char help[200];
@@ -109,6 +130,10 @@ void check_value(check_run_t *c, const check_file_t *file, u32 node, const zof_c
     }
 }
 
+static u64 key_bit(const zof_cat_record_t *record, const zof_cat_key_t *key) {
+    return (u64)1 << ((key - record->keys) % KEYS_MAX);
+}
+
 void check_object(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                   const zof_cat_record_t *outer) {
     u64 seen = 0;
@@ -116,11 +141,12 @@ void check_object(check_run_t *c, const check_file_t *file, u32 node, const zof_
         char name[KEY_SIZE];
         zof_jdoc_key(&file->doc, at, name, sizeof name);
         const zof_cat_key_t *key = zof_cat_key(record, name);
-        if (!key) {
-            unknown_report(c, file, at, record, outer, name);
+        if (!key) { // the one that was meant is not reported as missing
+            const char *meant = unknown_report(c, file, at, record, outer, name);
+            seen |= meant ? key_bit(record, zof_cat_key(record, meant)) : 0;
             continue;
         }
-        const u64 bit = (u64)1 << ((key - record->keys) % KEYS_MAX);
+        const u64 bit = key_bit(record, key);
         if (seen & bit) {
             check_report_key(c, file, at, CHECK_KEY_TWICE, "%s is given twice; the first one is used", name);
             continue;

@@ -81,7 +81,7 @@ static void views_check(check_run_t *c) {
     view_named(c, views, "func_t.standby_t.on_view", false);
     for (u32 i = 0; i < c->files.count; i++) {
         const check_file_t *other = &c->files.at[i];
-        if (check_begins(other->path, "config/view/") && !other->listed) {
+        if (check_begins(other->path, "config/view/") && !other->listed && !other->refused) {
             check_report(c, other, 0, CHECK_VIEW_UNLISTED, "the project file has no entry for this view");
         }
     }
@@ -120,5 +120,16 @@ void check_link_file(check_run_t *c, const check_file_t *file) {
     if (check_number(file, 0, "hmi_en", nullptr, 0) && node != ZOF_J_NONE &&
         check_number(file, 0, "head_fh", nullptr, 0) == check_number(file, 0, "head_fl", nullptr, 0)) {
         check_report(c, file, node, CHECK_LINK, "head_fh and head_fl are equal, so no link is opened");
+    }
+}
+
+void check_language_need(check_run_t *c) {
+    const check_file_t *file = c->project;
+    char name[NAME_SIZE] = "";
+    check_text(file, 0, "language", name, sizeof name);
+    if (c->uses.count && !name[0] && check_file_whole(file)) {
+        check_report_key(c, file, 0, CHECK_INCOMPLETE,
+                         "language is missing, so \"#%s\" is shown as it is until the program sets one",
+                         c->uses.at[0].key);
     }
 }

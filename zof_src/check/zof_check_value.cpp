@@ -80,6 +80,22 @@ static range_t range_of(const zof_cat_key_t *key, const reflect_item_t *row) {
     return values ? range_t{0, values - 1} : key->kind == ZOF_CAT_SWITCH ? range_t{0, field.high} : field;
 }
 
+static bool is_in(range_t range, double number) {
+    return number >= (double)range.low && number <= (double)range.high; // false for NaN
+}
+
+bool check_all_in_range(const check_file_t *file, u32 object, const zof_cat_record_t *record, const char *const *keys) {
+    double number = 0;
+    for (; *keys; keys++) {
+        const zof_cat_key_t *key = zof_cat_key(record, *keys);
+        if (zof_jdoc_number(&file->doc, zof_jdoc_get(&file->doc, object, *keys), &number) == 0 &&
+            !is_in(range_of(key, zof_cat_row(record, key)), std::trunc(number))) {
+            return false;
+        }
+    }
+    return true;
+}
+
 static bool number_has_name(const reflect_item_t *row, s64 value) {
     char text[128];
     return zof_names_write(row->names, (row->flags & CSON_ADDS) != 0, value, text, sizeof text) >= 0;
@@ -94,7 +110,9 @@ static void names_report(check_run_t *c, const check_file_t *file, u32 node, con
     }
     char names[240];
     zof_names_list(row->names, names, sizeof names);
-    if (meant) {
+    if (row->flags & CSON_ADDS && std::strpbrk(text, "|,&")) {
+        check_report(c, file, node, CHECK_NAME, "names are joined by +");
+    } else if (meant) {
         check_report(c, file, node, CHECK_NAME, "unknown name; did you mean %s?", meant);
     } else {
         check_report(c, file, node, CHECK_NAME, "unknown; the names are %s", names);
@@ -111,7 +129,7 @@ static void number_check(check_run_t *c, const check_file_t *file, u32 node, con
         return;
     }
     const range_t range = range_of(key, row);
-    if (!(whole >= (double)range.low && whole <= (double)range.high)) {
+    if (!is_in(range, whole)) {
         check_report(c, file, node, CHECK_RANGE, "%.0f is not from %lld to %lld", whole, (long long)range.low,
                      (long long)range.high);
     } else if (whole != real) {

@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 #include "check/zof_check_in.h"
+#include "control/zof_ctrl_create.h"
 #include "project/base/zof_prj_attr.h"
 #include "zof_lib/zof_util.h"
 
@@ -100,7 +101,7 @@ static const struct {
 static void parent_kind_check(check_run_t *c, const check_file_t *file, const check_ctrl_t *ctrl,
                               const check_ctrl_t *parent, u32 node) {
     for (const auto &row : parents) {
-        if (ctrl->type->type == row.type && (!parent || parent->type->type != row.parent)) {
+        if (ctrl->type->type == row.type && (!parent || (parent->type && parent->type->type != row.parent))) {
             check_report_key(c, file, node == ZOF_J_NONE ? ctrl->pub : node, CHECK_PARENT, "%s", row.said);
         }
     }
@@ -161,6 +162,18 @@ static void ends_check(check_run_t *c, const check_file_t *file, u32 object, con
     }
 }
 
+// A value that the file gives is within its range; one without the keys of the range is not judged.
+static void within_check(check_run_t *c, const check_file_t *file, u32 object, const char *key, u32 range,
+                         const char *low, const char *high) {
+    const u32 node = zof_jdoc_get(&file->doc, object, key);
+    const s64 from = check_number(file, range, low, nullptr, 0), to = check_number(file, range, high, nullptr, from);
+    const s64 value = check_number(file, object, key, nullptr, from);
+    if (node != ZOF_J_NONE && from < to && (value < from || value > to)) {
+        check_report(c, file, node, CHECK_RANGE, "%lld is not from %s, %lld, to %s, %lld", (long long)value, low,
+                     (long long)from, high, (long long)to);
+    }
+}
+
 // Ranges of values. A chart without an axis keeps the one that the program sets.
 static void ranges_check(check_run_t *c, const check_file_t *file, const check_ctrl_t *ctrl) {
     switch (ctrl->type->type) {
@@ -170,9 +183,12 @@ static void ranges_check(check_run_t *c, const check_file_t *file, const check_c
         break;
     case ZOF_CTRL_ARC:
         ends_check(c, file, zof_jdoc_get(&file->doc, ctrl->property, "range_t"), "minValue", "maxValue");
+        within_check(c, file, ctrl->property, "arc_value", zof_jdoc_get(&file->doc, ctrl->property, "range_t"),
+                     "minValue", "maxValue");
         break;
     case ZOF_CTRL_SPINBOX:
         ends_check(c, file, ctrl->property, "range_min", "range_max");
+        within_check(c, file, ctrl->property, "i_value", ctrl->property, "range_min", "range_max");
         break;
     case ZOF_CTRL_CHART:
         if (zof_jdoc_get(&file->doc, ctrl->property, "y_max") != ZOF_J_NONE) {
@@ -199,6 +215,15 @@ static void captions_check(check_run_t *c, const check_file_t *file, const check
     }
 }
 
+static const check_file_t *theme_file(check_run_t *c, const check_file_t *file, const check_ctrl_t *ctrl) {
+    char name[NAME_SIZE], path[2 * NAME_SIZE];
+    if (!check_text(file, ctrl->entry, "theme", name, sizeof name)) {
+        return nullptr;
+    }
+    std::snprintf(path, sizeof path, "config/theme/%s/%s.g", name, zof_ctrl_classes[ctrl->type->type]->name);
+    return check_file_find(c, path, true);
+}
+
 static void theme_name_check(check_run_t *c, const check_file_t *file, u32 node) {
     char name[NAME_SIZE], path[NAME_SIZE + 32];
     bool any = false;
@@ -219,6 +244,10 @@ static void theme_name_check(check_run_t *c, const check_file_t *file, u32 node)
 
 static void ctrl_check(check_run_t *c, const check_file_t *file, u32 index) {
     const check_ctrl_t ctrl = c->ctrls.at[index];
+    if (!ctrl.type) {
+        id_check(c, file, index); // others may have it as their parent
+        return;
+    }
     check_object(c, file, ctrl.property, ctrl.type->record, nullptr);
     id_check(c, file, index);
     parent_check(c, file, index);
@@ -227,16 +256,17 @@ static void ctrl_check(check_run_t *c, const check_file_t *file, u32 index) {
     ranges_check(c, file, &ctrl);
     captions_check(c, file, &ctrl);
     theme_name_check(c, file, zof_jdoc_get(&file->doc, ctrl.entry, "theme"));
-    check_styles(c, file, zof_jdoc_get(&file->doc, ctrl.property, "styles"), ctrl.type);
+    check_styles(c, file, zof_jdoc_get(&file->doc, ctrl.property, "styles"), ctrl.type, theme_file(c, file, &ctrl));
 }
 
-// Notes a control; one without `property` or with an unknown type has been reported, and nothing more can be said.
+// Notes a control; one without `property` has been reported, and nothing more can be said.
 static void ctrl_note(check_run_t *c, const check_file_t *file, u32 entry) {
-    const s64 type = check_number(file, entry, "type", zof_entry_t_tbl, 0);
+    const s64 type = check_number(file, entry, "type", zof_entry_t_tbl, -1);
+    const bool known = type >= 0 && type < ZOF_CTRL_TYPE_COUNT;
     const u32 property = zof_jdoc_get(&file->doc, entry, "property");
     const u32 pub = zof_jdoc_get(&file->doc, property, "pub_t");
-    if (type < 0 || type >= ZOF_CTRL_TYPE_COUNT || property == ZOF_J_NONE ||
-        file->doc.nodes[property].kind != ZOF_J_OBJECT) {
+    c->broken = c->broken || !known; // what its texts are is not known
+    if (property == ZOF_J_NONE || file->doc.nodes[property].kind != ZOF_J_OBJECT) {
         return;
     }
     check_ctrl_t *made = check_add(c->ctrls);
@@ -249,7 +279,7 @@ static void ctrl_note(check_run_t *c, const check_file_t *file, u32 entry) {
     *made = {entry,
              property,
              pub,
-             &zof_cat_types[type],
+             known ? &zof_cat_types[type] : nullptr,
              check_number(file, pub, "id", nullptr, 0),
              check_number(file, pub, "parent_id", nullptr, 0),
              check_number(file, pt, "x", nullptr, 0),

@@ -1,6 +1,7 @@
-// Reads JSON into nodes with places. What is accepted is what cJSON accepts, because that decides whether a project
-// loads; what cJSON would refuse is reported, and skipped where the writer's intent is clear. Nothing recurses: open
-// objects and arrays are found through their nodes' parents.
+// Reads JSON into nodes with places. Reading goes on as far as cJSON accepts a text, because that decides whether a
+// project loads. What cJSON refuses is reported, and skipped where the writer's intent is clear; what it accepts
+// although it is not JSON, such as a line break in a text, is reported too, as other programs refuse it. Nothing
+// recurses: open objects and arrays are found through their nodes' parents.
 #include "zof_lib/zof_jdoc.h"
 
 #include <cjson/cJSON.h>
@@ -74,10 +75,32 @@ static bool stop(reader_t *r, u32 at, const char *what) {
     return false;
 }
 
+// Writes where the innermost object or array begins, if its end is probably missing: the text ends, or a bracket stands
+// here that cannot. Otherwise writes nothing.
+static const char *unclosed(const reader_t *r, char *out, size_t size) {
+    u32 line, col;
+    out[0] = 0;
+    if (r->open != ZOF_J_NONE && (r->at >= r->size || std::strchr("{}]", peek(r)))) {
+        const zof_jnode_t *node = &r->doc->nodes[r->open];
+        zof_jdoc_place(r->doc, node->at, &line, &col);
+        std::snprintf(out, size, "; the %s began at %u:%u", node->kind == ZOF_J_OBJECT ? "object" : "array", line, col);
+    }
+    return out;
+}
+
 static bool expected(reader_t *r, const char *what) {
-    char text[96], character[24];
-    std::snprintf(text, sizeof text, "expected %s, found %s", what, found(r, character, sizeof character));
+    char text[96], character[24], began[48];
+    std::snprintf(text, sizeof text, "expected %s, found %s%s", what, found(r, character, sizeof character),
+                  unclosed(r, began, sizeof began));
     return stop(r, r->at, text);
+}
+
+// What follows shows that the text just read was meant to run over the end of its line.
+static void lines_accept(reader_t *r) {
+    if (r->lines != ZOF_J_NONE) {
+        fault(r, r->lines, "strict", "a line break in a text is written \\n");
+        r->lines = ZOF_J_NONE;
+    }
 }
 
 static u32 place_of(const reader_t *r, const char *c) {
@@ -246,11 +269,40 @@ static u32 number_end(const reader_t *r) {
     return at;
 }
 
+// Stops at a number with the prefix 0x, which is probably a colour.
+static bool hexadecimal_stop(reader_t *r) {
+    const char *digits = r->doc->text + r->at + 2;
+    const u32 left = r->size - r->at - 2;
+    u32 count = 0;
+    while (count < left && std::isxdigit((u8)digits[count])) {
+        count++;
+    }
+    char text[96];
+    std::snprintf(text, sizeof text, count == 6 ? "a colour is written \"#%.6s\"" : "numbers are decimal", digits);
+    return stop(r, r->at, text);
+}
+
+// Reports a number that cJSON reads, but other programs refuse.
+static void number_check(reader_t *r, u32 start, u32 end) {
+    const char *text = r->doc->text;
+    const u32 first = start + (text[start] == '-');
+    const u32 whole = digits_end(r, first);
+    if (text[first] == '0' && whole > first + 1) {
+        fault(r, start, "strict", "a number does not begin with 0");
+    } else if (whole < end && text[whole] == '.' && (whole == first || digits_end(r, whole + 1) == whole + 1)) {
+        fault(r, start, "strict", "a number has digits before and behind its point");
+    }
+}
+
 static bool number_read(reader_t *r) {
     const u32 start = r->at, end = number_end(r);
     if (end == start) {
         return expected(r, "a number");
     }
+    if (end - start == 1 && peek(r) == '0' && end < r->size && (r->doc->text[end] | 0x20) == 'x') {
+        return hexadecimal_stop(r);
+    }
+    number_check(r, start, end);
     r->at = end;
     return node_add(r, ZOF_J_NUMBER, start);
 }
@@ -322,7 +374,7 @@ static bool key_read(reader_t *r) {
     if (peek(r) != ':') {
         return expected(r, "\":\"");
     }
-    r->lines = ZOF_J_NONE;
+    lines_accept(r);
     r->at++;
     blanks_skip(r);
     return true;
@@ -344,7 +396,7 @@ static bool member_read(reader_t *r) {
     blanks_skip(r);
     const u32 comma = r->behind && peek(r) == ',' ? r->at : ZOF_J_NONE;
     if (comma != ZOF_J_NONE) {
-        r->lines = ZOF_J_NONE;
+        lines_accept(r);
         r->at++;
         blanks_skip(r);
     }
@@ -352,7 +404,7 @@ static bool member_read(reader_t *r) {
         if (comma != ZOF_J_NONE) {
             fault(r, comma, "comma", "no comma may follow the last %s", object ? "member" : "element");
         }
-        r->lines = ZOF_J_NONE;
+        lines_accept(r);
         r->at++;
         node_close(r);
         return true;

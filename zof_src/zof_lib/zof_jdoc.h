@@ -25,8 +25,9 @@ typedef struct {
     u32 next;  // sibling, or ZOF_J_NONE
 } zof_jnode_t;
 
-// A fault in a text. Comments, trailing commas and a byte order mark are reported and skipped; any other fault stops
-// the reader, and open objects and arrays end there.
+// A fault in a text. Comments, trailing commas, a byte order mark, and what cJSON reads although it is not JSON
+// ("strict") are reported, and reading goes on; any other fault stops the reader, and open objects and arrays end
+// there.
 typedef struct {
     u32 at;
     const char *rule; // "comment", "comma", "encoding", "syntax", ...

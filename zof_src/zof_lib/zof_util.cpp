@@ -135,29 +135,36 @@ const char *zof_utf8_bad(const char *text, size_t size) {
     return 0;
 }
 
-// The number of single characters to insert, delete or replace, without regard to case, to make one key of the other.
-// Keys that are too long to be anyone's typing error are infinitely far apart.
+static bool differ(char a, char b) {
+    return (a | 0x20) != (b | 0x20);
+}
+
+// The number of single characters to insert, delete, replace or exchange with the next one, without regard to case, to
+// make one key of the other. Keys that are too long to be anyone's typing error are infinitely far apart.
 static u32 distance(const char *a, const char *b) {
     enum { KEY_MAX = 31 };
-    const size_t n = strlen(b);
-    if (strlen(a) > KEY_MAX || n > KEY_MAX) {
+    const size_t m = strlen(a), n = strlen(b);
+    if (m > KEY_MAX || n > KEY_MAX) {
         return UINT32_MAX;
     }
-    u32 row[KEY_MAX + 1];
-    for (u32 i = 0; i <= n; i++) {
-        row[i] = i;
-    }
-    for (u32 line = 1; *a; a++, line++) {
-        u32 corner = row[0];
-        row[0] = line;
-        for (u32 i = 1; i <= n; i++) {
-            const u32 replaced = corner + ((*a | 0x20) != (b[i - 1] | 0x20));
-            corner = row[i];
-            const u32 other = (row[i - 1] < row[i] ? row[i - 1] : row[i]) + 1;
-            row[i] = replaced < other ? replaced : other;
+    u32 d[KEY_MAX + 1][KEY_MAX + 1]; // of the first i characters of `a` and the first k of `b`
+    for (u32 i = 0; i <= m; i++) {
+        d[i][0] = i;
+        for (u32 k = 1; k <= n; k++) {
+            if (i == 0) {
+                d[i][k] = k;
+                continue;
+            }
+            const u32 other = (d[i - 1][k] < d[i][k - 1] ? d[i - 1][k] : d[i][k - 1]) + 1;
+            const u32 replaced = d[i - 1][k - 1] + differ(a[i - 1], b[k - 1]);
+            d[i][k] = replaced < other ? replaced : other;
+            const bool crossed = i > 1 && k > 1 && !differ(a[i - 1], b[k - 2]) && !differ(a[i - 2], b[k - 1]);
+            if (crossed && d[i - 2][k - 2] + 1 < d[i][k]) {
+                d[i][k] = d[i - 2][k - 2] + 1;
+            }
         }
     }
-    return row[n];
+    return d[m][n];
 }
 
 zof_bool zof_text_nearer(const char *typed, const char *name, u32 *least) {
