@@ -170,8 +170,10 @@ TEST_CASE("a player never changes the project, and draws the same each time") {
         replies[i] = p.say(R"({"do": "tree"})");
         CHECK(contains(replies[i], R"("text":"Hallo")"));
         CHECK(contains(replies[i], R"("path":"home/#3")"));
-        CHECK(contains(replies[i], "home.g\",\"line\":2,\"column\":1}"));
+        CHECK(contains(replies[i], "home.g\",\"line\":2,\"column\":1,\"key\":\"controls["));
         CHECK(contains(replies[i], "night/button.g\",\"line\":1,\"column\":13,\"part\":0"));
+        replies[i] += p.say(R"({"do": "review"})");
+        CHECK(p.picture() == first);
         p.say(R"({"do": "pointer", "x": 60, "y": 60, "down": true})");
         p.events.clear();
         p.say(R"({"do": "advance", "ms": 300})");
@@ -256,6 +258,6 @@ TEST_CASE("the manual lists the player's commands as they are") {
                                    (args.empty() ? "| " : " | ") + str(cJSON_GetObjectItem(row, "help")->valuestring) +
                                    " |\n"));
     }
-    CHECK(cJSON_GetArraySize(cJSON_GetObjectItem(reply, "commands")) == 16);
+    CHECK(cJSON_GetArraySize(cJSON_GetObjectItem(reply, "commands")) == 17);
     cJSON_Delete(reply);
 }

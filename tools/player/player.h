@@ -97,6 +97,9 @@ para_t *player_control(const char *path, u32 *view); // loads its view; null if 
 cJSON *player_tree(zof_view_node_t *view);
 cJSON *player_hit(s32 x, s32 y);
 
+// player_review.cpp: adds "views" and "texts", see player_review.h ---------------------------------------------------
+void player_review(cJSON *reply);
+
 // player_value.cpp: values by rows of the host protocol, "label.text"
 // --------------------------------------------------
 std::string player_set(const cJSON *args);

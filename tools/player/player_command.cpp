@@ -225,6 +225,11 @@ static std::string cmd_tree(const cJSON *args, cJSON *reply) {
     return "";
 }
 
+static std::string cmd_review(const cJSON *, cJSON *reply) {
+    player_review(reply);
+    return "";
+}
+
 static std::string cmd_hit(const cJSON *args, cJSON *reply) {
     cJSON_AddItemToObject(reply, "controls", player_hit(player_number(args, "x", 0), player_number(args, "y", 0)));
     return "";
@@ -281,6 +286,9 @@ const player_command_t player_commands[] = {
     {"advance", "ms", "Lets this time pass.", cmd_advance, false},
     {"picture", "file", "Writes the picture as PNG.", cmd_picture, false},
     {"tree", "view?", "Lists the controls of a view, or of all that are shown.", cmd_tree, false},
+    {"review", "",
+     "Lists what is shown as tree does, with the texts as they are drawn and what is seen of each control.", cmd_review,
+     false},
     {"hit", "x y", "Lists the controls at a place, the topmost first.", cmd_hit, false},
     {"set", "row value control? request?", "Sets a value as a host does, by its row: \"label.text\".", cmd_set, false},
     {"scroll", "control x y", "Scrolls the content of a control.", cmd_scroll, false},

@@ -94,6 +94,15 @@ static std::string theme_of(const placed_t *file, u32 node) {
     return player_theme().empty() ? name : player_theme();
 }
 
+// "controls[3]"
+static std::string entry_key(const placed_t *file, u32 node) {
+    u32 index = 0;
+    for (u32 at = file->doc.nodes[file->doc.nodes[node].parent].child; at != node; at = file->doc.nodes[at].next) {
+        index++;
+    }
+    return "controls[" + std::to_string(index) + "]";
+}
+
 static placed_t *view_file(const zof_view_node_t *view) {
     const char *name = zof_view_name_get(view->attr->v_id);
     return name ? placed(zof_res_get_prjfile_path("config/view/", name)) : nullptr;
@@ -105,7 +114,9 @@ void player_places_add(cJSON *out, const zof_view_node_t *view, const para_t *re
     if (!file || at == file->controls.end()) {
         return;
     }
-    cJSON_AddItemToObject(out, "place", place(file, at->second));
+    cJSON *entry = place(file, at->second);
+    cJSON_AddStringToObject(entry, "key", entry_key(file, at->second).c_str());
+    cJSON_AddItemToObject(out, "place", entry);
     cJSON *styles = cJSON_AddArrayToObject(out, "styles");
     const std::string theme = theme_of(file, at->second);
     const placed_t *theme_file =

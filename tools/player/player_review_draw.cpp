@@ -1,0 +1,410 @@
+// The drawing for a review. LVGL's functions that draw a text and send the events of drawing are wrapped by the linker,
+// because labels, tables, lists and charts draw their texts by the first, and nothing else sees all of them.
+#include <algorithm>
+#include <cstring>
+
+#include "player_review.h"
+
+enum { SAMPLES = 16 }; // of a control, in each direction
+
+static struct {
+    bool on;
+    review_t *out;
+    const lv_obj_t *obj; // that is being drawn
+    lv_area_t part;      // its button or cell that is being drawn
+    bool has_part;
+    std::vector<s32> owner;   // of each pixel: the text whose ink is there, -1 for none
+    std::vector<u32> written; // and its colour
+} run;
+
+// Room
+// -----------------------------------------------------------------------------------------------------------------
+
+// Labels could be scrolled if they did take touches, but nobody expects it of a text.
+static bool scrolls(const lv_obj_t *obj, bool vertical) {
+    lv_obj_t *at = (lv_obj_t *)obj;
+    if (lv_obj_has_class(at, &lv_roller_class)) {
+        return vertical;
+    }
+    if (lv_obj_has_class(at, &lv_label_class)) {
+        const lv_label_long_mode_t mode = lv_label_get_long_mode(at);
+        return !vertical && (mode == LV_LABEL_LONG_SCROLL || mode == LV_LABEL_LONG_SCROLL_CIRCULAR);
+    }
+    if (!lv_obj_has_flag(at, LV_OBJ_FLAG_SCROLLABLE)) {
+        return false;
+    }
+    return vertical ? (lv_obj_get_scroll_dir(at) & LV_DIR_VER) &&
+                          lv_obj_get_scroll_top(at) + lv_obj_get_scroll_bottom(at) > 0
+                    : (lv_obj_get_scroll_dir(at) & LV_DIR_HOR) &&
+                          lv_obj_get_scroll_left(at) + lv_obj_get_scroll_right(at) > 0;
+}
+
+lv_area_t review_room(const lv_obj_t *obj, const lv_area_t *area, bool own) {
+    lv_area_t room = *area;
+    bool free_x = false;
+    bool free_y = false;
+    for (const lv_obj_t *at = own ? obj : lv_obj_get_parent(obj); at; at = lv_obj_get_parent(at)) {
+        free_x = free_x || scrolls(at, false);
+        free_y = free_y || scrolls(at, true);
+        lv_area_t limit = at->coords;
+        const lv_coord_t more = at == obj ? _lv_obj_get_ext_draw_size(obj) : 0; // what it may draw outside of itself
+        lv_area_increase(&limit, more, more);
+        if (lv_obj_has_flag((lv_obj_t *)at, LV_OBJ_FLAG_OVERFLOW_VISIBLE)) {
+            continue;
+        }
+        room.x1 = free_x ? room.x1 : LV_MAX(room.x1, limit.x1);
+        room.x2 = free_x ? room.x2 : LV_MIN(room.x2, limit.x2);
+        room.y1 = free_y ? room.y1 : LV_MAX(room.y1, limit.y1);
+        room.y2 = free_y ? room.y2 : LV_MIN(room.y2, limit.y2);
+    }
+    return room;
+}
+
+// Ink
+// ------------------------------------------------------------------------------------------------------------------
+
+// Notes what `obj` has drawn over the ink of something else since the last call.
+static void cover_note(review_ink_t *ink, const lv_obj_t *obj) {
+    size_t lost = 0;
+    for (size_t i = 0; i < ink->at.size(); i++) {
+        lost += run.out->pixels[ink->at[i]] != ink->value[i];
+    }
+    if (lost > ink->lost && lost - ink->lost > ink->most) {
+        ink->most = lost - ink->lost;
+        ink->cover = obj;
+    }
+    ink->lost = lost;
+}
+
+bool review_inside(const lv_obj_t *obj, const lv_obj_t *outer) {
+    while (obj && obj != outer) {
+        obj = lv_obj_get_parent(obj);
+    }
+    return obj != nullptr;
+}
+
+// What an object draws over its own children, such as a scrollbar, covers nothing.
+static void covers_note(const lv_obj_t *obj) {
+    for (review_text_t &text : run.out->texts) {
+        if (!review_inside(text.obj, obj)) {
+            cover_note(&text.ink, obj);
+        }
+    }
+    for (auto &[control, seen] : run.out->seen) {
+        if (seen.before.empty() && !review_inside(control, obj)) {
+            cover_note(&seen.ink, obj);
+        }
+    }
+}
+
+// Keeps samples of the picture where a control is about to be drawn.
+static void samples_begin(const lv_obj_t *obj, const lv_area_t *clip) {
+    lv_area_t box;
+    review_seen_t *seen = &run.out->seen[obj];
+    if (!_lv_area_intersect(&box, &obj->coords, clip)) {
+        return;
+    }
+    const s32 step_x = lv_area_get_width(&box) / SAMPLES + 1;
+    const s32 step_y = lv_area_get_height(&box) / SAMPLES + 1;
+    for (s32 y = box.y1; y <= box.y2; y += step_y) {
+        for (s32 x = box.x1; x <= box.x2; x += step_x) {
+            const u32 at = (u32)(y * run.out->width + x);
+            seen->before.push_back({at, run.out->pixels[at]});
+        }
+    }
+}
+
+// Keeps those of them that the control and its children have changed.
+static void samples_end(const lv_obj_t *obj) {
+    const auto found = run.out->seen.find(obj);
+    if (found == run.out->seen.end()) {
+        return;
+    }
+    review_seen_t *seen = &found->second;
+    for (const auto &[at, value] : seen->before) {
+        if (run.out->pixels[at] != value) {
+            seen->ink.at.push_back(at);
+            seen->ink.value.push_back(run.out->pixels[at]);
+        }
+    }
+    seen->before.clear();
+}
+
+// Texts
+// ----------------------------------------------------------------------------------------------------------------
+
+// The picture in a rectangle, before a text is drawn there.
+struct patch_t {
+    lv_area_t area;
+    std::vector<u32> pixels;
+};
+
+static u32 place(s32 x, s32 y) {
+    return (u32)(y * run.out->width + x);
+}
+
+static patch_t patch_take(const lv_area_t *area) {
+    patch_t patch = {*area, {}};
+    for (s32 y = area->y1; y <= area->y2; y++) {
+        const u32 *row = &run.out->pixels[place(area->x1, y)];
+        patch.pixels.insert(patch.pixels.end(), row, row + lv_area_get_width(area));
+    }
+    return patch;
+}
+
+static u32 patch_pixel(const patch_t &patch, s32 x, s32 y) {
+    return patch.pixels[(size_t)((y - patch.area.y1) * lv_area_get_width(&patch.area) + x - patch.area.x1)];
+}
+
+// Counts the pixels of earlier texts that can still be seen where a line of this one goes.
+static void below_count(review_text_t *text, const patch_t &patch, const lv_area_t *line) {
+    lv_area_t seen;
+    if (!_lv_area_intersect(&seen, line, &patch.area)) {
+        return;
+    }
+    for (s32 y = seen.y1; y <= seen.y2; y++) {
+        for (s32 x = seen.x1; x <= seen.x2; x++) {
+            const u32 at = place(x, y);
+            if (run.owner[at] >= 0 && run.written[at] == patch_pixel(patch, x, y)) {
+                text->over[(size_t)run.owner[at]]++;
+            }
+        }
+    }
+}
+
+static u32 color_mix(u32 over, u32 below, u32 opa) {
+    return lv_color_mix(lv_color_hex(over), lv_color_hex(below), (u8)opa).full;
+}
+
+// Nearly all of the ink must be legible, so that it is the tenth part with the least contrast that counts. Ink that
+// changes no pixel has the colour of what is behind it.
+static double contrast_of(std::vector<double> *all) {
+    if (all->empty()) {
+        return 1;
+    }
+    const auto at = all->begin() + (std::ptrdiff_t)(all->size() / 10);
+    std::nth_element(all->begin(), at, all->end());
+    return *at;
+}
+
+// Keeps the ink of a text that has just been drawn; of each pixel the colour that it covers is known.
+static void ink_take(review_text_t *text, const patch_t &patch, const lv_draw_label_dsc_t *dsc) {
+    const size_t number = run.out->texts.size();
+    std::vector<double> contrasts;
+    for (s32 y = patch.area.y1; y <= patch.area.y2; y++) {
+        for (s32 x = patch.area.x1; x <= patch.area.x2; x++) {
+            const u32 at = place(x, y);
+            const u32 now = run.out->pixels[at];
+            const u32 below = patch_pixel(patch, x, y);
+            if (now == below) {
+                continue;
+            }
+            const u32 ink = dsc->flag & LV_TEXT_FLAG_RECOLOR ? now : color_mix(dsc->color.full, below, dsc->opa);
+            contrasts.push_back(review_contrast(ink, below));
+            run.owner[at] = (s32)number;
+            run.written[at] = now;
+            text->ink.at.push_back(at);
+            text->ink.value.push_back(now);
+        }
+    }
+    text->contrast = contrast_of(&contrasts);
+}
+
+// So many pixels of a text are enough to see whether it is covered.
+static void ink_thin(review_ink_t *ink) {
+    enum { KEPT = 200 };
+    const size_t step = ink->at.size() / KEPT + 1;
+    for (size_t from = 0, to = 0; from < ink->at.size(); from += step, to++) {
+        ink->at[to] = ink->at[from];
+        ink->value[to] = ink->value[from];
+    }
+    ink->at.resize((ink->at.size() + step - 1) / step);
+    ink->value.resize(ink->at.size());
+}
+
+static lv_area_t lines_join(const std::vector<lv_area_t> &lines) {
+    lv_area_t all = lines[0];
+    for (const lv_area_t &line : lines) {
+        _lv_area_join(&all, &all, &line);
+    }
+    return all;
+}
+
+static lv_area_t text_room(const review_text_t &text) {
+    lv_area_t room = review_room(text.obj, &text.box, true);
+    if (run.has_part && !_lv_area_intersect(&room, &room, &run.part)) {
+        room = {0, 0, -1, -1};
+    }
+    return room;
+}
+
+// The text of a label without the dots that LVGL has written over its end; empty if there are none.
+static std::string undotted(const lv_obj_t *obj) {
+    const auto *label = (const lv_label_t *)obj;
+    if (!lv_obj_has_class(obj, &lv_label_class) || label->dot_end == UINT32_MAX) {
+        return "";
+    }
+    std::string text = label->text;
+    const u32 from = _lv_txt_encoded_get_byte_id(label->text, label->dot_end - LV_LABEL_DOT_NUM);
+    const char *kept = label->dot_tmp_alloc ? label->dot.tmp_ptr : label->dot.tmp;
+    return text.substr(0, from) + kept + (label->text + from + strlen(kept));
+}
+
+// What a text needs and has: as it is drawn, or, if it ends in dots, in the line or the lines of its label.
+static void sizes_take(review_text_t *text, const lv_draw_label_dsc_t *dsc, const std::string &whole) {
+    text->needs = {lv_area_get_width(&text->box), lv_area_get_height(&text->box)};
+    lv_area_t has = text->room;
+    if (!whole.empty()) {
+        lv_obj_get_content_coords(text->obj, &has);
+        const bool lines = lv_area_get_height(&has) >= 2 * lv_font_get_line_height(dsc->font);
+        lv_txt_get_size(&text->needs, whole.c_str(), dsc->font, dsc->letter_space, dsc->line_space,
+                        lines ? lv_area_get_width(&has) : LV_COORD_MAX, dsc->flag);
+    }
+    text->has = {(lv_coord_t)LV_MAX(lv_area_get_width(&has), 0), (lv_coord_t)LV_MAX(lv_area_get_height(&has), 0)};
+}
+
+extern "C" {
+
+// NOLINTBEGIN(bugprone-reserved-identifier): the linker's names
+void __real_lv_draw_label(lv_draw_ctx_t *ctx, const lv_draw_label_dsc_t *dsc, const lv_area_t *coords, const char *text,
+                          lv_draw_label_hint_t *hint);
+lv_res_t __real_lv_event_send(lv_obj_t *obj, lv_event_code_t code, void *param);
+void __wrap_lv_draw_label(lv_draw_ctx_t *ctx, const lv_draw_label_dsc_t *dsc, const lv_area_t *coords, const char *text,
+                          lv_draw_label_hint_t *hint);
+lv_res_t __wrap_lv_event_send(lv_obj_t *obj, lv_event_code_t code, void *param);
+
+// A cursor is no text, and a text that goes round is drawn twice.
+static bool is_repeated(const char *text) {
+    const lv_obj_t *obj = run.obj;
+    if (lv_obj_has_class((lv_obj_t *)obj, &lv_textarea_class)) {
+        return text != lv_textarea_get_placeholder_text((lv_obj_t *)obj);
+    }
+    return lv_obj_has_class((lv_obj_t *)obj, &lv_label_class) && !run.out->texts.empty() &&
+           run.out->texts.back().obj == obj;
+}
+
+// In a layer of its own, which is turned or blended later, a text is laid out but its pixels are not known.
+void __wrap_lv_draw_label(lv_draw_ctx_t *ctx, const lv_draw_label_dsc_t *dsc, const lv_area_t *coords, const char *text,
+                          lv_draw_label_hint_t *hint) {
+    if (!run.on || !text || dsc->opa <= LV_OPA_MIN || is_repeated(text)) {
+        __real_lv_draw_label(ctx, dsc, coords, text, hint);
+        return;
+    }
+    const review_layout_t layout = review_layout(ctx, dsc, coords, text);
+    if (layout.lines.empty() && layout.missing.empty()) {
+        return; // blanks
+    }
+    review_text_t found = {.obj = run.obj,
+                           .text = text,
+                           .font = dsc->font,
+                           .missing = layout.missing,
+                           .broken = layout.broken,
+                           .symbols = layout.symbols};
+    found.box = layout.lines.empty() ? *coords : lines_join(layout.lines);
+    found.room = text_room(found);
+    found.broken_width = layout.broken_width;
+    found.line_width = lv_area_get_width(coords);
+    const std::string whole = undotted(run.obj);
+    found.dots = !whole.empty();
+    sizes_take(&found, dsc, whole);
+    patch_t patch = {};
+    const bool seen = ctx->buf == run.out->pixels.data() && _lv_area_intersect(&patch.area, &found.box, ctx->clip_area);
+    if (seen) {
+        patch = patch_take(&patch.area);
+        for (const lv_area_t &line : layout.lines) {
+            below_count(&found, patch, &line);
+        }
+    }
+    __real_lv_draw_label(ctx, dsc, coords, text, hint);
+    if (seen) {
+        ink_take(&found, patch, dsc);
+        ink_thin(&found.ink);
+    }
+    run.out->texts.push_back(found);
+}
+
+// A button of a matrix or a cell of a table, which is the room of the texts that follow. The keys of a keyboard are as
+// small as their number makes them.
+static void part_take(const lv_obj_t *obj, const lv_obj_draw_part_dsc_t *dsc) {
+    const bool matrix = lv_obj_has_class((lv_obj_t *)obj, &lv_btnmatrix_class);
+    run.has_part = dsc->draw_area && (matrix || lv_obj_has_class((lv_obj_t *)obj, &lv_table_class)) &&
+                   (dsc->part == LV_PART_ITEMS);
+    if (!run.has_part) {
+        return;
+    }
+    run.part = *dsc->draw_area;
+    review_seen_t *seen = &run.out->seen[obj];
+    const bool counts = matrix && !lv_obj_has_class((lv_obj_t *)obj, &lv_keyboard_class);
+    if (counts && (!seen->has_key || lv_area_get_size(&run.part) < lv_area_get_size(&seen->key))) {
+        seen->key = run.part;
+        seen->has_key = true;
+    }
+}
+
+lv_res_t __wrap_lv_event_send(lv_obj_t *obj, lv_event_code_t code, void *param) {
+    if (run.on && code == LV_EVENT_DRAW_MAIN_BEGIN) {
+        samples_begin(obj, ((lv_draw_ctx_t *)param)->clip_area);
+    }
+    if (run.on && (code == LV_EVENT_DRAW_MAIN_BEGIN || code == LV_EVENT_DRAW_POST_BEGIN)) {
+        run.obj = obj;
+        run.has_part = false;
+    }
+    if (run.on && code == LV_EVENT_DRAW_PART_BEGIN) {
+        part_take(obj, (const lv_obj_draw_part_dsc_t *)param);
+    }
+    const lv_res_t result = __real_lv_event_send(obj, code, param);
+    if (run.on && (code == LV_EVENT_DRAW_MAIN_END || code == LV_EVENT_DRAW_POST_END)) {
+        covers_note(obj);
+    }
+    if (run.on && code == LV_EVENT_DRAW_POST_END) {
+        samples_end(obj);
+    }
+    return result;
+}
+
+// NOLINTEND(bugprone-reserved-identifier)
+}
+
+// The picture
+// ----------------------------------------------------------------------------------------------------------
+
+// As LVGL draws a picture of an object, with a display of its own that differs from the real one in its buffer only.
+static void layers_draw(lv_area_t *all) {
+    lv_disp_t *real = lv_disp_get_default();
+    lv_disp_t disp = *real;
+    lv_disp_drv_t drv = *real->driver;
+    auto *ctx = (lv_draw_ctx_t *)lv_mem_alloc(drv.draw_ctx_size);
+    if (!ctx) {
+        return;
+    }
+    disp.driver = &drv;
+    drv.draw_ctx_init(&drv, ctx);
+    drv.draw_ctx = ctx;
+    ctx->buf = run.out->pixels.data();
+    ctx->buf_area = all;
+    ctx->clip_area = all;
+    lv_disp_t *refreshed = _lv_refr_get_disp_refreshing();
+    _lv_refr_set_disp_refreshing(&disp);
+    for (lv_obj_t *root : {real->bg_layer, real->act_scr, real->top_layer, real->sys_layer}) {
+        lv_obj_redraw(ctx, root);
+    }
+    _lv_refr_set_disp_refreshing(refreshed);
+    drv.draw_ctx_deinit(&drv, ctx);
+    lv_mem_free(ctx);
+}
+
+review_t review_draw() {
+    review_t out = {};
+    lv_disp_t *disp = lv_disp_get_default();
+    out.width = lv_disp_get_hor_res(disp);
+    out.height = lv_disp_get_ver_res(disp);
+    const size_t size = (size_t)out.width * (size_t)out.height;
+    out.pixels.assign(size, disp->bg_color.full);
+    lv_area_t all = {0, 0, (lv_coord_t)(out.width - 1), (lv_coord_t)(out.height - 1)};
+    run = {.on = true, .out = &out};
+    run.owner.assign(size, -1);
+    run.written.assign(size, 0);
+    layers_draw(&all);
+    run = {};
+    return out;
+}
