@@ -1,4 +1,5 @@
-// Writes the tables of keys into the manual of project folders. The catalogue is the only source.
+// Writes the tables of keys into the manual of project folders, and that of its rules into the page of `zof lint`. The
+// catalogue and the rows of the rules are the only sources.
 #include <cstdio>
 #include <cstring>
 
@@ -10,11 +11,11 @@ static int fail(const char *file, const std::string &what) {
     return 1;
 }
 
-static int refresh(const char *file, bool check) {
+static int refresh(const char *file, bool all, bool check) {
     std::string old;
     std::string now;
     std::string reason = tool_file_read(file, old);
-    reason = reason.empty() ? cat_manual_refresh(old, now) : reason;
+    reason = reason.empty() ? cat_manual_refresh(old, all, now) : reason;
     if (!reason.empty() || now == old) {
         return reason.empty() ? 0 : fail(file, reason);
     }
@@ -26,13 +27,18 @@ static int refresh(const char *file, bool check) {
 }
 
 int main(int argc, char **argv) {
-    const bool check = argc == 3 && strcmp(argv[1], "--check") == 0;
-    if (argc != 2 && !check) {
+    const bool check = argc > 1 && strcmp(argv[1], "--check") == 0;
+    const int first = check ? 2 : 1;
+    if (argc <= first) {
         fprintf(stderr,
-                "usage: zof_manual [--check] FILE\n"
-                "Replaces the tables of keys in the manual by those of the catalogue. --check writes nothing, and\n"
-                "fails if something would change.\n");
+                "usage: zof_manual [--check] MANUAL [PAGE...]\n"
+                "Replaces the tables of keys in the manual, which needs all of them, and in further pages by those of\n"
+                "the catalogue. --check writes nothing, and fails if something would change.\n");
         return 2;
     }
-    return refresh(argv[argc - 1], check);
+    int status = 0;
+    for (int i = first; i < argc; i++) {
+        status |= refresh(argv[i], i == first, check);
+    }
+    return status;
 }

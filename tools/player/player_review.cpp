@@ -1,5 +1,6 @@
 // The reply to `review`: `tree` with what a reviewer wants to know besides, and the texts.
 #include <algorithm>
+#include <cmath>
 #include <set>
 
 #include "catalogue/zof_cat.h"
@@ -161,7 +162,8 @@ static void reach_add(cJSON *out, const owners_t &owners, const owner_t *owner) 
         lost += count;
         most = !most || others[most] < count ? other : most;
     }
-    cJSON_AddNumberToObject(out, "reach", own + lost ? 100 * own / (own + lost) : 100);
+    const s32 percent = own + lost ? 100 * own / (own + lost) : 100;
+    cJSON_AddNumberToObject(out, "reach", percent);
     owner_add(out, "blocker", most);
 }
 
@@ -191,7 +193,8 @@ static void target_add(cJSON *out, const owners_t &owners, const owner_t *owner,
 // How much of its ink is still there in the end, and what covers most of the rest.
 static void ink_add(cJSON *out, const owners_t &owners, const review_ink_t &ink) {
     if (!ink.at.empty()) {
-        cJSON_AddNumberToObject(out, "seen", (double)(100 * (ink.at.size() - ink.lost) / ink.at.size()));
+        const size_t percent = 100 * (ink.at.size() - ink.lost) / ink.at.size();
+        cJSON_AddNumberToObject(out, "seen", (double)percent);
         owner_add(out, "cover", owner_of(owners, ink.cover));
     }
 }
@@ -222,7 +225,8 @@ static void control_add(cJSON *out, const owners_t &owners, const owner_t *owner
     cJSON_AddItemToObject(out, "room", player_box(&room));
     if (lv_obj_has_class(obj, &lv_img_class)) {
         const s32 zoom = (s32)lv_img_get_zoom(obj) * lv_obj_get_style_transform_zoom(obj, 0) / LV_IMG_ZOOM_NONE;
-        cJSON_AddNumberToObject(out, "zoom", zoom * 100 / LV_IMG_ZOOM_NONE);
+        const s32 percent = zoom * 100 / LV_IMG_ZOOM_NONE;
+        cJSON_AddNumberToObject(out, "zoom", percent);
     }
     const auto seen = review.seen.find(obj);
     if (seen != review.seen.end()) {
@@ -252,7 +256,7 @@ static cJSON *text_make(const review_text_t &text, const owners_t &owners) {
         cJSON_AddStringToObject(out, "missing", text.missing.c_str());
     }
     if (text.contrast > 0) {
-        cJSON_AddNumberToObject(out, "contrast", (s32)(text.contrast * 100) / 100.0);
+        cJSON_AddNumberToObject(out, "contrast", std::floor(text.contrast * 100) / 100);
     }
     ink_add(out, owners, text.ink);
     cJSON *over = cJSON_AddArrayToObject(out, "over");

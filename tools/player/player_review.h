@@ -14,6 +14,7 @@
 // Pixels that something has drawn, and what has become of them.
 struct review_ink_t {
     std::vector<u32> at, value; // places in the picture, and what was drawn there
+    std::vector<u32> last;      // what was there when it was last looked at
     size_t lost, most;          // how many have changed since, and how many of these `cover` has changed
     const lv_obj_t *cover;      // null while nothing has been lost
 };

@@ -63,19 +63,6 @@ lv_area_t review_room(const lv_obj_t *obj, const lv_area_t *area, bool own) {
 // Ink
 // ------------------------------------------------------------------------------------------------------------------
 
-// Notes what `obj` has drawn over the ink of something else since the last call.
-static void cover_note(review_ink_t *ink, const lv_obj_t *obj) {
-    size_t lost = 0;
-    for (size_t i = 0; i < ink->at.size(); i++) {
-        lost += run.out->pixels[ink->at[i]] != ink->value[i];
-    }
-    if (lost > ink->lost && lost - ink->lost > ink->most) {
-        ink->most = lost - ink->lost;
-        ink->cover = obj;
-    }
-    ink->lost = lost;
-}
-
 bool review_inside(const lv_obj_t *obj, const lv_obj_t *outer) {
     while (obj && obj != outer) {
         obj = lv_obj_get_parent(obj);
@@ -83,16 +70,32 @@ bool review_inside(const lv_obj_t *obj, const lv_obj_t *outer) {
     return obj != nullptr;
 }
 
-// What an object draws over its own children, such as a scrollbar, covers nothing.
+// Notes what `obj` has drawn over the ink of something else since the last call. What belongs to `obj`, such as the
+// digit under a cursor, is still seen, as it is drawn now.
+static void cover_note(review_ink_t *ink, const lv_obj_t *obj, bool own) {
+    size_t lost = 0;
+    for (size_t i = 0; i < ink->at.size(); i++) {
+        const u32 now = run.out->pixels[ink->at[i]];
+        if (own && ink->last[i] == ink->value[i]) {
+            ink->value[i] = now;
+        }
+        ink->last[i] = now;
+        lost += now != ink->value[i];
+    }
+    if (!own && lost > ink->lost && lost - ink->lost > ink->most) {
+        ink->most = lost - ink->lost;
+        ink->cover = obj;
+    }
+    ink->lost = lost;
+}
+
 static void covers_note(const lv_obj_t *obj) {
     for (review_text_t &text : run.out->texts) {
-        if (!review_inside(text.obj, obj)) {
-            cover_note(&text.ink, obj);
-        }
+        cover_note(&text.ink, obj, review_inside(text.obj, obj));
     }
     for (auto &[control, seen] : run.out->seen) {
-        if (seen.before.empty() && !review_inside(control, obj)) {
-            cover_note(&seen.ink, obj);
+        if (seen.before.empty()) {
+            cover_note(&seen.ink, obj, review_inside(control, obj));
         }
     }
 }
@@ -128,6 +131,7 @@ static void samples_end(const lv_obj_t *obj) {
         }
     }
     seen->before.clear();
+    seen->ink.last = seen->ink.value;
 }
 
 // Texts
@@ -220,6 +224,7 @@ static void ink_thin(review_ink_t *ink) {
     }
     ink->at.resize((ink->at.size() + step - 1) / step);
     ink->value.resize(ink->at.size());
+    ink->last = ink->value;
 }
 
 static lv_area_t lines_join(const std::vector<lv_area_t> &lines) {

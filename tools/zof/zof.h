@@ -21,6 +21,6 @@ struct zof_command_t {
 };
 
 extern const zof_command_t zof_ids_command, zof_monitor_command, zof_check_command, zof_fmt_command, zof_view_command,
-    zof_catalogue_command, zof_doctor_command;
+    zof_catalogue_command, zof_doctor_command, zof_lint_command;
 
 #endif

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "check/zof_check_in.h"
+#include "zof_lib/zof_util.h"
 
 static void finding_free(zof_finding_t *finding) {
     zof_free(finding->file);
@@ -80,6 +81,32 @@ static void result_take(check_run_t *c, zof_check_t *out) {
     for (u32 i = 0; i < out->count; i++) {
         out->errors += out->findings[i].rule->error;
     }
+}
+
+s32 zof_check_add(zof_check_t *check, const zof_finding_t *finding) {
+    zof_finding_t made = *finding;
+    auto *grown = (zof_finding_t *)zof_realloc(check->findings, (check->count + 1) * sizeof(zof_finding_t));
+    check->findings = grown ? grown : check->findings;
+    made.file = zof_text_copy(finding->file);
+    made.key = zof_text_copy(finding->key);
+    made.text = zof_text_copy(finding->text);
+    if (!grown || !made.file || !made.key || !made.text) {
+        finding_free(&made);
+        return -1;
+    }
+    check->findings[check->count++] = made;
+    return 0;
+}
+
+void zof_lint_settle(const char *folder, zof_check_t *check) {
+    check_run_t c = {.folder = folder, .out = check, .lint = true};
+    c.findings = {check->findings, check->count, check->count};
+    check_file_t *file = check_add(c.files);
+    if (file && (file->path = zof_text_copy("zof-check.ignore")) != nullptr) {
+        check_ignore(&c);
+    }
+    result_take(&c, check);
+    check_folder_free(&c);
 }
 
 s32 zof_check_project(const char *folder, zof_check_t *out) {

@@ -20,6 +20,9 @@ typedef struct {
 // All rules, ended by one without a name.
 extern const zof_check_rule_t zof_check_rules[];
 
+// The rules of `zof lint`, which draws the views. They are here because zof-check.ignore may name them.
+extern const zof_check_rule_t zof_lint_rules[];
+
 typedef struct {
     const zof_check_rule_t *rule;
     char *file;    // below the project folder: "config/view/main.g"
@@ -38,6 +41,13 @@ typedef struct {
 // read, or memory is short. Release the result with zof_check_free in any case.
 s32 zof_check_project(const char *folder, zof_check_t *out);
 void zof_check_free(zof_check_t *check);
+
+// Adds a finding to a list that begins as {}; the texts are copied. Returns 0, or -1 without memory.
+s32 zof_check_add(zof_check_t *check, const zof_finding_t *finding);
+
+// Sorts the findings of `zof lint`, removes those listed in the folder's zof-check.ignore, and reports its lines that
+// name a rule of `zof lint` but match no finding.
+void zof_lint_settle(const char *folder, zof_check_t *check);
 
 // Finds the project folder from an argument: the folder itself or its `res`. Returns 0 and the folder, which ends in
 // "/"; -1 if there is no project or the path does not fit.

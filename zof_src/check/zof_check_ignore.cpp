@@ -53,12 +53,23 @@ static bool findings_drop(check_run_t *c, const char *rule, const char *place) {
     return any;
 }
 
+static bool is_lint_rule(const char *name) {
+    const zof_check_rule_t *rule = zof_lint_rules;
+    while (rule->name && std::strcmp(rule->name, name) != 0) {
+        rule++;
+    }
+    return rule->name != nullptr;
+}
+
 static void line_apply(check_run_t *c, const check_file_t *file, const char *line, const char *end) {
     char rule[WORD_SIZE], place[WORD_SIZE];
     const u32 at = (u32)(line - file->text);
     const char *rest = word_take(line, end, rule);
     rest = word_take(rest, end, place);
     if (line == end || *line == '#') {
+        return;
+    }
+    if (is_lint_rule(rule) != c->lint) {
         return;
     }
     if (rest == end) {

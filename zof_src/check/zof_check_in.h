@@ -114,6 +114,7 @@ struct check_run_t {
     bool broken;       // part of a file cannot be understood, so it is not known which texts it uses
     bool outside;      // the project allows names that lead out of it
     bool no_memory;
+    bool lint; // the findings are those of `zof lint`
 };
 
 // Findings ---------------------------------------------------------------------------------------------------------
@@ -185,7 +186,8 @@ void check_language_file(check_run_t *c, check_file_t *file);
 void check_word_use(check_run_t *c, const check_file_t *file, u32 node, const char *text);
 void check_words(check_run_t *c);
 
-// Removes the findings listed in zof-check.ignore, and reports its lines that match no finding.
+// Removes the findings listed in zof-check.ignore, and reports its lines that match no finding. Each line is reported
+// by the command that its rule belongs to.
 void check_ignore(check_run_t *c);
 
 // Writes the path of a node, "controls[0].property.txt".

@@ -53,6 +53,20 @@ const zof_check_rule_t zof_check_rules[] = {
     {"ignore", ZOF_FALSE, "a line of zof-check.ignore has a wrong form, or names no finding"},
     {},
 };
+
+const zof_check_rule_t zof_lint_rules[] = {
+    {"text-cut", ZOF_FALSE, "a text is cut off, or ends in dots because it does not fit"},
+    {"word-cut", ZOF_FALSE, "a word does not fit into its line and goes on in the next one"},
+    {"letter", ZOF_FALSE, "no font of the text has a letter, so that a box is drawn"},
+    {"contrast", ZOF_FALSE, "the contrast of a text to what is drawn behind it is below 4.5:1, of a symbol below 3:1"},
+    {"overlap", ZOF_FALSE, "two texts overlap"},
+    {"covered", ZOF_FALSE, "a control is covered, or parts of it take no touches, because another one is in front of it"},
+    {"cut-off", ZOF_FALSE, "a control is outside of what can be seen or scrolled to"},
+    {"target", ZOF_FALSE, "a control is too small for a finger: below 44 px, or 48 px if it is round"},
+    {"scaled-up", ZOF_FALSE, "a picture is drawn larger than it is"},
+    {"font-unused", ZOF_FALSE, "a font is loaded, but no control shows texts in it"},
+    {},
+};
 // clang-format on
 static_assert(sizeof zof_check_rules / sizeof zof_check_rules[0] == CHECK_RULE_COUNT + 1);
 

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "check/zof_check.h"
 #include "control/zof_ctrl_create.h"
 #include "words.h"
 
@@ -120,11 +121,19 @@ static std::string types_block(void) {
     return text;
 }
 
+static std::string lint_block(void) {
+    std::string text = table_head({"Rule", "What is reported"});
+    for (const zof_check_rule_t *rule = zof_lint_rules; rule->name; rule++) {
+        text += table_row({code(rule->name), rule->help});
+    }
+    return text;
+}
+
 static std::string block_of(const std::string &name) {
     static constexpr struct {
         const char *name;
         std::string (*write)(void);
-    } blocks[] = {{"kinds", kinds_block}, {"files", files_block}, {"types", types_block}};
+    } blocks[] = {{"kinds", kinds_block}, {"files", files_block}, {"types", types_block}, {"lint", lint_block}};
     for (const auto &block : blocks) {
         if (name == block.name) {
             return block.write();
@@ -144,7 +153,7 @@ static std::string missing(const std::set<std::string> &found) {
     return "";
 }
 
-std::string cat_manual_refresh(const std::string &page, std::string &now) {
+std::string cat_manual_refresh(const std::string &page, bool all, std::string &now) {
     static const std::string begin = "<!-- keys of ", middle = ": begin -->\n", end = "<!-- keys: end -->";
     std::set<std::string> found;
     now.clear();
@@ -164,5 +173,5 @@ std::string cat_manual_refresh(const std::string &page, std::string &now) {
         done = stop;
     }
     now += page.substr(done);
-    return missing(found);
+    return all ? missing(found) : "";
 }

@@ -5,7 +5,8 @@
 #include <string>
 
 // Replaces what stands between "<!-- keys of NAME: begin -->" and "<!-- keys: end -->" by the table of each record.
-// Returns an error if marks are missing or do not match, otherwise an empty text. Every record needs its marks.
-std::string cat_manual_refresh(const std::string &page, std::string &now);
+// Returns an error if marks are missing or do not match, otherwise an empty text. With `all` every record needs its
+// marks.
+std::string cat_manual_refresh(const std::string &page, bool all, std::string &now);
 
 #endif

@@ -8,10 +8,11 @@
 #include <cjson/cJSON.h>
 
 struct view_options_t {
+    const char *command = "view"; // of `zof`, for messages
     std::string dir, view, language, theme;
     std::vector<std::string> states; // "home/brew=pressed"
     std::string shot, sheet, tree;   // files; empty: none, "-": standard output
-    bool watch, loud;
+    bool watch = false, loud = false;
 };
 extern view_options_t view_options;
 

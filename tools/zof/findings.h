@@ -1,0 +1,13 @@
+// The output of the subcommands that find something.
+#ifndef ZOF_FINDINGS_H
+#define ZOF_FINDINGS_H
+
+#include "check/zof_check.h"
+
+// Prints the findings as lines with their count, or as JSON; `folder` ends in "/"; `strict`: warnings are errors.
+void findings_print(const char *folder, const zof_check_t &check, bool json, bool strict);
+
+// Prints a list of rules, ended by one without a name.
+void rules_print(const zof_check_rule_t *rule);
+
+#endif

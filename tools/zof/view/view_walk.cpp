@@ -1,0 +1,113 @@
+#include "view_walk.h"
+
+#include <cstdio>
+
+#include "view.h"
+
+static void fail(const std::string &text) {
+    fprintf(stderr, "zof %s: %s\n", view_options.command, text.c_str());
+}
+
+bool view_file_write(const std::string &path, const std::string &bytes) {
+    FILE *f = path == "-" ? stdout : fopen(path.c_str(), "wb");
+    bool good = f && fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size() && fflush(f) == 0;
+    good = f && (f == stdout || fclose(f) == 0) && good;
+    if (!good || bytes.empty()) {
+        fail(path + " cannot be written");
+    }
+    return good && !bytes.empty();
+}
+
+static void message_print(const cJSON *line) {
+    const char *event = cJSON_GetStringValue(cJSON_GetObjectItem(line, "event"));
+    if (event && std::string(event) == "message") {
+        fprintf(stderr, "%s\n", view_message_text(line).c_str());
+    }
+}
+
+cJSON *view_ask(view_player_t *player, cJSON *command) {
+    cJSON *reply = view_player_call(player, command, message_print);
+    if (reply && cJSON_IsTrue(cJSON_GetObjectItem(reply, "ok"))) {
+        return reply;
+    }
+    const char *error = cJSON_GetStringValue(cJSON_GetObjectItem(reply, "error"));
+    fail(error ? error : "the player has ended: " + (player->ended.empty() ? "no answer" : player->ended));
+    cJSON_Delete(reply);
+    return nullptr;
+}
+
+bool view_tell(view_player_t *player, cJSON *command) {
+    cJSON *reply = view_ask(player, command);
+    cJSON_Delete(reply);
+    return reply != nullptr;
+}
+
+cJSON *view_load(view_player_t *player, bool choices) {
+    const std::string fault = view_player_start(player, false, view_options.loud);
+    if (!fault.empty()) {
+        fail(fault);
+        return nullptr;
+    }
+    cJSON *command = view_command("load");
+    cJSON_AddStringToObject(command, "dir", view_options.dir.c_str());
+    if (choices) {
+        view_choice_add(command);
+    }
+    return view_ask(player, command);
+}
+
+bool view_show(view_player_t *player, const std::string &view, const std::string &language) {
+    cJSON *command = view_command("show");
+    if (!language.empty()) {
+        cJSON_AddStringToObject(command, "language", language.c_str());
+    }
+    cJSON_AddStringToObject(command, "view", view.c_str());
+    return view_tell(player, command);
+}
+
+// A part of a plan that the options leave open is all there is. A project without languages or themes has one, with an
+// empty name.
+static std::vector<std::string> parts(const std::string &chosen, const std::vector<std::string> &all) {
+    if (!chosen.empty()) {
+        return {chosen};
+    }
+    return all.empty() ? std::vector<std::string>{""} : all;
+}
+
+view_plan_t view_plan(const cJSON *project) {
+    return {parts(view_options.view, view_texts(project, "views", "name")),
+            parts(view_options.language, view_texts(project, "languages", nullptr)),
+            parts(view_options.theme, view_texts(project, "themes", nullptr)),
+            cJSON_GetObjectItem(project, "width")->valueint, cJSON_GetObjectItem(project, "height")->valueint};
+}
+
+// Each theme has a player of its own, because what a control has from its first theme stays.
+static bool theme_walk(const view_plan_t &plan, size_t number,
+                       const std::function<void(view_player_t *, const view_cell_t &)> &fn) {
+    view_player_t player;
+    const std::string theme = plan.themes[number];
+    const std::string chosen = view_options.theme;
+    view_options.theme = theme;
+    cJSON *project = view_load(&player, true);
+    view_options.theme = chosen;
+    const bool good = project != nullptr;
+    for (size_t lang = 0; good && lang < plan.languages.size(); lang++) {
+        for (size_t row = 0; row < plan.views.size(); row++) {
+            const bool shown = view_show(&player, plan.views[row], plan.languages[lang]);
+            fn(&player,
+               {plan.views[row], plan.languages[lang], theme, row, number * plan.languages.size() + lang, shown});
+        }
+    }
+    cJSON_Delete(project);
+    view_player_stop(&player);
+    return good;
+}
+
+bool view_walk(const view_plan_t &plan, const std::function<void(view_player_t *, const view_cell_t &)> &fn) {
+    for (size_t i = 0; i < plan.themes.size(); i++) {
+        if (!theme_walk(plan, i, fn)) {
+            return false;
+        }
+    }
+    return true;
+}

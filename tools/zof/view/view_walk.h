@@ -1,0 +1,47 @@
+// A project in each of its views, languages and themes, or in those that the options choose. Messages of a player and
+// of failures go to the error stream.
+#ifndef VIEW_WALK_H
+#define VIEW_WALK_H
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "view_player.h"
+
+struct view_plan_t {
+    std::vector<std::string> views, languages, themes; // never empty: without languages or themes there is one, ""
+    s32 width, height;                                 // of the project, pixels
+};
+
+// A place in a plan: one view in one language and theme.
+struct view_cell_t {
+    std::string view, language, theme;
+    size_t row, column; // rows are views, columns are languages of themes
+    bool shown;         // otherwise the view cannot be shown
+};
+
+// Starts a player with the project of the options; `choices`: with their view, language and theme. Returns the reply of
+// `load`, which the caller deletes; null after a message.
+cJSON *view_load(view_player_t *player, bool choices);
+
+// Sends a command, which becomes the player's, and waits. Returns the reply, which the caller deletes; null after a
+// message if it fails.
+cJSON *view_ask(view_player_t *player, cJSON *command);
+
+// Does the same for a command whose reply holds nothing.
+bool view_tell(view_player_t *player, cJSON *command);
+
+// Shows a view; an empty language is not changed.
+bool view_show(view_player_t *player, const std::string &view, const std::string &language);
+
+// Makes a plan from the reply of `load`.
+view_plan_t view_plan(const cJSON *project);
+
+// Shows each cell and calls `fn`. Returns false after a message if the project cannot be loaded.
+bool view_walk(const view_plan_t &plan, const std::function<void(view_player_t *, const view_cell_t &)> &fn);
+
+// Writes a file; "-" is the standard output. Returns false after a message.
+bool view_file_write(const std::string &path, const std::string &bytes);
+
+#endif
