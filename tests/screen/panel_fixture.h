@@ -4,6 +4,8 @@
 
 #include <unistd.h>
 
+#include <utility>
+
 #include "bench/bench.h"
 #include "bench_ids.h"
 #include "board.h"
@@ -18,6 +20,14 @@ inline reports panel_sent; // registers that the panel has reported, in order
 inline s32 panel_send(zof_drv_t *, const u8 *data, u32 size) {
     frame_report_words(bytes(data, data + size), [](u16 addr, u16 value) { panel_sent.emplace_back(addr, value); });
     return (s32)size;
+}
+
+// What the panel has reported since the last call, without what it asks for by itself.
+inline reports sent() {
+    reports out = std::exchange(panel_sent, {});
+    std::erase_if(out,
+                  [](auto report) { return report.first == REG_RAIL_REQUEST || report.first == REG_SETTINGS_REQUEST; });
+    return out;
 }
 
 // Starts the panel as its program does, but on the test's clock, with its own line, and with no settings kept from
@@ -90,6 +100,30 @@ inline void board_applied(bench_choice_t choice = {7, 12000, 1000}) {
     board_write(REG_RAIL_ACTIVE, {choice.rail});
     panel_sent.clear();
     screen_step(10);
+}
+
+// Readings go on while the screen runs.
+inline void live(u32 ms) {
+    for (u32 left = ms; left > 0; left -= std::min(left, 100u)) {
+        board_readings(bench.mv, bench.ma, bench.dw, bench.mwh);
+        screen_step(std::min(left, 100u));
+    }
+}
+
+// The run that the pictures show: 12 V set on a PPS rail, output on.
+inline void running(u16 mv = 12000, u16 ma = 874, u16 dw = 105) {
+    board_write(REG_OUT_STATE, {1});
+    board_readings(mv, ma, dw, 12534);
+    screen_step(10);
+}
+
+inline void open_running() {
+    panel_open();
+    board_ready();
+    board_applied();
+    bench.last_on_mv = 12000;
+    running();
+    panel_sent.clear();
 }
 
 inline std::string text_of(u32 view, u32 ctrl) {

@@ -18,18 +18,8 @@ static void tap(u32 code) {
     keyboard(code, false);
 }
 
-static void running() {
-    board_write(REG_OUT_STATE, {1});
-    board_readings(12000, 874, 105, 12534);
-    screen_step(10);
-}
-
 TEST_CASE("panel: keys show pages, turn on and off, and lock") {
-    panel_open();
-    board_ready();
-    board_applied();
-    bench.last_on_mv = 12000;
-    running();
+    open_running();
     keyboard(27);
     CHECK(sent() == reports{{REG_OUT_REQ, 0}});
     board_write(REG_OUT_STATE, {0});

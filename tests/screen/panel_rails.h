@@ -2,8 +2,6 @@
 #ifndef PANEL_RAILS_H
 #define PANEL_RAILS_H
 
-#include <utility>
-
 #include "bench_look.h"
 #include "panel_fixture.h"
 
@@ -17,21 +15,6 @@ enum {
     SLIDE_X = 230,
     SLIDE_W = 248
 };
-
-inline reports sent() {
-    reports out = std::exchange(panel_sent, {});
-    std::erase_if(out,
-                  [](auto report) { return report.first == REG_RAIL_REQUEST || report.first == REG_SETTINGS_REQUEST; });
-    return out;
-}
-
-// Readings go on while the screen runs.
-inline void live(u32 ms) {
-    for (u32 left = ms; left > 0; left -= std::min(left, 100u)) {
-        board_readings(bench.mv, bench.ma, bench.dw, bench.mwh);
-        screen_step(std::min(left, 100u));
-    }
-}
 
 inline void open_rails(const char *state_folder = "") {
     panel_open(state_folder);

@@ -1,37 +1,18 @@
 // A finger in a hurry on the real pages, a box on a bad line: what leaves the panel is what its screen said, and what
 // is old is never shown as new. ZOF_SEEDS=10000 for a long run; a failure names its seed, which ZOF_SEED=N runs alone.
-#include <random>
-#include <utility>
-
 #include "panel_fixture.h"
+#include "random_line.h"
 #include "temp_project.h"
 #include "ui/ui.h"
 
 enum { SEEDS = 40, ACTS = 40 };
 
 static struct {
-    std::mt19937 random;
-    board box;
-    double lose;
-    bool cable;
     bool down;
     u32 down_ms; // when the finger landed
     s32 x, y;
     u32 offs; // requests of off
-    const char *broken;
 } run;
-
-static u32 pick(u32 count) {
-    return run.random() % count;
-}
-
-static bool chance(double p) {
-    return std::uniform_real_distribution<>(0, 1)(run.random) < p;
-}
-
-static void must(bool rule, const char *what) {
-    run.broken = rule || run.broken ? run.broken : what;
-}
 
 static u32 shown_view() {
     return (u32)zof_view_get_cur_id(ZOF_LAYER_UI);
@@ -81,33 +62,11 @@ static void judge(u16 addr, u16 value) {
     }
 }
 
-static s32 send(zof_drv_t *, const u8 *data, u32 size) {
-    frame_report_words(bytes(data, data + size), [](u16 addr, u16 value) {
-        judge(addr, value);
-        if (run.cable && !chance(run.lose * 8)) {
-            board_report(run.box, addr, value);
-        }
-    });
-    return (s32)size;
-}
-
-static void box_write(u16 addr, const std::vector<u16> &words) {
-    bytes frame = frame_write(addr, words);
-    for (size_t i = 0; i < frame.size(); i++) {
-        if (chance(run.lose)) {
-            frame.erase(frame.begin() + (long)i);
-        }
-    }
-    if (run.cable && bench.port.state == BENCH_PORT_OPEN && !frame.empty()) {
-        recive_data_handle(frame.data(), (u32)frame.size());
-    }
-}
-
 static void pass(u32 ms) {
     for (u32 step; ms > 0; ms -= step) {
         step = ms < 50 ? ms : 50;
         screen_step(step);
-        board_step(run.box, step);
+        board_step(line.box, step);
     }
     ui_paint();
 
@@ -190,22 +149,19 @@ static void port_set(bench_port_e state) {
 static void act() {
     switch (pick(15)) {
     case 0:
-        run.cable = !run.cable;
+        line.cable = !line.cable;
         break;
     case 1:
-        run.cable = true;
+        line.cable = true;
         break;
     case 2:
         port_set(chance(0.3) ? BENCH_PORT_GONE : BENCH_PORT_OPEN);
         break;
-    case 3: {
-        std::vector<prof_t> rails = board_default_rails(1 + pick(RAIL_MAX));
-        std::shuffle(rails.begin(), rails.end(), run.random);
-        board_set_rails(run.box, chance(0.5) ? rails : board_default_rails());
+    case 3:
+        random_line_rails(chance(0.5) ? 1 + pick(RAIL_MAX) : (u32)RAIL_MAX);
         break;
-    }
     case 4:
-        board_output(run.box, chance(0.5));
+        board_output(line.box, chance(0.5));
         break;
     case 5:
         focus();
@@ -223,25 +179,22 @@ TEST_CASE("panel: whatever a finger does on a bad line, the screen and what is s
     const u32 first = alone ? (u32)atoi(alone) : 0;
     const u32 count = alone ? 1 : seeds ? (u32)atoi(seeds) : (u32)SEEDS;
     panel_open();
-    register_line_open(send);
-    for (u32 seed = first; seed < first + count && !run.broken; seed++) {
+    register_line_open(random_line_send);
+    random_line_judge = judge;
+    for (u32 seed = first; seed < first + count && !broken; seed++) {
         CAPTURE(seed);
         run = {};
-        run.random.seed(seed);
-        run.lose = chance(0.5) ? 0 : 0.005;
-        run.cable = true;
-        run.box.rails = board_default_rails();
-        run.box.write = box_write;
+        random_line_start(seed, 0.005, 0);
         bench_start();
         zof_view_set_dis_view(1);
         port_set(BENCH_PORT_OPEN);
         printed([] {
-            board_power_up(run.box);
+            board_power_up(line.box);
             pass(400);
-            for (u32 i = 0; i < ACTS && !run.broken; i++) {
+            for (u32 i = 0; i < ACTS && !broken; i++) {
                 act();
             }
         });
-        CHECK(std::string(run.broken ? run.broken : "") == "");
+        CHECK(std::string(broken ? broken : "") == "");
     }
 }

@@ -1,40 +1,6 @@
-#include <utility>
-
 #include "panel_fixture.h"
 #include "temp_project.h"
 #include "ui/keep.h"
-
-// What the panel has reported since the last call, without what it asks for by itself.
-static reports sent() {
-    reports out = std::exchange(panel_sent, {});
-    std::erase_if(out,
-                  [](auto report) { return report.first == REG_RAIL_REQUEST || report.first == REG_SETTINGS_REQUEST; });
-    return out;
-}
-
-// The run that the pictures show: 12 V set on a PPS rail, output on.
-static void running(u16 mv = 12000, u16 ma = 874, u16 dw = 105) {
-    board_write(REG_OUT_STATE, {1});
-    board_readings(mv, ma, dw, 12534);
-    screen_step(10);
-}
-
-static void open_running() {
-    panel_open();
-    board_ready();
-    board_applied();
-    bench.last_on_mv = 12000;
-    running();
-    panel_sent.clear();
-}
-
-// Readings go on while the screen runs.
-static void live(u32 ms) {
-    for (u32 t = 0; t < ms; t += 100) {
-        board_readings(bench.mv, bench.ma, bench.dw, bench.mwh);
-        screen_step(100);
-    }
-}
 
 TEST_CASE("panel: the start says what it looks for, then why there is no box") {
     panel_open();

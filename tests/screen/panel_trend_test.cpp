@@ -45,7 +45,7 @@ static void readings(u16 mv = 12000, u16 ma = 865) {
     screen_step(10);
 }
 
-static void live(u32 ms) {
+static void run_on(u32 ms) {
     for (u32 t = 0; t < ms; t += 100) {
         readings(bench.mv, bench.ma);
         screen_step(90);
@@ -77,7 +77,7 @@ static void open_trend(double s_per_s = 1, u32 step_ms = 100) {
     trend_clear();
     past(s_per_s, step_ms);
     readings();
-    live(400);
+    run_on(400);
 }
 
 static bool both_languages(const std::string &name) {
@@ -96,10 +96,10 @@ TEST_CASE("trend: ten minutes, with a cursor that keeps its time, as watts, and 
     CHECK(screen_is_golden("trend"));
     CHECK(text_of(5, VIEW5_AGO_ID) == "3 min 18 s ago");
     screen_click(526, 396); // W
-    live(400);
+    run_on(400);
     CHECK(screen_is_golden("trend_watts"));
     screen_click(526, 396);
-    live(10000);
+    run_on(10000);
     CHECK(text_of(5, VIEW5_AGO_ID) == "3 min 29 s ago");
     screen_click(347, 200); // in the silence
     CHECK(text_of(5, VIEW5_AT_VOLTS_ID) == "-․-- V");
@@ -107,9 +107,9 @@ TEST_CASE("trend: ten minutes, with a cursor that keeps its time, as watts, and 
     CHECK(text_of(5, VIEW5_WHEN_ID) == "Now");
     screen_click(60, 396); // 1 min
     screen_click(64, 200);
-    live(100);
+    run_on(100);
     CHECK(text_of(5, VIEW5_WHEN_ID) == "Cursor");
-    live(1000);
+    run_on(1000);
     CHECK(text_of(5, VIEW5_WHEN_ID) == "Now"); // it has left
     screen_click(154, 396);
     screen_step(7000);
@@ -122,14 +122,14 @@ TEST_CASE("trend: twelve hours and a session show every spike, and the time of d
     open_trend(72, 20);
     screen_click(342, 396);
     screen_click(393, 200);
-    live(400);
+    run_on(400);
     CHECK(text_of(5, VIEW5_AGO_ID) == "3 h 59 min ago");
     CHECK(screen_is_golden("trend_12h"));
     trend_clear();
     past(8.851, 100);
     screen_click(436, 396);
     screen_click(700, 80);
-    live(400);
+    run_on(400);
     CHECK(both_languages("trend_session"));
 }
 
@@ -139,9 +139,9 @@ TEST_CASE("trend: a recording shows its time and file on all pages, and a full d
     screen_click(393, 200);
     record_folder_set(folder.path("").c_str());
     screen_click(684, 396);
-    live(400);
+    run_on(400);
     record.since = bench.now - 192000; // three minutes of pictures take long
-    live(100);
+    run_on(100);
     CHECK(both_languages("trend_recording"));
     const screen_picture shown = screen_shot();
     CHECK(str(record_picture()) == "2026-11-22-0138.png");
@@ -150,13 +150,13 @@ TEST_CASE("trend: a recording shows its time and file on all pages, and a full d
     go_to(2);
     go_to(5);
     zof_file_fault_set([](const char *, const char *) -> zof_bool { return ZOF_TRUE; });
-    live(100);
+    run_on(100);
     CHECK(eventually([] {
         record_tick();
         return record.state == RECORD_FULL;
     }));
     zof_file_fault_set(nullptr);
-    live(400);
+    run_on(400);
     CHECK(both_languages("trend_disk_full"));
     CHECK(!is_shown(5, VIEW5_STRIP_RECORDING_ID));
     screen_click(684, 396);
@@ -180,18 +180,18 @@ TEST_CASE("trend: a scale grows at once, and shrinks when a smaller one has done
     };
     const auto volts = [&] { return top({VIEW5_VOLTS_AXIS3_ID, VIEW5_VOLTS_AXIS4_ID, VIEW5_VOLTS_AXIS5_ID}); };
     const auto low = [&] { return top({VIEW5_LOW_AXIS3_ID, VIEW5_LOW_AXIS4_ID, VIEW5_LOW_AXIS5_ID}); };
-    live(100);
+    run_on(100);
     CHECK((volts() == "15 V" && low() == "1.5 A"));
     readings(30000, 4000);
-    live(100);
+    run_on(100);
     CHECK((volts() == "50 V" && low() == "5.0 A"));
     readings();
-    live(68000);
+    run_on(68000);
     CHECK((volts() == "50 V" && low() == "5.0 A"));
-    live(4000);
+    run_on(4000);
     CHECK((volts() == "15 V" && low() == "1.5 A"));
     screen_click(526, 396);
-    live(100);
+    run_on(100);
     CHECK(low() == "15 W");
 }
 
@@ -209,7 +209,7 @@ TEST_CASE("trend: a recording is shown with its times of day, and nothing of the
     go_to(5);
     readings();
     screen_click(436, 396);
-    live(200);
+    run_on(200);
     CHECK((text_of(5, VIEW5_FILE_ID) == "a.csv" && text_of(5, VIEW5_TIME0_ID) == "22:54"));
     CHECK((text_of(5, VIEW5_TIME_NOW_ID) == "23:54" && text_of(5, VIEW5_SPAN_ID) == "0:49:59"));
     CHECK((text_of(5, VIEW5_MAX_VOLTS_ID) == "9.00" && !is_shown(5, VIEW5_VOLTS_SET_ID)));

@@ -1,41 +1,18 @@
 // The model against a box on a bad line and a user in a hurry: whatever happens, these rules hold.
-#include <random>
-#include <utility>
-
-#include "bench/bench.h"
-#include "board.h"
-#include "frames.h"
 #include "port/zof_host.h"
-#include "register_line.h"
+#include "random_line.h"
 #include "temp_project.h"
 #include "zof_test.h"
 
 enum { SEEDS = 10000, STEPS = 30 };
 
-// One run: the box, the line between it and the panel, and what the user meant at the moment.
+// What the user meant at the moment of a run.
 static struct {
-    std::mt19937 random;
-    board box;
-    bool port, cable;     // the panel has a port; its bytes reach the box and come back
-    double lose, garbage; // chances of a byte
     bool on_meant, held;
     const bench_choice_t *applied; // by the user, at this moment
     u32 offs;                      // requests of off
 } run;
 static u32 clock_ms;
-static const char *broken;
-
-static bool chance(double p) {
-    return std::uniform_real_distribution<>(0, 1)(run.random) < p;
-}
-
-static u32 pick(u32 count) {
-    return run.random() % count;
-}
-
-static void must(bool rule, const char *what) {
-    broken = rule || broken ? broken : what;
-}
 
 // What leaves the panel, judged by what the user did and what the panel knew.
 static void judge(u16 addr, u16 value) {
@@ -70,34 +47,10 @@ static void judge(u16 addr, u16 value) {
     }
 }
 
-static s32 line_send(zof_drv_t *, const u8 *data, u32 size) {
-    frame_report_words(bytes(data, data + size), [](u16 addr, u16 value) {
-        judge(addr, value);
-        if (run.cable && !chance(run.lose * 8)) {
-            board_report(run.box, addr, value);
-        }
-    });
-    return (s32)size;
-}
-
-static void box_write(u16 addr, const std::vector<u16> &words) {
-    bytes frame = frame_write(addr, words);
-    for (size_t i = 0; i < frame.size(); i++) {
-        if (chance(run.lose)) {
-            frame.erase(frame.begin() + (long)i);
-        } else if (chance(run.garbage)) {
-            frame[i] = (u8)pick(256);
-        }
-    }
-    if (run.port && run.cable && !frame.empty()) {
-        recive_data_handle(frame.data(), (u32)frame.size());
-    }
-}
-
 static void pass(u32 ms) {
     for (; ms >= 50; ms -= 50) {
         clock_ms += 50;
-        board_step(run.box, 50);
+        board_step(line.box, 50);
         bench_tick();
         must(bench_age() == BENCH_DEAD || bench.now - bench.seen_at <= BENCH_DEAD_MS, "nothing old is live");
         must(!bench.set_known || bench_live(), "set values are not known without the box");
@@ -105,7 +58,6 @@ static void pass(u32 ms) {
 }
 
 static void port_set(bool on) {
-    run.port = on;
     const bench_port_t port = {.state = on ? BENCH_PORT_OPEN : BENCH_PORT_GONE, .path = "/dev/ttyUSB0"};
     bench_take_port(&port);
 }
@@ -115,7 +67,9 @@ static void press_off() {
     const bool deaf = bench.now < bench.deaf_until, known_off = bench_out_known() && !bench.on && !bench.turning_on;
     run.offs = 0;
     must(bench_toggle_down() != known_off, "a press on what is not off means off");
-    must(known_off || (deaf && bench_out_known()) || run.offs == 1 || (bench.off_wanted && !run.port), "off is sent");
+    must(known_off || (deaf && bench_out_known()) || run.offs == 1 ||
+             (bench.off_wanted && bench.port.state != BENCH_PORT_OPEN),
+         "off is sent");
 }
 
 static void press_on() {
@@ -143,12 +97,6 @@ static void apply() {
     run.held = false;
 }
 
-static void replace_rails() {
-    std::vector<prof_t> rails = board_default_rails(pick(RAIL_MAX + 1));
-    std::shuffle(rails.begin(), rails.end(), run.random);
-    board_set_rails(run.box, rails);
-}
-
 static void step() {
     static void (*const acts[])() = {press_off,
                                      press_on,
@@ -156,17 +104,17 @@ static void step() {
                                      apply,
                                      apply,
                                      apply,
-                                     replace_rails,
+                                     [] { random_line_rails(pick(RAIL_MAX + 1)); },
                                      bench_rails_ask,
-                                     [] { run.cable = !run.cable; },
-                                     [] { run.cable = true; },
-                                     [] { port_set(!run.port); },
+                                     [] { line.cable = !line.cable; },
+                                     [] { line.cable = true; },
+                                     [] { port_set(bench.port.state != BENCH_PORT_OPEN); },
                                      [] { port_set(true); },
                                      [] { bench_setting(REG_AUTO_ARM, (u16)pick(2)); },
                                      [] { bench_session_reset(); },
                                      [] { bench_session_undo(); },
-                                     [] { board_power_up(run.box); },
-                                     [] { board_output(run.box, chance(0.5)); },
+                                     [] { board_power_up(line.box); },
+                                     [] { board_output(line.box, chance(0.5)); },
                                      [] { pass(pick(3000)); }};
     acts[pick(sizeof(acts) / sizeof(acts[0]))]();
     pass(pick(600));
@@ -176,21 +124,17 @@ TEST_CASE("bench: ten thousand random sessions on a bad line never send what was
     static constexpr zof_clock_t clock = {[] { return clock_ms; }, [](u32) {}};
     static constexpr zof_hw_client_t client = {bench_take, bench_take_word, bench_tick};
     zof_clock_set(&clock);
-    register_line_open(line_send);
+    register_line_open(random_line_send);
+    random_line_judge = judge;
     zof_hw_client_set(&client);
     u32 seed = 0;
     printed([&seed] {
         for (; seed < SEEDS && !broken; seed++) {
             run = {};
-            run.random.seed(seed);
-            run.lose = chance(0.5) ? 0 : 0.01;
-            run.garbage = chance(0.7) ? 0 : 0.01;
-            run.cable = true;
-            run.box.rails = board_default_rails();
-            run.box.write = box_write;
+            random_line_start(seed, 0.01, 0.01);
             bench_start();
             port_set(true);
-            board_power_up(run.box);
+            board_power_up(line.box);
             for (u32 i = 0; i < STEPS && !broken; i++) {
                 step();
             }
