@@ -15,6 +15,9 @@ ROUND = 4294967295
 
 TOUCHED = {"button", "image_button", "slider", "sw", "cb", "tileview", "txtbox", "list", "droplist", "rollist", "spinbox",
            "keyboard", "tile", "sketchpad", "btnmatrix", "scrollcont", "scrollcont_obj", "mbox", "table", "arc"}
+# A finger needs so many pixels; what is drawn smaller also takes touches around it. Some types are as high as their text.
+FINGER = 44
+SMALL = {"button": None, "slider": None, "sw": None, "droplist": None, "cb": 24, "txtbox": 36, "spinbox": 40}
 
 
 def body(**keys):
@@ -71,6 +74,9 @@ class View:
         common = {"name": name or f"{kind}_{self.last}", "id": self.last, "parent_id": parent, "pub": pub,
                   "pt": {"x": x, "y": y}, "size": {"width": w, "height": h}, "t_mode": int(touch), "hidden": hidden,
                   "alpha": alpha}
+        small = min(w, SMALL[kind] or h) if touch and kind in SMALL else FINGER
+        if small < FINGER:
+            common["click_area"] = (FINGER - small + 1) // 2
         if scroll:
             common["scrollbar_t"] = scroll
         entry = {"pub_t": common, **keys}

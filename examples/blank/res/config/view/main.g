@@ -10,7 +10,7 @@
             "pub_t": {"name": "button", "id": 2, "pt": {"x": 140, "y": 170}, "size": {"width": 200, "height": 72},
                       "t_mode": 1, "alpha": 255},
             "txt": "Press me",
-            "styles": [{"body_t": {"main_color": 3115496, "opa": 255, "radius": 14}, "txt_t": {"color": 16777215, "opa": 255}},
+            "styles": [{"body_t": {"main_color": 2388168, "opa": 255, "radius": 14}, "txt_t": {"color": 16777215, "opa": 255}},
                        {"style_state": 32, "body_t": {"main_color": 2187952, "opa": 255, "radius": 14},
                         "txt_t": {"color": 16777215, "opa": 255}}]
         }}
