@@ -25,6 +25,8 @@ TEST_CASE("the project file fills the record and the list of views") {
         "unknown": [1, 2], "hw_t": {"dis_t": {"off_x": 3}, "tone_t": {"sound": "k.wav"}},
         "views": [{"pageId": 2, "pageName": "two.g"}, {"pageId": 3}, {"pageName": "x"},
                   {"pageId": "4", "pageName": "x"}, 7, {"pageId": 1, "pageName": "one.g"}]})");
+    CHECK((!zof_j2s_view(nullptr) && !zof_j2s_get_prj_attr(nullptr) && zof_j2s_view_name_list_get(nullptr) == -1));
+    RootJsonDel(nullptr);
     CHECK((zof_prj_create(nullptr, 0) == -1 && zof_prj_obj_create(nullptr) == nullptr)); // no project yet
     zof_prj_t *prj = nullptr;
     std::string log = printed([&] { prj = project.open(); });

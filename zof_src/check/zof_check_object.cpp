@@ -48,13 +48,13 @@ static const char *unknown_report(check_run_t *c, const check_file_t *file, u32 
     const char *meant = key_near(record, name);
     const char *place = std::strcmp(record->name, "entry") == 0 ? entry_place(name) : nullptr;
     if (place) {
-        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs into %s", name, place);
+        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs in %s", name, place);
     } else if (around) {
-        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs into %s", name, around->key);
+        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs in %s", name, around->key);
     } else if (outer && zof_cat_key(outer, name)) {
-        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs into the object around this one", name);
+        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs in the object around this one", name);
     } else if (outer && key_around(outer, name, 1)) {
-        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs into %s, beside this object", name,
+        check_report_key(c, file, node, CHECK_KEY_PLACE, "the key %s belongs in %s, beside this object", name,
                          key_around(outer, name, 1)->key);
     } else if (meant) {
         check_report_key(c, file, node, CHECK_KEY_UNKNOWN, "unknown key %s; did you mean %s?", name, meant);

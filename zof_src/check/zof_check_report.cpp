@@ -18,7 +18,7 @@ const zof_check_rule_t zof_check_rules[] = {
     {"strict", ZOF_FALSE, "the runtime reads it, but it is not JSON, and other programs refuse it"},
     {"key-twice", ZOF_TRUE, "a key is given twice in one object"},
     {"key-unknown", ZOF_TRUE, "no object of this kind has the key"},
-    {"key-place", ZOF_TRUE, "the key belongs into another object"},
+    {"key-place", ZOF_TRUE, "the key belongs in another object"},
     {"kind", ZOF_TRUE, "the value is of the wrong kind, so it counts as absent"},
     {"range", ZOF_TRUE, "the number is out of range"},
     {"fraction", ZOF_FALSE, "the number has a fraction, which is cut off"},

@@ -80,7 +80,7 @@ static const reflect_item_t *row_of(const reflect_item_t *table, const char *key
     return nullptr;
 }
 
-// Returns the row of the object that this key belongs into; null if none does.
+// Returns the row of the object that this key belongs in; null if none does.
 static const reflect_item_t *row_around(const reflect_item_t *table, const char *key) {
     for (; table->key; table++) {
         if (table->type == CSON_OBJECT && row_of(table->table, key)) {

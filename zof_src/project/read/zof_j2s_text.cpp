@@ -5,12 +5,10 @@
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 
-// Returns the file's size; -1 for anything but a regular file, because some systems can open a folder, which has a huge
-// size or none.
+// Returns the file's size; -1 if it is unknown or larger than 2 GiB. Some systems can open a folder, whose size is
+// huge.
 static long size_of(FILE *file) {
-    if (std::fseek(file, 0, SEEK_END) != 0) {
-        return -1;
-    }
+    std::fseek(file, 0, SEEK_END);
     long size = std::ftell(file);
     std::rewind(file);
     return size > INT32_MAX ? -1 : size;
