@@ -90,3 +90,22 @@ TEST_CASE("changed texts take effect immediately, are saved whole or not at all,
     CHECK(zof_lang_set(zof_prj_get_cur()->lang_name) == 0); // the name stored in the project
     CHECK(shown("#hello") == "Hallo");
 }
+
+TEST_CASE("names of icons in texts and translations are shown as letters, and nothing else between colons is") {
+    lang_project project;
+    project.write("config/icons.g", R"({"cup": "U+E001", "a": "U+10FFFF", "bad": "E002", "none": 5})");
+    project.write("config/languages/en.g", R"({"brew": ":cup: Brew"})");
+    const std::string log = printed([&] { REQUIRE(project.open()); });
+    CHECK(contains(log, "icons.g:1:36: bad: expected a letter as \"U+E000\""));
+    for (const auto &[text, wanted] :
+         std::vector<std::pair<const char *, const char *>>{{"#brew", "\uE001 Brew"},
+                                                            {":CUP::cup:", "\uE001\uE001"},
+                                                            {"::a::a:", ":\U0010FFFF\U0010FFFF"},
+                                                            {"12:30:45 :cup", "12:30:45 :cup"},
+                                                            {":bad: :tea: ::", ":bad: :tea: ::"},
+                                                            {"a:cup:b:", "a\uE001b:"}}) {
+        CHECK(shown(text) == wanted);
+    }
+    const char *first = zof_lang_get_cur_str(":cup:"), *second = zof_lang_get_cur_str(":a:");
+    CHECK((str(first) == "\uE001" && str(second) == "\U0010FFFF"));
+}

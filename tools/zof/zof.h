@@ -20,7 +20,7 @@ struct zof_command_t {
     int (*run)(); // after the options were read; returns the exit status
 };
 
-extern const zof_command_t zof_ids_command, zof_monitor_command, zof_check_command, zof_fmt_command, zof_view_command,
-    zof_catalogue_command, zof_doctor_command, zof_lint_command;
+extern const zof_command_t zof_ids_command, zof_monitor_command, zof_check_command, zof_fmt_command, zof_font_command,
+    zof_view_command, zof_catalogue_command, zof_doctor_command, zof_lint_command;
 
 #endif

@@ -61,6 +61,7 @@ const zof_cat_file_t zof_cat_files[] = {
     {"config/view/*", "one view: its background and its controls", &zof_cat_view_file},
     {"config/theme/*/*.g", "the initial styles of a control type; OPTIONAL", &zof_cat_theme},
     {"config/languages/*.g", "the texts of one language; OPTIONAL", nullptr},
+    {"config/icons.g", "names of icons in texts; OPTIONAL", nullptr},
     {"image/*", "pictures: PNG and JPEG (`.jpg`); `image/logo.png` is shown on black at start", nullptr},
     {"font/*", "fonts: `.ttf`, `.otf`, `.ttc`, `.woff`, or bitmap fonts `.bin`", nullptr},
     {"video/*", "clips", nullptr},

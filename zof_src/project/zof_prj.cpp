@@ -8,6 +8,7 @@
 #include "drv/zof_drv_file.h"
 #include "drv/zof_drv_touch.h"
 #include "project/look/zof_font.h"
+#include "project/look/zof_icons.h"
 #include "project/look/zof_lang.h"
 #include "project/path/zof_res.h"
 #include "project/read/zof_j2s.h"
@@ -63,6 +64,7 @@ zof_prj_t *zof_prj_obj_create(const char *path) {
     prj->view_list = zof_view_list_create();
     prj->view_names = zof_view_name_list_get(nullptr);
     prj->font_list = zof_font_list_create();
+    prj->icons = zof_icons_load();
     if (prj->attr->language) {
         zof_lang_set(prj->attr->language);
     }

@@ -48,6 +48,7 @@ typedef struct {
     char *lang_name;
     struct cJSON *lang_root; // null without a language
     u8 lang_dirty;           // the table has unsaved changes
+    struct cJSON *icons;     // names of icons in texts; null if there are none
 } zof_prj_t;
 
 // The current project; null before one is created, and after one that could not be read.

@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "project/base/zof_prj_up.h"
+#include "project/look/zof_icons.h"
 #include "project/path/zof_res.h"
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
@@ -147,7 +148,7 @@ static cJSON *entry_of(const char *reference) {
 
 const char *zof_lang_get_cur_str(const char *text) {
     cJSON *entry = zof_lang_check_str(text) ? entry_of(text) : nullptr;
-    return entry ? entry->valuestring : text;
+    return zof_icons_show(entry ? entry->valuestring : text);
 }
 
 s32 zof_lang_set_cur_str(const char *reference, const char *value) {

@@ -16,8 +16,9 @@ s32 zof_lang_set(const char *name);
 // Returns 1 for a reference, otherwise 0.
 s32 zof_lang_check_str(const char *text);
 
-// Returns the text to show: for a reference that of the table, valid until the table changes; `text` itself if it is
-// not a reference or the table does not have it. Keys are not case-sensitive.
+// Returns the text to show: for a reference that of the table, `text` itself if it is not a reference or the table does
+// not have it; valid until the table changes. A text with names of icons becomes a copy, valid until the fourth further
+// call. Keys are not case-sensitive.
 const char *zof_lang_get_cur_str(const char *text);
 
 // Changes an entry in memory; controls show it after their next update. Returns 0, also when it does nothing: without a
