@@ -22,6 +22,7 @@ static const struct {
 })"},
     {link_g, R"({"hmi_en": 1, "uart": {"win_port": 5}, "head_fh": 90, "head_fl": 165})"},
     {english_g, "{\"a\": \"A\", \"b\": \"B\"}"},
+    {"config/icons.g", "{\"cup\": \"U+E001\"}"},
     {"config/languages/de.g", "{\"a\": \"A\", \"b\": \"B\"}"},
     {theme_g, R"({"styles": [{"body_t": {"opa": 255}}]})"},
     {"image/notes.txt", "of the designer"},
@@ -211,6 +212,9 @@ static const struct {
      "config/languages/de.g:1:2: warning: no file uses the text a [text-unused]\n"
      "8:9: warning: config/languages/de.g has no text c [text-missing]\n"
      "8:9: warning: config/languages/en.g has no text c [text-missing]"},
+    {"config/icons.g", "U+", "", "1:9: error: expected a letter as \"U+E000\" [kind]"},
+    {english_g, "\"B\"", "\":cap: :cup: 12:30:45 x:y:z\"",
+     "1:17: warning: there is no icon cap; did you mean cup? [icon]"},
     {link_g, "165", "90", "1:66: error: head_fh and head_fl are equal, so no link is opened [link]"},
     {ignore, "", "text-unused x nothing\nstyle view\n# a comment\n",
      "1:1: warning: there is no finding text-unused at x; remove the line [ignore]\n2:1: warning: expected RULE "

@@ -371,7 +371,7 @@ static int font_run() {
 const zof_command_t zof_font_command = {
     "font", "make a font of exactly the letters and icons that a project needs",
     "  zof font add Inter.ttf --project res --size 16,24\n"
-    "  zof font add Inter.ttf --project res --icons MaterialIcons.ttf:local_cafe,settings\n"
+    "  zof font add Inter.ttf --project res --icons icons.ttf:cafe,settings\n"
     "Letters are those of all views and languages, digits, and ASCII if something is typed on the panel. Icons\n"
     "are written by name, \":settings: Setup\"; their letters are in config/icons.g. Run it again when texts\n"
     "have changed. Exit status 1 if the font lacks letters.",

@@ -65,6 +65,8 @@ static void files_check(check_run_t *c) {
             check_view_file(c, file);
         } else if (check_begins(file->path, "config/theme/")) {
             check_theme_file(c, file);
+        } else if (std::strcmp(file->path, "config/icons.g") == 0) {
+            check_icon_file(c, file);
         } else if (std::strcmp(file->path, "config/project/zofhmi.g") == 0) {
             check_link_file(c, file);
         }

@@ -48,6 +48,7 @@ enum check_rule_e {
     CHECK_THEME,
     CHECK_LANGUAGE,
     CHECK_TEXT_MISSING,
+    CHECK_ICON,
     CHECK_TEXT_UNUSED,
     CHECK_LINK,
     CHECK_IGNORE,
@@ -183,6 +184,8 @@ void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zo
 void check_geometry(check_run_t *c, const check_file_t *file);
 
 void check_language_file(check_run_t *c, check_file_t *file);
+void check_icon_file(check_run_t *c, const check_file_t *file);
+void check_icon_use(check_run_t *c, const check_file_t *file, u32 node, const char *text);
 void check_word_use(check_run_t *c, const check_file_t *file, u32 node, const char *text);
 void check_words(check_run_t *c);
 

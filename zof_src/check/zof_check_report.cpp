@@ -48,6 +48,7 @@ const zof_check_rule_t zof_check_rules[] = {
     {"theme", ZOF_FALSE, "there is no such theme, or no type for a theme file"},
     {"language", ZOF_TRUE, "there is no such language"},
     {"text-missing", ZOF_FALSE, "a language has no text for a key"},
+    {"icon", ZOF_FALSE, "a text names an icon that config/icons.g does not have"},
     {"text-unused", ZOF_FALSE, "no file uses the text; a program may"},
     {"link", ZOF_TRUE, "the serial link cannot work"},
     {"ignore", ZOF_FALSE, "a line of zof-check.ignore has a wrong form, or names no finding"},

@@ -21,8 +21,11 @@ void check_language_file(check_run_t *c, check_file_t *file) {
     for (u32 at = file->doc.nodes[0].child; at != ZOF_J_NONE; at = file->doc.nodes[at].next) {
         char key[256];
         zof_jdoc_key(&file->doc, at, key, sizeof key);
-        if (file->doc.nodes[at].kind != ZOF_J_TEXT) {
+        char text[1024];
+        if (zof_jdoc_text(&file->doc, at, text, sizeof text) < 0) {
             check_report(c, file, at, CHECK_KIND, "expected a text");
+        } else {
+            check_icon_use(c, file, at, text);
         }
         word_add(c, c->words, key, file, at);
     }
@@ -32,6 +35,8 @@ void check_language_file(check_run_t *c, check_file_t *file) {
 void check_word_use(check_run_t *c, const check_file_t *file, u32 node, const char *text) {
     if (text[0] == '#' && text[1]) {
         word_add(c, c->uses, text + 1, file, node);
+    } else {
+        check_icon_use(c, file, node, text);
     }
 }
 
