@@ -21,6 +21,8 @@ static const struct {
      "the built-in font has no Ж of \"aЖ\" (in de) [letter]"},
     {R"({"type": "label", P"pub_t": {"name": "faint", "id": 5, "pt": {"x": 0, "y": 60}, "size": {"width": 90, "height": 20}, "alpha": 255}, "txt": "faint", "styles": [{"txt_t": {"color": "#999", "opa": 255}}]}},)",
      "\"faint\" has a contrast of 2.84:1, less than 4.5:1 [contrast]"},
+    {R"({"type": "label", P"pub_t": {"name": "unseen", "id": 22, "pt": {"x": 300, "y": 30}, "size": {"width": 90, "height": 20}, "alpha": 255}, "txt": "unseen", "styles": [{"txt_t": {"color": "#000"}}]}},)",
+     "\"unseen\" cannot be seen: its text has no opacity [contrast]"},
     {R"({"type": "label", P"pub_t": {"name": "below", "id": 6, "pt": {"x": 100, "y": 60}, "size": {"width": 90, "height": 20}, "alpha": 255}, "txt": "below"}},)",
      ""},
     {R"({"type": "label", P"pub_t": {"name": "above", "id": 7, "pt": {"x": 108, "y": 64}, "size": {"width": 90, "height": 20}, "alpha": 255}, "txt": "above"}},)",

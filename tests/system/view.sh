@@ -1,6 +1,6 @@
 #!/bin/sh
-# zof view: pictures, sheets and trees without a display, the same bytes each time; and a window under Xvfb with a real
-# pointer and real keys.      usage: view.sh BUILD_FOLDER SOURCE_FOLDER
+# zof view, and zof lint, which draws as it does: pictures, sheets and trees without a display, the same bytes each time;
+# and a window under Xvfb with a real pointer and real keys.      usage: view.sh BUILD_FOLDER SOURCE_FOLDER
 . "$(dirname "$0")/lib.sh"
 view="$1/tools/zof view"
 res=$work/res
@@ -13,7 +13,7 @@ ends() {
     shift
     status=0
     env -u DISPLAY SDL_VIDEODRIVER= timeout 60 $view "$@" >out.log 2>&1 || status=$?
-    [ $status -eq "$want" ] || fail "zof view $* ended with $status, not $want"
+    [ $status -eq "$want" ] || fail "$view $* ended with $status, not $want"
 }
 says() { grep -qF -- "$1" out.log || fail "there is no \"$1\" in:"; }
 
@@ -42,6 +42,25 @@ sed 's/"v_name": "main",/"v_name": "main"/' "$res/config/view/main.g" >broken &&
 ends 3 res --shot x.png
 says 'main.g:2:31: expected ","'
 cp "$2/examples/blank/res/config/view/main.g" "$res/config/view/main.g"
+
+view="$1/tools/zof lint"
+for i in 1 2; do
+    ends 0 "$work" --sheet lint$i.png
+done
+cmp lint1.png lint2.png || fail "the sheet of zof lint differs from run to run"
+cmp lint1.png sheet1.png || fail "the sheet of a clean project has marks"
+sed -i 's/"height": 72/"height": 30/' "$res/config/view/main.g"
+ends 1 res --strict --format json --sheet lint3.png
+says '"severity": "error"'
+says '"rule": "target"'
+! cmp -s lint1.png lint3.png || fail "the sheet marks nothing"
+ends 2
+ends 2 res --format html
+ends 3 nowhere
+ends 3 res --view none
+ends 0 --rules
+cp "$2/examples/blank/res/config/view/main.g" "$res/config/view/main.g"
+view="$1/tools/zof view"
 
 start screen Xvfb -displayfd 1 -screen 0 800x600x24
 expect screen.log '^[0-9]*$'

@@ -51,8 +51,7 @@ static void size_add(cJSON *out, const char *name, s32 width, s32 height) {
     cJSON_AddItemToObject(out, name, cJSON_CreateIntArray(size, 2));
 }
 
-// Fonts
-// ----------------------------------------------------------------------------------------------------------------
+// Fonts --------------------------------------------------------------------------------------------------------------
 
 // Returns the files and the size of a font of the project, "inter.ttf 24"; empty for a built-in one.
 static std::string font_name(const lv_font_t *font) {
@@ -121,8 +120,7 @@ static void fonts_add(cJSON *out, const lv_obj_t *obj, const std::set<const lv_f
     }
 }
 
-// Touches
-// --------------------------------------------------------------------------------------------------------------
+// Touches ------------------------------------------------------------------------------------------------------------
 
 static const lv_obj_t *touched_at(lv_point_t point) {
     lv_disp_t *disp = lv_disp_get_default();
@@ -187,8 +185,7 @@ static void target_add(cJSON *out, const owners_t &owners, const owner_t *owner,
     cJSON_AddBoolToObject(out, "round", 2 * lv_obj_get_style_radius(obj, 0) >= small && 4 * large <= 5 * small);
 }
 
-// Controls
-// -------------------------------------------------------------------------------------------------------------
+// Controls -----------------------------------------------------------------------------------------------------------
 
 // How much of its ink is still there in the end, and what covers most of the rest.
 static void ink_add(cJSON *out, const owners_t &owners, const review_ink_t &ink) {
@@ -255,6 +252,7 @@ static cJSON *text_make(const review_text_t &text, const owners_t &owners) {
     if (!text.missing.empty()) {
         cJSON_AddStringToObject(out, "missing", text.missing.c_str());
     }
+    cJSON_AddNumberToObject(out, "opacity", text.opa);
     if (text.contrast > 0) {
         cJSON_AddNumberToObject(out, "contrast", std::floor(text.contrast * 100) / 100);
     }

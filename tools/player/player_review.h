@@ -29,9 +29,10 @@ struct review_text_t {
     std::string missing; // letters that no font of the chain has
     std::string broken;  // the first word that goes on in the next line without a break
     s32 broken_width, line_width;
-    bool dots;                  // its end is replaced by dots
-    lv_point_t needs, has;      // sizes: of the whole text, and what it has of that
-    bool symbols;               // it has nothing but symbols
+    bool dots;             // its end is replaced by dots
+    lv_point_t needs, has; // sizes: of the whole text, and what it has of that
+    bool symbols;          // it has nothing but symbols
+    u8 opa;
     double contrast;            // 1 to 21, of nearly all of its ink; 0: not known
     std::map<size_t, u32> over; // texts below it, by their place in the list, with how many of their pixels are there
     review_ink_t ink;
@@ -55,8 +56,8 @@ struct review_t {
 // Draws all layers. Main thread, outside of the drawing of LVGL.
 review_t review_draw();
 
-// Returns the part of an area of `obj` that can be seen, or scrolled to; `own` if the object cuts it off as well, and
-// not only its parents.
+// player_review_room.cpp: returns the part of an area of `obj` that can be seen, or scrolled to; `own` if the object
+// cuts it off as well, and not only its parents.
 lv_area_t review_room(const lv_obj_t *obj, const lv_area_t *area, bool own);
 
 // Returns true if `obj` is `outer` or in it.

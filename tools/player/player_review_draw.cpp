@@ -17,58 +17,7 @@ static struct {
     std::vector<u32> written; // and its colour
 } run;
 
-// Room
-// -----------------------------------------------------------------------------------------------------------------
-
-// Labels could be scrolled if they did take touches, but nobody expects it of a text.
-static bool scrolls(const lv_obj_t *obj, bool vertical) {
-    lv_obj_t *at = (lv_obj_t *)obj;
-    if (lv_obj_has_class(at, &lv_roller_class)) {
-        return vertical;
-    }
-    if (lv_obj_has_class(at, &lv_label_class)) {
-        const lv_label_long_mode_t mode = lv_label_get_long_mode(at);
-        return !vertical && (mode == LV_LABEL_LONG_SCROLL || mode == LV_LABEL_LONG_SCROLL_CIRCULAR);
-    }
-    if (!lv_obj_has_flag(at, LV_OBJ_FLAG_SCROLLABLE)) {
-        return false;
-    }
-    return vertical ? (lv_obj_get_scroll_dir(at) & LV_DIR_VER) &&
-                          lv_obj_get_scroll_top(at) + lv_obj_get_scroll_bottom(at) > 0
-                    : (lv_obj_get_scroll_dir(at) & LV_DIR_HOR) &&
-                          lv_obj_get_scroll_left(at) + lv_obj_get_scroll_right(at) > 0;
-}
-
-lv_area_t review_room(const lv_obj_t *obj, const lv_area_t *area, bool own) {
-    lv_area_t room = *area;
-    bool free_x = false;
-    bool free_y = false;
-    for (const lv_obj_t *at = own ? obj : lv_obj_get_parent(obj); at; at = lv_obj_get_parent(at)) {
-        free_x = free_x || scrolls(at, false);
-        free_y = free_y || scrolls(at, true);
-        lv_area_t limit = at->coords;
-        const lv_coord_t more = at == obj ? _lv_obj_get_ext_draw_size(obj) : 0; // what it may draw outside of itself
-        lv_area_increase(&limit, more, more);
-        if (lv_obj_has_flag((lv_obj_t *)at, LV_OBJ_FLAG_OVERFLOW_VISIBLE)) {
-            continue;
-        }
-        room.x1 = free_x ? room.x1 : LV_MAX(room.x1, limit.x1);
-        room.x2 = free_x ? room.x2 : LV_MIN(room.x2, limit.x2);
-        room.y1 = free_y ? room.y1 : LV_MAX(room.y1, limit.y1);
-        room.y2 = free_y ? room.y2 : LV_MIN(room.y2, limit.y2);
-    }
-    return room;
-}
-
-// Ink
-// ------------------------------------------------------------------------------------------------------------------
-
-bool review_inside(const lv_obj_t *obj, const lv_obj_t *outer) {
-    while (obj && obj != outer) {
-        obj = lv_obj_get_parent(obj);
-    }
-    return obj != nullptr;
-}
+// Ink ----------------------------------------------------------------------------------------------------------------
 
 // Notes what `obj` has drawn over the ink of something else since the last call. What belongs to `obj`, such as the
 // digit under a cursor, is still seen, as it is drawn now.
@@ -90,11 +39,16 @@ static void cover_note(review_ink_t *ink, const lv_obj_t *obj, bool own) {
 }
 
 static void covers_note(const lv_obj_t *obj) {
+    lv_area_t area = obj->coords;
+    const lv_coord_t more = _lv_obj_get_ext_draw_size(obj);
+    lv_area_increase(&area, more, more);
     for (review_text_t &text : run.out->texts) {
-        cover_note(&text.ink, obj, review_inside(text.obj, obj));
+        if (_lv_area_is_on(&text.box, &area)) {
+            cover_note(&text.ink, obj, review_inside(text.obj, obj));
+        }
     }
     for (auto &[control, seen] : run.out->seen) {
-        if (seen.before.empty()) {
+        if (seen.before.empty() && _lv_area_is_on(&control->coords, &area)) {
             cover_note(&seen.ink, obj, review_inside(control, obj));
         }
     }
@@ -134,8 +88,7 @@ static void samples_end(const lv_obj_t *obj) {
     seen->ink.last = seen->ink.value;
 }
 
-// Texts
-// ----------------------------------------------------------------------------------------------------------------
+// Texts --------------------------------------------------------------------------------------------------------------
 
 // The picture in a rectangle, before a text is drawn there.
 struct patch_t {
@@ -288,11 +241,20 @@ static bool is_repeated(const char *text) {
            run.out->texts.back().obj == obj;
 }
 
+// LVGL draws nothing for a text without opacity, and does not even choose its font.
+static void unseen_take(const lv_area_t *coords, const char *text) {
+    run.out->texts.push_back({.obj = run.obj, .text = text, .box = *coords, .room = *coords, .contrast = 1});
+}
+
 // In a layer of its own, which is turned or blended later, a text is laid out but its pixels are not known.
 void __wrap_lv_draw_label(lv_draw_ctx_t *ctx, const lv_draw_label_dsc_t *dsc, const lv_area_t *coords, const char *text,
                           lv_draw_label_hint_t *hint) {
-    if (!run.on || !text || dsc->opa <= LV_OPA_MIN || is_repeated(text)) {
+    if (!run.on || !text || !*text || is_repeated(text)) {
         __real_lv_draw_label(ctx, dsc, coords, text, hint);
+        return;
+    }
+    if (dsc->opa <= LV_OPA_MIN) {
+        unseen_take(coords, text);
         return;
     }
     const review_layout_t layout = review_layout(ctx, dsc, coords, text);
@@ -304,7 +266,8 @@ void __wrap_lv_draw_label(lv_draw_ctx_t *ctx, const lv_draw_label_dsc_t *dsc, co
                            .font = dsc->font,
                            .missing = layout.missing,
                            .broken = layout.broken,
-                           .symbols = layout.symbols};
+                           .symbols = layout.symbols,
+                           .opa = dsc->opa};
     found.box = layout.lines.empty() ? *coords : lines_join(layout.lines);
     found.room = text_room(found);
     found.broken_width = layout.broken_width;
@@ -370,8 +333,7 @@ lv_res_t __wrap_lv_event_send(lv_obj_t *obj, lv_event_code_t code, void *param) 
 // NOLINTEND(bugprone-reserved-identifier)
 }
 
-// The picture
-// ----------------------------------------------------------------------------------------------------------
+// The picture --------------------------------------------------------------------------------------------------------
 
 // As LVGL draws a picture of an object, with a display of its own that differs from the real one in its buffer only.
 static void layers_draw(lv_area_t *all) {

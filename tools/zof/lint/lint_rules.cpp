@@ -60,8 +60,14 @@ static bool is_disabled(const cJSON *control) {
     return strstr(lint_text(control, "state"), "disabled") != nullptr;
 }
 
-// Texts
-// ----------------------------------------------------------------------------------------------------------------
+// Messages and keyboards come and go, so that what they cover is seen again.
+static const cJSON *lasting_control(const lint_case_t &at, const char *path) {
+    const cJSON *other = other_control(at, path);
+    const std::string type = lint_text(other, "type");
+    return type == "message box" || type == "keyboard" ? nullptr : other;
+}
+
+// Texts --------------------------------------------------------------------------------------------------------------
 
 // How many pixels of a box are outside of another, at the worst edge.
 static s32 outside(const view_box_t &box, const view_box_t &room) {
@@ -104,7 +110,9 @@ static void letter_check(const lint_case_t &at) {
 static void contrast_check(const lint_case_t &at) {
     const double contrast = lint_number(at.text, "contrast", 0);
     const double least = lint_is(at.text, "symbols") ? SYMBOL_CONTRAST : CONTRAST;
-    if (contrast > 0 && contrast < least && !is_disabled(at.control)) {
+    if (lint_number(at.text, "opacity", 255) == 0) {
+        lint_add(at, "contrast", 0, quoted(lint_text(at.text, "text")) + " cannot be seen: its text has no opacity");
+    } else if (contrast > 0 && contrast < least && !is_disabled(at.control)) {
         char text[100];
         snprintf(text, sizeof text, " has a contrast of %.2f:1, less than %.1f:1", contrast, least);
         lint_add(at, "contrast", -contrast, quoted(lint_text(at.text, "text")) + text);
@@ -144,7 +152,7 @@ static bool text_overlapped(const lint_case_t &at, const cJSON *by) {
 static void text_covered_check(const lint_case_t &at) {
     const s32 seen = (s32)lint_number(at.text, "seen", 100);
     const bool control_seen = lint_number(at.control, "seen", 100) >= 1;
-    const cJSON *cover = seen < SEEN && control_seen ? other_control(at, lint_text(at.text, "cover")) : nullptr;
+    const cJSON *cover = seen < SEEN && control_seen ? lasting_control(at, lint_text(at.text, "cover")) : nullptr;
     if (cover && !text_overlapped(at, cover)) {
         lint_add(at, "covered", 100 - seen,
                  std::to_string(100 - seen) + " % of " + quoted(lint_text(at.text, "text")) + " is covered by " +
@@ -152,15 +160,14 @@ static void text_covered_check(const lint_case_t &at) {
     }
 }
 
-// Controls
-// -------------------------------------------------------------------------------------------------------------
+// Controls -----------------------------------------------------------------------------------------------------------
 
 static void covered_check(const lint_case_t &at) {
     const s32 seen = (s32)lint_number(at.control, "seen", 100);
-    const cJSON *cover = seen < 1 ? other_control(at, lint_text(at.control, "cover")) : nullptr;
+    const cJSON *cover = seen < 1 ? lasting_control(at, lint_text(at.control, "cover")) : nullptr;
     const s32 reach = (s32)lint_number(at.control, "reach", 100);
     const bool touched = lint_is(at.control, "touchable") && lint_is(at.control, "touch");
-    const cJSON *blocker = touched && reach < REACH ? other_control(at, lint_text(at.control, "blocker")) : nullptr;
+    const cJSON *blocker = touched && reach < REACH ? lasting_control(at, lint_text(at.control, "blocker")) : nullptr;
     if (cover) {
         lint_add(at, "covered", 100, std::string("it is covered by ") + lint_text(cover, "path"));
     } else if (blocker) {
@@ -208,8 +215,7 @@ static void fonts_check(const lint_case_t &at) {
     }
 }
 
-// The walk
-// -------------------------------------------------------------------------------------------------------------
+// The walk -----------------------------------------------------------------------------------------------------------
 
 static const cJSON *view_named(const cJSON *review, const std::string &name) {
     const cJSON *view = nullptr;
@@ -248,7 +254,8 @@ static void texts_take(lint_case_t at, const cJSON *view) {
     cJSON_ArrayForEach(at.text, cJSON_GetObjectItem(at.review, "texts")) {
         const std::string path = lint_text(at.text, "control");
         at.control = control_named(at.review, path.c_str());
-        if (!at.control || lint_number(at.control, "view", 0) != lint_number(view, "id", 0)) {
+        if (!at.control || lint_is(at.control, "hidden") ||
+            lint_number(at.control, "view", 0) != lint_number(view, "id", 0)) {
             continue;
         }
         at.box = box_common(lint_box(at.text, "box"), lint_box(at.control, "box"));

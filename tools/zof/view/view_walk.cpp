@@ -1,6 +1,7 @@
 #include "view_walk.h"
 
 #include <cstdio>
+#include <set>
 
 #include "view.h"
 
@@ -18,9 +19,11 @@ bool view_file_write(const std::string &path, const std::string &bytes) {
     return good && !bytes.empty();
 }
 
+// Each player of the project reports the same faults.
 static void message_print(const cJSON *line) {
+    static std::set<std::string> printed;
     const char *event = cJSON_GetStringValue(cJSON_GetObjectItem(line, "event"));
-    if (event && std::string(event) == "message") {
+    if (event && std::string(event) == "message" && printed.insert(view_message_text(line)).second) {
         fprintf(stderr, "%s\n", view_message_text(line).c_str());
     }
 }
