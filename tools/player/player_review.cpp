@@ -138,8 +138,8 @@ static void reach_add(cJSON *out, const owners_t &owners, const owner_t *owner) 
     enum { STEPS = 12 };
     lv_obj_t *obj = owner->record->obj;
     lv_area_t area = obj->coords;
-    if (!lv_obj_area_is_visible(obj, &area)) {
-        return;
+    if (!lv_obj_area_is_visible(obj, &area) || !_lv_area_intersect(&area, &area, &obj->coords)) {
+        return; // LVGL returns an area that is larger by what a transformation may need
     }
     s32 own = 0;
     std::map<const owner_t *, s32> others;
