@@ -28,7 +28,7 @@ static const struct {
     {R"({"type": "label", P"pub_t": {"name": "above", "id": 7, "pt": {"x": 108, "y": 64}, "size": {"width": 90, "height": 20}, "alpha": 255}, "txt": "above"}},)",
      "\"above\" overlaps \"below\" of home/below [overlap]"},
     {R"({"type": "button", P"pub_t": {"name": "behind", "id": 8, "pt": {"x": 200, "y": 60}, "size": {"width": 90, "height": 50}, "t_mode": 1, "alpha": 255}}},)",
-     "touches of 58 % of its area go to home/front [covered]"},
+     "touches of 59 % of its area go to home/front [covered]"},
     {R"({"type": "label", P"pub_t": {"name": "under", "id": 9, "pt": {"x": 222, "y": 112}, "size": {"width": 60, "height": 20}, "alpha": 255}, "txt": "under"}},)",
      "69 % of \"under\" is covered by home/front [covered]"},
     {R"({"type": "button", P"pub_t": {"name": "front", "id": 10, "pt": {"x": 236, "y": 60}, "size": {"width": 60, "height": 80}, "t_mode": 1, "alpha": 255}, "styles": [{"body_t": {"main_color": "#000", "opa": 255}}]}},)",
