@@ -10,7 +10,7 @@
 
 static const char project_g[] = "config/project/zofprj.g", link_g[] = "config/project/zofhmi.g",
                   view_g[] = "config/view/one.g", theme_g[] = "config/theme/t/button.g",
-                  english_g[] = "config/languages/en.g", ignore[] = "zof-check.ignore";
+                  english_g[] = "config/languages/en.g", looks_g[] = "config/looks.g", ignore[] = "zof-check.ignore";
 
 static const struct {
     const char *path, *text;
@@ -25,11 +25,16 @@ static const struct {
     {"config/icons.g", "{\"cup\": \"U+E001\"}"},
     {"config/languages/de.g", "{\"a\": \"A\", \"b\": \"B\"}"},
     {theme_g, R"({"styles": [{"body_t": {"opa": 255}}]})"},
+    {looks_g, R"({"colors": {"dark": "#123", "brown": "$dark"}, "looks": {
+"plain": {"body_t": {"opa": 255, "border": {"width": 2}}, "txt_t": {"color": "$brown"}},
+"more": {"is": "plain", "pressed": {"body_t": {"main_color": "$dark"}}}}})"},
+    {"config/theme/t/looks.g",
+     R"({"colors": {"bright": 16777215}, "looks": {"more": {"txt_t": {"color": "$bright"}}}})"},
     {"image/notes.txt", "of the designer"},
     {view_g, R"({
 "view": {"v_name": "one", "v_id": 1, "bg_scale": 255},
 "controls": [
-{"type": 2, "theme": "t", "property": {
+{"type": 2, "theme": "t", "look": "More", "property": {
  "pub_t": {"name": "box", "id": 1, "size": {"width": 300, "height": 200}, "alpha": 255}}},
 {"type": "button", "theme": "t", "property": {
  "pub_t": {"name": "more", "id": 2, "parent_id": 1, "pt": {"x": 9, "y": 9}, "size": {"width": 90, "height": 40}, "t_mode": 1, "alpha": 255},
@@ -122,7 +127,7 @@ static const struct {
      "9:28: error: unknown; the names are main, scroll bar, indicator, knob, selection, items, ticks, cursor, "
      "placeholder [name]"},
     {view_g, "\"#D9863D\"", "\"#D9863\"",
-     "9:65: error: a colour is \"#RRGGBB\" or \"#RGB\", in hexadecimal digits [colour]"},
+     "9:65: error: a colour is \"#RRGGBB\" or \"#RGB\", in hexadecimal digits, or \"$name\" [colour]"},
     {view_g, "\"#D9863D\"", "4294967295", "9:65: error: a colour is a number from 0 to 16777215, 0xRRGGBB [colour]"},
     {view_g, "\"theme\": \"\",", "",
      "14:1: error: theme is missing: name of a theme; it need not exist. Without this key the view ends here "
@@ -247,6 +252,22 @@ static const struct {
     {view_g, "\"on.png\"", "\"notes.txt\"", "10:95: error: pictures are .png, .jpg or .gif files [file-name]"},
     {project_g, "\"language\": \"en\"", "\"language\": \"EN\"",
      "2:74: error: the file is config/languages/en.g [file-case]"},
+    {view_g, "\"look\": \"More\"", "\"look\": \"Mor\"",
+     "config/looks.g:3:1: warning: no control has the look more [look-unused]\n"
+     "config/theme/t/looks.g:1:44: warning: no control has the look more [look-unused]\n"
+     "4:35: error: there is no look Mor; did you mean more? [look]"},
+    {view_g, "\"options\":", "\"styles\": [{\"body_t\": {\"main_color\": \"$bright\"}}], \"options\":",
+     "16:39: error: there is no colour bright [look]"},
+    {looks_g, "\"is\": \"plain\"", "\"is\": \"plan\"",
+     "2:1: warning: no control has the look plain [look-unused]\n"
+     "3:16: error: there is no look plan; did you mean plain? [look]"},
+    {looks_g, "{\"body_t\": {\"opa\"", "{\"is\": \"more\", \"body_t\": {\"opa\"",
+     "2:17: error: the look inherits from itself [look]\n3:16: error: the look inherits from itself [look]"},
+    {looks_g, "\"$dark\"}, ", "\"$brown\"}, ", "1:38: error: the colour refers to itself [look]"},
+    {looks_g, "\"$brown\"", "\"$borwn\"", "2:78: error: there is no colour borwn; did you mean brown? [look]"},
+    {looks_g, "\"pressed\"", "\"presed\"", "3:25: error: unknown key presed; did you mean pressed? [key-unknown]"},
+    {looks_g, "\"looks\": {", "\"looks\": {\"MORE\": {}, ",
+     "3:1: error: more is given twice; the first one is used [key-twice]"},
     {project_g, "[{\"pageId\": 1, \"pageName\": \"one.g\"}]", "3",
      "3:10: error: expected an array, found a number [kind]"},
     {"config/view/two.g", "", "{\"view\": {\"v_id\": 2}, \"controls\": []}",

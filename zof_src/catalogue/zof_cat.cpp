@@ -11,7 +11,8 @@ const zof_cat_kind_t zof_cat_kinds[] = {
     {"text", "text", "", "a text that is not translated"},
     {"words", "text", "", "a text that is shown: itself, or that of a language key, `\"#key\"`"},
     {"colour", "number", "",
-     "a text, `\"#RRGGBB\"` or `\"#RGB\"`, or the same as a number, 0xRRGGBB: white is 16777215, red is "
+     "a text, `\"#RRGGBB\"` or `\"#RGB\"`, the name of a colour of [looks](#looks), `\"$name\"`, or a number, "
+     "0xRRGGBB: white is 16777215, red is "
      "16711680, green is 65280, blue is 255"},
     {"opacity", "number", "", "0 is invisible, 255 opaque"},
     {"length", "number", "px", "pixels"},
@@ -30,6 +31,7 @@ const zof_cat_kind_t zof_cat_kinds[] = {
     {"file", "text", "", "a file in `config/view/`"},
     {"language", "text", "", "a file in `config/languages/`, without `.g`"},
     {"theme", "text", "", "a folder in `config/theme/`"},
+    {"look", "text", "", "the name of a [look](#looks)"},
     {"options", "text", "", "words, one option per line (separated by `\\n`)"},
     {"object", "object", "", "an object with keys of its own"},
     {"array", "array", "", "a list"},
@@ -42,23 +44,34 @@ static_assert(ZOF_CAT_COUNT(zof_cat_groups) == ZOF_CAT_GROUP_COUNT);
 #define RECORD_OF_TYPE(NAME, type) &zof_cat_##type,
 static const zof_cat_record_t no_record = {};
 const zof_cat_record_t *const zof_cat_records[] = {
-    &zof_cat_project,  &zof_cat_views,     &zof_cat_hw,
-    &zof_cat_dis,      &zof_cat_tone,      &zof_cat_touch,
-    &zof_cat_func,     &zof_cat_standby,   &zof_cat_link,
-    &zof_cat_uart,     &zof_cat_view_file, &zof_cat_view,
-    &zof_cat_entry,    &zof_cat_pub_t,     &zof_cat_point,
-    &zof_cat_size,     &zof_cat_scrollbar, &zof_cat_style,
-    &zof_cat_body,     &zof_cat_border,    &zof_cat_shadow,
-    &zof_cat_padding,  &zof_cat_text_look, &zof_cat_picture_look,
-    &zof_cat_theme,    &zof_cat_line_look, &zof_cat_cursor,
-    &zof_cat_angles,   &zof_cat_range,     &zof_cat_marks,
-    &zof_cat_list_btn, &zof_cat_caption,   ZOF_CTRL_TYPES(RECORD_OF_TYPE) & no_record,
+    &zof_cat_project,    &zof_cat_views,
+    &zof_cat_hw,         &zof_cat_dis,
+    &zof_cat_tone,       &zof_cat_touch,
+    &zof_cat_func,       &zof_cat_standby,
+    &zof_cat_link,       &zof_cat_uart,
+    &zof_cat_view_file,  &zof_cat_view,
+    &zof_cat_entry,      &zof_cat_pub_t,
+    &zof_cat_point,      &zof_cat_size,
+    &zof_cat_scrollbar,  &zof_cat_style,
+    &zof_cat_body,       &zof_cat_border,
+    &zof_cat_shadow,     &zof_cat_padding,
+    &zof_cat_text_look,  &zof_cat_picture_look,
+    &zof_cat_theme,      &zof_cat_line_look,
+    &zof_cat_cursor,     &zof_cat_angles,
+    &zof_cat_range,      &zof_cat_marks,
+    &zof_cat_list_btn,   &zof_cat_caption,
+    &zof_cat_looks_file, &zof_cat_colors,
+    &zof_cat_looks,      &zof_cat_look,
+    &zof_cat_look_style, ZOF_CTRL_TYPES(RECORD_OF_TYPE) & no_record,
 };
 
 const zof_cat_file_t zof_cat_files[] = {
     {"config/project/zofprj.g", "size, start page, language, hardware, and the list of views", &zof_cat_project},
     {"config/project/zofhmi.g", "the serial link to a host; OPTIONAL", &zof_cat_link},
     {"config/view/*", "one view: its background and its controls", &zof_cat_view_file},
+    {"config/looks.g", "colours and looks by name; OPTIONAL", &zof_cat_looks_file},
+    {"config/theme/*/looks.g", "the same as a theme shows them, over those of the project; OPTIONAL",
+     &zof_cat_looks_file},
     {"config/theme/*/*.g", "the initial styles of a control type; OPTIONAL", &zof_cat_theme},
     {"config/languages/*.g", "the texts of one language; OPTIONAL", nullptr},
     {"config/icons.g", "names of icons in texts; OPTIONAL", nullptr},
@@ -76,6 +89,15 @@ const zof_cat_key_t *zof_cat_key(const zof_cat_record_t *record, const char *key
         }
     }
     return nullptr;
+}
+
+const zof_cat_key_t *zof_cat_key_of(const zof_cat_record_t *record, const char *key) {
+    const zof_cat_key_t *found = zof_cat_key(record, key);
+    zof_style_key_t style;
+    if (found || (record == &zof_cat_look && zof_style_key_read(key, &style) != 0)) {
+        return found;
+    }
+    return zof_cat_key(record, "*");
 }
 
 const reflect_item_t *zof_cat_row(const zof_cat_record_t *record, const zof_cat_key_t *key) {

@@ -35,6 +35,7 @@ typedef enum {
     ZOF_CAT_FILE,    // a file of config/view/
     ZOF_CAT_LANGUAGE,
     ZOF_CAT_THEME,
+    ZOF_CAT_LOOK_NAME,
     ZOF_CAT_OPTIONS, // lines of a list, each words
     ZOF_CAT_OBJECT,  // a record
     ZOF_CAT_ARRAY,   // of records, or of values of `kind` of the record's only key
@@ -73,7 +74,8 @@ enum {
 
 struct zof_cat_record;
 
-// A key of a record.
+// A key of a record. "*" stands for all others: those that name a style, "pressed" or "items:checked", if the record is
+// that of a look, and any name otherwise.
 typedef struct {
     const char *key;
     zof_cat_kind_e kind;
@@ -132,6 +134,9 @@ extern const u32 zof_cat_file_count;
 
 // Returns the row of a key, without regard to case; null if the record has none.
 const zof_cat_key_t *zof_cat_key(const zof_cat_record_t *record, const char *key);
+
+// The same for a key of a file, for which "*" may stand.
+const zof_cat_key_t *zof_cat_key_of(const zof_cat_record_t *record, const char *key);
 
 // Returns the reflection row of a key; null for one that is read by hand.
 const reflect_item_t *zof_cat_row(const zof_cat_record_t *record, const zof_cat_key_t *key);

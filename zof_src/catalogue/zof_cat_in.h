@@ -39,6 +39,7 @@ extern const zof_cat_record_t zof_cat_views, zof_cat_hw, zof_cat_dis, zof_cat_to
 extern const zof_cat_record_t zof_cat_view, zof_cat_entry, zof_cat_scrollbar;
 extern const zof_cat_record_t zof_cat_body, zof_cat_border, zof_cat_shadow, zof_cat_padding, zof_cat_text_look,
     zof_cat_picture_look;
+extern const zof_cat_record_t zof_cat_looks_file, zof_cat_colors, zof_cat_looks, zof_cat_look, zof_cat_look_style;
 extern const zof_cat_record_t zof_cat_angles, zof_cat_range, zof_cat_marks, zof_cat_list_btn, zof_cat_caption;
 
 // Those of the control types.

@@ -88,6 +88,8 @@ static const zof_cat_key_t entry_keys[] = {
      .help = "control type: number or name, see [control types](#control-types)", .flags = ZOF_CAT_NEEDED},
     {.key = "theme", .kind = ZOF_CAT_THEME, .group = ZOF_CAT_LOOK, .start = "\"\"",
      .help = "name of a theme; it need not exist. **Without this key the view ends here**", .flags = ZOF_CAT_NEEDED},
+    {.key = "look", .kind = ZOF_CAT_LOOK_NAME, .group = ZOF_CAT_LOOK,
+     .help = "name of a [look](#looks), which takes the place of the theme's styles for the type"},
     {.key = "property", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_CONTENT,
      .help = "`pub_t`, the keys of the type, and `styles`", .flags = ZOF_CAT_NEEDED},
 };

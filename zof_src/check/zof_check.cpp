@@ -63,6 +63,8 @@ static void files_check(check_run_t *c) {
         }
         if (view) {
             check_view_file(c, file);
+        } else if (check_is_looks(file)) {
+            check_looks_file(c, file);
         } else if (check_begins(file->path, "config/theme/")) {
             check_theme_file(c, file);
         } else if (std::strcmp(file->path, "config/icons.g") == 0) {
@@ -71,6 +73,7 @@ static void files_check(check_run_t *c) {
             check_link_file(c, file);
         }
     }
+    check_looks_unused(c);
     check_words(c);
     check_language_need(c);
     check_media(c);

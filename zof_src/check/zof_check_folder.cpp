@@ -198,6 +198,10 @@ void check_folder_free(check_run_t *c) {
     }
     zof_free(c->files.at);
     zof_free(c->ctrls.at);
+    for (u32 i = 0; i < c->looks.count; i++) {
+        zof_free(c->looks.at[i].name);
+    }
+    zof_free(c->looks.at);
     words_free(c->words);
     words_free(c->uses);
 }

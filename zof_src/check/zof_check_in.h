@@ -46,6 +46,8 @@ enum check_rule_e {
     CHECK_FILE_DAMAGED,
     CHECK_FOLDER,
     CHECK_THEME,
+    CHECK_LOOK,
+    CHECK_LOOK_UNUSED,
     CHECK_LANGUAGE,
     CHECK_TEXT_MISSING,
     CHECK_ICON,
@@ -81,6 +83,10 @@ struct check_word_t {
     bool used;
 };
 
+struct check_look_t {
+    char *name;
+};
+
 // A growing array of T.
 template <typename T> struct check_list_t {
     T *at;
@@ -108,6 +114,7 @@ struct check_run_t {
     check_list_t<zof_finding_t> findings;
     check_list_t<check_file_t> files;
     check_list_t<check_word_t> words, uses; // defined in language files; used by views
+    check_list_t<check_look_t> looks;       // that controls or other looks name
     check_list_t<check_ctrl_t> ctrls;       // of the current view
     u32 *ctrl_of_id;                        // of the current view: index + 1 in `ctrls`
     check_file_t *project;
@@ -182,6 +189,15 @@ void check_theme_file(check_run_t *c, const check_file_t *file);
 void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zof_cat_type_t *type,
                   const check_file_t *theme);
 void check_geometry(check_run_t *c, const check_file_t *file);
+
+// Files of looks; the look and the colours that others name; then looks that nobody names.
+bool check_is_looks(const check_file_t *file);
+// Returns true for a node whose styles inherit what they do not write: those of a look, or of a control that has one.
+bool check_has_look(const check_file_t *file, u32 node);
+void check_looks_file(check_run_t *c, const check_file_t *file);
+void check_look_use(check_run_t *c, const check_file_t *file, u32 node, const char *theme);
+void check_color_use(check_run_t *c, const check_file_t *file, u32 node, const char *name);
+void check_looks_unused(check_run_t *c);
 
 void check_language_file(check_run_t *c, check_file_t *file);
 void check_icon_file(check_run_t *c, const check_file_t *file);

@@ -107,7 +107,9 @@ void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zo
     for (u32 at = file->doc.nodes[styles].child; at != ZOF_J_NONE; at = file->doc.nodes[at].next) {
         if (file->doc.nodes[at].kind == ZOF_J_OBJECT && key_readable(file, at)) {
             style_check(c, file, at, type);
-            opacity_check(c, file, at, theme);
+            if (!check_has_look(file, at)) {
+                opacity_check(c, file, at, theme);
+            }
         }
     }
 }

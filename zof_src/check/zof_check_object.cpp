@@ -1,7 +1,9 @@
 // The keys of an object: those that are unknown, in the wrong place, given twice or missing.
 #include <cstring>
+#include <initializer_list>
 
 #include "check/zof_check_in.h"
+#include "project/base/zof_prj_names.h"
 #include "zof_lib/zof_util.h"
 
 enum { KEY_SIZE = 128, KEYS_MAX = 64 };
@@ -23,6 +25,12 @@ static const char *key_near(const zof_cat_record_t *record, const char *name) {
     u32 least = ZOF_TEXT_NEAR;
     for (u32 i = 0; i < record->count; i++) {
         meant = zof_text_nearer(name, record->keys[i].key, &least) ? record->keys[i].key : meant;
+    }
+    const bool look = zof_cat_key_of(record, "pressed") != nullptr; // the names of parts and states are keys
+    for (const zof_name_t *names : {zof_part_names, zof_state_names}) {
+        for (; look && names->name; names++) {
+            meant = zof_text_nearer(name, names->name, &least) ? names->name : meant;
+        }
     }
     return meant;
 }
@@ -92,7 +100,8 @@ static void missing_check(check_run_t *c, const check_file_t *file, u32 node, co
                           u64 seen) {
     for (u32 i = 0; i < record->count && i < KEYS_MAX; i++) {
         const zof_cat_key_t *key = &record->keys[i];
-        if (!(key->flags & ZOF_CAT_NEEDED) || seen >> i & 1 || strcmp(key->key, "alpha") == 0) {
+        if (!(key->flags & ZOF_CAT_NEEDED) || seen >> i & 1 || strcmp(key->key, "alpha") == 0 ||
+            (strcmp(key->key, "opa") == 0 && check_has_look(file, node))) {
             continue;
         }
         char help[200];
@@ -140,14 +149,15 @@ void check_object(check_run_t *c, const check_file_t *file, u32 node, const zof_
     for (u32 at = file->doc.nodes[node].child; at != ZOF_J_NONE; at = file->doc.nodes[at].next) {
         char name[KEY_SIZE];
         zof_jdoc_key(&file->doc, at, name, sizeof name);
-        const zof_cat_key_t *key = zof_cat_key(record, name);
+        const zof_cat_key_t *key = zof_cat_key_of(record, name);
         if (!key) { // the one that was meant is not reported as missing
             const char *meant = unknown_report(c, file, at, record, outer, name);
-            seen |= meant ? key_bit(record, zof_cat_key(record, meant)) : 0;
+            seen |= meant ? key_bit(record, zof_cat_key_of(record, meant)) : 0;
             continue;
         }
         const u64 bit = key_bit(record, key);
-        if (seen & bit) {
+        const bool free = key->key[0] == '*'; // the same row for all names
+        if (free ? zof_jdoc_get(&file->doc, node, name) != at : (seen & bit) != 0) {
             check_report_key(c, file, at, CHECK_KEY_TWICE, "%s is given twice; the first one is used", name);
             continue;
         }

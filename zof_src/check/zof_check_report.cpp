@@ -46,6 +46,8 @@ const zof_check_rule_t zof_check_rules[] = {
     {"file-damaged", ZOF_TRUE, "a file cannot be read or decoded"},
     {"folder", ZOF_FALSE, "a folder whose name is nearly one that the runtime reads"},
     {"theme", ZOF_FALSE, "there is no such theme, or no type for a theme file"},
+    {"look", ZOF_TRUE, "a look or a colour that does not exist, or that refers to itself"},
+    {"look-unused", ZOF_FALSE, "no control has the look, and none inherits from it"},
     {"language", ZOF_TRUE, "there is no such language"},
     {"text-missing", ZOF_FALSE, "a language has no text for a key"},
     {"icon", ZOF_FALSE, "a text names an icon that config/icons.g does not have"},

@@ -144,11 +144,16 @@ static void name_check(check_run_t *c, const check_file_t *file, u32 node, const
     char text[TEXT_SIZE];
     s64 value;
     zof_jdoc_text(&file->doc, node, text, sizeof text);
+    if (row->flags & CSON_COLORS && text[0] == '$') {
+        check_color_use(c, file, node, text + 1);
+        return;
+    }
     if (csonTextRead(row, text, &value) == 0) {
         return;
     }
     if (row->flags & CSON_COLORS) {
-        check_report(c, file, node, CHECK_COLOUR, "a colour is \"#RRGGBB\" or \"#RGB\", in hexadecimal digits");
+        check_report(c, file, node, CHECK_COLOUR,
+                     "a colour is \"#RRGGBB\" or \"#RGB\", in hexadecimal digits, or \"$name\"");
     } else {
         names_report(c, file, node, row, text);
     }

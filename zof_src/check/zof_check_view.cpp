@@ -242,6 +242,17 @@ static void theme_name_check(check_run_t *c, const check_file_t *file, u32 node)
     }
 }
 
+static void look_name_check(check_run_t *c, const check_file_t *file, const check_ctrl_t *ctrl) {
+    const u32 look = zof_jdoc_get(&file->doc, ctrl->entry, "look");
+    char theme[NAME_SIZE] = "";
+    check_text(file, ctrl->entry, "theme", theme, sizeof theme);
+    if (look != ZOF_J_NONE && ctrl->type->parts == 0) {
+        check_report_key(c, file, look, CHECK_STYLE, "a control of the type %s has no styles", ctrl->type->name);
+    } else if (look != ZOF_J_NONE) {
+        check_look_use(c, file, look, theme);
+    }
+}
+
 static void ctrl_check(check_run_t *c, const check_file_t *file, u32 index) {
     const check_ctrl_t ctrl = c->ctrls.at[index];
     if (!ctrl.type) {
@@ -256,6 +267,7 @@ static void ctrl_check(check_run_t *c, const check_file_t *file, u32 index) {
     ranges_check(c, file, &ctrl);
     captions_check(c, file, &ctrl);
     theme_name_check(c, file, zof_jdoc_get(&file->doc, ctrl.entry, "theme"));
+    look_name_check(c, file, &ctrl);
     check_styles(c, file, zof_jdoc_get(&file->doc, ctrl.property, "styles"), ctrl.type, theme_file(c, file, &ctrl));
 }
 

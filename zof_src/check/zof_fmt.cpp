@@ -116,7 +116,7 @@ static void object_convert(fmt_t *f, u32 node, const zof_cat_record_t *record) {
     for (u32 at = f->doc->nodes[node].child; at != ZOF_J_NONE; at = f->doc->nodes[at].next) {
         char name[64];
         zof_jdoc_key(f->doc, at, name, sizeof name);
-        const zof_cat_key_t *key = zof_cat_key(record, name);
+        const zof_cat_key_t *key = zof_cat_key_of(record, name);
         if (key) {
             member_convert(f, at, record, key);
         }

@@ -10,6 +10,7 @@
 #include "project/look/zof_font.h"
 #include "project/look/zof_icons.h"
 #include "project/look/zof_lang.h"
+#include "project/look/zof_look_in.h"
 #include "project/path/zof_res.h"
 #include "project/read/zof_j2s.h"
 #include "project/view/zof_view.h"
@@ -56,6 +57,7 @@ zof_prj_t *zof_prj_obj_create(const char *path) {
         zof_free(prj);
         return nullptr;
     }
+    zof_look_init();
     zof_prj_set_cur(prj); // first: all paths are relative to the current project
     prj->attr = zof_j2s_get_prj_attr(zof_prj_file_path());
     if (!prj->attr) {

@@ -142,6 +142,12 @@ s32 csonPeek(const void *json, void *record, const reflect_item_t *table);
 // unchanged, if the row has no such text.
 s32 csonTextRead(const reflect_item_t *row, const char *text, s64 *value);
 
+// Finds the colour of a name, for texts such as "$accent". Returns 0, or -1 with *value unchanged.
+typedef s32 (*cson_color_fn)(const char *name, s64 *value);
+
+// Sets who knows the names of colours, for all threads; null, which is the default: there are none.
+void csonColorsFrom(cson_color_fn fn);
+
 // Reports a text that csonTextRead does not know, with the names that it does, and what follows from it.
 void csonNameFault(const void *value, const reflect_item_t *row, const char *effect);
 

@@ -42,7 +42,16 @@ static bool row_accepts(size_t row_type, s32 json_type) {
     return row_type == type || (is_number(row_type) && is_number(type)) || (is_bool(row_type) && is_bool(type));
 }
 
+static cson_color_fn color_of_name;
+
+void csonColorsFrom(cson_color_fn fn) {
+    color_of_name = fn;
+}
+
 s32 csonTextRead(const reflect_item_t *row, const char *text, s64 *value) {
+    if (row->flags & CSON_COLORS && text[0] == '$') {
+        return color_of_name ? color_of_name(text + 1, value) : -1;
+    }
     if (row->flags & CSON_COLORS) {
         return zof_color_read(text, value);
     }

@@ -49,6 +49,10 @@ void cson_kind_fault(const void *value, const reflect_item_t *row, const char *e
 
 void csonNameFault(const void *value, const reflect_item_t *row, const char *effect) {
     const char *text = csomImpl.string_value(value);
+    if (row->flags & CSON_COLORS && text[0] == '$') {
+        cson_fault(value, row->key, "no looks.g has the colour %.40s; %s", text + 1, effect);
+        return;
+    }
     if (row->flags & CSON_COLORS) {
         cson_fault(value, row->key, "\"%.40s\" is not a colour, \"#RRGGBB\" or \"#RGB\"; %s", text, effect);
         return;

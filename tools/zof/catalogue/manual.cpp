@@ -1,5 +1,6 @@
 #include "manual.h"
 
+#include <cstring>
 #include <set>
 
 #include "check/zof_check.h"
@@ -145,7 +146,7 @@ static std::string block_of(const std::string &name) {
 
 static std::string missing(const std::set<std::string> &found) {
     for (u32 i = 0; zof_cat_records[i]->name; i++) {
-        const bool bare = zof_cat_records[i]->keys[0].key[0] == '0';
+        const bool bare = strchr("0*", zof_cat_records[i]->keys[0].key[0]) != nullptr; // said where it is a value
         if (!bare && !found.count(zof_cat_records[i]->name)) {
             return std::string("has no \"keys of ") + zof_cat_records[i]->name + ": begin\"";
         }

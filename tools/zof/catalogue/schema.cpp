@@ -6,7 +6,7 @@
 #include "json_in.h"
 #include "words.h"
 
-const char *const cat_schema_names[] = {"project", "link", "view", "theme", "language", nullptr};
+const char *const cat_schema_names[] = {"project", "link", "view", "looks", "theme", "language", nullptr};
 
 // Returns "a|b|c": all names of the types, including those of theme files.
 static std::string pattern_of(const zof_name_t *names) {
@@ -47,7 +47,7 @@ static cJSON *number_json(const zof_cat_key_t *key, const reflect_item_t *row) {
 // Returns the texts that a file may contain in place of a number; null if there are none.
 static cJSON *words_json(const zof_cat_key_t *key, const reflect_item_t *row) {
     if (key->kind == ZOF_CAT_COLOR) {
-        return pattern_json("^#([0-9A-Fa-f]{3}|[0-9A-Fa-f]{6})$");
+        return pattern_json("^(#([0-9A-Fa-f]{3}|[0-9A-Fa-f]{6})|\\$.+)$");
     }
     if (!row || !row->names) {
         return nullptr;
@@ -145,15 +145,35 @@ static void entry_types_add(cJSON *entry) {
     }
 }
 
-static cJSON *record_json(const zof_cat_record_t *record) {
+// The names of styles in a look: object, part and states, of which any may be left out, but not all.
+static std::string style_names_pattern(void) {
+    const std::string state = "(" + pattern_of(zof_state_names) + ")";
+    const std::string more = ")(:(?=.)|$))?";
+    return "^(?=.)((" + pattern_of(zof_sect_names) + more + "((" + pattern_of(zof_part_names) + more + "( *" + state +
+           "( *[+ ] *" + state + ")* *)?$";
+}
+
+// Keys of a record whose names are free.
+static void free_keys_add(cJSON *json, const zof_cat_record_t *record, const zof_cat_key_t *key) {
+    const std::string pattern = strcmp(record->name, "look") == 0 ? style_names_pattern() : ".*";
+    cJSON *patterns = cJSON_AddObjectToObject(json, "patternProperties");
+    cJSON_AddItemToObject(patterns, pattern.c_str(), property_json(record, key));
+}
+
+// `whole`: keys that are needed must be there; looks inherit them.
+static cJSON *record_json(const zof_cat_record_t *record, bool whole) {
     cJSON *json = plain_json("object");
     json_text(json, "description", record->help);
     cJSON *properties = cJSON_AddObjectToObject(json, "properties");
     std::vector<std::string> needed;
     for (u32 i = 0; i < record->count; i++) {
         const zof_cat_key_t *key = &record->keys[i];
+        if (key->key[0] == '*') {
+            free_keys_add(json, record, key);
+            continue;
+        }
         cJSON_AddItemToObject(properties, key->key, property_json(record, key));
-        if (key->flags & ZOF_CAT_NEEDED) {
+        if (whole && key->flags & ZOF_CAT_NEEDED) {
             needed.push_back(key->key);
         }
     }
@@ -166,19 +186,19 @@ static cJSON *record_json(const zof_cat_record_t *record) {
 }
 
 // Adds the definitions of a record and of all that it refers to.
-static void definitions_add(cJSON *definitions, const zof_cat_record_t *record) {
+static void definitions_add(cJSON *definitions, const zof_cat_record_t *record, bool whole) {
     if (cJSON_GetObjectItemCaseSensitive(definitions, record->name)) {
         return;
     }
-    cJSON_AddItemToObject(definitions, record->name, record_json(record));
+    cJSON_AddItemToObject(definitions, record->name, record_json(record, whole));
     for (u32 i = 0; i < record->count; i++) {
         if (record->keys[i].record) {
-            definitions_add(definitions, record->keys[i].record);
+            definitions_add(definitions, record->keys[i].record, whole);
         }
     }
     for (const zof_cat_type_t &type : zof_cat_types) {
         if (strcmp(record->name, "entry") == 0) {
-            definitions_add(definitions, type.record);
+            definitions_add(definitions, type.record, whole);
         }
     }
 }
@@ -192,8 +212,8 @@ std::string cat_schema(const std::string &name) {
         cJSON_AddItemToObject(json, "additionalProperties", plain_json("string"));
         return json_print(json);
     }
-    const zof_cat_record_t *root = cat_record(name == "view" ? "view file" : name);
-    definitions_add(cJSON_AddObjectToObject(json, "definitions"), root);
+    const zof_cat_record_t *root = cat_record(name == "view" || name == "looks" ? name + " file" : name);
+    definitions_add(cJSON_AddObjectToObject(json, "definitions"), root, name != "looks");
     cJSON_AddItemToArray(cJSON_AddArrayToObject(json, "allOf"), reference(root));
     return json_print(json);
 }

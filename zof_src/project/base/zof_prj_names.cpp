@@ -1,6 +1,8 @@
 // Reference tables of names; the first name of a number is the one that tools write.
 #include "project/base/zof_prj_names.h"
 
+#include <cstring>
+
 #include "lvgl.h"
 #include "project/base/zof_ctrl_types.h"
 
@@ -106,3 +108,39 @@ const zof_name_t zof_text_align_names[] = {
 };
 
 const zof_name_t zof_press_names[] = {{"push", 0}, {"toggle", 1}, ZOF_NAMES_END};
+
+// Reads the next word as one of the kinds that may still follow. Returns false for any other word.
+static bool key_word_read(const char *word, u32 *kind, s64 *values) {
+    static const struct {
+        const zof_name_t *names;
+        bool sum;
+    } kinds[] = {{zof_sect_names, false}, {zof_part_names, false}, {zof_state_names, true}};
+    for (; *kind < 3; ++*kind) {
+        if (zof_names_read(kinds[*kind].names, kinds[*kind].sum, word, &values[*kind]) == 0) {
+            ++*kind;
+            return true;
+        }
+    }
+    return false;
+}
+
+s32 zof_style_key_read(const char *text, zof_style_key_t *key) {
+    s64 values[3] = {0, LV_PART_MAIN, LV_STATE_DEFAULT};
+    u32 kind = 0;
+    for (bool more = true; more;) {
+        char word[64];
+        const size_t length = std::strcspn(text, ":");
+        if (length >= sizeof word) {
+            return -1;
+        }
+        std::memcpy(word, text, length);
+        word[length] = 0;
+        if (!key_word_read(word, &kind, values)) {
+            return -1;
+        }
+        more = text[length] != 0;
+        text += length + more;
+    }
+    *key = {(u32)values[1], (u32)values[2], (u32)values[0]};
+    return 0;
+}

@@ -19,6 +19,16 @@ extern const zof_name_t zof_dir_names[];  // a sum: directions of scrolling
 extern const zof_name_t zof_text_align_names[];
 extern const zof_name_t zof_press_names[]; // of a button: springs back, or stays down
 
+// What a style is for: its part, a sum of states, and the object of the control.
+typedef struct {
+    u32 part, state, sect;
+} zof_style_key_t;
+
+// Reads the name of a style in a look: object, part and states, in this order, separated by ':', of which those that
+// are left out are "control", "main" and "always". "items:pressed" is the items while the control is pressed. Returns
+// 0, or -1 for any other text, with *key unchanged.
+s32 zof_style_key_read(const char *text, zof_style_key_t *key);
+
 ZOF_C_END
 
 #endif

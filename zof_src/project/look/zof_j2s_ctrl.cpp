@@ -4,6 +4,8 @@
 
 #include <cstring>
 
+#include "project/base/zof_prj_up.h"
+#include "project/look/zof_look_in.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
 #include "project/read/zof_fault.h"
@@ -213,6 +215,25 @@ static void entry_check(const zof_j2s_walk_t *walk, cJSON *entry, const zof_pub_
     }
 }
 
+// Returns the look that an entry names; null, after a message, if it names one that it cannot have.
+static const zof_look_t *look_of(cJSON *entry, u32 type, const char *theme) {
+    cJSON *json = cJSON_GetObjectItem(entry, "look");
+    if (!json) {
+        return nullptr;
+    }
+    const char *name = cJSON_GetStringValue(json);
+    const zof_look_t *look = name ? zof_look_get(zof_look_theme(theme ? theme : ""), name) : nullptr;
+    if (!name) {
+        zof_fault_at(json, "expected a text; the control has no look");
+    } else if (!look) {
+        zof_fault_at(json, "there is no look %.40s; the control has none", name);
+    } else if (zof_prj_up.ctrl_class(type)->no_theme) {
+        zof_fault_at(json, "a control of this type has no styles; the look is ignored");
+        look = nullptr;
+    }
+    return look;
+}
+
 zof_pub_attr_t *zof_j2s_walk_get(zof_j2s_walk_t *walk) {
     cJSON *entry = walk->entry;
     if (!entry) {
@@ -230,10 +251,17 @@ zof_pub_attr_t *zof_j2s_walk_get(zof_j2s_walk_t *walk) {
                                : "type is not a control type");
         return nullptr;
     }
-    const zof_pub_attr_t *styles = zof_theme_get_ctrl(cJSON_GetStringValue(theme), (u32)type);
+    const char *theme_name = cJSON_GetStringValue(theme);
+    const zof_colors_scope colors(zof_look_theme(theme_name));
+    const zof_look_t *look = look_of(entry, (u32)type, theme_name);
+    const zof_pub_attr_t *styles = look ? nullptr : zof_theme_get_ctrl(theme_name, (u32)type);
     zof_pub_attr_t *record = zof_j2s_ctrl_create(property, (u32)type);
-    if (record) {
+    if (record && look) {
+        zof_look_apply(look, record, cJSON_GetObjectItem(property, "styles"));
+    } else if (record) {
         styles_add(record, styles, cJSON_GetObjectItem(property, "styles"));
+    }
+    if (record) {
         entry_check(walk, entry, record);
     }
     return record;
@@ -266,7 +294,8 @@ void zof_j2s_ctrl_init(void) {
 
 // The theme's record is indexed only by type, so any name finds the one that was used.
 static void styles_delete(zof_pub_attr_t *record, u32 type) {
-    zof_pub_attr_t *theme = record->style_num ? zof_theme_get_ctrl(zof_theme_name[0], type) : nullptr;
+    const bool themed = record->style_num && !record->look;
+    zof_pub_attr_t *theme = themed ? zof_theme_get_ctrl(zof_theme_name[0], type) : nullptr;
     for (u32 i = 0; record->style_list && i < record->style_num; i++) {
         zof_style_attr_t *style = record->style_list[i];
         if (!style) {
@@ -275,9 +304,11 @@ static void styles_delete(zof_pub_attr_t *record, u32 type) {
         if (style->lv_style) {
             zof_style_del(nullptr, style);
         }
-        const zof_style_attr_t *origin = theme_style(theme, i);
-        release_replaced(style->txt_t.font_lib, nullptr, origin ? origin->txt_t.font_lib : nullptr);
-        release_replaced(style->img_t.bg_img, nullptr, origin ? origin->img_t.bg_img : nullptr);
+        if (!record->look) { // whose texts are kept
+            const zof_style_attr_t *origin = theme_style(theme, i);
+            release_replaced(style->txt_t.font_lib, nullptr, origin ? origin->txt_t.font_lib : nullptr);
+            release_replaced(style->img_t.bg_img, nullptr, origin ? origin->img_t.bg_img : nullptr);
+        }
         zof_free(style);
     }
     zof_free(record->style_list);
