@@ -104,6 +104,30 @@ static std::map<std::string, std::string> listing(const std::string &folder) {
     return out;
 }
 
+TEST_CASE("the tree names the source of each style: theme, look and its base, the view") {
+    temp_project_t project;
+    project_write(project);
+    std::string home = file_text(project.path("config/view/home.g"));
+    home.insert(home.find("{\"type\": 0") + 1, R"("look": "head", )");
+    project.write("config/view/home.g", home);
+    project.write("config/looks.g", "{\"looks\": {\"plain\": {\"txt_t\": {\"opa\": 255}},\n"
+                                    "\"head\": {\"is\": \"plain\", \"body_t\": {},\n\"items:pressed\": {}}}}");
+    project.write("config/theme/night/looks.g", R"({"looks": {"head": {"txt_t": {"color": 255}}}})");
+    player p;
+    p.load(project);
+    std::string tree = p.say(R"({"do": "tree", "view": "home"})");
+    for (size_t at; (at = tree.find(project.folder)) != tree.npos;) {
+        tree.erase(at, project.folder.size());
+    }
+    CHECK(contains(tree,
+                   R"([{"file":"config/looks.g","line":1,"column":21,"part":0,"state":0,"look":"plain"},)"
+                   R"({"file":"config/looks.g","line":2,"column":9,"part":0,"state":0,"look":"head"},)"
+                   R"({"file":"config/looks.g","line":3,"column":18,"part":327680,"state":32,"look":"head"},)"
+                   R"({"file":"config/theme/night/looks.g","line":1,"column":20,"part":0,"state":0,"look":"head"}])"));
+    CHECK(contains(tree, R"([{"file":"config/theme/night/button.g","line":1,"column":13,"part":0,"state":0},)"
+                         R"({"file":"config/view/home.g",)"));
+}
+
 TEST_CASE("a player answers every invalid line with an error and continues") {
     temp_project_t project;
     project_write(project);

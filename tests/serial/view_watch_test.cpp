@@ -171,7 +171,10 @@ TEST_CASE("the inspector describes what lies under the pointer, and walks throug
         {"path": "home/brew", "type": "button", "view": 2, "id": 10, "parent": "home/box", "box": [212, 204, 122, 56],
          "state": "pressed", "padding": [4, 4, 4, 4], "row": "button.state", "place": {"file": "a/home.g", "line": 38},
          "styles": [{"file": "a/coffee/button.g", "line": 3}, {"file": "a/home.g", "line": 40}, {"file": "a/home.g", "line": 44}]},
-        {"path": "home/box", "type": "container", "view": 2, "id": 4, "box": [200, 190, 150, 90], "state": "default"}]})");
+        {"path": "home/box", "type": "container", "view": 2, "id": 4, "box": [200, 190, 150, 90], "state": "default",
+         "styles": [{"file": "config/looks.g", "line": 3, "look": "plain"}, {"file": "config/looks.g", "line": 5, "look": "card"},
+                    {"file": "config/looks.g", "line": 6, "look": "card"},
+                    {"file": "config/theme/night/looks.g", "line": 2, "look": "card"}]}]})");
     view_inspector_take(&inspector, reply);
     CHECK(view_inspector_text(&inspector) ==
           "home/brew  button 10  212,204 122 x 56  pressed  theme button.g:3  styles home.g:40,44");
@@ -185,7 +188,9 @@ TEST_CASE("the inspector describes what lies under the pointer, and walks throug
     CHECK(image.pixels[190 * 400 + 199] == 0x4FC3FF);
     view_inspector_next(&inspector);
     view_inspector_take(&inspector, reply); // stays on the chosen one
-    CHECK(view_inspector_text(&inspector) == "home/box  container 4  200,190 150 x 90");
+    CHECK(view_inspector_text(&inspector) ==
+          "home/box  container 4  200,190 150 x 90  look plain looks.g:3  look card looks.g:5,6  look card "
+          "night/looks.g:2");
     CHECK(view_inspector_python(&inspector) == "");
     view_inspector_next(&inspector);
     CHECK(contains(view_inspector_text(&inspector), "home/brew"));

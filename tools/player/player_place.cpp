@@ -5,6 +5,7 @@
 #include "drv/zof_drv_file.h"
 #include "player.h"
 #include "project/base/zof_prj_up.h"
+#include "project/look/zof_look_in.h"
 #include "project/path/zof_res.h"
 #include "project/view/zof_view.h"
 #include "zof_lib/zof_jdoc.h"
@@ -64,13 +65,25 @@ static cJSON *place(const placed_t *file, u32 node) {
     return out;
 }
 
-static double number(const zof_jdoc_t *doc, u32 object, const char *key) {
+// A number or a name of `style_part` or `style_state`.
+static double number(const zof_jdoc_t *doc, u32 object, const char *key, const zof_name_t *names) {
     double value = 0;
+    char text[128];
+    s64 named = 0;
     const u32 node = zof_jdoc_get(doc, object, key);
-    if (node != ZOF_J_NONE) {
-        zof_jdoc_number(doc, node, &value);
+    if (node != ZOF_J_NONE && zof_jdoc_number(doc, node, &value) != 0 &&
+        zof_jdoc_text(doc, node, text, sizeof(text)) >= 0 &&
+        zof_names_read(names, names == zof_state_names, text, &named) == 0) {
+        value = (double)named;
     }
     return value;
+}
+
+static cJSON *style_place(const placed_t *file, u32 node, double part, double state) {
+    cJSON *style = place(file, node);
+    cJSON_AddNumberToObject(style, "part", part);
+    cJSON_AddNumberToObject(style, "state", state);
+    return style;
 }
 
 // The styles below an object that has them.
@@ -78,10 +91,48 @@ static void styles_add(cJSON *out, const placed_t *file, u32 object) {
     const u32 styles = object == ZOF_J_NONE ? object : zof_jdoc_get(&file->doc, object, "styles");
     const u32 first = styles == ZOF_J_NONE ? styles : file->doc.nodes[styles].child;
     for (u32 node = first; node != ZOF_J_NONE; node = file->doc.nodes[node].next) {
-        cJSON *style = place(file, node);
-        cJSON_AddNumberToObject(style, "part", number(&file->doc, node, "style_part"));
-        cJSON_AddNumberToObject(style, "state", number(&file->doc, node, "style_state"));
-        cJSON_AddItemToArray(out, style);
+        cJSON_AddItemToArray(out, style_place(file, node, number(&file->doc, node, "style_part", zof_part_names),
+                                              number(&file->doc, node, "style_state", zof_state_names)));
+    }
+}
+
+static void look_style_add(cJSON *out, const placed_t *file, u32 node, const char *look, const zof_style_key_t &key) {
+    cJSON *style = style_place(file, node, key.part, key.state);
+    cJSON_AddStringToObject(style, "look", look);
+    cJSON_AddItemToArray(out, style);
+}
+
+// The styles that a file has for a look; the look itself stands for that of its main part.
+static void look_in_file_add(cJSON *out, const placed_t *file, const char *look) {
+    const u32 looks = file && file->doc.count ? zof_jdoc_get(&file->doc, 0, "looks") : ZOF_J_NONE;
+    const u32 object = looks == ZOF_J_NONE ? looks : zof_jdoc_get(&file->doc, looks, look);
+    if (object == ZOF_J_NONE) {
+        return;
+    }
+    look_style_add(out, file, object, look, {});
+    for (u32 node = file->doc.nodes[object].child; node != ZOF_J_NONE; node = file->doc.nodes[node].next) {
+        char name[64];
+        zof_style_key_t key;
+        if (zof_jdoc_key(&file->doc, node, name, sizeof(name)) > 0 && zof_style_key_read(name, &key) == 0) {
+            look_style_add(out, file, node, look, key);
+        }
+    }
+}
+
+// The styles of a look, after those of the looks that it inherits from.
+static void look_add(cJSON *out, const zof_look_t *look) {
+    const std::string theme = look->theme;
+    const placed_t *project = placed(zof_res_get_g_file_path("config/", "looks"));
+    const placed_t *over =
+        theme.empty() ? nullptr : placed(zof_res_get_g_file_path("config/theme/", (theme + "/looks").c_str()));
+    std::vector<const char *> chain;
+    for (const char *name = look->name; name && chain.size() < ZOF_LOOK_CHAIN_MAX;
+         name = zof_look_base(look->theme, name)) {
+        chain.insert(chain.begin(), name);
+    }
+    for (const char *name : chain) {
+        look_in_file_add(out, project, name);
+        look_in_file_add(out, over, name);
     }
 }
 
@@ -118,7 +169,11 @@ void player_places_add(cJSON *out, const zof_view_node_t *view, const para_t *re
     cJSON_AddStringToObject(entry, "key", entry_key(file, at->second).c_str());
     cJSON_AddItemToObject(out, "place", entry);
     cJSON *styles = cJSON_AddArrayToObject(out, "styles");
-    const std::string theme = theme_of(file, at->second);
+    const zof_look_t *look = record->attr->look;
+    if (look) {
+        look_add(styles, look);
+    }
+    const std::string theme = look ? "" : theme_of(file, at->second);
     const placed_t *theme_file =
         theme.empty() ? nullptr : placed(zof_res_get_theme_path(theme.c_str(), record->attr->ctrl_type));
     if (theme_file && theme_file->doc.count) {

@@ -190,14 +190,25 @@ void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zo
                   const check_file_t *theme);
 void check_geometry(check_run_t *c, const check_file_t *file);
 
-// Files of looks; the look and the colours that others name; then looks that nobody names.
+// Files of looks, then looks that nobody names.
+void check_looks_file(check_run_t *c, const check_file_t *file);
+void check_looks_unused(check_run_t *c);
+
+// The file of looks of a theme, and that of the project; null if there is none.
+struct check_looks_t {
+    const check_file_t *of[2];
+};
+enum { CHECK_LOOK_NAME = 128 };
+check_looks_t check_looks_of(check_run_t *c, const char *theme);
 bool check_is_looks(const check_file_t *file);
 // Returns true for a node whose styles inherit what they do not write: those of a look, or of a control that has one.
 bool check_has_look(const check_file_t *file, u32 node);
-void check_looks_file(check_run_t *c, const check_file_t *file);
+// Writes the theme in which a value is read, at most CHECK_LOOK_NAME bytes: that of its file's folder, or of the
+// control around it.
+void check_theme_of(const check_file_t *file, u32 node, char *theme);
+// A value that names a look, or a colour.
 void check_look_use(check_run_t *c, const check_file_t *file, u32 node, const char *theme);
 void check_color_use(check_run_t *c, const check_file_t *file, u32 node, const char *name);
-void check_looks_unused(check_run_t *c);
 
 void check_language_file(check_run_t *c, check_file_t *file);
 void check_icon_file(check_run_t *c, const check_file_t *file);

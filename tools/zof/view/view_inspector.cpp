@@ -49,22 +49,38 @@ void view_inspector_next(view_inspector_t *inspector) {
     inspector->pick = count ? (inspector->pick + 1) % count : 0;
 }
 
-// "home.g:40"
+// "home.g:40"; files of looks have the same name in all themes: "night/looks.g:3".
 static std::string place_text(const cJSON *place) {
     const std::string file = text_of(place, "file");
-    return file.substr(file.find_last_of('/') + 1) + ":" + std::to_string(number_of(place, "line"));
+    size_t name = file.find_last_of('/') + 1;
+    const size_t theme = file.rfind("/theme/");
+    if (text_of(place, "look") != "" && theme != std::string::npos) {
+        name = theme + 7;
+    }
+    return file.substr(name) + ":" + std::to_string(number_of(place, "line"));
 }
 
+// Where a style comes from: "styles", "theme" or "look primary".
+static std::string source_of(const cJSON *style, const std::string &view) {
+    const std::string look = text_of(style, "look");
+    return !look.empty() ? "look " + look : text_of(style, "file") == view ? "styles" : "theme";
+}
+
+// "  look primary looks.g:3,7  styles home.g:40": styles of one source in one file are one list of lines.
 static std::string styles_text(const cJSON *control) {
-    std::string theme;
-    std::string own;
-    const std::string file = text_of(cJSON_GetObjectItem(control, "place"), "file");
+    const std::string view = text_of(cJSON_GetObjectItem(control, "place"), "file");
+    std::string all, source, file;
     const cJSON *style = nullptr;
     cJSON_ArrayForEach(style, cJSON_GetObjectItem(control, "styles")) {
-        std::string &to = text_of(style, "file") == file ? own : theme;
-        to += (to.empty() ? "" : ",") + (to.empty() ? place_text(style) : std::to_string(number_of(style, "line")));
+        if (source_of(style, view) == source && text_of(style, "file") == file) {
+            all += "," + std::to_string(number_of(style, "line"));
+            continue;
+        }
+        source = source_of(style, view);
+        file = text_of(style, "file");
+        all += "  " + source + " " + place_text(style);
     }
-    return (theme.empty() ? "" : "  theme " + theme) + (own.empty() ? "" : "  styles " + own);
+    return all;
 }
 
 std::string view_inspector_text(const view_inspector_t *inspector) {
