@@ -11,10 +11,11 @@ static const struct {
     {"config/languages/en.g", R"({"hello": "hello"})"},
     {"config/project/zofhmi.g", R"({"hmi_en": 1, "uart": {"win_port": 5}, "head_fh": 1, "head_fl": 2})"},
     {"config/theme/youth/label.g", R"({"styles": []})"},
-    {"config/view/one.g", R"({"view": {"v_id": 1}, "controls": []})"},
+    {"config/view/one.g", R"({"view": {"v_id": 1}, "controls": [{"type": 1, "theme": "", "look": "one"}]})"},
     {"zof-check.ignore", "text-unused config/* a program uses them"},
+    {"config/looks.g", R"({"looks": {"one": {}}})"},
 };
-enum { FILES = sizeof files / sizeof files[0] };
+enum { FILES = sizeof files / sizeof files[0], LOOKS = 240 }; // first bytes from there on select the last file
 
 static temp_project_t project;
 
@@ -36,7 +37,8 @@ static void places_check(const zof_finding_t &finding) {
 }
 
 void fuzz_one(fuzz_input &in) {
-    const auto &file = files[fuzz_byte(in) % FILES];
+    const u8 first = fuzz_byte(in);
+    const auto &file = files[first >= LOOKS ? FILES - 1 : first % (FILES - 1)];
     project.write(file.path, fuzz_text(in));
     zof_check_t check;
     zof_check_project(project.folder.c_str(), &check);

@@ -166,15 +166,17 @@ def project_files():
                 "controls": [{"type": number, "theme": "youth", "property": record}]}
         files[name] = (4, view)
         files[name + "_theme"] = (3, record)
+    files["looks"] = (7, {"colors": {"a": "#FA0", "b": "$a"}, "looks": {"two": fill, "one": {
+        "is": "two", "pressed": fill, "items:pressed+checked": fill, "second": {"body_t": {"main_color": "$b"}}}}})
     keys = {row[1] for rows in tables.values() for row in rows} | {
-        "view", "controls", "type", "theme", "property", "styles", "views", "pageId", "pageName"}
+        "colors", "looks", "is", "look", "pressed", "items:checked", "second:selection", "view", "controls", "type", "theme", "property", "styles", "views", "pageId", "pageName"}
     names = re.findall(r'\{"([a-z0-9_ ]+)", \w+\}', text)
     values = [f'"{name}"' for name in sorted(set(names))] + ['"#FA0"', '"#12aB9f"', '"pressed+checked"']
-    values += '-1 255 65535 2147483647 -2147483648 4294967295 1e9 true null [] {} "#hello" "t.ttf" "red.png" "youth"'.split()
+    values += '-1 255 65535 2147483647 -2147483648 4294967295 1e9 true null [] {} "#hello" "t.ttf" "red.png" "youth" "$a" "one"'.split()
     inputs = {name: bytes([kind]) + json.dumps(record).encode() for name, (kind, record) in files.items()}
     words = [word.encode() for word in [f'"{key}":' for key in keys] + values]
     seeds("project_files", inputs, words)
-    seeds("check", inputs | {"ignore": b"\5key-unknown config/view/one.g:* none\n"}, words)
+    seeds("check", inputs | {"looks": b"\xF0" + inputs["looks"][1:], "ignore": b"\5key-unknown config/view/one.g:* none\n"}, words)
 
 
 def jdoc():

@@ -23,7 +23,11 @@ void fuzz_open() {
         project.write(std::string("config/theme/youth/") + type + ".g",
                       R"({"styles": [{"body_t": {"main_color": 9}}]})");
     }
-    project.view(HOME, {ctrl(ZOF_CTRL_LABEL, 5), ctrl(ZOF_CTRL_BTN, 6), ctrl(ZOF_CTRL_SLIDER, 7)});
+    project.view(HOME, {ctrl(ZOF_CTRL_LABEL, 5), ctrl(ZOF_CTRL_BTN, 6), ctrl(ZOF_CTRL_SLIDER, 7),
+                        ctrl(ZOF_CTRL_BTN, 8, R"("styles": [{"style_state": 32, "txt_t": {"font_lib": "t.ttf"}}])")
+                            .insert(1, R"("look": "one", )")});
+    project.write("config/looks.g", R"({"colors": {"a": 7}, "looks": {"two": {"body_t": {"main_color": "$a"}},
+                                        "one": {"is": "two", "items:pressed": {"txt_t": {"font_lib": "t.ttf"}}}}})");
     project.view(2, {});
     project.open(160, 120);
 }
@@ -73,6 +77,19 @@ static void theme_read(const std::string &path) {
     }
 }
 
+// The text as the looks of a theme that is new each time, because a file of looks is read only once.
+static void looks_read(const std::string &path) {
+    static u32 count;
+    const std::string theme = "looks" + std::to_string(count++);
+    const std::string file = "config/theme/" + theme + "/looks.g";
+    project.write(file, file_text(path));
+    zof_view_set_dis_view(HOME);
+    zof_theme_set(theme.c_str());
+    screen_step(SHOWN_MS);
+    zof_theme_set("youth");
+    std::filesystem::remove_all(project.path("config/theme/" + theme));
+}
+
 // Views are never released; this one must make room for the next.
 static void view_forget(zof_view_node_t *node) {
     while (auto *record = (para_t *)__db_list_pop(node->ctrl_list)) {
@@ -114,14 +131,14 @@ static void view_show(const std::string &) {
 static const struct {
     const char *file;
     void (*read)(const std::string &path);
-} kinds[] = {{"config/project/x.g", project_read},
-             {"config/languages/x.g", language_read},
-             {"config/project/x.g", link_read},
-             {"config/theme/x.g", theme_read},
-             {"config/view/v2.g", view_show}};
+} kinds[] = {{"config/project/x.g", project_read}, {"config/languages/x.g", language_read},
+             {"config/project/x.g", link_read},    {"config/theme/x.g", theme_read},
+             {"config/view/v2.g", view_show}, // most inputs
+             {"config/view/v2.g", view_show},      {"config/view/v2.g", view_show},
+             {"config/theme/looks.g", looks_read}};
 
 void fuzz_one(fuzz_input &in) {
-    const auto &kind = kinds[std::min(fuzz_byte(in) % 8u, (u32)std::size(kinds) - 1)]; // most inputs are views
+    const auto &kind = kinds[fuzz_byte(in) % std::size(kinds)];
     project.write(kind.file, fuzz_text(in));
     kind.read(project.path(kind.file));
 }

@@ -256,8 +256,8 @@ static const struct {
      "config/looks.g:3:1: warning: no control has the look more [look-unused]\n"
      "config/theme/t/looks.g:1:44: warning: no control has the look more [look-unused]\n"
      "4:35: error: there is no look Mor; did you mean more? [look]"},
-    {view_g, "\"options\":", "\"styles\": [{\"body_t\": {\"main_color\": \"$bright\"}}], \"options\":",
-     "16:39: error: there is no colour bright [look]"},
+    {view_g, "\"options\":", "\"styles\": [{\"body_t\": {\"opa\": 9, \"main_color\": \"$bright\"}}], \"options\":",
+     "16:49: error: there is no colour bright [look]"},
     {looks_g, "\"is\": \"plain\"", "\"is\": \"plan\"",
      "2:1: warning: no control has the look plain [look-unused]\n"
      "3:16: error: there is no look plan; did you mean plain? [look]"},
