@@ -265,27 +265,31 @@ static cJSON *text_make(const review_text_t &text, const owners_t &owners) {
     return out;
 }
 
+static void tree_complete(cJSON *tree, const owners_t &owners, const review_t &review,
+                          const std::set<const lv_font_t *> &used) {
+    cJSON *one = nullptr;
+    cJSON_ArrayForEach(one, cJSON_GetObjectItem(tree, "controls")) {
+        u32 view = 0;
+        const para_t *record = player_control(cJSON_GetStringValue(cJSON_GetObjectItem(one, "path")), &view);
+        const owner_t *owner = record ? owner_of(owners, record->obj) : nullptr;
+        if (owner) {
+            control_add(one, owners, owner, review, used);
+        }
+    }
+}
+
 void player_review(cJSON *reply) {
     const owners_t owners = owners_list();
     cJSON *views = cJSON_AddArrayToObject(reply, "views");
-    std::vector<cJSON *> trees;
-    for (zof_view_node_t *view : player_views_shown()) { // first, because it lays them out
-        trees.push_back(player_tree(view));
+    for (zof_view_node_t *view : player_views_shown()) { // before the drawing, because it lays them out
+        cJSON_AddItemToArray(views, player_tree(view));
     }
     const review_t review = review_draw();
     std::set<const lv_font_t *> used;
     lv_obj_tree_walk(nullptr, fonts_take, &used);
-    for (cJSON *tree : trees) {
-        cJSON *one = nullptr;
-        cJSON_ArrayForEach(one, cJSON_GetObjectItem(tree, "controls")) {
-            u32 view = 0;
-            const para_t *record = player_control(cJSON_GetStringValue(cJSON_GetObjectItem(one, "path")), &view);
-            const owner_t *owner = record ? owner_of(owners, record->obj) : nullptr;
-            if (owner) {
-                control_add(one, owners, owner, review, used);
-            }
-        }
-        cJSON_AddItemToArray(views, tree);
+    cJSON *tree = nullptr;
+    cJSON_ArrayForEach(tree, views) {
+        tree_complete(tree, owners, review, used);
     }
     cJSON *texts = cJSON_AddArrayToObject(reply, "texts");
     for (const review_text_t &text : review.texts) {

@@ -63,6 +63,9 @@ lv_area_t review_room(const lv_obj_t *obj, const lv_area_t *area, bool own);
 // Returns true if `obj` is `outer` or in it.
 bool review_inside(const lv_obj_t *obj, const lv_obj_t *outer);
 
+// Sets `dots`, `needs` and `has`: as the text is drawn, or, if it ends in dots, for the lines of its label.
+void review_sizes_take(review_text_t *text, const lv_draw_label_dsc_t *dsc);
+
 // player_review_text.cpp: lays a text out as lv_draw_label does, without drawing it; for the observers of review_draw.
 struct review_layout_t {
     std::vector<lv_area_t> lines; // the ink of each line

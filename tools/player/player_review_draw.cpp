@@ -1,7 +1,6 @@
 // The drawing for a review. LVGL's functions that draw a text and send the events of drawing are wrapped by the linker,
 // because labels, tables, lists and charts draw their texts by the first, and nothing else sees all of them.
 #include <algorithm>
-#include <cstring>
 
 #include "player_review.h"
 
@@ -54,11 +53,16 @@ static void covers_note(const lv_obj_t *obj) {
     }
 }
 
+// Otherwise LVGL draws into a layer, which may be larger than the picture and is turned or blended into it later.
+static bool in_picture(const lv_draw_ctx_t *ctx) {
+    return ctx->buf == run.out->pixels.data();
+}
+
 // Keeps samples of the picture where a control is about to be drawn.
-static void samples_begin(const lv_obj_t *obj, const lv_area_t *clip) {
+static void samples_begin(const lv_obj_t *obj, const lv_draw_ctx_t *ctx) {
     lv_area_t box;
     review_seen_t *seen = &run.out->seen[obj];
-    if (!_lv_area_intersect(&box, &obj->coords, clip)) {
+    if (!in_picture(ctx) || !_lv_area_intersect(&box, &obj->coords, ctx->clip_area)) {
         return;
     }
     const s32 step_x = lv_area_get_width(&box) / SAMPLES + 1;
@@ -113,18 +117,23 @@ static u32 patch_pixel(const patch_t &patch, s32 x, s32 y) {
     return patch.pixels[(size_t)((y - patch.area.y1) * lv_area_get_width(&patch.area) + x - patch.area.x1)];
 }
 
-// Counts the pixels of earlier texts that can still be seen where a line of this one goes.
-static void below_count(review_text_t *text, const patch_t &patch, const lv_area_t *line) {
-    lv_area_t seen;
-    if (!_lv_area_intersect(&seen, line, &patch.area)) {
-        return;
-    }
-    for (s32 y = seen.y1; y <= seen.y2; y++) {
-        for (s32 x = seen.x1; x <= seen.x2; x++) {
+static void line_count(review_text_t *text, const patch_t &patch, const lv_area_t *seen) {
+    for (s32 y = seen->y1; y <= seen->y2; y++) {
+        for (s32 x = seen->x1; x <= seen->x2; x++) {
             const u32 at = place(x, y);
             if (run.owner[at] >= 0 && run.written[at] == patch_pixel(patch, x, y)) {
                 text->over[(size_t)run.owner[at]]++;
             }
+        }
+    }
+}
+
+// Counts the pixels of earlier texts that can still be seen where the lines of this one go.
+static void below_count(review_text_t *text, const patch_t &patch, const std::vector<lv_area_t> &lines) {
+    for (const lv_area_t &line : lines) {
+        lv_area_t seen;
+        if (_lv_area_intersect(&seen, &line, &patch.area)) {
+            line_count(text, patch, &seen);
         }
     }
 }
@@ -196,31 +205,6 @@ static lv_area_t text_room(const review_text_t &text) {
     return room;
 }
 
-// The text of a label without the dots that LVGL has written over its end; empty if there are none.
-static std::string undotted(const lv_obj_t *obj) {
-    const auto *label = (const lv_label_t *)obj;
-    if (!lv_obj_has_class(obj, &lv_label_class) || label->dot_end == UINT32_MAX) {
-        return "";
-    }
-    std::string text = label->text;
-    const u32 from = _lv_txt_encoded_get_byte_id(label->text, label->dot_end - LV_LABEL_DOT_NUM);
-    const char *kept = label->dot_tmp_alloc ? label->dot.tmp_ptr : label->dot.tmp;
-    return text.substr(0, from) + kept + (label->text + from + strlen(kept));
-}
-
-// What a text needs and has: as it is drawn, or, if it ends in dots, in the line or the lines of its label.
-static void sizes_take(review_text_t *text, const lv_draw_label_dsc_t *dsc, const std::string &whole) {
-    text->needs = {lv_area_get_width(&text->box), lv_area_get_height(&text->box)};
-    lv_area_t has = text->room;
-    if (!whole.empty()) {
-        lv_obj_get_content_coords(text->obj, &has);
-        const bool lines = lv_area_get_height(&has) >= 2 * lv_font_get_line_height(dsc->font);
-        lv_txt_get_size(&text->needs, whole.c_str(), dsc->font, dsc->letter_space, dsc->line_space,
-                        lines ? lv_area_get_width(&has) : LV_COORD_MAX, dsc->flag);
-    }
-    text->has = {(lv_coord_t)LV_MAX(lv_area_get_width(&has), 0), (lv_coord_t)LV_MAX(lv_area_get_height(&has), 0)};
-}
-
 extern "C" {
 
 // NOLINTBEGIN(bugprone-reserved-identifier): the linker's names
@@ -239,6 +223,30 @@ static bool is_repeated(const char *text) {
     }
     return lv_obj_has_class((lv_obj_t *)obj, &lv_label_class) && !run.out->texts.empty() &&
            run.out->texts.back().obj == obj;
+}
+
+static review_text_t text_make(const review_layout_t &layout, const lv_draw_label_dsc_t *dsc, const lv_area_t *coords,
+                               const char *text) {
+    review_text_t made = {.obj = run.obj,
+                          .text = text,
+                          .font = dsc->font,
+                          .missing = layout.missing,
+                          .broken = layout.broken,
+                          .broken_width = layout.broken_width,
+                          .line_width = lv_area_get_width(coords),
+                          .symbols = layout.symbols,
+                          .opa = dsc->opa};
+    made.box = layout.lines.empty() ? *coords : lines_join(layout.lines);
+    made.room = text_room(made);
+    review_sizes_take(&made, dsc);
+    return made;
+}
+
+// A layer may be drawn in stripes, and its texts with each of them.
+static bool is_known(const review_text_t &text) {
+    return std::any_of(run.out->texts.begin(), run.out->texts.end(), [&](const review_text_t &other) {
+        return other.obj == text.obj && _lv_area_is_equal(&other.box, &text.box) && other.text == text.text;
+    });
 }
 
 // LVGL draws nothing for a text without opacity, and does not even choose its font.
@@ -261,34 +269,22 @@ void __wrap_lv_draw_label(lv_draw_ctx_t *ctx, const lv_draw_label_dsc_t *dsc, co
     if (layout.lines.empty() && layout.missing.empty()) {
         return; // blanks
     }
-    review_text_t found = {.obj = run.obj,
-                           .text = text,
-                           .font = dsc->font,
-                           .missing = layout.missing,
-                           .broken = layout.broken,
-                           .symbols = layout.symbols,
-                           .opa = dsc->opa};
-    found.box = layout.lines.empty() ? *coords : lines_join(layout.lines);
-    found.room = text_room(found);
-    found.broken_width = layout.broken_width;
-    found.line_width = lv_area_get_width(coords);
-    const std::string whole = undotted(run.obj);
-    found.dots = !whole.empty();
-    sizes_take(&found, dsc, whole);
+    review_text_t found = text_make(layout, dsc, coords, text);
     patch_t patch = {};
-    const bool seen = ctx->buf == run.out->pixels.data() && _lv_area_intersect(&patch.area, &found.box, ctx->clip_area);
+    const bool fresh = !is_known(found);
+    const bool seen = fresh && in_picture(ctx) && _lv_area_intersect(&patch.area, &found.box, ctx->clip_area);
     if (seen) {
         patch = patch_take(&patch.area);
-        for (const lv_area_t &line : layout.lines) {
-            below_count(&found, patch, &line);
-        }
+        below_count(&found, patch, layout.lines);
     }
     __real_lv_draw_label(ctx, dsc, coords, text, hint);
     if (seen) {
         ink_take(&found, patch, dsc);
         ink_thin(&found.ink);
     }
-    run.out->texts.push_back(found);
+    if (fresh) {
+        run.out->texts.push_back(found);
+    }
 }
 
 // A button of a matrix or a cell of a table, which is the room of the texts that follow. The keys of a keyboard are as
@@ -311,7 +307,7 @@ static void part_take(const lv_obj_t *obj, const lv_obj_draw_part_dsc_t *dsc) {
 
 lv_res_t __wrap_lv_event_send(lv_obj_t *obj, lv_event_code_t code, void *param) {
     if (run.on && code == LV_EVENT_DRAW_MAIN_BEGIN) {
-        samples_begin(obj, ((lv_draw_ctx_t *)param)->clip_area);
+        samples_begin(obj, (lv_draw_ctx_t *)param);
     }
     if (run.on && (code == LV_EVENT_DRAW_MAIN_BEGIN || code == LV_EVENT_DRAW_POST_BEGIN)) {
         run.obj = obj;

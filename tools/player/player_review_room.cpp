@@ -1,4 +1,6 @@
-// What can be seen of an object, by what it is in.
+// What can be seen of an object, by what it is in, and what a text has of the room it needs.
+#include <cstring>
+
 #include "player_review.h"
 
 // Labels could be scrolled if they did take touches, but nobody expects it of a text.
@@ -46,4 +48,30 @@ bool review_inside(const lv_obj_t *obj, const lv_obj_t *outer) {
         obj = lv_obj_get_parent(obj);
     }
     return obj != nullptr;
+}
+
+// The text of a label without the dots that LVGL has written over its end; empty if there are none.
+static std::string undotted(const lv_obj_t *obj) {
+    const auto *label = (const lv_label_t *)obj;
+    if (!lv_obj_has_class(obj, &lv_label_class) || label->dot_end == UINT32_MAX) {
+        return "";
+    }
+    std::string text = label->text;
+    const u32 from = _lv_txt_encoded_get_byte_id(label->text, label->dot_end - LV_LABEL_DOT_NUM);
+    const char *kept = label->dot_tmp_alloc ? label->dot.tmp_ptr : label->dot.tmp;
+    return text.substr(0, from) + kept + (label->text + from + strlen(kept));
+}
+
+void review_sizes_take(review_text_t *text, const lv_draw_label_dsc_t *dsc) {
+    const std::string whole = undotted(text->obj);
+    text->dots = !whole.empty();
+    text->needs = {lv_area_get_width(&text->box), lv_area_get_height(&text->box)};
+    lv_area_t has = text->room;
+    if (!whole.empty()) {
+        lv_obj_get_content_coords(text->obj, &has);
+        const bool lines = lv_area_get_height(&has) >= 2 * lv_font_get_line_height(dsc->font);
+        lv_txt_get_size(&text->needs, whole.c_str(), dsc->font, dsc->letter_space, dsc->line_space,
+                        lines ? lv_area_get_width(&has) : LV_COORD_MAX, dsc->flag);
+    }
+    text->has = {(lv_coord_t)LV_MAX(lv_area_get_width(&has), 0), (lv_coord_t)LV_MAX(lv_area_get_height(&has), 0)};
 }
