@@ -119,10 +119,10 @@ TEST_CASE("faults in files of looks are reported once, with their place, and the
 "looks": {"one": {"is": "two",
 "presed": {},
 "items": {"body_t": {"radius": "x", "main_color": "$c", "opa": 9}, "style_part": 1},
-"body_t": {"main_color": "$nine"}}, "round": {"is": "round", "body_t": {"opa": 3}}}})");
+"body_t": {"main_color": "$nine"}}, "round": {"is": "round", "body_t": {"opa": 3}}, "list": [{}]}})");
     const std::string log = project.show({with("one", ctrl(ZOF_CTRL_TABLE, 1)), with("one", ctrl(ZOF_CTRL_TABLE, 2)),
                                           with("round", ctrl(ZOF_CTRL_OBJ, 3)), with("on", ctrl(ZOF_CTRL_OBJ, 4)),
-                                          with("one", ctrl(ZOF_CTRL_IMG, 5))});
+                                          with("one", ctrl(ZOF_CTRL_IMG, 5)), with("list", ctrl(ZOF_CTRL_OBJ, 6))});
     for (const char *line : {
              "looks.g:1:2: color: unknown key; did you mean colors?",
              "looks.g:1:25: colors.a: not a colour",
@@ -132,6 +132,7 @@ TEST_CASE("faults in files of looks are reported once, with their place, and the
              "looks.g:4:68: looks.one.items.style_part: unknown key",
              "looks.g:5:12: looks.one.body_t.main_color: no looks.g has the colour nine",
              "looks.g:5:47: looks.round.is: the look inherits from itself",
+             "looks.list: expected an object; it is ignored",
              "v1.g:4:2: controls[3].look: there is no look on; the control has none",
              "controls[4].look: a control of this type has no styles; the look is ignored",
          }) {

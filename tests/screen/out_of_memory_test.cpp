@@ -63,7 +63,12 @@ TEST_CASE("an allocation that fails at the start or while a view is loaded ends 
         project.write(form("config/theme/%s/label.g", theme), R"({"styles": [{"body_t": {"main_color": 1}}]})");
     }
     project.view(1, one_of_each(R"("pub": true)"));
-    project.view(2, {ctrl(ZOF_CTRL_LABEL, 1)});
+    project.write("config/looks.g", R"({"colors": {"a": 7}, "looks": {"plain": {"body_t": {"main_color": "$a"}},
+                                        "one": {"is": "plain", "txt_t": {"font_lib": "text.ttf"}, "pressed": {}}}})");
+    project.write("config/theme/night/looks.g", R"({"looks": {"one": {"focused": {"txt_t": {"opa": 9}}}}})");
+    project.view(
+        2,
+        {ctrl(ZOF_CTRL_LABEL, 1, R"("styles": [{"txt_t": {"font_lib": "own.ttf"}}])").insert(1, R"("look": "one", )")});
     u32 count = 0;
     REQUIRE(end_of(project, 0, &count) == 0);
     REQUIRE(count > 1000);

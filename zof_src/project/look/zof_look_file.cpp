@@ -52,9 +52,20 @@ zof_colors_scope::~zof_colors_scope() {
 
 static const look_file_t *file_of(const char *theme);
 
+// Returns `colors` or `looks` of a file; null if that is missing or no object.
+static const cJSON *list_of(const look_file_t *file, const char *name) {
+    const cJSON *list = cJSON_GetObjectItem(file->root, name);
+    return cJSON_IsObject(list) ? list : nullptr;
+}
+
 static const cJSON *member_of(const char *theme, const char *list, const char *name) {
     const look_file_t *file = file_of(theme);
-    return file ? cJSON_GetObjectItem(cJSON_GetObjectItem(file->root, list), name) : nullptr;
+    return file ? cJSON_GetObjectItem(list_of(file, list), name) : nullptr;
+}
+
+static const cJSON *look_in(const char *theme, const char *name) {
+    const cJSON *look = member_of(theme, "looks", name);
+    return cJSON_IsObject(look) ? look : nullptr;
 }
 
 bool zof_look_theme_exists(const char *theme) {
@@ -63,11 +74,11 @@ bool zof_look_theme_exists(const char *theme) {
 }
 
 const cJSON *zof_look_in_theme(const char *theme, const char *name) {
-    return theme[0] ? member_of(theme, "looks", name) : nullptr;
+    return theme[0] ? look_in(theme, name) : nullptr;
 }
 
 const cJSON *zof_look_in_project(const char *name) {
-    return member_of("", "looks", name);
+    return look_in("", name);
 }
 
 static const char *base_in(const cJSON *look) {
@@ -184,9 +195,9 @@ static void file_check(const look_file_t *file, const char *path) {
             zof_fault_at(list, "expected an object; it is ignored");
         }
     }
-    colors_check(cJSON_GetObjectItem(file->root, "colors"));
+    colors_check(list_of(file, "colors"));
     const cJSON *look = nullptr;
-    cJSON_ArrayForEach(look, cJSON_GetObjectItem(file->root, "looks")) {
+    cJSON_ArrayForEach(look, list_of(file, "looks")) {
         look_check(look, file->theme);
     }
 }
