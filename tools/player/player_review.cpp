@@ -1,4 +1,4 @@
-// The reply to `review`: `tree` with what a reviewer wants to know besides, and the texts.
+// The reply to `review`: the reply to `tree` with additional members, and the texts.
 #include <algorithm>
 #include <cmath>
 #include <set>
@@ -29,7 +29,7 @@ static owners_t owners_list() {
     return owners;
 }
 
-// Returns the control that an object belongs to; null for none of those that are shown.
+// Returns the control that an object belongs to; null if that is not a control of a view that is shown.
 static const owner_t *owner_of(const owners_t &owners, const lv_obj_t *obj) {
     for (; obj; obj = lv_obj_get_parent(obj)) {
         const auto found = owners.find(obj);
@@ -81,7 +81,7 @@ static bool shows_text(const lv_obj_t *obj) {
     return false;
 }
 
-// The font of a style of an object itself.
+// Returns the font that a local style sets; null if it sets none.
 static const lv_font_t *own_font(const _lv_obj_style_t *style) {
     lv_style_value_t value = {};
     return !style->is_trans && lv_style_get_prop(style->style, LV_STYLE_TEXT_FONT, &value) == LV_RES_OK
@@ -89,7 +89,7 @@ static const lv_font_t *own_font(const _lv_obj_style_t *style) {
                : nullptr;
 }
 
-// A font is used by an object that shows texts, even if there is none at the moment, in its parts and states.
+// Collects the fonts of objects that can show texts, in all parts and states, even if a text is empty at the moment.
 static lv_obj_tree_walk_res_t fonts_take(lv_obj_t *obj, void *to) {
     auto *used = (std::set<const lv_font_t *> *)to;
     if (!shows_text(obj)) {
@@ -133,13 +133,14 @@ static const lv_obj_t *touched_at(lv_point_t point) {
     return nullptr;
 }
 
-// How much of what can be seen of a control takes touches for it, and what else takes most of the others.
+// Adds how much of the visible area of a control receives its touches, and the control that receives most of the
+// others.
 static void reach_add(cJSON *out, const owners_t &owners, const owner_t *owner) {
     enum { STEPS = 12 };
     lv_obj_t *obj = owner->record->obj;
     lv_area_t area = obj->coords;
     if (!lv_obj_area_is_visible(obj, &area) || !_lv_area_intersect(&area, &area, &obj->coords)) {
-        return; // LVGL returns an area that is larger by what a transformation may need
+        return; // lv_obj_area_is_visible enlarges the area for transformations
     }
     s32 own = 0;
     std::map<const owner_t *, s32> others;
@@ -165,7 +166,7 @@ static void reach_add(cJSON *out, const owners_t &owners, const owner_t *owner) 
     owner_add(out, "blocker", most);
 }
 
-// The least of what a finger has to hit: the control, or a button of a matrix; with what its `click_area` adds.
+// Adds the smallest touch target: the control with its `click_area`, or a button of a matrix.
 static void target_add(cJSON *out, const owners_t &owners, const owner_t *owner, const review_t &review) {
     const lv_obj_t *obj = owner->record->obj;
     lv_area_t area;
@@ -187,7 +188,7 @@ static void target_add(cJSON *out, const owners_t &owners, const owner_t *owner,
 
 // Controls -----------------------------------------------------------------------------------------------------------
 
-// How much of its ink is still there in the end, and what covers most of the rest.
+// Adds how much of the ink is visible in the end, and the control that covers most of the rest.
 static void ink_add(cJSON *out, const owners_t &owners, const review_ink_t &ink) {
     if (!ink.at.empty()) {
         const size_t percent = 100 * (ink.at.size() - ink.lost) / ink.at.size();
@@ -203,8 +204,8 @@ static bool is_hidden(const lv_obj_t *obj) {
     return obj != nullptr;
 }
 
-// Returns true for a control that is there to be touched: by its type, or because its file says so and it does not hold
-// others.
+// Returns true if the type of a control is made to be touched, or if its file makes it take touches and it has no child
+// controls.
 static bool is_touchable(const owners_t &owners, const owner_t *owner) {
     enum { TOUCH = 1 }; // of `t_mode`
     const zof_pub_attr_t *attr = owner->record->attr;

@@ -1,6 +1,6 @@
-// What a reviewer of a panel looks at: the texts as they are drawn, and what is seen of each control. The shown views
-// are drawn once more into a picture of their own, from the lowest layer up and without LVGL's omission of what is
-// covered, while the drawing of each text and of each object is observed.
+// Facts for a reviewer: every text as it is drawn, and how much of each control is visible in the end. The views are
+// drawn once more into a separate picture, from the lowest layer up. LVGL's usual optimisation, which skips objects
+// that are covered, is not used, and the drawing of each text and each object is observed.
 #ifndef PLAYER_REVIEW_H
 #define PLAYER_REVIEW_H
 
@@ -11,12 +11,12 @@
 #include "lvgl.h"
 #include "zof_lib/zof_type.h"
 
-// Pixels that something has drawn, and what has become of them.
+// Pixels that a text or a control has drawn, and whether they are still there.
 struct review_ink_t {
-    std::vector<u32> at, value; // places in the picture, and what was drawn there
-    std::vector<u32> last;      // what was there when it was last looked at
-    size_t lost, most;          // how many have changed since, and how many of these `cover` has changed
-    const lv_obj_t *cover;      // null while nothing has been lost
+    std::vector<u32> at, value; // indices into the picture, and the colours that were drawn
+    std::vector<u32> last;      // the colours at the last look
+    size_t lost, most;          // how many have been drawn over, and how many of them by `cover`
+    const lv_obj_t *cover;      // the object that has drawn over most of them; null if none has
 };
 
 // A text that is drawn.
@@ -24,24 +24,24 @@ struct review_text_t {
     const lv_obj_t *obj;
     std::string text;
     const lv_font_t *font;
-    lv_area_t box;       // of its ink, wherever it is cut off
-    lv_area_t room;      // the part of it that can be seen, or scrolled to
+    lv_area_t box;       // of its ink, including what is cut off
+    lv_area_t room;      // the part of `box` that is visible or can be scrolled into view
     std::string missing; // letters that no font of the chain has
-    std::string broken;  // the first word that goes on in the next line without a break
+    std::string broken;  // the first word that is split between two lines
     s32 broken_width, line_width;
-    bool dots;             // its end is replaced by dots
-    lv_point_t needs, has; // sizes: of the whole text, and what it has of that
-    bool symbols;          // it has nothing but symbols
+    bool dots;             // LVGL has replaced its end by dots
+    lv_point_t needs, has; // the size of the whole text, and the size that is available
+    bool symbols;          // it consists of symbols only
     u8 opa;
-    double contrast;            // 1 to 21, of nearly all of its ink; 0: not known
-    std::map<size_t, u32> over; // texts below it, by their place in the list, with how many of their pixels are there
+    double contrast;            // 1 to 21; at least nine tenths of the ink have this contrast; 0: unknown
+    std::map<size_t, u32> over; // earlier texts in its lines, by index, with the number of their pixels
     review_ink_t ink;
 };
 
-// What is seen of an object.
+// How much of an object is visible.
 struct review_seen_t {
-    std::vector<std::pair<u32, u32>> before; // until it is complete: places in the picture, and what was there
-    review_ink_t ink;                        // of the object and its children, samples
+    std::vector<std::pair<u32, u32>> before; // while it is being drawn: indices and colours from before
+    review_ink_t ink;                        // samples of the object with its children
     lv_area_t key;                           // the smallest button of a button matrix
     bool has_key;
 };
@@ -53,20 +53,20 @@ struct review_t {
     std::map<const lv_obj_t *, review_seen_t> seen;
 };
 
-// Draws all layers. Main thread, outside of the drawing of LVGL.
+// Draws all layers. Main thread; not from within a drawing event.
 review_t review_draw();
 
-// player_review_room.cpp: returns the part of an area of `obj` that can be seen, or scrolled to; `own` if the object
-// cuts it off as well, and not only its parents.
+// player_review_room.cpp: returns the part of an area of `obj` that is visible or can be scrolled into view. `own`:
+// clip to the object itself too, not only to its parents.
 lv_area_t review_room(const lv_obj_t *obj, const lv_area_t *area, bool own);
 
-// Returns true if `obj` is `outer` or in it.
+// Returns true if `obj` is `outer` or one of its descendants.
 bool review_inside(const lv_obj_t *obj, const lv_obj_t *outer);
 
-// Sets `dots`, `needs` and `has`: as the text is drawn, or, if it ends in dots, for the lines of its label.
+// Sets `dots`, `needs` and `has`. A text that ends in dots is measured without them, in the lines of its label.
 void review_sizes_take(review_text_t *text, const lv_draw_label_dsc_t *dsc);
 
-// player_review_text.cpp: lays a text out as lv_draw_label does, without drawing it; for the observers of review_draw.
+// player_review_text.cpp: lays out a text as lv_draw_label does, without drawing it.
 struct review_layout_t {
     std::vector<lv_area_t> lines; // the ink of each line
     std::string missing, broken;

@@ -1,5 +1,5 @@
-// The drawing for a review. LVGL's functions that draw a text and send the events of drawing are wrapped by the linker,
-// because labels, tables, lists and charts draw their texts by the first, and nothing else sees all of them.
+// The drawing for a review. The linker wraps lv_draw_label, because labels, tables, lists and charts all draw their
+// texts with it, and lv_event_send, which announces the drawing of each object.
 #include <algorithm>
 
 #include "player_review.h"
@@ -18,8 +18,8 @@ static struct {
 
 // Ink ----------------------------------------------------------------------------------------------------------------
 
-// Notes what `obj` has drawn over the ink of something else since the last call. What belongs to `obj`, such as the
-// digit under a cursor, is still seen, as it is drawn now.
+// Notes what `obj` has drawn over some ink since the last call. With `own` the ink belongs to `obj` itself, such as the
+// digit under a cursor: it then counts as visible, in its new colour.
 static void cover_note(review_ink_t *ink, const lv_obj_t *obj, bool own) {
     size_t lost = 0;
     for (size_t i = 0; i < ink->at.size(); i++) {
@@ -53,7 +53,7 @@ static void covers_note(const lv_obj_t *obj) {
     }
 }
 
-// Otherwise LVGL draws into a layer, which may be larger than the picture and is turned or blended into it later.
+// Returns false while LVGL draws into a layer, which may be larger than the picture and is blended into it later.
 static bool in_picture(const lv_draw_ctx_t *ctx) {
     return ctx->buf == run.out->pixels.data();
 }
@@ -75,7 +75,7 @@ static void samples_begin(const lv_obj_t *obj, const lv_draw_ctx_t *ctx) {
     }
 }
 
-// Keeps those of them that the control and its children have changed.
+// Keeps the samples that the control and its children have changed.
 static void samples_end(const lv_obj_t *obj) {
     const auto found = run.out->seen.find(obj);
     if (found == run.out->seen.end()) {
@@ -94,7 +94,7 @@ static void samples_end(const lv_obj_t *obj) {
 
 // Texts --------------------------------------------------------------------------------------------------------------
 
-// The picture in a rectangle, before a text is drawn there.
+// A copy of a rectangle of the picture, taken before a text is drawn there.
 struct patch_t {
     lv_area_t area;
     std::vector<u32> pixels;
@@ -142,8 +142,8 @@ static u32 color_mix(u32 over, u32 below, u32 opa) {
     return lv_color_mix(lv_color_hex(over), lv_color_hex(below), (u8)opa).full;
 }
 
-// Nearly all of the ink must be legible, so that it is the tenth part with the least contrast that counts. Ink that
-// changes no pixel has the colour of what is behind it.
+// The tenth of the ink with the least contrast decides, so that a few pixels over an edge do not matter. A text that
+// changes no pixel has the colour of its background.
 static double contrast_of(std::vector<double> *all) {
     if (all->empty()) {
         return 1;
@@ -153,7 +153,7 @@ static double contrast_of(std::vector<double> *all) {
     return *at;
 }
 
-// Keeps the ink of a text that has just been drawn; of each pixel the colour that it covers is known.
+// Keeps the ink of a text that has just been drawn, and measures its contrast to the colours that were there before.
 static void ink_take(review_text_t *text, const patch_t &patch, const lv_draw_label_dsc_t *dsc) {
     const size_t number = run.out->texts.size();
     std::vector<double> contrasts;
@@ -176,7 +176,7 @@ static void ink_take(review_text_t *text, const patch_t &patch, const lv_draw_la
     text->contrast = contrast_of(&contrasts);
 }
 
-// So many pixels of a text are enough to see whether it is covered.
+// A sample of the ink is enough to find out whether a text is covered.
 static void ink_thin(review_ink_t *ink) {
     enum { KEPT = 200 };
     const size_t step = ink->at.size() / KEPT + 1;
@@ -215,7 +215,7 @@ void __wrap_lv_draw_label(lv_draw_ctx_t *ctx, const lv_draw_label_dsc_t *dsc, co
                           lv_draw_label_hint_t *hint);
 lv_res_t __wrap_lv_event_send(lv_obj_t *obj, lv_event_code_t code, void *param);
 
-// A cursor is no text, and a text that goes round is drawn twice.
+// Skips the letter that a text area draws under its cursor, and the second copy of a label that scrolls in a circle.
 static bool is_repeated(const char *text) {
     const lv_obj_t *obj = run.obj;
     if (lv_obj_has_class((lv_obj_t *)obj, &lv_textarea_class)) {
@@ -242,19 +242,19 @@ static review_text_t text_make(const review_layout_t &layout, const lv_draw_labe
     return made;
 }
 
-// A layer may be drawn in stripes, and its texts with each of them.
+// A layer may be drawn in stripes; each stripe draws its texts again.
 static bool is_known(const review_text_t &text) {
     return std::any_of(run.out->texts.begin(), run.out->texts.end(), [&](const review_text_t &other) {
         return other.obj == text.obj && _lv_area_is_equal(&other.box, &text.box) && other.text == text.text;
     });
 }
 
-// LVGL draws nothing for a text without opacity, and does not even choose its font.
+// LVGL does not draw a text whose opacity is 0, and does not look up its font.
 static void unseen_take(const lv_area_t *coords, const char *text) {
     run.out->texts.push_back({.obj = run.obj, .text = text, .box = *coords, .room = *coords, .contrast = 1});
 }
 
-// In a layer of its own, which is turned or blended later, a text is laid out but its pixels are not known.
+// In a layer a text is laid out, but its pixels are not known.
 void __wrap_lv_draw_label(lv_draw_ctx_t *ctx, const lv_draw_label_dsc_t *dsc, const lv_area_t *coords, const char *text,
                           lv_draw_label_hint_t *hint) {
     if (!run.on || !text || !*text || is_repeated(text)) {
@@ -287,8 +287,8 @@ void __wrap_lv_draw_label(lv_draw_ctx_t *ctx, const lv_draw_label_dsc_t *dsc, co
     }
 }
 
-// A button of a matrix or a cell of a table, which is the room of the texts that follow. The keys of a keyboard are as
-// small as their number makes them.
+// Remembers a button of a matrix or a cell of a table as the room of the text that follows. Keys of keyboards are not
+// measured: a full alphabet cannot have large ones.
 static void part_take(const lv_obj_t *obj, const lv_obj_draw_part_dsc_t *dsc) {
     const bool matrix = lv_obj_has_class((lv_obj_t *)obj, &lv_btnmatrix_class);
     run.has_part = dsc->draw_area && (matrix || lv_obj_has_class((lv_obj_t *)obj, &lv_table_class)) &&
@@ -331,7 +331,7 @@ lv_res_t __wrap_lv_event_send(lv_obj_t *obj, lv_event_code_t code, void *param) 
 
 // The picture --------------------------------------------------------------------------------------------------------
 
-// As LVGL draws a picture of an object, with a display of its own that differs from the real one in its buffer only.
+// Uses a copy of the display whose driver draws into the picture, as lv_snapshot does.
 static void layers_draw(lv_area_t *all) {
     lv_disp_t *real = lv_disp_get_default();
     lv_disp_t disp = *real;

@@ -1,9 +1,9 @@
-// What can be seen of an object, by what it is in, and what a text has of the room it needs.
+// How much room an object leaves, and how much of it a text needs.
 #include <cstring>
 
 #include "player_review.h"
 
-// Labels could be scrolled if they did take touches, but nobody expects it of a text.
+// LVGL could scroll a label that takes touches, but users do not expect that of a text.
 static bool scrolls(const lv_obj_t *obj, bool vertical) {
     lv_obj_t *at = (lv_obj_t *)obj;
     if (lv_obj_has_class(at, &lv_roller_class)) {
@@ -50,7 +50,7 @@ bool review_inside(const lv_obj_t *obj, const lv_obj_t *outer) {
     return obj != nullptr;
 }
 
-// The text of a label without the dots that LVGL has written over its end; empty if there are none.
+// Returns the text of a label as it was before LVGL wrote dots over its end; empty if there are no dots.
 static std::string undotted(const lv_obj_t *obj) {
     const auto *label = (const lv_label_t *)obj;
     if (!lv_obj_has_class(obj, &lv_label_class) || label->dot_end == UINT32_MAX) {

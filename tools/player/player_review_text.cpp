@@ -1,4 +1,4 @@
-// The layout of a text: LVGL lays it out and hands each letter over, which is noted instead of drawn.
+// The layout of a text. LVGL lays it out; its function for drawing a letter is replaced by one that records the letter.
 #include <algorithm>
 #include <cmath>
 #include <cstring>

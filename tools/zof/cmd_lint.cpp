@@ -29,7 +29,7 @@ static void options(CLI::App &app) {
     app.add_flag("--log", view_options.loud, "print the log of the runtime");
 }
 
-// The number of a finding is that of its line in the output.
+// Marks each finding with the number of its line in the output.
 static void sheet_mark(view_sheet_t *sheet, const lint_t &lint, const zof_check_t &check) {
     for (u32 i = 0; i < check.count; i++) {
         const zof_finding_t &shown = check.findings[i];

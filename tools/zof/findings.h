@@ -1,4 +1,4 @@
-// The output of the subcommands that find something.
+// The output of `zof check` and `zof lint`.
 #ifndef ZOF_FINDINGS_H
 #define ZOF_FINDINGS_H
 

@@ -1,4 +1,4 @@
-// `zof lint`: what is wrong in the pictures of a project, found by its rules in what a player says of them.
+// `zof lint`: applies its rules to the replies of a player to `review`, for each view in each language and theme.
 #ifndef LINT_H
 #define LINT_H
 
@@ -30,7 +30,7 @@ struct lint_finding_t {
 // A font that some style loads.
 struct lint_font_t {
     bool used;
-    lint_finding_t first; // what there is to report if none uses it
+    lint_finding_t first; // reported if no control uses the font
 };
 
 struct lint_t {
@@ -40,11 +40,11 @@ struct lint_t {
     std::map<std::string, lint_font_t> fonts;    // by files and size
 };
 
-// Applies all rules to the reply to `review` for a cell.
+// Applies all rules to a cell; `review` is the reply of the player.
 void lint_take(lint_t *lint, const cJSON *review, const view_cell_t &cell);
 
-// Adds what is known only after the last cell, and to each text the languages and themes that it is limited to; then
-// makes the list of findings, without those that the folder's zof-check.ignore names. The caller frees it.
+// Adds the fonts that no cell has used, and appends to each text the languages and themes that it is limited to.
+// Returns the findings in `check`, without those listed in the folder's zof-check.ignore. The caller frees it.
 void lint_end(lint_t *lint, const char *folder, zof_check_t *check);
 
 #endif

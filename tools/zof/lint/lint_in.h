@@ -19,7 +19,7 @@ void lint_add(const lint_case_t &at, const char *rule, double weight, const std:
 // Notes that a control loads a font.
 void lint_font_note(const lint_case_t &at, const std::string &font, bool used);
 
-// Members of an object of the player: a text or "", a number or `absent`, a number of an array or 0.
+// Return a member of an object: a text or "", a number or `absent`, an element of an array or 0.
 const char *lint_text(const cJSON *object, const char *name);
 double lint_number(const cJSON *object, const char *name, double absent);
 bool lint_is(const cJSON *object, const char *name);

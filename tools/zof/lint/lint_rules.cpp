@@ -49,7 +49,7 @@ static const cJSON *control_named(const cJSON *review, const char *path) {
     return nullptr;
 }
 
-// Another control of the same view. What lies on another layer, such as a message over a page, is there on purpose.
+// Returns another control of the same view; null otherwise. What lies on another layer is there on purpose.
 static const cJSON *other_control(const lint_case_t &at, const char *path) {
     const cJSON *other = *path ? control_named(at.review, path) : nullptr;
     const bool same_view = other && lint_number(other, "view", 0) == lint_number(at.control, "view", 0);
@@ -60,7 +60,7 @@ static bool is_disabled(const cJSON *control) {
     return strstr(lint_text(control, "state"), "disabled") != nullptr;
 }
 
-// Messages and keyboards come and go, so that what they cover is seen again.
+// Returns null for message boxes and keyboards, too: they go away again.
 static const cJSON *lasting_control(const lint_case_t &at, const char *path) {
     const cJSON *other = other_control(at, path);
     const std::string type = lint_text(other, "type");
@@ -69,7 +69,7 @@ static const cJSON *lasting_control(const lint_case_t &at, const char *path) {
 
 // Texts --------------------------------------------------------------------------------------------------------------
 
-// How many pixels of a box are outside of another, at the worst edge.
+// Returns how far a box extends beyond another, in pixels at the worst edge.
 static s32 outside(const view_box_t &box, const view_box_t &room) {
     return std::max({room.x - box.x, room.y - box.y, box.x + box.w - room.x - room.w, box.y + box.h - room.y - room.h});
 }
@@ -106,7 +106,7 @@ static void letter_check(const lint_case_t &at) {
     }
 }
 
-// Controls that cannot be used may be faint.
+// Disabled controls are exempt.
 static void contrast_check(const lint_case_t &at) {
     const double contrast = lint_number(at.text, "contrast", 0);
     const double least = lint_is(at.text, "symbols") ? SYMBOL_CONTRAST : CONTRAST;
@@ -133,7 +133,7 @@ static void overlap_check(const lint_case_t &at) {
     }
 }
 
-// A text in front of which there is another is one that overlaps.
+// Returns true if a text of the control overlaps this one, which the rule for overlaps reports.
 static bool text_overlapped(const lint_case_t &at, const cJSON *by) {
     const cJSON *texts = cJSON_GetObjectItem(at.review, "texts");
     const cJSON *other = nullptr;
@@ -176,7 +176,7 @@ static void covered_check(const lint_case_t &at) {
     }
 }
 
-// Of what is cut off together, the outermost control is reported.
+// If a parent is cut off as well, only the parent is reported.
 static void cut_off_check(const lint_case_t &at) {
     const view_box_t box = lint_box(at.control, "box");
     const view_box_t room = lint_box(at.control, "room");
@@ -240,7 +240,7 @@ static void controls_take(lint_case_t at, const cJSON *view) {
     }
 }
 
-// A text may be much longer than its control; without anything in common it is marked where it is.
+// The mark of a text that is longer than its control stays within the control.
 static view_box_t box_common(const view_box_t &text, const view_box_t &control) {
     const s32 x = std::max(text.x, control.x);
     const s32 y = std::max(text.y, control.y);

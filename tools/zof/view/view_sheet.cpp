@@ -33,7 +33,7 @@ void view_sheet_draw(view_sheet_t *sheet, view_player_t *player, const view_cell
     }
 }
 
-// The frame stays in its cell, where a box may be larger; the text is above it, or in it at the upper edge.
+// The frame is clipped to the cell. The text stands above it, or inside of it at the upper edge of the cell.
 void view_sheet_mark(view_sheet_t *sheet, const view_cell_t &cell, view_box_t box, const std::string &text, u32 color) {
     const view_box_t in = cell_box(sheet, cell);
     const s32 left = std::clamp(box.x * sheet->cell_w / sheet->width, 2, in.w - 6);

@@ -68,8 +68,8 @@ bool view_show(view_player_t *player, const std::string &view, const std::string
     return view_tell(player, command);
 }
 
-// A part of a plan that the options leave open is all there is. A project without languages or themes has one, with an
-// empty name.
+// The views, languages or themes of a plan: the chosen one, or all of them. A project without languages or themes has
+// one, with an empty name.
 static std::vector<std::string> parts(const std::string &chosen, const std::vector<std::string> &all) {
     if (!chosen.empty()) {
         return {chosen};

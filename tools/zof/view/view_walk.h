@@ -1,5 +1,5 @@
-// A project in each of its views, languages and themes, or in those that the options choose. Messages of a player and
-// of failures go to the error stream.
+// Shows a project in all views, languages and themes, or in those that the options choose. Messages of players, and
+// failures, go to the error stream.
 #ifndef VIEW_WALK_H
 #define VIEW_WALK_H
 
@@ -29,7 +29,7 @@ cJSON *view_load(view_player_t *player, bool choices);
 // message if it fails.
 cJSON *view_ask(view_player_t *player, cJSON *command);
 
-// Does the same for a command whose reply holds nothing.
+// Like view_ask, for commands whose reply is not needed. Returns false after a message if it fails.
 bool view_tell(view_player_t *player, cJSON *command);
 
 // Shows a view; an empty language is not changed.
