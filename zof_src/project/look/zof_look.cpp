@@ -119,7 +119,7 @@ static void key_add(zof_look_t *look, const char *name) {
     }
 }
 
-static bool style_before(const zof_style_attr_t *a, const zof_style_attr_t *b) {
+bool zof_style_before(const zof_style_attr_t *a, const zof_style_attr_t *b) {
     return a->style_sect != b->style_sect   ? a->style_sect < b->style_sect
            : a->style_part != b->style_part ? a->style_part < b->style_part
                                             : a->style_state < b->style_state;
@@ -137,7 +137,7 @@ static void styles_make(zof_look_t *look) {
             key_add(look, member->string);
         }
     }
-    std::sort(look->styles.style_list, look->styles.style_list + look->styles.style_num, style_before);
+    std::sort(look->styles.style_list, look->styles.style_list + look->styles.style_num, zof_style_before);
     for (u32 i = 0; i < look->styles.style_num; i++) {
         zof_look_style(look, look->styles.style_list[i]);
     }

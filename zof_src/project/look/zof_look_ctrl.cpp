@@ -63,12 +63,6 @@ static zof_style_attr_t *style_add(const zof_look_t *look, zof_pub_attr_t *recor
     return style;
 }
 
-// Wider states come first, and the main part before the others, so that each style finds those that it inherits from
-// complete.
-static bool inherited_before(const zof_style_attr_t *a, const zof_style_attr_t *b) {
-    return a->style_part != b->style_part ? a->style_part < b->style_part : a->style_state < b->style_state;
-}
-
 void zof_look_apply(const zof_look_t *look, zof_pub_attr_t *record, cJSON *styles) {
     record->look = look;
     if (zof_theme_style_copy_new(record, &look->styles) == 0) { // without memory a style is null
@@ -84,7 +78,7 @@ void zof_look_apply(const zof_look_t *look, zof_pub_attr_t *record, cJSON *style
     if (!styles || !styles->child) {
         return;
     }
-    std::stable_sort(record->style_list, record->style_list + record->style_num, inherited_before);
+    std::stable_sort(record->style_list, record->style_list + record->style_num, zof_style_before);
     for (u32 i = 0; i < record->style_num; i++) {
         for (u32 base = 0; base < i; base++) {
             if (inherits(record->style_list[i], record->style_list[base])) {

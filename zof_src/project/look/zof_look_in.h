@@ -74,6 +74,9 @@ void zof_look_follow(zof_pub_attr_t *record, lv_obj_t *obj);
 
 // Styles -------------------------------------------------------------------------------------------------------------
 
+// Sorts by section, part and state: a style comes after those that it inherits from.
+bool zof_style_before(const zof_style_attr_t *a, const zof_style_attr_t *b);
+
 // Replaces the values of a record that equal those of `before` by those of `now`: they count as inherited.
 void zof_style_follow(u8 *record, const u8 *before, const u8 *now, const reflect_item_t *table);
 

@@ -20,8 +20,9 @@ void zof_theme_remember_missing(zof_bool on);
 // Changes the theme of every control of the running project, existing or created later; theme keys of view files no
 // longer have an effect. Styles are matched by part, state and section: the old theme decides which of them a type has.
 // A control keeps the values of its own file that differ from its old theme, and a type that the new theme does not
-// have keeps its look. Returns 0; -1 for null, without a project, and for a theme that has none of the types in use.
-// Graphics thread.
+// have keeps its look. A control with a named look changes to that look in the new theme, also to styles that only the
+// new theme has. Returns 0; -1 for null, without a project, and for a theme that has neither looks nor any of the types
+// in use. Graphics thread.
 s32 zof_theme_set(const char *theme);
 
 // Copies the style records of `src` over those of the same index in `dst`. A shallow copy: font, picture and LVGL style
