@@ -37,7 +37,7 @@ for folder in "$work" "$work/res/"; do
     says "$work/res/config/project/zofprj.g:1:80: error: there is no config/view/none.g [file-missing]"
 done
 ends 1 "$build/tools/zof" check "$work" --format json
-says '"line": 1, "column": 80, "severity": "error", "rule": "file-missing", "key": "views[0].pageName"'
+for part in '"line": 1,' '"column": 80,' '"rule": "file-missing",' '"key": "views[0].pageName"'; do says "$part"; done
 mkdir -p "$work/res/config/view"
 printf '{"view": {"bg_color": 255}}' >"$work/res/config/view/f.g"
 ends 1 "$build/tools/zof" fmt --check "$work/res/config/view/f.g"
