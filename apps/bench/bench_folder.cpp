@@ -11,7 +11,7 @@ static const char *variable(const char *name) {
     return value ? value : "";
 }
 
-// Takes a path that is a folder, also through links.
+// Writes the path if it is a folder, possibly through links. Returns false otherwise.
 static bool folder_take(char *out, size_t size, const char *path, const char *more) {
     const int n = snprintf(out, size, "%s%s/", path, more);
     if (path[0] != '/' || n < 0 || (size_t)n >= size || zof_file_kind(out) != ZOF_FILE_FOLDER) {
@@ -21,7 +21,7 @@ static bool folder_take(char *out, size_t size, const char *path, const char *mo
     return true;
 }
 
-// A line of the user's configuration: XDG_DOCUMENTS_DIR="$HOME/Documents", or a path from the root.
+// Reads a line of the user's configuration: XDG_DOCUMENTS_DIR="$HOME/Documents", or an absolute path.
 static bool line_take(char *out, size_t size, char *line) {
     static constexpr char KEY[] = "XDG_DOCUMENTS_DIR=\"", HOME[] = "$HOME";
     char *end = strrchr(line, '"');

@@ -1,10 +1,10 @@
-// The user's folders, as desktops agree on them (XDG).
+// The user's folders, as the XDG convention of desktops defines them.
 #ifndef BENCH_FOLDER_H
 #define BENCH_FOLDER_H
 
 #include "zof_lib/zof_type.h"
 
-// Writes the folder of the user's documents, or of what comes nearest to it; "." without a home.
+// Writes the path of the user's documents folder or the nearest existing substitute; "." if there is no home folder.
 void folder_documents(char *out, size_t size);
 
 #endif

@@ -1,4 +1,5 @@
-// The gate: nothing is sent to the box but through bench_gate_send, and whatever can hurt a device is decided here.
+// The gate: everything that is sent to the box passes bench_gate_send, and every action that can damage a device is
+// decided here.
 #include <string.h>
 
 #include <algorithm>
@@ -9,7 +10,8 @@
 #include "hardware/uart/zof_hw_uart.h"
 #include "zof.h"
 
-// The current last used on each adjustable rail, by its numbers, so that a list in another order keeps it.
+// The current last used on each adjustable rail. Rails are identified by their values, so that a list in another order
+// finds them.
 static struct {
     bool known;
     prof_t rail;
@@ -32,8 +34,8 @@ static bool rail_is(const prof_t &a, const prof_t &b) {
     return memcmp(&a, &b, sizeof(a)) == 0;
 }
 
-// The voltage that counts as the present one: the set one, or the measured one if that is not known. A request that was
-// not confirmed may have lowered it all the same. While the current limit acts, a higher limit would raise the voltage
+// Returns the voltage that counts as the present one: the set one, or the measured one if that is not known. An
+// unconfirmed request may have lowered it already. While the current limit acts, a higher limit would raise the voltage
 // up to the set one.
 static bool limited() {
     return bench.mv_known && (bench.limit || bench_limit_acts());
@@ -167,7 +169,7 @@ bool bench_apply_turns_on(void) {
     return bench_out_known() && !bench.on && auto_on_known() && bench.auto_on != 0;
 }
 
-// A box that has not said whether applying turns its output on may do so.
+// If the box has not reported whether applying turns its output on, assume that it may.
 bench_apply_e bench_apply_how(bench_choice_t choice) {
     if (bench.applying || !choice_valid(choice)) {
         return BENCH_APPLY_NO;
@@ -219,8 +221,8 @@ static void set(bench_choice_t choice) {
     }
 }
 
-// The box names the rail in force. While a list is asked for, the answer also names the old one, so that confirms
-// nothing of a rail that is being applied. A late answer confirms only another rail than before.
+// The box reports the rail in force. While a list is requested, the answer also names the old rail, so a repeated value
+// confirms nothing about a rail that is being applied. A late answer confirms only a rail other than the one before.
 void bench_gate_rail(u8 rail) {
     const bool same = bench.rail_known && bench.rail == rail;
     const bool applied =
@@ -239,7 +241,7 @@ void bench_gate_rail(u8 rail) {
     bench_gate_rails();
 }
 
-// The number of a rail means another one from now on.
+// Returns true if the number of a rail still means the same rail in the new list.
 static bool same_in(const prof_t *rails, u8 count, u8 rail) {
     return rail < count && rail_is(rails[rail], bench.rails.rail[rail]);
 }
@@ -253,7 +255,7 @@ void bench_gate_list(const prof_t *rails, u8 count) {
     }
 }
 
-// A fixed rail in force says by itself what is set; the values of an adjustable one only the panel knows.
+// A fixed rail determines what is set; only the panel knows the values set on an adjustable one.
 void bench_gate_rails(void) {
     const u8 rail = bench.rail;
     if (bench.dead || bench.set.rail != rail) {
@@ -294,7 +296,7 @@ bool bench_session_reset(void) {
     return true;
 }
 
-// A box whose count did not fall has not taken the reset.
+// If the count has not fallen, the box has not executed the reset.
 bool bench_session_undo(void) {
     if (!bench.undo) {
         return false;

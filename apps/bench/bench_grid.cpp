@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-enum { SHOWN = 10 }; // the last digit that is shown
+enum { SHOWN = 10 }; // the last displayed digit
 
 static u16 shown_up(u16 value) {
     return (u16)((value + SHOWN - 1) / SHOWN * SHOWN);

@@ -22,14 +22,13 @@ struct import_t {
     const char *path;
     u32 line;
     u32 faults;
-    s32 place[COLUMNS]; // of a column in a line, or -1
+    s32 place[COLUMNS]; // index of each column in a line, or -1
     s32 reports;
-    u64 at;   // of the last report
-    s32 zone; // its zone, in minutes
+    u64 at;   // time of the last report
+    s32 zone; // its time zone, in minutes
 };
 
-// A line as its fields, which are cut out of it in place: quotes are removed, and doubled ones are one. Returns their
-// number.
+// Splits a line into fields, in place: quotes are removed, and doubled quotes become one. Returns the number of fields.
 static u32 split(char *line, char *fields[FIELDS]) {
     u32 count = 0;
     char *to = line;
@@ -53,7 +52,7 @@ static u32 split(char *line, char *fields[FIELDS]) {
     return count;
 }
 
-// ISO 8601: local date and time with a zone. Milliseconds since 1970.
+// Reads an ISO 8601 local date and time with a zone. `at` receives milliseconds since 1970.
 static bool time_read(const char *text, u64 *at, s32 *zone) {
     int year, month, day, hour, minute, end = 0;
     double second;
@@ -76,7 +75,7 @@ static bool time_read(const char *text, u64 *at, s32 *zone) {
     return ms > 0;
 }
 
-// A number in units of `scale` of them. An empty field has none.
+// Reads a number and multiplies it by `scale`. Returns false for an empty field.
 static bool number_read(const char *text, double scale, u16 *out) {
     char *end;
     const double value = strtod(text, &end) * scale + 0.5;
@@ -148,7 +147,7 @@ static void point_take(import_t &in, char *const *fields, u32 count) {
     trend_add(point);
 }
 
-// Reads a line without its end. False at the end of the file.
+// Reads a line and removes its line end. Returns false at the end of the file.
 static bool line_read(import_t &in, FILE *f, char *line) {
     if (!fgets(line, LINE_SIZE, f)) {
         return false;
@@ -191,7 +190,7 @@ s32 import_file(const char *path) {
         zof_printf("%s: %s", path, zof_file_error());
         return -1;
     }
-    static constexpr char MARK[] = "\xEF\xBB\xBF"; // that some editors write
+    static constexpr char MARK[] = "\xEF\xBB\xBF"; // written by some editors
     const bool read = line_read(in, f, line);
     char *text = read && strncmp(line, MARK, 3) == 0 ? line + 3 : line;
     const bool good = read && header_take(in, fields, split(text, fields));

@@ -1,4 +1,5 @@
-// The list of rails: which of its words have come, whether it is whole and sane, and when to ask again.
+// The list of rails: which of its words have arrived, whether the list is complete and plausible, and when to request
+// it again.
 #include <string.h>
 
 #include "bench/bench.h"
@@ -10,7 +11,7 @@ static void answer_clear() {
     bench.rails.counted = false;
 }
 
-// A word that has come already belongs to a second answer; the first one is not completed by it.
+// A word that arrives twice belongs to a second answer, so it starts a new one instead of completing the first.
 void bench_take_word(u16 addr) {
     if (addr < REG_RAIL_BASE || addr >= REG_RAIL_BASE + RAIL_WORDS * RAIL_MAX) {
         return;
@@ -35,8 +36,8 @@ void bench_rails_ask(void) {
     ask();
 }
 
-// The answer did not come, or not whole: the next try follows a second after the last one, and after the third one try
-// every ten seconds.
+// Handles a missing or incomplete answer: the next try follows one second after the last; after the third, one try
+// follows every ten seconds.
 static void failed() {
     bench_rails_t &r = bench.rails;
     const bool more = r.tries < BENCH_TRIES;
@@ -62,7 +63,7 @@ static prof_t rail_read(u8 i) {
             (u16)zof_reg_get((u16)(base + 3))};
 }
 
-// Shows the list that came, and counts it as a change if it is another one.
+// Shows the list that has arrived, and counts a change if it differs from the shown one.
 static void take(const prof_t *rails, u8 count) {
     bench_rails_t &r = bench.rails;
     const bool same = r.count == count && memcmp(r.rail, rails, sizeof(r.rail)) == 0;
@@ -102,7 +103,7 @@ void bench_rails_commit(void) {
         take(rails, count);
         return;
     }
-    if (!r.waiting && r.next_at == 0) { // a table that was not asked for: a failed first try
+    if (!r.waiting && r.next_at == 0) { // a table that was not requested counts as a failed first try
         r.tries = 1;
         r.asked_at = bench.now;
     }

@@ -14,12 +14,12 @@ record_t record = {.name = record.path};
 
 static struct {
     zof_lines_t *lines;
-    char folder[RECORD_PATH_SIZE]; // the one that was set
-    u64 last_at;                   // of the last line
-    u32 credit;                    // milliseconds towards the next one
+    char folder[RECORD_PATH_SIZE]; // set by record_folder_set; empty for the default
+    u64 last_at;                   // time of the last line
+    u32 credit;                    // milliseconds towards the next line
 } writer;
 
-// A line costs 100 ms; two may be saved up, so that reports that come unevenly are all written.
+// A line costs 100 ms; two lines may be saved up, so that reports that arrive unevenly are all written.
 enum { LINE_MS = 100, CREDIT_MS = 200 };
 
 static constexpr char HEADER[] = "Time,Voltage (V),Current (A),Power (W),Set voltage (V),Set current (A),Output,Rail,"
@@ -35,7 +35,7 @@ static void failed(record_state_e state, const char *why) {
     zof_printf("recording %s ends: %s", record.path, record.why);
 }
 
-// Frees the file when its thread is done with it.
+// Frees the file when its thread has finished with it.
 static void settle() {
     const char *why;
     const zof_lines_state_e state = zof_lines_state(writer.lines, &why);
@@ -112,7 +112,8 @@ void record_take(const trend_point_t *point) {
     }
 }
 
-// Who holds the port, or the system's reason: a text from outside, so it is quoted, and has no quotes of its own.
+// Writes the holder of the port or the system's error text. The text comes from outside, so it is quoted and its own
+// quotes are replaced.
 static const char *note_field(char *out, const char *who) {
     size_t n = 0;
     for (out[n++] = '"'; *who && n + 2 < NOTE_SIZE; who++) {
@@ -144,7 +145,7 @@ void record_gap(void) {
 // Start and end ---------------------------------------------------------------------------------------------------
 static bool begin(const char *path) {
     if (writer.lines) {
-        zof_lines_free(writer.lines); // the end of the last one
+        zof_lines_free(writer.lines); // waits for the end of the previous file
     }
     snprintf(record.path, sizeof(record.path), "%s", path);
     record.name = record.path + zof_path_parent(record.path);
@@ -196,7 +197,7 @@ bool record_name(char *out, size_t size, const char *suffix) {
     if (!folder[0]) {
         folder_documents(folder, sizeof(folder));
     }
-    for (u32 i = 1; i < 1000; i++) { // several begin in one minute
+    for (u32 i = 1; i < 1000; i++) { // several recordings may start in one minute
         char number[8] = "";
         if (i > 1) {
             snprintf(number, sizeof(number), "-%u", i);

@@ -85,7 +85,7 @@ static const scpi_row_t *row_find(const header_t &header) {
     return nullptr;
 }
 
-// Splits a whole header; returns the error.
+// Splits a whole header. Returns an error code, or 0.
 static s16 header_split(view whole, header_t *out) {
     *out = {};
     out->query = !whole.empty() && whole.back() == '?';
@@ -144,7 +144,7 @@ static s16 params_split(view text, scpi_call_t *call) {
 }
 
 // Commands --------------------------------------------------------------------------------------------------------
-// Finds the end of a header, which a space ends too; returns the error code.
+// Finds the end of a header, which a space also ends. Returns an error code, or 0.
 static s16 header_end(view unit, size_t *out) {
     size_t at = unit[0] == '*' ? 1 : 0;
     while (at < unit.size() && (is_letter(unit[at]) || is_digit(unit[at]) || unit[at] == ':')) {
@@ -158,8 +158,8 @@ static s16 header_end(view unit, size_t *out) {
     return 0;
 }
 
-// Returns the row of a command and fills in its parameters; null after queueing an error. `path` is updated for the
-// next command of the line.
+// Returns the row of a command and fills in its parameters, or returns null after queueing an error. Updates `path` for
+// the next command of the line.
 static const scpi_row_t *unit_read(view unit, scpi_call_t *call, std::string *path) {
     scpi_client_t *client = call->client;
     size_t end = 0;
@@ -203,7 +203,7 @@ static bool must_wait(scpi_client_t *client, const scpi_row_t *row, const scpi_c
     return client->waiting;
 }
 
-// Runs a command; false if it has to wait.
+// Runs a command. Returns false if it has to wait.
 static bool unit_run(scpi_client_t *client, view unit) {
     if (unit.empty()) {
         return true;
@@ -275,7 +275,7 @@ static void byte_take(scpi_client_t *client, char c) {
 
 // Off at once --------------------------------------------------------------------------------------------------------
 static bool line_turns_off(view line) {
-    scpi_client_t scratch = {}; // takes the errors, which are queued when the line runs
+    scpi_client_t scratch = {}; // receives the errors, which are queued again when the line runs
     for (size_t at = 0; at < line.size();) {
         const view unit = unit_next(line, &at);
         scpi_call_t call = {.client = &scratch};

@@ -35,7 +35,7 @@ static bool limits(scpi_scope_t scope, scpi_which_e which, double other, double 
     return *least <= *most;
 }
 
-// Moves `below` and `above` closer to a value, as the grid allows.
+// Moves `below` and `above` closer to a value, as far as the grid allows.
 static void approach(grid_t grid, double value, double *below, double *above) {
     if (value >= grid.low) {
         const u32 whole = (u32)fmin(value, grid.high);
@@ -72,14 +72,13 @@ void scpi_refuse(scpi_call_t &call, scpi_scope_t scope, scpi_which_e which, doub
     scpi_fail(call.client, SCPI_RANGE, text);
 }
 
-// Adjustable rails come before fixed ones, then those with the lower top voltage, then those with the lower number.
+// Compares by the order of scpi_choose; among equal rails the lower number wins because it comes first.
 static bool better(u8 rail, u8 than) {
     const prof_t &a = bench.rails.rail[rail], &b = bench.rails.rail[than];
     const bool adjustable = prof_adjustable(&a), other = prof_adjustable(&b);
     return adjustable != other ? adjustable : a.vmax < b.vmax;
 }
 
-// Chooses the rail for both values; for SCPI_ANY current, the one that the rail opens with.
 bool scpi_choose(scpi_call_t &call, scpi_scope_t scope, double mv, double ma, bench_choice_t *out) {
     u8 best = RAIL_NONE;
     bool volts = false, amperes = false;
@@ -101,7 +100,7 @@ bool scpi_choose(scpi_call_t &call, scpi_scope_t scope, double mv, double ma, be
     return best != RAIL_NONE;
 }
 
-// MINimum, MAXimum or DEFault.
+// Reads MINimum, MAXimum or DEFault.
 bool scpi_word_value(scpi_call_t &call, u32 index, scpi_scope_t scope, scpi_which_e which, double other, double *out) {
     double least = 0, most = 0;
     const std::string_view word = call.param[index].text;

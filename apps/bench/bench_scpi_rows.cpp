@@ -15,7 +15,7 @@ static void idn(scpi_call_t &call) {
     scpi_answer(call, std::string("zof,bench panel,0,") + (version ? version : "0"));
 }
 
-// Off is the only state that is safe for any connected device. Rails and session are unchanged.
+// Turning off is the only state that is safe for any connected device. Rails and session are unchanged.
 static void rst(scpi_call_t &call) {
     call.client->opc = false;
     scpi_output_off(call.client);
@@ -31,7 +31,7 @@ static void cls(scpi_call_t &call) {
     call.client->opc = false;
 }
 
-// A register of a byte, and its query.
+// A one-byte register and its query.
 template <u8 scpi_client_t::*FIELD> static void byte_set(scpi_call_t &call) {
     u32 value = 0;
     if (scpi_param_integer(call, 0, 0, 255, &value)) {

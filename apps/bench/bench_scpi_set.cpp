@@ -102,7 +102,7 @@ void scpi_outcome(scpi_client_t *client) {
     }
 }
 
-// A box that has not said whether applying turns its output on may do so.
+// If the box has not reported whether applying turns its output on, assume that it may.
 static bool turns_on() {
     return (bench.settings_known & BENCH_SETTING_AUTO_ON) == 0 || bench.auto_on != 0;
 }
@@ -130,7 +130,7 @@ static void choose_and_send(scpi_call_t &call, scpi_scope_t scope, double mv, do
 }
 
 // Commands --------------------------------------------------------------------------------------------------------
-// The current to use with a voltage given alone.
+// Returns the current to use with a voltage that is given alone.
 static double present_ma(const scpi_call_t &call) {
     return bench.set_known ? bench.set.ma : call.client->ma_wanted != 0 ? call.client->ma_wanted : SCPI_ANY;
 }
@@ -142,7 +142,7 @@ void scpi_volt(scpi_call_t &call) {
     }
 }
 
-// Without a known voltage, the current is kept for the next voltage.
+// Keeps a current for the next voltage, while no voltage is known.
 static void ma_keep(scpi_call_t &call, double ma) {
     for (u8 i = 0; i < RAIL_MAX; i++) {
         if (scpi_rail_gives(i, SCPI_AMPERES, ma)) {
@@ -166,7 +166,7 @@ void scpi_curr(scpi_call_t &call) {
     }
 }
 
-// Volts and amperes from a parameter on.
+// Applies volts and amperes read from the parameters that start at `index`.
 static void apply_from(scpi_call_t &call, u32 index, scpi_scope_t scope, double ma) {
     double mv = 0;
     if (scpi_value_read(call, index, scope, SCPI_VOLTS, SCPI_ANY, &mv) &&

@@ -60,7 +60,7 @@ static bool number_read(scpi_call_t &call, u32 index, double *out, view *rest) {
         return fail(call, param.kind == SCPI_WORD ? SCPI_ILLEGAL : SCPI_DATA_TYPE, param.text);
     }
     view text = param.text;
-    const bool plus = text.front() == '+'; // which from_chars does not take
+    const bool plus = text.front() == '+'; // from_chars does not accept it
     text.remove_prefix(plus);
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), *out);
     if (error == std::errc::result_out_of_range) {
@@ -120,7 +120,7 @@ bool scpi_param_milli(scpi_call_t &call, u32 index, char unit, double *out) {
         const std::string suffix = row.prefix + std::string(1, unit);
         if (same(rest, suffix) || (rest.empty() && row.thousandths == 1e3)) {
             *out = value * row.thousandths;
-            // a value that was written in decimals is a whole number here
+            // rounds away the error of a value that was written in decimals
             *out = fabs(*out - round(*out)) < 1e-6 ? round(*out) : *out;
             return true;
         }

@@ -3,10 +3,10 @@
 struct session_t {
     trend_sum_t sum;
     u64 begin; // 0: the first report
-};
+};             // 0: since the first report
 
 static struct {
-    session_t now, before; // the last reset
+    session_t now, before; // the session before the last reset is kept for undo
 } session;
 
 void session_take(const trend_point_t *before, const trend_point_t *point) {

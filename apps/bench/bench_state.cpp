@@ -1,4 +1,4 @@
-// What the box has said, and how old it is.
+// The state that the box has reported, and its age.
 #include <string.h>
 
 #include "bench/bench.h"
@@ -10,13 +10,14 @@ bench_t bench;
 
 static void now_set() {
     const u32 clock = zof_sys_time_ms();
-    bench.now += bench.started ? clock - bench.clock : 0; // unsigned: right across the clock's wrap after 49 days
+    bench.now +=
+        bench.started ? clock - bench.clock : 0; // unsigned, so it is correct when the clock wraps after 49 days
     bench.started = true;
     bench.clock = clock;
 }
 
-// The readings for the eye ----------------------------------------------------------------------------------------
-// The last readings of each kind, for their mean over BENCH_EYE_MS.
+// The readings for display -----------------------------------------------------------------------------------------
+// The last readings of each kind, which are averaged over BENCH_EYE_MS.
 enum { EYE_SIZE = 16 };
 struct eye_t {
     u64 at[EYE_SIZE];
@@ -25,7 +26,7 @@ struct eye_t {
 };
 static eye_t eyes[3];
 
-// A value that leaves the mean by more than noise does starts a new one, so that a step shows at once.
+// A value further from the mean than noise explains restarts the mean, so that a step shows at once.
 static bool is_step(u16 value, u16 mean) {
     const u32 way = value > mean ? (u32)(value - mean) : (u32)(mean - value);
     return way > 20u + mean / 100u;
@@ -57,7 +58,7 @@ void bench_start(void) {
     bench = {.port = {.state = BENCH_PORT_LOOKING}, .dead = true, .rail = RAIL_NONE};
     memset(eyes, 0, sizeof(eyes));
     bench_gate_start();
-    if (!trend_stopped()) { // a recording that is shown stays
+    if (!trend_stopped()) { // an imported recording stays
         trend_clear();
     }
     now_set();
@@ -113,7 +114,7 @@ bool bench_energy(u64 *mwh) {
     return bench_live() && bench.mwh_known == 3;
 }
 
-// The box was silent for too long: nothing that it said before holds any more.
+// The box was silent for too long or has restarted: its earlier reports no longer hold.
 static void lost() {
     trend_gap();
     bench.dead = true;
@@ -143,7 +144,8 @@ static void seen() {
 }
 
 // The current limit -----------------------------------------------------------------------------------------------
-// The board does not report it: on an adjustable rail the current is at the limit and the voltage below the set one.
+// The board does not report the limit. It is inferred on an adjustable rail when the current is at its limit and the
+// voltage below the set one.
 bool bench_limit_acts(void) {
     if (!bench_is_on() || !bench.set_known || bench.rail >= bench.rails.count ||
         !prof_adjustable(&bench.rails.rail[bench.rail])) {
@@ -153,7 +155,7 @@ bool bench_limit_acts(void) {
     return bench.ma * 100u >= bench.set.ma * 97u && below > 100 && below * 50 > bench.set.mv;
 }
 
-// It shows, and goes, when that has been so for BENCH_LIMIT_MS.
+// Shows or hides the limit after it has been so for BENCH_LIMIT_MS.
 static void limit_tick() {
     const bool next = bench_limit_acts();
     if (next != bench.limit_next) {
@@ -289,7 +291,7 @@ void bench_take_port(const bench_port_t *port) {
         record_gap();
     }
     if (opened) {
-        if (bench.off_wanted) { // it may be another box by now; off does no harm there
+        if (bench.off_wanted) { // the box may be a different one by now; off does no harm
             bench_off();
         }
         ask_all();

@@ -1,5 +1,5 @@
-// The store of the trend: a ring of reports, their sums by blocks, and a ring of coarse sums for what the first ring
-// has forgotten. A query walks over whole sums where they lie in one column, and over single reports elsewhere.
+// The store of the trend: a ring of reports with a sum per block, and a ring of coarse sums for reports that the first
+// ring has dropped. A query uses whole sums where they lie in one column, and single reports elsewhere.
 #include <algorithm>
 #include <string.h>
 
@@ -13,16 +13,16 @@ static constexpr u64 ZERO = 1ull << 40;
 
 struct block_t {
     trend_sum_t sum;
-    bool gap; // some report of it is not joined to the one before
+    bool gap; // at least one of its reports is not joined to the previous one
 };
 
-// What came from the first to the last report of a coarse piece.
+// The reports of one coarse interval, from the first to the last.
 struct coarse_t {
     trend_sum_t sum;
     trend_point_t first, last;
-    u32 number; // of the piece, counted from time 0
-    u16 era;    // of trend_clear
-    bool gap;   // as of blocks, but for the first report
+    u32 number; // number of the interval, counted from time 0
+    u16 era;    // counts calls of trend_clear
+    bool gap;   // as in block_t, ignoring the first report
 };
 
 static trend_point_t points[TREND_POINTS];
@@ -33,12 +33,12 @@ static_assert(sizeof(points) + sizeof(blocks) + sizeof(coarse) < 16u << 20);
 static struct {
     u16 era;
     u64 count;      // reports taken
-    u64 begin;      // time of the first
+    u64 begin;      // time of the first report
     bool open;      // no gap since the last report
-    u64 stopped_at; // of the clock, or 0
-    s32 zone;       // minutes, while it is stopped
+    u64 stopped_at; // time at which the clock was stopped, or 0
+    s32 zone;       // offset of local time in minutes, while the clock is stopped
     trend_point_t next;
-    bool mv, ma; // that `next` has
+    bool mv, ma; // which values of `next` have arrived
 } trend;
 
 static trend_point_t &point_at(u64 i) {
@@ -62,7 +62,7 @@ bool trend_stopped(void) {
     return trend.stopped_at != 0;
 }
 
-// Coarse pieces stay, but of another era they do not count.
+// Coarse pieces keep their contents; those of an older era are ignored.
 void trend_clear(void) {
     trend = {.era = (u16)(trend.era + 1)};
     session_clear();
@@ -124,7 +124,7 @@ static u8 flags_now() {
                 (bench.set_known ? TREND_SET : 0) | (bench.limit ? TREND_LIMIT : 0));
 }
 
-// The report is complete.
+// Adds the pending report if it has volts and amperes.
 static void finish() {
     if (trend.mv && trend.ma) {
         trend.next.flags |= flags_now();
@@ -167,14 +167,14 @@ void trend_gap(void) {
 }
 
 // Walking ---------------------------------------------------------------------------------------------------------
-// One or more reports that follow each other.
+// One or more consecutive reports.
 struct piece_t {
     const trend_point_t *first, *last;
     const trend_sum_t *sum;
     bool gap; // within it
 };
 
-// Returns the number of the first report at a time or later.
+// Returns the number of the first report at or after a time.
 static u64 find(u64 at) {
     u64 low = oldest();
     u64 high = trend.count;
@@ -189,7 +189,8 @@ static u64 find(u64 at) {
     return low;
 }
 
-// From this time on, the ring of reports has all. It is the end of a coarse piece if some are forgotten.
+// Returns the time from which the ring of reports is complete. If reports have been dropped, this is the end of a
+// coarse piece.
 static u64 fine_from() {
     return oldest() == 0 ? 0 : (point_at(oldest()).at / TREND_COARSE_MS + 1) * TREND_COARSE_MS;
 }
@@ -208,12 +209,13 @@ template <typename TAKE> static void walk_coarse(u64 from, u64 to, TAKE &&take) 
     }
 }
 
-// The report before, if it is in the span: otherwise the time between the two is not.
+// Returns the previous report, or null if it is outside the span: the interval between the two then does not count.
 static const trend_point_t *before_in(u64 i, u64 from) {
     return i > oldest() && point_at(i - 1).at >= from ? &point_at(i - 1) : nullptr;
 }
 
-// A block that may be taken as a whole: complete, without a gap, in the span and, as `fits` says, in one column.
+// Returns true if a block can be used as a whole: it is complete, has no gap, and lies in the span and, according to
+// `fits`, in one column.
 template <typename FITS> static bool block_whole(u64 i, u64 from, u64 to, FITS &&fits) {
     if (i % TREND_BLOCK != 0 || i + TREND_BLOCK > trend.count || point_at(i + TREND_BLOCK - 1).at > to ||
         !before_in(i, from)) {
@@ -250,7 +252,7 @@ struct chart_t {
     u64 from, width;
     trend_column_t *column;
     u32 count;
-    trend_point_t before; // the last report taken
+    trend_point_t before; // the last report added
     bool any;
 };
 
@@ -258,8 +260,8 @@ static s64 column_of(const chart_t &chart, u64 at) {
     return at < chart.from ? -(s64)((chart.from - at - 1) / chart.width) - 1 : (s64)((at - chart.from) / chart.width);
 }
 
-// The columns between two reports that are not joined; that of the second one if there are none between, so that a
-// short gap shows in a long span.
+// Marks the columns between two reports that are not joined. If there are none between, it marks that of the second
+// report, so that a short gap stays visible in a long span.
 static void gap_mark(chart_t &chart, u64 after, u64 until) {
     const s64 first = column_of(chart, after) + 1;
     const s64 end = column_of(chart, until);
@@ -269,7 +271,7 @@ static void gap_mark(chart_t &chart, u64 after, u64 until) {
     }
 }
 
-// What was set holds until something else was, also in gaps.
+// Set values hold until they are changed, also in gaps.
 static void set_mark(chart_t &chart, u64 until) {
     const s64 end = std::min(column_of(chart, until), (s64)chart.count);
     for (s64 k = std::max(column_of(chart, chart.before.at), (s64)0); chart.any && k < end; k++) {
@@ -311,7 +313,7 @@ static void chart_add(chart_t &chart, const piece_t &piece) {
     chart.any = true;
 }
 
-// The last report before a span, which may be joined to the first one in it.
+// Starts with the last report before the span, which may be joined to the first one in it.
 static void chart_before(chart_t &chart) {
     const u64 fine = fine_from();
     const u64 i = find(chart.from);
@@ -321,7 +323,7 @@ static void chart_before(chart_t &chart) {
     }
 }
 
-// What goes on at the end of a span: until the next report or, after the last one, until now.
+// Continues to the end of the span: up to the next report or, after the last one, up to now.
 static void chart_after(chart_t &chart) {
     const u64 next = find(chart.from + chart.width * chart.count);
     const bool last = next == trend.count;
