@@ -19,7 +19,7 @@
 enum { STATUS_START = -1, STATUS_DONE = 0, STATUS_WRONG = 2, STATUS_LOG = 4, LOG_CHECK_MS = 200 };
 
 static struct {
-    std::string port, replay; // lives as long as the replay, which keeps its file's name
+    std::string port, replay; // `replay` stays valid, because the replay keeps a pointer to it
     bool list = false, full = false, headless = false;
     std::string record, log, import, scpi;
 } args;
@@ -73,7 +73,7 @@ static void options_add(CLI::App &app) {
     app.add_flag("--headless", args.headless, "show no window; needs no display");
 }
 
-// A recording without a window. The program's own messages go to the error stream.
+// Prepares a recording without a window. The program's own messages go to the error stream.
 static int log_prepare() {
     if (args.log != "-" && zof_file_kind(args.log.c_str()) != ZOF_FILE_NONE) {
         fprintf(stderr, "--log: %s exists\n", args.log.c_str());
@@ -85,7 +85,7 @@ static int log_prepare() {
 }
 
 static void log_check(lv_timer_t *) {
-    if (!record_runs()) { // the reason is logged
+    if (!record_runs()) { // the reason has been logged
         _Exit(STATUS_LOG);
     }
 }
@@ -95,7 +95,7 @@ void zof_args_begin(void) {
         record_log(args.log.c_str());
         lv_timer_create(log_check, LOG_CHECK_MS, nullptr);
     }
-    if (!args.replay.empty()) { // every page shows it, and touches have no effect
+    if (!args.replay.empty()) { // every page shows its name, and touches have no effect
         const size_t slash = args.replay.find_last_of('/');
         const char *name = args.replay.c_str() + (slash == std::string::npos ? 0 : slash + 1);
         snprintf(bench.remote, sizeof(bench.remote), "%.*s", (int)sizeof(bench.remote) - 1, name);
@@ -124,7 +124,7 @@ static int args_apply(const CLI::App &app) {
         (app.count("--log") && log_prepare() == STATUS_WRONG)) {
         return STATUS_WRONG;
     }
-    if (app.count("--scpi") && net_scpi_listen(args.scpi.c_str()) != 0) { // after --log, which moves messages
+    if (app.count("--scpi") && net_scpi_listen(args.scpi.c_str()) != 0) { // after --log, which redirects messages
         return STATUS_WRONG;
     }
     return app.count("--port") && zof_box_port_set(args.port.c_str()) != 0 ? STATUS_WRONG : STATUS_START;

@@ -20,7 +20,7 @@ const zof_view_fun_t zof_views_fun[ZOF_VIEW_COUNT] = {
     {ZOF_VIEW5_ID, view5_init, view5_entry, view5_exit},
 };
 
-// What the system knows of the port, as the model takes it.
+// Converts the state of the port for the model.
 static void port_changed(const zof_uart_info_t *info) {
     static constexpr struct {
         zof_uart_state_e id;
@@ -46,7 +46,7 @@ static void port_changed(const zof_uart_info_t *info) {
 
 static constexpr zof_hw_client_t client = {bench_take, bench_take_word, ui_paint};
 
-// Names the file in the title of a window that shows one instead of a box.
+// Shows the name of a replayed or imported file in the window's title.
 static void title_set() {
     const char *replay = zof_replay_file();
     const std::string file = replay ? replay : import_name();

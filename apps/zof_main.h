@@ -7,7 +7,7 @@
 
 ZOF_C_BEGIN
 
-// Shows the panel and lets its model take what the link delivers; opens no port.
+// Shows the panel and connects its model to the link; opens no port.
 void panel_start(void);
 
 extern const zof_view_fun_t zof_views_fun[ZOF_VIEW_COUNT];

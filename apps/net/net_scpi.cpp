@@ -1,5 +1,5 @@
-// The thread "zof scpi". Commands run on it under dis_mutex; everything else here belongs to it alone. While answers to
-// a client are being sent nothing is read from it, so a client that does not read blocks only itself.
+// The thread "zof scpi". Commands run on it under dis_mutex; everything else here belongs to it alone. While answers
+// are being sent to a client nothing is read from it, so a client that does not read blocks only itself.
 #include "net/net_scpi.h"
 
 #include <utility> // Boost 1.74 needs it first
@@ -23,9 +23,9 @@ using boost::system::error_code;
 enum {
     THREAD_PRIO = 7, // normal
     READ_SIZE = 1024,
-    HELD_MAX = 4096,       // bytes that may wait behind a command; no more are read
-    WRITE_MS = 5000,       // for a client to take its answers
-    END_MS = 2000,         // for the last commands of a client that sends no more
+    HELD_MAX = 4096,       // bytes that may be queued behind a waiting command before reading stops
+    WRITE_MS = 5000,       // for a client to read its answers
+    END_MS = 2000,         // for the last commands of a client that has stopped sending
     AGAIN_MS = 10,         // between checks of unfinished operations
     ACCEPT_PAUSE_MS = 200, // after an error
 };
@@ -94,7 +94,7 @@ static void more_read(const conn_p &conn) {
     conn->socket.async_read_some(asio::buffer(conn->block), [conn](const error_code &error, size_t size) {
         conn->reading = false;
         conn->held.append(conn->block, size);
-        if (error == asio::error::eof) { // it may still read: `printf '*IDN?\n' | nc` does
+        if (error == asio::error::eof) { // it may still read, as `printf '*IDN?\n' | nc` does
             conn->ended = true;
             limit_set(conn, conn->end, END_MS, "sends no more, and its commands take too long");
         } else if (error) {
@@ -105,7 +105,7 @@ static void more_read(const conn_p &conn) {
     });
 }
 
-// Runs what was received; returns true if an operation has not finished.
+// Runs the received commands. Returns true if an operation has not finished.
 static bool commands_run(const conn_p &conn) {
     zof_lock gui(dis_mutex);
     conn->held.erase(0, scpi_feed(&conn->client, conn->held.data(), conn->held.size()));

@@ -14,14 +14,14 @@ enum { IDS = 158, GAP = 2, RING = 3, DRAG_PX = 8 };
 struct spot_t {
     para_t *ctrl;
     lv_area_t box;
-    lv_point_t at; // where a finger presses it
+    lv_point_t at; // where a finger presses the control
 };
 
 static struct {
     lv_obj_t *ring; // null: nothing has the focus
-    lv_area_t box;  // of the ring
+    lv_area_t box;  // area of the ring
     para_t *ctrl;
-    lv_point_t at; // of the last focus; kept after it is cleared
+    lv_point_t at; // point of the last focus; kept after the focus is cleared
     bool pressed;
     u32 landings;
 } focus;
@@ -51,7 +51,8 @@ static bool spot_find(para_t *ctrl, spot_t *out) {
     return touched(out->at) == obj;
 }
 
-// Sorts in reading order: a row consists of the highest remaining control and all whose centre is above its lower edge.
+// Finds the controls of the page in reading order: a row consists of the highest remaining control and all controls
+// whose centre is above its lower edge.
 static u32 spots_find(spot_t *out) {
     const u32 view = (u32)zof_view_get_cur_id(ZOF_LAYER_UI);
     u32 count = 0;
@@ -71,7 +72,7 @@ static s32 distance(lv_point_t a, lv_point_t b, s32 aside) {
     return abs(a.y - b.y) + aside * abs(a.x - b.x);
 }
 
-// Up and down prefer what is straight above or below.
+// Up and down prefer controls that are straight above or below.
 static u32 nearest(const spot_t *spots, u32 count, s32 down) {
     u32 best = count;
     for (u32 i = 0; i < count; i++) {
@@ -141,7 +142,7 @@ static void ring_make() {
     lv_obj_set_style_border_color(focus.ring, lv_color_hex(COLOR_AMBER_HI & 0xFFFFFF), 0);
 }
 
-// Around the control, but within the screen.
+// Places the ring around the control, clipped to the screen.
 static void ring_place(const spot_t &spot) {
     const lv_area_t screen = {0, 0, (lv_coord_t)(LV_HOR_RES - 1), (lv_coord_t)(LV_VER_RES - 1)};
     lv_area_t box = spot.box;

@@ -1,7 +1,7 @@
-// Buttons that are held: one at a time, because there is one finger. A held button keeps the finger until it has slid
-// off by more than 16 px, whatever lies beside the button. A hold counts only the time that was seen to fill: the
-// finger may have left during a stall. It acts when the finger is seen to be down at its end, so that one that has just
-// left does nothing. A key that holds a button has no finger.
+// Buttons that must be held: one at a time, because there is one finger. A held button keeps the finger until it has
+// slid off by more than 16 px, even over another control. A hold counts only time during which the progress was
+// visible, because the finger may have left during a stall. It acts only if the finger is seen to be down at its end,
+// so a finger that has just left does nothing. A button that is held by a key has no finger.
 #include "ui/ui.h"
 
 enum { FRAME_MS = 16, STALL_MS = 100, BACK_MS = 150 };
@@ -10,10 +10,10 @@ static struct {
     const ui_hold_t *now; // null: no hold runs and none returns
     zof_ctrl_t *ctrl;
     lv_timer_t *timer;
-    bool down;    // it is held; otherwise the progress runs back
-    bool finger;  // by a finger
+    bool down;    // the button is held; otherwise the progress runs back
+    bool finger;  // held by a finger, not a key
     u32 progress; // ms, up to BENCH_HOLD_MS
-    u64 at;       // of the last progress, or when it was given up
+    u64 at;       // time of the last progress, or when the hold was given up
 } hold;
 
 static bool finger_is_near() {
@@ -58,7 +58,7 @@ static void finish() {
     now->done();
 }
 
-// While a finger is down readings may become late, and the panel may be locked or taken over by a program.
+// During a hold, readings may become late, and the panel may be locked or taken over by a program.
 static bool still_counts() {
     return bench_age() == BENCH_LIVE && !bench.locked && !bench.remote[0];
 }

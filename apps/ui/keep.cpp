@@ -11,7 +11,7 @@
 
 enum { FILE_MOST = 64 * 1024 };
 
-static std::string folder, kept; // the folder, empty without one; what the file has
+static std::string folder, kept; // the folder, or empty if there is none; the contents of the file
 
 static bool flag_take(bool *flag, const char *text) {
     *flag = strcmp(text, "yes") == 0;
@@ -32,7 +32,7 @@ template <u32 N> static bool preset_take(const char *text) {
     return bench_preset_parse(text, &bench.preset[N]);
 }
 
-// One row per setting: its name in the file, how it is written and how it is taken.
+// One row per setting: its name in the file, how its value is written and how it is read.
 static constexpr struct {
     const char *name;
     std::string (*write)();

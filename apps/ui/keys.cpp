@@ -6,7 +6,7 @@
 #include "ui/keep.h"
 #include "ui/ui.h"
 
-// Codes of keys: the character for those that have one.
+// Key codes: a key with a character has the character as its code.
 enum : u32 {
     CODE_BACK = 8,
     CODE_ENTER = 13,
@@ -25,7 +25,7 @@ enum : u32 {
 
 static void page_down(u32 code) {
     static constexpr u32 pages[] = {ZOF_VIEW1_ID, ZOF_VIEW2_ID, ZOF_VIEW5_ID, ZOF_VIEW4_ID,
-                                    ZOF_VIEW3_ID}; // as the tabs
+                                    ZOF_VIEW3_ID}; // in the order of the tabs
     if (ui_takes(ZOF_EVENT_PRESSED)) {
         ui_tab_to(pages[code - '1']);
     }
@@ -65,7 +65,7 @@ static void picture_down(u32) {
 }
 
 static constexpr struct {
-    u32 code, last; // the first and the last one
+    u32 code, last; // range of key codes
     panel_key_e id;
     void (*down)(u32 code);
     void (*up)();
@@ -85,9 +85,9 @@ static constexpr struct {
 };
 static_assert(rows[sizeof(rows) / sizeof(rows[0]) - 1].id + 2 == KEY_COUNT, "each but that of the window has a row");
 
-static u32 down_rows; // bits of the keys that are down; one that repeats counts once
+static u32 down_rows; // bits of the rows whose key is down; a repeating key counts once
 
-// The character that a key types, or 0; the keys of the number block likewise.
+// Returns the character that a key types, also on the number pad, or 0.
 static char typed(u32 code) {
     static constexpr char block[] = "1234567890.";
     if (code == CODE_ENTER || code == CODE_PAD_ENTER) {
@@ -125,7 +125,7 @@ static void take(zof_win_key_param_t *param, u32 code) {
     ui_paint();
 }
 
-// A second finger counts for Off alone.
+// A second finger counts only for Off.
 static void landed(u16 x, u16 y) {
     const u32 view = (u32)zof_view_get_cur_id(ZOF_LAYER_UI);
     para_t *off =

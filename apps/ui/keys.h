@@ -1,8 +1,8 @@
-// The keys of the panel, which About and --help list, and a second finger, which can only turn off.
+// The keys of the panel, which About and --help list, and the second finger, which can only turn the output off.
 #ifndef KEYS_H
 #define KEYS_H
 
-// Takes the window's keys and further fingers. Once, after the project is created.
+// Registers for the window's keys and for further fingers. Call it once, after the project has been created.
 void keys_start();
 
 #endif

@@ -27,13 +27,13 @@ void paint_line(para_t *ctrl, const char *text, s32 width) {
         do {
             line = cut;
             cut.pop_back();
-        } while (((u8)line.back() & 0xC0) == 0x80); // the rest of a letter
+        } while (((u8)line.back() & 0xC0) == 0x80); // the remaining bytes of a character
         line = cut + "…";
     }
     paint_text(ctrl, line.c_str());
 }
 
-// Returns a language key, or the English words if the language does not have it.
+// Returns the translation of a text, or its English words if the language does not have it.
 static const char *words_of(panel_text_e id) {
     const panel_text_t &text = panel_texts[id];
     const char *words = zof_lang_get_cur_str(text.key);

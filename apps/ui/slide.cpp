@@ -1,11 +1,11 @@
-// Sliding to another page. The new page is shown at once, so that all of it takes touch and Off counts at any moment,
-// and its own tab bar and strip do not move. Only a picture of the old page's content slides away.
+// Sliding to another page. The new page is shown at once, so that it accepts touches and Off works at any moment, and
+// its tab bar and strip do not move. Only a picture of the old page's content slides away.
 #include <string.h>
 
 #include "drv/zof_drv_aid.h"
 #include "ui/ui.h"
 
-enum { SLIDE_MS = 250, TOP = 52, BOTTOM = 432 }; // below the strip, above the tab bar
+enum { SLIDE_MS = 250, TOP = 52, BOTTOM = 432 }; // content area: below the strip, above the tab bar
 
 static struct {
     lv_obj_t *picture; // null: nothing slides
@@ -19,7 +19,7 @@ static void end(lv_anim_t *) {
     slide = {};
 }
 
-// Copies the middle of the screen. Returns false without a frame or memory.
+// Copies the content area of the screen. Returns false if there is no frame or no memory.
 static bool picture_take() {
     s32 width = 0, height = 0;
     const u32 *frame = zof_drv_aid_frame(&width, &height);
@@ -50,7 +50,7 @@ static void start(bool back) {
     lv_anim_set_time(&anim, SLIDE_MS);
     lv_anim_set_path_cb(&anim, lv_anim_path_ease_out);
     lv_anim_set_ready_cb(&anim, [](lv_anim_t *) { lv_obj_del(slide.picture); });
-    lv_anim_set_deleted_cb(&anim, end); // also with its picture
+    lv_anim_set_deleted_cb(&anim, end); // also runs when the picture is deleted
     lv_anim_start(&anim);
 }
 

@@ -1,15 +1,18 @@
-// The strip: the live output on all pages but Output, with a button that turns it off.
+// The strip: the live output on all pages except Output, with a button that turns it off.
 #include "bench/bench_record.h"
 #include "bench_ids.h"
 #include "ui/ui.h"
 
-enum { NOTICE_WIDTH = 600, DOT_WIDTH = 42 }; // of a notice up to Off; of the dot of a recording between them
+enum {
+    NOTICE_WIDTH = 600,
+    DOT_WIDTH = 42
+}; // width of a notice up to the Off button, and of the recording dot between them
 
-// The ids are the same on all pages.
+// The ids are the same on all pages that have a strip.
 static_assert((u32)VIEW2_STRIP_ID == VIEW3_STRIP_ID && (u32)VIEW2_STRIP_ID == VIEW4_STRIP_ID &&
               (u32)VIEW2_STRIP_ID == VIEW5_STRIP_ID);
 
-// Why the port is not open; null if it is.
+// Returns the text for the port's state; for an open port, that the box is silent.
 static panel_text_e reason(const bench_port_t &port) {
     const bool who = port.who[0] != '\0';
     switch (port.state) {
@@ -84,7 +87,7 @@ void strip_paint(u32 view) {
     paint_shown(at(VIEW2_STRIP_NOTICE_ID), dead || locked);
 }
 
-// Off acts when the finger lands, whatever else is going on.
+// Off acts when the finger lands, whatever the state of the panel.
 void strip_off_event(zof_ctrl_t *, zof_event_e event) {
     if (event == ZOF_EVENT_PRESSED) {
         bench_tick();

@@ -52,7 +52,7 @@ void ui_calm() {
     ui.calm_until = bench.now + UI_CALM_MS;
 }
 
-// A finger that was down before this control was pressed has slid onto it.
+// Returns true if the finger was already down before it reached this control.
 static bool slid_on() {
     zof_touch_t touch = {};
     return zof_touch_get(&touch) == 0 && touch.state == ZOF_TOUCH_HELD;

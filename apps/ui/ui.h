@@ -1,8 +1,8 @@
-// What all pages share: when they are painted, which presses count, the strip, tabs and links, and buttons that are
-// held.
+// Functions that all pages share: painting, deciding which presses count, the strip, tabs and links, and buttons that
+// must be held.
 //
-// A view's control table has one row per id, empty where nothing is wired. The ids of a view are small and dense, so
-// only the wired rows are written down, and the empty ones are added at compile time.
+// A view's control table has one row per id, empty where no function is assigned. The ids of a view are small and
+// dense, so only the assigned rows are written out, and the empty ones are added at compile time.
 #ifndef UI_H
 #define UI_H
 
@@ -14,24 +14,24 @@
 
 enum { UI_CALM_MS = 300 };
 
-// A page: its view and what paints it.
+// A page: its view and the function that paints it.
 struct ui_page_t {
     u32 view;
     void (*paint)();
 };
 
-// Starts the timer that paints ten times a second. Once, after the project is created.
+// Starts the timer that paints ten times a second. Call it once, after the project has been created.
 void ui_start();
-// Advances the model and paints the page that is shown, with its strip. Call it after anything that may have changed
-// it.
+// Advances the model and paints the current page with its strip. Call it after anything that may have changed the page.
 void ui_paint();
-// A page, a tray or the keypad has changed: for 0.3 s presses count only for Off, for they were aimed at what was there
-// before.
+// Notes that a page, a tray or the keypad has changed. For UI_CALM_MS only Off accepts presses, because others were
+// aimed at what was shown before.
 void ui_calm();
-// For the entry function of each view, however it is shown: by a tab, a link, or the host.
+// Call this in the entry function of each view. It runs however the view is shown: by a tab, a link or the host.
 void ui_entered();
-// Whether this event of a control counts: not of a finger that slid onto it, in the 0.3 s above, nor while the panel is
-// locked or a remote client holds it. A press that does not count takes its later events with it.
+// Returns true if an event of a control counts. A press does not count if the finger slid onto the control, during the
+// time of ui_calm, while the panel is locked, or while a remote client holds it. The later events of an ignored press
+// are ignored too.
 bool ui_takes(zof_event_e event, bench_press_e what = BENCH_PRESS_ANY);
 
 // A display with a backlight may be too dim to see what is touched. Below UI_DIM_PERCENT the first press only brightens
@@ -41,45 +41,46 @@ bool wake_press();            // call when a control is pressed; returns whether
 void wake_tick();             // handles touches outside all controls
 u16 wake_bright(u16 percent); // returns the brightness to show for a setting
 
-// The tab of the Output page, which held for a second locks the panel, and unlocks it.
+// Handles the tab of the Output page. Holding it for a second locks or unlocks the panel.
 void output_tab_event(zof_ctrl_t *, zof_event_e event);
 
-// The key of the toggle was pressed (ZOF_EVENT_PRESSED) or let go (ZOF_EVENT_CLICKED).
+// Handles the key of the toggle: pressed (ZOF_EVENT_PRESSED) or released (ZOF_EVENT_CLICKED).
 void toggle_key(zof_event_e event);
 
-// A key types a digit, a point, '\b' or, for Done, '\n' on the keypad of the rails. Returns false if it is not open.
+// Types a digit, a point, '\b' or, for Done, '\n' on the keypad of the rails page. Returns false if it is not open.
 bool keypad_type(char c);
 
-// Shows a page at once: while one slides in, LVGL takes no touch, and Off would not count.
+// Shows a page at once, without an animation: LVGL ignores touches while a page slides in, and Off would not count.
 void ui_tab_to(u32 view);
 
-// As above; the old page slides away to the left, or to the right with `back`.
+// As ui_tab_to, with an animation: the old page slides away to the left, or to the right if `back`.
 void ui_slide_to(u32 view, bool back);
 
-// The strip on all pages but Output; its off button's function.
+// The strip on all pages except Output, and the function of its off button.
 void strip_paint(u32 view);
 void strip_off_event(zof_ctrl_t *, zof_event_e event);
-// Writes why nothing is known of the box.
+// Writes why the state of the box is unknown.
 void strip_notice(char *out, size_t size);
 
-// A button that is held for what may hurt. The hold is given up when the finger lifts, slides off by more than
-// HOLD_SLIDE_PX, or readings are late; at its end `done` runs once, while the finger is still down.
+// A button that must be held for an action that can damage a device. The hold is given up when the finger lifts or
+// slides off by more than HOLD_SLIDE_PX, or when readings are late. At its end `done` runs once, while the finger is
+// still down.
 enum { HOLD_SLIDE_PX = 16 };
 struct ui_hold_t {
-    void (*paint)(u32 ms); // 0 to BENCH_HOLD_MS
+    void (*paint)(u32 ms); // progress, 0 to BENCH_HOLD_MS
     void (*done)();
     void (*given_up)(); // may be null
 };
 void hold_begin(zof_ctrl_t *ctrl, const ui_hold_t *hold);
-void hold_event(zof_event_e event); // for the events of its control
+void hold_event(zof_event_e event); // pass it the events of the control
 bool hold_running();
 void hold_cancel();
 
-// Controls without a function of their own still need a row, for the press tone and the touch hook.
+// Controls without a function still need a row, for the press tone and the touch hook.
 inline void no_event(zof_ctrl_t *, zof_event_e) {
 }
 
-// Rows for ids 1 to N, in order.
+// Returns the rows for ids 1 to N, in order.
 template <size_t N, size_t W> constexpr std::array<zof_ctrl_fun_t, N> view_rows(const zof_ctrl_fun_t (&wired)[W]) {
     std::array<zof_ctrl_fun_t, N> rows{};
     u32 id = 0;
@@ -92,7 +93,7 @@ template <size_t N, size_t W> constexpr std::array<zof_ctrl_fun_t, N> view_rows(
     return rows;
 }
 
-// A click that counts, and then a picture of what it did.
+// Runs DO for a click that counts, then paints the result.
 template <void (*DO)()> void click_event(zof_ctrl_t *, zof_event_e event) {
     if (ui_takes(event) && event == ZOF_EVENT_CLICKED) {
         DO();
@@ -100,7 +101,7 @@ template <void (*DO)()> void click_event(zof_ctrl_t *, zof_event_e event) {
     }
 }
 
-// Acts when the finger lands.
+// Runs DO when the finger lands.
 template <void (*DO)()> void press_event(zof_ctrl_t *, zof_event_e event) {
     if (ui_takes(event) && event == ZOF_EVENT_PRESSED) {
         DO();

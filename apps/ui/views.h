@@ -17,8 +17,8 @@ enum {
     ZOF_VIEW_COUNT = 5
 };
 
-// Of each view: binds its controls to their event functions, runs when it is entered, runs when it is left, and paints
-// it as the model says.
+// Each view has four functions: init binds its controls to their event functions, entry and exit run when it is shown
+// and left, and paint updates it from the model.
 void view1_init(void);
 void view1_entry(void);
 void view1_exit(void);
@@ -40,9 +40,9 @@ void view5_entry(void);
 void view5_exit(void);
 void view5_paint(void);
 
-// Gives the display the brightness that the box last said, whatever page is shown.
+// Sets the brightness of the display to the last value from the box, whatever page is shown.
 void bright_apply(void);
-// Shows the rails page with a rail selected, or none if it is not in the list.
+// Shows the rails page with a rail selected, or with no selection if the rail is not in the list.
 void view2_open_rail(u8 rail);
 
 ZOF_C_END

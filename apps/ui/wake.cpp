@@ -1,10 +1,10 @@
-// A dim display, and the touch that wakes it.
+// A dim display and the touch that brightens it.
 #include <algorithm>
 
 #include "ui/ui.h"
 
 static struct {
-    u64 until;    // awake until this time
+    u64 until;    // bright until this time
     u32 landings; // touches counted so far
 } wake;
 

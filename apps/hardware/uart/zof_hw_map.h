@@ -1,5 +1,5 @@
-// The register map shared by panel and controller board, and the format of their frames: plain C that includes nothing,
-// so firmware can use it too. docs/registers.md is generated from it.
+// The register map shared by panel and controller board, and the format of their frames. It is plain C that includes
+// nothing, so that firmware can use it too. docs/registers.md is generated from it.
 //
 //   write   5A A5 LEN 82 ADDR(2) DATA(2n)          board to panel, LEN = 3 + 2n
 //   read    5A A5 LEN 83 ADDR(2) COUNT             board to panel, LEN = 4
@@ -11,11 +11,11 @@
 
 enum { REG_HEAD0 = 0x5A, REG_HEAD1 = 0xA5, REG_CMD_WRITE = 0x82, REG_CMD_READ = 0x83 };
 
-// Types of rail; any other number is a fixed one.
+// Types of rail; any other number means a fixed rail.
 enum { RAIL_FIX = 0, RAIL_PPS = 1, RAIL_AVS = 2, RAIL_EPR = 3 };
 enum { RAIL_MAX = 13, RAIL_WORDS = 4, RAIL_NONE = 255 }; // rails in the table, words of each, no rail
 
-// A rail, as its words stand in the table.
+// A rail, laid out like its words in the table.
 typedef struct {
     unsigned short type;
     unsigned short vmin; // mV
@@ -23,7 +23,7 @@ typedef struct {
     unsigned short imax; // mA
 } prof_t;
 
-// Whether the panel lets a user set voltage and current of a rail, and the board follows.
+// Returns true if a user can set voltage and current of a rail.
 static inline int prof_adjustable(const prof_t *rail) {
     return (rail->type == RAIL_PPS || rail->type == RAIL_AVS) && rail->vmin != rail->vmax;
 }
@@ -31,10 +31,10 @@ static inline int prof_adjustable(const prof_t *rail) {
 enum { REG_BY_BOARD = 1, REG_BY_PANEL = 2, REG_BY_BOTH = 3 }; // who writes a register
 enum { REG_NEAREST = -1 };
 
-// The values that a register may have. A value outside `low` to `high` counts as `outside`, or as the nearer end if
-// that is REG_NEAREST.
+// The values that a register may have. A value outside `low` to `high` is replaced by `outside`, or by the nearer end
+// if that is REG_NEAREST.
 typedef struct {
-    unsigned char bits; // that are used; 8: the low byte
+    unsigned char bits; // number of bits in use; 8 means the low byte
     unsigned short low, high;
     short outside;
 } reg_range_t;
@@ -78,7 +78,7 @@ enum { REG_ROWS(REG_ENUM) REG_MAX = 2048 }; // REG_MAX is the highest valid addr
 typedef struct {
     unsigned short addr, words;
     unsigned char writer;
-    const char *name, *unit; // `name` without REG_; `unit` is empty for a number without one
+    const char *name, *unit; // `name` without REG_; `unit` is empty for a plain number
     unsigned long scale;     // units per count
     reg_range_t range;
     const char *help;
@@ -103,8 +103,8 @@ static inline const reg_row_t *reg_find(unsigned addr) {
     return 0;
 }
 
-// Returns what a word of a register counts as by the range of its row, or the word itself if the register is unknown.
-// Both ends pass the words they receive through this function; nothing else checks ranges.
+// Returns the value of a word according to the range of its register, or the word itself if the register is unknown.
+// Both ends pass received words through this function; nothing else checks ranges.
 static inline unsigned short reg_value(unsigned addr, unsigned short word) {
     const reg_row_t *row = reg_find(addr);
     if (!row) {
@@ -119,7 +119,7 @@ static inline unsigned short reg_value(unsigned addr, unsigned short word) {
 }
 
 #ifdef __cplusplus
-// Whether every register that `writer` writes is the `addr` of a row in a table of handlers.
+// Returns true if every register that `writer` writes is the `addr` of a row in a table of handlers.
 template <typename T, unsigned long N> constexpr bool reg_all_bound(const T (&handlers)[N], int writer) {
     for (const reg_row_t &row : reg_rows) {
         bool bound = (row.writer & writer) == 0;

@@ -10,9 +10,9 @@ enum { PORTS_MAX = 64 };
 enum { PATH_SIZE = sizeof(zof_uart_info_t::path) };
 
 static struct {
-    bool set; // `path` is to be used, also when it is empty
+    bool set; // `path` is to be used, even if it is empty
     char path[PATH_SIZE];
-    char first[PATH_SIZE]; // the path that the link began with; empty until it is left
+    char first[PATH_SIZE]; // path of the link at the start; empty until the link leaves it
 } chosen;
 
 static void port_print(FILE *to, const zof_uart_info_t *port) {
@@ -33,7 +33,7 @@ void zof_box_port_print(void) {
     }
 }
 
-// Writes the path of the one adapter, or says why there is no such path and leaves it empty.
+// Stores the path of the only adapter. Otherwise reports why there is no such path and leaves it empty.
 static void auto_find(void) {
     static zof_uart_info_t ports[PORTS_MAX];
     const u32 count = zof_drv_uart_list(ports, PORTS_MAX);
@@ -79,12 +79,12 @@ static bool same_port(const char *a, const char *b) {
                                  zof_file_real_path(b, real_b, sizeof(real_b)) == 0 && strcmp(real_a, real_b) == 0);
 }
 
-// A bare pseudo-terminal may be another one by now, so it is not offered again.
+// The number of a pseudo-terminal that has been closed may belong to another one, so such a path is not offered again.
 static bool may_return(const char *path) {
     return *path && strncmp(path, "/dev/pts/", 9) != 0;
 }
 
-// Returns the place of a port in a list, or `count`.
+// Returns the index of a port in a list, or `count`.
 static u32 place_of(const zof_uart_info_t *ports, u32 count, const char *path) {
     u32 at = 0;
     while (at < count && !same_port(ports[at].path, path)) {

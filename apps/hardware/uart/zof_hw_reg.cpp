@@ -1,4 +1,4 @@
-// What the board writes goes to the link's client, in the range of the register's row.
+// Passes registers that the board writes to the link's client, limited to the range of the register's row.
 #include "hardware/uart/zof_hw_uart.h"
 
 static constexpr zof_hw_client_t nobody = {};
@@ -8,8 +8,8 @@ void zof_hw_client_set(const zof_hw_client_t *what) {
     client = what ? what : &nobody;
 }
 
-// A table that is committed again and again in one delivery is read once, at its end: a kilobyte of commits would
-// otherwise block the panel for seconds.
+// A table that is committed repeatedly in one delivery is read once, at its end; otherwise a kilobyte of commits would
+// block the panel for seconds.
 static struct {
     bool running, commit;
 } delivery;

@@ -13,7 +13,7 @@ enum { LINE_SIZE = 8192, NAP_MAX_MS = 60000 };
 
 // One line of the trace.
 struct trace_line {
-    s64 at_ms; // by the clock of the trace
+    s64 at_ms; // on the clock of the trace
     bool from_board;
     std::vector<u8> data;
 };
@@ -21,17 +21,17 @@ struct trace_line {
 static struct {
     const char *file; // null: no replay
     FILE *in;
-    u32 number; // of the last line read
+    u32 number; // number of the last line read
     void (*receive)(u8 *data, u32 size);
-    u32 most; // bytes that it takes at once
+    u32 most; // maximum number of bytes per call of `receive`
     zof_task_t *task;
 
-    trace_line next; // what comes next, at `due_ms` after the start
+    trace_line next; // the next line of the board, due `due_ms` after the start
     u64 due_ms;
     bool begun;     // a line has been read
     u64 elapsed_ms; // since the start, up to `last_ms`
     u32 last_ms;
-    u32 lines; // that have been delivered
+    u32 lines; // lines delivered so far
 } replay;
 
 s32 zof_replay_open(const char *file) {
@@ -54,7 +54,7 @@ bool zof_replay_reads(const char *path) {
            a.device == b.device && a.number == b.number;
 }
 
-// "2026-11-22T09:10:11.123+01:00" in milliseconds. Returns the end of the time, or null.
+// Reads a time such as "2026-11-22T09:10:11.123+01:00" as milliseconds. Returns the end of the time, or null.
 static const char *time_read(const char *text, s64 *out) {
     int year, month, day, hour, minute, second, ms, zone_h = 0, zone_m = 0, used = 0;
     if (sscanf(text, "%4d-%2d-%2dT%2d:%2d:%2d.%3d%n", &year, &month, &day, &hour, &minute, &second, &ms, &used) != 7) {
@@ -84,7 +84,7 @@ static int digit(char c) {
                                   : -1;
 }
 
-// Returns false unless the text begins with at least one byte, and ends or goes on with a blank.
+// Returns false unless the text begins with at least one byte in hexadecimal, followed by a blank or the end.
 static bool hex_read(const char *text, std::vector<u8> *out) {
     out->clear();
     while (digit(text[0]) >= 0 && digit(text[1]) >= 0) {
@@ -101,7 +101,7 @@ static bool word_take(const char **text, const char *word) {
     return found;
 }
 
-// Returns null, or what is wrong with a line.
+// Parses a line. Returns null, or a description of its fault.
 static const char *line_parse(const char *text, trace_line *out) {
     text = time_read(text, &out->at_ms);
     if (!text || !word_take(&text, " ")) {
@@ -114,7 +114,8 @@ static const char *line_parse(const char *text, trace_line *out) {
     return hex_read(text, &out->data) ? nullptr : "after the direction, bytes as pairs of digits were expected";
 }
 
-// Reads a line without its end. Returns false at the end of the file. The rest of a line that is too long is dropped.
+// Reads a line and removes its line end; the rest of a line that is too long is skipped. Returns false at the end of
+// the file.
 static bool line_get(char *text, bool *whole) {
     if (!fgets(text, LINE_SIZE, replay.in)) {
         return false;
@@ -128,7 +129,7 @@ static bool line_get(char *text, bool *whole) {
     return true;
 }
 
-// A clock that was set back while the trace was written costs no time.
+// Adds the time since the previous line. If the clock was set back while the trace was written, no time is added.
 static void due_set(s64 before_ms) {
     replay.due_ms += replay.begun && replay.next.at_ms > before_ms ? (u64)(replay.next.at_ms - before_ms) : 0;
     replay.begun = true;

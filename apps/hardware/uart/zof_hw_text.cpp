@@ -2,14 +2,14 @@
 
 #include "hardware/uart/zof_hw_map.h"
 
-// "16 LIVE_MV"; "273 RAIL_BASE+1" for a word inside a table.
+// Returns "16 LIVE_MV", or "273 RAIL_BASE+1" for a word inside a table.
 static std::string register_text(const reg_row_t *row, unsigned short addr) {
     const int inside = row ? addr - row->addr : 0;
     return std::to_string(addr) + (row ? std::string(" ") + row->name : "") +
            (inside ? "+" + std::to_string(inside) : "");
 }
 
-// " mV", or " x 100 mW" if one count stands for a hundred of them.
+// Returns " mV", or " x 100 mW" if one count is 100 mW.
 static std::string unit_text(const reg_row_t *row) {
     if (!row || !*row->unit) {
         return "";
@@ -17,7 +17,8 @@ static std::string unit_text(const reg_row_t *row) {
     return (row->scale > 1 ? " x " + std::to_string(row->scale) : "") + " " + row->unit;
 }
 
-// "16 LIVE_MV = 20012 mV, 17 LIVE_MA = 999 mA"; words of a table, or of no register, stand in one row.
+// Returns "16 LIVE_MV = 20012 mV, 17 LIVE_MA = 999 mA". Consecutive words of a table, or of no register, are listed
+// together.
 static std::string words_text(unsigned short addr, const unsigned char *data, size_t count) {
     const reg_row_t *row = reg_find(addr);
     std::string out = register_text(row, addr) + (count ? " =" : ", no words");

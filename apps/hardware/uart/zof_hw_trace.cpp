@@ -10,9 +10,9 @@
 
 enum { SKIPPED_MAX = 64 }; // bytes in one line
 
-static FILE *trace_file; // null: there is no trace
+static FILE *trace_file; // null if there is no trace
 
-// A link could lead to a file that nobody meant to empty.
+// Refuses links, because a link could lead to a file that nobody meant to empty.
 static FILE *file_start(const char *path) {
     const u32 kind = zof_file_kind(path);
     FILE *f = kind == ZOF_FILE_NONE || kind == ZOF_FILE_PLAIN ? zof_file_write_open(path, ZOF_FALSE) : nullptr;
@@ -30,7 +30,7 @@ static void trace_close() {
     trace_file = nullptr;
 }
 
-// Among the lines of the log, which other threads write too.
+// Writes through the log, because other threads print their lines to the same stream.
 static bool console_write(const std::string &line) {
     zof_printf("%s", line.c_str());
     return ferror(stdout) == 0;
@@ -41,8 +41,8 @@ static bool file_write(const std::string &line) {
            fflush(trace_file) == 0;
 }
 
-// Each line is written at once, so that a trace is whole up to the end of a program that is killed. A disk that is full
-// or a pipe that is closed ends the trace alone.
+// Each line is written at once, so that the trace is complete even if the program is killed. A full disk or a closed
+// pipe ends only the trace.
 static void line_write(const std::string &line) {
     if (!(trace_file == stdout ? console_write(line) : file_write(line))) {
         zof_printf("the trace of the register link ends: %s", zof_file_error());

@@ -15,7 +15,8 @@ enum { KEPT_MS = 1000 };
 // The image, with room for a burst that starts at the last valid address.
 static u16 ctrlreg[(u32)REG_MAX + WORDS_MAX + 1];
 
-// Bytes kept from earlier messages, then the joined data during analysis: as much as the driver delivers at once.
+// Bytes kept from earlier messages, joined with the new data during analysis; the size is what the driver delivers at
+// once.
 static u8 RX_HAND_BUF[RX_SIZE + FRAME_MIN];
 static u16 last_data_num; // bytes kept from the last message
 
@@ -101,7 +102,7 @@ s32 zof_reg_get(u16 addr) {
     return addr > REG_MAX ? -1 : ctrlreg[addr];
 }
 
-// Every frame to the board passes here.
+// Sends a frame to the board and traces it. Every frame passes here.
 static s32 frame_send(const u8 *frame, u32 size) {
     const s32 sent = zof_replay_file() ? (s32)size : zof_drv_uart_send(drv_uart, frame, size);
     zof_trace_sent(frame, size, sent >= 0);
@@ -112,7 +113,7 @@ s32 zof_reg_com_send(u16 addr, u16 len) {
     if (addr > REG_MAX) {
         return -1;
     }
-    const u8 count = (u8)(len > REPORT_WORDS_MAX ? (u16)REPORT_WORDS_MAX : len); // the rest would not fit
+    const u8 count = (u8)(len > REPORT_WORDS_MAX ? (u16)REPORT_WORDS_MAX : len); // the report has room for no more
     u8 frame[REPORT_SIZE] = {REG_HEAD0, REG_HEAD1, (u8)(2 * (count + 2)), REG_CMD_READ, (u8)(addr >> 8),
                              (u8)addr,  count};
     u32 size = 7;
@@ -138,13 +139,14 @@ static s32 zof_reg_s_set(u16 addr, const u8 *data, u8 len) {
     return 0;
 }
 
-// Returns how many words a write frame holds.
+// Returns the number of words in a write frame with this length byte.
 static u8 words_in(u8 len) {
     return len > ADDR_BYTES ? (u8)((len - ADDR_BYTES) / 2) : 0;
 }
 
-// Whether a range has a request, which only the panel writes. An answer with one would be the request itself: one byte
-// that is garbled on the line can make a read of a reading, and must not turn the output on.
+// Returns true if a range contains a request, which only the panel writes. An answer to a read of it would be the
+// request itself: a byte garbled on the line can turn a read of a reading into a read of a request, which must not turn
+// the output on.
 static bool has_request(u16 addr, u8 count) {
     for (u32 k = 0; k < count; k++) {
         const reg_row_t *row = reg_find(addr + k);
@@ -172,12 +174,13 @@ s32 zof_comm_handle(u8 *data) {
     return 0;
 }
 
-// Whether a whole frame of a valid register begins here. `rest` bytes are there, at least FRAME_MIN.
+// Returns true if a complete frame of a valid register begins here. At least FRAME_MIN bytes are available, and `rest`
+// in total.
 static bool frame_begins(const u8 *data, u32 rest) {
     return data[0] == REG_HEAD0 && data[1] == REG_HEAD1 && data[2] + 3u <= rest && (data[4] << 8 | data[5]) <= REG_MAX;
 }
 
-// Runs the frames in the buffer. Returns how many of its bytes are done with.
+// Runs the frames in the buffer. Returns the number of bytes consumed.
 static u32 frames_take(u32 n) {
     u32 i = 0, done = 0; // `done`: the end of the last frame
     while (i + FRAME_MIN <= n) {
@@ -199,8 +202,8 @@ static u32 frames_take(u32 n) {
 }
 
 // An incomplete frame is skipped byte by byte, and only the last bytes after the scan are kept: the driver delivers
-// whole bursts, so a frame cut after its fifth byte is broken. Kept bytes are not joined with a message that arrives
-// more than a second later, because they would belong to another frame.
+// whole bursts, so a frame that is cut after its fifth byte is broken. Kept bytes are not joined with a message that
+// arrives more than a second later, because they would belong to another frame.
 void recive_data_handle(u8 *databuf, u32 datalen) {
     static u32 last_ms; // time of the last message
     if (!databuf) {

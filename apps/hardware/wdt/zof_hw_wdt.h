@@ -7,8 +7,8 @@
 
 ZOF_C_BEGIN
 
-// Opens the watchdog with a period of five seconds and feeds it every half second from the main loop, so it fires when
-// the user interface hangs. Graphics thread; a second call does nothing.
+// Opens the watchdog with a period of five seconds and feeds it every half second from the main loop, so that it fires
+// when the user interface hangs. Call it on the graphics thread; a second call does nothing.
 void zof_wdt_task_create(void);
 void zof_wdt_task_cb(zof_task_t *task);
 

@@ -1,5 +1,5 @@
-// View 1: the output. White digits are what is measured now, dashes what is not known; the first line is what is set.
-// The toggle shows what the box reports, never what was pressed.
+// View 1: the output. White digits are measured values, dashes unknown ones; the first line shows what is set. The
+// toggle shows the state that the box reports, never what was pressed.
 #include <stdio.h>
 
 #include "bench_ids.h"
@@ -79,7 +79,8 @@ static void set_line_paint() {
     }
 }
 
-// Whether there is, or just was, a port with the box: the way on is to the rails, otherwise to the port's settings.
+// Returns true if a port with the box is or just was open. The link then leads to the rails, otherwise to the port's
+// settings.
 static bool port_works() {
     return bench.port.state == BENCH_PORT_OPEN || bench.port.state == BENCH_PORT_GONE ||
            bench.port.state == BENCH_PORT_LOOKING;
@@ -97,7 +98,7 @@ static void notice_paint() {
     paint_shown(view1(VIEW1_LAST_SET_ID), last);
 }
 
-// The toggle: its look and words by what bench_toggle says.
+// Paints the toggle: its look and words follow bench_toggle.
 static void toggle_paint() {
     static constexpr struct {
         bench_toggle_e id;
@@ -181,7 +182,7 @@ static bool finger_on_disc(zof_ctrl_t *ctrl, s32 margin) {
     return x * x + y * y <= radius * radius;
 }
 
-// Off at the moment the finger lands; on when it lifts, so that a finger that lands by accident can slide off.
+// Off acts when the finger lands, on when it lifts, so that a finger that lands by accident can slide off.
 static void toggle_event(zof_ctrl_t *ctrl, zof_event_e event) {
     static bool meant_off, finger, slid_off;
     if (event == ZOF_EVENT_PRESSED) {
@@ -204,7 +205,7 @@ static void toggle_event(zof_ctrl_t *ctrl, zof_event_e event) {
     ui_paint();
 }
 
-// Space does what a finger on the toggle does, but turns on only where the toggle can be seen.
+// The space key acts like a finger on the toggle, but turns on only where the toggle is visible.
 void toggle_key(zof_event_e event) {
     if (zof_view_get_cur_id(ZOF_LAYER_UI) == ZOF_VIEW1_ID) {
         if (event == ZOF_EVENT_CLICKED) {

@@ -1,5 +1,5 @@
-// The rails page in its parts: the list, the presets in its last places, the tray below it, and the keypad over all.
-// Selecting and setting change only what the tray shows; the button of the tray alone passes it to the gate.
+// The parts of the rails page: the list, the presets in its last places, the tray below it, and the keypad above
+// everything. Selecting and setting change only the tray; only the button of the tray passes the choice to the gate.
 #ifndef VIEW2_H
 #define VIEW2_H
 
@@ -11,40 +11,41 @@ para_t *view2(u32 id);
 // What the tray shows: the selected rail with the values to apply.
 enum tray_mode_e {
     TRAY_HIDDEN, // there is no list
-    TRAY_DEAD,   // nothing is known of the box
+    TRAY_DEAD,   // the state of the box is unknown
     TRAY_EMPTY,  // nothing is selected
     TRAY_FIXED,
     TRAY_ADJUSTABLE,
 };
 tray_mode_e tray_mode();
-// The selection; its rail is RAIL_NONE without one. It stays while nothing is known of the box.
+// Returns the selected rail with the values to apply; the rail is RAIL_NONE if nothing is selected. The selection is
+// kept while the state of the box is unknown.
 bench_choice_t tray_choice();
-// Selects, or nothing with RAIL_NONE.
+// Selects a rail with values; RAIL_NONE selects nothing.
 void tray_select(bench_choice_t choice);
-// The tray while the panel is not locked and no remote client holds it.
+// Returns true if the tray shows an adjustable rail and no remote client holds the panel.
 bool tray_is_settable();
-// Another list came: what was selected may not be the same any more.
+// Clears the selection if another list has arrived, because the same index may mean another rail.
 void tray_check();
 void tray_paint();
 
-// The values of an adjustable rail: one row each, of volts and of amperes.
+// The values of an adjustable rail: one row of controls each, for volts and for amperes.
 enum axis_e { VOLTS, AMPERES, AXES };
 grid_t axis_grid(axis_e axis); // of the selected rail
 u16 axis_value(axis_e axis);
-void axis_set(axis_e axis, u16 value); // a value of the grid
-// "12.00 V", "1.00 A"; `out` has PAINT_NUMBER_SIZE bytes.
+void axis_set(axis_e axis, u16 value); // `value` must be on the grid
+// Writes "12.00 V" or "1.00 A"; `out` has PAINT_NUMBER_SIZE bytes. Returns `out`.
 const char *axis_text(char *out, axis_e axis, u32 value);
 
-// Minus, plus and slider.
+// The minus and plus buttons and the sliders.
 void set_paint(bool shown);
 void set_cancel();
 template <axis_e AXIS> void knob_event(zof_ctrl_t *ctrl, zof_event_e event);
 template <axis_e AXIS, int WAY> void step_event(zof_ctrl_t *ctrl, zof_event_e event);
 
-// The button that applies, and the line above it.
+// The button that applies the choice, and the line above it.
 void apply_paint(tray_mode_e mode);
 void apply_event(zof_ctrl_t *ctrl, zof_event_e event);
-void apply_leave(); // the page is left
+void apply_leave(); // call it when the page is left
 
 void list_paint();
 void row_event(zof_ctrl_t *ctrl, zof_event_e event);

@@ -1,17 +1,17 @@
-// The button that applies what the tray shows, the fill that grows over it while it is held, and the line above it.
+// The button that applies what the tray shows, the bar that fills it while it is held, and the line above it.
 #include "ui/view2/view2.h"
 
-// What the button says: only this is sent.
+// The choice that the button shows; only this is sent.
 struct offer_t {
     bench_choice_t choice;
-    u32 changes; // of the list
+    u32 changes; // change count of the list of rails
     bench_apply_e how;
 };
 static offer_t painted, pressed;
 
-static bool sent;      // the box is asked to apply it
-static bool filling;   // the fill is over the button
-static bool impatient; // a hold was given up, at impatient_at
+static bool sent;      // the box has been requested to apply it
+static bool filling;   // the bar covers part of the button
+static bool impatient; // a hold was given up at impatient_at
 static u64 impatient_at;
 
 static bool same(const offer_t &a, const offer_t &b) {
@@ -20,7 +20,7 @@ static bool same(const offer_t &a, const offer_t &b) {
 }
 
 // The line --------------------------------------------------------------------------------------------------------
-// White, it is in place of the plus with a fixed rail, and clear of it with an adjustable one.
+// A white line takes the place of the plus button for a fixed rail, and stays clear of it for an adjustable one.
 static void line_look(bool white, bool adjustable) {
     static constexpr struct {
         u32 look;
@@ -31,7 +31,7 @@ static void line_look(bool white, bool adjustable) {
     paint_place(view2(VIEW2_TRAY_STATE_ID), row.x, row.y, row.width, 40);
 }
 
-// What there is to say beside the state of the output; TEXT_COUNT: nothing.
+// Returns what to report in place of the output's state, or TEXT_COUNT for nothing.
 static panel_text_e line_news() {
     if (bench.not_taken && bench.now - bench.not_taken_at < BENCH_NEWS_MS) {
         return TEXT_NOT_TAKEN;
@@ -77,7 +77,7 @@ static void words_paint(bool selected) {
     }
 }
 
-// A confirmed rail ends the work on this page.
+// Returns to the Output page when the box has confirmed the rail.
 static void confirmed_leave() {
     const bool done = sent && !bench.applying;
     sent = sent && bench.applying;
@@ -94,7 +94,7 @@ void apply_paint(tray_mode_e mode) {
     if (selected && !bench.remote[0] && !bench_applied(painted.choice)) {
         painted.how = bench_apply_how(painted.choice);
     }
-    if (filling && painted.how != BENCH_APPLY_HOLD) { // it does not say any more what it is held for
+    if (filling && painted.how != BENCH_APPLY_HOLD) { // the button no longer shows what it is held for
         hold_cancel();
     }
     words_paint(selected);

@@ -1,4 +1,4 @@
-// The keypad, on which a value is typed. It changes only what the tray shows, and only to a value of the grid.
+// The keypad for typing a value. It changes only what the tray shows, and only to values on the grid.
 #include <stdio.h>
 #include <string.h>
 
@@ -10,7 +10,7 @@ static struct {
     bool open;
     axis_e axis;
     bool fresh; // it shows the present value, which the first key replaces
-    bool asked; // Done was pressed, and nothing since
+    bool asked; // Done was the last key pressed
     char typed[TYPED_MAX + 1];
 } pad;
 
@@ -24,7 +24,7 @@ static bool has_digit() {
     return strpbrk(pad.typed, "0123456789") != nullptr;
 }
 
-// In mV or mA.
+// Returns the typed value in mV or mA.
 static u32 value() {
     u32 value = 0, scale = 1000;
     bool point = false;
@@ -51,7 +51,7 @@ static verdict_e verdict() {
     return grid_has(grid, value()) ? GOOD : OFF_THE_GRID;
 }
 
-// It is judged as soon as it must be complete.
+// Judges the value after Done, or once it has all its decimals.
 static verdict_e refused() {
     return pad.asked || decimals() == DECIMALS_MAX ? verdict() : GOOD;
 }
@@ -64,7 +64,7 @@ static void type_value(u32 value) {
 }
 
 // Painting --------------------------------------------------------------------------------------------------------
-// A number without its unit.
+// Writes a number without its unit.
 static void bare(char *out, axis_e axis, u32 value) {
     axis_text(out, axis, value);
     out[strcspn(out, " ")] = '\0';

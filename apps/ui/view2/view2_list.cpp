@@ -1,4 +1,4 @@
-// The list of rails. The rail in force has a tick and a ground of its own, the selected one a box; they may be two.
+// The list of rails. The rail in force has a tick and a background of its own, the selected one a box; they may differ.
 #include <stdio.h>
 
 #include "ui/view2/view2.h"
@@ -13,7 +13,7 @@ static const badge_t &badge_of(u16 type) {
             return badge;
         }
     }
-    return badges[0]; // of a fixed rail
+    return badges[0]; // fixed rail
 }
 
 static const char *range_text(char *out, size_t size, const prof_t &rail) {
@@ -65,7 +65,7 @@ static void selection_paint() {
     paint_shown(view2(VIEW2_SELBOX_ID), shown);
 }
 
-// What stands in place of a list.
+// Paints the text shown in place of a list.
 static void none_paint() {
     para_t *title = view2(VIEW2_LABEL78_ID), *hint = view2(VIEW2_LABEL79_ID);
     const bool none = tray_mode() == TRAY_HIDDEN;
@@ -100,7 +100,7 @@ static u8 row_of(const zof_ctrl_t *ctrl) {
     return row;
 }
 
-// A rail that is selected already keeps the values that it was set to.
+// Clicking the selected rail again keeps the values that were set.
 void row_event(zof_ctrl_t *ctrl, zof_event_e event) {
     const u8 row = row_of(ctrl);
     if (ui_takes(event) && event == ZOF_EVENT_CLICKED && bench_rail_usable(row)) {

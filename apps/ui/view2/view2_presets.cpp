@@ -1,5 +1,5 @@
-// Presets: a touch shows one in the tray, as if typed; held, it takes what the tray shows. A finger that lifts in
-// between has changed its mind: neither happens.
+// Presets: a touch loads one into the tray, as if it had been typed; a hold stores what the tray shows. A finger that
+// lifts in between has changed its mind, and neither happens.
 #include <stdio.h>
 
 #include "ui/keep.h"

@@ -1,4 +1,4 @@
-// Minus, plus and slider: what they do changes only what the tray shows.
+// The minus and plus buttons and the sliders. They change only what the tray shows.
 #include <algorithm>
 
 #include "ui/view2/view2.h"
@@ -13,9 +13,9 @@ static constexpr struct {
     {VIEW2_SLIDER1_ID, VIEW2_AMPERES_KNOB_ID, VIEW2_AMPERES_LESS_ID, VIEW2_AMPERES_MORE_ID, GRID_COARSE_MA},
 };
 
-// The button that is held down, or the knob.
+// The button that is held down, and the knob that is being dragged.
 static struct {
-    lv_timer_t *timer; // of the button; null without one
+    lv_timer_t *timer; // repeats the button; null if none is held
     axis_e axis;
     int way;
     u64 since, next;
@@ -23,7 +23,7 @@ static struct {
 static struct {
     bool running;
     axis_e axis;
-    lv_coord_t x; // of the finger when it landed, and the value then
+    lv_coord_t x; // of the finger when it landed; `value` is the value at that time
     u16 value;
 } drag;
 
@@ -34,7 +34,7 @@ static void step_paint(u32 id, bool shown, bool can) {
     paint_touch(view2(id), can);
 }
 
-// A slider has only 16 bits with sign: it gets hundredths.
+// A slider holds signed 16-bit values, so it works in hundredths.
 static void slider_paint(axis_e axis, grid_t grid, u16 value) {
     enum { HUNDREDTH = 10 };
     para_t *slider = view2(axes[axis].slider), *knob = view2(axes[axis].knob);
@@ -81,7 +81,7 @@ static void step_by(s32 count) {
     axis_set(step.axis, grid_step(axis_grid(step.axis), axis_value(step.axis), step.way * count));
 }
 
-// At most one repeat a turn: after a stall the value does not jump.
+// Repeats at most once per turn, so that the value does not jump after a stall.
 static void step_turn(lv_timer_t *) {
     bench_tick();
     if (!tray_is_settable()) {
@@ -124,7 +124,7 @@ static void drag_to(lv_coord_t x) {
     }
 }
 
-// A knob keeps the finger wherever it goes, and moves by as much.
+// A knob keeps the finger wherever it moves, and follows its horizontal movement.
 template <axis_e AXIS> void knob_event(zof_ctrl_t *ctrl, zof_event_e event) {
     lv_point_t finger;
     lv_indev_get_point(touch_indev, &finger);

@@ -1,11 +1,11 @@
-// The tray: the selected rail, its values, and words in place of what is not there.
+// The tray: the selected rail and its values, or a text if there is nothing to set.
 #include <stdio.h>
 
 #include "ui/view2/view2.h"
 
 static struct {
     bench_choice_t choice;
-    u32 changes;  // of the list that it was selected in
+    u32 changes;  // change count of the list in which it was selected
     bool changed; // a change has removed the selection
     u64 changed_at;
     tray_mode_e painted;

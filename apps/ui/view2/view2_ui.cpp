@@ -78,7 +78,7 @@ void view2_init(void) {
     zof_view_create(ZOF_VIEW2_ID, view_ctrls_fun_t.data(), view_ctrls_fun_t.size());
 }
 
-// The texts of two lines. A project file cannot space them.
+// Sets the line spacing of texts with two lines, which a project file cannot do.
 static void lines_space() {
     enum { LINE_SPACE = 2 };
     for (u32 id : {VIEW2_PRESET0_ID, VIEW2_PRESET1_ID, VIEW2_PRESET2_ID, VIEW2_PRESET3_ID, VIEW2_TRAY_WORDS_ID,

@@ -1,4 +1,4 @@
-// View 3, about: what the link is doing now.
+// View 3: about, with the present state of the link.
 #include <stdio.h>
 
 #include "bench_ids.h"
@@ -9,7 +9,7 @@ static para_t *view3(u32 id) {
     return zof_ctrl_get_form_id(ZOF_VIEW3_ID, id);
 }
 
-// "0.1 s" up to a minute, then as every age.
+// Writes an age in tenths of a second ("0.1 s") up to a minute, then as number_age does.
 static const char *fine_age(char *out, u64 ms) {
     if (ms >= 60000) {
         return number_age(out, ms);
@@ -18,7 +18,7 @@ static const char *fine_age(char *out, u64 ms) {
     return out;
 }
 
-// Frames of the last second, renewed once a second.
+// Returns the number of frames in the last second, updated once a second.
 static u32 rate() {
     static u64 at;
     static u32 before, per_second;

@@ -1,5 +1,5 @@
-// View 4: settings. Those of the box take effect at once, are sent, and are shown as the box last said; the panel's own
-// are kept by the panel.
+// View 4: settings. Settings of the box take effect at once, are sent, and are shown as the box last reported them; the
+// panel's own settings are stored by the panel.
 #include <stdio.h>
 #include <string.h>
 
@@ -11,22 +11,22 @@
 
 enum { OPTION_CLICK_AREA = 8 };
 
-// What the panel remembers of the brightness slider while a finger is on it: it acts while it moves, and is sent at the
-// release.
+// State of the brightness slider while a finger drags it: the brightness follows at once and is sent when the finger
+// lifts.
 static struct {
     bool moving;
     u16 percent;
 } slider;
 
-// The last touch on Change found no other port; said for BENCH_NOTE_MS.
-static bool port_alone, port_on; // why it was not changed
+// Why the last touch on Change did not change the port; shown for BENCH_NOTE_MS.
+static bool port_alone, port_on; // there is no other port; the output is on
 static u64 port_said_at;
 
 static para_t *view4(u32 id) {
     return zof_ctrl_get_form_id(ZOF_VIEW4_ID, id);
 }
 
-// The level never reaches 100: the highest step of the panel is reserved.
+// The level never reaches 100, because the highest step of the panel is reserved.
 static void backlight(u16 percent) {
     zof_disp_set_bright((u8)(percent * 99 / 100));
 }
@@ -40,7 +40,7 @@ void bright_apply(void) {
     }
 }
 
-// The name of the current language.
+// Returns the name of the current language.
 static const char *language() {
     const zof_prj_t *project = zof_prj_get_cur();
     return project && project->lang_name ? project->lang_name : "";
@@ -68,7 +68,7 @@ static void switch_paint(u32 id, bool on) {
     }
 }
 
-// What is wrong with the port, and what helps.
+// Paints the state of the port and advice for its problem.
 static void port_paint() {
     const bench_port_t &port = bench.port;
     static constexpr struct {
@@ -130,10 +130,10 @@ static void auto_event(zof_ctrl_t *ctrl, zof_event_e event) {
     if (ui_takes(event) && event == ZOF_EVENT_VALUE_CHANGED) {
         bench_setting(REG_AUTO_ARM, (u16)zof_sw_get_state(ctrl));
     }
-    ui_paint(); // also puts a switch back that may not move
+    ui_paint(); // also moves back a switch that may not be moved
 }
 
-// A switch for a setting of the panel itself.
+// Handles a switch for a setting of the panel itself.
 template <void (*SET)(bool on)> static void own_event(zof_ctrl_t *ctrl, zof_event_e event) {
     if (ui_takes(event) && event == ZOF_EVENT_VALUE_CHANGED) {
         SET(zof_sw_get_state(ctrl) != 0);
@@ -164,8 +164,8 @@ static void bright_event(zof_ctrl_t *ctrl, zof_event_e event) {
     ui_paint();
 }
 
-// Switches to the next port of the system; page and strip show the result. Refused while the output is on, because the
-// panel could no longer turn it off.
+// Switches to the next port of the system; the page and the strip show the result. Refused while the output is on,
+// because the panel could no longer turn it off.
 static void port_do() {
     port_on = bench_is_on();
     port_said_at = bench.now;

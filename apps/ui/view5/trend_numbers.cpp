@@ -35,7 +35,7 @@ void trend_clock(char *out, u64 at, bool seconds) {
 }
 
 // Values ----------------------------------------------------------------------------------------------------------
-// Volts in hundredths, amperes in thousandths, watts in tenths; with `unit` or, if it is empty, without.
+// Write volts in hundredths, amperes in thousandths and watts in tenths, followed by `unit`, which may be empty.
 static const char *volts_words(char *out, bool known, u32 mv, const char *unit) {
     if (known) {
         snprintf(out, TREND_TEXT, "%u.%02u%s", mv / 1000, mv % 1000 / 10, unit);
@@ -58,7 +58,7 @@ static const char *low_words(char *out, bool known, u32 value, const char *unit)
     return out;
 }
 
-// Without a cursor, what the box reports now, which is nothing of a recording that is shown.
+// Without a cursor, shows what the box reports now; nothing while an imported recording is shown.
 static void now_paint() {
     char text[TREND_TEXT];
     u16 mv, ma, dw;

@@ -1,4 +1,4 @@
-// What the parts of the Trend page share.
+// State and functions that the parts of the Trend page share.
 #ifndef TREND_PAGE_H
 #define TREND_PAGE_H
 
@@ -10,17 +10,17 @@ enum { TREND_SPANS = 5, TREND_SESSION = 4, TREND_PARTS = 6, TREND_TEXT = 40 };
 struct trend_span_t {
     u64 ms;
     u8 parts;                       // of its axis
-    const char *words[TREND_PARTS]; // at the beginning of each part
+    const char *words[TREND_PARTS]; // labels at the beginning of each part
 };
-extern const trend_span_t trend_spans[TREND_SESSION]; // without the session
+extern const trend_span_t trend_spans[TREND_SESSION]; // all spans except the session
 
 struct trend_page_t {
     u32 span = 1;
-    bool watts; // in place of amperes
+    bool watts; // watts are shown in place of amperes
     bool cursor;
     u64 cursor_at;
-    u64 from, to; // what the panes show; the last column is that of the present
-    u64 width;    // of a column
+    u64 from, to; // time range of the panes; the last column is the present one
+    u64 width;    // of a column, in ms
 };
 extern trend_page_t trend_page;
 
@@ -28,7 +28,7 @@ inline para_t *view5(u32 id) {
     return zof_ctrl_get_form_id(ZOF_VIEW5_ID, id);
 }
 
-trend_what_e trend_low_what(); // the lower pane's
+trend_what_e trend_low_what(); // the value that the lower pane shows
 u64 trend_session_ms();
 u8 trend_parts();
 

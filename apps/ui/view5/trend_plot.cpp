@@ -12,14 +12,14 @@ s16 plot_height(u32 value, u32 full, s16 height) {
     return (s16)((u64)height * PLOT_UNIT * (full - shown) / full);
 }
 
-// Makes a column reach from `a` to `b` at least.
+// Extends a column to cover at least `a` to `b`.
 static void reach(plot_t *plot, u32 k, s16 a, s16 b) {
     const bool empty = plot->top[k] == PLOT_NONE;
     plot->top[k] = std::min({a, b, empty ? a : plot->top[k]});
     plot->bottom[k] = std::max({a, b, empty ? a : plot->bottom[k]});
 }
 
-// A straight line over the columns between two that have reports.
+// Draws a straight line across the columns between two that have reports.
 static void bridge(plot_t *plot, u32 after, u32 until, s16 from, s16 to) {
     s16 last = from;
     for (u32 k = after + 1; k < until; k++) {
@@ -96,7 +96,7 @@ static void grid_draw(pen_t &pen, const plot_t *plot) {
     fill(pen, 0, plot->height, PLOT_WIDTH + 1, 1, PLOT_UNIT);
 }
 
-// Runs of columns that are alike.
+// Calls `draw` for each run of columns that are alike.
 template <typename ALIKE, typename DRAW> static void runs(ALIKE &&alike, DRAW &&draw) {
     for (u32 k = 0; k < PLOT_COLUMNS;) {
         u32 end = k + 1;
@@ -133,7 +133,7 @@ static void set_draw(pen_t &pen, const plot_t *plot) {
          });
 }
 
-// The first and the last row are covered in part, which makes slopes smooth.
+// Covers the first and the last row in part, which makes slopes smooth.
 static void column_draw(pen_t &pen, s32 x, s32 width, s32 top, s32 bottom) {
     top += PLOT_UNIT; // a value at full scale is drawn half above the pane
     bottom += PLOT_UNIT;
@@ -171,7 +171,7 @@ static bool differs(const plot_t *a, const plot_t *b, u32 k) {
     return a->top[k] != b->top[k] || a->bottom[k] != b->bottom[k] || a->set[k] != b->set[k] || a->gap[k] != b->gap[k];
 }
 
-// The columns that changed; a change of the set value also draws at the edge of the next one.
+// Redraws the columns that changed. A change of the set value also draws at the edge of the next column.
 static void changed_draw(lv_obj_t *obj, const plot_t *shown, const plot_t *next) {
     u32 first = 0;
     u32 last = PLOT_COLUMNS;

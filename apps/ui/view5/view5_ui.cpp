@@ -1,5 +1,5 @@
-// View 5: the trend. Two panes over one time, so that two white traces need no colours, and the numbers of the span
-// that they show.
+// View 5: the trend. Two panes share one time axis, so that two white traces need no colours; the numbers beside them
+// belong to the span that they show.
 #include <stdio.h>
 
 #include <algorithm>
@@ -25,7 +25,7 @@ const trend_span_t trend_spans[TREND_SESSION] = {
 static constexpr u32 span_ids[TREND_SPANS] = {VIEW5_SPAN0_ID, VIEW5_SPAN1_ID, VIEW5_SPAN2_ID, VIEW5_SPAN3_ID,
                                               VIEW5_SPAN4_ID};
 
-// The parts of a session: the smallest six of which hold it.
+// Lengths of a part of the session's axis: the shortest one of which six cover the session is used.
 static constexpr u64 session_parts[] = {10 * SECOND, 20 * SECOND, 30 * SECOND, MINUTE,      2 * MINUTE,
                                         5 * MINUTE,  10 * MINUTE, 15 * MINUTE, 20 * MINUTE, 30 * MINUTE,
                                         HOUR,        2 * HOUR,    4 * HOUR,    8 * HOUR,    12 * HOUR,
@@ -34,7 +34,7 @@ static constexpr u64 session_parts[] = {10 * SECOND, 20 * SECOND, 30 * SECOND, M
 // Scales ----------------------------------------------------------------------------------------------------------
 struct scale_row_t {
     u32 full; // mV, mA or mW
-    u8 rows;  // of the grid, so that its numbers are round
+    u8 rows;  // rows of the grid, chosen for round numbers
 };
 static constexpr scale_row_t volts_rows[] = {{5000, 5}, {10000, 5}, {15000, 3}, {20000, 4}, {30000, 3}, {50000, 5}};
 static constexpr scale_row_t amperes_rows[] = {{500, 5}, {1500, 3}, {3000, 3}, {5000, 5}};
@@ -42,11 +42,11 @@ static constexpr scale_row_t watts_rows[] = {{5000, 5}, {15000, 3}, {30000, 3}, 
 
 struct scale_t {
     u32 index;
-    bool fits;         // was chosen for what is shown
-    u64 smaller_since; // a smaller one would do since then, or 0
+    bool fits;         // was chosen for the values shown
+    u64 smaller_since; // since when a smaller scale would suffice, or 0
 };
 
-// What a pane shows, and with which controls.
+// The position and the controls of a pane.
 struct pane_t {
     u32 chart, ring;
     u32 axis[AXIS_MAX];
@@ -87,7 +87,7 @@ static u64 session_part() {
     return part;
 }
 
-// Columns begin at multiples of their width, so that a report never changes its column.
+// Columns begin at multiples of their width, so that a report never moves to another column.
 static void window_set() {
     const u64 ms = trend_page.span == TREND_SESSION ? session_part() * TREND_PARTS : trend_spans[trend_page.span].ms;
     trend_page.width = ms / PLOT_COLUMNS;
@@ -100,8 +100,8 @@ u8 trend_parts() {
     return trend_page.span == TREND_SESSION ? (u8)TREND_PARTS : trend_spans[trend_page.span].parts;
 }
 
-// The smallest scale that holds all with a tenth to spare: a larger one at once, a smaller one when it has done for ten
-// seconds.
+// Returns the smallest scale that covers the maximum with a tenth to spare. A larger scale is used at once, a smaller
+// one after it has sufficed for ten seconds.
 template <size_t N> static scale_row_t scale_of(scale_t &scale, const scale_row_t (&rows)[N], u32 most) {
     u32 want = 0;
     while (want + 1 < N && (u64)rows[want].full * 10 < (u64)most * 11) {
@@ -203,7 +203,8 @@ static void times_paint() {
     const bool clock = trend_page.span == TREND_SESSION || trend_stopped();
     const u64 part = (trend_page.to - trend_page.from) / trend_parts();
     char text[TREND_TEXT];
-    const u32 step = trend_stopped() && part % MINUTE != 0 ? 2 : 1; // two clocks with seconds need the room of three
+    const u32 step =
+        trend_stopped() && part % MINUTE != 0 ? 2 : 1; // a time with seconds needs the room of one and a half labels
     for (u32 i = 0; i < TREND_PARTS; i++) {
         para_t *label = view5(ids[i]);
         const bool shown = i < trend_parts() && i % step == 0;
@@ -265,7 +266,7 @@ static void cursor_off_do() {
     trend_page.cursor = false;
 }
 
-// The cursor is where the finger is.
+// Moves the cursor to the finger.
 static void panes_event(zof_ctrl_t *, zof_event_e event) {
     zof_touch_t touch = {};
     if (ui_takes(event) && (event == ZOF_EVENT_PRESSED || event == ZOF_EVENT_PRESSING) && zof_touch_get(&touch) == 0) {
@@ -299,7 +300,7 @@ void view5_init(void) {
 
 void view5_entry(void) {
     static bool entered;
-    if (!entered && trend_stopped()) { // a recording is shown whole at first
+    if (!entered && trend_stopped()) { // an imported recording is first shown as a whole
         trend_page.span = TREND_SESSION;
     }
     entered = true;
