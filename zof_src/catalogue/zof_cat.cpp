@@ -1,4 +1,4 @@
-// Kinds, groups, the list of all records, the files of a project, and the look-up of keys.
+// Kinds, groups, the list of all records, the files of a project, and key lookup.
 #include <cstring>
 
 #include "catalogue/zof_cat_in.h"

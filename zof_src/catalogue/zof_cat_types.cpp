@@ -1,4 +1,4 @@
-// The control types: what each one is, and everything about it that is not a key.
+// The control types: a description of each, and all its properties that are not keys.
 #include "catalogue/zof_cat_in.h"
 
 // Parts that can be styled.
@@ -14,13 +14,13 @@ enum {
     PLACEHOLDER = 1 << (LV_PART_CUSTOM_FIRST >> 16),
 };
 
-// States. Whatever a control is, a program can give it the user states, and those of devices that a panel lacks.
+// States. A program can set the user states, and the states of input devices that a panel lacks, on any control.
 enum {
     PASSIVE = LV_STATE_ANY & ~LV_STATE_CHECKED,
     CHECKABLE = LV_STATE_ANY,
 };
 
-// Events that reach the program, those of touches only from a control that takes them.
+// Events that reach the program; touch events come only from a control that accepts touches.
 #define TOUCH_EVENTS                                                                                               \
     "ZOF_EVENT_CLICKED", "ZOF_EVENT_PRESSED", "ZOF_EVENT_PRESSING", "ZOF_EVENT_PRESS_LOST", "ZOF_EVENT_RELEASED",  \
         "ZOF_EVENT_SHORT_CLICKED", "ZOF_EVENT_LONG_PRESSED", "ZOF_EVENT_LONG_PRESSED_REPEAT", "ZOF_EVENT_GESTURE", \

@@ -1,4 +1,4 @@
-// The order in which the files of a project are checked.
+// Checks the files of a project in order.
 #include "check/zof_check.h"
 
 #include <algorithm>
@@ -44,8 +44,8 @@ static void json_faults(check_run_t *c, const check_file_t *file) {
     }
 }
 
-// Whatever the project file knows of the others must be known before they are checked: the size of the design, which
-// views there are. Language files come before those that use their texts.
+// Facts from the project file must be known before the other files are checked: the size of the design, and which views
+// exist. Language files come before the files that use their texts.
 static void files_check(check_run_t *c) {
     for (u32 i = 0; i < c->files.count; i++) {
         json_faults(c, &c->files.at[i]);

@@ -9,7 +9,7 @@
 #include "drv/zof_drv_file.h"
 #include "zof_lib/zof_util.h"
 
-// A link may lead to a whole disk.
+// Limits of a walk, because a link may lead to a whole disk.
 enum { PATH_SIZE = 1024, DEPTH_MAX = 12, FILES_MAX = 20000, FILE_MAX = 64 << 20 };
 
 static bool is_json(const char *path) {
@@ -21,7 +21,7 @@ static void path_report(check_run_t *c, const char *path, check_rule_e rule, con
     check_report_at(c, &at, ZOF_J_NONE, 0, rule, "%s", text);
 }
 
-// Returns why a file cannot be read; null if it has been.
+// Returns the reason why a file cannot be read, or null after reading it.
 static const char *json_read(check_run_t *c, check_file_t *file) {
     char path[PATH_SIZE];
     std::snprintf(path, sizeof path, "%s%s", c->folder, file->path);
@@ -45,20 +45,20 @@ static void file_add(check_run_t *c, const char *path, bool refused) {
     c->no_memory = c->no_memory || !file || !file->path;
 }
 
-// What editors leave beside a file that they have written.
+// Returns true for the backup copies that editors create.
 static bool is_backup(const char *name) {
     const size_t length = std::strlen(name);
     return (length && name[length - 1] == '~') || zof_suffix_is(name, ".bak") || zof_suffix_is(name, ".orig");
 }
 
-// Folders by the one around them; others may have any name.
+// Known folders and the folder that contains them. Other folders may have any name.
 static const struct {
     const char *around, *name;
 } folders[] = {{"", "config"},      {"", "image"},        {"", "font"},
                {"", "sound"},       {"", "video"},        {"config/", "project"},
                {"config/", "view"}, {"config/", "theme"}, {"config/", "languages"}};
 
-// Reports a folder with nearly the name of one that the runtime reads.
+// Reports a folder whose name resembles one that the runtime reads.
 static void folder_name_check(check_run_t *c, const char *around, const char *name) {
     const char *meant = nullptr;
     u32 least = ZOF_TEXT_NEAR;
@@ -78,7 +78,7 @@ static void folder_name_check(check_run_t *c, const char *around, const char *na
     }
 }
 
-// A folder that is being walked, where its links lead, and those around it.
+// A folder on the path of the walk, with its real path, and the folder that contains it.
 struct walk_t {
     const walk_t *around;
     char real[PATH_SIZE];
@@ -89,7 +89,7 @@ static bool is_below(const char *real, const char *folder) {
     return std::strncmp(real, folder, length) == 0 && (real[length] == '/' || !real[length]);
 }
 
-// Returns why what a link leads to is not opened; null if it is.
+// Returns the reason why the target of a link is not opened, or null if it is opened.
 static const char *link_fault(const check_run_t *c, const char *path, const walk_t *walk) {
     char whole[PATH_SIZE], real[PATH_SIZE];
     std::snprintf(whole, sizeof whole, "%s%s", c->folder, path);
@@ -106,7 +106,7 @@ static const char *link_fault(const check_run_t *c, const char *path, const walk
     return is_below(real, top->real) || c->outside ? nullptr : "a link that leads out of the project; it is not opened";
 }
 
-// Returns true for what may be opened; a link, a pipe or a device that may not is reported.
+// Returns true if an entry may be opened. Reports a link, a pipe or a device that may not.
 static bool entry_passes(check_run_t *c, const char *path, bool folder, const walk_t *walk) {
     char whole[PATH_SIZE];
     std::snprintf(whole, sizeof whole, "%s%s", c->folder, path);
@@ -152,7 +152,7 @@ static bool file_before(const check_file_t &a, const check_file_t &b) {
     return std::strcmp(a.path, b.path) < 0;
 }
 
-// Must be known before links are followed.
+// Reads "allow_outside" of the project file. It must be known before links are followed.
 static bool outside_allowed(check_run_t *c) {
     check_file_t project = {.path = (char *)"config/project/zofprj.g"};
     json_read(c, &project);
@@ -209,7 +209,7 @@ void check_folder_free(check_run_t *c) {
 static bool has_project(const char *folder) {
     char path[PATH_SIZE];
     std::snprintf(path, sizeof path, "%sconfig/project/zofprj.g", folder);
-    return zof_file_kind(path) != ZOF_FILE_NONE; // what is not a file is reported by the check
+    return zof_file_kind(path) != ZOF_FILE_NONE; // the check reports a project file that is not a regular file
 }
 
 s32 zof_check_find(const char *named, char *folder, size_t size) {

@@ -1,4 +1,4 @@
-// Icons in texts: the names of config/icons.g, and texts that use a name which is not there.
+// Icons in texts: the names in config/icons.g, and texts that use a name that is not among them.
 #include <cstring>
 #include <string>
 
@@ -17,7 +17,8 @@ void check_icon_file(check_run_t *c, const check_file_t *file) {
     }
 }
 
-// Reports a name that no icon has; names that are clearly something else, such as the minutes in "12:30:45", are not.
+// Reports an icon name that does not exist. check_icon_use does not pass names that are clearly something else, such as
+// the minutes in "12:30:45".
 static void name_check(check_run_t *c, const check_file_t *file, u32 node, const check_file_t *icons,
                        const char *name) {
     char meant[64] = "";

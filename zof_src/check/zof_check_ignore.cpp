@@ -1,7 +1,7 @@
-// zof-check.ignore, a file of the project folder: findings to suppress, one on each line:
+// zof-check.ignore, a file of the project folder, lists findings to suppress, one per line:
 //     RULE FILE[:KEY] REASON
-// KEY is the way to the value, as in `zof check --format json`; a '*' at the end of FILE:KEY stands for any rest. Blank
-// lines, and those that begin with '#', are skipped.
+// KEY is the key path of the value, as in `zof check --format json`; a '*' at the end of FILE:KEY matches any rest.
+// Blank lines and lines that begin with '#' are skipped.
 #include <cstdio>
 #include <cstring>
 
@@ -11,7 +11,7 @@
 
 enum { WORD_SIZE = 512 };
 
-// Copies the next word, up to a blank, and returns what follows the blanks behind it.
+// Copies the next word, up to a blank, and returns the position after the blanks that follow it.
 static const char *word_take(const char *at, const char *end, char *word) {
     size_t length = 0;
     for (; at < end && *at != ' ' && *at != '\t'; at++) {
@@ -34,7 +34,7 @@ static bool place_matches(const char *pattern, const zof_finding_t *finding) {
                                                 : std::strcmp(place, pattern) == 0;
 }
 
-// Removes the findings that a line names; returns whether there were any.
+// Removes the findings that a line names. Returns true if there were any.
 static bool findings_drop(check_run_t *c, const char *rule, const char *place) {
     u32 kept = 0;
     for (u32 i = 0; i < c->findings.count; i++) {
@@ -88,7 +88,7 @@ void check_ignore(check_run_t *c) {
     std::snprintf(path, sizeof path, "%szof-check.ignore", c->folder);
     file = file && !file->text ? file : nullptr;
     if (file && (file->text = (char *)zof_file_read_all(path, 1 << 20, &size, &why)) != nullptr) {
-        file->doc.text = file->text; // for places in it
+        file->doc.text = file->text; // needed to find the places of its lines
         file->doc.size = size;
         for (const char *line = file->text, *all = line + size; line < all;) {
             const char *end = (const char *)std::memchr(line, '\n', (size_t)(all - line));

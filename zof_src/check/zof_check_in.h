@@ -60,15 +60,15 @@ enum check_rule_e {
 // A file of the project folder.
 struct check_file_t {
     char *path; // below the folder
-    char *text; // of a file with JSON; null for others
+    char *text; // contents of a JSON file; null for others
     zof_jdoc_t doc;
     bool listed;  // a view file with an entry in the project file
-    bool refused; // not opened; this has been reported
+    bool refused; // not opened; this has been reported already
 };
 
 // A control of the view that is being checked.
 struct check_ctrl_t {
-    u32 entry, property, pub;   // nodes
+    u32 entry, property, pub;   // node numbers
     const zof_cat_type_t *type; // null if it is missing or unknown, which has been reported
     s64 id, parent;
     s64 x, y, width, height;
@@ -93,7 +93,7 @@ template <typename T> struct check_list_t {
     u32 count, room;
 };
 
-// Appends a zeroed element; null without memory, which the run then reports.
+// Appends a zeroed element. Returns null if memory is short; the caller notes that in the run.
 template <typename T> T *check_add(check_list_t<T> &list) {
     if (list.count == list.room) {
         const u32 room = list.room ? 2 * list.room : 32;
@@ -109,28 +109,28 @@ template <typename T> T *check_add(check_list_t<T> &list) {
 }
 
 struct check_run_t {
-    const char *folder; // with "/"
+    const char *folder; // ends in "/"
     zof_check_t *out;
     check_list_t<zof_finding_t> findings;
     check_list_t<check_file_t> files;
     check_list_t<check_word_t> words, uses; // defined in language files; used by views
-    check_list_t<check_look_t> looks;       // that controls or other looks name
-    check_list_t<check_ctrl_t> ctrls;       // of the current view
-    u32 *ctrl_of_id;                        // of the current view: index + 1 in `ctrls`
+    check_list_t<check_look_t> looks;       // looks that controls or other looks name
+    check_list_t<check_ctrl_t> ctrls;       // controls of the current view
+    u32 *ctrl_of_id;                        // for the current view: index in `ctrls` + 1, or 0
     check_file_t *project;
     s64 width, height; // of the design; 0 if unknown
-    bool broken;       // part of a file cannot be understood, so it is not known which texts it uses
-    bool outside;      // the project allows names that lead out of it
+    bool broken;       // part of a file cannot be understood, so the texts that it uses are unknown
+    bool outside;      // the project allows names that lead out of its folder
     bool no_memory;
     bool lint; // the findings are those of `zof lint`
 };
 
 // Findings ---------------------------------------------------------------------------------------------------------
 
-// Reports at a byte of the file, which belongs to a node; ZOF_J_NONE for the whole file.
+// Reports a finding at a byte of the file. `node` is the node of that byte, or ZOF_J_NONE for the whole file.
 void check_report_at(check_run_t *c, const check_file_t *file, u32 node, u32 at, check_rule_e rule, const char *fmt,
                      ...) ZOF_PRINTF_LIKE(6, 7);
-// Report at the value or the key of a node; for an element of an array, which has no key, at its value.
+// Report a finding at the value or at the key of a node. An array element has no key, so its value is used.
 void check_report(check_run_t *c, const check_file_t *file, u32 node, check_rule_e rule, const char *fmt, ...)
     ZOF_PRINTF_LIKE(5, 6);
 void check_report_key(check_run_t *c, const check_file_t *file, u32 node, check_rule_e rule, const char *fmt, ...)
@@ -140,22 +140,24 @@ void check_report_key(check_run_t *c, const check_file_t *file, u32 node, check_
 
 bool check_folder_read(check_run_t *c);
 void check_folder_free(check_run_t *c);
-// Finds a file by its path below the folder; with `any_case` also one that differs in case.
+// Finds a file by its path below the folder; if `any_case`, also a file whose name differs in case.
 check_file_t *check_file_find(check_run_t *c, const char *path, bool any_case);
-// Reports at the node if folder + name does not exist or is not opened. Returns the file, also if its name differs in
-// case; null for a name on a drive, which may be absent here.
+// Finds the file folder + name, and reports at the node if it does not exist or is not opened. Returns the file, also
+// if its name differs in case, or null. A name on a drive returns null without a report, because the drive may be
+// absent here.
 check_file_t *check_file_named(check_run_t *c, const check_file_t *file, u32 node, const char *folder,
                                const char *name);
-// Returns true for a file whose records can be checked: an object, read to its end.
+// Returns true if the records of a file can be checked: it is an object and was parsed to its end.
 bool check_file_whole(const check_file_t *file);
-// Opens every picture and font with the runtime's decoders.
+// Opens every picture and font with the runtime's decoders, and reports those that cannot be decoded.
 void check_media(check_run_t *c);
 
 // Values -----------------------------------------------------------------------------------------------------------
 
-// The record at the root of the files with this path in zof_cat_files.
+// Returns the root record of the files with this path in zof_cat_files.
 const zof_cat_record_t *check_root(const char *path);
-// Checks a value's kind, then its number or text, against its row.
+// Check a value against its row: check_kind its kind, returning false if it is wrong, and check_scalar its number or
+// text.
 bool check_kind(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                 const zof_cat_key_t *key);
 void check_scalar(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
@@ -163,50 +165,52 @@ void check_scalar(check_run_t *c, const check_file_t *file, u32 node, const zof_
 // Checks a value of any kind and everything below it.
 void check_value(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                  const zof_cat_key_t *key);
-// Checks an object and everything below it. `outer` is the enclosing record, whose keys may be at the wrong level; may
-// be null.
+// Checks an object and everything below it. `outer` is the enclosing record, whose keys may have been written at this
+// level by mistake; it may be null.
 void check_object(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                   const zof_cat_record_t *outer);
-// Returns true if the members of an object that have these names are absent or in range.
+// Returns true if the members of `object` listed in `keys` are absent or in range.
 bool check_all_in_range(const check_file_t *file, u32 object, const zof_cat_record_t *record, const char *const *keys);
-// Returns a member's number as the runtime reads it, including names and colours; `absent` if the member is missing.
+// Returns a member's number as the runtime reads it, which may be written as a name or a colour; `absent` if the member
+// is missing.
 s64 check_number(const check_file_t *file, u32 object, const char *key, const reflect_item_t *rows, s64 absent);
-// Reads the number of a value, which may be a name or a colour. Returns false if it has none.
+// Reads the number of a value, which may be written as a name or a colour. Returns false if it has no number.
 bool check_number_of(const check_file_t *file, u32 node, const reflect_item_t *row, s64 *value);
-// Copies the text of a member, cut off to fit. Returns false if the member is missing or not a text.
+// Copies the text of a member, truncated to fit. Returns false if the member is missing or not a text.
 bool check_text(const check_file_t *file, u32 object, const char *key, char *out, size_t size);
 
 // Parts ------------------------------------------------------------------------------------------------------------
 
 void check_project_file(check_run_t *c);
-// Reports that the project file names no language, although views use texts of languages; after the views.
+// Reports a project file that names no language although views use language texts. Call it after the views have been
+// checked.
 void check_language_need(check_run_t *c);
 void check_link_file(check_run_t *c, const check_file_t *file);
 void check_view_file(check_run_t *c, check_file_t *file);
 void check_theme_file(check_run_t *c, const check_file_t *file);
-// `styles` of a control or a theme; `styles` may be no node. `theme`: the file of the theme that gives a control what
-// its own styles leave out; null for none.
+// Checks `styles` of a control or a theme; `styles` may be ZOF_J_NONE. `theme` is the theme file that supplies what the
+// control's own styles omit, or null.
 void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zof_cat_type_t *type,
                   const check_file_t *theme);
 void check_geometry(check_run_t *c, const check_file_t *file);
 
-// Files of looks, then looks that nobody names.
+// Check a file of looks, and report looks that nothing uses.
 void check_looks_file(check_run_t *c, const check_file_t *file);
 void check_looks_unused(check_run_t *c);
 
-// The file of looks of a theme, and that of the project; null if there is none.
+// The looks files that apply: that of a theme and that of the project; null if there is none.
 struct check_looks_t {
     const check_file_t *of[2];
 };
 enum { CHECK_LOOK_NAME = 128 };
 check_looks_t check_looks_of(check_run_t *c, const char *theme);
 bool check_is_looks(const check_file_t *file);
-// Returns true for a node whose styles inherit what they do not write: those of a look, or of a control that has one.
+// Returns true if the styles of a node inherit what they omit: it belongs to a look, or to a control that has one.
 bool check_has_look(const check_file_t *file, u32 node);
-// Writes the theme in which a value is read, at most CHECK_LOOK_NAME bytes: that of its file's folder, or of the
-// control around it.
+// Writes the name of the theme that applies to a value, at most CHECK_LOOK_NAME bytes: the theme of the file's folder,
+// or that of the enclosing control.
 void check_theme_of(const check_file_t *file, u32 node, char *theme);
-// A value that names a look, or a colour.
+// Check a value that names a look or a colour, and note the use.
 void check_look_use(check_run_t *c, const check_file_t *file, u32 node, const char *theme);
 void check_color_use(check_run_t *c, const check_file_t *file, u32 node, const char *name);
 
@@ -216,14 +220,14 @@ void check_icon_use(check_run_t *c, const check_file_t *file, u32 node, const ch
 void check_word_use(check_run_t *c, const check_file_t *file, u32 node, const char *text);
 void check_words(check_run_t *c);
 
-// Removes the findings listed in zof-check.ignore, and reports its lines that match no finding. Each line is reported
-// by the command that its rule belongs to.
+// Removes the findings listed in zof-check.ignore, and reports lines that match no finding. Each line is reported only
+// by the command to which its rule belongs.
 void check_ignore(check_run_t *c);
 
-// Writes the path of a node, "controls[0].property.txt".
+// Writes the key path of a node, "controls[0].property.txt".
 void check_path(const zof_jdoc_t *doc, u32 node, char *out, size_t size);
 
-bool check_same(const char *a, const char *b); // without regard to case
+bool check_same(const char *a, const char *b); // ignores case
 bool check_begins(const char *text, const char *start);
 
 #endif

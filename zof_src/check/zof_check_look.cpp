@@ -1,4 +1,5 @@
-// Appearance: styles for existing parts and states, themes, and controls within the visible area.
+// Appearance: styles must be for existing parts and states, theme files for existing types, and controls must lie in
+// the visible area.
 #include <cstdio>
 #include <cstring>
 #include <initializer_list>
@@ -14,7 +15,7 @@ struct style_key_t {
     s64 part, state, sect;
 };
 
-// A key that cannot be read has been reported.
+// Returns true if the part, state and section of a style can be read. An unreadable one has been reported.
 static bool key_readable(const check_file_t *file, u32 style) {
     for (const char *key : {"style_part", "style_state", "style_sect"}) {
         if (zof_jdoc_get(&file->doc, style, key) != ZOF_J_NONE &&
@@ -77,7 +78,7 @@ static bool theme_has(const check_file_t *theme, style_key_t key, const char *pa
     return false;
 }
 
-// Reports a colour or a font that is not seen, because its opacity is missing and counts as 0.
+// Reports a colour or a font that is invisible because its opacity is missing and counts as 0.
 static void opacity_check(check_run_t *c, const check_file_t *file, u32 style, const check_file_t *theme) {
     for (const auto &row : painted) {
         char path[32];
@@ -116,7 +117,7 @@ void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zo
 
 // Themes -----------------------------------------------------------------------------------------------------------
 
-// Returns the control type named by a theme file's name; null after a report.
+// Returns the control type after which a theme file is named, or null after a report.
 static const zof_cat_type_t *theme_type(check_run_t *c, const check_file_t *file) {
     const char *slash = std::strrchr(file->path, '/');
     const char *meant = nullptr;
@@ -144,7 +145,7 @@ void check_theme_file(check_run_t *c, const check_file_t *file) {
         const zof_cat_key_t *key = zof_cat_key(root, name);
         if (key && !(key->flags & ZOF_CAT_IGNORED)) {
             check_value(c, file, at, root, key);
-        } else if (!key && !(type && zof_cat_key(type->record, name))) { // those of the type are accepted, and not used
+        } else if (!key && !(type && zof_cat_key(type->record, name))) { // keys of the type are accepted but not used
             check_report_key(c, file, at, CHECK_KEY_UNKNOWN, "unknown key %s in a theme", name);
         }
     }
@@ -155,7 +156,7 @@ void check_theme_file(check_run_t *c, const check_file_t *file) {
 
 // Places -----------------------------------------------------------------------------------------------------------
 
-// Types whose size is that of their content, not the one in the file, or whose parent places them.
+// Returns true for types whose size follows from their content instead of the file, or whose parent places them.
 static bool places_itself(const check_file_t *file, const check_ctrl_t *ctrl) {
     if (!ctrl->type) {
         return true;
@@ -179,7 +180,7 @@ static bool places_itself(const check_file_t *file, const check_ctrl_t *ctrl) {
     }
 }
 
-// Returns false if a number of its place is out of range, which has been reported.
+// Returns false if a number of the control's position or size is out of range, which has been reported.
 static bool is_placed(const check_file_t *file, const check_ctrl_t *ctrl) {
     static const char *const places[] = {"x", "y", nullptr}, *const sizes[] = {"width", "height", nullptr};
     const zof_cat_record_t *pub = zof_cat_key(ctrl->type->record, "pub_t")->record;

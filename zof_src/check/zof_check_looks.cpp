@@ -1,11 +1,11 @@
-// Files of looks, and looks that nobody names.
+// Files of looks, and looks that nothing uses.
 #include <cstring>
 
 #include "check/zof_check_in.h"
 
 enum { NAME_SIZE = CHECK_LOOK_NAME, CHAIN_MAX = 16 };
 
-// Writes the name of the look that a look inherits from. Returns false if there is none.
+// Writes the name of the look from which a look inherits. Returns false if there is none.
 static bool base_of(const check_looks_t &files, const char *name, char *base) {
     for (const check_file_t *file : files.of) {
         const u32 looks = file ? zof_jdoc_get(&file->doc, 0, "looks") : ZOF_J_NONE;

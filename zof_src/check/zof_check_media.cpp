@@ -1,4 +1,4 @@
-// Pictures and fonts, opened by the decoders that show them.
+// Opens pictures and fonts with the decoders that the runtime uses.
 #include <cstdio>
 #include <cstring>
 #include <initializer_list>
@@ -10,7 +10,7 @@
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_util.h"
 
-// Returns why a picture cannot be shown; null if it can.
+// Returns the reason why a picture cannot be shown, or null if it can.
 static const char *picture_fault(const char *path) {
     const char *fault = zof_img_fault(path);
     if (fault || zof_suffix_is(path, ".gif")) {

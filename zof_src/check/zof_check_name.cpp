@@ -1,4 +1,4 @@
-// Names of files that a project file has: whether the runtime opens them, and whether they are there.
+// File names in project files: whether the runtime opens them, and whether the files exist.
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
@@ -27,7 +27,8 @@ check_file_t *check_file_find(check_run_t *c, const char *path, bool any_case) {
     return any_case && found != end ? found : nullptr;
 }
 
-// Returns the file of the same folder whose name is nearest, or is this name with a suffix; null if none is near.
+// Returns the name of the file in the folder that is nearest to `name` or equals it with a suffix added, or null if no
+// name is near.
 static const char *name_near(check_run_t *c, const char *folder, const char *name) {
     const char *nearest = nullptr;
     u32 least = ZOF_TEXT_NEAR;
@@ -45,7 +46,7 @@ static const char *name_near(check_run_t *c, const char *folder, const char *nam
     return nearest;
 }
 
-// Returns why the runtime does not open a name; null if it does.
+// Returns the reason why the runtime does not open a name, or null if it does.
 static const char *name_fault(const char *name) {
     for (const char *c = name; *c; c++) {
         if ((u8)*c < ' ' || *c == 0x7F) {
@@ -58,7 +59,7 @@ static const char *name_fault(const char *name) {
     return nullptr;
 }
 
-// Writes folder + name without "." and "..". Returns false if the name leads out of the project.
+// Writes folder + name with "." and ".." resolved. Returns false if the path leads out of the project.
 static bool path_resolve(const char *folder, const char *name, char *out, size_t size) {
     char whole[PATH_SIZE];
     size_t length = 0;
@@ -82,7 +83,7 @@ static bool path_resolve(const char *folder, const char *name, char *out, size_t
     return true;
 }
 
-// Returns true for a name on a drive, after a report if there is no such drive. Fonts are not read from drives.
+// Returns true for a name on a drive, after a report if the drive does not exist. Fonts are not read from drives.
 static bool is_on_drive(check_run_t *c, const check_file_t *file, u32 node, const char *folder, const char *name) {
     if (!name[0] || name[1] != ':' || std::strcmp(folder, "font/") == 0) {
         return false;

@@ -1,4 +1,4 @@
-// Looks and colours by name: those that are named exist.
+// Looks and colours by name: checks that the names exist.
 #include <cstdio>
 #include <cstring>
 
@@ -33,7 +33,7 @@ check_looks_t check_looks_of(check_run_t *c, const char *theme) {
     return files;
 }
 
-// A member of `colors` or `looks`; without a file there is none.
+// A member of `colors` or `looks`; `file` is null if it was not found.
 struct member_t {
     const check_file_t *file;
     u32 node;
@@ -91,7 +91,7 @@ void check_color_use(check_run_t *c, const check_file_t *file, u32 node, const c
             unknown_report(c, file, node, files, "colors", name);
         }
         if (!color.file || zof_jdoc_text(&color.file->doc, color.node, text, sizeof text) < 0 || text[0] != '$') {
-            return; // a fault of another colour is reported there
+            return; // a fault of another colour is reported at that colour
         }
         if (color.file == file && color.node == node) {
             check_report(c, file, node, CHECK_LOOK, "the colour refers to itself");
@@ -119,7 +119,7 @@ static void use_note(check_run_t *c, const char *name) {
 void check_look_use(check_run_t *c, const check_file_t *file, u32 node, const char *theme) {
     char name[NAME_SIZE];
     if (zof_jdoc_text(&file->doc, node, name, sizeof name) < 0) {
-        return; // of another kind, which has been reported
+        return; // not a text, which has been reported
     }
     const check_looks_t files = check_looks_of(c, theme);
     if (member_find(files, "looks", name).file) {

@@ -1,4 +1,4 @@
-// The keys of an object: those that are unknown, in the wrong place, given twice or missing.
+// The keys of an object: reports unknown, misplaced, repeated and missing keys.
 #include <cstring>
 #include <initializer_list>
 
@@ -8,7 +8,7 @@
 
 enum { KEY_SIZE = 128, KEYS_MAX = 64 };
 
-// Returns the key of the record, at any depth, whose own record has the key `name`; null if there is none.
+// Returns the key of `record` whose object has the key `name`, at most `depth` levels deeper, or null if there is none.
 static const zof_cat_key_t *key_around(const zof_cat_record_t *record, const char *name, u32 depth) {
     for (u32 i = 0; record && i < record->count; i++) {
         const zof_cat_key_t *key = &record->keys[i];
@@ -26,7 +26,7 @@ static const char *key_near(const zof_cat_record_t *record, const char *name) {
     for (u32 i = 0; i < record->count; i++) {
         meant = zof_text_nearer(name, record->keys[i].key, &least) ? record->keys[i].key : meant;
     }
-    const bool look = zof_cat_key_of(record, "pressed") != nullptr; // the names of parts and states are keys
+    const bool look = zof_cat_key_of(record, "pressed") != nullptr; // in a look, the names of parts and states are keys
     for (const zof_name_t *names : {zof_part_names, zof_state_names}) {
         for (; look && names->name; names++) {
             meant = zof_text_nearer(name, names->name, &least) ? names->name : meant;
@@ -35,7 +35,8 @@ static const char *key_near(const zof_cat_record_t *record, const char *name) {
     return meant;
 }
 
-// Returns where a key of an entry of `controls` belongs that stands beside its type; null if no control has it.
+// Returns the object to which a key belongs that was written in an entry of `controls`, beside the type. Returns null
+// if no control has the key.
 static const char *entry_place(const char *name) {
     const zof_cat_record_t *first = zof_cat_types[0].record;
     if (zof_cat_key(zof_cat_key(first, "pub_t")->record, name)) {
@@ -49,7 +50,7 @@ static const char *entry_place(const char *name) {
     return nullptr;
 }
 
-// Returns the key that was probably meant; null if it is not known.
+// Returns the key that was probably intended, or null if unknown.
 static const char *unknown_report(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                                   const zof_cat_record_t *outer, const char *name) {
     const zof_cat_key_t *around = key_around(record, name, 1);
@@ -82,7 +83,8 @@ const zof_cat_record_t *check_root(const char *path) {
     return zof_cat_files[i].root;
 }
 
-// The first sentence of the catalogue's help, which is written for documents, and another one in bold; without links.
+// Returns the first sentence of the catalogue's help without Markdown, plus the next one if it begins in bold. The help
+// is written for documents.
 static const char *plain(const char *help, char *out, size_t size) {
     size_t length = 0;
     for (; *help && (std::strncmp(help, ". ", 2) != 0 || help[2] == '*') && length + 1 < size; help++) {
@@ -95,7 +97,8 @@ static const char *plain(const char *help, char *out, size_t size) {
     return out;
 }
 
-// Without it the object has no effect. Absent numbers are 0, which other rules judge where 0 has a meaning.
+// Reports missing keys without which the object has no effect. A missing number counts as 0; where 0 matters, other
+// rules report it.
 static void missing_check(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *record,
                           u64 seen) {
     for (u32 i = 0; i < record->count && i < KEYS_MAX; i++) {
@@ -113,7 +116,7 @@ static void missing_check(check_run_t *c, const check_file_t *file, u32 node, co
 static void element_check(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_record_t *outer,
                           const zof_cat_key_t *key) {
     const zof_cat_record_t *record = key->record;
-    if (record && record->count && record->keys[0].key[0] == '0') { // an array of bare values
+    if (record && record->count && record->keys[0].key[0] == '0') { // an array of plain values
         check_value(c, file, node, record, &record->keys[0]);
     } else if (file->doc.nodes[node].kind != ZOF_J_OBJECT) {
         check_report(c, file, node, CHECK_KIND, "expected an object");
@@ -150,13 +153,13 @@ void check_object(check_run_t *c, const check_file_t *file, u32 node, const zof_
         char name[KEY_SIZE];
         zof_jdoc_key(&file->doc, at, name, sizeof name);
         const zof_cat_key_t *key = zof_cat_key_of(record, name);
-        if (!key) { // the one that was meant is not reported as missing
+        if (!key) { // the intended key is not reported as missing
             const char *meant = unknown_report(c, file, at, record, outer, name);
             seen |= meant ? key_bit(record, zof_cat_key_of(record, meant)) : 0;
             continue;
         }
         const u64 bit = key_bit(record, key);
-        const bool free = key->key[0] == '*'; // the same row for all names
+        const bool free = key->key[0] == '*'; // one row stands for all names
         if (free ? zof_jdoc_get(&file->doc, node, name) != at : (seen & bit) != 0) {
             check_report_key(c, file, at, CHECK_KEY_TWICE, "%s is given twice; the first one is used", name);
             continue;

@@ -1,4 +1,4 @@
-// The project file: its views and its start page; the link to a host.
+// The project file with its views and start page, and the file of the host link.
 #include <cstdio>
 #include <cstring>
 
@@ -7,7 +7,7 @@
 
 enum { NAME_SIZE = 512 };
 
-// Reports an entry whose id or file another entry has.
+// Reports an entry whose id or file is also in an earlier entry.
 static void entry_twice(check_run_t *c, u32 entry, s64 id, const char *name) {
     const check_file_t *file = c->project;
     for (u32 at = file->doc.nodes[file->doc.nodes[entry].parent].child; at != entry; at = file->doc.nodes[at].next) {
@@ -54,7 +54,7 @@ static bool view_known(const check_file_t *file, u32 views, s64 id) {
     return false;
 }
 
-// A key with the id of a view; 0 stands for none where it is not needed.
+// Checks a key that holds the id of a view. If the key is not needed, 0 means no view.
 static void view_named(check_run_t *c, u32 views, const char *path, bool needed) {
     const check_file_t *file = c->project;
     const u32 node = zof_jdoc_find(&file->doc, 0, path);

@@ -1,4 +1,4 @@
-// Checks a program's own project at start with ZOF_STRICT=1, so that a program does not run with errors in its project.
+// Checks a program's own project at start if ZOF_STRICT=1, so that it does not run with errors in its project.
 #include <cstdlib>
 #include <cstring>
 

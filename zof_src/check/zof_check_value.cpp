@@ -1,4 +1,4 @@
-// Single values against the rows of the catalogue: kinds, ranges, names, colours, and files that are named.
+// Checks single values against the rows of the catalogue: kinds, ranges, names, colours, and file names.
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -15,10 +15,10 @@ static zof_jkind_e kind_of(const check_file_t *file, u32 node) {
     return file->doc.nodes[node].kind;
 }
 
-// What a key may have in a file.
+// The kinds of value that a key accepts.
 struct wanted_t {
-    zof_jkind_e kind; // ZOF_J_TRUE stands for both
-    bool text_too;    // names or colours
+    zof_jkind_e kind; // ZOF_J_TRUE means true or false
+    bool text_too;    // names or colours are accepted too
     const char *said;
 };
 
@@ -65,7 +65,7 @@ struct range_t {
     s64 low, high;
 };
 
-// What the decoder stores in a field of this width.
+// Returns the range of values that the decoder can store in the field.
 static range_t field_range(const reflect_item_t *row) {
     const u32 bits = row && row->type == CSON_INTEGER && row->size <= 4 ? 8 * (u32)row->size : 32;
     return {-((s64)1 << (bits - 1)), ((s64)1 << bits) - 1};
@@ -185,7 +185,7 @@ bool check_text(const check_file_t *file, u32 object, const char *key, char *out
     return zof_jdoc_text(&file->doc, zof_jdoc_get(&file->doc, object, key), out, size) >= 0;
 }
 
-// Kinds whose texts are file names, with the folder and the suffixes that the runtime reads.
+// Kinds whose texts are file names, with their folder and the suffixes that the runtime reads.
 static const struct {
     zof_cat_kind_e kind;
     const char *folder;
@@ -217,7 +217,7 @@ static void resource_check(check_run_t *c, const check_file_t *file, u32 node, z
     }
 }
 
-// Fonts may be a chain of files, which commas separate.
+// Checks a list of font files, separated by commas.
 static void fonts_check(check_run_t *c, const check_file_t *file, u32 node, char *names) {
     for (char *name = names + std::strspn(names, ", "); *name; name += std::strspn(name, ", ")) {
         char one[TEXT_SIZE];
@@ -243,7 +243,7 @@ static void folder_check(check_run_t *c, const check_file_t *file, u32 node, con
     check_report(c, file, node, CHECK_FILE_MISSING, "there is no folder %s with pictures", path);
 }
 
-// Options are lines; an empty one is shown as an empty row.
+// Checks options, one per line. An empty line is shown as an empty row.
 static void options_check(check_run_t *c, const check_file_t *file, u32 node, char *text) {
     if (std::strstr(text, "\n\n") || text[0] == '\n' || (text[0] && text[std::strlen(text) - 1] == '\n')) {
         check_report(c, file, node, CHECK_OPTIONS, "an empty line is an option without a text");

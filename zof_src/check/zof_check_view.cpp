@@ -1,4 +1,4 @@
-// View files: their controls, one by one and among each other.
+// View files: checks their controls, each one alone and in relation to the others.
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
@@ -17,7 +17,7 @@ static void id_check(check_run_t *c, const check_file_t *file, u32 index) {
     check_ctrl_t *ctrl = &c->ctrls.at[index];
     const u32 node = zof_jdoc_get(&file->doc, ctrl->pub, "id");
     if (ctrl->id < 1 || ctrl->id > UINT16_MAX) {
-        return; // missing or out of range, which has been reported
+        return; // a missing or invalid id has been reported
     }
     u32 *known = &c->ctrl_of_id[ctrl->id];
     if (*known) {
@@ -35,7 +35,7 @@ struct name_t {
     u32 node;
 };
 
-// As in `zof ids`, characters other than letters and digits become '_'.
+// Makes an identifier as `zof ids` does: characters other than letters and digits become '_'.
 static bool identifier_make(const char *name, char *out) {
     bool any = false, ascii = true;
     u32 i = 0;
@@ -90,7 +90,7 @@ static bool parent_later(const check_run_t *c, u32 index, s64 id) {
     return false;
 }
 
-// Which parent a type requires, and which children it allows.
+// Types that require a parent of a certain type.
 static const struct {
     u32 type, parent;
     const char *said;
@@ -133,7 +133,7 @@ static void visible_check(check_run_t *c, const check_file_t *file, const check_
     if (hidden != ZOF_J_NONE && file->doc.nodes[hidden].kind == ZOF_J_TRUE) {
         return;
     }
-    if (type == ZOF_CTRL_GIF || type == ZOF_CTRL_QRCODE) { // these have no opacity
+    if (type == ZOF_CTRL_GIF || type == ZOF_CTRL_QRCODE) { // these ignore opacity
         return;
     }
     if (alpha == ZOF_J_NONE) {
@@ -143,7 +143,7 @@ static void visible_check(check_run_t *c, const check_file_t *file, const check_
     }
 }
 
-// A type that is made to be touched, and takes no touches.
+// Reports a control of a type that is made to be touched but does not accept touches.
 static void touch_check(check_run_t *c, const check_file_t *file, const check_ctrl_t *ctrl) {
     const u32 node = zof_jdoc_get(&file->doc, ctrl->pub, "t_mode");
     if (ctrl->type->touch && check_number(file, ctrl->pub, "t_mode", zof_pub_attr_t_tbl, 0) == 0) {
@@ -162,7 +162,7 @@ static void ends_check(check_run_t *c, const check_file_t *file, u32 object, con
     }
 }
 
-// A value that the file gives is within its range; one without the keys of the range is not judged.
+// Checks that a value in the file is within its range. Without the keys of the range, nothing is reported.
 static void within_check(check_run_t *c, const check_file_t *file, u32 object, const char *key, u32 range,
                          const char *low, const char *high) {
     const u32 node = zof_jdoc_get(&file->doc, object, key);
@@ -174,7 +174,7 @@ static void within_check(check_run_t *c, const check_file_t *file, u32 object, c
     }
 }
 
-// Ranges of values. A chart without an axis keeps the one that the program sets.
+// Checks ranges of values. A chart without an axis keeps the range that the program sets.
 static void ranges_check(check_run_t *c, const check_file_t *file, const check_ctrl_t *ctrl) {
     switch (ctrl->type->type) {
     case ZOF_CTRL_BAR:
@@ -200,7 +200,7 @@ static void ranges_check(check_run_t *c, const check_file_t *file, const check_c
     }
 }
 
-// Captions end with an empty one.
+// Checks that lists of captions end with an empty one.
 static void captions_check(check_run_t *c, const check_file_t *file, const check_ctrl_t *ctrl) {
     for (const char *key : {"btn_txt", "btnmatrix_txt"}) {
         const u32 array = zof_jdoc_get(&file->doc, ctrl->property, key);
@@ -237,7 +237,7 @@ static void theme_name_check(check_run_t *c, const check_file_t *file, u32 node)
             return;
         }
     }
-    if (any) { // a project without themes names one because the key is needed
+    if (any) { // `theme` is a required key, so projects without themes also name one
         check_report(c, file, node, CHECK_THEME, "there is no theme %s", name);
     }
 }
@@ -256,7 +256,7 @@ static void look_name_check(check_run_t *c, const check_file_t *file, const chec
 static void ctrl_check(check_run_t *c, const check_file_t *file, u32 index) {
     const check_ctrl_t ctrl = c->ctrls.at[index];
     if (!ctrl.type) {
-        id_check(c, file, index); // others may have it as their parent
+        id_check(c, file, index); // other controls may name it as their parent
         return;
     }
     check_object(c, file, ctrl.property, ctrl.type->record, nullptr);
@@ -271,13 +271,13 @@ static void ctrl_check(check_run_t *c, const check_file_t *file, u32 index) {
     check_styles(c, file, zof_jdoc_get(&file->doc, ctrl.property, "styles"), ctrl.type, theme_file(c, file, &ctrl));
 }
 
-// Notes a control; one without `property` has been reported, and nothing more can be said.
+// Records a control. One without `property` has been reported and is not checked further.
 static void ctrl_note(check_run_t *c, const check_file_t *file, u32 entry) {
     const s64 type = check_number(file, entry, "type", zof_entry_t_tbl, -1);
     const bool known = type >= 0 && type < ZOF_CTRL_TYPE_COUNT;
     const u32 property = zof_jdoc_get(&file->doc, entry, "property");
     const u32 pub = zof_jdoc_get(&file->doc, property, "pub_t");
-    c->broken = c->broken || !known; // what its texts are is not known
+    c->broken = c->broken || !known; // the texts of an unknown type cannot be found
     if (property == ZOF_J_NONE || file->doc.nodes[property].kind != ZOF_J_OBJECT) {
         return;
     }

@@ -1,4 +1,4 @@
-// Language keys: each one that is used has a text in every language, and each text is used.
+// Language keys: each key in use needs a text in every language, and each text should be used.
 #include <algorithm>
 #include <cstring>
 
@@ -31,7 +31,7 @@ void check_language_file(check_run_t *c, check_file_t *file) {
     }
 }
 
-// A text that begins with '#' is a key; the rest is shown as it is.
+// Handles a text of a view: a text that begins with '#' is a language key; any other is shown as it is.
 void check_word_use(check_run_t *c, const check_file_t *file, u32 node, const char *text) {
     if (text[0] == '#' && text[1]) {
         word_add(c, c->uses, text + 1, file, node);
@@ -59,7 +59,7 @@ static void sort(check_list_t<check_word_t> &list) {
     std::sort(list.at, list.at + list.count, word_before);
 }
 
-// A key is given twice in one language, as the words stand in order.
+// Reports keys given twice in one language; the words are sorted.
 static void twice_check(check_run_t *c) {
     for (u32 i = 1; i < c->words.count; i++) {
         const check_word_t *a = &c->words.at[i - 1], *b = &c->words.at[i];
@@ -69,7 +69,7 @@ static void twice_check(check_run_t *c) {
     }
 }
 
-// Marks the words with this key; returns the first one, or null.
+// Marks the words with this key as used. Returns the first one, or null.
 static check_word_t *words_use(check_run_t *c, const char *key) {
     const check_word_t wanted = {(char *)key, nullptr, 0, false};
     check_word_t *end = c->words.at + c->words.count;
@@ -90,7 +90,7 @@ static bool language_has(check_run_t *c, const check_word_t *first, const check_
     return false;
 }
 
-// Reports a word for each language that lacks it: at its text in another language, or where it is used.
+// Reports a key for each language that lacks it, at its text in another language or at its use.
 static void languages_check(check_run_t *c, const check_word_t *word, const check_word_t *first) {
     for (u32 i = 0; i < c->files.count; i++) {
         const check_file_t *language = &c->files.at[i];

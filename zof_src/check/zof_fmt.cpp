@@ -12,13 +12,13 @@
 
 enum { VALUE_SIZE = 160 };
 
-// The new text is put together from left to right, as nodes stand in the order of the text.
+// The new text is written from left to right; nodes are in the order of the text.
 struct fmt_t {
     const zof_jdoc_t *doc;
     bool names;
     char *out;
     size_t length, room;
-    u32 copied; // of the old text
+    u32 copied; // bytes of the old text copied so far
     bool no_memory;
 };
 
@@ -45,7 +45,7 @@ static void value_put(fmt_t *f, u32 node, const char *text) {
     f->copied = at->end;
 }
 
-// Writes the name of a number in quotes. Returns false if no name reads as exactly this number.
+// Writes the name of a number in quotes. Returns false if no name stands for exactly this number.
 static bool name_write(const reflect_item_t *row, double number, char *out, size_t size) {
     char name[VALUE_SIZE - 2];
     s64 again = 0;
@@ -94,7 +94,7 @@ static const zof_cat_record_t *property_record(const fmt_t *f, u32 property) {
 
 static void object_convert(fmt_t *f, u32 node, const zof_cat_record_t *record);
 
-// The depth of the calls is that of the catalogue.
+// Converts a member. The recursion is only as deep as the catalogue.
 static void member_convert(fmt_t *f, u32 node, const zof_cat_record_t *record, const zof_cat_key_t *key) {
     const zof_jnode_t *at = &f->doc->nodes[node];
     const reflect_item_t *row = zof_cat_row(record, key);
@@ -123,8 +123,7 @@ static void object_convert(fmt_t *f, u32 node, const zof_cat_record_t *record) {
     }
 }
 
-// Returns the record at the root of a file; null if the file contains no record. A '*' of a row stands for one part of
-// the path.
+// Returns true if a path fits a pattern, in which '*' stands for one component of the path.
 static bool path_fits(const char *path, const char *pattern) {
     while (*pattern) {
         if (*pattern == '*') {
@@ -139,6 +138,7 @@ static bool path_fits(const char *path, const char *pattern) {
     return *path == 0;
 }
 
+// Returns the record at the root of a file, or null if the file contains no records.
 static const zof_cat_record_t *root_of(const char *path) {
     for (const char *at = path; at; at = std::strchr(at, '/') ? std::strchr(at, '/') + 1 : nullptr) {
         for (u32 i = 0; i < zof_cat_file_count; i++) {

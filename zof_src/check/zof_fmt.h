@@ -1,4 +1,4 @@
-// Numbers of project files as names, and back. Any thread.
+// Conversion between numbers and names in project files. Any thread may call it.
 #ifndef ZOF_FMT_H
 #define ZOF_FMT_H
 
@@ -8,11 +8,11 @@
 
 ZOF_C_BEGIN
 
-// Converts the values of a file that may be names or colours: with `names` numbers become texts, otherwise texts become
-// numbers. Layout, order and everything else stay as they are, and so do values without a name. `path` says what the
-// file holds: it ends in a path of the project folder, such as "config/view/main.g". Returns the new text, terminated,
-// for zof_free, which may be equal to the old one; null for a file that holds no records, for invalid JSON, and without
-// memory.
+// Converts values that may be written as names or colours: if `names`, numbers become texts, otherwise texts become
+// numbers. Layout and order are kept, and so are values without a name. `path` determines the kind of file: it ends in
+// a path of the project folder, such as "config/view/main.g". Returns the new text, null-terminated, which may equal
+// the old one; free it with zof_free. Returns null if the file contains no records or invalid JSON, or if memory is
+// short.
 char *zof_fmt(const char *path, const char *text, size_t size, zof_bool names, size_t *out_size);
 
 ZOF_C_END
