@@ -17,7 +17,7 @@ static std::string type_fault(const std::string &path) {
     return fs::exists(status) && !fs::is_regular_file(status) ? "not a regular file" : "";
 }
 
-// Returns whether everything could be read; errno has the reason otherwise.
+// Reads a file to its end. Returns false on an error, with the reason in errno.
 static bool read_all(FILE *file, std::string &text) {
     char part[4096];
     text.clear();

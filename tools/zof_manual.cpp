@@ -1,4 +1,4 @@
-// Writes the tables of keys into the manual of project folders, and that of its rules into the page of `zof lint`. The
+// Writes the tables of keys into the manual of project folders, and the table of rules into the page of `zof lint`. The
 // catalogue and the rows of the rules are the only sources.
 #include <cstdio>
 #include <cstring>

@@ -84,7 +84,7 @@ static std::string upper(std::string text) {
     return text;
 }
 
-// "system_touch" -> "SystemTouch"
+// Converts "system_touch" to "SystemTouch".
 static std::string camel(const std::string &text) {
     std::string out;
     bool up = true;
@@ -123,7 +123,7 @@ static void markdown(const zof_hmi_cmd_type_t &type, std::ostream &out) {
     }
 }
 
-// Comment lines of at most 120 columns.
+// Wraps a comment at 120 columns.
 static std::string comment(const std::string &text) {
     std::istringstream words(text);
     std::string out = "//", word;
@@ -141,7 +141,7 @@ static std::string comment(const std::string &text) {
 
 // C library
 
-// A prototype of at most 120 columns with aligned arguments.
+// Formats a prototype with aligned arguments, wrapped at 120 columns.
 static std::string prototype(const std::string &name, const std::vector<std::string> &args) {
     std::string out = name + "(";
     const size_t indent = out.size();
@@ -161,7 +161,7 @@ static std::string prototype(const std::string &name, const std::vector<std::str
     return out + "\n";
 }
 
-// One call: its arguments, and the statements that put them into the frame.
+// Writes one call: its arguments, and the statements that put them into the frame.
 static void c_call(const row_t &row, const char *verb, const char *op,
                    const std::vector<const std::vector<field_t> *> &lists, std::ostream &out) {
     std::vector<std::string> args = {"zof_host_t *host"};
@@ -264,7 +264,7 @@ static std::string unit_words(const reg_row_t &row) {
     return *row.unit ? (row.scale > 1 ? std::to_string(row.scale) + " " : "") + row.unit : "-";
 }
 
-// A frame in bytes, with its meaning below; long frames are broken into lines of whole rails.
+// Prints a frame in bytes with its meaning below. Long frames are broken into lines of one rail.
 static void frame_lines(const bytes &frame, std::ostream &out) {
     const size_t head = 6, line = 2 * RAIL_WORDS;
     for (size_t at = 0; at < frame.size(); at += at ? line : head + line) {

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-static constexpr double SLEW_MV_PER_MS = 40; // a source's ramp, up and down
+static constexpr double SLEW_MV_PER_MS = 40; // rate at which a source ramps its voltage
 static constexpr uint16_t VERSION = 2 << 8 | 3;
-static constexpr double PUSH_MS = 100;  // live values
-static constexpr double STATE_MS = 500; // output state again, for a panel that came up late or lost a frame
+static constexpr double PUSH_MS = 100;  // between live values
+static constexpr double STATE_MS = 500; // between repeated output states, for a panel that started late or lost a frame
 
 std::vector<prof_t> board_default_rails(size_t count) {
     std::vector<prof_t> rails = {
@@ -38,7 +38,7 @@ static void push_live(board &b) {
     push(b, REG_SESS_MWH_HI, (uint16_t)(mwh >> 16));
 }
 
-// Ohm's law for a source that folds back at its current limit.
+// Applies Ohm's law to a source that reduces its voltage at its current limit.
 static void flow(board &b, double ms) {
     const double want = b.on ? b.target_mv : 0;
     const double step = SLEW_MV_PER_MS * ms;
@@ -142,7 +142,7 @@ static void session_reset(board &b) {
     push(b, REG_SESS_MWH_HI, 0);
 }
 
-// What the board does when the panel reports a register.
+// The actions of the board for registers that the panel reports.
 static constexpr struct {
     uint16_t addr;
     void (*take)(board &b, uint16_t value);
@@ -168,7 +168,7 @@ void board_report(board &b, uint16_t addr, uint16_t value) {
     }
 }
 
-// Without a saved rail the box starts on its first one, like every source.
+// Without a saved rail the box starts on its first rail, as every source does.
 void board_power_up(board &b) {
     board_settings_load(b);
     push(b, REG_BOX_VERSION, VERSION);

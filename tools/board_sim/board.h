@@ -1,4 +1,5 @@
-// The simulated box: rails, output, load, energy and settings. It handles registers and time, not lines and frames.
+// The simulated box: rails, output, load, energy and settings. It works on registers and time; lines and frames are
+// handled elsewhere.
 #ifndef BOARD_H
 #define BOARD_H
 
@@ -22,11 +23,11 @@ struct board_settings {
     uint16_t auto_arm = 0;
     uint16_t last_on = 0;
     uint16_t last_rail = RAIL_NONE;
-    uint16_t last_mv = 0, last_ma = 0; // settings of an adjustable rail
+    uint16_t last_mv = 0, last_ma = 0; // values set for an adjustable rail
 };
 
-// One row per setting: its name in the file, its field, and the register that has its range. The board sends those that
-// the panel may write too.
+// One row per setting: its name in the file, its field, and the register that defines its range. The board sends the
+// settings that the panel may write too.
 struct board_setting {
     const char *name;
     uint16_t board_settings::*field;
@@ -39,7 +40,7 @@ struct board {
     board_load load;
     board_settings settings;
     std::string settings_file; // empty: settings are not saved
-    bool save_failed = false;  // the message about it has been printed
+    bool save_failed = false;  // a failed save has been reported
     bool noise = true;
     std::mt19937 random;
 
@@ -55,32 +56,32 @@ struct board {
     std::function<void(uint16_t addr, const std::vector<uint16_t> &words)> write;
 };
 
-// Returns the first `count` rails of a usual source.
+// Returns the first `count` rails of a typical source.
 std::vector<prof_t> board_default_rails(size_t count = RAIL_MAX);
 
-// Returns false after a message if the settings file is a device or a folder, cannot be read, or has a line that is not
-// a setting: saving would destroy a file that is not the board's. Follows a link, so that its file is replaced and not
-// the link. Call it before board_settings_load.
+// Checks the settings file. Returns false after a message if it is a device or a folder, cannot be read, or has a line
+// that is not a setting, because saving would destroy a file that is not the board's. A link is replaced by its target,
+// so that saving replaces the target and keeps the link. Call it before board_settings_load.
 bool board_settings_check(board &b);
 
-// Loads the settings; values that are missing keep their defaults, and the first line that is not a setting is reported
-// on the error stream. Removes temporary files of boards that were killed.
+// Loads the settings. Missing values keep their defaults; the first invalid line is reported on the error stream.
+// Removes temporary files of boards that were killed.
 void board_settings_load(board &b);
 
 // Replaces the file with the current settings. A power failure or a kill leaves the old file or the new one. The first
 // failure is reported on the error stream.
 void board_settings_save(board &b);
 
-// Loads the settings and powers up, with output and rail according to the settings.
+// Loads the settings and powers up with the saved output state and rail.
 void board_power_up(board &b);
 
-// Advances the time by `ms`, in steps of at most 20 ms for a smooth ramp, and pushes the values that are due.
+// Advances the time by `ms`, in steps of at most 20 ms for a smooth ramp, and sends the values that are due.
 void board_step(board &b, double ms);
 
 // Handles a register reported by the panel.
 void board_report(board &b, uint16_t addr, uint16_t value);
 
-// Replaces the rail table, as when another source is plugged in. If the active rail is not in the new table, it is
+// Replaces the rail table, as if another source were plugged in. If the active rail is not in the new table, it is
 // deselected and the output is switched off.
 void board_set_rails(board &b, std::vector<prof_t> rails);
 

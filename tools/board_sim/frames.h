@@ -1,4 +1,4 @@
-// Frames of the register link at the board's end: builds and finds them; hardware/uart/zof_hw_text.h describes them.
+// Builds and finds frames of the register link at the board's end; hardware/uart/zof_hw_text.h describes them.
 #ifndef FRAMES_H
 #define FRAMES_H
 

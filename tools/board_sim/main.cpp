@@ -51,7 +51,7 @@ static std::string faults_help() {
            "\nExample:  board_sim --link /tmp/board --trace        then:  ZOF_COM6=/tmp/board zof_bench\n";
 }
 
-// Returns whether the script was read; prints the message if not.
+// Reads the script. Returns false after a message.
 static bool read_script(const std::string &path) {
     std::ifstream in(path);
     const std::string fault = in ? script_read(sim, in, path) : path + ": cannot be read";
@@ -74,7 +74,7 @@ static void on_frame(const bytes &frame) {
     frame_report_words(frame, [](uint16_t addr, uint16_t value) { board_report(sim.box, addr, value); });
 }
 
-// Sends bursts of readings with a silence after each: the line is full, but messages still end.
+// Sends bursts of readings with a silence after each, so that the line is full but messages still end.
 static void flood(double now) {
     const double period = 20;
     if (sim.line.faults.flood <= 0 || now - flooded_ms < period) {
@@ -101,7 +101,7 @@ static void replug(double now) {
         say("line", "unplugged");
         simulation_unplug(sim);
     } else if (sim.line.fd < 0 && since > period + 1000) {
-        plugged_ms = now; // even if it fails: the next attempt follows after the next pause
+        plugged_ms = now; // even on failure, so that the next attempt waits for the next interval
         if (wire_plug(sim.line)) {
             say("line", "plugged in as " + sim.line.slave_name);
         }

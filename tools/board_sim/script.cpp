@@ -84,7 +84,7 @@ static bool cmd_quit(simulation &sim, const word_list &) {
 
 static constexpr struct {
     const char *name;
-    size_t count; // of words, with the name
+    size_t count; // number of words, including the name
     const char *help;
     bool (*run)(simulation &sim, const word_list &w); // false: invalid argument, or the command failed
 } commands[] = {
@@ -107,7 +107,7 @@ std::string script_help() {
     return out;
 }
 
-// Returns what is wrong with the name of a command or its number of words, or an empty text.
+// Returns a message if a command is unknown or has the wrong number of words; otherwise an empty text.
 static std::string command_fault(const word_list &words) {
     for (const auto &row : commands) {
         if (!words.empty() && words[0] == row.name) {
@@ -117,7 +117,7 @@ static std::string command_fault(const word_list &words) {
     return "unknown command";
 }
 
-// Returns what is wrong with a line, which is not blank, or an empty text.
+// Parses a line that is not blank. Returns a message, or an empty text on success.
 static std::string line_parse(const std::string &text, double earliest, script_line &out) {
     std::istringstream rest(text);
     std::string word;

@@ -1,4 +1,4 @@
-// A script for the virtual board: lines "MS COMMAND", and what the commands do.
+// A script for the virtual board: lines "MS COMMAND", and the commands.
 #ifndef SCRIPT_H
 #define SCRIPT_H
 
@@ -13,14 +13,14 @@ struct script_line {
     std::string place; // file:line
 };
 
-// A board at work: what the commands of a script act on.
+// A running board: the state on which the commands of a script act.
 struct simulation {
     board box;
     wire line;
     frame_finder finder;
-    std::deque<script_line> script; // what is left of it
+    std::deque<script_line> script; // the remaining lines
     double now_ms = 0;              // since the start
-    bool ended = false;             // by a command
+    bool ended = false;             // set by a command
 
     std::function<void(const bytes &frame)> send; // to the panel
 };
@@ -32,13 +32,13 @@ std::string script_read(simulation &sim, std::istream &in, const std::string &fi
 // Runs the commands that are due, up to one that ends the simulation. Returns a line for each that failed.
 std::string script_run(simulation &sim);
 
-// Returns a line of help for each command.
+// Returns one line of help per command.
 std::string script_help();
 
-// Unplugs the line, and forgets the incomplete frame on it.
+// Unplugs the line and drops the incomplete frame received from it.
 void simulation_unplug(simulation &sim);
 
-// Parses "10" or "10ohm", and "2A"; false if the text is neither or out of range.
+// Parses "10", "10ohm" or "2A". Returns false if the text has another form or is out of range.
 bool load_parse(const std::string &text, board_load &load);
 
 #endif

@@ -1,4 +1,4 @@
-// The box's settings in a file: one line "name = value" each.
+// The settings of the box in a file, one line "name = value" each.
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
@@ -22,13 +22,13 @@ const std::vector<board_setting> board_setting_rows = {
     {"last_ma", &board_settings::last_ma, REG_ADJ_MA},
 };
 
-// A temporary file is named FILE.PID-N.new, so that boards which share FILE do not share their temporary files, and a
-// later start can tell whether the board that created one still runs.
+// A temporary file is named FILE.PID-N.new, so that boards which share FILE do not share temporary files, and a later
+// start can tell whether the board that created one is still running.
 static std::string temporary_name(const board &b, unsigned n) {
     return b.settings_file + "." + std::to_string(getpid()) + "-" + std::to_string(n) + ".new";
 }
 
-// Removes the temporary files of boards that were killed while they saved.
+// Removes the temporary files of boards that were killed while saving.
 static void remove_stale(const std::filesystem::path &file) {
     const std::string prefix = file.filename().string() + ".";
     const auto folder = file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
@@ -45,7 +45,7 @@ static void remove_stale(const std::filesystem::path &file) {
     }
 }
 
-// Returns false for a line that is not a known name with a number.
+// Takes a setting from a line. Returns false unless the line is a known name with a number.
 static bool setting_take(board_settings &settings, const std::string &line) {
     char name[32], rest;
     unsigned value;
@@ -61,7 +61,7 @@ static bool setting_take(board_settings &settings, const std::string &line) {
     return false;
 }
 
-// Takes the settings of a file; reports the first line that is not one, and returns whether there is no such line.
+// Takes the settings from the file and reports the first invalid line. Returns false if there is one.
 static bool settings_take(const board &b, board_settings &settings) {
     std::ifstream in(b.settings_file);
     std::string line;
@@ -80,7 +80,7 @@ bool board_settings_check(board &b) {
     namespace fs = std::filesystem;
     std::error_code error;
     const fs::path file = fs::canonical(b.settings_file, error);
-    if (error == std::errc::no_such_file_or_directory) { // it is created when a setting changes
+    if (error == std::errc::no_such_file_or_directory) { // the file is created when a setting changes
         return true;
     }
     const char *fault = nullptr;
@@ -105,7 +105,7 @@ void board_settings_load(board &b) {
     }
 }
 
-// Creates a new file: a name that exists, as a link to another file may, is not opened but passed over.
+// Creates a temporary file. A name that already exists, which may be a link to another file, is skipped, not opened.
 static FILE *temporary_open(const board &b, std::string &name) {
     int fd = -1;
     for (unsigned n = 0; fd < 0 && n < 100; n++) {

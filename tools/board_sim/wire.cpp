@@ -69,7 +69,7 @@ static bool fail(const std::string &what) {
     return false;
 }
 
-// Replaces an existing link, stale or of another board, but never a file.
+// Creates the link. Replaces an existing link, which may be stale or another board's, but never a file.
 static bool link_set(wire &w) {
     if (w.link.empty()) {
         return true;
@@ -85,7 +85,7 @@ static bool link_set(wire &w) {
 static void link_remove(wire &w) {
     char now[256];
     const ssize_t n = w.linked ? readlink(w.link.c_str(), now, sizeof(now)) : -1;
-    if (n > 0 && std::string(now, (size_t)n) == w.slave_name) { // otherwise the name belongs to another board now
+    if (n > 0 && std::string(now, (size_t)n) == w.slave_name) { // otherwise another board has replaced the link
         unlink(w.link.c_str());
     }
     w.linked = false;
@@ -109,7 +109,8 @@ static bool plug_pty(wire &w) {
     return link_set(w);
 }
 
-// Checked before opening: frames would overwrite a regular file, and opening other devices may have side effects.
+// Opens the given line. The file type is checked before opening, because frames would overwrite a regular file, and
+// opening other devices may have side effects.
 static bool plug_tty(wire &w) {
     struct stat st;
     if (stat(w.tty.c_str(), &st) == 0 && !S_ISCHR(st.st_mode)) {
@@ -204,7 +205,8 @@ double wire_flush(wire &w, double now_ms) {
         if (w.fd < 0) {
             continue;
         }
-        const ssize_t n = write(w.fd, data.data(), data.size()); // nobody reads a full line: the rest is lost
+        const ssize_t n =
+            write(w.fd, data.data(), data.size()); // if nobody reads, the line is full and the rest is lost
         w.sent += n > 0 ? (uint64_t)n : 0;
         w.dropped += data.size() - (n > 0 ? (uint64_t)n : 0);
     }

@@ -15,7 +15,7 @@ struct wire_faults {
     double lose = 0, garbage = 0, split = 0, late = 0, flood = 0, replug = 0, mute = 0;
 };
 
-// One row per fault; its amount, 0 to `max`, is given after "=" on the command line, and is `normal` without it.
+// One row per fault. Its amount, 0 to `max`, follows "=" on the command line; without "=" it is `normal`.
 struct fault_row {
     const char *name;
     double wire_faults::*amount;
@@ -24,19 +24,19 @@ struct fault_row {
 };
 extern const std::vector<fault_row> fault_rows;
 
-// Parses "NAME" or "NAME=AMOUNT"; returns false for an unknown name and for an amount out of range.
+// Parses "NAME" or "NAME=AMOUNT". Returns false if the name is unknown or the amount out of range.
 bool fault_take(wire_faults &faults, const std::string &text);
 
 struct wire {
     int fd = -1;      // the pseudo-terminal's master, or the tty
-    int slave = -1;   // kept open, so the line survives a panel that closes it
+    int slave = -1;   // kept open, so that the line survives a panel that closes it
     std::string link; // a symbolic link to the pseudo-terminal, for the panel
     std::string tty;  // a given line, used instead of a pseudo-terminal
     unsigned baud = 115200;
     std::string slave_name;
-    bool linked = false; // `link` is ours to remove
+    bool linked = false; // we created `link` and must remove it
     bool is_pts = false; // the given line is a pseudo-terminal
-    bool ended = false;  // and has been closed: another terminal may have its number by now
+    bool ended = false;  // such a pseudo-terminal was closed, and another terminal may have its number
     wire_faults faults;
     std::mt19937 random;
 
@@ -48,19 +48,19 @@ struct wire {
     uint64_t sent = 0, dropped = 0;
 };
 
-// Opens the line, or opens it again. Returns false after a message, also if a given line is not a terminal. A given
-// pseudo-terminal that was closed is not opened again.
+// Opens or reopens the line. Returns false after a message, also if a given line is not a terminal. A given
+// pseudo-terminal that was closed is not reopened.
 bool wire_plug(wire &w);
 void wire_unplug(wire &w);
 
-// Closes a line whose far end is gone.
+// Closes a line whose far end has disappeared.
 void wire_lost(wire &w);
 
 // Queues bytes for the line and applies its faults. `now_ms` is any monotonic clock. Returns false if nothing is sent:
 // the line is unplugged or mute.
 bool wire_send(wire &w, const bytes &data, double now_ms);
 
-// Writes the bytes that are due; returns the milliseconds until the next piece is due, or -1.
+// Writes the bytes that are due. Returns the milliseconds until the next piece is due, or -1 if there is none.
 double wire_flush(wire &w, double now_ms);
 
 #endif

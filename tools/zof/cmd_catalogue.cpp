@@ -29,7 +29,7 @@ static std::string plain(const std::string &text) {
     return out;
 }
 
-// Prints words from a column on, in as many lines as they need; the caller has printed up to that column.
+// Prints a text with line breaks, starting at a column that the caller's output has already reached.
 static void wrapped(const std::string &text, size_t column) {
     std::istringstream words(text);
     size_t at = column;
@@ -107,7 +107,7 @@ static void all_print(void) {
     std::cout << "\n`zof catalogue NAME` explains a control type, an object such as pub_t or style, or a key.\n";
 }
 
-// Prints the keys with this name or, if there are none, those whose name contains it.
+// Prints the keys with this name (if `whole`) or whose name contains it. Returns false if there are none.
 static bool keys_print(const std::string &word, bool whole) {
     bool found = false;
     for (u32 i = 0; zof_cat_records[i]->name; i++) {

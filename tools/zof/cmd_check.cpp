@@ -1,4 +1,4 @@
-// `zof check`: prints what the library's checker finds.
+// `zof check`: prints the findings of the library's checker.
 #include <cstdio>
 #include <cstring>
 #include <string>
@@ -22,7 +22,7 @@ static void options_add(CLI::App &app) {
     app.add_flag("--rules", opt.rules, "list the rules");
 }
 
-// As a finding, for programs that read no other output.
+// Prints the missing project file as a finding, for programs that read only the JSON output.
 static void no_project_print() {
     const zof_check_rule_t *rule = zof_check_rules;
     while (rule->name && std::string(rule->name) != "file-missing") {
@@ -50,7 +50,7 @@ static int check_run() {
         }
         return ZOF_EXIT_UNREADABLE;
     }
-    lv_init(); // for the decoders of pictures and fonts
+    lv_init(); // the decoders of pictures and fonts need it
     zof_check_t check;
     const bool readable = zof_check_project(folder, &check) == 0;
     findings_print(folder, check, opt.format == "json", opt.strict);

@@ -39,7 +39,7 @@ static void wrong(const char *what, const std::string &reason, const std::string
 }
 
 // Display and sound -----------------------------------------------------------------------------------------------
-// Without a display SDL falls back to drivers that show nothing.
+// Returns true if the driver shows a picture. Without a display SDL falls back to drivers that show nothing.
 static bool is_shown(const char *driver) {
     return getenv("SDL_VIDEODRIVER") || (strcmp(driver, "offscreen") != 0 && strcmp(driver, "dummy") != 0);
 }
@@ -102,7 +102,7 @@ static void ports_test() {
 }
 
 // The project -----------------------------------------------------------------------------------------------------
-// Fonts and pictures are opened by the check.
+// Checks the project, which also opens its fonts and pictures.
 static void project_test() {
     char folder[1024];
     if (zof_check_find(doctor.folder.c_str(), folder, sizeof(folder)) != 0) {
@@ -110,7 +110,7 @@ static void project_test() {
               "name the folder of config/, or the one of res/");
         return;
     }
-    lv_init(); // for the decoders
+    lv_init(); // the decoders need it
     zof_check_t check;
     const bool readable = zof_check_project(folder, &check) == 0;
     if (!readable || check.errors) {

@@ -1,4 +1,4 @@
-// `zof fmt`: numbers as names and colours, and back.
+// `zof fmt`: converts numbers to names and colours, and back.
 #include <cstdio>
 #include <string>
 #include <vector>

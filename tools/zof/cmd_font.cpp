@@ -1,5 +1,5 @@
-// `zof font`: makes a font that has exactly the letters of a project. Cutting fonts is the work of fontTools, a library
-// for Python; this file collects the letters and icons, and keeps their names.
+// `zof font`: makes a font with exactly the letters that a project uses. fontTools, a Python library, subsets the font;
+// this file collects the letters and icons and records the names of icons.
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -51,13 +51,13 @@ static bool fail(const std::string &text) {
 // Letters -------------------------------------------------------------------------------------------------------------
 
 struct letters_t {
-    std::map<u32, std::string> first;         // each letter, with the place where it is used first
-    std::map<std::string, std::string> icons; // those that the project has, likewise
+    std::map<u32, std::string> first;         // each letter, with the place of its first use
+    std::map<std::string, std::string> icons; // each icon of the project that is used, with the place of its first use
     const cJSON *known = nullptr;             // the project's icons
     bool typing = false;                      // a control takes text from the user
 };
 
-// What programs write: numbers with their signs and units of time.
+// Characters that programs write: digits, signs and separators.
 static const char NUMBERS[] = " 0123456789+-.,:/%";
 
 static void letters_of(letters_t &letters, const std::string &text, const std::string &place) {
@@ -94,7 +94,7 @@ static const zof_cat_record_t *record_of_type(const document_t &doc, u32 entry) 
     return type >= 0 && type < ZOF_CTRL_TYPE_COUNT ? zof_cat_types[type].record : nullptr;
 }
 
-// Collects the texts of an object that are shown. The depth of the calls is that of the catalogue.
+// Collects the displayed texts of an object. The recursion is only as deep as the catalogue.
 static void object_walk(letters_t &letters, const document_t &doc, const std::string &file, u32 object,
                         const zof_cat_record_t *record) {
     for (u32 at = doc.json.nodes[object].child; record && at != ZOF_J_NONE; at = doc.json.nodes[at].next) {
@@ -168,9 +168,9 @@ static bool project_walk(letters_t &letters, const std::string &folder) {
 
 // Icons ---------------------------------------------------------------------------------------------------------------
 
-enum { ICON_FIRST = 0xE000, ICON_LAST = 0xF000 }; // LVGL's own symbols come behind
+enum { ICON_FIRST = 0xE000, ICON_LAST = 0xF000 }; // LVGL's own symbols follow
 
-// The project's icons, {"cafe": "U+E000"}; an empty object if it has none.
+// Returns the project's icons, {"cafe": "U+E000"}: an empty object if there is no file, null if it is invalid.
 static cJSON *icons_read(const std::string &path) {
     document_t doc;
     cJSON *icons = nullptr;
@@ -197,7 +197,7 @@ static u32 letter_free(const cJSON *icons) {
     return next;
 }
 
-// Splits "FILE:NAME,NAME", and adds the letter of each name that the project has already.
+// Splits "FILE:NAME,NAME" and adds the letter of each name that the project already has.
 static bool icons_split(const std::string &text, const cJSON *icons, std::vector<std::string> &args) {
     const size_t colon = text.rfind(':');
     if (colon == std::string::npos || colon == 0 || colon + 1 == text.size()) {
@@ -218,7 +218,7 @@ static bool icons_split(const std::string &text, const cJSON *icons, std::vector
     return true;
 }
 
-// Writes the new names to the project. A name that it has keeps its letter.
+// Adds the new names to the project's file. Existing names keep their letters.
 static bool icons_keep(const std::string &path, cJSON *icons, const cJSON *made) {
     const cJSON *icon = nullptr;
     cJSON_ArrayForEach(icon, made) {
@@ -237,7 +237,7 @@ static bool icons_keep(const std::string &path, cJSON *icons, const cJSON *made)
 
 enum { NO_FONTTOOLS = 9, NO_PYTHON = 127 };
 
-// Runs the script; returns its exit status and what it has printed.
+// Runs the script. Returns its exit status, and its output in `out`.
 static int script_run(const char *python, const std::vector<std::string> &args, std::string &out) {
     int ends[2];
     if (pipe(ends) != 0) {
@@ -264,7 +264,7 @@ static int script_run(const char *python, const std::vector<std::string> &args, 
     return child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) ? WEXITSTATUS(status) : NO_PYTHON;
 }
 
-// Returns what the script has made; null after a message.
+// Returns the script's result, or null after a message.
 static cJSON *font_make(const std::vector<std::string> &args) {
     int status = NO_PYTHON;
     std::string out;

@@ -1,5 +1,6 @@
 // Writes the ids of a project's views and controls as C enumerators, which keeps programs in step with their view
-// files. The view `main.g` with id 1 becomes VIEW_MAIN_ID = 1, and its control `label0` with id 5 VIEW1_LABEL0_ID = 5.
+// files. The view `main.g` with id 1 becomes VIEW_MAIN_ID = 1, and its control `label0` with id 5 becomes
+// VIEW1_LABEL0_ID = 5.
 #include <cctype>
 #include <cstdio>
 #include <map>
@@ -20,7 +21,7 @@ static int fail(const std::string &place, const std::string &what) {
     return ZOF_EXIT_FINDINGS;
 }
 
-// Converts a name to the form of a C constant; other characters become '_'.
+// Converts a name to upper case; characters other than letters and digits become '_'.
 static std::string upper(const std::string &name) {
     std::string out;
     for (const char c : name) {
@@ -29,18 +30,19 @@ static std::string upper(const std::string &name) {
     return out;
 }
 
-// "main.g" is the view `main`.
+// Returns the enumerator of a view; "main.g" becomes VIEW_MAIN_ID.
 static std::string view_enumerator(const std::string &file) {
     return "VIEW_" + upper(file.substr(0, file.find_last_of('.'))) + "_ID";
 }
 
-// The guard contains the project's name, because a program with two projects includes two headers of the same name.
+// Returns the include guard. It contains the project's name, because a program with two projects includes two headers
+// of the same name.
 static std::string guard(const document_t &project) {
     const std::string name = document_text(project, zof_jdoc_get(&project.json, 0, "p_name"));
     return "ZOF_" + upper(name.empty() ? ids.folder : name) + "_IDS_H";
 }
 
-// Returns the array with this key; ZOF_J_NONE after a message.
+// Returns the array with this key, or ZOF_J_NONE after a message.
 static u32 array_of(const document_t &doc, const char *key) {
     const u32 node = zof_jdoc_get(&doc.json, 0, key);
     if (node == ZOF_J_NONE || doc.json.nodes[node].kind != ZOF_J_ARRAY) {
@@ -50,7 +52,7 @@ static u32 array_of(const document_t &doc, const char *key) {
     return node;
 }
 
-// Writes the enumerator of a control; false after a message.
+// Writes the enumerator of a control. Returns false after a message.
 static bool write_control(const document_t &doc, u32 entry, s64 view, std::map<std::string, s64> &seen,
                           std::ostream &out) {
     const u32 id_node = zof_jdoc_find(&doc.json, entry, "property.pub_t.id");
@@ -73,7 +75,7 @@ static bool write_control(const document_t &doc, u32 entry, s64 view, std::map<s
     return true;
 }
 
-// Writes the enumeration of one view; false after a message.
+// Writes the enumeration of one view. Returns false after a message.
 static bool write_view(const std::string &path, s64 view, std::ostream &out) {
     document_t doc;
     bool good = document_read(doc, path);
@@ -89,7 +91,7 @@ static bool write_view(const std::string &path, s64 view, std::ostream &out) {
     return good;
 }
 
-// Writes the enumerator of a view to `out`, and those of its controls to `controls`; false after a message.
+// Writes the enumerator of a view to `out` and those of its controls to `controls`. Returns false after a message.
 static bool write_entry(const document_t &project, u32 entry, std::set<std::string> &words, std::ostream &out,
                         std::ostream &controls) {
     const s64 id = document_number(project, zof_jdoc_get(&project.json, entry, "pageId"));
@@ -104,7 +106,7 @@ static bool write_entry(const document_t &project, u32 entry, std::set<std::stri
     return write_view(ids.folder + "/config/view/" + name, id, controls) && once;
 }
 
-// Returns the header; empty after a message.
+// Returns the header, or an empty text after a message.
 static std::string header_of(const document_t &project) {
     const std::string word = guard(project);
     std::ostringstream out, controls;
@@ -122,7 +124,7 @@ static std::string header_of(const document_t &project) {
     return good ? out.str() : "";
 }
 
-// An unchanged header is not written, because it must not rebuild the program.
+// Writes the header, unless it is unchanged, because a new time stamp would rebuild the program.
 static int header_write(const std::string &header) {
     std::string former;
     if (tool_file_read(ids.output, former).empty() && former == header) {

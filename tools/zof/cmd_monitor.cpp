@@ -1,4 +1,4 @@
-// Sits between a host and a panel and decodes their frames; records them to a file, and replays it.
+// Sits between a host and a panel and decodes their frames. Can record them to a file and replay the recording.
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -15,11 +15,11 @@
 #include "wire.h"
 #include "zof.h"
 
-// One end: a line and the bytes not written to it yet.
+// One end: its line and the bytes that wait to be written to it.
 struct side {
     wire line;
     std::deque<uint8_t> waiting;
-    splitter cut; // for the bytes from this end
+    splitter cut; // splits the bytes received from this end
     int64_t heard_us = 0;
     uint64_t dropped = 0;
 };
@@ -44,7 +44,7 @@ static struct {
     const CLI::App *shows = nullptr, *replays = nullptr;
 } monitor;
 
-// The limit of bytes that wait for an end that does not read.
+// Limit of the bytes queued for an end that does not read.
 static constexpr size_t WAITING_MAX = 65536;
 
 static volatile sig_atomic_t stop;
@@ -122,7 +122,8 @@ static void give(side &to, const uint8_t *data, size_t size) {
     write_waiting(to);
 }
 
-// Reads from one end; false when the line is gone. The bytes are forwarded before anything is printed about them.
+// Reads from one end, or ends its incomplete frame after a silence. Received bytes are forwarded before anything is
+// printed about them. Returns false if the line is gone.
 static bool take(side &from, side *to, std::vector<piece> &out, bool silence) {
     uint8_t block[4096];
     const ssize_t n = silence ? 0 : read(from.line.fd, block, sizeof(block));
@@ -143,7 +144,7 @@ static pollfd polled(const side &s) {
     return {s.line.fd, (short)(s.waiting.empty() ? POLLIN : POLLIN | POLLOUT), 0};
 }
 
-// Forwards between both ends once; the decoded pieces are added to `out`. False when a line is gone.
+// Forwards once between both ends and appends the decoded pieces to `out`. Returns false if a line is gone.
 static bool turn(std::vector<piece> &out) {
     pollfd fds[2] = {polled(monitor.host), polled(monitor.panel)};
     const bool both = monitor.host.line.fd >= 0;
@@ -168,7 +169,7 @@ static const std::string &line_path(const side &s) {
     return !s.line.tty.empty() ? s.line.tty : !s.line.link.empty() ? s.line.link : s.line.slave_name;
 }
 
-// Returns false after a message if both ends are the same line: each would read what the other one writes.
+// Returns false after a message if both ends are the same line, on which each would read what the other one writes.
 static bool lines_differ() {
     namespace fs = std::filesystem;
     const std::string host = line_path(monitor.host), panel = line_path(monitor.panel);
@@ -213,7 +214,7 @@ static int watch() {
 
 // Recordings
 
-// `where`: the option or file that has the head bytes, for the message.
+// Reads the head bytes; `where` is their option or file, for the message. Returns false after a message.
 static bool settings_take(const std::string &where) {
     char *end;
     const unsigned long head = strtoul(monitor.opt.head.c_str(), &end, 16);
@@ -259,7 +260,8 @@ static void collect(std::vector<piece> &answers) {
     }
 }
 
-// Waits for the answers that the recording has at this point; returns how many have not arrived in time.
+// Waits until `count` answers have arrived, as in the recording. Returns the number of answers that did not arrive in
+// time.
 static size_t answers_wait(std::vector<piece> &now, size_t count) {
     const int64_t end = now_us() + (int64_t)(monitor.opt.wait_ms * 1000);
     while (!stop && now.size() < count && now_us() < end) {
@@ -268,7 +270,7 @@ static size_t answers_wait(std::vector<piece> &now, size_t count) {
     return now.size() < count ? count - now.size() : 0;
 }
 
-// Waits for a panel on a line of our own: it sends a report when it has started.
+// Waits for a panel on a pseudo-terminal of ours. It sends a report when it has started.
 static void panel_wait(std::vector<piece> &now) {
     fprintf(stderr, "waiting for the panel to open %s\n", line_path(monitor.panel).c_str());
     while (!stop && monitor.panel.heard_us == 0) {
@@ -296,7 +298,7 @@ static int replay() {
     }
     std::vector<std::pair<int, piece>> then;
     std::vector<piece> now;
-    monitor.opt.gap_ms = std::min(monitor.opt.gap_ms, 5.0); // short turns while waiting to send a line
+    monitor.opt.gap_ms = std::min(monitor.opt.gap_ms, 5.0); // short turns, so that lines are sent at their times
     monitor.opt.from = "panel";
     if (monitor.panel.line.tty.empty()) {
         panel_wait(now);

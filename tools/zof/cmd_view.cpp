@@ -1,4 +1,4 @@
-// zof view: shows a project folder, see view/view.h.
+// `zof view`: shows a project folder; see view/view.h.
 #include "view.h"
 #include "zof.h"
 

@@ -10,7 +10,7 @@ static std::vector<const CLI::App *> commands_of(const CLI::App &app) {
     return app.get_subcommands([](const CLI::App *) { return true; });
 }
 
-// "zof monitor watch"
+// Returns the name of a subcommand with its parents: "zof monitor watch".
 static std::string full_name(const CLI::App &app) {
     return app.get_parent() ? full_name(*app.get_parent()) + " " + app.get_name() : app.get_name();
 }
@@ -61,7 +61,7 @@ int describe_end(const CLI::App &app, const CLI::ParseError &fault) {
 
 // The manual page --------------------------------------------------------------------------------------------------
 
-// Escapes a text for a manual page, where backslashes and dots at the start of a line are commands.
+// Escapes a text for a manual page, in which backslashes, and dots at the start of a line, begin commands.
 static std::string man_text(const std::string &text) {
     std::string out;
     for (const char c : text) {
@@ -88,7 +88,8 @@ static void man_options(const CLI::App &app, std::ostream &out) {
 static void man_command(const CLI::App &app, std::ostream &out) {
     out << ".SS " << man_text(full_name(app)) << "\n" << man_text(app.get_description()) << "\n";
     man_options(app, out);
-    if (!app.get_footer().empty() && app.get_footer() != app.get_parent()->get_footer()) { // it is inherited
+    if (!app.get_footer().empty() &&
+        app.get_footer() != app.get_parent()->get_footer()) { // a footer of the parent is inherited
         out << ".PP\n.nf\n" << man_text(app.get_footer()) << "\n.fi\n";
     }
     for (const CLI::App *command : commands_of(app)) {
@@ -112,7 +113,7 @@ std::string describe_man(const CLI::App &app) {
 
 // Completion -------------------------------------------------------------------------------------------------------
 
-// Writes one row of a `case` for each command, with the words that may follow it.
+// Writes a `case` branch for each command, with the words that may follow it.
 static void completion_rows(const CLI::App &app, std::ostream &out) {
     out << "    \"" << full_name(app) << "\") words=\"";
     for (const CLI::App *command : commands_of(app)) {

@@ -1,4 +1,4 @@
-// A JSON file that a subcommand reads, with the messages about it.
+// A JSON file that a subcommand reads, and messages about it.
 #ifndef ZOF_DOCUMENT_H
 #define ZOF_DOCUMENT_H
 
@@ -11,14 +11,14 @@ struct document_t {
     zof_jdoc_t json;
 };
 
-// Reads a file. Returns false after a message for each fault; the caller frees the document in any case.
+// Reads a file. Returns false after a message for each fault. The caller frees the document in either case.
 bool document_read(document_t &doc, const std::string &path);
 void document_free(document_t &doc);
 
 // Prints "FILE:LINE:COLUMN: error: TEXT". Returns false.
 bool document_fault(const document_t &doc, u32 at, const std::string &text);
 
-// The text of a member, or of a value; empty if it is not a text. A whole number; -1 if it is not one from 0.
+// Return the text of a value, empty if it is not a text, and its whole number, -1 if it is not a number from 0 up.
 std::string document_text(const document_t &doc, u32 node);
 s64 document_number(const document_t &doc, u32 node);
 

@@ -6,7 +6,7 @@
 
 #include "catalogue/json_in.h"
 
-enum { SHOWN_MAX = 200 }; // findings as text: one cause may have thousands
+enum { SHOWN_MAX = 200 }; // limit for text output, because one cause may produce thousands of findings
 
 void rules_print(const zof_check_rule_t *rule) {
     for (; rule->name; rule++) {

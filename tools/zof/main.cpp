@@ -30,7 +30,7 @@ int main(int argc, char **argv) {
     CLI::App app("Tools for project folders of touch panels and for their serial link.");
     options_add(app);
     const std::string only = argc == 2 ? argv[1] : "";
-    if (only == "--man" || only == "--completion") { // for the installation
+    if (only == "--man" || only == "--completion") { // used by the installation
         std::cout << (only == "--man" ? describe_man(app) : describe_completion(app));
         return ZOF_EXIT_CLEAN;
     }

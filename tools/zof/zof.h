@@ -1,23 +1,23 @@
-// The subcommands of `zof`. Each has a file of its own, with its row; main.cpp has the list of all rows.
+// The subcommands of `zof`. Each has its own file, which defines its row; main.cpp lists all rows.
 #ifndef ZOF_TOOL_H
 #define ZOF_TOOL_H
 
 #include <CLI/CLI.hpp>
 
-// What every subcommand returns.
+// Exit statuses of all subcommands.
 enum {
     ZOF_EXIT_CLEAN = 0,
     ZOF_EXIT_FINDINGS = 1,   // something was found, or the work failed
     ZOF_EXIT_USAGE = 2,      // wrong arguments
-    ZOF_EXIT_UNREADABLE = 3, // what was named cannot be read
+    ZOF_EXIT_UNREADABLE = 3, // a named file or folder cannot be read
 };
 
 struct zof_command_t {
     const char *name;     // "check"
     const char *help;     // one line
-    const char *examples; // below the options in its --help
+    const char *examples; // shown below the options in --help
     void (*options)(CLI::App &app);
-    int (*run)(); // after the options were read; returns the exit status
+    int (*run)(); // called after the options have been parsed; returns the exit status
 };
 
 extern const zof_command_t zof_ids_command, zof_monitor_command, zof_check_command, zof_fmt_command, zof_font_command,

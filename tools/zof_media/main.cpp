@@ -14,7 +14,7 @@ static int usage(FILE *to, int status) {
     return status;
 }
 
-// Takes a number from `min` to `max`; false after a message.
+// Parses a number from `min` to `max`. Returns false after a message.
 static bool number(const char *name, const char *text, double min, double max, double *out) {
     char *end;
     *out = strtod(text, &end);
@@ -39,7 +39,7 @@ static bool whole(const char *name, const char *text, s32 min, s32 max, s32 *out
 
 static constexpr struct {
     const char *name;
-    bool resizes; // in the middle of a clip
+    bool resizes; // can change its size in the middle of a clip
 } codecs[] = {{"mpeg4", false}, {"png", true}, {"mjpeg", true}};
 
 static bool codec_take(const char *name, bool resize, media_clip *clip) {

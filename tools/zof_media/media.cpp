@@ -1,4 +1,4 @@
-// Encodes with FFmpeg. The output does not depend on the time or the machine.
+// Encodes with FFmpeg. The output depends neither on the time nor on the machine.
 #include "media.h"
 
 #include <math.h>
@@ -86,7 +86,7 @@ static AVCodecContext *audio_codec(const media_clip &clip, AVCodecID id, bool gl
     if (!c) {
         return nullptr;
     }
-    // All encoders except that of WAV accept this format.
+    // All encoders except the WAV one accept this format.
     c->sample_fmt = id == AV_CODEC_ID_PCM_S16LE ? AV_SAMPLE_FMT_S16 : AV_SAMPLE_FMT_FLTP;
     c->sample_rate = clip.sample_rate;
     c->time_base = {1, clip.sample_rate};
@@ -138,7 +138,7 @@ static double tone(const media_clip &clip, s64 at) {
     return 0.4 * sin(2 * 3.14159265358979 * clip.tone_hz * (double)at / clip.sample_rate);
 }
 
-// Encodes up to one frame of the encoder's size.
+// Encodes at most one frame of the encoder's size.
 static bool sound_write(AVFormatContext *format, track *t, const media_clip &clip, s64 end) {
     AVFrame *frame = av_frame_alloc();
     const s64 most = t->codec->frame_size ? t->codec->frame_size : 1024;

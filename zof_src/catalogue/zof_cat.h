@@ -90,9 +90,8 @@ typedef struct {
     const char *when;   // OPTIONAL: condition for its effect: "dis_mode_e is 2 or 3"
     const char *row;    // OPTIONAL: the host's row, "label.text"
     const char *call;   // OPTIONAL: the public function that sets it at run time; null if only the file sets it
-    const struct zof_cat_record
-        *record; // OBJECT, ARRAY: its contents; null for `property`, whose record depends on the type
-    u32 flags;   // ZOF_CAT_NEEDED ...
+    const struct zof_cat_record *record; // OBJECT, ARRAY: its contents; null for `property`, which the type decides
+    u32 flags;                           // ZOF_CAT_NEEDED ...
 } zof_cat_key_t;
 
 // An object in a file, or a plain array element.

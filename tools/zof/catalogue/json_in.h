@@ -1,4 +1,4 @@
-// Short helpers for building JSON.
+// Helpers for building JSON.
 #ifndef ZOF_CAT_JSON_IN_H
 #define ZOF_CAT_JSON_IN_H
 
@@ -7,12 +7,12 @@
 
 #include <cjson/cJSON.h>
 
-// Adds members; texts only if they are not null.
+// Add members. A null text adds nothing.
 void json_text(cJSON *object, const char *key, const char *text);
 void json_texts(cJSON *object, const char *key, const std::vector<std::string> &texts);
 void json_parsed(cJSON *object, const char *key, const char *json);
 
-// Prints with an indentation of two spaces, and releases.
+// Prints an object, indented by two spaces, and releases it.
 std::string json_print(cJSON *json);
 
 #endif

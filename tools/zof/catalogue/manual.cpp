@@ -7,7 +7,7 @@
 #include "control/zof_ctrl_create.h"
 #include "words.h"
 
-// A cell must not end its own column.
+// Escapes a table cell, whose text must not end its column.
 static std::string cell(const std::string &text) {
     std::string out;
     for (const char c : text) {
@@ -73,7 +73,7 @@ static std::string line_of(const char *title, const std::vector<std::string> &wo
     return words.empty() ? "" : std::string("\n- ") + title + ": " + cat_join(words, "`") + ".";
 }
 
-// Writes the facts about a control type that are not keys.
+// Writes the properties of a control type that are not keys.
 static std::string type_lines(const zof_cat_type_t *type) {
     std::string text = line_of("Parts", cat_parts(type));
     text += type->sections > 1 ? "\n- Its second object is styled with `style_sect` 1, `second`." : "";
@@ -112,7 +112,7 @@ static std::string link_to(const std::string &section) {
     return "[" + section + "](#" + section + ")";
 }
 
-// A section has the name of the type's theme file.
+// Each section is named after the type's theme file.
 static std::string types_block(void) {
     std::string text = table_head({"Type", "Name", "Section, and its theme file", "What it is"});
     for (const zof_cat_type_t &type : zof_cat_types) {
@@ -146,7 +146,8 @@ static std::string block_of(const std::string &name) {
 
 static std::string missing(const std::set<std::string> &found) {
     for (u32 i = 0; zof_cat_records[i]->name; i++) {
-        const bool bare = strchr("0*", zof_cat_records[i]->keys[0].key[0]) != nullptr; // said where it is a value
+        const bool bare =
+            strchr("0*", zof_cat_records[i]->keys[0].key[0]) != nullptr; // described where the value is used
         if (!bare && !found.count(zof_cat_records[i]->name)) {
             return std::string("has no \"keys of ") + zof_cat_records[i]->name + ": begin\"";
         }

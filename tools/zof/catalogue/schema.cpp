@@ -1,5 +1,5 @@
-// JSON Schemas of the files of a project. They allow numbers and names, as the decoder does, so editors underline what
-// it reports: unknown keys, numbers out of range.
+// JSON Schemas of the files of a project. They accept numbers and names, as the decoder does, so that editors underline
+// what it reports: unknown keys and numbers out of range.
 #include <cstring>
 
 #include "json.h"
@@ -8,7 +8,7 @@
 
 const char *const cat_schema_names[] = {"project", "link", "view", "looks", "theme", "language", nullptr};
 
-// Returns "a|b|c": all names of the types, including those of theme files.
+// Returns "a|b|c": all names, including alternative ones.
 static std::string pattern_of(const zof_name_t *names) {
     std::string text;
     for (; names->name; names++) {
@@ -44,7 +44,7 @@ static cJSON *number_json(const zof_cat_key_t *key, const reflect_item_t *row) {
     return json;
 }
 
-// Returns the texts that a file may contain in place of a number; null if there are none.
+// Returns the schema of the texts that a file may contain in place of a number, or null if there are none.
 static cJSON *words_json(const zof_cat_key_t *key, const reflect_item_t *row) {
     if (key->kind == ZOF_CAT_COLOR) {
         return pattern_json("^(#([0-9A-Fa-f]{3}|[0-9A-Fa-f]{6})|\\$.+)$");
@@ -62,7 +62,7 @@ static cJSON *enum_json(const zof_cat_record_t *record, const zof_cat_key_t *key
         names.push_back(name.name);
     }
     cJSON *json = cJSON_CreateObject();
-    json_texts(json, "enum", names); // what an editor offers
+    json_texts(json, "enum", names); // the choices that an editor offers
     return json;
 }
 
@@ -112,7 +112,7 @@ static cJSON *value_json(const zof_cat_record_t *record, const zof_cat_key_t *ke
 
 static cJSON *property_json(const zof_cat_record_t *record, const zof_cat_key_t *key) {
     cJSON *json = value_json(record, key);
-    if (cJSON_GetObjectItem(json, "$ref")) { // readers ignore all members beside it
+    if (cJSON_GetObjectItem(json, "$ref")) { // readers ignore all members beside a $ref
         cJSON *all = cJSON_CreateObject();
         cJSON_AddItemToArray(cJSON_AddArrayToObject(all, "allOf"), json);
         json = all;
@@ -124,7 +124,7 @@ static cJSON *property_json(const zof_cat_record_t *record, const zof_cat_key_t 
     return json;
 }
 
-// The keys of `property` are those of the entry's control type.
+// Makes the keys of `property` depend on the entry's control type.
 static void entry_types_add(cJSON *entry) {
     cJSON *all = cJSON_AddArrayToObject(entry, "allOf");
     for (const zof_cat_type_t &type : zof_cat_types) {
@@ -145,7 +145,7 @@ static void entry_types_add(cJSON *entry) {
     }
 }
 
-// The names of styles in a look: object, part and states, of which any may be left out, but not all.
+// Returns the pattern for names of styles in a look: object, part and states. Each may be omitted, but not all of them.
 static std::string style_names_pattern(void) {
     const std::string state = "(" + pattern_of(zof_state_names) + ")";
     const std::string more = ")(:(?=.)|$))?";
@@ -153,14 +153,14 @@ static std::string style_names_pattern(void) {
            "( *[+ ] *" + state + ")* *)?$";
 }
 
-// Keys of a record whose names are free.
+// Adds the keys of a record whose names are free.
 static void free_keys_add(cJSON *json, const zof_cat_record_t *record, const zof_cat_key_t *key) {
     const std::string pattern = strcmp(record->name, "look") == 0 ? style_names_pattern() : ".*";
     cJSON *patterns = cJSON_AddObjectToObject(json, "patternProperties");
     cJSON_AddItemToObject(patterns, pattern.c_str(), property_json(record, key));
 }
 
-// `whole`: keys that are needed must be there; looks inherit them.
+// Returns the schema of a record. If `whole`, needed keys are required; looks inherit theirs.
 static cJSON *record_json(const zof_cat_record_t *record, bool whole) {
     cJSON *json = plain_json("object");
     json_text(json, "description", record->help);
@@ -178,14 +178,15 @@ static cJSON *record_json(const zof_cat_record_t *record, bool whole) {
         }
     }
     json_texts(json, "required", needed);
-    cJSON_AddBoolToObject(json, "additionalProperties", strcmp(record->name, "theme") == 0); // other keys of its type
+    cJSON_AddBoolToObject(json, "additionalProperties",
+                          strcmp(record->name, "theme") == 0); // a theme may have other keys of its type
     if (strcmp(record->name, "entry") == 0) {
         entry_types_add(json);
     }
     return json;
 }
 
-// Adds the definitions of a record and of all that it refers to.
+// Adds the definitions of a record and of all records to which it refers.
 static void definitions_add(cJSON *definitions, const zof_cat_record_t *record, bool whole) {
     if (cJSON_GetObjectItemCaseSensitive(definitions, record->name)) {
         return;

@@ -4,7 +4,7 @@
 
 #include "project/base/zof_prj_names.h"
 
-enum { NAMES_LISTED = 15, STATES_ALL = 0xFFFF }; // a table holds no longer list of names
+enum { NAMES_LISTED = 15, STATES_ALL = 0xFFFF }; // longer lists do not fit into a table
 
 std::vector<cat_name_t> cat_names(const zof_cat_record_t *record, const zof_cat_key_t *key) {
     std::vector<cat_name_t> names;

@@ -1,6 +1,6 @@
-"""Makes a font of exactly these letters and icons; `zof font add` runs it. Arguments: the font, the file to write, the
-letters, the weight of a variable font or "", sizes "16,24" or "", the first free letter of icons (hexadecimal), and for
-each file of icons its path and "NAME,NAME" or "NAME=U+E000" for icons that have a letter. Prints JSON."""
+"""Makes a font with exactly the given letters and icons; `zof font add` runs it. Arguments: the font, the file to write,
+the letters, the weight of a variable font or "", sizes "16,24" or "", the first free letter for icons (hexadecimal), and
+for each icon font its path and "NAME,NAME", or "NAME=U+E000" for icons that have a letter already. Prints JSON."""
 import difflib
 import json
 import os
@@ -43,7 +43,7 @@ def opened(path, weight=""):
 
 
 def outline(glyphs, name, matrix, limit):
-    """Returns a glyph as quadratic outlines, moved and scaled."""
+    """Returns a glyph with quadratic outlines, transformed by `matrix`."""
     pen, whole = TTGlyphPen(None), DecomposingRecordingPen(glyphs)
     glyphs[name].draw(whole)
     whole.replay(TransformPen(Cu2QuPen(pen, limit, reverse_direction=False), matrix))
@@ -62,7 +62,7 @@ def subset(font, letters):
 
 
 def quadratic(font):
-    """Turns cubic outlines into quadratic ones, which icons can be added to."""
+    """Converts cubic outlines to quadratic ones, because icons are added as such."""
     if "glyf" in font:
         return
     glyphs, order = font.getGlyphSet(), font.getGlyphOrder()
@@ -88,7 +88,7 @@ def quadratic(font):
 
 
 def icon_add(font, source, name, letter):
-    """Adds an icon, as large as the em, its middle at that of the capital letters."""
+    """Adds an icon, scaled to the em and centred on the height of the capital letters. Returns False if it is empty."""
     upm, head = font["head"].unitsPerEm, source["hhea"]
     scale = upm / source["head"].unitsPerEm
     cap = getattr(font["OS/2"], "sCapHeight", 0) or round(0.7 * upm)
@@ -111,7 +111,7 @@ def icon_add(font, source, name, letter):
 
 
 def icon_find(source, path, name):
-    """Returns the glyph with this name, or fails with the nearest one."""
+    """Returns the glyph name, or fails with a message that suggests the nearest name."""
     order = source.getGlyphOrder()
     if name in order:
         return name
@@ -135,7 +135,7 @@ def main(path, out, letters, weight, sizes, free, *icon_args):
             if not icon_add(font, source, icon_find(source, file, name), letter):
                 fail(f"{file}: the icon {name} is empty")
             icons[name] = f"U+{letter:04X}"
-    font.recalcTimestamp = False        # the same input makes the same bytes
+    font.recalcTimestamp = False        # the same input must produce the same bytes
     font.flavor = None
     temporary = out + ".new"
     font.save(temporary)
@@ -151,5 +151,5 @@ def main(path, out, letters, weight, sizes, free, *icon_args):
 
 try:
     main(*sys.argv[1:])
-except Exception as e:                   # fonts of others may be damaged in any way
+except Exception as e:                   # a foreign font may be damaged in any way
     fail(f"{sys.argv[1]}: {type(e).__name__}: {e}")

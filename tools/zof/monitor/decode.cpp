@@ -77,9 +77,9 @@ static std::string field_text(const uint8_t *record, const zof_hmi_field_t &fiel
     return text;
 }
 
-// Reads the fields of a payload.
+// State while the fields of a payload are read.
 struct reader {
-    bytes data; // padded for look-ups
+    bytes data; // padded, so that code look-ups stay inside
     size_t at, size;
     std::string text;
     bool whole;
@@ -98,7 +98,7 @@ static void read_fields(reader &r, const zof_hmi_rec_t *list, const char *names)
     r.at += r.whole ? (size_t)n : 0;
 }
 
-// Reads the fields after the row's code; the direction decides which ones are present.
+// Reads the fields after the row's code. The operation and the direction decide which ones are present.
 static void read_row(reader &r, const zof_hmi_cmd_type_t &type, const zof_hmi_param_type_t &row, u8 op,
                      bool from_host) {
     read_fields(r, type.rec, type.rec_names);
@@ -185,8 +185,8 @@ static void noise_byte(splitter &s, std::vector<piece> &out) {
     }
 }
 
-// If the length is wrong, a true head may be inside the claimed frame: returns the offset of the next one, at most
-// `size`.
+// Returns the offset of the next head, at most `size`. If the length is wrong, the claimed frame may contain the head
+// of a real one.
 static size_t next_head(const splitter &s, const zof_hmi_cmd_analys_t &settings, size_t size) {
     for (size_t i = 2; i + 1 < size; i++) {
         if (s.kept[i] == settings.head_fh && s.kept[i + 1] == settings.head_fl) {
@@ -200,7 +200,7 @@ static size_t claimed_len(const splitter &s) {
     return s.kept[2] & 0x80 && s.kept.size() > 3 ? (size_t)(s.kept[2] & 0x7F) << 8 | s.kept[3] : s.kept[2];
 }
 
-// Returns a complete frame with a fault.
+// Cuts off a complete frame that has a fault.
 static piece cut_fault(splitter &s, const zof_hmi_cmd_analys_t &settings) {
     const size_t head = s.kept[2] & 0x80 ? 4 : 3;
     const size_t len = claimed_len(s);

@@ -10,27 +10,28 @@
 
 using bytes = std::vector<uint8_t>;
 
-// One piece of one direction: a frame, a frame with a fault, or bytes that are not part of a frame.
+// A piece of one direction: a frame, a frame with a fault, or bytes outside any frame.
 struct piece {
     int64_t at_us;
     bool from_host;
     bytes data;
-    std::string name; // "label.text"; "fault" for a frame that cannot be read, "noise" for bytes between frames
+    std::string name; // "label.text"; "fault" for an unreadable frame, "noise" for bytes between frames
     std::string text; // full description
 };
 
-// One direction's state.
+// State of one direction.
 struct splitter {
     bool from_host;
-    bytes kept;                // not yet complete
-    std::vector<int64_t> time; // of each kept byte
-    piece noise;               // being collected
+    bytes kept;                // incomplete frame
+    std::vector<int64_t> time; // arrival time of each kept byte
+    piece noise;               // noise collected so far
 };
 
-// Returns the line's settings in the form that the frame functions take.
+// Returns the settings of the line in the form that the frame functions expect.
 zof_hmi_cmd_analys_t decode_settings(uint8_t head_fh, uint8_t head_fl, bool crc);
 
-// Returns the complete pieces. With `silence` the line has been silent, so incomplete frames are returned too.
+// Appends `data` and returns the complete pieces. `silence` means that the line is silent; then incomplete frames are
+// returned too.
 std::vector<piece> split(splitter &s, const zof_hmi_cmd_analys_t &settings, const bytes &data, int64_t now_us,
                          bool silence);
 

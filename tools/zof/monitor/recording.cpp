@@ -35,7 +35,7 @@ static bool parse_line(const std::string &text, recorded_line &out) {
     return !out.data.empty();
 }
 
-// Returns false for a line that is neither the head, a comment, blank, nor a piece.
+// Takes a line. Returns false unless it is the head, a comment, blank, or a piece.
 static bool line_take(const std::string &text, int number, recording &out) {
     char head[5];
     int crc;
@@ -76,7 +76,7 @@ piece recording_piece(const recorded_line &line, const zof_hmi_cmd_analys_t &set
     return all.size() == 1 ? all[0] : piece{line.at_us, line.from_host, line.data, "noise", "bytes"};
 }
 
-// Walks both lists side by side. Where they differ, it looks for the nearest point at which they match again:
+// Walks both lists side by side. Where they differ, it looks for the nearest point at which they match again;
 // everything before that point is missing or new.
 int recording_compare(const std::string &file, const std::vector<std::pair<int, piece>> &then,
                       const std::vector<piece> &now) {

@@ -1,4 +1,4 @@
-// What the files and the window of `zof view` share.
+// Functions that the file output and the window of `zof view` share.
 #include "view.h"
 
 view_options_t view_options;

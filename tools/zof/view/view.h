@@ -1,4 +1,4 @@
-// `zof view`: its options, and its two modes: writing files without a display, and a window.
+// `zof view`: its options and its two modes, which write files without a display or show a window.
 #ifndef VIEW_H
 #define VIEW_H
 
@@ -8,27 +8,27 @@
 #include <cjson/cJSON.h>
 
 struct view_options_t {
-    const char *command = "view"; // of `zof`, for messages
+    const char *command = "view"; // subcommand of `zof`, for messages
     std::string dir, view, language, theme;
     std::vector<std::string> states; // "home/brew=pressed"
-    std::string shot, sheet, tree;   // files; empty: none, "-": standard output
+    std::string shot, sheet, tree;   // output files; empty for none, "-" for the standard output
     bool watch = false, loud = false;
 };
 extern view_options_t view_options;
 
-// Writes the files that the options ask for. Returns an exit status.
+// Writes the requested files. Returns an exit status.
 int view_files_write();
 
 // Runs the window until it is closed. Returns an exit status.
 int view_window_run();
 
-// Returns a player's message as "home.g:7:9: text", with the file's name without its folder.
+// Returns a player's message as "home.g:7:9: text", with the file's name but not its folder.
 std::string view_message_text(const cJSON *message);
 
-// Sets the arguments of `load`, or of `show`, that the options name.
+// Adds the view, language and theme that the options name to a `load` or `show` command.
 void view_choice_add(cJSON *command);
 
-// Returns the texts of an array of a reply.
+// Returns the texts in an array of a reply, or those of a member of its objects.
 std::vector<std::string> view_texts(const cJSON *reply, const char *array, const char *member);
 
 #endif

@@ -49,7 +49,7 @@ void view_frame(view_image_t *image, view_box_t box, u32 color, s32 thick) {
     view_fill(image, {box.x + box.w, box.y, thick, box.h}, color, 255);
 }
 
-// Returns the next character of a text in UTF-8; "?" for invalid bytes.
+// Returns the next character of a UTF-8 text; "?" for invalid bytes.
 static u32 letter_next(const std::string &text, u32 *at) {
     const u32 letter = _lv_txt_encoded_next(text.c_str(), at);
     return letter ? letter : '?';
@@ -64,7 +64,7 @@ static lv_font_glyph_dsc_t glyph_of(u32 *letter) {
     return glyph;
 }
 
-// The built-in fonts have 4 bits for a pixel, without gaps between rows.
+// The built-in fonts have 4 bits per pixel, without gaps between rows.
 static void glyph_draw(view_image_t *image, s32 x, s32 y, u32 letter, const lv_font_glyph_dsc_t &glyph, u32 color) {
     const u8 *bits = font->get_glyph_bitmap(font, letter);
     const s32 top = y + font->line_height - font->base_line - glyph.box_h - glyph.ofs_y;

@@ -1,4 +1,4 @@
-// Pictures in memory: text, lines and scaled pictures; for contact sheets and for what a window draws over a panel.
+// Pictures in memory with text, lines and scaled pictures, for contact sheets and for overlays of a window.
 #ifndef VIEW_DRAW_H
 #define VIEW_DRAW_H
 
@@ -22,12 +22,12 @@ view_image_t view_image(s32 width, s32 height, u32 color);
 void view_fill(view_image_t *image, view_box_t box, u32 color, u8 opacity);
 void view_frame(view_image_t *image, view_box_t box, u32 color, s32 thick);
 
-// Draws one line of text, 17 pixels high, from its upper left corner. Characters that the built-in font lacks are drawn
+// Draws one line of text, 17 pixels high, at its upper left corner. Characters that the built-in font lacks are drawn
 // as "?".
 void view_text(view_image_t *image, s32 x, s32 y, const std::string &text, u32 color);
 s32 view_text_width(const std::string &text);
 
-// Copies `from`, scaled to fit the box, into its middle.
+// Copies `from` to the middle of the box, scaled to fit.
 void view_copy(view_image_t *image, view_box_t box, const view_image_t &from);
 
 // Returns the bytes of a PNG file.

@@ -1,5 +1,5 @@
-// The output of `zof view` that needs no display: a picture, a sheet of pictures, the controls as JSON. The player's
-// clock is virtual, so the same folder always produces the same bytes.
+// The output modes of `zof view` that need no display: a picture, a sheet of pictures, the controls as JSON. The
+// player's clock is virtual, so the same folder always produces the same bytes.
 #include <cstdio>
 
 #include "view.h"
@@ -12,7 +12,7 @@ static int file_write(const std::string &path, const std::string &bytes) {
     return view_file_write(path, bytes) ? ZOF_EXIT_CLEAN : ZOF_EXIT_UNREADABLE;
 }
 
-// A state that changes may fade in.
+// Advances the clock, because a change of state may fade in.
 static bool settle(view_player_t *player) {
     cJSON *command = view_command("advance");
     cJSON_AddNumberToObject(command, "ms", view_options.states.empty() ? 0 : SETTLE_MS);
@@ -47,7 +47,7 @@ static int sheet_write(const cJSON *project) {
     return view_walk(plan, draw) ? file_write(view_options.sheet, view_png(sheet.image)) : ZOF_EXIT_FINDINGS;
 }
 
-// Each view is shown first, because only a view that was shown has all its controls.
+// Shows each view first, because a view has all its controls only after it was shown.
 static int tree_write(view_player_t *player, cJSON *project) {
     cJSON *views = cJSON_CreateArray();
     for (const std::string &view : view_plan(project).views) {

@@ -49,7 +49,8 @@ void view_inspector_next(view_inspector_t *inspector) {
     inspector->pick = count ? (inspector->pick + 1) % count : 0;
 }
 
-// "home.g:40"; files of looks have the same name in all themes: "night/looks.g:3".
+// Returns a place as "home.g:40". Files of looks have the same name in all themes, so they are shown with their theme:
+// "night/looks.g:3".
 static std::string place_text(const cJSON *place) {
     const std::string file = text_of(place, "file");
     size_t name = file.find_last_of('/') + 1;
@@ -60,13 +61,13 @@ static std::string place_text(const cJSON *place) {
     return file.substr(name) + ":" + std::to_string(number_of(place, "line"));
 }
 
-// Where a style comes from: "styles", "theme" or "look primary".
+// Returns the source of a style: "styles", "theme" or "look primary".
 static std::string source_of(const cJSON *style, const std::string &view) {
     const std::string look = text_of(style, "look");
     return !look.empty() ? "look " + look : text_of(style, "file") == view ? "styles" : "theme";
 }
 
-// "  look primary looks.g:3,7  styles home.g:40": styles of one source in one file are one list of lines.
+// Returns "  look primary looks.g:3,7  styles home.g:40". Styles of one source and file share a list of lines.
 static std::string styles_text(const cJSON *control) {
     const std::string view = text_of(cJSON_GetObjectItem(control, "place"), "file");
     std::string all, source, file;
@@ -145,7 +146,7 @@ void view_inspector_draw(const view_inspector_t *inspector, view_image_t *image)
     view_band_draw(image, view_inspector_text(inspector), BAND_PAPER, low);
 }
 
-// Breaks at spaces; a word that is longer than a line is cut off by the edge.
+// Breaks a text at spaces. A word that is longer than a line is clipped at the edge.
 static std::vector<std::string> wrapped(const std::string &text, s32 width) {
     std::vector<std::string> lines = {""};
     for (size_t at = 0; at < text.size();) {

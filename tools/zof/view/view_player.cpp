@@ -23,7 +23,7 @@ extern char **environ;
 
 enum { CALL_MS = 60000, SHARED_FD = 3, TRIES = 100 };
 
-// Beside this program, in the build tree as when installed.
+// Returns the path of the player, which is beside this program in the build tree and when installed.
 static std::string program() {
     const char *given = getenv("ZOF_PLAYER");
     char self[512];
@@ -49,16 +49,17 @@ static s32 spawn(const std::string &path, bool live, bool loud, s32 in, s32 out,
     return fault ? 0 : process;
 }
 
-// Our ends do not block. The next player does not inherit them, because it would keep this one's input open.
+// Starts a player. Our ends of the pipes do not block. They are not inherited by the next player, which would keep this
+// one's input open.
 std::string view_player_start(view_player_t *player, bool live, bool loud) {
     *player = {};
     int in[2];
     int out[2];
-    signal(SIGPIPE, SIG_IGN); // a player that has ended is noticed when it is read
+    signal(SIGPIPE, SIG_IGN); // a write to a player that has ended must not kill us; its end is noticed when reading
     if (pipe2(in, O_CLOEXEC) != 0 || pipe2(out, O_CLOEXEC) != 0) {
         return zof_file_error();
     }
-    // High, so that its number is not one that the child's files get.
+    // Moves the descriptor to a high number, so that it does not collide with those that the child's files get.
     const int low = memfd_create("zof picture", MFD_CLOEXEC);
     player->shared = fcntl(low, F_DUPFD_CLOEXEC, 16);
     close(low);
@@ -91,7 +92,7 @@ void view_player_stop(view_player_t *player) {
     *player = {};
 }
 
-// The player no longer reads, so the lines are dropped; its output reports the end.
+// Sends as much as fits. If the player has ended, the lines stay unsent; its output reports the end.
 static void unsent_send(view_player_t *player) {
     while (!player->unsent.empty()) {
         const ssize_t n = write(player->input, player->unsent.data(), player->unsent.size());
@@ -238,6 +239,6 @@ void view_run(const std::vector<std::string> &words) {
     argv.push_back(nullptr);
     pid_t process = 0;
     posix_spawnp(&process, argv[0], nullptr, nullptr, argv.data(), environ);
-    while (waitpid(-1, nullptr, WNOHANG) > 0) { // programs that were started before
+    while (waitpid(-1, nullptr, WNOHANG) > 0) { // reap programs that were started earlier
     }
 }

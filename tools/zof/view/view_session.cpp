@@ -5,8 +5,8 @@
 #include "drv/zof_drv.h"
 #include "view.h"
 
-// A save often causes several changes, so a change waits a short while for the next one. It also waits, with a limit
-// because that player may hang, for the snapshot of the player on screen.
+// Saving a file often causes several changes, so loading waits a short while for the next one. It also waits for a
+// snapshot of the player on screen, but not longer than SNAPSHOT_MS, because that player may hang.
 enum { QUIET_MS = 10, RESTLESS_MS = 60, SNAPSHOT_MS = 100, LOAD_MS = 10000 };
 
 static bool is_ok(const cJSON *line) {
@@ -35,7 +35,7 @@ static void picture_take(view_session_t *session) {
         view_player_picture(&session->shown, &image->pixels, &image->width, &image->height) || session->drawn;
 }
 
-// A player that is started in advance makes the next change faster.
+// Starts a player in advance, which makes the next change faster.
 static void spare_start(view_session_t *session) {
     if (session->spare.process && !view_player_poll(&session->spare, [](const cJSON *) {})) {
         view_player_stop(&session->spare);
@@ -66,7 +66,7 @@ static void load_begin(view_session_t *session) {
     session->load_at = zof_sys_time_ms();
 }
 
-// The serial line belongs to one player at a time.
+// Shows the loaded player. The old one is stopped first, because only one player at a time can use the serial line.
 static void next_show(view_session_t *session, const cJSON *reply) {
     view_player_stop(&session->shown);
     session->shown = session->next;
@@ -119,8 +119,8 @@ static void next_poll(view_session_t *session) {
     cJSON_Delete(reply);
 }
 
-// State that has not changed since the player was loaded keeps the form in which the player received it, so a view or
-// value that is missing from the project for a moment is restored when it comes back.
+// Stores a snapshot. Parts that have not changed since the player was loaded keep the form in which the player received
+// them, so that a view or value that is missing from the project for a moment is restored when it comes back.
 static void state_take(view_session_t *session, const cJSON *now) {
     cJSON *state = cJSON_Duplicate(now, 1);
     for (const cJSON *part = now ? now->child : nullptr; part; part = part->next) {
@@ -176,7 +176,7 @@ static void change_note(view_session_t *session) {
     session->changed_at = now;
 }
 
-// While a project is loading, the next change waits; otherwise a series of quick changes would never show any of them.
+// While a project is loading, further changes wait; otherwise a series of quick changes would never show any of them.
 static void change_check(view_session_t *session) {
     if (view_watch_changed(&session->watch)) {
         change_note(session);

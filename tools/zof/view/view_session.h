@@ -1,5 +1,6 @@
-// The project that a window shows: a player, and a new player for each change of the folder. The picture changes when
-// the new player has drawn its first frame; until then, and if loading fails, the old one stays. No function waits.
+// The project that a window shows: a player, and a new player for each change of the folder. The picture is replaced
+// when the new player has drawn its first frame; until then, and if loading fails, the old one stays. No function
+// blocks.
 #ifndef VIEW_SESSION_H
 #define VIEW_SESSION_H
 
@@ -14,33 +15,33 @@ struct view_session_t {
     std::string dir;
     bool live, loud;
     cJSON *first;     // arguments of the first load: view, language, theme
-    cJSON *project;   // the reply of the last good load; null before
-    cJSON *state;     // what the next player is given, a snapshot; null before the first one
-    cJSON *restored;  // the snapshot of the player that is shown when it had loaded
+    cJSON *project;   // reply to the last successful load; null before
+    cJSON *state;     // snapshot that the next player receives; null before the first one
+    cJSON *restored;  // snapshot of the player on screen just after loading
     std::string note; // the current error or warning; empty if there is none
-    bool note_grave;  // the picture is an old one
+    bool note_grave;  // the picture is outdated
     view_image_t picture;
-    bool drawn;                              // the picture has changed; the window clears it
-    std::function<void(const cJSON *)> tell; // events and replies of the player that is shown; may be empty
+    bool drawn;                              // set when the picture has changed; the window clears it
+    std::function<void(const cJSON *)> tell; // receives events and replies of the player on screen; may be empty
 
     view_player_t shown, next, spare;
     view_watch_t watch;
-    std::string message; // the first one of the player that is loading
-    s32 load_id;         // of `next`, 0 while none loads
+    std::string message; // first message of the player that is loading
+    s32 load_id;         // id of the `load` command of `next`; 0 while nothing loads
     s32 state_id;        // id of the pending `snapshot` command; 0 if there is none
     u32 changed_at, first_changed_at, load_at;
     bool changed;
-    u32 loads; // that have ended, for tests
+    u32 loads; // finished loads
 };
 
-// Starts to load the project and, with `watch`, to watch its folder. Returns an error, or an empty text.
+// Starts to load the project and, if `watch`, to watch its folder. Returns an error, or an empty text.
 std::string view_session_start(view_session_t *session, bool watch);
 void view_session_stop(view_session_t *session);
 
-// Waits for events, at most for this time, and handles them.
+// Waits for events, for at most `ms`, and handles them.
 void view_session_step(view_session_t *session, s32 ms);
 
-// Sends a command, whose ownership passes, to the player on screen; returns its id, or 0 if there is no player.
+// Sends a command to the player on screen and takes ownership of it. Returns its id, or 0 if there is no player.
 s32 view_session_send(view_session_t *session, cJSON *command);
 
 #endif

@@ -19,7 +19,7 @@ bool view_file_write(const std::string &path, const std::string &bytes) {
     return good && !bytes.empty();
 }
 
-// Each player of the project reports the same faults.
+// Prints each message once, because every player of the project reports the same faults.
 static void message_print(const cJSON *line) {
     static std::set<std::string> printed;
     const char *event = cJSON_GetStringValue(cJSON_GetObjectItem(line, "event"));
@@ -84,7 +84,8 @@ view_plan_t view_plan(const cJSON *project) {
             cJSON_GetObjectItem(project, "width")->valueint, cJSON_GetObjectItem(project, "height")->valueint};
 }
 
-// Each theme has a player of its own, because what a control has from its first theme stays.
+// Shows all cells of a theme. Each theme gets its own player, because controls keep what they got from their first
+// theme.
 static bool theme_walk(const view_plan_t &plan, size_t number,
                        const std::function<void(view_player_t *, const view_cell_t &)> &fn) {
     view_player_t player;

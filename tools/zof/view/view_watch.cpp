@@ -7,8 +7,7 @@
 
 #include "drv/zof_drv_file.h"
 
-// The events that change content or names. A file that is still open for writing counts too, because some editors keep
-// it open.
+// Events that change contents or names. Writing counts before the file is closed, because some editors keep it open.
 enum : u32 {
     CHANGES =
         IN_MODIFY | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_DELETE_SELF | IN_ATTRIB
@@ -17,7 +16,7 @@ enum : u32 {
 static void folder_add(view_watch_t *watch, const std::string &folder) {
     const s32 number = inotify_add_watch(watch->file, folder.c_str(), CHANGES | IN_ONLYDIR);
     if (number < 0) {
-        return; // gone again
+        return; // the folder has disappeared again
     }
     watch->folders[number] = folder;
     std::error_code fault;

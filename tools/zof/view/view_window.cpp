@@ -21,8 +21,8 @@ static struct {
     view_session_t session;
     view_inspector_t inspector;
     std::string title;
-    s32 w, h;  // of the last picture
-    u32 loads; // of the session, when the inspector last asked
+    s32 w, h;  // size of the last picture
+    u32 loads; // the session's count when the inspector last asked
     bool closed, stale;
 } self;
 
@@ -31,7 +31,7 @@ static std::string member(const char *name) {
     return text ? text : "";
 }
 
-// The panel's picture with the overlays.
+// Returns the panel's picture with the overlays.
 static view_image_t composed() {
     view_image_t image = self.session.picture;
     if (image.pixels.empty()) {
@@ -54,7 +54,7 @@ static void window_resize(s32 w, s32 h) {
     }
 }
 
-// Opened with the first picture: a window that grows later would not be centred on the screen.
+// Opens the window with the first picture, because a window that grows later would not be centred on the screen.
 static void window_open(const view_image_t *image) {
     self.w = image->width;
     self.h = image->height;
@@ -92,7 +92,7 @@ static void title_update() {
     }
 }
 
-// Chooses what comes after the present one in a list of the project; all wrap around.
+// Selects the next or previous item in a list of the project. All lists wrap around.
 static void step(const char *array, const char *of, const char *key, s32 by) {
     const std::vector<std::string> all = view_texts(self.session.project, array, of);
     if (all.empty()) {
@@ -111,7 +111,7 @@ static void hit_ask() {
     view_inspector_t *inspector = &self.inspector;
     if (self.loads != self.session.loads) {
         self.loads = self.session.loads;
-        inspector->hit_id = 0; // the player that was asked is gone
+        inspector->hit_id = 0; // the player that was asked has ended
     }
     if (!inspector->on || !inspector->moved || inspector->hit_id) {
         return;
@@ -135,7 +135,7 @@ static void line_take(const cJSON *line) {
     }
 }
 
-// The file at its line, in the way that most editors understand.
+// Opens the file at its line, with arguments that most editors understand.
 static void editor_open() {
     s32 line = 0;
     const std::string file = view_inspector_place(&self.inspector, &line);
@@ -172,7 +172,7 @@ static void inspector_next() {
 
 static const struct {
     SDL_Keycode key;
-    bool inspector; // only while it is on
+    bool inspector; // active only while the inspector is on
     void (*run)();
 } keys[] = {
     {SDLK_PAGEDOWN, false, [] { step("views", "name", "view", 1); }},
@@ -257,7 +257,7 @@ static bool session_start() {
     return fault.empty();
 }
 
-// What is wrong is printed, too: it can be copied from there.
+// Also prints the current error, so that it can be copied.
 static void note_print() {
     static std::string printed;
     if (self.session.note != printed) {
@@ -286,7 +286,8 @@ static void turn() {
     }
 }
 
-// Without a display SDL may choose a picture in memory, which nobody sees and nobody can close.
+// Initialises SDL. Returns false without a display: SDL may then choose a driver that draws in memory, which nobody can
+// see or close.
 static bool display_open() {
     const char *asked = SDL_getenv("SDL_VIDEODRIVER");
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
