@@ -1,7 +1,7 @@
-// Three state machines share one structure: the receiver extracts frames from bytes, the queue holds what is to be
-// sent, and the pace sends one frame at a time. A frame that expects an answer stays at the head of the queue until it
-// is answered: its own bytes are compared with the answer and sent again if needed, and nothing is sent after it. This
-// costs a round trip per read, but keeps the order unambiguous although the protocol has no sequence numbers.
+// Three state machines share one structure: the receiver extracts frames from bytes, the queue holds frames to be sent,
+// and the sender sends one frame at a time. A frame that expects an answer stays at the head of the queue until it is
+// answered: its bytes are compared with the answer and sent again if needed, and nothing is sent after it. This costs
+// one round trip per read, but keeps the order unambiguous although the protocol has no sequence numbers.
 #include "zof_host.h"
 
 #include <string.h>
@@ -13,12 +13,12 @@ enum { SYSTEM_TYPE = 0xB0, VIEW_TYPE = 0xB1, CONTROL_TYPE = 0xB2, POWER_ON = 0x0
 enum { LONG_FORM = 0x80, SHORT_MAX = 0x7F, CRC_SIZE = 2, READ_CHUNK = 16, GAP_MS = 50, REPORT_FLAGS = 0x70 };
 enum { RESTORE_NONE, RESTORE_ASK, RESTORE_SEND, RESTORE_WAIT };
 
-// Bytes that are not part of a head are sent before each frame: one, which ends the remains of a previous frame damaged
-// on the line, and after a time-out as many as a false head may make the panel wait for.
+// Filler bytes that are not part of a head are sent before each frame: one byte, which ends the remains of a previous
+// frame damaged on the line, and after a time-out as many as a false head may make the panel wait for.
 enum { FILL = 1, FILL_FLUSH = 256, FILL_CHUNK = 16, TRIES = 3 };
 
-// A record in `tx`: one byte of metadata, then the frame. The operation is always at offset 5, whatever the form, so a
-// frame can be written before its length is known; the short form leaves one byte before it unused.
+// A record in `tx` is one byte of metadata followed by the frame. The operation is always at offset 5, so a frame can
+// be written before its length is known; the short form leaves one byte before the operation unused.
 enum { META_CODE = 0x0F, META_SHORT = 0x80, OP_AT = 5 };
 
 int zof_host_init(zof_host_t *h) {
@@ -57,12 +57,12 @@ static uint16_t ring(const zof_host_t *h, uint16_t from, uint16_t behind) {
     return at >= h->tx_size ? (uint16_t)(at - h->tx_size) : at;
 }
 
-// Returns a byte of the record being written after all others.
+// Returns a byte of the record that is being written behind all others.
 static uint8_t *laid(zof_host_t *h, uint16_t behind) {
     return &h->tx[ring(h, ring(h, h->tx_head, h->tx_used), behind)];
 }
 
-// Returns a byte of the frame that is being sent or waits for its answer, counted from its head.
+// Returns a byte of the frame that is being sent or waits for its answer; `i` counts from its head.
 static uint8_t current(const zof_host_t *h, uint16_t i) {
     return h->own ? h->own_frame[i] : h->tx[ring(h, h->cur_at, i)];
 }
@@ -242,7 +242,7 @@ static void report(zof_host_t *h, int8_t result, const uint8_t *data, uint16_t s
 // Receiver
 enum { RX_NOISE, RX_PART, RX_FRAME };
 
-// Returns what is at the start of `rx`; for a frame, also the offset of its operation and its length field.
+// Classifies the start of `rx`. For a frame, also returns the offset of its operation and its length field.
 static uint8_t rx_look(const zof_host_t *h, uint16_t *head, uint16_t *len) {
     const uint8_t *b = h->rx;
     if (b[0] != h->head_fh || (h->rx_have > 1 && b[1] != h->head_fl)) {
@@ -264,7 +264,7 @@ static uint8_t rx_look(const zof_host_t *h, uint16_t *head, uint16_t *len) {
     }
     uint16_t crc = 0;
     for (uint16_t i = 0; h->crc && i < *len; i++) {
-        crc = crc_step(crc, b[*head + i]); // including its own two bytes it is 0
+        crc = crc_step(crc, b[*head + i]); // over the data and the CRC itself, the result is 0
     }
     return crc ? RX_NOISE : RX_FRAME;
 }
@@ -284,7 +284,7 @@ static void rx_drop_noise(zof_host_t *h) {
     rx_drop(h, size);
 }
 
-// Returns how many bytes of the frame repeat the pending request; 0 if the frame is not its answer.
+// Returns the number of bytes of the frame that repeat the pending request, or 0 if the frame is not its answer.
 static uint16_t echo_of(const zof_host_t *h, uint8_t op, const uint8_t *payload, uint16_t size) {
     if (h->state != WAITING || op != current_op(h)) {
         return 0;
@@ -305,8 +305,8 @@ static uint8_t is_system(const zof_host_t *h) {
     return current_payload(h, 0) == SYSTEM_TYPE;
 }
 
-// More answers to the same request may still arrive. A barrier of another row in the same queue is answered after all
-// of them; if it is not answered either, its time-out is the time to wait.
+// More answers to the same request may still arrive. A barrier on another row of the same queue is answered after all
+// of them; if it is not answered either, its time-out is long enough.
 static void late_ones_pass(zof_host_t *h, uint8_t system) {
     h->own = system ? OWN_SYSTEM : OWN_VIEW;
     h->once = 1;
@@ -344,7 +344,7 @@ static void answered(zof_host_t *h, uint8_t op, const uint8_t *data, uint16_t si
     }
 }
 
-// Sends a read again while it has tries left; ends everything else.
+// Sends a read again while it has tries left; ends any other request.
 static void unanswered(zof_host_t *h) {
     const uint8_t tries = h->tries ? h->tries : (uint8_t)TRIES;
     h->state = IDLE;
@@ -355,7 +355,7 @@ static void unanswered(zof_host_t *h) {
     request_end(h, ZOF_HOST_TIMEOUT, 0, 0);
 }
 
-// The restart has discarded the pending request.
+// Handles a restart of the panel, which has discarded the pending request.
 static void powered_on(zof_host_t *h) {
     h->in_flight = 0;
     if (h->state == WAITING && h->own) {
@@ -387,7 +387,7 @@ static void rx_frame(zof_host_t *h, uint8_t op, const uint8_t *payload, uint16_t
     }
 }
 
-// Removes all frames and noise from the start of `rx`; the rest is the beginning of a frame.
+// Removes all frames and noise from the start of `rx`. What remains is the beginning of a frame.
 static void rx_run(zof_host_t *h) {
     uint16_t head = 0, len = 0;
     while (h->rx_have) {
@@ -416,7 +416,7 @@ void zof_host_feed(zof_host_t *h, const uint8_t *bytes, uint16_t size, uint32_t 
     }
 }
 
-// Reads at most one buffer, so a line that is never silent cannot block the caller.
+// Reads at most one buffer, so that a line that is never silent cannot block the caller.
 static void rx_fetch(zof_host_t *h) {
     uint8_t chunk[READ_CHUNK];
     for (uint16_t have = 0; h->read && have < h->rx_size; have = (uint16_t)(have + READ_CHUNK)) {
@@ -484,7 +484,7 @@ static void sent_all(zof_host_t *h) {
     }
 }
 
-// Returns false when the line accepts no more now.
+// Returns 0 if the line accepts no more bytes now.
 static uint8_t push_fill(zof_host_t *h) {
     uint8_t none[FILL_CHUNK], byte = 0;
     while (byte == h->head_fh || byte == h->head_fl) {
@@ -535,8 +535,8 @@ static void over_time(zof_host_t *h) {
     }
 }
 
-// After a restart the user's function queues the state to restore, after everything queued before, because it knows
-// newer values. ZOF_HOST_RESTORED is sent when that has been executed.
+// After a restart, the user's function queues the state to restore. This happens after everything queued earlier was
+// sent, because the function knows newer values. ZOF_HOST_RESTORED is sent when the state has been executed.
 static void restore_step(zof_host_t *h) {
     if (h->restore == RESTORE_ASK) {
         h->inside = 1;

@@ -1,11 +1,11 @@
-// A host of the panel's serial protocol for firmware. It queues frames, waits for answers, repeats reads that are not
-// answered, separates events from answers, and restores the panel's state after a restart. It does not allocate, never
-// blocks, and has no clock or line of its own: the user supplies buffers, two functions, and the time. C99 and C++.
-// README.md beside this file shows how to start.
+// Host side of the panel's serial protocol for firmware. It queues frames, waits for answers, repeats unanswered reads,
+// separates events from answers, and restores the panel's state after a restart. It does not allocate, never blocks,
+// and has no clock or line of its own: the user supplies buffers, two functions, and the time. C99 and C++. README.md
+// beside this file shows how to start.
 //
-// Call everything here from ONE context, usually the main loop. An interrupt only fills or empties the user's own ring
+// Call everything here from ONE context, usually the main loop. An interrupt may only fill or empty the user's own ring
 // of bytes, which the `read` and `write` functions use; call nothing here from an interrupt. All functions accept a
-// null `host`. Callbacks run within zof_host_feed and zof_host_poll only. They may queue frames; a feed or poll called
+// null `host`. Callbacks run only within zof_host_feed and zof_host_poll. They may queue frames; a feed or poll called
 // from within a callback does nothing.
 #ifndef ZOF_HOST_CLIENT_H
 #define ZOF_HOST_CLIENT_H
@@ -19,14 +19,14 @@ extern "C" {
 // Operations of a frame.
 enum { ZOF_HOST_READ = 0x11, ZOF_HOST_WRITE = 0x22 };
 
-// Results. The calls that queue a frame return ZOF_HOST_FULL to ZOF_HOST_REFUSED when nothing was queued and nothing
-// will be sent. The others say how a request ended.
+// Results. The calls that queue a frame return ZOF_HOST_FULL to ZOF_HOST_REFUSED if nothing was queued and nothing will
+// be sent. The other values report how a request ended.
 enum {
     ZOF_HOST_FULL = -1,    // no room in `tx` now: poll, and try again
     ZOF_HOST_BAD = -2,     // too large for `tx` or for the panel's queue, a null host, or a host not initialised
     ZOF_HOST_REFUSED = -3, // a read of `system.touch` with touch reports on: a report would look like its answer
     ZOF_HOST_TIMEOUT = -4, // no answer to any try: refused, lost, or the panel is off
-    ZOF_HOST_DONE = 0,     // answered: `data` are the value fields
+    ZOF_HOST_DONE = 0,     // answered; `data` holds the value fields
     ZOF_HOST_NO = 1        // only with `acks`: the panel refused a write of a `system` row
 };
 
@@ -34,17 +34,17 @@ enum {
 enum {
     ZOF_HOST_POWER_ON = 1, // the panel has started: it shows its start view, and all earlier writes are lost
     ZOF_HOST_TOUCH = 2,    // `state`, `x` and `y` are set
-    ZOF_HOST_SILENT = 3,   // an internal barrier was not answered in time; it is repeated until it is
+    ZOF_HOST_SILENT = 3,   // an internal barrier was not answered in time; it is repeated until it is answered
     ZOF_HOST_RESTORED = 4  // everything that `on_restart` queued has been executed
 };
 
 typedef struct zof_host zof_host_t;
 
-// The end of one request. Valid until the callback returns, as are `data` and texts from it.
+// The result of one request. It is valid until the callback returns, as are `data` and texts from it.
 typedef struct {
     int request;         // the number returned by the call that queued it
     int8_t result;       // ZOF_HOST_DONE, ZOF_HOST_NO, ZOF_HOST_TIMEOUT
-    uint8_t bad;         // set by a reader below that finds fewer bytes than it needs
+    uint8_t bad;         // set by a zof_host_reply_... function that finds too few bytes
     uint32_t code;       // ZOF_HOST_<ROW>
     uint16_t view;       // ids of the control, for control rows
     uint16_t control;    //
@@ -101,23 +101,23 @@ struct zof_host {
     uint8_t own_frame[10];
 };
 
-// Checks the settings and discards everything queued or pending. Returns ZOF_HOST_DONE, or ZOF_HOST_BAD without a
-// buffer or `write`, for sizes out of range and for equal head bytes; every other call then does nothing.
+// Checks the settings and discards everything queued or pending. Returns ZOF_HOST_DONE, or ZOF_HOST_BAD if a buffer or
+// `write` is missing, a size is out of range or the head bytes are equal; every other call then does nothing.
 int zof_host_init(zof_host_t *host);
 
 // Passes received bytes to the library, any number, split anywhere. `now_ms` is the user's time in milliseconds; it may
-// start anywhere and wraps at 32 bits. Complete answers and events are delivered before it returns.
+// start at any value and wraps at 32 bits. Complete answers and events are delivered before it returns.
 void zof_host_feed(zof_host_t *host, const uint8_t *bytes, uint16_t size, uint32_t now_ms);
 
-// Runs the library: calls `read` if there is one, ends requests that have timed out, sends what may be sent. Call it
-// every few milliseconds; it never waits. Returns 1 while something is queued or pending, otherwise 0.
+// Runs the library: calls `read` if it is set, ends requests that have timed out, and sends what may be sent. Call it
+// every few milliseconds; it never blocks. Returns 1 while something is queued or pending, otherwise 0.
 int zof_host_poll(zof_host_t *host, uint32_t now_ms);
 
-// Queues a read of `view.size`, which waits in the panel's queue after all view and control commands sent before: its
-// answer says that they have been executed. Returns a request number, or ZOF_HOST_FULL or ZOF_HOST_BAD.
+// Queues a read of `view.size`, which waits in the panel's queue behind all view and control commands sent before: its
+// answer means that they have been executed. Returns a request number, ZOF_HOST_FULL or ZOF_HOST_BAD.
 int zof_host_barrier(zof_host_t *host);
 
-// The same for `system` rows, by a read of `system.standby_state`.
+// As zof_host_barrier for `system` rows, by a read of `system.standby_state`.
 int zof_host_barrier_system(zof_host_t *host);
 
 // Returns the free space in `tx` in bytes.
@@ -132,8 +132,8 @@ const char *zof_host_reply_text(zof_host_reply_t *reply);
 
 // The steps of the row calls below: begin, put the fields in the order of the row, end. `code` is a ZOF_HOST_<ROW>: the
 // number of code bytes in the top byte, then the bytes. Numbers are sent big-endian; a null text is sent as an empty
-// one. The text is copied. End returns the request number, which wraps from 32767 to 1, or ZOF_HOST_FULL, ZOF_HOST_BAD,
-// ZOF_HOST_REFUSED.
+// one. Texts are copied. zof_host_end returns the request number, which wraps from 32767 to 1, or ZOF_HOST_FULL,
+// ZOF_HOST_BAD or ZOF_HOST_REFUSED.
 void zof_host_begin(zof_host_t *host, uint8_t operation, uint32_t code);
 void zof_host_put_u8(zof_host_t *host, uint8_t value);
 void zof_host_put_u16(zof_host_t *host, uint16_t value);

@@ -28,7 +28,7 @@ static void line_put(const std::string *line) {
     zof_loop_wake(nullptr);
 }
 
-static const char TOO_LONG[] = "\x01"; // no JSON: the command layer reports it
+static const char TOO_LONG[] = "\x01"; // not valid JSON, so the command layer reports it
 
 static void input_read(void *) {
     std::string line;
@@ -54,7 +54,7 @@ static bool input_ended() {
     return input.ended && input.lines.empty();
 }
 
-// Only commands advance the time, so that the same lines produce the same pictures.
+// Runs without real time. Only commands advance the clock, so that the same lines produce the same pictures.
 static void run_virtual() {
     std::string line;
     for (int r = 0; !player_ended() && (r = player_line_read(&line)) != 0;) {
@@ -62,7 +62,7 @@ static void run_virtual() {
     }
 }
 
-// Until a project is loaded there is no loop to run.
+// Runs in real time. Until a project is loaded, there is no main loop to run.
 static void run_live() {
     std::string line;
     while (!player_started() && !player_ended()) {
@@ -102,5 +102,5 @@ int main(int argc, char **argv) {
     player_options.live ? run_live() : run_virtual();
     cJSON *event = player_event("ended");
     player_send(event);
-    _Exit(0); // threads still run; nothing is torn down
+    _Exit(0); // threads may still be running, so nothing is torn down
 }

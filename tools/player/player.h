@@ -1,5 +1,5 @@
-// The player: runs a project folder with the real runtime and no application, draws into shared memory, and does what
-// lines of JSON on its standard input say. A process loads one project; to reload it, start a new player.
+// The player: runs a project folder with the real runtime and no application, draws into shared memory, and executes
+// lines of JSON from its standard input. A process loads one project; to reload it, start a new player.
 #ifndef PLAYER_H
 #define PLAYER_H
 
@@ -13,33 +13,33 @@
 #include "project/base/zof_para.h"
 #include "project/base/zof_prj_cur.h"
 
-// Main thread, under dis_mutex once a project is loaded, unless noted otherwise.
+// All functions run on the main thread, under dis_mutex once a project is loaded, unless noted otherwise.
 
-// Options of the command line.
+// Command line options.
 struct player_options_t {
-    bool live;          // real time and the serial link; otherwise only commands advance the time
-    std::string shared; // file of the shared memory; empty without one
+    bool live;          // real time and the serial link; if false, only commands advance the time
+    std::string shared; // file of the shared memory; empty for none
 };
 extern player_options_t player_options;
 
 // player_io.cpp ------------------------------------------------------------------------------------------------------
 enum { PLAYER_LINE_MAX = 1 << 20 }; // bytes of a line
 
-// Reserves standard output for the protocol; other output goes to the error stream. Call first.
+// Reserves the standard output for the protocol; other output goes to the error stream. Call it first.
 void player_io_init();
 
-// Waits for a line and stores it without its line end. Returns 1; 0 at the end of the input; -1 for a line that is too
-// long, the rest of which is skipped. Call from one thread only.
+// Waits for a line and stores it without its line end. Returns 1, 0 at the end of the input, or -1 for a line that is
+// too long, whose rest is skipped. Call it from one thread only.
 int player_line_read(std::string *line);
 
-// Prints a value as a line and deletes it. Any thread.
+// Prints a value as a line and deletes it. Any thread may call it.
 void player_send(cJSON *value);
 
-// Returns an object {"event": name} for the caller to complete and send.
+// Returns an object {"event": name}, which the caller completes and sends.
 cJSON *player_event(const char *name);
 
 // player_command.cpp -------------------------------------------------------------------------------------------------
-// A command. Adds members to the reply. Returns an error text, empty on success.
+// A command. `run` adds members to the reply and returns an error text, empty on success.
 struct player_command_t {
     const char *name;
     const char *args; // names separated by spaces; a trailing "?" marks an optional one
@@ -50,18 +50,18 @@ struct player_command_t {
 extern const player_command_t player_commands[];
 extern const size_t player_command_count;
 
-// Executes a line, and sends the events that it causes and one reply.
+// Executes a line and sends its events and one reply.
 void player_line_run(const std::string &line);
 
-// Returns whether `quit` was executed.
+// Returns true after `quit` was executed.
 bool player_ended();
 
-// Argument access: a text, or null; an integer, or `absent`.
+// Return an argument: a text or null, and an integer or `absent`.
 const char *player_text(const cJSON *args, const char *name);
 s32 player_number(const cJSON *args, const char *name, s32 absent);
 
 // player_start.cpp ---------------------------------------------------------------------------------------------------
-// Starts the runtime with a project folder: `dir`, or its `res`. Returns an error text, empty on success.
+// Starts the runtime with the project folder `dir` or its subfolder `res`. Returns an error text, empty on success.
 std::string player_start(const char *dir);
 bool player_started();
 
@@ -69,52 +69,50 @@ bool player_started();
 void player_clock_advance(u32 ms);
 void player_clock_init();
 
-// Requests a theme. A theme can only be chosen once a control with a theme exists, so the request is repeated when a
-// view is shown. Returns an error text, empty on success.
+// Requests a theme. A theme can be set only once a control with a theme exists, so the request is repeated when a view
+// is shown. Returns an error text, empty on success.
 std::string player_theme_set(const char *name);
-const std::string &player_theme(); // empty: those of the view files
+const std::string &player_theme(); // empty if the themes of the view files are used
 std::string player_lang_set(const char *name);
 
 std::string player_view_show(u32 id);
 
-// Sends an event if the view has changed since the last call, for example by a host.
+// Sends an event if another view is shown than at the last call, for example because a host has changed it.
 void player_view_note();
 
-// Names of the files of a folder of the project without their ".g", or of its folders, sorted.
+// Returns the sorted names of a project folder's subfolders if `folders`, otherwise of its ".g" files without ".g".
 std::vector<std::string> player_names(const char *folder, bool folders);
 
-// The views that are shown, the topmost layer first.
+// Returns the views that are shown, topmost layer first.
 std::vector<zof_view_node_t *> player_views_shown();
 
-// player_name.cpp: controls have paths, "home/brew", or "home/#12" when the name is missing or not unique
-// --------------
+// player_name.cpp ----------------------------------------------------------------------------------------------------
+// The path of a control is "home/brew", or "home/#12" if its name is missing or not unique.
 std::string player_view_name(u32 id);
-u32 player_view_find(const cJSON *name); // by id, file name with or without ".g"; 0 if there is no such view
+u32 player_view_find(const cJSON *name); // by id, or by file name with or without ".g"; 0 if there is no such view
 std::string player_path(u32 view, u32 ctrl);
-para_t *player_control(const char *path, u32 *view); // loads its view; null if there is no such control
+para_t *player_control(const char *path, u32 *view); // loads the view; returns null if there is no such control
 
 // player_tree.cpp ----------------------------------------------------------------------------------------------------
 cJSON *player_tree(zof_view_node_t *view);
 cJSON *player_hit(s32 x, s32 y);
 
-// player_review.cpp: adds "views" and "texts", see player_review.h ---------------------------------------------------
+// player_review.cpp --------------------------------------------------------------------------------------------------
+// Adds "views" and "texts" to a reply, see player_review.h.
 void player_review(cJSON *reply);
 
-// player_value.cpp: values by rows of the host protocol, "label.text"
-// --------------------------------------------------
+// player_value.cpp: values by rows of the host protocol, "label.text" ------------------------------------------------
 std::string player_set(const cJSON *args);
-std::string player_row_of(const char *type); // "slider": "slider.value"; empty for null and types without rows
-void player_writes_watch();                  // from now on, keeps what a host writes
-cJSON *player_snapshot();                    // views, language, theme, scroll positions, what was written
+std::string player_row_of(const char *type); // returns "slider.value" for "slider"; empty if there is no row
+void player_writes_watch();                  // starts to keep the values that a host writes
+cJSON *player_snapshot();                    // views, language, theme, scroll positions, written values
 std::string player_restore(const cJSON *state);
 
-// player_message.cpp: faults of files become events
-// --------------------------------------------------------------------
+// player_message.cpp: faults of files become events ------------------------------------------------------------------
 void player_messages_init();
 
-// player_place.cpp: places in files
-// ------------------------------------------------------------------------------------ Adds "place" and "styles" to a
-// control.
+// player_place.cpp ---------------------------------------------------------------------------------------------------
+// Adds "place" and "styles" to a control: where they are in the project's files.
 void player_places_add(cJSON *out, const zof_view_node_t *view, const para_t *record);
 
 #endif

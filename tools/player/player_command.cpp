@@ -1,4 +1,4 @@
-// The commands: one row each. docs/player.md has the same rows.
+// The commands, one row each. docs/player.md lists the same rows.
 #include <cmath>
 #include <cstring>
 
@@ -142,7 +142,7 @@ static constexpr struct {
               {"scrolled", LV_STATE_SCROLLED},
               {"disabled", LV_STATE_DISABLED}};
 
-// Returns a sum of names such as "pressed+checked", or -1.
+// Reads a sum of names such as "pressed+checked". Returns the states, or -1.
 static s32 states_read(const std::string &text) {
     s32 sum = 0;
     for (size_t at = 0; at <= text.size();) {
@@ -180,7 +180,7 @@ static std::string cmd_pointer(const cJSON *args, cJSON *) {
     return "";
 }
 
-// Keys stand for the pins of a panel, by their code.
+// Keys stand for the input pins of a panel and are identified by their code.
 static std::string cmd_key(const cJSON *args, cJSON *) {
     zof_drv_win_key_set_value(is_true(args, "down"), (u32)player_number(args, "key", 0));
     return "";
@@ -299,7 +299,7 @@ const player_command_t player_commands[] = {
 };
 const size_t player_command_count = sizeof(player_commands) / sizeof(player_commands[0]);
 
-// Returns whether `name` is among the arguments of a row, and whether it may be left out.
+// Returns true if `name` is among the arguments of a row.
 static bool arg_known(const char *args, const char *name) {
     const size_t size = strlen(name);
     for (const char *at = args; *at; at += strspn(at, " ")) {

@@ -1,4 +1,4 @@
-// The picture in shared memory. LVGL's flush is observed, so that each frame comes with the rectangle that changed.
+// The picture in shared memory. LVGL's flush callback is wrapped, so that each frame has the rectangle that changed.
 #include <atomic>
 #include <cstring>
 
@@ -13,10 +13,10 @@
 #include "zof_lib/zof_stdio.h"
 
 static struct {
-    player_frame_t *head; // null without shared memory
+    player_frame_t *head; // null if there is no shared memory
     void (*flush)(lv_disp_drv_t *, const lv_area_t *, lv_color_t *);
     lv_area_t dirty;
-    bool drawn; // since the last frame
+    bool drawn; // something was drawn since the last frame
     u32 sequence;
 } frame;
 
@@ -61,7 +61,7 @@ std::string player_picture_init() {
     return "";
 }
 
-// The top byte of a pixel in the frame store is undefined; pictures are opaque.
+// Copies the changed rectangle. The top byte of a pixel in the frame store is undefined; pictures are opaque.
 static void rows_copy(const u32 *pixels, u32 width) {
     u32 *to = (u32 *)(void *)(frame.head + 1);
     std::atomic_ref<u32> sequence(frame.head->sequence);
@@ -99,7 +99,7 @@ cJSON *player_box(const lv_area_t *area) {
     return cJSON_CreateIntArray(box, 4);
 }
 
-// Written here because the runtime is read-only.
+// Writes the file itself, because the runtime is read-only.
 std::string player_picture_write(const char *path) {
     s32 width = 0;
     s32 height = 0;

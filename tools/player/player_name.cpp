@@ -31,7 +31,7 @@ u32 player_view_find(const cJSON *name) {
     return 0;
 }
 
-// Returns how many controls of the view have this name, and one of them.
+// Returns the number of controls in the view with this name, and one of them in `found`.
 static u32 named(u32 view, const char *name, para_t **found) {
     const db_list *list = zof_view_list_get_ctrl_list(view);
     u32 count = 0;
@@ -54,7 +54,7 @@ std::string player_path(u32 view, u32 ctrl) {
 }
 
 para_t *player_control(const char *path, u32 *view) {
-    const char *slash = path ? strrchr(path, '/') : nullptr; // a view's file may be in a folder
+    const char *slash = path ? strrchr(path, '/') : nullptr; // a view's file may be in a subfolder
     if (!slash) {
         return nullptr;
     }

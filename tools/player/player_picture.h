@@ -8,15 +8,16 @@
 
 #include "lvgl.h"
 
-// Observes the display, which must exist, and maps the file of the options. Returns what is wrong.
+// Wraps the flush callback of the display, which must exist, and maps the file of the options. Returns an error text,
+// empty on success.
 std::string player_picture_init();
 
-// Sends what was drawn since the last call as one frame.
+// Publishes everything drawn since the last call as one frame.
 void player_picture_publish();
 
 std::string player_picture_write(const char *path);
 
-// [x, y, width, height]
+// Returns [x, y, width, height].
 cJSON *player_box(const lv_area_t *area);
 
 #endif

@@ -1,5 +1,5 @@
-// Places of controls and styles in the project's files. Files are read again, by the JSON reader with positions, when a
-// position is first requested.
+// Places of controls and styles in the project's files. A file is read a second time, by the JSON reader with
+// positions, when one of its positions is first requested.
 #include <map>
 
 #include "drv/zof_drv_file.h"
@@ -13,11 +13,11 @@
 
 enum { FILE_MAX = 64 << 20 };
 
-// A file that was read; its text lives as long as the process.
+// A parsed file; its text lives as long as the process.
 struct placed_t {
     std::string path;
     zof_jdoc_t doc;
-    std::map<u32, u32> controls; // of a view file: the node of each id
+    std::map<u32, u32> controls; // in a view file: the node of each id
 };
 
 static void controls_index(placed_t *file) {
@@ -32,7 +32,7 @@ static void controls_index(placed_t *file) {
     }
 }
 
-// Returns null for a file that cannot be read.
+// Returns the file, parsed at the first call, or null if it cannot be read.
 static placed_t *placed(const char *path) {
     static std::map<std::string, placed_t *> files;
     if (!path) {
@@ -65,7 +65,7 @@ static cJSON *place(const placed_t *file, u32 node) {
     return out;
 }
 
-// A number or a name of `style_part` or `style_state`.
+// Reads `style_part` or `style_state`, which may be a number or a name.
 static double number(const zof_jdoc_t *doc, u32 object, const char *key, const zof_name_t *names) {
     double value = 0;
     char text[128];
@@ -86,7 +86,7 @@ static cJSON *style_place(const placed_t *file, u32 node, double part, double st
     return style;
 }
 
-// The styles below an object that has them.
+// Adds the styles in the `styles` array of an object.
 static void styles_add(cJSON *out, const placed_t *file, u32 object) {
     const u32 styles = object == ZOF_J_NONE ? object : zof_jdoc_get(&file->doc, object, "styles");
     const u32 first = styles == ZOF_J_NONE ? styles : file->doc.nodes[styles].child;
@@ -102,7 +102,7 @@ static void look_style_add(cJSON *out, const placed_t *file, u32 node, const cha
     cJSON_AddItemToArray(out, style);
 }
 
-// The styles that a file has for a look; the look itself stands for that of its main part.
+// Adds the styles that a file has for a look. The look object itself is the style of the main part.
 static void look_in_file_add(cJSON *out, const placed_t *file, const char *look) {
     const u32 looks = file && file->doc.count ? zof_jdoc_get(&file->doc, 0, "looks") : ZOF_J_NONE;
     const u32 object = looks == ZOF_J_NONE ? looks : zof_jdoc_get(&file->doc, looks, look);
@@ -119,7 +119,7 @@ static void look_in_file_add(cJSON *out, const placed_t *file, const char *look)
     }
 }
 
-// The styles of a look, after those of the looks that it inherits from.
+// Adds the styles of a look, after those of the looks from which it inherits.
 static void look_add(cJSON *out, const zof_look_t *look) {
     const std::string theme = look->theme;
     const placed_t *project = placed(zof_res_get_g_file_path("config/", "looks"));
@@ -145,7 +145,7 @@ static std::string theme_of(const placed_t *file, u32 node) {
     return player_theme().empty() ? name : player_theme();
 }
 
-// "controls[3]"
+// Returns the key of an entry, "controls[3]".
 static std::string entry_key(const placed_t *file, u32 node) {
     u32 index = 0;
     for (u32 at = file->doc.nodes[file->doc.nodes[node].parent].child; at != node; at = file->doc.nodes[at].next) {

@@ -1,6 +1,6 @@
-// The start of a project without an application, and time. Each view of the project file gets the same init function,
-// which creates its controls; each control gets an event function that does nothing, because only controls with one
-// report their events to a host.
+// Starts a project without an application, and drives its clock. Every view of the project file gets the same init
+// function, which creates its controls. Every control gets an event function that does nothing, because only controls
+// with such a function report their events to a host.
 #include <algorithm>
 #include <cstdlib>
 
@@ -23,10 +23,10 @@ enum { STEP_MS = 5 };
 
 static u32 clock_ms;
 static std::vector<zof_view_fun_t> views; // the runtime keeps a pointer to it
-static std::string theme;                 // chosen
+static std::string theme;                 // the requested theme
 static bool theme_waits;                  // the runtime has not accepted it yet, because no control has a theme
 
-// The runtime's normal start calls this; the player starts the runtime itself, so it is empty.
+// The normal start of the runtime calls this. The player starts the runtime itself, so it is empty.
 extern "C" void zof_main(void) {
 }
 
@@ -50,7 +50,7 @@ void player_clock_advance(u32 ms) {
 static void event_ignore(zof_ctrl_t *, zof_event_e) {
 }
 
-// The ids of a view's controls, from the file that is about to be read.
+// Returns rows for the ids in a view's file, which is about to be loaded.
 static const std::vector<zof_ctrl_fun_t> *controls_of(const zof_view_node_t *node) {
     auto *rows = new std::vector<zof_ctrl_fun_t>; // never freed, like the view
     const cJSON *entry = nullptr;
@@ -64,7 +64,8 @@ static const std::vector<zof_ctrl_fun_t> *controls_of(const zof_view_node_t *nod
     return rows;
 }
 
-// An init function gets no argument, but the view that it is called for is the only one without an object.
+// Creates the controls of a view. An init function has no argument, but the view that is being created is the only one
+// without an object.
 static void init_any() {
     const db_list *list = zof_prj_get_cur()->view_list;
     for (const db_node *at = list->head->next; at != list->head; at = at->next) {
@@ -91,10 +92,10 @@ static bool is_project(const std::string &folder) {
     return zof_file_size((folder + "/config/project/zofprj.g").c_str()) >= 0;
 }
 
-// Without sound and without a host, the result depends on the folder alone.
+// Disables sound and the host link, so that the result depends only on the folder.
 static void environment_set() {
     // NOLINTBEGIN(concurrency-mt-unsafe): no other thread runs yet
-    setenv("ZOF_STATE", "", 1); // keeps nothing
+    setenv("ZOF_STATE", "", 1); // the runtime stores nothing
     if (!player_options.live) {
         setenv("SDL_AUDIODRIVER", "dummy", 1);
     }

@@ -1,10 +1,9 @@
-// The controls of a view, and what lies at a place, as JSON.
+// The controls of a view, and the controls at a point, as JSON.
 #include "catalogue/zof_cat.h"
 #include "player.h"
 #include "player_picture.h"
 
-// Returns the record of an object that is a control of the view; null for the view itself and for the parts that
-// controls are made of.
+// Returns the record of an object that is a control of the view, or null for the view itself and for parts of controls.
 static para_t *record_of(const zof_view_node_t *view, lv_obj_t *obj) {
     const db_list *list = view->ctrl_list;
     for (const db_node *at = list->head->next; at != list->head; at = at->next) {
@@ -26,7 +25,7 @@ static const char *label_text(const zof_view_node_t *view, lv_obj_t *obj) {
     return nullptr;
 }
 
-// Returns the text that a control shows, or null.
+// Returns the text that a control displays, or null.
 static const char *shown_text(const zof_view_node_t *view, lv_obj_t *obj) {
     if (lv_obj_has_class(obj, &lv_label_class)) {
         return lv_label_get_text(obj);
@@ -109,7 +108,7 @@ cJSON *player_tree(zof_view_node_t *view) {
     return out;
 }
 
-// Children lie on top of their parent, later ones on top of earlier ones.
+// Adds the controls at a point. Children are above their parent, later children above earlier ones.
 static void hit(zof_view_node_t *view, lv_obj_t *obj, const lv_point_t *point, cJSON *out) {
     const bool here = _lv_area_is_point_on(&obj->coords, point, 0);
     if (lv_obj_has_flag(obj, LV_OBJ_FLAG_HIDDEN) || (!here && !lv_obj_has_flag(obj, LV_OBJ_FLAG_OVERFLOW_VISIBLE))) {

@@ -1,5 +1,5 @@
-// Values by the rows of the host protocol. Values written by a host or by `set` are kept for the snapshot: the last one
-// for each target that a row's fields select, in the order of writing.
+// Values by the rows of the host protocol. Values written by a host or by `set` are kept for the snapshot: the last
+// value for each combination of selecting fields, in the order of writing.
 #include <algorithm>
 #include <cstring>
 
@@ -11,8 +11,8 @@
 enum { WRITES_MAX = 10000, FIELDS_MAX = 8 };
 
 struct write_t {
-    std::string what; // the row, the control and the fields that choose
-    std::string line; // as the arguments of `set`, JSON
+    std::string what; // the row, the control and the selecting fields
+    std::string line; // the arguments of `set`, as JSON
 };
 static std::vector<write_t> writes;
 
@@ -26,7 +26,7 @@ static bool is_signed(u8 type) {
     return type == ZOF_HMI_T_S8 || type == ZOF_HMI_T_S16 || type == ZOF_HMI_T_S32;
 }
 
-// Returns false for a value of another kind, or out of the field's range.
+// Returns false if the value is of the wrong kind or out of the field's range.
 static bool field_write(u8 *record, const zof_hmi_field_t *field, const cJSON *value) {
     if (field->type == ZOF_HMI_T_STR) {
         const char *text = cJSON_GetStringValue(value);
@@ -40,7 +40,7 @@ static bool field_write(u8 *record, const zof_hmi_field_t *field, const cJSON *v
     if (!(number >= least && number <= most)) {
         return false;
     }
-    const s64 whole = (s64)number; // little-endian, like all systems that the runtime has been ported to
+    const s64 whole = (s64)number; // little-endian, as on all systems to which the runtime has been ported
     memcpy(record + field->offset, &whole, bytes);
     return true;
 }
@@ -59,7 +59,7 @@ static cJSON *field_read(const u8 *record, const zof_hmi_field_t *field) {
     return cJSON_CreateNumber((double)number);
 }
 
-// A single value stands for an array of one.
+// Writes a record. A single value may be written without an array.
 static std::string record_write(u8 *record, const zof_hmi_rec_t *list, const cJSON *value, const char *what) {
     const bool array = cJSON_IsArray(value);
     const s32 given = array ? cJSON_GetArraySize(value) : value ? 1 : 0;
@@ -127,8 +127,7 @@ void player_writes_watch() {
     zof_hmi_cmd_on_write(write_keep);
 }
 
-// Prefers the first row that can be read and written, which holds a type's value; otherwise takes the first writable
-// one.
+// Returns the first row of a type that can be read and written, which holds its value, or else the first writable row.
 std::string player_row_of(const char *type) {
     std::string row;
     for (u32 i = 0; type && i < zof_ui_cmd_type_count; i++) {
@@ -146,7 +145,7 @@ std::string player_row_of(const char *type) {
     return row;
 }
 
-// Finds "label.text" in the tables.
+// Finds a row such as "label.text" in the tables.
 static const zof_hmi_param_type_t *row_find(const char *name, const zof_hmi_cmd_type_t **type) {
     for (u32 i = 0; name && i < zof_ui_cmd_type_count; i++) {
         *type = &zof_ui_cmd_types[i];
@@ -170,7 +169,7 @@ static std::string control_find(const char *path, zof_hmi_ctrl_id_t *out) {
     return "";
 }
 
-// The system's rows belong to the link, which need not be open.
+// Rows of the system are refused, because they belong to the link, which need not be open.
 std::string player_set(const cJSON *args) {
     const zof_hmi_cmd_type_t *type = nullptr;
     const char *name = player_text(args, "row");
@@ -245,8 +244,8 @@ static std::string views_restore(const cJSON *state) {
     return fault;
 }
 
-// The project may have changed since the snapshot: what no longer exists is skipped. A view that exists but cannot be
-// shown is an error.
+// Skips parts of the snapshot that no longer exist, because the project may have changed. A view that exists but cannot
+// be shown is an error.
 std::string player_restore(const cJSON *state) {
     if (!cJSON_IsObject(state)) {
         return "state must be an object";

@@ -1,5 +1,5 @@
 // An example for an ATmega328P: shows the voltage at pin ADC0 on label 5 of view 1, and lights an LED (PB5) while the
-// panel is touched. 115200 baud at 16 MHz. The interrupt fills a ring of bytes; the library runs in the main loop only.
+// panel is touched. 115200 baud at 16 MHz. The interrupt fills a ring of bytes; the library runs only in the main loop.
 #define F_CPU 16000000ul
 #include <avr/interrupt.h>
 #include <avr/io.h>

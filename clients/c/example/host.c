@@ -1,7 +1,7 @@
-// Shows a changing value on a label of a running panel, and prints touches.   usage: host PORT VIEW CONTROL [COUNT]
+// Shows a changing value on a label of a running panel, and prints touches. usage: host PORT VIEW CONTROL [COUNT]
 // PORT is the other end of the panel's line: its cable, or one of a pair of pseudo-terminals. The panel's zofhmi.g must
-// have head_fh 90, head_fl 165 and no CRC, like that of the bench panel. With COUNT it exits after COUNT values were
-// read back correctly.
+// have head_fh 90, head_fl 165 and no CRC, as that of the bench panel. With COUNT, the program exits after COUNT values
+// have been read back correctly.
 #define _DEFAULT_SOURCE
 #include <errno.h>
 #include <fcntl.h>
@@ -18,8 +18,8 @@
 
 static int line;         // file descriptor
 static char text[32];    // what the label should show
-static int shown;        // values read back as written
-static const char *lost; // why the line has ended; null while it is open
+static int shown;        // number of values read back as written
+static const char *lost; // reason why the line was lost; null while it is open
 
 static uint16_t line_write(void *user, const uint8_t *bytes, uint16_t size) {
     const ssize_t n = write(*(int *)user, bytes, size);
@@ -68,8 +68,8 @@ static uint32_t now_ms(void) {
     return (uint32_t)((uint64_t)t.tv_sec * 1000 + (uint64_t)t.tv_nsec / 1000000);
 }
 
-// Opens the line for exclusive use, because two hosts would take each other's answers. Returns null, or the reason of a
-// failure.
+// Opens the line for exclusive use, because two hosts would receive each other's answers. Returns null, or an error
+// text.
 static const char *line_open(const char *port) {
     struct termios t;
     line = open(port, O_RDWR | O_NOCTTY | O_NONBLOCK);
@@ -88,7 +88,7 @@ static const char *line_open(const char *port) {
     return tcsetattr(line, TCSANOW, &t) == 0 ? NULL : strerror(errno);
 }
 
-// Takes a number from `min` to `max`; returns 0 after a message.
+// Parses a number from `min` to `max`. Returns 0 after a message.
 static int number(const char *name, const char *digits, long min, long max, long *out) {
     char *end;
     errno = 0;
@@ -127,7 +127,7 @@ int main(int argc, char **argv) {
     setvbuf(stdout, NULL, _IOLBF, 0);
     on_restart(&host, 0); // the panel may have been running for a long time
     for (int value = 0; !lost && (count == 0 || shown < count); usleep(1000)) {
-        if (!zof_host_poll(&host, now_ms())) { // everything is sent and answered
+        if (!zof_host_poll(&host, now_ms())) { // everything has been sent and answered
             snprintf(text, sizeof(text), "%d.%02d V", value / 100, value % 100);
             value++;
             zof_host_set_label_text(&host, (uint16_t)view, (uint16_t)control, text);

@@ -1,4 +1,4 @@
-"""The command line: python3 -m zof_host --help"""
+"""The command line; see python3 -m zof_host --help."""
 from __future__ import annotations
 
 import argparse
@@ -59,7 +59,7 @@ def value_of(field: Field, text: str, project: Project | None) -> Plain:
 
 
 class Asked:
-    """A row with its arguments from the command line."""
+    """A row and its arguments, parsed from the command line."""
 
     def __init__(self, args: argparse.Namespace, project: Project | None, with_value: bool) -> None:
         found = ROWS.get(args.row)
@@ -121,7 +121,7 @@ def reports_on(panel: Panel) -> int:
 
 
 def watch(panel: Panel, asked: Asked | None, every_s: float) -> None:
-    """Prints touches, and a value when it changes; waits for a panel that is off. Restores the touch flags at the
+    """Prints touches, and a value when it changes. Waits for a panel that is off. Restores the touch flags at the
     end."""
     flags = reports_on(panel)
     try:
@@ -140,7 +140,7 @@ def watch(panel: Panel, asked: Asked | None, every_s: float) -> None:
 
 
 def value_shown(panel: Panel, asked: Asked, last: Any) -> Any:
-    """Reads the row and prints it if it has changed. Keeps the last value if the panel is off or restarting."""
+    """Reads the row and prints it if it has changed. Returns the new value, or the last one if the panel is off."""
     try:
         now = asked.read(panel)
     except (NoAnswer, LineLost):
@@ -151,7 +151,7 @@ def value_shown(panel: Panel, asked: Asked, last: Any) -> Any:
 
 
 def opened(args: argparse.Namespace, project: Project | None, trace: Any) -> Panel:
-    """Opens the panel; `watch` and `monitor` wait for its port."""
+    """Opens the panel. `watch` and `monitor` wait until its port exists."""
     waits = args.command in ("watch", "monitor")
     reported = False
     while True:

@@ -9,12 +9,12 @@ class PanelError(Exception):
 
 
 class WrongArgument(PanelError, ValueError, TypeError):
-    """A request that cannot be sent: a value of the wrong kind or size, a missing id, a row that cannot be written."""
+    """The request cannot be sent: a value has the wrong kind or size, an id is missing, or a row cannot be written."""
 
 
 class NoAnswer(PanelError, TimeoutError):
-    """A request was not answered in time. `alive`: the panel answered a later request, so it refuses this one or does
-    not know it. A missing control is no reason: its reads are answered with an empty text, -1 or 0."""
+    """A request was not answered in time. `alive` is true if the panel answered a later request, so it refuses this one
+    or does not know it. A missing control is not the cause: its reads are answered with an empty text, -1 or 0."""
 
     def __init__(self, what: str, waited_s: float, tries: int, alive: bool) -> None:
         self.what, self.waited_s, self.tries, self.alive = what, waited_s, tries, alive
@@ -30,7 +30,7 @@ class Refused(PanelError):
 
 class NotTaken(PanelError):
     """The value read back differs from the one written: it is out of range, the control does not exist, or the panel's
-    program wrote its own."""
+    program has written another value."""
 
     def __init__(self, what: str, wrote: object, reads: object) -> None:
         self.what, self.wrote, self.reads = what, wrote, reads
@@ -38,7 +38,7 @@ class NotTaken(PanelError):
 
 
 class LineLost(PanelError, ConnectionError):
-    """The line is closed, or the device has gone away."""
+    """The line is closed, or the device has disappeared."""
 
 
 class UnknownName(PanelError, LookupError):

@@ -1,4 +1,4 @@
-"""Builds frames, and finds them in a byte stream. Independent of the line and of the rows."""
+"""Builds frames and finds them in a byte stream. It depends on neither the line nor the rows."""
 from __future__ import annotations
 
 import binascii
@@ -21,7 +21,7 @@ class Frame:
 
 @dataclass(frozen=True)
 class Noise:
-    """Bytes that are not part of a frame. `crc`: they form a frame with a wrong checksum."""
+    """Bytes outside any frame. `crc` is true if they form a frame with a wrong checksum."""
 
     raw: bytes
     crc: bool = False
@@ -31,12 +31,12 @@ Found = Union[Frame, Noise]
 
 
 def crc16(data: bytes) -> bytes:
-    """CRC-16/XMODEM, high byte first."""
+    """Returns the CRC-16/XMODEM, high byte first."""
     return binascii.crc_hqx(data, 0).to_bytes(2, "big")
 
 
 def build(op: int, payload: bytes, head: tuple[int, int] = (0x5A, 0xA5), crc: bool = False) -> bytes:
-    """Builds a frame. Raises WrongArgument for a payload that is too long."""
+    """Builds a frame. Raises WrongArgument if the payload is too long."""
     body = bytes([op]) + payload
     if crc:
         body += crc16(body)
@@ -47,7 +47,7 @@ def build(op: int, payload: bytes, head: tuple[int, int] = (0x5A, 0xA5), crc: bo
 
 
 class Parser:
-    """Takes bytes in pieces of any size and returns the frames in them. Never waits."""
+    """Accepts bytes in pieces of any size and returns the frames in them. Never blocks."""
 
     def __init__(self, head: tuple[int, int] = (0x5A, 0xA5), crc: bool = False) -> None:
         self.head = bytes(head)
@@ -59,8 +59,8 @@ class Parser:
         return self._take(False)
 
     def idle(self) -> list[Found]:
-        """Call this when the line has been silent: an incomplete frame was noise. Without this a false head would
-        swallow the answers after it."""
+        """Call this after a silence of the line: an incomplete frame was noise. Otherwise a false head would swallow
+        the answers that follow it."""
         return self._take(True)
 
     def _take(self, idle: bool) -> list[Found]:
@@ -86,7 +86,7 @@ class Parser:
         return out
 
     def _first(self) -> Frame | Noise | None:
-        """The frame at the start of the buffer, NO_FRAME, CRC_WRONG, or None while it may still become a frame."""
+        """Returns the frame at the start of the buffer, NO_FRAME, CRC_WRONG, or None while it may become a frame."""
         b = self._buffer
         if not self.head.startswith(b[:2]):
             return NO_FRAME
@@ -118,7 +118,7 @@ class Parser:
             return None
         if size < 128:
             return _Place(3, 4, 4 + size, 4 + size + more, 4 if size == 127 else 3)
-        # With 128 bytes the last byte is cut off: the terminating zero of the text, which only answers this long have.
+        # With 128 bytes the last byte is missing: the terminating zero of the text with which all answers this long end.
         return _Place(3, 5, 132, 132 + more, 4, b"\0") if b[4] == 0 else None
 
 

@@ -1,4 +1,4 @@
-"""The line: its settings, and a serial port as a stream for the panel class."""
+"""The line: its settings, and a serial port as a stream for the class Panel."""
 from __future__ import annotations
 
 from dataclasses import dataclass
@@ -30,18 +30,18 @@ class Stream(Protocol):
     """The interface of a byte stream."""
 
     def read(self) -> bytes:
-        """Returns received bytes, or none after waiting POLL_S. Raises OSError when the line is gone."""
+        """Returns received bytes, or b"" after waiting POLL_S. Raises OSError if the line is lost."""
 
     def write(self, data: bytes) -> None:
-        """Sends all bytes. Raises OSError when the line is gone."""
+        """Sends all bytes. Raises OSError if the line is lost."""
 
     def close(self) -> None:
-        """Called when no `read` is running any more."""
+        """Closes the stream. Called when no `read` is running."""
 
 
 class SerialStream:
     def __init__(self, device: str, settings: Settings) -> None:
-        """Raises LineLost, with the reason, when the port cannot be opened."""
+        """Opens a port. Raises LineLost, with the reason, if it cannot be opened."""
         import serial  # pyserial is needed only to open a port
 
         try:
@@ -56,7 +56,7 @@ class SerialStream:
 
     def write(self, data: bytes) -> None:
         self._port.write(data)
-        # No flush: it would wait in steps of the driver. Panel computes the transmission time itself.
+        # No flush, because it would wait in steps of the driver. Panel computes the transmission time itself.
 
     def close(self) -> None:
         self._port.close()

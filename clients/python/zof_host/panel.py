@@ -1,8 +1,8 @@
 """The host's side of a panel: reads and writes that are answered or fail clearly, and events that are never lost.
 
 One thread receives. It passes answers to the waiting requests, matched by row, ids and request fields, and puts
-everything else into a queue of events, so a read cannot consume a touch and a touch cannot pass for an answer. After a
-restart of the panel a second thread restores its settings.
+everything else into a queue of events, so a read cannot consume a touch and a touch cannot be mistaken for an answer.
+After a restart of the panel a second thread restores its settings.
 """
 from __future__ import annotations
 
@@ -29,7 +29,7 @@ IDLE_S = 0.2  # a silence of this length ends an incomplete frame
 REOPEN_S = 0.5  # between two attempts to reopen a lost line
 FRAME_BYTES = 4352  # longest frame that the panel accepts
 FLUSH_BYTES = 256  # makes the panel stop waiting for a frame announced by noise
-LAYERS = 3  # layers whose view can be read; that of the background cannot
+LAYERS = 3  # layers whose view can be read; the background layer is not among them
 REPORTS = 0x70  # flags of system.touch_config that enable touch reports
 READ_BACK_GIVES_OTHERS = {"system.rtc", "video.state", "button.state"}  # may read back a different value
 NEVER_CONFIRMED = {"system.reboot"}  # the panel restarts without an answer
@@ -43,7 +43,7 @@ class TouchState(enum.IntEnum):
 
 @dataclass(frozen=True)
 class Touch:
-    """A touch reported by the panel. `time`: its arrival, by time.monotonic()."""
+    """A touch reported by the panel. `time` is its arrival, by time.monotonic()."""
 
     state: TouchState
     x: int
@@ -53,14 +53,14 @@ class Touch:
 
 @dataclass(frozen=True)
 class PowerOn:
-    """The panel has started: its earlier state is lost."""
+    """The panel has started, and its earlier state is lost."""
 
     time: float = field(compare=False)
 
 
 @dataclass(frozen=True)
 class Restored:
-    """The settings written before the panel's restart have been written again. `settings`: their number."""
+    """The settings written before the panel's restart have been written again. `settings` is their number."""
 
     settings: int
     time: float = field(compare=False)
@@ -82,7 +82,7 @@ class LineBack:
 
 
 Event = Union[Touch, PowerOn, Restored, LineGone, LineBack]
-Trace = Callable[[float, bool, Found], None]  # time, from the panel, what
+Trace = Callable[[float, bool, Found], None]  # time, whether it came from the panel, frame or noise
 
 
 class _Waiter:
@@ -101,10 +101,10 @@ class Panel:
     def __init__(self, stream: Stream, settings: Settings = Settings(), *, timeout_ms: int = 1000, tries: int = 3,
                  project: Project | None = None, trace: Trace | None = None, restore: bool = True,
                  reopen: Callable[[], Stream] | None = None) -> None:
-        """`timeout_ms`: time-out of one try of a request. `tries`: how often a read is sent. `trace` is called with
-        every frame sent or received, on the thread that handles it. `restore`: keep the last value of each setting and
-        write it again when the panel has restarted. `reopen` returns a new stream when this one is lost; it raises
-        LineLost or OSError while the line cannot be opened."""
+        """Uses `stream` as the line. `timeout_ms` is the time-out of one try of a request, `tries` the number of times
+        that a read is sent. `trace` is called with every frame sent or received, on the thread that handles it. With
+        `restore`, the last value of each setting is kept and written again after a restart of the panel. `reopen`
+        returns a new stream after this one was lost; it raises LineLost or OSError while the line cannot be opened."""
         self.settings = settings
         self.project = project
         self.timeout_s = timeout_ms / 1000
@@ -118,9 +118,9 @@ class Panel:
         self._waiting: dict[tuple[int, bytes], deque[_Waiter]] = {}
         self._late: Counter[bytes] = Counter()  # answers no longer waited for, by key
         self._queued = self._executed = 0  # bytes sent to the panel's queue, and bytes executed from it
-        self._starts = 0  # starts of the panel since this object was created
+        self._starts = 0  # number of times that the panel has started since this object was created
         self._unconfirmed = 0  # writes not yet confirmed by a barrier
-        self._doubt = False  # some of them may be lost
+        self._doubt = False  # some of these writes may be lost
         self._kept: dict[bytes, tuple[Row[Any], bytes]] = {}  # by setting, in the order of the last writes
         self._restore = restore
         self._restoring = False
@@ -137,9 +137,9 @@ class Panel:
              queue_bytes: int | None = None, timeout_ms: int = 1000, tries: int = 3,
              project: Project | str | Path | None = None, trace: Trace | None = None, restore: bool = True,
              reopen: bool = True) -> Panel:
-        """Opens a panel on a serial port. Settings that are not given are taken from the project's `zofhmi.g`, without
-        a project from the defaults of `Settings`. A lost port is opened again when it returns, unless `reopen` is
-        false. Raises LineLost when the port cannot be opened now."""
+        """Opens a panel on a serial port. Settings that are not given are taken from the project's `zofhmi.g` or,
+        without a project, from the defaults of `Settings`. A lost port is reopened when it is available again, unless
+        `reopen` is false. Raises LineLost if the port cannot be opened now."""
         known = Project(project) if isinstance(project, (str, Path)) else project
         given = {"baud": baud, "head": head, "crc": crc, "queue_bytes": queue_bytes}
         changes: dict[str, Any] = {name: value for name, value in given.items() if value is not None}
@@ -174,12 +174,12 @@ class Panel:
 
     def write(self, row: Row[T], value: T | str, *, view: int | str | None = None, control: int | str | None = None,
               confirm: bool = True, **request: int | str) -> None:
-        """Sets a row. Returns when the panel has executed it, which the answer to a read after the write shows: of the
-        row itself if it can be read, otherwise of `view.size` or a system row. Raises Unsure when a doubt remains.
+        """Sets a row. Returns when the panel has executed the write, which the answer to a read after it proves: a read
+        of the row itself if possible, otherwise of `view.size` or a system row. Raises Unsure if a doubt remains.
         Without `confirm` it returns when the frame has been sent; `barrier` confirms all such writes together.
 
-        If the row is read back and the write did not arrive, it is repeated. A row that cannot be read is written only
-        once, because some of them count (`spin_box.count`, `system.tone`)."""
+        A row that can be read back is written again if the write did not arrive. Other rows are written only once,
+        because some of them count (`spin_box.count`, `system.tone`)."""
         if not row.writable:
             raise WrongArgument(f"{row.name} cannot be written")
         key, what = self._address(row, "write", view, control, request)
@@ -199,8 +199,7 @@ class Panel:
             self._write_unread(row, key, payload, what)
 
     def barrier(self) -> None:
-        """Returns when everything sent has been executed. Raises Unsure if some of the writes without `confirm` may be
-        lost."""
+        """Waits until everything sent has been executed. Raises Unsure if writes without `confirm` may be lost."""
         self._barrier()
         with self._lock:
             count, doubt = self._unconfirmed, self._doubt
@@ -215,20 +214,20 @@ class Panel:
             self._doubt = self._doubt or (self._unconfirmed > 0 and (tries > 1 or self._starts != starts))
 
     def event(self, timeout_s: float | None = None) -> Event | None:
-        """Returns the next event; None after the time-out, or when the panel is closed. Raises LineLost when the line
-        is gone."""
+        """Returns the next event, or None after the time-out or if the panel is closed. Raises LineLost if the line is
+        lost."""
         try:
             event = self._events.get(timeout=timeout_s)
         except queue.Empty:
             return None
         if event is None:
-            self._events.put(None)  # other waiting threads must see the end too
+            self._events.put(None)  # other waiting threads must see the end, too
             if self._lost and not self._closed:
                 raise LineLost(f"the line is gone: {self._lost}")
         return event
 
     def events(self) -> Iterator[Event]:
-        """Yields all events since opening, and waits for the next one. Ends when the panel is closed."""
+        """Yields all events since the panel was opened, waiting for each next one. Ends when the panel is closed."""
         while True:
             event = self.event()
             if event is None:
@@ -252,7 +251,7 @@ class Panel:
         return self.project
 
     def _number(self, name: str, value: int | str, view: int | None) -> int:
-        """The number of a request field; views, and controls of the same view, may be given by name."""
+        """Returns the number of a request field; views, and controls of the same view, may be given by name."""
         if not isinstance(value, str):
             return value
         if name.endswith("view"):
@@ -262,7 +261,7 @@ class Panel:
         return number
 
     def _views_named(self, row: Row[T], value: Any) -> T:
-        """Replaces names of views in a value by their ids."""
+        """Replaces the names of views in a value by their ids."""
         parts = list(value) if isinstance(value, tuple) else [value]
         for i, (name, kind) in enumerate(row.value[:len(parts)]):
             if isinstance(parts[i], str) and kind != "text" and name.endswith("view"):
@@ -276,7 +275,7 @@ class Panel:
             raise Refused(f"the panel refuses to {what}") from None
 
     def _ask(self, row: Row[Any], key: bytes, what: str) -> tuple[bytes, int]:
-        """Sends a read; returns its answer and the number of tries."""
+        """Sends a read. Returns its answer and the number of tries."""
         # A late answer must not be mistaken for an event, so such a read is not repeated.
         looks_like_event = row is rows.SYSTEM_TOUCH or row is rows.SYSTEM_REBOOT
         self._late_let_pass(row, key)
@@ -301,8 +300,8 @@ class Panel:
         raise NoAnswer(what, waited, tries, alive)
 
     def _late_let_pass(self, row: Row[Any], key: bytes) -> None:
-        """Late answers to earlier tries may still arrive with an old value. Reads another row first, whose answer comes
-        after all of them."""
+        """Waits until late answers to earlier tries, which may have an old value, can no longer arrive: the answer to a
+        read of another row comes after all of them."""
         with self._lock:
             late = self._late.pop(key, 0)
         if not late:
@@ -334,7 +333,7 @@ class Panel:
         raise NotTaken(what, value, now)
 
     def _write_view(self, payload: bytes, what: str, view: Any) -> None:
-        """Shows a view, and finds it on one of the layers: its file has the layer, but the host may not know the
+        """Shows a view and looks for it on the layers. Its file names the layer, but the host may not have the
         file."""
         here = [v.layer for v in self.project.views if v.id == view] if self.project else []
         layers = [layer for layer in here or range(LAYERS) if layer < LAYERS]
@@ -360,8 +359,8 @@ class Panel:
 
     def _write_once(self, row: Row[Any], key: bytes, payload: bytes, what: str, behind: Row[Any],
                     behind_key: bytes) -> tuple[bytes, int]:
-        """Returns the answer to the read after the write, and its number of tries. Requests of one kind are executed in
-        order, so an acknowledgement, if the panel sends one, has arrived by then."""
+        """Sends the write and then a read. Returns the answer to the read and its number of tries. Requests of one kind
+        are executed in order, so an acknowledgement, if the panel sends one, has arrived by then."""
         waiter = self._send_waiting(WRITE, WRITE, key, payload[len(key):], row)
         try:
             answer = self._ask(behind, behind_key, what)
@@ -372,7 +371,7 @@ class Panel:
         return answer
 
     def _restore_run(self) -> None:
-        """Writes all settings again, in the order of the last writes, until none of these writes can be lost."""
+        """Writes all settings again, in the order of their last writes, until none of them can have been lost."""
         try:
             while True:
                 with self._lock:
@@ -384,7 +383,7 @@ class Panel:
                     if starts == self._starts and repeats == self.counts["repeats"]:
                         self._restoring = False
                         break
-        except PanelError:  # the line or the panel is gone again; the next start restores
+        except PanelError:  # the line or the panel was lost again; the next start restores the settings
             with self._lock:
                 self._restoring = False
             return
@@ -404,8 +403,8 @@ class Panel:
         return build(op, payload, self.settings.head, self.settings.crc)
 
     def _make_room(self, size: int) -> None:
-        """A line without flow control cannot stop the host when the panel's queue is full. Counts the bytes in flight
-        and sends a barrier before they could exceed the queue."""
+        """Sends a barrier before the bytes in flight could exceed the panel's queue, because a line without flow
+        control cannot stop the host."""
         barrier = len(self._frame(READ, rows.VIEW_SIZE.code))
         if size + barrier > self.settings.queue_bytes or size > FRAME_BYTES:
             raise WrongArgument(f"a frame of {size} bytes is too long for the panel's queue of "
@@ -417,12 +416,12 @@ class Panel:
 
     def _send_waiting(self, op: int, answer_op: int, key: bytes, value: bytes, row: Row[Any],
                       repeats: _Waiter | None = None) -> _Waiter:
-        """Sends a request, after registering its waiter."""
+        """Registers a waiter and sends its request."""
         return self._send(op, key + value, row, _Waiter(answer_op, key), repeats)
 
     def _send(self, op: int, payload: bytes, row: Row[Any], waiter: _Waiter | None = None,
               repeats: _Waiter | None = None, again: bytes | None = None) -> _Waiter:
-        """`again`: the setting to restore after a restart; nothing is sent if it has been written since."""
+        """Sends a frame. `again` names a setting to restore; nothing is sent if it has been written since."""
         waiter = waiter or _Waiter(0, b"")
         frame = self._frame(op, payload)
         with self._sending:
@@ -433,7 +432,7 @@ class Panel:
                 if op == WRITE and self._restore:
                     self._keep(row, payload)
                 self._queued += 0 if row.system else len(frame)
-                # An answer to the second try may be that to the first, which proves only what was queued then.
+                # An answer to the second try may belong to the first, so it proves only what was queued then.
                 waiter.queued = repeats.queued if repeats else self._queued
                 if waiter.op:
                     self._waiting.setdefault((waiter.op, waiter.key), deque()).append(waiter)
@@ -458,7 +457,7 @@ class Panel:
             raise LineLost(f"the line is gone: {why}") from why
         self._out_at = max(self._out_at, time.monotonic()) + len(data) * self.settings.byte_s
 
-    # What comes in -------------------------------------------------------------------------------------------------
+    # Receiving -----------------------------------------------------------------------------------------------------
 
     def _wait(self, waiter: _Waiter) -> bool:
         waiter.done.wait(self.timeout_s + max(self._out_at - time.monotonic(), 0))
@@ -482,7 +481,7 @@ class Panel:
         while not self._closed:
             try:
                 self._read_stream()
-            except Exception as why:  # pyserial reports a port that went away in many ways
+            except Exception as why:  # pyserial reports a lost port in many ways
                 self._line_ends(why)
                 if self._closed or not self._reopen or not self._line_returns():
                     break
@@ -499,7 +498,7 @@ class Panel:
                 self._arrived(found, now)
 
     def _line_ends(self, why: Exception) -> None:
-        """Wakes all waiting requests; nothing is in flight any more."""
+        """Wakes all waiting requests, because nothing is in flight any longer."""
         with self._lock:
             self._lost = why
             for waiters in self._waiting.values():
@@ -510,7 +509,7 @@ class Panel:
             self._late.clear()
 
     def _line_returns(self) -> bool:
-        """Waits for the line; returns false if the panel is closed in the meantime."""
+        """Waits until the line can be reopened. Returns False if the panel is closed in the meantime."""
         assert self._reopen
         self._events.put(LineGone(str(self._lost), time.monotonic()))
         self._stream.close()

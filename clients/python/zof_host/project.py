@@ -1,4 +1,4 @@
-"""Reads ids by name and the line settings from a panel's project folder. Writes nothing."""
+"""Reads names, ids and line settings from a panel's project folder. It writes nothing."""
 from __future__ import annotations
 
 import json
@@ -31,8 +31,8 @@ class View(NamedTuple):
 
 class Project:
     def __init__(self, folder: str | Path) -> None:
-        """`folder` is the folder above `config`, the one above that (as `panel` above `panel/res/config`), or `config`
-        itself. Raises PanelError, with the file, when it is not a project."""
+        """Reads a project. `folder` contains `config` or `res/config`, or is `config` itself. Raises PanelError, which
+        names the file, if it is not a project."""
         config = _config(Path(folder))
         project = _load(config / "project" / "zofprj.g")
         link = config / "project" / "zofhmi.g"
@@ -43,7 +43,7 @@ class Project:
             raise PanelError(f"{folder}: a value in its project files is of the wrong kind: {why}") from None
 
     def ids(self, view: int | str | None, control: int | str | None) -> tuple[int | None, int | None]:
-        """Returns the ids of a view and of a control in it. Numbers are returned as they are, known or not."""
+        """Returns the ids of a view and a control in it. Numbers are returned unchanged and unchecked."""
         view_id = self.view_id(view) if isinstance(view, str) else view
         if not isinstance(control, str):
             return view_id, control
@@ -68,7 +68,7 @@ def _config(folder: Path) -> Path:
 
 
 def _lower(value: Any) -> Any:
-    """Lowers all keys, because the panel's keys are not case-sensitive."""
+    """Converts all keys to lower case, because the panel ignores their case."""
     if isinstance(value, dict):
         return {key.lower(): _lower(inner) for key, inner in value.items()}
     return [_lower(inner) for inner in value] if isinstance(value, list) else value

@@ -1,4 +1,4 @@
-"""A command row of the panel, and the encoding of its fields on the wire."""
+"""A command row of the panel and the encoding of its fields."""
 from __future__ import annotations
 
 import struct
@@ -10,13 +10,13 @@ from .errors import WrongArgument
 T = TypeVar("T")
 
 Field = Tuple[str, str]  # name and type, in wire order
-Plain = Union[int, str]  # what a field holds
+Plain = Union[int, str]  # value of a field
 
 _NUMBERS = {"u8": ">B", "s8": ">b", "u16": ">H", "s16": ">h", "u32": ">I", "s32": ">i"}
 
 
 def encode(fields: Iterable[Field], values: Iterable[Plain]) -> bytes:
-    """Encodes fields. Raises WrongArgument, with the field's name, for a value that does not fit."""
+    """Encodes fields. Raises WrongArgument, which names the field, if a value does not fit."""
     out = b""
     for (name, kind), value in zip(fields, values):
         if kind == "text":
@@ -34,12 +34,12 @@ def encode(fields: Iterable[Field], values: Iterable[Plain]) -> bytes:
 
 
 def size(fields: Iterable[Field]) -> int:
-    """Size in bytes of fields that are all numbers, such as addresses and request fields."""
+    """Returns the size in bytes of fields that are all numbers, such as addresses and request fields."""
     return sum(struct.calcsize(_NUMBERS[kind]) for _, kind in fields)
 
 
 def decode(fields: Iterable[Field], data: bytes) -> tuple[list[Plain], bytes]:
-    """Decodes fields; returns their values and the remaining bytes. Raises ValueError for incomplete fields."""
+    """Decodes fields. Returns their values and the remaining bytes. Raises ValueError if a field is incomplete."""
     values: list[Plain] = []
     for name, kind in fields:
         if kind == "text":
@@ -73,16 +73,16 @@ class Row(Generic[T]):
 
     @property
     def system(self) -> bool:
-        """True for rows executed on arrival; all others wait in the panel's queue."""
+        """Is true for rows that the panel executes on arrival; all others wait in its queue."""
         return self.code[0] == 0xB0
 
     @property
     def key_size(self) -> int:
-        """Size in bytes of everything before the value, which every answer repeats."""
+        """The size in bytes of everything before the value; every answer repeats these bytes."""
         return len(self.code) + size(self.address) + size(self.request)
 
     def key(self, view: int | None, control: int | None, request: Mapping[str, int]) -> bytes:
-        """Encodes code, ids and request fields. Raises WrongArgument for a missing or superfluous one."""
+        """Encodes code, ids and request fields. Raises WrongArgument if one is missing or superfluous."""
         given: dict[str, int] = {n: v for n, v in (("view", view), ("control", control)) if v is not None}
         for name in request:
             if name in given:
@@ -96,7 +96,7 @@ class Row(Generic[T]):
         return self.code + encode(wanted, [given[name] for name in names])
 
     def setting(self, payload: bytes) -> bytes | None:
-        """The part of a write's payload that identifies the setting, equal in all writes of it. None for an action."""
+        """Returns the part of a write's payload that identifies the setting, or None for an action."""
         return None if self.chooses is None else payload[:self.key_size + size(self.value[:self.chooses])]
 
     def encode_value(self, value: T) -> bytes:
@@ -106,7 +106,7 @@ class Row(Generic[T]):
         return encode(self.value, parts)
 
     def decode_value(self, data: bytes) -> T:
-        """Raises ValueError when the bytes are not exactly this row's value."""
+        """Decodes a value. Raises ValueError if the bytes are not exactly a value of this row."""
         values, rest = decode(self.value, data)
         if rest:
             raise ValueError(f"{len(rest)} bytes too many")

@@ -1,6 +1,7 @@
-"""Makes a font with exactly the given letters and icons; `zof font add` runs it. Arguments: the font, the file to write,
-the letters, the weight of a variable font or "", sizes "16,24" or "", the first free letter for icons (hexadecimal), and
-for each icon font its path and "NAME,NAME", or "NAME=U+E000" for icons that have a letter already. Prints JSON."""
+"""Makes a font with exactly the given letters and icons; `zof font add` runs it. Arguments: the font, the file to
+write, the letters, the weight of a variable font or "", sizes "16,24" or "", the first free letter for icons
+(hexadecimal), and for each icon font its path and "NAME,NAME", or "NAME=U+E000" for icons that have a letter already.
+Prints JSON."""
 import difflib
 import json
 import os
