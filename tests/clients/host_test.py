@@ -56,7 +56,7 @@ class Codec(unittest.TestCase):
                 self.assertTrue(words(frame, verb == "").startswith(f"{verb or 'answer'} {name}"))
         self.assertIn(build(READ, rows.VIEW_SIZE.code, crc=True).hex(" ").upper(), page)
 
-    def test_finds_frames_however_their_bytes_come(self) -> None:
+    def test_finds_frames_however_their_bytes_arrive(self) -> None:
         text = [rows.LABEL_TEXT.code + bytes([0, 1, 0, 5]) + b"t" * (n - 8) + b"\0" for n in (9, *range(124, 130), 300)]
         noise = b"\x5A\x00\xA5\x5A\x5A\xA5\x01\xFF"
         for crc in (False, True):
@@ -67,7 +67,7 @@ class Codec(unittest.TestCase):
                 self.assertEqual([f.payload for f in found if isinstance(f, Frame)], text)
                 self.assertEqual(b"".join(f.raw for f in found), stream)
 
-    def test_a_wrong_checksum_is_noise_and_a_false_head_swallows_nothing_behind_a_silence(self) -> None:
+    def test_a_wrong_checksum_is_noise_and_a_false_head_swallows_nothing_after_a_silence(self) -> None:
         parser = Parser(crc=True)
         good = build(READ, WIDTH, crc=True)
         for place in range(3, len(good)):
@@ -80,7 +80,7 @@ class Codec(unittest.TestCase):
         self.assertIn(TOUCH, [f.raw for f in parser.idle()])
 
 
-    def test_random_streams_lose_no_byte_and_no_frame_behind_a_silence(self) -> None:
+    def test_random_streams_lose_no_byte_and_no_frame_after_a_silence(self) -> None:
         seed = random.randrange(1 << 32)
         dice = random.Random(seed)
         for _ in range(300):
@@ -162,7 +162,7 @@ class Requests(unittest.TestCase):
             self.assertIsNone(panel.event(0))
             panel.close()
 
-    def test_a_read_is_repeated_and_then_says_what_was_asked_and_what_the_silence_means(self) -> None:
+    def test_a_read_is_repeated_and_then_reports_the_request_and_whether_the_panel_is_alive(self) -> None:
         panel, fake = self.panel(lambda frame: store()(frame) if len(fake.frames) > 2 else [])
         self.assertEqual(panel.read(rows.CONTROL_WIDTH, **self.AT), 0)
         self.assertEqual(len(fake.frames), 3)
@@ -174,7 +174,7 @@ class Requests(unittest.TestCase):
                 panel.read(rows.LABEL_TEXT, **self.AT)
             self.assertEqual(caught.exception.alive, why == "answers other requests")
 
-    def test_a_late_answer_is_no_event_and_a_read_that_looks_like_one_is_asked_once(self) -> None:
+    def test_a_late_answer_is_not_an_event_and_a_read_that_looks_like_one_is_sent_once(self) -> None:
         late: list[bytes] = []
 
         def slow(frame):
@@ -206,7 +206,7 @@ class Requests(unittest.TestCase):
         panel, _ = self.panel(store(SYSTEM_TOUCH_CONFIG=b"\x10"))
         self.assertRaisesRegex(PanelError, r"take events\(\)", panel.read, rows.SYSTEM_TOUCH)
 
-    def test_a_write_is_confirmed_by_what_is_answered_behind_it(self) -> None:
+    def test_a_write_is_confirmed_by_the_answer_after_it(self) -> None:
         for row, value, ids, behind in ((rows.SLIDER_VALUE, 42, self.AT, "slider.value"),
                                         (rows.LABEL_COLOR, 0xFF0000, self.AT, "view.size"),
                                         (rows.SYSTEM_BRIGHT, 80, {}, "system.standby_state"),
@@ -257,7 +257,7 @@ class Requests(unittest.TestCase):
         panel.write(rows.VIEW_DISPLAY, 7)
         self.assertRaisesRegex(NotTaken, "wrote 9, the panel has 1", panel.write, rows.VIEW_DISPLAY, 9)
 
-    def test_a_restarted_panel_is_set_again(self) -> None:
+    def test_a_restarted_panel_gets_its_settings_again(self) -> None:
         panel, fake = self.panel(store())
         for color in (1, 2):
             panel.write(rows.BUTTON_COLOR, rows.ButtonColor(0, color), **self.AT)
@@ -279,7 +279,7 @@ class Requests(unittest.TestCase):
         self.assertIsInstance(panel.event(5), PowerOn)
         self.assertIsNone(panel.event(0.1))
 
-    def test_a_line_that_was_lost_is_opened_again(self) -> None:
+    def test_a_lost_line_is_reopened(self) -> None:
         second = FakePanel(store())
         streams = [OSError("not yet"), second]
 
@@ -296,7 +296,7 @@ class Requests(unittest.TestCase):
         panel.write(rows.SLIDER_VALUE, 42, **self.AT)
         self.assertEqual(len(second.frames), 2)
 
-    def test_never_has_more_under_way_than_the_panels_queue_holds(self) -> None:
+    def test_never_has_more_in_flight_than_the_panels_queue_holds(self) -> None:
         panel, fake = self.panel(store())
         for _ in range(40):
             panel.write(rows.LABEL_TEXT, "x" * 90, **self.AT, confirm=False)
@@ -308,7 +308,7 @@ class Requests(unittest.TestCase):
         self.assertTrue(900 < worst <= 1024, worst)
         self.assertRaisesRegex(ValueError, "too long for the panel's queue", panel.write, rows.LABEL_TEXT, "x" * 1024, **self.AT)
 
-    def test_a_line_that_goes_ends_everyone_who_waits_and_closing_ends_the_events(self) -> None:
+    def test_a_lost_line_ends_all_waiting_requests_and_closing_ends_the_events(self) -> None:
         panel, _ = self.panel(lambda _: [OSError("unplugged")])
         self.assertRaisesRegex(LineLost, "unplugged", panel.read, rows.VIEW_SIZE)
         self.assertRaises(LineLost, panel.read, rows.VIEW_SIZE)
@@ -321,7 +321,7 @@ class Requests(unittest.TestCase):
 
 
 class CommandLine(unittest.TestCase):
-    def test_wrong_words_end_with_a_line_and_status_2(self) -> None:
+    def test_wrong_arguments_end_with_one_line_and_status_2(self) -> None:
         for args, status, said in (("list slider", 0, "slider.value"), ("get view.size", 2, "--port is missing"),
                                    ("--port /x get nothing", 2, "no row nothing"),
                                    ("--port /x get label.text 5", 2, "VIEW/CONTROL"),

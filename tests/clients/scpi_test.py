@@ -141,7 +141,7 @@ class Scpi(unittest.TestCase):
             self.assertTrue(client.read().startswith("zof,"))
             self.assertEqual([client.read(), client.read()], ["1999.0", ""])
 
-    def test_slow_reader_is_cut_off_and_hinders_nobody(self):
+    def test_slow_reader_is_cut_off_and_blocks_nobody(self):
         with Plain() as slow, Plain() as other:
             slow.socket.settimeout(0.2)
             blocked = False
@@ -171,7 +171,7 @@ class Scpi(unittest.TestCase):
                     return "connected" not in again.ask("*OPC?")
             until(served)
 
-    def test_client_that_vanishes_gives_the_panel_back(self):
+    def test_client_that_vanishes_releases_the_panel(self):
         with Plain() as other:
             gone = Plain()
             self.assertEqual(gone.ask("SYST:REM;:APPL 5,1;*OPC?"), "1")

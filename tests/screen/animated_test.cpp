@@ -73,7 +73,7 @@ TEST_CASE("a GIF is paused, resumed, restarted and changed, finished or not") {
     CHECK(after(zof_gif_set_src(at(1), "ever.gif"), 3) == "231");
 }
 
-TEST_CASE("a QR code encodes its text, and a text that does not fit shows none") {
+TEST_CASE("a QR code encodes its text, and a text that does not fit shows no code") {
     view_project_t project;
     const auto code = [](u32 id, s32 x, s32 side, const std::string &own) {
         return ctrl(ZOF_CTRL_QRCODE, id, R"("bg_color": 16777215, "color": 2113632)" + own, box(x, 10, 0, side));

@@ -28,7 +28,7 @@ TEST_CASE("a control that cannot be built is reported and left out, and the view
     CHECK(zof_ctrl_create(lv_scr_act(), at(5), at(5)->attr, 30) == -1); // above the table of types
 }
 
-TEST_CASE("a function that cannot use its handle says why, once for each call") {
+TEST_CASE("a function that cannot use its handle logs the reason, once per call") {
     view_project_t project;
     project.view(2, {ctrl(ZOF_CTRL_SLIDER, 4)});
     project.show({ctrl(ZOF_CTRL_LABEL, 8), ctrl(ZOF_CTRL_IMG, 9), ctrl(ZOF_CTRL_BTN, 10)});

@@ -99,7 +99,7 @@ TEST_CASE("a message box closes by itself, twice if requested twice, and opens a
     screen_step(100);
 }
 
-TEST_CASE("a text box takes from a text what it accepts, in every mode") {
+TEST_CASE("a text box keeps only the characters that it accepts, in every mode") {
     const struct {
         const char *keys, *given, *has;
     } rows[] = {
@@ -170,7 +170,7 @@ static void type(const std::vector<std::string> &keys, u32 keyboard = 3, u32 vie
     }
 }
 
-TEST_CASE("keyboards are where their file says, type into their text box, and forget it when it is deleted") {
+TEST_CASE("keyboards are placed as their file says, type into their text box, and forget it when it is deleted") {
     view_project_t project;
     typing(project, R"("keyboard_spell": true, "mode": 3, "popovers": true)");
     para_t *keyboard = at(3), *other = at(4);

@@ -53,7 +53,7 @@ static int end_of(view_project_t &project, u32 n, u32 *count) {
     return status;
 }
 
-TEST_CASE("an allocation that fails at the start or while a view is loaded ends no process by a signal") {
+TEST_CASE("a failed allocation at the start or while a view is loaded never ends the process by a signal") {
     enum { EARLY = 100 }; // each of the first, on which the others depend; ZOF_FAILURES of the rest
     const char *given = getenv("ZOF_FAILURES");
     const u32 failures = EARLY + (given ? (u32)strtoul(given, nullptr, 0) : 100);

@@ -152,7 +152,7 @@ TEST_CASE("keys: arrows move the ring over exactly the controls that a finger ca
     CHECK(ring().empty());
 }
 
-TEST_CASE("keys: Enter is a finger on the control in the ring: it clicks, holds, and turns off when it lands") {
+TEST_CASE("keys: Enter presses the control in the ring as a finger does: it clicks, holds, and turns off at once") {
     open_rails();
     row_tap(7);
     output_on(5000, 100);

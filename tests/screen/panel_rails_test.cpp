@@ -223,7 +223,7 @@ TEST_CASE("rails: with the output on, a higher voltage is sent only by a hold of
     CHECK(sent() == reports{{REG_RAIL_SELECT, 10}});
 }
 
-TEST_CASE("rails: a box that turns on what is applied says so, and wants a hold for a high voltage") {
+TEST_CASE("rails: if applying turns the output on, the page says so and requires a hold for a high voltage") {
     open_rails();
     board_write(REG_AUTO_ARM, {1});
     row_tap(2);
@@ -235,7 +235,7 @@ TEST_CASE("rails: a box that turns on what is applied says so, and wants a hold 
     CHECK(shown(VIEW2_LABEL84_ID) == "Use 3.30 V");
 }
 
-TEST_CASE("rails: a list that is not whole shows no row, and the same list again changes nothing") {
+TEST_CASE("rails: an incomplete list shows no row, and the same list again changes nothing") {
     open_rails();
     row_tap(7);
     type_value(VOLTS_Y, "12");
@@ -260,7 +260,7 @@ TEST_CASE("rails: a list that is not whole shows no row, and the same list again
     CHECK(shown(VIEW2_TRAY_WORDS_ID).starts_with("Last list."));
 }
 
-TEST_CASE("rails: presets open in the tray as if typed, and take what it shows when they are held") {
+TEST_CASE("rails: presets open in the tray as if typed, and store what it shows when they are held") {
     temp_project_t state;
     open_rails(state.folder.c_str());
     screen_press(643, 164);
@@ -304,7 +304,7 @@ TEST_CASE("rails: presets open in the tray as if typed, and take what it shows w
     CHECK(shown(VIEW2_LABEL84_ID) == "Select a rail");
 }
 
-TEST_CASE("rails: whatever is touched, only what the screen shows is sent, on the grid, and higher only by a hold") {
+TEST_CASE("rails: whatever is touched, only displayed values on the grid are sent, and higher ones only by a hold") {
     open_rails();
     presets_fill();
     board box;

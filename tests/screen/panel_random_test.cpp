@@ -173,7 +173,7 @@ static void act() {
     pass(pick(700));
 }
 
-TEST_CASE("panel: whatever a finger does on a bad line, the screen and what is sent agree") {
+TEST_CASE("panel: whatever a finger does on a bad line, the screen and the sent values agree") {
     const char *seeds = getenv("ZOF_SEEDS");
     const char *alone = getenv("ZOF_SEED");
     const u32 first = alone ? (u32)atoi(alone) : 0;

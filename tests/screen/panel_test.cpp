@@ -2,7 +2,7 @@
 #include "temp_project.h"
 #include "ui/keep.h"
 
-TEST_CASE("panel: the start says what it looks for, then why there is no box") {
+TEST_CASE("panel: at the start it shows what it looks for, then why there is no box") {
     panel_open();
     panel_port(BENCH_PORT_LOOKING);
     CHECK(screen_is_golden("output_start"));
@@ -63,7 +63,7 @@ TEST_CASE("panel: the output's page shows what the board reports, in every state
     CHECK(!bench.remote[0]);
 }
 
-TEST_CASE("panel: old readings fade, become dashes, and come back at once, but the toggle waits for the state") {
+TEST_CASE("panel: old readings fade, become dashes, and return at once, but the toggle waits for the state") {
     open_running();
     screen_step(1100);
     CHECK(screen_is_golden("output_late"));
@@ -94,7 +94,7 @@ TEST_CASE("panel: old readings fade, become dashes, and come back at once, but t
     }
 }
 
-TEST_CASE("panel: off acts when the finger lands, on when it lifts inside, and a higher voltage is held") {
+TEST_CASE("panel: off acts when the finger lands, on when it lifts inside, and a higher voltage needs a hold") {
     panel_open();
     board_ready();
     screen_click(541, 300); // a corner of its box, outside of the disc
@@ -145,7 +145,7 @@ TEST_CASE("panel: off acts when the finger lands, on when it lifts inside, and a
     CHECK(sent().empty()); // once
 }
 
-TEST_CASE("panel: the output's tab locks all but off when it is held for a second") {
+TEST_CASE("panel: holding the Output tab for a second locks everything except off") {
     open_running();
     screen_press(80, 456);
     live(900);
@@ -192,7 +192,7 @@ TEST_CASE("panel: the strip shows the live output on every page, and turns it of
     }
 }
 
-TEST_CASE("panel: settings are shown as the box says, and sent as they change") {
+TEST_CASE("panel: settings are shown as the box reports them, and sent when they change") {
     open_running();
     for (const auto &[pct, level] : std::vector<std::pair<u16, u32>>{{10, 9}, {100, 99}}) {
         board_write(REG_BRIGHT, {pct});
@@ -305,7 +305,7 @@ TEST_CASE("panel: no English word is left on a running panel in German") {
     CHECK(text_of(1, VIEW1_LABEL7_ID) == "Hold for\n48.00 V");
 }
 
-TEST_CASE("panel: its own settings are kept over a restart, and a damaged file does no harm") {
+TEST_CASE("panel: its own settings survive a restart, and a damaged file does no harm") {
     temp_project_t state;
     const std::string file = state.folder + "zof_bench/settings";
     panel_open(state.folder.c_str());
@@ -331,7 +331,7 @@ TEST_CASE("panel: its own settings are kept over a restart, and a damaged file d
     CHECK(!bench.hold_off);
 }
 
-TEST_CASE("panel: a second finger counts for off alone") {
+TEST_CASE("panel: a second finger counts only for off") {
     open_running();
     go_to(4);
     running();

@@ -32,7 +32,7 @@ TEST_CASE("rails: steps act when the finger lands, repeat, grow faster, and stop
     CHECK((sent().empty() && zof_view_get_cur_id(ZOF_LAYER_UI) == 2));
 }
 
-TEST_CASE("rails: a slider moves only by its knob, by as much as the finger, in coarse steps to both ends") {
+TEST_CASE("rails: a slider moves only by its knob, as far as the finger, in coarse steps to both ends") {
     open_rails();
     row_tap(7);
     for (s32 x = SLIDE_X + 26; x < SLIDE_X + SLIDE_W + 16; x += 12) {
@@ -126,7 +126,7 @@ TEST_CASE("rails: every value of a PPS and of an AVS rail is reached by steps or
     }
 }
 
-TEST_CASE("rails: the keypad takes numbers as they are typed, and refuses what the rail cannot give") {
+TEST_CASE("rails: the keypad accepts numbers as typed, and refuses values that the rail cannot supply") {
     open_rails();
     row_tap(7);
     static const struct {

@@ -168,7 +168,7 @@ TEST_CASE("trend: a recording shows its time and file on all pages, and a full d
     CHECK(screen_is_golden("trend_recording_no_box"));
 }
 
-TEST_CASE("trend: a scale grows at once, and shrinks when a smaller one has done for ten seconds") {
+TEST_CASE("trend: a scale grows at once, and shrinks after a smaller one has sufficed for ten seconds") {
     open_trend();
     screen_click(60, 396);
     const auto top = [](std::initializer_list<u32> ids) {
@@ -195,7 +195,7 @@ TEST_CASE("trend: a scale grows at once, and shrinks when a smaller one has done
     CHECK(low() == "15 W");
 }
 
-TEST_CASE("trend: a recording is shown with its times of day, and nothing of the box is mixed with it") {
+TEST_CASE("trend: an imported recording is shown with its times of day, without any data from the box") {
     temp_project_t folder;
     std::string text = "Time,Voltage (V),Current (A),Set voltage (V),Set current (A)\r\n";
     for (u32 s = 0; s < 3000; s++) {

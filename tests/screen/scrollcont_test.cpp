@@ -117,7 +117,7 @@ TEST_CASE("items sink, shrink and fade by their distance") {
     }
 }
 
-TEST_CASE("wheels that are wrong or unfinished do no harm") {
+TEST_CASE("invalid or incomplete wheels do no harm") {
     view_project_t project;
     std::vector<std::string> controls = wheel_of({5, 3, false}, 1);
     controls.push_back(
@@ -131,7 +131,7 @@ TEST_CASE("wheels that are wrong or unfinished do no harm") {
     CHECK(scroll_inf(at(WHEEL)) == 0); // an explicit call reorders it all the same
 }
 
-TEST_CASE("a wheel that comes back with its view is where it was left") {
+TEST_CASE("a wheel that returns with its view is where it was left") {
     view_project_t project;
     const wheel_sort sort = {5, 3, false, R"(, "opa_mode": 1)"};
     project.view(2, {});

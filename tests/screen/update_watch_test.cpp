@@ -102,7 +102,7 @@ TEST_CASE("a card's data is copied without a count, and the screen ends with the
     CHECK(file_text(disk + "D/a") == "new");
 }
 
-TEST_CASE("an update of which every name is skipped ends with the result") {
+TEST_CASE("an update whose names are all skipped ends with the result") {
     temp_project_t project;
     renew(&project, "U/zof_update/.hidden");
     CHECK(contains(shown(), "100|upgraded,success 0 , fail 0,pls restart power"));

@@ -75,7 +75,7 @@ TEST_CASE("a window of any size shows the picture as large as fits, by areas, an
     }
 }
 
-TEST_CASE("presses land where they look in windows of other sizes, and in the black they are nothing") {
+TEST_CASE("presses land where they appear in windows of other sizes, and are ignored on the black border") {
     const auto left = [](u32 type, s32 x, s32 y) { return mouse(type, SDL_BUTTON_LEFT, x, y); };
     const struct {
         s32 w, h;
@@ -164,7 +164,7 @@ static void key(SDL_Keycode code, u32 type, u8 repeat = 0) {
     push(e);
 }
 
-TEST_CASE("a held key is one press, and F11 is full screen and reaches no application") {
+TEST_CASE("a held key is one press, and F11 switches full screen and reaches no application") {
     static std::string keys;
     screen_open(200, 100);
     zof_drv_win_key_irq_reg([](zof_win_key_param_t *param, u32 code) {
@@ -240,7 +240,7 @@ static std::pair<s32, s32> window_size() {
     return {w, h};
 }
 
-TEST_CASE("the window opens as it was left, and its full screen is not remembered") {
+TEST_CASE("the window opens as it was left, but full screen is not remembered") {
     temp_project_t folder;
     setenv("ZOF_STATE", folder.path("state/deep").c_str(), 1);
     const std::string file = folder.path("state/deep/window-");
@@ -283,7 +283,7 @@ TEST_CASE("the window opens as it was left, and its full screen is not remembere
     CHECK((w <= room.w && h <= room.h));
 }
 
-TEST_CASE("what is kept goes to the user's folder of states") {
+TEST_CASE("the window's state is kept in the user's state folder") {
     const struct {
         const char *state, *xdg, *home, *path;
     } rows[] = {{"/s", "/x", "/h", "/s/f"},

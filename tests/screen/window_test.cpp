@@ -62,7 +62,7 @@ TEST_CASE("mouse and finger reach the input device") {
     CHECK(data.state == LV_INDEV_STATE_PRESSED);
 }
 
-TEST_CASE("a press whose release may never come is no click, and other events of the window do not end it") {
+TEST_CASE("a press whose release may never come is not a click, and other events of the window do not end it") {
     const struct {
         u8 event;
         bool ends;

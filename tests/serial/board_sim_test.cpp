@@ -86,7 +86,7 @@ TEST_CASE("board: what the panel reports is limited by the registers' rows, stor
     CHECK(s.regs.count(REG_RAIL_SELECT) == 0); // kept in the file, but not the board's to write
 }
 
-TEST_CASE("board: settings are saved beside no other file, and what a killed board left is removed") {
+TEST_CASE("board: saving settings overwrites no other file, and leftovers of a killed board are removed") {
     temp_project_t folder;
     const std::string state = folder.path("state"), own = state + "." + std::to_string(getpid()) + "-0.new";
     folder.write("state", "brightness = 70000\nauto_arm = 1\n\nlast_rail = 3\n");
@@ -153,7 +153,7 @@ TEST_CASE("board: the trace shows no frame that was not sent") {
     CHECK(!contains(board_sim("--trace --seconds 0.3 --fault mute"), "board > panel"));
 }
 
-TEST_CASE("a pseudo-terminal that ended is not opened again by its number") {
+TEST_CASE("a pseudo-terminal that was closed is not reopened by its number") {
     wire near, far;
     REQUIRE(wire_plug(far));
     near.tty = far.slave_name;

@@ -289,7 +289,7 @@ TEST_CASE("host controls: every write has its effect on its control, and is ackn
     }
 }
 
-TEST_CASE("host controls: every read returns what the control has") {
+TEST_CASE("host controls: every read returns the control's value") {
     panel p;
     controls_up(p);
     for (const read_row &row : reads) {
@@ -328,7 +328,7 @@ TEST_CASE("host controls: the sweep covers every row of the command tables") {
     }
 }
 
-TEST_CASE("host controls: an invalid selector, a missing control and one of another type change nothing") {
+TEST_CASE("host controls: an invalid selector, a missing control and a control of another type change nothing") {
     panel p;
     controls_up(p);
     for (const bytes &payload : {command(PUB, LABEL, {0x00, 2}), command(PUB, LABEL, {0x06, 2}),

@@ -106,7 +106,7 @@ TEST_CASE("host link: a frame cut anywhere is joined with its rest, in both form
     zof_clock_set(nullptr);
 }
 
-TEST_CASE("host link: the same with a CRC, and a frame whose CRC is wrong is noise") {
+TEST_CASE("host link: the same holds with a CRC, and a frame with a wrong CRC is noise") {
     panel p;
     panel_up(p, R"(, "crc_en": 1)");
     cuts_and_noise(p, true);
@@ -173,7 +173,7 @@ TEST_CASE("host link: every view command is written and read through the line, a
     silent(p);
 }
 
-TEST_CASE("host link: system and control commands at once, on their two threads, leave the panel whole") {
+TEST_CASE("host link: simultaneous system and control commands on their two threads leave the panel consistent") {
     panel p;
     panel_up(p, R"(, "resend_en": 1)", R"(, "hw_t": {"touch_t": {"th_en": 112}})");
     const bytes payloads[] = {{0xB0, 0x02, 40},

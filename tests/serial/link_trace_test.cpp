@@ -35,7 +35,7 @@ static void receive(bytes data) {
     recive_data_handle(data.data(), (u32)data.size());
 }
 
-TEST_CASE("trace: it has every frame in both directions in words, and the bytes that belong to none") {
+TEST_CASE("trace: it has every frame of both directions in words, and the bytes outside frames") {
     temp_project_t folder;
     clocks_up();
     register_line_open(line_send);
@@ -69,7 +69,7 @@ TEST_CASE("trace: it has every frame in both directions in words, and the bytes 
     CHECK((g_link.frames == 2 && g_link.skipped == 3 + 1 + 2 + 8 + 65));
 }
 
-TEST_CASE("trace: what is not a regular file is refused, and a full disk ends the trace with one line") {
+TEST_CASE("trace: anything but a regular file is refused, and a full disk ends the trace with one line") {
     temp_project_t folder;
     clocks_up();
     folder.write("mine", "mine");

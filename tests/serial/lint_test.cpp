@@ -105,7 +105,7 @@ static std::string findings_of(const temp_project_t &project) {
     return out;
 }
 
-TEST_CASE("each fault that a reviewer would see is found once, and nothing that is meant to be so") {
+TEST_CASE("each fault that a reviewer would see is found once, and intended designs are not reported") {
     temp_project_t project;
     project_write(project);
     std::string expected;

@@ -218,7 +218,7 @@ TEST_CASE("a player never changes the project, and draws the same each time") {
     CHECK(listing(project.top) == before);
 }
 
-TEST_CASE("a fresh player takes over what the one before showed, and what a host wrote to it") {
+TEST_CASE("a new player takes over what the previous one showed, and what a host wrote to it") {
     temp_project_t project;
     project_write(project);
     project.write(

@@ -138,7 +138,7 @@ TEST_CASE("port: what a line sent before it was lost is never delivered after th
     }
 }
 
-TEST_CASE("port: the panel's first word on a line may be off, and the halves of a frame on two lines are not joined") {
+TEST_CASE("port: the panel's first frame on a line may be off, and halves of a frame on two lines are not joined") {
     temp_project_t folder;
     serial_pty pty;
     pty.line.link = folder.path("line");
@@ -170,7 +170,7 @@ TEST_CASE("port: the panel's first word on a line may be off, and the halves of 
     CHECK((zof_reg_get(100) == 5 && g_link.skipped == cut.size()));
 }
 
-TEST_CASE("port: one that is held or forbidden says by whom, and is taken as soon as that ends") {
+TEST_CASE("port: a held or forbidden port is reported with its holder or group, and opened as soon as possible") {
     temp_project_t folder;
     serial_pty pty;
     REQUIRE(wire_plug(pty.line));
@@ -205,7 +205,8 @@ TEST_CASE("port: one that is held or forbidden says by whom, and is taken as soo
     CHECK((info().state == UART_STATE_GONE && info().opened == 1));
 }
 
-TEST_CASE("port: it is moved to another path at once, and a path that is no serial line is said and left alone") {
+TEST_CASE(
+    "port: it can be moved to another path at once, and a path that is not a serial line is reported and left alone") {
     temp_project_t folder;
     serial_pty first, second;
     REQUIRE((wire_plug(first.line) && wire_plug(second.line)));
@@ -242,7 +243,7 @@ TEST_CASE("port: it is moved to another path at once, and a path that is no seri
     CHECK(becomes(UART_STATE_NOT_SOUGHT));
 }
 
-TEST_CASE("port: the list has the lines of the system with their adapters, and nothing else") {
+TEST_CASE("port: the list has the system's serial lines with their adapters, and nothing else") {
     temp_project_t folder;
     serial_pty lines[4];
     const std::string sys = folder.path("sys"), dev = folder.path("dev");

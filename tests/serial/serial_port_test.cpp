@@ -216,7 +216,7 @@ TEST_CASE("serial: a long send is sent whole as long as the line accepts bytes, 
     far_end.join();
 }
 
-TEST_CASE("serial: a client that is blocked for long loses what it has no room for, and the next bytes arrive") {
+TEST_CASE("serial: a client that is blocked for long loses bytes that find no room, and later ones arrive") {
     serial_pty pty;
     open_port(pty, 42);
     const auto burst = [&](u32 held_ms) {

@@ -1,7 +1,7 @@
 // The model of the panel without its pages: what it sends, and what it takes for known.
 #include "bench_fixture.h"
 
-TEST_CASE("bench: readings grow late after a second and are not known after two, and then all is asked for again") {
+TEST_CASE("bench: readings are late after one second and unknown after two, and then everything is requested again") {
     start();
     CHECK(bench_age() == BENCH_LIVE);
     pass(1000);
@@ -23,7 +23,7 @@ TEST_CASE("bench: readings grow late after a second and are not known after two,
     CHECK(said() == reports{{REG_SETTINGS_REQUEST, 1}, {REG_RAIL_REQUEST, 1}});
 }
 
-TEST_CASE("bench: off is sent at every press while the output is on or not known, and on never right after it") {
+TEST_CASE("bench: every press sends off while the output is on or unknown, and on is never sent right after off") {
     start();
     CHECK((bench_toggle() == BENCH_TOGGLE_OFF && !bench_toggle_down()));
     CHECK(bench_turn_on(false));
@@ -68,7 +68,7 @@ TEST_CASE("bench: unconfirmed off is the first thing sent when a port opens") {
     CHECK(said() == reports{{REG_SETTINGS_REQUEST, 1}, {REG_RAIL_REQUEST, 1}});
 }
 
-TEST_CASE("bench: turning on at more than the last time needs a hold, and so does a set voltage that is not known") {
+TEST_CASE("bench: turning on at more than the last voltage needs a hold, and so does an unknown set voltage") {
     start();
     applied({4, 20000, 5000});
     CHECK((bench_toggle() == BENCH_TOGGLE_HOLD && !bench_turn_on(false) && said().empty()));
@@ -100,7 +100,7 @@ TEST_CASE(
     CHECK(bench_toggle() == BENCH_TOGGLE_HOLD); // the device never saw more than 5 V
 }
 
-TEST_CASE("bench: a garbled rail changes nothing, and the rail is asked for again every ten seconds at most") {
+TEST_CASE("bench: a garbled rail changes nothing, and the rail is requested again at most every ten seconds") {
     start();
     applied({7, 12000, 1000});
     live(BENCH_PAUSE_MS, 0, 0);
@@ -166,7 +166,7 @@ TEST_CASE("bench: with the output on, a voltage above the set one is applied onl
     CHECK((bench_apply_how({5, 5020, 1000}) == BENCH_APPLY_HOLD && !bench_apply({5, 5020, 1000}, true)));
 }
 
-TEST_CASE("bench: what was applied counts as set when the box names its rail, and the next time it opens there") {
+TEST_CASE("bench: applied values count as set when the box reports their rail, and the rail opens with them later") {
     start();
     CHECK((bench_rail_open(7).mv == 3300 && bench_rail_open(7).ma == 1000));
     REQUIRE(bench_apply({7, 12000, 1500}, false));
@@ -186,7 +186,7 @@ TEST_CASE("bench: what was applied counts as set when the box names its rail, an
     CHECK(bench_apply_how({7, 5000, 1000}) == BENCH_APPLY_CLICK);
 }
 
-TEST_CASE("bench: a table that is not whole or not sane is asked for again, three times a second apart") {
+TEST_CASE("bench: an incomplete or implausible table is requested again, three times one second apart") {
     start();
     bench_rails_ask();
     CHECK(said() == reports{{REG_RAIL_REQUEST, 1}});
@@ -223,7 +223,7 @@ TEST_CASE("bench: a table that is not whole or not sane is asked for again, thre
     CHECK((bench.rails.changes == changes + 1 && bench_rail_usable(12)));
 }
 
-TEST_CASE("bench: the current limit shows after 0.3 s, does not flicker, and never on a fixed rail") {
+TEST_CASE("bench: the current limit shows after 0.3 s, does not flicker, and never shows on a fixed rail") {
     start();
     applied({7, 12000, 1000});
     bench_take(REG_OUT_STATE, 1);
@@ -242,7 +242,7 @@ TEST_CASE("bench: the current limit shows after 0.3 s, does not flicker, and nev
     CHECK(!bench.limit);
 }
 
-TEST_CASE("bench: readings for the eye are a mean of 0.3 s, and a step shows at once") {
+TEST_CASE("bench: displayed readings are averaged over 0.3 s, and a step shows at once") {
     start();
     u16 mv, ma, dw;
     live(500, 12004, 1000);
@@ -254,7 +254,7 @@ TEST_CASE("bench: readings for the eye are a mean of 0.3 s, and a step shows at 
     CHECK(mv == 5000);
 }
 
-TEST_CASE("bench: a reset of the session can be taken back, also if the box never got it") {
+TEST_CASE("bench: a reset of the session can be undone, even if the box never received it") {
     start();
     u64 mwh;
     for (const bool taken : {true, false}) {

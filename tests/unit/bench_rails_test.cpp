@@ -15,7 +15,7 @@ static std::vector<u16> values_of(grid_t grid) {
     return out;
 }
 
-TEST_CASE("grid: steps reach every value of every rail and no other, and the gate takes exactly these") {
+TEST_CASE("grid: steps reach every value of every rail and no other, and the gate accepts exactly these") {
     std::vector<prof_t> rails = board_default_rails();
     rails.resize(10);
     rails.push_back({RAIL_PPS, 3310, 5990, 4870}); // ends off the grid
@@ -58,7 +58,7 @@ TEST_CASE("grid: steps reach every value of every rail and no other, and the gat
     CHECK((!grid_rail_valid(&nothing_to_set) && !grid_rail_valid(&no_current)));
 }
 
-TEST_CASE("grid: neighbours enclose any value, and a slider stops at both ends and at whole tenths between") {
+TEST_CASE("grid: neighbours enclose any value, and a slider stops at both ends and at whole tenths between them") {
     const grid_t grid = {3310, 5990, 20};
     for (u32 v = 3000; v < 6100; v++) {
         const u16 below = grid_below(grid, v), above = grid_above(grid, v), near = grid_coarse(grid, v, GRID_COARSE_MV);
@@ -92,7 +92,7 @@ TEST_CASE("bench: a rail opens at its lowest voltage with the current last used 
     CHECK(bench_rail_open(7).ma == 1000); // since the start
 }
 
-TEST_CASE("bench: what a box may have taken without saying so does not make a higher voltage look lower") {
+TEST_CASE("bench: an unconfirmed request that the box may have executed does not make a higher voltage look lower") {
     start();
     applied({7, 12000, 1000});
     bench_take(REG_OUT_STATE, 1);
@@ -125,7 +125,7 @@ TEST_CASE("bench: a box that may turn its output on when a rail is applied needs
     CHECK((bench_apply_how({2, 12000, 5000}) == BENCH_APPLY_HOLD && bench_apply_turns_on()));
 }
 
-TEST_CASE("bench: another list takes away what was set by the old one, also while it is applied") {
+TEST_CASE("bench: a new list discards what was set by the old one, even while it is being applied") {
     start();
     applied({7, 12000, 1000});
     std::vector<prof_t> rails = board_default_rails();
@@ -161,7 +161,7 @@ static bool one_of(const prof_t &rail, const std::vector<prof_t> &rails) {
     return std::any_of(rails.begin(), rails.end(), [&](const prof_t &r) { return memcmp(&r, &rail, sizeof(r)) == 0; });
 }
 
-TEST_CASE("bench: a line that loses bytes never makes a rail that the board did not send") {
+TEST_CASE("bench: a line that loses bytes never produces a rail that the board did not send") {
     start();
     u32 shown = 0, again = 0;
     for (u32 seed = 1; seed <= 3000; seed++) {
@@ -195,7 +195,7 @@ TEST_CASE("bench: a line that loses bytes never makes a rail that the board did 
     CHECK((shown > 1000 && again > 1000));
 }
 
-TEST_CASE("bench: a second answer does not complete one that was cut") {
+TEST_CASE("bench: a second answer does not complete an incomplete first one") {
     start();
     bench_rails_ask();
     const std::vector<u16> old = {RAIL_FIX, 5000, 5000, 5000}, next = {RAIL_FIX, 9000, 9000, 3000};
@@ -210,7 +210,7 @@ TEST_CASE("bench: a second answer does not complete one that was cut") {
     CHECK(bench.rails.state == BENCH_RAILS_AGAIN);
 }
 
-TEST_CASE("preset: keeps a rail by its numbers, and its text brings back exactly what was stored") {
+TEST_CASE("preset: a preset identifies its rail by values, and its text form restores exactly what was stored") {
     start();
     REQUIRE(bench_preset_store(0, {7, 12000, 1000}));
     REQUIRE(bench_preset_store(1, {10, 48000, 5000}));

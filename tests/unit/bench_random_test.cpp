@@ -120,7 +120,7 @@ static void step() {
     pass(pick(600));
 }
 
-TEST_CASE("bench: ten thousand random sessions on a bad line never send what was not meant, shown and safe") {
+TEST_CASE("bench: ten thousand random sessions on a bad line send only what was intended, shown and safe") {
     static constexpr zof_clock_t clock = {[] { return clock_ms; }, [](u32) {}};
     static constexpr zof_hw_client_t client = {bench_take, bench_take_word, bench_tick};
     zof_clock_set(&clock);

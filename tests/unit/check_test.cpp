@@ -305,7 +305,7 @@ static const struct {
     {"config/veiw/two.g", "", "{}", "config/veiw:1:1: warning: this folder is not read; did you mean view? [folder]"},
 };
 
-TEST_CASE("links out of the project, in a circle and to nothing are reported once, and so is what is not a file") {
+TEST_CASE("links that leave the project, form a circle or lead nowhere are reported once, and so are irregular files") {
     lv_init();
     static const char cut[] = ":1:1: error: a link that leads out of the project; it is not opened [file-name]";
     const struct {
@@ -338,7 +338,7 @@ TEST_CASE("links out of the project, in a circle and to nothing are reported onc
     }
 }
 
-TEST_CASE("a folder without a project file that can be read is refused with the reason") {
+TEST_CASE("a folder without a readable project file is refused with the reason") {
     temp_project_t project;
     char found[500];
     std::filesystem::remove_all(project.path("config"));
@@ -358,7 +358,7 @@ TEST_CASE("a folder without a project file that can be read is refused with the 
     }
 }
 
-TEST_CASE("findings that zof-check.ignore names with a reason are left out") {
+TEST_CASE("findings that zof-check.ignore lists with a reason are omitted") {
     lv_init();
     for (const char *place : {"controls[1].property.txt", "controls[1]*", "*"}) {
         temp_project_t project;

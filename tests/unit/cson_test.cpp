@@ -238,7 +238,7 @@ TEST_CASE("arrays with an incomplete row fail cleanly") {
     }
 }
 
-TEST_CASE("the JSON library is reached through its table alone") {
+TEST_CASE("the JSON library is called only through its table") {
     void *root = nullptr;
     CHECK(contains(printed([&] { root = csomImpl.loadb("{\"a\": ?}", 8); }), "parse stop with:?}"));
     CHECK(root == nullptr);
@@ -256,7 +256,7 @@ static const std::string source = R"({"i8":-5,"i16":300,"i32":-1,"i64":-90000000
                                   R"("point":{"x":1,"y":-2},"item_count":1,"items":[{"text":"a","word_count":1,)"
                                   R"("words":["w"],"number":4}],"number_count":2,"numbers":[7,-8],"encode_only":0})";
 
-TEST_CASE("without memory a record is incomplete, never half of a text or an array, and nothing leaks") {
+TEST_CASE("without memory a record is incomplete but never has half a text or array, and nothing leaks") {
     cJSON_Hooks counted = {.malloc_fn = zof_malloc, .free_fn = zof_free};
     cJSON_InitHooks(&counted);
     const u32 before = zof_mem_count();

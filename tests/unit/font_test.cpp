@@ -183,7 +183,7 @@ static std::vector<u32> drawn(const lv_font_t *font, const char *text) {
     return out;
 }
 
-TEST_CASE("each depth is drawn with all its levels, half bytes included") {
+TEST_CASE("each bit depth is drawn with all its levels, including half bytes") {
     screen_open(100, 60);
     const struct {
         u8 bpp;
@@ -222,7 +222,7 @@ static void project_with_fonts(temp_project_t *project) {
     screen_open(100, 60);
 }
 
-TEST_CASE("a file that is not a font is reported once, and text is drawn without it") {
+TEST_CASE("a file that is not a font is reported once, and texts are drawn without it") {
     temp_project_t project;
     project_with_fonts(&project);
     lv_font_t *font = nullptr;

@@ -99,7 +99,7 @@ TEST_CASE("host frames: wrong heads, missing bytes and bad CRCs have different r
     CHECK(zof_hmi_cmd_check_data(nullptr, nullptr, 0) == 0);
 }
 
-TEST_CASE("host frames: one is executed by its rows, and an incomplete, unknown or invalid one is not") {
+TEST_CASE("host frames: a frame is executed by its row, unless it is incomplete, unknown or invalid") {
     temp_project_t project;
     REQUIRE(project.open());
     analys_t x(false);
@@ -123,7 +123,7 @@ TEST_CASE("host frames: one is executed by its rows, and an incomplete, unknown 
     }
 }
 
-TEST_CASE("host link: without memory an analyser is not made, releases what it has, and can be made later") {
+TEST_CASE("host link: without memory an analyser is not created, releases what it has, and can be created later") {
     enum { ALLOCATIONS = 8 }; // those of the host link; the ones after them are LVGL's
     const zof_hmi_attr_t attr = {.head_fh = 0x5A, .head_fl = 0xA5};
     lv_init();

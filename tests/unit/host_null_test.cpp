@@ -24,7 +24,7 @@ TEST_CASE("on the null host a project is loaded, shown and changed, and there ar
     CHECK((zof_drv_uart_list(&info, 1) == 0 && zof_drv_uart_info_get(nullptr, &info) == -1));
 }
 
-TEST_CASE("files of the null host keep to the contracts of the others") {
+TEST_CASE("files of the null host follow the contracts of the other hosts") {
     temp_project_t project;
     const std::string file = project.path("a.txt"), folder = project.path("sub");
     CHECK(zof_mkdir(folder.c_str()) == 0);

@@ -157,14 +157,14 @@ TEST_CASE("a text that is not one JSON object in UTF-8 is reported with its plac
     }
 }
 
-TEST_CASE("values that a record does not take are reported with place, key and reason") {
+TEST_CASE("values that a record does not accept are reported with place, key and reason") {
     for (const fault_t &fault : values) {
         CAPTURE(fault.text);
         CHECK(said_by(fault) == fault.said);
     }
 }
 
-TEST_CASE("the log shows the first faults of a file, a receiver gets all of them") {
+TEST_CASE("the log shows the first faults of a file, and a receiver gets all of them") {
     temp_project_t project;
     std::string styles;
     for (int i = 0; i < 120; i++) {

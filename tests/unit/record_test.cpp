@@ -70,7 +70,7 @@ static std::vector<std::string> lines_of(const std::string &path) {
     return lines;
 }
 
-TEST_CASE("record: a line has what is measured and set, a silence one with its reason, and all can be read again") {
+TEST_CASE("record: a line has measured and set values, a silence has its reason, and all lines can be imported") {
     clock_start();
     temp_project_t folder;
     record_folder_set(folder.top.c_str());
@@ -131,7 +131,7 @@ TEST_CASE("record: a line has what is measured and set, a silence one with its r
     CHECK(!record_start());
 }
 
-TEST_CASE("record: lines that are no reports are skipped and named, and a file without columns changes nothing") {
+TEST_CASE("record: lines that are not reports are skipped and logged, and a file without columns changes nothing") {
     clock_start();
     temp_project_t folder;
     const std::string path = folder.path("a.csv");
@@ -157,7 +157,7 @@ TEST_CASE("record: lines that are no reports are skipped and named, and a file w
     CHECK(trend_at(trend_now(), &p));
 }
 
-TEST_CASE("record: all of ten reports a second are written, however unevenly they come, and no more of faster ones") {
+TEST_CASE("record: ten reports a second are all written, however unevenly they arrive, and faster ones are limited") {
     clock_start();
     temp_project_t folder;
     u32 count = 0;
@@ -175,7 +175,7 @@ TEST_CASE("record: all of ten reports a second are written, however unevenly the
     }
 }
 
-TEST_CASE("record: a full disk ends it with whole lines, and names that exist or cannot be are never written") {
+TEST_CASE("record: a full disk ends a recording after a whole line, and existing or invalid names are never written") {
     clock_start();
     temp_project_t folder;
     record_folder_set(folder.top.c_str());
@@ -217,7 +217,7 @@ TEST_CASE("record: a full disk ends it with whole lines, and names that exist or
     CHECK(!record_start());
 }
 
-TEST_CASE("record: what is written is on the medium within a second") {
+TEST_CASE("record: lines are on the medium within a second") {
     temp_project_t folder;
     static std::atomic<u32> syncs;
     zof_file_fault_set([](const char *what, const char *) -> zof_bool {
@@ -253,7 +253,7 @@ TEST_CASE("record: what is written is on the medium within a second") {
     _exit(1);
 }
 
-TEST_CASE("record: a process that is killed 200 times while it writes leaves whole lines only") {
+TEST_CASE("record: a process that is killed 200 times while writing leaves only whole lines") {
     temp_project_t folder;
     u32 cut = 0, empty = 0;
     for (u32 i = 0; i < 200; i++) {
@@ -278,7 +278,7 @@ TEST_CASE("record: a process that is killed 200 times while it writes leaves who
     CHECK((cut == 0 && empty == 0));
 }
 
-TEST_CASE("record: files go to the documents that the user has, or else to the home folder") {
+TEST_CASE("record: files go to the user's documents folder, or else to the home folder") {
     temp_project_t home;
     const auto folder = [] {
         char out[512];

@@ -42,7 +42,7 @@ static reports sent() {
     return std::exchange(scpi_box.sent, {});
 }
 
-TEST_CASE("scpi: headers and parameters are read as the standard says, and each mistake has its error") {
+TEST_CASE("scpi: headers and parameters are read as the standard requires, and each mistake has its error") {
     scpi_box_open();
     static const struct {
         const char *line, *answer;
@@ -208,7 +208,7 @@ TEST_CASE("scpi: a measurement after a change reflects the change") {
     CHECK(std::stod(say("MEAS:VOLT?")) < 9);
 }
 
-TEST_CASE("scpi: the session and recordings are those of the Trend page") {
+TEST_CASE("scpi: the session and recordings are the same as on the Trend page") {
     scpi_box_open();
     trend_clear();
     CHECK(say("SESS:TIME?") == "9.91E37");
@@ -407,7 +407,7 @@ TEST_CASE("scpi: the error queue holds twenty, and the registers follow it") {
     CHECK(say("*ESR?;*CLS;*STB?") == "16;0");
 }
 
-TEST_CASE("scpi: a line may come in any pieces, and one that is too long is skipped up to its end") {
+TEST_CASE("scpi: a line may arrive in any pieces, and one that is too long is skipped up to its end") {
     scpi_box_open();
     const std::string text = "VOLT 9;*OPC?\nVOLT?\r\n*IDN?\n";
     std::string whole;

@@ -40,7 +40,7 @@ TEST_CASE("styles of a section are added to the given object, and removed from e
     CHECK(text_color(b) == before);
 }
 
-TEST_CASE("another theme changes only what controls have from their theme") {
+TEST_CASE("another theme changes only what controls got from their theme") {
     view_project_t project;
     project.write("config/theme/night/slider.g", R"({"styles": [{"body_t": {"main_color": 8}}]})");
     project.write("config/theme/youth/slider.g", R"({"styles": [{"body_t": {"main_color": 9}}]})");

@@ -68,7 +68,7 @@ static std::vector<trend_point_t> random_run(std::mt19937 &random, u32 count, u3
     return points;
 }
 
-TEST_CASE("trend: statistics and columns of any span are those of its reports one by one") {
+TEST_CASE("trend: statistics and columns of any span match those computed report by report") {
     clock_start();
     const u32 seed = getenv("ZOF_SEED") ? (u32)strtoul(getenv("ZOF_SEED"), nullptr, 10) : std::random_device()();
     CAPTURE(seed);
@@ -111,7 +111,7 @@ TEST_CASE("trend: statistics and columns of any span are those of its reports on
     }
 }
 
-TEST_CASE("trend: a report is found at its time, and none in a silence or before the first one") {
+TEST_CASE("trend: a report is found at its time, but not in a silence or before the first one") {
     clock_start();
     report(5000, 100);
     const u64 first = trend_now();
@@ -139,7 +139,7 @@ TEST_CASE("trend: a report is found at its time, and none in a silence or before
     CHECK(shown == "xx--x--."); // from the last report on, the box is silent
 }
 
-TEST_CASE("trend: frames that are lost make no report of old values") {
+TEST_CASE("trend: lost frames do not produce a report with old values") {
     clock_start();
     const auto count = [] {
         trend_stats_t stats;
@@ -162,7 +162,7 @@ TEST_CASE("trend: frames that are lost make no report of old values") {
     CHECK((count().high[TREND_MV] == 7000 && count().high[TREND_MA] == 200));
 }
 
-TEST_CASE("trend: weeks of reports keep every spike, and the last twelve hours whole") {
+TEST_CASE("trend: weeks of reports keep every spike, and the last twelve hours are complete") {
     clock_start(0xFFFFFFFFu - 5000); // across the wrap of the clock
     const u64 begin = trend_now();
     u32 spikes = 0;
@@ -196,7 +196,7 @@ TEST_CASE("trend: weeks of reports keep every spike, and the last twelve hours w
     CHECK((stats.any && stats.high[TREND_MV] == 5000));
 }
 
-TEST_CASE("session: a reset starts a new one, and undone it continues the one before") {
+TEST_CASE("session: a reset starts a new session, and undoing it continues the previous one") {
     clock_start();
     for (u32 i = 0; i <= 36000; i++) { // an hour at 1 A and 12 V
         report(12000, 1000);

@@ -120,7 +120,7 @@ TEST_CASE("a failure or power failure at any change of the disk leaves every fil
     fs::remove_all(top);
 }
 
-TEST_CASE("an update replaces folders as a whole and other files one by one, and leaves what it cannot replace") {
+TEST_CASE("an update replaces folders as a whole and other files one by one, and keeps what it cannot replace") {
     temp_project_t project;
     const std::string from = project.top + "/U/", into = project.top + "/D/", beside = project.top + "/E";
     tree_t update_tree = fresh;
