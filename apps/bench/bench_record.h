@@ -27,7 +27,7 @@ extern record_t record;
 
 bool record_runs(void);
 // Starts a recording in the folder, in a file named by date and time. Returns false on an error, which `record.state`
-// reports, and while a stopped trend is shown.
+// reports, and if a recording is running or a stopped trend is shown.
 bool record_start(void);
 // Starts a recording in this file; "-" is the standard output.
 bool record_log(const char *path);

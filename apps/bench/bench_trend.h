@@ -86,7 +86,7 @@ void trend_columns(u64 from, u64 width, trend_column_t *out, u32 count);
 // Computes the statistics of a span, both ends included.
 void trend_stats(u64 from, u64 to, trend_stats_t *out);
 // Finds the report in force at a time: the last one before it, if that is joined to the next. Returns false in a gap,
-// and for times of which only sums are kept.
+// and for times that are older than the stored reports.
 bool trend_at(u64 at, trend_point_t *out);
 
 // Functions on sums, for modules that keep their own.

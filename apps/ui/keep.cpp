@@ -11,7 +11,7 @@
 
 enum { FILE_MOST = 64 * 1024 };
 
-static std::string folder, kept; // the folder, or empty if there is none; the contents of the file
+static std::string folder, kept; // path of the folder, empty without a home folder; contents of the file
 
 static bool flag_take(bool *flag, const char *text) {
     *flag = strcmp(text, "yes") == 0;

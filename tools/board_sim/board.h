@@ -60,8 +60,8 @@ struct board {
 std::vector<prof_t> board_default_rails(size_t count = RAIL_MAX);
 
 // Checks the settings file. Returns false after a message if it is a device or a folder, cannot be read, or has a line
-// that is not a setting, because saving would destroy a file that is not the board's. A link is replaced by its target,
-// so that saving replaces the target and keeps the link. Call it before board_settings_load.
+// that is not a setting, because saving would destroy a file that is not the board's. Resolves a link, so that saving
+// replaces its target and keeps the link. Call it before board_settings_load.
 bool board_settings_check(board &b);
 
 // Loads the settings. Missing values keep their defaults; the first invalid line is reported on the error stream.

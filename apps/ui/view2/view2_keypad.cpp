@@ -14,7 +14,7 @@ static struct {
     char typed[TYPED_MAX + 1];
 } pad;
 
-// What was typed --------------------------------------------------------------------------------------------------
+// The typed value -------------------------------------------------------------------------------------------------
 static u32 decimals() {
     const char *point = strchr(pad.typed, '.');
     return point ? (u32)strlen(point + 1) : 0;

@@ -1,7 +1,7 @@
 // A pane of the trend: grid, gaps, the line of the set values, and the trace, drawn on a chart control. A series of the
-// chart has a single value per column and the same number of columns as all others; two points per column would take
-// three times as long. Here a column of the trace is two pixels wide and spans from its minimum to its maximum, joined
-// to the end of the previous column.
+// chart has a single value per column and the same line width as all others; two points per column would take three
+// times as long. Here a column of the trace is two pixels wide and spans from its minimum to its maximum, joined to the
+// end of the previous column.
 #ifndef TREND_PLOT_H
 #define TREND_PLOT_H
 

@@ -25,7 +25,7 @@ const trend_span_t trend_spans[TREND_SESSION] = {
 static constexpr u32 span_ids[TREND_SPANS] = {VIEW5_SPAN0_ID, VIEW5_SPAN1_ID, VIEW5_SPAN2_ID, VIEW5_SPAN3_ID,
                                               VIEW5_SPAN4_ID};
 
-// Lengths of a part of the session's axis: the shortest one of which six cover the session is used.
+// Possible lengths of a part of the session's axis. The shortest one is used with which six parts cover the session.
 static constexpr u64 session_parts[] = {10 * SECOND, 20 * SECOND, 30 * SECOND, MINUTE,      2 * MINUTE,
                                         5 * MINUTE,  10 * MINUTE, 15 * MINUTE, 20 * MINUTE, 30 * MINUTE,
                                         HOUR,        2 * HOUR,    4 * HOUR,    8 * HOUR,    12 * HOUR,
