@@ -39,8 +39,9 @@ static const char environment[] =
 static std::string keys_text() {
     std::string text = "Keys:\n";
     for (const panel_key_t &key : panel_keys) {
-        const size_t letters = (size_t)std::count_if(key.caps, key.caps + strlen(key.caps),
-                                                     [](char c) { return (c & 0xC0) != 0x80; }); // of UTF-8
+        const size_t letters = (size_t)std::count_if(key.caps, key.caps + strlen(key.caps), [](char c) {
+            return (c & 0xC0) != 0x80;
+        }); // counts UTF-8 characters
         text += std::string("  ") + key.caps + std::string(25 - letters, ' ') + key.does + "\n";
     }
     return text + "\n";

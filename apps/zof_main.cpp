@@ -73,5 +73,5 @@ void zof_main(void) {
     zof_args_begin();
     zof_hw_init();
     net_scpi_start();
-    zof_func_schedule(); // new data from a card or a USB disk, in the first minute
+    zof_func_schedule(); // looks for new data on a card or a USB disk during the first minute
 }

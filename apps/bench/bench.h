@@ -52,12 +52,12 @@ enum bench_port_e {
 };
 struct bench_port_t {
     bench_port_e state;
-    u32 opened;    // how often it has been opened
+    u32 opened;    // number of times that it has been opened
     char path[64]; // empty if no port is configured
     char who[96];  // empty if not known
 };
 
-// The list of rails.
+// State of the list of rails.
 enum bench_rails_e {
     BENCH_RAILS_NONE,   // no list has been read since the box appeared
     BENCH_RAILS_AGAIN,  // the last answer was incomplete or had a rail that no source can offer
@@ -90,7 +90,7 @@ struct bench_t {
     u64 frame_at;        // time of the last whole frame
     u32 frames, skipped; // whole frames; bytes outside any frame
     bool seen;           // a frame has come since the start
-    bool dead;           // seen_at is more than BENCH_DEAD_MS ago, or nothing has come
+    bool dead;           // seen_at is more than BENCH_DEAD_MS ago, or nothing has been received
     u16 version;         // of the box; 0 if unknown
 
     u16 mv, ma, dw; // the last readings
@@ -164,7 +164,7 @@ void bench_take_port(const bench_port_t *port);
 // what is known ---------------------------------------------------------------------------------------------------
 bench_age_e bench_age(void);
 u64 bench_silence_ms(void); // time since the last reading or output state
-bool bench_live(void);      // not dead
+bool bench_live(void);      // returns true unless the box is dead
 // Returns true if the state of the output is known: the box is live and has reported it since the last silence.
 bool bench_out_known(void);
 bool bench_is_on(void); // returns true if the output is known to be on

@@ -56,7 +56,7 @@ struct header_t {
     bool suffix; // a node has a number other than 1
 };
 
-// Returns whether the nodes match the rest of a pattern.
+// Returns true if the nodes match the rest of a pattern.
 static bool nodes_fit(const char *pattern, const view *node, u32 count) {
     if (*pattern == '\0' || *pattern == '?') {
         return count == 0;
@@ -108,7 +108,7 @@ static s16 header_split(view whole, header_t *out) {
 }
 
 // Parameters ------------------------------------------------------------------------------------------------------
-// Returns whether the text is a single string from its first quote to its last.
+// Returns true if the text is a single string from its first quote to its last.
 static bool string_whole(view text) {
     return text.size() >= 2 && text.front() == text.back() && find_outside(text, 0, '\0') == text.size() &&
            find_outside(text.substr(0, text.size() - 1), 0, text.front()) == text.size() - 1;
@@ -225,7 +225,7 @@ static bool unit_run(scpi_client_t *client, view unit) {
     return true;
 }
 
-// Takes the next command from a line.
+// Returns the next command of a line and advances `at`.
 static view unit_next(view line, size_t *at) {
     const size_t begin = *at, end = find_outside(line, begin, ';');
     *at = end + 1;

@@ -36,7 +36,7 @@ struct scpi_client_t {
     bool failed;      // a command of the line failed: later ones change nothing except turning off
     bool waiting;
     u64 wait_from;
-    std::string answer; // to the current line, so far
+    std::string answer; // answer to the current line so far
 
     scpi_error_t error[SCPI_ERRORS];
     u32 errors;

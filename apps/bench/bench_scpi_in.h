@@ -37,7 +37,7 @@ enum scpi_code_e : s16 {
 enum scpi_kind_e { SCPI_NUMBER, SCPI_WORD, SCPI_STRING_DATA };
 struct scpi_param_t {
     scpi_kind_e kind;
-    std::string_view text; // of a string, with its quotes
+    std::string_view text; // a string includes its quotes
 };
 enum { SCPI_PARAMS = 4 };
 
@@ -48,13 +48,13 @@ struct scpi_call_t {
 };
 
 struct scpi_row_t {
-    // Nodes in their long form, whose capitals are the short one; those in brackets may be left out.
+    // Nodes in their long form; the capitals are the short form. Nodes in brackets may be omitted.
     const char *header;
-    u8 least, most;                         // parameters
-    bool sets;                              // changes something: not after an error in the same line
-    bool (*waits)(const scpi_call_t &call); // null: never
+    u8 least, most;                         // minimum and maximum number of parameters
+    bool sets;                              // changes something, so it does not run after an error in the same line
+    bool (*waits)(const scpi_call_t &call); // null: never waits
     void (*run)(scpi_call_t &call);
-    bool (*turns_off)(scpi_call_t &call); // null: never. Queues an error if parameters are wrong
+    bool (*turns_off)(scpi_call_t &call); // null: never turns off. Queues an error if parameters are wrong
 };
 extern const scpi_row_t scpi_rows[];
 extern const u32 scpi_row_count;
@@ -63,19 +63,19 @@ extern const u32 scpi_row_count;
 void scpi_fail(scpi_client_t *client, scpi_code_e code, const std::string &more = "");
 // Returns a text as a quoted string for an answer; characters that are not allowed there become question marks.
 std::string scpi_quoted(const std::string &text);
-// Appends to the line's answer.
+// Appends a text to the line's answer.
 void scpi_answer(scpi_call_t &call, const std::string &text);
 
-// Parameters: each returns false after queueing an error.
-bool scpi_word_is(std::string_view pattern, std::string_view word); // long or short form
+// Parameters. The scpi_param_... functions return false after queueing an error.
+bool scpi_word_is(std::string_view pattern, std::string_view word); // accepts the long and the short form
 bool scpi_param_flag(scpi_call_t &call, u32 index, bool *out);
 bool scpi_param_integer(scpi_call_t &call, u32 index, u32 low, u32 high, u32 *out);
-// A number of volts or amperes, `unit` 'V' or 'A', in thousandths, which may be fractional.
+// Reads volts or amperes (`unit` is 'V' or 'A') in thousandths, which may be fractional.
 bool scpi_param_milli(scpi_call_t &call, u32 index, char unit, double *out);
-std::string scpi_milli(u32 thousandths); // "12.040"
+std::string scpi_milli(u32 thousandths); // returns "12.040"
 std::string scpi_format(const char *format, ...) __attribute__((format(printf, 1, 2)));
 
-// Functions about who holds the panel. The first one detects that the Local button has taken the panel back.
+// Track which clients hold the panel. scpi_remote_check detects that the Local button has taken the panel back.
 void scpi_remote_check();
 void scpi_remote_take(scpi_client_t *client);
 void scpi_remote_leave(scpi_client_t *client);
@@ -98,7 +98,7 @@ void scpi_output_off(scpi_client_t *client);
 bool scpi_output_turns_off(scpi_call_t &call);
 // Requests off at once; the command itself reports the result when its turn comes.
 void scpi_off_request(scpi_client_t *client);
-// Returns whether a queued command has already turned the output off, so that no earlier one may turn it on.
+// Returns true if a queued command has already turned the output off, so that no earlier one may turn it on.
 bool scpi_off_ahead(const scpi_client_t *client);
 void scpi_session_reset(scpi_call_t &call);
 

@@ -21,7 +21,7 @@ bool scpi_rail_gives(u8 rail, scpi_which_e which, double value) {
                                                              value == floor(value) && grid_has(grid, (u32)value)));
 }
 
-// Finds the range of values of the rails that can supply the other value; returns false if no rail can.
+// Finds the range of values of the rails that can supply the other value. Returns false if no rail can.
 static bool limits(scpi_scope_t scope, scpi_which_e which, double other, double *least, double *most) {
     *least = INFINITY;
     *most = -INFINITY;
@@ -51,7 +51,6 @@ std::string scpi_with_unit(double milli, scpi_which_e which) {
     return scpi_format("%.6g %c", milli / 1000, units[which]);
 }
 
-// Refuses a value and names the nearest ones of the rails that can supply the other value.
 void scpi_refuse(scpi_call_t &call, scpi_scope_t scope, scpi_which_e which, double value, double other) {
     const scpi_which_e second = which == SCPI_VOLTS ? SCPI_AMPERES : SCPI_VOLTS;
     double below = -INFINITY, above = INFINITY;

@@ -15,7 +15,7 @@ struct scpi_scope_t {
 inline constexpr scpi_scope_t scpi_all_rails = {0, RAIL_MAX};
 
 bool scpi_rail_gives(u8 rail, scpi_which_e which, double value);
-std::string scpi_with_unit(double milli, scpi_which_e which); // "12.04 V"
+std::string scpi_with_unit(double milli, scpi_which_e which); // returns "12.04 V"
 // Queues the error for a value that no rail can supply together with the other one, naming the nearest values.
 void scpi_refuse(scpi_call_t &call, scpi_scope_t scope, scpi_which_e which, double value, double other);
 // Chooses a rail: adjustable rails come before fixed ones, then those with a lower maximum voltage, then those with a

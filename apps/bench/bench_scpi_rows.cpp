@@ -104,7 +104,7 @@ static void local(scpi_call_t &call) {
 }
 
 // Readings --------------------------------------------------------------------------------------------------------
-// The last report without averaging, which would hide a spike.
+// Answers with the last report, without averaging, which would hide a spike.
 static void reading(scpi_call_t &call, bool known, u32 thousandths) {
     if (known && bench_live()) {
         scpi_answer(call, scpi_milli(thousandths));
@@ -146,7 +146,7 @@ static void energy(scpi_call_t &call) {
 }
 
 // Statistics of the session, from all reports since the last reset.
-using stats_read_t = u64 (*)(const trend_stats_t &stats); // in thousandths
+using stats_read_t = u64 (*)(const trend_stats_t &stats); // returns thousandths
 
 template <stats_read_t READ> static void statistic(scpi_call_t &call) {
     trend_stats_t stats;

@@ -7,7 +7,7 @@
 #include <charconv>
 
 enum { STARTED_APPLY = 1, STARTED_ON = 2, STARTED_OFF = 4 };
-enum { OFF_MS = 2000 }; // for the box to report that it is off
+enum { OFF_MS = 2000 }; // time for the box to report that it is off
 
 static const char not_a_number[] = "9.91E37";
 static const char off_came[] = "a command to turn off came after it";

@@ -23,7 +23,7 @@ static bool same(view a, view b) {
 }
 
 bool scpi_word_is(view pattern, view word) {
-    size_t length = 0; // of the short form
+    size_t length = 0; // length of the short form
     while (length < pattern.size() && !(pattern[length] >= 'a' && pattern[length] <= 'z')) {
         length++;
     }
@@ -53,7 +53,7 @@ static bool fail(scpi_call_t &call, scpi_code_e code, view text) {
     return false;
 }
 
-// Reads a number; `rest` is what follows it.
+// Reads a number; `rest` receives the text after it.
 static bool number_read(scpi_call_t &call, u32 index, double *out, view *rest) {
     const scpi_param_t &param = call.param[index];
     if (param.kind != SCPI_NUMBER) {

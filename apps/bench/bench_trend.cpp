@@ -32,7 +32,7 @@ static_assert(sizeof(points) + sizeof(blocks) + sizeof(coarse) < 16u << 20);
 
 static struct {
     u16 era;
-    u64 count;      // reports taken
+    u64 count;      // number of reports taken
     u64 begin;      // time of the first report
     bool open;      // no gap since the last report
     u64 stopped_at; // time at which the clock was stopped, or 0
@@ -171,7 +171,7 @@ void trend_gap(void) {
 struct piece_t {
     const trend_point_t *first, *last;
     const trend_sum_t *sum;
-    bool gap; // within it
+    bool gap; // it contains a gap
 };
 
 // Returns the number of the first report at or after a time.

@@ -44,7 +44,7 @@ struct trend_sum_t {
 // A column of a chart: the reports of one interval.
 struct trend_column_t {
     u32 low[TREND_KINDS], high[TREND_KINDS], first[TREND_KINDS], last[TREND_KINDS];
-    u16 set_mv, set_ma; // at its end
+    u16 set_mv, set_ma; // at the end of the column
     bool any;           // it has reports
     bool gap;           // the box was silent in it
     bool joined;        // its first report is joined to the previous one

@@ -1,4 +1,4 @@
-// The ring is in the topmost layer and takes no touch. A control can have the focus if it has an event function and a
+// The ring is in the topmost layer and ignores touches. A control can have the focus if it has an event function and a
 // finger on its centre would reach it. This file knows nothing else about pages and controls, so a key can do nothing
 // that a finger could not.
 #include "ui/focus.h"

@@ -7,7 +7,7 @@
 enum { FRAME_MS = 16, STALL_MS = 100, BACK_MS = 150 };
 
 static struct {
-    const ui_hold_t *now; // null: no hold runs and none returns
+    const ui_hold_t *now; // null: no hold is running or running back
     zof_ctrl_t *ctrl;
     lv_timer_t *timer;
     bool down;    // the button is held; otherwise the progress runs back

@@ -37,7 +37,7 @@ bool ui_takes(zof_event_e event, bench_press_e what = BENCH_PRESS_ANY);
 // A display with a backlight may be too dim to see what is touched. Below UI_DIM_PERCENT the first press only brightens
 // it to that level, until BENCH_WAKE_MS after the last touch. Off works at any brightness.
 enum { UI_DIM_PERCENT = 30 };
-bool wake_press();            // call when a control is pressed; returns whether the press only wakes the display
+bool wake_press();            // call it when a control is pressed; returns true if the press only wakes the display
 void wake_tick();             // handles touches outside all controls
 u16 wake_bright(u16 percent); // returns the brightness to show for a setting
 

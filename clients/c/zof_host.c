@@ -428,7 +428,7 @@ static void rx_fetch(zof_host_t *h) {
     }
 }
 
-// Pace
+// Sender
 static void own_lay(zof_host_t *h) {
     const uint8_t size = h->own == OWN_VIEW ? 3 : 4; // view.size, or system.standby_state
     uint16_t crc = 0;

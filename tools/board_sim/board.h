@@ -48,7 +48,7 @@ struct board {
     uint16_t rail = RAIL_NONE;
     uint16_t adj_mv = 0, adj_ma = 0; // requested by the panel, used when a rail is selected
     double target_mv = 0, limit_ma = 0;
-    double mv = 0, ma = 0; // at the terminals
+    double mv = 0, ma = 0; // voltage and current at the terminals
     double energy_uwh = 0;
     double since_push_ms = 1e9, since_state_ms = 1e9;
 

@@ -59,7 +59,7 @@ enum check_rule_e {
 
 // A file of the project folder.
 struct check_file_t {
-    char *path; // below the folder
+    char *path; // path below the project folder
     char *text; // contents of a JSON file; null for others
     zof_jdoc_t doc;
     bool listed;  // a view file with an entry in the project file
@@ -118,7 +118,7 @@ struct check_run_t {
     check_list_t<check_ctrl_t> ctrls;       // controls of the current view
     u32 *ctrl_of_id;                        // for the current view: index in `ctrls` + 1, or 0
     check_file_t *project;
-    s64 width, height; // of the design; 0 if unknown
+    s64 width, height; // size of the design; 0 if unknown
     bool broken;       // part of a file cannot be understood, so the texts that it uses are unknown
     bool outside;      // the project allows names that lead out of its folder
     bool no_memory;

@@ -29,7 +29,7 @@ static struct {
     trace_line next; // the next line of the board, due `due_ms` after the start
     u64 due_ms;
     bool begun;     // a line has been read
-    u64 elapsed_ms; // since the start, up to `last_ms`
+    u64 elapsed_ms; // time since the start, up to `last_ms`
     u32 last_ms;
     u32 lines; // lines delivered so far
 } replay;

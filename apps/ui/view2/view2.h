@@ -30,7 +30,7 @@ void tray_paint();
 
 // The values of an adjustable rail: one row of controls each, for volts and for amperes.
 enum axis_e { VOLTS, AMPERES, AXES };
-grid_t axis_grid(axis_e axis); // of the selected rail
+grid_t axis_grid(axis_e axis); // grid of the selected rail
 u16 axis_value(axis_e axis);
 void axis_set(axis_e axis, u16 value); // `value` must be on the grid
 // Writes "12.00 V" or "1.00 A"; `out` has PAINT_NUMBER_SIZE bytes. Returns `out`.

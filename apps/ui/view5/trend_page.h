@@ -9,7 +9,7 @@ enum { TREND_SPANS = 5, TREND_SESSION = 4, TREND_PARTS = 6, TREND_TEXT = 40 };
 
 struct trend_span_t {
     u64 ms;
-    u8 parts;                       // of its axis
+    u8 parts;                       // number of parts of its axis
     const char *words[TREND_PARTS]; // labels at the beginning of each part
 };
 extern const trend_span_t trend_spans[TREND_SESSION]; // all spans except the session

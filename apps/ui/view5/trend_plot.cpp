@@ -67,7 +67,7 @@ void plot_fill(plot_t *plot, const trend_column_t *columns, trend_what_e what, u
 // Drawing ---------------------------------------------------------------------------------------------------------
 struct pen_t {
     lv_draw_ctx_t *draw;
-    s32 x, y; // of the pane
+    s32 x, y; // position of the pane
     lv_draw_rect_dsc_t look;
 };
 

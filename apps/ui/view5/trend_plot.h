@@ -13,10 +13,10 @@ enum { PLOT_UNIT = 16, PLOT_NONE = INT16_MIN }; // units per pixel; no value
 
 // The contents of a pane. Heights are measured from its top.
 struct plot_t {
-    s16 top[PLOT_COLUMNS], bottom[PLOT_COLUMNS]; // of the trace, in 1/PLOT_UNIT pixels
+    s16 top[PLOT_COLUMNS], bottom[PLOT_COLUMNS]; // edges of the trace, in 1/PLOT_UNIT pixels
     s16 set[PLOT_COLUMNS];                       // pixel row of the set value
     bool gap[PLOT_COLUMNS];
-    u8 rows, parts; // of the grid
+    u8 rows, parts; // rows and parts of the grid
     s16 height;
 };
 

@@ -8,7 +8,7 @@
 #include "zof_host.h"
 
 static volatile uint8_t ring[64], ring_in; // written by the interrupt
-static uint8_t ring_out;                   // by the main loop
+static uint8_t ring_out;                   // used by the main loop
 static volatile uint32_t ticks;            // milliseconds
 
 ISR(USART_RX_vect) {
