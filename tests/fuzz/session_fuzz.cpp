@@ -10,7 +10,7 @@
 enum { TURNS = 60 };
 
 static void (*session)(zof_task_t *task);
-static bool running;
+static bool session_runs;
 static jmp_buf ended;
 
 extern "C" {
@@ -18,7 +18,7 @@ zof_task_t *__real_zof_task_create(void (*fn)(zof_task_t *task), u32 period, voi
 
 // The session's task is called here and not by LVGL, whose timers would stay locked when the session ends the process.
 zof_task_t *__wrap_zof_task_create(void (*fn)(zof_task_t *task), u32 period, void *user_data) {
-    if (!running) {
+    if (!session_runs) {
         return __real_zof_task_create(fn, period, user_data);
     }
     session = fn;
@@ -49,12 +49,12 @@ static bool turn() {
 
 void fuzz_one(fuzz_input &in) {
     fuzz_file_set("session", fuzz_text(in));
-    running = true;
+    session_runs = true;
     session = nullptr;
     if (!setjmp(ended)) {
         zof_script_start();
     }
-    running = false;
+    session_runs = false;
     for (u32 i = 0; session && i < TURNS && turn(); i++) {
         screen_step(20);
     }
