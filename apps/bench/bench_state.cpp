@@ -3,6 +3,7 @@
 
 #include "bench/bench.h"
 #include "bench/bench_record.h"
+#include "bench/bench_report.h"
 #include "bench/bench_trend.h"
 #include "zof.h"
 
@@ -57,6 +58,7 @@ static void eye_take(eye_t &eye, u16 value) {
 void bench_start(void) {
     bench = {.port = {.state = BENCH_PORT_LOOKING}, .dead = true, .rail = RAIL_NONE};
     memset(eyes, 0, sizeof(eyes));
+    report_start();
     bench_gate_start();
     if (!trend_stopped()) { // an imported recording stays
         trend_clear();
@@ -123,6 +125,7 @@ static void lost() {
     bench.limit = bench.limit_next = false;
     bench.settings_known = 0;
     memset(eyes, 0, sizeof(eyes));
+    report_start();
     bench_rails_lost();
     bench_gate_lost();
 }
@@ -215,7 +218,7 @@ static void settings_tick() {
 }
 
 // From the link ---------------------------------------------------------------------------------------------------
-static void reading(u16 addr, u16 value) {
+void bench_reading(u16 addr, u16 value) {
     static constexpr struct {
         u16 addr;
         u16 bench_t::*value;
@@ -233,11 +236,14 @@ static void reading(u16 addr, u16 value) {
 
 void bench_take(u16 addr, u16 value) {
     now_set();
+    if (addr < REG_LIVE_MV || addr > REG_LIVE_DW) {
+        report_end();
+    }
     switch (addr) {
     case REG_LIVE_MV:
     case REG_LIVE_MA:
     case REG_LIVE_DW:
-        reading(addr, value);
+        report_take(addr, value);
         break;
     case REG_SESS_MWH_LO:
         bench.mwh = (bench.mwh & 0xFFFF0000u) | value;
@@ -303,6 +309,7 @@ void bench_tick(void) {
     if (!bench.dead && bench_silence_ms() > BENCH_DEAD_MS) {
         lost();
     }
+    report_tick();
     limit_tick();
     settings_tick();
     bench_rails_tick();

@@ -27,7 +27,7 @@ inline void open_rails(const char *state_folder = "") {
 
 inline void output_on(u16 mv, u16 ma) {
     board_write(REG_OUT_STATE, {1});
-    board_readings(mv, ma, 0, 12534);
+    board_readings(mv, ma, (u16)(mv * ma / 100000), 12534);
     live(400);
 }
 

@@ -37,7 +37,7 @@ inline void live(u32 ms, u16 mv = 5000, u16 ma = 500) {
     for (u32 t = 0; t < ms; t += 100) {
         bench_take(REG_LIVE_MV, mv);
         bench_take(REG_LIVE_MA, ma);
-        bench_take(REG_LIVE_DW, 25);
+        bench_take(REG_LIVE_DW, (u16)(mv * ma / 100000));
         pass(ms - t < 100 ? ms - t : 100);
     }
 }

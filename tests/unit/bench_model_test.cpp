@@ -1,4 +1,7 @@
 // The model of the panel without its pages: what it sends, and what it takes for known.
+#include <array>
+
+#include "bench/bench_trend.h"
 #include "bench_fixture.h"
 
 TEST_CASE("bench: readings are late after one second and unknown after two, and then everything is requested again") {
@@ -159,6 +162,8 @@ TEST_CASE("bench: with the output on, a voltage above the set one is applied onl
     CHECK((bench.set_known && bench.set.mv == 28000));
     bench_take(REG_RAIL_ACTIVE, 5); // an adjustable one: then the measured voltage counts
     bench_take(REG_LIVE_MV, 5000);
+    bench_take(REG_LIVE_MV, 5000); // confirms the first one
+    pass(60);
     CHECK((!bench.set_known && bench_apply_how({5, 5020, 1000}) == BENCH_APPLY_HOLD));
     CHECK(bench_apply_how({5, 5000, 1000}) == BENCH_APPLY_CLICK);
     pass(1100);
@@ -273,4 +278,50 @@ TEST_CASE("bench: a reset of the session can be undone, even if the box never re
     CHECK(!bench_session_undo());
     pass(2100);
     CHECK(!bench_session_reset());
+}
+
+TEST_CASE("bench: a reading that contradicts its report and the next one is dropped, and steps are shown") {
+    static const struct {
+        const char *what;
+        std::vector<std::array<u16, 3>> reports; // mV, mA, dW
+        u16 mv, ma, high_mv, high_ma;            // last shown; greatest of the session
+    } rows[] = {
+        {"a garbled voltage", {{5000, 500, 25}, {34910, 500, 25}, {5000, 500, 25}}, 5000, 500, 5000, 500},
+        {"a garbled current", {{5000, 500, 25}, {5000, 62554, 25}, {5010, 500, 25}}, 5010, 500, 5010, 500},
+        {"no load", {{5000, 0, 0}, {34910, 0, 0}, {5000, 0, 0}}, 5000, 0, 5000, 0},
+        {"a garbled power", {{5000, 500, 25}, {5000, 500, 9000}, {5000, 510, 25}}, 5000, 510, 5000, 510},
+        {"a spike that its power confirms",
+         {{5000, 500, 25}, {5000, 4000, 200}, {5000, 500, 25}},
+         5000,
+         500,
+         5000,
+         4000},
+        {"a step with load", {{5000, 500, 25}, {12000, 1200, 144}}, 12000, 1200, 12000, 1200},
+        {"a step without load waits for one report", {{5000, 0, 0}, {12000, 0, 0}}, 5000, 0, 5000, 0},
+        {"and is shown then", {{5000, 0, 0}, {12000, 0, 0}, {12004, 0, 0}}, 12004, 0, 12004, 0},
+        {"a ramp without load", {{0, 0, 0}, {3000, 0, 0}, {7000, 0, 0}, {14000, 0, 0}}, 7000, 0, 7000, 0},
+    };
+    for (const auto &row : rows) {
+        CAPTURE(row.what);
+        start();
+        bench_take(REG_OUT_STATE, 1);
+        for (const auto &[mv, ma, dw] : row.reports) {
+            pass(100);
+            bench_take(REG_LIVE_MV, mv);
+            bench_take(REG_LIVE_MA, ma);
+            bench_take(REG_LIVE_DW, dw);
+        }
+        trend_stats_t stats;
+        trend_stats(0, trend_now(), &stats);
+        CHECK((bench.mv == row.mv && bench.ma == row.ma));
+        CHECK((stats.high[TREND_MV] == row.high_mv && stats.high[TREND_MA] == row.high_ma));
+    }
+    start();
+    bench_take(REG_OUT_STATE, 1);
+    live(300);
+    bench_take(REG_OUT_STATE, 0);
+    bench_take(REG_LIVE_MV, 0); // off: nothing to wait for
+    bench_take(REG_LIVE_MA, 0);
+    bench_take(REG_LIVE_DW, 0);
+    CHECK((bench.mv == 0 && bench.ma == 0));
 }
