@@ -118,6 +118,8 @@ struct bench_t {
     bool turning_off, turning_on;
     u64 off_at, on_at, deaf_until;
     u16 last_on_mv; // voltage when the output was last on, as set or as the current limit reduced it; 0 if it never was
+    bench_choice_t last_on; // settings when the output was last on
+    bool last_on_known;     // the rail of `last_on` is still in the list
 
     bool limit; // the current limit is inferred
     u64 limit_at;
@@ -171,9 +173,9 @@ bool bench_is_on(void); // returns true if the output is known to be on
 // Returns true if, by the last readings, the output is below its set voltage because the current is at its limit.
 bool bench_limit_acts(void);
 // Returns true if a press counts. A locked panel ignores it and shows a note for BENCH_NOTE_MS. While a remote client
-// holds the panel, only BENCH_PRESS_LOCAL counts, the button that takes the panel back.
-enum bench_press_e { BENCH_PRESS_ANY, BENCH_PRESS_LOCAL };
-bool bench_press(bench_press_e what = BENCH_PRESS_ANY);
+// holds the panel or a replay runs, only presses that look at something or take the panel back count.
+enum bench_press_e { BENCH_PRESS_CHANGES, BENCH_PRESS_LOOKS };
+bool bench_press(bench_press_e what = BENCH_PRESS_CHANGES);
 bool bench_locked_note(void);
 void bench_lock(bool on);
 // Writes the readings for display, averaged over BENCH_EYE_MS. Returns false if they are not known.

@@ -48,14 +48,19 @@ static u16 present_mv() {
 }
 
 // Output ----------------------------------------------------------------------------------------------------------
-static bool on_needs_hold(bool known, u16 mv) {
+static bool within(const bench_choice_t &choice, const bench_choice_t &of) {
+    return choice.rail == of.rail && choice.mv <= of.mv && choice.ma <= of.ma;
+}
+
+static bool on_needs_hold(bool known, const bench_choice_t &choice) {
     const u16 before = bench.last_on_mv != 0 ? bench.last_on_mv : (u16)BENCH_FIRST_ON_MV;
-    return !bench.hold_off && (!known || mv > before);
+    const bool again = bench.last_on_known && within(choice, bench.last_on);
+    return !bench.hold_off && (!known || (choice.mv > before && !again));
 }
 
 bench_toggle_e bench_toggle(void) {
     if (!bench_out_known()) {
-        return bench.off_said ? BENCH_TOGGLE_UNKNOWN_SAID : BENCH_TOGGLE_UNKNOWN;
+        return bench.off_said || bench.off_wanted ? BENCH_TOGGLE_UNKNOWN_SAID : BENCH_TOGGLE_UNKNOWN;
     }
     if (bench.on) {
         if (!bench.turning_off) {
@@ -66,7 +71,7 @@ bench_toggle_e bench_toggle(void) {
     if (bench.turning_on) {
         return BENCH_TOGGLE_TURNING_ON;
     }
-    if (!on_needs_hold(bench.set_known, bench.set.mv)) {
+    if (!on_needs_hold(bench.set_known, bench.set)) {
         return BENCH_TOGGLE_OFF;
     }
     return bench.set_known ? BENCH_TOGGLE_HOLD : BENCH_TOGGLE_HOLD_UNKNOWN;
@@ -110,6 +115,12 @@ bool bench_turn_on(bool held) {
     return true;
 }
 
+static void last_on_set() {
+    bench.last_on = bench.set;
+    bench.last_on_known = true;
+    bench.last_on_mv = bench.set.mv;
+}
+
 void bench_gate_out(bool on) {
     if (!on && bench.on && limited()) { // the device never saw the set voltage
         bench.last_on_mv = std::min(bench.last_on_mv, bench.mv);
@@ -119,7 +130,9 @@ void bench_gate_out(bool on) {
     bench.off_said = false;
     if (on) {
         bench.turning_on = false;
-        bench.last_on_mv = bench.set_known ? bench.set.mv : bench.last_on_mv;
+        if (bench.set_known) {
+            last_on_set();
+        }
     } else {
         bench.turning_off = bench.off_wanted = false;
     }
@@ -178,7 +191,8 @@ bench_apply_e bench_apply_how(bench_choice_t choice) {
     if (off && auto_on_known() && bench.auto_on == 0) {
         return BENCH_APPLY_CLICK;
     }
-    const bool hold = off ? on_needs_hold(true, choice.mv) : !bench.hold_off && choice.mv > present_mv();
+    const bool lower = bench.set_known && !bench.in_doubt && within(choice, bench.set);
+    const bool hold = off ? on_needs_hold(true, choice) : !bench.hold_off && !lower && choice.mv > present_mv();
     return hold ? BENCH_APPLY_HOLD : BENCH_APPLY_CLICK;
 }
 
@@ -217,7 +231,7 @@ static void set(bench_choice_t choice) {
     bench.set_known = bench.last_known = true;
     bench.in_doubt = false;
     if (bench_is_on()) {
-        bench.last_on_mv = choice.mv;
+        last_on_set();
     }
 }
 
@@ -250,6 +264,7 @@ void bench_gate_list(const prof_t *rails, u8 count) {
     if (bench.set_known && !same_in(rails, count, bench.set.rail)) {
         bench.set_known = false;
     }
+    bench.last_on_known = bench.last_on_known && same_in(rails, count, bench.last_on.rail);
     if (bench.applying && !same_in(rails, count, bench.apply.rail)) {
         not_taken();
     }

@@ -1,5 +1,6 @@
 #include "bench/bench_import.h"
 
+#include <algorithm>
 #include <math.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -22,6 +23,7 @@ struct import_t {
     const char *path;
     u32 line;
     u32 faults;
+    u32 columns;        // fields that a line must have
     s32 place[COLUMNS]; // index of each column in a line, or -1
     s32 reports;
     u64 at;   // time of the last report
@@ -108,6 +110,7 @@ static bool header_take(import_t &in, char *const *fields, u32 count) {
             zof_printf("%s:1: no column \"%s\"", in.path, names[c]);
             return false;
         }
+        in.columns = std::max(in.columns, (u32)in.place[c] + 1);
     }
     return true;
 }
@@ -172,7 +175,11 @@ static void lines_take(import_t &in, FILE *f, char *line) {
     while (line_read(in, f, line)) {
         if (line[0]) {
             const u32 count = split(line, fields);
-            point_take(in, fields, count);
+            if (count < in.columns) {
+                fault(in, "fields are missing");
+            } else {
+                point_take(in, fields, count);
+            }
         }
     }
     if (in.faults > LOGGED) {
@@ -198,7 +205,10 @@ s32 import_file(const char *path) {
         lines_take(in, f, line);
     }
     fclose(f);
-    return good ? in.reports : -1;
+    if (!read || (good && in.reports == 0)) {
+        zof_printf("%s: no reports", path);
+    }
+    return good && in.reports > 0 ? in.reports : -1;
 }
 
 const char *import_name(void) {

@@ -99,7 +99,7 @@ bool bench_press(bench_press_e what) {
         bench.locked_pressed = true;
         bench.locked_at = bench.now;
     }
-    return !bench.locked && (what == BENCH_PRESS_LOCAL || !bench.remote[0]);
+    return !bench.locked && (what == BENCH_PRESS_LOOKS || !bench.remote[0]);
 }
 
 bool bench_locked_note(void) {

@@ -26,7 +26,7 @@ enum : u32 {
 static void page_down(u32 code) {
     static constexpr u32 pages[] = {ZOF_VIEW1_ID, ZOF_VIEW2_ID, ZOF_VIEW5_ID, ZOF_VIEW4_ID,
                                     ZOF_VIEW3_ID}; // in the order of the tabs
-    if (ui_takes(ZOF_EVENT_PRESSED)) {
+    if (ui_takes(ZOF_EVENT_PRESSED, BENCH_PRESS_LOOKS)) {
         ui_tab_to(pages[code - '1']);
     }
 }

@@ -67,7 +67,10 @@ void strip_paint(u32 view) {
     live_paint(view);
     paint_shown(at(VIEW2_STRIP_DOT_ID), known);
     paint_shown(at(VIEW2_STRIP_STATE_ID), known);
-    paint_words(at(VIEW2_STRIP_TURN_OFF_ID), bench_toggle() == BENCH_TOGGLE_STILL_ON ? TEXT_OFF_AGAIN : TEXT_OFF_SHORT);
+    const bench_toggle_e toggle = bench_toggle();
+    paint_words(at(VIEW2_STRIP_TURN_OFF_ID), toggle == BENCH_TOGGLE_STILL_ON       ? TEXT_OFF_AGAIN
+                                             : toggle == BENCH_TOGGLE_UNKNOWN_SAID ? TEXT_OFF_REQUESTED
+                                                                                   : TEXT_OFF_SHORT);
     paint_shown(at(VIEW2_STRIP_TURN_OFF_ID), !known || bench.on);
     paint_look(at(VIEW2_STRIP_TURN_OFF_ID), known ? 0 : LOOK_DEAD);
     paint_words(at(VIEW2_STRIP_REMOTE_ID), bench.replay ? TEXT_REPLAY : TEXT_REMOTE);

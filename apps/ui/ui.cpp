@@ -82,7 +82,7 @@ void ui_entered() {
 void output_tab_event(zof_ctrl_t *, zof_event_e event) {
     static u64 down_at;
     static bool held;
-    const bool counts = ui_takes(event);
+    const bool counts = ui_takes(event, BENCH_PRESS_LOOKS);
     if (event == ZOF_EVENT_PRESSED) {
         down_at = bench.now;
         held = false;

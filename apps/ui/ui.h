@@ -32,7 +32,7 @@ void ui_entered();
 // Returns true if an event of a control counts. A press does not count if the finger slid onto the control, during the
 // time of ui_calm, while the panel is locked, or while a remote client holds it. The later events of an ignored press
 // are ignored too.
-bool ui_takes(zof_event_e event, bench_press_e what = BENCH_PRESS_ANY);
+bool ui_takes(zof_event_e event, bench_press_e what = BENCH_PRESS_CHANGES);
 
 // A display with a backlight may be too dim to see what is touched. Below UI_DIM_PERCENT the first press only brightens
 // it to that level, until BENCH_WAKE_MS after the last touch. Off works at any brightness.
@@ -94,8 +94,8 @@ template <size_t N, size_t W> constexpr std::array<zof_ctrl_fun_t, N> view_rows(
 }
 
 // Runs DO for a click that counts, then paints the result.
-template <void (*DO)()> void click_event(zof_ctrl_t *, zof_event_e event) {
-    if (ui_takes(event) && event == ZOF_EVENT_CLICKED) {
+template <void (*DO)(), bench_press_e WHAT = BENCH_PRESS_CHANGES> void click_event(zof_ctrl_t *, zof_event_e event) {
+    if (ui_takes(event, WHAT) && event == ZOF_EVENT_CLICKED) {
         DO();
         ui_paint();
     }
@@ -110,7 +110,7 @@ template <void (*DO)()> void press_event(zof_ctrl_t *, zof_event_e event) {
 }
 
 template <u32 VIEW> void tab_event(zof_ctrl_t *, zof_event_e event) {
-    if (ui_takes(event) && event == ZOF_EVENT_CLICKED) {
+    if (ui_takes(event, BENCH_PRESS_LOOKS) && event == ZOF_EVENT_CLICKED) {
         ui_tab_to(VIEW);
     }
 }

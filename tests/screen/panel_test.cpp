@@ -188,8 +188,33 @@ TEST_CASE("panel: the strip shows the live output on every page, and turns it of
         CHECK(sent().empty());
         screen_step(2000);
         CHECK(is_shown(view, VIEW2_STRIP_NOTICE_ID));
+        CHECK(text_of(view, VIEW2_STRIP_TURN_OFF_ID) == "Turn off");
+        screen_click(704, 26);
+        CHECK(text_of(view, VIEW2_STRIP_TURN_OFF_ID) == "Off requested");
         running();
     }
+}
+
+TEST_CASE("panel: a replay shows all pages and says so, and sends nothing") {
+    open_running();
+    strcpy(bench.remote, "box.txt");
+    bench.replay = true;
+    screen_click(400, 216); // the toggle
+    live(100);
+    CHECK(text_of(1, VIEW1_REMOTE_ID) == "Replay: box.txt");
+    s32 tab = 80;
+    for (const u32 view : {2, 5, 4, 3}) {
+        screen_click(tab += 160, 456);
+        screen_step(1100);
+        live(100);
+        CHECK(zof_view_get_cur_id(ZOF_LAYER_UI) == (s32)view);
+        CHECK(text_of(view, VIEW2_STRIP_REMOTE_ID) == "Replay");
+        screen_click(704, 26);
+        screen_step(500);
+    }
+    CHECK(text_of(3, VIEW3_LINK_ID) == "Replay: box.txt");
+    CHECK(text_of(4, VIEW4_PORT_STATE_ID) == "Replay: box.txt");
+    CHECK(sent().empty());
 }
 
 TEST_CASE("panel: settings are shown as the box reports them, and sent when they change") {

@@ -98,8 +98,12 @@ TEST_CASE(
     CHECK(bench_apply_how({7, 21000, 5000}) == BENCH_APPLY_HOLD);
     CHECK(bench_apply_how({4, 20000, 5000}) == BENCH_APPLY_HOLD);
     CHECK(bench_apply_how({7, 5000, 5000}) == BENCH_APPLY_CLICK);
+    CHECK(bench_apply_how({7, 20980, 450}) == BENCH_APPLY_CLICK); // cannot raise it
+    CHECK(bench_apply_how({7, 20980, 550}) == BENCH_APPLY_HOLD);
     bench_take(REG_OUT_STATE, 0);
     live(700, 0, 0);
+    CHECK(bench_toggle() == BENCH_TOGGLE_OFF); // as before
+    applied({7, 21000, 550});
     CHECK(bench_toggle() == BENCH_TOGGLE_HOLD); // the device never saw more than 5 V
 }
 

@@ -21,7 +21,8 @@ static void judge(u16 addr, u16 value) {
     case REG_OUT_REQ:
         run.offs += value == 0;
         must(value == 0 || run.on_meant, "on is sent only when it was meant");
-        must(value == 0 || run.held || bench.last_on_mv >= bench.set.mv || bench.set.mv <= BENCH_FIRST_ON_MV,
+        must(value == 0 || run.held || bench.last_on_mv >= bench.set.mv ||
+                 (bench.last_on_known && bench.last_on.mv >= bench.set.mv) || bench.set.mv <= BENCH_FIRST_ON_MV,
              "more than the last time is turned on only by holding");
         must(value == 0 || bench_age() == BENCH_LIVE, "nothing is turned on while readings are old");
         break;

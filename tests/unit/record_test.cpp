@@ -135,15 +135,16 @@ TEST_CASE("record: lines that are not reports are skipped and logged, and a file
     clock_start();
     temp_project_t folder;
     const std::string path = folder.path("a.csv");
-    folder.write("a.csv", "\xEF\xBB\xBF"
-                          "Current (A),\"Voltage (V)\",Time,\"a \"\"b\"\", c\"\n"
-                          "1.5,\"12\",2026-11-22T10:00:00Z,\"x, \"\"y\n"
-                          "1.5,13,2026-11-22T12:00:00.5+02:00\n"
-                          "1.5,13,2026-11-22T09:59:59Z\n1.5,70000,2026-11-22T10:00:01Z\nnan,1,2026-11-22T10:00:01Z\n"
-                          "1,1,2026-13-22T10:00:01Z\n1,1,2026-11-22T10:00:01\n,,2026-11-22T10:00:01Z\n\n1,1,2026-11-");
+    folder.write("a.csv",
+                 "\xEF\xBB\xBF"
+                 "Current (A),\"Voltage (V)\",Time,\"a \"\"b\"\", c\"\n"
+                 "1.5,\"12\",2026-11-22T10:00:00Z,\"x, \"\"y\n"
+                 "1.5,13,2026-11-22T12:00:00.5+02:00\n"
+                 "1.5,13,2026-11-22T09:59:59Z\n1.5,70000,2026-11-22T10:00:01Z\nnan,1,2026-11-22T10:00:01Z\n"
+                 "1,1,2026-13-22T10:00:01Z\n1,1,2026-11-22T10:00:01\n1,1\n,,2026-11-22T10:00:01Z\n\n1,1,2026-11-");
     const std::string log = printed([&] { CHECK(import_file(path.c_str()) == 2); });
     for (const char *line : {":4: its time is before", ":5: no voltage", ":6: no voltage", ":7: no time", ":8: no time",
-                             ":11: the line is not finished"}) {
+                             ":9: fields are missing", ":12: the line is not finished"}) {
         CAPTURE(line);
         CHECK(contains(log, "a.csv" + std::string(line)));
     }
@@ -154,6 +155,8 @@ TEST_CASE("record: lines that are not reports are skipped and logged, and a file
     CHECK(contains(printed([&] { CHECK(import_file(folder.path("b.csv").c_str()) == -1); }),
                    "no column \"Voltage (V)\""));
     CHECK(contains(printed([&] { CHECK(import_file(folder.top.c_str()) == -1); }), folder.top));
+    folder.write("c.csv", "");
+    CHECK(contains(printed([&] { CHECK(import_file(folder.path("c.csv").c_str()) == -1); }), "c.csv: no reports"));
     CHECK(trend_at(trend_now(), &p));
 }
 

@@ -118,7 +118,7 @@ static void toggle_paint() {
     };
     const auto &row = row_of(rows, bench_toggle());
     char volts[PAINT_NUMBER_SIZE];
-    paint_look(view1(VIEW1_LABEL7_ID), row.look);
+    paint_look(view1(VIEW1_LABEL7_ID), bench.replay ? (u32)LOOK_DEAD : row.look);
     paint_words(view1(VIEW1_LABEL7_ID), row.words, number_volts(volts, bench.set.mv));
     para_t *word = view1(row.known ? VIEW1_STATE_WORD_ID : VIEW1_UNKNOWN_WORD_ID);
     paint_words(word, row.state);
@@ -219,7 +219,7 @@ void toggle_key(zof_event_e event) {
 
 // Other controls --------------------------------------------------------------------------------------------------
 static void to_rails_event(zof_ctrl_t *, zof_event_e event) {
-    if (ui_takes(event) && event == ZOF_EVENT_CLICKED) {
+    if (ui_takes(event, BENCH_PRESS_LOOKS) && event == ZOF_EVENT_CLICKED) {
         ui_slide_to(port_works() ? ZOF_VIEW2_ID : ZOF_VIEW4_ID, false);
     }
 }
@@ -249,7 +249,7 @@ static void reset_event(zof_ctrl_t *ctrl, zof_event_e event) {
 }
 
 static void local_event(zof_ctrl_t *, zof_event_e event) {
-    if (ui_takes(event, BENCH_PRESS_LOCAL) && event == ZOF_EVENT_CLICKED && !bench.replay) {
+    if (ui_takes(event, BENCH_PRESS_LOOKS) && event == ZOF_EVENT_CLICKED && !bench.replay) {
         bench.remote[0] = '\0';
         ui_paint();
     }

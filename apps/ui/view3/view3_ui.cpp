@@ -36,7 +36,9 @@ static void link_paint() {
     snprintf(frames, sizeof(frames), "%u", bench_live() ? per_second : 0);
     snprintf(skipped, sizeof(skipped), "%u", g_link.skipped);
     paint_text(view3(VIEW3_PORT_ID), bench.port.path[0] ? bench.port.path : "-");
-    if (bench_live()) {
+    if (bench.replay) {
+        paint_words(view3(VIEW3_LINK_ID), TEXT_REPLAY_IS, bench.remote);
+    } else if (bench_live()) {
         paint_words(view3(VIEW3_LINK_ID), TEXT_LINK_GOOD, "", fine_age(age, zof_sys_time_ms() - g_link.last_ms));
     } else {
         paint_words(view3(VIEW3_LINK_ID), bench.port.state == BENCH_PORT_OPEN ? TEXT_LINK_SILENT : TEXT_LINK_NONE);

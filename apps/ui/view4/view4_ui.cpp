@@ -52,6 +52,7 @@ static void bright_paint() {
     char text[8];
     snprintf(text, sizeof(text), "%u%%", percent);
     paint_text(view4(VIEW4_LABEL16_ID), known || slider.moving ? text : "-%");
+    paint_shown(view4(VIEW4_SLIDER0_ID), known || slider.moving);
     if (known && !slider.moving && zof_slider_get_value(view4(VIEW4_SLIDER0_ID)) != percent) {
         zof_slider_set_value(view4(VIEW4_SLIDER0_ID), (s16)percent);
     }
@@ -91,7 +92,9 @@ static void port_paint() {
     paint_look(state, bench_live() ? 0 : LOOK_DEAD);
     paint_text(view4(VIEW4_PORT_ID), port.path[0] ? port.path : "-");
     const bool says = bench.now - port_said_at < BENCH_NOTE_MS;
-    if (says && (port_on || port_alone)) {
+    if (bench.replay) {
+        paint_words(state, TEXT_REPLAY_IS, bench.remote);
+    } else if (says && (port_on || port_alone)) {
         paint_words(state, port_on ? TEXT_PORT_FIRST_OFF : TEXT_PORT_NO_OTHER);
     } else if (bench_live()) {
         paint_words(state, TEXT_PORT_GOOD, "115 200", age);
@@ -106,7 +109,8 @@ void view4_paint(void) {
     const bool boot_known = bench.settings_known & 2;
     option_paint(VIEW4_LABEL8_GROUND_ID, VIEW4_LABEL8_ID, boot_known && bench.boot_last == 0);
     option_paint(VIEW4_LABEL9_GROUND_ID, VIEW4_LABEL9_ID, boot_known && bench.boot_last != 0);
-    switch_paint(VIEW4_SW0_ID, (bench.settings_known & 4) && bench.auto_on != 0);
+    switch_paint(VIEW4_SW0_ID, bench.auto_on != 0);
+    paint_shown(view4(VIEW4_SW0_ID), (bench.settings_known & 4) != 0); // off would be a statement
     switch_paint(VIEW4_HOLD_ID, !bench.hold_off);
     switch_paint(VIEW4_AVERAGE_ID, !bench.averaged_off);
     switch_paint(VIEW4_LOCK_ALL_ID, bench.locked);

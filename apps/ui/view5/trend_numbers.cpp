@@ -139,7 +139,7 @@ static void record_paint() {
     paint_text(view5(VIEW5_RECORDED_ID), running_words(text, bench.now - record.since));
     para_t *button = view5(VIEW5_RECORD_ID);
     paint_words(button, runs ? TEXT_T_STOP : TEXT_T_RECORD);
-    paint_look(button, runs ? LOOK_CHOSEN : trend_stopped() ? LOOK_DEAD : 0);
+    paint_look(button, runs ? LOOK_CHOSEN : trend_stopped() || bench.replay ? LOOK_DEAD : 0);
 }
 
 void trend_numbers_paint(const trend_point_t *at) {

@@ -269,7 +269,8 @@ static void cursor_off_do() {
 // Moves the cursor to the finger.
 static void panes_event(zof_ctrl_t *, zof_event_e event) {
     zof_touch_t touch = {};
-    if (ui_takes(event) && (event == ZOF_EVENT_PRESSED || event == ZOF_EVENT_PRESSING) && zof_touch_get(&touch) == 0) {
+    if (ui_takes(event, BENCH_PRESS_LOOKS) && (event == ZOF_EVENT_PRESSED || event == ZOF_EVENT_PRESSING) &&
+        zof_touch_get(&touch) == 0) {
         const u32 x = (u32)std::clamp((s32)touch.x - PANE_X, 0, PLOT_WIDTH - 1);
         trend_page.cursor = true;
         trend_page.cursor_at = trend_page.from + (trend_page.to - trend_page.from) * x / PLOT_WIDTH;
@@ -278,15 +279,15 @@ static void panes_event(zof_ctrl_t *, zof_event_e event) {
 }
 
 static constexpr auto view_ctrls_fun_t = view_rows<158>({
-    {VIEW5_SPAN0_ID, click_event<span_do<0>>},
-    {VIEW5_SPAN1_ID, click_event<span_do<1>>},
-    {VIEW5_SPAN2_ID, click_event<span_do<2>>},
-    {VIEW5_SPAN3_ID, click_event<span_do<3>>},
-    {VIEW5_SPAN4_ID, click_event<span_do<4>>},
-    {VIEW5_WATTS_ID, click_event<watts_do>},
+    {VIEW5_SPAN0_ID, click_event<span_do<0>, BENCH_PRESS_LOOKS>},
+    {VIEW5_SPAN1_ID, click_event<span_do<1>, BENCH_PRESS_LOOKS>},
+    {VIEW5_SPAN2_ID, click_event<span_do<2>, BENCH_PRESS_LOOKS>},
+    {VIEW5_SPAN3_ID, click_event<span_do<3>, BENCH_PRESS_LOOKS>},
+    {VIEW5_SPAN4_ID, click_event<span_do<4>, BENCH_PRESS_LOOKS>},
+    {VIEW5_WATTS_ID, click_event<watts_do, BENCH_PRESS_LOOKS>},
     {VIEW5_RECORD_ID, click_event<record_do>},
     {VIEW5_PANES_ID, panes_event},
-    {VIEW5_CURSOR_OFF_ID, click_event<cursor_off_do>},
+    {VIEW5_CURSOR_OFF_ID, click_event<cursor_off_do, BENCH_PRESS_LOOKS>},
     {VIEW5_STRIP_TURN_OFF_ID, strip_off_event},
     {VIEW5_TAB_OUTPUT_ID, output_tab_event},
     {VIEW5_TAB_RAILS_ID, tab_event<ZOF_VIEW2_ID>},
