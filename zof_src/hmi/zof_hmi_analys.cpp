@@ -109,6 +109,14 @@ s32 zof_hmi_cmd_ui_analys_init(const zof_hmi_attr_t *attr) {
     ui_queue_switched = zof_sem_create(0);
     if (!ui_queue || !ui_queue_switched) {
         zof_printf("ui_analys pipo fail\n");
+        if (ui_queue) {
+            pipo_buff_delete(ui_queue);
+        }
+        if (ui_queue_switched) {
+            zof_sem_delete(ui_queue_switched);
+        }
+        ui_queue = nullptr;
+        ui_queue_switched = nullptr;
         analys_release(a);
         zof_free(a);
         return -1;
