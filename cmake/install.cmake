@@ -15,6 +15,7 @@ install(FILES ${PROJECT_BINARY_DIR}/tools/zof.1 DESTINATION ${CMAKE_INSTALL_MAND
 install(FILES ${PROJECT_BINARY_DIR}/tools/zof.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zof)
 
 install(DIRECTORY ${PROJECT_BINARY_DIR}/tools/schema DESTINATION ${CMAKE_INSTALL_DATADIR}/zof)
+install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/html/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/zof OPTIONAL) # if built: the target docs
 
 install(EXPORT zofTargets NAMESPACE zof:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zof)
 file(WRITE ${PROJECT_BINARY_DIR}/zofConfig.cmake [=[

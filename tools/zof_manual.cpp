@@ -1,5 +1,5 @@
-// Writes the tables of keys into the manual of project folders, and the table of rules into the page of `zof lint`. The
-// catalogue and the rows of the rules are the only sources.
+// Writes the tables of keys into the manual of project folders and the pages of control types, and the table of rules
+// into the page of `zof lint`. The catalogue and the rows of the rules are the only sources.
 #include <cstdio>
 #include <cstring>
 
@@ -11,11 +11,12 @@ static int fail(const char *file, const std::string &what) {
     return 1;
 }
 
-static int refresh(const char *file, bool all, bool check) {
+static int refresh(const char *file, bool check, std::set<std::string> &found) {
     std::string old;
     std::string now;
+    const char *manual = strstr(file, "/types/") ? "../project.md" : "";
     std::string reason = tool_file_read(file, old);
-    reason = reason.empty() ? cat_manual_refresh(old, all, now) : reason;
+    reason = reason.empty() ? cat_manual_refresh(old, manual, found, now) : reason;
     if (!reason.empty() || now == old) {
         return reason.empty() ? 0 : fail(file, reason);
     }
@@ -30,15 +31,18 @@ int main(int argc, char **argv) {
     const bool check = argc > 1 && strcmp(argv[1], "--check") == 0;
     const int first = check ? 2 : 1;
     if (argc <= first) {
-        fprintf(stderr,
-                "usage: zof_manual [--check] MANUAL [PAGE...]\n"
-                "Replaces the tables of keys in the manual, which needs all of them, and in further pages by those of\n"
-                "the catalogue. --check writes nothing, and fails if something would change.\n");
+        fprintf(
+            stderr,
+            "usage: zof_manual [--check] PAGE...\n"
+            "Replaces the tables of keys in the pages by those of the catalogue. Together the pages need all of them.\n"
+            "--check writes nothing, and fails if something would change.\n");
         return 2;
     }
     int status = 0;
+    std::set<std::string> found;
     for (int i = first; i < argc; i++) {
-        status |= refresh(argv[i], i == first, check);
+        status |= refresh(argv[i], check, found);
     }
-    return status;
+    const std::string reason = cat_manual_missing(found);
+    return reason.empty() ? status : fail(argv[first], reason);
 }

@@ -11,71 +11,8 @@
 #include "frames.h"
 #include "hardware/uart/zof_hw_text.h"
 #include "hmi/zof_hmi_cmd.h"
+#include "protocol_rows.h"
 #include "tool_file.h"
-
-struct field_type_t {
-    const char *wire, *c, *put;
-};
-
-static constexpr field_type_t field_types[] = {{"text", "const char *", "text"}, {"s8", "int8_t ", "u8"},
-                                               {"u8", "uint8_t ", "u8"},         {"s16", "int16_t ", "u16"},
-                                               {"u16", "uint16_t ", "u16"},      {"s32", "int32_t ", "u32"},
-                                               {"u32", "uint32_t ", "u32"}};
-static_assert(sizeof(field_types) / sizeof(field_types[0]) == ZOF_HMI_T_COUNT);
-
-struct field_t {
-    std::string name;
-    const field_type_t *type;
-};
-
-// A row with the names of all its fields.
-struct row_t {
-    const zof_hmi_cmd_type_t *type;
-    const zof_hmi_param_type_t *param;
-    std::vector<field_t> address, request, value; // in wire order
-    bool hidden;                                  // shadowed by an earlier row with the same code
-};
-
-static std::vector<field_t> fields(const zof_hmi_rec_t *list, const char *names) {
-    std::vector<field_t> out;
-    std::istringstream words(names ? names : "");
-    for (u32 i = 0; i < list->count; i++) {
-        std::string name;
-        words >> name;
-        out.push_back({name, &field_types[list->fields[i].type]});
-    }
-    return out;
-}
-
-static std::vector<row_t> rows_of(const zof_hmi_cmd_type_t &type) {
-    std::vector<row_t> out;
-    for (u32 i = 0; i < type.param_count; i++) {
-        const zof_hmi_param_type_t &p = type.params[i];
-        bool hidden = false;
-        for (u32 k = 0; k < i; k++) {
-            hidden = hidden || memcmp(type.params[k].code, p.code, type.params[k].len) == 0;
-        }
-        out.push_back({&type, &p, fields(type.rec, type.rec_names), fields(p.rw->req, p.req_names),
-                       fields(p.value, p.value_names), hidden});
-    }
-    return out;
-}
-
-static std::vector<u8> code_of(const row_t &row) {
-    std::vector<u8> out(row.type->code, row.type->code + row.type->len);
-    out.insert(out.end(), row.param->code, row.param->code + row.param->len);
-    return out;
-}
-
-static std::string hex(const u8 *code, u32 len, const char *gap) {
-    std::string out;
-    for (u32 i = 0; i < len; i++) {
-        char text[8];
-        snprintf(text, sizeof(text), "%s%02X", i ? gap : "", code[i]);
-        out += text;
-    }
-    return out;
-}
 
 static std::string upper(std::string text) {
     for (char &c : text) {
@@ -99,30 +36,6 @@ static std::string name_of(const row_t &row) {
     return std::string(row.type->name) + "_" + row.param->name;
 }
 
-// Reference
-
-static std::string field_words(const std::vector<field_t> &list) {
-    std::string out;
-    for (const field_t &f : list) {
-        out += (out.empty() ? "" : ", ") + std::string(f.type->wire) + " " + f.name;
-    }
-    return out.empty() ? "-" : out;
-}
-
-static void markdown(const zof_hmi_cmd_type_t &type, std::ostream &out) {
-    out << "\n### " << hex(type.code, type.len, " ") << " " << type.name << "\n\n" << type.help << "\n\n";
-    out << "| Code | Name | Host may | Request | Value | What it does |\n|---|---|---|---|---|---|\n";
-    for (const row_t &r : rows_of(type)) {
-        const bool reads = r.param->get_fun && !r.hidden, writes = r.param->set_fun && !r.hidden;
-        out << "| " << hex(r.param->code, r.param->len, " ") << " | `" << type.name << "." << r.param->name << "` | "
-            << (reads && writes ? "read, write"
-                : reads         ? "read"
-                : writes        ? "write"
-                                : "-")
-            << " | " << field_words(r.request) << " | " << field_words(r.value) << " | " << r.param->help << " |\n";
-    }
-}
-
 // Wraps a comment at 120 columns.
 static std::string comment(const std::string &text) {
     std::istringstream words(text);
@@ -137,6 +50,12 @@ static std::string comment(const std::string &text) {
         column += 1 + word.size();
     }
     return out + "\n";
+}
+
+static void markdown(const zof_hmi_cmd_type_t &type, std::ostream &out) {
+    out << "\n### " << rows_hex(type.code, type.len, " ") << " " << type.name << "\n\n"
+        << type.help << "\n\n"
+        << rows_table(type);
 }
 
 // C library
@@ -185,12 +104,12 @@ static void c_header(const zof_hmi_cmd_type_t &type, std::ostream &out) {
         if (r.hidden) {
             continue;
         }
-        const std::vector<u8> code = code_of(r);
+        const std::vector<u8> code = rows_code(r);
         std::vector<u8> packed = {(u8)code.size(), 0, 0, 0};
         std::copy(code.begin(), code.end(), packed.begin() + 1);
         out << "\n"
-            << comment(r.param->help) << comment((r.param->get_fun ? "Answers: " : "Carries: ") + field_words(r.value))
-            << "#define ZOF_HOST_" << upper(name_of(r)) << " 0x" << hex(packed.data(), 4, "") << "ul\n";
+            << comment(r.param->help) << comment((r.param->get_fun ? "Answers: " : "Carries: ") + rows_words(r.value))
+            << "#define ZOF_HOST_" << upper(name_of(r)) << " 0x" << rows_hex(packed.data(), 4, "") << "ul\n";
         if (r.param->get_fun) {
             c_call(r, "get", "ZOF_HOST_READ", {&r.address, &r.request}, out);
         }
@@ -203,7 +122,7 @@ static void c_header(const zof_hmi_cmd_type_t &type, std::ostream &out) {
 // Python library
 
 static std::string py_type(const field_t &f) {
-    return f.type == &field_types[ZOF_HMI_T_STR] ? "str" : "int";
+    return strcmp(f.type->wire, "text") == 0 ? "str" : "int";
 }
 
 static std::string py_fields(const std::vector<field_t> &list) {
@@ -235,13 +154,13 @@ static void python(const zof_hmi_cmd_type_t &type, std::ostream &out) {
             }
             out << "\n";
         }
-        const std::vector<u8> code = code_of(r);
+        const std::vector<u8> code = rows_code(r);
         out << "\n"
             << upper(name_of(r)) << ": Row[" << value << "] = Row(\n    \"" << type.name << "." << r.param->name
-            << "\", bytes.fromhex(\"" << hex(code.data(), (u32)code.size(), " ") << "\"),\n    " << py_fields(r.address)
-            << ", " << py_fields(r.request) << ",\n    " << py_fields(r.value) << ",\n    " << value << ", "
-            << (r.param->get_fun ? "True" : "False") << ", " << (r.param->set_fun ? "True" : "False") << ",\n    \""
-            << r.param->help << "\"" << py_chooses(r) << ")\n";
+            << "\", bytes.fromhex(\"" << rows_hex(code.data(), (u32)code.size(), " ") << "\"),\n    "
+            << py_fields(r.address) << ", " << py_fields(r.request) << ",\n    " << py_fields(r.value) << ",\n    "
+            << value << ", " << (r.param->get_fun ? "True" : "False") << ", " << (r.param->set_fun ? "True" : "False")
+            << ",\n    \"" << r.param->help << "\"" << py_chooses(r) << ")\n";
     }
 }
 
@@ -269,7 +188,7 @@ static void frame_lines(const bytes &frame, std::ostream &out) {
     const size_t head = 6, line = 2 * RAIL_WORDS;
     for (size_t at = 0; at < frame.size(); at += at ? line : head + line) {
         const size_t end = std::min(frame.size(), at ? at + line : head + line);
-        out << (at ? "                      " : "    ") << hex(frame.data() + at, (u32)(end - at), " ") << "\n";
+        out << (at ? "                      " : "    ") << rows_hex(frame.data() + at, (u32)(end - at), " ") << "\n";
     }
     out << "        " << frame_text(frame) << "\n";
 }

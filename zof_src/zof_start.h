@@ -8,7 +8,7 @@ ZOF_C_BEGIN
 
 // Supplied by the application. Called once, on the main thread under dis_mutex, after the drivers have started: passes
 // the view table to zof_prj_create and opens what the application needs. After that the application runs in callbacks.
-void zof_main(void);
+void zof_main(void); // passes the view table to zof_prj_create
 
 // Handles the command line, starts the runtime in its fixed order, calls zof_main and runs the main loop: one turn of
 // lv_timer_handler under dis_mutex, then sleep without it until a timer is due, the window has an event, a host's

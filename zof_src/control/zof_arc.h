@@ -45,8 +45,8 @@ s32 zof_arc_del(para_t *record);
 s32 zof_arc_set_dis(zof_ctrl_t *ctrl, u32 part, const zof_line_disp_t *dis);
 s32 zof_arc_set_knob(zof_ctrl_t *ctrl, zof_color_t color);
 s32 zof_arc_set_value_range(zof_ctrl_t *ctrl, s16 min, s16 max);
-s32 zof_arc_set_value(zof_ctrl_t *ctrl, s16 value);
-s32 zof_arc_get_value(zof_ctrl_t *ctrl);
+s32 zof_arc_set_value(zof_ctrl_t *ctrl, s16 value); // shows a value, clamped to the range
+s32 zof_arc_get_value(zof_ctrl_t *ctrl);            // the value
 s32 zof_arc_set_rotation(zof_ctrl_t *ctrl, u16 angle);
 s32 zof_arc_set_angles(zof_ctrl_t *ctrl, u16 start, u16 end);
 

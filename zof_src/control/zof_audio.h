@@ -7,7 +7,7 @@
 
 ZOF_C_BEGIN
 
-s32 zof_audio_set_src(const char *name);
+s32 zof_audio_set_src(const char *name); // plays a sound
 s32 zof_audio_set_state(u32 state);
 s32 zof_audio_get_state(void);
 s32 zof_audio_set_volum(u8 volume);

@@ -20,7 +20,7 @@ extern const reflect_item_t zof_bar_attr_t_tbl[];
 
 s32 zof_bar_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_bar_set_bar_color(zof_ctrl_t *ctrl, zof_color_t color);
-s32 zof_bar_set_value(zof_ctrl_t *ctrl, s16 value);
+s32 zof_bar_set_value(zof_ctrl_t *ctrl, s16 value); // shows a value, clamped to the range
 s32 zof_bar_set_range(zof_ctrl_t *ctrl, s16 min, s16 max);
 s32 zof_bar_get_value(zof_ctrl_t *ctrl);
 

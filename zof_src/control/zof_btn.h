@@ -16,7 +16,7 @@ typedef struct {
 extern const reflect_item_t zof_btn_attr_t_tbl[];
 
 s32 zof_btn_create(para_t *record, lv_obj_t *parent, void *attr);
-s32 zof_btn_set_txt(zof_ctrl_t *ctrl, const char *text);
+s32 zof_btn_set_txt(zof_ctrl_t *ctrl, const char *text); // sets the caption, as zof_label_set_txt
 s32 zof_btn_update_txt(zof_ctrl_t *ctrl);
 s32 zof_btn_set_txt_color(zof_ctrl_t *ctrl, zof_color_t color, u32 selector);
 s32 zof_btn_set_txt_size(zof_ctrl_t *ctrl, u32 size);
@@ -25,8 +25,8 @@ s32 zof_btn_set_txt_size(zof_ctrl_t *ctrl, u32 size);
 s32 zof_btn_set_mode(zof_ctrl_t *ctrl, u32 mode);
 
 // LVGL's states. Setting first clears checked, pressed and disabled.
-s32 zof_btn_get_state(zof_ctrl_t *ctrl);
-s32 zof_btn_set_state(zof_ctrl_t *ctrl, u32 state);
+s32 zof_btn_get_state(zof_ctrl_t *ctrl);            // 1 checked, 32 pressed, 128 disabled
+s32 zof_btn_set_state(zof_ctrl_t *ctrl, u32 state); // checks, presses or disables the button
 
 ZOF_C_END
 

@@ -17,8 +17,8 @@ extern const reflect_item_t zof_cb_attr_t_tbl[];
 
 s32 zof_cb_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_cb_set_txt(zof_ctrl_t *ctrl, const char *text);
-s32 zof_cb_set_checked(zof_ctrl_t *ctrl, u32 on);
-u32 zof_cb_is_checked(zof_ctrl_t *ctrl);
+s32 zof_cb_set_checked(zof_ctrl_t *ctrl, u32 on); // checks (not 0) or unchecks the box
+u32 zof_cb_is_checked(zof_ctrl_t *ctrl);          // 1 when it is checked
 s32 zof_cb_set_disable(zof_ctrl_t *ctrl, u32 on);
 s32 zof_cb_is_inactive(zof_ctrl_t *ctrl);
 s32 zof_cb_update_txt(zof_ctrl_t *ctrl);

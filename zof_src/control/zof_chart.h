@@ -53,7 +53,7 @@ s32 zof_chart_series_remove(zof_ctrl_t *ctrl, lv_chart_series_t *series);
 // a gap. The others copy a value: after the last one written, or to a point; a point that the chart does not have is
 // ignored. Two values are for scatter charts only.
 s32 zof_chart_set_points(zof_ctrl_t *ctrl, lv_chart_series_t *series, lv_coord_t *y);
-s32 zof_chart_set_next(zof_ctrl_t *ctrl, lv_chart_series_t *series, s32 value);
+s32 zof_chart_set_next(zof_ctrl_t *ctrl, lv_chart_series_t *series, s32 value); // adds a value after the last one
 s32 zof_chart_set_next_value2(zof_ctrl_t *ctrl, lv_chart_series_t *series, s32 x, s32 y);
 s32 zof_chart_set_value_by_id(zof_ctrl_t *ctrl, lv_chart_series_t *series, u32 id, s32 value);
 

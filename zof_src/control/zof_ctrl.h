@@ -55,29 +55,29 @@ void zof_ctrl_set_event_all(zof_all_event_fn fn);
 // The operations below accept any handle. They return 0, or the value that a getter's name says, and -1 without an
 // object. Units are pixels; positions are relative to the parent. Getters of position and size need an up-to-date
 // layout (zof_ctrl_update_location).
-s32 zof_ctrl_set_pos(zof_ctrl_t *ctrl, s32 x, s32 y);
+s32 zof_ctrl_set_pos(zof_ctrl_t *ctrl, s32 x, s32 y); // places the control in its parent
 s32 zof_ctrl_set_x(zof_ctrl_t *ctrl, s32 x);
 s32 zof_ctrl_set_y(zof_ctrl_t *ctrl, s32 y);
 s32 zof_ctrl_get_x(zof_ctrl_t *ctrl);
 s32 zof_ctrl_get_y(zof_ctrl_t *ctrl);
-s32 zof_ctrl_set_size(zof_ctrl_t *ctrl, s32 width, s32 height);
+s32 zof_ctrl_set_size(zof_ctrl_t *ctrl, s32 width, s32 height); // sets width and height
 s32 zof_ctrl_get_width(zof_ctrl_t *ctrl);
 s32 zof_ctrl_get_height(zof_ctrl_t *ctrl);
 
 // Hiding also closes the drop lists that are open within the control.
-s32 zof_ctrl_set_hidden(zof_ctrl_t *ctrl, zof_bool hidden);
-s32 zof_ctrl_get_hidden(zof_ctrl_t *ctrl);
-s32 zof_ctrl_set_alpha(zof_ctrl_t *ctrl, u8 alpha);
+s32 zof_ctrl_set_hidden(zof_ctrl_t *ctrl, zof_bool hidden); // hides the control, or shows it again
+s32 zof_ctrl_get_hidden(zof_ctrl_t *ctrl);                  // 1 while it is hidden
+s32 zof_ctrl_set_alpha(zof_ctrl_t *ctrl, u8 alpha);         // opacity, 255 is opaque
 
 // 0 lets touches through, 1 takes them; any other value returns -1.
-s32 zof_ctrl_set_touch(zof_ctrl_t *ctrl, u32 touch);
+s32 zof_ctrl_set_touch(zof_ctrl_t *ctrl, u32 touch); // takes touches (1) or lets them through (0)
 s32 zof_ctrl_set_ext_click_area(zof_ctrl_t *ctrl, s32 pixels);
 
 // Places the control beside or within the base control; `align` is LVGL's.
 s32 zof_ctrl_set_align(zof_ctrl_t *ctrl, zof_ctrl_t *base, u32 align, s32 x, s32 y);
 
 // Moves the control to the top or the bottom of its parent's children.
-s32 zof_ctrl_move_forground(zof_ctrl_t *ctrl);
+s32 zof_ctrl_move_forground(zof_ctrl_t *ctrl); // draws the control above the others of its parent
 s32 zof_ctrl_move_background(zof_ctrl_t *ctrl);
 s32 zof_ctrl_set_scrollbar(zof_ctrl_t *ctrl, const zof_scrollbar_t *sb);
 s32 zof_ctrl_get_child_sum(zof_ctrl_t *ctrl);
@@ -91,7 +91,7 @@ s32 zof_ctrl_get_coords(zof_ctrl_t *ctrl, lv_area_t *area);
 s32 zof_ctrl_set_scroll_dir_x(zof_ctrl_t *ctrl, u32 snap);
 s32 zof_ctrl_set_scroll_dir_y(zof_ctrl_t *ctrl, u32 snap);
 s32 zof_ctrl_set_scroll_dir(zof_ctrl_t *ctrl, u32 dir);
-s32 zof_ctrl_scroll_view(zof_ctrl_t *ctrl, u32 animate);
+s32 zof_ctrl_scroll_view(zof_ctrl_t *ctrl, u32 animate); // scrolls the parent until the control is visible
 s32 zof_ctrl_scroll_set(zof_ctrl_t *ctrl, s32 x, s32 y, u32 animate);
 s32 zof_ctrl_scroll_get_x(zof_ctrl_t *ctrl);
 s32 zof_ctrl_scroll_get_y(zof_ctrl_t *ctrl);
@@ -112,8 +112,8 @@ s32 zof_ctrl_translate_y(zof_ctrl_t *ctrl, s32 y);
 s32 zof_ctrl_zoom_set(zof_ctrl_t *ctrl, u32 zoom);
 s32 zof_ctrl_zoom_pivot(zof_ctrl_t *ctrl, s32 x, s32 y);
 s32 zof_ctrl_state_judge(zof_ctrl_t *ctrl, u32 state);
-s32 zof_ctrl_add_state(zof_ctrl_t *ctrl, u32 state);
-s32 zof_ctrl_clear_state(zof_ctrl_t *ctrl, u32 state);
+s32 zof_ctrl_add_state(zof_ctrl_t *ctrl, u32 state);   // adds LVGL states: 1 checked, 32 pressed, 128 disabled
+s32 zof_ctrl_clear_state(zof_ctrl_t *ctrl, u32 state); // removes LVGL states
 s32 zof_ctrl_get_state(zof_ctrl_t *ctrl);
 s32 zof_ctrl_set_child_clip_corner(zof_ctrl_t *ctrl, zof_bool clip);
 s32 zof_ctrl_set_gesture_bubble(zof_ctrl_t *ctrl, zof_bool bubble);

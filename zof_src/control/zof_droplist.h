@@ -24,11 +24,11 @@ s32 zof_droplist_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_droplist_add_option(zof_ctrl_t *ctrl, const char *text, u32 position);
 s32 zof_droplist_modify_option(zof_ctrl_t *ctrl, const char *text, u32 position);
 s32 zof_droplist_del_option(zof_ctrl_t *ctrl, u32 position);
-s32 zof_droplist_set_options(zof_ctrl_t *ctrl, const char *const *texts, u32 count);
+s32 zof_droplist_set_options(zof_ctrl_t *ctrl, const char *const *texts, u32 count); // replaces all options
 
 // An index beyond the end selects the last option.
-s32 zof_droplist_set_selected(zof_ctrl_t *ctrl, u32 index);
-s32 zof_droplist_get_selected(zof_ctrl_t *ctrl);
+s32 zof_droplist_set_selected(zof_ctrl_t *ctrl, u32 index); // selects an option
+s32 zof_droplist_get_selected(zof_ctrl_t *ctrl);            // index of the selected option
 
 // Copies the selected text as shown, cut to `size` bytes including its zero; -1 for a null or empty buffer.
 s32 zof_droplist_get_selected_str(zof_ctrl_t *ctrl, char *buffer, u32 size);

@@ -19,7 +19,7 @@ typedef struct {
 extern const reflect_item_t zof_img_attr_t_tbl[];
 
 s32 zof_img_create(para_t *record, lv_obj_t *parent, void *attr);
-s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name);
+s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name); // shows another picture
 
 // Returns the part of the image's path after the project folder and "image/"; it points into the path. Null without
 // one.
@@ -30,8 +30,8 @@ s32 zof_img_update_src(zof_ctrl_t *ctrl);
 s32 zof_img_recolor(zof_ctrl_t *ctrl, zof_color_t color, u8 opa);
 
 // Tenths of a degree; zoom, 256 is 100 %.
-s32 zof_img_set_rotate_angel(zof_ctrl_t *ctrl, s32 angle);
-s32 zof_img_zoom_setting(zof_ctrl_t *ctrl, u32 zoom);
+s32 zof_img_set_rotate_angel(zof_ctrl_t *ctrl, s32 angle); // turns it clockwise by tenths of a degree
+s32 zof_img_zoom_setting(zof_ctrl_t *ctrl, u32 zoom);      // scales it; 256 is 100 %
 s32 zof_img_set_pivot(zof_ctrl_t *ctrl, s32 x, s32 y);
 
 // Returns 1 for a text that can be a path: its first character is printable ASCII.

@@ -29,7 +29,7 @@ s32 zof_imgbtn_set_txt_color(zof_ctrl_t *ctrl, zof_color_t color, u32 state);
 s32 zof_imgbtn_set_txt_size(zof_ctrl_t *ctrl, u32 size);
 s32 zof_imgbtn_set_mode(zof_ctrl_t *ctrl, u32 state);
 s32 zof_imgbtn_get_state(zof_ctrl_t *ctrl);
-s32 zof_imgbtn_set_image(zof_ctrl_t *ctrl, u32 state, const char *name);
+s32 zof_imgbtn_set_image(zof_ctrl_t *ctrl, u32 state, const char *name); // sets the picture of a state
 s32 zof_imgbtn_update_txt(zof_ctrl_t *ctrl);
 
 // Centres the picture that is shown on the declared box.

@@ -21,7 +21,7 @@ typedef struct {
 extern const reflect_item_t zof_keyboard_attr_t_tbl[];
 
 s32 zof_keyboard_create(para_t *record, lv_obj_t *parent, void *attr);
-s32 zof_keyboard_set_txtbox(zof_ctrl_t *ctrl, zof_ctrl_t *txtbox);
+s32 zof_keyboard_set_txtbox(zof_ctrl_t *ctrl, zof_ctrl_t *txtbox); // types into this text box from now on
 
 // As for button matrices.
 s32 zof_keyboard_get_selected_btn(zof_ctrl_t *ctrl);

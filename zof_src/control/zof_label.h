@@ -33,7 +33,7 @@ char *zof_label_get_text(zof_ctrl_t *ctrl);
 s32 zof_label_set_align(zof_ctrl_t *ctrl, u32 align_e);
 
 // Colours are 0xRRGGBB. A size applies to the font file of the control's first style.
-s32 zof_label_set_txt_color(zof_ctrl_t *ctrl, zof_color_t color);
+s32 zof_label_set_txt_color(zof_ctrl_t *ctrl, zof_color_t color); // colour of the text
 s32 zof_label_set_txt_size(zof_ctrl_t *ctrl, u32 size);
 
 // LVGL's long mode, and the speed of the scrolling modes in pixels per second.

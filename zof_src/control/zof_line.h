@@ -26,7 +26,7 @@ extern const reflect_item_t zof_line_attr_t_tbl[];
 s32 zof_line_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_line_set_dash(zof_ctrl_t *ctrl, u32 width, u32 gap);
 s32 zof_line_set_dis(zof_ctrl_t *ctrl, const zof_line_disp_t *dis);
-s32 zof_line_set_points(zof_ctrl_t *ctrl, const lv_point_t *points, u32 count);
+s32 zof_line_set_points(zof_ctrl_t *ctrl, const lv_point_t *points, u32 count); // draws the line through points
 
 ZOF_C_END
 

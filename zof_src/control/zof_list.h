@@ -36,7 +36,7 @@ s32 zof_list_create(para_t *record, lv_obj_t *parent, void *attr);
 // Adds a button at the end, without an icon for a null image. Returns the button, which is a handle, or null.
 zof_ctrl_t *zof_list_add_btn(zof_ctrl_t *ctrl, const char *image, const char *text);
 s32 zof_list_del_btn(zof_ctrl_t *ctrl, u32 index);
-s32 zof_list_remove_all(zof_ctrl_t *ctrl);
+s32 zof_list_remove_all(zof_ctrl_t *ctrl); // removes all buttons
 
 // Returns a button, or its child 0, which is the icon if it has one, else the label; or null.
 zof_ctrl_t *zof_list_get_index_btn(zof_ctrl_t *ctrl, u32 index);

@@ -21,7 +21,7 @@ extern const reflect_item_t zof_qrcode_attr_t_tbl[];
 s32 zof_QR_code_create(para_t *record, lv_obj_t *parent, void *attr);
 
 // Null is the empty text. Returns -1, and no code is shown, for a text that does not fit into the square.
-s32 zof_qrcode_updata_data(zof_ctrl_t *ctrl, const char *text);
+s32 zof_qrcode_updata_data(zof_ctrl_t *ctrl, const char *text); // shows the code of a text
 
 ZOF_C_END
 

@@ -30,12 +30,12 @@ s32 zof_rollist_modify_option(zof_ctrl_t *ctrl, const char *text, u32 position);
 s32 zof_rollist_del_option(zof_ctrl_t *ctrl, u32 position);
 
 // `mode`: 0 stops at both ends, 1 wraps around; it is kept for later changes.
-s32 zof_rollist_set_options(zof_ctrl_t *ctrl, const char *const *texts, u32 count, u32 mode);
+s32 zof_rollist_set_options(zof_ctrl_t *ctrl, const char *const *texts, u32 count, u32 mode); // replaces all options
 
 // Turns to an option, in half a second, or at once if `animate` is 0; from then on touches turn it in half a second
 // too.
-s32 zof_rollist_set_selected(zof_ctrl_t *ctrl, u32 index, u32 animate);
-s32 zof_rollist_get_selected(zof_ctrl_t *ctrl);
+s32 zof_rollist_set_selected(zof_ctrl_t *ctrl, u32 index, u32 animate); // turns to an option
+s32 zof_rollist_get_selected(zof_ctrl_t *ctrl);                         // index of the selected option
 s32 zof_rollist_get_selected_str(zof_ctrl_t *ctrl, char *buffer, u32 size);
 s32 zof_rollist_update_txt(zof_ctrl_t *ctrl);
 

@@ -23,8 +23,8 @@ typedef struct {
 extern const reflect_item_t zof_spinbox_attr_t_tbl[];
 
 s32 zof_spinbox_create(para_t *record, lv_obj_t *parent, void *attr);
-s32 zof_spinbox_set_value(zof_ctrl_t *ctrl, s32 value);
-s32 zof_spinbox_get_value(zof_ctrl_t *ctrl);
+s32 zof_spinbox_set_value(zof_ctrl_t *ctrl, s32 value); // shows a value, clamped to the range
+s32 zof_spinbox_get_value(zof_ctrl_t *ctrl);            // the value, without a decimal point
 s32 zof_spinbox_step_next(zof_ctrl_t *ctrl);
 s32 zof_spinbox_step_prev(zof_ctrl_t *ctrl);
 s32 zof_spinbox_increment(zof_ctrl_t *ctrl);

@@ -15,8 +15,8 @@ typedef struct {
 extern const reflect_item_t zof_sw_attr_t_tbl[];
 
 s32 zof_sw_create(para_t *record, lv_obj_t *parent, void *attr);
-s32 zof_sw_set_state(zof_ctrl_t *ctrl, u32 on);
-u32 zof_sw_get_state(zof_ctrl_t *ctrl);
+s32 zof_sw_set_state(zof_ctrl_t *ctrl, u32 on); // turns it on (not 0) or off
+u32 zof_sw_get_state(zof_ctrl_t *ctrl);         // 1 when it is on
 
 ZOF_C_END
 

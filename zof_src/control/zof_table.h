@@ -43,7 +43,7 @@ s32 zof_table_set_cell_wrap(zof_ctrl_t *ctrl, zof_color_t border_color, u32 bord
                             zof_color_t bg_color);
 
 // The cell that is being pressed; 65535 for none. Returns 0, or -1 for null.
-s32 zof_table_get_selected_cell(zof_ctrl_t *ctrl, u16 *row, u16 *col);
+s32 zof_table_get_selected_cell(zof_ctrl_t *ctrl, u16 *row, u16 *col); // the cell that is being pressed
 
 // Marks what is being pressed, or removes the mark where there is one: the cell (`mode` 0), its row (1) or its column
 // (2). Cells in a third colour stay. Does not redraw. Without a pressed cell, the first one counts.

@@ -28,7 +28,7 @@ extern const reflect_item_t zof_tile_attr_t_tbl[];
 
 s32 zof_tileview_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_tile_create(para_t *record, lv_obj_t *parent, void *attr);
-s32 zof_tileview_set_tile_id(zof_ctrl_t *ctrl, u32 row, u32 col, u32 animate);
+s32 zof_tileview_set_tile_id(zof_ctrl_t *ctrl, u32 row, u32 col, u32 animate); // shows a tile
 s32 zof_tileview_get_tile_id(zof_ctrl_t *ctrl, u32 *row, u32 *col);
 
 ZOF_C_END

@@ -34,7 +34,7 @@ s32 zof_txtbox_add_char(zof_ctrl_t *ctrl, u32 character);
 // Deletes the character before the cursor, or the one after it.
 s32 zof_txtbox_del_char(zof_ctrl_t *ctrl);
 s32 zof_txtbox_del_char_forward(zof_ctrl_t *ctrl);
-s32 zof_txtbox_set_text(zof_ctrl_t *ctrl, const char *text);
+s32 zof_txtbox_set_text(zof_ctrl_t *ctrl, const char *text); // replaces the text
 
 // Returns the text, also of a password; the box owns it. (char *)-1 without a box.
 const char *zof_txtbox_get_text(zof_ctrl_t *ctrl);

@@ -37,8 +37,8 @@ extern zof_mutex_t dis_mutex;
 // return 0, or a negative number for an invalid handle. Each thread unlocks as often as it locks.
 zof_mutex_t zof_mutex_create(void);
 void zof_mutex_destory(zof_mutex_t m);
-s32 zof_mutex_lock(zof_mutex_t m);
-s32 zof_mutex_unlock(zof_mutex_t m);
+s32 zof_mutex_lock(zof_mutex_t m);   // waits for the lock, dis_mutex for example
+s32 zof_mutex_unlock(zof_mutex_t m); // releases the lock
 
 // Returns true while a thread waits for any of these mutexes.
 zof_bool zof_mutex_contended(void);

@@ -13,7 +13,7 @@ typedef lv_timer_t zof_task_t;
 // Creates a task that calls `fn` every `period` milliseconds until it is deleted; null for a null `fn` or without
 // memory. `user_data` stays the caller's.
 zof_task_t *zof_task_create(void (*fn)(zof_task_t *task), u32 period, void *user_data);
-void zof_task_del(zof_task_t *task);
+void zof_task_del(zof_task_t *task); // ends a task
 
 // Returns the pointer passed at creation; null for a null task.
 void *zof_task_get_user_data(zof_task_t *task);

@@ -13,6 +13,14 @@ SPEEDS = (2400, 4800, 9600, 19200, 38400, 57600, 115200, 230400, 460800, 500000,
 TYPES = ("label", "button", "container", "image_button", "line", "arc", "bar", "slider", "sw", "cb", "mbox", "tileview",
          "txtbox", "list", "droplist", "rollist", "chart", "table", "spinbox", "img", "gif", "qrcode", "video",
          "keyboard", "tile", "sketchpad", "btnmatrix", "animimg", "scrollcont", "scrollcont_obj")
+# Names that files may have in place of numbers; of types, those that differ from the names above.
+TYPE_NAMES = {"image button": "image_button", "switch": "sw", "check box": "cb", "message box": "mbox", "tile view": "tileview",
+              "text box": "txtbox", "drop list": "droplist", "roller": "rollist", "spin box": "spinbox", "image": "img",
+              "qr code": "qrcode", "sketch pad": "sketchpad", "button matrix": "btnmatrix", "image sequence": "animimg",
+              "scroll container": "scrollcont", "scroll item": "scrollcont_obj"}
+SPEED_NAMES = tuple(f"{speed} baud" for speed in SPEEDS)
+BIT_NAMES, PARITY_NAMES, STOP_NAMES = ("7 bits", "8 bits"), ("none", "odd", "even"), ("1 bit", "2 bits")
+LAYER_NAMES = ("screen", "above", "top", "behind")
 QUEUE_MORE = 1024
 
 
@@ -84,21 +92,34 @@ def _load(path: Path) -> dict[str, Any]:
     return data
 
 
+def _number(value: int | str, names: tuple[str, ...]) -> int:
+    """Returns a number that a file may give by name, without regard to case."""
+    return names.index(" ".join(value.lower().split())) if isinstance(value, str) else value
+
+
+def _type(value: int | str) -> str:
+    if isinstance(value, str):
+        name = " ".join(value.lower().split())
+        return TYPE_NAMES.get(name, name)
+    return TYPES[value] if 0 <= value < len(TYPES) else str(value)
+
+
 def _view(folder: Path, entry: dict[str, Any]) -> View:
     name = str(entry.get("pagename", ""))
     file = _load(folder / name)
     controls = []
     for control in file.get("controls") or []:
         pub = control.get("property", {}).get("pub_t", {})
-        kind = control.get("type", 0)
-        controls.append(Control(pub.get("id", 0), pub.get("name", ""), TYPES[kind] if 0 <= kind < len(TYPES) else str(kind)))
-    return View(entry.get("pageid", 0), Path(name).stem, controls, file.get("view", {}).get("layer", 0))
+        controls.append(Control(pub.get("id", 0), pub.get("name", ""), _type(control.get("type", 0))))
+    return View(entry.get("pageid", 0), Path(name).stem, controls,
+                _number(file.get("view", {}).get("layer", 0), LAYER_NAMES))
 
 
 def _settings(hmi: dict[str, Any]) -> Settings:
     uart = hmi.get("uart", {})
-    speed = uart.get("speed_e", 0)
+    speed = _number(uart.get("speed_e", 0), SPEED_NAMES)
     return Settings(baud=SPEEDS[speed] if speed < len(SPEEDS) else speed,
                     head=(hmi.get("head_fh", 0), hmi.get("head_fl", 0)), crc=bool(hmi.get("crc_en", 0)),
-                    queue_bytes=hmi.get("buffsize", 0) + QUEUE_MORE, bits=8 if uart.get("bit_e", 0) else 7,
-                    parity="NOE"[uart.get("parity_e", 0)], stop_bits=2 if uart.get("stop_e", 0) else 1)
+                    queue_bytes=hmi.get("buffsize", 0) + QUEUE_MORE, bits=8 if _number(uart.get("bit_e", 0), BIT_NAMES) else 7,
+                    parity="NOE"[_number(uart.get("parity_e", 0), PARITY_NAMES)],
+                    stop_bits=2 if _number(uart.get("stop_e", 0), STOP_NAMES) else 1)

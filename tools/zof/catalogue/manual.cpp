@@ -1,7 +1,6 @@
 #include "manual.h"
 
 #include <cstring>
-#include <set>
 
 #include "check/zof_check.h"
 #include "control/zof_ctrl_create.h"
@@ -78,6 +77,7 @@ static std::string type_lines(const zof_cat_type_t *type) {
     std::string text = line_of("Parts", cat_parts(type));
     text += type->sections > 1 ? "\n- Its second object is styled with `style_sect` 1, `second`." : "";
     text += type->parts ? "" : "\n- It has no styles.";
+    text += type->parts ? line_of("States", cat_states(type)) : "";
     text += line_of("Events", cat_own_events(type)) + line_of("Functions", cat_list(type->calls));
     return text.substr(text.empty() ? 0 : 1) + "\n";
 }
@@ -108,13 +108,13 @@ static std::string files_block(void) {
     return text;
 }
 
-static std::string link_to(const std::string &section) {
-    return "[" + section + "](#" + section + ")";
+static std::string link_to(const std::string &page) {
+    return "[" + page + "](types/" + page + ".md)";
 }
 
-// Each section is named after the type's theme file.
+// Each page is named after the type's theme file.
 static std::string types_block(void) {
-    std::string text = table_head({"Type", "Name", "Section, and its theme file", "What it is"});
+    std::string text = table_head({"Type", "Name", "Page, and its theme file", "What it is"});
     for (const zof_cat_type_t &type : zof_cat_types) {
         text += table_row(
             {std::to_string(type.type), code(type.name), link_to(zof_ctrl_classes[type.type]->name), type.help});
@@ -144,20 +144,43 @@ static std::string block_of(const std::string &name) {
     return record ? record_block(record) : "";
 }
 
-static std::string missing(const std::set<std::string> &found) {
+std::string cat_manual_missing(const std::set<std::string> &found) {
     for (u32 i = 0; zof_cat_records[i]->name; i++) {
         const bool bare =
             strchr("0*", zof_cat_records[i]->keys[0].key[0]) != nullptr; // described where the value is used
         if (!bare && !found.count(zof_cat_records[i]->name)) {
-            return std::string("has no \"keys of ") + zof_cat_records[i]->name + ": begin\"";
+            return std::string("no page has \"keys of ") + zof_cat_records[i]->name + ": begin\"";
         }
     }
     return "";
 }
 
-std::string cat_manual_refresh(const std::string &page, bool all, std::string &now) {
+// Links of the catalogue lead to sections of the manual, or to pages of types: "#line". `manual` is empty in the
+// manual.
+static std::string link_target(const std::string &section, const char *manual) {
+    for (const zof_ctrl_class_t *type : zof_ctrl_classes) {
+        if (section == type->name) {
+            return (*manual ? "" : "types/") + section + ".md";
+        }
+    }
+    return manual + ("#" + section);
+}
+
+static std::string linked(const std::string &block, const char *manual) {
+    static const std::string link = "](#";
+    std::string out;
+    size_t done = 0;
+    for (size_t at = block.find(link); at != std::string::npos; at = block.find(link, done)) {
+        const size_t name = at + link.size(), end = block.find(')', name);
+        out += block.substr(done, at + 2 - done) + link_target(block.substr(name, end - name), manual);
+        done = end;
+    }
+    return out + block.substr(done);
+}
+
+std::string cat_manual_refresh(const std::string &page, const char *manual, std::set<std::string> &found,
+                               std::string &now) {
     static const std::string begin = "<!-- keys of ", middle = ": begin -->\n", end = "<!-- keys: end -->";
-    std::set<std::string> found;
     now.clear();
     size_t done = 0;
     for (size_t at = page.find(begin); at != std::string::npos; at = page.find(begin, done)) {
@@ -171,9 +194,9 @@ std::string cat_manual_refresh(const std::string &page, bool all, std::string &n
         if (block.empty() || !found.insert(name).second) {
             return "\"keys of " + name + "\": " + (block.empty() ? "there is no such record" : "given twice");
         }
-        now += page.substr(done, name_end + middle.size() - done) + "\n" + block + "\n";
+        now += page.substr(done, name_end + middle.size() - done) + "\n" + linked(block, manual) + "\n";
         done = stop;
     }
     now += page.substr(done);
-    return all ? missing(found) : "";
+    return "";
 }

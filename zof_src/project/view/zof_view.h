@@ -93,7 +93,7 @@ s32 zof_view_delete(u32 id);
 s32 zof_view_set_dis_view_anim(u32 id, u32 transition, u32 time, u32 delay, u32 path);
 
 // The same without a transition, with the same results.
-s32 zof_view_set_dis_view(u32 id);
+s32 zof_view_set_dis_view(u32 id); // shows a view at once
 
 // Restores the display's own object on a layer. Calls no exit function and deletes no controls. Returns 0, or -1 for a
 // layer above 3 or before any view was loaded.
@@ -113,7 +113,7 @@ s32 zof_view_set_bg(u32 id, const char *image);
 
 // Set the background of a view immediately: opacity (top byte) and colour, or only the opacity. Return 0, or -1 without
 // the view's object.
-s32 zof_view_set_bgcolor(u32 id, u32 argb);
+s32 zof_view_set_bgcolor(u32 id, u32 argb); // opacity (top byte) and colour of the background
 s32 zof_view_set_bg_opa(u32 id, u8 opa);
 
 // Sets `out` to the project's width and height in pixels. Always returns -1; ignore the result.
