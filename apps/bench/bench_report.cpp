@@ -4,6 +4,8 @@
 // A report that is not confirmed is dropped.
 #include "bench/bench_report.h"
 
+#include "bench/bench_trend.h"
+
 #include "zof.h"
 
 enum { MV, MA, DW, KINDS, WHOLE = 7 };
@@ -22,14 +24,14 @@ static u64 logged_at;
 
 static constexpr u16 bench_t::*values[KINDS] = {&bench_t::mv, &bench_t::ma, &bench_t::dw};
 static constexpr bool bench_t::*known[KINDS] = {&bench_t::mv_known, &bench_t::ma_known, &bench_t::dw_known};
-static constexpr u32 slack[KINDS] = {500, 200, 20}; // beside a quarter of the value
+static constexpr u32 slack[KINDS] = {100, 50, 5}; // added to a sixteenth of the value
 
 void report_start(void) {
     next = waiting = {};
 }
 
 static bool is_near(u32 a, u32 b, u32 within) {
-    return (a > b ? a - b : b - a) <= within + (a > b ? a : b) / 4;
+    return (a > b ? a - b : b - a) <= within + (a > b ? a : b) / 16;
 }
 
 static bool is_between(u32 a, u32 b, u32 c) {
@@ -76,6 +78,7 @@ static void accept(const report_t &report) {
             bench_reading((u16)(REG_LIVE_MV + i), report.value[i]);
         }
     }
+    trend_report_end();
 }
 
 static void waiting_drop() {
@@ -91,6 +94,7 @@ void report_end(void) {
     const report_t report = next;
     next = {};
     if (report.have == report.passed) {
+        trend_report_end();
         return;
     }
     if (waiting.have && confirms(report)) {

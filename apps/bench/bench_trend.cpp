@@ -158,6 +158,10 @@ void trend_take(u16 addr, u16 value) {
     }
 }
 
+void trend_report_end(void) {
+    finish();
+}
+
 void trend_gap(void) {
     finish();
     if (trend.open) {

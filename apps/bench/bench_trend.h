@@ -64,6 +64,8 @@ u32 trend_value(const trend_point_t *point, trend_what_e what);
 // other; the report is complete with the last of them, or when the next report begins. A report without volts or
 // amperes is dropped.
 void trend_take(u16 addr, u16 value);
+// Completes the report if it has no power.
+void trend_report_end(void);
 // Notes that the box is silent: the next report is not joined to the last one.
 void trend_gap(void);
 // Adds a report. A report older than the last one is dropped.

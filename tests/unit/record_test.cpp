@@ -93,7 +93,7 @@ TEST_CASE("record: a line has measured and set values, a silence has its reason,
     report();
     wait_ms(100);
     bench_take(REG_LIVE_MV, 11500);
-    bench_take(REG_LIVE_MA, 700);
+    bench_take(REG_LIVE_MA, 800);
     wait_ms(100);
     bench_take(REG_LIVE_MV, 1); // the power of the last one never came
     port(BENCH_PORT_HELD, "a \"name\", 4711\n");
@@ -108,7 +108,7 @@ TEST_CASE("record: a line has measured and set values, a silence has its reason,
         "2026-11-22T01:38:05.250-01:30,,,,,,,,,looking,",
         "2026-11-22T01:38:05.350-01:30,65.535,65.535,6553.5,,,,,no,live,",
         "2026-11-22T01:38:05.450-01:30,12.040,0.865,10.4,12.000,1.000,on,PPS 3.30-21.00 V,no,live,",
-        "2026-11-22T01:38:05.650-01:30,11.500,0.700,,12.000,1.000,on,PPS 3.30-21.00 V,no,live,",
+        "2026-11-22T01:38:05.650-01:30,11.500,0.800,,12.000,1.000,on,PPS 3.30-21.00 V,no,live,",
         "2026-11-22T01:38:05.650-01:30,,,,,,,,,held,\"a 'name', 4711\"",
         "2026-11-22T01:38:10.650-01:30,0.001,0.002,0.0,,,,,no,live,",
         "2026-11-22T01:38:12.750-01:30,,,,,,,,,silent,",
