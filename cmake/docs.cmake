@@ -32,7 +32,8 @@ target_compile_options(reference_panel PRIVATE -Wall -Wextra -Wno-unused-paramet
 add_dependencies(reference_panel reference_res)
 
 find_program(ZOF_MKDOCS mkdocs)
-set(mkdocs ${ZOF_MKDOCS} build --strict --config-file ${reference}/mkdocs.yml --site-dir ${PROJECT_BINARY_DIR}/docs/html)
+set(html ${PROJECT_BINARY_DIR}/docs/html)
+set(mkdocs ${ZOF_MKDOCS} build --strict --config-file ${reference}/mkdocs.yml --site-dir ${html})
 if(NOT ZOF_MKDOCS)
   set(mkdocs ${CMAKE_COMMAND} -E echo "There is no mkdocs: run tools/packages docs and configure again" COMMAND false)
 endif()
@@ -40,5 +41,7 @@ add_custom_target(docs VERBATIM COMMENT "The reference as HTML in docs/html"
   COMMAND ${CMAKE_COMMAND} -E env SDL_VIDEODRIVER=offscreen SDL_AUDIODRIVER=dummy ZOF_STATE= ZOF_SCRIPT=session
           ZOF_SHOTS=${reference}/pages/pictures ${CMAKE_COMMAND} -E chdir ${reference}/panel $<TARGET_FILE:reference_panel> > ${reference}/panel.log
   COMMAND ${CMAKE_COMMAND} -E copy ${docs}/panel.png ${docs}/gallery.png ${reference}/pages
+  COMMAND ${CMAKE_COMMAND} -E copy_directory ${docs}/offline ${reference}/offline
   COMMAND ${mkdocs}
+  COMMAND ${CMAKE_COMMAND} -DHTML=${html} -P ${PROJECT_SOURCE_DIR}/cmake/search_index.cmake
   DEPENDS reference_panel)

@@ -79,6 +79,20 @@ static std::string without_lines(const std::string &text, const std::vector<cons
     return out;
 }
 
+// Says what the snippets assume.
+static std::string explained(std::string text, const ref_page_t &page) {
+    static const std::string title = "## Snippets\n";
+    const size_t at = text.find(title);
+    return at == std::string::npos
+               ? text
+               : text.insert(
+                     at + title.size(),
+                     "\nThe entries of `controls` in a view file; the program's part of the view, whose id is " +
+                         std::to_string(page.type + 1) +
+                         " here; and a host, `panel` being its [open line](../hosts.md#python). The "
+                         "picture shows what they draw in the gallery's dark theme.\n");
+}
+
 std::string ref_type_page(const ref_page_t &page, const std::vector<ref_header_t> &headers, std::string &reason) {
     for (const char *language : {"json", "c", "python"}) {
         if (ref_snippet(page, language, nullptr).empty()) {
@@ -89,7 +103,7 @@ std::string ref_type_page(const ref_page_t &page, const std::vector<ref_header_t
     const size_t title = page.text.find('\n') + 1;
     std::string text = page.text.substr(0, title) + "\n![" + type->name + "](../pictures/" + page.name + ".png)\n" +
                        without_lines(page.text.substr(title), {"- Functions: ", "- Events: "});
-    return text + events_section(type) + functions_section(type, headers, reason) + rows_section(type);
+    return explained(text, page) + events_section(type) + functions_section(type, headers, reason) + rows_section(type);
 }
 
 static std::string function_row(const ref_function_t &function) {
