@@ -20,6 +20,19 @@ grep -qx '1/1: 1' "$work/run.log" || { cat "$work/run.log"; exit 1; }
 [ -x "$work/gallery/gallery/gallery" ] && [ -s "$work/gallery/gallery/res/video/clip.mp4" ]
 [ -x "$work/prefix/share/zof/panel/zof_bench" ] && [ -s "$work/prefix/share/zof/panel/res/font/bench-num-112.bin" ]
 
+# The templates, as a new user starts with them.
+for form in blank dashboard settings; do
+    "$work/prefix/bin/zof" new "$work/src/my_$form" --template $form >>"$work/new.log"
+    cmake -S "$work/src/my_$form" -B "$work/my_$form" -G Ninja -DCMAKE_PREFIX_PATH="$work/prefix" \
+        -DCMAKE_C_FLAGS="$flags -Wall -Wextra -Werror" >"$work/my_$form.log"
+    cmake --build "$work/my_$form" >>"$work/my_$form.log" || { cat "$work/my_$form.log"; exit 1; }
+done
+count=$(sed -n 's/.*"name": "count", "id": \([0-9]*\),.*/\1/p' "$work/src/my_blank/res/config/view/main.g")
+printf 'wait 100\ntap 400 440\nwait 200\nprint 1 %s\nquit\n' "$count" >"$work/session"
+cd "$work/my_blank"
+ZOF_SCRIPT=../session ./my_blank >"$work/run.log" 2>&1 || { cat "$work/run.log"; exit 1; }
+grep -qx "1/$count: 1" "$work/run.log" || { cat "$work/run.log"; exit 1; }
+
 cmp "$work/prefix/share/zof/schema/view.json" "$work/blank/schema/view.json"
 
 # A change of the project reaches a program that need not be linked again, and a new view file has its ids.

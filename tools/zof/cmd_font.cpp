@@ -48,6 +48,9 @@ static bool fail(const std::string &text) {
     return false;
 }
 
+// LVGL's symbols are part of every font of a project, whatever its file has; icons come before them.
+enum { ICON_FIRST = 0xE000, ICON_LAST = 0xF000, SYMBOL_FIRST = 0xF001, SYMBOL_LAST = 0xF8FF };
+
 // Letters -------------------------------------------------------------------------------------------------------------
 
 struct letters_t {
@@ -70,7 +73,7 @@ static void letters_of(letters_t &letters, const std::string &text, const std::s
             continue;
         }
         const u32 letter = _lv_txt_encoded_next(text.c_str(), &at);
-        if (letter >= ' ') {
+        if (letter >= ' ' && (letter < SYMBOL_FIRST || letter > SYMBOL_LAST)) {
             letters.first.emplace(letter, place);
         }
     }
@@ -167,8 +170,6 @@ static bool project_walk(letters_t &letters, const std::string &folder) {
 }
 
 // Icons ---------------------------------------------------------------------------------------------------------------
-
-enum { ICON_FIRST = 0xE000, ICON_LAST = 0xF000 }; // LVGL's own symbols follow
 
 // Returns the project's icons, {"cafe": "U+E000"}: an empty object if there is no file, null if it is invalid.
 static cJSON *icons_read(const std::string &path) {
@@ -366,6 +367,13 @@ static int font_run() {
     cJSON_Delete(made);
     cJSON_Delete(icons);
     return good && !missing ? ZOF_EXIT_CLEAN : ZOF_EXIT_FINDINGS;
+}
+
+int zof_font_add(const std::string &font, const std::string &project, const std::string &name) {
+    opt.font = font;
+    opt.project = project;
+    opt.name = name;
+    return font_run();
 }
 
 const zof_command_t zof_font_command = {
