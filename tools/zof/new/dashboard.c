@@ -19,7 +19,7 @@ static void show(u32 id, s32 tenths, const char *unit) {
 
 /* Takes and shows the values. */
 static void step(zof_task_t *self) {
-    static u32 steps = 18;
+    static u32 steps = POINTS; /* goes on where main_ready has filled the chart */
     char text[32];
     const s32 power = 40 + wave(steps, 37) * 45 / 1000;
     (void)self;
@@ -69,7 +69,7 @@ static const zof_ctrl_fun_t events[] = {
 static void main_ready(void) {
     series = zof_chart_add_series(control(VIEW1_CHART_ID), 0x14919B, 0);
     for (u32 i = 0; i < POINTS; i++) {
-        zof_chart_set_next(control(VIEW1_CHART_ID), series, 40 + wave(i + 15, 37) * 45 / 1000);
+        zof_chart_set_next(control(VIEW1_CHART_ID), series, 40 + wave(i, 37) * 45 / 1000);
     }
     task = zof_task_create(step, STEP_MS, NULL);
 }

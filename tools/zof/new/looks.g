@@ -79,6 +79,6 @@
                 }
             }
         },
-        "chart": {"body_t": {"opa": 0}, "items": {"body_t": {"radius": 0, "border": {"width": 2, "part": "all", "opa": 255}}}}
+        "chart": {"body_t": {"opa": 0}, "indicator": {"body_t": {"opa": 0}}, "items": {"body_t": {"radius": 0, "border": {"width": 2, "part": "all", "opa": 255}}}}
     }
 }
