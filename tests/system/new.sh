@@ -46,6 +46,8 @@ refused() {
     grep -q -e "$message" out || fail "$*: $(cat out)"
 }
 refused 'my_blank exists and is not an empty folder' my_blank
+: >file
+refused 'file exists and is not an empty folder' file
 refused 'expected width and height' made --size 800
 refused 'expected width and height' made --size 800x480x2
 refused 'from 240 to 4096' made --size 100x480

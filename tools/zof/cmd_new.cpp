@@ -97,7 +97,7 @@ static const new_template_t *template_read() {
 
 static bool folder_read() {
     std::error_code error;
-    if (fs::exists(opt.dir, error) && !fs::is_empty(opt.dir, error)) {
+    if (fs::exists(opt.dir, error) && !(fs::is_directory(opt.dir, error) && fs::is_empty(opt.dir, error))) {
         return fail(opt.dir + " exists and is not an empty folder; nothing was written");
     }
     if (!opt.font.empty() && !fs::is_regular_file(opt.font, error)) {
@@ -137,7 +137,7 @@ static std::string looks_used(const std::string &text, const std::string &view) 
         if (view.find("\"look\": " + quoted) != std::string::npos ||
             used.find("\"is\": " + quoted) != std::string::npos) {
             const std::string look = text.substr(at, end - at);
-            used = look.substr(0, look.find_last_of('}') + 1) + (used.empty() ? "" : ",") + used;
+            used.insert(0, look.substr(0, look.find_last_of('}') + 1) + (used.empty() ? "" : ","));
         }
         end = at;
     }
