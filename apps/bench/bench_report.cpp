@@ -1,7 +1,7 @@
 // Frames have no checksum, so a reading may be garbled on the line. A report that differs much from the last one counts
 // at once if its power is the product of its voltage and current, or if nothing is measured because the output is off.
 // Otherwise it waits for the next report, which confirms it if it is similar, or lies further on in the same direction.
-// A report that is not confirmed is dropped.
+// A report that is not confirmed is dropped, but not when that happens often: then the output itself is jumping.
 #include "bench/bench_report.h"
 
 #include "bench/bench_trend.h"
@@ -9,7 +9,7 @@
 #include "zof.h"
 
 enum { MV, MA, DW, KINDS, WHOLE = 7 };
-enum { REPORT_MS = 50, DW_LEAST = 5, LOG_MS = 10000 };
+enum { REPORT_MS = 50, DW_LEAST = 5, LOG_MS = 10000, DOUBTS = 3, DOUBTS_MS = 1000 };
 
 struct report_t {
     u16 value[KINDS];
@@ -21,6 +21,8 @@ struct report_t {
 static report_t next;    // arriving
 static report_t waiting; // for the next one to confirm it
 static u64 logged_at;
+static u64 doubted_at[DOUBTS]; // times of the last reports that were not confirmed, as a ring
+static u32 doubts;
 
 static constexpr u16 bench_t::*values[KINDS] = {&bench_t::mv, &bench_t::ma, &bench_t::dw};
 static constexpr bool bench_t::*known[KINDS] = {&bench_t::mv_known, &bench_t::ma_known, &bench_t::dw_known};
@@ -28,6 +30,7 @@ static constexpr u32 slack[KINDS] = {100, 50, 5}; // added to a sixteenth of the
 
 void report_start(void) {
     next = waiting = {};
+    doubts = 0;
 }
 
 static bool is_near(u32 a, u32 b, u32 within) {
@@ -81,7 +84,20 @@ static void accept(const report_t &report) {
     trend_report_end();
 }
 
+static void doubt_note() {
+    doubted_at[doubts++ % DOUBTS] = bench.now;
+}
+
+// Returns true if several reports within a second were not confirmed. Every report counts then, because otherwise the
+// last accepted one would be shown as live for too long.
+static bool is_jumping() {
+    return doubts >= DOUBTS && bench.now - doubted_at[doubts % DOUBTS] <= DOUBTS_MS;
+}
+
 static void waiting_drop() {
+    if (waiting.have) {
+        doubt_note();
+    }
     if (waiting.have && (logged_at == 0 || bench.now - logged_at >= LOG_MS)) {
         logged_at = bench.now;
         zof_printf("box: a report of %u mV, %u mA and %u mW is dropped, because the next one contradicts it",
@@ -104,6 +120,9 @@ void report_end(void) {
         waiting_drop();
     }
     if (is_like_last(report) || power_fits(report) || is_nothing(report)) {
+        accept(report);
+    } else if (is_jumping()) {
+        doubt_note();
         accept(report);
     } else {
         waiting = report;

@@ -80,7 +80,7 @@ u32 trend_day_ms(u64 at);
 // `zone` minutes ahead of the times of the clock.
 void trend_stop(u64 at, s32 zone);
 bool trend_stopped(void);
-// Returns the time of the first report, or the present time if there is none.
+// Returns the time of the first report. An empty trend returns the present time.
 u64 trend_begin(void);
 
 // Fills `count` columns of `width` ms each, starting at `from`.

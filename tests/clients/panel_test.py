@@ -47,7 +47,7 @@ class Panels(unittest.TestCase):
     def opened(self, bench: BenchPanel, **more) -> Panel:
         panel = self.enterContext(bench.open(**more))
         event = panel.event(10)
-        if event is None:        # under load the panel may start before the line is open, and opening drops earlier bytes
+        if event is None:        # opening the line discards earlier bytes, so the first event may be lost
             bench.stop()
             bench.start()
             event = panel.event(60)

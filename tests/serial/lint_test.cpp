@@ -1,4 +1,4 @@
-// zof lint: one project with one fault for each rule, and what looks like a fault but is none.
+// zof lint: a project with one fault for each rule, and cases that must not be reported.
 #include <filesystem>
 
 #include "lint.h"

@@ -60,7 +60,8 @@ void wire_lost(wire &w);
 // the line is unplugged or mute.
 bool wire_send(wire &w, const bytes &data, double now_ms);
 
-// Writes the bytes that are due. Returns the milliseconds until the next piece is due, or -1 if there is none.
+// Writes all bytes whose time has come. Returns the time until the next piece in milliseconds, or -1 if the queue is
+// empty.
 double wire_flush(wire &w, double now_ms);
 
 #endif

@@ -16,7 +16,7 @@ struct review_ink_t {
     std::vector<u32> at, value; // indices into the picture, and the colours that were drawn
     std::vector<u32> last;      // the colours at the last look
     size_t lost, most;          // how many have been drawn over, and how many of them by `cover`
-    const lv_obj_t *cover;      // the object that has drawn over most of them; null if none has
+    const lv_obj_t *cover;      // the object that covers most of them; null if they are not covered
 };
 
 // A text that is drawn.

@@ -8,7 +8,7 @@
 
 struct ref_function_t {
     std::string name, signature; // the signature is one line, without its semicolon
-    std::string note;            // the comment behind it; empty if there is none
+    std::string note;            // the comment after the name; may be empty
     std::string comment;         // the lines above it, with "// "
 };
 

@@ -330,6 +330,9 @@ static bool font_name(const std::string &folder, std::string &name) {
         return fail(path + " is the font itself; choose another --name");
     }
     std::filesystem::create_directory(folder + "font", error);
+    if (std::filesystem::is_symlink(folder + "font", error)) {
+        return fail(folder + "font is a link; the file would be outside of the project");
+    }
     return true;
 }
 

@@ -126,7 +126,7 @@ static bool file_write(const std::string &name, const std::string &text) {
     return out ? true : fail(path.string() + ": cannot be written");
 }
 
-// Removes the looks that no control has. A look starts on a line of its own, behind those that it inherits from.
+// Removes unused looks. Each look begins on its own line and follows the looks that it inherits from.
 static std::string looks_used(const std::string &text, const std::string &view) {
     const std::string start = "\n        \"";
     const size_t first = text.find(start, text.find("\"looks\"")), last = text.rfind("\n    }");

@@ -46,7 +46,8 @@ static bool site_is_new(const void *site) {
 
 // Names ---------------------------------------------------------------------------------------------------------------
 
-// Reads the name of a control from a view's file, because the view may not be loaded. Empty if there is none.
+// Reads the name of a control from a view's file, because the view may not be loaded. Leaves `name` unchanged if it is
+// not found.
 static void name_in_file(u32 view, u32 ctrl, char *name, size_t size) {
     const char *file = zof_view_name_get(view), *why = nullptr;
     u32 length = 0;
@@ -87,7 +88,7 @@ static void place_write(u32 view, u32 ctrl, const para_t *record, char *out, siz
     snprintf(out, size, "%.*s/%s (%u/%u)", (int)(suffix ? length - 2 : length), file, name, view, ctrl);
 }
 
-// Returns the node of the view that a record is a control of; null if there is none.
+// Returns the view that contains a control record; null if no view does.
 static const zof_view_node_t *view_of(const void *record) {
     const zof_prj_t *prj = zof_prj_get_cur();
     const db_list *views = prj ? prj->view_list : nullptr;

@@ -145,7 +145,7 @@ s32 csonTextRead(const reflect_item_t *row, const char *text, s64 *value);
 // Finds the colour of a name, for texts such as "$accent". Returns 0, or -1 with *value unchanged.
 typedef s32 (*cson_color_fn)(const char *name, s64 *value);
 
-// Sets who knows the names of colours, for all threads; null, which is the default: there are none.
+// Sets the function that resolves colour names, for all threads. Null, the default, means that no names exist.
 void csonColorsFrom(cson_color_fn fn);
 
 // Reports a text that csonTextRead does not know, with the names that it does, and what follows from it.

@@ -7,7 +7,7 @@
 enum { ZOF_BOX_PORT = 6 }; // its number in ZOF_COM6
 
 // Sets the path of the port, which overrides the environment. Call it before zof_run. "auto" means the only serial
-// adapter; if there is none or several, a message on the error stream lists the ports and no port is used. Returns 0,
+// adapter. Without exactly one adapter, a message on the error stream lists the ports and no port is used. Returns 0,
 // or -1 after a message if the path is empty or too long.
 s32 zof_box_port_set(const char *path);
 

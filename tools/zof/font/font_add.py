@@ -139,6 +139,8 @@ def main(path, out, letters, weight, sizes, free, *icon_args):
     font.recalcTimestamp = False        # the same input must produce the same bytes
     font.flavor = None
     temporary = out + ".new"
+    if os.path.lexists(temporary):      # it may be a link that leads elsewhere
+        os.remove(temporary)
     font.save(temporary)
     os.replace(temporary, out)
     head, upm = font["hhea"], font["head"].unitsPerEm

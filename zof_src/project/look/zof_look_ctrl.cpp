@@ -52,7 +52,7 @@ static void style_overlay(cJSON *styles, zof_style_attr_t *style) {
     }
 }
 
-// Adds a style that the look has not, with what it inherits from the look.
+// Adds a style that the look does not define, with the values that it inherits from the look.
 static zof_style_attr_t *style_add(const zof_look_t *look, zof_pub_attr_t *record, const zof_style_attr_t *key) {
     const u32 count = record->style_num;
     zof_style_attr_t *style = zof_theme_style_check(key->style_part, key->style_state, key->style_sect, record);

@@ -17,7 +17,7 @@ extern const reflect_item_t zof_look_style_tbl[];
 // Makes the colours of the files known to the decoder.
 void zof_look_init(void);
 
-// The theme that zof_theme_set has chosen; `named` as long as there is none.
+// Returns the theme chosen by zof_theme_set, or `named` if none was chosen.
 const char *zof_look_theme(const char *named);
 void zof_look_theme_choose(const char *theme);
 
