@@ -183,7 +183,7 @@ static void lines_take(import_t &in, FILE *f, char *line) {
         }
     }
     if (in.faults > LOGGED) {
-        zof_printf("%s: %u more lines are no reports", in.path, in.faults - LOGGED);
+        zof_printf("%s: %u more lines are not reports", in.path, in.faults - LOGGED);
     }
     trend_stop(in.reports > 0 ? in.at : trend_now(), in.zone);
     snprintf(import_shown, sizeof(import_shown), "%s", in.path + zof_path_parent(in.path));

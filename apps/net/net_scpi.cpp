@@ -23,7 +23,7 @@ using boost::system::error_code;
 enum {
     THREAD_PRIO = 7, // normal
     READ_SIZE = 1024,
-    HELD_MAX = 4096,       // bytes that may be queued behind a waiting command before reading stops
+    HELD_MAX = 4096,       // bytes that may be queued after a waiting command before reading stops
     WRITE_MS = 5000,       // for a client to read its answers
     END_MS = 2000,         // for the last commands of a client that has stopped sending
     AGAIN_MS = 10,         // between checks of unfinished operations

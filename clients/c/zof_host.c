@@ -51,15 +51,15 @@ static uint16_t crc_step(uint16_t crc, uint8_t byte) {
     return crc;
 }
 
-// Returns the index in `tx` that is `behind` bytes after `from`. Both are below 32768, so the sum does not overflow.
-static uint16_t ring(const zof_host_t *h, uint16_t from, uint16_t behind) {
-    const uint16_t at = (uint16_t)(from + behind);
+// Returns the index in `tx` that is `ahead` bytes after `from`. Both are below 32768, so the sum does not overflow.
+static uint16_t ring(const zof_host_t *h, uint16_t from, uint16_t ahead) {
+    const uint16_t at = (uint16_t)(from + ahead);
     return at >= h->tx_size ? (uint16_t)(at - h->tx_size) : at;
 }
 
-// Returns a byte of the record that is being written behind all others.
-static uint8_t *laid(zof_host_t *h, uint16_t behind) {
-    return &h->tx[ring(h, ring(h, h->tx_head, h->tx_used), behind)];
+// Returns a byte of the record that is being added at the end of the queue.
+static uint8_t *laid(zof_host_t *h, uint16_t ahead) {
+    return &h->tx[ring(h, ring(h, h->tx_head, h->tx_used), ahead)];
 }
 
 // Returns a byte of the frame that is being sent or waits for its answer; `i` counts from its head.

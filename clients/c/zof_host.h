@@ -113,7 +113,7 @@ void zof_host_feed(zof_host_t *host, const uint8_t *bytes, uint16_t size, uint32
 // every few milliseconds; it never blocks. Returns 1 while something is queued or pending, otherwise 0.
 int zof_host_poll(zof_host_t *host, uint32_t now_ms);
 
-// Queues a read of `view.size`, which waits in the panel's queue behind all view and control commands sent before: its
+// Queues a read of `view.size`, which waits in the panel's queue after all view and control commands sent before: its
 // answer means that they have been executed. Returns a request number, ZOF_HOST_FULL or ZOF_HOST_BAD.
 int zof_host_barrier(zof_host_t *host);
 

@@ -189,7 +189,7 @@ class Requests(unittest.TestCase):
         # A late answer is not taken for that to the next read, which follows a write.
         keep, held = store(), []
 
-        def behind(frame):
+        def after(frame):
             answers = keep(frame)
             if frame.op == WRITE or frame.payload[0] == 0xB0:
                 return answers
@@ -199,7 +199,7 @@ class Requests(unittest.TestCase):
             late, held[:] = held[:], []
             return late + answers
 
-        panel, fake = self.panel(behind)
+        panel, fake = self.panel(after)
         self.assertRaises(NoAnswer, panel.read, rows.SLIDER_VALUE, **self.AT)
         panel.write(rows.SLIDER_VALUE, 42, **self.AT)
         self.assertEqual([f.op for f in fake.frames].count(WRITE), 1)
@@ -207,14 +207,14 @@ class Requests(unittest.TestCase):
         self.assertRaisesRegex(PanelError, r"take events\(\)", panel.read, rows.SYSTEM_TOUCH)
 
     def test_a_write_is_confirmed_by_the_answer_after_it(self) -> None:
-        for row, value, ids, behind in ((rows.SLIDER_VALUE, 42, self.AT, "slider.value"),
+        for row, value, ids, read in ((rows.SLIDER_VALUE, 42, self.AT, "slider.value"),
                                         (rows.LABEL_COLOR, 0xFF0000, self.AT, "view.size"),
                                         (rows.SYSTEM_BRIGHT, 80, {}, "system.standby_state"),
                                         (rows.SYSTEM_TOUCH_CONFIG, 0x30, {}, "system.touch_config")):
             panel, fake = self.panel(store())
             panel.write(row, value, **ids)
             self.assertEqual([" ".join(words(f, False).split()[:2]) for f in fake.frames],
-                             [f"write {row.name}", f"read {behind}"])
+                             [f"write {row.name}", f"read {read}"])
         # A value that reads back differently is written again, as it may be lost; a count never, as it may have
         # arrived.
         panel, fake = self.panel(lambda frame: store()(frame) if frame.op == READ else [])

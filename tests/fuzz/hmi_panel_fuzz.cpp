@@ -115,7 +115,7 @@ static void command_run(fuzz_input in) {
     const zof_hmi_cmd_type_t *type = nullptr;
     const u32 number = fuzz_byte(in);
     const zof_hmi_param_type_t *row = row_at(number | fuzz_byte(in) << 8, &type);
-    const u32 id = LABEL + fuzz_byte(in) % (END + 1 - LABEL); // END is no control
+    const u32 id = LABEL + fuzz_byte(in) % (END + 1 - LABEL); // END is not the id of a control
     const bool read = fuzz_byte(in) & 1;
     std::vector<u8> counted = {(u8)(read ? ZOF_HMI_OP_GET : ZOF_HMI_OP_SET)};
     counted.insert(counted.end(), type->code, type->code + type->len);

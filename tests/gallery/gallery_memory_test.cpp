@@ -61,7 +61,7 @@ TEST_CASE("views are opened and left a thousand times, and memory, timers and fo
     open_often(60);
 }
 
-TEST_CASE("views whose controls come and go with them leave nothing behind") {
+TEST_CASE("views whose controls come and go with them leak nothing") {
     gallery_open(fleeting_gallery());
     open_often(20);
 }

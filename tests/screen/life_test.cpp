@@ -1,4 +1,4 @@
-// The life of every control: it comes and goes with its view and leaves nothing behind. Controls are deleted and views
+// The life of every control: it comes and goes with its view and leaks nothing. Controls are deleted and views
 // are left in the middle of calls to which LVGL responds with events: in every event of every such call, of touches,
 // and at random.
 #include <chrono>
@@ -138,7 +138,7 @@ static void touch_all() {
     }
 }
 
-TEST_CASE("controls come and go with their view and leave nothing behind") {
+TEST_CASE("controls come and go with their view and leak nothing") {
     view_project_t project;
     u32 memory[2] = {};
     std::filesystem::copy(ZOF_MEDIA_DIR, project.path("image"), std::filesystem::copy_options::recursive);

@@ -133,7 +133,7 @@ TEST_CASE("faults in files of looks are reported once, with their place, and the
              "looks.g:5:12: looks.one.body_t.main_color: no looks.g has the colour nine",
              "looks.g:5:47: looks.round.is: the look inherits from itself",
              "looks.list: expected an object; it is ignored",
-             "v1.g:4:2: controls[3].look: there is no look on; the control has none",
+             "v1.g:4:2: controls[3].look: there is no look on; the control is drawn without a look",
              "controls[4].look: a control of this type has no styles; the look is ignored",
          }) {
         CAPTURE(str(line));

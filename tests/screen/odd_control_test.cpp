@@ -19,7 +19,7 @@ TEST_CASE("odd texts, maps, files and sizes of controls are reported or accepted
         u32 type;
         std::string own, pub, said;
     } rows[] = {
-        {ZOF_CTRL_BTNMATRIX, R"("btnmatrix_txt": [)" + map + R"("", "behind the end"])", small},
+        {ZOF_CTRL_BTNMATRIX, R"("btnmatrix_txt": [)" + map + R"("", "after the end"])", small},
         {ZOF_CTRL_BTNMATRIX, R"("btnmatrix_txt": [)" + map + R"("\n"])", huge},
         {ZOF_CTRL_TXTBOX, R"("accept_txt": ")" + text + R"(", "pwd_mode_en": true, "init_txt": ")" + text + "\"", huge},
         {ZOF_CTRL_KEYBOARD, R"("keyboard_spell": true, "mode": 8, "popovers": true)", none,

@@ -81,7 +81,7 @@ TEST_CASE("presses land where they appear in windows of other sizes, and are ign
         s32 w, h;
         s32 at[2], then[2]; // a press and where it lands
         s32 edge[2], last[2];
-        s32 black[2]; // 0, 0: there is none
+        s32 black[2]; // 0, 0: no black border
     } rows[] = {{1280, 800, {640, 400}, {400, 240}, {1279, 783}, {799, 479}, {640, 784}},
                 {400, 240, {200, 120}, {401, 241}, {399, 239}, {799, 479}, {0, 0}},
                 {801, 481, {400, 240}, {400, 240}, {800, 480}, {799, 479}, {0, 0}},

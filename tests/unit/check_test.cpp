@@ -248,7 +248,7 @@ static const struct {
     {view_g, "\"on.png\"", "\"o\\u0001n.png\"",
      "10:95: error: a name with control characters is not opened [file-name]"},
     {view_g, "\"on.png\"", "\"o*.png\"",
-     "10:95: error: a name with \\ < > | \" ? or * is no name on all systems [file-name]"},
+     "10:95: error: a name with \\ < > | \" ? or * is not valid on all systems [file-name]"},
     {view_g, "\"on.png\"", "\"notes.txt\"", "10:95: error: pictures are .png, .jpg or .gif files [file-name]"},
     {project_g, "\"language\": \"en\"", "\"language\": \"EN\"",
      "2:74: error: the file is config/languages/en.g [file-case]"},

@@ -55,8 +55,8 @@ TEST_CASE("each fault is reported at its position with what was expected") {
         {"{\"a\": \"b\n c\", \"d\": x}",
          "1:7 strict: a line break in a text is written \\n; 2:11 syntax: expected a value, found \"x\""},
         {"[092, -0.5, 0, 1., -.5e3, 10]",
-         "1:2 strict: a number does not begin with 0; 1:16 strict: a number has digits before and behind its point; "
-         "1:20 strict: a number has digits before and behind its point"},
+         "1:2 strict: a number does not begin with 0; 1:16 strict: a number has digits before and after its point; "
+         "1:20 strict: a number has digits before and after its point"},
         {"[0xD9863D]", "1:2 syntax: a colour is written \"#D9863D\""},
         {"[0xD9]", "1:2 syntax: numbers are decimal"},
         {"{\"a\": 1,\n\"b\": {\"c\": 2,\n{}]", "3:1 syntax: expected a key, found \"{\"; the object began at 2:6"},

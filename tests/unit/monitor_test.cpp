@@ -26,7 +26,7 @@ TEST_CASE("the monitor decodes every kind of frame, and marks frames that a pane
         {{0x0C, 0x22, 0xB1, 0x05, 0}, "!! cut short: length says 12, 7 bytes came\n"},
         {{0x05, 0x11, 0xB1, 0x01, 0x03, 0xFF}, "value view.displayed layer=3 refused\n"},
         {{0x03, 0x11, 0xC0, 0x00}, "read  ?  !! no such row\n"},
-        {{0x04, 0x11, 0xB1, 0x06, 0x01}, "read  view.size  !! bytes behind the fields\n"},
+        {{0x04, 0x11, 0xB1, 0x06, 0x01}, "read  view.size  !! bytes after the fields\n"},
         {{0x01, 0x11}, "!! length 1 has no room for a command\nnoise, 1 bytes\n"},
     };
     for (const auto &[data, want] : rows) {

@@ -52,7 +52,7 @@ TEST_CASE("numbers are written with their first name, sums with whole names befo
     CHECK(std::string(list) == "off, upper case, far");
 }
 
-TEST_CASE("colours are three or six digits behind a number sign") {
+TEST_CASE("colours are a number sign and three or six digits") {
     s64 color = 7;
     CHECK((zof_color_read("#D9863d", &color) == 0 && color == 0xD9863D));
     CHECK((zof_color_read("#f0A", &color) == 0 && color == 0xFF00AA));

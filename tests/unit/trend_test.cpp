@@ -83,7 +83,7 @@ TEST_CASE("trend: statistics and columns of any span match those computed report
         trend_column_t columns[100];
         trend_columns(from, width, columns, 100);
         u32 wrong = 0;
-        bool gaps[100] = {}; // the columns between, or that of the second if there are none
+        bool gaps[100] = {}; // the columns between, or that of the second point if they are adjacent
         for (size_t j = 1; j < points.size(); j++) {
             const s64 before =
                 ((s64)points[j - 1].at - (s64)from + 1000000000ll * (s64)width) / (s64)width - 1000000000;

@@ -75,7 +75,8 @@ void board_settings_save(board &b);
 // Loads the settings and powers up with the saved output state and rail.
 void board_power_up(board &b);
 
-// Advances the time by `ms`, in steps of at most 20 ms for a smooth ramp, and sends the values that are due.
+// Advances the time by `ms`, in steps of at most 20 ms for a smooth ramp, and sends the values whose interval has
+// passed.
 void board_step(board &b, double ms);
 
 // Handles a register reported by the panel.

@@ -29,7 +29,7 @@ struct simulation {
 // with the place of the first fault, "FILE:3: ...".
 std::string script_read(simulation &sim, std::istream &in, const std::string &file);
 
-// Runs the commands that are due, up to one that ends the simulation. Returns a line for each that failed.
+// Runs the commands whose time has come, up to one that ends the simulation. Returns a line for each that failed.
 std::string script_run(simulation &sim);
 
 // Returns one line of help per command.

@@ -13,7 +13,8 @@ struct ref_page_t {
     std::string name, path, text; // name: of its file, and of the type's theme file
 };
 
-// Returns the block of code in a language, "json"; empty if the page has none. `line`: OPTIONAL, its first line.
+// Returns the block of code in a language, "json"; empty if the page has no such block. `line`: OPTIONAL, its first
+// line.
 std::string ref_snippet(const ref_page_t &page, const char *language, unsigned *line);
 
 // Writes all files below a folder. Returns an error, or an empty text.

@@ -107,7 +107,7 @@ static void all_print(void) {
     std::cout << "\n`zof catalogue NAME` explains a control type, an object such as pub_t or style, or a key.\n";
 }
 
-// Prints the keys with this name (if `whole`) or whose name contains it. Returns false if there are none.
+// Prints the keys with this name (if `whole`) or whose name contains it. Returns false if no key matches.
 static bool keys_print(const std::string &word, bool whole) {
     bool found = false;
     for (u32 i = 0; zof_cat_records[i]->name; i++) {

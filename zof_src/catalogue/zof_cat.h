@@ -47,7 +47,7 @@ typedef enum {
 typedef struct {
     const char *name; // "opacity"
     const char *json; // its type in a file: "number", "text", "bool", "object", "array"
-    const char *unit; // "px", "ms", "%", "deg"; "" if it has none
+    const char *unit; // "px", "ms", "%", "deg"; "" for a number without a unit
     const char *help;
 } zof_cat_kind_t;
 extern const zof_cat_kind_t zof_cat_kinds[ZOF_CAT_KIND_COUNT];

@@ -198,7 +198,7 @@ void check_geometry(check_run_t *c, const check_file_t *file);
 void check_looks_file(check_run_t *c, const check_file_t *file);
 void check_looks_unused(check_run_t *c);
 
-// The looks files that apply: that of a theme and that of the project; null if there is none.
+// The looks files that apply: that of a theme and that of the project; null if the file does not exist.
 struct check_looks_t {
     const check_file_t *of[2];
 };

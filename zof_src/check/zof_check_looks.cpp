@@ -5,7 +5,7 @@
 
 enum { NAME_SIZE = CHECK_LOOK_NAME, CHAIN_MAX = 16 };
 
-// Writes the name of the look from which a look inherits. Returns false if there is none.
+// Writes the name of the look from which a look inherits. Returns false if it inherits from no look.
 static bool base_of(const check_looks_t &files, const char *name, char *base) {
     for (const check_file_t *file : files.of) {
         const u32 looks = file ? zof_jdoc_get(&file->doc, 0, "looks") : ZOF_J_NONE;

@@ -53,7 +53,7 @@ static const char *name_fault(const char *name) {
             return "a name with control characters is not opened";
         }
         if (std::strchr("\\<>|\"?*", *c)) {
-            return "a name with \\ < > | \" ? or * is no name on all systems";
+            return "a name with \\ < > | \" ? or * is not valid on all systems";
         }
     }
     return nullptr;

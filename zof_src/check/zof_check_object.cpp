@@ -8,7 +8,8 @@
 
 enum { KEY_SIZE = 128, KEYS_MAX = 64 };
 
-// Returns the key of `record` whose object has the key `name`, at most `depth` levels deeper, or null if there is none.
+// Returns the key of `record` whose object has the key `name`, at most `depth` levels deeper, or null if no object has
+// it.
 static const zof_cat_key_t *key_around(const zof_cat_record_t *record, const char *name, u32 depth) {
     for (u32 i = 0; record && i < record->count; i++) {
         const zof_cat_key_t *key = &record->keys[i];

@@ -59,7 +59,7 @@ const zof_check_rule_t zof_check_rules[] = {
 
 const zof_check_rule_t zof_lint_rules[] = {
     {"text-cut", ZOF_FALSE, "a text is cut off, or ends in dots because it does not fit"},
-    {"word-cut", ZOF_FALSE, "a word does not fit into its line and goes on in the next one"},
+    {"word-cut", ZOF_FALSE, "a word does not fit into its line and is split"},
     {"letter", ZOF_FALSE, "no font of the text has a letter, so that a box is drawn"},
     {"contrast", ZOF_FALSE, "the contrast of a text to what is drawn behind it is below 4.5:1, of a symbol below 3:1"},
     {"overlap", ZOF_FALSE, "two texts overlap"},

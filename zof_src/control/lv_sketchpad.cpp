@@ -70,7 +70,7 @@ static void places_follow(lv_obj_t *obj) {
     const lv_coord_t top = border + lv_obj_get_style_pad_top(obj, LV_PART_MAIN);
     ((lv_img_t *)obj)->offset = {-left, -top}; // LVGL's setters divide by the size, which may still be 0
     lv_obj_t *toolbar = lv_obj_get_child(obj, 0);
-    if (!toolbar || !lv_obj_check_type(toolbar, &lv_sketchpad_toolbar_class)) { // a child was moved behind it
+    if (!toolbar || !lv_obj_check_type(toolbar, &lv_sketchpad_toolbar_class)) { // a child was moved after it
         return;
     }
     if (lv_obj_get_style_y(toolbar, LV_PART_MAIN) != -TOOLBAR_HEIGHT - top) {

@@ -49,7 +49,7 @@ s32 zof_table_get_selected_cell(zof_ctrl_t *ctrl, u16 *row, u16 *col); // the ce
 // (2). Cells in a third colour stay. Does not redraw. Without a pressed cell, the first one counts.
 s32 zof_table_set_value_changed_color(zof_ctrl_t *ctrl, zof_color_t color, u32 mode);
 
-// Returns the colour of a cell, the default one if it has none of its own.
+// Returns the colour of a cell, the default colour if it has no colour of its own.
 s32 zof_table_get_cell_color(zof_ctrl_t *ctrl, u32 row, u32 col);
 s32 zof_table_get_row_cnt(zof_ctrl_t *ctrl);
 s32 zof_table_get_col_cnt(zof_ctrl_t *ctrl);

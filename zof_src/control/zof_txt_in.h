@@ -12,7 +12,7 @@ typedef void (*zof_txt_show_fn)(lv_obj_t *obj, const char *text);
 // translation: the control's record must then keep it, or the text would not follow the next language change.
 bool zof_txt_show(lv_obj_t *obj, const char *text, zof_txt_show_fn show);
 
-// Returns the label inside a button or image button, its first child; null when the object has none.
+// Returns the label inside a button or image button, its first child; null for an object without children.
 lv_obj_t *zof_txt_inner_label(const zof_ctrl_t *ctrl);
 
 // Runs `fn` on that label. Returns like zof_on.

@@ -33,7 +33,7 @@ enum { ZOF_DRV_UART = 2 };
 // buffer's own lock. The main loop holds it inside lv_timer_handler; other threads take it before they touch a control.
 extern zof_mutex_t dis_mutex;
 
-// Recursive mutexes. Create returns null when the system has none left. Lock waits without limit; lock and unlock
+// Recursive mutexes. Create returns null when the system can make no more. Lock waits without limit; lock and unlock
 // return 0, or a negative number for an invalid handle. Each thread unlocks as often as it locks.
 zof_mutex_t zof_mutex_create(void);
 void zof_mutex_destory(zof_mutex_t m);

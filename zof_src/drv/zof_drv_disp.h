@@ -19,7 +19,7 @@ typedef struct zof_disp {
     s32 (*set_fullscreen)(zof_bool on);      // OPTIONAL: 0 or -1
     s32 (*set_title)(const char *title);     // OPTIONAL: of the window; 0 or -1
     s32 (*get_scn_size)(struct zof_disp *d); // MANDATORY: fills scn_w and scn_h
-    zof_bool own_light;                      // set_bright dims a light; a window has none and stays readable
+    zof_bool own_light;                      // set_bright dims a light; a window has no light and stays readable
 } zof_disp_t;
 
 typedef struct {
@@ -62,7 +62,7 @@ s32 zof_disp_get_rotate(void);
 
 // Returns draw_w and draw_h inside the record; null without a record.
 zof_wh_t *zof_disp_get_draw_size(void);
-// Sets the drawing size to the project's, rotated if needed, or to the screen's if the project has none or is too
+// Sets the drawing size to the project's, rotated if needed, or to the screen's if the project sets no size or is too
 // large.
 void zof_disp_init_draw_size(void);
 

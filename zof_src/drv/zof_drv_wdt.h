@@ -25,7 +25,7 @@ s32 zof_wdt_set_timeout(u32 seconds);
 s32 zof_wdt_keepalive(void);
 
 // Publishes the host's watchdog (/dev/watchdog on Linux), for an application that asks for it. Returns 0, or -1 when
-// the host has none. Once it is open, a program that hangs or dies restarts the machine.
+// the host has no watchdog. Once it is open, a program that hangs or dies restarts the machine.
 s32 win_wdt_init(void);
 
 ZOF_C_END

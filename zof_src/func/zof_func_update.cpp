@@ -63,7 +63,7 @@ static void screen_build() {
     lv_obj_align_to(screen.reason, screen.bar1, LV_ALIGN_OUT_BOTTOM_LEFT, 0, 10);
 }
 
-// Returns the project's own text in the current language, or `fixed` if it has none.
+// Returns the project's own text in the current language, or `fixed` if the project has no such text.
 static const char *words(const char *key, const char *fixed) {
     const char *own = zof_lang_get_cur_str(key);
     return own == key ? fixed : own;

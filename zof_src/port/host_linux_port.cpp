@@ -118,8 +118,8 @@ void host_port_holder(const struct stat *device, zof_uart_info_t *out) {
     }
 }
 
-// A name in /sys/class/tty is a line if it has a device; consoles have none. The lines that the kernel reserves for
-// boards without them have type 0.
+// A name in /sys/class/tty is a line if it has a device; a console has no device. The lines that the kernel reserves
+// for boards without them have type 0.
 static bool is_port(const char *name) {
     char path[PATH_MAX], type[8];
     snprintf(path, sizeof(path), "%s/class/tty/%s/device", roots.sys, name);

@@ -10,8 +10,8 @@ struct win_place_t {
     bool maximised;
 };
 
-// Reads the size that was remembered for a title. Returns false, with `out` unchanged, when there is none; what is not
-// such a file is ignored with a log line.
+// Reads the size that was remembered for a title. Returns false, with `out` unchanged, when no size is remembered; what
+// is not such a file is ignored with a log line.
 bool win_place_read(const char *title, win_place_t *out);
 
 // Remembers a size. One that cannot be written is lost, with a log line.

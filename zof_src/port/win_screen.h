@@ -10,7 +10,7 @@ bool win_screen_video();
 
 // Opens the window, black, for a picture of w x h pixels 0x??RRGGBB that outlives it: as large as it was left, else in
 // the picture's own size; full screen if that was requested (zof_disp_set_fullscreen) or the screen is not larger than
-// the picture. Returns false, with the reason in SDL_GetError, when there is none.
+// the picture. Returns false, with the reason in SDL_GetError, when no window can be made.
 bool win_screen_open(const u32 *pixels, s32 w, s32 h);
 
 // Closes the window, and remembers its size if it has changed.

@@ -26,8 +26,8 @@ struct reader_t {
     u32 depth;
     u32 capacity; // of nodes
     u32 key, key_end;
-    u32 lines; // the text just read if it runs over the end of its line, because a quote may be missing; or ZOF_J_NONE
-    bool behind; // a value of the open node has just ended
+    u32 lines;  // the text just read if it runs over the end of its line, because a quote may be missing; or ZOF_J_NONE
+    bool after; // a value of the open node has just ended
     bool stopped;
     bool no_memory;
 };
@@ -159,7 +159,7 @@ static bool nodes_reserve(reader_t *r) {
     return true;
 }
 
-// Adds a node behind the last child of the open one, with the key that was read before it.
+// Adds a node after the last child of the open one, with the key that was read before it.
 static bool node_add(reader_t *r, zof_jkind_e kind, u32 at) {
     if (!nodes_reserve(r)) {
         return false;
@@ -180,7 +180,7 @@ static void node_close(reader_t *r) {
     node->end = r->at;
     r->open = node->parent;
     r->depth--;
-    r->behind = true;
+    r->after = true;
 }
 
 static bool node_open(reader_t *r, zof_jkind_e kind) {
@@ -193,7 +193,7 @@ static bool node_open(reader_t *r, zof_jkind_e kind) {
     r->open = r->doc->count - 1;
     r->depth++;
     r->at++;
-    r->behind = false;
+    r->after = false;
     return true;
 }
 
@@ -216,7 +216,7 @@ static bool escapes_check(reader_t *r, u32 at, u32 end) {
     return true;
 }
 
-// Moves behind the text that begins here. A text that runs over the end of its line is accepted, and remembered.
+// Moves to the end of the text that begins here. A text that runs over the end of its line is accepted, and remembered.
 static bool text_skip(reader_t *r) {
     const char *text = r->doc->text;
     const u32 start = r->at;
@@ -247,7 +247,7 @@ static u32 digits_end(const reader_t *r, u32 at) {
     return at;
 }
 
-// Returns the end of the number at the current place; the place itself if there is none.
+// Returns the end of the number at the current place; the place itself if no number starts there.
 static u32 number_end(const reader_t *r) {
     const char *text = r->doc->text;
     const u32 start = r->at + (peek(r) == '-');
@@ -290,7 +290,7 @@ static void number_check(reader_t *r, u32 start, u32 end) {
     if (text[first] == '0' && whole > first + 1) {
         fault(r, start, "strict", "a number does not begin with 0");
     } else if (whole < end && text[whole] == '.' && (whole == first || digits_end(r, whole + 1) == whole + 1)) {
-        fault(r, start, "strict", "a number has digits before and behind its point");
+        fault(r, start, "strict", "a number has digits before and after its point");
     }
 }
 
@@ -354,7 +354,7 @@ static bool value_read(reader_t *r) {
         return node_open(r, c == '{' ? ZOF_J_OBJECT : ZOF_J_ARRAY);
     }
     const bool read = c == '"' ? text_read(r) : c == '-' || (c >= '0' && c <= '9') ? number_read(r) : word_read(r);
-    r->behind = read;
+    r->after = read;
     return read;
 }
 
@@ -394,7 +394,7 @@ static bool comma_missing(reader_t *r, bool object) {
 static bool member_read(reader_t *r) {
     const bool object = r->doc->nodes[r->open].kind == ZOF_J_OBJECT;
     blanks_skip(r);
-    const u32 comma = r->behind && peek(r) == ',' ? r->at : ZOF_J_NONE;
+    const u32 comma = r->after && peek(r) == ',' ? r->at : ZOF_J_NONE;
     if (comma != ZOF_J_NONE) {
         lines_accept(r);
         r->at++;
@@ -409,7 +409,7 @@ static bool member_read(reader_t *r) {
         node_close(r);
         return true;
     }
-    if (r->behind && comma == ZOF_J_NONE && !comma_missing(r, object)) {
+    if (r->after && comma == ZOF_J_NONE && !comma_missing(r, object)) {
         return false;
     }
     r->key = r->key_end = ZOF_J_NONE;

@@ -14,7 +14,7 @@ typedef enum { ZOF_J_OBJECT, ZOF_J_ARRAY, ZOF_J_TEXT, ZOF_J_NUMBER, ZOF_J_TRUE, 
 
 enum { ZOF_J_NONE = 0xFFFFFFFF }; // no node, no key
 
-// A value. Nodes stand in the order of the text; the root is the first one. Places are byte offsets; an end is behind
+// A value. Nodes stand in the order of the text; the root is the first one. Places are byte offsets; an end is after
 // the last byte. Keys and texts include their quotes.
 typedef struct {
     zof_jkind_e kind;
@@ -49,10 +49,10 @@ typedef struct {
 s32 zof_jdoc_read(zof_jdoc_t *doc, const char *text, size_t size);
 void zof_jdoc_free(zof_jdoc_t *doc);
 
-// Sets line and column, from 1; columns count bytes. A place behind the end is that of the end.
+// Sets line and column, from 1; columns count bytes. A place after the end counts as the end.
 void zof_jdoc_place(const zof_jdoc_t *doc, u32 at, u32 *line, u32 *col);
 
-// Returns the first member with this key, ignoring case; ZOF_J_NONE if there is none or the node is not an object.
+// Returns the first member with this key, ignoring case; ZOF_J_NONE if the node has no such member or is not an object.
 u32 zof_jdoc_get(const zof_jdoc_t *doc, u32 object, const char *key);
 
 // Follows a path such as "controls[3].property.txt" from a node; ZOF_J_NONE if it leads nowhere.
@@ -68,7 +68,7 @@ s32 zof_jdoc_number(const zof_jdoc_t *doc, u32 node, double *out);
 
 // Changes of one place: each returns the whole new text, terminated, to be released with zof_free; null if the node
 // does not fit or memory is short. The document keeps its places in the old text. `json` must be one valid JSON value.
-// An inserted member or element goes behind the last one, laid out like the one before it.
+// An inserted member or element goes after the last one, laid out like the one before it.
 char *zof_jdoc_replace(const zof_jdoc_t *doc, u32 node, const char *json, size_t *size);
 char *zof_jdoc_insert(const zof_jdoc_t *doc, u32 parent, const char *key, const char *json, size_t *size);
 char *zof_jdoc_remove(const zof_jdoc_t *doc, u32 node, size_t *size);

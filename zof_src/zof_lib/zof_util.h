@@ -33,7 +33,7 @@ size_t zof_path_parent(const char *path);
 // Returns true when the text ends with `suffix`, which begins with a dot, in upper or lower case. False for null.
 zof_bool zof_suffix_is(const char *text, const char *suffix);
 
-// Returns the bytes of the UTF-8 character at the start of a text of `left` bytes; 0 if there is none.
+// Returns the bytes of the UTF-8 character at the start of a text of `left` bytes; 0 if it starts with no valid one.
 size_t zof_utf8_size(const char *text, size_t left);
 
 // Returns the first byte that is not UTF-8; null if all are.

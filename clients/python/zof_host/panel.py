@@ -350,20 +350,20 @@ class Panel:
         raise NotTaken(what, view, shown[0])
 
     def _write_unread(self, row: Row[Any], key: bytes, payload: bytes, what: str) -> None:
-        behind = rows.SYSTEM_STANDBY_STATE if row.system else rows.VIEW_SIZE
+        barrier = rows.SYSTEM_STANDBY_STATE if row.system else rows.VIEW_SIZE
         starts = self._starts
-        tries = self._write_once(row, key, payload, what, behind, behind.code)[1]
+        tries = self._write_once(row, key, payload, what, barrier, barrier.code)[1]
         if tries > 1 or self._starts != starts:
-            why = "the panel has restarted" if self._starts != starts else f"{behind.name} had to be asked for twice"
+            why = "the panel has restarted" if self._starts != starts else f"{barrier.name} had to be asked for twice"
             raise Unsure(f"{what}: {why}, so it may or may not have been done")
 
-    def _write_once(self, row: Row[Any], key: bytes, payload: bytes, what: str, behind: Row[Any],
-                    behind_key: bytes) -> tuple[bytes, int]:
+    def _write_once(self, row: Row[Any], key: bytes, payload: bytes, what: str, barrier: Row[Any],
+                    barrier_key: bytes) -> tuple[bytes, int]:
         """Sends the write and then a read. Returns the answer to the read and its number of tries. Requests of one kind
         are executed in order, so an acknowledgement, if the panel sends one, has arrived by then."""
         waiter = self._send_waiting(WRITE, WRITE, key, payload[len(key):], row)
         try:
-            answer = self._ask(behind, behind_key, what)
+            answer = self._ask(barrier, barrier_key, what)
         finally:
             self._forget(waiter)
         if waiter.answer and waiter.answer != b"\0":

@@ -44,7 +44,7 @@ static cJSON *number_json(const zof_cat_key_t *key, const reflect_item_t *row) {
     return json;
 }
 
-// Returns the schema of the texts that a file may contain in place of a number, or null if there are none.
+// Returns the schema of the texts that a file may contain in place of a number, or null if only a number is allowed.
 static cJSON *words_json(const zof_cat_key_t *key, const reflect_item_t *row) {
     if (key->kind == ZOF_CAT_COLOR) {
         return pattern_json("^(#([0-9A-Fa-f]{3}|[0-9A-Fa-f]{6})|\\$.+)$");

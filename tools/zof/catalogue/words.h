@@ -41,7 +41,7 @@ std::string cat_join(const std::vector<std::string> &words, const char *ticks);
 // Returns the control type to which a record belongs, or null for other records.
 const zof_cat_type_t *cat_type_of(const zof_cat_record_t *record);
 
-// Returns the record with this name, or null if there is none.
+// Returns the record with this name, or null if no record has it.
 const zof_cat_record_t *cat_record(const std::string &name);
 
 // Returns true if a key belongs in its record's table; keys that all types share are described only once.

@@ -103,13 +103,13 @@ static void read_row(reader &r, const zof_hmi_cmd_type_t &type, const zof_hmi_pa
                      bool from_host) {
     read_fields(r, type.rec, type.rec_names);
     read_fields(r, row.rw->req, row.req_names);
-    const size_t behind = r.at;
+    const size_t start = r.at;
     if (op == ZOF_HMI_OP_SET && !from_host) {
         read_fields(r, row.rw->rep, nullptr);
     } else if (op == ZOF_HMI_OP_SET || !from_host) {
         read_fields(r, row.value, row.value_names);
     }
-    if (!r.whole && op == ZOF_HMI_OP_GET && !from_host && r.size == behind + 1) {
+    if (!r.whole && op == ZOF_HMI_OP_GET && !from_host && r.size == start + 1) {
         r.text += " refused";
         r.at = r.size;
         r.whole = true;
@@ -145,7 +145,7 @@ static void describe(piece &p, const zof_hmi_cmd_analys_t &settings) {
         r.at = type->len + row->len;
         r.whole = r.at <= r.size;
         read_row(r, *type, *row, frame.op, p.from_host);
-        r.text += !r.whole ? "  !! fields are missing" : r.at < r.size ? "  !! bytes behind the fields" : "";
+        r.text += !r.whole ? "  !! fields are missing" : r.at < r.size ? "  !! bytes after the fields" : "";
     } else {
         r.text += "  !! no such row";
     }

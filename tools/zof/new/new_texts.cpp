@@ -81,7 +81,7 @@ std::string new_file(const char *name, bool languages) {
         text = file.name == std::string(name) ? file.text : text;
     }
     const std::string from = "// @if languages\n", to = "// @end\n";
-    // The marks stand on lines of their own, behind the spaces that clang-format puts there.
+    // Each mark has a line to itself, after the spaces that clang-format puts there.
     for (size_t at; (at = text.find(from)) != std::string::npos;) {
         const size_t begin = text.rfind('\n', at) + 1, inner = at + from.size(), close = text.find(to, inner);
         const size_t inner_end = text.rfind('\n', close) + 1;

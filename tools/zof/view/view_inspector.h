@@ -13,7 +13,7 @@ struct view_inspector_t {
     cJSON *hits; // the controls under the pointer, topmost first; null if unknown
     u32 pick;    // index of the selected one
     s32 x, y;    // position of the pointer on the panel
-    s32 hit_id;  // id of the pending `hit` command; 0 if there is none
+    s32 hit_id;  // id of the pending `hit` command; 0 if no reply is pending
     bool moved;  // the pointer has moved since that command was sent
 };
 

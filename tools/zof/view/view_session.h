@@ -18,7 +18,7 @@ struct view_session_t {
     cJSON *project;   // reply to the last successful load; null before
     cJSON *state;     // snapshot that the next player receives; null before the first one
     cJSON *restored;  // snapshot of the player on screen just after loading
-    std::string note; // the current error or warning; empty if there is none
+    std::string note; // the current error or warning; empty while all is well
     bool note_grave;  // the picture is outdated
     view_image_t picture;
     bool drawn;                              // set when the picture has changed; the window clears it
@@ -28,7 +28,7 @@ struct view_session_t {
     view_watch_t watch;
     std::string message; // first message of the player that is loading
     s32 load_id;         // id of the `load` command of `next`; 0 while nothing loads
-    s32 state_id;        // id of the pending `snapshot` command; 0 if there is none
+    s32 state_id;        // id of the pending `snapshot` command; 0 if no reply is pending
     u32 changed_at, first_changed_at, load_at;
     bool changed;
     u32 loads; // finished loads

@@ -48,7 +48,7 @@ typedef struct {
     char *lang_name;
     struct cJSON *lang_root; // null without a language
     u8 lang_dirty;           // the table has unsaved changes
-    struct cJSON *icons;     // names of icons in texts; null if there are none
+    struct cJSON *icons;     // names of icons in texts; null if the project has no icons
 } zof_prj_t;
 
 // The current project; null before one is created, and after one that could not be read.

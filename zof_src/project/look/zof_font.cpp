@@ -330,7 +330,7 @@ static void parts_open(zof_font_links_t *links, const char *names, u32 size) {
     }
 }
 
-// Puts the fallbacks in order behind the entry's font.
+// Chains the fallbacks, in order, to the entry's font.
 static void links_join(const zof_font_t *entry, zof_fontsize_t *sized) {
     zof_font_links_t *links = sized->links;
     zof_symbols_set_up(&links->symbols, sized->size);

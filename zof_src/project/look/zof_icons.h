@@ -12,8 +12,8 @@ struct cJSON;
 // caller owns the result.
 struct cJSON *zof_icons_load(void);
 
-// Returns a text with the project's icons in place of their names: `text` itself if it has none, otherwise a copy that
-// is valid until the fourth further call.
+// Returns a text with the project's icons in place of their names: `text` itself if it names no icon, otherwise a copy
+// that is valid until the fourth further call.
 const char *zof_icons_show(const char *text);
 
 ZOF_C_END

@@ -226,7 +226,7 @@ static const zof_look_t *look_of(cJSON *entry, u32 type, const char *theme) {
     if (!name) {
         zof_fault_at(json, "expected a text; the control has no look");
     } else if (!look) {
-        zof_fault_at(json, "there is no look %.40s; the control has none", name);
+        zof_fault_at(json, "there is no look %.40s; the control is drawn without a look", name);
     } else if (zof_prj_up.ctrl_class(type)->no_theme) {
         zof_fault_at(json, "a control of this type has no styles; the look is ignored");
         look = nullptr;

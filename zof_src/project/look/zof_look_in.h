@@ -24,12 +24,12 @@ void zof_look_theme_choose(const char *theme);
 // Returns true if the theme has a file of looks.
 bool zof_look_theme_exists(const char *theme);
 
-// Return the object of a look in the file of a theme, and in that of the project; null if it has none. The files are
-// read and checked at the first call, and kept for the life of the process.
+// Return the object of a look in the file of a theme, and in that of the project; null if the file has no such look.
+// The files are read and checked at the first call, and kept for the life of the process.
 const cJSON *zof_look_in_theme(const char *theme, const char *name);
 const cJSON *zof_look_in_project(const char *name);
 
-// Returns the name of the look that a look inherits from; null if there is none.
+// Returns the name of the look that a look inherits from; null if it inherits from no look.
 const char *zof_look_base(const char *theme, const char *name);
 
 // While it exists, names of colours are looked up in this theme first. The text must stay valid.

@@ -29,8 +29,8 @@ s32 zof_theme_set(const char *theme);
 // are shared. Returns 0, or -1 for null.
 s32 zof_theme_style_copy(zof_pub_attr_t *dst, const zof_pub_attr_t *src);
 
-// Allocates style records for `dst`, which must have none, and copies into them. Returns 0, or -1 when there is nothing
-// to copy.
+// Allocates style records for `dst`, whose list must be empty, and copies into them. Returns 0, or -1 when there is
+// nothing to copy.
 s32 zof_theme_style_copy_new(zof_pub_attr_t *dst, const zof_pub_attr_t *src);
 
 // Returns the style record with this part, state and section, or appends a zeroed one, in which the caller sets these

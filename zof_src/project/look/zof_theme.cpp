@@ -170,7 +170,7 @@ static void view_follow(void *view) {
     }
 }
 
-// Reads the files of a theme for the types that have one. Returns false if it has none of them.
+// Reads the files of a theme for the types that have one. Returns false if the theme has no such file.
 static bool types_read(const char *theme) {
     bool any = false;
     for (u32 type = 0; type < ZOF_CTRL_TYPE_COUNT; type++) {
