@@ -51,9 +51,17 @@ static bool configured(char *out, size_t size) {
     return found;
 }
 
+// A panel that runs as a service has no home folder.
+static bool state_take(char *out, size_t size) {
+    char path[512];
+    return zof_file_state_path(path, sizeof(path), "recordings", ZOF_TRUE) == 0 && zof_mkdir(path) >= 0 &&
+           folder_take(out, size, path, "");
+}
+
 void folder_documents(char *out, size_t size) {
     if (!folder_take(out, size, variable("XDG_DOCUMENTS_DIR"), "") && !configured(out, size) &&
-        !folder_take(out, size, variable("HOME"), "/Documents") && !folder_take(out, size, variable("HOME"), "")) {
+        !folder_take(out, size, variable("HOME"), "/Documents") && !folder_take(out, size, variable("HOME"), "") &&
+        !state_take(out, size)) {
         snprintf(out, size, ".");
     }
 }

@@ -4,7 +4,8 @@
 
 #include "zof_lib/zof_type.h"
 
-// Writes the path of the user's documents folder or the nearest existing substitute; "." if there is no home folder.
+// Writes the path of the user's documents folder or the nearest substitute: the home folder, the
+// folder `recordings` of the program's state, "." if there is neither.
 void folder_documents(char *out, size_t size);
 
 #endif

@@ -1,7 +1,6 @@
 #include "ui/keep.h"
 
 #include <stdio.h>
-#include <stdlib.h>
 #include <string.h>
 
 #include <string>
@@ -11,7 +10,7 @@
 
 enum { FILE_MOST = 64 * 1024 };
 
-static std::string folder, kept; // path of the folder, empty without a home folder; contents of the file
+static std::string kept; // contents of the file
 
 static bool flag_take(bool *flag, const char *text) {
     *flag = strcmp(text, "yes") == 0;
@@ -79,25 +78,17 @@ static bool line_take(const std::string &line) {
     return line.empty();
 }
 
-static void folder_find() {
-    const char *state = getenv("XDG_STATE_HOME");
-    const char *home = getenv("HOME");
-    if (state && state[0] == '/') {
-        folder = std::string(state) + "/zof_bench";
-    } else if (home && home[0] == '/') {
-        folder = std::string(home) + "/.local/state/zof_bench";
-    }
-}
-
-static std::string file_name() {
-    return folder + "/settings";
+// Returns the path of the file, empty if nothing is kept.
+static std::string file_path(zof_bool make) {
+    char path[520];
+    return zof_file_state_path(path, sizeof(path), "settings", make) == 0 ? path : "";
 }
 
 void keep_load() {
-    folder_find();
+    const std::string file = file_path(ZOF_FALSE);
     u32 size = 0;
     const char *why = nullptr;
-    u8 *data = folder.empty() ? nullptr : zof_file_read_all(file_name().c_str(), FILE_MOST, &size, &why);
+    u8 *data = zof_file_read_all(file.c_str(), FILE_MOST, &size, &why);
     const std::string text = data ? std::string((const char *)data, size) : "";
     zof_free(data);
     u32 number = 1;
@@ -105,31 +96,21 @@ void keep_load() {
         const size_t end = text.find('\n', at);
         const std::string line = text.substr(at, end == std::string::npos ? end : end - at);
         if (!line_take(line)) {
-            zof_printf("%s:%u: not a setting", file_name().c_str(), number);
+            zof_printf("%s:%u: not a setting", file.c_str(), number);
         }
         at = end == std::string::npos ? text.size() : end + 1;
     }
     kept = text_now();
 }
 
-static void folders_make() {
-    for (size_t at = folder.find('/', 1); at != std::string::npos; at = folder.find('/', at + 1)) {
-        zof_mkdir(folder.substr(0, at).c_str());
-    }
-    zof_mkdir(folder.c_str());
-}
-
 void keep_save() {
     const std::string now = text_now();
-    if (folder.empty() || now == kept) {
-        return;
-    }
-    folders_make();
+    const std::string file = now == kept ? "" : file_path(ZOF_TRUE);
     kept = now;
-    if (zof_file_write(file_name().c_str(), now.data(), now.size()) != 0) {
+    if (!file.empty() && zof_file_write(file.c_str(), now.data(), now.size()) != 0) {
         static bool said;
         if (!said) {
-            zof_printf("%s: the settings cannot be kept: %s", file_name().c_str(), zof_file_error());
+            zof_printf("%s: the settings cannot be kept: %s", file.c_str(), zof_file_error());
         }
         said = true;
     }

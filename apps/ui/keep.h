@@ -1,5 +1,6 @@
-// The settings that the panel itself keeps over a restart, in $XDG_STATE_HOME/zof_bench/settings, one line "name =
-// value" each. If there is no home folder or the file cannot be written, settings last until the program ends.
+// The settings that the panel itself keeps over a restart, in the file `settings` of its state (zof_file_state_path),
+// one line "name = value" each. If there is no such folder or the file cannot be written, settings last until the
+// program ends.
 #ifndef KEEP_H
 #define KEEP_H
 

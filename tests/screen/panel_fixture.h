@@ -33,7 +33,7 @@ inline reports sent() {
 // Starts the panel as its program does, but on the test's clock, with its own line, and with no settings kept from
 // before: `state` is the folder for them, which a test may open a second time.
 inline void panel_open(const char *state = "") {
-    setenv("XDG_STATE_HOME", state, 1);
+    setenv("ZOF_STATE", state, 1);
     setenv("HOME", "", 1);
     REQUIRE(chdir(ZOF_PANEL_DIR) == 0);
     screen_init();

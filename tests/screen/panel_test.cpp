@@ -332,7 +332,7 @@ TEST_CASE("panel: no English word is left on a running panel in German") {
 
 TEST_CASE("panel: its own settings survive a restart, and a damaged file does no harm") {
     temp_project_t state;
-    const std::string file = state.folder + "zof_bench/settings";
+    const std::string file = state.folder + "settings";
     panel_open(state.folder.c_str());
     go_to(4);
     screen_step(400);
@@ -348,7 +348,7 @@ TEST_CASE("panel: its own settings survive a restart, and a damaged file does no
     CHECK(zof_lang_set("en") == 0);
     keep_load();
     CHECK((bench.hold_off && bench.averaged_off && bench.locked && text_of(4, 28) == "Sprache"));
-    state.write("zof_bench/settings", "hold_to_raise = maybe\n\nlocked\n\xff = yes");
+    state.write("settings", "hold_to_raise = maybe\n\nlocked\n\xff = yes");
     const std::string log = printed([] { keep_load(); });
     for (const char *line : {"settings:1: not a setting", "settings:3: not a setting", "settings:4: not a setting"}) {
         CHECK(contains(log, line));

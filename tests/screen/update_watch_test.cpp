@@ -59,6 +59,20 @@ TEST_CASE("without a medium the watch shows nothing and ends after a minute") {
     CHECK(str(zof_func_check_res_exist("other/zof_update/", "a")) == project.folder + "../disk/U/other/zof_update/a");
 }
 
+TEST_CASE("a data folder that cannot be written is reported once, and the panel goes on") {
+    temp_project_t project;
+    watch_open(&project);
+    put("U/zof_update/a", "new");
+    zof_file_fault_set([](const char *what, const char *) -> zof_bool { return str(what) == "create"; });
+    const std::string log = printed([] { screen_step(1000); }), part = "it needs a folder that can be written";
+    CHECK((contains(log, part) && log.find(part) == log.rfind(part)));
+    CHECK(shown() == "-");
+    zof_file_fault_set(nullptr);
+    screen_step(200);
+    CHECK(shown() == begun);
+    copy_wait();
+}
+
 TEST_CASE("a thread copies a USB disk's data while the bar shows its progress") {
     temp_project_t project;
     disk = project.top + "/disk/";
@@ -114,7 +128,7 @@ TEST_CASE("a copy that outlasts the watch still ends with its result, whatever w
     watch_open(&project);
     put("U/zof_update/a", "1");
     zof_file_fault_set([](const char *what, const char *) -> zof_bool {
-        return std::string(what) == "create" && zof_sem_take(gate, 0) != 0;
+        return std::string(what) == "write" && zof_sem_take(gate, 0) != 0;
     });
     printed([] {
         screen_step(200);

@@ -287,9 +287,9 @@ TEST_CASE("the window's state is kept in the user's state folder") {
     const struct {
         const char *state, *xdg, *home, *path;
     } rows[] = {{"/s", "/x", "/h", "/s/f"},
-                {nullptr, "/x", "/h", "/x/zof/f"},
-                {nullptr, "x", "/h", "/h/.local/state/zof/f"},
-                {nullptr, nullptr, "/h", "/h/.local/state/zof/f"},
+                {nullptr, "/x", "/h", "/x/window_size_test/f"},
+                {nullptr, "x", "/h", "/h/.local/state/window_size_test/f"},
+                {nullptr, nullptr, "/h", "/h/.local/state/window_size_test/f"},
                 {"", "/x", "/h", ""},
                 {"s", "/x", "/h", ""},
                 {nullptr, nullptr, nullptr, ""}};
@@ -305,4 +305,11 @@ TEST_CASE("the window's state is kept in the user's state folder") {
     }
     char path[64];
     CHECK(zof_file_state_path(path, 5, "f", ZOF_FALSE) == -1);
+    temp_project_t home; // a size from the time when all programs had one folder is taken over
+    home.write("zof/window-a", "640 480\n");
+    setenv("XDG_STATE_HOME", home.folder.c_str(), 1);
+    win_place_t place = {};
+    CHECK((win_place_read("a", &place) && place.w == 640));
+    CHECK(file_text(home.path("window_size_test/window-a")) == "640 480\n");
+    CHECK(!std::filesystem::exists(home.path("zof/window-a")));
 }

@@ -65,8 +65,10 @@ TEST_CASE("keys of a large table are found in any case, and the first of equal k
     }
 }
 
-TEST_CASE("changed texts take effect immediately, are saved whole or not at all, and only to their own file") {
+TEST_CASE("changed texts take effect immediately, and are saved whole or not at all, outside the project") {
     lang_project project;
+    const std::string state = project.top + "/state", kept = state + "/languages/en.g";
+    setenv("ZOF_STATE", state.c_str(), 1);
     CHECK(shown("#HELLO") + shown("#number") + shown("hello") + shown("#") == "Hello#numberhelloempty key");
     CHECK(zof_lang_set_cur_str("#hello", std::string(255, 'x').c_str()) == 0);
     CHECK(zof_lang_set_cur_str("#hello", std::string(256, 'y').c_str()) == 0);
@@ -75,12 +77,17 @@ TEST_CASE("changed texts take effect immediately, are saved whole or not at all,
     CHECK(shown("#bye") == "bye");
     zof_file_fault_set([](const char *what, const char *) -> zof_bool { return std::string(what) == "write"; });
     CHECK(contains(printed([] { CHECK(zof_lang_save_cur_to_flash() == -1); }), "create json fail!"));
-    CHECK(file_text(project.file) == two);
+    CHECK(!std::filesystem::exists(kept));
     zof_file_fault_set(nullptr);
+    CHECK(zof_lang_set_cur_str("#hello", "Hello") == 0); // as in the project
     CHECK(zof_lang_save_cur_to_flash() == 1);
-    CHECK(contains(file_text(project.file), "\"Bye\":\t\"bye\""));
-    project.write("config/languages/en.g", two);
-    CHECK(zof_lang_save_cur_to_flash() == 1);         // nothing is left to write
+    CHECK(file_text(kept) == "{\n\t\"Bye\":\t\"bye\"\n}");
+    std::filesystem::remove(kept);
+    CHECK(zof_lang_save_cur_to_flash() == 1); // nothing is left to write
+    CHECK(!std::filesystem::exists(kept));
+    std::ofstream(kept) << R"({"Bye": "kept", "gone": "x", "number": "y", "": 3})";
+    CHECK(zof_lang_set("en") == 0);
+    CHECK(shown("#bye") + shown("#gone") + shown("#number") == "kept#gone#number");
     CHECK(zof_lang_set_cur_str("#hello", "de") == 0); // the new name may be a text of the old language
     std::string said = printed([] { CHECK(zof_lang_set(zof_lang_get_cur_str("#hello")) == 0); });
     CHECK(contains(said, "language en: unsaved changes"));

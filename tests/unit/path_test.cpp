@@ -60,11 +60,12 @@ TEST_CASE("a drive letter names a folder beside the project, which is created at
 
 TEST_CASE("starting a project removes temporary files of killed processes and keeps those of running ones") {
     temp_project_t project;
-    const std::string folder = project.path("config/project/"), init = ".zof_file.new~1-5";
+    const std::string folder = project.path("state/"), init = ".zof_file.new~1-5";
     const std::vector<std::string> names = {".zof_file.new", ".zof_file.new~4999999-1", init, ".zof_file.newer"};
     for (const std::string &name : names) {
-        project.write("config/project/" + name, "half");
+        project.write("state/" + name, "half");
     }
+    setenv("ZOF_STATE", project.path("state").c_str(), 1);
     lv_init();
     REQUIRE((project.open() && zof_prj_create(nullptr, 0) == 0));
     CHECK((!fs::exists(folder + ".zof_file.new") && !fs::exists(folder + ".zof_file.new~4999999-1")));

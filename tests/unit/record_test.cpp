@@ -289,10 +289,12 @@ TEST_CASE("record: files go to the user's documents folder, or else to the home 
         return std::string(out);
     };
     const std::string &top = home.top;
-    for (const char *name : {"XDG_DOCUMENTS_DIR", "XDG_CONFIG_HOME", "HOME"}) {
+    for (const char *name : {"XDG_DOCUMENTS_DIR", "XDG_CONFIG_HOME", "HOME", "XDG_STATE_HOME", "ZOF_STATE"}) {
         unsetenv(name);
     }
     CHECK(folder() == ".");
+    setenv("XDG_STATE_HOME", (top + "/service").c_str(), 1);
+    CHECK(folder() == top + "/service/record_test/recordings");
     setenv("HOME", top.c_str(), 1);
     CHECK(folder() == top);
     zof_mkdir((top + "/Documents").c_str());

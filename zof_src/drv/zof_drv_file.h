@@ -96,11 +96,25 @@ typedef struct {
 } zof_file_stamp_t;
 s32 zof_file_stamp(const char *path, zof_file_stamp_t *out);
 
-// Makes the path of a file that a program keeps from one start to the next: `name` in the folder ZOF_STATE of the
-// environment; without it in `zof` in XDG_STATE_HOME, or in .local/state of the home folder. With `make` missing
-// folders are created. Returns 0, or -1 when ZOF_STATE is empty, so that nothing is kept, without any of these folders,
-// and when the path does not fit.
+// Writes the path of the running program's file, with links followed. Returns 0, or -1 if the system does not know it
+// or it does not fit.
+s32 zof_program_path(char *out, size_t size);
+
+// Returns the name of the program's file without its folder, "zof" if it is not known. Never freed.
+const char *zof_program_name(void);
+
+// Makes the path of a file that the program keeps from one start to the next: `name` in the folder ZOF_STATE of the
+// environment; without it, in a folder with the program's name in XDG_STATE_HOME or in .local/state of the home folder.
+// With `make`, missing folders are created. Returns 0, or -1 if ZOF_STATE is empty, so that nothing is kept, if none of
+// these folders is known, and if the path does not fit.
 s32 zof_file_state_path(char *out, size_t size, const char *name, zof_bool make);
+
+// The same with another program's name in place of this one's, to take over what was kept there.
+s32 zof_file_state_path_of(const char *program, char *out, size_t size, const char *name, zof_bool make);
+
+// Returns true if a file can be created in a folder, which is created if it is missing. False with the reason in
+// zof_file_error.
+zof_bool zof_folder_writable(const char *path);
 
 // Returns why the latest call on this thread failed, as text.
 const char *zof_file_error(void);

@@ -154,6 +154,19 @@ char *zof_func_check_res_exist(const char *dir, const char *file) {
     return nullptr;
 }
 
+// Returns true if the medium can be written. Logs once that it cannot, because the watch asks every 200 ms.
+static bool target_usable(const char *src, const char *target) {
+    static bool logged;
+    const char *path = zof_res_get_prjfile_path(MEDIA, target);
+    const bool usable = path && zof_folder_writable(path);
+    if (!usable && !logged) {
+        zof_printf("no update from %s: it needs a folder that can be written: %s: %s", src, path ? path : target,
+                   zof_file_error());
+        logged = true;
+    }
+    return usable;
+}
+
 // Starts copying a folder of one medium over another medium, if there is such a folder; links do not count.
 static void update_try(const char *medium, const char *folder, const char *target, bool counted) {
     char src[PATH_SIZE];
@@ -172,6 +185,9 @@ static void update_try(const char *medium, const char *folder, const char *targe
     }
     if (watch.down_start) { // even when that copy has finished
         zof_printf("%s is ignored: another medium came first\n", src);
+        return;
+    }
+    if (!target_usable(src, target)) {
         return;
     }
     // The third element makes the copy go into the target itself.

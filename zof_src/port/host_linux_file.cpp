@@ -73,6 +73,10 @@ FILE *zof_host_file_create(const char *path) {
     return f;
 }
 
+s32 zof_program_path(char *out, size_t size) {
+    return zof_host_real_path("/proc/self/exe", out, size);
+}
+
 // The kernel has resolved the path once it is open: three calls for any length.
 s32 zof_host_real_path(const char *path, char *out, size_t size) {
     const int fd = open(path, O_PATH | O_CLOEXEC);

@@ -54,6 +54,10 @@ const char *zof_system_get_name(void) {
     return "null";
 }
 
+s32 zof_program_path(char *, size_t) {
+    return -1;
+}
+
 // Without a local time zone by thread the time is UTC.
 s32 win_rtc_get_stamp(zof_rtc_stamp_t *out) {
     const auto now = std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());

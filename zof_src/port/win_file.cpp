@@ -145,22 +145,47 @@ static void parents_make(char *path) {
     }
 }
 
+const char *zof_program_name(void) {
+    static char path[400];
+    static const bool known = zof_program_path(path, sizeof(path)) == 0;
+    return known ? path + zof_path_parent(path) : "zof";
+}
+
 s32 zof_file_state_path(char *out, size_t size, const char *name, zof_bool make) {
+    return zof_file_state_path_of(zof_program_name(), out, size, name, make);
+}
+
+s32 zof_file_state_path_of(const char *program, char *out, size_t size, const char *name, zof_bool make) {
     const char *given = getenv("ZOF_STATE");
-    char folder[400];
-    if (!out || !name) {
+    char folder[400], below[200];
+    if (!out || !name || !zof_text_join(below, sizeof(below), given ? "" : program, "/", name)) {
         return -1;
     }
-    const bool found = given ? state_join(folder, sizeof(folder), given, "/")
-                             : state_join(folder, sizeof(folder), getenv("XDG_STATE_HOME"), "/zof/") ||
-                                   state_join(folder, sizeof(folder), getenv("HOME"), "/.local/state/zof/");
-    if (!found || !zof_text_join(out, size, folder, name, nullptr)) {
+    const bool found = given ? state_join(folder, sizeof(folder), given, "")
+                             : state_join(folder, sizeof(folder), getenv("XDG_STATE_HOME"), "/") ||
+                                   state_join(folder, sizeof(folder), getenv("HOME"), "/.local/state/");
+    if (!found || !zof_text_join(out, size, folder, below, nullptr)) {
         return -1;
     }
     if (make) {
         parents_make(out);
     }
     return 0;
+}
+
+zof_bool zof_folder_writable(const char *path) {
+    char name[520], inside[400];
+    if (zof_mkdir(path) < 0 || !zof_text_join(inside, sizeof(inside), path, "/", "new") ||
+        zof_file_temp_name(name, sizeof(name), inside, ZOF_FILE_TEMP) != 0) {
+        return ZOF_FALSE;
+    }
+    FILE *f = zof_file_create(name);
+    if (!f) {
+        return ZOF_FALSE;
+    }
+    fclose(f);
+    zof_file_remove(name);
+    return ZOF_TRUE;
 }
 
 s32 zof_folder_lock(const char *path, char *holder, size_t size) {

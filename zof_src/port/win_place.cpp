@@ -4,12 +4,23 @@
 #include <stdio.h>
 #include <string.h>
 
+#include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
 #include "zof_lib/zof_stdio.h"
 
 enum { PATH_SIZE = 512, NAME_SIZE = 80, FILE_SIZE = 64, SIDE_MAX = 16384 };
 static const char PREFIX[] = "window-";
 static const char MAXIMISED[] = " maximised";
+
+// Earlier versions kept the sizes of all programs in one folder.
+static void place_carry(const char *path, const char *name) {
+    char old[PATH_SIZE];
+    char made[PATH_SIZE];
+    if (zof_file_kind(path) == ZOF_FILE_NONE && zof_file_state_path_of("zof", old, sizeof(old), name, ZOF_FALSE) == 0 &&
+        zof_file_kind(old) == ZOF_FILE_PLAIN && zof_file_state_path(made, sizeof(made), name, ZOF_TRUE) == 0) {
+        zof_rename(old, path);
+    }
+}
 
 // Programs with different titles have files of their own. Letters and digits of a title stay.
 static bool place_path(char *out, const char *title, zof_bool make) {
@@ -18,7 +29,11 @@ static bool place_path(char *out, const char *title, zof_bool make) {
     for (char *at = name + strlen(PREFIX); *at; at++) {
         *at = isalnum((u8)*at) ? *at : '_';
     }
-    return zof_file_state_path(out, PATH_SIZE, name, make) == 0;
+    if (zof_file_state_path(out, PATH_SIZE, name, make) != 0) {
+        return false;
+    }
+    place_carry(out, name);
+    return true;
 }
 
 // Returns whether the text is one that win_place_write writes.

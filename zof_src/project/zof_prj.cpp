@@ -17,7 +17,7 @@
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"
 
-enum { IMG_CACHE_MAX = 100 };
+enum { IMG_CACHE_MAX = 100, PATH_SIZE = 520 };
 
 // All paths are this text followed by a name, so it must end in a separator.
 static char *folder_copy(const char *path) {
@@ -36,12 +36,12 @@ static zof_prj_t *prj_give_up(zof_prj_t *prj) {
     return nullptr;
 }
 
-// Removes stale temporary files from the folders that the runtime writes to.
+// Removes temporary files that killed processes left in the folders where the program keeps files.
 static void left_overs_clear() {
-    static const char *const written[] = {"config/project/", "config/languages/"};
+    char path[PATH_SIZE];
+    static constexpr const char *written[] = {"", ZOF_LANG_KEPT};
     for (const char *folder : written) {
-        const char *path = zof_res_get_prjfile_path(folder, nullptr);
-        if (path) {
+        if (zof_file_state_path(path, sizeof(path), folder, ZOF_FALSE) == 0) {
             zof_file_temp_clear(path);
         }
     }

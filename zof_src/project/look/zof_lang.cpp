@@ -1,5 +1,6 @@
 // The current language: a flat table of texts, looked up at each use. Controls keep the reference, not the text, so a
-// language change can update them. Changes stay in memory until they are saved.
+// language change can update them. Changes stay in memory until they are saved. Only texts that differ from the
+// project's are saved, so that a new version of the project can change all others.
 #include "project/look/zof_lang.h"
 
 #include <cjson/cJSON.h>
@@ -7,6 +8,7 @@
 #include <cctype>
 #include <cstring>
 
+#include "drv/zof_drv_file.h"
 #include "project/base/zof_prj_up.h"
 #include "project/look/zof_icons.h"
 #include "project/path/zof_res.h"
@@ -16,7 +18,7 @@
 
 #define LANG_DIR "config/languages/"
 
-enum { LANG_VALUE_SIZE = 256 };
+enum { LANG_VALUE_SIZE = 256, PATH_SIZE = 520 };
 
 // The application's function for its own texts after a change; set before any events.
 static void (*lang_changed)(void);
@@ -109,6 +111,33 @@ static void table_drop(zof_prj_t *prj) {
     prj->lang_dirty = 0;
 }
 
+// Writes the path of the texts saved for a language. Returns false if nothing is kept, and for a name that leads out of
+// the folder, which only a project with "allow_outside" can have.
+static bool kept_path(const char *name, char *out, zof_bool make) {
+    char file[PATH_SIZE];
+    return !std::strstr(name, "..") && zof_text_join(file, sizeof(file), ZOF_LANG_KEPT, name, ".g") &&
+           zof_file_state_path(out, PATH_SIZE, file, make) == 0;
+}
+
+// Puts the saved texts into a table that has been read from the project. Other entries are ignored: the project has
+// dropped their keys since.
+static void kept_apply(const char *name, cJSON *root) {
+    char path[PATH_SIZE];
+    if (!kept_path(name, path, ZOF_FALSE) || zof_file_kind(path) != ZOF_FILE_PLAIN) {
+        return;
+    }
+    const zof_rootjson_t kept = zof_j2s_open(path);
+    Freebuff(kept.content);
+    const cJSON *text = nullptr;
+    cJSON_ArrayForEach(text, kept.root) {
+        cJSON *entry = text->string ? cJSON_GetObjectItemCaseSensitive(root, text->string) : nullptr;
+        if (cJSON_IsString(text) && cJSON_IsString(entry)) {
+            cJSON_SetValuestring(entry, text->valuestring);
+        }
+    }
+    cJSON_Delete(kept.root);
+}
+
 s32 zof_lang_set(const char *name) {
     zof_prj_t *prj = zof_prj_get_cur();
     char *copy = prj ? zof_text_copy(name) : nullptr; // `name` may be a text of the table being deleted
@@ -123,6 +152,7 @@ s32 zof_lang_set(const char *name) {
         zof_free(copy);
         return -1;
     }
+    kept_apply(copy, file.root);
     prj->lang_root = file.root;
     zof_free(prj->lang_name);
     prj->lang_name = copy;
@@ -166,6 +196,35 @@ s32 zof_lang_set_cur_str(const char *reference, const char *value) {
     return cJSON_SetValuestring(entry, copy) ? 0 : -1;
 }
 
+// Removes the texts from a table that are the same in the project's file.
+static void unchanged_remove(cJSON *table, const char *name) {
+    const char *path = zof_res_get_g_file_path(LANG_DIR, name);
+    const zof_rootjson_t file = path ? zof_j2s_open(path) : zof_rootjson_t{};
+    Freebuff(file.content);
+    for (cJSON *entry = table->child; file.root && entry;) {
+        cJSON *next = entry->next;
+        const cJSON *own = cJSON_GetObjectItemCaseSensitive(file.root, entry->string);
+        if (!cJSON_IsString(entry) || (cJSON_IsString(own) && std::strcmp(own->valuestring, entry->valuestring) == 0)) {
+            cJSON_Delete(cJSON_DetachItemViaPointer(table, entry));
+        }
+        entry = next;
+    }
+    cJSON_Delete(file.root);
+}
+
+static bool table_save(const zof_prj_t *prj, const char *path) {
+    cJSON *changed = cJSON_Duplicate(prj->lang_root, cJSON_True);
+    char *text = nullptr;
+    if (changed) {
+        unchanged_remove(changed, prj->lang_name);
+        text = cJSON_Print(changed);
+    }
+    const bool written = text && zof_file_write(path, text, std::strlen(text)) == 0;
+    cJSON_free(text);
+    cJSON_Delete(changed);
+    return written;
+}
+
 s32 zof_lang_save_cur_to_flash(void) {
     zof_prj_t *prj = zof_prj_get_cur();
     if (!prj || !prj->lang_root) {
@@ -174,12 +233,10 @@ s32 zof_lang_save_cur_to_flash(void) {
     if (!prj->lang_dirty) {
         return 1;
     }
-    char *text = cJSON_Print(prj->lang_root);
-    const char *path = zof_res_get_g_file_path(LANG_DIR, prj->lang_name);
-    bool written = text && zof_file_write(path, text, std::strlen(text)) == 0;
-    cJSON_free(text);
-    if (!written) {
-        zof_printf("%s: create json fail!\n", path ? path : "");
+    char path[PATH_SIZE];
+    const bool known = kept_path(prj->lang_name, path, ZOF_TRUE);
+    if (!known || !table_save(prj, path)) {
+        zof_printf("%s: create json fail!\n", known ? path : prj->lang_name);
         return -1;
     }
     prj->lang_dirty = 0;

@@ -8,9 +8,12 @@ ZOF_C_BEGIN
 
 struct cJSON;
 
-// Makes config/languages/<name>.g the current language and updates every text on the screen. Unsaved changes of the old
-// table are lost. Returns 0, or -1 when the file cannot be read: there is no table then, and references are shown as
-// they are.
+// The folder of saved texts, below that of the program's state (zof_file_state_path).
+#define ZOF_LANG_KEPT "languages/"
+
+// Makes config/languages/<name>.g the current language, with the texts that were saved in place of its own, and updates
+// every text on the screen. Unsaved changes of the old table are lost. Returns 0, or -1 if the file cannot be read:
+// there is no table then, and references are shown as they are.
 s32 zof_lang_set(const char *name);
 
 // Returns 1 for a reference, otherwise 0.
@@ -26,8 +29,8 @@ const char *zof_lang_get_cur_str(const char *text);
 // the table does not have.
 s32 zof_lang_set_cur_str(const char *reference, const char *value);
 
-// Writes the table back to its file. Returns 1 when file and table are equal, 0 without a table, -1 after a message on
-// failure.
+// Saves the texts that differ from the project's file, which is not changed, in languages/<name>.g of the program's
+// state. Returns 1 if all changes are saved, 0 without a table, -1 after a message on failure.
 s32 zof_lang_save_cur_to_flash(void);
 
 void zof_lang_del(struct cJSON *root);

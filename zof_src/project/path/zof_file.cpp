@@ -6,9 +6,8 @@
 #include "project/path/zof_res.h"
 #include "zof_lib/zof_util.h"
 
-// Opened for writing on purpose: the search for the work path must skip a project that cannot be written.
 zof_bool FileExist(const char *path) {
-    FILE *file = zof_file_write_open(path, ZOF_TRUE);
+    FILE *file = zof_file_read_open(path);
     if (!file) {
         return ZOF_FALSE;
     }

@@ -15,7 +15,7 @@ ZOF_C_BEGIN
 s32 zof_res_set_path_cache(u32 n);
 
 // Returns "<candidate>./res/" of the first candidate folder (each with its "/") in which res/config/project/zofprj.g
-// can be opened for writing, or null. Null candidates are skipped.
+// can be read, or null. Null candidates are skipped.
 const char *zof_res_check_prj_path(const char *const *candidates, u32 count);
 
 // Returns a, b and c concatenated; null parts are skipped. Returns null for a null `a` or without a buffer.
@@ -90,7 +90,7 @@ lv_fs_dir_t *zof_fs_dir_open(const char *path);
 s32 zof_fs_dir_read(lv_fs_dir_t *d, char *name); // `name` has room for 256 bytes; empty at the end
 s32 zof_fs_dir_close(lv_fs_dir_t *d);
 
-// Returns true if the file can be opened for reading and writing; a read-only file counts as missing.
+// Returns true if there is a regular file that can be read.
 zof_bool FileExist(const char *path);
 
 // Returns true for a folder.
