@@ -279,9 +279,9 @@ TEST_CASE("the manual lists the player's commands as they are") {
     cJSON_ArrayForEach(row, cJSON_GetObjectItem(reply, "commands")) {
         const std::string args = cJSON_GetObjectItem(row, "args")->valuestring;
         CHECK(contains(manual, "\n| `" + str(cJSON_GetObjectItem(row, "do")->valuestring) + "` | " + args +
-                                   (args.empty() ? "| " : " | ") + str(cJSON_GetObjectItem(row, "help")->valuestring) +
-                                   " |\n"));
+                                   (args.empty() ? "| " : " | ") + str(cJSON_GetObjectItem(row, "needs")->valuestring) +
+                                   " | " + str(cJSON_GetObjectItem(row, "help")->valuestring) + " |\n"));
     }
-    CHECK(cJSON_GetArraySize(cJSON_GetObjectItem(reply, "commands")) == 17);
+    CHECK(cJSON_GetArraySize(cJSON_GetObjectItem(reply, "commands")) == 18);
     cJSON_Delete(reply);
 }

@@ -20,6 +20,7 @@ MAY = {
     "func": {"control", "project", "drv", "zof_lib"},
     "hmi": {"func", "control", "project", "drv", "zof_lib"},
     "catalogue": {"hmi", "func", "control", "project", "drv", "zof_lib"},
+    "inspect": {"catalogue", "hmi", "func", "control", "project", "drv", "zof_lib"},
     "check": {"catalogue", "control", "project", "drv", "zof_lib"},
 }
 FREE = {"zof.h", "zof_start.h", "zof_start.cpp", "zof_wiring.cpp"}      # the public header, the start and the wiring may include everything

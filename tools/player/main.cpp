@@ -8,18 +8,17 @@
 #include "drv/zof_lock.h"
 #include "drv/zof_loop_in.h"
 #include "player.h"
-#include "player_picture.h"
 
 player_options_t player_options;
 
 // Lines passed from the reading thread to the main thread.
 static struct {
     std::mutex lock;
-    std::deque<std::string> lines;
+    std::deque<inspect_reader_t> lines;
     bool ended;
 } input;
 
-static void line_put(const std::string *line) {
+static void line_put(const inspect_reader_t *line) {
     std::lock_guard guard(input.lock);
     if (line) {
         input.lines.push_back(*line);
@@ -28,18 +27,15 @@ static void line_put(const std::string *line) {
     zof_loop_wake(nullptr);
 }
 
-static const char TOO_LONG[] = "\x01"; // not valid JSON, so the command layer reports it
-
 static void input_read(void *) {
-    std::string line;
-    for (int r = 0; (r = player_line_read(&line)) != 0;) {
-        line = r < 0 ? TOO_LONG : line;
+    inspect_reader_t line = {};
+    while (player_line_read(&line)) {
         line_put(&line);
     }
     line_put(nullptr);
 }
 
-static bool line_take(std::string *line) {
+static bool line_take(inspect_reader_t *line) {
     std::lock_guard guard(input.lock);
     if (input.lines.empty()) {
         return false;
@@ -54,23 +50,26 @@ static bool input_ended() {
     return input.ended && input.lines.empty();
 }
 
+static void line_run(const inspect_reader_t *line) {
+    inspect_line_run(&player_parent, line);
+}
+
 // Runs without real time. Only commands advance the clock, so that the same lines produce the same pictures.
 static void run_virtual() {
-    std::string line;
-    for (int r = 0; !player_ended() && (r = player_line_read(&line)) != 0;) {
-        player_line_run(r < 0 ? TOO_LONG : line);
+    inspect_reader_t line = {};
+    while (!player_ended() && player_line_read(&line)) {
+        line_run(&line);
     }
 }
 
 // Runs in real time. Until a project is loaded, there is no main loop to run.
 static void run_live() {
-    std::string line;
-    while (!player_started() && !player_ended()) {
-        const int r = player_line_read(&line);
-        if (r == 0) {
+    inspect_reader_t line = {};
+    while (!inspect_started() && !player_ended()) {
+        if (!player_line_read(&line)) {
             return;
         }
-        player_line_run(r < 0 ? TOO_LONG : line);
+        line_run(&line);
     }
     zof_thread_del(zof_thread_create("player lines", input_read, nullptr, 0, 7));
     while (!player_ended() && !input_ended()) {
@@ -78,10 +77,10 @@ static void run_live() {
         {
             zof_lock gui(dis_mutex);
             while (!player_ended() && line_take(&line)) {
-                player_line_run(line);
+                line_run(&line);
             }
             sleep_ms = zof_loop_turn();
-            player_picture_publish();
+            inspect_frame_publish();
         }
         if (!player_ended()) {
             zof_loop_wait(sleep_ms);
@@ -97,10 +96,11 @@ int main(int argc, char **argv) {
     CLI11_PARSE(app, argc, argv);
     player_io_init();
     zof_system_start();
-    player_messages_init();
+    inspect_messages_start(false);
+    inspect_peer_add(&player_parent);
+    inspect_player_set(&player_commands);
     player_clock_init();
     player_options.live ? run_live() : run_virtual();
-    cJSON *event = player_event("ended");
-    player_send(event);
+    inspect_send(inspect_event("ended"));
     _Exit(0); // threads may still be running, so nothing is torn down
 }

@@ -1,7 +1,6 @@
 // Lines of JSON on standard input and output.
 #include <cstdio>
 #include <cstdlib>
-#include <mutex>
 
 #include <unistd.h>
 
@@ -9,7 +8,6 @@
 #include "zof_lib/zof_stdio.h"
 
 static FILE *out;
-static std::mutex print; // keeps lines whole
 
 void player_io_init() {
     out = fdopen(dup(STDOUT_FILENO), "w");
@@ -17,36 +15,23 @@ void player_io_init() {
     zof_printf_to_errors();
 }
 
-int player_line_read(std::string *line) {
-    line->clear();
-    bool whole = true;
+bool player_line_read(inspect_reader_t *line) {
     int c = 0;
-    while ((c = getc_unlocked(stdin)) != EOF && c != '\n') {
-        whole = whole && line->size() < PLAYER_LINE_MAX;
-        if (whole) {
-            *line += (char)c;
+    inspect_reader_clear(line);
+    while ((c = getc_unlocked(stdin)) != EOF) {
+        if (inspect_reader_put(line, (char)c)) {
+            return true;
         }
     }
-    if (c == EOF && line->empty()) {
-        return 0;
-    }
-    return whole ? 1 : -1;
+    return line->cut || !line->line.empty();
 }
 
-void player_send(cJSON *value) {
-    char *text = cJSON_PrintUnformatted(value);
-    cJSON_Delete(value);
-    std::lock_guard guard(print);
-    if (text && out) {
-        fputs(text, out);
+static void put(const inspect_line_t *line) {
+    if (out) {
+        fputs(inspect_line_text(line).c_str(), out);
         fputc('\n', out);
         fflush(out);
     }
-    cJSON_free(text);
 }
 
-cJSON *player_event(const char *name) {
-    cJSON *event = cJSON_CreateObject();
-    cJSON_AddStringToObject(event, "event", name);
-    return event;
-}
+const inspect_peer_t player_parent = {INSPECT_PLAYER, put};

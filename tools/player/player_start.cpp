@@ -9,12 +9,8 @@
 #include "func/zof_func.h"
 #include "hmi/zof_hmi.h"
 #include "player.h"
-#include "player_picture.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"
-#include "project/look/zof_lang.h"
-#include "project/look/zof_style.h"
-#include "project/path/zof_res.h"
 #include "project/view/zof_view.h"
 #include "project/zof_prj.h"
 #include "zof_start.h"
@@ -23,8 +19,6 @@ enum { STEP_MS = 5 };
 
 static u32 clock_ms;
 static std::vector<zof_view_fun_t> views; // the runtime keeps a pointer to it
-static std::string theme;                 // the requested theme
-static bool theme_waits;                  // the runtime has not accepted it yet, because no control has a theme
 
 // The normal start of the runtime calls this. The player starts the runtime itself, so it is empty.
 extern "C" void zof_main(void) {
@@ -43,7 +37,7 @@ void player_clock_advance(u32 ms) {
         clock_ms += step;
         ms -= step;
         zof_loop_turn();
-        player_picture_publish();
+        inspect_frame_publish();
     }
 }
 
@@ -118,10 +112,6 @@ static std::string runtime_start(const std::string &folder) {
     return zof_prj_check_wh_avlid() == 1 ? folder + ": the project is larger than any display" : "";
 }
 
-bool player_started() {
-    return zof_prj_get_cur() && !views.empty();
-}
-
 std::string player_start(const char *dir) {
     if (zof_prj_get_cur() || dis_mutex) {
         return "a project was loaded before; start another player";
@@ -131,7 +121,7 @@ std::string player_start(const char *dir) {
         return std::string(dir) + ": no config/project/zofprj.g in it or in its res";
     }
     std::string fault = runtime_start(folder);
-    fault = fault.empty() ? player_picture_init() : fault;
+    fault = fault.empty() ? player_frame_init() : fault;
     if (!fault.empty()) {
         return fault;
     }
@@ -142,81 +132,7 @@ std::string player_start(const char *dir) {
     if (player_options.live) {
         zof_func_pwon();
     }
-    player_writes_watch();
+    inspect_writes_watch();
     zof_prj_create(views.data(), (u32)views.size());
     return "";
-}
-
-std::string player_theme_set(const char *name) {
-    const std::vector<std::string> all = player_names("config/theme/", true);
-    if (std::find(all.begin(), all.end(), name) == all.end()) {
-        return "there is no theme " + std::string(name);
-    }
-    theme = name;
-    theme_waits = zof_theme_set(name) != 0;
-    return "";
-}
-
-const std::string &player_theme() {
-    return theme;
-}
-
-std::string player_lang_set(const char *name) {
-    const std::vector<std::string> all = player_names("config/languages/", false);
-    if (std::find(all.begin(), all.end(), name) == all.end() || zof_lang_set(name) != 0) {
-        return "there is no language " + std::string(name);
-    }
-    return "";
-}
-
-std::string player_view_show(u32 id) {
-    if (zof_view_set_dis_view(id) != 0) {
-        return "the view " + player_view_name(id) + " cannot be shown";
-    }
-    theme_waits = theme_waits && zof_theme_set(theme.c_str()) != 0;
-    return "";
-}
-
-void player_view_note() {
-    static u32 reported;
-    const zof_view_node_t *node = zof_prj_get_cur()->cur_view[ZOF_LAYER_UI];
-    if (node && node->attr->v_id != reported) {
-        reported = node->attr->v_id;
-        cJSON *event = player_event("view");
-        cJSON_AddStringToObject(event, "view", player_view_name(reported).c_str());
-        player_send(event);
-    }
-}
-
-static void name_take(std::vector<std::string> *names, const zof_dirent_t *entry, bool folders) {
-    std::string name = entry->name;
-    const bool is_file = name.size() > 2 && name.compare(name.size() - 2, 2, ".g") == 0;
-    if (name[0] == '.' || (entry->is_dir != 0) != folders || (!folders && !is_file)) {
-        return;
-    }
-    names->push_back(folders ? name : name.substr(0, name.size() - 2));
-}
-
-std::vector<std::string> player_names(const char *folder, bool folders) {
-    std::vector<std::string> names;
-    const char *path = zof_res_get_prjfile_path(folder, nullptr);
-    zof_dir_t *dir = path ? zof_opendir(path) : nullptr;
-    while (const zof_dirent_t *entry = dir ? zof_readdir(dir) : nullptr) {
-        name_take(&names, entry, folders);
-    }
-    zof_closedir(dir);
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-std::vector<zof_view_node_t *> player_views_shown() {
-    static constexpr zof_layer_se order[] = {ZOF_LAYER_TOP, ZOF_LAYER_STATE, ZOF_LAYER_UI, ZOF_LAYER_BG};
-    std::vector<zof_view_node_t *> shown;
-    for (const zof_layer_se layer : order) {
-        zof_view_node_t *node = zof_prj_get_cur()->cur_view[layer];
-        if (node && node->obj) {
-            shown.push_back(node);
-        }
-    }
-    return shown;
 }

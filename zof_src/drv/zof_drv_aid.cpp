@@ -17,3 +17,7 @@ const u32 *zof_drv_aid_frame(s32 *width, s32 *height) {
 s32 zof_drv_aid_shot(const char *path) {
     return path && drv_aid_t && drv_aid_t->shot ? drv_aid_t->shot(path) : -1;
 }
+
+u8 *zof_drv_aid_png(const u32 *pixels, s32 width, s32 height, size_t *size) {
+    return pixels && size && drv_aid_t && drv_aid_t->png ? drv_aid_t->png(pixels, width, height, size) : nullptr;
+}

@@ -10,6 +10,7 @@ typedef struct {
     void (*pointer)(s32 x, s32 y, zof_bool pressed); // OPTIONAL: handled like a real press from the window on
     s32 (*shot)(const char *path);                   // OPTIONAL: the picture on the panel as PNG; 0 or -1
     const u32 *(*frame)(s32 *width, s32 *height);    // OPTIONAL: the same as 0xAARRGGBB, row by row; null without one
+    u8 *(*png)(const u32 *pixels, s32 width, s32 height, size_t *size); // OPTIONAL: such pixels as a PNG file
 } zof_drv_aid_ops_t;
 
 extern const zof_drv_aid_ops_t *drv_aid_t;
@@ -21,6 +22,10 @@ s32 zof_drv_aid_shot(const char *path);
 // Returns the pixels that the panel shows, which belong to the port and change as it draws; null if the port keeps
 // none.
 const u32 *zof_drv_aid_frame(s32 *width, s32 *height);
+
+// Returns such pixels as the bytes of a PNG file, to be released with zof_lv_free; null without an encoder or memory.
+// Any thread.
+u8 *zof_drv_aid_png(const u32 *pixels, s32 width, s32 height, size_t *size);
 
 ZOF_C_END
 

@@ -4,6 +4,6 @@
 
 void win_aid_init(void) {
     static constexpr zof_drv_aid_ops_t ops = {
-        .pointer = sdl_pointer_inject, .shot = zof_shot_png, .frame = sdl_frame_get};
+        .pointer = sdl_pointer_inject, .shot = zof_shot_png, .frame = sdl_frame_get, .png = zof_shot_png_make};
     drv_aid_t = &ops;
 }

@@ -73,6 +73,7 @@ void sdl_pointer_inject(s32 x, s32 y, zof_bool pressed);
 // Writes the picture to a PNG file, undimmed. Returns 0, or -1 with a log line that says why.
 s32 zof_shot_png(const char *path);
 // Returns any pixels of this form as the bytes of a PNG file, to be released with zof_lv_free; null without memory.
+// Any thread.
 u8 *zof_shot_png_make(const u32 *pixels, s32 width, s32 height, size_t *size);
 // Writes any pixels of this form; for tests that keep pictures of a failure.
 s32 zof_shot_png_write(const char *path, const u32 *pixels, s32 width, s32 height);

@@ -39,7 +39,7 @@ zof_fault_scope::~zof_fault_scope() {
     faults.scope = outer;
 }
 
-static void fault_log(const zof_fault_t *fault) {
+void zof_fault_log(const zof_fault_t *fault) {
     char place[32] = "";
     if (fault->line) {
         std::snprintf(place, sizeof place, ":%u:%u", fault->line, fault->col);
@@ -64,7 +64,7 @@ static void report(const char *path, const char *text, const char *at, const cha
         }
     }
     fault.col = at ? (u32)(at - line_start) + 1 : 0;
-    (faults.to ? faults.to : fault_log)(&fault);
+    (faults.to ? faults.to : zof_fault_log)(&fault);
 }
 
 // Puts a part in front of a key; what does not fit is cut off at the end.

@@ -22,6 +22,9 @@ typedef void (*zof_fault_fn)(const zof_fault_t *fault);
 // of each file. The texts are valid during the call.
 void zof_fault_to(zof_fault_fn fn);
 
+// Prints a fault, for a receiver that the log should not lose.
+void zof_fault_log(const zof_fault_t *fault);
+
 // Reports a fault of a value in the file that is being decoded, see zof_fault_scope.
 void zof_fault_at(const cJSON *value, const char *fmt, ...) ZOF_PRINTF_LIKE(2, 3);
 

@@ -3,7 +3,7 @@
 #include <map>
 
 #include "drv/zof_drv_file.h"
-#include "player.h"
+#include "inspect/zof_inspect_in.h"
 #include "project/base/zof_prj_up.h"
 #include "project/look/zof_look_in.h"
 #include "project/path/zof_res.h"
@@ -142,7 +142,8 @@ static std::string theme_of(const placed_t *file, u32 node) {
     if (theme != ZOF_J_NONE) {
         zof_jdoc_text(&file->doc, theme, name, sizeof(name));
     }
-    return player_theme().empty() ? name : player_theme();
+    const std::string chosen = inspect_theme();
+    return chosen.empty() ? name : chosen;
 }
 
 // Returns the key of an entry, "controls[3]".
@@ -159,7 +160,7 @@ static placed_t *view_file(const zof_view_node_t *view) {
     return name ? placed(zof_res_get_prjfile_path("config/view/", name)) : nullptr;
 }
 
-void player_places_add(cJSON *out, const zof_view_node_t *view, const para_t *record) {
+void inspect_places_add(cJSON *out, const zof_view_node_t *view, const para_t *record) {
     const placed_t *file = view_file(view);
     const auto at = file ? file->controls.find(record->id) : std::map<u32, u32>::const_iterator();
     if (!file || at == file->controls.end()) {

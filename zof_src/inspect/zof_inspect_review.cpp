@@ -4,9 +4,8 @@
 #include <set>
 
 #include "catalogue/zof_cat.h"
-#include "player.h"
-#include "player_picture.h"
-#include "player_review.h"
+#include "inspect/zof_inspect_in.h"
+#include "inspect/zof_inspect_review_in.h"
 #include "project/look/zof_font.h"
 
 struct owner_t {
@@ -17,7 +16,7 @@ typedef std::map<const lv_obj_t *, owner_t> owners_t;
 
 static owners_t owners_list() {
     owners_t owners;
-    for (zof_view_node_t *view : player_views_shown()) {
+    for (zof_view_node_t *view : inspect_views_shown()) {
         const db_list *list = view->ctrl_list;
         for (const db_node *at = list->head->next; at != list->head; at = at->next) {
             auto *record = (para_t *)at->data;
@@ -42,7 +41,7 @@ static const owner_t *owner_of(const owners_t &owners, const lv_obj_t *obj) {
 
 static void owner_add(cJSON *out, const char *name, const owner_t *owner) {
     if (owner) {
-        cJSON_AddStringToObject(out, name, player_path(owner->view->attr->v_id, owner->record->id).c_str());
+        cJSON_AddStringToObject(out, name, inspect_path(owner->view->attr->v_id, owner->record->id).c_str());
     }
 }
 
@@ -220,7 +219,7 @@ static void control_add(cJSON *out, const owners_t &owners, const owner_t *owner
     fonts_add(out, obj, used);
     cJSON_AddBoolToObject(out, "hidden", is_hidden(obj) || !owner->record->attr->alpha);
     const lv_area_t room = review_room(obj, &obj->coords, false);
-    cJSON_AddItemToObject(out, "room", player_box(&room));
+    cJSON_AddItemToObject(out, "room", inspect_box(&room));
     if (lv_obj_has_class(obj, &lv_img_class)) {
         const s32 zoom = (s32)lv_img_get_zoom(obj) * lv_obj_get_style_transform_zoom(obj, 0) / LV_IMG_ZOOM_NONE;
         const s32 percent = zoom * 100 / LV_IMG_ZOOM_NONE;
@@ -240,8 +239,8 @@ static cJSON *text_make(const review_text_t &text, const owners_t &owners) {
     owner_add(out, "control", owner_of(owners, text.obj));
     cJSON_AddStringToObject(out, "text", text.text.c_str());
     cJSON_AddStringToObject(out, "font", font_name(text.font).c_str());
-    cJSON_AddItemToObject(out, "box", player_box(&text.box));
-    cJSON_AddItemToObject(out, "room", player_box(&text.room));
+    cJSON_AddItemToObject(out, "box", inspect_box(&text.box));
+    cJSON_AddItemToObject(out, "room", inspect_box(&text.room));
     size_add(out, "needs", text.needs.x, text.needs.y);
     size_add(out, "has", text.has.x, text.has.y);
     cJSON_AddBoolToObject(out, "dots", text.dots);
@@ -271,7 +270,7 @@ static void tree_complete(cJSON *tree, const owners_t &owners, const review_t &r
     cJSON *one = nullptr;
     cJSON_ArrayForEach(one, cJSON_GetObjectItem(tree, "controls")) {
         u32 view = 0;
-        const para_t *record = player_control(cJSON_GetStringValue(cJSON_GetObjectItem(one, "path")), &view);
+        const para_t *record = inspect_control(cJSON_GetStringValue(cJSON_GetObjectItem(one, "path")), &view);
         const owner_t *owner = record ? owner_of(owners, record->obj) : nullptr;
         if (owner) {
             control_add(one, owners, owner, review, used);
@@ -279,11 +278,11 @@ static void tree_complete(cJSON *tree, const owners_t &owners, const review_t &r
     }
 }
 
-void player_review(cJSON *reply) {
+void inspect_review(cJSON *reply) {
     const owners_t owners = owners_list();
     cJSON *views = cJSON_AddArrayToObject(reply, "views");
-    for (zof_view_node_t *view : player_views_shown()) { // before the drawing, because it lays them out
-        cJSON_AddItemToArray(views, player_tree(view));
+    for (zof_view_node_t *view : inspect_views_shown()) { // before the drawing, because it lays them out
+        cJSON_AddItemToArray(views, inspect_tree(view));
     }
     const review_t review = review_draw();
     std::set<const lv_font_t *> used;

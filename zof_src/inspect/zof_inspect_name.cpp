@@ -3,10 +3,10 @@
 #include <cstring>
 
 #include "control/zof_ctrl.h"
-#include "player.h"
+#include "inspect/zof_inspect_in.h"
 #include "project/view/zof_view.h"
 
-std::string player_view_name(u32 id) {
+std::string inspect_view_name(u32 id) {
     const char *file = zof_view_name_get(id);
     std::string name = file ? file : "#" + std::to_string(id);
     if (name.size() > 2 && name.compare(name.size() - 2, 2, ".g") == 0) {
@@ -15,7 +15,7 @@ std::string player_view_name(u32 id) {
     return name;
 }
 
-u32 player_view_find(const cJSON *name) {
+u32 inspect_view_find(const cJSON *name) {
     if (cJSON_IsNumber(name)) {
         return zof_view_name_get((u32)name->valueint) ? (u32)name->valueint : 0;
     }
@@ -24,7 +24,7 @@ u32 player_view_find(const cJSON *name) {
     const db_list *list = zof_prj_get_cur()->view_names;
     for (s32 i = 0; text && (entry = (const zof_view_name_t *)__db_list_visit((db_list *)list, i)); i++) {
         const std::string id = std::to_string(entry->id);
-        if (text == player_view_name(entry->id) || strcmp(text, entry->name) == 0 || text == id || text == "#" + id) {
+        if (text == inspect_view_name(entry->id) || strcmp(text, entry->name) == 0 || text == id || text == "#" + id) {
             return entry->id;
         }
     }
@@ -45,21 +45,21 @@ static u32 named(u32 view, const char *name, para_t **found) {
     return count;
 }
 
-std::string player_path(u32 view, u32 ctrl) {
+std::string inspect_path(u32 view, u32 ctrl) {
     const para_t *record = zof_ctrl_get_form_id(view, ctrl);
     const char *name = record && record->attr ? record->attr->name : nullptr;
     para_t *same = nullptr;
     const bool usable = name && *name && *name != '#' && !strchr(name, '/') && named(view, name, &same) == 1;
-    return player_view_name(view) + "/" + (usable ? name : "#" + std::to_string(ctrl));
+    return inspect_view_name(view) + "/" + (usable ? name : "#" + std::to_string(ctrl));
 }
 
-para_t *player_control(const char *path, u32 *view) {
+para_t *inspect_control(const char *path, u32 *view) {
     const char *slash = path ? strrchr(path, '/') : nullptr; // a view's file may be in a subfolder
     if (!slash) {
         return nullptr;
     }
     cJSON *name = cJSON_CreateString(std::string(path, slash).c_str());
-    *view = player_view_find(name);
+    *view = inspect_view_find(name);
     cJSON_Delete(name);
     if (*view) {
         zof_view_load(*view);

@@ -1,7 +1,7 @@
 // How much room an object leaves, and how much of it a text needs.
 #include <cstring>
 
-#include "player_review.h"
+#include "inspect/zof_inspect_review_in.h"
 
 // LVGL could scroll a label that takes touches, but users do not expect that of a text.
 static bool scrolls(const lv_obj_t *obj, bool vertical) {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "player_review.h"
+#include "inspect/zof_inspect_review_in.h"
 
 enum : u32 { DUMMY = 0xF8FF, NON_JOINER = 0x200C, CJK_FIRST = 0x2E80, SYMBOLS_FIRST = 0xE000, SYMBOLS_LAST = 0xF8FF };
 

@@ -2,7 +2,7 @@
 // texts with it, and lv_event_send, which announces the drawing of each object.
 #include <algorithm>
 
-#include "player_review.h"
+#include "inspect/zof_inspect_review_in.h"
 
 enum { SAMPLES = 16 }; // of a control, in each direction
 

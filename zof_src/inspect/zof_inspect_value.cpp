@@ -5,7 +5,7 @@
 
 #include "control/zof_ctrl.h"
 #include "hmi/zof_hmi_analys.h"
-#include "player.h"
+#include "inspect/zof_inspect_in.h"
 #include "project/look/zof_lang.h"
 
 enum { WRITES_MAX = 10000, FIELDS_MAX = 8 };
@@ -106,7 +106,7 @@ static void write_keep(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_
     cJSON_AddStringToObject(line, "row", row.c_str());
     std::string what = row;
     if (of_control) {
-        const std::string path = player_path(ctrl->view_id, ctrl->ctrl_id);
+        const std::string path = inspect_path(ctrl->view_id, ctrl->ctrl_id);
         cJSON_AddStringToObject(line, "control", path.c_str());
         what += " " + path;
     }
@@ -123,12 +123,12 @@ static void write_keep(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_
     writes.push_back({what, text_of(line)});
 }
 
-void player_writes_watch() {
+void inspect_writes_watch() {
     zof_hmi_cmd_on_write(write_keep);
 }
 
 // Returns the first row of a type that can be read and written, which holds its value, or else the first writable row.
-std::string player_row_of(const char *type) {
+std::string inspect_row_of(const char *type) {
     std::string row;
     for (u32 i = 0; type && i < zof_ui_cmd_type_count; i++) {
         const zof_hmi_cmd_type_t *rows = &zof_ui_cmd_types[i];
@@ -161,7 +161,7 @@ static const zof_hmi_param_type_t *row_find(const char *name, const zof_hmi_cmd_
 
 static std::string control_find(const char *path, zof_hmi_ctrl_id_t *out) {
     u32 view = 0;
-    const para_t *record = path ? player_control(path, &view) : nullptr;
+    const para_t *record = path ? inspect_control(path, &view) : nullptr;
     if (!record) {
         return "there is no control " + std::string(path ? path : "");
     }
@@ -170,9 +170,9 @@ static std::string control_find(const char *path, zof_hmi_ctrl_id_t *out) {
 }
 
 // Rows of the system are refused, because they belong to the link, which need not be open.
-std::string player_set(const cJSON *args) {
+std::string inspect_set(const cJSON *args) {
     const zof_hmi_cmd_type_t *type = nullptr;
-    const char *name = player_text(args, "row");
+    const char *name = inspect_text(args, "row");
     const zof_hmi_param_type_t *param = row_find(name, &type);
     if (!param || !param->set_fun || strcmp(type->name, "system") == 0) {
         return "there is no row " + std::string(name ? name : "") + " that can be written";
@@ -181,7 +181,7 @@ std::string player_set(const cJSON *args) {
     zof_hmi_ctrl_id_t ctrl = {};
     std::string fault;
     if (type->rec == &zof_hmi_ctrl_id_t_tbl) {
-        fault = control_find(player_text(args, "control"), &ctrl);
+        fault = control_find(inspect_text(args, "control"), &ctrl);
         memcpy(records[0], &ctrl, sizeof(ctrl));
     }
     if (fault.empty()) {
@@ -207,7 +207,7 @@ static void scrolled_add(cJSON *out, const zof_view_node_t *view) {
         const lv_coord_t y = record->obj ? lv_obj_get_scroll_y(record->obj) : 0;
         if (x || y) {
             cJSON *scroll = cJSON_CreateObject();
-            cJSON_AddStringToObject(scroll, "control", player_path(view->attr->v_id, record->id).c_str());
+            cJSON_AddStringToObject(scroll, "control", inspect_path(view->attr->v_id, record->id).c_str());
             cJSON_AddNumberToObject(scroll, "x", x);
             cJSON_AddNumberToObject(scroll, "y", y);
             cJSON_AddItemToArray(out, scroll);
@@ -215,19 +215,19 @@ static void scrolled_add(cJSON *out, const zof_view_node_t *view) {
     }
 }
 
-cJSON *player_snapshot() {
+cJSON *inspect_snapshot() {
     cJSON *out = cJSON_CreateObject();
     const zof_prj_t *prj = zof_prj_get_cur();
     cJSON_AddStringToObject(out, "language", prj->lang_name ? prj->lang_name : "");
-    cJSON_AddStringToObject(out, "theme", player_theme().c_str());
+    cJSON_AddStringToObject(out, "theme", inspect_theme().c_str());
     cJSON *kept = cJSON_AddArrayToObject(out, "writes");
     for (const write_t &w : writes) {
         cJSON_AddItemToArray(kept, cJSON_Parse(w.line.c_str()));
     }
     cJSON *shown = cJSON_AddArrayToObject(out, "views");
     cJSON *scrolls = cJSON_AddArrayToObject(out, "scrolls");
-    for (const zof_view_node_t *node : player_views_shown()) {
-        cJSON_AddItemToArray(shown, cJSON_CreateString(player_view_name(node->attr->v_id).c_str()));
+    for (const zof_view_node_t *node : inspect_views_shown()) {
+        cJSON_AddItemToArray(shown, cJSON_CreateString(inspect_view_name(node->attr->v_id).c_str()));
         scrolled_add(scrolls, node);
     }
     return out;
@@ -237,8 +237,8 @@ static std::string views_restore(const cJSON *state) {
     const cJSON *item = nullptr;
     std::string fault;
     cJSON_ArrayForEach(item, cJSON_GetObjectItemCaseSensitive(state, "views")) {
-        const u32 view = player_view_find(item);
-        const std::string failed = view ? player_view_show(view) : "";
+        const u32 view = inspect_view_find(item);
+        const std::string failed = view ? inspect_view_show(view) : "";
         fault = fault.empty() ? failed : fault;
     }
     return fault;
@@ -246,29 +246,29 @@ static std::string views_restore(const cJSON *state) {
 
 // Skips parts of the snapshot that no longer exist, because the project may have changed. A view that exists but cannot
 // be shown is an error.
-std::string player_restore(const cJSON *state) {
+std::string inspect_restore(const cJSON *state) {
     if (!cJSON_IsObject(state)) {
         return "state must be an object";
     }
-    const char *lang = player_text(state, "language");
+    const char *lang = inspect_text(state, "language");
     if (lang && *lang) {
-        player_lang_set(lang);
+        inspect_lang_set(lang);
     }
-    const char *theme = player_text(state, "theme");
+    const char *theme = inspect_text(state, "theme");
     if (theme && *theme) {
-        player_theme_set(theme);
+        inspect_theme_set(theme);
     }
     std::string fault = views_restore(state);
     const cJSON *item = nullptr;
     cJSON_ArrayForEach(item, cJSON_GetObjectItemCaseSensitive(state, "writes")) {
-        player_set(item);
+        inspect_set(item);
     }
     cJSON_ArrayForEach(item, cJSON_GetObjectItemCaseSensitive(state, "scrolls")) {
         u32 view = 0;
-        const para_t *record = player_control(player_text(item, "control"), &view);
+        const para_t *record = inspect_control(inspect_text(item, "control"), &view);
         if (record && record->obj) {
             lv_obj_update_layout(record->obj);
-            lv_obj_scroll_to(record->obj, player_number(item, "x", 0), player_number(item, "y", 0), LV_ANIM_OFF);
+            lv_obj_scroll_to(record->obj, inspect_number(item, "x", 0), inspect_number(item, "y", 0), LV_ANIM_OFF);
         }
     }
     return fault;

@@ -1,7 +1,6 @@
 // The controls of a view, and the controls at a point, as JSON.
 #include "catalogue/zof_cat.h"
-#include "player.h"
-#include "player_picture.h"
+#include "inspect/zof_inspect_in.h"
 
 // Returns the record of an object that is a control of the view, or null for the view itself and for parts of controls.
 static para_t *record_of(const zof_view_node_t *view, lv_obj_t *obj) {
@@ -58,16 +57,16 @@ static cJSON *states(lv_state_t state) {
 static cJSON *control(zof_view_node_t *view, para_t *record) {
     const zof_pub_attr_t *attr = record->attr;
     cJSON *out = cJSON_CreateObject();
-    cJSON_AddStringToObject(out, "path", player_path(view->attr->v_id, record->id).c_str());
+    cJSON_AddStringToObject(out, "path", inspect_path(view->attr->v_id, record->id).c_str());
     const zof_cat_type_t *type = &zof_cat_types[attr->ctrl_type];
-    const std::string row = player_row_of(type->rows);
+    const std::string row = inspect_row_of(type->rows);
     cJSON_AddStringToObject(out, "type", type->name);
     cJSON_AddNumberToObject(out, "view", view->attr->v_id);
     cJSON_AddNumberToObject(out, "id", record->id);
-    cJSON_AddItemToObject(out, "box", player_box(&record->obj->coords));
+    cJSON_AddItemToObject(out, "box", inspect_box(&record->obj->coords));
     const void *parent = record->parent;
     if (parent && parent != view) {
-        cJSON_AddStringToObject(out, "parent", player_path(view->attr->v_id, ((const para_t *)parent)->id).c_str());
+        cJSON_AddStringToObject(out, "parent", inspect_path(view->attr->v_id, ((const para_t *)parent)->id).c_str());
     }
     cJSON_AddItemToObject(out, "state", states(lv_obj_get_state(record->obj)));
     cJSON_AddBoolToObject(out, "visible", lv_obj_is_visible(record->obj) && attr->alpha);
@@ -86,13 +85,13 @@ static cJSON *control(zof_view_node_t *view, para_t *record) {
     if (!row.empty()) {
         cJSON_AddStringToObject(out, "row", row.c_str());
     }
-    player_places_add(out, view, record);
+    inspect_places_add(out, view, record);
     return out;
 }
 
-cJSON *player_tree(zof_view_node_t *view) {
+cJSON *inspect_tree(zof_view_node_t *view) {
     cJSON *out = cJSON_CreateObject();
-    cJSON_AddStringToObject(out, "view", player_view_name(view->attr->v_id).c_str());
+    cJSON_AddStringToObject(out, "view", inspect_view_name(view->attr->v_id).c_str());
     cJSON_AddNumberToObject(out, "id", view->attr->v_id);
     cJSON *controls = cJSON_AddArrayToObject(out, "controls");
     if (view->obj) {
@@ -123,10 +122,10 @@ static void hit(zof_view_node_t *view, lv_obj_t *obj, const lv_point_t *point, c
     }
 }
 
-cJSON *player_hit(s32 x, s32 y) {
+cJSON *inspect_hit(s32 x, s32 y) {
     cJSON *out = cJSON_CreateArray();
     const lv_point_t point = {(lv_coord_t)x, (lv_coord_t)y};
-    for (zof_view_node_t *view : player_views_shown()) {
+    for (zof_view_node_t *view : inspect_views_shown()) {
         hit(view, view->obj, &point, out);
     }
     return out;

@@ -1,8 +1,8 @@
 // Facts for a reviewer: every text as it is drawn, and how much of each control is visible in the end. The views are
 // drawn once more into a separate picture, from the lowest layer up. LVGL's usual optimisation, which skips objects
 // that are covered, is not used, and the drawing of each text and each object is observed.
-#ifndef PLAYER_REVIEW_H
-#define PLAYER_REVIEW_H
+#ifndef ZOF_INSPECT_REVIEW_IN_H
+#define ZOF_INSPECT_REVIEW_IN_H
 
 #include <map>
 #include <string>
@@ -56,8 +56,8 @@ struct review_t {
 // Draws all layers. Main thread; not from within a drawing event.
 review_t review_draw();
 
-// player_review_room.cpp: returns the part of an area of `obj` that is visible or can be scrolled into view. `own`:
-// clip to the object itself too, not only to its parents.
+// zof_inspect_review_room.cpp: returns the part of an area of `obj` that is visible or can be scrolled into view.
+// `own`: clip to the object itself too, not only to its parents.
 lv_area_t review_room(const lv_obj_t *obj, const lv_area_t *area, bool own);
 
 // Returns true if `obj` is `outer` or one of its descendants.
@@ -66,7 +66,7 @@ bool review_inside(const lv_obj_t *obj, const lv_obj_t *outer);
 // Sets `dots`, `needs` and `has`. A text that ends in dots is measured without them, in the lines of its label.
 void review_sizes_take(review_text_t *text, const lv_draw_label_dsc_t *dsc);
 
-// player_review_text.cpp: lays out a text as lv_draw_label does, without drawing it.
+// zof_inspect_review_text.cpp: lays out a text as lv_draw_label does, without drawing it.
 struct review_layout_t {
     std::vector<lv_area_t> lines; // the ink of each line
     std::string missing, broken;

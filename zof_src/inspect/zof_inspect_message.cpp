@@ -1,17 +1,23 @@
 // Sends faults in the project's files as events.
-#include "player.h"
+#include "inspect/zof_inspect_in.h"
 #include "project/read/zof_fault.h"
 
+static bool logged;
+
 static void message(const zof_fault_t *fault) {
-    cJSON *event = player_event("message");
+    cJSON *event = inspect_event("message");
     cJSON_AddStringToObject(event, "file", fault->file);
     cJSON_AddNumberToObject(event, "line", fault->line);
     cJSON_AddNumberToObject(event, "column", fault->col);
     cJSON_AddStringToObject(event, "key", fault->key);
     cJSON_AddStringToObject(event, "text", fault->text);
-    player_send(event);
+    inspect_send(event);
+    if (logged) {
+        zof_fault_log(fault);
+    }
 }
 
-void player_messages_init() {
+void inspect_messages_start(bool log) {
+    logged = log;
     zof_fault_to(message);
 }
