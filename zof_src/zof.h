@@ -13,9 +13,11 @@
 #include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_beep.h"
 #include "drv/zof_drv_disp.h"
+#include "drv/zof_drv_end.h"
 #include "drv/zof_drv_file.h"
 #include "drv/zof_drv_gpio.h"
 #include "drv/zof_drv_lines.h"
+#include "drv/zof_drv_net.h"
 #include "drv/zof_drv_rtc.h"
 #include "drv/zof_drv_touch.h"
 #include "drv/zof_drv_uart.h"
@@ -89,6 +91,8 @@
 #include "hmi/zof_hmi_tone.h"
 
 #include "catalogue/zof_cat.h"
+
+#include "inspect/zof_inspect.h"
 
 #include "zof_start.h"
 

@@ -8,6 +8,7 @@
 #include "func/zof_func.h"
 #include "func/zof_script.h"
 #include "hmi/zof_hmi.h"
+#include "inspect/zof_inspect.h"
 #include "lvgl.h"
 #include "project/path/zof_res.h"
 #include "project/zof_prj.h"
@@ -29,6 +30,7 @@ int zof_run(int argc, char **argv) {
     {
         zof_lock gui(dis_mutex);
         zof_main();
+        zof_inspect_start();
         zof_script_start();
     }
     for (;;) {

@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include "drv/zof_drv.h"
+#include "drv/zof_drv_end.h"
 #include "drv/zof_lock.h"
 #include "drv/zof_loop_in.h"
 #include "player.h"
@@ -102,5 +103,6 @@ int main(int argc, char **argv) {
     player_clock_init();
     player_options.live ? run_live() : run_virtual();
     inspect_send(inspect_event("ended"));
+    zof_end_run();
     _Exit(0); // threads may still be running, so nothing is torn down
 }

@@ -8,6 +8,7 @@
 #include "control/zof_label.h"
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_aid.h"
+#include "drv/zof_drv_end.h"
 #include "project/look/zof_lang.h"
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
@@ -34,6 +35,7 @@ static struct script_t {
 
 [[noreturn]] static void leave(int status) {
     fflush(stdout);
+    zof_end_run();
     _Exit(status); // threads still run: nothing is torn down, as when the window is closed
 }
 

@@ -23,6 +23,9 @@ static void flush(lv_disp_drv_t *drv, const lv_area_t *area, lv_color_t *pixels)
 
 void inspect_frames_start(void (*copy)(const lv_area_t *area)) {
     lv_disp_drv_t *drv = lv_disp_get_default()->driver;
+    if (frame.flush) {
+        return;
+    }
     frame.flush = drv->flush_cb;
     frame.copy = copy;
     drv->flush_cb = flush;

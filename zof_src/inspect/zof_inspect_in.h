@@ -111,7 +111,8 @@ std::string inspect_path(u32 view, u32 ctrl);
 para_t *inspect_control(const char *path, u32 *view); // loads the view; returns null if there is no such control
 
 // zof_inspect_frame.cpp ----------------------------------------------------------------------------------------------
-// Starts to note what is drawn. `copy`, if not null, gets the changed part of each frame. Once, with a display.
+// Starts to note what is drawn. `copy`, if not null, gets the changed part of each frame. There must be a display. Only
+// the first call counts.
 void inspect_frames_start(void (*copy)(const lv_area_t *area));
 
 // Reports everything drawn since the last call as one frame, after another view if that is shown.
@@ -132,7 +133,7 @@ void inspect_writes_watch();                  // starts to keep the values that 
 cJSON *inspect_snapshot();                    // views, language, theme, scroll positions, written values
 std::string inspect_restore(const cJSON *state);
 
-// zof_inspect_message.cpp: faults of files become events. With `log` they are logged, too. ---------------------------
+// zof_inspect_message.cpp: faults of files become events. With `log` they are logged, too. Only the first call counts.
 void inspect_messages_start(bool log);
 
 // zof_inspect_place.cpp ----------------------------------------------------------------------------------------------

@@ -2,7 +2,7 @@
 #include "inspect/zof_inspect_in.h"
 #include "project/read/zof_fault.h"
 
-static bool logged;
+static bool started, logged;
 
 static void message(const zof_fault_t *fault) {
     cJSON *event = inspect_event("message");
@@ -18,6 +18,7 @@ static void message(const zof_fault_t *fault) {
 }
 
 void inspect_messages_start(bool log) {
-    logged = log;
+    logged = started ? logged : log;
+    started = true;
     zof_fault_to(message);
 }

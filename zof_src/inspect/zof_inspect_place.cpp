@@ -34,7 +34,7 @@ static void controls_index(placed_t *file) {
 
 // Returns the file, parsed at the first call, or null if it cannot be read.
 static placed_t *placed(const char *path) {
-    static std::map<std::string, placed_t *> files;
+    static auto &files = *new std::map<std::string, placed_t *>; // never destroyed, like what is in it
     if (!path) {
         return nullptr;
     }

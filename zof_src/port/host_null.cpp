@@ -1,6 +1,6 @@
 // The host layer in standard C++ alone: it builds everywhere, is the file to copy for another system, and shows what a
-// system has to add. It has no serial lines, no shared libraries and no locks between programs; links, pipes and power
-// cuts are treated as well as the standard library can. CMake takes it with -DZOF_HOST=null.
+// system has to add. It has no serial lines, no shared libraries, no sockets and no locks between programs; links,
+// pipes and power cuts are treated as well as the standard library can. CMake takes it with -DZOF_HOST=null.
 #include <errno.h>
 #include <stdio.h>
 #include <string.h>
@@ -13,6 +13,7 @@
 #include <string>
 #include <thread>
 
+#include "drv/zof_drv_net.h"
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -327,4 +328,64 @@ u32 zof_drv_uart_list(zof_uart_info_t *out, u32 most) {
     (void)out;
     (void)most;
     return 0;
+}
+
+zof_net_port_t *zof_net_listen(u16 *number) {
+    (void)number;
+    errno = ENOSYS;
+    return nullptr;
+}
+
+s32 zof_net_accept(zof_net_port_t *port) {
+    (void)port;
+    return -1;
+}
+
+s32 zof_net_read(s32 connection, void *out, u32 size) {
+    (void)connection;
+    (void)out;
+    (void)size;
+    return -1;
+}
+
+s32 zof_net_write(s32 connection, const void *data, u32 size) {
+    (void)connection;
+    (void)data;
+    (void)size;
+    return -1;
+}
+
+void zof_net_close(s32 connection) {
+    (void)connection;
+}
+
+void zof_net_wait(zof_net_port_t *port, s32 connection, u32 events, s32 ms) {
+    (void)port;
+    (void)connection;
+    (void)events;
+    (void)ms;
+}
+
+void zof_net_wake(zof_net_port_t *port) {
+    (void)port;
+}
+
+s32 zof_net_random(void *out, u32 size) {
+    (void)out;
+    (void)size;
+    return -1;
+}
+
+s32 zof_net_private_path(char *out, size_t size, const char *name, zof_bool make) {
+    (void)out;
+    (void)size;
+    (void)name;
+    (void)make;
+    return -1;
+}
+
+s32 zof_net_private_write(const char *path, const char *text) {
+    (void)path;
+    (void)text;
+    return -1;
 }

@@ -13,7 +13,7 @@ ZOF_C_BEGIN
 
 // The host also implements these of drv/zof_drv.h and drv/zof_drv_file.h itself: zof_sys_time_ms, zof_delay,
 // zof_system_start, zof_system_get_name, zof_opendir, zof_readdir, zof_closedir, zof_file_size, zof_folder_unlock,
-// zof_file_error and zof_program_path; and zof_drv_uart_list of drv/zof_drv_uart.h.
+// zof_file_error and zof_program_path; zof_drv_uart_list of drv/zof_drv_uart.h; and all of drv/zof_drv_net.h.
 
 // Tests can replace the clock: zof_sys_time_ms and zof_delay then use the test's alone. `clock` is kept, not copied;
 // null restores the host's own.

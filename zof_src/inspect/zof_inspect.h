@@ -1,0 +1,20 @@
+// A look into a running program: see docs/player.md.
+#ifndef ZOF_INSPECT_H
+#define ZOF_INSPECT_H
+
+#include "zof_lib/zof_type.h"
+
+ZOF_C_BEGIN
+
+// Name of the file that holds the token of a port, for zof_net_private_path.
+#define ZOF_INSPECT_FILE "zof_inspect_%u"
+
+// Opens the port that the environment variable ZOF_INSPECT names, on 127.0.0.1 alone, and prints its number and the
+// file of its token; does nothing if the variable is not set. If the port cannot be opened, the program runs without
+// it, after one log line. Commands are executed in turns of the main loop. Graphics thread, once, after the first view
+// is shown.
+void zof_inspect_start(void);
+
+ZOF_C_END
+
+#endif
