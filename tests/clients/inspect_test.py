@@ -125,7 +125,7 @@ class Inspect(unittest.TestCase):
                 with self.assertRaises((BrokenPipeError, ConnectionResetError)):
                     while time.monotonic() < end:
                         try:
-                            client.send(b'{"do": "picture"}\n')
+                            client.send(b'{"do": "tree"}\n')
                         except BlockingIOError:
                             time.sleep(0.01)
                 program.until("the client does not read; it is cut off")

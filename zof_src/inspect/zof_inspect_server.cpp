@@ -60,6 +60,7 @@ struct client_t {
     u32 since; // time of its connection, then of the last progress in sending
 };
 static client_t &client = *new client_t{};
+static s32 arrived = -1; // the connection of the next one
 
 // The graphics thread -------------------------------------------------------------------------------------------------
 static size_t bytes_of(const inspect_line_t *line) {
@@ -266,30 +267,37 @@ static void limits_check() {
     }
 }
 
-static void client_accept() {
-    const s32 connection = zof_net_accept(server.port);
-    if (connection < 0) {
-        return;
-    }
-    if (client.connection >= 0) {
+// Serves the client that has arrived, or refuses it. It waits for the answers to a client that has stopped sending,
+// which may be itself.
+static void arrived_take() {
+    if (arrived >= 0 && client.connection < 0) {
+        client.connection = arrived;
+        client.since = zof_sys_time_ms();
+        arrived = -1;
+    } else if (arrived >= 0 && !client.ended) {
         const std::string line = error_line("another client is connected");
-        zof_net_write(connection, line.data(), (u32)line.size());
-        zof_net_close(connection);
-        return;
+        zof_net_write(arrived, line.data(), (u32)line.size());
+        zof_net_close(arrived);
+        arrived = -1;
     }
-    client.connection = connection;
-    client.since = zof_sys_time_ms();
 }
 
-// The next client waits for the answers to one that has stopped sending, which it may be itself.
 static u32 events_wanted() {
-    const bool connected = client.connection >= 0;
-    return (client.ended ? 0u : ZOF_NET_ACCEPT) | (connected && may_read() ? ZOF_NET_READ : 0u) |
-           (client.sent < client.sending.size() ? ZOF_NET_WRITE : 0u);
+    u32 events = 0;
+    if (arrived < 0) {
+        events |= ZOF_NET_ACCEPT;
+    }
+    if (client.connection >= 0 && may_read()) {
+        events |= ZOF_NET_READ;
+    }
+    if (client.sent < client.sending.size()) {
+        events |= ZOF_NET_WRITE;
+    }
+    return events;
 }
 
-static void client_serve(bool reads) {
-    if (reads) {
+static void client_serve() {
+    if (may_read()) {
         input_read();
     }
     output_send();
@@ -301,12 +309,13 @@ static void serve(void *) {
         const u32 events = events_wanted();
         const bool waits = client.connection < 0 || (client.known && !client.ended && !client.closing);
         zof_net_wait(server.port, client.connection, events, waits && !(events & ZOF_NET_WRITE) ? -1 : (s32)LOOK_MS);
+        if (arrived < 0) { // before the client is read: it may have closed its connection before it has opened another
+            arrived = zof_net_accept(server.port);
+        }
         if (client.connection >= 0) {
-            client_serve((events & ZOF_NET_READ) != 0);
+            client_serve();
         }
-        if (!client.ended) {
-            client_accept();
-        }
+        arrived_take();
     }
 }
 
