@@ -77,6 +77,11 @@ class Client:
         self.socket.close()
 
 
+def view(program, *arguments):
+    return subprocess.run([BUILD / "tools" / "zof", "view", "--attach", str(program.port), *arguments],
+                          env={**os.environ, "XDG_RUNTIME_DIR": RUNTIME.name}, capture_output=True, timeout=PATIENCE_S)
+
+
 class Inspect(unittest.TestCase):
     def test_reader(self):
         with Program() as program:
@@ -107,6 +112,11 @@ class Inspect(unittest.TestCase):
                 self.assertEqual(client.ask("snapshot")["state"], before)
                 client.send(b"x" * (2 << 20) + b"\n")
                 self.assertEqual(client.read()["error"], "the line is too long")
+                self.assertIn(b"another client is connected", view(program, "--tree", "-").stderr)
+            tree = json.loads(view(program, "--tree", "-", "--view", "rails").stdout)
+            self.assertEqual((tree["name"], tree["views"][0]["view"]), ("USB-PD bench box", "rails"))
+            self.assertEqual(view(program, "--shot", "-").stdout[:4], b"\x89PNG")
+            self.assertIn(b"needs ZOF_INSPECT_WRITE=1", view(program, "--shot", "-", "--view", "rails").stderr)
         self.assertFalse(program.file.exists())
 
     def test_writer(self):

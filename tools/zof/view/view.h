@@ -7,9 +7,12 @@
 
 #include <cjson/cJSON.h>
 
+#include "zof_lib/zof_type.h"
+
 struct view_options_t {
     const char *command = "view"; // subcommand of `zof`, for messages
     std::string dir, view, language, theme;
+    u32 port = 0;                    // of a running program, in place of `dir`; 0 for none
     std::vector<std::string> states; // "home/brew=pressed"
     std::string shot, sheet, tree;   // output files; empty for none, "-" for the standard output
     bool watch = false, loud = false;

@@ -111,3 +111,38 @@ std::string view_png(const view_image_t &image) {
     zof_lv_free(png);
     return bytes;
 }
+
+// LVGL compiles it as C; its own header would declare C++ functions.
+extern "C" unsigned lodepng_decode32(unsigned char **out, unsigned *w, unsigned *h, const unsigned char *in,
+                                     size_t insize);
+
+bool view_png_read(view_image_t *image, const std::string &bytes) {
+    unsigned char *rgba = nullptr;
+    unsigned width = 0;
+    unsigned height = 0;
+    const bool read = lodepng_decode32(&rgba, &width, &height, (const u8 *)bytes.data(), bytes.size()) == 0;
+    if (read) {
+        *image = view_image((s32)width, (s32)height, 0);
+        for (size_t i = 0; i < image->pixels.size(); i++) {
+            image->pixels[i] = 0xFF000000u | (u32)rgba[i * 4] << 16 | (u32)rgba[i * 4 + 1] << 8 | rgba[i * 4 + 2];
+        }
+    }
+    zof_lv_free(rgba);
+    return read;
+}
+
+std::string view_base64(const char *text) {
+    static const char digits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string bytes;
+    u32 bits = 0;
+    u32 count = 0;
+    for (const char *digit; *text && (digit = strchr(digits, *text)); text++) {
+        bits = bits << 6 | (u32)(digit - digits);
+        count += 6;
+        if (count >= 8) {
+            count -= 8;
+            bytes += (char)(bits >> count);
+        }
+    }
+    return bytes;
+}

@@ -12,8 +12,11 @@ static int file_write(const std::string &path, const std::string &bytes) {
     return view_file_write(path, bytes) ? ZOF_EXIT_CLEAN : ZOF_EXIT_UNREADABLE;
 }
 
-// Advances the clock, because a change of state may fade in.
+// Advances the clock, because a change of state may fade in. That of a program advances by itself.
 static bool settle(view_player_t *player) {
+    if (view_options.port) {
+        return true;
+    }
     cJSON *command = view_command("advance");
     cJSON_AddNumberToObject(command, "ms", view_options.states.empty() ? 0 : SETTLE_MS);
     return view_tell(player, command);
@@ -32,8 +35,20 @@ static bool states_set(view_player_t *player) {
     return settle(player);
 }
 
+// Writes the picture of a program, which sends a PNG file.
+static int picture_write(view_player_t *player) {
+    cJSON *reply = view_ask(player, view_command("picture"));
+    const char *png = cJSON_GetStringValue(cJSON_GetObjectItem(reply, "png"));
+    const int status = png ? file_write(view_options.shot, view_base64(png)) : (int)ZOF_EXIT_FINDINGS;
+    cJSON_Delete(reply);
+    return status;
+}
+
 static int shot_write(view_player_t *player) {
     view_image_t image;
+    if (view_options.port) {
+        return states_set(player) ? picture_write(player) : (int)ZOF_EXIT_FINDINGS;
+    }
     if (!states_set(player) || !view_player_picture(player, &image.pixels, &image.width, &image.height)) {
         return ZOF_EXIT_FINDINGS;
     }
@@ -47,8 +62,20 @@ static int sheet_write(const cJSON *project) {
     return view_walk(plan, draw) ? file_write(view_options.sheet, view_png(sheet.image)) : ZOF_EXIT_FINDINGS;
 }
 
+// Returns what a program shows, or the view of the options, which need not be shown.
+static cJSON *program_views(view_player_t *player) {
+    cJSON *command = view_command("tree");
+    if (!view_options.view.empty()) {
+        cJSON_AddStringToObject(command, "view", view_options.view.c_str());
+    }
+    cJSON *reply = view_ask(player, command);
+    cJSON *views = cJSON_DetachItemFromObject(reply, "views");
+    cJSON_Delete(reply);
+    return views;
+}
+
 // Shows each view first, because a view has all its controls only after it was shown.
-static int tree_write(view_player_t *player, cJSON *project) {
+static cJSON *project_views(view_player_t *player, const cJSON *project) {
     cJSON *views = cJSON_CreateArray();
     for (const std::string &view : view_plan(project).views) {
         cJSON *command = view_command("tree");
@@ -56,6 +83,14 @@ static int tree_write(view_player_t *player, cJSON *project) {
         cJSON *reply = view_show(player, view, "") ? view_ask(player, command) : nullptr;
         cJSON_AddItemToArray(views, cJSON_DetachItemFromArray(cJSON_GetObjectItem(reply, "views"), 0));
         cJSON_Delete(reply);
+    }
+    return views;
+}
+
+static int tree_write(view_player_t *player, cJSON *project) {
+    cJSON *views = view_options.port ? program_views(player) : project_views(player, project);
+    if (!views) {
+        return ZOF_EXIT_FINDINGS;
     }
     for (const char *name : {"id", "ok", "view"}) {
         cJSON_DeleteItemFromObject(project, name);

@@ -6,22 +6,28 @@
 #include <cstdlib>
 #include <cstring>
 
+#include <arpa/inet.h>
 #include <fcntl.h>
+#include <netinet/in.h>
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/mman.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "drv/zof_drv_file.h"
+#include "drv/zof_drv_net.h"
+#include "inspect/zof_inspect.h"
+#include "zof_lib/zof_stdio.h"
 
 #include "../../player/player_frame.h"
 
 extern char **environ;
 
-enum { CALL_MS = 60000, SHARED_FD = 3, TRIES = 100 };
+enum { CALL_MS = 60000, SHARED_FD = 3, TRIES = 100, TOKEN_MAX = 64 };
 
 // Returns the path of the player, which is beside this program in the build tree and when installed.
 static std::string program() {
@@ -76,6 +82,43 @@ std::string view_player_start(view_player_t *player, bool live, bool loud) {
     return fault;
 }
 
+std::string view_player_attach(view_player_t *player, u32 port) {
+    *player = {};
+    sockaddr_in at = {};
+    at.sin_family = AF_INET;
+    at.sin_port = htons((u16)port);
+    at.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    const int fd = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    signal(SIGPIPE, SIG_IGN);
+    if (fd < 0 || connect(fd, (sockaddr *)&at, sizeof(at)) != 0) {
+        player->ended = "127.0.0.1:" + std::to_string(port) + ": " + zof_file_error();
+        close(fd);
+        return player->ended;
+    }
+    player->input = fd;
+    player->output = fcntl(fd, F_DUPFD_CLOEXEC, 0);
+    fcntl(fd, F_SETFL, O_NONBLOCK);
+    return "";
+}
+
+cJSON *view_player_hello(u32 port) {
+    char name[32];
+    char path[512];
+    u32 size = 0;
+    const char *why = nullptr;
+    cJSON *command = view_command("hello");
+    snprintf(name, sizeof(name), ZOF_INSPECT_FILE, port);
+    const bool known = zof_net_private_path(path, sizeof(path), name, ZOF_FALSE) == 0;
+    u8 *token = known ? zof_file_read_all(path, TOKEN_MAX, &size, &why) : nullptr;
+    cJSON_AddStringToObject(command, "token", std::string((const char *)token, size).c_str());
+    zof_free(token);
+    return command;
+}
+
+bool view_player_runs(const view_player_t *player) {
+    return player->output > 0 && player->ended.empty();
+}
+
 void view_player_stop(view_player_t *player) {
     if (player->map) {
         munmap((void *)player->map, player->map_size);
@@ -122,7 +165,9 @@ s32 view_player_send(view_player_t *player, cJSON *command) {
 
 static void end_note(view_player_t *player) {
     int status = 0;
-    if (player->process && waitpid(player->process, &status, 0) == player->process) {
+    if (!player->process) {
+        player->ended = "it has closed the connection";
+    } else if (waitpid(player->process, &status, 0) == player->process) {
         player->process = 0;
         player->ended = WIFSIGNALED(status) ? "signal " + std::to_string(WTERMSIG(status))
                                             : "status " + std::to_string(WEXITSTATUS(status));
@@ -143,7 +188,7 @@ static void lines_take(view_player_t *player, const view_line_fn &fn) {
 
 bool view_player_poll(view_player_t *player, const view_line_fn &fn) {
     char piece[65536];
-    if (!player->process) {
+    if (!view_player_runs(player)) {
         return false;
     }
     unsent_send(player);
@@ -162,10 +207,10 @@ bool view_player_poll(view_player_t *player, const view_line_fn &fn) {
 void view_player_wait(const std::vector<view_player_t *> &players, s32 other, s32 ms) {
     std::vector<pollfd> files;
     for (const view_player_t *player : players) {
-        if (player->process) {
+        if (view_player_runs(player)) {
             files.push_back({player->output, POLLIN, 0});
         }
-        if (player->process && !player->unsent.empty()) {
+        if (view_player_runs(player) && !player->unsent.empty()) {
             files.push_back({player->input, POLLOUT, 0});
         }
     }
@@ -182,7 +227,8 @@ cJSON *view_player_call(view_player_t *player, cJSON *command, const view_line_f
     cJSON *reply = nullptr;
     const auto take = [&](const cJSON *line) {
         const cJSON *of = cJSON_GetObjectItem(line, "id");
-        if (cJSON_IsNumber(of) && of->valueint == id) {
+        const bool refused = !player->process && !of && cJSON_GetObjectItem(line, "error"); // by a program
+        if (refused || (cJSON_IsNumber(of) && of->valueint == id)) {
             cJSON_Delete(reply);
             reply = cJSON_Duplicate(line, 1);
         } else if (event) {
@@ -199,7 +245,8 @@ cJSON *view_player_call(view_player_t *player, cJSON *command, const view_line_f
 
 static const player_frame_t *head_map(view_player_t *player) {
     struct stat st = {};
-    if (!player->map && fstat(player->shared, &st) == 0 && (size_t)st.st_size > sizeof(player_frame_t)) {
+    if (!player->map && player->shared > 0 && fstat(player->shared, &st) == 0 &&
+        (size_t)st.st_size > sizeof(player_frame_t)) {
         void *map = mmap(nullptr, (size_t)st.st_size, PROT_READ, MAP_SHARED, player->shared, 0);
         player->map = map == MAP_FAILED ? nullptr : map;
         player->map_size = (size_t)st.st_size;

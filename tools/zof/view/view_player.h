@@ -1,6 +1,6 @@
-// A player as a child process: JSON lines over pipes, the picture in shared memory; see docs/player.md. Functions do
-// not wait for the child unless documented, so that a window never hangs because of its player. All calls must come
-// from one thread.
+// A player as a child process: JSON lines over pipes, the picture in shared memory; see docs/player.md. Or a running
+// program, over a connection and without shared memory. Functions do not wait unless documented, so that a window never
+// hangs because of its player. All calls must come from one thread.
 #ifndef VIEW_PLAYER_H
 #define VIEW_PLAYER_H
 
@@ -13,8 +13,8 @@
 #include "zof_lib/zof_type.h"
 
 struct view_player_t {
-    s32 process;       // 0 if none is running
-    s32 input, output; // our ends of its pipes
+    s32 process;       // 0 if none is running, and for a program
+    s32 input, output; // our ends of its pipes, or of the connection
     s32 shared;        // file that holds the picture
     const void *map;   // the mapped picture, null before the first frame
     size_t map_size;
@@ -29,7 +29,17 @@ typedef std::function<void(const cJSON *)> view_line_fn;
 // Starts a player. If `loud`, its log appears on our error stream. Returns an error, or an empty text.
 std::string view_player_start(view_player_t *player, bool live, bool loud);
 
-// Kills the player and releases everything.
+// Connects to the port of a running program. Returns an error, or an empty text. The first command is then
+// view_player_hello.
+std::string view_player_attach(view_player_t *player, u32 port);
+
+// Returns the command that shows the program at a port the token of its file, or an empty one if there is no such file.
+cJSON *view_player_hello(u32 port);
+
+// Returns true while the player runs, or the connection is open.
+bool view_player_runs(const view_player_t *player);
+
+// Kills the player, or closes the connection, and releases everything.
 void view_player_stop(view_player_t *player);
 
 // Sends a command and takes ownership of it. Returns the id that the reply will have.
@@ -46,7 +56,7 @@ void view_player_wait(const std::vector<view_player_t *> &players, s32 other, s3
 // answer for 60 seconds. Events received meanwhile are passed to `event`.
 cJSON *view_player_call(view_player_t *player, cJSON *command, const view_line_fn &event);
 
-// Copies the picture, 0xFFRRGGBB. Returns false if there is no picture yet.
+// Copies the picture in shared memory, 0xFFRRGGBB. Returns false if there is none.
 bool view_player_picture(view_player_t *player, std::vector<u32> *pixels, s32 *width, s32 *height);
 
 // Starts a program without waiting for it.

@@ -8,6 +8,7 @@
 // Saving a file often causes several changes, so loading waits a short while for the next one. It also waits for a
 // snapshot of the player on screen, but not longer than SNAPSHOT_MS, because that player may hang.
 enum { QUIET_MS = 10, RESTLESS_MS = 60, SNAPSHOT_MS = 100, LOAD_MS = 10000 };
+enum { PICTURE_MS = 100 }; // between pictures of a program, which has to encode them
 
 static bool is_ok(const cJSON *line) {
     return cJSON_IsTrue(cJSON_GetObjectItem(line, "ok"));
@@ -37,10 +38,13 @@ static void picture_take(view_session_t *session) {
 
 // Starts a player in advance, which makes the next change faster.
 static void spare_start(view_session_t *session) {
-    if (session->spare.process && !view_player_poll(&session->spare, [](const cJSON *) {})) {
+    if (session->port) {
+        return;
+    }
+    if (view_player_runs(&session->spare) && !view_player_poll(&session->spare, [](const cJSON *) {})) {
         view_player_stop(&session->spare);
     }
-    if (!session->spare.process) {
+    if (!view_player_runs(&session->spare)) {
         view_player_start(&session->spare, session->live, session->loud);
     }
 }
@@ -66,6 +70,16 @@ static void load_begin(view_session_t *session) {
     session->load_at = zof_sys_time_ms();
 }
 
+// Makes the choices of the first load in a program, which is loaded already.
+static void program_begin(view_session_t *session) {
+    session->outdated = true;
+    if (session->first->child->next) {
+        cJSON *show = cJSON_Duplicate(session->first, 1);
+        cJSON_ReplaceItemInObject(show, "do", cJSON_CreateString("show"));
+        view_player_send(&session->shown, show);
+    }
+}
+
 // Shows the loaded player. The old one is stopped first, because only one player at a time can use the serial line.
 static void next_show(view_session_t *session, const cJSON *reply) {
     view_player_stop(&session->shown);
@@ -82,6 +96,9 @@ static void next_show(view_session_t *session, const cJSON *reply) {
         view_player_send(&session->shown, view_command("link"));
     }
     note_set(session, session->message, false);
+    if (session->port) {
+        program_begin(session);
+    }
     picture_take(session);
 }
 
@@ -102,7 +119,8 @@ static void next_poll(view_session_t *session) {
         if (is_event(line, "message") && session->message.empty()) {
             session->message = view_message_text(line);
         }
-        if (is_reply(line, session->load_id) && !reply) {
+        const bool refused = session->port && cJSON_GetObjectItem(line, "error") && !cJSON_GetObjectItem(line, "id");
+        if ((refused || is_reply(line, session->load_id)) && !reply) {
             reply = cJSON_Duplicate(line, 1);
         }
     });
@@ -140,7 +158,11 @@ static void shown_take(view_session_t *session, const cJSON *line, bool *frame) 
     if (is_event(line, "message")) {
         note_set(session, view_message_text(line), false);
     }
-    if (is_reply(line, session->state_id)) {
+    if (is_reply(line, session->picture_id)) {
+        const char *png = cJSON_GetStringValue(cJSON_GetObjectItem(line, "png"));
+        session->picture_id = 0;
+        session->drawn = (png && view_png_read(&session->picture, view_base64(png))) || session->drawn;
+    } else if (is_reply(line, session->state_id)) {
         session->state_id = 0;
         state_take(session, cJSON_GetObjectItem(line, "state"));
     } else if (session->tell) {
@@ -148,19 +170,37 @@ static void shown_take(view_session_t *session, const cJSON *line, bool *frame) 
     }
 }
 
+static void ended_note(view_session_t *session) {
+    session->state_id = 0;
+    note_set(session,
+             session->port ? "the program has ended"
+                           : "the player ended with " + session->shown.ended + "; it starts again at the next change",
+             true);
+}
+
+static void program_look(view_session_t *session) {
+    const u32 now = zof_sys_time_ms();
+    if (session->outdated && !session->picture_id && now - session->picture_at >= PICTURE_MS) {
+        session->outdated = false;
+        session->picture_at = now;
+        session->picture_id = view_player_send(&session->shown, view_command("picture"));
+    }
+}
+
 static void shown_poll(view_session_t *session) {
     bool frame = false;
-    if (!session->shown.process) {
+    if (!view_player_runs(&session->shown)) {
         return;
     }
     const bool runs = view_player_poll(&session->shown, [&](const cJSON *line) { shown_take(session, line, &frame); });
-    if (frame) {
+    if (session->port) {
+        session->outdated = session->outdated || frame;
+        program_look(session);
+    } else if (frame) {
         picture_take(session);
     }
     if (!runs) {
-        session->state_id = 0;
-        note_set(session, "the player ended with " + session->shown.ended + "; it starts again at the next change",
-                 true);
+        ended_note(session);
     }
 }
 
@@ -168,7 +208,7 @@ static void change_note(view_session_t *session) {
     const u32 now = zof_sys_time_ms();
     if (!session->changed) {
         session->first_changed_at = now;
-        if (!session->state_id && session->shown.process) {
+        if (!session->state_id && view_player_runs(&session->shown)) {
             session->state_id = view_player_send(&session->shown, view_command("snapshot"));
         }
     }
@@ -191,7 +231,19 @@ static void change_check(view_session_t *session) {
     }
 }
 
+static std::string program_start(view_session_t *session) {
+    const std::string fault = view_player_attach(&session->next, session->port);
+    if (fault.empty()) {
+        session->load_id = view_player_send(&session->next, view_player_hello(session->port));
+        session->load_at = zof_sys_time_ms();
+    }
+    return fault;
+}
+
 std::string view_session_start(view_session_t *session, bool watch) {
+    if (session->port) {
+        return program_start(session);
+    }
     const std::string fault = watch ? view_watch_start(&session->watch, session->dir) : "";
     if (fault.empty()) {
         load_begin(session);
@@ -220,7 +272,7 @@ void view_session_step(view_session_t *session, s32 ms) {
 }
 
 s32 view_session_send(view_session_t *session, cJSON *command) {
-    if (session->shown.process) {
+    if (view_player_runs(&session->shown)) {
         return view_player_send(&session->shown, command);
     }
     cJSON_Delete(command);

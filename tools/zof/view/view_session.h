@@ -13,6 +13,7 @@
 
 struct view_session_t {
     std::string dir;
+    u32 port; // of a running program, which is shown in place of `dir`; 0 for none
     bool live, loud;
     cJSON *first;     // arguments of the first load: view, language, theme
     cJSON *project;   // reply to the last successful load; null before
@@ -29,12 +30,16 @@ struct view_session_t {
     std::string message; // first message of the player that is loading
     s32 load_id;         // id of the `load` command of `next`; 0 while nothing loads
     s32 state_id;        // id of the pending `snapshot` command; 0 if no reply is pending
+    s32 picture_id;      // likewise, of `picture`, for a program
+    u32 picture_at;
+    bool outdated; // the program has drawn since
     u32 changed_at, first_changed_at, load_at;
     bool changed;
     u32 loads; // finished loads
 };
 
-// Starts to load the project and, if `watch`, to watch its folder. Returns an error, or an empty text.
+// Starts to load the project and, if `watch`, to watch its folder, or connects to the program. Returns an error, or an
+// empty text.
 std::string view_session_start(view_session_t *session, bool watch);
 void view_session_stop(view_session_t *session);
 

@@ -34,7 +34,8 @@ cJSON *view_ask(view_player_t *player, cJSON *command) {
         return reply;
     }
     const char *error = cJSON_GetStringValue(cJSON_GetObjectItem(reply, "error"));
-    fail(error ? error : "the player has ended: " + (player->ended.empty() ? "no answer" : player->ended));
+    const std::string ended = player->ended.empty() ? "no answer" : player->ended;
+    fail(error ? error : (view_options.port ? "the program has ended: " : "the player has ended: ") + ended);
     cJSON_Delete(reply);
     return nullptr;
 }
@@ -45,11 +46,32 @@ bool view_tell(view_player_t *player, cJSON *command) {
     return reply != nullptr;
 }
 
+// Connects to the program of the options, and makes the choices there, for which it must allow changes.
+static cJSON *program_load(view_player_t *player) {
+    cJSON *project = view_ask(player, view_player_hello(view_options.port));
+    cJSON *choice = view_command("show");
+    view_choice_add(choice);
+    if (!view_options.tree.empty()) { // then it chooses what is written, and nothing needs to change for that
+        cJSON_DeleteItemFromObject(choice, "view");
+    }
+    if (!project || !choice->child->next) {
+        cJSON_Delete(choice);
+    } else if (!view_tell(player, choice)) {
+        cJSON_Delete(project);
+        project = nullptr;
+    }
+    return project;
+}
+
 cJSON *view_load(view_player_t *player, bool choices) {
-    const std::string fault = view_player_start(player, false, view_options.loud);
+    const std::string fault = view_options.port ? view_player_attach(player, view_options.port)
+                                                : view_player_start(player, false, view_options.loud);
     if (!fault.empty()) {
         fail(fault);
         return nullptr;
+    }
+    if (view_options.port) {
+        return program_load(player);
     }
     cJSON *command = view_command("load");
     cJSON_AddStringToObject(command, "dir", view_options.dir.c_str());

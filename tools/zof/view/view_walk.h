@@ -21,8 +21,8 @@ struct view_cell_t {
     bool shown;         // false if the view cannot be shown
 };
 
-// Starts a player and loads the project of the options; if `choices`, with their view, language and theme. Returns the
-// reply to `load`, which the caller deletes, or null after a message.
+// Starts a player and loads the project of the options; if `choices`, with their view, language and theme. Or connects
+// to the program of the options. Returns the reply, which the caller deletes, or null after a message.
 cJSON *view_load(view_player_t *player, bool choices);
 
 // Sends a command, taking ownership of it, and waits for the reply. Returns the reply, which the caller deletes, or

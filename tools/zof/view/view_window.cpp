@@ -63,6 +63,10 @@ static void window_open(const view_image_t *image) {
 }
 
 static void draw() {
+    const view_session_t *session = &self.session;
+    if (session->port && session->picture.pixels.empty() && session->note.empty()) {
+        return; // the program has yet to send its first picture
+    }
     const view_image_t image = composed();
     if (!self.window) {
         window_open(&image);
@@ -245,7 +249,8 @@ static void event_take(const SDL_Event *event) {
 
 static bool session_start() {
     self.session.dir = view_options.dir;
-    self.session.live = true;
+    self.session.port = view_options.port;
+    self.session.live = !view_options.port;
     self.session.loud = view_options.loud;
     self.session.first = view_command("load");
     self.session.tell = line_take;
