@@ -1,8 +1,13 @@
-# Copies the licence texts of everything in the panel into the folder TO.
+# Copies the licence texts of everything in the panel into the folder TO. LIBRARIES: the libraries of a build for another
+# system, with their licences; empty for those of this one.
 file(MAKE_DIRECTORY ${TO})
 configure_file(${LVGL} ${TO}/lvgl.txt COPYONLY)
-foreach(package fonts-inter-variable libsdl2-2.0-0 libavcodec59 libavformat59 libswscale6 libswresample4
-        libfreetype6 libcjson1 libboost1.74-dev)
+set(libraries libsdl2-2.0-0 libavcodec59 libavformat59 libswscale6 libswresample4 libfreetype6 libcjson1)
+if(LIBRARIES)
+  file(COPY ${LIBRARIES}/licences/ DESTINATION ${TO})
+  set(libraries "")
+endif()
+foreach(package fonts-inter-variable ${libraries} libboost1.74-dev)
   if(EXISTS /usr/share/doc/${package}/copyright)
     configure_file(/usr/share/doc/${package}/copyright ${TO}/${package}.txt COPYONLY)
   endif()

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <system_error>
 
+#include "drv/zof_drv_file.h"
+
 namespace fs = std::filesystem;
 
 static std::string reason() {
@@ -32,7 +34,7 @@ std::string tool_file_read(const std::string &path, std::string &text) {
     if (!fault.empty()) {
         return fault;
     }
-    FILE *file = fopen(path.c_str(), "rb");
+    FILE *file = zof_file_read_open(path.c_str());
     if (!file) {
         return reason();
     }
@@ -48,7 +50,7 @@ std::string tool_file_write(const std::string &path, const std::string &text) {
     if (!fault.empty()) {
         return fault;
     }
-    FILE *file = fopen(path.c_str(), "wb");
+    FILE *file = zof_file_write_open(path.c_str(), ZOF_FALSE);
     if (!file) {
         return reason();
     }

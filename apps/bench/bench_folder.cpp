@@ -11,10 +11,16 @@ static const char *variable(const char *name) {
     return value ? value : "";
 }
 
+// The second is set on Windows alone.
+static const char *home() {
+    const char *folder = variable("HOME");
+    return *folder ? folder : variable("USERPROFILE");
+}
+
 // Writes the path if it is a folder, possibly through links. Returns false otherwise.
 static bool folder_take(char *out, size_t size, const char *path, const char *more) {
     const int n = snprintf(out, size, "%s%s/", path, more);
-    if (path[0] != '/' || n < 0 || (size_t)n >= size || zof_file_kind(out) != ZOF_FILE_FOLDER) {
+    if (!zof_file_is_absolute(path) || n < 0 || (size_t)n >= size || zof_file_kind(out) != ZOF_FILE_FOLDER) {
         return false;
     }
     out[n - 1] = '\0';
@@ -30,16 +36,15 @@ static bool line_take(char *out, size_t size, char *line) {
     }
     *end = '\0';
     const char *path = line + sizeof(KEY) - 1;
-    const bool home = strncmp(path, HOME, sizeof(HOME) - 1) == 0;
-    return home ? folder_take(out, size, variable("HOME"), path + sizeof(HOME) - 1) : folder_take(out, size, path, "");
+    const bool at_home = strncmp(path, HOME, sizeof(HOME) - 1) == 0;
+    return at_home ? folder_take(out, size, home(), path + sizeof(HOME) - 1) : folder_take(out, size, path, "");
 }
 
 static bool configured(char *out, size_t size) {
     char path[512], line[512];
     const char *config = variable("XDG_CONFIG_HOME");
-    const bool own = config[0] == '/';
-    const int n =
-        snprintf(path, sizeof(path), "%s%s/user-dirs.dirs", own ? config : variable("HOME"), own ? "" : "/.config");
+    const bool own = zof_file_is_absolute(config);
+    const int n = snprintf(path, sizeof(path), "%s%s/user-dirs.dirs", own ? config : home(), own ? "" : "/.config");
     FILE *f = n >= 0 && (size_t)n < sizeof(path) ? zof_file_read_open(path) : nullptr;
     bool found = false;
     while (f && !found && fgets(line, sizeof(line), f)) {
@@ -60,7 +65,7 @@ static bool state_take(char *out, size_t size) {
 
 void folder_documents(char *out, size_t size) {
     if (!folder_take(out, size, variable("XDG_DOCUMENTS_DIR"), "") && !configured(out, size) &&
-        !folder_take(out, size, variable("HOME"), "/Documents") && !folder_take(out, size, variable("HOME"), "") &&
+        !folder_take(out, size, home(), "/Documents") && !folder_take(out, size, home(), "") &&
         !state_take(out, size)) {
         snprintf(out, size, ".");
     }

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Checks on every #include that dependencies between rooms, and between the floors of a room, run downwards, and that
 nothing above the port includes more than the C and C++ standard libraries, cJSON, LVGL and our own headers; an
-application may include CLI11 too, and its sockets Boost.Asio.
+application may include CLI11 too, and its sockets Boost.Asio. Tools include headers of a system in files of that system alone.
 
 usage: arrows.py SOURCE_FOLDER
 """
@@ -37,6 +37,9 @@ APP_LIBRARIES = {"CLI/CLI.hpp"}
 NET_LIBRARIES = {"boost/asio.hpp"}          # in apps/net alone
 PORT_LIBRARIES = re.compile(r"SDL\.h|libav(codec|format|util)/\w+\.h|libsw(resample|scale)/\w+\.h"
                             r"|src/extra/libs/png/lodepng\.h")
+# Tools that Windows does not have yet (tools/zof/cmd_later_win32.cpp), and what only the build runs.
+NOT_YET = re.compile(r"player/|reference/|zof_media/|zof/view/|zof/cmd_(font|monitor)\.cpp")
+POSIX = re.compile(r"(unistd|fcntl|poll|termios|pty|dirent|dlfcn|fnmatch|glob|spawn|pwd|grp|pthread|sys/\w+)\.h")
 
 
 def is_standard(name):
@@ -94,8 +97,15 @@ def app_fault(rel, name):
         f"{name} is not standard, of LVGL or ours"
 
 
+def tool_fault(rel, name):
+    """Returns what is wrong with a file of the tools including a header, or None."""
+    of_system = re.search(r"_(posix|win32)\.cpp$", rel.name) or NOT_YET.match(rel.as_posix())
+    return f"{name} is of one system; put its use into a file that ends in _posix.cpp" \
+        if POSIX.fullmatch(name) and not of_system else None
+
+
 faults = []
-for folder in "zof_src", "apps":
+for folder in "zof_src", "apps", "tools":
     for path in sorted((TOP / folder).rglob("*.[ch]*")):
         rel = path.relative_to(TOP / folder)
         for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
@@ -103,7 +113,8 @@ for folder in "zof_src", "apps":
             if not found:
                 continue
             name = found.group(1)
-            fault = app_fault(rel, name) if folder == "apps" else (room_fault if is_ours(name) else library_fault)(rel, name)
+            check = {"apps": app_fault, "tools": tool_fault}.get(folder) or (room_fault if is_ours(name) else library_fault)
+            fault = check(rel, name)
             if fault:
                 faults.append(f"{folder}/{rel}:{number}: {fault}")
 print("\n".join(faults))

@@ -4,13 +4,13 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
-#include <poll.h>
 #include <system_error>
-#include <unistd.h>
 
 #include "hardware/uart/zof_hw_text.h"
 #include "script.h"
+#include "system.h"
 
 struct options {
     std::vector<std::string> faults;
@@ -47,13 +47,12 @@ static std::string faults_help() {
         out += line;
     }
     out += "\nScript: lines \"MS COMMAND\", where MS is the time since the start, in ascending order; commands:\n";
-    return out + script_help() +
-           "\nExample:  board_sim --link /tmp/board --trace        then:  ZOF_COM6=/tmp/board zof_bench\n";
+    return out + script_help() + "\nExample:  " + wire_example + "\n";
 }
 
 // Reads the script. Returns false after a message.
 static bool read_script(const std::string &path) {
-    std::ifstream in(path);
+    std::ifstream in(std::filesystem::path{path});
     const std::string fault = in ? script_read(sim, in, path) : path + ": cannot be read";
     if (!fault.empty()) {
         fprintf(stderr, "board_sim: %s\n", fault.c_str());
@@ -110,18 +109,14 @@ static void replug(double now) {
 
 static void receive() {
     uint8_t buffer[1024];
-    for (;;) {
-        const ssize_t n = sim.line.fd >= 0 ? read(sim.line.fd, buffer, sizeof(buffer)) : -1;
-        if (n > 0) {
-            frame_feed(sim.finder, buffer, (size_t)n);
-            continue;
-        }
-        if (sim.line.fd >= 0 && (n == 0 || (errno != EAGAIN && errno != EINTR))) {
-            say("line", "the far end is gone");
-            wire_lost(sim.line);
-            simulation_unplug(sim);
-        }
-        return;
+    long n;
+    while ((n = wire_read(sim.line, buffer, sizeof(buffer))) > 0) {
+        frame_feed(sim.finder, buffer, (size_t)n);
+    }
+    if (n < 0) {
+        say("line", "the far end is gone");
+        wire_lost(sim.line);
+        simulation_unplug(sim);
     }
 }
 
@@ -129,8 +124,7 @@ static void loop() {
     double last = now_ms();
     while (!stop && !sim.ended && (opt.seconds <= 0 || last < opt.seconds * 1000)) {
         const double due = wire_flush(sim.line, last);
-        pollfd p = {sim.line.fd, POLLIN, 0};
-        poll(&p, sim.line.fd >= 0 ? 1 : 0, due >= 0 && due < 10 ? (int)due + 1 : 10);
+        wire_wait(sim.line, due >= 0 && due < 10 ? (int)due + 1 : 10);
         receive();
         const double now = now_ms();
         sim.now_ms = now;
@@ -144,10 +138,14 @@ static void loop() {
 
 static void options_add(CLI::App &app) {
     app.footer(faults_help());
-    app.add_option("--link", sim.line.link, "create a link to the pseudo-terminal at this path")->type_name("PATH");
-    app.add_option("--tty", sim.line.tty, "use this serial line instead of a pseudo-terminal")
-        ->type_name("PATH")
-        ->excludes("--link");
+    CLI::Option *tty = app.add_option("--tty", sim.line.tty, wire_line_help)->type_name("PATH");
+    if (wire_makes_lines) {
+        app.add_option("--link", sim.line.link, "create a link to the pseudo-terminal at this path")
+            ->type_name("PATH")
+            ->excludes(tty);
+    } else {
+        tty->required();
+    }
     app.add_option("--load", opt.load, "load at the output: 10 (ohms) or 2A (constant current)")->type_name("LOAD");
     app.add_option("--rails", opt.rails, "number of rails that the box offers")->check(CLI::Range(0, (int)RAIL_MAX));
     app.add_option("--state", sim.box.settings_file, "keep the box's settings in this file")->type_name("FILE");
@@ -198,7 +196,7 @@ int main(int argc, char **argv) {
     if (!wire_plug(sim.line)) {
         return 1;
     }
-    for (int sig : {SIGINT, SIGTERM, SIGHUP}) {
+    for (int sig : system_end_signals()) {
         signal(sig, [](int) { stop = 1; });
     }
     say("line", "the board is at " + line_name());

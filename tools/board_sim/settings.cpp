@@ -1,16 +1,16 @@
 // The settings of the box in a file, one line "name = value" each.
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <unistd.h>
 
 #include "board.h"
+#include "system.h"
+
+namespace fs = std::filesystem;
 
 const std::vector<board_setting> board_setting_rows = {
     {"brightness", &board_settings::bright, REG_BRIGHT},
@@ -25,22 +25,22 @@ const std::vector<board_setting> board_setting_rows = {
 // A temporary file is named FILE.PID-N.new, so that boards which share FILE do not share temporary files, and a later
 // start can tell whether the board that created one is still running.
 static std::string temporary_name(const board &b, unsigned n) {
-    return b.settings_file + "." + std::to_string(getpid()) + "-" + std::to_string(n) + ".new";
+    return b.settings_file + "." + std::to_string(system_process_id()) + "-" + std::to_string(n) + ".new";
 }
 
 // Removes the temporary files of boards that were killed while saving.
-static void remove_stale(const std::filesystem::path &file) {
+static void remove_stale(const fs::path &file) {
     const std::string prefix = file.filename().string() + ".";
-    const auto folder = file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
+    const auto folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
     std::error_code error;
-    for (std::filesystem::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
         const std::string name = it->path().filename().string();
         char *rest = nullptr;
         const bool ours = name.starts_with(prefix) && name.ends_with(".new");
         const long pid = ours ? strtol(name.c_str() + prefix.size(), &rest, 10) : 0;
-        if (pid > 0 && *rest == '-' && kill((pid_t)pid, 0) != 0 && errno == ESRCH) {
+        if (pid > 0 && *rest == '-' && !system_process_runs(pid)) {
             std::error_code ignored;
-            std::filesystem::remove(it->path(), ignored);
+            fs::remove(it->path(), ignored);
         }
     }
 }
@@ -63,7 +63,7 @@ static bool setting_take(board_settings &settings, const std::string &line) {
 
 // Takes the settings from the file and reports the first invalid line. Returns false if there is one.
 static bool settings_take(const board &b, board_settings &settings) {
-    std::ifstream in(b.settings_file);
+    std::ifstream in(fs::path{b.settings_file});
     std::string line;
     bool good = true;
     for (int number = 1; std::getline(in, line); number++) {
@@ -77,7 +77,6 @@ static bool settings_take(const board &b, board_settings &settings) {
 }
 
 bool board_settings_check(board &b) {
-    namespace fs = std::filesystem;
     std::error_code error;
     const fs::path file = fs::canonical(b.settings_file, error);
     if (error == std::errc::no_such_file_or_directory) { // the file is created when a setting changes
@@ -86,14 +85,14 @@ bool board_settings_check(board &b) {
     const char *fault = nullptr;
     if (!error && !fs::is_regular_file(file, error)) {
         fault = "not a file";
-    } else if (error || access(file.c_str(), R_OK) != 0) {
+    } else if (error || !std::ifstream(file)) {
         fault = "cannot be read";
     }
     if (fault) {
         fprintf(stderr, "board_sim: --state: %s: %s\n", b.settings_file.c_str(), fault);
         return false;
     }
-    b.settings_file = file;
+    b.settings_file = file.string();
     board_settings ignored;
     return settings_take(b, ignored);
 }
@@ -107,15 +106,15 @@ void board_settings_load(board &b) {
 
 // Creates a temporary file. A name that already exists, which may be a link to another file, is skipped, not opened.
 static FILE *temporary_open(const board &b, std::string &name) {
-    int fd = -1;
-    for (unsigned n = 0; fd < 0 && n < 100; n++) {
+    FILE *f = nullptr;
+    for (unsigned n = 0; !f && n < 100; n++) {
         name = temporary_name(b, n);
-        fd = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
-        if (fd < 0 && errno != EEXIST) {
+        f = system_file_create(name);
+        if (!f && errno != EEXIST) {
             return nullptr;
         }
     }
-    return fd < 0 ? nullptr : fdopen(fd, "w");
+    return f;
 }
 
 static bool save(const board &b) {
@@ -128,11 +127,15 @@ static bool save(const board &b) {
     for (const board_setting &row : board_setting_rows) {
         good = good && fprintf(f, "%s = %u\n", row.name, b.settings.*row.field) > 0;
     }
-    good = good && fflush(f) == 0 && fsync(fileno(f)) == 0;
+    good = good && fflush(f) == 0 && system_file_sync(f);
     good = fclose(f) == 0 && good;
-    good = good && rename(name.c_str(), b.settings_file.c_str()) == 0;
+    std::error_code error;
+    if (good) {
+        fs::rename(name, b.settings_file, error);
+    }
+    good = good && !error;
     if (!good) {
-        unlink(name.c_str());
+        fs::remove(name, error);
     }
     return good;
 }

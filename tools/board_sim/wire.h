@@ -1,4 +1,4 @@
-// The far end of the line: a new pseudo-terminal or a given tty, with the faults of a real line.
+// The far end of the line: a new pseudo-terminal or a given line, with the faults of a real one.
 #ifndef WIRE_H
 #define WIRE_H
 
@@ -28,7 +28,7 @@ extern const std::vector<fault_row> fault_rows;
 bool fault_take(wire_faults &faults, const std::string &text);
 
 struct wire {
-    int fd = -1;      // the pseudo-terminal's master, or the tty
+    int fd = -1;      // the pseudo-terminal's master, or the tty; -1 while it is unplugged
     int slave = -1;   // kept open, so that the line survives a panel that closes it
     std::string link; // a symbolic link to the pseudo-terminal, for the panel
     std::string tty;  // a given line, used instead of a pseudo-terminal
@@ -55,6 +55,17 @@ void wire_unplug(wire &w);
 
 // Closes a line whose far end has disappeared.
 void wire_lost(wire &w);
+
+// Whether a line can be made without a device; help for --tty, and an example.
+extern const bool wire_makes_lines;
+extern const char *const wire_line_help, *const wire_example;
+
+// What systems do differently, in wire_posix.cpp and wire_win32.cpp. Read and write do not wait. Read returns the
+// bytes, 0 when there are none, -1 when the far end is gone; write, of an open line, the bytes that were taken. Wait
+// returns when there is something to read, at the latest after `ms`.
+long wire_read(wire &w, uint8_t *data, size_t size);
+size_t wire_write(wire &w, const bytes &data);
+void wire_wait(wire &w, int ms);
 
 // Queues bytes for the line and applies its faults. `now_ms` is any monotonic clock. Returns false if nothing is sent:
 // the line is unplugged or mute.

@@ -68,8 +68,11 @@ char *zof_listtxt_list2str(db_list *list, char **slot) {
     char *end = text;
     for (const db_node *at = first(list); at != list->head; at = at->next) {
         if (at->data) {
-            end = stpcpy(end, zof_lang_get_cur_str((const char *)at->data));
-            *end++ = '\n';
+            const char *line = zof_lang_get_cur_str((const char *)at->data);
+            const size_t length = strlen(line);
+            memcpy(end, line, length);
+            end[length] = '\n';
+            end += length + 1;
         }
     }
     end[-1] = 0;

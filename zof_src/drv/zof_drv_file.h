@@ -100,13 +100,16 @@ s32 zof_file_stamp(const char *path, zof_file_stamp_t *out);
 // or it does not fit.
 s32 zof_program_path(char *out, size_t size);
 
-// Returns the name of the program's file without its folder, "zof" if it is not known. Never freed.
+// Returns the name of the program's file without its folder and ".exe", "zof" if it is not known. Never freed.
 const char *zof_program_name(void);
 
+// Returns true for a path that does not depend on the current folder; false for null.
+zof_bool zof_file_is_absolute(const char *path);
+
 // Makes the path of a file that the program keeps from one start to the next: `name` in the folder ZOF_STATE of the
-// environment; without it, in a folder with the program's name in XDG_STATE_HOME or in .local/state of the home folder.
-// With `make`, missing folders are created. Returns 0, or -1 if ZOF_STATE is empty, so that nothing is kept, if none of
-// these folders is known, and if the path does not fit.
+// environment; without it, in a folder with the program's name in XDG_STATE_HOME, LOCALAPPDATA (on Windows), or in
+// .local/state of the home folder. With `make`, missing folders are created. Returns 0, or -1 if ZOF_STATE is empty, so
+// that nothing is kept, if none of these folders is known, and if the path does not fit.
 s32 zof_file_state_path(char *out, size_t size, const char *name, zof_bool make);
 
 // The same with another program's name in place of this one's, to take over what was kept there.

@@ -9,8 +9,6 @@
 #include <sys/stat.h>
 #include <time.h>
 
-#include <atomic>
-
 #include <SDL.h>
 
 #include "port/host_linux_line.h"
@@ -22,9 +20,6 @@ struct zof_dir {
     zof_dirent_t entry;
 };
 
-// The test's clock, or null for the host's own; read by all threads.
-static std::atomic<const zof_clock_t *> g_clock{nullptr};
-
 // Makes a write to a pipe without a reader, or beyond the largest size of a file, fail instead of ending the process.
 void zof_system_start(void) {
     signal(SIGPIPE, SIG_IGN);
@@ -35,28 +30,13 @@ const char *zof_system_get_name(void) {
     return "linux";
 }
 
-u64 host_monotonic_ms(void) {
+u64 zof_host_time_ms(void) {
     timespec now;
     clock_gettime(CLOCK_MONOTONIC, &now);
     return (u64)now.tv_sec * 1000 + (u64)now.tv_nsec / 1000000;
 }
 
-void zof_clock_set(const zof_clock_t *clock) {
-    g_clock = clock;
-}
-
-u32 zof_sys_time_ms(void) {
-    static const u64 start = host_monotonic_ms();
-    const zof_clock_t *clock = g_clock;
-    return clock ? clock->now_ms() : (u32)(host_monotonic_ms() - start);
-}
-
-void zof_delay(u32 ms) {
-    const zof_clock_t *clock = g_clock;
-    if (clock) {
-        clock->delay_ms(ms);
-        return;
-    }
+void zof_host_sleep(u32 ms) {
     timespec left = {(time_t)(ms / 1000), (long)(ms % 1000) * 1000000};
     while (nanosleep(&left, &left) != 0 && errno == EINTR) {
     }
@@ -72,15 +52,6 @@ s32 win_rtc_get_stamp(zof_rtc_stamp_t *out) {
                  (u8)local.tm_hour,           (u8)local.tm_min,       (u8)local.tm_sec};
     out->ms = (u16)(now.tv_nsec / 1000000);
     out->zone = (s16)(local.tm_gmtoff / 60);
-    return 0;
-}
-
-s32 win_rtc_get_time(zof_rtc_time_t *out) {
-    zof_rtc_stamp_t now;
-    if (win_rtc_get_stamp(&now) != 0) {
-        return -1;
-    }
-    *out = now.time;
     return 0;
 }
 

@@ -40,7 +40,4 @@ u32 host_lock_holder(const struct stat *file);
 // For tests: the folders in place of /sys and /dev. Kept, not copied.
 void host_port_roots_set(const char *sys, const char *dev);
 
-// The host's own clock, even when a test has replaced it: for waits in system calls.
-u64 host_monotonic_ms(void);
-
 #endif

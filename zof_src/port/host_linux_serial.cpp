@@ -7,7 +7,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <stdio.h>
-#include <stdlib.h>
 #include <string.h>
 #include <sys/eventfd.h>
 #include <sys/file.h>
@@ -20,6 +19,7 @@
 #include <new>
 
 #include "port/host_linux_line.h"
+#include "port/win_line.h"
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -44,15 +44,6 @@ struct host_serial {
     host_trace_t trace;       // likewise
 };
 
-static bool port_path(s32 port, const char *path, char *out, size_t size) {
-    char name[32];
-    snprintf(name, sizeof(name), "ZOF_COM%d", port);
-    const char *given = getenv(name);
-    const char *chosen = path ? path : given && *given ? given : nullptr;
-    const int need = chosen ? snprintf(out, size, "%s", chosen) : snprintf(out, size, "/dev/ttyS%d", port - 1);
-    return need >= 0 && (size_t)need < size;
-}
-
 static void line_release(host_serial *s) {
     if (s->users.fetch_sub(1) != 1) {
         return;
@@ -64,22 +55,6 @@ static void line_release(host_serial *s) {
         close(s->wake);
     }
     delete s;
-}
-
-// Logs what has become of a port.
-static void state_log(const host_serial *s, const zof_uart_info_t *now, const zof_host_line_t *line) {
-    char text[128];
-    if (now->state == UART_STATE_OPEN && s->seen) {
-        zof_printf("serial line %s: the device is back", now->path);
-    } else if (now->state == UART_STATE_OPEN) {
-        zof_printf("serial port %d: %s at %u baud, %u%c%u", s->port, now->path, line->baud, line->data_bits,
-                   "NOE"[line->parity], line -> stop_bits);
-    } else if (now->state == UART_STATE_GONE) {
-        zof_printf("serial line %s: the device is gone; waiting for it", now->path);
-    } else if (now->state != UART_STATE_NOT_SOUGHT) {
-        zof_printf("serial port %d: cannot open %s: %s%s", s->port, now->path,
-                   zof_drv_uart_state_text(now, text, sizeof(text)), s->trace.foreign ? "" : "; looking for it");
-    }
 }
 
 // Replaces the descriptor and what is known of the port, also its path. Returns the descriptor that was replaced, for
@@ -102,19 +77,13 @@ static int state_swap(host_serial *s, int fd, const zof_uart_info_t *found) {
             host_line_apply(fd, &line); // it may have changed since the device was opened
         }
     }
-    state_log(s, &now, &line);
+    win_line_log(s->port, s->seen, s->trace.foreign, &now, &line);
     return gone;
 }
 
 static zof_host_line_t line_now(host_serial *s) {
     std::lock_guard guard(s->lock);
     return s->line;
-}
-
-// Returns true if a look has found nothing new.
-static bool same_state(const zof_uart_info_t *a, const zof_uart_info_t *b) {
-    return a->state == b->state && a->holder_id == b->holder_id && strcmp(a->holder, b->holder) == 0 &&
-           strcmp(a->group, b->group) == 0 && strcmp(a->error, b->error) == 0;
 }
 
 // Looks for the device and opens it. Returns true if the state of the port has changed.
@@ -126,7 +95,7 @@ static bool device_look(host_serial *s) {
     if (found.state == UART_STATE_MISSING && s->seen) {
         found.state = UART_STATE_GONE;
     }
-    if (fd < 0 && same_state(&s->info, &found)) {
+    if (fd < 0 && win_line_same(&s->info, &found)) {
         return false;
     }
     state_swap(s, fd, &found);
@@ -144,7 +113,9 @@ zof_drv_t *zof_host_serial_open(s32 port, const char *path, const zof_host_line_
     s->port = port;
     s->line = *line;
     s->wake = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    const bool fits = port_path(port, path, s->info.path, sizeof(s->info.path));
+    char own[32];
+    snprintf(own, sizeof(own), "/dev/ttyS%d", port - 1);
+    const bool fits = win_line_path(port, path, own, s->info.path, sizeof(s->info.path));
     if (s->wake < 0 || !fits) {
         zof_printf("serial port %d: %s", port, fits ? zof_file_error() : "its path is too long");
         line_release(s);
@@ -171,7 +142,7 @@ s32 zof_host_serial_set(zof_drv_t *handle, const zof_host_line_t *line) {
 }
 
 static bool room_wait(const host_serial *s, u64 deadline) {
-    const u64 now = host_monotonic_ms();
+    const u64 now = zof_host_time_ms();
     pollfd p = {s->fd, POLLOUT, 0};
     return now < deadline && poll(&p, 1, (int)(deadline - now)) > 0 && (p.revents & POLLOUT);
 }
@@ -179,7 +150,7 @@ static bool room_wait(const host_serial *s, u64 deadline) {
 // Writes what the line accepts. The wait starts again with every byte sent, as long as the line is no slower than its
 // rate. Returns the bytes written; `full` is true when the line accepted no more in time.
 static u32 line_write(const host_serial *s, const u8 *data, u32 size, bool patient, bool *full) {
-    const u64 start = host_monotonic_ms();
+    const u64 start = zof_host_time_ms();
     const u64 needed = (u64)size * BITS_PER_BYTE * 1000 / (s->line.baud ? s->line.baud : 1);
     u64 last = start;
     u32 sent = 0;
@@ -187,7 +158,7 @@ static u32 line_write(const host_serial *s, const u8 *data, u32 size, bool patie
         const ssize_t n = write(s->fd, data + sent, size - sent);
         if (n > 0) {
             sent += (u32)n;
-            last = host_monotonic_ms();
+            last = zof_host_time_ms();
         } else if (n < 0 && errno == EAGAIN) {
             *full = !patient || !room_wait(s, (last < start + needed ? last : start + needed) + SEND_WAIT_MS);
             if (*full) {
@@ -205,7 +176,7 @@ static u32 line_write(const host_serial *s, const u8 *data, u32 size, bool patie
 s32 win_uart_send(zof_drv_t *handle, const u8 *data, u32 size) {
     host_serial *s = line_of(handle);
     std::lock_guard guard(s->lock);
-    const u64 start = host_monotonic_ms();
+    const u64 start = zof_host_time_ms();
     const bool patient = !s->choked && start >= s->patience;
     bool full = false;
     const u32 sent = line_write(s, data, size, patient, &full);

@@ -6,7 +6,6 @@
 #include <string.h>
 #include <time.h>
 
-#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <new>
@@ -14,6 +13,7 @@
 #include <thread>
 
 #include "drv/zof_drv_net.h"
+#include "drv/zof_drv_wdt.h"
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -26,26 +26,13 @@ struct zof_dir {
     std::string name;
 };
 
-static std::atomic<const zof_clock_t *> g_clock{nullptr};
-
-void zof_clock_set(const zof_clock_t *clock) {
-    g_clock = clock;
+u64 zof_host_time_ms(void) {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return (u64)std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
 }
 
-u32 zof_sys_time_ms(void) {
-    static const auto start = std::chrono::steady_clock::now();
-    const zof_clock_t *clock = g_clock;
-    const auto elapsed = std::chrono::steady_clock::now() - start;
-    return clock ? clock->now_ms() : (u32)std::chrono::duration_cast<std::chrono::milliseconds>(elapsed).count();
-}
-
-void zof_delay(u32 ms) {
-    const zof_clock_t *clock = g_clock;
-    if (clock) {
-        clock->delay_ms(ms);
-    } else {
-        std::this_thread::sleep_for(std::chrono::milliseconds(ms));
-    }
+void zof_host_sleep(u32 ms) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(ms));
 }
 
 void zof_system_start(void) {
@@ -69,13 +56,6 @@ s32 win_rtc_get_stamp(zof_rtc_stamp_t *out) {
                  (u8)clock.hours().count(), (u8)clock.minutes().count(), (u8)clock.seconds().count()};
     out->ms = (u16)clock.subseconds().count();
     out->zone = 0;
-    return 0;
-}
-
-s32 win_rtc_get_time(zof_rtc_time_t *out) {
-    zof_rtc_stamp_t now;
-    win_rtc_get_stamp(&now);
-    *out = now.time;
     return 0;
 }
 
@@ -195,6 +175,10 @@ FILE *zof_host_file_create(const char *path) {
         setvbuf(f, nullptr, _IONBF, 0); // a write that fails is to fail where it is made
     }
     return f;
+}
+
+zof_bool zof_host_is_absolute(const char *path) {
+    return fs::path(path).is_absolute() ? ZOF_TRUE : ZOF_FALSE;
 }
 
 // One process cannot tell others from itself here, so none of their temporary files is removed.
@@ -387,5 +371,6 @@ s32 zof_net_private_path(char *out, size_t size, const char *name, zof_bool make
 s32 zof_net_private_write(const char *path, const char *text) {
     (void)path;
     (void)text;
+s32 win_wdt_init(void) {
     return -1;
 }

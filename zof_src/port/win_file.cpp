@@ -130,10 +130,9 @@ void zof_file_temp_clear(const char *folder) {
     zof_closedir(dir);
 }
 
-// Joins folder and name if the folder is a path from the root: a relative one would depend on where a program is
-// started.
+// A relative folder would depend on where a program is started.
 static bool state_join(char *out, size_t size, const char *folder, const char *below) {
-    return folder && folder[0] == '/' && zof_text_join(out, size, folder, below, nullptr);
+    return folder && zof_file_is_absolute(folder) && zof_text_join(out, size, folder, below, nullptr);
 }
 
 // Creates the folders that a path needs.
@@ -145,10 +144,24 @@ static void parents_make(char *path) {
     }
 }
 
+static bool name_read(char *path, size_t size) {
+    if (zof_program_path(path, size) != 0) {
+        return false;
+    }
+    if (zof_suffix_is(path, ".exe")) {
+        path[strlen(path) - strlen(".exe")] = '\0';
+    }
+    return true;
+}
+
 const char *zof_program_name(void) {
     static char path[400];
-    static const bool known = zof_program_path(path, sizeof(path)) == 0;
+    static const bool known = name_read(path, sizeof(path));
     return known ? path + zof_path_parent(path) : "zof";
+}
+
+zof_bool zof_file_is_absolute(const char *path) {
+    return path && zof_host_is_absolute(path) ? ZOF_TRUE : ZOF_FALSE;
 }
 
 s32 zof_file_state_path(char *out, size_t size, const char *name, zof_bool make) {
@@ -157,13 +170,17 @@ s32 zof_file_state_path(char *out, size_t size, const char *name, zof_bool make)
 
 s32 zof_file_state_path_of(const char *program, char *out, size_t size, const char *name, zof_bool make) {
     const char *given = getenv("ZOF_STATE");
+    static const struct {
+        const char *variable, *below;
+    } rows[] = {{"XDG_STATE_HOME", "/"}, {"LOCALAPPDATA", "/"}, {"HOME", "/.local/state/"}};
     char folder[400], below[200];
     if (!out || !name || !zof_text_join(below, sizeof(below), given ? "" : program, "/", name)) {
         return -1;
     }
-    const bool found = given ? state_join(folder, sizeof(folder), given, "")
-                             : state_join(folder, sizeof(folder), getenv("XDG_STATE_HOME"), "/") ||
-                                   state_join(folder, sizeof(folder), getenv("HOME"), "/.local/state/");
+    bool found = given && state_join(folder, sizeof(folder), given, "");
+    for (size_t i = 0; !given && !found && i < sizeof(rows) / sizeof(rows[0]); i++) {
+        found = state_join(folder, sizeof(folder), getenv(rows[i].variable), rows[i].below);
+    }
     if (!found || !zof_text_join(out, size, folder, below, nullptr)) {
         return -1;
     }

@@ -11,9 +11,14 @@
 
 ZOF_C_BEGIN
 
-// The host also implements these of drv/zof_drv.h and drv/zof_drv_file.h itself: zof_sys_time_ms, zof_delay,
-// zof_system_start, zof_system_get_name, zof_opendir, zof_readdir, zof_closedir, zof_file_size, zof_folder_unlock,
-// zof_file_error and zof_program_path; zof_drv_uart_list of drv/zof_drv_uart.h; and all of drv/zof_drv_net.h.
+// The host also implements these of drv/zof_drv.h and drv/zof_drv_file.h itself: zof_system_start, zof_system_get_name,
+// zof_opendir, zof_readdir, zof_closedir, zof_file_size, zof_folder_unlock, zof_file_error and zof_program_path;
+// zof_drv_uart_list of drv/zof_drv_uart.h; win_wdt_init of drv/zof_drv_wdt.h; and all of drv/zof_drv_net.h.
+
+// A clock that never goes back, in milliseconds, and a sleep; also when a test has replaced the clock below, for waits
+// in system calls.
+u64 zof_host_time_ms(void);
+void zof_host_sleep(u32 ms);
 
 // Tests can replace the clock: zof_sys_time_ms and zof_delay then use the test's alone. `clock` is kept, not copied;
 // null restores the host's own.
@@ -24,6 +29,7 @@ typedef struct {
 void zof_clock_set(const zof_clock_t *clock);
 
 // The clock's rows in the table of win_rtc.cpp. They return local date and time: 0, or -1 when they are not available.
+// The host implements the second.
 s32 win_rtc_get_time(zof_rtc_time_t *out);
 s32 win_rtc_get_stamp(zof_rtc_stamp_t *out);
 
@@ -36,6 +42,7 @@ FILE *zof_host_file_write_open(const char *path, zof_bool keep);
 FILE *zof_host_file_open(const char *path);
 s32 zof_host_real_path(const char *path, char *out, size_t size);
 FILE *zof_host_file_create(const char *path);
+zof_bool zof_host_is_absolute(const char *path);
 u32 zof_host_process_id(void);
 zof_bool zof_host_process_runs(u32 id); // the calling process counts as running
 s32 zof_host_folder_lock(const char *path, char *holder, size_t size);
@@ -51,8 +58,8 @@ s32 zof_host_file_stamp(const char *path, zof_file_stamp_t *out);
 typedef zof_bool (*zof_file_fault_t)(const char *what, const char *path);
 void zof_file_fault_set(zof_file_fault_t fault);
 
-// Opens a shared library by its plain name ("avcodec") and major version, and leaves it open; null if it is not
-// installed. The second returns the address of one of its functions, or null.
+// Of a host whose programs load FFmpeg: opens a shared library by its plain name ("avcodec") and major version, and
+// leaves it open; null if it is not installed. The second returns the address of one of its functions, or null.
 void *zof_host_library_open(const char *name, s32 major);
 void *zof_host_library_symbol(void *library, const char *name);
 
