@@ -371,6 +371,9 @@ s32 zof_net_private_path(char *out, size_t size, const char *name, zof_bool make
 s32 zof_net_private_write(const char *path, const char *text) {
     (void)path;
     (void)text;
+    return -1;
+}
+
 s32 win_wdt_init(void) {
     return -1;
 }

@@ -135,7 +135,8 @@ s32 zof_net_random(void *out, u32 size) {
 s32 zof_net_private_path(char *out, size_t size, const char *name, zof_bool make) {
     const char *local = getenv("LOCALAPPDATA");
     char folder[400];
-    if (!local || !zof_host_is_absolute(local) || snprintf(folder, sizeof(folder), "%s/zof", local) >= (int)sizeof(folder)) {
+    if (!local || !zof_host_is_absolute(local) ||
+        snprintf(folder, sizeof(folder), "%s/zof", local) >= (int)sizeof(folder)) {
         errno = ENOENT;
         return -1;
     }
