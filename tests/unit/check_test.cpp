@@ -124,7 +124,7 @@ static const struct {
     {view_g, "\"pressed\"", "\"presed\"", "9:29: error: unknown name; did you mean pressed? [name]"},
     {view_g, "\"button\"", "\"buton\"", "6:10: error: unknown name; did you mean button? [name]"},
     {view_g, "\"style_state\": \"pressed\"", "\"style_part\": 7",
-     "9:28: error: unknown; the names are main, scroll bar, indicator, knob, selection, items, ticks, cursor, "
+     "9:28: error: 7 has no meaning; the names are main, scroll bar, indicator, knob, selection, items, ticks, cursor, "
      "placeholder [name]"},
     {view_g, "\"#D9863D\"", "\"#D9863\"",
      "9:65: error: a colour is \"#RRGGBB\" or \"#RGB\", in hexadecimal digits, or \"$name\" [colour]"},
@@ -235,7 +235,7 @@ static const struct {
      MORE("image sequence", "\"frame_rate\": 9, \"end_id\": 1, \"repeat_count\": 1, \"img_dsc_t\": \"none\""),
      "18:63: error: there is no folder image/none/ with pictures [file-missing]"},
     {view_g, LAST_CTRL, MORE("gif", "\"init_gif\": \"\", \"styles\": [{}]"),
-     "18:17: warning: a control of the type gif has no styles [style]"},
+     "18:17: warning: a control of this type has no styles [style]"},
     {"config/theme/t/label.g", "", "{\"styles\": [{\"style_state\": \"checked\"}]}",
      "1:29: warning: a label does not have this state [style]"},
     {view_g, "\"style_state\": \"pressed\"", "\"style_sect\": 1",

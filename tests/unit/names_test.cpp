@@ -136,13 +136,13 @@ TEST_CASE("a view with names decodes like one with numbers, and unknown names ar
     CHECK((body->main_color == 0x102030 && body->radius == 5 && body->grad_color == 0xFFFFFF));
     CHECK(body->border.part == 6);
     CHECK((record->style_list[1]->style_part == 0 && record->style_list[1]->body_t.main_color == 0));
-    CHECK(contains(log, "styles[1].style_part: \"item\" is not one of main, scroll bar, indicator, knob, selection, "
-                        "items, ticks, cursor, placeholder; the default is used"));
-    CHECK(contains(log, "main_color: \"red\" is not a colour, \"#RRGGBB\" or \"#RGB\"; the default is used"));
+    CHECK(contains(log, "styles[1].style_part: unknown name; did you mean items?\n"));
+    CHECK(contains(
+        log, "main_color: a colour is \"#RRGGBB\" or \"#RGB\", in hexadecimal digits, or \"$name\"; the default"));
     CHECK(std::count(log.begin(), log.end(), '\n') == 2);
     zof_j2s_ctrl_delete(record, ZOF_CTRL_BTN);
 
-    CHECK(!control_of(project, std::string(R"({"type": "buton")") + head + R"("t_mode": "press"}}})", &log));
-    CHECK(contains(log, "one.g:1:37: controls[0].type: \"buton\" is not one of label, button, "));
+    CHECK(!control_of(project, std::string(R"({"type": "knopf")") + head + R"("t_mode": "press"}}})", &log));
+    CHECK(contains(log, "one.g:1:37: controls[0].type: unknown name; the names are label, button, "));
     CHECK(contains(log, ", scroll item; it is left out\n"));
 }

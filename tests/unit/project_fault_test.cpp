@@ -1,6 +1,8 @@
 // What the log shows of mistakes in project files: one line each, with file, line, column, key and reason.
 #include <algorithm>
+#include <deque>
 
+#include "check/zof_check.h"
 #include "project/read/zof_fault.h"
 #include "temp_project.h"
 #include "zof_test.h"
@@ -56,13 +58,18 @@ static std::string read_all(const std::string &folder) {
     });
 }
 
-static std::string said_by(const fault_t &fault) {
-    temp_project_t project;
+// Writes a project with the fault and reads it; returns the log.
+static std::string fault_write(const temp_project_t &project, const fault_t &fault) {
     project.write(project_g, R"({"width": 320, "height": 240, "language": "en", "views": []})");
     project.write("config/languages/en.g", "{}");
     project.write(view_g, view_of(entry(0, R"("id": 1, "alpha": 255)")));
     project.write(fault.file, fault.text);
-    std::string said = read_all(project.folder);
+    return read_all(project.folder);
+}
+
+static std::string said_by(const fault_t &fault) {
+    temp_project_t project;
+    std::string said = fault_write(project, fault);
     for (size_t at; (at = said.find(project.folder)) != std::string::npos;) {
         said.erase(at, said.find(':', at) + 1 - at);
     }
@@ -87,21 +94,21 @@ static const fault_t whole[] = {
 static const fault_t values[] = {
     {project_g, R"({"width" : "320", "height": 0, "views": []})",
      "1:2: width: expected a number, found a text; the default is used\n"
-     "1:19: height: not above 0; the display's own size is used\n"},
+     "1:19: height: 0 is not from 1 to 4294967295; the display's own size is used\n"},
     {project_g, "\xEF\xBB\xBF{\"Width\": 1, \"version\": \"1\", \"lenguage\": 1,\n\"views\": 5}",
-     "1:33: lenguage: unknown key; did you mean language?\n"
+     "1:33: lenguage: unknown key lenguage; did you mean language?\n"
      "1:4: height is missing; the display's own size is used\n"
-     "2:1: views: expected an array: the project has no view\n"},
+     "2:1: views: expected an array; the project has no view\n"},
     {project_g, R"({"width": 1, "height": 1, "hw_t": {"off_x": 1}, "dis_t": 1, "views": [
 {"pageId": 1, "pageName": "a.g"}, {"pageId": 2, "pageNam": "b.g"}, {"pageId": 1, "pageName": "c.g"}, 7]})",
-     "1:36: hw_t.off_x: unknown key; it belongs in dis_t\n"
-     "1:49: dis_t: unknown key; it belongs in hw_t\n"
-     "2:49: views[1].pageNam: unknown key; did you mean pageName?\n"
-     "2:35: views[1]: needs pageId, a number, and pageName, a text; it is left out\n"
-     "2:68: views[2]: a.g has the pageId 1 already; it is left out\n"
-     "2:102: views[3]: needs pageId, a number, and pageName, a text; it is left out\n"},
+     "1:36: hw_t.off_x: the key off_x belongs in dis_t\n"
+     "1:49: dis_t: the key dis_t belongs in hw_t\n"
+     "2:49: views[1].pageNam: unknown key pageNam; did you mean pageName?\n"
+     "2:35: views[1]: pageName is missing; the entry is left out\n"
+     "2:69: views[2].pageId: a.g has the pageId 1 already; this entry is left out\n"
+     "2:102: views[3]: expected an object; it is left out\n"},
     {view_g, "{\"view\": {\"v_id\": 1, \"bg_image\": 5,\n\"bg_scale\": 256, \"layer\": 4}, \"control\": []}",
-     "2:31: control: unknown key; did you mean controls?\n"
+     "2:31: control: unknown key control; did you mean controls?\n"
      "2:1: view.bg_scale: 256 is not from -128 to 255; the default is used\n"
      "1:22: view.bg_image: expected a text, found a number; the default is used\n"
      "2:18: view.layer: 4 is not from 0 to 3; the default is used\n"
@@ -112,42 +119,41 @@ static const fault_t values[] = {
      view_of(entry(0, "\"id\": 1,\n\"aplha\": 255, \"pub\": 1, \"size\": null", R"(, "Txt": "a\"b", "colour": 1)")),
      "3:15: controls[0].property.pub_t.pub: expected true or false, found a number; the default is used\n"
      "3:25: controls[0].property.pub_t.size: expected an object, found null; the default is used\n"
-     "3:1: controls[0].property.pub_t.aplha: unknown key; did you mean alpha?\n"
-     "3:55: controls[0].property.colour: unknown key\n"},
+     "3:1: controls[0].property.pub_t.aplha: unknown key aplha; did you mean alpha?\n"
+     "3:55: controls[0].property.colour: unknown key colour\n"},
     {view_g, view_of(entry(0, label, R"(, "txt": "a", "TXT": "b", "animspeed": 1e300, "styles": [{}, 5])")),
      "2:111: controls[0].property.animspeed: 1e+300 is not from -32768 to 65535; the default is used\n"
-     "2:99: controls[0].property.TXT: given twice; the first one is used\n"
+     "2:99: controls[0].property.TXT: TXT is given twice; the first one is used\n"
      "2:146: controls[0].property.styles[1]: expected an object; it is ignored\n"},
     {view_g,
      view_of(entry(0, R"("id": 0, "alpha": 0)") + ",\n" + entry(0, R"("id": 3, "parent_id": 4)") + ",\n" +
              entry(2, R"("id": 4, "parent_id": 4)") + ",\n" + entry(2, R"("id": 5, "parent_id": 4)") + ",\n" +
              entry(2, R"("id": 4)")),
-     "2:63: controls[0].property.pub_t.id: 0 is not an id; neither program nor host can find the control\n"
-     "3:59: controls[1].property.pub_t.parent_id: no control before it has the id 4; it is put on the view\n"
-     "4:59: controls[2].property.pub_t.parent_id: no control before it has the id 4; it is put on the view\n"
-     "6:1: controls[4]: controls[2] has the id 4 already; it is left out\n"},
+     "2:63: controls[0].property.pub_t.id: 0 is not from 1 to 65535; neither program nor host can find the control\n"
+     "3:59: controls[1].property.pub_t.parent_id: the parent, 4, must come before this control; it is put on the view\n"
+     "4:59: controls[2].property.pub_t.parent_id: a control cannot be its own parent; it is put on the view\n"
+     "6:50: controls[4].property.pub_t.id: the control  has the id 4 already; this one is left out\n"},
     {view_g,
      view_of(entry(6, label, R"(, "minValue": 9, "maxValue": 3)") + ",\n" +
              entry(5, R"("id": 2)", R"(, "range_t": {"minValue": 1})") + ",\n" +
              entry(7, R"("id": 3)", R"(, "maxValue": -1)") + ",\n" +
              entry(6, R"("id": 4)", R"(, "minValue": 3, "maxValue": 3)")),
-     "2:87: controls[0].property.minValue: minValue, 9, is above maxValue, 3\n"
-     "3:72: controls[1].property.range_t.minValue: minValue, 1, is above maxValue, 0\n"
-     "4:27: controls[2].property: minValue, 0, is above maxValue, -1\n"},
+     "2:102: controls[0].property.maxValue: minValue, 9, is not below maxValue, 3\n"
+     "3:60: controls[1].property.range_t: minValue, 1, is not below maxValue, 0\n"
+     "4:60: controls[2].property.maxValue: minValue, 0, is not below maxValue, -1\n"},
     {view_g, view_of(entry(0, label, R"(, "styles": [{"style_part": 5}, {"style_state": 70000, "style_sect": 2}])")),
      "2:99: controls[0].property.styles[0].style_part: 5 has no meaning\n"
-     "2:118: controls[0].property.styles[1].style_state: 70000 has no meaning\n"
-     "2:140: controls[0].property.styles[1].style_sect: 2 has no meaning\n"},
+     "2:118: controls[0].property.styles[1].style_state: 70000 is not from 0 to 65535\n"
+     "2:140: controls[0].property.styles[1].style_sect: 2 is not from 0 to 1\n"},
     {view_g,
-     "{\"view\": {}, \"controls\": [{\"theme\": 1, \"name\": 1, \"property\": {\"pub_t\": {\"id\": 1}, "
+     "{\"view\": {}, \"controls\": [{\"theme\": 1, \"weight\": 1, \"property\": {\"pub_t\": {\"id\": 1}, "
      "\"btnmatrix_txt\": [\"a\", 5]}, \"type\": 26}]}",
-     "1:107: controls[0].property.btnmatrix_txt[1]: expected a text, found a number; it is left out\n"
-     "1:40: controls[0].name: unknown key\n"
+     "1:109: controls[0].property.btnmatrix_txt[1]: expected a text, found a number; it is left out\n"
+     "1:40: controls[0].weight: unknown key weight\n"
      "1:28: controls[0].theme: expected a text; the control has no theme\n"},
-    {theme_g, R"({"styles": [{"body_t": {"opa": true}}], "txt": 1, "them": 0})",
-     "1:41: txt: expected a text, found a number; the default is used\n"
-     "1:51: them: unknown key\n"
-     "1:25: styles[0].body_t.opa: expected a number, found true or false; the default is used\n"},
+    {theme_g, R"({"styles": [{"body_t": {"opa": true}}], "them": 0})",
+     "1:41: them: unknown key them\n"
+     "1:25: styles[0].body_t.opa: expected a number, found true; the default is used\n"},
 };
 
 TEST_CASE("a text that is not one JSON object in UTF-8 is reported with its place") {
@@ -164,6 +170,43 @@ TEST_CASE("values that a record does not accept are reported with place, key and
     }
 }
 
+static std::vector<zof_fault_t> found;
+static std::deque<std::string> found_texts; // which the faults point to
+
+// Returns true if the checker reports a fault at the same line with the same words. The runtime adds what it does
+// instead after a semicolon, and knows the range of a field where the checker knows that of a value.
+static bool is_checked(const zof_check_t &check, const zof_fault_t &fault) {
+    const std::string text = fault.text;
+    const std::string words = text.substr(0, std::min(text.find("; "), text.find(" from ")));
+    return std::any_of(check.findings, check.findings + check.count, [&](const zof_finding_t &finding) {
+        const std::string path = fault.file;
+        return path.ends_with(finding.file) && finding.line == fault.line &&
+               std::string(finding.text).starts_with(words);
+    });
+}
+
+TEST_CASE("what the runtime reports, the checker reports in the same words") {
+    for (const fault_t &fault : values) {
+        temp_project_t project;
+        found.clear();
+        zof_fault_to([](const zof_fault_t *one) {
+            found.push_back({found_texts.emplace_back(one->file).c_str(), one->line, one->col, "",
+                             found_texts.emplace_back(one->text).c_str()});
+        });
+        fault_write(project, fault);
+        zof_fault_to(nullptr);
+        zof_check_t check = {};
+        REQUIRE(zof_check_project(project.folder.c_str(), &check) == 0);
+        for (const zof_fault_t &one : found) {
+            CAPTURE(fault.text);
+            const std::string text = one.text;
+            CAPTURE(text);
+            CHECK((contains(text, "is missing") || is_checked(check, one))); // the key may be there, misspelt
+        }
+        zof_check_free(&check);
+    }
+}
+
 TEST_CASE("the log shows the first faults of a file, and a receiver gets all of them") {
     temp_project_t project;
     std::string styles;
@@ -173,7 +216,7 @@ TEST_CASE("the log shows the first faults of a file, and a receiver gets all of 
     project.write(view_g, view_of(entry(0, label, ", \"styles\": [" + styles + "]")));
     const std::string said = read_all(project.folder);
     CHECK(std::count(said.begin(), said.end(), '\n') == 51);
-    CHECK(contains(said, "one.g:51:2: controls[0].property.styles[49].colour: unknown key\n"));
+    CHECK(contains(said, "one.g:51:2: controls[0].property.styles[49].colour: unknown key colour\n"));
     CHECK(contains(said, "one.g: more faults are not shown\n"));
     static u32 lines;
     zof_fault_to([](const zof_fault_t *fault) { lines += fault->line; });

@@ -31,8 +31,10 @@ TEST_CASE("the project file fills the record and the list of views") {
     zof_prj_t *prj = nullptr;
     std::string log = printed([&] { prj = project.open(); });
     REQUIRE(prj);
-    for (int i : {1, 2, 3, 4}) {
-        CHECK(contains(log, "views[" + std::to_string(i) + "]: needs pageId"));
+    for (const char *line : {"views[1]: pageName is missing", "views[2]: pageId is missing",
+                             "views[3].pageId: expected a number", "views[4]: expected an object"}) {
+        CAPTURE(str(line));
+        CHECK(contains(log, line));
     }
     CHECK(prj->view_names->count == 2);
     CHECK(str(((zof_view_name_t *)__db_list_visit(prj->view_names, 1))->name) == "one.g");

@@ -102,7 +102,7 @@ void check_styles(check_run_t *c, const check_file_t *file, u32 styles, const zo
         return;
     }
     if (type->parts == 0 && file->doc.nodes[styles].child != ZOF_J_NONE) {
-        check_report_key(c, file, styles, CHECK_STYLE, "a control of the type %s has no styles", type->name);
+        check_report_key(c, file, styles, CHECK_STYLE, "a control of this type has no styles");
         return;
     }
     for (u32 at = file->doc.nodes[styles].child; at != ZOF_J_NONE; at = file->doc.nodes[at].next) {

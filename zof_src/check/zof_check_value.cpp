@@ -101,24 +101,6 @@ static bool number_has_name(const reflect_item_t *row, s64 value) {
     return zof_names_write(row->names, (row->flags & CSON_ADDS) != 0, value, text, sizeof text) >= 0;
 }
 
-static void names_report(check_run_t *c, const check_file_t *file, u32 node, const reflect_item_t *row,
-                         const char *text) {
-    const char *meant = nullptr;
-    u32 least = ZOF_TEXT_NEAR;
-    for (const zof_name_t *name = row->names; name->name; name++) {
-        meant = zof_text_nearer(text, name->name, &least) ? name->name : meant;
-    }
-    char names[240];
-    zof_names_list(row->names, names, sizeof names);
-    if (row->flags & CSON_ADDS && std::strpbrk(text, "|,&")) {
-        check_report(c, file, node, CHECK_NAME, "names are joined by +");
-    } else if (meant) {
-        check_report(c, file, node, CHECK_NAME, "unknown name; did you mean %s?", meant);
-    } else {
-        check_report(c, file, node, CHECK_NAME, "unknown; the names are %s", names);
-    }
-}
-
 static void number_check(check_run_t *c, const check_file_t *file, u32 node, const zof_cat_key_t *key,
                          const reflect_item_t *row) {
     double real = 0;
@@ -130,13 +112,15 @@ static void number_check(check_run_t *c, const check_file_t *file, u32 node, con
     }
     const range_t range = range_of(key, row);
     if (!is_in(range, whole)) {
-        check_report(c, file, node, CHECK_RANGE, "%.0f is not from %lld to %lld", whole, (long long)range.low,
+        check_report(c, file, node, CHECK_RANGE, "%.15g is not from %lld to %lld", whole, (long long)range.low,
                      (long long)range.high);
     } else if (whole != real) {
         check_report(c, file, node, CHECK_FRACTION, "the fraction is cut off; it counts as %.0f", whole);
     } else if (row && row->names && !key->high && !(row->flags >> CSON_VALUES_SHIFT) &&
                !number_has_name(row, (s64)whole)) {
-        names_report(c, file, node, row, "");
+        char names[240];
+        zof_names_list(row->names, names, sizeof names);
+        check_report(c, file, node, CHECK_NAME, "%.0f has no meaning; the names are %s", whole, names);
     }
 }
 
@@ -152,10 +136,11 @@ static void name_check(check_run_t *c, const check_file_t *file, u32 node, const
         return;
     }
     if (row->flags & CSON_COLORS) {
-        check_report(c, file, node, CHECK_COLOUR,
-                     "a colour is \"#RRGGBB\" or \"#RGB\", in hexadecimal digits, or \"$name\"");
+        check_report(c, file, node, CHECK_COLOUR, ZOF_COLOR_FAULT);
     } else {
-        names_report(c, file, node, row, text);
+        char fault[512];
+        zof_names_fault(row->names, (row->flags & CSON_ADDS) != 0, text, fault, sizeof fault);
+        check_report(c, file, node, CHECK_NAME, "%s", fault);
     }
 }
 

@@ -247,7 +247,7 @@ static void look_name_check(check_run_t *c, const check_file_t *file, const chec
     char theme[NAME_SIZE] = "";
     check_text(file, ctrl->entry, "theme", theme, sizeof theme);
     if (look != ZOF_J_NONE && ctrl->type->parts == 0) {
-        check_report_key(c, file, look, CHECK_STYLE, "a control of the type %s has no styles", ctrl->type->name);
+        check_report_key(c, file, look, CHECK_STYLE, "a control of this type has no styles");
     } else if (look != ZOF_J_NONE) {
         check_look_use(c, file, look, theme);
     }

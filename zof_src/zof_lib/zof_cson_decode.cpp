@@ -87,7 +87,7 @@ static s32 decode_row(const void *value, void *record, const reflect_item_t *tab
     return jsonObjProcTbl[row->type](value, record, table, index);
 }
 
-// Reports a low end that is above the next row's field.
+// Reports a low end that is above the next row's field, at the high end.
 static void ends_check(const void *json, void *record, const reflect_item_t *low) {
     s64 from = 0;
     s64 to = 0;
@@ -95,9 +95,9 @@ static void ends_check(const void *json, void *record, const reflect_item_t *low
         !cson_integer_read(cson_field(record, low + 1), low[1].size, &to) || from <= to) {
         return;
     }
-    const void *value = csomImpl.object_get(json, low->key);
-    cson_fault(value ? value : json, low->key, "%s, %lld, is above %s, %lld", low->key, (long long)from, low[1].key,
-               (long long)to);
+    const void *value = csomImpl.object_get(json, low[1].key);
+    cson_fault(value ? value : json, low[1].key, "%s, %lld, is not below %s, %lld", low->key, (long long)from,
+               low[1].key, (long long)to);
 }
 
 // Returns the code of the first failing row that is not nullable, and counts the keys that were found.

@@ -42,25 +42,27 @@ void cson_fault_quiet(zof_bool on) {
 
 void cson_kind_fault(const void *value, const reflect_item_t *row, const char *effect) {
     static const char *const kinds[CSON_TYPE_COUNT] = {
-        "an object", "an array", "a text", "a number", "a number", "true or false", "true or false", "null",
+        "an object", "an array", "a text", "a number", "a number", "true", "false", "null",
     };
-    cson_fault(value, row->key, "expected %s, found %s; %s", kinds[row->type], kinds[csomImpl.type_of(value)], effect);
+    const bool yes_no = row->type == CSON_TRUE || row->type == CSON_FALSE;
+    cson_fault(value, row->key, "expected %s, found %s; %s", yes_no ? "true or false" : kinds[row->type],
+               kinds[csomImpl.type_of(value)], effect);
 }
 
 void csonNameFault(const void *value, const reflect_item_t *row, const char *effect) {
     const char *text = csomImpl.string_value(value);
     if (row->flags & CSON_COLORS && text[0] == '$') {
-        cson_fault(value, row->key, "no looks.g has the colour %.40s; %s", text + 1, effect);
+        cson_fault(value, row->key, "there is no colour %.40s; %s", text + 1, effect);
         return;
     }
     if (row->flags & CSON_COLORS) {
-        cson_fault(value, row->key, "\"%.40s\" is not a colour, \"#RRGGBB\" or \"#RGB\"; %s", text, effect);
+        cson_fault(value, row->key, ZOF_COLOR_FAULT "; %s", effect);
         return;
     }
-    char names[CSON_FAULT_SIZE - 96];
-    zof_names_list(row->names, names, sizeof names);
-    cson_fault(value, row->key, "\"%.40s\" is not %s %s; %s", text, row->flags & CSON_ADDS ? "a sum of" : "one of",
-               names, effect);
+    char fault[CSON_FAULT_SIZE - 96];
+    zof_names_fault(row->names, (row->flags & CSON_ADDS) != 0, text, fault, sizeof fault);
+    const bool asks = fault[std::strlen(fault) - 1] == '?';
+    cson_fault(value, row->key, "%s%s%s", fault, asks ? "" : "; ", asks ? "" : effect);
 }
 
 // Returns the key of the table that the writer may have meant; null if none is near.
@@ -97,18 +99,18 @@ static const reflect_item_t *row_around(const reflect_item_t *table, const char 
 static void member_check(const void *json, const void *member, const char *key, const reflect_item_t *table) {
     if (row_of(table, key)) {
         if (csomImpl.object_get(json, key) != member) {
-            cson_fault(member, key, "given twice; the first one is used");
+            cson_fault(member, key, "%s is given twice; the first one is used", key);
         }
         return;
     }
     const char *meant = near_key(table, key);
     const reflect_item_t *around = row_around(table, key);
     if (around) {
-        cson_fault(member, key, "unknown key; it belongs in %s", around->key);
+        cson_fault(member, key, "the key %s belongs in %s", key, around->key);
     } else if (meant) {
-        cson_fault(member, key, "unknown key; did you mean %s?", meant);
+        cson_fault(member, key, "unknown key %s; did you mean %s?", key, meant);
     } else {
-        cson_fault(member, key, "unknown key");
+        cson_fault(member, key, "unknown key %s", key);
     }
 }
 

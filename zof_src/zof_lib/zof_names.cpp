@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "zof_lib/zof_util.h"
+
 static bool same_word(const char *name, const char *text, size_t length) {
     size_t i = 0;
     while (i < length && name[i] && std::tolower((u8)text[i]) == name[i]) {
@@ -122,4 +124,20 @@ s32 zof_color_read(const char *text, s64 *value) {
     }
     *value = color;
     return 0;
+}
+
+void zof_names_fault(const zof_name_t *names, zof_bool sum, const char *text, char *out, size_t size) {
+    const char *meant = nullptr;
+    u32 least = ZOF_TEXT_NEAR;
+    for (const zof_name_t *name = names; name->name; name++) {
+        meant = zof_text_nearer(text, name->name, &least) ? name->name : meant;
+    }
+    if (sum && std::strpbrk(text, "|,&")) {
+        std::snprintf(out, size, "names are joined by +");
+    } else if (meant) {
+        std::snprintf(out, size, "unknown name; did you mean %s?", meant);
+    } else {
+        const int used = std::snprintf(out, size, "unknown name; the names are ");
+        zof_names_list(names, out + used, size - (size_t)used);
+    }
 }

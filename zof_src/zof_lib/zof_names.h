@@ -30,8 +30,15 @@ s32 zof_names_write(const zof_name_t *names, zof_bool sum, s64 value, char *text
 // Writes the first name of each number, separated by ", ", for messages and documents; what does not fit is cut off.
 void zof_names_list(const zof_name_t *names, char *text, size_t size);
 
+// Writes why a text is not made of these names, with the name that the writer may have meant, or all names. `size` is
+// at least 64.
+void zof_names_fault(const zof_name_t *names, zof_bool sum, const char *text, char *out, size_t size);
+
 // Reads "#RRGGBB" or "#RGB". Returns 0, or -1 with *value unchanged.
 s32 zof_color_read(const char *text, s64 *value);
+
+// Why a text is not accepted as a colour.
+#define ZOF_COLOR_FAULT "a colour is \"#RRGGBB\" or \"#RGB\", in hexadecimal digits, or \"$name\""
 
 ZOF_C_END
 

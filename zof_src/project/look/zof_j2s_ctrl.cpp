@@ -48,6 +48,16 @@ s32 zof_j2s_walk_over(zof_j2s_walk_t *walk, const char *path, cJSON *root) {
     return 0;
 }
 
+static cJSON *pub_of_entry(const cJSON *entry) {
+    return cJSON_GetObjectItem(cJSON_GetObjectItem(entry, "property"), "pub_t");
+}
+
+// Returns a number of an object, or -1 if it has no such number.
+static s32 json_number(const cJSON *object, const char *key) {
+    const cJSON *value = cJSON_GetObjectItem(object, key);
+    return cJSON_IsNumber(value) ? value->valueint : -1;
+}
+
 // Records the position of an id and returns 0, or returns the position that it already has. Without memory does
 // nothing.
 static s32 place_note(zof_j2s_places_t *places, u32 id, s32 place) {
@@ -126,10 +136,18 @@ static u32 pub_of(cJSON *pub_t) {
     return cJSON_IsTrue(pub) || (cJSON_IsNumber(pub) && pub->valueint != 0);
 }
 
+// Reports an id that an earlier entry has.
+static void former_report(const zof_j2s_walk_t *walk, const cJSON *pub_t, s32 former) {
+    const cJSON *other = cJSON_GetArrayItem(cJSON_GetObjectItem(walk->root, "controls"), former);
+    const char *name = cJSON_GetStringValue(cJSON_GetObjectItem(pub_of_entry(other), "name"));
+    zof_fault_at(cJSON_GetObjectItem(pub_t, "id"), "the control %s has the id %u already; this one is left out",
+                 name ? name : "", (u32)json_number(pub_t, "id"));
+}
+
 s32 zof_j2s_walk_para(zof_j2s_walk_t *walk, u32 *id, u32 *pub) {
     const zof_fault_scope scope(walk->path, walk->root);
     for (; id && pub && walk->entry; zof_j2s_walk_next(walk)) {
-        cJSON *pub_t = cJSON_GetObjectItem(cJSON_GetObjectItem(walk->entry, "property"), "pub_t");
+        cJSON *pub_t = pub_of_entry(walk->entry);
         zof_pub_attr_t head = {};
         const char *fault = entry_fault(walk->entry, pub_t, &head);
         const s32 place = walk->index + 1;
@@ -145,7 +163,7 @@ s32 zof_j2s_walk_para(zof_j2s_walk_t *walk, u32 *id, u32 *pub) {
         } else if (fault) {
             zof_fault_at(walk->entry, "%s; it is left out", fault);
         } else {
-            zof_fault_at(walk->entry, "controls[%d] has the id %u already; it is left out", former - 1, head.id);
+            former_report(walk, pub_t, former - 1);
         }
     }
     return -1;
@@ -197,21 +215,37 @@ static void styles_add(zof_pub_attr_t *record, const zof_pub_attr_t *theme, cJSO
     }
 }
 
+// Reports a parent that is not a control above the entry. The control is then put on the view.
+static void parent_report(const zof_j2s_walk_t *walk, const cJSON *place, const zof_pub_attr_t *record) {
+    if (record->parent_id == record->id) {
+        zof_fault_at(place, "a control cannot be its own parent; it is put on the view");
+        return;
+    }
+    const cJSON *entry = walk->entry;
+    while (entry && json_number(pub_of_entry(entry), "id") != record->parent_id) {
+        entry = entry->next;
+    }
+    if (entry) {
+        zof_fault_at(place, "the parent, %d, must come before this control; it is put on the view", record->parent_id);
+    } else {
+        zof_fault_at(place, "no control has the id %d; it is put on the view", record->parent_id);
+    }
+}
+
 // Reports what is wrong with an entry as a whole. Its ids are noted at the walk's peek.
 static void entry_check(const zof_j2s_walk_t *walk, cJSON *entry, const zof_pub_attr_t *record) {
     csonKeys(entry, zof_entry_t_tbl);
-    const cJSON *pub_t = cJSON_GetObjectItem(cJSON_GetObjectItem(entry, "property"), "pub_t");
+    const cJSON *pub_t = pub_of_entry(entry);
     if (!cJSON_IsString(cJSON_GetObjectItem(entry, "theme"))) {
         zof_fault_at(cJSON_GetObjectItem(entry, "theme"), "expected a text; the control has no theme");
     }
     const cJSON *id = cJSON_GetObjectItem(pub_t, "id");
     if (id && record->id == 0) {
-        zof_fault_at(id, "0 is not an id; neither program nor host can find the control");
+        zof_fault_at(id, "0 is not from 1 to 65535; neither program nor host can find the control");
     }
     const s32 parent = record->parent_id;
     if (parent != 0 && (parent == record->id || !place_known(walk->places, parent))) {
-        zof_fault_at(cJSON_GetObjectItem(pub_t, "parent_id"),
-                     "no control before it has the id %d; it is put on the view", parent);
+        parent_report(walk, cJSON_GetObjectItem(pub_t, "parent_id"), record);
     }
 }
 

@@ -125,7 +125,7 @@ static void colors_check(const cJSON *colors) {
     cJSON_ArrayForEach(color, colors) {
         s64 value = 0;
         if (color_find(color->string, &value) != 0) {
-            zof_fault_at(color, "not a colour, \"#RRGGBB\" or \"#RGB\", nor the name of one, \"$name\"");
+            zof_fault_at(color, ZOF_COLOR_FAULT);
         }
     }
 }
@@ -140,7 +140,7 @@ static void style_check(const cJSON *json, const reflect_item_t *table) {
 static void base_check(const cJSON *look, const cJSON *base, const char *theme) {
     const char *name = cJSON_GetStringValue(base);
     if (!name || (!zof_look_in_theme(theme, name) && !zof_look_in_project(name))) {
-        zof_fault_at(base, "there is no look %.40s to inherit from", name ? name : "");
+        zof_fault_at(base, "there is no look %.40s", name ? name : "");
         return;
     }
     for (u32 depth = 0; name && depth < ZOF_LOOK_CHAIN_MAX; depth++) {
@@ -178,7 +178,7 @@ static void look_check(const cJSON *look, const char *theme) {
         } else if (zof_style_key_read(member->string, &key) == 0) {
             style_check(member, zof_look_style_tbl);
         } else {
-            zof_fault_at(member, "neither a key of a look nor the name of a part or state; it is ignored");
+            zof_fault_at(member, "unknown key %.40s; it is ignored", member->string);
         }
     }
 }

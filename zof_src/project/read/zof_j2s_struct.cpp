@@ -30,9 +30,9 @@ s32 zof_j2s_free_ctrl_struct(void *record, u32 type) {
 }
 
 // LVGL adds part and state to one number, so an invalid one may select another part or state.
-static void selector_check(cJSON *json, const char *key, bool known, u32 value) {
-    if (!known) {
-        zof_fault_at(cJSON_GetObjectItem(json, key), "%u has no meaning", value);
+static void selector_check(cJSON *json, const char *key, u32 value, u32 most) {
+    if (value > most) {
+        zof_fault_at(cJSON_GetObjectItem(json, key), "%u is not from 0 to %u", value, most);
     }
 }
 
@@ -40,9 +40,11 @@ s32 GetStyleStruct(cJSON *json, zof_style_attr_t *record) {
     const s32 result = yes_or_no(csonJsonStr2Struct(json, record, zof_style_attr_t_tbl));
     if (record) {
         const u32 part = record->style_part;
-        selector_check(json, "style_part", part <= LV_PART_ANY && part % LV_PART_SCROLLBAR == 0, part);
-        selector_check(json, "style_state", record->style_state <= LV_STATE_ANY, record->style_state);
-        selector_check(json, "style_sect", record->style_sect <= 1, record->style_sect);
+        if (part > LV_PART_ANY || part % LV_PART_SCROLLBAR != 0) {
+            zof_fault_at(cJSON_GetObjectItem(json, "style_part"), "%u has no meaning", part);
+        }
+        selector_check(json, "style_state", record->style_state, LV_STATE_ANY);
+        selector_check(json, "style_sect", record->style_sect, 1);
     }
     return result;
 }

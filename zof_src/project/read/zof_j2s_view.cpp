@@ -1,5 +1,6 @@
 // The project file and the `view` object of a view file. The project file's tree is kept between two steps: its record
 // is decoded first, and the list of its views is created only when the project object has its lists.
+#include <cstdio>
 
 #include "project/path/zof_res.h"
 #include "project/read/zof_fault.h"
@@ -70,8 +71,10 @@ zof_prj_attr_t *zof_j2s_get_prj_attr(const char *path) {
     for (const char *key : sides) {
         const cJSON *value = cJSON_GetObjectItem(g_prj.json.root, key);
         if (!value || (cJSON_IsNumber(value) && value->valuedouble < 1)) { // another kind has been reported
-            zof_fault_at(value ? value : g_prj.json.root, "%s%s; the display's own size is used", value ? "" : key,
-                         value ? "not above 0" : " is missing");
+            char number[32];
+            std::snprintf(number, sizeof number, "%.15g", value ? value->valuedouble : 0);
+            zof_fault_at(value ? value : g_prj.json.root, "%s is %s; the display's own size is used",
+                         value ? number : key, value ? "not from 1 to 4294967295" : "missing");
         }
     }
     return record;
@@ -101,16 +104,31 @@ static zof_view_name_t *view_name_of(cJSON *entry) {
     return made;
 }
 
+// Reports why an entry of `views` names no view.
+static void name_missing_report(const cJSON *entry) {
+    const cJSON *id = cJSON_GetObjectItem(entry, "pageId"), *name = cJSON_GetObjectItem(entry, "pageName");
+    const bool bad_id = !cJSON_IsNumber(id);
+    const cJSON *place = bad_id ? id : name;
+    if (!cJSON_IsObject(entry)) {
+        zof_fault_at(entry, "expected an object; it is left out");
+    } else if (!place) {
+        zof_fault_at(entry, "%s is missing; the entry is left out", bad_id ? "pageId" : "pageName");
+    } else {
+        zof_fault_at(place, "expected %s; the entry is left out", bad_id ? "a number" : "a text");
+    }
+}
+
 static void view_name_add(db_list *list, cJSON *entry) {
     csonKeys(entry, views_tbl);
     zof_view_name_t *name = view_name_of(entry);
     if (!name) {
-        zof_fault_at(entry, "needs pageId, a number, and pageName, a text; it is left out");
+        name_missing_report(entry);
         return;
     }
     const auto *former = (const zof_view_name_t *)__db_list_search_node(list, &name->id);
     if (former) {
-        zof_fault_at(entry, "%s has the pageId %u already; it is left out", former->name ? former->name : "", name->id);
+        zof_fault_at(cJSON_GetObjectItem(entry, "pageId"), "%s has the pageId %u already; this entry is left out",
+                     former->name ? former->name : "", name->id);
     }
     if (former || zof_view_name_list_add(list, name) != 0) {
         zof_free(name->name);
@@ -126,7 +144,7 @@ s32 zof_j2s_view_name_list_get(db_list *list) {
         const zof_fault_scope scope(zof_prj_file_path(), g_prj.json.root);
         cJSON *views = cJSON_GetObjectItem(g_prj.json.root, "views");
         if (!cJSON_IsArray(views)) {
-            zof_fault_at(views ? views : g_prj.json.root, "%s: the project has no view",
+            zof_fault_at(views ? views : g_prj.json.root, "%s; the project has no view",
                          views ? "expected an array" : "views is missing");
             views = nullptr;
         }
