@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "check/zof_check.h"
+#include "media.h"
 #include "temp_project.h"
 #include "zof_test.h"
 
@@ -335,6 +336,39 @@ TEST_CASE("links that leave the project, form a circle or lead nowhere are repor
         CHECK(findings_of(project) == row.found);
         project_write(project, project_g, "\"width\"", "\"allow_outside\": 1, \"width\"");
         CHECK(!contains(findings_of(project), "leads out"));
+    }
+}
+
+TEST_CASE("sounds and clips that cannot be played, or are cut short, are reported") {
+    const struct {
+        const char *name;
+        s32 keep; // percent of the file
+        const char *found;
+    } rows[] = {
+        {"sound/a.wav", 100, ""},
+        {"sound/a.mp3", 100, ""},
+        {"video/a.mp4", 100, ""},
+        {"sound/a.wav", 50, "cut short: its end is missing"},
+        {"sound/a.mp3", 0, "not a sound file of this kind"},
+        {"video/a.mp4", 50, "not an MP4 file, or its end is missing"},
+    };
+    lv_init();
+    for (const auto &row : rows) {
+        CAPTURE(std::string(row.name) + std::to_string(row.keep));
+        temp_project_t project;
+        project_write(project, "", "", "");
+        const bool clip = zof_suffix_is(row.name, ".mp4");
+        project.write(row.name, "");
+        media_clip made;
+        made.width = made.height = clip ? 16 : 0;
+        made.frames = clip ? 25 : 0;
+        made.tone_hz = 440;
+        made.tone_ms = 1000;
+        REQUIRE(media_write(project.path(row.name).c_str(), made));
+        const std::string all = file_text(project.path(row.name));
+        project.write(row.name, all.substr(0, all.size() * (size_t)row.keep / 100));
+        const std::string found = findings_of(project);
+        CHECK(found == (*row.found ? std::string(row.name) + ":1:1: error: " + row.found + " [file-damaged]" : ""));
     }
 }
 

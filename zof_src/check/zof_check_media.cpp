@@ -1,9 +1,10 @@
-// Opens pictures and fonts with the decoders that the runtime uses.
+// Opens pictures, fonts, sounds and clips with the decoders that the runtime uses.
 #include <cstdio>
 #include <cstring>
 #include <initializer_list>
 
 #include "check/zof_check_in.h"
+#include "drv/zof_drv_media.h"
 #include "lvgl.h"
 #include "project/look/zof_font.h"
 #include "project/look/zof_picture.h"
@@ -45,8 +46,10 @@ void check_media(check_run_t *c) {
         if (file->refused) {
             continue;
         }
+        const bool media = check_begins(file->path, "sound/") || check_begins(file->path, "video/");
         const char *fault = check_begins(file->path, "image/") && is_picture(path) ? picture_fault(path)
                             : check_begins(file->path, "font/") && is_font(path)   ? zof_font_fault(path)
+                            : media                                                ? zof_media_fault(path)
                                                                                    : nullptr;
         if (fault) {
             check_report(c, file, ZOF_J_NONE, CHECK_FILE_DAMAGED, "%s", fault);

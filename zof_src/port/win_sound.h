@@ -49,6 +49,9 @@ void sound_complain(const char *why);
 void sound_pause_set(u8 paused);
 bool sound_paused();
 
+// Returns why a WAV file cannot be played as a whole, or null. Any thread.
+const char *sound_wav_fault(const char *path);
+
 // Waits until the thread is asked to end, at most `ms`, or without limit for 0.
 void sound_stop_wait(u32 ms);
 

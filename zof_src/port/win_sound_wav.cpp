@@ -9,8 +9,9 @@ static u32 le32(const u8 *p) {
     return (u32)p[0] | (u32)p[1] << 8 | (u32)p[2] << 16 | (u32)p[3] << 24;
 }
 
-// A chunk that claims more than the file has is cut to it: SDL would allocate what it claims.
-static void lengths_bound(u8 *file, u32 size) {
+// A chunk that claims more than the file has is cut to it: SDL would allocate what it claims. Returns true if the end
+// of the file is missing; programs that write to a pipe claim a length that no file has.
+static bool lengths_bound(u8 *file, u32 size) {
     for (u64 at = RIFF_HEAD; at + CHUNK_HEAD <= size;) {
         u8 *length = file + at + 4;
         const u32 left = size - (u32)at - CHUNK_HEAD;
@@ -19,19 +20,21 @@ static void lengths_bound(u8 *file, u32 size) {
             for (u32 i = 0; i < 4; i++) {
                 length[i] = (u8)(left >> 8 * i);
             }
-            return;
+            return claimed < FILE_MOST;
         }
         at += CHUNK_HEAD + (u64)claimed + (claimed & 1);
     }
+    return false;
 }
 
-static bool wav_load(SDL_AudioSpec *spec, u8 **data, u32 *size) {
+// Returns null, or why the file cannot be played.
+static const char *wav_load(const char *path, SDL_AudioSpec *spec, u8 **data, u32 *size, bool *cut) {
     u32 length = 0;
     const char *why = nullptr;
-    u8 *file = zof_file_read_all(sound.audio_file, FILE_MOST, &length, &why);
+    u8 *file = zof_file_read_all(path, FILE_MOST, &length, &why);
     bool good = file;
     if (file) {
-        lengths_bound(file, length);
+        *cut = lengths_bound(file, length);
         SDL_ClearError();
         good = SDL_LoadWAV_RW(SDL_RWFromConstMem(file, (int)length), 1, spec, data, size);
         why = SDL_GetError();
@@ -41,11 +44,20 @@ static bool wav_load(SDL_AudioSpec *spec, u8 **data, u32 *size) {
         good = false;
         why = "its rate is out of range";
     }
-    if (!good) {
-        sound_complain(why);
-    }
     zof_free(file);
-    return good;
+    return good ? nullptr : why;
+}
+
+const char *sound_wav_fault(const char *path) {
+    SDL_AudioSpec spec = {};
+    u8 *data = nullptr;
+    u32 size = 0;
+    bool cut = false;
+    const char *why = wav_load(path, &spec, &data, &size, &cut);
+    if (!why) {
+        SDL_FreeWAV(data);
+    }
+    return why ? why : cut ? "cut short: its end is missing" : nullptr;
 }
 
 // False when there is nothing more to play.
@@ -53,7 +65,10 @@ static bool wav_play() {
     SDL_AudioSpec spec = {};
     u8 *data = nullptr;
     u32 size = 0;
-    if (!wav_load(&spec, &data, &size)) {
+    bool cut = false;
+    const char *why = wav_load(sound.audio_file, &spec, &data, &size, &cut);
+    if (why) {
+        sound_complain(why);
         return false;
     }
     const bool opened = sound_device_open(spec.freq, spec.format, spec.channels);
