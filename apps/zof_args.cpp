@@ -49,6 +49,7 @@ static std::string keys_text() {
 
 static void options_add(CLI::App &app) {
     app.set_help_flag("-h,--help", "print this help");
+    app.allow_windows_style_options(false); // "/tmp/res" is a path on all systems
     app.footer(keys_text() + environment);
     app.set_version_flag("--version,-V", zof_sdk_get_version(), "print the version of the runtime");
     auto *port = app.add_option("--port", args.port, "the port of the box; auto: the one USB serial adapter");

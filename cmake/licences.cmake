@@ -5,7 +5,7 @@ configure_file(${LVGL} ${TO}/lvgl.txt COPYONLY)
 set(libraries libsdl2-2.0-0 libavcodec59 libavformat59 libswscale6 libswresample4 libfreetype6 libcjson1)
 if(LIBRARIES)
   file(COPY ${LIBRARIES}/licences/ DESTINATION ${TO})
-  set(libraries "")
+  set(libraries mingw-w64-common gcc-mingw-w64-base) # of the compiler
 endif()
 foreach(package fonts-inter-variable ${libraries} libboost1.74-dev)
   if(EXISTS /usr/share/doc/${package}/copyright)

@@ -35,8 +35,8 @@ foreach(library CLI11::CLI11 Boost::headers doctest::doctest)
 endforeach()
 set_target_properties(Boost::headers PROPERTIES INTERFACE_LINK_LIBRARIES "ws2_32;mswsock")
 
-# Nothing of the compiler is installed beside the programs.
-add_link_options(-static)
+# Nothing of the compiler is installed beside the programs, and no names of functions are in them.
+add_link_options(-static -s)
 # The build runs `zof`, as a program of this machine.
 find_program(ZOF_NATIVE_TOOL zof PATHS ${PROJECT_SOURCE_DIR}/build/release/tools ${PROJECT_SOURCE_DIR}/build/asan/tools NO_DEFAULT_PATH)
 if(NOT ZOF_NATIVE_TOOL)

@@ -1,6 +1,7 @@
 #!/bin/sh
-# Builds the programs for Windows and runs them under Wine: the pages of the panel are the same, pixel by pixel, as those of
-# the panel of this machine. Says why it is skipped where mingw-w64 or Wine are missing.
+# Builds the programs for Windows and runs them under Wine, with serial ports that lead to pseudo-terminals: unit tests; the
+# pages of the panel, which are the same, pixel by pixel, as those of the panel of this machine; the box and hosts at the far
+# ends of its lines. Says why it is skipped where mingw-w64 or Wine are missing.
 #   usage: windows.sh [NATIVE_BUILD]      a build folder with zof_bench, zof and board_sim; build/release, made if missing
 cd "$(dirname "$0")/../.."
 for program in x86_64-w64-mingw32-g++-posix wine nasm dpkg-source; do
@@ -15,7 +16,7 @@ windows=$PWD/build/windows
 if [ ! -f "$windows/build.ninja" ]; then
     cmake --preset windows -DZOF_NATIVE_TOOL="$native/tools/zof" >"$work/configure.log" 2>&1 || fail "the build for Windows cannot be configured"
 fi
-ninja -C "$windows" --quiet >"$work/windows.log" 2>&1 || fail "the programs for Windows cannot be built"
+ninja -C "$windows" --quiet all zof_zip zof_windows_tests >"$work/windows.log" 2>&1 || fail "the programs for Windows cannot be built"
 
 session=$PWD/tools/run.session
 export WINEPREFIX="$work/wine" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" SDL_VIDEODRIVER=offscreen SDL_AUDIODRIVER=dummy
@@ -25,25 +26,31 @@ wine wineboot --init >"$work/wine.log" 2>&1 || fail "Wine does not start"
 
 # Both panels run in folders of equal content; the line has the same name in both. The name of the folder for Windows is
 # one that only UTF-16 calls find.
-inside="$work/Prüfstand 7"
-mkdir -p "$work/linux" "$inside"
-cp -r "$windows/panel/res" "$work/linux"
-cp -r "$windows/panel/." "$inside"
+inside="$work/Prüfstand 7/panel"
+mkdir -p "$work/linux" "${inside%/*}"
+cmake -E chdir "$work" cmake -E tar xf "$windows"/zof-bench-*-windows.zip
+mv "$work"/zof-bench-*-windows "$inside"
+cp -r "$inside/res" "$work/linux"
+for port in 5 6 7; do ln -sfn "$work/linux/COM$port" "$WINEPREFIX/dosdevices/com$port"; done
 line() { # a new board, and its line in both systems; further words are options of the board
     rm -f "$work/linux/COM6"
-    start board "$native/tools/board_sim" --link "$work/linux/COM6" --no-noise "$@"
+    start board "$native/tools/board_sim" --link "$work/linux/COM6" --seed 7 --no-noise "$@"
     board=$!
     expect "$work/linux/COM6"
-    ln -sfn "$(readlink "$work/linux/COM6")" "$WINEPREFIX/dosdevices/com6"
 }
-unplug() { kill "$board"; wait "$board" 2>/dev/null || true; rm -f "$work/linux/COM6" "$WINEPREFIX/dosdevices/com6"; }
+unplug() { kill "$board"; wait "$board" 2>/dev/null || true; rm -f "$work/linux/COM6"; }
+
+for test in "$windows"/tests/*.exe; do
+    wine "$test" --no-version >"$work/test.log" 2>&1 || fail "$(basename "$test") fails"
+done
 # Plays a session on one of the systems; its pictures are in $work/SYSTEM-shots.   play linux|windows SESSION
 play() {
     mkdir -p "$work/$1-shots"
     set -- "$1" "$2" "$native/panel/zof_bench" "$work/linux"
     [ "$1" = linux ] || set -- "$1" "$2" "wine ./zof_bench.exe" "$inside"
+    log=$(basename "$2" .session).log
     (cd "$4" && ZOF_COM6=COM6 ZOF_SHOTS="$work/$1-shots" ZOF_SCRIPT="$2" XDG_STATE_HOME="$work/$1-state" timeout 120 $3) \
-        >"$work/panel.log" 2>&1 || fail "the panel on $1 ended with $? in the session $2"
+        >"$work/$log" 2>&1 || fail "the panel on $1 ended with $? in the session $2"
 }
 same() {
     for page in "$@"; do
@@ -71,4 +78,45 @@ same box_output box_rails box_settings keypad rails settings
 { printf 'wait 1500\n' && tour alone; } >"$work/alone.session"
 for system in linux windows; do play $system "$work/alone.session"; done
 same alone_output alone_rails alone_trend alone_settings alone_about
-echo "windows: the panel draws the same pages under Wine"
+
+# Every fault of the line: readings appear as soon as any arrive, and a cable that is pulled out comes back.
+readings='until 20000 1 1 *\nuntil 20000 1 3 *\nview 2\nuntil 20000 2 2 5.00 V\nwait 500\nquit\n'
+pushed='until 20000 1 1 *\nwait 2500\nuntil 20000 1 3 *\nquit\n' # lost requests and answers are not repeated
+for row in "garbage=50|$readings" "late=300|$readings" "flood=11520|$readings" "lose=0.5|$pushed" "split=20|$pushed" "replug=1|$pushed" \
+    "mute|wait 1500\ntap 632 168\ntap 632 300\nwait 500\nquit\n"; do
+    fault=${row%%|*}
+    printf '%b' "${row#*|}" >"$work/${fault%=*}.session"
+    line --fault "$fault"
+    play windows "$work/${fault%=*}.session"
+    unplug
+done
+grep -q "the device is back" "$work/replug.log" || fail "the panel has not noticed the cable"
+
+# A host on its other port: names, values and texts go both ways.
+start monitor "$native/tools/zof" monitor watch --panel-link "$work/linux/COM5" --host-link "$work/host" --gap 1000
+expect "$work/host"
+start host_panel env -C "$inside" ZOF_COM6=COM6 ZOF_SCRIPT= wine ./zof_bench.exe
+expect "$work/monitor.log" "word=43707" # it has started
+host() {
+    PYTHONDONTWRITEBYTECODE=1 PYTHONPATH=clients/python /usr/bin/python3 -m zof_host --port "$work/host" --project "$inside/res" --timeout 5000 "$@" 2>"$work/host.log"
+}
+[ "$(host get view.size)" = "width=800 height=480" ] || fail "a host gets no answer"
+host set slider.value settings/slider0 55 && [ "$(host get slider.value 4/19)" = 55 ] || fail "a host's value does not arrive"
+host set --no-confirm label.text 1/17 "für 7 €" && [ "$(host get label.text 1/17)" = "für 7 €" ] || fail "a host's text does not arrive"
+
+# The virtual board of Windows, with the panel of this machine at the far end.
+start bridge "$native/tools/zof" monitor watch --panel-link "$work/linux/COM7" --host-link "$work/far"
+expect "$work/far"
+(cd "$work/linux" && exec wine "$inside/board_sim.exe" --tty COM7 --no-noise --state box.state --seconds 60) >"$work/board_sim.log" 2>&1 &
+pids="$pids $!"
+printf '%b' "$readings" >"$work/far.session"
+(cd "$work/linux" && ZOF_COM6=$work/far ZOF_SCRIPT=$work/far.session timeout 60 "$native/panel/zof_bench") >"$work/panel.log" 2>&1 ||
+    fail "board_sim.exe sends no readings"
+# Tools, on a project folder of their own.
+tool() { wine "$inside/zof.exe" "$@" >"$work/zof.log" 2>&1 || fail "zof.exe $* fails"; }
+tool check --strict "$inside/res"
+tool new "$work/neu"
+tool check --strict "$work/neu"
+tool fmt --check "$work/neu/res/config/view/main.g"
+tool catalogue button
+echo "windows: unit tests pass, the panel draws the same pages, boards and hosts talk to it"

@@ -1,8 +1,6 @@
-// The runtime on the host layer that is standard C++ alone.
-#include <set>
+// The runtime on the host layer that is standard C++ alone. The contracts in host_test.cpp are tested on it, too.
 #include <string>
 
-#include "drv/zof_drv_file.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"
 #include "view_project.h"
@@ -22,29 +20,4 @@ TEST_CASE("on the null host a project is loaded, shown and changed, and there ar
     zof_uart_info_t info;
     CHECK(contains(printed([&] { CHECK(zof_drv_uart_open(&cfg) == nullptr); }), "no serial lines"));
     CHECK((zof_drv_uart_list(&info, 1) == 0 && zof_drv_uart_info_get(nullptr, &info) == -1));
-}
-
-TEST_CASE("files of the null host follow the contracts of the other hosts") {
-    temp_project_t project;
-    const std::string file = project.path("a.txt"), folder = project.path("sub");
-    CHECK(zof_mkdir(folder.c_str()) == 0);
-    CHECK(zof_mkdir(folder.c_str()) == 1);
-    CHECK(zof_file_write(file.c_str(), "hello", 5) == 0);
-    CHECK((zof_file_size(file.c_str()) == 5 && zof_file_size(project.path("none").c_str()) == -1));
-    CHECK(zof_file_create(file.c_str()) == nullptr);
-    CHECK(zof_file_read_open(folder.c_str()) == nullptr);
-    const std::string kinds = std::to_string(zof_file_kind(file.c_str())) +
-                              std::to_string(zof_file_kind(folder.c_str())) +
-                              std::to_string(zof_file_kind(project.path("none").c_str()));
-    CHECK(kinds == "120");
-    std::set<std::string> names;
-    zof_dir_t *walk = zof_opendir(project.path("").c_str());
-    REQUIRE(walk);
-    while (const zof_dirent_t *entry = zof_readdir(walk)) {
-        names.insert(std::string(entry->name) + (entry->is_dir ? "/" : "=" + std::to_string(entry->size)));
-    }
-    zof_closedir(walk);
-    CHECK(names.count("./") + names.count("../") + names.count("sub/") + names.count("a.txt=5") == 4);
-    CHECK(zof_rename(file.c_str(), (folder + "/b.txt").c_str()) == 0);
-    CHECK((zof_file_remove((folder + "/b.txt").c_str()) == 0 && zof_file_remove(folder.c_str()) == 0));
 }

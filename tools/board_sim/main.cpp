@@ -138,6 +138,7 @@ static void loop() {
 
 static void options_add(CLI::App &app) {
     app.footer(faults_help());
+    app.allow_windows_style_options(false); // "/tmp/res" is a path on all systems
     CLI::Option *tty = app.add_option("--tty", sim.line.tty, wire_line_help)->type_name("PATH");
     if (wire_makes_lines) {
         app.add_option("--link", sim.line.link, "create a link to the pseudo-terminal at this path")

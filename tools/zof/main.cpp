@@ -13,6 +13,7 @@ static const zof_command_t *const commands[] = {
 
 static void options_add(CLI::App &app) {
     app.set_help_flag("-h,--help", "print this help");
+    app.allow_windows_style_options(false); // "/tmp/res" is a path on all systems
     app.set_version_flag("--version,-V", zof_sdk_get_version(), "print the version of the runtime");
     app.footer("`zof COMMAND --help` explains a command, with examples.\n"
                "Exit status: 0 done, nothing found; 1 something was found, or the work failed; 2 wrong arguments;\n"
