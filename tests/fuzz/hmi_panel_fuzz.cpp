@@ -1,18 +1,21 @@
 // The host protocol with a project whose two views have one control of each type, from frame to widget. The first byte
-// of an input selects: messages as they arrive on the line, and touches; or every row of the command tables on every
-// control, with edge values of numbers and hostile names. That is a series of commands of fixed size: row, control, and
-// a value for each field; the frame is built here, so no command fails the frame checks.
+// of an input selects: lines of a client of the inspector; messages as they arrive on the line, and touches; or every
+// row of the command tables on every control, with edge values of numbers and hostile names. That is a series of
+// commands of fixed size: row, control, and a value for each field; the frame is built here, so no command fails the
+// frame checks.
 //
 // Inputs share the state of the controls, so a failing input may not fail alone: with ZOF_FUZZ_HISTORY=FILE all
 // messages are written to that file, which is an input too.
 #include "hmi_line.h"
 
+#include "drv/zof_drv_aid.h"
 #include "every_control.h"
 #include "hmi/zof_hmi.h"
 #include "hmi/zof_hmi_cmd.h"
+#include "inspect/zof_inspect_in.h"
 #include "port/zof_port.h"
 
-enum { MESSAGES, COMMANDS, KINDS };
+enum { MESSAGES, COMMANDS, LINES, KINDS };
 enum { COMMAND_SIZE = 16, DRAW_EACH = 8 };
 
 static view_project_t project;
@@ -41,6 +44,9 @@ void fuzz_open() {
     win_rtc_init();
     zof_func_pwon();
     hmi_open();
+    static constexpr zof_drv_aid_ops_t aids = {.pointer = sdl_pointer_inject, .frame = sdl_frame_get}; // writes no file
+    drv_aid_t = &aids;
+    inspect_frames_start(nullptr);
     const char *file = getenv("ZOF_FUZZ_HISTORY");
     history = file ? open(file, O_WRONLY | O_CREAT | O_TRUNC, 0644) : -1;
     if (history >= 0) {
@@ -149,7 +155,21 @@ static void commands_run(fuzz_input &in) {
     zof_view_set_dis_view(1);
 }
 
+static void lines_run(fuzz_input &in) {
+    static const inspect_peer_t client = {INSPECT_WRITE, [](const inspect_line_t *) {}};
+    inspect_reader_t line = {};
+    while (in.size) {
+        if (inspect_reader_put(&line, (char)fuzz_byte(in)) || !in.size) {
+            inspect_line_run(&client, &line);
+            inspect_reader_clear(&line);
+            screen_step(SCREEN_INPUT_MS);
+        }
+    }
+    zof_view_set_dis_view(1);
+}
+
 void fuzz_one(fuzz_input &in) {
+    static void (*const kinds[KINDS])(fuzz_input &) = {messages_run, commands_run, lines_run};
     hmi_tail.clear();
-    fuzz_byte(in) % KINDS == MESSAGES ? messages_run(in) : commands_run(in);
+    kinds[fuzz_byte(in) % KINDS](in);
 }

@@ -79,7 +79,13 @@ def hosts():
     rows = {f"{name}_row": b"\1" + b"".join(bytes([number & 255, number >> 8, control, step == 0]) + dice.randbytes(12)
                            for control in range(38) for step in range(5)) for number, name in enumerate(ROWS)}
     messages = {name: b"\0" + made for name, made in (panel | {"walk": walk}).items()}
-    seeds("hmi_panel", messages | rows, words)
+    client = ['{"do": "help", "id": [1, {}]}', '{"do": "tree", "view": 2}', '{"do": "review"}', '{"do": "hit", "x": 9, "y": -1e9}',
+              '{"do": "set", "row": "label.text", "control": "#1/#1", "value": "\\u0000"}', '{"do": "picture", "file": "x"}',
+              '{"do": "state", "control": "/#4294967297", "state": "pressed+"}', '{"do": "key", "key": 1e99, "down": 1}',
+              '{"do": "show", "view": 2, "language": "..", "theme": "/"}', '{"do": "pointer", "x": 1e6, "y": 3, "down": true}',
+              '{"do": "restore", "state": {"views": [1, 7], "writes": [{}], "scrolls": [{"control": "x/", "x": 9}]}}']
+    lines = {f"line_{i}": b"\2" + text.encode() for i, text in enumerate([*client, "\n".join(client), "[" * 2000, "\n\n"])}
+    seeds("hmi_panel", messages | rows | lines, words)
     seeds("hmi_frames", frames, words)
 
 

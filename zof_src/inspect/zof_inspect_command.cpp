@@ -4,6 +4,7 @@
 
 #include "control/zof_ctrl.h"
 #include "drv/zof_drv_aid.h"
+#include "drv/zof_drv_file.h"
 #include "drv/zof_drv_gpio.h"
 #include "inspect/zof_inspect_in.h"
 #include "zof_lib/zof_stdio.h"
@@ -153,11 +154,15 @@ static std::string cmd_advance(const cJSON *args, cJSON *reply) {
     return player->advance(args, reply);
 }
 
-// Writes the file itself, because the runtime of a player is read-only.
+// Opens the file itself for a player's parent, because the runtime of a player is read-only.
+static FILE *picture_open(const char *path) {
+    return current.may == INSPECT_PLAYER ? fopen(path, "wb") : zof_file_write_open(path, ZOF_FALSE);
+}
+
 static std::string picture_write(const char *path, const u32 *pixels, s32 width, s32 height) {
     size_t size = 0;
     u8 *png = zof_drv_aid_png(pixels, width, height, &size);
-    FILE *f = png ? fopen(path, "wb") : nullptr;
+    FILE *f = png ? picture_open(path) : nullptr;
     bool written = f && fwrite(png, 1, size, f) == size;
     written = f && fclose(f) == 0 && written;
     zof_lv_free(png);
