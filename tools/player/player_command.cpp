@@ -1,5 +1,6 @@
 // The commands that only a player has; all others are those of the inspector.
 #include "hmi/zof_hmi.h"
+#include "inspect/zof_inspect.h"
 #include "player.h"
 
 enum { ADVANCE_MAX_MS = 3600000 };
@@ -52,11 +53,12 @@ static std::string advance(const cJSON *args, cJSON *) {
     return "";
 }
 
-// A separate command, because only one player at a time can open the line.
+// A separate command, because only one player at a time can open the line, and the port of ZOF_INSPECT.
 static std::string link(const cJSON *, cJSON *) {
     if (!player_options.live) {
         return "time is not real; start the player with --live";
     }
+    zof_inspect_start();
     if (zof_hmi_attr_get()) {
         return "the link is open";
     }

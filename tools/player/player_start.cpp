@@ -7,7 +7,6 @@
 #include "drv/zof_drv_file.h"
 #include "drv/zof_loop_in.h"
 #include "func/zof_func.h"
-#include "inspect/zof_inspect.h"
 #include "player.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"
@@ -134,8 +133,5 @@ std::string player_start(const char *dir) {
     }
     inspect_writes_watch();
     zof_prj_create(views.data(), (u32)views.size());
-    if (player_options.live) {
-        zof_inspect_start();
-    }
     return "";
 }

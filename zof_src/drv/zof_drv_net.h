@@ -9,9 +9,10 @@ ZOF_C_BEGIN
 
 typedef struct zof_net_port zof_net_port_t;
 
-// Opens a port; 0 selects a free one, whose number is then in `number`. Returns null on failure. A port stays open
-// until the process ends.
+// Opens a port; 0 selects a free one, whose number is then in `number`. Returns null on failure. The second closes it,
+// with nothing else in progress.
 zof_net_port_t *zof_net_listen(u16 *number);
+void zof_net_unlisten(zof_net_port_t *port);
 
 // All functions below but zof_net_wake belong to one thread, and only zof_net_wait waits.
 

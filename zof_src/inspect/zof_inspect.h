@@ -11,8 +11,8 @@ ZOF_C_BEGIN
 
 // Opens the port that the environment variable ZOF_INSPECT names, on 127.0.0.1 alone, and prints its number and the
 // file of its token; does nothing if the variable is not set. If the port cannot be opened, the program runs without
-// it, after one log line. Commands are executed in turns of the main loop. Graphics thread, once, after the first view
-// is shown.
+// it, after one log line. Commands are executed in turns of the main loop. Only the first call counts. Graphics thread,
+// after the first view is shown.
 void zof_inspect_start(void);
 
 ZOF_C_END

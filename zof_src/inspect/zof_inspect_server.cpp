@@ -358,6 +358,8 @@ static u16 port_open(const char *text) {
     }
     if (!token_make(number)) {
         zof_printf("inspect: the token cannot be written: %s", zof_file_error());
+        zof_net_unlisten(server.port);
+        server.port = nullptr;
         return 0;
     }
     zof_end_add(token_remove);
@@ -378,7 +380,7 @@ static void serving_start(bool write) {
 void zof_inspect_start(void) {
     const char *text = getenv("ZOF_INSPECT");
     const char *write = getenv("ZOF_INSPECT_WRITE");
-    const u16 number = text && *text ? port_open(text) : 0;
+    const u16 number = text && *text && !server.port ? port_open(text) : 0;
     if (number) {
         serving_start(write && strcmp(write, "1") == 0);
         zof_printf("inspect: 127.0.0.1:%u, token in %s", number, server.file);

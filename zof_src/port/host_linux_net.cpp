@@ -51,6 +51,12 @@ zof_net_port_t *zof_net_listen(u16 *number) {
     return wake >= 0 ? new (std::nothrow) zof_net_port{listener, wake} : nullptr;
 }
 
+void zof_net_unlisten(zof_net_port_t *port) {
+    close(port->listener);
+    close(port->wake);
+    delete port;
+}
+
 // Without free descriptors the connection stays in the queue, and poll would report it without a pause.
 s32 zof_net_accept(zof_net_port_t *port) {
     const int fd = accept4(port->listener, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);

@@ -320,6 +320,10 @@ zof_net_port_t *zof_net_listen(u16 *number) {
     return nullptr;
 }
 
+void zof_net_unlisten(zof_net_port_t *port) {
+    (void)port;
+}
+
 s32 zof_net_accept(zof_net_port_t *port) {
     (void)port;
     return -1;
