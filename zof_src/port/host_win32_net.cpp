@@ -60,6 +60,12 @@ zof_net_port_t *zof_net_listen(u16 *number) {
     return new (std::nothrow) zof_net_port{listener, wake};
 }
 
+void zof_net_unlisten(zof_net_port_t *port) {
+    closesocket(port->listener);
+    closesocket(port->wake);
+    delete port;
+}
+
 // A connection inherits that it does not wait.
 s32 zof_net_accept(zof_net_port_t *port) {
     const SOCKET s = accept(port->listener, nullptr, nullptr);
