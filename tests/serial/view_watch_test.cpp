@@ -165,6 +165,50 @@ TEST_CASE("saves are shown soon") {
     }
 }
 
+TEST_CASE("a running program is shown as it draws, and its picture stays when it ends") {
+    temp_project_t runtime; // its folder is private, as the one for tokens must be
+    setenv("XDG_RUNTIME_DIR", runtime.top.c_str(), 1);
+    setenv("ZOF_INSPECT", "0", 1);
+    watched program;
+    u32 port = 0;
+    CHECK(program.until([&] {
+        for (const auto &entry : std::filesystem::directory_iterator(runtime.top)) {
+            if (entry.is_regular_file() && entry.file_size() == 32) { // the whole token
+                sscanf(entry.path().filename().c_str(), "zof_inspect_%u", &port);
+            }
+        }
+        return port != 0;
+    }));
+    view_session_t session = {.port = port, .first = cJSON_Parse(R"({"do": "load"})")};
+    const auto shows = [&](const view_image_t &wanted) {
+        return program.until([&] {
+            view_session_step(&session, 1);
+            return session.picture.pixels == wanted.pixels;
+        });
+    };
+    REQUIRE(view_session_start(&session, false) == "");
+    CHECK(shows(program.session.picture));
+    program.tell(R"({"do": "set", "row": "label.text", "control": "home/text", "value": "by host"})");
+    CHECK(shows(program.session.picture));
+    session.tell = [&](const cJSON *line) {
+        char *text = cJSON_PrintUnformatted(line);
+        session.message = text;
+        cJSON_free(text);
+    };
+    view_session_send(&session, cJSON_Parse(R"({"do": "show", "view": "first"})"));
+    CHECK(program.until([&] {
+        view_session_step(&session, 1);
+        return contains(session.message, "needs ZOF_INSPECT_WRITE=1");
+    }));
+    kill(program.session.shown.process, SIGKILL);
+    CHECK(eventually([&] {
+        view_session_step(&session, 1);
+        return session.note == "the program has ended";
+    }));
+    CHECK(session.picture.width == 100);
+    view_session_stop(&session);
+}
+
 TEST_CASE("the inspector describes what lies under the pointer, and walks through it") {
     view_inspector_t inspector = {.on = true};
     cJSON *reply = cJSON_Parse(R"({"controls": [
