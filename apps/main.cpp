@@ -1,7 +1,7 @@
+#include "zof.h"
 #include "zof_args.h"
-#include "zof_start.h"
 
 int main(int argc, char **argv) {
-    const int status = zof_args_take(&argc, argv);
-    return status >= 0 ? status : zof_run(argc, argv);
+    zof_app_set(&zof_bench_app);
+    return zof_run(argc, argv);
 }

@@ -1,5 +1,6 @@
-// Writes the tables of keys into the manual of project folders and the pages of control types, and the table of rules
-// into the page of `zof lint`. The catalogue and the rows of the rules are the only sources.
+// Writes the tables of keys into the manual of project folders and the pages of control types, the table of rules into
+// the page of `zof lint`, and those of options, variables and exit statuses into the page on running a program. The
+// catalogue and the rows in the code are the only sources.
 #include <cstdio>
 #include <cstring>
 

@@ -82,6 +82,7 @@
 #include "func/zof_func.h"
 #include "func/zof_func_stdby.h"
 #include "func/zof_func_update.h"
+#include "func/zof_option.h"
 #include "hmi/zof_hmi.h"
 #include "hmi/zof_hmi_analys.h"
 #include "hmi/zof_hmi_cmd.h"

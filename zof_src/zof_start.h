@@ -12,10 +12,10 @@ void zof_main(void); // passes the view table to zof_prj_create
 
 // Handles the command line, starts the runtime in its fixed order, calls zof_main and runs the main loop: one turn of
 // lv_timer_handler under dis_mutex, then sleep without it until a timer is due, the window has an event, a host's
-// command arrives, or another thread has held the lock. Main thread only, once. Returns 0 when zof_win_cmd handled the
-// command line, 1 when there is no project to show, or
-// ZOF_STRICT=1 and the project has errors; otherwise never: closing the window ends the process. Without
-// memory for LVGL's objects it logs a line and exits with ZOF_EXIT_MEMORY.
+// command arrives, or another thread has held the lock. Main thread only, once. Returns the exit
+// status if there is nothing to show: what the command line asked for is done (func/zof_option.h), or there is no
+// project, or ZOF_STRICT=1 is set and it has errors. Otherwise never: closing the window ends the process. Without
+// memory for LVGL's objects it logs a line and exits with ZOF_EXIT_FAILURE.
 int zof_run(int argc, char **argv);
 
 ZOF_C_END

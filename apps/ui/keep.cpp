@@ -37,7 +37,8 @@ static constexpr struct {
     std::string (*write)();
     bool (*take)(const char *text);
 } rows[] = {
-    {"language", language, [](const char *text) { return language() == text || zof_lang_set(text) == 0; }},
+    {"language", language,
+     [](const char *text) { return zof_lang_start() || language() == text || zof_lang_set(text) == 0; }},
     {"hold_to_raise", [] { return std::string(bench.hold_off ? "no" : "yes"); },
      [](const char *text) {
          bool hold = true;

@@ -51,7 +51,7 @@ class BenchPanel:
         """May be called again after `stop`, like a panel that is switched off and on."""
         hidden = {} if self._window else {"SDL_VIDEODRIVER": "offscreen", "SDL_AUDIODRIVER": "dummy"}
         env = {**os.environ, "XDG_STATE_HOME": str(self._top), "ZOF_SCRIPT": "session", "ZOF_COM6": "board", f"ZOF_COM{self.PORT}": self.line.panel, **hidden}
-        self.panel = subprocess.Popen([self.build / self.FOLDER / self.PROGRAM, *self._arguments], cwd=self._top, env=env,
+        self.panel = subprocess.Popen([self.build / self.FOLDER / self.PROGRAM, "--project", "res", *self._arguments], cwd=self._top, env=env,
                                        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         self._logger = threading.Thread(target=self._read_log, daemon=True)
         self._logger.start()

@@ -17,11 +17,31 @@ ends() {
 says() { grep -qF -- "$1" "$work/out.log" || fail "there is no \"$1\" in:"; }
 project() { mkdir -p "$work/res/config/project" && printf '%s' "$1" >"$work/res/config/project/zofprj.g"; }
 
-ends 1 "$build/panel/zof_bench"
+# Where a program finds its project: each place hides those after it, and without any of them all are listed.
+mkdir "$work/bin"
+cp "$build/examples/gallery/gallery/gallery" "$work/bin/coffee"
+ln -s bin/coffee "$work/tea"
+export XDG_DATA_DIRS="$work/share:relative:$work/data"
+places="$work/bin/res $work/share/coffee/res $work/data/coffee/res ../.././res ././res"
+ends 3 "$work/tea"
 says "No work path found"
+for place in $places; do says "$(echo "$place" | sed 's|^\([.][./]*/\)[.]/res|\1res|'): config/project/zofprj.g: No such file"; done
+[ "$(grep -c zofprj.g "$work/out.log")" -eq 7 ] || fail "a place is listed twice, or one is too many:"
+for place in ./res ../../res "$work/data/coffee/res" "$work/share/coffee/res" "$work/bin/res"; do
+    mkdir -p "$place/config/project"
+    echo '{"views": [}' >"$place/config/project/zofprj.g"
+    ends 1 "$work/tea"
+    says "$(cd "$place" && pwd | sed "s|^$work/a/b|././|;s|^$work/res|../.././res|;s|//*|/|g")/"
+done
+rm -r "$work/bin/res"
+ends 3 "$work/tea" --project "$work/bin/"
+says "$work/bin/res: config/project/zofprj.g: No such file"
+! grep -q "$work/share" "$work/out.log" || fail "--project looks in other places:"
+rm -r ./res
 
 project '{"views": [}'
-ends 1 "$build/panel/zof_bench"
+panel="$build/panel/zof_bench --project $work"
+ends 1 $panel
 says "zofprj.g:1:12: expected a value, found"
 [ "$(grep -c "expected a value" "$work/out.log")" -eq 1 ] || fail "a fault of the project file is printed twice:"
 # The manual page and the completion know every subcommand.
@@ -48,16 +68,16 @@ ends 3 "$build/tools/zof" fmt "$work/none.g"
 rm -r "$work/res/config/view"
 ends 2 "$build/tools/zof" check
 ends 3 "$build/tools/zof" check "$work/none"
-ends 1 env ZOF_STRICT=1 "$build/panel/zof_bench"
+ends 1 env ZOF_STRICT=1 $panel
 says "there is no config/view/none.g [file-missing]"
 # The runtime answers for an application without options of its own.
 gallery=$build/examples/gallery/gallery/gallery
 for word in -h --help; do
     ends 0 "$gallery" $word
-    for part in "usage: $gallery" --version "ZOF_COM<P>" ZOF_SCRIPT; do says "$part"; done
+    for part in "usage: gallery" --version "--port N=PATH" "ZOF_COM<N>" ZOF_SCRIPT; do says "$part"; done
     ends 0 "$build/panel/zof_bench" $word
-    for part in "--port PATH|auto" --list-ports "--replay FILE" "--log FILE|-" --fullscreen "--scpi [ADDRESS:]PORT" --headless F11 \
-        ZOF_LINK_TRACE "Exit status: 0"; do
+    for part in "--port PATH|auto|N=PATH" --list-ports "--replay FILE" "--log FILE|-" --fullscreen "--scpi [ADDRESS:]PORT" --headless F11 \
+        ZOF_LINK_TRACE "0  the window was closed"; do
         says "$part"
     done
 done
@@ -68,21 +88,34 @@ done
 ends 0 "$build/panel/zof_bench" --list-ports
 # Wrong arguments start nothing: the arguments, and the message.
 wrong() {
-    ends 2 "$build/panel/zof_bench" $1
+    ends "${3:-2}" "$build/panel/zof_bench" $1
     says "$2"
     ! grep -q "sdk:" "$work/out.log" || fail "\"$1\" started the panel:"
 }
-wrong "x y" "not expected: "
-wrong t "not expected: t"
-wrong --port "--port: "
+wrong "x y" "x: not expected"
+wrong t "t: not expected"
+wrong --po "--po: not expected"
+wrong --port "--port: a value is missing: PATH"
+wrong "--port --headless" "--port: a value is missing"
+wrong --headless=1 "takes no value"
+for port in 256=/x 5=; do wrong "--port=$port" "--port $port: "; done
+for scale in 0.4 9 nan 1x; do wrong "--scale $scale" "from 0.5 to 8"; done
 wrong "--port $(printf %0300d 0)" "too long"
 for address in 5025x 65536 host:1 1.2.3.4:; do wrong "--scpi=$address" "not [ADDRESS:]PORT"; done
 wrong "--scpi 192.0.2.1:5025" "--scpi 192.0.2.1:5025: "
-wrong "--replay /nowhere" "/nowhere: No such file"
+wrong "--replay /nowhere" "/nowhere: No such file" 3
 wrong "--replay / --port auto" "excludes"
-wrong "--record /nowhere" "does not exist"
-wrong "--import /nowhere" "/nowhere: No such file"
-wrong "--log $work/out.log" "exists"
+wrong "--record /nowhere" "no such folder" 3
+wrong "--import /nowhere" "/nowhere: No such file" 3
+wrong "--log $work/out.log" "exists" 3
+ends 3 "$build/panel/zof_bench" --lang fr
+says "config/languages/fr.g: cannot be read"
+for option in --fullscreen "--scale 2"; do
+    ends 4 env -u DISPLAY -u WAYLAND_DISPLAY SDL_VIDEODRIVER= "$build/panel/zof_bench" $option
+done
+ends 4 env SDL_VIDEODRIVER=x11 DISPLAY=:9999 "$build/panel/zof_bench"
+ends 2 "$build/tools/zof_player" --wrong
+ends 2 "$build/tools/board_sim" --wrong
 
 project '{"version": "1"}'
 ends 0 "$build/panel/zof_bench" t -tnow
@@ -90,16 +123,16 @@ grep -q '"comp_time":	"now"' "$work/res/config/project/zofprj.g" || fail "the bu
 
 # A project without views is an empty panel. A port that is given wins over the environment.
 printf 'wait 100\r\n# a comment\nshot %s/empty.png\nquit  \n' "$work" >"$work/session"
-ends 0 env ZOF_SCRIPT="$work/session" ZOF_COM6=/other "$build/panel/zof_bench" --port /nowhere
+ends 0 env ZOF_SCRIPT="$work/session" ZOF_COM6=/other $panel --port /nowhere --port 5=/five
 says "cannot open /nowhere"
 [ -s "$work/empty.png" ] || fail "there is no picture of the empty panel"
 rm "$work/empty.png"
-ends 0 env -u SDL_VIDEODRIVER DISPLAY=:9999 ZOF_SCRIPT="$work/session" "$build/panel/zof_bench" --headless --scpi 0
+ends 0 env -u SDL_VIDEODRIVER DISPLAY=:9999 ZOF_SCRIPT="$work/session" $panel --headless --scpi 0
 says "SCPI: listening on 127.0.0.1:"
 ! grep "window:" "$work/out.log" || fail "a panel without a window looked for a display"
 [ -s "$work/empty.png" ] || fail "there is no picture of a panel without a window"
 rm "$work/empty.png"
-ZOF_SCRIPT="$work/session" SDL_VIDEODRIVER=offscreen timeout 60 "$build/panel/zof_bench" | true
+ZOF_SCRIPT="$work/session" SDL_VIDEODRIVER=offscreen timeout 60 $panel | true
 [ -s "$work/empty.png" ] || fail "the panel ended when its output was closed"
 # A trace is replayed in the panel's own project, without a port, and may be traced again, but not onto itself.
 replayed() {
@@ -115,13 +148,14 @@ replayed "$work/trace" "is being replayed"
 # A session with a fault: its text, and the message.
 stops() {
     printf "$1" >"$work/session"
-    ends 2 env ZOF_SCRIPT="$work/session" "$build/panel/zof_bench"
+    ends "${3:-2}" env ZOF_SCRIPT="$work/session" $panel
     says "$2"
 }
 stops 'wait soon\n' "session:1: a number was expected"
 stops '\ntap 5\n' "session:2: a word is missing"
 stops '# nothing\njump\n' "session:2: there is no such command"
 stops 'wait -5\n' "session:1: a time cannot be negative"
+stops 'shot none/a.png\n' "session:1: the picture cannot be written" 3
 
 # A project that `zof ids` refuses: the project file, the view file, and the message.
 refuses() {

@@ -11,6 +11,7 @@
 #include "hardware/uart/zof_hw_text.h"
 #include "script.h"
 #include "system.h"
+#include "zof_lib/zof_stdio.h"
 
 struct options {
     std::vector<std::string> faults;
@@ -158,25 +159,26 @@ static void options_add(CLI::App &app) {
     app.add_flag("--no-noise", opt.quiet_noise, "readings without noise");
 }
 
-// Returns false after a message about an invalid option.
-static bool options_apply() {
+// Returns the exit status: not good after a message about an invalid option or file.
+static int options_apply() {
     for (const std::string &f : opt.faults) {
         if (!fault_take(sim.line.faults, f)) {
             fprintf(stderr, "board_sim: --fault: unknown fault or amount out of range: \"%s\"; see --help\n",
                     f.c_str());
-            return false;
+            return ZOF_EXIT_USAGE;
         }
     }
     if (!load_parse(opt.load, sim.box.load)) {
         fprintf(stderr, "board_sim: --load takes ohms (10) or amperes (2A), not \"%s\"\n", opt.load.c_str());
-        return false;
+        return ZOF_EXIT_USAGE;
     }
     sim.box.random.seed(opt.seed);
     sim.line.random.seed(opt.seed);
     sim.box.noise = !opt.quiet_noise;
     sim.box.rails = board_default_rails((size_t)opt.rails);
-    return (sim.box.settings_file.empty() || board_settings_check(sim.box)) &&
-           (opt.script.empty() || read_script(opt.script));
+    const bool files = (sim.box.settings_file.empty() || board_settings_check(sim.box)) &&
+                       (opt.script.empty() || read_script(opt.script));
+    return files ? ZOF_EXIT_GOOD : ZOF_EXIT_FILES;
 }
 
 static const std::string &line_name() {
@@ -187,15 +189,20 @@ static const std::string &line_name() {
 int main(int argc, char **argv) {
     CLI::App app("The virtual board: simulates the bench box at the far end of the panel's serial line.");
     options_add(app);
-    CLI11_PARSE(app, argc, argv);
-    if (!options_apply()) {
-        return 2;
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError &fault) {
+        return app.exit(fault) == 0 ? ZOF_EXIT_GOOD : ZOF_EXIT_USAGE;
+    }
+    const int status = options_apply();
+    if (status != ZOF_EXIT_GOOD) {
+        return status;
     }
     sim.send = send_frame;
     sim.box.write = [](uint16_t addr, const std::vector<uint16_t> &words) { send_frame(frame_write(addr, words)); };
     sim.finder.found = on_frame;
     if (!wire_plug(sim.line)) {
-        return 1;
+        return ZOF_EXIT_FILES;
     }
     for (int sig : system_end_signals()) {
         signal(sig, [](int) { stop = 1; });
@@ -209,5 +216,5 @@ int main(int argc, char **argv) {
     if (print_fault) {
         fprintf(stderr, "board_sim: standard output: %s\n", std::generic_category().message(print_fault).c_str());
     }
-    return print_fault ? 1 : 0;
+    return print_fault ? ZOF_EXIT_FAILURE : ZOF_EXIT_GOOD;
 }

@@ -9,6 +9,7 @@
 #include "drv/zof_lock.h"
 #include "drv/zof_loop_in.h"
 #include "player.h"
+#include "zof_lib/zof_stdio.h"
 
 player_options_t player_options;
 
@@ -94,7 +95,11 @@ int main(int argc, char **argv) {
     app.add_flag("--live", player_options.live,
                  "real time and the serial link, instead of time that only commands advance");
     app.add_option("--shared", player_options.shared, "the file of the picture, which is mapped")->type_name("FILE");
-    CLI11_PARSE(app, argc, argv);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError &fault) {
+        return app.exit(fault) == 0 ? ZOF_EXIT_GOOD : ZOF_EXIT_USAGE;
+    }
     player_io_init();
     zof_system_start();
     inspect_messages_start(false);

@@ -4,12 +4,13 @@
 
 #include <CLI/CLI.hpp>
 
-// Exit statuses of all subcommands.
+#include "zof_lib/zof_stdio.h"
+
+// What the exit statuses of all programs mean for the subcommands.
 enum {
-    ZOF_EXIT_CLEAN = 0,
-    ZOF_EXIT_FINDINGS = 1,   // something was found, or the work failed
-    ZOF_EXIT_USAGE = 2,      // wrong arguments
-    ZOF_EXIT_UNREADABLE = 3, // a named file or folder cannot be read
+    ZOF_EXIT_CLEAN = ZOF_EXIT_GOOD,
+    ZOF_EXIT_FINDINGS = ZOF_EXIT_FAILURE, // something was found, or the work failed
+    ZOF_EXIT_UNREADABLE = ZOF_EXIT_FILES, // a named file or folder cannot be read
 };
 
 struct zof_command_t {

@@ -48,6 +48,16 @@ zof_bool zof_disp_get_fullscreen(void) {
     return fullscreen;
 }
 
+static u32 scale;
+
+void zof_disp_set_scale(u32 percent) {
+    scale = percent;
+}
+
+u32 zof_disp_get_scale(void) {
+    return scale;
+}
+
 s32 zof_disp_set_title(const char *title) {
     return title && zof_disp && zof_disp->set_title ? zof_disp->set_title(title) : -1;
 }

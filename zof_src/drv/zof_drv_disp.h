@@ -49,6 +49,11 @@ zof_bool zof_disp_has_light(void);
 s32 zof_disp_set_fullscreen(zof_bool on);
 zof_bool zof_disp_get_fullscreen(void);
 
+// Sets the size of the window in percent of the picture's, in place of the size that was remembered; 0, the initial
+// value: the remembered one. Before the display is registered. The second returns it.
+void zof_disp_set_scale(u32 percent);
+u32 zof_disp_get_scale(void);
+
 // Changes the window's title, which is the project's name at first; UTF-8. Returns 0, or -1 without a window.
 s32 zof_disp_set_title(const char *title);
 

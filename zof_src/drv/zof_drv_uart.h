@@ -113,6 +113,11 @@ const char *zof_drv_uart_state_text(const zof_uart_info_t *info, char *out, size
 // started.
 u32 zof_drv_uart_list(zof_uart_info_t *out, u32 most);
 
+// Sets the path of a port that is opened without one, in place of the environment's; copied. Before the port is opened.
+// Returns 0, or -1 for an invalid port and for a path that is empty or too long. The second returns it, or null.
+s32 zof_drv_uart_port_path_set(s32 port, const char *path);
+const char *zof_drv_uart_port_path(s32 port);
+
 // Moves a port to another path: the line is closed and the new one tried at once, by the reader thread; sends return -1
 // until it is open. The same path is tried again, unless it is open. Empty: no line. Any thread, never waits. Returns
 // 0, or -1: invalid handle, null, too long, or a port that cannot do it.

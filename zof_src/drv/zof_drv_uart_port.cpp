@@ -1,8 +1,10 @@
 // What lies below the threads of a serial port: the table of open ports, and the calls that the port's driver answers.
 #include <stdio.h>
+#include <string.h>
 
 #include "drv/zof_drv_uart_in.h"
 #include "zof_lib/zof_stdio.h"
+#include "zof_lib/zof_util.h"
 
 const zof_drv_uart_ops_t *drv_uart_t;
 std::atomic<zof_drv_t *> uart_drvs_t[UART_PORT_COUNT];
@@ -52,6 +54,21 @@ s32 zof_drv_uart_set_cfg(zof_drv_t *handle, u32 speed, u32 bit, u32 parity, u32 
     const zof_uart_cfg_t cfg = {
         .win_port = 0, .port = handle->port, .speed_e = speed, .bit_e = bit, .parity_e = parity, .stop_e = stop};
     return drv_uart_t->set_cfg(handle, &cfg);
+}
+
+static char *given[UART_PORT_COUNT]; // paths of the command line
+
+s32 zof_drv_uart_port_path_set(s32 port, const char *path) {
+    if (port < 0 || port >= UART_PORT_COUNT || !path || !*path || strlen(path) >= sizeof(zof_uart_info_t::path)) {
+        return -1;
+    }
+    zof_free(given[port]);
+    given[port] = zof_text_copy(path);
+    return given[port] ? 0 : -1;
+}
+
+const char *zof_drv_uart_port_path(s32 port) {
+    return port >= 0 && port < UART_PORT_COUNT ? given[port] : nullptr;
 }
 
 static const char *held_text(const zof_uart_info_t *info, char *out, size_t size) {

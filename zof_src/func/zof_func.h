@@ -17,10 +17,9 @@ enum {
     ZOF_SHOW_BOTTOM = 32, // at the bottom centre instead of the top left; alone it shows nothing
 };
 
-// Answers `--help`, `-h`, `--version` and `-V`, and handles the build call `t <switch><stamp>`: argv[2] without its
-// first two characters becomes "comp_time" in the project file at ../../res; all other keys stay. Prints only errors in
-// that file, which then stays unchanged. Returns 0 when the process must end, whatever the result; -1 when the user
-// interface must run.
+// Handles the build call `t <switch><stamp>`: argv[2] without its first two characters becomes "comp_time" in the
+// project file at ../../res; all other keys stay. Prints only errors in that file, which then stays unchanged. Returns
+// 0 if the process must end, whatever the result, and -1 if there are fewer than two arguments.
 s32 zof_win_cmd(int argc, char **argv);
 
 // Once, after the drivers and before the host link. Does not return for a project that is too large for the panel.

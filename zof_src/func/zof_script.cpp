@@ -39,9 +39,9 @@ static struct script_t {
     _Exit(status); // threads still run: nothing is torn down, as when the window is closed
 }
 
-[[noreturn]] static void fault(const char *what) {
+[[noreturn]] static void fault(const char *what, int status = ZOF_EXIT_USAGE) {
     zof_printf("%s:%u: %s", script.path, script.line, what);
-    leave(2);
+    leave(status);
 }
 
 static s32 number(s32 index) {
@@ -112,7 +112,7 @@ static step_e cmd_shot() {
     const int need = snprintf(path, sizeof(path), "%s%s%s", folder ? folder : "", folder ? "/" : "", script.args[1]);
     lv_refr_now(nullptr);
     if (need >= LINE_SIZE || zof_drv_aid_shot(path) != 0) {
-        fault("the picture cannot be written");
+        fault("the picture cannot be written", ZOF_EXIT_FILES);
     }
     return DONE;
 }
@@ -151,13 +151,13 @@ static step_e cmd_until() {
     if (elapsed() > duration(1)) {
         zof_printf("%s:%u: after %s ms the text is \"%s\", not \"%s\"", script.path, script.line, script.args[1], now,
                    want);
-        leave(3);
+        leave(ZOF_EXIT_FAILURE);
     }
     return AGAIN;
 }
 
 static step_e cmd_quit() {
-    leave(0);
+    leave(ZOF_EXIT_GOOD);
 }
 
 static constexpr struct {
@@ -247,7 +247,7 @@ void zof_script_start(void) {
     script.text = GetJsonFile(script.path);
     if (!script.text) {
         zof_printf("%s: the script cannot be read", script.path);
-        leave(2);
+        leave(ZOF_EXIT_FILES);
     }
     script.next = script.text;
     zof_task_create(script_task, STEP_MS, nullptr);

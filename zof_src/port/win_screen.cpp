@@ -4,6 +4,7 @@
 
 #include <SDL.h>
 
+#include <stdlib.h>
 #include <string.h>
 
 #include "drv/zof_drv_disp.h"
@@ -37,14 +38,24 @@ static bool memory_driver(const char *name) {
     return name && (strcmp(name, "offscreen") == 0 || strcmp(name, "dummy") == 0);
 }
 
+// Ends the program if it was asked for a window: whoever started it would wait for one that nobody can see.
+static void display_must(const char *asked, const char *reason) {
+    if (!memory_driver(asked) && (asked || zof_disp_get_fullscreen() || zof_disp_get_scale())) {
+        zof_printf("window: %s", reason);
+        _Exit(ZOF_EXIT_DISPLAY); // nothing is torn down, as when the window is closed
+    }
+}
+
 bool win_screen_video() {
     const char *asked = SDL_getenv("SDL_VIDEODRIVER");
     if (SDL_Init(SDL_INIT_VIDEO) == 0) {
         if (memory_driver(SDL_GetCurrentVideoDriver()) && !memory_driver(asked)) {
+            display_must(asked, "no display found");
             zof_printf("window: no display found; drawing off the screen");
         }
         return true;
     }
+    display_must(asked, SDL_GetError());
     static const char *const without[] = {"offscreen", "dummy"};
     for (const char *driver : without) {
         char reason[128];
@@ -82,8 +93,11 @@ static bool screen_is_small(s32 w, s32 h) {
 
 // The size to open with. Neither one from a larger screen nor a large picture may hide a part of the window.
 static win_place_t place_choose(s32 w, s32 h) {
-    win_place_t place = {w, h, false};
-    win_place_read(window_title(), &place);
+    const s32 percent = (s32)zof_disp_get_scale();
+    win_place_t place = {percent ? w * percent / 100 : w, percent ? h * percent / 100 : h, false};
+    if (!percent) {
+        win_place_read(window_title(), &place);
+    }
     SDL_Rect room = {};
     if (SDL_GetDisplayUsableBounds(0, &room) == 0 && (place.w > room.w || place.h > room.h)) {
         const win_fit_t fit = win_fit_make(place.w, place.h, room.w, room.h);
@@ -96,7 +110,7 @@ static win_place_t place_choose(s32 w, s32 h) {
 // Hidden until its surface is black; on its own the system would show what was there before, or white. A full screen
 // has its size from the beginning, because without a window manager nobody else would set it.
 static bool window_create(s32 w, s32 h) {
-    const bool full = zof_disp_get_fullscreen() || screen_is_small(w, h);
+    const bool full = zof_disp_get_fullscreen() || (!zof_disp_get_scale() && screen_is_small(w, h));
     screen.opened = screen.now = screen.before = place_choose(w, h);
     screen.corner = {SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED};
     SDL_Rect at = {SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, screen.opened.w, screen.opened.h};

@@ -24,7 +24,8 @@ static bool line_settings(const zof_uart_cfg_t *cfg, zof_host_line_t *line) {
 
 static zof_drv_t *win_uart_open(zof_uart_cfg_t *cfg) {
     zof_host_line_t line;
-    return line_settings(cfg, &line) ? zof_host_serial_open(cfg->port, cfg->path, &line) : nullptr;
+    const char *path = cfg->path ? cfg->path : zof_drv_uart_port_path(cfg->port);
+    return line_settings(cfg, &line) ? zof_host_serial_open(cfg->port, path, &line) : nullptr;
 }
 
 static s32 win_uart_set_cfg(zof_drv_t *handle, const zof_uart_cfg_t *cfg) {

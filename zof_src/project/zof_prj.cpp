@@ -67,8 +67,9 @@ zof_prj_t *zof_prj_obj_create(const char *path) {
     prj->view_names = zof_view_name_list_get(nullptr);
     prj->font_list = zof_font_list_create();
     prj->icons = zof_icons_load();
-    if (prj->attr->language) {
-        zof_lang_set(prj->attr->language);
+    const char *language = zof_lang_start() ? zof_lang_start() : prj->attr->language;
+    if (language) {
+        zof_lang_set(language);
     }
     zof_win_mem_total_set(prj->attr->win_mem);
     return prj;

@@ -21,16 +21,22 @@ s32 zof_prj_hw_init(void);
 // drawn.
 void zof_prj_show_power_on_logo(void);
 
-// Names the project folder, which is then used as it is, in place of a search, and need not be writable. Null or an
-// empty text: search. Before zof_drv_init. Returns 0, or -1 for a path that is too long.
+// Names the project folder, or a folder that has it as res/, in place of a search. Null or an empty text: search.
+// Before zof_drv_init. Returns 0, or -1 for a path that is too long.
 s32 zof_prj_folder_set(const char *folder);
 
-// Searches for the project folder relative to the working directory and creates the project object from it. Prints the
-// folder, or "No work path found".
+// Searches for the project folder and creates the project object from it. The places are: res/ beside the program;
+// NAME/res/ in the data folder of the program's prefix and in those of XDG_DATA_DIRS, where NAME is the program's;
+// then res/ in "../../", "./", "./zof_src/zof_test/" and "../zof_src/zof_test/". Prints the folder, or "No work path
+// found".
 void zof_drv_set_prj_path(void);
 
 // Only searches; returns the folder, in the shared path buffer, or null.
 const char *zof_drv_get_prj_path(void);
+
+// If the search finds nothing, prints each place with the reason: "/usr/share/panel/res: config/project/zofprj.g: No
+// such file or directory".
+void zof_prj_places_print(void);
 
 ZOF_C_END
 

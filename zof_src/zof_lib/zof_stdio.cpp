@@ -108,7 +108,7 @@ void zof_lv_free(void *p) {
 
 void zof_mem_end(const char *what) {
     zof_printf("out of memory: %s; the program ends\n", what);
-    std::_Exit(ZOF_EXIT_MEMORY); // threads may still run: nothing is torn down
+    std::_Exit(ZOF_EXIT_FAILURE); // threads may still run: nothing is torn down
 }
 
 static void *must_have(void *p, size_t n) {

@@ -33,14 +33,16 @@ void *zof_lv_malloc(size_t n);
 void *zof_lv_realloc(void *p, size_t n);
 void zof_lv_free(void *p);
 
+// The exit statuses of all programs; zof_exits in func/zof_option.h explains them.
+enum { ZOF_EXIT_GOOD = 0, ZOF_EXIT_FAILURE = 1, ZOF_EXIT_USAGE = 2, ZOF_EXIT_FILES = 3, ZOF_EXIT_DISPLAY = 4 };
+
 // LVGL allocates with these. It does not check most of its blocks, so a failure would crash somewhere else. The program
-// ends instead, with one log line and the status ZOF_EXIT_MEMORY. Blocks above 1 MiB, which are pictures and layers,
+// ends instead, with one log line and the status ZOF_EXIT_FAILURE. Blocks above 1 MiB, which are pictures and layers,
 // are checked by their users and may be null.
-enum { ZOF_EXIT_MEMORY = 3 };
 void *zof_lv_malloc_must(size_t n);
 void *zof_lv_realloc_must(void *p, size_t n);
 
-// Ends the program when memory is exhausted: logs what it was for and exits with ZOF_EXIT_MEMORY. Does not return.
+// Ends the program when memory is exhausted: logs what it was for and exits with ZOF_EXIT_FAILURE. Does not return.
 void zof_mem_end(const char *what);
 
 // For tests: makes the n-th allocation from now on fail, of either family, and no other one; 0 for none. Returns the

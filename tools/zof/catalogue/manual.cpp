@@ -4,6 +4,7 @@
 
 #include "check/zof_check.h"
 #include "control/zof_ctrl_create.h"
+#include "func/zof_option.h"
 #include "words.h"
 
 // Escapes a table cell, whose text must not end its column.
@@ -130,11 +131,38 @@ static std::string lint_block(void) {
     return text;
 }
 
+static std::string options_block(void) {
+    std::string text = table_head({"Option", "What it does"});
+    for (const zof_option_t *row = zof_options; row->name; row++) {
+        const std::string letter = row->letter ? code(row->letter) + ", " : "";
+        text += table_row({letter + code(row->name + (row->value ? std::string(" ") + row->value : "")), row->help});
+    }
+    return text;
+}
+
+static std::string variables_block(void) {
+    std::string text = table_head({"Variable", "What it is for"});
+    for (const zof_variable_t *row = zof_variables; row->name; row++) {
+        text += table_row({code(row->name), row->help});
+    }
+    return text;
+}
+
+static std::string exits_block(void) {
+    std::string text = table_head({"Status", "Meaning"});
+    for (const zof_exit_t *row = zof_exits; row->help; row++) {
+        text += table_row({std::to_string(row->status), row->help});
+    }
+    return text;
+}
+
 static std::string block_of(const std::string &name) {
     static constexpr struct {
         const char *name;
         std::string (*write)(void);
-    } blocks[] = {{"kinds", kinds_block}, {"files", files_block}, {"types", types_block}, {"lint", lint_block}};
+    } blocks[] = {{"kinds", kinds_block}, {"files", files_block},     {"types", types_block},
+                  {"lint", lint_block},   {"options", options_block}, {"variables", variables_block},
+                  {"exits", exits_block}};
     for (const auto &block : blocks) {
         if (name == block.name) {
             return block.write();

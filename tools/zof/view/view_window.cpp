@@ -306,7 +306,7 @@ static bool display_open() {
 int view_window_run() {
     if (!display_open()) {
         fprintf(stderr, "zof view: there is no display; --shot, --sheet and --tree work without a display\n");
-        return ZOF_EXIT_FINDINGS;
+        return ZOF_EXIT_DISPLAY;
     }
     if (!session_start()) {
         return ZOF_EXIT_UNREADABLE;

@@ -18,7 +18,7 @@
 
 #define LANG_DIR "config/languages/"
 
-enum { LANG_VALUE_SIZE = 256, PATH_SIZE = 520 };
+enum { LANG_VALUE_SIZE = 256, LANG_NAME_SIZE = 48, PATH_SIZE = 520 };
 
 // The application's function for its own texts after a change; set before any events.
 static void (*lang_changed)(void);
@@ -163,6 +163,16 @@ s32 zof_lang_set(const char *name) {
         lang_changed();
     }
     return 0;
+}
+
+static char start[LANG_NAME_SIZE]; // of the command line; empty: the project's own
+
+s32 zof_lang_start_set(const char *name) {
+    return zof_text_join(start, sizeof(start), name, nullptr, nullptr) ? 0 : -1;
+}
+
+const char *zof_lang_start(void) {
+    return start[0] ? start : nullptr;
 }
 
 s32 zof_lang_check_str(const char *text) {

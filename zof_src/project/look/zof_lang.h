@@ -16,6 +16,11 @@ struct cJSON;
 // there is no table then, and references are shown as they are.
 s32 zof_lang_set(const char *name);
 
+// Sets the language of a project that is opened, in place of the one that the project file names; copied. Before the
+// project is opened. Returns 0, or -1 for a name that is too long. The second returns it, or null.
+s32 zof_lang_start_set(const char *name);
+const char *zof_lang_start(void);
+
 // Returns 1 for a reference, otherwise 0.
 s32 zof_lang_check_str(const char *text);
 
