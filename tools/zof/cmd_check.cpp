@@ -10,7 +10,7 @@
 
 static struct {
     std::string folder, format = "text";
-    bool strict = false, rules = false;
+    bool strict = false, errors = false, rules = false;
 } opt;
 
 static void options_add(CLI::App &app) {
@@ -19,6 +19,8 @@ static void options_add(CLI::App &app) {
         ->type_name("text|json")
         ->check(CLI::IsMember({"text", "json"}));
     app.add_flag("--strict", opt.strict, "warnings are errors");
+    app.add_flag("--errors", opt.errors, "exit status 0 if there are only warnings, for builds")
+        ->excludes("--strict");
     app.add_flag("--rules", opt.rules, "list the rules");
 }
 
@@ -54,7 +56,8 @@ static int check_run() {
     zof_check_t check;
     const bool readable = zof_check_project(folder, &check) == 0;
     findings_print(folder, check, opt.format == "json", opt.strict);
-    const int result = !readable ? ZOF_EXIT_UNREADABLE : check.count ? ZOF_EXIT_FINDINGS : ZOF_EXIT_CLEAN;
+    const u32 counted = opt.errors ? check.errors : check.count;
+    const int result = !readable ? ZOF_EXIT_UNREADABLE : counted ? ZOF_EXIT_FINDINGS : ZOF_EXIT_CLEAN;
     zof_check_free(&check);
     return result;
 }

@@ -1,7 +1,7 @@
 
 /* Creates the view's controls; runs once, before the view is shown. */
 static void main_made(void) {
-    zof_view_create(VIEW_MAIN_ID, events, sizeof(events) / sizeof(events[0]));
+    zof_view_create(MAIN_VIEW, events, sizeof(events) / sizeof(events[0]));
     main_ready();
 }
 
@@ -9,7 +9,7 @@ static void main_made(void) {
 static void main_shown(void) {
 }
 
-static const zof_view_fun_t views[] = {{VIEW_MAIN_ID, main_made, main_shown, NULL}};
+static const zof_view_fun_t views[] = {{MAIN_VIEW, main_made, main_shown, NULL}};
 
 void zof_main(void) {
     zof_prj_create(views, sizeof(views) / sizeof(views[0]));

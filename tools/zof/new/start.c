@@ -8,7 +8,10 @@ static const char *const languages[] = {LANGUAGES};
 // @end
 static const char *const themes[] = {"day", "night"};
 
-/* Returns a control of the only view. */
+/* The only view: its pageId in zofprj.g. The names of its controls begin with VIEW1, whatever its file is called. */
+enum { MAIN_VIEW = 1 };
+
+/* Returns a control of the view. */
 static zof_ctrl_t *control(u32 id) {
-    return zof_ctrl_get_form_id(VIEW_MAIN_ID, id);
+    return zof_ctrl_get_form_id(MAIN_VIEW, id);
 }
