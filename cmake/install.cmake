@@ -7,9 +7,8 @@ install(DIRECTORY zof_src/ DESTINATION ${zof_headers} FILES_MATCHING PATTERN "*.
 install(DIRECTORY ${lvgl_tree}/ DESTINATION ${zof_headers}/lvgl FILES_MATCHING PATTERN "*.h")
 install(FILES ${lvgl_room}/lv_conf.h DESTINATION ${zof_headers}/lvgl)
 
-install(PROGRAMS $<TARGET_FILE:zof_bench> DESTINATION ${CMAKE_INSTALL_DATADIR}/zof/panel)
-install(DIRECTORY ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_STAGE}/licences DESTINATION ${CMAKE_INSTALL_DATADIR}/zof/panel)
-install(TARGETS board_sim zof_player)
+install(DIRECTORY ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_STAGE}/licences DESTINATION ${CMAKE_INSTALL_DATADIR}/zof_bench)
+install(TARGETS zof_bench board_sim zof_player)
 install(TARGETS zof_tool EXPORT zofTargets)
 install(FILES ${PROJECT_BINARY_DIR}/tools/zof.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${PROJECT_BINARY_DIR}/tools/zof.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zof)

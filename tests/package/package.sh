@@ -14,13 +14,15 @@ for example in blank gallery; do
         -DCMAKE_C_FLAGS="$flags" -DCMAKE_CXX_FLAGS="$flags" >"$work/$example.log"
     cmake --build "$work/$example" >>"$work/$example.log"
 done
+fail() { echo "$*"; exit 1; }
 export SDL_VIDEODRIVER=offscreen SDL_AUDIODRIVER=dummy ZOF_STATE=
 printf 'wait 100\ntap 240 200\nwait 200\nprint 1 1\nquit\n' >"$work/click"
 cd "$work/blank"
 ZOF_SCRIPT=../click ./blank >"$work/run.log" 2>&1 || { cat "$work/run.log"; exit 1; }
 grep -qx '1/1: 1' "$work/run.log" || { cat "$work/run.log"; exit 1; }
 [ -x "$work/gallery/gallery/gallery" ] && [ -s "$work/gallery/gallery/res/video/clip.mp4" ]
-[ -x "$work/prefix/share/zof/panel/zof_bench" ] && [ -s "$work/prefix/share/zof/panel/res/font/bench-num-112.bin" ]
+(cd / && echo quit >"$work/quit" && ZOF_SCRIPT=$work/quit "$work/prefix/bin/zof_bench" --headless) >"$work/run.log" 2>&1 || { cat "$work/run.log"; exit 1; }
+grep -qF "find work path , $work/prefix/share/zof_bench/res/" "$work/run.log" || fail "the panel does not find its project"
 
 # The templates, as a new user starts with them.
 for form in blank dashboard settings; do
@@ -37,8 +39,6 @@ grep -qx "1/$count: 1" "$work/run.log" || { cat "$work/run.log"; exit 1; }
 
 cmp "$work/prefix/share/zof/schema/view.json" "$work/blank/schema/view.json"
 
-fail() { echo "$*"; exit 1; }
-
 # A change of the project reaches a program that need not be linked again; a view may be added, renamed and removed.
 cd "$work/src/blank/res/config"
 built() { cmake --build "$work/blank" >"$work/blank.log" 2>&1 || { cat "$work/blank.log"; exit 1; }; }
@@ -47,7 +47,7 @@ built
 sed -i 's/"txt": "0"/"txt": "changed"/' view/main.g
 built
 grep -q '"txt": "changed"' "$work/blank/res/config/view/main.g" || fail "a changed view file is not copied"
-sed 's/"id": 1,/"id": 7,/' view/main.g >view/other.g
+sed 's/"v_id": 1/"v_id": 2/; s/"id": 1,/"id": 7,/' view/main.g >view/other.g
 sed -i 's/"main.g"}/"main.g"}, {"pageId": 2, "pageName": "other.g"}/' project/zofprj.g
 built
 grep -q 'VIEW2_COUNT_ID = 7' "$work/blank/ids.h" || fail "a new view has no ids"

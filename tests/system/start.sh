@@ -110,6 +110,12 @@ wrong "--import /nowhere" "/nowhere: No such file" 3
 wrong "--log $work/out.log" "exists" 3
 ends 3 "$build/panel/zof_bench" --lang fr
 says "config/languages/fr.g: cannot be read"
+printf 'view 4\nwait 300\nprint 4 28\nquit\n' >"$work/session"
+mkdir "$work/kept"
+echo 'language = en' >"$work/kept/settings"
+ends 0 env ZOF_STATE="$work/kept" ZOF_SCRIPT="$work/session" "$build/panel/zof_bench" --lang de --headless --port 5=/five
+says "4/28: Sprache"
+says "cannot open /five"
 for option in --fullscreen "--scale 2"; do
     ends 4 env -u DISPLAY -u WAYLAND_DISPLAY SDL_VIDEODRIVER= "$build/panel/zof_bench" $option
 done
@@ -123,7 +129,7 @@ grep -q '"comp_time":	"now"' "$work/res/config/project/zofprj.g" || fail "the bu
 
 # A project without views is an empty panel. A port that is given wins over the environment.
 printf 'wait 100\r\n# a comment\nshot %s/empty.png\nquit  \n' "$work" >"$work/session"
-ends 0 env ZOF_SCRIPT="$work/session" ZOF_COM6=/other $panel --port /nowhere --port 5=/five
+ends 0 env ZOF_SCRIPT="$work/session" ZOF_COM6=/other $panel --port /nowhere
 says "cannot open /nowhere"
 [ -s "$work/empty.png" ] || fail "there is no picture of the empty panel"
 rm "$work/empty.png"

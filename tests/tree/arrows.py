@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """Checks on every #include that dependencies between rooms, and between the floors of a room, run downwards, and that
-nothing above the port includes more than the C and C++ standard libraries, cJSON, LVGL and our own headers; an
-application may include CLI11 too, and its sockets Boost.Asio. Tools include headers of a system in files of that system alone.
+nothing above the port includes more than the C and C++ standard libraries, cJSON, LVGL and our own headers; the
+sockets of an application may include Boost.Asio too. Tools include headers of a system in files of that system
+alone.
 
 usage: arrows.py SOURCE_FOLDER
 """
@@ -33,7 +34,6 @@ C_LIBRARY = set("assert complex ctype errno fenv float inttypes iso646 limits lo
                 " wctype".split())
 GENERATED = {"bench_ids.h", "bench_look.h"}      # from the layout of the panel
 LIBRARIES = {"cjson/cJSON.h", "lvgl.h"}
-APP_LIBRARIES = {"CLI/CLI.hpp"}
 NET_LIBRARIES = {"boost/asio.hpp"}          # in apps/net alone
 PORT_LIBRARIES = re.compile(r"SDL\.h|libav(codec|format|util)/\w+\.h|libsw(resample|scale)/\w+\.h"
                             r"|src/extra/libs/png/lodepng\.h")
@@ -92,7 +92,7 @@ def app_fault(rel, name):
     if re.match(r"port/|drv/zof_[a-z]+_up", name):
         return "the application includes the port or the wiring"
     ours = is_ours(name) or (TOP / "apps" / name).exists() or name in GENERATED
-    libraries = LIBRARIES | APP_LIBRARIES | (NET_LIBRARIES if rel.parts[0] == "net" else set())
+    libraries = LIBRARIES | (NET_LIBRARIES if rel.parts[0] == "net" else set())
     return None if ours or is_standard(name) or name in libraries else \
         f"{name} is not standard, of LVGL or ours"
 

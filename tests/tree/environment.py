@@ -13,14 +13,16 @@ TOP = pathlib.Path(sys.argv[1])
 DOCS = TOP / "docs"
 OUTSIDE = {"SDL_AUDIODRIVER", "HOME", "DISPLAY"}     # read by libraries, or known to everybody
 
-read = set()
+read, quoted = set(), set()
 for folder in "zof_src", "apps", "tools":
     for path in (TOP / folder).rglob("*.cpp"):
-        read.update(re.findall(r'(?:getenv|variable)\("(\w+)"', path.read_text(encoding="utf-8")))
+        text = path.read_text(encoding="utf-8")
+        read.update(re.findall(r'(?:getenv|variable)\("(\w+)"', text))
+        quoted.update(re.findall(r'"([A-Z_]+)"', text))
 page = (DOCS / "environment.md").read_text(encoding="utf-8")
 named = set(re.findall(r"^\| `(\w+)(?:=[^`]*)?` \|", page, re.M))
 faults = [f"docs/environment.md does not name {name}" for name in sorted(read - named - OUTSIDE)]
-faults += [f"docs/environment.md names {name}, which nothing reads" for name in sorted(named - read - OUTSIDE)]
+faults += [f"docs/environment.md names {name}, which nothing reads" for name in sorted(named - quoted - OUTSIDE)]
 
 help_text = subprocess.run([sys.argv[2], "--help"], capture_output=True, text=True, check=True).stdout
 options = set(re.findall(r"^  (?:-\w, )?(--[\w-]+(?: \S+)?)  ", help_text, re.M))

@@ -19,8 +19,7 @@ static void options_add(CLI::App &app) {
         ->type_name("text|json")
         ->check(CLI::IsMember({"text", "json"}));
     app.add_flag("--strict", opt.strict, "warnings are errors");
-    app.add_flag("--errors", opt.errors, "exit status 0 if there are only warnings, for builds")
-        ->excludes("--strict");
+    app.add_flag("--errors", opt.errors, "exit status 0 if there are only warnings, for builds")->excludes("--strict");
     app.add_flag("--rules", opt.rules, "list the rules");
 }
 

@@ -86,22 +86,6 @@ static bool words_check(int argc, char **argv) {
     return true;
 }
 
-int zof_options_take(int argc, char **argv) {
-    if (!argv || !words_check(argc, argv)) {
-        return argv ? ZOF_EXIT_USAGE : -1;
-    }
-    for (u32 n = 0; const zof_option_t *row = row_at(n); n++) {
-        word_t word = {};
-        for (int at = 1; word_read(argc, argv, &at, &word) && word.row;) {
-            const int status = word.row == row ? row->take(word.value) : -1;
-            if (status >= 0) {
-                return status;
-            }
-        }
-    }
-    return -1;
-}
-
 static void line_print(const char *first, const char *second, const char *third, const char *help) {
     char left[80];
     snprintf(left, sizeof(left), "%s%s%s", first, second, third);
@@ -122,7 +106,7 @@ static void options_print() {
     }
 }
 
-int zof_option_help(const char *) {
+static int help_print() {
     printf("usage: %s [OPTION]...\n%s\n", zof_program_name(), app && app->about ? app->about : "Shows its project.");
     options_print();
     puts("\nEnvironment:");
@@ -140,4 +124,20 @@ int zof_option_help(const char *) {
         app->more();
     }
     return ZOF_EXIT_GOOD;
+}
+
+int zof_options_take(int argc, char **argv) {
+    if (!argv || !words_check(argc, argv)) {
+        return argv ? ZOF_EXIT_USAGE : -1;
+    }
+    for (u32 n = 0; const zof_option_t *row = row_at(n); n++) {
+        word_t word = {};
+        for (int at = 1; word_read(argc, argv, &at, &word) && word.row;) {
+            const int status = word.row != row ? -1 : row->take ? row->take(word.value) : help_print();
+            if (status >= 0) {
+                return status;
+            }
+        }
+    }
+    return -1;
 }

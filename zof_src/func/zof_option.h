@@ -21,6 +21,7 @@ typedef struct {
     const char *help;               // one line, without a full stop
     const char *excludes;           // the name of an option that cannot be given too, or null
     int (*take)(const char *value); // Applies it. Returns -1 to go on; otherwise the program ends with this status.
+                                    // Null: prints the help.
 } zof_option_t;
 
 // A variable of the environment that a program reads.

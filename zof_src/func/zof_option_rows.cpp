@@ -12,8 +12,6 @@
 #include "project/zof_ver.h"
 #include "zof_lib/zof_stdio.h"
 
-int zof_option_help(const char *value);
-
 static int wrong(const char *option, const char *value, const char *what) {
     fprintf(stderr, "%s: %s %s: %s\n", zof_program_name(), option, value, what);
     return ZOF_EXIT_USAGE;
@@ -64,7 +62,7 @@ static int lang_take(const char *value) {
 }
 
 const zof_option_t zof_options[] = {
-    {"--help", "-h", nullptr, "print this help", nullptr, zof_option_help},
+    {"--help", "-h", nullptr, "print this help", nullptr, nullptr},
     {"--version", "-V", nullptr, "print the version of the runtime", nullptr, version_take},
     {"--project", nullptr, "DIR", "the project folder, with config/ in it, or a folder that has it as res/", nullptr,
      project_take},
@@ -86,6 +84,8 @@ const zof_variable_t zof_variables[] = {
     {"XDG_DATA_DIRS=FOLDER:...", "where installed projects are; otherwise /usr/local/share:/usr/share"},
     {"ZOF_INSPECT=PORT", "open a port on 127.0.0.1 for programs that look into this one; 0 selects a free one"},
     {"ZOF_INSPECT_WRITE=1", "with ZOF_INSPECT: they may also change what it shows"},
+    {"XDG_RUNTIME_DIR=FOLDER", "where the token of ZOF_INSPECT is; otherwise in zof-UID in the folder of TMPDIR"},
+    {"TMPDIR=FOLDER", "temporary files; otherwise /tmp"},
     {"SDL_VIDEODRIVER=offscreen", "run without a display; other drivers must find one"},
     {"SDL_AUDIODRIVER=dummy", "run without sound"},
     {},
