@@ -141,7 +141,7 @@ TEST_CASE("board and monitor refuse a line that is not a terminal, and leave it 
          {folder.path("file"), folder.path("pipe"), std::string("/dev/null"), folder.folder}) {
         CAPTURE(line);
         const std::string board = board_sim("--seconds 0.3 --tty " + line);
-        CHECK((board[0] == '1' && contains(board, line + ": ")));
+        CHECK((board[0] == '3' && contains(board, line + ": ")));
         const std::string monitor = tool("zof monitor replay " + folder.path("recording") + " --panel " + line);
         CHECK((monitor[0] == '1' && contains(monitor, line + ": ")));
     }
@@ -174,9 +174,9 @@ TEST_CASE("board: --help lists every fault, mistakes are reported with their pla
     temp_project_t folder;
     folder.write("file", "mine");
     const std::pair<const char *, const char *> scripts[] = {
-        {"# first\n100 load 5\n50 quit\n", "2 board_sim: SCRIPT:3: expected a time"},
-        {"\n  # blank\n0 load\n", "2 board_sim: SCRIPT:3: expected: load 4.7 | load 2A"},
-        {"0 jump 3\n", "2 board_sim: SCRIPT:1: unknown command"},
+        {"# first\n100 load 5\n50 quit\n", "3 board_sim: SCRIPT:3: expected a time"},
+        {"\n  # blank\n0 load\n", "3 board_sim: SCRIPT:3: expected: load 4.7 | load 2A"},
+        {"0 jump 3\n", "3 board_sim: SCRIPT:1: unknown command"},
         {"0 load 0\n0 rails 14\n0 rail 13\n0 output maybe\n0 fault none\n0 read 65536 1\n1 quit\n",
          "board_sim: SCRIPT:1: the command failed\nboard_sim: SCRIPT:2: the command failed\nboard_sim: SCRIPT:3: the "
          "command failed\nboard_sim: SCRIPT:4: the command failed\nboard_sim: SCRIPT:5: the command "
@@ -194,8 +194,8 @@ TEST_CASE("board: --help lists every fault, mistakes are reported with their pla
     CHECK(contains(board_sim("--script " + folder.folder), "cannot be read"));
     folder.write("state", "bright = 1\n");
     const std::pair<std::string, std::string> mistakes[] = {
-        {"--state " + folder.path("state"), "2 board_sim: " + folder.path("state") + ":1: not a setting\n"},
-        {"--state /dev/null", "2 board_sim: --state: /dev/null: not a file\n"},
+        {"--state " + folder.path("state"), "3 board_sim: " + folder.path("state") + ":1: not a setting\n"},
+        {"--state /dev/null", "3 board_sim: --state: /dev/null: not a file\n"},
         {"--load 2V", "2 board_sim: --load takes ohms"},
         {"--fault lose=x", "2 board_sim: --fault: unknown fault or amount out of range: \"lose=x\""},
         {"--fault garbage=101", "2 board_sim: --fault: unknown fault or amount out of range"},
@@ -205,7 +205,7 @@ TEST_CASE("board: --help lists every fault, mistakes are reported with their pla
         CHECK(contains(board_sim(options), output));
     }
     CHECK(file_text(folder.path("state")) == "bright = 1\n");
-    CHECK(board_sim("--seconds 0.05 --link " + folder.path("file"))[0] == '1');
+    CHECK(board_sim("--seconds 0.05 --link " + folder.path("file"))[0] == '3');
     CHECK(file_text(folder.path("file")) == "mine");
     REQUIRE(symlink("/nowhere", folder.path("old").c_str()) == 0);
     CHECK(board_sim("--seconds 0.05 --link " + folder.path("old"))[0] == '0');

@@ -36,7 +36,7 @@ says "there is no control main/none"
 ends 3 res --shot nowhere/x.png
 says "nowhere/x.png cannot be written"
 ends 2 --shot x.png
-ends 1 res
+ends 4 res
 says "work without a display"
 sed 's/"v_name": "main",/"v_name": "main"/' "$res/config/view/main.g" >broken && mv broken "$res/config/view/main.g"
 ends 3 res --shot x.png
