@@ -46,7 +46,7 @@ done
 # Plays a session on one of the systems; its pictures are in $work/SYSTEM-shots.   play linux|windows SESSION
 play() {
     mkdir -p "$work/$1-shots"
-    set -- "$1" "$2" "$native/panel/zof_bench" "$work/linux"
+    set -- "$1" "$2" "$native/panel/zof_bench --project res" "$work/linux"
     [ "$1" = linux ] || set -- "$1" "$2" "wine ./zof_bench.exe" "$inside"
     log=$(basename "$2" .session).log
     (cd "$4" && ZOF_COM6=COM6 ZOF_SHOTS="$work/$1-shots" ZOF_SCRIPT="$2" XDG_STATE_HOME="$work/$1-state" timeout 120 $3) \
@@ -110,7 +110,7 @@ expect "$work/far"
 (cd "$work/linux" && exec wine "$inside/board_sim.exe" --tty COM7 --no-noise --state box.state --seconds 60) >"$work/board_sim.log" 2>&1 &
 pids="$pids $!"
 printf '%b' "$readings" >"$work/far.session"
-(cd "$work/linux" && ZOF_COM6=$work/far ZOF_SCRIPT=$work/far.session timeout 60 "$native/panel/zof_bench") >"$work/panel.log" 2>&1 ||
+(cd "$work/linux" && ZOF_COM6=$work/far ZOF_SCRIPT=$work/far.session timeout 60 "$native/panel/zof_bench" --project res) >"$work/panel.log" 2>&1 ||
     fail "board_sim.exe sends no readings"
 # Tools, on a project folder of their own.
 tool() { wine "$inside/zof.exe" "$@" >"$work/zof.log" 2>&1 || fail "zof.exe $* fails"; }
