@@ -1,4 +1,5 @@
 // The options of every program, the variables that it reads, and its exit statuses.
+#include <math.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -41,7 +42,7 @@ static int scale_take(const char *value) {
     const double scale = strtod(value, &end);
     const bool good = end != value && !*end && scale >= 0.5 && scale <= 8; // false for what is not a number, too
     if (good) {
-        zof_disp_set_scale((u32)(scale * 100 + 0.5));
+        zof_disp_set_scale((u32)lround(scale * 100));
     }
     return good ? -1 : wrong("--scale", value, "expected a number from 0.5 to 8");
 }
