@@ -7,10 +7,16 @@
 #include <stdio.h>
 #include <string.h>
 
-// Replaces the six letters at the end of `name` by the number of the process.
+// Replaces the six letters at the end of `name` by the first number, from that of the process on, that no folder has:
+// another test, or one that was killed, may have used it.
 static inline char *mkdtemp(char *name) {
-    snprintf(name + strlen(name) - 6, 7, "%06d", _getpid() % 1000000);
-    return _mkdir(name) == 0 ? name : nullptr;
+    for (int number = _getpid(), tries = 0; tries < 1000; tries++, number++) {
+        snprintf(name + strlen(name) - 6, 7, "%06d", number % 1000000);
+        if (_mkdir(name) == 0) {
+            return name;
+        }
+    }
+    return nullptr;
 }
 
 #endif
