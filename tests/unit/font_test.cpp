@@ -225,14 +225,17 @@ static void project_with_fonts(temp_project_t *project) {
 TEST_CASE("a file that is not a font is reported once, and texts are drawn without it") {
     temp_project_t project;
     project_with_fonts(&project);
+    const std::string whole = file_text(project.path("font/text.ttf"));
+    project.write("font/cut.ttf", whole.substr(0, whole.size() / 2));
     lv_font_t *font = nullptr;
     for (const std::string name :
-         {"bad.ttf", "strike.ttf", "none.ttf"}) { // the second opens, but does not have this size
+         {"bad.ttf", "strike.ttf", "none.ttf", "cut.ttf"}) { // the second opens, but does not have this size
         std::string line = printed([&] { font = zof_font_create_lvfont(name.c_str(), 16); });
         CHECK(!font);
-        CHECK(contains(line,
-                       name + ": " +
-                           (name[0] == 'n' ? "cannot be opened" : "refused at size 16 (not a font, or too complex)")));
+        CHECK(contains(line, name + ": " +
+                                 (name[0] == 'n'   ? "cannot be opened"
+                                  : name[0] == 'c' ? "refused at size 16 (cut short)"
+                                                   : "refused at size 16 (not a font, or too complex)")));
         CHECK(printed([&] { font = zof_font_create_lvfont(name.c_str(), 16); }) == ""); // reported once
         for (s32 i = 0; i < 3; i++) {                                                   // once more than it was created
             zof_font_delete(name.c_str(), 16);

@@ -60,8 +60,8 @@ static std::string c_text(const ref_page_t &page) {
     unsigned line = 0;
     const std::string code = ref_snippet(page, "c", &line);
     const std::string name = "reference_" + page.name;
-    return "#include <stdio.h>\n#include <zof.h>\n\nvoid " + name + "(void);\n#line " + number(line) + " \"" +
-           page.path + "\"\n" + code + "\nvoid " + name + "(void) {\n    init();\n}\n";
+    return "#include <stdio.h>\n#include <string.h>\n#include <zof.h>\n\nvoid " + name + "(void);\n#line " +
+           number(line) + " \"" + page.path + "\"\n" + code + "\nvoid " + name + "(void) {\n    init();\n}\n";
 }
 
 static std::string main_text(const std::vector<ref_page_t> &pages) {

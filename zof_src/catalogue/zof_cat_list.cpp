@@ -79,7 +79,7 @@ static const zof_cat_key_t chart_keys[] = {
      .help = "a new value shifts the series to the left, or overwrites the oldest value in place"},
     {.key = "y_min", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_VALUE, .help = "low end of the Y axis"},
     {.key = "y_max", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_VALUE, .start = "100", .help = "its high end"},
-    {.key = "x_min", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_VALUE, .help = "low end of the X axis"},
+    {.key = "x_min", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_VALUE, .help = "low end of the X axis of a scatter chart; the numbers at its ticks count from 0"},
     {.key = "x_max", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_VALUE, .start = "100", .help = "its high end"},
     {.key = "point_cnt", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_VALUE, .low = 1, .high = UINT16_MAX, .start = "20",
      .help = "points per series", .flags = ZOF_CAT_NEEDED},

@@ -24,14 +24,14 @@ s32 zof_animimg_create(para_t *record, lv_obj_t *parent, void *attr);
 
 // Plays from the first picture, 65535 times.
 s32 zof_animimg_reset_play(zof_ctrl_t *ctrl);
-s32 zof_animimg_pause(zof_ctrl_t *ctrl);
-s32 zof_animimg_resume(zof_ctrl_t *ctrl);
+s32 zof_animimg_pause(zof_ctrl_t *ctrl);  // stops at the current picture
+s32 zof_animimg_resume(zof_ctrl_t *ctrl); // goes on
 
 // Milliseconds for each picture.
 s32 zof_animimg_set_frame_rate(zof_ctrl_t *ctrl, u32 ms);
-s32 zof_animimg_set_repeat_count(zof_ctrl_t *ctrl, u16 n);
-s32 zof_animimg_get_repeat_count(zof_ctrl_t *ctrl); // passes left
-s32 zof_animimg_set_repeat_infinite(zof_ctrl_t *ctrl, zof_bool infinite);
+s32 zof_animimg_set_repeat_count(zof_ctrl_t *ctrl, u16 n);                // number of times
+s32 zof_animimg_get_repeat_count(zof_ctrl_t *ctrl);                       // passes left
+s32 zof_animimg_set_repeat_infinite(zof_ctrl_t *ctrl, zof_bool infinite); // repeats without end, or not
 
 // 0 playing, 1 stopped by itself, 2 paused by zof_animimg_pause.
 s32 zof_animimg_get_state(zof_ctrl_t *ctrl);

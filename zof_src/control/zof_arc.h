@@ -43,12 +43,12 @@ s32 zof_arc_del(para_t *record);
 
 // `part`: 0 is the background, 1 the indicator; others have no effect.
 s32 zof_arc_set_dis(zof_ctrl_t *ctrl, u32 part, const zof_line_disp_t *dis);
-s32 zof_arc_set_knob(zof_ctrl_t *ctrl, zof_color_t color);
-s32 zof_arc_set_value_range(zof_ctrl_t *ctrl, s16 min, s16 max);
-s32 zof_arc_set_value(zof_ctrl_t *ctrl, s16 value); // shows a value, clamped to the range
-s32 zof_arc_get_value(zof_ctrl_t *ctrl);            // the value
-s32 zof_arc_set_rotation(zof_ctrl_t *ctrl, u16 angle);
-s32 zof_arc_set_angles(zof_ctrl_t *ctrl, u16 start, u16 end);
+s32 zof_arc_set_knob(zof_ctrl_t *ctrl, zof_color_t color);       // colour of the knob
+s32 zof_arc_set_value_range(zof_ctrl_t *ctrl, s16 min, s16 max); // values at both ends
+s32 zof_arc_set_value(zof_ctrl_t *ctrl, s16 value);              // shows a value, clamped to the range
+s32 zof_arc_get_value(zof_ctrl_t *ctrl);                         // the value
+s32 zof_arc_set_rotation(zof_ctrl_t *ctrl, u16 angle);           // turns the whole arc, in degrees
+s32 zof_arc_set_angles(zof_ctrl_t *ctrl, u16 start, u16 end);    // angles of both ends of the arc, in degrees
 
 ZOF_C_END
 

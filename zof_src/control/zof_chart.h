@@ -47,15 +47,15 @@ s32 zof_chart_create(para_t *record, lv_obj_t *parent, void *attr);
 
 // Adds a series whose points are not set yet. `axis`: LVGL's, 0 for the primary ones. Returns the series, or null.
 lv_chart_series_t *zof_chart_add_series(zof_ctrl_t *ctrl, zof_color_t color, u32 axis);
-s32 zof_chart_series_remove(zof_ctrl_t *ctrl, lv_chart_series_t *series);
+s32 zof_chart_series_remove(zof_ctrl_t *ctrl, lv_chart_series_t *series); // removes a series
 
 // Shows the caller's values, one for each point of the chart, for as long as the series exists. LV_CHART_POINT_NONE is
 // a gap. The others copy a value: after the last one written, or to a point; a point that the chart does not have is
 // ignored. Two values are for scatter charts only.
-s32 zof_chart_set_points(zof_ctrl_t *ctrl, lv_chart_series_t *series, lv_coord_t *y);
-s32 zof_chart_set_next(zof_ctrl_t *ctrl, lv_chart_series_t *series, s32 value); // adds a value after the last one
-s32 zof_chart_set_next_value2(zof_ctrl_t *ctrl, lv_chart_series_t *series, s32 x, s32 y);
-s32 zof_chart_set_value_by_id(zof_ctrl_t *ctrl, lv_chart_series_t *series, u32 id, s32 value);
+s32 zof_chart_set_points(zof_ctrl_t *ctrl, lv_chart_series_t *series, lv_coord_t *y); // shows an array of the program
+s32 zof_chart_set_next(zof_ctrl_t *ctrl, lv_chart_series_t *series, s32 value);       // adds a value after the last one
+s32 zof_chart_set_next_value2(zof_ctrl_t *ctrl, lv_chart_series_t *series, s32 x, s32 y);      // adds a point
+s32 zof_chart_set_value_by_id(zof_ctrl_t *ctrl, lv_chart_series_t *series, u32 id, s32 value); // changes a point
 
 // Shows values that changed in the caller's array.
 s32 zof_chart_refresh(zof_ctrl_t *ctrl);

@@ -55,14 +55,14 @@ void zof_ctrl_set_event_all(zof_all_event_fn fn);
 // The operations below accept any handle. They return 0, or the value that a getter's name says, and -1 without an
 // object. Units are pixels; positions are relative to the parent. Getters of position and size need an up-to-date
 // layout (zof_ctrl_update_location).
-s32 zof_ctrl_set_pos(zof_ctrl_t *ctrl, s32 x, s32 y); // places the control in its parent
-s32 zof_ctrl_set_x(zof_ctrl_t *ctrl, s32 x);
-s32 zof_ctrl_set_y(zof_ctrl_t *ctrl, s32 y);
-s32 zof_ctrl_get_x(zof_ctrl_t *ctrl);
-s32 zof_ctrl_get_y(zof_ctrl_t *ctrl);
+s32 zof_ctrl_set_pos(zof_ctrl_t *ctrl, s32 x, s32 y);           // places the control in its parent
+s32 zof_ctrl_set_x(zof_ctrl_t *ctrl, s32 x);                    // moves the control sideways only
+s32 zof_ctrl_set_y(zof_ctrl_t *ctrl, s32 y);                    // moves the control up or down only
+s32 zof_ctrl_get_x(zof_ctrl_t *ctrl);                           // distance from the left of its parent
+s32 zof_ctrl_get_y(zof_ctrl_t *ctrl);                           // distance from the top of its parent
 s32 zof_ctrl_set_size(zof_ctrl_t *ctrl, s32 width, s32 height); // sets width and height
-s32 zof_ctrl_get_width(zof_ctrl_t *ctrl);
-s32 zof_ctrl_get_height(zof_ctrl_t *ctrl);
+s32 zof_ctrl_get_width(zof_ctrl_t *ctrl);                       // width in pixels
+s32 zof_ctrl_get_height(zof_ctrl_t *ctrl);                      // height in pixels
 
 // Hiding also closes the drop lists that are open within the control.
 s32 zof_ctrl_set_hidden(zof_ctrl_t *ctrl, zof_bool hidden); // hides the control, or shows it again
@@ -70,53 +70,53 @@ s32 zof_ctrl_get_hidden(zof_ctrl_t *ctrl);                  // 1 while it is hid
 s32 zof_ctrl_set_alpha(zof_ctrl_t *ctrl, u8 alpha);         // opacity, 255 is opaque
 
 // 0 lets touches through, 1 takes them; any other value returns -1.
-s32 zof_ctrl_set_touch(zof_ctrl_t *ctrl, u32 touch); // takes touches (1) or lets them through (0)
-s32 zof_ctrl_set_ext_click_area(zof_ctrl_t *ctrl, s32 pixels);
+s32 zof_ctrl_set_touch(zof_ctrl_t *ctrl, u32 touch);           // takes touches (1) or lets them through (0)
+s32 zof_ctrl_set_ext_click_area(zof_ctrl_t *ctrl, s32 pixels); // takes touches this far around it, too
 
 // Places the control beside or within the base control; `align` is LVGL's.
 s32 zof_ctrl_set_align(zof_ctrl_t *ctrl, zof_ctrl_t *base, u32 align, s32 x, s32 y);
 
 // Moves the control to the top or the bottom of its parent's children.
-s32 zof_ctrl_move_forground(zof_ctrl_t *ctrl); // draws the control above the others of its parent
-s32 zof_ctrl_move_background(zof_ctrl_t *ctrl);
-s32 zof_ctrl_set_scrollbar(zof_ctrl_t *ctrl, const zof_scrollbar_t *sb);
-s32 zof_ctrl_get_child_sum(zof_ctrl_t *ctrl);
+s32 zof_ctrl_move_forground(zof_ctrl_t *ctrl);  // draws the control above the others of its parent
+s32 zof_ctrl_move_background(zof_ctrl_t *ctrl); // draws it below the others
+s32 zof_ctrl_set_scrollbar(zof_ctrl_t *ctrl, const zof_scrollbar_t *sb); // sets mode and directions of scrolling
+s32 zof_ctrl_get_child_sum(zof_ctrl_t *ctrl);                            // number of child objects
 
 // Returns a child object, which is a handle itself; negative indexes count from the end. Null if there is no such
 // child.
 zof_ctrl_t *zof_ctrl_get_child(zof_ctrl_t *ctrl, s32 index);
-s32 zof_ctrl_get_coords(zof_ctrl_t *ctrl, lv_area_t *area);
+s32 zof_ctrl_get_coords(zof_ctrl_t *ctrl, lv_area_t *area); // place on the screen
 
 // Sets where scrolling snaps to (LVGL's snap mode), despite the name.
-s32 zof_ctrl_set_scroll_dir_x(zof_ctrl_t *ctrl, u32 snap);
-s32 zof_ctrl_set_scroll_dir_y(zof_ctrl_t *ctrl, u32 snap);
-s32 zof_ctrl_set_scroll_dir(zof_ctrl_t *ctrl, u32 dir);
-s32 zof_ctrl_scroll_view(zof_ctrl_t *ctrl, u32 animate); // scrolls the parent until the control is visible
-s32 zof_ctrl_scroll_set(zof_ctrl_t *ctrl, s32 x, s32 y, u32 animate);
-s32 zof_ctrl_scroll_get_x(zof_ctrl_t *ctrl);
-s32 zof_ctrl_scroll_get_y(zof_ctrl_t *ctrl);
+s32 zof_ctrl_set_scroll_dir_x(zof_ctrl_t *ctrl, u32 snap);            // where scrolling sideways snaps to
+s32 zof_ctrl_set_scroll_dir_y(zof_ctrl_t *ctrl, u32 snap);            // where scrolling up and down snaps to
+s32 zof_ctrl_set_scroll_dir(zof_ctrl_t *ctrl, u32 dir);               // LVGL's directions: 3 sideways, 12 up and down
+s32 zof_ctrl_scroll_view(zof_ctrl_t *ctrl, u32 animate);              // scrolls the parent until the control is visible
+s32 zof_ctrl_scroll_set(zof_ctrl_t *ctrl, s32 x, s32 y, u32 animate); // scrolls to a position of the content
+s32 zof_ctrl_scroll_get_x(zof_ctrl_t *ctrl);                          // pixels scrolled away at the left
+s32 zof_ctrl_scroll_get_y(zof_ctrl_t *ctrl);                          // pixels scrolled away at the top
 
 // Takes the control out of its parent's layout and scrolling; the getter returns whether it is.
 s32 zof_ctrl_child_not_scroll(zof_ctrl_t *ctrl);
-s32 zof_ctrl_child_get_scroll(zof_ctrl_t *ctrl);
-s32 zof_ctrl_update_location(zof_ctrl_t *ctrl);
-s32 zof_ctrl_force_refresh(zof_ctrl_t *ctrl);
+s32 zof_ctrl_child_get_scroll(zof_ctrl_t *ctrl); // 1 if it is out of the layout
+s32 zof_ctrl_update_location(zof_ctrl_t *ctrl);  // lays out now what has changed
+s32 zof_ctrl_force_refresh(zof_ctrl_t *ctrl);    // draws the control again
 
 // Rotates the control around its own point (x, y) by an angle in degrees. A quarter turn to either side is drawn one
 // degree further.
 s32 zof_ctrl_rotate_angel(zof_ctrl_t *ctrl, s32 x, s32 y, u16 angle);
 
 // Translation in pixels; zoom, 256 is 100 %, clamped to 1..32767.
-s32 zof_ctrl_translate_x(zof_ctrl_t *ctrl, s32 x);
-s32 zof_ctrl_translate_y(zof_ctrl_t *ctrl, s32 y);
-s32 zof_ctrl_zoom_set(zof_ctrl_t *ctrl, u32 zoom);
-s32 zof_ctrl_zoom_pivot(zof_ctrl_t *ctrl, s32 x, s32 y);
-s32 zof_ctrl_state_judge(zof_ctrl_t *ctrl, u32 state);
-s32 zof_ctrl_add_state(zof_ctrl_t *ctrl, u32 state);   // adds LVGL states: 1 checked, 32 pressed, 128 disabled
-s32 zof_ctrl_clear_state(zof_ctrl_t *ctrl, u32 state); // removes LVGL states
-s32 zof_ctrl_get_state(zof_ctrl_t *ctrl);
-s32 zof_ctrl_set_child_clip_corner(zof_ctrl_t *ctrl, zof_bool clip);
-s32 zof_ctrl_set_gesture_bubble(zof_ctrl_t *ctrl, zof_bool bubble);
+s32 zof_ctrl_translate_x(zof_ctrl_t *ctrl, s32 x);       // draws it this many pixels further right
+s32 zof_ctrl_translate_y(zof_ctrl_t *ctrl, s32 y);       // draws it this many pixels further down
+s32 zof_ctrl_zoom_set(zof_ctrl_t *ctrl, u32 zoom);       // draws it larger or smaller
+s32 zof_ctrl_zoom_pivot(zof_ctrl_t *ctrl, s32 x, s32 y); // the point that zooming leaves in place
+s32 zof_ctrl_state_judge(zof_ctrl_t *ctrl, u32 state);   // 1 if it has any of these states
+s32 zof_ctrl_add_state(zof_ctrl_t *ctrl, u32 state);     // adds LVGL states: 1 checked, 32 pressed, 128 disabled
+s32 zof_ctrl_clear_state(zof_ctrl_t *ctrl, u32 state);   // removes LVGL states
+s32 zof_ctrl_get_state(zof_ctrl_t *ctrl);                // sum of its LVGL states
+s32 zof_ctrl_set_child_clip_corner(zof_ctrl_t *ctrl, zof_bool clip); // cuts children off at its round corners
+s32 zof_ctrl_set_gesture_bubble(zof_ctrl_t *ctrl, zof_bool bubble);  // leaves gestures to its parent
 
 // Set local styles of the object for an LVGL selector (part or-ed with state). Return 0, or -1 without an object.
 // Colours are 0xRRGGBB; an unknown gradient direction means no gradient.
@@ -140,8 +140,8 @@ s32 zof_animation_set(zof_ctrl_t *ctrl, zof_anim_dsc_t *dsc);
 // Ends the object's animations that use this callback; null ends all. Returns 1 if there were any, 0 if not, 255
 // without an object.
 u8 zof_animation_del(zof_ctrl_t *ctrl, lv_anim_exec_xcb_t exec_cb);
-s32 zof_animation_del_all(void);
-s32 zof_animation_count_running(void);
+s32 zof_animation_del_all(void);       // ends all animations
+s32 zof_animation_count_running(void); // number of animations that run
 
 // Applies what all controls share: position, size, click area, touch, hidden, opacity, scrolling. Returns 0, or -1 for
 // null.

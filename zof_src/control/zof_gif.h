@@ -26,7 +26,7 @@ s32 zof_gif_reset_play(zof_ctrl_t *ctrl);
 
 // Resuming a GIF that has finished does nothing.
 s32 zof_gif_pause(zof_ctrl_t *ctrl);
-s32 zof_gif_resume(zof_ctrl_t *ctrl);
+s32 zof_gif_resume(zof_ctrl_t *ctrl); // goes on after a pause
 
 // Plays n times from the first picture, paused or not; 0 plays forever.
 s32 zof_gif_play_count(zof_ctrl_t *ctrl, u16 n);

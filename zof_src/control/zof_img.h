@@ -26,13 +26,13 @@ s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name); // shows another pictur
 const char *zof_img_get_src(zof_ctrl_t *ctrl);
 
 // Shows the picture again when its name is a language key.
-s32 zof_img_update_src(zof_ctrl_t *ctrl);
-s32 zof_img_recolor(zof_ctrl_t *ctrl, zof_color_t color, u8 opa);
+s32 zof_img_update_src(zof_ctrl_t *ctrl);                         // loads the picture again
+s32 zof_img_recolor(zof_ctrl_t *ctrl, zof_color_t color, u8 opa); // mixes a colour into it; opa 255 covers it
 
 // Tenths of a degree; zoom, 256 is 100 %.
 s32 zof_img_set_rotate_angel(zof_ctrl_t *ctrl, s32 angle); // turns it clockwise by tenths of a degree
 s32 zof_img_zoom_setting(zof_ctrl_t *ctrl, u32 zoom);      // scales it; 256 is 100 %
-s32 zof_img_set_pivot(zof_ctrl_t *ctrl, s32 x, s32 y);
+s32 zof_img_set_pivot(zof_ctrl_t *ctrl, s32 x, s32 y);     // the point that turning and scaling leave in place
 
 // Returns 1 for a text that can be a path: its first character is printable ASCII.
 s32 zof_img_get_src_type(const char *text);

@@ -24,8 +24,8 @@ s32 zof_keyboard_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_keyboard_set_txtbox(zof_ctrl_t *ctrl, zof_ctrl_t *txtbox); // types into this text box from now on
 
 // As for button matrices.
-s32 zof_keyboard_get_selected_btn(zof_ctrl_t *ctrl);
-const char *zof_keyboard_get_btn_text(zof_ctrl_t *ctrl, u32 id);
+s32 zof_keyboard_get_selected_btn(zof_ctrl_t *ctrl);             // the key pressed last
+const char *zof_keyboard_get_btn_text(zof_ctrl_t *ctrl, u32 id); // caption of a key
 
 ZOF_C_END
 

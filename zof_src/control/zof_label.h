@@ -30,15 +30,15 @@ s32 zof_label_set_txt(zof_ctrl_t *ctrl, const char *text);
 
 // Returns the text shown, which the label owns; (char *)-1 without a label.
 char *zof_label_get_text(zof_ctrl_t *ctrl);
-s32 zof_label_set_align(zof_ctrl_t *ctrl, u32 align_e);
+s32 zof_label_set_align(zof_ctrl_t *ctrl, u32 align_e); // 0 by the text, 1 left, 2 centre, 3 right
 
 // Colours are 0xRRGGBB. A size applies to the font file of the control's first style.
 s32 zof_label_set_txt_color(zof_ctrl_t *ctrl, zof_color_t color); // colour of the text
-s32 zof_label_set_txt_size(zof_ctrl_t *ctrl, u32 size);
+s32 zof_label_set_txt_size(zof_ctrl_t *ctrl, u32 size);           // size of the letters, in pixels
 
 // LVGL's long mode, and the speed of the scrolling modes in pixels per second.
-s32 zof_label_set_dis_mode(zof_ctrl_t *ctrl, u32 mode);
-s32 zof_label_set_anim_speed(zof_ctrl_t *ctrl, u32 speed);
+s32 zof_label_set_dis_mode(zof_ctrl_t *ctrl, u32 mode);    // what happens to a long text
+s32 zof_label_set_anim_speed(zof_ctrl_t *ctrl, u32 speed); // how fast it scrolls
 
 // Shows the stored key's translation again; does nothing for a plain text.
 s32 zof_label_update_txt(zof_ctrl_t *ctrl);

@@ -34,30 +34,30 @@ extern const reflect_item_t zof_list_attr_t_tbl[];
 s32 zof_list_create(para_t *record, lv_obj_t *parent, void *attr);
 
 // Adds a button at the end, without an icon for a null image. Returns the button, which is a handle, or null.
-zof_ctrl_t *zof_list_add_btn(zof_ctrl_t *ctrl, const char *image, const char *text);
-s32 zof_list_del_btn(zof_ctrl_t *ctrl, u32 index);
-s32 zof_list_remove_all(zof_ctrl_t *ctrl); // removes all buttons
+zof_ctrl_t *zof_list_add_btn(zof_ctrl_t *ctrl, const char *image, const char *text); // adds a button
+s32 zof_list_del_btn(zof_ctrl_t *ctrl, u32 index);                                   // removes a button
+s32 zof_list_remove_all(zof_ctrl_t *ctrl);                                           // removes all buttons
 
 // Returns a button, or its child 0, which is the icon if it has one, else the label; or null.
-zof_ctrl_t *zof_list_get_index_btn(zof_ctrl_t *ctrl, u32 index);
-zof_ctrl_t *zof_list_get_index_label(zof_ctrl_t *ctrl, u32 index);
+zof_ctrl_t *zof_list_get_index_btn(zof_ctrl_t *ctrl, u32 index);   // a button by its index
+zof_ctrl_t *zof_list_get_index_label(zof_ctrl_t *ctrl, u32 index); // its first child
 
 // Checks this button of the list, by its handle, and no other. The getter returns something else: the index of the
 // first button that has the focus, or -1.
-s32 zof_list_set_select_index(zof_ctrl_t *ctrl, zof_ctrl_t *button);
-s32 zof_list_get_select_index(zof_ctrl_t *ctrl);
+s32 zof_list_set_select_index(zof_ctrl_t *ctrl, zof_ctrl_t *button); // checks one button
+s32 zof_list_get_select_index(zof_ctrl_t *ctrl);                     // the button that has the focus
 
 // The text of a button: set as a text or key, read as shown. The getter returns (char *)-1 when there is no such
 // button.
-s32 zof_list_set_index_str(zof_ctrl_t *ctrl, u32 index, const char *text);
-const char *zof_list_get_index_str(zof_ctrl_t *ctrl, u32 index);
+s32 zof_list_set_index_str(zof_ctrl_t *ctrl, u32 index, const char *text); // changes a button's text
+const char *zof_list_get_index_str(zof_ctrl_t *ctrl, u32 index);           // text of a button
 
 // Scrolls to a button, animated.
 s32 zof_list_focus(zof_ctrl_t *ctrl, u32 index);
 
 // Sets a local style of one button under an LVGL selector: background 0xRRGGBB, radius, opacity of the whole button.
 s32 zof_list_add_btns_style(zof_ctrl_t *ctrl, u32 index, u32 selector, zof_color_t bg_color, u32 radius, u8 opa);
-s32 zof_list_update_txt(zof_ctrl_t *ctrl);
+s32 zof_list_update_txt(zof_ctrl_t *ctrl); // translates keys again
 
 // Releases what the record keeps of the list's buttons, and the buttons if they still exist. Returns 0, or -1 for a
 // record without the attributes of a list.

@@ -23,16 +23,16 @@ extern const reflect_item_t zof_mbox_attr_t_tbl[];
 s32 zof_mbox_create(para_t *record, lv_obj_t *parent, void *attr);
 
 // Texts work as in labels; a missing title or text is added.
-s32 zof_title_set_txt(zof_ctrl_t *ctrl, const char *text);
-s32 zof_mbox_set_txt(zof_ctrl_t *ctrl, const char *text); // sets the text
+s32 zof_title_set_txt(zof_ctrl_t *ctrl, const char *text); // sets the title
+s32 zof_mbox_set_txt(zof_ctrl_t *ctrl, const char *text);  // sets the text
 
 // Returns the button that was clicked last: 65535 for none, all bits set without a box.
 u32 zof_mbox_get_clicked_btn_num(zof_ctrl_t *ctrl);
 
 // Hides the box after so many milliseconds; it can be opened again.
-s32 zof_mbox_start_auto_close(zof_ctrl_t *ctrl, u32 delay_ms);
-s32 zof_mbox_s_close(zof_ctrl_t *ctrl); // hides the box
-s32 zof_mbox_s_open(zof_ctrl_t *ctrl);  // shows the box
+s32 zof_mbox_start_auto_close(zof_ctrl_t *ctrl, u32 delay_ms); // hides the box after a time
+s32 zof_mbox_s_close(zof_ctrl_t *ctrl);                        // hides the box
+s32 zof_mbox_s_open(zof_ctrl_t *ctrl);                         // shows the box
 
 // Translates title and text again where they are keys. Captions stay as they were created.
 s32 zof_mbox_update_txt(zof_ctrl_t *ctrl);

@@ -17,8 +17,8 @@ extern const reflect_item_t zof_sketchpad_attr_t_tbl[];
 
 // 1 to 2047 pixels on each side; the control owns the pixels.
 s32 zof_sketchpad_create(para_t *record, lv_obj_t *parent, void *attr);
-s32 zof_sketchpad_set_width(zof_ctrl_t *ctrl, u8 width);
-s32 zof_sketchpad_clean_bg(zof_ctrl_t *ctrl);
+s32 zof_sketchpad_set_width(zof_ctrl_t *ctrl, u8 width); // width of new strokes, in pixels
+s32 zof_sketchpad_clean_bg(zof_ctrl_t *ctrl);            // removes all strokes
 
 // Makes new strokes translucent, or opaque again.
 s32 zof_sketchpad_set_transp(zof_ctrl_t *ctrl, zof_bool on);

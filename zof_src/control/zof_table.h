@@ -51,8 +51,8 @@ s32 zof_table_set_value_changed_color(zof_ctrl_t *ctrl, zof_color_t color, u32 m
 
 // Returns the colour of a cell, the default colour if it has no colour of its own.
 s32 zof_table_get_cell_color(zof_ctrl_t *ctrl, u32 row, u32 col);
-s32 zof_table_get_row_cnt(zof_ctrl_t *ctrl);
-s32 zof_table_get_col_cnt(zof_ctrl_t *ctrl);
+s32 zof_table_get_row_cnt(zof_ctrl_t *ctrl); // number of rows
+s32 zof_table_get_col_cnt(zof_ctrl_t *ctrl); // number of columns
 
 // Frees the colours of a table, once its object is gone. Returns 0, or -1 for a record that was not created.
 s32 zof_table_del(para_t *record);

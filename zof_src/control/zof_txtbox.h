@@ -28,17 +28,17 @@ extern const reflect_item_t zof_txtbox_attr_t_tbl[];
 s32 zof_txtbox_create(para_t *record, lv_obj_t *parent, void *attr);
 
 // Adds at the cursor. A character is its UTF-8 bytes, the first one lowest: 'a', 0xA9C3. Anything else returns -1.
-s32 zof_txtbox_add_txt(zof_ctrl_t *ctrl, const char *text);
-s32 zof_txtbox_add_char(zof_ctrl_t *ctrl, u32 character);
+s32 zof_txtbox_add_txt(zof_ctrl_t *ctrl, const char *text); // inserts a text
+s32 zof_txtbox_add_char(zof_ctrl_t *ctrl, u32 character);   // inserts a character
 
 // Deletes the character before the cursor, or the one after it.
-s32 zof_txtbox_del_char(zof_ctrl_t *ctrl);
-s32 zof_txtbox_del_char_forward(zof_ctrl_t *ctrl);
+s32 zof_txtbox_del_char(zof_ctrl_t *ctrl);                   // deletes the character before the cursor
+s32 zof_txtbox_del_char_forward(zof_ctrl_t *ctrl);           // deletes the one after the cursor
 s32 zof_txtbox_set_text(zof_ctrl_t *ctrl, const char *text); // replaces the text
 
 // Returns the text, also of a password; the box owns it. (char *)-1 without a box.
-const char *zof_txtbox_get_text(zof_ctrl_t *ctrl);
-s32 zof_txtbox_pwd_mode(zof_ctrl_t *ctrl, zof_bool on);
+const char *zof_txtbox_get_text(zof_ctrl_t *ctrl);      // the text in the box
+s32 zof_txtbox_pwd_mode(zof_ctrl_t *ctrl, zof_bool on); // shows dots instead of letters, or letters again
 
 // Moves the cursor: 0 right, 1 left, 2 down, 3 up; other values do nothing.
 s32 zof_txtbox_cursor_move(zof_ctrl_t *ctrl, u32 where);

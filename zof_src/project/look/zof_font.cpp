@@ -210,6 +210,10 @@ static lv_font_t *ttf_create(zof_font_t *entry, const char *path, u32 size, cons
     if (size > FONT_SIZE_MAX || !content_load(entry, path, why)) {
         return nullptr;
     }
+    if (zof_font_is_cut(entry->content, entry->content_size)) {
+        *why = "cut short";
+        return nullptr;
+    }
     *why = "not a font, or too complex";
     lv_ft_info_t info = {};
     info.name = path;

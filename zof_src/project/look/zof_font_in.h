@@ -23,4 +23,7 @@ void zof_font_last_set_up(lv_font_t *font, zof_font_last *last);
 // Logs the letters that have been noted since the last call, each with a control that shows it if there is one.
 void zof_font_last_report(zof_font_last *last);
 
+// Returns true if a file begins as an outline font but ends before one of its tables does.
+bool zof_font_is_cut(const u8 *content, u32 size);
+
 #endif
