@@ -36,7 +36,11 @@ struct temp_project_t {
 
     temp_project_t() {
         char name[] = "/tmp/zof_test_XXXXXX";
-        top = mkdtemp(name) ? name : "";
+        if (!mkdtemp(name)) { // without a folder of its own it would write into the root of the system
+            perror(name);
+            abort();
+        }
+        top = name;
         folder = top + "/res/";
         zof_res_set_path_cache(500);
         write("config/project/zofprj.g", R"({"p_name": "test", "width": 320, "height": 240, "views": []})");
