@@ -10,9 +10,6 @@
 // drops.
 u32 host_line_cflag(const zof_host_line_t *line);
 
-// Returns false, with errno, when the line cannot be set.
-bool host_line_apply(int fd, const zof_host_line_t *line);
-
 // What had a port's name at the last look.
 typedef struct {
     bool looked;

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include "port/host_linux_line.h"
+#include "port/win_line.h"
 
 u32 host_line_cflag(const zof_host_line_t *line) {
     u32 flag = CREAD | CLOCAL | BOTHER | (BOTHER << IBSHIFT);
@@ -21,7 +22,8 @@ u32 host_line_cflag(const zof_host_line_t *line) {
 }
 
 // A pseudo-terminal supports only 8N1 and silently drops the other bits, so a difference is not a failure.
-bool host_line_apply(int fd, const zof_host_line_t *line) {
+bool host_line_apply(intptr_t device, const zof_host_line_t *line) {
+    const int fd = (int)device;
     struct termios2 t;
     if (ioctl(fd, TCGETS2, &t) != 0) {
         return false;
