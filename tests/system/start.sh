@@ -161,6 +161,8 @@ stops 'wait soon\n' "session:1: a number was expected"
 stops '\ntap 5\n' "session:2: a word is missing"
 stops '# nothing\njump\n' "session:2: there is no such command"
 stops 'wait -5\n' "session:1: a time cannot be negative"
+stops 'wait 1\nview 9\n' "session:2: there is no such view"
+stops 'theme none\n' "session:1: there is no such theme"
 stops 'shot none/a.png\n' "session:1: the picture cannot be written" 3
 
 # A project that `zof ids` refuses: the project file, the view file, and the message.

@@ -10,6 +10,7 @@
 #include "drv/zof_drv_aid.h"
 #include "drv/zof_drv_end.h"
 #include "project/look/zof_lang.h"
+#include "project/look/zof_style.h"
 #include "project/read/zof_j2s.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_task.h"
@@ -124,8 +125,17 @@ static step_e cmd_lang() {
     return DONE;
 }
 
+static step_e cmd_theme() {
+    if (zof_theme_set(script.args[1]) != 0) {
+        fault("there is no such theme");
+    }
+    return DONE;
+}
+
 static step_e cmd_view() {
-    zof_view_set_dis_view((u32)number(1));
+    if (zof_view_set_dis_view((u32)number(1)) != 0) {
+        fault("there is no such view");
+    }
     return DONE;
 }
 
@@ -168,6 +178,7 @@ static constexpr struct {
     {"wait", 2, cmd_wait},       {"tap", 3, cmd_tap},     {"press", 3, cmd_press}, {"move", 3, cmd_press},
     {"release", 1, cmd_release}, {"drag", 6, cmd_drag},   {"shot", 2, cmd_shot},   {"lang", 2, cmd_lang},
     {"view", 2, cmd_view},       {"print", 3, cmd_print}, {"until", 5, cmd_until}, {"quit", 1, cmd_quit},
+    {"theme", 2, cmd_theme},
 };
 
 static void trim_end(char *text) {

@@ -29,7 +29,7 @@ static const struct text_t {
     {"clear", "\\uF2ED  Clear", "\\uF2ED  Neu"},
     {"network", "\\uF1EB  Network", "\\uF1EB  Netzwerk"},
     {"sound", "\\uF0F3  Sound", "\\uF0F3  Ton"},
-    {"volume", "\\uF028  Volume", "\\uF028  Volumen"},
+    {"volume", "\\uF028  Volume", "\\uF028  Ton"},
     {"brightness", "\\uF06E  Brightness", "\\uF06E  Helligkeit"},
     {"language", "\\uF11C  Language", "\\uF11C  Sprache"},
     {"theme", "\\uF043  Theme", "\\uF043  Design"},
