@@ -258,6 +258,27 @@ TEST_CASE("a new player takes over what the previous one showed, and what a host
     CHECK(contains(next.say(R"({"do": "tree"})"), R"("text":"Servus")"));
 }
 
+TEST_CASE("a view that is shown alone is not covered by one that was shown on another layer before") {
+    temp_project_t project;
+    project_write(project);
+    std::string more = file_text(project.path("config/view/more.g"));
+    project.write("config/view/more.g", more.replace(more.find("\"v_id\""), 0, R"("layer": "top", )"));
+    player p;
+    p.load(project);
+    const std::vector<u32> home = p.picture();
+    p.say(R"({"do": "show", "view": "more"})");
+    CHECK(p.picture() != home);
+    p.say(R"({"do": "show", "view": "home", "alone": true})");
+    CHECK(p.picture() == home);
+    CHECK(contains(p.say(R"({"do": "snapshot"})"), R"("views":["home"])"));
+
+    player next; // what it was told to restore was not shown by a program either
+    next.load(project, R"(, "state": {"views": ["more", "home"]})");
+    CHECK(next.picture() != home);
+    next.say(R"({"do": "show", "view": "home", "alone": true})");
+    CHECK(next.picture() == home);
+}
+
 TEST_CASE("faults in files are reported with their position and what was expected there") {
     temp_project_t project;
     project_write(project);

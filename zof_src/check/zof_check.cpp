@@ -103,8 +103,8 @@ s32 zof_check_add(zof_check_t *check, const zof_finding_t *finding) {
     return 0;
 }
 
-void zof_lint_settle(const char *folder, zof_check_t *check) {
-    check_run_t c = {.folder = folder, .out = check, .lint = true};
+void zof_lint_settle(const char *folder, zof_bool whole, zof_check_t *check) {
+    check_run_t c = {.folder = folder, .out = check, .lint = true, .limited = !whole};
     c.findings = {check->findings, check->count, check->count};
     check_file_t *file = check_add(c.files);
     if (file && (file->path = zof_text_copy("zof-check.ignore")) != nullptr) {

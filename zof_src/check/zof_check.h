@@ -45,9 +45,10 @@ void zof_check_free(zof_check_t *check);
 // Adds a finding to a list, which is initially {}; the texts are copied. Returns 0, or -1 if memory is short.
 s32 zof_check_add(zof_check_t *check, const zof_finding_t *finding);
 
-// Sorts the findings of `zof lint`, removes those listed in the folder's zof-check.ignore, and reports its lines that
-// name a rule of `zof lint` but match no finding.
-void zof_lint_settle(const char *folder, zof_check_t *check);
+// Sorts the findings of `zof lint` and removes those listed in the folder's zof-check.ignore. If `whole`, the findings
+// are those of all views, languages and themes, and lines that name a rule of `zof lint` but match no finding are
+// reported.
+void zof_lint_settle(const char *folder, zof_bool whole, zof_check_t *check);
 
 // Finds the project folder: `named` itself or its subfolder `res`. Returns 0 and the folder, which ends in "/", or -1
 // if there is no project or the path does not fit.

@@ -1,7 +1,8 @@
 // zof-check.ignore, a file of the project folder, lists findings to suppress, one per line:
 //     RULE FILE[:KEY] REASON
 // KEY is the key path of the value, as in `zof check --format json`; a '*' at the end of FILE:KEY matches any rest.
-// Blank lines and lines that begin with '#' are skipped.
+// Without KEY, a line matches every finding of the rule in the file. Blank lines and lines that begin with '#' are
+// skipped.
 #include <cstdio>
 #include <cstring>
 
@@ -28,6 +29,9 @@ static const char *word_take(const char *at, const char *end, char *word) {
 
 static bool place_matches(const char *pattern, const zof_finding_t *finding) {
     char place[WORD_SIZE];
+    if (std::strcmp(pattern, finding->file) == 0) {
+        return true;
+    }
     const size_t length = std::strlen(pattern);
     std::snprintf(place, sizeof place, "%s%s%s", finding->file, finding->key[0] ? ":" : "", finding->key);
     return length && pattern[length - 1] == '*' ? std::strncmp(place, pattern, length - 1) == 0
@@ -74,7 +78,7 @@ static void line_apply(check_run_t *c, const check_file_t *file, const char *lin
     }
     if (rest == end) {
         check_report_at(c, file, ZOF_J_NONE, at, CHECK_IGNORE, "expected RULE FILE[:KEY] REASON");
-    } else if (!findings_drop(c, rule, place)) {
+    } else if (!findings_drop(c, rule, place) && !c->limited) {
         check_report_at(c, file, ZOF_J_NONE, at, CHECK_IGNORE, "there is no finding %s at %s; remove the line", rule,
                         place);
     }

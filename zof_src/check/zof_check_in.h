@@ -122,7 +122,8 @@ struct check_run_t {
     bool broken;       // part of a file cannot be understood, so the texts that it uses are unknown
     bool outside;      // the project allows names that lead out of its folder
     bool no_memory;
-    bool lint; // the findings are those of `zof lint`
+    bool lint;    // the findings are those of `zof lint`
+    bool limited; // only some views, languages or themes were drawn
 };
 
 // Findings ---------------------------------------------------------------------------------------------------------

@@ -84,6 +84,9 @@ static std::string cmd_hello(const cJSON *, cJSON *reply) {
 }
 
 static std::string cmd_show(const cJSON *args, cJSON *) {
+    if (is_true(args, "alone")) {
+        inspect_layers_clear();
+    }
     return inspect_choose(args);
 }
 
@@ -275,7 +278,9 @@ static const struct command_t {
      INSPECT_READ, false},
     {"load", "dir view? language? theme? state?", "Starts the project of a folder, once in the life of a player.",
      cmd_load, INSPECT_PLAYER, true},
-    {"show", "view? language? theme?", "Changes the view, the language, the theme.", cmd_show, INSPECT_WRITE, false},
+    {"show", "view? language? theme? alone?",
+     "Changes the view, the language, the theme. With alone, views that show has put on other layers are hidden first.",
+     cmd_show, INSPECT_WRITE, false},
     {"state", "control state", "Sets the states of a control: \"pressed+checked\"; \"default\" clears them.", cmd_state,
      INSPECT_WRITE, false},
     {"pointer", "x y down", "Moves the finger, and puts it down or lifts it.", cmd_pointer, INSPECT_WRITE, false},

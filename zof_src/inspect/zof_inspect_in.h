@@ -97,6 +97,10 @@ std::string inspect_lang_set(const char *name);
 
 std::string inspect_view_show(u32 id);
 
+// Hides the views that inspect_view_show has put on layers other than that of the screen. Views that the program or a
+// host has put there stay.
+void inspect_layers_clear();
+
 // Returns the sorted names of a project folder's subfolders if `folders`, otherwise of its ".g" files without ".g".
 std::vector<std::string> inspect_names(const char *folder, bool folders);
 

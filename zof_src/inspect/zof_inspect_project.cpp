@@ -8,8 +8,9 @@
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
 
-static std::string theme; // the requested theme
-static bool theme_waits;  // the runtime has not accepted it yet, because no control has a theme
+static std::string theme;           // the requested theme
+static bool theme_waits;            // the runtime has not accepted it yet, because no control has a theme
+static u32 placed[ZOF_LAYER_COUNT]; // the last view that inspect_view_show has put on each layer; 0 before
 
 bool inspect_started() {
     const zof_prj_t *prj = zof_prj_get_cur();
@@ -59,9 +60,21 @@ std::string inspect_lang_set(const char *name) {
     return "";
 }
 
+// A view of another layer stays until it is hidden, and would cover the views that are shown next.
+void inspect_layers_clear() {
+    for (u32 layer = 0; layer < ZOF_LAYER_COUNT; layer++) {
+        if (layer != ZOF_LAYER_UI && placed[layer] && zof_view_get_cur_id(layer) == (s32)placed[layer]) {
+            zof_view_hide_layer(layer);
+        }
+    }
+}
+
 std::string inspect_view_show(u32 id) {
     if (zof_view_set_dis_view(id) != 0) {
         return "the view " + inspect_view_name(id) + " cannot be shown";
+    }
+    for (u32 layer = 0; layer < ZOF_LAYER_COUNT; layer++) {
+        placed[layer] = zof_view_get_cur_id(layer) == (s32)id ? id : placed[layer];
     }
     theme_waits = theme_waits && zof_theme_set(theme.c_str()) != 0;
     return "";

@@ -179,7 +179,7 @@ static void target_add(cJSON *out, const owners_t &owners, const owner_t *owner,
             height = LV_MIN(height, lv_area_get_height(&seen.key));
         }
     }
-    size_add(out, "target", width, height);
+    size_add(out, "target", LV_MAX(width, 0), LV_MAX(height, 0)); // the room of what cannot be seen is negative
     const s32 small = LV_MIN(lv_obj_get_width(obj), lv_obj_get_height(obj));
     const s32 large = LV_MAX(lv_obj_get_width(obj), lv_obj_get_height(obj));
     cJSON_AddBoolToObject(out, "round", 2 * lv_obj_get_style_radius(obj, 0) >= small && 4 * large <= 5 * small);

@@ -123,5 +123,5 @@ void lint_end(lint_t *lint, const char *folder, zof_check_t *check) {
                                       finding.col,  (char *)finding.key.c_str(),  (char *)finding.text.c_str()};
         zof_check_add(check, &copied);
     }
-    zof_lint_settle(folder, check);
+    zof_lint_settle(folder, lint->plan.whole ? ZOF_TRUE : ZOF_FALSE, check);
 }

@@ -87,6 +87,7 @@ bool view_show(view_player_t *player, const std::string &view, const std::string
         cJSON_AddStringToObject(command, "language", language.c_str());
     }
     cJSON_AddStringToObject(command, "view", view.c_str());
+    cJSON_AddTrueToObject(command, "alone");
     return view_tell(player, command);
 }
 
@@ -103,7 +104,9 @@ view_plan_t view_plan(const cJSON *project) {
     return {parts(view_options.view, view_texts(project, "views", "name")),
             parts(view_options.language, view_texts(project, "languages", nullptr)),
             parts(view_options.theme, view_texts(project, "themes", nullptr)),
-            cJSON_GetObjectItem(project, "width")->valueint, cJSON_GetObjectItem(project, "height")->valueint};
+            cJSON_GetObjectItem(project, "width")->valueint,
+            cJSON_GetObjectItem(project, "height")->valueint,
+            view_options.view.empty() && view_options.language.empty() && view_options.theme.empty()};
 }
 
 // Shows all cells of a theme. Each theme gets its own player, because controls keep what they got from their first

@@ -12,6 +12,7 @@
 struct view_plan_t {
     std::vector<std::string> views, languages, themes; // never empty: without languages or themes, one ""
     s32 width, height;                                 // of the project, in pixels
+    bool whole;                                        // the options have not chosen a view, language or theme
 };
 
 // A place in a plan: one view in one language and theme.
@@ -32,7 +33,8 @@ cJSON *view_ask(view_player_t *player, cJSON *command);
 // Like view_ask, for commands whose reply is not needed. Returns false after a message if it fails.
 bool view_tell(view_player_t *player, cJSON *command);
 
-// Shows a view, and changes the language unless it is empty. Returns false after a message.
+// Shows a view in place of those shown before, on any layer, and changes the language unless it is empty. Returns false
+// after a message.
 bool view_show(view_player_t *player, const std::string &view, const std::string &language);
 
 // Makes a plan from the reply to `load`.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 #include "drv/zof_drv.h"
 #include "port/win_fit.h"
@@ -107,6 +108,7 @@ static void step(const char *array, const char *of, const char *key, s32 by) {
     const std::string &chosen = all[at == count ? 0 : (at + count + (size_t)by) % count];
     cJSON *command = view_command("show");
     cJSON_AddStringToObject(command, key, chosen.c_str());
+    cJSON_AddBoolToObject(command, "alone", strcmp(key, "view") == 0);
     view_session_send(&self.session, command);
     cJSON_ReplaceItemInObject(self.session.project, key, cJSON_CreateString(chosen.c_str()));
 }
