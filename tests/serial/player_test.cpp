@@ -148,8 +148,8 @@ TEST_CASE("a player answers every invalid line with an error and continues") {
     p.load(project);
     const std::pair<const char *, const char *> rows[] = {
         {R"({"do": "load", "dir": "/nowhere"})", "loaded before"},
-        {R"({"do": "show", "view": "none"})", "there is no such view"},
-        {R"({"do": "show", "view": 3})", "there is no such view"},
+        {R"({"do": "show", "view": "hone"})", "there is no view hone; did you mean home?"},
+        {R"({"do": "show", "view": 3})", "there is no view of this number"},
         {R"({"do": "show", "view": "home", "colour": 1})", "show has no argument colour"},
         {R"({"do": "show", "language": "../en"})", "there is no language ../en"},
         {R"({"do": "show", "theme": "none"})", "there is no theme none"},
@@ -166,7 +166,7 @@ TEST_CASE("a player answers every invalid line with an error and continues") {
         {R"({"do": "set", "row": "slider.value", "control": "more/level", "value": 1e10})", "out of range"},
         {R"({"do": "link"})", "time is not real"},
         {R"({"do": "restore", "state": 1})", "state must be an object"},
-        {R"({"do": "tree", "view": "none"})", "there is no such view"},
+        {R"({"do": "tree", "view": "none"})", "there is no view none"},
         {R"({"do": "picture", "file": 3})", "file must be a text"},
         {R"({"do": "scroll", "control": "home/none", "x": 0, "y": 0})", "there is no control home/none"},
     };

@@ -22,6 +22,7 @@ adds() {
 adds 1 "$font:ampersan" "no icon ampersan; did you mean ampersand?"
 adds 1 "$font:a b" "cannot be a name in texts"
 adds 1 "/dev/null:a" "/dev/null: "
+adds 1 "nowhere.ttf:a" "nowhere.ttf: No such file or directory"
 [ ! -e res/font/cut.ttf ] && [ ! -e res/config/icons.g ] || fail "a failed run has written files"
 adds 1 "$font:ampersand" "config/languages/en.g:1:11: warning: $font has no U+6F22"
 echo '{"press": ":ampersand: Press"}' >res/config/languages/en.g
@@ -32,6 +33,14 @@ adds 0 "$font:ampersand" "KiB"
 cmp res/font/cut.ttf first.ttf && cmp res/config/icons.g first.g || fail "a second run has changed the files"
 [ "$(wc -c <first.ttf)" -lt 20000 ] || fail "the font has more than the letters"
 adds 0 "$font:percent" "config/languages/en.g:1:11: note: the icon :ampersand: is not among --icons"
+/usr/bin/python3 - "$font" <<END || fail "no font without points on the curve"
+import sys
+from fontTools.ttLib import TTFont
+font = TTFont(sys.argv[1])
+font["glyf"]["percent"].flags = bytearray(len(font["glyf"]["percent"].getCoordinates(font["glyf"])[2]))
+font.save("off.ttf")
+END
+adds 0 "off.ttf:percent" ":percent: U+E001"
 cp first.ttf res/font/cut.ttf
 "$zof" check res || fail "the project has findings"
 "$zof" view res --log --shot shot.png >out.log 2>&1 || fail "the project cannot be shown"

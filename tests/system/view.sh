@@ -30,7 +30,7 @@ grep -q '"path":	"main/button"' tree1.json || fail "the tree has no button"
 ends 3 nowhere --shot x.png
 says "nowhere: no config/project/zofprj.g"
 ends 3 res --view none --shot x.png
-says "there is no such view"
+says "there is no view none"
 ends 1 res --state main/none=pressed --shot x.png
 says "there is no control main/none"
 ends 3 res --shot nowhere/x.png

@@ -72,5 +72,7 @@ TEST_CASE("only values that have a name change, and other files are left alone")
     CHECK(converted(path, R"({"controls": [{"type": "button", "property": {"mode": "none", "txt": "touch"}}]})",
                     false) == R"({"controls": [{"type": 1, "property": {"mode": "none", "txt": "touch"}}]})");
     CHECK(converted(path, "{", true) == "refused");
-    CHECK(converted("config/languages/en.g", "{}", true) == "refused");
+    CHECK(converted("config/languages/en.g", R"({"type": 1})", true) == R"({"type": 1})");
+    CHECK(converted("config/icons.g", R"({"cafe": "U+E000"})", false) == R"({"cafe": "U+E000"})");
+    CHECK(converted("image/en.g", "{}", true) == "refused");
 }

@@ -42,7 +42,7 @@ static int file_convert(const std::string &path) {
     char *made = readable ? zof_fmt(path.c_str(), doc.text.data(), doc.text.size(), !opt.numbers, &size) : nullptr;
     int result = ZOF_EXIT_UNREADABLE;
     if (readable && !made) {
-        result = fail(path, "not a project, link, view or theme file, by its path", ZOF_EXIT_UNREADABLE);
+        result = fail(path, "not a file of a project folder, by its path: config/...", ZOF_EXIT_UNREADABLE);
     } else if (readable) {
         result = std::string(made, size) == doc.text ? ZOF_EXIT_CLEAN : change(path, made, size);
     }

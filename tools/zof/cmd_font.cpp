@@ -295,6 +295,21 @@ static std::string utf8(u32 letter) {
     return text;
 }
 
+// Reports icons of texts that the font lacks. A font without any is probably one that texts with icons do not use.
+static void icons_print(const cJSON *icons, const letters_t &letters) {
+    if (opt.icons.empty() && !letters.icons.empty()) {
+        printf("note: texts use :%s:%s; without --icons this font has no icons\n", letters.icons.begin()->first.c_str(),
+               letters.icons.size() > 1 ? " and other icons" : "");
+        return;
+    }
+    for (const auto &[icon, place] : letters.icons) {
+        if (!cJSON_GetObjectItem(icons, icon.c_str())) {
+            printf("%s: note: the icon :%s: is not among --icons, so this font lacks it\n", place.c_str(),
+                   icon.c_str());
+        }
+    }
+}
+
 static void made_print(const cJSON *made, const letters_t &letters, const std::string &name) {
     const auto number = [&](const char *key) { return cJSON_GetNumberValue(cJSON_GetObjectItem(made, key)); };
     const cJSON *icons = cJSON_GetObjectItem(made, "icons"), *at = nullptr;
@@ -306,12 +321,7 @@ static void made_print(const cJSON *made, const letters_t &letters, const std::s
     cJSON_ArrayForEach(at, cJSON_GetObjectItem(made, "heights")) {
         printf("  size %s: lines of %.0f px\n", at->string, at->valuedouble);
     }
-    for (const auto &[icon, place] : letters.icons) {
-        if (!cJSON_GetObjectItem(icons, icon.c_str())) {
-            printf("%s: note: the icon :%s: is not among --icons, so this font lacks it\n", place.c_str(),
-                   icon.c_str());
-        }
-    }
+    icons_print(icons, letters);
     cJSON_ArrayForEach(at, cJSON_GetObjectItem(made, "missing")) {
         const u32 letter = (u32)at->valuedouble;
         printf("%s: warning: %s has no U+%04X %s\n", letters.first.at(letter).c_str(), opt.font.c_str(), letter,

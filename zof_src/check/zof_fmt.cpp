@@ -138,12 +138,13 @@ static bool path_fits(const char *path, const char *pattern) {
     return *path == 0;
 }
 
-// Returns the record at the root of a file, or null if the file contains no records.
-static const zof_cat_record_t *root_of(const char *path) {
+// Returns the row of a JSON file, or null if a project folder has no such file.
+static const zof_cat_file_t *file_row(const char *path) {
     for (const char *at = path; at; at = std::strchr(at, '/') ? std::strchr(at, '/') + 1 : nullptr) {
         for (u32 i = 0; i < zof_cat_file_count; i++) {
-            if (path_fits(at, zof_cat_files[i].path)) {
-                return zof_cat_files[i].root;
+            const zof_cat_file_t *file = &zof_cat_files[i];
+            if (std::strncmp(file->path, "config/", 7) == 0 && path_fits(at, file->path)) {
+                return file;
             }
         }
     }
@@ -151,15 +152,15 @@ static const zof_cat_record_t *root_of(const char *path) {
 }
 
 char *zof_fmt(const char *path, const char *text, size_t size, zof_bool names, size_t *out_size) {
-    const zof_cat_record_t *root = root_of(path);
+    const zof_cat_file_t *file = file_row(path);
     zof_jdoc_t doc;
-    const s32 faults = root ? zof_jdoc_read(&doc, text, size) : -1;
+    const s32 faults = file ? zof_jdoc_read(&doc, text, size) : -1;
     if (faults < 0) {
         return nullptr;
     }
     fmt_t f = {&doc, names != ZOF_FALSE, nullptr, 0, 0, 0, false};
     if (faults == 0) {
-        object_convert(&f, 0, root);
+        object_convert(&f, 0, file->root);
         append(&f, text + f.copied, size - f.copied);
     }
     zof_jdoc_free(&doc);

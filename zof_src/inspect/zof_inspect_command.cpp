@@ -71,7 +71,7 @@ std::string inspect_choose(const cJSON *args) {
         return fault;
     }
     const u32 id = inspect_view_find(view);
-    return id ? inspect_view_show(id) : "there is no such view";
+    return id ? inspect_view_show(id) : inspect_view_none(view);
 }
 
 static std::string cmd_load(const cJSON *args, cJSON *reply) {
@@ -203,7 +203,7 @@ static std::string cmd_tree(const cJSON *args, cJSON *reply) {
     const cJSON *name = cJSON_GetObjectItemCaseSensitive(args, "view");
     const u32 id = name ? inspect_view_find(name) : 0;
     if (name && !id) {
-        return "there is no such view";
+        return inspect_view_none(name);
     }
     if (id && !zof_view_list_get(id)) { // its functions run when it is loaded
         if (current.may == INSPECT_READ) {

@@ -111,6 +111,7 @@ std::vector<zof_view_node_t *> inspect_views_shown();
 // The path of a control is "home/brew", or "home/#12" if its name is missing or not unique.
 std::string inspect_view_name(u32 id);
 u32 inspect_view_find(const cJSON *name); // by id, or by file name with or without ".g"; 0 if there is no such view
+std::string inspect_view_none(const cJSON *name); // the error for a view that does not exist, with the nearest name
 std::string inspect_path(u32 view, u32 ctrl);
 para_t *inspect_control(const char *path, u32 *view); // loads the view; returns null if there is no such control
 

@@ -5,6 +5,7 @@
 #include "control/zof_ctrl.h"
 #include "inspect/zof_inspect_in.h"
 #include "project/view/zof_view.h"
+#include "zof_lib/zof_util.h"
 
 std::string inspect_view_name(u32 id) {
     const char *file = zof_view_name_get(id);
@@ -29,6 +30,20 @@ u32 inspect_view_find(const cJSON *name) {
         }
     }
     return 0;
+}
+
+std::string inspect_view_none(const cJSON *name) {
+    const char *typed = cJSON_GetStringValue(name);
+    std::string meant;
+    u32 least = ZOF_TEXT_NEAR;
+    const zof_view_name_t *entry = nullptr;
+    const db_list *list = zof_prj_get_cur()->view_names;
+    for (s32 i = 0; typed && (entry = (const zof_view_name_t *)__db_list_visit((db_list *)list, i)); i++) {
+        const std::string near = inspect_view_name(entry->id);
+        meant = zof_text_nearer(typed, near.c_str(), &least) ? near : meant;
+    }
+    return "there is no view " + (typed ? std::string(typed) : "of this number") +
+           (meant.empty() ? "" : "; did you mean " + meant + "?");
 }
 
 // Returns the number of controls in the view with this name, and one of them in `found`.

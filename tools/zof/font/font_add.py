@@ -4,6 +4,7 @@ write, the letters, the weight of a variable font or "", sizes "16,24" or "", th
 Prints JSON."""
 import difflib
 import json
+import logging
 import os
 import sys
 
@@ -20,6 +21,9 @@ except ImportError:
     sys.exit(9)                         # the caller tries another Python
 
 
+logging.disable()                       # what fontTools remarks about foreign fonts is of no use to the user
+
+
 def fail(text):
     print(json.dumps({"error": text}))
     sys.exit(0)
@@ -29,7 +33,9 @@ def opened(path, weight=""):
     try:
         font = TTFont(path, fontNumber=0, lazy=False)
         font.getBestCmap()
-    except (OSError, TTLibError, ImportError, AssertionError, KeyError, ValueError, EOFError) as e:
+    except OSError as e:
+        fail(f"{path}: {e.strerror or e}")
+    except (TTLibError, ImportError, AssertionError, KeyError, ValueError, EOFError) as e:
         fail(f"{path}: {e or 'not a font'}")
     if "fvar" in font:
         axes = {axis.axisTag: axis.defaultValue for axis in font["fvar"].axes}
@@ -47,7 +53,9 @@ def outline(glyphs, name, matrix, limit):
     """Returns a glyph with quadratic outlines, transformed by `matrix`."""
     pen, whole = TTGlyphPen(None), DecomposingRecordingPen(glyphs)
     glyphs[name].draw(whole)
-    whole.replay(TransformPen(Cu2QuPen(pen, limit, reverse_direction=False), matrix))
+    cubic = any(step == "curveTo" for step, _ in whole.value)   # its converter refuses contours without a point on the
+    to = Cu2QuPen(pen, limit, reverse_direction=False) if cubic else pen    # curve, which quadratic outlines may have
+    whole.replay(TransformPen(to, matrix))
     return pen.glyph()
 
 
@@ -133,7 +141,11 @@ def main(path, out, letters, weight, sizes, free, *icon_args):
             name, _, known = entry.partition("=")
             letter = int(known[2:], 16) if known else free
             free += not known
-            if not icon_add(font, source, icon_find(source, file, name), letter):
+            try:
+                added = icon_add(font, source, icon_find(source, file, name), letter)
+            except Exception:
+                fail(f"{file}: the outline of the icon {name} is damaged")
+            if not added:
                 fail(f"{file}: the icon {name} is empty")
             icons[name] = f"U+{letter:04X}"
     font.recalcTimestamp = False        # the same input must produce the same bytes
@@ -155,4 +167,4 @@ def main(path, out, letters, weight, sizes, free, *icon_args):
 try:
     main(*sys.argv[1:])
 except Exception as e:                   # a foreign font may be damaged in any way
-    fail(f"{sys.argv[1]}: {type(e).__name__}: {e}")
+    fail(f"{sys.argv[1]}: the font is damaged: {e or type(e).__name__}")
