@@ -87,6 +87,18 @@ TEST_CASE("a watched folder shows each save, and after a fault the last good pic
     CHECK(w.session.note_grave);
     CHECK(w.pixel() == 0xFF00);
 
+    w.project.write(view_g, view(0xFF00));
+    for (const auto &[file, text, note] :
+         {std::tuple("config/languages/de.g", "{\"word\": }", "de.g:1:10: expected a value"),
+          {view_g, "", "home.g: "}}) {
+        const std::string good = file_text(w.project.path(file));
+        w.project.write(file, text);
+        CHECK(w.until([&] { return contains(w.session.note, note); }));
+        CHECK((w.session.note_grave && w.pixel() == 0xFF00));
+        w.project.write(file, good);
+        CHECK(w.until([&] { return w.session.note.empty(); }));
+    }
+
     // An editor that renames a new file over the old one, and a fault that is only a warning.
     w.project.write("config/view/home.g~", view(0xFF0000, R"(, "colour": 1)"));
     std::filesystem::rename(w.project.path("config/view/home.g~"), w.project.path(view_g));

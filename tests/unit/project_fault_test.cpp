@@ -81,7 +81,7 @@ static const std::string label = R"("id": 1, "alpha": 255)";
 static const fault_t whole[] = {
     {project_g, "{\"width\": 1, \"height\": 1,\n\"views\": []} }", "2:14: text after the end of the object\n"},
     {view_g, "[]", "1:1: expected an object\n"},
-    {view_g, "", " read error!\n\n"},
+    {view_g, "", " read error!\n"},
     {view_g, "{\"view\": {}}\n\n,\"controls\": []}", "3:1: text after the end of the object\n"},
     {theme_g, "{} x", "1:4: text after the end of the object\n"},
     {"config/languages/en.g", "{}{}", "1:3: text after the end of the object\n"},

@@ -11,6 +11,9 @@ static void message(const zof_fault_t *fault) {
     cJSON_AddNumberToObject(event, "column", fault->col);
     cJSON_AddStringToObject(event, "key", fault->key);
     cJSON_AddStringToObject(event, "text", fault->text);
+    if (fault->broken) {
+        cJSON_AddTrueToObject(event, "broken");
+    }
     inspect_send(event);
     if (logged) {
         zof_fault_log(fault);

@@ -58,6 +58,7 @@ static void next_drop(view_session_t *session) {
 static void load_begin(view_session_t *session) {
     session->changed = false;
     session->message.clear();
+    session->broken = false;
     spare_start(session);
     session->next = session->spare;
     session->spare = {};
@@ -103,7 +104,7 @@ static void next_show(view_session_t *session, const cJSON *reply) {
 }
 
 static void load_end(view_session_t *session, const cJSON *reply) {
-    if (is_ok(reply)) {
+    if (is_ok(reply) && !(session->broken && session->project)) { // a first picture is better than none
         next_show(session, reply);
     } else {
         const char *error = cJSON_GetStringValue(cJSON_GetObjectItem(reply, "error"));
@@ -116,8 +117,10 @@ static void load_end(view_session_t *session, const cJSON *reply) {
 static void next_poll(view_session_t *session) {
     cJSON *reply = nullptr;
     const bool runs = view_player_poll(&session->next, [&](const cJSON *line) {
-        if (is_event(line, "message") && session->message.empty()) {
+        const bool broken = cJSON_IsTrue(cJSON_GetObjectItem(line, "broken"));
+        if (is_event(line, "message") && (session->message.empty() || (broken && !session->broken))) {
             session->message = view_message_text(line);
+            session->broken = broken;
         }
         const bool refused = session->port && cJSON_GetObjectItem(line, "error") && !cJSON_GetObjectItem(line, "id");
         if ((refused || is_reply(line, session->load_id)) && !reply) {

@@ -28,6 +28,7 @@ struct view_session_t {
     view_player_t shown, next, spare;
     view_watch_t watch;
     std::string message; // first message of the player that is loading
+    bool broken;         // it is about a file that cannot be used at all
     s32 load_id;         // id of the `load` command of `next`; 0 while nothing loads
     s32 state_id;        // id of the pending `snapshot` command; 0 if no reply is pending
     s32 picture_id;      // likewise, of `picture`, for a program

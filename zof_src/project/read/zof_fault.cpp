@@ -52,10 +52,11 @@ void zof_fault_log(const zof_fault_t *fault) {
     }
 }
 
-static void report(const char *path, const char *text, const char *at, const char *key, const char *fmt, va_list args) {
+static void report(const char *path, const char *text, const char *at, const char *key, zof_bool broken,
+                   const char *fmt, va_list args) {
     char said[TEXT_SIZE];
     std::vsnprintf(said, sizeof said, fmt, args);
-    zof_fault_t fault = {path, at ? 1u : 0u, 0, key, said};
+    zof_fault_t fault = {path, at ? 1u : 0u, 0, key, said, broken};
     const char *line_start = text;
     for (const char *c = text; at && c < at && *c; c++) {
         if (*c == '\n') {
@@ -136,11 +137,12 @@ static void report_value(const cJSON *value, const char *fmt, va_list args) {
     u32 before = 0;
     const zof_fault_scope *scope = faults.scope;
     if (!scope || !scope->root || !value_find(scope->root, value, &before, key)) {
-        report(scope ? scope->path : "", nullptr, nullptr, value && value->string ? value->string : "", fmt, args);
+        report(scope ? scope->path : "", nullptr, nullptr, value && value->string ? value->string : "", ZOF_FALSE, fmt,
+               args);
         return;
     }
     char *text = zof_j2s_text(scope->path, nullptr);
-    report(scope->path, text, text ? value_place(text, before) : nullptr, key, fmt, args);
+    report(scope->path, text, text ? value_place(text, before) : nullptr, key, ZOF_FALSE, fmt, args);
     Freebuff(text);
 }
 
@@ -167,6 +169,6 @@ void zof_fault_of_key(const char *path, const char *key, const char *fmt, ...) {
 void zof_fault_in_text(const char *path, const char *text, const char *at, const char *fmt, ...) {
     va_list args;
     va_start(args, fmt);
-    report(path ? path : "", text, at, "", fmt, args);
+    report(path ? path : "", text, at, "", ZOF_TRUE, fmt, args);
     va_end(args);
 }

@@ -14,6 +14,7 @@ typedef struct {
     u32 line, col;    // from 1, in bytes, of the key, or of an array's element; 0 if the file cannot be read again
     const char *key;  // the way to it, "controls[0].property.txt"; "" for the whole file
     const char *text; // what is wrong
+    zof_bool broken;  // the text of the file is invalid, so nothing in it is used
 } zof_fault_t;
 
 typedef void (*zof_fault_fn)(const zof_fault_t *fault);
@@ -31,7 +32,7 @@ void zof_fault_at(const cJSON *value, const char *fmt, ...) ZOF_PRINTF_LIKE(2, 3
 // Reports a fault of a key at the root of a file that is not in memory any more.
 void zof_fault_of_key(const char *path, const char *key, const char *fmt, ...) ZOF_PRINTF_LIKE(3, 4);
 
-// Reports a fault at a place in the text of a file.
+// Reports why the text of a file is invalid, at a place in it, or without a place for null.
 void zof_fault_in_text(const char *path, const char *text, const char *at, const char *fmt, ...) ZOF_PRINTF_LIKE(4, 5);
 
 // Starts a file: the log shows the first faults again.

@@ -64,7 +64,7 @@ zof_rootjson_t zof_j2s_open(const char *path) {
     const char *why = nullptr;
     char *text = zof_j2s_text(path, &why);
     if (!text) {
-        zof_printf("%s: %s\n", path ? path : "", why ? why : "cannot be read");
+        zof_fault_in_text(path, nullptr, nullptr, "%s", why ? why : "cannot be read");
     }
     return root_of(path, text);
 }
