@@ -16,8 +16,9 @@ TEST_CASE("a control that cannot be built is reported and left out, and the view
         ctrl(ZOF_CTRL_BTN, 5), // an id that is in use
         child_of(5, 6),
     });
-    for (const char *line : {"err: create ctrl[c1,1] fail", "err: create ctrl[c2,2] fail", "[c3,3] fail",
-                             "v1.g:6:1: controls[5]: controls[4] has the id 5 already; it is left out"}) {
+    for (const char *line :
+         {"err: create ctrl[c1,1] fail", "err: create ctrl[c2,2] fail", "[c3,3] fail",
+          "controls[5].property.pub_t.id: the control c5 has the id 5 already; this one is left out"}) {
         CHECK(contains(said, line));
     }
     CHECK(zof_ctrl_get_form_id(1, 2) == nullptr);
