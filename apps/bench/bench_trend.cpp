@@ -264,8 +264,8 @@ static s64 column_of(const chart_t &chart, u64 at) {
     return at < chart.from ? -(s64)((chart.from - at - 1) / chart.width) - 1 : (s64)((at - chart.from) / chart.width);
 }
 
-// Marks the columns between two reports that are not joined. If there are none between, it marks that of the second
-// report, so that a short gap stays visible in a long span.
+// Marks the columns between two reports that are not joined. If the reports are in adjacent columns, it marks that of
+// the second report, so that a short gap stays visible in a long span.
 static void gap_mark(chart_t &chart, u64 after, u64 until) {
     const s64 first = column_of(chart, after) + 1;
     const s64 end = column_of(chart, until);

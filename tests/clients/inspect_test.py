@@ -141,7 +141,7 @@ class Inspect(unittest.TestCase):
                             client.send(b'{"do": "tree"}\n')
                         except BlockingIOError:
                             time.sleep(0.01)
-                program.until("the client does not read; it is cut off")
+                program.until("the client does not read; it is disconnected")
             with Client(program, program.token) as client:
                 self.assertTrue(client.ask("help")["ok"])
 

@@ -47,7 +47,7 @@ class Panels(unittest.TestCase):
     def opened(self, bench: BenchPanel, **more) -> Panel:
         panel = self.enterContext(bench.open(**more))
         event = panel.event(10)
-        if event is None:        # opening the line discards earlier bytes, so the first event may be lost
+        if event is None:        # the first event may be lost, because opening the line flushes its input
             bench.stop()
             bench.start()
             event = panel.event(60)

@@ -61,8 +61,8 @@ extern const bool wire_makes_lines;
 extern const char *const wire_line_help, *const wire_example;
 
 // What systems do differently, in wire_posix.cpp and wire_win32.cpp. Read and write do not wait. Read returns the
-// bytes, 0 when there are none, -1 when the far end is gone; write, of an open line, the bytes that were taken. Wait
-// returns when there is something to read, at the latest after `ms`.
+// bytes, 0 when no bytes have arrived, -1 when the far end is gone; write, of an open line, the bytes that were taken.
+// Wait returns when there is something to read, at the latest after `ms`.
 long wire_read(wire &w, uint8_t *data, size_t size);
 size_t wire_write(wire &w, const bytes &data);
 void wire_wait(wire &w, int ms);

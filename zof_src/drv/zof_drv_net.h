@@ -16,7 +16,7 @@ void zof_net_unlisten(zof_net_port_t *port);
 
 // All functions below but zof_net_wake belong to one thread, and only zof_net_wait waits.
 
-// Returns a connection that a program has opened, or -1 if there is none.
+// Returns the next connection that a program has opened, or -1 if no connection waits.
 s32 zof_net_accept(zof_net_port_t *port);
 
 // Returns the number of bytes that were read or written; 0 if it would have to wait; -1 when the other end is closed.

@@ -30,10 +30,10 @@ struct inspect_reader_t {
 bool inspect_reader_put(inspect_reader_t *reader, char byte);
 void inspect_reader_clear(inspect_reader_t *reader);
 
-// A line for a peer. A picture is kept as pixels, so that whoever sends the line can encode it on a thread of its own.
+// A line for a peer. Pictures are kept as pixels, so that the thread that sends the line can encode them.
 struct inspect_line_t {
     std::string text;        // one object, without a line end
-    std::vector<u32> pixels; // of the member "png" that it gets, 0x??RRGGBB; empty for none
+    std::vector<u32> pixels; // become the member "png", 0x??RRGGBB; empty for a line without a picture
     s32 width, height;
 };
 
@@ -43,7 +43,7 @@ std::string inspect_line_text(const inspect_line_t *line);
 // What a command may do: look, change what a program shows, or what only a player does.
 enum inspect_may_e { INSPECT_READ, INSPECT_WRITE, INSPECT_PLAYER };
 
-// Whoever sends commands and receives events.
+// A peer sends commands and receives events.
 struct inspect_peer_t {
     inspect_may_e may;
     void (*put)(const inspect_line_t *line); // takes a reply or an event; never waits

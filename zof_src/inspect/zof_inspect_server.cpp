@@ -26,9 +26,9 @@ enum {
     UNREAD_MS = 5000,             // for a client to read
     LOOK_MS = 250,                // between checks of these times
     READ_SIZE = 4096,
-    LINES_MAX = 16,      // commands that wait; then no more is read
+    LINES_MAX = 16,      // commands that wait before reading stops
     OUT_BUSY = 1 << 20,  // bytes that wait to be sent; then no command is executed
-    OUT_MAX = 8 << 20,   // then the client, which only gets events, is cut off
+    OUT_MAX = 8 << 20,   // bytes that wait before the client is disconnected
     THREAD_PRIORITY = 7, // normal
 };
 
@@ -42,8 +42,8 @@ struct server_t {
     std::deque<inspect_reader_t> lines;
     std::deque<inspect_line_t> out;
     size_t out_bytes;
-    u32 client;  // its number; 0 while none has sent the token
-    u32 running; // the client whose command is being executed; 0 for none
+    u32 client;  // its number; 0 until a client has sent the token
+    u32 running; // the client whose command is being executed, or 0
     bool full;   // `out` is
 };
 static server_t &server = *new server_t{};
@@ -52,7 +52,7 @@ static server_t &server = *new server_t{};
 struct client_t {
     s32 connection = -1;
     bool known;   // it has sent the token
-    bool ended;   // it sends no more
+    bool ended;   // it has closed its side
     bool closing; // once `sending` is sent
     inspect_reader_t reader;
     std::string sending;
@@ -67,7 +67,7 @@ static size_t bytes_of(const inspect_line_t *line) {
     return line->text.size() + line->pixels.size() * sizeof(u32);
 }
 
-// A reply to a client that has gone is not for the next one.
+// Drops a reply whose client has disconnected, so that the next client does not get it.
 static void put(const inspect_line_t *line) {
     {
         std::lock_guard guard(server.lock);
@@ -119,7 +119,7 @@ static void turn_end() {
 // The thread ----------------------------------------------------------------------------------------------------------
 static void client_close(const char *why) {
     if (why) {
-        zof_printf("inspect: the client %s; it is cut off", why);
+        zof_printf("inspect: the client %s; it is disconnected", why);
     }
     zof_net_close(client.connection);
     client = {};
@@ -200,7 +200,7 @@ static void input_read() {
     }
 }
 
-// Takes the next line to send. Returns false if there is none.
+// Takes the next line to send. Returns false if the queue is empty.
 static bool output_take() {
     inspect_line_t line;
     {

@@ -15,7 +15,7 @@ enum { WIN_LINE_SEND_WAIT_MS = 50, WIN_LINE_BITS = 12 }; // bits of a byte: star
 struct win_line {
     zof_drv_t drv;   // first: the handle
     std::mutex lock; // guards all up to `next`
-    intptr_t device; // the host's number of the open device, -1 while there is none; changed by the reader only
+    intptr_t device; // the host's number of the open device, -1 while no device is open; changed by the reader only
     bool choked;     // the peer does not read: no waiting until it does
     u64 patience;    // and not before this time
     zof_host_line_t line;
@@ -45,12 +45,12 @@ void host_line_forget(win_line *s);
 // Returns false with errno when the line cannot be set.
 bool host_line_apply(intptr_t device, const zof_host_line_t *line);
 
-// Ends what is under way with the line's device, under its lock; and closes the device, which may take long, without.
+// Cancel pending calls on the device, under the line's lock; close the device, which may take long, without the lock.
 void host_line_leave(win_line *s);
 void host_line_close(intptr_t device);
 
 // Under the lock. Writes what the line accepts; an impatient call does not wait. Returns the bytes that were taken;
-// `full` is true when the line accepted no more in time. The reader reports a device that is gone.
+// Sets `full` if the line did not accept all of them in time. Does not report a device that is gone; the reader does.
 u32 host_line_write(win_line *s, const u8 *data, u32 size, bool patient, bool *full);
 
 // Reader thread, without the lock, which a sender may hold while it waits for a peer that waits for its own bytes to be

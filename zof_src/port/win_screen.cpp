@@ -38,7 +38,7 @@ static bool memory_driver(const char *name) {
     return name && (strcmp(name, "offscreen") == 0 || strcmp(name, "dummy") == 0);
 }
 
-// Ends the program if it was asked for a window: whoever started it would wait for one that nobody can see.
+// Ends the program if its options ask for a window, because the user would wait for a window that never appears.
 static void display_must(const char *asked, const char *reason) {
     if (!memory_driver(asked) && (asked || zof_disp_get_fullscreen() || zof_disp_get_scale())) {
         zof_printf("window: %s", reason);

@@ -33,7 +33,7 @@ void view_copy(view_image_t *image, view_box_t box, const view_image_t &from);
 // Returns the bytes of a PNG file.
 std::string view_png(const view_image_t &image);
 
-// Reads the bytes of a PNG file. Returns false if they are none.
+// Reads the bytes of a PNG file. Returns false if they are not a PNG picture.
 bool view_png_read(view_image_t *image, const std::string &bytes);
 
 // Returns the bytes that a text in base64 stands for, up to the first other character.

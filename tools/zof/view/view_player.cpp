@@ -266,8 +266,8 @@ bool view_player_picture(view_player_t *player, std::vector<u32> *pixels, s32 *w
     *height = (s32)head->height;
     pixels->resize((size_t)*width * (size_t)*height);
     const std::atomic_ref<uint32_t> sequence(const_cast<player_frame_t *>(head)->sequence);
-    for (s32 i = 0; i < TRIES;
-         i++) { // if the player never stops drawing, the picture is torn; the next one replaces it
+    // If the player never stops drawing, the picture is torn; the next one replaces it.
+    for (s32 i = 0; i < TRIES; i++) {
         const uint32_t before = sequence.load();
         memcpy(pixels->data(), (const u8 *)head + head->offset, pixels->size() * sizeof(u32));
         if (before % 2 == 0 && sequence.load() == before) {

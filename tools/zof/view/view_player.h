@@ -56,7 +56,7 @@ void view_player_wait(const std::vector<view_player_t *> &players, s32 other, s3
 // answer for 60 seconds. Events received meanwhile are passed to `event`.
 cJSON *view_player_call(view_player_t *player, cJSON *command, const view_line_fn &event);
 
-// Copies the picture in shared memory, 0xFFRRGGBB. Returns false if there is none.
+// Copies the picture in shared memory, 0xFFRRGGBB. Returns false before the first frame.
 bool view_player_picture(view_player_t *player, std::vector<u32> *pixels, s32 *width, s32 *height);
 
 // Starts a program without waiting for it.
