@@ -15,7 +15,7 @@ wanted=$(sha256sum <"$here/third_party.sh")
 [ "$(cat "$stamp" 2>/dev/null)" != "$wanted" ] || exit 0
 
 for program in x86_64-w64-mingw32-g++-posix dpkg-source nasm cmake; do
-    command -v $program >/dev/null || { echo "third_party.sh: $program is missing; run tools/packages windows" >&2; exit 2; }
+    command -v $program >/dev/null || { echo "third_party.sh: $program is missing; run tools/packages ship" >&2; exit 2; }
 done
 fail() { tail -n 15 "$folder/build.log" >&2; echo "third_party.sh: $*; see $folder/build.log" >&2; exit 1; }
 log() { "$@" >>"$folder/build.log" 2>&1; }

@@ -1,17 +1,11 @@
 #!/bin/sh
 # Builds the programs for Windows and runs them under Wine, with serial ports that lead to pseudo-terminals: unit tests; the
 # pages of the panel, which are the same, pixel by pixel, as those of the panel of this machine; the box and hosts at the far
-# ends of its lines. Says why it is skipped where mingw-w64 or Wine are missing.
-#   usage: windows.sh [NATIVE_BUILD]      a build folder with zof_bench, zof and board_sim; build/release, made if missing
+# ends of its lines.
+#   usage: windows.sh NATIVE_BUILD      the release build of this machine
 cd "$(dirname "$0")/../.."
-for program in x86_64-w64-mingw32-g++-posix wine nasm dpkg-source; do
-    command -v $program >/dev/null || { echo "windows: skipped: $program is missing; tools/packages windows installs it"; exit 0; }
-done
 . tests/system/lib.sh
-native=${1:-build/release}
-[ -f "$native/build.ninja" ] || cmake --preset release -B "$native" >"$work/configure.log" 2>&1 || fail "the native build cannot be configured"
-ninja -C "$native" --quiet zof_tool zof_bench board_sim >"$work/native.log" 2>&1 || fail "the native programs cannot be built"
-native=$(cd "$native" && pwd)
+native=$(cd "$1" && pwd)
 windows=$PWD/build/windows
 if [ ! -f "$windows/build.ninja" ]; then
     cmake --preset windows -DZOF_NATIVE_TOOL="$native/tools/zof" >"$work/configure.log" 2>&1 || fail "the build for Windows cannot be configured"
