@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "drv/zof_drv_media.h"
 #include "measure.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"
@@ -90,7 +91,7 @@ void measure_video() {
     SDL_HOR_RES = 800;
     SDL_VER_RES = 480;
     win_disp_init();
-    zof_ffmpeg_init();
+    zof_image_init();
     lv_obj_t *player = lv_ffmpeg_player_create(lv_scr_act());
     lv_obj_set_size(player, 800, 480);
     clip_rows(player, "MPEG-4", "-c:v mpeg4 -q:v 4");

@@ -3,6 +3,7 @@
 // whenever that body would wait for it.
 #include <SDL.h>
 
+#include "drv/zof_drv_media.h"
 #include "fuzz_file.h"
 #include "port/win_sound.h"
 #include "screen_fixture.h"
@@ -64,7 +65,7 @@ static lv_obj_t *player;
 
 void fuzz_open() {
     screen_open(WIDTH, HEIGHT);
-    zof_ffmpeg_init();
+    zof_image_init();
     win_audio_init();
     win_video_init();
     player = zof_drv_video_create(lv_scr_act());

@@ -71,7 +71,7 @@ void fuzz_one(fuzz_input &in) {
         return;
     }
     image_show(name); // by LVGL
-    zof_ffmpeg_init();
+    zof_image_init();
     image_show(name); // by FFmpeg, and if it refuses, by LVGL
     lv_img_decoder_delete((lv_img_decoder_t *)_lv_ll_get_head(&LV_GC_ROOT(_lv_img_decoder_ll)));
 }

@@ -60,7 +60,7 @@ TEST_CASE("a picture is decoded again only when its file changes") {
     project.image("red.png", 20, 20, RED);
     project.show({ctrl(ZOF_CTRL_IMG, 1, R"("init_img": "red.png")", box(0, 0, 20, 20))});
     screen_check({{10, 10, RED}});
-    zof_ffmpeg_init();
+    zof_image_init();
     const std::string path = project.path("image/red.png");
     const u32 decoded = size_costs(path);
     CHECK(2 * size_costs(path) < decoded);

@@ -14,7 +14,7 @@ extern "C" void *__wrap_zof_host_library_open(const char *name, s32 major) {
 
 TEST_CASE("pictures and tones work without FFmpeg, and what needs it fails with a single line") {
     screen_open(100, 100);
-    zof_ffmpeg_init();
+    zof_image_init();
     win_video_init();
     win_audio_init();
     lv_img_header_t header = {};

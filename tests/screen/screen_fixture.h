@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "drv/zof_drv_media.h"
 #include "drv/zof_loop_in.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"

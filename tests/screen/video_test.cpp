@@ -40,7 +40,7 @@ struct room_t : temp_project_t {
 
     room_t() {
         screen_open(320, 240);
-        zof_ffmpeg_init();
+        zof_image_init();
         win_video_init();
         lv_obj_set_style_bg_color(lv_scr_act(), lv_color_hex(GROUND), 0);
         player = zof_drv_video_create(lv_scr_act());
@@ -259,7 +259,7 @@ TEST_CASE("a video control plays the project's clips in its box, and is deleted 
                   ctrl(ZOF_CTRL_VIDEO, 1, R"("volume": 99, "play_en": true)", box(20, 30, 120, 80) + R"(, "pub": 1)"),
                   ctrl(ZOF_CTRL_VIDEO, 2, "", R"("parent_id": 9)")});
     project.open(320, 240);
-    zof_ffmpeg_init();
+    zof_image_init();
     win_video_init();
     CHECK(contains(printed([] { zof_view_set_dis_view(1); }), ".pub: expected true or false, found a number"));
     for (const char *name : {"a.avi", "a", "", (const char *)nullptr}) {

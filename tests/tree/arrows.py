@@ -36,7 +36,7 @@ GENERATED = {"bench_ids.h", "bench_look.h"}      # from the layout of the panel
 LIBRARIES = {"cjson/cJSON.h", "lvgl.h"}
 NET_LIBRARIES = {"boost/asio.hpp"}          # in apps/net alone
 PORT_LIBRARIES = re.compile(r"SDL\.h|libav(codec|format|util)/\w+\.h|libsw(resample|scale)/\w+\.h"
-                            r"|src/extra/libs/png/lodepng\.h")
+                            r"|src/extra/libs/png/lodepng\.h|turbojpeg\.h")
 # Tools that Windows does not have yet (tools/zof/cmd_later_win32.cpp), and what only the build runs.
 NOT_YET = re.compile(r"player/|reference/|zof_media/|zof/view/|zof/cmd_(font|monitor)\.cpp")
 POSIX = re.compile(r"(unistd|fcntl|poll|termios|pty|dirent|dlfcn|fnmatch|glob|spawn|pwd|grp|pthread|sys/\w+)\.h")
@@ -76,7 +76,7 @@ def library_fault(rel, name):
         return f"{name} is not standard C++, in which the template for new hosts is written"
     if rel.name.startswith("host_") or (rel.parts[0] == "port" and PORT_LIBRARIES.fullmatch(name)):
         return None
-    where = "of SDL, FFmpeg or the standard library, as port/ outside host_* may use" if rel.parts[0] == "port" \
+    where = "of SDL, a decoder or the standard library, as port/ outside host_* may use" if rel.parts[0] == "port" \
         else "standard, of cJSON, of LVGL or ours"
     return f"{name} is not {where}"
 

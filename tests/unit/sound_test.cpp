@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "drv/zof_drv_media.h"
 #include "eventually.h"
 #include "media.h"
 #include "port/zof_port.h"
@@ -16,7 +17,7 @@ struct sound_room_t : temp_project_t {
         setenv("SDL_DISKAUDIOFILE", heard_file.c_str(), 1);
         setenv("SDL_DISKAUDIODELAY", block_ms, 1); // duration of a block in milliseconds
         lv_init();
-        zof_ffmpeg_init();
+        zof_image_init();
         win_audio_init();
     }
 

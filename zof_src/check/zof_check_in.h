@@ -44,6 +44,7 @@ enum check_rule_e {
     CHECK_FILE_CASE,
     CHECK_FILE_NAME,
     CHECK_FILE_DAMAGED,
+    CHECK_NOT_BUILT_IN,
     CHECK_FOLDER,
     CHECK_THEME,
     CHECK_LOOK,

@@ -17,6 +17,7 @@ static const char *picture_fault(const char *path) {
     if (fault || zof_suffix_is(path, ".gif")) {
         return fault;
     }
+    zof_image_init();
     lv_img_decoder_dsc_t picture = {};
     if (lv_img_decoder_open(&picture, path, lv_color_black(), 0) != LV_RES_OK) {
         return "cannot be decoded: damaged, or too large";
@@ -51,6 +52,9 @@ void check_media(check_run_t *c) {
                             : check_begins(file->path, "font/") && is_font(path)   ? zof_font_fault(path)
                             : media                                                ? zof_media_fault(path)
                                                                                    : nullptr;
+        if (media && !zof_media_built_in(path)) {
+            check_report(c, file, ZOF_J_NONE, CHECK_NOT_BUILT_IN, "not built in: it is not played");
+        }
         if (fault) {
             check_report(c, file, ZOF_J_NONE, CHECK_FILE_DAMAGED, "%s", fault);
         }

@@ -44,6 +44,7 @@ const zof_check_rule_t zof_check_rules[] = {
     {"file-case", ZOF_TRUE, "the name of a file differs in upper and lower case"},
     {"file-name", ZOF_TRUE, "a name or a link that the runtime does not open"},
     {"file-damaged", ZOF_TRUE, "a file cannot be read or decoded"},
+    {"not-built-in", ZOF_FALSE, "a clip or compressed sound, which this build does not play"},
     {"folder", ZOF_FALSE, "a folder whose name is nearly one that the runtime reads"},
     {"theme", ZOF_FALSE, "there is no such theme, or no type for a theme file"},
     {"look", ZOF_TRUE, "a look or a colour that does not exist, or that refers to itself"},

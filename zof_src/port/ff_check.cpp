@@ -86,3 +86,7 @@ const char *zof_media_fault(const char *path) {
     }
     return zof_suffix_is(path, ".wav") ? sound_wav_fault(path) : nullptr;
 }
+
+zof_bool zof_media_built_in(const char *) {
+    return ZOF_TRUE;
+}

@@ -5,7 +5,7 @@
 #include <string.h>
 
 #include "drv/zof_drv_file.h"
-#include "lvgl.h"
+#include "port/win_image.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"
 
@@ -36,31 +36,6 @@ ff_source ff_source_host(const char *path) {
     fseek(file, 0, SEEK_SET);
     return {file, [](void *h, u8 *buf, int n) { return (int)fread(buf, 1, (size_t)n, (FILE *)h); },
             [](void *h, s64 pos) { return (s64)fseek((FILE *)h, pos, SEEK_SET); }, [](void *h) { fclose((FILE *)h); },
-            size};
-}
-
-ff_source ff_source_lvgl(const char *path) {
-    auto *file = (lv_fs_file_t *)zof_malloc(sizeof(lv_fs_file_t));
-    if (!file || lv_fs_open(file, path, LV_FS_MODE_RD) != LV_FS_RES_OK) {
-        zof_free(file);
-        return {};
-    }
-    u32 size = 0;
-    lv_fs_seek(file, 0, LV_FS_SEEK_END);
-    lv_fs_tell(file, &size);
-    lv_fs_seek(file, 0, LV_FS_SEEK_SET);
-    return {file,
-            [](void *h, u8 *buf, int n) {
-                u32 got = 0;
-                return lv_fs_read((lv_fs_file_t *)h, buf, (u32)n, &got) == LV_FS_RES_OK ? (int)got : -1;
-            },
-            [](void *h, s64 pos) {
-                return lv_fs_seek((lv_fs_file_t *)h, (u32)pos, LV_FS_SEEK_SET) == LV_FS_RES_OK ? (s64)0 : (s64)-1;
-            },
-            [](void *h) {
-                lv_fs_close((lv_fs_file_t *)h);
-                zof_free(h);
-            },
             size};
 }
 
@@ -188,53 +163,11 @@ const char *ff_codec_open(ff_media *m, AVMediaType type) {
     return ff.avcodec_open2(m->codec, decoder, nullptr) < 0 ? "Failed to open decoder!\n" : nullptr;
 }
 
-// Each scan covers the whole picture again, and may need only a few bytes for it. Useful pictures have about 10.
-enum { SCANS_MOST = 100, SCANNED_PIXELS_MOST = 50 << 20 };
-
-struct jpeg_facts {
-    u64 pixels;
-    u32 scans;
-};
-
-// Walks over the segments and skips the data of a scan before the next one; in that data 0xFF is followed by 0 or a
-// restart marker.
-static jpeg_facts jpeg_look(const u8 *p, int size) {
-    enum { FRAME_FIRST = 0xC0, TABLES = 0xC4, FRAME_LAST = 0xCF, RESTART_FIRST = 0xD0, START = 0xD8, SCAN = 0xDA };
-    jpeg_facts facts = {};
-    for (int at = 0; at + 9 < size;) {
-        const u8 marker = p[at + 1];
-        if (p[at] != 0xFF || marker == 0 || (marker >= RESTART_FIRST && marker <= START) || marker == 0xFF) {
-            at++;
-            continue;
-        }
-        if (marker >= FRAME_FIRST && marker <= FRAME_LAST && marker != TABLES) {
-            const u64 height = (u64)p[at + 5] << 8 | p[at + 6];
-            const u64 width = (u64)p[at + 7] << 8 | p[at + 8];
-            facts.pixels = LV_MAX(facts.pixels, width * height);
-        }
-        facts.scans += marker == SCAN;
-        at += 2 + (p[at + 2] << 8 | p[at + 3]);
-    }
-    return facts;
-}
-
-static bool scans_are_few(const AVPacket *packet, const char *name) {
-    const jpeg_facts facts = jpeg_look(packet->data, packet->size);
-    if (facts.scans <= SCANS_MOST && facts.pixels * facts.scans <= SCANNED_PIXELS_MOST) {
-        return true;
-    }
-    static char reported[128];
-    if (strncmp(reported, name, sizeof(reported) - 1) != 0) {
-        strncpy(reported, name, sizeof(reported) - 1);
-        zof_printf("picture %s: refused, %u scans of %llu pixels take too long", name, facts.scans,
-                   (unsigned long long)facts.pixels);
-    }
-    return false;
-}
-
 int ff_packet_send(ff_media *m, const AVPacket *packet, const char *name) {
     const bool jpeg = packet && m->codec->codec_id == AV_CODEC_ID_MJPEG;
-    return jpeg && !scans_are_few(packet, name) ? AVERROR(EINVAL) : ff.avcodec_send_packet(m->codec, packet);
+    return jpeg && !image_scans_are_few(packet->data, (size_t)packet->size, name)
+               ? AVERROR(EINVAL)
+               : ff.avcodec_send_packet(m->codec, packet);
 }
 
 bool ff_packet_read(ff_media *m, AVPacket *packet) {

@@ -10,8 +10,8 @@
 #include "port/ff_lib.h"
 #include "zof_lib/zof_type.h"
 
-// The largest side of a picture in a file, in pixels; LVGL's own pictures end at 2047.
-enum { FF_SIDE_MOST = 4096, FF_LVGL_SIDE_MOST = 2047 };
+// The largest side of a picture in a file, in pixels.
+enum { FF_SIDE_MOST = 4096 };
 
 // Where the bytes come from; `handle` is null if there is no source.
 struct ff_source {
@@ -22,9 +22,8 @@ struct ff_source {
     s64 size;
 };
 
-// Open a file of the host; a file through LVGL's file layer, which knows drives (graphics thread only).
+// Opens a file of the host.
 ff_source ff_source_host(const char *path);
-ff_source ff_source_lvgl(const char *path);
 
 struct ff_media {
     ff_source source;

@@ -4,6 +4,7 @@
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_audio.h"
 #include "port/ff_media.h"
+#include "port/win_image.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -68,7 +69,7 @@ static bool picture_make(lv_ffmpeg_player_t *p) {
     lv_obj_refr_size(obj);
     const s32 w = lv_obj_get_width(obj);
     const s32 h = lv_obj_get_height(obj);
-    if (w <= 0 || h <= 0 || w > FF_LVGL_SIDE_MOST || h > FF_LVGL_SIDE_MOST) {
+    if (!image_fits(w, h)) {
         return false;
     }
     const u32 size = (u32)w * (u32)h * 4;
@@ -77,8 +78,8 @@ static bool picture_make(lv_ffmpeg_player_t *p) {
         return false;
     }
     p->imgdsc.header.cf = p->ffmpeg_ctx->has_alpha ? LV_IMG_CF_TRUE_COLOR_ALPHA : LV_IMG_CF_TRUE_COLOR;
-    p->imgdsc.header.w = (u32)w & FF_LVGL_SIDE_MOST;
-    p->imgdsc.header.h = (u32)h & FF_LVGL_SIDE_MOST;
+    p->imgdsc.header.w = (u32)w & IMAGE_SIDE_MOST;
+    p->imgdsc.header.h = (u32)h & IMAGE_SIDE_MOST;
     p->imgdsc.data_size = size;
     p->imgdsc.data = data;
     lv_img_set_src(obj, &p->imgdsc);

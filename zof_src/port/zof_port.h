@@ -18,8 +18,6 @@ void win_rtc_init(void);
 void win_gpio_init(void);
 void win_video_init(void);
 void win_audio_init(void);
-// Installs LVGL decoders of PNG and JPEG files, ahead of its own. The first JPEG loads FFmpeg.
-void zof_ffmpeg_init(void);
 void win_aid_init(void);
 
 // Size of the picture in pixels, set by win_disp_init before sdl_init.
@@ -51,8 +49,9 @@ u8 sdl_bright_get(void);
 // Returns true while this file is the sound that plays, or played last.
 zof_bool win_audio_src_is(const char *path);
 
-// The clip player: an image whose pixels a timer updates. `set_src` returns 1, or 0 when there is no picture. The clip
-// is scaled to the object's size at that moment. Commands are ZOF_MEDIA_*; without a clip they do nothing.
+// The clip player: an image whose pixels a timer updates. `set_src` returns 1, or 0 when there is no picture, as always
+// without FFmpeg. The clip is scaled to the object's size at that moment. Commands are ZOF_MEDIA_*; without a clip they
+// do nothing.
 lv_obj_t *lv_ffmpeg_player_create(lv_obj_t *parent);
 u32 lv_ffmpeg_player_set_src(lv_obj_t *player, const char *path);
 void lv_ffmpeg_player_set_cmd(lv_obj_t *player, u32 command);

@@ -78,6 +78,20 @@ zof_bool zof_suffix_is(const char *text, const char *suffix) {
     return !*at && !*suffix;
 }
 
+zof_bool zof_seen_add(zof_seen_t *seen, const char *text) {
+    u32 hash = 2166136261u; // FNV-1a
+    for (const char *c = text; *c; c++) {
+        hash = (hash ^ (u8)*c) * 16777619u;
+    }
+    for (u32 known : seen->hash) {
+        if (known == hash) {
+            return ZOF_FALSE;
+        }
+    }
+    seen->hash[seen->count++ % ZOF_SEEN_MOST] = hash;
+    return ZOF_TRUE;
+}
+
 s32 zof_atoi(const char *text) {
     if (!text) {
         return 0;

@@ -39,6 +39,16 @@ size_t zof_utf8_size(const char *text, size_t left);
 // Returns the first byte that is not UTF-8; null if all are.
 const char *zof_utf8_bad(const char *text, size_t size);
 
+// The last texts that were added, by their hashes; all zero: none. For lines of the log that must not repeat.
+enum { ZOF_SEEN_MOST = 64 };
+typedef struct {
+    u32 hash[ZOF_SEEN_MOST];
+    u32 count;
+} zof_seen_t;
+
+// Adds a text. Returns false when it is one of the last ZOF_SEEN_MOST texts. The caller guards `seen`.
+zof_bool zof_seen_add(zof_seen_t *seen, const char *text);
+
 // Finds the name that was meant by a mistyped one: returns true if `name` is near it and nearer than *least, which is
 // then set. *least begins with ZOF_TEXT_NEAR.
 enum { ZOF_TEXT_NEAR = 3 };

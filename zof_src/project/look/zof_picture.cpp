@@ -39,22 +39,11 @@ const char *zof_img_fault(const char *path) {
 
 // A picture that changes all the time, such as a sequence's, must not fill the log.
 void zof_img_missing(const char *path) {
-    enum { LOGGED_MAX = 64 };
-    static struct {
-        u32 hash[LOGGED_MAX];
-        u32 count;
-    } logged;
+    static zof_seen_t logged;
     const char *text = path ? path : "a picture without a name";
-    u32 hash = 2166136261u; // FNV-1a
-    for (const char *c = text; *c; c++) {
-        hash = (hash ^ (u8)*c) * 16777619u;
+    if (!zof_seen_add(&logged, text)) {
+        return;
     }
-    for (u32 known : logged.hash) {
-        if (known == hash) {
-            return;
-        }
-    }
-    logged.hash[logged.count++ % LOGGED_MAX] = hash;
     const char *fault = path ? zof_img_fault(path) : "cannot be opened";
     zof_printf("%s: %s", text, fault ? fault : "cannot be decoded: damaged, or too large");
 }
