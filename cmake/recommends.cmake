@@ -1,0 +1,17 @@
+# Sets ZOF_DEBIAN_RECOMMENDS: the Debian packages of FFmpeg's libraries. They are opened by soname when a clip or a
+# compressed sound is played, so no program depends on them. Empty without FFmpeg, and on other systems.
+set(ZOF_DEBIAN_RECOMMENDS "")
+find_program(ZOF_DPKG_QUERY dpkg-query)
+if(NOT ZOF_MEDIA OR NOT ZOF_DPKG_QUERY)
+  return()
+endif()
+foreach(library IN LISTS FFMPEG_LINK_LIBRARIES)
+  file(REAL_PATH ${library} file)
+  string(REGEX MATCH "/(lib[a-z]+\\.so\\.[0-9]+)" found ${file})
+  execute_process(COMMAND ${ZOF_DPKG_QUERY} -S "*/${CMAKE_MATCH_1}" OUTPUT_VARIABLE owner ERROR_QUIET)
+  if(found AND owner MATCHES "^([a-z0-9.+-]+)")
+    list(APPEND ZOF_DEBIAN_RECOMMENDS ${CMAKE_MATCH_1})
+  endif()
+endforeach()
+list(REMOVE_DUPLICATES ZOF_DEBIAN_RECOMMENDS)
+list(JOIN ZOF_DEBIAN_RECOMMENDS ", " ZOF_DEBIAN_RECOMMENDS)
