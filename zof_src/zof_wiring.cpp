@@ -3,6 +3,7 @@
 #include "control/zof_ctrl_up.h"
 #include "drv/zof_drv_up.h"
 #include "hmi/zof_hmi.h"
+#include "hmi/zof_hmi_event.h"
 #include "project/base/zof_prj_up.h"
 #include "project/zof_prj.h"
 
@@ -19,8 +20,13 @@ const zof_prj_up_t zof_prj_up = {
     .ctrl_list_create = zof_ctrl_list_create,
     .ctrl_delete = [](void *record) { return zof_ctrl_delete((para_t *)record); },
     .ctrl_txt_update = zof_ctrl_txt_update,
+    .lang_changed = zof_hmi_event_language,
+    .view_shown = zof_hmi_event_view,
 };
 
 const zof_ctrl_up_t zof_ctrl_up = {
     .ctrl_all_event = zof_hmi_ctrl_all_event,
+    .ctrl_watched = [](const para_t *) { return zof_hmi_event_wanted(); },
+    .ctrl_happened = [](para_t *record,
+                        u32 event) { zof_hmi_event_control(record->attr->view_id, record->attr->id, event); },
 };

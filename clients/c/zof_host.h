@@ -350,6 +350,33 @@ static inline int zof_host_set_view_bg_image(zof_host_t *host, uint16_t unused, 
     return zof_host_end(host);
 }
 
+// What one control of a view stands at, counted from 0 among those with a value: `more` is 1 if others follow; control
+// 0 if there is none with this number, then with the number -1 if the view is not loaded.
+// Answers: u8 seq, u8 more, u16 control, s32 number, text text
+#define ZOF_HOST_VIEW_SNAPSHOT 0x02B10800ul
+static inline int zof_host_get_view_snapshot(zof_host_t *host, uint16_t view, uint16_t index) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_VIEW_SNAPSHOT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, index);
+    return zof_host_end(host);
+}
+
+// The views on all layers, 65535 for none.
+// Answers: u16 interface, u16 state, u16 top, u16 background
+#define ZOF_HOST_VIEW_STACK 0x02B10900ul
+static inline int zof_host_get_view_stack(zof_host_t *host) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_VIEW_STACK);
+    return zof_host_end(host);
+}
+
+// The number of the last event that was sent, modulo 256.
+// Answers: u8 seq
+#define ZOF_HOST_VIEW_EVENTS 0x02B10A00ul
+static inline int zof_host_get_view_events(zof_host_t *host) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_VIEW_EVENTS);
+    return zof_host_end(host);
+}
+
 // What every control has.
 
 // Whether the control is hidden: 1 or 0.
@@ -512,6 +539,27 @@ static inline int zof_host_set_control_scroll_to(zof_host_t *host, uint16_t view
 #define ZOF_HOST_CONTROL_SCROLL 0x03B2F00Dul
 static inline int zof_host_get_control_scroll(zof_host_t *host, uint16_t view, uint16_t control) {
     zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CONTROL_SCROLL);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
+// What the control stands at; also sent by the panel for each event, with `event_en`. The number counts events modulo
+// 256.
+// Answers: u8 seq, u8 event, s32 number, text text
+#define ZOF_HOST_CONTROL_EVENT 0x03B2F00Eul
+static inline int zof_host_get_control_event(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CONTROL_EVENT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
+// 1 if the control can be read and written, 0 if its view is not loaded, -1 if there is no such control.
+// Answers: s8 present
+#define ZOF_HOST_CONTROL_PRESENT 0x03B2F00Ful
+static inline int zof_host_get_control_present(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CONTROL_PRESENT);
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
     return zof_host_end(host);
@@ -1067,6 +1115,26 @@ static inline int zof_host_set_message_box_open(zof_host_t *host, uint16_t view,
     return zof_host_end(host);
 }
 
+// The button clicked last, counted from 0; 65535 for none.
+// Answers: u16 button
+#define ZOF_HOST_MESSAGE_BOX_CLICKED 0x03B20A04ul
+static inline int zof_host_get_message_box_clicked(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_MESSAGE_BOX_CLICKED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
+// The caption of the button clicked last.
+// Answers: text text
+#define ZOF_HOST_MESSAGE_BOX_CLICKED_TEXT 0x03B20A05ul
+static inline int zof_host_get_message_box_clicked_text(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_MESSAGE_BOX_CLICKED_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
 // Tile views.
 
 // Goes to a tile, at once (0) or in an animation (1).
@@ -1202,6 +1270,44 @@ static inline int zof_host_set_list_text(zof_host_t *host, uint16_t view, uint16
     return zof_host_end(host);
 }
 
+// Adds a button at the end.
+// Carries: text text
+#define ZOF_HOST_LIST_ADD 0x03B20D03ul
+static inline int zof_host_set_list_add(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LIST_ADD);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
+// The button that was touched last, 65535 for none; a write checks a button and no other.
+// Answers: u16 index
+#define ZOF_HOST_LIST_SELECTED 0x03B20D04ul
+static inline int zof_host_get_list_selected(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_LIST_SELECTED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_list_selected(zof_host_t *host, uint16_t view, uint16_t control, uint16_t index) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_LIST_SELECTED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, index);
+    return zof_host_end(host);
+}
+
+// The text of the button that was touched last.
+// Answers: text text
+#define ZOF_HOST_LIST_SELECTED_TEXT 0x03B20D05ul
+static inline int zof_host_get_list_selected_text(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_LIST_SELECTED_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
 // Drop-down lists.
 
 // Inserts an option before a position, or appends it beyond the end.
@@ -1252,6 +1358,33 @@ static inline int zof_host_set_drop_list_open(zof_host_t *host, uint16_t view, u
     return zof_host_end(host);
 }
 
+// The selected option, counted from 0.
+// Answers: u16 index
+#define ZOF_HOST_DROP_LIST_SELECTED 0x03B20E04ul
+static inline int zof_host_get_drop_list_selected(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_DROP_LIST_SELECTED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_drop_list_selected(zof_host_t *host, uint16_t view, uint16_t control, uint16_t index) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_DROP_LIST_SELECTED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, index);
+    return zof_host_end(host);
+}
+
+// The text of the selected option.
+// Answers: text text
+#define ZOF_HOST_DROP_LIST_SELECTED_TEXT 0x03B20E05ul
+static inline int zof_host_get_drop_list_selected_text(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_DROP_LIST_SELECTED_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
 // Roller lists.
 
 // Inserts an option before a position, or appends it beyond the end.
@@ -1288,6 +1421,33 @@ static inline int zof_host_set_roller_remove(zof_host_t *host, uint16_t view, ui
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
     zof_host_put_u16(host, position);
+    return zof_host_end(host);
+}
+
+// The selected option, counted from 0.
+// Answers: u16 index
+#define ZOF_HOST_ROLLER_SELECTED 0x03B20F03ul
+static inline int zof_host_get_roller_selected(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_ROLLER_SELECTED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_roller_selected(zof_host_t *host, uint16_t view, uint16_t control, uint16_t index) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_ROLLER_SELECTED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, index);
+    return zof_host_end(host);
+}
+
+// The text of the selected option.
+// Answers: text text
+#define ZOF_HOST_ROLLER_SELECTED_TEXT 0x03B20F04ul
+static inline int zof_host_get_roller_selected_text(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_ROLLER_SELECTED_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
     return zof_host_end(host);
 }
 
@@ -1429,6 +1589,34 @@ static inline int zof_host_get_keyboard_caption(zof_host_t *host, uint16_t view,
     return zof_host_end(host);
 }
 
+// The text box that receives the keys, of the same view.
+// Carries: u16 box
+#define ZOF_HOST_KEYBOARD_TARGET 0x03B21302ul
+static inline int zof_host_set_keyboard_target(zof_host_t *host, uint16_t view, uint16_t control, uint16_t box) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_KEYBOARD_TARGET);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, box);
+    return zof_host_end(host);
+}
+
+// The text of the text box that receives the keys.
+// Answers: text text
+#define ZOF_HOST_KEYBOARD_TEXT 0x03B21303ul
+static inline int zof_host_get_keyboard_text(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_KEYBOARD_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_keyboard_text(zof_host_t *host, uint16_t view, uint16_t control, const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_KEYBOARD_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
+
 // Spin boxes.
 
 // The value, without its decimal point.
@@ -1541,6 +1729,15 @@ static inline int zof_host_get_button_matrix_caption(zof_host_t *host, uint16_t 
     zof_host_put_u16(host, button);
     return zof_host_end(host);
 }
+static inline int zof_host_set_button_matrix_caption(zof_host_t *host, uint16_t view, uint16_t control, uint16_t button,
+                                                     const char *text) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_MATRIX_CAPTION);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, button);
+    zof_host_put_text(host, text);
+    return zof_host_end(host);
+}
 
 // Clears (0) or sets (1) flags of a button: 8 hidden, 32 disabled, 64 checkable, 128 checked.
 // Carries: u8 set, u16 button, u16 flags
@@ -1610,6 +1807,101 @@ static inline int zof_host_set_button_matrix_one_checked(zof_host_t *host, uint1
     zof_host_put_u16(host, view);
     zof_host_put_u16(host, control);
     zof_host_put_u8(host, on);
+    return zof_host_end(host);
+}
+
+// The button pressed last, counted from 0; 65535 for none.
+// Answers: u16 button
+#define ZOF_HOST_BUTTON_MATRIX_CLICKED 0x03B21606ul
+static inline int zof_host_get_button_matrix_clicked(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_BUTTON_MATRIX_CLICKED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_button_matrix_clicked(zof_host_t *host, uint16_t view, uint16_t control,
+                                                     uint16_t button) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_BUTTON_MATRIX_CLICKED);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u16(host, button);
+    return zof_host_end(host);
+}
+
+// The caption of the button pressed last.
+// Answers: text text
+#define ZOF_HOST_BUTTON_MATRIX_CLICKED_TEXT 0x03B21607ul
+static inline int zof_host_get_button_matrix_clicked_text(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_BUTTON_MATRIX_CLICKED_TEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+
+// Charts.
+
+// Colour of a series, 0xRRGGBB; adds the series up to this one, 0 to 15, if the chart lacks them.
+// Carries: u32 rgb
+#define ZOF_HOST_CHART_COLOR 0x03B21700ul
+static inline int zof_host_set_chart_color(zof_host_t *host, uint16_t view, uint16_t control, uint8_t series,
+                                           uint32_t rgb) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CHART_COLOR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, series);
+    zof_host_put_u32(host, rgb);
+    return zof_host_end(host);
+}
+
+// Adds a value to a series.
+// Carries: s16 value
+#define ZOF_HOST_CHART_NEXT 0x03B21701ul
+static inline int zof_host_set_chart_next(zof_host_t *host, uint16_t view, uint16_t control, uint8_t series,
+                                          int16_t value) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CHART_NEXT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, series);
+    zof_host_put_u16(host, (uint16_t)value);
+    return zof_host_end(host);
+}
+
+// Sets a point of a series, counted from 0.
+// Carries: s16 value
+#define ZOF_HOST_CHART_POINT 0x03B21702ul
+static inline int zof_host_set_chart_point(zof_host_t *host, uint16_t view, uint16_t control, uint8_t series,
+                                           uint16_t point, int16_t value) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CHART_POINT);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, series);
+    zof_host_put_u16(host, point);
+    zof_host_put_u16(host, (uint16_t)value);
+    return zof_host_end(host);
+}
+
+// The values at both ends of an axis: 0 upwards, 1 sideways.
+// Carries: s16 min, s16 max
+#define ZOF_HOST_CHART_RANGE 0x03B21703ul
+static inline int zof_host_set_chart_range(zof_host_t *host, uint16_t view, uint16_t control, uint8_t axis, int16_t min,
+                                           int16_t max) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CHART_RANGE);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, axis);
+    zof_host_put_u16(host, (uint16_t)min);
+    zof_host_put_u16(host, (uint16_t)max);
+    return zof_host_end(host);
+}
+
+// Removes the values of a series, which stays.
+// Carries: u8 series
+#define ZOF_HOST_CHART_CLEAR 0x03B21704ul
+static inline int zof_host_set_chart_clear(zof_host_t *host, uint16_t view, uint16_t control, uint8_t series) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CHART_CLEAR);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_u8(host, series);
     return zof_host_end(host);
 }
 

@@ -129,6 +129,14 @@ static bool qr_says(const char *text) {
     return same;
 }
 
+static u32 series_color(u32 number) {
+    return zof_chart_series_at(obj(CHART), number)->color.full & 0xFFFFFF;
+}
+
+static const lv_coord_t *series_points(u32 number) {
+    return lv_chart_get_y_array(obj(CHART), zof_chart_series_at(obj(CHART), number));
+}
+
 // A write: the type's second byte, the control, the parameter's code with what follows it, and what must hold
 // afterwards. The rows run in this order and build on each other. `says` is the acknowledgement: a choice between two
 // calls returns 0 for either.
@@ -239,6 +247,23 @@ static const std::vector<write_row> writes = {
     {0x16, MATRIX, {0x01, 1, 0, 1, 0, 0x20}, [] { return btn_flag(1, 0x60) && !btn_flag(0, 0x20); }},
     {0x16, MATRIX, {0x04, 7, 0, 1}, [] { return btn_flag(1, 7); }},
     {0x16, MATRIX, {0x05, 1}, [] { return zof_btnmatrix_get_one_checked(obj(MATRIX)) == 1; }},
+    {0x16, MATRIX, with({0x00, 0, 1}, "B"), [] { return str(zof_btnmatrix_get_btn_text(obj(MATRIX), 1)) == "B"; }},
+    {0x16, MATRIX, {0x06, 0, 1}, [] { return zof_btnmatrix_get_selected_btn(obj(MATRIX)) == 1; }},
+    {0x0D, LIST, with({0x03}, "third"), [] { return list_text(0) == "third"; }},
+    {0x0D, LIST, {0x04, 0, 0}, [] { return lv_obj_has_state(lv_obj_get_child(obj(LIST), 0), LV_STATE_CHECKED); }},
+    {0x0E, DROP, {0x04, 0, 1}, [] { return zof_droplist_get_selected(obj(DROP)) == 1; }},
+    {0x0F, ROLLER, {0x03, 0, 1}, [] { return zof_rollist_get_selected(obj(ROLLER)) == 1; }},
+    {0x13, KEYBOARD, {0x02, 0, TXTBOX}, [] { return lv_keyboard_get_textarea(obj(KEYBOARD)) == obj(TXTBOX); }},
+    {0x13, KEYBOARD, with({0x03}, "typed"), [] { return typed() == "typed"; }},
+    {0x17,
+     CHART,
+     {0x00, 1, 0, 1, 2, 3},
+     [] { return zof_chart_series_count(obj(CHART)) == 2 && series_color(1) == 0x010203; }},
+    {0x17, CHART, {0x00, 0, 0, 4, 5, 6}, [] { return series_color(0) == 0x040506 && series_color(1) == 0x010203; }},
+    {0x17, CHART, {0x02, 1, 0, 4, 0, 9}, [] { return series_points(1)[4] == 9; }},
+    {0x17, CHART, {0x01, 0, 0, 7}, [] { return series_points(0)[0] == 7; }},
+    {0x17, CHART, {0x04, 1}, [] { return series_points(1)[4] == LV_CHART_POINT_NONE && series_points(0)[0] == 7; }},
+    {0x17, CHART, {0x03, 0, 0xFF, 0xFB, 0, 5}, [] { return ((lv_chart_t *)obj(CHART))->ymin[0] == -5; }},
 };
 
 // A read: as above, and the value that follows what was asked. What a row needs is written first.
@@ -275,6 +300,19 @@ static const std::vector<read_row> reads = {
     {0x16, MATRIX, {0x00, 0, 1}, {'b', 0}},
     {0x16, MATRIX, {0x03, 0, 1, 0, 0x48}, {1}, {{0x01, 1, 0, 1, 0, 0x48}}},
     {0x16, MATRIX, {0x05}, {1}, {{0x05, 1}}},
+    {0x16, MATRIX, {0x06}, {0, 1}, {{0x06, 0, 1}}},
+    {0x16, MATRIX, {0x07}, {'b', 0}},
+    {PUB, SLIDER, {0x0E}, {0, 0, 0, 0, 0, 44, 0}},
+    {PUB, SLIDER, {0x0F}, {1}},
+    {0x0A, MBOX, {0x04}, {0xFF, 0xFF}},
+    {0x0A, MBOX, {0x05}, {0}},
+    {0x0D, LIST, {0x04}, {0xFF, 0xFF}},
+    {0x0D, LIST, {0x05}, {0}},
+    {0x0E, DROP, {0x04}, {0, 1}, {{0x04, 0, 1}}},
+    {0x0E, DROP, {0x05}, {'t', 'w', 'o', 0}},
+    {0x0F, ROLLER, {0x03}, {0, 1}, {{0x03, 0, 1}}},
+    {0x0F, ROLLER, {0x04}, {'t', 'w', 'o', 0}},
+    {0x13, KEYBOARD, {0x03}, {'t', 'e', 'x', 't', 0}, {{0x02, 0, TXTBOX}}},
 };
 
 TEST_CASE("host controls: every write has its effect on its control, and is acknowledged") {

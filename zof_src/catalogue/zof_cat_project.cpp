@@ -148,6 +148,10 @@ static const zof_cat_key_t link_keys[] = {
     {.key = "resend_en", .kind = ZOF_CAT_SWITCH, .group = ZOF_CAT_HOST,
      .help = "not 0: writes of system rows, and reads of them that fail, are acknowledged"},
     {.key = "crc_en", .kind = ZOF_CAT_SWITCH, .group = ZOF_CAT_HOST, .help = "not 0: frames carry a checksum"},
+    {.key = "event_en", .kind = ZOF_CAT_SWITCH, .group = ZOF_CAT_HOST,
+     .help = "not 0: the panel sends an event for what the user does with controls, for views and languages"},
+    {.key = "load_en", .kind = ZOF_CAT_SWITCH, .group = ZOF_CAT_HOST,
+     .help = "not 0: a command to a control loads its view if it is not loaded"},
 };
 ZOF_CAT_RECORD(zof_cat_link, "link", nullptr, zof_hmi_attr_t_tbl, link_keys);
 // clang-format on

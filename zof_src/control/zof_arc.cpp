@@ -41,6 +41,7 @@ const zof_ctrl_class_t zof_arc_class = {
     .attr_size = sizeof(zof_arc_attr_t),
     .create = zof_arc_create,
     .del = zof_arc_del,
+    .value = zof_value_number<zof_arc_get_value>,
 };
 
 // A narrow range needs a higher rate, or dragging the knob would be sluggish.

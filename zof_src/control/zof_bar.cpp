@@ -18,6 +18,7 @@ const zof_ctrl_class_t zof_bar_class = {
     .attr = zof_bar_attr_t_tbl,
     .attr_size = sizeof(zof_bar_attr_t),
     .create = zof_bar_create,
+    .value = zof_value_number<zof_bar_get_value>,
 };
 
 // LVGL treats a value that slides as already at its target and sets it there when the animation ends, whatever a finger

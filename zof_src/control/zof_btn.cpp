@@ -20,6 +20,7 @@ const zof_ctrl_class_t zof_btn_class = {
     .attr_size = sizeof(zof_btn_attr_t),
     .create = zof_btn_create,
     .update_txt = zof_btn_update_txt,
+    .value = zof_value_number<zof_ctrl_checked>,
 };
 
 s32 zof_btn_create(para_t *record, lv_obj_t *parent, void *attr) {

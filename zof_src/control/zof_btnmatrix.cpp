@@ -21,6 +21,7 @@ const zof_ctrl_class_t zof_btnmatrix_class = {
     .attr_size = sizeof(zof_btnmatrix_attr_t),
     .create = zof_btnmatrix_create,
     .del = zof_btnmatrix_del,
+    .value = zof_value_element<zof_btnmatrix_get_selected_btn, zof_btnmatrix_get_btn_text>,
 };
 
 enum { BTN_WIDTH_MAX = 7 };

@@ -19,6 +19,7 @@ const zof_ctrl_class_t zof_cb_class = {
     .attr_size = sizeof(zof_cb_attr_t),
     .create = zof_cb_create,
     .update_txt = zof_cb_update_txt,
+    .value = zof_value_number<zof_cb_is_checked>,
 };
 
 s32 zof_cb_create(para_t *record, lv_obj_t *parent, void *attr) {

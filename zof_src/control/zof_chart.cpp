@@ -131,6 +131,46 @@ s32 zof_chart_series_remove(zof_ctrl_t *ctrl, lv_chart_series_t *series) {
     });
 }
 
+// LVGL keeps the newest series first.
+lv_chart_series_t *zof_chart_series_at(zof_ctrl_t *ctrl, u32 number) {
+    lv_obj_t *obj = zof_obj_of(ctrl, &lv_chart_class);
+    u32 newer = obj ? zof_chart_series_count(ctrl) : 0;
+    lv_chart_series_t *at = nullptr;
+    for (; newer > number; newer--) {
+        at = lv_chart_get_series_next(obj, at);
+    }
+    return at;
+}
+
+u32 zof_chart_series_count(zof_ctrl_t *ctrl) {
+    const lv_obj_t *obj = zof_obj_of(ctrl, &lv_chart_class);
+    u32 count = 0;
+    for (lv_chart_series_t *at = obj ? lv_chart_get_series_next(obj, nullptr) : nullptr; at; count++) {
+        at = lv_chart_get_series_next(obj, at);
+    }
+    return count;
+}
+
+s32 zof_chart_set_series_color(zof_ctrl_t *ctrl, lv_chart_series_t *series, zof_color_t color) {
+    return on_series(ctrl, series,
+                     [=](lv_obj_t *obj) { lv_chart_set_series_color(obj, series, zof_color_to_lv(color)); });
+}
+
+s32 zof_chart_clear(zof_ctrl_t *ctrl, lv_chart_series_t *series) {
+    return on_series(ctrl, series, [=](lv_obj_t *obj) {
+        lv_chart_set_all_value(obj, series, LV_CHART_POINT_NONE);
+        lv_chart_set_x_start_point(obj, series, 0);
+        lv_chart_refresh(obj);
+    });
+}
+
+s32 zof_chart_set_range(zof_ctrl_t *ctrl, u32 axis, s32 min, s32 max) {
+    return zof_on(ctrl, &lv_chart_class, [=](lv_obj_t *obj) {
+        range_set(obj, (lv_chart_axis_t)axis, min, max);
+        lv_chart_refresh(obj);
+    });
+}
+
 s32 zof_chart_set_points(zof_ctrl_t *ctrl, lv_chart_series_t *series, lv_coord_t *y) {
     if (!y) {
         return -1;

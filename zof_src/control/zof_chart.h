@@ -49,6 +49,14 @@ s32 zof_chart_create(para_t *record, lv_obj_t *parent, void *attr);
 lv_chart_series_t *zof_chart_add_series(zof_ctrl_t *ctrl, zof_color_t color, u32 axis);
 s32 zof_chart_series_remove(zof_ctrl_t *ctrl, lv_chart_series_t *series); // removes a series
 
+// Returns the series with this number, counted from 0 in the order in which they were added, or null.
+lv_chart_series_t *zof_chart_series_at(zof_ctrl_t *ctrl, u32 number);
+u32 zof_chart_series_count(zof_ctrl_t *ctrl); // number of series; 0 without a chart
+
+s32 zof_chart_set_series_color(zof_ctrl_t *ctrl, lv_chart_series_t *series, zof_color_t color); // changes its colour
+s32 zof_chart_clear(zof_ctrl_t *ctrl, lv_chart_series_t *series);      // removes the series' values, not the series
+s32 zof_chart_set_range(zof_ctrl_t *ctrl, u32 axis, s32 min, s32 max); // sets the ends of an axis (LVGL's number)
+
 // Shows the caller's values, one for each point of the chart, for as long as the series exists. LV_CHART_POINT_NONE is
 // a gap. The others copy a value: after the last one written, or to a point; a point that the chart does not have is
 // ignored. Two values are for scatter charts only.

@@ -4,6 +4,7 @@
 
 #include "control/zof_ctrl_in.h"
 #include "control/zof_ctrl_up.h"
+#include "project/base/zof_prj_up.h"
 
 // The application's hook for all events of all controls.
 static zof_all_event_fn zof_all_event_cb;
@@ -42,6 +43,24 @@ void *zof_ctrl_get_attr_from_ctrl(zof_ctrl_t *ctrl) {
 s32 zof_ctrl_get_id_form_ctrl(zof_ctrl_t *ctrl) {
     const para_t *record = zof_ctrl_record(ctrl);
     return record ? record->id : -1;
+}
+
+static const zof_ctrl_class_t *class_of(const para_t *record) {
+    return record && record->obj && record->attr ? zof_prj_up.ctrl_class(record->attr->ctrl_type) : nullptr;
+}
+
+zof_bool zof_ctrl_has_value(const para_t *record) {
+    const zof_ctrl_class_t *row = class_of(record);
+    return row && row->value ? ZOF_TRUE : ZOF_FALSE;
+}
+
+s32 zof_ctrl_get_value(zof_ctrl_t *ctrl, zof_ctrl_value_t *out) {
+    para_t *record = zof_ctrl_record(ctrl);
+    if (!out || !zof_ctrl_has_value(record)) {
+        return -1;
+    }
+    *out = {.number = 0, .text = ""};
+    return class_of(record)->value(record, out);
 }
 
 void zof_event_cb_t(lv_event_t *e) {

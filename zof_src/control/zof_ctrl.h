@@ -42,6 +42,12 @@ void *zof_ctrl_get_attr_from_ctrl(zof_ctrl_t *ctrl);
 // Returns the control's id, or -1.
 s32 zof_ctrl_get_id_form_ctrl(zof_ctrl_t *ctrl);
 
+// Reads what the control stands at; docs list it for each type. Returns 0, or -1 for a type without a value.
+s32 zof_ctrl_get_value(zof_ctrl_t *ctrl, zof_ctrl_value_t *out);
+
+// Returns ZOF_TRUE for a control that exists and whose type has a value.
+zof_bool zof_ctrl_has_value(const para_t *record);
+
 // The one LVGL callback of the layer, with the record as user data: calls the hook, the host link, and then the
 // control's event function. The function may delete its control.
 void zof_event_cb_t(lv_event_t *e);

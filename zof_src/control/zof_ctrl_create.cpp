@@ -4,6 +4,7 @@
 #include <string.h>
 
 #include "control/zof_ctrl_in.h"
+#include "control/zof_ctrl_up.h"
 #include "project/look/zof_j2s_ctrl.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
@@ -33,9 +34,28 @@ static void event_deleted(lv_event_t *e) {
     record->is_created = 0;
 }
 
+static void event_watched(lv_event_t *e) {
+    auto *record = (para_t *)lv_event_get_user_data(e);
+    if (record->attr) {
+        zof_ctrl_up.ctrl_happened(record, lv_event_get_code(e));
+    }
+}
+
+// Before the program's function, which may delete the control.
+static void watch_add(para_t *record) {
+    static const zof_event_e watched[] = {ZOF_EVENT_CLICKED,       ZOF_EVENT_LONG_PRESSED, ZOF_EVENT_FOCUSED,
+                                          ZOF_EVENT_VALUE_CHANGED, ZOF_EVENT_READY,        ZOF_EVENT_CANCEL};
+    for (zof_event_e code : watched) {
+        lv_obj_add_event_cb(record->obj, event_watched, (lv_event_code_t)code, record);
+    }
+}
+
 static void events_add(para_t *record) {
     static const u8 passed_on[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 28, 46, 47, 48};
     lv_obj_add_event_cb(record->obj, event_deleted, LV_EVENT_DELETE, record);
+    if (zof_ctrl_up.ctrl_watched(record)) {
+        watch_add(record);
+    }
     if (!record->attr->zof_ctrl_event) {
         return;
     }

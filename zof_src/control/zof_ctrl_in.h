@@ -69,6 +69,45 @@ template <typename T> T *zof_ctrl_attr(const zof_ctrl_t *ctrl, zof_ctrl_type_e t
     return zof_record_attr<T>(zof_ctrl_record(ctrl), type);
 }
 
+// Returns 1 for a control in the state `checked`, else 0.
+s32 zof_ctrl_checked(zof_ctrl_t *ctrl);
+
+// The texts of values that have to be copied; longer ones are cut.
+enum { ZOF_VALUE_TEXT_SIZE = 256 };
+
+// Functions for the `value` of rows: a number; a number of which a mask counts as on; a text; a choice with its text.
+template <auto NUMBER> s32 zof_value_number(zof_ctrl_t *ctrl, zof_ctrl_value_t *out) {
+    out->number = (s32)NUMBER(ctrl);
+    return 0;
+}
+
+template <auto TEXT> s32 zof_value_text(zof_ctrl_t *ctrl, zof_ctrl_value_t *out) {
+    const char *text = TEXT(ctrl);
+    out->text = text && text != (const char *)-1 ? text : "";
+    return 0;
+}
+
+// TEXT copies the text of the chosen option.
+template <auto CHOSEN, auto TEXT> s32 zof_value_option(zof_ctrl_t *ctrl, zof_ctrl_value_t *out) {
+    static char text[ZOF_VALUE_TEXT_SIZE];
+    out->number = CHOSEN(ctrl);
+    out->text = TEXT(ctrl, text, sizeof(text)) == 0 ? text : "";
+    return 0;
+}
+
+// TEXT returns the text of any element. LVGL's number for no choice becomes -1.
+template <auto CHOSEN, auto TEXT> s32 zof_value_element(zof_ctrl_t *ctrl, zof_ctrl_value_t *out) {
+    const u32 chosen = (u32)CHOSEN(ctrl);
+    if (chosen >= LV_BTNMATRIX_BTN_NONE) {
+        out->number = -1;
+        return 0;
+    }
+    const char *text = TEXT(ctrl, chosen);
+    out->number = (s32)chosen;
+    out->text = text && text != (const char *)-1 ? text : "";
+    return 0;
+}
+
 // Adds or clears an LVGL flag, but only when it differs: each change costs a redraw.
 static inline void zof_obj_flag_set(lv_obj_t *obj, lv_obj_flag_t flag, bool on) {
     if (lv_obj_has_flag(obj, flag) == on) {

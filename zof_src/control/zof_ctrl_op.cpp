@@ -241,6 +241,10 @@ s32 zof_ctrl_clear_state(zof_ctrl_t *ctrl, u32 state) {
     return zof_on(ctrl, [=](lv_obj_t *obj) { lv_obj_clear_state(obj, (lv_state_t)state); });
 }
 
+s32 zof_ctrl_checked(zof_ctrl_t *ctrl) {
+    return zof_ctrl_state_judge(ctrl, LV_STATE_CHECKED) == 1 ? 1 : 0;
+}
+
 s32 zof_ctrl_get_state(zof_ctrl_t *ctrl) {
     return zof_on(ctrl, lv_obj_get_state);
 }

@@ -26,6 +26,7 @@ const zof_ctrl_class_t zof_droplist_class = {
     .create = zof_droplist_create,
     .update_txt = zof_droplist_update_txt,
     .del = zof_droplist_del,
+    .value = zof_value_option<zof_droplist_get_selected, zof_droplist_get_selected_str>,
 };
 
 static zof_droplist_attr_t *drop_attr(const zof_ctrl_t *ctrl) {

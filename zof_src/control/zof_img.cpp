@@ -26,6 +26,7 @@ const zof_ctrl_class_t zof_img_class = {
     .create = zof_img_create,
     .update_txt = zof_img_update_src,
     .no_theme = ZOF_TRUE,
+    .value = zof_value_text<zof_img_get_src>,
 };
 
 enum { IMG_NATURAL, IMG_CENTRED, IMG_TILED };

@@ -32,6 +32,7 @@ const zof_ctrl_class_t zof_imgbtn_class = {
     .attr_size = sizeof(zof_imgbtn_attr_t),
     .create = zof_imgbtn_create,
     .update_txt = zof_imgbtn_update_txt,
+    .value = zof_value_number<zof_ctrl_checked>,
 };
 
 // The pictures in the order in which they are set, each with LVGL's number of its state.

@@ -33,6 +33,7 @@ const zof_ctrl_class_t zof_keyboard_class = {
     .attr = zof_keyboard_attr_t_tbl,
     .attr_size = sizeof(zof_keyboard_attr_t),
     .create = zof_keyboard_create,
+    .value = zof_value_element<zof_keyboard_get_selected_btn, zof_keyboard_get_btn_text>,
 };
 
 enum { CHECKED_DARKER = 40, CANDIDATE_ROOM = 15, CANDIDATE_FONT_MAX = 512 };
@@ -234,6 +235,11 @@ s32 zof_keyboard_set_txtbox(zof_ctrl_t *ctrl, zof_ctrl_t *txtbox) {
         lv_obj_add_event_cb(box, event_txtbox_deleted, LV_EVENT_DELETE, obj);
         return 0;
     });
+}
+
+lv_obj_t *zof_keyboard_get_txtbox(zof_ctrl_t *ctrl) {
+    lv_obj_t *obj = zof_obj_of(ctrl, &lv_keyboard_class);
+    return obj ? lv_keyboard_get_textarea(obj) : nullptr;
 }
 
 s32 zof_keyboard_get_selected_btn(zof_ctrl_t *ctrl) {

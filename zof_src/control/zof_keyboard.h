@@ -23,6 +23,9 @@ extern const reflect_item_t zof_keyboard_attr_t_tbl[];
 s32 zof_keyboard_create(para_t *record, lv_obj_t *parent, void *attr);
 s32 zof_keyboard_set_txtbox(zof_ctrl_t *ctrl, zof_ctrl_t *txtbox); // types into this text box from now on
 
+// The text box that receives the keys; null for none.
+lv_obj_t *zof_keyboard_get_txtbox(zof_ctrl_t *ctrl);
+
 // As for button matrices.
 s32 zof_keyboard_get_selected_btn(zof_ctrl_t *ctrl);             // the key pressed last
 const char *zof_keyboard_get_btn_text(zof_ctrl_t *ctrl, u32 id); // caption of a key

@@ -40,6 +40,7 @@ const zof_ctrl_class_t zof_label_class = {
     .attr_size = sizeof(zof_label_attr_t),
     .create = zof_label_create,
     .update_txt = zof_label_update_txt,
+    .value = zof_value_text<zof_label_get_text>,
 };
 
 static zof_label_attr_t *label_attr(const zof_ctrl_t *ctrl) {

@@ -33,6 +33,7 @@ const zof_ctrl_class_t zof_list_class = {
     .create = zof_list_create,
     .update_txt = zof_list_update_txt,
     .del = zof_list_del,
+    .value = zof_value_element<zof_list_get_select_index, zof_list_get_index_str>,
 };
 
 static zof_list_attr_t *list_attr(const zof_ctrl_t *ctrl) {

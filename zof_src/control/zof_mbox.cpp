@@ -17,6 +17,12 @@ const reflect_item_t zof_mbox_attr_t_tbl[] = {
     CSON_END,
 };
 
+// The caption of the button that was clicked last.
+static const char *clicked_caption(zof_ctrl_t *ctrl, u32) {
+    lv_obj_t *obj = zof_obj_of(ctrl, &lv_msgbox_class);
+    return obj && lv_msgbox_get_btns(obj) ? lv_msgbox_get_active_btn_text(obj) : nullptr;
+}
+
 const zof_ctrl_class_t zof_mbox_class = {
     .type = ZOF_CTRL_MBOX,
     .name = "mbox",
@@ -25,6 +31,7 @@ const zof_ctrl_class_t zof_mbox_class = {
     .create = zof_mbox_create,
     .update_txt = zof_mbox_update_txt,
     .del = zof_mbox_del,
+    .value = zof_value_element<zof_mbox_get_clicked_btn_num, clicked_caption>,
 };
 
 static zof_mbox_attr_t *mbox_attr(const zof_ctrl_t *ctrl) {

@@ -27,6 +27,7 @@ const zof_ctrl_class_t zof_rollist_class = {
     .create = zof_rollist_create,
     .update_txt = zof_rollist_update_txt,
     .del = zof_rollist_del,
+    .value = zof_value_option<zof_rollist_get_selected, zof_rollist_get_selected_str>,
 };
 
 enum { TURN_MS = 500 };

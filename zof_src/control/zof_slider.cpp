@@ -17,6 +17,7 @@ const zof_ctrl_class_t zof_slider_class = {
     .attr = zof_slider_attr_t_tbl,
     .attr_size = sizeof(zof_slider_attr_t),
     .create = zof_slider_create,
+    .value = zof_value_number<zof_slider_get_value>,
 };
 
 static void event_turned(lv_event_t *e) {

@@ -24,6 +24,7 @@ const zof_ctrl_class_t zof_spinbox_class = {
     .attr = zof_spinbox_attr_t_tbl,
     .attr_size = sizeof(zof_spinbox_attr_t),
     .create = zof_spinbox_create,
+    .value = zof_value_number<zof_spinbox_get_value>,
 };
 
 // LVGL counts in 32 bits and loops forever on a box without digits, so both are clamped.

@@ -16,6 +16,7 @@ const zof_ctrl_class_t zof_sw_class = {
     .attr = zof_sw_attr_t_tbl,
     .attr_size = sizeof(zof_sw_attr_t),
     .create = zof_sw_create,
+    .value = zof_value_number<zof_sw_get_state>,
 };
 
 s32 zof_sw_create(para_t *record, lv_obj_t *parent, void *attr) {

@@ -14,6 +14,17 @@ const reflect_item_t zof_table_attr_t_tbl[] = {
     CSON_END,
 };
 
+// The cell that is being pressed: its row in the upper half, its column in the lower one, -1 for none; and its text.
+static s32 cell_value(zof_ctrl_t *ctrl, zof_ctrl_value_t *out) {
+    u16 row = 0;
+    u16 col = 0;
+    const s32 result = zof_table_get_selected_cell(ctrl, &row, &col);
+    const bool pressed = row != LV_TABLE_CELL_NONE && col != LV_TABLE_CELL_NONE;
+    out->number = pressed ? (s32)((u32)row << 16 | col) : -1;
+    out->text = pressed ? zof_table_get_cell_value(ctrl, row, col) : "";
+    return result;
+}
+
 const zof_ctrl_class_t zof_table_class = {
     .type = ZOF_CTRL_TABLE,
     .name = "table",
@@ -21,6 +32,7 @@ const zof_ctrl_class_t zof_table_class = {
     .attr_size = sizeof(zof_table_attr_t),
     .create = zof_table_create,
     .del = zof_table_del,
+    .value = cell_value,
 };
 
 enum { COLOR_MASK = 0xFFFFFF, COLUMNS_FITTED = 255, WIDTH_MAX = 4095 };

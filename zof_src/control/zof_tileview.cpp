@@ -24,12 +24,22 @@ const reflect_item_t zof_tile_attr_t_tbl[] = {
     CSON_END,
 };
 
+// The tile that is shown: its row in the upper half, its column in the lower one.
+static s32 tile_value(zof_ctrl_t *ctrl, zof_ctrl_value_t *out) {
+    u32 row = 0;
+    u32 col = 0;
+    const s32 result = zof_tileview_get_tile_id(ctrl, &row, &col);
+    out->number = (s32)(row << 16 | col);
+    return result;
+}
+
 const zof_ctrl_class_t zof_tileview_class = {
     .type = ZOF_CTRL_TILEVIEW,
     .name = "tileview",
     .attr = zof_tileview_attr_t_tbl,
     .attr_size = sizeof(zof_tileview_attr_t),
     .create = zof_tileview_create,
+    .value = tile_value,
 };
 
 const zof_ctrl_class_t zof_tile_class = {

@@ -32,6 +32,7 @@ const zof_ctrl_class_t zof_txtbox_class = {
     .attr = zof_txtbox_attr_t_tbl,
     .attr_size = sizeof(zof_txtbox_attr_t),
     .create = zof_txtbox_create,
+    .value = zof_value_text<zof_txtbox_get_text>,
 };
 
 // A box that is being passed a text, with the limits that are lifted meanwhile. Its events may pass it another one.

@@ -27,6 +27,17 @@ void zof_hmi_cmd_on_write(zof_hmi_written_fn fn) {
     written = fn;
 }
 
+static void (*ended)(void);
+static u32 running; // commands that the graphics thread executes: one may run another
+
+void zof_hmi_cmd_on_end(void (*fn)(void)) {
+    ended = fn;
+}
+
+zof_bool zof_hmi_cmd_running(void) {
+    return running ? ZOF_TRUE : ZOF_FALSE;
+}
+
 static void analys_release(zof_hmi_cmd_analys_t *a) {
     void **records[] = {&a->type_param, &a->req_param, &a->value_param, &a->reply_param};
     for (void **record : records) {
@@ -240,6 +251,18 @@ static void answer(zof_hmi_cmd_analys_t *a, const zof_hmi_param_type_t *param, c
     }
 }
 
+// Of the graphics thread alone.
+static void command_finish(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_t *param, bool set) {
+    const zof_hmi_cmd_analys_t *a = ui_cmd_analys;
+    if (set && written) {
+        written(type, param, a->type_param, a->req_param, a->value_param);
+    }
+    running--;
+    if (running == 0 && ended) {
+        ended();
+    }
+}
+
 // Executes a frame that has passed its check. Checking costs more than all the rest, so it is done only once.
 static s32 frame_run(zof_hmi_cmd_analys_t *a, const u8 *data) {
     const zof_hmi_frame_t frame = zof_hmi_frame_parse(a, data);
@@ -263,6 +286,7 @@ static s32 frame_run(zof_hmi_cmd_analys_t *a, const u8 *data) {
     } else if (!fields_take(a->value_param, param->value, &r)) {
         return 0;
     }
+    running += a == ui_cmd_analys;
     const s32 result = handler_run(a, param, frame.op);
     if (result != ZOF_HMI_SILENT) {
         answer(a, param, &frame, echo, result);
@@ -270,8 +294,8 @@ static s32 frame_run(zof_hmi_cmd_analys_t *a, const u8 *data) {
     if (result == ZOF_HMI_AGAIN) {
         handler_run(a, param, frame.op);
     }
-    if (set && written && a == ui_cmd_analys) {
-        written(type, param, a->type_param, a->req_param, a->value_param);
+    if (a == ui_cmd_analys) {
+        command_finish(type, param, set);
     }
     return (s32)frame.total;
 }

@@ -52,6 +52,12 @@ typedef void (*zof_hmi_written_fn)(const zof_hmi_cmd_type_t *type, const zof_hmi
                                    const void *type_param, const void *req_param, const void *value_param);
 void zof_hmi_cmd_on_write(zof_hmi_written_fn fn);
 
+// Installs a function that is called after each command of the graphics thread and its answer; null removes it.
+void zof_hmi_cmd_on_end(void (*fn)(void));
+
+// Returns ZOF_TRUE while the graphics thread executes a command of the host.
+zof_bool zof_hmi_cmd_running(void);
+
 // Sends a frame that no host asked for, with the parameter's current value. Keys have real lengths; a null record adds
 // no bytes. Does nothing for a key without a row.
 void zof_hmi_cmd_read_send(zof_hmi_cmd_analys_t *analys, const u8 *type_key, void *type_param, const u8 *param_key,

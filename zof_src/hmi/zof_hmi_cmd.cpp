@@ -43,6 +43,7 @@ const zof_hmi_cmd_type_t zof_ui_cmd_types[] = {
     CTRL_TYPE(0x14, "spin_box", "Spin boxes.", zof_ctrl_spinbox_params),
     CTRL_TYPE(0x15, "table", "Tables.", zof_ctrl_table_params),
     CTRL_TYPE(0x16, "button_matrix", "Button matrices.", zof_ctrl_btnm_params),
+    CTRL_TYPE(0x17, "chart", "Charts.", zof_ctrl_chart_params),
 };
 const u32 zof_ui_cmd_type_count = sizeof(zof_ui_cmd_types) / sizeof(zof_ui_cmd_types[0]);
 // clang-format on

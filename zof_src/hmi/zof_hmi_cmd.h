@@ -58,8 +58,8 @@ extern const u32 zof_ui_cmd_type_count;
 // Rows of each table; look-ups end there.
 enum {
     ZOF_SYS_PARAM_COUNT = 10,
-    ZOF_VIEW_PARAM_COUNT = 8,
-    ZOF_CTRL_PUB_PARAM_COUNT = 14,
+    ZOF_VIEW_PARAM_COUNT = 11,
+    ZOF_CTRL_PUB_PARAM_COUNT = 16,
     ZOF_CTRL_LABEL_PARAM_COUNT = 6,
     ZOF_CTRL_BTN_PARAM_COUNT = 5,
     ZOF_CTRL_IMG_PARAM_COUNT = 4,
@@ -70,19 +70,20 @@ enum {
     ZOF_CTRL_SLIDER_PARAM_COUNT = 3,
     ZOF_CTRL_SW_PARAM_COUNT = 1,
     ZOF_CTRL_CB_PARAM_COUNT = 3,
-    ZOF_CTRL_MBOX_PARAM_COUNT = 4,
+    ZOF_CTRL_MBOX_PARAM_COUNT = 6,
     ZOF_CTRL_TILEVIEW_PARAM_COUNT = 2,
     ZOF_CTRL_TXTBOX_PARAM_COUNT = 6,
-    ZOF_CTRL_LIST_PARAM_COUNT = 3,
-    ZOF_CTRL_DROPLIST_PARAM_COUNT = 4,
-    ZOF_CTRL_ROLLIST_PARAM_COUNT = 3,
-    ZOF_CTRL_KEYBOARD_PARAM_COUNT = 2,
+    ZOF_CTRL_LIST_PARAM_COUNT = 6,
+    ZOF_CTRL_DROPLIST_PARAM_COUNT = 6,
+    ZOF_CTRL_ROLLIST_PARAM_COUNT = 5,
+    ZOF_CTRL_KEYBOARD_PARAM_COUNT = 4,
     ZOF_CTRL_GIF_PARAM_COUNT = 3,
     ZOF_CTRL_QRCODE_PARAM_COUNT = 1,
     ZOF_CTRL_VIDEO_PARAM_COUNT = 5,
     ZOF_CTRL_SPINBOX_PARAM_COUNT = 3,
     ZOF_CTRL_TABLE_PARAM_COUNT = 4,
-    ZOF_CTRL_BTNM_PARAM_COUNT = 6
+    ZOF_CTRL_BTNM_PARAM_COUNT = 8,
+    ZOF_CTRL_CHART_PARAM_COUNT = 5
 };
 extern const zof_hmi_param_type_t zof_sys_params[ZOF_SYS_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_view_params[ZOF_VIEW_PARAM_COUNT];
@@ -110,6 +111,7 @@ extern const zof_hmi_param_type_t zof_ctrl_video_params[ZOF_CTRL_VIDEO_PARAM_COU
 extern const zof_hmi_param_type_t zof_ctrl_spinbox_params[ZOF_CTRL_SPINBOX_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_table_params[ZOF_CTRL_TABLE_PARAM_COUNT];
 extern const zof_hmi_param_type_t zof_ctrl_btnm_params[ZOF_CTRL_BTNM_PARAM_COUNT];
+extern const zof_hmi_param_type_t zof_ctrl_chart_params[ZOF_CTRL_CHART_PARAM_COUNT];
 
 ZOF_C_END
 

@@ -20,6 +20,8 @@ static_assert(sizeof(widths) == ZOF_HMI_T_COUNT);
     { offsetof(T, field), ZOF_HMI_T_S16 }
 #define U16(T, field) \
     { offsetof(T, field), ZOF_HMI_T_U16 }
+#define S32(T, field) \
+    { offsetof(T, field), ZOF_HMI_T_S32 }
 #define U32(T, field) \
     { offsetof(T, field), ZOF_HMI_T_U32 }
 #define STR(T, field) \
@@ -63,7 +65,13 @@ static constexpr zof_hmi_field_t stdby[] = {
 static constexpr zof_hmi_field_t tabel[] = {
     U32(zof_hmi_tabel_t, a), U8(zof_hmi_tabel_t, b), U8(zof_hmi_tabel_t, c), U8(zof_hmi_tabel_t, d),
     U32(zof_hmi_tabel_t, e)};
+static constexpr zof_hmi_field_t state[] = {
+    U8(zof_hmi_state_t, seq), U8(zof_hmi_state_t, event), S32(zof_hmi_state_t, number), STR(zof_hmi_state_t, text)};
+static constexpr zof_hmi_field_t page[] = {
+    U8(zof_hmi_page_t, seq), U8(zof_hmi_page_t, more), U16(zof_hmi_page_t, ctrl_id), S32(zof_hmi_page_t, number),
+    STR(zof_hmi_page_t, text)};
 
+static_assert(sizeof(zof_hmi_state_t) <= ZOF_HMI_RECORD_SIZE && sizeof(zof_hmi_page_t) <= ZOF_HMI_RECORD_SIZE);
 static_assert(sizeof(zof_hmi_u16u16str_t) <= ZOF_HMI_RECORD_SIZE && sizeof(zof_hmi_u8str_t) <= ZOF_HMI_RECORD_SIZE);
 static_assert(sizeof(zof_func_standby_t) <= ZOF_HMI_RECORD_SIZE && sizeof(zof_hmi_tabel_t) <= ZOF_HMI_RECORD_SIZE);
 static_assert(offsetof(zof_touch_t, x) == offsetof(zof_hmi_u8u16u16_t, b) &&
@@ -94,10 +102,14 @@ const zof_hmi_rec_t zof_hmi_param_u16u8u8u8u8_t_tbl = LIST(rtc);
 const zof_hmi_rec_t zof_hmi_ctrl_id_t_tbl = LIST(ctrl_id);
 const zof_hmi_rec_t zof_hmi_stdby_t_tbl = LIST(stdby);
 const zof_hmi_rec_t zof_hmi_tabel_t_tbl = LIST(tabel);
+const zof_hmi_rec_t zof_hmi_state_t_tbl = LIST(state);
+const zof_hmi_rec_t zof_hmi_page_t_tbl = LIST(page);
 
 const zof_hmi_rw_t zof_hmi_base_rw_t_tbl = {&zof_hmi_none_t_tbl, &zof_hmi_one_s8_t_tbl};
 const zof_hmi_rw_t zof_hmi_s8_s8_rw_t_tbl = {&zof_hmi_one_s8_t_tbl, &zof_hmi_one_s8_t_tbl};
 const zof_hmi_rw_t zof_hmi_u16_s8_rw_t_tbl = {&zof_hmi_one_u16_t_tbl, &zof_hmi_one_s8_t_tbl};
+const zof_hmi_rw_t zof_hmi_u8_s8_rw_t_tbl = {&zof_hmi_one_u8_t_tbl, &zof_hmi_one_s8_t_tbl};
+const zof_hmi_rw_t zof_hmi_u8u16_s8_rw_t_tbl = {&zof_hmi_param_u8u16_t_tbl, &zof_hmi_one_s8_t_tbl};
 const zof_hmi_rw_t zof_hmi_u16u16_s8_rw_t_tbl = {&zof_hmi_param_u16u16_t_tbl, &zof_hmi_one_s8_t_tbl};
 // clang-format on
 

@@ -92,6 +92,17 @@ typedef struct {
 typedef struct {
     u16 view_id, ctrl_id;
 } zof_hmi_ctrl_id_t;
+typedef struct {
+    u8 seq, event;
+    s32 number;
+    const char *text;
+} zof_hmi_state_t;
+typedef struct {
+    u8 seq, more;
+    u16 ctrl_id;
+    s32 number;
+    const char *text;
+} zof_hmi_page_t;
 
 extern const zof_hmi_rec_t zof_hmi_none_t_tbl; // no field
 extern const zof_hmi_rec_t zof_hmi_one_s8_t_tbl;
@@ -117,11 +128,15 @@ extern const zof_hmi_rec_t zof_hmi_param_u16u8u8u8u8_t_tbl; // zof_rtc_time_t: s
 extern const zof_hmi_rec_t zof_hmi_ctrl_id_t_tbl;
 extern const zof_hmi_rec_t zof_hmi_stdby_t_tbl; // zof_func_standby_t
 extern const zof_hmi_rec_t zof_hmi_tabel_t_tbl;
+extern const zof_hmi_rec_t zof_hmi_state_t_tbl;
+extern const zof_hmi_rec_t zof_hmi_page_t_tbl;
 
-extern const zof_hmi_rw_t zof_hmi_base_rw_t_tbl; // no request; all four answer with one signed byte
+extern const zof_hmi_rw_t zof_hmi_base_rw_t_tbl; // no request; all of them answer with one signed byte
 extern const zof_hmi_rw_t zof_hmi_s8_s8_rw_t_tbl;
 extern const zof_hmi_rw_t zof_hmi_u16_s8_rw_t_tbl;
 extern const zof_hmi_rw_t zof_hmi_u16u16_s8_rw_t_tbl;
+extern const zof_hmi_rw_t zof_hmi_u8_s8_rw_t_tbl;
+extern const zof_hmi_rw_t zof_hmi_u8u16_s8_rw_t_tbl;
 
 // Returns the bytes that a record takes on the wire; 0 for null or an empty list. A null text takes none.
 u32 zof_hmi_cmd_param_size(const void *record, const zof_hmi_rec_t *list);

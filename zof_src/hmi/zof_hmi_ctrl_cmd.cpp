@@ -2,6 +2,8 @@
 // the control layer; what a host may send but the layer cannot handle is refused here.
 #include "hmi/zof_hmi_ctrl_in.h"
 
+#include "hmi/zof_hmi_event.h"
+#include "project/view/zof_view.h"
 #include "zof_lib/zof_stdio.h"
 
 static s32 get_hidden(void *type, void *, void *value) {
@@ -61,6 +63,16 @@ static s32 get_scroll(void *type, void *, void *value) {
     return ZOF_HMI_DONE;
 }
 
+// 1: it can be read and written; 0: its view is not loaded, or has deleted it when it was left; -1: it does not exist.
+static s32 get_present(void *type, void *, void *value) {
+    const auto *id = (const zof_hmi_ctrl_id_t *)type;
+    const bool loaded = zof_view_list_get_ctrl_list(id->view_id) != nullptr;
+    const para_t *record = loaded ? zof_ctrl_get_form_id(id->view_id, id->ctrl_id) : nullptr;
+    const bool possible = loaded ? record != nullptr : zof_view_name_get(id->view_id) != nullptr;
+    *(s8 *)value = (s8)(record && record->obj ? 1 : possible ? 0 : -1);
+    return ZOF_HMI_DONE;
+}
+
 // clang-format off
 const zof_hmi_param_type_t zof_ctrl_pub_params[ZOF_CTRL_PUB_PARAM_COUNT] = {
     {.len = 1, .code = {0x00}, .name = "hidden", .help = "Whether the control is hidden: 1 or 0.",
@@ -104,5 +116,14 @@ const zof_hmi_param_type_t zof_ctrl_pub_params[ZOF_CTRL_PUB_PARAM_COUNT] = {
      .value = &zof_hmi_param_u8s16s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = set_scroll},
     {.len = 1, .code = {0x0D}, .name = "scroll", .help = "How far the contents are scrolled.", .value_names = "x y",
      .value = &zof_hmi_param_s16s16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = get_scroll},
+    {.len = 1, .code = {0x0E}, .name = "event",
+     .help = "What the control stands at; also sent by the panel for each event, with `event_en`. The number counts "
+             "events modulo 256.",
+     .value_names = "seq event number text",
+     .value = &zof_hmi_state_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = zof_hmi_event_get},
+    {.len = 1, .code = {0x0F}, .name = "present",
+     .help = "1 if the control can be read and written, 0 if its view is not loaded, -1 if there is no such control.",
+     .value_names = "present",
+     .value = &zof_hmi_one_s8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = get_present},
 };
 // clang-format on

@@ -11,6 +11,9 @@ enum { HMI_ANY_TYPE = -1 };
 // type. The control layer then answers as for a missing one.
 para_t *hmi_ctrl(const void *type_param, s32 ctrl_type);
 
+// Sets whether a command to a control loads its view.
+void hmi_ctrl_load_set(bool on);
+
 // Acknowledges a control command, with a meaning of its own: 1 for a call that returned 0, 0 for one that returned 1,
 // and unchanged for any other result. Returns ZOF_HMI_DONE.
 s32 hmi_ctrl_answer(void *reply, s32 result);
@@ -25,6 +28,13 @@ s32 hmi_ctrl_choose(const void *type_param, s32 ctrl_type, u8 which, s32 (*first
 // Returns a text as the value. A missing text, which is the layer's null or -1, becomes an empty one, because a host
 // that asks waits for an answer.
 s32 hmi_ctrl_give_text(void *value, const char *text);
+
+// The text of the control's value.
+template <s32 TYPE> s32 hmi_get_value_text(void *type, void *, void *value) {
+    zof_ctrl_value_t now = {.number = 0, .text = ""};
+    zof_ctrl_get_value(hmi_ctrl(type, TYPE), &now);
+    return hmi_ctrl_give_text(value, now.text);
+}
 
 // Handlers for rows that are one call with one value.
 template <typename V, s32 TYPE, auto CALL> s32 hmi_get(void *type, void *, void *value) {

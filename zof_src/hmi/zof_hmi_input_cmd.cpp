@@ -66,6 +66,32 @@ static s32 btnm_btn_set_width(void *type, void *, void *value, void *reply) {
     return hmi_ctrl_answer(reply, zof_btnmatrix_set_btn_width(hmi_ctrl(type, ZOF_CTRL_BTNMATRIX), v->b, v->a));
 }
 
+static s32 btnm_set_caption(void *type, void *req, void *value, void *reply) {
+    para_t *matrix = hmi_ctrl(type, ZOF_CTRL_BTNMATRIX);
+    return hmi_ctrl_answer(reply, zof_btnmatrix_set_btn_txt(matrix, *(u16 *)req, *(const char **)value));
+}
+
+// The text box is in the same view.
+static s32 keyboard_set_target(void *type, void *, void *value, void *reply) {
+    const zof_hmi_ctrl_id_t box = {((const zof_hmi_ctrl_id_t *)type)->view_id, *(u16 *)value};
+    return hmi_ctrl_answer(reply,
+                           zof_keyboard_set_txtbox(hmi_ctrl(type, ZOF_CTRL_KEYBOARD), hmi_ctrl(&box, ZOF_CTRL_TXTBOX)));
+}
+
+static zof_ctrl_t *keyboard_box(void *type) {
+    return (zof_ctrl_t *)zof_keyboard_get_txtbox(hmi_ctrl(type, ZOF_CTRL_KEYBOARD));
+}
+
+static s32 keyboard_get_text(void *type, void *, void *value) {
+    zof_ctrl_t *box = keyboard_box(type);
+    return hmi_ctrl_give_text(value, box ? zof_txtbox_get_text(box) : nullptr);
+}
+
+static s32 keyboard_set_text(void *type, void *, void *value, void *reply) {
+    zof_ctrl_t *box = keyboard_box(type);
+    return hmi_ctrl_answer(reply, box ? zof_txtbox_set_text(box, *(const char **)value) : -1);
+}
+
 // clang-format off
 const zof_hmi_param_type_t zof_ctrl_mbox_params[ZOF_CTRL_MBOX_PARAM_COUNT] = {
     {.len = 1, .code = {0x00}, .name = "title", .help = "The title.", .value_names = "text",
@@ -80,6 +106,13 @@ const zof_hmi_param_type_t zof_ctrl_mbox_params[ZOF_CTRL_MBOX_PARAM_COUNT] = {
      .set_fun = hmi_set<u16, ZOF_CTRL_MBOX, zof_mbox_start_auto_close>},
     {.len = 1, .code = {0x03}, .name = "open", .help = "Closes (0) or opens (1) the box.", .value_names = "open",
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = mbox_ctrl},
+    {.len = 1, .code = {0x04}, .name = "clicked", .help = "The button clicked last, counted from 0; 65535 for none.",
+     .value_names = "button",
+     .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .get_fun = hmi_get<u16, ZOF_CTRL_MBOX, zof_mbox_get_clicked_btn_num>},
+    {.len = 1, .code = {0x05}, .name = "clicked_text", .help = "The caption of the button clicked last.",
+     .value_names = "text",
+     .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = hmi_get_value_text<ZOF_CTRL_MBOX>},
 };
 
 const zof_hmi_param_type_t zof_ctrl_txtbox_params[ZOF_CTRL_TXTBOX_PARAM_COUNT] = {
@@ -117,13 +150,20 @@ const zof_hmi_param_type_t zof_ctrl_keyboard_params[ZOF_CTRL_KEYBOARD_PARAM_COUN
      .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
      .get_fun = get_btn_text<ZOF_CTRL_KEYBOARD, zof_keyboard_get_btn_text>},
+    {.len = 1, .code = {0x02}, .name = "target", .help = "The text box that receives the keys, of the same view.",
+     .value_names = "box",
+     .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .set_fun = keyboard_set_target},
+    {.len = 1, .code = {0x03}, .name = "text", .help = "The text of the text box that receives the keys.",
+     .value_names = "text",
+     .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = keyboard_get_text,
+     .set_fun = keyboard_set_text},
 };
 
 const zof_hmi_param_type_t zof_ctrl_btnm_params[ZOF_CTRL_BTNM_PARAM_COUNT] = {
     {.len = 1, .code = {0x00}, .name = "caption", .help = "The caption of a button, counted from 0.",
      .req_names = "button", .value_names = "text",
      .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_u16_s8_rw_t_tbl,
-     .get_fun = get_btn_text<ZOF_CTRL_BTNMATRIX, zof_btnmatrix_get_btn_text>},
+     .get_fun = get_btn_text<ZOF_CTRL_BTNMATRIX, zof_btnmatrix_get_btn_text>, .set_fun = btnm_set_caption},
     {.len = 1, .code = {0x01}, .chooses = 2, .name = "button_flags",
      .help = "Clears (0) or sets (1) flags of a button: 8 hidden, 32 disabled, 64 checkable, 128 checked.",
      .value_names = "set button flags",
@@ -142,5 +182,13 @@ const zof_hmi_param_type_t zof_ctrl_btnm_params[ZOF_CTRL_BTNM_PARAM_COUNT] = {
      .value = &zof_hmi_one_u8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
      .get_fun = hmi_get<u8, ZOF_CTRL_BTNMATRIX, zof_btnmatrix_get_one_checked>,
      .set_fun = hmi_set<u8, ZOF_CTRL_BTNMATRIX, zof_btnmatrix_set_one_checked>},
+    {.len = 1, .code = {0x06}, .name = "clicked", .help = "The button pressed last, counted from 0; 65535 for none.",
+     .value_names = "button",
+     .value = &zof_hmi_one_u16_t_tbl, .rw = &zof_hmi_base_rw_t_tbl,
+     .get_fun = hmi_get<u16, ZOF_CTRL_BTNMATRIX, zof_btnmatrix_get_selected_btn>,
+     .set_fun = hmi_set<u16, ZOF_CTRL_BTNMATRIX, zof_btnmatrix_set_selected_btn>},
+    {.len = 1, .code = {0x07}, .name = "clicked_text", .help = "The caption of the button pressed last.",
+     .value_names = "text",
+     .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = hmi_get_value_text<ZOF_CTRL_BTNMATRIX>},
 };
 // clang-format on

@@ -5,6 +5,8 @@
 #include <mutex>
 
 #include "hmi/zof_hmi_analys.h"
+#include "hmi/zof_hmi_ctrl_in.h"
+#include "hmi/zof_hmi_event.h"
 #include "hmi/zof_hmi_sync.h"
 #include "project/path/zof_res.h"
 #include "project/read/zof_fault.h"
@@ -65,6 +67,10 @@ s32 zof_hmi_uart_init(void) {
     zof_drv_uart_rev_set_timeout(line, g_hmi_attr->timeout);
     zof_drv_uart_hmi_rev_set_bfun(line, zof_hmi_recive_data_handle, nullptr, RECEIVE_SIZE, ZOF_HMI_RECEIVE_MAX);
     zof_hmi_cmd_power_on_send();
+    hmi_ctrl_load_set(g_hmi_attr->load_en != 0);
+    if (g_hmi_attr->event_en) {
+        zof_hmi_event_start();
+    }
     return 0;
 }
 

@@ -191,6 +191,44 @@ VIEW_BG_IMAGE: Row[ViewBgImage] = Row(
     ViewBgImage, False, True,
     "Background image of a view; the request field is not used.", chooses=1)
 
+
+class ViewSnapshot(NamedTuple):
+    seq: int
+    more: int
+    control: int
+    number: int
+    text: str
+
+
+VIEW_SNAPSHOT: Row[ViewSnapshot] = Row(
+    "view.snapshot", bytes.fromhex("B1 08"),
+    (), (("view", "u16"), ("index", "u16")),
+    (("seq", "u8"), ("more", "u8"), ("control", "u16"), ("number", "s32"), ("text", "text")),
+    ViewSnapshot, True, False,
+    "What one control of a view stands at, counted from 0 among those with a value: `more` is 1 if others follow; control 0 if there is none with this number, then with the number -1 if the view is not loaded.")
+
+
+class ViewStack(NamedTuple):
+    interface: int
+    state: int
+    top: int
+    background: int
+
+
+VIEW_STACK: Row[ViewStack] = Row(
+    "view.stack", bytes.fromhex("B1 09"),
+    (), (),
+    (("interface", "u16"), ("state", "u16"), ("top", "u16"), ("background", "u16")),
+    ViewStack, True, False,
+    "The views on all layers, 65535 for none.")
+
+VIEW_EVENTS: Row[int] = Row(
+    "view.events", bytes.fromhex("B1 0A"),
+    (), (),
+    (("seq", "u8"),),
+    int, True, False,
+    "The number of the last event that was sent, modulo 256.")
+
 CONTROL_HIDDEN: Row[int] = Row(
     "control.hidden", bytes.fromhex("B2 F0 00"),
     (("view", "u16"), ("control", "u16")), (),
@@ -326,6 +364,28 @@ CONTROL_SCROLL: Row[ControlScroll] = Row(
     (("x", "s16"), ("y", "s16")),
     ControlScroll, True, False,
     "How far the contents are scrolled.")
+
+
+class ControlEvent(NamedTuple):
+    seq: int
+    event: int
+    number: int
+    text: str
+
+
+CONTROL_EVENT: Row[ControlEvent] = Row(
+    "control.event", bytes.fromhex("B2 F0 0E"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("seq", "u8"), ("event", "u8"), ("number", "s32"), ("text", "text")),
+    ControlEvent, True, False,
+    "What the control stands at; also sent by the panel for each event, with `event_en`. The number counts events modulo 256.")
+
+CONTROL_PRESENT: Row[int] = Row(
+    "control.present", bytes.fromhex("B2 F0 0F"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("present", "s8"),),
+    int, True, False,
+    "1 if the control can be read and written, 0 if its view is not loaded, -1 if there is no such control.")
 
 LABEL_TEXT: Row[str] = Row(
     "label.text", bytes.fromhex("B2 00 00"),
@@ -678,6 +738,20 @@ MESSAGE_BOX_OPEN: Row[int] = Row(
     int, False, True,
     "Closes (0) or opens (1) the box.")
 
+MESSAGE_BOX_CLICKED: Row[int] = Row(
+    "message_box.clicked", bytes.fromhex("B2 0A 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("button", "u16"),),
+    int, True, False,
+    "The button clicked last, counted from 0; 65535 for none.")
+
+MESSAGE_BOX_CLICKED_TEXT: Row[str] = Row(
+    "message_box.clicked_text", bytes.fromhex("B2 0A 05"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, True, False,
+    "The caption of the button clicked last.")
+
 
 class TileViewTile(NamedTuple):
     animate: int
@@ -755,6 +829,27 @@ LIST_TEXT: Row[str] = Row(
     str, True, True,
     "The text of a button, counted from 0.")
 
+LIST_ADD: Row[str] = Row(
+    "list.add", bytes.fromhex("B2 0D 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, False, True,
+    "Adds a button at the end.", chooses=None)
+
+LIST_SELECTED: Row[int] = Row(
+    "list.selected", bytes.fromhex("B2 0D 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("index", "u16"),),
+    int, True, True,
+    "The button that was touched last, 65535 for none; a write checks a button and no other.")
+
+LIST_SELECTED_TEXT: Row[str] = Row(
+    "list.selected_text", bytes.fromhex("B2 0D 05"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, True, False,
+    "The text of the button that was touched last.")
+
 DROP_LIST_ADD: Row[str] = Row(
     "drop_list.add", bytes.fromhex("B2 0E 00"),
     (("view", "u16"), ("control", "u16")), (("position", "u16"),),
@@ -783,6 +878,20 @@ DROP_LIST_OPEN: Row[int] = Row(
     int, False, True,
     "Closes (0) or opens (1) the list.")
 
+DROP_LIST_SELECTED: Row[int] = Row(
+    "drop_list.selected", bytes.fromhex("B2 0E 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("index", "u16"),),
+    int, True, True,
+    "The selected option, counted from 0.")
+
+DROP_LIST_SELECTED_TEXT: Row[str] = Row(
+    "drop_list.selected_text", bytes.fromhex("B2 0E 05"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, True, False,
+    "The text of the selected option.")
+
 ROLLER_ADD: Row[str] = Row(
     "roller.add", bytes.fromhex("B2 0F 00"),
     (("view", "u16"), ("control", "u16")), (("position", "u16"),),
@@ -803,6 +912,20 @@ ROLLER_REMOVE: Row[int] = Row(
     (("position", "u16"),),
     int, False, True,
     "Removes an option, counted from 0.", chooses=None)
+
+ROLLER_SELECTED: Row[int] = Row(
+    "roller.selected", bytes.fromhex("B2 0F 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("index", "u16"),),
+    int, True, True,
+    "The selected option, counted from 0.")
+
+ROLLER_SELECTED_TEXT: Row[str] = Row(
+    "roller.selected_text", bytes.fromhex("B2 0F 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, True, False,
+    "The text of the selected option.")
 
 GIF_PLAY: Row[int] = Row(
     "gif.play", bytes.fromhex("B2 10 00"),
@@ -889,6 +1012,20 @@ KEYBOARD_CAPTION: Row[str] = Row(
     str, True, False,
     "The caption of a key.")
 
+KEYBOARD_TARGET: Row[int] = Row(
+    "keyboard.target", bytes.fromhex("B2 13 02"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("box", "u16"),),
+    int, False, True,
+    "The text box that receives the keys, of the same view.")
+
+KEYBOARD_TEXT: Row[str] = Row(
+    "keyboard.text", bytes.fromhex("B2 13 03"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, True, True,
+    "The text of the text box that receives the keys.")
+
 SPIN_BOX_VALUE: Row[int] = Row(
     "spin_box.value", bytes.fromhex("B2 14 00"),
     (("view", "u16"), ("control", "u16")), (),
@@ -970,7 +1107,7 @@ BUTTON_MATRIX_CAPTION: Row[str] = Row(
     "button_matrix.caption", bytes.fromhex("B2 16 00"),
     (("view", "u16"), ("control", "u16")), (("button", "u16"),),
     (("text", "text"),),
-    str, True, False,
+    str, True, True,
     "The caption of a button, counted from 0.")
 
 
@@ -1026,5 +1163,60 @@ BUTTON_MATRIX_ONE_CHECKED: Row[int] = Row(
     (("on", "u8"),),
     int, True, True,
     "Whether checking a button unchecks the others.")
+
+BUTTON_MATRIX_CLICKED: Row[int] = Row(
+    "button_matrix.clicked", bytes.fromhex("B2 16 06"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("button", "u16"),),
+    int, True, True,
+    "The button pressed last, counted from 0; 65535 for none.")
+
+BUTTON_MATRIX_CLICKED_TEXT: Row[str] = Row(
+    "button_matrix.clicked_text", bytes.fromhex("B2 16 07"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("text", "text"),),
+    str, True, False,
+    "The caption of the button pressed last.")
+
+CHART_COLOR: Row[int] = Row(
+    "chart.color", bytes.fromhex("B2 17 00"),
+    (("view", "u16"), ("control", "u16")), (("series", "u8"),),
+    (("rgb", "u32"),),
+    int, False, True,
+    "Colour of a series, 0xRRGGBB; adds the series up to this one, 0 to 15, if the chart lacks them.")
+
+CHART_NEXT: Row[int] = Row(
+    "chart.next", bytes.fromhex("B2 17 01"),
+    (("view", "u16"), ("control", "u16")), (("series", "u8"),),
+    (("value", "s16"),),
+    int, False, True,
+    "Adds a value to a series.", chooses=None)
+
+CHART_POINT: Row[int] = Row(
+    "chart.point", bytes.fromhex("B2 17 02"),
+    (("view", "u16"), ("control", "u16")), (("series", "u8"), ("point", "u16")),
+    (("value", "s16"),),
+    int, False, True,
+    "Sets a point of a series, counted from 0.")
+
+
+class ChartRange(NamedTuple):
+    min: int
+    max: int
+
+
+CHART_RANGE: Row[ChartRange] = Row(
+    "chart.range", bytes.fromhex("B2 17 03"),
+    (("view", "u16"), ("control", "u16")), (("axis", "u8"),),
+    (("min", "s16"), ("max", "s16")),
+    ChartRange, False, True,
+    "The values at both ends of an axis: 0 upwards, 1 sideways.")
+
+CHART_CLEAR: Row[int] = Row(
+    "chart.clear", bytes.fromhex("B2 17 04"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("series", "u8"),),
+    int, False, True,
+    "Removes the values of a series, which stays.", chooses=None)
 
 # rows: end

@@ -45,6 +45,12 @@ ZOF_C_BEGIN
 typedef enum { ZOF_CTRL_TYPES(ZOF_CTRL_NUMBER) ZOF_CTRL_TYPE_COUNT } zof_ctrl_type_e;
 #undef ZOF_CTRL_NUMBER
 
+// What a control stands at: a position, a choice, or whether it is on, and its text.
+typedef struct {
+    s32 number;       // 0 for types that only have a text
+    const char *text; // as shown, never null; valid until the control changes or the next value is read
+} zof_ctrl_value_t;
+
 // The row of a control type.
 //
 // An attribute record holds the keys of a control's `property` object in a view file, and of the root of a theme file.
@@ -64,6 +70,8 @@ typedef struct {
     zof_bool no_theme;      // it has no styles, so it has no theme file
     zof_bool driver_object; // zof_ctrl_delete keeps the object, which is the driver's
     zof_bool own_order;     // its objects are not put back into the order of the file when the view is shown again
+
+    s32 (*value)(zof_ctrl_t *ctrl, zof_ctrl_value_t *out); // OPTIONAL: for types that have a value; 0 or -1
 } zof_ctrl_class_t;
 
 ZOF_C_END

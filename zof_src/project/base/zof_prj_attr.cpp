@@ -117,6 +117,8 @@ const reflect_item_t zof_hmi_attr_t_tbl[] = {
     CSON_INT(zof_hmi_attr_t, timeout),
     CSON_INT(zof_hmi_attr_t, resend_en),
     CSON_INT(zof_hmi_attr_t, crc_en),
+    CSON_INT(zof_hmi_attr_t, event_en),
+    CSON_INT(zof_hmi_attr_t, load_en),
     CSON_END,
 };
 

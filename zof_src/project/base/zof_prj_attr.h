@@ -74,6 +74,8 @@ typedef struct {
     u16 timeout;
     u8 resend_en;
     u8 crc_en;
+    u8 event_en;
+    u8 load_en;
 } zof_hmi_attr_t;
 
 typedef struct {

@@ -13,6 +13,8 @@ typedef struct {
     s32 (*ctrl_list_create)(zof_view_node_t *view);
     s32 (*ctrl_delete)(void *record); // a para_t, when its view is left
     s32 (*ctrl_txt_update)(void);     // after a language change
+    void (*lang_changed)(void);       // after that
+    void (*view_shown)(u32 view);     // before its entry function
 } zof_prj_up_t;
 
 extern const zof_prj_up_t zof_prj_up;

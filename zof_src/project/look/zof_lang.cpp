@@ -159,6 +159,7 @@ s32 zof_lang_set(const char *name) {
     if (zof_prj_up.ctrl_txt_update) {
         zof_prj_up.ctrl_txt_update();
     }
+    zof_prj_up.lang_changed();
     if (lang_changed) {
         lang_changed();
     }

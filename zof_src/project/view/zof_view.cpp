@@ -203,6 +203,7 @@ s32 zof_view_set_dis_view_anim(u32 id, u32 transition, u32 time, u32 delay, u32 
                 show_on_layer(node, layer);
             }
             prj->cur_view[layer] = node;
+            zof_prj_up.view_shown(id);
         }
         node->view_fun->zof_view_entry();
     }
