@@ -11,6 +11,7 @@
 #include "frames.h"
 #include "hardware/uart/zof_hw_text.h"
 #include "hmi/zof_hmi_cmd.h"
+#include "hmi/zof_hmi_event.h"
 #include "protocol_rows.h"
 #include "tool_file.h"
 
@@ -164,6 +165,32 @@ static void python(const zof_hmi_cmd_type_t &type, std::ostream &out) {
     }
 }
 
+// The kinds of events, in each of the three forms
+
+static void events_markdown(std::ostream &out) {
+    out << "\n### Events\n\n| Number | Name | What has happened |\n|---|---|---|\n";
+    for (u32 i = 0; i < ZOF_HMI_EVENT_COUNT; i++) {
+        out << "| " << i << " | `" << zof_hmi_event_rows[i].name << "` | " << zof_hmi_event_rows[i].help << " |\n";
+    }
+}
+
+static void events_c(std::ostream &out) {
+    out << "\n// The kinds of events, in `control.event`.\nenum {\n";
+    for (u32 i = 0; i < ZOF_HMI_EVENT_COUNT; i++) {
+        out << "    ZOF_HOST_EVENT_" << upper(zof_hmi_event_rows[i].name) << " = " << i
+            << (i + 1 < ZOF_HMI_EVENT_COUNT ? ", // " : " // ") << zof_hmi_event_rows[i].help << "\n";
+    }
+    out << "};\n";
+}
+
+static void events_python(std::ostream &out) {
+    out << "\n\nclass EventKind(enum.IntEnum):\n    \"\"\"The kinds of events, in `control.event`.\"\"\"\n\n";
+    for (u32 i = 0; i < ZOF_HMI_EVENT_COUNT; i++) {
+        out << "    " << upper(zof_hmi_event_rows[i].name) << " = " << i << "  # " << zof_hmi_event_rows[i].help
+            << "\n";
+    }
+}
+
 // The register link
 
 static std::string range_words(const reg_row_t &row) {
@@ -232,10 +259,13 @@ static std::string all_rows(const std::string &file) {
         registers(out);
         return out.str() + "\n";
     }
-    const auto write = ends_with(file, ".md") ? markdown : ends_with(file, ".h") ? c_header : python;
+    const bool document = ends_with(file, ".md");
+    const bool header = ends_with(file, ".h");
+    const auto write = document ? markdown : header ? c_header : python;
     for (u32 i = 0; i < zof_ui_cmd_type_count; i++) {
         write(zof_ui_cmd_types[i], out);
     }
+    (document ? events_markdown : header ? events_c : events_python)(out);
     return out.str() + "\n";
 }
 

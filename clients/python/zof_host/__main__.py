@@ -104,7 +104,8 @@ def event_words(event: Event) -> str:
         return f"touch {event.state.name.lower()} {event.x} {event.y}"
     if isinstance(event, LineGone):
         return f"the line is gone: {event.why}"
-    return {PowerOn: "power on", Restored: "settings restored", LineBack: "the line is back"}[type(event)]
+    known = {PowerOn: "power on", Restored: "settings restored", LineBack: "the line is back"}
+    return known.get(type(event)) or repr(event)
 
 
 def reports_on(panel: Panel) -> int:

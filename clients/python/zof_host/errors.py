@@ -28,6 +28,13 @@ class Refused(PanelError):
     """The panel has rejected the request."""
 
 
+class NotLoaded(PanelError, LookupError):
+    """The view of the control is not loaded. Show it, write `view.load`, or set `load_en` in the panel's zofhmi.g."""
+
+    def __init__(self, what: str) -> None:
+        super().__init__(f"cannot {what}: its view is not loaded")
+
+
 class NotTaken(PanelError):
     """The value read back differs from the one written: it is out of range, the control does not exist, or the panel's
     program has written another value."""

@@ -20,6 +20,7 @@ class Settings:
     bits: int = 8
     parity: str = "N"
     stop_bits: int = 1
+    events: bool = False  # its `event_en`
 
     @property
     def byte_s(self) -> float:

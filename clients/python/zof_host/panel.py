@@ -17,7 +17,9 @@ from typing import Any, Callable, Iterator, Mapping, TypeVar, Union
 
 from . import rows
 from .catalogue import row_of
-from .errors import LineLost, NoAnswer, NotTaken, PanelError, Refused, Unsure, WrongArgument
+from .errors import LineLost, NoAnswer, NotLoaded, NotTaken, PanelError, Refused, Unsure, WrongArgument
+from .events import (ControlEvent, Handler, Handlers, LanguageChanged, Missed, Names, Sequence, Snapshot, Value,
+                     ViewShown)
 from .frame import READ, WRITE, Found, Frame, Parser, build
 from .line import SerialStream, Settings, Stream
 from .project import Project
@@ -29,6 +31,8 @@ IDLE_S = 0.2  # a silence of this length ends an incomplete frame
 REOPEN_S = 0.5  # between two attempts to reopen a lost line
 FRAME_BYTES = 4352  # longest frame that the panel accepts
 FLUSH_BYTES = 256  # makes the panel stop waiting for a frame announced by noise
+CHECK_S = 0.5  # how often the number of the last event is asked for
+NO_VIEW = 65535
 LAYERS = 3  # layers whose view can be read; the background layer is not among them
 REPORTS = 0x70  # flags of system.touch_config that enable touch reports
 READ_BACK_GIVES_OTHERS = {"system.rtc", "video.state", "button.state"}  # may read back a different value
@@ -81,8 +85,16 @@ class LineBack:
     time: float = field(compare=False)
 
 
-Event = Union[Touch, PowerOn, Restored, LineGone, LineBack]
+Event = Union[Touch, PowerOn, Restored, LineGone, LineBack, ControlEvent, ViewShown, LanguageChanged, Missed, Snapshot]
+H = TypeVar("H", bound=Handler)
 Trace = Callable[[float, bool, Found], None]  # time, whether it came from the panel, frame or noise
+
+
+def _is_missing(row: Row[Any], value: Any) -> bool:
+    """Whether the value may be that of a missing control."""
+    if row in (rows.SWITCH_ON, rows.CHECK_BOX_CHECKED):
+        return bool(value == 0)
+    return value in ("", -1, {"u8": 0xFF, "u16": 0xFFFF, "u32": 0xFFFFFFFF}.get(row.value[0][1]))
 
 
 class _Waiter:
@@ -124,6 +136,11 @@ class Panel:
         self._kept: dict[bytes, tuple[Row[Any], bytes]] = {}  # by setting, in the order of the last writes
         self._restore = restore
         self._restoring = False
+        self._names = Names(project)
+        self._sequence = Sequence()
+        self._handlers = Handlers()
+        self._collected: dict[int, dict[str, Value]] = {}  # snapshots that are being read, by view
+        self._repair = threading.Event()  # snapshots are to be read
         self._lost: Exception | None = None
         self._closed = False
         self._reopen = reopen
@@ -131,6 +148,8 @@ class Panel:
         self._out_at = 0.0  # when the last byte of the last frame leaves the line
         self._reader = threading.Thread(target=self._read_line, name="zof_host reader", daemon=True)
         self._reader.start()
+        if settings.events:
+            threading.Thread(target=self._watch, name="zof_host watch", daemon=True).start()
 
     @classmethod
     def open(cls, device: str, baud: int | None = None, *, head: tuple[int, int] | None = None, crc: bool | None = None,
@@ -156,6 +175,7 @@ class Panel:
     def close(self) -> None:
         """Closes the line. Pending requests end with LineLost; `events` ends after the last event."""
         self._closed = True
+        self._repair.set()
         if threading.current_thread() is not self._reader:
             self._reader.join()
         self._stream.close()
@@ -170,7 +190,24 @@ class Panel:
         if row is rows.SYSTEM_TOUCH and self.read(rows.SYSTEM_TOUCH_CONFIG) & REPORTS:
             raise PanelError("touch reports are enabled and look like the answer to this read; take events() instead")
         key, what = self._address(row, "read", view, control, request)
-        return self._value(row, what, self._ask(row, key, what)[0])
+        value = self._value(row, what, self._ask(row, key, what)[0])
+        if row.address and _is_missing(row, value):
+            self._present_check(key, what)
+        return value
+
+    def _present_check(self, key: bytes, what: str) -> None:
+        """Raises NotLoaded if the value that a missing control has comes from a view that is not loaded. Older panels
+        do not know the row."""
+        row = rows.CONTROL_PRESENT
+        address = key[2 + 1:2 + 1 + 4]  # after the codes of type and row: view and control
+        try:
+            present = self._value(row, what, self._ask(row, row.code + address, what)[0])
+        except NoAnswer as why:
+            if not why.alive:
+                raise
+            return
+        if present == 0:
+            raise NotLoaded(what)
 
     def write(self, row: Row[T], value: T | str, *, view: int | str | None = None, control: int | str | None = None,
               confirm: bool = True, **request: int | str) -> None:
@@ -233,6 +270,107 @@ class Panel:
             if event is None:
                 return
             yield event
+
+    def on(self, place: str = "", kind: type | None = None) -> Callable[[H], H]:
+        """Registers the decorated function for events of a place, "home/brew", of a type, or of both. `run` calls it,
+        on its own thread."""
+
+        def add(handler: H) -> H:
+            self._handlers.add(place, kind, handler)
+            return handler
+
+        return add
+
+    def run(self) -> None:
+        """Takes all events and calls the functions that are registered for them, until the panel is closed. An
+        exception of a function ends it."""
+        for event in self.events():
+            self._handlers.call(event)
+
+    def snapshot(self, view: int | str) -> dict[str, Value]:
+        """Reads what the controls of a view stand at: a number, a text, or index and text, by name. Raises NotLoaded if
+        the view is not loaded."""
+        number = self._known().view_id(view) if isinstance(view, str) else view
+        with self._lock:
+            self._collected[number] = {}
+        try:
+            index = 0
+            while True:
+                page = self.read(rows.VIEW_SNAPSHOT, view=number, index=index)
+                if page.control == 0 and page.number == -1:
+                    raise NotLoaded(f"read view.snapshot of view {view}")
+                index += 1
+                if not page.more:
+                    break
+            with self._lock:
+                return dict(self._collected[number])
+        finally:
+            with self._lock:
+                self._collected.pop(number, None)
+
+    # Events of users -----------------------------------------------------------------------------------------------
+
+    def _watch(self) -> None:
+        """Asks for the number of the last event, because a lost one is otherwise noticed with the next one only, and
+        reads snapshots at the start, after a restart of the panel and after lost events."""
+        self._repair.set()
+        while not self._closed:
+            wanted = self._repair.wait(CHECK_S)
+            try:
+                if wanted and not self._closed:
+                    self._repair.clear()
+                    self._snapshots()
+                else:
+                    self.read(rows.VIEW_EVENTS)
+            except (NoAnswer, LineLost):
+                if wanted:
+                    self._repair.set()
+                    time.sleep(CHECK_S)
+            except PanelError:  # a view was left meanwhile
+                self._repair.set()
+
+    def _snapshots(self) -> None:
+        for view in self.read(rows.VIEW_STACK):
+            if view == NO_VIEW:
+                continue
+            with self._lock:
+                self._collected[view] = {}
+            more, index = 1, 0
+            while more:
+                more = self.read(rows.VIEW_SNAPSHOT, view=view, index=index).more
+                index += 1
+            with self._lock:  # so that no event comes between the values and the queue
+                self._events.put(Snapshot(self._names.view(view), self._collected.pop(view), time.monotonic()))
+
+    def _number_seen(self, row: Row[Any], key: bytes, value: bytes, now: float) -> bool:
+        """Takes the number of the last event from any frame that has it, and values for snapshots, in the order of the
+        line. Returns true for an event. The lock is held."""
+        if row not in (rows.CONTROL_EVENT, rows.VIEW_EVENTS, rows.VIEW_SNAPSHOT) or not value:
+            return False
+        try:
+            state = row.decode_value(value)
+        except ValueError:
+            return False
+        new = row is rows.CONTROL_EVENT and state.event != 0
+        lost = self._sequence.seen(value[0], new)
+        if lost:
+            self._events.put(Missed(lost, now))
+            self._repair.set()
+        if row is rows.VIEW_SNAPSHOT and state.control:
+            self._collect(int.from_bytes(key[-4:-2], "big"), state.control, state)
+        elif new:
+            view, control = int.from_bytes(key[-4:-2], "big"), int.from_bytes(key[-2:], "big")
+            try:
+                self._events.put(self._names.event(view, control, state, now))
+            except ValueError:
+                return False
+            self._collect(view, control, state)
+        return new
+
+    def _collect(self, view: int, control: int, state: Any) -> None:
+        if view in self._collected and control:
+            name = self._names.control(view, control)
+            self._collected[view][name] = self._names.value(view, control, state.number, state.text)
 
     def _address(self, row: Row[Any], verb: str, view: int | str | None, control: int | str | None,
                  request: Mapping[str, int | str]) -> tuple[bytes, str]:
@@ -539,6 +677,8 @@ class Panel:
             return
         key, value = found.payload[:row.key_size], found.payload[row.key_size:]
         with self._lock:
+            if found.op == READ and self._number_seen(row, key, value, now):
+                return
             waiters = self._waiting.get((found.op, key))
             waiter = waiters.popleft() if waiters else None
             if waiter and not row.system:
@@ -557,9 +697,11 @@ class Panel:
             self._executed = self._queued  # the queue is empty after a start
             self._starts += 1
             self._doubt = self._doubt or self._unconfirmed > 0
+            self._sequence.restart()
             begin = bool(self._kept) and not self._restoring
             self._restoring = self._restoring or begin
         self._events.put(PowerOn(now))
+        self._repair.set()
         if begin:
             threading.Thread(target=self._restore_run, name="zof_host restore", daemon=True).start()
 

@@ -120,6 +120,6 @@ def _settings(hmi: dict[str, Any]) -> Settings:
     speed = _number(uart.get("speed_e", 0), SPEED_NAMES)
     return Settings(baud=SPEEDS[speed] if speed < len(SPEEDS) else speed,
                     head=(hmi.get("head_fh", 0), hmi.get("head_fl", 0)), crc=bool(hmi.get("crc_en", 0)),
-                    queue_bytes=hmi.get("buffsize", 0) + QUEUE_MORE, bits=8 if _number(uart.get("bit_e", 0), BIT_NAMES) else 7,
-                    parity="NOE"[_number(uart.get("parity_e", 0), PARITY_NAMES)],
+                    queue_bytes=hmi.get("buffsize", 0) + QUEUE_MORE, events=bool(hmi.get("event_en", 0)),
+                    bits=8 if _number(uart.get("bit_e", 0), BIT_NAMES) else 7, parity="NOE"[_number(uart.get("parity_e", 0), PARITY_NAMES)],
                     stop_bits=2 if _number(uart.get("stop_e", 0), STOP_NAMES) else 1)

@@ -1,5 +1,6 @@
 # The command rows of the panel, generated from its command tables. Only these two lines are written by hand. To update
 # the rows, build the target `protocol` of the panel.
+import enum
 from typing import NamedTuple
 
 from .row import Row
@@ -1218,5 +1219,19 @@ CHART_CLEAR: Row[int] = Row(
     (("series", "u8"),),
     int, False, True,
     "Removes the values of a series, which stays.", chooses=None)
+
+
+class EventKind(enum.IntEnum):
+    """The kinds of events, in `control.event`."""
+
+    STATE = 0  # no event: the answer to a read
+    CLICKED = 1  # pressed and released
+    LONG_PRESSED = 2  # held down
+    CHANGED = 3  # the user has changed the value
+    READY = 4  # Enter, in a keyboard or a text box of one line
+    CANCEL = 5  # the key that closes a keyboard
+    FOCUSED = 6  # touched, or reached by keys
+    VIEW = 7  # a view is shown; the control is 0, the number its layer, the text its file
+    LANGUAGE = 8  # another language; view and control are 0, the text is its name
 
 # rows: end
