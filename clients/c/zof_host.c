@@ -10,6 +10,7 @@ enum { IDLE, SENDING, WAITING };
 enum { OWN_NONE, OWN_VIEW, OWN_SYSTEM }; // internal barriers
 enum { BUFFER_MIN = 16, BUFFER_MAX = 0x7FFF, QUEUE_MORE = 1024, BARRIER_SIZE = 8 };
 enum { SYSTEM_TYPE = 0xB0, VIEW_TYPE = 0xB1, CONTROL_TYPE = 0xB2, POWER_ON = 0x01, TOUCH = 0x04 };
+enum { CONTROL_ANY = 0xF0, CONTROL_EVENT = 0x0E, CONTROL_EVENT_LEAST = 14 };
 enum { LONG_FORM = 0x80, SHORT_MAX = 0x7F, CRC_SIZE = 2, READ_CHUNK = 16, GAP_MS = 50, REPORT_FLAGS = 0x70 };
 enum { RESTORE_NONE, RESTORE_ASK, RESTORE_SEND, RESTORE_WAIT };
 
@@ -33,6 +34,7 @@ int zof_host_init(zof_host_t *h) {
     h->state = IDLE;
     h->own = OWN_NONE;
     h->restore = RESTORE_NONE;
+    h->on_used = h->numbered = h->seq = 0;
     h->once = h->flush = h->tried = h->step = h->inside = h->reports = h->build_op = h->build_bad = 0;
     h->ready = h->rx && h->tx && h->write && h->rx_size >= BUFFER_MIN && h->rx_size <= BUFFER_MAX &&
                h->tx_size >= BUFFER_MIN && h->tx_size <= BUFFER_MAX && h->head_fh != h->head_fl;
@@ -205,18 +207,63 @@ static void pop(zof_host_t *h) {
 }
 
 // Callbacks
+static void handler_call(zof_host_t *h, zof_host_handler_t handler, const zof_host_event_t *event) {
+    if (handler) {
+        h->inside = 1;
+        handler(h, event);
+        h->inside = 0;
+    }
+}
+
+static zof_host_event_t event_of(uint8_t kind) {
+    const zof_host_event_t event = {kind, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+    return event;
+}
+
 static void event_send(zof_host_t *h, uint8_t kind, const uint8_t *touch) {
-    zof_host_event_t event = {kind, 0, 0, 0};
+    zof_host_event_t event = event_of(kind);
     if (touch) {
         event.state = touch[0];
         event.x = pair(touch[1], touch[2]);
         event.y = pair(touch[3], touch[4]);
     }
-    if (h->on_event) {
-        h->inside = 1;
-        h->on_event(h, &event);
-        h->inside = 0;
+    handler_call(h, h->on_event, &event);
+}
+
+static zof_host_handler_t handler_of(const zof_host_t *h, const zof_host_event_t *event) {
+    for (uint8_t i = 0; i < h->on_used; i++) {
+        if (h->on[i].view == event->view && h->on[i].control == event->control) {
+            return h->on[i].handler;
+        }
     }
+    return h->on_event;
+}
+
+// `at`: view and control, then the number of the event, its kind, and what the control stands at.
+static void control_event_send(zof_host_t *h, const uint8_t *at) {
+    zof_host_event_t event = event_of(ZOF_HOST_CONTROL);
+    event.view = pair(at[0], at[1]);
+    event.control = pair(at[2], at[3]);
+    event.missed = (uint8_t)(h->numbered ? at[4] - h->seq - 1 : 0);
+    event.event = at[5];
+    event.number = (int32_t)((uint32_t)pair(at[6], at[7]) << 16 | pair(at[8], at[9]));
+    event.text = (const char *)at + 10;
+    h->seq = at[4];
+    h->numbered = 1;
+    handler_call(h, handler_of(h, &event), &event);
+}
+
+int zof_host_on(zof_host_t *h, uint16_t view, uint16_t control, zof_host_handler_t handler) {
+    if (!h || !h->ready || !handler) {
+        return ZOF_HOST_BAD;
+    }
+    if (!h->on || h->on_used == h->on_size) {
+        return ZOF_HOST_FULL;
+    }
+    h->on[h->on_used].view = view;
+    h->on[h->on_used].control = control;
+    h->on[h->on_used++].handler = handler;
+    return ZOF_HOST_DONE;
 }
 
 // Reports the end of the oldest frame.
@@ -367,15 +414,26 @@ static void powered_on(zof_host_t *h) {
     } else if (h->state == IDLE) {
         own_ends(h);
     }
+    h->seq = 0;
+    h->numbered = 1;
     h->restore = h->on_restart ? RESTORE_ASK : RESTORE_NONE;
     h->step = 0;
     event_send(h, ZOF_HOST_POWER_ON, 0);
 }
 
+// Whether a frame is an event of a control. The answer to a read of `control.event` has the kind 0.
+static uint8_t is_control_event(uint8_t op, const uint8_t *payload, uint16_t size) {
+    return op == ZOF_HOST_READ && size >= CONTROL_EVENT_LEAST && payload[0] == CONTROL_TYPE &&
+           payload[1] == CONTROL_ANY && payload[2] == CONTROL_EVENT && payload[8] != ZOF_HOST_EVENT_STATE &&
+           payload[size - 1] == 0;
+}
+
 static void rx_frame(zof_host_t *h, uint8_t op, const uint8_t *payload, uint16_t size) {
     const uint16_t echo = echo_of(h, op, payload, size);
     const uint8_t event = op == ZOF_HOST_READ && payload[0] == SYSTEM_TYPE;
-    if (echo) {
+    if (is_control_event(op, payload, size)) {
+        control_event_send(h, payload + 3);
+    } else if (echo) {
         answered(h, op, payload + echo, (uint16_t)(size - echo));
     } else if (event && size == 4 && payload[1] == POWER_ON && pair(payload[2], payload[3]) == 0xAABB) {
         powered_on(h);

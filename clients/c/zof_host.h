@@ -35,7 +35,8 @@ enum {
     ZOF_HOST_POWER_ON = 1, // the panel has started: it shows its start view, and all earlier writes are lost
     ZOF_HOST_TOUCH = 2,    // `state`, `x` and `y` are set
     ZOF_HOST_SILENT = 3,   // an internal barrier was not answered in time; it is repeated until it is answered
-    ZOF_HOST_RESTORED = 4  // everything that `on_restart` queued has been executed
+    ZOF_HOST_RESTORED = 4, // everything that `on_restart` queued has been executed
+    ZOF_HOST_CONTROL = 5   // a user has done something, with `event_en` in the panel's settings
 };
 
 typedef struct zof_host zof_host_t;
@@ -52,11 +53,25 @@ typedef struct {
     uint16_t size;       // their size in bytes
 } zof_host_reply_t;
 
+// Valid until the callback returns, as is `text`.
 typedef struct {
-    uint8_t kind;  // ZOF_HOST_POWER_ON, ZOF_HOST_TOUCH, ZOF_HOST_SILENT, ZOF_HOST_RESTORED
-    uint8_t state; // of a touch: 0 released, 1 pressed, 2 held
-    uint16_t x, y; // of a touch: pixels
+    uint8_t kind;           // ZOF_HOST_POWER_ON, ZOF_HOST_TOUCH, ZOF_HOST_SILENT, ZOF_HOST_RESTORED, ZOF_HOST_CONTROL
+    uint8_t state;          // of a touch: 0 released, 1 pressed, 2 held
+    uint16_t x, y;          // of a touch: pixels
+    uint8_t event;          // of a control: ZOF_HOST_EVENT_CLICKED ...
+    uint8_t missed;         // number of events of controls that were lost on the line before this one, modulo 256
+    uint16_t view, control; // of a control; 0 for events without one
+    int32_t number;         // of a control: what it stands at: a value, an index, whether it is on
+    const char *text;       // of a control: its text; "" for none, null for other kinds
 } zof_host_event_t;
+
+typedef void (*zof_host_handler_t)(zof_host_t *host, const zof_host_event_t *event);
+
+// A place for zof_host_on.
+typedef struct {
+    uint16_t view, control;
+    zof_host_handler_t handler;
+} zof_host_on_t;
 
 // A host. The first part belongs to the user, who sets it before zof_host_init and leaves it unchanged while the host
 // is in use. The second part belongs to the library. The user owns the buffers, which must outlive the host.
@@ -73,6 +88,8 @@ struct zof_host {
     uint16_t rx_size;    // 16 to 32767; larger frames are skipped as noise
     uint8_t *tx;         // MANDATORY, the queue of frames: each takes its own size plus 1 or 2 bytes
     uint16_t tx_size;    // 16 to 32767
+    zof_host_on_t *on;   // OPTIONAL, places for zof_host_on
+    uint8_t on_size;     // number of places
     void *user;          // passed to the functions below; not used by the library
 
     // MANDATORY. Writes as many bytes as possible without waiting and returns how many, 0 to `size`.
@@ -83,7 +100,7 @@ struct zof_host {
     // OPTIONAL. Called at the end of each read, and with `acks` of each write of a `system` row, in the order they were
     // queued.
     void (*on_reply)(zof_host_t *host, zof_host_reply_t *reply);
-    // OPTIONAL. Called for power-on, touches and the library's reports when they occur.
+    // OPTIONAL. Called for power-on, touches, the library's reports, and the events of controls that have no handler.
     void (*on_event)(zof_host_t *host, const zof_host_event_t *event);
     // OPTIONAL. Queues the state that a restarted panel must be set to. Called with an empty queue, after everything
     // queued before has been sent: with `step` 0, then 1, 2 ... as long as it returns 1 because `tx` had no room for
@@ -93,10 +110,12 @@ struct zof_host {
     // Private to the library. Counters may be read; they wrap.
     uint16_t noise; // bytes skipped while looking for a frame
     uint16_t late;  // frames that answered no pending request
+    uint8_t seq;    // number of the last event of a control; if `view.events` answers another one, events were lost
 
     uint16_t rx_have, tx_head, tx_used, build, cur_at, cur_size, line_size, sent, in_flight, limit, fill;
     int next, first;
-    uint8_t ready, state, own, once, flush, tried, restore, step, inside, reports, build_op, build_bad;
+    uint8_t on_used, numbered, ready, state, own, once, flush, tried, restore, step, inside, reports, build_op,
+        build_bad;
     uint32_t now, rx_at, since, started, wait, build_code;
     uint8_t own_frame[10];
 };
@@ -112,6 +131,11 @@ void zof_host_feed(zof_host_t *host, const uint8_t *bytes, uint16_t size, uint32
 // Runs the library: calls `read` if it is set, ends requests that have timed out, and sends what may be sent. Call it
 // every few milliseconds; it never blocks. Returns 1 while something is queued or pending, otherwise 0.
 int zof_host_poll(zof_host_t *host, uint32_t now_ms);
+
+// Calls `handler` in place of `on_event` for the events of a control: all kinds, `event->event` says which. With
+// control 0 for the view's own: it is shown. Returns ZOF_HOST_DONE, ZOF_HOST_FULL without a free place in `on`,
+// ZOF_HOST_BAD for a null handler or host. After zof_host_init, which frees all places.
+int zof_host_on(zof_host_t *host, uint16_t view, uint16_t control, zof_host_handler_t handler);
 
 // Queues a read of `view.size`, which waits in the panel's queue after all view and control commands sent before: its
 // answer means that they have been executed. Returns a request number, ZOF_HOST_FULL or ZOF_HOST_BAD.
@@ -1907,15 +1931,15 @@ static inline int zof_host_set_chart_clear(zof_host_t *host, uint16_t view, uint
 
 // The kinds of events, in `control.event`.
 enum {
-    ZOF_HOST_EVENT_STATE = 0, // no event: the answer to a read
-    ZOF_HOST_EVENT_CLICKED = 1, // pressed and released
+    ZOF_HOST_EVENT_STATE = 0,        // no event: the answer to a read
+    ZOF_HOST_EVENT_CLICKED = 1,      // pressed and released
     ZOF_HOST_EVENT_LONG_PRESSED = 2, // held down
-    ZOF_HOST_EVENT_CHANGED = 3, // the user has changed the value
-    ZOF_HOST_EVENT_READY = 4, // Enter, in a keyboard or a text box of one line
-    ZOF_HOST_EVENT_CANCEL = 5, // the key that closes a keyboard
-    ZOF_HOST_EVENT_FOCUSED = 6, // touched, or reached by keys
-    ZOF_HOST_EVENT_VIEW = 7, // a view is shown; the control is 0, the number its layer, the text its file
-    ZOF_HOST_EVENT_LANGUAGE = 8 // another language; view and control are 0, the text is its name
+    ZOF_HOST_EVENT_CHANGED = 3,      // the user has changed the value
+    ZOF_HOST_EVENT_READY = 4,        // Enter, in a keyboard or a text box of one line
+    ZOF_HOST_EVENT_CANCEL = 5,       // the key that closes a keyboard
+    ZOF_HOST_EVENT_FOCUSED = 6,      // touched, or reached by keys
+    ZOF_HOST_EVENT_VIEW = 7,         // a view is shown; the control is 0, the number its layer, the text its file
+    ZOF_HOST_EVENT_LANGUAGE = 8      // another language; view and control are 0, the text is its name
 };
 
 // rows: end

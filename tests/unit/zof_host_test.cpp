@@ -44,8 +44,9 @@ struct rig {
             rig &r = *(rig *)from->user;
             const std::string touch = "touch" + std::to_string(event->state) + "@" + std::to_string(event->x) + "," +
                                       std::to_string(event->y) + " ";
-            static const char *const words[] = {"", "on ", "", "silent ", "restored "};
-            r.log += event->kind == ZOF_HOST_TOUCH ? touch : words[event->kind];
+            const std::string control = "control" + std::to_string(event->control) + " ";
+            const std::string words[] = {"", "on ", touch, "silent ", "restored ", control};
+            r.log += words[event->kind];
             zof_host_poll(from, r.now); // a poll within a callback does nothing
         };
         REQUIRE(zof_host_init(&host) == ZOF_HOST_DONE);
@@ -102,6 +103,38 @@ TEST_CASE("answers, events and noise are distinguished at every split, with and 
             CHECK(r.host.rx_have == 0);
         }
     }
+}
+
+TEST_CASE("events of controls reach their handlers, are not mistaken for answers, and lost ones are counted") {
+    rig r;
+    zof_host_on_t places[1];
+    r.host.on = places;
+    r.host.on_size = 1;
+    const auto note = [](zof_host_t *from, const zof_host_event_t *event) {
+        ((rig *)from->user)->log += "brew:" + std::to_string(event->event) + "=" + std::to_string(event->number) +
+                                    event->text + "-" + std::to_string(event->missed) + " ";
+    };
+    CHECK(zof_host_on(&r.host, 1, 7, nullptr) == ZOF_HOST_BAD);
+    CHECK(zof_host_on(&r.host, 1, 7, note) == ZOF_HOST_DONE);
+    CHECK(zof_host_on(&r.host, 1, 8, note) == ZOF_HOST_FULL);
+    const auto event = [&r](u8 control, u8 seq, u8 kind, u8 number) {
+        const bytes frame =
+            frame_of(ZOF_HOST_READ, {0xB2, 0xF0, 0x0E, 0, 1, 0, control, seq, kind, 0xFF, 0xFF, 0xFF, number, 'a', 0});
+        zof_host_feed(&r.host, frame.data(), (u16)frame.size(), r.now);
+    };
+    event(7, 250, ZOF_HOST_EVENT_CLICKED, 0xFE);
+    event(7, 251, ZOF_HOST_EVENT_CHANGED, 0xFF);
+    event(7, 2, ZOF_HOST_EVENT_CLICKED, 0xFF);
+    CHECK(r.log == "brew:1=-2a-0 brew:3=-1a-0 brew:1=-1a-6 ");
+    r.log.clear();
+    zof_host_get_control_event(&r.host, 1, 7);
+    zof_host_poll(&r.host, r.now);
+    event(7, 3, ZOF_HOST_EVENT_CLICKED, 0xFF); // between the read and its answer
+    event(7, 3, ZOF_HOST_EVENT_STATE, 0xFF);
+    CHECK(r.log.find("brew:1=-1a-0 1") == 0);
+    event(8, 4, ZOF_HOST_EVENT_CLICKED, 0); // no handler
+    CHECK(r.log.find("control8") != std::string::npos);
+    CHECK(r.host.seq == 4);
 }
 
 TEST_CASE("writes are sent whole and without a pause, at any position in the ring, across a wrap of the clock") {
