@@ -177,8 +177,8 @@ static void events_markdown(std::ostream &out) {
 static void events_c(std::ostream &out) {
     out << "\n// The kinds of events, in `control.event`.\nenum {\n";
     for (u32 i = 0; i < ZOF_HMI_EVENT_COUNT; i++) {
-        out << "    ZOF_HOST_EVENT_" << upper(zof_hmi_event_rows[i].name) << " = " << i
-            << (i + 1 < ZOF_HMI_EVENT_COUNT ? ", // " : " // ") << zof_hmi_event_rows[i].help << "\n";
+        out << comment(zof_hmi_event_rows[i].help).insert(0, "    ") << "    ZOF_HOST_EVENT_"
+            << upper(zof_hmi_event_rows[i].name) << " = " << i << (i + 1 < ZOF_HMI_EVENT_COUNT ? ",\n" : "\n");
     }
     out << "};\n";
 }

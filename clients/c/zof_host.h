@@ -1931,15 +1931,24 @@ static inline int zof_host_set_chart_clear(zof_host_t *host, uint16_t view, uint
 
 // The kinds of events, in `control.event`.
 enum {
-    ZOF_HOST_EVENT_STATE = 0,        // no event: the answer to a read
-    ZOF_HOST_EVENT_CLICKED = 1,      // pressed and released
-    ZOF_HOST_EVENT_LONG_PRESSED = 2, // held down
-    ZOF_HOST_EVENT_CHANGED = 3,      // the user has changed the value
-    ZOF_HOST_EVENT_READY = 4,        // Enter, in a keyboard or a text box of one line
-    ZOF_HOST_EVENT_CANCEL = 5,       // the key that closes a keyboard
-    ZOF_HOST_EVENT_FOCUSED = 6,      // touched, or reached by keys
-    ZOF_HOST_EVENT_VIEW = 7,         // a view is shown; the control is 0, the number its layer, the text its file
-    ZOF_HOST_EVENT_LANGUAGE = 8      // another language; view and control are 0, the text is its name
+    // no event: the answer to a read
+    ZOF_HOST_EVENT_STATE = 0,
+    // pressed and released
+    ZOF_HOST_EVENT_CLICKED = 1,
+    // held down
+    ZOF_HOST_EVENT_LONG_PRESSED = 2,
+    // the user has changed the value
+    ZOF_HOST_EVENT_CHANGED = 3,
+    // Enter, in a keyboard or a text box of one line
+    ZOF_HOST_EVENT_READY = 4,
+    // the key that closes a keyboard
+    ZOF_HOST_EVENT_CANCEL = 5,
+    // touched, or reached by keys
+    ZOF_HOST_EVENT_FOCUSED = 6,
+    // a view is shown; the control is 0, the number its layer, the text its file
+    ZOF_HOST_EVENT_VIEW = 7,
+    // another language; view and control are 0, the text is its name
+    ZOF_HOST_EVENT_LANGUAGE = 8
 };
 
 // rows: end
