@@ -47,6 +47,18 @@ install(FILES apps/package/zof_bench.desktop DESTINATION ${CMAKE_INSTALL_DATADIR
 install(FILES ${ZOF_BENCH_STAGE}/res/image/logo_small.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/48x48/apps
         RENAME zof_bench.png COMPONENT bench)
 
+# The panel as a service of a device without a desktop, from the templates of every application. The parameters are the
+# names in them.
+function(zof_install_service PROJECT_NAME PROJECT_DESCRIPTION)
+  foreach(file IN ITEMS service rules)
+    configure_file(examples/blank/package/program.${file}.in ${PROJECT_BINARY_DIR}/service/${PROJECT_NAME}.${file} @ONLY)
+  endforeach()
+  install(FILES ${PROJECT_BINARY_DIR}/service/${PROJECT_NAME}.service DESTINATION lib/systemd/system COMPONENT bench)
+  install(FILES ${PROJECT_BINARY_DIR}/service/${PROJECT_NAME}.rules DESTINATION lib/udev/rules.d
+          RENAME 70-${PROJECT_NAME}.rules COMPONENT bench)
+endfunction()
+zof_install_service(zof_bench "Bench panel")
+
 if(NOT CMAKE_CROSSCOMPILING AND NOT ZOF_FUZZ)
   include(cmake/manual.cmake)
 endif()

@@ -12,6 +12,7 @@
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_audio.h"
 #include "drv/zof_drv_beep.h"
+#include "drv/zof_drv_device.h"
 #include "drv/zof_drv_disp.h"
 #include "drv/zof_drv_end.h"
 #include "drv/zof_drv_file.h"

@@ -83,7 +83,7 @@ dpkg-deb -f "$work"/blank/blank_1.0.0_*.deb Depends | grep -q 'libsdl2-2.0-0.*' 
 for tree in installed unpacked; do (cd "$top/$tree" && find usr -type f | sort) >"$work/$tree.files"; done
 cmp "$work/installed.files" "$work/unpacked.files" || fail "the package and the installation differ"
 for file in bin/blank share/blank/res/config/view/start.g share/applications/blank.desktop \
-    share/icons/hicolor/scalable/apps/blank.svg lib/systemd/system/blank.service; do
+    share/icons/hicolor/scalable/apps/blank.svg lib/systemd/system/blank.service lib/udev/rules.d/70-blank.rules; do
     grep -qx "usr/$file" "$work/unpacked.files" || fail "the package has no $file"
 done
 ! grep -r '@' "$top/installed/usr/share/applications" "$top/installed/usr/lib/systemd" || fail "a name is not filled in"

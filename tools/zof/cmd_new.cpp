@@ -189,7 +189,7 @@ static bool project_write(new_page_t &page, const new_template_t &form, int widt
                 file_write("main.c", program_text(page, form)) && file_write(".gitignore", "build/\n") &&
                 file_write("CMakeLists.txt", replaced(new_file("CMakeLists.txt", true), "blank", page.name)) &&
                 file_write(".vscode/settings.json", new_file("settings.json", true));
-    for (const char *file : {"icon.svg", "program.desktop.in", "program.service.in"}) {
+    for (const char *file : {"icon.svg", "program.desktop.in", "program.rules.in", "program.service.in"}) {
         good = good && file_write(std::string("package/") + file, new_file(file, true));
     }
     for (size_t i = 0; i < page.languages.size(); i++) {

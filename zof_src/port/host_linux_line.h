@@ -34,7 +34,13 @@ void host_port_holder(const struct stat *device, zof_uart_info_t *out);
 // Returns the process that holds a lock on this file; 0 when it is not known.
 u32 host_lock_holder(const struct stat *file);
 
+// Reads the first line of a small file, without its end and with ? for what is not printable. Returns false if the file
+// cannot be read.
+bool host_line_read(const char *path, char *out, size_t size);
+
 // For tests: the folders in place of /sys and /dev. Kept, not copied.
 void host_port_roots_set(const char *sys, const char *dev);
+const char *host_port_sys(void);
+const char *host_port_dev(void);
 
 #endif

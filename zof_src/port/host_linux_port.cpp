@@ -23,8 +23,16 @@ void host_port_roots_set(const char *sys, const char *dev) {
     roots = {sys, dev};
 }
 
+const char *host_port_sys(void) {
+    return roots.sys;
+}
+
+const char *host_port_dev(void) {
+    return roots.dev;
+}
+
 // Reads the first line of a small file. What is not printable in it comes from a device, and goes to the screen.
-static bool line_read(const char *path, char *out, size_t size) {
+bool host_line_read(const char *path, char *out, size_t size) {
     FILE *f = zof_file_read_open(path);
     const bool read = f && fgets(out, (int)size, f);
     if (f) {
@@ -45,15 +53,15 @@ static bool line_read(const char *path, char *out, size_t size) {
 static bool usb_name(const char *folder, char *out, size_t size) {
     char path[PATH_MAX + 16], vendor[8], product[8];
     snprintf(path, sizeof(path), "%s/idVendor", folder);
-    if (!line_read(path, vendor, sizeof(vendor))) {
+    if (!host_line_read(path, vendor, sizeof(vendor))) {
         return false;
     }
     snprintf(path, sizeof(path), "%s/product", folder);
-    if (line_read(path, out, size) && *out) {
+    if (host_line_read(path, out, size) && *out) {
         return true;
     }
     snprintf(path, sizeof(path), "%s/idProduct", folder);
-    line_read(path, product, sizeof(product));
+    host_line_read(path, product, sizeof(product));
     snprintf(out, size, "%s:%s", vendor, product);
     return true;
 }
@@ -114,7 +122,7 @@ void host_port_holder(const struct stat *device, zof_uart_info_t *out) {
     char path[32];
     snprintf(path, sizeof(path), "/proc/%u/comm", out->holder_id);
     if (out->holder_id) {
-        line_read(path, out->holder, sizeof(out->holder));
+        host_line_read(path, out->holder, sizeof(out->holder));
     }
 }
 
@@ -128,7 +136,7 @@ static bool is_port(const char *name) {
         return false;
     }
     snprintf(path, sizeof(path), "%s/class/tty/%s/type", roots.sys, name);
-    return !line_read(path, type, sizeof(type)) || strcmp(type, "0") != 0;
+    return !host_line_read(path, type, sizeof(type)) || strcmp(type, "0") != 0;
 }
 
 static bool port_describe(const char *name, zof_uart_info_t *out) {

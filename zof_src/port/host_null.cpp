@@ -12,6 +12,7 @@
 #include <string>
 #include <thread>
 
+#include "drv/zof_drv_device.h"
 #include "drv/zof_drv_net.h"
 #include "drv/zof_drv_wdt.h"
 #include "port/zof_host.h"
@@ -263,6 +264,37 @@ void *zof_host_library_symbol(void *library, const char *name) {
 void zof_host_screen_size(s32 *w, s32 *h) {
     *w = 0;
     *h = 0;
+}
+
+u32 zof_device_list(zof_device_e kind, zof_device_t *out, u32 most) {
+    (void)kind;
+    (void)out;
+    (void)most;
+    return 0;
+}
+
+zof_bool zof_host_light_find(void) {
+    return ZOF_FALSE;
+}
+
+s32 zof_host_light_set(u8 level) {
+    (void)level;
+    return -1;
+}
+
+s32 zof_host_display_power(struct SDL_Window *window, zof_bool on) {
+    (void)window;
+    (void)on;
+    return -1;
+}
+
+s32 zof_host_service_report(const char *text) {
+    (void)text;
+    return -1;
+}
+
+u32 zof_host_service_period(void) {
+    return 0;
 }
 
 zof_drv_t *zof_host_serial_open(s32 port, const char *path, const zof_host_line_t *line) {

@@ -10,6 +10,7 @@
 
 #include <SDL.h>
 
+#include "drv/zof_drv_device.h"
 #include "drv/zof_drv_wdt.h"
 
 struct zof_dir {
@@ -121,4 +122,29 @@ void zof_host_screen_size(s32 *w, s32 *h) {
 // No driver of Windows offers its watchdog to programs.
 s32 win_wdt_init(void) {
     return -1;
+}
+
+// The desktop owns displays and input devices.
+u32 zof_device_list(zof_device_e, zof_device_t *, u32) {
+    return 0;
+}
+
+zof_bool zof_host_light_find(void) {
+    return ZOF_FALSE;
+}
+
+s32 zof_host_light_set(u8) {
+    return -1;
+}
+
+s32 zof_host_display_power(SDL_Window *, zof_bool) {
+    return -1;
+}
+
+s32 zof_host_service_report(const char *) {
+    return -1;
+}
+
+u32 zof_host_service_period(void) {
+    return 0;
 }

@@ -2,6 +2,7 @@
 #include "drv/zof_drv_disp.h"
 #include "drv/zof_drv_touch.h"
 #include "drv/zof_drv_up.h"
+#include "port/win_light.h"
 #include "port/win_screen.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
@@ -75,6 +76,7 @@ void win_disp_init(void) {
     zof_drv_disp_reg(&win_disp_t);
     zof_disp_init(&win_disp_t);
     sdl_init();
+    win_disp_t.own_light = win_light_is_set();
     register_display();
     register_touch();
 }

@@ -9,8 +9,8 @@
 void win_drv_init(void) {
     static constexpr void (*drivers[])(void) = {
         win_disp_init, // first: it takes size and title from the project
-        win_touch_init, win_uart_init,  win_rtc_init,  zof_image_init,
-        win_video_init, win_audio_init, win_gpio_init, win_aid_init,
+        win_touch_init, win_uart_init, win_rtc_init, zof_image_init, win_video_init,
+        win_audio_init, win_gpio_init, win_aid_init, win_alive_init,
     };
     for (auto *init : drivers) {
         init();

@@ -10,6 +10,7 @@
 #include "drv/zof_drv_disp.h"
 #include "drv/zof_drv_up.h"
 #include "lvgl.h"
+#include "port/win_light.h"
 #include "port/win_place.h"
 #include "port/win_scale.h"
 #include "port/zof_host.h"
@@ -70,11 +71,14 @@ bool win_screen_video() {
 }
 
 // SDL would pass our finished picture to OpenGL, which without a graphics card costs more than drawing it did. Drivers
-// other than these have no other way to show it.
-static void plain_framebuffer() {
+// other than those of a desktop have no other way to show it. Without a desktop SDL may have loaded OpenGL ES alone,
+// but still prefers its renderer for OpenGL, which then draws nothing.
+static void framebuffer_choose() {
     const char *driver = SDL_GetCurrentVideoDriver();
     if (memory_driver(driver) || (driver && strcmp(driver, "x11") == 0)) {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    } else if (win_light_alone()) {
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "opengles2");
     }
 }
 
@@ -110,7 +114,8 @@ static win_place_t place_choose(s32 w, s32 h) {
 // Hidden until its surface is black; on its own the system would show what was there before, or white. A full screen
 // has its size from the beginning, because without a window manager nobody else would set it.
 static bool window_create(s32 w, s32 h) {
-    const bool full = zof_disp_get_fullscreen() || (!zof_disp_get_scale() && screen_is_small(w, h));
+    const bool full =
+        zof_disp_get_fullscreen() || win_light_alone() || (!zof_disp_get_scale() && screen_is_small(w, h));
     screen.opened = screen.now = screen.before = place_choose(w, h);
     screen.corner = {SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED};
     SDL_Rect at = {SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, screen.opened.w, screen.opened.h};
@@ -127,10 +132,12 @@ static bool window_create(s32 w, s32 h) {
     SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));
     SDL_ShowWindow(screen.window);
     SDL_UpdateWindowSurface(screen.window);
+    win_light_open(screen.window);
     return true;
 }
 
 static void window_drop() {
+    win_light_close();
     if (screen.window) {
         SDL_DestroyWindow(screen.window);
     }
@@ -139,7 +146,7 @@ static void window_drop() {
 }
 
 bool win_screen_open(const u32 *pixels, s32 w, s32 h) {
-    plain_framebuffer();
+    framebuffer_choose();
     screen.pixels = pixels;
     screen.bright = WIN_SCALE_ONE;
     screen.fit = win_fit_make(w, h, w, h);
@@ -244,7 +251,7 @@ void win_screen_draw(win_rect_t part) {
 }
 
 void win_screen_update() {
-    if (screen.window && screen.drawn_count) {
+    if (screen.window && screen.drawn_count && !win_light_is_off()) {
         SDL_UpdateWindowSurfaceRects(screen.window, screen.drawn, (int)screen.drawn_count);
     }
     screen.drawn_count = 0;
@@ -257,7 +264,7 @@ void win_screen_show_all() {
 }
 
 void win_screen_bright(u8 level) {
-    const u32 under = LEVEL_FULL - (u32)SDL_max(level, (u8)LEVEL_LEAST);
+    const u32 under = win_light_level(level) ? 0 : LEVEL_FULL - (u32)SDL_max(level, (u8)LEVEL_LEAST);
     screen.bright = WIN_SCALE_ONE - WIN_SCALE_ONE * under / LEVELS_TO_BLACK;
     win_screen_show_all();
 }
@@ -297,7 +304,7 @@ static void full_leave() {
 }
 
 void win_screen_full_set(bool full) {
-    if (screen.window && full != win_screen_is_full()) {
+    if (screen.window && full != win_screen_is_full() && !win_light_alone()) {
         full ? full_enter() : full_leave();
     }
 }

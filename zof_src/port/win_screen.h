@@ -22,8 +22,9 @@ void win_screen_update();
 // Draws and shows the whole picture.
 void win_screen_show_all();
 
-// Dims the picture, 0 to 255. The monitor has a light of its own, so from 25 to 255 colours only change from 0.95 to 1
-// of their value, and not any further below: texts stay readable.
+// Sets the brightness, 0 to 255: that of the backlight on a device without a desktop, where 0 also switches the display
+// off. Otherwise dims the picture. The monitor has a light of its own, so from 25 to 255 colours only change from 0.95
+// to 1 of their value, and not any further below: texts stay readable.
 void win_screen_bright(u8 level);
 
 void win_screen_full_set(bool full);

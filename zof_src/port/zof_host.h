@@ -13,7 +13,8 @@ ZOF_C_BEGIN
 
 // The host also implements these of drv/zof_drv.h and drv/zof_drv_file.h itself: zof_system_start, zof_system_get_name,
 // zof_opendir, zof_readdir, zof_closedir, zof_file_size, zof_folder_unlock, zof_file_error and zof_program_path;
-// zof_drv_uart_list of drv/zof_drv_uart.h; win_wdt_init of drv/zof_drv_wdt.h; and all of drv/zof_drv_net.h.
+// zof_drv_uart_list of drv/zof_drv_uart.h; win_wdt_init of drv/zof_drv_wdt.h; and all of drv/zof_drv_net.h and
+// drv/zof_drv_device.h.
 
 // A clock that never goes back, in milliseconds, and a sleep; also when a test has replaced the clock below, for waits
 // in system calls.
@@ -64,6 +65,20 @@ void *zof_host_library_open(const char *name, s32 major);
 void *zof_host_library_symbol(void *library, const char *name);
 
 void zof_host_screen_size(s32 *w, s32 *h); // the desktop's size in pixels; 0, 0 when unknown
+
+// The light of a display that no other program shows. Graphics thread. Find looks for a backlight that this process may
+// write, and returns whether there is one; set writes its brightness, 255 for the most that it has and 0 for off, and
+// never 0 for another level. Power switches the screens of the device that shows `window` on or off. Set and power
+// return 0, or -1 when that is not possible, as on a desktop.
+zof_bool zof_host_light_find(void);
+s32 zof_host_light_set(u8 level);
+s32 zof_host_display_power(struct SDL_Window *window, zof_bool on);
+
+// A program that the system started as a service. Report sends a state ("READY=1"); returns 0, or -1 if the program
+// is not a service or the message cannot be sent. Period returns the time in milliseconds within which the system
+// expects each "WATCHDOG=1", because it restarts the program otherwise; 0 if it does not watch. Any thread.
+s32 zof_host_service_report(const char *text);
+u32 zof_host_service_period(void);
 
 // Serial line. Port P is the path that it is opened with, else the one in the environment variable ZOF_COM<P>, else the
 // system's own name for it. An open line is locked against other programs. A device that cannot be opened is tried

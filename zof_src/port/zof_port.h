@@ -19,6 +19,7 @@ void win_gpio_init(void);
 void win_video_init(void);
 void win_audio_init(void);
 void win_aid_init(void);
+void win_alive_init(void);
 
 // Size of the picture in pixels, set by win_disp_init before sdl_init.
 extern s32 SDL_HOR_RES, SDL_VER_RES;
