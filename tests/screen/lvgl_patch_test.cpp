@@ -162,7 +162,7 @@ static std::string cached(s32 *bytes) {
     for (s32 i = 0; i < LV_IMG_CACHE_DEF_SIZE; i++) {
         const lv_img_decoder_dsc_t &dsc = cache[i].dec_dsc;
         if (dsc.src && lv_img_src_get_type(dsc.src) == LV_IMG_SRC_FILE) {
-            names += std::filesystem::path((const char *)dsc.src).stem();
+            names += std::filesystem::path((const char *)dsc.src).stem().string();
             *bytes += dsc.header.w * dsc.header.h * 4;
         }
     }

@@ -48,7 +48,7 @@ inline std::string ctrl(u32 type, u32 id, const std::string &own = "", const std
     std::string common = pub.empty() ? "" : pub + ", ";
     for (const char *key : {R"("pt": {"x": 0, "y": 0})", R"("size": {"width": 100, "height": 40})", R"("t_mode": 1)",
                             R"("alpha": 255)"}) {
-        const std::string name(key, strchr(key, ':') + 1);
+        const std::string name(key, strcspn(key, ":") + 1);
         common += contains(pub, name) ? "" : key + std::string(", ");
     }
     return form(R"({"type": %u, "theme": "youth", "property": {"pub_t": {%s"name": "c%u", "id": %u}%s, )"

@@ -1,6 +1,5 @@
 // The player as its parent processes see it: driven by lines, drawing into shared memory.
 #include <sys/stat.h>
-#include <sys/wait.h>
 
 #include <map>
 
@@ -28,10 +27,10 @@ struct player {
     // Lets it end by itself, so that a coverage build counts its lines.
     ~player() {
         say(R"({"do": "quit"})");
-        if (process.process) {
-            waitpid(process.process, nullptr, 0);
+        std::string how;
+        if (process.child.process) {
+            child_end(&process.child, &how);
         }
-        process.process = 0;
         view_player_stop(&process);
     }
 

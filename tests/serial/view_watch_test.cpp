@@ -115,7 +115,7 @@ TEST_CASE("a watched folder shows each save, and after a fault the last good pic
     w.project.write("config/project/zofprj.g", project);
     CHECK(w.until([&] { return w.pixel() == 0xFF0000; }));
 
-    kill(w.session.shown.process, SIGSEGV);
+    kill(w.session.shown.child.process, SIGSEGV);
     CHECK(w.until([&] { return contains(w.session.note, "the player ended with"); }));
     CHECK(w.pixel() == 0xFF0000);
     std::filesystem::create_directories(w.project.path("image"));
@@ -212,7 +212,7 @@ TEST_CASE("a running program is shown as it draws, and its picture stays when it
         view_session_step(&session, 1);
         return contains(session.message, "needs ZOF_INSPECT_WRITE=1");
     }));
-    kill(program.session.shown.process, SIGKILL);
+    kill(program.session.shown.child.process, SIGKILL);
     CHECK(eventually([&] {
         view_session_step(&session, 1);
         return session.note == "the program has ended";

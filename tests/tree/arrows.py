@@ -37,8 +37,8 @@ LIBRARIES = {"cjson/cJSON.h", "lvgl.h"}
 NET_LIBRARIES = {"boost/asio.hpp"}          # in apps/net alone
 PORT_LIBRARIES = re.compile(r"SDL\.h|libav(codec|format|util)/\w+\.h|libsw(resample|scale)/\w+\.h"
                             r"|src/extra/libs/png/lodepng\.h|turbojpeg\.h")
-# Tools that Windows does not have yet (tools/zof/cmd_later_win32.cpp), and what only the build runs.
-NOT_YET = re.compile(r"player/|reference/|zof_media/|zof/view/|zof/cmd_(font|monitor)\.cpp")
+# What only the build runs.
+BUILD_ONLY = re.compile(r"reference/|zof_media/")
 POSIX = re.compile(r"(unistd|fcntl|poll|termios|pty|dirent|dlfcn|fnmatch|glob|spawn|pwd|grp|pthread|sys/\w+)\.h")
 
 
@@ -99,7 +99,7 @@ def app_fault(rel, name):
 
 def tool_fault(rel, name):
     """Returns what is wrong with a file of the tools including a header, or None."""
-    of_system = re.search(r"_(posix|win32)\.cpp$", rel.name) or NOT_YET.match(rel.as_posix())
+    of_system = re.search(r"_(posix|win32)\.cpp$", rel.name) or BUILD_ONLY.match(rel.as_posix())
     return f"{name} is of one system; put its use into a file that ends in _posix.cpp" \
         if POSIX.fullmatch(name) and not of_system else None
 

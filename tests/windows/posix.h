@@ -4,8 +4,12 @@
 
 #include <direct.h>
 #include <process.h>
+#include <stdint.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
+
+extern "C" __declspec(dllimport) int __stdcall TerminateProcess(void *process, unsigned status);
 
 // Replaces the six letters at the end of `name` by the first number, from that of the process on, that no folder has:
 // another test, or one that was killed, may have used it.
@@ -17,6 +21,19 @@ static inline char *mkdtemp(char *name) {
         }
     }
     return nullptr;
+}
+
+static inline int setenv(const char *name, const char *value, int replace) {
+    return replace || !getenv(name) ? _putenv_s(name, value) : 0;
+}
+
+static inline int unsetenv(const char *name) {
+    return _putenv_s(name, "");
+}
+
+// Processes are handles here.
+static inline int kill(intptr_t process, int signal) {
+    return TerminateProcess((void *)process, (unsigned)signal) ? 0 : -1;
 }
 
 #endif

@@ -125,7 +125,7 @@ static void loop() {
     double last = now_ms();
     while (!stop && !sim.ended && (opt.seconds <= 0 || last < opt.seconds * 1000)) {
         const double due = wire_flush(sim.line, last);
-        wire_wait(sim.line, due >= 0 && due < 10 ? (int)due + 1 : 10);
+        wire_wait({{&sim.line, false}}, due >= 0 && due < 10 ? (int)due + 1 : 10);
         receive();
         const double now = now_ms();
         sim.now_ms = now;

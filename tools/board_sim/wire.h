@@ -62,10 +62,14 @@ extern const char *const wire_line_help, *const wire_example;
 
 // What systems do differently, in wire_posix.cpp and wire_win32.cpp. Read and write do not wait. Read returns the
 // bytes, 0 when no bytes have arrived, -1 when the far end is gone; write, of an open line, the bytes that were taken.
-// Wait returns when there is something to read, at the latest after `ms`.
+// Wait returns when one of the lines can be read, or written if that is wanted, at the latest after `ms`.
 long wire_read(wire &w, uint8_t *data, size_t size);
 size_t wire_write(wire &w, const bytes &data);
-void wire_wait(wire &w, int ms);
+struct wire_wanted {
+    wire *line;
+    bool write;
+};
+void wire_wait(const std::vector<wire_wanted> &lines, int ms);
 
 // Queues bytes for the line and applies its faults. `now_ms` is any monotonic clock. Returns false if nothing is sent:
 // the line is unplugged or mute.

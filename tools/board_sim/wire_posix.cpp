@@ -149,7 +149,12 @@ size_t wire_write(wire &w, const bytes &data) {
     return n > 0 ? (size_t)n : 0;
 }
 
-void wire_wait(wire &w, int ms) {
-    pollfd p = {w.fd, POLLIN, 0};
-    poll(&p, w.fd >= 0 ? 1 : 0, ms);
+void wire_wait(const std::vector<wire_wanted> &lines, int ms) {
+    std::vector<pollfd> files;
+    for (const auto &[line, write] : lines) {
+        if (line->fd >= 0) {
+            files.push_back({line->fd, (short)(write ? POLLIN | POLLOUT : POLLIN), 0});
+        }
+    }
+    poll(files.data(), files.size(), ms);
 }

@@ -1,11 +1,13 @@
-// The line of the board on Windows: a serial port that exists, as there are no pseudo-terminals. The board looks for
-// bytes every millisecond, because it has nothing else to do.
+// The line on Windows: a serial port that exists, as there are no pseudo-terminals. Waiting looks for bytes every
+// millisecond, because programs that use it have nothing else to do.
 #include "wire.h"
 
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <io.h>
@@ -44,7 +46,8 @@ bool wire_plug(wire &w) {
     w.fd = good ? _open_osfhandle((intptr_t)port, _O_BINARY) : -1;
     if (w.fd < 0) {
         const std::string why = std::system_category().message((int)GetLastError());
-        fprintf(stderr, "board_sim: %s: %s\n", w.tty.c_str(), why.c_str());
+        const std::string program = std::filesystem::path(_wpgmptr).stem().string();
+        fprintf(stderr, "%s: %s: %s\n", program.c_str(), w.tty.c_str(), why.c_str());
         CloseHandle(port);
     }
     return w.fd >= 0;
@@ -76,13 +79,17 @@ size_t wire_write(wire &w, const bytes &data) {
     return n;
 }
 
-void wire_wait(wire &w, int ms) {
-    for (; ms > 0; ms--) {
-        DWORD errors;
-        COMSTAT status = {};
-        if (w.fd >= 0 && (!ClearCommError(handle_of(w), &errors, &status) || status.cbInQue)) {
-            return;
-        }
+static bool is_ready(const wire_wanted &wanted) {
+    DWORD errors;
+    COMSTAT status = {};
+    const bool gone = wanted.line->fd >= 0 && !ClearCommError(handle_of(*wanted.line), &errors, &status);
+    return gone || status.cbInQue;
+}
+
+void wire_wait(const std::vector<wire_wanted> &lines, int ms) {
+    for (; ms > 0 && std::none_of(lines.begin(), lines.end(), is_ready); ms--) {
+        const bool writes = std::any_of(lines.begin(), lines.end(), [](const auto &line) { return line.write; });
         Sleep(1);
+        ms = writes ? 1 : ms; // the writing itself waits until there is room
     }
 }

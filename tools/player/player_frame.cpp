@@ -1,28 +1,13 @@
 // The picture in shared memory.
 #include <atomic>
 
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include "player.h"
 #include "player_frame.h"
 #include "port/zof_port.h"
 
-static player_frame_t *head; // null if there is no shared memory
+#include "../system/stream.h"
 
-static player_frame_t *shared_map(const char *path, s32 width, s32 height) {
-    const size_t size = sizeof(player_frame_t) + (size_t)width * (size_t)height * sizeof(u32);
-    const int fd = open(path, O_RDWR | O_CLOEXEC);
-    void *memory = MAP_FAILED;
-    if (fd >= 0 && ftruncate(fd, (off_t)size) == 0) {
-        memory = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, fd, 0);
-    }
-    if (fd >= 0) {
-        close(fd);
-    }
-    return memory == MAP_FAILED ? nullptr : (player_frame_t *)memory;
-}
+static player_frame_t *head; // null if there is no shared memory
 
 // Copies the changed rectangle. The top byte of a pixel in the frame store is undefined; pictures are opaque.
 static void rows_copy(const lv_area_t *area) {
@@ -48,7 +33,8 @@ std::string player_frame_init() {
     s32 width = 0;
     s32 height = 0;
     sdl_frame_get(&width, &height);
-    head = shared_map(player_options.shared.c_str(), width, height);
+    const size_t size = sizeof(player_frame_t) + (size_t)width * (size_t)height * sizeof(u32);
+    head = (player_frame_t *)shared_create(player_options.shared.c_str(), size);
     if (!head) {
         return player_options.shared + " cannot be mapped";
     }

@@ -1,24 +1,22 @@
 // Lines of JSON on standard input and output.
 #include <cstdio>
-#include <cstdlib>
-
-#include <unistd.h>
 
 #include "player.h"
 #include "zof_lib/zof_stdio.h"
 
+#include "../system/stream.h"
+
 static FILE *out;
 
 void player_io_init() {
-    out = fdopen(dup(STDOUT_FILENO), "w");
-    dup2(STDERR_FILENO, STDOUT_FILENO);
+    out = output_take();
     zof_printf_to_errors();
 }
 
 bool player_line_read(inspect_reader_t *line) {
     int c = 0;
     inspect_reader_clear(line);
-    while ((c = getc_unlocked(stdin)) != EOF) {
+    while ((c = getc(stdin)) != EOF) {
         if (inspect_reader_put(line, (char)c)) {
             return true;
         }

@@ -2,7 +2,6 @@
 // function, which creates its controls. Every control gets an event function that does nothing, because only controls
 // with such a function report their events to a host.
 #include <algorithm>
-#include <cstdlib>
 
 #include "drv/zof_drv_file.h"
 #include "drv/zof_loop_in.h"
@@ -13,6 +12,8 @@
 #include "project/view/zof_view.h"
 #include "project/zof_prj.h"
 #include "zof_start.h"
+
+#include "../system/stream.h"
 
 enum { STEP_MS = 5 };
 
@@ -87,12 +88,10 @@ static bool is_project(const std::string &folder) {
 
 // Disables sound and the host link, so that the result depends only on the folder.
 static void environment_set() {
-    // NOLINTBEGIN(concurrency-mt-unsafe): no other thread runs yet
-    setenv("ZOF_STATE", "", 1); // the runtime stores nothing
+    variable_set("ZOF_STATE", "none"); // not a full path: the runtime stores nothing
     if (!player_options.live) {
-        setenv("SDL_AUDIODRIVER", "dummy", 1);
+        variable_set("SDL_AUDIODRIVER", "dummy");
     }
-    // NOLINTEND(concurrency-mt-unsafe)
 }
 
 static std::string runtime_start(const std::string &folder) {

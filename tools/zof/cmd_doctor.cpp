@@ -12,6 +12,8 @@
 #include "zof.h"
 #include "zof_lib/zof_stdio.h"
 
+#include "../system/advice.h"
+
 enum { PORTS_MAX = 64 };
 
 static struct {
@@ -49,7 +51,7 @@ static void display_test() {
     const bool opened = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0 && SDL_GetDisplayBounds(0, &area) == 0;
     if (!opened || !is_shown(SDL_GetCurrentVideoDriver())) {
         wrong("display", std::string("no window can be opened") + (opened ? "" : std::string(": ") + SDL_GetError()),
-              "run it in a desktop session; without one, `zof view --shot` and SDL_VIDEODRIVER=offscreen work");
+              display_help);
         return;
     }
     good("display", "%s, %d x %d", SDL_GetCurrentVideoDriver(), area.w, area.h);
@@ -60,8 +62,7 @@ static void audio_test() {
     const bool opened = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
     const int devices = opened ? SDL_GetNumAudioDevices(0) : 0;
     if (devices < 1) {
-        wrong("sound", std::string("no sound device") + (opened ? "" : std::string(": ") + SDL_GetError()),
-              "tones and sounds stay silent; if there is a device: sudo usermod -aG audio $USER, and log in again");
+        wrong("sound", std::string("no sound device") + (opened ? "" : std::string(": ") + SDL_GetError()), sound_help);
     } else {
         good("sound", "%s, %s", SDL_GetCurrentAudioDriver(), SDL_GetAudioDeviceName(0, 0));
     }
@@ -74,10 +75,9 @@ static void audio_test() {
 static std::string port_help(const zof_uart_info_t &port) {
     switch (port.state) {
     case UART_STATE_NO_RIGHT:
-        return port.group[0] ? std::string("sudo usermod -aG ") + port.group + " $USER, and log in again"
-                             : "ask the administrator of this machine for the right to open it";
+        return port_right_help(port);
     case UART_STATE_HELD:
-        return port.holder_id ? "end the program, or kill " + std::to_string(port.holder_id) : "end that program";
+        return port_held_help(port);
     default:
         return "unplug the adapter and plug it in again";
     }

@@ -1,8 +1,5 @@
 // `zof font`: makes a font with exactly the letters that a project uses. fontTools, a Python library, subsets the font;
 // this file collects the letters and icons and records the names of icons.
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <cjson/cJSON.h>
 
 #include <algorithm>
@@ -22,6 +19,9 @@
 #include "words.h"
 #include "zof.h"
 #include "zof_lib/zof_util.h"
+
+#include "../system/advice.h"
+#include "../system/stream.h"
 
 static struct {
     std::string font, project = ".", sizes, weight, text, name;
@@ -239,41 +239,34 @@ static bool icons_keep(const std::string &path, cJSON *icons, const cJSON *made)
 enum { NO_FONTTOOLS = 9, NO_PYTHON = 127 };
 
 // Runs the script. Returns its exit status, and its output in `out`.
-static int script_run(const char *python, const std::vector<std::string> &args, std::string &out) {
-    int ends[2];
-    if (pipe(ends) != 0) {
+static int script_run(const std::string &python, const std::vector<std::string> &args, std::string &out) {
+    child_t child;
+    std::vector<std::string> words = {python, "-c", FONT_SCRIPT};
+    words.insert(words.end(), args.begin(), args.end());
+    if (!child_start(&child, words, nullptr, false).empty()) {
         return NO_PYTHON;
     }
-    std::vector<char *> argv = {(char *)python, (char *)"-c", (char *)FONT_SCRIPT};
-    for (const std::string &arg : args) {
-        argv.push_back((char *)arg.c_str());
-    }
-    argv.push_back(nullptr);
-    const pid_t child = fork();
-    if (child == 0) {
-        dup2(ends[1], STDOUT_FILENO);
-        execvp(python, argv.data());
-        _exit(NO_PYTHON);
-    }
-    close(ends[1]);
     char part[4096];
-    for (ssize_t n = 0; (n = read(ends[0], part, sizeof part)) > 0;) {
+    s32 n = 0;
+    while ((n = stream_read(child.output, part, sizeof part)) >= 0) {
         out.append(part, (size_t)n);
+        stream_wait({{child.output, false}}, -1, 1000);
     }
-    close(ends[0]);
-    int status = 0;
-    return child > 0 && waitpid(child, &status, 0) == child && WIFEXITED(status) ? WEXITSTATUS(status) : NO_PYTHON;
+    std::string how;
+    const int status = child_end(&child, &how);
+    child_kill(&child);
+    return status < 0 ? (int)NO_PYTHON : status;
 }
 
 // Returns the script's result, or null after a message.
 static cJSON *font_make(const std::vector<std::string> &args) {
     int status = NO_PYTHON;
     std::string out;
-    for (const char *python : {"python3", "/usr/bin/python3"}) {
+    for (const char *python : python_names) {
         status = status == NO_PYTHON || status == NO_FONTTOOLS ? script_run(python, args, out) : status;
     }
     if (status == NO_PYTHON || status == NO_FONTTOOLS) {
-        fail("needs Python 3 with fontTools: apt install python3-fonttools");
+        fail(std::string("needs Python 3 with fontTools: ") + python_help);
         return nullptr;
     }
     cJSON *made = cJSON_Parse(out.c_str());

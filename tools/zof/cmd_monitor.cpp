@@ -6,10 +6,7 @@
 #include <cstring>
 #include <deque>
 #include <filesystem>
-#include <fnmatch.h>
 #include <fstream>
-#include <poll.h>
-#include <unistd.h>
 
 #include "recording.h"
 #include "wire.h"
@@ -47,6 +44,8 @@ static struct {
 // Limit of the bytes queued for an end that does not read.
 static constexpr size_t WAITING_MAX = 65536;
 
+enum { BLOCK_SIZE = 4096 };
+
 static volatile sig_atomic_t stop;
 
 static int64_t now_us() {
@@ -66,13 +65,17 @@ static std::string reason(int error) {
 
 // Output
 
-static bool matches(const std::vector<std::string> &patterns, const std::string &name) {
-    for (const std::string &pattern : patterns) {
-        if (fnmatch(pattern.c_str(), name.c_str(), 0) == 0) {
-            return true;
-        }
+// In a pattern, "*" stands for any characters and "?" for one.
+static bool is_like(const char *name, const char *pattern) {
+    if (*pattern == '*') {
+        return is_like(name, pattern + 1) || (*name && is_like(name + 1, pattern));
     }
-    return false;
+    return *pattern ? *name && (*pattern == '?' || *pattern == *name) && is_like(name + 1, pattern + 1) : !*name;
+}
+
+static bool matches(const std::vector<std::string> &patterns, const std::string &name) {
+    return std::any_of(patterns.begin(), patterns.end(),
+                       [&](const std::string &pattern) { return is_like(name.c_str(), pattern.c_str()); });
 }
 
 static bool wanted(const piece &p) {
@@ -106,13 +109,9 @@ static void keep(const piece &p) {
 // Watching
 
 static void write_waiting(side &s) {
-    uint8_t block[4096];
-    const size_t size = std::min(s.waiting.size(), sizeof(block));
-    std::copy(s.waiting.begin(), s.waiting.begin() + (long)size, block);
-    const ssize_t n = write(s.line.fd, block, size);
-    if (n > 0) {
-        s.waiting.erase(s.waiting.begin(), s.waiting.begin() + n);
-    }
+    const size_t size = std::min(s.waiting.size(), (size_t)BLOCK_SIZE);
+    const size_t n = size ? wire_write(s.line, bytes(s.waiting.begin(), s.waiting.begin() + (long)size)) : 0;
+    s.waiting.erase(s.waiting.begin(), s.waiting.begin() + (long)n);
 }
 
 static void give(side &to, const uint8_t *data, size_t size) {
@@ -125,10 +124,10 @@ static void give(side &to, const uint8_t *data, size_t size) {
 // Reads from one end, or ends its incomplete frame after a silence. Received bytes are forwarded before anything is
 // printed about them. Returns false if the line is gone.
 static bool take(side &from, side *to, std::vector<piece> &out, bool silence) {
-    uint8_t block[4096];
-    const ssize_t n = silence ? 0 : read(from.line.fd, block, sizeof(block));
+    uint8_t block[BLOCK_SIZE];
+    const long n = silence ? 0 : wire_read(from.line, block, sizeof(block));
     if (n <= 0 && !silence) {
-        return errno == EAGAIN || errno == EINTR;
+        return n == 0;
     }
     if (to) {
         give(*to, block, (size_t)n);
@@ -140,22 +139,18 @@ static bool take(side &from, side *to, std::vector<piece> &out, bool silence) {
     return true;
 }
 
-static pollfd polled(const side &s) {
-    return {s.line.fd, (short)(s.waiting.empty() ? POLLIN : POLLIN | POLLOUT), 0};
-}
-
 // Forwards once between both ends and appends the decoded pieces to `out`. Returns false if a line is gone.
 static bool turn(std::vector<piece> &out) {
-    pollfd fds[2] = {polled(monitor.host), polled(monitor.panel)};
     const bool both = monitor.host.line.fd >= 0;
-    poll(both ? fds : fds + 1, both ? 2 : 1, (int)monitor.opt.gap_ms);
     side *sides[2] = {&monitor.host, &monitor.panel};
+    std::vector<wire_wanted> wanted;
     for (int i = both ? 0 : 1; i < 2; i++) {
-        if (fds[i].revents & POLLOUT) {
-            write_waiting(*sides[i]);
-        }
-        if ((fds[i].revents & (POLLIN | POLLHUP | POLLERR)) &&
-            !take(*sides[i], both ? sides[1 - i] : nullptr, out, false)) {
+        wanted.push_back({&sides[i]->line, !sides[i]->waiting.empty()});
+    }
+    wire_wait(wanted, (int)monitor.opt.gap_ms);
+    for (int i = both ? 0 : 1; i < 2; i++) {
+        write_waiting(*sides[i]);
+        if (!take(*sides[i], both ? sides[1 - i] : nullptr, out, false)) {
             return fail("the line is gone") == 0;
         }
         if ((double)(now_us() - sides[i]->heard_us) > monitor.opt.gap_ms * 1000) {
@@ -183,7 +178,7 @@ static bool lines_differ() {
 
 static int watch() {
     if (!monitor.opt.record.empty()) {
-        monitor.record.open(monitor.opt.record);
+        monitor.record.open(std::filesystem::path{monitor.opt.record});
         if (!(monitor.record << recording_head(monitor.opt.head, monitor.opt.crc)).flush()) {
             return fail(monitor.opt.record + ": " + reason(errno), ZOF_EXIT_FINDINGS);
         }
@@ -337,12 +332,21 @@ static void filters_add(CLI::App *c) {
     c->add_flag("--hex", o.hex, "show the bytes of every frame");
 }
 
+// Adds the options of one end: a serial line, or a pseudo-terminal on systems that have them.
+static void line_add(CLI::App *c, const std::string &end, side &s) {
+    CLI::Option *tty = c->add_option("--" + end, s.line.tty, "the serial line that leads to the " + end);
+    if (wire_makes_lines) {
+        c->add_option("--" + end + "-link", s.line.link,
+                      "or a link to create for a pseudo-terminal that the " + end + " opens")
+            ->excludes(tty);
+    } else {
+        tty->required();
+    }
+}
+
 static void panel_line_add(CLI::App *c) {
-    CLI::Option *tty = c->add_option("--panel", monitor.panel.line.tty, "the tty that leads to the panel");
-    c->add_option("--panel-link", monitor.panel.line.link,
-                  "or a link to create for a pseudo-terminal that the panel opens")
-        ->excludes(tty);
-    c->add_option("--baud", monitor.opt.baud, "speed of a tty")->capture_default_str();
+    line_add(c, "panel", monitor.panel);
+    c->add_option("--baud", monitor.opt.baud, "speed of a serial line")->capture_default_str();
 }
 
 static void watch_add(CLI::App &app) {
@@ -350,10 +354,7 @@ static void watch_add(CLI::App &app) {
     CLI::App *w = app.add_subcommand("watch", "forward between a host and a panel, and decode");
     filters_add(w);
     panel_line_add(w);
-    CLI::Option *tty = w->add_option("--host", monitor.host.line.tty, "the tty that leads to the host");
-    w->add_option("--host-link", monitor.host.line.link,
-                  "or a link to create for a pseudo-terminal that the host opens")
-        ->excludes(tty);
+    line_add(w, "host", monitor.host);
     w->add_option("--head", o.head, "head bytes of the project")->capture_default_str();
     w->add_flag("--crc", o.crc, "the project has crc_en");
     w->add_option("--gap", o.gap_ms, "ms of silence that end an incomplete frame")

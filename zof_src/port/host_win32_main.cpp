@@ -2,6 +2,8 @@
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
+#include <fcntl.h>
+#include <io.h>
 #include <stdlib.h>
 
 #include <string>
@@ -55,5 +57,7 @@ int wmain(int argc, wchar_t **argv) {
     args.push_back(nullptr);
     environment_take();
     SetConsoleOutputCP(CP_UTF8);
+    _setmode(0, _O_BINARY); // the same bytes as on other systems, for pictures and protocols
+    _setmode(1, _O_BINARY);
     return program_main(argc, args.data());
 }

@@ -1,22 +1,10 @@
 #include "view_player.h"
 
+#include <algorithm>
 #include <atomic>
-#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
-
-#include <arpa/inet.h>
-#include <fcntl.h>
-#include <netinet/in.h>
-#include <poll.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/mman.h>
-#include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "drv/zof_drv_file.h"
 #include "drv/zof_drv_net.h"
@@ -25,80 +13,39 @@
 
 #include "../../player/player_frame.h"
 
-extern char **environ;
-
-enum { CALL_MS = 60000, SHARED_FD = 3, TRIES = 100, TOKEN_MAX = 64 };
+enum { CALL_MS = 60000, TRIES = 100, TOKEN_MAX = 64 };
 
 // Returns the path of the player, which is beside this program in the build tree and when installed.
 static std::string program() {
     const char *given = getenv("ZOF_PLAYER");
-    char self[512];
-    const ssize_t n = readlink("/proc/self/exe", self, sizeof(self) - 1);
-    const std::string path(self, n > 0 ? (size_t)n : 0);
-    return given ? given : path.substr(0, path.find_last_of('/') + 1) + "zof_player";
+    char self[1024] = "";
+    zof_program_path(self, sizeof(self));
+    const std::string path = self;
+    const size_t name = path.find_last_of('/') + 1;
+    const std::string suffix = path.ends_with(".exe") ? ".exe" : "";
+    return given ? given : path.substr(0, name) + "zof_player" + suffix;
 }
 
-static s32 spawn(const std::string &path, bool live, bool loud, s32 in, s32 out, s32 shared) {
-    posix_spawn_file_actions_t files;
-    posix_spawn_file_actions_init(&files);
-    posix_spawn_file_actions_adddup2(&files, in, STDIN_FILENO);
-    posix_spawn_file_actions_adddup2(&files, out, STDOUT_FILENO);
-    posix_spawn_file_actions_adddup2(&files, shared, SHARED_FD);
-    if (!loud) {
-        posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    }
-    const char *words[] = {path.c_str(), "--shared", "/proc/self/fd/3", live ? "--live" : nullptr, nullptr};
-    pid_t process = 0;
-    const int fault = posix_spawn(&process, path.c_str(), &files, nullptr, (char *const *)words, environ);
-    posix_spawn_file_actions_destroy(&files);
-    errno = fault;
-    return fault ? 0 : process;
-}
-
-// Starts a player. Our ends of the pipes do not block. They are not inherited by the next player, which would keep this
-// one's input open.
 std::string view_player_start(view_player_t *player, bool live, bool loud) {
     *player = {};
-    int in[2];
-    int out[2];
-    signal(SIGPIPE, SIG_IGN); // a write to a player that has ended must not kill us; its end is noticed when reading
-    if (pipe2(in, O_CLOEXEC) != 0 || pipe2(out, O_CLOEXEC) != 0) {
+    if (!shared_start(&player->shared)) {
         return zof_file_error();
     }
-    // Moves the descriptor to a high number, so that it does not collide with those that the child's files get.
-    const int low = memfd_create("zof picture", MFD_CLOEXEC);
-    player->shared = fcntl(low, F_DUPFD_CLOEXEC, 16);
-    close(low);
-    const std::string path = program();
-    player->process = spawn(path, live, loud, in[0], out[1], player->shared);
-    std::string fault = player->process ? "" : path + ": " + zof_file_error();
-    close(in[0]);
-    close(out[1]);
-    player->input = in[1];
-    player->output = out[0];
-    fcntl(player->input, F_SETFL, O_NONBLOCK);
-    fcntl(player->output, F_SETFL, O_NONBLOCK);
-    player->ended = fault;
-    return fault;
+    std::vector<std::string> words = {program(), "--shared", player->shared.name};
+    if (live) {
+        words.push_back("--live");
+    }
+    player->ended = child_start(&player->child, words, &player->shared, !loud);
+    return player->ended;
 }
 
 std::string view_player_attach(view_player_t *player, u32 port) {
     *player = {};
-    sockaddr_in at = {};
-    at.sin_family = AF_INET;
-    at.sin_port = htons((u16)port);
-    at.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    const int fd = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    signal(SIGPIPE, SIG_IGN);
-    if (fd < 0 || connect(fd, (sockaddr *)&at, sizeof(at)) != 0) {
+    player->child.input = player->child.output = stream_connect(port);
+    if (!player->child.input) {
         player->ended = "127.0.0.1:" + std::to_string(port) + ": " + zof_file_error();
-        close(fd);
-        return player->ended;
     }
-    player->input = fd;
-    player->output = fcntl(fd, F_DUPFD_CLOEXEC, 0);
-    fcntl(fd, F_SETFL, O_NONBLOCK);
-    return "";
+    return player->ended;
 }
 
 cJSON *view_player_hello(u32 port) {
@@ -116,33 +63,21 @@ cJSON *view_player_hello(u32 port) {
 }
 
 bool view_player_runs(const view_player_t *player) {
-    return player->output > 0 && player->ended.empty();
+    return player->child.output && player->ended.empty();
 }
 
 void view_player_stop(view_player_t *player) {
-    if (player->map) {
-        munmap((void *)player->map, player->map_size);
-    }
-    if (player->process) {
-        kill(player->process, SIGKILL);
-        waitpid(player->process, nullptr, 0);
-    }
-    for (const s32 fd : {player->input, player->output, player->shared}) {
-        if (fd > 0) {
-            close(fd);
-        }
-    }
+    child_kill(&player->child);
+    shared_stop(&player->shared);
     *player = {};
 }
 
 // Sends as much as fits. If the player has ended, the lines stay unsent; its output reports the end.
 static void unsent_send(view_player_t *player) {
-    while (!player->unsent.empty()) {
-        const ssize_t n = write(player->input, player->unsent.data(), player->unsent.size());
-        if (n <= 0) {
-            return;
-        }
-        player->unsent.erase(0, (size_t)n);
+    s32 n = 1;
+    while (n > 0 && player->child.input && !player->unsent.empty()) {
+        n = stream_write(player->child.input, player->unsent.data(), (u32)player->unsent.size());
+        player->unsent.erase(0, (size_t)std::max(n, 0));
     }
 }
 
@@ -164,13 +99,10 @@ s32 view_player_send(view_player_t *player, cJSON *command) {
 }
 
 static void end_note(view_player_t *player) {
-    int status = 0;
-    if (!player->process) {
+    if (player->child.process) {
+        child_end(&player->child, &player->ended);
+    } else {
         player->ended = "it has closed the connection";
-    } else if (waitpid(player->process, &status, 0) == player->process) {
-        player->process = 0;
-        player->ended = WIFSIGNALED(status) ? "signal " + std::to_string(WTERMSIG(status))
-                                            : "status " + std::to_string(WEXITSTATUS(status));
     }
 }
 
@@ -192,32 +124,28 @@ bool view_player_poll(view_player_t *player, const view_line_fn &fn) {
         return false;
     }
     unsent_send(player);
-    ssize_t n = 0;
-    while ((n = read(player->output, piece, sizeof(piece))) > 0) {
+    s32 n = 0;
+    while ((n = stream_read(player->child.output, piece, sizeof(piece))) > 0) {
         player->unread.append(piece, (size_t)n);
     }
-    const bool over = n == 0 || (errno != EAGAIN && errno != EINTR);
     lines_take(player, fn);
-    if (over) {
+    if (n < 0) {
         end_note(player);
     }
-    return !over;
+    return n == 0;
 }
 
-void view_player_wait(const std::vector<view_player_t *> &players, s32 other, s32 ms) {
-    std::vector<pollfd> files;
+void view_player_wait(const std::vector<view_player_t *> &players, intptr_t other, s32 ms) {
+    std::vector<stream_wait_t> streams;
     for (const view_player_t *player : players) {
         if (view_player_runs(player)) {
-            files.push_back({player->output, POLLIN, 0});
+            streams.push_back({player->child.output, false});
         }
         if (view_player_runs(player) && !player->unsent.empty()) {
-            files.push_back({player->input, POLLOUT, 0});
+            streams.push_back({player->child.input, true});
         }
     }
-    if (other >= 0) {
-        files.push_back({other, POLLIN, 0});
-    }
-    poll(files.data(), files.size(), ms);
+    stream_wait(streams, other, ms);
 }
 
 cJSON *view_player_call(view_player_t *player, cJSON *command, const view_line_fn &event) {
@@ -227,7 +155,7 @@ cJSON *view_player_call(view_player_t *player, cJSON *command, const view_line_f
     cJSON *reply = nullptr;
     const auto take = [&](const cJSON *line) {
         const cJSON *of = cJSON_GetObjectItem(line, "id");
-        const bool refused = !player->process && !of && cJSON_GetObjectItem(line, "error"); // by a program
+        const bool refused = !player->child.process && !of && cJSON_GetObjectItem(line, "error"); // by a program
         if (refused || (cJSON_IsNumber(of) && of->valueint == id)) {
             cJSON_Delete(reply);
             reply = cJSON_Duplicate(line, 1);
@@ -244,16 +172,10 @@ cJSON *view_player_call(view_player_t *player, cJSON *command, const view_line_f
 }
 
 static const player_frame_t *head_map(view_player_t *player) {
-    struct stat st = {};
-    if (!player->map && player->shared > 0 && fstat(player->shared, &st) == 0 &&
-        (size_t)st.st_size > sizeof(player_frame_t)) {
-        void *map = mmap(nullptr, (size_t)st.st_size, PROT_READ, MAP_SHARED, player->shared, 0);
-        player->map = map == MAP_FAILED ? nullptr : map;
-        player->map_size = (size_t)st.st_size;
-    }
-    const auto *head = (const player_frame_t *)player->map;
-    const bool good =
-        head && head->magic == PLAYER_MAGIC && head->offset + (size_t)head->stride * head->height <= player->map_size;
+    const auto *head = (const player_frame_t *)shared_map(&player->shared);
+    const size_t size = player->shared.size;
+    const bool good = head && size > sizeof(*head) && head->magic == PLAYER_MAGIC &&
+                      head->offset + (size_t)head->stride * head->height <= size;
     return good ? head : nullptr;
 }
 
@@ -275,17 +197,4 @@ bool view_player_picture(view_player_t *player, std::vector<u32> *pixels, s32 *w
         }
     }
     return true;
-}
-
-void view_run(const std::vector<std::string> &words) {
-    std::vector<char *> argv;
-    argv.reserve(words.size() + 1);
-    for (const std::string &word : words) {
-        argv.push_back((char *)word.c_str());
-    }
-    argv.push_back(nullptr);
-    pid_t process = 0;
-    posix_spawnp(&process, argv[0], nullptr, nullptr, argv.data(), environ);
-    while (waitpid(-1, nullptr, WNOHANG) > 0) { // reap programs that were started earlier
-    }
 }

@@ -10,14 +10,11 @@
 
 #include <cjson/cJSON.h>
 
-#include "zof_lib/zof_type.h"
+#include "../../system/stream.h"
 
 struct view_player_t {
-    s32 process;       // 0 if none is running, and for a program
-    s32 input, output; // our ends of its pipes, or of the connection
-    s32 shared;        // file that holds the picture
-    const void *map;   // the mapped picture, null before the first frame
-    size_t map_size;
+    child_t child;   // of a program only its streams, which are one connection
+    shared_t shared; // the picture
     std::string unsent, unread;
     s32 next_id;
     std::string ended; // why it ended, such as "signal 11"; empty while it runs
@@ -49,8 +46,8 @@ s32 view_player_send(view_player_t *player, cJSON *command);
 // ended.
 bool view_player_poll(view_player_t *player, const view_line_fn &line);
 
-// Waits until one of the players, or the file `other` unless it is -1, is ready, for at most `ms`.
-void view_player_wait(const std::vector<view_player_t *> &players, s32 other, s32 ms);
+// Waits until one of the players is ready, or the handle `other` unless it is -1, for at most `ms`.
+void view_player_wait(const std::vector<view_player_t *> &players, intptr_t other, s32 ms);
 
 // Sends a command and waits for its reply, which the caller deletes. Returns null if the player has ended or does not
 // answer for 60 seconds. Events received meanwhile are passed to `event`.
@@ -58,9 +55,6 @@ cJSON *view_player_call(view_player_t *player, cJSON *command, const view_line_f
 
 // Copies the picture in shared memory, 0xFFRRGGBB. Returns false before the first frame.
 bool view_player_picture(view_player_t *player, std::vector<u32> *pixels, s32 *width, s32 *height);
-
-// Starts a program without waiting for it.
-void view_run(const std::vector<std::string> &words);
 
 // Returns a new command: {"do": name}.
 cJSON *view_command(const char *name);

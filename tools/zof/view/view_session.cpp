@@ -266,7 +266,7 @@ void view_session_stop(view_session_t *session) {
 }
 
 void view_session_step(view_session_t *session, s32 ms) {
-    view_player_wait({&session->shown, &session->next}, session->watch.file, session->changed ? 2 : ms);
+    view_player_wait({&session->shown, &session->next}, session->watch.handle, session->changed ? 2 : ms);
     shown_poll(session);
     if (session->load_id) {
         next_poll(session);

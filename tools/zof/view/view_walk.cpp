@@ -1,6 +1,9 @@
 #include "view_walk.h"
 
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
 #include <set>
 
 #include "view.h"
@@ -10,13 +13,16 @@ static void fail(const std::string &text) {
 }
 
 bool view_file_write(const std::string &path, const std::string &bytes) {
-    FILE *f = path == "-" ? stdout : fopen(path.c_str(), "wb");
-    bool good = f && fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size() && fflush(f) == 0;
-    good = f && (f == stdout || fclose(f) == 0) && good;
-    if (!good || bytes.empty()) {
+    std::ofstream file;
+    if (path != "-") {
+        file.open(std::filesystem::path{path}, std::ios::binary);
+    }
+    std::ostream &out = path == "-" ? std::cout : file;
+    const bool good = !bytes.empty() && out.write(bytes.data(), (std::streamsize)bytes.size()) && out.flush();
+    if (!good) {
         fail(path + " cannot be written");
     }
-    return good && !bytes.empty();
+    return good;
 }
 
 // Prints each message once, because every player of the project reports the same faults.

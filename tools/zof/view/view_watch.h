@@ -1,4 +1,4 @@
-// Watches a folder for changes.
+// Watches a folder for changes: view_watch_posix.cpp and view_watch_win32.cpp.
 #ifndef VIEW_WATCH_H
 #define VIEW_WATCH_H
 
@@ -8,8 +8,8 @@
 #include "zof_lib/zof_type.h"
 
 struct view_watch_t {
-    s32 file = -1; // descriptor to wait for; -1 if the system cannot watch
-    std::map<s32, std::string> folders;
+    intptr_t handle = -1;               // to wait for; -1 before the start, and if the system cannot watch
+    std::map<s32, std::string> folders; // on POSIX, by their numbers
 };
 
 // Starts to watch a folder and all folders in it. Returns an error, or an empty text.

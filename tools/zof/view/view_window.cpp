@@ -141,7 +141,6 @@ static void line_take(const cJSON *line) {
     }
 }
 
-// Opens the file at its line, with arguments that most editors understand.
 static void editor_open() {
     s32 line = 0;
     const std::string file = view_inspector_place(&self.inspector, &line);
@@ -150,10 +149,7 @@ static void editor_open() {
         fprintf(stderr, "zof view: %s\n", file.empty() ? "the place is not known" : "EDITOR is not set");
         return;
     }
-    const bool colons = std::string(editor).find("code") != std::string::npos;
-    const std::string place =
-        colons ? "-g '" + file + ":" + std::to_string(line) + "'" : "+" + std::to_string(line) + " '" + file + "'";
-    view_run({"/bin/sh", "-c", std::string(editor) + " " + place});
+    editor_start(editor, file, line);
 }
 
 static void python_copy() {

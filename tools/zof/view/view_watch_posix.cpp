@@ -14,7 +14,7 @@ enum : u32 {
 };
 
 static void folder_add(view_watch_t *watch, const std::string &folder) {
-    const s32 number = inotify_add_watch(watch->file, folder.c_str(), CHANGES | IN_ONLYDIR);
+    const s32 number = inotify_add_watch((int)watch->handle, folder.c_str(), CHANGES | IN_ONLYDIR);
     if (number < 0) {
         return; // the folder has disappeared again
     }
@@ -28,8 +28,8 @@ static void folder_add(view_watch_t *watch, const std::string &folder) {
 }
 
 std::string view_watch_start(view_watch_t *watch, const std::string &folder) {
-    watch->file = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-    if (watch->file < 0) {
+    watch->handle = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    if (watch->handle < 0) {
         return zof_file_error();
     }
     folder_add(watch, folder);
@@ -51,7 +51,7 @@ bool view_watch_changed(view_watch_t *watch) {
     alignas(inotify_event) char events[16384];
     bool changed = false;
     ssize_t n = 0;
-    while (watch->file >= 0 && (n = read(watch->file, events, sizeof(events))) > 0) {
+    while (watch->handle >= 0 && (n = read((int)watch->handle, events, sizeof(events))) > 0) {
         for (const char *at = events; at < events + n;) {
             const auto *event = (const inotify_event *)(const void *)at;
             event_take(watch, event);
