@@ -17,7 +17,7 @@ TEST_CASE("the work path is the first place with a project, and the versions are
         zof_ver_printf();
         zof_drv_set_prj_path();
     });
-    CHECK(contains(faults, "sys:linux\nfw:none\n"));
+    CHECK(contains(faults, "sys:" + str(zof_system_get_name()) + "\nfw:none\n"));
     const size_t first =
         faults.find("zofprj.g:1:13: expected a value, found the end"); // reported only when the project is opened
     CHECK((first != std::string::npos && faults.find("expected a") == faults.rfind("expected a")));
@@ -32,4 +32,5 @@ TEST_CASE("the work path is the first place with a project, and the versions are
     fs::remove_all(project.folder);
     CHECK(zof_fw_get_version() == version);
     CHECK(str(zof_drv_get_prj_path()) == "././res/");
+    fs::current_path("/"); // the current folder cannot be removed on every system
 }

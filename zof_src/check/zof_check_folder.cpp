@@ -216,7 +216,11 @@ s32 zof_check_find(const char *named, char *folder, size_t size) {
     const size_t length = std::strlen(named);
     const char *slash = length && named[length - 1] == '/' ? "" : "/";
     for (const char *below : {"", "res/"}) {
-        if (length && zof_text_join(folder, size, named, slash, below) && has_project(folder)) {
+        if (!length || !zof_text_join(folder, size, named, slash, below)) {
+            continue;
+        }
+        zof_file_path_take(folder);
+        if (has_project(folder)) {
             return 0;
         }
     }

@@ -103,6 +103,10 @@ s32 zof_program_path(char *out, size_t size);
 // Returns the name of the program's file without its folder and ".exe", "zof" if it is not known. Never freed.
 const char *zof_program_name(void);
 
+// Brings a path that the system or a person gave into the form in which the runtime uses paths, in place. On Windows
+// separators become "/" and the letter of a drive a small one, because capitals are the drives of a project ("D:x").
+void zof_file_path_take(char *path);
+
 // Returns true for a path that does not depend on the current folder; false for null.
 zof_bool zof_file_is_absolute(const char *path);
 

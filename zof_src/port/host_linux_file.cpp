@@ -93,6 +93,10 @@ s32 zof_host_real_path(const char *path, char *out, size_t size) {
     return 0;
 }
 
+void zof_file_path_take(char *path) {
+    (void)path; // it has that form
+}
+
 zof_bool zof_host_is_absolute(const char *path) {
     return path[0] == '/' ? ZOF_TRUE : ZOF_FALSE;
 }

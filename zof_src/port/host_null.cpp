@@ -178,6 +178,10 @@ FILE *zof_host_file_create(const char *path) {
     return f;
 }
 
+void zof_file_path_take(char *path) {
+    (void)path;
+}
+
 zof_bool zof_host_is_absolute(const char *path) {
     return fs::path(path).is_absolute() ? ZOF_TRUE : ZOF_FALSE;
 }

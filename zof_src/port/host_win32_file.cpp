@@ -9,6 +9,10 @@
 #include <string.h>
 #include <wchar.h>
 
+// Prefixes of paths of any length. Without one, the name of a new folder must leave room for a short name below it.
+static constexpr wchar_t SHARED[] = L"\\\\?\\UNC\\", EXTENDED[] = L"\\\\?\\";
+enum { PLAIN_MOST = MAX_PATH - 12 };
+
 enum { SHARE_ALL = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE };
 
 static const struct {
@@ -72,11 +76,28 @@ static bool is_of_a_folder(const wchar_t *full) {
     return !device && !wcschr(full + (extended ? 6 : 2), L':');
 }
 
+// Puts the prefix before a path that is too long for the system's calls without it. Returns false if it does not fit.
+static bool long_path_extend(wchar_t *path, size_t length) {
+    const bool share = wcsncmp(path, L"\\\\", 2) == 0;
+    const wchar_t *prefix = share ? SHARED : EXTENDED;
+    const size_t skip = share ? 2 : 0;
+    const size_t more = wcslen(prefix);
+    if (length < PLAIN_MOST || wcsncmp(path, EXTENDED, wcslen(EXTENDED)) == 0) {
+        return true;
+    }
+    if (length - skip + more >= HOST_PATH_MOST) {
+        return false;
+    }
+    wmemmove(path + more, path + skip, length - skip + 1);
+    wmemcpy(path, prefix, more);
+    return true;
+}
+
 bool host_path_wide(const char *path, wchar_t *out) {
     wchar_t wide[HOST_PATH_MOST];
     const int size = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, path, -1, wide, HOST_PATH_MOST);
     const DWORD length = size > 1 ? GetFullPathNameW(wide, HOST_PATH_MOST, out, nullptr) : 0;
-    if (length == 0 || length >= HOST_PATH_MOST) {
+    if (length == 0 || length >= HOST_PATH_MOST || !long_path_extend(out, length)) {
         errno = *path ? ENAMETOOLONG : ENOENT;
         return false;
     }
@@ -194,9 +215,17 @@ FILE *zof_host_file_create(const char *path) {
     return f;
 }
 
+void zof_file_path_take(char *path) {
+    if (isupper((u8)path[0]) && path[1] == ':') {
+        path[0] = (char)tolower((u8)path[0]);
+    }
+    for (char *c = path; *c; c++) {
+        *c = *c == '\\' ? '/' : *c;
+    }
+}
+
 // Removes the prefix that lifts the limit of a path's length, and uses the separator of projects.
 static bool real_name(wchar_t *path, char *out, size_t size) {
-    static constexpr wchar_t SHARED[] = L"\\\\?\\UNC\\", EXTENDED[] = L"\\\\?\\";
     const wchar_t *from = path;
     if (wcsncmp(path, SHARED, wcslen(SHARED)) == 0) {
         path[6] = L'\\';
@@ -207,9 +236,7 @@ static bool real_name(wchar_t *path, char *out, size_t size) {
     if (!host_text_narrow(from, out, size)) {
         return false;
     }
-    for (char *c = out; *c; c++) {
-        *c = *c == '\\' ? '/' : *c;
-    }
+    zof_file_path_take(out);
     return true;
 }
 

@@ -12,9 +12,9 @@
 ZOF_C_BEGIN
 
 // The host also implements these of drv/zof_drv.h and drv/zof_drv_file.h itself: zof_system_start, zof_system_get_name,
-// zof_opendir, zof_readdir, zof_closedir, zof_file_size, zof_folder_unlock, zof_file_error and zof_program_path;
-// zof_drv_uart_list of drv/zof_drv_uart.h; win_wdt_init of drv/zof_drv_wdt.h; and all of drv/zof_drv_net.h and
-// drv/zof_drv_device.h.
+// zof_opendir, zof_readdir, zof_closedir, zof_file_size, zof_folder_unlock, zof_file_error, zof_file_path_take and
+// zof_program_path; zof_drv_uart_list of drv/zof_drv_uart.h; win_wdt_init of drv/zof_drv_wdt.h; and all of
+// drv/zof_drv_net.h and drv/zof_drv_device.h.
 
 // A clock that never goes back, in milliseconds, and a sleep; also when a test has replaced the clock below, for waits
 // in system calls.

@@ -23,6 +23,9 @@ enum { IMG_CACHE_MAX = 100, PATH_SIZE = 520 };
 static char *folder_copy(const char *path) {
     const size_t length = path ? std::strlen(path) : 0;
     char *copy = length ? zof_text_copy_n(path, length + 1) : nullptr; // with room for the separator
+    if (copy) {
+        zof_file_path_take(copy);
+    }
     if (copy && copy[length - 1] != '/' && copy[length - 1] != '\\') {
         copy[length] = '/';
     }

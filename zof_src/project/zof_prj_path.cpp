@@ -23,6 +23,7 @@ s32 zof_prj_folder_set(const char *folder) {
         return -1;
     }
     std::memcpy(given, folder ? folder : "", length + 1);
+    zof_file_path_take(given);
     while (length > 1 && given[length - 1] == '/') {
         given[--length] = '\0';
     }
