@@ -27,21 +27,5 @@ add_custom_target(zof_zip COMMENT "${zof_archive}.zip" VERBATIM
           --format=zip ${zof_archive}
   DEPENDS ${zof_programs} bench_res)
 
-# Tests that run as Windows programs.
-add_library(zof_test_main OBJECT ${PROJECT_SOURCE_DIR}/tests/zof_test_main.cpp)
-target_link_libraries(zof_test_main PUBLIC doctest::doctest)
-add_custom_target(zof_windows_tests)
-set(tests ${PROJECT_SOURCE_DIR}/tests)
-file(GLOB zof_wt RELATIVE ${tests} ${tests}/unit/*_test.cpp ${tests}/screen/*_test.cpp)
-foreach(source ${zof_wt} serial/view_watch_test.cpp serial/lint_test.cpp serial/player_test.cpp windows/win32_test.cpp)
-  get_filename_component(test ${source} NAME_WE)
-  add_executable(${test} EXCLUDE_FROM_ALL ${tests}/${source})
-  target_include_directories(${test} PRIVATE ${tests} ${tests}/unit ${tests}/screen ${tests}/serial)
-  target_compile_definitions(${test} PRIVATE ZOF_SOURCE_DIR="${PROJECT_SOURCE_DIR}" ZOF_BUILD_DIR="${PROJECT_BINARY_DIR}"
-                             ZOF_PANEL_DIR="${ZOF_BENCH_STAGE}" ZOF_MEDIA_DIR="${ZOF_NATIVE_BUILD}/test-media")
-  target_compile_options(${test} PRIVATE -O0 -D_GNU_SOURCE -include ${tests}/windows/posix.h)
-  target_link_libraries(${test} PRIVATE zof_bench_app zof_board zof_decode zof_view zof_test_main zof_entry PkgConfig::SDL2 doctest::doctest)
-  set_target_properties(${test} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
-  zof_warnings(${test})
-  add_dependencies(zof_windows_tests ${test})
-endforeach()
+# The gallery, for tests.
+target_link_libraries(gallery PRIVATE zof_entry)

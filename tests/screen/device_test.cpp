@@ -142,7 +142,7 @@ static std::string sounds; // requests to the sound driver
 static const zof_drv_audio_ops_t sound_driver = {
     .set_src = [](const char *path) -> s32 {
         const std::filesystem::path at = path;
-        sounds += " " + (at.parent_path().filename() / at.stem()).string();
+        sounds += " " + (at.parent_path().filename() / at.stem()).generic_string();
         return 0;
     },
 };

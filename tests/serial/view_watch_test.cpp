@@ -180,13 +180,14 @@ TEST_CASE("saves are shown soon") {
 TEST_CASE("a running program is shown as it draws, and its picture stays when it ends") {
     temp_project_t runtime; // its folder is private, as the one for tokens must be
     setenv("XDG_RUNTIME_DIR", runtime.top.c_str(), 1);
+    setenv("LOCALAPPDATA", runtime.top.c_str(), 1);
     setenv("ZOF_INSPECT", "0", 1);
     watched program;
     u32 port = 0;
     CHECK(program.until([&] {
-        for (const auto &entry : std::filesystem::directory_iterator(runtime.top)) {
+        for (const auto &entry : std::filesystem::recursive_directory_iterator(runtime.top)) {
             if (entry.is_regular_file() && entry.file_size() == 32) { // the whole token
-                sscanf(entry.path().filename().c_str(), "zof_inspect_%u", &port);
+                sscanf(entry.path().filename().string().c_str(), "zof_inspect_%u", &port);
             }
         }
         return port != 0;

@@ -19,7 +19,7 @@
 
 #include "zof_test.h"
 
-inline std::string file_text(const std::string &path) {
+inline std::string file_text(const std::filesystem::path &path) {
     std::ifstream in(path, std::ios::binary);
     std::stringstream text;
     text << in.rdbuf();

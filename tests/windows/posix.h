@@ -23,8 +23,12 @@ static inline char *mkdtemp(char *name) {
     return nullptr;
 }
 
+// Folders of tests begin with "/", which is a full path on Windows only after a drive. An empty value would remove the
+// variable.
 static inline int setenv(const char *name, const char *value, int replace) {
-    return replace || !getenv(name) ? _putenv_s(name, value) : 0;
+    char text[1024];
+    snprintf(text, sizeof(text), "%s%s", *value == '/' ? "Z:" : *value ? "" : "none", value);
+    return replace || !getenv(name) ? _putenv_s(name, text) : 0;
 }
 
 static inline int unsetenv(const char *name) {
@@ -32,6 +36,7 @@ static inline int unsetenv(const char *name) {
 }
 
 // Processes are handles here.
+enum { SIGKILL = 9 };
 static inline int kill(intptr_t process, int signal) {
     return TerminateProcess((void *)process, (unsigned)signal) ? 0 : -1;
 }
