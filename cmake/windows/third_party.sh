@@ -71,7 +71,7 @@ cmake_build "${freetype%/}" -DFT_DISABLE_ZLIB=ON -DFT_DISABLE_PNG=ON -DFT_DISABL
 cmake_build "${sdl%/}" -DSDL_SHARED=OFF -DSDL_STATIC=ON -DSDL_TEST=OFF -DSDL_JOYSTICK=OFF -DSDL_HAPTIC=OFF -DSDL_SENSOR=OFF \
     -DSDL_HIDAPI=OFF -DSDL_OFFSCREEN=ON -DSDL_VULKAN=OFF -DSDL2_DISABLE_SDL2MAIN=ON
 # The programs have a main of their own and write to a console.
-sed -i 's/-lSDL2main//;s/-lmingw32//;s/-mwindows//;s/-Dmain=SDL_main/-DSDL_MAIN_HANDLED/' "$root/lib/pkgconfig/sdl2.pc"
+sed -i 's/-lSDL2main//g;s/-lmingw32//g;s/-mwindows//g;s/-Dmain=SDL_main/-DSDL_MAIN_HANDLED/g' "$root/lib/pkgconfig/sdl2.pc"
 ffmpeg_build "${ffmpeg%/}"
 for package in "$folder"/src/*/debian/copyright; do
     name=$(basename "$(dirname "$(dirname "$package")")")

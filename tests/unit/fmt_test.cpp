@@ -40,7 +40,7 @@ TEST_CASE("every project file in the tree keeps its meaning with names, and conv
     u32 files = 0, named = 0;
     for (const char *folder : {ZOF_PANEL_DIR "/res", ZOF_GALLERY_DIR "/res", ZOF_SOURCE_DIR "/examples/blank/res"}) {
         for (const auto &entry : std::filesystem::recursive_directory_iterator(std::string(folder) + "/config")) {
-            const std::string path = entry.path().string();
+            const std::string path = entry.path().generic_string();
             if (!entry.is_regular_file() || contains(path, "/languages/")) {
                 continue;
             }

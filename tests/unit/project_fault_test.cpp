@@ -53,7 +53,7 @@ static std::string read_all(const std::string &folder) {
             return;
         }
         for (const auto &file : std::filesystem::directory_iterator(folder + "config/view")) {
-            view_read(file.path().string().c_str());
+            view_read(file.path().generic_string().c_str());
         }
     });
 }

@@ -47,8 +47,15 @@ struct temp_project_t {
     }
 
     ~temp_project_t() {
+        namespace fs = std::filesystem; // its remove_all never ends on Windows while one of the files is open
         std::error_code ignored;
-        std::filesystem::remove_all(top, ignored);
+        std::vector<fs::path> paths = {top};
+        for (const auto &entry : fs::recursive_directory_iterator(top, ignored)) {
+            paths.push_back(entry.path());
+        }
+        for (auto path = paths.rbegin(); path != paths.rend(); path++) {
+            fs::remove(*path, ignored);
+        }
     }
 
     temp_project_t(const temp_project_t &) = delete;

@@ -28,7 +28,7 @@ TEST_CASE("the work path is the first place with a project, and the versions are
     CHECK(contains(printed(zof_drv_set_prj_path), "find work path , ../.././res/\n"));
     CHECK(str(zof_user_app_version()) + str(zof_user_app_comp_time()) == "7now");
     // A project here hides the one above.
-    fs::copy(project.folder, "res", fs::copy_options::recursive);
+    fs::copy(project.top + "/res", "res", fs::copy_options::recursive);
     fs::remove_all(project.folder);
     CHECK(zof_fw_get_version() == version);
     CHECK(str(zof_drv_get_prj_path()) == "././res/");

@@ -26,8 +26,9 @@ static inline char *mkdtemp(char *name) {
 // Folders of tests begin with "/", which is a full path on Windows only after a drive. An empty value would remove the
 // variable.
 static inline int setenv(const char *name, const char *value, int replace) {
+    const char drive[] = {(char)('A' + _getdrive() - 1), ':', '\0'};
     char text[1024];
-    snprintf(text, sizeof(text), "%s%s", *value == '/' ? "Z:" : *value ? "" : "none", value);
+    snprintf(text, sizeof(text), "%s%s", *value == '/' ? drive : *value ? "" : "none", value);
     return replace || !getenv(name) ? _putenv_s(name, text) : 0;
 }
 

@@ -8,8 +8,9 @@
 #include "zof_lib/zof_type.h"
 
 struct view_watch_t {
-    intptr_t handle = -1;               // to wait for; -1 before the start, and if the system cannot watch
-    std::map<s32, std::string> folders; // on POSIX, by their numbers
+    intptr_t handle = -1; // to wait for; -1 for none: then view_watch_changed has to be called often
+    std::string top;
+    std::map<std::string, intptr_t> folders; // the system's number of each watched folder
 };
 
 // Starts to watch a folder and all folders in it. Returns an error, or an empty text.

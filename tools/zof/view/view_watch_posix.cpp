@@ -1,5 +1,6 @@
 #include "view_watch.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include <sys/inotify.h>
@@ -18,7 +19,7 @@ static void folder_add(view_watch_t *watch, const std::string &folder) {
     if (number < 0) {
         return; // the folder has disappeared again
     }
-    watch->folders[number] = folder;
+    watch->folders[folder] = number;
     std::error_code fault;
     for (const auto &entry : std::filesystem::directory_iterator(folder, fault)) {
         if (entry.is_directory(fault) && !entry.is_symlink(fault)) {
@@ -37,13 +38,16 @@ std::string view_watch_start(view_watch_t *watch, const std::string &folder) {
 }
 
 static void event_take(view_watch_t *watch, const inotify_event *event) {
-    const auto folder = watch->folders.find(event->wd);
-    if (folder != watch->folders.end() && event->len && (event->mask & IN_ISDIR) &&
-        (event->mask & (IN_CREATE | IN_MOVED_TO))) {
-        folder_add(watch, folder->second + "/" + event->name);
+    const auto folder = std::find_if(watch->folders.begin(), watch->folders.end(),
+                                     [&](const auto &one) { return one.second == event->wd; });
+    if (folder == watch->folders.end()) {
+        return;
+    }
+    if (event->len && (event->mask & IN_ISDIR) && (event->mask & (IN_CREATE | IN_MOVED_TO))) {
+        folder_add(watch, folder->first + "/" + event->name);
     }
     if (event->mask & IN_IGNORED) {
-        watch->folders.erase(event->wd);
+        watch->folders.erase(folder);
     }
 }
 
