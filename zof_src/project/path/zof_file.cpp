@@ -1,5 +1,6 @@
 // Queries about files on the host, by plain paths.
 #include <cstdio>
+#include <cstring>
 
 #include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
@@ -35,7 +36,9 @@ u32 get_file_content(const char *path, void *buf) {
         return 0;
     }
     u32 count = 0;
-    for (size_t n; (n = std::fread((u8 *)buf + count, 1, 4096, file)) > 0;) {
+    u8 part[4096]; // `buf` may be no larger than the file, and fread may use all of the size that it is given
+    for (size_t n; (n = std::fread(part, 1, sizeof(part), file)) > 0;) {
+        std::memcpy((u8 *)buf + count, part, n);
         count += (u32)n;
     }
     std::fclose(file);
