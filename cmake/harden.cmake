@@ -12,8 +12,11 @@ if(NOT ZOF_SANITIZE AND CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSi
     return()
   endif()
   add_link_options(-Wl,-z,relro -Wl,-z,now)
-  check_c_compiler_flag(-fcf-protection=full ZOF_HAS_CF_PROTECTION) # x86 only
-  if(ZOF_HAS_CF_PROTECTION)
-    add_compile_options(-fcf-protection=full)
-  endif()
+  foreach(option -fcf-protection=full -mbranch-protection=standard) # x86, ARM
+    string(MAKE_C_IDENTIFIER ZOF_HAS${option} known)
+    check_c_compiler_flag(${option} ${known})
+    if(${known})
+      add_compile_options(${option})
+    endif()
+  endforeach()
 endif()

@@ -1,5 +1,4 @@
 # Manual pages: `zof` writes its own; those of the other programs are made of what --help prints.
-find_program(ZOF_GZIP gzip REQUIRED)
 
 # Compresses a page and installs it.   zof_manual_install(PAGE COMPONENT TARGET)
 function(zof_manual_install page component target)
@@ -15,7 +14,9 @@ function(zof_manual_page program component)
     DEPENDS ${program} ${PROJECT_SOURCE_DIR}/cmake/manual_page.cmake)
   zof_manual_install(${page} ${component} ${program})
 endfunction()
-zof_manual_page(zof_bench bench)
-zof_manual_page(board_sim tools)
-zof_manual_page(zof_player tools)
+if(NOT CMAKE_CROSSCOMPILING)
+  zof_manual_page(zof_bench bench)
+  zof_manual_page(board_sim tools)
+  zof_manual_page(zof_player tools)
+endif()
 zof_manual_install(${PROJECT_BINARY_DIR}/tools/zof.1 tools zof_describe)

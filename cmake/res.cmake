@@ -54,15 +54,11 @@ add_custom_target(bench_res ALL DEPENDS ${fonts} ${pictures} ${PROJECT_BINARY_DI
                                         ${PROJECT_BINARY_DIR}/licences.stamp)
 add_custom_target(bench_test_res DEPENDS ${PROJECT_BINARY_DIR}/test-views.stamp ${PROJECT_BINARY_DIR}/test-res.stamp)
 
-set(zof_run zof_tool)
-if(CMAKE_CROSSCOMPILING)
-  set(zof_run ${ZOF_NATIVE_TOOL})
-endif()
 add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/ids.stamp VERBATIM
   BYPRODUCTS ${ZOF_BENCH_IDS_DIR}/bench_ids.h ${ZOF_BENCH_IDS_DIR}/bench_look.h
   COMMAND ${CMAKE_COMMAND} -E make_directory ${ZOF_BENCH_IDS_DIR}
-  COMMAND ${zof_run} ids ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_IDS_DIR}/bench_ids.h
+  COMMAND zof::zof_tool ids ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_IDS_DIR}/bench_ids.h
   COMMAND ${ZOF_PYTHON} ${res_make}/look.py ${ZOF_BENCH_IDS_DIR}/bench_look.h
   COMMAND ${CMAKE_COMMAND} -E touch ${PROJECT_BINARY_DIR}/ids.stamp
-  DEPENDS ${zof_run} ${PROJECT_BINARY_DIR}/views.stamp ${res_make}/look.py ${res_layout})
+  DEPENDS zof::zof_tool ${PROJECT_BINARY_DIR}/views.stamp ${res_make}/look.py ${res_layout})
 add_custom_target(bench_ids DEPENDS ${PROJECT_BINARY_DIR}/ids.stamp)

@@ -37,12 +37,6 @@ set_target_properties(Boost::headers PROPERTIES INTERFACE_LINK_LIBRARIES "ws2_32
 
 # Nothing of the compiler is installed beside the programs, and no names of functions are in them.
 add_link_options(-static -s)
-# The build runs `zof`, as a program of this machine.
-find_program(ZOF_NATIVE_TOOL zof PATHS ${PROJECT_SOURCE_DIR}/build/release/tools ${PROJECT_SOURCE_DIR}/build/asan/tools NO_DEFAULT_PATH)
-if(NOT ZOF_NATIVE_TOOL)
-  message(FATAL_ERROR "The build for Windows runs `zof`: build it for this machine first, with\n"
-                      "  cmake --preset release && ninja -C build/release zof_tool")
-endif()
 
 # The entry of every program, which turns arguments and environment into UTF-8; and its icon, version and manifest.
 add_library(zof_entry OBJECT ${PROJECT_SOURCE_DIR}/zof_src/port/host_win32_main.cpp)

@@ -4,56 +4,15 @@
 #   usage: windows.sh NATIVE_BUILD      the release build of this machine
 cd "$(dirname "$0")/../.."
 . tests/system/lib.sh
+. tests/system/panels.sh
 . tests/windows/wine.sh "$1"
-session=$PWD/tools/run.session
 
 # Both panels run in folders of equal content; the line has the same name in both.
-mkdir -p "$work/linux"
-cp -r "$inside/res" "$work/linux"
-for port in 5 6 7 8 9; do ln -sfn "$work/linux/COM$port" "$WINEPREFIX/dosdevices/com$port"; done
-line() { # a new board, and its line in both systems; further words are options of the board
-    rm -f "$work/linux/COM6"
-    start board "$native/tools/board_sim" --link "$work/linux/COM6" --seed 7 --no-noise "$@"
-    board=$!
-    expect "$work/linux/COM6"
-}
-unplug() { kill "$board"; wait "$board" 2>/dev/null || true; rm -f "$work/linux/COM6"; }
-
-# Plays a session on one of the systems; its pictures are in $work/SYSTEM-shots.   play linux|windows SESSION
-play() {
-    mkdir -p "$work/$1-shots"
-    set -- "$1" "$2" "$native/panel/zof_bench --project res" "$work/linux"
-    [ "$1" = linux ] || set -- "$1" "$2" "wine ./zof_bench.exe" "$inside"
-    log=$(basename "$2" .session).log
-    (cd "$4" && ZOF_COM6=COM6 ZOF_SHOTS="$work/$1-shots" ZOF_SCRIPT="$2" XDG_STATE_HOME="$work/$1-state" timeout 120 $3) \
-        >"$work/$log" 2>&1 || fail "the panel on $1 ended with $? in the session $2"
-}
-same() {
-    for page in "$@"; do
-        cmp "$work/linux-shots/$page.png" "$work/windows-shots/$page.png" || fail "the page $page differs between the systems"
-    done
-}
-
-# A tour of all pages, with a picture of each.   tour PREFIX
-tour() {
-    for page in output:80 rails:240 trend:400 settings:560 about:720; do
-        printf 'tap %s 456\nwait 1500\nshot %s_%s.png\n' "${page#*:}" "$1" "${page%:*}"
-    done
-    echo quit
-}
-# With a board, what depends on the time is not compared: energy, the trend, frames in a second.
-{ printf 'until 5000 1 28 *\n' && tour box; } >"$work/box.session"
-for system in linux windows; do
-    line
-    play $system "$work/box.session"
-    play $system "$session"
-    unplug
-done
-same box_output box_rails box_settings keypad rails settings
-# Without one, nothing does.
-{ printf 'wait 1500\n' && tour alone; } >"$work/alone.session"
-for system in linux windows; do play $system "$work/alone.session"; done
-same alone_output alone_rails alone_trend alone_settings alone_about
+mkdir -p "$work/native"
+cp -r "$inside/res" "$work/native"
+for port in 5 6 7 8 9; do ln -sfn "$work/native/COM$port" "$WINEPREFIX/dosdevices/com$port"; done
+play_other() { play other "$1" "$inside" wine ./zof_bench.exe; }
+compare_panels
 
 # Every fault of the line: readings appear as soon as any arrive, and a cable that is pulled out comes back.
 readings='until 20000 1 1 *\nuntil 20000 1 3 *\nview 2\nuntil 20000 2 2 5.00 V\nwait 500\nquit\n'
@@ -63,15 +22,15 @@ for row in "garbage=50|$readings" "late=300|$readings" "flood=11520|$readings" "
     fault=${row%%|*}
     printf '%b' "${row#*|}" >"$work/${fault%=*}.session"
     line --fault "$fault"
-    play windows "$work/${fault%=*}.session"
+    play_other "$work/${fault%=*}.session"
     unplug
 done
 grep -q "the device is back" "$work/replug.log" || fail "the panel has not noticed the cable"
 
 # A host on its other port: names, values and texts go both ways, through the monitor of Windows between two of this machine.
-start monitor "$native/tools/zof" monitor watch --panel-link "$work/linux/COM5" --host-link "$work/linux/COM8" --gap 1000
-start near_host "$native/tools/zof" monitor watch --panel-link "$work/linux/COM9" --host-link "$work/host" --gap 1000
-for line in "$work/linux/COM8" "$work/linux/COM9" "$work/host"; do expect "$line"; done
+start monitor "$native/tools/zof" monitor watch --panel-link "$work/native/COM5" --host-link "$work/native/COM8" --gap 1000
+start near_host "$native/tools/zof" monitor watch --panel-link "$work/native/COM9" --host-link "$work/host" --gap 1000
+for line in "$work/native/COM8" "$work/native/COM9" "$work/host"; do expect "$line"; done
 start monitor_exe wine "$inside/zof.exe" monitor watch --host COM9 --panel COM8 --record "$work/Tag.rec" --gap 1000
 expect "$work/monitor_exe.log" "the panel opens COM8"
 start host_panel env -C "$inside" ZOF_COM6=COM6 ZOF_SCRIPT= wine ./zof_bench.exe
@@ -87,11 +46,11 @@ wine "$inside/zof.exe" monitor show "$work/Tag.rec" --only 'label.*' >"$work/win
 grep -q "für 7 €" "$work/linux-rec" && cmp "$work/linux-rec" "$work/windows-rec" || fail "zof.exe monitor has not recorded the host's text"
 
 # The virtual board of Windows, with the panel of this machine at the far end.
-start bridge "$native/tools/zof" monitor watch --panel-link "$work/linux/COM7" --host-link "$work/far"
+start bridge "$native/tools/zof" monitor watch --panel-link "$work/native/COM7" --host-link "$work/far"
 expect "$work/far"
-(cd "$work/linux" && exec wine "$inside/board_sim.exe" --tty COM7 --no-noise --state box.state --seconds 60) >"$work/board_sim.log" 2>&1 &
+(cd "$work/native" && exec wine "$inside/board_sim.exe" --tty COM7 --no-noise --state box.state --seconds 60) >"$work/board_sim.log" 2>&1 &
 pids="$pids $!"
 printf '%b' "$readings" >"$work/far.session"
-(cd "$work/linux" && ZOF_COM6=$work/far ZOF_SCRIPT=$work/far.session timeout 60 "$native/panel/zof_bench" --project res) >"$work/panel.log" 2>&1 ||
+(cd "$work/native" && ZOF_COM6=$work/far ZOF_SCRIPT=$work/far.session timeout 60 "$native/panel/zof_bench" --project res) >"$work/panel.log" 2>&1 ||
     fail "board_sim.exe sends no readings"
 echo "windows: the panel draws the same pages, boards and hosts talk to it"

@@ -1,0 +1,28 @@
+# Cross compilation for 64-bit ARM with Debian's compilers, against a folder of Debian's packages, which is made once. Other
+# projects can use this file: it needs only the folder that it is in.
+set(ZOF_ARM64_CACHE "$ENV{ZOF_ARM64_CACHE}")
+if(NOT ZOF_ARM64_CACHE)
+  set(ZOF_ARM64_CACHE ${CMAKE_CURRENT_LIST_DIR}/../../build/arm64-root)
+endif()
+cmake_path(NORMAL_PATH ZOF_ARM64_CACHE)
+execute_process(COMMAND ${CMAKE_CURRENT_LIST_DIR}/root.sh ${ZOF_ARM64_CACHE} RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "The packages for arm64 could not be fetched.")
+endif()
+
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR aarch64)
+set(CMAKE_C_COMPILER aarch64-linux-gnu-gcc)
+set(CMAKE_CXX_COMPILER aarch64-linux-gnu-g++)
+set(CMAKE_SYSROOT ${ZOF_ARM64_CACHE}/root)
+find_program(ZOF_QEMU qemu-aarch64)
+if(ZOF_QEMU)
+  set(CMAKE_CROSSCOMPILING_EMULATOR ${ZOF_QEMU} -L ${CMAKE_SYSROOT}) # for tests
+endif()
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE arm64)
+set(ENV{PKG_CONFIG_SYSROOT_DIR} ${CMAKE_SYSROOT})
+set(ENV{PKG_CONFIG_LIBDIR} ${CMAKE_SYSROOT}/usr/lib/aarch64-linux-gnu/pkgconfig:${CMAKE_SYSROOT}/usr/share/pkgconfig)
