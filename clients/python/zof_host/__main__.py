@@ -188,7 +188,8 @@ def arguments() -> argparse.ArgumentParser:
     command.add_argument("pattern", nargs="?", default="", help="only names that contain this word")
     for name, text in (("get", "read a row"), ("set", "write a row"), ("watch", "print touches, and a row when it changes")):
         command = commands.add_parser(name, help=text)
-        command.add_argument("row", nargs="?" if name == "watch" else None, help="such as label.text")
+        optional: dict[str, Any] = {"nargs": "?"} if name == "watch" else {}
+        command.add_argument("row", help="such as label.text", **optional)
         command.add_argument("words", nargs="*", help="VIEW/CONTROL for rows of controls, request fields"
                              + (", values" if name == "set" else ""))
         if name == "set":

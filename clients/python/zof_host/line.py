@@ -53,7 +53,8 @@ class SerialStream:
 
     def read(self) -> bytes:
         first: bytes = self._port.read(1)
-        return first + self._port.read(self._port.in_waiting) if first else first
+        rest: bytes = self._port.read(self._port.in_waiting) if first else b""
+        return first + rest
 
     def write(self, data: bytes) -> None:
         self._port.write(data)

@@ -404,7 +404,8 @@ class Panel:
         for i, (name, kind) in enumerate(row.value[:len(parts)]):
             if isinstance(parts[i], str) and kind != "text" and name.endswith("view"):
                 parts[i] = self._known().view_id(parts[i])
-        return type(value)(*parts) if isinstance(value, tuple) else parts[0]
+        named: T = type(value)(*parts) if isinstance(value, tuple) else parts[0]
+        return named
 
     def _value(self, row: Row[T], what: str, data: bytes) -> T:
         try:
@@ -488,7 +489,7 @@ class Panel:
         raise NotTaken(what, view, shown[0])
 
     def _write_unread(self, row: Row[Any], key: bytes, payload: bytes, what: str) -> None:
-        barrier = rows.SYSTEM_STANDBY_STATE if row.system else rows.VIEW_SIZE
+        barrier: Row[Any] = rows.SYSTEM_STANDBY_STATE if row.system else rows.VIEW_SIZE
         starts = self._starts
         tries = self._write_once(row, key, payload, what, barrier, barrier.code)[1]
         if tries > 1 or self._starts != starts:
