@@ -13,7 +13,7 @@ import time
 from collections import Counter, deque
 from dataclasses import dataclass, field, replace
 from pathlib import Path
-from typing import Any, Callable, Iterator, Mapping, TypeVar, Union
+from typing import Any, Callable, Iterator, Mapping, TypeVar, Union, cast
 
 from . import rows
 from .catalogue import row_of
@@ -404,8 +404,7 @@ class Panel:
         for i, (name, kind) in enumerate(row.value[:len(parts)]):
             if isinstance(parts[i], str) and kind != "text" and name.endswith("view"):
                 parts[i] = self._known().view_id(parts[i])
-        named: T = type(value)(*parts) if isinstance(value, tuple) else parts[0]
-        return named
+        return cast(T, type(value)(*parts) if isinstance(value, tuple) else parts[0])
 
     def _value(self, row: Row[T], what: str, data: bytes) -> T:
         try:
@@ -489,7 +488,9 @@ class Panel:
         raise NotTaken(what, view, shown[0])
 
     def _write_unread(self, row: Row[Any], key: bytes, payload: bytes, what: str) -> None:
-        barrier: Row[Any] = rows.SYSTEM_STANDBY_STATE if row.system else rows.VIEW_SIZE
+        barrier: Row[Any] = rows.VIEW_SIZE
+        if row.system:
+            barrier = rows.SYSTEM_STANDBY_STATE
         starts = self._starts
         tries = self._write_once(row, key, payload, what, barrier, barrier.code)[1]
         if tries > 1 or self._starts != starts:
