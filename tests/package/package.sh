@@ -86,7 +86,7 @@ for file in bin/blank share/blank/res/config/view/start.g share/applications/bla
     share/icons/hicolor/scalable/apps/blank.svg lib/systemd/system/blank.service lib/udev/rules.d/70-blank.rules; do
     grep -qx "usr/$file" "$work/unpacked.files" || fail "the package has no $file"
 done
-! grep -r '@' "$top/installed/usr/share/applications" "$top/installed/usr/lib/systemd" || fail "a name is not filled in"
+! grep -r '@[A-Za-z_]*@' "$top/installed/usr/share/applications" "$top/installed/usr/lib/systemd" || fail "a name is not filled in"
 cp "$work/click" "$top/session"
 mkdir "$top/state"
 chmod -R a+rX,a-w "$top/installed" "$top/unpacked"
