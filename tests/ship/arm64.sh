@@ -16,7 +16,7 @@ if [ ! -f "$arm/build.ninja" ]; then
     cmake --preset arm64 -DZOF_TESTS=ON -DZOF_NATIVE_TOOL="$native/tools/zof" >"$work/configure.log" 2>&1 || fail "the build for arm64 cannot be configured"
 fi
 # The tests are built by name: the others need too long under qemu, or threads and lines at their full rate.
-ninja -C "$arm" --quiet $targets zof_bench board_sim zof_player zof_tool bench_res zof_describe \
+ninja -C "$arm" --quiet $targets zof_bench board_sim zof_player zof_tool bench_res zof_describe zof_describe_manual \
     >"$work/build.log" 2>&1 || fail "the programs for arm64 cannot be built"
 export SDL_VIDEODRIVER=offscreen SDL_AUDIODRIVER=dummy
 ctest --test-dir "$arm" -j "$(nproc)" -R "^($pattern):" --output-on-failure --no-tests=error >"$work/ctest.log" 2>&1 || fail "tests fail"
