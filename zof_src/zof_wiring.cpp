@@ -3,6 +3,7 @@
 #include "control/zof_ctrl_up.h"
 #include "drv/zof_drv_up.h"
 #include "hmi/zof_hmi.h"
+#include "hmi/zof_hmi_action.h"
 #include "hmi/zof_hmi_event.h"
 #include "project/base/zof_prj_up.h"
 #include "project/zof_prj.h"
@@ -26,7 +27,10 @@ const zof_prj_up_t zof_prj_up = {
 
 const zof_ctrl_up_t zof_ctrl_up = {
     .ctrl_all_event = zof_hmi_ctrl_all_event,
-    .ctrl_watched = [](const para_t *) { return zof_hmi_event_wanted(); },
-    .ctrl_happened = [](para_t *record,
-                        u32 event) { zof_hmi_event_control(record->attr->view_id, record->attr->id, event); },
+    .ctrl_watched = [](const para_t *record) { return (zof_bool)(record->attr->on || zof_hmi_event_wanted()); },
+    .ctrl_happened =
+        [](para_t *record, u32 event) {
+            zof_hmi_event_control(record->attr->view_id, record->attr->id, event);
+            zof_action_happened(record, event);
+        },
 };

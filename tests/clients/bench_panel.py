@@ -51,10 +51,12 @@ class BenchPanel:
         """May be called again after `stop`, like a panel that is switched off and on."""
         hidden = {} if self._window else {"SDL_VIDEODRIVER": "offscreen", "SDL_AUDIODRIVER": "dummy"}
         env = {**os.environ, "XDG_STATE_HOME": str(self._top), "ZOF_SCRIPT": "session", "ZOF_COM6": "board", f"ZOF_COM{self.PORT}": self.line.panel, **hidden}
-        self.panel = subprocess.Popen([self.build / self.FOLDER / self.PROGRAM, "--project", "res", *self._arguments], cwd=self._top, env=env,
-                                       stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        self.panel = subprocess.Popen([*self.command(), *self._arguments], cwd=self._top, env=env, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         self._logger = threading.Thread(target=self._read_log, daemon=True)
         self._logger.start()
+
+    def command(self) -> list[str | Path]:
+        return [self.build / self.FOLDER / self.PROGRAM, "--project", "res"]
 
     def stop(self) -> None:
         """Fails if the panel has exited by itself, or has printed a sanitizer report."""
@@ -110,6 +112,22 @@ class BenchPanel:
 
 class GalleryPanel(BenchPanel):
     FOLDER, PROGRAM, PORT = "examples/gallery/gallery", "gallery", 4
+
+
+class PlainPanel(GalleryPanel):
+    """The gallery's folder without its program. `on` is added to a control of a view."""
+
+    def __init__(self, build: str, script: str, view: str, control: str, on: dict[str, list[str]], **more) -> None:
+        self._changed = view, control, on
+        super().__init__(build, script, **more)
+
+    def command(self) -> list[str | Path]:
+        view, control, on = self._changed
+        path = self.project / "config" / "view" / f"{view}.g"
+        file = json.loads(path.read_text())
+        next(c for c in file["controls"] if c["property"]["pub_t"]["name"] == control)["on"] = on
+        path.write_text(json.dumps(file))
+        return [self.build / "tools" / "zof", "run", "res"]
 
 
 if __name__ == "__main__":

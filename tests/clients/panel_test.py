@@ -14,8 +14,8 @@ import time
 import unittest
 from pathlib import Path
 
-from bench_panel import CLIENT, BenchPanel, GalleryPanel
-from zof_host import Panel, PowerOn, Touch, rows
+from bench_panel import CLIENT, BenchPanel, GalleryPanel, PlainPanel
+from zof_host import NotLoaded, Panel, PowerOn, Touch, rows
 from zof_host.row import Row
 
 BUILD = sys.argv.pop(1)
@@ -109,6 +109,24 @@ class Panels(unittest.TestCase):
         time.sleep(0.5)  # until it has opened the line
         bench.start()
         self.until(monitor, "panel answer system.reboot word=43707")
+
+    def test_a_folder_without_a_program_runs_its_actions_and_is_driven_by_a_host(self) -> None:
+        on = {"changed": ["set label_4.txt touched", "view lists left"]}
+        plain = self.enterContext(PlainPanel(BUILD, "until 60000 6 4 go\ntap 590 105\nwait 3600000\n", "switches", "cb", on,
+                                             hmi={"event_en": 1}))
+        panel = self.opened(plain)
+        panel.write(rows.VIEW_DISPLAY, "switches")
+        panel.write(rows.LABEL_TEXT, "go", view="switches", control="label_4")
+        shown: list[str] = []
+        while shown[-1:] != ["ViewShown(view='lists', layer=0)"]:
+            event = panel.event(30)
+            self.assertIsNotNone(event, shown)
+            shown.append(repr(event))
+        self.assertIn("Changed(switches/cb, 1)", shown)
+        self.assertEqual(panel.read(rows.LABEL_TEXT, view="switches", control="label_4"), "touched")
+        self.assertEqual(panel.snapshot("switches")["cb"], 1)
+        with self.assertRaises(NotLoaded):
+            panel.read(rows.ARC_VALUE, view="values", control="arc")
 
     def test_texts_of_every_length_come_back_with_and_without_checksum_also_on_a_bad_line(self) -> None:
         dice = random.Random(4)

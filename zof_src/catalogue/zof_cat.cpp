@@ -33,6 +33,7 @@ const zof_cat_kind_t zof_cat_kinds[] = {
     {"theme", "text", "", "a folder in `config/theme/`"},
     {"look", "text", "", "the name of a [look](#looks)"},
     {"options", "text", "", "words, one option per line (separated by `\\n`)"},
+    {"action", "text", "", "an [action](#actions): a word and its arguments"},
     {"object", "object", "", "an object with keys of its own"},
     {"array", "array", "", "a list"},
 };
@@ -44,25 +45,16 @@ static_assert(ZOF_CAT_COUNT(zof_cat_groups) == ZOF_CAT_GROUP_COUNT);
 #define RECORD_OF_TYPE(NAME, type) &zof_cat_##type,
 static const zof_cat_record_t no_record = {};
 const zof_cat_record_t *const zof_cat_records[] = {
-    &zof_cat_project,    &zof_cat_views,
-    &zof_cat_hw,         &zof_cat_dis,
-    &zof_cat_tone,       &zof_cat_touch,
-    &zof_cat_func,       &zof_cat_standby,
-    &zof_cat_link,       &zof_cat_uart,
-    &zof_cat_view_file,  &zof_cat_view,
-    &zof_cat_entry,      &zof_cat_pub_t,
-    &zof_cat_point,      &zof_cat_size,
-    &zof_cat_scrollbar,  &zof_cat_style,
-    &zof_cat_body,       &zof_cat_border,
-    &zof_cat_shadow,     &zof_cat_padding,
-    &zof_cat_text_look,  &zof_cat_picture_look,
-    &zof_cat_theme,      &zof_cat_line_look,
-    &zof_cat_cursor,     &zof_cat_angles,
-    &zof_cat_range,      &zof_cat_marks,
-    &zof_cat_list_btn,   &zof_cat_caption,
-    &zof_cat_looks_file, &zof_cat_colors,
-    &zof_cat_looks,      &zof_cat_look,
-    &zof_cat_look_style, ZOF_CTRL_TYPES(RECORD_OF_TYPE) & no_record,
+    &zof_cat_project,   &zof_cat_views,        &zof_cat_hw,         &zof_cat_dis,
+    &zof_cat_tone,      &zof_cat_touch,        &zof_cat_func,       &zof_cat_standby,
+    &zof_cat_link,      &zof_cat_uart,         &zof_cat_view_file,  &zof_cat_view,
+    &zof_cat_entry,     &zof_cat_on,           &zof_cat_action,     &zof_cat_pub_t,
+    &zof_cat_point,     &zof_cat_size,         &zof_cat_scrollbar,  &zof_cat_style,
+    &zof_cat_body,      &zof_cat_border,       &zof_cat_shadow,     &zof_cat_padding,
+    &zof_cat_text_look, &zof_cat_picture_look, &zof_cat_theme,      &zof_cat_line_look,
+    &zof_cat_cursor,    &zof_cat_angles,       &zof_cat_range,      &zof_cat_marks,
+    &zof_cat_list_btn,  &zof_cat_caption,      &zof_cat_looks_file, &zof_cat_colors,
+    &zof_cat_looks,     &zof_cat_look,         &zof_cat_look_style, ZOF_CTRL_TYPES(RECORD_OF_TYPE) & no_record,
 };
 
 const zof_cat_file_t zof_cat_files[] = {

@@ -38,6 +38,7 @@ typedef enum {
     ZOF_CAT_THEME,
     ZOF_CAT_LOOK_NAME,
     ZOF_CAT_OPTIONS, // lines of a list, each of kind WORDS
+    ZOF_CAT_ACTION,  // what the panel does at an event
     ZOF_CAT_OBJECT,  // a record
     ZOF_CAT_ARRAY,   // of records, or of plain values whose kind is that of the record's only key
     ZOF_CAT_KIND_COUNT

@@ -36,7 +36,7 @@ extern const zof_cat_record_t zof_cat_project, zof_cat_link, zof_cat_view_file, 
 // Records contained in others, grouped by file.
 extern const zof_cat_record_t zof_cat_views, zof_cat_hw, zof_cat_dis, zof_cat_tone, zof_cat_touch, zof_cat_func,
     zof_cat_standby, zof_cat_uart;
-extern const zof_cat_record_t zof_cat_view, zof_cat_entry, zof_cat_scrollbar;
+extern const zof_cat_record_t zof_cat_view, zof_cat_entry, zof_cat_on, zof_cat_action, zof_cat_scrollbar;
 extern const zof_cat_record_t zof_cat_body, zof_cat_border, zof_cat_shadow, zof_cat_padding, zof_cat_text_look,
     zof_cat_picture_look;
 extern const zof_cat_record_t zof_cat_looks_file, zof_cat_colors, zof_cat_looks, zof_cat_look, zof_cat_look_style;

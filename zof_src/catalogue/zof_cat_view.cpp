@@ -83,6 +83,23 @@ static const zof_cat_key_t view_keys[] = {
 };
 ZOF_CAT_RECORD(zof_cat_view, "view", nullptr, zof_view_attr_t_tbl, view_keys);
 
+static const zof_cat_key_t action_keys[] = {
+    {.key = "0String", .kind = ZOF_CAT_ACTION, .group = ZOF_CAT_TOUCH, .help = "a word and its arguments"},
+};
+ZOF_CAT_RECORD(zof_cat_action, "action", nullptr, stringReflectTbl, action_keys);
+
+#define ON(name, text) \
+    {.key = name, .kind = ZOF_CAT_ARRAY, .group = ZOF_CAT_TOUCH, .help = text, .record = &zof_cat_action}
+static const zof_cat_key_t on_keys[] = {
+    ON("clicked", "when the control has been pressed and released"),
+    ON("long_pressed", "when it has been held down"),
+    ON("changed", "when the user has changed its value"),
+    ON("ready", "at Enter, in a keyboard or a text box of one line"),
+    ON("cancel", "at the key that closes a keyboard"),
+    ON("focused", "when it is touched, or reached by keys"),
+};
+ZOF_CAT_RECORD(zof_cat_on, "on", nullptr, nullptr, on_keys);
+
 static const zof_cat_key_t entry_keys[] = {
     {.key = "type", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_CONTENT,
      .help = "control type: number or name, see [control types](#control-types)", .flags = ZOF_CAT_NEEDED},
@@ -90,6 +107,9 @@ static const zof_cat_key_t entry_keys[] = {
      .help = "name of a theme; it need not exist. **Without this key the view ends here**", .flags = ZOF_CAT_NEEDED},
     {.key = "look", .kind = ZOF_CAT_LOOK_NAME, .group = ZOF_CAT_LOOK,
      .help = "name of a [look](#looks), which takes the place of the theme's styles for the type"},
+    {.key = "on", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_TOUCH,
+     .help = "what the panel does by itself when the user touches the control: [actions](#actions) for each event",
+     .record = &zof_cat_on},
     {.key = "property", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_CONTENT,
      .help = "`pub_t`, the keys of the type, and `styles`", .flags = ZOF_CAT_NEEDED},
 };

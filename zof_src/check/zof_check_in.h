@@ -34,6 +34,7 @@ enum check_rule_e {
     CHECK_OUTSIDE,
     CHECK_ENDS,
     CHECK_OPTIONS,
+    CHECK_ACTION,
     CHECK_STYLE,
     CHECK_STYLE_TWICE,
     CHECK_VIEW_ENTRY,
@@ -220,6 +221,8 @@ void check_language_file(check_run_t *c, check_file_t *file);
 void check_icon_file(check_run_t *c, const check_file_t *file);
 void check_icon_use(check_run_t *c, const check_file_t *file, u32 node, const char *text);
 void check_word_use(check_run_t *c, const check_file_t *file, u32 node, const char *text);
+// Checks the actions of an entry, `on`, which may be ZOF_J_NONE.
+void check_actions(check_run_t *c, const check_file_t *file, u32 on);
 void check_words(check_run_t *c);
 
 // Removes the findings listed in zof-check.ignore, and reports lines that match no finding. Each line is reported only

@@ -34,6 +34,7 @@ const zof_check_rule_t zof_check_rules[] = {
     {"outside", ZOF_FALSE, "the control is outside its parent or the screen"},
     {"ends", ZOF_TRUE, "the ends of a range are equal or in the wrong order"},
     {"options", ZOF_FALSE, "a list of options or captions has a wrong form"},
+    {"action", ZOF_TRUE, "an action has a wrong form, or names something that does not exist"},
     {"style", ZOF_FALSE, "a style for a part, state or section that the control does not have"},
     {"style-twice", ZOF_FALSE, "two styles for the same part, state and section"},
     {"view-entry", ZOF_TRUE, "an entry of `views` that cannot be used"},

@@ -268,6 +268,7 @@ static void ctrl_check(check_run_t *c, const check_file_t *file, u32 index) {
     captions_check(c, file, &ctrl);
     theme_name_check(c, file, zof_jdoc_get(&file->doc, ctrl.entry, "theme"));
     look_name_check(c, file, &ctrl);
+    check_actions(c, file, zof_jdoc_get(&file->doc, ctrl.entry, "on"));
     check_styles(c, file, zof_jdoc_get(&file->doc, ctrl.property, "styles"), ctrl.type, theme_file(c, file, &ctrl));
 }
 

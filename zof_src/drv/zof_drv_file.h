@@ -107,6 +107,9 @@ const char *zof_program_name(void);
 // separators become "/" and the letter of a drive a small one, because capitals are the drives of a project ("D:x").
 void zof_file_path_take(char *path);
 
+// Replaces that name, for a program that shows projects of others. The caller keeps it. Main thread, before the start.
+void zof_program_name_set(const char *name);
+
 // Returns true for a path that does not depend on the current folder; false for null.
 zof_bool zof_file_is_absolute(const char *path);
 

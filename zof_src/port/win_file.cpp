@@ -154,7 +154,16 @@ static bool name_read(char *path, size_t size) {
     return true;
 }
 
+static const char *name_given;
+
+void zof_program_name_set(const char *name) {
+    name_given = name;
+}
+
 const char *zof_program_name(void) {
+    if (name_given) {
+        return name_given;
+    }
     static char path[400];
     static const bool known = name_read(path, sizeof(path));
     return known ? path + zof_path_parent(path) : "zof";

@@ -5,6 +5,7 @@
 #include "check/zof_check.h"
 #include "control/zof_ctrl_create.h"
 #include "func/zof_option.h"
+#include "hmi/zof_hmi_action.h"
 #include "words.h"
 
 // Escapes a table cell, whose text must not end its column.
@@ -131,6 +132,14 @@ static std::string lint_block(void) {
     return text;
 }
 
+static std::string actions_block(void) {
+    std::string text = table_head({"Action", "What it does"});
+    for (const zof_action_row_t *row = zof_action_rows; row->word; row++) {
+        text += table_row({code(row->word + (*row->form ? std::string(" ") + row->form : "")), row->help});
+    }
+    return text;
+}
+
 static std::string options_block(void) {
     std::string text = table_head({"Option", "What it does"});
     for (const zof_option_t *row = zof_options; row->name; row++) {
@@ -162,7 +171,7 @@ static std::string block_of(const std::string &name) {
         std::string (*write)(void);
     } blocks[] = {{"kinds", kinds_block}, {"files", files_block},     {"types", types_block},
                   {"lint", lint_block},   {"options", options_block}, {"variables", variables_block},
-                  {"exits", exits_block}};
+                  {"exits", exits_block}, {"actions", actions_block}};
     for (const auto &block : blocks) {
         if (name == block.name) {
             return block.write();

@@ -231,6 +231,7 @@ const reflect_item_t zof_entry_t_tbl[] = {
     CSON_NAMED(zof_entry_t, type, ZOF_CTRL_TYPE_COUNT, CSON_SKIP_ENCODE, zof_type_names),
     CSON_KNOWN("theme"),
     CSON_KNOWN("look"),
+    CSON_KNOWN("on"),
     CSON_KNOWN("property"),
     CSON_END,
 };

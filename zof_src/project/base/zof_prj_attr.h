@@ -153,6 +153,7 @@ typedef struct {
     u8 alpha;
     u8 style_num;                     // no key
     zof_style_attr_t **style_list;    // no key
+    char *on;                         // no key: lines of an event's name and an action; null for none
     const struct zof_look *look;      // no key: where the styles come from; null: from the theme of the type
     zof_ctrl_event_fn zof_ctrl_event; // no key: from the view's control table
 } zof_pub_attr_t;

@@ -2,6 +2,7 @@
 // file. An invalid entry is reported with its position and skipped, so one mistake does not empty a view.
 #include "project/look/zof_j2s_ctrl.h"
 
+#include <cstdio>
 #include <cstring>
 
 #include "project/base/zof_prj_up.h"
@@ -268,6 +269,56 @@ static const zof_look_t *look_of(cJSON *entry, u32 type, const char *theme) {
     return look;
 }
 
+static bool is_texts(const cJSON *list) {
+    const cJSON *item = nullptr;
+    cJSON_ArrayForEach(item, list) {
+        if (!cJSON_IsString(item) || strpbrk(item->valuestring, "\n")) {
+            return false;
+        }
+    }
+    return cJSON_IsArray(list);
+}
+
+// Collects the lines of actions, "clicked view home". Returns null without memory.
+static char *actions_join(const cJSON *on) {
+    size_t size = 1;
+    const cJSON *list = nullptr;
+    const cJSON *item = nullptr;
+    cJSON_ArrayForEach(list, on) {
+        cJSON_ArrayForEach(item, list) {
+            size += strlen(list->string) + strlen(item->valuestring) + 2;
+        }
+    }
+    char *lines = (char *)zof_malloc((u32)size);
+    char *at = lines;
+    if (!lines) {
+        return nullptr;
+    }
+    cJSON_ArrayForEach(list, on) {
+        cJSON_ArrayForEach(item, list) {
+            at += snprintf(at, size - (size_t)(at - lines), "%s %s\n", list->string, item->valuestring);
+        }
+    }
+    return lines;
+}
+
+// Returns the lines of the actions of an entry; null without any, and after a message.
+static char *actions_of(cJSON *entry) {
+    cJSON *on = cJSON_GetObjectItem(entry, "on");
+    cJSON *list = nullptr;
+    cJSON_ArrayForEach(list, on) {
+        if (!is_texts(list)) {
+            zof_fault_at(list, "expected an array of texts; the control has no actions");
+            return nullptr;
+        }
+    }
+    if (on && !cJSON_IsObject(on)) {
+        zof_fault_at(on, "expected an object; the control has no actions");
+        return nullptr;
+    }
+    return on ? actions_join(on) : nullptr;
+}
+
 zof_pub_attr_t *zof_j2s_walk_get(zof_j2s_walk_t *walk) {
     cJSON *entry = walk->entry;
     if (!entry) {
@@ -296,6 +347,7 @@ zof_pub_attr_t *zof_j2s_walk_get(zof_j2s_walk_t *walk) {
         styles_add(record, styles, cJSON_GetObjectItem(property, "styles"));
     }
     if (record) {
+        record->on = actions_of(entry);
         entry_check(walk, entry, record);
     }
     return record;
@@ -353,5 +405,7 @@ void zof_j2s_ctrl_delete(zof_pub_attr_t *record, u32 type) {
         return;
     }
     styles_delete(record, type);
+    zof_free(record->on);
+    record->on = nullptr;
     zof_j2s_attr_free(record, type);
 }
