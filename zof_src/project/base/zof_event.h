@@ -41,7 +41,7 @@ typedef void (*zof_ctrl_event_fn)(zof_ctrl_t *ctrl, zof_event_e event);
 typedef struct {
     u32 view_id;
     void (*zof_view_init)(void);
-    void (*zof_view_entry)(void);
+    void (*zof_view_entry)(void); // MANDATORY: without it the view is created but not shown
     void (*zof_view_exit)(void);
 } zof_view_fun_t;
 
