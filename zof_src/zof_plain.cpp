@@ -19,7 +19,7 @@ static const std::vector<zof_ctrl_fun_t> *controls_of(const zof_view_node_t *nod
     cJSON_ArrayForEach(entry, controls) {
         const cJSON *pub = cJSON_GetObjectItem(cJSON_GetObjectItem(entry, "property"), "pub_t");
         const cJSON *id = cJSON_GetObjectItem(pub, "id");
-        if (control_event && cJSON_IsNumber(id)) {
+        if (cJSON_IsNumber(id)) {
             rows->push_back({(u32)id->valueint, control_event});
         }
     }
@@ -33,7 +33,8 @@ static void init_any() {
     for (const db_node *at = list->head->next; at != list->head; at = at->next) {
         const auto *node = (const zof_view_node_t *)at->data;
         if (!node->obj) {
-            const std::vector<zof_ctrl_fun_t> *rows = controls_of(node);
+            static const std::vector<zof_ctrl_fun_t> none;
+            const std::vector<zof_ctrl_fun_t> *rows = control_event ? controls_of(node) : &none;
             zof_view_create(node->attr->v_id, rows->data(), (u32)rows->size());
             return;
         }

@@ -9,12 +9,12 @@
 #include "zof_start.h"
 
 static std::string folder;
-static std::vector<std::string> more; // options of the runtime
+static const CLI::App *parsed; // has the words after the folder, which belong to the runtime
 
 static void options_add(CLI::App &app) {
     app.add_option("dir", folder, "the project folder, or a folder with it in res/")->required()->type_name("DIR");
-    app.add_option("options", more, "options of every program: --port N=PATH, --fullscreen, --lang L ...");
-    app.prefix_command(); // what follows DIR belongs to the runtime
+    app.prefix_command();
+    parsed = &app;
 }
 
 extern "C" void zof_main(void) {
@@ -37,6 +37,7 @@ static int run() {
     static const std::string name = name_of(folder);
     const std::string project = whole ? folder : folder + "/res";
     std::vector<const char *> args = {name.c_str(), "--project", project.c_str()};
+    const std::vector<std::string> more = parsed->remaining();
     for (const std::string &word : more) {
         args.push_back(word.c_str());
     }
@@ -50,5 +51,5 @@ const zof_command_t zof_run_command = {
     "  zof run coffee                            coffee/ or coffee/res/ is the project folder\n"
     "  zof run coffee --port 5=/dev/ttyUSB0      the host's line, port 5 of config/project/zofhmi.g\n"
     "  zof run coffee --fullscreen --lang de\n"
-    "All options of a program can follow the folder; see the page on running a program.",
+    "All options of programs can follow the folder: zof run coffee --help",
     options_add, run};
