@@ -25,6 +25,8 @@ configure_package_config_file(cmake/zofConfig.cmake.in ${PROJECT_BINARY_DIR}/zof
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/zofConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/zofConfig.cmake ${PROJECT_BINARY_DIR}/zofConfigVersion.cmake cmake/native_tool.cmake
         DESTINATION ${zof_cmake} COMPONENT dev)
+file(RELATIVE_PATH zof_pc_prefix /usr/${CMAKE_INSTALL_LIBDIR}/pkgconfig /usr)
+string(REGEX REPLACE "/$" "" zof_pc_prefix ${zof_pc_prefix})
 configure_file(cmake/zof.pc.in zof.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/zof.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 if(ZOF_RUNTIME_ONLY)
