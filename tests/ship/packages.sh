@@ -1,7 +1,7 @@
 #!/bin/sh
 # Makes the Debian packages and installs them, with apt, into empty roots that know nothing of the build tree: the panel runs as
 # nobody from a root that is read-only and shows the pages of the build tree; a project of `zof new` is built with CMake and with
-# pkg-config, and its own package runs in the bare root. lintian is content. Prints rows for bench/RESULTS.md.
+# pkg-config, and its own package runs in the bare root. lintian must find nothing. Prints rows for bench/RESULTS.md.
 #   usage: packages.sh NATIVE_BUILD      the release build of this machine
 [ "$(id -u)" -eq 0 ] || exec sudo "$0" "$@" # for chroot and mounts
 cd "$(dirname "$0")/../.."
