@@ -32,7 +32,7 @@ start monitor "$native/tools/zof" monitor watch --panel-link "$work/native/COM5"
 start near_host "$native/tools/zof" monitor watch --panel-link "$work/native/COM9" --host-link "$work/host" --gap 1000
 for line in "$work/native/COM8" "$work/native/COM9" "$work/host"; do expect "$line"; done
 start monitor_exe wine "$inside/zof.exe" monitor watch --host COM9 --panel COM8 --record "$work/Tag.rec" --gap 1000
-expect "$work/monitor_exe.log" "the panel opens COM8"
+expect "$work/monitor_exe.log" "the panel opens: COM8"
 start host_panel env -C "$inside" ZOF_COM6=COM6 ZOF_SCRIPT= wine ./zof_bench.exe
 expect "$work/monitor.log" "word=43707" # it has started
 host() {
