@@ -15,6 +15,9 @@ extern const char *const python_help;
 // What helps when there is no display, and no sound device.
 extern const char *const display_help, *const sound_help;
 
+// Returns what helps when only members of this group may open a device.
+std::string group_help(const char *group);
+
 // Returns what helps when a port may not be opened, and when another program holds it.
 std::string port_right_help(const zof_uart_info_t &port);
 std::string port_held_help(const zof_uart_info_t &port);

@@ -7,9 +7,12 @@ const char *const display_help =
 const char *const sound_help =
     "tones and sounds stay silent; if there is a device: sudo usermod -aG audio $USER, and log in again";
 
+std::string group_help(const char *group) {
+    return std::string("sudo usermod -aG ") + group + " $USER, and log in again";
+}
+
 std::string port_right_help(const zof_uart_info_t &port) {
-    return port.group[0] ? std::string("sudo usermod -aG ") + port.group + " $USER, and log in again"
-                         : "ask the administrator of this machine for the right to open it";
+    return port.group[0] ? group_help(port.group) : "ask the administrator of this machine for the right to open it";
 }
 
 std::string port_held_help(const zof_uart_info_t &port) {

@@ -7,6 +7,10 @@ const char *const display_help =
 const char *const sound_help =
     "tones and sounds stay silent; if there is a device, enable it in the sound settings of Windows";
 
+std::string group_help(const char *) {
+    return "ask the administrator of this machine";
+}
+
 std::string port_right_help(const zof_uart_info_t &) {
     return "end the program that has the port open, or ask the administrator of this machine";
 }

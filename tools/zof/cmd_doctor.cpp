@@ -7,6 +7,7 @@
 #include <string>
 
 #include "check/zof_check.h"
+#include "drv/zof_drv_device.h"
 #include "drv/zof_drv_uart.h"
 #include "lvgl.h"
 #include "zof.h"
@@ -14,7 +15,7 @@
 
 #include "../system/advice.h"
 
-enum { PORTS_MAX = 64 };
+enum { PORTS_MAX = 64, DEVICES_MAX = 32 };
 
 static struct {
     std::string folder;
@@ -46,16 +47,71 @@ static bool is_shown(const char *driver) {
     return getenv("SDL_VIDEODRIVER") || (strcmp(driver, "offscreen") != 0 && strcmp(driver, "dummy") != 0);
 }
 
+// What a panel opens when there is no desktop to open it.
+static constexpr struct {
+    zof_device_e kind;
+    const char *what, *missing, *help; // without `missing` a device is not needed
+    const char *rule;                  // what helps if no group may use it
+} device_rows[] = {
+    {ZOF_DEVICE_DISPLAY, "display", "there is no /dev/dri/card*, so the kernel has no driver for this display",
+     "`journalctl -k | grep drm` shows what it found", "ask the administrator of this machine"},
+    {ZOF_DEVICE_INPUT, "input", "there is no /dev/input/event*, so no touch screen, mouse or keyboard was found",
+     "`journalctl -k | grep input` shows what the kernel found", "ask the administrator of this machine"},
+    {ZOF_DEVICE_LIGHT, "backlight", nullptr, "none: the picture is dimmed instead",
+     "install the udev rules of the panel, then: sudo udevadm trigger -c add -s backlight"},
+};
+
+static void device_test(const char *what, const zof_device_t &device, const char *rule) {
+    if (device.usable) {
+        good(what, "%s", device.path);
+    } else {
+        wrong(what, std::string(device.path) + ": no permission", device.group[0] ? group_help(device.group) : rule);
+    }
+}
+
+// Returns true if a display can be used as far as permissions go.
+static bool devices_test() {
+    static zof_device_t devices[DEVICES_MAX];
+    bool usable = false;
+    for (const auto &row : device_rows) {
+        const u32 count = zof_device_list(row.kind, devices, DEVICES_MAX);
+        for (u32 i = 0; i < count; i++) {
+            device_test(row.what, devices[i], row.rule);
+            usable = usable || (row.kind == ZOF_DEVICE_DISPLAY && devices[i].usable);
+        }
+        if (count == 0 && row.missing) {
+            wrong(row.what, row.missing, row.help);
+        } else if (count == 0) {
+            good(row.what, "%s", row.help);
+        }
+    }
+    return usable;
+}
+
+static void display_wrong(bool opened) {
+    const std::string what =
+        std::string("no window can be opened") + (opened ? "" : std::string(": ") + SDL_GetError());
+    const bool kernel = strcmp(zof_system_get_name(), "linux") == 0;
+    const bool device = kernel && !getenv("SDL_VIDEODRIVER") && devices_test();
+    wrong("display", what,
+          device ? "end the program that shows something on it (systemctl stop NAME), or install libegl1 libgles2 "
+                   "libgl1-mesa-dri"
+                 : display_help);
+}
+
 static void display_test() {
     SDL_Rect area = {};
     const bool opened = SDL_InitSubSystem(SDL_INIT_VIDEO) == 0 && SDL_GetDisplayBounds(0, &area) == 0;
-    if (!opened || !is_shown(SDL_GetCurrentVideoDriver())) {
-        wrong("display", std::string("no window can be opened") + (opened ? "" : std::string(": ") + SDL_GetError()),
-              display_help);
+    const std::string driver = opened ? SDL_GetCurrentVideoDriver() : "";
+    if (!opened || !is_shown(driver.c_str())) {
+        display_wrong(opened);
         return;
     }
-    good("display", "%s, %d x %d", SDL_GetCurrentVideoDriver(), area.w, area.h);
+    good("display", "%s, %d x %d", driver.c_str(), area.w, area.h);
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    if (driver == "KMSDRM") {
+        devices_test();
+    }
 }
 
 static void audio_test() {
@@ -132,7 +188,7 @@ static int doctor_run() {
     return doctor.wrong ? ZOF_EXIT_FINDINGS : ZOF_EXIT_CLEAN;
 }
 
-const zof_command_t zof_doctor_command = {"doctor", "test display, sound and serial ports, and say what helps",
+const zof_command_t zof_doctor_command = {"doctor", "test display, touch, sound and serial ports, and say what helps",
                                           "  zof doctor\n"
                                           "  zof doctor res\n",
                                           options_add, doctor_run};
