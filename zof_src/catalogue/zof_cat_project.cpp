@@ -62,7 +62,8 @@ static const zof_cat_key_t standby_keys[] = {
     {.key = "stdby_bright", .kind = ZOF_CAT_PERCENT, .group = ZOF_CAT_LOOK, .high = 100,
      .help = "brightness when dimmed. A window on a desktop hardly changes: its colours keep at least 95 % of their "
          "value", .row = "system.standby"},
-    {.key = "off_bright", .kind = ZOF_CAT_PERCENT, .group = ZOF_CAT_LOOK, .high = 100, .help = "brightness when off",
+    {.key = "off_bright", .kind = ZOF_CAT_PERCENT, .group = ZOF_CAT_LOOK, .high = 100,
+     .help = "brightness when off; without a desktop 0 switches the display off",
      .row = "system.standby"},
     {.key = "on_bright", .kind = ZOF_CAT_PERCENT, .group = ZOF_CAT_LOOK, .high = 100, .start = "100",
      .help = "brightness in use", .row = "system.standby"},
