@@ -91,8 +91,8 @@ static bool devices_test() {
 static void display_wrong(bool opened) {
     const std::string what =
         std::string("no window can be opened") + (opened ? "" : std::string(": ") + SDL_GetError());
-    const bool kernel = strcmp(zof_system_get_name(), "linux") == 0;
-    const bool device = kernel && !getenv("SDL_VIDEODRIVER") && devices_test();
+    const bool on_linux = strcmp(zof_system_get_name(), "linux") == 0;
+    const bool device = on_linux && !getenv("SDL_VIDEODRIVER") && devices_test();
     wrong("display", what,
           device ? "end the program that shows something on it (systemctl stop NAME), or install libegl1 libgles2 "
                    "libgl1-mesa-dri"
