@@ -286,7 +286,9 @@ static s32 frame_run(zof_hmi_cmd_analys_t *a, const u8 *data) {
     } else if (!fields_take(a->value_param, param->value, &r)) {
         return 0;
     }
-    running += a == ui_cmd_analys;
+    if (a == ui_cmd_analys) { // the other one runs on the receive thread
+        running++;
+    }
     const s32 result = handler_run(a, param, frame.op);
     if (result != ZOF_HMI_SILENT) {
         answer(a, param, &frame, echo, result);
