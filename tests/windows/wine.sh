@@ -10,7 +10,7 @@ ninja -C "$windows" --quiet all zof_zip zof_windows_tests gallery >"$work/window
 
 export WINEPREFIX="$work/wine" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" SDL_VIDEODRIVER=offscreen SDL_AUDIODRIVER=dummy
 stop_wine() { wineserver -k 2>/dev/null || true; } # of this prefix alone
-trap 'status=$?; stop_wine; (exit $status) || true; finish' EXIT
+trap 'status=$?; stop_wine; set +e; (exit $status); finish' EXIT
 wine wineboot --init >"$work/wine.log" 2>&1 || fail "Wine does not start"
 
 inside="$work/Prüfstand 7/panel"
