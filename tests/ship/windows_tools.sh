@@ -115,4 +115,21 @@ ZOF_SCRIPT="$work/long.session" timeout 60 wine ./zof_bench.exe --import "Z:$lon
 zof_windows new "$work/neu" >"$work/new.log" 2>&1 && zof_windows check --strict "$work/neu" >"$work/new.log" 2>&1 || fail "zof.exe new fails"
 zof_windows fmt --check "$work/neu/res/config/view/main.g" >"$work/fmt.log" 2>&1 || fail "zof.exe fmt fails"
 zof_windows catalogue button >"$work/catalogue.log" 2>&1 || fail "zof.exe catalogue fails"
+
+# Rows for bench/RESULTS.md: sizes, and the best of five starts that end with the first page, in milliseconds.
+echo quit >"$work/quit.session"
+best() {
+    for _ in 1 2 3 4 5; do
+        begin=$(date +%s%N)
+        ZOF_SCRIPT="$work/quit.session" "$@" --project res >"$work/best.log" 2>&1 || fail "the panel does not start"
+        echo $((($(date +%s%N) - begin) / 1000000))
+    done | sort -n | head -1
+}
+size() { stat -Lc %s "$1" | awk '{printf "%.1f MiB", $1 / 1048576}'; }
+for program in panel/zof_bench tools/board_sim tools/zof tools/zof_player; do
+    name=$(basename $program).exe
+    echo "| size of $name, which contains its libraries | $(size "$inside/$name") | $(size "$native/$program"), on Linux, without them | |"
+done
+started=$(best wine ./zof_bench.exe) reference=$(best "$native/panel/zof_bench")
+echo "| start and end of zof_bench.exe under Wine | $started ms | $reference ms, on Linux | $(echo "$started $reference" | awk '{printf "%.1f", $1 / $2}') |"
 echo "windows_tools: tests pass, tools and gallery show the same, odd paths work"
