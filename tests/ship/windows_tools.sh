@@ -87,7 +87,7 @@ both gallery view media --sheet -
 for system in linux windows; do
     mkdir "$work/$system"
     [ $system = linux ] && program=$native/examples/gallery/gallery/gallery || program="wine $windows/examples/gallery/gallery/gallery.exe"
-    ZOF_SHOTS="$work/$system" ZOF_SCRIPT=media.session timeout 60 $program --project media >"$work/gallery-$system.log" 2>&1 || fail "the gallery fails on $system"
+    ZOF_SHOTS="$work/$system" ZOF_SCRIPT=media.session timeout 180 $program --project media >"$work/gallery-$system.log" 2>&1 || fail "the gallery fails on $system"
 done
 for picture in clip pictures; do cmp "$work/linux/$picture.png" "$work/windows/$picture.png" || fail "$picture differs between the systems"; done
 
@@ -105,13 +105,13 @@ for folder in 'D:\panel' 'D:/panel/' "Z:$long/Fläche"; do
     # The checker follows links, and Wine's call for that knows no paths longer than 260 characters.
     [ "${folder%/Fläche}" != "$folder" ] || zof_windows check --strict "$folder" >"$work/check.log" 2>&1 || fail "zof.exe check fails in $folder"
     zof_windows view "$folder" --shot "$work/Bild.png" 2>"$work/view.log" && cmp "$work/plain.png" "$work/Bild.png" || fail "zof.exe view fails in $folder"
-    ZOF_SCRIPT="$work/long.session" timeout 60 wine ./zof_bench.exe --project "$folder" >"$work/long.log" 2>&1 || fail "the panel fails in $folder"
+    ZOF_SCRIPT="$work/long.session" timeout 180 wine ./zof_bench.exe --project "$folder" >"$work/long.log" 2>&1 || fail "the panel fails in $folder"
     ! grep -v 'serial port' "$work/long.log" | grep -iE 'cannot|damaged' || fail "the panel has faults in $folder"
 done
 timeout 4 wine ./zof_bench.exe --log "Z:$long/Tag ü.csv" >"$work/log.log" 2>&1 || [ $? -eq 124 ] || fail "the panel does not record"
 [ -e "$long/Tag ü.csv" ] || fail "the panel writes no recording"
 { echo "Time,Voltage (V),Current (A)" && for s in 10 11 12; do echo "2026-03-01T12:00:$s.000+00:00,5,1"; done; } >"$long/für.csv"
-ZOF_SCRIPT="$work/long.session" timeout 60 wine ./zof_bench.exe --import "Z:$long/für.csv" >"$work/import.log" 2>&1 || fail "the panel imports nothing from a long path"
+ZOF_SCRIPT="$work/long.session" timeout 180 wine ./zof_bench.exe --import "Z:$long/für.csv" >"$work/import.log" 2>&1 || fail "the panel imports nothing from a long path"
 zof_windows new "$work/neu" >"$work/new.log" 2>&1 && zof_windows check --strict "$work/neu" >"$work/new.log" 2>&1 || fail "zof.exe new fails"
 zof_windows fmt --check "$work/neu/res/config/view/main.g" >"$work/fmt.log" 2>&1 || fail "zof.exe fmt fails"
 zof_windows catalogue button >"$work/catalogue.log" 2>&1 || fail "zof.exe catalogue fails"
