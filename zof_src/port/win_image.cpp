@@ -9,6 +9,7 @@
 #include "drv/zof_drv_file.h"
 #include "drv/zof_drv_media.h"
 #include "lvgl.h"
+#include "src/misc/lv_gc.h"
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"
 
@@ -154,12 +155,20 @@ static void decoder_close(lv_img_decoder_t *, lv_img_decoder_dsc_t *dsc) {
     dsc->img_data = nullptr;
 }
 
+static bool is_installed() {
+    lv_ll_t *all = &LV_GC_ROOT(_lv_img_decoder_ll);
+    for (void *at = _lv_ll_get_head(all); at; at = _lv_ll_get_next(all, at)) {
+        if (((const lv_img_decoder_t *)at)->info_cb == decoder_info) {
+            return true;
+        }
+    }
+    return false;
+}
+
 void zof_image_init(void) {
-    static bool installed; // LVGL is never torn down
-    if (installed) {
+    if (is_installed()) {
         return;
     }
-    installed = true;
     lv_img_decoder_t *decoder = lv_img_decoder_create();
     lv_img_decoder_set_info_cb(decoder, decoder_info);
     lv_img_decoder_set_open_cb(decoder, decoder_open);
