@@ -36,7 +36,7 @@ GENERATED = {"bench_ids.h", "bench_look.h"}      # from the layout of the panel
 LIBRARIES = {"cjson/cJSON.h", "lvgl.h"}
 NET_LIBRARIES = {"boost/asio.hpp"}          # in apps/net alone
 PORT_LIBRARIES = re.compile(r"SDL\.h|libav(codec|format|util)/\w+\.h|libsw(resample|scale)/\w+\.h"
-                            r"|src/extra/libs/png/lodepng\.h|turbojpeg\.h")
+                            r"|src/extra/libs/png/lodepng\.h|src/misc/lv_gc\.h|turbojpeg\.h")
 # What only the build runs.
 BUILD_ONLY = re.compile(r"reference/|zof_media/")
 POSIX = re.compile(r"(unistd|fcntl|poll|termios|pty|dirent|dlfcn|fnmatch|glob|spawn|pwd|grp|pthread|sys/\w+)\.h")
