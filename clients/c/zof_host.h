@@ -589,6 +589,24 @@ static inline int zof_host_get_control_present(zof_host_t *host, uint16_t view, 
     return zof_host_end(host);
 }
 
+// The language key, with #, that its text or picture follows; empty if there is no such key. A write shows the text or
+// picture of another key.
+// Answers: text key
+#define ZOF_HOST_CONTROL_KEY 0x03B2F010ul
+static inline int zof_host_get_control_key(zof_host_t *host, uint16_t view, uint16_t control) {
+    zof_host_begin(host, ZOF_HOST_READ, ZOF_HOST_CONTROL_KEY);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    return zof_host_end(host);
+}
+static inline int zof_host_set_control_key(zof_host_t *host, uint16_t view, uint16_t control, const char *key) {
+    zof_host_begin(host, ZOF_HOST_WRITE, ZOF_HOST_CONTROL_KEY);
+    zof_host_put_u16(host, view);
+    zof_host_put_u16(host, control);
+    zof_host_put_text(host, key);
+    return zof_host_end(host);
+}
+
 // Labels.
 
 // The text; one that begins with # is looked up in the language.

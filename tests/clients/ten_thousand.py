@@ -6,6 +6,7 @@ usage: ten_thousand.py BUILD_FOLDER [COUNT]
 """
 from __future__ import annotations
 
+import json
 import sys
 import threading
 import time
@@ -24,6 +25,7 @@ class Run:
         self.taps = [(20 + i % 300, 306 + i % 30) for i in range(count // 2 - self.count)]
         self.took: dict[str, list[float]] = {"write": [], "read": [], "touch": []}
         self.failures: list[str] = []
+        self.version = ""  # of the panel
 
     def script(self) -> str:
         """The session of one finger. It prints a line with each move, whose time is recorded."""
@@ -49,7 +51,7 @@ class Run:
 
     def read_all(self, panel: Panel) -> None:
         asked = [(rows.VIEW_SIZE, (800, 480), {}), (rows.SYSTEM_TOUCH_CONFIG, 0x30, {}),
-                 (rows.CONTROL_WIDTH, 252, {"view": 1, "control": 7}), (rows.SYSTEM_VERSION, "1.1.0", {"selector": 0})]
+                 (rows.CONTROL_WIDTH, 252, {"view": 1, "control": 7}), (rows.SYSTEM_VERSION, self.version, {"selector": 0})]
         for i in range(self.count):
             row, want, at = asked[i % len(asked)]
             self.timed("read", panel.read, row, want=want, **at)
@@ -69,6 +71,7 @@ class Run:
 
     def run(self, build: str) -> None:
         with BenchPanel(build, self.script(), board=True) as bench, bench.open() as panel:
+            self.version = json.loads((bench.project / "config/project/zofprj.g").read_text())["app_ver"]
             assert isinstance(panel.event(20), PowerOn)
             panel.write(rows.SYSTEM_TOUCH_CONFIG, 0x30)
             panel.write(rows.LABEL_TEXT, "go", view=1, control=SESSION)

@@ -110,6 +110,13 @@ static bool box_closes() { // by itself, on the host's own clock
     return eventually([] { return loop_turn(), flag(MBOX, LV_OBJ_FLAG_HIDDEN); });
 }
 
+static std::string in_german(u32 id) {
+    zof_lang_set("de");
+    const std::string name = str(zof_img_get_src(obj(id)));
+    zof_lang_set("en");
+    return name;
+}
+
 // A parameter that ends in a text.
 static bytes with(const bytes &head, const std::string &text) {
     return join({head, {text.c_str(), text.c_str() + text.size() + 1}});
@@ -225,6 +232,7 @@ static const std::vector<write_row> writes = {
     {0x0F, ROLLER, with({0x01, 0, 0}, "1"),
      [] { return lv_roller_get_options(obj(ROLLER)) == std::string("1\ntwo\ne"); }},
     {0x0F, ROLLER, {0x02, 0, 0}, [] { return lv_roller_get_option_cnt(obj(ROLLER)) == 2; }},
+    {PUB, IMG, with({0x10}, "#pic"), [] { return in_german(IMG) == "red.png"; }},
     {0x10, GIF, {0x00, 1}, [] { return gif()->timer->paused == 1; }, 0},
     {0x10, GIF, {0x00, 2}, [] { return gif()->timer->paused == 0; }, 0},
     {0x10, GIF, {0x01, 0xFF, 0x00}, [] { return gif()->gif->loop_count > 0xFE00; }},
@@ -304,6 +312,7 @@ static const std::vector<read_row> reads = {
     {0x16, MATRIX, {0x07}, {'b', 0}},
     {PUB, SLIDER, {0x0E}, {0, 0, 0, 0, 0, 44, 0}},
     {PUB, SLIDER, {0x0F}, {1}},
+    {PUB, LABEL, {0x10}, {'#', 'h', 'e', 'l', 'l', 'o', 0}},
     {0x0A, MBOX, {0x04}, {0xFF, 0xFF}},
     {0x0A, MBOX, {0x05}, {0}},
     {0x0D, LIST, {0x04}, {0xFF, 0xFF}},
@@ -369,8 +378,9 @@ TEST_CASE("host controls: the sweep covers every row of the command tables") {
 TEST_CASE("host controls: an invalid selector, a missing control and a control of another type change nothing") {
     panel p;
     controls_up(p);
-    for (const bytes &payload : {command(PUB, LABEL, {0x00, 2}), command(PUB, LABEL, {0x06, 2}),
-                                 command(0x10, GIF, {0x00, 3}), command(0x12, VIDEO, {0x01, 4})}) {
+    for (const bytes &payload :
+         {command(PUB, LABEL, {0x00, 2}), command(PUB, LABEL, {0x06, 2}), command(PUB, LABEL, with({0x10}, "plain")),
+          command(PUB, BTN, with({0x10}, "#none")), command(0x10, GIF, {0x00, 3}), command(0x12, VIDEO, {0x01, 4})}) {
         CAPTURE(hex(payload));
         CHECK(write_ctrl(p, payload) == 1);
     }

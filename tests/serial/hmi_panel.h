@@ -27,8 +27,8 @@ inline void panel_up(panel &p, const std::string &link, const std::string &more 
     for (u32 id : {1, 2}) {
         p.project.view(id, controls);
     }
-    p.project.write("config/languages/en.g", R"({"hello": "hello"})");
-    p.project.write("config/languages/de.g", R"({"hello": "hallo"})");
+    p.project.write("config/languages/en.g", R"({"hello": "hello", "pic": "blue.png"})");
+    p.project.write("config/languages/de.g", R"({"hello": "hallo", "pic": "red.png"})");
     p.project.write("config/project/zofhmi.g", R"({"hmi_en": 1, "uart": {"win_port": )" + std::to_string(PORT) +
                                                    R"(, "speed_e": 6, "bit_e": 1}, "head_fh": 90, "head_fl": 165,
                                                    "buffsize": 4096, "timeout": 5)" +

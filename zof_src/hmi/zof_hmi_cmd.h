@@ -59,7 +59,7 @@ extern const u32 zof_ui_cmd_type_count;
 enum {
     ZOF_SYS_PARAM_COUNT = 10,
     ZOF_VIEW_PARAM_COUNT = 11,
-    ZOF_CTRL_PUB_PARAM_COUNT = 16,
+    ZOF_CTRL_PUB_PARAM_COUNT = 17,
     ZOF_CTRL_LABEL_PARAM_COUNT = 6,
     ZOF_CTRL_BTN_PARAM_COUNT = 5,
     ZOF_CTRL_IMG_PARAM_COUNT = 4,

@@ -125,5 +125,11 @@ const zof_hmi_param_type_t zof_ctrl_pub_params[ZOF_CTRL_PUB_PARAM_COUNT] = {
      .help = "1 if the control can be read and written, 0 if its view is not loaded, -1 if there is no such control.",
      .value_names = "present",
      .value = &zof_hmi_one_s8_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = get_present},
+    {.len = 1, .code = {0x10}, .name = "key",
+     .help = "The language key, with #, that its text or picture follows; empty if there is no such key. A write "
+             "shows the text or picture of another key.",
+     .value_names = "key",
+     .value = &zof_hmi_one_str_t_tbl, .rw = &zof_hmi_base_rw_t_tbl, .get_fun = hmi_ctrl_key_get,
+     .set_fun = hmi_ctrl_key_set},
 };
 // clang-format on

@@ -29,6 +29,10 @@ s32 hmi_ctrl_choose(const void *type_param, s32 ctrl_type, u8 which, s32 (*first
 // that asks waits for an answer.
 s32 hmi_ctrl_give_text(void *value, const char *text);
 
+// Handlers of `control.key`.
+s32 hmi_ctrl_key_get(void *type_param, void *req, void *value);
+s32 hmi_ctrl_key_set(void *type_param, void *req, void *value, void *reply);
+
 // The text of the control's value.
 template <s32 TYPE> s32 hmi_get_value_text(void *type, void *, void *value) {
     zof_ctrl_value_t now = {.number = 0, .text = ""};

@@ -30,10 +30,10 @@ typedef struct {
 // By number; documents and host libraries are made from them.
 extern const zof_hmi_event_row_t zof_hmi_event_rows[ZOF_HMI_EVENT_COUNT];
 
-// Sends events from now on, after the link has been opened.
+// Sends events from now on, also those of controls that exist already. Called after the link has been opened.
 void zof_hmi_event_start(void);
 
-// Returns ZOF_TRUE after the start: controls that are created from now on report their events.
+// Returns ZOF_TRUE after the start.
 zof_bool zof_hmi_event_wanted(void);
 
 // Reports an event of a control if it is in the table, unless a command of the host that is being executed causes it.

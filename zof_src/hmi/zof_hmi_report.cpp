@@ -1,5 +1,7 @@
 // Events go out as they happen, in the order of the graphics thread, which also answers commands. So each answer states
 // the value after all events before it on the line, and a host that counts them knows whether it has seen them all.
+#include "control/zof_ctrl_create.h"
+#include "drv/zof_lock.h"
 #include "hmi/zof_hmi_analys.h"
 #include "hmi/zof_hmi_event.h"
 
@@ -33,6 +35,8 @@ static void later_send() {
 void zof_hmi_event_start(void) {
     started = true;
     zof_hmi_cmd_on_end(later_send);
+    zof_lock gui(dis_mutex);
+    zof_ctrl_watch_update(); // a player shows a view before it opens the line
 }
 
 zof_bool zof_hmi_event_wanted(void) {

@@ -641,12 +641,16 @@ class Panel:
         """Wakes all waiting requests, because nothing is in flight any longer."""
         with self._lock:
             self._lost = why
-            for waiters in self._waiting.values():
-                for waiter in waiters:
-                    waiter.done.set()
+            self._wake_waiting()
             self._doubt = self._doubt or self._unconfirmed > 0
             self._executed = self._queued
             self._late.clear()
+
+    def _wake_waiting(self) -> None:
+        """With the lock held."""
+        for waiters in self._waiting.values():
+            for waiter in waiters:
+                waiter.done.set()
 
     def _line_returns(self) -> bool:
         """Waits until the line can be reopened. Returns False if the panel is closed in the meantime."""
@@ -697,6 +701,7 @@ class Panel:
         """Handles a restart of the panel. A second thread restores the settings, because this one must keep reading."""
         with self._lock:
             self._executed = self._queued  # the queue is empty after a start
+            self._wake_waiting()  # requests before the start are not answered; they are sent again at once
             self._starts += 1
             self._doubt = self._doubt or self._unconfirmed > 0
             self._sequence.restart()

@@ -388,6 +388,13 @@ CONTROL_PRESENT: Row[int] = Row(
     int, True, False,
     "1 if the control can be read and written, 0 if its view is not loaded, -1 if there is no such control.")
 
+CONTROL_KEY: Row[str] = Row(
+    "control.key", bytes.fromhex("B2 F0 10"),
+    (("view", "u16"), ("control", "u16")), (),
+    (("key", "text"),),
+    str, True, True,
+    "The language key, with #, that its text or picture follows; empty if there is no such key. A write shows the text or picture of another key.")
+
 LABEL_TEXT: Row[str] = Row(
     "label.text", bytes.fromhex("B2 00 00"),
     (("view", "u16"), ("control", "u16")), (),
