@@ -291,6 +291,59 @@ TEST_CASE("faults in files are reported with their position and what was expecte
     CHECK(contains(broken.say(R"({"do": "load", "dir": ")" + project.top + "\"}"), "cannot be read"));
 }
 
+// Returns splices that replace `count` random numbers in a text, as JSON.
+static std::string random_splices(const std::string &text, s32 count, u32 *seed) {
+    static constexpr const char *keys[] = {"\"x\": ", "\"y\": ", "\"width\": ", "\"height\": ", "_color\": "};
+    std::string out;
+    for (s32 i = 0; i < count; i++) {
+        size_t at = std::string::npos;
+        while (at == std::string::npos) {
+            *seed = *seed * 1664525 + 1013904223;
+            const std::string key = keys[(*seed >> 8) % std::size(keys)];
+            at = text.find(key, (*seed >> 10) % text.size());
+            at = at == std::string::npos ? at : at + key.size();
+        }
+        const size_t end = text.find_first_not_of("-0123456789", at);
+        const bool number = end > at && end - at < 4; // of the same length, so that the places stay
+        const std::string with = number ? std::to_string(*seed >> 4).substr(0, end - at) : text.substr(at, end - at);
+        out += (i ? ", [" : "[") + std::to_string(at) + ", " + std::to_string(end) + ", \"" + with + "\"]";
+    }
+    return out;
+}
+
+TEST_CASE("a view that is edited in place looks as a fresh player draws it, for all types, and again as on the disk") {
+    const std::string folder = ZOF_GALLERY_DIR "/res";
+    const std::string load = R"({"do": "load", "dir": ")" + folder + "\"}";
+    player kept;
+    u32 seed = 7;
+    cJSON *project = cJSON_Parse(kept.say(load).c_str());
+    const cJSON *view = nullptr;
+    cJSON_ArrayForEach(view, cJSON_GetObjectItem(project, "views")) {
+        const std::string name = str(cJSON_GetObjectItem(view, "name")->valuestring);
+        const std::string file = R"({"do": "edit", "file": "config/view/)" + name + ".g\"";
+        const std::string show = R"({"do": "show", "alone": 1, "view": ")" + name + "\"}";
+        const std::string splices = random_splices(file_text(folder + "/config/view/" + name + ".g"), 6, &seed);
+        INFO(name << ": " << splices);
+        kept.say(show);
+        const std::vector<u32> before = kept.picture();
+        CHECK(contains(kept.say(file + ", \"splices\": [" + splices + "]}"), "\"ok\":true"));
+
+        player fresh;
+        fresh.say(R"({"do": "load", "view": ")" + std::string(name == "index" ? "labels" : "index") + R"(", "dir": ")" +
+                  folder + "\"}");
+        fresh.say(file + ", \"splices\": [" + splices + "]}");
+        fresh.say(show);
+        CHECK(kept.picture() == fresh.picture());
+        kept.say(file + "}");
+        CHECK(kept.picture() == before);
+    }
+    cJSON_Delete(project);
+    CHECK(contains(kept.say(R"({"do": "edit", "file": "config/view/index.g", "splices": [[0, 1, "?"]]})"),
+                   "\"ok\":false"));
+    CHECK(contains(kept.say(R"({"do": "edit", "file": "config/view/index.g", "splices": [[0, 1e9, ""]]})"), "splices"));
+    CHECK(contains(kept.say(R"({"do": "edit", "file": "config/project/zofprj.g"})"), "must be a view"));
+}
+
 TEST_CASE("the manual lists the player's commands as they are") {
     player p;
     const std::string manual = file_text(ZOF_SOURCE_DIR "/docs/player.md");
@@ -302,6 +355,6 @@ TEST_CASE("the manual lists the player's commands as they are") {
                                    (args.empty() ? "| " : " | ") + str(cJSON_GetObjectItem(row, "needs")->valuestring) +
                                    " | " + str(cJSON_GetObjectItem(row, "help")->valuestring) + " |\n"));
     }
-    CHECK(cJSON_GetArraySize(cJSON_GetObjectItem(reply, "commands")) == 18);
+    CHECK(cJSON_GetArraySize(cJSON_GetObjectItem(reply, "commands")) == 19);
     cJSON_Delete(reply);
 }

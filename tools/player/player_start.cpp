@@ -1,10 +1,12 @@
-// Starts a project without an application, and drives its clock. Every control gets an event function that does
-// nothing, because only controls with such a function report their events to the inspector.
+// Starts a project without an application, and drives its clock. Every control gets an event function, which reports
+// what users do with it when time is real.
 #include <algorithm>
 
+#include "control/zof_ctrl.h"
 #include "drv/zof_drv_file.h"
 #include "drv/zof_loop_in.h"
 #include "func/zof_func.h"
+#include "hmi/zof_hmi_event.h"
 #include "player.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"
@@ -39,7 +41,23 @@ void player_clock_advance(u32 ms) {
     }
 }
 
-static void event_ignore(zof_ctrl_t *, zof_event_e) {
+// Reports the events that a host would receive, with what the control stands at.
+static void event_report(zof_ctrl_t *ctrl, zof_event_e code) {
+    const auto *record = (const para_t *)ctrl;
+    for (u32 i = ZOF_HMI_EVENT_CLICKED; player_options.live && i < ZOF_HMI_EVENT_COUNT; i++) {
+        if (zof_hmi_event_rows[i].event != code || !record->attr) {
+            continue;
+        }
+        zof_ctrl_value_t value = {};
+        cJSON *event = inspect_event("control");
+        cJSON_AddStringToObject(event, "control", inspect_path(record->attr->view_id, record->id).c_str());
+        cJSON_AddStringToObject(event, "what", zof_hmi_event_rows[i].name);
+        if (zof_ctrl_has_value(record) && zof_ctrl_get_value(ctrl, &value) == 0) {
+            cJSON_AddNumberToObject(event, "value", value.number);
+            cJSON_AddStringToObject(event, "text", value.text ? value.text : "");
+        }
+        inspect_send(event);
+    }
 }
 
 static bool is_project(const std::string &folder) {
@@ -87,5 +105,5 @@ std::string player_start(const char *dir) {
         zof_func_pwon();
     }
     inspect_writes_watch();
-    return zof_plain_create(event_ignore) == 0 ? "" : folder + ": the project file has no views";
+    return zof_plain_create(event_report) == 0 ? "" : folder + ": the project file has no views";
 }

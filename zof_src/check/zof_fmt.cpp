@@ -45,8 +45,7 @@ static void value_put(fmt_t *f, u32 node, const char *text) {
     f->copied = at->end;
 }
 
-// Writes the name of a number in quotes. Returns false if no name stands for exactly this number.
-static bool name_write(const reflect_item_t *row, double number, char *out, size_t size) {
+zof_bool zof_fmt_name(const reflect_item_t *row, double number, char *out, size_t size) {
     char name[VALUE_SIZE - 2];
     s64 again = 0;
     if (number != std::trunc(number) || std::fabs(number) > UINT32_MAX || number == INT32_MAX) {
@@ -68,7 +67,7 @@ static void scalar_convert(fmt_t *f, u32 node, const reflect_item_t *row) {
     double number = 0;
     s64 value = 0;
     if (f->names && zof_jdoc_number(f->doc, node, &number) == 0) {
-        if (name_write(row, number, text, sizeof text)) {
+        if (zof_fmt_name(row, number, text, sizeof text)) {
             value_put(f, node, text);
         }
     } else if (!f->names && zof_jdoc_text(f->doc, node, text, sizeof text) >= 0 &&
@@ -78,18 +77,23 @@ static void scalar_convert(fmt_t *f, u32 node, const reflect_item_t *row) {
     }
 }
 
-static const zof_cat_record_t *property_record(const fmt_t *f, u32 property) {
-    const u32 node = zof_jdoc_get(f->doc, f->doc->nodes[property].parent, "type");
+// Returns the record that the `type` of an entry of `controls` decides.
+static const zof_cat_record_t *property_record(const zof_jdoc_t *doc, u32 entry) {
+    const u32 node = zof_jdoc_get(doc, entry, "type");
     char text[64];
     double number = 0;
     s64 type = 0;
-    if (zof_jdoc_number(f->doc, node, &number) == 0) {
+    if (zof_jdoc_number(doc, node, &number) == 0) {
         type = number >= 0 && number <= INT32_MAX ? (s64)number : -1;
-    } else if (node != ZOF_J_NONE && (zof_jdoc_text(f->doc, node, text, sizeof text) < 0 ||
-                                      csonTextRead(zof_entry_t_tbl, text, &type) != 0)) {
+    } else if (node != ZOF_J_NONE &&
+               (zof_jdoc_text(doc, node, text, sizeof text) < 0 || csonTextRead(zof_entry_t_tbl, text, &type) != 0)) {
         type = -1;
     }
     return type >= 0 && type < ZOF_CTRL_TYPE_COUNT ? zof_cat_types[type].record : nullptr;
+}
+
+const zof_cat_record_t *zof_fmt_record(const zof_jdoc_t *doc, u32 object, const zof_cat_key_t *key) {
+    return key->record || key->kind != ZOF_CAT_OBJECT ? key->record : property_record(doc, object);
 }
 
 static void object_convert(fmt_t *f, u32 node, const zof_cat_record_t *record);
@@ -99,7 +103,7 @@ static void member_convert(fmt_t *f, u32 node, const zof_cat_record_t *record, c
     const zof_jnode_t *at = &f->doc->nodes[node];
     const reflect_item_t *row = zof_cat_row(record, key);
     if (at->kind == ZOF_J_OBJECT && key->kind == ZOF_CAT_OBJECT) {
-        object_convert(f, node, key->record ? key->record : property_record(f, node));
+        object_convert(f, node, zof_fmt_record(f->doc, at->parent, key));
     } else if (at->kind == ZOF_J_ARRAY && key->kind == ZOF_CAT_ARRAY) {
         for (u32 child = at->child; child != ZOF_J_NONE; child = f->doc->nodes[child].next) {
             object_convert(f, child, key->record);
@@ -138,8 +142,7 @@ static bool path_fits(const char *path, const char *pattern) {
     return *path == 0;
 }
 
-// Returns the row of a JSON file, or null if a project folder has no such file.
-static const zof_cat_file_t *file_row(const char *path) {
+const zof_cat_file_t *zof_fmt_file(const char *path) {
     for (const char *at = path; at; at = std::strchr(at, '/') ? std::strchr(at, '/') + 1 : nullptr) {
         for (u32 i = 0; i < zof_cat_file_count; i++) {
             const zof_cat_file_t *file = &zof_cat_files[i];
@@ -152,7 +155,7 @@ static const zof_cat_file_t *file_row(const char *path) {
 }
 
 char *zof_fmt(const char *path, const char *text, size_t size, zof_bool names, size_t *out_size) {
-    const zof_cat_file_t *file = file_row(path);
+    const zof_cat_file_t *file = zof_fmt_file(path);
     zof_jdoc_t doc;
     const s32 faults = file ? zof_jdoc_read(&doc, text, size) : -1;
     if (faults < 0) {

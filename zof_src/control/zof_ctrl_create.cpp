@@ -8,6 +8,7 @@
 #include "project/look/zof_j2s_ctrl.h"
 #include "project/look/zof_style.h"
 #include "project/path/zof_res.h"
+#include "project/view/zof_view_layer.h"
 #include "zof_lib/zof_stdio.h"
 
 s32 zof_ctrl_create(lv_obj_t *parent_obj, para_t *record, void *attr, u32 ctrl_type) {
@@ -62,6 +63,29 @@ static void events_add(para_t *record) {
     for (u8 code : passed_on) {
         lv_obj_add_event_cb(record->obj, zof_event_cb_t, (lv_event_code_t)code, record);
     }
+}
+
+// Connects the events again, in the order of a new control.
+static void events_renew(zof_view_node_t *, para_t *record) {
+    if (!record->obj) {
+        return;
+    }
+    for (lv_event_cb_t old : {event_deleted, event_watched, zof_event_cb_t}) {
+        while (lv_obj_remove_event_cb(record->obj, old)) {
+        }
+    }
+    events_add(record);
+}
+
+s32 zof_ctrl_watch_update(void) {
+    const zof_prj_t *prj = zof_prj_get_cur();
+    if (!prj || !prj->view_list) {
+        return -1;
+    }
+    zof_hold hold;
+    __db_list_travel(prj->view_list,
+                     [](void *view) { zof_view_ctrls_each((zof_view_node_t *)view, false, events_renew); });
+    return 0;
 }
 
 // Controls compute with their attributes, so these are limited first.

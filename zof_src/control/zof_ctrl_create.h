@@ -31,6 +31,10 @@ para_t *zof_ctrl_show(u32 view_id, u32 ctrl_id);
 // project.
 s32 zof_ctrl_txt_update(void);
 
+// Asks for all existing controls again whether their events are watched (zof_ctrl_up.ctrl_watched). Returns 0, or -1
+// without a project.
+s32 zof_ctrl_watch_update(void);
+
 // The rows of all types, by number, and the names of their theme files.
 extern const zof_ctrl_class_t *const zof_ctrl_classes[ZOF_CTRL_TYPE_COUNT];
 extern const char *const themeFileName[ZOF_CTRL_TYPE_COUNT];

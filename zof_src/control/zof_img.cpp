@@ -2,6 +2,7 @@
 #include "control/zof_img.h"
 
 #include "control/zof_ctrl_in.h"
+#include "control/zof_txt.h"
 #include "project/look/zof_lang.h"
 #include "project/look/zof_picture.h"
 #include "project/look/zof_style.h"
@@ -70,7 +71,12 @@ s32 zof_img_create(para_t *record, lv_obj_t *parent, void *attr) {
 
 s32 zof_img_set_src(zof_ctrl_t *ctrl, const char *name) {
     return zof_on(ctrl, &lv_img_class, [=](lv_obj_t *obj) {
-        const char *path = zof_res_picture_path(zof_lang_get_cur_str(name));
+        const char *shown = zof_lang_get_cur_str(name);
+        zof_img_attr_t *img = zof_ctrl_attr<zof_img_attr_t>(ctrl, ZOF_CTRL_IMG);
+        if (img && zof_lang_check_str(name) && shown != name) {
+            zof_txt_change(&img->init_img, name); // a key that the next language looks up
+        }
+        const char *path = zof_res_picture_path(shown);
         lv_img_set_src(obj, path);
         if (path && ((lv_img_t *)obj)->w == 0) {
             zof_img_missing(path);

@@ -175,7 +175,9 @@ s32 zof_list_del(para_t *record) {
     if (!attr) {
         return -1;
     }
-    zof_list_remove_all(record);
+    if (record->obj) { // else it has been deleted, with its buttons
+        zof_list_remove_all(record);
+    }
     items_clear(attr);
     __db_list_destory(attr->opt_list, nullptr);
     attr->opt_list = nullptr;

@@ -15,6 +15,12 @@ void zof_image_init(void);
 // not installed or not built in. The text is valid until the next call on the same thread. Any thread; needs no device.
 const char *zof_media_fault(const char *path);
 
+// Whether FFmpeg, which decodes clips, compressed sounds and JPEG pictures, can be used.
+enum { ZOF_FFMPEG_READY = 0, ZOF_FFMPEG_NOT_INSTALLED = 1, ZOF_FFMPEG_NOT_BUILT_IN = 2 };
+
+// Returns ZOF_FFMPEG_*. Loads the libraries, and logs the one that is missing. Any thread.
+u32 zof_media_ffmpeg(void);
+
 // Returns false for a clip or compressed sound, by its name, in a build without FFmpeg. Any thread.
 zof_bool zof_media_built_in(const char *path);
 

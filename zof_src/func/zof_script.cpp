@@ -98,13 +98,13 @@ static step_e cmd_tap() {
     return rested() >= 2 * TAP_MS ? DONE : AGAIN;
 }
 
-// The finger rests at the end before it lifts, so that the widgets see it there.
+// The finger rests at the end before it lifts, so that the widgets see it there, and stays up as after `release`.
 static step_e cmd_drag() {
     const s64 time = LV_MAX(duration(5), 1);
     const s64 now = elapsed() < time ? elapsed() : time;
     pointer((s32)(number(1) + (number(3) - number(1)) * now / time),
             (s32)(number(2) + (number(4) - number(2)) * now / time), elapsed() < time + TAP_MS);
-    return elapsed() < time + TAP_MS ? AGAIN : DONE;
+    return elapsed() < time + 2 * TAP_MS ? AGAIN : DONE;
 }
 
 static step_e cmd_shot() {

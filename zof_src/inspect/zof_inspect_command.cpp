@@ -142,6 +142,10 @@ static std::string cmd_state(const cJSON *args, cJSON *) {
     return "";
 }
 
+static std::string cmd_edit(const cJSON *args, cJSON *) {
+    return inspect_edit(args);
+}
+
 static std::string cmd_pointer(const cJSON *args, cJSON *) {
     zof_drv_aid_pointer(inspect_number(args, "x", 0), inspect_number(args, "y", 0), is_true(args, "down"));
     return "";
@@ -283,6 +287,9 @@ static const struct command_t {
      cmd_show, INSPECT_WRITE, false},
     {"state", "control state", "Sets the states of a control: \"pressed+checked\"; \"default\" clears them.", cmd_state,
      INSPECT_WRITE, false},
+    {"edit", "file text? splices?",
+     "Reads a view's file again, or shows another text in its place, without writing it.", cmd_edit, INSPECT_PLAYER,
+     false},
     {"pointer", "x y down", "Moves the finger, and puts it down or lifts it.", cmd_pointer, INSPECT_WRITE, false},
     {"key", "key down", "Presses or releases a key, by its code.", cmd_key, INSPECT_WRITE, false},
     {"advance", "ms", "Lets this time pass.", cmd_advance, INSPECT_PLAYER, false},

@@ -138,11 +138,17 @@ void inspect_writes_watch();                  // starts to keep the values that 
 cJSON *inspect_snapshot();                    // views, language, theme, scroll positions, written values
 std::string inspect_restore(const cJSON *state);
 
+// zof_inspect_edit.cpp -----------------------------------------------------------------------------------------------
+std::string inspect_edit(const cJSON *args);
+
 // zof_inspect_message.cpp: faults of files become events. With `log` they are logged, too. Only the first call counts.
 void inspect_messages_start(bool log);
 
 // zof_inspect_place.cpp ----------------------------------------------------------------------------------------------
 // Adds "place" and "styles" to a control: where they are in the project's files.
 void inspect_places_add(cJSON *out, const zof_view_node_t *view, const para_t *record);
+
+// Forgets what was read of a file, because it has changed.
+void inspect_places_forget(const char *path);
 
 #endif

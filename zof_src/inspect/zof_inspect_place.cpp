@@ -1,19 +1,18 @@
 // Places of controls and styles in the project's files. A file is read a second time, by the JSON reader with
 // positions, when one of its positions is first requested.
+#include <cstring>
 #include <map>
 
-#include "drv/zof_drv_file.h"
 #include "inspect/zof_inspect_in.h"
 #include "project/base/zof_prj_up.h"
 #include "project/look/zof_look_in.h"
 #include "project/path/zof_res.h"
+#include "project/read/zof_j2s.h"
 #include "project/view/zof_view.h"
 #include "zof_lib/zof_jdoc.h"
 #include "zof_lib/zof_stdio.h"
 
-enum { FILE_MAX = 64 << 20 };
-
-// A parsed file; its text lives as long as the process.
+// A parsed file, which owns its text.
 struct placed_t {
     std::string path;
     zof_jdoc_t doc;
@@ -32,9 +31,21 @@ static void controls_index(placed_t *file) {
     }
 }
 
+static std::map<std::string, placed_t *> &files = *new std::map<std::string, placed_t *>; // never destroyed
+
+void inspect_places_forget(const char *path) {
+    const auto found = files.find(path);
+    placed_t *file = found == files.end() ? nullptr : found->second;
+    if (file) {
+        zof_free((void *)file->doc.text);
+        zof_jdoc_free(&file->doc);
+    }
+    delete file;
+    files.erase(path);
+}
+
 // Returns the file, parsed at the first call, or null if it cannot be read.
 static placed_t *placed(const char *path) {
-    static auto &files = *new std::map<std::string, placed_t *>; // never destroyed, like what is in it
     if (!path) {
         return nullptr;
     }
@@ -42,12 +53,10 @@ static placed_t *placed(const char *path) {
     if (found != files.end()) {
         return found->second;
     }
-    u32 size = 0;
-    const char *why = nullptr;
     const std::string name = path; // the path buffer is shared
-    auto *text = (const char *)zof_file_read_all(path, FILE_MAX, &size, &why);
+    const char *text = zof_j2s_text(path, nullptr);
     placed_t *file = text ? new placed_t{name, {}, {}} : nullptr;
-    if (file && zof_jdoc_read(&file->doc, text, size) >= 0 && file->doc.count) {
+    if (file && zof_jdoc_read(&file->doc, text, strlen(text)) >= 0 && file->doc.count) {
         controls_index(file);
     }
     files[name] = file;

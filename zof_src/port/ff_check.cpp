@@ -90,3 +90,7 @@ const char *zof_media_fault(const char *path) {
 zof_bool zof_media_built_in(const char *) {
     return ZOF_TRUE;
 }
+
+u32 zof_media_ffmpeg(void) {
+    return ff_lib_open() ? ZOF_FFMPEG_READY : ZOF_FFMPEG_NOT_INSTALLED;
+}

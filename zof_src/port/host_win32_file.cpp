@@ -240,15 +240,40 @@ static bool real_name(wchar_t *path, char *out, size_t size) {
     return true;
 }
 
-s32 zof_host_real_path(const char *path, char *out, size_t size) {
-    const HANDLE file = object_open(path, 0, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS); // the flag admits folders
+// Resolves an absolute path with all of its links. Returns the length of the result, or 0. Wine's call fails for a long
+// path: its folder is resolved instead, and the name in it stays unless it is a link.
+static size_t final_path(wchar_t *wide, wchar_t *real) {
+    const HANDLE file = CreateFileW(wide, 0, SHARE_ALL, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (file == INVALID_HANDLE_VALUE) {
-        return -1;
+        host_errno_take();
+        return 0;
     }
-    wchar_t real[HOST_PATH_MOST];
     const DWORD length = GetFinalPathNameByHandleW(file, real, HOST_PATH_MOST, FILE_NAME_NORMALIZED);
     CloseHandle(file);
-    return length && length < HOST_PATH_MOST && real_name(real, out, size) ? 0 : -1;
+    wchar_t *name = wcsrchr(wide, L'\\');
+    if (length || !name || wcslen(wide) < PLAIN_MOST || GetFileAttributesW(wide) & FILE_ATTRIBUTE_REPARSE_POINT) {
+        return length < HOST_PATH_MOST ? length : 0;
+    }
+    *name = L'\0';
+    const size_t folder = final_path(wide, real);
+    if (folder == 0 || folder + 1 + wcslen(name + 1) >= HOST_PATH_MOST) {
+        return 0;
+    }
+    real[folder] = L'\\';
+    wcscpy(real + folder + 1, name + 1);
+    return wcslen(real);
+}
+
+s32 zof_host_real_path(const char *path, char *out, size_t size) {
+    wchar_t wide[HOST_PATH_MOST], real[HOST_PATH_MOST];
+    if (!host_path_wide(path, wide)) {
+        return -1;
+    }
+    const size_t length = wcslen(wide);
+    if (length >= PLAIN_MOST && wide[length - 1] == L'\\') { // no root is as long
+        wide[length - 1] = L'\0';
+    }
+    return final_path(wide, real) && real_name(real, out, size) ? 0 : -1;
 }
 
 // A drive with a root, or two separators: a share, or an extended path.

@@ -31,6 +31,10 @@ zof_bool zof_media_built_in(const char *path) {
     return !zof_suffix_is(path, ".mp4") && !zof_suffix_is(path, ".mp3") && !zof_suffix_is(path, ".aac");
 }
 
+u32 zof_media_ffmpeg(void) {
+    return ZOF_FFMPEG_NOT_BUILT_IN;
+}
+
 const lv_obj_class_t lv_ffmpeg_player_class = {
     .base_class = &lv_img_class,
     .instance_size = sizeof(lv_img_t),

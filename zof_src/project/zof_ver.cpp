@@ -17,7 +17,8 @@ static struct {
 
 const char *zof_sdk_get_version(void) {
     if (versions.sdk[0] == '\0') {
-        std::snprintf(versions.sdk, sizeof versions.sdk, "%s-%02d%02d%02d%02d%02d%02d", "1.4.12", 25, 10, 24, 9, 6, 48);
+        std::snprintf(versions.sdk, sizeof versions.sdk, "%s-%02d%02d%02d%02d%02d%02d", ZOF_VERSION, 25, 10, 24, 9, 6,
+                      48);
     }
     return versions.sdk;
 }

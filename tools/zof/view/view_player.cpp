@@ -135,8 +135,11 @@ bool view_player_poll(view_player_t *player, const view_line_fn &fn) {
     return n == 0;
 }
 
-void view_player_wait(const std::vector<view_player_t *> &players, intptr_t other, s32 ms) {
+void view_player_wait(const std::vector<view_player_t *> &players, intptr_t other, s32 ms, stream_t *wake) {
     std::vector<stream_wait_t> streams;
+    if (wake) {
+        streams.push_back({wake, false});
+    }
     for (const view_player_t *player : players) {
         if (view_player_runs(player)) {
             streams.push_back({player->child.output, false});

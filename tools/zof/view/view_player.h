@@ -46,8 +46,9 @@ s32 view_player_send(view_player_t *player, cJSON *command);
 // ended.
 bool view_player_poll(view_player_t *player, const view_line_fn &line);
 
-// Waits until one of the players is ready, or the handle `other` unless it is -1, for at most `ms`.
-void view_player_wait(const std::vector<view_player_t *> &players, intptr_t other, s32 ms);
+// Waits until one of the players is ready, or the handle `other` unless it is -1, or `wake` unless it is null, for at
+// most `ms`.
+void view_player_wait(const std::vector<view_player_t *> &players, intptr_t other, s32 ms, stream_t *wake = nullptr);
 
 // Sends a command and waits for its reply, which the caller deletes. Returns null if the player has ended or does not
 // answer for 60 seconds. Events received meanwhile are passed to `event`.

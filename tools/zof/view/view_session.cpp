@@ -221,7 +221,7 @@ static void change_note(view_session_t *session) {
 
 // While a project is loading, further changes wait; otherwise a series of quick changes would never show any of them.
 static void change_check(view_session_t *session) {
-    if (view_watch_changed(&session->watch)) {
+    if (view_watch_changed(&session->watch) && (!session->changed_fn || session->changed_fn())) {
         change_note(session);
     }
     if (!session->changed || session->load_id) {
@@ -266,12 +266,18 @@ void view_session_stop(view_session_t *session) {
 }
 
 void view_session_step(view_session_t *session, s32 ms) {
-    view_player_wait({&session->shown, &session->next}, session->watch.handle, session->changed ? 2 : ms);
+    std::vector<view_player_t *> players = {&session->shown, &session->next};
+    players.insert(players.end(), session->also.begin(), session->also.end());
+    view_player_wait(players, session->watch.handle, session->changed ? 2 : ms, session->wake);
     shown_poll(session);
     if (session->load_id) {
         next_poll(session);
     }
     change_check(session);
+}
+
+void view_session_reload(view_session_t *session) {
+    change_note(session);
 }
 
 s32 view_session_send(view_session_t *session, cJSON *command) {

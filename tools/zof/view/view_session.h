@@ -25,6 +25,10 @@ struct view_session_t {
     bool drawn;                              // set when the picture has changed; the window clears it
     std::function<void(const cJSON *)> tell; // receives events and replies of the player on screen; may be empty
 
+    std::function<bool()> changed_fn;  // whether a change of the folder needs a new player; empty: each does
+    std::vector<view_player_t *> also; // players and a stream that end the wait of a step, too
+    stream_t *wake;
+
     view_player_t shown, next, spare;
     view_watch_t watch;
     std::string message; // first message of the player that is loading
@@ -46,6 +50,9 @@ void view_session_stop(view_session_t *session);
 
 // Waits for events, for at most `ms`, and handles them.
 void view_session_step(view_session_t *session, s32 ms);
+
+// Loads the project again, as after a change of its folder.
+void view_session_reload(view_session_t *session);
 
 // Sends a command to the player on screen and takes ownership of it. Returns its id, or 0 if there is no player.
 s32 view_session_send(view_session_t *session, cJSON *command);

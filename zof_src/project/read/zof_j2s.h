@@ -14,6 +14,10 @@ ZOF_C_BEGIN
 // may be null, otherwise it gets the reason, null for a file that cannot be opened.
 char *zof_j2s_text(const char *path, const char **why);
 
+// From now on the text is read in place of the file at `path`, for tools that show a change before it is written. The
+// text is copied; null ends it.
+void zof_j2s_shadow(const char *path, const char *text, size_t size);
+
 // A file's text and its parsed root; both null on failure.
 typedef struct {
     char *content;

@@ -1,5 +1,8 @@
 // Reads whole project files.
 #include <cstdio>
+#include <cstring>
+#include <map>
+#include <string>
 
 #include "drv/zof_drv_file.h"
 #include "project/read/zof_j2s.h"
@@ -27,11 +30,36 @@ static char *read_all(FILE *file, const char **why) {
     return text;
 }
 
+static std::map<std::string, std::string> *shadows; // null until the first one
+
+void zof_j2s_shadow(const char *path, const char *text, size_t size) {
+    shadows = shadows ? shadows : new std::map<std::string, std::string>;
+    if (text) {
+        (*shadows)[path].assign(text, size);
+    } else {
+        shadows->erase(path);
+    }
+}
+
+// Returns a copy of the text that is read in place of a file; null if there is none.
+static char *shadow_of(const char *path) {
+    const auto found = shadows && path ? shadows->find(path) : std::map<std::string, std::string>::iterator();
+    if (!shadows || !path || found == shadows->end()) {
+        return nullptr;
+    }
+    auto *text = (char *)zof_malloc(found->second.size() + 1);
+    return text ? (char *)std::memcpy(text, found->second.c_str(), found->second.size() + 1) : nullptr;
+}
+
 char *zof_j2s_text(const char *path, const char **why) {
-    FILE *file = zof_file_read_open(path);
     const char *none = nullptr;
     why = why ? why : &none;
     *why = nullptr;
+    char *shadow = shadow_of(path);
+    if (shadow) {
+        return shadow;
+    }
+    FILE *file = zof_file_read_open(path);
     if (!file) {
         return nullptr;
     }

@@ -164,6 +164,17 @@ static void show_on_layer(zof_view_node_t *node, zof_layer_se layer) {
     zof_view_layer_set_root(layer, node->obj);
 }
 
+void zof_view_dress(zof_view_node_t *node) {
+    const zof_layer_se layer = zof_view_layer_of(node);
+    zof_view_bg_paint(node);
+    lv_obj_set_scrollbar_mode(node->obj, LV_SCROLLBAR_MODE_OFF);
+    if (layer == ZOF_LAYER_UI) {
+        show_on_screen(node, 0, 0, 0, ZOF_ANIM_PATH_NONE);
+    } else {
+        show_on_layer(node, layer);
+    }
+}
+
 s32 zof_view_set_dis_view_anim(u32 id, u32 transition, u32 time, u32 delay, u32 path) {
     if (!views_ready(id)) {
         return -1;

@@ -27,6 +27,9 @@ s32 zof_view_ctrls_each(zof_view_node_t *view, bool last_first, void (*fn)(zof_v
 // Sets the colour and opacity of the view's object from its record.
 void zof_view_bg_paint(zof_view_node_t *node);
 
+// Gives the object of a view that is shown what its record says of it: background and layer.
+void zof_view_dress(zof_view_node_t *node);
+
 // Draws the background image: JPEG and PNG as an image object of the view, others by the display driver.
 void zof_view_set_bg_img(zof_view_node_t *node, const char *image);
 
