@@ -21,6 +21,11 @@ void stream_close(stream_t *stream); // null is ignored
 s32 stream_read(stream_t *stream, void *out, u32 size);
 s32 stream_write(stream_t *stream, const void *data, u32 size);
 
+// A stream for stream_wait that any thread can make readable, without waiting, until it is cleared.
+stream_t *stream_wake_make();
+void stream_wake(stream_t *stream);
+void stream_wake_clear(stream_t *stream);
+
 // Waits until one of the streams can be read, or written, or something has happened to `other`, which is a handle of
 // the system (-1 for none), for at most `ms`.
 struct stream_wait_t {
@@ -62,6 +67,9 @@ void child_kill(child_t *child);
 
 // Starts an editor on a line of a file, from a command such as "code" or "emacs -nw", without waiting for it.
 void editor_start(const std::string &command, const std::string &file, s32 line);
+
+// Opens an address in the user's browser, without waiting for it.
+void browser_open(const std::string &address);
 
 // Returns a stream to the standard output, for a protocol; what is printed from then on goes to the error stream.
 FILE *output_take();

@@ -9,6 +9,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/eventfd.h>
 #include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -46,6 +47,20 @@ stream_t *stream_connect(u32 port) {
     return nullptr;
 }
 
+stream_t *stream_wake_make() {
+    return new stream_t{eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
+}
+
+void stream_wake(stream_t *stream) {
+    const u64 one = 1;
+    (void)!write(stream->fd, &one, sizeof(one));
+}
+
+void stream_wake_clear(stream_t *stream) {
+    u64 count = 0;
+    (void)!read(stream->fd, &count, sizeof(count));
+}
+
 void stream_close(stream_t *stream) {
     if (stream) {
         close(stream->fd);
@@ -69,6 +84,7 @@ s32 stream_write(stream_t *stream, const void *data, u32 size) {
 
 void stream_wait(const std::vector<stream_wait_t> &streams, intptr_t other, s32 ms) {
     std::vector<pollfd> files;
+    files.reserve(streams.size() + 1);
     for (const auto &[stream, write] : streams) {
         files.push_back({stream->fd, (short)(write ? POLLOUT : POLLIN), 0});
     }
@@ -156,6 +172,14 @@ void editor_start(const std::string &command, const std::string &file, s32 line)
     if (process) {
         started.push_back(process);
     }
+}
+
+void browser_open(const std::string &address) {
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    spawn({"xdg-open", address}, &files);
+    posix_spawn_file_actions_destroy(&files);
 }
 
 FILE *output_take() {

@@ -6,6 +6,8 @@
 
 #include "port/host_win32.h"
 
+#include <shellapi.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
@@ -99,6 +101,18 @@ stream_t *stream_connect(u32 port) {
     return nullptr;
 }
 
+stream_t *stream_wake_make() {
+    return stream_make(INVALID_HANDLE_VALUE, false, false);
+}
+
+void stream_wake(stream_t *stream) {
+    SetEvent(stream->in.call.hEvent);
+}
+
+void stream_wake_clear(stream_t *stream) {
+    ResetEvent(stream->in.call.hEvent);
+}
+
 void stream_close(stream_t *stream) {
     if (!stream) {
         return;
@@ -107,7 +121,7 @@ void stream_close(stream_t *stream) {
     half_end(stream, &stream->out);
     if (stream->is_socket) {
         closesocket((SOCKET)stream->file);
-    } else {
+    } else if (stream->file != INVALID_HANDLE_VALUE) {
         CloseHandle(stream->file);
     }
     delete stream;
@@ -322,6 +336,10 @@ void editor_start(const std::string &command, const std::string &file, s32 line)
         CloseHandle(process.hThread);
         CloseHandle(process.hProcess);
     }
+}
+
+void browser_open(const std::string &address) {
+    ShellExecuteW(nullptr, L"open", wide(address).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
 }
 
 FILE *output_take() {
