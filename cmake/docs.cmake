@@ -1,5 +1,6 @@
 # The reference. zof_reference writes its pages and all their snippets; a program made of the snippets takes the pictures;
-# the target `docs` makes HTML with MkDocs, which nothing else needs.
+# the target `docs` makes HTML with MkDocs, which nothing else needs. The pictures of the page for newcomers are taken while a
+# script follows it, from an installed tree.
 set(docs ${PROJECT_SOURCE_DIR}/docs)
 set(reference ${PROJECT_BINARY_DIR}/reference)
 file(GLOB reference_pages CONFIGURE_DEPENDS ${docs}/*.md ${docs}/types/*.md ${docs}/mkdocs.yml)
@@ -40,8 +41,13 @@ endif()
 add_custom_target(docs VERBATIM COMMENT "The reference as HTML in docs/html"
   COMMAND ${CMAKE_COMMAND} -E env SDL_VIDEODRIVER=offscreen SDL_AUDIODRIVER=dummy ZOF_STATE= ZOF_SCRIPT=session
           ZOF_SHOTS=${reference}/pages/pictures ${CMAKE_COMMAND} -E chdir ${reference}/panel $<TARGET_FILE:reference_panel> > ${reference}/panel.log
-  COMMAND ${CMAKE_COMMAND} -E copy ${docs}/panel.png ${docs}/gallery.png ${reference}/pages
+  COMMAND ${CMAKE_COMMAND} -E rm -rf ${reference}/prefix
+  COMMAND ${CMAKE_COMMAND} --install ${PROJECT_BINARY_DIR} --component dev --prefix ${reference}/prefix > ${reference}/install.log
+  COMMAND ${CMAKE_COMMAND} --install ${PROJECT_BINARY_DIR} --component tools --prefix ${reference}/prefix > ${reference}/install.log
+  COMMAND ${CMAKE_COMMAND} -E env PATH=${reference}/prefix/bin:$ENV{PATH} CMAKE_PREFIX_PATH=${reference}/prefix
+          ${ZOF_PYTHON} ${PROJECT_SOURCE_DIR}/tools/reference/walk.py ${reference}/walk ${reference}/pages/pictures ${docs}/ten_minutes.md
+  COMMAND ${CMAKE_COMMAND} -E copy ${docs}/panel.png ${docs}/gallery.png ${docs}/design.png ${reference}/pages
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${docs}/offline ${reference}/offline
   COMMAND ${mkdocs}
   COMMAND ${CMAKE_COMMAND} -DHTML=${html} -P ${PROJECT_SOURCE_DIR}/cmake/search_index.cmake
-  DEPENDS reference_panel)
+  DEPENDS reference_panel zof zof_tool zof_player board_sim zof_describe zof_describe_manual zof_player_manual board_sim_manual)

@@ -43,6 +43,11 @@ install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/html DESTINATION ${zof_doc}/zof-dev
 install(TARGETS zof_tool board_sim zof_player COMPONENT tools)
 install(FILES ${PROJECT_BINARY_DIR}/tools/zof.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zof
         COMPONENT tools)
+get_property(zof_design_built GLOBAL PROPERTY ZOF_DESIGN_BUILT)
+if(zof_design_built) # what is in the page
+  install(FILES ${PROJECT_BINARY_DIR}/tools/design_page/licences.txt DESTINATION ${zof_doc}/zof-tools RENAME copyright.page
+          COMPONENT tools)
+endif()
 
 install(TARGETS zof_bench COMPONENT bench)
 install(DIRECTORY ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_STAGE}/licences DESTINATION ${CMAKE_INSTALL_DATADIR}/zof_bench COMPONENT bench)

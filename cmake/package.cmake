@@ -4,7 +4,7 @@ set(zof_maintainer "zof maintainers <maintainers@zof.invalid>")
 
 # What Debian wants in share/doc of each package: who may copy what is in it, and its changes.
 set(zof_copied_dev lvgl)
-set(zof_copied_tools lvgl libcli11-dev)
+set(zof_copied_tools lvgl libcli11-dev libboost1.74-dev)
 set(zof_copied_bench lvgl libboost1.74-dev fonts-inter-variable)
 foreach(component dev tools bench)
   set(package zof-${component})

@@ -3,7 +3,6 @@
 # texts. A second folder is staged for tests, with a version and build time that never change.
 find_program(ZOF_PYTHON NAMES python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED) # Debian's own, which finds Debian's modules
 
-set(ZOF_BENCH_VERSION 1.1.0)
 string(TIMESTAMP ZOF_BENCH_TIME "%Y-%m-%d %H:%M" UTC)
 set(ZOF_BENCH_STAGE ${PROJECT_BINARY_DIR}/panel)
 set(ZOF_BENCH_IDS_DIR ${PROJECT_BINARY_DIR}/ids)
@@ -34,7 +33,7 @@ function(res_views stamp folder version time)
     COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
     DEPENDS ${res_make}/views.py ${res_make}/zof-check.ignore ${res_layout} ${stamp}.args)
 endfunction()
-res_views(${PROJECT_BINARY_DIR}/views.stamp ${ZOF_BENCH_STAGE}/res ${ZOF_BENCH_VERSION} "${ZOF_BENCH_TIME}")
+res_views(${PROJECT_BINARY_DIR}/views.stamp ${ZOF_BENCH_STAGE}/res ${PROJECT_VERSION} "${ZOF_BENCH_TIME}")
 res_views(${PROJECT_BINARY_DIR}/test-views.stamp ${res_test}/res 1.1.0 "2026-11-22")
 
 add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/test-res.stamp VERBATIM

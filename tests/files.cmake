@@ -1,4 +1,5 @@
-# What tests read and replace, for the tests of this system and those that are built for Windows.
+# What tests link, read and replace, for the tests of this system and those that are built for Windows.
+set(test_libraries zof_board zof_decode zof_view zof_design_text)
 
 # A script draws the animated pictures.
 set(ZOF_TEST_MEDIA ${PROJECT_BINARY_DIR}/test-media)
@@ -14,6 +15,8 @@ find_file(ZOF_CHINESE_FONT wqy-microhei.ttc PATHS /usr/share/fonts/truetype/wqy 
 configure_file(${ZOF_CHINESE_FONT} ${PROJECT_BINARY_DIR}/test-fonts/cn.ttf COPYONLY)
 
 # Functions that a test replaces by its own.
+set(wrapped_design_random_test zof_file_finish) # which takes most of the time of an edit
+set(wrapped_design_undo_test zof_rename zof_file_put) # a process that is killed at any step, a full disk
 set(wrapped_lvgl_patch_test zof_ram_get_img_free) # counts the memory of images, which the desktop build does not
 set(wrapped_media_missing_test zof_host_library_open) # a host without FFmpeg
 set(wrapped_sound_device_test SDL_OpenAudioDevice SDL_CloseAudioDevice SDL_Delay) # a host with a single device

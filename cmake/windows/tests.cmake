@@ -21,7 +21,7 @@ foreach(source IN LISTS sources)
                              ZOF_GALLERY_DIR="${PROJECT_BINARY_DIR}/examples/gallery/gallery")
   # Without optimisation; vasprintf and the like; and what the tests call of POSIX.
   target_compile_options(${test} PRIVATE -O0 -D_GNU_SOURCE -include ${tests}/windows/posix.h)
-  target_link_libraries(${test} PRIVATE zof_bench_app zof_board zof_decode zof_view zof_test_main zof_entry PkgConfig::SDL2 doctest::doctest)
+  target_link_libraries(${test} PRIVATE zof_bench_app ${test_libraries} zof_test_main zof_entry PkgConfig::SDL2 doctest::doctest)
   foreach(call IN LISTS wrapped_${test})
     target_link_options(${test} PRIVATE -Wl,--wrap=${call})
   endforeach()

@@ -8,6 +8,7 @@
 
 #include "check/zof_check.h"
 #include "drv/zof_drv_device.h"
+#include "drv/zof_drv_media.h"
 #include "drv/zof_drv_uart.h"
 #include "lvgl.h"
 #include "zof.h"
@@ -127,6 +128,21 @@ static void audio_test() {
     }
 }
 
+// ZOF_MEDIA_PACKAGES are Debian's packages of the libraries that this program is compiled for.
+static void media_test() {
+    switch (zof_media_ffmpeg()) {
+    case ZOF_FFMPEG_READY:
+        good("media", "FFmpeg decodes clips, MP3, AAC and JPEG");
+        break;
+    case ZOF_FFMPEG_NOT_INSTALLED:
+        wrong("media", "FFmpeg's libraries are not installed: clips, MP3, AAC and JPEG do not work",
+              *ZOF_MEDIA_PACKAGES ? "sudo apt-get install " ZOF_MEDIA_PACKAGES : "install FFmpeg in that version");
+        break;
+    default:
+        good("media", "FFmpeg is not built in: clips, MP3 and AAC do not work");
+    }
+}
+
 // Serial ports ----------------------------------------------------------------------------------------------------
 static std::string port_help(const zof_uart_info_t &port) {
     switch (port.state) {
@@ -181,6 +197,7 @@ static void project_test() {
 static int doctor_run() {
     display_test();
     audio_test();
+    media_test();
     ports_test();
     if (!doctor.folder.empty()) {
         project_test();

@@ -7,9 +7,9 @@
 #include "project/zof_ver.h"
 
 static const zof_command_t *const commands[] = {
-    &zof_catalogue_command, &zof_check_command, &zof_doctor_command, &zof_fmt_command,
-    &zof_font_command,      &zof_ids_command,   &zof_lint_command,   &zof_monitor_command,
-    &zof_new_command,       &zof_run_command,   &zof_view_command,
+    &zof_catalogue_command, &zof_check_command, &zof_design_command, &zof_doctor_command,
+    &zof_fmt_command,       &zof_font_command,  &zof_ids_command,    &zof_lint_command,
+    &zof_monitor_command,   &zof_new_command,   &zof_run_command,    &zof_view_command,
 };
 
 static void options_add(CLI::App &app) {

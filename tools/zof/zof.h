@@ -22,7 +22,8 @@ struct zof_command_t {
 };
 
 extern const zof_command_t zof_ids_command, zof_monitor_command, zof_check_command, zof_fmt_command, zof_font_command,
-    zof_view_command, zof_catalogue_command, zof_doctor_command, zof_lint_command, zof_new_command, zof_run_command;
+    zof_view_command, zof_catalogue_command, zof_doctor_command, zof_lint_command, zof_new_command, zof_run_command,
+    zof_design_command;
 
 // `zof font add FONT --project PROJECT --name NAME`. Returns its exit status.
 int zof_font_add(const std::string &font, const std::string &project, const std::string &name);

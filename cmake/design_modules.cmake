@@ -1,0 +1,23 @@
+# Installs the page's modules, once: cmake -DNPM= -DSOURCE= -DMODULES= -P design_modules.cmake
+if(EXISTS ${MODULES}/done)
+  return()
+endif()
+file(MAKE_DIRECTORY ${MODULES})
+file(LOCK ${MODULES}.lock TIMEOUT 600) # several build trees may be built at once
+if(EXISTS ${MODULES}/done)
+  return()
+endif()
+foreach(name package.json package-lock.json .npmrc)
+  file(COPY ${SOURCE}/${name} DESTINATION ${MODULES})
+endforeach()
+foreach(try RANGE 1 3)
+  execute_process(COMMAND ${NPM} ci --omit=dev --no-audit --no-fund --ignore-scripts --loglevel=error
+                  WORKING_DIRECTORY ${MODULES} RESULT_VARIABLE result)
+  if(result EQUAL 0)
+    break()
+  endif()
+endforeach()
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "npm could not install the modules of the page of zof design. Without it: -DZOF_DESIGN=OFF")
+endif()
+file(TOUCH ${MODULES}/done)

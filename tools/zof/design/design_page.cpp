@@ -1,0 +1,55 @@
+// Messages to the pages.
+#include <algorithm>
+
+#include "design_in.h"
+#include "design_net.h"
+
+static std::vector<u32> pages;
+
+static std::string text_of(cJSON *value) {
+    char *text = cJSON_PrintUnformatted(value);
+    std::string out = text ? text : "{}";
+    cJSON_free(text);
+    cJSON_Delete(value);
+    return out;
+}
+
+void design_answer(const design_request_t &request, cJSON *reply) {
+    cJSON_AddNumberToObject(reply, "id", request.id);
+    cJSON_AddBoolToObject(reply, "ok", true);
+    design_net_send(request.page, text_of(reply));
+}
+
+void design_refuse(const design_request_t &request, const std::string &error) {
+    cJSON *reply = cJSON_CreateObject();
+    cJSON_AddNumberToObject(reply, "id", request.id);
+    cJSON_AddBoolToObject(reply, "ok", false);
+    cJSON_AddStringToObject(reply, "error", error.c_str());
+    design_net_send(request.page, text_of(reply));
+}
+
+cJSON *design_event_make(const char *name) {
+    cJSON *event = cJSON_CreateObject();
+    cJSON_AddStringToObject(event, "event", name);
+    return event;
+}
+
+void design_event(cJSON *event) {
+    const std::string text = text_of(event);
+    for (const u32 page : pages) {
+        design_net_send(page, text);
+    }
+}
+
+std::vector<u32> design_pages() {
+    return pages;
+}
+
+void design_page_opened(u32 page) {
+    pages.push_back(page);
+    design_canvas_show(page);
+}
+
+void design_page_closed(u32 page) {
+    std::erase(pages, page);
+}

@@ -1,0 +1,203 @@
+// What opens over the page: Find, the keys, rename, the address of a running program.
+import type { ComponentChildren } from 'preact';
+import { useEffect, useRef, useState } from 'preact/hooks';
+
+import { nameOf, rename, setMode, show } from '../actions';
+import { iconOf } from '../catalogue';
+import { actions } from '../keys';
+import { Icon } from '../shell/icon';
+import { chosen, controls, dialog, project, selection } from '../state';
+import { words } from '../words';
+
+function Dialog({ name, children }: { name: string; children: ComponentChildren }) {
+    const element = useRef<HTMLDialogElement>(null);
+    useEffect(() => {
+        const before = document.activeElement as HTMLElement | null;
+        element.current?.showModal();
+        element.current?.querySelector('input')?.select();
+        return () => before?.focus();
+    }, []);
+    return (
+        <dialog
+            ref={element}
+            aria-label={name}
+            onClose={() => (dialog.value = '')}
+            onClick={(event) => event.target === element.current && element.current?.close()}
+        >
+            {children}
+        </dialog>
+    );
+}
+
+const close = (): void => document.querySelector('dialog')?.close();
+
+interface Found {
+    icon: string;
+    text: string;
+    more: string;
+    run: () => void;
+}
+
+function foundOf(text: string): Found[] {
+    const all: Found[] = [
+        ...controls.value.map((control) => ({
+            icon: iconOf(control.type),
+            text: nameOf(control.path),
+            more: control.type,
+            run: () => (selection.value = [control.path]),
+        })),
+        ...(project.value?.views ?? []).map((view) => ({
+            icon: 'views',
+            text: view.name,
+            more: words.views,
+            run: () => show({ view: view.name }),
+        })),
+        ...actions
+            .filter((action) => action.name())
+            .map((action) => ({ icon: 'play', text: action.name(), more: action.keys[0] ?? '', run: action.run })),
+    ];
+    const wanted = text.toLowerCase();
+    return all.filter((one) => one.text.toLowerCase().includes(wanted)).slice(0, 12);
+}
+
+function Find() {
+    const [text, setText] = useState('');
+    const [at, setAt] = useState(0);
+    const found = foundOf(text);
+    const run = (one: Found | undefined): void => {
+        close();
+        one?.run();
+    };
+    return (
+        <Dialog name={words.find}>
+            <label class="find large">
+                <Icon name="search" />
+                <input
+                    role="combobox"
+                    aria-label={words.findHint}
+                    aria-expanded="true"
+                    aria-controls="found"
+                    aria-activedescendant={`found-${at}`}
+                    placeholder={words.findHint}
+                    value={text}
+                    onInput={(event) => {
+                        setText(event.currentTarget.value);
+                        setAt(0);
+                    }}
+                    onKeyDown={(event) => {
+                        if (event.key === 'ArrowDown') setAt(Math.min(found.length - 1, at + 1));
+                        else if (event.key === 'ArrowUp') setAt(Math.max(0, at - 1));
+                        else if (event.key === 'Enter') run(found[at]);
+                        else return;
+                        event.preventDefault();
+                    }}
+                />
+            </label>
+            <div role="listbox" id="found" aria-label={words.find}>
+                {found.map((one, index) => (
+                    <div
+                        id={`found-${index}`}
+                        role="option"
+                        aria-selected={index === at}
+                        class={index === at ? 'mi on' : 'mi'}
+                        onClick={() => run(one)}
+                    >
+                        <Icon name={one.icon} />
+                        <span class="grow clip">{one.text}</span>
+                        <span class="t3">{one.more}</span>
+                    </div>
+                ))}
+            </div>
+            {!found.length && <p class="empty">{words.findNone(text)}</p>}
+        </Dialog>
+    );
+}
+
+function Keys() {
+    return (
+        <Dialog name={words.keysTitle}>
+            <h2>{words.keysTitle}</h2>
+            <div class="keys">
+                {actions
+                    .filter((action) => action.name() && action.keys.length)
+                    .map((action) => (
+                        <p>
+                            <span class="kbd">{action.keys[0]}</span> {action.name()}
+                        </p>
+                    ))}
+            </div>
+            <button class="btn edge" onClick={close}>
+                {words.close}
+            </button>
+        </Dialog>
+    );
+}
+
+/** A dialog with one text. */
+function Ask({
+    name,
+    start,
+    button,
+    onDone,
+}: {
+    name: string;
+    start: string;
+    button: string;
+    onDone: (text: string) => void;
+}) {
+    const [text, setText] = useState(start);
+    return (
+        <Dialog name={name}>
+            <form
+                class="ask"
+                method="dialog"
+                onSubmit={() => {
+                    if (text) onDone(text);
+                }}
+            >
+                <label>
+                    {name}
+                    <span class="in">
+                        <input
+                            value={text}
+                            spellcheck={false}
+                            onInput={(event) => setText(event.currentTarget.value)}
+                        />
+                    </span>
+                </label>
+                <button class="btn primary">{button}</button>
+            </form>
+        </Dialog>
+    );
+}
+
+export function Dialogs() {
+    switch (dialog.value) {
+        case 'find':
+            return <Find />;
+        case 'keys':
+            return <Keys />;
+        case 'rename': {
+            const path = chosen.value?.path;
+            return path ? (
+                <Ask
+                    name={words.rename}
+                    start={nameOf(path)}
+                    button={words.rename}
+                    onDone={(name) => void rename(path, name)}
+                />
+            ) : null;
+        }
+        case 'live':
+            return (
+                <Ask
+                    name={words.liveAddress}
+                    start="5040"
+                    button={words.attach}
+                    onDone={(port) => setMode('live', port)}
+                />
+            );
+        default:
+            return null;
+    }
+}

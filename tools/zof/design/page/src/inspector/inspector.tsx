@@ -1,0 +1,261 @@
+// The form of what is selected: its name, place and size, its own keys, its styles.
+import { useEffect, useState } from 'preact/hooks';
+
+import { attempt, nameOf, openSource, remove, rename, duplicate } from '../actions';
+import { iconOf, rowsOf, typeOf, type Row } from '../catalogue';
+import type { Control, Value } from '../protocol';
+import { request } from '../socket';
+import { Button } from '../shell/button';
+import { Icon } from '../shell/icon';
+import { chosen, keep, kept, lastGesture, project, selected, shown } from '../state';
+import { words } from '../words';
+import { commonRows, Form } from './form';
+import { Styles } from './styles';
+import { below, type Place, type Subject } from './subject';
+
+/** The values of the entries of controls, again after each change. */
+function useEntries(list: Control[]): Place[] {
+    const [places, setPlaces] = useState<Place[]>([]);
+    const gesture = lastGesture.value;
+    const where = list.map(({ place }) => `${place?.file} ${place?.key}`).join();
+    useEffect(() => {
+        let stale = false;
+        const read = async ({ place }: Control): Promise<Place[]> => {
+            if (!place) return [];
+            const reply = await attempt(request('read', { file: place.file, path: place.key }));
+            return reply ? [{ file: place.file, path: place.key, values: reply.values }] : [];
+        };
+        void Promise.all(list.map(read)).then((all) => !stale && setPlaces(all.flat()));
+        return () => {
+            stale = true;
+        };
+    }, [where, gesture]);
+    return places;
+}
+
+/** The objects at a key of some places. */
+const inside = (places: Place[], key: string): Place[] =>
+    places.map((place) => ({
+        file: place.file,
+        path: `${place.path}.${key}`,
+        values: below(place.values, key + '.'),
+    }));
+
+function Name({ control }: { control: Control }) {
+    const name = nameOf(control.path);
+    const [text, setText] = useState(name);
+    useEffect(() => setText(name), [name]);
+    const leave = (): void => {
+        if (text !== name && text) void rename(control.path, text);
+    };
+    return (
+        <input
+            class="title"
+            aria-label={words.name}
+            value={text}
+            spellcheck={false}
+            onInput={(event) => setText(event.currentTarget.value)}
+            onBlur={leave}
+            onKeyDown={(event) => {
+                if (event.key === 'Enter') leave();
+                if (event.key === 'Escape') setText(name);
+            }}
+        />
+    );
+}
+
+function Head({ control }: { control: Control }) {
+    const locked = kept.value.locked.includes(control.path);
+    const place = control.place;
+    const toggle = (): void =>
+        keep({
+            locked: locked
+                ? kept.value.locked.filter((path) => path !== control.path)
+                : [...kept.value.locked, control.path],
+        });
+    return (
+        <div class="who">
+            <div class="l1">
+                <Icon name={iconOf(control.type)} class="acc" />
+                <Name control={control} />
+                <Button icon="lock" name={words.select} on={locked} onClick={toggle} />
+                <Button icon="copy" name={words.duplicate} action="duplicate" onClick={() => void duplicate()} />
+                <Button icon="trash" name={words.remove} action="delete" onClick={() => void remove()} />
+            </div>
+            <div class="l2">
+                <span>
+                    {control.type} · id {control.id}
+                </span>
+                {place && (
+                    <button
+                        class="link mono"
+                        title={words.goToSource}
+                        onClick={() => openSource(place.file, place.line, place.column)}
+                    >
+                        {place.file.split('/').pop()}:{place.line}
+                    </button>
+                )}
+                {!control.visible && <span class="warn">{words.hiddenNow}</span>}
+            </div>
+        </div>
+    );
+}
+
+/** The rows of a control: those of its type, then those of its entry. */
+const rowsOfControl = (record: string): Row[] => [
+    ...rowsOf(
+        record,
+        OWN.map((key) => 'property.' + key),
+        'property.',
+    ),
+    ...rowsOf('entry', ['type', 'property']),
+];
+
+function Single({ control }: { control: Control }) {
+    const [tab, setTab] = useState<'form' | 'style' | 'host'>('form');
+    const places = useEntries([control]);
+    const type = typeOf(control.type);
+    if (!control.place || !type) return <Head control={control} />;
+    const name = nameOf(control.path);
+    const entry: Subject = { name, places };
+    const property: Subject = { name, places: inside(places, 'property') };
+    const tabs: [typeof tab, string][] = [
+        ['form', words.properties],
+        ['style', words.style],
+        ['host', words.host],
+    ];
+    return (
+        <>
+            <Head control={control} />
+            <div class="tabs" role="tablist">
+                {tabs.map(([id, text]) => (
+                    <button
+                        role="tab"
+                        class={tab === id ? 'tab on' : 'tab'}
+                        aria-selected={tab === id}
+                        onClick={() => setTab(id)}
+                    >
+                        {text}
+                    </button>
+                ))}
+            </div>
+            <div class="forms" role="tabpanel" aria-label={tabs.find(([id]) => id === tab)?.[1]}>
+                {tab === 'form' && places.length > 0 && (
+                    <Form subject={entry} record="entry" without={[]} rows={rowsOfControl(type.record)} />
+                )}
+                {tab === 'style' && places.length > 0 && <Styles control={control} subject={property} type={type} />}
+                {tab === 'host' && <Host control={control} />}
+            </div>
+        </>
+    );
+}
+
+/** What a host program needs to read and write the control. */
+function Host({ control }: { control: Control }) {
+    const row = control.row;
+    const upper = control.path.replace('/', '_').replaceAll(/\W/g, '_').toUpperCase();
+    return (
+        <section class="sect">
+            <h3>{words.host}</h3>
+            <p class="t2">{row ? words.hostRow(row) : words.hostNone}</p>
+            {row && <pre class="code">{`panel.write("${row}", ..., control="${control.path}")`}</pre>}
+            {row && <pre class="code">{`value = panel.read("${row}", control="${control.path}")`}</pre>}
+            <pre class="code">{`@panel.on("${control.path}")\ndef ${upper.toLowerCase()}(event): ...`}</pre>
+        </section>
+    );
+}
+
+function View() {
+    const view = project.value?.views.find((one) => one.name === shown.value.view);
+    const [values, setValues] = useState<Value[]>([]);
+    const gesture = lastGesture.value;
+    useEffect(() => {
+        if (view)
+            void attempt(request('read', { file: view.file, path: 'view' })).then((reply) =>
+                setValues(reply?.values ?? []),
+            );
+    }, [view?.file, gesture]);
+    if (!view) return null;
+    return (
+        <>
+            <div class="who">
+                <div class="l1">
+                    <Icon name="views" class="acc" />
+                    <h2>{view.name}</h2>
+                </div>
+                <div class="l2">
+                    <span class="t3">{words.selectHint}</span>
+                </div>
+            </div>
+            <div class="forms">
+                <Form
+                    subject={{ name: view.name, places: [{ file: view.file, path: 'view', values }] }}
+                    record="view"
+                    without={['v_id']}
+                />
+            </div>
+        </>
+    );
+}
+
+const OWN = ['styles', 'pub_t.name', 'pub_t.id']; // keys that each control has for itself
+
+/** The fields that all selected controls have. */
+function Several({ list }: { list: Control[] }) {
+    const places = useEntries(list);
+    const types = new Map<string, number>();
+    list.forEach((control) => types.set(control.type, (types.get(control.type) ?? 0) + 1));
+    const name = words.several(list.length);
+    const records = [...types.keys()].map((type) => typeOf(type)?.record ?? '');
+    return (
+        <>
+            <div class="who">
+                <div class="l1">
+                    <h2>{name}</h2>
+                </div>
+                <p class="t2">{[...types].map(([type, count]) => `${count} ${type}`).join(', ')}</p>
+                <p class="t3">{words.severalHint}</p>
+            </div>
+            <div class="forms">
+                {places.length > 0 && (
+                    <Form
+                        subject={{ name, places: inside(places, 'property') }}
+                        record=""
+                        without={[]}
+                        rows={commonRows(records, OWN)}
+                    />
+                )}
+            </div>
+        </>
+    );
+}
+
+export function Inspector() {
+    const list = selected.value;
+    const control = chosen.value;
+    return (
+        <aside class="insp" aria-label={words.inspector} data-region="inspector">
+            {list.length > 1 ? (
+                <Several list={list} />
+            ) : control ? (
+                <Single key={control.path} control={control} />
+            ) : (
+                <View />
+            )}
+            <div class="foot">
+                <span>
+                    <i class="src-dot own" />
+                    {words.ownFile}
+                </span>
+                <span>
+                    <i class="src-dot theme" />
+                    {words.fromTheme}
+                </span>
+                <span>
+                    <i class="src-dot none" />
+                    {words.leftOut}
+                </span>
+            </div>
+        </aside>
+    );
+}

@@ -1,0 +1,141 @@
+// The page: its regions, and what holds for all of them.
+import { effect } from '@preact/signals';
+import { render, type JSX } from 'preact';
+
+import './style/all.css';
+import { undo } from './actions';
+import { Stage } from './canvas/stage';
+import { pictureSize } from './canvas/picture';
+import { catalogueLoad } from './catalogue';
+import { Changes } from './dock/changes';
+import { Dock } from './dock/dock';
+import { Dialogs } from './find/dialogs';
+import { Inspector } from './inspector/inspector';
+import { keysStart } from './keys';
+import { Palette } from './palette/palette';
+import { Bar, darkNow } from './shell/bar';
+import { Last } from './shell/last';
+import { Rail } from './shell/rail';
+import { Split } from './shell/split';
+import { Tools } from './shell/tools';
+import { connect, linked } from './socket';
+import { chosen, keep, kept, project, runtime, shown, undoState } from './state';
+import { Colours } from './texts/colours';
+import { Texts, TextsSide } from './texts/texts';
+import { Views } from './views/views';
+import { words } from './words';
+
+function Band() {
+    const stopped = linked.value !== 'lost' && runtime.value.state === 'stopped';
+    const text =
+        linked.value === 'lost'
+            ? words.lost
+            : runtime.value.state === 'stopped'
+              ? words.stopped(runtime.value.note)
+              : !pictureSize.value.width
+                ? words.starting
+                : project.value?.readOnly
+                  ? words.readOnly
+                  : '';
+    return text ? (
+        <div class="band" role={linked.value === 'lost' || stopped ? 'alert' : 'status'}>
+            {text}
+            {stopped && undoState.value.undo && (
+                <button class="btn edge" onClick={undo}>
+                    {words.takeBack}
+                </button>
+            )}
+        </div>
+    ) : null;
+}
+
+function Left() {
+    const width = kept.value.leftWidth || (innerWidth >= 1900 ? 288 : innerWidth <= 1360 ? 212 : 228);
+    const panels = { views: Views, add: Palette, colours: Colours, texts: TextsSide, changes: Changes };
+    const Panel = panels[kept.value.left];
+    return (
+        <aside class="left" aria-label={words.panels} data-region="left">
+            <Panel />
+            <Split
+                class="at-right"
+                name={words.resizePanel}
+                vertical
+                value={width}
+                low={160}
+                high={480}
+                sign={1}
+                onChange={(leftWidth) => keep({ leftWidth })}
+                onClose={() => keep({ leftWidth: 0 })}
+            />
+        </aside>
+    );
+}
+
+function Centre() {
+    const height = kept.value.dockHeight || (innerWidth >= 1900 ? 252 : innerHeight <= 800 ? 180 : 208);
+    if (kept.value.left === 'texts' && shown.value.mode === 'design') return <Texts />;
+    return (
+        <main class="centre">
+            <Tools />
+            <div class="stage-holder">
+                <Stage />
+                <Band />
+            </div>
+            <Split
+                class="at-top"
+                name={words.resizeDock}
+                vertical={false}
+                value={height}
+                low={80}
+                high={600}
+                sign={-1}
+                onChange={(dockHeight) => keep({ dockHeight, dockOpen: true })}
+                onClose={() => keep({ dockOpen: !kept.value.dockOpen })}
+            />
+            <Dock />
+        </main>
+    );
+}
+
+/** Says what is selected, and what has happened, to a screen reader. */
+function Say() {
+    const control = chosen.value;
+    return (
+        <div class="say" aria-live="polite">
+            {control ? words.selectedSay(control.path.split('/')[1] ?? '', control.type, control.box.join(', ')) : ''}
+        </div>
+    );
+}
+
+function App() {
+    const { leftWidth, inspectorWidth, dockHeight, dockOpen, panels } = kept.value;
+    const sizes = {
+        ...(leftWidth ? { '--left': `${leftWidth}px` } : {}),
+        ...(inspectorWidth ? { '--insp': `${inspectorWidth}px` } : {}),
+        ...(dockHeight ? { '--dock': `${dockHeight}px` } : {}),
+        ...(dockOpen ? {} : { '--dock': '34px' }),
+    } as JSX.CSSProperties;
+    return (
+        <div class={`app ${panels ? '' : 'bare'} mode-${shown.value.mode}`} style={sizes}>
+            <Bar />
+            <Rail />
+            {panels && <Left />}
+            <Centre />
+            {panels && <Inspector />}
+            <Last />
+            <Dialogs />
+            <Say />
+        </div>
+    );
+}
+
+effect(() => {
+    document.documentElement.dataset.theme = darkNow() ? 'dark' : 'light';
+    document.title = project.value ? `${project.value.name}: ${shown.value.view}` : 'zof design';
+});
+
+const root = document.getElementById('page');
+if (root) render(<App />, root);
+keysStart();
+void catalogueLoad();
+connect();

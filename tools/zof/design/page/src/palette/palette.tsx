@@ -1,0 +1,65 @@
+// The types of controls, to drag onto the picture.
+import { useState } from 'preact/hooks';
+
+import { add } from '../actions';
+import { carried } from '../canvas/stage';
+import { catalogue, type Type } from '../catalogue';
+import { Icon } from '../shell/icon';
+import { chosen, project } from '../state';
+import { words } from '../words';
+
+const sizeOf = (type: Type): { width: number; height: number } => ({
+    width: type.width ?? 120,
+    height: type.height ?? 48,
+});
+
+/** Puts a control into the middle of the selected container, or of the view. */
+function addMiddle(type: Type): void {
+    const parent = chosen.value?.type === 'container' ? chosen.value : undefined;
+    const room = parent ? parent.box : [0, 0, project.value?.width ?? 0, project.value?.height ?? 0];
+    const { width, height } = sizeOf(type);
+    const x = Math.round(((room[2] ?? 0) - width) / 2);
+    const y = Math.round(((room[3] ?? 0) - height) / 2);
+    void add(type.name, x, y, parent?.path);
+}
+
+export function Palette() {
+    const [filter, setFilter] = useState('');
+    const types = catalogue.value.types.filter((type) => `${type.name} ${type.help}`.includes(filter.toLowerCase()));
+    return (
+        <>
+            <div class="head">
+                <h2>{words.add}</h2>
+            </div>
+            <label class="find">
+                <Icon name="search" />
+                <input
+                    aria-label={words.filter}
+                    value={filter}
+                    onInput={(event) => setFilter(event.currentTarget.value)}
+                    onKeyDown={(event) => event.key === 'Enter' && types[0] && addMiddle(types[0])}
+                />
+            </label>
+            <div class="palette">
+                {types.map((type) => (
+                    <button
+                        key={type.name}
+                        class="kind"
+                        title={type.help}
+                        draggable
+                        onClick={() => addMiddle(type)}
+                        onDragStart={(event) => {
+                            carried.value = { type: type.name, ...sizeOf(type) };
+                            event.dataTransfer?.setData('text/plain', type.name);
+                        }}
+                        onDragEnd={() => (carried.value = null)}
+                    >
+                        <Icon name={type.theme_file} />
+                        {type.name}
+                    </button>
+                ))}
+            </div>
+            <p class="note">{words.addHint}</p>
+        </>
+    );
+}

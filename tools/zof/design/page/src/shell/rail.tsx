@@ -1,0 +1,28 @@
+// What the left panel shows.
+import { keep, kept, type LeftPanel } from '../state';
+import { words } from '../words';
+import { Icon } from './icon';
+
+export function Rail() {
+    const rows: [LeftPanel, string, string][] = [
+        ['views', 'views', words.views],
+        ['add', 'add', words.add],
+        ['colours', 'colour', words.colours],
+        ['texts', 'texts', words.texts],
+        ['changes', 'history', words.changes],
+    ];
+    return (
+        <nav class="rail" aria-label={words.panels}>
+            {rows.map(([name, icon, text]) => (
+                <button
+                    class={`${kept.value.left === name ? 'on' : ''} ${name === 'changes' ? 'end' : ''}`}
+                    aria-pressed={kept.value.left === name}
+                    onClick={() => keep({ left: name, panels: true })}
+                >
+                    <Icon name={icon} />
+                    {text}
+                </button>
+            ))}
+        </nav>
+    );
+}

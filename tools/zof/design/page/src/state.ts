@@ -1,0 +1,129 @@
+// What the page knows: what the program says, and its own small state, which is kept per folder on this machine.
+import { computed, effect, signal, type Signal } from '@preact/signals';
+
+import type { Control, Gesture, Problem, Project, Shown, UndoState } from './protocol';
+import { on, onOpen, request } from './socket';
+
+export const project = signal<Project | null>(null);
+export const shown = signal<Shown>({ view: '', language: '', theme: '', mode: 'design' });
+export const controls = signal<Control[]>([]); // front-most last
+export const problems = signal<Problem[]>([]);
+export const problemsDrawn = signal(false);
+export const checkMs = signal(0);
+export const undoState = signal<UndoState>({ undo: '', redo: '', saved: true, error: '' });
+export const lastGesture = signal<Gesture | null>(null);
+export const runtime = signal<{ state: 'runs' | 'starts' | 'stopped'; note: string }>({ state: 'starts', note: '' });
+export const touches = signal<{ time: number; control: string; what: string; value?: unknown; text?: string }[]>([]);
+export const pageNumber = signal(0);
+
+/** Paths of the selected controls; the last one is the key of alignments. */
+export const selection = signal<string[]>([]);
+export const hovered = signal('');
+export const fault = signal(''); // the last refusal, shown in the last line until the next gesture
+export const chosenProblem = signal(0);
+export const goTo = signal<{ file: string; line: number; column: number; serial: number } | null>(null);
+export const dialog = signal<'' | 'find' | 'keys' | 'rename' | 'live'>('');
+
+export const byPath = computed(() => new Map(controls.value.map((control) => [control.path, control])));
+export const selected = computed(() =>
+    selection.value.map((path) => byPath.value.get(path)).filter((control) => control !== undefined),
+);
+export const chosen = computed(() => selected.value[selected.value.length - 1]);
+
+// ---- kept on this machine
+
+export type LeftPanel = 'views' | 'add' | 'colours' | 'texts' | 'changes';
+export type DockTab = 'source' | 'problems' | 'events' | 'changes';
+
+interface Kept {
+    left: LeftPanel;
+    dock: DockTab;
+    dockOpen: boolean;
+    panels: boolean;
+    leftWidth: number;
+    inspectorWidth: number;
+    dockHeight: number;
+    zoom: number; // 0: fit
+    snap: boolean;
+    grid: boolean;
+    look: '' | 'light' | 'dark';
+    language: '' | 'en' | 'de';
+    locked: string[];
+}
+
+const otherwise: Kept = {
+    left: 'views',
+    dock: 'source',
+    dockOpen: innerHeight > 800,
+    panels: true,
+    leftWidth: 0,
+    inspectorWidth: 0,
+    dockHeight: 0,
+    zoom: 0,
+    snap: true,
+    grid: false,
+    look: '',
+    language: '',
+    locked: [],
+};
+
+export const kept: Signal<Kept> = signal(otherwise);
+
+export function keep(change: Partial<Kept>): void {
+    kept.value = { ...kept.value, ...change };
+}
+
+const storeName = (): string => 'zof design ' + (project.value?.dir ?? '');
+
+function keptLoad(): void {
+    try {
+        const text = localStorage.getItem(storeName());
+        if (text) keep(JSON.parse(text) as Partial<Kept>);
+    } catch {
+        // A store that is forbidden or damaged counts as empty.
+    }
+    effect(() => localStorage.setItem(storeName(), JSON.stringify(kept.value)));
+}
+
+// ---- from the program
+
+on('tree', (event) => {
+    controls.value = event.controls;
+});
+on('shown', (event) => {
+    if (event.shown.view !== shown.value.view) selection.value = [];
+    shown.value = event.shown;
+});
+on('project', (event) => {
+    project.value = event.project;
+});
+on('problems', (event) => {
+    problems.value = [...event.problems].sort(
+        (a, b) =>
+            Number(b.error) - Number(a.error) || a.file.localeCompare(b.file) || a.line - b.line || a.column - b.column,
+    );
+    problemsDrawn.value = event.drawn;
+    checkMs.value = event.ms;
+});
+on('file', (event) => {
+    undoState.value = event.undo;
+    if (event.gesture) lastGesture.value = event.gesture;
+    fault.value = '';
+});
+on('runtime', (event) => {
+    runtime.value = event;
+});
+on('touched', (event) => {
+    touches.value = [...touches.value.slice(-499), event];
+});
+
+onOpen(() => {
+    void request('hello', {}).then((hello) => {
+        const first = !project.value;
+        pageNumber.value = hello.page;
+        project.value = hello.project;
+        shown.value = hello.shown;
+        undoState.value = hello.undo;
+        if (first) keptLoad();
+    });
+});

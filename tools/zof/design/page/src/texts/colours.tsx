@@ -1,0 +1,59 @@
+// The named colours of the project: a change of one changes all its uses.
+import { setValue } from '../actions';
+import { tryEdits } from '../canvas/drag';
+import { project } from '../state';
+import { words } from '../words';
+
+export function Colours() {
+    const all = project.value?.colours ?? [];
+    const files = [...new Set(all.map((colour) => colour.file))];
+    return (
+        <>
+            <div class="head">
+                <h2>{words.colours}</h2>
+            </div>
+            <div class="scroll">
+                {!all.length && <p class="note">{words.noColours}</p>}
+                {files.map((file) => (
+                    <section class="sect" key={file}>
+                        <h3 class="mono">{file.replace('config/', '')}</h3>
+                        {all
+                            .filter((colour) => colour.file === file)
+                            .map((colour) => (
+                                <label class="colour" key={colour.path}>
+                                    <input
+                                        type="color"
+                                        class="swatch"
+                                        value={
+                                            /^#[0-9a-f]{6}$/i.test(colour.value)
+                                                ? colour.value.toLowerCase()
+                                                : '#000000'
+                                        }
+                                        onInput={(event) =>
+                                            tryEdits([
+                                                {
+                                                    file,
+                                                    path: colour.path,
+                                                    value: event.currentTarget.value.toUpperCase(),
+                                                },
+                                            ])
+                                        }
+                                        onChange={(event) =>
+                                            setValue(
+                                                `Colour ${colour.name}`,
+                                                file,
+                                                colour.path,
+                                                event.currentTarget.value.toUpperCase(),
+                                            )
+                                        }
+                                    />
+                                    <span class="grow">{colour.name}</span>
+                                    <span class="mono t2">{colour.value}</span>
+                                </label>
+                            ))}
+                    </section>
+                ))}
+            </div>
+        </>
+    );
+}

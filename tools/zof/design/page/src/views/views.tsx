@@ -1,0 +1,205 @@
+// The views with real pictures, and the outline of the one that is shown.
+import { useState } from 'preact/hooks';
+
+import { attempt, nameOf, openSource, show } from '../actions';
+import { Tile } from '../canvas/tile';
+import { iconOf } from '../catalogue';
+import type { Control } from '../protocol';
+import { request } from '../socket';
+import { Icon } from '../shell/icon';
+import { controls, hovered, problems, project, selection, shown } from '../state';
+import { words } from '../words';
+
+function ViewRow({ name }: { name: string }) {
+    const on = shown.value.view === name;
+    const found = problems.value.filter((problem) => problem.view === name);
+    const errors = found.some((problem) => problem.error);
+    return (
+        <button class={on ? 'view on' : 'view'} aria-pressed={on} onClick={() => show({ view: name })}>
+            <Tile
+                view={name}
+                language={shown.value.language}
+                theme={shown.value.theme}
+                width={74}
+                height={42}
+                class="thumb"
+            />
+            <span class="grow clip">
+                <span class={on ? 'b' : ''}>{name}</span>
+                {on && <small>{words.controlsCount(controls.value.length)}</small>}
+            </span>
+            {found.length > 0 && <span class={errors ? 'pill e small' : 'pill w small'}>{found.length}</span>}
+        </button>
+    );
+}
+
+/** Without letters of private use: symbols that only the panel's fonts have. */
+const plain = (text: string): string => text.replace(/[\uE000-\uF8FF]/g, '').trim();
+
+interface TreeRow {
+    control: Control;
+    level: number;
+}
+
+/** Front-most first, children under their parent. */
+function rowsOf(all: Control[], filter: string): TreeRow[] {
+    const children = new Map<string, Control[]>();
+    const paths = new Set(all.map((control) => control.path));
+    for (const control of all) {
+        const parent = control.parent && paths.has(control.parent) ? control.parent : '';
+        children.set(parent, [control, ...(children.get(parent) ?? [])]);
+    }
+    const rows: TreeRow[] = [];
+    const add = (parent: string, level: number): void => {
+        for (const control of children.get(parent) ?? []) {
+            rows.push({ control, level });
+            add(control.path, level + 1);
+        }
+    };
+    add('', 0);
+    const wanted = filter.toLowerCase();
+    return rows.filter(({ control }) =>
+        `${control.path} ${control.type} ${control.text ?? ''}`.toLowerCase().includes(wanted),
+    );
+}
+
+const ROW_PX = 26;
+const MARGIN_ROWS = 20;
+
+export function Outline() {
+    const [filter, setFilter] = useState('');
+    const [scroll, setScroll] = useState({ top: 0, height: 800 });
+    const [carried, setCarried] = useState('');
+    const rows = rowsOf(controls.value, filter);
+    const first = Math.max(0, Math.floor(scroll.top / ROW_PX) - MARGIN_ROWS);
+    const last = Math.min(rows.length, Math.ceil((scroll.top + scroll.height) / ROW_PX) + MARGIN_ROWS);
+    const at = rows.findIndex(({ control }) => control.path === selection.value[selection.value.length - 1]);
+
+    const choose = (index: number, add: boolean): void => {
+        const path = rows[Math.max(0, Math.min(rows.length - 1, index))]?.control.path;
+        if (!path) return;
+        const known = selection.value.includes(path);
+        selection.value = add
+            ? known
+                ? selection.value.filter((one) => one !== path)
+                : [...selection.value, path]
+            : [path];
+        document.getElementById('row-' + path)?.scrollIntoView({ block: 'nearest' });
+    };
+    const keyDown = (event: KeyboardEvent): void => {
+        const control = rows[at]?.control;
+        if (event.key === 'ArrowDown') choose(at + 1, event.shiftKey);
+        else if (event.key === 'ArrowUp') choose(at - 1, event.shiftKey);
+        else if (event.key === 'Home') choose(0, false);
+        else if (event.key === 'End') choose(rows.length - 1, false);
+        else if (event.key === 'ArrowLeft' && control?.parent) selection.value = [control.parent];
+        else if (event.key === 'Enter' && control?.place)
+            openSource(control.place.file, control.place.line, control.place.column);
+        else return;
+        event.preventDefault();
+        event.stopPropagation();
+    };
+    // Dropped on a control, the carried one comes to stand in front of it, below the same parent.
+    const drop = (target: Control): void => {
+        if (!carried || carried === target.path) return;
+        const siblings = controls.value.filter((one) => one.parent === target.parent);
+        const after = siblings[siblings.findIndex((one) => one.path === target.path) + 1];
+        void attempt(request('reorder', { control: carried, parent: target.parent ?? '', before: after?.path ?? '' }));
+    };
+
+    return (
+        <>
+            <div class="head">
+                <h2>{words.outline}</h2> <span class="t3 normal">{words.frontFirst}</span>
+            </div>
+            <label class="find">
+                <Icon name="filter" />
+                <input
+                    aria-label={words.filter}
+                    placeholder={words.filterHint}
+                    value={filter}
+                    onInput={(event) => setFilter(event.currentTarget.value)}
+                />
+            </label>
+            <div
+                class="tree"
+                role="tree"
+                aria-label={words.outline}
+                aria-multiselectable="true"
+                tabIndex={0}
+                aria-activedescendant={at >= 0 ? 'row-' + (rows[at]?.control.path ?? '') : undefined}
+                onKeyDown={keyDown}
+                onScroll={(event) =>
+                    setScroll({ top: event.currentTarget.scrollTop, height: event.currentTarget.clientHeight })
+                }
+            >
+                <div role="none" style={{ height: first * ROW_PX }} />
+                {rows.slice(first, last).map(({ control, level }, index) => (
+                    <Row
+                        key={control.path}
+                        control={control}
+                        level={level}
+                        onChoose={(add) => choose(first + index, add)}
+                        onCarry={setCarried}
+                        onDrop={drop}
+                    />
+                ))}
+                <div role="none" style={{ height: (rows.length - last) * ROW_PX }} />
+            </div>
+        </>
+    );
+}
+
+interface RowProps {
+    control: Control;
+    level: number;
+    onChoose: (add: boolean) => void;
+    onCarry: (path: string) => void;
+    onDrop: (target: Control) => void;
+}
+
+function Row({ control, level, onChoose, onCarry, onDrop }: RowProps) {
+    const on = selection.value.includes(control.path);
+    const found = problems.value.find((problem) => problem.control === control.path);
+    return (
+        <div
+            id={'row-' + control.path}
+            role="treeitem"
+            aria-level={level + 1}
+            aria-selected={on}
+            class={`row ${on ? 'on' : ''} ${control.visible ? '' : 'dim'}`}
+            style={{ paddingLeft: 8 + 16 * level }}
+            draggable
+            onClick={(event) => onChoose(event.shiftKey || event.ctrlKey)}
+            onDblClick={() => control.place && openSource(control.place.file, control.place.line, control.place.column)}
+            onPointerEnter={() => (hovered.value = control.path)}
+            onPointerLeave={() => (hovered.value = '')}
+            onDragStart={() => onCarry(control.path)}
+            onDragOver={(event) => event.preventDefault()}
+            onDrop={() => onDrop(control)}
+        >
+            <Icon name={iconOf(control.type)} />
+            <span>{nameOf(control.path)}</span>
+            <span class="t3 grow clip">{plain(control.text ?? '')}</span>
+            {!control.visible && <Icon name="eyeoff" />}
+            {found && <Icon name={found.error ? 'error' : 'warning'} class={found.error ? 'err' : 'warn'} />}
+        </div>
+    );
+}
+
+export function Views() {
+    return (
+        <>
+            <div class="head">
+                <h2>{words.views}</h2>
+            </div>
+            <div class="view-list">
+                {project.value?.views.map((view) => (
+                    <ViewRow key={view.name} name={view.name} />
+                ))}
+            </div>
+            <div class="hr" />
+            <Outline />
+        </>
+    );
+}
