@@ -53,7 +53,8 @@ static std::string page_write(reference_t &reference, const std::filesystem::pat
     if (reason.empty() && path.filename() == "functions.md") {
         text = ref_function_page(text, reference.headers, reason);
     }
-    return reason.empty() ? write(reference, path.filename().string(), text) : path.string() + ": " + reason;
+    return reason.empty() ? write(reference, path.filename().string(), ref_walk_page(text))
+                          : path.string() + ": " + reason;
 }
 
 static std::string pages_write(reference_t &reference) {

@@ -187,6 +187,31 @@ static std::string event_without_place(const std::string &pages) {
     return "";
 }
 
+// Returns the line of a page without what only a walk over the page needs.
+static std::string walk_line(const std::string &line) {
+    const size_t blank = line.find(' '), bar = line.find(" | "), last = line.rfind(" | "), end = line.find(" -->");
+    if (line.starts_with("```") && blank != line.npos) {
+        const std::string name = line.substr(blank + 1);
+        return line.substr(0, blank) + (name == "stays" ? "" : " title=\"" + name + "\"");
+    }
+    if (line.starts_with("<!-- picture: ") && bar != line.npos && end != line.npos) {
+        const size_t file = strlen("<!-- picture: ");
+        return "![" + line.substr(last + 3, end - last - 3) + "](pictures/" + line.substr(file, bar - file) + ")\n";
+    }
+    return line;
+}
+
+std::string ref_walk_page(const std::string &text) {
+    std::istringstream in(text);
+    std::string out, line;
+    for (bool session = false; std::getline(in, line);) {
+        session = session || line.starts_with("<!-- session:");
+        out += session ? "" : walk_line(line) + "\n";
+        session = session && line != "-->";
+    }
+    return out;
+}
+
 std::string ref_without_place(const std::string &pages, const std::vector<ref_header_t> &headers) {
     for (const ref_header_t &header : headers) {
         for (const ref_function_t &function : header.functions) {

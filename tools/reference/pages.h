@@ -13,6 +13,10 @@ std::string ref_type_page(const ref_page_t &page, const std::vector<ref_header_t
 // that have no such line, by header. Sets `reason` for a name that no header declares or explains.
 std::string ref_function_page(const std::string &text, const std::vector<ref_header_t> &headers, std::string &reason);
 
+// Returns a page with the pictures that its comments "picture: FILE | OPTIONS | TEXT" name, and with the file name of a
+// block of code as its title.
+std::string ref_walk_page(const std::string &text);
+
 // Returns what the pages, as one text, do not mention: a public function, an event, or a row of a host; otherwise an
 // empty text.
 std::string ref_without_place(const std::string &pages, const std::vector<ref_header_t> &headers);
