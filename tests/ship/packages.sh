@@ -6,6 +6,7 @@
 [ "$(id -u)" -eq 0 ] || exec sudo "$0" "$@" # for chroot and mounts
 cd "$(dirname "$0")/../.."
 . tests/system/lib.sh
+. tests/system/root.sh
 native=$(cd "$1" && pwd)
 cache=$PWD/build/ship
 mkdir -p "$cache/archives/partial"
@@ -25,14 +26,12 @@ for name in bench tools; do
 done
 
 # The roots: one bare, one with a compiler; of this machine's sources, kept for a month -----------------------------------
-apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' 'Origin: Debian' | sort -u >"$work/sources"
 apt-config dump | grep '^Acquire::' | grep -v '::Changelogs' >"$work/apt.conf"
 root_make() { # NAME PACKAGE...
     name=$1
     shift
     find "$cache" -name "$name.tar" -mtime +30 -delete
-    [ -f "$cache/$name.tar" ] || mmdebstrap --quiet --variant=minbase --include="ca-certificates $*" "$(. /etc/os-release && echo "$VERSION_CODENAME")" \
-        "$cache/$name.tar" "$work/sources" >"$work/mmdebstrap.log" 2>&1 || { rm -f "$cache/$name.tar"; fail "the root $name cannot be made"; }
+    [ -f "$cache/$name.tar" ] || debian_root "$cache/$name.tar" "ca-certificates $*"
     mkdir "$work/$name"
     tar -C "$work/$name" -xf "$cache/$name.tar"
     cp "$work/apt.conf" "$work/$name/etc/apt/apt.conf.d/00host"

@@ -14,6 +14,8 @@ cmake --install build/small --prefix "$work/small" >>"$work/install.log"
 [ "$(ls -x "$work/small")" = "include  lib" ] || fail "the small build installs more than the library"
 [ -z "$(find "$work/small/include" -not -name '*.h' -type f)" ] || fail "the small build installs more than headers"
 nm "$work/small/lib/libzof.a" 2>/dev/null | grep -E ' (av|sws|swr)_' && fail "the small library knows FFmpeg"
+cmake -S . -B "$work/whole" -G Ninja -DCMAKE_BUILD_TYPE=Release -DZOF_MEDIA=OFF -DZOF_TESTS=OFF >"$work/configure.log" 2>&1 &&
+    ninja -C "$work/whole" -n >"$work/build.log" 2>&1 || fail "panel and tools cannot be built without FFmpeg"
 
 # The project: a page of PNG and one of JPEG pictures; a sound of each kind, and a clip.
 res=$work/res
