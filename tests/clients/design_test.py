@@ -218,6 +218,14 @@ def fixes(program, folder):
     page.wait("problems", lambda one: not [problem for problem in one["problems"] if problem["error"]])
 
 
+def hangs(program):
+    page = program.page()
+    os.kill(program.players()[0], signal.SIGSTOP)
+    assert not page.ask("hit", x=0, y=0)["ok"]
+    page.wait("runtime", lambda one: one["state"] == "runs")
+    assert page.ask("hit", x=0, y=0)["ok"]
+
+
 def crashes(program, folder, state):
     page = program.page()
     before = text(folder)
@@ -247,6 +255,7 @@ def main():
         program = Program(folder, state)
         try:
             refused(program)
+            hangs(program)
             random_gestures(program, folder)
             two_pages_and_others(program, folder)
             fixes(program, folder)

@@ -18,7 +18,8 @@ from zof_host import Changed, Missed, Panel, PanelError, Snapshot, rows
 VIEW, TITLE, BOX, SPIN = "switches", "label_4", "cb", "spin"
 X, Y, TAP_MS = 590, 105, 40
 LOSS = 0.01  # of the bytes to the host
-AGREED_S = 1.0  # after the last touch
+QUIET_S = 5.0  # without an event after the last touch, for a sanitized panel on a busy machine
+TRIES = 200  # so that a panel that is still starting is waited for
 
 
 class Run:
@@ -60,7 +61,7 @@ class Run:
             return data if to_panel else bytes(b for b in data if dice.random() >= self.loss)
 
         with GalleryPanel(self.build, self.script(), hmi={"event_en": 1, "crc_en": 1}) as gallery, \
-                gallery.open(timeout_ms=300 if self.loss else 5000, tries=20) as panel:
+                gallery.open(timeout_ms=300 if self.loss else 5000, tries=TRIES) as panel:
             panel.write(rows.VIEW_DISPLAY, VIEW)
             first = panel.read(rows.VIEW_EVENTS)  # events before the touches: views
             while event := panel.event(1):
@@ -77,10 +78,8 @@ class Run:
             seconds = time.monotonic() - begin
             ended.set()
             talk.join()
-            end = time.monotonic() + AGREED_S * (10 if self.loss else 1)  # a sanitized panel on a busy machine
-            while time.monotonic() < end:
-                if event := panel.event(0.05):
-                    self.take(event)
+            while event := panel.event(QUIET_S):
+                self.take(event)
             gallery.line.taint = lambda to_panel, data: data
             shown = panel.read(rows.CHECK_BOX_CHECKED, view=VIEW, control=BOX)
             sent = (panel.read(rows.VIEW_EVENTS) - first) % 256

@@ -101,7 +101,8 @@ apt maker --no-install-recommends install $(cd "$work/maker" && ls -d ./zof-*.de
 cat >"$work/maker/make.sh" <<'END'
 set -eux
 mount -t proc proc /proc
-cd /root
+mkdir /srv/maker
+cd /srv/maker
 export SDL_VIDEODRIVER=offscreen SDL_AUDIODRIVER=dummy ZOF_STATE=
 zof new coffee --template dashboard
 zof check --strict coffee
@@ -121,18 +122,18 @@ cmp cmake/page.png pkg-config/page.png
 man -w zof zof_player board_sim 2>/dev/null || ls /usr/share/man/man1/zof.1.gz
 END
 unshare --mount chroot "$work/maker" sh /make.sh >"$work/maker.log" 2>&1 || fail "a project cannot be made with the packages"
-cp "$work"/maker/root/build/coffee_*.deb "$work/bare/coffee.deb"
+cp "$work"/maker/srv/maker/build/coffee_*.deb "$work/bare/coffee.deb"
 dpkg-deb -f "$work/bare/coffee.deb" Recommends | grep -q libavcodec || fail "a maker's package does not recommend FFmpeg"
 apt bare --no-install-recommends install ./coffee.deb
-cp "$work/maker/root/session" "$work/out/"
+cp "$work/maker/srv/maker/session" "$work/out/"
 nobody ZOF_SHOTS=/tmp ZOF_SCRIPT=/tmp/session timeout 60 coffee >"$work/coffee.log" 2>&1 || fail "the maker's panel ended with $?"
-cmp "$work/maker/root/cmake/page.png" "$work/out/page.png" || fail "the maker's panel differs on the bare root"
+cmp "$work/maker/srv/maker/cmake/page.png" "$work/out/page.png" || fail "the maker's panel differs on the bare root"
 apt bare remove zof-bench coffee
 [ ! -e "$work/bare/usr/share/zof_bench" ] || fail "removing the package leaves files"
 
 size() { echo "$(($(stat -c %s "$1") / 1024)) KB, installed $(dpkg-deb -f "$1" Installed-Size) KB"; }
 for name in bench tools dev; do echo "| package zof-$name | $(size "$(echo "$native"/zof-${name}_*.deb)") | | |"; done
-echo "| package of a maker's panel (template dashboard) | $(size "$work"/maker/root/build/coffee_*.deb) | | |"
+echo "| package of a maker's panel (template dashboard) | $(size "$work"/maker/srv/maker/build/coffee_*.deb) | | |"
 echo "| the installed panel needs, on a bare Debian | $plain | $media, with the FFmpeg that it recommends | |"
 echo "| the same, built without FFmpeg | $small | | |"
 echo "| start and end of the installed panel, root read-only | $started ms | $built ms, in the build tree | $(echo "$started $built" | awk '{printf "%.2f", $1 / $2}') |"

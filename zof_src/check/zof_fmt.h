@@ -23,7 +23,8 @@ const zof_cat_file_t *zof_fmt_file(const char *path);
 // which decides the record of `property` by its `type`. Null for values without a record, and for an unknown type.
 const zof_cat_record_t *zof_fmt_record(const zof_jdoc_t *doc, u32 object, const zof_cat_key_t *key);
 
-// Writes the name or the colour that stands for a number of this row, in quotes. Returns false if there is none.
+// Writes the name or the colour that stands for a number of this row, in quotes. Returns false if no name or colour
+// stands for it.
 zof_bool zof_fmt_name(const reflect_item_t *row, double number, char *out, size_t size);
 
 ZOF_C_END

@@ -13,6 +13,7 @@
 enum {
     RESTART_MS = 300,  // between the end of a player and its next start
     AGAIN_MS = 5000,   // a player that ends within this time of its start has been ended by the project
+    HANG_MS = 10000,   // a player that has not answered by then is ended
     TREE_BUSY_MS = 50, // between two lists of what is drawn, while pictures follow each other
     TREE_LARGE = 300,  // controls; lists of so many are made less often
     TREE_LARGE_MS = 250,
@@ -23,6 +24,7 @@ struct pending_t {
     design_request_t request; // page 0: nobody waits
     bool edit;                // of a file: after an error the project is loaded by a fresh player
     cJSON *reply;             // null until it has come
+    u32 at;                   // when it was asked
 };
 
 static struct {
@@ -44,11 +46,6 @@ static struct {
     bool ended; // it has ended and starts again
     std::string note;
 } canvas;
-
-static const char *text_of(const cJSON *object, const char *name) {
-    const char *text = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(object, name));
-    return text ? text : "";
-}
 
 cJSON *design_canvas_shown() {
     cJSON *shown = cJSON_CreateObject();
@@ -81,7 +78,7 @@ static void runtime_report(const char *state, const std::string &note) {
 static void ask(const design_request_t &request, cJSON *command, bool edit) {
     const s32 id = view_session_send(canvas.shown, command);
     if (id) {
-        canvas.pending[id] = {request, edit, nullptr};
+        canvas.pending[id] = {request, edit, nullptr, zof_sys_time_ms()};
     } else if (request.page) {
         design_refuse(request, "the runtime is not running");
     }
@@ -135,12 +132,12 @@ static void tree_send(const cJSON *reply) {
 }
 
 static void view_take(const cJSON *line) {
-    canvas.view = text_of(line, "view");
+    canvas.view = design_text_of(line, "view");
     shown_report();
 }
 
 static void event_take(const cJSON *line) {
-    const std::string name = text_of(line, "event");
+    const std::string name = design_text_of(line, "event");
     if (name == "view") {
         view_take(line);
     } else if (name == "message") {
@@ -178,7 +175,7 @@ static void reply_send(const pending_t &done) {
         return;
     }
     if (!good && !done.edit) {
-        design_refuse(done.request, text_of(done.reply, "error"));
+        design_refuse(done.request, design_text_of(done.reply, "error"));
         return;
     }
     cJSON *reply = cJSON_CreateObject();
@@ -205,7 +202,7 @@ static void replies_send() {
     }
 }
 
-// The player that has them is no more.
+// Their player has ended.
 static void pending_drop() {
     for (const auto &[id, pending] : canvas.pending) {
         if (pending.request.page && pending.edit) {
@@ -261,9 +258,9 @@ std::string design_canvas_start() {
 
 static void project_report() {
     const cJSON *project = canvas.shown->project;
-    canvas.view = text_of(project, "view");
-    canvas.language = text_of(project, "language");
-    canvas.theme = text_of(project, "theme");
+    canvas.view = design_text_of(project, "view");
+    canvas.language = design_text_of(project, "language");
+    canvas.theme = design_text_of(project, "theme");
     cJSON *event = design_event_make("project");
     cJSON_AddItemToObject(event, "project", design_project());
     design_event(event);
@@ -308,6 +305,20 @@ static void end_take() {
     }
 }
 
+// Ends a player that answers nothing, which a loop in the runtime or a stopped process would otherwise leave on the
+// page for good.
+static void hang_take() {
+    const u32 now = zof_sys_time_ms();
+    bool hangs = canvas.tree_id && now - canvas.tree_at > HANG_MS;
+    for (const auto &[id, pending] : canvas.pending) {
+        hangs = hangs || (!pending.reply && now - pending.at > HANG_MS);
+    }
+    if (hangs && !canvas.shown->load_id) {
+        view_player_stop(&canvas.shown->shown);
+        canvas.shown->note = "the runtime did not answer for " + std::to_string(HANG_MS / 1000) + " s";
+    }
+}
+
 static void tree_step() {
     const u32 since = zof_sys_time_ms() - canvas.tree_at;
     const bool busy = !canvas.tried.empty() || canvas.mode != "design";
@@ -327,6 +338,7 @@ void design_canvas_step(s32 ms) {
     design_frame_send();
     replies_send();
     loads_take();
+    hang_take();
     end_take();
     tree_step();
 }
@@ -409,9 +421,9 @@ void design_canvas_choose(const design_request_t &request, const cJSON *args) {
             cJSON_AddStringToObject(command, name, value);
         }
     }
-    canvas.language = *text_of(args, "language") ? text_of(args, "language") : canvas.language;
-    canvas.theme = *text_of(args, "theme") ? text_of(args, "theme") : canvas.theme;
-    canvas.view = *text_of(args, "view") ? text_of(args, "view") : canvas.view;
+    canvas.language = !design_text_of(args, "language").empty() ? design_text_of(args, "language") : canvas.language;
+    canvas.theme = !design_text_of(args, "theme").empty() ? design_text_of(args, "theme") : canvas.theme;
+    canvas.view = !design_text_of(args, "view").empty() ? design_text_of(args, "view") : canvas.view;
     ask(request, command, false);
     shown_report();
     canvas.tree_due = true;
@@ -425,7 +437,7 @@ static std::string live_start(const std::string &address) {
                                                           : "the address must be the number of a port";
 }
 
-// Starts a player of its own, with real time, which begins as the canvas is now.
+// Starts a second player, with real time, which begins as the canvas is now.
 static std::string run_start() {
     session_prepare(&canvas.run);
     canvas.run.live = true;
@@ -453,7 +465,7 @@ static void mode_set(const std::string &mode) {
 }
 
 void design_canvas_mode(const design_request_t &request, const cJSON *args) {
-    const std::string mode = text_of(args, "mode");
+    const std::string mode = design_text_of(args, "mode");
     if (mode != "design" && mode != "run" && mode != "live") {
         design_refuse(request, "there is no mode " + mode);
         return;
@@ -461,7 +473,9 @@ void design_canvas_mode(const design_request_t &request, const cJSON *args) {
     pending_drop();
     view_session_stop(&canvas.run);
     canvas.run = {};
-    const std::string fault = mode == "run" ? run_start() : mode == "live" ? live_start(text_of(args, "address")) : "";
+    const std::string fault = mode == "run"    ? run_start()
+                              : mode == "live" ? live_start(design_text_of(args, "address"))
+                                               : "";
     mode_set(fault.empty() ? mode : "design");
     if (fault.empty()) {
         design_answer(request, cJSON_CreateObject());

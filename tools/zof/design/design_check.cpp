@@ -1,5 +1,5 @@
 // The findings after each change: at once those of the checker, and somewhat later those of `zof lint`, which draws all
-// views and runs as a process of its own.
+// views and runs as a separate process.
 #include <cstring>
 
 #include "check/zof_check.h"
@@ -34,19 +34,10 @@ void design_check_ask() {
     lint_stop();
 }
 
-// Returns the text of a value as the file has it, "" if there is none.
-static std::string value_of(const std::string &file, const std::string &path, const char *name) {
-    std::string ignored;
-    std::string out;
-    cJSON *values = design_files_read(design.files, file, path, &ignored);
-    const cJSON *value = nullptr;
-    cJSON_ArrayForEach(value, values) {
-        const char *at = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(value, "path"));
-        const char *raw = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(value, "raw"));
-        out = at && raw && strcmp(at, name) == 0 ? raw : out;
-    }
-    cJSON_Delete(values);
-    return out.size() > 2 && out[0] == '"' ? out.substr(1, out.size() - 2) : out;
+// Returns a control's name or id.
+static std::string label_of(const std::string &file, const std::string &path) {
+    const std::string raw = design_files_value(design.files, file, path);
+    return raw.size() > 2 && raw[0] == '"' ? raw.substr(1, raw.size() - 2) : raw;
 }
 
 // Adds the view and the control that a finding in a view's file is about.
@@ -64,8 +55,8 @@ static void control_add(cJSON *out, const zof_finding_t &finding) {
         return;
     }
     const std::string path = key.substr(0, end + 1) + ".property.pub_t";
-    const std::string name = value_of(file, path, "name");
-    const std::string id = value_of(file, path, "id");
+    const std::string name = label_of(file, path + ".name");
+    const std::string id = label_of(file, path + ".id");
     if (!name.empty() || !id.empty()) {
         cJSON_AddStringToObject(out, "control", (view + "/" + (name.empty() ? "#" + id : name)).c_str());
     }
@@ -121,11 +112,6 @@ static void lint_start() {
     }
 }
 
-static std::string text_of(const cJSON *object, const char *name) {
-    const char *text = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(object, name));
-    return text ? text : "";
-}
-
 static u32 number_of(const cJSON *object, const char *name) {
     const cJSON *value = cJSON_GetObjectItemCaseSensitive(object, name);
     return cJSON_IsNumber(value) ? (u32)value->valuedouble : 0;
@@ -138,11 +124,11 @@ static void lint_take() {
     check.drawn = cJSON_CreateArray();
     const cJSON *one = nullptr;
     cJSON_ArrayForEach(one, list) {
-        std::string file = text_of(one, "file");
-        std::string key = text_of(one, "key");
-        std::string text = text_of(one, "text");
-        const std::string rule = text_of(one, "rule");
-        const zof_check_rule_t row = {rule.c_str(), text_of(one, "severity") == "error", ""};
+        std::string file = design_text_of(one, "file");
+        std::string key = design_text_of(one, "key");
+        std::string text = design_text_of(one, "text");
+        const std::string rule = design_text_of(one, "rule");
+        const zof_check_rule_t row = {rule.c_str(), design_text_of(one, "severity") == "error", ""};
         cJSON_AddItemToArray(check.drawn, problem({&row, file.data(), number_of(one, "line"), number_of(one, "column"),
                                                    key.data(), text.data()}));
     }

@@ -10,11 +10,6 @@ static const cJSON *member(const cJSON *edit, const char *name) {
     return cJSON_GetObjectItemCaseSensitive(edit, name);
 }
 
-static std::string text_of(const cJSON *edit, const char *name) {
-    const char *text = cJSON_GetStringValue(member(edit, name));
-    return text ? text : "";
-}
-
 // Returns a number that is a place or an index, or `most` + 1 for anything else.
 static u32 index_of(const cJSON *number, u32 most) {
     const bool fits = cJSON_IsNumber(number) && number->valuedouble >= 0 && number->valuedouble <= most;
@@ -179,7 +174,7 @@ static bool place_follow(const edit_t &edit, u32 *at) {
 
 // The places may be those of the text before the plan, so that several edits can be made of one text.
 static std::string bytes_replace(const edit_t &edit) {
-    const std::string hash = text_of(edit.json, "hash");
+    const std::string hash = design_text_of(edit.json, "hash");
     design_file_t *entry = design_file_of(edit.plan->files, edit.file);
     const bool before = entry && hash == design_file_hash(entry);
     if (!edit.doc->exists || (!before && hash != design_doc_hash(edit.doc->text))) {
@@ -191,7 +186,7 @@ static std::string bytes_replace(const edit_t &edit) {
     if (at <= end && end <= size && before && (!place_follow(edit, &at) || !place_follow(edit, &end))) {
         return edit.file + ": two edits change the same place";
     }
-    const std::string text = text_of(edit.json, "text");
+    const std::string text = design_text_of(edit.json, "text");
     if (at > end || end > edit.doc->text.size() || !cJSON_IsString(member(edit.json, "text"))) {
         return edit.file + ": the edit needs at, end and text";
     }
@@ -220,7 +215,7 @@ static std::string file_create(const edit_t &edit) {
     if (edit.doc->exists) {
         return edit.file + " exists already";
     }
-    file_put(edit, text_of(edit.json, "create"), true);
+    file_put(edit, design_text_of(edit.json, "create"), true);
     return "";
 }
 
@@ -248,7 +243,7 @@ static std::string result_check(const edit_t &edit) {
 }
 
 static std::string edit_apply(design_plan_t *plan, const cJSON *json) {
-    edit_t edit = {plan, nullptr, json, text_of(json, "file"), text_of(json, "path")};
+    edit_t edit = {plan, nullptr, json, design_text_of(json, "file"), design_text_of(json, "path")};
     edit.doc = design_plan_work(plan, edit.file);
     if (!edit.doc) {
         return "\"" + edit.file + "\" is not a file of the project";

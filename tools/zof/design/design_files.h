@@ -47,6 +47,9 @@ const std::string *design_files_text(design_files_t *files, const std::string &f
 // the error if the path leads nowhere.
 cJSON *design_files_read(design_files_t *files, const std::string &file, const std::string &path, std::string *error);
 
+// Returns the bytes of a text, a number or a word at a path; an empty text for anything else.
+std::string design_files_value(design_files_t *files, const std::string &file, const std::string &path);
+
 // Turns edits of the protocol, an array, into splices, without applying them. Returns an error or an empty text.
 std::string design_files_plan(design_files_t *files, const cJSON *edits, std::vector<design_splice_t> *out);
 
@@ -94,5 +97,8 @@ cJSON *design_control_rename(design_files_t *files, const cJSON *args, std::vect
                              std::vector<std::string> *uses, std::string *error);
 // The JSON text of controls, with their children, as it stands in the file.
 std::string design_control_copy(design_files_t *files, const cJSON *args, std::string *error);
+
+// Returns the text of an object's member, empty if it is not a text.
+std::string design_text_of(const cJSON *object, const char *name);
 
 #endif

@@ -90,6 +90,24 @@ cJSON *design_files_read(design_files_t *files, const std::string &file, const s
     return values_json(&entry->doc, node);
 }
 
+std::string design_files_value(design_files_t *files, const std::string &file, const std::string &path) {
+    design_file_t *entry = design_file_of(files, file);
+    if (!entry || !entry->doc.exists || !design_doc_index(&entry->doc)) {
+        return "";
+    }
+    const u32 node = path.empty() ? ZOF_J_NONE : design_doc_find(&entry->doc, file, path);
+    const bool value =
+        node != ZOF_J_NONE && entry->doc.nodes[node].kind != ZOF_J_OBJECT && entry->doc.nodes[node].kind != ZOF_J_ARRAY;
+    return value ? entry->doc.text.substr(entry->doc.nodes[node].at,
+                                          entry->doc.nodes[node].end - entry->doc.nodes[node].at)
+                 : "";
+}
+
+std::string design_text_of(const cJSON *object, const char *name) {
+    const char *text = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(object, name));
+    return text ? text : "";
+}
+
 // Gestures ---------------------------------------------------------------------------------------------------------
 
 // Texts go to a browser, which ends a connection that brings anything but UTF-8. Long ones are cut off.

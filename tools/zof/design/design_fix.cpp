@@ -199,26 +199,6 @@ static size_t place_of(const std::string &source, u32 line, u32 col) {
     return at == std::string::npos ? source.size() : std::min(source.size(), at + col - 1);
 }
 
-// Returns the bytes of the value at a path.
-static std::string value_of(const std::string &file, const std::string &path) {
-    const size_t dot = path.find_last_of(".[");
-    const std::string parent = dot == std::string::npos ? "" : path.substr(0, dot);
-    const std::string name = dot == std::string::npos ? path : path.substr(path[dot] == '.' ? dot + 1 : dot);
-    std::string ignored;
-    std::string out;
-    cJSON *values = design_files_read(design.files, file, parent, &ignored);
-    const cJSON *value = nullptr;
-    cJSON_ArrayForEach(value, values) {
-        const char *at = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(value, "path"));
-        const char *raw = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(value, "raw"));
-        if (at && raw && name == at) {
-            out = raw;
-        }
-    }
-    cJSON_Delete(values);
-    return out;
-}
-
 cJSON *design_fixes(const zof_finding_t &finding) {
     cJSON *out = cJSON_CreateArray();
     about_t about = {finding, finding.file, finding.key, finding.text, nullptr, "", 0, ""};
@@ -227,7 +207,7 @@ cJSON *design_fixes(const zof_finding_t &finding) {
         return out;
     }
     about.at = place_of(*about.source, finding.line, finding.col);
-    about.value = about.key.empty() ? "" : value_of(about.file, about.key);
+    about.value = about.key.empty() ? "" : design_files_value(design.files, about.file, about.key);
     for (const auto &row : makers) {
         if (strcmp(row.rule, finding.rule->name) == 0) {
             row.make(about, out);

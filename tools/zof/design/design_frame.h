@@ -15,7 +15,7 @@ void design_frame_whole(u32 page);
 // The number of the last picture.
 u32 design_frame_number();
 
-// Sends a picture of its own to a page, with the number that the page has given it.
+// Sends a separate picture to a page, with the number that the page has given it.
 void design_frame_tile(u32 page, u32 number, const view_image_t &picture);
 
 #endif

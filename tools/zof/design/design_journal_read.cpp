@@ -20,11 +20,6 @@ struct replay_t {
     bool begun;
 };
 
-static std::string text_of(const cJSON *json, const char *name) {
-    const char *text = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(json, name));
-    return text ? text : "";
-}
-
 static double number_of(const cJSON *json, const char *name) {
     const cJSON *number = cJSON_GetObjectItemCaseSensitive(json, name);
     return cJSON_IsNumber(number) && number->valuedouble >= 0 && number->valuedouble < 9e15 ? number->valuedouble : 0;
@@ -49,11 +44,11 @@ static std::vector<design_splice_t> splices_of(const cJSON *step) {
     const cJSON *json = nullptr;
     cJSON_ArrayForEach(json, cJSON_GetObjectItemCaseSensitive(step, "splices")) {
         design_splice_t splice = {};
-        splice.file = text_of(json, "file");
+        splice.file = design_text_of(json, "file");
         splice.at = count_of(json, "at");
-        splice.before = unescaped(text_of(json, "before"));
-        splice.after = unescaped(text_of(json, "after"));
-        splice.path = text_of(json, "path");
+        splice.before = unescaped(design_text_of(json, "before"));
+        splice.after = unescaped(design_text_of(json, "after"));
+        splice.path = design_text_of(json, "path");
         splice.line = count_of(json, "line");
         splice.column = count_of(json, "column");
         splice.created = count_of(json, "kind") == 1;
@@ -65,8 +60,8 @@ static std::vector<design_splice_t> splices_of(const cJSON *step) {
 
 static void gesture_do(design_files_t *files, const cJSON *step, const std::vector<design_splice_t> &splices) {
     design_gesture_t gesture = {};
-    gesture.label = text_of(step, "label");
-    gesture.merge = text_of(step, "merge");
+    gesture.label = design_text_of(step, "label");
+    gesture.merge = design_text_of(step, "merge");
     gesture.time = (s64)number_of(step, "time");
     gesture.elsewhere = cJSON_IsTrue(cJSON_GetObjectItemCaseSensitive(step, "elsewhere"));
     gesture.splices = splices;
@@ -96,7 +91,7 @@ static bool step_list(design_files_t *files, const cJSON *step, const std::strin
 }
 
 static bool step_replay(replay_t *replay, const cJSON *step) {
-    const std::string what = text_of(step, "step");
+    const std::string what = design_text_of(step, "step");
     pending_t pending = {splices_of(step), what == "undo", {}};
     const cJSON *pair = nullptr;
     cJSON_ArrayForEach(pair, cJSON_GetObjectItemCaseSensitive(step, "files")) {
@@ -118,7 +113,7 @@ static bool state_replay(replay_t *replay, const cJSON *state) {
     design_files_t *files = replay->files;
     files->done = std::min((size_t)count_of(state, "done"), files->gestures.size());
     files->closed = std::min((size_t)count_of(state, "closed"), files->done);
-    files->closed_why = text_of(state, "why");
+    files->closed_why = design_text_of(state, "why");
     files->next_number = std::max(files->next_number, count_of(state, "next"));
     for (size_t i = files->done; i < files->gestures.size(); i++) {
         files->gestures[i].undone = true;

@@ -1,4 +1,4 @@
-// The web server of `zof design`: on 127.0.0.1 alone, for one page and its socket. It has a thread of its own, which
+// The web server of `zof design`: on 127.0.0.1 alone, for one page and its socket. It runs on a separate thread, which
 // does nothing but move bytes; messages are taken and sent by the main thread.
 #ifndef DESIGN_NET_H
 #define DESIGN_NET_H
@@ -36,7 +36,7 @@ struct design_net_message_t {
     std::string text;
 };
 
-// Takes the next message; false if there is none. Main thread, like all below.
+// Takes the next message; false if no message waits. Main thread, like all below.
 bool design_net_take(design_net_message_t *message);
 
 // Sends a message to a page. Unknown pages are ignored, because a page may close at any time.

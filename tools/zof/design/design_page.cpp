@@ -6,7 +6,7 @@
 
 static std::vector<u32> pages;
 
-static std::string text_of(cJSON *value) {
+static std::string json_print(cJSON *value) {
     char *text = cJSON_PrintUnformatted(value);
     std::string out = text ? text : "{}";
     cJSON_free(text);
@@ -17,7 +17,7 @@ static std::string text_of(cJSON *value) {
 void design_answer(const design_request_t &request, cJSON *reply) {
     cJSON_AddNumberToObject(reply, "id", request.id);
     cJSON_AddBoolToObject(reply, "ok", true);
-    design_net_send(request.page, text_of(reply));
+    design_net_send(request.page, json_print(reply));
 }
 
 void design_refuse(const design_request_t &request, const std::string &error) {
@@ -25,7 +25,7 @@ void design_refuse(const design_request_t &request, const std::string &error) {
     cJSON_AddNumberToObject(reply, "id", request.id);
     cJSON_AddBoolToObject(reply, "ok", false);
     cJSON_AddStringToObject(reply, "error", error.c_str());
-    design_net_send(request.page, text_of(reply));
+    design_net_send(request.page, json_print(reply));
 }
 
 cJSON *design_event_make(const char *name) {
@@ -35,7 +35,7 @@ cJSON *design_event_make(const char *name) {
 }
 
 void design_event(cJSON *event) {
-    const std::string text = text_of(event);
+    const std::string text = json_print(event);
     for (const u32 page : pages) {
         design_net_send(page, text);
     }

@@ -14,11 +14,6 @@ static s64 now_ms() {
     return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
 }
 
-static std::string text_of(const cJSON *args, const char *name) {
-    const char *text = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(args, name));
-    return text ? text : "";
-}
-
 static cJSON *texts(const std::vector<std::string> &all) {
     cJSON *array = cJSON_CreateArray();
     for (const std::string &text : all) {
@@ -86,9 +81,9 @@ static void run_hello(const design_request_t &request, const cJSON *) {
 
 static void run_source(const design_request_t &request, const cJSON *args) {
     std::string hash;
-    const std::string *text = design_files_text(design.files, text_of(args, "file"), &hash);
+    const std::string *text = design_files_text(design.files, design_text_of(args, "file"), &hash);
     if (!text) {
-        design_refuse(request, "there is no file " + text_of(args, "file"));
+        design_refuse(request, "there is no file " + design_text_of(args, "file"));
         return;
     }
     cJSON *reply = cJSON_CreateObject();
@@ -99,7 +94,7 @@ static void run_source(const design_request_t &request, const cJSON *args) {
 
 static void run_read(const design_request_t &request, const cJSON *args) {
     std::string error;
-    cJSON *values = design_files_read(design.files, text_of(args, "file"), text_of(args, "path"), &error);
+    cJSON *values = design_files_read(design.files, design_text_of(args, "file"), design_text_of(args, "path"), &error);
     if (!values) {
         design_refuse(request, error);
         return;
@@ -112,8 +107,8 @@ static void run_read(const design_request_t &request, const cJSON *args) {
 static void run_edit(const design_request_t &request, const cJSON *args) {
     std::string error;
     const design_gesture_t *gesture =
-        design_files_edit(design.files, cJSON_GetObjectItemCaseSensitive(args, "edits"), text_of(args, "label"),
-                          text_of(args, "merge"), now_ms(), &error);
+        design_files_edit(design.files, cJSON_GetObjectItemCaseSensitive(args, "edits"), design_text_of(args, "label"),
+                          design_text_of(args, "merge"), now_ms(), &error);
     gesture_answer(request, gesture, "edit", error);
 }
 
@@ -176,7 +171,7 @@ static void run_add(const design_request_t &request, const cJSON *args) {
     std::vector<std::string> made;
     cJSON *edits = design_control_add(design.files, args, &made, &error);
     const design_gesture_t *gesture =
-        operation_apply(edits, "Add " + (made.empty() ? text_of(args, "type") : last_name(made[0])), &error);
+        operation_apply(edits, "Add " + (made.empty() ? design_text_of(args, "type") : last_name(made[0])), &error);
     gesture_answer(request, gesture, "edit", error, {{"control", first_of(made)}});
 }
 
@@ -220,7 +215,8 @@ static void run_delete(const design_request_t &request, const cJSON *args) {
 static void run_reorder(const design_request_t &request, const cJSON *args) {
     std::string error;
     cJSON *edits = design_control_reorder(design.files, args, &error);
-    const design_gesture_t *gesture = operation_apply(edits, "Order " + last_name(text_of(args, "control")), &error);
+    const design_gesture_t *gesture =
+        operation_apply(edits, "Order " + last_name(design_text_of(args, "control")), &error);
     gesture_answer(request, gesture, "edit", error);
 }
 
@@ -229,13 +225,14 @@ static void run_rename(const design_request_t &request, const cJSON *args) {
     std::vector<std::string> made;
     std::vector<std::string> uses;
     cJSON *edits = design_control_rename(design.files, args, &made, &uses, &error);
-    const design_gesture_t *gesture = operation_apply(edits, "Rename " + last_name(text_of(args, "control")), &error);
+    const design_gesture_t *gesture =
+        operation_apply(edits, "Rename " + last_name(design_text_of(args, "control")), &error);
     gesture_answer(request, gesture, "edit", error, {{"control", first_of(made)}, {"uses", texts(uses)}});
 }
 
 // Passes a request to the player, whose commands have the same names and arguments.
 static void run_player(const design_request_t &request, const cJSON *args) {
-    cJSON *command = view_command(text_of(args, "do").c_str());
+    cJSON *command = view_command(design_text_of(args, "do").c_str());
     const cJSON *arg = nullptr;
     cJSON_ArrayForEach(arg, args) {
         if (strcmp(arg->string, "do") != 0 && strcmp(arg->string, "id") != 0) {
@@ -285,7 +282,7 @@ void design_request_run(u32 page, const std::string &text) {
     cJSON *args = cJSON_ParseWithLength(text.data(), text.size());
     const cJSON *id = cJSON_GetObjectItemCaseSensitive(args, "id");
     const design_request_t request = {page, cJSON_IsNumber(id) ? id->valuedouble : 0};
-    const std::string name = text_of(args, "do");
+    const std::string name = design_text_of(args, "do");
     bool found = false;
     for (const auto &row : requests) {
         if (!found && name == row.name) {

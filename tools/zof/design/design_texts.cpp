@@ -27,14 +27,9 @@ struct work_t {
 };
 using work_p = std::shared_ptr<work_t>;
 
-static std::string text_of(const cJSON *object, const char *name) {
-    const char *text = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(object, name));
-    return text ? text : "";
-}
-
 // Returns the decoded text of a value in a file.
 static std::string decoded(const cJSON *value) {
-    cJSON *parsed = cJSON_Parse(text_of(value, "raw").c_str());
+    cJSON *parsed = cJSON_Parse(design_text_of(value, "raw").c_str());
     const char *text = cJSON_GetStringValue(parsed);
     std::string out = text ? text : "";
     cJSON_Delete(parsed);
@@ -53,8 +48,8 @@ static void language_take(work_t *work, const std::string &language) {
     cJSON *values = design_files_read(design.files, "config/languages/" + language + ".g", "", &ignored);
     const cJSON *value = nullptr;
     cJSON_ArrayForEach(value, values) {
-        if (text_of(value, "kind") == "text") {
-            row_get(work, text_of(value, "path"))->cells[language] = {.there = true, .text = decoded(value)};
+        if (design_text_of(value, "kind") == "text") {
+            row_get(work, design_text_of(value, "path"))->cells[language] = {.there = true, .text = decoded(value)};
         }
     }
     cJSON_Delete(values);
@@ -68,14 +63,14 @@ static void uses_take(work_t *work, const std::string &view) {
     std::vector<std::pair<std::string, std::string>> found;
     const cJSON *value = nullptr;
     cJSON_ArrayForEach(value, values) {
-        const std::string path = text_of(value, "path");
+        const std::string path = design_text_of(value, "path");
         const size_t end = path.find(']');
         const std::string control = path.substr(0, end == std::string::npos ? 0 : end + 1);
         if (path.ends_with(".pub_t.name")) {
             names[control] = decoded(value);
         } else if (path.ends_with(".pub_t.id")) {
-            ids[control] = text_of(value, "raw");
-        } else if (text_of(value, "kind") == "text" && decoded(value).starts_with("#")) {
+            ids[control] = design_text_of(value, "raw");
+        } else if (design_text_of(value, "kind") == "text" && decoded(value).starts_with("#")) {
             found.emplace_back(control, decoded(value).substr(1));
         }
     }
@@ -110,7 +105,7 @@ static void measure_take(cell_t *cell, const cJSON *text) {
         std::copy(needs, needs + 2, cell->needs);
         std::copy(has, has + 2, cell->has);
     }
-    const std::string missing = text_of(text, "missing");
+    const std::string missing = design_text_of(text, "missing");
     cell->missing = missing.empty() ? cell->missing : missing;
 }
 
@@ -123,9 +118,9 @@ static void review_take(work_t *work, const std::string &language, const cJSON *
     }
     const cJSON *text = nullptr;
     cJSON_ArrayForEach(text, cJSON_GetObjectItemCaseSensitive(reply, "texts")) {
-        const auto range = by_control.equal_range(text_of(text, "control"));
+        const auto range = by_control.equal_range(design_text_of(text, "control"));
         for (auto at = range.first; at != range.second; ++at) {
-            if (at->second->there && at->second->text == text_of(text, "text")) {
+            if (at->second->there && at->second->text == design_text_of(text, "text")) {
                 measure_take(at->second, text);
             }
         }
@@ -175,7 +170,7 @@ static std::vector<std::string> names_of(const char *array, const char *member) 
     std::vector<std::string> out;
     const cJSON *item = nullptr;
     cJSON_ArrayForEach(item, cJSON_GetObjectItemCaseSensitive(design_canvas_project(), array)) {
-        out.push_back(member ? text_of(item, member) : cJSON_IsString(item) ? item->valuestring : "");
+        out.push_back(member ? design_text_of(item, member) : cJSON_IsString(item) ? item->valuestring : "");
     }
     return out;
 }

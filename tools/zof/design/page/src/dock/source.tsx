@@ -176,9 +176,9 @@ export function Source(props: Props) {
                 sourceMarks,
                 editable.current.of(EditorState.readOnly.of(props.readOnly)),
                 EditorView.contentAttributes.of({ 'aria-label': props.label, tabindex: '0' }),
-                // Tab moves on to the next part of the page; Ctrl Tab belongs to the browser.
+                // Tab moves on to the next part of the page; Ctrl Tab belongs to the browser; Ctrl Enter starts Run.
                 keymap.of([
-                    ...defaultKeymap,
+                    ...defaultKeymap.filter((one) => one.key !== 'Mod-Enter'),
                     ...historyKeymap,
                     ...searchKeymap,
                     ...foldKeymap,

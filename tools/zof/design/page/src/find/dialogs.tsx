@@ -1,6 +1,6 @@
 // What opens over the page: Find, the keys, rename, the address of a running program.
 import type { ComponentChildren } from 'preact';
-import { useEffect, useRef, useState } from 'preact/hooks';
+import { useLayoutEffect, useRef, useState } from 'preact/hooks';
 
 import { nameOf, rename, setMode, show } from '../actions';
 import { iconOf } from '../catalogue';
@@ -11,7 +11,8 @@ import { words } from '../words';
 
 function Dialog({ name, children }: { name: string; children: ComponentChildren }) {
     const element = useRef<HTMLDialogElement>(null);
-    useEffect(() => {
+    // Before the next key arrives, which belongs to the dialog.
+    useLayoutEffect(() => {
         const before = document.activeElement as HTMLElement | null;
         element.current?.showModal();
         element.current?.querySelector('input')?.select();
@@ -21,6 +22,7 @@ function Dialog({ name, children }: { name: string; children: ComponentChildren 
         <dialog
             ref={element}
             aria-label={name}
+            onCancel={() => (dialog.value = '')}
             onClose={() => (dialog.value = '')}
             onClick={(event) => event.target === element.current && element.current?.close()}
         >
