@@ -5,6 +5,7 @@
 #include "hmi/zof_hmi.h"
 #include "hmi/zof_hmi_action.h"
 #include "hmi/zof_hmi_event.h"
+#include "inspect/zof_inspect.h"
 #include "project/base/zof_prj_up.h"
 #include "project/zof_prj.h"
 
@@ -27,10 +28,14 @@ const zof_prj_up_t zof_prj_up = {
 
 const zof_ctrl_up_t zof_ctrl_up = {
     .ctrl_all_event = zof_hmi_ctrl_all_event,
-    .ctrl_watched = [](const para_t *record) { return (zof_bool)(record->attr->on || zof_hmi_event_wanted()); },
+    .ctrl_watched =
+        [](const para_t *record) {
+            return (zof_bool)(record->attr->on || zof_hmi_event_wanted() || zof_inspect_events_wanted());
+        },
     .ctrl_happened =
         [](para_t *record, u32 event) {
             zof_hmi_event_control(record->attr->view_id, record->attr->id, event);
+            zof_inspect_event(record, event);
             zof_action_happened(record, event);
         },
 };

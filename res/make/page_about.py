@@ -6,7 +6,7 @@ WORDS.update({
     "a_title": ("USB Power Delivery bench box", "USB-Power-Delivery-Netzteil"), "a_sub": ("Front panel", "Bedienfeld"),
     "a_ver": ("Version", "Version"), "a_time": ("Built", "Erstellt"), "a_box": ("Box", "Netzteil"),
     "a_port": ("Port", "Anschluss"), "a_link": ("Link", "Verbindung"), "a_frames": ("Frames", "Telegramme"),
-    "a_lic": ("Licences", "Lizenzen"), "a_lic_are": ("in the folder of this program", "im Ordner dieses Programms"),
+    "a_lic": ("Licences", "Lizenzen"), "a_lic_are": ("with the files of this program", "bei den Dateien des Programms"),
     # {0} a number of frames, {1} an age, {2} a number of bytes
     "link_good": ("connected, last frame {1} ago", "steht, zuletzt vor {1}"), "link_silent": ("open, but silent", "offen, aber stumm"),
     "link_none": ("not connected", "nicht verbunden"),

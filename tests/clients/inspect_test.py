@@ -69,6 +69,9 @@ class Client:
             self.events.append(reply)
         return reply
 
+    def control(self, path):
+        return next(one for one in self.ask("tree")["views"][0]["controls"] if one["path"] == path)
+
     def __enter__(self):
         return self
 
@@ -128,6 +131,23 @@ class Inspect(unittest.TestCase):
                 self.assertTrue(client.ask("set", row="view.display", value=2)["ok"])
                 self.assertEqual(client.ask("snapshot")["state"]["views"][-1], "rails")
                 self.assertIn({"event": "view", "view": "rails"}, client.events)
+            with Client(program, program.token) as client:
+                client.ask("show", view="settings", alone=True)
+                change = client.ask("values")["change"]
+                client.ask("set", control="settings/label_2", row="label.text", value="x")
+                x, y, width, height = client.control("settings/average")["box"]
+                for down in True, False:  # the panel takes a change back as long as no box answers
+                    client.ask("pointer", x=x + width // 2, y=y + height // 2, down=down)
+                    while ("pressed" in client.control("settings/average")["state"]) != down:
+                        pass
+                values = client.ask("values", since=change)["values"]
+                self.assertEqual({value["control"]: (value["by"], value["count"]) for value in values if "by" in value},
+                                 {"settings/label_2": ("inspector", 1), "settings/average": ("program", 2)})
+                self.assertIn({"event": "control", "control": "settings/average", "what": "changed", "value": 0, "text": ""},
+                              client.events)
+                before = client.ask("picture")["png"]
+                self.assertTrue(client.ask("mark", control="settings/average")["ok"])
+                self.assertNotEqual(client.ask("picture")["png"], before)
             with Client(program, program.token) as client:  # that closes its end and still gets its answers
                 client.send(b'{"do": "tree"}\n' * 100)
                 client.socket.shutdown(socket.SHUT_WR)

@@ -355,6 +355,6 @@ TEST_CASE("the manual lists the player's commands as they are") {
                                    (args.empty() ? "| " : " | ") + str(cJSON_GetObjectItem(row, "needs")->valuestring) +
                                    " | " + str(cJSON_GetObjectItem(row, "help")->valuestring) + " |\n"));
     }
-    CHECK(cJSON_GetArraySize(cJSON_GetObjectItem(reply, "commands")) == 19);
+    CHECK(cJSON_GetArraySize(cJSON_GetObjectItem(reply, "commands")) == 21);
     cJSON_Delete(reply);
 }

@@ -1,12 +1,9 @@
-// Starts a project without an application, and drives its clock. Every control gets an event function, which reports
-// what users do with it when time is real.
+// Starts a project without an application, and drives its clock.
 #include <algorithm>
 
-#include "control/zof_ctrl.h"
 #include "drv/zof_drv_file.h"
 #include "drv/zof_loop_in.h"
 #include "func/zof_func.h"
-#include "hmi/zof_hmi_event.h"
 #include "player.h"
 #include "port/zof_host.h"
 #include "port/zof_port.h"
@@ -38,25 +35,6 @@ void player_clock_advance(u32 ms) {
         ms -= step;
         zof_loop_turn();
         inspect_frame_publish();
-    }
-}
-
-// Reports the events that a host would receive, with what the control stands at.
-static void event_report(zof_ctrl_t *ctrl, zof_event_e code) {
-    const auto *record = (const para_t *)ctrl;
-    for (u32 i = ZOF_HMI_EVENT_CLICKED; player_options.live && i < ZOF_HMI_EVENT_COUNT; i++) {
-        if (zof_hmi_event_rows[i].event != code || !record->attr) {
-            continue;
-        }
-        zof_ctrl_value_t value = {};
-        cJSON *event = inspect_event("control");
-        cJSON_AddStringToObject(event, "control", inspect_path(record->attr->view_id, record->id).c_str());
-        cJSON_AddStringToObject(event, "what", zof_hmi_event_rows[i].name);
-        if (zof_ctrl_has_value(record) && zof_ctrl_get_value(ctrl, &value) == 0) {
-            cJSON_AddNumberToObject(event, "value", value.number);
-            cJSON_AddStringToObject(event, "text", value.text ? value.text : "");
-        }
-        inspect_send(event);
     }
 }
 
@@ -103,7 +81,8 @@ std::string player_start(const char *dir) {
     }
     if (player_options.live) {
         zof_func_pwon();
+        inspect_events_start();
     }
     inspect_writes_watch();
-    return zof_plain_create(event_report) == 0 ? "" : folder + ": the project file has no views";
+    return zof_plain_create(nullptr) == 0 ? "" : folder + ": the project file has no views";
 }

@@ -2,7 +2,7 @@
 #ifndef ZOF_INSPECT_H
 #define ZOF_INSPECT_H
 
-#include "zof_lib/zof_type.h"
+#include "project/base/zof_para.h"
 
 ZOF_C_BEGIN
 
@@ -14,6 +14,10 @@ ZOF_C_BEGIN
 // it, after one log line. Commands are executed in turns of the main loop. Only the first call counts. Graphics thread,
 // after the first view is shown.
 void zof_inspect_start(void);
+
+// Whether zof_inspect_event is to be called, for each event that a host may receive. Graphics thread.
+zof_bool zof_inspect_events_wanted(void);
+void zof_inspect_event(para_t *record, u32 event);
 
 ZOF_C_END
 

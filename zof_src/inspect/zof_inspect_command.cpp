@@ -9,7 +9,8 @@
 #include "inspect/zof_inspect_in.h"
 #include "zof_lib/zof_stdio.h"
 
-enum { PIXELS_MAX = 8 << 20 }; // of a picture in a reply
+enum { PIXELS_MAX = 8 << 20 };         // of a picture in a reply
+enum { MARK_MS = 2000, MARK_GAP = 3 }; // how long a mark is shown; between it and its control, in pixels
 
 static const inspect_player_t *player; // null in a program that is not a player
 
@@ -240,6 +241,35 @@ static std::string cmd_set(const cJSON *args, cJSON *) {
     return inspect_set(args);
 }
 
+static std::string cmd_values(const cJSON *args, cJSON *reply) {
+    inspect_values(inspect_number(args, "since", -1), reply);
+    return "";
+}
+
+// Above everything else, and gone after a while, so that no client can leave it there.
+static std::string cmd_mark(const cJSON *args, cJSON *) {
+    para_t *record = nullptr;
+    const std::string fault = control_of(args, &record);
+    if (!fault.empty()) {
+        return fault;
+    }
+    lv_obj_update_layout(record->obj);
+    lv_area_t box = record->obj->coords;
+    lv_area_increase(&box, MARK_GAP, MARK_GAP);
+    lv_obj_t *mark = lv_obj_create(lv_layer_sys());
+    lv_obj_remove_style_all(mark);
+    lv_obj_clear_flag(mark, LV_OBJ_FLAG_CLICKABLE);
+    lv_obj_set_pos(mark, box.x1, box.y1);
+    lv_obj_set_size(mark, lv_area_get_width(&box), lv_area_get_height(&box));
+    lv_obj_set_style_border_width(mark, MARK_GAP, 0);
+    lv_obj_set_style_border_color(mark, lv_color_hex(0x2F7DE1), 0);
+    lv_obj_set_style_border_opa(mark, LV_OPA_COVER, 0);
+    lv_obj_set_style_outline_width(mark, 1, 0);
+    lv_obj_set_style_outline_color(mark, lv_color_white(), 0);
+    lv_obj_del_delayed(mark, MARK_MS);
+    return "";
+}
+
 static std::string cmd_scroll(const cJSON *args, cJSON *) {
     para_t *record = nullptr;
     std::string fault = control_of(args, &record);
@@ -301,6 +331,11 @@ static const struct command_t {
     {"hit", "x y", "Lists the controls at a place, the topmost first.", cmd_hit, INSPECT_READ, false},
     {"set", "row value control? request?", "Sets a value as a host does, by its row: \"label.text\".", cmd_set,
      INSPECT_WRITE, false},
+    {"values", "since?",
+     "Lists the values of the controls that are shown, and who wrote each last; with since, only those written after "
+     "that change.",
+     cmd_values, INSPECT_READ, false},
+    {"mark", "control", "Draws a frame around a control for two seconds.", cmd_mark, INSPECT_WRITE, false},
     {"scroll", "control x y", "Scrolls the content of a control.", cmd_scroll, INSPECT_WRITE, false},
     {"link", "", "Opens the project's serial link to a host.", cmd_link, INSPECT_PLAYER, false},
     {"snapshot", "", "Returns what a fresh player needs to show the same.", cmd_snapshot, INSPECT_READ, false},

@@ -134,9 +134,24 @@ void inspect_review(cJSON *reply);
 // zof_inspect_value.cpp: values by rows of the host protocol, "label.text" -------------------------------------------
 std::string inspect_set(const cJSON *args);
 std::string inspect_row_of(const char *type); // returns "slider.value" for "slider"; empty if there is no row
-void inspect_writes_watch();                  // starts to keep the values that a host writes
-cJSON *inspect_snapshot();                    // views, language, theme, scroll positions, written values
+// Returns "text" or "number" for a row that one such value can be written to, otherwise "".
+const char *inspect_row_takes(const char *row);
+void inspect_writes_watch(); // starts to keep the values that a host writes
+cJSON *inspect_snapshot();   // views, language, theme, scroll positions, written values
 std::string inspect_restore(const cJSON *state);
+
+// zof_inspect_writes.cpp ---------------------------------------------------------------------------------------------
+enum inspect_writer_e { INSPECT_BY_NONE, INSPECT_BY_HOST, INSPECT_BY_INSPECTOR, INSPECT_BY_USER, INSPECT_BY_PROGRAM };
+
+// A value of a control was written, perhaps with the value that it had.
+void inspect_written(u32 view, u32 ctrl, inspect_writer_e writer);
+
+// Starts to send an event for what a user does with a control.
+void inspect_events_start();
+
+// Adds "values", those of all controls that are shown, or, if `since` is not negative, only those written after that
+// change and those read for the first time; and "change", the number of the last one.
+void inspect_values(s32 since, cJSON *reply);
 
 // zof_inspect_edit.cpp -----------------------------------------------------------------------------------------------
 std::string inspect_edit(const cJSON *args);

@@ -373,6 +373,7 @@ static void serving_start(bool write) {
     inspect_frames_start(nullptr);
     inspect_messages_start(true);
     inspect_writes_watch();
+    inspect_events_start();
     zof_loop_source_add(&source, nullptr);
     zof_thread_del(zof_thread_create("zof inspect", serve, nullptr, 0, THREAD_PRIORITY));
 }

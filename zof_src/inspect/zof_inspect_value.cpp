@@ -123,8 +123,17 @@ static void write_keep(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_
     writes.push_back({what, text_of(line)});
 }
 
+static void host_wrote(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_t *param, const void *type_param,
+                       const void *req_param, const void *value_param) {
+    write_keep(type, param, type_param, req_param, value_param);
+    if (type->rec == &zof_hmi_ctrl_id_t_tbl) {
+        const auto *ctrl = (const zof_hmi_ctrl_id_t *)type_param;
+        inspect_written(ctrl->view_id, ctrl->ctrl_id, INSPECT_BY_HOST);
+    }
+}
+
 void inspect_writes_watch() {
-    zof_hmi_cmd_on_write(write_keep);
+    zof_hmi_cmd_on_write(host_wrote);
 }
 
 // Returns the first row of a type that can be read and written, which holds its value, or else the first writable row.
@@ -157,6 +166,15 @@ static const zof_hmi_param_type_t *row_find(const char *name, const zof_hmi_cmd_
         }
     }
     return nullptr;
+}
+
+const char *inspect_row_takes(const char *name) {
+    const zof_hmi_cmd_type_t *type = nullptr;
+    const zof_hmi_param_type_t *param = row_find(name, &type);
+    if (!param || !param->set_fun || param->rw->req->count || param->value->count != 1) {
+        return "";
+    }
+    return param->value->fields[0].type == ZOF_HMI_T_STR ? "text" : "number";
 }
 
 static std::string control_find(const char *path, zof_hmi_ctrl_id_t *out) {
@@ -197,6 +215,9 @@ std::string inspect_set(const cJSON *args) {
         param->set_fun(records[0], records[1], records[2], records[3]);
     }
     write_keep(type, param, records[0], records[1], records[2]);
+    if (type->rec == &zof_hmi_ctrl_id_t_tbl) {
+        inspect_written(ctrl.view_id, ctrl.ctrl_id, INSPECT_BY_INSPECTOR);
+    }
     return "";
 }
 

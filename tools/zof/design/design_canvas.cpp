@@ -155,6 +155,9 @@ static void event_take(const cJSON *line) {
 static void line_take(const cJSON *line) {
     const cJSON *id = cJSON_GetObjectItemCaseSensitive(line, "id");
     const s32 number = cJSON_IsNumber(id) ? id->valueint : 0;
+    if (design_values_take(line)) {
+        return;
+    }
     const auto found = canvas.pending.find(number);
     if (number && number == canvas.tree_id) {
         canvas.tree_id = 0;
@@ -214,6 +217,7 @@ static void pending_drop() {
     }
     canvas.pending.clear();
     canvas.tree_id = 0;
+    design_values_all();
 }
 
 // ---- players
@@ -341,11 +345,15 @@ void design_canvas_step(s32 ms) {
     hang_take();
     end_take();
     tree_step();
+    if (canvas.mode != "design") {
+        design_values_step(canvas.shown);
+    }
 }
 
 void design_canvas_show(u32 page) {
     design_frame_whole(page);
     canvas.tree_due = true;
+    design_values_all();
 }
 
 // ---- changes

@@ -74,6 +74,12 @@ cJSON *design_canvas_shown(); // `Shown` of the protocol
 // Returns the last reply of the player to `load`, null before the first; its folder is that of the project.
 const cJSON *design_canvas_project();
 
+// design_values.cpp: the values of a panel that runs
+// -----------------------------------------------------------------------------------------------------
+void design_values_all();                         // another panel, or another page: all values are sent
+void design_values_step(view_session_t *session); // asks for those written since
+bool design_values_take(const cJSON *line);       // returns whether the line was the answer
+
 // design_project.cpp
 // ---------------------------------------------------------------------------------------------------
 cJSON *design_project(); // `Project` of the protocol

@@ -276,6 +276,7 @@ static constexpr struct {
     {"pointer", run_player},
     {"key", run_player},
     {"set", run_player},
+    {"mark", run_player},
 };
 
 void design_request_run(u32 page, const std::string &text) {

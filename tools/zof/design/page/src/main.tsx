@@ -13,6 +13,7 @@ import { Dialogs } from './find/dialogs';
 import { Inspector } from './inspector/inspector';
 import { keysStart } from './keys';
 import { Palette } from './palette/palette';
+import { Host } from './run/host';
 import { Bar, darkNow } from './shell/bar';
 import { Last } from './shell/last';
 import { Rail } from './shell/rail';
@@ -51,7 +52,7 @@ function Band() {
 
 function Left() {
     const width = kept.value.leftWidth || (innerWidth >= 1900 ? 288 : innerWidth <= 1360 ? 212 : 228);
-    const panels = { views: Views, add: Palette, colours: Colours, texts: TextsSide, changes: Changes };
+    const panels = { views: Views, add: Palette, colours: Colours, texts: TextsSide, host: Host, changes: Changes };
     const Panel = panels[kept.value.left];
     return (
         <aside class="left" aria-label={words.panels} data-region="left">

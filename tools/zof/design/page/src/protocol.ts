@@ -192,6 +192,20 @@ export interface TextRow {
     cells: { [language: string]: TextCell };
 }
 
+// ---- values of a panel that runs
+
+/** What a control stands at, and who wrote that last; nobody has since the start if `by` is absent. */
+export interface Written {
+    control: string;
+    row: string; // of the serial protocol: "label.text"
+    takes: 'text' | 'number' | ''; // the one value that the row can be written with, if it is one
+    number: number;
+    text: string;
+    by?: 'host' | 'user' | 'inspector' | 'program';
+    age?: number; // ms since the last write
+    count?: number; // of writes
+}
+
 // ---- requests
 
 export interface Requests {
@@ -258,6 +272,7 @@ export interface Requests {
     pointer: { args: { x: number; y: number; down: boolean }; reply: object };
     key: { args: { key: number; down: boolean }; reply: object };
     set: { args: { control?: string; row: string; value?: Json; request?: Json }; reply: object };
+    mark: { args: { control: string }; reply: object }; // draws a frame around it on the panel for a while
 }
 
 export type Events =
@@ -270,5 +285,7 @@ export type Events =
     | { event: 'runtime'; state: 'runs' | 'starts' | 'stopped'; note: string; ms: number }
     // A fault in a file that the runtime reported while it drew.
     | { event: 'message'; file: string; line: number; column: number; key: string; text: string; broken?: boolean }
-    // Run mode: what the user did.
-    | { event: 'touched'; time: number; control: string; what: string; value?: Json; text?: string };
+    // Run and Live: values that were written; `all` replaces those known before.
+    | { event: 'values'; all: boolean; values: Written[] }
+    // Run and Live: what the user did.
+    | { event: 'touched'; time: number; control: string; what: string; value?: number; text?: string };

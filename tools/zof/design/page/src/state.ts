@@ -13,7 +13,6 @@ export const checkMs = signal(0);
 export const undoState = signal<UndoState>({ undo: '', redo: '', saved: true, error: '' });
 export const lastGesture = signal<Gesture | null>(null);
 export const runtime = signal<{ state: 'runs' | 'starts' | 'stopped'; note: string }>({ state: 'starts', note: '' });
-export const touches = signal<{ time: number; control: string; what: string; value?: unknown; text?: string }[]>([]);
 export const pageNumber = signal(0);
 
 /** Paths of the selected controls; the last one is the key of alignments. */
@@ -32,7 +31,7 @@ export const chosen = computed(() => selected.value[selected.value.length - 1]);
 
 // ---- kept on this machine
 
-export type LeftPanel = 'views' | 'add' | 'colours' | 'texts' | 'changes';
+export type LeftPanel = 'views' | 'add' | 'colours' | 'texts' | 'host' | 'changes';
 export type DockTab = 'source' | 'problems' | 'events' | 'changes';
 
 interface Kept {
@@ -112,9 +111,6 @@ on('file', (event) => {
 });
 on('runtime', (event) => {
     runtime.value = event;
-});
-on('touched', (event) => {
-    touches.value = [...touches.value.slice(-499), event];
 });
 
 onOpen(() => {

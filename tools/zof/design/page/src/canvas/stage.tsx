@@ -4,6 +4,7 @@ import { useEffect, useRef } from 'preact/hooks';
 
 import { add, duplicate, frameOf, message, movable, roots, selectionBox } from '../actions';
 import type { Box, Control } from '../protocol';
+import { RunOver } from '../run/over';
 import { request } from '../socket';
 import {
     byPath,
@@ -80,7 +81,8 @@ export function Stage() {
     const press = useRef<Press | null>(null);
     const { width, height } = pictureSize.value;
     const scale = zoom.value;
-    const running = shown.value.mode !== 'design';
+    const running = shown.value.mode === 'run';
+    const live = shown.value.mode === 'live'; // looks and never touches: a real output may be at the other end
 
     useEffect(() => {
         const watch = new ResizeObserver(([entry]) => {
@@ -118,6 +120,10 @@ export function Stage() {
         const name = (event.target as HTMLElement).dataset.handle;
         const handle = HANDLES.find((one) => one === name) ?? null;
         const under = handle ? null : controlAt(start, event.ctrlKey || event.metaKey);
+        if (live) {
+            selection.value = under ? [under.path] : [];
+            return;
+        }
         press.current = {
             at: { x: event.clientX, y: event.clientY },
             start,
@@ -234,7 +240,7 @@ export function Stage() {
     return (
         <div
             ref={stage}
-            class={`stage ${running ? 'running' : ''} ${panning.value ? 'pans' : tool.value === 'pan' || spaceHeld.value ? 'pan' : ''}`}
+            class={`stage ${running ? 'running' : live ? 'live' : ''} ${panning.value ? 'pans' : tool.value === 'pan' || spaceHeld.value ? 'pan' : ''}`}
             role="application"
             tabIndex={0}
             aria-label={words.picture}
@@ -264,7 +270,8 @@ export function Stage() {
                 }}
             >
                 <Picture sharp={Number.isInteger(scale)} />
-                {!running && width > 0 && (
+                {shown.value.mode !== 'design' && <RunOver />}
+                {shown.value.mode === 'design' && width > 0 && (
                     <>
                         <Rulers width={width} height={height} zoom={scale} box={state?.now ?? around} />
                         {over && !state && !selection.value.includes(over.path) && <Ov box={over.box} class="hover" />}

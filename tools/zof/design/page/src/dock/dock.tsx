@@ -16,9 +16,9 @@ import {
     selected,
     selection,
     shown,
-    touches,
     type DockTab,
 } from '../state';
+import { Events } from '../run/events';
 import { Button } from '../shell/button';
 import { words } from '../words';
 import { Changes } from './changes';
@@ -55,26 +55,6 @@ function SourceTab() {
             onCursor={follow}
             onFault={(text) => (fault.value = text)}
         />
-    );
-}
-
-function Events() {
-    if (!touches.value.length) return <p class="empty">{words.noEvents}</p>;
-    return (
-        <ol class="events">
-            {[...touches.value].reverse().map((one) => (
-                <li>
-                    <span class="mono t3">{new Date(one.time).toLocaleTimeString()}</span>
-                    <button class="link" onClick={() => (selection.value = [one.control])}>
-                        {one.control}
-                    </button>
-                    <span>{one.what}</span>
-                    <span class="mono t2">
-                        {[one.value, one.text].filter((part) => part !== undefined && part !== '').join(' ')}
-                    </span>
-                </li>
-            ))}
-        </ol>
     );
 }
 

@@ -6,7 +6,7 @@ import { nameOf, rename, setMode, show } from '../actions';
 import { iconOf } from '../catalogue';
 import { actions } from '../keys';
 import { Icon } from '../shell/icon';
-import { chosen, controls, dialog, project, selection } from '../state';
+import { chosen, controls, dialog, project, selection, shown } from '../state';
 import { words } from '../words';
 
 function Dialog({ name, children }: { name: string; children: ComponentChildren }) {
@@ -55,7 +55,7 @@ function foundOf(text: string): Found[] {
             run: () => show({ view: view.name }),
         })),
         ...actions
-            .filter((action) => action.name())
+            .filter((action) => action.name() && (action.anywhere || shown.value.mode === 'design'))
             .map((action) => ({ icon: 'play', text: action.name(), more: action.keys[0] ?? '', run: action.run })),
     ];
     const wanted = text.toLowerCase();

@@ -6,6 +6,7 @@ import { iconOf, rowsOf, typeOf, type Row } from '../catalogue';
 import type { Control, Value } from '../protocol';
 import { request } from '../socket';
 import { Button } from '../shell/button';
+import { ValueNow } from '../run/value';
 import { Icon } from '../shell/icon';
 import { chosen, keep, kept, lastGesture, project, selected, shown } from '../state';
 import { words } from '../words';
@@ -116,6 +117,15 @@ function Single({ control }: { control: Control }) {
     const places = useEntries([control]);
     const type = typeOf(control.type);
     if (!control.place || !type) return <Head control={control} />;
+    if (shown.value.mode !== 'design')
+        return (
+            <>
+                <Head control={control} />
+                <div class="forms">
+                    <Host control={control} />
+                </div>
+            </>
+        );
     const name = nameOf(control.path);
     const entry: Subject = { name, places };
     const property: Subject = { name, places: inside(places, 'property') };
@@ -155,13 +165,16 @@ function Host({ control }: { control: Control }) {
     const row = control.row;
     const upper = control.path.replace('/', '_').replaceAll(/\W/g, '_').toUpperCase();
     return (
-        <section class="sect">
-            <h3>{words.host}</h3>
-            <p class="t2">{row ? words.hostRow(row) : words.hostNone}</p>
-            {row && <pre class="code">{`panel.write("${row}", ..., control="${control.path}")`}</pre>}
-            {row && <pre class="code">{`value = panel.read("${row}", control="${control.path}")`}</pre>}
-            <pre class="code">{`@panel.on("${control.path}")\ndef ${upper.toLowerCase()}(event): ...`}</pre>
-        </section>
+        <>
+            {shown.value.mode !== 'design' && <ValueNow control={control} />}
+            <section class="sect">
+                <h3>{words.host}</h3>
+                <p class="t2">{row ? words.hostRow(row) : words.hostNone}</p>
+                {row && <pre class="code">{`panel.write("${row}", ..., control="${control.path}")`}</pre>}
+                {row && <pre class="code">{`value = panel.read("${row}", control="${control.path}")`}</pre>}
+                <pre class="code">{`@panel.on("${control.path}")\ndef ${upper.toLowerCase()}(event): ...`}</pre>
+            </section>
+        </>
     );
 }
 
@@ -175,6 +188,7 @@ function View() {
                 setValues(reply?.values ?? []),
             );
     }, [view?.file, gesture]);
+    if (shown.value.mode !== 'design') return <p class="empty">{words.selectRunning}</p>;
     if (!view) return null;
     return (
         <>

@@ -9,6 +9,7 @@ export function Rail() {
         ['add', 'add', words.add],
         ['colours', 'colour', words.colours],
         ['texts', 'texts', words.texts],
+        ['host', 'host', words.host],
         ['changes', 'history', words.changes],
     ];
     return (

@@ -1,0 +1,53 @@
+// What has happened on a panel that runs, newest first.
+import { useState } from 'preact/hooks';
+
+import { selection } from '../state';
+import { words } from '../words';
+import { WriterMark } from './writer';
+import { happened, type Writer } from './written';
+
+const writers: Writer[] = ['user', 'host', 'program', 'inspector'];
+const ROWS = 200;
+
+const timeText = (time: number): string =>
+    `${new Date(time).toLocaleTimeString([], { hour12: false })}.${`${time % 1000}`.padStart(3, '0')}`;
+
+export function Events() {
+    const [only, setOnly] = useState<Writer | ''>('');
+    const rows = happened.value.filter((one) => !only || one.by === only);
+    return (
+        <>
+            <div class="chips" role="group" aria-label={words.events}>
+                {(['', ...writers] as const).map((writer) => (
+                    <button
+                        class={only === writer ? 'chip on' : 'chip'}
+                        aria-pressed={only === writer}
+                        onClick={() => setOnly(writer)}
+                    >
+                        {writer ? words.writers[writer] : words.all}
+                    </button>
+                ))}
+            </div>
+            {rows.length ? (
+                <ol class="events">
+                    {rows
+                        .slice(-ROWS)
+                        .reverse()
+                        .map((one) => (
+                            <li>
+                                <span class="mono t3">{timeText(one.time)}</span>
+                                <WriterMark by={one.by} />
+                                <button class="link" onClick={() => (selection.value = [one.control])}>
+                                    {one.control}
+                                </button>
+                                <span>{one.what}</span>
+                                <span class="mono t2 clip">{one.value}</span>
+                            </li>
+                        ))}
+                </ol>
+            ) : (
+                <p class="empty">{words.noEvents}</p>
+            )}
+        </>
+    );
+}
