@@ -2,7 +2,6 @@
 // player, any other by a fresh one.
 #include <algorithm>
 #include <cstring>
-#include <ctime>
 #include <map>
 #include <set>
 
@@ -147,7 +146,7 @@ static void event_take(const cJSON *line) {
     } else if (name == "control") {
         cJSON *event = cJSON_Duplicate(line, 1);
         cJSON_ReplaceItemInObject(event, "event", cJSON_CreateString("touched"));
-        cJSON_AddNumberToObject(event, "time", (double)time(nullptr) * 1000);
+        cJSON_AddNumberToObject(event, "time", (double)design_now_ms());
         design_event(event);
     }
 }
@@ -236,7 +235,7 @@ static void session_prepare(view_session_t *session) {
 // Takes over what other programs have changed. Returns whether the project has to be loaded again.
 static bool files_changed() {
     bool reload = false;
-    const s64 now = (s64)time(nullptr) * 1000;
+    const s64 now = design_now_ms();
     for (const u32 number : design_files_look(design.files, now)) {
         const std::vector<design_gesture_t> &all = design_files_gestures(design.files);
         const auto gesture = std::find_if(all.begin(), all.end(),

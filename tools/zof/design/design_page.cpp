@@ -1,5 +1,6 @@
 // Messages to the pages.
 #include <algorithm>
+#include <chrono>
 
 #include "design_in.h"
 #include "design_net.h"
@@ -12,6 +13,11 @@ static std::string json_print(cJSON *value) {
     cJSON_free(text);
     cJSON_Delete(value);
     return out;
+}
+
+s64 design_now_ms() {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
 }
 
 void design_answer(const design_request_t &request, cJSON *reply) {

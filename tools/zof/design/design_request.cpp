@@ -1,5 +1,4 @@
 // The requests of the pages, one row each. page/src/protocol.ts has their types.
-#include <chrono>
 #include <cstring>
 #include <set>
 
@@ -8,11 +7,6 @@
 #ifndef ZOF_VERSION_TEXT
 #define ZOF_VERSION_TEXT "1"
 #endif
-
-static s64 now_ms() {
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
-}
 
 static cJSON *texts(const std::vector<std::string> &all) {
     cJSON *array = cJSON_CreateArray();
@@ -108,7 +102,7 @@ static void run_edit(const design_request_t &request, const cJSON *args) {
     std::string error;
     const design_gesture_t *gesture =
         design_files_edit(design.files, cJSON_GetObjectItemCaseSensitive(args, "edits"), design_text_of(args, "label"),
-                          design_text_of(args, "merge"), now_ms(), &error);
+                          design_text_of(args, "merge"), design_now_ms(), &error);
     gesture_answer(request, gesture, "edit", error);
 }
 
@@ -145,7 +139,7 @@ static void run_changes(const design_request_t &request, const cJSON *) {
 // Applies the edits of an operation on controls.
 static const design_gesture_t *operation_apply(cJSON *edits, const std::string &label, std::string *error) {
     const design_gesture_t *gesture =
-        edits ? design_files_edit(design.files, edits, label, "", now_ms(), error) : nullptr;
+        edits ? design_files_edit(design.files, edits, label, "", design_now_ms(), error) : nullptr;
     cJSON_Delete(edits);
     return gesture;
 }

@@ -29,7 +29,8 @@ import { Source } from './source';
 function fileShown(): string {
     const view = project.value?.views.find((one) => one.name === shown.value.view);
     const sent = goTo.value?.file;
-    const places = selected.value.map((control) => control.place?.file);
+    // A program that is looked at may have other files.
+    const places = shown.value.mode === 'live' ? [] : selected.value.map((control) => control.place?.file);
     return sent && !places.some((file) => file && file !== sent) ? sent : (places[0] ?? view?.file ?? '');
 }
 

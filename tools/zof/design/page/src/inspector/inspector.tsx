@@ -78,10 +78,21 @@ function Head({ control }: { control: Control }) {
         <div class="who">
             <div class="l1">
                 <Icon name={iconOf(control.type)} class="acc" />
-                <Name control={control} />
-                <Button icon="lock" name={words.select} on={locked} onClick={toggle} />
-                <Button icon="copy" name={words.duplicate} action="duplicate" onClick={() => void duplicate()} />
-                <Button icon="trash" name={words.remove} action="delete" onClick={() => void remove()} />
+                {shown.value.mode === 'design' ? (
+                    <>
+                        <Name control={control} />
+                        <Button icon="lock" name={words.select} on={locked} onClick={toggle} />
+                        <Button
+                            icon="copy"
+                            name={words.duplicate}
+                            action="duplicate"
+                            onClick={() => void duplicate()}
+                        />
+                        <Button icon="trash" name={words.remove} action="delete" onClick={() => void remove()} />
+                    </>
+                ) : (
+                    <h2>{nameOf(control.path)}</h2>
+                )}
             </div>
             <div class="l2">
                 <span>
@@ -114,7 +125,7 @@ const rowsOfControl = (record: string): Row[] => [
 
 function Single({ control }: { control: Control }) {
     const [tab, setTab] = useState<'form' | 'style' | 'host'>('form');
-    const places = useEntries([control]);
+    const places = useEntries(shown.value.mode === 'design' ? [control] : []);
     const type = typeOf(control.type);
     if (!control.place || !type) return <Head control={control} />;
     if (shown.value.mode !== 'design')
@@ -163,16 +174,22 @@ function Single({ control }: { control: Control }) {
 /** What a host program needs to read and write the control. */
 function Host({ control }: { control: Control }) {
     const row = control.row;
-    const upper = control.path.replace('/', '_').replaceAll(/\W/g, '_').toUpperCase();
+    const [view, name = ''] = control.path.split('/');
+    const where = `view="${view}", control=${name.startsWith('#') ? name.slice(1) : `"${name}"`}`;
+    const code = [`@panel.on("${control.path}")\ndef ${name.replaceAll(/\W/g, '_')}(event): ...`];
+    if (row) {
+        const constant = 'rows.' + row.toUpperCase().replaceAll(/\W/g, '_');
+        code.unshift(`panel.write(${constant}, ...,\n    ${where})`, `value = panel.read(${constant},\n    ${where})`);
+    }
     return (
         <>
             {shown.value.mode !== 'design' && <ValueNow control={control} />}
             <section class="sect">
                 <h3>{words.host}</h3>
                 <p class="t2">{row ? words.hostRow(row) : words.hostNone}</p>
-                {row && <pre class="code">{`panel.write("${row}", ..., control="${control.path}")`}</pre>}
-                {row && <pre class="code">{`value = panel.read("${row}", control="${control.path}")`}</pre>}
-                <pre class="code">{`@panel.on("${control.path}")\ndef ${upper.toLowerCase()}(event): ...`}</pre>
+                {code.map((line) => (
+                    <pre class="code">{line}</pre>
+                ))}
             </section>
         </>
     );
@@ -249,7 +266,7 @@ export function Inspector() {
     const control = chosen.value;
     return (
         <aside class="insp" aria-label={words.inspector} data-region="inspector">
-            {list.length > 1 ? (
+            {list.length > 1 && shown.value.mode === 'design' ? (
                 <Several list={list} />
             ) : control ? (
                 <Single key={control.path} control={control} />

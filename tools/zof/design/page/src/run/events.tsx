@@ -3,21 +3,18 @@ import { useState } from 'preact/hooks';
 
 import { selection } from '../state';
 import { words } from '../words';
-import { WriterMark } from './writer';
+import { timeText, WriterMark } from './writer';
 import { happened, type Writer } from './written';
 
 const writers: Writer[] = ['user', 'host', 'program', 'inspector'];
 const ROWS = 200;
-
-const timeText = (time: number): string =>
-    `${new Date(time).toLocaleTimeString([], { hour12: false })}.${`${time % 1000}`.padStart(3, '0')}`;
 
 export function Events() {
     const [only, setOnly] = useState<Writer | ''>('');
     const rows = happened.value.filter((one) => !only || one.by === only);
     return (
         <>
-            <div class="chips" role="group" aria-label={words.events}>
+            <div class="chips above" role="group" aria-label={words.events}>
                 {(['', ...writers] as const).map((writer) => (
                     <button
                         class={only === writer ? 'chip on' : 'chip'}

@@ -67,7 +67,7 @@ function ValueRow({ value, may }: { value: Now; may: boolean }) {
                 >
                     {nameOf(value.control)} <span class="t3">{value.row.split('.')[1]}</span>
                 </button>
-                {value.by ? <WriterMark by={value.by} /> : <span class="t3">{words.fromFile}</span>}
+                {value.by ? <WriterMark by={value.by} /> : <span class="t3">{may ? words.fromFile : ''}</span>}
                 {value.at > 0 && <span class="t3 age">{ageText(value.at)}</span>}
             </div>
             {may && value.takes ? (

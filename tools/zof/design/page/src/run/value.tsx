@@ -6,7 +6,7 @@ import { request } from '../socket';
 import { shown } from '../state';
 import { words } from '../words';
 import { ValueField } from './host';
-import { ageText, useSeconds, WriterMark } from './writer';
+import { ageText, timeText, useSeconds, WriterMark } from './writer';
 import { happened, textOf, written } from './written';
 
 const LAST = 100;
@@ -34,7 +34,7 @@ export function ValueNow({ control }: { control: Control }) {
             ) : (
                 <p class="t2">{words.noValueHere}</p>
             )}
-            <button class="btn edge" onClick={() => void attempt(request('mark', { control: control.path }))}>
+            <button class="btn edge below" onClick={() => void attempt(request('mark', { control: control.path }))}>
                 <Icon name="eye" />
                 {words.showOnPanel}
             </button>
@@ -42,7 +42,7 @@ export function ValueNow({ control }: { control: Control }) {
                 <ol class="events">
                     {writes.reverse().map((one) => (
                         <li>
-                            <span class="mono t3">{new Date(one.time).toLocaleTimeString()}</span>
+                            <span class="mono t3">{timeText(one.time)}</span>
                             <span class="mono grow clip">{one.what ? `${one.what} ${one.value}` : one.value}</span>
                             <WriterMark by={one.by} />
                         </li>

@@ -34,3 +34,7 @@ export function ageText(at: number): string {
           ? `${Math.round(seconds / 60)} min`
           : `${Math.round(seconds / 3600)} h`;
 }
+
+/** A time of day, with milliseconds. */
+export const timeText = (time: number): string =>
+    `${new Date(time).toLocaleTimeString([], { hour12: false })}.${`${time % 1000}`.padStart(3, '0')}`;

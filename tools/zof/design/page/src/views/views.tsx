@@ -88,6 +88,7 @@ export function Outline() {
     };
     const keyDown = (event: KeyboardEvent): void => {
         const control = rows[at]?.control;
+        if (event.ctrlKey || event.metaKey || event.altKey) return;
         if (event.key === 'ArrowDown') choose(at + 1, event.shiftKey);
         else if (event.key === 'ArrowUp') choose(at - 1, event.shiftKey);
         else if (event.key === 'Home') choose(0, false);
@@ -190,15 +191,19 @@ function Row({ control, level, onChoose, onCarry, onDrop }: RowProps) {
 export function Views() {
     return (
         <>
-            <div class="head">
-                <h2>{words.views}</h2>
-            </div>
-            <div class="view-list">
-                {project.value?.views.map((view) => (
-                    <ViewRow key={view.name} name={view.name} />
-                ))}
-            </div>
-            <div class="hr" />
+            {shown.value.mode !== 'live' && (
+                <>
+                    <div class="head">
+                        <h2>{words.views}</h2>
+                    </div>
+                    <div class="view-list">
+                        {project.value?.views.map((view) => (
+                            <ViewRow key={view.name} name={view.name} />
+                        ))}
+                    </div>
+                    <div class="hr" />
+                </>
+            )}
             <Outline />
         </>
     );
