@@ -9,7 +9,7 @@ import { tmpdir } from 'node:os';
 import { join, resolve } from 'node:path';
 import { createInterface } from 'node:readline';
 
-const zof = resolve(process.env.ZOF_BUILD, 'tools/zof');
+export const zof = resolve(process.env.ZOF_BUILD, 'tools/zof');
 const require = createRequire(resolve(process.env.ZOF_MODULES, 'x.js'));
 const { chromium } = require('playwright-core');
 const axe = readFileSync(require.resolve('axe-core/axe.min.js'), 'utf8');
@@ -28,12 +28,14 @@ export async function until(what, condition) {
     throw new Error(`it never came: ${what}`);
 }
 
-/** Opens the page on a new project. `end` has to be called at the end. */
-export async function open({ template = 'dashboard', width = 1280, height = 720, dark = false } = {}) {
+/** Opens the page on a new project, which `prepare` may change; `before` runs
+ *  in the browser before the page. `end` has to be called at the end. */
+export async function open({ template = 'dashboard', width = 1280, height = 720, dark = false, prepare = () => {}, before = () => {} } = {}) {
     const folder = mkdtempSync(join(tmpdir(), 'zof-page-'));
     const dir = join(folder, 'panel');
     const made = spawnSync(zof, ['new', dir, '--template', template, '--size', '480x272'], { encoding: 'utf8' });
     if (made.status !== 0) throw new Error(made.stderr);
+    prepare(join(dir, 'res/config/view/main.g'));
     const served = process.env.ZOF_PAGE ? ['--page', process.env.ZOF_PAGE] : [];
     const program = spawn(zof, ['design', dir, ...served], {
         env: { ...process.env, SDL_VIDEODRIVER: 'offscreen', SDL_AUDIODRIVER: 'dummy', XDG_STATE_HOME: join(folder, 'state') },
@@ -50,6 +52,7 @@ export async function open({ template = 'dashboard', width = 1280, height = 720,
     const faults = [];
     page.on('pageerror', (error) => faults.push(error.message));
     page.on('console', (line) => line.type() === 'error' && faults.push(line.text()));
+    await page.addInitScript(before);
     await page.goto(address);
     await page.locator('[role=treeitem]').first().waitFor();
     const file = join(dir, 'res/config/view/main.g');

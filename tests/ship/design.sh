@@ -18,6 +18,8 @@ if [ ! -e "$copy/installed" ]; then
 fi
 (cd "$copy" && npm run check) >"$work/check.log" 2>&1 || fail "npm run check"
 
-ZOF_BUILD=$build ZOF_MODULES=$PWD/$copy/node_modules timeout 900 node --test tests/page/ >"$work/stories.log" 2>&1 || fail "a story fails"
+export ZOF_BUILD=$build ZOF_MODULES=$PWD/$copy/node_modules
+timeout 900 node --test tests/page/ >"$work/stories.log" 2>&1 || fail "a story fails"
 grep -q '^# fail 0' "$work/stories.log" || fail "no stories were run"
 echo "design: $(sed -n 's/^# pass //p' "$work/stories.log") stories of the page, accessible in light and dark"
+node tests/page/pointer.mjs

@@ -238,7 +238,13 @@ static std::string cmd_hit(const cJSON *args, cJSON *reply) {
 }
 
 static std::string cmd_set(const cJSON *args, cJSON *) {
-    return inspect_set(args);
+    const std::string fault = inspect_set(args);
+    u32 view = 0;
+    const para_t *record = fault.empty() ? inspect_control(inspect_text(args, "control"), &view) : nullptr;
+    if (record) {
+        inspect_written(view, record->id, INSPECT_BY_INSPECTOR);
+    }
+    return fault;
 }
 
 static std::string cmd_values(const cJSON *args, cJSON *reply) {

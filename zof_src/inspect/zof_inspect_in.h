@@ -9,6 +9,7 @@
 
 #include <cjson/cJSON.h>
 
+#include "hmi/zof_hmi_cmd.h"
 #include "lvgl.h"
 #include "project/base/zof_para.h"
 #include "project/base/zof_prj_cur.h"
@@ -136,8 +137,9 @@ std::string inspect_set(const cJSON *args);
 std::string inspect_row_of(const char *type); // returns "slider.value" for "slider"; empty if there is no row
 // Returns "text" or "number" for a row that one such value can be written to, otherwise "".
 const char *inspect_row_takes(const char *row);
-void inspect_writes_watch(); // starts to keep the values that a host writes
-cJSON *inspect_snapshot();   // views, language, theme, scroll positions, written values
+void inspect_write_keep(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_t *param, const void *type_param,
+                        const void *req_param, const void *value_param); // for the snapshot
+cJSON *inspect_snapshot(); // views, language, theme, scroll positions, written values
 std::string inspect_restore(const cJSON *state);
 
 // zof_inspect_writes.cpp ---------------------------------------------------------------------------------------------
@@ -145,6 +147,9 @@ enum inspect_writer_e { INSPECT_BY_NONE, INSPECT_BY_HOST, INSPECT_BY_INSPECTOR, 
 
 // A value of a control was written, perhaps with the value that it had.
 void inspect_written(u32 view, u32 ctrl, inspect_writer_e writer);
+
+// Starts to keep the values that a host writes, and to note that it has written them.
+void inspect_writes_watch();
 
 // Starts to send an event for what a user does with a control.
 void inspect_events_start();

@@ -1,6 +1,7 @@
 // Places of controls and styles in the project's files. A file is read a second time, by the JSON reader with
 // positions, when one of its positions is first requested.
 #include <cstring>
+#include <functional>
 #include <map>
 
 #include "inspect/zof_inspect_in.h"
@@ -12,26 +13,34 @@
 #include "zof_lib/zof_jdoc.h"
 #include "zof_lib/zof_stdio.h"
 
+struct entry_t {
+    u32 node;
+    u32 index; // among the controls
+};
+
 // A parsed file, which owns its text.
 struct placed_t {
     std::string path;
     zof_jdoc_t doc;
-    std::map<u32, u32> controls; // in a view file: the node of each id
+    std::map<u32, entry_t> controls; // in a view file, by id
 };
 
 static void controls_index(placed_t *file) {
     const u32 controls = zof_jdoc_get(&file->doc, 0, "controls");
     const u32 first = controls == ZOF_J_NONE ? controls : file->doc.nodes[controls].child;
-    for (u32 node = first; node != ZOF_J_NONE; node = file->doc.nodes[node].next) {
+    u32 index = 0;
+    for (u32 node = first; node != ZOF_J_NONE; node = file->doc.nodes[node].next, index++) {
         const u32 id = zof_jdoc_find(&file->doc, node, "property.pub_t.id");
         double number = 0;
         if (id != ZOF_J_NONE && zof_jdoc_number(&file->doc, id, &number) == 0) {
-            file->controls.emplace((u32)number, node);
+            file->controls.emplace((u32)number, entry_t{node, index});
         }
     }
 }
 
-static std::map<std::string, placed_t *> &files = *new std::map<std::string, placed_t *>; // never destroyed
+// Never destroyed. A path is looked up in the system once for each file that is asked for.
+typedef std::map<std::string, placed_t *> files_t;
+static files_t &files = *new files_t, &asked = *new files_t;
 
 void inspect_places_forget(const char *path) {
     const auto found = files.find(path);
@@ -42,6 +51,7 @@ void inspect_places_forget(const char *path) {
     }
     delete file;
     files.erase(path);
+    asked.clear();
 }
 
 // Returns the file, parsed at the first call, or null if it cannot be read.
@@ -61,6 +71,30 @@ static placed_t *placed(const char *path) {
     }
     files[name] = file;
     return file;
+}
+
+static placed_t *placed_once(const std::string &what, const std::function<const char *()> &path) {
+    const auto found = asked.find(what);
+    return found == asked.end() ? asked[what] = placed(path()) : found->second;
+}
+
+static placed_t *view_file(const zof_view_node_t *view) {
+    const char *name = zof_view_name_get(view->attr->v_id);
+    return name ? placed_once(std::string("view ") + name,
+                              [&] { return zof_res_get_prjfile_path("config/view/", name); })
+                : nullptr;
+}
+
+static placed_t *looks_file(const std::string &theme) {
+    return placed_once("looks " + theme, [&] {
+        return theme.empty() ? zof_res_get_g_file_path("config/", "looks")
+                             : zof_res_get_g_file_path("config/theme/", (theme + "/looks").c_str());
+    });
+}
+
+static placed_t *theme_file(const std::string &theme, u32 type) {
+    return placed_once("theme " + std::to_string(type) + " " + theme,
+                       [&] { return zof_res_get_theme_path(theme.c_str(), type); });
 }
 
 static cJSON *place(const placed_t *file, u32 node) {
@@ -131,9 +165,8 @@ static void look_in_file_add(cJSON *out, const placed_t *file, const char *look)
 // Adds the styles of a look, after those of the looks from which it inherits.
 static void look_add(cJSON *out, const zof_look_t *look) {
     const std::string theme = look->theme;
-    const placed_t *project = placed(zof_res_get_g_file_path("config/", "looks"));
-    const placed_t *over =
-        theme.empty() ? nullptr : placed(zof_res_get_g_file_path("config/theme/", (theme + "/looks").c_str()));
+    const placed_t *project = looks_file("");
+    const placed_t *over = theme.empty() ? nullptr : looks_file(theme);
     std::vector<const char *> chain;
     for (const char *name = look->name; name && chain.size() < ZOF_LOOK_CHAIN_MAX;
          name = zof_look_base(look->theme, name)) {
@@ -155,39 +188,25 @@ static std::string theme_of(const placed_t *file, u32 node) {
     return chosen.empty() ? name : chosen;
 }
 
-// Returns the key of an entry, "controls[3]".
-static std::string entry_key(const placed_t *file, u32 node) {
-    u32 index = 0;
-    for (u32 at = file->doc.nodes[file->doc.nodes[node].parent].child; at != node; at = file->doc.nodes[at].next) {
-        index++;
-    }
-    return "controls[" + std::to_string(index) + "]";
-}
-
-static placed_t *view_file(const zof_view_node_t *view) {
-    const char *name = zof_view_name_get(view->attr->v_id);
-    return name ? placed(zof_res_get_prjfile_path("config/view/", name)) : nullptr;
-}
-
 void inspect_places_add(cJSON *out, const zof_view_node_t *view, const para_t *record) {
     const placed_t *file = view_file(view);
-    const auto at = file ? file->controls.find(record->id) : std::map<u32, u32>::const_iterator();
-    if (!file || at == file->controls.end()) {
+    const auto found = file ? file->controls.find(record->id) : std::map<u32, entry_t>::const_iterator();
+    if (!file || found == file->controls.end()) {
         return;
     }
-    cJSON *entry = place(file, at->second);
-    cJSON_AddStringToObject(entry, "key", entry_key(file, at->second).c_str());
+    const entry_t at = found->second;
+    cJSON *entry = place(file, at.node);
+    cJSON_AddStringToObject(entry, "key", ("controls[" + std::to_string(at.index) + "]").c_str());
     cJSON_AddItemToObject(out, "place", entry);
     cJSON *styles = cJSON_AddArrayToObject(out, "styles");
     const zof_look_t *look = record->attr->look;
     if (look) {
         look_add(styles, look);
     }
-    const std::string theme = look ? "" : theme_of(file, at->second);
-    const placed_t *theme_file =
-        theme.empty() ? nullptr : placed(zof_res_get_theme_path(theme.c_str(), record->attr->ctrl_type));
-    if (theme_file && theme_file->doc.count) {
-        styles_add(styles, theme_file, 0);
+    const std::string theme = look ? "" : theme_of(file, at.node);
+    const placed_t *themed = theme.empty() ? nullptr : theme_file(theme, record->attr->ctrl_type);
+    if (themed && themed->doc.count) {
+        styles_add(styles, themed, 0);
     }
-    styles_add(styles, file, zof_jdoc_get(&file->doc, at->second, "property"));
+    styles_add(styles, file, zof_jdoc_get(&file->doc, at.node, "property"));
 }

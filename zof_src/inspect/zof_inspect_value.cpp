@@ -90,9 +90,9 @@ static std::string text_of(cJSON *value) {
     return out;
 }
 
-// Keeps a write as JSON, because its records point into a frame that is released later.
-static void write_keep(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_t *param, const void *type_param,
-                       const void *req_param, const void *value_param) {
+// As JSON, because the records point into a frame that is released later.
+void inspect_write_keep(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_t *param, const void *type_param,
+                        const void *req_param, const void *value_param) {
     if (param->chooses == ZOF_HMI_ACTS || strcmp(type->name, "system") == 0) {
         return;
     }
@@ -121,19 +121,6 @@ static void write_keep(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_
         writes.erase(writes.begin());
     }
     writes.push_back({what, text_of(line)});
-}
-
-static void host_wrote(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_t *param, const void *type_param,
-                       const void *req_param, const void *value_param) {
-    write_keep(type, param, type_param, req_param, value_param);
-    if (type->rec == &zof_hmi_ctrl_id_t_tbl) {
-        const auto *ctrl = (const zof_hmi_ctrl_id_t *)type_param;
-        inspect_written(ctrl->view_id, ctrl->ctrl_id, INSPECT_BY_HOST);
-    }
-}
-
-void inspect_writes_watch() {
-    zof_hmi_cmd_on_write(host_wrote);
 }
 
 // Returns the first row of a type that can be read and written, which holds its value, or else the first writable row.
@@ -214,10 +201,7 @@ std::string inspect_set(const cJSON *args) {
     if (param->set_fun(records[0], records[1], records[2], records[3]) == ZOF_HMI_AGAIN) {
         param->set_fun(records[0], records[1], records[2], records[3]);
     }
-    write_keep(type, param, records[0], records[1], records[2]);
-    if (type->rec == &zof_hmi_ctrl_id_t_tbl) {
-        inspect_written(ctrl.view_id, ctrl.ctrl_id, INSPECT_BY_INSPECTOR);
-    }
+    inspect_write_keep(type, param, records[0], records[1], records[2]);
     return "";
 }
 

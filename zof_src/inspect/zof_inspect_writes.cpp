@@ -7,6 +7,7 @@
 #include "control/zof_ctrl.h"
 #include "control/zof_ctrl_create.h"
 #include "drv/zof_drv.h"
+#include "hmi/zof_hmi_analys.h"
 #include "hmi/zof_hmi_event.h"
 #include "inspect/zof_inspect.h"
 #include "inspect/zof_inspect_in.h"
@@ -52,6 +53,19 @@ void inspect_written(u32 view, u32 ctrl, inspect_writer_e writer) {
         written(&values[{view, ctrl}], writer);
         value_read(&values[{view, ctrl}], record);
     }
+}
+
+static void host_wrote(const zof_hmi_cmd_type_t *type, const zof_hmi_param_type_t *param, const void *type_param,
+                       const void *req_param, const void *value_param) {
+    inspect_write_keep(type, param, type_param, req_param, value_param);
+    if (type->rec == &zof_hmi_ctrl_id_t_tbl) {
+        const auto *ctrl = (const zof_hmi_ctrl_id_t *)type_param;
+        inspect_written(ctrl->view_id, ctrl->ctrl_id, INSPECT_BY_HOST);
+    }
+}
+
+void inspect_writes_watch() {
+    zof_hmi_cmd_on_write(host_wrote);
 }
 
 void inspect_events_start() {

@@ -166,7 +166,10 @@ static bool node_add(reader_t *r, zof_jkind_e kind, u32 at) {
     }
     zof_jdoc_t *doc = r->doc;
     const u32 index = doc->count++;
-    doc->nodes[index] = {kind, r->key, r->key_end, at, r->at, r->open, ZOF_J_NONE, ZOF_J_NONE};
+    const zof_jnode_t *before = index ? &doc->nodes[index - 1] : nullptr;
+    const u32 line =
+        (before ? before->line : 1) + (u32)std::count(doc->text + (before ? before->at : 0), doc->text + at, '\n');
+    doc->nodes[index] = {kind, r->key, r->key_end, at, r->at, r->open, ZOF_J_NONE, ZOF_J_NONE, line};
     if (r->open != ZOF_J_NONE) {
         zof_jnode_t *parent = &doc->nodes[r->open];
         *(parent->child == ZOF_J_NONE ? &parent->child : &doc->nodes[parent->end].next) = index;

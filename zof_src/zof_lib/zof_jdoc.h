@@ -23,6 +23,7 @@ typedef struct {
     u32 parent;
     u32 child; // the first one, or ZOF_J_NONE
     u32 next;  // sibling, or ZOF_J_NONE
+    u32 line;  // of `at`, from 1
 } zof_jnode_t;
 
 // A fault in a text. Comments, trailing commas, a byte order mark, and what cJSON reads although it is not JSON

@@ -1,4 +1,5 @@
 // Places, keys, texts and numbers of a document that has been read.
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cmath>
@@ -56,11 +57,14 @@ zof_bool zof_jdoc_same(const char *text, const char *word, size_t size) {
 }
 
 void zof_jdoc_place(const zof_jdoc_t *doc, u32 at, u32 *line, u32 *col) {
-    const char *c = doc->text;
-    const char *end = c + (at < doc->size ? at : doc->size);
-    *line = 1;
-    for (const char *next; c < end && (next = (const char *)std::memchr(c, '\n', (size_t)(end - c))); c = next + 1) {
-        ++*line;
+    const char *end = doc->text + (at < doc->size ? at : doc->size);
+    const zof_jnode_t *after = std::upper_bound(doc->nodes, doc->nodes + doc->count, at,
+                                                [](u32 place, const zof_jnode_t &n) { return place < n.at; });
+    const zof_jnode_t *known = after == doc->nodes ? nullptr : after - 1; // counting begins there
+    *line = (known ? known->line : 1) + (u32)std::count(doc->text + (known ? known->at : 0), end, '\n');
+    const char *c = end;
+    while (c > doc->text && c[-1] != '\n') {
+        c--;
     }
     *col = (u32)(end - c) + 1;
 }

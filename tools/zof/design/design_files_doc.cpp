@@ -1,4 +1,5 @@
 // One text and its index.
+#include <algorithm>
 #include <cstring>
 
 #include "check/zof_fmt.h"
@@ -52,6 +53,16 @@ bool design_doc_index(design_doc_t *doc) {
     return doc->fault.empty();
 }
 
+static void lines_count(design_doc_t *doc) {
+    u32 line = 1;
+    u32 at = 0;
+    for (zof_jnode_t &node : doc->nodes) {
+        line += (u32)std::count(doc->text.begin() + at, doc->text.begin() + node.at, '\n');
+        at = node.at;
+        node.line = line;
+    }
+}
+
 // The nodes before a scalar that changes its length keep their places, those after it move.
 static void nodes_move(design_doc_t *doc, u32 at, u32 by) {
     for (zof_jnode_t &node : doc->nodes) {
@@ -65,6 +76,7 @@ static void nodes_move(design_doc_t *doc, u32 at, u32 by) {
 }
 
 void design_doc_splice(design_doc_t *doc, u32 at, u32 size, const std::string &after, u32 node, zof_jkind_e kind) {
+    const std::string before = doc->text.substr(at, size);
     doc->text.replace(at, size, after);
     if (node == ZOF_J_NONE || !doc->indexed) {
         doc->indexed = false;
@@ -73,6 +85,10 @@ void design_doc_splice(design_doc_t *doc, u32 at, u32 size, const std::string &a
     doc->nodes[node].kind = kind;
     if (after.size() != size) {
         nodes_move(doc, at, (u32)after.size() - size); // wraps around for a shorter text
+    }
+    if (before.find('\n') != std::string::npos ||
+        after.find('\n') != std::string::npos) { // a text that runs over the end of its line
+        lines_count(doc);
     }
 }
 
@@ -104,6 +120,7 @@ void design_doc_forget(design_doc_t *doc, u32 node, const std::vector<design_put
             *place -= by;
         }
     }
+    lines_count(doc);
     doc->indexed = true;
 }
 

@@ -34,7 +34,7 @@ void design_refuse(const design_request_t &request, const std::string &error);
 void design_event(cJSON *event); // to all pages
 cJSON *design_event_make(const char *name);
 std::vector<u32> design_pages(); // those that are open
-s64 design_now_ms();              // since 1970
+s64 design_now_ms();             // since 1970
 void design_page_opened(u32 page);
 void design_page_closed(u32 page);
 

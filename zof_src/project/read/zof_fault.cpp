@@ -10,11 +10,12 @@
 #include "zof_lib/zof_stdio.h"
 
 enum { KEY_SIZE = 256, TEXT_SIZE = 512, LOGGED_MAX = 50 };
+enum { PLACED_MAX = 200 }; // faults of a file whose values are looked for, which takes time
 
 static thread_local struct {
     zof_fault_fn to;
     const zof_fault_scope *scope; // the innermost
-    u32 logged;                   // faults of the current file
+    u32 logged, placed;           // faults of the current file
 } faults;
 
 void zof_fault_to(zof_fault_fn fn) {
@@ -22,7 +23,7 @@ void zof_fault_to(zof_fault_fn fn) {
 }
 
 void zof_fault_file_begin(void) {
-    faults.logged = 0;
+    faults.logged = faults.placed = 0;
 }
 
 static void value_fault(const void *value, const char *text) {
@@ -136,6 +137,12 @@ static void report_value(const cJSON *value, const char *fmt, va_list args) {
     char key[KEY_SIZE] = "";
     u32 before = 0;
     const zof_fault_scope *scope = faults.scope;
+    if (++faults.placed > PLACED_MAX) {
+        if (faults.placed == PLACED_MAX + 1) {
+            report(scope ? scope->path : "", nullptr, nullptr, "", ZOF_FALSE, "more faults are not reported", args);
+        }
+        return;
+    }
     if (!scope || !scope->root || !value_find(scope->root, value, &before, key)) {
         report(scope ? scope->path : "", nullptr, nullptr, value && value->string ? value->string : "", ZOF_FALSE, fmt,
                args);
