@@ -94,6 +94,5 @@ cJSON *design_project() {
     cJSON_ArrayForEach(theme, cJSON_GetObjectItemCaseSensitive(project, "themes")) {
         colours_add(colours, "config/theme/" + std::string(theme->valuestring) + "/looks.g");
     }
-    cJSON_AddBoolToObject(out, "readOnly", !design_files_error(design.files).empty());
     return out;
 }

@@ -127,6 +127,13 @@ static void run_redo(const design_request_t &request, const cJSON *) {
     gesture_answer(request, design_files_redo(design.files, &error), "redo", error);
 }
 
+static void run_save(const design_request_t &request, const cJSON *) {
+    design_files_save(design.files);
+    cJSON *reply = cJSON_CreateObject();
+    cJSON_AddItemToObject(reply, "undo", design_undo_json(design.files));
+    design_answer(request, reply);
+}
+
 static void run_changes(const design_request_t &request, const cJSON *) {
     cJSON *reply = cJSON_CreateObject();
     cJSON *all = cJSON_AddArrayToObject(reply, "gestures");
@@ -254,6 +261,7 @@ static constexpr struct {
     {"try", run_try},
     {"undo", run_undo},
     {"redo", run_redo},
+    {"save", run_save},
     {"changes", run_changes},
     {"add", run_add},
     {"duplicate", run_duplicate},

@@ -2,7 +2,20 @@
 import type { Box, Control, Edit, Gesture, Json, Value } from './protocol';
 import { alignSteps, gapSteps, union, type Align, type Point } from './canvas/geometry';
 import { request } from './socket';
-import { byPath, chosen, controls, fault, keep, kept, project, selected, selection, shown, goTo } from './state';
+import {
+    byPath,
+    chosen,
+    controls,
+    fault,
+    keep,
+    kept,
+    project,
+    selected,
+    selection,
+    shown,
+    goTo,
+    undoState,
+} from './state';
 import { words } from './words';
 
 export const message = (reason: unknown): string => (reason instanceof Error ? reason.message : String(reason));
@@ -258,6 +271,12 @@ export const show = (choice: { view?: string; language?: string; theme?: string 
 export function setMode(mode: 'design' | 'run' | 'live', address?: string): void {
     selection.value = [];
     void attempt(request('mode', { mode, address }));
+}
+
+/** Writes again what could not be written. */
+export async function save(): Promise<void> {
+    const reply = await attempt(request('save', {}));
+    if (reply) undoState.value = reply.undo;
 }
 
 /** Starts the project again in Run mode, or starts it. */

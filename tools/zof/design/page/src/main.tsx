@@ -35,7 +35,7 @@ function Band() {
               ? words.stopped(runtime.value.note)
               : !pictureSize.value.width
                 ? words.starting
-                : project.value?.readOnly
+                : undoState.value.error
                   ? words.readOnly
                   : '';
     return text ? (

@@ -42,7 +42,6 @@ export interface Project {
     sounds: string[];
     clips: string[];
     colours: { name: string; value: string; file: string; path: string }[]; // of looks: "accent", "#D9863D"
-    readOnly: boolean; // the folder cannot be written: edits stay in memory
 }
 
 /** What the canvas shows. */
@@ -225,6 +224,7 @@ export interface Requests {
     try: { args: { edits: Edit[] }; reply: object };
     undo: { args: object; reply: { gesture: Gesture } };
     redo: { args: object; reply: { gesture: Gesture } };
+    save: { args: object; reply: { undo: UndoState } }; // writes again what could not be written
     changes: { args: object; reply: { gestures: Gesture[] } };
 
     // Operations on controls, each one step of undo. Controls are paths as in the tree.

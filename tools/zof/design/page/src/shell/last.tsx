@@ -1,5 +1,5 @@
 // The last line: the last change with Undo, or why something was refused; the place under the pointer.
-import { openSource, undo } from '../actions';
+import { openSource, save, undo } from '../actions';
 import { pointerAt } from '../canvas/stage';
 import { checkMs, chosen, fault, lastGesture, problems, project, selected, undoState } from '../state';
 import { words } from '../words';
@@ -12,7 +12,10 @@ function LastChange() {
         return (
             <span class="chg err">
                 <Icon name="error" />
-                {words.notSaved(undoState.value.error)}
+                <span class="clip">{words.notSaved(undoState.value.error)}</span>
+                <button class="link" onClick={() => void save()}>
+                    {words.tryAgain}
+                </button>
             </span>
         );
     }
