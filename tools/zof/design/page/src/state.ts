@@ -23,7 +23,10 @@ export const chosenProblem = signal(0);
 export const goTo = signal<{ file: string; line: number; column: number; serial: number } | null>(null);
 export const dialog = signal<'' | 'find' | 'keys' | 'rename' | 'live'>('');
 
-export const byPath = computed(() => new Map(controls.value.map((control) => [control.path, control])));
+/** The first control of each path; in a file with faults several may have the same. */
+export const byPath = computed(
+    () => new Map([...controls.value].reverse().map((control): [string, Control] => [control.path, control])),
+);
 export const selected = computed(() =>
     selection.value.map((path) => byPath.value.get(path)).filter((control) => control !== undefined),
 );
@@ -87,6 +90,13 @@ function keptLoad(): void {
 // ---- from the program
 
 on('tree', (event) => {
+    // A parent stands before its children. One that does not, as in a file whose ids are not unique, is no parent for the
+    // page, which follows parents to the top.
+    const before = new Set<string>();
+    for (const control of event.controls) {
+        if (control.parent && !before.has(control.parent)) delete control.parent;
+        before.add(control.path);
+    }
     controls.value = event.controls;
 });
 on('shown', (event) => {

@@ -190,7 +190,8 @@ export function Source(props: Props) {
                         change.current = undefined;
                         clearTimeout(known.current.timer);
                         known.current.timer = window.setTimeout(() => void send(), QUIET_MS);
-                    } else if (update.selectionSet && update.view.hasFocus) {
+                    } else if (update.transactions.some((one) => one.isUserEvent('select'))) {
+                        // Not when the page has moved the cursor to what is selected: the two would chase each other.
                         now.current.onCursor(update.state.doc.lineAt(update.state.selection.main.head).number);
                     }
                 }),
