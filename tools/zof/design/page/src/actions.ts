@@ -9,6 +9,7 @@ import {
     fault,
     keep,
     kept,
+    menu,
     project,
     selected,
     selection,
@@ -283,6 +284,14 @@ export async function save(): Promise<void> {
 export async function runAgain(): Promise<void> {
     if (shown.value.mode !== 'design') await attempt(request('mode', { mode: 'design' }));
     setMode('run');
+}
+
+const MOST_UNDER = 8;
+
+/** Opens the menu of the right button. `under`: the controls at its place, front-most first. */
+export function menuOpen(event: MouseEvent, under: Control[]): void {
+    event.preventDefault();
+    menu.value = { x: event.clientX, y: event.clientY, under: under.slice(0, MOST_UNDER) };
 }
 
 /** Shows a place in the source, and opens it. */

@@ -25,6 +25,9 @@ export interface Key {
     ignored: boolean;
 }
 
+/** A help text without its marks for code and links. */
+export const plainHelp = (text: string): string => text.replaceAll('`', '').replaceAll(/\[([^\]]*)\]\([^)]*\)/g, '$1');
+
 /** What a key means if it is left out, as a text. */
 export const absentText = (key: Key, otherwise: string): string =>
     key.absent === undefined ? otherwise : typeof key.absent === 'string' ? key.absent : JSON.stringify(key.absent);
@@ -49,11 +52,12 @@ export interface Type {
 export interface Catalogue {
     kinds: { name: string; json: string; unit: string; help: string }[];
     groups: string[];
+    files: { path: string; record?: string }[]; // "config/view/*"
     types: Type[];
     records: RecordRow[];
 }
 
-export const catalogue = signal<Catalogue>({ kinds: [], groups: [], types: [], records: [] });
+export const catalogue = signal<Catalogue>({ kinds: [], groups: [], files: [], types: [], records: [] });
 
 export async function catalogueLoad(): Promise<void> {
     const reply = await fetch('catalogue.json');

@@ -225,7 +225,7 @@ export const actions: Action[] = [
     { id: 'alignTop', name: () => words.alignTop, keys: [], run: () => align('top') },
     { id: 'language', name: () => words.language, keys: ['L'], run: stepLanguage },
     { id: 'theme', name: () => words.theme, keys: ['T'], run: stepTheme },
-    { id: 'parent', name: () => '', keys: ['Alt ArrowUp', 'Escape'], run: stepParent },
+    { id: 'parent', name: () => words.selectParent, keys: ['Alt ArrowUp', 'Escape'], run: stepParent },
     { id: 'next', name: () => '', keys: ['Tab'], run: () => stepControl(1) },
     { id: 'before', name: () => '', keys: ['Shift Tab'], run: () => stepControl(-1) },
     { id: 'keys', name: () => words.keysTitle, keys: ['?', 'Shift ?'], run: () => (dialog.value = 'keys') },

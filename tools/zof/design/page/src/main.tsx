@@ -16,6 +16,7 @@ import { Palette } from './palette/palette';
 import { Host } from './run/host';
 import { Bar, darkNow } from './shell/bar';
 import { Last } from './shell/last';
+import { Menu } from './shell/menu';
 import { Rail } from './shell/rail';
 import { Split } from './shell/split';
 import { Tools } from './shell/tools';
@@ -125,6 +126,7 @@ function App() {
             {panels && <Inspector />}
             <Last />
             <Dialogs />
+            <Menu />
             <Say />
         </div>
     );

@@ -21,6 +21,12 @@ export const hovered = signal('');
 export const fault = signal(''); // the last refusal, shown in the last line until the next gesture
 export const chosenProblem = signal(0);
 export const goTo = signal<{ file: string; line: number; column: number; serial: number } | null>(null);
+export interface Menu {
+    x: number;
+    y: number;
+    under: Control[]; // front-most first
+}
+export const menu = signal<Menu | null>(null);
 export const dialog = signal<'' | 'find' | 'keys' | 'rename' | 'live'>('');
 
 /** The first control of each path; in a file with faults several may have the same. */
@@ -51,6 +57,7 @@ interface Kept {
     look: '' | 'light' | 'dark';
     language: '' | 'en' | 'de';
     locked: string[];
+    folded: string[]; // paths of controls whose children the outline hides
 }
 
 const otherwise: Kept = {
@@ -67,6 +74,7 @@ const otherwise: Kept = {
     look: '',
     language: '',
     locked: [],
+    folded: [],
 };
 
 export const kept: Signal<Kept> = signal(otherwise);

@@ -2,7 +2,7 @@
 import { signal } from '@preact/signals';
 import { useEffect, useRef } from 'preact/hooks';
 
-import { add, duplicate, frameOf, message, movable, roots, selectionBox } from '../actions';
+import { add, duplicate, frameOf, menuOpen, message, movable, roots, selectionBox } from '../actions';
 import type { Box, Control } from '../protocol';
 import { RunOver } from '../run/over';
 import { request } from '../socket';
@@ -214,6 +214,17 @@ export function Stage() {
         }
     };
 
+    // The menu key has no place: what is selected is meant.
+    const context = (event: MouseEvent): void => {
+        event.preventDefault();
+        if (shown.value.mode !== 'design') return;
+        const at = pointOf(event);
+        const here = controls.value.filter((one) => one.visible && contains(one.box, at) && !isGround(one)).reverse();
+        const top = here[0];
+        if (top && !here.some((one) => selection.value.includes(one.path))) selection.value = [top.path];
+        menuOpen(event, here);
+    };
+
     const drop = (event: DragEvent): void => {
         const type = carried.value;
         carried.value = null;
@@ -255,6 +266,7 @@ export function Stage() {
                 pointerAt.value = null;
             }}
             onKeyDownCapture={keyDown}
+            onContextMenu={context}
             onDragOver={(event) => carried.value && event.preventDefault()}
             onDrop={drop}
             onWheel={(event) => wheel(event, event.currentTarget)}

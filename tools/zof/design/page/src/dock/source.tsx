@@ -5,11 +5,13 @@ import { bracketMatching, codeFolding, foldGutter, foldKeymap, indentUnit } from
 import { lintGutter, setDiagnostics, type Diagnostic } from '@codemirror/lint';
 import { highlightSelectionMatches, search, searchKeymap } from '@codemirror/search';
 import { Annotation, Compartment, EditorState } from '@codemirror/state';
+import { autocompletion, completionKeymap } from '@codemirror/autocomplete';
 import { drawSelection, EditorView, highlightActiveLine, keymap, lineNumbers } from '@codemirror/view';
 import { useEffect, useRef } from 'preact/hooks';
 
 import type { Change, FileEvent, Problem } from '../protocol';
 import { linked, on, request } from '../socket';
+import { completionOf } from './completion';
 import { replacement, replacementBytes, unitOfByte } from './bytes';
 import { setMarks, sourceMarks } from './source_marks';
 import { sourceTheme } from './source_theme';
@@ -169,6 +171,7 @@ export function Source(props: Props) {
                 highlightActiveLine(),
                 highlightSelectionMatches(),
                 search({ top: true }),
+                autocompletion({ override: [(context) => completionOf(now.current.file, context)], icons: false }),
                 indentUnit.of('    '),
                 EditorView.lineWrapping,
                 json(),
@@ -181,6 +184,7 @@ export function Source(props: Props) {
                     ...defaultKeymap.filter((one) => one.key !== 'Mod-Enter'),
                     ...historyKeymap,
                     ...searchKeymap,
+                    ...completionKeymap,
                     ...foldKeymap,
                     { ...indentWithTab, key: 'Alt-Tab' },
                 ]),

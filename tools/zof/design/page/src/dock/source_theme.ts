@@ -43,6 +43,9 @@ const look = EditorView.theme({
         border: 'none',
         boxShadow: 'var(--shadow-2)',
     },
+    '.cm-tooltip-autocomplete > ul > li[aria-selected]': { backgroundColor: 'var(--selected)', color: 'var(--text)' },
+    '.cm-completionDetail': { color: 'var(--text-2)', fontStyle: 'normal', marginLeft: '10px' },
+    '.cm-completionInfo': { maxWidth: '320px', padding: '6px 10px' },
     '.cm-searchMatch': { backgroundColor: 'var(--warn-bg)' },
     '.cm-searchMatch-selected': { backgroundColor: 'var(--selected)' },
 });

@@ -1,15 +1,13 @@
 // A form made of the catalogue: one field for each key of a record, in the catalogue's groups.
 import { useState } from 'preact/hooks';
 
-import { absentText, recordOf, rowsOf, type Row } from '../catalogue';
+import { absentText, plainHelp, recordOf, rowsOf, type Row } from '../catalogue';
 import { Icon } from '../shell/icon';
 import { words } from '../words';
 import { FieldOf } from './fields';
 import { Chain, Mark } from './origin';
 import { held, title, type Subject } from './subject';
 import { applies, scaleOf, unitOf } from './value';
-
-const plain = (text: string): string => text.replaceAll('`', '').replaceAll(/\[([^\]]*)\]\([^)]*\)/g, '$1');
 
 /** What the catalogue says about a key: opened by F1 in its field, and by a press of its label's mark. */
 function Hint({ row, id }: { row: Row; id: string }) {
@@ -21,14 +19,14 @@ function Hint({ row, id }: { row: Row; id: string }) {
     return (
         <div class="note hint" id={id + '-hint'}>
             <div>
-                <code>{key.key}</code> {plain(key.help)}
+                <code>{key.key}</code> {plainHelp(key.help)}
                 <p class="t3">
                     {[
                         key.low !== undefined || key.high !== undefined
                             ? words.range(limit(key.low), limit(key.high))
                             : '',
                         key.absent !== undefined ? words.whenAbsent(absentText(key, '')) : '',
-                        key.when ? words.onlyIf(plain(key.when)) : '',
+                        key.when ? words.onlyIf(plainHelp(key.when)) : '',
                     ]
                         .filter((text) => text)
                         .join(' · ')}
@@ -60,13 +58,13 @@ function Field({ subject, row }: { subject: Subject; row: Row }) {
             }}
         >
             <div class={`f ${written ? 'own' : ''} ${active && !key.ignored ? '' : 'idle'}`}>
-                <label id={id + '-label'} for={id} title={plain(`${key.key}: ${key.help}`)}>
+                <label id={id + '-label'} for={id} title={plainHelp(`${key.key}: ${key.help}`)}>
                     {title(key.key)}
                 </label>
                 <FieldOf subject={subject} row={row} id={id} />
                 <Mark subject={subject} row={row} open={opened === 'chain'} onToggle={() => toggle('chain')} />
             </div>
-            {!active && <p class="why t3">{words.onlyIf(plain(key.when ?? ''))}</p>}
+            {!active && <p class="why t3">{words.onlyIf(plainHelp(key.when ?? ''))}</p>}
             {key.ignored && <p class="why t3">{words.ignored}</p>}
             {opened === 'hint' && <Hint row={row} id={id} />}
             {opened === 'chain' && <Chain subject={subject} row={row} />}

@@ -1,13 +1,13 @@
 // The views with real pictures, and the outline of the one that is shown.
 import { useState } from 'preact/hooks';
 
-import { attempt, nameOf, openSource, show } from '../actions';
+import { attempt, menuOpen, nameOf, openSource, show } from '../actions';
 import { Tile } from '../canvas/tile';
 import { iconOf } from '../catalogue';
 import type { Control } from '../protocol';
 import { request } from '../socket';
 import { Icon } from '../shell/icon';
-import { controls, hovered, problems, project, selection, shown } from '../state';
+import { byPath, controls, hovered, keep, kept, problems, project, selection, shown } from '../state';
 import { words } from '../words';
 
 function ViewRow({ name }: { name: string }) {
@@ -39,9 +39,10 @@ const plain = (text: string): string => text.replace(/[\uE000-\uF8FF]/g, '').tri
 interface TreeRow {
     control: Control;
     level: number;
+    parent: boolean; // it has children
 }
 
-/** Front-most first, children under their parent. */
+/** Front-most first, children under their parent. A filter finds what is folded, too. */
 function rowsOf(all: Control[], filter: string): TreeRow[] {
     const children = new Map<string, Control[]>();
     const paths = new Set(all.map((control) => control.path));
@@ -52,8 +53,9 @@ function rowsOf(all: Control[], filter: string): TreeRow[] {
     const rows: TreeRow[] = [];
     const add = (parent: string, level: number): void => {
         for (const control of children.get(parent) ?? []) {
-            rows.push({ control, level });
-            add(control.path, level + 1);
+            const parent = children.has(control.path);
+            rows.push({ control, level, parent });
+            if (parent && (filter || !kept.value.folded.includes(control.path))) add(control.path, level + 1);
         }
     };
     add('', 0);
@@ -93,19 +95,25 @@ export function Outline() {
         else if (event.key === 'ArrowUp') choose(at - 1, event.shiftKey);
         else if (event.key === 'Home') choose(0, false);
         else if (event.key === 'End') choose(rows.length - 1, false);
+        else if (event.key === 'ArrowLeft' && control && rows[at]?.parent && !isFolded(control)) fold(control);
         else if (event.key === 'ArrowLeft' && control?.parent) selection.value = [control.parent];
+        else if (event.key === 'ArrowRight' && control && isFolded(control)) fold(control);
+        else if (event.key === 'ArrowRight' && rows[at]?.parent) choose(at + 1, false);
         else if (event.key === 'Enter' && control?.place)
             openSource(control.place.file, control.place.line, control.place.column);
         else return;
         event.preventDefault();
         event.stopPropagation();
     };
-    // Dropped on a control, the carried one comes to stand in front of it, below the same parent.
-    const drop = (target: Control): void => {
-        if (!carried || carried === target.path) return;
+    const drop = (target: Control, zone: Zone): void => {
+        if (!carried || isWithin(target, carried)) return;
         const siblings = controls.value.filter((one) => one.parent === target.parent);
         const after = siblings[siblings.findIndex((one) => one.path === target.path) + 1];
-        void attempt(request('reorder', { control: carried, parent: target.parent ?? '', before: after?.path ?? '' }));
+        const into = zone === 'into';
+        const parent = into ? target.path : (target.parent ?? '');
+        const before = into ? '' : zone === 'behind' ? target.path : (after?.path ?? '');
+        selection.value = [carried];
+        void attempt(request('reorder', { control: carried, parent, before }));
     };
 
     return (
@@ -135,11 +143,12 @@ export function Outline() {
                 }
             >
                 <div role="none" style={{ height: first * ROW_PX }} />
-                {rows.slice(first, last).map(({ control, level }, index) => (
+                {rows.slice(first, last).map(({ control, level, parent }, index) => (
                     <Row
                         key={control.path}
                         control={control}
                         level={level}
+                        parent={parent}
                         onChoose={(add) => choose(first + index, add)}
                         onCarry={setCarried}
                         onDrop={drop}
@@ -151,15 +160,41 @@ export function Outline() {
     );
 }
 
+/** Where something is dropped on a row: in front of its control, behind it, or into it if it is a container. */
+type Zone = 'front' | 'behind' | 'into';
+
+function zoneOf(event: DragEvent, control: Control): Zone {
+    const box = (event.currentTarget as HTMLElement).getBoundingClientRect();
+    const at = (event.clientY - box.top) / box.height;
+    if (control.type === 'container' && at > 0.25 && at < 0.75) return 'into';
+    return at < 0.5 ? 'front' : 'behind';
+}
+
+const isFolded = (control: Control): boolean => kept.value.folded.includes(control.path);
+
+const fold = (control: Control): void =>
+    keep({
+        folded: isFolded(control)
+            ? kept.value.folded.filter((path) => path !== control.path)
+            : [...kept.value.folded, control.path],
+    });
+
+/** Whether a control is the one with this path, or in it. */
+function isWithin(control: Control | undefined, path: string): boolean {
+    return !!control && (control.path === path || isWithin(byPath.value.get(control.parent ?? ''), path));
+}
+
 interface RowProps {
     control: Control;
     level: number;
+    parent: boolean;
     onChoose: (add: boolean) => void;
     onCarry: (path: string) => void;
-    onDrop: (target: Control) => void;
+    onDrop: (target: Control, zone: Zone) => void;
 }
 
-function Row({ control, level, onChoose, onCarry, onDrop }: RowProps) {
+function Row({ control, level, parent, onChoose, onCarry, onDrop }: RowProps) {
+    const [zone, setZone] = useState<Zone | ''>('');
     const on = selection.value.includes(control.path);
     const found = problems.value.find((problem) => problem.control === control.path);
     return (
@@ -168,17 +203,43 @@ function Row({ control, level, onChoose, onCarry, onDrop }: RowProps) {
             role="treeitem"
             aria-level={level + 1}
             aria-selected={on}
-            class={`row ${on ? 'on' : ''} ${control.visible ? '' : 'dim'}`}
+            aria-expanded={parent ? !isFolded(control) : undefined}
+            class={`row ${on ? 'on' : ''} ${control.visible ? '' : 'dim'} ${zone && 'drop-' + zone}`}
             style={{ paddingLeft: 8 + 16 * level }}
-            draggable
+            draggable={shown.value.mode === 'design'}
             onClick={(event) => onChoose(event.shiftKey || event.ctrlKey)}
             onDblClick={() => control.place && openSource(control.place.file, control.place.line, control.place.column)}
             onPointerEnter={() => (hovered.value = control.path)}
             onPointerLeave={() => (hovered.value = '')}
             onDragStart={() => onCarry(control.path)}
-            onDragOver={(event) => event.preventDefault()}
-            onDrop={() => onDrop(control)}
+            onDragOver={(event) => {
+                event.preventDefault();
+                setZone(zoneOf(event, control));
+            }}
+            onDragLeave={() => setZone('')}
+            onDrop={(event) => {
+                setZone('');
+                onDrop(control, zoneOf(event, control));
+            }}
+            onContextMenu={(event) => {
+                event.preventDefault();
+                if (shown.value.mode !== 'design') return;
+                if (!on) selection.value = [control.path];
+                menuOpen(event, []);
+            }}
         >
+            <button
+                class={parent ? 'twisty' : 'twisty none'}
+                aria-hidden="true"
+                tabIndex={-1}
+                title={words.unfold}
+                onClick={(event) => {
+                    event.stopPropagation();
+                    fold(control);
+                }}
+            >
+                {parent && <Icon name={isFolded(control) ? 'right' : 'down'} />}
+            </button>
             <Icon name={iconOf(control.type)} />
             <span>{nameOf(control.path)}</span>
             <span class="t3 grow clip">{plain(control.text ?? '')}</span>
