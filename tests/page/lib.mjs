@@ -2,12 +2,14 @@
 //   ZOF_BUILD     the build with the program
 //   ZOF_MODULES   the folder with playwright-core and axe-core
 //   CHROMIUM      the browser
+import assert from 'node:assert/strict';
 import { spawn, spawnSync } from 'node:child_process';
 import { mkdtempSync, readFileSync, rmSync } from 'node:fs';
 import { createRequire } from 'node:module';
 import { tmpdir } from 'node:os';
 import { join, resolve } from 'node:path';
 import { createInterface } from 'node:readline';
+import { test } from 'node:test';
 
 export const zof = resolve(process.env.ZOF_BUILD, 'tools/zof');
 const require = createRequire(resolve(process.env.ZOF_MODULES, 'x.js'));
@@ -75,6 +77,19 @@ export async function open({ template = 'dashboard', width = 1280, height = 720,
             rmSync(folder, { recursive: true });
         },
     };
+}
+
+/** Runs a story on a project of its own; a fault of the page fails it. */
+export function story(name, run, options) {
+    test(name, async () => {
+        const at = await open(options);
+        try {
+            await run(at);
+            assert.deepEqual(at.faults, []);
+        } finally {
+            await at.end();
+        }
+    });
 }
 
 /** What the accessibility check finds, one line each; with `rules` only what these find. */

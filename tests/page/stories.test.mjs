@@ -1,24 +1,11 @@
 // What people do on the design page, in a browser, against the real program; each story ends with a look at the bytes.
 import assert from 'node:assert/strict';
 import { writeFileSync } from 'node:fs';
-import { after, test } from 'node:test';
+import { after } from 'node:test';
 
-import { axe_findings, browser, open, until } from './lib.mjs';
+import { axe_findings, browser, story, until } from './lib.mjs';
 
 after(() => browser.close());
-
-/** Runs a story on a project of its own; a fault of the page fails it. */
-function story(name, run, options) {
-    test(name, async () => {
-        const at = await open(options);
-        try {
-            await run(at);
-            assert.deepEqual(at.faults, []);
-        } finally {
-            await at.end();
-        }
-    });
-}
 
 const undo_all = async ({ page, text }, first) => {
     await page.locator('.stage').focus();

@@ -51,7 +51,12 @@ function Open({ x, y, under }: Asked) {
         </button>
     );
     return (
-        <div class="menu-ground" onPointerDown={close} onContextMenu={(event) => event.preventDefault()}>
+        <section
+            class="menu-ground"
+            aria-label={words.menu}
+            onPointerDown={close}
+            onContextMenu={(event) => event.preventDefault()}
+        >
             <div
                 ref={list}
                 class="menu"
@@ -87,7 +92,7 @@ function Open({ x, y, under }: Asked) {
                     </>
                 ))}
             </div>
-        </div>
+        </section>
     );
 }
 
