@@ -82,3 +82,16 @@ story(
     },
     { width: 1440, height: 900 },
 );
+
+story('The sheet shows each view in each language and theme, and a click opens it there', async (at) => {
+    const { page } = at;
+    const drawn = page.locator('.sheet canvas');
+    await page.locator('.stage').focus();
+    await page.keyboard.press('Shift+Digit3');
+    await until('a picture for each language', async () => (await drawn.count()) === 2);
+    assert.deepEqual(await axe_findings(page), []);
+    await page.getByText('In all themes').click();
+    await page.locator('.sheet-view').filter({ hasText: 'night' }).click();
+    await page.locator('.stage').waitFor();
+    await until('the theme', async () => (await page.locator('.bar').innerText()).includes('night'));
+});

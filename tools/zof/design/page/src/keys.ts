@@ -40,6 +40,7 @@ import {
     kept,
     problems,
     selection,
+    sheet,
     shown,
 } from './state';
 import { words } from './words';
@@ -142,6 +143,7 @@ export const actions: Action[] = [
             if (box) zoomBox(box);
         },
     },
+    { id: 'sheet', name: () => words.sheet, keys: ['Shift 3'], run: () => (sheet.value = !sheet.value) },
     { id: 'select', name: () => words.select, keys: ['V'], run: () => (tool.value = 'select') },
     { id: 'pan', name: () => words.pan, keys: ['H'], run: () => (tool.value = 'pan') },
     { id: 'all', name: () => words.selectAll, keys: ['Ctrl A'], run: selectAll },

@@ -21,9 +21,10 @@ import { Rail } from './shell/rail';
 import { Split } from './shell/split';
 import { Tools } from './shell/tools';
 import { connect, linked } from './socket';
-import { chosen, keep, kept, project, runtime, shown, undoState } from './state';
+import { chosen, keep, kept, project, runtime, sheet, shown, undoState } from './state';
 import { Colours } from './texts/colours';
 import { Texts, TextsSide } from './texts/texts';
+import { Sheet } from './views/sheet';
 import { Views } from './views/views';
 import { words } from './words';
 
@@ -75,6 +76,7 @@ function Left() {
 
 function Centre() {
     const height = kept.value.dockHeight || (innerWidth >= 1900 ? 252 : innerHeight <= 800 ? 180 : 208);
+    if (sheet.value && shown.value.mode === 'design') return <Sheet />;
     if (kept.value.left === 'texts' && shown.value.mode === 'design') return <Texts />;
     return (
         <main class="centre">

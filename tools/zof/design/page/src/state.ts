@@ -21,6 +21,7 @@ export const hovered = signal('');
 export const fault = signal(''); // the last refusal, shown in the last line until the next gesture
 export const chosenProblem = signal(0);
 export const goTo = signal<{ file: string; line: number; column: number; serial: number } | null>(null);
+export const sheet = signal(false); // all views at once, in place of the picture
 export interface Menu {
     x: number;
     y: number;
