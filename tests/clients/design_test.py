@@ -31,7 +31,7 @@ class Page:
         port = int(name.split(":")[1])
         self.socket = socket.create_connection(("127.0.0.1", port), LIMIT_S)
         key = base64.b64encode(os.urandom(16)).decode()
-        lines = [f"GET /socket?token={query if token is None else token} HTTP/1.1", f"Host: {host or name}",
+        lines = [f"GET /socket?token={token or query} HTTP/1.1", f"Host: {host or name}",
                  "Upgrade: websocket", "Connection: Upgrade", f"Sec-WebSocket-Key: {key}", "Sec-WebSocket-Version: 13",
                  f"Origin: {origin or 'http://' + name}", "", ""]
         self.socket.sendall("\r\n".join(lines).encode())

@@ -41,7 +41,7 @@ void zof_j2s_shadow(const char *path, const char *text, size_t size) {
     }
 }
 
-// Returns a copy of the text that is read in place of a file; null if there is none.
+// Returns a copy of the text that is read in place of a file; null if the file itself is read.
 static char *shadow_of(const char *path) {
     const auto found = shadows && path ? shadows->find(path) : std::map<std::string, std::string>::iterator();
     if (!shadows || !path || found == shadows->end()) {
