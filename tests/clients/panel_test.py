@@ -12,6 +12,7 @@ import sys
 import threading
 import time
 import unittest
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 from bench_panel import CLIENT, BenchPanel, GalleryPanel, PlainPanel
@@ -124,7 +125,9 @@ class Panels(unittest.TestCase):
             shown.append(repr(event))
         self.assertIn("Changed(switches/cb, 1)", shown)
         self.assertEqual(panel.read(rows.LABEL_TEXT, view="switches", control="label_4"), "touched")
-        self.assertEqual(panel.snapshot("switches")["cb"], 1)
+        with ThreadPoolExecutor(4) as pool:  # beside those that the panel's own thread reads
+            for values in pool.map(panel.snapshot, ["switches"] * 20):
+                self.assertEqual(values["cb"], 1)
         with self.assertRaises(NotLoaded):
             panel.read(rows.ARC_VALUE, view="values", control="arc")
 

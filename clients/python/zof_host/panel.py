@@ -6,6 +6,7 @@ After a restart of the panel a second thread restores its settings.
 """
 from __future__ import annotations
 
+import contextlib
 import enum
 import queue
 import threading
@@ -139,7 +140,7 @@ class Panel:
         self._names = Names(project)
         self._sequence = Sequence()
         self._handlers = Handlers()
-        self._collected: dict[int, dict[str, Value]] = {}  # snapshots that are being read, by view
+        self._collectors: list[tuple[int, dict[str, Value]]] = []  # view and values of the snapshots that are being read
         self._repair = threading.Event()  # snapshots are to be read
         self._lost: Exception | None = None
         self._closed = False
@@ -291,9 +292,7 @@ class Panel:
         """Reads what the controls of a view stand at: a number, a text, or index and text, by name. Raises NotLoaded if
         the view is not loaded."""
         number = self._known().view_id(view) if isinstance(view, str) else view
-        with self._lock:
-            self._collected[number] = {}
-        try:
+        with self._collecting(number) as values:
             index = 0
             while True:
                 page = self.read(rows.VIEW_SNAPSHOT, view=number, index=index)
@@ -303,10 +302,7 @@ class Panel:
                 if not page.more:
                     break
             with self._lock:
-                return dict(self._collected[number])
-        finally:
-            with self._lock:
-                self._collected.pop(number, None)
+                return dict(values)
 
     # Events of users -----------------------------------------------------------------------------------------------
 
@@ -333,14 +329,25 @@ class Panel:
         for view in self.read(rows.VIEW_STACK):
             if view == NO_VIEW:
                 continue
+            with self._collecting(view) as values:
+                more, index = 1, 0
+                while more:
+                    more = self.read(rows.VIEW_SNAPSHOT, view=view, index=index).more
+                    index += 1
+                with self._lock:  # so that no event comes between the values and the queue
+                    self._events.put(Snapshot(self._names.view(view), dict(values), time.monotonic()))
+
+    @contextlib.contextmanager
+    def _collecting(self, view: int) -> Iterator[dict[str, Value]]:
+        """Collects the values of a view that arrive meanwhile. Several threads may read snapshots of the same view."""
+        collector: tuple[int, dict[str, Value]] = (view, {})
+        with self._lock:
+            self._collectors.append(collector)
+        try:
+            yield collector[1]
+        finally:
             with self._lock:
-                self._collected[view] = {}
-            more, index = 1, 0
-            while more:
-                more = self.read(rows.VIEW_SNAPSHOT, view=view, index=index).more
-                index += 1
-            with self._lock:  # so that no event comes between the values and the queue
-                self._events.put(Snapshot(self._names.view(view), self._collected.pop(view), time.monotonic()))
+                self._collectors = [one for one in self._collectors if one is not collector]
 
     def _number_seen(self, row: Row[Any], key: bytes, value: bytes, now: float) -> bool:
         """Takes the number of the last event from any frame that has it, and values for snapshots, in the order of the
@@ -368,9 +375,9 @@ class Panel:
         return new
 
     def _collect(self, view: int, control: int, state: Any) -> None:
-        if view in self._collected and control:
-            name = self._names.control(view, control)
-            self._collected[view][name] = self._names.value(view, control, state.number, state.text)
+        for collected, values in self._collectors:
+            if collected == view and control:
+                values[self._names.control(view, control)] = self._names.value(view, control, state.number, state.text)
 
     def _address(self, row: Row[Any], verb: str, view: int | str | None, control: int | str | None,
                  request: Mapping[str, int | str]) -> tuple[bytes, str]:
