@@ -80,9 +80,9 @@ class Page:
         size = struct.pack(">B", 128 | kind) + size
         self.socket.sendall(size + b"\0\0\0\0" + data)
 
-    def ask(self, name, **args):
+    def ask(self, what, **args):
         self.last += 1
-        self.frame(1, json.dumps({"id": self.last, "do": name, **args}).encode())
+        self.frame(1, json.dumps({"id": self.last, "do": what, **args}).encode())
         while True:
             message = self.message()
             if message and message.get("id") == self.last:
@@ -150,6 +150,12 @@ def refused(program):
     for file in ("../../../etc/passwd", "/etc/passwd", "config/../../x.g"):
         assert not page.ask("source", file=file)["ok"], file
         assert not page.ask("edit", label="x", edits=[{"file": file, "create": "x"}])["ok"], file
+    for name in ("../x.png", "a/../../x.png", "/tmp/x.png", ".png", "x.g", "x.png\n", ""):
+        assert not page.ask("import", folder="image", name=name, data="eA==")["ok"], name
+    assert not page.ask("import", folder="config/view", name="x.png", data="eA==")["ok"]
+    assert not page.ask("asset", tile=1, name="../config/view/main.g", width=9, height=9)["ok"]
+    assert not page.ask("specimen", tile=1, name="../config/view/main.g", size=9, text="a", width=9, height=9)["ok"]
+    assert not page.ask("make", name="x", template="blank", panelWidth=480, panelHeight=272, languages=["en"])["ok"]
     for line in ("", "[]", "{}", '{"do": 1}', '{"do": "edit"}', '{"do": "tile"}', "x" * 70000):
         page.frame(1, line.encode())
     assert page.ask("hello")["ok"]

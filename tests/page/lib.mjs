@@ -30,13 +30,13 @@ export async function until(what, condition) {
     throw new Error(`it never came: ${what}`);
 }
 
-/** Opens the page on a new project, which `prepare` may change; `before` runs
+/** Opens the page on a new project, which `prepare` may change, or on a missing folder without a template; `before` runs
  *  in the browser before the page. `end` has to be called at the end. */
 export async function open({ template = 'dashboard', width = 1280, height = 720, dark = false, prepare = () => {}, before = () => {} } = {}) {
     const folder = mkdtempSync(join(tmpdir(), 'zof-page-'));
     const dir = join(folder, 'panel');
-    const made = spawnSync(zof, ['new', dir, '--template', template, '--size', '480x272'], { encoding: 'utf8' });
-    if (made.status !== 0) throw new Error(made.stderr);
+    const made = template && spawnSync(zof, ['new', dir, '--template', template, '--size', '480x272'], { encoding: 'utf8' });
+    if (made && made.status !== 0) throw new Error(made.stderr);
     prepare(join(dir, 'res/config/view/main.g'));
     const served = process.env.ZOF_PAGE ? ['--page', process.env.ZOF_PAGE] : [];
     const program = spawn(zof, ['design', dir, ...served], {
@@ -56,7 +56,7 @@ export async function open({ template = 'dashboard', width = 1280, height = 720,
     page.on('console', (line) => line.type() === 'error' && faults.push(line.text()));
     await page.addInitScript(before);
     await page.goto(address);
-    await page.locator('[role=treeitem]').first().waitFor();
+    await page.locator(template ? '[role=treeitem]' : '.begin canvas').first().waitFor();
     const file = join(dir, 'res/config/view/main.g');
     return {
         page,

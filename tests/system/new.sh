@@ -53,7 +53,7 @@ refused 'expected width and height' made --size 800x480x2
 refused 'from 240 to 4096' made --size 100x480
 refused 'expected blank, dashboard or settings' made --template none
 refused '"EN" is not a language code' made --lang EN
-refused 'en is there twice' made --lang en,de,en
+refused 'the language en is there twice' made --lang en,de,en
 refused '"2nd-panel" cannot be the name' 2nd-panel
 refused 'CMake uses itself' made --name test
 refused 'there is no such file' made --font none.ttf

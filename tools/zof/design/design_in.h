@@ -11,6 +11,7 @@
 #include "check/zof_check.h"
 #include "design.h"
 #include "design_files.h"
+#include "view_draw.h"
 #include "view_session.h"
 
 // A request of a page, which is answered once.
@@ -20,12 +21,25 @@ struct design_request_t {
 };
 
 struct design_t {
+    std::string dir;       // as it was named
     std::string folder;    // of the project; ends in "/"
-    design_files_t *files; // its texts
+    design_files_t *files; // its texts; null while the folder has no project
     stream_t *wake;
     bool loud;
 };
 extern design_t design;
+
+// design_main.cpp
+// ------------------------------------------------------------------------------------------------------ Opens the
+// project of a folder. Returns an error or an empty text.
+std::string design_open(const std::string &dir);
+
+// design_new.cpp: a folder without a project
+// -------------------------------------------------------------------------------------------------------
+bool design_new_may(const std::string &dir); // it is empty, or does not exist
+cJSON *design_new_empty();                   // `Empty` of the protocol
+void design_new_draft(const design_request_t &request, const cJSON *args);
+void design_new_make(const design_request_t &request, const cJSON *args);
 
 // design_page.cpp: messages to pages
 // ----------------------------------------------------------------------------------- Take ownership of the JSON value.
@@ -85,10 +99,27 @@ bool design_values_take(const cJSON *line);       // returns whether the line wa
 // ---------------------------------------------------------------------------------------------------
 cJSON *design_project(); // `Project` of the protocol
 
+// Adds the files in the folder `below` of `folder`, and below that, by their paths from `folder`.
+void design_files_below(std::vector<std::string> *names, const std::string &folder, const std::string &below);
+
+// design_assets.cpp: pictures and fonts
+// ---------------------------------------------------------------------------------------------------
+void design_assets_ask(const design_request_t &request, const cJSON *args);   // the files of a folder
+void design_asset_ask(const design_request_t &request, const cJSON *args);    // a picture of one, as a tile
+void design_specimen_ask(const design_request_t &request, const cJSON *args); // a line in a font, as a tile
+void design_import_ask(const design_request_t &request, const cJSON *args);   // copies a file in
+
 // design_tile.cpp: pictures of views, drawn by a player of their own
 // -----------------------------------------------------
 void design_tile_ask(const design_request_t &request, const cJSON *args);
+
+// Draws a view of the project in a temporary folder, which is removed then, and answers with `reply`. Takes ownership
+// of both values.
+void design_tile_draft(const design_request_t &request, cJSON *args, const std::string &folder, cJSON *reply);
 void design_tile_step();
+
+// Scales a picture down to fit a box.
+view_image_t design_tile_fitted(const view_image_t &picture, s32 width, s32 height);
 
 // Draws a view in a language and passes the player's reply to `review`, null if it cannot be drawn.
 typedef std::function<void(const cJSON *)> design_review_fn;

@@ -45,11 +45,11 @@ static std::string state_path() {
     return zof_file_state_path(path, sizeof(path), name, ZOF_TRUE) == 0 ? path : "";
 }
 
-static std::string files_open(const std::string &dir) {
+std::string design_open(const std::string &dir) {
     char folder[1024];
     char real[1024];
     if (zof_check_find(dir.c_str(), folder, sizeof(folder)) != 0) {
-        return dir + ": there is no config/project/zofprj.g in it";
+        return dir + ": there is no config/project/zofprj.g in it, and it is not an empty folder for a new project";
     }
     design.folder = zof_file_real_path(folder, real, sizeof(real)) == 0 ? std::string(real) + "/" : folder;
     std::string error;
@@ -91,13 +91,15 @@ int design_run(const design_options_t &options) {
     static design_net_options_t net;
     design.loud = options.loud;
     design.wake = stream_wake_make();
-    std::string fault = files_open(options.dir);
+    design.dir = options.dir;
+    const bool fresh = design_new_may(options.dir);
+    std::string fault = fresh ? "" : design_open(options.dir);
     if (!fault.empty()) {
         return fail(fault, ZOF_EXIT_FILES);
     }
     lv_init(); // the checker's decoders of pictures and fonts need it
     fault = net_start(&net, options);
-    fault = fault.empty() ? design_canvas_start() : fault;
+    fault = fault.empty() && !fresh ? design_canvas_start() : fault;
     if (!fault.empty()) {
         return fail(fault, ZOF_EXIT_FAILURE);
     }
@@ -108,9 +110,13 @@ int design_run(const design_options_t &options) {
         browser_open(address);
     }
     for (;;) {
-        design_canvas_step(STEP_MS);
+        if (design.files) {
+            design_canvas_step(STEP_MS);
+            design_check_step();
+        } else {
+            view_player_wait({design_tile_player()}, -1, STEP_MS, design.wake);
+        }
         design_tile_step();
-        design_check_step();
         messages_take();
     }
 }

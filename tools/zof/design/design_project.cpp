@@ -6,8 +6,7 @@
 #include "design_in.h"
 #include "drv/zof_drv.h"
 
-// Adds the names of the files in a folder of the project, and below, with their way from it.
-static void files_add(std::vector<std::string> *names, const std::string &folder, const std::string &below) {
+void design_files_below(std::vector<std::string> *names, const std::string &folder, const std::string &below) {
     enum { DEPTH_MAX = 8 };
     zof_dir_t *dir = zof_opendir((folder + below).c_str());
     while (const zof_dirent_t *entry = dir ? zof_readdir(dir) : nullptr) {
@@ -18,7 +17,7 @@ static void files_add(std::vector<std::string> *names, const std::string &folder
         if (!entry->is_dir) {
             names->push_back(below + name);
         } else if (std::count(below.begin(), below.end(), '/') < DEPTH_MAX) {
-            files_add(names, folder, below + name + "/");
+            design_files_below(names, folder, below + name + "/");
         }
     }
     zof_closedir(dir);
@@ -26,7 +25,7 @@ static void files_add(std::vector<std::string> *names, const std::string &folder
 
 static void names_add(cJSON *out, const char *key, const char *folder) {
     std::vector<std::string> names;
-    files_add(&names, design.folder + folder, "");
+    design_files_below(&names, design.folder + folder, "");
     std::sort(names.begin(), names.end());
     cJSON *array = cJSON_AddArrayToObject(out, key);
     for (const std::string &name : names) {

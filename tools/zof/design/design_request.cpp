@@ -65,6 +65,11 @@ static void gesture_answer(const design_request_t &request, const design_gesture
 static void run_hello(const design_request_t &request, const cJSON *) {
     cJSON *reply = cJSON_CreateObject();
     cJSON_AddNumberToObject(reply, "page", request.page);
+    if (!design.files) {
+        cJSON_AddItemToObject(reply, "empty", design_new_empty());
+        design_answer(request, reply);
+        return;
+    }
     cJSON_AddItemToObject(reply, "project", design_project());
     cJSON_AddItemToObject(reply, "shown", design_canvas_shown());
     cJSON_AddItemToObject(reply, "undo", design_undo_json(design.files));
@@ -248,11 +253,16 @@ static void run_check(const design_request_t &request, const cJSON *) {
     design_answer(request, cJSON_CreateObject());
 }
 
+enum when_e { WITH_PROJECT, WITHOUT_PROJECT, ALWAYS };
+
 static constexpr struct {
     const char *name;
     void (*run)(const design_request_t &request, const cJSON *args);
+    when_e when = WITH_PROJECT;
 } requests[] = {
-    {"hello", run_hello},
+    {"hello", run_hello, ALWAYS},
+    {"draft", design_new_draft, WITHOUT_PROJECT},
+    {"make", design_new_make, WITHOUT_PROJECT},
     {"show", design_canvas_choose},
     {"mode", design_canvas_mode},
     {"source", run_source},
@@ -274,6 +284,10 @@ static constexpr struct {
     {"hit", run_player},
     {"tile", design_tile_ask},
     {"texts", design_texts_ask},
+    {"assets", design_assets_ask},
+    {"asset", design_asset_ask},
+    {"specimen", design_specimen_ask},
+    {"import", design_import_ask},
     {"check", run_check},
     {"pointer", run_player},
     {"key", run_player},
@@ -290,7 +304,11 @@ void design_request_run(u32 page, const std::string &text) {
     for (const auto &row : requests) {
         if (!found && name == row.name) {
             found = true;
-            row.run(request, args);
+            if (row.when == (design.files ? WITHOUT_PROJECT : WITH_PROJECT)) {
+                design_refuse(request, design.files ? "the folder has a project" : "the folder has no project yet");
+            } else {
+                row.run(request, args);
+            }
         }
     }
     if (!found) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <deque>
+#include <filesystem>
 
 #include "design_frame.h"
 #include "design_in.h"
@@ -13,6 +14,8 @@ enum { SIDE_MAX = 2048, QUEUE_MAX = 1000 };
 struct tile_t {
     design_request_t request; // page 0 for a review
     cJSON *args;
+    std::string folder;      // a project that is drawn once and removed then; empty for the one that is open
+    cJSON *reply;            // with which its request is answered
     design_review_fn review; // gets the player's reply to `review`, null after a failure; empty for a picture
 };
 
@@ -20,8 +23,9 @@ static struct {
     view_player_t player;
     std::deque<tile_t> queue; // the first one is being drawn if `last_id` is not 0
     s32 load_id, edit_id, tree_id, last_id;
-    view_box_t box; // of the control in the picture; empty for the whole view
-    bool outdated;  // the project has to be loaded again
+    view_box_t box;     // of the control in the picture; empty for the whole view
+    std::string loaded; // the folder of the project that the player has loaded, as in a tile
+    bool outdated;      // it has to be loaded again
 } tiles;
 
 view_player_t *design_tile_player() {
@@ -42,14 +46,18 @@ void design_tile_ask(const design_request_t &request, const cJSON *args) {
         design_refuse(request, "tile needs a view");
         return;
     }
-    tiles.queue.push_back({request, cJSON_Duplicate(args, 1), {}});
+    tiles.queue.push_back({.request = request, .args = cJSON_Duplicate(args, 1)});
 }
 
 void design_tile_review(const std::string &view, const std::string &language, const design_review_fn &fn) {
     cJSON *args = cJSON_CreateObject();
     cJSON_AddStringToObject(args, "view", view.c_str());
     cJSON_AddStringToObject(args, "language", language.c_str());
-    tiles.queue.push_back({{}, args, fn});
+    tiles.queue.push_back({.args = args, .review = fn});
+}
+
+void design_tile_draft(const design_request_t &request, cJSON *args, const std::string &folder, cJSON *reply) {
+    tiles.queue.push_back({.request = request, .args = args, .folder = folder, .reply = reply});
 }
 
 void design_tile_file(const std::string &file) {
@@ -62,12 +70,13 @@ void design_tile_file(const std::string &file) {
     tiles.outdated = tiles.outdated || !view;
 }
 
-static std::string player_begin() {
+static std::string player_begin(const std::string &folder) {
     view_player_stop(&tiles.player);
     tiles.outdated = false;
+    tiles.loaded = folder;
     std::string fault = view_player_start(&tiles.player, false, design.loud);
     cJSON *load = view_command("load");
-    cJSON_AddStringToObject(load, "dir", design.folder.c_str());
+    cJSON_AddStringToObject(load, "dir", folder.empty() ? design.folder.c_str() : folder.c_str());
     tiles.load_id = fault.empty() ? view_player_send(&tiles.player, load) : 0;
     if (!fault.empty()) {
         cJSON_Delete(load);
@@ -166,14 +175,31 @@ static s32 side_scaled(s32 side, double scale) {
     return std::max(1, (s32)std::lround(side * scale));
 }
 
-static void tile_end() {
-    const tile_t tile = tiles.queue.front();
-    view_image_t picture;
+view_image_t design_tile_fitted(const view_image_t &picture, s32 width, s32 height) {
+    const double scale = std::min((double)width / picture.width, (double)height / picture.height);
+    return scale < 1 ? picture_scaled(picture, side_scaled(picture.width, scale), side_scaled(picture.height, scale))
+                     : picture;
+}
+
+// Takes the first tile from the queue, with its temporary folder.
+static tile_t tile_take() {
+    tile_t tile = tiles.queue.front();
     tiles.queue.pop_front();
     tiles.last_id = 0;
+    std::error_code ignored;
+    if (!tile.folder.empty()) {
+        std::filesystem::remove_all(tile.folder, ignored);
+    }
+    return tile;
+}
+
+static void tile_end() {
+    const tile_t tile = tile_take();
+    view_image_t picture;
     if (!view_player_picture(&tiles.player, &picture.pixels, &picture.width, &picture.height)) {
         design_refuse(tile.request, "there is no picture");
         cJSON_Delete(tile.args);
+        cJSON_Delete(tile.reply);
         return;
     }
     if (tiles.box.w > 0) {
@@ -182,37 +208,30 @@ static void tile_end() {
             state_send(tile.args, "default");
         }
     }
-    const double most_w = std::clamp(number_of(tile.args, "width"), 1, (s32)SIDE_MAX);
-    const double most_h = std::clamp(number_of(tile.args, "height"), 1, (s32)SIDE_MAX);
-    const double scale = std::min({1.0, most_w / picture.width, most_h / picture.height});
-    if (scale < 1) {
-        picture = picture_scaled(picture, side_scaled(picture.width, scale), side_scaled(picture.height, scale));
-    }
-    design_frame_tile(tile.request.page, (u32)number_of(tile.args, "tile"), picture);
-    design_answer(tile.request, cJSON_CreateObject());
+    design_frame_tile(tile.request.page, (u32)number_of(tile.args, "tile"),
+                      design_tile_fitted(picture, std::clamp(number_of(tile.args, "width"), 1, (s32)SIDE_MAX),
+                                         std::clamp(number_of(tile.args, "height"), 1, (s32)SIDE_MAX)));
+    design_answer(tile.request, tile.reply ? tile.reply : cJSON_CreateObject());
     cJSON_Delete(tile.args);
 }
 
 static void review_end(const cJSON *reply) {
-    const tile_t tile = tiles.queue.front();
-    tiles.queue.pop_front();
-    tiles.last_id = 0;
+    const tile_t tile = tile_take();
     tile.review(reply);
     cJSON_Delete(tile.args);
 }
 
 static void all_refuse(const std::string &why) {
     while (!tiles.queue.empty()) {
-        const tile_t tile = tiles.queue.front();
-        tiles.queue.pop_front();
+        const tile_t tile = tile_take();
         if (tile.review) {
             tile.review(nullptr);
         } else {
             design_refuse(tile.request, why);
         }
         cJSON_Delete(tile.args);
+        cJSON_Delete(tile.reply);
     }
-    tiles.last_id = 0;
 }
 
 static void line_take(const cJSON *line) {
@@ -237,8 +256,9 @@ void design_tile_step() {
     if (tiles.queue.empty() || tiles.last_id || tiles.load_id) {
         return;
     }
-    if (tiles.outdated || !view_player_runs(&tiles.player)) {
-        const std::string fault = player_begin();
+    const std::string &folder = tiles.queue.front().folder;
+    if (tiles.outdated || tiles.loaded != folder || !view_player_runs(&tiles.player)) {
+        const std::string fault = player_begin(folder);
         if (!fault.empty()) {
             all_refuse(fault);
         }

@@ -76,4 +76,31 @@ std::string new_language_name(const std::string &language);
 // language.
 std::string new_file(const char *name, bool languages);
 
+// What a new project is made of.
+struct new_project_t {
+    std::string name;           // of project and program
+    std::string form = "blank"; // name of the template
+    int width = 800, height = 480;
+    std::vector<std::string> languages = {"en", "de"}; // the first one at start
+    bool font = false;                                 // texts use font/text.ttf, which is not among the files
+    unsigned baud = 0;                                 // of the serial link to a host; 0: none
+    bool program = true;                               // with a program in C and its build
+};
+
+struct new_file_t {
+    std::string name, text; // "res/config/view/main.g"
+};
+
+// Returns what is wrong, or an empty text.
+std::string new_project_check(const new_project_t &project);
+
+// The files of a project that has passed the check.
+std::vector<new_file_t> new_project_files(const new_project_t &project);
+
+// Writes them into a folder that does not exist or is empty. Returns an error or an empty text.
+std::string new_project_write(const new_project_t &project, const std::string &dir);
+
+// The name that a project has by its folder.
+std::string new_project_name(const std::string &dir);
+
 #endif

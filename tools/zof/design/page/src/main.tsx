@@ -4,6 +4,7 @@ import { render, type JSX } from 'preact';
 
 import './style/all.css';
 import { undo } from './actions';
+import { Begin } from './begin/begin';
 import { Stage } from './canvas/stage';
 import { pictureSize } from './canvas/picture';
 import { catalogueLoad } from './catalogue';
@@ -21,9 +22,10 @@ import { Rail } from './shell/rail';
 import { Split } from './shell/split';
 import { Tools } from './shell/tools';
 import { connect, linked } from './socket';
-import { chosen, keep, kept, project, runtime, sheet, shown, undoState } from './state';
+import { chosen, empty, keep, kept, project, runtime, sheet, shown, undoState } from './state';
 import { Colours } from './texts/colours';
 import { Texts, TextsSide } from './texts/texts';
+import { Fonts, Pictures } from './views/assets';
 import { Sheet } from './views/sheet';
 import { Views } from './views/views';
 import { words } from './words';
@@ -54,7 +56,16 @@ function Band() {
 
 function Left() {
     const width = kept.value.leftWidth || (innerWidth >= 1900 ? 288 : innerWidth <= 1360 ? 212 : 228);
-    const panels = { views: Views, add: Palette, colours: Colours, texts: TextsSide, host: Host, changes: Changes };
+    const panels = {
+        views: Views,
+        add: Palette,
+        colours: Colours,
+        fonts: Fonts,
+        pictures: Pictures,
+        texts: TextsSide,
+        host: Host,
+        changes: Changes,
+    };
     const Panel = panels[kept.value.left];
     return (
         <aside class="left" aria-label={words.panels} data-region="left">
@@ -112,6 +123,7 @@ function Say() {
 }
 
 function App() {
+    if (empty.value) return <Begin empty={empty.value} />;
     const { leftWidth, inspectorWidth, dockHeight, dockOpen, panels } = kept.value;
     const sizes = {
         ...(leftWidth ? { '--left': `${leftWidth}px` } : {}),

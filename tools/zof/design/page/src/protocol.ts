@@ -52,6 +52,24 @@ export interface Shown {
     mode: 'design' | 'run' | 'live';
 }
 
+/** A folder without a project. */
+export interface Empty {
+    dir: string;
+    name: string; // that a project there would have
+    templates: string[];
+}
+
+/** How a new project begins. */
+export interface Draft {
+    name: string;
+    template: string;
+    panelWidth: number;
+    panelHeight: number;
+    languages: string[]; // the first one at start
+    baud: number; // of the serial link to a host; 0: none
+    program: boolean; // a program in C and its build
+}
+
 // ---- what is drawn
 
 /** A control as it is drawn. Front-most last, as in the file. */
@@ -191,6 +209,17 @@ export interface TextRow {
     cells: { [language: string]: TextCell };
 }
 
+// ---- pictures and fonts
+
+export interface Asset {
+    name: string; // below its folder
+    bytes: number;
+    width?: number; // of a picture that can be shown as a still one
+    height?: number;
+    uses: { file: string; line: number; column: number }[];
+    sizes: number[]; // in which a font is used
+}
+
 // ---- values of a panel that runs
 
 /** What a control stands at, and who wrote that last; nobody has since the start if `by` is absent. */
@@ -208,8 +237,17 @@ export interface Written {
 // ---- requests
 
 export interface Requests {
-    // First of all. `page` is the number of this page.
-    hello: { args: object; reply: { page: number; project: Project; shown: Shown; undo: UndoState; version: string } };
+    // First of all. `page` is the number of this page. Without a project there is only `empty`.
+    hello: {
+        args: object;
+        reply: { page: number; empty?: Empty; project?: Project; shown?: Shown; undo?: UndoState; version?: string };
+    };
+    // In a folder without a project: draws what would be made, see "tile", and makes it.
+    draft: {
+        args: Draft & { tile: number; width: number; height: number };
+        reply: { files: { name: string; lines: number }[] };
+    };
+    make: { args: Draft; reply: object };
     show: { args: { view?: string; language?: string; theme?: string }; reply: object };
     // Run: the player has real time, takes the pointer and keys, and reports what happens.
     mode: { args: { mode: 'design' | 'run' | 'live'; address?: string }; reply: object };
@@ -266,6 +304,23 @@ export interface Requests {
         reply: object;
     };
     texts: { args: object; reply: { rows: TextRow[] } };
+    assets: { args: { folder: 'image' | 'font' }; reply: { rows: Asset[] } };
+    // A picture of image/, and a line of text in a font; they come as "tile" does.
+    asset: { args: { tile: number; name: string; width: number; height: number }; reply: object };
+    specimen: {
+        args: {
+            tile: number;
+            name: string;
+            size: number;
+            text: string;
+            dark: boolean;
+            width: number;
+            height: number;
+        };
+        reply: object;
+    };
+    // Writes a new file in the folder; `data` is base64.
+    import: { args: { folder: 'image' | 'font'; name: string; data: string }; reply: object };
     check: { args: object; reply: object }; // answered by a problems event
 
     // Run mode.

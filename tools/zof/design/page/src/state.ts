@@ -1,10 +1,11 @@
 // What the page knows: what the program says, and its own small state, which is kept per folder on this machine.
 import { computed, effect, signal, type Signal } from '@preact/signals';
 
-import type { Control, Gesture, Problem, Project, Shown, UndoState } from './protocol';
+import type { Control, Empty, Gesture, Problem, Project, Shown, UndoState } from './protocol';
 import { on, onOpen, request } from './socket';
 
 export const project = signal<Project | null>(null);
+export const empty = signal<Empty | null>(null); // the folder has no project
 export const shown = signal<Shown>({ view: '', language: '', theme: '', mode: 'design' });
 export const controls = signal<Control[]>([]); // front-most last
 export const problems = signal<Problem[]>([]);
@@ -21,6 +22,8 @@ export const hovered = signal('');
 export const fault = signal(''); // the last refusal, shown in the last line until the next gesture
 export const chosenProblem = signal(0);
 export const goTo = signal<{ file: string; line: number; column: number; serial: number } | null>(null);
+/** Takes the controls at the next click on the picture, front-most first, in place of selecting one. */
+export const picking = signal<((under: Control[]) => void) | null>(null);
 export const sheet = signal(false); // all views at once, in place of the picture
 export interface Menu {
     x: number;
@@ -41,7 +44,7 @@ export const chosen = computed(() => selected.value[selected.value.length - 1]);
 
 // ---- kept on this machine
 
-export type LeftPanel = 'views' | 'add' | 'colours' | 'texts' | 'host' | 'changes';
+export type LeftPanel = 'views' | 'add' | 'colours' | 'fonts' | 'pictures' | 'texts' | 'host' | 'changes';
 export type DockTab = 'source' | 'problems' | 'events' | 'changes';
 
 interface Kept {
@@ -112,9 +115,13 @@ on('shown', (event) => {
     if (event.shown.view !== shown.value.view) selection.value = [];
     shown.value = event.shown;
 });
-on('project', (event) => {
-    project.value = event.project;
-});
+const projectSet = (next: Project): void => {
+    const first = !project.value;
+    project.value = next;
+    empty.value = null;
+    if (first) keptLoad();
+};
+on('project', (event) => projectSet(event.project));
 on('problems', (event) => {
     problems.value = [...event.problems].sort(
         (a, b) =>
@@ -134,11 +141,10 @@ on('runtime', (event) => {
 
 onOpen(() => {
     void request('hello', {}).then((hello) => {
-        const first = !project.value;
         pageNumber.value = hello.page;
-        project.value = hello.project;
-        shown.value = hello.shown;
-        undoState.value = hello.undo;
-        if (first) keptLoad();
+        empty.value = hello.empty ?? null;
+        if (hello.shown) shown.value = hello.shown;
+        if (hello.undo) undoState.value = hello.undo;
+        if (hello.project) projectSet(hello.project);
     });
 });

@@ -14,6 +14,7 @@ import {
     fault,
     hovered,
     kept,
+    picking,
     problems,
     selected,
     selection,
@@ -120,6 +121,12 @@ export function Stage() {
         const name = (event.target as HTMLElement).dataset.handle;
         const handle = HANDLES.find((one) => one === name) ?? null;
         const under = handle ? null : controlAt(start, event.ctrlKey || event.metaKey);
+        if (picking.value) {
+            const pick = picking.value;
+            picking.value = null;
+            pick(controls.value.filter((one) => one.visible && contains(one.box, start)).reverse());
+            return;
+        }
         if (live) {
             selection.value = under ? [under.path] : [];
             return;
@@ -208,10 +215,10 @@ export function Stage() {
     };
 
     const keyDown = (event: KeyboardEvent): void => {
-        if (event.key === 'Escape' && (drag.value || marquee.value)) {
-            cancel();
-            event.stopPropagation();
-        }
+        if (event.key !== 'Escape' || (!drag.value && !marquee.value && !picking.value)) return;
+        picking.value = null;
+        cancel();
+        event.stopPropagation();
     };
 
     // The menu key has no place: what is selected is meant.
@@ -251,7 +258,7 @@ export function Stage() {
     return (
         <div
             ref={stage}
-            class={`stage ${running ? 'running' : live ? 'live' : ''} ${panning.value ? 'pans' : tool.value === 'pan' || spaceHeld.value ? 'pan' : ''}`}
+            class={`stage ${running ? 'running' : live ? 'live' : ''} ${picking.value ? 'picks' : panning.value ? 'pans' : tool.value === 'pan' || spaceHeld.value ? 'pan' : ''}`}
             role="application"
             tabIndex={0}
             aria-label={words.picture}

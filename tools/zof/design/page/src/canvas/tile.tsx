@@ -1,52 +1,55 @@
-// A small picture of a view or a control, drawn by the runtime.
+// A small picture, drawn by the runtime: of a view or a control, of a file, of a line in a font.
 import { useEffect, useRef } from 'preact/hooks';
 
+import type { Requests } from '../protocol';
 import { request } from '../socket';
 import { lastGesture } from '../state';
 import { tileWait } from './picture';
 
-interface Props {
-    view: string;
-    language?: string;
-    theme?: string;
-    control?: string;
-    state?: string;
-    width: number;
+/** The requests that are answered by a picture. */
+type Drawing = 'tile' | 'asset' | 'specimen' | 'draft';
+type Given<Name extends Drawing> = Omit<Requests[Name]['args'], 'tile' | 'width' | 'height'>;
+
+interface AskedProps<Name extends Drawing> {
+    what: Name;
+    args: Given<Name>;
+    width: number; // of the room for it, in pixels of the page
     height: number;
+    again?: unknown; // another value asks again
     class?: string;
+    onReply?: (reply: Requests[Name]['reply']) => void;
+    onFault?: (reason: unknown) => void;
 }
 
 const QUIET_MS = 250;
 
-export function Tile(props: Props) {
+export function Asked<Name extends Drawing>(props: AskedProps<Name>) {
     const holder = useRef<HTMLSpanElement>(null);
-    const gesture = lastGesture.value; // a change may have another picture
+    const { what, args, width, height } = props;
     useEffect(() => {
-        const timer = setTimeout(
-            () => {
-                const dense = Math.max(1, window.devicePixelRatio);
-                const tile = tileWait((canvas) => {
-                    canvas.style.width = `${canvas.width / dense}px`;
-                    canvas.style.height = `${canvas.height / dense}px`;
-                    holder.current?.replaceChildren(canvas);
-                });
-                const { view, language, theme, control, state, width, height } = props;
-                void request('tile', {
-                    tile,
-                    view,
-                    language,
-                    theme,
-                    control,
-                    state,
-                    width: Math.round(width * dense),
-                    height: Math.round(height * dense),
-                }).catch(
-                    () => undefined, // the next change asks again
-                );
-            },
-            QUIET_MS * (holder.current?.childElementCount ? 1 : 0),
-        );
+        const send = (): void => {
+            const dense = Math.max(1, window.devicePixelRatio);
+            const tile = tileWait((canvas) => {
+                canvas.style.width = `${canvas.width / dense}px`;
+                canvas.style.height = `${canvas.height / dense}px`;
+                holder.current?.replaceChildren(canvas);
+            });
+            const size = { tile, width: Math.round(width * dense), height: Math.round(height * dense) };
+            // A refused picture stays as it was; the next change asks again.
+            request(what, { ...args, ...size } as unknown as Requests[Name]['args']).then(
+                (reply) => props.onReply?.(reply),
+                (reason: unknown) => props.onFault?.(reason),
+            );
+        };
+        const timer = setTimeout(send, QUIET_MS * (holder.current?.childElementCount ? 1 : 0));
         return () => clearTimeout(timer);
-    }, [props.view, props.language, props.theme, props.control, props.state, props.width, gesture]);
+    }, [what, JSON.stringify(args), width, height, props.again]);
     return <span class={`tile ${props.class ?? ''}`} ref={holder} aria-hidden="true" />;
+}
+
+type Props = Given<'tile'> & { width: number; height: number; class?: string };
+
+/** A view or a control, again after each change. */
+export function Tile({ width, height, class: look, ...args }: Props) {
+    return <Asked what="tile" args={args} width={width} height={height} class={look} again={lastGesture.value} />;
 }

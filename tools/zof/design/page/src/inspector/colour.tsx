@@ -5,7 +5,7 @@ import type { Json } from '../protocol';
 import { project } from '../state';
 import { words } from '../words';
 import { hsvOf, rgbOf, type Hsv } from './hsv';
-import { Input, type FieldProps } from './input';
+import { among, Input, type FieldProps } from './input';
 import { held, title, tryEnd, tryValue, write, type Next } from './subject';
 import { colourOf } from './value';
 
@@ -34,7 +34,7 @@ export function ColourField(props: FieldProps) {
         <div class="field">
             <Input
                 {...props}
-                offers={[...new Set(project.value?.colours.map((one) => '$' + one.name))]}
+                offers={among([...new Set(project.value?.colours.map((one) => '$' + one.name))])}
                 before={
                     <button
                         class="sw"

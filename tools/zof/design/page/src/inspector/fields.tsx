@@ -2,14 +2,17 @@
 import type { ComponentType } from 'preact';
 
 import { openSource } from '../actions';
+import { Asked } from '../canvas/tile';
 import { jsonTypeOf, type Key, type Name } from '../catalogue';
 import type { Json } from '../protocol';
 import { project } from '../state';
 import { words } from '../words';
 import { ColourField } from './colour';
-import { Input, type FieldProps } from './input';
+import { among, Input, type FieldProps } from './input';
 import { List, Options } from './lists';
+import { Reference } from './reference';
 import { held, title, write } from './subject';
+import { WordsField } from './words_field';
 import { bitsOf, fieldOf, numberOf, scaleOf, unitOf, unknownBits, type FieldName } from './value';
 
 const BUTTONS = 4; // names at most, and
@@ -69,8 +72,6 @@ function offersOf(kind: string): string[] {
     return all[kind] ?? [];
 }
 
-const PICTURES = 200; // files whose list is shown at once
-
 function TextField(props: FieldProps) {
     const { subject, row } = props;
     const offers = offersOf(row.key.kind);
@@ -85,7 +86,7 @@ function TextField(props: FieldProps) {
     const near = missing ? offers.find((one) => one.toLowerCase() === String(value).toLowerCase()) : undefined;
     return (
         <div class="field">
-            <Input {...props} offers={offers.slice(0, PICTURES)} />
+            <Input {...props} offers={offers.length ? among(offers) : undefined} />
             {missing && (
                 <span class="err">
                     {near ? words.otherCase(near) : words.noSuchFile(String(value))}{' '}
@@ -95,6 +96,9 @@ function TextField(props: FieldProps) {
                         </button>
                     )}
                 </span>
+            )}
+            {row.key.kind === 'picture' && typeof value === 'string' && offers.includes(value) && (
+                <Asked what="asset" args={{ name: value }} width={120} height={64} class="thumb-field" />
             )}
             {row.key.kind === 'text' && <span class="t3 small">{words.notTranslated}</span>}
         </div>
@@ -265,6 +269,8 @@ const COMPONENTS: Record<FieldName, ComponentType<FieldProps>> = {
     options: Options,
     list: List,
     object: InSource,
+    words: WordsField,
+    reference: Reference,
 };
 
 export function FieldOf(props: FieldProps) {

@@ -3,6 +3,7 @@ import { edit } from '../actions';
 import { recordOf, rowsOf, type Key } from '../catalogue';
 import type { Edit, Json } from '../protocol';
 import { Button } from '../shell/button';
+import { textOf as textOfKey } from '../texts/languages';
 import { words } from '../words';
 import { FieldOf } from './fields';
 import type { FieldProps } from './input';
@@ -38,6 +39,7 @@ function Line({ text, name, first, last, onText, onMove, onRemove }: LineProps) 
                             if (event.altKey && event.key === 'ArrowDown' && !last) onMove(1);
                         }}
                     />
+                    {text.startsWith('#') && <span class="u clip">{textOfKey(text.slice(1))}</span>}
                 </span>
             )}
             <Button icon="front" name={words.moveUp} disabled={first} onClick={() => onMove(-1)} />

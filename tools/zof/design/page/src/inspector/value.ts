@@ -11,7 +11,18 @@ export interface Fault {
 export type Parsed = { value: Json } | { fault: Fault };
 
 export type FieldName =
-    'number' | 'percentage' | 'colour' | 'switch' | 'choice' | 'sum' | 'text' | 'options' | 'list' | 'object';
+    | 'number'
+    | 'percentage'
+    | 'colour'
+    | 'switch'
+    | 'choice'
+    | 'sum'
+    | 'text'
+    | 'options'
+    | 'list'
+    | 'object'
+    | 'words'
+    | 'reference';
 
 /** Kinds whose field does not follow from the type of their JSON value. */
 const FIELDS: Record<string, FieldName> = {
@@ -21,6 +32,9 @@ const FIELDS: Record<string, FieldName> = {
     choice: 'choice',
     sum: 'sum',
     options: 'options',
+    words: 'words',
+    control: 'reference',
+    view: 'reference',
 };
 const BY_JSON: Record<string, FieldName> = {
     number: 'number',

@@ -4,6 +4,7 @@ import { useState } from 'preact/hooks';
 import { add } from '../actions';
 import { carried } from '../canvas/stage';
 import { catalogue, type Type } from '../catalogue';
+import { Filter } from '../shell/filter';
 import { Icon } from '../shell/icon';
 import { chosen, project } from '../state';
 import { words } from '../words';
@@ -31,15 +32,13 @@ export function Palette() {
             <div class="head">
                 <h2>{words.add}</h2>
             </div>
-            <label class="find">
-                <Icon name="search" />
-                <input
-                    aria-label={words.filter}
-                    value={filter}
-                    onInput={(event) => setFilter(event.currentTarget.value)}
-                    onKeyDown={(event) => event.key === 'Enter' && types[0] && addMiddle(types[0])}
-                />
-            </label>
+            <Filter
+                icon="search"
+                name={words.filter}
+                value={filter}
+                onText={setFilter}
+                onEnter={() => types[0] && addMiddle(types[0])}
+            />
             <div class="palette">
                 {types.map((type) => (
                     <button

@@ -3,6 +3,7 @@ import { useState } from 'preact/hooks';
 
 import { attempt, nameOf, setMode } from '../actions';
 import { iconOf } from '../catalogue';
+import { Filter } from '../shell/filter';
 import { Icon } from '../shell/icon';
 import { request } from '../socket';
 import { byPath, hovered, selection, shown } from '../state';
@@ -106,15 +107,13 @@ export function Host() {
             ) : (
                 <>
                     <p class="hint t2">{mode === 'live' ? words.valuesHint : words.virtualHostHint}</p>
-                    <label class="find">
-                        <Icon name="search" />
-                        <input
-                            aria-label={words.findValue}
-                            placeholder={words.findValue}
-                            value={filter}
-                            onInput={(event) => setFilter(event.currentTarget.value)}
-                        />
-                    </label>
+                    <Filter
+                        icon="search"
+                        name={words.findValue}
+                        hint={words.findValue}
+                        value={filter}
+                        onText={setFilter}
+                    />
                     <div class="value-list">
                         {all.map((value) => (
                             <ValueRow key={value.control} value={value} may={mode === 'run'} />

@@ -58,10 +58,28 @@ function Choice({
     );
 }
 
+export const Logo = () => (
+    <svg width="18" height="18" viewBox="0 0 18 18" aria-hidden="true">
+        <rect x="1" y="3" width="16" height="12" rx="3" fill="var(--accent)" />
+        <rect x="4" y="6" width="6" height="6" rx="1.5" fill="var(--chrome)" />
+    </svg>
+);
+
+/** Light or dark. */
+export function Look() {
+    const dark = darkNow();
+    return (
+        <Button
+            icon={dark ? 'sun' : 'moon'}
+            name={dark ? words.light : words.dark}
+            onClick={() => keep({ look: dark ? 'light' : 'dark' })}
+        />
+    );
+}
+
 export function Bar() {
     const { mode, language, theme } = shown.value;
     const errors = problems.value.filter((problem) => problem.error).length;
-    const dark = darkNow();
     const tab = (name: typeof mode, icon: string, text: string) => (
         <button
             role="tab"
@@ -76,10 +94,7 @@ export function Bar() {
     return (
         <header class="bar">
             <div class="side">
-                <svg width="18" height="18" viewBox="0 0 18 18" aria-hidden="true">
-                    <rect x="1" y="3" width="16" height="12" rx="3" fill="var(--accent)" />
-                    <rect x="4" y="6" width="6" height="6" rx="1.5" fill="var(--chrome)" />
-                </svg>
+                <Logo />
                 <h1 class="name" title={project.value?.dir}>
                     {project.value?.name}
                 </h1>
@@ -135,11 +150,7 @@ export function Bar() {
                     class="slim"
                     onClick={() => (dialog.value = 'find')}
                 />
-                <Button
-                    icon={dark ? 'sun' : 'moon'}
-                    name={dark ? words.light : words.dark}
-                    onClick={() => keep({ look: dark ? 'light' : 'dark' })}
-                />
+                <Look />
             </div>
         </header>
     );

@@ -8,6 +8,8 @@ export function Rail() {
         ['views', 'views', words.views],
         ['add', 'add', words.add],
         ['colours', 'colour', words.colours],
+        ['fonts', 'font', words.fonts],
+        ['pictures', 'picture', words.pictures],
         ['texts', 'texts', words.texts],
         ['host', 'host', words.host],
         ['changes', 'history', words.changes],

@@ -9,6 +9,7 @@ import { request } from '../socket';
 import { Icon } from '../shell/icon';
 import { lastGesture, project, shown } from '../state';
 import { words } from '../words';
+import { languageFile } from './languages';
 
 type Filter = 'all' | 'fit' | 'letters' | 'missing' | 'unused';
 const filter = signal<Filter>('all');
@@ -103,8 +104,7 @@ function Cell({ row, language }: { row: TextRow; language: string }) {
     useEffect(() => setText(cell.text ?? ''), [cell.text]);
     const write = (): void => {
         if (text === (cell.text ?? '')) return;
-        const file = `config/languages/${language}.g`;
-        void edit(`Text ${row.key} in ${language}`, [{ file, path: row.key, value: text }]);
+        void edit(words.textIn(row.key, language), [{ file: languageFile(language), path: row.key, value: text }]);
     };
     // Enter goes down to the next text of the language.
     const keyDown = (event: KeyboardEvent): void => {

@@ -6,6 +6,7 @@ import { Tile } from '../canvas/tile';
 import { iconOf } from '../catalogue';
 import type { Control } from '../protocol';
 import { request } from '../socket';
+import { Filter } from '../shell/filter';
 import { Icon } from '../shell/icon';
 import { byPath, controls, hovered, keep, kept, problems, project, selection, shown } from '../state';
 import { words } from '../words';
@@ -121,15 +122,7 @@ export function Outline() {
             <div class="head">
                 <h2>{words.outline}</h2> <span class="t3 normal">{words.frontFirst}</span>
             </div>
-            <label class="find">
-                <Icon name="filter" />
-                <input
-                    aria-label={words.filter}
-                    placeholder={words.filterHint}
-                    value={filter}
-                    onInput={(event) => setFilter(event.currentTarget.value)}
-                />
-            </label>
+            <Filter name={words.filter} hint={words.filterHint} value={filter} onText={setFilter} />
             <div
                 class="tree"
                 role="tree"
