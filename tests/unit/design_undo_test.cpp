@@ -183,6 +183,35 @@ TEST_CASE("undo and redo go on after a restart, and end where files were changed
     CHECK(store.text("a") == store_t::numbered(7));
 }
 
+TEST_CASE("a gesture is taken back alone, unless a later one depends on it") {
+    store_t store;
+    const auto take = [&store](u32 number) {
+        return design_files_take_back(store.files, number, store.now += 1000, &store.error) != nullptr;
+    };
+    const u32 first = store.set("ab", 1000)->number;
+    const u32 id = store.set("a", 77, "controls[0].property.pub_t.id")->number;
+    const u32 width = store.set("a", 5, "controls[0].property.pub_t.size.width")->number;
+    const u32 height = store.set("a", 6, "controls[0].property.pub_t.size.height")->number;
+    CHECK(!take(width)); // the height stands in the object that the width made
+    CHECK(contains(store.error, "depends"));
+    CHECK(!take(height + 1));
+    const std::string all = store.text("a");
+    CHECK(take(first));
+    CHECK(store.text("b") == home);
+    std::string expected = all;
+    CHECK(store.text("a") == expected.replace(expected.find("1000"), 4, "0"));
+    CHECK(take(id));
+    CHECK(store.text("a") == expected.replace(expected.find("77"), 2, "1"));
+    CHECK(take(height));
+    CHECK(!take(first));
+    CHECK(store.undo());
+    CHECK(store.undo());
+    CHECK(store.undo());
+    CHECK(store.text("a") == all);
+    store.open();
+    CHECK(take(id));
+}
+
 TEST_CASE("edits wait in memory and in the journal while files cannot be written") {
     store_t store;
     std::filesystem::permissions(store.project.path("config/view/a.g"), std::filesystem::perms(0640));

@@ -67,6 +67,10 @@ const design_gesture_t *design_files_edit(design_files_t *files, const cJSON *ed
 const design_gesture_t *design_files_undo(design_files_t *files, std::string *error);
 const design_gesture_t *design_files_redo(design_files_t *files, std::string *error);
 
+// Puts back what stood before one gesture while later ones stay, as a new gesture. Returns null with the error if the
+// gesture is not in the list, or if a later one depends on it.
+const design_gesture_t *design_files_take_back(design_files_t *files, u32 number, s64 now, std::string *error);
+
 // Takes over what other programs have changed on the disk, each file as a gesture that can be undone; more than five
 // files at once close the list instead. Call it when the folder's watch reports something. Returns the new gestures'
 // numbers, or 0 in the vector for files outside the list (pictures, fonts).

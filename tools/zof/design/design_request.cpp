@@ -111,15 +111,19 @@ static void run_edit(const design_request_t &request, const cJSON *args) {
     gesture_answer(request, gesture, "edit", error);
 }
 
-static void run_try(const design_request_t &request, const cJSON *args) {
+// Shows edits, unless they could not be made.
+static void try_answer(const design_request_t &request, const cJSON *edits, std::string error) {
     std::vector<design_splice_t> splices;
-    const std::string error =
-        design_files_plan(design.files, cJSON_GetObjectItemCaseSensitive(args, "edits"), &splices);
+    error = error.empty() ? design_files_plan(design.files, edits, &splices) : error;
     if (!error.empty()) {
         design_refuse(request, error);
         return;
     }
     design_canvas_try(request, splices);
+}
+
+static void run_try(const design_request_t &request, const cJSON *args) {
+    try_answer(request, cJSON_GetObjectItemCaseSensitive(args, "edits"), "");
 }
 
 static void run_undo(const design_request_t &request, const cJSON *) {
@@ -130,6 +134,14 @@ static void run_undo(const design_request_t &request, const cJSON *) {
 static void run_redo(const design_request_t &request, const cJSON *) {
     std::string error;
     gesture_answer(request, design_files_redo(design.files, &error), "redo", error);
+}
+
+static void run_take_back(const design_request_t &request, const cJSON *args) {
+    std::string error;
+    const cJSON *number = cJSON_GetObjectItemCaseSensitive(args, "number");
+    const design_gesture_t *gesture = design_files_take_back(
+        design.files, cJSON_IsNumber(number) ? (u32)number->valueint : 0, design_now_ms(), &error);
+    gesture_answer(request, gesture, "edit", error);
 }
 
 static void run_save(const design_request_t &request, const cJSON *) {
@@ -176,6 +188,11 @@ static void run_add(const design_request_t &request, const cJSON *args) {
     std::string error;
     std::vector<std::string> made;
     cJSON *edits = design_control_add(design.files, args, &made, &error);
+    if (cJSON_IsTrue(cJSON_GetObjectItemCaseSensitive(args, "try"))) {
+        try_answer(request, edits, error);
+        cJSON_Delete(edits);
+        return;
+    }
     const design_gesture_t *gesture =
         operation_apply(edits, "Add " + (made.empty() ? design_text_of(args, "type") : last_name(made[0])), &error);
     gesture_answer(request, gesture, "edit", error, {{"control", first_of(made)}});
@@ -271,6 +288,7 @@ static constexpr struct {
     {"try", run_try},
     {"undo", run_undo},
     {"redo", run_redo},
+    {"takeBack", run_take_back},
     {"save", run_save},
     {"changes", run_changes},
     {"add", run_add},

@@ -140,4 +140,11 @@ void design_undo_close(design_files_t *files, const char *why);
 // Puts the texts of a plan into the store.
 void design_works_keep(design_files_t *files, design_works_t *works);
 
+// Keeps and writes the texts of a plan, as a new gesture or as part of the last one, see design_files_edit.
+const design_gesture_t *design_plan_keep(design_files_t *files, design_plan_t *plan, const std::string &label,
+                                         const std::string &merge, s64 now);
+
+// Takes over files of a gesture that another program has just changed. Returns an error if there are any.
+std::string design_gesture_current(design_files_t *files, const design_gesture_t &gesture);
+
 #endif

@@ -109,7 +109,7 @@ static bool merges(const design_files_t *files, const std::string &label, const 
     return last.merge == merge && last.label == label && !last.elsewhere && now - files->merged_at < DESIGN_MERGE_MS;
 }
 
-static const design_gesture_t *plan_keep(design_files_t *files, design_plan_t *plan, const std::string &label,
+const design_gesture_t *design_plan_keep(design_files_t *files, design_plan_t *plan, const std::string &label,
                                          const std::string &merge, s64 now) {
     design_works_keep(files, &plan->works);
     const design_gesture_t *gesture;
@@ -193,22 +193,27 @@ const design_gesture_t *design_files_edit(design_files_t *files, const cJSON *ed
         return nullptr;
     }
     files->nothing.label = label;
-    return plan.splices.empty() ? &files->nothing : plan_keep(files, &plan, label, merge, now);
+    return plan.splices.empty() ? &files->nothing : design_plan_keep(files, &plan, label, merge, now);
 }
 
 // Undo -------------------------------------------------------------------------------------------------------------
 
-// Applies a gesture of the list, back or forward.
-static std::string gesture_apply(design_files_t *files, design_gesture_t *gesture, bool back) {
-    for (const design_splice_t &splice : gesture->splices) {
+std::string design_gesture_current(design_files_t *files, const design_gesture_t &gesture) {
+    for (const design_splice_t &splice : gesture.splices) {
         const auto found = files->files.find(splice.file);
         if (found != files->files.end() && design_file_changed(files, splice.file, &found->second)) {
-            design_files_take(files, {splice.file}, gesture->time);
+            design_files_take(files, {splice.file}, gesture.time);
             return splice.file + " has just been changed by another program";
         }
     }
+    return "";
+}
+
+// Applies a gesture of the list, back or forward.
+static std::string gesture_apply(design_files_t *files, design_gesture_t *gesture, bool back) {
     design_works_t works;
-    std::string error = design_splices_apply(files, gesture->splices, back, &works);
+    std::string error = design_gesture_current(files, *gesture);
+    error = error.empty() ? design_splices_apply(files, gesture->splices, back, &works) : error;
     if (!error.empty()) {
         return error;
     }

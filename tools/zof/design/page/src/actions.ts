@@ -1,6 +1,7 @@
 // What the page does with the project: each action is one request, and one step of undo.
 import type { Box, Control, Edit, Gesture, Json, Value } from './protocol';
-import { alignSteps, gapSteps, union, type Align, type Point } from './canvas/geometry';
+import { alignSteps, contains, gapSteps, union, type Align, type Point } from './canvas/geometry';
+import { typeOf } from './catalogue';
 import { request } from './socket';
 import {
     byPath,
@@ -10,6 +11,7 @@ import {
     keep,
     kept,
     menu,
+    posed,
     project,
     selected,
     selection,
@@ -260,6 +262,55 @@ export async function order(step: 1 | -1, end: boolean): Promise<void> {
     await attempt(
         request('reorder', { control: control.path, parent: control.parent ?? '', before: siblings[to]?.path ?? '' }),
     );
+}
+
+/** Shows a control in a state, "pressed+checked"; "default" shows it as it is. No file changes. */
+export function pose(path: string, state: string): void {
+    posed.value = state === 'default' ? null : { path, state };
+    void attempt(request('state', { control: path, state }));
+}
+
+/** The next of the states that the type of the chosen control has. */
+export function poseNext(): void {
+    const control = chosen.value;
+    if (!control) return;
+    const states = (typeOf(control.type)?.states ?? []).map((name) => (name === 'always' ? 'default' : name));
+    const now = posed.value?.path === control.path ? posed.value.state : 'default';
+    pose(control.path, states[(states.indexOf(now) + 1) % Math.max(1, states.length)] ?? 'default');
+}
+
+/** Chooses what lies under the middle of the chosen control. */
+export function stepUnder(): void {
+    const box = chosen.value?.box;
+    if (!box) return;
+    const middle = { x: box[0] + box[2] / 2, y: box[1] + box[3] / 2 };
+    const here = controls.value.filter((one) => one.visible && contains(one.box, middle)).reverse();
+    const next = here[(here.findIndex((one) => one.path === chosen.value?.path) + 1) % Math.max(1, here.length)];
+    if (next) selection.value = [next.path];
+}
+
+/** Locked controls are not moved on the page; no file changes. */
+export function toggleLock(list: Control[]): void {
+    const paths = list.map((control) => control.path);
+    const all = paths.every((path) => kept.value.locked.includes(path));
+    const others = kept.value.locked.filter((path) => !paths.includes(path));
+    keep({ locked: all ? others : [...others, ...paths] });
+}
+
+type Copied = { look?: Json; property?: { styles?: Json } };
+
+/** Gives the selection the look and the styles of the first control in the clipboard's text. */
+export async function pasteLook(text: string): Promise<void> {
+    const parsed = JSON.parse(text) as Copied | Copied[];
+    const from = Array.isArray(parsed) ? parsed[0] : parsed;
+    const edits = selected.value.flatMap(({ place }): Edit[] => {
+        if (!place) return [];
+        const { file, key } = place;
+        const look: Edit[] = from?.look === undefined ? [] : [{ file, path: `${key}.look`, value: from.look }];
+        const styles = from?.property?.styles;
+        return styles === undefined ? look : [...look, { file, path: `${key}.property.styles`, value: styles }];
+    });
+    await edit(labelOf(words.style, selected.value), edits);
 }
 
 // ---- everything else

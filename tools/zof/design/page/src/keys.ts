@@ -12,6 +12,8 @@ import {
     nudge,
     order,
     paste,
+    pasteLook,
+    poseNext,
     redo,
     remove,
     runAgain,
@@ -20,7 +22,9 @@ import {
     setMode,
     stepLanguage,
     stepTheme,
+    stepUnder,
     stepView,
+    toggleLock,
     undo,
 } from './actions';
 import { drag, dragCorrect } from './canvas/drag';
@@ -39,6 +43,7 @@ import {
     keep,
     kept,
     problems,
+    selected,
     selection,
     sheet,
     shown,
@@ -209,6 +214,12 @@ export const actions: Action[] = [
         run: () =>
             void navigator.clipboard.readText().then(paste, (reason: unknown) => (fault.value = message(reason))),
     },
+    {
+        id: 'pasteLook',
+        name: () => words.pasteLook,
+        keys: ['Ctrl Shift V'],
+        run: () => void attempt(navigator.clipboard.readText().then(pasteLook)),
+    },
     { id: 'front', name: () => words.toFront, keys: ['Ctrl ]'], run: () => void order(1, false) },
     { id: 'back', name: () => words.toBack, keys: ['Ctrl ['], run: () => void order(-1, false) },
     {
@@ -228,6 +239,9 @@ export const actions: Action[] = [
     { id: 'language', name: () => words.language, keys: ['L'], run: stepLanguage },
     { id: 'theme', name: () => words.theme, keys: ['T'], run: stepTheme },
     { id: 'parent', name: () => words.selectParent, keys: ['Alt ArrowUp', 'Escape'], run: stepParent },
+    { id: 'under', name: () => words.selectUnder, keys: ['Alt ArrowDown'], run: stepUnder },
+    { id: 'state', name: () => words.nextState, keys: ['S'], run: poseNext },
+    { id: 'lock', name: () => words.lock, keys: ['Ctrl Shift L'], run: () => toggleLock(selected.value) },
     { id: 'next', name: () => '', keys: ['Tab'], run: () => stepControl(1) },
     { id: 'before', name: () => '', keys: ['Shift Tab'], run: () => stepControl(-1) },
     { id: 'keys', name: () => words.keysTitle, keys: ['?', 'Shift ?'], run: () => (dialog.value = 'keys') },

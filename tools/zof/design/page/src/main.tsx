@@ -3,7 +3,7 @@ import { effect } from '@preact/signals';
 import { render, type JSX } from 'preact';
 
 import './style/all.css';
-import { undo } from './actions';
+import { nameOf, pose, undo } from './actions';
 import { Begin } from './begin/begin';
 import { Stage } from './canvas/stage';
 import { pictureSize } from './canvas/picture';
@@ -22,7 +22,7 @@ import { Rail } from './shell/rail';
 import { Split } from './shell/split';
 import { Tools } from './shell/tools';
 import { connect, linked } from './socket';
-import { chosen, empty, keep, kept, project, runtime, sheet, shown, undoState } from './state';
+import { byPath, chosen, empty, keep, kept, posed, project, runtime, sheet, shown, undoState } from './state';
 import { Colours } from './texts/colours';
 import { Texts, TextsSide } from './texts/texts';
 import { Fonts, Pictures } from './views/assets';
@@ -42,6 +42,16 @@ function Band() {
                 : undoState.value.error
                   ? words.readOnly
                   : '';
+    const now = posed.value;
+    if (!text && now && (byPath.value.get(now.path)?.state ?? 'default') !== 'default')
+        return (
+            <div class="band" role="status">
+                {words.stateShown(nameOf(now.path), now.state)}
+                <button class="btn edge" onClick={() => pose(now.path, 'default')}>
+                    {words.asItIs}
+                </button>
+            </div>
+        );
     return text ? (
         <div class="band" role={linked.value === 'lost' || stopped ? 'alert' : 'status'}>
             {text}

@@ -262,13 +262,25 @@ export interface Requests {
     try: { args: { edits: Edit[] }; reply: object };
     undo: { args: object; reply: { gesture: Gesture } };
     redo: { args: object; reply: { gesture: Gesture } };
+    // Puts back what stood before one gesture, while later ones stay.
+    takeBack: { args: { number: number }; reply: { gesture: Gesture } };
     save: { args: object; reply: { undo: UndoState } }; // writes again what could not be written
     changes: { args: object; reply: { gestures: Gesture[] } };
 
     // Operations on controls, each one step of undo. Controls are paths as in the tree.
     // The new control has the catalogue's form of its type, a name such as "button_2" and the smallest free id.
+    // `try` shows it without writing it, as the request "try".
     add: {
-        args: { view: string; type: string; parent?: string; x: number; y: number; width?: number; height?: number };
+        args: {
+            view: string;
+            type: string;
+            parent?: string;
+            x: number;
+            y: number;
+            width?: number;
+            height?: number;
+            try?: boolean;
+        };
         reply: { gesture: Gesture; control: string };
     };
     duplicate: {

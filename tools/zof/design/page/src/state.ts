@@ -24,6 +24,8 @@ export const chosenProblem = signal(0);
 export const goTo = signal<{ file: string; line: number; column: number; serial: number } | null>(null);
 /** Takes the controls at the next click on the picture, front-most first, in place of selecting one. */
 export const picking = signal<((under: Control[]) => void) | null>(null);
+/** The control that the picture shows in a state that was chosen for looking. */
+export const posed = signal<{ path: string; state: string } | null>(null);
 export const sheet = signal(false); // all views at once, in place of the picture
 export interface Menu {
     x: number;
@@ -113,6 +115,7 @@ on('tree', (event) => {
 });
 on('shown', (event) => {
     if (event.shown.view !== shown.value.view) selection.value = [];
+    if (event.shown.view !== shown.value.view || event.shown.mode !== 'design') posed.value = null;
     shown.value = event.shown;
 });
 const projectSet = (next: Project): void => {

@@ -6,11 +6,10 @@ import { attempt, boxEdits, edit, frameOf, labelOf, moveEdits, placedOf, type Pl
 import type { Box, Control, Edit } from '../protocol';
 import { request } from '../socket';
 import { controls, kept } from '../state';
+import { GRID, none, REACH_PX } from './snap';
 import { resize, snapGrid, snapMove, snapResize, union, type Handle, type Point, type Snapped } from './geometry';
 
 export const DEAD_PX = 3;
-const REACH_PX = 6; // of the screen
-const GRID = 4;
 
 export interface Drag {
     list: Control[];
@@ -24,26 +23,28 @@ export interface Drag {
 }
 
 export const drag = signal<Drag | null>(null);
-const none: Snapped = { dx: 0, dy: 0, guides: [], gaps: [] };
 
-let waiting: Edit[] | null = null;
+let waiting: (() => Promise<unknown>) | null = null;
 let sending = false;
 
 async function trySend(): Promise<void> {
     if (sending) return;
     while (waiting) {
-        const edits = waiting;
+        const next = waiting;
         waiting = null;
         sending = true;
-        await attempt(request('try', { edits }));
+        await next();
         sending = false;
     }
 }
 
-export function tryEdits(edits: Edit[]): void {
-    waiting = edits;
+/** Asks the program to show something that is not written; the request ends when it is seen. */
+export function tryRun(send: () => Promise<unknown>): void {
+    waiting = send;
     void trySend();
 }
+
+export const tryEdits = (edits: Edit[]): void => tryRun(() => attempt(request('try', { edits })));
 
 /** Forgets a try that waits to be sent: what it shows is written now. */
 export function tryStop(): void {

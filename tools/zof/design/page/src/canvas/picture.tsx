@@ -2,7 +2,7 @@
 import { signal } from '@preact/signals';
 import { useEffect, useRef } from 'preact/hooks';
 
-import type { FrameHead } from '../protocol';
+import type { Box, FrameHead } from '../protocol';
 import { onFrame } from '../socket';
 
 export const pictureSize = signal({ width: 0, height: 0 });
@@ -36,6 +36,15 @@ onFrame((head, pixels) => {
         pictureSize.value = { width: head.fullWidth, height: head.fullHeight };
     }
 });
+
+/** The pixels of a part of the picture, RGBA; null if none of it is in the picture. */
+export function pixelsOf([x, y, width, height]: Box): Uint8ClampedArray | null {
+    const left = Math.max(0, x);
+    const top = Math.max(0, y);
+    const wide = Math.min(store.width, x + width) - left;
+    const high = Math.min(store.height, y + height) - top;
+    return wide > 0 && high > 0 ? (store.getContext('2d')?.getImageData(left, top, wide, high).data ?? null) : null;
+}
 
 let lastTile = 0;
 

@@ -2,7 +2,7 @@
 import { signal } from '@preact/signals';
 import { useEffect, useRef } from 'preact/hooks';
 
-import { add, duplicate, frameOf, menuOpen, message, movable, roots, selectionBox } from '../actions';
+import { duplicate, frameOf, menuOpen, message, movable, roots, selectionBox } from '../actions';
 import type { Box, Control } from '../protocol';
 import { RunOver } from '../run/over';
 import { request } from '../socket';
@@ -26,10 +26,9 @@ import { boxOf, contains, HANDLES, touches, within, type Handle, type Point } fr
 import { Distances, Guides, Ov, ProblemMarks, Rulers, Selected } from './overlay';
 import { Picture, pictureSize } from './picture';
 import { panBegin, panBegins, panMove, panning, spaceHeld, tool, wheel } from './pan';
+import { carried, placeDraw, placeEnd, placeHide, placeMove, placing } from './placing';
 import { pan, room, zoom } from './zoom';
 
-/** A type that is being dragged from the palette. */
-export const carried = signal<{ type: string; width: number; height: number } | null>(null);
 export const altHeld = signal(false);
 export const pointerAt = signal<Point | null>(null);
 const marquee = signal<Box | null>(null);
@@ -139,6 +138,7 @@ export function Stage() {
             under,
             before: selection.value,
         };
+        if (carried.value?.drawn) return;
         const inSelection = under && selection.value.includes(under.path);
         if (under && event.shiftKey) {
             selection.value = inSelection
@@ -168,6 +168,13 @@ export function Stage() {
         const state = press.current;
         if (running) {
             if (event.buttons) finger(event, true);
+            return;
+        }
+        if (carried.value?.drawn) {
+            if (state) {
+                state.moved ||= Math.hypot(event.clientX - state.at.x, event.clientY - state.at.y) >= DEAD_PX;
+                if (state.moved) placeDraw(state.start, at, event.ctrlKey, scale);
+            } else placeMove(at, event.ctrlKey, scale);
             return;
         }
         if (!state) {
@@ -203,6 +210,15 @@ export function Stage() {
         press.current = null;
         marquee.value = null;
         if (!state) return;
+        const placed = carried.value;
+        if (placed?.drawn) {
+            if (!state.moved) {
+                placeMove(state.start, event.ctrlKey, scale);
+                carried.value = { ...placed, drawn: false }; // a click gives it the size of its type
+            }
+            void placeEnd(true);
+            return;
+        }
         if (!state.moved && state.under && !event.shiftKey) selection.value = [state.under.path];
         void dragEnd(true).then((step) => step && duplicate(step));
     };
@@ -215,8 +231,10 @@ export function Stage() {
     };
 
     const keyDown = (event: KeyboardEvent): void => {
-        if (event.key !== 'Escape' || (!drag.value && !marquee.value && !picking.value)) return;
+        if (event.key !== 'Escape') return;
+        if (!drag.value && !marquee.value && !picking.value && !carried.value) return;
         picking.value = null;
+        void placeEnd(false);
         cancel();
         event.stopPropagation();
     };
@@ -232,19 +250,16 @@ export function Stage() {
         menuOpen(event, here);
     };
 
-    const drop = (event: DragEvent): void => {
-        const type = carried.value;
-        carried.value = null;
-        if (!type) return;
+    const dragOver = (event: DragEvent): void => {
+        if (!carried.value) return;
         event.preventDefault();
-        const at = pointOf(event);
-        const under = [...controls.value]
-            .reverse()
-            .find((one) => one.type === 'container' && one.visible && contains(one.box, at));
-        const origin = under?.box ?? [0, 0, 0, 0];
-        const x = Math.round(at.x - type.width / 2 - origin[0]);
-        const y = Math.round(at.y - type.height / 2 - origin[1]);
-        void add(type.type, x, y, under?.path);
+        placeMove(pointOf(event), event.ctrlKey, scale);
+    };
+    const drop = (event: DragEvent): void => {
+        if (!carried.value) return;
+        event.preventDefault();
+        placeMove(pointOf(event), event.ctrlKey, scale);
+        void placeEnd(true);
     };
 
     const state = drag.value;
@@ -258,7 +273,7 @@ export function Stage() {
     return (
         <div
             ref={stage}
-            class={`stage ${running ? 'running' : live ? 'live' : ''} ${picking.value ? 'picks' : panning.value ? 'pans' : tool.value === 'pan' || spaceHeld.value ? 'pan' : ''}`}
+            class={`stage ${running ? 'running' : live ? 'live' : ''} ${picking.value || carried.value?.drawn ? 'picks' : panning.value ? 'pans' : tool.value === 'pan' || spaceHeld.value ? 'pan' : ''}`}
             role="application"
             tabIndex={0}
             aria-label={words.picture}
@@ -271,10 +286,12 @@ export function Stage() {
             onPointerLeave={() => {
                 hovered.value = '';
                 pointerAt.value = null;
+                placeHide();
             }}
             onKeyDownCapture={keyDown}
             onContextMenu={context}
-            onDragOver={(event) => carried.value && event.preventDefault()}
+            onDragOver={dragOver}
+            onDragLeave={placeHide}
             onDrop={drop}
             onWheel={(event) => wheel(event, event.currentTarget)}
         >
@@ -304,6 +321,13 @@ export function Stage() {
                                 />
                             ))}
                         {state && <Selected box={state.now} handles={false} key_={false} size />}
+                        {placing.value && (
+                            <>
+                                {placing.value.parent && <Ov box={placing.value.parent.box} class="hover" />}
+                                <Selected box={placing.value.box} handles={false} key_={false} size />
+                                <Guides guides={placing.value.snapped.guides} gaps={placing.value.snapped.gaps} />
+                            </>
+                        )}
                         {state && <Guides guides={state.snapped.guides} gaps={state.snapped.gaps} />}
                         {altHeld.value && !state && around && chosen.value && (
                             <Distances

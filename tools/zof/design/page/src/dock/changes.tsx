@@ -14,6 +14,7 @@ export function Changes() {
     useEffect(() => {
         void attempt(request('changes', {})).then((reply) => reply && setAll(reply.gestures));
     }, [last, undo]);
+    const newest = all.filter((one) => !one.undone).pop()?.number; // Undo takes it back
     if (!all.length) return <p class="empty">{words.noChanges}</p>;
     return (
         <ol class="changes">
@@ -22,6 +23,14 @@ export function Changes() {
                     <span class="mono t3">{new Date(gesture.time).toLocaleTimeString()}</span>
                     <span class="m">{gesture.label}</span>
                     {gesture.source === 'elsewhere' && <span class="t3">{words.changedBy}</span>}
+                    {!gesture.undone && gesture.number !== newest && (
+                        <button
+                            class="link"
+                            onClick={() => void attempt(request('takeBack', { number: gesture.number }))}
+                        >
+                            {words.takeBackOne}
+                        </button>
+                    )}
                     {gesture.changes.slice(0, 4).map((change) => (
                         <div class="line">
                             <button

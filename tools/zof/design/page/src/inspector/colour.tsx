@@ -4,9 +4,10 @@ import { useState } from 'preact/hooks';
 import type { Json } from '../protocol';
 import { project } from '../state';
 import { words } from '../words';
+import { Contrast } from './contrast';
 import { hsvOf, rgbOf, type Hsv } from './hsv';
 import { among, Input, type FieldProps } from './input';
-import { held, title, tryEnd, tryValue, write, type Next } from './subject';
+import { beside, held, title, tryEnd, tryValue, write, type Next } from './subject';
 import { colourOf } from './value';
 
 /** "#RRGGBB" of a value, also of a name; black for anything else. */
@@ -47,6 +48,9 @@ export function ColourField(props: FieldProps) {
                 }
                 after={() => (name && typeof now.value !== 'string' ? <span class="u">{name}</span> : null)}
             />
+            {row.path.endsWith('txt_t.color') && subject.places.length === 1 && value !== undefined && (
+                <Contrast colour={colour} size={beside(subject, row.path, 'font_size')} />
+            )}
             {open && <Panel {...props} colour={colour} />}
         </div>
     );

@@ -1,14 +1,14 @@
 // The form of what is selected: its name, place and size, its own keys, its styles.
 import { useEffect, useState } from 'preact/hooks';
 
-import { attempt, nameOf, openSource, remove, rename, duplicate } from '../actions';
+import { attempt, nameOf, openSource, remove, rename, duplicate, toggleLock } from '../actions';
 import { iconOf, rowsOf, typeOf, type Row } from '../catalogue';
 import type { Control, Value } from '../protocol';
 import { request } from '../socket';
 import { Button } from '../shell/button';
 import { ValueNow } from '../run/value';
 import { Icon } from '../shell/icon';
-import { chosen, keep, kept, lastGesture, project, selected, shown } from '../state';
+import { chosen, kept, lastGesture, project, selected, shown } from '../state';
 import { words } from '../words';
 import { commonRows, Form } from './form';
 import { Styles } from './styles';
@@ -68,12 +68,6 @@ function Name({ control }: { control: Control }) {
 function Head({ control }: { control: Control }) {
     const locked = kept.value.locked.includes(control.path);
     const place = control.place;
-    const toggle = (): void =>
-        keep({
-            locked: locked
-                ? kept.value.locked.filter((path) => path !== control.path)
-                : [...kept.value.locked, control.path],
-        });
     return (
         <div class="who">
             <div class="l1">
@@ -81,7 +75,13 @@ function Head({ control }: { control: Control }) {
                 {shown.value.mode === 'design' ? (
                     <>
                         <Name control={control} />
-                        <Button icon="lock" name={words.select} on={locked} onClick={toggle} />
+                        <Button
+                            icon="lock"
+                            name={words.lock}
+                            action="lock"
+                            on={locked}
+                            onClick={() => toggleLock([control])}
+                        />
                         <Button
                             icon="copy"
                             name={words.duplicate}

@@ -4,8 +4,7 @@ import { useState } from 'preact/hooks';
 import { Tile } from '../canvas/tile';
 import { recordOf, type Type } from '../catalogue';
 import type { Control, Edit, Json, Value } from '../protocol';
-import { attempt, edit } from '../actions';
-import { request } from '../socket';
+import { edit, pose } from '../actions';
 import { Icon } from '../shell/icon';
 import { shown } from '../state';
 import { words } from '../words';
@@ -65,7 +64,7 @@ export function Styles({ control, subject, type }: { control: Control; subject: 
 
     const choose = (value: number, name: string): void => {
         setState(value);
-        void attempt(request('state', { control: control.path, state: asDrawn(name) }));
+        pose(control.path, asDrawn(name));
     };
     const always = entries.find((entry) => entry.part === part && entry.state === 0);
     const insert = (tree: { [key: string]: Json }): Edit[] => {

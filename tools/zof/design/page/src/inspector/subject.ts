@@ -40,6 +40,13 @@ export const below = (values: Value[], prefix: string): Value[] =>
 export const whole = (place: Place, path: string): string => (place.path ? `${place.path}.${path}` : path);
 export const find = (values: Value[], path: string): Value | undefined => values.find((value) => value.path === path);
 
+/** The value of another key of the same object, from the first file that has it. */
+export function beside(subject: Subject, path: string, key: string): Json | undefined {
+    const other = path.slice(0, path.lastIndexOf('.') + 1) + key;
+    const all = [...subject.places, ...(subject.origins ?? [])];
+    return jsonOf(all.map((one) => find(one.values, other)).find((value) => value !== undefined)?.raw);
+}
+
 /** What a field shows: the values of all places, and where a missing one comes from. */
 export interface Held {
     written: Value | undefined; // of the first place that has one

@@ -2,7 +2,7 @@
 import { useState } from 'preact/hooks';
 
 import { add } from '../actions';
-import { carried } from '../canvas/stage';
+import { carried, placeEnd } from '../canvas/placing';
 import { catalogue, type Type } from '../catalogue';
 import { Filter } from '../shell/filter';
 import { Icon } from '../shell/icon';
@@ -43,15 +43,25 @@ export function Palette() {
                 {types.map((type) => (
                     <button
                         key={type.name}
-                        class="kind"
+                        class={carried.value?.drawn && carried.value.type === type.name ? 'kind on' : 'kind'}
                         title={type.help}
                         draggable
-                        onClick={() => addMiddle(type)}
+                        aria-pressed={carried.value?.drawn === true && carried.value.type === type.name}
+                        onClick={(event) => {
+                            const byKey = event.detail === 0;
+                            carried.value = byKey ? null : { type: type.name, ...sizeOf(type), drawn: true };
+                            if (byKey) addMiddle(type);
+                        }}
+                        onDblClick={() => {
+                            carried.value = null;
+                            addMiddle(type);
+                        }}
+                        onKeyDown={(event) => event.key === 'Escape' && void placeEnd(false)}
                         onDragStart={(event) => {
-                            carried.value = { type: type.name, ...sizeOf(type) };
+                            carried.value = { type: type.name, ...sizeOf(type), drawn: false };
                             event.dataTransfer?.setData('text/plain', type.name);
                         }}
-                        onDragEnd={() => (carried.value = null)}
+                        onDragEnd={() => carried.value && void placeEnd(false)}
                     >
                         <Icon name={type.theme_file} />
                         {type.name}

@@ -1,15 +1,16 @@
 // All texts in all languages, each as it is drawn where it is used.
 import { signal } from '@preact/signals';
-import { useEffect, useState } from 'preact/hooks';
+import { useEffect, useRef, useState } from 'preact/hooks';
 
 import { attempt, edit } from '../actions';
 import { Tile } from '../canvas/tile';
 import type { TextCell, TextRow } from '../protocol';
 import { request } from '../socket';
 import { Icon } from '../shell/icon';
-import { lastGesture, project, shown } from '../state';
+import { fault, lastGesture, project, shown } from '../state';
 import { words } from '../words';
 import { languageFile } from './languages';
+import { pasteEdits, tableCells, tableEdits, tableText } from './table';
 
 type Filter = 'all' | 'fit' | 'letters' | 'missing' | 'unused';
 const filter = signal<Filter>('all');
@@ -98,6 +99,24 @@ function Fault({ cell }: { cell: TextCell }) {
     return null;
 }
 
+/** The rows that the filter leaves. */
+const listed = (): TextRow[] => rows.value.filter(tests[filter.value]);
+
+function save(name: string, text: string): void {
+    const link = document.createElement('a');
+    link.href = URL.createObjectURL(new Blob([text], { type: 'text/csv' }));
+    link.download = name;
+    link.click();
+    URL.revokeObjectURL(link.href);
+}
+
+async function load(file: File | undefined): Promise<void> {
+    if (!file) return;
+    const edits = tableEdits(tableCells(await file.text()), rows.value, project.value?.languages ?? []);
+    if (edits) await edit(words.importOf(file.name), edits);
+    else fault.value = words.noTable(file.name);
+}
+
 function Cell({ row, language }: { row: TextRow; language: string }) {
     const cell = row.cells[language] ?? { text: null };
     const [text, setText] = useState(cell.text ?? '');
@@ -123,6 +142,13 @@ function Cell({ row, language }: { row: TextRow; language: string }) {
                 onInput={(event) => setText(event.currentTarget.value)}
                 onBlur={write}
                 onKeyDown={keyDown}
+                onPaste={(event) => {
+                    const pasted = event.clipboardData?.getData('text/plain') ?? '';
+                    if (!/[\t\n]/.test(pasted.trim())) return; // one cell is typed text
+                    event.preventDefault();
+                    const edits = pasteEdits(pasted, listed(), project.value?.languages ?? [], row.key, language);
+                    void edit(words.pasteTexts, edits);
+                }}
             />
             <Fault cell={cell} />
         </td>
@@ -157,11 +183,38 @@ export function Texts() {
             if (reply) rows.value = reply.rows;
         });
     }, [gesture]);
-    const list = rows.value.filter(tests[filter.value]);
+    const list = listed();
+    const chooser = useRef<HTMLInputElement>(null);
     return (
         <main class="centre texts" data-region="picture">
             <div class="tools">
                 <span class="m">{words.textsCount(list.length)}</span>
+                <span class="grow" />
+                <input
+                    ref={chooser}
+                    type="file"
+                    hidden
+                    accept=".csv,.tsv,.txt"
+                    aria-label={words.importTable}
+                    onChange={(event) => {
+                        void attempt(load(event.currentTarget.files?.[0]));
+                        event.currentTarget.value = '';
+                    }}
+                />
+                <button class="btn edge" onClick={() => chooser.current?.click()}>
+                    {words.importTable}
+                </button>
+                <button
+                    class="btn edge"
+                    onClick={() =>
+                        save(
+                            `${project.value?.name ?? 'texts'}.csv`,
+                            tableText(rows.value, project.value?.languages ?? []),
+                        )
+                    }
+                >
+                    {words.exportTable}
+                </button>
             </div>
             <div class="grid" tabIndex={0}>
                 <table>
