@@ -63,6 +63,7 @@ interface Kept {
     look: '' | 'light' | 'dark';
     language: '' | 'en' | 'de';
     locked: string[];
+    scenario: string; // what Run plays
     folded: string[]; // paths of controls whose children the outline hides
 }
 
@@ -80,6 +81,7 @@ const otherwise: Kept = {
     look: '',
     language: '',
     locked: [],
+    scenario: '',
     folded: [],
 };
 

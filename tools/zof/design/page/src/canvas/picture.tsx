@@ -46,6 +46,9 @@ export function pixelsOf([x, y, width, height]: Box): Uint8ClampedArray | null {
     return wide > 0 && high > 0 ? (store.getContext('2d')?.getImageData(left, top, wide, high).data ?? null) : null;
 }
 
+/** The picture as a PNG file. */
+export const pictureBlob = (): Promise<Blob | null> => new Promise((done) => store.toBlob(done));
+
 let lastTile = 0;
 
 /** Waits for the picture of a tile, which the caller asks for with the number. */

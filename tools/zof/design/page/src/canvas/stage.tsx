@@ -5,6 +5,7 @@ import { useEffect, useRef } from 'preact/hooks';
 import { duplicate, frameOf, menuOpen, message, movable, roots, selectionBox } from '../actions';
 import type { Box, Control } from '../protocol';
 import { RunOver } from '../run/over';
+import { record } from '../run/scenario';
 import { request } from '../socket';
 import {
     byPath,
@@ -97,8 +98,9 @@ export function Stage() {
         return { x: (event.clientX - (box?.left ?? 0)) / scale, y: (event.clientY - (box?.top ?? 0)) / scale };
     };
 
-    const finger = (event: PointerEvent, down: boolean): void => {
+    const finger = (event: PointerEvent, down: boolean, what: 'press' | 'move' | 'release'): void => {
         const { x, y } = pointOf(event);
+        record(`${what} ${Math.round(x)} ${Math.round(y)}`);
         void request('pointer', { x: Math.round(x), y: Math.round(y), down }).catch(
             (reason: unknown) => (fault.value = message(reason)),
         );
@@ -113,7 +115,7 @@ export function Stage() {
         if (event.button !== 0) return;
         stage.current?.setPointerCapture(event.pointerId);
         if (running) {
-            finger(event, true);
+            finger(event, true, 'press');
             return;
         }
         const start = pointOf(event);
@@ -167,7 +169,7 @@ export function Stage() {
         pointerAt.value = { x: Math.floor(at.x), y: Math.floor(at.y) };
         const state = press.current;
         if (running) {
-            if (event.buttons) finger(event, true);
+            if (event.buttons) finger(event, true, 'move');
             return;
         }
         if (carried.value?.drawn) {
@@ -203,7 +205,7 @@ export function Stage() {
             return;
         }
         if (running) {
-            finger(event, false);
+            finger(event, false, 'release');
             return;
         }
         const state = press.current;

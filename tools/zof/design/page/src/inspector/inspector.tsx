@@ -6,6 +6,7 @@ import { iconOf, rowsOf, typeOf, type Row } from '../catalogue';
 import type { Control, Value } from '../protocol';
 import { request } from '../socket';
 import { Button } from '../shell/button';
+import { handler, rowConstant, target } from '../run/code';
 import { ValueNow } from '../run/value';
 import { Icon } from '../shell/icon';
 import { chosen, kept, lastGesture, project, selected, shown } from '../state';
@@ -174,11 +175,10 @@ function Single({ control }: { control: Control }) {
 /** What a host program needs to read and write the control. */
 function Host({ control }: { control: Control }) {
     const row = control.row;
-    const [view, name = ''] = control.path.split('/');
-    const where = `view="${view}", control=${name.startsWith('#') ? name.slice(1) : `"${name}"`}`;
-    const code = [`@panel.on("${control.path}")\ndef ${name.replaceAll(/\W/g, '_')}(event): ...`];
+    const where = target(control.path);
+    const code = [handler(control.path)];
     if (row) {
-        const constant = 'rows.' + row.toUpperCase().replaceAll(/\W/g, '_');
+        const constant = rowConstant(row);
         code.unshift(`panel.write(${constant}, ...,\n    ${where})`, `value = panel.read(${constant},\n    ${where})`);
     }
     return (

@@ -1,8 +1,11 @@
 // What has happened on a panel that runs, newest first.
 import { useState } from 'preact/hooks';
 
+import { attempt } from '../actions';
+import { Button } from '../shell/button';
 import { selection } from '../state';
 import { words } from '../words';
+import { codeOf } from './code';
 import { timeText, WriterMark } from './writer';
 import { happened, type Writer } from './written';
 
@@ -38,7 +41,12 @@ export function Events() {
                                     {one.control}
                                 </button>
                                 <span>{one.what}</span>
-                                <span class="mono t2 clip">{one.value}</span>
+                                <span class="mono t2 clip grow">{one.value}</span>
+                                <Button
+                                    icon="copy"
+                                    name={words.copyCode}
+                                    onClick={() => void attempt(navigator.clipboard.writeText(codeOf(one)))}
+                                />
                             </li>
                         ))}
                 </ol>

@@ -8,12 +8,15 @@ import { Icon } from '../shell/icon';
 import { request } from '../socket';
 import { byPath, hovered, selection, shown } from '../state';
 import { words } from '../words';
+import { record } from './scenario';
+import { Scenario } from './scenario_panel';
 import { ageText, useSeconds, WriterMark } from './writer';
 import { textOf, written, type Now } from './written';
 
 export function write(value: Now, text: string): void {
     const what = value.takes === 'number' ? Number(text) : text;
     if (value.takes === 'number' && (text.trim() === '' || !Number.isFinite(what))) return;
+    record(`set ${value.control} ${text}`);
     void attempt(request('set', { control: value.control, row: value.row, value: what }));
 }
 
@@ -120,6 +123,7 @@ export function Host() {
                         ))}
                         {!all.length && <p class="empty">{filter ? words.noValue(filter) : words.noValues}</p>}
                     </div>
+                    {mode === 'run' && <Scenario />}
                 </>
             )}
         </>

@@ -33,6 +33,7 @@ export const icons: Record<string, string> = {
     right: 'M6 4l4 4-4 4',
     play: 'M4.5 3v10l8-5z',
     stop: 'M4 4h8v8H4z',
+    record: 'M8 4a4 4 0 1 1 0 8 4 4 0 0 1 0-8',
     step: 'M4 3.5v9L10 8zM12.5 3.5v9',
     error: 'M8 2a6 6 0 1 1 0 12A6 6 0 0 1 8 2M6 6l4 4M10 6l-4 4',
     warning: 'M8 2.5 14.2 13.5H1.8zM8 6.5v3.2M8 11.6v.01',

@@ -1,12 +1,14 @@
 // The tools over the picture: align, same gaps, order; snapping, grid, zoom.
 import { align, order, runAgain, sameGaps } from '../actions';
 import { tool } from '../canvas/pan';
+import { pictureBlob } from '../canvas/picture';
 import { zoom, zoomFit, zoomStep, zoomTo } from '../canvas/zoom';
 import { keep, kept, selected, shown } from '../state';
 import { words } from '../words';
 import { keyText } from '../keys';
 import { Button } from './button';
 import { Icon } from './icon';
+import { save } from './save';
 
 function Zoom() {
     return (
@@ -19,6 +21,11 @@ function Zoom() {
             <Button icon="fit" name={words.fit} action="fit" on={kept.value.zoom === 0} onClick={zoomFit} />
         </>
     );
+}
+
+async function pictureSave(): Promise<void> {
+    const picture = await pictureBlob();
+    if (picture) save(`${shown.value.view}.png`, picture);
 }
 
 /** In Run and Live the line says what the pointer does. */
@@ -42,6 +49,7 @@ function RunTools() {
                     {words.runAgain}
                 </button>
             )}
+            <Button icon="picture" name={words.savePicture} onClick={() => void pictureSave()} />
             <Zoom />
         </div>
     );

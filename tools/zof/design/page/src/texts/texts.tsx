@@ -1,12 +1,14 @@
 // All texts in all languages, each as it is drawn where it is used.
 import { signal } from '@preact/signals';
-import { useEffect, useRef, useState } from 'preact/hooks';
+import { useEffect, useState } from 'preact/hooks';
 
 import { attempt, edit } from '../actions';
 import { Tile } from '../canvas/tile';
 import type { TextCell, TextRow } from '../protocol';
 import { request } from '../socket';
+import { Chooser } from '../shell/chooser';
 import { Icon } from '../shell/icon';
+import { save } from '../shell/save';
 import { fault, lastGesture, project, shown } from '../state';
 import { words } from '../words';
 import { languageFile } from './languages';
@@ -102,14 +104,6 @@ function Fault({ cell }: { cell: TextCell }) {
 /** The rows that the filter leaves. */
 const listed = (): TextRow[] => rows.value.filter(tests[filter.value]);
 
-function save(name: string, text: string): void {
-    const link = document.createElement('a');
-    link.href = URL.createObjectURL(new Blob([text], { type: 'text/csv' }));
-    link.download = name;
-    link.click();
-    URL.revokeObjectURL(link.href);
-}
-
 async function load(file: File | undefined): Promise<void> {
     if (!file) return;
     const edits = tableEdits(tableCells(await file.text()), rows.value, project.value?.languages ?? []);
@@ -184,32 +178,24 @@ export function Texts() {
         });
     }, [gesture]);
     const list = listed();
-    const chooser = useRef<HTMLInputElement>(null);
     return (
         <main class="centre texts" data-region="picture">
             <div class="tools">
                 <span class="m">{words.textsCount(list.length)}</span>
                 <span class="grow" />
-                <input
-                    ref={chooser}
-                    type="file"
-                    hidden
+                <Chooser
+                    name={words.importTable}
                     accept=".csv,.tsv,.txt"
-                    aria-label={words.importTable}
-                    onChange={(event) => {
-                        void attempt(load(event.currentTarget.files?.[0]));
-                        event.currentTarget.value = '';
-                    }}
-                />
-                <button class="btn edge" onClick={() => chooser.current?.click()}>
+                    onFiles={(files) => void attempt(load(files[0]))}
+                >
                     {words.importTable}
-                </button>
+                </Chooser>
                 <button
                     class="btn edge"
                     onClick={() =>
                         save(
                             `${project.value?.name ?? 'texts'}.csv`,
-                            tableText(rows.value, project.value?.languages ?? []),
+                            new Blob([tableText(rows.value, project.value?.languages ?? [])], { type: 'text/csv' }),
                         )
                     }
                 >

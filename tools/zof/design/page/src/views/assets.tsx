@@ -1,12 +1,13 @@
 // The left panels "Pictures" and "Fonts": the files of a folder, as the runtime shows them, and where they are used.
 import { signal } from '@preact/signals';
-import { useEffect, useRef, useState } from 'preact/hooks';
+import { useEffect, useState } from 'preact/hooks';
 
 import { attempt, message, openSource } from '../actions';
 import { Asked } from '../canvas/tile';
 import type { Asset } from '../protocol';
 import { request } from '../socket';
 import { Filter } from '../shell/filter';
+import { Chooser } from '../shell/chooser';
 import { Icon } from '../shell/icon';
 import { darkNow } from '../shell/bar';
 import { fault, lastGesture, problems, project, shown } from '../state';
@@ -143,7 +144,6 @@ function Font({ asset }: { asset: Asset }) {
 function Panel({ folder, title, hint }: { folder: Folder; title: string; hint: string }) {
     const [filter, setFilter] = useState('');
     const [over, setOver] = useState(false);
-    const chooser = useRef<HTMLInputElement>(null);
     const rows = useAssets(folder).filter((row) => row.name.toLowerCase().includes(filter.toLowerCase()));
     const One = folder === 'image' ? Picture : Font;
     return (
@@ -172,22 +172,15 @@ function Panel({ folder, title, hint }: { folder: Folder; title: string; hint: s
                 {!rows.length && <p class="empty">{filter ? words.noneCalled(filter) : words.noFiles}</p>}
             </div>
             <div class="assets-foot">
-                <input
-                    ref={chooser}
-                    type="file"
-                    hidden
+                <Chooser
+                    icon="add"
+                    name={words.copyIn}
                     multiple
                     accept={folder === 'image' ? '.png,.jpg,.gif' : '.ttf,.otf,.ttc,.woff,.bin'}
-                    aria-label={words.copyIn}
-                    onChange={(event) => {
-                        void copyIn(folder, event.currentTarget.files);
-                        event.currentTarget.value = '';
-                    }}
-                />
-                <button class="btn edge" onClick={() => chooser.current?.click()}>
-                    <Icon name="add" />
+                    onFiles={(files) => void copyIn(folder, files)}
+                >
                     {words.copyIn}
-                </button>
+                </Chooser>
                 <p class="t3">{hint}</p>
             </div>
         </div>
