@@ -1,9 +1,11 @@
 // Writes the tables of keys into the manual of project folders and the pages of control types, the table of rules into
-// the page of `zof lint`, and those of options, variables and exit statuses into the page on running a program. The
-// catalogue and the rows in the code are the only sources.
+// the page of `zof lint`, and those of options, variables and exit statuses into the page on running a program; and the
+// types that follow from the catalogue into the design page. The catalogue and the rows in the code are the only
+// sources.
 #include <cstdio>
 #include <cstring>
 
+#include "catalogue/json.h"
 #include "catalogue/manual.h"
 #include "tool_file.h"
 
@@ -17,7 +19,11 @@ static int refresh(const char *file, bool check, std::set<std::string> &found) {
     std::string now;
     const char *manual = strstr(file, "/types/") ? "../project.md" : "";
     std::string reason = tool_file_read(file, old);
-    reason = reason.empty() ? cat_manual_refresh(old, manual, found, now) : reason;
+    if (std::string(file).ends_with(".ts")) {
+        now = cat_page_types();
+    } else if (reason.empty()) {
+        reason = cat_manual_refresh(old, manual, found, now);
+    }
     if (!reason.empty() || now == old) {
         return reason.empty() ? 0 : fail(file, reason);
     }

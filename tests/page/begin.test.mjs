@@ -61,7 +61,7 @@ story('A picture that is copied in has a tile, is never overwritten, and is show
     await page.getByText('is not a name of a file for image/').waitFor();
     assert.deepEqual(readFileSync(join(res(at), 'image/logo.png')), readFileSync(logo));
     assert.equal(existsSync(join(res(at), 'image/main.g')), false);
-    const field = page.getByLabel('Bg image');
+    const field = page.getByLabel('Background picture');
     await field.click();
     await page.getByRole('option', { name: 'logo.png' }).click();
     await until('it is written', () => at.text().includes('"bg_image": "logo.png"'));
@@ -76,7 +76,7 @@ story('A text is made a key, given words in each language, and chosen by its key
     const { page } = at;
     const words = (language) => JSON.parse(readFileSync(join(res(at), `config/languages/${language}.g`), 'utf8'));
     await at.row('start').click();
-    const field = page.getByRole('combobox', { name: 'Txt' });
+    const field = page.getByRole('combobox', { name: 'Text', exact: true });
     await field.fill('Go "now"');
     await field.press('Enter');
     await page.getByRole('button', { name: 'Make it a key of the languages' }).click();
@@ -101,7 +101,7 @@ story('A text is made a key, given words in each language, and chosen by its key
 story('The parent is chosen by its name, or by a click on the picture', async (at) => {
     const { page } = at;
     await at.row('start').click();
-    const parent = page.getByLabel('Parent id', { exact: true });
+    const parent = page.getByLabel('Parent', { exact: true });
     const names = await parent.locator('option').allInnerTexts();
     assert.ok(names.some((name) => name.startsWith('body')) && !names.some((name) => name.startsWith('start ')), names.join());
     await page.getByRole('button', { name: 'Choose it by a click on the picture' }).click();

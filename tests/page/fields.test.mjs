@@ -1,13 +1,12 @@
 // Fields of the forms, in a browser: what is typed is shown, written once, and taken back.
 import assert from 'node:assert/strict';
-import { after, test } from 'node:test';
+import { after } from 'node:test';
 
-import { axe_findings, browser, open, until } from './lib.mjs';
+import { axe_findings, browser, story, until } from './lib.mjs';
 
 after(() => browser.close());
 
-test('A field shows what is typed, writes it at Enter, and refuses what is out of range', async () => {
-    const at = await open();
+story('A field shows what is typed, writes it at Enter, and refuses what is out of range', async (at) => {
     const { page } = at;
     const first = at.text();
     const width = (now) => first.replace(/("name": "start".*?"width": )(\d+)/s, (_, a, old) => a + now(Number(old)));
@@ -19,7 +18,7 @@ test('A field shows what is typed, writes it at Enter, and refuses what is out o
     await field.fill('+8');
     await field.press('Enter');
     await until('a relative entry', () => at.text() === width((old) => old + 8));
-    const alpha = page.getByLabel('Alpha', { exact: true });
+    const alpha = page.getByLabel('Opacity', { exact: true });
     await alpha.fill('300');
     await page.getByRole('alert').filter({ hasText: '255 at most' }).waitFor();
     await alpha.press('F1');
@@ -33,6 +32,26 @@ test('A field shows what is typed, writes it at Enter, and refuses what is out o
     await page.getByRole('tab', { name: 'Style' }).click();
     await page.locator('.states .state').first().waitFor();
     assert.deepEqual(await axe_findings(page), []);
-    assert.deepEqual(at.faults, []);
-    await at.end();
+});
+
+story('An action is put together from what the fields offer, and written once', async (at) => {
+    const { page } = at;
+    await at.row('start').click();
+    const clicked = page.locator('.key', { hasText: 'Clicked' });
+    await clicked.getByRole('button', { name: 'Add' }).click();
+    const field = page.getByRole('combobox', { name: 'Clicked 1' });
+    await page.keyboard.type('sho');
+    await page.getByRole('option', { name: /^show CONTROL/ }).click();
+    await page.keyboard.type('pow');
+    await page.keyboard.press('ArrowDown');
+    await page.keyboard.press('Enter');
+    await until('the action', () => /"on": \{"clicked": \["show power\w*"\]\}/.test(at.text()));
+    await clicked.getByRole('button', { name: 'Add' }).click();
+    await page.keyboard.press('Escape'); // the list
+    await page.keyboard.press('Escape');
+    await until('no empty row', async () => (await page.getByRole('combobox', { name: 'Clicked 2' }).count()) === 0);
+    await field.fill('beep 50');
+    await field.press('Enter');
+    await until('another action', () => at.text().includes('"on": {"clicked": ["beep 50"]}'));
+    assert.deepEqual(await axe_findings(page), []);
 });

@@ -47,6 +47,11 @@ TEST_CASE("every decoded key has exactly one row in the catalogue, and every row
     std::set<std::string> names;
     each_record([&](const zof_cat_record_t *record) {
         CHECK(names.insert(record->name).second);
+        std::set<std::string> labels;
+        for (u32 i = 0; i < record->count; i++) {
+            const zof_cat_key_t &key = record->keys[i];
+            CHECK((key.flags & ZOF_CAT_IGNORED || labels.insert(key.label ? key.label : key.key).second));
+        }
         tables.insert(record->rows);
         for (const reflect_item_t *row = record->rows; row && row->key; row++) {
             CAPTURE(str(row->key));

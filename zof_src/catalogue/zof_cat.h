@@ -80,6 +80,7 @@ struct zof_cat_record;
 // look, any name in other records.
 typedef struct {
     const char *key;
+    const char *label; // OPTIONAL: for people, if the key is not a word: "font" for "font_lib"; unique in its record
     zof_cat_kind_e kind;
     zof_cat_group_e group;
     s64 low, high;      // smallest and largest valid value; both 0: the range of the field

@@ -13,8 +13,9 @@ ZOF_CAT_RECORD(zof_cat_colors, "colors", nullptr, colors_tbl, colors_keys);
 static const zof_cat_key_t look_style_keys[] = {
     {.key = "body_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK, .help = "body, as in [styles](#styles)",
      .record = &zof_cat_body},
-    {.key = "txt_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK, .help = "text", .record = &zof_cat_text_look},
-    {.key = "img_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK, .help = "background picture",
+    {.key = "txt_t", .label = "text", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK, .help = "text",
+     .record = &zof_cat_text_look},
+    {.key = "img_t", .label = "picture", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK, .help = "background picture",
      .record = &zof_cat_picture_look},
 };
 ZOF_CAT_RECORD(zof_cat_look_style, "look style", nullptr, nullptr, look_style_keys);
@@ -23,8 +24,10 @@ static const zof_cat_key_t look_keys[] = {
     {.key = "is", .kind = ZOF_CAT_LOOK_NAME, .group = ZOF_CAT_LOOK, .help = "the look that this one inherits from"},
     {.key = "body_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK,
      .help = "body of the main part, as in [styles](#styles)", .record = &zof_cat_body},
-    {.key = "txt_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK, .help = "its text", .record = &zof_cat_text_look},
-    {.key = "img_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK, .help = "its background picture",
+    {.key = "txt_t", .label = "text", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK, .help = "its text",
+     .record = &zof_cat_text_look},
+    {.key = "img_t", .label = "picture", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK,
+     .help = "its background picture",
      .record = &zof_cat_picture_look},
     {.key = "*", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK,
      .help = "`body_t`, `txt_t` and `img_t` of another part or state, which is the key: `pressed`, `items`, "
@@ -39,7 +42,7 @@ static const zof_cat_key_t looks_keys[] = {
 ZOF_CAT_RECORD(zof_cat_looks, "looks", nullptr, nullptr, looks_keys);
 
 static const zof_cat_key_t file_keys[] = {
-    {.key = "colors", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK,
+    {.key = "colors", .label = "colours", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK,
      .help = "colours by name: `\"accent\": \"#D9863D\"` is `\"$accent\"` wherever a colour is written",
      .record = &zof_cat_colors},
     {.key = "looks", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK, .help = "looks by name", .record = &zof_cat_looks},

@@ -17,18 +17,18 @@ static const zof_cat_key_t size_keys[] = {
 ZOF_CAT_RECORD(zof_cat_size, "size", nullptr, zof_size_t_tbl, size_keys);
 
 static const zof_cat_key_t scrollbar_keys[] = {
-    {.key = "mode_e", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_MOTION,
+    {.key = "mode_e", .label = "scroll bar", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_MOTION,
      .help = "when the scroll bar is shown; `scrolling`: while scrolling, `needed`: when the content is larger than "
          "the control"},
-    {.key = "dir_e", .kind = ZOF_CAT_SUM, .group = ZOF_CAT_MOTION, .high = 15,
+    {.key = "dir_e", .label = "directions", .kind = ZOF_CAT_SUM, .group = ZOF_CAT_MOTION, .high = 15,
      .help = "directions of scrolling; `none`: no scrolling"},
-    {.key = "chain_e", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_MOTION,
+    {.key = "chain_e", .label = "passes scrolling on", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_MOTION,
      .help = "at the end of the content the parent scrolls: horizontally, vertically, or both"},
     {.key = "momentum", .kind = ZOF_CAT_BOOL, .group = ZOF_CAT_MOTION,
      .help = "true: scrolling continues after a swipe"},
     {.key = "elastic", .kind = ZOF_CAT_BOOL, .group = ZOF_CAT_MOTION,
      .help = "true: the content can be pulled beyond its end"},
-    {.key = "scroll_one", .kind = ZOF_CAT_BOOL, .group = ZOF_CAT_MOTION,
+    {.key = "scroll_one", .label = "one step per swipe", .kind = ZOF_CAT_BOOL, .group = ZOF_CAT_MOTION,
      .help = "true: each swipe scrolls one step"},
 };
 ZOF_CAT_RECORD(zof_cat_scrollbar, "scrollbar_t", nullptr, zof_scrollbar_t_tbl, scrollbar_keys);
@@ -38,7 +38,7 @@ static const zof_cat_key_t pub_keys[] = {
      .help = "name, for messages and for `zof ids`"},
     {.key = "id", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_HOST, .low = 1, .high = UINT16_MAX,
      .help = "id, unique in its view", .flags = ZOF_CAT_NEEDED},
-    {.key = "parent_id", .kind = ZOF_CAT_CONTROL, .group = ZOF_CAT_PLACE, .high = UINT16_MAX,
+    {.key = "parent_id", .label = "parent", .kind = ZOF_CAT_CONTROL, .group = ZOF_CAT_PLACE, .high = UINT16_MAX,
      .help = "id of the control that contains this one, which must come earlier in the file; at most 64 levels. 0: "
          "the view"},
     {.key = "pub", .kind = ZOF_CAT_BOOL, .group = ZOF_CAT_HOST,
@@ -53,32 +53,37 @@ static const zof_cat_key_t pub_keys[] = {
     {.key = "click_area", .kind = ZOF_CAT_LENGTH, .group = ZOF_CAT_TOUCH,
      .help = "extends the touch area by this much on each side", .row = "control.click_area",
      .call = "zof_ctrl_set_ext_click_area"},
-    {.key = "t_mode", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_TOUCH,
+    {.key = "t_mode", .label = "touch", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_TOUCH,
      .help = "`pass`: touches pass through, `touch`: they are taken, otherwise LVGL's default for the type",
      .row = "control.touch", .call = "zof_ctrl_set_touch"},
-    {.key = "scrollbar_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_MOTION, .help = "scrolling, below",
+    {.key = "scrollbar_t", .label = "scrolling", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_MOTION,
+     .help = "scrolling, below",
      .call = "zof_ctrl_set_scrollbar", .record = &zof_cat_scrollbar},
     {.key = "hidden", .kind = ZOF_CAT_BOOL, .group = ZOF_CAT_LOOK, .help = "true: hidden at first",
      .row = "control.hidden", .call = "zof_ctrl_set_hidden"},
-    {.key = "alpha", .kind = ZOF_CAT_OPACITY, .group = ZOF_CAT_LOOK, .high = UINT8_MAX, .start = "255",
+    {.key = "alpha", .label = "opacity", .kind = ZOF_CAT_OPACITY, .group = ZOF_CAT_LOOK, .high = UINT8_MAX,
+     .start = "255",
      .help = "opacity. Absent means 0, which is invisible", .row = "control.alpha", .call = "zof_ctrl_set_alpha",
      .flags = ZOF_CAT_NEEDED},
 };
 ZOF_CAT_RECORD(zof_cat_pub_t, "pub_t", nullptr, zof_pub_attr_t_tbl, pub_keys);
 
 static const zof_cat_key_t view_keys[] = {
-    {.key = "v_name", .kind = ZOF_CAT_TEXT, .group = ZOF_CAT_HOST, .help = "name"},
-    {.key = "v_id", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_HOST, .low = 1, .high = ZOF_CAT_ANY,
+    {.key = "v_name", .label = "name", .kind = ZOF_CAT_TEXT, .group = ZOF_CAT_HOST, .help = "name"},
+    {.key = "v_id", .label = "id", .kind = ZOF_CAT_NUMBER, .group = ZOF_CAT_HOST, .low = 1, .high = ZOF_CAT_ANY,
      .help = "id; equal to `pageId`, with a row in the program's view table", .flags = ZOF_CAT_NEEDED},
-    {.key = "bg_color", .kind = ZOF_CAT_COLOR, .group = ZOF_CAT_LOOK, .help = "background colour",
+    {.key = "bg_color", .label = "background colour", .kind = ZOF_CAT_COLOR, .group = ZOF_CAT_LOOK,
+     .help = "background colour",
      .row = "view.bg_color"},
-    {.key = "bg_scale", .kind = ZOF_CAT_OPACITY, .group = ZOF_CAT_LOOK, .high = UINT8_MAX, .start = "255",
+    {.key = "bg_scale", .label = "background opacity", .kind = ZOF_CAT_OPACITY, .group = ZOF_CAT_LOOK,
+     .high = UINT8_MAX, .start = "255",
      .help = "background opacity; on layer 0 it takes effect only while layer 3 has a view, on layer 3 never"},
-    {.key = "bg_image", .kind = ZOF_CAT_PICTURE, .group = ZOF_CAT_LOOK, .help = "background picture",
+    {.key = "bg_image", .label = "background picture", .kind = ZOF_CAT_PICTURE, .group = ZOF_CAT_LOOK,
+     .help = "background picture",
      .when = "`layer` is 0 or 3", .row = "view.bg_image"},
     {.key = "layer", .kind = ZOF_CAT_NAMED, .group = ZOF_CAT_PLACE,
      .help = "0 the screen, 1 above it, 2 above all, 3 behind the screen"},
-    {.key = "model_en", .kind = ZOF_CAT_BOOL, .group = ZOF_CAT_TOUCH,
+    {.key = "model_en", .label = "modal", .kind = ZOF_CAT_BOOL, .group = ZOF_CAT_TOUCH,
      .help = "true: modal, touches do not reach the layers below", .when = "`layer` is 1 or 2"},
 };
 ZOF_CAT_RECORD(zof_cat_view, "view", nullptr, zof_view_attr_t_tbl, view_keys);

@@ -1,6 +1,9 @@
 #include "json.h"
 
+#include <algorithm>
+
 #include "control/zof_ctrl_create.h"
+#include "hmi/zof_hmi_action.h"
 #include "json_in.h"
 #include "words.h"
 
@@ -48,6 +51,7 @@ static cJSON *key_json(const zof_cat_record_t *record, const zof_cat_key_t *key)
     cJSON *json = cJSON_CreateObject();
     const char *unit = key->unit ? key->unit : zof_cat_kinds[key->kind].unit;
     json_text(json, "key", key->key);
+    json_text(json, "label", key->label);
     json_text(json, "kind", zof_cat_kinds[key->kind].name);
     json_text(json, "group", zof_cat_groups[key->group]);
     json_text(json, "unit", *unit ? unit : nullptr);
@@ -83,6 +87,17 @@ static cJSON *record_json(const zof_cat_record_t *record) {
     return json;
 }
 
+// What `set` can change in controls of a type.
+static std::vector<std::string> type_fields(u32 type) {
+    std::vector<std::string> out;
+    for (const char *field : {"txt", "value"}) {
+        if (zof_action_can_set(type, *field == 't')) {
+            out.emplace_back(field);
+        }
+    }
+    return out;
+}
+
 static cJSON *type_json(const zof_cat_type_t *type) {
     cJSON *json = cJSON_CreateObject();
     cJSON_AddNumberToObject(json, "type", type->type);
@@ -95,6 +110,7 @@ static cJSON *type_json(const zof_cat_type_t *type) {
     cJSON_AddNumberToObject(json, "sections", type->sections);
     json_texts(json, "states", cat_states(type));
     json_texts(json, "calls", cat_list(type->calls));
+    json_texts(json, "fields", type_fields(type->type));
     json_text(json, "rows", type->rows);
     cJSON_AddBoolToObject(json, "touch", type->touch);
     cJSON_AddNumberToObject(json, "width", type->width);
@@ -119,6 +135,25 @@ static cJSON *file_json(const zof_cat_file_t *file) {
     return json;
 }
 
+static const char *const argument_names[] = {"none",    "view",  "slide",  "language", "theme",
+                                             "control", "field", "number", "text"}; // of zof_action_arg_e
+
+static cJSON *action_json(const zof_action_row_t *row) {
+    cJSON *json = cJSON_CreateObject();
+    std::vector<std::string> args;
+    for (const zof_action_arg_e arg : row->args) {
+        if (arg != ZOF_ACTION_NONE) {
+            args.emplace_back(argument_names[arg]);
+        }
+    }
+    json_text(json, "word", row->word);
+    json_text(json, "form", row->form);
+    json_texts(json, "args", args);
+    cJSON_AddNumberToObject(json, "least", row->least);
+    json_text(json, "help", row->help);
+    return json;
+}
+
 std::string cat_json(void) {
     cJSON *json = cJSON_CreateObject();
     cJSON *kinds = cJSON_AddArrayToObject(json, "kinds");
@@ -134,9 +169,46 @@ std::string cat_json(void) {
     for (const zof_cat_type_t &type : zof_cat_types) {
         cJSON_AddItemToArray(types, type_json(&type));
     }
+    cJSON *actions = cJSON_AddArrayToObject(json, "actions");
+    for (const zof_action_row_t *row = zof_action_rows; row->word; row++) {
+        cJSON_AddItemToArray(actions, action_json(row));
+    }
+    std::vector<std::string> slides;
+    for (const char *const *slide = zof_action_slides; *slide; slide++) {
+        slides.emplace_back(*slide);
+    }
+    json_texts(json, "slides", slides);
     cJSON *records = cJSON_AddArrayToObject(json, "records");
     for (u32 i = 0; zof_cat_records[i]->name; i++) {
         cJSON_AddItemToArray(records, record_json(zof_cat_records[i]));
     }
     return json_print(json);
+}
+
+// A type of TypeScript that is one of some texts, as the page's formatter breaks it.
+static std::string union_ts(const char *name, const std::vector<std::string> &texts) {
+    enum { WIDTH = 120 };
+    const std::string head = std::string("export type ") + name + " =";
+    std::string line;
+    std::string lines;
+    for (const std::string &text : texts) {
+        line += (line.empty() ? " '" : " | '") + text + "'";
+        lines += "\n    | '" + text + "'";
+    }
+    return head + (head.size() + line.size() < WIDTH ? line : lines) + ";\n";
+}
+
+std::string cat_page_types(void) {
+    std::vector<std::string> kinds;
+    std::vector<std::string> json; // each one once, in the order of the kinds
+    for (const zof_cat_kind_t &kind : zof_cat_kinds) {
+        kinds.emplace_back(kind.name);
+        if (std::find(json.begin(), json.end(), kind.json) == json.end()) {
+            json.emplace_back(kind.json);
+        }
+    }
+    return "// What keys, and arguments of actions, may be. Written by the target `protocol` from the catalogue.\n" +
+           union_ts("KindName", kinds) + union_ts("JsonName", json) +
+           union_ts("GroupName", {zof_cat_groups, zof_cat_groups + ZOF_CAT_GROUP_COUNT}) +
+           union_ts("ArgumentName", {std::begin(argument_names) + 1, std::end(argument_names)});
 }

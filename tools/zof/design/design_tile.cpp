@@ -23,7 +23,7 @@ static struct {
     view_player_t player;
     std::deque<tile_t> queue; // the first one is being drawn if `last_id` is not 0
     s32 load_id, edit_id, tree_id, last_id;
-    view_box_t box;     // of the control in the picture; empty for the whole view
+    view_box_t box;     // of the control in the picture; empty for the whole view, or if it cannot be seen
     std::string loaded; // the folder of the project that the player has loaded, as in a tile
     bool outdated;      // it has to be loaded again
 } tiles;
@@ -126,7 +126,8 @@ static void box_take(const cJSON *reply) {
         cJSON_ArrayForEach(control, cJSON_GetObjectItemCaseSensitive(view, "controls")) {
             const char *path = text_of(control, "path");
             const cJSON *box = cJSON_GetObjectItemCaseSensitive(control, "box");
-            if (path && wanted && std::string(path) == wanted && cJSON_GetArraySize(box) == 4) {
+            const bool seen = cJSON_IsTrue(cJSON_GetObjectItemCaseSensitive(control, "visible"));
+            if (path && wanted && std::string(path) == wanted && seen && cJSON_GetArraySize(box) == 4) {
                 tiles.box = {cJSON_GetArrayItem(box, 0)->valueint, cJSON_GetArrayItem(box, 1)->valueint,
                              cJSON_GetArrayItem(box, 2)->valueint, cJSON_GetArrayItem(box, 3)->valueint};
             }
@@ -143,6 +144,43 @@ static view_image_t picture_cut(const view_image_t &from, const view_box_t &box)
         std::copy(start, start + out.width, out.pixels.begin() + row * out.width);
     }
     return out;
+}
+
+// Whether all pixels of a column, or of a row, are those of another one.
+static bool lines_equal(const view_image_t &picture, s32 one, s32 other, bool columns) {
+    const s32 step = columns ? picture.width : 1;
+    const s32 length = columns ? picture.height : picture.width;
+    const u32 *a = picture.pixels.data() + (size_t)one * (size_t)(columns ? 1 : picture.width);
+    const u32 *b = picture.pixels.data() + (size_t)other * (size_t)(columns ? 1 : picture.width);
+    for (s32 i = 0; i < length; i++) {
+        if (a[(size_t)i * (size_t)step] != b[(size_t)i * (size_t)step]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Returns the first line that differs from the outermost one, and the number of those from it to the last such line.
+static std::pair<s32, s32> range_drawn(const view_image_t &picture, bool columns) {
+    enum { MARGIN = 6 };
+    const s32 count = columns ? picture.width : picture.height;
+    s32 first = 0;
+    s32 last = count - 1;
+    while (first < last && lines_equal(picture, first, 0, columns)) {
+        first++;
+    }
+    while (last > first && lines_equal(picture, last, count - 1, columns)) {
+        last--;
+    }
+    first = std::max(0, first - MARGIN);
+    return {first, std::min(count - 1, last + MARGIN) - first + 1};
+}
+
+// Cuts the plain space around what is drawn, so that a short text in a wide control stays readable.
+static view_image_t picture_trimmed(const view_image_t &from) {
+    const auto [x, w] = range_drawn(from, true);
+    const auto [y, h] = range_drawn(from, false);
+    return picture_cut(from, {x, y, w, h});
 }
 
 // Each pixel is the mean of those that it covers, so that thin lines and texts stay visible in small pictures.
@@ -196,8 +234,10 @@ static tile_t tile_take() {
 static void tile_end() {
     const tile_t tile = tile_take();
     view_image_t picture;
-    if (!view_player_picture(&tiles.player, &picture.pixels, &picture.width, &picture.height)) {
-        design_refuse(tile.request, "there is no picture");
+    const char *control = text_of(tile.args, "control");
+    const bool drawn = view_player_picture(&tiles.player, &picture.pixels, &picture.width, &picture.height);
+    if (!drawn || (control && tiles.box.w <= 0)) {
+        design_refuse(tile.request, drawn ? std::string(control) + " is not visible" : "there is no picture");
         cJSON_Delete(tile.args);
         cJSON_Delete(tile.reply);
         return;
@@ -208,9 +248,13 @@ static void tile_end() {
             state_send(tile.args, "default");
         }
     }
-    design_frame_tile(tile.request.page, (u32)number_of(tile.args, "tile"),
-                      design_tile_fitted(picture, std::clamp(number_of(tile.args, "width"), 1, (s32)SIDE_MAX),
-                                         std::clamp(number_of(tile.args, "height"), 1, (s32)SIDE_MAX)));
+    const s32 width = std::clamp(number_of(tile.args, "width"), 1, (s32)SIDE_MAX);
+    const s32 height = std::clamp(number_of(tile.args, "height"), 1, (s32)SIDE_MAX);
+    const bool wide = picture.width > width || picture.height > height;
+    if (wide && cJSON_IsTrue(cJSON_GetObjectItemCaseSensitive(tile.args, "trim"))) {
+        picture = picture_trimmed(picture);
+    }
+    design_frame_tile(tile.request.page, (u32)number_of(tile.args, "tile"), design_tile_fitted(picture, width, height));
     design_answer(tile.request, tile.reply ? tile.reply : cJSON_CreateObject());
     cJSON_Delete(tile.args);
 }

@@ -1,6 +1,8 @@
 // The catalogue of control types and keys, as `zof catalogue --json` prints it. The page has no list of types or keys of its own.
 import { signal } from '@preact/signals';
 
+import type { ArgumentName, GroupName, JsonName, KindName } from './kinds';
+
 export interface Name {
     name: string;
     value: number;
@@ -8,8 +10,9 @@ export interface Name {
 
 export interface Key {
     key: string;
-    kind: string;
-    group: string;
+    label?: string; // for people
+    kind: KindName;
+    group: GroupName;
     unit?: string;
     low?: number;
     high?: number;
@@ -45,19 +48,39 @@ export interface Type {
     record: string;
     parts: string[];
     states: string[];
+    fields: string[]; // what the action `set` can change: txt, value
     width?: number;
     height?: number;
 }
 
+/** A word of actions. */
+export interface Action {
+    word: string;
+    form: string; // its arguments, for people
+    help: string;
+    least: number; // arguments that must be there
+    args: ArgumentName[];
+}
+
 export interface Catalogue {
-    kinds: { name: string; json: string; unit: string; help: string }[];
-    groups: string[];
+    kinds: { name: KindName; json: JsonName; unit: string; help: string }[];
+    groups: GroupName[];
     files: { path: string; record?: string }[]; // "config/view/*"
     types: Type[];
+    actions: Action[];
+    slides: string[]; // how a view may appear
     records: RecordRow[];
 }
 
-export const catalogue = signal<Catalogue>({ kinds: [], groups: [], files: [], types: [], records: [] });
+export const catalogue = signal<Catalogue>({
+    kinds: [],
+    groups: [],
+    files: [],
+    types: [],
+    actions: [],
+    slides: [],
+    records: [],
+});
 
 export async function catalogueLoad(): Promise<void> {
     const reply = await fetch('catalogue.json');
@@ -69,27 +92,28 @@ export const recordOf = (name: string): RecordRow | undefined =>
     catalogue.value.records.find((row) => row.name === name);
 export const iconOf = (type: string): string => typeOf(type)?.theme_file ?? 'container';
 
-/** The JSON type of a kind: number, bool, text, array or object. */
-export const jsonTypeOf = (key: Key): string =>
+/** The type of a key's value in a file. */
+export const jsonTypeOf = (key: Key): JsonName =>
     catalogue.value.kinds.find((kind) => kind.name === key.kind)?.json ?? 'text';
 
 /** A key of a record, or of an object in it. */
 export interface Row {
     key: Key;
     path: string; // "pub_t.pt.x"
+    object?: string; // label of the object that it is in, if that has one
     beside: Key[]; // the keys of the same object
 }
 
 const DEPTH = 6; // of objects in objects; a record cannot contain itself that way
 
 /** The keys of a record and of the objects in it. `without` names keys that have a place of their own. */
-export function rowsOf(record: string, without: string[], prefix = '', depth = 0): Row[] {
+export function rowsOf(record: string, without: string[], prefix = '', depth = 0, object?: string): Row[] {
     const keys = recordOf(record)?.keys ?? [];
     return keys.flatMap((key): Row[] => {
         const path = prefix + key.key;
         if (without.includes(path)) return [];
         if (key.kind === 'object' && key.record && depth < DEPTH)
-            return rowsOf(key.record, without, path + '.', depth + 1);
-        return [{ key, path, beside: keys }];
+            return rowsOf(key.record, without, path + '.', depth + 1, key.label ?? object);
+        return [{ key, path, beside: keys, object }];
     });
 }

@@ -310,6 +310,7 @@ export interface Requests {
             theme?: string;
             control?: string;
             state?: string;
+            trim?: boolean; // the plain space around what is drawn is cut if the control is larger than the picture
             width: number;
             height: number;
         };

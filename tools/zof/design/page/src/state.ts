@@ -1,6 +1,7 @@
 // What the page knows: what the program says, and its own small state, which is kept per folder on this machine.
 import { computed, effect, signal, type Signal } from '@preact/signals';
 
+import type { KindName } from './kinds';
 import type { Control, Empty, Gesture, Problem, Project, Shown, UndoState } from './protocol';
 import { on, onOpen, request } from './socket';
 
@@ -153,3 +154,18 @@ onOpen(() => {
         if (hello.project) projectSet(hello.project);
     });
 });
+
+/** The names of the project that a value of a kind may be. */
+export function namesOf(kind: KindName): string[] {
+    const now = project.value;
+    const all: Partial<Record<KindName, string[] | undefined>> = {
+        colour: now?.colours.map(({ name }) => '$' + name),
+        picture: now?.pictures,
+        font: now?.fonts,
+        sound: now?.sounds,
+        clip: now?.clips,
+        theme: now?.themes,
+        language: now?.languages,
+    };
+    return all[kind] ?? [];
+}

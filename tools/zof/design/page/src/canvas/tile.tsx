@@ -47,9 +47,10 @@ export function Asked<Name extends Drawing>(props: AskedProps<Name>) {
     return <span class={`tile ${props.class ?? ''}`} ref={holder} aria-hidden="true" />;
 }
 
-type Props = Given<'tile'> & { width: number; height: number; class?: string };
+type Props = Given<'tile'> & { width: number; height: number; class?: string; onFault?: () => void };
 
 /** A view or a control, again after each change. */
-export function Tile({ width, height, class: look, ...args }: Props) {
-    return <Asked what="tile" args={args} width={width} height={height} class={look} again={lastGesture.value} />;
+export function Tile({ width, height, class: look, onFault, ...args }: Props) {
+    const again = lastGesture.value;
+    return <Asked what="tile" {...{ args, width, height, again, onFault }} class={look} />;
 }

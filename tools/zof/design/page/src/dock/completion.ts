@@ -8,7 +8,7 @@ import type { SyntaxNode } from '@lezer/common';
 import { attempt } from '../actions';
 import { absentText, catalogue, jsonTypeOf, plainHelp, recordOf, type Key, type Type } from '../catalogue';
 import { request } from '../socket';
-import { byPath, project, shown } from '../state';
+import { byPath, namesOf, project, shown } from '../state';
 import { words } from '../words';
 
 const textOf = (state: EditorState, node: SyntaxNode | null): string =>
@@ -70,30 +70,6 @@ function keysOf(state: EditorState, record: string, object: SyntaxNode): Complet
             info: plainHelp(key.help) + (key.absent === undefined ? '' : `. ${words.whenAbsent(absentText(key, ''))}`),
             type: 'property',
         }));
-}
-
-/** The names of the project that a value of a kind may be. */
-function namesOf(kind: string): string[] {
-    const now = project.value;
-    if (!now) return [];
-    switch (kind) {
-        case 'colour':
-            return now.colours.map(({ name }) => '$' + name);
-        case 'picture':
-            return now.pictures;
-        case 'font':
-            return now.fonts;
-        case 'sound':
-            return now.sounds;
-        case 'file':
-            return now.clips;
-        case 'theme':
-            return now.themes;
-        case 'language':
-            return now.languages;
-        default:
-            return [];
-    }
 }
 
 function valuesOf(key: Key): Completion[] {

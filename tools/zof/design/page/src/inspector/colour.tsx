@@ -6,8 +6,9 @@ import { project } from '../state';
 import { words } from '../words';
 import { Contrast } from './contrast';
 import { hsvOf, rgbOf, type Hsv } from './hsv';
-import { among, Input, type FieldProps } from './input';
-import { beside, held, title, tryEnd, tryValue, write, type Next } from './subject';
+import { among } from './combo';
+import { Input, type FieldProps } from './input';
+import { beside, held, labelOf, tryEnd, tryValue, write, type Next } from './subject';
 import { colourOf } from './value';
 
 /** "#RRGGBB" of a value, also of a name; black for anything else. */
@@ -40,7 +41,7 @@ export function ColourField(props: FieldProps) {
                     <button
                         class="sw"
                         style={{ background: colour }}
-                        aria-label={words.chooseColour(title(row.key.key), colour)}
+                        aria-label={words.chooseColour(labelOf(row.key), colour)}
                         aria-expanded={open}
                         aria-controls={id + '-panel'}
                         onClick={() => setOpen(!open)}
@@ -99,12 +100,7 @@ function Panel({ subject, row, id, colour }: FieldProps & { colour: string }) {
     };
     const shown = rgbOf(now);
     return (
-        <div
-            class="chooser"
-            id={id + '-panel'}
-            role="group"
-            aria-label={words.chooseColour(title(row.key.key), colour)}
-        >
+        <div class="chooser" id={id + '-panel'} role="group" aria-label={words.chooseColour(labelOf(row.key), colour)}>
             <div
                 class="square"
                 role="slider"

@@ -5,10 +5,11 @@ import { openSource } from '../actions';
 import { Asked } from '../canvas/tile';
 import { jsonTypeOf, type Key, type Name } from '../catalogue';
 import type { Json } from '../protocol';
-import { project } from '../state';
+import { namesOf } from '../state';
 import { words } from '../words';
 import { ColourField } from './colour';
-import { among, Input, type FieldProps } from './input';
+import { among } from './combo';
+import { Input, type FieldProps } from './input';
 import { List, Options } from './lists';
 import { Reference } from './reference';
 import { held, title, write } from './subject';
@@ -58,23 +59,9 @@ function Percentage(props: FieldProps) {
     );
 }
 
-/** Names that a field offers, from the project. The catalogue's kind says which. */
-function offersOf(kind: string): string[] {
-    const now = project.value;
-    const all: Record<string, string[] | undefined> = {
-        font: now?.fonts,
-        picture: now?.pictures,
-        sound: now?.sounds,
-        clip: now?.clips,
-        theme: now?.themes,
-        language: now?.languages,
-    };
-    return all[kind] ?? [];
-}
-
 function TextField(props: FieldProps) {
     const { subject, row } = props;
-    const offers = offersOf(row.key.kind);
+    const offers = namesOf(row.key.kind);
     const { value } = held(subject, row);
     const missing =
         ['font', 'picture', 'sound', 'clip'].includes(row.key.kind) &&
@@ -274,6 +261,6 @@ const COMPONENTS: Record<FieldName, ComponentType<FieldProps>> = {
 };
 
 export function FieldOf(props: FieldProps) {
-    const Field = COMPONENTS[fieldOf(props.row.key, jsonTypeOf(props.row.key)) ?? 'text'];
+    const Field = COMPONENTS[fieldOf(props.row.key, jsonTypeOf(props.row.key))];
     return <Field {...props} />;
 }

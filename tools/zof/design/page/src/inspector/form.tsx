@@ -6,8 +6,12 @@ import { Icon } from '../shell/icon';
 import { words } from '../words';
 import { FieldOf } from './fields';
 import { Chain, Mark } from './origin';
-import { held, title, type Subject } from './subject';
+import { held, labelOf, title, type Subject } from './subject';
 import { applies, scaleOf, unitOf } from './value';
+
+/** The condition under which a key has an effect, with the labels of the keys that it names. */
+const condition = ({ key, beside }: Row): string =>
+    plainHelp(key.when ?? '').replaceAll(/\w+/g, (word) => beside.find((one) => one.key === word)?.label ?? word);
 
 /** What the catalogue says about a key: opened by F1 in its field, and by a press of its label's mark. */
 function Hint({ row, id }: { row: Row; id: string }) {
@@ -26,7 +30,7 @@ function Hint({ row, id }: { row: Row; id: string }) {
                             ? words.range(limit(key.low), limit(key.high))
                             : '',
                         key.absent !== undefined ? words.whenAbsent(absentText(key, '')) : '',
-                        key.when ? words.onlyIf(plainHelp(key.when)) : '',
+                        key.when ? words.onlyIf(condition(row)) : '',
                     ]
                         .filter((text) => text)
                         .join(' · ')}
@@ -59,12 +63,12 @@ function Field({ subject, row }: { subject: Subject; row: Row }) {
         >
             <div class={`f ${written ? 'own' : ''} ${active && !key.ignored ? '' : 'idle'}`}>
                 <label id={id + '-label'} for={id} title={plainHelp(`${key.key}: ${key.help}`)}>
-                    {title(key.key)}
+                    {labelOf(key)}
                 </label>
                 <FieldOf subject={subject} row={row} id={id} />
                 <Mark subject={subject} row={row} open={opened === 'chain'} onToggle={() => toggle('chain')} />
             </div>
-            {!active && <p class="why t3">{words.onlyIf(plainHelp(key.when ?? ''))}</p>}
+            {!active && <p class="why t3">{words.onlyIf(condition(row))}</p>}
             {key.ignored && <p class="why t3">{words.ignored}</p>}
             {opened === 'hint' && <Hint row={row} id={id} />}
             {opened === 'chain' && <Chain subject={subject} row={row} />}
@@ -86,28 +90,21 @@ export function Form({ subject, record, without, rows, byObject }: FormProps) {
     const groups = new Map<string, Row[]>();
     for (const row of rows ?? rowsOf(record, without)) {
         if (row.key.ignored && !held(subject, row).written) continue;
-        const parts = row.path.split('.');
-        const name = byObject && parts.length > 1 ? parts.slice(0, -1).join(' ') : row.key.group;
+        const inner = byObject ? row.path.split('.').slice(-2, -1)[0] : undefined;
+        const name = row.object ?? inner?.replace(/_t$/, '') ?? row.key.group;
         groups.set(name, [...(groups.get(name) ?? []), row]);
     }
     const filled = (list: Row[]): boolean =>
         list.some((row) => held(subject, row).written !== undefined || held(subject, row).origin !== undefined);
     const all = [...groups];
     const closed = all.filter(([name, list]) => !filled(list) && !open.includes(name));
-    const label = (name: string): string =>
-        title(
-            name
-                .split(' ')
-                .map((word) => word.replace(/_t$/, ''))
-                .pop() ?? name,
-        );
     return (
         <>
             {all
                 .filter((group) => !closed.includes(group))
                 .map(([name, list]) => (
                     <section class="sect" key={name}>
-                        <h3>{label(name)}</h3>
+                        <h3>{title(name)}</h3>
                         {list.map((row) => (
                             <Field key={row.path} subject={subject} row={row} />
                         ))}
@@ -119,7 +116,7 @@ export function Form({ subject, record, without, rows, byObject }: FormProps) {
                         {closed.map(([name]) => (
                             <button class="chip add" onClick={() => setOpen([...open, name])}>
                                 <Icon name="add" />
-                                {label(name)}
+                                {title(name)}
                             </button>
                         ))}
                     </div>

@@ -7,6 +7,7 @@ import type { Control, Value } from '../protocol';
 import { request } from '../socket';
 import { Button } from '../shell/button';
 import { handler, rowConstant, target } from '../run/code';
+import { Events } from '../run/events';
 import { ValueNow } from '../run/value';
 import { Icon } from '../shell/icon';
 import { chosen, kept, lastGesture, project, selected, shown } from '../state';
@@ -205,7 +206,18 @@ function View() {
                 setValues(reply?.values ?? []),
             );
     }, [view?.file, gesture]);
-    if (shown.value.mode !== 'design') return <p class="empty">{words.selectRunning}</p>;
+    if (shown.value.mode !== 'design')
+        return (
+            <>
+                <div class="who">
+                    <div class="l1">
+                        <h2>{words.events}</h2>
+                    </div>
+                    <p class="t3">{words.selectRunning}</p>
+                </div>
+                <Events />
+            </>
+        );
     if (!view) return null;
     return (
         <>
@@ -273,20 +285,22 @@ export function Inspector() {
             ) : (
                 <View />
             )}
-            <div class="foot">
-                <span>
-                    <i class="src-dot own" />
-                    {words.ownFile}
-                </span>
-                <span>
-                    <i class="src-dot theme" />
-                    {words.fromTheme}
-                </span>
-                <span>
-                    <i class="src-dot none" />
-                    {words.leftOut}
-                </span>
-            </div>
+            {shown.value.mode === 'design' && (
+                <div class="foot">
+                    <span>
+                        <i class="src-dot own" />
+                        {words.ownFile}
+                    </span>
+                    <span>
+                        <i class="src-dot theme" />
+                        {words.fromTheme}
+                    </span>
+                    <span>
+                        <i class="src-dot none" />
+                        {words.leftOut}
+                    </span>
+                </div>
+            )}
         </aside>
     );
 }

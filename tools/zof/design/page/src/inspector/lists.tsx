@@ -1,46 +1,81 @@
 // Lists: the lines of one text, and arrays of texts or of objects. Rows are added, moved and taken out.
+import { useEffect, useRef, useState } from 'preact/hooks';
+
 import { edit } from '../actions';
 import { recordOf, rowsOf, type Key } from '../catalogue';
 import type { Edit, Json } from '../protocol';
 import { Button } from '../shell/button';
 import { textOf as textOfKey } from '../texts/languages';
 import { words } from '../words';
+import { actionOffers } from './actions';
+import { Combo, type Offer } from './combo';
 import { FieldOf } from './fields';
 import type { FieldProps } from './input';
-import { below, find, held, title, whole, write } from './subject';
+import { below, find, held, labelOf, title, whole, write } from './subject';
 import { jsonOf } from './value';
+import { keyOffers } from './words_field';
 
 interface LineProps {
     text: string;
+    id: string;
     name: string;
     first: boolean;
     last: boolean;
+    begin?: boolean; // it is new: it gets the focus, and is given up if it stays empty
+    offers?: (typed: string) => Offer[];
     onText: (text: string) => void;
     onMove: (by: -1 | 1) => void;
     onRemove: () => void;
 }
 
 /** One row of a list of texts; a row break of captions is a line across. */
-function Line({ text, name, first, last, onText, onMove, onRemove }: LineProps) {
+function Line({ text, id, name, first, last, begin, offers, onText, onMove, onRemove }: LineProps) {
+    const [now, setNow] = useState(text);
+    const typed = useRef(text); // a field that goes away is left, too, before it is drawn again
+    const sent = useRef(text);
+    const put = (next: string): void => {
+        typed.current = next;
+        setNow(next);
+    };
+    useEffect(() => {
+        put(text);
+        sent.current = text;
+    }, [text]);
+    const write = (next: string): void => {
+        put(next === '' ? sent.current : next);
+        if (next === sent.current || next === '') {
+            if (begin && !sent.current) onRemove();
+            return;
+        }
+        sent.current = next;
+        onText(next);
+    };
+    const move = (event: KeyboardEvent): boolean => {
+        const by = event.key === 'ArrowUp' && !first ? -1 : event.key === 'ArrowDown' && !last ? 1 : 0;
+        if (!event.altKey || !by) return false;
+        onMove(by);
+        return true;
+    };
     return (
-        <div class="line">
+        <div class="line offering">
             {text === '\n' ? (
                 <hr aria-label={words.rowBreak} />
             ) : (
-                <span class="in">
-                    <input
-                        aria-label={name}
-                        value={text}
-                        spellcheck={false}
-                        onChange={(event) => event.currentTarget.value !== text && onText(event.currentTarget.value)}
-                        onKeyDown={(event) => {
-                            if (event.key === 'Escape') event.currentTarget.value = text;
-                            if (event.altKey && event.key === 'ArrowUp' && !first) onMove(-1);
-                            if (event.altKey && event.key === 'ArrowDown' && !last) onMove(1);
-                        }}
-                    />
-                    {text.startsWith('#') && <span class="u clip">{textOfKey(text.slice(1))}</span>}
-                </span>
+                <Combo
+                    id={id}
+                    name={name}
+                    text={now}
+                    begin={begin}
+                    offers={offers}
+                    onText={put}
+                    onTake={write}
+                    onEnter={() => write(typed.current)}
+                    onEscape={() => (begin ? onRemove() : put(text))}
+                    onLeave={() => write(typed.current)}
+                    onKey={move}
+                >
+                    {now.startsWith('#') && <span class="u clip">{textOfKey(now.slice(1))}</span>}
+                </Combo>
             )}
             <Button icon="front" name={words.moveUp} disabled={first} onClick={() => onMove(-1)} />
             <Button icon="close" name={words.takeOutRow(name)} onClick={onRemove} />
@@ -66,7 +101,8 @@ export function Options({ subject, row, id }: FieldProps) {
                 <Line
                     key={at}
                     text={text}
-                    name={`${title(row.key.key)} ${at + 1}`}
+                    id={`${id}-${at}`}
+                    name={`${labelOf(row.key)} ${at + 1}`}
                     first={at === 0}
                     last={at === lines.length - 1}
                     onText={(now) => set([...lines.slice(0, at), ...now.split('\n'), ...lines.slice(at + 1)])}
@@ -99,6 +135,7 @@ const textOf = (value: Json | undefined): string => (typeof value === 'string' ?
 
 export function List(props: FieldProps) {
     const { subject, row, id } = props;
+    const [begun, setBegun] = useState(false); // a row that is not written yet
     const place = subject.places[0];
     if (!place || subject.places.length > 1) return <span class="t3">{words.oneOnly}</span>;
     const { written } = held(subject, row);
@@ -109,7 +146,7 @@ export function List(props: FieldProps) {
     const texts = Array.from({ length: count }, (_, at) => textOf(jsonOf(find(place.values, pattern(at))?.raw)));
     const shown = element && texts[count - 1] === '' ? count - 1 : count; // an ending "" stays out of sight
     const path = (at: number): string => whole(place, pattern(at));
-    const send = (one: Edit): void => void edit(words.labelOf(title(row.key.key), subject.name), [one]);
+    const send = (one: Edit): void => void edit(words.labelOf(labelOf(row.key), subject.name), [one]);
     const add = (value: Json): void =>
         send(
             written
@@ -118,6 +155,7 @@ export function List(props: FieldProps) {
         );
     const move = (at: number, by: -1 | 1): void =>
         send({ file: place.file, path: path(at), move: by < 0 ? at - 1 : at + 2 });
+    const offers = element?.kind === 'action' ? actionOffers : element?.kind === 'words' ? keyOffers : undefined;
     const remove = (at: number): void => send({ file: place.file, path: path(at), remove: true });
     return (
         <div class="lines" id={id} role="group" aria-labelledby={id + '-label'}>
@@ -126,7 +164,9 @@ export function List(props: FieldProps) {
                     <Line
                         key={at}
                         text={texts[at] ?? ''}
-                        name={`${title(row.key.key)} ${at + 1}`}
+                        id={`${id}-${at}`}
+                        offers={offers}
+                        name={`${labelOf(row.key)} ${at + 1}`}
                         first={at === 0}
                         last={at === shown - 1}
                         onText={(value) => send({ file: place.file, path: path(at), value })}
@@ -142,7 +182,7 @@ export function List(props: FieldProps) {
                         </div>
                         {rowsOf(row.key.record ?? '', []).map((inner) => (
                             <label class="f" id={`${id}-${at}-${inner.path}-label`}>
-                                <span>{title(inner.key.key)}</span>
+                                <span>{labelOf(inner.key)}</span>
                                 <FieldOf
                                     subject={{
                                         name: subject.name,
@@ -162,11 +202,28 @@ export function List(props: FieldProps) {
                     </div>
                 ),
             )}
+            {begun && (
+                <Line
+                    text=""
+                    id={`${id}-${shown}`}
+                    name={`${labelOf(row.key)} ${shown + 1}`}
+                    first
+                    last
+                    begin
+                    offers={offers}
+                    onText={(value) => {
+                        setBegun(false);
+                        add(value);
+                    }}
+                    onMove={() => {}}
+                    onRemove={() => setBegun(false)}
+                />
+            )}
             <span class="chips">
                 <Button
                     icon="add"
                     name={words.addRow}
-                    onClick={() => add(element ? words.newOption(shown + 1) : fresh(row.key.record ?? ''))}
+                    onClick={() => (element ? setBegun(true) : add(fresh(row.key.record ?? '')))}
                 >
                     {words.addRow}
                 </Button>

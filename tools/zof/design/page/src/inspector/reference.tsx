@@ -1,5 +1,6 @@
 // A control or a view that another one names by its number: a list of names, and for controls a click on the picture.
 import { nameOf } from '../actions';
+import type { KindName } from '../kinds';
 import { byPath, chosen, controls, picking, project, selected } from '../state';
 import type { Control } from '../protocol';
 import { Button } from '../shell/button';
@@ -19,7 +20,7 @@ const isInSelection = (control: Control | undefined): boolean =>
 
 const mayHold = (control: Control): boolean => control.view === chosen.value?.view && !isInSelection(control);
 
-function targetsOf(kind: string): Target[] {
+function targetsOf(kind: KindName): Target[] {
     return kind === 'view'
         ? (project.value?.views ?? [])
         : controls.value.filter(mayHold).map((control) => ({ id: control.id, name: nameOf(control.path) }));

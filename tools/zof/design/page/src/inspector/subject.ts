@@ -1,7 +1,7 @@
 // What a form is about: one object in a file, or the same object of several controls; reading and writing its values.
 import { edit } from '../actions';
 import { tryEdits, tryStop } from '../canvas/drag';
-import type { Row } from '../catalogue';
+import type { Key, Row } from '../catalogue';
 import type { Edit, Json, Value } from '../protocol';
 import { words } from '../words';
 import { jsonOf } from './value';
@@ -31,6 +31,9 @@ export const title = (text: string): string => {
     const plain = text.replace(/_(t|e|en)$/, '').replaceAll('_', ' ');
     return plain.charAt(0).toUpperCase() + plain.slice(1);
 };
+
+/** The name of a key for people. */
+export const labelOf = (key: Key): string => title(key.label ?? key.key);
 
 export const below = (values: Value[], prefix: string): Value[] =>
     values
@@ -85,7 +88,7 @@ export type Next = (before: Json | undefined) => Json | undefined;
 export function write(subject: Subject, row: Row, next: Next): void {
     tryStop();
     const edits = editsOf(subject, row.path, next);
-    if (edits.length) void edit(words.labelOf(title(row.key.key), subject.name), edits);
+    if (edits.length) void edit(words.labelOf(labelOf(row.key), subject.name), edits);
     else tryEdits([]);
 }
 
@@ -99,5 +102,5 @@ export function takeOut(subject: Subject, row: Row): void {
     const edits = subject.places.flatMap((place): Edit[] =>
         find(place.values, row.path) ? [{ file: place.file, path: whole(place, row.path), remove: true }] : [],
     );
-    void edit(words.takeOutOf(title(row.key.key), subject.name), edits);
+    void edit(words.takeOutOf(labelOf(row.key), subject.name), edits);
 }

@@ -1,5 +1,6 @@
 // From a row of the catalogue and the bytes in the file to what a field shows, and back. Pure functions.
 import type { Key } from '../catalogue';
+import type { JsonName, KindName } from '../kinds';
 import type { Json } from '../protocol';
 import { entered } from './number';
 
@@ -25,7 +26,7 @@ export type FieldName =
     | 'reference';
 
 /** Kinds whose field does not follow from the type of their JSON value. */
-const FIELDS: Record<string, FieldName> = {
+const FIELDS: Partial<Record<KindName, FieldName>> = {
     percentage: 'percentage',
     colour: 'colour',
     switch: 'switch',
@@ -36,7 +37,7 @@ const FIELDS: Record<string, FieldName> = {
     control: 'reference',
     view: 'reference',
 };
-const BY_JSON: Record<string, FieldName> = {
+const BY_JSON: Record<JsonName, FieldName> = {
     number: 'number',
     bool: 'switch',
     text: 'text',
@@ -45,8 +46,8 @@ const BY_JSON: Record<string, FieldName> = {
 };
 
 /** The field of a row. `json` is the JSON type of its kind, by which a new kind has a field, too. */
-export function fieldOf(key: Key, json: string | undefined): FieldName | undefined {
-    const field = FIELDS[key.kind] ?? BY_JSON[json ?? ''];
+export function fieldOf(key: Key, json: JsonName): FieldName {
+    const field = FIELDS[key.kind] ?? BY_JSON[json];
     return (field === 'choice' || field === 'sum') && !key.names?.length ? 'number' : field;
 }
 

@@ -2,8 +2,9 @@
 import { edit } from '../actions';
 import { freeKey, keysOf, languageFile, languages, newKey, textOf } from '../texts/languages';
 import { words } from '../words';
-import { Input, type FieldProps, type Offer } from './input';
-import { held, title, whole } from './subject';
+import type { Offer } from './combo';
+import { Input, type FieldProps } from './input';
+import { held, labelOf, whole } from './subject';
 
 /** The text of a key in one language, written with Enter or when the field is left. */
 function Text({ language, at, text }: { language: string; at: string; text: string | undefined }) {
@@ -30,12 +31,20 @@ function Text({ language, at, text }: { language: string; at: string; text: stri
     );
 }
 
+/** The keys that contain what is typed after a "#", each with its text. */
+export const keyOffers = (typed: string): Offer[] =>
+    typed.startsWith('#')
+        ? keysOf()
+              .filter((one) => one.toLowerCase().includes(typed.slice(1).toLowerCase()))
+              .map((one) => ({ value: '#' + one, detail: textOf(one) ?? '' }))
+        : [];
+
 export function WordsField(props: FieldProps) {
     const { subject, row } = props;
     const { value } = held(subject, row);
     const text = typeof value === 'string' ? value : '';
     const key = text.startsWith('#') ? text.slice(1) : '';
-    const label = words.labelOf(title(row.key.key), subject.name);
+    const label = words.labelOf(labelOf(row.key), subject.name);
     const place = subject.places[0];
 
     const take = (name: string, content: string): void => {
@@ -43,16 +52,10 @@ export function WordsField(props: FieldProps) {
         void edit(label, [...newKey(name, content), ...uses]);
     };
     const offers = (typed: string): Offer[] => {
-        if (!typed.startsWith('#')) return [];
         const name = typed.slice(1);
-        const all = keysOf();
-        const found = all
-            .filter((one) => one.toLowerCase().includes(name.toLowerCase()))
-            .map((one): Offer => ({ value: '#' + one, detail: textOf(one) ?? '' }));
-        const fresh = /^[\w.-]+$/.test(name) && !all.includes(name);
-        return fresh
-            ? [...found, { value: words.newKey(name), run: () => take(name, key || !text ? name : text) }]
-            : found;
+        const fresh = /^#[\w.-]+$/.test(typed) && !keysOf().includes(name);
+        const make = { value: words.newKey(name), run: () => take(name, key || !text ? name : text) };
+        return fresh ? [...keyOffers(typed), make] : keyOffers(typed);
     };
     return (
         <div class="field">

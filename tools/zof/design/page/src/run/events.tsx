@@ -37,11 +37,12 @@ export function Events() {
                             <li>
                                 <span class="mono t3">{timeText(one.time)}</span>
                                 <WriterMark by={one.by} />
-                                <button class="link" onClick={() => (selection.value = [one.control])}>
-                                    {one.control}
-                                </button>
-                                <span>{one.what}</span>
-                                <span class="mono t2 clip grow">{one.value}</span>
+                                <span class="clip grow">
+                                    <button class="link" onClick={() => (selection.value = [one.control])}>
+                                        {one.control}
+                                    </button>{' '}
+                                    {one.what} <span class="mono t2">{one.value}</span>
+                                </span>
                                 <Button
                                     icon="copy"
                                     name={words.copyCode}

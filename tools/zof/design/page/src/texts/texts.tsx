@@ -152,7 +152,10 @@ function Cell({ row, language }: { row: TextRow; language: string }) {
 function Drawn({ row, language }: { row: TextRow; language: string }) {
     const cell = row.cells[language];
     const use = row.uses[0];
+    const [hidden, setHidden] = useState(false);
+    useEffect(() => setHidden(false), [lastGesture.value]);
     if (!use) return <td class="t3">{words.notDrawn}</td>;
+    if (hidden) return <td class="t3">{words.hiddenNow}</td>;
     const look = cell && !fits(cell) ? 'dr over' : cell?.missing ? 'dr miss' : 'dr';
     return (
         <td>
@@ -161,9 +164,11 @@ function Drawn({ row, language }: { row: TextRow; language: string }) {
                 control={use}
                 language={language}
                 theme={shown.value.theme}
+                trim
                 width={180}
                 height={56}
                 class={look}
+                onFault={() => setHidden(true)}
             />
         </td>
     );
