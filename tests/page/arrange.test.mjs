@@ -26,6 +26,23 @@ story('The outline folds, a control dropped on a container is in it and stays wh
     await until('the first bytes', () => at.text() === first);
 });
 
+story('Ctrl G puts the selection into a new container, and nothing moves on the screen', async (at) => {
+    const { page } = at;
+    const first = at.text();
+    await page.locator('.stage').focus();
+    const before = await page.locator('.screen').screenshot();
+    await at.row('stop').click();
+    await at.row('clear').click({ modifiers: ['Shift'] });
+    await page.keyboard.press('Control+g');
+    await until('the container', () => /"name": "container_1", "id": 28, "parent_id": 1, "pt": {"x": 165, "y": 216}/.test(at.text()));
+    await page.locator('.stage').focus();
+    for (let i = 0; i < 3; i++) await page.keyboard.press('Escape'); // the container, the page, nothing
+    await page.mouse.move(5, 5);
+    await until('the same picture', async () => (await page.locator('.screen').screenshot()).equals(before));
+    await page.keyboard.press('Control+z');
+    await until('the first bytes', () => at.text() === first);
+});
+
 story('The menu of the right button lists what lies there, works by keyboard, and gives the focus back', async (at) => {
     const { page } = at;
     const first = at.text();

@@ -345,6 +345,14 @@ TEST_CASE("controls are added, copied, moved, renamed and deleted with their chi
     }
     CHECK(open.text() == first);
 
+    // A group stands where its front control stood, and each control where it was on the screen.
+    CHECK(open.run(design_control_group, "{'controls': ['home/label', 'home/box'], 'dx': -93, 'dy': -42, 'width': 200, "
+                                         "'height': 90}"));
+    CHECK(open.order() == "container_1 3 7,8; box 1/3 93,42; brew 2/1 5,6; label 4/3 0,0; ");
+    CHECK(!open.run(design_control_group, "{'controls': ['home/label', 'home/brew'], 'width': 1, 'height': 1}"));
+    CHECK(design_files_undo(open.files, &open.error));
+    CHECK(open.text() == first);
+
     const auto rename = [&open](const char *name) {
         cJSON *json = controls_t::args("{'control': 'home/brew', 'name': '" + std::string(name) + "'}");
         open.made.clear();

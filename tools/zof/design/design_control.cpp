@@ -259,9 +259,8 @@ static shape_t shape_of(const design_view_t *view) {
     return shape;
 }
 
-// As the snippets in the reference: `pub_t` on a line, then the keys of the type.
-static std::string control_text(const shape_t &shape, const zof_cat_type_t *type, cJSON *pub) {
-    cJSON *own = start_values(type->record);
+// As the snippets in the reference: `pub_t` on a line, then `own`, the other keys.
+static std::string control_text(const shape_t &shape, const zof_cat_type_t *type, cJSON *pub, cJSON *own) {
     cJSON *theme = cJSON_CreateString(shape.theme.c_str());
     std::string keys = design_json_text(own, false);
     keys = keys.substr(1, keys.size() - 2);
@@ -305,27 +304,37 @@ static u32 index_asked(const design_view_t *view, const cJSON *args, s32 parent)
     return std::max(index, (u32)(parent + 1)); // a parent stands before its children
 }
 
+design_new_t design_control_new(const design_view_t *view, const cJSON *args, s64 parent, const char *own) {
+    const zof_cat_type_t *type = type_find(design_args_text(args, "type"));
+    const s64 id = design_control_free_id(view->ids);
+    if (!type || !id) {
+        return {.fault = type ? "the view has no free id" : "there is no type " + design_args_text(args, "type")};
+    }
+    design_new_t made = {.name = new_name(view, type->name), .id = id};
+    const shape_t shape = shape_of(view);
+    cJSON *keys = own ? cJSON_Parse(own) : start_values(type->record);
+    const std::string text = control_text(shape, type, pub_make(type, args, made.name, id, parent), keys);
+    made.text = shape.numbers ? numbers_text(view, text) : text;
+    return made;
+}
+
 cJSON *design_control_add(design_files_t *files, const cJSON *args, std::vector<std::string> *made,
                           std::string *error) {
     design_view_t view;
-    const zof_cat_type_t *type = type_find(design_args_text(args, "type"));
     const std::string parent_path = design_args_text(args, "parent");
-    *error = type ? design_view_read(files, design_args_text(args, "view"), &view)
-                  : "there is no type " + design_args_text(args, "type");
+    *error = design_view_read(files, design_args_text(args, "view"), &view);
     const s32 parent = error->empty() && !parent_path.empty() ? design_view_find(&view, parent_path) : -1;
     *error = error->empty() && parent < 0 && !parent_path.empty() ? "there is no control " + parent_path : *error;
-    const s64 id = error->empty() ? design_control_free_id(view.ids) : 0;
-    *error = error->empty() && !id ? "the view has no free id" : *error;
     if (!error->empty()) {
         return nullptr;
     }
-    const std::string name = new_name(&view, type->name);
-    const shape_t shape = shape_of(&view);
-    std::string text =
-        control_text(shape, type, pub_make(type, args, name, id, parent < 0 ? 0 : view.all[(u32)parent].id));
-    text = shape.numbers ? numbers_text(&view, text) : text;
+    const design_new_t control = design_control_new(&view, args, parent < 0 ? 0 : view.all[(u32)parent].id, nullptr);
+    if (!control.fault.empty()) {
+        *error = control.fault;
+        return nullptr;
+    }
     cJSON *edits = cJSON_CreateArray();
-    design_edit_insert(edits, &view, index_asked(&view, args, parent), text);
-    made->push_back(design_view_path(&view, name));
+    design_edit_insert(edits, &view, index_asked(&view, args, parent), control.text);
+    made->push_back(design_view_path(&view, control.name));
     return edits;
 }

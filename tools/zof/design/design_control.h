@@ -51,6 +51,15 @@ typedef void (*design_action_fn)(const std::string &file, const std::string &pat
 void design_control_actions(design_files_t *files, const design_view_t *view, const std::set<std::string> &names,
                             design_action_fn fn, void *arg);
 
+// A new control, in the form of the others. `args` has its type, place and size; `own` is a JSON object of its other
+// keys, null for the start values of the type.
+struct design_new_t {
+    std::string fault; // why there is none
+    std::string text, name;
+    s64 id;
+};
+design_new_t design_control_new(const design_view_t *view, const cJSON *args, s64 parent, const char *own);
+
 // Edits.
 std::string design_args_text(const cJSON *args, const char *name);
 double design_args_number(const cJSON *args, const char *name, double absent);

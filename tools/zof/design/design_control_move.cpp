@@ -141,6 +141,66 @@ cJSON *design_control_reorder(design_files_t *files, const cJSON *args, std::str
     return edits;
 }
 
+// A container that cannot be seen: what is put into it looks as before.
+static const char container_keys[] = R"({"styles": [{"body_t": {"opa": 0, "radius": 0, "border": {"width": 0, "opa": 0},
+    "shadow": {"width": 0}, "padding": {"top": 0, "bottom": 0, "left": 0, "right": 0}}}]})";
+
+// Puts the controls of a group, which stand from `first` on, into the container that stands before them.
+static void group_enter(cJSON *edits, const design_view_t *view, const std::vector<u32> &group,
+                        const std::vector<u32> &chosen, u32 first, point_t at, s64 id) {
+    for (u32 i = 0; i < group.size(); i++) {
+        if (!design_view_in(chosen, group[i])) {
+            continue; // it moves with its parent
+        }
+        const double x = number_of(view, group[i], "property.pub_t.pt.x");
+        const double y = number_of(view, group[i], "property.pub_t.pt.y");
+        const struct {
+            const char *key;
+            double value;
+        } rows[] = {{"parent_id", (double)id}, {"pt.x", x - at.x}, {"pt.y", y - at.y}};
+        for (const auto &row : rows) {
+            design_edit_value(edits, view, first + i, std::string(".property.pub_t.") + row.key,
+                              cJSON_CreateNumber(row.value));
+        }
+    }
+}
+
+cJSON *design_control_group(design_files_t *files, const cJSON *args, std::vector<std::string> *made,
+                            std::string *error) {
+    design_view_t view = {};
+    std::vector<u32> chosen;
+    *error = design_view_chosen(files, args, &view, &chosen);
+    const auto of_other = [&](u32 index) { return view.all[index].parent != view.all[chosen[0]].parent; };
+    if (error->empty() && std::any_of(chosen.begin(), chosen.end(), of_other)) {
+        *error = "the controls are in different containers";
+    }
+    if (!error->empty()) {
+        return nullptr;
+    }
+    cJSON *box = cJSON_Duplicate(args, 1);
+    const point_t at = {number_of(&view, chosen[0], "property.pub_t.pt.x") + design_args_number(args, "dx", 0),
+                        number_of(&view, chosen[0], "property.pub_t.pt.y") + design_args_number(args, "dy", 0)};
+    cJSON_AddStringToObject(box, "type", "container");
+    cJSON_AddNumberToObject(box, "x", at.x);
+    cJSON_AddNumberToObject(box, "y", at.y);
+    const design_new_t container = design_control_new(&view, box, view.all[chosen[0]].parent, container_keys);
+    cJSON_Delete(box);
+    *error = container.fault;
+    if (!error->empty()) {
+        return nullptr;
+    }
+    // All stand where the front one stood, after the container.
+    const std::vector<u32> group = design_view_with_children(&view, chosen);
+    const u32 end = group.back() + 1;
+    const u32 first = end - (u32)group.size();
+    cJSON *edits = cJSON_CreateArray();
+    group_move(edits, &view, group, end);
+    design_edit_insert(edits, &view, first, container.text);
+    group_enter(edits, &view, group, chosen, first + 1, at, container.id);
+    made->push_back(design_view_path(&view, container.name));
+    return edits;
+}
+
 // Names ------------------------------------------------------------------------------------------------------------
 
 // Returns why a name cannot be one; empty if it can.

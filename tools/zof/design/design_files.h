@@ -97,6 +97,8 @@ cJSON *design_control_paste(design_files_t *files, const cJSON *args, std::vecto
 cJSON *design_control_delete(design_files_t *files, const cJSON *args, std::vector<std::string> *uses,
                              std::string *error);
 cJSON *design_control_reorder(design_files_t *files, const cJSON *args, std::string *error);
+cJSON *design_control_group(design_files_t *files, const cJSON *args, std::vector<std::string> *made,
+                            std::string *error);
 cJSON *design_control_rename(design_files_t *files, const cJSON *args, std::vector<std::string> *made,
                              std::vector<std::string> *uses, std::string *error);
 // The JSON text of controls, with their children, as it stands in the file.

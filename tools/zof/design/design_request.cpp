@@ -243,6 +243,14 @@ static void run_reorder(const design_request_t &request, const cJSON *args) {
     gesture_answer(request, gesture, "edit", error);
 }
 
+static void run_group(const design_request_t &request, const cJSON *args) {
+    std::string error;
+    std::vector<std::string> made;
+    cJSON *edits = design_control_group(design.files, args, &made, &error);
+    const design_gesture_t *gesture = operation_apply(edits, label_of("Group", args), &error);
+    gesture_answer(request, gesture, "edit", error, {{"control", first_of(made)}});
+}
+
 static void run_rename(const design_request_t &request, const cJSON *args) {
     std::string error;
     std::vector<std::string> made;
@@ -297,6 +305,7 @@ static constexpr struct {
     {"paste", run_paste},
     {"delete", run_delete},
     {"reorder", run_reorder},
+    {"group", run_group},
     {"rename", run_rename},
     {"state", run_player},
     {"hit", run_player},

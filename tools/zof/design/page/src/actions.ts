@@ -264,6 +264,20 @@ export async function order(step: 1 | -1, end: boolean): Promise<void> {
     );
 }
 
+/** Puts the selection into a new container. */
+export async function group(): Promise<void> {
+    const list = roots(selected.value);
+    const first = controls.value.find((control) => list.includes(control)); // in the file's order
+    if (!first) return;
+    const [x, y, width, height] = union(list.map((control) => control.box));
+    const dx = x - first.box[0];
+    const dy = y - first.box[1];
+    const reply = await attempt(
+        request('group', { controls: list.map((control) => control.path), dx, dy, width, height }),
+    );
+    if (reply) selection.value = [reply.control];
+}
+
 /** Shows a control in a state, "pressed+checked"; "default" shows it as it is. No file changes. */
 export function pose(path: string, state: string): void {
     posed.value = state === 'default' ? null : { path, state };

@@ -294,6 +294,12 @@ export interface Requests {
     // Order among siblings, or another parent ("" for the view), before the sibling `before` ("" for the end). Keeps its place
     // on the screen.
     reorder: { args: { control: string; parent: string; before: string }; reply: { gesture: Gesture } };
+    // Puts controls of one container into a new one that cannot be seen. `dx` and `dy` lead from the first one's corner to that
+    // of the new one.
+    group: {
+        args: { controls: string[]; dx: number; dy: number; width: number; height: number };
+        reply: { gesture: Gesture; control: string };
+    };
     // `uses` are places in C code and scripts of the folder that name it, "main.c:24".
     rename: { args: { control: string; name: string }; reply: { gesture: Gesture; control: string; uses: string[] } };
 

@@ -11,7 +11,7 @@ import { Icon } from './icon';
 const groups = [
     ['cut', 'copy', 'paste', 'duplicate', 'delete', 'rename'],
     ['front', 'back', 'frontEnd', 'backEnd'],
-    ['parent', 'fitSelection'],
+    ['group', 'parent', 'fitSelection'],
 ];
 const WIDTH_PX = 260;
 const ROW_PX = 30;
