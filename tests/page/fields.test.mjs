@@ -37,6 +37,7 @@ story('A field shows what is typed, writes it at Enter, and refuses what is out 
 story('An action is put together from what the fields offer, and written once', async (at) => {
     const { page } = at;
     await at.row('start').click();
+    await page.getByRole('button', { name: 'Actions' }).click();
     const clicked = page.locator('.key', { hasText: 'Clicked' });
     await clicked.getByRole('button', { name: 'Add' }).click();
     const field = page.getByRole('combobox', { name: 'Clicked 1' });

@@ -207,6 +207,7 @@ struct controls_t : open_t {
 
     controls_t() : open_t(view_text) {
         project.write("config/view/other.g", R"({"view": {"v_id": 2}, "controls": []})");
+        project.write("config/project/zofprj.g", project_text);
         project.write("../main.c", "int x;\nzof_btn_set_txt(get(VIEW1_BREW_ID), name(\"brewer\"));\nVIEW1_BREW_ID_2\n");
         project.write("../host.py", "panel.write('home/brew')\n");
         design_files_close(files);
@@ -243,7 +244,14 @@ struct controls_t : open_t {
         return out;
     }
     static const char *const view_text;
+    static const char *const project_text;
 };
+
+const char *const controls_t::project_text =
+    R"({"width": 480, "height": 272, "start_page": 1, "views": [
+  {"pageId": 1, "pageName": "home.g"},
+  {"pageId": 2, "pageName": "other.g"}
+]})";
 
 const char *const controls_t::view_text = R"({
   "view": {"v_id": 1},
@@ -262,7 +270,7 @@ const char *const controls_t::view_text = R"({
 )";
 
 static const char add_text[] = R"(,
-    {"type": "button", "theme": "t", "property": {
+    {"type": "button", "theme": "t", "look": "button", "property": {
       "pub_t": {"name": "button_1", "id": 3, "parent_id": 1, "pt": {"x": 9, "y": 10}, "size": {"width": 120, "height": 50}, "t_mode": "touch", "alpha": 255},
       "txt": "Button"
     }}
@@ -376,4 +384,91 @@ TEST_CASE("controls are added, copied, moved, renamed and deleted with their chi
     CHECK(open.uses == std::vector<std::string>{"host.py:1", "main.c:2"});
     CHECK(design_files_undo(open.files, &open.error));
     CHECK(open.text() == first);
+}
+
+TEST_CASE("a new control has a look of the project, or brings one with its colours") {
+    static const char looks[] = "config/looks.g";
+    controls_t open;
+    const auto add = [&open](const char *type) {
+        return open.run(design_control_add, ("{'view': 'other', 'type': '" + str(type) + "'}").c_str()) &&
+               contains(open.text("config/view/other.g"), "\"type\": \"" + str(type) + "\"");
+    };
+    CHECK(add("check box"));
+    const std::string made = open.text(looks);
+    CHECK(contains(made, "{\n    \"colors\": {\n        \"ink\": \"#17212B\",\n        \"card\": "));
+    CHECK(contains(made, "\n    \"looks\": {\n        \"text\": {\"txt_t\""));
+    CHECK(contains(made, "\n        \"check_box\": {\n            \"is\": \"text\",\n"));
+    CHECK(!contains(made, "\"button\""));
+    CHECK(add("label")); // "text" is there now
+    CHECK(open.text(looks) == made);
+    CHECK(design_files_undo(open.files, &open.error));
+    CHECK(design_files_undo(open.files, &open.error));
+    CHECK(open.text(looks).empty());
+
+    // Looks that have other names: that of the last control of the type. The theme's own styles need no look.
+    open.project.write(looks, R"({"colors": {"ink": "#102030"}, "looks": {"my": {}, "text": {}}})");
+    open.project.write("config/view/other.g", R"({"view": {"v_id": 2}, "controls": [
+        {"type": 1, "theme": "t", "look": "my", "property": {"pub_t": {"id": 1}}}]})");
+    open.project.write("config/theme/t/sw.g", "{}");
+    design_files_close(open.files);
+    open.files = design_files_open(open.project.folder, "", &open.error);
+    const std::string before = open.text(looks);
+    CHECK(open.run(design_control_add, "{'view': 'other', 'type': 'button'}"));
+    CHECK(contains(open.text("config/view/other.g"), "\"type\": 1, \"theme\": \"t\", \"look\": \"my\""));
+    CHECK(open.run(design_control_add, "{'view': 'other', 'type': 'switch'}"));
+    CHECK(open.text(looks) == before);
+    CHECK(open.run(design_control_add, "{'view': 'other', 'type': 'arc'}"));
+    CHECK(contains(open.text("config/view/other.g"), "\"color\": \"$line\""));
+    CHECK(open.text(looks) ==
+          changed(before, {{"\"#102030\"", "\"#102030\", \"line\": \"#CBD3DC\", \"mark\": \"#0E8A92\""}}));
+}
+
+TEST_CASE(
+    "views are added, copied, renamed and deleted, with their rows of the project and the actions that name them") {
+    static const char project[] = "config/project/zofprj.g";
+    controls_t open;
+    const auto run = [&open](decltype(design_view_add) *operation, const char *text) {
+        cJSON *json = controls_t::args(text);
+        cJSON *edits = operation(open.files, json, &open.error);
+        cJSON_Delete(json);
+        return open.apply(edits) != nullptr;
+    };
+    const std::string rows = open.text(project);
+    const std::string home = open.text();
+    CHECK(run(design_view_add, "{'view': 'home', 'name': 'menu'}"));
+    CHECK(contains(open.text(project), "\"other.g\"},\n  {\"pageId\": 3, \"pageName\": \"menu.g\"}\n]"));
+    CHECK(contains(open.text("config/view/menu.g"), "\"v_id\": 3"));
+    CHECK(open.order("config/view/menu.g").empty());
+    CHECK(run(design_view_add, "{'view': 'home', 'name': 'menu2', 'copy': true}"));
+    CHECK(open.order("config/view/menu2.g") == open.order());
+    for (const char *name : {"", "../x", "home", "1a"}) {
+        CHECK(!run(design_view_add, ("{'view': 'home', 'name': '" + str(name) + "'}").c_str()));
+    }
+    CHECK(design_files_undo(open.files, &open.error));
+    CHECK(design_files_undo(open.files, &open.error));
+    CHECK(open.text(project) == rows);
+    CHECK(open.text("config/view/menu.g").empty());
+
+    CHECK(run(design_view_rename, "{'view': 'home', 'name': 'start'}"));
+    CHECK(open.text().empty());
+    CHECK(open.text("config/view/start.g") ==
+          changed(home, {{"{\"v_id\": 1}", "{\"v_name\": \"start\", \"v_id\": 1}"}, {"home/brew", "start/brew"}}));
+    CHECK(open.text(project) == changed(rows, {{"home.g", "start.g"}}));
+    CHECK(design_files_undo(open.files, &open.error));
+    CHECK(open.text() == home);
+
+    const auto remove = [&open](const char *text) {
+        cJSON *json = controls_t::args(text);
+        open.uses.clear();
+        cJSON *edits = design_view_delete(open.files, json, &open.uses, &open.error);
+        cJSON_Delete(json);
+        return open.apply(edits) != nullptr;
+    };
+    CHECK(remove("{'view': 'home'}"));
+    CHECK(open.text(project) == "{\"width\": 480, \"height\": 272, \"start_page\": 2, \"views\": [\n"
+                                "  {\"pageId\": 2, \"pageName\": \"other.g\"}\n]}");
+    CHECK(!remove("{'view': 'other'}"));
+    CHECK(design_files_undo(open.files, &open.error));
+    CHECK(open.text() == home);
+    CHECK(open.text(project) == rows);
 }

@@ -50,11 +50,12 @@ static const zof_cat_key_t touch_keys[] = {
 ZOF_CAT_RECORD(zof_cat_touch, "touch_t", nullptr, zof_prj_touch_t_tbl, touch_keys);
 
 static const zof_cat_key_t hw_keys[] = {
-    {.key = "dis_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_PLACE, .help = "position on the panel",
+    {.key = "dis_t", .label = "display", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_PLACE,
+     .help = "position on the panel",
      .record = &zof_cat_dis},
-    {.key = "tone_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_TOUCH, .help = "tone of a touch",
+    {.key = "tone_t", .label = "tone", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_TOUCH, .help = "tone of a touch",
      .record = &zof_cat_tone},
-    {.key = "touch_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_TOUCH, .help = "what touches do",
+    {.key = "touch_t", .label = "touch", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_TOUCH, .help = "what touches do",
      .record = &zof_cat_touch},
 };
 ZOF_CAT_RECORD(zof_cat_hw, "hw_t", nullptr, zof_prj_hw_attr_t_tbl, hw_keys);
@@ -86,7 +87,8 @@ static const zof_cat_key_t standby_keys[] = {
 ZOF_CAT_RECORD(zof_cat_standby, "standby_t", nullptr, zof_func_standby_t_tbl, standby_keys);
 
 static const zof_cat_key_t func_keys[] = {
-    {.key = "standby_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK, .help = "dimming and turning off",
+    {.key = "standby_t", .label = "standby", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK,
+     .help = "dimming and turning off",
      .record = &zof_cat_standby},
 };
 ZOF_CAT_RECORD(zof_cat_func, "func_t", nullptr, zof_func_t_tbl, func_keys);

@@ -112,7 +112,7 @@ static const zof_cat_key_t entry_keys[] = {
      .help = "name of a theme; it need not exist. **Without this key the view ends here**", .flags = ZOF_CAT_NEEDED},
     {.key = "look", .kind = ZOF_CAT_LOOK_NAME, .group = ZOF_CAT_LOOK,
      .help = "name of a [look](#looks), which takes the place of the theme's styles for the type"},
-    {.key = "on", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_TOUCH,
+    {.key = "on", .label = "actions", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_TOUCH,
      .help = "what the panel does by itself when the user touches the control: [actions](#actions) for each event",
      .record = &zof_cat_on},
     {.key = "property", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_CONTENT,

@@ -39,6 +39,10 @@ static struct {
     bool tree_due;
     u32 tree_at;
 
+    // A choice that waits for the load under way, whose project may be the first one that has the view; null for none.
+    cJSON *choice;
+    design_request_t choice_request;
+
     u32 loads;      // finished ones of the session that the pages know of
     u32 started_at; // the last start of a player
     u32 ended_at;
@@ -270,6 +274,32 @@ static void project_report() {
     shown_report();
 }
 
+static void choose(const design_request_t &request, const cJSON *args) {
+    cJSON *command = view_command("show");
+    cJSON_AddBoolToObject(command, "alone", true);
+    for (const char *name : {"view", "language", "theme"}) {
+        const char *value = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(args, name));
+        if (value) {
+            cJSON_AddStringToObject(command, name, value);
+        }
+    }
+    canvas.language = !design_text_of(args, "language").empty() ? design_text_of(args, "language") : canvas.language;
+    canvas.theme = !design_text_of(args, "theme").empty() ? design_text_of(args, "theme") : canvas.theme;
+    canvas.view = !design_text_of(args, "view").empty() ? design_text_of(args, "view") : canvas.view;
+    ask(request, command, false);
+    shown_report();
+    canvas.tree_due = true;
+}
+
+static void choice_take() {
+    cJSON *choice = canvas.choice;
+    canvas.choice = nullptr;
+    if (choice) {
+        choose(canvas.choice_request, choice);
+    }
+    cJSON_Delete(choice);
+}
+
 // Notices that a fresh player has drawn the project, or could not.
 static void loads_take() {
     view_session_t *session = canvas.shown;
@@ -286,6 +316,7 @@ static void loads_take() {
     canvas.ended = false;
     runtime_report(runs ? "runs" : "stopped", session->note);
     canvas.tree_due = true;
+    choice_take();
 }
 
 // Starts a player that has ended again: soon, but once more only after the next edit if it ends at once.
@@ -420,20 +451,13 @@ void design_canvas_try(const design_request_t &request, const std::vector<design
 }
 
 void design_canvas_choose(const design_request_t &request, const cJSON *args) {
-    cJSON *command = view_command("show");
-    cJSON_AddBoolToObject(command, "alone", true);
-    for (const char *name : {"view", "language", "theme"}) {
-        const char *value = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(args, name));
-        if (value) {
-            cJSON_AddStringToObject(command, name, value);
-        }
+    choice_take();
+    if (canvas.shown->changed || canvas.shown->load_id) {
+        canvas.choice = cJSON_Duplicate(args, 1);
+        canvas.choice_request = request;
+    } else {
+        choose(request, args);
     }
-    canvas.language = !design_text_of(args, "language").empty() ? design_text_of(args, "language") : canvas.language;
-    canvas.theme = !design_text_of(args, "theme").empty() ? design_text_of(args, "theme") : canvas.theme;
-    canvas.view = !design_text_of(args, "view").empty() ? design_text_of(args, "view") : canvas.view;
-    ask(request, command, false);
-    shown_report();
-    canvas.tree_due = true;
 }
 
 // Connects to a running program, which keeps its view, language and theme.

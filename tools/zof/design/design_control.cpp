@@ -42,6 +42,7 @@ static void controls_read(design_view_t *view) {
 
 std::string design_view_read(design_files_t *files, const std::string &name, design_view_t *view) {
     *view = {};
+    view->files = files;
     view->name = name;
     view->file = "config/view/" + name + ".g";
     design_file_t *entry = name.find('/') == std::string::npos ? design_file_of(files, view->file) : nullptr;
@@ -193,6 +194,18 @@ static const zof_cat_type_t *type_find(const std::string &name) {
     return nullptr;
 }
 
+const zof_cat_type_t *design_control_type(const design_view_t *view, u32 index) {
+    const u32 node = zof_jdoc_get(&view->json, view->all[index].node, "type");
+    const s64 number =
+        node != ZOF_J_NONE && view->json.nodes[node].kind == ZOF_J_NUMBER ? number_at(&view->json, node) : -1;
+    for (const zof_cat_type_t &type : zof_cat_types) {
+        if (number == (s64)type.type || (number < 0 && text_at(&view->json, node) == type.name)) {
+            return &type;
+        }
+    }
+    return nullptr;
+}
+
 // Adds the start values of a record's keys.
 static cJSON *start_values(const zof_cat_record_t *record) {
     cJSON *out = cJSON_CreateObject();
@@ -260,17 +273,24 @@ static shape_t shape_of(const design_view_t *view) {
 }
 
 // As the snippets in the reference: `pub_t` on a line, then `own`, the other keys.
-static std::string control_text(const shape_t &shape, const zof_cat_type_t *type, cJSON *pub, cJSON *own) {
-    cJSON *theme = cJSON_CreateString(shape.theme.c_str());
+static std::string control_text(const shape_t &shape, const zof_cat_type_t *type, const std::string &look, cJSON *pub,
+                                cJSON *own) {
+    cJSON *head = cJSON_CreateObject();
+    cJSON_AddStringToObject(head, "type", type->name);
+    cJSON_AddStringToObject(head, "theme", shape.theme.c_str());
+    if (!look.empty()) {
+        cJSON_AddStringToObject(head, "look", look.c_str());
+    }
+    std::string out = design_json_text(head, false);
+    out.back() = ',';
     std::string keys = design_json_text(own, false);
     keys = keys.substr(1, keys.size() - 2);
     const std::string begin = shape.lines ? shape.line + shape.indent + shape.unit : "";
     const std::string end = shape.lines ? shape.line + shape.indent : "";
-    std::string out = "{\"type\": \"" + std::string(type->name) + "\", \"theme\": " + design_json_text(theme, false) +
-                      ", \"property\": {" + begin + "\"pub_t\": " + design_json_text(pub, false) +
-                      (keys.empty() ? "" : (shape.lines ? "," + begin : ", ") + keys) + end + "}}";
+    out += " \"property\": {" + begin + "\"pub_t\": " + design_json_text(pub, false) +
+           (keys.empty() ? "" : (shape.lines ? "," + begin : ", ") + keys) + end + "}}";
     cJSON_Delete(own);
-    cJSON_Delete(theme);
+    cJSON_Delete(head);
     cJSON_Delete(pub);
     return out;
 }
@@ -304,7 +324,8 @@ static u32 index_asked(const design_view_t *view, const cJSON *args, s32 parent)
     return std::max(index, (u32)(parent + 1)); // a parent stands before its children
 }
 
-design_new_t design_control_new(const design_view_t *view, const cJSON *args, s64 parent, const char *own) {
+design_new_t design_control_new(const design_view_t *view, const cJSON *args, s64 parent, const char *own,
+                                cJSON *edits) {
     const zof_cat_type_t *type = type_find(design_args_text(args, "type"));
     const s64 id = design_control_free_id(view->ids);
     if (!type || !id) {
@@ -313,7 +334,8 @@ design_new_t design_control_new(const design_view_t *view, const cJSON *args, s6
     design_new_t made = {.name = new_name(view, type->name), .id = id};
     const shape_t shape = shape_of(view);
     cJSON *keys = own ? cJSON_Parse(own) : start_values(type->record);
-    const std::string text = control_text(shape, type, pub_make(type, args, made.name, id, parent), keys);
+    const std::string look = own ? "" : design_control_look(view, shape.theme, type, keys, edits);
+    const std::string text = control_text(shape, type, look, pub_make(type, args, made.name, id, parent), keys);
     made.text = shape.numbers ? numbers_text(view, text) : text;
     return made;
 }
@@ -328,12 +350,14 @@ cJSON *design_control_add(design_files_t *files, const cJSON *args, std::vector<
     if (!error->empty()) {
         return nullptr;
     }
-    const design_new_t control = design_control_new(&view, args, parent < 0 ? 0 : view.all[(u32)parent].id, nullptr);
+    cJSON *edits = cJSON_CreateArray();
+    const design_new_t control =
+        design_control_new(&view, args, parent < 0 ? 0 : view.all[(u32)parent].id, nullptr, edits);
     if (!control.fault.empty()) {
         *error = control.fault;
+        cJSON_Delete(edits);
         return nullptr;
     }
-    cJSON *edits = cJSON_CreateArray();
     design_edit_insert(edits, &view, index_asked(&view, args, parent), control.text);
     made->push_back(design_view_path(&view, control.name));
     return edits;

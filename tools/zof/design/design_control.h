@@ -4,6 +4,7 @@
 
 #include <set>
 
+#include "catalogue/zof_cat.h"
 #include "design_text.h"
 
 struct design_control_t {
@@ -13,6 +14,7 @@ struct design_control_t {
 };
 
 struct design_view_t {
+    design_files_t *files;
     std::string name, file; // "home", "config/view/home.g"
     design_doc_t *doc;
     zof_jdoc_t json;
@@ -44,21 +46,31 @@ std::string design_control_upper(const std::string &name);
 std::vector<std::string> design_control_uses(design_files_t *files, const design_view_t *view,
                                              const std::vector<u32> &controls);
 
-// Calls with each action that names one of these controls of the view: the file and path of the action, its text, and
-// where the name stands in it.
+// Calls with each action that names one of these controls of the view, or the view itself if `names` is null: the file
+// and path of the action, its text, and where the name stands in it.
 typedef void (*design_action_fn)(const std::string &file, const std::string &path, const std::string &text, size_t at,
                                  void *arg);
-void design_control_actions(design_files_t *files, const design_view_t *view, const std::set<std::string> &names,
+void design_control_actions(design_files_t *files, const design_view_t *view, const std::set<std::string> *names,
                             design_action_fn fn, void *arg);
 
 // A new control, in the form of the others. `args` has its type, place and size; `own` is a JSON object of its other
-// keys, null for the start values of the type.
+// keys; null for the start values of the type, and a look, whose additions to the project's looks go to `edits`.
 struct design_new_t {
     std::string fault; // why there is none
     std::string text, name;
     s64 id;
 };
-design_new_t design_control_new(const design_view_t *view, const cJSON *args, s64 parent, const char *own);
+design_new_t design_control_new(const design_view_t *view, const cJSON *args, s64 parent, const char *own,
+                                cJSON *edits);
+// Returns the catalogue's row of a control's type; null if there is no such type.
+const zof_cat_type_t *design_control_type(const design_view_t *view, u32 index);
+// Returns the look with which a new control begins, empty for none. Sets the colours among its own keys. What the
+// project's looks and colours lack is added to `edits`.
+std::string design_control_look(const design_view_t *view, const std::string &theme, const zof_cat_type_t *type,
+                                cJSON *keys, cJSON *edits);
+
+// Returns why a text cannot be the name of a control or of a view; empty if it can.
+std::string design_name_fault(const std::string &name);
 
 // Edits.
 std::string design_args_text(const cJSON *args, const char *name);

@@ -183,7 +183,7 @@ cJSON *design_control_group(design_files_t *files, const cJSON *args, std::vecto
     cJSON_AddStringToObject(box, "type", "container");
     cJSON_AddNumberToObject(box, "x", at.x);
     cJSON_AddNumberToObject(box, "y", at.y);
-    const design_new_t container = design_control_new(&view, box, view.all[chosen[0]].parent, container_keys);
+    const design_new_t container = design_control_new(&view, box, view.all[chosen[0]].parent, container_keys, nullptr);
     cJSON_Delete(box);
     *error = container.fault;
     if (!error->empty()) {
@@ -203,8 +203,7 @@ cJSON *design_control_group(design_files_t *files, const cJSON *args, std::vecto
 
 // Names ------------------------------------------------------------------------------------------------------------
 
-// Returns why a name cannot be one; empty if it can.
-static std::string name_fault(const design_view_t *view, u32 index, const std::string &name) {
+std::string design_name_fault(const std::string &name) {
     enum { NAME_MAX_SIZE = 63 };
     const auto word = [](char c) { return isalnum((u8)c) || c == '_'; };
     if (name.empty() || isdigit((u8)name[0]) || !std::all_of(name.begin(), name.end(), word)) {
@@ -213,13 +212,18 @@ static std::string name_fault(const design_view_t *view, u32 index, const std::s
     if (name.size() > NAME_MAX_SIZE) {
         return "the name is too long";
     }
+    return "";
+}
+
+// Returns why a control of the view cannot have this name; empty if it can.
+static std::string name_fault(const design_view_t *view, u32 index, const std::string &name) {
     const std::string upper = design_control_upper(name);
     for (const design_control_t &other : view->all) {
         if (other.index != index && design_control_upper(other.name) == upper) {
             return "the view has a control with the name " + other.name;
         }
     }
-    return "";
+    return design_name_fault(name);
 }
 
 struct rename_t {
@@ -253,7 +257,8 @@ cJSON *design_control_rename(design_files_t *files, const cJSON *args, std::vect
     rename_t rename = {cJSON_CreateArray(), view.all[(u32)index].name, name};
     design_edit_value(rename.edits, &view, (u32)index, ".property.pub_t.name", cJSON_CreateString(name.c_str()));
     if (!rename.old_name.empty() && rename.old_name != name) {
-        design_control_actions(files, &view, {rename.old_name}, action_rename, &rename);
+        const std::set<std::string> names = {rename.old_name};
+        design_control_actions(files, &view, &names, action_rename, &rename);
     }
     made->push_back(design_view_path(&view, name));
     return rename.edits;

@@ -31,10 +31,18 @@ static size_t name_in(const design_view_t *view, bool same_view, zof_action_arg_
     return of_view && names.contains(path.substr(at)) ? at : std::string::npos;
 }
 
+// Returns 0 if an argument is the view, or a control with its view's name; npos otherwise.
+static size_t view_in(const design_view_t *view, zof_action_arg_e kind, const std::string &argument) {
+    const bool is_view = kind == ZOF_ACTION_VIEW && (argument == view->name || argument == view->name + ".g");
+    const bool in_view =
+        (kind == ZOF_ACTION_CONTROL || kind == ZOF_ACTION_FIELD) && argument.starts_with(view->name + "/");
+    return is_view || in_view ? 0 : std::string::npos;
+}
+
 struct action_walk_t {
     const design_view_t *view;
     std::string file;
-    const std::set<std::string> *names;
+    const std::set<std::string> *names; // of controls; null for the view itself
     design_action_fn fn;
     void *arg;
 };
@@ -46,8 +54,10 @@ static void action_look(const action_walk_t *walk, const std::string &path, cons
     }
     for (u32 i = 0; i < ZOF_ACTION_ARGS && action.args[i]; i++) {
         const auto begin = (size_t)(action.args[i] - action.text);
-        const size_t at =
-            name_in(walk->view, walk->file == walk->view->file, action.row->args[i], action.args[i], *walk->names);
+        const zof_action_arg_e kind = action.row->args[i];
+        const size_t at = walk->names
+                              ? name_in(walk->view, walk->file == walk->view->file, kind, action.args[i], *walk->names)
+                              : view_in(walk->view, kind, action.args[i]);
         const bool there = std::string(text).compare(begin, strlen(action.args[i]), action.args[i]) == 0;
         if (at != std::string::npos && there) {
             walk->fn(walk->file, path, text, begin + at, walk->arg);
@@ -74,14 +84,14 @@ static void entry_look(const action_walk_t *walk, const zof_jdoc_t *json, u32 en
     }
 }
 
-void design_control_actions(design_files_t *files, const design_view_t *view, const std::set<std::string> &names,
+void design_control_actions(design_files_t *files, const design_view_t *view, const std::set<std::string> *names,
                             design_action_fn fn, void *arg) {
     for (auto &[file, entry] : files->files) {
         if (!file.starts_with("config/view/") || entry.doc.text.find("\"on\"") == std::string::npos ||
             !design_doc_index(&entry.doc)) {
             continue;
         }
-        const action_walk_t walk = {view, file, &names, fn, arg};
+        const action_walk_t walk = {view, file, names, fn, arg};
         const zof_jdoc_t json = design_doc_json(&entry.doc);
         const u32 controls = zof_jdoc_get(&json, 0, "controls");
         u32 index = 0;
@@ -207,7 +217,7 @@ std::vector<std::string> design_control_uses(design_files_t *files, const design
         names.insert(name);
     }
     note_t note = {files, view, &controls, &uses};
-    design_control_actions(files, view, names, action_note, &note);
+    design_control_actions(files, view, &names, action_note, &note);
     if (search.words.empty()) {
         return uses;
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "check/zof_fmt.h"
 #include "design_text.h"
 #include "zof_lib/zof_util.h"
 
@@ -251,6 +252,9 @@ static std::string edit_apply(design_plan_t *plan, const cJSON *json) {
     for (const auto &kind : kinds) {
         if (!member(json, kind.name)) {
             continue;
+        }
+        if (kind.apply == value_set && !edit.doc->exists && zof_fmt_file(edit.file.c_str())) {
+            file_put(edit, "{\n}\n", true); // a file that projects may lack, such as the looks of a theme
         }
         if (kind.path && !edit.doc->exists) {
             return "there is no file " + edit.file;

@@ -101,6 +101,11 @@ cJSON *design_control_group(design_files_t *files, const cJSON *args, std::vecto
                             std::string *error);
 cJSON *design_control_rename(design_files_t *files, const cJSON *args, std::vector<std::string> *made,
                              std::vector<std::string> *uses, std::string *error);
+// Operations on views, design_view.cpp: `args->view` is the one that is copied, with or without its controls, renamed
+// or deleted; `args->name` is the new name. `uses` gets the actions that name it.
+cJSON *design_view_add(design_files_t *files, const cJSON *args, std::string *error);
+cJSON *design_view_rename(design_files_t *files, const cJSON *args, std::string *error);
+cJSON *design_view_delete(design_files_t *files, const cJSON *args, std::vector<std::string> *uses, std::string *error);
 // The JSON text of controls, with their children, as it stands in the file.
 std::string design_control_copy(design_files_t *files, const cJSON *args, std::string *error);
 

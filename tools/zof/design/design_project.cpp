@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
+#include <set>
 
 #include "design_in.h"
 #include "drv/zof_drv.h"
@@ -74,6 +75,20 @@ static void colours_add(cJSON *out, const std::string &file) {
     cJSON_Delete(values);
 }
 
+static void looks_add(cJSON *out, const std::string &file, std::set<std::string> *known) {
+    std::string ignored;
+    cJSON *values = design_files_read(design.files, file, "looks", &ignored);
+    const cJSON *value = nullptr;
+    cJSON_ArrayForEach(value, values) {
+        const char *path = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(value, "path"));
+        const std::string name = path ? std::string(path).substr(0, std::string(path).find('.')) : "";
+        if (!name.empty() && known->insert(name).second) {
+            cJSON_AddItemToArray(out, cJSON_CreateString(name.c_str()));
+        }
+    }
+    cJSON_Delete(values);
+}
+
 cJSON *design_project() {
     const cJSON *project = design_canvas_project();
     cJSON *out = cJSON_CreateObject();
@@ -89,9 +104,14 @@ cJSON *design_project() {
     names_add(out, "clips", "video/");
     cJSON *colours = cJSON_AddArrayToObject(out, "colours");
     colours_add(colours, "config/looks.g");
+    cJSON *looks = cJSON_AddArrayToObject(out, "looks");
+    std::set<std::string> known;
+    looks_add(looks, "config/looks.g", &known);
     const cJSON *theme = nullptr;
     cJSON_ArrayForEach(theme, cJSON_GetObjectItemCaseSensitive(project, "themes")) {
-        colours_add(colours, "config/theme/" + std::string(theme->valuestring) + "/looks.g");
+        const std::string file = "config/theme/" + std::string(theme->valuestring) + "/looks.g";
+        colours_add(colours, file);
+        looks_add(looks, file, &known);
     }
     return out;
 }

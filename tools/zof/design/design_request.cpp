@@ -261,6 +261,26 @@ static void run_rename(const design_request_t &request, const cJSON *args) {
     gesture_answer(request, gesture, "edit", error, {{"control", first_of(made)}, {"uses", texts(uses)}});
 }
 
+static void run_view_add(const design_request_t &request, const cJSON *args) {
+    std::string error;
+    cJSON *edits = design_view_add(design.files, args, &error);
+    gesture_answer(request, operation_apply(edits, "Add " + design_text_of(args, "name"), &error), "edit", error);
+}
+
+static void run_view_rename(const design_request_t &request, const cJSON *args) {
+    std::string error;
+    cJSON *edits = design_view_rename(design.files, args, &error);
+    gesture_answer(request, operation_apply(edits, "Rename " + design_text_of(args, "view"), &error), "edit", error);
+}
+
+static void run_view_delete(const design_request_t &request, const cJSON *args) {
+    std::string error;
+    std::vector<std::string> uses;
+    cJSON *edits = design_view_delete(design.files, args, &uses, &error);
+    gesture_answer(request, operation_apply(edits, "Delete " + design_text_of(args, "view"), &error), "edit", error,
+                   {{"uses", texts(uses)}});
+}
+
 // Passes a request to the player, whose commands have the same names and arguments.
 static void run_player(const design_request_t &request, const cJSON *args) {
     cJSON *command = view_command(design_text_of(args, "do").c_str());
@@ -307,6 +327,9 @@ static constexpr struct {
     {"reorder", run_reorder},
     {"group", run_group},
     {"rename", run_rename},
+    {"viewAdd", run_view_add},
+    {"viewRename", run_view_rename},
+    {"viewDelete", run_view_delete},
     {"state", run_player},
     {"hit", run_player},
     {"tile", design_tile_ask},

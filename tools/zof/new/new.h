@@ -76,6 +76,22 @@ std::string new_language_name(const std::string &language);
 // language.
 std::string new_file(const char *name, bool languages);
 
+std::string new_replaced(std::string text, const std::string &from, const std::string &to);
+
+// A look or a colour: its name, and its JSON text as it stands in a file of looks.
+struct new_look_t {
+    std::string name, text;
+};
+
+// The file of all looks that a new project can have, with fonts and paddings for the size of the page.
+std::string new_looks_text(const new_page_t &page);
+// The looks of such a file; each one follows the one that it inherits from.
+std::vector<new_look_t> new_looks_split(const std::string &text);
+// The file without the looks that neither a view nor a look in use names.
+std::string new_looks_used(const std::string &text, const std::string &view);
+// Returns the name of the look with which a control of a type begins; "" if the type needs none.
+const char *new_look_name(const std::string &type);
+
 // What a new project is made of.
 struct new_project_t {
     std::string name;           // of project and program

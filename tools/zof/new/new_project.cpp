@@ -62,44 +62,6 @@ std::string new_project_check(const new_project_t &project) {
     return fault.empty() ? name_check(project.name) : fault;
 }
 
-static std::string replaced(std::string text, const std::string &from, const std::string &to) {
-    for (size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
-        text.replace(at, from.size(), to);
-    }
-    return text;
-}
-
-// Removes unused looks. Each look begins on its own line and follows the looks that it inherits from.
-static std::string looks_used(const std::string &text, const std::string &view) {
-    const std::string start = "\n        \"";
-    const size_t first = text.find(start, text.find("\"looks\"")), last = text.rfind("\n    }");
-    std::string used;
-    for (size_t end = last; end > first;) {
-        const size_t at = text.rfind(start, end - 1), name = at + start.size() - 1;
-        const std::string quoted = text.substr(name, text.find('"', name + 1) + 1 - name);
-        if (view.find("\"look\": " + quoted) != std::string::npos ||
-            used.find("\"is\": " + quoted) != std::string::npos) {
-            const std::string look = text.substr(at, end - at);
-            used.insert(0, look.substr(0, look.find_last_of('}') + 1) + (used.empty() ? "" : ","));
-        }
-        end = at;
-    }
-    return text.substr(0, first) + used + text.substr(last);
-}
-
-static std::string looks_text(const new_page_t &page) {
-    const new_scale_t *scale = page.scale;
-    std::string text = looks_used(new_file("looks.g", true), page.controls);
-    for (const auto &[mark, size] : {std::pair("@FONT_SMALL@", scale->small),
-                                     {"@FONT_TEXT@", scale->text},
-                                     {"@FONT_TITLE@", scale->title},
-                                     {"@FONT_VALUE@", scale->value}}) {
-        const std::string font = ", \"font_lib\": \"text.ttf\", \"font_size\": " + std::to_string(size);
-        text = replaced(text, mark, page.font ? font : "");
-    }
-    return replaced(text, "@PAD@", std::to_string((scale->touch - new_line(page, scale->text)) / 2));
-}
-
 static std::string project_text(const new_project_t &project) {
     return "{\n    \"p_name\": \"" + project.name + "\", \"width\": " + std::to_string(project.width) +
            ", \"height\": " + std::to_string(project.height) + ", \"start_page\": 1, \"language\": \"" +
@@ -116,7 +78,7 @@ static std::string program_text(const new_project_t &project, const new_template
     for (const std::string &language : project.languages) {
         list += (list.empty() ? "\"" : ", \"") + language + "\"";
     }
-    return replaced(text + "\n" + new_file("end.c", several), "LANGUAGES", list);
+    return new_replaced(text + "\n" + new_file("end.c", several), "LANGUAGES", list);
 }
 
 static std::string link_text(unsigned baud) {
@@ -136,7 +98,7 @@ std::vector<new_file_t> new_project_files(const new_project_t &project) {
     std::vector<new_file_t> files = {
         {"res/config/project/zofprj.g", project_text(project)},
         {"res/config/view/main.g", view},
-        {"res/config/looks.g", looks_text(page)},
+        {"res/config/looks.g", new_looks_used(new_looks_text(page), page.controls)},
         {"res/config/theme/day/looks.g", "{}\n"},
         {"res/config/theme/night/looks.g", new_file("night.g", true)},
     };
@@ -150,7 +112,7 @@ std::vector<new_file_t> new_project_files(const new_project_t &project) {
     if (project.program) {
         files.push_back({"main.c", program_text(project, *form)});
         files.push_back({".gitignore", "build/\n"});
-        files.push_back({"CMakeLists.txt", replaced(new_file("CMakeLists.txt", true), "blank", project.name)});
+        files.push_back({"CMakeLists.txt", new_replaced(new_file("CMakeLists.txt", true), "blank", project.name)});
         files.push_back({".vscode/settings.json", new_file("settings.json", true)});
         for (const char *file : {"icon.svg", "program.desktop.in", "program.rules.in", "program.service.in"}) {
             files.push_back({std::string("package/") + file, new_file(file, true)});

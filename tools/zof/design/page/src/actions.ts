@@ -7,12 +7,14 @@ import {
     byPath,
     chosen,
     controls,
+    dialog,
     fault,
     keep,
     kept,
     menu,
     posed,
     project,
+    question,
     selected,
     selection,
     shown,
@@ -249,6 +251,36 @@ export async function paste(text: string): Promise<void> {
     const parent = chosen.value?.type === 'container' ? chosen.value.path : undefined;
     const reply = await attempt(request('paste', { view: shown.value.view, text, parent }));
     if (reply) selection.value = reply.controls;
+}
+
+/** Asks for a text; an empty one is not taken. */
+export function ask(name: string, button: string, start: string, onDone: (text: string) => void): void {
+    question.value = { name, button, start, onDone };
+    dialog.value = 'ask';
+}
+
+// ---- views
+
+/** Makes a view as the one that is shown, with its controls or without. */
+export const addView = (copy: boolean): void =>
+    ask(copy ? words.duplicateView : words.newView, words.make, '', (name) => {
+        void attempt(request('viewAdd', { view: shown.value.view, name, copy })).then(
+            (reply) => reply && show({ view: name }),
+        );
+    });
+
+export async function renameView(name: string): Promise<void> {
+    const reply = await attempt(request('viewRename', { view: shown.value.view, name }));
+    if (reply) show({ view: name });
+}
+
+export async function removeView(): Promise<void> {
+    const { view } = shown.value;
+    const other = project.value?.views.find((one) => one.name !== view)?.name;
+    const reply = await attempt(request('viewDelete', { view }));
+    if (!reply) return;
+    if (other) show({ view: other });
+    if (reply.uses.length) fault.value = words.deleted(view, reply.uses.join(', '));
 }
 
 /** One step to the front or back among siblings; to the end with `end`. */

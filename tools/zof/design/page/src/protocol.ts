@@ -41,6 +41,7 @@ export interface Project {
     pictures: string[];
     sounds: string[];
     clips: string[];
+    looks: string[];
     colours: { name: string; value: string; file: string; path: string }[]; // of looks: "accent", "#D9863D"
 }
 
@@ -302,6 +303,11 @@ export interface Requests {
     };
     // `uses` are places in C code and scripts of the folder that name it, "main.c:24".
     rename: { args: { control: string; name: string }; reply: { gesture: Gesture; control: string; uses: string[] } };
+
+    // Views: `view` is the one that is copied, with its controls or without, renamed or deleted. `uses` are actions that name it.
+    viewAdd: { args: { view: string; name: string; copy: boolean }; reply: { gesture: Gesture } };
+    viewRename: { args: { view: string; name: string }; reply: { gesture: Gesture } };
+    viewDelete: { args: { view: string }; reply: { gesture: Gesture; uses: string[] } };
 
     // States of a control in the picture only: "pressed+checked"; "default" clears them.
     state: { args: { control: string; state: string }; reply: object };

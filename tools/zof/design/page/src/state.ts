@@ -34,7 +34,17 @@ export interface Menu {
     under: Control[]; // front-most first
 }
 export const menu = signal<Menu | null>(null);
-export const dialog = signal<'' | 'find' | 'keys' | 'rename' | 'live'>('');
+export const dialog = signal<'' | 'find' | 'keys' | 'rename' | 'live' | 'ask'>('');
+/** What the dialog `ask` asks for. */
+export interface Question {
+    name: string;
+    button: string;
+    start: string;
+    onDone: (text: string) => void;
+}
+export const question = signal<Question | null>(null);
+/** What the inspector shows while nothing is selected. */
+export const about = signal<'view' | 'project'>('view');
 
 /** The first control of each path; in a file with faults several may have the same. */
 export const byPath = computed(
@@ -166,6 +176,13 @@ export function namesOf(kind: KindName): string[] {
         clip: now?.clips,
         theme: now?.themes,
         language: now?.languages,
+        look: now?.looks,
     };
     return all[kind] ?? [];
 }
+
+// Whatever is chosen or shown next is what the inspector is about.
+effect(() => {
+    void [selection.value, shown.value.view];
+    about.value = 'view';
+});

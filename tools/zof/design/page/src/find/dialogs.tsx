@@ -6,7 +6,7 @@ import { nameOf, rename, setMode, show } from '../actions';
 import { iconOf } from '../catalogue';
 import { actions } from '../keys';
 import { Icon } from '../shell/icon';
-import { chosen, controls, dialog, project, selection, shown } from '../state';
+import { chosen, controls, dialog, project, question, selection, shown, type Question } from '../state';
 import { words } from '../words';
 
 function Dialog({ name, children }: { name: string; children: ComponentChildren }) {
@@ -136,17 +136,7 @@ function Keys() {
 }
 
 /** A dialog with one text. */
-function Ask({
-    name,
-    start,
-    button,
-    onDone,
-}: {
-    name: string;
-    start: string;
-    button: string;
-    onDone: (text: string) => void;
-}) {
+function Ask({ name, start, button, onDone }: Question) {
     const [text, setText] = useState(start);
     return (
         <Dialog name={name}>
@@ -199,6 +189,8 @@ export function Dialogs() {
                     onDone={(port) => setMode('live', port)}
                 />
             );
+        case 'ask':
+            return question.value && <Ask {...question.value} />;
         default:
             return null;
     }

@@ -1,8 +1,19 @@
 // The form of what is selected: its name, place and size, its own keys, its styles.
 import { useEffect, useState } from 'preact/hooks';
 
-import { attempt, nameOf, openSource, remove, rename, duplicate, toggleLock } from '../actions';
-import { iconOf, rowsOf, typeOf, type Row } from '../catalogue';
+import {
+    addView,
+    attempt,
+    duplicate,
+    nameOf,
+    openSource,
+    remove,
+    removeView,
+    rename,
+    renameView,
+    toggleLock,
+} from '../actions';
+import { catalogue, iconOf, rowsOf, typeOf, type Row } from '../catalogue';
 import type { Control, Value } from '../protocol';
 import { request } from '../socket';
 import { Button } from '../shell/button';
@@ -10,7 +21,7 @@ import { handler, rowConstant, target } from '../run/code';
 import { Events } from '../run/events';
 import { ValueNow } from '../run/value';
 import { Icon } from '../shell/icon';
-import { chosen, kept, lastGesture, project, selected, shown } from '../state';
+import { about, chosen, kept, lastGesture, project, selected, shown } from '../state';
 import { words } from '../words';
 import { commonRows, Form } from './form';
 import { Styles } from './styles';
@@ -44,12 +55,11 @@ const inside = (places: Place[], key: string): Place[] =>
         values: below(place.values, key + '.'),
     }));
 
-function Name({ control }: { control: Control }) {
-    const name = nameOf(control.path);
+function Name({ name, onName }: { name: string; onName: (name: string) => void }) {
     const [text, setText] = useState(name);
     useEffect(() => setText(name), [name]);
     const leave = (): void => {
-        if (text !== name && text) void rename(control.path, text);
+        if (text !== name && text) onName(text);
     };
     return (
         <input
@@ -76,7 +86,7 @@ function Head({ control }: { control: Control }) {
                 <Icon name={iconOf(control.type)} class="acc" />
                 {shown.value.mode === 'design' ? (
                     <>
-                        <Name control={control} />
+                        <Name name={nameOf(control.path)} onName={(name) => void rename(control.path, name)} />
                         <Button
                             icon="lock"
                             name={words.lock}
@@ -196,16 +206,53 @@ function Host({ control }: { control: Control }) {
     );
 }
 
-function View() {
-    const view = project.value?.views.find((one) => one.name === shown.value.view);
+/** The values of a file, or of an object in it, again after each change. */
+function useValues(file: string | undefined, path: string): Value[] {
     const [values, setValues] = useState<Value[]>([]);
     const gesture = lastGesture.value;
     useEffect(() => {
-        if (view)
-            void attempt(request('read', { file: view.file, path: 'view' })).then((reply) =>
-                setValues(reply?.values ?? []),
-            );
-    }, [view?.file, gesture]);
+        if (file) void attempt(request('read', { file, path })).then((reply) => setValues(reply?.values ?? []));
+    }, [file, path, gesture]);
+    return values;
+}
+
+const PROJECT = 'config/project/zofprj.g';
+
+function ProjectForm() {
+    const values = useValues(PROJECT, '');
+    const name = project.value?.name ?? '';
+    return (
+        <>
+            <div class="who">
+                <div class="l1">
+                    <Icon name="device" class="acc" />
+                    <h2 class="grow">{name}</h2>
+                    <button class="link" onClick={() => (about.value = 'view')}>
+                        {shown.value.view}
+                    </button>
+                </div>
+                <div class="l2">
+                    <button class="link mono" onClick={() => openSource(PROJECT, 1, 1)}>
+                        zofprj.g
+                    </button>
+                </div>
+            </div>
+            <div class="forms">
+                {values.length > 0 && (
+                    <Form
+                        subject={{ name, places: [{ file: PROJECT, path: '', values }] }}
+                        record={catalogue.value.files.find((one) => one.path === PROJECT)?.record ?? ''}
+                        without={['views']}
+                    />
+                )}
+            </div>
+        </>
+    );
+}
+
+function View() {
+    const view = project.value?.views.find((one) => one.name === shown.value.view);
+    const values = useValues(view?.file, 'view');
     if (shown.value.mode !== 'design')
         return (
             <>
@@ -224,7 +271,14 @@ function View() {
             <div class="who">
                 <div class="l1">
                     <Icon name="views" class="acc" />
-                    <h2>{view.name}</h2>
+                    <Name name={view.name} onName={(name) => void renameView(name)} />
+                    <Button icon="copy" name={words.duplicateView} onClick={() => addView(true)} />
+                    <Button
+                        icon="trash"
+                        name={words.removeView}
+                        disabled={project.value?.views.length === 1}
+                        onClick={() => void removeView()}
+                    />
                 </div>
                 <div class="l2">
                     <span class="t3">{words.selectHint}</span>
@@ -234,7 +288,7 @@ function View() {
                 <Form
                     subject={{ name: view.name, places: [{ file: view.file, path: 'view', values }] }}
                     record="view"
-                    without={['v_id']}
+                    without={['v_id', 'v_name']}
                 />
             </div>
         </>
@@ -282,6 +336,8 @@ export function Inspector() {
                 <Several list={list} />
             ) : control ? (
                 <Single key={control.path} control={control} />
+            ) : about.value === 'project' && shown.value.mode === 'design' ? (
+                <ProjectForm />
             ) : (
                 <View />
             )}

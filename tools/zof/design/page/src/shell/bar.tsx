@@ -1,7 +1,7 @@
 // The bar: project, undo, problems; the mode; language and theme of the picture, find, light or dark.
 import { redo, setMode, show, undo } from '../actions';
 import { chooseProblem } from '../keys';
-import { chosenProblem, dialog, keep, kept, problems, project, shown, undoState } from '../state';
+import { about, chosenProblem, dialog, keep, kept, problems, project, selection, shown, undoState } from '../state';
 import { words } from '../words';
 import { Button } from './button';
 import { Icon } from './icon';
@@ -96,7 +96,16 @@ export function Bar() {
             <div class="side">
                 <Logo />
                 <h1 class="name" title={project.value?.dir}>
-                    {project.value?.name}
+                    <button
+                        class="btn"
+                        title={words.projectForm}
+                        onClick={() => {
+                            selection.value = [];
+                            about.value = 'project';
+                        }}
+                    >
+                        {project.value?.name}
+                    </button>
                 </h1>
                 <span class="sep" />
                 <Button

@@ -1,12 +1,15 @@
 // The named colours of the project: a change of one changes all its uses.
-import { setValue } from '../actions';
+import { ask, setValue } from '../actions';
 import { tryEdits } from '../canvas/drag';
+import { Button } from '../shell/button';
 import { project } from '../state';
 import { words } from '../words';
 
 export function Colours() {
     const all = project.value?.colours ?? [];
-    const files = [...new Set(all.map((colour) => colour.file))];
+    const files = [...new Set(['config/looks.g', ...all.map((colour) => colour.file)])];
+    const add = (file: string): void =>
+        ask(words.newColour, words.make, '', (name) => setValue(words.addOf(name), file, `colors.${name}`, '#808080'));
     return (
         <>
             <div class="head">
@@ -16,7 +19,10 @@ export function Colours() {
                 {!all.length && <p class="note">{words.noColours}</p>}
                 {files.map((file) => (
                     <section class="sect" key={file}>
-                        <h3 class="mono">{file.replace('config/', '')}</h3>
+                        <div class="head">
+                            <h3 class="mono grow">{file.replace('config/', '')}</h3>
+                            <Button icon="add" name={words.newColour} onClick={() => add(file)} />
+                        </div>
                         {all
                             .filter((colour) => colour.file === file)
                             .map((colour) => (

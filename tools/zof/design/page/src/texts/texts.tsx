@@ -2,7 +2,7 @@
 import { signal } from '@preact/signals';
 import { useEffect, useState } from 'preact/hooks';
 
-import { attempt, edit } from '../actions';
+import { ask, attempt, edit } from '../actions';
 import { Tile } from '../canvas/tile';
 import type { TextCell, TextRow } from '../protocol';
 import { request } from '../socket';
@@ -104,6 +104,13 @@ function Fault({ cell }: { cell: TextCell }) {
 /** The rows that the filter leaves. */
 const listed = (): TextRow[] => rows.value.filter(tests[filter.value]);
 
+/** Makes a language with the texts of the one that is shown, to be translated. */
+async function addLanguage(code: string): Promise<void> {
+    const from = shown.value.language || (project.value?.languages[0] ?? '');
+    const source = from ? await request('source', { file: languageFile(from) }) : { text: '{}\n' };
+    await edit(words.addOf(code), [{ file: languageFile(code), create: source.text }]);
+}
+
 async function load(file: File | undefined): Promise<void> {
     if (!file) return;
     const edits = tableEdits(tableCells(await file.text()), rows.value, project.value?.languages ?? []);
@@ -188,6 +195,13 @@ export function Texts() {
             <div class="tools">
                 <span class="m">{words.textsCount(list.length)}</span>
                 <span class="grow" />
+                <button
+                    class="btn edge"
+                    onClick={() => ask(words.newLanguage, words.make, '', (code) => void addLanguage(code))}
+                >
+                    <Icon name="add" />
+                    {words.oneLanguage}
+                </button>
                 <Chooser
                     name={words.importTable}
                     accept=".csv,.tsv,.txt"

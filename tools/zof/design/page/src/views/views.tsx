@@ -1,11 +1,12 @@
 // The views with real pictures, and the outline of the one that is shown.
 import { useState } from 'preact/hooks';
 
-import { attempt, menuOpen, nameOf, openSource, show } from '../actions';
+import { addView, attempt, menuOpen, nameOf, openSource, show } from '../actions';
 import { Tile } from '../canvas/tile';
 import { iconOf } from '../catalogue';
 import type { Control } from '../protocol';
 import { request } from '../socket';
+import { Button } from '../shell/button';
 import { Filter } from '../shell/filter';
 import { Icon } from '../shell/icon';
 import { byPath, controls, hovered, keep, kept, problems, project, selection, shown } from '../state';
@@ -248,7 +249,10 @@ export function Views() {
             {shown.value.mode !== 'live' && (
                 <>
                     <div class="head">
-                        <h2>{words.views}</h2>
+                        <h2 class="grow">{words.views}</h2>
+                        {shown.value.mode === 'design' && (
+                            <Button icon="add" name={words.newView} onClick={() => addView(false)} />
+                        )}
                     </div>
                     <div class="view-list">
                         {project.value?.views.map((view) => (
