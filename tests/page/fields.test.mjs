@@ -1,5 +1,7 @@
 // Fields of the forms, in a browser: what is typed is shown, written once, and taken back.
 import assert from 'node:assert/strict';
+import { readFileSync } from 'node:fs';
+import { dirname, join } from 'node:path';
 import { after } from 'node:test';
 
 import { axe_findings, browser, story, until } from './lib.mjs';
@@ -55,4 +57,31 @@ story('An action is put together from what the fields offer, and written once', 
     await field.press('Enter');
     await until('another action', () => at.text().includes('"on": {"clicked": ["beep 50"]}'));
     assert.deepEqual(await axe_findings(page), []);
+});
+
+story('The look of a control is edited in its file, and every control with it follows', async (at) => {
+    const { page } = at;
+    const looks = join(dirname(at.file), '../looks.g');
+    const first = readFileSync(looks, 'utf8');
+    const text = at.text();
+    await at.row('stop').click();
+    await page.getByRole('tab', { name: 'Style' }).click();
+    await page.getByLabel('Style of', { exact: true }).selectOption('look button');
+    const colour = page.getByLabel('Colour', { exact: true }).first();
+    await colour.fill('$accent');
+    await colour.press('Enter');
+    await until('the look has it', () => readFileSync(looks, 'utf8') === first.replace(/("button": \{[^}]*?"main_color": )"\$card"/s, '$1"$accent"'));
+    await page.getByRole('radio', { name: 'pressed' }).click();
+    assert.deepEqual(await axe_findings(page), []);
+    const opacity = page.getByLabel('Opacity', { exact: true }).first();
+    await opacity.fill('200');
+    await opacity.press('Enter');
+    await until('the pressed one, too', () => readFileSync(looks, 'utf8').includes('"pressed": {"body_t": {"main_color": "$line", "opa": 200}}'));
+    assert.equal(at.text(), text);
+    // The list's buttons are a second object with styles of their own.
+    await page.locator('[role=treeitem]').filter({ hasText: /^messages$/ }).click();
+    await page.getByRole('tab', { name: 'Style' }).click();
+    await page.getByLabel('Object', { exact: true }).selectOption('second');
+    await page.getByLabel('Style of', { exact: true }).selectOption('look list');
+    await page.getByLabel('Opacity', { exact: true }).first().waitFor();
 });

@@ -21,7 +21,8 @@ static const zof_cat_key_t look_style_keys[] = {
 ZOF_CAT_RECORD(zof_cat_look_style, "look style", nullptr, nullptr, look_style_keys);
 
 static const zof_cat_key_t look_keys[] = {
-    {.key = "is", .kind = ZOF_CAT_LOOK_NAME, .group = ZOF_CAT_LOOK, .help = "the look that this one inherits from"},
+    {.key = "is", .label = "inherits from", .kind = ZOF_CAT_LOOK_NAME, .group = ZOF_CAT_LOOK,
+     .help = "the look that this one inherits from"},
     {.key = "body_t", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK,
      .help = "body of the main part, as in [styles](#styles)", .record = &zof_cat_body},
     {.key = "txt_t", .label = "text", .kind = ZOF_CAT_OBJECT, .group = ZOF_CAT_LOOK, .help = "its text",

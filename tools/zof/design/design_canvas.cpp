@@ -10,8 +10,9 @@
 #include "drv/zof_drv.h"
 
 enum {
-    RESTART_MS = 300,  // between the end of a player and its next start
-    AGAIN_MS = 5000,   // a player that ends within this time of its start has been ended by the project
+    RESTART_MS = 300, // between the end of a player and its next start
+    AGAIN_MS = 5000,  // a player that ends within this time of its start has been ended by the project
+    POSE_MS = 1000,
     HANG_MS = 10000,   // a player that has not answered by then is ended
     TREE_BUSY_MS = 50, // between two lists of what is drawn, while pictures follow each other
     TREE_LARGE = 300,  // controls; lists of so many are made less often
@@ -42,6 +43,8 @@ static struct {
     // A choice that waits for the load under way, whose project may be the first one that has the view; null for none.
     cJSON *choice;
     design_request_t choice_request;
+
+    std::string posed, pose; // the control that the picture shows in a state, and the state; empty for none
 
     u32 loads;      // finished ones of the session that the pages know of
     u32 started_at; // the last start of a player
@@ -172,8 +175,29 @@ static void line_take(const cJSON *line) {
     }
 }
 
+static void pose_send(const design_request_t &request) {
+    cJSON *command = view_command("state");
+    cJSON_AddStringToObject(command, "control", canvas.posed.c_str());
+    cJSON_AddStringToObject(command, "state", canvas.pose.c_str());
+    ask(request, command, false);
+    cJSON *advance = view_command("advance"); // states may fade in, and the time of the picture stands still
+    cJSON_AddNumberToObject(advance, "ms", POSE_MS);
+    ask({}, advance, false);
+    canvas.tree_due = true;
+}
+
+// A control that a file describes again has lost its state.
+static void pose_again() {
+    if (canvas.mode == "design" && !canvas.posed.empty()) {
+        pose_send({});
+    }
+}
+
 static void reply_send(const pending_t &done) {
     const bool good = cJSON_IsTrue(cJSON_GetObjectItemCaseSensitive(done.reply, "ok"));
+    if (done.edit && good) {
+        pose_again();
+    }
     if (done.edit && !good) {
         view_session_reload(canvas.shown);
     }
@@ -271,7 +295,9 @@ static void project_report() {
     cJSON *event = design_event_make("project");
     cJSON_AddItemToObject(event, "project", design_project());
     design_event(event);
-    shown_report();
+    if (!canvas.choice) { // which is shown next, and reported then
+        shown_report();
+    }
 }
 
 static void choose(const design_request_t &request, const cJSON *args) {
@@ -285,19 +311,32 @@ static void choose(const design_request_t &request, const cJSON *args) {
     }
     canvas.language = !design_text_of(args, "language").empty() ? design_text_of(args, "language") : canvas.language;
     canvas.theme = !design_text_of(args, "theme").empty() ? design_text_of(args, "theme") : canvas.theme;
-    canvas.view = !design_text_of(args, "view").empty() ? design_text_of(args, "view") : canvas.view;
+    if (!design_text_of(args, "view").empty() && canvas.view != design_text_of(args, "view")) {
+        canvas.view = design_text_of(args, "view");
+        canvas.posed.clear();
+    }
     ask(request, command, false);
     shown_report();
     canvas.tree_due = true;
 }
 
+static bool loads_soon() {
+    return canvas.shown->changed || canvas.shown->load_id;
+}
+
+// A choice is kept while another load follows, which would bring back what was shown when the files changed.
 static void choice_take() {
     cJSON *choice = canvas.choice;
     canvas.choice = nullptr;
     if (choice) {
         choose(canvas.choice_request, choice);
     }
-    cJSON_Delete(choice);
+    if (choice && loads_soon()) {
+        canvas.choice = choice;
+        canvas.choice_request = {};
+    } else {
+        cJSON_Delete(choice);
+    }
 }
 
 // Notices that a fresh player has drawn the project, or could not.
@@ -316,6 +355,7 @@ static void loads_take() {
     canvas.ended = false;
     runtime_report(runs ? "runs" : "stopped", session->note);
     canvas.tree_due = true;
+    pose_again();
     choice_take();
 }
 
@@ -450,9 +490,22 @@ void design_canvas_try(const design_request_t &request, const std::vector<design
     }
 }
 
+void design_canvas_pose(const design_request_t &request, const cJSON *args) {
+    canvas.posed = design_text_of(args, "control");
+    canvas.pose = design_text_of(args, "state");
+    pose_send(request);
+    if (canvas.pose == "default") {
+        canvas.posed.clear();
+    }
+}
+
 void design_canvas_choose(const design_request_t &request, const cJSON *args) {
-    choice_take();
-    if (canvas.shown->changed || canvas.shown->load_id) {
+    if (canvas.choice && canvas.choice_request.page) {
+        design_answer(canvas.choice_request, cJSON_CreateObject());
+    }
+    cJSON_Delete(canvas.choice);
+    canvas.choice = nullptr;
+    if (loads_soon()) {
         canvas.choice = cJSON_Duplicate(args, 1);
         canvas.choice_request = request;
     } else {

@@ -45,10 +45,8 @@ static cJSON *edit_remove(const about_t &about) {
     return edit;
 }
 
-// Adds a fix of one edit. An edit that cannot be made is left out.
-static void fix_add(cJSON *out, const std::string &label, bool sure, cJSON *edit) {
-    cJSON *edits = cJSON_CreateArray();
-    cJSON_AddItemToArray(edits, edit);
+// Adds a fix. Edits that cannot be made are left out.
+static void edits_add(cJSON *out, const std::string &label, bool sure, cJSON *edits) {
     design_gesture_t preview = {};
     if (!design_files_plan(design.files, edits, &preview.splices).empty() || preview.splices.empty()) {
         cJSON_Delete(edits);
@@ -62,6 +60,12 @@ static void fix_add(cJSON *out, const std::string &label, bool sure, cJSON *edit
     cJSON_AddItemToObject(fix, "changes", cJSON_DetachItemFromObject(gesture, "changes"));
     cJSON_Delete(gesture);
     cJSON_AddItemToArray(out, fix);
+}
+
+static void fix_add(cJSON *out, const std::string &label, bool sure, cJSON *edit) {
+    cJSON *edits = cJSON_CreateArray();
+    cJSON_AddItemToArray(edits, edit);
+    edits_add(out, label, sure, edits);
 }
 
 // Returns what the checker suggests in place of a name; empty if it suggests nothing.
@@ -160,6 +164,24 @@ static void range_fix(const about_t &about, cJSON *out) {
     }
 }
 
+static void look_fix(const about_t &about, cJSON *out) {
+    fix_add(out, "Remove the look", false, edit_remove(about));
+}
+
+static void text_fix(const about_t &about, cJSON *out) {
+    cJSON *edits = cJSON_CreateArray();
+    const cJSON *language = nullptr;
+    cJSON_ArrayForEach(language, cJSON_GetObjectItemCaseSensitive(design_canvas_project(), "languages")) {
+        const std::string file = "config/languages/" + std::string(language->valuestring) + ".g";
+        if (!design_files_value(design.files, file, about.key).empty()) {
+            cJSON *edit = edit_remove(about);
+            cJSON_ReplaceItemInObject(edit, "file", cJSON_CreateString(file.c_str()));
+            cJSON_AddItemToArray(edits, edit);
+        }
+    }
+    edits_add(out, "Remove it from all languages", false, edits);
+}
+
 // Adds a line to the file of findings that are meant to be so.
 static void ignore_fix(const about_t &about, cJSON *out) {
     static const char ignore[] = "zof-check.ignore";
@@ -185,9 +207,10 @@ static constexpr struct {
     const char *rule;
     void (*make)(const about_t &about, cJSON *out);
 } makers[] = {
-    {"key-unknown", key_fix}, {"comma", comma_fix},         {"mark", mark_fix},  {"file-missing", name_fix},
-    {"look", name_fix},       {"name", name_fix},           {"theme", name_fix}, {"language", name_fix},
-    {"file-case", case_fix},  {"invisible", invisible_fix}, {"kind", kind_fix},  {"range", range_fix},
+    {"key-unknown", key_fix},  {"comma", comma_fix},         {"mark", mark_fix},  {"file-missing", name_fix},
+    {"look", name_fix},        {"name", name_fix},           {"theme", name_fix}, {"language", name_fix},
+    {"file-case", case_fix},   {"invisible", invisible_fix}, {"kind", kind_fix},  {"range", range_fix},
+    {"look-unused", look_fix}, {"text-unused", text_fix},
 };
 
 static size_t place_of(const std::string &source, u32 line, u32 col) {

@@ -83,6 +83,8 @@ void design_canvas_try(const design_request_t &request, const std::vector<design
 
 // Changes the view, the language, the theme: the arguments of the request `show`.
 void design_canvas_choose(const design_request_t &request, const cJSON *args);
+// Shows a control in a state until the view changes: the arguments of the request `state`.
+void design_canvas_pose(const design_request_t &request, const cJSON *args);
 void design_canvas_mode(const design_request_t &request, const cJSON *args);
 cJSON *design_canvas_shown(); // `Shown` of the protocol
 

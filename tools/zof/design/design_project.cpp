@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
-#include <set>
 
 #include "design_in.h"
 #include "drv/zof_drv.h"
@@ -75,15 +74,20 @@ static void colours_add(cJSON *out, const std::string &file) {
     cJSON_Delete(values);
 }
 
-static void looks_add(cJSON *out, const std::string &file, std::set<std::string> *known) {
+static void looks_add(cJSON *out, const std::string &file) {
     std::string ignored;
+    std::string last;
     cJSON *values = design_files_read(design.files, file, "looks", &ignored);
     const cJSON *value = nullptr;
-    cJSON_ArrayForEach(value, values) {
-        const char *path = cJSON_GetStringValue(cJSON_GetObjectItemCaseSensitive(value, "path"));
-        const std::string name = path ? std::string(path).substr(0, std::string(path).find('.')) : "";
-        if (!name.empty() && known->insert(name).second) {
-            cJSON_AddItemToArray(out, cJSON_CreateString(name.c_str()));
+    cJSON_ArrayForEach(value, values) { // an object comes before what is in it
+        const std::string path = design_text_of(value, "path");
+        const std::string name = path.substr(0, path.find('.'));
+        if (!name.empty() && name != last) {
+            cJSON *look = cJSON_CreateObject();
+            cJSON_AddStringToObject(look, "name", name.c_str());
+            cJSON_AddStringToObject(look, "file", file.c_str());
+            cJSON_AddItemToArray(out, look);
+            last = name;
         }
     }
     cJSON_Delete(values);
@@ -105,13 +109,12 @@ cJSON *design_project() {
     cJSON *colours = cJSON_AddArrayToObject(out, "colours");
     colours_add(colours, "config/looks.g");
     cJSON *looks = cJSON_AddArrayToObject(out, "looks");
-    std::set<std::string> known;
-    looks_add(looks, "config/looks.g", &known);
+    looks_add(looks, "config/looks.g");
     const cJSON *theme = nullptr;
     cJSON_ArrayForEach(theme, cJSON_GetObjectItemCaseSensitive(project, "themes")) {
         const std::string file = "config/theme/" + std::string(theme->valuestring) + "/looks.g";
         colours_add(colours, file);
-        looks_add(looks, file, &known);
+        looks_add(looks, file);
     }
     return out;
 }

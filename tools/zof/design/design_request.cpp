@@ -330,7 +330,7 @@ static constexpr struct {
     {"viewAdd", run_view_add},
     {"viewRename", run_view_rename},
     {"viewDelete", run_view_delete},
-    {"state", run_player},
+    {"state", design_canvas_pose},
     {"hit", run_player},
     {"tile", design_tile_ask},
     {"texts", design_texts_ask},

@@ -47,6 +47,7 @@ export interface Type {
     help: string;
     record: string;
     parts: string[];
+    sections: number; // objects that can be styled: 2 with an open list, or buttons
     states: string[];
     fields: string[]; // what the action `set` can change: txt, value
     width?: number;

@@ -41,7 +41,7 @@ export interface Project {
     pictures: string[];
     sounds: string[];
     clips: string[];
-    looks: string[];
+    looks: { name: string; file: string }[]; // a theme's file may have a look of the project again
     colours: { name: string; value: string; file: string; path: string }[]; // of looks: "accent", "#D9863D"
 }
 

@@ -176,7 +176,7 @@ export function namesOf(kind: KindName): string[] {
         clip: now?.clips,
         theme: now?.themes,
         language: now?.languages,
-        look: now?.looks,
+        look: [...new Set(now?.looks.map(({ name }) => name))],
     };
     return all[kind] ?? [];
 }

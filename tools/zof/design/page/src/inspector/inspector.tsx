@@ -1,4 +1,5 @@
 // The form of what is selected: its name, place and size, its own keys, its styles.
+import { signal } from '@preact/signals';
 import { useEffect, useState } from 'preact/hooks';
 
 import {
@@ -14,7 +15,7 @@ import {
     toggleLock,
 } from '../actions';
 import { catalogue, iconOf, rowsOf, typeOf, type Row } from '../catalogue';
-import type { Control, Value } from '../protocol';
+import type { Control } from '../protocol';
 import { request } from '../socket';
 import { Button } from '../shell/button';
 import { handler, rowConstant, target } from '../run/code';
@@ -26,6 +27,8 @@ import { words } from '../words';
 import { commonRows, Form } from './form';
 import { Styles } from './styles';
 import { below, type Place, type Subject } from './subject';
+import { jsonOf } from './value';
+import { useValues } from './values';
 
 /** The values of the entries of controls, again after each change. */
 function useEntries(list: Control[]): Place[] {
@@ -135,8 +138,17 @@ const rowsOfControl = (record: string): Row[] => [
     ...rowsOf('entry', ['type', 'property']),
 ];
 
+/** The name of the look that an entry names; empty if it names none. */
+const lookOf = (places: Place[]): string => {
+    const look = jsonOf(places[0]?.values.find((value) => value.path === 'look')?.raw);
+    return typeof look === 'string' ? look : '';
+};
+
+type Tab = 'form' | 'style' | 'host';
+
+const chosenTab = signal<Tab>('form'); // stays from one control to the next
+
 function Single({ control }: { control: Control }) {
-    const [tab, setTab] = useState<'form' | 'style' | 'host'>('form');
     const places = useEntries(shown.value.mode === 'design' ? [control] : []);
     const type = typeOf(control.type);
     if (!control.place || !type) return <Head control={control} />;
@@ -152,7 +164,8 @@ function Single({ control }: { control: Control }) {
     const name = nameOf(control.path);
     const entry: Subject = { name, places };
     const property: Subject = { name, places: inside(places, 'property') };
-    const tabs: [typeof tab, string][] = [
+    const tab = chosenTab.value;
+    const tabs: [Tab, string][] = [
         ['form', words.properties],
         ['style', words.style],
         ['host', words.host],
@@ -166,7 +179,7 @@ function Single({ control }: { control: Control }) {
                         role="tab"
                         class={tab === id ? 'tab on' : 'tab'}
                         aria-selected={tab === id}
-                        onClick={() => setTab(id)}
+                        onClick={() => (chosenTab.value = id)}
                     >
                         {text}
                     </button>
@@ -176,7 +189,9 @@ function Single({ control }: { control: Control }) {
                 {tab === 'form' && places.length > 0 && (
                     <Form subject={entry} record="entry" without={[]} rows={rowsOfControl(type.record)} />
                 )}
-                {tab === 'style' && places.length > 0 && <Styles control={control} subject={property} type={type} />}
+                {tab === 'style' && places.length > 0 && (
+                    <Styles control={control} subject={property} type={type} look={lookOf(places)} />
+                )}
                 {tab === 'host' && <Host control={control} />}
             </div>
         </>
@@ -206,16 +221,6 @@ function Host({ control }: { control: Control }) {
     );
 }
 
-/** The values of a file, or of an object in it, again after each change. */
-function useValues(file: string | undefined, path: string): Value[] {
-    const [values, setValues] = useState<Value[]>([]);
-    const gesture = lastGesture.value;
-    useEffect(() => {
-        if (file) void attempt(request('read', { file, path })).then((reply) => setValues(reply?.values ?? []));
-    }, [file, path, gesture]);
-    return values;
-}
-
 const PROJECT = 'config/project/zofprj.g';
 
 function ProjectForm() {
@@ -238,7 +243,7 @@ function ProjectForm() {
                 </div>
             </div>
             <div class="forms">
-                {values.length > 0 && (
+                {values && (
                     <Form
                         subject={{ name, places: [{ file: PROJECT, path: '', values }] }}
                         record={catalogue.value.files.find((one) => one.path === PROJECT)?.record ?? ''}
@@ -285,11 +290,13 @@ function View() {
                 </div>
             </div>
             <div class="forms">
-                <Form
-                    subject={{ name: view.name, places: [{ file: view.file, path: 'view', values }] }}
-                    record="view"
-                    without={['v_id', 'v_name']}
-                />
+                {values && (
+                    <Form
+                        subject={{ name: view.name, places: [{ file: view.file, path: 'view', values }] }}
+                        record="view"
+                        without={['v_id', 'v_name']}
+                    />
+                )}
             </div>
         </>
     );

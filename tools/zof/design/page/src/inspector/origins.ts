@@ -20,35 +20,53 @@ const isSecond = (object: Value, inner: Value[]): boolean =>
     /\.second(:|$)/.test(object.path) ||
     inner.some(({ path, raw }) => path === 'style_sect' && !/^(0|"control")$/.test(raw));
 
-async function originOf(place: Place): Promise<Origin[]> {
+const textOf = (values: Value[]): Value[] => values.filter(({ path }) => path.startsWith('txt_t'));
+
+async function originOf(place: Place, section: number): Promise<Origin[]> {
     const reply = await attempt(request('read', { file: place.file, path: '' }));
     if (!reply) return [];
     const object = objectAt(reply.values, place);
     const inner = object ? below(reply.values, object.path + '.') : [];
-    if (!object || isSecond(object, inner)) return [];
+    if (!object || isSecond(object, inner) !== section > 0) return [];
     const name = place.file.split('/').slice(-2).join('/');
     return [
         {
             label: `${place.look ? `${place.look} ` : ''}${name}:${place.line}`,
             file: place.file,
+            path: object.path,
             values: inner,
         },
     ];
 }
 
-/** The places other than the view's own file that dress a part in a state, the strongest first. */
-export function useOrigins(control: Control, part: number, state: number): Origin[] {
+/** The places other than the view's own file that dress a part of an object in a state, the strongest first. What they
+ *  leave out is inherited: from the state "always", and a text from the main part. */
+export function useOrigins(control: Control, section: number, part: number, state: number): Origin[] {
     const [origins, setOrigins] = useState<Origin[]>([]);
     const gesture = lastGesture.value;
     const own = control.place?.file;
-    const places = control.styles.filter((style) => style.file !== own && style.part === part && style.state === state);
-    const where = places.map((place) => `${place.file}:${place.line}:${place.column}`).join();
+    const dressing = (ofPart: number, ofState: number): Place[] =>
+        control.styles
+            .filter((style) => style.file !== own && style.part === ofPart && style.state === ofState)
+            .reverse();
+    const levels = [
+        dressing(part, state),
+        state !== 0 ? dressing(part, 0) : [],
+        part !== 0 ? dressing(0, state) : [],
+        part !== 0 && state !== 0 ? dressing(0, 0) : [],
+    ];
+    const where = JSON.stringify(levels);
     useEffect(() => {
         let stale = false;
-        void Promise.all(places.map(originOf)).then((all) => !stale && setOrigins(all.flat().reverse()));
+        const read = async (place: Place, level: number): Promise<Origin[]> => {
+            const found = await originOf(place, section);
+            return level < 2 ? found : found.map((origin) => ({ ...origin, values: textOf(origin.values) }));
+        };
+        const all = levels.flatMap((places, level) => places.map((place) => read(place, level)));
+        void Promise.all(all).then((read) => !stale && setOrigins(read.flat()));
         return () => {
             stale = true;
         };
-    }, [where, gesture]);
+    }, [where, section, gesture]);
     return origins;
 }

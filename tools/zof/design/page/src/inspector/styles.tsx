@@ -1,20 +1,22 @@
-// The looks of a control that stand in its view's file: one entry for each part and state.
-import { useState } from 'preact/hooks';
+// How a control looks, part by part and state by state: what its view's file says, one entry for each, or its look.
+import { useId, useState } from 'preact/hooks';
 
 import { Tile } from '../canvas/tile';
 import { recordOf, type Type } from '../catalogue';
 import type { Control, Edit, Json, Value } from '../protocol';
 import { edit, pose } from '../actions';
 import { Icon } from '../shell/icon';
-import { shown } from '../state';
+import { project, shown } from '../state';
 import { words } from '../words';
 import { Form } from './form';
 import { useOrigins } from './origins';
-import { below, type Subject } from './subject';
+import { below, type Origin, type Subject } from './subject';
 import { jsonOf, numberOf } from './value';
+import { useValues } from './values';
 
 export interface Entry {
     index: number;
+    section: number;
     part: number;
     state: number;
     values: Value[];
@@ -33,7 +35,13 @@ export function entriesOf(all: Value[]): Entry[] {
             const key = style?.keys.find((one) => one.key === name);
             return (key && numberOf(key, jsonOf(values.find((value) => value.path === name)?.raw))) ?? 0;
         };
-        return { index, part: number('style_part'), state: number('style_state'), values };
+        return {
+            index,
+            section: number('style_sect'),
+            part: number('style_part'),
+            state: number('style_state'),
+            values,
+        };
     });
 }
 
@@ -49,31 +57,92 @@ function treeOf(values: Value[]): { [key: string]: Json } {
     return tree;
 }
 
-export function Styles({ control, subject, type }: { control: Control; subject: Subject; type: Type }) {
+interface ChoiceProps {
+    label: string;
+    value: string;
+    options: [value: string, text: string][];
+    onChange: (value: string) => void;
+}
+
+function Choice({ label, value, options, onChange }: ChoiceProps) {
+    const id = useId();
+    return (
+        <div class="f">
+            <label for={id}>{label}</label>
+            <span class="in">
+                <select id={id} value={value} onChange={(event) => onChange(event.currentTarget.value)}>
+                    {options.map(([one, text]) => (
+                        <option value={one}>{text}</option>
+                    ))}
+                </select>
+            </span>
+        </div>
+    );
+}
+
+interface Props {
+    control: Control;
+    subject: Subject;
+    type: Type;
+    look: string; // its name; empty if the control has none
+}
+
+export function Styles({ control, subject, type, look }: Props) {
     const style = recordOf('style');
+    const [section, setSection] = useState(0);
     const [part, setPart] = useState(0);
     const [state, setState] = useState(0);
+    const [target, setTarget] = useState(''); // the file whose look is written; empty for the view's
+    const files = (project.value?.looks ?? []).filter((one) => one.name === look).map((one) => one.file);
+    const file = files.find((one) => one === target);
     const place = subject.places[0];
-    const entries = entriesOf(place?.values ?? []);
-    const origins = useOrigins(control, part, state);
+    const all = entriesOf(place?.values ?? []);
+    const entries = all.filter((entry) => entry.section === section);
+    const elsewhere = useOrigins(control, section, part, state);
+    const lookValues = useValues(file, `looks.${look}`);
     const names = (key: string) => style?.keys.find((one) => one.key === key)?.names ?? [];
     const parts = names('style_part').filter((name) => type.parts.includes(name.name));
     const states = names('style_state').filter((name) => type.states.includes(name.name));
     const chosen = entries.find((entry) => entry.part === part && entry.state === state);
     const stateName = states.find((one) => one.value === state)?.name ?? 'always';
+    const sections = names('style_sect').slice(0, type.sections);
+    /** The name of a style in a look: "second:items:pressed"; empty for the main part. */
+    const lookKey = (ofPart: number, ofState: number): string =>
+        [
+            section ? sections.find((one) => one.value === section)?.name : '',
+            ofPart ? parts.find((one) => one.value === ofPart)?.name : '',
+            ofState ? states.find((one) => one.value === ofState)?.name : '',
+        ]
+            .filter((name) => name)
+            .join(':');
+    const key = lookKey(part, state);
+    const always = entries.find((entry) => entry.part === part && entry.state === 0);
+    const above: Origin[] =
+        place && always && state !== 0 && !file
+            ? [{ label: words.alwaysHere, file: place.file, values: always.values }]
+            : [];
+    /** Where values come from that the written file leaves out: not from the style that is written itself. */
+    const origins = [
+        ...above,
+        ...elsewhere.filter((one) => !file || one.file !== file || one.path !== `looks.${look}${key && '.' + key}`),
+    ];
+    /** Whether the file that is written has a style for a part and a state. */
+    const has = (ofPart: number, ofState: number): boolean =>
+        file
+            ? (lookValues ?? []).some((value) => value.path === (lookKey(ofPart, ofState) || 'body_t'))
+            : entries.some((entry) => entry.part === ofPart && entry.state === ofState);
 
     const choose = (value: number, name: string): void => {
         setState(value);
         pose(control.path, asDrawn(name));
     };
-    const always = entries.find((entry) => entry.part === part && entry.state === 0);
     const insert = (tree: { [key: string]: Json }): Edit[] => {
         if (!place) return [];
-        const which = { style_part: part, style_state: state };
+        const which = { style_part: part, style_state: state, ...(section ? { style_sect: section } : {}) };
         const value = { ...which, ...tree, ...which };
         const path = `${place.path}.styles`;
         return place.values.some((one) => one.path === 'styles')
-            ? [{ file: place.file, path: `${path}[${entries.length}]`, insert: value }]
+            ? [{ file: place.file, path: `${path}[${all.length}]`, insert: value }]
             : [{ file: place.file, path, value: [value] }];
     };
     const add = (from?: Entry): void =>
@@ -87,34 +156,41 @@ export function Styles({ control, subject, type }: { control: Control; subject: 
         control.styles.some(
             (style) => style.part === part && style.state === value && style.file !== control.place?.file,
         );
-    const used = states.filter(
-        (one) =>
-            one.value === 0 ||
-            dressed(one.value) ||
-            entries.some((entry) => entry.part === part && entry.state === one.value),
-    );
+    const used = states.filter((one) => one.value === 0 || dressed(one.value) || has(part, one.value));
     const others = states.filter((one) => !used.includes(one));
 
     return (
         <>
             <section class="sect">
-                <div class="f">
-                    <label for="style-part">{words.part}</label>
-                    <span class="in">
-                        <select
-                            id="style-part"
-                            value={String(part)}
-                            onChange={(event) => setPart(Number(event.currentTarget.value))}
-                        >
-                            {parts.map((one) => (
-                                <option value={String(one.value)}>
-                                    {one.name}
-                                    {entries.some((entry) => entry.part === one.value) ? ' •' : ''}
-                                </option>
-                            ))}
-                        </select>
-                    </span>
-                </div>
+                {files.length > 0 && (
+                    <Choice
+                        label={words.styleOf}
+                        value={file ?? ''}
+                        options={[
+                            ['', words.thisControl],
+                            ...files.map((one): [string, string] => [
+                                one,
+                                words.lookIn(look, one.split('/').slice(2, -1).join('/')),
+                            ]),
+                        ]}
+                        onChange={setTarget}
+                    />
+                )}
+                {file && <p class="t3">{words.lookHint}</p>}
+                {sections.length > 1 && (
+                    <Choice
+                        label={words.object}
+                        value={String(section)}
+                        options={sections.map((one) => [String(one.value), one.name])}
+                        onChange={(value) => setSection(Number(value))}
+                    />
+                )}
+                <Choice
+                    label={words.part}
+                    value={String(part)}
+                    options={parts.map((one) => [String(one.value), one.name + (has(one.value, 0) ? ' •' : '')])}
+                    onChange={(value) => setPart(Number(value))}
+                />
                 <div class="states" role="radiogroup" aria-label={words.states}>
                     {used.map((one) => (
                         <button
@@ -134,7 +210,7 @@ export function Styles({ control, subject, type }: { control: Control; subject: 
                             />
                             <small>
                                 {one.name}
-                                {entries.some((entry) => entry.part === part && entry.state === one.value) && <b />}
+                                {has(part, one.value) && <b />}
                             </small>
                         </button>
                     ))}
@@ -158,9 +234,29 @@ export function Styles({ control, subject, type }: { control: Control; subject: 
                     )}
                 </div>
             </section>
-            {chosen ? (
+            {file ? (
+                lookValues && (
+                    <Form
+                        key={`${file} ${key}`}
+                        subject={{
+                            name: words.lookIn(look, ''),
+                            places: [
+                                {
+                                    file,
+                                    path: `looks.${look}${key && '.' + key}`,
+                                    values: key ? below(lookValues, key + '.') : lookValues,
+                                },
+                            ],
+                            origins,
+                        }}
+                        record={key ? 'look style' : 'look'}
+                        without={['*']}
+                        byObject
+                    />
+                )
+            ) : chosen ? (
                 <Form
-                    key={`${part} ${state}`}
+                    key={`${section} ${part} ${state}`}
                     subject={{
                         name: subject.name,
                         places: [
@@ -193,9 +289,9 @@ export function Styles({ control, subject, type }: { control: Control; subject: 
                     </div>
                 </section>
             )}
-            {!chosen && origins.length > 0 && place && (
+            {!file && !chosen && origins.length > 0 && place && (
                 <Form
-                    key={`${part} ${state} from elsewhere`}
+                    key={`${section} ${part} ${state} from elsewhere`}
                     subject={{ name: subject.name, places: [{ ...place, path: 'style', values: [] }], origins, make }}
                     record="style"
                     without={['style_part', 'style_state', 'style_sect']}

@@ -17,6 +17,7 @@ export interface Place {
 export interface Origin {
     label: string;
     file: string;
+    path?: string; // of the object that has the values
     values: Value[];
 }
 
