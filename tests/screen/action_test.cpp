@@ -6,6 +6,7 @@
 #include "hmi/zof_hmi_action.h"
 #include "hmi/zof_hmi_event.h"
 #include "project/look/zof_lang.h"
+#include "project/look/zof_look_in.h"
 
 static lv_obj_t *obj(u32 view, u32 id) {
     const para_t *c = zof_ctrl_get_form_id(view, id);
@@ -57,6 +58,21 @@ TEST_CASE("actions: each word does what it says, in order, at its event alone") 
     CHECK(zof_ctrl_get_hidden(zof_ctrl_get_form_id(1, LABEL)) == 0);
     CHECK(lv_label_get_text(obj(1, LABEL)) == std::string("hallo"));
     CHECK(!lv_obj_has_state(obj(1, SLIDER), LV_STATE_DISABLED));
+}
+
+TEST_CASE("actions: of several languages and themes the one after the current is next") {
+    view_project_t project;
+    project.write("config/theme/day/looks.g", "{}");
+    project.write("config/theme/night/looks.g", "{}");
+    up(project, R"("clicked": ["lang en de"], "long_pressed": ["theme night day"])");
+    for (const char *text : {"hallo", "hello", "hallo"}) {
+        click();
+        CHECK(lv_label_get_text(obj(1, LABEL)) == std::string(text));
+    }
+    for (const char *theme : {"night", "day", "night"}) {
+        lv_event_send(obj(1, BTN), LV_EVENT_LONG_PRESSED, nullptr);
+        CHECK(zof_look_theme("") == std::string(theme));
+    }
 }
 
 TEST_CASE("actions: views lead on and back, and another view's control is set before it is shown") {

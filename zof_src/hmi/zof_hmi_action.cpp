@@ -11,13 +11,18 @@
 #include "zof_lib/zof_stdio.h"
 #include "zof_lib/zof_util.h"
 
+#define ALL(kind) \
+    { kind, kind, kind, kind, kind, kind, kind, kind }
+
 // clang-format off
 const zof_action_row_t zof_action_rows[] = {
     {"view", "VIEW [SLIDE]", "shows a view; SLIDE is left, right, up, down or fade", 1,
      {ZOF_ACTION_VIEW, ZOF_ACTION_SLIDE}, action_view},
     {"back", "", "shows the view from which the last `view` led to this one", 0, {}, action_back},
-    {"lang", "LANGUAGE", "changes the language of all texts", 1, {ZOF_ACTION_LANGUAGE}, action_lang},
-    {"theme", "THEME", "changes the theme", 1, {ZOF_ACTION_THEME}, action_theme},
+    {"lang", "LANGUAGE ...", "changes the language of all texts; of several, to the one after the current one", 1,
+     ALL(ZOF_ACTION_LANGUAGE), action_lang},
+    {"theme", "THEME ...", "changes the theme; of several, to the one after the current one", 1,
+     ALL(ZOF_ACTION_THEME), action_theme},
     {"show", "CONTROL", "shows a control that is hidden", 1, {ZOF_ACTION_CONTROL}, action_show},
     {"hide", "CONTROL", "hides a control", 1, {ZOF_ACTION_CONTROL}, action_hide},
     {"toggle", "CONTROL", "hides a control, or shows it if it is hidden", 1, {ZOF_ACTION_CONTROL}, action_toggle},

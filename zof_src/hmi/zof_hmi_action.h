@@ -21,7 +21,7 @@ typedef enum {
     ZOF_ACTION_TEXT      // the rest of the action; "#key" is a text of the language
 } zof_action_arg_e;
 
-enum { ZOF_ACTION_ARGS = 2, ZOF_ACTION_SIZE = 256 };
+enum { ZOF_ACTION_ARGS = 8, ZOF_ACTION_SIZE = 256 };
 
 struct zof_action;
 

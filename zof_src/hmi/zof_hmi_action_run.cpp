@@ -21,6 +21,7 @@
 #include "hmi/zof_hmi_action_in.h"
 #include "hmi/zof_hmi_tone.h"
 #include "project/look/zof_lang.h"
+#include "project/look/zof_look_in.h"
 #include "project/look/zof_style.h"
 #include "project/view/zof_view.h"
 #include "project/zof_prj.h"
@@ -109,12 +110,23 @@ s32 action_back(const zof_action_t *) {
     return 0;
 }
 
+// Returns the argument after the one that is the case now; the first one after the last, or if none of them is.
+static const char *next_of(const zof_action_t *action, const char *now) {
+    for (u32 i = 0; now && i + 1 < ZOF_ACTION_ARGS && action->args[i + 1]; i++) {
+        if (strcmp(action->args[i], now) == 0) {
+            return action->args[i + 1];
+        }
+    }
+    return action->args[0];
+}
+
 s32 action_lang(const zof_action_t *action) {
-    return zof_lang_set(action->args[0]);
+    const zof_prj_t *prj = zof_prj_get_cur();
+    return zof_lang_set(next_of(action, prj ? prj->lang_name : nullptr));
 }
 
 s32 action_theme(const zof_action_t *action) {
-    return zof_theme_set(action->args[0]);
+    return zof_theme_set(next_of(action, zof_look_theme("")));
 }
 
 s32 action_show(const zof_action_t *action) {

@@ -22,6 +22,7 @@ struct new_scale_t {
 struct new_page_t {
     const new_scale_t *scale;
     bool font;                          // texts have a font of the project
+    bool program;                       // handles the buttons; otherwise actions do
     std::vector<std::string> languages; // the first one is shown at start
     std::string name;                   // of the project
     std::string controls;               // entries of the view file
@@ -53,15 +54,18 @@ new_box_t new_row(new_box_t box, int row, int rows, int gap);
 new_box_t new_inside(new_box_t box, int space);
 
 // Adds a control to the page. `name` is its name in ids.h; "" makes one of its type and id. `parent` is the id of a
-// control, 0 the view. `keys`: further members of its property, `pub` of its pub_t; both may be "". Returns its id.
+// control, 0 the view. `keys`: further members of its property, `pub` of its pub_t, `on` of its actions; all may be "".
+// Returns its id.
 int new_control(new_page_t &page, int parent, const char *type, const char *look, const char *name, new_box_t box,
-                const std::string &keys, const std::string &pub = "");
+                const std::string &keys, const std::string &pub = "", const std::string &on = "");
 
 // A label whose text stands at a place of the box, such as "left middle".
 int new_label(new_page_t &page, int parent, const char *look, const char *name, new_box_t box, const char *text,
               const char *align);
 
-int new_button(new_page_t &page, int parent, const char *look, const char *name, new_box_t box, const char *text);
+// `actions` are those at a click, "lang en de"; empty for none.
+int new_button(new_page_t &page, int parent, const char *look, const char *name, new_box_t box, const char *text,
+               const std::string &actions = "");
 
 // Returns the texts of a language that a view refers to, as a language file.
 std::string new_texts(const std::string &view, const std::vector<std::string> &languages, size_t language);

@@ -67,13 +67,14 @@ static std::string pair(const char *name, const char *first, int a, const char *
 }
 
 int new_control(new_page_t &page, int parent, const char *type, const char *look, const char *name, new_box_t box,
-                const std::string &keys, const std::string &pub) {
+                const std::string &keys, const std::string &pub, const std::string &on) {
     const std::string id = std::to_string(++page.count);
     std::string called = *name ? name : type + ("_" + id);
     std::string &out = page.controls;
     out += out.empty() ? "" : ",\n";
     out += std::string("        {\"type\": \"") + type + "\", \"theme\": \"day\", ";
     out += *look ? std::string("\"look\": \"") + look + "\", " : "";
+    out += on.empty() ? "" : "\"on\": {" + on + "}, ";
     out += "\"property\": {\n            \"pub_t\": {\"name\": \"" + called + "\", \"id\": " + id + ", ";
     out += parent ? "\"parent_id\": " + std::to_string(parent) + ", " : "";
     out += pair("pt", "x", box.x, "y", box.y) + ",\n                      ";
@@ -88,7 +89,8 @@ int new_label(new_page_t &page, int parent, const char *look, const char *name, 
                        std::string("\"auto_hight\": 1, \"align_e\": \"") + align + "\", \"txt\": \"" + text + "\"");
 }
 
-int new_button(new_page_t &page, int parent, const char *look, const char *name, new_box_t box, const char *text) {
+int new_button(new_page_t &page, int parent, const char *look, const char *name, new_box_t box, const char *text,
+               const std::string &actions) {
     return new_control(page, parent, "button", look, name, box, std::string("\"txt\": \"") + text + "\"",
-                       "\"t_mode\": \"touch\"");
+                       "\"t_mode\": \"touch\"", actions.empty() ? "" : "\"clicked\": [\"" + actions + "\"]");
 }

@@ -89,7 +89,11 @@ static std::string link_text(unsigned baud) {
 
 std::vector<new_file_t> new_project_files(const new_project_t &project) {
     const new_template_t *form = template_find(project.form);
-    new_page_t page = {new_scale(project.width, project.height), project.font, project.languages, project.name, "", 0};
+    new_page_t page = {.scale = new_scale(project.width, project.height),
+                       .font = project.font,
+                       .program = project.program,
+                       .languages = project.languages,
+                       .name = project.name};
     form->draw(page, {0, 0, project.width, project.height});
     const std::string view =
         "{\n    \"view\": {\"v_name\": \"main\", \"v_id\": 1, \"bg_color\": \"$page\", \"bg_scale\": 255, \"layer\": "

@@ -16,11 +16,17 @@ static int ground(new_page_t &page, new_box_t &box) {
 static void header(new_page_t &page, int root, new_box_t &box, const char *title, bool buttons) {
     const int gap = page.scale->gap, touch = page.scale->touch;
     new_box_t bar = new_top(box, touch, gap);
+    std::string languages;
+    for (const std::string &language : page.languages) {
+        languages += " " + language;
+    }
     if (buttons) {
-        new_button(page, root, "button", "theme", new_right(bar, touch, gap), "\\uF043");
+        new_button(page, root, "button", "theme", new_right(bar, touch, gap), "\\uF043",
+                   page.program ? "" : "theme night day");
     }
     if (buttons && page.languages.size() > 1) {
-        new_button(page, root, "button", "language", new_right(bar, touch, gap), "#next_language");
+        new_button(page, root, "button", "language", new_right(bar, touch, gap), "#next_language",
+                   page.program ? "" : "lang" + languages);
     }
     new_label(page, root, "title", "title", bar, title, "left middle");
 }
