@@ -103,7 +103,8 @@ const en = {
     elsewhere: (file: string, lines: number) =>
         `${file} changed elsewhere, ${lines === 1 ? '1 place' : `${lines} places`}`,
     morePlaces: (count: number) => `and ${count} more`,
-    problemsCount: (errors: number, warnings: number) => `${errors} errors, ${warnings} warnings`,
+    problemsCount: (errors: number, warnings: number) =>
+        `${errors} error${errors === 1 ? '' : 's'}, ${warnings} warning${warnings === 1 ? '' : 's'}`,
     noProblems: 'Nothing to fix.',
     drawing: 'The views are being drawn …',
     fixAll: (count: number) => `Fix all ${count}`,
@@ -397,7 +398,7 @@ const de: Words = {
     notSaved: (why) => `Nicht gespeichert: ${why}`,
     elsewhere: (file, lines) => `${file} wurde außerhalb geändert, ${lines === 1 ? '1 Stelle' : `${lines} Stellen`}`,
     morePlaces: (count) => `und ${count} weitere`,
-    problemsCount: (errors, warnings) => `${errors} Fehler, ${warnings} Warnungen`,
+    problemsCount: (errors, warnings) => `${errors} Fehler, ${warnings} Warnung${warnings === 1 ? '' : 'en'}`,
     noProblems: 'Nichts zu beheben.',
     drawing: 'Die Ansichten werden gezeichnet …',
     fixAll: (count) => `Alle ${count} beheben`,

@@ -1,7 +1,7 @@
 // A form made of the catalogue: one field for each key of a record, in the catalogue's groups.
 import { useState } from 'preact/hooks';
 
-import { absentText, plainHelp, recordOf, rowsOf, type Row } from '../catalogue';
+import { absentText, catalogue, plainHelp, recordOf, rowsOf, type Row } from '../catalogue';
 import { Icon } from '../shell/icon';
 import { words } from '../words';
 import { FieldOf } from './fields';
@@ -84,6 +84,12 @@ interface FormProps {
     byObject?: boolean; // sections by object instead of by group
 }
 
+/** Where a group stands: its place first, as the picture is what is looked at; then in the catalogue's order. */
+function rankOf(group: string): number {
+    const at = catalogue.value.groups.findIndex((name) => name === group);
+    return group === 'place' ? -1 : at < 0 ? catalogue.value.groups.length : at;
+}
+
 /** The groups that are shown, and those that are closed to a chip: groups without a written key. */
 export function Form({ subject, record, without, rows, byObject }: FormProps) {
     const [open, setOpen] = useState<string[]>([]);
@@ -96,7 +102,7 @@ export function Form({ subject, record, without, rows, byObject }: FormProps) {
     }
     const filled = (list: Row[]): boolean =>
         list.some((row) => held(subject, row).written !== undefined || held(subject, row).origin !== undefined);
-    const all = [...groups];
+    const all = [...groups].sort(([one], [other]) => rankOf(one) - rankOf(other));
     const closed = all.filter(([name, list]) => !filled(list) && !open.includes(name));
     return (
         <>
