@@ -282,6 +282,8 @@ static const struct {
      "2:17: error: the look inherits from itself [look]\n3:16: error: the look inherits from itself [look]"},
     {looks_g, "\"$dark\"}, ", "\"$brown\"}, ", "1:38: error: the colour refers to itself [look]"},
     {looks_g, "\"$brown\"", "\"$borwn\"", "2:78: error: there is no colour borwn; did you mean brown? [look]"},
+    {looks_g, "\"looks\": {", "\"looks\" {",
+     "1:56: error: expected \":\", found \"{\"; the object began at 1:1 [syntax]"},
     {looks_g, "\"pressed\"", "\"presed\"", "3:25: error: unknown key presed; did you mean pressed? [key-unknown]"},
     {looks_g, "\"looks\": {", "\"looks\": {\"MORE\": {}, ",
      "3:1: error: more is given twice; the first one is used [key-twice]"},

@@ -204,6 +204,7 @@ void check_looks_unused(check_run_t *c);
 // The looks files that apply: that of a theme and that of the project; null if the file does not exist.
 struct check_looks_t {
     const check_file_t *of[2];
+    bool broken; // one of them cannot be read, so no one knows what is in it
 };
 enum { CHECK_LOOK_NAME = 128 };
 check_looks_t check_looks_of(check_run_t *c, const char *theme);

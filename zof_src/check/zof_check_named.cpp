@@ -28,6 +28,7 @@ check_looks_t check_looks_of(check_run_t *c, const char *theme) {
     check_looks_t files = {
         {theme[0] ? check_file_find(c, path, false) : nullptr, check_file_find(c, "config/looks.g", false)}};
     for (const check_file_t *&file : files.of) {
+        files.broken = files.broken || (file && !check_file_whole(file));
         file = file && check_file_whole(file) ? file : nullptr;
     }
     return files;
@@ -53,6 +54,9 @@ static void unknown_report(check_run_t *c, const check_file_t *file, u32 node, c
                            const char *list, const char *name) {
     char meant[NAME_SIZE] = "", other[NAME_SIZE];
     u32 least = ZOF_TEXT_NEAR;
+    if (files.broken) {
+        return; // that file's own fault is the one to fix
+    }
     for (const check_file_t *in : files.of) {
         const u32 object = in ? zof_jdoc_get(&in->doc, 0, list) : ZOF_J_NONE;
         for (u32 at = object == ZOF_J_NONE ? object : in->doc.nodes[object].child; at != ZOF_J_NONE;

@@ -182,7 +182,11 @@ export function namesOf(kind: KindName): string[] {
 }
 
 // Whatever is chosen or shown next is what the inspector is about.
+const shownView = computed(() => shown.value.view);
 effect(() => {
-    void [selection.value, shown.value.view];
+    void shownView.value;
     about.value = 'view';
+});
+effect(() => {
+    if (selection.value.length) about.value = 'view';
 });
