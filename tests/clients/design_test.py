@@ -208,6 +208,28 @@ def two_pages_and_others(program, folder):
     assert seen["gesture"]["source"] == "elsewhere" and seen["undo"]["undo"]
     assert second.ask("undo")["ok"] and '"x": 77' in text(folder)
     assert second.ask("undo")["ok"]
+    with open(f"{folder}/res/{VIEW}", "rb+") as file:  # bytes that no connection of texts may carry
+        good = file.read()
+        file.seek(0)
+        file.write(good.replace(b'"title"', b'"t\xfftle"', 1))
+    seen = second.wait("file", lambda one: one["cause"] == "elsewhere")
+    assert "UTF-8" in second.ask("source", file=VIEW)["error"]
+    with open(f"{folder}/res/{VIEW}", "wb") as file:
+        file.write(good)
+    second.wait("file", lambda one: one["cause"] == "elsewhere")
+    assert second.ask("source", file=VIEW)["ok"] and first.ask("source", file=VIEW)["ok"]
+
+
+def views(program, folder):
+    """A view that is made is shown by the next request, although the project is being loaded again."""
+    page = program.page()
+    for name in ("menu", "menu2"):
+        assert page.ask("viewAdd", view="main", name=name, copy=True)["ok"]
+        assert page.ask("show", view=name)["ok"]
+        page.wait("tree", lambda one: one["shown"]["view"] == name and one["controls"])
+    assert page.ask("viewDelete", view="menu2")["ok"] and page.ask("viewDelete", view="menu")["ok"]
+    page.wait("shown", lambda one: one["shown"]["view"] == "main")
+    assert not os.path.exists(f"{folder}/res/config/view/menu.g")
 
 
 def fixes(program, folder):
@@ -264,6 +286,7 @@ def main():
             hangs(program)
             random_gestures(program, folder)
             two_pages_and_others(program, folder)
+            views(program, folder)
             fixes(program, folder)
             crashes(program, folder, state)
         finally:

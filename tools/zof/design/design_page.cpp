@@ -4,15 +4,29 @@
 
 #include "design_in.h"
 #include "design_net.h"
+#include "zof_lib/zof_util.h"
 
 static std::vector<u32> pages;
 
+// Texts come from files, and may be anything. A page closes its connection at bytes that are not UTF-8.
+static std::string utf8_made(const std::string &text) {
+    std::string out;
+    const char *end = text.data() + text.size();
+    for (const char *at = text.data(); at < end;) {
+        const char *bad = zof_utf8_bad(at, (size_t)(end - at));
+        out.append(at, bad ? bad : end);
+        out += bad ? "\xEF\xBF\xBD" : ""; // the replacement character
+        at = bad ? bad + 1 : end;
+    }
+    return out;
+}
+
 static std::string json_print(cJSON *value) {
     char *text = cJSON_PrintUnformatted(value);
-    std::string out = text ? text : "{}";
+    const std::string out = text ? text : "{}";
     cJSON_free(text);
     cJSON_Delete(value);
-    return out;
+    return utf8_made(out);
 }
 
 s64 design_now_ms() {

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "design_in.h"
+#include "zof_lib/zof_util.h"
 
 #ifndef ZOF_VERSION_TEXT
 #define ZOF_VERSION_TEXT "1"
@@ -83,6 +84,10 @@ static void run_source(const design_request_t &request, const cJSON *args) {
     const std::string *text = design_files_text(design.files, design_text_of(args, "file"), &hash);
     if (!text) {
         design_refuse(request, "there is no file " + design_text_of(args, "file"));
+        return;
+    }
+    if (text->find('\0') != std::string::npos || zof_utf8_bad(text->data(), text->size())) {
+        design_refuse(request, design_text_of(args, "file") + " is not a text in UTF-8");
         return;
     }
     cJSON *reply = cJSON_CreateObject();
