@@ -98,6 +98,7 @@ class Page:
         while True:
             one = self.message()
             if one and one.get("event") == event and test(one):
+                self.events = []  # all came before
                 return one
 
 
@@ -225,7 +226,8 @@ def views(program, folder):
     page = program.page()
     for name in ("menu", "menu2"):
         assert page.ask("viewAdd", view="main", name=name, copy=True)["ok"]
-        assert page.ask("show", view=name)["ok"]
+        shown = page.ask("show", view=name)
+        assert shown["ok"], shown
         page.wait("tree", lambda one: one["shown"]["view"] == name and one["controls"])
     assert page.ask("viewDelete", view="menu2")["ok"] and page.ask("viewDelete", view="menu")["ok"]
     page.wait("shown", lambda one: one["shown"]["view"] == "main")
@@ -246,10 +248,19 @@ def fixes(program, folder):
     page.wait("problems", lambda one: not [problem for problem in one["problems"] if problem["error"]])
 
 
+def kept_open(program):
+    """A player has what it needs, and no socket of the server, which would stay open after the program."""
+    program.page().ask("hit", x=0, y=0)
+    for player in program.players():
+        links = [os.readlink(f"/proc/{player}/fd/{fd}") for fd in os.listdir(f"/proc/{player}/fd")]
+        assert not [link for link in links if link.startswith("socket:")], links
+
+
 def hangs(program):
     page = program.page()
     os.kill(program.players()[0], signal.SIGSTOP)
     assert not page.ask("hit", x=0, y=0)["ok"]
+    page.wait("runtime", lambda one: one["state"] == "stopped")
     page.wait("runtime", lambda one: one["state"] == "runs")
     assert page.ask("hit", x=0, y=0)["ok"]
 
@@ -264,6 +275,10 @@ def crashes(program, folder, state):
     # Soon after its start, the project may have ended the player, so that it starts again only with the next edit.
     assert page.ask("edit", label="Move", edits=[{"file": VIEW, "path": "controls[3].property.pub_t.pt.x", "value": 30}])["ok"]
     page.wait("runtime", lambda one: one["state"] == "runs")
+    for player in program.players():
+        os.kill(player, signal.SIGKILL)
+    page.wait("runtime", lambda one: one["state"] == "stopped")
+    page = program.page()  # as after a reload, which tries again, and waits for what is drawn
     page.ask("hit", x=0, y=0)
     assert page.picture.tobytes() == shot(folder).tobytes()
     assert page.ask("edit", label="Move", edits=[{"file": VIEW, "path": "controls[3].property.pub_t.pt.x", "value": 31}])["ok"]
@@ -283,6 +298,7 @@ def main():
         program = Program(folder, state)
         try:
             refused(program)
+            kept_open(program)
             hangs(program)
             random_gestures(program, folder)
             two_pages_and_others(program, folder)

@@ -94,8 +94,9 @@ void stream_wait(const std::vector<stream_wait_t> &streams, intptr_t other, s32 
     poll(files.data(), files.size(), ms);
 }
 
-// Returns 0 with errno if the program cannot be started.
-static pid_t spawn(const std::vector<std::string> &words, const posix_spawn_file_actions_t *files) {
+// Starts a program with the open files below `kept` alone; those of libraries, such as the sockets of a server, are not
+// its business. Returns 0 with errno if the program cannot be started.
+static pid_t spawn(const std::vector<std::string> &words, posix_spawn_file_actions_t *files, s32 kept) {
     std::vector<char *> argv;
     argv.reserve(words.size() + 1);
     for (const std::string &word : words) {
@@ -103,6 +104,7 @@ static pid_t spawn(const std::vector<std::string> &words, const posix_spawn_file
     }
     argv.push_back(nullptr);
     pid_t process = 0;
+    posix_spawn_file_actions_addclosefrom_np(files, kept);
     errno = posix_spawnp(&process, argv[0], files, nullptr, argv.data(), environ);
     return errno ? 0 : process;
 }
@@ -126,7 +128,7 @@ std::string child_start(child_t *child, const std::vector<std::string> &words, c
     if (quiet) {
         posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     }
-    child->process = spawn(words, &files);
+    child->process = spawn(words, &files, shared ? SHARED_FD + 1 : SHARED_FD);
     std::string fault = child->process ? "" : words[0] + ": " + zof_file_error();
     posix_spawn_file_actions_destroy(&files);
     close(in[0]);
@@ -167,7 +169,10 @@ void editor_start(const std::string &command, const std::string &file, s32 line)
     const bool colons = command.find("code") != std::string::npos;
     const std::string number = std::to_string(line);
     const std::string place = colons ? "-g '" + file + ":" + number + "'" : "+" + number + " '" + file + "'";
-    const pid_t process = spawn({"/bin/sh", "-c", command + " " + place}, nullptr);
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    const pid_t process = spawn({"/bin/sh", "-c", command + " " + place}, &files, STDERR_FILENO + 1);
+    posix_spawn_file_actions_destroy(&files);
     std::erase_if(started, [](pid_t editor) { return waitpid(editor, nullptr, WNOHANG) != 0; });
     if (process) {
         started.push_back(process);
@@ -178,7 +183,7 @@ void browser_open(const std::string &address) {
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
     posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    spawn({"xdg-open", address}, &files);
+    spawn({"xdg-open", address}, &files, STDERR_FILENO + 1);
     posix_spawn_file_actions_destroy(&files);
 }
 

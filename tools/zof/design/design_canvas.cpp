@@ -49,8 +49,8 @@ static struct {
     u32 loads;      // finished ones of the session that the pages know of
     u32 started_at; // the last start of a player
     u32 ended_at;
-    bool ended; // it has ended and starts again
-    std::string note;
+    bool ended;             // it has ended and starts again
+    std::string state, why; // of the last report on the runtime
 } canvas;
 
 cJSON *design_canvas_shown() {
@@ -73,6 +73,8 @@ const cJSON *design_canvas_project() {
 }
 
 static void runtime_report(const char *state, const std::string &note) {
+    canvas.state = state;
+    canvas.why = note;
     cJSON *event = design_event_make("runtime");
     cJSON_AddStringToObject(event, "state", state);
     cJSON_AddStringToObject(event, "note", note.c_str());
@@ -300,7 +302,25 @@ static void project_report() {
     }
 }
 
+static bool view_exists(const std::string &name) {
+    const cJSON *view = nullptr;
+    cJSON_ArrayForEach(view, cJSON_GetObjectItemCaseSensitive(canvas.shown->project, "views")) {
+        if (design_text_of(view, "name") == name) {
+            return true;
+        }
+    }
+    return false;
+}
+
 static void choose(const design_request_t &request, const cJSON *args) {
+    const std::string view = design_text_of(args, "view");
+    if (!view.empty() && !view_exists(view)) {
+        if (request.page) {
+            design_refuse(request, "there is no view " + view);
+        }
+        shown_report();
+        return;
+    }
     cJSON *command = view_command("show");
     cJSON_AddBoolToObject(command, "alone", true);
     for (const char *name : {"view", "language", "theme"}) {
@@ -311,8 +331,8 @@ static void choose(const design_request_t &request, const cJSON *args) {
     }
     canvas.language = !design_text_of(args, "language").empty() ? design_text_of(args, "language") : canvas.language;
     canvas.theme = !design_text_of(args, "theme").empty() ? design_text_of(args, "theme") : canvas.theme;
-    if (!design_text_of(args, "view").empty() && canvas.view != design_text_of(args, "view")) {
-        canvas.view = design_text_of(args, "view");
+    if (!view.empty() && canvas.view != view) {
+        canvas.view = view;
         canvas.posed.clear();
     }
     ask(request, command, false);
@@ -324,17 +344,12 @@ static bool loads_soon() {
     return canvas.shown->changed || canvas.shown->load_id;
 }
 
-// A choice is kept while another load follows, which would bring back what was shown when the files changed.
+// A choice waits while another load follows, which would bring back what was shown when the files changed.
 static void choice_take() {
-    cJSON *choice = canvas.choice;
-    canvas.choice = nullptr;
-    if (choice) {
+    if (canvas.choice && !loads_soon()) {
+        cJSON *choice = canvas.choice;
+        canvas.choice = nullptr;
         choose(canvas.choice_request, choice);
-    }
-    if (choice && loads_soon()) {
-        canvas.choice = choice;
-        canvas.choice_request = {};
-    } else {
         cJSON_Delete(choice);
     }
 }
@@ -372,7 +387,8 @@ static void end_take() {
         pending_drop();
         runtime_report("stopped", session->note);
     }
-    if (canvas.ended_at - canvas.started_at >= AGAIN_MS && now - canvas.ended_at >= RESTART_MS) {
+    const auto lived = (s32)(canvas.ended_at - canvas.started_at); // negative while it starts again
+    if (lived >= AGAIN_MS && now - canvas.ended_at >= RESTART_MS) {
         canvas.started_at = now;
         runtime_report("starts", "");
         view_session_reload(session);
@@ -420,9 +436,17 @@ void design_canvas_step(s32 ms) {
     }
 }
 
+// A page that is opened, or loaded again, is a reason to try again what the project has ended.
 void design_canvas_show(u32 page) {
     design_frame_whole(page);
     canvas.tree_due = true;
+    if (canvas.ended) {
+        canvas.started_at = zof_sys_time_ms();
+        view_session_reload(canvas.shown);
+    }
+    if (!canvas.state.empty()) {
+        runtime_report(canvas.state.c_str(), std::string(canvas.why));
+    }
     design_values_all();
 }
 

@@ -17,6 +17,7 @@ import {
     kept,
     picking,
     problems,
+    runtime,
     selected,
     selection,
     shown,
@@ -341,7 +342,9 @@ export function Stage() {
                         {kept.value.dock === 'problems' && kept.value.dockOpen && (
                             <ProblemMarks marks={marks} chosen={chosenProblem.value} />
                         )}
-                        {controls.value.length === 0 && <p class="empty-view">{words.emptyView}</p>}
+                        {controls.value.length === 0 && runtime.value.state === 'runs' && (
+                            <p class="empty-view">{words.emptyView}</p>
+                        )}
                     </>
                 )}
             </div>
