@@ -72,7 +72,9 @@ const cJSON *design_canvas_project() {
     return canvas.edit.project;
 }
 
-static void runtime_report(const char *state, const std::string &note) {
+// What a session says of its next start is for windows; the page says it itself.
+static void runtime_report(const char *state, const std::string &said) {
+    const std::string note = said.substr(0, said.find("; it starts again"));
     canvas.state = state;
     canvas.why = note;
     cJSON *event = design_event_make("runtime");

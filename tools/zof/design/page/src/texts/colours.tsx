@@ -2,14 +2,17 @@
 import { ask, setValue } from '../actions';
 import { tryEdits } from '../canvas/drag';
 import { Button } from '../shell/button';
-import { project } from '../state';
+import { fault, project } from '../state';
 import { words } from '../words';
 
 export function Colours() {
     const all = project.value?.colours ?? [];
     const files = [...new Set(['config/looks.g', ...all.map((colour) => colour.file)])];
     const add = (file: string): void =>
-        ask(words.newColour, words.make, '', (name) => setValue(words.addOf(name), file, `colors.${name}`, '#808080'));
+        ask(words.newColour, words.make, '', (name) => {
+            if (/^[\w-]+$/.test(name)) setValue(words.addOf(name), file, `colors.${name}`, '#808080');
+            else fault.value = words.colourName;
+        });
     return (
         <>
             <div class="head">
