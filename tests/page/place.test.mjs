@@ -1,5 +1,6 @@
 // New controls are drawn where the pointer says, states are shown for looking, and one change is taken back alone.
 import assert from 'node:assert/strict';
+import { writeFileSync } from 'node:fs';
 import { after } from 'node:test';
 
 import { axe_findings, browser, story, until } from './lib.mjs';
@@ -50,6 +51,48 @@ story('A type that was clicked is drawn on the picture; it snaps, and the runtim
     await page.locator('.palette .kind').filter({ hasText: /^label$/ }).dragTo(page.locator('.screen'), { targetPosition: { x: 200, y: 100 } });
     await until('a label is dropped', () => entry(at, 'label_1'));
     assert.equal(JSON.parse(at.text()).controls.length, count + 1);
+});
+
+story('A container is drawn inside another one, slowly, and takes what is drawn in it next', async (at) => {
+    const { page } = at;
+    await page.getByRole('button', { name: 'Add', exact: true }).click();
+    for (const [type, from, to] of [['container', [150, 90], [260, 180]], ['label', [170, 110], [230, 140]]]) {
+        await page.locator('.palette .kind').filter({ hasText: new RegExp(`^${type}$`) }).click();
+        await page.mouse.move(...(await at.at(...from)));
+        await page.mouse.down();
+        for (const part of [0.3, 0.6, 1]) {
+            await page.mouse.move(...(await at.at(from[0] + (to[0] - from[0]) * part, from[1] + (to[1] - from[1]) * part)));
+            await page.waitForTimeout(150); // the picture has the control that is tried
+        }
+        await page.mouse.up();
+        await until(`the ${type}`, () => entry(at, `${type}_1`));
+    }
+    assert.equal(entry(at, 'label_1').parent_id, entry(at, 'container_1').id);
+});
+
+story('What another program changes while one types in the source stays', async (at) => {
+    const { page, file } = at;
+    const first = at.text();
+    await at.row('stop').click();
+    await page.getByRole('tab', { name: 'Source' }).click();
+    await page.locator('.cm-content').focus();
+    await page.keyboard.press('Control+End');
+    await page.keyboard.type(' ');
+    writeFileSync(file, at.text().replace('"name": "title"', '"name": "heading"'));
+    for (let i = 0; i < 12; i++) {
+        await page.keyboard.type(' ');
+        await page.waitForTimeout(40);
+    }
+    await until('both are there', () => at.text().includes('"heading"') && /\n +$/.test(at.text()));
+    await page.waitForTimeout(600);
+    assert.equal(at.text().trimEnd(), first.replace('"name": "title"', '"name": "heading"').trimEnd());
+    // A press in the source selects the control there, and the cursor stays where it was pressed.
+    await page.locator('.cm-line').filter({ hasText: '"txt": "#stop"' }).click();
+    await until('it is selected', async () => (await page.locator('.who input').inputValue()) === 'stop');
+    await page.waitForTimeout(300);
+    await page.keyboard.press('Home');
+    await page.keyboard.press('Shift+End');
+    assert.match(await page.evaluate(() => getSelection().toString()), /"txt": "#stop"/);
 });
 
 story('A control is shown in its states, and a band takes that back; no file changes', async (at) => {

@@ -335,6 +335,14 @@ TEST_CASE("controls are added, copied, moved, renamed and deleted with their chi
     }
     cJSON_Delete(paste);
 
+    // An edit that has the control's id finds it where it stands now, or not at all; nothing is appended.
+    CHECK(open.edit(edit_of("'path': 'controls[0].property.pub_t.pt.x', 'id': 4, 'value': 9")));
+    CHECK(contains(open.order(), "box 1 100,50; "));
+    CHECK(contains(open.order(), "label 4 9,8; "));
+    CHECK(design_files_undo(open.files, &open.error));
+    CHECK(!open.edit(edit_of("'path': 'controls[3].property.pub_t.pt.x', 'id': 9, 'value': 9")));
+    CHECK(open.error == "the control is not there any more");
+
     // Into the box: the place on the screen stays, and the box comes first.
     const auto reorder = [&open](const char *text) {
         cJSON *json = controls_t::args(text);

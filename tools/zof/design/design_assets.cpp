@@ -6,6 +6,7 @@
 
 #include "design_frame.h"
 #include "design_in.h"
+#include "design_text.h"
 #include "drv/zof_drv_file.h"
 #include "drv/zof_drv_media.h"
 #include "lvgl.h"
@@ -274,6 +275,10 @@ void design_import_ask(const design_request_t &request, const cJSON *args) {
         return;
     }
     const fs::path path = path_of(folder, name);
+    if (design_file_path(design.files, folder + "/" + name).empty()) {
+        design_refuse(request, folder + "/ is not a folder of the project");
+        return;
+    }
     if (fs::exists(fs::symlink_status(path, error))) {
         design_refuse(request, folder + "/" + name + " exists already; nothing was written");
         return;

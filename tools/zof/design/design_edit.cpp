@@ -238,6 +238,30 @@ static constexpr struct {
     {"delete", false, file_delete},
 };
 
+// An edit that names its control by id, too, means that one, wherever it stands now. Returns an error if it is gone.
+static std::string control_find(edit_t *edit) {
+    const cJSON *id = member(edit->json, "id");
+    const size_t end = edit->path.find(']');
+    const std::string own = ".property.pub_t.id";
+    if (!cJSON_IsNumber(id) || !edit->path.starts_with("controls[") || end == std::string::npos) {
+        return "";
+    }
+    const zof_jdoc_t json = design_doc_json(edit->doc);
+    const auto is = [&](const std::string &path) {
+        double number = 0;
+        const u32 node = design_doc_find(edit->doc, edit->file, path + own);
+        return node != ZOF_J_NONE && zof_jdoc_number(&json, node, &number) == 0 && number == id->valuedouble;
+    };
+    const u32 controls = design_doc_find(edit->doc, edit->file, "controls");
+    const u32 count = controls == ZOF_J_NONE ? 0 : count_of(edit->doc, controls);
+    std::string found = edit->path.substr(0, end + 1);
+    for (u32 i = 0; i < count && !is(found); i++) {
+        found = "controls[" + std::to_string(i) + "]";
+    }
+    edit->path.replace(0, end + 1, found);
+    return is(found) ? "" : "the control is not there any more";
+}
+
 // An edit by path must leave a file that can be read. The index is needed for the next edit anyway.
 static std::string result_check(const edit_t &edit) {
     return design_doc_index(edit.doc) ? "" : edit.file + ":" + edit.doc->fault + ", after the edit of " + edit.path;
@@ -262,7 +286,8 @@ static std::string edit_apply(design_plan_t *plan, const cJSON *json) {
         if (kind.path && !design_doc_index(edit.doc)) {
             return edit.file + ":" + edit.doc->fault;
         }
-        const std::string error = kind.apply(edit);
+        std::string error = kind.path ? control_find(&edit) : "";
+        error = error.empty() ? kind.apply(edit) : error;
         return error.empty() && kind.path ? result_check(edit) : error;
     }
     return edit.file + ": the edit says nothing";

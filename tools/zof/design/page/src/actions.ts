@@ -35,6 +35,9 @@ export async function attempt<T>(work: Promise<T>): Promise<T | undefined> {
     }
 }
 
+/** The same for what is only read to be shown, and may be gone by then. */
+export const quiet = <T>(work: Promise<T>): Promise<T | undefined> => work.catch(() => undefined);
+
 export const nameOf = (path: string): string => path.slice(path.indexOf('/') + 1);
 
 export const labelOf = (verb: string, list: Control[]): string =>
@@ -76,7 +79,7 @@ export async function placedOf(list: Control[]): Promise<Placed[]> {
 
 const change = (control: Control, path: string, before: number, after: number): Edit[] =>
     control.place && before !== after
-        ? [{ file: control.place.file, path: `${attributes(control)}.${path}`, value: after }]
+        ? [{ file: control.place.file, path: `${attributes(control)}.${path}`, id: control.id, value: after }]
         : [];
 
 export const moveEdits = ({ control, at }: Placed, by: Point): Edit[] => [

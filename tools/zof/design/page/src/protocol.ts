@@ -112,8 +112,9 @@ export interface Value {
 /** One change, by path. Only the bytes of that value change. */
 export type Edit =
     // Sets a value; missing objects on the way are made, keys go where the catalogue's order puts them. If a name or a colour
-    // ("pressed", "#D9863D") stands there, and the new value has one, it is written in that form.
-    | { file: string; path: string; value: Json }
+    // ("pressed", "#D9863D") stands there, and the new value has one, it is written in that form. `id` is that of the
+    // control at the beginning of the path, which is found again if others were added or deleted meanwhile.
+    | { file: string; path: string; value: Json; id?: number }
     // Takes a key or an element out.
     | { file: string; path: string; remove: true }
     // Puts an element before the one at `path`, "controls[3]"; an index equal to the count appends.

@@ -23,14 +23,18 @@ export const carried = signal<Carried | null>(null);
 /** Where it would be. */
 export const placing = signal<{ box: Box; snapped: Snapped; parent: Control | undefined } | null>(null);
 
+// The controls of the files. Those of the picture have the one that is tried among them, which is nobody's parent.
+let standing: Control[] | null = null;
+const stand = (): Control[] => (standing ??= controls.value);
+
 const frame = (parent: Control | undefined): Box =>
     parent?.box ?? [0, 0, project.value?.width ?? 0, project.value?.height ?? 0];
 
 const parentAt = (point: Point): Control | undefined =>
-    [...controls.value].reverse().find((one) => one.type === 'container' && one.visible && contains(one.box, point));
+    [...stand()].reverse().find((one) => one.type === 'container' && one.visible && contains(one.box, point));
 
 const siblings = (parent: Control | undefined): Box[] =>
-    controls.value
+    stand()
         .filter((one) => one.visible && one.parent === parent?.path)
         .map((one) => one.box)
         .slice(-200);
@@ -80,6 +84,7 @@ export async function placeEnd(write: boolean): Promise<void> {
     const now = placing.value;
     carried.value = null;
     placing.value = null;
+    standing = null;
     if (!type || !now || !write) {
         tryEdits([]);
         return;

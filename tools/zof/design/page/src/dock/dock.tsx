@@ -1,4 +1,6 @@
 // The dock: source, problems, what has happened, changes.
+import { useRef } from 'preact/hooks';
+
 import { edit, message, openSource } from '../actions';
 import { chooseProblem } from '../keys';
 import type { Fix, Problem } from '../protocol';
@@ -37,12 +39,15 @@ function fileShown(): string {
 function SourceTab() {
     const file = fileShown();
     const chosen = selected.value.flatMap((control) => (control.place?.file === file ? [control.place] : []));
+    const followed = useRef(''); // the control that the cursor has selected; the cursor stays where it is
     const follow = (line: number): void => {
         const before = controls.value.filter((control) => control.place?.file === file && control.place.line <= line);
         const control = before.sort((a, b) => (a.place?.line ?? 0) - (b.place?.line ?? 0)).pop();
-        if (control && selection.value[0] !== control.path) selection.value = [control.path];
+        if (!control || selection.value[0] === control.path) return;
+        followed.current = control.path;
+        selection.value = [control.path];
     };
-    const first = chosen[0];
+    const first = selection.value[0] === followed.current ? undefined : chosen[0];
     const sent = goTo.value;
     const to = sent?.file === file ? sent : first ? { ...first, serial: -1 - first.line } : null;
     return (

@@ -5,6 +5,7 @@ import { bracketMatching, codeFolding, foldGutter, foldKeymap, indentUnit } from
 import { lintGutter, setDiagnostics, type Diagnostic } from '@codemirror/lint';
 import { highlightSelectionMatches, search, searchKeymap } from '@codemirror/search';
 import { Annotation, Compartment, EditorState } from '@codemirror/state';
+import { words } from '../words';
 import { autocompletion, completionKeymap } from '@codemirror/autocomplete';
 import { drawSelection, EditorView, highlightActiveLine, keymap, lineNumbers } from '@codemirror/view';
 import { useEffect, useRef } from 'preact/hooks';
@@ -93,20 +94,25 @@ export function Source(props: Props) {
     const change = useRef<Change | undefined>(undefined);
     now.current = props;
 
-    /** Takes the program's text over, without what has been typed since. */
+    /** Takes the program's text over, around what has been typed since. */
     const take = (text: string, hash: string): void => {
         const view = editor.current;
         if (!view) return;
         const mine = view.state.doc.toString();
-        const typed = mine !== known.current.text;
+        const theirs = replacement(known.current.text, text);
+        const ours = replacement(known.current.text, mine);
         known.current.text = text;
         known.current.hash = hash;
-        const difference = typed ? null : replacement(mine, text);
-        if (difference) {
+        const before = theirs && (!ours || theirs.end <= ours.at);
+        const after = theirs && ours && theirs.at >= ours.end;
+        if (theirs && (before || after)) {
+            const by = after ? ours.text.length - (ours.end - ours.at) : 0;
             view.dispatch({
-                changes: { from: difference.at, to: difference.end, insert: difference.text },
+                changes: { from: theirs.at + by, to: theirs.end + by, insert: theirs.text },
                 annotations: remote.of(true),
             });
+        } else if (theirs && mine !== text) {
+            now.current.onFault(words.typedOver);
         }
         mark();
     };

@@ -4,10 +4,10 @@ import { useEffect, useState } from 'preact/hooks';
 
 import {
     addView,
-    attempt,
     duplicate,
     nameOf,
     openSource,
+    quiet,
     remove,
     removeView,
     rename,
@@ -39,7 +39,7 @@ function useEntries(list: Control[]): Place[] {
         let stale = false;
         const read = async ({ place }: Control): Promise<Place[]> => {
             if (!place) return [];
-            const reply = await attempt(request('read', { file: place.file, path: place.key }));
+            const reply = await quiet(request('read', { file: place.file, path: place.key }));
             return reply ? [{ file: place.file, path: place.key, values: reply.values }] : [];
         };
         void Promise.all(list.map(read)).then((all) => !stale && setPlaces(all.flat()));

@@ -1,7 +1,7 @@
 // The looks of themes and of looks.g that dress a part of a control in a state, as the runtime reports them.
 import { useEffect, useState } from 'preact/hooks';
 
-import { attempt } from '../actions';
+import { quiet } from '../actions';
 import type { Control, Value } from '../protocol';
 import { request } from '../socket';
 import { lastGesture } from '../state';
@@ -23,7 +23,7 @@ const isSecond = (object: Value, inner: Value[]): boolean =>
 const textOf = (values: Value[]): Value[] => values.filter(({ path }) => path.startsWith('txt_t'));
 
 async function originOf(place: Place, section: number): Promise<Origin[]> {
-    const reply = await attempt(request('read', { file: place.file, path: '' }));
+    const reply = await quiet(request('read', { file: place.file, path: '' }));
     if (!reply) return [];
     const object = objectAt(reply.values, place);
     const inner = object ? below(reply.values, object.path + '.') : [];

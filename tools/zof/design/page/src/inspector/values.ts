@@ -1,7 +1,7 @@
 // What a file says, for the forms.
 import { useEffect, useState } from 'preact/hooks';
 
-import { attempt } from '../actions';
+import { quiet } from '../actions';
 import type { Value } from '../protocol';
 import { request } from '../socket';
 import { lastGesture } from '../state';
@@ -14,7 +14,7 @@ export function useValues(file: string | undefined, path: string): Value[] | nul
     useEffect(() => {
         let stale = false;
         if (file)
-            void attempt(request('read', { file, path })).then((reply) => {
+            void quiet(request('read', { file, path })).then((reply) => {
                 if (!stale) setRead({ where, values: reply?.values ?? [] });
             });
         return () => {
