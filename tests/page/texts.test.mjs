@@ -30,6 +30,11 @@ story('Texts are saved as a table and taken in again: only what differs is writt
     await take('a;b\n1;2\n');
     await page.getByText('words.csv has no line with').waitFor();
     assert.equal(readFileSync(file('de'), 'utf8'), first);
+    await take(Buffer.from('key;de\r\nflow;Menge f\xfcr jetzt\r\n', 'latin1'));
+    await until('an older encoding', () => words('de').flow === 'Menge für jetzt');
+    await page.locator('.grid').focus();
+    await page.keyboard.press('Control+z');
+    await until('the first texts', () => readFileSync(file('de'), 'utf8') === first);
     await take('\uFEFFnote;KEY;de\r\nx;trend;"Kraft; ""30 s"""\r\n\r\ny;fresh.key;Neu\r\nz;stop;\r\n');
     await until('it is written', () => words('de').trend === 'Kraft; "30 s"' && words('de')['fresh.key'] === 'Neu');
     assert.equal(words('de').stop, JSON.parse(first).stop);

@@ -449,7 +449,7 @@ TEST_CASE(
     CHECK(open.order("config/view/menu.g").empty());
     CHECK(run(design_view_add, "{'view': 'home', 'name': 'menu2', 'copy': true}"));
     CHECK(open.order("config/view/menu2.g") == open.order());
-    for (const char *name : {"", "../x", "home", "1a"}) {
+    for (const char *name : {"", "../x", "home", "1a", "OTHER"}) {
         CHECK(!run(design_view_add, ("{'view': 'home', 'name': '" + str(name) + "'}").c_str()));
     }
     CHECK(design_files_undo(open.files, &open.error));

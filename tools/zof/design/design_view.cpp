@@ -67,6 +67,12 @@ static std::string begin(design_files_t *files, const cJSON *args, const std::st
     std::string error = design_view_read(files, design_args_text(args, "view"), view);
     error = error.empty() ? pages_read(files, pages) : error;
     error = error.empty() && name ? design_name_fault(*name) : error;
+    // Not all systems tell names by upper and lower case.
+    const auto same = [&](const std::string &other) {
+        return name && other != view->name && design_control_upper(other) == design_control_upper(*name);
+    };
+    const auto found = std::find_if(pages->names.begin(), pages->names.end(), same);
+    error = error.empty() && found != pages->names.end() ? "there is a view " + *found : error;
     const design_file_t *entry = error.empty() && name ? design_file_of(files, file_of(*name)) : nullptr;
     return entry && entry->doc.exists ? "there is a view " + *name : error;
 }

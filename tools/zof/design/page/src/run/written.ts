@@ -27,7 +27,7 @@ export const written = signal<ReadonlyMap<string, Now>>(new Map());
 export const happened = signal<readonly Happened[]>([]); // oldest first
 
 export const textOf = (value: { takes: string; number: number; text: string }): string =>
-    value.takes === 'number' || !value.text ? `${value.number}` : value.text;
+    value.takes === 'number' || (!value.text && value.takes !== 'text') ? `${value.number}` : value.text;
 
 const add = (all: Happened[]): void => {
     happened.value = [...happened.value, ...all].slice(-KEPT);

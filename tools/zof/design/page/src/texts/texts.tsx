@@ -111,9 +111,20 @@ async function addLanguage(code: string): Promise<void> {
     await edit(words.addOf(code), [{ file: languageFile(code), create: source.text }]);
 }
 
+/** Spreadsheets save tables as UTF-8, as UTF-16 with a mark, or in the system's older encoding. */
+function decoded(bytes: ArrayBuffer): string {
+    const [first = 0, second = 0] = new Uint8Array(bytes);
+    if (first === 0xff && second === 0xfe) return new TextDecoder('utf-16le').decode(bytes);
+    try {
+        return new TextDecoder('utf-8', { fatal: true }).decode(bytes);
+    } catch {
+        return new TextDecoder('windows-1252').decode(bytes);
+    }
+}
+
 async function load(file: File | undefined): Promise<void> {
     if (!file) return;
-    const edits = tableEdits(tableCells(await file.text()), rows.value, project.value?.languages ?? []);
+    const edits = tableEdits(tableCells(decoded(await file.arrayBuffer())), rows.value, project.value?.languages ?? []);
     if (edits) await edit(words.importOf(file.name), edits);
     else fault.value = words.noTable(file.name);
 }

@@ -36,6 +36,7 @@ const bytesText = (bytes: number): string =>
 
 /** Copies files in; they are there when the project is reported again. */
 async function copyIn(folder: Folder, files: FileList | null | undefined): Promise<void> {
+    fault.value = '';
     for (const file of files ?? []) {
         const bytes = new Uint8Array(await file.arrayBuffer());
         let text = '';
