@@ -12,6 +12,7 @@
 enum {
     RESTART_MS = 300, // between the end of a player and its next start
     AGAIN_MS = 5000,  // a player that ends within this time of its start has been ended by the project
+    LIVE_MS = 1000,   // between two attempts to reach a program
     POSE_MS = 1000,
     HANG_MS = 10000,   // a player that has not answered by then is ended
     TREE_BUSY_MS = 50, // between two lists of what is drawn, while pictures follow each other
@@ -264,9 +265,10 @@ static void session_prepare(view_session_t *session) {
     }
 }
 
-// Takes over what other programs have changed. Returns whether the project has to be loaded again.
+// Takes over what other programs have changed. Returns whether the project has to be loaded again: also if it could not
+// be shown, because a file may have become readable.
 static bool files_changed() {
-    bool reload = false;
+    bool reload = canvas.edit.note_grave || !view_player_runs(&canvas.edit.shown);
     const s64 now = design_now_ms();
     for (const u32 number : design_files_look(design.files, now)) {
         const std::vector<design_gesture_t> &all = design_files_gestures(design.files);
@@ -356,6 +358,12 @@ static void choice_take() {
     }
 }
 
+static void runtime_loaded() {
+    const view_session_t *session = canvas.shown;
+    const bool runs = view_player_runs(&session->shown) && !session->note_grave;
+    runtime_report(runs ? "runs" : "stopped", session->note);
+}
+
 // Notices that a fresh player has drawn the project, or could not.
 static void loads_take() {
     view_session_t *session = canvas.shown;
@@ -368,9 +376,8 @@ static void loads_take() {
     if (session->project) {
         project_report();
     }
-    const bool runs = view_player_runs(&session->shown) && !session->note_grave;
     canvas.ended = false;
-    runtime_report(runs ? "runs" : "stopped", session->note);
+    runtime_loaded();
     canvas.tree_due = true;
     pose_again();
     choice_take();
@@ -388,6 +395,13 @@ static void end_take() {
         canvas.ended_at = now;
         pending_drop();
         runtime_report("stopped", session->note);
+    }
+    if (canvas.mode == "live") { // the program may be started at any time
+        if (now - canvas.ended_at >= LIVE_MS) {
+            canvas.ended_at = now;
+            view_session_reload(session);
+        }
+        return;
     }
     const auto lived = (s32)(canvas.ended_at - canvas.started_at); // negative while it starts again
     if (lived >= AGAIN_MS && now - canvas.ended_at >= RESTART_MS) {
@@ -571,7 +585,13 @@ static void mode_set(const std::string &mode) {
     canvas.shown->drawn = edit;
     canvas.tree_due = true;
     canvas.view = edit ? canvas.edit_view : canvas.view;
+    canvas.ended = false;
     shown_report();
+    if (edit) {
+        runtime_loaded();
+    } else {
+        runtime_report("starts", "");
+    }
 }
 
 void design_canvas_mode(const design_request_t &request, const cJSON *args) {

@@ -5,12 +5,13 @@
 #include "design_in.h"
 #include "design_net.h"
 #include "design_page_files.h"
+#include "drv/zof_drv.h"
 #include "drv/zof_drv_file.h"
 #include "drv/zof_drv_net.h"
 #include "lvgl.h"
 #include "zof_lib/zof_stdio.h"
 
-enum { STEP_MS = 50 };
+enum { STEP_MS = 50, SAVE_MS = 1000 };
 
 design_t design;
 
@@ -87,6 +88,25 @@ static void messages_take() {
     }
 }
 
+// Writes again what could not be written: a disk may have room again without a sign. Reports when the reason changes, or
+// ends.
+static void save_step() {
+    static u32 last;
+    static std::string reported;
+    const std::string error = design_files_error(design.files);
+    if (error != reported) {
+        reported = error;
+        cJSON *event = design_event_make("saved");
+        cJSON_AddItemToObject(event, "undo", design_undo_json(design.files));
+        design_event(event);
+        design_check_ask();
+    }
+    if (!error.empty() && zof_sys_time_ms() - last >= SAVE_MS) {
+        last = zof_sys_time_ms();
+        design_files_save(design.files);
+    }
+}
+
 int design_run(const design_options_t &options) {
     static design_net_options_t net;
     design.loud = options.loud;
@@ -113,6 +133,7 @@ int design_run(const design_options_t &options) {
         if (design.files) {
             design_canvas_step(STEP_MS);
             design_check_step();
+            save_step();
         } else {
             view_player_wait({design_tile_player()}, -1, STEP_MS, design.wake);
         }

@@ -151,9 +151,7 @@ static void run_take_back(const design_request_t &request, const cJSON *args) {
 
 static void run_save(const design_request_t &request, const cJSON *) {
     design_files_save(design.files);
-    cJSON *reply = cJSON_CreateObject();
-    cJSON_AddItemToObject(reply, "undo", design_undo_json(design.files));
-    design_answer(request, reply);
+    design_answer(request, cJSON_CreateObject());
 }
 
 static void run_changes(const design_request_t &request, const cJSON *) {

@@ -102,7 +102,7 @@ static void end_note(view_player_t *player) {
     if (player->child.process) {
         child_end(&player->child, &player->ended);
     } else {
-        player->ended = "it has closed the connection";
+        player->ended = "it closed the connection";
     }
 }
 

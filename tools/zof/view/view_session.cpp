@@ -7,7 +7,7 @@
 
 // Saving a file often causes several changes, so loading waits a short while for the next one. It also waits for a
 // snapshot of the player on screen, but not longer than SNAPSHOT_MS, because that player may hang.
-enum { QUIET_MS = 10, RESTLESS_MS = 60, SNAPSHOT_MS = 100, LOAD_MS = 10000 };
+enum { QUIET_MS = 10, RESTLESS_MS = 60, SNAPSHOT_MS = 100, LOAD_MS = 10000, HELLO_MS = 5000 };
 enum { PICTURE_MS = 100 }; // between pictures of a program, which has to encode them
 
 static bool is_ok(const cJSON *line) {
@@ -55,10 +55,26 @@ static void next_drop(view_session_t *session) {
     session->loads++;
 }
 
+static std::string program_start(view_session_t *session) {
+    const std::string fault = view_player_attach(&session->next, session->port);
+    if (fault.empty()) {
+        session->load_id = view_player_send(&session->next, view_player_hello(session->port));
+        session->load_at = zof_sys_time_ms();
+    }
+    return fault;
+}
+
 static void load_begin(view_session_t *session) {
     session->changed = false;
     session->message.clear();
     session->broken = false;
+    if (session->port) {
+        const std::string fault = program_start(session);
+        if (!fault.empty()) {
+            note_set(session, fault, true);
+        }
+        return;
+    }
     spare_start(session);
     session->next = session->spare;
     session->spare = {};
@@ -114,6 +130,20 @@ static void load_end(view_session_t *session, const cJSON *reply) {
     spare_start(session);
 }
 
+// Returns why the next player, or the program at the port, is not shown; empty while it may still answer.
+static std::string next_fault(const view_session_t *session, bool runs) {
+    const u32 waited = zof_sys_time_ms() - session->load_at;
+    if (session->port) {
+        const std::string port = "port " + std::to_string(session->port);
+        return !runs                ? port + " is not that of a panel: " + session->next.ended
+               : waited > HELLO_MS ? port + " does not answer as a panel does"
+                                   : "";
+    }
+    return !runs              ? "the player ended with " + session->next.ended + "; it starts again at the next change"
+           : waited > LOAD_MS ? "the player does not answer; it starts again at the next change"
+                              : "";
+}
+
 static void next_poll(view_session_t *session) {
     cJSON *reply = nullptr;
     const bool runs = view_player_poll(&session->next, [&](const cJSON *line) {
@@ -127,14 +157,11 @@ static void next_poll(view_session_t *session) {
             reply = cJSON_Duplicate(line, 1);
         }
     });
+    const std::string fault = next_fault(session, runs);
     if (reply) {
         load_end(session, reply);
-    } else if (!runs) {
-        note_set(session, "the player ended with " + session->next.ended + "; it starts again at the next change",
-                 true);
-        next_drop(session);
-    } else if (zof_sys_time_ms() - session->load_at > LOAD_MS) {
-        note_set(session, "the player does not answer; it starts again at the next change", true);
+    } else if (!fault.empty()) {
+        note_set(session, fault, true);
         next_drop(session);
     }
     cJSON_Delete(reply);
@@ -232,15 +259,6 @@ static void change_check(view_session_t *session) {
     if (settled && (!session->state_id || now - session->first_changed_at >= SNAPSHOT_MS)) {
         load_begin(session);
     }
-}
-
-static std::string program_start(view_session_t *session) {
-    const std::string fault = view_player_attach(&session->next, session->port);
-    if (fault.empty()) {
-        session->load_id = view_player_send(&session->next, view_player_hello(session->port));
-        session->load_at = zof_sys_time_ms();
-    }
-    return fault;
 }
 
 std::string view_session_start(view_session_t *session, bool watch) {

@@ -19,7 +19,6 @@ import {
     selection,
     shown,
     goTo,
-    undoState,
 } from './state';
 import { words } from './words';
 
@@ -375,10 +374,7 @@ export function setMode(mode: 'design' | 'run' | 'live', address?: string): void
 }
 
 /** Writes again what could not be written. */
-export async function save(): Promise<void> {
-    const reply = await attempt(request('save', {}));
-    if (reply) undoState.value = reply.undo;
-}
+export const save = (): void => void attempt(request('save', {}));
 
 /** Starts the project again in Run mode, or starts it. */
 export async function runAgain(): Promise<void> {

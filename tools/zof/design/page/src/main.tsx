@@ -31,17 +31,20 @@ import { Views } from './views/views';
 import { words } from './words';
 
 function Band() {
-    const stopped = linked.value !== 'lost' && runtime.value.state === 'stopped';
-    const text =
-        linked.value === 'lost'
-            ? words.lost
-            : runtime.value.state === 'stopped'
-              ? words.stopped(runtime.value.note)
-              : !pictureSize.value.width
-                ? words.starting
-                : undoState.value.error
-                  ? words.readOnly
-                  : '';
+    const broken = linked.value !== 'open' && linked.value !== 'connecting' ? linked.value : null;
+    const stopped = !broken && runtime.value.state === 'stopped';
+    const live = shown.value.mode === 'live';
+    const text = broken
+        ? words.broken[broken]
+        : stopped
+          ? live
+              ? words.liveStopped(runtime.value.note)
+              : words.stopped(runtime.value.note)
+          : !pictureSize.value.width
+            ? words.starting
+            : undoState.value.error
+              ? words.readOnly
+              : '';
     const now = posed.value;
     if (!text && now && (byPath.value.get(now.path)?.state ?? 'default') !== 'default')
         return (
@@ -53,9 +56,9 @@ function Band() {
             </div>
         );
     return text ? (
-        <div class="band" role={linked.value === 'lost' || stopped ? 'alert' : 'status'}>
+        <div class="band" role={broken || stopped ? 'alert' : 'status'}>
             {text}
-            {stopped && undoState.value.undo && (
+            {stopped && !live && undoState.value.undo && (
                 <button class="btn edge" onClick={undo}>
                     {words.takeBack}
                 </button>
@@ -134,6 +137,7 @@ function Say() {
 
 function App() {
     if (empty.value) return <Begin empty={empty.value} />;
+    if (!project.value) return <Band />; // until it is known, or because the program cannot be reached
     const { leftWidth, inspectorWidth, dockHeight, dockOpen, panels } = kept.value;
     const sizes = {
         ...(leftWidth ? { '--left': `${leftWidth}px` } : {}),
@@ -141,8 +145,10 @@ function App() {
         ...(dockHeight ? { '--dock': `${dockHeight}px` } : {}),
         ...(dockOpen ? {} : { '--dock': '34px' }),
     } as JSX.CSSProperties;
+    // The picture is not that of the program until it is connected.
+    const apart = shown.value.mode === 'live' && runtime.value.state !== 'runs';
     return (
-        <div class={`app ${panels ? '' : 'bare'} mode-${shown.value.mode}`} style={sizes}>
+        <div class={`app ${panels ? '' : 'bare'} mode-${shown.value.mode} ${apart ? 'apart' : ''}`} style={sizes}>
             <Bar />
             <Rail />
             {panels && <Left />}

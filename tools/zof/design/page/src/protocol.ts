@@ -266,7 +266,7 @@ export interface Requests {
     redo: { args: object; reply: { gesture: Gesture } };
     // Puts back what stood before one gesture, while later ones stay.
     takeBack: { args: { number: number }; reply: { gesture: Gesture } };
-    save: { args: object; reply: { undo: UndoState } }; // writes again what could not be written
+    save: { args: object; reply: object }; // writes again what could not be written
     changes: { args: object; reply: { gestures: Gesture[] } };
 
     // Operations on controls, each one step of undo. Controls are paths as in the tree.
@@ -362,6 +362,8 @@ export type Events =
     | ProblemsEvent
     | { event: 'project'; project: Project } // views, languages, files, ... have changed
     | { event: 'shown'; shown: Shown } // another view, language, theme or mode
+    // What could not be written is written again every second, and is written now, or fails for another reason.
+    | { event: 'saved'; undo: UndoState }
     // The runtime's process: it works; it starts (again); it stopped. `note` says why.
     | { event: 'runtime'; state: 'runs' | 'starts' | 'stopped'; note: string; ms: number }
     // A fault in a file that the runtime reported while it drew.

@@ -14,8 +14,9 @@ interface Waiting {
 
 const AGAIN_MS = 1000;
 
-/** Whether the program can be reached. */
-export const linked = signal<'connecting' | 'open' | 'lost'>('connecting');
+/** Whether the program can be reached; `old`: it is another one than that whose address this is; `full`: it serves as
+ *  many pages as it can. */
+export const linked = signal<'connecting' | 'open' | 'lost' | 'old' | 'full'>('connecting');
 
 const waiting = new Map<number, Waiting>();
 const listeners = new Map<string, Set<(event: never) => void>>();
@@ -54,12 +55,23 @@ function textTake(text: string): void {
     else one?.reject(new Error(message.error ?? ''));
 }
 
+async function reason(): Promise<'lost' | 'old' | 'full'> {
+    const status = await fetch(`/socket?token=${tokenOf()}`).then(
+        (answer) => answer.status,
+        () => 0,
+    );
+    return status === 403 ? 'old' : status === 503 ? 'full' : 'lost';
+}
+
 function closed(): void {
     socket = null;
-    linked.value = 'lost';
+    if (linked.value === 'open') linked.value = 'lost';
+    void reason().then((why) => {
+        linked.value = why;
+        if (why !== 'old') setTimeout(connect, AGAIN_MS);
+    });
     waiting.forEach((one) => one.reject(new Error('the program does not answer')));
     waiting.clear();
-    setTimeout(connect, AGAIN_MS);
 }
 
 export function connect(): void {

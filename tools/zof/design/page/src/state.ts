@@ -151,6 +151,9 @@ on('file', (event) => {
     if (event.gesture) lastGesture.value = event.gesture;
     fault.value = '';
 });
+on('saved', (event) => {
+    undoState.value = event.undo;
+});
 on('runtime', (event) => {
     runtime.value = event;
 });

@@ -13,7 +13,7 @@ function LastChange() {
             <span class="chg err">
                 <Icon name="error" />
                 <span class="clip">{words.notSaved(undoState.value.error)}</span>
-                <button class="link" onClick={() => void save()}>
+                <button class="link" onClick={save}>
                     {words.tryAgain}
                 </button>
             </span>
