@@ -139,13 +139,14 @@ def text(folder, name=VIEW):
 def refused(program):
     for what, args in {"token": {"token": "0" * 32}, "origin": {"origin": "http://example.test"}, "host": {"host": "example.test"}}.items():
         assert program.page(**args).status != 101, f"another {what} is served"
-    base = program.address.split("/?")[0]
-    for path in ("/..%2f..%2fetc%2fpasswd", "//etc/passwd", "/.npmrc", "/config/view/main.g"):
+    base, token = program.address.split("/?token=")
+    assert urllib.request.urlopen(f"{base}/socket?token={token}").status == 204
+    for path in ("/..%2f..%2fetc%2fpasswd", "//etc/passwd", "/.npmrc", "/config/view/main.g", "/socket?token=" + "0" * 32):
         try:
             urllib.request.urlopen(base + path)
             raise AssertionError(path + " is served")
         except urllib.error.HTTPError as fault:
-            assert fault.code == 404, path
+            assert fault.code == (403 if "token" in path else 404), path
     assert b"app.js" in urllib.request.urlopen(base + "/").read()
     page = program.page()
     for file in ("../../../etc/passwd", "/etc/passwd", "config/../../x.g"):
@@ -265,6 +266,18 @@ def hangs(program):
     assert page.ask("hit", x=0, y=0)["ok"]
 
 
+def no_panel(program):
+    """A port at which something else listens is named, and tried again until a panel is there."""
+    page = program.page()
+    with socket.create_server(("127.0.0.1", 0)) as other:
+        assert page.ask("mode", mode="live", address=str(other.getsockname()[1]))["ok"]
+        for _ in range(2):
+            other.accept()[0].close()
+            assert "is not that of a panel" in page.wait("runtime", lambda one: one["state"] == "stopped")["note"]
+    assert page.ask("mode", mode="design")["ok"]
+    assert not page.wait("runtime", lambda one: one["state"] == "runs")["note"]
+
+
 def crashes(program, folder, state):
     page = program.page()
     before = text(folder)
@@ -300,6 +313,7 @@ def main():
             refused(program)
             kept_open(program)
             hangs(program)
+            no_panel(program)
             random_gestures(program, folder)
             two_pages_and_others(program, folder)
             views(program, folder)

@@ -55,7 +55,17 @@ story('What is done is recorded as a scenario, which plays again; a line that is
     assert.equal(code, 'panel.write(rows.LABEL_TEXT, "31 C",\n    view="main", control="temperature")');
     await text.fill('0 ramp main/power 10 90 0.5\nnonsense');
     await text.blur();
-    await page.getByText('Line 2 is not understood: nonsense').waitFor();
+    await page.getByText('Line 2: not understood: nonsense').waitFor();
+    for (const [line, why] of [
+        ['0 view other', 'there is no view other'],
+        ['0 set main/power warm', 'warm is not a number'],
+        ['0 ramp main/power 1 2 -1', 'not understood'],
+        ['0 press 480 0', '480, 0 is not on the panel'],
+    ]) {
+        await text.fill(line);
+        await text.blur();
+        await page.getByText(`Line 1: ${why}`).waitFor();
+    }
     await text.fill('0 ramp main/power 10 90 0.5');
     await text.blur();
     await page.getByRole('button', { name: 'Play', exact: true }).click();

@@ -135,9 +135,10 @@ story('Everything by keyboard: select, move, rename, add, run and back', async (
     await page.keyboard.type('halt');
     await page.keyboard.press('Enter');
     await until('the name', () => at.text() === first.replace('"name": "stop"', '"name": "halt"'));
+    await page.locator('dialog').waitFor({ state: 'detached' });
     await page.locator('.stage').focus();
     await page.keyboard.press('a');
-    await page.locator('.left input').focus();
+    await page.locator('.left input:focus').waitFor();
     await page.keyboard.type('slider');
     await page.keyboard.press('Enter');
     await until('the slider', () => at.text().includes('"slider"'));

@@ -188,6 +188,10 @@ TEST_CASE("edits of one drag are one step, files outside the project do not exis
         CHECK(!open.edit(name + "\"path\": \"a\", \"value\": 1}]"));
         CHECK(!design_files_text(open.files, file, nullptr));
     }
+    for (const char *file : {"HOME.g", "aux.g", "Com1.x.g", "a<b.g", "a\\u0007.g", "a.g ", "a?.g"}) {
+        CAPTURE(file);
+        CHECK(!open.edit("[{\"file\": \"config/view/" + std::string(file) + "\", \"create\": \"{}\"}]"));
+    }
     CHECK(file_text(outside) == "{}");
     std::string hash;
     design_files_text(open.files, view_file, &hash);

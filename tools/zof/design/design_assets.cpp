@@ -253,12 +253,9 @@ static bool name_good(const std::string &folder, const std::string &name) {
         const char *folder;
         std::vector<const char *> suffixes;
     } kinds[] = {{"image", {".png", ".jpg", ".gif"}}, {"font", {".ttf", ".otf", ".ttc", ".woff", ".bin"}}};
-    const bool plain = !name.empty() && name[0] != '.' && name.size() < 100 &&
-                       name.find_first_of("/\\:*?\"<>|") == std::string::npos &&
-                       std::none_of(name.begin(), name.end(), [](char c) { return (u8)c < ' '; });
     for (const auto &kind : kinds) {
         for (const char *suffix : kind.suffixes) {
-            if (plain && folder == kind.folder && zof_suffix_is(name.c_str(), suffix)) {
+            if (name.size() < 100 && name[0] != '.' && folder == kind.folder && zof_suffix_is(name.c_str(), suffix)) {
                 return true;
             }
         }
@@ -279,8 +276,9 @@ void design_import_ask(const design_request_t &request, const cJSON *args) {
         design_refuse(request, folder + "/ is not a folder of the project");
         return;
     }
-    if (fs::exists(fs::symlink_status(path, error))) {
-        design_refuse(request, folder + "/" + name + " exists already; nothing was written");
+    const std::string fault = design_file_new_fault(design.files, folder + "/" + name);
+    if (!fault.empty()) {
+        design_refuse(request, fault);
         return;
     }
     const fs::path fresh = path.string() + ".new";

@@ -216,8 +216,11 @@ static std::string file_create(const edit_t &edit) {
     if (edit.doc->exists) {
         return edit.file + " exists already";
     }
-    file_put(edit, design_text_of(edit.json, "create"), true);
-    return "";
+    std::string fault = design_file_new_fault(edit.plan->files, edit.file);
+    if (fault.empty()) {
+        file_put(edit, design_text_of(edit.json, "create"), true);
+    }
+    return fault;
 }
 
 static std::string file_delete(const edit_t &edit) {

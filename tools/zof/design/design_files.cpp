@@ -51,6 +51,36 @@ std::string design_file_path(const design_files_t *files, const std::string &fil
     return is_below(real, files->folder) ? real : "";
 }
 
+static std::string lower(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; });
+    return text;
+}
+
+// Windows takes these names for devices, with any ending, and stores no name with such characters or such an end.
+static bool name_is_portable(const std::string &name) {
+    static const std::set<std::string> devices = {"con",  "prn",  "aux",  "nul",  "com1", "com2", "com3", "com4",
+                                                  "com5", "com6", "com7", "com8", "com9", "lpt1", "lpt2", "lpt3",
+                                                  "lpt4", "lpt5", "lpt6", "lpt7", "lpt8", "lpt9"};
+    return name.find_first_of("<>:\"|?*\\") == std::string::npos && name.back() != '.' && name.back() != ' ' &&
+           std::none_of(name.begin(), name.end(), [](char c) { return (u8)c < ' '; }) &&
+           !devices.contains(lower(name.substr(0, name.find('.'))));
+}
+
+std::string design_file_new_fault(const design_files_t *files, const std::string &file) {
+    const size_t slash = file.rfind('/') + 1;
+    const std::string name = file.substr(slash);
+    if (name.empty() || !name_is_portable(name)) {
+        return "\"" + name + "\" is not a name of a file on all systems";
+    }
+    std::string same;
+    zof_dir_t *dir = zof_opendir((files->folder + file.substr(0, slash)).c_str());
+    while (const zof_dirent_t *entry = dir ? zof_readdir(dir) : nullptr) {
+        same = lower(entry->name) == lower(name) ? entry->name : same;
+    }
+    zof_closedir(dir);
+    return same.empty() ? "" : file.substr(0, slash) + same + " exists already";
+}
+
 // Files ------------------------------------------------------------------------------------------------------------
 
 bool design_file_read(const std::string &path, std::string *text) {

@@ -43,6 +43,10 @@ void design_files_close(design_files_t *files);
 // outside the folder do not exist.
 const std::string *design_files_text(design_files_t *files, const std::string &file, std::string *hash);
 
+// Returns why no new file of this name can be made: it is not a name on all systems, or its folder has one that differs
+// in upper and lower case at most. Empty if it can. The path must be one below the project folder.
+std::string design_file_new_fault(const design_files_t *files, const std::string &file);
+
 // Returns the values of an object and of all in it, as an array of the protocol's `Value`, for cJSON_Delete. Null with
 // the error if the path leads nowhere.
 cJSON *design_files_read(design_files_t *files, const std::string &file, const std::string &path, std::string *error);

@@ -88,8 +88,8 @@ static void messages_take() {
     }
 }
 
-// Writes again what could not be written: a disk may have room again without a sign. Reports when the reason changes, or
-// ends.
+// Writes again what could not be written: a disk may have room again without a sign. Reports when the reason changes,
+// or ends.
 static void save_step() {
     static u32 last;
     static std::string reported;

@@ -212,8 +212,8 @@ static void answer_make(client_t *client) {
         response.body() = "The address must be that of this machine.\n";
     } else if (name == "socket") { // a page asks why its socket is refused
         response.result(!token_good(std::string(client->request.target())) ? http::status::forbidden
-                        : net.pages.size() >= PAGES_MAX                     ? http::status::service_unavailable
-                                                                            : http::status::no_content);
+                        : net.pages.size() >= PAGES_MAX                    ? http::status::service_unavailable
+                                                                           : http::status::no_content);
     } else if (client->request.method() != http::verb::get || !file_read(name, &response.body())) {
         response.result(http::status::not_found);
         response.body() = "There is no such file.\n";

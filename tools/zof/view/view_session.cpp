@@ -56,7 +56,7 @@ static void next_drop(view_session_t *session) {
 }
 
 static std::string program_start(view_session_t *session) {
-    const std::string fault = view_player_attach(&session->next, session->port);
+    std::string fault = view_player_attach(&session->next, session->port);
     if (fault.empty()) {
         session->load_id = view_player_send(&session->next, view_player_hello(session->port));
         session->load_at = zof_sys_time_ms();
@@ -135,7 +135,7 @@ static std::string next_fault(const view_session_t *session, bool runs) {
     const u32 waited = zof_sys_time_ms() - session->load_at;
     if (session->port) {
         const std::string port = "port " + std::to_string(session->port);
-        return !runs                ? port + " is not that of a panel: " + session->next.ended
+        return !runs               ? port + " is not that of a panel: " + session->next.ended
                : waited > HELLO_MS ? port + " does not answer as a panel does"
                                    : "";
     }

@@ -15,6 +15,7 @@ import {
     posed,
     project,
     question,
+    type Question,
     selected,
     selection,
     shown,
@@ -33,6 +34,9 @@ export async function attempt<T>(work: Promise<T>): Promise<T | undefined> {
         return undefined;
     }
 }
+
+/** The same for a field or a dialog, which shows the reason itself: returns it, or an empty text. */
+export const refusal = (work: Promise<unknown>): Promise<string> => work.then(() => '', message);
 
 /** The same for what is only read to be shown, and may be gone by then. */
 export const quiet = <T>(work: Promise<T>): Promise<T | undefined> => work.catch(() => undefined);
@@ -234,11 +238,9 @@ export async function remove(): Promise<void> {
 }
 
 export async function rename(path: string, name: string): Promise<void> {
-    const reply = await attempt(request('rename', { control: path, name }));
-    if (reply) {
-        selection.value = [reply.control];
-        if (reply.uses.length) fault.value = words.renamed(reply.uses.join(', '));
-    }
+    const reply = await request('rename', { control: path, name });
+    selection.value = [reply.control];
+    if (reply.uses.length) fault.value = words.renamed(reply.uses.join(', '));
 }
 
 export async function copy(): Promise<void> {
@@ -255,25 +257,33 @@ export async function paste(text: string): Promise<void> {
     if (reply) selection.value = reply.controls;
 }
 
-/** Asks for a text; an empty one is not taken. */
-export function ask(name: string, button: string, start: string, onDone: (text: string) => void): void {
+/** Asks for a text, until one is taken. */
+export function ask(name: string, button: string, start: string, onDone: Question['onDone']): void {
     question.value = { name, button, start, onDone };
     dialog.value = 'ask';
 }
+
+/** Asks for another name of the chosen control. */
+export function askName(): void {
+    const path = chosen.value?.path;
+    if (path) ask(words.rename, words.rename, nameOf(path), (name) => rename(path, name));
+}
+
+/** Asks for the port of a running program. */
+export const askLive = (): void => ask(words.liveAddress, words.attach, '5040', attach);
 
 // ---- views
 
 /** Makes a view as the one that is shown, with its controls or without. */
 export const addView = (copy: boolean): void =>
-    ask(copy ? words.duplicateView : words.newView, words.make, '', (name) => {
-        void attempt(request('viewAdd', { view: shown.value.view, name, copy })).then(
-            (reply) => reply && show({ view: name }),
-        );
+    ask(copy ? words.duplicateView : words.newView, words.make, '', async (name) => {
+        await request('viewAdd', { view: shown.value.view, name, copy });
+        show({ view: name });
     });
 
 export async function renameView(name: string): Promise<void> {
-    const reply = await attempt(request('viewRename', { view: shown.value.view, name }));
-    if (reply) show({ view: name });
+    await request('viewRename', { view: shown.value.view, name });
+    show({ view: name });
 }
 
 export async function removeView(): Promise<void> {
@@ -368,9 +378,16 @@ export const redo = (): void => void attempt(request('redo', {}));
 export const show = (choice: { view?: string; language?: string; theme?: string }): void =>
     void attempt(request('show', choice));
 
-export function setMode(mode: 'design' | 'run' | 'live', address?: string): void {
+export function setMode(mode: 'design' | 'run'): void {
     selection.value = [];
-    void attempt(request('mode', { mode, address }));
+    fault.value = '';
+    void attempt(request('mode', { mode }));
+}
+
+/** Shows a running program, whose port it is. */
+export async function attach(address: string): Promise<void> {
+    selection.value = [];
+    await request('mode', { mode: 'live', address });
 }
 
 /** Writes again what could not be written. */

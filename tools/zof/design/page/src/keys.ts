@@ -3,6 +3,7 @@ import { signal } from '@preact/signals';
 
 import {
     align,
+    askName,
     attempt,
     copy,
     duplicate,
@@ -127,6 +128,12 @@ const arrows = (id: string, keys: string, by: number, run: (x: number, y: number
     return rows.map(([key, x, y]) => ({ id: `${id}${key}`, name: () => '', keys: [keys + key], run: () => run(x, y) }));
 };
 
+/** Opens the palette, in which the next letters find a type. */
+function openPalette(): void {
+    keep({ left: 'add', panels: true });
+    requestAnimationFrame(() => document.querySelector<HTMLInputElement>('.left .find input')?.focus());
+}
+
 export const actions: Action[] = [
     { id: 'find', name: () => words.find, keys: ['Ctrl K'], anywhere: true, run: () => (dialog.value = 'find') },
     { id: 'undo', name: () => words.undo, keys: ['Ctrl Z'], run: undo },
@@ -202,10 +209,10 @@ export const actions: Action[] = [
         anywhere: true,
         run: fixAll,
     },
-    { id: 'add', name: () => words.add, keys: ['A'], run: () => keep({ left: 'add', panels: true }) },
+    { id: 'add', name: () => words.add, keys: ['A'], run: openPalette },
     { id: 'duplicate', name: () => words.duplicate, keys: ['Ctrl D'], run: () => void duplicate() },
     { id: 'delete', name: () => words.remove, keys: ['Delete', 'Backspace'], run: () => void remove() },
-    { id: 'rename', name: () => words.rename, keys: ['F2'], run: () => chosen.value && (dialog.value = 'rename') },
+    { id: 'rename', name: () => words.rename, keys: ['F2'], run: askName },
     { id: 'copy', name: () => words.copy, keys: ['Ctrl C'], run: () => void copy() },
     { id: 'cut', name: () => words.cut, keys: ['Ctrl X'], run: () => void copy().then(remove) },
     {

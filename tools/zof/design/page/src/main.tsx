@@ -28,7 +28,7 @@ import { Texts, TextsSide } from './texts/texts';
 import { Fonts, Pictures } from './views/assets';
 import { Sheet } from './views/sheet';
 import { Views } from './views/views';
-import { words } from './words';
+import { said, words } from './words';
 
 function Band() {
     const broken = linked.value !== 'open' && linked.value !== 'connecting' ? linked.value : null;
@@ -49,7 +49,7 @@ function Band() {
     if (!text && now && (byPath.value.get(now.path)?.state ?? 'default') !== 'default')
         return (
             <div class="band" role="status">
-                {words.stateShown(nameOf(now.path), now.state)}
+                {words.stateShown(nameOf(now.path), now.state.split('+').map(said).join(' + '))}
                 <button class="btn edge" onClick={() => pose(now.path, 'default')}>
                     {words.asItIs}
                 </button>
@@ -130,7 +130,9 @@ function Say() {
     const control = chosen.value;
     return (
         <div class="say" aria-live="polite">
-            {control ? words.selectedSay(control.path.split('/')[1] ?? '', control.type, control.box.join(', ')) : ''}
+            {control
+                ? words.selectedSay(control.path.split('/')[1] ?? '', said(control.type), control.box.join(', '))
+                : ''}
         </div>
     );
 }

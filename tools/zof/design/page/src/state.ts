@@ -34,13 +34,13 @@ export interface Menu {
     under: Control[]; // front-most first
 }
 export const menu = signal<Menu | null>(null);
-export const dialog = signal<'' | 'find' | 'keys' | 'rename' | 'live' | 'ask'>('');
+export const dialog = signal<'' | 'find' | 'keys' | 'ask'>('');
 /** What the dialog `ask` asks for. */
 export interface Question {
     name: string;
     button: string;
     start: string;
-    onDone: (text: string) => void;
+    onDone: (text: string) => Promise<unknown>; // rejected with the reason if the text cannot be taken
 }
 export const question = signal<Question | null>(null);
 /** What the inspector shows while nothing is selected. */

@@ -1,6 +1,7 @@
 // All texts of the page, in English and German. The language is that of the browser until one is chosen.
 import { computed } from '@preact/signals';
 
+import german from './german.json';
 import { kept } from './state';
 
 const en = {
@@ -69,6 +70,7 @@ const en = {
     newLanguage: 'New language (its code, such as “fr”)',
     newColour: 'New colour (its name)',
     colourName: 'the name of a colour consists of letters, digits, _ and -',
+    colourExists: (name: string) => `there is a colour ${name}`,
     projectForm: 'Settings of the project',
     group: 'Put into a new container',
     snap: 'Snap to other controls',
@@ -211,8 +213,16 @@ const en = {
     saveFile: 'Save as a file',
     scenarioTime: 'Play from a time on',
     scenarioHint: '0.5 set home/temp 93\n1 ramp home/temp 93 20 4\n6 press 120 40\n6.1 release 120 40',
-    scenarioFault: (line: number, text: string) => `Line ${line} is not understood: ${text}`,
-    scenarioLength: (steps: number, seconds: number) => `${steps} steps, ${seconds.toFixed(1)} s`,
+    scenarioLine: (line: number, text: string) => `Line ${line}: ${text}`,
+    scenarioUnknown: (control: string) => `there is no ${control} that a host can write`,
+    scenarioFault: {
+        form: (text: string) => `not understood: ${text}`,
+        view: (text: string) => `there is no view ${text}`,
+        place: (text: string) => `${text} is not on the panel`,
+        number: (text: string) => `${text || 'nothing'} is not a number`,
+    },
+    scenarioLength: (steps: number, seconds: number) =>
+        `${steps} ${steps === 1 ? 'step' : 'steps'}, ${seconds.toFixed(1)} s`,
     showOnPanel: 'Show on the panel',
     selectRunning: 'Choose a control in the outline or under Host to see its value.',
     writtenBy: (writer: string) => `written by ${writer}`,
@@ -372,6 +382,7 @@ const de: Words = {
     newLanguage: 'Neue Sprache (ihr Kürzel, etwa „fr“)',
     newColour: 'Neue Farbe (ihr Name)',
     colourName: 'der Name einer Farbe besteht aus Buchstaben, Ziffern, _ und -',
+    colourExists: (name) => `die Farbe ${name} gibt es schon`,
     projectForm: 'Einstellungen des Projekts',
     group: 'In einen neuen Container',
     snap: 'An anderen Elementen einrasten',
@@ -478,7 +489,7 @@ const de: Words = {
     lookIn: (name, where) => `Look ${name}${where && ', ' + where}`,
     lookHint: 'Alle Elemente mit diesem Look ändern sich mit.',
     states: 'Zustände',
-    otherState: 'Anderer Zustand',
+    otherState: 'Weiterer',
     noStyle: (state) => `Diese Datei beschreibt den Zustand „${state}“ nicht: Look, Thema oder Laufzeit entscheiden.`,
     addStyle: 'Hier beschreiben',
     ownFile: 'diese Datei',
@@ -512,8 +523,16 @@ const de: Words = {
     saveFile: 'Als Datei sichern',
     scenarioTime: 'Von einer Zeit an abspielen',
     scenarioHint: '0.5 set home/temp 93\n1 ramp home/temp 93 20 4\n6 press 120 40\n6.1 release 120 40',
-    scenarioFault: (line, text) => `Zeile ${line} ist unverständlich: ${text}`,
-    scenarioLength: (steps, seconds) => `${steps} Schritte, ${seconds.toFixed(1)} s`,
+    scenarioLine: (line, text) => `Zeile ${line}: ${text}`,
+    scenarioUnknown: (control) => `${control} gibt es nicht, oder ein Host kann es nicht schreiben`,
+    scenarioFault: {
+        form: (text) => `unverständlich: ${text}`,
+        view: (text) => `die Ansicht ${text} gibt es nicht`,
+        place: (text) => `${text} liegt außerhalb des Displays`,
+        number: (text) => `${text || 'nichts'} ist keine Zahl`,
+    },
+    scenarioLength: (steps, seconds) =>
+        `${steps} ${steps === 1 ? 'Schritt' : 'Schritte'}, ${seconds.toFixed(1).replace('.', ',')} s`,
     showOnPanel: 'Auf der Anzeige zeigen',
     selectRunning: 'Ein Element in der Gliederung oder unter Host wählen, um seinen Wert zu sehen.',
     writtenBy: (writer) => `geschrieben: ${writer}`,
@@ -609,6 +628,25 @@ const de: Words = {
 export const wordsLanguage = computed(() => kept.value.language || (navigator.language.startsWith('de') ? 'de' : 'en'));
 
 const chosenWords = computed<Words>(() => (wordsLanguage.value === 'de' ? de : en));
+
+/** The name of a key, a type, a state, ... of the catalogue, which is English, in the language of the page. */
+export function said(name: string): string {
+    const plain = name.replace(/_(t|e|en)$/, '').replaceAll('_', ' ');
+    return (wordsLanguage.value === 'de' && (german as Record<string, string>)[plain]) || plain;
+}
+
+/** A condition of the catalogue, "gradient is not 0", behind `words.onlyIf`. */
+export function saidWhen(when: string): string {
+    if (wordsLanguage.value !== 'de') return when;
+    return when
+        .replace(/^there is an? (.*)$/, 'es $1 gibt')
+        .replace(/^(.*) is not (.*)$/, '$1 nicht $2 ist')
+        .replace(/^(.*) is true$/, '$1 eingeschaltet ist')
+        .replace(/^(.*) is false$/, '$1 ausgeschaltet ist')
+        .replace(/^(.*) is (.*) or (.*)$/, '$1 $2 oder $3 ist')
+        .replace(/^(.*) is (.*)$/, '$1 $2 ist')
+        .replace(/^(.*) has (.*)$/, '$1 „$2“ enthält');
+}
 
 /** The texts in the language of the page; a component that reads them follows a change. */
 export const words = new Proxy(en, {

@@ -2,12 +2,12 @@
 import type { ComponentChildren } from 'preact';
 import { useLayoutEffect, useRef, useState } from 'preact/hooks';
 
-import { nameOf, rename, setMode, show } from '../actions';
+import { nameOf, refusal, show } from '../actions';
 import { iconOf } from '../catalogue';
 import { actions } from '../keys';
 import { Icon } from '../shell/icon';
-import { chosen, controls, dialog, project, question, selection, shown, type Question } from '../state';
-import { words } from '../words';
+import { controls, dialog, project, question, selection, shown, type Question } from '../state';
+import { said, words } from '../words';
 
 function Dialog({ name, children }: { name: string; children: ComponentChildren }) {
     const element = useRef<HTMLDialogElement>(null);
@@ -45,7 +45,7 @@ function foundOf(text: string): Found[] {
         ...controls.value.map((control) => ({
             icon: iconOf(control.type),
             text: nameOf(control.path),
-            more: control.type,
+            more: said(control.type),
             run: () => (selection.value = [control.path]),
         })),
         ...(project.value?.views ?? []).map((view) => ({
@@ -138,26 +138,40 @@ function Keys() {
 /** A dialog with one text. */
 function Ask({ name, start, button, onDone }: Question) {
     const [text, setText] = useState(start);
+    const [fault, setFault] = useState('');
+    const done = async (): Promise<void> => {
+        const why = await refusal(onDone(text));
+        setFault(why);
+        if (!why) dialog.value = '';
+    };
     return (
         <Dialog name={name}>
             <form
                 class="ask"
-                method="dialog"
-                onSubmit={() => {
-                    if (text) onDone(text);
+                onSubmit={(event) => {
+                    event.preventDefault();
+                    void done();
                 }}
             >
                 <label>
                     {name}
-                    <span class="in">
+                    <span class={fault ? 'in wrong' : 'in'}>
                         <input
                             value={text}
                             spellcheck={false}
+                            required
+                            aria-invalid={fault !== ''}
+                            aria-describedby="refusal"
                             onInput={(event) => setText(event.currentTarget.value)}
                         />
                     </span>
                 </label>
-                <button class="btn primary">{button}</button>
+                <span class="err" id="refusal" role="alert">
+                    {fault}
+                </span>
+                <button class="btn primary" disabled={!text}>
+                    {button}
+                </button>
             </form>
         </Dialog>
     );
@@ -169,26 +183,6 @@ export function Dialogs() {
             return <Find />;
         case 'keys':
             return <Keys />;
-        case 'rename': {
-            const path = chosen.value?.path;
-            return path ? (
-                <Ask
-                    name={words.rename}
-                    start={nameOf(path)}
-                    button={words.rename}
-                    onDone={(name) => void rename(path, name)}
-                />
-            ) : null;
-        }
-        case 'live':
-            return (
-                <Ask
-                    name={words.liveAddress}
-                    start="5040"
-                    button={words.attach}
-                    onDone={(port) => setMode('live', port)}
-                />
-            );
         case 'ask':
             return question.value && <Ask {...question.value} />;
         default:

@@ -6,7 +6,7 @@ import { Asked } from '../canvas/tile';
 import { jsonTypeOf, type Key, type Name } from '../catalogue';
 import type { Json } from '../protocol';
 import { namesOf } from '../state';
-import { words } from '../words';
+import { said, words } from '../words';
 import { ColourField } from './colour';
 import { among } from './combo';
 import { Input, type FieldProps } from './input';
@@ -113,7 +113,7 @@ function Toggle({ subject, row, id }: FieldProps) {
 
 function Choice(props: FieldProps) {
     const names = props.row.key.names ?? [];
-    const letters = names.reduce((sum, name) => sum + name.name.length, 0);
+    const letters = names.reduce((sum, name) => sum + said(name.name).length, 0);
     if (cellsOf(props.row.key).length === 9) return <Nine {...props} />;
     return names.length <= BUTTONS && letters <= LETTERS ? <Segments {...props} /> : <Select {...props} />;
 }
@@ -168,7 +168,7 @@ function Select(props: FieldProps) {
                     </option>
                 )}
                 {names.map((name) => (
-                    <option value={String(name.value)}>{`${name.name} · ${name.value}`}</option>
+                    <option value={String(name.value)}>{`${said(name.name)} · ${name.value}`}</option>
                 ))}
             </select>
         </span>

@@ -3,7 +3,7 @@ import { useState } from 'preact/hooks';
 
 import { absentText, catalogue, plainHelp, recordOf, rowsOf, type Row } from '../catalogue';
 import { Icon } from '../shell/icon';
-import { words } from '../words';
+import { said, saidWhen, words } from '../words';
 import { FieldOf } from './fields';
 import { Chain, Mark } from './origin';
 import { held, labelOf, title, type Subject } from './subject';
@@ -11,7 +11,10 @@ import { applies, scaleOf, unitOf } from './value';
 
 /** The condition under which a key has an effect, with the labels of the keys that it names. */
 const condition = ({ key, beside }: Row): string =>
-    plainHelp(key.when ?? '').replaceAll(/\w+/g, (word) => beside.find((one) => one.key === word)?.label ?? word);
+    saidWhen(plainHelp(key.when ?? '')).replaceAll(/\w+/g, (word) => {
+        const other = beside.find((one) => one.key === word);
+        return said(other?.label ?? word);
+    });
 
 /** What the catalogue says about a key: opened by F1 in its field, and by a press of its label's mark. */
 function Hint({ row, id }: { row: Row; id: string }) {

@@ -8,6 +8,7 @@ import {
     nameOf,
     openSource,
     quiet,
+    refusal,
     remove,
     removeView,
     rename,
@@ -23,7 +24,7 @@ import { Events } from '../run/events';
 import { ValueNow } from '../run/value';
 import { Icon } from '../shell/icon';
 import { about, chosen, kept, lastGesture, project, selected, shown } from '../state';
-import { words } from '../words';
+import { said, words } from '../words';
 import { commonRows, Form } from './form';
 import { Styles } from './styles';
 import { below, type Place, type Subject } from './subject';
@@ -58,25 +59,41 @@ const inside = (places: Place[], key: string): Place[] =>
         values: below(place.values, key + '.'),
     }));
 
-function Name({ name, onName }: { name: string; onName: (name: string) => void }) {
+function Name({ name, onName }: { name: string; onName: (name: string) => Promise<void> }) {
     const [text, setText] = useState(name);
-    useEffect(() => setText(name), [name]);
-    const leave = (): void => {
-        if (text !== name && text) onName(text);
+    const [fault, setFault] = useState('');
+    const again = (): void => {
+        setText(name);
+        setFault('');
+    };
+    useEffect(again, [name]);
+    const take = async (): Promise<void> => {
+        if (text && text !== name) setFault(await refusal(onName(text)));
+        else again();
     };
     return (
-        <input
-            class="title"
-            aria-label={words.name}
-            value={text}
-            spellcheck={false}
-            onInput={(event) => setText(event.currentTarget.value)}
-            onBlur={leave}
-            onKeyDown={(event) => {
-                if (event.key === 'Enter') leave();
-                if (event.key === 'Escape') setText(name);
-            }}
-        />
+        <span class="grow">
+            <input
+                class={fault ? 'title wrong' : 'title'}
+                aria-label={words.name}
+                aria-invalid={fault !== ''}
+                aria-describedby="name-fault"
+                value={text}
+                spellcheck={false}
+                onInput={(event) => {
+                    setText(event.currentTarget.value);
+                    setFault('');
+                }}
+                onBlur={() => (fault ? again() : void take())}
+                onKeyDown={(event) => {
+                    if (event.key === 'Enter') void take();
+                    if (event.key === 'Escape') again();
+                }}
+            />
+            <span class="err" id="name-fault" role="alert">
+                {fault}
+            </span>
+        </span>
     );
 }
 
@@ -89,7 +106,7 @@ function Head({ control }: { control: Control }) {
                 <Icon name={iconOf(control.type)} class="acc" />
                 {shown.value.mode === 'design' ? (
                     <>
-                        <Name name={nameOf(control.path)} onName={(name) => void rename(control.path, name)} />
+                        <Name name={nameOf(control.path)} onName={(name) => rename(control.path, name)} />
                         <Button
                             icon="lock"
                             name={words.lock}
@@ -111,7 +128,7 @@ function Head({ control }: { control: Control }) {
             </div>
             <div class="l2">
                 <span>
-                    {control.type} · id {control.id}
+                    {said(control.type)} · id {control.id}
                 </span>
                 {place && (
                     <button
@@ -276,7 +293,7 @@ function View() {
             <div class="who">
                 <div class="l1">
                     <Icon name="views" class="acc" />
-                    <Name name={view.name} onName={(name) => void renameView(name)} />
+                    <Name name={view.name} onName={renameView} />
                     <Button icon="copy" name={words.duplicateView} onClick={() => addView(true)} />
                     <Button
                         icon="trash"
@@ -317,7 +334,7 @@ function Several({ list }: { list: Control[] }) {
                 <div class="l1">
                     <h2>{name}</h2>
                 </div>
-                <p class="t2">{[...types].map(([type, count]) => `${count} ${type}`).join(', ')}</p>
+                <p class="t2">{[...types].map(([type, count]) => `${count} ${said(type)}`).join(', ')}</p>
                 <p class="t3">{words.severalHint}</p>
             </div>
             <div class="forms">

@@ -7,7 +7,7 @@ import type { Control, Edit, Json, Value } from '../protocol';
 import { edit, pose } from '../actions';
 import { Icon } from '../shell/icon';
 import { project, shown } from '../state';
-import { words } from '../words';
+import { said, words } from '../words';
 import { Form } from './form';
 import { useOrigins } from './origins';
 import { below, type Origin, type Subject } from './subject';
@@ -181,14 +181,14 @@ export function Styles({ control, subject, type, look }: Props) {
                     <Choice
                         label={words.object}
                         value={String(section)}
-                        options={sections.map((one) => [String(one.value), one.name])}
+                        options={sections.map((one) => [String(one.value), said(one.name)])}
                         onChange={(value) => setSection(Number(value))}
                     />
                 )}
                 <Choice
                     label={words.part}
                     value={String(part)}
-                    options={parts.map((one) => [String(one.value), one.name + (has(one.value, 0) ? ' •' : '')])}
+                    options={parts.map((one) => [String(one.value), said(one.name) + (has(one.value, 0) ? ' •' : '')])}
                     onChange={(value) => setPart(Number(value))}
                 />
                 <div class="states" role="radiogroup" aria-label={words.states}>
@@ -209,7 +209,7 @@ export function Styles({ control, subject, type, look }: Props) {
                                 height={30}
                             />
                             <small>
-                                {one.name}
+                                {said(one.name)}
                                 {has(part, one.value) && <b />}
                             </small>
                         </button>
@@ -227,7 +227,7 @@ export function Styles({ control, subject, type, look }: Props) {
                             >
                                 <option value="">{words.otherState}</option>
                                 {others.map((one) => (
-                                    <option value={String(one.value)}>{one.name}</option>
+                                    <option value={String(one.value)}>{said(one.name)}</option>
                                 ))}
                             </select>
                         </label>
@@ -274,7 +274,7 @@ export function Styles({ control, subject, type, look }: Props) {
                 />
             ) : (
                 <section class="sect">
-                    <p class="t2">{words.noStyle(stateName)}</p>
+                    <p class="t2">{words.noStyle(said(stateName))}</p>
                     <div class="chips">
                         {always && state !== 0 && (
                             <button class="btn edge" onClick={() => add(always)}>

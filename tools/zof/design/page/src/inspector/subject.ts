@@ -3,7 +3,7 @@ import { edit } from '../actions';
 import { tryEdits, tryStop } from '../canvas/drag';
 import type { Key, Row } from '../catalogue';
 import type { Edit, Json, Value } from '../protocol';
-import { words } from '../words';
+import { said, words } from '../words';
 import { jsonOf } from './value';
 
 /** One object in a file. */
@@ -29,7 +29,7 @@ export interface Subject {
 }
 
 export const title = (text: string): string => {
-    const plain = text.replace(/_(t|e|en)$/, '').replaceAll('_', ' ');
+    const plain = said(text);
     return plain.charAt(0).toUpperCase() + plain.slice(1);
 };
 

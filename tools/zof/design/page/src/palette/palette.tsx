@@ -7,7 +7,7 @@ import { catalogue, type Type } from '../catalogue';
 import { Filter } from '../shell/filter';
 import { Icon } from '../shell/icon';
 import { chosen, project } from '../state';
-import { words } from '../words';
+import { said, words } from '../words';
 
 const sizeOf = (type: Type): { width: number; height: number } => ({
     width: type.width ?? 120,
@@ -26,7 +26,9 @@ function addMiddle(type: Type): void {
 
 export function Palette() {
     const [filter, setFilter] = useState('');
-    const types = catalogue.value.types.filter((type) => `${type.name} ${type.help}`.includes(filter.toLowerCase()));
+    const has = (text: string): boolean => text.toLowerCase().includes(filter.toLowerCase());
+    const named = catalogue.value.types.filter((type) => has(`${said(type.name)} ${type.name}`));
+    const types = [...named, ...catalogue.value.types.filter((type) => !named.includes(type) && has(type.help))];
     return (
         <>
             <div class="head">
@@ -64,7 +66,7 @@ export function Palette() {
                         onDragEnd={() => carried.value && void placeEnd(false)}
                     >
                         <Icon name={type.theme_file} />
-                        {type.name}
+                        {said(type.name)}
                     </button>
                 ))}
             </div>

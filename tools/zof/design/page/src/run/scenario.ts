@@ -6,8 +6,10 @@
 // Lines that begin with # are for people.
 import { signal } from '@preact/signals';
 
-import { attempt } from '../actions';
+import { message } from '../actions';
 import { request } from '../socket';
+import { fault, project } from '../state';
+import { words } from '../words';
 import { written } from './written';
 
 export interface Step {
@@ -20,12 +22,21 @@ export interface Step {
 const WORDS = { set: 2, ramp: 4, press: 2, move: 2, release: 2, view: 1 } as const; // and how many arguments they have
 type Word = keyof typeof WORDS;
 const RAMP_S = 0.1; // between two numbers of a ramp
+const LONGEST_S = 86400;
+
+/** Why a line cannot work, and the word that is at fault, or the line. */
+export interface LineFault {
+    line: number;
+    why: 'form' | 'view' | 'place' | 'number';
+    text: string;
+}
 
 export interface Parsed {
     steps: Step[];
-    fault: { line: number; text: string } | null;
+    fault: LineFault | null;
 }
 
+const isNumber = (text: string): boolean => text !== '' && Number.isFinite(Number(text));
 const isWord = (word: string | undefined): word is Word => word !== undefined && word in WORDS;
 
 /** A ramp as the numbers that it writes. */
@@ -41,6 +52,22 @@ function ramp(step: Step): Step[] {
     }));
 }
 
+/** Returns what a line names that the project does not have. */
+function missing({ word, args, line }: Step): LineFault | null {
+    const { views, width, height } = project.value ?? { views: [], width: 0, height: 0 };
+    const [first = '', second = ''] = args;
+    const view = word === 'set' || word === 'ramp' || word === 'view' ? first.replace(/\/.*/, '') : '';
+    if (view && !views.some((one) => one.name === view)) return { line, why: 'view', text: view };
+    if (word === 'set' && written.value.get(first)?.takes === 'number' && !isNumber(second))
+        return { line, why: 'number', text: second };
+    const [x, y] = [Number(first), Number(second)];
+    const off =
+        word === 'press' || word === 'move' || word === 'release'
+            ? !(x >= 0 && y >= 0 && x < width && y < height)
+            : false;
+    return off ? { line, why: 'place', text: `${first}, ${second}` } : null;
+}
+
 export function scenarioParse(text: string): Parsed {
     const steps: Step[] = [];
     for (const [index, whole] of text.split('\n').entries()) {
@@ -52,23 +79,35 @@ export function scenarioParse(text: string): Parsed {
         // A text that is set may have blanks in it.
         const args = word === 'set' ? [rest[0] ?? '', rest.slice(1).join(' ')] : rest;
         const numbers = word === 'ramp' ? args.slice(1) : word === 'set' || word === 'view' ? [] : args;
-        const good =
-            at >= 0 && isWord(word) && args.length === count && numbers.every((one) => Number.isFinite(Number(one)));
-        if (!good) return { steps: [], fault: { line: index + 1, text: line } };
+        const form = at >= 0 && at <= LONGEST_S && isWord(word) && args.length === count && numbers.every(isNumber);
+        const length = word === 'ramp' ? Number(args[3]) : 0;
+        if (!form || length < 0 || length > LONGEST_S)
+            return { steps: [], fault: { line: index + 1, why: 'form', text: line } };
         const step: Step = { at, line: index + 1, word, args };
+        const fault = missing(step);
+        if (fault) return { steps: [], fault };
         steps.push(...(word === 'ramp' ? ramp(step) : [step]));
     }
     return { steps: steps.sort((a, b) => a.at - b.at), fault: null };
 }
 
-function perform({ word, args }: Step): void {
+function send({ word, args }: Step): Promise<unknown> {
     const [first = '', second = ''] = args;
     if (word === 'set') {
         const value = written.value.get(first);
-        const what = value?.takes === 'number' ? Number(second) : second;
-        void attempt(request('set', { control: first, row: value?.row ?? '', value: what }));
-    } else if (word === 'view') void attempt(request('show', { view: first }));
-    else void attempt(request('pointer', { x: Number(first), y: Number(second), down: word !== 'release' }));
+        if (!value) return Promise.reject(new Error(words.scenarioUnknown(first)));
+        return request('set', {
+            control: first,
+            row: value.row,
+            value: value.takes === 'number' ? Number(second) : second,
+        });
+    }
+    if (word === 'view') return request('show', { view: first });
+    return request('pointer', { x: Number(first), y: Number(second), down: word !== 'release' });
+}
+
+function perform(step: Step): void {
+    send(step).catch((reason: unknown) => (fault.value = words.scenarioLine(step.line, message(reason))));
 }
 
 // ---- playing
@@ -89,6 +128,7 @@ export const scenarioLength = (steps: Step[]): number => steps[steps.length - 1]
 /** Plays from a time on; what is written before it is set at once, so that the panel stands as it would then. */
 export function scenarioPlay(steps: Step[], from = 0): void {
     scenarioStop();
+    fault.value = '';
     const last = new Map(
         steps.filter((step) => step.at < from && step.word === 'set').map((step) => [step.args[0], step]),
     );

@@ -69,7 +69,9 @@ export function Scenario() {
                 onChange={(event) => keep({ scenario: event.currentTarget.value })}
             />
             <p class={fault ? 'err small' : 't3 small'}>
-                {fault ? words.scenarioFault(fault.line, fault.text) : words.scenarioLength(steps.length, length)}
+                {fault
+                    ? words.scenarioLine(fault.line, words.scenarioFault[fault.why](fault.text))
+                    : words.scenarioLength(steps.length, length)}
             </p>
         </section>
     );

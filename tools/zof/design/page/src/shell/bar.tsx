@@ -1,5 +1,5 @@
 // The bar: project, undo, problems; the mode; language and theme of the picture, find, light or dark.
-import { redo, setMode, show, undo } from '../actions';
+import { askLive, redo, setMode, show, undo } from '../actions';
 import { chooseProblem } from '../keys';
 import { about, chosenProblem, dialog, keep, kept, problems, project, selection, shown, undoState } from '../state';
 import { words } from '../words';
@@ -85,7 +85,7 @@ export function Bar() {
             role="tab"
             class={mode === name ? (name === 'run' ? 'on run' : 'on') : ''}
             aria-selected={mode === name}
-            onClick={() => (name === 'live' ? (dialog.value = 'live') : setMode(name))}
+            onClick={() => (name === 'live' ? askLive() : setMode(name))}
         >
             <Icon name={icon} />
             {text}

@@ -2,16 +2,20 @@
 import { ask, setValue } from '../actions';
 import { tryEdits } from '../canvas/drag';
 import { Button } from '../shell/button';
-import { fault, project } from '../state';
+import { request } from '../socket';
+import { project } from '../state';
 import { words } from '../words';
 
 export function Colours() {
     const all = project.value?.colours ?? [];
     const files = [...new Set(['config/looks.g', ...all.map((colour) => colour.file)])];
     const add = (file: string): void =>
-        ask(words.newColour, words.make, '', (name) => {
-            if (/^[\w-]+$/.test(name)) setValue(words.addOf(name), file, `colors.${name}`, '#808080');
-            else fault.value = words.colourName;
+        ask(words.newColour, words.make, '', async (name) => {
+            if (!/^[\w-]+$/.test(name)) throw new Error(words.colourName);
+            if (all.some((colour) => colour.file === file && colour.name === name))
+                throw new Error(words.colourExists(name));
+            const edits = [{ file, path: `colors.${name}`, value: '#808080' }];
+            await request('edit', { label: words.addOf(name), edits });
         });
     return (
         <>

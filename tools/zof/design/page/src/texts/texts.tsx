@@ -108,7 +108,7 @@ const listed = (): TextRow[] => rows.value.filter(tests[filter.value]);
 async function addLanguage(code: string): Promise<void> {
     const from = shown.value.language || (project.value?.languages[0] ?? '');
     const source = from ? await request('source', { file: languageFile(from) }) : { text: '{}\n' };
-    await edit(words.addOf(code), [{ file: languageFile(code), create: source.text }]);
+    await request('edit', { label: words.addOf(code), edits: [{ file: languageFile(code), create: source.text }] });
 }
 
 /** Spreadsheets save tables as UTF-8, as UTF-16 with a mark, or in the system's older encoding. */
@@ -206,10 +206,7 @@ export function Texts() {
             <div class="tools">
                 <span class="m">{words.textsCount(list.length)}</span>
                 <span class="grow" />
-                <button
-                    class="btn edge"
-                    onClick={() => ask(words.newLanguage, words.make, '', (code) => void addLanguage(code))}
-                >
+                <button class="btn edge" onClick={() => ask(words.newLanguage, words.make, '', addLanguage)}>
                     <Icon name="add" />
                     {words.oneLanguage}
                 </button>
