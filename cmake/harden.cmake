@@ -1,6 +1,9 @@
 # Hardens release builds against the exploitation of memory faults: overflows of stack buffers and in calls of the C
 # library end the program, addresses differ from run to run, and function tables are read-only after start. Sanitized and
 # debug builds find such faults by other means, and fortified calls need optimisation.
+if(EMSCRIPTEN)
+  return() # the browser isolates a page and its functions
+endif()
 include(CheckPIESupported)
 include(CheckCCompilerFlag)
 check_pie_supported(LANGUAGES C CXX)

@@ -8,6 +8,7 @@
 #include <string.h>
 
 #include <atomic>
+#include <initializer_list>
 
 #include "drv/zof_loop_in.h"
 #include "zof_lib/zof_stdio.h"

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 #include "zof_lib/zof_jdoc_in.h"
 
@@ -121,12 +122,23 @@ s32 zof_jdoc_text(const zof_jdoc_t *doc, u32 node, char *out, size_t size) {
     return decode(doc, doc->nodes[node].at + 1, doc->nodes[node].end - 1, out, size);
 }
 
+// Returns false for a number that is too large or too small.
+static bool number_read(const char *text, const char *end, double *out) {
+#ifdef __cpp_lib_to_chars
+    return std::from_chars(text, end, *out).ec != std::errc::result_out_of_range;
+#else // a C++ library without it; systems with one have no locales either
+    const std::string copy(text, end);
+    *out = std::strtod(copy.c_str(), nullptr);
+    return std::isfinite(*out);
+#endif
+}
+
 s32 zof_jdoc_number(const zof_jdoc_t *doc, u32 node, double *out) {
     if (node >= doc->count || doc->nodes[node].kind != ZOF_J_NUMBER) {
         return -1;
     }
     const char *text = doc->text + doc->nodes[node].at, *end = doc->text + doc->nodes[node].end;
-    if (std::from_chars(text, end, *out).ec == std::errc::result_out_of_range) {
+    if (!number_read(text, end, out)) {
         const char *e = (const char *)std::memchr(text, 'e', (size_t)(end - text));
         e = e ? e : (const char *)std::memchr(text, 'E', (size_t)(end - text));
         *out = e && e[1] == '-' ? 0 : HUGE_VAL;
