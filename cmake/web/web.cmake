@@ -32,3 +32,6 @@ foreach(library CLI11::CLI11 Boost::headers)
   set_target_properties(${library} PROPERTIES INTERFACE_INCLUDE_DIRECTORIES ${headers}
                                               INTERFACE_SYSTEM_INCLUDE_DIRECTORIES ${headers})
 endforeach()
+
+# Where Debian has the modules that emscripten's linker requires.
+set_property(GLOBAL PROPERTY RULE_LAUNCH_LINK "${CMAKE_COMMAND} -E env NODE_PATH=/usr/share/nodejs")

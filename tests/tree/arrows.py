@@ -72,7 +72,7 @@ def library_fault(rel, name):
     """Returns what is wrong with a file of zof_src including a header that is not ours, or None."""
     if is_standard(name) or name in LIBRARIES:
         return None
-    if rel.name == "host_null.cpp":
+    if rel.name.startswith("host_null"):
         return f"{name} is not standard C++, in which the template for new hosts is written"
     if rel.name.startswith("host_") or (rel.parts[0] == "port" and PORT_LIBRARIES.fullmatch(name)):
         return None

@@ -1,15 +1,13 @@
 // The virtual board: a program at the other end of the panel's register link.
 #include <CLI/CLI.hpp>
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
 
-#include "hardware/uart/zof_hw_text.h"
-#include "script.h"
+#include "run.h"
 #include "system.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -24,21 +22,7 @@ struct options {
 
 static simulation sim;
 static options opt;
-static double plugged_ms, flooded_ms;
-static int print_fault; // errno of the first line that could not be printed
-
 static volatile sig_atomic_t stop;
-
-static double now_ms() {
-    using clock = std::chrono::steady_clock;
-    static const clock::time_point start = clock::now();
-    return std::chrono::duration<double, std::milli>(clock::now() - start).count();
-}
-
-static void say(const char *who, const std::string &what) {
-    const bool printed = printf("%9.3f  %-14s %s\n", now_ms() / 1000, who, what.c_str()) >= 0 && fflush(stdout) == 0;
-    print_fault = printed || print_fault ? print_fault : errno;
-}
 
 static std::string faults_help() {
     std::string out = "Faults (--fault NAME or --fault NAME=AMOUNT, may be repeated):\n";
@@ -59,82 +43,6 @@ static bool read_script(const std::string &path) {
         fprintf(stderr, "board_sim: %s\n", fault.c_str());
     }
     return fault.empty();
-}
-
-static void send_frame(const bytes &frame) {
-    if (wire_send(sim.line, frame, now_ms()) && opt.trace) {
-        say("board > panel", frame_text(frame));
-    }
-}
-
-static void on_frame(const bytes &frame) {
-    if (opt.trace) {
-        say("panel > board", frame_text(frame));
-    }
-    frame_report_words(frame, [](uint16_t addr, uint16_t value) { board_report(sim.box, addr, value); });
-}
-
-// Sends bursts of readings with a silence after each, so that the line is full but messages still end.
-static void flood(double now) {
-    const double period = 20;
-    if (sim.line.faults.flood <= 0 || now - flooded_ms < period) {
-        return;
-    }
-    size_t left = (size_t)(sim.line.faults.flood * (now - std::max(flooded_ms, now - 2 * period)) / 1000);
-    flooded_ms = now;
-    static uint16_t count;
-    bytes burst;
-    for (; left >= 8; left -= 8) {
-        const bytes f = frame_write(REG_LIVE_MA, {count++});
-        burst.insert(burst.end(), f.begin(), f.end());
-    }
-    wire_send(sim.line, burst, now);
-}
-
-static void replug(double now) {
-    const double period = sim.line.faults.replug * 1000;
-    if (period <= 0) {
-        return;
-    }
-    const double since = now - plugged_ms;
-    if (sim.line.fd >= 0 && since > period) {
-        say("line", "unplugged");
-        simulation_unplug(sim);
-    } else if (sim.line.fd < 0 && since > period + 1000) {
-        plugged_ms = now; // even on failure, so that the next attempt waits for the next interval
-        if (wire_plug(sim.line)) {
-            say("line", "plugged in as " + sim.line.slave_name);
-        }
-    }
-}
-
-static void receive() {
-    uint8_t buffer[1024];
-    long n;
-    while ((n = wire_read(sim.line, buffer, sizeof(buffer))) > 0) {
-        frame_feed(sim.finder, buffer, (size_t)n);
-    }
-    if (n < 0) {
-        say("line", "the far end is gone");
-        wire_lost(sim.line);
-        simulation_unplug(sim);
-    }
-}
-
-static void loop() {
-    double last = now_ms();
-    while (!stop && !sim.ended && (opt.seconds <= 0 || last < opt.seconds * 1000)) {
-        const double due = wire_flush(sim.line, last);
-        wire_wait({{&sim.line, false}}, due >= 0 && due < 10 ? (int)due + 1 : 10);
-        receive();
-        const double now = now_ms();
-        sim.now_ms = now;
-        fputs(script_run(sim).c_str(), stderr);
-        board_step(sim.box, now - last);
-        flood(now);
-        replug(now);
-        last = now;
-    }
 }
 
 static void options_add(CLI::App &app) {
@@ -198,21 +106,20 @@ int main(int argc, char **argv) {
     if (status != ZOF_EXIT_GOOD) {
         return status;
     }
-    sim.send = send_frame;
-    sim.box.write = [](uint16_t addr, const std::vector<uint16_t> &words) { send_frame(frame_write(addr, words)); };
-    sim.finder.found = on_frame;
-    if (!wire_plug(sim.line)) {
+    if (!run_begin(sim, opt.trace)) {
         return ZOF_EXIT_FILES;
     }
     for (int sig : system_end_signals()) {
         signal(sig, [](int) { stop = 1; });
     }
-    say("line", "the board is at " + line_name());
-    board_power_up(sim.box);
-    loop();
+    run_say("line", "the board is at " + line_name());
+    while (!stop && !sim.ended && (opt.seconds <= 0 || sim.now_ms < opt.seconds * 1000)) {
+        run_step(sim);
+    }
     wire_unplug(sim.line);
-    say("line",
-        std::to_string(sim.line.sent) + " bytes sent, " + std::to_string(sim.line.dropped) + " dropped on a full line");
+    run_say("line", std::to_string(sim.line.sent) + " bytes sent, " + std::to_string(sim.line.dropped) +
+                        " dropped on a full line");
+    const int print_fault = run_say_fault();
     if (print_fault) {
         fprintf(stderr, "board_sim: standard output: %s\n", std::generic_category().message(print_fault).c_str());
     }

@@ -13,8 +13,14 @@
 ZOF_CTRL_TYPES(ZOF_CTRL_ROW)
 #undef ZOF_CTRL_ROW
 
-// Parameters that tell a callee which public function its caller is, and where that was called from.
-#define ZOF_CALLER const char *function = __builtin_FUNCTION(), const void *site = __builtin_return_address(0)
+// Parameters that tell a callee which public function its caller is, and where that was called from: nowhere known on a
+// processor that can only find out by an exception.
+#ifdef __wasm__
+#define ZOF_CALL_SITE nullptr
+#else
+#define ZOF_CALL_SITE __builtin_return_address(0)
+#endif
+#define ZOF_CALLER const char *function = __builtin_FUNCTION(), const void *site = ZOF_CALL_SITE
 
 // Reports, once for each site, why a public function cannot use a handle. Returns -1.
 s32 zof_refuse(const zof_ctrl_t *ctrl, ZOF_CALLER);

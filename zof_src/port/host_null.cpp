@@ -1,6 +1,7 @@
 // The host layer in standard C++ alone: it builds everywhere, is the file to copy for another system, and shows what a
-// system has to add. It has no serial lines, no shared libraries, no sockets and no locks between programs; links,
-// pipes and power cuts are treated as well as the standard library can. CMake takes it with -DZOF_HOST=null.
+// system has to add. It has no serial lines and no locks between programs; links, pipes and power cuts are treated as
+// well as the standard library can. What else is missing is in host_null_device.cpp. CMake takes both with
+// -DZOF_HOST=null.
 #include <errno.h>
 #include <stdio.h>
 #include <string.h>
@@ -12,9 +13,6 @@
 #include <string>
 #include <thread>
 
-#include "drv/zof_drv_device.h"
-#include "drv/zof_drv_net.h"
-#include "drv/zof_drv_wdt.h"
 #include "port/zof_host.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -253,52 +251,7 @@ const char *zof_file_error(void) {
     return text.c_str();
 }
 
-void *zof_host_library_open(const char *name, s32 major) {
-    (void)name;
-    (void)major;
-    return nullptr;
-}
-
-void *zof_host_library_symbol(void *library, const char *name) {
-    (void)library;
-    (void)name;
-    return nullptr;
-}
-
-void zof_host_screen_size(s32 *w, s32 *h) {
-    *w = 0;
-    *h = 0;
-}
-
-u32 zof_device_list(zof_device_e kind, zof_device_t *out, u32 most) {
-    (void)kind;
-    (void)out;
-    (void)most;
-    return 0;
-}
-
-zof_bool zof_host_light_find(void) {
-    return ZOF_FALSE;
-}
-
-s32 zof_host_light_set(u8 level) {
-    (void)level;
-    return -1;
-}
-
-s32 zof_host_display_power(struct SDL_Window *window, zof_bool on) {
-    (void)window;
-    (void)on;
-    return -1;
-}
-
-s32 zof_host_service_report(const char *text) {
-    (void)text;
-    return -1;
-}
-
-u32 zof_host_service_period(void) {
-    return 0;
+void zof_host_events_take(void) {
 }
 
 zof_drv_t *zof_host_serial_open(s32 port, const char *path, const zof_host_line_t *line) {
@@ -348,72 +301,4 @@ u32 zof_drv_uart_list(zof_uart_info_t *out, u32 most) {
     (void)out;
     (void)most;
     return 0;
-}
-
-zof_net_port_t *zof_net_listen(u16 *number) {
-    (void)number;
-    errno = ENOSYS;
-    return nullptr;
-}
-
-void zof_net_unlisten(zof_net_port_t *port) {
-    (void)port;
-}
-
-s32 zof_net_accept(zof_net_port_t *port) {
-    (void)port;
-    return -1;
-}
-
-s32 zof_net_read(s32 connection, void *out, u32 size) {
-    (void)connection;
-    (void)out;
-    (void)size;
-    return -1;
-}
-
-s32 zof_net_write(s32 connection, const void *data, u32 size) {
-    (void)connection;
-    (void)data;
-    (void)size;
-    return -1;
-}
-
-void zof_net_close(s32 connection) {
-    (void)connection;
-}
-
-void zof_net_wait(zof_net_port_t *port, s32 connection, u32 events, s32 ms) {
-    (void)port;
-    (void)connection;
-    (void)events;
-    (void)ms;
-}
-
-void zof_net_wake(zof_net_port_t *port) {
-    (void)port;
-}
-
-s32 zof_net_random(void *out, u32 size) {
-    (void)out;
-    (void)size;
-    return -1;
-}
-
-s32 zof_net_private_path(char *out, size_t size, const char *name, zof_bool make) {
-    (void)out;
-    (void)size;
-    (void)name;
-    (void)make;
-    return -1;
-}
-
-s32 zof_net_private_write(const char *path, const char *text) {
-    (void)path;
-    (void)text;
-    return -1;
-}
-
-s32 win_wdt_init(void) {
-    return -1;
 }

@@ -112,6 +112,9 @@ void zof_closedir(zof_dir_t *dir) {
     }
 }
 
+void zof_host_events_take(void) {
+}
+
 void zof_host_screen_size(s32 *w, s32 *h) {
     SDL_Rect bounds = {};
     const bool known = SDL_GetDisplayBounds(0, &bounds) == 0;

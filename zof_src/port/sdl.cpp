@@ -14,6 +14,7 @@
 #include "drv/zof_loop_in.h"
 #include "port/win_loop.h"
 #include "port/win_screen.h"
+#include "port/zof_host.h"
 #include "port/zof_port.h"
 #include "zof_lib/zof_stdio.h"
 
@@ -302,6 +303,7 @@ static void event_take(const SDL_Event *event) {
 static bool events_take() {
     bool user = false;
     SDL_Event event;
+    zof_host_events_take();
     while (SDL_PollEvent(&event)) {
         event_take(&event);
         user = user || event.type < SDL_USEREVENT;

@@ -64,6 +64,8 @@ void zof_file_fault_set(zof_file_fault_t fault);
 void *zof_host_library_open(const char *name, s32 major);
 void *zof_host_library_symbol(void *library, const char *name);
 
+// Graphics thread, before SDL is asked for events: takes what the system passes on only when it is asked, as a browser.
+void zof_host_events_take(void);
 void zof_host_screen_size(s32 *w, s32 *h); // the desktop's size in pixels; 0, 0 when unknown
 
 // The light of a display that no other program shows. Graphics thread. Find looks for a backlight that this process may

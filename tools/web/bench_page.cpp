@@ -1,0 +1,57 @@
+// The bench panel in a page, with the virtual box at the far end of its line, which runs as a thread.
+#include <cstdio>
+#include <mutex>
+#include <sstream>
+#include <string>
+#include <thread>
+
+#include <emscripten.h>
+
+#include "zof.h"
+
+#include "run.h"
+#include "zof_args.h"
+
+static struct {
+    std::mutex lock;
+    std::string commands; // of the page, that the box has not run yet
+} box;
+
+// Runs a command of a script: "fault mute=1", "load 4.7", "unplug". Called on the page's main thread.
+extern "C" EMSCRIPTEN_KEEPALIVE void zof_box_command(const char *text) {
+    std::lock_guard guard(box.lock);
+    box.commands += "0 " + std::string(text) + "\n";
+}
+
+static void commands_take(simulation *sim) {
+    std::string text;
+    {
+        std::lock_guard guard(box.lock);
+        text.swap(box.commands);
+    }
+    if (!text.empty()) {
+        std::istringstream in(text);
+        const std::string fault = script_read(*sim, in, "page");
+        if (!fault.empty()) {
+            fprintf(stderr, "%s\n", fault.c_str());
+        }
+    }
+}
+
+static void box_run() {
+    static simulation sim;
+    sim.box.rails = board_default_rails(RAIL_MAX);
+    sim.box.noise = true;
+    load_parse("10", sim.box.load);
+    run_begin(sim, false);
+    for (;;) {
+        commands_take(&sim);
+        run_step(sim);
+    }
+}
+
+int main(int argc, char **argv) {
+    std::thread(box_run).detach();
+    zof_app_set(&zof_bench_app);
+    return zof_run(argc, argv);
+}
