@@ -9,13 +9,22 @@
 
 #include "zof.h"
 
+#include "drv/zof_lock.h"
+#include "hardware/uart/zof_hw_port.h"
 #include "run.h"
 #include "zof_args.h"
 
 static struct {
     std::mutex lock;
     std::string commands; // of the page, that the box has not run yet
+    std::string port;     // to which the link is to move
 } box;
+
+// Moves the link to a port of the page: "box" or "usb". Called on the page's main thread.
+extern "C" EMSCRIPTEN_KEEPALIVE void zof_page_port(const char *path) {
+    std::lock_guard guard(box.lock);
+    box.port = path;
+}
 
 // Runs a command of a script: "fault mute=1", "load 4.7", "unplug". Called on the page's main thread.
 extern "C" EMSCRIPTEN_KEEPALIVE void zof_box_command(const char *text) {
@@ -23,11 +32,26 @@ extern "C" EMSCRIPTEN_KEEPALIVE void zof_box_command(const char *text) {
     box.commands += "0 " + std::string(text) + "\n";
 }
 
+// The ports follow each other in a circle.
+static void port_move(const std::string &path) {
+    enum { PORTS_MAX = 3 };
+    const zof_lock gui(dis_mutex);
+    zof_uart_info_t now = {};
+    for (int i = 0; i < PORTS_MAX && zof_box_port_info(&now) == 0 && path != now.path; i++) {
+        zof_box_port_next();
+    }
+}
+
 static void commands_take(simulation *sim) {
     std::string text;
+    std::string port;
     {
         std::lock_guard guard(box.lock);
         text.swap(box.commands);
+        port.swap(box.port);
+    }
+    if (!port.empty()) {
+        port_move(port);
     }
     if (!text.empty()) {
         std::istringstream in(text);

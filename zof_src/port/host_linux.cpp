@@ -29,6 +29,10 @@ void *zof_host_library_symbol(void *library, const char *name) {
     return dlsym(library, name);
 }
 
+zof_bool zof_host_scales(void) {
+    return ZOF_FALSE;
+}
+
 void zof_host_events_take(void) {
 }
 

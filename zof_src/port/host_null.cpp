@@ -251,6 +251,10 @@ const char *zof_file_error(void) {
     return text.c_str();
 }
 
+zof_bool zof_host_scales(void) {
+    return ZOF_FALSE;
+}
+
 void zof_host_events_take(void) {
 }
 

@@ -57,6 +57,10 @@ void zof_host_folder_sync(const char *path) {
     MAIN_THREAD_ASYNC_EM_ASM({ Module.zofKeep &&Module.zofKeep(); });
 }
 
+zof_bool zof_host_scales(void) {
+    return ZOF_TRUE;
+}
+
 // SDL's listeners run on the page's main thread, and leave the events for the thread that has the window.
 void zof_host_events_take(void) {
     emscripten_current_thread_process_queued_calls();

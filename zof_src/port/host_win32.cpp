@@ -112,6 +112,10 @@ void zof_closedir(zof_dir_t *dir) {
     }
 }
 
+zof_bool zof_host_scales(void) {
+    return ZOF_FALSE;
+}
+
 void zof_host_events_take(void) {
 }
 

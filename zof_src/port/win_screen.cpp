@@ -99,6 +99,9 @@ static bool screen_is_small(s32 w, s32 h) {
 static win_place_t place_choose(s32 w, s32 h) {
     const s32 percent = (s32)zof_disp_get_scale();
     win_place_t place = {percent ? w * percent / 100 : w, percent ? h * percent / 100 : h, false};
+    if (zof_host_scales()) {
+        return {w, h, false};
+    }
     if (!percent) {
         win_place_read(window_title(), &place);
     }
@@ -119,7 +122,8 @@ static bool window_create(s32 w, s32 h) {
     screen.opened = screen.now = screen.before = place_choose(w, h);
     screen.corner = {SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED};
     SDL_Rect at = {SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, screen.opened.w, screen.opened.h};
-    u32 flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | (screen.opened.maximised ? SDL_WINDOW_MAXIMIZED : 0);
+    u32 flags = SDL_WINDOW_HIDDEN | (zof_host_scales() ? 0 : SDL_WINDOW_RESIZABLE) |
+                (screen.opened.maximised ? SDL_WINDOW_MAXIMIZED : 0);
     if (full && SDL_GetDisplayBounds(0, &at) == 0) {
         flags = SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_FULLSCREEN_DESKTOP;
     }
@@ -128,7 +132,9 @@ static bool window_create(s32 w, s32 h) {
     if (!surface) {
         return false;
     }
-    SDL_SetWindowMinimumSize(screen.window, (w + 1) / 2, (h + 1) / 2);
+    if (!zof_host_scales()) {
+        SDL_SetWindowMinimumSize(screen.window, (w + 1) / 2, (h + 1) / 2);
+    }
     SDL_FillRect(surface, nullptr, SDL_MapRGB(surface->format, 0, 0, 0));
     SDL_ShowWindow(screen.window);
     SDL_UpdateWindowSurface(screen.window);

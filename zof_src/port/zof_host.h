@@ -66,6 +66,8 @@ void *zof_host_library_symbol(void *library, const char *name);
 
 // Graphics thread, before SDL is asked for events: takes what the system passes on only when it is asked, as a browser.
 void zof_host_events_take(void);
+// Whether the system itself scales what a window shows, as a page does: then the window keeps the picture's size.
+zof_bool zof_host_scales(void);
 void zof_host_screen_size(s32 *w, s32 *h); // the desktop's size in pixels; 0, 0 when unknown
 
 // The light of a display that no other program shows. Graphics thread. Find looks for a backlight that this process may

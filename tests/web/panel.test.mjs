@@ -1,0 +1,121 @@
+// The bench panel in a browser, with its virtual box and with a stand-in for a real one.
+import assert from 'node:assert/strict';
+import { spawn } from 'node:child_process';
+import { writeFileSync } from 'node:fs';
+import { after } from 'node:test';
+
+import { axe_findings, browser, end, story, until } from './lib.mjs';
+
+after(end);
+const TABS = { output: 80, rails: 240, trend: 400, settings: 560, about: 720 };
+
+story('The panel draws, answers the pointer, and its page is accessible', async ({ page, press, still, picture }) => {
+    const first = await still();
+    for (const [name, x] of Object.entries(TABS).reverse()) {
+        const before = await picture();
+        await press(x, 460);
+        await until(`the view ${name}`, async () => (await picture()) !== before);
+        const now = await still().catch(() => ''); // the trend moves
+        if (process.env.ZOF_SHOTS && now) writeFileSync(`${process.env.ZOF_SHOTS}/${name}.png`, Buffer.from(now.split(',')[1], 'base64'));
+    }
+    assert.equal(await still(), first);
+    await page.getByRole('button', { name: 'Virtual box' }).click();
+    assert.deepEqual(await axe_findings(page), []);
+});
+
+story('Each fault of the line shows on the panel or does no harm, and ends', async ({ page, press, lines, still, picture }) => {
+    await press(TABS.rails, 460);
+    const good = await still();
+    await page.getByRole('button', { name: 'Virtual box' }).click();
+    for (const name of ['Silent', 'Unplugged']) {
+        await page.getByLabel(name).check();
+        await until(`the panel says that the box is ${name}`, async () => (await picture()) !== good);
+        await page.getByLabel(name).uncheck();
+        await until('all is well', async () => (await picture()) === good);
+    }
+    assert.ok(lines.includes('serial line box: the device is gone; waiting for it'));
+    assert.ok(lines.includes('serial line box: the device is back'));
+    for (const name of ['Lost bytes', 'Noise', 'Late', 'Flood', 'Loose plug']) {
+        await page.getByLabel(name).check();
+        await page.waitForTimeout(700);
+        await page.getByLabel(name).uncheck();
+        await until(`all is well after ${name}`, async () => (await picture()) === good);
+    }
+});
+
+story('What is set stays after a reload, and the page starts without a network', async ({ context, page, press, ready, still }) => {
+    await press(TABS.settings, 460);
+    const english = await still();
+    await press(685, 314); // Deutsch
+    await until('another language', async () => (await still()) !== english);
+    await page.waitForTimeout(1000); // the store is written
+    await context.setOffline(true);
+    await page.reload();
+    await ready();
+    await press(TABS.settings, 460);
+    await until('the language that was set', async () => (await still()) !== english);
+});
+
+story(
+    'On a phone, a finger changes the view',
+    async ({ page, tap, picture }) => {
+        const before = await picture();
+        await tap(TABS.rails, 460);
+        await until('the rails', async () => (await picture()) !== before);
+        const canvas = await page.locator('canvas').boundingBox();
+        assert.ok(canvas.width <= 844 && canvas.height <= 390 && canvas.width > 400);
+    },
+    { viewport: { width: 844, height: 390 }, deviceScaleFactor: 3, hasTouch: true, isMobile: true },
+);
+
+// In place of a port that people allow: bytes to and from a virtual box of this machine. An adapter has not been tried.
+let cable = null;
+async function port_make(page) {
+    await page.exposeFunction('cable_write', (bytes) => void cable?.stdin.write(Buffer.from(bytes)));
+    await page.addInitScript(() => {
+        const port = {
+            async open({ baudRate }) {
+                if (baudRate !== 115200) throw new Error(`baud ${baudRate}`);
+                port.readable = new ReadableStream({ start: (control) => (window.cable = control) });
+                port.writable = new WritableStream({ write: (bytes) => window.cable_write([...bytes]) });
+            },
+            async close() {},
+        };
+        const serial = Object.assign(new EventTarget(), { requestPort: async () => port });
+        window.cable_in = () => serial.dispatchEvent(Object.assign(new Event('connect'), {}));
+        Object.defineProperty(navigator, 'serial', { value: serial });
+        Object.defineProperty(Event.prototype, 'target', { get() { return this.type === 'connect' ? port : this.srcElement; } });
+    });
+}
+function cable_plug(page) {
+    cable = spawn('/usr/bin/python3', [new URL('bridge.py', import.meta.url).pathname, process.env.ZOF_BOARD], { stdio: ['pipe', 'pipe', 'inherit'] });
+    cable.stdout.on('data', (data) => page.evaluate((bytes) => window.cable?.enqueue(new Uint8Array(bytes)), [...data]).catch(() => {}));
+}
+function cable_pull() {
+    cable?.kill();
+    cable = null;
+}
+
+story(
+    'A real box is connected, unplugged and plugged in again, and the virtual one comes back',
+    async ({ page, press, lines, still, picture }) => {
+        await press(TABS.rails, 460);
+        const good = await still();
+        cable_plug(page);
+        await page.getByRole('button', { name: 'Connect a real box' }).click();
+        await until('the port', () => lines.some((line) => line.startsWith('serial port 6: usb at')));
+        await until('its rails', async () => (await picture()) === good);
+        cable_pull();
+        await page.evaluate(() => window.cable.error(new Error('unplugged')));
+        await page.getByText('is unplugged').waitFor();
+        await until('the panel says so', async () => (await picture()) !== good);
+        cable_plug(page);
+        await page.evaluate(() => window.cable_in());
+        await until('its rails again', async () => (await picture()) === good);
+        await page.getByRole('button', { name: 'Back to the virtual box' }).click();
+        await page.getByText('virtual box', { exact: true }).first().waitFor();
+        cable_pull();
+        await until('the virtual box', async () => (await picture()) === good);
+    },
+    { before: port_make },
+);
