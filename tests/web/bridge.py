@@ -3,6 +3,7 @@
 import os
 import pty
 import select
+import signal
 import subprocess
 import sys
 import tty
@@ -10,6 +11,7 @@ import tty
 near, far = pty.openpty()
 tty.setraw(far)
 box = subprocess.Popen([sys.argv[1], "--tty", os.ttyname(far), "--no-noise"], stdout=subprocess.DEVNULL)
+signal.signal(signal.SIGTERM, lambda *_: sys.exit())
 try:
     while True:
         for source, target in ((near, 1), (0, near)):

@@ -51,7 +51,7 @@ async function parts(names) {
     let come = 0;
     return Promise.all(
         answers.map(async (answer) => {
-            const reader = /** @type {ReadableStream<Uint8Array>} */ (answer.body).getReader();
+            const reader = /** @type {ReadableStream<Uint8Array<ArrayBuffer>>} */ (answer.body).getReader();
             const pieces = [];
             for (let piece = await reader.read(); !piece.done; piece = await reader.read()) {
                 pieces.push(piece.value);
