@@ -1,11 +1,11 @@
 # Copies the licence texts of everything in the panel into the folder TO. LIBRARIES: the libraries of a build for another
-# system, with their licences; empty for those of this one, of which MEDIA names FFmpeg's packages.
+# system, with their licences, and COMPILER its compiler's packages; empty for this one, of which MEDIA names FFmpeg's packages.
 file(MAKE_DIRECTORY ${TO})
 configure_file(${LVGL} ${TO}/lvgl.txt COPYONLY)
 set(libraries libsdl2-2.0-0 ${MEDIA} libfreetype6 libcjson1)
 if(LIBRARIES)
   file(COPY ${LIBRARIES}/licences/ DESTINATION ${TO})
-  set(libraries mingw-w64-common gcc-mingw-w64-base) # of the compiler
+  set(libraries ${COMPILER})
 endif()
 foreach(package fonts-inter-variable ${libraries} libboost1.74-dev)
   if(EXISTS /usr/share/doc/${package}/copyright)

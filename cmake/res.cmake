@@ -45,7 +45,7 @@ add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/test-res.stamp VERBATIM
 # The licences that the About page refers to: of code compiled in, and of libraries and fonts.
 add_custom_command(OUTPUT ${PROJECT_BINARY_DIR}/licences.stamp COMMENT "Licences" VERBATIM
   COMMAND ${CMAKE_COMMAND} -DTO=${ZOF_BENCH_STAGE}/licences -DLVGL=${PROJECT_BINARY_DIR}/lvgl/LICENCE.txt
-          -DLIBRARIES=${ZOF_WINDOWS_ROOT} "-DMEDIA=${ZOF_DEBIAN_RECOMMENDS}" -P ${PROJECT_SOURCE_DIR}/cmake/licences.cmake
+          -DLIBRARIES=${ZOF_LIBRARIES} "-DCOMPILER=${ZOF_COMPILER_PACKAGES}" "-DMEDIA=${ZOF_DEBIAN_RECOMMENDS}" -P ${PROJECT_SOURCE_DIR}/cmake/licences.cmake
   COMMAND ${CMAKE_COMMAND} -E touch ${PROJECT_BINARY_DIR}/licences.stamp
   DEPENDS ${PROJECT_SOURCE_DIR}/cmake/licences.cmake)
 

@@ -1,4 +1,4 @@
-// A system without listening sockets.
+// Replaces net_scpi.cpp on a system without listening sockets.
 #include <stdio.h>
 
 #include "net/net_scpi.h"

@@ -1,12 +1,13 @@
 // The bench panel in a browser, with its virtual box and with a stand-in for a real one.
 import assert from 'node:assert/strict';
 import { spawn } from 'node:child_process';
-import { writeFileSync } from 'node:fs';
+import { readFileSync, writeFileSync } from 'node:fs';
 import { after } from 'node:test';
 
 import { axe_findings, browser, end, story, until } from './lib.mjs';
 
 after(end);
+const RECORD = { x: 684, y: 396 };
 const TABS = { output: 80, rails: 240, trend: 400, settings: 560, about: 720 };
 
 story('The panel draws, answers the pointer, and its page is accessible', async ({ page, press, still, picture }) => {
@@ -73,18 +74,29 @@ let cable = null;
 async function port_make(page) {
     await page.exposeFunction('cable_write', (bytes) => void cable?.stdin.write(Buffer.from(bytes)));
     await page.addInitScript(() => {
+        let open = false;
         const port = {
+            getInfo: () => ({ usbVendorId: 1, usbProductId: 2 }),
             async open({ baudRate }) {
                 if (baudRate !== 115200) throw new Error(`baud ${baudRate}`);
+                if (open) throw new Error('it is open');
+                open = true;
                 port.readable = new ReadableStream({ start: (control) => (window.cable = control) });
                 port.writable = new WritableStream({ write: (bytes) => window.cable_write([...bytes]) });
             },
-            async close() {},
+            async close() {
+                if (port.readable.locked || port.writable.locked) throw new Error('its streams are locked');
+                open = false;
+            },
         };
         const serial = Object.assign(new EventTarget(), { requestPort: async () => port });
-        window.cable_in = () => serial.dispatchEvent(Object.assign(new Event('connect'), {}));
+        const other = { getInfo: () => ({ usbVendorId: 1, usbProductId: 3 }), open: () => (window.wrong = true) };
+        window.cable_in = (right) => {
+            const event = new Event('connect');
+            Object.defineProperty(event, 'target', { value: right ? port : other });
+            serial.dispatchEvent(event);
+        };
         Object.defineProperty(navigator, 'serial', { value: serial });
-        Object.defineProperty(Event.prototype, 'target', { get() { return this.type === 'connect' ? port : this.srcElement; } });
     });
 }
 function cable_plug(page) {
@@ -110,12 +122,42 @@ story(
         await page.getByText('is unplugged').waitFor();
         await until('the panel says so', async () => (await picture()) !== good);
         cable_plug(page);
-        await page.evaluate(() => window.cable_in());
+        await page.evaluate(() => window.cable_in(false));
+        assert.equal(await page.evaluate(() => window.wrong), undefined); // another adapter is left alone
+        await page.evaluate(() => window.cable_in(true));
         await until('its rails again', async () => (await picture()) === good);
-        await page.getByRole('button', { name: 'Back to the virtual box' }).click();
-        await page.getByText('virtual box', { exact: true }).first().waitFor();
+        page.on('dialog', (dialog) => void dialog.accept());
+        for (let times = 0; times < 2; times++) {
+            await page.getByRole('button', { name: 'Disconnect the real box' }).click();
+            await page.getByText('virtual box', { exact: true }).first().waitFor();
+            await until('the virtual box', async () => (await picture()) === good);
+            await page.getByRole('button', { name: 'Connect a real box' }).click();
+            await page.getByText('real box', { exact: true }).first().waitFor();
+            await until('its rails once more', async () => (await picture()) === good);
+        }
         cable_pull();
-        await until('the virtual box', async () => (await picture()) === good);
     },
     { before: port_make },
 );
+
+story('A recording is saved, and is still there after a reload', async ({ page, press, ready }) => {
+    await press(TABS.trend, 460);
+    await page.waitForTimeout(500);
+    await press(RECORD.x, RECORD.y);
+    await page.getByRole('button', { name: 'Virtual box' }).click();
+    const link = page.locator('#recordings a');
+    await link.waitFor();
+    await page.waitForTimeout(2500);
+    await press(RECORD.x, RECORD.y);
+    await page.waitForTimeout(1500);
+    const [download] = await Promise.all([page.waitForEvent('download'), link.click()]);
+    const text = readFileSync(await download.path(), 'utf8');
+    assert.match(download.suggestedFilename(), /\.csv$/);
+    assert.ok(text.split('\n').length > 3, text);
+    await page.reload();
+    await ready();
+    await page.getByRole('button', { name: 'Virtual box' }).click();
+    await link.waitFor();
+    const [again] = await Promise.all([page.waitForEvent('download'), link.click()]);
+    assert.equal(readFileSync(await again.path(), 'utf8'), text);
+});

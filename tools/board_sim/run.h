@@ -1,4 +1,4 @@
-// The board at work: its time, what the line brings, and the faults that come by themselves. One simulation per
+// Runs the board: advances its time, handles what it receives, and makes the faults that recur. One simulation per
 // program.
 #ifndef RUN_H
 #define RUN_H

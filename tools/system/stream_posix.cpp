@@ -94,8 +94,8 @@ void stream_wait(const std::vector<stream_wait_t> &streams, intptr_t other, s32 
     poll(files.data(), files.size(), ms);
 }
 
-// Starts a program with the open files below `kept` alone; those of libraries, such as the sockets of a server, are not
-// its business. Returns 0 with errno if the program cannot be started.
+// Starts a program with the open files below `kept` alone; those of libraries, such as the sockets of a server, stay
+// with this process. Returns 0 with errno if the program cannot be started.
 static pid_t spawn(const std::vector<std::string> &words, posix_spawn_file_actions_t *files, s32 kept) {
     std::vector<char *> argv;
     argv.reserve(words.size() + 1);

@@ -26,6 +26,12 @@ extern "C" EMSCRIPTEN_KEEPALIVE void zof_page_port(const char *path) {
     box.port = path;
 }
 
+// Returns 1 while the link is on the port that people have allowed, not on the virtual box. Any thread.
+extern "C" EMSCRIPTEN_KEEPALIVE int zof_page_real() {
+    zof_uart_info_t now = {};
+    return zof_box_port_info(&now) == 0 && std::string(now.path) == "usb";
+}
+
 // Runs a command of a script: "fault mute=1", "load 4.7", "unplug". Called on the page's main thread.
 extern "C" EMSCRIPTEN_KEEPALIVE void zof_box_command(const char *text) {
     std::lock_guard guard(box.lock);

@@ -13,8 +13,8 @@
 ZOF_CTRL_TYPES(ZOF_CTRL_ROW)
 #undef ZOF_CTRL_ROW
 
-// Parameters that tell a callee which public function its caller is, and where that was called from: nowhere known on a
-// processor that can only find out by an exception.
+// Parameters that pass on which public function is running, and where it was called from. The place is null on
+// WebAssembly, where finding it would take an exception on every call.
 #ifdef __wasm__
 #define ZOF_CALL_SITE nullptr
 #else
@@ -22,7 +22,7 @@ ZOF_CTRL_TYPES(ZOF_CTRL_ROW)
 #endif
 #define ZOF_CALLER const char *function = __builtin_FUNCTION(), const void *site = ZOF_CALL_SITE
 
-// Reports, once for each site, why a public function cannot use a handle. Returns -1.
+// Reports, once for each site, or for each function without one, why a public function cannot use a handle. Returns -1.
 s32 zof_refuse(const zof_ctrl_t *ctrl, ZOF_CALLER);
 
 // Remembers the last lookup of a control, which explains a null handle.

@@ -119,7 +119,7 @@ static void lookup_report(const char *function) {
 }
 
 s32 zof_refuse(const zof_ctrl_t *ctrl, const char *function, const void *site) {
-    if (quiet || !site_is_new(site)) {
+    if (quiet || !site_is_new(site ? site : function)) {
         return -1;
     }
     if (!ctrl) {

@@ -84,6 +84,10 @@ s32 zof_host_exchange(const char *a, const char *b) {
     return renameat2(AT_FDCWD, a, AT_FDCWD, b, RENAME_EXCHANGE) == 0 ? 0 : -1;
 }
 
+s32 zof_host_file_sync(FILE *f) {
+    return fflush(f) == 0 && fsync(fileno(f)) == 0 ? 0 : -1;
+}
+
 void zof_host_folder_sync(const char *path) {
     const int fd = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd >= 0) {

@@ -1,5 +1,5 @@
 // The host layer in standard C++ alone: it builds everywhere, is the file to copy for another system, and shows what a
-// system has to add. It has no serial lines and no locks between programs; links, pipes and power cuts are treated as
+// system has to add. It has no serial lines; links, pipes and power cuts are treated as
 // well as the standard library can. What else is missing is in host_null_device.cpp. CMake takes both with
 // -DZOF_HOST=null.
 #include <errno.h>
@@ -194,17 +194,6 @@ zof_bool zof_host_process_runs(u32 id) {
     return ZOF_TRUE;
 }
 
-s32 zof_host_folder_lock(const char *path, char *holder, size_t size) {
-    (void)path;
-    (void)holder;
-    (void)size;
-    return -1;
-}
-
-void zof_folder_unlock(s32 lock) {
-    (void)lock;
-}
-
 s32 zof_host_file_sync(FILE *f) {
     return fflush(f) == 0 ? 0 : -1;
 }
@@ -219,13 +208,6 @@ s32 zof_host_file_cut(FILE *f, u64 size) {
 
 void zof_host_folder_sync(const char *path) {
     (void)path;
-}
-
-s32 zof_host_exchange(const char *a, const char *b) {
-    (void)a;
-    (void)b;
-    errno = ENOSYS;
-    return -1;
 }
 
 s32 zof_host_remove(const char *path) {

@@ -1,10 +1,29 @@
-// A system without displays and devices of its own, sockets, services, shared libraries and a watchdog.
+// What a system without displays and devices of its own, sockets, services, shared libraries, locks between programs
+// and a watchdog returns. Also part of the host layer for browsers.
 #include <errno.h>
 
 #include "drv/zof_drv_device.h"
 #include "drv/zof_drv_net.h"
 #include "drv/zof_drv_wdt.h"
 #include "port/zof_host.h"
+
+s32 zof_host_folder_lock(const char *path, char *holder, size_t size) {
+    (void)path;
+    (void)holder;
+    (void)size;
+    return -1;
+}
+
+void zof_folder_unlock(s32 lock) {
+    (void)lock;
+}
+
+s32 zof_host_exchange(const char *a, const char *b) {
+    (void)a;
+    (void)b;
+    errno = ENOSYS;
+    return -1;
+}
 
 void *zof_host_library_open(const char *name, s32 major) {
     (void)name;

@@ -86,10 +86,6 @@ zof_bool zof_host_process_runs(u32 id) {
     return kill((pid_t)id, 0) == 0 || errno == EPERM;
 }
 
-s32 zof_host_file_sync(FILE *f) {
-    return fflush(f) == 0 && fsync(fileno(f)) == 0 ? 0 : -1;
-}
-
 // The next write follows at the new end.
 s32 zof_host_file_cut(FILE *f, u64 size) {
     return ftruncate(fileno(f), (off_t)size) == 0 && fseek(f, (long)size, SEEK_SET) == 0 ? 0 : -1;

@@ -1,5 +1,5 @@
-// A page in a browser: its files are in memory, and what is kept is written to the browser's store by the page, which
-// is told when there is something new. Threads are workers; main is one, so it may wait.
+// A page in a browser. Files are in memory; the page writes those to keep to the browser's store when a file or a
+// folder is synchronised. Every thread is a worker, also main, which may therefore block.
 #include <errno.h>
 #include <stdlib.h>
 #include <string.h>
@@ -17,7 +17,7 @@ const char *zof_system_get_name(void) {
     return "web";
 }
 
-// Resources lie beside the program, which has no file of its own.
+// The program has no file; its resources are in the root folder.
 s32 zof_program_path(char *out, size_t size) {
     return snprintf(out, size, "/program") < (s32)size ? 0 : -1;
 }
@@ -32,36 +32,30 @@ s32 zof_host_real_path(const char *path, char *out, size_t size) {
     return fits ? 0 : -1;
 }
 
-// Only one page writes to a store at a time, as far as can be known.
-s32 zof_host_folder_lock(const char *path, char *holder, size_t size) {
-    (void)path;
-    (void)holder;
-    (void)size;
-    return -1;
+static void store_ask() {
+    MAIN_THREAD_ASYNC_EM_ASM({
+        if (Module.zofKeep) {
+            Module.zofKeep();
+        }
+    });
 }
 
-void zof_folder_unlock(s32 lock) {
-    (void)lock;
-}
-
-// No system call exchanges two names here.
-s32 zof_host_exchange(const char *a, const char *b) {
-    (void)a;
-    (void)b;
-    errno = ENOSYS;
-    return -1;
+s32 zof_host_file_sync(FILE *f) {
+    const s32 result = fflush(f) == 0 ? 0 : -1;
+    store_ask();
+    return result;
 }
 
 void zof_host_folder_sync(const char *path) {
     (void)path;
-    MAIN_THREAD_ASYNC_EM_ASM({ Module.zofKeep &&Module.zofKeep(); });
+    store_ask();
 }
 
 zof_bool zof_host_scales(void) {
     return ZOF_TRUE;
 }
 
-// SDL's listeners run on the page's main thread, and leave the events for the thread that has the window.
+// SDL's listeners run on the page's main thread and queue their calls for the thread that opened the window.
 void zof_host_events_take(void) {
     emscripten_current_thread_process_queued_calls();
 }

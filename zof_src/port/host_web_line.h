@@ -1,5 +1,5 @@
-// The far ends of the serial lines of a page: bytes in memory. A far end plugs itself in and out, on any thread; the
-// page itself calls these functions on its main thread, which may not wait.
+// The far ends of the serial lines of a page: bytes in memory. Any thread may call these functions, the page's main
+// thread all but host_far_wait, because it must not block.
 #ifndef HOST_WEB_LINE_H
 #define HOST_WEB_LINE_H
 
@@ -7,7 +7,7 @@
 
 ZOF_C_BEGIN
 
-// The rows of host_web_serial.cpp: the virtual box, and the port that people have allowed.
+// The rows of host_web_serial.cpp: the virtual box, and the serial port that the user has allowed.
 enum { HOST_FAR_BOX, HOST_FAR_USB, HOST_FAR_COUNT };
 
 // Plugs a far end in or out. Bytes in transit are lost.
@@ -16,7 +16,7 @@ void host_far_plug(u32 far, zof_bool in);
 u32 host_far_read(u32 far, u8 *out, u32 size);
 // Sends bytes to the panel. Returns the number of those for which there is room.
 u32 host_far_write(u32 far, const u8 *data, u32 size);
-// Waits until the panel has sent something, at most `ms`. Not on the page's main thread.
+// Waits until the panel has sent something, at most `ms`.
 void host_far_wait(u32 far, u32 ms);
 
 ZOF_C_END

@@ -131,7 +131,9 @@ void host_line_leave(win_line *s) {
 
 void host_line_close(intptr_t device) {
     std::lock_guard guard(lines.lock);
-    far_of(device)->to_panel.clear();
+    if (is_there(device)) { // otherwise they are those of a later connection
+        far_of(device)->to_panel.clear();
+    }
 }
 
 u32 host_line_write(win_line *s, const u8 *data, u32 size, bool patient, bool *full) {
@@ -149,7 +151,11 @@ u32 host_line_write(win_line *s, const u8 *data, u32 size, bool patient, bool *f
     }
     lines.changed.notify_all();
     if (far == &lines.far[HOST_FAR_USB]) {
-        MAIN_THREAD_ASYNC_EM_ASM({ Module.zofUsbSent &&Module.zofUsbSent(); });
+        MAIN_THREAD_ASYNC_EM_ASM({
+            if (Module.zofUsbSent) {
+                Module.zofUsbSent();
+            }
+        });
     }
     return sent;
 }

@@ -64,9 +64,11 @@ void zof_file_fault_set(zof_file_fault_t fault);
 void *zof_host_library_open(const char *name, s32 major);
 void *zof_host_library_symbol(void *library, const char *name);
 
-// Graphics thread, before SDL is asked for events: takes what the system passes on only when it is asked, as a browser.
+// Graphics thread, before SDL is asked for events. Runs the calls that the system has queued for this thread, if it
+// delivers events that way, as browsers do.
 void zof_host_events_take(void);
-// Whether the system itself scales what a window shows, as a page does: then the window keeps the picture's size.
+// Returns whether the system scales the window's contents itself, as a page does. The window then keeps the size of the
+// picture.
 zof_bool zof_host_scales(void);
 void zof_host_screen_size(s32 *w, s32 *h); // the desktop's size in pixels; 0, 0 when unknown
 

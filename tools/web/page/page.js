@@ -72,14 +72,33 @@ function storeMount() {
     const store = IDBFS;
     for (const folder of ['/state', '/recordings']) FS.mount(store, {}, folder);
     module.addRunDependency('store');
-    FS.syncfs(true, () => module.removeRunDependency('store'));
+    FS.syncfs(true, (/** @type {Error | null} */ fault) => {
+        keepSay(fault);
+        module.removeRunDependency('store');
+    });
 }
 
-let keeping = 0;
-/** Writes the folder to the store, soon after the last change. */
+/** @param {Error | null} fault */
+function keepSay(fault) {
+    at('kept').textContent = fault ? `This browser keeps nothing of the panel: ${fault.message}` : '';
+}
+
+let changed = false; // since the store was written last
+let keeping = false;
+/** Writes the folders to the store: at most every half second, because a recording grows all the time. */
 function keep() {
-    clearTimeout(keeping);
-    keeping = setTimeout(() => module.FS.syncfs(false, () => {}), 300);
+    changed = true;
+    if (keeping) return;
+    keeping = true;
+    setTimeout(keepNow, 500);
+}
+function keepNow() {
+    changed = false;
+    module.FS.syncfs(false, (/** @type {Error | null} */ fault) => {
+        keepSay(fault);
+        keeping = false;
+        if (changed) keep();
+    });
 }
 
 /** The panel is there when something is drawn. */
@@ -92,6 +111,9 @@ function firstFrame() {
         }
         at('loading').hidden = true;
         canvas.hidden = false;
+        at('bar').hidden = false;
+        setInterval(lineShow, 300);
+        setInterval(recordingsShow, 1000);
         fit();
         canvas.focus();
         performance.mark('first frame');
@@ -194,17 +216,22 @@ for (const [name, value] of loads) {
 
 // ---- a real box
 
-/** @type {any} */
+/** The port that was allowed, until it is left. @type {any} */
 let port = null;
-/** @type {WritableStreamDefaultWriter<Uint8Array> | null} */
+/** Of the port while it is open. @type {WritableStreamDefaultWriter<Uint8Array> | null} */
 let writer = null;
+/** @type {ReadableStreamDefaultReader<Uint8Array> | null} */
+let reader = null;
+let trouble = ''; // with the port, until the next attempt
 
 const usePort = (/** @type {string} */ path) => module.ccall('zof_page_port', null, ['string'], [path]);
 
-/** @param {string} text @param {boolean} real */
-function lineSay(text, real) {
-    at('line').textContent = text;
-    at('connect').textContent = real ? 'Back to the virtual box' : 'Connect a real box';
+/** Says which box the panel shows: the panel can change its port itself. */
+function lineShow() {
+    const real = module._zof_page_real() !== 0;
+    const text = real ? (writer ? 'real box' : 'the real box is unplugged; plug it in again') : 'virtual box';
+    at('line').textContent = trouble || text;
+    at('connect').textContent = port ? 'Disconnect the real box' : 'Connect a real box';
     at('more').hidden = real;
     if (real) drawer(false);
 }
@@ -215,61 +242,69 @@ function usbSend() {
     const memory = module._malloc(size);
     for (let n = module._zof_usb_next(memory, size); n > 0; n = module._zof_usb_next(memory, size)) {
         const bytes = module.HEAPU8.slice(memory, memory + n);
-        writer?.write(bytes).catch(() => {});
+        writer?.write(bytes).catch((reason) => (trouble = `The box takes no bytes: ${reason.message}`));
     }
     module._free(memory);
 }
 
-/** @param {Uint8Array} bytes */
-function usbTake(bytes) {
+/** Passes bytes on to the panel, and waits while it has no room for them. @param {Uint8Array} bytes */
+async function usbTake(bytes) {
     const memory = module._malloc(bytes.length);
     module.HEAPU8.set(bytes, memory);
-    module._zof_usb_take(memory, bytes.length);
+    for (let sent = 0; sent < bytes.length && writer; ) {
+        sent += module._zof_usb_take(memory + sent, bytes.length - sent);
+        if (sent < bytes.length) await new Promise((done) => setTimeout(done, 5));
+    }
     module._free(memory);
 }
 
-/** Opens an allowed port, and passes bytes on until it is gone. @param {any} chosen */
-async function usbRun(chosen) {
-    await chosen.open({ baudRate: BAUD });
-    port = chosen;
-    writer = chosen.writable.getWriter();
+/** Opens the port, and passes bytes on until it is gone or left. */
+async function usbRun() {
+    trouble = '';
+    await port.open({ baudRate: BAUD });
+    const open = port;
+    writer = open.writable.getWriter();
+    reader = open.readable.getReader();
     module._zof_usb_plug(1);
     usePort('usb');
-    lineSay('real box', true);
-    const reader = chosen.readable.getReader();
     try {
-        for (let piece = await reader.read(); !piece.done; piece = await reader.read()) usbTake(piece.value);
+        for (let piece = await reader?.read(); piece && !piece.done; piece = await reader?.read()) await usbTake(piece.value);
     } catch {
         // It is unplugged, which the panel shows.
     }
-    writer = null;
     module._zof_usb_plug(0);
-    if (port) at('line').textContent = 'The real box is unplugged. Plug it in again, or go back to the virtual box.';
+    // A port closes only when nobody holds its streams.
+    reader?.releaseLock();
+    writer?.releaseLock();
+    reader = writer = null;
+    await open.close().catch(() => {});
 }
 
-async function usbLeave() {
-    const last = port;
-    port = null;
-    usePort('box');
-    lineSay('virtual box', false);
-    await last?.close().catch(() => {});
-}
+const usbTry = () => usbRun().catch((reason) => (trouble = `The port cannot be opened: ${reason.message}`));
 
 const serial = /** @type {any} */ (navigator).serial;
 at('connect').onclick = async () => {
     if (port) {
-        await usbLeave();
+        if (writer && !confirm('The output of the real box stays as it is, and nobody watches it here any more. Disconnect?')) return;
+        port = null;
+        trouble = '';
+        usePort('box');
+        await reader?.cancel().catch(() => {});
         return;
     }
-    try {
-        await usbRun(await serial.requestPort());
-    } catch (reason) {
-        const name = /** @type {Error} */ (reason).name;
-        if (name !== 'NotFoundError') at('line').textContent = `The port cannot be opened: ${/** @type {Error} */ (reason).message}`;
-    }
+    port = await serial.requestPort().catch(() => null); // nothing was chosen
+    if (port) await usbTry();
+    if (!writer && trouble) port = null;
 };
+// Another adapter may be another device, which must not get what is meant for the box.
 serial?.addEventListener('connect', (/** @type {any} */ event) => {
-    if (port && !writer) void usbRun(event.target).catch(() => {});
+    const same = port && JSON.stringify(event.target.getInfo()) === JSON.stringify(port.getInfo());
+    if (!same || writer) return;
+    port = event.target;
+    void usbTry();
+});
+addEventListener('beforeunload', (event) => {
+    if (writer) event.preventDefault();
 });
 if (!serial) {
     at('connect').disabled = true;
@@ -309,6 +344,4 @@ function recordingsShow() {
         }),
     );
 }
-setInterval(recordingsShow, 1000);
-
 start().catch((reason) => fail(`The panel cannot be loaded: ${reason.message}`));

@@ -1,0 +1,36 @@
+# What a build for another system has in place of packages: static libraries that third_party.sh, beside the calling file,
+# builds once, and the headers of libraries that are headers only, which Debian has for all systems.
+#   zof_libraries(Windows ZOF_WINDOWS_CACHE windows-libraries)      sets ZOF_LIBRARIES, the folder with their lib and licences
+macro(zof_libraries system cache folder)
+  set(${cache} "$ENV{${cache}}" CACHE PATH "Where the libraries for ${system} are kept between builds")
+  if(NOT ${cache})
+    set(${cache} ${PROJECT_SOURCE_DIR}/build/${folder})
+  endif()
+  message(STATUS "Libraries for ${system}: ${${cache}} (the first time takes up to eight minutes)")
+  execute_process(COMMAND ${CMAKE_CURRENT_LIST_DIR}/third_party.sh ${${cache}} RESULT_VARIABLE result)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "The libraries for ${system} could not be built.")
+  endif()
+  set(ZOF_LIBRARIES ${${cache}}/root)
+  list(APPEND CMAKE_FIND_ROOT_PATH ${ZOF_LIBRARIES})
+  list(APPEND CMAKE_PREFIX_PATH /)
+  set(ENV{PKG_CONFIG_LIBDIR} ${ZOF_LIBRARIES}/lib/pkgconfig)
+  find_package(PkgConfig REQUIRED)
+  find_package(Threads REQUIRED)
+  find_package(Freetype REQUIRED)
+  set(PKG_CONFIG_ARGN --static)
+  pkg_check_modules(SDL2 REQUIRED IMPORTED_TARGET sdl2)
+  pkg_check_modules(CJSON REQUIRED IMPORTED_TARGET libcjson)
+
+  # All of /usr/include would hide the headers of the other system.
+  set(headers ${PROJECT_BINARY_DIR}/headers)
+  file(MAKE_DIRECTORY ${headers})
+  foreach(library CLI boost doctest)
+    file(CREATE_LINK /usr/include/${library} ${headers}/${library} SYMBOLIC)
+  endforeach()
+  foreach(library CLI11::CLI11 Boost::headers doctest::doctest)
+    add_library(${library} INTERFACE IMPORTED)
+    set_target_properties(${library} PROPERTIES INTERFACE_INCLUDE_DIRECTORIES ${headers}
+                                                INTERFACE_SYSTEM_INCLUDE_DIRECTORIES ${headers})
+  endforeach()
+endmacro()
