@@ -66,6 +66,9 @@ story('What is done is recorded as a scenario, which plays again; a line that is
         await text.blur();
         await page.getByText(`Line 1: ${why}`).waitFor();
     }
+    await text.fill('0 press 10 10\n0.1 move 500 20\n0.2 release -5 300'); // the finger leaves the panel
+    await text.blur();
+    await page.getByText('3 steps').waitFor();
     await text.fill('0 ramp main/power 10 90 0.5');
     await text.blur();
     await page.getByRole('button', { name: 'Play', exact: true }).click();

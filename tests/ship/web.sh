@@ -10,7 +10,7 @@ tools/packages web
 
 [ -f build/web/build.ninja ] || cmake --preset web -DZOF_NATIVE_TOOL="$build/tools/zof" >"$work/configure.log" 2>&1 || fail "it cannot be configured"
 ninja -C build/web page >"$work/build.log" 2>&1 || fail "it cannot be built"
-size=$(cd build/web/page && cat ./* | gzip -9 | wc -c)
+size=$(tar cf - -C build/web/page . | gzip -9 | wc -c)
 [ "$size" -lt 4194304 ] || fail "the page has $size bytes when it is compressed"
 "$modules/.bin/tsc" --noEmit --allowJs --checkJs --strict --target es2022 --lib es2022,dom,dom.iterable --typeRoots /nowhere tools/web/page/page.js \
     >"$work/types.log" 2>&1 || fail "page.js has faults of types"

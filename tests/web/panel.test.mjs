@@ -69,7 +69,7 @@ story(
     { viewport: { width: 844, height: 390 }, deviceScaleFactor: 3, hasTouch: true, isMobile: true },
 );
 
-// In place of a port that people allow: bytes to and from a virtual box of this machine. An adapter has not been tried.
+// Stands in for navigator.serial: bytes to and from a virtual box on this machine. It is as strict about locks as browsers are.
 let cable = null;
 async function port_make(page) {
     await page.exposeFunction('cable_write', (bytes) => void cable?.stdin.write(Buffer.from(bytes)));

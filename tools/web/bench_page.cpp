@@ -16,8 +16,8 @@
 
 static struct {
     std::mutex lock;
-    std::string commands; // of the page, that the box has not run yet
-    std::string port;     // to which the link is to move
+    std::string commands; // from the page, not yet executed
+    std::string port;     // requested by the page; empty for no change
 } box;
 
 // Moves the link to a port of the page: "box" or "usb". Called on the page's main thread.
@@ -26,7 +26,7 @@ extern "C" EMSCRIPTEN_KEEPALIVE void zof_page_port(const char *path) {
     box.port = path;
 }
 
-// Returns 1 while the link is on the port that people have allowed, not on the virtual box. Any thread.
+// Returns 1 while the link is on the serial port that the user has allowed, 0 on the virtual box. Any thread.
 extern "C" EMSCRIPTEN_KEEPALIVE int zof_page_real() {
     zof_uart_info_t now = {};
     return zof_box_port_info(&now) == 0 && std::string(now.path) == "usb";
@@ -38,7 +38,7 @@ extern "C" EMSCRIPTEN_KEEPALIVE void zof_box_command(const char *text) {
     box.commands += "0 " + std::string(text) + "\n";
 }
 
-// The ports follow each other in a circle.
+// The link can only be moved to the next port, and the last one is followed by the first.
 static void port_move(const std::string &path) {
     enum { PORTS_MAX = 3 };
     const zof_lock gui(dis_mutex);

@@ -213,7 +213,7 @@ u32 zof_drv_uart_list(zof_uart_info_t *out, u32 most) {
     return count;
 }
 
-// ---- called by the page, for the port that people have allowed
+// ---- called by the page, for the serial port that the user has allowed
 
 extern "C" {
 EMSCRIPTEN_KEEPALIVE void zof_usb_plug(int in) {

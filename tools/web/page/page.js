@@ -1,6 +1,5 @@
 // @ts-check
-// The page around the panel: loads it, shows it at a good size, and has what a desk would have: the virtual box's faults,
-// the cable to a real box, and the recordings.
+// The page around the panel: loads and scales it, and connects it to the virtual box or, over WebSerial, to a real one.
 
 /** @param {string} id @returns {any} */
 const at = (id) => document.getElementById(id);
@@ -26,11 +25,12 @@ function missing() {
     if (typeof WebAssembly !== 'object') return 'This browser has no WebAssembly, which the panel is made of.';
     if (!window.isSecureContext) return 'The panel needs an address that begins with https, or this machine itself.';
     if (!window.crossOriginIsolated)
-        return 'This address does not let pages have threads. Its server has to send the headers Cross-Origin-Opener-Policy: same-origin and Cross-Origin-Embedder-Policy: require-corp.';
+        return 'Pages at this address cannot use threads. The server has to send the headers Cross-Origin-Opener-Policy: same-origin and Cross-Origin-Embedder-Policy: require-corp.';
     return '';
 }
 
-/** Lets a worker serve the page: offline, and with the headers that threads need. Returns whether the page loads again. */
+/** Installs the service worker, which serves the page offline and adds the headers that threads need. Returns whether the
+ *  page is being reloaded for them. */
 async function workerStart() {
     if (!navigator.serviceWorker) return false;
     const again = !window.crossOriginIsolated && !sessionStorage.getItem('again');
@@ -42,7 +42,7 @@ async function workerStart() {
     return true;
 }
 
-/** Fetches the parts of the program, and shows how much has come. @param {string[]} names */
+/** Fetches files of the program, and shows the progress. @param {string[]} names */
 async function parts(names) {
     const answers = await Promise.all(names.map((name) => fetch(name)));
     const bad = answers.find((answer) => !answer.ok);
@@ -63,7 +63,7 @@ async function parts(names) {
     );
 }
 
-/** What the panel keeps is in a folder that is written to the browser's store. */
+/** Mounts the folders that are kept in the browser's store. */
 function storeMount() {
     const { FS } = module;
     FS.mkdir('/state');
@@ -101,7 +101,7 @@ function keepNow() {
     });
 }
 
-/** The panel is there when something is drawn. */
+/** Shows the panel once it has drawn something. */
 function firstFrame() {
     const context = /** @type {CanvasRenderingContext2D} */ (canvas.getContext('2d', { willReadFrequently: true }));
     const look = () => {
@@ -270,10 +270,10 @@ async function usbRun() {
     try {
         for (let piece = await reader?.read(); piece && !piece.done; piece = await reader?.read()) await usbTake(piece.value);
     } catch {
-        // It is unplugged, which the panel shows.
+        // The cable is unplugged, and the panel says so.
     }
     module._zof_usb_plug(0);
-    // A port closes only when nobody holds its streams.
+    // A port cannot be closed while its streams are locked.
     reader?.releaseLock();
     writer?.releaseLock();
     reader = writer = null;
@@ -296,7 +296,7 @@ at('connect').onclick = async () => {
     if (port) await usbTry();
     if (!writer && trouble) port = null;
 };
-// Another adapter may be another device, which must not get what is meant for the box.
+// Another adapter may belong to another device, which must not receive commands for the box.
 serial?.addEventListener('connect', (/** @type {any} */ event) => {
     const same = port && JSON.stringify(event.target.getInfo()) === JSON.stringify(port.getInfo());
     if (!same || writer) return;
@@ -308,7 +308,7 @@ addEventListener('beforeunload', (event) => {
 });
 if (!serial) {
     at('connect').disabled = true;
-    at('connect').title = 'This browser gives pages no serial ports. Chrome, Edge and Opera on a desktop do.';
+    at('connect').title = 'This browser does not let pages use serial ports. Chrome, Edge and Opera on a desktop do.';
 }
 
 // ---- drawer, full screen, recordings

@@ -14,8 +14,8 @@ interface Waiting {
 
 const AGAIN_MS = 1000;
 
-/** Whether the program can be reached; `old`: it is another one than that whose address this is; `full`: it serves as
- *  many pages as it can. */
+/** Whether the program can be reached; `old`: it was started again since, with another address; `full`: it serves no more
+ *  pages. */
 export const linked = signal<'connecting' | 'open' | 'lost' | 'old' | 'full'>('connecting');
 
 const waiting = new Map<number, Waiting>();

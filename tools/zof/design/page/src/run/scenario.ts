@@ -24,7 +24,7 @@ type Word = keyof typeof WORDS;
 const RAMP_S = 0.1; // between two numbers of a ramp
 const LONGEST_S = 86400;
 
-/** Why a line cannot work, and the word that is at fault, or the line. */
+/** Why a line cannot work; `text` is the word at fault, or the line. */
 export interface LineFault {
     line: number;
     why: 'form' | 'view' | 'place' | 'number';
@@ -52,7 +52,7 @@ function ramp(step: Step): Step[] {
     }));
 }
 
-/** Returns what a line names that the project does not have. */
+/** Returns why a line that has the right form cannot work in this project. */
 function missing({ word, args, line }: Step): LineFault | null {
     const { views, width, height } = project.value ?? { views: [], width: 0, height: 0 };
     const [first = '', second = ''] = args;
@@ -60,11 +60,9 @@ function missing({ word, args, line }: Step): LineFault | null {
     if (view && !views.some((one) => one.name === view)) return { line, why: 'view', text: view };
     if (word === 'set' && written.value.get(first)?.takes === 'number' && !isNumber(second))
         return { line, why: 'number', text: second };
+    // A finger that was put down on the panel may leave it.
     const [x, y] = [Number(first), Number(second)];
-    const off =
-        word === 'press' || word === 'move' || word === 'release'
-            ? !(x >= 0 && y >= 0 && x < width && y < height)
-            : false;
+    const off = word === 'press' && !(x >= 0 && y >= 0 && x < width && y < height);
     return off ? { line, why: 'place', text: `${first}, ${second}` } : null;
 }
 
